@@ -1,0 +1,200 @@
+#include "core/caption_list.h"
+
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kBold = u"<b>";
+constexpr TextView kItalic = u"<i>";
+constexpr TextView kUnderline = u"<u>";
+
+/// "Left" and "right" characters of a text; a negative count is a run-time error, a large one gives all.
+TextView LeftPart(TextView text, long count) {
+  if (count < 0) ThrowInvalidCall();
+  return text.substr(0, static_cast<std::size_t>(count));
+}
+
+Text Flatten(TextView text, TextView separator) {
+  Text flat = ReplaceAll(text, separator, u" ");
+  flat = ReplaceAll(flat, u"  ", u" ");
+  flat = ReplaceAll(flat, u"\r\n ", u"\r\n");
+  flat = ReplaceAll(flat, kLineEnd, u" ");
+  return Text(TrimBlanks(flat));
+}
+
+/// The 1-based place of the blank nearest the middle, the later one of two equally near; 0 when the search ran
+/// off both ends.
+int MiddleBlank(TextView text) {
+  const auto isBlank = [&](int at) { return at >= 1 && text[static_cast<std::size_t>(at - 1)] == u' '; };
+  const int length = static_cast<int>(text.size());
+  // Both places are held in 8 bits, so a long text fails here.
+  Checked8 forward(length / 2);
+  Checked8 back(forward - Checked8(1));
+  for (;;) {
+    if (isBlank(forward)) return forward;
+    ++forward;
+    if (isBlank(back)) return back;
+    --back;
+    if (forward >= length || back == 0) return isBlank(forward) ? forward : back;
+  }
+}
+
+}  // namespace
+
+CaptionList::CaptionList(const AppOptions& options, bool& modified) : options_(options), modified_(modified) {
+  rows_.Splice(0, 0, {Caption{}});
+}
+
+Text CaptionList::GetCaptionText(Row row, bool asLines) const {
+  if (!InRange(row)) return {};
+  return asLines ? ReplaceAll(At(row).text, options_.LineSeparator, kLineEnd) : At(row).text;
+}
+
+std::int32_t CaptionList::GetCaptionStart(Row row) const { return InRange(row) ? At(row).start : 0; }
+
+std::int32_t CaptionList::GetCaptionEnd(Row row) const { return InRange(row) ? At(row).end : 0; }
+
+bool CaptionList::IsCaptionTimed(Row row) const { return GetCaptionStart(row) > 0; }
+
+void CaptionList::SetCaptionText(Row row, TextView text) {
+  const Text& separator = options_.LineSeparator;
+  if (!InRange(row) || (!separator.empty() && text.ends_with(separator))) return;
+  if (At(row).text != text) Replace(row, 1, {Caption{At(row).start, At(row).end, Text(text)}});
+}
+
+void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
+  if (At(row).start != start || At(row).end != end) Replace(row, 1, {Caption{start, end, At(row).text}});
+}
+
+void CaptionList::SetCaptionStart(Row row, std::int32_t ms, bool quiet) {
+  if (!InRange(row)) return;
+  StoreTimes(row, ms < 0 ? 0 : ms, At(row).end);
+  if (!quiet) SetModified();
+}
+
+void CaptionList::SetCaptionEnd(Row row, std::int32_t ms) {
+  if (!InRange(row)) return;
+  StoreTimes(row, At(row).start, ms < 0 ? 0 : ms);
+  SetModified();
+}
+
+void CaptionList::ClearCaptionTiming(Row row, bool quiet) {
+  if (!InRange(row)) return;
+  StoreTimes(row, 0, 0);
+  if (!quiet) SetModified();
+}
+
+bool CaptionList::HasMarker(Row row, TextView marker) const {
+  return InRange(row) && At(row).text.find(marker) != Text::npos;
+}
+
+bool CaptionList::IsCaptionBold(Row row) const { return HasMarker(row, kBold); }
+bool CaptionList::IsCaptionItalic(Row row) const { return HasMarker(row, kItalic); }
+bool CaptionList::IsCaptionUnderline(Row row) const { return HasMarker(row, kUnderline); }
+
+bool CaptionList::IsCaptionFormatted(Row row) const {
+  return IsCaptionBold(row) || IsCaptionItalic(row) || IsCaptionUnderline(row);
+}
+
+void CaptionList::ToggleMarker(Row row, TextView marker) {
+  if (!InRange(row)) return;
+  const Text& text = At(row).text;
+  const bool held = FindLoose(text, marker) != TextView::npos;
+  Text changed = held ? ReplaceAll(text, marker, {}) : text + Text(marker);
+  if (changed != text) Replace(row, 1, {Caption{At(row).start, At(row).end, std::move(changed)}});
+}
+
+Row CaptionList::AddCaption(std::int32_t start, std::int32_t end, TextView text, Row row) {
+  if (row == 0) row = Rows();
+  const Caption caption{start, end, Text(text)};
+  if (Rows() == 2 && At(1) == Caption{}) {
+    Replace(1, 1, {caption});
+    return 1;
+  }
+  Replace(row, 0, {caption});
+  return row;
+}
+
+void CaptionList::DeleteCaption(Row row) {
+  if (!InRange(row)) return;
+  if (Rows() == 2) {
+    if (At(1).text.empty() && !IsCaptionTimed(1)) return;
+    // One splice, so that taking it back is one step.
+    Replace(1, 1, {Caption{}});
+    SetModified();
+    SetRow(1, false);
+    return;
+  }
+  Replace(row, 1, {});
+  SetRow(row, false);
+  SetModified();
+}
+
+void CaptionList::SnapNearbyStart(Row row, bool quiet) {
+  if (!InRange(row) || !IsCaptionTimed(row - 1)) return;
+  const std::int64_t previousEnd = GetCaptionEnd(row - 1);
+  if (GetCaptionStart(row) > previousEnd + options_.Near) return;
+  SetCaptionStart(row, static_cast<std::int32_t>(previousEnd), quiet);
+}
+
+Text CaptionList::SplitCaptionLines(TextView text) const {
+  const Text flat = Flatten(text, options_.LineSeparator);
+  if (flat.find(u' ') == Text::npos) return {};
+  const auto join = [&](TextView left, TextView right) {
+    return Text(TrimBlanks(left)) + options_.LineSeparator + Text(TrimBlanks(right));
+  };
+  const std::size_t dash = FindLoose(flat, u"- ", 2);
+  if (dash != TextView::npos) {
+    const std::size_t left = dash - 1;  // the character in front of the dash goes to the right part
+    return join(TextView(flat).substr(0, left), TextView(flat).substr(left));
+  }
+  const int at = MiddleBlank(flat);
+  return join(LeftPart(flat, at - 1), TextView(flat).substr(static_cast<std::size_t>(at)));
+}
+
+void CaptionList::SortNumbers() { SelectionChanged(selected_); }
+
+void CaptionList::Reset() {
+  Replace(1, Rows() - 1, {Caption{}});
+  selected_ = 1;
+}
+
+void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
+  const Row added = static_cast<Row>(rows.size());
+  if (first < 1 || count < 0 || first + count > Rows()) ThrowInvalidCall();
+  if (rows.size() > static_cast<std::size_t>(kMaxRow) || Rows() - 1 - count + added > kMaxRow) ThrowOverflow();
+  if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
+  const auto before =
+      rows_.Splice(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count), std::move(rows));
+  Spliced(Splice{first, count, added, before});
+}
+
+void CaptionList::SetRow(Row row, bool scroll) {
+  if (row == 0) return;
+  if (row < 0) row = 1;
+  if (row >= Rows()) row = Rows() - 1;
+  currentRow_ = row;
+  selected_ = row;
+  SelectionChanged(row);
+  if (enabled_) RowShown(row, scroll);
+}
+
+void CaptionList::MoveSelection(Row row) {
+  if (!InRange(row)) return;
+  selected_ = row;
+  if (row != currentRow_) {
+    SetRow(row, true);
+  } else {
+    SelectionChanged(row);
+  }
+}
+
+void CaptionList::SetEnabled(bool enabled) {
+  if (enabled_ == enabled) return;
+  enabled_ = enabled;
+  EnabledChanged(enabled);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,135 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "core/app_options.h"
+#include "core/row_store.h"
+#include "core/signal.h"
+#include "core/text.h"
+
+namespace cuewright {
+
+/// Row of the caption list: 0 is the header, captions are 1 to `Rows() - 1`. Rows have 16 bits: a list of more
+/// than `kMaxRow` captions is run-time error 6, and the list stays as it was.
+using Row = int;
+inline constexpr Row kMaxRow = 32766;
+
+/// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the `LineSeparator`, styles as
+/// the bare markers "<b>", "<i>", "<u>". Its number is its row.
+struct Caption {
+  std::int32_t start = 0;
+  std::int32_t end = 0;
+  Text text;
+
+  bool operator==(const Caption&) const = default;
+};
+
+/// What one change of the list did: `removed` rows from `first` on went, `added` came in their place.
+struct Splice {
+  Row first = 1;
+  Row removed = 0;
+  Row added = 0;
+  std::span<const Caption> before;  ///< the rows that went
+};
+
+/// The document's captions and the selected row. Every change ends in `Replace`.
+class CaptionList {
+ public:
+  /// `options` gives the `LineSeparator` and the nearby factor; `modified` is the document's flag.
+  CaptionList(const AppOptions& options, bool& modified);
+
+  /// Caption count plus 1; never below 2.
+  Row Rows() const { return static_cast<Row>(rows_.Size()) + 1; }
+  bool InRange(Row row) const { return row >= 1 && row < Rows(); }
+  const Caption& At(Row row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
+
+  /// The text, the empty one for a row out of range; with `asLines` every `LineSeparator` is CR LF.
+  Text GetCaptionText(Row row, bool asLines = false) const;
+  /// Start (end) in ms; 0 for a row out of range.
+  std::int32_t GetCaptionStart(Row row) const;
+  std::int32_t GetCaptionEnd(Row row) const;
+  /// True when the start is above 0.
+  bool IsCaptionTimed(Row row) const;
+
+  /// Stores a text; one that ends in the `LineSeparator` is dropped. Leaves the modified flag alone.
+  void SetCaptionText(Row row, TextView text);
+  /// Stores a start (end) in ms, a negative one as 0; sets the modified flag unless `quiet`.
+  void SetCaptionStart(Row row, std::int32_t ms, bool quiet);
+  void SetCaptionEnd(Row row, std::int32_t ms);
+  void ClearCaptionTiming(Row row, bool quiet);
+
+  /// The marker occurs in the text, in lower case.
+  bool IsCaptionBold(Row row) const;
+  bool IsCaptionItalic(Row row) const;
+  bool IsCaptionUnderline(Row row) const;
+  /// Any of the three.
+  bool IsCaptionFormatted(Row row) const;
+
+  /// Removes every copy of the marker ("<b>", "<i>" or "<u>") or appends one. Leaves the modified flag alone.
+  void ToggleMarker(Row row, TextView marker);
+
+  /// Adds a caption at `row`, 0 for the bottom; the first one of an empty document fills its blank row.
+  /// Times and text are stored unchanged; the modified flag is left alone. Returns the row it got.
+  Row AddCaption(std::int32_t start, std::int32_t end, TextView text, Row row);
+
+  /// Removes a row; the only caption is blanked instead. Nothing happens to a blank only caption.
+  void DeleteCaption(Row row);
+
+  /// Joins a caption to its predecessor when its start lies before that one's end or at most the nearby
+  /// factor behind it.
+  void SnapNearbyStart(Row row, bool quiet);
+
+  /// A text of two lines, split at a dialogue dash or at the blank nearest the middle; empty when it holds no
+  /// blank. Run-time error 6 from 512 characters on, 5 when no place to split is left.
+  Text SplitCaptionLines(TextView text) const;
+
+  /// Renumbers: a number is its row, so this only announces that all rows are to be shown anew.
+  void SortNumbers();
+
+  /// Empties the list to one blank row.
+  void Reset();
+
+  /// The one mutator: `count` rows from `first` on give way to `rows`. At least one caption must be left.
+  /// Run-time error 6 when the list would pass `kMaxRow`; then nothing changes.
+  void Replace(Row first, Row count, std::vector<Caption> rows);
+
+  /// The selected row as the list has it, and the row last passed through `SetRow`.
+  Row Selected() const { return selected_; }
+  Row CurrentRow() const { return currentRow_; }
+
+  /// Selects a row (a negative one means 1, one past the end the last, 0 nothing) and announces it unless the
+  /// list is disabled.
+  void SetRow(Row row, bool scroll);
+
+  /// Moves the list's selection, as a click or an arrow key does; runs `SetRow` when it left `CurrentRow` behind.
+  void MoveSelection(Row row);
+
+  /// Disabled during bulk operations: `SetRow` then announces nothing.
+  bool Enabled() const { return enabled_; }
+  void SetEnabled(bool enabled);
+
+  bool Modified() const { return modified_; }
+  void SetModified() { modified_ = true; }
+
+  const AppOptions& Options() const { return options_; }
+
+  Signal<const Splice&> Spliced;
+  Signal<Row, bool> RowShown;    ///< `SetRow` ran on the enabled list: row, whether to scroll
+  Signal<Row> SelectionChanged;  ///< the selection has moved, also on a disabled list
+  Signal<bool> EnabledChanged;
+
+ private:
+  void StoreTimes(Row row, std::int32_t start, std::int32_t end);
+  bool HasMarker(Row row, TextView marker) const;
+
+  const AppOptions& options_;
+  bool& modified_;
+  RowStore<Caption> rows_;
+  Row selected_ = 1;
+  Row currentRow_ = 1;
+  bool enabled_ = true;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,57 @@
+#include "core/numbers.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace cuewright {
+namespace {
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+}  // namespace
+
+double LeadingNumber(TextView text) {
+  std::string digits;
+  std::size_t at = 0;
+  const auto skipBlanks = [&] {
+    while (at < text.size() && (text[at] == u' ' || text[at] == u'\t' || text[at] == u'\r' || text[at] == u'\n')) ++at;
+  };
+  const auto take = [&] { digits.push_back(static_cast<char>(text[at++])), skipBlanks(); };
+  skipBlanks();
+  if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) take();
+  bool any = false;
+  while (at < text.size() && IsDigit(text[at])) take(), any = true;
+  if (at < text.size() && text[at] == u'.') {
+    take();
+    while (at < text.size() && IsDigit(text[at])) take(), any = true;
+  }
+  if (!any) return 0;
+  if (at + 1 < text.size() && (text[at] == u'e' || text[at] == u'E')) {
+    const bool sign = text[at + 1] == u'-' || text[at + 1] == u'+';
+    if (IsDigit(text[at + 1]) || (sign && at + 2 < text.size() && IsDigit(text[at + 2]))) {
+      digits.push_back('e');
+      ++at;
+      if (sign) digits.push_back(static_cast<char>(text[at++]));
+      while (at < text.size() && IsDigit(text[at])) digits.push_back(static_cast<char>(text[at++]));
+    }
+  }
+  // The digits are plain ASCII with a dot, and the program keeps LC_NUMERIC at "C".
+  const double value = std::strtod(digits.c_str(), nullptr);
+  return std::isfinite(value) ? value : 0;
+}
+
+double RoundHalfEven(double value) { return std::nearbyint(value); }
+
+std::int32_t RoundToInt32(double value) {
+  const double rounded = RoundHalfEven(value);
+  if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) ThrowOverflow();
+  return static_cast<std::int32_t>(rounded);
+}
+
+Text Padded(long long number, int digits) {
+  Text text = Decimal(number < 0 ? -number : number);
+  if (static_cast<int>(text.size()) < digits) text.insert(0, static_cast<std::size_t>(digits) - text.size(), u'0');
+  return number < 0 ? u"-" + text : text;
+}
+
+}  // namespace cuewright

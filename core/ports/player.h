@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/signal.h"
+#include "core/text.h"
+
+namespace cuewright {
+
+/// States of the player. Every value but these three means a transition (loading, seeking, nothing open).
+inline constexpr int kPlayerStopped = 1;
+inline constexpr int kPlayerPaused = 2;
+inline constexpr int kPlayerPlaying = 3;
+inline constexpr int kPlayerTransitional = 9;
+
+/// The embedded media player. All calls and all announcements are on the window's thread.
+class Player {
+ public:
+  virtual ~Player() = default;
+
+  /// Opens a file, or unloads with the empty text. Playing starts by itself. A file that can't be played is
+  /// told by `MediaError`, a player that is missing by run-time error 429.
+  virtual void SetUrl(TextView path) = 0;
+  virtual void Close() = 0;
+
+  /// The control accepts input.
+  virtual bool Enabled() const = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+
+  virtual int PlayState() const = 0;
+
+  /// "none", "mini" or "full": the controls under the picture.
+  virtual void SetUiMode(TextView mode) = 0;
+  virtual Text UiMode() const = 0;
+
+  /// True: the picture fills the surface; false: it keeps its size. Always with the right aspect.
+  virtual void SetStretchToFit(bool stretch) = 0;
+
+  /// 0 to 100.
+  virtual void SetVolume(int volume) = 0;
+  virtual int Volume() const = 0;
+
+  virtual void Play() = 0;
+  virtual void Pause() = 0;
+  /// Goes to the start and stays there, state 1.
+  virtual void Stop() = 0;
+
+  /// Seconds. Smooth to the millisecond; never runs backward while playing without a seek.
+  virtual double CurrentPosition() const = 0;
+  virtual void SetCurrentPosition(double seconds) = 0;
+
+  /// The position as "MM:SS", or "H:MM:SS" from one hour on.
+  virtual Text CurrentPositionString() const = 0;
+
+  /// Length of the open media in seconds; 0 when unknown.
+  virtual double Duration() const = 0;
+
+  Signal<int> PlayStateChange;            ///< the new state
+  Signal<double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
+  Signal<Text> MediaError;                ///< the file could not be played: the library's own words
+};
+
+}  // namespace cuewright

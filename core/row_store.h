@@ -1,0 +1,67 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace cuewright {
+
+/// An ordered store of rows with a gap at the place of the last change, so that changes near each other cost
+/// the same in a list of any length.
+template <class T>
+class RowStore {
+ public:
+  std::size_t Size() const { return items_.size() - GapSize(); }
+
+  const T& operator[](std::size_t at) const { return items_[at < gapBegin_ ? at : at + GapSize()]; }
+
+  /// Puts `added` in the place of `count` items from `at` on; returns those that went.
+  std::vector<T> Splice(std::size_t at, std::size_t count, std::vector<T> added) {
+    std::vector<T> removed;
+    if (count == added.size()) {
+      removed = std::move(added);
+      for (std::size_t i = 0; i < count; ++i) std::swap(removed[i], Item(at + i));
+      return removed;
+    }
+    removed.reserve(count);
+    MoveGap(at);
+    for (std::size_t i = 0; i < count; ++i) {
+      removed.push_back(std::move(items_[gapEnd_ + i]));
+      items_[gapEnd_ + i] = T();
+    }
+    gapEnd_ += count;
+    if (GapSize() < added.size()) Grow(added.size());
+    std::move(added.begin(), added.end(), items_.begin() + static_cast<std::ptrdiff_t>(gapBegin_));
+    gapBegin_ += added.size();
+    return removed;
+  }
+
+ private:
+  std::size_t GapSize() const { return gapEnd_ - gapBegin_; }
+  T& Item(std::size_t at) { return items_[at < gapBegin_ ? at : at + GapSize()]; }
+
+  void MoveGap(std::size_t at) {
+    while (gapBegin_ > at) items_[--gapEnd_] = std::move(items_[--gapBegin_]);
+    while (gapBegin_ < at) items_[gapBegin_++] = std::move(items_[gapEnd_++]);
+  }
+
+  void Grow(std::size_t needed) {
+    const std::size_t size = Size();
+    const std::size_t gap = std::max(needed, size / 4 + 16);
+    std::vector<T> items(size + gap);
+    const auto begin = items_.begin();
+    std::move(begin, begin + static_cast<std::ptrdiff_t>(gapBegin_), items.begin());
+    std::move(begin + static_cast<std::ptrdiff_t>(gapEnd_), items_.end(),
+              items.begin() + static_cast<std::ptrdiff_t>(gapBegin_ + gap));
+    items_ = std::move(items);
+    gapEnd_ = gapBegin_ + gap;
+  }
+
+  std::vector<T> items_;
+  std::size_t gapBegin_ = 0;
+  std::size_t gapEnd_ = 0;
+};
+
+}  // namespace cuewright

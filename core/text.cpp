@@ -1,0 +1,224 @@
+#include "core/text.h"
+
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+#include <algorithm>
+
+namespace cuewright {
+namespace {
+
+constexpr char16_t kEscapeBase = 0xDC00;
+
+void AppendCodePoint(Text& text, char32_t c) {
+  if (c >= 0x10000) {
+    c -= 0x10000;
+    text.push_back(static_cast<char16_t>(0xD800 + (c >> 10)));
+    text.push_back(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
+  } else {
+    text.push_back(static_cast<char16_t>(c));
+  }
+}
+
+/// Length of the valid sequence at `at`, with its code point in `c`; 0 when there is none.
+std::size_t DecodeUtf8(std::string_view bytes, std::size_t at, char32_t& c) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  const unsigned char lead = byte(at);
+  std::size_t length = 0;
+  char32_t least = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2, least = 0x80, c = lead & 0x1Fu;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3, least = 0x800, c = lead & 0x0Fu;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4, least = 0x10000, c = lead & 0x07u;
+  } else {
+    return 0;
+  }
+  if (at + length > bytes.size()) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(at + i) & 0xC0) != 0x80) return 0;
+    c = (c << 6) | (byte(at + i) & 0x3Fu);
+  }
+  const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
+  return c < least || c > 0x10FFFF || surrogate ? 0 : length;
+}
+
+void AppendUtf8(std::string& bytes, char32_t c) {
+  const auto put = [&](char32_t value) { bytes.push_back(static_cast<char>(value)); };
+  if (c < 0x80) {
+    put(c);
+  } else if (c < 0x800) {
+    put(0xC0 | (c >> 6)), put(0x80 | (c & 0x3F));
+  } else if (c < 0x10000) {
+    put(0xE0 | (c >> 12)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
+  } else {
+    put(0xF0 | (c >> 18)), put(0x80 | ((c >> 12) & 0x3F)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
+  }
+}
+
+char16_t MapUnit(char16_t unit, UChar32 (*map)(UChar32)) {
+  const UChar32 mapped = map(unit);
+  return mapped <= 0xFFFF ? static_cast<char16_t>(mapped) : unit;
+}
+
+template <class AsciiMap>
+Text MapText(TextView text, AsciiMap ascii, UChar32 (*map)(UChar32)) {
+  Text result(text);
+  for (std::size_t i = 0; i < result.size(); ++i) {
+    const char16_t unit = result[i];
+    if (unit < 0x80) {
+      result[i] = ascii(unit);
+    } else if (U16_IS_LEAD(unit) && i + 1 < result.size() && U16_IS_TRAIL(result[i + 1])) {
+      const UChar32 mapped = map(U16_GET_SUPPLEMENTARY(unit, result[i + 1]));
+      if (mapped > 0xFFFF) result[i] = U16_LEAD(mapped), result[i + 1] = U16_TRAIL(mapped);
+      ++i;
+    } else if (!U16_IS_SURROGATE(unit)) {
+      result[i] = MapUnit(unit, map);
+    }
+  }
+  return result;
+}
+
+UChar32 Fold(UChar32 c) { return u_foldCase(c, U_FOLD_CASE_DEFAULT); }
+
+char16_t FoldUnit(char16_t unit) {
+  if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+  return U16_IS_SURROGATE(unit) ? unit : MapUnit(unit, Fold);
+}
+
+Text FoldText(TextView text) { return MapText(text, FoldUnit, Fold); }
+
+bool HasSupplementary(TextView text) {
+  return std::any_of(text.begin(), text.end(), [](char16_t unit) { return U16_IS_SURROGATE(unit); });
+}
+
+}  // namespace
+
+Text FromUtf8(std::string_view bytes) {
+  Text text;
+  text.reserve(bytes.size());
+  for (std::size_t at = 0; at < bytes.size();) {
+    const auto byte = static_cast<unsigned char>(bytes[at]);
+    if (byte < 0x80) {
+      text.push_back(byte);
+      ++at;
+      continue;
+    }
+    char32_t c = 0;
+    const std::size_t length = DecodeUtf8(bytes, at, c);
+    if (length == 0) {
+      text.push_back(static_cast<char16_t>(kEscapeBase + byte));
+      ++at;
+    } else {
+      AppendCodePoint(text, c);
+      at += length;
+    }
+  }
+  return text;
+}
+
+std::string ToUtf8(TextView text) {
+  std::string bytes;
+  bytes.reserve(text.size() + text.size() / 4);
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char16_t unit = text[at];
+    if (U16_IS_LEAD(unit) && at + 1 < text.size() && U16_IS_TRAIL(text[at + 1])) {
+      AppendUtf8(bytes, static_cast<char32_t>(U16_GET_SUPPLEMENTARY(unit, text[at + 1])));
+      ++at;
+    } else if (unit >= 0xDC80 && unit <= 0xDCFF) {
+      bytes.push_back(static_cast<char>(unit - kEscapeBase));
+    } else if (U16_IS_SURROGATE(unit)) {
+      bytes.push_back('?');
+    } else {
+      AppendUtf8(bytes, unit);
+    }
+  }
+  return bytes;
+}
+
+TextView TrimBlanks(TextView text) {
+  const std::size_t first = text.find_first_not_of(u' ');
+  if (first == TextView::npos) return {};
+  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+bool IsBlank(TextView text) { return text.find_first_not_of(u' ') == TextView::npos; }
+
+Text ToUpper(TextView text) {
+  return MapText(
+      text, [](char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c; }, u_toupper);
+}
+
+Text ToLower(TextView text) {
+  return MapText(
+      text, [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }, u_tolower);
+}
+
+std::size_t FindLoose(TextView text, TextView needle, std::size_t from) {
+  if (from > text.size() || needle.size() > text.size() - from) return TextView::npos;
+  if (needle.empty()) return from;
+  const Text folded = FoldText(needle);
+  if (HasSupplementary(folded)) return FoldText(text).find(folded, from);
+  const std::size_t last = text.size() - needle.size();
+  for (std::size_t at = from; at <= last; ++at) {
+    std::size_t i = 0;
+    while (i < folded.size() && FoldUnit(text[at + i]) == folded[i]) ++i;
+    if (i == folded.size()) return at;
+  }
+  return TextView::npos;
+}
+
+bool EqualLoose(TextView a, TextView b) { return a.size() == b.size() && FoldText(a) == FoldText(b); }
+
+Text ReplaceAll(TextView text, TextView from, TextView to) {
+  Text result;
+  if (from.empty()) return Text(text);
+  std::size_t at = 0;
+  for (std::size_t hit = text.find(from); hit != TextView::npos; hit = text.find(from, at)) {
+    result.append(text, at, hit - at).append(to);
+    at = hit + from.size();
+  }
+  return result.append(text, at);
+}
+
+Text ReplaceFirst(TextView text, TextView from, TextView to) {
+  Text result(text);
+  const std::size_t hit = from.empty() ? Text::npos : result.find(from);
+  if (hit != Text::npos) result.replace(hit, from.size(), to);
+  return result;
+}
+
+Text Fill(TextView text, TextView first, TextView second) {
+  Text result;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const TextView mark = text.substr(at, 2);
+    if (mark == u"%1" || (mark == u"%2" && second.data() != nullptr)) {
+      result += mark == u"%1" ? first : second;
+      ++at;
+    } else {
+      result += text[at];
+    }
+  }
+  return result;
+}
+
+std::vector<Text> Split(TextView text, TextView separator) {
+  std::vector<Text> pieces;
+  std::size_t at = 0;
+  for (;;) {
+    const std::size_t hit = text.find(separator, at);
+    if (hit == TextView::npos) break;
+    pieces.emplace_back(text.substr(at, hit - at));
+    at = hit + separator.size();
+  }
+  pieces.emplace_back(text.substr(at));
+  return pieces;
+}
+
+Text Decimal(long long number) {
+  const std::string digits = std::to_string(number);
+  return Text(digits.begin(), digits.end());
+}
+
+}  // namespace cuewright

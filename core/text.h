@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cuewright {
+
+/// Text inside the program: UTF-16, so lengths and positions count 16-bit units.
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+inline constexpr TextView kLineEnd = u"\r\n";
+
+/// Text of UTF-8 bytes. A byte that is no valid UTF-8 becomes the lone unit U+DC00 + byte, so that any
+/// file name or stored value survives the way through `ToUtf8` back to the same bytes.
+Text FromUtf8(std::string_view bytes);
+
+/// Bytes of a text, the inverse of `FromUtf8`. A lone surrogate outside U+DC80..U+DCFF becomes "?".
+std::string ToUtf8(TextView text);
+
+/// The text without the blanks (U+0020 alone) at both ends.
+TextView TrimBlanks(TextView text);
+
+/// True for an empty text and one of blanks alone.
+bool IsBlank(TextView text);
+
+/// Every letter in upper (lower) case by Unicode's simple mappings; the length stays.
+Text ToUpper(TextView text);
+Text ToLower(TextView text);
+
+/// Position of `needle` at or behind `from`, ignoring the case of every letter that has one (simple
+/// folding); `TextView::npos` when it doesn't occur.
+std::size_t FindLoose(TextView text, TextView needle, std::size_t from = 0);
+
+/// True when both texts are equal but for the case of letters.
+bool EqualLoose(TextView a, TextView b);
+
+/// The text with every `from` (exact, left to right, not overlapping) replaced; an empty `from` changes nothing.
+Text ReplaceAll(TextView text, TextView from, TextView to);
+
+/// The text with the first `from` (exact) replaced.
+Text ReplaceFirst(TextView text, TextView from, TextView to);
+
+/// The text with "%1" and "%2" filled in one pass, so that a "%1" inside a value is text.
+Text Fill(TextView text, TextView first, TextView second = {});
+
+/// The pieces between the separators; at least one, possibly empty.
+std::vector<Text> Split(TextView text, TextView separator);
+
+/// A whole number as decimal text.
+Text Decimal(long long number);
+
+}  // namespace cuewright

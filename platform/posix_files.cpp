@@ -1,0 +1,242 @@
+#include "platform/posix_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace cuewright {
+namespace {
+
+/// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  int Get() const { return fd_; }
+  /// Closes now; the value of `close`, since a full disk may only be told there.
+  int Close() { return ::close(std::exchange(fd_, -1)); }
+
+ private:
+  int fd_;
+};
+
+[[noreturn]] void Throw(int error, TextView path) { throw ErrorOfErrno(error, path); }
+
+struct stat StatOf(TextView path) {
+  struct stat info {};
+  if (::stat(ToUtf8(path).c_str(), &info) != 0) Throw(errno, path);
+  return info;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// The file that a path leads to behind its links, so that a link stays a link. A link to nothing leads to
+/// the place that it names.
+std::string ResolveLinks(std::string path, TextView shown) {
+  for (int hops = 0; hops < 40; ++hops) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    if (length < 0) return path;
+    const std::string to(target.data(), static_cast<std::size_t>(length));
+    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
+  }
+  Throw(ELOOP, shown);
+}
+
+/// Collects writes in blocks; the first failure is kept and the rest is dropped.
+class DescriptorSink final : public ByteSink {
+ public:
+  explicit DescriptorSink(int fd) : fd_(fd) { block_.reserve(kBlock); }
+
+  void Write(std::string_view bytes) override {
+    block_.append(bytes);
+    if (block_.size() >= kBlock) Flush();
+  }
+
+  void Flush() {
+    std::size_t done = 0;
+    while (error_ == 0 && done < block_.size()) {
+      const ssize_t count = ::write(fd_, block_.data() + done, block_.size() - done);
+      if (count >= 0) {
+        done += static_cast<std::size_t>(count);
+      } else if (errno != EINTR) {
+        error_ = errno;
+      }
+    }
+    block_.clear();
+  }
+
+  int Error() const { return error_; }
+
+ private:
+  static constexpr std::size_t kBlock = 1 << 16;
+  int fd_;
+  int error_ = 0;
+  std::string block_;
+};
+
+/// Gives the new file the mode and, where allowed, the owner of the one that it takes the place of; a file
+/// that was not there gets the mode that a plain creation gives.
+void CopyRights(int fd, const struct stat* old) {
+  if (old == nullptr) {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::fchmod(fd, 0666 & ~mask);
+    return;
+  }
+  if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, static_cast<uid_t>(-1), old->st_gid) != 0) {
+    // Neither is allowed: the file stays the user's own.
+  }
+  ::fchmod(fd, old->st_mode & 07777);
+}
+
+void SyncFolder(const std::string& folder) {
+  const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (fd.Get() >= 0) ::fsync(fd.Get());
+}
+
+}  // namespace
+
+RuntimeError ErrorOfErrno(int error, TextView path) {
+  const auto make = [&](int number, TextView what) { return RuntimeError{number, Text(what) + u": " + Text(path)}; };
+  switch (error) {
+    case ENOENT:
+      return make(kErrorFileNotFound, u"File not found");
+    case ENOTDIR:
+      return make(kErrorPathNotFound, u"Path not found");
+    case ENOSPC:
+    case EDQUOT:
+      return make(kErrorDiskFull, u"Disk full");
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+    case ENXIO:
+    case ETXTBSY:
+    case ELOOP:
+    case ENAMETOOLONG:
+      return make(kErrorPathFileAccess, u"Path/File access error");
+    case ENOMEM:
+    case EFBIG:
+      return make(kErrorOutOfMemory, u"Out of memory");
+    default:
+      return make(kErrorDeviceIo, u"Device I/O error (" + FromUtf8(std::strerror(error)) + u")");
+  }
+}
+
+bool PosixFiles::Exists(TextView path) const {
+  struct stat info {};
+  return !path.empty() && ::stat(ToUtf8(path).c_str(), &info) == 0;
+}
+
+bool PosixFiles::IsRegular(TextView path) const {
+  struct stat info {};
+  return ::stat(ToUtf8(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+std::uint64_t PosixFiles::Size(TextView path) const {
+  const struct stat info = StatOf(path);
+  if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
+  return static_cast<std::uint64_t>(info.st_size);
+}
+
+std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
+  // Not blocking, so that a pipe without a writer can't hold the program before it is told apart.
+  const Descriptor fd(::open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (fd.Get() < 0) Throw(errno, path);
+  struct stat info {};
+  if (::fstat(fd.Get(), &info) != 0) Throw(errno, path);
+  if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
+  if (static_cast<std::uint64_t>(info.st_size) > limit) {
+    throw RuntimeError{kErrorOutOfMemory, u"The file is too large (" + Decimal(info.st_size) + u" bytes, at most " +
+                                              Decimal(static_cast<long long>(limit)) + u"): " + Text(path)};
+  }
+  // One byte more than the size, so that the end shows itself without another turn.
+  std::string bytes(static_cast<std::size_t>(info.st_size) + 1, '\0');
+  std::size_t done = 0;
+  for (;;) {
+    if (done == bytes.size()) {
+      if (bytes.size() > limit) throw ErrorOfErrno(EFBIG, path);
+      bytes.resize(bytes.size() * 2);
+    }
+    const ssize_t count = ::read(fd.Get(), bytes.data() + done, bytes.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) Throw(errno, path);
+    if (count == 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
+void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& write) {
+  const std::string target = ResolveLinks(ToUtf8(path), path);
+  struct stat old {};
+  const bool existed = ::stat(target.c_str(), &old) == 0;
+  if (!existed && errno != ENOENT) Throw(errno, path);
+  if (existed && !S_ISREG(old.st_mode)) Throw(EISDIR, path);
+  // Renaming needs no right on the old file itself, but a write-protected one is not to be replaced.
+  // The bits are asked as well, since a superuser passes every test of access.
+  if (existed && (old.st_mode & 0222) == 0) Throw(EACCES, path);
+  if (existed && ::access(target.c_str(), W_OK) != 0) Throw(errno, path);
+
+  std::string beside = FolderOf(target) + "/.cuewright-XXXXXX";
+  Descriptor fd(::mkostemp(beside.data(), O_CLOEXEC));
+  if (fd.Get() < 0) Throw(errno == ENOENT ? ENOTDIR : errno, path);
+  const auto discard = [&](int error) {
+    ::unlink(beside.c_str());
+    Throw(error, path);
+  };
+
+  DescriptorSink sink(fd.Get());
+  try {
+    write(sink);
+  } catch (...) {
+    ::unlink(beside.c_str());
+    throw;
+  }
+  sink.Flush();
+  if (sink.Error() != 0) discard(sink.Error());
+  CopyRights(fd.Get(), existed ? &old : nullptr);
+  if (::fsync(fd.Get()) != 0 && errno != EINVAL && errno != EROFS) discard(errno);
+  if (fd.Close() != 0) discard(errno);
+  if (::rename(beside.c_str(), target.c_str()) != 0) discard(errno);
+  SyncFolder(FolderOf(target));
+}
+
+bool PosixFiles::Remove(TextView path) {
+  ::unlink(ToUtf8(path).c_str());
+  return !Exists(path);
+}
+
+void PosixFiles::MakePrivateFolder(TextView path) {
+  const std::string bytes = ToUtf8(path);
+  for (std::size_t slash = bytes.find('/', 1);; slash = bytes.find('/', slash + 1)) {
+    const std::string part = bytes.substr(0, slash);
+    if (!part.empty() && ::mkdir(part.c_str(), 0700) != 0 && errno != EEXIST) {
+      struct stat info {};
+      const int error = errno;
+      if (::stat(part.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) Throw(error, path);
+    }
+    if (slash == std::string::npos) break;
+  }
+  struct stat info {};
+  if (::stat(bytes.c_str(), &info) != 0) Throw(errno, path);
+  if (!S_ISDIR(info.st_mode)) Throw(ENOTDIR, path);
+}
+
+}  // namespace cuewright
