@@ -1,0 +1,132 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "core/form/control.h"
+
+namespace cuewright {
+
+/// Text that the user reads, and may click.
+class Label final : public Control {
+ public:
+  Label(Form& form, std::string name) : Control(form, Kind::Label, std::move(name)) {}
+  Signal<> Clicked;
+};
+
+/// A push button. Its physical press and release are told as well as the click.
+class Button final : public Control {
+ public:
+  Button(Form& form, std::string name) : Control(form, Kind::Button, std::move(name)) {}
+  Signal<> Clicked;
+  Signal<KeyEvent&> KeyDown;
+  Signal<KeyEvent&> KeyUp;
+  Signal<const MouseEvent&> MouseDown;
+  Signal<const MouseEvent&> MouseUp;
+
+  /// A click as by the user; nothing happens while disabled.
+  void Click() {
+    if (Enabled()) Clicked();
+  }
+};
+
+/// A field of text with caret and selection.
+class TextBox final : public Control {
+ public:
+  TextBox(Form& form, std::string name) : Control(form, Kind::TextBox, std::move(name)) {}
+
+  int SelStart() const { return selStart_; }
+  int SelLength() const { return selLength_; }
+  /// Places the caret at a 0-based position and selects from there; both are cut to the text.
+  void Select(int start, int length) {
+    const int size = static_cast<int>(GetText().size());
+    start = std::clamp(start, 0, size);
+    length = std::clamp(length, 0, size - start);
+    if (start == selStart_ && length == selLength_) return;
+    selStart_ = start;
+    selLength_ = length;
+    Changed();
+  }
+  /// Takes over where the user put the caret, without telling it back.
+  void NoteSelection(int start, int length) { selStart_ = start, selLength_ = length; }
+
+  Signal<KeyEvent&> KeyDown;
+  Signal<KeyEvent&> KeyPress;  ///< a character about to be typed
+  Signal<KeyEvent&> KeyUp;
+  Signal<> Edited;  ///< the user changed the text
+  Signal<> GotFocus;
+  Signal<> LostFocus;
+  Signal<const MouseEvent&> MouseUp;
+
+ private:
+  int selStart_ = 0;
+  int selLength_ = 0;
+};
+
+/// One of a group of which exactly one is selected. The form keeps the group.
+class OptionButton final : public Control {
+ public:
+  OptionButton(Form& form, std::string name) : Control(form, Kind::Option, std::move(name)) {}
+  bool Value() const { return value_; }
+  void SetValue(bool value) { Assign(value_, value); }
+  Signal<> Clicked;
+
+ private:
+  bool value_ = false;
+};
+
+/// An item of a menu. Items with the same parent stand in the order of their making.
+class MenuItem final : public Control {
+ public:
+  MenuItem(Form& form, std::string name, MenuItem* parent = nullptr)
+      : Control(form, Kind::Menu, std::move(name)), parent_(parent) {}
+
+  MenuItem* Parent() const { return parent_; }
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked) { Assign(checked_, checked); }
+  bool Checkable() const { return checkable_; }
+  void SetCheckable(bool checkable) { checkable_ = checkable; }
+  bool IsSeparator() const { return separator_; }
+  void SetSeparator(bool separator) { separator_ = separator; }
+  /// A key binding in the form "Ctrl+S"; empty for none.
+  const std::string& Shortcut() const { return shortcut_; }
+  void SetShortcut(std::string shortcut) { shortcut_ = std::move(shortcut); }
+
+  Signal<> Clicked;
+  Signal<> AboutToShow;  ///< the menu below this item opens
+
+  /// A click as by the user; nothing happens while disabled.
+  void Click() {
+    if (Enabled()) Clicked();
+  }
+
+ private:
+  MenuItem* parent_;
+  std::string shortcut_;
+  bool checked_ = false;
+  bool checkable_ = false;
+  bool separator_ = false;
+};
+
+/// An area of the window that holds others or a picture.
+class Picture final : public Control {
+ public:
+  Picture(Form& form, std::string name) : Control(form, Kind::Picture, std::move(name)) {}
+  Signal<const MouseEvent&> MouseDown;
+};
+
+/// A timer: while enabled, `Tick` comes about every `Interval` ms between other events.
+class Timer final : public Control {
+ public:
+  Timer(Form& form, std::string name, int interval) : Control(form, Kind::Timer, std::move(name)), interval_(interval) {
+    SetEnabled(false);
+  }
+  int Interval() const { return interval_; }
+  Signal<> Tick;
+
+ private:
+  int interval_;
+};
+
+}  // namespace cuewright

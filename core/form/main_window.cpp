@@ -1,0 +1,33 @@
+#include "core/form/main_window.h"
+
+namespace cuewright {
+
+MainWindow::MainWindow() : Form("frmMain") {
+  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine1, &mnuLine1a, &mnuLine1b,
+                         &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine5, &rmnuLine}) {
+    line->SetSeparator(true);
+  }
+  for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
+                         &mnuAudioBar, &mnuFullWave}) {
+    item->SetCheckable(true);
+  }
+  for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
+  mnuNew.SetShortcut("Ctrl+N");
+  mnuOpenText.SetShortcut("Ctrl+O");
+  mnuSave.SetShortcut("Ctrl+S");
+  mnuSaveAs.SetShortcut("Ctrl+Shift+S");
+  mnuExit.SetShortcut("Ctrl+Q");
+  mnuFind.SetShortcut("Ctrl+F");
+  mnuReplace.SetShortcut("Ctrl+H");
+  mnuGSettings.SetShortcut("Ctrl+,");
+  mnuHelpTopics.SetShortcut("F1");
+  mnuUTF8.SetText(u"UTF-8");
+  mnuLine0b.SetVisible(false);
+  mnuTFileName.SetVisible(false);
+  mnuVFileName.SetVisible(false);
+  mnuAFileName.SetVisible(false);
+  cmdCancel.SetVisible(false);
+  optPress.SetValue(true);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/caption_grid.h"
+#include "core/caption_list.h"
+#include "core/document.h"
+#include "core/form/main_window.h"
+#include "core/form/sub_window.h"
+#include "core/ports/player.h"
+
+namespace cuewright {
+
+/// Where the overlay stands, in pixels of the screen.
+struct OverlayPlace {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+
+  bool operator==(const OverlayPlace&) const = default;
+};
+
+/// Place of the overlay over a player at (`left`, `top`): 8 pixels inside, `percent` of the way down to 64 pixels
+/// above the player's lower edge.
+OverlayPlace PlaceOverlay(int left, int top, int playerWidth, int playerHeight, int overlayHeight, int percent);
+
+/// The caption over the picture: shown while it is timed, and played against the film in preview mode.
+class Preview {
+ public:
+  Preview(MainWindow& window, SubWindow& sub, CaptionList& list, CaptionGrid& grid, const DocumentState& document,
+          const AppOptions& options, Player& player);
+
+  /// The row shown in preview mode (0: none) and the row whose span is watched.
+  Row PreviewRow() const { return previewRow_; }
+  Row PreviewNextRow() const { return previewNextRow_; }
+
+  /// Last position sampled from the player, in ms; set by the timing capture.
+  std::int32_t PlayerPosMs() const { return playerPosMs_; }
+  void SetPlayerPosMs(std::int32_t ms) { playerPosMs_ = ms; }
+
+  /// Applies the settings to the overlay; nothing without one.
+  void DrawPreviewStyle();
+  /// Asks the window to put the overlay over the player; nothing without one.
+  void PlacePreview();
+  /// Shows a caption in the overlay; nothing for a row out of range.
+  void ShowPreviewCaption(Row row);
+  void ClearPreviewCaption();
+  /// Enters or leaves preview mode.
+  void SetPreviewMode(bool on);
+  /// Finds the row whose span is to be watched at the current position: the first that hasn't ended.
+  void GetPreviewCap();
+  /// Draws the caption again when it is the one on show in preview mode.
+  void Redraw(Row row);
+
+  Signal<> PlaceRequested;
+
+ private:
+  void Tick();
+
+  MainWindow& window_;
+  SubWindow& sub_;
+  CaptionList& list_;
+  CaptionGrid& grid_;
+  const DocumentState& document_;
+  const AppOptions& options_;
+  Player& player_;
+  Row previewRow_ = 0;
+  Row previewNextRow_ = 0;
+  std::int32_t playerPosMs_ = 0;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,264 @@
+#include "core/timing_capture.h"
+
+#include "core/best_duration.h"
+#include "core/caption_time.h"
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+/// Reaches behind the frame that begins at the caption's start, so that the frame shown is the caption's own.
+constexpr double kNudgeSeconds = 0.001;
+
+}  // namespace
+
+TimingCapture::TimingCapture(MainWindow& window, CaptionList& list, CaptionGrid& grid, DocumentState& document,
+                             const AppOptions& options, const LangStrings& strings, Player& player, Preview& preview)
+    : window_(window),
+      list_(list),
+      grid_(grid),
+      document_(document),
+      options_(options),
+      strings_(strings),
+      player_(player),
+      preview_(preview) {
+  WireButtons();
+}
+
+void TimingCapture::WireButtons() {
+  window_.tmrTime.Tick.Connect([this] {
+    if (Playing()) SamplePosition();
+  });
+  window_.tmrLimit.Tick.Connect([this] { LimitTick(); });
+
+  Button& apply = window_.cmdApply;
+  apply.KeyDown.Connect([this](KeyEvent& key) {
+    if (!window_.optPress.Value() || (key.code != kKeySpace && key.code != 0)) return;
+    key.handled = true;
+    if (capturing_ || key.autoRepeat) return;
+    StartCaption(false, false);
+    BeginHold({Hold::By::ButtonKey, key.physical});
+  });
+  apply.KeyUp.Connect([this](KeyEvent& key) { OnKeyUp(key); });
+  apply.MouseDown.Connect([this](const MouseEvent& mouse) {
+    if (mouse.button != MouseButton::Left || !window_.optPress.Value()) return;
+    StartCaption(false, false);
+    BeginHold({Hold::By::Pointer});
+  });
+  apply.MouseUp.Connect([this](const MouseEvent& mouse) { OnPointerUp(mouse.button); });
+  apply.Clicked.Connect([this] {
+    if (window_.optManual.Value() && !capturing_) StartCaption(false, false);
+  });
+  window_.cmdEnd.Clicked.Connect([this] { EndCaption(); });
+  window_.cmdNext.Clicked.Connect([this] { NextCaption(false); });
+
+  window_.optPress.Clicked.Connect([this] { SelectMode(CaptionMode::PressAndHold); });
+  window_.optManual.Clicked.Connect([this] { SelectMode(CaptionMode::Manual); });
+  window_.optPreview.Clicked.Connect([this] { SelectMode(CaptionMode::Preview); });
+}
+
+void TimingCapture::SamplePosition() {
+  CarryOn step;
+  step([&] { preview_.SetPlayerPosMs(RoundToInt32(player_.CurrentPosition() * 1000)); });
+  window_.lblTime.SetText(Decimal(PlayerPosMs()));
+  const TextView shown = window_.lblTime.GetText();
+  const TextView digits = shown.size() > 3 ? shown.substr(shown.size() - 3) : shown;
+  window_.lblStringPos.SetText(player_.CurrentPositionString() + u"." + Text(digits));
+}
+
+void TimingCapture::ClearPosition() {
+  window_.lblTime.SetText(u"0");
+  window_.lblStringPos.SetText(u"00:00.000");
+  preview_.SetPlayerPosMs(0);
+}
+
+void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
+  const Row selected = list_.Selected();
+  if (mode_ == CaptionMode::Manual) {
+    window_.cmdApply.SetEnabled(false);
+    window_.cmdNext.SetEnabled(selected != list_.Rows() - 1);
+    window_.cmdEnd.SetEnabled(true);
+  }
+  capturing_ = true;
+  captureRow_ = selected;
+  hold_.reset();
+
+  const bool limit = LimitActive(options_);
+  const std::int32_t position = PlayerPosMs();
+  const bool joins = options_.AutoJoin == 1 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
+                     std::int64_t{position} - *priorCaptionEnd_ < options_.Near;
+  captureStartMs_ = joins ? *priorCaptionEnd_ : position;
+  // The time is stored before anything is drawn: nothing stands between the press and the list.
+  list_.SetCaptionStart(captureRow_, captureStartMs_, false);
+
+  preview_.ShowPreviewCaption(captureRow_);
+  if (!limit) {
+    window_.cmdApply.SetUnderlined(byStartKey);
+    window_.cmdNext.SetUnderlined(byNextKey);
+  }
+  CarryOn step;
+  step([&] { window_.txtTime[0].SetText(MsToTimeText(captureStartMs_)); });
+  if (!limit) return;
+  window_.cmdApply.SetEnabled(false);
+  // A text too long for a best duration keeps the end that it has.
+  step([&] { SetBestDuration(list_, selected); });
+  priorCaptionEnd_ = list_.GetCaptionEnd(selected);
+  window_.tmrLimit.SetEnabled(true);
+}
+
+void TimingCapture::EndCaption() {
+  window_.tmrLimit.SetEnabled(false);
+  if (Playing()) window_.cmdApply.SetEnabled(true);
+  window_.cmdNext.SetEnabled(false);
+  window_.cmdEnd.SetEnabled(false);
+  capturing_ = false;
+  hold_.reset();
+  captureRow_ = list_.Selected();
+  preview_.ClearPreviewCaption();
+  window_.cmdApply.SetUnderlined(false);
+  window_.cmdNext.SetUnderlined(false);
+  const auto end = static_cast<std::int32_t>(LeadingNumber(window_.lblTime.GetText()));
+  priorCaptionEnd_ = end;
+  list_.SetCaptionEnd(captureRow_, end);
+  if (captureRow_ != list_.Rows() - 1) {
+    MoveTo(captureRow_ + 1);
+  } else {
+    CarryOn step;
+    step([&] { window_.txtTime[1].SetText(MsToTimeText(end)); });
+  }
+  grid_.ScrollRow(true);
+}
+
+void TimingCapture::LimitTick() {
+  if (!priorCaptionEnd_ || PlayerPosMs() <= *priorCaptionEnd_) return;
+  capturing_ = false;
+  hold_.reset();
+  preview_.ClearPreviewCaption();
+  if (list_.InRange(captureRow_ + 1)) MoveTo(captureRow_ + 1);
+  if (!window_.optPreview.Value()) window_.cmdApply.SetEnabled(true);
+  window_.cmdNext.SetEnabled(false);
+  window_.cmdEnd.SetEnabled(false);
+  window_.tmrLimit.SetEnabled(false);
+}
+
+void TimingCapture::NextCaption(bool byNextKey) {
+  EndCaption();
+  StartCaption(false, byNextKey);
+}
+
+void TimingCapture::MoveTo(Row row) { list_.MoveSelection(row); }
+
+void TimingCapture::SelectMode(CaptionMode mode) {
+  if (capturing_) EndCaption();
+  mode_ = mode;
+  window_.optPress.SetValue(mode == CaptionMode::PressAndHold);
+  window_.optManual.SetValue(mode == CaptionMode::Manual);
+  window_.optPreview.SetValue(mode == CaptionMode::Preview);
+  ShowModeTexts();
+  if (mode == CaptionMode::Preview) {
+    preview_.SetPreviewMode(true);
+    return;
+  }
+  window_.cmdApply.SetEnabled(Playing());
+  preview_.ClearPreviewCaption();
+  preview_.SetPreviewMode(false);
+}
+
+void TimingCapture::ShowModeTexts() {
+  window_.cmdApply.SetText(strings_[mode_ == CaptionMode::Manual ? 40 : 39]);
+  window_.lblMode.SetText(strings_[36 + static_cast<std::size_t>(mode_)]);
+  window_.optPress.SetText(LimitActive(options_) ? strings_[33] + u" [auto]" : strings_[33]);
+}
+
+void TimingCapture::BeginHold(Hold hold) {
+  if (capturing_) hold_ = hold;
+}
+
+void TimingCapture::ReleaseHold() {
+  hold_.reset();
+  // Under the limit the timer ends the caption, however long the key is held.
+  if (LimitActive(options_) || !capturing_) return;
+  if (player_.PlayState() == kPlayerPaused) SamplePosition();
+  EndCaption();
+}
+
+void TimingCapture::OnPointerUp(MouseButton button) {
+  if (button == MouseButton::Left && hold_ && hold_->by == Hold::By::Pointer) ReleaseHold();
+}
+
+void TimingCapture::OnFocusLost() {
+  if (!hold_ || LimitActive(options_)) return;
+  EndCaption();
+}
+
+void TimingCapture::OnFilmGone() {
+  if (hold_ && capturing_) EndCaption();
+}
+
+void TimingCapture::Reset() {
+  capturing_ = false;
+  hold_.reset();
+  priorCaptionEnd_.reset();
+  window_.tmrLimit.SetEnabled(false);
+}
+
+bool TimingCapture::ShortcutsOn() const {
+  return options_.HotKeys != 0 && !textFocus_ && player_.Enabled() && document_.HasDocument();
+}
+
+void TimingCapture::OnKeyDown(KeyEvent& key) {
+  if (key.handled || key.command || !ShortcutsOn()) return;
+  RunShortcut(key);
+}
+
+void TimingCapture::OnKeyUp(KeyEvent& key) {
+  if (key.autoRepeat || !hold_ || hold_->by == Hold::By::Pointer || hold_->physical != key.physical) return;
+  key.handled = true;
+  ReleaseHold();
+}
+
+void TimingCapture::RunShortcut(KeyEvent& key) {
+  const int code = key.code;
+  const Row selected = list_.Selected();
+  const auto seekIfTimed = [&](Row row) {
+    MoveTo(row);
+    if (list_.IsCaptionTimed(row)) player_.SetCurrentPosition(list_.GetCaptionStart(row) / 1000.0);
+  };
+  key.handled = true;
+  // A key that repeats itself while held takes no times; it may go on moving and seeking.
+  const bool takesTimes = !key.autoRepeat;
+  if (code == options_.hkStart) {
+    if (takesTimes && mode_ != CaptionMode::Preview && !capturing_) {
+      StartCaption(true, false);
+      if (mode_ == CaptionMode::PressAndHold) BeginHold({Hold::By::ShortcutKey, key.physical});
+    }
+  } else if (code == options_.hkNext) {
+    if (takesTimes && mode_ == CaptionMode::Manual && window_.cmdNext.Enabled()) NextCaption(true);
+  } else if (code == options_.hkEnd) {
+    if (takesTimes && mode_ == CaptionMode::Manual && window_.cmdEnd.Enabled()) EndCaption();
+  } else if (code == options_.hkPlay) {
+    player_.Play();
+  } else if (code == options_.hkPause) {
+    if (Playing()) player_.Pause();
+  } else if (code == options_.hkStop) {
+    player_.Stop();
+  } else if (code == options_.hkPrevious) {
+    if (selected >= 2) seekIfTimed(selected - 1);
+  } else if (code == options_.hkJump) {
+    if (selected != list_.Rows() - 1) seekIfTimed(selected + 1);
+  } else if (code == options_.hkRewind) {
+    if (Playing()) player_.SetCurrentPosition(player_.CurrentPosition() - options_.kRewindSecs);
+  } else if (code == options_.hkForward) {
+    if (Playing()) player_.SetCurrentPosition(player_.CurrentPosition() + options_.kForwardSecs);
+  } else {
+    key.handled = false;
+  }
+}
+
+void TimingCapture::SeekToCaption(Row row, bool nudge) {
+  if (!Playing() || !list_.IsCaptionTimed(row)) return;
+  player_.SetCurrentPosition(list_.GetCaptionStart(row) / 1000.0 + (nudge ? kNudgeSeconds : 0));
+}
+
+}  // namespace cuewright

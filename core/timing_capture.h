@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "core/caption_grid.h"
+#include "core/caption_list.h"
+#include "core/document.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/ports/player.h"
+#include "core/preview.h"
+
+namespace cuewright {
+
+enum class CaptionMode { PressAndHold = 0, Manual = 1, Preview = 2 };
+
+/// Turns presses and releases into the times of captions. Times are whole ms on the player's clock, and always
+/// the last sample of it, never a read of their own.
+class TimingCapture {
+ public:
+  TimingCapture(MainWindow& window, CaptionList& list, CaptionGrid& grid, DocumentState& document,
+                const AppOptions& options, const LangStrings& strings, Player& player, Preview& preview);
+
+  CaptionMode Mode() const { return mode_; }
+  bool Capturing() const { return capturing_; }
+  Row CaptureRow() const { return captureRow_; }
+  std::int32_t CaptureStartMs() const { return captureStartMs_; }
+  /// End of the caption captured or limited last in this document; empty when there is none.
+  std::optional<std::int32_t> PriorCaptionEnd() const { return priorCaptionEnd_; }
+  std::int32_t PlayerPosMs() const { return preview_.PlayerPosMs(); }
+
+  /// The text pane has the keyboard: shortcuts are off.
+  bool TextFocus() const { return textFocus_; }
+  void SetTextFocus(bool focus) { textFocus_ = focus; }
+
+  /// Takes a start for the selected row; the flags tell which key hint to show.
+  void StartCaption(bool byStartKey, bool byNextKey);
+  /// Stores the last sample as the end and selects the next row.
+  void EndCaption();
+
+  /// Changes the mode, ending a running capture first.
+  void SelectMode(CaptionMode mode);
+  /// Shows mode and limit in the captions of the buttons and the mode's text.
+  void ShowModeTexts();
+
+  /// Reads the player's position into the sample and the labels.
+  void SamplePosition();
+  /// The sample and the labels go to 0.
+  void ClearPosition();
+
+  /// The window sees keys before its controls. A key that is a shortcut is handled.
+  void OnKeyDown(KeyEvent& key);
+  void OnKeyUp(KeyEvent& key);
+  /// A pointer button was let go anywhere.
+  void OnPointerUp(MouseButton button);
+  /// The window lost the focus: a hold ends at the last sample.
+  void OnFocusLost();
+  /// The film stopped, ended or gave way: a hold ends at the last sample before that.
+  void OnFilmGone();
+
+  /// A document came or went: no capture runs, and nothing is there to join with.
+  void Reset();
+
+  /// Seeks to a caption while playing, as a double click (with `nudge`) or Enter in the list does.
+  void SeekToCaption(Row row, bool nudge);
+
+ private:
+  /// What began the hold that runs: only its own release ends it.
+  struct Hold {
+    enum class By { ShortcutKey, ButtonKey, Pointer } by;
+    std::uint32_t physical = 0;
+  };
+
+  void BeginHold(Hold hold);
+  void ReleaseHold();
+  void LimitTick();
+  void NextCaption(bool byNextKey);
+  void MoveTo(Row row);
+  bool Playing() const { return player_.PlayState() == kPlayerPlaying; }
+  bool ShortcutsOn() const;
+  void RunShortcut(KeyEvent& key);
+  void WireButtons();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  CaptionGrid& grid_;
+  DocumentState& document_;
+  const AppOptions& options_;
+  const LangStrings& strings_;
+  Player& player_;
+  Preview& preview_;
+
+  CaptionMode mode_ = CaptionMode::PressAndHold;
+  bool capturing_ = false;
+  Row captureRow_ = 1;
+  std::int32_t captureStartMs_ = 0;
+  std::optional<std::int32_t> priorCaptionEnd_;
+  bool textFocus_ = false;
+  std::optional<Hold> hold_;
+};
+
+}  // namespace cuewright

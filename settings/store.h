@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "core/ports/files.h"
+#include "core/ports/settings_reader.h"
+#include "core/text.h"
+
+namespace cuewright {
+
+/// The section of all general settings.
+inline constexpr TextView kMainSection = u"Cuewright";
+
+/// The user's settings: root, section, key, text value, in one file. Nothing here fails for the user: a file that
+/// can't be read counts as empty, one that can't be written leaves the values in force for the run.
+///
+/// The file is text in UTF-8: "[root\section]" lines, then "key=value" lines in which a backslash stands before
+/// itself and before "n" (LF) and "r" (CR). Lines that are neither are kept as they stand.
+class SettingsStore final : public SettingsReader {
+ public:
+  /// `path` is the file; an empty one keeps everything in memory.
+  SettingsStore(Files& files, Text path);
+
+  Text GetSetting(TextView section, TextView key, TextView fallback) const override;
+
+  /// Stores one value. The file is read again before, so that what another program stored stays.
+  void SaveSetting(TextView section, TextView key, TextView value);
+
+  using KeyValue = std::pair<Text, Text>;
+  /// Stores several values of a section in one write.
+  void SaveSettings(TextView section, const std::vector<KeyValue>& values);
+
+  /// Why the last write failed; empty when it went well.
+  const Text& LastFailure() const { return lastFailure_; }
+
+ private:
+  struct Line {
+    Text section;
+    Text key;    // empty: not a value
+    Text value;  // the whole line when it is not a value
+    bool heading = false;
+  };
+
+  std::vector<Line> ReadFile() const;
+  static void Put(std::vector<Line>& lines, TextView section, TextView key, TextView value);
+  void Write(const std::vector<Line>& lines);
+
+  Files& files_;
+  Text path_;
+  std::vector<Line> lines_;
+  std::vector<std::pair<std::pair<Text, Text>, Text>> unwritten_;
+  Text lastFailure_;
+};
+
+}  // namespace cuewright
