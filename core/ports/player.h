@@ -41,6 +41,10 @@ class Player {
   virtual void SetVolume(int volume) = 0;
   virtual int Volume() const = 0;
 
+  /// Silence apart from the volume.
+  virtual void SetMuted(bool /*muted*/) {}
+  virtual bool Muted() const { return false; }
+
   virtual void Play() = 0;
   virtual void Pause() = 0;
   /// Goes to the start and stays there, state 1.
@@ -59,6 +63,7 @@ class Player {
   Signal<int> PlayStateChange;            ///< the new state
   Signal<double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
   Signal<Text> MediaError;                ///< the file could not be played: the library's own words
+  Signal<> ControlsChange;                ///< enabled, uiMode, volume, mute or the duration has changed
 };
 
 }  // namespace cuewright

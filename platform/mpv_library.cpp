@@ -1,0 +1,69 @@
+#include "platform/mpv_library.h"
+
+#include <dlfcn.h>
+
+#include <cstdlib>
+
+namespace cuewright {
+namespace {
+
+constexpr unsigned long kInterfaceMajor = 2;
+
+template <class Function>
+bool Find(void* library, const char* name, Function& function) {
+  function = reinterpret_cast<Function>(dlsym(library, name));
+  return function != nullptr;
+}
+
+/// Name of the first function that the library lacks; null when all are there.
+const char* FillTable(void* library, MpvApi& api) {
+#define CUEWRIGHT_FIND(name) \
+  if (!Find(library, "mpv_" #name, api.name)) return "mpv_" #name
+  CUEWRIGHT_FIND(client_api_version);
+  CUEWRIGHT_FIND(error_string);
+  CUEWRIGHT_FIND(create);
+  CUEWRIGHT_FIND(initialize);
+  CUEWRIGHT_FIND(terminate_destroy);
+  CUEWRIGHT_FIND(set_option_string);
+  CUEWRIGHT_FIND(command_async);
+  CUEWRIGHT_FIND(set_property_async);
+  CUEWRIGHT_FIND(get_property);
+  CUEWRIGHT_FIND(observe_property);
+  CUEWRIGHT_FIND(request_log_messages);
+  CUEWRIGHT_FIND(wait_event);
+  CUEWRIGHT_FIND(wakeup);
+  CUEWRIGHT_FIND(render_context_create);
+  CUEWRIGHT_FIND(render_context_set_update_callback);
+  CUEWRIGHT_FIND(render_context_update);
+  CUEWRIGHT_FIND(render_context_render);
+  CUEWRIGHT_FIND(render_context_free);
+#undef CUEWRIGHT_FIND
+  return nullptr;
+}
+
+}  // namespace
+
+std::string MpvLibrary::DefaultFileName() {
+  const char* chosen = std::getenv("CUEWRIGHT_MPV_LIBRARY");
+  return chosen && *chosen ? chosen : "libmpv.so.2";
+}
+
+MpvLibrary::MpvLibrary(const std::string& fileName) : fileName_(FromUtf8(fileName)) {
+  // Never unloaded: the library's own threads and thread-local values may outlive the last player.
+  void* library = dlopen(fileName.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  if (!library) {
+    const char* reason = dlerror();
+    error_ = FromUtf8(reason ? reason : "the library can't be loaded");
+    return;
+  }
+  if (const char* missing = FillTable(library, api_)) {
+    error_ = fileName_ + u" has no function " + FromUtf8(missing);
+    return;
+  }
+  const unsigned long version = api_.client_api_version();
+  if (version >> 16 != kInterfaceMajor) {
+    error_ = fileName_ + u" has version " + Decimal(static_cast<long long>(version >> 16)) + u" of the interface";
+  }
+}
+
+}  // namespace cuewright

@@ -1,0 +1,400 @@
+#include "platform/mpv_player.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "core/runtime_error.h"
+#include "platform/mpv_core.h"
+#include "platform/mpv_library.h"
+#include "platform/mpv_sampler.h"
+#include "platform/mpv_video.h"
+#include "platform/posix_files.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kErrorNoPlayer = 429;
+constexpr int kStateNothing = 0;
+constexpr double kSameInstant = 0.005;
+constexpr double kNothing = 0.001;  // less than this of the film can't be played
+
+double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
+
+/// Why a path can't be a film; empty when it may be one.
+Text ObjectionTo(const std::string& path) {
+  struct stat info {};
+  if (stat(path.c_str(), &info) != 0) return ErrorOfErrno(errno, FromUtf8(path)).description;
+  if (S_ISDIR(info.st_mode)) return u"a folder, not a film";
+  if (!S_ISREG(info.st_mode)) return u"a device, not a film";
+  return {};
+}
+
+}  // namespace
+
+MpvPlayerOptions MpvPlayerOptions::FromEnvironment() {
+  MpvPlayerOptions options;
+  const char* items = std::getenv("CUEWRIGHT_MPV_OPTIONS");
+  std::istringstream stream(items ? items : "");
+  for (std::string item; stream >> item;) {
+    const std::size_t equals = item.find('=');
+    if (equals != std::string::npos) options.extra.emplace_back(item.substr(0, equals), item.substr(equals + 1));
+  }
+  return options;
+}
+
+MpvPlayer::MpvPlayer(const MpvLibrary& library, Post post, const MpvPlayerOptions& options)
+    : post_(std::move(post)), output_(options.output) {
+  if (library.Available()) StartCore(library, options);
+}
+
+void MpvPlayer::StartCore(const MpvLibrary& library, const MpvPlayerOptions& options) {
+  core_ = std::make_unique<MpvCore>(library.Api(), options.extra,
+                                    [this](const MpvNews& news) { PostGuarded([this, news] { OnNews(news); }); });
+  if (!core_->Ready()) {
+    core_.reset();
+    return;
+  }
+  // Pictures come faster than a busy window can fetch them: one announcement at a time is enough.
+  auto posted = std::make_shared<std::atomic<bool>>(false);
+  video_ = std::make_unique<MpvVideo>(library.Api(), core_->Handle(), [this, posted] {
+    if (posted->exchange(true)) return;
+    PostGuarded([this, posted] {
+      *posted = false;
+      FrameReady();
+    });
+  });
+  if (output_ == VideoOutput::Software) video_->StartSoftware();
+  core_->SetNumber("volume", volume_);
+  core_->Listen();
+  sampler_ = std::make_unique<MpvSampler>(library.Api(), core_->Handle(), clock_);
+}
+
+MpvPlayer::~MpvPlayer() {
+  alive_.reset();
+  sampler_.reset();
+  // The drawing ends before the player that it draws for.
+  video_.reset();
+  core_.reset();
+}
+
+void MpvPlayer::PostGuarded(std::function<void()> task) {
+  post_([guard = guard_, task = std::move(task)] {
+    if (!guard.expired()) task();
+  });
+}
+
+void MpvPlayer::SetUrl(TextView path) {
+  if (path.empty()) {
+    Close();
+    return;
+  }
+  if (!core_) throw RuntimeError{kErrorNoPlayer, u"The media player is missing"};
+  // An absolute path is never taken for an address or an option, whatever the file's name.
+  std::error_code error;
+  const std::string asked = ToUtf8(path);
+  std::string absolute = std::filesystem::absolute(asked, error).string();
+  if (error) absolute = asked;
+  Open(absolute);
+}
+
+void MpvPlayer::Open(const std::string& path) {
+  Forget();
+  path_ = path;
+  if (Text objection = ObjectionTo(path); !objection.empty()) {
+    core_->Unload();
+    PostGuarded([this, load = load_, objection = std::move(objection)] { Fail(load, objection); });
+    loading_ = true;
+    wish_ = Wish::Play;
+    UpdateState();
+    return;
+  }
+  loading_ = true;
+  wish_ = Wish::Play;
+  // Without a place to draw to the library would play the sound alone.
+  waitsForGl_ = !video_->Started();
+  if (!waitsForGl_) {
+    core_->SetFlag("pause", false);
+    if (!core_->Load(load_, path_)) {
+      PostGuarded([this, load = load_] { Fail(load, u"the player does not answer"); });
+    }
+  }
+  UpdateState();
+}
+
+void MpvPlayer::Forget() {
+  ++load_;
+  path_.clear();
+  loading_ = false;
+  opened_ = false;
+  waitsForGl_ = false;
+  seekable_ = true;
+  atEnd_ = false;
+  seeking_ = false;
+  startAt_.reset();
+  duration_ = 0;
+  wish_ = Wish::Stop;
+  clock_.Hold(0);
+}
+
+void MpvPlayer::Close() {
+  if (path_.empty()) return;
+  Forget();
+  core_->Unload();
+  UpdateState();
+}
+
+void MpvPlayer::SetEnabled(bool enabled) {
+  if (enabled == enabled_) return;
+  enabled_ = enabled;
+  ControlsChange();
+}
+
+void MpvPlayer::SetUiMode(TextView mode) {
+  if (mode == uiMode_) return;
+  uiMode_ = mode;
+  ControlsChange();
+}
+
+void MpvPlayer::SetStretchToFit(bool stretch) {
+  if (core_) core_->SetChoice("video-unscaled", stretch ? "no" : "downscale-big");
+}
+
+void MpvPlayer::SetVolume(int volume) {
+  volume = std::clamp(volume, 0, 100);
+  if (volume == volume_) return;
+  volume_ = volume;
+  if (core_) core_->SetNumber("volume", volume_);
+  ControlsChange();
+}
+
+void MpvPlayer::SetMuted(bool muted) {
+  if (muted == muted_) return;
+  muted_ = muted;
+  if (core_) core_->SetFlag("mute", muted_);
+  ControlsChange();
+}
+
+void MpvPlayer::Play() {
+  if (path_.empty() || wish_ == Wish::Play) return;
+  if (!opened_ && !loading_) {
+    Open(std::string(path_));
+    return;
+  }
+  const bool nothingLeft = atEnd_ || (duration_ > 0 && CurrentPosition() > duration_ - kNothing);
+  if (opened_ && seekable_ && nothingLeft) SeekTo(0, true);
+  wish_ = Wish::Play;
+  core_->SetFlag("pause", false);
+  if (!loading_ && !seeking_) {
+    clock_.Run();
+    sampler_->Wake();
+  }
+  UpdateState();
+}
+
+void MpvPlayer::Pause() {
+  if (path_.empty() || wish_ != Wish::Play) return;
+  wish_ = Wish::Pause;
+  core_->SetFlag("pause", true);
+  clock_.Pause(Now());
+  UpdateState();
+}
+
+void MpvPlayer::Stop() {
+  if (path_.empty()) return;
+  wish_ = Wish::Stop;
+  startAt_.reset();
+  core_->SetFlag("pause", true);
+  clock_.Hold(0);
+  if (opened_ && seekable_) {
+    SeekTo(0, false);
+  } else if (opened_) {
+    // There is no way back to the start but to open the film anew, when it is to play again.
+    ++load_;
+    opened_ = false;
+    core_->Unload();
+  }
+  UpdateState();
+}
+
+double MpvPlayer::CurrentPosition() const {
+  lastReadAt_ = Now();
+  lastRead_ = clock_.Position(lastReadAt_);
+  return lastRead_;
+}
+
+void MpvPlayer::SetCurrentPosition(double seconds) {
+  if (path_.empty() || !std::isfinite(seconds)) return;
+  seconds = std::max(seconds, 0.0);
+  if (duration_ > 0) seconds = std::min(seconds, duration_);
+  if (!opened_ && loading_) {
+    startAt_ = seconds;
+    clock_.Hold(seconds);
+  } else if (opened_ && seekable_) {
+    SeekTo(seconds, true);
+  }
+}
+
+Text MpvPlayer::CurrentPositionString() const {
+  // Who reads number and text one after the other gets both of the same instant.
+  const bool justRead = lastReadAt_ > 0 && Now() - lastReadAt_ < kSameInstant;
+  const long long ms = std::llround((justRead ? lastRead_ : CurrentPosition()) * 1000);
+  const long long seconds = ms / 1000;
+  std::array<char, 32> text{};
+  if (seconds >= 3600) {
+    std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld", seconds / 3600, seconds / 60 % 60, seconds % 60);
+  } else {
+    std::snprintf(text.data(), text.size(), "%02lld:%02lld", seconds / 60, seconds % 60);
+  }
+  return FromUtf8(text.data());
+}
+
+void MpvPlayer::SeekTo(double seconds, bool announce) {
+  if (!seeking_) seekFrom_ = CurrentPosition();
+  seeking_ = true;
+  announceSeek_ = announce;
+  target_ = seconds;
+  atEnd_ = false;
+  ++seek_;
+  clock_.Hold(seconds);
+  if (!core_->Seek(seek_, seconds)) seeking_ = false;
+}
+
+void MpvPlayer::UpdateState() {
+  int state = kPlayerStopped;
+  if (path_.empty()) {
+    state = kStateNothing;
+  } else if (wish_ == Wish::Play) {
+    state = loading_ ? kPlayerTransitional : kPlayerPlaying;
+  } else if (wish_ == Wish::Pause) {
+    state = kPlayerPaused;
+  }
+  if (state == state_) return;
+  state_ = state;
+  PlayStateChange(state);
+}
+
+void MpvPlayer::Fail(std::uint64_t load, Text text) {
+  if (load != load_) return;
+  Forget();
+  UpdateState();
+  MediaError(std::move(text));
+}
+
+void MpvPlayer::OnNews(const MpvNews& news) {
+  if (news.load != load_ || path_.empty()) return;
+  switch (news.kind) {
+    case MpvNews::Kind::Opened:
+      OnOpened();
+      break;
+    case MpvNews::Kind::Landed:
+      OnLanded(news.seek, news.flag);
+      break;
+    case MpvNews::Kind::SeekFailed:
+      if (seeking_ && news.seek == seek_) OnLanded(news.seek, false);
+      break;
+    case MpvNews::Kind::EndReached:
+      OnEndReached(news.seek);
+      break;
+    case MpvNews::Kind::Gone:
+      OnGone();
+      break;
+    case MpvNews::Kind::Failed:
+      Fail(news.load, FromUtf8(news.text));
+      break;
+    case MpvNews::Kind::Duration:
+      duration_ = news.number;
+      ControlsChange();
+      break;
+    case MpvNews::Kind::FrameRate:
+      if (news.number > 0) clock_.SetFrameDuration(1 / news.number);
+      break;
+    case MpvNews::Kind::Seekable:
+      seekable_ = news.flag;
+      break;
+  }
+}
+
+void MpvPlayer::OnOpened() {
+  opened_ = true;
+  if (startAt_ && seekable_) SeekTo(*startAt_, true);
+  startAt_.reset();
+}
+
+void MpvPlayer::OnLanded(std::uint64_t seek, bool atEnd) {
+  if (seeking_ && seek != seek_) return;
+  const bool landed = std::exchange(seeking_, false);
+  loading_ = false;
+  atEnd_ = atEnd;
+  if (wish_ == Wish::Play) {
+    if (atEnd) {
+      Stop();
+      return;
+    }
+    // The library pauses by itself at the end of the film, which a seek may have crossed.
+    core_->SetFlag("pause", false);
+    clock_.Run();
+    sampler_->Wake();
+  }
+  const std::uint64_t load = load_;
+  UpdateState();
+  if (landed && announceSeek_ && load == load_) PositionChange(seekFrom_, target_);
+}
+
+void MpvPlayer::OnEndReached(std::uint64_t seek) {
+  if (seeking_ && seek != seek_) return;
+  seeking_ = false;
+  loading_ = false;
+  atEnd_ = true;
+  if (wish_ == Wish::Play) Stop();
+}
+
+void MpvPlayer::OnGone() {
+  if (!opened_) {
+    Fail(load_, u"nothing in the file can be played");
+    return;
+  }
+  opened_ = false;
+  loading_ = false;
+  seeking_ = false;
+  wish_ = Wish::Stop;
+  clock_.Hold(0);
+  UpdateState();
+}
+
+void MpvPlayer::SetSurfaceSize(int width, int height) {
+  if (video_) video_->SetSize(width, height);
+}
+
+VideoFrame MpvPlayer::TakeFrame() { return video_ ? video_->Take() : VideoFrame{}; }
+
+bool MpvPlayer::CreateGl(GlAddress address, void* context) {
+  if (!video_ || output_ != VideoOutput::OpenGl) return false;
+  const bool done = video_->CreateGl(address, context);
+  if (!done) {
+    output_ = VideoOutput::Software;
+    video_->StartSoftware();
+  }
+  if (waitsForGl_) Open(std::string(path_));
+  return done;
+}
+
+void MpvPlayer::RenderGl(int framebuffer, int width, int height) {
+  if (video_) video_->RenderGl(framebuffer, width, height);
+}
+
+void MpvPlayer::DestroyGl() {
+  if (video_ && output_ == VideoOutput::OpenGl) video_->Stop();
+}
+
+}  // namespace cuewright

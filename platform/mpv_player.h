@@ -1,0 +1,128 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/ports/player.h"
+#include "core/ports/video_frames.h"
+#include "platform/mpv_clock.h"
+
+namespace cuewright {
+
+class MpvCore;
+class MpvLibrary;
+class MpvSampler;
+class MpvVideo;
+struct MpvNews;
+
+/// How a player is set up.
+struct MpvPlayerOptions {
+  VideoOutput output = VideoOutput::Software;
+  /// Options of the library, by name and value, that come on top of the player's own.
+  std::vector<std::pair<std::string, std::string>> extra{};
+
+  /// Takes options of the library from the environment variable CUEWRIGHT_MPV_OPTIONS: "name=value" items with
+  /// blanks between, for diagnosis and measurements.
+  static MpvPlayerOptions FromEnvironment();
+};
+
+/// The media player on libmpv. Made, used and ended on the window's thread; nothing here waits for the library.
+/// Without the library it exists all the same, and only opening a file fails, with run-time error 429.
+class MpvPlayer final : public Player, public VideoFrames {
+ public:
+  /// Runs a task on the window's thread, later and never within the call. Called on any thread.
+  using Post = std::function<void(std::function<void()>)>;
+
+  MpvPlayer(const MpvLibrary& library, Post post, const MpvPlayerOptions& options = {});
+  ~MpvPlayer() override;
+  MpvPlayer(const MpvPlayer&) = delete;
+  MpvPlayer& operator=(const MpvPlayer&) = delete;
+
+  void SetUrl(TextView path) override;
+  void Close() override;
+  bool Enabled() const override { return enabled_; }
+  void SetEnabled(bool enabled) override;
+  int PlayState() const override { return state_; }
+  void SetUiMode(TextView mode) override;
+  Text UiMode() const override { return uiMode_; }
+  void SetStretchToFit(bool stretch) override;
+  void SetVolume(int volume) override;
+  int Volume() const override { return volume_; }
+  void SetMuted(bool muted) override;
+  bool Muted() const override { return muted_; }
+  void Play() override;
+  void Pause() override;
+  void Stop() override;
+  double CurrentPosition() const override;
+  void SetCurrentPosition(double seconds) override;
+  Text CurrentPositionString() const override;
+  double Duration() const override { return duration_; }
+
+  VideoOutput Output() const override { return output_; }
+  void SetSurfaceSize(int width, int height) override;
+  VideoFrame TakeFrame() override;
+  bool CreateGl(GlAddress address, void* context) override;
+  void RenderGl(int framebuffer, int width, int height) override;
+  void DestroyGl() override;
+
+ private:
+  /// What the user wants the open film to do.
+  enum class Wish { Play, Pause, Stop };
+
+  void StartCore(const MpvLibrary& library, const MpvPlayerOptions& options);
+  void PostGuarded(std::function<void()> task);
+  void Open(const std::string& path);
+  void Forget();
+  void SeekTo(double seconds, bool announce);
+  void UpdateState();
+  void Fail(std::uint64_t load, Text text);
+
+  void OnNews(const MpvNews& news);
+  void OnOpened();
+  void OnLanded(std::uint64_t seek, bool atEnd);
+  void OnEndReached(std::uint64_t seek);
+  void OnGone();
+
+  Post post_;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  const std::weak_ptr<bool> guard_{alive_};  // what posted tasks hold
+  std::unique_ptr<MpvCore> core_;
+  std::unique_ptr<MpvVideo> video_;
+  VideoOutput output_;
+
+  std::uint64_t load_ = 0;  // number of the newest opening; news of older ones is stale
+  std::string path_;        // empty: nothing open
+  bool waitsForGl_ = false;
+  bool loading_ = false;  // until the first picture or sound
+  bool opened_ = false;
+  bool seekable_ = true;
+  bool atEnd_ = false;
+  Wish wish_ = Wish::Stop;
+  int state_ = 0;
+  double duration_ = 0;
+
+  std::uint64_t seek_ = 0;  // number of the newest seek
+  bool seeking_ = false;    // it has not landed
+  bool announceSeek_ = false;
+  double seekFrom_ = 0;
+  double target_ = 0;
+  std::optional<double> startAt_;  // asked for while loading
+
+  bool enabled_ = false;
+  Text uiMode_ = u"full";
+  int volume_ = 75;
+  bool muted_ = false;
+
+  mutable MpvClock clock_;
+  mutable double lastRead_ = 0;  // the position last handed out, and when
+  mutable double lastReadAt_ = 0;
+
+  std::unique_ptr<MpvSampler> sampler_;
+};
+
+}  // namespace cuewright
