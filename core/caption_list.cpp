@@ -35,9 +35,9 @@ int MiddleBlank(TextView text) {
   for (;;) {
     if (isBlank(forward)) return forward;
     ++forward;
-    if (isBlank(back)) return back;
-    --back;
-    if (forward >= length || back == 0) return isBlank(forward) ? forward : back;
+    const bool found = isBlank(back);
+    if (!found) --back;
+    if (found || forward >= length || back == 0) return isBlank(forward) ? forward : back;
   }
 }
 

@@ -43,6 +43,11 @@ class RowStore {
   T& Item(std::size_t at) { return items_[at < gapBegin_ ? at : at + GapSize()]; }
 
   void MoveGap(std::size_t at) {
+    // An empty gap moves without its items: an item moved onto itself would be lost.
+    if (gapBegin_ == gapEnd_) {
+      gapBegin_ = gapEnd_ = at;
+      return;
+    }
     while (gapBegin_ > at) items_[--gapEnd_] = std::move(items_[--gapBegin_]);
     while (gapBegin_ < at) items_[gapBegin_++] = std::move(items_[gapEnd_++]);
   }

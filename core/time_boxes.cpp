@@ -104,7 +104,7 @@ void TimeBoxes::Overwrite(TextBox& box, char16_t character) {
   Text text = box.GetText();
   const auto at = static_cast<std::size_t>(box.SelStart());
   if (at < text.size()) {
-    text.replace(at, static_cast<std::size_t>(std::max(box.SelLength(), 1)), 1, character);
+    text[at] = character;
   } else if (text.size() < kLength) {
     text += character;
   }

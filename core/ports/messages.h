@@ -15,14 +15,14 @@ struct MessageBox {
   Text text;
   BoxIcon icon = BoxIcon::None;
   BoxButtons buttons = BoxButtons::Ok;
-  Text title;  ///< empty: the program's title
+  Text title{};  ///< empty: the program's title
 };
 
 /// A one-line question.
 struct InputBox {
   Text prompt;
   Text title;
-  Text initial;
+  Text initial{};
 };
 
 /// Modal boxes. A call returns when the user has answered.

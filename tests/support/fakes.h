@@ -1,0 +1,150 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/ports/desktop.h"
+#include "core/ports/event_queue.h"
+#include "core/ports/file_dialogs.h"
+#include "core/ports/messages.h"
+#include "core/ports/player.h"
+
+namespace cuewright::testing {
+
+/// A player whose state and clock the test sets.
+class FakePlayer final : public Player {
+ public:
+  void SetUrl(TextView path) override {
+    url = path;
+    urls.emplace_back(path);
+  }
+  void Close() override { ++closes; }
+  bool Enabled() const override { return enabled; }
+  void SetEnabled(bool on) override { enabled = on; }
+  int PlayState() const override { return state; }
+  void SetUiMode(TextView mode) override { uiMode = mode; }
+  Text UiMode() const override { return uiMode; }
+  void SetStretchToFit(bool on) override { stretch = on; }
+  void SetVolume(int value) override { volume = value; }
+  int Volume() const override { return volume; }
+  void SetMuted(bool on) { muted = on; }
+  bool Muted() const { return muted; }
+  void Play() override { Become(kPlayerPlaying); }
+  void Pause() override { Become(kPlayerPaused); }
+  void Stop() override {
+    position = 0;
+    Become(kPlayerStopped);
+  }
+  double CurrentPosition() const override { return position; }
+  void SetCurrentPosition(double seconds) override {
+    seeks.push_back(seconds);
+    const double old = position;
+    position = seconds;
+    PositionChange(old, seconds);
+  }
+  Text CurrentPositionString() const override { return positionText; }
+  double Duration() const override { return duration; }
+
+  /// Changes the state and announces it.
+  void Become(int newState) {
+    state = newState;
+    PlayStateChange(newState);
+  }
+
+  Text url;
+  std::vector<Text> urls;
+  int closes = 0;
+  bool enabled = false;
+  int state = 0;
+  Text uiMode = u"full";
+  bool stretch = true;
+  int volume = 75;
+  bool muted = false;
+  double position = 0;
+  Text positionText = u"00:00";
+  double duration = 0;
+  std::vector<double> seeks;
+};
+
+/// Boxes answered from queues; what was shown is kept.
+class FakeMessages final : public Messages {
+ public:
+  BoxAnswer Show(const MessageBox& box) override {
+    shown.push_back(box);
+    if (answers.empty()) return box.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::Cancel;
+    const BoxAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  Text Ask(const InputBox& box) override {
+    asked.push_back(box);
+    if (lines.empty()) return {};
+    Text line = lines.front();
+    lines.pop_front();
+    return line;
+  }
+
+  std::vector<MessageBox> shown;
+  std::vector<InputBox> asked;
+  std::deque<BoxAnswer> answers;
+  std::deque<Text> lines;
+};
+
+class FakeFileDialogs final : public FileDialogs {
+ public:
+  struct Call {
+    Text title, filter, folder, proposal;
+  };
+  Text ShowOpenDialog(TextView title, TextView filter, TextView folder) override {
+    calls.push_back({Text(title), Text(filter), Text(folder), {}});
+    return Take();
+  }
+  Text ShowSaveDialog(TextView title, TextView filter, TextView folder, TextView proposal) override {
+    calls.push_back({Text(title), Text(filter), Text(folder), Text(proposal)});
+    return Take();
+  }
+
+  std::vector<Call> calls;
+  std::deque<Text> paths;
+
+ private:
+  Text Take() {
+    if (paths.empty()) return {};
+    Text path = paths.front();
+    paths.pop_front();
+    return path;
+  }
+};
+
+/// A clock that moves when the test waits; `onYield` runs at each yield.
+class FakeEventQueue final : public EventQueue {
+ public:
+  void Yield() override {
+    ++yields;
+    if (onYield) onYield();
+  }
+  void WaitMs(int ms) override { now += ms; }
+  std::int64_t NowMs() const override { return now; }
+
+  int yields = 0;
+  std::int64_t now = 0;
+  std::function<void()> onYield;
+};
+
+class FakeDesktop final : public Desktop {
+ public:
+  bool ShellOpen(TextView target) override {
+    opened.emplace_back(target);
+    return true;
+  }
+  bool ClipboardHasText() const override { return !clipboard.empty(); }
+  Text ClipboardText() const override { return clipboard; }
+  void SetBusy(bool on) override { busy = on; }
+
+  std::vector<Text> opened;
+  Text clipboard;
+  bool busy = false;
+};
+
+}  // namespace cuewright::testing
