@@ -385,7 +385,13 @@ bool MpvPlayer::CreateGl(GlAddress address, void* context) {
     output_ = VideoOutput::Software;
     video_->StartSoftware();
   }
-  if (waitsForGl_) Open(std::string(path_));
+  if (waitsForGl_) {
+    Open(std::string(path_));
+  } else if (core_ && opened_) {
+    // The picture was given up with the context of before; only a change of the choice brings it back.
+    core_->SetChoice("vid", "no");
+    core_->SetChoice("vid", "auto");
+  }
   return done;
 }
 

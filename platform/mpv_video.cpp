@@ -44,7 +44,7 @@ bool MpvVideo::StartSoftware() {
 }
 
 bool MpvVideo::CreateGl(VideoFrames::GlAddress address, void* context) {
-  if (context_) return !software_;
+  if (context_ || address == nullptr) return context_ && !software_;
   char api[] = MPV_RENDER_API_TYPE_OPENGL;
   mpv_opengl_init_params init{};
   init.get_proc_address = address;
