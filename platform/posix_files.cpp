@@ -120,6 +120,7 @@ RuntimeError ErrorOfErrno(int error, TextView path) {
       return make(kErrorPathNotFound, u"Path not found");
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:
       return make(kErrorDiskFull, u"Disk full");
     case EACCES:
     case EPERM:
@@ -131,7 +132,6 @@ RuntimeError ErrorOfErrno(int error, TextView path) {
     case ENAMETOOLONG:
       return make(kErrorPathFileAccess, u"Path/File access error");
     case ENOMEM:
-    case EFBIG:
       return make(kErrorOutOfMemory, u"Out of memory");
     default:
       return make(kErrorDeviceIo, u"Device I/O error (" + FromUtf8(std::strerror(error)) + u")");
@@ -170,7 +170,7 @@ std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
   std::size_t done = 0;
   for (;;) {
     if (done == bytes.size()) {
-      if (bytes.size() > limit) throw ErrorOfErrno(EFBIG, path);
+      if (bytes.size() > limit) throw ErrorOfErrno(ENOMEM, path);
       bytes.resize(bytes.size() * 2);
     }
     const ssize_t count = ::read(fd.Get(), bytes.data() + done, bytes.size() - done);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "core/form/control.h"
 
@@ -127,6 +128,42 @@ class Timer final : public Control {
 
  private:
   int interval_;
+};
+
+/// A box that opens a list of texts; one that is editable also takes any text.
+class ComboBox final : public Control {
+ public:
+  ComboBox(Form& form, std::string name) : Control(form, Kind::Combo, std::move(name)) {}
+
+  const std::vector<Text>& Items() const { return items_; }
+  void SetItems(std::vector<Text> items) {
+    items_ = std::move(items);
+    index_ = -1;
+    Changed();
+  }
+  /// The chosen item; -1 for none or a text of the user's own.
+  int Index() const { return index_; }
+  void SetIndex(int index) {
+    if (index < -1 || index >= static_cast<int>(items_.size())) return;
+    index_ = index;
+    if (index >= 0) SetText(items_[static_cast<std::size_t>(index)]);
+    Changed();
+  }
+  bool Editable() const { return editable_; }
+  void SetEditable(bool editable) { Assign(editable_, editable); }
+
+  /// The user chose an item.
+  void Choose(int index) {
+    SetIndex(index);
+    Chosen();
+  }
+  Signal<> Chosen;
+  Signal<KeyEvent&> KeyPress;  ///< a character about to be typed
+
+ private:
+  std::vector<Text> items_;
+  int index_ = -1;
+  bool editable_ = false;
 };
 
 }  // namespace cuewright

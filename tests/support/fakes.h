@@ -28,8 +28,8 @@ class FakePlayer final : public Player {
   void SetStretchToFit(bool on) override { stretch = on; }
   void SetVolume(int value) override { volume = value; }
   int Volume() const override { return volume; }
-  void SetMuted(bool on) { muted = on; }
-  bool Muted() const { return muted; }
+  void SetMuted(bool on) override { muted = on; }
+  bool Muted() const override { return muted; }
   void Play() override { Become(kPlayerPlaying); }
   void Pause() override { Become(kPlayerPaused); }
   void Stop() override {

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/caption_grid.h"
+#include "core/caption_list.h"
+#include "core/caption_panel.h"
+#include "core/document.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/ports/messages.h"
+#include "core/preview.h"
+#include "core/timing_capture.h"
+#include "settings/store.h"
+
+namespace cuewright {
+
+/// The actions on captions of the menus Edit, Format and Settings, of the list and of the text pane.
+class CaptionCommands {
+ public:
+  CaptionCommands(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel,
+                  const DocumentState& document, AppOptions& options, const LangStrings& strings, Messages& messages,
+                  SettingsStore& store, Preview& preview, TimingCapture& capture);
+
+  /// Asks for a text and inserts it untimed at a row (0: the bottom); false when the user gave none.
+  bool CreateCaption(Row row);
+
+  /// The check and the custom text of the separator's menu follow the separator in force.
+  void ShowSeparator();
+
+  /// What the list does on its own keys and clicks.
+  void OnListKey(KeyEvent& key);
+  void OnListDoubleClick();
+  /// Pointer position in pixels from the list's top, heading included. True when the list's menu is to open.
+  bool OnListRightDown(int y);
+  void OnListUp(int y);
+
+ private:
+  void WireMenus();
+  void WireTextPane();
+  void AddBelow();
+  void AddBottom();
+  void EditSelected();
+  void RemoveSelected();
+  void GoTo();
+  void CountUntimed();
+  void NextUntimed();
+  void Toggle(TextView marker);
+  void ChangeSeparator(std::size_t choice);
+  void ReplaceSeparator(TextView before, TextView after);
+  void TakeTextPane();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  CaptionGrid& grid_;
+  CaptionPanel& panel_;
+  const DocumentState& document_;
+  AppOptions& options_;
+  const LangStrings& strings_;
+  Messages& messages_;
+  SettingsStore& store_;
+  Preview& preview_;
+  TimingCapture& capture_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,66 @@
+#include "forms/main_layout.h"
+
+#include <algorithm>
+
+namespace cuewright {
+namespace {
+
+constexpr int kMargin = 8;
+constexpr int kBesidePlayer = 24;  // the margins at both sides and the divider
+constexpr int kLeastPlayer = 182;
+constexpr int kDividerFromLeft = 64;
+constexpr int kDividerFromRight = 180;
+constexpr int kStatusOn = 56;
+constexpr int kStatusOff = 8;
+constexpr int kGapsWithWave = 20;
+constexpr int kGapsWithoutWave = 16;
+constexpr int kBesideWave = 28;  // room for the scale's slider
+
+}  // namespace
+
+void MainLayout::SetBars(bool informationBar, int waveHeight, int bottomHeight) {
+  statusHeight_ = informationBar ? kStatusOn : kStatusOff;
+  waveHeight_ = waveHeight;
+  bottomHeight_ = bottomHeight;
+  Apply();
+}
+
+void MainLayout::SetInner(int width, int height) {
+  width_ = width;
+  height_ = height;
+  Apply();
+}
+
+void MainLayout::DragDivider(int left) {
+  if (left < kDividerFromLeft || left > width_ - kDividerFromRight) return;
+  SetListWidth(left - kMargin);
+}
+
+void MainLayout::SetListWidth(int width) {
+  wantedList_ = width;
+  Apply();
+}
+
+void MainLayout::Apply() {
+  // A narrow window squeezes the list, not the player.
+  const int listWidth = std::max(std::min(wantedList_, width_ - kBesidePlayer - kLeastPlayer), 0);
+  const int gaps = waveHeight_ > 0 ? waveHeight_ + kGapsWithWave : kGapsWithoutWave;
+  const int listHeight = std::max(height_ - statusHeight_ - bottomHeight_ - gaps, 0);
+  status_ = {0, 0, width_, statusHeight_};
+  list_ = {kMargin, statusHeight_, listWidth, listHeight};
+  divider_ = {kMargin + listWidth, statusHeight_, kMargin, listHeight};
+  player_ = {2 * kMargin + listWidth, statusHeight_, width_ - listWidth - kBesidePlayer, listHeight};
+  wave_ = {kMargin, statusHeight_ + listHeight + kMargin, std::max(width_ - kBesideWave - kMargin, 0), waveHeight_};
+  bottom_ = {0, height_ - bottomHeight_, width_, bottomHeight_};
+}
+
+int MainLayout::FileLabelWidth() const { return std::max(width_ - kStatusOn - kBesidePlayer, 0); }
+
+std::array<int, 4> MainLayout::ColumnWidths(int listWidth, int paneWidth, int scrollBarWidth) {
+  std::array<int, 4> widths = {34, 58, 58, 0};
+  if (listWidth > paneWidth - 2) widths = {listWidth * 8 / 100, listWidth * 15 / 100, listWidth * 15 / 100, 0};
+  widths[3] = std::max(listWidth - widths[0] - widths[1] - widths[2] - scrollBarWidth - 8, 0);
+  return widths;
+}
+
+}  // namespace cuewright

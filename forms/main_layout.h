@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+
+namespace cuewright {
+
+/// A rectangle in pixels of the window's inner area.
+struct Rect {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const Rect&) const = default;
+};
+
+/// Where the parts of the main window stand. All sizes are pixels of the inner area below the menu.
+class MainLayout {
+ public:
+  static constexpr int kLeastWidth = 700;
+  static constexpr int kLeastHeight = 570;
+
+  /// The bars: height of the information bar with and without its content, of the Audio bar (0: off), of the bottom
+  /// panel.
+  void SetBars(bool informationBar, int waveHeight, int bottomHeight);
+  /// The window's inner size has changed.
+  void SetInner(int width, int height);
+  /// The divider was dragged to a horizontal position; ignored nearer than 64 to the left or 180 to the right.
+  void DragDivider(int left);
+
+  int ListWidth() const { return list_.width; }
+  void SetListWidth(int width);
+
+  const Rect& Status() const { return status_; }
+  const Rect& List() const { return list_; }
+  const Rect& Divider() const { return divider_; }
+  const Rect& Player() const { return player_; }
+  const Rect& Wave() const { return wave_; }
+  const Rect& Bottom() const { return bottom_; }
+  /// Width of the file labels in the information bar, and whether the bar has room for the logo.
+  int FileLabelWidth() const;
+  bool ShowsLogo() const { return width_ >= kLogoFrom; }
+
+  /// Widths of the list's four columns for a list and a text pane of these widths.
+  static std::array<int, 4> ColumnWidths(int listWidth, int paneWidth, int scrollBarWidth);
+
+ private:
+  static constexpr int kLogoFrom = 910;
+  void Apply();
+
+  int width_ = kLeastWidth;
+  int height_ = kLeastHeight;
+  int wantedList_ = 330;
+  int statusHeight_ = 56;
+  int waveHeight_ = 0;
+  int bottomHeight_ = 150;
+  Rect status_, list_, divider_, player_, wave_, bottom_;
+};
+
+}  // namespace cuewright

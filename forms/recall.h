@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/folders.h"
+#include "core/form/main_window.h"
+#include "core/ports/files.h"
+#include "settings/store.h"
+
+namespace cuewright {
+
+/// The last files and the last folder, and the items of the File menu that offer them.
+class Recall {
+ public:
+  Recall(MainWindow& window, SettingsStore& store, const Files& files, const Folders& folders);
+
+  /// The folder in which every file dialog opens.
+  Text LastFolder() const;
+  /// Keeps the folder of a path.
+  void SavePath(TextView path);
+
+  /// The path kept under a key ("TFileName", "VFileName", "AFileName").
+  Text Path(TextView key) const;
+  /// Keeps a path under a key and shows it in its menu item.
+  void Remember(TextView key, MenuItem& item, TextView path);
+
+  /// Shows the kept paths that exist; none of a browser's cache.
+  void ShowKept();
+
+ private:
+  void Show(MenuItem& item, TextView path);
+
+  MainWindow& window_;
+  SettingsStore& store_;
+  const Files& files_;
+  const Folders& folders_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "core/caption_grid.h"
+#include "core/caption_panel.h"
+#include "core/document.h"
+#include "core/folders.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/timing_capture.h"
+#include "forms/caption_commands.h"
+#include "forms/main_layout.h"
+#include "forms/player_binding.h"
+#include "forms/ports.h"
+#include "forms/recall.h"
+
+namespace cuewright {
+
+/// How the main window starts, what of it the open files allow, and its layout.
+class Shell {
+ public:
+  Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel, DocumentState& document,
+        AppOptions& options, const LangStrings& strings, SettingsStore& store, Recall& recall, Preview& preview,
+        TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, Ports ports);
+
+  /// The size and state that the window starts with.
+  struct StartSize {
+    int width = 0;
+    int height = 0;
+    bool maximised = false;
+  };
+
+  /// Applies the settings to the window; the size is for a screen of these pixels.
+  StartSize LoadOptions(int screenWidth, int screenHeight);
+  /// Enables and shows what the open files allow.
+  void ResetControls();
+  /// The two file labels of the information bar.
+  void RefreshFileLabels();
+  /// Captions of all controls in the language in force.
+  void ApplyMainWindowLanguage(bool rightToLeft);
+  /// Stores the window's own settings; size and state only when it isn't minimised.
+  void SaveAtUnload(bool minimised, bool maximised, int width, int height);
+
+  MainLayout& Layout() { return layout_; }
+  /// Lays the columns out for the present layout; the widths of text pane and scroll bar are the window's.
+  void ApplyColumns(int paneWidth, int scrollBarWidth);
+
+  Signal<> LayoutChanged;
+
+ private:
+  void Wire();
+  void SetDocumentItems(bool on);
+  void ToggleInfoBar();
+  void UpdateBars();
+  void ApplyMenuTexts();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  CaptionGrid& grid_;
+  CaptionPanel& panel_;
+  DocumentState& document_;
+  AppOptions& options_;
+  const LangStrings& strings_;
+  SettingsStore& store_;
+  Recall& recall_;
+  Preview& preview_;
+  TimingCapture& capture_;
+  CaptionCommands& commands_;
+  PlayerBinding& playerBinding_;
+  Ports ports_;
+  MainLayout layout_;
+};
+
+}  // namespace cuewright

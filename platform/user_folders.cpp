@@ -1,0 +1,69 @@
+#include "platform/user_folders.h"
+
+#include <limits.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+#include "platform/posix_files.h"
+
+namespace cuewright {
+namespace {
+
+std::string Environment(const char* name) {
+  const char* value = ::getenv(name);
+  return value == nullptr ? std::string() : value;
+}
+
+/// A folder variable of the desktop counts only when it is absolute.
+std::string FolderFrom(const char* variable) {
+  const std::string value = Environment(variable);
+  return value.starts_with('/') ? value : std::string();
+}
+
+}  // namespace
+
+Text SettingsFilePath() {
+  std::string folder = FolderFrom("XDG_CONFIG_HOME");
+  if (folder.empty()) {
+    const std::string home = FolderFrom("HOME");
+    if (home.empty()) return {};
+    folder = home + "/.config";
+  }
+  return FromUtf8(folder + "/tessaly-cuewright/settings.ini");
+}
+
+Text MakeRunFolder() {
+  for (std::string base : {FolderFrom("XDG_RUNTIME_DIR"), FolderFrom("TMPDIR"), std::string("/tmp")}) {
+    if (base.empty()) continue;
+    base += "/cuewrite-XXXXXX";
+    if (::mkdtemp(base.data()) != nullptr) return FromUtf8(base + "/");
+  }
+  throw ErrorOfErrno(errno, u"/tmp");
+}
+
+void RemoveRunFolderIfEmpty(TextView folder) {
+  if (!folder.empty()) ::rmdir(ToUtf8(folder).c_str());
+}
+
+Text ProgramFolder() {
+  std::array<char, PATH_MAX> path{};
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0) return u"./";
+  const std::string file(path.data(), static_cast<std::size_t>(length));
+  return FromUtf8(file.substr(0, file.rfind('/') + 1));
+}
+
+Text AbsoluteIfExists(TextView path) {
+  std::error_code error;
+  const std::filesystem::path given(ToUtf8(path));
+  if (path.empty() || !std::filesystem::exists(given, error)) return Text(path);
+  const auto absolute = std::filesystem::absolute(given, error).lexically_normal();
+  return error ? Text(path) : FromUtf8(absolute.string());
+}
+
+}  // namespace cuewright

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/text.h"
+
+namespace cuewright {
+
+/// The user's settings file, in the XDG configuration folder.
+Text SettingsFilePath();
+
+/// Makes a folder for this run alone, with a name nobody can guess and for this user only (mode 0700), and gives its
+/// path with a "/" at the end. Run-time error when that fails.
+Text MakeRunFolder();
+
+/// Removes the run's folder when nothing stands in it.
+void RemoveRunFolderIfEmpty(TextView folder);
+
+/// The folder that the program's own file stands in, with a "/" at the end.
+Text ProgramFolder();
+
+/// The path of an existing file made absolute; a text that is no existing file's path stays.
+Text AbsoluteIfExists(TextView path);
+
+}  // namespace cuewright

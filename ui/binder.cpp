@@ -1,0 +1,341 @@
+#include "ui/binder.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+
+#include "ui/key_codes.h"
+#include "ui/qt_text.h"
+
+namespace cuewright {
+
+Binder::Binder(QWidget& root, Form& form) : QObject(&root), root_(root), form_(form) {}
+
+Binder::~Binder() = default;
+
+void Binder::Watch(Control& control, std::function<void()> show) {
+  show();
+  connections_.push_back(control.Changed.ConnectScoped(std::move(show)));
+}
+
+void Binder::ShowCommon(const Control& control, QWidget& widget) {
+  if (widget.isEnabled() != control.Enabled()) widget.setEnabled(control.Enabled());
+  if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
+  const QString tip = ToQt(control.ToolTip());
+  if (widget.toolTip() != tip) widget.setToolTip(tip);
+  const auto direction = control.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+  if (widget.testAttribute(Qt::WA_SetLayoutDirection) || control.RightToLeft()) {
+    if (widget.layoutDirection() != direction) widget.setLayoutDirection(direction);
+  }
+  if (widget.font().underline() != control.Underlined()) {
+    QFont font = widget.font();
+    font.setUnderline(control.Underlined());
+    widget.setFont(font);
+  }
+}
+
+QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
+  auto* action = new QAction(owner);
+  action->setObjectName(QString::fromStdString(item.Name()));
+  action->setSeparator(item.IsSeparator());
+  action->setCheckable(item.Checkable());
+  if (!item.Shortcut().empty()) {
+    action->setShortcut(QKeySequence(QString::fromStdString(item.Shortcut())));
+  }
+  bound_.insert(&item, action);
+  Watch(item, [&item, action] {
+    action->setText(ToQt(item.GetText()));
+    action->setEnabled(item.Enabled());
+    action->setVisible(item.Visible());
+    action->setChecked(item.Checked());
+  });
+  connect(action, &QAction::triggered, this, [&item, action] {
+    // The form decides about the check, not the click.
+    action->setChecked(item.Checked());
+    item.Click();
+    action->setChecked(item.Checked());
+  });
+  auto* menu = new QMenu(&root_);
+  menu->setObjectName(action->objectName() + "Menu");
+  FillMenu(*menu, item);
+  if (menu->isEmpty()) {
+    delete menu;
+  } else {
+    action->setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [&item] { item.AboutToShow(); });
+  }
+  return action;
+}
+
+void Binder::FillMenu(QMenu& menu, const MenuItem& parent) {
+  for (Control* control : form_.Controls()) {
+    if (control->GetKind() != Control::Kind::Menu) continue;
+    auto& item = static_cast<MenuItem&>(*control);
+    if (item.Parent() == &parent && !bound_.contains(&item)) menu.addAction(MakeAction(item, &menu));
+  }
+}
+
+QStringList Binder::BindAll() {
+  QStringList missing;
+  for (Control* control : form_.Controls()) {
+    if (!bound_.contains(control) && !BindOne(*control)) missing << QString::fromStdString(control->Name());
+  }
+  return missing;
+}
+
+bool Binder::BindOne(Control& control) {
+  if (control.GetKind() == Control::Kind::Timer) {
+    BindTimer(static_cast<Timer&>(control));
+    return true;
+  }
+  auto* widget = root_.findChild<QWidget*>(QString::fromStdString(control.Name()));
+  if (widget == nullptr) return false;
+  bound_.insert(&control, widget);
+  switch (control.GetKind()) {
+    case Control::Kind::Label: {
+      auto* label = qobject_cast<QLabel*>(widget);
+      Watch(control, [this, &control, label, widget] {
+        if (label != nullptr && label->text() != ToQt(control.GetText())) label->setText(ToQt(control.GetText()));
+        ShowCommon(control, *widget);
+      });
+      filtered_.insert(widget, &control);
+      widget->installEventFilter(this);
+      break;
+    }
+    case Control::Kind::Button:
+      BindButton(static_cast<Button&>(control), *static_cast<QAbstractButton*>(widget));
+      break;
+    case Control::Kind::Option:
+      BindOption(static_cast<OptionButton&>(control), *static_cast<QAbstractButton*>(widget));
+      break;
+    case Control::Kind::TextBox:
+      BindTextBox(static_cast<TextBox&>(control), *widget);
+      break;
+    case Control::Kind::Combo:
+      BindCombo(static_cast<ComboBox&>(control), *static_cast<QComboBox*>(widget));
+      break;
+    default:
+      Watch(control, [this, &control, widget] { ShowCommon(control, *widget); });
+      filtered_.insert(widget, &control);
+      widget->installEventFilter(this);
+  }
+  return true;
+}
+
+void Binder::BindTimer(Timer& timer) {
+  auto* clock = new QTimer(this);
+  clock->setObjectName(QString::fromStdString(timer.Name()));
+  clock->setTimerType(Qt::PreciseTimer);
+  clock->setInterval(timer.Interval());
+  bound_.insert(&timer, clock);
+  Watch(timer, [&timer, clock] {
+    if (timer.Enabled() == clock->isActive()) return;
+    if (timer.Enabled()) {
+      clock->start();
+    } else {
+      clock->stop();
+    }
+  });
+  connect(clock, &QTimer::timeout, this, [&timer] {
+    if (timer.Enabled()) timer.Tick();
+  });
+}
+
+void Binder::BindButton(Button& button, QAbstractButton& widget) {
+  Watch(button, [this, &button, &widget] {
+    if (widget.text() != ToQt(button.GetText())) widget.setText(ToQt(button.GetText()));
+    ShowCommon(button, widget);
+  });
+  connect(&widget, &QAbstractButton::clicked, this, [&button] { button.Click(); });
+  filtered_.insert(&widget, &button);
+  widget.installEventFilter(this);
+}
+
+void Binder::BindOption(OptionButton& option, QAbstractButton& widget) {
+  widget.setAutoExclusive(false);  // the form keeps the group
+  Watch(option, [this, &option, &widget] {
+    if (widget.text() != ToQt(option.GetText())) widget.setText(ToQt(option.GetText()));
+    widget.setChecked(option.Value());
+    ShowCommon(option, widget);
+  });
+  connect(&widget, &QAbstractButton::clicked, this, [&option, &widget] {
+    if (option.Enabled()) option.Clicked();
+    widget.setChecked(option.Value());
+  });
+}
+
+void Binder::BindCombo(ComboBox& combo, QComboBox& widget) {
+  widget.setEditable(combo.Editable());
+  Watch(combo, [this, &combo, &widget] {
+    const QSignalBlocker quiet(&widget);
+    const auto& items = combo.Items();
+    bool same = widget.count() == static_cast<int>(items.size());
+    for (int i = 0; same && i < widget.count(); ++i)
+      same = widget.itemText(i) == ToQt(items[static_cast<std::size_t>(i)]);
+    if (!same) {
+      widget.clear();
+      for (const Text& item : items) widget.addItem(ToQt(item));
+    }
+    if (widget.currentIndex() != combo.Index()) widget.setCurrentIndex(combo.Index());
+    if (combo.Editable() && !taking_ && widget.currentText() != ToQt(combo.GetText())) {
+      widget.setEditText(ToQt(combo.GetText()));
+    }
+    ShowCommon(combo, widget);
+  });
+  connect(&widget, &QComboBox::activated, this, [&combo](int index) { combo.Choose(index); });
+  if (combo.Editable()) {
+    connect(&widget, &QComboBox::editTextChanged, this, [this, &combo](const QString& text) {
+      taking_ = true;
+      combo.SetText(FromQt(text));
+      taking_ = false;
+    });
+  }
+}
+
+void Binder::BindTextBox(TextBox& box, QWidget& widget) {
+  Watch(box, [this, &box, &widget] {
+    ShowCommon(box, widget);
+    if (taking_) return;
+    if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+      const QSignalBlocker quiet(line);
+      if (line->text() != ToQt(box.GetText())) line->setText(ToQt(box.GetText()));
+      if (line->hasFocus()) line->setSelection(box.SelStart(), box.SelLength());
+    } else if (auto* pane = qobject_cast<QPlainTextEdit*>(&widget)) {
+      const QString text = ToQt(ReplaceAll(box.GetText(), kLineEnd, u"\n"));
+      const QSignalBlocker quiet(pane);
+      if (pane->toPlainText() != text) pane->setPlainText(text);
+    }
+  });
+  if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+    connect(line, &QLineEdit::textEdited, this, [this, &box, &widget] { TakeText(box, widget); });
+  } else if (auto* pane = qobject_cast<QPlainTextEdit*>(&widget)) {
+    connect(pane, &QPlainTextEdit::textChanged, this, [this, &box, &widget] { TakeText(box, widget); });
+  }
+  filtered_.insert(&widget, &box);
+  widget.installEventFilter(this);
+}
+
+void Binder::TakeText(TextBox& box, QWidget& widget) {
+  if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+    taking_ = true;
+    box.SetText(FromQt(line->text()));
+    box.NoteSelection(line->cursorPosition(), 0);
+    taking_ = false;
+  } else if (auto* pane = qobject_cast<QPlainTextEdit*>(&widget)) {
+    const Text text = ReplaceAll(FromQt(pane->toPlainText()), u"\n", kLineEnd);
+    if (text == box.GetText()) return;
+    taking_ = true;
+    box.SetText(text);
+    taking_ = false;
+  }
+  box.Edited();
+}
+
+bool Binder::eventFilter(QObject* object, QEvent* event) {
+  Control* control = filtered_.value(object);
+  if (control == nullptr) return false;
+  switch (control->GetKind()) {
+    case Control::Kind::Button:
+      return FilterButton(static_cast<Button&>(*control), *event);
+    case Control::Kind::TextBox:
+      return FilterTextBox(static_cast<TextBox&>(*control), *static_cast<QWidget*>(object), *event);
+    case Control::Kind::Label:
+      if (event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        static_cast<Label&>(*control).Clicked();
+      }
+      return false;
+    case Control::Kind::Picture:
+      if (event->type() == QEvent::MouseButtonPress) {
+        const auto& mouse = *static_cast<QMouseEvent*>(event);
+        static_cast<Picture&>(*control).MouseDown({MouseButtonOf(mouse.button()),
+                                                   static_cast<int>(mouse.position().x()),
+                                                   static_cast<int>(mouse.position().y())});
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool Binder::FilterButton(Button& button, QEvent& event) {
+  switch (event.type()) {
+    case QEvent::KeyPress: {
+      KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
+      button.KeyDown(key);
+      return false;
+    }
+    case QEvent::KeyRelease: {
+      KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
+      button.KeyUp(key);
+      return false;
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+      if (!button.Enabled()) return false;
+      const auto& mouse = static_cast<QMouseEvent&>(event);
+      button.MouseDown({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
+                        static_cast<int>(mouse.position().y())});
+      return false;
+    }
+    case QEvent::MouseButtonRelease: {
+      const auto& mouse = static_cast<QMouseEvent&>(event);
+      button.MouseUp({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
+                      static_cast<int>(mouse.position().y())});
+      return false;
+    }
+    default:
+      return false;
+  }
+}
+
+bool Binder::FilterTextBox(TextBox& box, QWidget& widget, QEvent& event) {
+  auto* line = qobject_cast<QLineEdit*>(&widget);
+  const auto note = [&] {
+    if (line == nullptr) return;
+    const bool selected = line->hasSelectedText();
+    box.NoteSelection(selected ? line->selectionStart() : line->cursorPosition(),
+                      selected ? static_cast<int>(line->selectedText().size()) : 0);
+  };
+  switch (event.type()) {
+    case QEvent::KeyPress: {
+      auto& pressed = static_cast<QKeyEvent&>(event);
+      KeyEvent key = KeyEventOf(pressed);
+      note();
+      box.KeyDown(key);
+      const bool types = key.character != 0 || key.code == kKeyBackspace;
+      if (!key.handled && types && !key.command) box.KeyPress(key);
+      return key.handled;
+    }
+    case QEvent::KeyRelease: {
+      KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
+      if (!key.autoRepeat) box.KeyUp(key);
+      return false;
+    }
+    case QEvent::FocusIn:
+      box.GotFocus();
+      return false;
+    case QEvent::FocusOut:
+      box.LostFocus();
+      return false;
+    case QEvent::MouseButtonRelease:
+      // Behind the widget's own handling, which places the caret.
+      QMetaObject::invokeMethod(
+          this,
+          [this, &box, line, note] {
+            if (line == nullptr) return;
+            box.NoteSelection(line->cursorPosition(), 0);
+            box.MouseUp({MouseButton::Left, 0, 0});
+          },
+          Qt::QueuedConnection);
+      return false;
+    default:
+      return false;
+  }
+}
+
+}  // namespace cuewright

@@ -1,0 +1,252 @@
+#include "ui/caption_table.h"
+
+#include <QContextMenuEvent>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QScrollBar>
+
+#include "ui/key_codes.h"
+#include "ui/qt_text.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kColumns = 4;
+constexpr int kRowPadding = 6;
+
+}  // namespace
+
+CaptionModel::CaptionModel(CaptionList& list, CaptionGrid& grid, QObject* parent)
+    : QAbstractTableModel(parent), list_(list), grid_(grid) {
+  connections_.push_back(list_.Spliced.ConnectScoped([this](const Splice& splice) { OnSplice(splice); }));
+}
+
+int CaptionModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shownRows_; }
+
+int CaptionModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.Active() ? kColumns : 1;
+}
+
+QVariant CaptionModel::data(const QModelIndex& index, int role) const {
+  const Row row = index.row() + 1;
+  if (!index.isValid() || !list_.InRange(row)) return {};
+  if (!grid_.Active()) return role == Qt::DisplayRole ? ToQt(grid_.Notice()) : QVariant();
+  switch (role) {
+    case Qt::DisplayRole:
+      switch (index.column()) {
+        case 0:
+          return QString::number(row);
+        case 1:
+          return QString::number(list_.GetCaptionStart(row));
+        case 2:
+          return QString::number(list_.GetCaptionEnd(row));
+        default:
+          return ToQt(list_.At(row).text);
+      }
+    case Qt::TextAlignmentRole:
+      return QVariant(Qt::AlignVCenter | (grid_.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::BackgroundRole:
+      if (index.column() == kColumns - 1 && list_.IsCaptionFormatted(row)) {
+        return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Button);
+      }
+      return {};
+    default:
+      return {};
+  }
+}
+
+QVariant CaptionModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= kColumns || !grid_.Active()) return {};
+  if (role == Qt::DisplayRole) return ToQt(grid_.Headings()[static_cast<std::size_t>(section)]);
+  if (role == Qt::TextAlignmentRole) {
+    return QVariant(Qt::AlignVCenter | (grid_.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+  }
+  return {};
+}
+
+Qt::ItemFlags CaptionModel::flags(const QModelIndex&) const {
+  return grid_.Active() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::ItemFlags();
+}
+
+void CaptionModel::ShowAnew() {
+  beginResetModel();
+  shownRows_ = list_.Rows() - 1;
+  endResetModel();
+}
+
+void CaptionModel::OnSplice(const Splice& splice) {
+  const int first = splice.first - 1;
+  const int changed = std::min(splice.removed, splice.added);
+  if (splice.added > splice.removed) {
+    beginInsertRows({}, first + changed, first + splice.added - 1);
+    shownRows_ += splice.added - splice.removed;
+    endInsertRows();
+  } else if (splice.removed > splice.added) {
+    beginRemoveRows({}, first + changed, first + splice.removed - 1);
+    shownRows_ -= splice.removed - splice.added;
+    endRemoveRows();
+  }
+  if (changed > 0) emit dataChanged(index(first, 0), index(first + changed - 1, columnCount() - 1));
+}
+
+CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands& commands, QMenu& menu,
+                           QWidget* parent)
+    : QTableView(parent), list_(list), grid_(grid), commands_(commands), menu_(menu), model_(list, grid, this) {
+  setObjectName("grdSubs");
+  setAccessibleName("Captions");
+  setModel(&model_);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setShowGrid(true);
+  setCornerButtonEnabled(false);
+  setVerticalScrollMode(ScrollPerItem);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(true);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  connections_.push_back(grid_.Changed.ConnectScoped([this] { ShowState(); }));
+  connections_.push_back(grid_.Scrolled.ConnectScoped([this] { ShowTopRow(); }));
+  connections_.push_back(grid_.FocusRequested.ConnectScoped([this] { setFocus(); }));
+  connections_.push_back(list_.SelectionChanged.ConnectScoped([this](Row row) { ShowSelection(row); }));
+  connections_.push_back(list_.EnabledChanged.ConnectScoped([this](bool on) {
+    setUpdatesEnabled(on);
+    if (on) ShowState();
+  }));
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int top) { grid_.NoteTopRow(top + 1); });
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
+  model_.ShowAnew();
+  ShowState();
+}
+
+void CaptionTable::ShowState() {
+  following_ = true;
+  const bool active = grid_.Active();
+  if (model_.rowCount() != list_.Rows() - 1 || horizontalHeader()->count() != (active ? kColumns : 1)) {
+    model_.ShowAnew();
+  }
+  QFont rowFont = font();
+  if (!grid_.FontName().empty()) {
+    rowFont = QFont(ToQt(grid_.FontName()), grid_.FontSize(), grid_.FontBold() ? QFont::Bold : QFont::Normal);
+  }
+  if (font() != rowFont) setFont(rowFont);
+  const int rowHeight = QFontMetrics(rowFont).height() + kRowPadding;
+  if (verticalHeader()->defaultSectionSize() != rowHeight) {
+    verticalHeader()->setMinimumSectionSize(rowHeight);
+    verticalHeader()->setDefaultSectionSize(rowHeight);
+  }
+  horizontalHeader()->setVisible(active);
+  setShowGrid(active);
+  setEnabled(grid_.Enabled() || active);
+  if (active) {
+    for (int column = 0; column < kColumns; ++column) {
+      setColumnWidth(column, grid_.ColumnWidths()[static_cast<std::size_t>(column)]);
+    }
+  } else {
+    setColumnWidth(0, width() - 4);
+  }
+  QPalette colours = palette();
+  const QColor wanted = QPalette().color(active ? QPalette::Base : QPalette::Button);
+  if (colours.color(QPalette::Base) != wanted) {
+    colours.setColor(QPalette::Base, wanted);
+    setPalette(colours);
+  }
+  horizontalHeader()->viewport()->update();
+  viewport()->update();
+  NoteMetrics();
+  following_ = false;
+  if (active) ShowSelection(list_.Selected());
+}
+
+void CaptionTable::ShowSelection(Row row) {
+  if (!grid_.Active() || row > model_.rowCount()) return;
+  const QModelIndex index = model_.index(row - 1, 0);
+  if (currentIndex() == index && selectionModel()->isRowSelected(row - 1)) return;
+  following_ = true;
+  const int top = verticalScrollBar()->value();
+  setCurrentIndex(index);
+  selectRow(row - 1);
+  // Scrolling belongs to the list's own rule.
+  verticalScrollBar()->setValue(top);
+  following_ = false;
+}
+
+void CaptionTable::ShowTopRow() {
+  // Rows that have just come need their places before the bar can reach them.
+  if (verticalScrollBar()->maximum() < grid_.TopRow() - 1) updateGeometries();
+  verticalScrollBar()->setValue(grid_.TopRow() - 1);
+}
+
+void CaptionTable::NoteMetrics() {
+  grid_.NoteMetrics(viewport()->height() + verticalHeader()->defaultSectionSize(),
+                    verticalHeader()->defaultSectionSize());
+}
+
+void CaptionTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (!grid_.Active()) setColumnWidth(0, width() - 4);
+  NoteMetrics();
+}
+
+void CaptionTable::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::StyleChange) NoteMetrics();
+}
+
+void CaptionTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  setAttribute(Qt::WA_InputMethodEnabled, false);  // the base class turns it on again
+  if (following_ || !current.isValid() || !grid_.Active()) return;
+  list_.MoveSelection(current.row() + 1);
+}
+
+void CaptionTable::keyPressEvent(QKeyEvent* event) {
+  KeyEvent key = KeyEventOf(*event);
+  commands_.OnListKey(key);
+  if (key.handled) {
+    event->accept();
+    return;
+  }
+  QTableView::keyPressEvent(event);
+}
+
+void CaptionTable::mousePressEvent(QMouseEvent* event) {
+  // The list's rule counts from the control's top, where the heading has the height of a row.
+  const int y = static_cast<int>(event->position().y()) + verticalHeader()->defaultSectionSize();
+  if (event->button() == Qt::RightButton) {
+    if (commands_.OnListRightDown(y)) menu_.popup(event->globalPosition().toPoint());
+    return;
+  }
+  QTableView::mousePressEvent(event);
+}
+
+void CaptionTable::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton) {
+    commands_.OnListUp(static_cast<int>(event->position().y()) + verticalHeader()->defaultSectionSize());
+  }
+}
+
+void CaptionTable::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) commands_.OnListDoubleClick();
+}
+
+bool CaptionTable::viewportEvent(QEvent* event) {
+  // The menu comes by the press; the context-menu event would open it twice.
+  if (event->type() == QEvent::ContextMenu &&
+      static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse) {
+    return true;
+  }
+  return QTableView::viewportEvent(event);
+}
+
+}  // namespace cuewright

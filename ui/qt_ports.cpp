@@ -1,0 +1,158 @@
+#include "ui/qt_ports.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
+
+#include "core/paths.h"
+#include "core/product.h"
+#include "ui/qt_text.h"
+
+namespace cuewright {
+namespace {
+
+QWidget* Owner() {
+  QWidget* active = QApplication::activeWindow();
+  if (active != nullptr) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Information:
+      return QMessageBox::Information;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::Warning:
+      return QMessageBox::Warning;
+    case BoxIcon::Error:
+      return QMessageBox::Critical;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+/// "name|*.a;*.b|..." as the picker takes it: "name (*.a *.b);;...". The pattern for every file is "*" here.
+QString PickerFilter(TextView filter) {
+  QStringList entries;
+  const std::vector<Text> parts = Split(filter, u"|");
+  for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+    QStringList patterns = ToQt(parts[i + 1]).split(';', Qt::SkipEmptyParts);
+    patterns.removeDuplicates();
+    QString name = ToQt(parts[i]);
+    // The picker takes the last parenthesis as the patterns.
+    name = name.left(name.indexOf(" ("));
+    QStringList both;
+    for (const QString& pattern : patterns) {
+      both << (pattern == "*.*" ? QString("*") : pattern);
+      if (pattern != "*.*" && pattern.toUpper() != pattern) both << pattern.toUpper();
+    }
+    entries << name + " (" + both.join(' ') + ")";
+  }
+  return entries.join(";;");
+}
+
+QString FolderPath(TextView folder) { return QFile::decodeName(QByteArray::fromStdString(ToUtf8(folder))); }
+
+Text PickedPath(const QString& path) { return FromUtf8(QFile::encodeName(path).toStdString()); }
+
+}  // namespace
+
+BoxAnswer QtMessages::Show(const MessageBox& box) {
+  QMessageBox shown(IconOf(box.icon), ToQt(box.title.empty() ? kProductName : TextView(box.title)),
+                    ToQt(ReplaceAll(box.text, kLineEnd, u"\n")), ButtonsOf(box.buttons), Owner());
+  shown.setTextFormat(Qt::PlainText);
+  shown.setObjectName("messageBox");
+  switch (shown.exec()) {
+    case QMessageBox::Yes:
+      return BoxAnswer::Yes;
+    case QMessageBox::No:
+      return BoxAnswer::No;
+    case QMessageBox::Ok:
+      return BoxAnswer::Ok;
+    default:
+      return box.buttons == BoxButtons::Ok      ? BoxAnswer::Ok
+             : box.buttons == BoxButtons::YesNo ? BoxAnswer::No
+                                                : BoxAnswer::Cancel;
+  }
+}
+
+Text QtMessages::Ask(const InputBox& box) {
+  QInputDialog dialog(Owner());
+  dialog.setObjectName("inputBox");
+  dialog.setWindowTitle(ToQt(box.title.empty() ? kProductName : TextView(box.title)));
+  dialog.setLabelText(ToQt(box.prompt));
+  dialog.setTextValue(ToQt(box.initial));
+  dialog.resize(420, dialog.sizeHint().height());
+  return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : Text();
+}
+
+Text QtFileDialogs::ShowOpenDialog(TextView title, TextView filter, TextView folder) {
+  return PickedPath(QFileDialog::getOpenFileName(Owner(), ToQt(title), FolderPath(folder), PickerFilter(filter)));
+}
+
+Text QtFileDialogs::ShowSaveDialog(TextView title, TextView filter, TextView folder, TextView proposal) {
+  return PickedPath(QFileDialog::getSaveFileName(Owner(), ToQt(title), FolderPath(WithSlash(folder)) + ToQt(proposal),
+                                                 PickerFilter(filter)));
+}
+
+QtEventQueue::QtEventQueue() { clock_.start(); }
+
+void QtEventQueue::Yield() { QCoreApplication::processEvents(); }
+
+void QtEventQueue::WaitMs(int ms) {
+  QEventLoop loop;
+  QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+std::int64_t QtEventQueue::NowMs() const { return clock_.elapsed(); }
+
+bool QtDesktop::ShellOpen(TextView target) {
+  const QString text = ToQt(target);
+  const bool isFile = text.startsWith('/');
+  return QDesktopServices::openUrl(isFile ? QUrl::fromLocalFile(text) : QUrl(text));
+}
+
+bool QtDesktop::ClipboardHasText() const {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  return data != nullptr && data->hasText();
+}
+
+Text QtDesktop::ClipboardText() const { return FromQt(QGuiApplication::clipboard()->text()); }
+
+void QtDesktop::SetBusy(bool busy) {
+  if (busy == busy_) return;
+  busy_ = busy;
+  if (busy) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+}  // namespace cuewright

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QWidget>
+
+#include "core/ports/desktop.h"
+#include "core/ports/event_queue.h"
+#include "core/ports/file_dialogs.h"
+#include "core/ports/messages.h"
+
+namespace cuewright {
+
+/// Message boxes and one-line questions of the desktop, over the active window.
+class QtMessages final : public Messages {
+ public:
+  BoxAnswer Show(const MessageBox& box) override;
+  Text Ask(const InputBox& box) override;
+};
+
+class QtFileDialogs final : public FileDialogs {
+ public:
+  Text ShowOpenDialog(TextView title, TextView filter, TextView folder) override;
+  Text ShowSaveDialog(TextView title, TextView filter, TextView folder, TextView proposal) override;
+};
+
+class QtEventQueue final : public EventQueue {
+ public:
+  QtEventQueue();
+  void Yield() override;
+  void WaitMs(int ms) override;
+  std::int64_t NowMs() const override;
+
+ private:
+  QElapsedTimer clock_;
+};
+
+class QtDesktop final : public Desktop {
+ public:
+  bool ShellOpen(TextView target) override;
+  bool ClipboardHasText() const override;
+  Text ClipboardText() const override;
+  void SetBusy(bool busy) override;
+
+ private:
+  bool busy_ = false;
+};
+
+}  // namespace cuewright

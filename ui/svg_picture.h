@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QSvgRenderer>
+#include <QWidget>
+
+namespace cuewright {
+
+/// A drawing that fills its widget, sharp at every scale of the display.
+class SvgPicture final : public QWidget {
+ public:
+  SvgPicture(const QString& file, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QSvgRenderer drawing_;
+};
+
+}  // namespace cuewright
