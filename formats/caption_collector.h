@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "core/caption_list.h"
+#include "core/text.h"
+#include "formats/definition.h"
+
+namespace cuewright {
+
+/// The caption that an import is at, and those behind it.
+class CaptionCollector {
+ public:
+  static constexpr std::int32_t kNotRead = -1;
+
+  /// `definition` is the record in force, `separator` the line break of captions.
+  CaptionCollector(const FormatDefinition& definition, const Text& separator);
+
+  std::int32_t captionStart = kNotRead;
+  std::int32_t captionEnd = kNotRead;
+  Text captionText;
+
+  bool StartSet() const { return captionStart != kNotRead; }
+  bool EndSet() const { return captionEnd != kNotRead; }
+  bool TimesSet() const { return StartSet() && EndSet(); }
+  const Text& Separator() const { return separator_; }
+
+  /// Adds a line to the text, behind the separator when there is text already.
+  void AddLine(TextView line);
+
+  /// Discards text and times.
+  void Reset();
+
+  /// Closes the caption: tags become markers, line breaks the separator. Text other than blanks is stored.
+  void FlushImportedCaption();
+
+  /// Appends the caption as it is, a time not read as 0. Text and times stay.
+  void StoreImportedCaption();
+
+  /// Takes over the record's tags and line break; to be called when another format came in force.
+  void DefinitionChanged();
+
+  int ImportedCount() const { return static_cast<int>(buffer_.size()); }
+  void Reserve(std::size_t count) { buffer_.reserve(count); }
+  std::vector<Caption> Take() { return std::move(buffer_); }
+
+ private:
+  struct Tag {
+    Text open;
+    Text close;
+    Text markers;  // in the order in which they end up in front
+  };
+
+  void TagsToMarkers();
+  static Tag MakeTag(const FormatDefinition& definition, char16_t letter);
+
+  const FormatDefinition& definition_;
+  const Text& separator_;
+  std::vector<Tag> tags_;
+  bool breaks_ = false;
+  std::vector<Caption> buffer_;
+};
+
+}  // namespace cuewright

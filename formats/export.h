@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "core/caption_list.h"
+#include "core/ports/files.h"
+#include "core/runtime_error.h"
+#include "core/text.h"
+#include "formats/definition.h"
+#include "formats/encodings.h"
+
+namespace cuewright {
+
+/// Writes the caption list in the format in force. Nothing is thrown: what went wrong is told in a box.
+class Exporter {
+ public:
+  /// `path` is the document's own path and `modified` its flag; both are read and set at each export.
+  Exporter(FormatLoader& loader, const CaptionList& captions, Files& files, const Encodings& encodings,
+           const Text& path, bool& modified);
+
+  /// Writes rows 1 to `lastRow` (PLAINTEXT: all of them) to the document's file. Where no file could be written the old
+  /// one stays whole and the document modified: message 306 tells it for error 75, a box with number and description for
+  /// any other. A run-time error inside a line is told in that box as well, and the other lines are written.
+  void ExportSubtitle(std::int16_t lastRow);
+
+ private:
+  void LoadFormat();
+  bool WriteFile(Row lastRow, CarryOn& errors);
+  std::shared_ptr<const Codec> ChooseCodec(Row lastRow, DocumentEncoding& encoding) const;
+  bool AllHeldBy(const Codec& codec, Row lastRow) const;
+  bool Classic() const;
+  void TellReadOnly();
+  void TellError(const RuntimeError& error);
+
+  FormatLoader& loader_;
+  const CaptionList& captions_;
+  Files& files_;
+  const Encodings& encodings_;
+  const Text& path_;
+  bool& modified_;
+};
+
+}  // namespace cuewright

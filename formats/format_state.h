@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+#include "formats/encodings.h"
+
+namespace cuewright {
+
+/// What import, export and the windows share about the format in force.
+struct FormatState {
+  std::uint8_t CurrentFormatIndex = 0;   ///< format of the document and default of the next save; 0 is plain text
+  std::uint8_t SettingsFormatIndex = 0;  ///< format that the settings window opens on; 0: `CurrentFormatIndex`
+  float CurrentFps = 0;                  ///< frames per second of frame formats; 0 for all others
+  std::int16_t ListCharset = 0;          ///< character set number that a built-in header names
+  DocumentEncoding Encoding;             ///< of the document's file; UTF-8 for a document without one
+};
+
+}  // namespace cuewright

@@ -1,0 +1,107 @@
+#include "formats/text_file.h"
+
+#include <cstring>
+#include <utility>
+
+#include "formats/utf8.h"
+
+namespace cuewright {
+namespace {
+
+/// UTF-16 is turned in pieces of this many bytes.
+constexpr std::size_t kPiece = 1 << 16;
+
+}  // namespace
+
+char16_t* LineBuffer::Room(std::size_t count) {
+  if (capacity_ < count + 16) {
+    capacity_ = count + count / 2 + 256;
+    units_ = std::make_unique_for_overwrite<char16_t[]>(capacity_);
+  }
+  return units_.get();
+}
+
+TextFile TextFile::Classic(std::string bytes, const Encodings& encodings) {
+  TextFile file;
+  file.bytes_ = std::move(bytes);
+  file.encoding_ = {encodings.SystemCodePage(), false};
+  file.codec_ = encodings.SystemCodec();
+  return file;
+}
+
+TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
+  TextFile file;
+  file.bytes_ = std::move(bytes);
+  for (const int codePage : {kCodePageUtf8, kCodePageUtf16Le, kCodePageUtf16Be}) {
+    if (!file.bytes_.starts_with(MarkOf(codePage))) continue;
+    file.encoding_ = {codePage, true};
+    file.start_ = MarkOf(codePage).size();
+    break;
+  }
+  if (file.encoding_.codePage != kCodePageUtf8) {
+    file.TurnIntoUtf8(file.encoding_.codePage == kCodePageUtf16Be);
+  } else if (file.encoding_.mark || ExamineUtf8(file.bytes_) == Utf8Kind::MultiByte) {
+    file.codec_ = MakeCodec(kCodePageUtf8);
+  } else {
+    file.encoding_ = {encodings.SystemCodePage(), false};
+    file.codec_ = encodings.SystemCodec();
+  }
+  if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
+  file.doubledReturn_ = true;
+  file.at_ = file.start_;
+  return file;
+}
+
+void TextFile::TurnIntoUtf8(bool bigEndian) {
+  const auto codec = MakeCodec(bigEndian ? kCodePageUtf16Be : kCodePageUtf16Le);
+  const std::string_view source = std::string_view(bytes_).substr(start_);
+  std::string turned;
+  Text piece(kPiece / 2 + 16, u'\0');
+  char16_t held = 0;  // the first half of a pair that the pieces cut in two
+  for (std::size_t at = 0; at < source.size(); at += kPiece) {
+    char16_t* const units = piece.data();
+    std::size_t count = 0;
+    if (held != 0) units[count++] = held;
+    count += codec->Decode(source.substr(at, kPiece), units + count);
+    held = 0;
+    if (count != 0 && (units[count - 1] & 0xFC00) == 0xD800) held = units[--count];
+    AppendUtf8({units, count}, turned, true);
+  }
+  if (held != 0) AppendUtf8({&held, 1}, turned, true);
+  bytes_ = std::move(turned);
+  start_ = 0;
+}
+
+bool TextFile::NextLine(std::string_view& line) {
+  const std::size_t size = bytes_.size();
+  if (at_ >= size) return false;
+  const char* const data = bytes_.data();
+  const auto* end = static_cast<const char*>(std::memchr(data + at_, lineEnd_, size - at_));
+  if (end == nullptr) {
+    line = {data + at_, size - at_};
+    at_ = size;
+    return true;
+  }
+  line = {data + at_, static_cast<std::size_t>(end - data) - at_};
+  at_ = static_cast<std::size_t>(end - data) + 1;
+  if (lineEnd_ == '\n' || at_ >= size) return true;
+  if (data[at_] == '\n') {
+    ++at_;
+  } else if (doubledReturn_ && data[at_] == '\r' && at_ + 1 < size && data[at_ + 1] == '\n') {
+    at_ += 2;
+  }
+  return true;
+}
+
+void TextFile::Decode(std::string_view line, LineBuffer& buffer) const {
+  char16_t* const room = buffer.Room(line.size());
+  buffer.SetSize(codec_ != nullptr ? codec_->Decode(line, room) : DecodeUtf8(line, room, true));
+}
+
+Text TextFile::Decoded(std::string_view line) const {
+  Text text(line.size() + 16, u'\0');
+  text.resize(codec_ != nullptr ? codec_->Decode(line, text.data()) : DecodeUtf8(line, text.data(), true));
+  return text;
+}
+
+}  // namespace cuewright

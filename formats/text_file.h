@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/text.h"
+#include "formats/encodings.h"
+
+namespace cuewright {
+
+/// Largest file that is read, in bytes. Nothing that people call a subtitle comes near it.
+inline constexpr std::uint64_t kLargestTextFile = 256ULL << 20;
+
+/// A decoded line, kept in a buffer that is used again for the next one.
+class LineBuffer {
+ public:
+  TextView View() const { return {units_.get(), size_}; }
+
+  /// Room for `count` units and the 16 that codecs ask for beside.
+  char16_t* Room(std::size_t count);
+  void SetSize(std::size_t size) { size_ = size; }
+
+ private:
+  std::unique_ptr<char16_t[]> units_;
+  std::size_t capacity_ = 0;
+  std::size_t size_ = 0;
+};
+
+/// The bytes of a text file with what was found out about them: encoding, mark and line ends. Lines are handed out
+/// as bytes and decoded only where somebody looks at them.
+class TextFile {
+ public:
+  /// Classic: the bytes are text of the system's code page, a mark among them, and a line ends at CR or CR LF.
+  static TextFile Classic(std::string bytes, const Encodings& encodings);
+
+  /// Looks at all bytes first. A mark tells UTF-8 or UTF-16 and is no text; else valid UTF-8 with a character of
+  /// several bytes is UTF-8; anything else is of the system's code page. Without any CR a line ends at LF; CR CR LF is
+  /// one line end.
+  static TextFile Auto(std::string bytes, const Encodings& encodings);
+
+  const DocumentEncoding& Encoding() const { return encoding_; }
+
+  /// The next line without its end; false behind the last one. A file that ends in a line end has no line behind
+  /// it.
+  bool NextLine(std::string_view& line);
+
+  /// Starts over at the first line.
+  void Rewind() { at_ = start_; }
+
+  void Decode(std::string_view line, LineBuffer& buffer) const;
+  Text Decoded(std::string_view line) const;
+
+  /// Bytes that are left to read, for estimates.
+  std::size_t BytesLeft() const { return bytes_.size() - at_; }
+
+ private:
+  TextFile() = default;
+  void TurnIntoUtf8(bool bigEndian);
+
+  std::string bytes_;
+  std::size_t start_ = 0;
+  std::size_t at_ = 0;
+  DocumentEncoding encoding_;
+  std::shared_ptr<const Codec> codec_;  // null: UTF-8 that holds lone surrogates, made of UTF-16
+  char lineEnd_ = '\r';
+  bool doubledReturn_ = false;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,160 @@
+#include "formats/timecode.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "core/numbers.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::int32_t kHour = 3600000;
+constexpr std::int32_t kMinute = 60000;
+constexpr std::int32_t kSecond = 1000;
+
+bool Holds(TextView text, TextView part) { return text.find(part) != TextView::npos; }
+
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+/// `count` characters from the 1-based place on, as many as there are.
+TextView Middle(TextView text, std::size_t place, std::size_t count) {
+  return place <= text.size() ? text.substr(place - 1, count) : TextView();
+}
+
+TextView Last(TextView text, std::size_t count) { return text.substr(text.size() - std::min(count, text.size())); }
+
+double Number(TextView text) {
+  double value = 0;
+  for (const char16_t c : text) {
+    if (!IsDigit(c)) return LeadingNumber(text);
+    value = value * 10 + (c - u'0');
+  }
+  return value;
+}
+
+/// Frames to ms: both sides are rounded before the division of whole numbers.
+std::int32_t FramesToMs(double frames, float fps) {
+  const std::int32_t rate = RoundToInt32(static_cast<double>(fps));
+  if (rate == 0) throw RuntimeError{11, u"Division by zero"};
+  return RoundToInt32(frames * 1000) / rate;
+}
+
+struct Parts {
+  Checked8 hours;
+  Checked8 minutes;
+  Checked8 seconds;
+  std::int32_t rest = 0;
+};
+
+Parts SplitTime(std::int32_t ms) {
+  Parts parts;
+  // Only times above a unit are taken apart, so a negative one stays whole in the rest.
+  if (ms > kHour - 1) parts.hours = Checked8(ms / kHour), ms %= kHour;
+  if (ms > kMinute - 1) parts.minutes = Checked8(ms / kMinute), ms %= kMinute;
+  if (ms > kSecond - 1) parts.seconds = Checked8(ms / kSecond), ms %= kSecond;
+  parts.rest = ms;
+  return parts;
+}
+
+/// The rest cut to the digits of the picture; a short one stays as it is.
+std::int32_t CutFraction(std::int32_t rest, std::size_t digits) {
+  std::int32_t bound = 1;
+  for (std::size_t i = 0; i < digits; ++i) bound *= 10;
+  while (rest >= bound) rest /= 10;
+  return rest;
+}
+
+/// Appends a number of at least `digits` digits.
+void AppendPadded(std::int64_t number, std::size_t digits, Text& out) {
+  char16_t buffer[24];
+  char16_t* at = buffer + 24;
+  const bool negative = number < 0;
+  std::uint64_t left = negative ? static_cast<std::uint64_t>(-number) : static_cast<std::uint64_t>(number);
+  std::size_t count = 0;
+  for (; left != 0 || count < digits || count == 0; left /= 10, ++count) *--at = static_cast<char16_t>(u'0' + left % 10);
+  if (negative) *--at = u'-';
+  out.append(at, static_cast<std::size_t>(buffer + 24 - at));
+}
+
+}  // namespace
+
+TimecodeReader::TimecodeReader(const TimecodeForm& form) {
+  const Text& pattern = form.timecodeTemplate;
+  if (pattern == u"ms") return;
+  kind_ = pattern == u"ff" ? Kind::Frames : Kind::Columns;
+  prefix_ = !Holds(pattern, u"h") ? u"00:" : !Holds(pattern, u"hh") ? u"0" : u"";
+  suffix_ = Holds(pattern, u"zzz") ? u"" : Holds(pattern, u"zz") ? u"0" : Holds(pattern, u"z") ? u"00" : u".000";
+}
+
+std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
+  if (kind_ == Kind::Milliseconds) return RoundToInt32(Number(text));
+  if (kind_ == Kind::Frames) return fps > 0 ? FramesToMs(Number(text), fps) : 0;
+  // The text is brought to the form "hh:mm:ss" + fraction and read by its columns. Only its first eight
+  // characters and its last three count, so that a long one loses its middle here.
+  constexpr std::size_t kWhole = 64;
+  std::array<char16_t, kWhole + 16> room;
+  char16_t* end = std::copy(prefix_.begin(), prefix_.end(), room.begin());
+  if (text.size() <= kWhole) {
+    end = std::copy(text.begin(), text.end(), end);
+  } else {
+    end = std::copy_n(text.begin(), kWhole / 2, end);
+    end = std::copy(text.end() - kWhole / 2, text.end(), end);
+  }
+  if (fps == 0) end = std::copy(suffix_.begin(), suffix_.end(), end);
+  const TextView fixed(room.data(), static_cast<std::size_t>(end - room.data()));
+  const double whole = Number(Middle(fixed, 1, 2)) * kHour + Number(Middle(fixed, 4, 2)) * kMinute +
+                       Number(Middle(fixed, 7, 2)) * kSecond;
+  if (fps != 0) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2)), fps));
+  return RoundToInt32(whole + Number(Last(fixed, 3)));
+}
+
+std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
+  return TimecodeReader(form).Parse(text, fps);
+}
+
+std::int32_t MsToFrames(std::int32_t ms, float fps) {
+  return RoundToInt32(static_cast<double>(fps) * ms) / 1000;
+}
+
+TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes)
+    : form_(form),
+      hoursInMinutes_(hoursInMinutes),
+      hasHours_(Holds(form.timecodeTemplate, u"h")),
+      hasFraction_(Holds(form.timecodeTemplate, u"z")) {}
+
+void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
+  Parts parts = SplitTime(ms);
+  const TextView compact = form_.timecodeCompact;
+  if (compact.find(u'z') == TextView::npos && fps == 0 && parts.rest >= 251) ++parts.seconds;
+  if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
+  if (fps == 0) parts.rest = CutFraction(parts.rest, form_.fractionPicture.size());
+  if (hoursInMinutes_) parts.minutes = Checked8(parts.hours.Value() * 60 + parts.minutes.Value());
+  const std::int32_t frames = fps != 0 ? MsToFrames(parts.rest, fps) : 0;
+  // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
+  for (std::size_t i = 0; i < compact.size(); ++i) {
+    const char16_t c = compact[i];
+    if (c == u's') {
+      AppendPadded(parts.seconds.Value(), 2, out);
+    } else if (c == u'm') {
+      AppendPadded(parts.minutes.Value(), 2, out);
+    } else if (c == u'h' && hasHours_) {
+      AppendPadded(parts.hours.Value(), form_.hourPicture.size(), out);
+    } else if (fps != 0 && c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
+      AppendPadded(frames, 2, out);
+      ++i;
+    } else if (fps == 0 && hasFraction_ && c == u'z') {
+      AppendPadded(parts.rest, form_.fractionPicture.size(), out);
+    } else {
+      out += c;
+    }
+  }
+}
+
+Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps) {
+  Text text;
+  TimecodeWriter(form, identifier == kKaraokeLrc).Append(ms, fps, text);
+  return text;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/text.h"
+
+namespace cuewright {
+
+/// What a whole run of bytes is.
+enum class Utf8Kind { Ascii, MultiByte, Invalid };
+
+/// Looks at every byte; an empty run is `Ascii`.
+Utf8Kind ExamineUtf8(std::string_view bytes);
+
+/// True when no byte is above 127.
+bool IsAscii(std::string_view bytes);
+
+/// Decodes into `out`, which has room for one unit a byte and 16 more; returns the units written. A byte
+/// that is no valid UTF-8 becomes the lone unit U+DC00 + byte. With `surrogates` the three-byte forms of lone
+/// surrogates are taken, as `AppendUtf8(.., true)` writes them.
+std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates = false);
+
+/// Widens ASCII bytes, under the same demand on room.
+void WidenAscii(std::string_view bytes, char16_t* out);
+
+/// Appends the text as UTF-8. A lone unit U+DC80 to U+DCFF is the byte that it stands for, another lone surrogate
+/// "?", or with `surrogates` every lone one its three-byte form.
+void AppendUtf8(TextView text, std::string& out, bool surrogates = false);
+
+}  // namespace cuewright
