@@ -45,7 +45,8 @@ void WritePlainText(const WriteJob& job, LineSink& sink);
 /// Two rows at the start and two at the end of each caption.
 void WriteTmPlayer(const WriteJob& job, LineSink& sink);
 
-/// The record for each caption. In `classic` reading the line is UTF-8 that goes through the system's code page once more.
+/// The record for each caption. In `classic` reading the line is UTF-8 that goes through the system's code page once
+/// more.
 void WriteEncore(const WriteJob& job, const Encodings& encodings, bool classic, LineSink& sink);
 
 /// Header, the record for each caption that isn't blank, footer.

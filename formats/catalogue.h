@@ -6,9 +6,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/lang_strings.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
-#include "core/lang_strings.h"
 #include "core/text.h"
 #include "formats/encodings.h"
 #include "formats/profile.h"
@@ -51,8 +51,8 @@ class FormatCatalogue {
   FormatCatalogue(const FormatCatalogue&) = delete;
   FormatCatalogue& operator=(const FormatCatalogue&) = delete;
 
-  /// Reads the files' contents; text that is valid UTF-8 counts as such, any other is of the system's code page. Run-time
-  /// error 6 when the list is empty or holds more than 255 identifiers; the first 255 are kept.
+  /// Reads the files' contents; text that is valid UTF-8 counts as such, any other is of the system's code page.
+  /// Run-time error 6 when the list is empty or holds more than 255 identifiers; the first 255 are kept.
   void Load(std::string iniBytes, std::string datBytes, const Encodings& encodings);
 
   /// The identifiers in upper case; index 0 is plain text. An index out of range gives the empty text.
@@ -63,7 +63,9 @@ class FormatCatalogue {
   int IndexOf(TextView identifier) const;
 
   /// A value of "formats.ini".
-  Text ReadIni(TextView section, TextView key, TextView fallback) const { return profile_.Read(section, key, fallback); }
+  Text ReadIni(TextView section, TextView key, TextView fallback) const {
+    return profile_.Read(section, key, fallback);
+  }
 
   /// The format's display name; the identifier when it has none.
   Text DisplayName(TextView identifier) const { return ReadIni(identifier, u"name", identifier); }

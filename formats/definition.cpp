@@ -31,9 +31,7 @@ TimecodeForm DeriveForm(Text timecode) {
   return form;
 }
 
-Text TransformSample(TextView sample) {
-  return ReplaceAll(ReplaceAll(ToUpper(sample), u"!", kLineEnd), u"?", u"\t");
-}
+Text TransformSample(TextView sample) { return ReplaceAll(ReplaceAll(ToUpper(sample), u"!", kLineEnd), u"?", u"\t"); }
 
 bool IsOneLine(TextView record) { return record.find(kLineEnd) == TextView::npos; }
 

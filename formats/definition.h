@@ -49,8 +49,8 @@ class FormatLoader {
   FormatLoader(const FormatCatalogue& catalogue, FormatState& state, const SettingsReader& settings,
                const LangStrings& strings, Messages& messages, FormatHost& host);
 
-  /// Puts the format in force; true when it was loaded whole. `timecodeOnly` stops behind the timecode's texts and gives
-  /// false. `select` makes it the current format and tells so in the status label. A format that is incomplete is
+  /// Puts the format in force; true when it was loaded whole. `timecodeOnly` stops behind the timecode's texts and
+  /// gives false. `select` makes it the current format and tells so in the status label. A format that is incomplete is
   /// told by message 412, at most once in a run. Run-time error 6 when its tag flags don't fit 8 bits.
   bool LoadFormatDefinition(TextView formatId, bool select, bool timecodeOnly);
 

@@ -45,8 +45,8 @@ class Encodings {
   /// The text's UTF-8 bytes, each as the character that the system's code page gives it.
   Text EncodeUtf8Line(TextView text) const;
 
-  /// The text's bytes in the system's code page, paired to 16-bit characters with the low byte first. A last odd byte is
-  /// dropped.
+  /// The text's bytes in the system's code page, paired to 16-bit characters with the low byte first. A last odd byte
+  /// is dropped.
   Text PairBytes(TextView text) const;
 
  private:

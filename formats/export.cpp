@@ -9,12 +9,7 @@ namespace cuewright {
 
 Exporter::Exporter(FormatLoader& loader, const CaptionList& captions, Files& files, const Encodings& encodings,
                    const Text& path, bool& modified)
-    : loader_(loader),
-      captions_(captions),
-      files_(files),
-      encodings_(encodings),
-      path_(path),
-      modified_(modified) {}
+    : loader_(loader), captions_(captions), files_(files), encodings_(encodings), path_(path), modified_(modified) {}
 
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS, u"classic"); }
 

@@ -175,8 +175,9 @@ class GenericParser final : public LineParser {
     const std::ptrdiff_t cut = static_cast<std::ptrdiff_t>(static_cast<std::size_t>(trail)) -
                                static_cast<std::ptrdiff_t>(pieces_.captionTrail.Size());
     if (!text.empty()) {
-      const bool closes = line_.front() == u'}' || EqualLoose(TextView(masked_).substr(0, pieces_.endLeadLength + maskLength_),
-                                                              pieces_.endMask.Value());
+      const bool closes =
+          line_.front() == u'}' ||
+          EqualLoose(TextView(masked_).substr(0, pieces_.endLeadLength + maskLength_), pieces_.endMask.Value());
       if (!closes) {
         errors_([&] {
           const TextView more = Left(line_, cut);
@@ -215,9 +216,9 @@ class GenericParser final : public LineParser {
   /// The text from its column up to the place.
   void TakeText(std::size_t place) {
     errors_([&] {
-      captions_.captionText = Middle(line_, static_cast<std::ptrdiff_t>(static_cast<std::size_t>(textColumn_)),
-                                     static_cast<std::ptrdiff_t>(place) -
-                                         static_cast<std::ptrdiff_t>(static_cast<std::size_t>(textColumn_)));
+      captions_.captionText = Middle(
+          line_, static_cast<std::ptrdiff_t>(static_cast<std::size_t>(textColumn_)),
+          static_cast<std::ptrdiff_t>(place) - static_cast<std::ptrdiff_t>(static_cast<std::size_t>(textColumn_)));
     });
   }
 

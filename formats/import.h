@@ -27,8 +27,8 @@ class Importer {
            bool& cancelled);
 
   /// Recognises the file and imports it; tells why when it doesn't know the format. Called with `wide` false; a file
-  /// that no format fits is tried again as 16-bit text, and a name that ends in "txt" is then plain text, which replaces
-  /// the document even when appending.
+  /// that no format fits is tried again as 16-bit text, and a name that ends in "txt" is then plain text, which
+  /// replaces the document even when appending.
   void DetectFormat(TextView path, bool wide, bool append);
 
   /// Reads a file with the format in force. Without `append` the list is emptied first.

@@ -31,9 +31,8 @@ TextView ImportLine::View() {
 
 bool ImportLine::StartsWith(std::string_view ascii) {
   if (hasBytes_) return bytes_.starts_with(ascii);
-  return text_.size() >= ascii.size() && std::equal(ascii.begin(), ascii.end(), text_.begin(), [](char a, char16_t b) {
-           return static_cast<char16_t>(a) == b;
-         });
+  return text_.size() >= ascii.size() && std::equal(ascii.begin(), ascii.end(), text_.begin(),
+                                                    [](char a, char16_t b) { return static_cast<char16_t>(a) == b; });
 }
 
 }  // namespace cuewright

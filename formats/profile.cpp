@@ -13,8 +13,8 @@ TextView TrimWhite(TextView text) {
 }
 
 TextView CutQuotes(TextView value) {
-  const bool quoted = value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') &&
-                      value.front() == value.back();
+  const bool quoted =
+      value.size() >= 2 && (value.front() == u'"' || value.front() == u'\'') && value.front() == value.back();
   return quoted ? value.substr(1, value.size() - 2) : value;
 }
 

@@ -47,8 +47,7 @@ RecordPieces CutRecord(FormatDefinition& definition, CarryOn& errors) {
   const std::ptrdiff_t afterStart = start + Length(kStart);
   const std::ptrdiff_t afterEnd = end + Length(kEnd);
   const std::ptrdiff_t afterCaption = caption + Length(kCaption);
-  const std::ptrdiff_t afterCount =
-      definition.subCountPicture.empty() ? 1 : PlaceOf(record, kCount) + Length(kCount);
+  const std::ptrdiff_t afterCount = definition.subCountPicture.empty() ? 1 : PlaceOf(record, kCount) + Length(kCount);
   const std::ptrdiff_t rest = Length(record);
   if (definition.captionAfterEnd) {
     cut(pieces.StartLead, afterCount, start - afterCount);

@@ -6,8 +6,8 @@
 
 namespace cuewright {
 
-/// The literal texts around the fields of a record, each brought down to one line. A trail that ends in CR marks a field
-/// that ends with its line.
+/// The literal texts around the fields of a record, each brought down to one line. A trail that ends in CR marks a
+/// field that ends with its line.
 struct RecordPieces {
   Text StartLead;
   Text StartTrail;

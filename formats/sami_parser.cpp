@@ -13,7 +13,8 @@ struct KeptTag {
   TextView tag;
   TextView hidden;
 };
-constexpr std::array<KeptTag, 4> kKeptTags = {{{u"<br>", u"#br#"}, {u"<b>", u"#b#"}, {u"<i>", u"#i#"}, {u"<u>", u"#u#"}}};
+constexpr std::array<KeptTag, 4> kKeptTags = {
+    {{u"<br>", u"#br#"}, {u"<b>", u"#b#"}, {u"<i>", u"#i#"}, {u"<u>", u"#u#"}}};
 
 /// Longest line of nested brackets that is worked on copy by copy, since that takes time by its square.
 constexpr std::size_t kLongestNested = 4096;

@@ -72,7 +72,8 @@ void AppendPadded(std::int64_t number, std::size_t digits, Text& out) {
   const bool negative = number < 0;
   std::uint64_t left = negative ? static_cast<std::uint64_t>(-number) : static_cast<std::uint64_t>(number);
   std::size_t count = 0;
-  for (; left != 0 || count < digits || count == 0; left /= 10, ++count) *--at = static_cast<char16_t>(u'0' + left % 10);
+  for (; left != 0 || count < digits || count == 0; left /= 10, ++count)
+    *--at = static_cast<char16_t>(u'0' + left % 10);
   if (negative) *--at = u'-';
   out.append(at, static_cast<std::size_t>(buffer + 24 - at));
 }
@@ -113,9 +114,7 @@ std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
   return TimecodeReader(form).Parse(text, fps);
 }
 
-std::int32_t MsToFrames(std::int32_t ms, float fps) {
-  return RoundToInt32(static_cast<double>(fps) * ms) / 1000;
-}
+std::int32_t MsToFrames(std::int32_t ms, float fps) { return RoundToInt32(static_cast<double>(fps) * ms) / 1000; }
 
 TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes)
     : form_(form),

@@ -1,0 +1,157 @@
+#pragma once
+
+#include <fstream>
+#include <functional>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/app_options.h"
+#include "core/caption_list.h"
+#include "core/lang_strings.h"
+#include "formats/export.h"
+#include "formats/import.h"
+#include "platform/posix_files.h"
+#include "settings/messages.h"
+#include "tests/support/fakes.h"
+#include "tests/support/temp_folder.h"
+
+namespace cuewright::testing {
+
+/// Keeps what import and export asked of the window.
+class FakeFormatHost final : public FormatHost {
+ public:
+  void SetTextFileLabel(TextView text) override { labels.emplace_back(text); }
+  void ClearVideoFileLabel() override { ++videoClears; }
+  void RefreshStatusLabels() override { ++refreshes; }
+  void Yield() override {
+    ++yields;
+    if (onYield) onYield();
+  }
+  void ImportBegins() override { ++begins; }
+  void ImportEnds() override { ++ends; }
+  std::int32_t MediaSeconds() const override { return mediaSeconds; }
+  void SavedAsUtf8(const DocumentEncoding& lacking) override { savedAsUtf8.push_back(lacking.codePage); }
+
+  std::vector<Text> labels;
+  int videoClears = 0;
+  int refreshes = 0;
+  int yields = 0;
+  int begins = 0;
+  int ends = 0;
+  std::int32_t mediaSeconds = 0;
+  std::vector<int> savedAsUtf8;
+  std::function<void()> onYield;
+};
+
+/// Options of formats by section and key.
+class FakeSettings final : public SettingsReader {
+ public:
+  Text GetSetting(TextView section, TextView key, TextView fallback) const override {
+    const auto hit = values.find({Text(section), Text(key)});
+    return hit == values.end() ? Text(fallback) : hit->second;
+  }
+  std::map<std::pair<Text, Text>, Text> values;
+};
+
+inline std::string FileBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();
+  return content.str();
+}
+
+/// Every line end as CR LF.
+inline std::string CrLf(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    if (c == '\n') result += '\r';
+    result += c;
+  }
+  return result;
+}
+
+/// A document with the formats around it: the shipped catalogue, or one of the test's own.
+struct FormatRig {
+  FormatRig() {
+    LoadEnglish(MessageCatalogue(), strings);
+    UseShippedCatalogue();
+  }
+
+  /// `ini` and `dat` are written with plain line ends.
+  FormatRig(const std::string& ini, const std::string& dat) {
+    LoadEnglish(MessageCatalogue(), strings);
+    catalogue.Load(CrLf(ini), CrLf(dat), encodings);
+  }
+
+  void UseShippedCatalogue() {
+    const std::string shipped = std::string(CUEWRIGHT_SOURCE_DIR) + "/resources/";
+    catalogue.Load(FileBytes(shipped + "formats.ini"), FileBytes(shipped + "formats.dat"), encodings);
+  }
+
+  /// Writes a file into the folder and opens it as the program does. `fps` answers the frame rate question.
+  Text Open(const std::string& name, const std::string& content, TextView fps = u"25") {
+    const Text opened = folder.Write(name, content);
+    messages.lines.assign(1, Text(fps));
+    importer.DetectFormat(opened, false, false);
+    messages.lines.clear();
+    return Format();
+  }
+
+  /// Opens a file that can only be read with the classic rules.
+  Text OpenClassic(const std::string& name, const std::string& content) {
+    options.T_READAS = u"classic";
+    return Open(name, content);
+  }
+
+  /// Imports with a format by name, without recognition.
+  void ImportAs(TextView id, const std::string& content, TextView fps = u"25", bool append = false) {
+    Choose(id);
+    loader.LoadFormatDefinition(id, false, false);
+    messages.lines.assign(1, Text(fps));
+    importer.ImportSubtitle(folder.Write("imported", content), false, append);
+    messages.lines.clear();
+  }
+
+  void Choose(TextView id) { state.CurrentFormatIndex = static_cast<std::uint8_t>(catalogue.IndexOf(id)); }
+
+  Text Format() const { return catalogue.Identifier(state.CurrentFormatIndex); }
+
+  void Fill(std::vector<Caption> rows) { captions.Replace(1, captions.Rows() - 1, std::move(rows)); }
+
+  std::vector<Caption> Rows() const {
+    std::vector<Caption> rows;
+    for (Row row = 1; row < captions.Rows(); ++row) rows.push_back(captions.At(row));
+    return rows;
+  }
+
+  /// Saves all rows in a format and gives the file's bytes.
+  std::string Save(TextView id, float fps = 0, const std::string& name = "saved") {
+    Choose(id);
+    state.CurrentFps = fps;
+    path = folder / name;
+    exporter.ExportSubtitle(static_cast<std::int16_t>(captions.Rows() - 1));
+    return folder.Read(name);
+  }
+
+  TempFolder folder;
+  PosixFiles files;
+  AppOptions options;
+  bool modified = false;
+  bool cancelled = false;
+  Text path;
+  CaptionList captions{options, modified};
+  Encodings encodings{1252};
+  FormatCatalogue catalogue;
+  FormatState state;
+  FakeSettings settings;
+  LangStrings strings;
+  FakeMessages messages;
+  FakeFormatHost host;
+  FormatLoader loader{catalogue, state, settings, strings, messages, host};
+  Importer importer{loader, captions, files, encodings, cancelled};
+  Exporter exporter{loader, captions, files, encodings, path, modified};
+};
+
+}  // namespace cuewright::testing
