@@ -10,6 +10,8 @@ namespace {
 constexpr int kHeadLines = 250;
 /// Characters of a head that are looked at. Lines of ordinary files come nowhere near it.
 constexpr std::size_t kLongestHead = 1 << 20;
+/// End of a file's name that makes it plain text when no format fits; in lower case only.
+constexpr TextView kPlainTextEnding = u"txt";
 
 bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
 
@@ -50,19 +52,39 @@ void Importer::DetectFormat(TextView path, bool wide, bool append) {
   CarryOn errors;
   std::optional<TextFile> file = Open(path, errors);
   const Text pathText(path);
+  if (const std::optional<bool> asWide = Settle(file, wide, errors)) {
+    ImportFile(pathText, std::move(file), *asWide, append, errors);
+    return;
+  }
+  if (!path.ends_with(kPlainTextEnding)) return Reject(path, errors);
+  loader_.LoadFormatDefinition(kPlainText, false, false);
+  ImportFile(pathText, std::move(file), false, false, errors);
+}
+
+std::optional<int> Importer::SettleFormat(TextView path) {
+  CarryOn errors;
+  std::optional<TextFile> file = Open(path, errors);
+  if (file && (Settle(file, false, errors) || path.ends_with(kPlainTextEnding))) {
+    return loader_.State().CurrentFormatIndex;
+  }
+  if (file) {
+    Reject(path, errors);
+  } else {
+    TellError(path, errors);
+  }
+  return {};
+}
+
+std::optional<bool> Importer::Settle(std::optional<TextFile>& file, bool wide, CarryOn& errors) {
   for (bool asWide = wide;; asWide = true) {
     loader_.State().CurrentFormatIndex = 0;
     const Heads heads = file ? ReadHeads(*file, asWide) : Heads{};
     if (Recognise(heads, errors)) {
       SettleLookAlikes(heads);
-      ImportFile(pathText, std::move(file), asWide, append, errors);
-      return;
+      return asWide;
     }
-    if (asWide) break;
+    if (asWide) return {};
   }
-  if (!path.ends_with(u"txt")) return Reject(path, errors);
-  loader_.LoadFormatDefinition(kPlainText, false, false);
-  ImportFile(pathText, std::move(file), false, false, errors);
 }
 
 bool Importer::Recognise(const Heads& heads, CarryOn& errors) {

@@ -31,6 +31,10 @@ class Importer {
   /// replaces the document even when appending.
   void DetectFormat(TextView path, bool wide, bool append);
 
+  /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
+  /// captions. Nothing, after telling why, when no format fits or the file can't be read.
+  std::optional<int> SettleFormat(TextView path);
+
   /// Reads a file with the format in force. Without `append` the list is emptied first.
   void ImportSubtitle(TextView path, bool wide, bool append);
 
@@ -45,6 +49,8 @@ class Importer {
 
   std::optional<TextFile> Open(TextView path, CarryOn& errors) const;
   Heads ReadHeads(TextFile& file, bool wide) const;
+  /// Puts the recognised format in force and tells whether the file is 16-bit text; nothing when no format fits.
+  std::optional<bool> Settle(std::optional<TextFile>& file, bool wide, CarryOn& errors);
   bool Recognise(const Heads& heads, CarryOn& errors);
   bool Fits(const Heads& heads) const;
   bool FitsSecondTemplate(const Heads& heads, TextView formatId);
