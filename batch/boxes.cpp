@@ -1,0 +1,59 @@
+#include "batch/boxes.h"
+
+#include <utility>
+
+namespace cuewright {
+namespace {
+
+/// The text on one line: line ends become a blank, several in a row one.
+Text OneLine(TextView text) {
+  Text line;
+  bool between = false;
+  for (const char16_t c : text) {
+    if (c == u'\r' || c == u'\n') {
+      between = true;
+      continue;
+    }
+    if (std::exchange(between, false) && !line.empty() && line.back() != u' ') line += u' ';
+    line += c;
+  }
+  return line;
+}
+
+}  // namespace
+
+BatchBoxes::BatchBoxes(Console& console, Text fps) : console_(console), fps_(std::move(fps)) {}
+
+void BatchBoxes::Begin(TextView file) {
+  file_ = ToUtf8(file);
+  shown_.clear();
+  troubles_ = 0;
+}
+
+void BatchBoxes::Tell(TextView text) {
+  shown_.push_back(OneLine(text));
+  const std::string line = DisplayUtf8(shown_.back());
+  if (file_.empty()) {
+    console_.Complain("cuewright-batch: " + line);
+  } else {
+    console_.Say(file_ + ": " + line);
+  }
+}
+
+BoxAnswer BatchBoxes::Show(const MessageBox& box) {
+  Tell(box.text);
+  if (box.icon == BoxIcon::Warning || box.icon == BoxIcon::Error) ++troubles_;
+  switch (box.buttons) {
+    case BoxButtons::YesNo:
+    case BoxButtons::YesNoCancel:
+      return BoxAnswer::Yes;
+    case BoxButtons::Ok:
+    case BoxButtons::OkCancel:
+      break;
+  }
+  return BoxAnswer::Ok;
+}
+
+Text BatchBoxes::Ask(const InputBox&) { return fps_; }
+
+}  // namespace cuewright

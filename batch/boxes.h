@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "batch/console.h"
+#include "core/ports/messages.h"
+
+namespace cuewright {
+
+/// Message boxes without a window: each is a line "FILE: text" on the error stream, and the questions are answered by
+/// the options of the call. Before the first file a box is about the call itself, and shown even when quiet.
+class BatchBoxes final : public Messages {
+ public:
+  /// `fps` answers the frame rate question. It must be one that the question accepts, or it would be asked forever.
+  BatchBoxes(Console& console, Text fps);
+
+  /// The file that the next boxes are about, as the user named it; forgets what was shown before.
+  void Begin(TextView file);
+
+  /// Shows a text of our own in the same way.
+  void Tell(TextView text);
+
+  BoxAnswer Show(const MessageBox& box) override;
+  Text Ask(const InputBox& box) override;
+
+  /// The boxes since `Begin`, each on one line.
+  const std::vector<Text>& Shown() const { return shown_; }
+
+  /// How many boxes since `Begin` were warnings or errors.
+  int Troubles() const { return troubles_; }
+
+ private:
+  Console& console_;
+  Text fps_;
+  std::string file_;
+  std::vector<Text> shown_;
+  int troubles_ = 0;
+};
+
+}  // namespace cuewright

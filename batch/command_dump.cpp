@@ -1,0 +1,55 @@
+#include "batch/commands.h"
+#include "batch/json.h"
+
+namespace cuewright {
+namespace {
+
+std::string Escaped(TextView text) {
+  Text escaped;
+  for (const char16_t c : text) {
+    switch (c) {
+      case u'\\':
+        escaped += u"\\\\";
+        break;
+      case u'\t':
+        escaped += u"\\t";
+        break;
+      case u'\r':
+        escaped += u"\\r";
+        break;
+      case u'\n':
+        escaped += u"\\n";
+        break;
+      default:
+        escaped += c;
+    }
+  }
+  return DisplayUtf8(escaped);
+}
+
+std::string AsLine(Row row, const Caption& caption) {
+  return std::to_string(row) + '\t' + std::to_string(caption.start) + '\t' + std::to_string(caption.end) + '\t' +
+         Escaped(caption.text) + '\n';
+}
+
+std::string AsJson(Row row, const Caption& caption) {
+  return JsonObject()
+      .Add("number", row)
+      .Add("start", caption.start)
+      .Add("end", caption.end)
+      .Add("text", caption.text)
+      .Line();
+}
+
+}  // namespace
+
+int RunDump(const Request& request, Session& session, Console& console) {
+  if (!session.Load(request.files.front())) return kExitFailed;
+  const CaptionList& captions = session.Captions();
+  for (Row row = 1; row < captions.Rows(); ++row) {
+    console.Out(request.json ? AsJson(row, captions.At(row)) : AsLine(row, captions.At(row)));
+  }
+  return kExitDone;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "core/text.h"
+
+namespace cuewright {
+
+/// How bytes of text files are read, as `--text` says it.
+struct TextChoice {
+  bool classic = false;
+  int codePage = 0;  ///< of classic alone; 0: the locale's own
+};
+
+/// One value of the settings store for this run.
+struct SettingValue {
+  Text section;
+  Text key;
+  Text value;
+};
+
+/// A call of the program, read and checked as far as that goes without a file.
+struct Request {
+  std::string command;
+  std::vector<Text> files;
+
+  // Common options.
+  std::string fps = "25";
+  std::optional<TextChoice> text;  ///< empty: as the settings say
+  std::optional<Text> catalogue;
+  std::optional<Text> separator;
+  std::optional<Text> settingsFile;
+  std::vector<SettingValue> settings;
+  bool json = false;
+  bool quiet = false;
+
+  // Options of `convert`.
+  Text to;
+  std::optional<Text> out;
+  std::optional<Text> folder;
+  bool keepUntimed = true;
+};
+
+/// A call that can't be carried out; one sentence for the user.
+struct WrongUsage {
+  std::string problem;
+};
+
+/// What `--help` and `--version` ask for.
+struct HelpWanted {
+  std::string command;  ///< empty: the program as a whole
+};
+struct VersionWanted {};
+
+using CommandLine = std::variant<Request, WrongUsage, HelpWanted, VersionWanted>;
+
+/// Reads the arguments behind the program's name.
+CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
+
+/// The help of a command, or of the program for an empty name.
+std::string HelpText(std::string_view command);
+
+}  // namespace cuewright

@@ -1,0 +1,12 @@
+#include "batch/commands.h"
+
+namespace cuewright {
+
+int RunCommand(const Request& request, Session& session, Console& console) {
+  if (request.command == "formats") return RunFormats(request, session, console);
+  if (request.command == "detect") return RunDetect(request, session, console);
+  if (request.command == "dump") return RunDump(request, session, console);
+  return RunConvert(request, session, console);
+}
+
+}  // namespace cuewright

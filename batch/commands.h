@@ -1,0 +1,22 @@
+#pragma once
+
+#include "batch/command_line.h"
+#include "batch/console.h"
+#include "batch/session.h"
+
+namespace cuewright {
+
+/// Exit statuses of the program.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFailed = 1;  ///< a file failed
+inline constexpr int kExitUsage = 2;
+
+/// Carries out a request whose session has started; the exit status.
+int RunCommand(const Request& request, Session& session, Console& console);
+
+int RunFormats(const Request& request, Session& session, Console& console);
+int RunDetect(const Request& request, Session& session, Console& console);
+int RunDump(const Request& request, Session& session, Console& console);
+int RunConvert(const Request& request, Session& session, Console& console);
+
+}  // namespace cuewright

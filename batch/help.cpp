@@ -1,0 +1,75 @@
+#include <string>
+#include <string_view>
+
+#include "batch/command_line.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::string_view kProgram =
+    "Usage: cuewright-batch COMMAND [OPTION]... [FILE]...\n"
+    "Reads, recognises and writes subtitle files without a window.\n"
+    "\n"
+    "Commands:\n"
+    "  formats            list the formats of the catalogue\n"
+    "  detect FILE...     tell each file's format\n"
+    "  dump FILE          print the captions of a file\n"
+    "  convert FILE...    write files in another format\n"
+    "\n";
+
+constexpr std::string_view kFormats =
+    "Usage: cuewright-batch formats [OPTION]...\n"
+    "A line a format: index, identifier, name, extensions, timecode, tags (1 bold + 2 italic\n"
+    "+ 4 underline) and header (1: built by the program), separated by tabs.\n"
+    "\n";
+
+constexpr std::string_view kDetect =
+    "Usage: cuewright-batch detect [OPTION]... FILE...\n"
+    "A line a file: path, tab, identifier of the format; PLAINTEXT for text without times,\n"
+    "'-' for a file that isn't recognised.\n"
+    "\n";
+
+constexpr std::string_view kDump =
+    "Usage: cuewright-batch dump [OPTION]... FILE\n"
+    "A line a caption: number, start and end in ms, text, separated by tabs. In the text a\n"
+    "backslash, tab, CR and LF are written \\\\, \\t, \\r and \\n.\n"
+    "\n";
+
+constexpr std::string_view kConvert =
+    "Usage: cuewright-batch convert FILE... --to ID (--out FILE | --folder DIR) [OPTION]...\n"
+    "\n"
+    "  --to ID             format to write, an identifier that 'formats' lists\n"
+    "  --out FILE          file to write; one input only\n"
+    "  --folder DIR        folder for the results, named as the inputs with the format's extension\n"
+    "  --untimed keep|drop write everything (keep, the default), or nothing from the first caption\n"
+    "                      without a start time on (drop)\n"
+    "\n";
+
+constexpr std::string_view kCommon =
+    "Options of every command:\n"
+    "  --fps N             frame rate of files that count frames, 15 to 30 (default 25)\n"
+    "  --text HOW          auto: UTF-8 and UTF-16 are recognised; classic: 8-bit text in the\n"
+    "                      locale's code page; classic:NNN: in code page NNN\n"
+    "  --catalogue DIR     folder of formats.dat and formats.ini (default: the program's own)\n"
+    "  --separator TEXT    what stands for a line break inside a caption (default |)\n"
+    "  --set SECTION/KEY=VALUE\n"
+    "                      a setting for this run, such as SAMI/size=20 or Cuewright/LBREAK=/n\n"
+    "  --settings FILE     read the stored settings of FILE\n"
+    "  --json              print JSON, an object a line\n"
+    "  --quiet             print no messages and no progress\n"
+    "  --help, --version\n"
+    "\n"
+    "The exit status is 0, or 1 when a file failed, or 2 for wrong usage.\n";
+
+}  // namespace
+
+std::string HelpText(std::string_view command) {
+  std::string_view own = kProgram;
+  if (command == "formats") own = kFormats;
+  if (command == "detect") own = kDetect;
+  if (command == "dump") own = kDump;
+  if (command == "convert") own = kConvert;
+  return std::string(own) + std::string(kCommon);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,105 @@
+#include "batch/session.h"
+
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+#include "settings/messages.h"
+#include "settings/options.h"
+
+namespace cuewright {
+
+Session::Session(const Request& request, Files& files, Console& console)
+    : request_(request),
+      files_(files),
+      boxes_(console, FromUtf8(request.fps)),
+      host_(boxes_),
+      captions_(options_, modified_) {}
+
+bool Session::Start(const Text& programFolder) {
+  LoadEnglish(MessageCatalogue(), strings_);
+  return ReadSettings() && ReadCatalogue(programFolder);
+}
+
+bool Session::ReadSettings() {
+  if (request_.settingsFile) {
+    if (!files_.IsRegular(*request_.settingsFile)) {
+      boxes_.Tell(u"there is no settings file " + *request_.settingsFile);
+      return false;
+    }
+    stored_ = std::make_unique<SettingsStore>(files_, *request_.settingsFile);
+  }
+  settings_ = std::make_unique<RunSettings>(request_.settings, stored_.get());
+  LoadSettings(*settings_, options_);
+  if (request_.separator) options_.LineSeparator = *request_.separator;
+  if (!request_.text) return true;
+  options_.T_READAS = request_.text->classic ? u"classic" : u"auto";
+  const int codePage = request_.text->codePage;
+  if (codePage == 0) return true;
+  if (!IsTextCodePage(codePage)) {
+    boxes_.Tell(u"--text: code page " + Decimal(codePage) + u" is not known");
+    return false;
+  }
+  encodings_ = Encodings(codePage);
+  return true;
+}
+
+bool Session::ReadCatalogue(const Text& programFolder) {
+  Text folder = request_.catalogue.value_or(programFolder);
+  if (!folder.ends_with(u'/')) folder += u'/';
+  CarryOn errors;
+  bool complete = false;
+  errors([&] {
+    complete = LoadFormatCatalogue(catalogue_, files_, folder + u"formats.ini", folder + u"formats.dat", encodings_,
+                                   strings_, boxes_);
+  });
+  if (errors.Last()) boxes_.Tell(errors.Last()->description);
+  if (complete && catalogue_.Count() == 0) boxes_.Tell(folder + u"formats.dat lists no format");
+  if (!complete || catalogue_.Count() == 0) return false;
+  loader_ = std::make_unique<FormatLoader>(catalogue_, state_, *settings_, strings_, boxes_, host_);
+  importer_ = std::make_unique<Importer>(*loader_, captions_, files_, encodings_, cancelled_);
+  exporter_ = std::make_unique<Exporter>(*loader_, captions_, files_, encodings_, path_, modified_);
+  return true;
+}
+
+bool Session::Begin(const Text& path) {
+  boxes_.Begin(path);
+  captions_.Reset();
+  state_.CurrentFormatIndex = 0;
+  state_.CurrentFps = 0;
+  state_.Encoding = {};
+  if (files_.Exists(path)) return true;
+  boxes_.Tell(Fill(strings_[157], path));
+  return false;
+}
+
+std::optional<int> Session::Detect(const Text& path) {
+  if (!Begin(path)) return {};
+  return importer_->SettleFormat(path);
+}
+
+bool Session::Load(const Text& path) {
+  if (!Begin(path)) return false;
+  importer_->DetectFormat(path, false, false);
+  return captions_.Rows() > 2 || !IsBlank(captions_.At(1).text);
+}
+
+bool Session::Save(const Text& path, int format, bool keepUntimed) {
+  state_.CurrentFormatIndex = static_cast<std::uint8_t>(format);
+  const Text timecode = ToLower(catalogue_.ReadIni(catalogue_.Identifier(format), u"timecode", u"ms"));
+  const Text rate = ReplaceAll(FromUtf8(request_.fps), u",", u".");
+  state_.CurrentFps = timecode.find(u"ff") == Text::npos ? 0 : static_cast<float>(LeadingNumber(rate));
+
+  Row lastRow = captions_.Rows() - 1;
+  for (Row row = 1; !keepUntimed && row <= lastRow; ++row) {
+    if (!captions_.IsCaptionTimed(row)) lastRow = row - 1;
+  }
+  const int before = boxes_.Troubles();
+  path_ = path;
+  exporter_->ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  return boxes_.Troubles() == before;
+}
+
+void Session::Host::SavedAsUtf8(const DocumentEncoding& lacking) {
+  boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(lacking.codePage) + u" lacks a character of the text.");
+}
+
+}  // namespace cuewright

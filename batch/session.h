@@ -1,0 +1,91 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "batch/boxes.h"
+#include "batch/command_line.h"
+#include "batch/run_settings.h"
+#include "core/app_options.h"
+#include "core/caption_list.h"
+#include "core/lang_strings.h"
+#include "core/ports/files.h"
+#include "formats/catalogue.h"
+#include "formats/definition.h"
+#include "formats/encodings.h"
+#include "formats/export.h"
+#include "formats/format_host.h"
+#include "formats/format_state.h"
+#include "formats/import.h"
+#include "settings/store.h"
+
+namespace cuewright {
+
+/// The engine of a run: settings, catalogue and one document at a time.
+class Session {
+ public:
+  Session(const Request& request, Files& files, Console& console);
+
+  /// Reads settings and catalogue; false when that fails, which was told then. `programFolder` is where the
+  /// catalogue is unless the call says otherwise.
+  bool Start(const Text& programFolder);
+
+  const FormatCatalogue& Catalogue() const { return catalogue_; }
+  BatchBoxes& Boxes() { return boxes_; }
+
+  /// The index of the format that recognition settles on; empty, after telling why, when there is none.
+  std::optional<int> Detect(const Text& path);
+
+  /// Reads a file into the document; false, after telling why, when it gave no caption.
+  bool Load(const Text& path);
+  const CaptionList& Captions() const { return captions_; }
+  /// Identifier of the document's format.
+  const Text& Format() const { return loader_->CurrentIdentifier(); }
+
+  /// Writes the document in a format; false, after telling why, when that fails.
+  bool Save(const Text& path, int format, bool keepUntimed);
+
+ private:
+  /// The window that the engine talks to: there is none.
+  class Host final : public FormatHost {
+   public:
+    explicit Host(BatchBoxes& boxes) : boxes_(boxes) {}
+    void SetTextFileLabel(TextView) override {}
+    void ClearVideoFileLabel() override {}
+    void RefreshStatusLabels() override {}
+    void Yield() override {}
+    void ImportBegins() override {}
+    void ImportEnds() override {}
+    std::int32_t MediaSeconds() const override { return 0; }
+    void SavedAsUtf8(const DocumentEncoding& lacking) override;
+
+   private:
+    BatchBoxes& boxes_;
+  };
+
+  bool ReadSettings();
+  bool ReadCatalogue(const Text& programFolder);
+  /// Starts on a file; false, after telling so, when there is none.
+  bool Begin(const Text& path);
+
+  const Request& request_;
+  Files& files_;
+  LangStrings strings_;
+  BatchBoxes boxes_;
+  std::unique_ptr<SettingsStore> stored_;
+  std::unique_ptr<RunSettings> settings_;
+  AppOptions options_;
+  Encodings encodings_;
+  FormatCatalogue catalogue_;
+  FormatState state_;
+  Text path_;  ///< of the document
+  bool modified_ = false;
+  bool cancelled_ = false;
+  Host host_;
+  CaptionList captions_;
+  std::unique_ptr<FormatLoader> loader_;  ///< these three once the catalogue is read
+  std::unique_ptr<Importer> importer_;
+  std::unique_ptr<Exporter> exporter_;
+};
+
+}  // namespace cuewright
