@@ -2,7 +2,12 @@
 
 #include <QPainter>
 
+// The macro needs to stand outside of any namespace.
+static void InitIcons() { Q_INIT_RESOURCE(icons); }
+
 namespace cuewright {
+
+void LoadIcons() { InitIcons(); }
 
 SvgPicture::SvgPicture(const QString& file, QWidget* parent) : QWidget(parent), drawing_(file) {}
 

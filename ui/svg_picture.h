@@ -5,6 +5,9 @@
 
 namespace cuewright {
 
+/// Makes the drawings that the program carries known; to be called once before any window.
+void LoadIcons();
+
 /// A drawing that fills its widget, sharp at every scale of the display.
 class SvgPicture final : public QWidget {
  public:

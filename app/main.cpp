@@ -1,0 +1,94 @@
+#include <QApplication>
+#include <QMetaObject>
+#include <QScreen>
+#include <clocale>
+#include <memory>
+
+#include "forms/program.h"
+#include "platform/locale.h"
+#include "platform/mpv_library.h"
+#include "platform/mpv_player.h"
+#include "platform/posix_files.h"
+#include "platform/user_folders.h"
+#include "ui/export_view.h"
+#include "ui/main_window_view.h"
+#include "ui/qt_ports.h"
+#include "ui/start_view.h"
+#include "ui/svg_picture.h"
+#include "ui/video_view.h"
+
+namespace {
+
+using namespace cuewright;
+
+/// The arguments joined as one line, in which every path of an existing file is absolute.
+Text CommandLine(int argc, char** argv) {
+  Text line;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) line += u" ";
+    line += AbsoluteIfExists(FromUtf8(argv[i]));
+  }
+  return line;
+}
+
+/// Runs tasks on the window's thread, each later and in the order of their coming.
+void Post(std::function<void()> task) {
+  QMetaObject::invokeMethod(qApp, std::move(task), Qt::QueuedConnection);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // The whole command line is the one path: Qt's own switches would be taken out of it.
+  const Text commandLine = CommandLine(argc, argv);
+  int qtArguments = 1;
+  QApplication application(qtArguments, argv);
+  QApplication::setApplicationName("tessaly-cuewright");
+  QApplication::setDesktopFileName("tessaly-cuewright");
+  QApplication::setQuitOnLastWindowClosed(false);
+  LoadIcons();
+  // The player's library and the number formats need the plain decimal point.
+  std::setlocale(LC_NUMERIC, "C");
+
+  PosixFiles files;
+  QtMessages messages;
+  QtFileDialogs dialogs;
+  QtEventQueue events;
+  QtDesktop desktop;
+  const MpvLibrary library;
+  MpvPlayer player(library, Post, MpvPlayerOptions::FromEnvironment());
+  StartEnvironment environment;
+  environment.commandLine = commandLine;
+  environment.appFolder = ProgramFolder();
+  environment.settingsFile = SettingsFilePath();
+  environment.makeTempFolder = MakeRunFolder;
+  if (!library.Available()) environment.missingPlayer = library.FileName();
+  environment.systemCodePage = AnsiCodePageOfLocale();
+
+  Program program({files, messages, dialogs, events, desktop, player}, environment);
+  if (!program.Start()) return 1;
+
+  std::unique_ptr<MainWindowView> window;
+  const auto showMainWindow = [&] {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
+    program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
+    window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
+  };
+  std::unique_ptr<StartView> startView;
+  if (program.PlayerMissing()) {
+    startView = std::make_unique<StartView>(program.start);
+    program.start.cmdExit.Clicked.Connect([] { QCoreApplication::exit(0); });
+    program.start.cmdIgnore.Clicked.Connect([&] {
+      showMainWindow();
+      startView->close();
+    });
+    startView->show();
+  } else {
+    showMainWindow();
+  }
+  const int result = QApplication::exec();
+  window.reset();
+  RemoveRunFolderIfEmpty(program.folders.TempFolder);
+  return result;
+}

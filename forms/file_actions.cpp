@@ -1,0 +1,283 @@
+#include "forms/file_actions.h"
+
+#include <algorithm>
+
+#include "core/paths.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kLastClipboardLine = 32000;
+constexpr std::uint8_t kPlainTextIndex = 0;
+
+constexpr TextView kVideoFilter =
+    u"All media types|*.mpeg;*.mpg;*.mpe;*.m1v;*.mp2v;*.mpeg2;*.mp4;*.wmv;*.wm;*.asf;*.avi;*.divx;*.xvid;*.mkv;*.ogm|"
+    u"Movie file (mpeg, mpg, mpe, m1v, mp2v, mpeg2, mp4)|*.mpeg;*.mpg;*.mpe;*.m1v;*.mp2v;*.mpeg2;*.mp4|"
+    u"Windows Media files (wmv, wm, asf)|*.wmv;*.wm;*.asf|"
+    u"Video files (avi, divx, xvid)|*.avi;*.divx;*.xvid|"
+    u"Other container formats (mkv, ogm)|*.mkv;*.ogm|"
+    u"All files|*.*";
+
+Text Patterns(TextView extensions) { return u"*." + ReplaceAll(extensions, u",", u";*."); }
+
+}  // namespace
+
+FileActions::FileActions(FileActionParts parts, Ports ports) : p_(parts), ports_(ports) { Wire(); }
+
+void FileActions::Wire() {
+  MainWindow& w = p_.window;
+  w.mnuFile.AboutToShow.Connect([this] { p_.window.mnuNewClip.SetEnabled(ports_.desktop.ClipboardHasText()); });
+  w.mnuNew.Clicked.Connect([this] { New(); });
+  w.mnuNewClip.Clicked.Connect([this] { NewFromClipboard(); });
+  w.mnuOpenText.Clicked.Connect([this] { OpenText(); });
+  w.mnuOpenVideo.Clicked.Connect([this] { OpenVideo(); });
+  w.mnuAppend.Clicked.Connect([this] { Append(); });
+  w.mnuSave.Clicked.Connect([this] { Save(); });
+  w.mnuSaveAs.Clicked.Connect([this] { SaveAs(); });
+  w.mnuClose.Clicked.Connect([this] { Close(); });
+  w.mnuTFileName.Clicked.Connect([this] {
+    closeTools();
+    if (PromptForSave()) OpenSubtitleFile(p_.recall.Path(u"TFileName"));
+  });
+  w.mnuVFileName.Clicked.Connect([this] { p_.playerBinding.LoadVideoFile(p_.recall.Path(u"VFileName")); });
+  w.cmdCancel.Clicked.Connect([this] {
+    p_.window.cmdCancel.SetEnabled(false);
+    p_.document.ImportCancelled = true;
+  });
+}
+
+Text FileActions::Untitled(std::size_t message) const { return ReplaceAll(p_.strings[message], u"...", {}); }
+
+bool FileActions::PromptForSave() {
+  if (p_.list.Rows() < 3 || !p_.document.DocModified) return true;
+  switch (ports_.messages.Show({p_.strings[161], BoxIcon::Question, BoxButtons::YesNoCancel})) {
+    case BoxAnswer::Yes:
+      if (p_.document.HasFile()) {
+        SaveDocument();
+      } else {
+        SaveAs();
+      }
+      return true;
+    case BoxAnswer::No:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void FileActions::New() {
+  closeTools();
+  if (!PromptForSave()) return;
+  p_.formats.CurrentFps = 0;
+  p_.document.SubtitlePath = kNewDocument;
+  p_.capture.Reset();
+  p_.panel.ResetGrid(true);
+  resetRuleReport();
+  resetControls();
+  p_.formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(p_.catalogue.IndexOf(kSubRip), 0));
+  p_.formats.Encoding = DocumentEncoding();
+  if (Playing()) p_.window.cmdApply.SetEnabled(true);
+}
+
+void FileActions::NewFromClipboard() {
+  // A cancelled question leaves the old document open, and the lines go to its bottom.
+  New();
+  // The desktop's clipboard has bare line ends; text from elsewhere may have both.
+  const Text text = ReplaceAll(ports_.desktop.ClipboardText(), kLineEnd, u"\n");
+  const std::vector<Text> lines = Split(text, u"\n");
+  std::vector<Caption> captions;
+  for (std::size_t i = 0; i < lines.size() && i <= kLastClipboardLine; ++i) {
+    const TextView line = TrimBlanks(lines[i]);
+    if (!line.empty()) captions.push_back({0, 0, Text(line)});
+  }
+  if (!captions.empty()) {
+    const bool blank = p_.list.Rows() == 2 && p_.list.At(1) == Caption{};
+    CarryOn step;
+    if (!step([&] { p_.list.Replace(blank ? 1 : p_.list.Rows(), blank ? 1 : 0, std::move(captions)); })) {
+      ports_.messages.Show({step.Last()->description, BoxIcon::Warning});
+    }
+  }
+  p_.list.SetRow(1, false);
+}
+
+void FileActions::OpenText() {
+  closeTools();
+  if (!PromptForSave()) return;
+  const Text path = OpenFileFilter();
+  if (!path.empty()) OpenSubtitleFile(path);
+}
+
+Text FileActions::FilterOf(TextView id, TextView fallbackName) const {
+  const Text extensions = p_.catalogue.ReadIni(id, u"extension", u"txt");
+  return p_.catalogue.ReadIni(id, u"name", fallbackName) + u" (" + extensions + u")|" + Patterns(extensions) + u"|";
+}
+
+Text FileActions::OpenFileFilter() {
+  Text all;
+  Text each;
+  for (int index = 0; index < p_.catalogue.Count(); ++index) {
+    const Text& id = p_.catalogue.Identifier(index);
+    if (id.ends_with(u"_RSS")) continue;
+    if (!all.empty()) all += u";";
+    all += Patterns(p_.catalogue.ReadIni(id, u"extension", u"txt"));
+    each += FilterOf(id, u"Unknown format");
+  }
+  const Text path = ports_.fileDialogs.ShowOpenDialog(Untitled(59), u"All supported formats|" + all + u"|" + each,
+                                                      p_.recall.LastFolder());
+  return IsBlank(path) ? Text() : path;
+}
+
+void FileActions::OpenSubtitleFile(TextView given) {
+  const Text path(given);
+  if (!ports_.files.Exists(path)) {
+    ports_.messages.Show({Fill(p_.strings[157], path), BoxIcon::Error});
+    return;
+  }
+  CarryOn step;
+  LoadSteps(path, step);
+  FinishLoad(step);
+  if (step.Last()) {
+    ports_.messages.Show(
+        {p_.strings[119] + u"\r\n\r\nError # " + Decimal(step.Last()->number) + u"\r\n" + step.Last()->description,
+         BoxIcon::Warning});
+  }
+}
+
+void FileActions::LoadSteps(const Text& path, CarryOn& step) {
+  if (p_.window.optPreview.Value()) step([&] { p_.capture.SelectMode(CaptionMode::PressAndHold); });
+  p_.document.SubtitlePath = path;
+  p_.document.ImportCancelled = false;
+  p_.capture.Reset();
+  p_.window.lblVideoFile.SetText({});
+  p_.list.SetEnabled(false);
+  const bool played = Playing();
+  if (played) step([&] { ports_.player.Pause(); });
+  ports_.desktop.SetBusy(true);
+  step([&] { p_.panel.ResetGrid(true); });
+  step([&] { resetRuleReport(); });
+  step([&] { p_.importer.DetectFormat(path, false, false); });
+  p_.list.SetEnabled(true);
+  step([&] { p_.recall.SavePath(path); });
+  step([&] { p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path); });
+  p_.document.DocModified = false;
+  if (played) step([&] { ports_.player.Play(); });
+  ports_.desktop.SetBusy(false);
+}
+
+bool FileActions::LoadFailed() const {
+  return p_.document.ImportCancelled || (p_.list.Rows() == 2 && IsBlank(p_.list.At(1).text));
+}
+
+void FileActions::FinishLoad(CarryOn& step) {
+  if (LoadFailed()) {
+    p_.document.SubtitlePath.clear();
+    step([&] { p_.panel.ResetGrid(false); });
+    step([&] { resetControls(); });
+    p_.document.ImportCancelled = false;
+    return;
+  }
+  step([&] { p_.list.SetRow(1, false); });
+  step([&] { resetControls(); });
+  step([&] { ports_.events.Yield(); });
+  if (p_.document.HasVideo() && Playing()) p_.window.cmdApply.SetEnabled(true);
+  if (p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
+}
+
+void FileActions::OpenVideo() {
+  p_.store.SaveSetting(kMainSection, u"Volume", Decimal(ports_.player.Volume()));
+  closeTools();
+  const Text path = ports_.fileDialogs.ShowOpenDialog(Untitled(60), kVideoFilter, p_.recall.LastFolder());
+  if (!IsBlank(path)) p_.playerBinding.LoadVideoFile(path);
+}
+
+void FileActions::Append() {
+  if (!p_.document.HasVideo()) {
+    ports_.messages.Show({p_.strings[73], BoxIcon::Warning});
+    return;
+  }
+  const Text path = OpenFileFilter();
+  if (path.empty()) return;
+  resetRuleReport();
+  p_.importer.DetectFormat(path, false, true);
+  p_.recall.SavePath(path);
+}
+
+void FileActions::Save() {
+  if (p_.formats.CurrentFormatIndex != kPlainTextIndex && p_.document.HasFile()) {
+    SaveDocument();
+  } else {
+    SaveAs();
+  }
+}
+
+void FileActions::SaveAs() {
+  CarryOn step;
+  step([&] {
+    closeTools();
+    if (!chooseFormat()) return;
+    const Text id = p_.catalogue.Identifier(p_.formats.CurrentFormatIndex);
+    const Text extensions = ToLower(p_.catalogue.ReadIni(id, u"extension", u"txt"));
+    const Text filter =
+        p_.catalogue.ReadIni(id, u"name", {}) + u" (" + extensions + u")|" + Patterns(extensions) + u"|";
+    Text proposal;
+    if (p_.document.HasFile()) {
+      proposal = StripExtension(FileNameOf(p_.document.SubtitlePath)) + u"." + extensions;
+    } else if (p_.document.HasVideo()) {
+      proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
+    }
+    Text path(TrimBlanks(ports_.fileDialogs.ShowSaveDialog(Untitled(45), filter, p_.recall.LastFolder(), proposal)));
+    if (path.empty()) return;
+    const Text first = u"." + Split(extensions, u",")[0];
+    if (!path.ends_with(first)) path += first;
+    p_.document.SubtitlePath = path;
+    SaveDocument();
+  });
+}
+
+void FileActions::SaveDocument() {
+  Row lastRow = p_.list.Rows() - 1;
+  Row untimed = 1;
+  while (untimed < p_.list.Rows() && p_.list.IsCaptionTimed(untimed)) ++untimed;
+  if (untimed < p_.list.Rows()) {
+    const Text question = p_.strings[80] + u"\r\n\r\n" + p_.strings[81];
+    const bool whole = ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::Yes;
+    if (!whole) lastRow = untimed - 1;
+  }
+  const Text path = p_.document.SubtitlePath;
+  p_.recall.SavePath(path);
+  p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
+  p_.window.lblTextFile.SetText(p_.strings[48] + ToLower(path));
+  p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow));
+}
+
+void FileActions::Close() {
+  if (PromptForSave()) CloseDocuments();
+}
+
+void FileActions::CloseDocuments() {
+  p_.window.tmrTime.SetEnabled(false);
+  p_.capture.Reset();
+  p_.capture.SelectMode(CaptionMode::PressAndHold);
+  p_.document.SubtitlePath.clear();
+  p_.document.VideoPath.clear();
+  p_.document.WavePath.clear();
+  p_.playerBinding.Empty();
+  p_.panel.ResetGrid(false);
+  resetControls();
+  closeTools();
+  p_.sub.Unload();
+}
+
+void FileActions::OpenStartFile(TextView path) {
+  const Text extension = StartExtension(path);
+  for (const TextView video : {u"asf", u"mkv", u"mpeg", u"mpg", u"mp4", u"avi", u"ogm", u"wmv"}) {
+    if (extension == video) return p_.playerBinding.LoadVideoFile(path);
+  }
+  for (const TextView audio : {u"wav", u"mp2", u"mp3"}) {
+    if (extension == audio) return openAudioFile(path);
+  }
+  OpenSubtitleFile(path);
+}
+
+}  // namespace cuewright

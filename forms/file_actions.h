@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+
+#include "core/caption_list.h"
+#include "core/caption_panel.h"
+#include "core/document.h"
+#include "core/folders.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/timing_capture.h"
+#include "formats/catalogue.h"
+#include "formats/export.h"
+#include "formats/format_state.h"
+#include "formats/import.h"
+#include "forms/player_binding.h"
+#include "forms/ports.h"
+#include "forms/recall.h"
+
+namespace cuewright {
+
+/// What the actions of the File menu work on.
+struct FileActionParts {
+  MainWindow& window;
+  CaptionList& list;
+  CaptionPanel& panel;
+  DocumentState& document;
+  AppOptions& options;
+  const LangStrings& strings;
+  SettingsStore& store;
+  FormatCatalogue& catalogue;
+  FormatState& formats;
+  Importer& importer;
+  Exporter& exporter;
+  Recall& recall;
+  PlayerBinding& playerBinding;
+  TimingCapture& capture;
+  SubWindow& sub;
+};
+
+/// How a document comes into being, is saved and goes away: the actions of the File menu.
+class FileActions {
+ public:
+  FileActions(FileActionParts parts, Ports ports);
+
+  /// True when the caller may throw the document away.
+  bool PromptForSave();
+  /// Loads a subtitle or text file as the document.
+  void OpenSubtitleFile(TextView path);
+  /// Writes to `SubtitlePath` in the format in force.
+  void SaveDocument();
+  /// Asks for a file in any of the formats; the empty text when none was chosen.
+  Text OpenFileFilter();
+  /// Ends subtitle, video and audio together.
+  void CloseDocuments();
+  /// The file that the program was started with, by its extension.
+  void OpenStartFile(TextView path);
+
+  void New();
+  void NewFromClipboard();
+  void OpenText();
+  void OpenVideo();
+  void Append();
+  void Save();
+  void SaveAs();
+  void Close();
+
+  // Set by the owner of the windows.
+  std::function<void()> closeTools;
+  std::function<void()> resetControls;
+  std::function<void()> refreshFileLabels;
+  std::function<void()> resetRuleReport;
+  std::function<void()> applyRulesOnLoad;
+  std::function<bool()> chooseFormat;  ///< the export dialog; false when it was left without a choice
+  std::function<void(TextView)> openAudioFile;
+
+ private:
+  void Wire();
+  void LoadSteps(const Text& path, class CarryOn& step);
+  void FinishLoad(class CarryOn& step);
+  bool LoadFailed() const;
+  bool Playing() const { return ports_.player.PlayState() == kPlayerPlaying; }
+  Text FilterOf(TextView id, TextView fallbackName) const;
+  Text Untitled(std::size_t message) const;
+
+  FileActionParts p_;
+  Ports ports_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,128 @@
+#include "forms/program.h"
+
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "core/product.h"
+#include "core/runtime_error.h"
+#include "settings/options.h"
+
+namespace cuewright {
+
+Program::Program(Ports ports, StartEnvironment environment)
+    : ports_(ports),
+      environment_(std::move(environment)),
+      store(ports_.files, environment_.settingsFile),
+      encodings(environment_.systemCodePage),
+      list(options, document.DocModified),
+      grid(list),
+      panel(window, list, grid, strings),
+      preview(window, sub, list, grid, document, options, ports_.player),
+      capture(window, list, grid, document, options, strings, ports_.player, preview),
+      timeBoxes(window, list),
+      loader(catalogue, formats, store, strings, ports_.messages, *this),
+      importer(loader, list, ports_.files, encodings, document.ImportCancelled),
+      exporter(loader, list, ports_.files, encodings, document.SubtitlePath, document.DocModified),
+      recall(window, store, ports_.files, folders),
+      commands(window, list, grid, panel, document, options, strings, ports_.messages, store, preview, capture),
+      playerBinding(window, sub, document, strings, ports_.files, ports_.messages, ports_.player, preview, capture,
+                    recall),
+      files(Parts(), ports_),
+      shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
+            playerBinding, ports_),
+      exportDialog(catalogue, formats, strings, ports_.messages) {
+  Connect();
+}
+
+FileActionParts Program::Parts() {
+  return {window, list,     panel,    document, options,       strings, store, catalogue,
+          formats, importer, exporter, recall,   playerBinding, capture, sub};
+}
+
+void Program::Connect() {
+  files.resetControls = [this] { shell.ResetControls(); };
+  playerBinding.resetControls = files.resetControls;
+  playerBinding.closeReport = [] {};
+  files.closeTools = [] {};
+  files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
+  files.resetRuleReport = [] {};
+  files.applyRulesOnLoad = [] {};
+  files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
+  files.chooseFormat = [this] {
+    exportDialog.Open();
+    if (runExportDialog) runExportDialog();
+    return exportDialog.Result();
+  };
+}
+
+bool Program::Start() {
+  CarryOn step;
+  startFile_ = StartFileOf(environment_.commandLine);
+  step([&] { folders.TempFolder = environment_.makeTempFolder(); });
+  folders.AppFolder = WithSlash(environment_.appFolder);
+  folders.FormatIniPath = folders.AppFolder + u"formats.ini";
+  folders.FormatDatPath = folders.AppFolder + u"formats.dat";
+  step([&] { LoadSettings(store, options); });
+  step([&] { LoadEnglish(messages, strings); });
+  if (step.Last()) {
+    ports_.messages.Show({u"Error ignored on start window initialization.", BoxIcon::Warning});
+    step.Clear();
+  }
+  bool complete = true;
+  step([&] {
+    complete = LoadFormatCatalogue(catalogue, ports_.files, folders.FormatIniPath, folders.FormatDatPath, encodings,
+                                   strings, ports_.messages);
+  });
+  start.WireLinks(ports_.desktop, options.Language);
+  if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, false);
+  if (step.Last()) {
+    ports_.messages.Show({u"An error ocurred while loading main window.\r\n\r\nError #" +
+                              Decimal(step.Last()->number) + u": " + step.Last()->description,
+                          BoxIcon::Warning});
+  }
+  return complete;
+}
+
+Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
+  window.SetTitle(Text(kProductName) + u" " + VersionText());
+  const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
+  shell.ApplyMainWindowLanguage(false);
+  panel.ResetGrid(false);
+  shell.ResetControls();
+  return size;
+}
+
+void Program::OnFirstActivation() {
+  const Text path = std::exchange(startFile_, {});
+  if (!path.empty()) files.OpenStartFile(path);
+}
+
+void Program::SetTextFileLabel(TextView text) { window.lblTextFile.SetText(text); }
+
+void Program::ClearVideoFileLabel() { window.lblVideoFile.SetText({}); }
+
+void Program::RefreshStatusLabels() { shell.RefreshFileLabels(); }
+
+void Program::Yield() { ports_.events.Yield(); }
+
+void Program::ImportBegins() {
+  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo, &window.mnuClose,
+                         &window.mnuSave, &window.mnuSaveAs}) {
+    item->SetEnabled(false);
+  }
+  window.cmdCancel.SetVisible(true);
+  window.cmdCancel.SetEnabled(true);
+}
+
+void Program::ImportEnds() {
+  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(true);
+  window.mnuClose.SetEnabled(document.HasDocument() || document.HasVideo());
+  window.cmdCancel.SetVisible(false);
+}
+
+std::int32_t Program::MediaSeconds() const { return static_cast<std::int32_t>(ports_.player.Duration()); }
+
+void Program::SavedAsUtf8(const DocumentEncoding&) {
+  Notice(u"The file was saved as UTF-8, because its encoding lacks a character of the text.");
+}
+
+}  // namespace cuewright

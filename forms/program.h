@@ -1,0 +1,113 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "core/caption_grid.h"
+#include "core/caption_list.h"
+#include "core/caption_panel.h"
+#include "core/document.h"
+#include "core/folders.h"
+#include "core/form/main_window.h"
+#include "core/form/sub_window.h"
+#include "core/preview.h"
+#include "core/time_boxes.h"
+#include "core/timing_capture.h"
+#include "formats/catalogue.h"
+#include "formats/definition.h"
+#include "formats/export.h"
+#include "formats/format_host.h"
+#include "formats/format_state.h"
+#include "formats/import.h"
+#include "forms/caption_commands.h"
+#include "forms/export_dialog.h"
+#include "forms/file_actions.h"
+#include "forms/player_binding.h"
+#include "forms/ports.h"
+#include "forms/recall.h"
+#include "forms/shell.h"
+#include "forms/start_window.h"
+#include "settings/messages.h"
+#include "settings/store.h"
+
+namespace cuewright {
+
+/// What the start needs of the platform.
+struct StartEnvironment {
+  Text commandLine;                            ///< whole, as the user gave it
+  Text appFolder;                              ///< the program's own
+  Text settingsFile;                           ///< the user's settings
+  std::function<Text()> makeTempFolder;        ///< makes a private folder; throws run-time errors
+  Text missingPlayer;                          ///< the file of the player that is missing; empty when it is there
+  int systemCodePage = 1252;                   ///< ANSI code page of the user's locale
+};
+
+/// The running program: the owner of all its state and of what works on it.
+class Program final : private FormatHost {
+ public:
+  Program(Ports ports, StartEnvironment environment);
+
+  /// The steps of the start up to the first window. False when the program has to end: its format files are missing.
+  bool Start();
+  bool PlayerMissing() const { return !environment_.missingPlayer.empty(); }
+  /// The main window loads: title, options, language, empty list.
+  Shell::StartSize LoadMainWindow(int screenWidth, int screenHeight);
+  /// The main window became active for the first time: the file of the command line opens.
+  void OnFirstActivation();
+
+ private:
+  Ports ports_;
+  StartEnvironment environment_;
+
+ public:
+  // In the order of their making: what stands below is made of what stands above.
+  AppOptions options;
+  LangStrings strings;
+  MessageCatalogue messages;
+  Folders folders;
+  SettingsStore store;
+  DocumentState document;
+  Encodings encodings;
+  FormatCatalogue catalogue;
+  FormatState formats;
+  MainWindow window;
+  SubWindow sub;
+  StartWindow start;
+  CaptionList list;
+  CaptionGrid grid;
+  CaptionPanel panel;
+  Preview preview;
+  TimingCapture capture;
+  TimeBoxes timeBoxes;
+  FormatLoader loader;
+  Importer importer;
+  Exporter exporter;
+  Recall recall;
+  CaptionCommands commands;
+  PlayerBinding playerBinding;
+  FileActions files;
+  Shell shell;
+  ExportDialog exportDialog;
+
+  /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
+  std::function<void()> runExportDialog;
+  /// Tells the user something that needs no box.
+  Signal<Text> Notice;
+
+ private:
+  void Connect();
+  FileActionParts Parts();
+
+  void SetTextFileLabel(TextView text) override;
+  void ClearVideoFileLabel() override;
+  void RefreshStatusLabels() override;
+  void Yield() override;
+  void ImportBegins() override;
+  void ImportEnds() override;
+  std::int32_t MediaSeconds() const override;
+  void SavedAsUtf8(const DocumentEncoding& lacking) override;
+
+  Text startFile_;
+};
+
+}  // namespace cuewright

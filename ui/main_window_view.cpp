@@ -1,0 +1,329 @@
+#include "ui/main_window_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyle>
+#include <QSvgRenderer>
+#include <QVBoxLayout>
+
+#include "core/product.h"
+#include "ui/caption_table.h"
+#include "ui/key_codes.h"
+#include "ui/overlay.h"
+#include "ui/qt_text.h"
+#include "ui/svg_picture.h"
+
+namespace cuewright {
+namespace {
+
+QRect ToRect(const Rect& rect) { return {rect.left, rect.top, rect.width, rect.height}; }
+
+template <class Widget>
+Widget* Named(Widget* widget, const char* name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QLabel* ElidedLabel(const char* name, QWidget* parent) {
+  auto* label = Named(new QLabel(parent), name);
+  label->setTextFormat(Qt::PlainText);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  return label;
+}
+
+}  // namespace
+
+MainWindowView::MainWindowView(Program& program, QWidget* video)
+    : program_(program),
+      form_(program.window),
+      area_(new QWidget(this)),
+      binder_(*this, program.window),
+      video_(video) {
+  setObjectName("frmMain");
+  setWindowIcon(QIcon(":/cuewright.svg"));
+  setMinimumSize(MainLayout::kLeastWidth, MainLayout::kLeastHeight);
+  setCentralWidget(area_);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  BuildMenus();
+  BuildInformationBar();
+  table_ = new CaptionTable(program_.list, program_.grid, program_.commands, *listMenu_, area_);
+  divider_ = Named(new QWidget(area_), "imgSize");
+  divider_->setCursor(Qt::SplitHCursor);
+  video_->setParent(area_);
+  logo_ = Named(new SvgPicture(":/logo.svg", area_), "picPLogo");
+  for (const char* name : {"picWave", "picLevel"}) Named(new QWidget(area_), name)->hide();
+  overlay_ = new Overlay(program_.sub, area_);
+  BuildBottomPanel();
+  GiveNames();
+  binder_.BindAll();
+
+  connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
+  connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
+  connections_.push_back(program_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
+  setWindowTitle(ToQt(form_.Title()));
+  qApp->installEventFilter(this);
+  table_->setFocus();
+}
+
+MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
+
+void MainWindowView::BuildMenus() {
+  for (MenuItem* top : {&form_.mnuFile, &form_.mnuEdit, &form_.mnuFormat, &form_.mnuView, &form_.mnuTools,
+                        &form_.mnuSettings, &form_.mnuHelp}) {
+    menuBar()->addAction(binder_.MakeAction(*top, menuBar()));
+  }
+  listMenu_ = new QMenu(this);
+  listMenu_->setObjectName("mnuRclick");
+  binder_.FillMenu(*listMenu_, form_.mnuRclick);
+  connect(findChild<QAction*>("mnuExit"), &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindowView::BuildInformationBar() {
+  status_ = Named(new QWidget(area_), "picStatus");
+  status_->setAutoFillBackground(true);
+  status_->setBackgroundRole(QPalette::Base);
+  auto* row = new QHBoxLayout(status_);
+  row->setContentsMargins(12, 4, 12, 4);
+  row->setSpacing(12);
+  auto* icon = Named(new SvgPicture(":/cuewright.svg", status_), "picIco");
+  icon->setFixedSize(32, 32);
+  row->addWidget(icon);
+  auto* texts = new QVBoxLayout;
+  texts->setSpacing(2);
+  texts->addStretch();
+  texts->addWidget(ElidedLabel("lblTextFile", status_));
+  texts->addWidget(ElidedLabel("lblVideoFile", status_));
+  texts->addStretch();
+  row->addLayout(texts, 1);
+  barLogo_ = Named(new QLabel(ToQt(kProductName), status_), "picLogo");
+  QFont font = barLogo_->font();
+  font.setPointSizeF(font.pointSizeF() * 1.4);
+  font.setBold(true);
+  barLogo_->setFont(font);
+  barLogo_->setCursor(Qt::PointingHandCursor);
+  row->addWidget(barLogo_);
+}
+
+QWidget* MainWindowView::MakeTimeRow() {
+  auto* panel = new QWidget(bottom_);
+  auto* row = new QHBoxLayout(panel);
+  row->setContentsMargins(0, 0, 0, 0);
+  for (int index = 0; index < 2; ++index) {
+    auto* label = Named(new QLabel(panel), index == 0 ? "lblShow" : "lblDuration");
+    auto* box = Named(new QLineEdit(panel), index == 0 ? "txtTime(0)" : "txtTime(1)");
+    box->setMaxLength(12);
+    box->setAttribute(Qt::WA_InputMethodEnabled, false);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance("00:00:00,000") + 24);
+    row->addWidget(label);
+    row->addWidget(box);
+    row->addSpacing(8);
+  }
+  row->addStretch();
+  auto* caption = Named(new QLabel(panel), "lblPosition");
+  auto* time = Named(new QLabel(panel), "lblTime");
+  auto* text = Named(new QLabel(panel), "lblStringPos");
+  time->setMinimumWidth(time->fontMetrics().horizontalAdvance("00000000"));
+  text->setMinimumWidth(text->fontMetrics().horizontalAdvance("0:00:00.0000"));
+  time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  row->addWidget(caption);
+  row->addWidget(text);
+  row->addWidget(time);
+  return panel;
+}
+
+QWidget* MainWindowView::MakeButtons() {
+  auto* panel = new QWidget(bottom_);
+  auto* grid = new QGridLayout(panel);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto button = [&](const char* name, int row, int column, int columns) {
+    auto* made = Named(new QPushButton(panel), name);
+    made->setMinimumWidth(84);
+    made->setAutoDefault(false);
+    made->setAttribute(Qt::WA_InputMethodEnabled, false);
+    made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    grid->addWidget(made, row, column, 1, columns);
+    return made;
+  };
+  button("cmdApply", 0, 0, 2);
+  button("cmdNext", 1, 0, 1);
+  button("cmdEnd", 1, 1, 1);
+  button("cmdCancel", 2, 0, 2);
+  return panel;
+}
+
+QWidget* MainWindowView::MakeModes() {
+  auto* panel = new QWidget(bottom_);
+  auto* column = new QVBoxLayout(panel);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(3);
+  auto* heading = Named(new QLabel(panel), "lblMainMode");
+  QFont bold = heading->font();
+  bold.setBold(true);
+  heading->setFont(bold);
+  column->addWidget(heading);
+  for (const char* name : {"optPress", "optManual", "optPreview"}) {
+    auto* option = Named(new QRadioButton(panel), name);
+    option->setAttribute(Qt::WA_InputMethodEnabled, false);
+    column->addWidget(option);
+  }
+  auto* text = Named(new QLabel(panel), "lblMode");
+  text->setWordWrap(true);
+  text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  column->addWidget(text, 1);
+  panel->setFixedWidth(270);
+  return panel;
+}
+
+void MainWindowView::BuildBottomPanel() {
+  bottom_ = Named(new QWidget(area_), "picBottom");
+  auto* row = new QHBoxLayout(bottom_);
+  row->setContentsMargins(8, 4, 8, 8);
+  row->setSpacing(12);
+  auto* left = new QVBoxLayout;
+  left->addWidget(MakeTimeRow());
+  auto* pane = Named(new QPlainTextEdit(bottom_), "txtSub");
+  pane->setTabChangesFocus(true);
+  pane_ = pane;
+  left->addWidget(pane, 1);
+  row->addLayout(left, 1);
+  row->addWidget(MakeButtons());
+  row->addWidget(MakeModes());
+}
+
+void MainWindowView::GiveNames() {
+  const std::pair<const char*, const char*> names[] = {{"txtTime(0)", "Start of the caption"},
+                                                       {"txtTime(1)", "Duration of the caption"},
+                                                       {"txtSub", "Text of the caption"},
+                                                       {"picIco", "Program icon"},
+                                                       {"picPLogo", "No film is open"},
+                                                       {"imgSize", "Divider between list and player"},
+                                                       {"picStatus", "Information bar"},
+                                                       {"picBottom", "Captioning panel"},
+                                                       {"picWave", "Audio bar"},
+                                                       {"picLevel", "Sound level"}};
+  for (const auto& [name, text] : names) {
+    if (auto* widget = findChild<QWidget*>(name)) widget->setAccessibleName(text);
+  }
+}
+
+void MainWindowView::ShowStarted(const Shell::StartSize& size) {
+  if (size.width > 0 && size.height > 0) resize(size.width, size.height);
+  if (size.maximised) {
+    showMaximized();
+  } else {
+    show();
+  }
+}
+
+void MainWindowView::ApplyLayout() {
+  MainLayout& layout = program_.shell.Layout();
+  layout.SetInner(area_->width(), area_->height());
+  status_->setGeometry(ToRect(layout.Status()));
+  table_->setGeometry(ToRect(layout.List()));
+  divider_->setGeometry(ToRect(layout.Divider()));
+  video_->setGeometry(ToRect(layout.Player()));
+  bottom_->setGeometry(ToRect(layout.Bottom()));
+  bottom_->layout()->activate();
+  const QRect player = ToRect(layout.Player());
+  const QSize logo(160, 120);
+  logo_->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, logo, player));
+  logo_->raise();
+  const bool bar = form_.picIco.Visible();
+  for (const char* name : {"lblTextFile", "lblVideoFile"}) status_->findChild<QWidget*>(name)->setVisible(bar);
+  barLogo_->setVisible(bar && layout.ShowsLogo());
+  program_.shell.ApplyColumns(pane_->width(), table_->verticalScrollBar()->sizeHint().width());
+  table_->NoteMetrics();
+  program_.preview.PlacePreview();
+}
+
+void MainWindowView::PlaceOverlayNow() {
+  const Rect& player = program_.shell.Layout().Player();
+  const int height = overlay_->WantedHeight();
+  const OverlayPlace place =
+      PlaceOverlay(player.left, player.top, player.width, player.height, height, program_.options.F_SUBHEIGHT);
+  overlay_->setGeometry(place.left, place.top, place.width, height);
+  overlay_->raise();
+}
+
+void MainWindowView::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  ApplyLayout();
+}
+
+void MainWindowView::closeEvent(QCloseEvent* event) {
+  if (!program_.files.PromptForSave()) {
+    event->ignore();
+    return;
+  }
+  const QSize size = normalGeometry().size();
+  program_.shell.SaveAtUnload(isMinimized(), isMaximized(), size.width(), size.height());
+  program_.files.CloseDocuments();
+  event->accept();
+  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+void MainWindowView::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange) return;
+  if (!isActiveWindow()) {
+    program_.capture.OnFocusLost();
+  } else if (!activated_) {
+    activated_ = true;
+    QMetaObject::invokeMethod(
+        this, [this] { program_.OnFirstActivation(); }, Qt::QueuedConnection);
+  }
+}
+
+bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr || widget->window() != this) return false;
+  // An event that its receiver leaves goes on to the parents; the shortcut is for the first one alone.
+  QWidget* focus = QApplication::focusWidget();
+  if (widget != (focus != nullptr ? focus : this)) return false;
+  KeyEvent key = KeyEventOf(*static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::KeyPress) {
+    program_.capture.OnKeyDown(key);
+  } else {
+    program_.capture.OnKeyUp(key);
+  }
+  return key.handled;
+}
+
+bool MainWindowView::FilterDivider(QEvent* event) {
+  const auto* mouse = static_cast<QMouseEvent*>(event);
+  if (event->type() != QEvent::MouseMove || (mouse->buttons() & Qt::LeftButton) == 0) return false;
+  program_.shell.Layout().DragDivider(area_->mapFromGlobal(mouse->globalPosition().toPoint()).x());
+  ApplyLayout();
+  return true;
+}
+
+bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return FilterKey(object, event);
+    case QEvent::MouseButtonRelease:
+      if (object->isWidgetType()) {
+        program_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));
+      }
+      return false;
+    case QEvent::MouseMove:
+      return object == divider_ && FilterDivider(event);
+    default:
+      return false;
+  }
+}
+
+}  // namespace cuewright

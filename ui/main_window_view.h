@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+#include "forms/program.h"
+#include "ui/binder.h"
+
+namespace cuewright {
+
+class CaptionTable;
+class Overlay;
+
+/// The main window `frmMain` on the toolkit: it lays the widgets out as the form says and hands it what happens.
+class MainWindowView final : public QMainWindow {
+ public:
+  /// `video` is the player's widget; the window takes it over.
+  MainWindowView(Program& program, QWidget* video);
+  ~MainWindowView() override;
+
+  /// Shows the window in the size and state of the settings.
+  void ShowStarted(const Shell::StartSize& size);
+
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void BuildInformationBar();
+  void BuildBottomPanel();
+  QWidget* MakeTimeRow();
+  QWidget* MakeButtons();
+  QWidget* MakeModes();
+  void GiveNames();
+  void ApplyLayout();
+  void PlaceOverlayNow();
+  bool FilterKey(QObject* object, QEvent* event);
+  bool FilterDivider(QEvent* event);
+
+  Program& program_;
+  MainWindow& form_;
+  QWidget* area_;
+  Binder binder_;
+  QMenu* listMenu_ = nullptr;
+  CaptionTable* table_ = nullptr;
+  QWidget* video_ = nullptr;
+  QWidget* logo_ = nullptr;
+  QWidget* status_ = nullptr;
+  QWidget* bottom_ = nullptr;
+  QWidget* divider_ = nullptr;
+  QWidget* pane_ = nullptr;
+  QWidget* barLogo_ = nullptr;
+  Overlay* overlay_ = nullptr;
+  bool activated_ = false;
+  std::vector<Connection> connections_;
+};
+
+}  // namespace cuewright
