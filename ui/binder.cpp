@@ -269,11 +269,6 @@ bool Binder::FilterButton(Button& button, QEvent& event) {
       button.KeyDown(key);
       return false;
     }
-    case QEvent::KeyRelease: {
-      KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
-      button.KeyUp(key);
-      return false;
-    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
       if (!button.Enabled()) return false;

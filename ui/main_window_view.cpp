@@ -20,6 +20,7 @@
 
 #include "core/product.h"
 #include "ui/caption_table.h"
+#include "ui/held_keys.h"
 #include "ui/key_codes.h"
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
@@ -295,7 +296,7 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   KeyEvent key = KeyEventOf(*static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::KeyPress) {
     program_.capture.OnKeyDown(key);
-  } else {
+  } else if (!IsKeyStillDown(static_cast<QKeyEvent*>(event)->nativeScanCode())) {
     program_.capture.OnKeyUp(key);
   }
   return key.handled;

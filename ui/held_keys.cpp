@@ -1,0 +1,20 @@
+#include "ui/held_keys.h"
+
+#include <xcb/xproto.h>
+
+#include <QGuiApplication>
+#include <cstdlib>
+#include <memory>
+
+namespace cuewright {
+
+bool IsKeyStillDown(quint32 scanCode) {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (x11 == nullptr || scanCode > 255) return false;
+  xcb_connection_t* connection = x11->connection();
+  const std::unique_ptr<xcb_query_keymap_reply_t, decltype(&std::free)> keymap(
+      xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr), &std::free);
+  return keymap != nullptr && (keymap->keys[scanCode / 8] >> (scanCode % 8) & 1) != 0;
+}
+
+}  // namespace cuewright
