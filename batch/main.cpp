@@ -11,6 +11,7 @@
 #include "batch/console.h"
 #include "batch/session.h"
 #include "core/product.h"
+#include "platform/locale.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -28,7 +29,7 @@ Text ProgramFolder() {
 int Run(const Request& request, Console& console) {
   if (request.quiet) console.SetQuiet();
   PosixFiles files;
-  Session session(request, files, console);
+  Session session(request, files, console, AnsiCodePageOfLocale());
   if (!session.Start(ProgramFolder())) return kExitUsage;
   return RunCommand(request, session, console);
 }

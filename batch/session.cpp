@@ -7,10 +7,11 @@
 
 namespace cuewright {
 
-Session::Session(const Request& request, Files& files, Console& console)
+Session::Session(const Request& request, Files& files, Console& console, int systemCodePage)
     : request_(request),
       files_(files),
       boxes_(console, FromUtf8(request.fps)),
+      encodings_(systemCodePage),
       host_(boxes_),
       captions_(options_, modified_) {}
 

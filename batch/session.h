@@ -24,7 +24,8 @@ namespace cuewright {
 /// The engine of a run: settings, catalogue and one document at a time.
 class Session {
  public:
-  Session(const Request& request, Files& files, Console& console);
+  /// `systemCodePage` is the ANSI code page of the user's locale.
+  Session(const Request& request, Files& files, Console& console, int systemCodePage);
 
   /// Reads settings and catalogue; false when that fails, which was told then. `programFolder` is where the
   /// catalogue is unless the call says otherwise.

@@ -30,8 +30,9 @@ BatchTest::~BatchTest() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-ProcessResult BatchTest::Batch(const std::vector<std::string>& arguments, ProcessOptions options) const {
-  std::vector<std::string> command = {CUEWRIGHT_BIN_DIR "/cuewright-batch"};
+ProcessResult BatchTest::Batch(const std::vector<std::string>& arguments, ProcessOptions options,
+                               const std::string& locale) const {
+  std::vector<std::string> command = {"/usr/bin/env", "LC_ALL=" + locale, CUEWRIGHT_BIN_DIR "/cuewright-batch"};
   command.insert(command.end(), arguments.begin(), arguments.end());
   if (options.folder.empty()) options.folder = folder_;
   return RunProcess(command, options);

@@ -17,8 +17,9 @@ class BatchTest : public testing::Test {
   BatchTest();
   ~BatchTest() override;
 
-  /// Runs cuewright-batch in the folder with these arguments.
-  ProcessResult Batch(const std::vector<std::string>& arguments, ProcessOptions options = {}) const;
+  /// Runs cuewright-batch in the folder with these arguments, in a locale whose code page is 1252.
+  ProcessResult Batch(const std::vector<std::string>& arguments, ProcessOptions options = {},
+                      const std::string& locale = "C.UTF-8") const;
 
   /// Writes a file below the folder; the bytes as they stand.
   void Write(const std::string& name, std::string_view bytes) const;

@@ -157,6 +157,14 @@ TEST_F(BatchTest, TextChoosesHowBytesAreRead) {
   EXPECT_EQ(text("latin.srt", "classic:1251"), "Oщ");
 }
 
+TEST_F(BatchTest, EightBitTextIsOfTheLocalesCodePage) {
+  Write("a.srt", "1\r\n00:00:12,400 --> 00:00:15,200\r\n\xC4\xE0\r\n\r\n");
+  for (const std::string how : {"auto", "classic"}) {
+    EXPECT_NE(Batch({"dump", "a.srt", "--text", how}).out.find("Äà"), std::string::npos);
+    EXPECT_NE(Batch({"dump", "a.srt", "--text", how}, {}, "ru_RU.UTF-8").out.find("Да"), std::string::npos);
+  }
+}
+
 TEST_F(BatchTest, WithoutTextTheSettingDecides) {
   Write("utf8.srt", "1\r\n00:00:12,400 --> 00:00:15,200\r\nOù\r\n\r\n");
   const std::string automatic = Batch({"dump", "utf8.srt"}).out;

@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+
 #include "tests/batch/batch_rig.h"
 
 namespace cuewright::test {
@@ -75,6 +81,30 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
   }
   EXPECT_NE(Batch({"convert", "--help"}).out.find("--untimed"), std::string::npos);
   EXPECT_EQ(Batch({"detect", "--help"}).out.find("--untimed"), std::string::npos);
+}
+
+/// The words that begin with two hyphens.
+std::set<std::string> OptionsIn(const std::string& text) {
+  static const std::regex option("--[a-z]+");
+  return {std::sregex_token_iterator(text.begin(), text.end(), option), std::sregex_token_iterator()};
+}
+
+TEST_F(BatchTest, TheManualPageNamesEveryOption) {
+  std::ifstream file(CUEWRIGHT_SOURCE_DIR "/docs/cuewright-batch.1");
+  std::string page{std::istreambuf_iterator<char>(file), {}};
+  std::erase(page, '\\');
+  const std::set<std::string> inHelp = OptionsIn(Batch({"convert", "--help"}).out);
+  EXPECT_GE(inHelp.size(), 14u);
+  EXPECT_EQ(OptionsIn(page), inHelp);
+}
+
+TEST_F(BatchTest, TheProgramLinksNoWindowToolkit) {
+  std::ifstream file(CUEWRIGHT_BIN_DIR "/cuewright-batch", std::ios::binary);
+  const std::string program{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_NE(program.find("libstdc++.so"), std::string::npos);
+  for (const char* library : {"libQt", "libX11", "libxcb", "libwayland", "libgtk"}) {
+    EXPECT_EQ(program.find(library), std::string::npos) << library;
+  }
 }
 
 TEST_F(BatchTest, VersionIsTheProducts) {
