@@ -15,6 +15,7 @@
 #include "ui/qt_ports.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
+#include "ui/video_surface.h"
 #include "ui/video_view.h"
 
 namespace {
@@ -32,9 +33,7 @@ Text CommandLine(int argc, char** argv) {
 }
 
 /// Runs tasks on the window's thread, each later and in the order of their coming.
-void Post(std::function<void()> task) {
-  QMetaObject::invokeMethod(qApp, std::move(task), Qt::QueuedConnection);
-}
+void Post(std::function<void()> task) { QMetaObject::invokeMethod(qApp, std::move(task), Qt::QueuedConnection); }
 
 }  // namespace
 
@@ -56,7 +55,9 @@ int main(int argc, char** argv) {
   QtEventQueue events;
   QtDesktop desktop;
   const MpvLibrary library;
-  MpvPlayer player(library, Post, MpvPlayerOptions::FromEnvironment());
+  MpvPlayerOptions playerOptions = MpvPlayerOptions::FromEnvironment();
+  playerOptions.output = WantedVideoOutput();
+  MpvPlayer player(library, Post, playerOptions);
   StartEnvironment environment;
   environment.commandLine = commandLine;
   environment.appFolder = ProgramFolder();
