@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "formats/text_search.h"
-
 namespace cuewright {
 namespace {
 
@@ -12,7 +10,22 @@ constexpr std::array<TextView, 3> kClosings = {u"</b>", u"</i>", u"</u>"};
 
 bool Holds(TextView text, TextView part) { return FindLoose(text, part) != TextView::npos; }
 
-bool HoldsChar(TextView text, char16_t c) { return text.find(c) != TextView::npos; }
+bool HoldsChar(TextView text, char16_t c) { return FindCharacter(text, c) != TextView::npos; }
+
+/// Takes every CR LF out, in place.
+void RemoveLineEnds(Text& text) {
+  std::size_t hit = text.find(kLineEnd);
+  if (hit == Text::npos) return;
+  std::size_t to = hit;
+  for (std::size_t at = hit; at < text.size();) {
+    if (text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n') {
+      at += 2;
+    } else {
+      text[to++] = text[at++];
+    }
+  }
+  text.resize(to);
+}
 
 }  // namespace
 
@@ -23,14 +36,16 @@ CaptionCollector::CaptionCollector(const FormatDefinition& definition, const Tex
 
 CaptionCollector::Tag CaptionCollector::MakeTag(const FormatDefinition& definition, char16_t letter) {
   const Text with(1, letter);
-  Tag tag{definition.tagOpen, definition.tagClose, {}};
+  Text open = definition.tagOpen;
+  Text close = definition.tagClose;
   if (letter != u'b') {
-    tag.open = ReplaceLoose(tag.open, u"b", with);
-    tag.close = ReplaceLoose(tag.close, u"b", with);
+    open = ReplaceLoose(open, u"b", with);
+    close = ReplaceLoose(close, u"b", with);
   }
+  Tag tag{Needle(open), Needle(close == u"---" ? Text() : close), {}};
   // The letters of the tag decide, whatever kind it is for; each goes in front of the one before.
   for (const TextView marker : kMarkers) {
-    if (Holds(tag.open, marker.substr(1, 1))) tag.markers.insert(0, marker);
+    if (Holds(open, marker.substr(1, 1))) tag.markers.insert(0, marker);
   }
   return tag;
 }
@@ -41,6 +56,7 @@ void CaptionCollector::DefinitionChanged() {
   if ((flags & 4u) != 0) tags_.push_back(MakeTag(definition_, u'u'));
   if ((flags & 2u) != 0) tags_.push_back(MakeTag(definition_, u'i'));
   if ((flags & 1u) != 0) tags_.push_back(MakeTag(definition_, u'b'));
+  tagsAreAngled_ = flags == 0 || definition_.tagOpen.find(u'<') != Text::npos;
   const Text& lineBreak = definition_.lineBreak;
   breaks_ = lineBreak != separator_ && lineBreak != u"[enter]" && lineBreak != u"none" && !lineBreak.empty();
 }
@@ -57,22 +73,39 @@ void CaptionCollector::Reset() {
 
 void CaptionCollector::TagsToMarkers() {
   for (const Tag& tag : tags_) {
-    if (captionText.empty() || !Holds(captionText, tag.open)) continue;
-    captionText = ReplaceLoose(captionText, tag.open, {});
-    if (tag.close != u"---") captionText = ReplaceLoose(captionText, tag.close, {});
+    if (!tag.open.In(captionText)) continue;
+    tag.open.Replace(captionText, {});
+    tag.close.Replace(captionText, {});
     captionText.insert(0, tag.markers);
   }
 }
 
 void CaptionCollector::FlushImportedCaption() {
-  if (HoldsChar(captionText, u'<')) {
+  const bool special = HoldsEither(captionText, u'<', u'\r');
+  const bool angled = special && HoldsChar(captionText, u'<');
+  if (angled) {
     for (const TextView closing : kClosings) captionText = ReplaceLoose(captionText, closing, {});
   }
-  TagsToMarkers();
-  if (breaks_) captionText = ReplaceAll(captionText, definition_.lineBreak, separator_);
-  if (HoldsChar(captionText, u'\r')) captionText = ReplaceAll(captionText, kLineEnd, {});
+  if (angled || !tagsAreAngled_) TagsToMarkers();
+  if (breaks_) Exchange(captionText, definition_.lineBreak, separator_);
+  if (special) RemoveLineEnds(captionText);
   if (!IsBlank(captionText)) StoreImportedCaption();
   Reset();
+}
+
+void CaptionCollector::FlushPlain(TextView text) {
+  if (!tagsAreAngled_ || breaks_) {
+    captionText = text;
+    FlushImportedCaption();
+    return;
+  }
+  if (!IsBlank(text)) Store(text);
+  Reset();
+}
+
+void CaptionCollector::Store(TextView text) {
+  const auto time = [](std::int32_t ms) { return ms == kNotRead ? 0 : ms; };
+  buffer_.push_back({time(captionStart), time(captionEnd), Text(text)});
 }
 
 void CaptionCollector::StoreImportedCaption() {
@@ -83,8 +116,7 @@ void CaptionCollector::StoreImportedCaption() {
       captionText.insert(0, kMarkers[i]);
     }
   }
-  const auto time = [](std::int32_t ms) { return ms == kNotRead ? 0 : ms; };
-  buffer_.push_back({time(captionStart), time(captionEnd), captionText});
+  Store(captionText);
 }
 
 }  // namespace cuewright

@@ -7,6 +7,7 @@
 #include "core/caption_list.h"
 #include "core/text.h"
 #include "formats/definition.h"
+#include "formats/text_search.h"
 
 namespace cuewright {
 
@@ -36,6 +37,9 @@ class CaptionCollector {
   /// Closes the caption: tags become markers, line breaks the separator. Text other than blanks is stored.
   void FlushImportedCaption();
 
+  /// The same for a text that stands elsewhere and is known to hold no "<" and no CR.
+  void FlushPlain(TextView text);
+
   /// Appends the caption as it is, a time not read as 0. Text and times stay.
   void StoreImportedCaption();
 
@@ -48,17 +52,19 @@ class CaptionCollector {
 
  private:
   struct Tag {
-    Text open;
-    Text close;
+    Needle open;
+    Needle close;  // empty: none to take away
     Text markers;  // in the order in which they end up in front
   };
 
   void TagsToMarkers();
+  void Store(TextView text);
   static Tag MakeTag(const FormatDefinition& definition, char16_t letter);
 
   const FormatDefinition& definition_;
   const Text& separator_;
   std::vector<Tag> tags_;
+  bool tagsAreAngled_ = false;  // no tag without a "<"
   bool breaks_ = false;
   std::vector<Caption> buffer_;
 };

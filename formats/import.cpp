@@ -10,14 +10,7 @@
 namespace cuewright {
 namespace {
 
-constexpr int kYieldEvery = 100;
 constexpr int kMostCaptions = 32000;
-
-std::string_view TrimBlankBytes(std::string_view line) {
-  while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
-  while (!line.empty() && line.back() == ' ') line.remove_suffix(1);
-  return line;
-}
 
 /// A number with a comma or a dot as its decimal sign.
 float DecimalOf(TextView text) { return static_cast<float>(LeadingNumber(ReplaceAll(text, u",", u"."))); }
@@ -110,7 +103,7 @@ float Importer::PromptForFps() {
 void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
                          CarryOn& errors) {
   const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors};
-  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
+  std::unique_ptr<LineParser> parser = MakeParser(file, context, pieces, false);
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
   bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
@@ -120,7 +113,7 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
     if (wide) {
       line.SetText(encodings_.PairBytes(file.Decoded(bytes)));
     } else {
-      line.SetBytes(bytes);
+      line.SetBytes(bytes, file.LineIsAscii());
     }
     if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(captions)) break;
     if (filter.Drops(line)) line.Clear();
@@ -128,9 +121,10 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
       mayTurnSpruce = false;
       loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false);
       captions.DefinitionChanged();
-      parser = MakeParser(context, pieces, loader_.Definition().definitionFound);
+      parser = MakeParser(file, context, pieces, loader_.Definition().definitionFound);
     }
     parser->Parse(line);
+    if (!wide) parser->ParseRun(file);
   }
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
 }
@@ -143,11 +137,11 @@ bool Importer::StopsHere(const CaptionCollector& captions) {
   return true;
 }
 
-std::unique_ptr<LineParser> Importer::MakeParser(const ParseContext& context, const RecordPieces& pieces,
+std::unique_ptr<LineParser> Importer::MakeParser(const TextFile& file, const ParseContext& context, const RecordPieces& pieces,
                                                  bool bodySeen) const {
   const Text& id = loader_.CurrentIdentifier();
   if (loader_.State().CurrentFormatIndex == 0) return MakePlainTextParser(context);
-  if (id == kSubRip) return MakeSubRipParser(context);
+  if (id == kSubRip) return MakeSubRipParser(context, file);
   if (id == kSubStationAlpha || id == kAdvancedSsa) return MakeDialogueParser(context);
   if (id == kSami) return MakeSamiParser(context);
   if (id == kTmPlayer) return MakeTmPlayerParser(context);

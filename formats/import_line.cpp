@@ -5,8 +5,9 @@
 
 namespace cuewright {
 
-void ImportLine::SetBytes(std::string_view bytes) {
+void ImportLine::SetBytes(std::string_view bytes, bool ascii) {
   bytes_ = bytes;
+  ascii_ = ascii;
   hasBytes_ = true;
   decoded_ = false;
 }
@@ -20,12 +21,10 @@ void ImportLine::SetText(Text text) {
 
 void ImportLine::Clear() { SetText({}); }
 
-TextView ImportLine::View() {
-  if (!decoded_) {
-    file_.Decode(bytes_, buffer_);
-    text_ = buffer_.View();
-    decoded_ = true;
-  }
+TextView ImportLine::Decode() {
+  file_.Decode(bytes_, buffer_, ascii_);
+  text_ = buffer_.View();
+  decoded_ = true;
   return text_;
 }
 

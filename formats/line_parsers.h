@@ -13,13 +13,20 @@
 
 namespace cuewright {
 
+/// The bytes without the blanks at both ends.
+inline std::string_view TrimBlankBytes(std::string_view line) {
+  while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
+  while (!line.empty() && line.back() == ' ') line.remove_suffix(1);
+  return line;
+}
+
 /// A line of the file without the blanks around it. It is decoded when somebody looks at its text.
 class ImportLine {
  public:
   explicit ImportLine(const TextFile& file) : file_(file) {}
 
-  /// The bytes as they lie in the file.
-  void SetBytes(std::string_view bytes);
+  /// The bytes as they lie in the file; `ascii` when they are nothing else.
+  void SetBytes(std::string_view bytes, bool ascii);
   /// A text that isn't what the bytes say.
   void SetText(Text text);
   void Clear();
@@ -28,14 +35,18 @@ class ImportLine {
   /// The bytes are the text, in a code page in which ASCII is ASCII at the start of the line.
   bool HasBytes() const { return hasBytes_; }
   std::string_view Bytes() const { return bytes_; }
-  TextView View();
+  bool IsAscii() const { return ascii_; }
+  TextView View() { return decoded_ ? text_ : Decode(); }
 
   /// The line begins with an ASCII text, in the same case.
   bool StartsWith(std::string_view ascii);
 
  private:
+  TextView Decode();
+
   const TextFile& file_;
   std::string_view bytes_;
+  bool ascii_ = false;
   bool hasBytes_ = false;
   bool decoded_ = true;
   TextView text_;
@@ -57,10 +68,17 @@ class LineParser {
  public:
   virtual ~LineParser() = default;
   virtual void Parse(ImportLine& line) = 0;
+
+  /// Reads on by itself, as `Parse` would line by line, as long as the count of captions is no multiple of
+  /// `kYieldEvery`. A parser that can't do better leaves all to `Parse`.
+  virtual void ParseRun(TextFile&) {}
 };
 
+/// Captions from one pause for the window's events to the next.
+inline constexpr int kYieldEvery = 100;
+
 std::unique_ptr<LineParser> MakePlainTextParser(const ParseContext& context);
-std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context);
+std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context, const TextFile& file);
 std::unique_ptr<LineParser> MakeDialogueParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeTmPlayerParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeSamiParser(const ParseContext& context);

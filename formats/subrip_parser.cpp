@@ -1,4 +1,4 @@
-#include <array>
+#include <algorithm>
 
 #include "formats/line_parsers.h"
 #include "formats/utf8.h"
@@ -9,10 +9,13 @@ namespace {
 constexpr std::size_t kTimeLength = 12;
 constexpr std::string_view kArrowBytes = " --> ";
 constexpr TextView kArrow = u" --> ";
+/// Room for a line of text, in units; a longer one is decoded apart.
+constexpr std::size_t kUsualLine = 512;
 
 class SubRipParser final : public LineParser {
  public:
-  explicit SubRipParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  SubRipParser(const ParseContext& context, const TextFile& file)
+      : context_(context), reader_(context.definition), line_(file) {}
 
   void Parse(ImportLine& line) override {
     CaptionCollector& captions = context_.captions;
@@ -20,7 +23,7 @@ class SubRipParser final : public LineParser {
       if (captions.TimesSet()) captions.FlushImportedCaption();
       return;
     }
-    if (line.HasBytes() && ParseBytes(line.Bytes())) return;
+    if (line.HasBytes() && ParseBytes(line.Bytes(), line.IsAscii())) return;
     const TextView text = line.View();
     if (text.size() >= kTimeLength + kArrow.size() && text.substr(kTimeLength, kArrow.size()) == kArrow) {
       ReadTimes(text.substr(0, kTimeLength), text.substr(text.size() - kTimeLength));
@@ -29,18 +32,107 @@ class SubRipParser final : public LineParser {
     }
   }
 
- private:
-  /// True when the bytes alone settled the line.
-  bool ParseBytes(std::string_view bytes) {
-    if (!IsAscii(bytes.substr(0, kTimeLength + kArrowBytes.size()))) return false;
-    if (bytes.size() < kTimeLength || bytes.substr(kTimeLength, kArrowBytes.size()) != kArrowBytes) {
-      return !context_.captions.TimesSet();  // a counter, or text that nobody waits for
+  void ParseRun(TextFile& file) override {
+    CaptionCollector& captions = context_.captions;
+    TakeText();
+    while (captions.ImportedCount() % kYieldEvery != 0) {
+      const std::string_view rest = file.Rest();
+      if (rest.empty()) break;
+      if (captions.TimesSet()) {
+        ParseTextLine(file, rest);
+      } else if (const std::size_t length = SettledLength(rest, file.LineEnd()); length != 0) {
+        file.SkipLine(length);
+      } else {
+        ParseAnyLine(file);
+      }
     }
-    if (!IsAscii(bytes)) return false;
-    std::array<char16_t, 2 * kTimeLength + 32> room;
-    WidenAscii(bytes.substr(0, kTimeLength), room.data());
-    WidenAscii(bytes.substr(bytes.size() - kTimeLength), room.data() + kTimeLength);
-    ReadTimes({room.data(), kTimeLength}, {room.data() + kTimeLength, kTimeLength});
+    GiveText();
+  }
+
+ private:
+  // During a run the text lies in a buffer of the parser's own, into which lines are decoded directly.
+  void TakeText() {
+    Text& text = context_.captions.captionText;
+    std::copy(text.begin(), text.end(), text_.Room(text.size()));
+    text_.SetSize(text.size());
+    angled_ = !text.empty();
+    text.clear();
+  }
+  void GiveText() { context_.captions.captionText = text_.View(); }
+
+  /// The ordinary way, for lines with something special about them.
+  void ParseAnyLine(TextFile& file) {
+    GiveText();
+    std::string_view bytes;
+    file.NextLine(bytes);
+    line_.SetBytes(TrimBlankBytes(bytes), file.LineIsAscii());
+    Parse(line_);
+    TakeText();
+  }
+
+  /// Length of a line that is a counter or a plain timing line, which is then taken; 0 for any other.
+  std::size_t SettledLength(std::string_view rest, char lineEnd) {
+    std::size_t digits = 0;
+    while (digits < rest.size() && rest[digits] >= '0' && rest[digits] <= '9') ++digits;
+    if (digits == rest.size() || rest[digits] == lineEnd) return digits;
+    constexpr std::size_t kLength = 2 * kTimeLength + kArrowBytes.size();
+    if (rest.size() <= kLength || rest[kLength] != lineEnd) return 0;
+    return ParseBytes(rest.substr(0, kLength), true) && context_.captions.TimesSet() ? kLength : 0;
+  }
+
+  /// A line while a caption is open, most of the time its text or the empty line behind it.
+  void ParseTextLine(TextFile& file, std::string_view rest) {
+    if (rest.front() == file.LineEnd()) {
+      file.SkipLine(0);
+      return Flush();
+    }
+    const Text& separator = context_.captions.Separator();
+    const std::size_t old = text_.Size();
+    std::size_t place = old;
+    char16_t* const room = text_.Room(old + separator.size() + kUsualLine, old);
+    if (old != 0) place += separator.copy(room + old, separator.size());
+    const LineScan scan = WidenLine(rest, file.LineEnd(), room + place, text_.Capacity() - 16 - place);
+    const std::string_view bytes = rest.substr(0, scan.length);
+    if (bytes.front() == ' ' || bytes.back() == ' ') return ParseAnyLine(file);
+    std::size_t units = scan.ascii;
+    char16_t* line = room + place;
+    if (scan.ascii != scan.length) {
+      line = text_.Room(place + scan.length, place + scan.ascii) + place;
+      units += file.DecodeTo(bytes.substr(scan.ascii), line + scan.ascii);
+    }
+    if (TextView(line, units).substr(std::min(units, kTimeLength), kArrow.size()) == kArrow) return ParseAnyLine(file);
+    text_.SetSize(place + units);
+    angled_ = angled_ || scan.angled;
+    file.SkipLine(scan.length);
+  }
+
+  void Flush() {
+    if (angled_) {
+      GiveText();
+      context_.captions.FlushImportedCaption();
+    } else {
+      context_.captions.FlushPlain(text_.View());
+    }
+    text_.SetSize(0);
+    angled_ = false;
+  }
+
+  /// True when the bytes alone settled the line.
+  bool ParseBytes(std::string_view bytes, bool ascii) {
+    CaptionCollector& captions = context_.captions;
+    if (bytes.size() < kTimeLength + kArrowBytes.size()) return !captions.TimesSet();
+    if (!ascii && !IsAscii(bytes.substr(0, kTimeLength + kArrowBytes.size()))) return false;
+    if (bytes.substr(kTimeLength, kArrowBytes.size()) != kArrowBytes) {
+      return !captions.TimesSet();  // a counter, or text that nobody waits for
+    }
+    std::int32_t start = 0;
+    std::int32_t end = 0;
+    if (!ascii || context_.fps != 0 || !reader_.ParseClock(bytes.substr(0, kTimeLength), start) ||
+        !reader_.ParseClock(bytes.substr(bytes.size() - kTimeLength), end)) {
+      return false;
+    }
+    captions.captionStart = start;
+    captions.captionEnd = end;
     return true;
   }
 
@@ -52,12 +144,15 @@ class SubRipParser final : public LineParser {
 
   ParseContext context_;
   TimecodeReader reader_;
+  ImportLine line_;  // of the parser's own reading
+  LineBuffer text_;
+  bool angled_ = false;  // it may hold a "<"
 };
 
 }  // namespace
 
-std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context) {
-  return std::make_unique<SubRipParser>(context);
+std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context, const TextFile& file) {
+  return std::make_unique<SubRipParser>(context, file);
 }
 
 }  // namespace cuewright

@@ -1,6 +1,6 @@
 #include "formats/text_file.h"
 
-#include <cstring>
+#include <algorithm>
 #include <utility>
 
 #include "formats/utf8.h"
@@ -13,10 +13,13 @@ constexpr std::size_t kPiece = 1 << 16;
 
 }  // namespace
 
-char16_t* LineBuffer::Room(std::size_t count) {
+char16_t* LineBuffer::Room(std::size_t count, std::size_t keep) {
   if (capacity_ < count + 16) {
-    capacity_ = count + count / 2 + 256;
-    units_ = std::make_unique_for_overwrite<char16_t[]>(capacity_);
+    const std::size_t capacity = count + count / 2 + 256;
+    auto units = std::make_unique_for_overwrite<char16_t[]>(capacity);
+    std::copy_n(units_.get(), keep, units.get());
+    units_ = std::move(units);
+    capacity_ = capacity;
   }
   return units_.get();
 }
@@ -73,34 +76,26 @@ void TextFile::TurnIntoUtf8(bool bigEndian) {
 }
 
 bool TextFile::NextLine(std::string_view& line) {
-  const std::size_t size = bytes_.size();
-  if (at_ >= size) return false;
-  const char* const data = bytes_.data();
-  const auto* end = static_cast<const char*>(std::memchr(data + at_, lineEnd_, size - at_));
-  if (end == nullptr) {
-    line = {data + at_, size - at_};
-    at_ = size;
-    return true;
-  }
-  line = {data + at_, static_cast<std::size_t>(end - data) - at_};
-  at_ = static_cast<std::size_t>(end - data) + 1;
-  if (lineEnd_ == '\n' || at_ >= size) return true;
-  if (data[at_] == '\n') {
-    ++at_;
-  } else if (doubledReturn_ && data[at_] == '\r' && at_ + 1 < size && data[at_ + 1] == '\n') {
-    at_ += 2;
-  }
+  if (at_ == bytes_.size()) return false;
+  const std::string_view rest = Rest();
+  line = rest.substr(0, FindLineEnd(rest, lineEnd_, lineIsAscii_));
+  SkipLine(line.size());
   return true;
 }
 
-void TextFile::Decode(std::string_view line, LineBuffer& buffer) const {
+void TextFile::Decode(std::string_view line, LineBuffer& buffer, bool ascii) const {
   char16_t* const room = buffer.Room(line.size());
-  buffer.SetSize(codec_ != nullptr ? codec_->Decode(line, room) : DecodeUtf8(line, room, true));
+  if (ascii) {
+    WidenAscii(line, room);
+    buffer.SetSize(line.size());
+    return;
+  }
+  buffer.SetSize(DecodeTo(line, room));
 }
 
 Text TextFile::Decoded(std::string_view line) const {
   Text text(line.size() + 16, u'\0');
-  text.resize(codec_ != nullptr ? codec_->Decode(line, text.data()) : DecodeUtf8(line, text.data(), true));
+  text.resize(DecodeTo(line, text.data()));
   return text;
 }
 

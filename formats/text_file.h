@@ -7,6 +7,7 @@
 
 #include "core/text.h"
 #include "formats/encodings.h"
+#include "formats/utf8.h"
 
 namespace cuewright {
 
@@ -18,8 +19,11 @@ class LineBuffer {
  public:
   TextView View() const { return {units_.get(), size_}; }
 
-  /// Room for `count` units and the 16 that codecs ask for beside.
-  char16_t* Room(std::size_t count);
+  /// Room for `count` units and the 16 that codecs ask for beside. What was in the buffer is lost when it has to grow,
+  /// but for the first `keep` units.
+  char16_t* Room(std::size_t count, std::size_t keep = 0);
+  std::size_t Capacity() const { return capacity_; }
+  std::size_t Size() const { return size_; }
   void SetSize(std::size_t size) { size_ = size; }
 
  private:
@@ -46,11 +50,34 @@ class TextFile {
   /// it.
   bool NextLine(std::string_view& line);
 
+  /// The line that came last is ASCII alone.
+  bool LineIsAscii() const { return lineIsAscii_; }
+
+  /// What is left from the next line on, for parsers that look ahead.
+  std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
+  /// The character that ends lines: CR or LF.
+  char LineEnd() const { return lineEnd_; }
+  /// Moves behind the next line, which is known to have `length` bytes, and its end.
+  void SkipLine(std::size_t length) {
+    at_ += length;
+    if (at_ == bytes_.size() || ++at_ == bytes_.size() || lineEnd_ == '\n') return;
+    if (bytes_[at_] == '\n') {
+      ++at_;
+    } else if (doubledReturn_ && bytes_[at_] == '\r' && at_ + 1 < bytes_.size() && bytes_[at_ + 1] == '\n') {
+      at_ += 2;
+    }
+  }
+
   /// Starts over at the first line.
   void Rewind() { at_ = start_; }
 
-  void Decode(std::string_view line, LineBuffer& buffer) const;
+  /// `ascii`: the bytes are known to hold nothing else.
+  void Decode(std::string_view line, LineBuffer& buffer, bool ascii = false) const;
   Text Decoded(std::string_view line) const;
+  /// Decodes to a place with room for one unit a byte and 16 more; returns the units written.
+  std::size_t DecodeTo(std::string_view line, char16_t* out) const {
+    return codec_ != nullptr ? codec_->Decode(line, out) : DecodeUtf8(line, out, true);
+  }
 
   /// Bytes that are left to read, for estimates.
   std::size_t BytesLeft() const { return bytes_.size() - at_; }
@@ -66,6 +93,7 @@ class TextFile {
   std::shared_ptr<const Codec> codec_;  // null: UTF-8 that holds lone surrogates, made of UTF-16
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
+  bool lineIsAscii_ = true;
 };
 
 }  // namespace cuewright

@@ -3,19 +3,110 @@
 #include <string.h>  // NOLINT(modernize-deprecated-headers): memmem
 
 #include <algorithm>
+#include <bit>
 #include <utility>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include "core/runtime_error.h"
 
 namespace cuewright {
 
-Needle::Needle(Text text) : text_(std::move(text)) { cased_ = ToLower(text_) != ToUpper(text_); }
+namespace {
+
+/// The same character in lower case; only ASCII has to be told apart here.
+char16_t LowerAscii(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
+
+bool IsCaseless(char16_t c) { return c < 0x80 && !(LowerAscii(c) >= u'a' && LowerAscii(c) <= u'z'); }
+
+bool IsAsciiText(TextView text) {
+  return std::all_of(text.begin(), text.end(), [](char16_t c) { return c < 0x80; });
+}
+
+}  // namespace
+
+std::size_t FindCharacter(TextView text, char16_t c, std::size_t from) {
+  std::size_t at = from;
+#if defined(__SSE2__)
+  const __m128i wanted = _mm_set1_epi16(static_cast<short>(c));
+  for (; at + 8 <= text.size(); at += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(units, wanted)));
+    if (hits != 0) return at + static_cast<std::size_t>(std::countr_zero(hits)) / 2;
+  }
+#endif
+  for (; at < text.size(); ++at) {
+    if (text[at] == c) return at;
+  }
+  return TextView::npos;
+}
+
+bool HoldsEither(TextView text, char16_t a, char16_t b) {
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  const __m128i first = _mm_set1_epi16(static_cast<short>(a));
+  const __m128i second = _mm_set1_epi16(static_cast<short>(b));
+  __m128i hits = _mm_setzero_si128();
+  for (; at + 8 <= text.size(); at += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    hits = _mm_or_si128(hits, _mm_or_si128(_mm_cmpeq_epi16(units, first), _mm_cmpeq_epi16(units, second)));
+  }
+  if (_mm_movemask_epi8(hits) != 0) return true;
+#endif
+  for (; at < text.size(); ++at) {
+    if (text[at] == a || text[at] == b) return true;
+  }
+  return false;
+}
+
+Needle::Needle(Text text) : text_(std::move(text)) {
+  cased_ = ToLower(text_) != ToUpper(text_);
+  const auto anchor = std::find_if(text_.begin(), text_.end(), IsCaseless);
+  anchored_ = anchor != text_.end() && (!cased_ || IsAsciiText(text_));
+  anchor_ = static_cast<std::size_t>(anchor - text_.begin());
+}
+
+bool Needle::MatchesAt(TextView text, std::size_t at) const {
+  if (!cased_) return text.substr(at, text_.size()) == text_;
+  for (std::size_t i = 0; i < text_.size(); ++i) {
+    const char16_t a = text[at + i];
+    const char16_t b = text_[i];
+    if (a == b || LowerAscii(a) == LowerAscii(b)) continue;
+    // A few letters beyond ASCII fold to ASCII ones.
+    if (a < 0x80 || !EqualLoose({&a, 1}, {&b, 1})) return false;
+  }
+  return true;
+}
 
 std::size_t Needle::Place(TextView text, std::size_t from) const {
   if (from > text.size()) return 0;
   if (text_.empty()) return from;
-  const std::size_t hit = cased_ ? FindLoose(text, text_, from - 1) : text.find(text_, from - 1);
-  return hit == TextView::npos ? 0 : hit + 1;
+  if (!anchored_) {
+    const std::size_t hit = FindLoose(text, text_, from - 1);
+    return hit == TextView::npos ? 0 : hit + 1;
+  }
+  if (text.size() < text_.size()) return 0;
+  const std::size_t last = text.size() - text_.size();
+  const TextView part = text.substr(0, last + anchor_ + 1);
+  for (std::size_t hit = FindCharacter(part, text_[anchor_], from - 1 + anchor_); hit != TextView::npos;
+       hit = FindCharacter(part, text_[anchor_], hit + 1)) {
+    if (MatchesAt(text, hit - anchor_)) return hit - anchor_ + 1;
+  }
+  return 0;
+}
+
+void Needle::Replace(Text& text, TextView to) const {
+  std::size_t place = text_.empty() ? 0 : Place(text);
+  if (place == 0) return;
+  Text result;
+  std::size_t at = 0;
+  for (; place != 0; place = Place(text, at + 1)) {
+    result.append(text, at, place - 1 - at).append(to);
+    at = place - 1 + text_.size();
+  }
+  text = result.append(text, at);
 }
 
 std::size_t FindExact(TextView text, TextView needle, std::size_t from) {
@@ -42,6 +133,17 @@ Text ReplaceLoose(TextView text, TextView from, TextView to) {
     at = hit + from.size();
   }
   return result.append(text, at);
+}
+
+void Exchange(Text& text, TextView from, TextView to) {
+  if (from.empty()) return;
+  std::size_t hit = from.size() == 1 ? FindCharacter(text, from.front()) : text.find(from);
+  if (hit == Text::npos) return;
+  if (from.size() == 1 && to.size() == 1) {
+    for (; hit != Text::npos; hit = FindCharacter(text, from.front(), hit + 1)) text[hit] = to.front();
+    return;
+  }
+  text = ReplaceAll(text, from, to);
 }
 
 TextView Middle(TextView text, std::ptrdiff_t place) {

@@ -6,7 +6,14 @@
 
 namespace cuewright {
 
-/// A text to look for ignoring case, prepared once: one without letters is searched as it stands.
+/// Position of a character at or behind `from`, `TextView::npos` when it doesn't occur.
+std::size_t FindCharacter(TextView text, char16_t c, std::size_t from = 0);
+
+/// True when the text holds one of the two.
+bool HoldsEither(TextView text, char16_t a, char16_t b);
+
+/// A text to look for ignoring case, prepared once. The search goes by a character of it that has no case, as nearly
+/// every mark of a format holds one, and compares around it.
 class Needle {
  public:
   Needle() = default;
@@ -14,6 +21,7 @@ class Needle {
 
   const Text& Value() const { return text_; }
   std::size_t Size() const { return text_.size(); }
+  bool Empty() const { return text_.empty(); }
 
   /// The 1-based place at or behind the place `from` (at least 1); 0 when it doesn't occur. An empty needle is found at
   /// `from` as long as that lies in the text.
@@ -21,9 +29,16 @@ class Needle {
 
   bool In(TextView text) const { return Place(text) != 0; }
 
+  /// Replaces every copy in the text.
+  void Replace(Text& text, TextView to) const;
+
  private:
+  bool MatchesAt(TextView text, std::size_t at) const;
+
   Text text_;
   bool cased_ = false;
+  bool anchored_ = false;
+  std::size_t anchor_ = 0;  // index of a character without case
 };
 
 /// Position of an exact text in a long one, `TextView::npos` when it doesn't occur.
@@ -31,6 +46,9 @@ std::size_t FindExact(TextView text, TextView needle, std::size_t from = 0);
 
 /// The text with every `from` replaced, ignoring case.
 Text ReplaceLoose(TextView text, TextView from, TextView to);
+
+/// Replaces every exact copy of `from` in place.
+void Exchange(Text& text, TextView from, TextView to);
 
 /// `count` characters from the 1-based place on, as many as there are; run-time error 5 for a place below 1 or a
 /// negative count.

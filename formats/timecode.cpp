@@ -25,7 +25,8 @@ TextView Middle(TextView text, std::size_t place, std::size_t count) {
 TextView Last(TextView text, std::size_t count) { return text.substr(text.size() - std::min(count, text.size())); }
 
 double Number(TextView text) {
-  double value = 0;
+  if (text.size() > 9) return LeadingNumber(text);
+  std::int32_t value = 0;
   for (const char16_t c : text) {
     if (!IsDigit(c)) return LeadingNumber(text);
     value = value * 10 + (c - u'0');
@@ -108,6 +109,22 @@ std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
                        Number(Middle(fixed, 7, 2)) * kSecond;
   if (fps != 0) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2)), fps));
   return RoundToInt32(whole + Number(Last(fixed, 3)));
+}
+
+bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const {
+  if (kind_ != Kind::Columns || !prefix_.empty() || !suffix_.empty() || bytes.size() != 12) return false;
+  bool digits = ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0;
+  const auto digit = [&](std::size_t at) {
+    const int value = bytes[at] - '0';
+    digits = digits && value >= 0 && value <= 9;
+    return value;
+  };
+  const int hours = digit(0) * 10 + digit(1);
+  const int minutes = digit(3) * 10 + digit(4);
+  const int seconds = digit(6) * 10 + digit(7);
+  const int rest = digit(9) * 100 + digit(10) * 10 + digit(11);
+  if (digits) ms = hours * kHour + minutes * kMinute + seconds * kSecond + rest;
+  return digits;
 }
 
 std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/text.h"
 #include "formats/definition.h"
@@ -19,6 +20,10 @@ class TimecodeReader {
   explicit TimecodeReader(const TimecodeForm& form);
 
   std::int32_t Parse(TextView text, float fps) const;
+
+  /// The same for twelve bytes of ASCII, as long as they are digits in the columns of "hh:mm:ss,zzz" and no rate counts;
+  /// false for anything else.
+  bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
 
  private:
   enum class Kind { Milliseconds, Frames, Columns };

@@ -92,6 +92,65 @@ void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out
   while (at != end && *at < 0x80) *out++ = *at++;
 }
 
+#if defined(__SSE2__)
+
+/// A bit a byte for 64 bytes: which are continuations, and which lead how long a sequence.
+struct BlockMasks {
+  std::uint64_t high = 0;          // above 127
+  std::uint64_t continuation = 0;  // 80 to BF
+  std::uint64_t three = 0;         // leads of three bytes
+  bool doubtful = false;           // some byte leads four, or is valid with some second bytes only, or never
+};
+
+BlockMasks MasksOf(const unsigned char* at) {
+  BlockMasks masks;
+  __m128i doubtful = _mm_setzero_si128();
+  for (int part = 0; part < 4; ++part) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + 16 * part));
+    const auto bits = [&](__m128i mask) {
+      return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(mask))) << (16 * part);
+    };
+    const auto equal = [&](int byte) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(byte))); };
+    // As signed numbers 80 to BF are -128 to -65, leads rise from -64, and ASCII is not negative.
+    const __m128i negative = _mm_cmplt_epi8(bytes, _mm_setzero_si128());
+    const __m128i three = _mm_and_si128(negative, _mm_cmpgt_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xDF))));
+    const __m128i four = _mm_and_si128(negative, _mm_cmpgt_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xEF))));
+    const __m128i never = _mm_or_si128(equal(0xC0), equal(0xC1));
+    doubtful = _mm_or_si128(_mm_or_si128(doubtful, four), _mm_or_si128(never, _mm_or_si128(equal(0xE0), equal(0xED))));
+    masks.high |= bits(bytes);
+    masks.continuation |= bits(_mm_cmplt_epi8(bytes, _mm_set1_epi8(-64)));
+    masks.three |= bits(three);
+  }
+  masks.doubtful = _mm_movemask_epi8(doubtful) != 0;
+  return masks;
+}
+
+/// The place behind all blocks that are valid beyond doubt; it is never inside a sequence.
+const unsigned char* SkipCheckedBlocks(const unsigned char* at, const unsigned char* end) {
+  while (end - at >= 64) {
+    const BlockMasks masks = MasksOf(at);
+    if (masks.doubtful) return at;
+    // A sequence that the block's end may cut is left for the next one; it has at most three bytes.
+    int length = 64;
+    while (length > 61 && (masks.high >> (length - 1) & 1) != 0) {
+      --length;
+      if ((masks.continuation >> length & 1) == 0) break;
+    }
+    const std::uint64_t looked = length == 64 ? ~0ULL : (1ULL << length) - 1;
+    const std::uint64_t leads = masks.high & ~masks.continuation & looked;
+    const std::uint64_t wanted = leads << 1 | (masks.three & looked) << 2;
+    if ((masks.continuation & looked) != wanted) return at;
+    at += length;
+  }
+  return at;
+}
+
+#else
+
+const unsigned char* SkipCheckedBlocks(const unsigned char* at, const unsigned char*) { return at; }
+
+#endif
+
 }  // namespace
 
 Utf8Kind ExamineUtf8(std::string_view bytes) {
@@ -102,11 +161,12 @@ Utf8Kind ExamineUtf8(std::string_view bytes) {
     at = SkipAscii(at, end);
     if (at == end) return kind;
     kind = Utf8Kind::MultiByte;
-    do {
+    at = SkipCheckedBlocks(at, end);
+    while (at != end && *at >= 0x80) {
       const std::size_t length = SequenceLength(at, end, false);
       if (length == 0) return Utf8Kind::Invalid;
       at += length;
-    } while (at != end && *at >= 0x80);
+    }
   }
 }
 
@@ -132,6 +192,62 @@ std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates) {
     }
     if (at == end) return static_cast<std::size_t>(out - start);
   }
+}
+
+std::size_t FindLineEnd(std::string_view bytes, char end, bool& ascii) {
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  unsigned high = 0;
+  const __m128i wanted = _mm_set1_epi8(end);
+  for (; at + 16 <= bytes.size(); at += 16) {
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at));
+    const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
+    const auto above = static_cast<unsigned>(_mm_movemask_epi8(block));
+    if (hits != 0) {
+      const unsigned inFront = (hits & (0u - hits)) - 1;
+      ascii = ((above & inFront) | high) == 0;
+      return at + static_cast<std::size_t>(std::countr_zero(hits));
+    }
+    high |= above;
+  }
+  ascii = high == 0;
+#else
+  ascii = true;
+#endif
+  for (; at < bytes.size() && bytes[at] != end; ++at) ascii = ascii && static_cast<unsigned char>(bytes[at]) < 0x80;
+  return at;
+}
+
+LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room) {
+  LineScan scan;
+#if defined(__SSE2__)
+  const __m128i wanted = _mm_set1_epi8(end);
+  const __m128i angle = _mm_set1_epi8('<');
+  const __m128i zero = _mm_setzero_si128();
+  __m128i angles = zero;
+  for (std::size_t at = 0; at + 16 <= bytes.size() && at + 16 <= room; at += 16) {
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at), _mm_unpacklo_epi8(block, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at + 8), _mm_unpackhi_epi8(block, zero));
+    angles = _mm_or_si128(angles, _mm_cmpeq_epi8(block, angle));
+    const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
+    const auto high = static_cast<unsigned>(_mm_movemask_epi8(block));
+    if ((hits | high) == 0) continue;
+    scan.angled = _mm_movemask_epi8(angles) != 0;
+    scan.ascii = at + static_cast<std::size_t>(std::countr_zero(hits | high));
+    scan.length = scan.ascii;
+    const unsigned first = (hits | high) & (0u - (hits | high));
+    if ((high & first) != 0) break;
+    return scan;
+  }
+#endif
+  // The rest has to be decoded, or is too near the end of the bytes for whole blocks.
+  bool ascii = true;
+  const std::string_view rest = bytes.substr(scan.ascii);
+  const std::size_t length = FindLineEnd(rest, end, ascii);
+  scan.length = scan.ascii + length;
+  scan.angled = scan.angled || rest.substr(0, length).find('<') != std::string_view::npos;
+  return scan;
 }
 
 void WidenAscii(std::string_view bytes, char16_t* out) {

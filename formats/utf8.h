@@ -17,6 +17,20 @@ Utf8Kind ExamineUtf8(std::string_view bytes);
 /// True when no byte is above 127.
 bool IsAscii(std::string_view bytes);
 
+/// Place of the first `end`, the size when there is none; `ascii` tells whether no byte in front of it is above 127.
+std::size_t FindLineEnd(std::string_view bytes, char end, bool& ascii);
+
+/// What a look at a line found.
+struct LineScan {
+  std::size_t length = 0;  ///< bytes in front of the line's end
+  std::size_t ascii = 0;   ///< bytes in front of the first one above 127
+  bool angled = false;     ///< there may be a "<"
+};
+
+/// Finds the line's end like `FindLineEnd` and widens its ASCII beginning on the way. Gives up with `ascii` at the
+/// place where `out` with room for `room` units is full.
+LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room);
+
 /// Decodes into `out`, which has room for one unit a byte and 16 more; returns the units written. A byte
 /// that is no valid UTF-8 becomes the lone unit U+DC00 + byte. With `surrogates` the three-byte forms of lone
 /// surrogates are taken, as `AppendUtf8(.., true)` writes them.
