@@ -8,9 +8,24 @@ namespace {
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
+/// True when a number can't go on with this character.
+bool EndsNumber(char16_t c) {
+  return c > u'9' ? c != u'e' && c != u'E' : c != u'.' && c != u' ' && c != u'\t' && c != u'\r' && c != u'\n';
+}
+
+/// A number of a few plain digits, the usual case; false for anything else.
+bool ReadPlainDigits(TextView text, double& value) {
+  std::size_t at = 0;
+  int number = 0;
+  while (at < text.size() && at < 9 && IsDigit(text[at])) number = number * 10 + (text[at++] - u'0');
+  value = number;
+  return at != 0 && (at == text.size() || (!IsDigit(text[at]) && EndsNumber(text[at])));
+}
+
 }  // namespace
 
 double LeadingNumber(TextView text) {
+  if (double plain = 0; ReadPlainDigits(text, plain)) return plain;
   std::string digits;
   std::size_t at = 0;
   const auto skipBlanks = [&] {

@@ -84,7 +84,7 @@ void CaptionCollector::FlushImportedCaption() {
   const bool special = HoldsEither(captionText, u'<', u'\r');
   const bool angled = special && HoldsChar(captionText, u'<');
   if (angled) {
-    for (const TextView closing : kClosings) captionText = ReplaceLoose(captionText, closing, {});
+    for (const Needle& closing : closings_) closing.Replace(captionText, {});
   }
   if (angled || !tagsAreAngled_) TagsToMarkers();
   if (breaks_) Exchange(captionText, definition_.lineBreak, separator_);
@@ -111,7 +111,7 @@ void CaptionCollector::Store(TextView text) {
 void CaptionCollector::StoreImportedCaption() {
   if (definition_.tagFlags != 0 && HoldsChar(captionText, u'<')) {
     for (std::size_t i = 0; i < kMarkers.size(); ++i) {
-      if (!Holds(captionText, kMarkers[i])) continue;
+      if (!markers_[i].In(captionText)) continue;
       captionText = ReplaceAll(ReplaceAll(captionText, kMarkers[i], {}), kClosings[i], {});
       captionText.insert(0, kMarkers[i]);
     }

@@ -63,6 +63,8 @@ class CaptionCollector {
 
   const FormatDefinition& definition_;
   const Text& separator_;
+  const std::array<Needle, 3> markers_ = {Needle(u"<b>"), Needle(u"<i>"), Needle(u"<u>")};
+  const std::array<Needle, 3> closings_ = {Needle(u"</b>"), Needle(u"</i>"), Needle(u"</u>")};
   std::vector<Tag> tags_;
   bool tagsAreAngled_ = false;  // no tag without a "<"
   bool breaks_ = false;

@@ -95,7 +95,7 @@ class RecordWriter {
       case Field::End:
         return AppendTime(caption.end);
       case Field::Count:
-        line_ += Padded(row - 1 + firstNumber_, static_cast<int>(job_.definition.subCountPicture.size()));
+        AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), line_);
         return;
       case Field::Caption:
         return AppendText(caption.text);
@@ -105,29 +105,45 @@ class RecordWriter {
   }
 
   void AppendTime(std::int32_t ms) {
-    if (plainMarkers_) {
+    if (plainMarkers_ || !(milliseconds_ || frames_)) {
       timecodes_.Append(ms, job_.fps, line_);
-    } else if (milliseconds_) {
-      line_ += Decimal(ms);
-    } else if (frames_) {
-      line_ += Decimal(MsToFrames(ms, job_.fps));
     } else {
-      timecodes_.Append(ms, job_.fps, line_);
+      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, line_);
     }
   }
 
   void AppendText(TextView stored) {
     const Text& separator = job_.captions.Options().LineSeparator;
-    text_ = stored;
-    if (!separator.empty() && text_.find(separator) != Text::npos) text_ = ReplaceAll(text_, separator, kLineEnd);
+    const bool asTheyStand = plainMarkers_ || keepsLines_;
+    if (!semicolons_ && !HoldsEither(stored, u'<', u'\r')) {
+      AppendReplaced(stored, separator, asTheyStand ? kLineEnd : TextView(lineBreak_));
+      return;
+    }
+    text_ = ReplaceAll(stored, separator, kLineEnd);
     if (plainMarkers_) {
       RemoveMarkers(text_);
     } else {
-      if (semicolons_) text_ = ReplaceAll(text_, u";", u",");
+      if (semicolons_) Exchange(text_, u";", u",");
       MarkersToTags();
-      if (!keepsLines_ && text_.find(u'\r') != Text::npos) text_ = ReplaceAll(text_, kLineEnd, lineBreak_);
+      if (!keepsLines_) Exchange(text_, kLineEnd, lineBreak_);
     }
     line_ += text_;
+  }
+
+  void AppendReplaced(TextView text, TextView from, TextView to) {
+    std::size_t at = 0;
+    if (!from.empty()) {
+      for (std::size_t hit = FindCharacter(text, from.front()); hit != TextView::npos;
+           hit = FindCharacter(text, from.front(), hit)) {
+        if (!text.substr(hit).starts_with(from)) {
+          ++hit;
+          continue;
+        }
+        line_.append(text, at, hit - at).append(to);
+        at = hit = hit + from.size();
+      }
+    }
+    line_.append(text, at);
   }
 
   void MarkersToTags() {
@@ -160,7 +176,7 @@ class RecordWriter {
 
 void LineSink::WriteLine(TextView line) {
   codec_.Encode(line, held_);
-  codec_.Encode(kLineEnd, held_);
+  held_ += lineEnd_;
   if (held_.size() >= kBlock) Flush();
 }
 

@@ -17,7 +17,7 @@ namespace cuewright {
 /// Lines of output on their way to the file, CR LF behind each.
 class LineSink {
  public:
-  LineSink(ByteSink& sink, const Codec& codec) : sink_(sink), codec_(codec) {}
+  LineSink(ByteSink& sink, const Codec& codec) : sink_(sink), codec_(codec), lineEnd_(codec.Encoded(kLineEnd)) {}
 
   void WriteLine(TextView line);
   /// Hands on what is held back.
@@ -26,6 +26,7 @@ class LineSink {
  private:
   ByteSink& sink_;
   const Codec& codec_;
+  std::string lineEnd_;
   std::string held_;
 };
 

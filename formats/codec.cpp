@@ -41,6 +41,7 @@ class Utf8Codec final : public Codec {
     AppendUtf8(text, out);
     return true;
   }
+  bool Holds(TextView) const override { return true; }
 };
 
 /// UTF-16 files are turned into UTF-8 when they are opened; this is what they are written with.
@@ -66,6 +67,7 @@ class Utf16Codec final : public Codec {
     }
     return true;
   }
+  bool Holds(TextView) const override { return true; }
 
  private:
   bool bigEndian_;

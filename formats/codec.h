@@ -33,7 +33,7 @@ class Codec {
   std::string Encoded(TextView text) const;
 
   /// True when the code page has every character of the text.
-  bool Holds(TextView text) const;
+  virtual bool Holds(TextView text) const;
 };
 
 /// The codec of a code page of `IsTextCodePage`, or of UTF-16 for writing; any other number gives 1252.

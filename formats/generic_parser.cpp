@@ -42,6 +42,8 @@ struct Pieces {
         startMask(cut.StartLead + mask),
         endMask(cut.EndLead + mask),
         endLeadLength(ReplaceAll(cut.EndLead, kLineEnd, {}).size()),
+        startWantsDigit(startMask.Value().find(u'0') != Text::npos),
+        endWantsDigit(endMask.Value().find(u'0') != Text::npos),
         startTrailEndsLine(cut.StartTrail.ends_with(u'\r')),
         captionTrailEndsLine(cut.CaptionTrail.ends_with(u'\r')) {}
 
@@ -49,6 +51,8 @@ struct Pieces {
   Needle startMask;  ///< the lead with the mask of a time behind it
   Needle endMask;
   std::size_t endLeadLength;  ///< without line ends
+  bool startWantsDigit;       ///< only lines with a digit can hold the mask
+  bool endWantsDigit;
   bool startTrailEndsLine;
   bool captionTrailEndsLine;
 };
@@ -90,11 +94,18 @@ class GenericParser final : public LineParser {
   void TakeLine(TextView text) {
     line_ = text;
     line_ += kLineEnd;
-    masked_ = line_;
-    MaskDigits(masked_);
-    for (std::size_t hit = masked_.find(u"ff"); hit != Text::npos; hit = masked_.find(u"ff", hit + 2)) {
-      masked_[hit] = masked_[hit + 1] = u'0';
+    if (!HoldsDigitOrF(text)) {
+      masked_ = line_;
+      startsRecord_ = !pieces_.startWantsDigit && pieces_.startMask.In(masked_);
+      holdsEnd_ = !pieces_.endWantsDigit && pieces_.endMask.In(masked_);
+      return;
     }
+    maskedRoom_ = line_;
+    MaskDigits(maskedRoom_);
+    for (std::size_t hit = maskedRoom_.find(u"ff"); hit != Text::npos; hit = maskedRoom_.find(u"ff", hit + 2)) {
+      maskedRoom_[hit] = maskedRoom_[hit + 1] = u'0';
+    }
+    masked_ = maskedRoom_;
     startsRecord_ = pieces_.startMask.In(masked_);
     holdsEnd_ = pieces_.endMask.In(masked_);
   }
@@ -175,9 +186,8 @@ class GenericParser final : public LineParser {
     const std::ptrdiff_t cut = static_cast<std::ptrdiff_t>(static_cast<std::size_t>(trail)) -
                                static_cast<std::ptrdiff_t>(pieces_.captionTrail.Size());
     if (!text.empty()) {
-      const bool closes =
-          line_.front() == u'}' ||
-          EqualLoose(TextView(masked_).substr(0, pieces_.endLeadLength + maskLength_), pieces_.endMask.Value());
+      const bool closes = line_.front() == u'}' ||
+                          EqualLoose(masked_.substr(0, pieces_.endLeadLength + maskLength_), pieces_.endMask.Value());
       if (!closes) {
         errors_([&] {
           const TextView more = Left(line_, cut);
@@ -233,7 +243,8 @@ class GenericParser final : public LineParser {
   bool wholeSeconds_;
 
   Text line_;
-  Text masked_;
+  Text maskedRoom_;
+  TextView masked_;
   bool startsRecord_ = false;
   bool holdsEnd_ = false;
   Column from_;

@@ -137,8 +137,8 @@ bool Importer::StopsHere(const CaptionCollector& captions) {
   return true;
 }
 
-std::unique_ptr<LineParser> Importer::MakeParser(const TextFile& file, const ParseContext& context, const RecordPieces& pieces,
-                                                 bool bodySeen) const {
+std::unique_ptr<LineParser> Importer::MakeParser(const TextFile& file, const ParseContext& context,
+                                                 const RecordPieces& pieces, bool bodySeen) const {
   const Text& id = loader_.CurrentIdentifier();
   if (loader_.State().CurrentFormatIndex == 0) return MakePlainTextParser(context);
   if (id == kSubRip) return MakeSubRipParser(context, file);

@@ -48,9 +48,51 @@ Text RemoveStretches(TextView text) {
   }
 }
 
+/// Length of the kept tag that begins at the place; 0 when none does.
+std::size_t KeptLength(TextView text, std::size_t at) {
+  for (const KeptTag& kept : kKeptTags) {
+    if (text.substr(at).starts_with(kept.tag)) return kept.tag.size();
+  }
+  return 0;
+}
+
+/// The ">" that closes the stretch opened at `open`, npos when there is none. `plain` becomes false when another
+/// stretch opens inside.
+std::size_t ClosingPlace(TextView text, std::size_t open, bool& plain) {
+  for (std::size_t at = open + 1; at < text.size(); ++at) {
+    if (text[at] == u'>') return at;
+    if (text[at] != u'<') continue;
+    const std::size_t kept = KeptLength(text, at);
+    if (kept == 0) plain = false;
+    at += kept == 0 ? 0 : kept - 1;
+  }
+  return TextView::npos;
+}
+
+/// Strips a line in which no stretch lies in another and no "#" can be taken for a hidden tag. False for any other.
+bool StripPlainLine(TextView text, Text& result) {
+  if (FindCharacter(text, u'#') != TextView::npos) return false;
+  result.clear();
+  std::size_t at = 0;
+  for (std::size_t open = FindCharacter(text, u'<'); open != TextView::npos; open = FindCharacter(text, u'<', open)) {
+    const std::size_t kept = KeptLength(text, open);
+    open += kept;
+    if (kept != 0) continue;
+    bool plain = true;
+    const std::size_t close = ClosingPlace(text, open, plain);
+    if (!plain) return false;
+    if (close == TextView::npos) break;
+    result.append(text, at, open - at);
+    at = open = close + 1;
+  }
+  result.append(text, at);
+  return true;
+}
+
 Text StripTags(TextView line) {
-  if (line.find(u'<') == TextView::npos && line.find(u'#') == TextView::npos) return Text(line);
-  Text text(line);
+  Text text;
+  if (StripPlainLine(line, text)) return text;
+  text = line;
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.tag, kept.hidden);
   text = RemoveStretches(text);
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.hidden, kept.tag);

@@ -21,6 +21,9 @@ char16_t LowerAscii(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<ch
 
 bool IsCaseless(char16_t c) { return c < 0x80 && !(LowerAscii(c) >= u'a' && LowerAscii(c) <= u'z'); }
 
+/// Of those, the ones that are not in every line.
+bool IsRare(char16_t c) { return IsCaseless(c) && c != u' ' && c != u'0'; }
+
 bool IsAsciiText(TextView text) {
   return std::all_of(text.begin(), text.end(), [](char16_t c) { return c < 0x80; });
 }
@@ -61,9 +64,31 @@ bool HoldsEither(TextView text, char16_t a, char16_t b) {
   return false;
 }
 
+bool HoldsDigitOrF(TextView text) {
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  const __m128i below = _mm_set1_epi16(u'0' - 1);
+  const __m128i above = _mm_set1_epi16(u'9' + 1);
+  const __m128i letter = _mm_set1_epi16(u'f');
+  __m128i hits = _mm_setzero_si128();
+  for (; at + 8 <= text.size(); at += 8) {
+    // As signed numbers the units from 8000 hex on are below the digits.
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const __m128i digits = _mm_and_si128(_mm_cmpgt_epi16(units, below), _mm_cmplt_epi16(units, above));
+    hits = _mm_or_si128(hits, _mm_or_si128(digits, _mm_cmpeq_epi16(units, letter)));
+  }
+  if (_mm_movemask_epi8(hits) != 0) return true;
+#endif
+  for (; at < text.size(); ++at) {
+    if ((text[at] >= u'0' && text[at] <= u'9') || text[at] == u'f') return true;
+  }
+  return false;
+}
+
 Needle::Needle(Text text) : text_(std::move(text)) {
   cased_ = ToLower(text_) != ToUpper(text_);
-  const auto anchor = std::find_if(text_.begin(), text_.end(), IsCaseless);
+  auto anchor = std::find_if(text_.begin(), text_.end(), IsRare);
+  if (anchor == text_.end()) anchor = std::find_if(text_.begin(), text_.end(), IsCaseless);
   anchored_ = anchor != text_.end() && (!cased_ || IsAsciiText(text_));
   anchor_ = static_cast<std::size_t>(anchor - text_.begin());
 }
@@ -74,8 +99,8 @@ bool Needle::MatchesAt(TextView text, std::size_t at) const {
     const char16_t a = text[at + i];
     const char16_t b = text_[i];
     if (a == b || LowerAscii(a) == LowerAscii(b)) continue;
-    // A few letters beyond ASCII fold to ASCII ones.
-    if (a < 0x80 || !EqualLoose({&a, 1}, {&b, 1})) return false;
+    // Two characters beyond ASCII are cases of ASCII letters: the Kelvin sign and the long s.
+    if (!(a == 0x212A && LowerAscii(b) == u'k') && !(a == 0x017F && LowerAscii(b) == u's')) return false;
   }
   return true;
 }
@@ -92,6 +117,8 @@ std::size_t Needle::Place(TextView text, std::size_t from) const {
   const TextView part = text.substr(0, last + anchor_ + 1);
   for (std::size_t hit = FindCharacter(part, text_[anchor_], from - 1 + anchor_); hit != TextView::npos;
        hit = FindCharacter(part, text_[anchor_], hit + 1)) {
+    // The neighbour settles most places at once.
+    if (anchor_ != 0 && text[hit - 1] < 0x80 && LowerAscii(text[hit - 1]) != LowerAscii(text_[anchor_ - 1])) continue;
     if (MatchesAt(text, hit - anchor_)) return hit - anchor_ + 1;
   }
   return 0;

@@ -66,8 +66,9 @@ std::int32_t CutFraction(std::int32_t rest, std::size_t digits) {
   return rest;
 }
 
-/// Appends a number of at least `digits` digits.
-void AppendPadded(std::int64_t number, std::size_t digits, Text& out) {
+}  // namespace
+
+void AppendNumber(std::int64_t number, std::size_t digits, Text& out) {
   char16_t buffer[24];
   char16_t* at = buffer + 24;
   const bool negative = number < 0;
@@ -78,8 +79,6 @@ void AppendPadded(std::int64_t number, std::size_t digits, Text& out) {
   if (negative) *--at = u'-';
   out.append(at, static_cast<std::size_t>(buffer + 24 - at));
 }
-
-}  // namespace
 
 TimecodeReader::TimecodeReader(const TimecodeForm& form) {
   const Text& pattern = form.timecodeTemplate;
@@ -151,16 +150,16 @@ void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
   for (std::size_t i = 0; i < compact.size(); ++i) {
     const char16_t c = compact[i];
     if (c == u's') {
-      AppendPadded(parts.seconds.Value(), 2, out);
+      AppendNumber(parts.seconds.Value(), 2, out);
     } else if (c == u'm') {
-      AppendPadded(parts.minutes.Value(), 2, out);
+      AppendNumber(parts.minutes.Value(), 2, out);
     } else if (c == u'h' && hasHours_) {
-      AppendPadded(parts.hours.Value(), form_.hourPicture.size(), out);
+      AppendNumber(parts.hours.Value(), form_.hourPicture.size(), out);
     } else if (fps != 0 && c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
-      AppendPadded(frames, 2, out);
+      AppendNumber(frames, 2, out);
       ++i;
     } else if (fps == 0 && hasFraction_ && c == u'z') {
-      AppendPadded(parts.rest, form_.fractionPicture.size(), out);
+      AppendNumber(parts.rest, form_.fractionPicture.size(), out);
     } else {
       out += c;
     }

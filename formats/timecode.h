@@ -21,8 +21,8 @@ class TimecodeReader {
 
   std::int32_t Parse(TextView text, float fps) const;
 
-  /// The same for twelve bytes of ASCII, as long as they are digits in the columns of "hh:mm:ss,zzz" and no rate counts;
-  /// false for anything else.
+  /// The same for twelve bytes of ASCII, as long as they are digits in the columns of "hh:mm:ss,zzz" and no rate
+  /// counts; false for anything else.
   bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
 
  private:
@@ -36,6 +36,9 @@ class TimecodeReader {
 /// Frames of a time: the product rounded half to even, the division by 1000 cut toward zero. Run-time error 6 when
 /// the product does not fit 32 bits.
 std::int32_t MsToFrames(std::int32_t ms, float fps);
+
+/// Appends a number of at least `digits` digits.
+void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
 
 /// Writes times by one template.
 class TimecodeWriter {

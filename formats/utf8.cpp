@@ -92,6 +92,43 @@ void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out
   while (at != end && *at < 0x80) *out++ = *at++;
 }
 
+/// Narrows the ASCII run at `at` and moves both places behind it.
+void NarrowRun(const char16_t*& at, const char16_t* end, char*& out) {
+#if defined(__SSE2__)
+  const __m128i beyond = _mm_set1_epi16(static_cast<short>(0xFF80));
+  while (end - at >= 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const __m128i plain = _mm_cmpeq_epi16(_mm_and_si128(units, beyond), _mm_setzero_si128());
+    // Writing eight bytes is safe: a unit has room for three.
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(out), _mm_packus_epi16(units, units));
+    const auto others = ~static_cast<unsigned>(_mm_movemask_epi8(plain)) & 0xFFFFu;
+    const int count = others != 0 ? std::countr_zero(others) / 2 : 8;
+    at += count, out += count;
+    if (others != 0) return;
+  }
+#endif
+  while (at != end && *at < 0x80) *out++ = static_cast<char>(*at++);
+}
+
+/// Puts the character of more than one byte at `at` and moves both places behind it.
+void PutUnit(const char16_t*& at, const char16_t* end, char*& out, bool surrogates) {
+  const auto put = [&](std::uint32_t value) { *out++ = static_cast<char>(value); };
+  const auto putThree = [&](std::uint32_t c) {
+    put(0xE0 | (c >> 12)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
+  };
+  const char16_t unit = *at++;
+  if (unit < 0x800) {
+    put(0xC0u | (unit >> 6)), put(0x80u | (unit & 0x3Fu));
+  } else if (IsLead(unit) && at != end && IsTrail(*at)) {
+    const std::uint32_t c = 0x10000u + ((unit & 0x3FFu) << 10) + (*at++ & 0x3FFu);
+    put(0xF0 | (c >> 18)), put(0x80 | ((c >> 12) & 0x3F)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
+  } else if (surrogates || (!IsLead(unit) && !IsTrail(unit))) {
+    putThree(unit);
+  } else {
+    put(unit >= 0xDC80 && unit <= 0xDCFF ? static_cast<std::uint32_t>(unit - kEscapeBase) : U'?');
+  }
+}
+
 #if defined(__SSE2__)
 
 /// A bit a byte for 64 bytes: which are continuations, and which lead how long a sequence.
@@ -256,37 +293,16 @@ void WidenAscii(std::string_view bytes, char16_t* out) {
 }
 
 void AppendUtf8(TextView text, std::string& out, bool surrogates) {
-  const auto put = [&](std::uint32_t value) { out.push_back(static_cast<char>(value)); };
-  const auto putThree = [&](std::uint32_t c) {
-    put(0xE0 | (c >> 12)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
-  };
-  const std::size_t size = text.size();
-  for (std::size_t at = 0; at < size;) {
-    std::size_t run = at;
-    while (run < size && text[run] < 0x80) ++run;
-    if (run != at) {
-      const std::size_t old = out.size();
-      out.resize(old + (run - at));
-      char* to = out.data() + old;
-      for (; at < run; ++at) *to++ = static_cast<char>(text[at]);
-      if (at == size) return;
-    }
-    const char16_t unit = text[at];
-    if (unit < 0x800) {
-      put(0xC0u | (unit >> 6)), put(0x80u | (unit & 0x3Fu));
-    } else if (IsLead(unit) && at + 1 < size && IsTrail(text[at + 1])) {
-      const std::uint32_t c = 0x10000u + ((unit & 0x3FFu) << 10) + (text[at + 1] & 0x3FFu);
-      put(0xF0 | (c >> 18)), put(0x80 | ((c >> 12) & 0x3F)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
-      ++at;
-    } else if (!IsLead(unit) && !IsTrail(unit)) {
-      putThree(unit);
-    } else if (surrogates) {
-      putThree(unit);
-    } else {
-      put(unit >= 0xDC80 && unit <= 0xDCFF ? static_cast<std::uint32_t>(unit - kEscapeBase) : U'?');
-    }
-    ++at;
+  const std::size_t old = out.size();
+  out.resize(old + 3 * text.size());
+  char* to = out.data() + old;
+  const char16_t* at = text.data();
+  const char16_t* const end = at + text.size();
+  while (at != end) {
+    NarrowRun(at, end, to);
+    while (at != end && *at >= 0x80) PutUnit(at, end, to, surrogates);
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 }  // namespace cuewright
