@@ -26,39 +26,40 @@ Text ProgramFolder() {
   return FromUtf8(whole.substr(0, whole.rfind('/')));
 }
 
-int Run(const Request& request, Console& console) {
-  if (request.quiet) console.SetQuiet();
-  PosixFiles files;
-  Session session(request, files, console, AnsiCodePageOfLocale());
-  if (!session.Start(ProgramFolder())) return kExitUsage;
-  return RunCommand(request, session, console);
-}
-
 int Complain(const std::string& problem, Console& console) {
   console.Complain("cuewright-batch: " + problem + "\nTry 'cuewright-batch --help'.");
   return kExitUsage;
 }
 
-int Main(const std::vector<std::string>& arguments) {
+/// Writes what is left and ends the process. The memory goes with it: taking a large document apart piece by piece
+/// would only cost time.
+[[noreturn]] void End(int status, Console& console) {
+  if (!console.Finish() && status == kExitDone) status = kExitFailed;
+  ::_exit(status);
+}
+
+[[noreturn]] void Run(const Request& request, Console& console) {
+  if (request.quiet) console.SetQuiet();
+  PosixFiles files;
+  Session session(request, files, console, AnsiCodePageOfLocale());
+  const bool started = session.Start(ProgramFolder());
+  End(started ? RunCommand(request, session, console) : kExitUsage, console);
+}
+
+[[noreturn]] void Main(const std::vector<std::string>& arguments) {
   Console console;
   const CommandLine line = ReadCommandLine(arguments);
-  int status = kExitDone;
-  if (const auto* wrong = std::get_if<WrongUsage>(&line)) {
-    status = Complain(wrong->problem, console);
-  } else if (const auto* help = std::get_if<HelpWanted>(&line)) {
+  if (const auto* request = std::get_if<Request>(&line)) Run(*request, console);
+  if (const auto* wrong = std::get_if<WrongUsage>(&line)) End(Complain(wrong->problem, console), console);
+  if (const auto* help = std::get_if<HelpWanted>(&line)) {
     console.Out(HelpText(help->command));
-  } else if (std::holds_alternative<VersionWanted>(line)) {
-    console.Out("cuewright-batch " + ToUtf8(VersionText()) + "\n");
   } else {
-    status = Run(std::get<Request>(line), console);
+    console.Out("cuewright-batch " + ToUtf8(VersionText()) + "\n");
   }
-  if (!console.Finish() && status == kExitDone) status = kExitFailed;
-  return status;
+  End(kExitDone, console);
 }
 
 }  // namespace
 }  // namespace cuewright
 
-int main(int argc, char** argv) {
-  return cuewright::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
-}
+int main(int argc, char** argv) { cuewright::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc)); }
