@@ -40,7 +40,7 @@ int Complain(const std::string& problem, Console& console) {
 
 [[noreturn]] void Run(const Request& request, Console& console) {
   if (request.quiet) console.SetQuiet();
-  PosixFiles files;
+  PosixFiles files(PosixFiles::Flush::Replacing);
   Session session(request, files, console, AnsiCodePageOfLocale());
   const bool started = session.Start(ProgramFolder());
   End(started ? RunCommand(request, session, console) : kExitUsage, console);

@@ -212,10 +212,11 @@ void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& wr
   sink.Flush();
   if (sink.Error() != 0) discard(sink.Error());
   CopyRights(fd.Get(), existed ? &old : nullptr);
-  if (::fsync(fd.Get()) != 0 && errno != EINVAL && errno != EROFS) discard(errno);
+  const bool flush = existed || flush_ == Flush::Always;
+  if (flush && ::fsync(fd.Get()) != 0 && errno != EINVAL && errno != EROFS) discard(errno);
   if (fd.Close() != 0) discard(errno);
   if (::rename(beside.c_str(), target.c_str()) != 0) discard(errno);
-  SyncFolder(FolderOf(target));
+  if (flush) SyncFolder(FolderOf(target));
 }
 
 bool PosixFiles::Remove(TextView path) {

@@ -8,6 +8,11 @@ namespace cuewright {
 /// `Files` on the system's own calls.
 class PosixFiles final : public Files {
  public:
+  /// What `Replace` flushes to the disk before it is done: every file, or, for those who write thousands, only one that
+  /// takes the place of an older file. A new file in its stead is in the system's care then, as any program's is.
+  enum class Flush { Always, Replacing };
+  explicit PosixFiles(Flush flush = Flush::Always) : flush_(flush) {}
+
   bool Exists(TextView path) const override;
   bool IsRegular(TextView path) const override;
   std::uint64_t Size(TextView path) const override;
@@ -15,6 +20,9 @@ class PosixFiles final : public Files {
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
   bool Remove(TextView path) override;
   void MakePrivateFolder(TextView path) override;
+
+ private:
+  Flush flush_;
 };
 
 /// The run-time error for an `errno` value of a call on `path`.

@@ -106,6 +106,7 @@ Command Ours(const Folders& folders, const Conversion& c, const std::string& out
 
 struct Contestant {
   std::string name;
+  std::string output;
   Command command;
   std::vector<double> ms;
   long peakKiB = 0;
@@ -122,16 +123,23 @@ std::vector<Contestant> ContestantsOf(const Folders& folders, const Conversion& 
   const std::string to(c.to.extension);
   const std::string input = folders.Input(c.from);
   std::vector<Contestant> list;
-  list.push_back({"cuewright-batch", Ours(folders, c, out + "ours" + end), {}, 0, true});
-  list.push_back({"floor", {folders.bin + "/formats_floor", from, to, input, out + "floor" + end}, {}, 0, true});
+  const auto add = [&](const std::string& name, const auto& commandFor) {
+    const std::string output = out + name + end;
+    list.push_back({name, output, commandFor(output), {}, 0, true});
+  };
+  add("cuewright-batch", [&](const std::string& output) { return Ours(folders, c, output); });
+  add("floor", [&](const std::string& output) {
+    return Command{folders.bin + "/formats_floor", from, to, input, output};
+  });
   // FFmpeg reads MicroDVD but can't encode it.
   if (c.to.extension != kMicroDvd.extension) {
-    list.push_back(
-        {"ffmpeg", {"ffmpeg", "-nostdin", "-v", "error", "-y", "-i", input, out + "ffmpeg" + end}, {}, 0, true});
+    add("ffmpeg", [&](const std::string& output) {
+      return Command{"ffmpeg", "-nostdin", "-v", "error", "-y", "-i", input, output};
+    });
   }
   const std::string script = folders.work + "/node_modules/subsrt-ts/bin/subsrt.js";
   if (Exists(script)) {
-    list.push_back({"subsrt-ts", {"node", script, "convert", input, out + "subsrt" + end}, {}, 0, true});
+    add("subsrt-ts", [&](const std::string& output) { return Command{"node", script, "convert", input, output}; });
   }
   return list;
 }
@@ -165,6 +173,7 @@ void Compare(const Folders& folders, const Conversion& c, int rounds) {
   std::vector<Contestant> list = ContestantsOf(folders, c);
   for (int round = -1; round < rounds; ++round) {  // the first one only warms the caches
     for (Contestant& one : list) {
+      ::unlink(one.output.c_str());  // everyone writes a new file
       const Run run = RunOnce(one.command);
       one.ok = one.ok && run.ok;
       if (round < 0) continue;
