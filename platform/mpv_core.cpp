@@ -86,6 +86,7 @@ MpvCore::MpvCore(const MpvApi& api, const Options& options, std::function<void(c
   api_.observe_property(handle_, 0, "duration", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "container-fps", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "seekable", MPV_FORMAT_FLAG);
+  api_.observe_property(handle_, 0, "vo-configured", MPV_FORMAT_FLAG);
 }
 
 MpvCore::~MpvCore() {
@@ -229,6 +230,8 @@ void MpvCore::OnProperty(const mpv_event_property& property) {
     const bool flag = *static_cast<const int*>(property.data) != 0;
     if (std::strcmp(property.name, "seekable") == 0) {
       Tell({.kind = MpvNews::Kind::Seekable, .flag = flag});
+    } else if (std::strcmp(property.name, "vo-configured") == 0) {
+      if (!flag) Tell({.kind = MpvNews::Kind::NoPicture});
     } else if (flag && ReadFlag(api_, handle_, "eof-reached")) {
       Tell({.kind = MpvNews::Kind::EndReached, .seek = begunSeek_});
     }

@@ -25,6 +25,7 @@ struct MpvNews {
     Duration,    ///< length in seconds: `number`
     FrameRate,   ///< frames per second: `number`
     Seekable,    ///< `flag`
+    NoPicture,   ///< nothing is shown any more, whichever file is open
   };
   Kind kind = Kind::Opened;
   std::uint64_t load = 0;

@@ -292,6 +292,7 @@ void MpvPlayer::Fail(std::uint64_t load, Text text) {
 }
 
 void MpvPlayer::OnNews(const MpvNews& news) {
+  if (news.kind == MpvNews::Kind::NoPicture) video_->Redraw();
   if (news.load != load_ || path_.empty()) return;
   switch (news.kind) {
     case MpvNews::Kind::Opened:
@@ -321,6 +322,8 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;
+      break;
+    case MpvNews::Kind::NoPicture:
       break;
   }
 }

@@ -95,7 +95,19 @@ void MpvVideo::SetSize(int width, int height) {
     if (width == width_ && height == height_) return;
     width_ = width;
     height_ = height;
-    resized_ = true;
+    redraw_ = true;
+  }
+  wake_.notify_one();
+}
+
+void MpvVideo::Redraw() {
+  if (!software_) {
+    changed_();
+    return;
+  }
+  {
+    const std::lock_guard lock(mutex_);
+    redraw_ = true;
   }
   wake_.notify_one();
 }
@@ -125,15 +137,15 @@ void MpvVideo::RenderGl(int framebuffer, int width, int height) {
 void MpvVideo::Work() {
   std::unique_lock lock(mutex_);
   for (;;) {
-    wake_.wait(lock, [this] { return update_ || resized_ || quit_; });
+    wake_.wait(lock, [this] { return update_ || redraw_ || quit_; });
     if (quit_) return;
-    const bool resized = std::exchange(resized_, false);
+    const bool redraw = std::exchange(redraw_, false);
     const bool update = std::exchange(update_, false);
     const int width = width_;
     const int height = height_;
     lock.unlock();
     const bool frame = update && (api_.render_context_update(context_) & MPV_RENDER_UPDATE_FRAME);
-    const bool draw = frame || resized;
+    const bool draw = frame || redraw;
     if (draw) Draw(width, height);
     lock.lock();
     if (!draw || width <= 0 || height <= 0) continue;

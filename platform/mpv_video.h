@@ -27,6 +27,9 @@ class MpvVideo {
   void SetSize(int width, int height);
   VideoFrame Take();
 
+  /// Draws again what there is to show now: black when that is nothing.
+  void Redraw();
+
   bool CreateGl(VideoFrames::GlAddress address, void* context);
   void RenderGl(int framebuffer, int width, int height);
 
@@ -60,7 +63,7 @@ class MpvVideo {
   std::mutex mutex_;  // over what follows
   std::condition_variable wake_;
   bool update_ = false;
-  bool resized_ = false;
+  bool redraw_ = false;
   bool quit_ = false;
   bool fresh_ = false;  // `ready_` is newer than `front_`
   int width_ = 0;

@@ -24,6 +24,8 @@ VideoSurface::VideoSurface(VideoFrames& frames, QWidget* parent) : QWidget(paren
 VideoSurface::~VideoSurface() { frames_.SetSurfaceSize(0, 0); }
 
 void VideoSurface::paintEvent(QPaintEvent*) {
+  // The scale changes without a resize when the window goes to another screen.
+  TellSize();
   QPainter painter(this);
   const VideoFrame frame = frames_.TakeFrame();
   if (frame.pixels == nullptr) {

@@ -96,6 +96,28 @@ TEST_F(VideoViewTest, ShowsThePictureWithBarsAroundIt) {
   EXPECT_TRUE(IsRed(ColourAt(0.02, 0.5)));
 }
 
+TEST_F(VideoViewTest, IsBlackAgainWhenTheFilmIsClosed) {
+  Open(Media().Film(4, 25, "red"));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  player->SetUrl(u"");
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+}
+
+TEST_F(VideoViewTest, IsBlackWhileASoundPlaysThatFollowsAFilm) {
+  Open(Media().Film(4, 25, "red"));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  Open(Media().Sound(4));
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(WaitForPosition(0.2));
+}
+
+TEST_F(VideoViewTest, IsBlackAfterAFileThatIsNoFilm) {
+  Open(Media().Film(4, 25, "red"));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  Open(Media().File("text.txt", "Not a film.\n"));
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+}
+
 TEST_F(VideoViewTest, ThePausedPictureFollowsTheWindow) {
   Open(Media().Film(4, 25, "red"));
   ASSERT_TRUE(WaitForPosition(0.2));
