@@ -1,3 +1,4 @@
+#include <malloc.h>
 #include <unistd.h>
 
 #include <array>
@@ -62,4 +63,8 @@ int Complain(const std::string& problem, Console& console) {
 }  // namespace
 }  // namespace cuewright
 
-int main(int argc, char** argv) { cuewright::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc)); }
+int main(int argc, char** argv) {
+  // A document is many small texts: memory is asked of the system in a few large pieces.
+  ::mallopt(M_TOP_PAD, 8 << 20);
+  cuewright::Main(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
