@@ -25,6 +25,7 @@ class RowStore {
       for (std::size_t i = 0; i < count; ++i) std::swap(removed[i], Item(at + i));
       return removed;
     }
+    if (count == Size()) return Exchange(std::move(added));
     removed.reserve(count);
     MoveGap(at);
     for (std::size_t i = 0; i < count; ++i) {
@@ -50,6 +51,14 @@ class RowStore {
     }
     while (gapBegin_ > at) items_[--gapEnd_] = std::move(items_[--gapBegin_]);
     while (gapBegin_ < at) items_[gapBegin_++] = std::move(items_[gapEnd_++]);
+  }
+
+  /// Takes all items out and puts others in their place, without moving any.
+  std::vector<T> Exchange(std::vector<T> added) {
+    MoveGap(Size());
+    items_.resize(gapBegin_);
+    gapBegin_ = gapEnd_ = added.size();
+    return std::exchange(items_, std::move(added));
   }
 
   void Grow(std::size_t needed) {

@@ -13,15 +13,12 @@ constexpr std::size_t kPiece = 1 << 16;
 
 }  // namespace
 
-char16_t* LineBuffer::Room(std::size_t count, std::size_t keep) {
-  if (capacity_ < count + 16) {
-    const std::size_t capacity = count + count / 2 + 256;
-    auto units = std::make_unique_for_overwrite<char16_t[]>(capacity);
-    std::copy_n(units_.get(), keep, units.get());
-    units_ = std::move(units);
-    capacity_ = capacity;
-  }
-  return units_.get();
+void LineBuffer::Grow(std::size_t count, std::size_t keep) {
+  const std::size_t capacity = count + count / 2 + 256;
+  auto units = std::make_unique_for_overwrite<char16_t[]>(capacity);
+  std::copy_n(units_.get(), keep, units.get());
+  units_ = std::move(units);
+  capacity_ = capacity;
 }
 
 TextFile TextFile::Classic(std::string bytes, const Encodings& encodings) {
@@ -45,6 +42,7 @@ TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
     file.TurnIntoUtf8(file.encoding_.codePage == kCodePageUtf16Be);
   } else if (file.encoding_.mark || ExamineUtf8(file.bytes_) == Utf8Kind::MultiByte) {
     file.codec_ = MakeCodec(kCodePageUtf8);
+    file.utf8_ = true;
   } else {
     file.encoding_ = {encodings.SystemCodePage(), false};
     file.codec_ = encodings.SystemCodec();
@@ -72,6 +70,7 @@ void TextFile::TurnIntoUtf8(bool bigEndian) {
   }
   if (held != 0) AppendUtf8({&held, 1}, turned, true);
   bytes_ = std::move(turned);
+  utf8_ = true;
   start_ = 0;
 }
 

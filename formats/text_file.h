@@ -21,12 +21,17 @@ class LineBuffer {
 
   /// Room for `count` units and the 16 that codecs ask for beside. What was in the buffer is lost when it has to grow,
   /// but for the first `keep` units.
-  char16_t* Room(std::size_t count, std::size_t keep = 0);
+  char16_t* Room(std::size_t count, std::size_t keep = 0) {
+    if (capacity_ < count + 16) Grow(count, keep);
+    return units_.get();
+  }
   std::size_t Capacity() const { return capacity_; }
   std::size_t Size() const { return size_; }
   void SetSize(std::size_t size) { size_ = size; }
 
  private:
+  void Grow(std::size_t count, std::size_t keep);
+
   std::unique_ptr<char16_t[]> units_;
   std::size_t capacity_ = 0;
   std::size_t size_ = 0;
@@ -76,7 +81,9 @@ class TextFile {
   Text Decoded(std::string_view line) const;
   /// Decodes to a place with room for one unit a byte and 16 more; returns the units written.
   std::size_t DecodeTo(std::string_view line, char16_t* out) const {
-    return codec_ != nullptr ? codec_->Decode(line, out) : DecodeUtf8(line, out, true);
+    if (!utf8_) return codec_->Decode(line, out);
+    const bool slack = line.data() + line.size() + 16 <= bytes_.data() + bytes_.size();
+    return DecodeUtf8(line, out, codec_ == nullptr, slack);
   }
 
   /// Bytes that are left to read, for estimates.
@@ -91,6 +98,7 @@ class TextFile {
   std::size_t at_ = 0;
   DocumentEncoding encoding_;
   std::shared_ptr<const Codec> codec_;  // null: UTF-8 that holds lone surrogates, made of UTF-16
+  bool utf8_ = false;
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
   bool lineIsAscii_ = true;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "core/numbers.h"
 
@@ -41,6 +40,30 @@ std::int32_t FramesToMs(double frames, float fps) {
   return RoundToInt32(frames * 1000) / rate;
 }
 
+/// Room that a number of the pictures in use takes, its sign included.
+constexpr std::size_t kLongestNumber = 280;
+
+/// Puts a number of at least `digits` digits and gives the place behind it.
+char16_t* PutNumber(std::int64_t number, std::size_t digits, char16_t* out) {
+  std::array<char16_t, kLongestNumber> reversed;
+  if (number < 0) *out++ = u'-';
+  std::uint64_t left = static_cast<std::uint64_t>(number < 0 ? -number : number);
+  std::size_t count = 0;
+  do reversed[count++] = static_cast<char16_t>(u'0' + left % 10);
+  while ((left /= 10) != 0);
+  for (std::size_t zeros = std::min(digits, kLongestNumber - 24); zeros > count; --zeros) *out++ = u'0';
+  while (count != 0) *out++ = reversed[--count];
+  return out;
+}
+
+/// Of two digits, as most fields have them.
+char16_t* PutTwo(unsigned number, char16_t* out) {
+  if (number > 99) return PutNumber(number, 2, out);
+  out[0] = static_cast<char16_t>(u'0' + number / 10);
+  out[1] = static_cast<char16_t>(u'0' + number % 10);
+  return out + 2;
+}
+
 struct Parts {
   Checked8 hours;
   Checked8 minutes;
@@ -69,15 +92,9 @@ std::int32_t CutFraction(std::int32_t rest, std::size_t digits) {
 }  // namespace
 
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out) {
-  char16_t buffer[24];
-  char16_t* at = buffer + 24;
-  const bool negative = number < 0;
-  std::uint64_t left = negative ? static_cast<std::uint64_t>(-number) : static_cast<std::uint64_t>(number);
-  std::size_t count = 0;
-  for (; left != 0 || count < digits || count == 0; left /= 10, ++count)
-    *--at = static_cast<char16_t>(u'0' + left % 10);
-  if (negative) *--at = u'-';
-  out.append(at, static_cast<std::size_t>(buffer + 24 - at));
+  std::array<char16_t, kLongestNumber> room;
+  char16_t* const end = PutNumber(number, digits, room.data());
+  out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
 TimecodeReader::TimecodeReader(const TimecodeForm& form) {
@@ -147,23 +164,29 @@ void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
   if (hoursInMinutes_) parts.minutes = Checked8(parts.hours.Value() * 60 + parts.minutes.Value());
   const std::int32_t frames = fps != 0 ? MsToFrames(parts.rest, fps) : 0;
   // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
+  std::array<char16_t, kLongestNumber> room;
+  char16_t* to = room.data();
   for (std::size_t i = 0; i < compact.size(); ++i) {
     const char16_t c = compact[i];
     if (c == u's') {
-      AppendNumber(parts.seconds.Value(), 2, out);
+      to = PutTwo(parts.seconds.Value(), to);
     } else if (c == u'm') {
-      AppendNumber(parts.minutes.Value(), 2, out);
+      to = PutTwo(parts.minutes.Value(), to);
     } else if (c == u'h' && hasHours_) {
-      AppendNumber(parts.hours.Value(), form_.hourPicture.size(), out);
+      to = PutNumber(parts.hours.Value(), form_.hourPicture.size(), to);
     } else if (fps != 0 && c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
-      AppendNumber(frames, 2, out);
+      to = PutNumber(frames, 2, to);
       ++i;
     } else if (fps == 0 && hasFraction_ && c == u'z') {
-      AppendNumber(parts.rest, form_.fractionPicture.size(), out);
+      to = PutNumber(parts.rest, form_.fractionPicture.size(), to);
     } else {
-      out += c;
+      *to++ = c;
     }
+    if (to < room.data() + room.size() / 2) continue;
+    out.append(room.data(), static_cast<std::size_t>(to - room.data()));
+    to = room.data();
   }
+  out.append(room.data(), static_cast<std::size_t>(to - room.data()));
 }
 
 Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps) {

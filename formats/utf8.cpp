@@ -1,5 +1,6 @@
 #include "formats/utf8.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -64,29 +65,18 @@ char16_t* PutSequence(const unsigned char* at, std::size_t length, char16_t* out
   return out;
 }
 
-/// Widens the ASCII run at `at` and moves both places behind it.
-void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out) {
+/// Widens the ASCII run at `at` and moves both places behind it. `slack`: 16 bytes behind the end may be read.
+void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out, bool slack) {
 #if defined(__SSE2__)
-  while (end - at >= 16) {
+  while (slack ? at < end : end - at >= 16) {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
     const __m128i zero = _mm_setzero_si128();
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8), _mm_unpackhi_epi8(bytes, zero));
-    const auto high = static_cast<unsigned>(_mm_movemask_epi8(bytes));
-    if (high != 0) {
-      const int count = std::countr_zero(high);
-      at += count, out += count;
-      return;
-    }
-    at += 16, out += 16;
-  }
-  if (end - at >= 8) {
-    const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(at));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
-    const auto high = static_cast<unsigned>(_mm_movemask_epi8(bytes)) & 0xFFu;
-    const int count = high != 0 ? std::countr_zero(high) : 8;
+    const auto high = static_cast<unsigned>(_mm_movemask_epi8(bytes)) | 0x10000u;
+    const std::ptrdiff_t count = std::min<std::ptrdiff_t>(std::countr_zero(high), end - at);
     at += count, out += count;
-    if (high != 0) return;
+    if (count < 16) return;
   }
 #endif
   while (at != end && *at < 0x80) *out++ = *at++;
@@ -212,12 +202,12 @@ bool IsAscii(std::string_view bytes) {
   return SkipAscii(at, at + bytes.size()) == at + bytes.size();
 }
 
-std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates) {
+std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates, bool slack) {
   const char16_t* const start = out;
   const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
   const unsigned char* const end = at + bytes.size();
   for (;;) {
-    WidenRun(at, end, out);
+    WidenRun(at, end, out, slack);
     while (at != end && *at >= 0x80) {
       const std::size_t length = SequenceLength(at, end, surrogates);
       if (length == 0) {
@@ -257,39 +247,40 @@ std::size_t FindLineEnd(std::string_view bytes, char end, bool& ascii) {
 
 LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room) {
   LineScan scan;
+  std::size_t at = 0;
 #if defined(__SSE2__)
   const __m128i wanted = _mm_set1_epi8(end);
   const __m128i angle = _mm_set1_epi8('<');
   const __m128i zero = _mm_setzero_si128();
+  const std::size_t limit = std::min(bytes.size(), room);
   __m128i angles = zero;
-  for (std::size_t at = 0; at + 16 <= bytes.size() && at + 16 <= room; at += 16) {
+  std::size_t ascii = bytes.size();
+  for (; at + 16 <= limit; at += 16) {
     const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at), _mm_unpacklo_epi8(block, zero));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at + 8), _mm_unpackhi_epi8(block, zero));
     angles = _mm_or_si128(angles, _mm_cmpeq_epi8(block, angle));
     const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
-    const auto high = static_cast<unsigned>(_mm_movemask_epi8(block));
-    if ((hits | high) == 0) continue;
+    const auto high = static_cast<unsigned>(_mm_movemask_epi8(block)) | 0x10000u;
+    ascii = high == 0x10000u ? ascii : std::min(ascii, at + static_cast<std::size_t>(std::countr_zero(high)));
+    if (hits == 0) continue;
+    scan.length = at + static_cast<std::size_t>(std::countr_zero(hits));
+    scan.ascii = std::min(ascii, scan.length);
     scan.angled = _mm_movemask_epi8(angles) != 0;
-    scan.ascii = at + static_cast<std::size_t>(std::countr_zero(hits | high));
-    scan.length = scan.ascii;
-    const unsigned first = (hits | high) & (0u - (hits | high));
-    if ((high & first) != 0) break;
     return scan;
   }
 #endif
-  // The rest has to be decoded, or is too near the end of the bytes for whole blocks.
-  bool ascii = true;
-  const std::string_view rest = bytes.substr(scan.ascii);
-  const std::size_t length = FindLineEnd(rest, end, ascii);
-  scan.length = scan.ascii + length;
-  scan.angled = scan.angled || rest.substr(0, length).find('<') != std::string_view::npos;
+  // Too near the end of the bytes or of the room for whole blocks.
+  bool plain = true;
+  scan.length = at + FindLineEnd(bytes.substr(at), end, plain);
+  const std::string_view line = bytes.substr(0, scan.length);
+  scan.angled = line.find('<') != std::string_view::npos;
   return scan;
 }
 
 void WidenAscii(std::string_view bytes, char16_t* out) {
   const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-  WidenRun(at, at + bytes.size(), out);
+  WidenRun(at, at + bytes.size(), out, false);
 }
 
 void AppendUtf8(TextView text, std::string& out, bool surrogates) {

@@ -27,14 +27,15 @@ struct LineScan {
   bool angled = false;     ///< there may be a "<"
 };
 
-/// Finds the line's end like `FindLineEnd` and widens its ASCII beginning on the way. Gives up with `ascii` at the
-/// place where `out` with room for `room` units is full.
+/// Finds the line's end like `FindLineEnd` and widens its ASCII beginning into `out`, which has room for `room` units,
+/// on the way. Where it can't do so in whole blocks `ascii` is 0, and all is left to be decoded.
 LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room);
 
 /// Decodes into `out`, which has room for one unit a byte and 16 more; returns the units written. A byte
 /// that is no valid UTF-8 becomes the lone unit U+DC00 + byte. With `surrogates` the three-byte forms of lone
-/// surrogates are taken, as `AppendUtf8(.., true)` writes them.
-std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates = false);
+/// surrogates are taken, as `AppendUtf8(.., true)` writes them; with `slack` 16 bytes behind the given ones may be
+/// read, which saves time.
+std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates = false, bool slack = false);
 
 /// Widens ASCII bytes, under the same demand on room.
 void WidenAscii(std::string_view bytes, char16_t* out);
