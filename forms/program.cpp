@@ -34,15 +34,17 @@ Program::Program(Ports ports, StartEnvironment environment)
 }
 
 FileActionParts Program::Parts() {
-  return {window, list,     panel,    document, options,       strings, store, catalogue,
+  return {window,  list,     panel,    document, options,       strings, store, catalogue,
           formats, importer, exporter, recall,   playerBinding, capture, sub};
 }
 
 void Program::Connect() {
   files.resetControls = [this] { shell.ResetControls(); };
   playerBinding.resetControls = files.resetControls;
-  playerBinding.closeReport = [] {};
-  files.closeTools = [] {};
+  playerBinding.closeReport = [this] { openForms.UnloadForm("frmReport"); };
+  files.closeTools = [this] {
+    for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);
+  };
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
   files.resetRuleReport = [] {};
   files.applyRulesOnLoad = [] {};
@@ -62,6 +64,8 @@ bool Program::Start() {
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
   folders.FormatDatPath = folders.AppFolder + u"formats.dat";
   step([&] { LoadSettings(store, options); });
+  firstRun_ = options.Language == u"---";
+  if (firstRun_) options.Language = u"ENGLISH";
   step([&] { LoadEnglish(messages, strings); });
   if (step.Last()) {
     ports_.messages.Show({u"Error ignored on start window initialization.", BoxIcon::Warning});
@@ -75,8 +79,8 @@ bool Program::Start() {
   start.WireLinks(ports_.desktop, options.Language);
   if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, false);
   if (step.Last()) {
-    ports_.messages.Show({u"An error ocurred while loading main window.\r\n\r\nError #" +
-                              Decimal(step.Last()->number) + u": " + step.Last()->description,
+    ports_.messages.Show({u"An error ocurred while loading main window.\r\n\r\nError #" + Decimal(step.Last()->number) +
+                              u": " + step.Last()->description,
                           BoxIcon::Warning});
   }
   return complete;
@@ -105,8 +109,8 @@ void Program::RefreshStatusLabels() { shell.RefreshFileLabels(); }
 void Program::Yield() { ports_.events.Yield(); }
 
 void Program::ImportBegins() {
-  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo, &window.mnuClose,
-                         &window.mnuSave, &window.mnuSaveAs}) {
+  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo, &window.mnuClose, &window.mnuSave,
+                         &window.mnuSaveAs}) {
     item->SetEnabled(false);
   }
   window.cmdCancel.SetVisible(true);

@@ -22,6 +22,7 @@
 #include "forms/caption_commands.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
+#include "forms/open_forms.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
@@ -34,12 +35,12 @@ namespace cuewright {
 
 /// What the start needs of the platform.
 struct StartEnvironment {
-  Text commandLine;                            ///< whole, as the user gave it
-  Text appFolder;                              ///< the program's own
-  Text settingsFile;                           ///< the user's settings
-  std::function<Text()> makeTempFolder;        ///< makes a private folder; throws run-time errors
-  Text missingPlayer;                          ///< the file of the player that is missing; empty when it is there
-  int systemCodePage = 1252;                   ///< ANSI code page of the user's locale
+  Text commandLine;                      ///< whole, as the user gave it
+  Text appFolder;                        ///< the program's own
+  Text settingsFile;                     ///< the user's settings
+  std::function<Text()> makeTempFolder;  ///< makes a private folder; throws run-time errors
+  Text missingPlayer;                    ///< the file of the player that is missing; empty when it is there
+  int systemCodePage = 1252;             ///< ANSI code page of the user's locale
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -49,6 +50,8 @@ class Program final : private FormatHost {
 
   /// The steps of the start up to the first window. False when the program has to end: its format files are missing.
   bool Start();
+  /// No language was ever stored.
+  bool FirstRun() const { return firstRun_; }
   bool PlayerMissing() const { return !environment_.missingPlayer.empty(); }
   /// The main window loads: title, options, language, empty list.
   Shell::StartSize LoadMainWindow(int screenWidth, int screenHeight);
@@ -73,6 +76,7 @@ class Program final : private FormatHost {
   MainWindow window;
   SubWindow sub;
   StartWindow start;
+  OpenForms openForms;
   CaptionList list;
   CaptionGrid grid;
   CaptionPanel panel;
@@ -108,6 +112,7 @@ class Program final : private FormatHost {
   void SavedAsUtf8(const DocumentEncoding& lacking) override;
 
   Text startFile_;
+  bool firstRun_ = false;  // no language was ever stored
 };
 
 }  // namespace cuewright

@@ -224,6 +224,16 @@ bool PosixFiles::Remove(TextView path) {
   return !Exists(path);
 }
 
+bool PosixFiles::MakeLink(TextView link, TextView target) {
+  const std::string place = ToUtf8(link);
+  const std::string to = ToUtf8(target);
+  if (::symlink(to.c_str(), place.c_str()) == 0) return true;
+  if (errno != EEXIST) Throw(errno, link);
+  std::array<char, PATH_MAX> present{};
+  const ssize_t length = ::readlink(place.c_str(), present.data(), present.size());
+  return length > 0 && to == std::string_view(present.data(), static_cast<std::size_t>(length));
+}
+
 void PosixFiles::MakePrivateFolder(TextView path) {
   const std::string bytes = ToUtf8(path);
   for (std::size_t slash = bytes.find('/', 1);; slash = bytes.find('/', slash + 1)) {

@@ -19,6 +19,7 @@ class PosixFiles final : public Files {
   std::string Read(TextView path, std::uint64_t limit) const override;
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
   bool Remove(TextView path) override;
+  bool MakeLink(TextView link, TextView target) override;
   void MakePrivateFolder(TextView path) override;
 
  private:

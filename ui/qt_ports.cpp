@@ -9,6 +9,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
 
@@ -136,6 +138,21 @@ bool QtDesktop::ShellOpen(TextView target) {
   const QString text = ToQt(target);
   const bool isFile = text.startsWith('/');
   return QDesktopServices::openUrl(isFile ? QUrl::fromLocalFile(text) : QUrl(text));
+}
+
+bool QtDesktop::OpenRegionalSettings() {
+  // Each desktop has a panel of its own; the first that is installed is the one in use.
+  const std::pair<const char*, QStringList> panels[] = {{"gnome-control-center", {"region"}},
+                                                        {"systemsettings", {"kcm_regionandlang"}},
+                                                        {"systemsettings5", {"kcm_regionandlang"}},
+                                                        {"cinnamon-settings", {"region"}},
+                                                        {"mate-control-center", {}},
+                                                        {"xfce4-settings-manager", {}},
+                                                        {"lxqt-config-locale", {}}};
+  for (const auto& [program, arguments] : panels) {
+    if (!QStandardPaths::findExecutable(program).isEmpty()) return QProcess::startDetached(program, arguments);
+  }
+  return false;
 }
 
 bool QtDesktop::ClipboardHasText() const {

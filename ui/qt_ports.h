@@ -37,6 +37,7 @@ class QtEventQueue final : public EventQueue {
 class QtDesktop final : public Desktop {
  public:
   bool ShellOpen(TextView target) override;
+  bool OpenRegionalSettings() override;
   bool ClipboardHasText() const override;
   Text ClipboardText() const override;
   void SetBusy(bool busy) override;

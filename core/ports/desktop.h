@@ -12,6 +12,9 @@ class Desktop {
   /// Opens a URL or a file in its default program; false when that can't be started.
   virtual bool ShellOpen(TextView target) = 0;
 
+  /// Starts the desktop's panel of language and region; false when none is found.
+  virtual bool OpenRegionalSettings() = 0;
+
   virtual bool ClipboardHasText() const = 0;
   virtual Text ClipboardText() const = 0;
 

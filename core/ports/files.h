@@ -44,6 +44,10 @@ class Files {
   /// Removes a file; false when it is still there.
   virtual bool Remove(TextView path) = 0;
 
+  /// Makes a symbolic link to a path. False when something stands in its place already and leads elsewhere;
+  /// run-time error when it can't be made.
+  virtual bool MakeLink(TextView link, TextView target) = 0;
+
   /// Makes the folder and those above it, for this user alone (mode 0700); run-time error when that fails.
   virtual void MakePrivateFolder(TextView path) = 0;
 };

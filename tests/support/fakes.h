@@ -138,11 +138,16 @@ class FakeDesktop final : public Desktop {
     opened.emplace_back(target);
     return true;
   }
+  bool OpenRegionalSettings() override {
+    ++regionalSettings;
+    return true;
+  }
   bool ClipboardHasText() const override { return !clipboard.empty(); }
   Text ClipboardText() const override { return clipboard; }
   void SetBusy(bool on) override { busy = on; }
 
   std::vector<Text> opened;
+  int regionalSettings = 0;
   Text clipboard;
   bool busy = false;
 };

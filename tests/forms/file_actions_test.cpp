@@ -1,0 +1,427 @@
+#include "forms/file_actions.h"
+
+#include <sys/stat.h>
+
+#include "core/folders.h"
+#include "core/paths.h"
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+using Opening = ProgramFixture;
+using Saving = ProgramFixture;
+using Closing = ProgramFixture;
+using Clipboard = ProgramFixture;
+using StartFile = ProgramFixture;
+using BadInput = ProgramFixture;
+using Recalling = ProgramFixture;
+
+TEST_F(Opening, ASubtitleBecomesTheDocument) {
+  const Text path = SubRip("Film.One.srt", 3);
+  program->files.OpenSubtitleFile(path);
+  EXPECT_EQ(program->document.SubtitlePath, path);
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(List().At(2), (Caption{2100, 2900, u"line 2"}));
+  EXPECT_FALSE(program->document.DocModified);
+  EXPECT_TRUE(Window().mnuSave.Enabled());
+  EXPECT_TRUE(program->grid.Active());
+  EXPECT_EQ(Window().lblTextFile.GetText(), u"Current subtitle file: Film.One.srt");
+  EXPECT_EQ(Window().txtSub.GetText(), u"line 1");
+  EXPECT_EQ(Window().txtTime[0].GetText(), u"00:00:01,100");
+  EXPECT_EQ(Window().txtTime[1].GetText(), u"00:00:00,800");
+  EXPECT_EQ(program->recall.Path(u"TFileName"), path);
+  EXPECT_EQ(program->recall.LastFolder(), FolderOfPath(path));
+  EXPECT_TRUE(Window().mnuTFileName.Visible());
+  EXPECT_TRUE(Window().mnuLine0b.Visible());
+}
+
+TEST_F(Opening, TheDialogOffersAllFormatsAndEachOne) {
+  program->files.OpenText();
+  ASSERT_EQ(dialogs.calls.size(), 1u);
+  EXPECT_EQ(dialogs.calls[0].title, u"Open text or subtitle");
+  const std::string filter = ToUtf8(dialogs.calls[0].filter);
+  EXPECT_EQ(filter.rfind("All supported formats|*.", 0), 0u);
+  EXPECT_NE(filter.find("|SubRip"), std::string::npos);
+  EXPECT_NE(filter.find(" (srt)|*.srt|"), std::string::npos);
+  EXPECT_EQ(filter.find("_RSS"), std::string::npos);
+}
+
+TEST_F(Opening, AMissingFileIsToldAndLeavesEverythingAsItWas) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  const Text gone = folder / "gone.srt";
+  program->files.OpenSubtitleFile(gone);
+  EXPECT_EQ(LastBox(), "The file " + ToUtf8(gone) + " was not found.");
+  EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
+  EXPECT_EQ(List().Rows(), 3);
+  EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
+}
+
+TEST_F(Opening, PausesThePlayerMeanwhileAndLeavesPreviewMode) {
+  Play(folder.Write("film.mkv", "x"));
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  EXPECT_EQ(player.state, kPlayerPlaying);
+  EXPECT_TRUE(Window().cmdApply.Enabled());
+  program->capture.SelectMode(CaptionMode::Preview);
+  program->files.OpenSubtitleFile(folder / "a.srt");
+  EXPECT_EQ(program->capture.Mode(), CaptionMode::PressAndHold);
+}
+
+TEST_F(Opening, ACancelledLoadLeavesNoDocument) {
+  events.onYield = [this] { Window().cmdCancel.Clicked(); };
+  program->files.OpenSubtitleFile(SubRip("a.srt", 300));
+  EXPECT_EQ(program->document.SubtitlePath, u"");
+  EXPECT_FALSE(program->grid.Active());
+  EXPECT_FALSE(program->document.ImportCancelled);
+  EXPECT_TRUE(Window().mnuOpenText.Enabled());
+  EXPECT_FALSE(Window().mnuSave.Enabled());
+  EXPECT_TRUE(boxes.shown.empty() || LastBox().find("runtime error") == std::string::npos);
+}
+
+TEST_F(Opening, AnotherDocumentHasNothingToJoinWith) {
+  Play(folder.Write("film.mkv", "x"));
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  player.position = 10;
+  Window().tmrTime.Tick();
+  Window().cmdApply.MouseDown({MouseButton::Left, 0, 0});
+  Window().cmdApply.MouseUp({MouseButton::Left, 0, 0});
+  EXPECT_EQ(program->capture.PriorCaptionEnd(), 10000);
+  program->files.OpenSubtitleFile(folder / "a.srt");
+  EXPECT_EQ(program->capture.PriorCaptionEnd(), std::nullopt);
+}
+
+TEST_F(Opening, AppendingNeedsAFilm) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->files.Append();
+  EXPECT_NE(LastBox().find("To append a subtitle file"), std::string::npos);
+  EXPECT_TRUE(dialogs.calls.empty());
+}
+
+TEST_F(Opening, AnAppendedFileIsDelayedByTheFilmsLength) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  Play(folder.Write("film.mkv", "x"));
+  player.duration = 60;
+  dialogs.paths = {SubRip("b.srt", 2)};
+  program->files.Append();
+  EXPECT_EQ(List().Rows(), 5);
+  EXPECT_EQ(List().GetCaptionStart(3), 61100);
+}
+
+TEST_F(Saving, GoesToTheFormatOfTheFile) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  List().SetCaptionStart(1, 1500, false);
+  program->files.Save();
+  EXPECT_EQ(folder.Read("a.srt").substr(0, 34), "1\r\n00:00:01,500 --> 00:00:01,900\r\n");
+  EXPECT_FALSE(program->document.DocModified);
+  EXPECT_TRUE(dialogs.calls.empty());
+}
+
+TEST_F(Saving, AnUntimedCaptionAsksAndNoLeavesItAndTheRestOut) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  List().SetCaptionStart(3, 0, false);
+  boxes.answers = {BoxAnswer::No};
+  program->files.Save();
+  EXPECT_NE(LastBox().find("The file you are saving contains one or more captions without timing.\r\n\r\nPress YES"),
+            std::string::npos);
+  std::string saved = folder.Read("a.srt");
+  EXPECT_NE(saved.find("line 2"), std::string::npos);
+  EXPECT_EQ(saved.find("line 3"), std::string::npos);
+  EXPECT_EQ(saved.find("line 4"), std::string::npos);
+  EXPECT_EQ(List().Rows(), 5);
+  boxes.answers = {BoxAnswer::Yes};
+  program->files.Save();
+  saved = folder.Read("a.srt");
+  EXPECT_NE(saved.find("line 3"), std::string::npos);
+  EXPECT_NE(saved.find("line 4"), std::string::npos);
+}
+
+TEST_F(Saving, APlainTextAsksForAFormat) {
+  program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
+  ASSERT_EQ(List().Rows(), 3);
+  EXPECT_EQ(program->formats.CurrentFormatIndex, 0);
+  bool asked = false;
+  program->runExportDialog = [&] { asked = true; };
+  program->files.Save();
+  EXPECT_TRUE(asked);
+  EXPECT_TRUE(dialogs.calls.empty());
+}
+
+TEST_F(Saving, SaveAsProposesTheNameWithTheFormatsExtension) {
+  program->files.OpenSubtitleFile(folder.Write("My.Text.txt", "one\r\ntwo\r\n"));
+  List().SetCaptionStart(1, 1000, false);
+  List().SetCaptionStart(2, 2000, false);
+  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  dialogs.paths = {folder / "out"};
+  program->files.SaveAs();
+  ASSERT_EQ(dialogs.calls.size(), 1u);
+  EXPECT_EQ(dialogs.calls[0].title, u"Save as");
+  EXPECT_EQ(dialogs.calls[0].proposal, u"My.Text.srt");
+  EXPECT_EQ(program->document.SubtitlePath, folder / "out.srt");
+  EXPECT_NE(folder.Read("out.srt").find("00:00:01,000 --> 00:00:00,000\r\none"), std::string::npos);
+}
+
+TEST_F(Saving, TheExtensionIsComparedWithItsCase) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  dialogs.paths = {folder / "name.SRT"};
+  program->files.SaveAs();
+  EXPECT_EQ(program->document.SubtitlePath, folder / "name.SRT.srt");
+}
+
+TEST_F(Saving, ANewDocumentIsNamedAfterTheFilm) {
+  program->files.New();
+  Play(folder.Write("film.one.mkv", "x"));
+  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  program->files.SaveAs();
+  ASSERT_EQ(dialogs.calls.size(), 1u);
+  EXPECT_EQ(dialogs.calls[0].proposal, u"film.one.srt");
+  EXPECT_EQ(program->document.SubtitlePath, u"NEW");
+}
+
+TEST_F(Saving, AReadOnlyFileIsToldAndTheDocumentStaysModified) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  const std::string before = folder.Read("a.srt");
+  List().SetCaptionStart(1, 1500, false);
+  ::chmod(folder.Bytes("a.srt").c_str(), 0444);
+  program->files.Save();
+  EXPECT_EQ(LastBox(), "Failed to save file " + ToUtf8(folder / "a.srt") + ". The file is probably read-only.");
+  EXPECT_TRUE(program->document.DocModified);
+  EXPECT_EQ(folder.Read("a.srt"), before);
+}
+
+TEST_F(Closing, ADocumentOfOneCaptionIsThrownAwayWithoutAQuestion) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  List().SetCaptionStart(1, 1500, false);
+  program->files.Close();
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(program->document.SubtitlePath, u"");
+  EXPECT_FALSE(program->grid.Active());
+}
+
+TEST_F(Closing, AModifiedDocumentAsks) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  List().SetCaptionStart(1, 1500, false);
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.Close();
+  EXPECT_EQ(LastBox(), "The opened file has been modified. Do you want to save it as a subtitle file now?");
+  EXPECT_EQ(List().Rows(), 3);
+  boxes.answers = {BoxAnswer::Yes};
+  program->files.Close();
+  EXPECT_NE(folder.Read("a.srt").find("00:00:01,500"), std::string::npos);
+  EXPECT_EQ(program->document.SubtitlePath, u"");
+}
+
+TEST_F(Closing, YesIsTrueEvenWhenTheSaveDialogIsCancelled) {
+  program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
+  program->document.SubtitlePath = u"NEW";
+  List().SetCaptionStart(1, 1500, false);
+  boxes.answers = {BoxAnswer::Yes};
+  EXPECT_TRUE(program->files.PromptForSave());
+}
+
+TEST_F(Closing, EndsSubtitleAndFilmTogether) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  Play(folder.Write("film.mkv", "x"));
+  EXPECT_TRUE(program->sub.Loaded());
+  program->files.Close();
+  EXPECT_EQ(program->document.VideoPath, u"");
+  EXPECT_EQ(player.url, u"");
+  EXPECT_FALSE(player.enabled);
+  EXPECT_FALSE(program->sub.Loaded());
+  EXPECT_TRUE(Window().picPLogo.Visible());
+  EXPECT_FALSE(Window().tmrTime.Enabled());
+  EXPECT_FALSE(Window().mnuClose.Enabled());
+}
+
+TEST_F(Clipboard, TakesTheLinesThatArentBlank) {
+  desktop.clipboard = u"one\r\n\r\n   \r\n two \r\nthree";
+  program->files.NewFromClipboard();
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(List().GetCaptionText(2), u"two");
+  EXPECT_EQ(program->document.SubtitlePath, u"NEW");
+}
+
+TEST_F(Clipboard, TheLineAtIndexThirtyTwoThousandIsTheLast) {
+  for (int i = 0; i < 32003; ++i) desktop.clipboard += u"l" + Decimal(i) + u"\r\n";
+  program->files.NewFromClipboard();
+  EXPECT_EQ(List().Rows() - 1, 32001);
+  EXPECT_EQ(List().GetCaptionText(32001), u"l32000");
+}
+
+TEST_F(Clipboard, AfterACancelTheLinesStandAtTheBottomOfTheOldDocument) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  List().SetCaptionStart(1, 1500, false);
+  desktop.clipboard = u"pasted";
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.NewFromClipboard();
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(List().GetCaptionText(3), u"pasted");
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1");
+}
+
+TEST_F(Clipboard, TheItemNeedsText) {
+  Window().mnuFile.AboutToShow();
+  EXPECT_FALSE(Window().mnuNewClip.Enabled());
+  desktop.clipboard = u"x";
+  Window().mnuFile.AboutToShow();
+  EXPECT_TRUE(Window().mnuNewClip.Enabled());
+}
+
+TEST_F(Clipboard, ANewDocumentHasTheFormatSubRip) {
+  program->files.New();
+  EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), u"SUBRIP");
+  EXPECT_EQ(List().Rows(), 2);
+  EXPECT_TRUE(Window().txtSub.Enabled());
+}
+
+TEST(StartFileOf, TakesOnePathOfEightCharactersWithSlashAndDot) {
+  struct Case {
+    const char16_t *line, *path;
+  };
+  const Case cases[] = {{u"/tmp/a.b", u"/tmp/a.b"},
+                        {u"/t/a.b", u""},
+                        {u"", u""},
+                        {u"filename.srt", u""},
+                        {u"/tmp/noextension", u""},
+                        {u"\"/tmp/x y.srt\"", u"/tmp/x y.srt"},
+                        {u"\"/a/b.c\" \"/d.e\"", u"/a/b.c /d.e"}};
+  for (const Case& c : cases) EXPECT_EQ(StartFileOf(c.line), c.path) << ToUtf8(c.line);
+}
+
+TEST_F(StartFile, TwoPathsAreOnePathThatIsNotFound) {
+  const Text one = SubRip("a.srt", 2);
+  Restart(u"\"" + one + u"\" \"" + one + u"\"");
+  program->OnFirstActivation();
+  EXPECT_NE(LastBox().find("was not found."), std::string::npos);
+  EXPECT_EQ(program->document.SubtitlePath, u"");
+}
+
+TEST_F(StartFile, OpensByTheExtensionBehindTheFirstDot) {
+  const Text subtitle = SubRip("a.srt", 2);
+  Restart(subtitle);
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.SubtitlePath, subtitle);
+  const Text film = folder.Write("film.MKV", "x");
+  Restart(film);
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.VideoPath, film);
+  // Two dots make it a subtitle.
+  const Text dotted = folder.Write("my.movie.avi", "one\r\n");
+  Restart(dotted);
+  player.urls.clear();
+  program->OnFirstActivation();
+  EXPECT_TRUE(player.urls.empty() || player.urls.back().empty());
+  EXPECT_NE(LastBox().find("Failed to determine subtitle format"), std::string::npos);
+}
+
+TEST_F(StartFile, IsForgottenAfterTheFirstActivation) {
+  Restart(SubRip("a.srt", 2));
+  program->OnFirstActivation();
+  program->files.Close();
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.SubtitlePath, u"");
+}
+
+TEST_F(BadInput, EachFileOfNoUseEndsWithABoxAndNoDocument) {
+  std::filesystem::create_directory(folder.Path() / "folder.srt");
+  const std::string noise = [] {
+    std::string bytes;
+    unsigned state = 12345;
+    for (int i = 0; i < 200000; ++i) bytes += static_cast<char>((state = state * 1664525u + 1013904223u) >> 24);
+    return bytes;
+  }();
+  folder.Write("noise.srt", noise);
+  folder.Write("empty.srt", "");
+  folder.Write("zeros.srt", "");
+  std::filesystem::resize_file(folder.Path() / "zeros.srt", 1ull << 30);
+  for (const Text& path :
+       {folder / "folder.srt", Text(u"/dev/zero"), folder / "noise.srt", folder / "empty.srt", folder / "zeros.srt"}) {
+    boxes.shown.clear();
+    program->files.OpenSubtitleFile(path);
+    EXPECT_FALSE(boxes.shown.empty()) << ToUtf8(path);
+    EXPECT_EQ(program->document.SubtitlePath, u"") << ToUtf8(path);
+    EXPECT_FALSE(program->grid.Active());
+    EXPECT_TRUE(List().Enabled());
+    EXPECT_FALSE(desktop.busy);
+  }
+}
+
+TEST_F(BadInput, AnEmptyTextSaysSo) {
+  program->files.OpenSubtitleFile(folder.Write("empty.txt", ""));
+  EXPECT_NE(LastBox().find("No text found in the selected file"), std::string::npos);
+}
+
+TEST_F(BadInput, ATextOfFortyThousandLinesStopsAtTheLimitAndKeepsWhatWasRead) {
+  std::string content;
+  for (int i = 1; i <= 40000; ++i) content += "line " + std::to_string(i) + "\r\n";
+  program->files.OpenSubtitleFile(folder.Write("long.txt", content));
+  EXPECT_EQ(List().Rows() - 1, 32100);
+  EXPECT_NE(LastBox().find("reached the limit of 32000 captions"), std::string::npos);
+  EXPECT_TRUE(program->document.HasFile());
+}
+
+TEST_F(BadInput, AFilmThatCantBePlayedIsTold) {
+  Play(folder.Write("film.mkv", "x"));
+  player.MediaError(u"unrecognized file format");
+  EXPECT_NE(LastBox().find("There was an error while loading the movie."), std::string::npos);
+  EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
+}
+
+TEST_F(BadInput, AMissingFilmLeavesTheOpenOnePlaying) {
+  const Text film = folder.Write("film.mkv", "x");
+  Play(film);
+  program->playerBinding.LoadVideoFile(folder / "gone.mkv");
+  EXPECT_NE(LastBox().find("was not found."), std::string::npos);
+  EXPECT_EQ(player.url, film);
+  EXPECT_EQ(player.state, kPlayerPlaying);
+  EXPECT_EQ(program->document.VideoPath, film);
+}
+
+TEST_F(Recalling, APathThatNoLongerExistsIsntOffered) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  std::filesystem::remove(folder.Path() / "a.srt");
+  Restart({});
+  EXPECT_FALSE(Window().mnuTFileName.Visible());
+  EXPECT_FALSE(Window().mnuLine0b.Visible());
+}
+
+TEST_F(Recalling, APathInABrowsersCacheIsntOffered) {
+  std::filesystem::create_directory(folder.Path() / "Temporary INTERNET Files");
+  program->files.OpenSubtitleFile(SubRip("Temporary INTERNET Files/a.srt", 2));
+  Restart({});
+  EXPECT_FALSE(Window().mnuTFileName.Visible());
+}
+
+TEST_F(Recalling, AKeptPathOpensAgain) {
+  const Text path = SubRip("a.srt", 2);
+  program->files.OpenSubtitleFile(path);
+  Restart({});
+  EXPECT_TRUE(Window().mnuTFileName.Visible());
+  Window().mnuTFileName.Click();
+  EXPECT_EQ(program->document.SubtitlePath, path);
+}
+
+TEST(ShortenPath, KeepsShortPathsAndCutsLongOnes) {
+  const Text exactly32 = u"/" + Text(27, u'a') + u"/b.c";
+  ASSERT_EQ(exactly32.size(), 32u);
+  EXPECT_EQ(ShortenPath(exactly32), exactly32);
+  EXPECT_EQ(ShortenPath(u"/home/somebody/films/subtitles/good_evening.srt"), u"/.../good_evening.srt");
+  const Text oneSlash = u"/" + Text(40, u'a');
+  EXPECT_EQ(ShortenPath(oneSlash), oneSlash);
+  EXPECT_EQ(ShortenPath(Text(50, u'x')), Text(50, u'x'));
+}
+
+TEST(Paths, StripExtensionAndFileNameOf) {
+  EXPECT_EQ(StripExtension(u"/a/b.c.srt"), u"/a/b.c");
+  EXPECT_EQ(StripExtension(u"none"), u"none");
+  EXPECT_EQ(FileNameOf(u"/a/b.srt"), u"b.srt");
+  EXPECT_EQ(FileNameOf(u"b.srt"), u"b.srt");
+  EXPECT_EQ(FolderOfPath(u"b.srt"), u"");
+  EXPECT_EQ(WithSlash(u"/a/"), u"/a/");
+  EXPECT_EQ(StartExtension(u"/x/my.movie.AVI"), u"movie.avi");
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "forms/program.h"
+#include "platform/posix_files.h"
+#include "tests/support/fakes.h"
+#include "tests/support/printers.h"
+#include "tests/support/temp_folder.h"
+
+namespace cuewright::testing {
+
+/// The whole program without its windows: real files and formats, a player and boxes of the test's own.
+struct ProgramFixture : ::testing::Test {
+  ProgramFixture() { Restart({}); }
+
+  /// Starts the program anew with a command line, on the same settings.
+  void Restart(const Text& commandLine, const Text& missingPlayer = {}) {
+    program.reset();
+    StartEnvironment environment;
+    environment.commandLine = commandLine;
+    environment.appFolder = FromUtf8(CUEWRIGHT_SOURCE_DIR "/resources");
+    environment.settingsFile = folder / "settings.ini";
+    environment.makeTempFolder = [this] { return folder / "run/"; };
+    environment.missingPlayer = missingPlayer;
+    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player}, environment);
+    started = program->Start();
+    program->LoadMainWindow(1280, 800);
+    program->grid.NoteMetrics(200, 20);
+  }
+
+  /// A SubRip file of so many captions, one a second.
+  Text SubRip(const std::string& name, int captions) {
+    std::string content;
+    for (int i = 1; i <= captions; ++i) {
+      const std::string second = (i % 60 < 10 ? "0" : "") + std::to_string(i % 60);
+      const std::string minute = (i / 60 % 60 < 10 ? "0" : "") + std::to_string(i / 60 % 60);
+      const std::string at = "00:" + minute + ":" + second;
+      content += std::to_string(i) + "\r\n" + at + ",100 --> " + at + ",900\r\nline " + std::to_string(i) + "\r\n\r\n";
+    }
+    return folder.Write(name, content);
+  }
+
+  CaptionList& List() { return program->list; }
+  MainWindow& Window() { return program->window; }
+  void Play(const Text& film) {
+    program->playerBinding.LoadVideoFile(film);
+    player.Become(kPlayerPlaying);
+  }
+  std::string LastBox() const { return boxes.shown.empty() ? "" : ToUtf8(boxes.shown.back().text); }
+
+  TempFolder folder;
+  PosixFiles files;
+  FakeMessages boxes;
+  FakeFileDialogs dialogs;
+  FakeEventQueue events;
+  FakeDesktop desktop;
+  FakePlayer player;
+  std::unique_ptr<Program> program;
+  bool started = false;
+};
+
+}  // namespace cuewright::testing
