@@ -22,4 +22,13 @@ done
 DISPLAY=:$(cat "$run/display")
 export DISPLAY XDG_RUNTIME_DIR="$run"
 unset WAYLAND_DISPLAY
-dbus-run-session -- sh -c 'openbox >/dev/null 2>&1 & exec "$@"' virtual_display "$@"
+# The window manager is there once it has put its mark on the root window.
+dbus-run-session -- sh -c '
+  openbox >/dev/null 2>&1 &
+  tries=0
+  until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q "window id"; do
+    tries=$((tries + 1))
+    [ $tries -lt 200 ] || { echo "the window manager did not start" >&2; exit 1; }
+    sleep 0.05
+  done
+  exec "$@"' virtual_display "$@"

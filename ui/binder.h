@@ -11,6 +11,9 @@
 
 #include "core/form/controls.h"
 
+class QAbstractButton;
+class QComboBox;
+
 namespace cuewright {
 
 /// Binds the controls of a form to the widgets of a window by their object names: the widgets show the form's state,
@@ -32,11 +35,11 @@ class Binder final : public QObject {
 
  private:
   bool BindOne(Control& control);
-  void BindButton(Button& button, class QAbstractButton& widget);
-  void BindOption(OptionButton& option, class QAbstractButton& widget);
+  void BindButton(Button& button, QAbstractButton& widget);
+  void BindOption(OptionButton& option, QAbstractButton& widget);
   void BindTextBox(TextBox& box, QWidget& widget);
   void BindTimer(Timer& timer);
-  void BindCombo(ComboBox& combo, class QComboBox& widget);
+  void BindCombo(ComboBox& combo, QComboBox& widget);
   void ShowCommon(const Control& control, QWidget& widget);
   void Watch(Control& control, std::function<void()> show);
   bool FilterButton(Button& button, QEvent& event);

@@ -34,6 +34,7 @@ class MemoryFile final : public Files {
   std::string Read(TextView, std::uint64_t) const override { return bytes_; }
   void Replace(TextView, const std::function<void(ByteSink&)>&) override {}
   bool Remove(TextView) override { return false; }
+  bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}
 
  private:

@@ -1,0 +1,270 @@
+#include "ui/main_window_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QSet>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include "tests/support/program_fixture.h"
+#include "ui/qt_text.h"
+#include "ui/start_view.h"
+#include "ui/svg_picture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+/// The main window on the toolkit, with a player of the test's own.
+struct WindowTest : ProgramFixture {
+  WindowTest() {
+    LoadIcons();
+    auto* surface = new QWidget;
+    surface->setObjectName("WMP");
+    view = std::make_unique<MainWindowView>(*program, surface);
+    view->ShowStarted({1000, 700, false});
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+    view->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(view.get()));
+  }
+  ~WindowTest() override {
+    view.reset();
+    program.reset();
+  }
+
+  template <class Widget>
+  Widget* Find(const char* name) {
+    auto* found = view->findChild<Widget*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  QTableView* Table() { return Find<QTableView>("grdSubs"); }
+  void Timed(int captions) {
+    program->files.OpenSubtitleFile(SubRip("a.srt", captions));
+    Play(folder.Write("film.mkv", "x"));
+    Table()->setFocus();
+  }
+  void At(double seconds) {
+    player.position = seconds;
+    program->capture.SamplePosition();
+  }
+
+  std::unique_ptr<MainWindowView> view;
+};
+
+using MainWindowSmoke = WindowTest;
+using MainWindowKeys = WindowTest;
+using MainWindowMouse = WindowTest;
+using MainWindowList = WindowTest;
+
+TEST_F(MainWindowSmoke, EveryControlHasAWidgetAndEveryNamedWidgetAControl) {
+  QSet<QString> widgets;
+  for (const QObject* object : view->findChildren<QObject*>()) widgets << object->objectName();
+  for (const Control* control : program->window.Controls()) {
+    EXPECT_TRUE(widgets.contains(QString::fromStdString(control->Name()))) << control->Name();
+  }
+  // What isn't a control: the list, the picture, the overlay, and the parts that the toolkit names itself.
+  const QSet<QString> others = {"grdSubs", "WMP", "frmSub", "mnuRclick"};
+  for (const QWidget* widget : view->findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    if (name.isEmpty() || name.startsWith("qt_") || name.endsWith("Menu") || others.contains(name)) continue;
+    EXPECT_NE(program->window.Find(name.toStdString()), nullptr) << name.toStdString();
+  }
+}
+
+TEST_F(MainWindowSmoke, EveryControlThatAPersonUsesHasAnAccessibleName) {
+  for (QWidget* widget : view->findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus || widget->objectName().isEmpty() ||
+        widget->objectName().startsWith("qt_") || widget->objectName() == "WMP") {
+      continue;
+    }
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+    EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+  }
+}
+
+TEST_F(MainWindowSmoke, TheMenusStandInTheirOrder) {
+  QStringList titles;
+  for (const QAction* action : view->menuBar()->actions()) titles << action->text();
+  EXPECT_EQ(titles, (QStringList{"&File", "&Edit", "F&ormat", "&View", "&Tools", "&Settings", "&Help"}));
+  EXPECT_FALSE(view->findChild<QAction*>("mnuSave")->isEnabled());
+}
+
+TEST_F(MainWindowSmoke, LabelsAndButtonsFollowTheForm) {
+  program->window.lblTextFile.SetText(u"changed");
+  EXPECT_EQ(Find<QLabel>("lblTextFile")->text(), "changed");
+  program->window.cmdApply.SetUnderlined(true);
+  EXPECT_TRUE(Find<QAbstractButton>("cmdApply")->font().underline());
+  program->window.cmdCancel.SetVisible(true);
+  EXPECT_TRUE(Find<QAbstractButton>("cmdCancel")->isVisible());
+}
+
+TEST_F(MainWindowList, ShowsTheRowsAsTheyAreStored) {
+  Timed(30);
+  auto* model = Table()->model();
+  EXPECT_EQ(model->rowCount(), 30);
+  EXPECT_EQ(model->columnCount(), 4);
+  EXPECT_EQ(model->index(1, 0).data().toString(), "2");
+  EXPECT_EQ(model->index(1, 1).data().toString(), "2100");
+  EXPECT_EQ(model->index(1, 2).data().toString(), "2900");
+  EXPECT_EQ(model->headerData(3, Qt::Horizontal).toString(), "Text");
+  List().ToggleMarker(2, u"<b>");
+  EXPECT_TRUE(model->index(1, 3).data(Qt::BackgroundRole).isValid());
+  EXPECT_FALSE(model->index(2, 3).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(MainWindowList, RowsComeAndGoWithTheList) {
+  Timed(5);
+  List().AddCaption(1, 2, u"new", 1);
+  EXPECT_EQ(Table()->model()->rowCount(), 6);
+  EXPECT_EQ(Table()->model()->index(0, 3).data().toString(), "new");
+  List().DeleteCaption(1);
+  List().DeleteCaption(1);
+  EXPECT_EQ(Table()->model()->rowCount(), 4);
+  boxes.answers = {BoxAnswer::No};
+  program->files.Close();
+  EXPECT_EQ(Table()->model()->columnCount(), 1);
+  EXPECT_EQ(Table()->model()->index(0, 0).data().toString(), "No text or subtitle file loaded.");
+}
+
+TEST_F(MainWindowList, ArrowKeysMoveTheSelection) {
+  Timed(5);
+  QTest::keyClick(Table(), Qt::Key_Down);
+  EXPECT_EQ(List().Selected(), 2);
+  EXPECT_EQ(program->window.txtSub.GetText(), u"line 2");
+  QTest::keyClick(Table(), Qt::Key_Delete);
+  EXPECT_EQ(List().Rows(), 5);
+}
+
+TEST_F(MainWindowList, TheSelectedRowStaysInViewDuringCaptioning) {
+  Timed(200);
+  for (int row = 1; row < 60; ++row) {
+    At(row);
+    QTest::keyPress(Table(), Qt::Key_B);
+    At(row + 0.5);
+    QTest::keyRelease(Table(), Qt::Key_B);
+  }
+  EXPECT_EQ(List().Selected(), 60);
+  const QRect row = Table()->visualRect(Table()->model()->index(59, 0));
+  EXPECT_TRUE(Table()->viewport()->rect().contains(row.center()));
+}
+
+TEST_F(MainWindowKeys, AShortcutKeyHoldsAndItsReleaseEnds) {
+  Timed(3);
+  At(10);
+  QTest::keyPress(Table(), Qt::Key_B);
+  EXPECT_TRUE(program->capture.Capturing());
+  At(11);
+  QTest::keyRelease(Table(), Qt::Key_B);
+  EXPECT_EQ(List().At(1), (Caption{10000, 11000, u"line 1"}));
+}
+
+TEST_F(MainWindowKeys, AKeyTypedInTheTextPaneGoesIntoTheText) {
+  Timed(3);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  pane->setFocus();
+  pane->moveCursor(QTextCursor::End);
+  QTest::keyClick(pane, Qt::Key_B);
+  EXPECT_FALSE(program->capture.Capturing());
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1b");
+  QTest::keyClick(pane, Qt::Key_Return);
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1b");
+  QTest::keyClick(pane, Qt::Key_X);
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1b|x");
+}
+
+TEST_F(MainWindowKeys, TheTimeBoxTakesDigitsAndStepsOverTheSeparators) {
+  Timed(3);
+  auto* box = Find<QLineEdit>("txtTime(0)");
+  box->setFocus();
+  QTest::keyClick(box, Qt::Key_Home);
+  for (const char digit : {'0', '1', '0', '2', '0', '3', '4', '5', '6'}) QTest::keyClick(box, digit);
+  EXPECT_EQ(box->text(), "01:02:03,456");
+  QTest::keyClick(box, Qt::Key_Return);
+  EXPECT_EQ(List().GetCaptionStart(1), 3723456);
+}
+
+TEST_F(MainWindowKeys, ALetterOfAnotherScriptActsByItsKey) {
+  Timed(3);
+  // The key B of a Russian layout: its own letter, the key's number as both window systems tell it.
+  QKeyEvent down(QEvent::KeyPress, 0x0418, Qt::NoModifier, 49 + 7, 0, 0, QString(QChar(0x0438)));
+  QApplication::sendEvent(Table(), &down);
+  EXPECT_TRUE(program->capture.Capturing());
+}
+
+TEST_F(MainWindowMouse, ApplyIsHeldByTheLeftButton) {
+  Timed(3);
+  auto* apply = Find<QAbstractButton>("cmdApply");
+  ASSERT_TRUE(apply->isEnabled());
+  At(20);
+  QTest::mousePress(apply, Qt::LeftButton);
+  At(21);
+  QTest::mouseRelease(apply, Qt::LeftButton);
+  EXPECT_EQ(List().At(1), (Caption{20000, 21000, u"line 1"}));
+}
+
+TEST_F(MainWindowMouse, AReleaseReachesAButtonThatAPauseHasDisabled) {
+  Timed(3);
+  auto* apply = Find<QAbstractButton>("cmdApply");
+  At(20);
+  QTest::mousePress(apply, Qt::LeftButton);
+  player.position = 22;
+  player.Pause();
+  ASSERT_FALSE(apply->isEnabled());
+  QTest::mouseRelease(apply, Qt::LeftButton);
+  EXPECT_EQ(List().At(1), (Caption{20000, 22000, u"line 1"}));
+  EXPECT_FALSE(program->capture.Capturing());
+}
+
+TEST_F(MainWindowMouse, AnOptionChangesTheMode) {
+  Timed(3);
+  QTest::mouseClick(Find<QAbstractButton>("optManual"), Qt::LeftButton, {}, QPoint(10, 8));
+  EXPECT_EQ(program->capture.Mode(), CaptionMode::Manual);
+  EXPECT_EQ(Find<QAbstractButton>("cmdApply")->text(), "Start");
+  EXPECT_TRUE(Find<QAbstractButton>("optManual")->isChecked());
+  EXPECT_FALSE(Find<QAbstractButton>("optPress")->isChecked());
+}
+
+TEST_F(MainWindowMouse, AClickInTheListSelectsTheRow) {
+  Timed(5);
+  QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {},
+                    Table()->visualRect(Table()->model()->index(2, 3)).center());
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(MainWindowMouse, LosingTheFocusEndsAHold) {
+  Timed(3);
+  At(10);
+  QTest::keyPress(Table(), Qt::Key_B);
+  At(10.7);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_EQ(List().At(1), (Caption{10000, 10700, u"line 1"}));
+}
+
+TEST_F(MainWindowSmoke, TheMissingPlayerScreenBindsEveryControl) {
+  Restart({}, u"libmpv.so.2");
+  StartView screen(program->start);
+  screen.show();
+  for (const Control* control : program->start.Controls()) {
+    EXPECT_NE(screen.findChild<QWidget*>(QString::fromStdString(control->Name())), nullptr) << control->Name();
+  }
+  EXPECT_EQ(screen.findChild<QLabel*>("lblFile")->text(), "libmpv.so.2");
+  bool ignored = false;
+  program->start.cmdIgnore.Clicked.Connect([&] { ignored = true; });
+  QTest::mouseClick(screen.findChild<QAbstractButton*>("cmdIgnore"), Qt::LeftButton);
+  EXPECT_TRUE(ignored);
+}
+
+}  // namespace
+}  // namespace cuewright
