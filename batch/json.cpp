@@ -64,6 +64,7 @@ std::string JsonList(const std::vector<std::string>& values) {
 
 std::string JsonList(const std::vector<Text>& texts) {
   std::vector<std::string> values;
+  values.reserve(texts.size());
   for (const Text& text : texts) values.push_back(JsonText(text));
   return JsonList(values);
 }

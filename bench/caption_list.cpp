@@ -56,16 +56,14 @@ struct Desk {
   CaptionPanel panel{window, list, grid, strings};
   Preview preview{window, sub, list, grid, document, options, player};
   TimingCapture capture{window, list, grid, document, options, strings, player, preview};
-  CaptionCommands commands{window, list,  grid,  panel,   document, options,
-                           strings, boxes, store, preview, capture};
+  CaptionCommands commands{window, list, grid, panel, document, options, strings, boxes, store, preview, capture};
   QMenu menu;
   std::unique_ptr<CaptionTable> table;
 };
 
 void PerCaption(benchmark::State& state) {
-  state.counters["per_caption"] = benchmark::Counter(static_cast<double>(state.range(0)),
-                                                     benchmark::Counter::kIsIterationInvariantRate |
-                                                         benchmark::Counter::kInvert);
+  state.counters["per_caption"] = benchmark::Counter(
+      static_cast<double>(state.range(0)), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 void Filling(benchmark::State& state) {

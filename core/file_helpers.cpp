@@ -44,7 +44,7 @@ Text ShortPathOf(Files& files, TextView path, TextView tempFolder) {
   Text extension = dot == Text::npos ? Text() : name.substr(dot);
   if (!IsPlainPath(extension)) extension.clear();
   for (int number = 1;; ++number) {
-    const Text link = Text(tempFolder) + u"link" + Decimal(number) + extension;
+    Text link = Text(tempFolder) + u"link" + Decimal(number) + extension;
     if (files.MakeLink(link, path)) return link;
   }
 }

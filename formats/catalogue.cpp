@@ -59,7 +59,7 @@ void CutBlock(const Text& text, FormatBlock& block) {
 
 }  // namespace
 
-void FormatCatalogue::Load(std::string iniBytes, std::string datBytes, const Encodings& encodings) {
+void FormatCatalogue::Load(const std::string& iniBytes, const std::string& datBytes, const Encodings& encodings) {
   profile_ = Profile(DecodeFormatFile(iniBytes, encodings));
   dat_ = DecodeFormatFile(datBytes, encodings);
   lines_ = CutLines(dat_);

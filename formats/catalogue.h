@@ -53,7 +53,7 @@ class FormatCatalogue {
 
   /// Reads the files' contents; text that is valid UTF-8 counts as such, any other is of the system's code page.
   /// Run-time error 6 when the list is empty or holds more than 255 identifiers; the first 255 are kept.
-  void Load(std::string iniBytes, std::string datBytes, const Encodings& encodings);
+  void Load(const std::string& iniBytes, const std::string& datBytes, const Encodings& encodings);
 
   /// The identifiers in upper case; index 0 is plain text. An index out of range gives the empty text.
   int Count() const { return static_cast<int>(identifiers_.size()); }

@@ -43,10 +43,10 @@ Shell::Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPa
 
 void Shell::Wire() {
   window_.mnuInfoBar.Clicked.Connect([this] { ToggleInfoBar(); });
-  const auto opens = [this](MenuItem& item, Text target) {
+  const auto opens = [this](MenuItem& item, const Text& target) {
     item.Clicked.Connect([this, target] { ports_.desktop.ShellOpen(target); });
   };
-  const auto page = [this](MenuItem& item, Text path) {
+  const auto page = [this](MenuItem& item, const Text& path) {
     item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, options_.Language); });
   };
   page(window_.mnuTessaly, {});

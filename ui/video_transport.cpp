@@ -45,7 +45,8 @@ QSlider* MakeSlider(const char* name, const QString& text, QWidget* parent) {
 
 int ToMs(double seconds) {
   const double ms = std::round(seconds * 1000);
-  return static_cast<int>(std::clamp(ms, 0.0, static_cast<double>(std::numeric_limits<int>::max() / 2)));
+  constexpr int kMost = std::numeric_limits<int>::max() / 2;
+  return static_cast<int>(std::clamp<double>(ms, 0, kMost));
 }
 
 QString LengthText(double duration) {
