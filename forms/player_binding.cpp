@@ -17,9 +17,11 @@ PlayerBinding::PlayerBinding(MainWindow& window, SubWindow& sub, DocumentState& 
       preview_(preview),
       capture_(capture),
       recall_(recall) {
-  player_.PlayStateChange.Connect([this](int state) { OnState(state); });
-  player_.PositionChange.Connect([this](double, double) { OnSeek(); });
-  player_.MediaError.Connect([this](const Text&) { messages_.Show({strings_[50], BoxIcon::Warning}); });
+  connections_.push_back(player_.PlayStateChange.ConnectScoped([this](int state) { OnState(state); }));
+  connections_.push_back(player_.PositionChange.ConnectScoped([this](double, double) { OnSeek(); }));
+  connections_.push_back(player_.MediaError.ConnectScoped([this](const Text&) {
+    messages_.Show({strings_[50], BoxIcon::Warning});
+  }));
 }
 
 void PlayerBinding::LoadVideoFile(TextView path) {

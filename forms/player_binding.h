@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "core/document.h"
 #include "core/form/main_window.h"
@@ -44,6 +45,7 @@ class PlayerBinding {
   Preview& preview_;
   TimingCapture& capture_;
   Recall& recall_;
+  std::vector<Connection> connections_;  // the player outlives this
 };
 
 }  // namespace cuewright

@@ -253,6 +253,7 @@ TEST_F(MainWindowMouse, LosingTheFocusEndsAHold) {
 }
 
 TEST_F(MainWindowSmoke, TheMissingPlayerScreenBindsEveryControl) {
+  view.reset();
   Restart({}, u"libmpv.so.2");
   StartView screen(program->start);
   screen.show();
