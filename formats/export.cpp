@@ -21,8 +21,8 @@ void Exporter::ExportSubtitle(std::int16_t lastRow) {
   CarryOn errors;
   errors([&] { LoadFormat(); });
   const bool written = WriteFile(lastRow, errors);
-  if (!written && errors.Last()->number == kErrorPathFileAccess) {
-    TellReadOnly();
+  if (!written && (errors.Last()->number == kErrorPathFileAccess || errors.Last()->number == kErrorDiskFull)) {
+    TellNotSaved(*errors.Last());
     host.RefreshStatusLabels();
     return;
   }
@@ -99,8 +99,11 @@ bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
   return true;
 }
 
-void Exporter::TellReadOnly() {
-  loader_.Boxes().Show({Fill(loader_.Strings()[306], path_), BoxIcon::Warning, BoxButtons::Ok, {}});
+void Exporter::TellNotSaved(const RuntimeError& error) {
+  Text text = Fill(loader_.Strings()[306], path_);
+  // The message guesses at a read-only file; a full disk is told by name.
+  if (error.number == kErrorDiskFull) text.append(kLineEnd).append(kLineEnd).append(error.description);
+  loader_.Boxes().Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
 }
 
 void Exporter::TellError(const RuntimeError& error) {

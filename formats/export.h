@@ -31,7 +31,7 @@ class Exporter {
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;
   bool Classic() const;
-  void TellReadOnly();
+  void TellNotSaved(const RuntimeError& error);
   void TellError(const RuntimeError& error);
 
   FormatLoader& loader_;

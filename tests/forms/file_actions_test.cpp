@@ -1,6 +1,9 @@
 #include "forms/file_actions.h"
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+
+#include <csignal>
 
 #include "core/folders.h"
 #include "core/paths.h"
@@ -189,6 +192,37 @@ TEST_F(Saving, AReadOnlyFileIsToldAndTheDocumentStaysModified) {
   EXPECT_EQ(LastBox(), "Failed to save file " + ToUtf8(folder / "a.srt") + ". The file is probably read-only.");
   EXPECT_TRUE(program->document.DocModified);
   EXPECT_EQ(folder.Read("a.srt"), before);
+}
+
+TEST_F(Saving, AFullDiskIsToldAndTheOldFileStaysWhole) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 50));
+  const std::string before = folder.Read("a.srt");
+  List().SetCaptionStart(1, 1500, false);
+  // A limit on the size of files stands for the disk's end.
+  rlimit old{};
+  ::getrlimit(RLIMIT_FSIZE, &old);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{500, old.rlim_max};
+  ::setrlimit(RLIMIT_FSIZE, &full);
+  program->files.Save();
+  ::setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(LastBox().rfind("Failed to save file " + ToUtf8(folder / "a.srt") + ". The file is probably read-only.", 0),
+            0u)
+      << LastBox();
+  EXPECT_NE(LastBox().find("Disk full"), std::string::npos);
+  EXPECT_TRUE(program->document.DocModified);
+  EXPECT_EQ(folder.Read("a.srt"), before);
+}
+
+TEST_F(Saving, AFolderThatVanishedIsToldAndTheDocumentStaysModified) {
+  std::filesystem::create_directory(folder.Path() / "sub");
+  program->files.OpenSubtitleFile(SubRip("sub/a.srt", 2));
+  List().SetCaptionStart(1, 1500, false);
+  std::filesystem::remove_all(folder.Path() / "sub");
+  program->files.Save();
+  EXPECT_NE(LastBox().find("An error ocurred while saving the file"), std::string::npos);
+  EXPECT_TRUE(program->document.DocModified);
 }
 
 TEST_F(Closing, ADocumentOfOneCaptionIsThrownAwayWithoutAQuestion) {
