@@ -1,6 +1,6 @@
 #include "settings/messages.h"
 
-#include <cstdlib>
+#include <charconv>
 
 #include "settings/messages_data.h"
 
@@ -19,24 +19,54 @@ Text Unescape(std::string_view text) {
   return FromUtf8(plain);
 }
 
-}  // namespace
-
-MessageCatalogue::MessageCatalogue() {
-  Add(EnglishMessages(), 0);
-  Add(LanguageTableRows(), 0);
-}
-
-void MessageCatalogue::Add(std::string_view data, int base) {
+/// Calls `take(number, text)` for each row of data.
+template <class Take>
+void ForEachRow(std::string_view data, Take&& take) {
   while (!data.empty()) {
     const std::size_t end = data.find('\n');
     std::string_view line = data.substr(0, end);
     data = end == std::string_view::npos ? std::string_view() : data.substr(end + 1);
     if (line.ends_with('\r')) line.remove_suffix(1);
-    if (line.empty() || line[0] < '0' || line[0] > '9') continue;
     const std::size_t tab = line.find('\t');
-    const int id = std::atoi(std::string(line.substr(0, tab)).c_str());
-    rows_[base + id] = tab == std::string_view::npos ? Text() : Unescape(line.substr(tab + 1));
+    const std::string_view digits = line.substr(0, tab);
+    int id = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), id);
+    if (error != std::errc() || stop != digits.data() + digits.size() || id < 0) continue;
+    take(id, tab == std::string_view::npos ? Text() : Unescape(line.substr(tab + 1)));
   }
+}
+
+/// False for a text with control characters other than the line break, or with bytes that were no UTF-8.
+bool IsReadable(TextView text) {
+  char16_t before = 0;
+  for (const char16_t unit : text) {
+    const bool low = unit >= 0xDC00 && unit <= 0xDFFF;
+    const bool behindHigh = before >= 0xD800 && before <= 0xDBFF;
+    if ((unit < 0x20 && unit != u'\n') || low != behindHigh) return false;
+    before = unit;
+  }
+  return true;
+}
+
+}  // namespace
+
+MessageCatalogue::MessageCatalogue() {
+  Add(EnglishMessages(), 0);
+  Add(LanguageTableRows(), 0);
+  Add(TranslationFileRows(), 0);
+}
+
+void MessageCatalogue::Add(std::string_view data, int base) {
+  ForEachRow(data, [&](int id, Text text) { rows_[base + id] = std::move(text); });
+}
+
+void MessageCatalogue::AddBlock(std::string_view data, int language) {
+  ForEachRow(data, [&](int id, Text text) {
+    if (id >= static_cast<int>(kMessageCount) || !IsReadable(text)) return;
+    const Text* english = Find(id);
+    if (text.empty() && english != nullptr && !english->empty()) return;
+    rows_[kBlockSize * language + id] = std::move(text);
+  });
 }
 
 const Text* MessageCatalogue::Find(int id) const {

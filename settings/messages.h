@@ -8,16 +8,23 @@
 
 namespace cuewright {
 
-/// The catalogue of messages by number: the English block that the program carries in itself, the language table,
-/// and the other numbered strings.
+/// The distance from one language's block to the next.
+inline constexpr int kBlockSize = 1000;
+
+/// The catalogue of messages by number: the English block that the program carries in itself, the language table
+/// (600 to 624), the texts of a translation file (660 to 670), and the blocks of other languages that were added.
 class MessageCatalogue {
  public:
-  /// Holds the English block and the language table.
+  /// Holds all that the program carries in itself.
   MessageCatalogue();
 
   /// Adds rows in the form of the data files: a number, a tab, the text; a bare number is an empty place. In the text
   /// "\n" is a line break and "\\" a backslash. Numbers are taken at `base` + number.
   void Add(std::string_view data, int base);
+
+  /// Adds the block of a language by its row in the language table, data as above, at 1000 * row. Left out is what
+  /// can't stand in a block: numbers beyond the messages, text that isn't UTF-8, nothing where English has a text.
+  void AddBlock(std::string_view data, int language);
 
   /// The row of a number; null when the catalogue has none.
   const Text* Find(int id) const;

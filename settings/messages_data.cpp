@@ -10,6 +10,7 @@
 
 CUEWRIGHT_EMBED(cuewright_english, "english.txt");
 CUEWRIGHT_EMBED(cuewright_table, "table.txt");
+CUEWRIGHT_EMBED(cuewright_translation_file, "translation_file.txt");
 
 namespace cuewright {
 
@@ -19,6 +20,11 @@ std::string_view EnglishMessages() {
 
 std::string_view LanguageTableRows() {
   return {cuewright_table_begin, static_cast<std::size_t>(cuewright_table_end - cuewright_table_begin)};
+}
+
+std::string_view TranslationFileRows() {
+  return {cuewright_translation_file_begin,
+          static_cast<std::size_t>(cuewright_translation_file_end - cuewright_translation_file_begin)};
 }
 
 }  // namespace cuewright

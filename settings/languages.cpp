@@ -1,0 +1,192 @@
+#include "settings/languages.h"
+
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kFirstTableRow = 600;
+constexpr std::uint64_t kLargestBlock = 1 << 20;
+constexpr TextView kNeverChosen = u"---";
+
+/// The number of a table part; "&H0809" is hexadecimal.
+std::int32_t TableNumber(TextView text) {
+  if (!text.starts_with(u"&H")) return RoundToInt32(LeadingNumber(text));
+  std::int32_t number = 0;
+  for (const char16_t digit : text.substr(2)) number = number * 16 + (digit <= u'9' ? digit - u'0' : digit - u'A' + 10);
+  return number;
+}
+
+Text ProperCase(TextView name) {
+  Text proper = ToLower(name);
+  if (!proper.empty()) proper.replace(0, 1, ToUpper(TextView(proper).substr(0, 1)));
+  return proper;
+}
+
+Text ErrorText(TextView before, const RuntimeError& error) {
+  return Text(before) + Decimal(error.number) + u" " + error.description;
+}
+
+}  // namespace
+
+Languages::Languages(AppOptions& options, LangStrings& strings, MessageCatalogue& catalogue, const Folders& folders,
+                     Files& files, Messages& messages, EventQueue& events, const Locale& locale)
+    : options_(options),
+      strings_(strings),
+      catalogue_(catalogue),
+      folders_(folders),
+      files_(files),
+      messages_(messages),
+      events_(events),
+      locale_(locale),
+      charset_(CharsetOfCodePage(0)) {}
+
+void Languages::BuildLanguageTable() {
+  CarryOn step;
+  step([&] { charset_ = GetCharsetOfLocale(kUserLocale); });
+  step.Clear();
+  for (std::size_t row = 0; row < kLanguageCount; ++row) step([&] { ReadTableRow(row); });
+  if (step.Last()) {
+    messages_.Show({ErrorText(u"Error retrieving OS language names: ", *step.Last()), BoxIcon::Warning});
+  }
+}
+
+void Languages::ReadTableRow(std::size_t row) {
+  const std::vector<Text> parts = Split(CatalogueString(kFirstTableRow + static_cast<int>(row)), u"-");
+  const std::int32_t localeId = TableNumber(parts[1]);
+  table_[row] = {Decimal(TableNumber(parts[0])), Decimal(localeId), parts[2], ProperCase(parts[2])};
+  if (!locale_.IsValidLocale(localeId)) return;
+  const Text name = locale_.LanguageName(localeId);
+  if (!name.empty()) table_[row].displayName = name;
+}
+
+void Languages::LoadStored() {
+  firstRun_ = options_.Language == kNeverChosen;
+  if (firstRun_) {
+    DetectLanguage(u"ENGLISH");
+  } else {
+    // The last row that fits wins: "PORTUGUESE" also lies inside "PORTUGUESE_BR".
+    for (std::size_t row = 0; row < kLanguageCount; ++row) {
+      if (table_[row].name.find(options_.Language) != Text::npos) {
+        options_.LanguageIndex = static_cast<std::int16_t>(row);
+      }
+    }
+  }
+  LoadLanguageStrings(false);
+}
+
+void Languages::DetectLanguage(TextView fallback) {
+  CarryOn step;
+  step([&] {
+    options_.Language = fallback;
+    const Text language = ToUpper(locale_.GetLocaleText(kUserLocale, kEnglishLanguageName));
+    if (language.empty()) return;
+    for (std::size_t row = 0; row < kLanguageCount; ++row) {
+      const Text& name = table_[row].name;
+      if (name.empty() || !EqualLoose(TextView(language).substr(0, name.size()), name)) continue;
+      Select(row);
+      return;
+    }
+  });
+  if (step.Last()) messages_.Show({ErrorText(u"Error detecting OS language: ", *step.Last()), BoxIcon::Warning});
+}
+
+void Languages::Select(std::size_t row) {
+  options_.Language = table_[row].name;
+  options_.LanguageIndex = static_cast<std::int16_t>(row);
+}
+
+void Languages::LoadBlock(std::size_t row) {
+  if (row == 0 || loaded_[row]) return;
+  CarryOn step;
+  step([&] {
+    const Text path = folders_.AppFolder + u"languages/" + ToLower(table_[row].name) + u".txt";
+    catalogue_.AddBlock(files_.Read(path, kLargestBlock), static_cast<int>(row));
+    loaded_.set(row);
+  });
+}
+
+std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
+  LoadBlock(static_cast<std::size_t>(options_.LanguageIndex));
+  const int base = kBlockSize * options_.LanguageIndex;
+  Text lines;
+  int missing = 0;
+  for (std::size_t id = 0; id < kMessageCount; ++id) {
+    const Text* own = catalogue_.Find(base + static_cast<int>(id));
+    if (own != nullptr) {
+      strings_.Set(id, *own);
+      continue;
+    }
+    const Text& english = CatalogueString(static_cast<int>(id));
+    strings_.Set(id, english);
+    lines.append(Decimal(base + static_cast<int>(id)) + u", \"" + english + u"\"").append(kLineEnd);
+    ++missing;
+  }
+  if (makeFile) {
+    WriteTranslationFile(TranslationHeader() + lines);
+    events_.WaitMs(500);
+  }
+  rightToLeft_ = options_.Language == u"ARABIC" || options_.Language == u"PERSIAN" || options_.Language == u"HEBREW";
+  // One less than there are strings, so that one or two missing ones still count as complete.
+  constexpr int kWhole = static_cast<int>(kMessageCount) - 1;
+  return static_cast<std::int16_t>(RoundHalfEven((kWhole - missing) * 100.0 / kWhole));
+}
+
+Charset Languages::GetCharsetOfLocale(std::int32_t locale) const {
+  return CharsetOfCodePage(RoundToInt32(LeadingNumber(locale_.GetLocaleText(locale, kAnsiCodePage))));
+}
+
+std::int32_t Languages::LocaleOfLanguage() const {
+  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(options_.LanguageIndex)].localeId));
+}
+
+Text Languages::ToLanguageCodePage(TextView text) const {
+  std::optional<Text> recoded;
+  CarryOn step;
+  step([&] {
+    const std::optional<int> windows = locale_.WindowCodePage();
+    if (!windows) return;
+    const int own = RoundToInt32(LeadingNumber(locale_.GetLocaleText(LocaleOfLanguage(), kAnsiCodePage)));
+    recoded = locale_.Recode(text, own, *windows);
+  });
+  return recoded ? *recoded : Text(text);
+}
+
+std::int16_t Languages::FindLanguageInList(std::size_t row, const std::vector<Text>& items) const {
+  for (std::size_t i = 0; i < items.size() && i < kLanguageCount; ++i) {
+    if (items[i] == table_[row].displayName) return static_cast<std::int16_t>(i);
+  }
+  return 0;
+}
+
+std::size_t Languages::RowOfDisplayName(TextView displayName) const {
+  for (std::size_t row = 0; row < kLanguageCount; ++row) {
+    if (table_[row].displayName == displayName) return row;
+  }
+  return static_cast<std::size_t>(options_.LanguageIndex);
+}
+
+bool Languages::NeedsNotice() const {
+  return table_[static_cast<std::size_t>(options_.LanguageIndex)].codePage !=
+         locale_.GetLocaleText(kUserLocale, kAnsiCodePage);
+}
+
+Languages::NoticeTexts Languages::Notice() const {
+  const std::int32_t own = LocaleOfLanguage();
+  return {ToLanguageCodePage(strings_[146]),
+          ToLanguageCodePage(strings_[92]) + u" " + locale_.GetLocaleText(kUserLocale, kEnglishLanguageName),
+          ToLanguageCodePage(strings_[93]) + u" " + locale_.GetLocaleText(own, kEnglishLanguageName) + u" (" +
+              locale_.GetLocaleText(own, kNativeLanguageName) + u")",
+          GetCharsetOfLocale(own)};
+}
+
+Text Languages::CharsetText() const { return Decimal(charset_.number) + u" - " + charset_.name; }
+
+const Text& Languages::CatalogueString(int id) const {
+  static const Text kNone;
+  const Text* row = catalogue_.Find(id);
+  return row == nullptr ? kNone : *row;
+}
+
+}  // namespace cuewright
