@@ -1,0 +1,198 @@
+// Every language that has a file, checked against the English texts.
+
+#include <gtest/gtest.h>
+#include <unicode/uchar.h>
+#include <unicode/uscript.h>
+
+#include <filesystem>
+#include <map>
+#include <set>
+
+#include "tests/settings/language_rig.h"
+
+namespace cuewright {
+namespace {
+
+using testing::LanguageRig;
+
+const std::filesystem::path kMessages = CUEWRIGHT_SOURCE_DIR "/resources/messages";
+
+std::vector<std::string> LanguageFiles() {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(kMessages)) {
+    const std::string name = entry.path().stem().string();
+    if (name != "english" && name != "table" && name != "translation_file") names.push_back(name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+UScriptCode ScriptOf(const std::string& name) {
+  static const std::map<std::string, UScriptCode> kScripts = {
+      {"greek", USCRIPT_GREEK},        {"persian", USCRIPT_ARABIC},  {"arabic", USCRIPT_ARABIC},
+      {"bulgarian", USCRIPT_CYRILLIC}, {"kazakh", USCRIPT_CYRILLIC}, {"russian", USCRIPT_CYRILLIC},
+      {"serbian", USCRIPT_CYRILLIC},   {"thai", USCRIPT_THAI},       {"japanese", USCRIPT_HAN}};
+  const auto at = kScripts.find(name);
+  return at == kScripts.end() ? USCRIPT_LATIN : at->second;
+}
+
+/// The rows that are rightly the same as in English.
+std::set<int> SameAsEnglish(const std::string& name) {
+  static const std::map<std::string, std::set<int>> kRows = {
+      {"spanish", {69, 264, 349}},  // No, Color, Web
+  };
+  const auto at = kRows.find(name);
+  return at == kRows.end() ? std::set<int>() : at->second;
+}
+
+/// Names and units that stay in Latin letters in every language.
+const std::set<Text>& LatinWords() {
+  static const std::set<Text> kWords = {
+      u"Tessaly",    u"Cuewright", u"Ratemeter",    u"QXM",        u"VirtualDub", u"VirtualDubMPEG",
+      u"XviD",       u"VSFilter",  u"DirectVobSub", u"DirectShow", u"Windows",    u"Media",
+      u"Player",     u"WMP",       u"Microsoft",    u"Office",     u"Word",       u"Unicode",
+      u"SubStation", u"Alpha",     u"SSA",          u"AVI",        u"MPEG",       u"PAL",
+      u"NTSC",       u"WAV",       u"PCM",          u"VBR",        u"CBR",        u"DVD",
+      u"DLL",        u"FPS",       u"KB",           u"FN",         u"A",          u"Z",
+      u"plugins",    u"subtitler", u"exe",          u"AutoUpdate", u"OK"};
+  return kWords;
+}
+
+struct LanguageBlock : ::testing::TestWithParam<std::string> {
+  LanguageBlock() {
+    std::filesystem::copy_file(kMessages / (GetParam() + ".txt"),
+                               rig.folder.Path() / "languages" / (GetParam() + ".txt"));
+    rig.StartIn(ToUpper(FromUtf8(GetParam())));
+  }
+
+  const Text& English(int id) const { return *rig.catalogue.Find(id); }
+  const Text& Own(int id) const { return rig.strings[static_cast<std::size_t>(id)]; }
+  static std::string Row(int id, const Text& text) { return std::to_string(id) + ": " + ToUtf8(text); }
+  /// Calls `check(id)` for each row that has a text in English.
+  template <class Check>
+  void ForEachText(Check&& check) const {
+    for (int id = 0; id < static_cast<int>(kMessageCount); ++id) {
+      if (!English(id).empty()) check(id);
+    }
+  }
+
+  LanguageRig rig;
+};
+
+std::size_t Count(TextView text, TextView part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != TextView::npos; at = text.find(part, at + part.size())) ++count;
+  return count;
+}
+
+Text WithoutMark(Text text) { return ReplaceAll(text, u"&", {}); }
+
+TEST_P(LanguageBlock, IsAsNamedInTheLanguageTable) {
+  const std::size_t row = static_cast<std::size_t>(rig.options.LanguageIndex);
+  EXPECT_EQ(ToLower(rig.languages.LanguageTable()[row].name), FromUtf8(GetParam()));
+}
+
+TEST_P(LanguageBlock, IsComplete) {
+  EXPECT_EQ(rig.languages.LoadLanguageStrings(false), 100);
+  const int base = kBlockSize * rig.options.LanguageIndex;
+  for (int id = 0; id < static_cast<int>(kMessageCount); ++id) EXPECT_NE(rig.catalogue.Find(base + id), nullptr) << id;
+}
+
+TEST_P(LanguageBlock, KeepsThePlacesForValues) {
+  ForEachText([this](int id) {
+    for (const TextView place : {u"%1", u"%2", u"%FN"}) {
+      EXPECT_EQ(Count(Own(id), place), Count(English(id), place)) << Row(id, Own(id));
+    }
+    EXPECT_EQ(Count(Own(id), u"%"), Count(English(id), u"%")) << Row(id, Own(id));
+  });
+}
+
+TEST_P(LanguageBlock, KeepsLineBreaksAndBlanksAtTheEnds) {
+  ForEachText([this](int id) {
+    const Text& own = Own(id);
+    const Text& english = English(id);
+    EXPECT_EQ(Count(own, u"\n"), Count(english, u"\n")) << Row(id, own);
+    EXPECT_EQ(own.starts_with(u' '), english.starts_with(u' ')) << Row(id, own);
+    EXPECT_EQ(own.ends_with(u' '), english.ends_with(u' ')) << Row(id, own);
+    EXPECT_EQ(own.find(u"  "), Text::npos) << Row(id, own);
+  });
+}
+
+TEST_P(LanguageBlock, KeepsColonsAndEllipsesAtTheEnd) {
+  ForEachText([this](int id) {
+    for (const TextView end : {u":", u": ", u"..."}) {
+      EXPECT_EQ(Own(id).ends_with(end), English(id).ends_with(end)) << Row(id, Own(id));
+    }
+  });
+}
+
+TEST_P(LanguageBlock, HasAcceleratorsWhereEnglishHas) {
+  ForEachText([this](int id) {
+    EXPECT_EQ(Count(Own(id), u"&"), Count(English(id), u"&")) << Row(id, Own(id));
+    const std::size_t mark = Own(id).find(u'&');
+    if (mark == Text::npos) return;
+    ASSERT_LT(mark + 1, Own(id).size()) << Row(id, Own(id));
+    EXPECT_TRUE(u_isalpha(Own(id)[mark + 1])) << Row(id, Own(id));
+  });
+}
+
+TEST_P(LanguageBlock, HasEachAcceleratorOnceInAWindow) {
+  // The menu bar with the main window's Cancel, a message box, the settings dialog, the start window.
+  const std::vector<std::vector<int>> windows = {{0, 1, 2, 3, 4, 5, 6, 67}, {66, 67, 68, 69}, {66, 67, 71}, {5, 70}};
+  for (const auto& window : windows) {
+    std::set<Text> letters;
+    for (const int id : window) {
+      const Text letter = ToLower(Own(id).substr(Own(id).find(u'&') + 1, 1));
+      EXPECT_TRUE(letters.insert(letter).second) << Row(id, Own(id));
+    }
+  }
+}
+
+TEST_P(LanguageBlock, LeavesNothingInEnglish) {
+  const std::set<int> same = SameAsEnglish(GetParam());
+  ForEachText([&](int id) {
+    const bool equal = WithoutMark(Own(id)) == WithoutMark(English(id));
+    EXPECT_EQ(equal, same.contains(id)) << Row(id, Own(id));
+  });
+}
+
+TEST_P(LanguageBlock, IsWrittenInItsScript) {
+  const UScriptCode script = ScriptOf(GetParam());
+  ForEachText([&](int id) {
+    Text word;
+    bool own = false;
+    for (const char16_t unit : Own(id) + u" ") {
+      UErrorCode status = U_ZERO_ERROR;
+      const UScriptCode found = uscript_getScript(unit, &status);
+      own =
+          own || found == script || (script == USCRIPT_HAN && (found == USCRIPT_HIRAGANA || found == USCRIPT_KATAKANA));
+      if (found == USCRIPT_LATIN && script != USCRIPT_LATIN) {
+        word += unit;
+        continue;
+      }
+      EXPECT_TRUE(word.empty() || LatinWords().contains(word)) << Row(id, Own(id)) << " has " << ToUtf8(word);
+      word.clear();
+      const bool strange = u_isalpha(unit) && script == USCRIPT_LATIN && found != USCRIPT_LATIN;
+      EXPECT_FALSE(strange) << Row(id, Own(id));
+    }
+    EXPECT_TRUE(own) << Row(id, Own(id));
+  });
+}
+
+TEST_P(LanguageBlock, CallsControlsByTheirOwnNames) {
+  struct Mention {
+    int text;
+    int control;
+  };
+  constexpr Mention kMentions[] = {{23, 0},   {36, 39}, {37, 40},  {37, 41},   {81, 68},  {81, 69}, {150, 6},
+                                   {297, 66}, {308, 6}, {343, 16}, {379, 380}, {395, 66}, {452, 41}};
+  for (const auto& [text, control] : kMentions) {
+    EXPECT_NE(FindLoose(Own(text), WithoutMark(Own(control))), Text::npos) << Row(text, Own(text));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, LanguageBlock, ::testing::ValuesIn(LanguageFiles()),
+                         [](const auto& row) { return row.param; });
+
+}  // namespace
+}  // namespace cuewright
