@@ -65,6 +65,8 @@ int main(int argc, char** argv) {
   environment.makeTempFolder = MakeRunFolder;
   if (!library.Available()) environment.missingPlayer = library.FileName();
   environment.systemCodePage = AnsiCodePageOfLocale();
+  const IcuLocale locale;
+  environment.locale = &locale;
 
   Program program({files, messages, dialogs, events, desktop, player}, environment);
   if (!program.Start()) return 1;

@@ -11,6 +11,8 @@ namespace cuewright {
 Program::Program(Ports ports, StartEnvironment environment)
     : ports_(ports),
       environment_(std::move(environment)),
+      languages(options, strings, messages, folders, ports_.files, ports_.messages, ports_.events,
+                environment_.locale != nullptr ? *environment_.locale : unknownLocale_),
       store(ports_.files, environment_.settingsFile),
       encodings(environment_.systemCodePage),
       list(options, document.DocModified),
@@ -28,7 +30,7 @@ Program::Program(Ports ports, StartEnvironment environment)
                     recall),
       files(Parts(), ports_),
       shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
-            playerBinding, ports_),
+            playerBinding, folders, ports_),
       exportDialog(catalogue, formats, strings, ports_.messages) {
   Connect();
 }
@@ -59,14 +61,13 @@ void Program::Connect() {
 bool Program::Start() {
   CarryOn step;
   startFile_ = StartFileOf(environment_.commandLine);
+  step([&] { languages.BuildLanguageTable(); });
   step([&] { folders.TempFolder = environment_.makeTempFolder(); });
   folders.AppFolder = WithSlash(environment_.appFolder);
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
   folders.FormatDatPath = folders.AppFolder + u"formats.dat";
   step([&] { LoadSettings(store, options); });
-  firstRun_ = options.Language == u"---";
-  if (firstRun_) options.Language = u"ENGLISH";
-  step([&] { LoadEnglish(messages, strings); });
+  step([&] { languages.LoadStored(); });
   if (step.Last()) {
     ports_.messages.Show({u"Error ignored on start window initialization.", BoxIcon::Warning});
     step.Clear();
@@ -77,7 +78,7 @@ bool Program::Start() {
                                    strings, ports_.messages);
   });
   start.WireLinks(ports_.desktop, options.Language);
-  if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, false);
+  if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, languages.IsRightToLeft());
   if (step.Last()) {
     ports_.messages.Show({u"An error ocurred while loading main window.\r\n\r\nError #" + Decimal(step.Last()->number) +
                               u": " + step.Last()->description,
@@ -89,7 +90,7 @@ bool Program::Start() {
 Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   window.SetTitle(Text(kProductName) + u" " + VersionText());
   const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
-  shell.ApplyMainWindowLanguage(false);
+  ApplyLanguage();
   panel.ResetGrid(false);
   shell.ResetControls();
   return size;
@@ -98,6 +99,20 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
 void Program::OnFirstActivation() {
   const Text path = std::exchange(startFile_, {});
   if (!path.empty()) files.OpenStartFile(path);
+}
+
+std::int16_t Program::ChangeLanguage(std::size_t row) {
+  languages.Select(row);
+  const std::int16_t percent = languages.LoadLanguageStrings(false);
+  LanguageChanged();
+  if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, languages.IsRightToLeft());
+  ApplyLanguage();
+  return percent;
+}
+
+void Program::ApplyLanguage() {
+  shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
+  for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
 }
 
 void Program::SetTextFileLabel(TextView text) { window.lblTextFile.SetText(text); }

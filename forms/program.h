@@ -28,6 +28,7 @@
 #include "forms/recall.h"
 #include "forms/shell.h"
 #include "forms/start_window.h"
+#include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/store.h"
 
@@ -41,6 +42,7 @@ struct StartEnvironment {
   std::function<Text()> makeTempFolder;  ///< makes a private folder; throws run-time errors
   Text missingPlayer;                    ///< the file of the player that is missing; empty when it is there
   int systemCodePage = 1252;             ///< ANSI code page of the user's locale
+  const Locale* locale = nullptr;        ///< what the system knows about locales; null: nothing
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -51,14 +53,18 @@ class Program final : private FormatHost {
   /// The steps of the start up to the first window. False when the program has to end: its format files are missing.
   bool Start();
   /// No language was ever stored.
-  bool FirstRun() const { return firstRun_; }
+  bool FirstRun() const { return languages.FirstRun(); }
   bool PlayerMissing() const { return !environment_.missingPlayer.empty(); }
   /// The main window loads: title, options, language, empty list.
   Shell::StartSize LoadMainWindow(int screenWidth, int screenHeight);
   /// The main window became active for the first time: the file of the command line opens.
   void OnFirstActivation();
+  /// Takes a row of the language table for this run and labels every open window anew. Gives how much of the language
+  /// is there, in percent. The store is left alone.
+  std::int16_t ChangeLanguage(std::size_t row);
 
  private:
+  const Locale unknownLocale_{};
   Ports ports_;
   StartEnvironment environment_;
 
@@ -68,6 +74,7 @@ class Program final : private FormatHost {
   LangStrings strings;
   MessageCatalogue messages;
   Folders folders;
+  Languages languages;
   SettingsStore store;
   DocumentState document;
   Encodings encodings;
@@ -95,11 +102,15 @@ class Program final : private FormatHost {
 
   /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
   std::function<void()> runExportDialog;
+  /// The strings have become those of another language: windows that are open read them again. The main window
+  /// follows behind.
+  Signal<> LanguageChanged;
   /// Tells the user something that needs no box.
   Signal<Text> Notice;
 
  private:
   void Connect();
+  void ApplyLanguage();
   FileActionParts Parts();
 
   void SetTextFileLabel(TextView text) override;
@@ -112,7 +123,6 @@ class Program final : private FormatHost {
   void SavedAsUtf8(const DocumentEncoding& lacking) override;
 
   Text startFile_;
-  bool firstRun_ = false;  // no language was ever stored
 };
 
 }  // namespace cuewright

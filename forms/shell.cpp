@@ -7,6 +7,7 @@
 #include "core/paths.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
+#include "forms/help.h"
 #include "forms/web.h"
 #include "settings/options.h"
 
@@ -23,7 +24,8 @@ constexpr int kBottomHeight = 150;
 
 Shell::Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel, DocumentState& document,
              AppOptions& options, const LangStrings& strings, SettingsStore& store, Recall& recall, Preview& preview,
-             TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, Ports ports)
+             TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, const Folders& folders,
+             Ports ports)
     : window_(window),
       list_(list),
       grid_(grid),
@@ -37,6 +39,7 @@ Shell::Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPa
       capture_(capture),
       commands_(commands),
       playerBinding_(playerBinding),
+      folders_(folders),
       ports_(ports) {
   Wire();
 }
@@ -52,6 +55,8 @@ void Shell::Wire() {
   page(window_.mnuTessaly, {});
   page(window_.mnuForums, u"forum");
   page(window_.mnuPermanentSubs, u"guides.php");
+  window_.mnuHelpTopics.Clicked.Connect(
+      [this] { OpenHelp(folders_, options_.Language, strings_, ports_.files, ports_.messages, ports_.desktop); });
   window_.mnuWebsite.Clicked.Connect(
       [this] { OpenWebPage(ports_.desktop, u"cuewright.php?lang=" + ToLower(options_.Language), options_.Language); });
   opens(window_.mnuSuggest,
@@ -64,8 +69,8 @@ void Shell::Wire() {
   for (MenuItem* item :
        {&window_.mnuOpenWav, &window_.mnuEmbed, &window_.mnuFont, &window_.mnuAudioBar, &window_.mnuAudioBarColor,
         &window_.mnuFullWave, &window_.mnuAudioExtract, &window_.mnuReport, &window_.mnuFormatSettings,
-        &window_.mnuGSettings, &window_.mnuHelpTopics, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuFind,
-        &window_.mnuReplace, &window_.mnuDelay, &window_.mnuReset, &window_.mnuSpell, &window_.mnuRules}) {
+        &window_.mnuGSettings, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuFind, &window_.mnuReplace,
+        &window_.mnuDelay, &window_.mnuReset, &window_.mnuSpell, &window_.mnuRules}) {
     item->SetEnabled(false);
   }
 }
@@ -259,19 +264,34 @@ void Shell::ApplyMenuTexts() {
 }
 
 void Shell::ApplyMainWindowLanguage(bool rightToLeft) {
-  ApplyMenuTexts();
+  CarryOn step;
+  step([&] { ApplyTexts(rightToLeft); });
+  step([&] { ApplyDirection(rightToLeft); });
+  step([&] { RefreshFileLabels(); });
+  if (step.Last()) {
+    ports_.messages.Show(
+        {u"Runtime error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description,
+         BoxIcon::Warning});
+  }
+}
+
+void Shell::ApplyTexts(bool rightToLeft) {
   panel_.ApplyLanguage(rightToLeft);
+  ApplyMenuTexts();
   commands_.ShowSeparator();
   capture_.ShowModeTexts();
   for (TextBox& box : window_.txtTime) box.SetToolTip(strings_[415]);
   window_.lblTime.SetToolTip(strings_[104]);
+  if (!grid_.Active()) grid_.ShowNotice(strings_[24]);
+}
+
+void Shell::ApplyDirection(bool rightToLeft) {
   for (Control* control : std::initializer_list<Control*>{&window_.lblMainMode, &window_.lblMode, &window_.lblTextFile,
                                                           &window_.lblVideoFile, &window_.optPress, &window_.optManual,
                                                           &window_.optPreview}) {
     control->SetRightToLeft(rightToLeft);
   }
-  if (!grid_.Active()) grid_.ShowNotice(strings_[24]);
-  RefreshFileLabels();
+  window_.SetRightToLeft(rightToLeft);
 }
 
 void Shell::SaveAtUnload(bool minimised, bool maximised, int width, int height) {

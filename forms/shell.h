@@ -23,7 +23,8 @@ class Shell {
  public:
   Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel, DocumentState& document,
         AppOptions& options, const LangStrings& strings, SettingsStore& store, Recall& recall, Preview& preview,
-        TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, Ports ports);
+        TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, const Folders& folders,
+        Ports ports);
 
   /// The size and state that the window starts with.
   struct StartSize {
@@ -55,6 +56,8 @@ class Shell {
   void ToggleInfoBar();
   void UpdateBars();
   void ApplyMenuTexts();
+  void ApplyTexts(bool rightToLeft);
+  void ApplyDirection(bool rightToLeft);
 
   MainWindow& window_;
   CaptionList& list_;
@@ -69,6 +72,7 @@ class Shell {
   TimingCapture& capture_;
   CaptionCommands& commands_;
   PlayerBinding& playerBinding_;
+  const Folders& folders_;
   Ports ports_;
   MainLayout layout_;
 };

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPalette>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include "ui/key_codes.h"
 #include "ui/qt_text.h"
@@ -17,6 +18,23 @@ namespace {
 
 constexpr int kColumns = 4;
 constexpr int kRowPadding = 6;
+
+/// The side that the list's columns keep to, whatever the direction of a cell's own text.
+QVariant ColumnAlignment(const CaptionGrid& grid) {
+  return QVariant(Qt::AlignVCenter | Qt::AlignAbsolute | (grid.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+}
+
+/// Draws each text in its own direction, so that the full stop of an English caption stays at its end.
+class CaptionDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+  }
+};
 
 }  // namespace
 
@@ -48,7 +66,7 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
           return ToQt(list_.At(row).text);
       }
     case Qt::TextAlignmentRole:
-      return QVariant(Qt::AlignVCenter | (grid_.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
+      return ColumnAlignment(grid_);
     case Qt::BackgroundRole:
       if (index.column() == kColumns - 1 && list_.IsCaptionFormatted(row)) {
         return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Button);
@@ -62,9 +80,7 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
 QVariant CaptionModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= kColumns || !grid_.Active()) return {};
   if (role == Qt::DisplayRole) return ToQt(grid_.Headings()[static_cast<std::size_t>(section)]);
-  if (role == Qt::TextAlignmentRole) {
-    return QVariant(Qt::AlignVCenter | (grid_.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
-  }
+  if (role == Qt::TextAlignmentRole) return ColumnAlignment(grid_);
   return {};
 }
 
@@ -99,6 +115,7 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
   setObjectName("grdSubs");
   setAccessibleName("Captions");
   setModel(&model_);
+  setItemDelegate(new CaptionDelegate(this));
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setEditTriggers(NoEditTriggers);

@@ -29,8 +29,6 @@
 namespace cuewright {
 namespace {
 
-QRect ToRect(const Rect& rect) { return {rect.left, rect.top, rect.width, rect.height}; }
-
 template <class Widget>
 Widget* Named(Widget* widget, const char* name) {
   widget->setObjectName(name);
@@ -73,7 +71,9 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
   connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
   connections_.push_back(program_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
   setWindowTitle(ToQt(form_.Title()));
+  ApplyDirection();
   qApp->installEventFilter(this);
   table_->setFocus();
 }
@@ -228,16 +228,26 @@ void MainWindowView::ShowStarted(const Shell::StartSize& size) {
   }
 }
 
+void MainWindowView::ApplyDirection() {
+  // For all windows: the dialogs and boxes that follow are read the same way.
+  QGuiApplication::setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  ApplyLayout();
+}
+
+QRect MainWindowView::Placed(const Rect& rect) const {
+  return QStyle::visualRect(layoutDirection(), area_->rect(), {rect.left, rect.top, rect.width, rect.height});
+}
+
 void MainWindowView::ApplyLayout() {
   MainLayout& layout = program_.shell.Layout();
   layout.SetInner(area_->width(), area_->height());
-  status_->setGeometry(ToRect(layout.Status()));
-  table_->setGeometry(ToRect(layout.List()));
-  divider_->setGeometry(ToRect(layout.Divider()));
-  video_->setGeometry(ToRect(layout.Player()));
-  bottom_->setGeometry(ToRect(layout.Bottom()));
+  status_->setGeometry(Placed(layout.Status()));
+  table_->setGeometry(Placed(layout.List()));
+  divider_->setGeometry(Placed(layout.Divider()));
+  video_->setGeometry(Placed(layout.Player()));
+  bottom_->setGeometry(Placed(layout.Bottom()));
   bottom_->layout()->activate();
-  const QRect player = ToRect(layout.Player());
+  const QRect player = Placed(layout.Player());
   const QSize logo(160, 120);
   logo_->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, logo, player));
   logo_->raise();
@@ -250,10 +260,10 @@ void MainWindowView::ApplyLayout() {
 }
 
 void MainWindowView::PlaceOverlayNow() {
-  const Rect& player = program_.shell.Layout().Player();
+  const QRect player = Placed(program_.shell.Layout().Player());
   const int height = overlay_->WantedHeight();
   const OverlayPlace place =
-      PlaceOverlay(player.left, player.top, player.width, player.height, height, program_.options.F_SUBHEIGHT);
+      PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height, program_.options.F_SUBHEIGHT);
   overlay_->setGeometry(place.left, place.top, place.width, height);
   overlay_->raise();
 }
@@ -305,7 +315,8 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
 bool MainWindowView::FilterDivider(QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   if (event->type() != QEvent::MouseMove || (mouse->buttons() & Qt::LeftButton) == 0) return false;
-  program_.shell.Layout().DragDivider(area_->mapFromGlobal(mouse->globalPosition().toPoint()).x());
+  const QPoint at = area_->mapFromGlobal(mouse->globalPosition().toPoint());
+  program_.shell.Layout().DragDivider(QStyle::visualPos(layoutDirection(), area_->rect(), at).x());
   ApplyLayout();
   return true;
 }

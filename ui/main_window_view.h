@@ -38,6 +38,9 @@ class MainWindowView final : public QMainWindow {
   QWidget* MakeModes();
   void GiveNames();
   void ApplyLayout();
+  void ApplyDirection();
+  /// Where a part of the layout stands; mirrored when the window is read from the right.
+  QRect Placed(const Rect& rect) const;
   void PlaceOverlayNow();
   bool FilterKey(QObject* object, QEvent* event);
   bool FilterDivider(QEvent* event);

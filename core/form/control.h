@@ -108,10 +108,20 @@ class Form {
   }
   Signal<> TitleChanged;
 
+  /// The window's reading direction.
+  bool RightToLeft() const { return rightToLeft_; }
+  void SetRightToLeft(bool on) {
+    if (rightToLeft_ == on) return;
+    rightToLeft_ = on;
+    DirectionChanged();
+  }
+  Signal<> DirectionChanged;
+
  private:
   friend class Control;
   std::string name_;
   Text title_;
+  bool rightToLeft_ = false;
   std::vector<Control*> controls_;
 };
 
