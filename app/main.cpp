@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
   environment.locale = &locale;
 
   Program program({files, messages, dialogs, events, desktop, player}, environment);
+  messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
 
   std::unique_ptr<MainWindowView> window;

@@ -25,6 +25,7 @@
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
+#include "ui/wrap_row.h"
 
 namespace cuewright {
 namespace {
@@ -119,28 +120,35 @@ void MainWindowView::BuildInformationBar() {
 
 QWidget* MainWindowView::MakeTimeRow() {
   auto* panel = new QWidget(bottom_);
-  auto* row = new QHBoxLayout(panel);
-  row->setContentsMargins(0, 0, 0, 0);
+  // What belongs together stays together; what has no room beside the others goes below them.
+  auto* row = new WrapRow(panel, 14, 4);
+  const auto group = [&] {
+    auto* made = new QWidget(panel);
+    auto* line = new QHBoxLayout(made);
+    line->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(made);
+    return line;
+  };
   for (int index = 0; index < 2; ++index) {
+    auto* line = group();
     auto* label = Named(new QLabel(panel), index == 0 ? "lblShow" : "lblDuration");
     auto* box = Named(new QLineEdit(panel), index == 0 ? "txtTime(0)" : "txtTime(1)");
     box->setMaxLength(12);
     box->setAttribute(Qt::WA_InputMethodEnabled, false);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance("00:00:00,000") + 24);
-    row->addWidget(label);
-    row->addWidget(box);
-    row->addSpacing(8);
+    line->addWidget(label);
+    line->addWidget(box);
   }
-  row->addStretch();
+  auto* line = group();
   auto* caption = Named(new QLabel(panel), "lblPosition");
   auto* time = Named(new QLabel(panel), "lblTime");
   auto* text = Named(new QLabel(panel), "lblStringPos");
   time->setMinimumWidth(time->fontMetrics().horizontalAdvance("00000000"));
-  text->setMinimumWidth(text->fontMetrics().horizontalAdvance("0:00:00.0000"));
+  text->setMinimumWidth(text->fontMetrics().horizontalAdvance("0:00:00"));
   time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  row->addWidget(caption);
-  row->addWidget(text);
-  row->addWidget(time);
+  line->addWidget(caption);
+  line->addWidget(text);
+  line->addWidget(time);
   return panel;
 }
 
@@ -168,7 +176,7 @@ QWidget* MainWindowView::MakeModes() {
   auto* panel = new QWidget(bottom_);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(3);
+  column->setSpacing(0);
   auto* heading = Named(new QLabel(panel), "lblMainMode");
   QFont bold = heading->font();
   bold.setBold(true);
@@ -196,6 +204,7 @@ void MainWindowView::BuildBottomPanel() {
   left->addWidget(MakeTimeRow());
   auto* pane = Named(new QPlainTextEdit(bottom_), "txtSub");
   pane->setTabChangesFocus(true);
+  pane->setMinimumHeight(48);
   pane_ = pane;
   left->addWidget(pane, 1);
   row->addLayout(left, 1);
@@ -231,6 +240,8 @@ void MainWindowView::ShowStarted(const Shell::StartSize& size) {
 void MainWindowView::ApplyDirection() {
   // For all windows: the dialogs and boxes that follow are read the same way.
   QGuiApplication::setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  // The last letters of an Arabic line reach beyond their advance.
+  findChild<QLabel*>("lblMode")->setContentsMargins(form_.RightToLeft() ? 8 : 0, 0, 0, 0);
   ApplyLayout();
 }
 

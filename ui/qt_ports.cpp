@@ -1,5 +1,6 @@
 #include "ui/qt_ports.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
@@ -20,6 +21,13 @@
 
 namespace cuewright {
 namespace {
+
+constexpr std::size_t kOkText = 66;
+constexpr std::size_t kCancelText = 67;
+
+/// The buttons of a box and the messages on them.
+constexpr std::pair<QMessageBox::StandardButton, std::size_t> kBoxButtons[] = {
+    {QMessageBox::Ok, kOkText}, {QMessageBox::Cancel, kCancelText}, {QMessageBox::Yes, 68}, {QMessageBox::No, 69}};
 
 QWidget* Owner() {
   QWidget* active = QApplication::activeWindow();
@@ -89,6 +97,12 @@ BoxAnswer QtMessages::Show(const MessageBox& box) {
                     ToQt(ReplaceAll(box.text, kLineEnd, u"\n")), ButtonsOf(box.buttons), Owner());
   shown.setTextFormat(Qt::PlainText);
   shown.setObjectName("messageBox");
+  for (const auto& [kind, message] : kBoxButtons) {
+    QAbstractButton* button = shown.button(kind);
+    if (button != nullptr && strings_ != nullptr && !(*strings_)[message].empty()) {
+      button->setText(ToQt((*strings_)[message]));
+    }
+  }
   switch (shown.exec()) {
     case QMessageBox::Yes:
       return BoxAnswer::Yes;
@@ -109,6 +123,10 @@ Text QtMessages::Ask(const InputBox& box) {
   dialog.setWindowTitle(ToQt(box.title.empty() ? kProductName : TextView(box.title)));
   dialog.setLabelText(ToQt(box.prompt));
   dialog.setTextValue(ToQt(box.initial));
+  if (strings_ != nullptr && !(*strings_)[kOkText].empty()) dialog.setOkButtonText(ToQt((*strings_)[kOkText]));
+  if (strings_ != nullptr && !(*strings_)[kCancelText].empty()) {
+    dialog.setCancelButtonText(ToQt((*strings_)[kCancelText]));
+  }
   dialog.resize(420, dialog.sizeHint().height());
   return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : Text();
 }

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
+#include "core/lang_strings.h"
 #include "core/ports/desktop.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/file_dialogs.h"
@@ -13,8 +14,14 @@ namespace cuewright {
 /// Message boxes and one-line questions of the desktop, over the active window.
 class QtMessages final : public Messages {
  public:
+  /// From now on the buttons bear these strings, as they are when a box opens.
+  void LabelButtons(const LangStrings& strings) { strings_ = &strings; }
+
   BoxAnswer Show(const MessageBox& box) override;
   Text Ask(const InputBox& box) override;
+
+ private:
+  const LangStrings* strings_ = nullptr;
 };
 
 class QtFileDialogs final : public FileDialogs {
