@@ -9,6 +9,7 @@ StartWindow::StartWindow() : Form("frmStart") {}
 
 void StartWindow::ShowMissing(const LangStrings& strings, TextView file, bool rightToLeft) {
   SetTitle(strings[146]);
+  SetRightToLeft(rightToLeft);
   lblMain.SetText(strings[147]);
   lblInfo.SetText(strings[148]);
   lblFile.SetText(ToLower(file));

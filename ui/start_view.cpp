@@ -66,6 +66,9 @@ StartView::StartView(StartWindow& form) : form_(form), binder_(*this, form) {
   row->addLayout(column, 1);
   binder_.BindAll();
   setWindowTitle(ToQt(form_.Title()));
+  const auto turn = [this] { setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); };
+  turn();
+  direction_ = form_.DirectionChanged.ConnectScoped(turn);
   title_ = form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); });
 }
 

@@ -16,6 +16,7 @@ class StartView final : public QWidget {
   StartWindow& form_;
   Binder binder_;
   Connection title_;
+  Connection direction_;
 };
 
 }  // namespace cuewright

@@ -45,6 +45,16 @@ TEST_F(ProgramLanguage, AChangeMirrorsTheMainWindowAndBackAgain) {
   EXPECT_FALSE(program->grid.RightToLeft());
 }
 
+TEST_F(ProgramLanguage, TheMissingPlayersScreenIsReadFromTheRightInArabic) {
+  folder.Write("settings.ini", "[Brakemoor Works\\Cuewright]\nLanguage=ARABIC\n");
+  Restart({}, u"libmpv.so.2");
+  EXPECT_TRUE(program->start.RightToLeft());
+  EXPECT_TRUE(program->start.lblInfo.RightToLeft());
+  program->ChangeLanguage(0);
+  EXPECT_FALSE(program->start.RightToLeft());
+  EXPECT_FALSE(program->start.lblInfo.RightToLeft());
+}
+
 TEST_F(ProgramLanguage, AChangeRelabelsAllThatIsOpen) {
   program->messages.AddBlock(
       "0\t&Archivo\n22\tBienvenido.\n24\tSin texto.\n33\tMantener\n36\tModo uno.\n40\tInicio\n415\tIntro\n", 1);

@@ -14,6 +14,7 @@
 #include "ui/main_window_view.h"
 #include "ui/qt_ports.h"
 #include "ui/qt_text.h"
+#include "ui/start_view.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -102,6 +103,18 @@ TEST_F(WindowLanguage, NoLabelOfTheBottomPanelIsCutOffInTheSmallestWindow) {
       EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << name << " in language " << language;
     }
   }
+}
+
+TEST_F(WindowLanguage, TheMissingPlayersScreenIsMirroredToo) {
+  program->start.ShowMissing(program->strings, u"libmpv.so.2", true);
+  StartView start(program->start);
+  start.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&start));
+  const auto left = [&](const char* name) { return start.findChild<QWidget*>(name)->mapTo(&start, QPoint(0, 0)).x(); };
+  EXPECT_GT(left("imgWMP"), left("lblMain"));
+  program->start.ShowMissing(program->strings, u"libmpv.so.2", false);
+  QTest::qWait(0);
+  EXPECT_LT(left("imgWMP"), left("lblMain"));
 }
 
 TEST_F(WindowLanguage, BoxesHaveButtonsInTheLanguage) {
