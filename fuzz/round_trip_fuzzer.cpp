@@ -1,0 +1,58 @@
+// Any file is read, written in a format that its bytes choose, and read again.
+
+#include <cstddef>
+#include <cstdint>
+
+#include "fuzz/engine.h"
+
+namespace {
+
+using namespace cuewright;
+using namespace cuewright::fuzz;
+
+/// A text that SubRip gives back as it is: no blanks at the ends, no line that is empty or could be a timing line, and
+/// no tag.
+bool IsPlain(TextView text) {
+  if (text.empty()) return false;
+  for (const Text& line : Split(text, u"|")) {
+    if (line.empty() || TrimBlanks(line) != line || line.find(u" --> ") != Text::npos) return false;
+  }
+  return text.find_first_of(u"<\r\n") == TextView::npos;
+}
+
+bool IsOrdinary(const Caption& caption) {
+  constexpr std::int32_t kBound = 100 * 3600000;
+  return caption.start >= 0 && caption.start < kBound && caption.end >= 0 && caption.end < kBound &&
+         IsPlain(caption.text);
+}
+
+void CheckSubRip(Engine& engine) {
+  std::vector<Caption> ordinary;
+  for (Row row = 1; row < engine.captions.Rows(); ++row) {
+    if (IsOrdinary(engine.captions.At(row))) ordinary.push_back(engine.captions.At(row));
+  }
+  if (ordinary.empty() || ordinary.size() > 32000) return;
+  engine.captions.Replace(1, engine.captions.Rows() - 1, ordinary);
+  engine.state.Encoding = {};
+  const std::string written = engine.Save(engine.catalogue.IndexOf(kSubRip));
+  engine.importer.ImportSubtitle(u"saved", false, false);
+  Demand(static_cast<std::size_t>(engine.captions.Rows() - 1) == ordinary.size(),
+         "SubRip keeps the number of captions");
+  for (std::size_t i = 0; i < ordinary.size(); ++i) {
+    Demand(engine.captions.At(static_cast<Row>(i) + 1) == ordinary[i], "SubRip keeps ordinary captions");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  Engine engine(ShippedCatalogue());
+  engine.Open(u"file.txt", bytes);
+  const int index = static_cast<int>(Choice(bytes, static_cast<std::size_t>(engine.catalogue.Count())));
+  const std::string written = engine.Save(index);
+  engine.Open(u"again.txt", written);
+  Demand(engine.captions.Rows() - 1 <= kMostCaptions, "a load stops behind 32000 captions");
+  CheckSubRip(engine);
+  return 0;
+}

@@ -1,0 +1,31 @@
+#!/bin/sh
+# Builds the fuzzers and runs each for a time, with the files of every format as seeds.
+# usage: fuzz/run.sh [SECONDS] [NAME...]   (default: 60, all of them)
+# What they find on the way stays in build/fuzz/corpus; a failing input is left in build/fuzz.
+set -eu
+root=$(cd "$(dirname "$0")/.." && pwd)
+seconds=${1:-60}
+[ $# -gt 0 ] && shift
+names=${*:-import catalogue encodings round_trip}
+build=$root/build/fuzz
+
+cmake -S "$root" --preset fuzz >/dev/null
+cmake --build "$build" -j2 --target cuewright_fuzzers
+
+seeds=$build/seeds
+mkdir -p "$seeds/catalogue"
+{ cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
+
+for name in $names; do
+  corpus=$build/corpus/$name
+  mkdir -p "$corpus"
+  case $name in
+    catalogue) from=$seeds/catalogue longest=65536 ;;
+    *) from=$root/tests/data/formats longest=16384 ;;
+  esac
+  echo "fuzz_$name, $seconds s"
+  "$build/bin/fuzz_$name" "$corpus" "$from" -dict="$root/fuzz/dictionaries/$name.dict" -max_total_time="$seconds" \
+    -max_len="$longest" -timeout=20 -rss_limit_mb=2048 -artifact_prefix="$build/$name-" -print_final_stats=1 \
+    -verbosity=0 2>"$build/$name.log" || { tail -n 60 "$build/$name.log"; exit 1; }
+  grep number_of_executed_units "$build/$name.log"
+done
