@@ -12,21 +12,6 @@ bool Holds(TextView text, TextView part) { return FindLoose(text, part) != TextV
 
 bool HoldsChar(TextView text, char16_t c) { return FindCharacter(text, c) != TextView::npos; }
 
-/// Takes every CR LF out, in place.
-void RemoveLineEnds(Text& text) {
-  std::size_t hit = text.find(kLineEnd);
-  if (hit == Text::npos) return;
-  std::size_t to = hit;
-  for (std::size_t at = hit; at < text.size();) {
-    if (text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n') {
-      at += 2;
-    } else {
-      text[to++] = text[at++];
-    }
-  }
-  text.resize(to);
-}
-
 }  // namespace
 
 CaptionCollector::CaptionCollector(const FormatDefinition& definition, const Text& separator)
@@ -56,7 +41,9 @@ void CaptionCollector::DefinitionChanged() {
   if ((flags & 4u) != 0) tags_.push_back(MakeTag(definition_, u'u'));
   if ((flags & 2u) != 0) tags_.push_back(MakeTag(definition_, u'i'));
   if ((flags & 1u) != 0) tags_.push_back(MakeTag(definition_, u'b'));
-  tagsAreAngled_ = flags == 0 || definition_.tagOpen.find(u'<') != Text::npos;
+  const TextView marks = u"<{[^@";
+  const std::size_t anchor = definition_.tagOpen.find_first_of(marks);
+  tagAnchor_ = flags == 0 ? u'<' : anchor == Text::npos ? u'\0' : definition_.tagOpen[anchor];
   const Text& lineBreak = definition_.lineBreak;
   breaks_ = lineBreak != separator_ && lineBreak != u"[enter]" && lineBreak != u"none" && !lineBreak.empty();
 }
@@ -83,18 +70,18 @@ void CaptionCollector::TagsToMarkers() {
 void CaptionCollector::FlushImportedCaption() {
   const bool special = HoldsEither(captionText, u'<', u'\r');
   const bool angled = special && HoldsChar(captionText, u'<');
-  if (angled) {
+  if (angled && HoldsChar(captionText, u'/')) {
     for (const Needle& closing : closings_) closing.Replace(captionText, {});
   }
-  if (angled || !tagsAreAngled_) TagsToMarkers();
+  if (tagAnchor_ == u'\0' || HoldsChar(captionText, tagAnchor_)) TagsToMarkers();
   if (breaks_) Exchange(captionText, definition_.lineBreak, separator_);
-  if (special) RemoveLineEnds(captionText);
+  if (special) Exchange(captionText, kLineEnd, {});
   if (!IsBlank(captionText)) StoreImportedCaption();
   Reset();
 }
 
 void CaptionCollector::FlushPlain(TextView text) {
-  if (!tagsAreAngled_ || breaks_) {
+  if (tagAnchor_ != u'<' || breaks_) {
     captionText = text;
     FlushImportedCaption();
     return;

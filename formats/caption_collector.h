@@ -66,7 +66,7 @@ class CaptionCollector {
   const std::array<Needle, 3> markers_ = {Needle(u"<b>"), Needle(u"<i>"), Needle(u"<u>")};
   const std::array<Needle, 3> closings_ = {Needle(u"</b>"), Needle(u"</i>"), Needle(u"</u>")};
   std::vector<Tag> tags_;
-  bool tagsAreAngled_ = false;  // no tag without a "<"
+  char16_t tagAnchor_ = u'<';  // a character that every tag holds; NUL: none is known
   bool breaks_ = false;
   std::vector<Caption> buffer_;
 };

@@ -10,7 +10,7 @@ namespace cuewright {
 namespace {
 
 /// Longest time field that is read, in characters.
-constexpr int kLongestField = 12;
+constexpr std::size_t kLongestField = 12;
 
 /// A place in a line, counted from 1 and held in 8 bits; 0 means none.
 class Column {
@@ -57,6 +57,46 @@ struct Pieces {
   bool captionTrailEndsLine;
 };
 
+bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+/// The form of a line with both times at its beginning, for records in which every search ends at the place where it
+/// begins. Such lines are taken apart without searching.
+struct PlainForm {
+  PlainForm(const RecordPieces& cut, const ParseContext& context)
+      : startLead(cut.StartLead), endLead(cut.EndLead), endTrail(cut.EndTrail), mask(context.definition.timecodeMask) {
+    const auto literal = [](TextView piece) {
+      return !HoldsDigitOrFrames(piece) && piece.find(u'\n') == TextView::npos;
+    };
+    const bool fields =
+        context.timecodeLiteral ? mask.size() == context.definition.timecodeTemplate.size() : mask == u"0";
+    usable = context.definition.captionAfterEnd && !context.wide && fields && cut.CaptionTrail == u"\r" &&
+             cut.StartTrail == cut.EndLead && !endLead.empty() && !endTrail.empty() &&
+             (cut.CaptionLead.empty() || cut.CaptionLead == endTrail) && literal(startLead) && literal(endLead) &&
+             literal(endTrail) && mask.size() <= kLongestField;
+    counts = !context.timecodeLiteral;
+    captionLead = cut.CaptionLead;
+  }
+
+  /// Length of the time at the beginning of the text; 0 when there is none.
+  std::size_t FieldLength(TextView text) const {
+    std::size_t length = 0;
+    if (counts) {
+      while (length < text.size() && IsDigit(text[length])) ++length;
+      return length <= kLongestField ? length : 0;
+    }
+    if (text.size() < mask.size()) return 0;
+    for (; length < mask.size(); ++length) {
+      if (mask[length] == u'0' ? !IsDigit(text[length]) : text[length] != mask[length]) return 0;
+    }
+    return length;
+  }
+
+  bool usable = false;
+  Text startLead, endLead, endTrail, captionLead;
+  Text mask;
+  bool counts = false;  ///< times are plain counts of any length
+};
+
 class GenericParser final : public LineParser {
  public:
   GenericParser(const ParseContext& context, const RecordPieces& cut)
@@ -64,6 +104,7 @@ class GenericParser final : public LineParser {
         captions_(context.captions),
         errors_(context.errors),
         pieces_(cut, context.definition.timecodeMask),
+        plain_(cut, context),
         reader_(context.definition),
         maskLength_(context.definition.timecodeMask.size()),
         templateLength_(context.definition.timecodeTemplate.size()),
@@ -75,6 +116,8 @@ class GenericParser final : public LineParser {
       if (captions_.TimesSet() && !IsBlank(captions_.captionText)) captions_.FlushImportedCaption();
       return;
     }
+    if (IsMereText(line.View())) return ParseMereText(line.View());
+    if (plain_.usable && ParsePlainLine(line.View())) return;
     TakeLine(line.View());
     if (!captions_.captionText.empty() && captions_.TimesSet()) {
       if (context_.definition.singleLineRecord || (StartsRecord() && pieces_.startTrail.In(masked_))) {
@@ -90,11 +133,51 @@ class GenericParser final : public LineParser {
   }
 
  private:
+  /// A further line of text that can't hold a time, in the order that takes such lines whole.
+  bool IsMereText(TextView text) const {
+    return context_.definition.captionAfterEnd && captions_.TimesSet() && pieces_.startWantsDigit &&
+           pieces_.endWantsDigit && !HoldsDigitOrFrames(text);
+  }
+
+  void ParseMereText(TextView text) {
+    if (!captions_.captionText.empty() && context_.definition.singleLineRecord) {
+      captions_.FlushImportedCaption();
+    } else {
+      captions_.AddLine(text);
+    }
+  }
+
+  /// A line of the plain form, where a record may begin; false for any other.
+  bool ParsePlainLine(TextView text) {
+    const bool open = captions_.StartSet() || captions_.EndSet();
+    if (open && (captions_.captionText.empty() || !captions_.TimesSet())) return false;
+    if (!open && !captions_.captionText.empty()) return false;
+    // The last column is that of the CR.
+    if (text.size() > 254 || !text.starts_with(plain_.startLead)) return false;
+    const std::size_t start = plain_.startLead.size();
+    const std::size_t startEnd = start + plain_.FieldLength(text.substr(start));
+    if (startEnd == start || !text.substr(startEnd).starts_with(plain_.endLead)) return false;
+    const std::size_t end = startEnd + plain_.endLead.size();
+    const std::size_t endEnd = end + plain_.FieldLength(text.substr(end));
+    if (endEnd == end) return false;
+    const TextView rest = text.substr(endEnd);
+    if (plain_.counts ? !(rest.empty() ? plain_.endTrail == u"\r" : rest.starts_with(plain_.endTrail))
+                      : !rest.starts_with(plain_.captionLead)) {
+      return false;
+    }
+    if (open) captions_.FlushImportedCaption();
+    errors_([&] { captions_.captionStart = reader_.Parse(text.substr(start, startEnd - start), context_.fps); });
+    errors_([&] { captions_.captionEnd = reader_.Parse(text.substr(end, endEnd - end), context_.fps); });
+    textColumn_.Set(endEnd + plain_.captionLead.size() + 1, errors_);
+    if (captions_.TimesSet()) captions_.captionText = rest.substr(plain_.captionLead.size());
+    return true;
+  }
+
   /// The line with CR LF behind it, and the same with its digits masked.
   void TakeLine(TextView text) {
     line_ = text;
     line_ += kLineEnd;
-    if (!HoldsDigitOrF(text)) {
+    if (!HoldsDigitOrFrames(text)) {
       masked_ = line_;
       startsRecord_ = !pieces_.startWantsDigit && pieces_.startMask.In(masked_);
       holdsEnd_ = !pieces_.endWantsDigit && pieces_.endMask.In(masked_);
@@ -102,7 +185,9 @@ class GenericParser final : public LineParser {
     }
     maskedRoom_ = line_;
     MaskDigits(maskedRoom_);
-    for (std::size_t hit = maskedRoom_.find(u"ff"); hit != Text::npos; hit = maskedRoom_.find(u"ff", hit + 2)) {
+    for (std::size_t hit = FindCharacter(maskedRoom_, u'f'); hit != Text::npos;
+         hit = FindCharacter(maskedRoom_, u'f', hit + 1)) {
+      if (hit + 1 == maskedRoom_.size() || maskedRoom_[hit + 1] != u'f') continue;
       maskedRoom_[hit] = maskedRoom_[hit + 1] = u'0';
     }
     masked_ = maskedRoom_;
@@ -117,7 +202,7 @@ class GenericParser final : public LineParser {
     return context_.timecodeLiteral ? from_ + templateLength_ : trail.Place(text, from_ + 1);
   }
 
-  bool FieldIsShort() const { return static_cast<int>(to_) - static_cast<int>(from_) <= kLongestField; }
+  bool FieldIsShort() const { return to_ < from_ || to_ - from_ <= kLongestField; }
 
   void ReadField(std::int32_t& time) {
     errors_([&] {
@@ -142,7 +227,8 @@ class GenericParser final : public LineParser {
         if (FieldIsShort()) ReadField(captions_.captionEnd);
       }
     } else if (captions_.TimesSet()) {
-      captions_.AddLine(line_);
+      // Its line end would only go again with the flush.
+      captions_.AddLine(TextView(line_).substr(0, line_.size() - kLineEnd.size()));
     }
     if (captions_.captionText.empty() && textColumn_ != 0 && captions_.TimesSet()) {
       Column place;
@@ -236,6 +322,7 @@ class GenericParser final : public LineParser {
   CaptionCollector& captions_;
   CarryOn& errors_;
   Pieces pieces_;
+  PlainForm plain_;
   TimecodeReader reader_;
   std::size_t maskLength_;
   std::size_t templateLength_;

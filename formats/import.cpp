@@ -23,10 +23,10 @@ class LineFilter {
         dropZeroTime_(identifier == kTmPlayer && listIsEmpty),
         dropClosing_(identifier == kUleadWorkshop) {}
 
-  bool Drops(ImportLine& line) const {
-    if (dropFrameRate_) return line.StartsWith("{1}{1}");
-    if (dropZeroTime_) return line.StartsWith("00:00:00");
-    if (dropClosing_) return line.StartsWith("#") && line.View() == u"#Subtitle text end";
+  bool Drops(const ImportLine& line) const {
+    if (dropFrameRate_) return line.View().starts_with(u"{1}{1}");
+    if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
+    if (dropClosing_) return line.View() == u"#Subtitle text end";
     return false;
   }
 
@@ -102,22 +102,17 @@ float Importer::PromptForFps() {
 
 void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
                          CarryOn& errors) {
-  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors};
+  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
+                             wide};
   std::unique_ptr<LineParser> parser = MakeParser(file, context, pieces, false);
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
   bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
   ImportLine line(file);
-  for (std::string_view bytes; file.NextLine(bytes);) {
-    bytes = TrimBlankBytes(bytes);
-    if (wide) {
-      line.SetText(encodings_.PairBytes(file.Decoded(bytes)));
-    } else {
-      line.SetBytes(bytes, file.LineIsAscii());
-    }
+  while (line.Next(file, wide ? &encodings_ : nullptr)) {
     if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(captions)) break;
     if (filter.Drops(line)) line.Clear();
-    if (mayTurnSpruce && line.StartsWith("0001")) {
+    if (mayTurnSpruce && line.View().starts_with(u"0001")) {
       mayTurnSpruce = false;
       loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false);
       captions.DefinitionChanged();

@@ -34,7 +34,7 @@ class DialogueParser final : public LineParser {
   explicit DialogueParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
 
   void Parse(ImportLine& line) override {
-    if (!line.StartsWith("Dialogue: ")) return;
+    if (!line.View().starts_with(u"Dialogue: ")) return;
     CaptionCollector& captions = context_.captions;
     std::array<TextView, 10> fields;
     const std::size_t count = SplitFields(line.View(), fields);
@@ -52,13 +52,13 @@ class DialogueParser final : public LineParser {
   /// Cuts at commas; the last field keeps its own.
   static std::size_t SplitFields(TextView text, std::array<TextView, 10>& fields) {
     std::size_t count = 0;
-    while (count + 1 < fields.size()) {
-      const std::size_t comma = text.find(u',');
-      fields[count++] = text.substr(0, comma);
-      if (comma == TextView::npos) return count;
-      text.remove_prefix(comma + 1);
+    std::size_t field = 0;
+    for (std::size_t at = 0; at < text.size() && count + 1 < fields.size(); ++at) {
+      if (text[at] != u',') continue;
+      fields[count++] = text.substr(field, at - field);
+      field = at + 1;
     }
-    fields[count++] = text;
+    fields[count++] = text.substr(field);
     return count;
   }
 
@@ -66,9 +66,9 @@ class DialogueParser final : public LineParser {
     Text& into = context_.captions.captionText;
     into.clear();
     for (std::size_t at = 0;;) {
-      std::size_t hit = text.find(u'\\', at);
+      std::size_t hit = FindCharacter(text, u'\\', at);
       while (hit != TextView::npos && (hit + 1 == text.size() || (text[hit + 1] != u'n' && text[hit + 1] != u'N'))) {
-        hit = text.find(u'\\', hit + 1);
+        hit = FindCharacter(text, u'\\', hit + 1);
       }
       into.append(text, at, hit == TextView::npos ? hit : hit - at);
       if (hit == TextView::npos) return;

@@ -20,35 +20,21 @@ inline std::string_view TrimBlankBytes(std::string_view line) {
   return line;
 }
 
-/// A line of the file without the blanks around it. It is decoded when somebody looks at its text.
+/// A line of the file without the blanks around it.
 class ImportLine {
  public:
   explicit ImportLine(const TextFile& file) : file_(file) {}
 
-  /// The bytes as they lie in the file; `ascii` when they are nothing else.
-  void SetBytes(std::string_view bytes, bool ascii);
-  /// A text that isn't what the bytes say.
+  /// Takes the file's next line; false behind the last one. With `wide` its bytes are paired to 16-bit characters.
+  bool Next(TextFile& file, const Encodings* wide);
   void SetText(Text text);
-  void Clear();
+  void Clear() { text_ = {}; }
 
-  bool Empty() const { return decoded_ ? text_.empty() : bytes_.empty(); }
-  /// The bytes are the text, in a code page in which ASCII is ASCII at the start of the line.
-  bool HasBytes() const { return hasBytes_; }
-  std::string_view Bytes() const { return bytes_; }
-  bool IsAscii() const { return ascii_; }
-  TextView View() { return decoded_ ? text_ : Decode(); }
-
-  /// The line begins with an ASCII text, in the same case.
-  bool StartsWith(std::string_view ascii);
+  bool Empty() const { return text_.empty(); }
+  TextView View() const { return text_; }
 
  private:
-  TextView Decode();
-
   const TextFile& file_;
-  std::string_view bytes_;
-  bool ascii_ = false;
-  bool hasBytes_ = false;
-  bool decoded_ = true;
   TextView text_;
   Text own_;
   LineBuffer buffer_;
@@ -61,6 +47,7 @@ struct ParseContext {
   bool timecodeLiteral;  ///< the file's head holds a timecode mask
   float fps;
   CarryOn& errors;
+  bool wide = false;  ///< lines are paired bytes, and may hold a CR
 };
 
 /// Reads a file line by line into the caption list's form.

@@ -111,7 +111,7 @@ class SamiParser final : public LineParser {
     if (line.Empty()) return;
     const TextView text = line.View();
     if (!captions_.captionText.empty() && captions_.TimesSet()) captions_.FlushImportedCaption();
-    const bool sync = sync_.In(text);
+    const bool sync = HoldsPair(text, u'C', u'c', u' ') && sync_.In(text);
     const bool space = space_.In(text);
     if (!sync && !space && captions_.captionText.empty()) captions_.captionText = StripTags(text);
     if (sync) errors_([&] { ReadTime(text); });

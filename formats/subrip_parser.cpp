@@ -23,7 +23,6 @@ class SubRipParser final : public LineParser {
       if (captions.TimesSet()) captions.FlushImportedCaption();
       return;
     }
-    if (line.HasBytes() && ParseBytes(line.Bytes(), line.IsAscii())) return;
     const TextView text = line.View();
     if (text.size() >= kTimeLength + kArrow.size() && text.substr(kTimeLength, kArrow.size()) == kArrow) {
       ReadTimes(text.substr(0, kTimeLength), text.substr(text.size() - kTimeLength));
@@ -63,10 +62,7 @@ class SubRipParser final : public LineParser {
   /// The ordinary way, for lines with something special about them.
   void ParseAnyLine(TextFile& file) {
     GiveText();
-    std::string_view bytes;
-    file.NextLine(bytes);
-    line_.SetBytes(TrimBlankBytes(bytes), file.LineIsAscii());
-    Parse(line_);
+    if (line_.Next(file, nullptr)) Parse(line_);
     TakeText();
   }
 
@@ -77,7 +73,7 @@ class SubRipParser final : public LineParser {
     if (digits == rest.size() || rest[digits] == lineEnd) return digits;
     constexpr std::size_t kLength = 2 * kTimeLength + kArrowBytes.size();
     if (rest.size() <= kLength || rest[kLength] != lineEnd) return 0;
-    return ParseBytes(rest.substr(0, kLength), true) && context_.captions.TimesSet() ? kLength : 0;
+    return ParseTimes(rest.substr(0, kLength)) ? kLength : 0;
   }
 
   /// A line while a caption is open, most of the time its text or the empty line behind it.
@@ -117,22 +113,15 @@ class SubRipParser final : public LineParser {
     angled_ = false;
   }
 
-  /// True when the bytes alone settled the line.
-  bool ParseBytes(std::string_view bytes, bool ascii) {
-    CaptionCollector& captions = context_.captions;
-    if (bytes.size() < kTimeLength + kArrowBytes.size()) return !captions.TimesSet();
-    if (!ascii && !IsAscii(bytes.substr(0, kTimeLength + kArrowBytes.size()))) return false;
-    if (bytes.substr(kTimeLength, kArrowBytes.size()) != kArrowBytes) {
-      return !captions.TimesSet();  // a counter, or text that nobody waits for
-    }
+  /// A timing line without anything behind the times.
+  bool ParseTimes(std::string_view bytes) {
+    if (context_.fps != 0 || bytes.substr(kTimeLength, kArrowBytes.size()) != kArrowBytes) return false;
     std::int32_t start = 0;
     std::int32_t end = 0;
-    if (!ascii || context_.fps != 0 || !reader_.ParseClock(bytes.substr(0, kTimeLength), start) ||
-        !reader_.ParseClock(bytes.substr(bytes.size() - kTimeLength), end)) {
-      return false;
-    }
-    captions.captionStart = start;
-    captions.captionEnd = end;
+    if (!reader_.ParseClock(bytes.substr(0, kTimeLength), start)) return false;
+    if (!reader_.ParseClock(bytes.substr(bytes.size() - kTimeLength), end)) return false;
+    context_.captions.captionStart = start;
+    context_.captions.captionEnd = end;
     return true;
   }
 

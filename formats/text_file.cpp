@@ -10,6 +10,8 @@ namespace {
 
 /// UTF-16 is turned in pieces of this many bytes.
 constexpr std::size_t kPiece = 1 << 16;
+/// Room for a line, in units; a longer one is decoded apart.
+constexpr std::size_t kUsualLine = 512;
 
 }  // namespace
 
@@ -77,18 +79,29 @@ void TextFile::TurnIntoUtf8(bool bigEndian) {
 bool TextFile::NextLine(std::string_view& line) {
   if (at_ == bytes_.size()) return false;
   const std::string_view rest = Rest();
-  line = rest.substr(0, FindLineEnd(rest, lineEnd_, lineIsAscii_));
+  bool ascii = true;
+  line = rest.substr(0, FindLineEnd(rest, lineEnd_, ascii));
   SkipLine(line.size());
   return true;
 }
 
-void TextFile::Decode(std::string_view line, LineBuffer& buffer, bool ascii) const {
-  char16_t* const room = buffer.Room(line.size());
-  if (ascii) {
-    WidenAscii(line, room);
-    buffer.SetSize(line.size());
-    return;
+bool TextFile::NextText(LineBuffer& buffer) {
+  if (at_ == bytes_.size()) return false;
+  const std::string_view rest = Rest();
+  char16_t* room = buffer.Room(kUsualLine);
+  const LineScan scan = WidenLine(rest, lineEnd_, room, buffer.Capacity() - 16);
+  std::size_t units = scan.ascii;
+  if (scan.ascii != scan.length) {
+    room = buffer.Room(scan.length, scan.ascii);
+    units += DecodeTo(rest.substr(scan.ascii, scan.length - scan.ascii), room + scan.ascii);
   }
+  buffer.SetSize(units);
+  SkipLine(scan.length);
+  return true;
+}
+
+void TextFile::Decode(std::string_view line, LineBuffer& buffer) const {
+  char16_t* const room = buffer.Room(line.size());
   buffer.SetSize(DecodeTo(line, room));
 }
 

@@ -55,8 +55,8 @@ class TextFile {
   /// it.
   bool NextLine(std::string_view& line);
 
-  /// The line that came last is ASCII alone.
-  bool LineIsAscii() const { return lineIsAscii_; }
+  /// The same, decoded on the way.
+  bool NextText(LineBuffer& buffer);
 
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
@@ -76,8 +76,7 @@ class TextFile {
   /// Starts over at the first line.
   void Rewind() { at_ = start_; }
 
-  /// `ascii`: the bytes are known to hold nothing else.
-  void Decode(std::string_view line, LineBuffer& buffer, bool ascii = false) const;
+  void Decode(std::string_view line, LineBuffer& buffer) const;
   Text Decoded(std::string_view line) const;
   /// Decodes to a place with room for one unit a byte and 16 more; returns the units written.
   std::size_t DecodeTo(std::string_view line, char16_t* out) const {
@@ -101,7 +100,6 @@ class TextFile {
   bool utf8_ = false;
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
-  bool lineIsAscii_ = true;
 };
 
 }  // namespace cuewright

@@ -64,23 +64,47 @@ bool HoldsEither(TextView text, char16_t a, char16_t b) {
   return false;
 }
 
-bool HoldsDigitOrF(TextView text) {
+bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second) {
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  const __m128i one = _mm_set1_epi16(static_cast<short>(first));
+  const __m128i other = _mm_set1_epi16(static_cast<short>(orFirst));
+  const __m128i behind = _mm_set1_epi16(static_cast<short>(second));
+  __m128i hits = _mm_setzero_si128();
+  for (; at + 9 <= text.size(); at += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at + 1));
+    const __m128i either = _mm_or_si128(_mm_cmpeq_epi16(units, one), _mm_cmpeq_epi16(units, other));
+    hits = _mm_or_si128(hits, _mm_and_si128(either, _mm_cmpeq_epi16(next, behind)));
+  }
+  if (_mm_movemask_epi8(hits) != 0) return true;
+#endif
+  for (; at + 1 < text.size(); ++at) {
+    if ((text[at] == first || text[at] == orFirst) && text[at + 1] == second) return true;
+  }
+  return false;
+}
+
+bool HoldsDigitOrFrames(TextView text) {
   std::size_t at = 0;
 #if defined(__SSE2__)
   const __m128i below = _mm_set1_epi16(u'0' - 1);
   const __m128i above = _mm_set1_epi16(u'9' + 1);
   const __m128i letter = _mm_set1_epi16(u'f');
   __m128i hits = _mm_setzero_si128();
-  for (; at + 8 <= text.size(); at += 8) {
+  for (; at + 9 <= text.size(); at += 8) {
     // As signed numbers the units from 8000 hex on are below the digits.
     const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at + 1));
     const __m128i digits = _mm_and_si128(_mm_cmpgt_epi16(units, below), _mm_cmplt_epi16(units, above));
-    hits = _mm_or_si128(hits, _mm_or_si128(digits, _mm_cmpeq_epi16(units, letter)));
+    const __m128i frames = _mm_and_si128(_mm_cmpeq_epi16(units, letter), _mm_cmpeq_epi16(next, letter));
+    hits = _mm_or_si128(hits, _mm_or_si128(digits, frames));
   }
   if (_mm_movemask_epi8(hits) != 0) return true;
 #endif
   for (; at < text.size(); ++at) {
-    if ((text[at] >= u'0' && text[at] <= u'9') || text[at] == u'f') return true;
+    if (text[at] >= u'0' && text[at] <= u'9') return true;
+    if (text[at] == u'f' && at + 1 < text.size() && text[at + 1] == u'f') return true;
   }
   return false;
 }
@@ -164,13 +188,30 @@ Text ReplaceLoose(TextView text, TextView from, TextView to) {
 
 void Exchange(Text& text, TextView from, TextView to) {
   if (from.empty()) return;
-  std::size_t hit = from.size() == 1 ? FindCharacter(text, from.front()) : text.find(from);
-  if (hit == Text::npos) return;
-  if (from.size() == 1 && to.size() == 1) {
-    for (; hit != Text::npos; hit = FindCharacter(text, from.front(), hit + 1)) text[hit] = to.front();
+  const auto next = [&](std::size_t at) {
+    for (;;) {
+      at = FindCharacter(text, from.front(), at);
+      if (at == TextView::npos || TextView(text).substr(at).starts_with(from)) return at;
+      ++at;
+    }
+  };
+  std::size_t hit = next(0);
+  if (hit == TextView::npos) return;
+  if (to.size() > from.size()) {
+    text = ReplaceAll(text, from, to);
     return;
   }
-  text = ReplaceAll(text, from, to);
+  std::size_t end = hit;  // of what is done; it never passes the place that is read
+  while (hit != TextView::npos) {
+    to.copy(text.data() + end, to.size());
+    end += to.size();
+    const std::size_t at = hit + from.size();
+    hit = next(at);
+    const std::size_t length = (hit == TextView::npos ? text.size() : hit) - at;
+    std::char_traits<char16_t>::move(text.data() + end, text.data() + at, length);
+    end += length;
+  }
+  text.resize(end);
 }
 
 TextView Middle(TextView text, std::ptrdiff_t place) {

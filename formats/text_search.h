@@ -12,8 +12,11 @@ std::size_t FindCharacter(TextView text, char16_t c, std::size_t from = 0);
 /// True when the text holds one of the two.
 bool HoldsEither(TextView text, char16_t a, char16_t b);
 
-/// True when the text holds a digit or an "f", of which masks of times are made.
-bool HoldsDigitOrF(TextView text);
+/// True when the text holds `first` or `orFirst` with `second` behind it.
+bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second);
+
+/// True when the text holds a digit or "ff", of which masks of times are made.
+bool HoldsDigitOrFrames(TextView text);
 
 /// A text to look for ignoring case, prepared once. The search goes by a character of it that has no case, as nearly
 /// every mark of a format holds one, and compares around it.

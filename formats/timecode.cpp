@@ -37,6 +37,11 @@ double Number(TextView text) {
 std::int32_t FramesToMs(double frames, float fps) {
   const std::int32_t rate = RoundToInt32(static_cast<double>(fps));
   if (rate == 0) throw RuntimeError{11, u"Division by zero"};
+  constexpr double kFewFrames = 2000000;
+  if (frames >= 0 && frames < kFewFrames) {
+    const auto whole = static_cast<std::int32_t>(frames);
+    if (whole == frames) return whole * 1000 / rate;
+  }
   return RoundToInt32(frames * 1000) / rate;
 }
 

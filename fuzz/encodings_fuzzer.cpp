@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "formats/encodings.h"
 #include "formats/text_file.h"
@@ -87,12 +88,14 @@ void CheckLines(const std::string& bytes, const Encodings& encodings) {
   for (const bool classic : {false, true}) {
     TextFile file = classic ? TextFile::Classic(bytes, encodings) : TextFile::Auto(bytes, encodings);
     LineBuffer buffer;
-    std::size_t lines = 0;
-    for (std::string_view line; file.NextLine(line); ++lines) {
-      file.Decode(line, buffer, file.LineIsAscii());
-      Demand(buffer.View() == file.Decoded(line), "ASCII lines are decoded as any other");
+    std::vector<Text> lines;
+    for (std::string_view line; file.NextLine(line);) lines.push_back(file.Decoded(line));
+    file.Rewind();
+    std::size_t count = 0;
+    for (; file.NextText(buffer); ++count) {
+      Demand(count < lines.size() && buffer.View() == lines[count], "lines are decoded alike in both ways");
     }
-    Demand(lines <= bytes.size() * 2 + 1, "lines come to an end");
+    Demand(count == lines.size(), "both ways give all lines");
   }
 }
 

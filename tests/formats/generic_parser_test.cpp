@@ -164,6 +164,82 @@ TEST(GenericStartTextEnd, ReadsStartTextAndEndOfOneLine) {
             (Captions{{1000, 2500, u"one|two"}, {3000, 4000, u"three"}}));
 }
 
+// Lines of the plain form are taken apart without searching; both ways give the same.
+
+Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool literal, float fps, bool searching) {
+  TextFile file = TextFile::Auto(content, rig.encodings);
+  rig.loader.LoadFormatDefinition(u"OWN", false, false);
+  CarryOn errors;
+  const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
+  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
+  const auto parser = MakeGenericParser({captions, rig.loader.Definition(), literal, fps, errors, searching}, pieces);
+  ImportLine line(file);
+  while (line.Next(file, nullptr)) parser->Parse(line);
+  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  return captions.Take();
+}
+
+TEST(GenericPlainLines, GiveWhatSearchingGives) {
+  struct Form {
+    const char* ini;
+    const char* record;
+    bool literal;
+    float fps;
+  };
+  const Form forms[] = {
+      {"timecode=ff\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n", false, 25},
+      {"timecode=ms\nlbreak=|\n", "qxmStart,qxmEnd,qxmCaption\n", false, 0},
+      {"timecode=ff\n", "-->> qxmStart -->> qxmEnd\nqxmCaption\n\n", false, 25},
+      {"timecode=hh:mm:ss.zzz\ntags=7\ntagopen=<b>\ntagclose=</b>\n", "qxmStart --> qxmEnd\nqxmCaption\n\n", true, 0},
+      {"timecode=hh:mm:ss.zzz\nlbreak=|\n", "[qxmStart --> qxmEnd]  qxmCaption\n", true, 0},
+      {"timecode=hh:mm:ss:ff\nlbreak=//\n", "qxmStart qxmEnd qxmCaption\n", true, 25},
+  };
+  const std::vector<std::string> lines = {"",
+                                          "",
+                                          "text",
+                                          "off course",
+                                          "7",
+                                          "a 12 b",
+                                          "{25}{50}one",
+                                          "{1}{2}",
+                                          "{}{5}x",
+                                          "{123456789012}{5}x",
+                                          "{1234567890123}{5}x",
+                                          "x{1}{2}y",
+                                          "{1}{2}" + std::string(247, 'x'),
+                                          "{1}{2}" + std::string(248, 'x'),
+                                          "{1}{2}" + std::string(249, 'x'),
+                                          "{9}{10}{y:i}z",
+                                          "100,200,word",
+                                          "1,2",
+                                          "99999999999,5,over",
+                                          "-->> 10 -->> 20",
+                                          "-->> 10 -->> 20 more",
+                                          "-->> 10",
+                                          "00:00:01.000 --> 00:00:02.000",
+                                          "00:00:03.500 --> 00:00:04.000 align:start",
+                                          "[00:00:01.000 --> 00:00:02.000]  bracket",
+                                          "[00:00:01.000 --> 00:00:02.000] near",
+                                          "00:00:01:10 00:00:02:05 pair",
+                                          "00:00:01:10 00:00:02:05",
+                                          "0:00:01:10 00:00:02:05 short",
+                                          "see 00:00:01:10 00:00:02:05 inside"};
+  std::uint32_t state = 11;
+  const auto next = [&](std::size_t below) {
+    return static_cast<std::size_t>((state = state * 1664525u + 1013904223u) >> 16) % below;
+  };
+  for (const Form& form : forms) {
+    OwnFormat rig(form.ini, form.record);
+    for (int round = 0; round < 100; ++round) {
+      std::string content;
+      for (int i = 0; i < 60; ++i) content += lines[next(lines.size())] + "\r\n";
+      ASSERT_EQ(ReadBySearching(rig, content, form.literal, form.fps, false),
+                ReadBySearching(rig, content, form.literal, form.fps, true))
+          << form.record << content;
+    }
+  }
+}
+
 TEST(GenericLines, DropACaptionOfBlanks) {
   OwnFormat rig("timecode=ff\nsample={00}{00}\nlbreak=|\n", "{qxmStart}{qxmEnd}\"qxmCaption\"\n");
   EXPECT_EQ(rig.Recognised("{25}{50}\"  \"\n{75}{100}\"two\"\n"), (Captions{{3000, 4000, u"two"}}));

@@ -225,10 +225,7 @@ Rows ReadByLines(FormatRig& rig, const std::string& content) {
   CarryOn errors;
   const auto parser = MakeSubRipParser({captions, rig.loader.Definition(), true, 0, errors}, file);
   ImportLine line(file);
-  for (std::string_view bytes; file.NextLine(bytes);) {
-    line.SetBytes(TrimBlankBytes(bytes), file.LineIsAscii());
-    parser->Parse(line);
-  }
+  while (line.Next(file, nullptr)) parser->Parse(line);
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
   return captions.Take();
 }
