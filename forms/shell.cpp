@@ -18,7 +18,7 @@ constexpr int kMaximised = 2;
 constexpr int kDefaultWidth = 600;
 constexpr int kDefaultHeight = 570;
 constexpr int kDefaultVolume = 75;
-constexpr int kBottomHeight = 150;
+constexpr int kBottomHeight = 176;
 
 }  // namespace
 

@@ -18,7 +18,7 @@ namespace {
 constexpr int kRefreshMs = 100;
 constexpr int kStepMs = 1000;
 constexpr int kPageMs = 10'000;
-constexpr int kVolumeWidth = 72;
+constexpr int kVolumeWidth = 52;
 
 /// A click on a slider's groove goes straight to that place.
 class GoThereStyle final : public QProxyStyle {
