@@ -158,7 +158,7 @@ QWidget* MainWindowView::MakeButtons() {
   grid->setContentsMargins(0, 0, 0, 0);
   const auto button = [&](const char* name, int row, int column, int columns) {
     auto* made = Named(new QPushButton(panel), name);
-    made->setMinimumWidth(84);
+    made->setMinimumWidth(70);
     made->setAutoDefault(false);
     made->setAttribute(Qt::WA_InputMethodEnabled, false);
     made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -191,7 +191,7 @@ QWidget* MainWindowView::MakeModes() {
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   column->addWidget(text, 1);
-  panel->setFixedWidth(270);
+  panel->setFixedWidth(240);
   return panel;
 }
 
