@@ -50,6 +50,7 @@ void Program::Connect() {
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
   files.resetRuleReport = [] {};
   files.applyRulesOnLoad = [] {};
+  window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
   files.chooseFormat = [this] {
     exportDialog.Open();
@@ -140,8 +141,20 @@ void Program::ImportEnds() {
 
 std::int32_t Program::MediaSeconds() const { return static_cast<std::int32_t>(ports_.player.Duration()); }
 
-void Program::SavedAsUtf8(const DocumentEncoding&) {
-  Notice(u"The file was saved as UTF-8, because its encoding lacks a character of the text.");
+void Program::SavedAsUtf8(const DocumentEncoding& lacking) {
+  ports_.messages.Show({document.SubtitlePath + u"\r\n\r\nThe file was saved as UTF-8: code page " +
+                            Decimal(lacking.codePage) + u" lacks a character of the text.",
+                        BoxIcon::Information});
+}
+
+void Program::ConvertFromUtf8() {
+  const Text question = Fill(strings[285], u"UTF-8");
+  if (ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo, strings[284] + u" UTF-8"}) !=
+      BoxAnswer::Yes) {
+    return;
+  }
+  ConvertCaptionsFromUtf8(list, encodings);
+  window.txtSub.SetText(list.GetCaptionText(list.Selected(), true));
 }
 
 }  // namespace cuewright

@@ -105,11 +105,10 @@ class Program final : private FormatHost {
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.
   Signal<> LanguageChanged;
-  /// Tells the user something that needs no box.
-  Signal<Text> Notice;
 
  private:
   void Connect();
+  void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();
 

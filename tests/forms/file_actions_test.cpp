@@ -225,6 +225,42 @@ TEST_F(Saving, AFolderThatVanishedIsToldAndTheDocumentStaysModified) {
   EXPECT_TRUE(program->document.DocModified);
 }
 
+TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
+  // Two lines in the code page of Western Europe.
+  const Text path = folder.Write("a.srt",
+                                 "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xE9\r\n\r\n"
+                                 "2\r\n00:00:03,000 --> 00:00:04,000\r\nth\xE9\r\n\r\n");
+  program->files.OpenSubtitleFile(path);
+  EXPECT_EQ(List().GetCaptionText(1), u"caf\u00E9");
+  program->files.Save();
+  EXPECT_NE(folder.Read("a.srt").find("caf\xE9\r\n"), std::string::npos);
+  EXPECT_TRUE(boxes.shown.empty());
+  List().SetCaptionText(2, u"\u6F22");
+  program->files.Save();
+  EXPECT_NE(folder.Read("a.srt").find("caf\xC3\xA9\r\n"), std::string::npos);
+  EXPECT_NE(LastBox().find("saved as UTF-8"), std::string::npos);
+}
+
+TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {
+  program->options.T_READAS = u"classic";
+  program->files.OpenSubtitleFile(folder.Write("a.srt",
+                                               "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xC3\xA9\r\n\r\n"
+                                               "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));
+  EXPECT_EQ(List().GetCaptionText(1), u"caf\u00C3\u00A9");
+  boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+  Window().mnuUTF8.Click();
+  EXPECT_EQ(List().GetCaptionText(1), u"caf\u00C3\u00A9");
+  EXPECT_EQ(boxes.shown.back().title, u"Convert from UTF-8");
+  EXPECT_EQ(LastBox().rfind("The purpose of this conversion is to display correctly all characters and it should be "
+                            "applied only if the loaded subtitle file is using UTF-8 encoding.",
+                            0),
+            0u);
+  Window().mnuUTF8.Click();
+  EXPECT_EQ(List().GetCaptionText(1), u"caf\u00E9");
+  EXPECT_EQ(Window().txtSub.GetText(), u"caf\u00E9");
+  EXPECT_FALSE(program->document.DocModified);
+}
+
 TEST_F(Closing, ADocumentOfOneCaptionIsThrownAwayWithoutAQuestion) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 1));
   List().SetCaptionStart(1, 1500, false);
