@@ -97,6 +97,11 @@ struct PlainForm {
   bool counts = false;  ///< times are plain counts of any length
 };
 
+char16_t MarkOfMask(TextView mask) {
+  const std::size_t hit = mask.find_first_of(u":;.,");
+  return hit == TextView::npos ? u'\0' : mask[hit];
+}
+
 class GenericParser final : public LineParser {
  public:
   GenericParser(const ParseContext& context, const RecordPieces& cut)
@@ -106,6 +111,7 @@ class GenericParser final : public LineParser {
         pieces_(cut, context.definition.timecodeMask),
         plain_(cut, context),
         reader_(context.definition),
+        markOfMask_(MarkOfMask(context.definition.timecodeMask)),
         maskLength_(context.definition.timecodeMask.size()),
         templateLength_(context.definition.timecodeTemplate.size()),
         keepsLines_(context.definition.lineBreak == u"[enter]"),
@@ -136,7 +142,8 @@ class GenericParser final : public LineParser {
   /// A further line of text that can't hold a time, in the order that takes such lines whole.
   bool IsMereText(TextView text) const {
     return context_.definition.captionAfterEnd && captions_.TimesSet() && pieces_.startWantsDigit &&
-           pieces_.endWantsDigit && !HoldsDigitOrFrames(text);
+           pieces_.endWantsDigit &&
+           (markOfMask_ != u'\0' ? FindCharacter(text, markOfMask_) == TextView::npos : !HoldsDigitOrFrames(text));
   }
 
   void ParseMereText(TextView text) {
@@ -324,6 +331,7 @@ class GenericParser final : public LineParser {
   Pieces pieces_;
   PlainForm plain_;
   TimecodeReader reader_;
+  char16_t markOfMask_;  // a character of the mask that is no digit and no letter; NUL: it has none
   std::size_t maskLength_;
   std::size_t templateLength_;
   bool keepsLines_;

@@ -104,11 +104,11 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
                          CarryOn& errors) {
   const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
                              wide};
-  std::unique_ptr<LineParser> parser = MakeParser(file, context, pieces, false);
+  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
   bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
-  ImportLine line(file);
+  ImportLine line;
   while (line.Next(file, wide ? &encodings_ : nullptr)) {
     if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(captions)) break;
     if (filter.Drops(line)) line.Clear();
@@ -116,7 +116,7 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
       mayTurnSpruce = false;
       loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false);
       captions.DefinitionChanged();
-      parser = MakeParser(file, context, pieces, loader_.Definition().definitionFound);
+      parser = MakeParser(context, pieces, loader_.Definition().definitionFound);
     }
     parser->Parse(line);
     if (!wide) parser->ParseRun(file);
@@ -132,11 +132,11 @@ bool Importer::StopsHere(const CaptionCollector& captions) {
   return true;
 }
 
-std::unique_ptr<LineParser> Importer::MakeParser(const TextFile& file, const ParseContext& context,
-                                                 const RecordPieces& pieces, bool bodySeen) const {
+std::unique_ptr<LineParser> Importer::MakeParser(const ParseContext& context, const RecordPieces& pieces,
+                                                 bool bodySeen) const {
   const Text& id = loader_.CurrentIdentifier();
   if (loader_.State().CurrentFormatIndex == 0) return MakePlainTextParser(context);
-  if (id == kSubRip) return MakeSubRipParser(context, file);
+  if (id == kSubRip) return MakeSubRipParser(context);
   if (id == kSubStationAlpha || id == kAdvancedSsa) return MakeDialogueParser(context);
   if (id == kSami) return MakeSamiParser(context);
   if (id == kTmPlayer) return MakeTmPlayerParser(context);

@@ -62,8 +62,7 @@ class Importer {
   bool ReadFrameRate();
   void ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces, CarryOn& errors);
   bool StopsHere(const CaptionCollector& captions);
-  std::unique_ptr<LineParser> MakeParser(const TextFile& file, const ParseContext& context, const RecordPieces& pieces,
-                                         bool bodySeen) const;
+  std::unique_ptr<LineParser> MakeParser(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const;
   void FillList(std::vector<Caption> rows, bool append, CarryOn& errors);
   void TellAppended();
   void TellError(TextView path, const CarryOn& errors);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string_view>
 
 #include "core/runtime_error.h"
 #include "core/text.h"
@@ -13,18 +12,9 @@
 
 namespace cuewright {
 
-/// The bytes without the blanks at both ends.
-inline std::string_view TrimBlankBytes(std::string_view line) {
-  while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
-  while (!line.empty() && line.back() == ' ') line.remove_suffix(1);
-  return line;
-}
-
 /// A line of the file without the blanks around it.
 class ImportLine {
  public:
-  explicit ImportLine(const TextFile& file) : file_(file) {}
-
   /// Takes the file's next line; false behind the last one. With `wide` its bytes are paired to 16-bit characters.
   bool Next(TextFile& file, const Encodings* wide);
   void SetText(Text text);
@@ -34,7 +24,6 @@ class ImportLine {
   TextView View() const { return text_; }
 
  private:
-  const TextFile& file_;
   TextView text_;
   Text own_;
   LineBuffer buffer_;
@@ -65,7 +54,7 @@ class LineParser {
 inline constexpr int kYieldEvery = 100;
 
 std::unique_ptr<LineParser> MakePlainTextParser(const ParseContext& context);
-std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context, const TextFile& file);
+std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeDialogueParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeTmPlayerParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeSamiParser(const ParseContext& context);

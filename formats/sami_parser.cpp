@@ -89,10 +89,8 @@ bool StripPlainLine(TextView text, Text& result) {
   return true;
 }
 
-Text StripTags(TextView line) {
-  Text text;
-  if (StripPlainLine(line, text)) return text;
-  text = line;
+Text StripAnyLine(TextView line) {
+  Text text(line);
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.tag, kept.hidden);
   text = RemoveStretches(text);
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.hidden, kept.tag);
@@ -112,13 +110,22 @@ class SamiParser final : public LineParser {
     const TextView text = line.View();
     if (!captions_.captionText.empty() && captions_.TimesSet()) captions_.FlushImportedCaption();
     const bool sync = HoldsPair(text, u'C', u'c', u' ') && sync_.In(text);
-    const bool space = space_.In(text);
-    if (!sync && !space && captions_.captionText.empty()) captions_.captionText = StripTags(text);
+    const unsigned held = HeldOf(text, u'&', u'<', u'#');
+    const bool space = (held & 1u) != 0 && space_.In(text);
+    if (!sync && !space && captions_.captionText.empty()) TakeText(text, (held & 6u) != 0);
     if (sync) errors_([&] { ReadTime(text); });
     if (space) captions_.Reset();
   }
 
  private:
+  void TakeText(TextView text, bool marked) {
+    if (!marked) {
+      captions_.captionText = text;
+    } else if (!StripPlainLine(text, captions_.captionText)) {
+      captions_.captionText = StripAnyLine(text);
+    }
+  }
+
   void ReadTime(TextView text) {
     const std::size_t equals = text.find(u'=');
     const TextView number = equals == TextView::npos ? text : text.substr(equals + 1);

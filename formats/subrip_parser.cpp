@@ -14,8 +14,7 @@ constexpr std::size_t kUsualLine = 512;
 
 class SubRipParser final : public LineParser {
  public:
-  SubRipParser(const ParseContext& context, const TextFile& file)
-      : context_(context), reader_(context.definition), line_(file) {}
+  explicit SubRipParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
 
   void Parse(ImportLine& line) override {
     CaptionCollector& captions = context_.captions;
@@ -140,8 +139,8 @@ class SubRipParser final : public LineParser {
 
 }  // namespace
 
-std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context, const TextFile& file) {
-  return std::make_unique<SubRipParser>(context, file);
+std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context) {
+  return std::make_unique<SubRipParser>(context);
 }
 
 }  // namespace cuewright

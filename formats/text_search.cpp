@@ -64,6 +64,25 @@ bool HoldsEither(TextView text, char16_t a, char16_t b) {
   return false;
 }
 
+unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c) {
+  unsigned held = 0;
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  const auto all = [](char16_t unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
+  const __m128i wanted[] = {all(a), all(b), all(c)};
+  __m128i hits[] = {_mm_setzero_si128(), _mm_setzero_si128(), _mm_setzero_si128()};
+  for (; at + 8 <= text.size(); at += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    for (int i = 0; i < 3; ++i) hits[i] = _mm_or_si128(hits[i], _mm_cmpeq_epi16(units, wanted[i]));
+  }
+  for (unsigned i = 0; i < 3; ++i) held |= _mm_movemask_epi8(hits[i]) != 0 ? 1u << i : 0u;
+#endif
+  for (; at < text.size(); ++at) {
+    held |= (text[at] == a ? 1u : 0u) | (text[at] == b ? 2u : 0u) | (text[at] == c ? 4u : 0u);
+  }
+  return held;
+}
+
 bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second) {
   std::size_t at = 0;
 #if defined(__SSE2__)

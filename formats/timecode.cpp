@@ -33,6 +33,22 @@ double Number(TextView text) {
   return value;
 }
 
+/// The time of a fixed form of 12 characters with digits in all columns; false for any other.
+bool SumOfDigits(TextView fixed, std::int32_t& ms) {
+  if (fixed.size() != 12) return false;
+  bool digits = true;
+  const auto digit = [&](std::size_t at) {
+    const int value = fixed[at] - u'0';
+    digits = digits && value >= 0 && value <= 9;
+    return value;
+  };
+  const int hours = digit(0) * 10 + digit(1);
+  const int minutes = digit(3) * 10 + digit(4);
+  const int seconds = digit(6) * 10 + digit(7);
+  ms = hours * kHour + minutes * kMinute + seconds * kSecond + digit(9) * 100 + digit(10) * 10 + digit(11);
+  return digits;
+}
+
 /// Frames to ms: both sides are rounded before the division of whole numbers.
 std::int32_t FramesToMs(double frames, float fps) {
   const std::int32_t rate = RoundToInt32(static_cast<double>(fps));
@@ -61,12 +77,21 @@ char16_t* PutNumber(std::int64_t number, std::size_t digits, char16_t* out) {
   return out;
 }
 
-/// Of two digits, as most fields have them.
-char16_t* PutTwo(unsigned number, char16_t* out) {
-  if (number > 99) return PutNumber(number, 2, out);
-  out[0] = static_cast<char16_t>(u'0' + number / 10);
-  out[1] = static_cast<char16_t>(u'0' + number % 10);
-  return out + 2;
+/// The same for fields, which have two or three digits most of the time.
+char16_t* PutField(std::int32_t number, std::size_t digits, char16_t* out) {
+  const auto digit = [](std::int32_t value) { return static_cast<char16_t>(u'0' + value % 10); };
+  if (digits == 2 && number >= 0 && number < 100) {
+    out[0] = digit(number / 10);
+    out[1] = digit(number);
+    return out + 2;
+  }
+  if (digits == 3 && number >= 0 && number < 1000) {
+    out[0] = digit(number / 100);
+    out[1] = digit(number / 10);
+    out[2] = digit(number);
+    return out + 3;
+  }
+  return PutNumber(number, digits, out);
 }
 
 struct Parts {
@@ -126,6 +151,7 @@ std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
   }
   if (fps == 0) end = std::copy(suffix_.begin(), suffix_.end(), end);
   const TextView fixed(room.data(), static_cast<std::size_t>(end - room.data()));
+  if (std::int32_t ms = 0; fps == 0 && SumOfDigits(fixed, ms)) return ms;
   const double whole = Number(Middle(fixed, 1, 2)) * kHour + Number(Middle(fixed, 4, 2)) * kMinute +
                        Number(Middle(fixed, 7, 2)) * kSecond;
   if (fps != 0) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2)), fps));
@@ -174,16 +200,16 @@ void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
   for (std::size_t i = 0; i < compact.size(); ++i) {
     const char16_t c = compact[i];
     if (c == u's') {
-      to = PutTwo(parts.seconds.Value(), to);
+      to = PutField(parts.seconds.Value(), 2, to);
     } else if (c == u'm') {
-      to = PutTwo(parts.minutes.Value(), to);
+      to = PutField(parts.minutes.Value(), 2, to);
     } else if (c == u'h' && hasHours_) {
-      to = PutNumber(parts.hours.Value(), form_.hourPicture.size(), to);
+      to = PutField(parts.hours.Value(), form_.hourPicture.size(), to);
     } else if (fps != 0 && c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
-      to = PutNumber(frames, 2, to);
+      to = PutField(frames, 2, to);
       ++i;
     } else if (fps == 0 && hasFraction_ && c == u'z') {
-      to = PutNumber(parts.rest, form_.fractionPicture.size(), to);
+      to = PutField(parts.rest, form_.fractionPicture.size(), to);
     } else {
       *to++ = c;
     }

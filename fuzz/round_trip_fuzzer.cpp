@@ -1,5 +1,6 @@
 // Any file is read, written in a format that its bytes choose, and read again.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -17,7 +18,10 @@ bool IsPlain(TextView text) {
   for (const Text& line : Split(text, u"|")) {
     if (line.empty() || TrimBlanks(line) != line || line.find(u" --> ") != Text::npos) return false;
   }
-  return text.find_first_of(u"<\r\n") == TextView::npos;
+  const auto odd = [](char16_t unit) {
+    return unit == u'<' || unit == u'\r' || unit == u'\n' || (unit & 0xF800) == 0xD800;
+  };
+  return std::none_of(text.begin(), text.end(), odd);
 }
 
 bool IsOrdinary(const Caption& caption) {

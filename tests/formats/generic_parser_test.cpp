@@ -173,7 +173,7 @@ Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool litera
   const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
   CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
   const auto parser = MakeGenericParser({captions, rig.loader.Definition(), literal, fps, errors, searching}, pieces);
-  ImportLine line(file);
+  ImportLine line;
   while (line.Next(file, nullptr)) parser->Parse(line);
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
   return captions.Take();

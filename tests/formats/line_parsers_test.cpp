@@ -223,8 +223,8 @@ Rows ReadByLines(FormatRig& rig, const std::string& content) {
   TextFile file = TextFile::Auto(content, rig.encodings);
   CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
   CarryOn errors;
-  const auto parser = MakeSubRipParser({captions, rig.loader.Definition(), true, 0, errors}, file);
-  ImportLine line(file);
+  const auto parser = MakeSubRipParser({captions, rig.loader.Definition(), true, 0, errors});
+  ImportLine line;
   while (line.Next(file, nullptr)) parser->Parse(line);
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
   return captions.Take();
