@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/options.h"
 
@@ -13,7 +14,9 @@ Session::Session(const Request& request, Files& files, Console& console, int sys
       boxes_(console, FromUtf8(request.fps)),
       encodings_(systemCodePage),
       host_(boxes_),
-      captions_(options_, modified_) {}
+      captions_(options_, modified_) {
+  state_.ListCharset = CharsetOfCodePage(systemCodePage).number;
+}
 
 bool Session::Start(const Text& programFolder) {
   LoadEnglish(MessageCatalogue(), strings_);

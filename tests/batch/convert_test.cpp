@@ -120,6 +120,15 @@ TEST_F(BatchTest, SetGivesTheOptionsOfAHeader) {
   EXPECT_NE(Read("a.smi").find("font-family: Courier;"), std::string::npos);
 }
 
+TEST_F(BatchTest, AHeaderNamesTheCharacterSetOfTheLocale) {
+  Write("a.srt", kSubRip);
+  const std::vector<std::string> call = {"convert", "a.srt", "--to", "SUBSTATIONALPHA", "--out", "a.ssa"};
+  EXPECT_EQ(Batch(call).status, 0);
+  EXPECT_NE(Read("a.ssa").find(",30,30,30,0,0\r\n"), std::string::npos);
+  EXPECT_EQ(Batch(call, {}, "ru_RU.UTF-8").status, 0);
+  EXPECT_NE(Read("a.ssa").find(",30,30,30,0,204\r\n"), std::string::npos);
+}
+
 TEST_F(BatchTest, SettingsFileGivesTheOptionsOfAHeader) {
   Write("a.srt", kSubRip);
   Write("user.ini", "[Brakemoor Works\\Cuewright\\SAMI]\nsize=44\n");
