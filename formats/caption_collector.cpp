@@ -44,6 +44,7 @@ void CaptionCollector::DefinitionChanged() {
   const TextView marks = u"<{[^@";
   const std::size_t anchor = definition_.tagOpen.find_first_of(marks);
   tagAnchor_ = flags == 0 ? u'<' : anchor == Text::npos ? u'\0' : definition_.tagOpen[anchor];
+  separatorIsAngled_ = HoldsChar(separator_, u'<');
   const Text& lineBreak = definition_.lineBreak;
   breaks_ = lineBreak != separator_ && lineBreak != u"[enter]" && lineBreak != u"none" && !lineBreak.empty();
 }
@@ -68,15 +69,22 @@ void CaptionCollector::TagsToMarkers() {
 }
 
 void CaptionCollector::FlushImportedCaption() {
-  const bool special = HoldsEither(captionText, u'<', u'\r');
-  const bool angled = special && HoldsChar(captionText, u'<');
+  const unsigned held = HeldOf(captionText, u'<', u'\r', tagAnchor_);
+  const bool angled = (held & 1u) != 0;
+  const bool tagged = (held & 4u) != 0 || tagAnchor_ == u'\0';
   if (angled && HoldsChar(captionText, u'/')) {
     for (const Needle& closing : closings_) closing.Replace(captionText, {});
   }
-  if (tagAnchor_ == u'\0' || HoldsChar(captionText, tagAnchor_)) TagsToMarkers();
+  if (tagged) TagsToMarkers();
   if (breaks_) Exchange(captionText, definition_.lineBreak, separator_);
-  if (special) Exchange(captionText, kLineEnd, {});
-  if (!IsBlank(captionText)) StoreImportedCaption();
+  if ((held & 2u) != 0) Exchange(captionText, kLineEnd, {});
+  if (!IsBlank(captionText)) {
+    if (angled || tagged || separatorIsAngled_) {
+      StoreImportedCaption();
+    } else {
+      Store(captionText);
+    }
+  }
   Reset();
 }
 
@@ -91,6 +99,11 @@ void CaptionCollector::FlushPlain(TextView text) {
 }
 
 void CaptionCollector::Store(TextView text) {
+  if (gathered_ + text.size() > kMostText) {
+    dropped_ = true;
+    return;
+  }
+  gathered_ += text.size();
   const auto time = [](std::int32_t ms) { return ms == kNotRead ? 0 : ms; };
   buffer_.push_back({time(captionStart), time(captionEnd), Text(text)});
 }

@@ -15,6 +15,8 @@ namespace cuewright {
 class CaptionCollector {
  public:
   static constexpr std::int32_t kNotRead = -1;
+  /// Characters that an import may gather. Only a file that is no subtitle comes to so many.
+  static constexpr std::size_t kMostText = std::size_t{64} << 20;
 
   /// `definition` is the record in force, `separator` the line break of captions.
   CaptionCollector(const FormatDefinition& definition, const Text& separator);
@@ -46,6 +48,9 @@ class CaptionCollector {
   /// Takes over the record's tags and line break; to be called when another format came in force.
   void DefinitionChanged();
 
+  /// The captions, with the one in work, hold more text than an import may gather; further ones are dropped.
+  bool Full() const { return dropped_ || gathered_ + captionText.size() > kMostText; }
+
   int ImportedCount() const { return static_cast<int>(buffer_.size()); }
   void Reserve(std::size_t count) { buffer_.reserve(count); }
   std::vector<Caption> Take() { return std::move(buffer_); }
@@ -67,7 +72,10 @@ class CaptionCollector {
   const std::array<Needle, 3> closings_ = {Needle(u"</b>"), Needle(u"</i>"), Needle(u"</u>")};
   std::vector<Tag> tags_;
   char16_t tagAnchor_ = u'<';  // a character that every tag holds; NUL: none is known
+  bool separatorIsAngled_ = false;
   bool breaks_ = false;
+  std::size_t gathered_ = 0;
+  bool dropped_ = false;
   std::vector<Caption> buffer_;
 };
 

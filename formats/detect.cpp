@@ -57,7 +57,7 @@ void Importer::DetectFormat(TextView path, bool wide, bool append) {
     return;
   }
   if (!path.ends_with(kPlainTextEnding)) return Reject(path, errors);
-  loader_.LoadFormatDefinition(kPlainText, false, false);
+  errors([&] { loader_.LoadFormatDefinition(kPlainText, false, false); });
   ImportFile(pathText, std::move(file), false, false, errors);
 }
 
@@ -80,7 +80,7 @@ std::optional<bool> Importer::Settle(std::optional<TextFile>& file, bool wide, C
     loader_.State().CurrentFormatIndex = 0;
     const Heads heads = file ? ReadHeads(*file, asWide) : Heads{};
     if (Recognise(heads, errors)) {
-      SettleLookAlikes(heads);
+      SettleLookAlikes(heads, errors);
       return asWide;
     }
     if (asWide) return {};
@@ -125,14 +125,13 @@ bool Importer::FitsSecondTemplate(const Heads& heads, TextView formatId) {
   return Fits(heads);
 }
 
-void Importer::SettleLookAlikes(const Heads& heads) {
+void Importer::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
+  const auto change = [&](TextView id) { errors([&] { loader_.LoadFormatDefinition(id, true, false); }); };
   if (loader_.CurrentIdentifier() == kAdobeEncore) {
-    if (Holds(heads.full, u"#INPOINT OUTPOINT PATH")) loader_.LoadFormatDefinition(kPinnacleImp, true, false);
-    if (Holds(heads.full, u"//")) loader_.LoadFormatDefinition(kDvdSubSystem, true, false);
+    if (Holds(heads.full, u"#INPOINT OUTPOINT PATH")) change(kPinnacleImp);
+    if (Holds(heads.full, u"//")) change(kDvdSubSystem);
   }
-  if (loader_.CurrentIdentifier() == kMacDvdPro && Holds(heads.full, u"SP_NUMBER")) {
-    loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false);
-  }
+  if (loader_.CurrentIdentifier() == kMacDvdPro && Holds(heads.full, u"SP_NUMBER")) change(kSpruceDvdMaestro);
 }
 
 void Importer::Reject(TextView path, CarryOn& errors) {

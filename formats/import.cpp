@@ -111,10 +111,11 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
   ImportLine line;
   while (line.Next(file, wide ? &encodings_ : nullptr)) {
     if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(captions)) break;
+    if (captions.Full()) break;
     if (filter.Drops(line)) line.Clear();
     if (mayTurnSpruce && line.View().starts_with(u"0001")) {
       mayTurnSpruce = false;
-      loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false);
+      errors([&] { loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false); });
       captions.DefinitionChanged();
       parser = MakeParser(context, pieces, loader_.Definition().definitionFound);
     }
@@ -122,6 +123,8 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
     if (!wide) parser->ParseRun(file);
   }
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
+  if (file.LineWasCut()) errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
 }
 
 bool Importer::StopsHere(const CaptionCollector& captions) {

@@ -54,7 +54,7 @@ class Importer {
   bool Recognise(const Heads& heads, CarryOn& errors);
   bool Fits(const Heads& heads) const;
   bool FitsSecondTemplate(const Heads& heads, TextView formatId);
-  void SettleLookAlikes(const Heads& heads);
+  void SettleLookAlikes(const Heads& heads, CarryOn& errors);
   void Reject(TextView path, CarryOn& errors);
 
   void ImportFile(TextView path, std::optional<TextFile> file, bool wide, bool append, CarryOn& errors);

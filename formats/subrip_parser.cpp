@@ -22,20 +22,16 @@ class SubRipParser final : public LineParser {
       if (captions.TimesSet()) captions.FlushImportedCaption();
       return;
     }
-    const TextView text = line.View();
-    if (text.size() >= kTimeLength + kArrow.size() && text.substr(kTimeLength, kArrow.size()) == kArrow) {
-      ReadTimes(text.substr(0, kTimeLength), text.substr(text.size() - kTimeLength));
-    } else if (captions.TimesSet()) {
-      captions.AddLine(text);
-    }
+    if (!ReadTimes(line.View()) && captions.TimesSet()) captions.AddLine(line.View());
   }
 
   void ParseRun(TextFile& file) override {
     CaptionCollector& captions = context_.captions;
+    if (captions.ImportedCount() % kYieldEvery == 0) return;
     TakeText();
     while (captions.ImportedCount() % kYieldEvery != 0) {
       const std::string_view rest = file.Rest();
-      if (rest.empty()) break;
+      if (rest.empty() || text_.Size() > CaptionCollector::kMostText) break;
       if (captions.TimesSet()) {
         ParseTextLine(file, rest);
       } else if (const std::size_t length = SettledLength(rest, file.LineEnd()); length != 0) {
@@ -58,11 +54,24 @@ class SubRipParser final : public LineParser {
   }
   void GiveText() { context_.captions.captionText = text_.View(); }
 
-  /// The ordinary way, for lines with something special about them.
+  /// What `Parse` does, for lines with something special about them.
   void ParseAnyLine(TextFile& file) {
-    GiveText();
-    if (line_.Next(file, nullptr)) Parse(line_);
-    TakeText();
+    if (!line_.Next(file, nullptr)) return;
+    if (line_.Empty()) {
+      if (context_.captions.TimesSet()) Flush();
+    } else if (!ReadTimes(line_.View()) && context_.captions.TimesSet()) {
+      AddLine(line_.View());
+    }
+  }
+
+  void AddLine(TextView line) {
+    const Text& separator = context_.captions.Separator();
+    std::size_t size = text_.Size();
+    char16_t* const room = text_.Room(size + separator.size() + line.size(), size);
+    if (size != 0) size += separator.copy(room + size, separator.size());
+    size += line.copy(room + size, line.size());
+    text_.SetSize(size);
+    angled_ = true;
   }
 
   /// Length of a line that is a counter or a plain timing line, which is then taken; 0 for any other.
@@ -88,7 +97,7 @@ class SubRipParser final : public LineParser {
     if (old != 0) place += separator.copy(room + old, separator.size());
     const LineScan scan = WidenLine(rest, file.LineEnd(), room + place, text_.Capacity() - 16 - place);
     const std::string_view bytes = rest.substr(0, scan.length);
-    if (bytes.front() == ' ' || bytes.back() == ' ') return ParseAnyLine(file);
+    if (bytes.front() == ' ' || bytes.back() == ' ' || scan.length > kLongestLine) return ParseAnyLine(file);
     std::size_t units = scan.ascii;
     char16_t* line = room + place;
     if (scan.ascii != scan.length) {
@@ -124,10 +133,13 @@ class SubRipParser final : public LineParser {
     return true;
   }
 
-  void ReadTimes(TextView start, TextView end) {
+  /// Takes the times of a line with the arrow behind its first 12 characters; false for any other.
+  bool ReadTimes(TextView text) {
+    if (text.substr(std::min(text.size(), kTimeLength), kArrow.size()) != kArrow) return false;
     CaptionCollector& captions = context_.captions;
-    context_.errors([&] { captions.captionStart = reader_.Parse(start, context_.fps); });
-    context_.errors([&] { captions.captionEnd = reader_.Parse(end, context_.fps); });
+    context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, kTimeLength), context_.fps); });
+    context_.errors([&] { captions.captionEnd = reader_.Parse(text.substr(text.size() - kTimeLength), context_.fps); });
+    return true;
   }
 
   ParseContext context_;

@@ -92,8 +92,10 @@ bool TextFile::NextText(LineBuffer& buffer) {
   const LineScan scan = WidenLine(rest, lineEnd_, room, buffer.Capacity() - 16);
   std::size_t units = scan.ascii;
   if (scan.ascii != scan.length) {
-    room = buffer.Room(scan.length, scan.ascii);
-    units += DecodeTo(rest.substr(scan.ascii, scan.length - scan.ascii), room + scan.ascii);
+    const std::size_t length = std::min(scan.length, kLongestLine);
+    lineWasCut_ = lineWasCut_ || length != scan.length;
+    room = buffer.Room(length, scan.ascii);
+    units += DecodeTo(rest.substr(scan.ascii, length - scan.ascii), room + scan.ascii);
   }
   buffer.SetSize(units);
   SkipLine(scan.length);

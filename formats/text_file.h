@@ -14,6 +14,9 @@ namespace cuewright {
 /// Largest file that is read, in bytes. Nothing that people call a subtitle comes near it.
 inline constexpr std::uint64_t kLargestTextFile = 256ULL << 20;
 
+/// Longest line that is decoded, in bytes; what lies behind is left out.
+inline constexpr std::size_t kLongestLine = 16 << 20;
+
 /// A decoded line, kept in a buffer that is used again for the next one.
 class LineBuffer {
  public:
@@ -55,8 +58,11 @@ class TextFile {
   /// it.
   bool NextLine(std::string_view& line);
 
-  /// The same, decoded on the way.
+  /// The same, decoded on the way. A line beyond `kLongestLine` is cut there.
   bool NextText(LineBuffer& buffer);
+
+  /// A line was cut since the file was opened.
+  bool LineWasCut() const { return lineWasCut_; }
 
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
@@ -100,6 +106,7 @@ class TextFile {
   bool utf8_ = false;
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
+  bool lineWasCut_ = false;
 };
 
 }  // namespace cuewright

@@ -45,7 +45,8 @@ bool SumOfDigits(TextView fixed, std::int32_t& ms) {
   const int hours = digit(0) * 10 + digit(1);
   const int minutes = digit(3) * 10 + digit(4);
   const int seconds = digit(6) * 10 + digit(7);
-  ms = hours * kHour + minutes * kMinute + seconds * kSecond + digit(9) * 100 + digit(10) * 10 + digit(11);
+  const int rest = digit(9) * 100 + digit(10) * 10 + digit(11);
+  if (digits) ms = hours * kHour + minutes * kMinute + seconds * kSecond + rest;
   return digits;
 }
 

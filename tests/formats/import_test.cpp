@@ -315,6 +315,36 @@ TEST(HostileFile, OfNoiseEndsWithTheMessageOfAnUnknownFormat) {
   EXPECT_TRUE(rig.messages.shown[0].text.starts_with(u"Failed to determine"));
 }
 
+TEST(HostileFile, OfOneEndlessLineIsReadToABoundAndToldSo) {
+  FormatRig rig;
+  rig.Open("line.txt", std::string((16 << 20) + 100, 'x'));
+  EXPECT_EQ(rig.captions.At(1).text.size(), std::size_t{16} << 20);
+  ASSERT_EQ(rig.messages.shown.size(), 1u);
+  EXPECT_TRUE(rig.messages.shown[0].text.ends_with(u"A line is too long; only its beginning was read"));
+}
+
+TEST(HostileFile, WhoseCaptionsRepeatAllTextBeforeThemStopsAtABound) {
+  FormatRig rig;
+  std::string file = "00:00:01:00 00:00:02:00 first\r\n";
+  for (int i = 0; i < 32000; ++i) file += "00:00:01:00 00:00:02:00\r\nsome text that is never taken away\r\n";
+  rig.ImportAs(u"ADOBEENCORE", file);
+  ASSERT_FALSE(rig.messages.shown.empty());
+  EXPECT_TRUE(rig.messages.shown.back().text.ends_with(u"Error #7: Out of memory"));
+  EXPECT_GT(rig.captions.Rows(), 1000);
+}
+
+TEST(HostileFile, OfOneCaptionWithoutEndIsReadInOneGo) {
+  FormatRig rig;
+  std::string file = "1\r\n00:00:01,000 --> 00:00:02,000\r\n";
+  for (int i = 0; i < 200000; ++i) file += i % 3 == 0 ? " led by a blank\r\n" : "words and <i>words</i>\r\n";
+  rig.Open("a.srt", file);
+  EXPECT_EQ(rig.captions.Rows(), 2);
+  EXPECT_GT(rig.captions.At(1).text.size(), 2000000u);
+  // The same behind a first caption, where lines are read in runs.
+  rig.Open("b.srt", SubRipFile(1) + file);
+  EXPECT_EQ(rig.captions.Rows(), 3);
+}
+
 TEST(HostileFile, ThatIsEmptyHasNoText) {
   FormatRig rig;
   rig.Open("empty.txt", "");

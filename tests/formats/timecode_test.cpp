@@ -101,6 +101,7 @@ TEST(ParseTimecode, ReadsEachTemplateByItsColumns) {
       {u"ff", u"50", 0, 0},
       {u"hh:mm:ss,zzz", u"", 0, 0},
       {u"hh:mm:ss,zzz", u"aa:bb:cc,ddd", 0, 0},
+      {u"hh:mm:ss,zzz", u"\uFFFD\uFFFD:00:01,000", 0, 1000},
   };
   for (const ParseRow& row : rows) {
     EXPECT_EQ(ParseTimecode(FormOf(row.timecode), row.text, row.fps), row.ms)
