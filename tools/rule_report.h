@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/caption_list.h"
+#include "core/lang_strings.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace cuewright {
+
+/// What a rule found. The number is printed in the report.
+enum class RuleKind : std::uint8_t {
+  TooManyLines = 1,
+  Collision = 2,
+  DurationOutsideRange = 3,
+  NegativeDuration = 4,
+  Credit = 5,
+};
+
+/// The log of the correction rules: a detailed and a one-line text for each entry, and a counter for each sort.
+class RuleReport {
+ public:
+  explicit RuleReport(const LangStrings& strings) : strings_(strings) {}
+
+  /// Logs what a rule did to the caption with this text; `value` is in ms, `applied` tells whether it was
+  /// corrected. A collision of less than 50 ms is left out. Run-time error 6 when a counter is full; the texts
+  /// are there by then.
+  void AddRuleEntry(Row row, TextView text, RuleKind kind, std::int32_t value, bool applied);
+
+  /// Empties the log.
+  void ResetRuleReport();
+
+  std::int32_t RuleEntryCount() const { return entryCount_; }
+
+  /// The texts of each entry; a detailed one holds CR LF between its lines and none at its end.
+  const std::vector<Text>& Detailed() const { return detailed_; }
+  const std::vector<Text>& OneLine() const { return oneLine_; }
+
+  std::int16_t LinesSplit() const { return linesSplit_; }
+  std::int16_t Collisions() const { return collisions_; }
+  std::int16_t DurationsOutsideRange() const { return durationsOutsideRange_; }
+  std::int16_t LinesRemoved() const { return linesRemoved_; }
+
+ private:
+  struct Texts {
+    Text detailed;
+    Text oneLine;
+  };
+  Texts Describe(RuleKind kind, TextView row, std::int32_t value, bool applied) const;
+  Texts DescribeDuration(TextView row, std::int32_t value, bool applied) const;
+  Checked16& Counter(RuleKind kind);
+
+  const LangStrings& strings_;
+  std::int32_t entryCount_ = 0;
+  std::vector<Text> detailed_;
+  std::vector<Text> oneLine_;
+  Checked16 linesSplit_;
+  Checked16 collisions_;
+  Checked16 durationsOutsideRange_;
+  Checked16 linesRemoved_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,166 @@
+#include "tools/rules_engine.h"
+
+#include <algorithm>
+
+#include "core/best_duration.h"
+#include "core/numbers.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kMostCredits = 64;
+constexpr Row kRowsBetweenYields = 25;
+constexpr int kMarkerLength = 3;
+constexpr TextView kFailed = u"Error while applying rules. Please check the report for details.";
+
+/// The pieces between commas, at most 64: the last one keeps what is left, commas included.
+std::vector<Text> CreditPieces(TextView list) {
+  std::vector<Text> pieces;
+  std::size_t comma = list.find(u',');
+  while (comma != TextView::npos && pieces.size() + 1 < kMostCredits) {
+    pieces.emplace_back(list.substr(0, comma));
+    list.remove_prefix(comma + 1);
+    comma = list.find(u',');
+  }
+  pieces.emplace_back(list);
+  return pieces;
+}
+
+bool ExceedsTwoLines(TextView text, TextView separator) {
+  const std::size_t first = text.find(separator);
+  // From the next character on, so that two separators may overlap.
+  return first != TextView::npos && text.find(separator, first + 1) != TextView::npos;
+}
+
+Checked32 DurationOf(const CaptionList& list, Row row) {
+  return Checked32(list.GetCaptionEnd(row)) - Checked32(list.GetCaptionStart(row));
+}
+
+}  // namespace
+
+RulesEngine::RulesEngine(CaptionList& list, RuleReport& report, const LangStrings& strings, Messages& messages,
+                         RulesHost& host)
+    : list_(list), report_(report), strings_(strings), messages_(messages), host_(host), options_(list.Options()) {}
+
+void RulesEngine::ApplyRules(bool quiet) {
+  step_.Clear();
+  bool paused = false;
+  step_([&] { host_.CloseToolWindows(); });
+  step_([&] { host_.SetBusy(true); });
+  report_.ResetRuleReport();
+  if (options_.T_CREDITS != 0) credits_ = CreditPieces(options_.T_CREDITSTEXT);
+  step_([&] { host_.LeavePreviewMode(); });
+  step_([&] { paused = host_.PausePlayer(); });
+  // Not taken again after a deletion: the turns past the end find nothing to do.
+  const Row last = list_.Rows() - 1;
+  for (Row row = 1; row <= last; ++row) CheckRow(row);
+  step_([&] { host_.RefreshFileLabels(); });
+  step_([&] { host_.SetBusy(false); });
+  if (paused) step_([&] { host_.ResumePlayer(); });
+  ShowResult(quiet);
+}
+
+void RulesEngine::ShowResult(bool quiet) {
+  step_([&] {
+    if (report_.RuleEntryCount() > 0) {
+      host_.ShowReport();
+    } else if (!quiet) {
+      messages_.Show({strings_[271], BoxIcon::Information, BoxButtons::Ok, strings_[31]});
+    }
+  });
+  if (step_.Last()) messages_.Show({Text(kFailed), BoxIcon::Warning});
+  step_.Clear();
+}
+
+void RulesEngine::CheckRow(Row& row) {
+  if (row % kRowsBetweenYields == 0) ShowProgress(row);
+  if (options_.AutoSplit != 0) step_([&] { SplitLines(row); });
+  if (list_.IsCaptionTimed(row)) CheckTiming(row);
+  if (options_.T_CREDITS != 0) step_([&] { RemoveCredit(row); });
+}
+
+void RulesEngine::ShowProgress(Row row) {
+  step_([&] { host_.Yield(); });
+  step_([&] { host_.ShowProgress(strings_[118] + u" " + Decimal(row) + u", " + ToLower(strings_[117])); });
+}
+
+void RulesEngine::SplitLines(Row row) {
+  const Text text = list_.GetCaptionText(row);
+  if (!ExceedsTwoLines(text, options_.LineSeparator)) return;
+  report_.AddRuleEntry(row, text, RuleKind::TooManyLines, 0, false);
+  list_.SetCaptionText(row, list_.SplitCaptionLines(text));
+}
+
+void RulesEngine::CheckTiming(Row row) {
+  if (options_.Collision != 0) {
+    step_([&] {
+      std::int32_t start = 0;
+      CheckCollision(row, start);
+    });
+  }
+  if (options_.AutoJoin != 0) step_([&] { list_.SnapNearbyStart(row, true); });
+  if (options_.DurationOn == 0) return;
+  step_([&] { CheckCaptionDuration(row, true); });
+  step_([&] {
+    if (DurationOf(list_, row) <= 0) SetBestDuration(row, true);
+  });
+}
+
+void RulesEngine::RemoveCredit(Row& row) {
+  const Text text = list_.GetCaptionText(row);
+  if (!HasCredit(text)) return;
+  list_.DeleteCaption(row);
+  report_.AddRuleEntry(row, text, RuleKind::Credit, 0, false);
+  --row;  // the caption that moved up is next
+}
+
+bool RulesEngine::HasCredit(TextView text) const {
+  return std::ranges::any_of(
+      credits_, [&](const Text& piece) { return !IsBlank(piece) && FindLoose(text, piece) != TextView::npos; });
+}
+
+void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
+  if (!list_.InRange(row) || !list_.IsCaptionTimed(row - 1)) return;
+  const std::int32_t previousEnd = list_.GetCaptionEnd(row - 1);
+  if (startHint == 0) {
+    if (!list_.IsCaptionTimed(row)) return;
+    startHint = list_.GetCaptionStart(row);
+  }
+  if (previousEnd <= startHint) return;
+  const bool fix = options_.Collision != 0;
+  if (fix) list_.SetCaptionStart(row, previousEnd, false);
+  const Checked32 overlap = Checked32(previousEnd) - Checked32(startHint);
+  report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::Collision, overlap, fix);
+}
+
+void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
+  if (!list_.InRange(row)) return;
+  const Text text = list_.GetCaptionText(row);
+  const TextView separator = options_.LineSeparator;
+  const Checked32 duration = DurationOf(list_, row);
+  Checked16 length(static_cast<std::int64_t>(text.size()));
+  if (duration <= 0) return SetBestDuration(row, true);
+  for (const bool marked : {list_.IsCaptionBold(row), list_.IsCaptionItalic(row), list_.IsCaptionUnderline(row)}) {
+    if (marked) length = length - Checked16(kMarkerLength);
+  }
+  if (text.find(separator) != Text::npos) length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  if (length < 1) return;
+  const std::size_t k = LengthClass(length);
+  const double rate = static_cast<double>(duration.Value()) / length.Value();
+  const int best = options_.Duration[k];
+  const int tolerance = options_.Tolerance[k];
+  if (rate >= best - tolerance && rate <= best + tolerance) return;
+  // The best duration has 16 bits; one that doesn't fit leaves the caption as it is.
+  const Checked32 bestDuration((Checked16(best) * length).Value());
+  if (fix) list_.SetCaptionEnd(row, Checked32(list_.GetCaptionStart(row)) + bestDuration);
+  report_.AddRuleEntry(row, text, RuleKind::DurationOutsideRange, bestDuration - duration, fix);
+}
+
+void RulesEngine::SetBestDuration(Row row, bool report) {
+  const auto duration = ::cuewright::SetBestDuration(list_, row);
+  if (duration && report) {
+    report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::NegativeDuration, *duration, false);
+  }
+}
+
+}  // namespace cuewright
