@@ -1,10 +1,12 @@
 #include "formats/caption_writers.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "core/numbers.h"
 #include "formats/text_search.h"
+#include "formats/utf8.h"
 
 namespace cuewright {
 namespace {
@@ -23,6 +25,7 @@ struct RecordPart {
   Text literal;
   Field field = Field::None;
   Text placeholder;
+  std::string literalBytes;
 };
 
 /// The record cut at its placeholders, in their order.
@@ -40,21 +43,22 @@ std::vector<RecordPart> CutParts(TextView record, bool counted) {
     for (const Mark& mark : marks) {
       if (!record.substr(at).starts_with(mark.text)) continue;
       length = mark.text.size();
-      parts.push_back({Text(record.substr(literal, at - literal)), mark.field, Text(mark.text)});
+      parts.push_back({Text(record.substr(literal, at - literal)), mark.field, Text(mark.text), {}});
       literal = at + length;
       break;
     }
     at += length;
   }
-  parts.push_back({Text(record.substr(literal)), Field::None, {}});
+  parts.push_back({Text(record.substr(literal)), Field::None, {}, {}});
   return parts;
 }
 
 /// Turns captions into lines by the record.
 class RecordWriter {
  public:
-  RecordWriter(const WriteJob& job, bool plainMarkers)
+  RecordWriter(const WriteJob& job, bool plainMarkers, LineSink& sink)
       : job_(job),
+        sink_(sink),
         timecodes_(job.definition, job.identifier == kKaraokeLrc),
         parts_(CutParts(RecordOf(job), !plainMarkers && !job.definition.subCountPicture.empty())),
         plainMarkers_(plainMarkers),
@@ -65,18 +69,18 @@ class RecordWriter {
     frames_ = definition.timecodeTemplate == u"ff";
     keepsLines_ = definition.lineBreak == u"[enter]";
     lineBreak_ = definition.lineBreak == u"none" ? Text(u" ") : definition.lineBreak;
+    breakBytes_ = sink.Encoded(plainMarkers || keepsLines_ ? kLineEnd : TextView(lineBreak_));
+    for (RecordPart& part : parts_) part.literalBytes = sink.Encoded(part.literal);
   }
 
-  /// The caption's record; valid until the next call.
-  TextView Line(Row row) {
-    line_.clear();
+  /// Puts the caption's record, without a line end.
+  void Put(Row row) {
     for (const RecordPart& part : parts_) {
-      line_ += part.literal;
+      sink_.PutBytes(part.literalBytes);
       if (part.field == Field::None) continue;
       // A field that fails leaves its placeholder in the line.
-      if (!job_.errors([&] { AppendField(part.field, row); })) line_ += part.placeholder;
+      if (!job_.errors([&] { PutField(part.field, row); })) sink_.Put(part.placeholder);
     }
-    return line_;
   }
 
  private:
@@ -87,63 +91,68 @@ class RecordWriter {
     return record;
   }
 
-  void AppendField(Field field, Row row) {
+  void PutField(Field field, Row row) {
     const Caption& caption = job_.captions.At(row);
     switch (field) {
       case Field::Start:
-        return AppendTime(caption.start);
+        return PutTime(caption.start);
       case Field::End:
-        return AppendTime(caption.end);
+        return PutTime(caption.end);
       case Field::Count:
-        AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), line_);
-        return;
+        field_.clear();
+        AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), field_);
+        return sink_.Put(field_);
       case Field::Caption:
-        return AppendText(caption.text);
+        return PutText(caption.text);
       case Field::None:
         return;
     }
   }
 
-  void AppendTime(std::int32_t ms) {
+  void PutTime(std::int32_t ms) {
+    field_.clear();
     if (plainMarkers_ || !(milliseconds_ || frames_)) {
-      timecodes_.Append(ms, job_.fps, line_);
+      timecodes_.Append(ms, job_.fps, field_);
     } else {
-      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, line_);
+      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, field_);
     }
+    sink_.Put(field_);
   }
 
-  void AppendText(TextView stored) {
+  void PutText(TextView stored) {
     const Text& separator = job_.captions.Options().LineSeparator;
-    const bool asTheyStand = plainMarkers_ || keepsLines_;
-    if (!semicolons_ && !HoldsEither(stored, u'<', u'\r')) {
-      AppendReplaced(stored, separator, asTheyStand ? kLineEnd : TextView(lineBreak_));
+    if (!semicolons_ && HeldOf(stored, u'<', u'\r', plainMarkers_ ? u'\0' : u'<') == 0) {
+      PutLines(stored, separator);
       return;
     }
     text_ = ReplaceAll(stored, separator, kLineEnd);
     if (plainMarkers_) {
       RemoveMarkers(text_);
+      Exchange(text_, TextView(u"\0", 1), {});
     } else {
       if (semicolons_) Exchange(text_, u";", u",");
       MarkersToTags();
       if (!keepsLines_) Exchange(text_, kLineEnd, lineBreak_);
     }
-    line_ += text_;
+    sink_.Put(text_);
   }
 
-  void AppendReplaced(TextView text, TextView from, TextView to) {
+  /// The pieces between the separators, the format's line break between them.
+  void PutLines(TextView text, TextView separator) {
     std::size_t at = 0;
-    if (!from.empty()) {
-      for (std::size_t hit = FindCharacter(text, from.front()); hit != TextView::npos;
-           hit = FindCharacter(text, from.front(), hit)) {
-        if (!text.substr(hit).starts_with(from)) {
+    if (!separator.empty()) {
+      for (std::size_t hit = FindCharacter(text, separator.front()); hit != TextView::npos;
+           hit = FindCharacter(text, separator.front(), hit)) {
+        if (!text.substr(hit).starts_with(separator)) {
           ++hit;
           continue;
         }
-        line_.append(text, at, hit - at).append(to);
-        at = hit = hit + from.size();
+        sink_.Put(text.substr(at, hit - at));
+        sink_.PutBytes(breakBytes_);
+        at = hit = hit + separator.size();
       }
     }
-    line_.append(text, at);
+    sink_.Put(text.substr(at));
   }
 
   void MarkersToTags() {
@@ -159,6 +168,7 @@ class RecordWriter {
   }
 
   const WriteJob& job_;
+  LineSink& sink_;
   TimecodeWriter timecodes_;
   std::vector<RecordPart> parts_;
   bool plainMarkers_;
@@ -168,21 +178,58 @@ class RecordWriter {
   bool frames_ = false;
   bool keepsLines_ = false;
   Text lineBreak_;
-  Text line_;
+  std::string breakBytes_;
+  Text field_;
   Text text_;
+};
+
+/// Bytes that stay in memory.
+struct MemorySink final : ByteSink {
+  void Write(std::string_view more) override { bytes += more; }
+  std::string bytes;
 };
 
 }  // namespace
 
-void LineSink::WriteLine(TextView line) {
-  codec_.Encode(line, held_);
-  held_ += lineEnd_;
-  if (held_.size() >= kBlock) Flush();
+LineSink::LineSink(ByteSink& sink, const Codec& codec)
+    : sink_(sink), codec_(codec), utf8_(codec.IsUtf8()), lineEnd_(codec.Encoded(kLineEnd)) {}
+
+char* LineSink::Room(std::size_t count) {
+  if (capacity_ < size_ + count) {
+    const std::size_t capacity = std::max(size_ + count, 2 * kBlock);
+    auto held = std::make_unique_for_overwrite<char[]>(capacity);
+    std::copy_n(held_.get(), size_, held.get());
+    held_ = std::move(held);
+    capacity_ = capacity;
+  }
+  return held_.get() + size_;
+}
+
+void LineSink::Put(TextView text) {
+  if (utf8_) {
+    char* const to = Room(3 * text.size() + 8);
+    size_ += EncodeUtf8(text, to);
+    return;
+  }
+  scratch_.clear();
+  codec_.Encode(text, scratch_);
+  PutBytes(scratch_);
+}
+
+void LineSink::PutBytes(std::string_view bytes) {
+  char* const to = Room(bytes.size());
+  std::copy(bytes.begin(), bytes.end(), to);
+  size_ += bytes.size();
+}
+
+void LineSink::EndLine() {
+  PutBytes(lineEnd_);
+  if (size_ >= kBlock) Flush();
 }
 
 void LineSink::Flush() {
-  sink_.Write(held_);
-  held_.clear();
+  if (size_ != 0) sink_.Write({held_.get(), size_});
+  size_ = 0;
 }
 
 void WritePlainText(const WriteJob& job, LineSink& sink) {
@@ -217,21 +264,34 @@ void WriteTmPlayer(const WriteJob& job, LineSink& sink) {
 }
 
 void WriteEncore(const WriteJob& job, const Encodings& encodings, bool classic, LineSink& sink) {
-  RecordWriter writer(job, true);
+  if (!classic) {
+    RecordWriter writer(job, true, sink);
+    for (Row row = 1; row <= job.lastRow && job.captions.InRange(row); ++row) {
+      writer.Put(row);
+      sink.EndLine();
+    }
+    return;
+  }
+  MemorySink memory;
+  const std::shared_ptr<const Codec> utf8 = MakeCodec(kCodePageUtf8);
+  LineSink lines(memory, *utf8);
+  RecordWriter writer(job, true, lines);
   for (Row row = 1; row <= job.lastRow && job.captions.InRange(row); ++row) {
-    const TextView line = writer.Line(row);
-    Text bare;
-    if (line.find(u'\0') != TextView::npos) bare = ReplaceAll(line, TextView(u"\0", 1), {});
-    const TextView shown = bare.empty() ? line : TextView(bare);
-    sink.WriteLine(classic ? encodings.EncodeUtf8Line(shown) : Text(shown));
+    writer.Put(row);
+    lines.Flush();
+    // The line's bytes go through the system's code page once more, as text does here.
+    sink.WriteLine(encodings.SystemCodec()->Decoded(memory.bytes));
+    memory.bytes.clear();
   }
 }
 
 void WriteTemplate(const WriteJob& job, LineSink& sink) {
-  RecordWriter writer(job, false);
+  RecordWriter writer(job, false, sink);
   if (!IsBlank(job.definition.headerText)) sink.WriteLine(job.definition.headerText);
   for (Row row = 1; row <= job.lastRow && job.captions.InRange(row); ++row) {
-    if (!IsBlank(job.captions.At(row).text)) sink.WriteLine(writer.Line(row));
+    if (IsBlank(job.captions.At(row).text)) continue;
+    writer.Put(row);
+    sink.EndLine();
   }
   if (!IsBlank(job.definition.footerText)) sink.WriteLine(job.definition.footerText);
 }

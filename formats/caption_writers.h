@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/caption_list.h"
@@ -14,20 +16,36 @@
 
 namespace cuewright {
 
-/// Lines of output on their way to the file, CR LF behind each.
+/// Text on its way to the file, encoded and gathered in blocks.
 class LineSink {
  public:
-  LineSink(ByteSink& sink, const Codec& codec) : sink_(sink), codec_(codec), lineEnd_(codec.Encoded(kLineEnd)) {}
+  LineSink(ByteSink& sink, const Codec& codec);
 
-  void WriteLine(TextView line);
+  void Put(TextView text);
+  /// Bytes that are in the file's encoding.
+  void PutBytes(std::string_view bytes);
+  /// Puts CR LF, and hands a full block on.
+  void EndLine();
+  void WriteLine(TextView line) {
+    Put(line);
+    EndLine();
+  }
   /// Hands on what is held back.
   void Flush();
 
+  std::string Encoded(TextView text) const { return codec_.Encoded(text); }
+
  private:
+  char* Room(std::size_t count);
+
   ByteSink& sink_;
   const Codec& codec_;
-  std::string lineEnd_;
-  std::string held_;
+  const bool utf8_;
+  const std::string lineEnd_;
+  std::unique_ptr<char[]> held_;
+  std::size_t capacity_ = 0;
+  std::size_t size_ = 0;
+  std::string scratch_;
 };
 
 /// What the writers need: rows 1 to `lastRow` in the form of `definition`.

@@ -42,6 +42,7 @@ class Utf8Codec final : public Codec {
     return true;
   }
   bool Holds(TextView) const override { return true; }
+  bool IsUtf8() const override { return true; }
 };
 
 /// UTF-16 files are turned into UTF-8 when they are opened; this is what they are written with.

@@ -34,6 +34,9 @@ class Codec {
 
   /// True when the code page has every character of the text.
   virtual bool Holds(TextView text) const;
+
+  /// True for UTF-8, which is worth a shorter way.
+  virtual bool IsUtf8() const { return false; }
 };
 
 /// The codec of a code page of `IsTextCodePage`, or of UTF-16 for writing; any other number gives 1252.

@@ -85,6 +85,7 @@ void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out
 /// Narrows the ASCII run at `at` and moves both places behind it.
 void NarrowRun(const char16_t*& at, const char16_t* end, char*& out) {
 #if defined(__SSE2__)
+  const char16_t* const start = at;
   const __m128i beyond = _mm_set1_epi16(static_cast<short>(0xFF80));
   while (end - at >= 8) {
     const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
@@ -95,6 +96,16 @@ void NarrowRun(const char16_t*& at, const char16_t* end, char*& out) {
     const int count = others != 0 ? std::countr_zero(others) / 2 : 8;
     at += count, out += count;
     if (others != 0) return;
+  }
+  if (at != end && end - start >= 8) {
+    // The last few are done together with those in front of them, once more.
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(end - 8));
+    if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(units, beyond), _mm_setzero_si128())) == 0xFFFF) {
+      out += end - at;
+      at = end;
+      _mm_storel_epi64(reinterpret_cast<__m128i*>(out - 8), _mm_packus_epi16(units, units));
+      return;
+    }
   }
 #endif
   while (at != end && *at < 0x80) *out++ = static_cast<char>(*at++);
@@ -283,17 +294,21 @@ void WidenAscii(std::string_view bytes, char16_t* out) {
   WidenRun(at, at + bytes.size(), out, false);
 }
 
-void AppendUtf8(TextView text, std::string& out, bool surrogates) {
-  const std::size_t old = out.size();
-  out.resize(old + 3 * text.size());
-  char* to = out.data() + old;
+std::size_t EncodeUtf8(TextView text, char* out, bool surrogates) {
+  char* to = out;
   const char16_t* at = text.data();
   const char16_t* const end = at + text.size();
   while (at != end) {
     NarrowRun(at, end, to);
     while (at != end && *at >= 0x80) PutUnit(at, end, to, surrogates);
   }
-  out.resize(static_cast<std::size_t>(to - out.data()));
+  return static_cast<std::size_t>(to - out);
+}
+
+void AppendUtf8(TextView text, std::string& out, bool surrogates) {
+  const std::size_t old = out.size();
+  out.resize(old + 3 * text.size() + 8);
+  out.resize(old + EncodeUtf8(text, out.data() + old, surrogates));
 }
 
 }  // namespace cuewright

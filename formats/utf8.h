@@ -40,6 +40,10 @@ std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates = 
 /// Widens ASCII bytes, under the same demand on room.
 void WidenAscii(std::string_view bytes, char16_t* out);
 
+/// Encodes into `out`, which has room for three bytes a unit and 8 more, as `AppendUtf8` does; returns the bytes
+/// written.
+std::size_t EncodeUtf8(TextView text, char* out, bool surrogates = false);
+
 /// Appends the text as UTF-8. A lone unit U+DC80 to U+DCFF is the byte that it stands for, another lone surrogate
 /// "?", or with `surrogates` every lone one its three-byte form.
 void AppendUtf8(TextView text, std::string& out, bool surrogates = false);
