@@ -123,6 +123,10 @@ std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
     lines.append(Decimal(base + static_cast<int>(id)) + u", \"" + english + u"\"").append(kLineEnd);
     ++missing;
   }
+  for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
+    const Text* own = catalogue_.Find(base + static_cast<int>(id));
+    strings_.Set(id, own != nullptr ? *own : CatalogueString(static_cast<int>(id)));
+  }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);
     events_.WaitMs(500);

@@ -62,7 +62,7 @@ void MessageCatalogue::Add(std::string_view data, int base) {
 
 void MessageCatalogue::AddBlock(std::string_view data, int language) {
   ForEachRow(data, [&](int id, Text text) {
-    if (id >= static_cast<int>(kMessageCount) || !IsReadable(text)) return;
+    if (!IsTextNumber(static_cast<std::size_t>(id)) || !IsReadable(text)) return;
     const Text* english = Find(id);
     if (text.empty() && english != nullptr && !english->empty()) return;
     rows_[kBlockSize * language + id] = std::move(text);
@@ -75,7 +75,8 @@ const Text* MessageCatalogue::Find(int id) const {
 }
 
 void LoadEnglish(const MessageCatalogue& catalogue, LangStrings& strings) {
-  for (std::size_t id = 0; id < kMessageCount; ++id) {
+  for (std::size_t id = 0; id < kEndOfTexts; ++id) {
+    if (!IsTextNumber(id)) continue;
     const Text* row = catalogue.Find(static_cast<int>(id));
     strings.Set(id, row == nullptr ? Text() : *row);
   }

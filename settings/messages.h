@@ -11,8 +11,9 @@ namespace cuewright {
 /// The distance from one language's block to the next.
 inline constexpr int kBlockSize = 1000;
 
-/// The catalogue of messages by number: the English block that the program carries in itself, the language table
-/// (600 to 624), the texts of a translation file (660 to 670), and the blocks of other languages that were added.
+/// The catalogue of messages by number: the English block that the program carries in itself (0 to 468 and 900 to 999),
+/// the language table (600 to 624), the texts of a translation file (660 to 670), and the blocks of other languages
+/// that were added.
 class MessageCatalogue {
  public:
   /// Holds all that the program carries in itself.

@@ -51,10 +51,10 @@ const std::set<Text>& LatinWords() {
       u"Tessaly",    u"Cuewright", u"Ratemeter",    u"QXM",        u"VirtualDub", u"VirtualDubMPEG",
       u"XviD",       u"VSFilter",  u"DirectVobSub", u"DirectShow", u"Windows",    u"Media",
       u"Player",     u"WMP",       u"Microsoft",    u"Office",     u"Word",       u"Unicode",
-      u"SubStation", u"Alpha",     u"SSA",          u"AVI",        u"MPEG",       u"PAL",
-      u"NTSC",       u"WAV",       u"PCM",          u"VBR",        u"CBR",        u"DVD",
-      u"DLL",        u"FPS",       u"KB",           u"FN",         u"A",          u"Z",
-      u"plugins",    u"subtitler", u"exe",          u"AutoUpdate", u"OK"};
+      u"SubStation", u"UTF",       u"Alpha",        u"SSA",        u"AVI",        u"MPEG",
+      u"PAL",        u"NTSC",      u"WAV",          u"PCM",        u"VBR",        u"CBR",
+      u"DVD",        u"DLL",       u"FPS",          u"KB",         u"FN",         u"A",
+      u"Z",          u"plugins",   u"subtitler",    u"exe",        u"AutoUpdate", u"OK"};
   return kWords;
 }
 
@@ -71,8 +71,9 @@ struct LanguageBlock : ::testing::TestWithParam<std::string> {
   /// Calls `check(id)` for each row that has a text in English.
   template <class Check>
   void ForEachText(Check&& check) const {
-    for (int id = 0; id < static_cast<int>(kMessageCount); ++id) {
-      if (!English(id).empty()) check(id);
+    for (int id = 0; id < static_cast<int>(kEndOfTexts); ++id) {
+      const Text* english = IsTextNumber(static_cast<std::size_t>(id)) ? rig.catalogue.Find(id) : nullptr;
+      if (english != nullptr && !english->empty()) check(id);
     }
   }
 
@@ -96,6 +97,7 @@ TEST_P(LanguageBlock, IsComplete) {
   EXPECT_EQ(rig.languages.LoadLanguageStrings(false), 100);
   const int base = kBlockSize * rig.options.LanguageIndex;
   for (int id = 0; id < static_cast<int>(kMessageCount); ++id) EXPECT_NE(rig.catalogue.Find(base + id), nullptr) << id;
+  ForEachText([&](int id) { EXPECT_NE(rig.catalogue.Find(base + id), nullptr) << id; });
 }
 
 TEST_P(LanguageBlock, KeepsThePlacesForValues) {

@@ -148,6 +148,18 @@ TEST(LanguageStrings, EachLoadOverwritesAll) {
   }
 }
 
+TEST(LanguageStrings, FurtherTextsFallBackToEnglishAndDontCount) {
+  LanguageRig rig;
+  rig.Block("german", BlockWithout({}) + "900\tZuletzt\n899\tbefore\n1000\tbehind\n");
+  rig.StartIn(u"GERMAN");
+  EXPECT_EQ(rig.languages.LoadLanguageStrings(true), 100);
+  EXPECT_EQ(rig.strings[900], u"Zuletzt");
+  EXPECT_EQ(rig.strings[901], *rig.catalogue.Find(901));
+  EXPECT_EQ(rig.catalogue.Find(21899), nullptr);
+  EXPECT_EQ(rig.catalogue.Find(22000), nullptr);
+  EXPECT_EQ(rig.files.Read(rig.languages.TranslationFilePath(), 1 << 20).find("21901"), std::string::npos);
+}
+
 TEST(LanguageStrings, ADamagedFileNeverTouchesAnotherLanguage) {
   LanguageRig rig;
   rig.Block("spanish",
