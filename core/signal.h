@@ -48,6 +48,9 @@ class Signal {
     return Connection(alive);
   }
 
+  /// True while nothing listens.
+  bool Empty() const { return slots_.empty(); }
+
   void operator()(Args... args) {
     // A slot may connect or disconnect others while it runs: entries are only appended here, and the
     // dead ones go after the outermost call.

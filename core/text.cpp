@@ -203,6 +203,20 @@ Text Fill(TextView text, TextView first, TextView second) {
   return result;
 }
 
+Text WithoutAccessKey(TextView caption) {
+  Text plain;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption.substr(i, 2) == u"(&" && i + 3 < caption.size() && caption[i + 3] == u')') {
+      while (plain.ends_with(u' ')) plain.pop_back();
+      i += 3;
+      continue;
+    }
+    if (caption[i] == u'&' && i + 1 < caption.size()) ++i;
+    plain += caption[i];
+  }
+  return plain;
+}
+
 std::vector<Text> Split(TextView text, TextView separator) {
   std::vector<Text> pieces;
   std::size_t at = 0;

@@ -45,6 +45,9 @@ Text ReplaceFirst(TextView text, TextView from, TextView to);
 /// The text with "%1" and "%2" filled in one pass, so that a "%1" inside a value is text.
 Text Fill(TextView text, TextView first, TextView second = {});
 
+/// A caption without the mark of its access key: "&Yes" and "Yes (&Y)" become "Yes", "&&" becomes "&".
+Text WithoutAccessKey(TextView caption);
+
 /// The pieces between the separators; at least one, possibly empty.
 std::vector<Text> Split(TextView text, TextView separator);
 

@@ -1,18 +1,24 @@
 #include "ui/binder.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QSlider>
 #include <QTextCursor>
 
 #include "ui/key_codes.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
+
+const char* const Binder::kCaptionProperty = "caption";
 
 Binder::Binder(QWidget& root, Form& form) : QObject(&root), root_(root), form_(form) {}
 
@@ -28,6 +34,8 @@ void Binder::ShowCommon(const Control& control, QWidget& widget) {
   if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
   const QString tip = ToQt(control.ToolTip());
   if (widget.toolTip() != tip) widget.setToolTip(tip);
+  const QString spoken = ToQt(control.SpokenName());
+  if (!spoken.isEmpty() && widget.accessibleName() != spoken) widget.setAccessibleName(spoken);
   const auto direction = control.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
   if (widget.testAttribute(Qt::WA_SetLayoutDirection) || control.RightToLeft()) {
     if (widget.layoutDirection() != direction) widget.setLayoutDirection(direction);
@@ -85,6 +93,13 @@ QStringList Binder::BindAll() {
   for (Control* control : form_.Controls()) {
     if (!bound_.contains(control) && !BindOne(*control)) missing << QString::fromStdString(control->Name());
   }
+  if (!form_.Hovered.Empty()) {
+    root_.setMouseTracking(true);
+    root_.installEventFilter(this);
+  }
+  connections_.push_back(form_.FocusRequested.ConnectScoped([this](Control& control) {
+    if (auto* widget = qobject_cast<QWidget*>(bound_.value(&control))) widget->setFocus();
+  }));
   return missing;
 }
 
@@ -96,35 +111,61 @@ bool Binder::BindOne(Control& control) {
   auto* widget = root_.findChild<QWidget*>(QString::fromStdString(control.Name()));
   if (widget == nullptr) return false;
   bound_.insert(&control, widget);
-  switch (control.GetKind()) {
-    case Control::Kind::Label: {
-      auto* label = qobject_cast<QLabel*>(widget);
-      Watch(control, [this, &control, label, widget] {
-        if (label != nullptr && label->text() != ToQt(control.GetText())) label->setText(ToQt(control.GetText()));
-        ShowCommon(control, *widget);
-      });
-      filtered_.insert(widget, &control);
-      widget->installEventFilter(this);
-      break;
-    }
-    case Control::Kind::Button:
-      BindButton(static_cast<Button&>(control), *static_cast<QAbstractButton*>(widget));
-      break;
-    case Control::Kind::Option:
-      BindOption(static_cast<OptionButton&>(control), *static_cast<QAbstractButton*>(widget));
-      break;
-    case Control::Kind::TextBox:
-      BindTextBox(static_cast<TextBox&>(control), *widget);
-      break;
-    case Control::Kind::Combo:
-      BindCombo(static_cast<ComboBox&>(control), *static_cast<QComboBox*>(widget));
-      break;
-    default:
-      Watch(control, [this, &control, widget] { ShowCommon(control, *widget); });
-      filtered_.insert(widget, &control);
-      widget->installEventFilter(this);
-  }
+  BindWidget(control, *widget);
+  if (!control.Hovered.Empty()) WatchHover(control, *widget);
   return true;
+}
+
+void Binder::BindWidget(Control& control, QWidget& widget) {
+  switch (control.GetKind()) {
+    case Control::Kind::Label:
+      return BindLabel(static_cast<Label&>(control), widget);
+    case Control::Kind::Button:
+      return BindButton(static_cast<Button&>(control), static_cast<QAbstractButton&>(widget));
+    case Control::Kind::Option:
+      return BindOption(static_cast<OptionButton&>(control), static_cast<QAbstractButton&>(widget));
+    case Control::Kind::Check:
+      return BindCheck(static_cast<CheckBox&>(control), static_cast<QCheckBox&>(widget));
+    case Control::Kind::Slider:
+      return BindSlider(static_cast<Slider&>(control), static_cast<QSlider&>(widget));
+    case Control::Kind::List:
+      return BindList(static_cast<ListBox&>(control), static_cast<QListWidget&>(widget));
+    case Control::Kind::TextBox:
+      return BindTextBox(static_cast<TextBox&>(control), widget);
+    case Control::Kind::Combo:
+      return BindCombo(static_cast<ComboBox&>(control), static_cast<QComboBox&>(widget));
+    case Control::Kind::Frame:
+      return Watch(control, [this, &control, &widget] {
+        if (auto* group = qobject_cast<QGroupBox*>(&widget)) group->setTitle(ToQt(control.GetText()));
+        ShowCommon(control, widget);
+      });
+    default:
+      Watch(control, [this, &control, &widget] { ShowCommon(control, widget); });
+      filtered_.insert(&widget, &control);
+      widget.installEventFilter(this);
+  }
+}
+
+void Binder::BindLabel(Label& label, QWidget& widget) {
+  if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+    Watch(label, [this, &label, button] {
+      if (button->text() != ToQt(label.GetText())) button->setText(ToQt(label.GetText()));
+      ShowCommon(label, *button);
+    });
+    connect(button, &QAbstractButton::clicked, this, [&label] { label.Clicked(); });
+    return;
+  }
+  auto* shown = qobject_cast<QLabel*>(&widget);
+  Watch(label, [this, &label, shown, &widget] {
+    if (shown != nullptr) {
+      const bool caption = shown->property(kCaptionProperty).toBool();
+      const QString text = ToQt(caption ? WithoutAccessKey(label.GetText()) : label.GetText());
+      if (shown->text() != text) shown->setText(text);
+    }
+    ShowCommon(label, widget);
+  });
+  filtered_.insert(&widget, &label);
+  widget.installEventFilter(this);
 }
 
 void Binder::BindTimer(Timer& timer) {
@@ -169,6 +210,56 @@ void Binder::BindOption(OptionButton& option, QAbstractButton& widget) {
   });
 }
 
+void Binder::BindCheck(CheckBox& check, QCheckBox& widget) {
+  const QPalette plain = widget.palette();
+  Watch(check, [this, &check, &widget, plain] {
+    if (widget.text() != ToQt(check.GetText())) widget.setText(ToQt(check.GetText()));
+    widget.setChecked(check.Value());
+    if (widget.autoFillBackground() != check.Highlighted()) {
+      QPalette colours = plain;
+      if (check.Highlighted()) {
+        colours.setBrush(QPalette::Window, colours.toolTipBase());
+        colours.setBrush(QPalette::WindowText, colours.toolTipText());
+      }
+      widget.setPalette(colours);
+      widget.setAutoFillBackground(check.Highlighted());
+    }
+    ShowCommon(check, widget);
+  });
+  connect(&widget, &QCheckBox::clicked, this, [&check, &widget] {
+    check.Click();
+    widget.setChecked(check.Value());
+  });
+}
+
+void Binder::BindSlider(Slider& slider, QSlider& widget) {
+  Watch(slider, [this, &slider, &widget] {
+    const QSignalBlocker quiet(&widget);
+    widget.setRange(slider.Min(), slider.Max());
+    if (widget.value() != slider.Value()) widget.setValue(slider.Value());
+    ShowCommon(slider, widget);
+  });
+  connect(&widget, &QSlider::valueChanged, this, [&slider](int value) { slider.Move(value); });
+}
+
+void Binder::BindList(ListBox& list, QListWidget& widget) {
+  Watch(list, [this, &list, &widget] {
+    const QSignalBlocker quiet(&widget);
+    const auto& items = list.Items();
+    bool same = widget.count() == static_cast<int>(items.size());
+    for (int i = 0; same && i < widget.count(); ++i) {
+      same = widget.item(i)->text() == ToQt(items[static_cast<std::size_t>(i)]);
+    }
+    if (!same) {
+      widget.clear();
+      for (const Text& item : items) widget.addItem(ToQt(item));
+    }
+    if (widget.currentRow() != list.Index()) widget.setCurrentRow(list.Index());
+    ShowCommon(list, widget);
+  });
+  connect(&widget, &QListWidget::currentRowChanged, this, [&list](int row) { list.Choose(row); });
+}
+
 void Binder::BindCombo(ComboBox& combo, QComboBox& widget) {
   widget.setEditable(combo.Editable());
   Watch(combo, [this, &combo, &widget] {
@@ -194,6 +285,8 @@ void Binder::BindCombo(ComboBox& combo, QComboBox& widget) {
       combo.SetText(FromQt(text));
       taking_ = false;
     });
+    filtered_.insert(widget.lineEdit(), &combo);
+    widget.lineEdit()->installEventFilter(this);
   }
 }
 
@@ -236,7 +329,45 @@ void Binder::TakeText(TextBox& box, QWidget& widget) {
   box.Edited();
 }
 
+void Binder::WatchHover(Control& control, QWidget& widget) {
+  widget.setMouseTracking(true);
+  hovered_.insert(&widget, &control);
+  widget.installEventFilter(this);
+}
+
+void Binder::FilterHover(QObject* object, QEvent& event) {
+  QPoint at;
+  switch (event.type()) {
+    case QEvent::Enter:
+      at = static_cast<QEnterEvent&>(event).globalPosition().toPoint();
+      break;
+    case QEvent::MouseMove:
+      at = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
+      break;
+    case QEvent::FocusIn: {
+      const Qt::FocusReason reason = static_cast<QFocusEvent&>(event).reason();
+      const bool keyboard =
+          reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+      if (Control* control = hovered_.value(object); keyboard && control != nullptr) control->Hovered();
+      return;
+    }
+    default:
+      return;
+  }
+  // A motion goes on to the parents of the widget under the pointer; and a widget that appears under a resting pointer
+  // is entered without a motion.
+  if (at == hoveredAt_) return;
+  if (Control* control = hovered_.value(object)) {
+    hoveredAt_ = at;
+    control->Hovered();
+  } else if (object == &root_ && !form_.Hovered.Empty()) {
+    hoveredAt_ = at;
+    form_.Hovered();
+  }
+}
+
 bool Binder::eventFilter(QObject* object, QEvent* event) {
+  FilterHover(object, *event);
   Control* control = filtered_.value(object);
   if (control == nullptr) return false;
   switch (control->GetKind()) {
@@ -244,6 +375,8 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
       return FilterButton(static_cast<Button&>(*control), *event);
     case Control::Kind::TextBox:
       return FilterTextBox(static_cast<TextBox&>(*control), *static_cast<QWidget*>(object), *event);
+    case Control::Kind::Combo:
+      return FilterCombo(static_cast<ComboBox&>(*control), *static_cast<QLineEdit*>(object), *event);
     case Control::Kind::Label:
       if (event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         static_cast<Label&>(*control).Clicked();
@@ -286,6 +419,20 @@ bool Binder::FilterButton(Button& button, QEvent& event) {
     default:
       return false;
   }
+}
+
+bool Binder::FilterCombo(ComboBox& combo, QLineEdit& editor, QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
+  if (key.command || (key.character == 0 && key.code != kKeyBackspace)) return false;
+  const char16_t typed = key.character;
+  combo.NoteSelection(static_cast<int>(editor.selectedText().size()));
+  combo.KeyPress(key);
+  if (!key.handled && key.character != typed) {
+    editor.insert(QChar(key.character));
+    return true;
+  }
+  return key.handled;
 }
 
 bool Binder::FilterTextBox(TextBox& box, QWidget& widget, QEvent& event) {

@@ -12,14 +12,21 @@
 #include "core/form/controls.h"
 
 class QAbstractButton;
+class QCheckBox;
 class QComboBox;
+class QLineEdit;
+class QListWidget;
+class QSlider;
 
 namespace cuewright {
 
 /// Binds the controls of a form to the widgets of a window by their object names: the widgets show the form's state,
-/// and what the user does to them reaches the form.
+/// and what the user does to them reaches the form. A label may be bound to a button, which the keyboard reaches.
 class Binder final : public QObject {
  public:
+  /// A label whose property of this name is true shows the text of a caption, without the mark of its access key.
+  static const char* const kCaptionProperty;
+
   Binder(QWidget& root, Form& form);
   ~Binder() override;
 
@@ -35,13 +42,21 @@ class Binder final : public QObject {
 
  private:
   bool BindOne(Control& control);
+  void BindWidget(Control& control, QWidget& widget);
+  void BindLabel(Label& label, QWidget& widget);
   void BindButton(Button& button, QAbstractButton& widget);
+  void BindCheck(CheckBox& check, QCheckBox& widget);
+  void BindSlider(Slider& slider, QSlider& widget);
+  void BindList(ListBox& list, QListWidget& widget);
   void BindOption(OptionButton& option, QAbstractButton& widget);
   void BindTextBox(TextBox& box, QWidget& widget);
   void BindTimer(Timer& timer);
   void BindCombo(ComboBox& combo, QComboBox& widget);
   void ShowCommon(const Control& control, QWidget& widget);
   void Watch(Control& control, std::function<void()> show);
+  void WatchHover(Control& control, QWidget& widget);
+  void FilterHover(QObject* object, QEvent& event);
+  bool FilterCombo(ComboBox& combo, QLineEdit& editor, QEvent& event);
   bool FilterButton(Button& button, QEvent& event);
   bool FilterTextBox(TextBox& box, QWidget& widget, QEvent& event);
   void TakeText(TextBox& box, QWidget& widget);
@@ -51,7 +66,9 @@ class Binder final : public QObject {
   std::vector<Connection> connections_;
   QHash<const Control*, QObject*> bound_;
   QHash<QObject*, Control*> filtered_;
-  bool taking_ = false;  // the widget's own change is on its way to the form
+  QHash<QObject*, Control*> hovered_;
+  QPoint hoveredAt_{-1, -1};  // of the pointer, on the screen, when it was last told
+  bool taking_ = false;       // the widget's own change is on its way to the form
 };
 
 }  // namespace cuewright

@@ -20,6 +20,12 @@ void Control::SetToolTip(TextView text) {
   Changed();
 }
 
+void Control::SetSpokenName(TextView name) {
+  if (spokenName_ == name) return;
+  spokenName_ = name;
+  Changed();
+}
+
 Control* Form::Find(const std::string& name) const {
   const auto at = std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) { return c->Name() == name; });
   return at == controls_.end() ? nullptr : *at;

@@ -44,7 +44,7 @@ struct MouseEvent {
 /// A named control of a window, with no toolkit behind it. `Changed` tells the window to show the state anew.
 class Control {
  public:
-  enum class Kind { Label, Button, TextBox, Option, Check, Menu, Picture, Timer, Table, Slider, Combo };
+  enum class Kind { Label, Button, TextBox, Option, Check, Menu, Picture, Timer, Table, Slider, Combo, List, Frame };
 
   Control(Form& form, Kind kind, std::string name);
   Control(const Control&) = delete;
@@ -67,8 +67,12 @@ class Control {
   /// The key hint: the caption is underlined.
   bool Underlined() const { return underlined_; }
   void SetUnderlined(bool on) { Assign(underlined_, on); }
+  /// What a screen reader says for a control whose own text doesn't tell; empty: its own text.
+  const Text& SpokenName() const { return spokenName_; }
+  void SetSpokenName(TextView name);
 
   Signal<> Changed;
+  Signal<> Hovered;  ///< the pointer came over the control, or the focus by the keyboard
 
  protected:
   template <class T>
@@ -83,6 +87,7 @@ class Control {
   std::string name_;
   Text text_;
   Text toolTip_;
+  Text spokenName_;
   bool enabled_ = true;
   bool visible_ = true;
   bool rightToLeft_ = false;
@@ -116,6 +121,9 @@ class Form {
     DirectionChanged();
   }
   Signal<> DirectionChanged;
+
+  Signal<> Hovered;                 ///< the pointer came over the window beside its controls
+  Signal<Control&> FocusRequested;  ///< the control is to take the focus
 
  private:
   friend class Control;

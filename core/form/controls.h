@@ -77,6 +77,59 @@ class OptionButton final : public Control {
   bool value_ = false;
 };
 
+/// A box that is checked or not.
+class CheckBox final : public Control {
+ public:
+  CheckBox(Form& form, std::string name) : Control(form, Kind::Check, std::move(name)) {}
+  bool Value() const { return value_; }
+  void SetValue(bool value) { Assign(value_, value); }
+  /// Painted in the colours of a tool tip.
+  bool Highlighted() const { return highlighted_; }
+  void SetHighlighted(bool on) { Assign(highlighted_, on); }
+  Signal<> Clicked;
+
+  /// A click as by the user; nothing happens while disabled.
+  void Click() {
+    if (!Enabled()) return;
+    SetValue(!value_);
+    Clicked();
+  }
+
+ private:
+  bool value_ = false;
+  bool highlighted_ = false;
+};
+
+/// A bar on which the user picks a whole number.
+class Slider final : public Control {
+ public:
+  Slider(Form& form, std::string name) : Control(form, Kind::Slider, std::move(name)) {}
+
+  int Min() const { return min_; }
+  int Max() const { return max_; }
+  void SetRange(int min, int max) {
+    min_ = min;
+    max_ = max;
+    value_ = std::clamp(value_, min, max);
+    Changed();
+  }
+  int Value() const { return value_; }
+  /// A value out of range becomes the nearest in it.
+  void SetValue(int value) { Assign(value_, std::clamp(value, min_, max_)); }
+
+  /// The user moved the bar.
+  void Move(int value) {
+    SetValue(value);
+    Scrolled();
+  }
+  Signal<> Scrolled;
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
+};
+
 /// An item of a menu. Items with the same parent stand in the order of their making.
 class MenuItem final : public Control {
  public:
@@ -114,7 +167,19 @@ class MenuItem final : public Control {
 class Picture final : public Control {
  public:
   Picture(Form& form, std::string name) : Control(form, Kind::Picture, std::move(name)) {}
+  /// The least height in pixels; 0 for that of the content.
+  int Height() const { return height_; }
+  void SetHeight(int height) { Assign(height_, height); }
   Signal<const MouseEvent&> MouseDown;
+
+ private:
+  int height_ = 0;
+};
+
+/// A titled group of controls.
+class Frame final : public Control {
+ public:
+  Frame(Form& form, std::string name) : Control(form, Kind::Frame, std::move(name)) {}
 };
 
 /// A timer: while enabled, `Tick` comes about every `Interval` ms between other events.
@@ -159,11 +224,45 @@ class ComboBox final : public Control {
   }
   Signal<> Chosen;
   Signal<KeyEvent&> KeyPress;  ///< a character about to be typed
+  /// What the user has selected of the text; told before each `KeyPress`.
+  int SelLength() const { return selLength_; }
+  void NoteSelection(int length) { selLength_ = length; }
 
  private:
   std::vector<Text> items_;
   int index_ = -1;
+  int selLength_ = 0;
   bool editable_ = false;
+};
+
+/// A list of texts of which one may be selected.
+class ListBox final : public Control {
+ public:
+  ListBox(Form& form, std::string name) : Control(form, Kind::List, std::move(name)) {}
+
+  const std::vector<Text>& Items() const { return items_; }
+  void SetItems(std::vector<Text> items) {
+    items_ = std::move(items);
+    index_ = -1;
+    Changed();
+  }
+  /// The selected item; -1 for none.
+  int Index() const { return index_; }
+  void SetIndex(int index) {
+    if (index < -1 || index >= static_cast<int>(items_.size())) return;
+    Assign(index_, index);
+  }
+
+  /// The user selected an item.
+  void Choose(int index) {
+    SetIndex(index);
+    Chosen();
+  }
+  Signal<> Chosen;
+
+ private:
+  std::vector<Text> items_;
+  int index_ = -1;
 };
 
 }  // namespace cuewright
