@@ -12,6 +12,7 @@
 #include "platform/user_folders.h"
 #include "ui/export_view.h"
 #include "ui/main_window_view.h"
+#include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
@@ -52,6 +53,7 @@ int main(int argc, char** argv) {
   PosixFiles files;
   QtMessages messages;
   QtFileDialogs dialogs;
+  QtPickers pickers;
   QtEventQueue events;
   QtDesktop desktop;
   const MpvLibrary library;
@@ -68,7 +70,7 @@ int main(int argc, char** argv) {
   const IcuLocale locale;
   environment.locale = &locale;
 
-  Program program({files, messages, dialogs, events, desktop, player}, environment);
+  Program program({files, messages, dialogs, events, desktop, player, pickers}, environment);
   messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
 

@@ -4,6 +4,7 @@
 
 #include "core/paths.h"
 #include "core/runtime_error.h"
+#include "external/common_dialogs.h"
 
 namespace cuewright {
 namespace {
@@ -123,8 +124,8 @@ Text FileActions::OpenFileFilter() {
     all += Patterns(p_.catalogue.ReadIni(id, u"extension", u"txt"));
     each += FilterOf(id, u"Unknown format");
   }
-  const Text path = ports_.fileDialogs.ShowOpenDialog(Untitled(59), u"All supported formats|" + all + u"|" + each,
-                                                      p_.recall.LastFolder());
+  const Text path = ShowOpenDialog(ports_.fileDialogs, u"All supported formats|" + all + u"|" + each, Untitled(59),
+                                   p_.recall.LastFolder());
   return IsBlank(path) ? Text() : path;
 }
 
@@ -187,7 +188,7 @@ void FileActions::FinishLoad(CarryOn& step) {
 void FileActions::OpenVideo() {
   p_.store.SaveSetting(kMainSection, u"Volume", Decimal(ports_.player.Volume()));
   closeTools();
-  const Text path = ports_.fileDialogs.ShowOpenDialog(Untitled(60), kVideoFilter, p_.recall.LastFolder());
+  const Text path = ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(60), p_.recall.LastFolder());
   if (!IsBlank(path)) p_.playerBinding.LoadVideoFile(path);
 }
 
@@ -226,7 +227,7 @@ void FileActions::SaveAs() {
     } else if (p_.document.HasVideo()) {
       proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
     }
-    Text path(TrimBlanks(ports_.fileDialogs.ShowSaveDialog(Untitled(45), filter, p_.recall.LastFolder(), proposal)));
+    Text path(TrimBlanks(ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal)));
     if (path.empty()) return;
     const Text first = u"." + Split(extensions, u",")[0];
     if (!path.ends_with(first)) path += first;

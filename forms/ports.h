@@ -5,6 +5,7 @@
 #include "core/ports/file_dialogs.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
+#include "core/ports/pickers.h"
 #include "core/ports/player.h"
 
 namespace cuewright {
@@ -17,6 +18,7 @@ struct Ports {
   EventQueue& events;
   Desktop& desktop;
   Player& player;
+  Pickers& pickers;
 };
 
 }  // namespace cuewright

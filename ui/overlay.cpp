@@ -3,15 +3,10 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include "ui/qt_colour.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
-namespace {
-
-QColor ColourOf(std::int32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
-
-}  // namespace
-
 Overlay::Overlay(SubWindow& form, QWidget* parent) : QWidget(parent), form_(form) {
   setObjectName("frmSub");
   setAccessibleName("Caption over the picture");

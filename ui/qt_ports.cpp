@@ -29,15 +29,6 @@ constexpr std::size_t kCancelText = 67;
 constexpr std::pair<QMessageBox::StandardButton, std::size_t> kBoxButtons[] = {
     {QMessageBox::Ok, kOkText}, {QMessageBox::Cancel, kCancelText}, {QMessageBox::Yes, 68}, {QMessageBox::No, 69}};
 
-QWidget* Owner() {
-  QWidget* active = QApplication::activeWindow();
-  if (active != nullptr) return active;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible()) return window;
-  }
-  return nullptr;
-}
-
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
     case BoxIcon::Information:
@@ -88,13 +79,22 @@ QString PickerFilter(TextView filter) {
 
 QString FolderPath(TextView folder) { return QFile::decodeName(QByteArray::fromStdString(ToUtf8(folder))); }
 
-Text PickedPath(const QString& path) { return FromUtf8(QFile::encodeName(path).toStdString()); }
-
 }  // namespace
+
+QWidget* BoxOwner() {
+  QWidget* active = QApplication::activeWindow();
+  if (active != nullptr) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
+Text PickedPath(const QString& path) { return FromUtf8(QFile::encodeName(path).toStdString()); }
 
 BoxAnswer QtMessages::Show(const MessageBox& box) {
   QMessageBox shown(IconOf(box.icon), ToQt(box.title.empty() ? kProductName : TextView(box.title)),
-                    ToQt(ReplaceAll(box.text, kLineEnd, u"\n")), ButtonsOf(box.buttons), Owner());
+                    ToQt(ReplaceAll(box.text, kLineEnd, u"\n")), ButtonsOf(box.buttons), BoxOwner());
   shown.setTextFormat(Qt::PlainText);
   shown.setObjectName("messageBox");
   for (const auto& [kind, message] : kBoxButtons) {
@@ -118,7 +118,7 @@ BoxAnswer QtMessages::Show(const MessageBox& box) {
 }
 
 Text QtMessages::Ask(const InputBox& box) {
-  QInputDialog dialog(Owner());
+  QInputDialog dialog(BoxOwner());
   dialog.setObjectName("inputBox");
   dialog.setWindowTitle(ToQt(box.title.empty() ? kProductName : TextView(box.title)));
   dialog.setLabelText(ToQt(box.prompt));
@@ -132,12 +132,12 @@ Text QtMessages::Ask(const InputBox& box) {
 }
 
 Text QtFileDialogs::ShowOpenDialog(TextView title, TextView filter, TextView folder) {
-  return PickedPath(QFileDialog::getOpenFileName(Owner(), ToQt(title), FolderPath(folder), PickerFilter(filter)));
+  return PickedPath(QFileDialog::getOpenFileName(BoxOwner(), ToQt(title), FolderPath(folder), PickerFilter(filter)));
 }
 
 Text QtFileDialogs::ShowSaveDialog(TextView title, TextView filter, TextView folder, TextView proposal) {
-  return PickedPath(QFileDialog::getSaveFileName(Owner(), ToQt(title), FolderPath(WithSlash(folder)) + ToQt(proposal),
-                                                 PickerFilter(filter)));
+  return PickedPath(QFileDialog::getSaveFileName(BoxOwner(), ToQt(title),
+                                                 FolderPath(WithSlash(folder)) + ToQt(proposal), PickerFilter(filter)));
 }
 
 QtEventQueue::QtEventQueue() { clock_.start(); }

@@ -11,6 +11,12 @@
 
 namespace cuewright {
 
+/// The window over which a box opens: the active one, else one that is seen; null for none.
+QWidget* BoxOwner();
+
+/// The path that a picker gave, with bytes that are no UTF-8 kept.
+Text PickedPath(const QString& path);
+
 /// Message boxes and one-line questions of the desktop, over the active window.
 class QtMessages final : public Messages {
  public:

@@ -450,7 +450,7 @@ TEST_F(MissingPlayer, AFormatFileThatIsMissingEndsTheProgram) {
   StartEnvironment environment;
   environment.appFolder = folder / "";
   environment.makeTempFolder = [] { return Text(); };
-  Program other(Ports{files, boxes, dialogs, events, desktop, player}, environment);
+  Program other(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
   EXPECT_FALSE(other.Start());
   ASSERT_EQ(boxes.shown.size(), 2u);
   EXPECT_NE(ToUtf8(boxes.shown[0].text).find("formats.ini]"), std::string::npos);

@@ -8,6 +8,7 @@
 #include "core/ports/event_queue.h"
 #include "core/ports/file_dialogs.h"
 #include "core/ports/messages.h"
+#include "core/ports/pickers.h"
 #include "core/ports/player.h"
 
 namespace cuewright::testing {
@@ -114,6 +115,41 @@ class FakeFileDialogs final : public FileDialogs {
     Text path = paths.front();
     paths.pop_front();
     return path;
+  }
+};
+
+/// Pickers answered from queues; an empty queue is a cancel.
+class FakePickers final : public Pickers {
+ public:
+  std::optional<std::int32_t> PickColour(std::int32_t initial, const CustomColours& custom) override {
+    coloursShown.push_back(initial);
+    customColours = custom;
+    return Take(colours);
+  }
+  std::optional<FontChoice> PickFont(const FontChoice& initial) override {
+    fontsShown.push_back(initial);
+    return Take(fonts);
+  }
+  Text PickFolder(TextView prompt) override {
+    prompts.emplace_back(prompt);
+    return Take(folders).value_or(Text());
+  }
+
+  std::vector<std::int32_t> coloursShown;
+  CustomColours customColours{};
+  std::vector<FontChoice> fontsShown;
+  std::vector<Text> prompts;
+  std::deque<std::int32_t> colours;
+  std::deque<FontChoice> fonts;
+  std::deque<Text> folders;
+
+ private:
+  template <class T>
+  static std::optional<T> Take(std::deque<T>& queue) {
+    if (queue.empty()) return std::nullopt;
+    T first = queue.front();
+    queue.pop_front();
+    return first;
   }
 };
 

@@ -27,7 +27,7 @@ struct ProgramFixture : ::testing::Test {
     environment.settingsFile = folder / "settings.ini";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
-    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player}, environment);
+    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
     started = program->Start();
     program->LoadMainWindow(1280, 800);
     program->grid.NoteMetrics(200, 20);
@@ -60,6 +60,7 @@ struct ProgramFixture : ::testing::Test {
   FakeEventQueue events;
   FakeDesktop desktop;
   FakePlayer player;
+  FakePickers pickers;
   std::unique_ptr<Program> program;
   bool started = false;
 };
