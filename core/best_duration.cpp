@@ -17,17 +17,18 @@ std::size_t LengthClass(int length) { return length <= kShortUpTo ? 0 : length <
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   if (!list.InRange(row)) return {};
   const Text& separator = list.Options().LineSeparator;
+  const Text& text = list.At(row).text;
   const Checked32 start(list.GetCaptionStart(row));
-  if ((Checked32(list.GetCaptionEnd(row)) - start) < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));
-  const Text text = list.GetCaptionText(row);
+  const Checked32 duration = Checked32(list.GetCaptionEnd(row)) - start;
   Checked16 length(static_cast<std::int64_t>(text.size()));
   // Only the italic marker is taken off: the others count as characters here.
   if (list.IsCaptionItalic(row)) length = length - Checked16(kMarkerLength);
   if (text.find(separator) != Text::npos) length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  if (duration < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));
   if (length < 1) return {};
-  const Checked16 duration = Checked16(list.Options().Duration[LengthClass(length)]) * length;
-  list.SetCaptionEnd(row, start + Checked32(duration.Value()));
-  return duration.Value();
+  const Checked16 best = Checked16(list.Options().Duration[LengthClass(length)]) * length;
+  list.SetCaptionEnd(row, start + Checked32(best.Value()));
+  return best.Value();
 }
 
 }  // namespace cuewright

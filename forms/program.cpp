@@ -31,7 +31,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       files(Parts(), ports_),
       shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
             playerBinding, folders, ports_),
-      exportDialog(catalogue, formats, strings, ports_.messages) {
+      exportDialog(catalogue, formats, strings, ports_.messages),
+      ruleReport(strings),
+      reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
+      rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_) {
   Connect();
 }
 
@@ -41,15 +44,17 @@ FileActionParts Program::Parts() {
 }
 
 void Program::Connect() {
-  files.resetControls = [this] { shell.ResetControls(); };
+  files.resetControls = [this] {
+    shell.ResetControls();
+    if (!document.HasDocument()) ruleReport.ResetRuleReport();
+  };
   playerBinding.resetControls = files.resetControls;
   playerBinding.closeReport = [this] { openForms.UnloadForm("frmReport"); };
   files.closeTools = [this] {
     for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);
   };
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
-  files.resetRuleReport = [] {};
-  files.applyRulesOnLoad = [] {};
+  ConnectRules();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
   files.chooseFormat = [this] {
@@ -57,6 +62,13 @@ void Program::Connect() {
     if (runExportDialog) runExportDialog();
     return exportDialog.Result();
   };
+}
+
+void Program::ConnectRules() {
+  rules.refreshFileLabels = files.refreshFileLabels;
+  files.resetRuleReport = [this] { ruleReport.ResetRuleReport(); };
+  files.applyRulesOnLoad = [this] { rules.ApplyRules(true); };
+  reportWindow.openSettings = [this] { window.mnuGSettings.Click(); };
 }
 
 bool Program::Start() {
@@ -114,6 +126,9 @@ std::int16_t Program::ChangeLanguage(std::size_t row) {
 void Program::ApplyLanguage() {
   shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
   for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
+  for (ToolForm* form : ToolForms()) {
+    if (form->Loaded()) form->ApplyLanguage(languages.IsRightToLeft());
+  }
 }
 
 void Program::SetTextFileLabel(TextView text) { window.lblTextFile.SetText(text); }

@@ -26,11 +26,14 @@
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
+#include "forms/report_window.h"
+#include "forms/rules_commands.h"
 #include "forms/shell.h"
 #include "forms/start_window.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/store.h"
+#include "tools/rule_report.h"
 
 namespace cuewright {
 
@@ -99,6 +102,12 @@ class Program final : private FormatHost {
   FileActions files;
   Shell shell;
   ExportDialog exportDialog;
+  RuleReport ruleReport;
+  ReportWindow reportWindow;
+  RulesCommands rules;
+
+  /// The windows that stand beside the main one.
+  std::vector<ToolForm*> ToolForms() { return {&reportWindow}; }
 
   /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
   std::function<void()> runExportDialog;
@@ -108,6 +117,7 @@ class Program final : private FormatHost {
 
  private:
   void Connect();
+  void ConnectRules();
   void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();

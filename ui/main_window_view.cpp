@@ -25,6 +25,7 @@
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
+#include "ui/tool_windows.h"
 #include "ui/wrap_row.h"
 
 namespace cuewright {
@@ -68,6 +69,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   BuildBottomPanel();
   GiveNames();
   binder_.BindAll();
+  tools_ = std::make_unique<ToolWindows>(program_, *this);
 
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
   connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));

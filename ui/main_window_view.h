@@ -11,6 +11,7 @@ namespace cuewright {
 
 class CaptionTable;
 class Overlay;
+class ToolWindows;
 
 /// The main window `frmMain` on the toolkit: it lays the widgets out as the form says and hands it what happens.
 class MainWindowView final : public QMainWindow {
@@ -59,6 +60,7 @@ class MainWindowView final : public QMainWindow {
   QWidget* pane_ = nullptr;
   QWidget* barLogo_ = nullptr;
   Overlay* overlay_ = nullptr;
+  std::unique_ptr<ToolWindows> tools_;
   bool activated_ = false;
   std::vector<Connection> connections_;
 };

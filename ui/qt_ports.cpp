@@ -144,6 +144,8 @@ QtEventQueue::QtEventQueue() { clock_.start(); }
 
 void QtEventQueue::Yield() { QCoreApplication::processEvents(); }
 
+void QtEventQueue::YieldToPainting() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
 void QtEventQueue::WaitMs(int ms) {
   QEventLoop loop;
   QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);

@@ -40,6 +40,7 @@ class QtEventQueue final : public EventQueue {
  public:
   QtEventQueue();
   void Yield() override;
+  void YieldToPainting() override;
   void WaitMs(int ms) override;
   std::int64_t NowMs() const override;
 

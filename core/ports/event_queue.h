@@ -12,6 +12,10 @@ class EventQueue {
   /// Handles the events that are waiting, and returns.
   virtual void Yield() = 0;
 
+  /// Handles waiting events but those of keyboard, pointer and window frame, which stay waiting: work that must not be
+  /// entered twice paints and keeps its timers going.
+  virtual void YieldToPainting() { Yield(); }
+
   /// Waits `ms` milliseconds while events go on being handled.
   virtual void WaitMs(int ms) = 0;
 

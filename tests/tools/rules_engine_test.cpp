@@ -2,63 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "tests/support/fakes.h"
-#include "tests/support/printers.h"
+#include "tests/tools/rules_rig.h"
 
 namespace cuewright {
 namespace {
-
-struct FakeHost final : RulesHost {
-  void CloseToolWindows() override { calls.emplace_back("close"); }
-  void SetBusy(bool on) override { calls.emplace_back(on ? "busy" : "idle"); }
-  void Yield() override { calls.emplace_back("yield"); }
-  void ShowProgress(TextView text) override { calls.push_back("progress " + ToUtf8(text)); }
-  void RefreshFileLabels() override { calls.emplace_back("labels"); }
-  void LeavePreviewMode() override { calls.emplace_back("press and hold"); }
-  bool PausePlayer() override {
-    calls.emplace_back("pause");
-    return playing;
-  }
-  void ResumePlayer() override { calls.emplace_back("resume"); }
-  void ShowReport() override { calls.emplace_back("report"); }
-
-  long Count(const std::string& call) const { return std::count(calls.begin(), calls.end(), call); }
-
-  std::vector<std::string> calls;
-  bool playing = false;
-};
-
-struct RulesTest : ::testing::Test {
-  RulesTest() {
-    for (std::size_t id = 0; id < kMessageCount; ++id) strings.Set(id, u"m" + Decimal(static_cast<long long>(id)));
-    strings.Set(228, u"Error number %1 found in caption:");
-    strings.Set(229, u" Text: ");
-    for (const std::size_t id : {232, 235, 238, 243, 245, 268}) {
-      strings.Set(id, u"m" + Decimal(static_cast<long long>(id)) + u" [%1] %2");
-    }
-  }
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
-  void Only(std::uint8_t split, std::uint8_t collision, std::uint8_t join, std::uint8_t duration,
-            std::uint8_t credits) {
-    options.AutoSplit = split;
-    options.Collision = collision;
-    options.AutoJoin = join;
-    options.DurationOn = duration;
-    options.T_CREDITS = credits;
-  }
-  std::string Line(std::size_t entry) const { return ToUtf8(report.OneLine().at(entry)); }
-
-  AppOptions options;
-  bool modified = false;
-  LangStrings strings;
-  testing::FakeMessages boxes;
-  FakeHost host;
-  CaptionList list{options, modified};
-  RuleReport report{strings};
-  RulesEngine engine{list, report, strings, boxes, host};
-};
 
 using Rules = RulesTest;
 
@@ -71,7 +18,7 @@ TEST_F(Rules, ACaptionOfThreeLinesComesOutWithTwoAndOneEntry) {
   EXPECT_EQ(report.LinesSplit(), 1);
   ASSERT_EQ(report.RuleEntryCount(), 1);
   EXPECT_EQ(ToUtf8(report.Detailed()[0])
-                .rfind("Error number 1 found in caption: [1]\r\n Text: \"one two|three|four\"\r\n", 0),
+                .rfind("Error number 1 found in caption: [1]\r\n ·Text: \"one two|three|four\"\r\n", 0),
             0u);
 }
 
@@ -105,7 +52,7 @@ TEST_F(Rules, ACollisionOfFortyNineMsIsSilentAndOneOfFiftyIsLogged) {
   EXPECT_EQ(list.GetCaptionStart(4), 4000);  // exactly the end before is no collision
   EXPECT_EQ(report.Collisions(), 1);
   ASSERT_EQ(report.RuleEntryCount(), 1);
-  EXPECT_EQ(Line(0), "m238 [3] 50");
+  EXPECT_EQ(Line(0), "LINE COLLISION [3] appear time increased 50 ms");
   EXPECT_TRUE(modified);
 }
 
@@ -135,9 +82,9 @@ TEST_F(Rules, ADurationOutsideTheRangeBecomesTheBestOne) {
   EXPECT_EQ(list.GetCaptionEnd(2), 11250);
   EXPECT_EQ(list.GetCaptionEnd(3), 22560);  // the bound is inside
   EXPECT_EQ(report.DurationsOutsideRange(), 2);
-  EXPECT_EQ(Line(0), "m245 [1] -7040");
-  EXPECT_EQ(Line(1), "m243 [2] 1150");
-  EXPECT_NE(ToUtf8(report.Detailed()[0]).find("m244"), std::string::npos);
+  EXPECT_EQ(Line(0), "DURATION OUTSIDE RANGE [1] duration reduced -7040 ms");
+  EXPECT_EQ(Line(1), "DURATION OUTSIDE RANGE [2] duration increased 1150 ms");
+  EXPECT_NE(ToUtf8(report.Detailed()[0]).find("duration reduced 7040 milliseconds"), std::string::npos);
 }
 
 TEST_F(Rules, AnEndBeforeTheStartGetsTheBestDurationAndAnEntryOfKindFour) {
@@ -146,7 +93,7 @@ TEST_F(Rules, AnEndBeforeTheStartGetsTheBestDurationAndAnEntryOfKindFour) {
   engine.ApplyRules(true);
   EXPECT_EQ(list.GetCaptionEnd(1), 5960);
   EXPECT_EQ(report.DurationsOutsideRange(), 1);
-  EXPECT_EQ(Line(0), "m268 [1] 960");
+  EXPECT_EQ(Line(0), "NEGATIVE DURATION [1] caption duration set to 960 ms");
   // Markers alone get 100 ms and no entry.
   EXPECT_EQ(list.GetCaptionEnd(2), 9100);
   EXPECT_EQ(report.RuleEntryCount(), 1);
@@ -169,8 +116,8 @@ TEST_F(Rules, ACreditIsRemovedWhateverItsCase) {
   ASSERT_EQ(list.Rows(), 2);
   EXPECT_EQ(list.GetCaptionText(1), u"fine");
   EXPECT_EQ(report.LinesRemoved(), 2);
-  EXPECT_EQ(Line(0), "m232 [1] %2");
-  EXPECT_EQ(Line(1), "m232 [2] %2");
+  EXPECT_EQ(Line(0), "CREDIT/LINK FOUND [1] line deleted");
+  EXPECT_EQ(Line(1), "CREDIT/LINK FOUND [2] line deleted");
 }
 
 TEST_F(Rules, AfterAFileOfCreditsABlankRowIsLeftAndEveryDeletionHasRowOne) {
@@ -180,7 +127,7 @@ TEST_F(Rules, AfterAFileOfCreditsABlankRowIsLeftAndEveryDeletionHasRowOne) {
   EXPECT_EQ(list.Rows(), 2);
   EXPECT_EQ(list.At(1), Caption{});
   ASSERT_EQ(report.RuleEntryCount(), 40);
-  for (std::size_t i = 0; i < 40; ++i) EXPECT_EQ(Line(i), "m232 [1] %2");
+  for (std::size_t i = 0; i < 40; ++i) EXPECT_EQ(Line(i), "CREDIT/LINK FOUND [1] line deleted");
 }
 
 TEST_F(Rules, AListOfSeventyPiecesHasSixtyFour) {
@@ -208,8 +155,8 @@ TEST_F(Rules, APassWithoutCorrectionsSaysSoOnlyFromTheMenu) {
   EXPECT_TRUE(boxes.shown.empty());
   engine.ApplyRules(false);
   ASSERT_EQ(boxes.shown.size(), 1u);
-  EXPECT_EQ(boxes.shown[0].text, u"m271");
-  EXPECT_EQ(boxes.shown[0].title, u"m31");
+  EXPECT_EQ(boxes.shown[0].text, u"Checksum complete. All lines comply with the currently specified correction rules.");
+  EXPECT_EQ(boxes.shown[0].title, u"Apply current rules");
   EXPECT_EQ(host.Count("report"), 0);
 }
 
@@ -226,8 +173,12 @@ TEST_F(Rules, ThePassFreesTheWindowFirstAndYieldsEveryTwentyFiveRows) {
   Put(captions);
   engine.ApplyRules(true);
   const std::vector<std::string> expected = {
-      "close",  "busy", "press and hold", "pause", "yield", "progress m118 25, m117", "yield", "progress m118 50, m117",
-      "labels", "idle", "resume"};
+      "close",          "busy",
+      "press and hold", "pause",
+      "yield",          "progress Checking integrity from caption 25, please wait.",
+      "yield",          "progress Checking integrity from caption 50, please wait.",
+      "labels",         "idle",
+      "resume"};
   EXPECT_EQ(host.calls, expected);
 }
 

@@ -1,0 +1,75 @@
+#include "forms/report_window.h"
+
+namespace cuewright {
+
+ReportWindow::ReportWindow(const RuleReport& report, const DocumentState& document, const LangStrings& strings,
+                           const Languages& languages, Desktop& desktop, OpenForms& openForms)
+    : ToolForm("frmReport", openForms),
+      report_(report),
+      document_(document),
+      strings_(strings),
+      languages_(languages),
+      desktop_(desktop) {
+  optStandard.Clicked.Connect([this] { ShowStandardReport(); });
+  optDetailed.Clicked.Connect([this] { ShowDetailedReport(); });
+  cmdOK.Clicked.Connect([this] { Close(); });
+  lblDefine.Clicked.Connect([this] {
+    Close();
+    if (openSettings) openSettings();
+  });
+}
+
+void ReportWindow::Load() {
+  optStandard.SetValue(true);
+  optDetailed.SetValue(false);
+  ApplyLanguage(languages_.IsRightToLeft());
+}
+
+void ReportWindow::Unload() {
+  txtReport.SetText({});
+  lblTotal.SetText({});
+}
+
+void ReportWindow::ApplyLanguage(bool rightToLeft) {
+  SetTitle(strings_[185]);
+  SetRightToLeft(rightToLeft);
+  for (Control* control : std::initializer_list<Control*>{&lblTop, &txtReport, &lblTotal, &optStandard, &optDetailed,
+                                                          &lblDefine, &cmdOK}) {
+    control->SetRightToLeft(rightToLeft);
+  }
+  optStandard.SetText(strings_[257]);
+  optDetailed.SetText(strings_[258]);
+  lblDefine.SetText(strings_[183]);
+  cmdOK.SetText(strings_[66]);
+  lblTop.SetText(ReportHeading(report_, strings_, document_.HasDocument()));
+  // The entries stay in the language that they were logged in.
+  if (!txtReport.GetText().empty()) ShowReport(optDetailed.Value() ? ReportForm::Detailed : ReportForm::Standard);
+}
+
+void ReportWindow::OnActivated() {
+  if (txtReport.GetText().empty()) ShowStandardReport();
+}
+
+void ReportWindow::ShowStandardReport() {
+  optDetailed.SetValue(false);
+  optStandard.SetValue(true);
+  ShowReport(ReportForm::Standard);
+}
+
+void ReportWindow::ShowDetailedReport() {
+  optStandard.SetValue(false);
+  optDetailed.SetValue(true);
+  ShowReport(ReportForm::Detailed);
+}
+
+void ReportWindow::ShowReport(ReportForm form) {
+  desktop_.SetBusy(true);
+  lblTotal.SetText(strings_[117] + u"..");
+  txtReport.SetText(ReportTotals(report_, strings_));
+  RepaintRequested();
+  txtReport.SetText(ReportText(report_, strings_, form));
+  lblTotal.SetText(ReportTotal(report_, strings_));
+  desktop_.SetBusy(false);
+}
+
+}  // namespace cuewright

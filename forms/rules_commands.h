@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+
+#include "core/caption_list.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/timing_capture.h"
+#include "forms/open_forms.h"
+#include "forms/ports.h"
+#include "forms/report_window.h"
+#include "tools/rule_report.h"
+#include "tools/rules_engine.h"
+
+namespace cuewright {
+
+/// Runs the correction rules in the main window: on load, and by the menu.
+class RulesCommands final : private RulesHost {
+ public:
+  RulesCommands(MainWindow& window, CaptionList& list, TimingCapture& capture, RuleReport& report,
+                ReportWindow& reportWindow, const LangStrings& strings, OpenForms& openForms, Ports ports);
+
+  /// Runs the rules over the whole list. With `quiet` a pass that found nothing says nothing.
+  void ApplyRules(bool quiet);
+
+  std::function<void()> refreshFileLabels;  ///< set by the owner of the windows
+
+ private:
+  void ShowReportAnew();
+
+  void CloseToolWindows() override;
+  void SetBusy(bool on) override;
+  void Yield() override;
+  void ShowProgress(TextView text) override;
+  void RefreshFileLabels() override;
+  void LeavePreviewMode() override;
+  bool PausePlayer() override;
+  void ResumePlayer() override;
+  void ShowReport() override;
+
+  MainWindow& window_;
+  CaptionList& list_;
+  TimingCapture& capture_;
+  ReportWindow& reportWindow_;
+  OpenForms& openForms_;
+  Ports ports_;
+  RulesEngine engine_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+struct RulesInTheWindow : ProgramFixture {
+  /// Two captions of which the second begins 500 ms before the first has ended.
+  Text Colliding() {
+    return folder.Write("colliding.srt",
+                        "1\r\n00:00:01,000 --> 00:00:03,000\r\nfirst one|here\r\n\r\n"
+                        "2\r\n00:00:02,500 --> 00:00:04,500\r\nsecond one\r\n\r\n");
+  }
+  ReportWindow& Report() { return program->reportWindow; }
+};
+
+TEST_F(RulesInTheWindow, RunOnLoadAndOpenTheReportThoughQuiet) {
+  program->files.OpenSubtitleFile(Colliding());
+  EXPECT_EQ(List().GetCaptionStart(2), 3000);
+  EXPECT_TRUE(Report().Loaded());
+  EXPECT_TRUE(program->openForms.IsFormLoaded("frmReport"));
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(RulesInTheWindow, ACleanFileIsLoadedWithoutAWordAndTheMenuSaysSo) {
+  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  EXPECT_FALSE(Report().Loaded());
+  EXPECT_TRUE(boxes.shown.empty());
+  Window().mnuRules.Click();
+  EXPECT_EQ(LastBox(), "Checksum complete. All lines comply with the currently specified correction rules.");
+  EXPECT_EQ(boxes.shown.back().title, u"Apply current rules");
+  EXPECT_FALSE(Report().Loaded());
+}
+
+TEST_F(RulesInTheWindow, WaitForTheMenuWhenTheyApplyDuringCaptioningOnly) {
+  program->options.ApplyWhen = 1;
+  program->files.OpenSubtitleFile(Colliding());
+  EXPECT_EQ(List().GetCaptionStart(2), 2500);
+  EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
+  Window().mnuRules.Click();
+  EXPECT_EQ(List().GetCaptionStart(2), 3000);
+  EXPECT_TRUE(Report().Loaded());
+}
+
+TEST_F(RulesInTheWindow, LeaveThePreviewModeForPressAndHold) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Play(folder.Write("film.mkv", "x"));
+  Window().optPreview.Clicked();
+  Window().mnuRules.Click();
+  EXPECT_TRUE(Window().optPress.Value());
+  Window().optManual.Clicked();
+  Window().mnuRules.Click();
+  EXPECT_TRUE(Window().optManual.Value());
+}
+
+TEST_F(RulesInTheWindow, PauseAFilmThatPlaysAndResumeIt) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 30));
+  Play(folder.Write("film.mkv", "x"));
+  std::vector<int> during;
+  events.onYield = [&] { during.push_back(player.state); };
+  Window().mnuRules.Click();
+  EXPECT_EQ(during, std::vector<int>{kPlayerPaused});
+  EXPECT_EQ(player.state, kPlayerPlaying);
+  player.Become(kPlayerPaused);
+  Window().mnuRules.Click();
+  EXPECT_EQ(player.state, kPlayerPaused);
+}
+
+TEST_F(RulesInTheWindow, TellTheirProgressEveryTwentyFiveRowsAndThenTheFileAgain) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 60));
+  std::vector<std::string> shown;
+  const Connection watch =
+      Window().lblTextFile.Changed.ConnectScoped([&] { shown.push_back(ToUtf8(Window().lblTextFile.GetText())); });
+  Window().mnuRules.Click();
+  EXPECT_EQ(shown, (std::vector<std::string>{"Checking integrity from caption 25, please wait.",
+                                             "Checking integrity from caption 50, please wait.",
+                                             ToUtf8(program->strings[48]) + "a.srt"}));
+  EXPECT_FALSE(desktop.busy);
+}
+
+TEST_F(RulesInTheWindow, ShowTheCorrectedRowInThePane) {
+  program->options.ApplyWhen = 1;
+  program->files.OpenSubtitleFile(folder.Write("three.srt",
+                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\naa bb\r\ncc\r\ndd\r\n\r\n"
+                                               "2\r\n00:00:05,000 --> 00:00:06,000\r\nsecond\r\n\r\n"));
+  EXPECT_EQ(Window().txtSub.GetText(), u"aa bb\r\ncc\r\ndd");
+  Window().mnuRules.Click();
+  EXPECT_EQ(Window().txtSub.GetText(), u"aa bb\r\ncc dd");
+}
+
+TEST_F(RulesInTheWindow, AreForDocumentsOnly) {
+  EXPECT_FALSE(Window().mnuRules.Enabled());
+  EXPECT_TRUE(Window().mnuReport.Enabled());
+  program->files.New();
+  EXPECT_TRUE(Window().mnuRules.Enabled());
+}
+
+using TheReport = RulesInTheWindow;
+
+TEST_F(TheReport, IsEmptiedByEveryChangeOfTheDocument) {
+  const auto load = [&] {
+    program->files.OpenSubtitleFile(Colliding());
+    EXPECT_EQ(program->ruleReport.RuleEntryCount(), 1);
+  };
+  load();
+  boxes.answers = {BoxAnswer::No};
+  program->files.New();
+  EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
+  load();
+  program->files.CloseDocuments();
+  EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
+  load();
+  program->document.VideoPath = u"/film.mkv";
+  dialogs.paths.push_back(SubRip("more.srt", 2));
+  program->files.Append();
+  EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
+}
+
+TEST_F(TheReport, WithoutAFileSaysSo) {
+  Window().mnuReport.Click();
+  Report().OnActivated();
+  EXPECT_EQ(Report().Title(), u"Subtitle File Report");
+  EXPECT_EQ(Report().lblTop.GetText(), u"No subtitle file loaded.");
+}
+
+TEST_F(TheReport, OfNothingGivesFourZerosAndATotalOfZero) {
+  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  Window().mnuReport.Click();
+  Report().OnActivated();
+  EXPECT_EQ(ToUtf8(Report().lblTop.GetText()),
+            "No errors identified in the opened subtitle file, or the file has not been scanned.");
+  EXPECT_EQ(ToUtf8(Report().txtReport.GetText()),
+            "Total lines automatically splitted: 0\r\nTotal caption collisions: 0\r\n"
+            "Total caption durations outside range: 0\r\nTotal lines removed: 0\r\n\r\n");
+  EXPECT_EQ(Report().lblTotal.GetText(), u"Total errors and warnings: 0");
+}
+
+TEST_F(TheReport, IsALineAnEntryAndTheDetailsOnDemand) {
+  program->files.OpenSubtitleFile(Colliding());
+  EXPECT_EQ(
+      ToUtf8(Report().lblTop.GetText()),
+      "Accordingly to the current correction rules, the following errors were found in the opened subtitle file.");
+  EXPECT_TRUE(Report().txtReport.GetText().empty());
+  Report().OnActivated();
+  const std::string totals =
+      "Total lines automatically splitted: 0\r\nTotal caption collisions: 1\r\n"
+      "Total caption durations outside range: 0\r\nTotal lines removed: 0\r\n\r\n";
+  EXPECT_EQ(ToUtf8(Report().txtReport.GetText()), totals + "LINE COLLISION [2] appear time increased 500 ms\r\n");
+  EXPECT_EQ(Report().lblTotal.GetText(), u"Total errors and warnings: 1");
+  Report().optDetailed.Clicked();
+  EXPECT_EQ(ToUtf8(Report().txtReport.GetText()),
+            totals +
+                "Error number 2 found in caption: [2]\r\n ·Text: \"second one\"\r\n ·Error: Caption collides with "
+                "previous one\r\n ·Action taken: Caption appear time increased 500 milliseconds\r\n---\r\n");
+  EXPECT_TRUE(Report().optDetailed.Value());
+  EXPECT_FALSE(Report().optStandard.Value());
+  Report().optStandard.Clicked();
+  EXPECT_EQ(ToUtf8(Report().txtReport.GetText()), totals + "LINE COLLISION [2] appear time increased 500 ms\r\n");
+}
+
+TEST_F(TheReport, ShowsTheSeparatorInsideAnEntryAsItIsStored) {
+  program->files.OpenSubtitleFile(folder.Write(
+      "three.srt",
+      "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
+  Report().OnActivated();
+  Report().optDetailed.Clicked();
+  EXPECT_NE(ToUtf8(Report().txtReport.GetText()).find("·Text: \"aa|bb|cc\"\r\n"), std::string::npos);
+}
+
+TEST_F(TheReport, ShowsTheTotalsWhileItIsBuiltBehindABusyPointer) {
+  program->files.OpenSubtitleFile(Colliding());
+  int painted = 0;
+  const Connection watch = Report().RepaintRequested.ConnectScoped([&] {
+    ++painted;
+    EXPECT_EQ(Report().lblTotal.GetText(), u"Please wait...");
+    EXPECT_TRUE(Report().txtReport.GetText().ends_with(u"Total lines removed: 0\r\n\r\n"));
+    EXPECT_TRUE(desktop.busy);
+  });
+  Report().ShowDetailedReport();
+  EXPECT_EQ(painted, 1);
+  EXPECT_FALSE(desktop.busy);
+}
+
+TEST_F(TheReport, IsClearedByAPassThatFoundNothing) {
+  program->files.OpenSubtitleFile(Colliding());
+  Report().OnActivated();
+  Window().mnuRules.Click();
+  EXPECT_FALSE(Report().Loaded());
+  Window().mnuReport.Click();
+  Report().OnActivated();
+  EXPECT_TRUE(Report().txtReport.GetText().ends_with(u"Total lines removed: 0\r\n\r\n"));
+}
+
+TEST_F(TheReport, OpenedByTheMenuStartsAsTheStandardOne) {
+  program->files.OpenSubtitleFile(Colliding());
+  Report().OnActivated();
+  Report().optDetailed.Clicked();
+  Window().mnuReport.Click();
+  EXPECT_TRUE(Report().optStandard.Value());
+  EXPECT_TRUE(Report().txtReport.GetText().empty());
+  Report().OnActivated();
+  EXPECT_TRUE(Report().txtReport.GetText().ends_with(u"500 ms\r\n"));
+}
+
+TEST_F(TheReport, ClosesByItsButtonAndByTheLinkToTheSettings) {
+  program->files.OpenSubtitleFile(Colliding());
+  Report().cmdOK.Click();
+  EXPECT_FALSE(Report().Loaded());
+  EXPECT_FALSE(program->openForms.IsFormLoaded("frmReport"));
+  Window().mnuReport.Click();
+  bool openedAfterClosing = false;
+  Report().openSettings = [&] { openedAfterClosing = !Report().Loaded(); };
+  Report().lblDefine.Clicked();
+  EXPECT_TRUE(openedAfterClosing);
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,97 @@
+#include "ui/tool_windows.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSet>
+#include <QTest>
+
+#include "tests/support/program_fixture.h"
+#include "ui/svg_picture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+/// A plain window with the tool windows over it.
+struct ToolWindowsTest : ProgramFixture {
+  ToolWindowsTest() {
+    LoadIcons();
+    tools = std::make_unique<ToolWindows>(*program, owner);
+    owner.resize(800, 600);
+    owner.show();
+    program->options.ApplyWhen = 1;
+    program->files.OpenSubtitleFile(SubRip("a.srt", 10));
+  }
+  ~ToolWindowsTest() override { tools.reset(); }
+
+  QWidget* Find(const char* name) { return owner.findChild<QWidget*>(name); }
+
+  /// Shows a form's window and compares controls and widgets by name, both ways.
+  QWidget* Shown(ToolForm& form) {
+    form.Show();
+    QWidget* view = Find(form.Name().c_str());
+    EXPECT_NE(view, nullptr);
+    if (view == nullptr) return nullptr;
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view));
+    for (const Control* control : form.Controls()) {
+      EXPECT_NE(view->findChild<QWidget*>(QString::fromStdString(control->Name())), nullptr) << control->Name();
+    }
+    for (const QWidget* widget : view->findChildren<QWidget*>()) {
+      const std::string name = widget->objectName().toStdString();
+      if (name.empty() || name.starts_with("qt_")) continue;
+      EXPECT_NE(form.Find(name), nullptr) << name;
+    }
+    for (QWidget* widget : view->findChildren<QWidget*>()) {
+      const QString name = widget->objectName();
+      if (widget->focusPolicy() == Qt::NoFocus || name.isEmpty() || name.startsWith("qt_")) continue;
+      EXPECT_FALSE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+          << name.toStdString();
+    }
+    return view;
+  }
+
+  QWidget owner;
+  std::unique_ptr<ToolWindows> tools;
+};
+
+TEST_F(ToolWindowsTest, TheReportHasAWidgetForEveryControl) {
+  QWidget* view = Shown(program->reportWindow);
+  ASSERT_NE(view, nullptr);
+  EXPECT_FALSE(view->isModal());
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view));
+  EXPECT_TRUE(view->findChild<QPlainTextEdit*>("txtReport")->toPlainText().startsWith("Total lines automatically"));
+  EXPECT_EQ(view->findChild<QLabel*>("lblTotal")->text(), "Total errors and warnings: 0");
+}
+
+TEST_F(ToolWindowsTest, AWindowClosedByItsFrameUnloadsItsForm) {
+  QWidget* view = Shown(program->reportWindow);
+  view->close();
+  EXPECT_FALSE(program->reportWindow.Loaded());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Find("frmReport"), nullptr);
+}
+
+TEST_F(ToolWindowsTest, AButtonThatClosesItsWindowOutlivesItsClick) {
+  QWidget* view = Shown(program->reportWindow);
+  QTest::mouseClick(view->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+  EXPECT_FALSE(program->reportWindow.Loaded());
+  EXPECT_EQ(Find("frmReport"), nullptr);
+}
+
+TEST_F(ToolWindowsTest, AReportOfManyEntriesReachesTheWidgetWhole) {
+  for (int row = 1; row <= 3000; ++row) {
+    program->ruleReport.AddRuleEntry(row, u"x", RuleKind::TooManyLines, 0, false);
+  }
+  QWidget* view = Shown(program->reportWindow);
+  program->reportWindow.ShowDetailedReport();
+  EXPECT_EQ(view->findChild<QPlainTextEdit*>("txtReport")->blockCount(), 5 + 3000 * 5 + 1);
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,44 @@
+#include "tools/report_text.h"
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kBetweenEntries = u"\r\n---\r\n";
+
+}  // namespace
+
+Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open) {
+  if (!open) return strings[249];
+  const int found = report.LinesSplit() + report.Collisions() + report.DurationsOutsideRange() + report.LinesRemoved();
+  return strings[found > 0 ? 187 : 186];
+}
+
+Text ReportTotals(const RuleReport& report, const LangStrings& strings) {
+  Text text;
+  const auto line = [&](std::size_t message, int count) {
+    text.append(Fill(strings[message], Decimal(count))).append(kLineEnd);
+  };
+  line(225, report.LinesSplit());
+  line(226, report.Collisions());
+  line(227, report.DurationsOutsideRange());
+  line(224, report.LinesRemoved());
+  return text.append(kLineEnd);
+}
+
+Text ReportText(const RuleReport& report, const LangStrings& strings, ReportForm form) {
+  const bool detailed = form == ReportForm::Detailed;
+  const std::vector<Text>& entries = detailed ? report.Detailed() : report.OneLine();
+  const TextView end = detailed ? kBetweenEntries : kLineEnd;
+  Text text = ReportTotals(report, strings);
+  std::size_t size = text.size();
+  for (const Text& entry : entries) size += entry.size() + end.size();
+  text.reserve(size);
+  for (const Text& entry : entries) text.append(entry).append(end);
+  return text;
+}
+
+Text ReportTotal(const RuleReport& report, const LangStrings& strings) {
+  return Fill(strings[188], Decimal(report.RuleEntryCount()));
+}
+
+}  // namespace cuewright

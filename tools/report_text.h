@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/lang_strings.h"
+#include "core/text.h"
+#include "tools/rule_report.h"
+
+namespace cuewright {
+
+/// How much a report tells of each entry: one line, or all.
+enum class ReportForm { Standard, Detailed };
+
+/// The sentence at the head of a report. `open` tells whether there is a document.
+Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open);
+
+/// The counters, a line each, and an empty line; lines end in CR LF.
+Text ReportTotals(const RuleReport& report, const LangStrings& strings);
+
+/// The counters and every entry in the order of logging.
+Text ReportText(const RuleReport& report, const LangStrings& strings, ReportForm form);
+
+/// The line that tells how many entries there are.
+Text ReportTotal(const RuleReport& report, const LangStrings& strings);
+
+}  // namespace cuewright

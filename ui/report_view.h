@@ -1,0 +1,21 @@
+#pragma once
+
+#include "forms/report_window.h"
+#include "ui/binder.h"
+#include "ui/tool_windows.h"
+
+namespace cuewright {
+
+/// The window `frmReport` on the toolkit.
+class ReportView final : public ToolView {
+ public:
+  ReportView(ReportWindow& form, QWidget* owner);
+
+ private:
+  QWidget* MakeHead();
+  QWidget* MakeFoot();
+
+  Binder binder_;
+};
+
+}  // namespace cuewright
