@@ -10,6 +10,7 @@
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
 #include "platform/user_folders.h"
+#include "ui/delay_view.h"
 #include "ui/export_view.h"
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
@@ -78,6 +79,7 @@ int main(int argc, char** argv) {
   const auto showMainWindow = [&] {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
+    program.tools.runDelayDialog = [&] { RunDelayDialog(program.tools.delayDialog, window.get()); };
     program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
   };

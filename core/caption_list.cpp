@@ -1,5 +1,7 @@
 #include "core/caption_list.h"
 
+#include <utility>
+
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 
@@ -65,7 +67,8 @@ void CaptionList::SetCaptionText(Row row, TextView text) {
 }
 
 void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
-  if (At(row).start != start || At(row).end != end) Replace(row, 1, {Caption{start, end, At(row).text}});
+  CaptionTimes times{start, end};
+  if (times != TimesAt(row)) Retime(row, {&times, 1});
 }
 
 void CaptionList::SetCaptionStart(Row row, std::int32_t ms, bool quiet) {
@@ -168,7 +171,20 @@ void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
   const auto before =
       rows_.Splice(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count), std::move(rows));
-  Spliced(Splice{first, count, added, before});
+  Spliced(Splice{first, count, added, before, {}});
+}
+
+void CaptionList::Retime(Row first, std::span<CaptionTimes> times) {
+  const Row count = static_cast<Row>(times.size());
+  if (first < 1 || first + count > Rows()) ThrowInvalidCall();
+  if (count == 0) return;
+  for (Row i = 0; i < count; ++i) {
+    Caption& caption = rows_.At(static_cast<std::size_t>(first - 1 + i));
+    CaptionTimes& given = times[static_cast<std::size_t>(i)];
+    std::swap(caption.start, given.start);
+    std::swap(caption.end, given.end);
+  }
+  Spliced(Splice{first, count, count, {}, times});
 }
 
 void CaptionList::SetRow(Row row, bool scroll) {

@@ -26,12 +26,24 @@ struct Caption {
   bool operator==(const Caption&) const = default;
 };
 
-/// What one change of the list did: `removed` rows from `first` on went, `added` came in their place.
+/// Start and end of a caption in ms.
+struct CaptionTimes {
+  std::int32_t start = 0;
+  std::int32_t end = 0;
+
+  bool operator==(const CaptionTimes&) const = default;
+};
+
+/// What one change of the list did: `removed` rows from `first` on went, `added` came in their place. A change of times
+/// alone has as many of both, and gives the times that went in place of the rows.
 struct Splice {
   Row first = 1;
   Row removed = 0;
   Row added = 0;
-  std::span<const Caption> before;  ///< the rows that went
+  std::span<const Caption> before;            ///< the rows that went
+  std::span<const CaptionTimes> timesBefore;  ///< the times that went; the texts stayed
+
+  bool TimesOnly() const { return !timesBefore.empty(); }
 };
 
 /// The document's captions and the selected row. Every change ends in `Replace`.
@@ -44,6 +56,7 @@ class CaptionList {
   Row Rows() const { return static_cast<Row>(rows_.Size()) + 1; }
   bool InRange(Row row) const { return row >= 1 && row < Rows(); }
   const Caption& At(Row row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
+  CaptionTimes TimesAt(Row row) const { return {At(row).start, At(row).end}; }
 
   /// The text, the empty one for a row out of range; with `asLines` every `LineSeparator` is CR LF.
   Text GetCaptionText(Row row, bool asLines = false) const;
@@ -94,6 +107,10 @@ class CaptionList {
   /// The one mutator: `count` rows from `first` on give way to `rows`. At least one caption must be left.
   /// Run-time error 6 when the list would pass `kMaxRow`; then nothing changes.
   void Replace(Row first, Row count, std::vector<Caption> rows);
+
+  /// The mutator for times alone: the rows from `first` on take these, and the times that went come back in their
+  /// place. No text is touched. Negative times are stored as they are.
+  void Retime(Row first, std::span<CaptionTimes> times);
 
   /// The selected row as the list has it, and the row last passed through `SetRow`.
   Row Selected() const { return selected_; }

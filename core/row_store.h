@@ -17,12 +17,14 @@ class RowStore {
 
   const T& operator[](std::size_t at) const { return items_[at < gapBegin_ ? at : at + GapSize()]; }
 
+  T& At(std::size_t at) { return items_[at < gapBegin_ ? at : at + GapSize()]; }
+
   /// Puts `added` in the place of `count` items from `at` on; returns those that went.
   std::vector<T> Splice(std::size_t at, std::size_t count, std::vector<T> added) {
     std::vector<T> removed;
     if (count == added.size()) {
       removed = std::move(added);
-      for (std::size_t i = 0; i < count; ++i) std::swap(removed[i], Item(at + i));
+      for (std::size_t i = 0; i < count; ++i) std::swap(removed[i], At(at + i));
       return removed;
     }
     if (count == Size()) return Exchange(std::move(added));
@@ -41,7 +43,6 @@ class RowStore {
 
  private:
   std::size_t GapSize() const { return gapEnd_ - gapBegin_; }
-  T& Item(std::size_t at) { return items_[at < gapBegin_ ? at : at + GapSize()]; }
 
   void MoveGap(std::size_t at) {
     // An empty gap moves without its items: an item moved onto itself would be lost.

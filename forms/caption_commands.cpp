@@ -16,8 +16,8 @@ constexpr Row kRowsOfPage = 8;
 bool IsNumeric(TextView text) {
   text = TrimBlanks(text);
   if (text.starts_with(u'+') || text.starts_with(u'-')) text.remove_prefix(1);
-  return !text.empty() && text.find_first_not_of(u"0123456789.") == TextView::npos &&
-         text.find_first_of(u"0123456789") != TextView::npos;
+  return text.find_first_not_of(u"0123456789.") == TextView::npos &&
+         text.find_first_of(u"0123456789") != TextView::npos && std::ranges::count(text, u'.') <= 1;
 }
 
 }  // namespace
@@ -125,7 +125,7 @@ void CaptionCommands::CountUntimed() {
 void CaptionCommands::NextUntimed() {
   for (Row row = list_.Selected() + 1; row < list_.Rows(); ++row) {
     if (list_.IsCaptionTimed(row)) continue;
-    list_.SetRow(row, true);
+    list_.SetRow(row, false);
     return;
   }
   messages_.Show({strings_[137], BoxIcon::Information, BoxButtons::Ok, strings_[135]});

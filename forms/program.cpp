@@ -34,7 +34,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       exportDialog(catalogue, formats, strings, ports_.messages),
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
-      rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_) {
+      rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
+      tools(window, list, strings, languages, openForms, ports_) {
   Connect();
 }
 

@@ -20,6 +20,7 @@
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "forms/caption_commands.h"
+#include "forms/editing_tools.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
 #include "forms/open_forms.h"
@@ -105,9 +106,10 @@ class Program final : private FormatHost {
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;
+  EditingTools tools;
 
   /// The windows that stand beside the main one.
-  std::vector<ToolForm*> ToolForms() { return {&reportWindow}; }
+  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow}; }
 
   /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
   std::function<void()> runExportDialog;

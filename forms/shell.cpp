@@ -69,8 +69,7 @@ void Shell::Wire() {
   for (MenuItem* item :
        {&window_.mnuOpenWav, &window_.mnuEmbed, &window_.mnuFont, &window_.mnuAudioBar, &window_.mnuAudioBarColor,
         &window_.mnuFullWave, &window_.mnuAudioExtract, &window_.mnuFormatSettings, &window_.mnuGSettings,
-        &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuFind, &window_.mnuReplace, &window_.mnuDelay,
-        &window_.mnuReset, &window_.mnuSpell}) {
+        &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
     item->SetEnabled(false);
   }
 }
@@ -116,7 +115,8 @@ void Shell::SetDocumentItems(bool on) {
   for (MenuItem* item :
        {&window_.mnuSave, &window_.mnuSaveAs, &window_.mnuAdd, &window_.mnuEditSelected, &window_.mnuBold,
         &window_.mnuItalic, &window_.mnuUnderline, &window_.mnuConvert, &window_.mnuAppend, &window_.mnuRemove,
-        &window_.mnuRules, &window_.mnuGoTo, &window_.mnuCountUntimed, &window_.mnuNextUntimed}) {
+        &window_.mnuRules, &window_.mnuFind, &window_.mnuReplace, &window_.mnuDelay, &window_.mnuReset,
+        &window_.mnuGoTo, &window_.mnuCountUntimed, &window_.mnuNextUntimed}) {
     item->SetEnabled(on);
   }
 }

@@ -103,6 +103,7 @@ BoxAnswer QtMessages::Show(const MessageBox& box) {
       button->setText(ToQt((*strings_)[message]));
     }
   }
+  if (box.noIsDefault) shown.setDefaultButton(QMessageBox::No);
   switch (shown.exec()) {
     case QMessageBox::Yes:
       return BoxAnswer::Yes;

@@ -20,17 +20,17 @@ QLabel* PlainLabel(const char* name, QWidget* parent) {
   return label;
 }
 
-/// A label that is clicked: it looks like a link.
-QLabel* LinkLabel(const char* name, QWidget* parent) {
-  QLabel* label = PlainLabel(name, parent);
-  label->setCursor(Qt::PointingHandCursor);
-  QPalette colours = label->palette();
-  colours.setColor(QPalette::WindowText, colours.color(QPalette::Link));
-  label->setPalette(colours);
-  QFont font = label->font();
-  font.setUnderline(true);
-  label->setFont(font);
-  return label;
+/// A label that is clicked: it looks like a link, and the keyboard reaches it.
+QPushButton* LinkButton(const char* name, QWidget* parent) {
+  auto* button = new QPushButton(parent);
+  button->setObjectName(name);
+  button->setFlat(true);
+  button->setAutoDefault(false);
+  button->setCursor(Qt::PointingHandCursor);
+  QPalette colours = button->palette();
+  colours.setColor(QPalette::ButtonText, colours.color(QPalette::Link));
+  button->setPalette(colours);
+  return button;
 }
 
 }  // namespace
@@ -85,7 +85,7 @@ QWidget* ReportView::MakeFoot() {
     option->setObjectName(name);
     row->addWidget(option);
   }
-  row->addWidget(LinkLabel("lblDefine", foot));
+  row->addWidget(LinkButton("lblDefine", foot));
   row->addStretch();
   auto* button = new QPushButton(foot);
   button->setObjectName("cmdOK");

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 
+#include "ui/find_view.h"
 #include "ui/qt_text.h"
 #include "ui/report_view.h"
 
@@ -25,6 +26,8 @@ void ToolView::changeEvent(QEvent* event) {
 
 ToolWindows::ToolWindows(Program& program, QWidget& owner) {
   Add(program.reportWindow, [&] { return new ReportView(program.reportWindow, &owner); });
+  Add(program.tools.findWindow, [&] { return new FindView(program.tools.findWindow, &owner); });
+  Add(program.tools.replaceWindow, [&] { return new FindView(program.tools.replaceWindow, &owner); });
 }
 
 ToolWindows::~ToolWindows() {

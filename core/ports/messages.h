@@ -15,7 +15,8 @@ struct MessageBox {
   Text text;
   BoxIcon icon = BoxIcon::None;
   BoxButtons buttons = BoxButtons::Ok;
-  Text title{};  ///< empty: the program's title
+  Text title{};              ///< empty: the program's title
+  bool noIsDefault = false;  ///< Enter answers No
 };
 
 /// A one-line question.

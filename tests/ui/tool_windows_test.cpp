@@ -4,12 +4,16 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSet>
+#include <QSlider>
 #include <QTest>
+#include <QTimer>
 
 #include "tests/support/program_fixture.h"
+#include "ui/delay_view.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -82,6 +86,53 @@ TEST_F(ToolWindowsTest, AButtonThatClosesItsWindowOutlivesItsClick) {
   QTest::mouseClick(view->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
   EXPECT_FALSE(program->reportWindow.Loaded());
   EXPECT_EQ(Find("frmReport"), nullptr);
+}
+
+TEST_F(ToolWindowsTest, TheFindWindowHasAWidgetForEveryControlAndStandsOffTheOwnersCorner) {
+  QWidget* view = Shown(program->tools.findWindow);
+  ASSERT_NE(view, nullptr);
+  EXPECT_EQ(view->pos() - owner.pos(), QPoint(256, 128));
+  auto* field = view->findChild<QLineEdit*>("txtFind");
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view));
+  EXPECT_TRUE(field->hasFocus());
+  QTest::keyClicks(field, "line 7");
+  QTest::keyClick(field, Qt::Key_Return);
+  EXPECT_EQ(view->findChild<QLabel*>("lblInfo")->text(), "String found on line 7");
+  EXPECT_TRUE(view->findChild<QWidget*>("imgInfo")->isVisible());
+  QTest::keyClick(field, Qt::Key_Escape);
+  EXPECT_FALSE(program->tools.findWindow.Loaded());
+}
+
+TEST_F(ToolWindowsTest, TheReplaceWindowHasAWidgetForEveryControl) {
+  QWidget* view = Shown(program->tools.replaceWindow);
+  ASSERT_NE(view, nullptr);
+  QTest::keyClicks(view->findChild<QLineEdit*>("txtFind"), "line");
+  QTest::keyClicks(view->findChild<QLineEdit*>("txtReplace"), "row");
+  QTest::mouseClick(view->findChild<QPushButton*>("cmdReplaceAll"), Qt::LeftButton);
+  EXPECT_EQ(List().GetCaptionText(10), u"row 10");
+}
+
+TEST_F(ToolWindowsTest, TheDelayDialogHasAWidgetForEveryControlAndItsBarsMove) {
+  DelayDialog& form = program->tools.delayDialog;
+  form.Open(1100, false);
+  QTimer::singleShot(0, [&] {
+    QWidget* view = Find("frmDelay");
+    ASSERT_NE(view, nullptr);
+    for (const Control* control : form.Controls()) {
+      EXPECT_NE(view->findChild<QWidget*>(QString::fromStdString(control->Name())), nullptr) << control->Name();
+    }
+    for (QSlider* bar : view->findChildren<QSlider*>()) EXPECT_FALSE(bar->accessibleName().isEmpty());
+    auto* bar = view->findChild<QSlider*>("sldSec");
+    bar->setFocus();
+    QTest::keyClick(bar, Qt::Key_Right);
+    QTest::keyClick(bar, Qt::Key_Right);
+    EXPECT_EQ(view->findChild<QLabel*>("lblSec")->text(), "2 seconds");
+    QTest::mouseClick(view->findChild<QPushButton*>("cmdApply"), Qt::LeftButton);
+  });
+  RunDelayDialog(form, &owner);
+  EXPECT_EQ(List().GetCaptionStart(1), 3100);
+  EXPECT_FALSE(form.IsOpen());
 }
 
 TEST_F(ToolWindowsTest, AReportOfManyEntriesReachesTheWidgetWhole) {

@@ -1,0 +1,47 @@
+#include "forms/editing_tools.h"
+
+#include "tools/delay.h"
+
+namespace cuewright {
+
+EditingTools::EditingTools(MainWindow& window, CaptionList& list, const LangStrings& strings,
+                           const Languages& languages, OpenForms& openForms, Ports ports)
+    : delayDialog(list, strings, ports.messages),
+      findWindow(list, strings, languages, openForms),
+      replaceWindow(list, strings, languages, openForms),
+      window_(window),
+      list_(list),
+      strings_(strings),
+      languages_(languages),
+      openForms_(openForms),
+      ports_(ports) {
+  window_.mnuDelay.Clicked.Connect([this] { SetDelay(); });
+  window_.mnuReset.Clicked.Connect([this] { ResetTiming(); });
+  window_.mnuFind.Clicked.Connect([this] {
+    openForms_.UnloadForm("frmReplace");
+    findWindow.Show();
+  });
+  window_.mnuReplace.Clicked.Connect([this] {
+    openForms_.UnloadForm("frmFind");
+    replaceWindow.Show();
+  });
+}
+
+void EditingTools::SetDelay() {
+  const bool played = ports_.player.PlayState() == kPlayerPlaying;
+  if (played) ports_.player.Pause();
+  const Row row = list_.Selected();
+  delayDialog.Open(list_.GetCaptionStart(row), languages_.IsRightToLeft());
+  if (runDelayDialog) runDelayDialog();
+  if (list_.IsCaptionTimed(row)) list_.SetRow(row, false);
+  if (played) ports_.player.Play();
+  DelayDone();
+}
+
+void EditingTools::ResetTiming() {
+  if (ports_.messages.Show({strings_[51], BoxIcon::Question, BoxButtons::YesNo}) != BoxAnswer::Yes) return;
+  ClearAllTiming(list_);
+  list_.SetRow(list_.Selected(), true);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+
+#include "core/caption_list.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "forms/delay_dialog.h"
+#include "forms/find_windows.h"
+#include "forms/open_forms.h"
+#include "forms/ports.h"
+#include "settings/languages.h"
+
+namespace cuewright {
+
+/// The menu's actions that work on the whole list: the delay, the reset of all timing, and the search.
+class EditingTools {
+ public:
+  EditingTools(MainWindow& window, CaptionList& list, const LangStrings& strings, const Languages& languages,
+               OpenForms& openForms, Ports ports);
+
+  DelayDialog delayDialog;
+  FindWindow findWindow;
+  ReplaceWindow replaceWindow;
+
+  /// Shows the delay dialog and returns when it has closed. Set by the windows' owner.
+  std::function<void()> runDelayDialog;
+  Signal<> DelayDone;  ///< the delay dialog has closed: what draws the captions' times draws them anew
+
+ private:
+  void SetDelay();
+  void ResetTiming();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  const LangStrings& strings_;
+  const Languages& languages_;
+  OpenForms& openForms_;
+  Ports ports_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,82 @@
+#include "forms/find_windows.h"
+
+#include <utility>
+
+#include "tools/find_replace.h"
+
+namespace cuewright {
+
+SearchWindow::SearchWindow(std::string name, std::size_t title, CaptionList& list, const LangStrings& strings,
+                           const Languages& languages, OpenForms& openForms)
+    : ToolForm(std::move(name), openForms), strings_(strings), title_(title), list_(list), languages_(languages) {
+  txtFind.Edited.Connect([this] { FollowText(); });
+  cmdFind.Clicked.Connect([this] { TellFound(Search(false, {}, false)); });
+  cmdClose.Clicked.Connect([this] { Close(); });
+}
+
+void SearchWindow::Load() {
+  txtFind.SetText({});
+  lblInfo.SetText({});
+  imgInfo.SetVisible(false);
+  chkEntire.SetValue(false);
+  chkCase.SetValue(false);
+  FollowText();
+  ApplyLanguage(languages_.IsRightToLeft());
+}
+
+void SearchWindow::ApplyLanguage(bool rightToLeft) {
+  SetTitle(strings_[title_]);
+  SetRightToLeft(rightToLeft);
+  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  fraFind.SetText(strings_[139]);
+  txtFind.SetSpokenName(strings_[139]);
+  chkEntire.SetText(strings_[140]);
+  chkCase.SetText(strings_[141]);
+  cmdFind.SetText(strings_[142]);
+  cmdClose.SetText(strings_[143]);
+}
+
+void SearchWindow::FollowText() { cmdFind.SetEnabled(!txtFind.GetText().empty()); }
+
+int SearchWindow::Search(bool replacing, TextView replacement, bool replaceAll) {
+  return FindInCaptions(list_, {txtFind.GetText(), chkEntire.Value(), chkCase.Value()}, replacing, replacement,
+                        replaceAll);
+}
+
+void SearchWindow::TellFound(int count) {
+  Tell(count > 0 ? Fill(strings_[435], Decimal(list_.Selected())) : strings_[144]);
+}
+
+void SearchWindow::Tell(TextView text) {
+  lblInfo.SetText(text);
+  imgInfo.SetVisible(true);
+}
+
+ReplaceWindow::ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages,
+                             OpenForms& openForms)
+    : SearchWindow("frmReplace", 432, list, strings, languages, openForms) {
+  cmdReplace.Clicked.Connect([this] { TellFound(Search(true, txtReplace.GetText(), false)); });
+  cmdReplaceAll.Clicked.Connect(
+      [this] { Tell(Fill(strings_[436], Decimal(Search(true, txtReplace.GetText(), true)))); });
+}
+
+void ReplaceWindow::Load() {
+  txtReplace.SetText({});
+  SearchWindow::Load();
+}
+
+void ReplaceWindow::ApplyLanguage(bool rightToLeft) {
+  SearchWindow::ApplyLanguage(rightToLeft);
+  fraReplace.SetText(strings_[434]);
+  txtReplace.SetSpokenName(strings_[434]);
+  cmdReplace.SetText(strings_[432]);
+  cmdReplaceAll.SetText(strings_[433]);
+}
+
+void ReplaceWindow::FollowText() {
+  SearchWindow::FollowText();
+  cmdReplace.SetEnabled(cmdFind.Enabled());
+  cmdReplaceAll.SetEnabled(cmdFind.Enabled());
+}
+
+}  // namespace cuewright

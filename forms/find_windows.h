@@ -1,0 +1,71 @@
+#pragma once
+
+#include "core/caption_list.h"
+#include "core/form/controls.h"
+#include "core/lang_strings.h"
+#include "forms/tool_form.h"
+#include "settings/languages.h"
+
+namespace cuewright {
+
+/// What the two windows that search the captions have in common.
+class SearchWindow : public ToolForm {
+ public:
+  Frame fraFind{*this, "fraFind"};
+  TextBox txtFind{*this, "txtFind"};
+  CheckBox chkEntire{*this, "chkEntire"};
+  CheckBox chkCase{*this, "chkCase"};
+  Button cmdFind{*this, "cmdFind"};
+  Button cmdClose{*this, "cmdClose"};
+  Picture imgInfo{*this, "imgInfo"};
+  Label lblInfo{*this, "lblInfo"};
+
+  void OnActivated() override { FocusRequested(txtFind); }
+  void ApplyLanguage(bool rightToLeft) override;
+
+ protected:
+  SearchWindow(std::string name, std::size_t title, CaptionList& list, const LangStrings& strings,
+               const Languages& languages, OpenForms& openForms);
+
+  void Load() override;
+  /// The text looked for has changed: what can be done with it follows.
+  virtual void FollowText();
+  /// Searches, and replaces when asked to; gives the number of rows found.
+  int Search(bool replacing, TextView replacement, bool replaceAll);
+  /// Tells where the text was found, or that it wasn't.
+  void TellFound(int count);
+  void Tell(TextView text);
+
+  const LangStrings& strings_;
+
+ private:
+  const std::size_t title_;
+  CaptionList& list_;
+  const Languages& languages_;
+};
+
+/// The window `frmFind`.
+class FindWindow final : public SearchWindow {
+ public:
+  FindWindow(CaptionList& list, const LangStrings& strings, const Languages& languages, OpenForms& openForms)
+      : SearchWindow("frmFind", 138, list, strings, languages, openForms) {}
+};
+
+/// The window `frmReplace`.
+class ReplaceWindow final : public SearchWindow {
+ public:
+  ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages, OpenForms& openForms);
+
+  Frame fraReplace{*this, "fraReplace"};
+  TextBox txtReplace{*this, "txtReplace"};
+  Button cmdReplace{*this, "cmdReplace"};
+  Button cmdReplaceAll{*this, "cmdReplaceAll"};
+
+  void ApplyLanguage(bool rightToLeft) override;
+
+ private:
+  void Load() override;
+  void FollowText() override;
+};
+
+}  // namespace cuewright

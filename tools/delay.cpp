@@ -1,0 +1,51 @@
+#include "tools/delay.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace cuewright {
+namespace {
+
+std::int64_t Shifted(std::int32_t ms, std::int32_t delay) { return std::int64_t{ms} + delay; }
+
+/// A time as the list stores it: a negative one is 0.
+std::int32_t Stored(std::int64_t ms) {
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(ms, 0, std::numeric_limits<std::int32_t>::max()));
+}
+
+}  // namespace
+
+int CountBelowZero(const CaptionList& list, std::int32_t delay) {
+  int count = 0;
+  for (Row row = 1; row < list.Rows(); ++row) {
+    if (list.IsCaptionTimed(row) && Shifted(list.GetCaptionStart(row), delay) < 0) ++count;
+  }
+  return count;
+}
+
+void ShiftCaptions(CaptionList& list, std::int32_t delay) {
+  std::vector<CaptionTimes> times;
+  times.reserve(static_cast<std::size_t>(list.Rows()));
+  bool any = false;
+  for (Row row = 1; row < list.Rows(); ++row) {
+    CaptionTimes own = list.TimesAt(row);
+    if (own.start > 0) {
+      any = true;
+      const bool below = Shifted(own.start, delay) < 0;
+      own = below ? CaptionTimes{} : CaptionTimes{Stored(Shifted(own.start, delay)), Stored(Shifted(own.end, delay))};
+    }
+    times.push_back(own);
+  }
+  if (!any) return;
+  list.Retime(1, times);
+  list.SetModified();
+}
+
+void ClearAllTiming(CaptionList& list) {
+  std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Rows() - 1));
+  list.Retime(1, times);
+  list.SetModified();
+}
+
+}  // namespace cuewright
