@@ -88,14 +88,21 @@ void CaptionCollector::FlushImportedCaption() {
   Reset();
 }
 
-void CaptionCollector::FlushPlain(TextView text) {
-  if (tagAnchor_ != u'<' || breaks_) {
-    captionText = text;
-    FlushImportedCaption();
-    return;
-  }
+bool CaptionCollector::StoresStraight(char16_t absent) const {
+  const std::array<char16_t, 4> marks = {u'<', u'\r', tagAnchor_, absent == u'\0' ? u'<' : absent};
+  const auto holdsMark = [&](const Text& text) { return text.find_first_of(marks.data(), 0, 4) != Text::npos; };
+  return tagAnchor_ != u'\0' && !holdsMark(separator_) && (!breaks_ || holdsMark(definition_.lineBreak));
+}
+
+void CaptionCollector::FlushStraight(TextView text) {
   if (!IsBlank(text)) Store(text);
   Reset();
+}
+
+TextView CaptionCollector::MereBreak() const {
+  const bool mere =
+      breaks_ && StoresStraight(u'\0') && definition_.tagOpen == u"<b>" && definition_.lineBreak == u"<br>";
+  return mere ? TextView(definition_.lineBreak) : TextView();
 }
 
 void CaptionCollector::Store(TextView text) {

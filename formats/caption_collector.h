@@ -39,8 +39,18 @@ class CaptionCollector {
   /// Closes the caption: tags become markers, line breaks the separator. Text other than blanks is stored.
   void FlushImportedCaption();
 
-  /// The same for a text that stands elsewhere and is known to hold no "<" and no CR.
-  void FlushPlain(TextView text);
+  /// True when a text without CR, "<", mark of tags and `absent` is stored as it is, also with separators in it.
+  bool StoresStraight(char16_t absent) const;
+
+  /// `FlushImportedCaption` for such a text, which stands elsewhere.
+  void FlushStraight(TextView text);
+
+  /// A character that every tag of the format holds; NUL when none is known.
+  char16_t TagAnchor() const { return tagAnchor_; }
+
+  /// The format's line break where it only stands for the separator: a text whose every "<" begins one is stored with
+  /// separators in their places and nothing else done to it. Empty when the format is not so.
+  TextView MereBreak() const;
 
   /// Appends the caption as it is, a time not read as 0. Text and times stay.
   void StoreImportedCaption();

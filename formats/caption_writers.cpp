@@ -11,7 +11,8 @@
 namespace cuewright {
 namespace {
 
-constexpr std::size_t kBlock = 1 << 15;
+constexpr std::size_t kBlock = 1 << 16;
+constexpr std::size_t kRoomForNumber = 280;
 constexpr std::array<TextView, 3> kMarkers = {u"<b>", u"<i>", u"<u>"};
 
 void RemoveMarkers(Text& text) {
@@ -99,6 +100,10 @@ class RecordWriter {
       case Field::End:
         return PutTime(caption.end);
       case Field::Count:
+        if (sink_.KeepsAscii()) {
+          const std::size_t digits = job_.definition.subCountPicture.size();
+          return sink_.Advance(PutNumberBytes(row - 1 + firstNumber_, digits, sink_.Room(kRoomForNumber)));
+        }
         field_.clear();
         AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), field_);
         return sink_.Put(field_);
@@ -110,6 +115,12 @@ class RecordWriter {
   }
 
   void PutTime(std::int32_t ms) {
+    const bool clock = plainMarkers_ || !(milliseconds_ || frames_);
+    if (sink_.KeepsAscii() && (!clock || timecodes_.IsAscii())) {
+      char* const to = sink_.Room(clock ? timecodes_.Longest() : kRoomForNumber);
+      return sink_.Advance(clock ? timecodes_.PutBytes(ms, job_.fps, to)
+                                 : PutNumberBytes(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, to));
+    }
     field_.clear();
     if (plainMarkers_ || !(milliseconds_ || frames_)) {
       timecodes_.Append(ms, job_.fps, field_);
@@ -121,6 +132,7 @@ class RecordWriter {
 
   void PutText(TextView stored) {
     const Text& separator = job_.captions.Options().LineSeparator;
+    if (sink_.IsUtf8() && !plainMarkers_ && !semicolons_ && PutUtf8(stored, separator)) return;
     if (!semicolons_ && HeldOf(stored, u'<', u'\r', plainMarkers_ ? u'\0' : u'<') == 0) {
       PutLines(stored, separator);
       return;
@@ -135,6 +147,31 @@ class RecordWriter {
       if (!keepsLines_) Exchange(text_, kLineEnd, lineBreak_);
     }
     sink_.Put(text_);
+  }
+
+  /// A text without markers and line ends, with line breaks for its separators; false, with nothing put, for any
+  /// other.
+  bool PutUtf8(TextView text, TextView separator) {
+    if (separator.empty() || separator.front() >= 0x80) return false;
+    const std::size_t before = sink_.Size();
+    std::size_t at = 0;
+    for (;;) {
+      const TextView rest = text.substr(at);
+      char* const to = sink_.Room(3 * rest.size() + 8);
+      const EncodedPart part = EncodeUtf8Until(rest, u'<', u'\r', separator.front(), to);
+      sink_.Advance(to + part.bytes);
+      at += part.units;
+      if (at == text.size()) return true;
+      if (text[at] == u'<' || text[at] == u'\r') break;
+      if (text.substr(at).starts_with(separator)) {
+        sink_.PutBytes(breakBytes_);
+        at += separator.size();
+      } else {
+        sink_.Put(text.substr(at++, 1));
+      }
+    }
+    sink_.Cut(before);
+    return false;
   }
 
   /// The pieces between the separators, the format's line break between them.
@@ -194,15 +231,12 @@ struct MemorySink final : ByteSink {
 LineSink::LineSink(ByteSink& sink, const Codec& codec)
     : sink_(sink), codec_(codec), utf8_(codec.IsUtf8()), lineEnd_(codec.Encoded(kLineEnd)) {}
 
-char* LineSink::Room(std::size_t count) {
-  if (capacity_ < size_ + count) {
-    const std::size_t capacity = std::max(size_ + count, 2 * kBlock);
-    auto held = std::make_unique_for_overwrite<char[]>(capacity);
-    std::copy_n(held_.get(), size_, held.get());
-    held_ = std::move(held);
-    capacity_ = capacity;
-  }
-  return held_.get() + size_;
+void LineSink::Grow(std::size_t count) {
+  const std::size_t capacity = std::max(size_ + count, 2 * kBlock);
+  auto held = std::make_unique_for_overwrite<char[]>(capacity);
+  std::copy_n(held_.get(), size_, held.get());
+  held_ = std::move(held);
+  capacity_ = capacity;
 }
 
 void LineSink::Put(TextView text) {
@@ -218,13 +252,22 @@ void LineSink::Put(TextView text) {
 
 void LineSink::PutBytes(std::string_view bytes) {
   char* const to = Room(bytes.size());
-  std::copy(bytes.begin(), bytes.end(), to);
+  // Most are a few bytes between two fields; a call to copy them would take longer than the copying.
+  if (bytes.size() <= 4) {
+    for (std::size_t i = 0; i < bytes.size(); ++i) to[i] = bytes[i];
+  } else {
+    std::copy(bytes.begin(), bytes.end(), to);
+  }
   size_ += bytes.size();
 }
 
 void LineSink::EndLine() {
   PutBytes(lineEnd_);
-  if (size_ >= kBlock) Flush();
+  if (size_ < kBlock) return;
+  // Whole blocks, so that no page of the file is written in two pieces.
+  sink_.Write({held_.get(), kBlock});
+  size_ -= kBlock;
+  std::copy_n(held_.get() + kBlock, size_, held_.get());
 }
 
 void LineSink::Flush() {

@@ -33,10 +33,24 @@ class LineSink {
   /// Hands on what is held back.
   void Flush();
 
+  bool IsUtf8() const { return utf8_; }
+  /// True when ASCII stands in the file as it is.
+  bool KeepsAscii() const { return codec_.AsciiIsPlain(); }
+
+  /// Room for `count` bytes behind those held back; `Advance` takes what was put there, up to the place `end`.
+  char* Room(std::size_t count) {
+    if (capacity_ < size_ + count) Grow(count);
+    return held_.get() + size_;
+  }
+  void Advance(const char* end) { size_ = static_cast<std::size_t>(end - held_.get()); }
+  /// Bytes held back, and the way back to fewer of them.
+  std::size_t Size() const { return size_; }
+  void Cut(std::size_t size) { size_ = size; }
+
   std::string Encoded(TextView text) const { return codec_.Encoded(text); }
 
  private:
-  char* Room(std::size_t count);
+  void Grow(std::size_t count);
 
   ByteSink& sink_;
   const Codec& codec_;

@@ -42,6 +42,7 @@ class Utf8Codec final : public Codec {
     return true;
   }
   bool Holds(TextView) const override { return true; }
+  bool AsciiIsPlain() const override { return true; }
   bool IsUtf8() const override { return true; }
 };
 
@@ -90,6 +91,8 @@ class SingleByteCodec final : public Codec {
     for (const char byte : bytes) *out++ = toText_[static_cast<unsigned char>(byte)];
     return bytes.size();
   }
+
+  bool AsciiIsPlain() const override { return true; }
 
   bool Encode(TextView text, std::string& out) const override {
     bool complete = true;

@@ -35,6 +35,9 @@ class Codec {
   /// True when the code page has every character of the text.
   virtual bool Holds(TextView text) const;
 
+  /// True when a byte below 128 is that ASCII character wherever it stands, so that bytes can be searched.
+  virtual bool AsciiIsPlain() const { return false; }
+
   /// True for UTF-8, which is worth a shorter way.
   virtual bool IsUtf8() const { return false; }
 };

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "formats/import.h"
 #include "formats/text_search.h"
@@ -91,9 +92,12 @@ bool Importer::Recognise(const Heads& heads, CarryOn& errors) {
   const FormatCatalogue& catalogue = loader_.Catalogue();
   const FormatDefinition& definition = loader_.Definition();
   timecodeLiteral_ = false;
+  std::vector<Text> absent = {u"0"};  // masks that the head is known to lack
   for (int i = 1; i < catalogue.Count() && !timecodeLiteral_; ++i) {
     loader_.LoadFormatDefinition(catalogue.Identifier(i), false, true);
-    timecodeLiteral_ = definition.timecodeMask != u"0" && Holds(heads.full, definition.timecodeMask);
+    if (std::find(absent.begin(), absent.end(), definition.timecodeMask) != absent.end()) continue;
+    timecodeLiteral_ = Holds(heads.full, definition.timecodeMask);
+    absent.push_back(definition.timecodeMask);
   }
   for (int i = 1; i < catalogue.Count(); ++i) {
     const Text& id = catalogue.Identifier(i);

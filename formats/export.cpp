@@ -84,6 +84,7 @@ std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, DocumentEncoding
 }
 
 bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
+  if (codec.IsUtf8()) return true;
   const FormatDefinition& definition = loader_.Definition();
   if (loader_.CurrentIdentifier() == kPlainText) {
     lastRow = captions_.Rows() - 1;

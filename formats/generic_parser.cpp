@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "formats/line_parsers.h"
 #include "formats/record_pieces.h"
+#include "formats/text_run.h"
 #include "formats/text_search.h"
 
 namespace cuewright {
@@ -11,6 +12,12 @@ namespace {
 
 /// Longest time field that is read, in characters.
 constexpr std::size_t kLongestField = 12;
+/// Longest plain count that fits 32 bits whatever its digits are.
+constexpr std::size_t kLongestCount = 9;
+/// Counts of frames below this are thousandths of whole seconds in 32 bits.
+constexpr std::int32_t kFewFrames = 2000000;
+/// The last column of a line is that of its CR.
+constexpr std::size_t kLongestPlainLine = 254;
 
 /// A place in a line, counted from 1 and held in 8 bits; 0 means none.
 class Column {
@@ -75,6 +82,12 @@ struct PlainForm {
              literal(endTrail) && mask.size() <= kLongestField;
     counts = !context.timecodeLiteral;
     captionLead = cut.CaptionLead;
+    const auto inLine = [](TextView piece) {
+      return std::all_of(piece.begin(), piece.end(), [](char16_t c) { return c < 0x80 && c != u'\r'; });
+    };
+    inBytes = usable && inLine(startLead) && inLine(endLead) && inLine(captionLead) && inLine(mask) &&
+              (inLine(endTrail) || endTrail == u"\r") && (counts || context.fps == 0);
+    bytes = {ToUtf8(startLead), ToUtf8(endLead), ToUtf8(endTrail), ToUtf8(captionLead), ToUtf8(mask)};
   }
 
   /// Length of the time at the beginning of the text; 0 when there is none.
@@ -91,7 +104,27 @@ struct PlainForm {
     return length;
   }
 
+  /// The same in a line's bytes.
+  std::size_t FieldLength(std::string_view text) const {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    std::size_t length = 0;
+    if (counts) {
+      while (length < text.size() && isDigit(text[length])) ++length;
+      return length <= kLongestCount ? length : 0;
+    }
+    const std::string_view form = bytes.mask;
+    if (text.size() < form.size()) return 0;
+    for (; length < form.size(); ++length) {
+      if (form[length] == '0' ? !isDigit(text[length]) : text[length] != form[length]) return 0;
+    }
+    return length;
+  }
+
   bool usable = false;
+  bool inBytes = false;  ///< the literal texts are ASCII, as `bytes` has them
+  struct {
+    std::string startLead, endLead, endTrail, captionLead, mask;
+  } bytes;
   Text startLead, endLead, endTrail, captionLead;
   Text mask;
   bool counts = false;  ///< times are plain counts of any length
@@ -110,6 +143,8 @@ class GenericParser final : public LineParser {
         errors_(context.errors),
         pieces_(cut, context.definition.timecodeMask),
         plain_(cut, context),
+        wholeRate_(context.fps > 0 ? RoundToInt32(static_cast<double>(context.fps)) : 0),
+        run_(context.captions),
         reader_(context.definition),
         markOfMask_(MarkOfMask(context.definition.timecodeMask)),
         maskLength_(context.definition.timecodeMask.size()),
@@ -138,7 +173,114 @@ class GenericParser final : public LineParser {
     }
   }
 
+  void ParseRun(TextFile& file) override {
+    if (!plain_.inBytes || !file.AsciiIsPlain()) return;
+    run_.Begin();
+    while (captions_.ImportedCount() % kYieldEvery != 0 && !captions_.Full() && !run_.Full() && TakeBytes(file)) {
+    }
+    run_.End();
+  }
+
  private:
+  /// What `Parse` does with the file's next line, as long as it is an empty one, one of the plain form or mere text;
+  /// false, with nothing done, for any other.
+  bool TakeBytes(TextFile& file) {
+    const std::string_view rest = file.Rest();
+    if (rest.empty() || rest.front() == ' ') return false;
+    if (rest.front() == file.LineEnd()) {
+      if (captions_.TimesSet() && !IsBlank(run_.View())) run_.Flush();
+      file.SkipLine(0);
+      return true;
+    }
+    if (!context_.dropped.empty() && BeginsWith(rest, context_.dropped)) return false;
+    return TakePlainBytes(file, rest) || TakeMereBytes(file, rest);
+  }
+
+  /// The times at the beginning of a line of the plain form, and where its text begins.
+  struct PlainTimes {
+    std::int32_t start = 0;
+    std::int32_t end = 0;
+    std::size_t text = 0;
+  };
+
+  bool ReadPlainTimes(std::string_view rest, char lineEnd, PlainTimes& times) const {
+    const auto& form = plain_.bytes;
+    if (!BeginsWith(rest, form.startLead)) return false;
+    const std::size_t start = form.startLead.size();
+    const std::string_view startField = rest.substr(start, plain_.FieldLength(rest.substr(start)));
+    const std::size_t startEnd = start + startField.size();
+    if (startField.empty() || !BeginsWith(rest.substr(startEnd), form.endLead)) return false;
+    const std::size_t end = startEnd + form.endLead.size();
+    const std::string_view endField = rest.substr(end, plain_.FieldLength(rest.substr(end)));
+    if (endField.empty()) return false;
+    const std::string_view behind = rest.substr(end + endField.size());
+    const bool lineEnds = behind.empty() || behind.front() == lineEnd;
+    const std::string_view trail = plain_.counts ? form.endTrail : form.captionLead;
+    if (plain_.counts && lineEnds ? trail != "\r" : !BeginsWith(behind, trail)) return false;
+    times.text = end + endField.size() + form.captionLead.size();
+    if (!plain_.counts) return reader_.ParseClock(startField, times.start) && reader_.ParseClock(endField, times.end);
+    times.start = Count(startField);
+    times.end = Count(endField);
+    return !reader_.CountsFrames() || (FramesToMs(times.start) && FramesToMs(times.end));
+  }
+
+  /// Frames of a rate that rounds to a whole one; false when it takes more than whole numbers of 32 bits.
+  bool FramesToMs(std::int32_t& frames) const {
+    if (wholeRate_ == 0 || frames >= kFewFrames) return false;
+    frames = frames * 1000 / wholeRate_;
+    return true;
+  }
+
+  /// For beginnings of a few bytes, where a call would take longer than the look.
+  static bool BeginsWith(std::string_view text, std::string_view beginning) {
+    if (text.size() < beginning.size()) return false;
+    for (std::size_t i = 0; i < beginning.size(); ++i) {
+      if (text[i] != beginning[i]) return false;
+    }
+    return true;
+  }
+
+  static std::int32_t Count(std::string_view digits) {
+    std::int32_t count = 0;
+    for (const char c : digits) count = count * 10 + (c - '0');
+    return count;
+  }
+
+  /// As `ParsePlainLine`.
+  bool TakePlainBytes(TextFile& file, std::string_view rest) {
+    const bool open = captions_.StartSet() || captions_.EndSet();
+    if (open ? run_.Empty() || !captions_.TimesSet() : !run_.Empty()) return false;
+    PlainTimes times;
+    if (!ReadPlainTimes(rest, file.LineEnd(), times)) return false;
+    const std::string_view text = rest.substr(times.text);
+    bool ascii = true;
+    const std::size_t length = FindLineEnd(text, file.LineEnd(), ascii);
+    if (times.text + length > kLongestPlainLine || (length != 0 && text[length - 1] == ' ')) return false;
+    if (open) run_.Flush();
+    captions_.captionStart = times.start;
+    captions_.captionEnd = times.end;
+    textColumn_.Set(times.text + 1, errors_);
+    if (captions_.TimesSet() && length != 0) {
+      const LineScan scan = run_.Look(text, file.LineEnd(), {run_.TagMark()});
+      run_.Decode(file, text, scan);
+      run_.Take(scan.angled || scan.markedA);
+    }
+    file.SkipLine(times.text + length);
+    return true;
+  }
+
+  /// A line of text as `IsMereText` has it.
+  bool TakeMereBytes(TextFile& file, std::string_view rest) {
+    if (!captions_.TimesSet() || !pieces_.startWantsDigit || !pieces_.endWantsDigit) return false;
+    if (markOfMask_ == u'\0' || context_.definition.singleLineRecord) return false;
+    const LineScan scan = run_.Look(rest, file.LineEnd(), {run_.TagMark(), static_cast<char>(markOfMask_)});
+    if (scan.markedB || scan.length > kLongestLine || rest[scan.length - 1] == ' ') return false;
+    run_.Decode(file, rest, scan);
+    run_.Take(scan.angled || scan.markedA);
+    file.SkipLine(scan.length);
+    return true;
+  }
+
   /// A further line of text that can't hold a time, in the order that takes such lines whole.
   bool IsMereText(TextView text) const {
     return context_.definition.captionAfterEnd && captions_.TimesSet() && pieces_.startWantsDigit &&
@@ -159,8 +301,7 @@ class GenericParser final : public LineParser {
     const bool open = captions_.StartSet() || captions_.EndSet();
     if (open && (captions_.captionText.empty() || !captions_.TimesSet())) return false;
     if (!open && !captions_.captionText.empty()) return false;
-    // The last column is that of the CR.
-    if (text.size() > 254 || !text.starts_with(plain_.startLead)) return false;
+    if (text.size() > kLongestPlainLine || !text.starts_with(plain_.startLead)) return false;
     const std::size_t start = plain_.startLead.size();
     const std::size_t startEnd = start + plain_.FieldLength(text.substr(start));
     if (startEnd == start || !text.substr(startEnd).starts_with(plain_.endLead)) return false;
@@ -330,6 +471,8 @@ class GenericParser final : public LineParser {
   CarryOn& errors_;
   Pieces pieces_;
   PlainForm plain_;
+  std::int32_t wholeRate_ = 0;  // the rate as a whole number; 0: none that frames are divided by
+  TextRun run_;
   TimecodeReader reader_;
   char16_t markOfMask_;  // a character of the mask that is no digit and no letter; NUL: it has none
   std::size_t maskLength_;

@@ -23,6 +23,11 @@ class LineFilter {
         dropZeroTime_(identifier == kTmPlayer && listIsEmpty),
         dropClosing_(identifier == kUleadWorkshop) {}
 
+  /// What every line begins with that may be dropped; empty for none.
+  std::string_view Beginning() const {
+    return dropFrameRate_ ? "{1}{1}" : dropZeroTime_ ? "00:00:00" : dropClosing_ ? "#" : "";
+  }
+
   bool Drops(const ImportLine& line) const {
     if (dropFrameRate_) return line.View().starts_with(u"{1}{1}");
     if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
@@ -102,10 +107,10 @@ float Importer::PromptForFps() {
 
 void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
                          CarryOn& errors) {
-  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
-                             wide};
-  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
+  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
+                             wide,     filter.Beginning()};
+  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
   bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
   ImportLine line;

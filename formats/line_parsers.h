@@ -36,7 +36,8 @@ struct ParseContext {
   bool timecodeLiteral;  ///< the file's head holds a timecode mask
   float fps;
   CarryOn& errors;
-  bool wide = false;  ///< lines are paired bytes, and may hold a CR
+  bool wide = false;              ///< lines are paired bytes, and may hold a CR
+  std::string_view dropped = {};  ///< lines that begin so may be dropped, and are none for `ParseRun`
 };
 
 /// Reads a file line by line into the caption list's form.

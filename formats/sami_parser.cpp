@@ -1,9 +1,12 @@
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "core/numbers.h"
 #include "formats/line_parsers.h"
+#include "formats/text_run.h"
 #include "formats/text_search.h"
+#include "formats/utf8.h"
 
 namespace cuewright {
 namespace {
@@ -15,6 +18,9 @@ struct KeptTag {
 };
 constexpr std::array<KeptTag, 4> kKeptTags = {
     {{u"<br>", u"#br#"}, {u"<b>", u"#b#"}, {u"<i>", u"#i#"}, {u"<u>", u"#u#"}}};
+
+/// What a line with a time begins with.
+constexpr std::string_view kSyncBytes = "<SYNC START=";
 
 /// Longest line of nested brackets that is worked on copy by copy, since that takes time by its square.
 constexpr std::size_t kLongestNested = 4096;
@@ -99,7 +105,8 @@ Text StripAnyLine(TextView line) {
 
 class SamiParser final : public LineParser {
  public:
-  explicit SamiParser(const ParseContext& context) : captions_(context.captions), errors_(context.errors) {}
+  explicit SamiParser(const ParseContext& context)
+      : captions_(context.captions), errors_(context.errors), run_(context.captions) {}
 
   void Parse(ImportLine& line) override {
     if (!bodySeen_) {
@@ -117,7 +124,125 @@ class SamiParser final : public LineParser {
     if (space) captions_.Reset();
   }
 
+  void ParseRun(TextFile& file) override {
+    if (!bodySeen_ || !file.AsciiIsPlain()) return;
+    mereBreak_ = ToUtf8(captions_.MereBreak());
+    if (!captions_.StoresStraight(u'\0')) return;
+    run_.Begin();
+    while (captions_.ImportedCount() % kYieldEvery != 0 && !captions_.Full() && TakeBytes(file)) {
+    }
+    run_.End();
+  }
+
  private:
+  /// What `Parse` does with the file's next line, as long as it is a plain one; false, with nothing done, for any
+  /// other.
+  bool TakeBytes(TextFile& file) {
+    const std::string_view rest = file.Rest();
+    std::size_t from = rest.find_first_not_of(' ');
+    if (from == std::string_view::npos) return false;
+    const std::string_view line = rest.substr(from);
+    std::size_t length = 0;
+    if (line.front() == file.LineEnd()) {
+      // Nothing is to be done.
+    } else if (line.front() == '<') {
+      length = TakeTagLine(line, file.LineEnd());
+    } else {
+      length = TakeTextLine(file, line);
+    }
+    if (length == 0 && line.front() != file.LineEnd()) return false;
+    file.SkipLine(from + length);
+    return true;
+  }
+
+  /// A line of tags and no text; its length, 0 for any other.
+  std::size_t TakeTagLine(std::string_view line, char lineEnd) {
+    constexpr std::size_t kLongestCount = 9;
+    if (line.size() < kSyncBytes.size() || std::memcmp(line.data(), kSyncBytes.data(), kSyncBytes.size()) != 0) {
+      return TakeKnownLine(line, lineEnd);
+    }
+    std::size_t at = kSyncBytes.size();
+    std::int32_t time = 0;
+    for (; at < line.size() && line[at] >= '0' && line[at] <= '9'; ++at) time = time * 10 + (line[at] - '0');
+    if (at == kSyncBytes.size() || at > kSyncBytes.size() + kLongestCount) return 0;
+    if (at + 1 >= line.size() || line[at] != '>' || line[at + 1] != lineEnd) return 0;
+    FlushTimed();
+    TakeTime(time);
+    return at + 1;
+  }
+
+  /// The lines of paragraphs, which are the same all through a file.
+  std::size_t TakeKnownLine(std::string_view line, char lineEnd) {
+    for (KnownLine& known : known_) {
+      const std::size_t length = known.bytes.size();
+      if (length == 0 || length >= line.size() || line[length] != lineEnd || !line.starts_with(known.bytes)) continue;
+      FlushTimed();
+      if (known.space) Reset();
+      return length;
+    }
+    return Learn(line, lineEnd);
+  }
+
+  /// Keeps a line that turns out to be tags alone; 0, so that it is parsed as any line this time.
+  std::size_t Learn(std::string_view line, char lineEnd) {
+    constexpr std::size_t kLongestKnown = 256;
+    const std::size_t length = line.substr(0, kLongestKnown).find(lineEnd);
+    if (length == std::string_view::npos || !IsAscii(line.substr(0, length)) || line[length - 1] == ' ') return 0;
+    const Text text = FromUtf8(line.substr(0, length));
+    Text left;
+    const bool space = space_.In(text);
+    if (sync_.In(text) || (!space && (!StripPlainLine(text, left) || !left.empty()))) return 0;
+    known_[nextKnown_] = {std::string(line.substr(0, length)), space};
+    nextKnown_ = (nextKnown_ + 1) % known_.size();
+    return 0;
+  }
+
+  /// A line of text whose tags, if any, are line breaks; its length, 0 for any other.
+  std::size_t TakeTextLine(TextFile& file, std::string_view line) {
+    if (captions_.TimesSet() || !run_.Empty()) return 0;
+    // "SYNC START" has a "C" before its blank.
+    const LineScan scan = run_.Look(line, file.LineEnd(), {'&', '#', 'c'});
+    if (scan.markedA || scan.markedB || scan.length > kLongestLine || line[scan.length - 1] == ' ') return 0;
+    if (scan.angled) return TakeBroken(file, line.substr(0, scan.length)) ? scan.length : 0;
+    run_.Decode(file, line, scan);
+    run_.Take(false);
+    return scan.length;
+  }
+
+  /// The pieces of a text between its line breaks; false when there is any other tag.
+  bool TakeBroken(const TextFile& file, std::string_view text) {
+    if (mereBreak_.empty()) return false;
+    std::size_t at = 0;
+    for (std::size_t hit = text.find('<'); hit != std::string_view::npos; hit = text.find('<', at)) {
+      if (!text.substr(hit).starts_with(mereBreak_)) {
+        run_.Clear();
+        return false;
+      }
+      run_.Append(file, text.substr(at, hit - at));
+      run_.AddSeparator();
+      at = hit + mereBreak_.size();
+    }
+    run_.Append(file, text.substr(at));
+    return true;
+  }
+
+  void FlushTimed() {
+    if (!run_.Empty() && captions_.TimesSet()) run_.Flush();
+  }
+
+  void Reset() {
+    captions_.Reset();
+    run_.Clear();
+  }
+
+  void TakeTime(std::int32_t time) {
+    if (!captions_.StartSet()) {
+      captions_.captionStart = time;
+    } else if (!captions_.EndSet()) {
+      captions_.captionEnd = time;
+    }
+  }
+
   void TakeText(TextView text, bool marked) {
     if (!marked) {
       captions_.captionText = text;
@@ -129,11 +254,7 @@ class SamiParser final : public LineParser {
   void ReadTime(TextView text) {
     const std::size_t equals = text.find(u'=');
     const TextView number = equals == TextView::npos ? text : text.substr(equals + 1);
-    if (!captions_.StartSet()) {
-      captions_.captionStart = RoundToInt32(LeadingNumber(number));
-    } else if (!captions_.EndSet()) {
-      captions_.captionEnd = RoundToInt32(LeadingNumber(number));
-    }
+    if (!captions_.TimesSet()) TakeTime(RoundToInt32(LeadingNumber(number)));
   }
 
   CaptionCollector& captions_;
@@ -141,6 +262,16 @@ class SamiParser final : public LineParser {
   Needle sync_{u"SYNC START"};
   Needle space_{u"&nbsp;"};
   bool bodySeen_ = false;
+
+  /// A line of tags alone, and whether it is a blank screen.
+  struct KnownLine {
+    std::string bytes;
+    bool space = false;
+  };
+  std::array<KnownLine, 2> known_;
+  std::size_t nextKnown_ = 0;
+  std::string mereBreak_;
+  TextRun run_;
 };
 
 }  // namespace

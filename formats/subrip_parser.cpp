@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "formats/line_parsers.h"
-#include "formats/utf8.h"
+#include "formats/text_run.h"
 
 namespace cuewright {
 namespace {
@@ -9,12 +9,11 @@ namespace {
 constexpr std::size_t kTimeLength = 12;
 constexpr std::string_view kArrowBytes = " --> ";
 constexpr TextView kArrow = u" --> ";
-/// Room for a line of text, in units; a longer one is decoded apart.
-constexpr std::size_t kUsualLine = 512;
 
 class SubRipParser final : public LineParser {
  public:
-  explicit SubRipParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  explicit SubRipParser(const ParseContext& context)
+      : context_(context), reader_(context.definition), text_(context.captions) {}
 
   void Parse(ImportLine& line) override {
     CaptionCollector& captions = context_.captions;
@@ -28,10 +27,10 @@ class SubRipParser final : public LineParser {
   void ParseRun(TextFile& file) override {
     CaptionCollector& captions = context_.captions;
     if (captions.ImportedCount() % kYieldEvery == 0) return;
-    TakeText();
+    text_.Begin();
     while (captions.ImportedCount() % kYieldEvery != 0) {
       const std::string_view rest = file.Rest();
-      if (rest.empty() || text_.Size() > CaptionCollector::kMostText) break;
+      if (rest.empty() || text_.Full()) break;
       if (captions.TimesSet()) {
         ParseTextLine(file, rest);
       } else if (const std::size_t length = SettledLength(rest, file.LineEnd()); length != 0) {
@@ -40,38 +39,18 @@ class SubRipParser final : public LineParser {
         ParseAnyLine(file);
       }
     }
-    GiveText();
+    text_.End();
   }
 
  private:
-  // During a run the text lies in a buffer of the parser's own, into which lines are decoded directly.
-  void TakeText() {
-    Text& text = context_.captions.captionText;
-    std::copy(text.begin(), text.end(), text_.Room(text.size()));
-    text_.SetSize(text.size());
-    angled_ = !text.empty();
-    text.clear();
-  }
-  void GiveText() { context_.captions.captionText = text_.View(); }
-
   /// What `Parse` does, for lines with something special about them.
   void ParseAnyLine(TextFile& file) {
     if (!line_.Next(file, nullptr)) return;
     if (line_.Empty()) {
-      if (context_.captions.TimesSet()) Flush();
+      if (context_.captions.TimesSet()) text_.Flush();
     } else if (!ReadTimes(line_.View()) && context_.captions.TimesSet()) {
-      AddLine(line_.View());
+      text_.AddLine(line_.View());
     }
-  }
-
-  void AddLine(TextView line) {
-    const Text& separator = context_.captions.Separator();
-    std::size_t size = text_.Size();
-    char16_t* const room = text_.Room(size + separator.size() + line.size(), size);
-    if (size != 0) size += separator.copy(room + size, separator.size());
-    size += line.copy(room + size, line.size());
-    text_.SetSize(size);
-    angled_ = true;
   }
 
   /// Length of a line that is a counter or a plain timing line, which is then taken; 0 for any other.
@@ -88,37 +67,14 @@ class SubRipParser final : public LineParser {
   void ParseTextLine(TextFile& file, std::string_view rest) {
     if (rest.front() == file.LineEnd()) {
       file.SkipLine(0);
-      return Flush();
+      return text_.Flush();
     }
-    const Text& separator = context_.captions.Separator();
-    const std::size_t old = text_.Size();
-    std::size_t place = old;
-    char16_t* const room = text_.Room(old + separator.size() + kUsualLine, old);
-    if (old != 0) place += separator.copy(room + old, separator.size());
-    const LineScan scan = WidenLine(rest, file.LineEnd(), room + place, text_.Capacity() - 16 - place);
-    const std::string_view bytes = rest.substr(0, scan.length);
-    if (bytes.front() == ' ' || bytes.back() == ' ' || scan.length > kLongestLine) return ParseAnyLine(file);
-    std::size_t units = scan.ascii;
-    char16_t* line = room + place;
-    if (scan.ascii != scan.length) {
-      line = text_.Room(place + scan.length, place + scan.ascii) + place;
-      units += file.DecodeTo(bytes.substr(scan.ascii), line + scan.ascii);
-    }
-    if (TextView(line, units).substr(std::min(units, kTimeLength), kArrow.size()) == kArrow) return ParseAnyLine(file);
-    text_.SetSize(place + units);
-    angled_ = angled_ || scan.angled;
+    const LineScan scan = text_.Look(rest, file.LineEnd(), {text_.TagMark()});
+    if (rest.front() == ' ' || rest[scan.length - 1] == ' ' || scan.length > kLongestLine) return ParseAnyLine(file);
+    const TextView line = text_.Decode(file, rest, scan);
+    if (line.substr(std::min(line.size(), kTimeLength), kArrow.size()) == kArrow) return ParseAnyLine(file);
+    text_.Take(scan.angled || scan.markedA);
     file.SkipLine(scan.length);
-  }
-
-  void Flush() {
-    if (angled_) {
-      GiveText();
-      context_.captions.FlushImportedCaption();
-    } else {
-      context_.captions.FlushPlain(text_.View());
-    }
-    text_.SetSize(0);
-    angled_ = false;
   }
 
   /// A timing line without anything behind the times.
@@ -145,8 +101,7 @@ class SubRipParser final : public LineParser {
   ParseContext context_;
   TimecodeReader reader_;
   ImportLine line_;  // of the parser's own reading
-  LineBuffer text_;
-  bool angled_ = false;  // it may hold a "<"
+  TextRun text_;
 };
 
 }  // namespace

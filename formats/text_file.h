@@ -66,6 +66,8 @@ class TextFile {
 
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
+  /// Marks of ASCII can be looked for in the bytes.
+  bool AsciiIsPlain() const { return utf8_ || codec_->AsciiIsPlain(); }
   /// The character that ends lines: CR or LF.
   char LineEnd() const { return lineEnd_; }
   /// Moves behind the next line, which is known to have `length` bytes, and its end.

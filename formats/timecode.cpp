@@ -66,21 +66,23 @@ std::int32_t FramesToMs(double frames, float fps) {
 constexpr std::size_t kLongestNumber = 280;
 
 /// Puts a number of at least `digits` digits and gives the place behind it.
-char16_t* PutNumber(std::int64_t number, std::size_t digits, char16_t* out) {
-  std::array<char16_t, kLongestNumber> reversed;
-  if (number < 0) *out++ = u'-';
+template <class Unit>
+Unit* PutNumber(std::int64_t number, std::size_t digits, Unit* out) {
+  std::array<Unit, 24> reversed;
+  if (number < 0) *out++ = Unit{'-'};
   std::uint64_t left = static_cast<std::uint64_t>(number < 0 ? -number : number);
   std::size_t count = 0;
-  do reversed[count++] = static_cast<char16_t>(u'0' + left % 10);
+  do reversed[count++] = static_cast<Unit>('0' + left % 10);
   while ((left /= 10) != 0);
-  for (std::size_t zeros = std::min(digits, kLongestNumber - 24); zeros > count; --zeros) *out++ = u'0';
+  for (std::size_t zeros = std::min(digits, kLongestNumber - 24); zeros > count; --zeros) *out++ = Unit{'0'};
   while (count != 0) *out++ = reversed[--count];
   return out;
 }
 
 /// The same for fields, which have two or three digits most of the time.
-char16_t* PutField(std::int32_t number, std::size_t digits, char16_t* out) {
-  const auto digit = [](std::int32_t value) { return static_cast<char16_t>(u'0' + value % 10); };
+template <class Unit>
+Unit* PutField(std::int32_t number, std::size_t digits, Unit* out) {
+  const auto digit = [](std::int32_t value) { return static_cast<Unit>('0' + value % 10); };
   if (digits == 2 && number >= 0 && number < 100) {
     out[0] = digit(number / 10);
     out[1] = digit(number);
@@ -114,6 +116,7 @@ Parts SplitTime(std::int32_t ms) {
 
 /// The rest cut to the digits of the picture; a short one stays as it is.
 std::int32_t CutFraction(std::int32_t rest, std::size_t digits) {
+  if (digits == 3 && rest < 1000) return rest;
   std::int32_t bound = 1;
   for (std::size_t i = 0; i < digits; ++i) bound *= 10;
   while (rest >= bound) rest /= 10;
@@ -127,6 +130,8 @@ void AppendNumber(std::int64_t number, std::size_t digits, Text& out) {
   char16_t* const end = PutNumber(number, digits, room.data());
   out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
+
+char* PutNumberBytes(std::int64_t number, std::size_t digits, char* out) { return PutNumber(number, digits, out); }
 
 TimecodeReader::TimecodeReader(const TimecodeForm& form) {
   const Text& pattern = form.timecodeTemplate;
@@ -160,7 +165,15 @@ std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
 }
 
 bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const {
-  if (kind_ != Kind::Columns || !prefix_.empty() || !suffix_.empty() || bytes.size() != 12) return false;
+  if (kind_ != Kind::Columns || bytes.size() + prefix_.size() + suffix_.size() != 12) return false;
+  std::array<char, 12> fixed;
+  if (bytes.size() != fixed.size()) {
+    const auto narrow = [](char16_t c) { return static_cast<char>(c); };
+    char* to = std::transform(prefix_.begin(), prefix_.end(), fixed.begin(), narrow);
+    to = std::copy(bytes.begin(), bytes.end(), to);
+    std::transform(suffix_.begin(), suffix_.end(), to, narrow);
+    bytes = {fixed.data(), fixed.size()};
+  }
   bool digits = ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0;
   const auto digit = [&](std::size_t at) {
     const int value = bytes[at] - '0';
@@ -181,44 +194,137 @@ std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
 
 std::int32_t MsToFrames(std::int32_t ms, float fps) { return RoundToInt32(static_cast<double>(fps) * ms) / 1000; }
 
-TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes)
-    : form_(form),
-      hoursInMinutes_(hoursInMinutes),
-      hasHours_(Holds(form.timecodeTemplate, u"h")),
-      hasFraction_(Holds(form.timecodeTemplate, u"z")) {}
-
-void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
-  Parts parts = SplitTime(ms);
-  const TextView compact = form_.timecodeCompact;
-  if (compact.find(u'z') == TextView::npos && fps == 0 && parts.rest >= 251) ++parts.seconds;
-  if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
-  if (fps == 0) parts.rest = CutFraction(parts.rest, form_.fractionPicture.size());
-  if (hoursInMinutes_) parts.minutes = Checked8(parts.hours.Value() * 60 + parts.minutes.Value());
-  const std::int32_t frames = fps != 0 ? MsToFrames(parts.rest, fps) : 0;
-  // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
-  std::array<char16_t, kLongestNumber> room;
-  char16_t* to = room.data();
+TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes) : hoursInMinutes_(hoursInMinutes) {
+  const TextView compact = form.timecodeCompact;
+  const bool hasHours = Holds(form.timecodeTemplate, u"h");
+  const bool hasFraction = Holds(form.timecodeTemplate, u"z");
+  wholeSeconds_ = !Holds(compact, u"z");
+  fractionDigits_ = form.fractionPicture.size();
+  const auto add = [&](Field field, std::size_t digits) { pieces_.push_back({field, digits, u'\0'}); };
   for (std::size_t i = 0; i < compact.size(); ++i) {
     const char16_t c = compact[i];
     if (c == u's') {
-      to = PutField(parts.seconds.Value(), 2, to);
+      add(Field::Seconds, 2);
     } else if (c == u'm') {
-      to = PutField(parts.minutes.Value(), 2, to);
-    } else if (c == u'h' && hasHours_) {
-      to = PutField(parts.hours.Value(), form_.hourPicture.size(), to);
-    } else if (fps != 0 && c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
-      to = PutField(frames, 2, to);
+      add(Field::Minutes, 2);
+    } else if (c == u'h' && hasHours) {
+      add(Field::Hours, form.hourPicture.size());
+    } else if (c == u'f' && i + 1 < compact.size() && compact[i + 1] == u'f') {
+      add(Field::Frames, 2);
       ++i;
-    } else if (fps == 0 && hasFraction_ && c == u'z') {
-      to = PutField(parts.rest, form_.fractionPicture.size(), to);
+    } else if (hasFraction && c == u'z') {
+      add(Field::Fraction, fractionDigits_);
     } else {
-      *to++ = c;
+      pieces_.push_back({Field::Literal, 0, c});
+      ascii_ = ascii_ && c < 0x80;
     }
-    if (to < room.data() + room.size() / 2) continue;
-    out.append(room.data(), static_cast<std::size_t>(to - room.data()));
-    to = room.data();
   }
-  out.append(room.data(), static_cast<std::size_t>(to - room.data()));
+  for (const Piece& piece : pieces_) longest_ += std::max<std::size_t>(piece.digits, 16);
+  LayOut();
+}
+
+void TimecodeWriter::LayOut() {
+  layoutBound_ = 100 * kHour;
+  std::size_t at = 0;
+  for (const Piece& piece : pieces_) {
+    if (at + 4 > layout_.size()) return;
+    std::size_t* place = nullptr;
+    if (piece.field == Field::Hours && (piece.digits == 1 || piece.digits == 2)) place = &hoursAt_;
+    if (piece.field == Field::Minutes) place = &minutesAt_;
+    if (piece.field == Field::Seconds) place = &secondsAt_;
+    if (piece.field == Field::Fraction && piece.digits <= 3) place = &fractionAt_;
+    if (piece.field == Field::Literal) {
+      layout_[at++] = static_cast<char>(piece.literal);
+    } else if (place != nullptr && *place == kNowhere) {
+      *place = at;
+      at += piece.digits;
+      if (piece.field == Field::Hours && piece.digits == 1) layoutBound_ = 10 * kHour;
+    } else {
+      return;
+    }
+  }
+  if (!ascii_ || hoursInMinutes_) return;
+  layoutSize_ = at;
+}
+
+char* TimecodeWriter::PutLaidOut(std::int32_t ms, char* out) const {
+  const auto two = [&](std::size_t at, std::int32_t value) {
+    if (at == kNowhere) return;
+    out[at] = static_cast<char>('0' + value / 10);
+    out[at + 1] = static_cast<char>('0' + value % 10);
+  };
+  std::copy(layout_.begin(), layout_.end(), out);
+  const std::int32_t seconds = ms / kSecond;
+  const std::int32_t minutes = seconds / 60;
+  std::int32_t rest = ms % kSecond;
+  if (layoutBound_ == 10 * kHour) {
+    out[hoursAt_] = static_cast<char>('0' + minutes / 60);
+  } else {
+    two(hoursAt_, minutes / 60);
+  }
+  two(minutesAt_, minutes % 60);
+  two(secondsAt_, seconds % 60 + (wholeSeconds_ && rest >= 251 ? 1 : 0));
+  if (fractionAt_ == kNowhere) return out + layoutSize_;
+  rest = CutFraction(rest, fractionDigits_);
+  for (std::size_t digit = fractionDigits_; digit-- > 0; rest /= 10) {
+    out[fractionAt_ + digit] = static_cast<char>('0' + rest % 10);
+  }
+  return out + layoutSize_;
+}
+
+template <class Unit>
+Unit* TimecodeWriter::PutTime(std::int32_t ms, float fps, Unit* out) const {
+  Parts parts = SplitTime(ms);
+  if (wholeSeconds_ && fps == 0 && parts.rest >= 251) ++parts.seconds;
+  if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
+  if (fps == 0) parts.rest = CutFraction(parts.rest, fractionDigits_);
+  if (hoursInMinutes_) parts.minutes = Checked8(parts.hours.Value() * 60 + parts.minutes.Value());
+  const std::int32_t frames = fps != 0 ? MsToFrames(parts.rest, fps) : 0;
+  const auto put = [&](std::int32_t number, std::size_t digits) { out = PutField(number, digits, out); };
+  const auto letters = [&](char letter, int count) {
+    while (count-- != 0) *out++ = static_cast<Unit>(letter);
+  };
+  // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
+  for (const Piece& piece : pieces_) {
+    switch (piece.field) {
+      case Field::Literal:
+        *out++ = static_cast<Unit>(piece.literal);
+        break;
+      case Field::Hours:
+        put(parts.hours.Value(), piece.digits);
+        break;
+      case Field::Minutes:
+        put(parts.minutes.Value(), piece.digits);
+        break;
+      case Field::Seconds:
+        put(parts.seconds.Value(), piece.digits);
+        break;
+      case Field::Frames:
+        fps != 0 ? put(frames, piece.digits) : letters('f', 2);
+        break;
+      case Field::Fraction:
+        fps == 0 ? put(parts.rest, piece.digits) : letters('z', 1);
+        break;
+    }
+  }
+  return out;
+}
+
+void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
+  std::array<char16_t, kLongestNumber> room;
+  if (longest_ > room.size()) {
+    Text longRoom(longest_, u'\0');
+    const char16_t* const end = PutTime(ms, fps, longRoom.data());
+    out.append(longRoom, 0, static_cast<std::size_t>(end - longRoom.data()));
+    return;
+  }
+  const char16_t* const end = PutTime(ms, fps, room.data());
+  out.append(room.data(), static_cast<std::size_t>(end - room.data()));
+}
+
+char* TimecodeWriter::PutBytes(std::int32_t ms, float fps, char* out) const {
+  if (layoutSize_ != 0 && fps == 0 && ms >= 0 && ms < layoutBound_) return PutLaidOut(ms, out);
+  return PutTime(ms, fps, out);
 }
 
 Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/text.h"
 #include "formats/definition.h"
@@ -21,9 +23,12 @@ class TimecodeReader {
 
   std::int32_t Parse(TextView text, float fps) const;
 
-  /// The same for twelve bytes of ASCII, as long as they are digits in the columns of "hh:mm:ss,zzz" and no rate
-  /// counts; false for anything else.
+  /// The same for bytes that are as long as the template, a clock time without frames, and are digits in its columns;
+  /// false for anything else.
   bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
+
+  /// True when times are counts of frames.
+  bool CountsFrames() const { return kind_ == Kind::Frames; }
 
  private:
   enum class Kind { Milliseconds, Frames, Columns };
@@ -40,6 +45,9 @@ std::int32_t MsToFrames(std::int32_t ms, float fps);
 /// Appends a number of at least `digits` digits.
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
 
+/// The same as ASCII to a place with room for 280 bytes; gives the place behind the number.
+char* PutNumberBytes(std::int64_t number, std::size_t digits, char* out);
+
 /// Writes times by one template.
 class TimecodeWriter {
  public:
@@ -50,11 +58,43 @@ class TimecodeWriter {
   /// 256 minutes on.
   void Append(std::int32_t ms, float fps, Text& out) const;
 
+  /// True when times are ASCII; `PutBytes` is for those alone.
+  bool IsAscii() const { return ascii_; }
+  /// Room that a time may take, in characters.
+  std::size_t Longest() const { return longest_; }
+  /// Puts the time to a place with so much room and gives the place behind it; fails as `Append` does.
+  char* PutBytes(std::int32_t ms, float fps, char* out) const;
+
  private:
-  const TimecodeForm& form_;
+  enum class Field { Literal, Hours, Minutes, Seconds, Frames, Fraction };
+  struct Piece {
+    Field field;
+    std::size_t digits;
+    char16_t literal;
+  };
+
+  template <class Unit>
+  Unit* PutTime(std::int32_t ms, float fps, Unit* out) const;
+
+  void LayOut();
+  char* PutLaidOut(std::int32_t ms, char* out) const;
+
   bool hoursInMinutes_;
-  bool hasHours_;
-  bool hasFraction_;
+  bool wholeSeconds_ = false;
+  bool ascii_ = true;
+  std::size_t fractionDigits_ = 0;
+  std::size_t longest_ = 0;
+  std::vector<Piece> pieces_;
+
+  // Where each field stands when all of them have a fixed place; a size of 0 when they have not.
+  static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+  std::array<char, 16> layout_{};
+  std::size_t layoutSize_ = 0;
+  std::int32_t layoutBound_ = 0;  // times from here on have other places
+  std::size_t hoursAt_ = kNowhere;
+  std::size_t minutesAt_ = kNowhere;
+  std::size_t secondsAt_ = kNowhere;
+  std::size_t fractionAt_ = kNowhere;
 };
 
 /// A time as text by the template in force, of the format with the identifier.

@@ -220,6 +220,11 @@ std::size_t DecodeUtf8(std::string_view bytes, char16_t* out, bool surrogates, b
   for (;;) {
     WidenRun(at, end, out, slack);
     while (at != end && *at >= 0x80) {
+      if (*at >= 0xC2 && *at < 0xE0 && end - at >= 2 && IsContinuation(at[1])) {
+        out = PutSequence(at, 2, out);
+        at += 2;
+        continue;
+      }
       const std::size_t length = SequenceLength(at, end, surrogates);
       if (length == 0) {
         *out++ = static_cast<char16_t>(kEscapeBase + *at++);
@@ -256,7 +261,43 @@ std::size_t FindLineEnd(std::string_view bytes, char end, bool& ascii) {
   return at;
 }
 
-LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room) {
+namespace {
+
+bool HoldsBeforeBlank(std::string_view line, char letter) {
+  if (letter == '\0') return false;
+  for (std::size_t blank = line.find(' '); blank != std::string_view::npos; blank = line.find(' ', blank + 1)) {
+    if (blank != 0 && (line[blank - 1] | 0x20) == letter) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool FindMarks(std::string_view bytes, char mark, char end, std::span<std::size_t> places) {
+  std::size_t found = 0;
+  std::size_t at = 0;
+#if defined(__SSE2__)
+  const __m128i wanted = _mm_set1_epi8(mark);
+  const __m128i stop = _mm_set1_epi8(end);
+  for (; at + 16 <= bytes.size(); at += 16) {
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at));
+    auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
+    const auto stops = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, stop)));
+    if (stops != 0) hits &= (stops & (0u - stops)) - 1;
+    for (; hits != 0 && found != places.size(); hits &= hits - 1) {
+      places[found++] = at + static_cast<std::size_t>(std::countr_zero(hits));
+    }
+    if (found == places.size()) return true;
+    if (stops != 0) return false;
+  }
+#endif
+  for (; at < bytes.size() && found != places.size() && bytes[at] != end; ++at) {
+    if (bytes[at] == mark) places[found++] = at;
+  }
+  return found == places.size();
+}
+
+LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t room, LineMarks marks) {
   LineScan scan;
   std::size_t at = 0;
 #if defined(__SSE2__)
@@ -264,20 +305,47 @@ LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t 
   const __m128i angle = _mm_set1_epi8('<');
   const __m128i zero = _mm_setzero_si128();
   const std::size_t limit = std::min(bytes.size(), room);
+  const __m128i markA = _mm_set1_epi8(marks.a);
+  const __m128i markB = _mm_set1_epi8(marks.b);
+  const __m128i letter = _mm_set1_epi8(marks.beforeBlank);
   __m128i angles = zero;
+  __m128i hitsA = zero;
+  __m128i hitsB = zero;
   std::size_t ascii = bytes.size();
   for (; at + 16 <= limit; at += 16) {
     const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at), _mm_unpacklo_epi8(block, zero));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at + 8), _mm_unpackhi_epi8(block, zero));
-    angles = _mm_or_si128(angles, _mm_cmpeq_epi8(block, angle));
+    const __m128i anglesHere = _mm_cmpeq_epi8(block, angle);
+    __m128i hitsAHere = _mm_cmpeq_epi8(block, markA);
+    const __m128i hitsBHere = _mm_cmpeq_epi8(block, markB);
+    if (marks.beforeBlank != '\0') {
+      // The byte behind the block belongs to the pair; without one the letter alone counts.
+      const bool whole = at + 17 <= bytes.size();
+      const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + at + (whole ? 1 : 0)));
+      const __m128i blanks = whole ? _mm_cmpeq_epi8(next, _mm_set1_epi8(' ')) : _mm_cmpeq_epi8(zero, zero);
+      const __m128i letters = _mm_cmpeq_epi8(_mm_or_si128(block, _mm_set1_epi8(0x20)), letter);
+      hitsAHere = _mm_or_si128(hitsAHere, _mm_and_si128(letters, blanks));
+    }
     const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
     const auto high = static_cast<unsigned>(_mm_movemask_epi8(block)) | 0x10000u;
     ascii = high == 0x10000u ? ascii : std::min(ascii, at + static_cast<std::size_t>(std::countr_zero(high)));
-    if (hits == 0) continue;
+    if (hits == 0) {
+      angles = _mm_or_si128(angles, anglesHere);
+      hitsA = _mm_or_si128(hitsA, hitsAHere);
+      hitsB = _mm_or_si128(hitsB, hitsBHere);
+      continue;
+    }
+    // Of this block only what lies in front of the line's end counts.
+    const unsigned inFront = (hits & (0u - hits)) - 1;
+    const auto held = [&](__m128i before, __m128i here) {
+      return _mm_movemask_epi8(before) != 0 || (static_cast<unsigned>(_mm_movemask_epi8(here)) & inFront) != 0;
+    };
     scan.length = at + static_cast<std::size_t>(std::countr_zero(hits));
     scan.ascii = std::min(ascii, scan.length);
-    scan.angled = _mm_movemask_epi8(angles) != 0;
+    scan.angled = held(angles, anglesHere);
+    scan.markedA = held(hitsA, hitsAHere);
+    scan.markedB = held(hitsB, hitsBHere);
     return scan;
   }
 #endif
@@ -286,6 +354,8 @@ LineScan WidenLine(std::string_view bytes, char end, char16_t* out, std::size_t 
   scan.length = at + FindLineEnd(bytes.substr(at), end, plain);
   const std::string_view line = bytes.substr(0, scan.length);
   scan.angled = line.find('<') != std::string_view::npos;
+  scan.markedA = line.find(marks.a) != std::string_view::npos || HoldsBeforeBlank(line, marks.beforeBlank);
+  scan.markedB = line.find(marks.b) != std::string_view::npos;
   return scan;
 }
 
@@ -303,6 +373,47 @@ std::size_t EncodeUtf8(TextView text, char* out, bool surrogates) {
     while (at != end && *at >= 0x80) PutUnit(at, end, to, surrogates);
   }
   return static_cast<std::size_t>(to - out);
+}
+
+EncodedPart EncodeUtf8Until(TextView text, char16_t a, char16_t b, char16_t c, char* out) {
+  char* to = out;
+  const char16_t* at = text.data();
+  const char16_t* const end = at + text.size();
+#if defined(__SSE2__)
+  const auto all = [](char16_t unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
+  const __m128i stopA = all(a);
+  const __m128i stopB = all(b);
+  const __m128i stopC = all(c);
+  const __m128i beyond = all(0xFF80);
+  const auto plainOf = [&](__m128i units) {
+    const __m128i stops = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi16(units, stopA), _mm_cmpeq_epi16(units, stopB)),
+                                       _mm_cmpeq_epi16(units, stopC));
+    return _mm_andnot_si128(stops, _mm_cmpeq_epi16(_mm_and_si128(units, beyond), _mm_setzero_si128()));
+  };
+#endif
+  while (at != end) {
+#if defined(__SSE2__)
+    while (end - at >= 8) {
+      const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+      // Writing eight bytes is safe: a unit has room for three.
+      _mm_storel_epi64(reinterpret_cast<__m128i*>(to), _mm_packus_epi16(units, units));
+      const auto others = ~static_cast<unsigned>(_mm_movemask_epi8(plainOf(units))) & 0xFFFFu;
+      const int count = others != 0 ? std::countr_zero(others) / 2 : 8;
+      at += count, to += count;
+      if (others == 0) continue;
+      if (*at < 0x80) return {static_cast<std::size_t>(at - text.data()), static_cast<std::size_t>(to - out)};
+      PutUnit(at, end, to, false);
+    }
+#endif
+    for (; at != end && *at < 0x80; ++at) {
+      if (*at == a || *at == b || *at == c) {
+        return {static_cast<std::size_t>(at - text.data()), static_cast<std::size_t>(to - out)};
+      }
+      *to++ = static_cast<char>(*at);
+    }
+    while (at != end && *at >= 0x80) PutUnit(at, end, to, false);
+  }
+  return {text.size(), static_cast<std::size_t>(to - out)};
 }
 
 void AppendUtf8(TextView text, std::string& out, bool surrogates) {

@@ -63,20 +63,13 @@ class DescriptorSink final : public ByteSink {
   explicit DescriptorSink(int fd) : fd_(fd) { block_.reserve(kBlock); }
 
   void Write(std::string_view bytes) override {
+    if (block_.empty() && bytes.size() >= kBlock) return WriteOut(bytes);
     block_.append(bytes);
     if (block_.size() >= kBlock) Flush();
   }
 
   void Flush() {
-    std::size_t done = 0;
-    while (error_ == 0 && done < block_.size()) {
-      const ssize_t count = ::write(fd_, block_.data() + done, block_.size() - done);
-      if (count >= 0) {
-        done += static_cast<std::size_t>(count);
-      } else if (errno != EINTR) {
-        error_ = errno;
-      }
-    }
+    WriteOut(block_);
     block_.clear();
   }
 
@@ -84,6 +77,18 @@ class DescriptorSink final : public ByteSink {
 
  private:
   static constexpr std::size_t kBlock = 1 << 16;
+
+  void WriteOut(std::string_view bytes) {
+    while (error_ == 0 && !bytes.empty()) {
+      const ssize_t count = ::write(fd_, bytes.data(), bytes.size());
+      if (count >= 0) {
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+      } else if (errno != EINTR) {
+        error_ = errno;
+      }
+    }
+  }
+
   int fd_;
   int error_ = 0;
   std::string block_;
