@@ -13,7 +13,7 @@ Exporter::Exporter(FormatLoader& loader, const CaptionList& captions, Files& fil
 
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS, u"classic"); }
 
-void Exporter::ExportSubtitle(std::int16_t lastRow) {
+bool Exporter::ExportSubtitle(std::int16_t lastRow) {
   FormatHost& host = loader_.Host();
   host.SetTextFileLabel(loader_.StatusText(286, loader_.CurrentIdentifier()));
   host.ClearVideoFileLabel();
@@ -24,12 +24,13 @@ void Exporter::ExportSubtitle(std::int16_t lastRow) {
   if (!written && (errors.Last()->number == kErrorPathFileAccess || errors.Last()->number == kErrorDiskFull)) {
     TellNotSaved(*errors.Last());
     host.RefreshStatusLabels();
-    return;
+    return false;
   }
   host.RefreshStatusLabels();
   // A failure inside the lines leaves a file that was saved; without a file the changes are still to be saved.
   if (written) modified_ = false;
   if (errors.Last()) TellError(*errors.Last());
+  return written;
 }
 
 void Exporter::LoadFormat() {

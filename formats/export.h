@@ -23,7 +23,8 @@ class Exporter {
   /// Writes rows 1 to `lastRow` (PLAINTEXT: all of them) to the document's file. Where no file could be written the old
   /// one stays whole and the document modified: message 306 tells it for error 75, a box with number and description
   /// for any other. A run-time error inside a line is told in that box as well, and the other lines are written.
-  void ExportSubtitle(std::int16_t lastRow);
+  /// False when no file was written.
+  bool ExportSubtitle(std::int16_t lastRow);
 
  private:
   void LoadFormat();

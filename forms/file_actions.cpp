@@ -37,10 +37,7 @@ void FileActions::Wire() {
   w.mnuSave.Clicked.Connect([this] { Save(); });
   w.mnuSaveAs.Clicked.Connect([this] { SaveAs(); });
   w.mnuClose.Clicked.Connect([this] { Close(); });
-  w.mnuTFileName.Clicked.Connect([this] {
-    closeTools();
-    if (PromptForSave()) OpenSubtitleFile(p_.recall.Path(u"TFileName"));
-  });
+  w.mnuTFileName.Clicked.Connect([this] { OpenAs(FileKind::Subtitle, p_.recall.Path(u"TFileName")); });
   w.mnuVFileName.Clicked.Connect([this] { p_.playerBinding.LoadVideoFile(p_.recall.Path(u"VFileName")); });
   w.cmdCancel.Clicked.Connect([this] {
     p_.window.cmdCancel.SetEnabled(false);
@@ -74,6 +71,7 @@ void FileActions::New() {
   p_.document.SubtitlePath = kNewDocument;
   p_.capture.Reset();
   p_.panel.ResetGrid(true);
+  Left();
   resetRuleReport();
   resetControls();
   p_.formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(p_.catalogue.IndexOf(kSubRip), 0));
@@ -152,6 +150,7 @@ void FileActions::LoadSteps(const Text& path, CarryOn& step) {
   p_.capture.Reset();
   p_.window.lblVideoFile.SetText({});
   p_.list.SetEnabled(false);
+  Left();
   const bool played = Playing();
   if (played) step([&] { ports_.player.Pause(); });
   ports_.desktop.SetBusy(true);
@@ -180,6 +179,7 @@ void FileActions::FinishLoad(CarryOn& step) {
   }
   step([&] { p_.list.SetRow(1, false); });
   step([&] { resetControls(); });
+  Loaded();
   step([&] { ports_.events.Yield(); });
   if (p_.document.HasVideo() && Playing()) p_.window.cmdApply.SetEnabled(true);
   if (p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
@@ -249,7 +249,8 @@ void FileActions::SaveDocument() {
   p_.recall.SavePath(path);
   p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
   p_.window.lblTextFile.SetText(p_.strings[48] + ToLower(path));
-  p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  Left();
+  if (p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow))) Saved();
 }
 
 void FileActions::Close() {
@@ -265,9 +266,37 @@ void FileActions::CloseDocuments() {
   p_.document.WavePath.clear();
   p_.playerBinding.Empty();
   p_.panel.ResetGrid(false);
+  Left();
   resetControls();
   closeTools();
   p_.sub.Unload();
+}
+
+void FileActions::OpenAs(FileKind kind, const Text& path) {
+  switch (kind) {
+    case FileKind::Film:
+      return p_.playerBinding.LoadVideoFile(path);
+    case FileKind::Sound:
+      return openAudioFile(path);
+    case FileKind::Subtitle:
+      closeTools();
+      if (PromptForSave()) OpenSubtitleFile(path);
+  }
+}
+
+void FileActions::OpenDropped(const std::vector<Text>& paths) {
+  // A load that is on its way has the menu's items disabled, and must not be met by another.
+  if (!p_.window.mnuOpenText.Enabled()) return;
+  Text text;
+  for (const Text& path : paths) {
+    const FileKind kind = KindOfFile(path);
+    if (kind == FileKind::Subtitle) {
+      text = path;
+    } else {
+      OpenAs(kind, path);
+    }
+  }
+  if (!text.empty()) OpenAs(FileKind::Subtitle, text);
 }
 
 void FileActions::OpenStartFile(TextView path) {

@@ -16,6 +16,7 @@
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
+#include "forms/recent_files.h"
 
 namespace cuewright {
 
@@ -55,6 +56,18 @@ class FileActions {
   void CloseDocuments();
   /// The file that the program was started with, by its extension.
   void OpenStartFile(TextView path);
+
+  /// Opens files that were dropped on the window: the films and sounds first, then the last text as the document.
+  void OpenDropped(const std::vector<Text>& paths);
+  /// Opens a file as what it is.
+  void OpenAs(FileKind kind, const Text& path);
+
+  /// The document has come from its file.
+  Signal<> Loaded;
+  /// The document was written to its file.
+  Signal<> Saved;
+  /// The document has gone, or another is about to come.
+  Signal<> Left;
 
   void New();
   void NewFromClipboard();

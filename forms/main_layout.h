@@ -30,6 +30,8 @@ class MainLayout {
 
   int ListWidth() const { return list_.width; }
   void SetListWidth(int width);
+  /// The width that the list has where the window leaves it room.
+  int WantedListWidth() const { return wantedList_; }
 
   const Rect& Status() const { return status_; }
   const Rect& List() const { return list_; }

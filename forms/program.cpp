@@ -7,6 +7,13 @@
 #include "settings/options.h"
 
 namespace cuewright {
+namespace {
+
+constexpr std::size_t kReadAs = 902;
+constexpr std::size_t kSavedAs = 903;
+constexpr std::size_t kSavedAsUtf8 = 904;
+
+}  // namespace
 
 Program::Program(Ports ports, StartEnvironment environment)
     : ports_(ports),
@@ -25,6 +32,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       importer(loader, list, ports_.files, encodings, document.ImportCancelled),
       exporter(loader, list, ports_.files, encodings, document.SubtitlePath, document.DocModified),
       recall(window, store, ports_.files, folders),
+      recentFiles(window, store, ports_.files),
+      notices(window, options, strings),
       commands(window, list, grid, panel, document, options, strings, ports_.messages, store, preview, capture),
       playerBinding(window, sub, document, strings, ports_.files, ports_.messages, ports_.player, preview, capture,
                     recall),
@@ -37,6 +46,26 @@ Program::Program(Ports ports, StartEnvironment environment)
       rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
       tools(window, list, strings, languages, openForms, ports_) {
   Connect();
+}
+
+void Program::ConnectFiles() {
+  recall.Remembered.Connect([this](TextView key, TextView path) {
+    recentFiles.Add(key == u"VFileName"   ? FileKind::Film
+                    : key == u"AFileName" ? FileKind::Sound
+                                          : FileKind::Subtitle,
+                    path);
+  });
+  recentFiles.open = [this](FileKind kind, const Text& path) { files.OpenAs(kind, path); };
+  files.Left.Connect([this] { notices.Clear(); });
+  files.Loaded.Connect([this] { TellFile(kReadAs); });
+  files.Saved.Connect([this] {
+    if (!notices.Shown()) TellFile(kSavedAs);
+  });
+}
+
+void Program::TellFile(std::size_t text) {
+  notices.Tell(text, catalogue.ReadIni(catalogue.Identifier(formats.CurrentFormatIndex), u"name", {}),
+               EncodingName(formats.Encoding));
 }
 
 FileActionParts Program::Parts() {
@@ -56,6 +85,7 @@ void Program::Connect() {
   };
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
   ConnectRules();
+  ConnectFiles();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
   files.chooseFormat = [this] {
@@ -125,6 +155,7 @@ std::int16_t Program::ChangeLanguage(std::size_t row) {
 }
 
 void Program::ApplyLanguage() {
+  notices.ApplyLanguage();
   shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
   for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
   for (ToolForm* form : ToolForms()) {
@@ -158,9 +189,13 @@ void Program::ImportEnds() {
 std::int32_t Program::MediaSeconds() const { return static_cast<std::int32_t>(ports_.player.Duration()); }
 
 void Program::SavedAsUtf8(const DocumentEncoding& lacking) {
-  ports_.messages.Show({document.SubtitlePath + u"\r\n\r\nThe file was saved as UTF-8: code page " +
-                            Decimal(lacking.codePage) + u" lacks a character of the text.",
-                        BoxIcon::Information});
+  const Text name = EncodingName(lacking);
+  notices.Tell(kSavedAsUtf8, name);
+  // Nobody sees the strip of a bar that is off.
+  if (!notices.Seen()) {
+    ports_.messages.Show(
+        {document.SubtitlePath + u"\r\n\r\n" + Fill(strings[kSavedAsUtf8], name), BoxIcon::Information});
+  }
 }
 
 void Program::ConvertFromUtf8() {

@@ -23,10 +23,12 @@
 #include "forms/editing_tools.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
+#include "forms/notices.h"
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
+#include "forms/recent_files.h"
 #include "forms/report_window.h"
 #include "forms/rules_commands.h"
 #include "forms/shell.h"
@@ -98,6 +100,8 @@ class Program final : private FormatHost {
   Importer importer;
   Exporter exporter;
   Recall recall;
+  RecentFiles recentFiles;
+  Notices notices;
   CaptionCommands commands;
   PlayerBinding playerBinding;
   FileActions files;
@@ -120,6 +124,9 @@ class Program final : private FormatHost {
  private:
   void Connect();
   void ConnectRules();
+  void ConnectFiles();
+  /// Tells the format and the encoding of the document's file: `text` has places for both.
+  void TellFile(std::size_t text);
   void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();

@@ -16,6 +16,7 @@ Text Recall::Path(TextView key) const { return store_.GetSetting(kMainSection, k
 void Recall::Remember(TextView key, MenuItem& item, TextView path) {
   store_.SaveSetting(kMainSection, key, path);
   Show(item, path);
+  Remembered(key, path);
 }
 
 void Recall::Show(MenuItem& item, TextView path) {

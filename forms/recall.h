@@ -25,6 +25,9 @@ class Recall {
   /// Shows the kept paths that exist; none of a browser's cache.
   void ShowKept();
 
+  /// A path was kept under a key.
+  Signal<TextView, TextView> Remembered;
+
  private:
   void Show(MenuItem& item, TextView path);
 

@@ -92,6 +92,11 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     size.width = std::min(ReadNumber(store_, u"WindowWidth", kDefaultWidth), screenWidth);
     size.height = std::min(ReadNumber(store_, u"WindowHeight", kDefaultHeight), screenHeight);
   });
+  step([&] {
+    memory_.Load();
+    size.corner = memory_.WindowCorner();
+    UpdateBars();
+  });
   step([&] { ports_.player.SetVolume(ReadNumber(store_, u"Volume", kDefaultVolume)); });
   step([&] { ports_.player.SetStretchToFit(options_.P_STRETCH != 0); });
   step([&] {
@@ -181,7 +186,7 @@ void Shell::ToggleInfoBar() {
 }
 
 void Shell::ApplyColumns(int paneWidth, int scrollBarWidth) {
-  grid_.SetColumnWidths(MainLayout::ColumnWidths(layout_.ListWidth(), paneWidth, scrollBarWidth));
+  grid_.SetColumnWidths(memory_.Columns(layout_.ListWidth(), paneWidth, scrollBarWidth));
 }
 
 void Shell::ApplyMenuTexts() {
@@ -201,6 +206,8 @@ void Shell::ApplyMenuTexts() {
                            {w.mnuSaveAs, 45},
                            {w.mnuEmbed, 362},
                            {w.mnuExit, 65},
+                           {w.mnuRecent, 900},
+                           {w.mnuClearRecent, 901},
                            {w.mnuEdit, 1},
                            {w.mnuAdd, 9},
                            {w.mnuAddBelow, 10},
@@ -300,6 +307,7 @@ void Shell::SaveAtUnload(bool minimised, bool maximised, int width, int height) 
                                        {u"WindowHeight", Decimal(height)},
                                        {u"WindowWidth", Decimal(width)}});
   }
+  memory_.Save();
   SaveMainWindowSettings(store_, options_, ports_.player.Volume());
 }
 

@@ -11,6 +11,7 @@
 #include "core/lang_strings.h"
 #include "core/timing_capture.h"
 #include "forms/caption_commands.h"
+#include "forms/layout_memory.h"
 #include "forms/main_layout.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
@@ -31,6 +32,7 @@ class Shell {
     int width = 0;
     int height = 0;
     bool maximised = false;
+    std::optional<LayoutMemory::Corner> corner{};  ///< where the window stood; unset: anywhere
   };
 
   /// Applies the settings to the window; the size is for a screen of these pixels.
@@ -45,6 +47,7 @@ class Shell {
   void SaveAtUnload(bool minimised, bool maximised, int width, int height);
 
   MainLayout& Layout() { return layout_; }
+  LayoutMemory& Memory() { return memory_; }
   /// Lays the columns out for the present layout; the widths of text pane and scroll bar are the window's.
   void ApplyColumns(int paneWidth, int scrollBarWidth);
 
@@ -75,6 +78,7 @@ class Shell {
   const Folders& folders_;
   Ports ports_;
   MainLayout layout_;
+  LayoutMemory memory_{store_, layout_};
 };
 
 }  // namespace cuewright

@@ -127,7 +127,8 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  horizontalHeader()->setMinimumSectionSize(16);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(true);
   setAttribute(Qt::WA_InputMethodEnabled, false);
@@ -140,6 +141,8 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
     if (on) ShowState();
   }));
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int top) { grid_.NoteTopRow(top + 1); });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
+  connect(horizontalHeader(), &QHeaderView::sectionHandleDoubleClicked, this, [this] { ColumnsChosen(nullptr); });
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
   model_.ShowAnew();
   ShowState();
@@ -182,6 +185,15 @@ void CaptionTable::ShowState() {
   NoteMetrics();
   following_ = false;
   if (active) ShowSelection(list_.Selected());
+}
+
+void CaptionTable::TakeColumns() {
+  if (following_ || !grid_.Active()) return;
+  std::array<int, 4> widths = {};
+  for (int column = 0; column < kColumns; ++column) {
+    widths[static_cast<std::size_t>(column)] = columnWidth(column);
+  }
+  ColumnsChosen(&widths);
 }
 
 void CaptionTable::ShowSelection(Row row) {

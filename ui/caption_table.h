@@ -40,6 +40,9 @@ class CaptionTable final : public QTableView {
   /// Height and row height go to the headless state.
   void NoteMetrics();
 
+  /// The user drew the columns to these widths, or asked for the program's own (no widths).
+  Signal<const std::array<int, 4>*> ColumnsChosen;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -53,6 +56,7 @@ class CaptionTable final : public QTableView {
 
  private:
   void ShowState();
+  void TakeColumns();
   void ShowSelection(Row row);
   void ShowTopRow();
 

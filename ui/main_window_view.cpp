@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFile>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -9,13 +11,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyleOption>
 #include <QSvgRenderer>
+#include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/product.h"
@@ -35,6 +42,29 @@ template <class Widget>
 Widget* Named(Widget* widget, const char* name) {
   widget->setObjectName(name);
   return widget;
+}
+
+constexpr int kTitleGrip = 40;  // pixels of the title that have to be on a screen
+constexpr int kDividerStep = 8;
+
+/// The local files of a drag, in their order.
+std::vector<Text> LocalFiles(const QMimeData& data) {
+  std::vector<Text> paths;
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile()) paths.push_back(FromUtf8(QFile::encodeName(url.toLocalFile()).toStdString()));
+  }
+  return paths;
+}
+
+/// The divider shows a grip, and where the keyboard's focus is.
+bool PaintDivider(QWidget& divider) {
+  QPainter painter(&divider);
+  QStyleOption option;
+  option.initFrom(&divider);
+  option.state |= QStyle::State_Horizontal;
+  divider.style()->drawControl(QStyle::CE_Splitter, &option, &painter, &divider);
+  if (divider.hasFocus()) painter.fillRect(divider.rect().adjusted(2, 0, -2, 0), divider.palette().highlight());
+  return true;
 }
 
 QLabel* ElidedLabel(const char* name, QWidget* parent) {
@@ -60,20 +90,32 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   BuildMenus();
   BuildInformationBar();
   table_ = new CaptionTable(program_.list, program_.grid, program_.commands, *listMenu_, area_);
+  connections_.push_back(table_->ColumnsChosen.ConnectScoped([this](const std::array<int, 4>* widths) {
+    LayoutMemory& memory = program_.shell.Memory();
+    if (widths != nullptr) {
+      memory.NoteColumns(*widths, program_.shell.Layout().ListWidth());
+    } else {
+      memory.ForgetColumns();
+    }
+    ApplyLayout();
+  }));
   divider_ = Named(new QWidget(area_), "imgSize");
   divider_->setCursor(Qt::SplitHCursor);
+  divider_->setFocusPolicy(Qt::TabFocus);
+  setAcceptDrops(true);
   video_->setParent(area_);
   logo_ = Named(new SvgPicture(":/logo.svg", area_), "picPLogo");
   for (const char* name : {"picWave", "picLevel"}) Named(new QWidget(area_), name)->hide();
   overlay_ = new Overlay(program_.sub, area_);
   BuildBottomPanel();
-  GiveNames();
+  ApplyNames();
   binder_.BindAll();
   tools_ = std::make_unique<ToolWindows>(program_, *this);
 
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
   connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
   connections_.push_back(program_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(program_.LanguageChanged.ConnectScoped([this] { ApplyNames(); }));
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
   setWindowTitle(ToQt(form_.Title()));
   ApplyDirection();
@@ -111,6 +153,17 @@ void MainWindowView::BuildInformationBar() {
   texts->addWidget(ElidedLabel("lblVideoFile", status_));
   texts->addStretch();
   row->addLayout(texts, 1);
+  auto* notice = Named(new QLabel(status_), "lblNotice");
+  notice->setTextFormat(Qt::PlainText);
+  notice->setFrameShape(QFrame::StyledPanel);
+  notice->setBackgroundRole(QPalette::ToolTipBase);
+  notice->setForegroundRole(QPalette::ToolTipText);
+  notice->setAutoFillBackground(true);
+  notice->setMargin(4);
+  row->addWidget(notice);
+  auto* close = Named(new QToolButton(status_), "cmdNotice");
+  close->setAutoRaise(true);
+  row->addWidget(close);
   barLogo_ = Named(new QLabel(ToQt(kProductName), status_), "picLogo");
   QFont font = barLogo_->font();
   font.setPointSizeF(font.pointSizeF() * 1.4);
@@ -206,6 +259,7 @@ void MainWindowView::BuildBottomPanel() {
   left->addWidget(MakeTimeRow());
   auto* pane = Named(new QPlainTextEdit(bottom_), "txtSub");
   pane->setTabChangesFocus(true);
+  pane->setAcceptDrops(false);  // files are the window's
   pane->setMinimumHeight(48);
   pane_ = pane;
   left->addWidget(pane, 1);
@@ -214,24 +268,30 @@ void MainWindowView::BuildBottomPanel() {
   row->addWidget(MakeModes());
 }
 
-void MainWindowView::GiveNames() {
-  const std::pair<const char*, const char*> names[] = {{"txtTime(0)", "Start of the caption"},
-                                                       {"txtTime(1)", "Duration of the caption"},
-                                                       {"txtSub", "Text of the caption"},
-                                                       {"picIco", "Program icon"},
-                                                       {"picPLogo", "No film is open"},
-                                                       {"imgSize", "Divider between list and player"},
-                                                       {"picStatus", "Information bar"},
-                                                       {"picBottom", "Captioning panel"},
-                                                       {"picWave", "Audio bar"},
-                                                       {"picLevel", "Sound level"}};
+void MainWindowView::ApplyNames() {
+  const std::pair<const char*, std::size_t> names[] = {
+      {"txtTime(0)", 906}, {"txtTime(1)", 907}, {"txtSub", 908},       {"grdSubs", 909},  {"picPLogo", 25},
+      {"imgSize", 917},    {"picStatus", 916},  {"picBottom", 919},    {"picWave", 914},  {"picLevel", 915},
+      {"WMP", 920},        {"cmdNotice", 905},  {"wmpTransport", 913}, {"wmpPlay", 127},  {"wmpPause", 128},
+      {"wmpStop", 129},    {"wmpMute", 912},    {"wmpSeek", 910},      {"wmpVolume", 911}};
   for (const auto& [name, text] : names) {
-    if (auto* widget = findChild<QWidget*>(name)) widget->setAccessibleName(text);
+    auto* widget = findChild<QWidget*>(name);
+    if (widget == nullptr) continue;
+    widget->setAccessibleName(ToQt(program_.strings[text]));
+    // The film's own controls have no captions.
+    if (QByteArrayView(name).startsWith("wmp") && !widget->toolTip().isEmpty()) {
+      widget->setToolTip(ToQt(program_.strings[text]));
+    }
   }
+  findChild<QWidget*>("picIco")->setAccessibleName(ToQt(kProductName));
 }
 
 void MainWindowView::ShowStarted(const Shell::StartSize& size) {
   if (size.width > 0 && size.height > 0) resize(size.width, size.height);
+  // A corner that is on no screen any more would hide the window.
+  if (size.corner && QGuiApplication::screenAt({size.corner->left + kTitleGrip, size.corner->top}) != nullptr) {
+    move(size.corner->left, size.corner->top);
+  }
   if (size.maximised) {
     showMaximized();
   } else {
@@ -266,10 +326,16 @@ void MainWindowView::ApplyLayout() {
   logo_->raise();
   const bool bar = form_.picIco.Visible();
   for (const char* name : {"lblTextFile", "lblVideoFile"}) status_->findChild<QWidget*>(name)->setVisible(bar);
+  status_->findChild<QWidget*>("lblNotice")->setVisible(bar && form_.lblNotice.Visible());
+  status_->findChild<QWidget*>("cmdNotice")->setVisible(bar && form_.cmdNotice.Visible());
   barLogo_->setVisible(bar && layout.ShowsLogo());
-  program_.shell.ApplyColumns(pane_->width(), table_->verticalScrollBar()->sizeHint().width());
+  ApplyColumns();
   table_->NoteMetrics();
   program_.preview.PlacePreview();
+}
+
+void MainWindowView::ApplyColumns() {
+  program_.shell.ApplyColumns(pane_->width(), table_->verticalScrollBar()->sizeHint().width());
 }
 
 void MainWindowView::PlaceOverlayNow() {
@@ -286,12 +352,32 @@ void MainWindowView::resizeEvent(QResizeEvent* event) {
   ApplyLayout();
 }
 
+void MainWindowView::dragEnterEvent(QDragEnterEvent* event) {
+  if (!LocalFiles(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void MainWindowView::dropEvent(QDropEvent* event) {
+  const std::vector<Text> paths = LocalFiles(*event->mimeData());
+  if (paths.empty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  // The program that the files come from waits for the drop to end; a question to the user must not hold it.
+  QMetaObject::invokeMethod(
+      this,
+      [this, paths] {
+        activateWindow();
+        program_.files.OpenDropped(paths);
+      },
+      Qt::QueuedConnection);
+}
+
 void MainWindowView::closeEvent(QCloseEvent* event) {
   if (!program_.files.PromptForSave()) {
     event->ignore();
     return;
   }
   const QSize size = normalGeometry().size();
+  if (!isMinimized() && !isMaximized()) program_.shell.Memory().SaveWindowCorner({pos().x(), pos().y()});
   program_.shell.SaveAtUnload(isMinimized(), isMaximized(), size.width(), size.height());
   program_.files.CloseDocuments();
   event->accept();
@@ -329,16 +415,40 @@ bool MainWindowView::FilterDivider(QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   if (event->type() != QEvent::MouseMove || (mouse->buttons() & Qt::LeftButton) == 0) return false;
   const QPoint at = area_->mapFromGlobal(mouse->globalPosition().toPoint());
-  program_.shell.Layout().DragDivider(QStyle::visualPos(layoutDirection(), area_->rect(), at).x());
-  ApplyLayout();
+  MoveDivider(QStyle::visualPos(layoutDirection(), area_->rect(), at).x());
   return true;
+}
+
+bool MainWindowView::FilterDividerKey(QKeyEvent* event) {
+  const bool left = event->key() == Qt::Key_Left;
+  if (!left && event->key() != Qt::Key_Right) return false;
+  const bool back = left != (layoutDirection() == Qt::RightToLeft);
+  MoveDivider(program_.shell.Layout().Divider().left + (back ? -kDividerStep : kDividerStep));
+  return true;
+}
+
+void MainWindowView::MoveDivider(int left) {
+  program_.shell.Layout().DragDivider(left);
+  ApplyLayout();
 }
 
 bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
+      if (object == divider_ && FilterDividerKey(static_cast<QKeyEvent*>(event))) return true;
+      return FilterKey(object, event);
     case QEvent::KeyRelease:
       return FilterKey(object, event);
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      if (object == divider_) divider_->update();
+      return false;
+    case QEvent::Resize:
+      // The columns are measured by the pane.
+      if (object == pane_) ApplyColumns();
+      return false;
+    case QEvent::Paint:
+      return object == divider_ && PaintDivider(*divider_);
     case QEvent::MouseButtonRelease:
       if (object->isWidgetType()) {
         program_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));

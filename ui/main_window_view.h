@@ -27,6 +27,8 @@ class MainWindowView final : public QMainWindow {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -37,14 +39,18 @@ class MainWindowView final : public QMainWindow {
   QWidget* MakeTimeRow();
   QWidget* MakeButtons();
   QWidget* MakeModes();
-  void GiveNames();
+  /// What assistive programs read, in the language in force.
+  void ApplyNames();
+  void MoveDivider(int left);
   void ApplyLayout();
+  void ApplyColumns();
   void ApplyDirection();
   /// Where a part of the layout stands; mirrored when the window is read from the right.
   QRect Placed(const Rect& rect) const;
   void PlaceOverlayNow();
   bool FilterKey(QObject* object, QEvent* event);
   bool FilterDivider(QEvent* event);
+  bool FilterDividerKey(QKeyEvent* event);
 
   Program& program_;
   MainWindow& form_;

@@ -3,8 +3,8 @@
 namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
-  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine1, &mnuLine1a, &mnuLine1b,
-                         &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine5, &rmnuLine}) {
+  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
+                         &mnuLine1b, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine5, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
@@ -26,6 +26,7 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuTFileName.SetVisible(false);
   mnuVFileName.SetVisible(false);
   mnuAFileName.SetVisible(false);
+  mnuRecent.SetVisible(false);
   cmdCancel.SetVisible(false);
   optPress.SetValue(true);
 }

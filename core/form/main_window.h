@@ -17,6 +17,8 @@ class MainWindow final : public Form {
   Picture picLogo{*this, "picLogo"};
   Label lblTextFile{*this, "lblTextFile"};
   Label lblVideoFile{*this, "lblVideoFile"};
+  Label lblNotice{*this, "lblNotice"};
+  Button cmdNotice{*this, "cmdNotice"};
   Picture picPLogo{*this, "picPLogo"};
   Picture imgSize{*this, "imgSize"};
 
@@ -65,6 +67,15 @@ class MainWindow final : public Form {
   MenuItem mnuTFileName{*this, "mnuTFileName", &mnuFile};
   MenuItem mnuVFileName{*this, "mnuVFileName", &mnuFile};
   MenuItem mnuAFileName{*this, "mnuAFileName", &mnuFile};
+  MenuItem mnuRecent{*this, "mnuRecent", &mnuFile};
+  std::array<MenuItem, 10> mnuRecentFile{
+      MenuItem{*this, "mnuRecentFile(0)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(1)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(2)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(3)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(4)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(5)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(6)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(7)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(8)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(9)", &mnuRecent}};
+  MenuItem mnuLine0e{*this, "mnuLine0e", &mnuRecent};
+  MenuItem mnuClearRecent{*this, "mnuClearRecent", &mnuRecent};
   MenuItem mnuLine0d{*this, "mnuLine0d", &mnuFile};
   MenuItem mnuExit{*this, "mnuExit", &mnuFile};
 

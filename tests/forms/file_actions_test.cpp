@@ -238,7 +238,8 @@ TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
   List().SetCaptionText(2, u"\u6F22");
   program->files.Save();
   EXPECT_NE(folder.Read("a.srt").find("caf\xC3\xA9\r\n"), std::string::npos);
-  EXPECT_NE(LastBox().find("saved as UTF-8"), std::string::npos);
+  EXPECT_EQ(Window().lblNotice.GetText(), u"Saved as UTF-8: windows-1252 lacks a character of the text");
+  EXPECT_TRUE(Window().lblNotice.Visible());
 }
 
 TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/app_options.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "formats/encodings.h"
+
+namespace cuewright {
+
+/// "UTF-8", "UTF-16LE", "windows-1252" and the like, with " (BOM)" behind where the file bears a mark.
+Text EncodingName(const DocumentEncoding& encoding);
+
+/// The strip of the information bar that tells what needs no box. A text stays until the next one, until a document
+/// comes or goes, or until `cmdNotice` closes it.
+class Notices {
+ public:
+  Notices(MainWindow& window, const AppOptions& options, const LangStrings& strings);
+
+  /// False when the information bar is off, so that nobody would see the strip.
+  bool Seen() const { return options_.M_INFOBAR; }
+  /// Shows a text by its number, with what stands for %1 and %2.
+  void Tell(std::size_t text, TextView first = {}, TextView second = {});
+  void Clear();
+  bool Shown() const { return text_ != 0; }
+  /// The language has changed: the text is told anew.
+  void ApplyLanguage();
+
+ private:
+  MainWindow& window_;
+  const AppOptions& options_;
+  const LangStrings& strings_;
+  std::size_t text_ = 0;
+  Text first_;
+  Text second_;
+};
+
+}  // namespace cuewright

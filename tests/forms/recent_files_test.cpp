@@ -1,0 +1,136 @@
+#include "forms/recent_files.h"
+
+#include "core/paths.h"
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using Recents = testing::ProgramFixture;
+using Dropping = testing::ProgramFixture;
+
+TEST_F(Recents, TheSubmenuIsHiddenUntilAFileWasUsed) {
+  EXPECT_FALSE(Window().mnuRecent.Visible());
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  EXPECT_TRUE(Window().mnuRecent.Visible());
+  EXPECT_TRUE(Window().mnuRecentFile[0].Visible());
+  EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
+}
+
+TEST_F(Recents, TheNewestStandsInFrontAndOnce) {
+  const Text first = SubRip("a.srt", 2);
+  const Text film = folder.Write("film.mkv", "x");
+  program->files.OpenSubtitleFile(first);
+  program->playerBinding.LoadVideoFile(film);
+  program->files.OpenSubtitleFile(first);
+  EXPECT_EQ(Window().mnuRecentFile[0].GetText(), ShortenPath(first));
+  EXPECT_EQ(Window().mnuRecentFile[1].GetText(), ShortenPath(film));
+  EXPECT_FALSE(Window().mnuRecentFile[2].Visible());
+}
+
+TEST_F(Recents, OnlyTenAreKept) {
+  for (int i = 0; i < 12; ++i) program->recentFiles.Add(FileKind::Subtitle, SubRip(std::to_string(i) + ".srt", 1));
+  EXPECT_TRUE(Window().mnuRecentFile[9].Visible());
+  EXPECT_TRUE(Window().mnuRecentFile[9].GetText().ends_with(u"/2.srt"));
+}
+
+TEST_F(Recents, ComeBackInTheNextRunWithoutFilesThatAreGone) {
+  const Text gone = SubRip("gone.srt", 2);
+  program->files.OpenSubtitleFile(gone);
+  program->files.OpenSubtitleFile(SubRip("a&b.srt", 2));
+  files.Remove(gone);
+  Restart({});
+  Window().mnuFile.AboutToShow();
+  EXPECT_TRUE(Window().mnuRecent.Visible());
+  EXPECT_TRUE(Window().mnuRecentFile[0].GetText().ends_with(u"/a&&b.srt"));
+  EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
+}
+
+TEST_F(Recents, AClickOpensTheFileAsWhatItWas) {
+  const Text text = SubRip("a.srt", 2);
+  const Text film = folder.Write("film.mkv", "x");
+  program->files.OpenSubtitleFile(text);
+  program->playerBinding.LoadVideoFile(film);
+  program->files.CloseDocuments();
+  Window().mnuRecentFile[1].Click();
+  EXPECT_EQ(program->document.SubtitlePath, text);
+  EXPECT_TRUE(program->document.VideoPath.empty());
+  Window().mnuRecentFile[1].Click();
+  EXPECT_EQ(program->document.VideoPath, film);
+}
+
+TEST_F(Recents, AClickAsksBeforeAModifiedDocumentGoes) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->files.OpenSubtitleFile(SubRip("b.srt", 3));
+  program->document.DocModified = true;
+  boxes.answers = {BoxAnswer::Cancel};
+  Window().mnuRecentFile[1].Click();
+  EXPECT_EQ(program->document.SubtitlePath, folder / "b.srt");
+  EXPECT_EQ(boxes.shown.back().text, program->strings[161]);
+}
+
+TEST_F(Recents, ClearingForgetsAllOfThemForGood) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  Window().mnuClearRecent.Click();
+  EXPECT_FALSE(Window().mnuRecent.Visible());
+  EXPECT_TRUE(Window().mnuTFileName.Visible());
+  Restart({});
+  Window().mnuFile.AboutToShow();
+  EXPECT_FALSE(Window().mnuRecent.Visible());
+}
+
+TEST_F(Recents, DamagedEntriesAreLeftOut) {
+  folder.Write("settings.ini",
+               "[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\n[Brakemoor Works\\Recent]\nFile0=X/etc/"
+               "hosts\nFile1=\nFile2=T\nFile3=T/etc/hosts\n");
+  Restart({});
+  Window().mnuFile.AboutToShow();
+  EXPECT_EQ(Window().mnuRecentFile[0].GetText(), u"/etc/hosts");
+  EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
+}
+
+TEST(KindOfFile, IsReadBehindTheLastDotOfTheName) {
+  EXPECT_EQ(KindOfFile(u"/a.b/film.one.MKV"), FileKind::Film);
+  EXPECT_EQ(KindOfFile(u"/a/sound.Flac"), FileKind::Sound);
+  EXPECT_EQ(KindOfFile(u"/a.mkv/notes"), FileKind::Subtitle);
+  EXPECT_EQ(KindOfFile(u"/a/film.mkv.srt"), FileKind::Subtitle);
+}
+
+TEST_F(Dropping, AFilmAndATextOpenTogether) {
+  const Text text = SubRip("a.srt", 2);
+  const Text film = folder.Write("film.webm", "x");
+  program->files.OpenDropped({text, film});
+  EXPECT_EQ(program->document.SubtitlePath, text);
+  EXPECT_EQ(program->document.VideoPath, film);
+}
+
+TEST_F(Dropping, OfSeveralTextsTheLastBecomesTheDocument) {
+  program->files.OpenDropped({SubRip("a.srt", 2), SubRip("b.srt", 2)});
+  EXPECT_EQ(program->document.SubtitlePath, folder / "b.srt");
+}
+
+TEST_F(Dropping, AModifiedDocumentIsAskedForFirst) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->document.DocModified = true;
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.OpenDropped({SubRip("b.srt", 2)});
+  EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
+  EXPECT_EQ(List().Rows(), 4);
+}
+
+TEST_F(Dropping, DuringALoadNothingIsTaken) {
+  const Text other = SubRip("b.srt", 2);
+  bool dropped = false;
+  events.onYield = [&] {
+    if (dropped) return;
+    dropped = true;
+    program->files.OpenDropped({other});
+  };
+  program->files.OpenSubtitleFile(SubRip("a.srt", 300));
+  EXPECT_TRUE(dropped);
+  EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
+  EXPECT_EQ(List().Rows(), 301);
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,154 @@
+// What makes the main window at home on the desktop: drops, the divider, the columns, names for assistive programs.
+
+#include <gtest/gtest.h>
+
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMimeData>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+#include <QUrl>
+
+#include "tests/support/program_fixture.h"
+#include "ui/main_window_view.h"
+#include "ui/qt_text.h"
+#include "ui/svg_picture.h"
+
+namespace cuewright {
+namespace {
+
+struct HomeTest : testing::ProgramFixture {
+  HomeTest() { Show(); }
+  ~HomeTest() override {
+    view.reset();
+    program.reset();
+  }
+  void Show() {
+    LoadIcons();
+    auto* surface = new QWidget;
+    surface->setObjectName("WMP");
+    view = std::make_unique<MainWindowView>(*program, surface);
+    view->ShowStarted({1000, 700, false});
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+  }
+  void ShowAgain() {
+    view->close();
+    view.reset();
+    Restart({});
+    Show();
+  }
+  void Drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({500, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view.get(), &enter);
+    accepted = enter.isAccepted();
+    if (!accepted) return;
+    QDropEvent drop({500, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view.get(), &drop);
+    QCoreApplication::processEvents();
+  }
+  template <class Widget>
+  Widget* Find(const char* name) {
+    auto* found = view->findChild<Widget*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  int DividerAt() { return Find<QWidget>("imgSize")->x(); }
+
+  std::unique_ptr<MainWindowView> view;
+  bool accepted = false;
+};
+
+using Drops = HomeTest;
+using Divider = HomeTest;
+using Columns = HomeTest;
+using Names = HomeTest;
+using Strip = HomeTest;
+
+TEST_F(Drops, AFileWithBlanksAndSignsInItsNameOpens) {
+  const Text path = SubRip("a b%20c;$(d).srt", 2);
+  Drop({QUrl::fromLocalFile(ToQt(path))});
+  EXPECT_TRUE(accepted);
+  EXPECT_EQ(program->document.SubtitlePath, path);
+}
+
+TEST_F(Drops, AnAddressOfTheWebIsRefused) {
+  Drop({QUrl("https://example.org/a.srt")});
+  EXPECT_FALSE(accepted);
+  EXPECT_TRUE(program->document.SubtitlePath.empty());
+}
+
+TEST_F(Drops, TheTextPaneLeavesFilesToTheWindow) { EXPECT_FALSE(Find<QWidget>("txtSub")->acceptDrops()); }
+
+TEST_F(Divider, TheArrowKeysMoveIt) {
+  QWidget* divider = Find<QWidget>("imgSize");
+  divider->setFocus();
+  const int before = DividerAt();
+  QTest::keyClick(divider, Qt::Key_Right);
+  QTest::keyClick(divider, Qt::Key_Right);
+  EXPECT_EQ(DividerAt(), before + 16);
+  QTest::keyClick(divider, Qt::Key_Left);
+  EXPECT_EQ(DividerAt(), before + 8);
+  EXPECT_NE(divider->focusPolicy() & Qt::TabFocus, 0);
+}
+
+TEST_F(Divider, ComesBackInTheNextRun) {
+  QWidget* divider = Find<QWidget>("imgSize");
+  divider->setFocus();
+  for (int i = 0; i < 5; ++i) QTest::keyClick(divider, Qt::Key_Right);
+  const int moved = DividerAt();
+  ShowAgain();
+  EXPECT_EQ(DividerAt(), moved);
+}
+
+TEST_F(Columns, WhatTheUserDrewStaysWhenTheWindowChangesAndInTheNextRun) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  auto* table = Find<QTableView>("grdSubs");
+  table->horizontalHeader()->resizeSection(1, 90);
+  view->resize(1000, 650);
+  EXPECT_NEAR(table->columnWidth(1), 90, 1);
+  ShowAgain();
+  program->files.OpenSubtitleFile(folder / "a.srt");
+  EXPECT_NEAR(Find<QTableView>("grdSubs")->columnWidth(1), 90, 1);
+}
+
+TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  auto* table = Find<QTableView>("grdSubs");
+  const int own = table->columnWidth(1);
+  table->horizontalHeader()->resizeSection(1, own + 40);
+  EXPECT_NE(table->columnWidth(1), own);
+  emit table->horizontalHeader()->sectionHandleDoubleClicked(1);
+  EXPECT_EQ(table->columnWidth(1), own);
+}
+
+TEST_F(Names, AreInTheLanguageInForce) {
+  EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Text of the caption");
+  program->messages.AddBlock("908\tTexto\n909\tLista\n", 1);
+  program->ChangeLanguage(1);
+  EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Texto");
+  EXPECT_EQ(Find<QWidget>("grdSubs")->accessibleName(), "Lista");
+}
+
+TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
+  EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  EXPECT_TRUE(Find<QLabel>("lblNotice")->isVisible());
+  EXPECT_EQ(Find<QLabel>("lblNotice")->text(), "Read as SubRip, windows-1252");
+  Find<QToolButton>("cmdNotice")->click();
+  EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
+}
+
+TEST_F(Strip, IsGoneWithTheInformationBar) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->window.mnuInfoBar.Click();
+  EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
+  program->window.mnuInfoBar.Click();
+  EXPECT_TRUE(Find<QLabel>("lblNotice")->isVisible());
+}
+
+}  // namespace
+}  // namespace cuewright
