@@ -73,18 +73,21 @@ void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
 
 void CaptionList::SetCaptionStart(Row row, std::int32_t ms, bool quiet) {
   if (!InRange(row)) return;
+  const EditScope scope(*this, EditKind::Change);
   StoreTimes(row, ms < 0 ? 0 : ms, At(row).end);
   if (!quiet) SetModified();
 }
 
 void CaptionList::SetCaptionEnd(Row row, std::int32_t ms) {
   if (!InRange(row)) return;
+  const EditScope scope(*this, EditKind::Change);
   StoreTimes(row, At(row).start, ms < 0 ? 0 : ms);
   SetModified();
 }
 
 void CaptionList::ClearCaptionTiming(Row row, bool quiet) {
   if (!InRange(row)) return;
+  const EditScope scope(*this, EditKind::Change);
   StoreTimes(row, 0, 0);
   if (!quiet) SetModified();
 }
@@ -122,6 +125,7 @@ Row CaptionList::AddCaption(std::int32_t start, std::int32_t end, TextView text,
 
 void CaptionList::DeleteCaption(Row row) {
   if (!InRange(row)) return;
+  const EditScope scope(*this, EditKind::Remove);
   if (Rows() == 2) {
     if (At(1).text.empty() && !IsCaptionTimed(1)) return;
     // One splice, so that taking it back is one step.
@@ -169,6 +173,7 @@ void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
   if (first < 1 || count < 0 || first + count > Rows()) ThrowInvalidCall();
   if (rows.size() > static_cast<std::size_t>(kMaxRow) || Rows() - 1 - count + added > kMaxRow) ThrowOverflow();
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
+  const EditScope scope(*this, EditKind::Change);
   const auto before =
       rows_.Splice(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count), std::move(rows));
   Spliced(Splice{first, count, added, before, {}});
@@ -178,9 +183,10 @@ void CaptionList::Retime(Row first, std::span<CaptionTimes> times) {
   const Row count = static_cast<Row>(times.size());
   if (first < 1 || first + count > Rows()) ThrowInvalidCall();
   if (count == 0) return;
-  for (Row i = 0; i < count; ++i) {
-    Caption& caption = rows_.At(static_cast<std::size_t>(first - 1 + i));
-    CaptionTimes& given = times[static_cast<std::size_t>(i)];
+  const EditScope scope(*this, EditKind::Change);
+  auto at = static_cast<std::size_t>(first) - 1;
+  for (CaptionTimes& given : times) {
+    Caption& caption = rows_.At(at++);
     std::swap(caption.start, given.start);
     std::swap(caption.end, given.end);
   }
@@ -205,6 +211,14 @@ void CaptionList::MoveSelection(Row row) {
   } else {
     SelectionChanged(row);
   }
+}
+
+void CaptionList::BeginCommand(EditKind kind, std::uint64_t join) {
+  if (++commandDepth_ == 1) CommandBegan(kind, join);
+}
+
+void CaptionList::EndCommand() {
+  if (--commandDepth_ == 0) CommandEnded();
 }
 
 void CaptionList::SetEnabled(bool enabled) {

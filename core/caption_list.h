@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/app_options.h"
+#include "core/edit_kind.h"
 #include "core/row_store.h"
 #include "core/signal.h"
 #include "core/text.h"
@@ -128,7 +129,19 @@ class CaptionList {
   void SetEnabled(bool enabled);
 
   bool Modified() const { return modified_; }
-  void SetModified() { modified_ = true; }
+  void SetModified() {
+    modified_ = true;
+    ++modifiedRaises_;
+  }
+  /// How often the modified flag was raised, also while it was up.
+  std::uint32_t ModifiedRaises() const { return modifiedRaises_; }
+
+  /// A command on the captions begins and ends: what changes between is one step. Those inside another belong to it.
+  /// Commands of the same kind that follow each other with the same `join`, which isn't 0, are one as well. See
+  /// `EditScope`.
+  void BeginCommand(EditKind kind, std::uint64_t join);
+  void EndCommand();
+  bool InCommand() const { return commandDepth_ > 0; }
 
   const AppOptions& Options() const { return options_; }
 
@@ -136,6 +149,8 @@ class CaptionList {
   Signal<Row, bool> RowShown;    ///< `SetRow` ran on the enabled list: row, whether to scroll
   Signal<Row> SelectionChanged;  ///< the selection has moved, also on a disabled list
   Signal<bool> EnabledChanged;
+  Signal<EditKind, std::uint64_t> CommandBegan;
+  Signal<> CommandEnded;
 
  private:
   void StoreTimes(Row row, std::int32_t start, std::int32_t end);
@@ -147,6 +162,20 @@ class CaptionList {
   Row selected_ = 1;
   Row currentRow_ = 1;
   bool enabled_ = true;
+  int commandDepth_ = 0;
+  std::uint32_t modifiedRaises_ = 0;
+};
+
+/// Makes what is done to the list in its life one command.
+class EditScope {
+ public:
+  EditScope(CaptionList& list, EditKind kind, std::uint64_t join = 0) : list_(list) { list_.BeginCommand(kind, join); }
+  EditScope(const EditScope&) = delete;
+  EditScope& operator=(const EditScope&) = delete;
+  ~EditScope() { list_.EndCommand(); }
+
+ private:
+  CaptionList& list_;
 };
 
 }  // namespace cuewright

@@ -125,6 +125,7 @@ void TimeBoxes::Check(std::size_t index) {
 void TimeBoxes::Commit() {
   Check(0);
   Check(1);
+  const EditScope scope(list_, EditKind::SetTimes);
   const Row row = list_.Selected();
   const std::int32_t start = TimeTextToMs(window_.txtTime[0].GetText());
   list_.SetCaptionStart(row, start, false);

@@ -83,6 +83,8 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   capturing_ = true;
   captureRow_ = selected;
   hold_.reset();
+  // Press and release are one step.
+  const EditScope scope(list_, EditKind::Capture, ++captureNumber_);
 
   const bool limit = LimitActive(options_);
   const std::int32_t position = PlayerPosMs();
@@ -107,7 +109,7 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   window_.tmrLimit.SetEnabled(true);
 }
 
-void TimingCapture::EndCaption() {
+void TimingCapture::LeaveCapture() {
   window_.tmrLimit.SetEnabled(false);
   if (Playing()) window_.cmdApply.SetEnabled(true);
   window_.cmdNext.SetEnabled(false);
@@ -118,6 +120,15 @@ void TimingCapture::EndCaption() {
   preview_.ClearPreviewCaption();
   window_.cmdApply.SetUnderlined(false);
   window_.cmdNext.SetUnderlined(false);
+}
+
+void TimingCapture::AbandonCapture() {
+  if (capturing_) LeaveCapture();
+}
+
+void TimingCapture::EndCaption() {
+  const EditScope scope(list_, EditKind::Capture, captureNumber_);
+  LeaveCapture();
   const auto end = static_cast<std::int32_t>(LeadingNumber(window_.lblTime.GetText()));
   priorCaptionEnd_ = end;
   list_.SetCaptionEnd(captureRow_, end);

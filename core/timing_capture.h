@@ -38,6 +38,8 @@ class TimingCapture {
   void StartCaption(bool byStartKey, bool byNextKey);
   /// Stores the last sample as the end and selects the next row.
   void EndCaption();
+  /// Ends a running capture without an end.
+  void AbandonCapture();
 
   /// Changes the mode, ending a running capture first.
   void SelectMode(CaptionMode mode);
@@ -72,6 +74,7 @@ class TimingCapture {
     std::uint32_t physical = 0;
   };
 
+  void LeaveCapture();
   void BeginHold(Hold hold);
   void ReleaseHold();
   void LimitTick();
@@ -93,6 +96,7 @@ class TimingCapture {
 
   CaptionMode mode_ = CaptionMode::PressAndHold;
   bool capturing_ = false;
+  std::uint64_t captureNumber_ = 0;  ///< of the capture that runs, or ran last
   Row captureRow_ = 1;
   std::int32_t captureStartMs_ = 0;
   std::optional<std::int32_t> priorCaptionEnd_;

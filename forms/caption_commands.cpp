@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
@@ -11,6 +12,8 @@ namespace {
 
 constexpr std::array<TextView, 3> kSeparators = {u"|", u"/n", u"[br]"};
 constexpr Row kRowsOfPage = 8;
+/// A longer pause ends what was typed in one go.
+constexpr std::int64_t kTypingPauseMs = 1000;
 
 /// True for a text that is a number as a whole.
 bool IsNumeric(TextView text) {
@@ -24,7 +27,8 @@ bool IsNumeric(TextView text) {
 
 CaptionCommands::CaptionCommands(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel,
                                  const DocumentState& document, AppOptions& options, const LangStrings& strings,
-                                 Messages& messages, SettingsStore& store, Preview& preview, TimingCapture& capture)
+                                 Messages& messages, SettingsStore& store, Preview& preview, TimingCapture& capture,
+                                 EventQueue& events)
     : window_(window),
       list_(list),
       grid_(grid),
@@ -35,7 +39,8 @@ CaptionCommands::CaptionCommands(MainWindow& window, CaptionList& list, CaptionG
       messages_(messages),
       store_(store),
       preview_(preview),
-      capture_(capture) {
+      capture_(capture),
+      events_(events) {
   WireMenus();
   WireTextPane();
 }
@@ -71,10 +76,21 @@ void CaptionCommands::WireTextPane() {
 void CaptionCommands::TakeTextPane() {
   if (!document_.HasDocument()) return;
   const Row row = list_.Selected();
-  list_.SetCaptionText(row, ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator));
+  {
+    const EditScope scope(list_, EditKind::Typing, TypingNumber(row));
+    list_.SetCaptionText(row, ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator));
+    if (list_.Rows() >= 3) list_.SetModified();
+  }
   preview_.Redraw(row);
-  if (list_.Rows() >= 3) list_.SetModified();
   panel_.ShowStyles(row);
+}
+
+std::uint64_t CaptionCommands::TypingNumber(Row row) {
+  const std::int64_t now = events_.NowMs();
+  if (row != typingRow_ || now - typedAt_ > kTypingPauseMs) ++typingNumber_;
+  typingRow_ = row;
+  typedAt_ = now;
+  return typingNumber_;
 }
 
 bool CaptionCommands::CreateCaption(Row row) {
@@ -82,6 +98,7 @@ bool CaptionCommands::CreateCaption(Row row) {
   if (answer.empty()) return false;
   CarryOn step;
   if (!step([&] {
+        const EditScope scope(list_, EditKind::Insert, ++insertNumber_);
         list_.AddCaption(0, 0, answer, row);
         list_.SetRow(row, false);
       })) {
@@ -95,6 +112,7 @@ void CaptionCommands::AddBelow() { CreateCaption(list_.Selected() + 1); }
 
 void CaptionCommands::AddBottom() {
   if (!CreateCaption(0)) return;
+  const EditScope scope(list_, EditKind::Insert, insertNumber_);  // the row that it selects belongs to it
   list_.SetRow(list_.Rows() - 1, false);
   if (list_.Rows() >= 11) grid_.SetTopRow(list_.Rows() - kRowsOfPage);
 }
@@ -103,6 +121,7 @@ void CaptionCommands::EditSelected() {
   const Row row = list_.Selected();
   const Text answer = messages_.Ask({strings_[58], strings_[57], list_.GetCaptionText(row)});
   if (IsBlank(answer) || !list_.InRange(row)) return;
+  const EditScope scope(list_, EditKind::EditText);
   list_.Replace(row, 1, {Caption{list_.GetCaptionStart(row), list_.GetCaptionEnd(row), answer}});
   window_.txtSub.SetText(list_.GetCaptionText(row, true));
 }
@@ -133,6 +152,9 @@ void CaptionCommands::NextUntimed() {
 
 void CaptionCommands::Toggle(TextView marker) {
   const Row row = list_.Selected();
+  const EditScope scope(list_, marker == u"<b>"   ? EditKind::Bold
+                               : marker == u"<i>" ? EditKind::Italic
+                                                  : EditKind::Underline);
   list_.ToggleMarker(row, marker);
   window_.txtSub.SetText(list_.GetCaptionText(row, true));
   preview_.Redraw(row);
@@ -160,10 +182,19 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
     if (after.empty()) after = before;
     window_.mnuSeparator[3].SetText(Fill(strings_[164], after));
   }
+  std::optional<EditScope> scope;
+  if (document_.HasDocument()) scope.emplace(list_, EditKind::Separator);
   options_.LineSeparator = after;
   store_.SaveSetting(kMainSection, u"LBREAK", after);
   if (document_.HasDocument()) ReplaceSeparator(before, after);
+  scope.reset();
   window_.txtSub.SetText(document_.HasDocument() ? list_.GetCaptionText(list_.Selected(), true) : Text());
+}
+
+void CaptionCommands::RestoreSeparator(const Text& separator) {
+  options_.LineSeparator = separator;
+  store_.SaveSetting(kMainSection, u"LBREAK", separator);
+  ShowSeparator();
 }
 
 void CaptionCommands::ReplaceSeparator(TextView before, TextView after) {

@@ -6,6 +6,7 @@
 #include "core/document.h"
 #include "core/form/main_window.h"
 #include "core/lang_strings.h"
+#include "core/ports/event_queue.h"
 #include "core/ports/messages.h"
 #include "core/preview.h"
 #include "core/timing_capture.h"
@@ -18,13 +19,16 @@ class CaptionCommands {
  public:
   CaptionCommands(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel,
                   const DocumentState& document, AppOptions& options, const LangStrings& strings, Messages& messages,
-                  SettingsStore& store, Preview& preview, TimingCapture& capture);
+                  SettingsStore& store, Preview& preview, TimingCapture& capture, EventQueue& events);
 
   /// Asks for a text and inserts it untimed at a row (0: the bottom); false when the user gave none.
   bool CreateCaption(Row row);
 
   /// The check and the custom text of the separator's menu follow the separator in force.
   void ShowSeparator();
+
+  /// The captions are written with this separator again: it is the one in force, in the store and in the menu.
+  void RestoreSeparator(const Text& separator);
 
   /// What the list does on its own keys and clicks.
   void OnListKey(KeyEvent& key);
@@ -47,6 +51,7 @@ class CaptionCommands {
   void ChangeSeparator(std::size_t choice);
   void ReplaceSeparator(TextView before, TextView after);
   void TakeTextPane();
+  std::uint64_t TypingNumber(Row row);
 
   MainWindow& window_;
   CaptionList& list_;
@@ -59,6 +64,11 @@ class CaptionCommands {
   SettingsStore& store_;
   Preview& preview_;
   TimingCapture& capture_;
+  EventQueue& events_;
+  std::uint64_t insertNumber_ = 0;
+  std::uint64_t typingNumber_ = 0;  ///< of what is typed without a pause in one row
+  Row typingRow_ = 0;
+  std::int64_t typedAt_ = 0;
 };
 
 }  // namespace cuewright

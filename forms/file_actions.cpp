@@ -76,6 +76,7 @@ void FileActions::New() {
   resetControls();
   p_.formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(p_.catalogue.IndexOf(kSubRip), 0));
   p_.formats.Encoding = DocumentEncoding();
+  DocumentOpened();
   if (Playing()) p_.window.cmdApply.SetEnabled(true);
 }
 
@@ -90,6 +91,7 @@ void FileActions::NewFromClipboard() {
     const TextView line = TrimBlanks(lines[i]);
     if (!line.empty()) captions.push_back({0, 0, Text(line)});
   }
+  const EditScope scope(p_.list, EditKind::FromClipboard);
   if (!captions.empty()) {
     const bool blank = p_.list.Rows() == 2 && p_.list.At(1) == Caption{};
     CarryOn step;
@@ -161,6 +163,7 @@ void FileActions::LoadSteps(const Text& path, CarryOn& step) {
   step([&] { p_.recall.SavePath(path); });
   step([&] { p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path); });
   p_.document.DocModified = false;
+  DocumentOpened();
   if (played) step([&] { ports_.player.Play(); });
   ports_.desktop.SetBusy(false);
 }
@@ -175,6 +178,7 @@ void FileActions::FinishLoad(CarryOn& step) {
     step([&] { p_.panel.ResetGrid(false); });
     step([&] { resetControls(); });
     p_.document.ImportCancelled = false;
+    DocumentClosed();
     return;
   }
   step([&] { p_.list.SetRow(1, false); });
@@ -200,7 +204,10 @@ void FileActions::Append() {
   const Text path = OpenFileFilter();
   if (path.empty()) return;
   resetRuleReport();
-  p_.importer.DetectFormat(path, false, true);
+  {
+    const EditScope scope(p_.list, EditKind::Append);
+    p_.importer.DetectFormat(path, false, true);
+  }
   p_.recall.SavePath(path);
 }
 
@@ -270,6 +277,7 @@ void FileActions::CloseDocuments() {
   resetControls();
   closeTools();
   p_.sub.Unload();
+  DocumentClosed();
 }
 
 void FileActions::OpenAs(FileKind kind, const Text& path) {

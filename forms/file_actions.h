@@ -8,6 +8,7 @@
 #include "core/folders.h"
 #include "core/form/main_window.h"
 #include "core/lang_strings.h"
+#include "core/signal.h"
 #include "core/timing_capture.h"
 #include "formats/catalogue.h"
 #include "formats/export.h"
@@ -77,6 +78,9 @@ class FileActions {
   void Save();
   void SaveAs();
   void Close();
+
+  Signal<> DocumentOpened;  ///< there is another document; a file's has just been read, before any rule has run
+  Signal<> DocumentClosed;
 
   // Set by the owner of the windows.
   std::function<void()> closeTools;

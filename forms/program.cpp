@@ -23,6 +23,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       store(ports_.files, environment_.settingsFile),
       encodings(environment_.systemCodePage),
       list(options, document.DocModified),
+      history(list, document.DocModified),
       grid(list),
       panel(window, list, grid, strings),
       preview(window, sub, list, grid, document, options, ports_.player),
@@ -34,7 +35,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       recall(window, store, ports_.files, folders),
       recentFiles(window, store, ports_.files),
       notices(window, options, strings),
-      commands(window, list, grid, panel, document, options, strings, ports_.messages, store, preview, capture),
+      commands(window, list, grid, panel, document, options, strings, ports_.messages, store, preview, capture,
+               ports_.events),
       playerBinding(window, sub, document, strings, ports_.files, ports_.messages, ports_.player, preview, capture,
                     recall),
       files(Parts(), ports_),
@@ -44,7 +46,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
-      tools(window, list, strings, languages, openForms, ports_) {
+      tools(window, list, strings, languages, openForms, ports_),
+      undo(window, list, history, capture, preview, strings) {
   Connect();
 }
 
@@ -86,6 +89,7 @@ void Program::Connect() {
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
   ConnectRules();
   ConnectFiles();
+  ConnectHistory();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
   files.chooseFormat = [this] {
@@ -100,6 +104,13 @@ void Program::ConnectRules() {
   files.resetRuleReport = [this] { ruleReport.ResetRuleReport(); };
   files.applyRulesOnLoad = [this] { rules.ApplyRules(true); };
   reportWindow.openSettings = [this] { window.mnuGSettings.Click(); };
+}
+
+void Program::ConnectHistory() {
+  files.DocumentOpened.Connect([this] { history.Begin(document.HasFile()); });
+  files.DocumentClosed.Connect([this] { history.End(); });
+  files.Saved.Connect([this] { history.MarkSaved(); });
+  history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
 }
 
 bool Program::Start() {
@@ -157,6 +168,7 @@ std::int16_t Program::ChangeLanguage(std::size_t row) {
 void Program::ApplyLanguage() {
   notices.ApplyLanguage();
   shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
+  undo.ShowItems();
   for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
   for (ToolForm* form : ToolForms()) {
     if (form->Loaded()) form->ApplyLanguage(languages.IsRightToLeft());
@@ -204,6 +216,7 @@ void Program::ConvertFromUtf8() {
       BoxAnswer::Yes) {
     return;
   }
+  const EditScope scope(list, EditKind::Convert);
   ConvertCaptionsFromUtf8(list, encodings);
   window.txtSub.SetText(list.GetCaptionText(list.Selected(), true));
 }

@@ -7,6 +7,7 @@
 #include "core/caption_list.h"
 #include "core/caption_panel.h"
 #include "core/document.h"
+#include "core/edit_history.h"
 #include "core/folders.h"
 #include "core/form/main_window.h"
 #include "core/form/sub_window.h"
@@ -33,6 +34,7 @@
 #include "forms/rules_commands.h"
 #include "forms/shell.h"
 #include "forms/start_window.h"
+#include "forms/undo_commands.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/store.h"
@@ -91,6 +93,7 @@ class Program final : private FormatHost {
   StartWindow start;
   OpenForms openForms;
   CaptionList list;
+  EditHistory history;
   CaptionGrid grid;
   CaptionPanel panel;
   Preview preview;
@@ -111,6 +114,7 @@ class Program final : private FormatHost {
   ReportWindow reportWindow;
   RulesCommands rules;
   EditingTools tools;
+  UndoCommands undo;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow}; }
@@ -127,6 +131,7 @@ class Program final : private FormatHost {
   void ConnectFiles();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(std::size_t text);
+  void ConnectHistory();
   void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();

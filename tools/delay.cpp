@@ -38,11 +38,13 @@ void ShiftCaptions(CaptionList& list, std::int32_t delay) {
     times.push_back(own);
   }
   if (!any) return;
+  const EditScope scope(list, EditKind::Delay);
   list.Retime(1, times);
   list.SetModified();
 }
 
 void ClearAllTiming(CaptionList& list) {
+  const EditScope scope(list, EditKind::ResetTiming);
   std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Rows() - 1));
   list.Retime(1, times);
   list.SetModified();

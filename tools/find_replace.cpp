@@ -97,6 +97,7 @@ std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool 
     if (!replaceAll) break;
   }
   if (found.empty()) return 0;
+  const EditScope scope(list, replaceAll ? EditKind::ReplaceAll : EditKind::Replace);
   // The selection comes first: what the window shows of the row is its text before.
   if (found.back().first != list.Selected()) list.MoveSelection(found.back().first);
   Stores stores(list);

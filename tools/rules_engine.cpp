@@ -51,9 +51,12 @@ void RulesEngine::ApplyRules(bool quiet) {
   if (options_.T_CREDITS != 0) credits_ = CreditPieces(options_.T_CREDITSTEXT);
   step_([&] { host_.LeavePreviewMode(); });
   step_([&] { paused = host_.PausePlayer(); });
-  // Not taken again after a deletion: the turns past the end find nothing to do.
-  const Row last = list_.Rows() - 1;
-  for (Row row = 1; row <= last; ++row) CheckRow(row);
+  {
+    const EditScope scope(list_, EditKind::Rules);
+    // Not taken again after a deletion: the turns past the end find nothing to do.
+    const Row last = list_.Rows() - 1;
+    for (Row row = 1; row <= last; ++row) CheckRow(row);
+  }
   step_([&] { host_.RefreshFileLabels(); });
   step_([&] { host_.SetBusy(false); });
   if (paused) step_([&] { host_.ResumePlayer(); });

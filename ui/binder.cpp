@@ -53,7 +53,7 @@ QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
   action->setSeparator(item.IsSeparator());
   action->setCheckable(item.Checkable());
   if (!item.Shortcut().empty()) {
-    action->setShortcut(QKeySequence(QString::fromStdString(item.Shortcut())));
+    action->setShortcuts(QKeySequence::listFromString(QString::fromStdString(item.Shortcut())));
   }
   bound_.insert(&item, action);
   Watch(item, [&item, action] {

@@ -259,7 +259,8 @@ void MainWindowView::BuildBottomPanel() {
   left->addWidget(MakeTimeRow());
   auto* pane = Named(new QPlainTextEdit(bottom_), "txtSub");
   pane->setTabChangesFocus(true);
-  pane->setAcceptDrops(false);  // files are the window's
+  pane->setAcceptDrops(false);      // files are the window's
+  pane->setUndoRedoEnabled(false);  // what is typed is taken back with everything else
   pane->setMinimumHeight(48);
   pane_ = pane;
   left->addWidget(pane, 1);
@@ -411,6 +412,21 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   return key.handled;
 }
 
+bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
+  const auto* widget = qobject_cast<QWidget*>(object);
+  if (widget == nullptr || widget->window() != this) return false;
+  // The fields would take these keys for a history of their own.
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const QKeySequence pressed(key->keyCombination());
+  for (const char* name : {"mnuUndo", "mnuRedo"}) {
+    if (findChild<QAction*>(name)->shortcuts().contains(pressed)) {
+      event->ignore();
+      return true;
+    }
+  }
+  return false;
+}
+
 bool MainWindowView::FilterDivider(QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   if (event->type() != QEvent::MouseMove || (mouse->buttons() & Qt::LeftButton) == 0) return false;
@@ -449,6 +465,8 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
       return false;
     case QEvent::Paint:
       return object == divider_ && PaintDivider(*divider_);
+    case QEvent::ShortcutOverride:
+      return FilterUndoKeys(object, event);
     case QEvent::MouseButtonRelease:
       if (object->isWidgetType()) {
         program_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));

@@ -49,6 +49,7 @@ class MainWindowView final : public QMainWindow {
   QRect Placed(const Rect& rect) const;
   void PlaceOverlayNow();
   bool FilterKey(QObject* object, QEvent* event);
+  bool FilterUndoKeys(QObject* object, QEvent* event);
   bool FilterDivider(QEvent* event);
   bool FilterDividerKey(QKeyEvent* event);
 

@@ -143,7 +143,7 @@ class MenuItem final : public Control {
   void SetCheckable(bool checkable) { checkable_ = checkable; }
   bool IsSeparator() const { return separator_; }
   void SetSeparator(bool separator) { separator_ = separator; }
-  /// A key binding in the form "Ctrl+S"; empty for none.
+  /// A key binding in the form "Ctrl+S", several as "Ctrl+S; Ctrl+D"; empty for none.
   const std::string& Shortcut() const { return shortcut_; }
   void SetShortcut(std::string shortcut) { shortcut_ = std::move(shortcut); }
 

@@ -80,6 +80,9 @@ class MainWindow final : public Form {
   MenuItem mnuExit{*this, "mnuExit", &mnuFile};
 
   MenuItem mnuEdit{*this, "mnuEdit"};
+  MenuItem mnuUndo{*this, "mnuUndo", &mnuEdit};
+  MenuItem mnuRedo{*this, "mnuRedo", &mnuEdit};
+  MenuItem mnuLine1c{*this, "mnuLine1c", &mnuEdit};
   MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};

@@ -267,5 +267,37 @@ TEST_F(MainWindowSmoke, TheMissingPlayerScreenBindsEveryControl) {
   EXPECT_TRUE(ignored);
 }
 
+TEST_F(MainWindowKeys, UndoAndRedoReachTheHistoryAlsoFromTheTextPane) {
+  Timed(5);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  pane->setFocus();
+  pane->moveCursor(QTextCursor::End);
+  QTest::keyClicks(pane, "abc");
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1abc");
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1");
+  EXPECT_EQ(pane->toPlainText(), "line 1");
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1abc");
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(pane, Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(1), u"line 1abc");
+}
+
+TEST_F(MainWindowKeys, UndoReachesTheHistoryFromATimeBoxAndFromTheList) {
+  Timed(5);
+  Table()->setFocus();
+  QTest::keyClick(Table(), Qt::Key_Delete);
+  EXPECT_EQ(List().Rows(), 5);
+  auto* box = Find<QLineEdit>("txtTime(0)");
+  box->setFocus();
+  QTest::keyClicks(box, "11");
+  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(List().Rows(), 6);
+  Table()->setFocus();
+  QTest::keyClick(Table(), Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(List().Rows(), 5);
+}
+
 }  // namespace
 }  // namespace cuewright

@@ -1,0 +1,167 @@
+#include "core/edit_history.h"
+
+#include <iterator>
+#include <utility>
+
+namespace cuewright {
+
+EditHistory::EditHistory(CaptionList& list, bool& modified) : list_(list), modified_(modified) {
+  list_.CommandBegan.Connect([this](EditKind kind, std::uint64_t join) { OnBegan(kind, join); });
+  list_.Spliced.Connect([this](const Splice& splice) { OnSplice(splice); });
+  list_.CommandEnded.Connect([this] { OnEnded(); });
+}
+
+std::optional<EditKind> EditHistory::UndoKind() const {
+  return undo_.empty() ? std::nullopt : std::optional(undo_.back().kind);
+}
+
+std::optional<EditKind> EditHistory::RedoKind() const {
+  return redo_.empty() ? std::nullopt : std::optional(redo_.back().kind);
+}
+
+bool EditHistory::Joins(EditKind kind, std::uint64_t join) const {
+  if (join == 0 || undo_.empty() || !redo_.empty() || savedAt_ == undo_.size()) return false;
+  return undo_.back().kind == kind && undo_.back().join == join;
+}
+
+void EditHistory::OnBegan(EditKind kind, std::uint64_t join) {
+  if (reversing_ || !keeping_) return;
+  raisesBefore_ = list_.ModifiedRaises();
+  if (Joins(kind, join)) {
+    open_ = std::move(undo_.back());
+    undo_.pop_back();
+    return;
+  }
+  open_.emplace();
+  open_->kind = kind;
+  open_->join = join;
+  open_->rowBefore = list_.Selected();
+  open_->separatorBefore = list_.Options().LineSeparator;
+}
+
+void EditHistory::OnSplice(const Splice& splice) {
+  if (open_) Record(*open_, splice);
+}
+
+void EditHistory::Record(EditStep& step, const Splice& splice) {
+  if (!step.changes.empty()) {
+    EditChange& last = step.changes.back();
+    const bool steady = last.removed == last.added && splice.removed == splice.added;
+    // What went from these rows is kept already: the rows, or of times alone the times.
+    const bool within = splice.first >= last.first && splice.first + splice.removed <= last.first + last.removed;
+    if (steady && within && (!last.timesOnly || splice.TimesOnly())) return;
+    if (steady && last.timesOnly == splice.TimesOnly() && splice.first == last.first + last.removed) {
+      last.removed = last.added = last.removed + splice.removed;
+      step.captions.insert(step.captions.end(), splice.before.begin(), splice.before.end());
+      step.times.insert(step.times.end(), splice.timesBefore.begin(), splice.timesBefore.end());
+      return;
+    }
+  }
+  const std::size_t at = splice.TimesOnly() ? step.times.size() : step.captions.size();
+  step.changes.push_back({splice.first, splice.removed, splice.added, splice.TimesOnly(), at});
+  step.captions.insert(step.captions.end(), splice.before.begin(), splice.before.end());
+  step.times.insert(step.times.end(), splice.timesBefore.begin(), splice.timesBefore.end());
+}
+
+void EditHistory::OnEnded() {
+  if (reversing_ || !open_) return;
+  EditStep step = std::move(*open_);
+  open_.reset();
+  step.rowAfter = list_.Selected();
+  step.separatorAfter = list_.Options().LineSeparator;
+  step.raised = step.raised || list_.ModifiedRaises() != raisesBefore_;
+  if (step.Empty()) return;
+  redo_.clear();
+  if (savedAt_ && *savedAt_ > undo_.size()) savedAt_.reset();
+  undo_.push_back(std::move(step));
+  Changed();
+}
+
+EditStep EditHistory::Reverse(EditStep step) {
+  open_.emplace();
+  for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
+    if (change->timesOnly) {
+      list_.Retime(change->first, std::span(step.times).subspan(change->at, static_cast<std::size_t>(change->removed)));
+    } else {
+      const auto first = std::make_move_iterator(step.captions.begin() + static_cast<std::ptrdiff_t>(change->at));
+      list_.Replace(change->first, change->added, {first, first + change->removed});
+    }
+  }
+  EditStep reversed = std::move(*open_);
+  open_.reset();
+  reversed.kind = step.kind;
+  reversed.join = step.join;
+  reversed.separatorBefore = std::move(step.separatorBefore);
+  reversed.separatorAfter = std::move(step.separatorAfter);
+  reversed.rowBefore = step.rowBefore;
+  reversed.rowAfter = step.rowAfter;
+  reversed.raised = step.raised;
+  return reversed;
+}
+
+void EditHistory::Undo() {
+  if (!undo_.empty()) Move(undo_, redo_, true);
+}
+
+void EditHistory::Redo() {
+  if (!redo_.empty()) Move(redo_, undo_, false);
+}
+
+void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, bool back) {
+  // A command that runs has to end first.
+  if (open_ || !list_.Enabled()) return;
+  reversing_ = true;
+  {
+    const EditScope scope(list_, EditKind::TakeBack);
+    EditStep step = std::move(from.back());
+    from.pop_back();
+    to.push_back(Reverse(std::move(step)));
+    const EditStep& moved = to.back();
+    const Text& separator = back ? moved.separatorBefore : moved.separatorAfter;
+    if (separator != list_.Options().LineSeparator) SeparatorRestored(separator);
+    if (savedAt_ == undo_.size()) {
+      modified_ = false;
+    } else if (moved.raised) {
+      list_.SetModified();
+    }
+    list_.SetRow(back ? moved.rowBefore : moved.rowAfter, true);
+  }
+  reversing_ = false;
+  Changed();
+}
+
+void EditHistory::Begin(bool saved) {
+  Forget();
+  keeping_ = true;
+  if (saved) savedAt_ = 0;
+  Changed();
+}
+
+void EditHistory::End() {
+  Forget();
+  keeping_ = false;
+  Changed();
+}
+
+void EditHistory::Forget() {
+  undo_.clear();
+  redo_.clear();
+  open_.reset();
+  savedAt_.reset();
+}
+
+void EditHistory::MarkSaved() { savedAt_ = undo_.size(); }
+
+std::size_t EditHistory::Bytes() const {
+  std::size_t bytes = 0;
+  for (const auto* steps : {&undo_, &redo_}) {
+    for (const EditStep& step : *steps) {
+      bytes += sizeof(EditStep) + step.changes.capacity() * sizeof(EditChange) +
+               step.captions.capacity() * sizeof(Caption) + step.times.capacity() * sizeof(CaptionTimes);
+      for (const Caption& caption : step.captions) bytes += caption.text.capacity() * sizeof(char16_t);
+    }
+  }
+  return bytes;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+
+namespace cuewright {
+
+/// What a command does to the captions; names the step that takes it back.
+enum class EditKind : std::uint8_t {
+  Change,  ///< anything without a name of its own
+  Capture,
+  Typing,
+  SetTimes,
+  Insert,
+  Remove,
+  EditText,
+  Bold,
+  Italic,
+  Underline,
+  Separator,
+  Convert,
+  Append,
+  FromClipboard,
+  Rules,
+  Delay,
+  ResetTiming,
+  Replace,
+  ReplaceAll,
+  Drag,
+  Spelling,
+  TakeBack,  ///< undo and redo themselves
+};
+
+}  // namespace cuewright

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/caption_list.h"
+#include "core/edit_history.h"
+#include "core/form/main_window.h"
+#include "core/lang_strings.h"
+#include "core/preview.h"
+#include "core/timing_capture.h"
+
+namespace cuewright {
+
+/// The name of a command as the menu shows it.
+Text EditName(EditKind kind, const LangStrings& strings);
+
+/// Undo and Redo of the Edit menu.
+class UndoCommands {
+ public:
+  UndoCommands(MainWindow& window, CaptionList& list, EditHistory& history, TimingCapture& capture, Preview& preview,
+               const LangStrings& strings);
+
+  /// The two items name what they would do, in the language in force.
+  void ShowItems();
+
+ private:
+  void Undo();
+  void Redo();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  EditHistory& history_;
+  TimingCapture& capture_;
+  Preview& preview_;
+  const LangStrings& strings_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,384 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+/// All of a document that undo answers for.
+struct Snapshot {
+  std::vector<Caption> captions;
+  Text separator;
+
+  bool operator==(const Snapshot&) const = default;
+};
+
+struct UndoInTheWindow : ProgramFixture {
+  Snapshot Now() {
+    Snapshot snapshot;
+    snapshot.separator = program->options.LineSeparator;
+    for (Row row = 1; row < List().Rows(); ++row) snapshot.captions.push_back(List().At(row));
+    return snapshot;
+  }
+  void Type(TextView text) {
+    Window().txtSub.SetText(text);
+    Window().txtSub.Edited();
+    KeyEvent key;
+    Window().txtSub.KeyUp(key);
+  }
+  void At(double seconds) {
+    player.position = seconds;
+    program->capture.SamplePosition();
+  }
+  void Key(int code, bool down) {
+    KeyEvent key;
+    key.code = code;
+    key.physical = static_cast<std::uint32_t>(code);
+    if (down) {
+      program->capture.OnKeyDown(key);
+    } else {
+      program->capture.OnKeyUp(key);
+    }
+  }
+  std::string UndoText() { return ToUtf8(Window().mnuUndo.GetText()); }
+
+  /// Runs a command, looks that it is one step of this name, and takes it back and forth.
+  void ExpectOneStep(const std::string& name, const std::function<void()>& command) {
+    const Snapshot before = Now();
+    const Row row = List().Selected();
+    const std::size_t steps = program->history.UndoSteps();
+    command();
+    const Snapshot after = Now();
+    EXPECT_NE(before, after) << name;
+    EXPECT_EQ(program->history.UndoSteps(), steps + 1) << name;
+    EXPECT_EQ(UndoText(), "Undo: " + name);
+    const Row rowAfter = List().Selected();
+    Window().mnuUndo.Click();
+    EXPECT_EQ(Now(), before) << name;
+    EXPECT_EQ(List().Selected(), row) << name;
+    EXPECT_EQ(List().CurrentRow(), row) << name;
+    EXPECT_EQ(ToUtf8(Window().mnuRedo.GetText()), "Redo: " + name);
+    Window().mnuRedo.Click();
+    EXPECT_EQ(Now(), after) << name;
+    EXPECT_EQ(List().Selected(), rowAfter) << name;
+  }
+};
+
+TEST_F(UndoInTheWindow, IsOffWithoutADocumentAndWithoutAStep) {
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  EXPECT_EQ(UndoText(), "Undo");
+  EXPECT_EQ(ToUtf8(Window().mnuRedo.GetText()), "Redo");
+  Play(folder.Write("film.mkv", "x"));
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  List().DeleteCaption(1);
+  EXPECT_TRUE(Window().mnuUndo.Enabled());
+  program->files.CloseDocuments();
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  program->files.New();
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+}
+
+TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
+  program->options.ApplyWhen = 1;
+  program->options.DurationOn = 0;
+  program->files.OpenSubtitleFile(SubRip("a.srt", 30));
+  Play(folder.Write("film.mkv", "x"));
+  List().SetRow(4, false);
+  ExpectOneStep("Time a caption", [&] {
+    At(100);
+    Key(66, true);
+    At(101.5);
+    Key(66, false);
+  });
+  ExpectOneStep("Insert New Caption", [&] {
+    boxes.lines = {u"new"};
+    Window().mnuAddBelow.Click();
+  });
+  ExpectOneStep("Insert New Caption", [&] {
+    boxes.lines = {u"at the bottom"};
+    Window().mnuAddBottom.Click();
+  });
+  List().SetRow(3, false);
+  ExpectOneStep("Remove caption", [&] { Window().mnuRemove.Click(); });
+  ExpectOneStep("Edit Caption", [&] {
+    boxes.lines = {u"edited"};
+    Window().mnuEditSelected.Click();
+  });
+  ExpectOneStep("Bold", [&] { Window().mnuBold.Click(); });
+  ExpectOneStep("Italic", [&] { Window().mnuItalic.Click(); });
+  ExpectOneStep("Underline", [&] { Window().mnuUnderline.Click(); });
+  ExpectOneStep("Change times", [&] {
+    Window().txtTime[0].SetText(u"00:00:07,000");
+    Window().txtTime[1].SetText(u"00:00:02,000");
+    KeyEvent enter;
+    enter.code = kKeyEnter;
+    Window().txtTime[0].KeyDown(enter);
+  });
+  ExpectOneStep("Typing", [&] { Type(u"two\r\nlines"); });
+  ExpectOneStep("Line separator", [&] { Window().mnuSeparator[1].Click(); });
+  ExpectOneStep("Apply current rules", [&] {
+    program->options.T_CREDITSTEXT = u"line 2";
+    Window().mnuRules.Click();
+  });
+  ExpectOneStep("Set delay", [&] {
+    program->tools.runDelayDialog = [&] {
+      program->tools.delayDialog.sldSec.Move(2);
+      program->tools.delayDialog.cmdApply.Click();
+    };
+    Window().mnuDelay.Click();
+  });
+  ExpectOneStep("Remove all timing", [&] {
+    boxes.answers = {BoxAnswer::Yes};
+    Window().mnuReset.Click();
+  });
+  List().SetRow(1, false);
+  Window().mnuReplace.Click();
+  ReplaceWindow& replace = program->tools.replaceWindow;
+  replace.txtFind.SetText(u"line");
+  replace.txtFind.Edited();
+  replace.txtReplace.SetText(u"row");
+  ExpectOneStep("Replace", [&] { replace.cmdReplace.Click(); });
+  ExpectOneStep("Replace all", [&] { replace.cmdReplaceAll.Click(); });
+  boxes.lines = {u"Ã©tÃ©"};
+  Window().mnuEditSelected.Click();
+  ExpectOneStep("Convert from UTF-8", [&] {
+    boxes.answers = {BoxAnswer::Yes};
+    Window().mnuUTF8.Click();
+  });
+}
+
+TEST_F(UndoInTheWindow, AnAppendedFileIsOneStep) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Play(folder.Write("film.mkv", "x"));
+  player.duration = 100;
+  dialogs.paths.push_back(SubRip("b.srt", 2));
+  ExpectOneStep("Append subtitle", [&] { Window().mnuAppend.Click(); });
+}
+
+TEST_F(UndoInTheWindow, TheClipboardsLinesAreOneStep) {
+  program->files.New();
+  desktop.clipboard = u"one\ntwo\nthree";
+  Window().mnuNewClip.Click();
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(UndoText(), "Undo: New from Clipboard");
+  Window().mnuUndo.Click();
+  EXPECT_EQ(List().Rows(), 2);
+  EXPECT_EQ(List().At(1), Caption{});
+}
+
+TEST_F(UndoInTheWindow, TypingIsOneStepAPause) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Type(u"a");
+  events.now += 1000;
+  Type(u"ab");
+  EXPECT_EQ(program->history.UndoSteps(), 1u);
+  events.now += 1001;
+  Type(u"abc");
+  EXPECT_EQ(program->history.UndoSteps(), 2u);
+  List().SetRow(2, false);
+  Type(u"other");
+  EXPECT_EQ(program->history.UndoSteps(), 3u);
+  Window().mnuUndo.Click();
+  Window().mnuUndo.Click();
+  EXPECT_EQ(List().GetCaptionText(1), u"ab");
+  EXPECT_EQ(Window().txtSub.GetText(), u"ab");
+  Window().mnuUndo.Click();
+  EXPECT_EQ(Window().txtSub.GetText(), u"line 1");
+  EXPECT_FALSE(program->document.DocModified);
+}
+
+TEST_F(UndoInTheWindow, DuringACaptureTakesItsStartBackAndNoEndComesBehind) {
+  program->options.ApplyWhen = 1;
+  program->options.DurationOn = 0;
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Play(folder.Write("film.mkv", "x"));
+  At(50);
+  Key(66, true);
+  EXPECT_EQ(List().GetCaptionStart(1), 50000);
+  Window().mnuUndo.Click();
+  EXPECT_FALSE(program->capture.Capturing());
+  At(52);
+  Key(66, false);
+  EXPECT_EQ(List().At(1), (Caption{1100, 1900, u"line 1"}));
+}
+
+TEST_F(UndoInTheWindow, OfTheSeparatorBringsItBackInTheMenuAndInTheStore) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Window().mnuSeparator[2].Click();
+  EXPECT_TRUE(Window().mnuSeparator[2].Checked());
+  Window().mnuUndo.Click();
+  EXPECT_TRUE(Window().mnuSeparator[0].Checked());
+  EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"LBREAK", u""), u"|");
+}
+
+TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
+  program->options.ApplyWhen = 1;
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  EXPECT_TRUE(program->document.DocModified);
+  Window().mnuUndo.Click();
+  EXPECT_FALSE(program->document.DocModified);
+  Window().mnuRedo.Click();
+  program->files.SaveDocument();
+  EXPECT_FALSE(program->document.DocModified);
+  Window().mnuUndo.Click();
+  EXPECT_TRUE(program->document.DocModified);
+  Window().mnuRedo.Click();
+  EXPECT_FALSE(program->document.DocModified);
+}
+
+TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
+  program->files.OpenSubtitleFile(folder.Write("three.srt",
+                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n"
+                                               "2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
+  EXPECT_EQ(UndoText(), "Undo: Apply current rules");
+  Window().mnuUndo.Click();
+  EXPECT_EQ(List().GetCaptionText(1), u"aa|bb|cc");
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+}
+
+TEST_F(UndoInTheWindow, SpeaksTheLanguageInForce) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Window().mnuRemove.Click();
+  program->messages.AddBlock("13\tEliminar subtítulo\n942\tDeshacer: %1\n", 1);
+  program->ChangeLanguage(1);
+  EXPECT_EQ(UndoText(), "Deshacer: Eliminar subtítulo");
+}
+
+/// Runs commands picked at random, as a person at the keyboard would give them.
+struct RandomCommands : UndoInTheWindow {
+  int Pick(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
+  Text Words() {
+    static const std::vector<Text> pieces = {u"one", u"Two", u" ",  u"| ",   u"|", u"- ", u"<b>",       u"<i>",
+                                             u"www", u"été", u"/n", u"[br]", u"x", u"Ã©", u"long word", u"%1"};
+    Text text;
+    for (int i = Pick(7) + 1; i > 0; --i)
+      text += pieces[static_cast<std::size_t>(Pick(static_cast<int>(pieces.size())))];
+    return text;
+  }
+  Row AnyRow() { return Pick(List().Rows() - 1) + 1; }
+
+  void Run() {
+    if (Pick(3) == 0) List().SetRow(AnyRow(), Pick(2) == 0);
+    events.now += Pick(2000);
+    switch (Pick(18)) {
+      case 0:
+        boxes.lines = {Words()};
+        return Window().mnuAddBelow.Click();
+      case 1:
+        boxes.lines = {Words()};
+        return Window().mnuAddBottom.Click();
+      case 2:
+        boxes.lines = {Words()};
+        return Window().mnuEditSelected.Click();
+      case 3:
+        return Window().mnuRemove.Click();
+      case 4:
+        return (Pick(2) == 0 ? Window().mnuBold : Window().mnuItalic).Click();
+      case 5:
+      case 6:
+        return Type(ReplaceAll(Words(), u"|", u"\r\n"));
+      case 7: {
+        Window().txtTime[0].SetText(u"00:00:1" + Decimal(Pick(10)) + u",000");
+        Window().txtTime[1].SetText(u"00:00:0" + Decimal(Pick(3)) + u",000");
+        KeyEvent enter;
+        enter.code = kKeyEnter;
+        return Window().txtTime[0].KeyDown(enter);
+      }
+      case 8:
+        boxes.lines = {u"/"};
+        return Window().mnuSeparator[static_cast<std::size_t>(Pick(4))].Click();
+      case 9:
+        return Window().mnuRules.Click();
+      case 10:
+        program->tools.runDelayDialog = [&] {
+          program->tools.delayDialog.sldSec.Move(Pick(20) - 10);
+          boxes.answers = {BoxAnswer::Yes};
+          program->tools.delayDialog.cmdApply.Click();
+          program->tools.delayDialog.Close();
+          boxes.answers.clear();
+        };
+        return Window().mnuDelay.Click();
+      case 11:
+        if (Pick(5) != 0) return;
+        boxes.answers = {BoxAnswer::Yes};
+        return Window().mnuReset.Click();
+      case 12:
+      case 13: {
+        Window().mnuReplace.Click();
+        ReplaceWindow& replace = program->tools.replaceWindow;
+        replace.txtFind.SetText(Words());
+        replace.txtFind.Edited();
+        replace.txtReplace.SetText(Words());
+        if (Pick(2) == 0) replace.chkEntire.Click();
+        if (Pick(2) == 0) replace.chkCase.Click();
+        return (Pick(2) == 0 ? replace.cmdReplace : replace.cmdReplaceAll).Click();
+      }
+      case 14:
+        boxes.answers = {BoxAnswer::Yes};
+        return Window().mnuUTF8.Click();
+      case 15:
+        dialogs.paths = {appended};
+        Window().mnuAppend.Click();
+        return dialogs.paths.clear();
+      default:
+        At(Pick(100000) / 1000.0);
+        Key(66, true);
+        At(player.position + Pick(4000) / 1000.0);
+        return Key(66, false);
+    }
+  }
+
+  void ExpectAllTakenBack(unsigned seed) {
+    random.seed(seed);
+    Restart({});
+    program->options.ApplyWhen = static_cast<std::uint8_t>(seed % 3);
+    program->files.OpenSubtitleFile(SubRip("a.srt", 20));
+    appended = SubRip("b.srt", 2);
+    Play(folder.Write("film.mkv", "x"));
+    std::vector<Snapshot> states = {Now()};
+    for (int i = 0; i < 200; ++i) {
+      boxes.shown.clear();
+      boxes.answers.clear();
+      Run();
+      // A step back or forward in between, as people do.
+      if (Pick(6) == 0) (Pick(2) == 0 ? Window().mnuUndo : Window().mnuRedo).Click();
+      const std::size_t at = program->history.UndoSteps();
+      if (program->history.RedoSteps() == 0) states.resize(at);
+      if (at < states.size()) {
+        ASSERT_EQ(Now(), states[at]) << "seed " << seed << " command " << i;
+      } else {
+        ASSERT_EQ(at, states.size()) << "seed " << seed << " command " << i;
+        states.push_back(Now());
+      }
+    }
+    while (Window().mnuRedo.Enabled()) Window().mnuRedo.Click();
+    const Snapshot last = Now();
+    while (Window().mnuUndo.Enabled()) {
+      Window().mnuUndo.Click();
+      ASSERT_EQ(Now(), states[program->history.UndoSteps()]) << "seed " << seed;
+    }
+    ASSERT_EQ(Now(), states[0]) << "seed " << seed;
+    while (Window().mnuRedo.Enabled()) Window().mnuRedo.Click();
+    ASSERT_EQ(Now(), last) << "seed " << seed;
+  }
+
+  std::mt19937 random;
+  Text appended;
+};
+
+TEST_F(RandomCommands, TwoHundredTakenBackGiveTheDocumentToTheLastByte) {
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    ExpectAllTakenBack(seed);
+    if (HasFatalFailure()) return;
+  }
+}
+
+}  // namespace
+}  // namespace cuewright
