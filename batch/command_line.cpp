@@ -155,6 +155,7 @@ constexpr std::array kCommands = {
     Command{"formats", 0, 0, {}, nullptr},
     Command{"detect", 1, kAnyNumber, {}, nullptr},
     Command{"dump", 1, 1, {}, nullptr},
+    Command{"peaks", 1, 1, {}, nullptr},
     Command{"convert", 1, kAnyNumber, kConvertOptions, CheckConvert},
 };
 

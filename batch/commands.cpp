@@ -6,6 +6,7 @@ int RunCommand(const Request& request, Session& session, Console& console) {
   if (request.command == "formats") return RunFormats(request, session, console);
   if (request.command == "detect") return RunDetect(request, session, console);
   if (request.command == "dump") return RunDump(request, session, console);
+  if (request.command == "peaks") return RunPeaks(request, session, console);
   return RunConvert(request, session, console);
 }
 

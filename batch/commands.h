@@ -17,6 +17,7 @@ int RunCommand(const Request& request, Session& session, Console& console);
 int RunFormats(const Request& request, Session& session, Console& console);
 int RunDetect(const Request& request, Session& session, Console& console);
 int RunDump(const Request& request, Session& session, Console& console);
+int RunPeaks(const Request& request, Session& session, Console& console);
 int RunConvert(const Request& request, Session& session, Console& console);
 
 }  // namespace cuewright

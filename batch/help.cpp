@@ -15,6 +15,7 @@ constexpr std::string_view kProgram =
     "  detect FILE...     tell each file's format\n"
     "  dump FILE          print the captions of a file\n"
     "  convert FILE...    write files in another format\n"
+    "  peaks FILE         print the peaks of a wave file\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -45,6 +46,13 @@ constexpr std::string_view kConvert =
     "                      without a start time on (drop)\n"
     "\n";
 
+constexpr std::string_view kPeaks =
+    "Usage: cuewright-batch peaks [OPTION]... FILE\n"
+    "The number of entries that the wave's header lets expect, two a column of 10 ms; then a line\n"
+    "a column that was read: its number from 0, its highest and its lowest sample, separated by\n"
+    "tabs. The file is a wave of PCM samples with 8 or 16 bits.\n"
+    "\n";
+
 constexpr std::string_view kCommon =
     "Options of every command:\n"
     "  --fps N             frame rate of files that count frames, 15 to 30 (default 25)\n"
@@ -69,6 +77,7 @@ std::string HelpText(std::string_view command) {
   if (command == "detect") own = kDetect;
   if (command == "dump") own = kDump;
   if (command == "convert") own = kConvert;
+  if (command == "peaks") own = kPeaks;
   return std::string(own) + std::string(kCommon);
 }
 

@@ -102,6 +102,16 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
   return boxes_.Troubles() == before;
 }
 
+bool Session::LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps) {
+  if (!Begin(path)) return false;
+  CarryOn opened;
+  std::unique_ptr<FileReader> file;
+  opened([&] { file = files_.OpenToRead(path); });
+  const bool loaded = file != nullptr && WaveReader(peaks).Load(*file, steps) == WaveLoadResult::Loaded;
+  if (!loaded) boxes_.Tell(strings_[413]);
+  return loaded;
+}
+
 void Session::Host::SavedAsUtf8(const DocumentEncoding& lacking) {
   boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(lacking.codePage) + u" lacks a character of the text.");
 }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "audio/wave_reader.h"
 #include "batch/boxes.h"
 #include "batch/command_line.h"
 #include "batch/run_settings.h"
@@ -45,6 +46,9 @@ class Session {
 
   /// Writes the document in a format; false, after telling why, when that fails.
   bool Save(const Text& path, int format, bool keepUntimed);
+
+  /// Reads the peaks of a wave file; false, after telling why, when that fails.
+  bool LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps);
 
  private:
   /// The window that the engine talks to: there is none.

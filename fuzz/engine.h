@@ -11,6 +11,7 @@
 #include "core/app_options.h"
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
+#include "core/memory_reader.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "core/ports/settings_reader.h"
@@ -38,6 +39,9 @@ class MemoryFiles final : public Files {
   bool IsRegular(TextView path) const override { return Exists(path); }
   std::uint64_t Size(TextView path) const override { return Find(path).size(); }
   std::string Read(TextView path, std::uint64_t) const override { return Find(path); }
+  std::unique_ptr<FileReader> OpenToRead(TextView path) const override {
+    return std::make_unique<MemoryReader>(Find(path));
+  }
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override {
     Sink sink;
     write(sink);

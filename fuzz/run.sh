@@ -6,21 +6,27 @@ set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import catalogue encodings round_trip}
+names=${*:-import catalogue encodings round_trip wave}
 build=$root/build/fuzz
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers
 
 seeds=$build/seeds
-mkdir -p "$seeds/catalogue"
+mkdir -p "$seeds/catalogue" "$seeds/wave"
 { cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
+# A second of 8000 Hz and 16 bits, and one of 8 bits.
+{ printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\200\076\0\0\002\0\020\0data\200\076\0\0'
+  head -c 16000 "$root/resources/formats.dat"; head -c 16000 "$root/resources/formats.ini"; } | head -c 16044 >"$seeds/wave/16"
+{ printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\100\037\0\0\001\0\010\0data\100\037\0\0'
+  head -c 8000 "$root/resources/formats.dat"; } >"$seeds/wave/8"
 
 for name in $names; do
   corpus=$build/corpus/$name
   mkdir -p "$corpus"
   case $name in
     catalogue) from=$seeds/catalogue longest=65536 ;;
+    wave) from=$seeds/wave longest=65536 ;;
     *) from=$root/tests/data/formats longest=16384 ;;
   esac
   echo "fuzz_$name, $seconds s"

@@ -26,6 +26,8 @@ class Descriptor {
   int Get() const { return fd_; }
   /// Closes now; the value of `close`, since a full disk may only be told there.
   int Close() { return ::close(std::exchange(fd_, -1)); }
+  /// Hands the descriptor on.
+  int Release() { return std::exchange(fd_, -1); }
 
  private:
   int fd_;
@@ -56,6 +58,41 @@ std::string ResolveLinks(std::string path, TextView shown) {
   }
   Throw(ELOOP, shown);
 }
+
+/// Opens a regular file to read it; `size` gets its size.
+int OpenRegular(TextView path, std::uint64_t& size) {
+  // Not blocking, so that a pipe without a writer can't hold the program before it is told apart.
+  Descriptor fd(::open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (fd.Get() < 0) Throw(errno, path);
+  struct stat info {};
+  if (::fstat(fd.Get(), &info) != 0) Throw(errno, path);
+  if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
+  size = static_cast<std::uint64_t>(info.st_size);
+  return fd.Release();
+}
+
+class DescriptorReader final : public FileReader {
+ public:
+  explicit DescriptorReader(TextView path) : path_(path), fd_(OpenRegular(path, size_)) {}
+
+  std::uint64_t Size() const override { return size_; }
+  std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) override {
+    std::size_t done = 0;
+    while (done < count) {
+      const ssize_t read = ::pread(fd_.Get(), to + done, count - done, static_cast<off_t>(offset + done));
+      if (read < 0 && errno == EINTR) continue;
+      if (read < 0) Throw(errno, path_);
+      if (read == 0) break;
+      done += static_cast<std::size_t>(read);
+    }
+    return done;
+  }
+
+ private:
+  Text path_;
+  std::uint64_t size_ = 0;
+  Descriptor fd_;
+};
 
 /// Collects writes in blocks; the first failure is kept and the rest is dropped.
 class DescriptorSink final : public ByteSink {
@@ -160,18 +197,15 @@ std::uint64_t PosixFiles::Size(TextView path) const {
 }
 
 std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
-  // Not blocking, so that a pipe without a writer can't hold the program before it is told apart.
-  const Descriptor fd(::open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (fd.Get() < 0) Throw(errno, path);
-  struct stat info {};
-  if (::fstat(fd.Get(), &info) != 0) Throw(errno, path);
-  if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
-  if (static_cast<std::uint64_t>(info.st_size) > limit) {
-    throw RuntimeError{kErrorOutOfMemory, u"The file is too large (" + Decimal(info.st_size) + u" bytes, at most " +
-                                              Decimal(static_cast<long long>(limit)) + u"): " + Text(path)};
+  std::uint64_t size = 0;
+  const Descriptor fd(OpenRegular(path, size));
+  if (size > limit) {
+    throw RuntimeError{kErrorOutOfMemory, u"The file is too large (" + Decimal(static_cast<long long>(size)) +
+                                              u" bytes, at most " + Decimal(static_cast<long long>(limit)) + u"): " +
+                                              Text(path)};
   }
   // One byte more than the size, so that the end shows itself without another turn.
-  std::string bytes(static_cast<std::size_t>(info.st_size) + 1, '\0');
+  std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
   std::size_t done = 0;
   for (;;) {
     if (done == bytes.size()) {
@@ -186,6 +220,10 @@ std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
   }
   bytes.resize(done);
   return bytes;
+}
+
+std::unique_ptr<FileReader> PosixFiles::OpenToRead(TextView path) const {
+  return std::make_unique<DescriptorReader>(path);
 }
 
 void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& write) {

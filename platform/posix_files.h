@@ -17,6 +17,7 @@ class PosixFiles final : public Files {
   bool IsRegular(TextView path) const override;
   std::uint64_t Size(TextView path) const override;
   std::string Read(TextView path, std::uint64_t limit) const override;
+  std::unique_ptr<FileReader> OpenToRead(TextView path) const override;
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
   bool Remove(TextView path) override;
   bool MakeLink(TextView link, TextView target) override;

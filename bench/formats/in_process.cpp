@@ -13,6 +13,7 @@
 #include "core/app_options.h"
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
+#include "core/memory_reader.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "core/ports/settings_reader.h"
@@ -32,6 +33,7 @@ class MemoryFile final : public Files {
   bool IsRegular(TextView) const override { return true; }
   std::uint64_t Size(TextView) const override { return bytes_.size(); }
   std::string Read(TextView, std::uint64_t) const override { return bytes_; }
+  std::unique_ptr<FileReader> OpenToRead(TextView) const override { return std::make_unique<MemoryReader>(bytes_); }
   void Replace(TextView, const std::function<void(ByteSink&)>&) override {}
   bool Remove(TextView) override { return false; }
   bool MakeLink(TextView, TextView) override { return false; }

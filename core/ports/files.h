@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,19 @@ class ByteSink {
  public:
   virtual ~ByteSink() = default;
   virtual void Write(std::string_view bytes) = 0;
+};
+
+/// A file that is open for reading in pieces.
+class FileReader {
+ public:
+  virtual ~FileReader() = default;
+
+  /// Size in bytes when the file was opened.
+  virtual std::uint64_t Size() const = 0;
+
+  /// Reads up to `count` bytes from the 0-based `offset` on; fewer only at the end of the file. Returns how many;
+  /// run-time error when reading fails.
+  virtual std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) = 0;
 };
 
 /// The file system. Paths are program text, made of the system's bytes by `FromUtf8`, separator "/".
@@ -34,6 +48,9 @@ class Files {
 
   /// All bytes of a regular file of at most `limit` bytes; a larger one is run-time error 7.
   virtual std::string Read(TextView path, std::uint64_t limit) const = 0;
+
+  /// Opens a regular file to read it in pieces; run-time error when that fails.
+  virtual std::unique_ptr<FileReader> OpenToRead(TextView path) const = 0;
 
   /// Saves a file: `write` fills a new file beside the target, which is flushed to the disk and renamed over
   /// it when all went well. A link's target is replaced, not the link; permissions, and the owner where

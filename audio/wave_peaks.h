@@ -1,0 +1,61 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace cuewright {
+
+/// The peaks of a wave: one maximum and one minimum for each column of 10 ms, two entries a column. What the table
+/// reaches to and has not got yet reads as 0.
+class WavePeaks {
+ public:
+  /// Entries that the wave's header let expect; kept until the next wave.
+  std::int32_t PeakCount() const { return peakCount_; }
+  void SetPeakCount(std::int32_t count) { peakCount_ = count; }
+
+  /// The last entry that the table has.
+  std::int32_t UpperBound() const { return upperBound_; }
+
+  /// Brings the table down to one entry of 0.
+  void Forget() {
+    filled_.clear();
+    filled_.shrink_to_fit();
+    upperBound_ = 0;
+  }
+
+  /// Lets the table reach to `PeakCount` + 1, all of it 0. No room is taken before peaks come.
+  void Reach() {
+    filled_.clear();
+    upperBound_ = peakCount_ + 1;
+  }
+
+  /// So many columns may come; memory that none come for is never touched.
+  void Expect(std::size_t columns) {
+    constexpr std::size_t kMostAtOnce = 1 << 20;
+    filled_.reserve(2 * std::min(columns, kMostAtOnce));
+  }
+
+  /// An entry up to `UpperBound`: the maximum of a column at an even place, its minimum behind it.
+  std::int16_t At(std::int32_t entry) const {
+    const auto at = static_cast<std::size_t>(entry);
+    return at < filled_.size() ? filled_[at] : std::int16_t{0};
+  }
+
+  /// Stores the next column.
+  void Append(std::int16_t maximum, std::int16_t minimum) {
+    filled_.push_back(maximum);
+    filled_.push_back(minimum);
+  }
+
+  /// Columns that have been stored.
+  std::int32_t Columns() const { return static_cast<std::int32_t>(filled_.size() / 2); }
+
+ private:
+  std::int32_t peakCount_ = 0;
+  std::int32_t upperBound_ = 0;
+  std::vector<std::int16_t> filled_;
+};
+
+}  // namespace cuewright
