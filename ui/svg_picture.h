@@ -13,6 +13,9 @@ class SvgPicture final : public QWidget {
  public:
   SvgPicture(const QString& file, QWidget* parent);
 
+  /// Shows another drawing.
+  void ShowFile(const QString& file);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
