@@ -10,12 +10,13 @@
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
 #include "platform/user_folders.h"
-#include "ui/color_scheme.h"
 #include "ui/delay_view.h"
 #include "ui/export_view.h"
+#include "ui/format_view.h"
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
+#include "ui/settings_view.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
 #include "ui/video_surface.h"
@@ -49,7 +50,6 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("tessaly-cuewright");
   QApplication::setQuitOnLastWindowClosed(false);
   LoadIcons();
-  const ColorScheme colorScheme;
   // The player's library and the number formats need the plain decimal point.
   std::setlocale(LC_NUMERIC, "C");
 
@@ -83,7 +83,10 @@ int main(int argc, char** argv) {
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
     program.tools.runDelayDialog = [&] { RunDelayDialog(program.tools.delayDialog, window.get()); };
     program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
+    program.dialogs.runSettings = [&] { (new SettingsView(program.dialogs.settings, BoxOwner()))->ShowModal(); };
+    program.dialogs.runFormat = [&] { (new FormatView(program.dialogs.format, BoxOwner()))->ShowModal(); };
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
+    Post([&] { program.OpenOnFirstRun(); });
   };
   std::unique_ptr<StartView> startView;
   if (program.PlayerMissing()) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "core/runtime_error.h"
 
 namespace cuewright {
 namespace {
@@ -10,6 +11,8 @@ namespace {
 constexpr int kDefaultRateIndex = 4;
 constexpr double kLeastRate = 15;
 constexpr double kMostRate = 30;
+constexpr std::size_t kLongestRate = 5;
+constexpr TextView kNotAvailable = u"n/a";
 
 }  // namespace
 
@@ -17,20 +20,49 @@ float RateOf(TextView text) { return static_cast<float>(LeadingNumber(ReplaceAll
 
 ExportDialog::ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const LangStrings& strings,
                            Messages& messages)
-    : Form("frmExport"), catalogue_(catalogue), formats_(formats), strings_(strings), messages_(messages) {
+    : Dialog("frmExport"), catalogue_(catalogue), formats_(formats), strings_(strings), messages_(messages) {
   cmbFPS.SetEditable(true);
   cmbFPS.SetItems({u"15", u"20", u"23,976", u"24", u"25", u"29,97", u"30"});
   cboFormats.Chosen.Connect([this] { ShowProperties(); });
+  cmbFPS.KeyPress.Connect([this](KeyEvent& key) { FilterRateKey(key); });
+  cmdConfigure.Clicked.Connect([this] { Configure(); });
   cmdOK.Clicked.Connect([this] { Accept(); });
-  cmdCancel.Clicked.Connect([this] { Closed(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
 }
 
-void ExportDialog::Open() {
+void ExportDialog::Open(bool rightToLeft) {
   result_ = false;
+  SetRightToLeft(rightToLeft);
+  ApplyTexts();
+  FillFormats();
+  FillRate();
+  NoteOpened();
+  ShowProperties();
+}
+
+void ExportDialog::ApplyTexts() {
   SetTitle(ReplaceAll(strings_[45], u"...", {}));
+  lblFormat.SetText(strings_[275]);
+  fraProperties.SetText(strings_[276]);
+  lblMode.SetText(strings_[277]);
+  lblTimecode.SetText(strings_[280]);
+  lblHeader.SetText(strings_[281]);
+  lblTags.SetText(strings_[282]);
   lblFPS.SetText(strings_[7]);
+  cmdConfigure.SetText(strings_[324]);
   cmdOK.SetText(strings_[66]);
   cmdCancel.SetText(strings_[67]);
+  cboFormats.SetSpokenName(strings_[275]);
+  cmbFPS.SetSpokenName(strings_[7]);
+  imgBold.SetSpokenName(strings_[154]);
+  imgItalic.SetSpokenName(strings_[155]);
+  imgUnderline.SetSpokenName(strings_[156]);
+  imgBold.SetToolTip(strings_[154]);
+  imgItalic.SetToolTip(strings_[155]);
+  imgUnderline.SetToolTip(strings_[156]);
+}
+
+void ExportDialog::FillFormats() {
   std::vector<Text> rows;
   for (int index = 0; index < catalogue_.Count(); ++index) {
     const Text& id = catalogue_.Identifier(index);
@@ -44,44 +76,101 @@ void ExportDialog::Open() {
     formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue_.IndexOf(kSubRip), 0));
   }
   cboFormats.SetIndex(formats_.CurrentFormatIndex);
+}
+
+void ExportDialog::FillRate() {
   if (formats_.CurrentFps <= 0) {
     cmbFPS.SetIndex(kDefaultRateIndex);
-  } else {
-    const double thousandths = RoundHalfEven(static_cast<double>(formats_.CurrentFps) * 1000);
-    Text rate = Decimal(static_cast<long long>(thousandths) / 1000);
-    Text decimals = Padded(static_cast<long long>(thousandths) % 1000, 3);
-    while (decimals.ends_with(u'0')) decimals.pop_back();
-    cmbFPS.SetText(decimals.empty() ? rate : rate + u"," + decimals);
+    return;
   }
-  ShowProperties();
+  const double thousandths = RoundHalfEven(static_cast<double>(formats_.CurrentFps) * 1000);
+  Text rate = Decimal(static_cast<long long>(thousandths) / 1000);
+  Text decimals = Padded(static_cast<long long>(thousandths) % 1000, 3);
+  while (decimals.ends_with(u'0')) decimals.pop_back();
+  cmbFPS.SetText(decimals.empty() ? rate : rate + u"," + decimals);
 }
 
 Text ExportDialog::ChosenId() const { return catalogue_.Identifier(cboFormats.Index()); }
 
-bool ExportDialog::ChosenCountsFrames() const {
-  return ToLower(catalogue_.ReadIni(ChosenId(), u"timecode", u"ms")).find(u"ff") != Text::npos;
-}
+Text ExportDialog::ChosenTimecode() const { return ToLower(catalogue_.ReadIni(ChosenId(), u"timecode", u"ms")); }
+
+bool ExportDialog::ChosenCountsFrames() const { return ChosenTimecode().find(u"ff") != Text::npos; }
 
 void ExportDialog::ShowProperties() {
-  lblFPS.SetEnabled(ChosenCountsFrames());
-  cmbFPS.SetEnabled(ChosenCountsFrames());
+  CarryOn step;
+  step([&] {
+    ShowTimecode(ChosenTimecode());
+    lblFPS.SetEnabled(ChosenCountsFrames());
+    cmbFPS.SetEnabled(ChosenCountsFrames());
+    const bool header = LeadingNumber(catalogue_.ReadIni(ChosenId(), u"header", u"0")) == 1;
+    lblHeader2.SetText(strings_[header ? 68 : 69]);
+    cmdConfigure.SetEnabled(header);
+    ShowTags(RoundToInt32(LeadingNumber(catalogue_.ReadIni(ChosenId(), u"tags", u"0"))));
+  });
+}
+
+void ExportDialog::ShowTimecode(TextView timecode) {
+  if (timecode == u"ms") {
+    lblMode2.SetText(strings_[278]);
+    const Text& unit = strings_[176];
+    lblTimecode2.SetText(ToUpper(TextView(unit).substr(0, 1)) + unit.substr(std::min<std::size_t>(unit.size(), 1)));
+  } else if (timecode == u"ff") {
+    lblMode2.SetText(u"FPS (" + strings_[279] + u")");
+    lblTimecode2.SetText(u"N/A");
+  } else if (timecode == kNotAvailable) {
+    lblMode2.SetText(kNotAvailable);
+    lblTimecode2.SetText(kNotAvailable);
+  } else {
+    const bool frames = timecode.find(u"ff") != TextView::npos;
+    lblMode2.SetText(frames ? strings_[278] + u"+FPS" : strings_[278]);
+    lblTimecode2.SetText(timecode);
+  }
+}
+
+void ExportDialog::ShowTags(int tags) {
+  // Each part is taken off once: of 8, underline and italic are seen.
+  imgUnderline.SetVisible(tags >= 4);
+  if (tags >= 4) tags -= 4;
+  imgItalic.SetVisible(tags >= 2);
+  if (tags >= 2) tags -= 2;
+  imgBold.SetVisible(tags == 1);
+  lblTags.SetEnabled(imgBold.Visible() || imgItalic.Visible() || imgUnderline.Visible());
+}
+
+void ExportDialog::FilterRateKey(KeyEvent& key) const {
+  if (key.code == kKeyBackspace) return;
+  if (key.character == u'.') key.character = u',';
+  const Text& text = cmbFPS.GetText();
+  if (key.character == u',') {
+    if (text.find(u',') != Text::npos) key.handled = true;
+  } else if (key.character < u'0' || key.character > u';') {
+    // The two characters behind the digits pass as well.
+    key.handled = true;
+  }
+  if (cmbFPS.SelLength() == 0 && text.size() > kLongestRate) key.handled = true;
+}
+
+void ExportDialog::Configure() {
+  formats_.SettingsFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
+  if (configureFormat) configureFormat();
 }
 
 void ExportDialog::Accept() {
   formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
-  formats_.CurrentFps = 0;
   if (ChosenCountsFrames()) {
     // The whole part decides: "29,97" is accepted because 29 is.
     const double rate = LeadingNumber(cmbFPS.GetText());
     if (rate < kLeastRate || rate > kMostRate) {
       messages_.Show({strings_[323], BoxIcon::Error, BoxButtons::Ok, strings_[7]});
-      FpsFocusRequested();
+      FocusRequested(cmbFPS);
       return;
     }
     formats_.CurrentFps = RateOf(cmbFPS.GetText());
+  } else {
+    formats_.CurrentFps = 0;
   }
   result_ = true;
-  Closed();
+  Close();
 }
 
 }  // namespace cuewright

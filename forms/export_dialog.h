@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <vector>
 
 #include "core/form/controls.h"
+#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
 #include "formats/catalogue.h"
@@ -11,30 +11,53 @@
 
 namespace cuewright {
 
-/// The dialog `frmExport` in which the user picks the format of a save.
-class ExportDialog final : public Form {
+/// The dialog `frmExport` in which the user picks the format of a save and sees what it can do.
+class ExportDialog final : public Dialog {
  public:
   ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const LangStrings& strings, Messages& messages);
 
+  Label lblFormat{*this, "lblFormat"};
   ComboBox cboFormats{*this, "cboFormats"};
   Label lblTotal{*this, "lblTotal"};
+  Frame fraProperties{*this, "fraProperties"};
+  Label lblMode{*this, "lblMode"};
+  Label lblMode2{*this, "lblMode2"};
+  Label lblTimecode{*this, "lblTimecode"};
+  Label lblTimecode2{*this, "lblTimecode2"};
+  Label lblHeader{*this, "lblHeader"};
+  Label lblHeader2{*this, "lblHeader2"};
+  Label lblTags{*this, "lblTags"};
+  Picture imgBold{*this, "imgBold"};
+  Picture imgItalic{*this, "imgItalic"};
+  Picture imgUnderline{*this, "imgUnderline"};
   Label lblFPS{*this, "lblFPS"};
   ComboBox cmbFPS{*this, "cmbFPS"};
+  Button cmdConfigure{*this, "cmdConfigure"};
   Button cmdOK{*this, "cmdOK"};
   Button cmdCancel{*this, "cmdCancel"};
 
+  /// Opens the settings of the format in `SettingsFormatIndex`. Set by the owner of the windows.
+  std::function<void()> configureFormat;
+  /// Those settings have closed.
+  void OnConfigured() { formats_.SettingsFormatIndex = 0; }
+
   /// Fills the controls for the format in force.
-  void Open();
+  void Open(bool rightToLeft);
   /// True after OK.
   bool Result() const { return result_; }
 
-  Signal<> Closed;
-  Signal<> FpsFocusRequested;
-
  private:
+  void ApplyTexts();
+  void FillFormats();
+  void FillRate();
   void ShowProperties();
+  void ShowTimecode(TextView timecode);
+  void ShowTags(int tags);
+  void FilterRateKey(KeyEvent& key) const;
+  void Configure();
   void Accept();
   Text ChosenId() const;
+  Text ChosenTimecode() const;
   bool ChosenCountsFrames() const;
 
   const FormatCatalogue& catalogue_;

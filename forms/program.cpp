@@ -43,6 +43,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
             playerBinding, folders, ports_),
       exportDialog(catalogue, formats, strings, ports_.messages),
+      dialogs(window, grid, {options, strings, store, languages, document, preview, capture, noFilter_, ports_},
+              {catalogue, formats, store, strings, languages, ports_.messages, ports_.pickers}, exportDialog),
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
@@ -91,9 +93,10 @@ void Program::Connect() {
   ConnectFiles();
   ConnectHistory();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
+  dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
   files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
   files.chooseFormat = [this] {
-    exportDialog.Open();
+    exportDialog.Open(languages.IsRightToLeft());
     if (runExportDialog) runExportDialog();
     return exportDialog.Result();
   };
@@ -117,6 +120,7 @@ bool Program::Start() {
   CarryOn step;
   startFile_ = StartFileOf(environment_.commandLine);
   step([&] { languages.BuildLanguageTable(); });
+  formats.ListCharset = languages.ListCharset();
   step([&] { folders.TempFolder = environment_.makeTempFolder(); });
   folders.AppFolder = WithSlash(environment_.appFolder);
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
@@ -149,6 +153,13 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   panel.ResetGrid(false);
   shell.ResetControls();
   return size;
+}
+
+void Program::OpenOnFirstRun() {
+  if (!languages.FirstRun()) return;
+  ports_.events.Yield();
+  dialogs.OpenSettings();
+  languages.EndFirstRun();
 }
 
 void Program::OnFirstActivation() {

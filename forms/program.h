@@ -21,6 +21,7 @@
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "forms/caption_commands.h"
+#include "forms/dialogs.h"
 #include "forms/editing_tools.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
@@ -65,6 +66,8 @@ class Program final : private FormatHost {
   bool PlayerMissing() const { return !environment_.missingPlayer.empty(); }
   /// The main window loads: title, options, language, empty list.
   Shell::StartSize LoadMainWindow(int screenWidth, int screenHeight);
+  /// The main window is up: on a first run the settings open at the language.
+  void OpenOnFirstRun();
   /// The main window became active for the first time: the file of the command line opens.
   void OnFirstActivation();
   /// Takes a row of the language table for this run and labels every open window anew. Gives how much of the language
@@ -73,6 +76,7 @@ class Program final : private FormatHost {
 
  private:
   const Locale unknownLocale_{};
+  VideoFilter noFilter_;
   Ports ports_;
   StartEnvironment environment_;
 
@@ -110,6 +114,7 @@ class Program final : private FormatHost {
   FileActions files;
   Shell shell;
   ExportDialog exportDialog;
+  Dialogs dialogs;
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;

@@ -67,9 +67,8 @@ void Shell::Wire() {
   });
   // Built by parts that aren't there yet.
   for (MenuItem* item :
-       {&window_.mnuOpenWav, &window_.mnuEmbed, &window_.mnuFont, &window_.mnuAudioBar, &window_.mnuAudioBarColor,
-        &window_.mnuFullWave, &window_.mnuAudioExtract, &window_.mnuFormatSettings, &window_.mnuGSettings,
-        &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
+       {&window_.mnuOpenWav, &window_.mnuEmbed, &window_.mnuAudioBar, &window_.mnuAudioBarColor, &window_.mnuFullWave,
+        &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
     item->SetEnabled(false);
   }
 }

@@ -42,10 +42,14 @@ Languages::Languages(AppOptions& options, LangStrings& strings, MessageCatalogue
       locale_(locale),
       charset_(CharsetOfCodePage(0)) {}
 
-void Languages::BuildLanguageTable() {
+void Languages::ReadUserCharset() {
   CarryOn step;
   step([&] { charset_ = GetCharsetOfLocale(kUserLocale); });
-  step.Clear();
+}
+
+void Languages::BuildLanguageTable() {
+  ReadUserCharset();
+  CarryOn step;
   for (std::size_t row = 0; row < kLanguageCount; ++row) step([&] { ReadTableRow(row); });
   if (step.Last()) {
     messages_.Show({ErrorText(u"Error retrieving OS language names: ", *step.Last()), BoxIcon::Warning});

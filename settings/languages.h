@@ -47,6 +47,8 @@ class Languages {
 
   /// Fills the language table and the character set of the user's locale. Failures are told in a box.
   void BuildLanguageTable();
+  /// Takes the character set of the user's locale.
+  void ReadUserCharset();
   /// After the settings were read: takes the language that they name, or on a first run that of the user's locale, and
   /// loads its strings.
   void LoadStored();

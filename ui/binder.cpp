@@ -159,7 +159,8 @@ void Binder::BindLabel(Label& label, QWidget& widget) {
   Watch(label, [this, &label, shown, &widget] {
     if (shown != nullptr) {
       const bool caption = shown->property(kCaptionProperty).toBool();
-      const QString text = ToQt(caption ? WithoutAccessKey(label.GetText()) : label.GetText());
+      const Text lines = ReplaceAll(label.GetText(), kLineEnd, u"\n");
+      const QString text = ToQt(caption ? WithoutAccessKey(lines) : lines);
       if (shown->text() != text) shown->setText(text);
     }
     ShowCommon(label, widget);
@@ -212,16 +213,15 @@ void Binder::BindOption(OptionButton& option, QAbstractButton& widget) {
 
 void Binder::BindCheck(CheckBox& check, QCheckBox& widget) {
   const QPalette plain = widget.palette();
-  Watch(check, [this, &check, &widget, plain] {
+  const QPalette::ColorRole ground = widget.backgroundRole();
+  Watch(check, [this, &check, &widget, plain, ground] {
     if (widget.text() != ToQt(check.GetText())) widget.setText(ToQt(check.GetText()));
     widget.setChecked(check.Value());
     if (widget.autoFillBackground() != check.Highlighted()) {
       QPalette colours = plain;
-      if (check.Highlighted()) {
-        colours.setBrush(QPalette::Window, colours.toolTipBase());
-        colours.setBrush(QPalette::WindowText, colours.toolTipText());
-      }
+      if (check.Highlighted()) colours.setBrush(QPalette::WindowText, colours.toolTipText());
       widget.setPalette(colours);
+      widget.setBackgroundRole(check.Highlighted() ? QPalette::ToolTipBase : ground);
       widget.setAutoFillBackground(check.Highlighted());
     }
     ShowCommon(check, widget);
@@ -280,6 +280,9 @@ void Binder::BindCombo(ComboBox& combo, QComboBox& widget) {
   });
   connect(&widget, &QComboBox::activated, this, [&combo](int index) { combo.Choose(index); });
   if (combo.Editable()) {
+    // What the user types is the text: nothing is added to it, and Enter is the window's.
+    widget.setCompleter(nullptr);
+    widget.setInsertPolicy(QComboBox::NoInsert);
     connect(&widget, &QComboBox::editTextChanged, this, [this, &combo](const QString& text) {
       taking_ = true;
       combo.SetText(FromQt(text));
@@ -297,7 +300,10 @@ void Binder::BindTextBox(TextBox& box, QWidget& widget) {
     if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
       const QSignalBlocker quiet(line);
       if (line->text() != ToQt(box.GetText())) line->setText(ToQt(box.GetText()));
-      if (line->hasFocus()) line->setSelection(box.SelStart(), box.SelLength());
+      // A shorter text leaves the form's caret behind its end.
+      if (line->hasFocus()) {
+        line->setSelection(std::min(box.SelStart(), static_cast<int>(line->text().size())), box.SelLength());
+      }
     } else if (auto* pane = qobject_cast<QPlainTextEdit*>(&widget)) {
       const QString text = ToQt(ReplaceAll(box.GetText(), kLineEnd, u"\n"));
       const QSignalBlocker quiet(pane);
@@ -336,28 +342,18 @@ void Binder::WatchHover(Control& control, QWidget& widget) {
 }
 
 void Binder::FilterHover(QObject* object, QEvent& event) {
-  QPoint at;
-  switch (event.type()) {
-    case QEvent::Enter:
-      at = static_cast<QEnterEvent&>(event).globalPosition().toPoint();
-      break;
-    case QEvent::MouseMove:
-      at = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
-      break;
-    case QEvent::FocusIn: {
-      const Qt::FocusReason reason = static_cast<QFocusEvent&>(event).reason();
-      const bool keyboard =
-          reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-      if (Control* control = hovered_.value(object); keyboard && control != nullptr) control->Hovered();
-      return;
-    }
-    default:
-      return;
+  Control* control = hovered_.value(object);
+  if (event.type() == QEvent::FocusIn && control != nullptr) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent&>(event).reason();
+    const bool keyboard =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    if (keyboard) control->Hovered();
   }
-  // A motion goes on to the parents of the widget under the pointer; and a widget that appears under a resting pointer
-  // is entered without a motion.
+  if (event.type() != QEvent::MouseMove) return;
+  // A motion comes to the widget under the pointer first and then goes on to its parents.
+  const QPoint at = static_cast<QMouseEvent&>(event).globalPosition().toPoint();
   if (at == hoveredAt_) return;
-  if (Control* control = hovered_.value(object)) {
+  if (control != nullptr) {
     hoveredAt_ = at;
     control->Hovered();
   } else if (object == &root_ && !form_.Hovered.Empty()) {

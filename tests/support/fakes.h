@@ -176,7 +176,7 @@ class FakeDesktop final : public Desktop {
   }
   bool OpenRegionalSettings() override {
     ++regionalSettings;
-    return true;
+    return hasRegionalSettings;
   }
   bool ClipboardHasText() const override { return !clipboard.empty(); }
   Text ClipboardText() const override { return clipboard; }
@@ -184,6 +184,7 @@ class FakeDesktop final : public Desktop {
 
   std::vector<Text> opened;
   int regionalSettings = 0;
+  bool hasRegionalSettings = true;
   Text clipboard;
   bool busy = false;
 };

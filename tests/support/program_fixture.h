@@ -27,6 +27,7 @@ struct ProgramFixture : ::testing::Test {
     environment.settingsFile = folder / "settings.ini";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
+    environment.locale = userLocale;
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
     started = program->Start();
     program->options.Near = 199;  // the captions of `SubRip` are 200 ms apart, and stay so on load
@@ -63,6 +64,7 @@ struct ProgramFixture : ::testing::Test {
   FakePlayer player;
   FakePickers pickers;
   std::unique_ptr<Program> program;
+  const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales
   bool started = false;
 };
 

@@ -1,0 +1,65 @@
+#include "forms/dialogs.h"
+
+#include <utility>
+
+#include "core/numbers.h"
+#include "external/common_dialogs.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kLeastListFont = 8;
+constexpr int kMostListFont = 24;
+constexpr int kBoldWeight = 700;
+constexpr int kPlainWeight = 400;
+
+}  // namespace
+
+Dialogs::Dialogs(MainWindow& window, CaptionGrid& grid, const SettingsParts& settingsParts,
+                 const FormatParts& formatParts, ExportDialog& exportDialog)
+    : settings(settingsParts),
+      format(formatParts),
+      grid_(grid),
+      options_(settingsParts.options),
+      pickers_(settingsParts.ports.pickers) {
+  window.mnuGSettings.Clicked.Connect([this] { OpenSettings(); });
+  window.mnuFormatSettings.Clicked.Connect([this] { OpenFormatSettings(); });
+  window.mnuFont.Clicked.Connect([this] { ChangeListFont(); });
+  exportDialog.configureFormat = [this] {
+    fromExport_ = true;
+    OpenFormatSettings();
+  };
+  format.Closed.Connect([this, &exportDialog] {
+    if (std::exchange(fromExport_, false)) exportDialog.OnConfigured();
+  });
+  for (Dialog* dialog : std::initializer_list<Dialog*>{&settings, &format, &exportDialog}) {
+    dialog->HelpRequested.Connect([&window] { window.mnuHelpTopics.Click(); });
+  }
+}
+
+void Dialogs::OpenSettings() {
+  if (settings.IsOpen()) return;
+  settings.Open();
+  if (runSettings) runSettings();
+}
+
+void Dialogs::OpenFormatSettings() {
+  if (format.IsOpen()) return;
+  format.Open();
+  if (runFormat) runFormat();
+}
+
+void Dialogs::ChangeListFont() {
+  FontChoice font;
+  font.Name = options_.M_FONTNAME;
+  font.Size = options_.M_FONTSIZE;
+  font.Bold = options_.M_FONTBOLD;
+  font.Weight = font.Bold ? kBoldWeight : kPlainWeight;
+  if (!ShowFontDialog(pickers_, font, kLeastListFont, kMostListFont)) return;
+  options_.M_FONTNAME = font.Name;
+  options_.M_FONTSIZE = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
+  options_.M_FONTBOLD = font.Bold;
+  grid_.SetFont(options_.M_FONTNAME, options_.M_FONTSIZE, options_.M_FONTBOLD);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,402 @@
+#include "forms/format_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include "formats/headers.h"
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+struct FormatTest : testing::ProgramFixture {
+  FormatDialog& Dialog() { return program->dialogs.format; }
+  void Open(TextView id) {
+    program->formats.SettingsFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(id));
+    Dialog().Open();
+  }
+  void Store(TextView id, TextView key, TextView value) {
+    program->store.SaveSetting(FormatOptionStore(id), key, value);
+  }
+  Text Stored(TextView id, TextView key) { return program->store.GetSetting(FormatOptionStore(id), key, u"?"); }
+  static bool Takes(TextBox& box, char16_t character) {
+    KeyEvent key;
+    key.character = character;
+    key.code = character == 0 ? kKeyBackspace : character;
+    box.KeyPress(key);
+    return !key.handled;
+  }
+};
+
+using FormatOpening = FormatTest;
+using FormatDvd = FormatTest;
+using FormatSami = FormatTest;
+using FormatSsa = FormatTest;
+using FormatStoring = FormatTest;
+using FormatSamples = FormatTest;
+
+TEST_F(FormatOpening, ListsTheFormatsWithAHeader) {
+  Open(u"SAMI");
+  EXPECT_EQ(Dialog().Title(), u"Format Settings");
+  EXPECT_EQ(Dialog().lstFormats.Items(), (std::vector<Text>{u"SubStation Alpha", u"DVDSubtitle", u"SAMI Captioning"}));
+  EXPECT_EQ(Dialog().lstFormats.Index(), 2);
+  EXPECT_EQ(Dialog().lblTop.GetText(), u"SAMI Captioning [SMI,SAMI]");
+  EXPECT_TRUE(Dialog().picSami.Visible());
+  EXPECT_FALSE(Dialog().picSsa.Visible());
+}
+
+TEST_F(FormatOpening, WithoutAFormatNamedItSelectsTheOneInForce) {
+  program->formats.SettingsFormatIndex = 0;
+  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"DVDSUBTITLE"));
+  Window().mnuFormatSettings.Click();
+  EXPECT_TRUE(Dialog().picDvdSubtitle.Visible());
+  EXPECT_EQ(Dialog().lblTop.GetText(), u"DVDSubtitle [SUB]");
+}
+
+TEST_F(FormatOpening, AFormatThatIsntListedSelectsNothing) {
+  Open(u"SUBRIP");
+  EXPECT_EQ(Dialog().lstFormats.Index(), -1);
+  EXPECT_EQ(Dialog().lblTop.GetText(), u"");
+  for (const Picture* panel : {&Dialog().picDvdSubtitle, &Dialog().picSami, &Dialog().picSsa}) {
+    EXPECT_FALSE(panel->Visible());
+  }
+}
+
+TEST_F(FormatOpening, ASelectionShowsThePanelAndIsRemembered) {
+  Open(u"SUBRIP");
+  Dialog().lstFormats.Choose(0);
+  EXPECT_TRUE(Dialog().picSsa.Visible());
+  EXPECT_EQ(program->formats.SettingsFormatIndex, program->catalogue.IndexOf(u"SUBSTATIONALPHA"));
+  Dialog().lstFormats.Choose(1);
+  EXPECT_FALSE(Dialog().picSsa.Visible());
+  EXPECT_TRUE(Dialog().picDvdSubtitle.Visible());
+}
+
+TEST_F(FormatOpening, AFurtherFormatWithAHeaderIsListedAndShowsNoPanel) {
+  FormatCatalogue catalogue;
+  catalogue.Load("[A]\r\nname=Alpha\r\nheader=1\r\n[B]\r\nheader=0\r\n",
+                 "<FormatsList>\r\nB\r\nA\r\n</FormatsList>\r\n", program->encodings);
+  FormatState formats;
+  formats.SettingsFormatIndex = static_cast<std::uint8_t>(catalogue.IndexOf(u"A"));
+  FormatDialog dialog({catalogue, formats, program->store, program->strings, program->languages, boxes, pickers});
+  dialog.Open();
+  EXPECT_EQ(dialog.lstFormats.Items(), std::vector<Text>{u"Alpha"});
+  EXPECT_EQ(dialog.lstFormats.Index(), 0);
+  EXPECT_EQ(dialog.lblTop.GetText(), u"Alpha [---]");
+  EXPECT_FALSE(dialog.picSami.Visible() || dialog.picSsa.Visible() || dialog.picDvdSubtitle.Visible());
+}
+
+TEST_F(FormatOpening, AFailureWhileReadingIsToldAndTheRestIsThere) {
+  Store(u"SUBSTATIONALPHA", u"primarycolour", u"99999999999");
+  Store(u"SUBSTATIONALPHA", u"marginv", u"77");
+  Open(u"SUBSTATIONALPHA");
+  EXPECT_EQ(LastBox(), "Error # 6\r\nOverflow");
+  EXPECT_EQ(Dialog().txtSsaMarginv.GetText(), u"77");
+  EXPECT_TRUE(Dialog().picSsa.Visible());
+}
+
+TEST_F(FormatOpening, TheLinksTell) {
+  Open(u"SUBSTATIONALPHA");
+  Dialog().lblGetMore.Clicked();
+  EXPECT_TRUE(LastBox().starts_with("To add support for other subtitle formats"));
+  EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
+  Dialog().imgSsaCharset.Clicked();
+  EXPECT_TRUE(LastBox().starts_with("The character set used for this subtitle format"));
+  EXPECT_EQ(boxes.shown.back().title, u"Subtitles character set");
+  EXPECT_EQ(Dialog().lblSsaCharset.GetText(), u"Charset: 0");
+}
+
+TEST_F(FormatDvd, ShowsTheDefaults) {
+  Open(u"DVDSUBTITLE");
+  EXPECT_EQ(Dialog().txtDvdSubtitleDiscID.GetText(), u"");
+  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"EN");
+  EXPECT_EQ(Dialog().txtDvdSubtitleWeb.GetText(), u"https://cuewright.example");
+  EXPECT_EQ(Dialog().txtDvdSubtitleInfo.GetText(), u"Created with Tessaly Cuewright");
+}
+
+TEST_F(FormatDvd, OkStoresItsTexts) {
+  Open(u"DVDSUBTITLE");
+  Dialog().txtDvdSubtitleDiscID.SetText(u"id");
+  Dialog().txtDvdSubtitleDVDTitle.SetText(u"title");
+  Dialog().txtDvdSubtitleAuthor.SetText(u"me");
+  Dialog().txtDvdSubtitleLicense.SetText(u"free");
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"discid"), u"id");
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"dvdtitle"), u"title");
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"lang"), u"EN");
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"author"), u"me");
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"license"), u"free");
+  EXPECT_NE(BuildBuiltInHeader(u"DVDSUBTITLE", program->store, 0).find(u"DVDTITLE=title\r\n"), Text::npos);
+}
+
+TEST_F(FormatSami, IsShownBoldThoughAHeaderWithoutTheKeyIsnt) {
+  Open(u"SAMI");
+  EXPECT_TRUE(Dialog().SamiSample().font.Bold);
+  EXPECT_EQ(BuildBuiltInHeader(u"SAMI", program->store, 0).find(u"bold"), Text::npos);
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"SAMI", u"bold"), u"1");
+  EXPECT_NE(BuildBuiltInHeader(u"SAMI", program->store, 0).find(u"font-weight: bold"), Text::npos);
+}
+
+TEST_F(FormatSami, ShowsTheDefaults) {
+  Open(u"SAMI");
+  const FormatSample& sample = Dialog().SamiSample();
+  EXPECT_EQ(sample.font.Name, u"Tahoma");
+  EXPECT_EQ(sample.font.Size, 18);
+  EXPECT_FALSE(sample.font.Italic);
+  EXPECT_EQ(sample.colour, 0x00FFFF);
+  EXPECT_EQ(sample.background, 0);
+  EXPECT_EQ(Dialog().cmbSamiAlign.GetText(), u"Center");
+}
+
+TEST_F(FormatSami, AnUnknownAlignmentSelectsNothingAndStays) {
+  Store(u"SAMI", u"alignment", u"justify");
+  Open(u"SAMI");
+  EXPECT_EQ(Dialog().cmbSamiAlign.Index(), -1);
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"SAMI", u"alignment"), u"justify");
+}
+
+TEST_F(FormatSami, AlignmentIsStoredByItsWord) {
+  const TextView words[] = {u"left", u"right", u"center"};
+  for (int i = 0; i < 3; ++i) {
+    Open(u"SAMI");
+    Dialog().cmbSamiAlign.Choose(i);
+    EXPECT_EQ(Dialog().SamiSample().alignment, i);
+    Dialog().cmdOK.Click();
+    EXPECT_EQ(Stored(u"SAMI", u"alignment"), words[i]);
+  }
+}
+
+TEST_F(FormatSami, ColoursAreWrittenRedFirst) {
+  Open(u"SAMI");
+  pickers.colours = {0x332211, 0x0000FE};
+  Dialog().cmdSamiColor.Click();
+  Dialog().cmdSamiBackground.Click();
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"SAMI", u"color"), u"#112233");
+  EXPECT_EQ(Stored(u"SAMI", u"background"), u"#FE0000");
+  Open(u"SAMI");
+  EXPECT_EQ(Dialog().SamiSample().colour, 0x332211);
+  EXPECT_EQ(Dialog().SamiSample().background, 0xFE);
+}
+
+TEST(WebColours, ReadWhatTheyCan) {
+  EXPECT_EQ(ColourOfWeb(u"#FFFF00"), 0x00FFFF);
+  EXPECT_EQ(ColourOfWeb(u"#aAbBcC"), 0xCCBBAA);
+  EXPECT_EQ(ColourOfWeb(u"#12"), 0x12);
+  EXPECT_EQ(ColourOfWeb(u"#1"), 0x1);
+  EXPECT_EQ(ColourOfWeb(u"yellow"), 0xE);
+  EXPECT_EQ(ColourOfWeb(u""), 0);
+  EXPECT_EQ(WebColour(0x030201), u"#010203");
+}
+
+TEST_F(FormatSsa, ShowsTheDefaults) {
+  Open(u"SUBSTATIONALPHA");
+  EXPECT_EQ(Dialog().SsaSample().font.Size, 28);
+  EXPECT_FALSE(Dialog().SsaSample().font.Bold);
+  EXPECT_EQ(Dialog().SsaSample().colour, 65535);
+  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Center");
+  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().cmbSsaStyle.GetText(), u"Outline");
+  EXPECT_EQ(Dialog().txtSsaOutline.GetText(), u"1");
+  EXPECT_EQ(Dialog().txtSsaMarginl.GetText(), u"30");
+}
+
+TEST_F(FormatSsa, AnAlignmentOf0SelectsBottomAndLeft) {
+  Store(u"SUBSTATIONALPHA", u"alignment", u"0");
+  Open(u"SUBSTATIONALPHA");
+  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Left");
+}
+
+TEST_F(FormatSsa, AlignmentIsOneNumberOfTwoChoices) {
+  struct Row {
+    int number;
+    TextView horizontal;
+    TextView vertical;
+  };
+  for (const Row& row : {Row{1, u"Left", u"Bottom"},
+                         {2, u"Center", u"Bottom"},
+                         {3, u"Right", u"Bottom"},
+                         {5, u"Left", u"Top"},
+                         {6, u"Center", u"Top"},
+                         {7, u"Right", u"Top"},
+                         {9, u"Left", u"Center"},
+                         {10, u"Center", u"Center"},
+                         {11, u"Right", u"Center"}}) {
+    Store(u"SUBSTATIONALPHA", u"alignment", Decimal(row.number));
+    Open(u"SUBSTATIONALPHA");
+    EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), row.horizontal) << row.number;
+    EXPECT_EQ(Dialog().cmbSsaValign.GetText(), row.vertical) << row.number;
+    Dialog().cmdOK.Click();
+    EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"alignment"), Decimal(row.number));
+  }
+}
+
+TEST_F(FormatSsa, AnAlignmentOfNoHorizontalSelectsNone) {
+  for (const auto& [number, vertical] :
+       {std::pair{u"4", u"Bottom"}, {u"8", u"Top"}, {u"12", u"Center"}, {u"-3", u"Bottom"}}) {
+    Store(u"SUBSTATIONALPHA", u"alignment", number);
+    Open(u"SUBSTATIONALPHA");
+    EXPECT_EQ(Dialog().cmbSsaAlign.Index(), -1) << ToUtf8(number);
+    EXPECT_EQ(Dialog().cmbSsaValign.GetText(), vertical) << ToUtf8(number);
+  }
+}
+
+TEST_F(FormatSsa, TheBorderIsEnabledForTheOutlineOnly) {
+  FormatDialog& d = Dialog();
+  Store(u"SUBSTATIONALPHA", u"borderstyle", u"2");
+  Open(u"SUBSTATIONALPHA");
+  EXPECT_EQ(d.cmbSsaStyle.Index(), 1);
+  const Control* controls[] = {&d.lblSsaOutline, &d.txtSsaOutline, &d.lblSsaShadow,
+                               &d.txtSsaShadow,  &d.cmdSsaBack,    &d.picSsaBack};
+  for (const Control* control : controls) EXPECT_FALSE(control->Enabled()) << control->Name();
+  d.cmbSsaStyle.Choose(0);
+  for (const Control* control : controls) EXPECT_TRUE(control->Enabled()) << control->Name();
+  d.cmdOK.Click();
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"borderstyle"), u"1");
+  Open(u"SUBSTATIONALPHA");
+  d.cmbSsaStyle.Choose(1);
+  d.cmdOK.Click();
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"borderstyle"), u"3");
+}
+
+TEST_F(FormatSsa, NumbersTakeDigitsAndBackspace) {
+  for (TextBox* box : {&Dialog().txtSsaMarginl, &Dialog().txtSsaMarginr, &Dialog().txtSsaMarginv,
+                       &Dialog().txtSsaOutline, &Dialog().txtSsaShadow}) {
+    for (const char16_t c : Text(u"0123456789")) EXPECT_TRUE(Takes(*box, c));
+    EXPECT_TRUE(Takes(*box, 0));
+    for (const char16_t c : Text(u"a.,- /:")) EXPECT_FALSE(Takes(*box, c));
+  }
+}
+
+TEST_F(FormatSsa, ANumberAbove1200BecomesThatAtOnce) {
+  Open(u"SUBSTATIONALPHA");
+  for (TextBox* box : {&Dialog().txtSsaMarginl, &Dialog().txtSsaMarginr, &Dialog().txtSsaMarginv,
+                       &Dialog().txtSsaOutline, &Dialog().txtSsaShadow}) {
+    box->SetText(u"1201");
+    box->Edited();
+    EXPECT_EQ(box->GetText(), u"1200");
+    box->SetText(u"1200");
+    box->Edited();
+    EXPECT_EQ(box->GetText(), u"1200");
+  }
+  Store(u"SUBSTATIONALPHA", u"marginl", u"5000");
+  Open(u"SUBSTATIONALPHA");
+  EXPECT_EQ(Dialog().txtSsaMarginl.GetText(), u"1200");
+}
+
+TEST_F(FormatSsa, PastedLettersGetPastTheKeyFilterIntoTheHeader) {
+  Open(u"SUBSTATIONALPHA");
+  Dialog().txtSsaMarginl.SetText(u"abc");
+  Dialog().txtSsaMarginl.Edited();
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"marginl"), u"abc");
+  EXPECT_NE(BuildBuiltInHeader(u"SUBSTATIONALPHA", program->store, 0).find(u",2,abc,30,30,"), Text::npos);
+}
+
+TEST_F(FormatSsa, ResetSetsBottomAndCenterAndTheOutline) {
+  Store(u"SUBSTATIONALPHA", u"alignment", u"5");
+  Store(u"SUBSTATIONALPHA", u"borderstyle", u"3");
+  Store(u"SUBSTATIONALPHA", u"bold", u"1");
+  Open(u"SUBSTATIONALPHA");
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Center");
+  EXPECT_EQ(Dialog().cmbSsaStyle.GetText(), u"Outline");
+  EXPECT_FALSE(Dialog().SsaSample().font.Bold);
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"alignment"), u"5");
+}
+
+TEST_F(FormatStoring, ResetChangesThePanelOnShowAlone) {
+  Store(u"SAMI", u"size", u"40");
+  Store(u"SAMI", u"bold", u"0");
+  Store(u"SAMI", u"italic", u"1");
+  Store(u"DVDSUBTITLE", u"lang", u"ES");
+  Open(u"SAMI");
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Dialog().SamiSample().font.Size, 18);
+  EXPECT_TRUE(Dialog().SamiSample().font.Bold);
+  EXPECT_FALSE(Dialog().SamiSample().font.Italic);
+  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"ES");
+  EXPECT_EQ(Stored(u"SAMI", u"size"), u"40");
+}
+
+TEST_F(FormatStoring, OkStoresAllThreePanels) {
+  Open(u"SUBRIP");
+  Dialog().txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().txtSsaOutline.SetText(u"4");
+  pickers.fonts = {{u"Arial", 12.5, false, true, false, false, 400}};
+  Dialog().cmdSamiFont.Click();
+  bool closed = false;
+  const Connection watch = Dialog().Closed.ConnectScoped([&] { closed = true; });
+  Dialog().cmdOK.Click();
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"lang"), u"DE");
+  EXPECT_EQ(Stored(u"SAMI", u"font"), u"Arial");
+  EXPECT_EQ(Stored(u"SAMI", u"size"), u"12.5");
+  EXPECT_EQ(Stored(u"SAMI", u"bold"), u"0");
+  EXPECT_EQ(Stored(u"SAMI", u"italic"), u"1");
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"outline"), u"4");
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"fontsize"), u"28");
+  EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"primarycolour"), u"65535");
+}
+
+TEST_F(FormatStoring, CancelAndTheFrameStoreNothing) {
+  Open(u"DVDSUBTITLE");
+  Dialog().txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().cmdCancel.Click();
+  EXPECT_FALSE(Dialog().IsOpen());
+  EXPECT_EQ(Stored(u"DVDSUBTITLE", u"lang"), u"?");
+  Open(u"DVDSUBTITLE");
+  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"EN");
+}
+
+TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {
+  Open(u"SUBSTATIONALPHA");
+  int changes = 0;
+  const Connection watch = Dialog().SamplesChanged.ConnectScoped([&] { ++changes; });
+  pickers.fonts = {{u"Arial", 60, true, false, true, false, 700}};
+  pickers.colours = {0x123456, 0x654321};
+  Dialog().cmdSsaFont.Click();
+  Dialog().cmdSsaColor.Click();
+  Dialog().cmdSsaBack.Click();
+  Dialog().cmbSsaAlign.Choose(1);
+  EXPECT_EQ(changes, 4);
+  const FormatSample& sample = Dialog().SsaSample();
+  EXPECT_EQ(sample.font.Size, 60);
+  EXPECT_TRUE(sample.font.Bold);
+  EXPECT_EQ(sample.colour, 0x123456);
+  EXPECT_EQ(sample.background, 0x654321);
+  EXPECT_EQ(sample.alignment, 1);
+  EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Tahoma");
+  EXPECT_EQ(pickers.coloursShown, (std::vector<std::int32_t>{65535, 0}));
+  Dialog().cmdSsaFont.Click();
+  Dialog().cmdSsaColor.Click();
+  EXPECT_EQ(changes, 4);
+}
+
+struct ListFont : testing::ProgramFixture {};
+
+TEST_F(ListFont, ThePickersFontReachesTheListAndIsStoredAtTheEnd) {
+  pickers.fonts = {{u"Sans", 40, true, false, false, false, 700}};
+  Window().mnuFont.Click();
+  EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Tahoma");
+  EXPECT_EQ(pickers.fontsShown.at(0).Size, 8);
+  EXPECT_EQ(program->options.M_FONTNAME, u"Sans");
+  EXPECT_EQ(program->options.M_FONTSIZE, 24);
+  EXPECT_TRUE(program->options.M_FONTBOLD);
+  EXPECT_EQ(program->grid.FontName(), u"Sans");
+  EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"M_FONTNAME", u"?"), u"?");
+  program->shell.SaveAtUnload(false, false, 800, 600);
+  EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"M_FONTNAME", u"?"), u"Sans");
+  EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"M_FONTSIZE", u"?"), u"24");
+}
+
+TEST_F(ListFont, ACancelChangesNothing) {
+  Window().mnuFont.Click();
+  EXPECT_EQ(program->options.M_FONTNAME, u"Tahoma");
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,831 @@
+#include "forms/settings_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kSpanish = 1;
+constexpr std::size_t kArabic = 14;
+constexpr std::size_t kRussian = 23;
+
+/// A system whose user works with code page 1252.
+struct WesternLocale final : Locale {
+  Text GetLocaleText(std::int32_t locale, std::int32_t item) const override {
+    if (item == kAnsiCodePage) return locale == 1049 ? u"1251" : u"1252";
+    if (item == kEnglishLanguageName) return locale == 1049 ? u"Russian" : language;
+    return u"native";
+  }
+  Text language = u"English";
+};
+
+struct SettingsTest : testing::ProgramFixture {
+  SettingsTest() { StartIn("ENGLISH"); }
+
+  void StartIn(const std::string& language) {
+    folder.Write("settings.ini", "[Brakemoor Works\\Cuewright]\nLanguage=" + language + "\n");
+    Reopen();
+  }
+  void Reopen() {
+    userLocale = &locale;
+    Restart({});
+    Options().Near = AppOptions().Near;
+    Dialog().Open();
+  }
+  SettingsDialog& Dialog() { return program->dialogs.settings; }
+  AppOptions& Options() { return program->options; }
+  std::string Details() { return ToUtf8(Dialog().lblDetails.GetText()); }
+  Text Stored(TextView key) { return program->store.GetSetting(u"Cuewright", key, u"?"); }
+  template <class C>
+  void Hover(C& control) {
+    control.Hovered();
+  }
+  static void Type(TextBox& box, const Text& text) {
+    box.SetText(text);
+    box.Edited();
+  }
+  KeyEvent Press(TextBox& box, char16_t character) {
+    KeyEvent key;
+    key.character = character;
+    key.code = character == 0 ? kKeyBackspace : character;
+    box.KeyPress(key);
+    return key;
+  }
+  static void Move(Slider& slider, int value) { slider.Move(value); }
+  static void Choose(OptionButton& option) { option.Clicked(); }
+
+  WesternLocale locale;
+};
+
+using SettingsPages = SettingsTest;
+using SettingsHover = SettingsTest;
+using SettingsPanels = SettingsTest;
+using SettingsRules = SettingsTest;
+using SettingsKeys = SettingsTest;
+using SettingsPlayer = SettingsTest;
+using SettingsPreview = SettingsTest;
+using SettingsLanguage = SettingsTest;
+using SettingsStoring = SettingsTest;
+using SettingsReset = SettingsTest;
+
+TEST_F(SettingsPages, OpenAtTheFirst) {
+  EXPECT_EQ(Dialog().Page(), 0u);
+  EXPECT_EQ(Dialog().Title(), u"General Settings");
+  EXPECT_EQ(Dialog().lblTop.GetText(), u"Timing Management");
+  for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(Dialog().picOptions[i].Visible(), i == 0) << i;
+  EXPECT_FALSE(Dialog().lblDetailsTitle.Visible());
+}
+
+TEST_F(SettingsPages, AClickOnTheMenuShowsOneAndTheHeadingFollows) {
+  const TextView titles[] = {u"Timing Management", u"Keyboard Shortcuts", u"Player Settings", u"Subtitle Preview",
+                             u"Language and Encoding"};
+  for (std::size_t page = 0; page < 5; ++page) {
+    EXPECT_EQ(Dialog().lblMenu[page].GetText(), titles[page]);
+    Dialog().lblMenu[page].Clicked();
+    EXPECT_EQ(Dialog().lblTop.GetText(), titles[page]);
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(Dialog().picOptions[i].Visible(), i == page);
+  }
+  Dialog().ShowSettingsPage(0);
+  Dialog().imgMenu[3].MouseDown({MouseButton::Right, 0, 0});
+  EXPECT_EQ(Dialog().Page(), 0u);
+  Dialog().imgMenu[3].MouseDown({MouseButton::Left, 0, 0});
+  EXPECT_EQ(Dialog().Page(), 3u);
+}
+
+TEST_F(SettingsPages, ANumberBeyondTheLastShowsTheLast) {
+  Dialog().ShowSettingsPage(9);
+  EXPECT_EQ(Dialog().Page(), 4u);
+}
+
+TEST_F(SettingsPages, ShowAllValuesOfTheOptions) {
+  AppOptions& o = Options();
+  o.AutoSplit = 0;
+  o.Near = 140;
+  o.Duration = {100, 20, 350};
+  o.Tolerance = {10, 300, 90};
+  o.ApplyWhen = 2;
+  o.kRewindSecs = 7;
+  o.P_UIMODE = u"mini";
+  o.F_OPAQUE = true;
+  o.F_SHADOWVAL = 3;
+  o.F_SUBHEIGHT = 40;
+  o.F_FOLLOW = false;
+  Dialog().FillSettingsControls();
+  EXPECT_FALSE(Dialog().chkAutoSplit.Value());
+  EXPECT_TRUE(Dialog().chkCollision.Value());
+  EXPECT_EQ(Dialog().sldAutoJoin.Value(), 14);
+  EXPECT_EQ(Dialog().lblAutoJoin.GetText(), u"Nearby factor: 140 milliseconds");
+  EXPECT_EQ(Dialog().sldDuration[2].Value(), 35);
+  EXPECT_EQ(Dialog().lblDuration[2].GetText(), u"Duration per character: 350 ms");
+  EXPECT_EQ(Dialog().sldTolerance[1].Value(), 30);
+  EXPECT_EQ(Dialog().lblTolerance[1].GetText(), u"Tolerance: 300 ms");
+  EXPECT_EQ(Dialog().cmbApply.GetText(), u"On file loading and subtitling process");
+  EXPECT_EQ(Dialog().txtPosition[0].GetText(), u"7");
+  EXPECT_EQ(Dialog().cmbUImode.GetText(), u"Show basic controls only");
+  EXPECT_TRUE(Dialog().optOpaque.Value());
+  EXPECT_FALSE(Dialog().optShadow.Value());
+  EXPECT_FALSE(Dialog().sldShadow.Enabled());
+  EXPECT_EQ(Dialog().lblShadow.GetText(), u"Shadow depth: 3");
+  EXPECT_EQ(Dialog().lblHeight.GetText(), u"Subtitle preview placement: 40%");
+  EXPECT_EQ(Dialog().sldHeight.Value(), 40);
+  EXPECT_FALSE(Dialog().chkFollow.Value());
+}
+
+TEST_F(SettingsPages, FillingTheControlsChangesNoOption) {
+  Options().Near = 143;
+  Options().ApplyWhen = 9;
+  Dialog().FillSettingsControls();
+  EXPECT_EQ(Options().Near, 143);
+  EXPECT_EQ(Options().ApplyWhen, 9);
+}
+
+TEST_F(SettingsHover, EachControlTellsItsDetails) {
+  SettingsDialog& d = Dialog();
+  const std::pair<Control&, std::size_t> rows[] = {
+      {d.chkAutoSplit, 273}, {d.chkCollision, 197},   {d.lblAutoJoin, 83},      {d.chkDuration, 199},
+      {d.chkCredits, 430},   {d.lblDuration[0], 209}, {d.lblTolerance[2], 210}, {d.chkKeys, 200},
+      {d.chkStretch, 312},   {d.cmbUImode, 314},      {d.lblUImode, 314},       {d.lblVSFilter, 421},
+      {d.optVSDisable, 423}, {d.optVSHide, 425},      {d.cmdVSFilter, 427},     {d.imgVSHelp, 428},
+      {d.chkFollow, 253},    {d.cmdOK, 251},          {d.cmdReset, 250}};
+  for (const auto& [control, message] : rows) {
+    control.Hovered();
+    EXPECT_EQ(d.lblDetails.GetText(), program->strings[message]) << control.Name();
+    EXPECT_TRUE(d.lblDetailsTitle.Visible());
+    EXPECT_TRUE(d.fraDetails.Visible());
+  }
+}
+
+TEST_F(SettingsHover, TheBackgroundChoicesTellEachOthersDetails) {
+  Hover(Dialog().optOpaque);
+  EXPECT_EQ(Details(), "Activates the preview font shadowing.");
+  Hover(Dialog().optShadow);
+  EXPECT_EQ(Details(), "Activates the opaque box behind the subtitle preview for a more clear visualization.");
+}
+
+TEST_F(SettingsHover, TheJoiningCheckAddsTheNoteAboutTheReport) {
+  Hover(Dialog().chkAutoJoin);
+  EXPECT_EQ(Details(),
+            "This will make immediate the change of captions with an offset lower than the indicated.\r\n\r\n"
+            "Note: The application of this rule is not added to the Report.");
+  Hover(Dialog().fraCharset);
+  EXPECT_TRUE(Details().starts_with("The character encoding is applied only"));
+  EXPECT_TRUE(Details().ends_with(
+      "\r\n\r\nAfter changing the character set you must reload the opened subtitle or text file."));
+}
+
+TEST_F(SettingsHover, TheLengthClassesTellTheirBounds) {
+  Hover(Dialog().lblShort);
+  EXPECT_EQ(Details(), "Short captions have up to 5 characters.");
+  Hover(Dialog().lblMedium);
+  EXPECT_EQ(Details(), "Medium captions have up to 15 characters.");
+  Hover(Dialog().lblLong);
+  EXPECT_EQ(Details(), "Long captions have more than 15 characters.");
+}
+
+TEST_F(SettingsHover, MenuEntriesAndPagesHaveTheirOwnTexts) {
+  const std::size_t overMenu[] = {192, 122, 310, 194, 191};
+  const std::size_t overPage[] = {192, 122, 310, 222, 191};
+  for (std::size_t i = 0; i < 5; ++i) {
+    Hover(Dialog().lblMenu[i]);
+    EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[overMenu[i]]);
+    for (std::size_t k = 0; k < 5; ++k) EXPECT_EQ(Dialog().lblMenu[k].Underlined(), k == i);
+    Hover(Dialog().picOptions[i]);
+    EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[overPage[i]]);
+    EXPECT_FALSE(Dialog().lblMenu[i].Underlined());
+  }
+}
+
+TEST_F(SettingsHover, TheBareMenuColumnClearsDetailsAndUnderline) {
+  Hover(Dialog().lblMenu[2]);
+  Hover(Dialog().picMenu);
+  EXPECT_EQ(Details(), "");
+  EXPECT_FALSE(Dialog().lblDetailsTitle.Visible());
+  EXPECT_FALSE(Dialog().fraDetails.Visible());
+  EXPECT_FALSE(Dialog().lblDetails.Visible());
+  EXPECT_FALSE(Dialog().lblMenu[2].Underlined());
+}
+
+TEST_F(SettingsPanels, OpenUnderTheirCheckOneAtATime) {
+  SettingsDialog& d = Dialog();
+  const std::tuple<CheckBox&, Picture&, int> rows[] = {
+      {d.chkAutoJoin, d.picAutoJoin, 50}, {d.chkDuration, d.picDuration, 142}, {d.chkCredits, d.picCredits, 70}};
+  for (const auto& [check, panel, height] : rows) {
+    Hover(check);
+    EXPECT_EQ(panel.Height(), height);
+    for (const auto& [otherCheck, otherPanel, unused] : rows) {
+      EXPECT_EQ(otherPanel.Visible(), &otherPanel == &panel);
+      EXPECT_EQ(otherCheck.Highlighted(), &otherCheck == &check);
+    }
+  }
+}
+
+TEST_F(SettingsPanels, AClickOnTheImageOpensTheSamePanel) {
+  Dialog().imgDuration.MouseDown({MouseButton::Left, 0, 0});
+  EXPECT_TRUE(Dialog().picDuration.Visible());
+  EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[199]);
+}
+
+TEST_F(SettingsPanels, ThePageAndTheOtherChecksCloseThem) {
+  SettingsDialog& d = Dialog();
+  const std::function<void()> ways[] = {[&] { Hover(d.picOptions[0]); }, [&] { Hover(d.chkAutoSplit); },
+                                        [&] { Hover(d.chkCollision); }, [&] { d.Hovered(); },
+                                        [&] { Hover(d.cmbApply); }};
+  for (const auto& way : ways) {
+    Hover(d.chkDuration);
+    ASSERT_TRUE(d.picDuration.Visible());
+    way();
+    EXPECT_FALSE(d.picDuration.Visible());
+    EXPECT_FALSE(d.chkDuration.Highlighted());
+  }
+}
+
+TEST_F(SettingsPanels, ThePointerInAPanelLeavesItOpen) {
+  Hover(Dialog().chkDuration);
+  Hover(Dialog().picDuration);
+  Hover(Dialog().lblDuration[1]);
+  EXPECT_TRUE(Dialog().picDuration.Visible());
+}
+
+TEST_F(SettingsRules, ChecksWriteTheirFieldsAtOnce) {
+  const std::pair<CheckBox&, std::uint8_t AppOptions::*> rows[] = {{Dialog().chkAutoSplit, &AppOptions::AutoSplit},
+                                                                   {Dialog().chkCollision, &AppOptions::Collision},
+                                                                   {Dialog().chkAutoJoin, &AppOptions::AutoJoin},
+                                                                   {Dialog().chkDuration, &AppOptions::DurationOn},
+                                                                   {Dialog().chkCredits, &AppOptions::T_CREDITS}};
+  for (const auto& [check, field] : rows) {
+    ASSERT_EQ(Options().*field, 1);
+    check.Click();
+    EXPECT_EQ(Options().*field, 0) << check.Name();
+    check.Click();
+    EXPECT_EQ(Options().*field, 1) << check.Name();
+  }
+}
+
+TEST_F(SettingsRules, AClearedCheckDisablesItsPanel) {
+  SettingsDialog& d = Dialog();
+  d.chkAutoJoin.Click();
+  d.chkDuration.Click();
+  d.chkCredits.Click();
+  const Control* controls[] = {&d.lblAutoJoin,     &d.sldAutoJoin,     &d.lblShort,   &d.lblLong,   &d.sldDuration[0],
+                               &d.lblTolerance[2], &d.sldTolerance[2], &d.lblCredits, &d.txtCredits};
+  for (const Control* control : controls) EXPECT_FALSE(control->Enabled()) << control->Name();
+  d.chkAutoJoin.Click();
+  d.chkDuration.Click();
+  d.chkCredits.Click();
+  for (const Control* control : controls) EXPECT_TRUE(control->Enabled()) << control->Name();
+}
+
+TEST_F(SettingsRules, BarsWriteTenTimesTheirValue) {
+  Move(Dialog().sldAutoJoin, 40);
+  Move(Dialog().sldDuration[1], 1);
+  Move(Dialog().sldTolerance[0], 30);
+  EXPECT_EQ(Options().Near, 400);
+  EXPECT_EQ(Dialog().lblAutoJoin.GetText(), u"Nearby factor: 400 milliseconds");
+  EXPECT_EQ(Options().Duration[1], 10);
+  EXPECT_EQ(Dialog().lblDuration[1].GetText(), u"Duration per character: 10 ms");
+  EXPECT_EQ(Options().Tolerance[0], 300);
+  EXPECT_EQ(Dialog().sldAutoJoin.Min(), 1);
+  EXPECT_EQ(Dialog().sldDuration[0].Max(), 35);
+}
+
+TEST_F(SettingsRules, TheModeTellsTheLimitWhileTheDialogIsOpen) {
+  EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
+  Dialog().cmbApply.Choose(1);
+  EXPECT_EQ(Options().ApplyWhen, 1);
+  EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended) [auto]");
+  Dialog().chkDuration.Click();
+  EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
+}
+
+TEST_F(SettingsRules, ACreditsListLosesDoubledAndOuterCommasOnLeavingTheField) {
+  Type(Dialog().txtCredits, u" ,,@,,www ");
+  EXPECT_EQ(Options().T_CREDITSTEXT, u",,@,,www");
+  Dialog().txtCredits.LostFocus();
+  EXPECT_EQ(Dialog().txtCredits.GetText(), u"@,www");
+  EXPECT_EQ(Options().T_CREDITSTEXT, u"@,www");
+}
+
+TEST_F(SettingsRules, DoubledCommasGoOnceOnly) {
+  Type(Dialog().txtCredits, u"a,,,,b,");
+  Dialog().txtCredits.LostFocus();
+  EXPECT_EQ(Options().T_CREDITSTEXT, u"a,,b");
+}
+
+TEST_F(SettingsRules, AnEmptiedCreditsListIsSavedAsEmptyAndTheNextStartTurnsTheRuleOff) {
+  Type(Dialog().txtCredits, u"");
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"");
+  EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
+  EXPECT_EQ(Options().T_CREDITS, 1);
+  Reopen();
+  EXPECT_EQ(Options().T_CREDITS, 0);
+  EXPECT_FALSE(Dialog().chkCredits.Value());
+}
+
+TEST_F(SettingsKeys, ALowerCaseLetterIsStoredAndShownInUpperCase) {
+  TextBox& box = Dialog().txtHotkey[0];
+  EXPECT_EQ(box.GetText(), u"Z");
+  EXPECT_TRUE(Press(box, u'a').handled);
+  EXPECT_EQ(Options().hkPlay, 65);
+  EXPECT_EQ(box.GetText(), u"A");
+  EXPECT_EQ(box.SelLength(), 1);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(SettingsKeys, ADigitShowsTheMessageAndChangesNothing) {
+  TextBox& box = Dialog().txtHotkey[3];
+  EXPECT_TRUE(Press(box, u'1').handled);
+  EXPECT_EQ(LastBox(), "Please enter a key from A to Z only.");
+  EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
+  EXPECT_EQ(boxes.shown.back().title, u"");
+  EXPECT_EQ(Options().hkStart, 66);
+  EXPECT_EQ(box.GetText(), u"B");
+  EXPECT_TRUE(Press(box, 0).handled);
+  EXPECT_EQ(boxes.shown.size(), 2u);
+}
+
+TEST_F(SettingsKeys, EachFieldHasItsShortcut) {
+  std::uint8_t AppOptions::*const fields[] = {
+      &AppOptions::hkPlay, &AppOptions::hkPause,    &AppOptions::hkStop, &AppOptions::hkStart,  &AppOptions::hkNext,
+      &AppOptions::hkEnd,  &AppOptions::hkPrevious, &AppOptions::hkJump, &AppOptions::hkRewind, &AppOptions::hkForward};
+  const TextView letters = u"ZXCBNMDFWE";
+  for (std::size_t k = 0; k < 10; ++k) {
+    EXPECT_EQ(Dialog().txtHotkey[k].GetText(), letters.substr(k, 1));
+    // The same letter may serve twice.
+    Press(Dialog().txtHotkey[k], u'Q');
+    EXPECT_EQ(Options().*fields[k], u'Q');
+  }
+}
+
+TEST_F(SettingsKeys, PastedTextCountsOnlyAsOneLetter) {
+  TextBox& box = Dialog().txtHotkey[1];
+  Type(box, u"k");
+  EXPECT_EQ(box.GetText(), u"K");
+  EXPECT_EQ(Options().hkPause, u'K');
+  Type(box, u"7");
+  EXPECT_EQ(box.GetText(), u"K");
+  Type(box, u"");
+  EXPECT_EQ(box.GetText(), u"K");
+  EXPECT_EQ(Options().hkPause, u'K');
+}
+
+TEST_F(SettingsKeys, TheFocusSelectsTheLetter) {
+  TextBox& box = Dialog().txtHotkey[1];
+  box.Select(0, 0);
+  box.GotFocus();
+  EXPECT_EQ(box.SelLength(), 1);
+}
+
+TEST_F(SettingsKeys, TheLettersShownAreThoseOfTheStore) {
+  program->store.SaveSetting(u"Cuewright", u"kPlay", u"Y");
+  Dialog().Close();
+  Dialog().Open();
+  EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Y");
+  EXPECT_EQ(Options().hkPlay, 90);
+}
+
+TEST_F(SettingsKeys, SecondsStayBetween2And600OnLeavingTheField) {
+  const std::pair<TextView, std::int16_t> rows[] = {
+      {u"601", 600}, {u"1", 2}, {u"", 2}, {u"2", 2}, {u"600", 600}, {u"99999999999", 600}, {u"30", 30}};
+  for (const auto& [typed, kept] : rows) {
+    Type(Dialog().txtPosition[0], Text(typed));
+    Dialog().txtPosition[0].LostFocus();
+    EXPECT_EQ(Options().kRewindSecs, kept) << ToUtf8(typed);
+    EXPECT_EQ(Dialog().txtPosition[0].GetText(), Decimal(kept));
+  }
+  EXPECT_EQ(Options().kForwardSecs, 5);
+  Type(Dialog().txtPosition[1], u"12");
+  Dialog().txtPosition[1].LostFocus();
+  EXPECT_EQ(Options().kForwardSecs, 12);
+}
+
+TEST_F(SettingsKeys, SecondsTakeDigitsOnly) {
+  for (const char16_t c : Text(u"0123456789")) EXPECT_FALSE(Press(Dialog().txtPosition[0], c).handled);
+  for (const char16_t c : Text(u"a-. ")) EXPECT_TRUE(Press(Dialog().txtPosition[1], c).handled);
+  EXPECT_TRUE(Press(Dialog().txtPosition[0], 0).handled);
+}
+
+TEST_F(SettingsKeys, AClearedCheckDisablesEverythingElseOnThePage) {
+  SettingsDialog& d = Dialog();
+  d.chkKeys.Click();
+  EXPECT_EQ(Options().HotKeys, 0);
+  for (const Control* control :
+       std::initializer_list<const Control*>{&d.txtHotkey[0], &d.txtHotkey[9], &d.lblHotkey[4], &d.txtPosition[0],
+                                             &d.txtPosition[1], &d.lblSeconds[0], &d.lblPlayback, &d.lblCaptioning}) {
+    EXPECT_FALSE(control->Enabled()) << control->Name();
+  }
+  EXPECT_TRUE(d.chkKeys.Enabled());
+}
+
+TEST_F(SettingsPlayer, FittingAndControlsReachThePlayerAtOnce) {
+  Dialog().chkStretch.Click();
+  EXPECT_EQ(Options().P_STRETCH, 0);
+  EXPECT_FALSE(player.stretch);
+  const TextView modes[] = {u"none", u"mini", u"full"};
+  for (int i = 0; i < 3; ++i) {
+    Dialog().cmbUImode.Choose(i);
+    EXPECT_EQ(Options().P_UIMODE, modes[i]);
+    EXPECT_EQ(player.uiMode, modes[i]);
+  }
+}
+
+TEST_F(SettingsPlayer, WithoutTheFilterItsControlsAreDisabled) {
+  SettingsDialog& d = Dialog();
+  for (const Control* control : std::initializer_list<const Control*>{&d.lblVSFilter, &d.lblVSNotice, &d.optVSDisable,
+                                                                      &d.optVSHide, &d.cmdVSFilter}) {
+    EXPECT_FALSE(control->Enabled()) << control->Name();
+  }
+  EXPECT_TRUE(d.imgVSHelp.Enabled());
+}
+
+struct InstalledFilter final : VideoFilter {
+  bool Installed() const override { return true; }
+  bool CanConfigure() const override { return canConfigure; }
+  void Configure() override { ++opened; }
+  bool canConfigure = false;
+  int opened = 0;
+};
+
+TEST_F(SettingsPlayer, AnInstalledFilterCanBeManaged) {
+  InstalledFilter filter;
+  SettingsDialog d({program->options, program->strings, program->store, program->languages, program->document,
+                    program->preview, program->capture, filter,
+                    Ports{files, boxes, dialogs, events, desktop, player, pickers}});
+  d.Open();
+  EXPECT_TRUE(d.optVSDisable.Enabled());
+  EXPECT_FALSE(d.cmdVSFilter.Enabled());
+  EXPECT_TRUE(d.optVSDisable.Value());
+  Choose(d.optVSHide);
+  EXPECT_EQ(Options().P_VSFILTERMODE, 1);
+  EXPECT_FALSE(d.optVSDisable.Value());
+  Choose(d.optVSDisable);
+  EXPECT_EQ(Options().P_VSFILTERMODE, 0);
+  filter.canConfigure = true;
+  d.FillSettingsControls();
+  d.cmdVSFilter.Click();
+  EXPECT_EQ(filter.opened, 1);
+}
+
+TEST_F(SettingsPreview, OpaqueAndShadowAreAPair) {
+  SettingsDialog& d = Dialog();
+  Choose(d.optOpaque);
+  EXPECT_TRUE(Options().F_OPAQUE);
+  EXPECT_FALSE(Options().F_SHADOW);
+  EXPECT_FALSE(d.lblShadow.Enabled());
+  EXPECT_FALSE(d.sldShadow.Enabled());
+  EXPECT_FALSE(d.lblSampleShadow.Visible());
+  EXPECT_EQ(d.GetSample().background, 0);
+  EXPECT_FALSE(d.GetSample().windowBackground);
+  Choose(d.optShadow);
+  EXPECT_FALSE(Options().F_OPAQUE);
+  EXPECT_TRUE(Options().F_SHADOW);
+  EXPECT_TRUE(d.sldShadow.Enabled());
+  EXPECT_TRUE(d.lblSampleShadow.Visible());
+  EXPECT_TRUE(d.optShadow.Value());
+  EXPECT_FALSE(d.optOpaque.Value());
+}
+
+TEST_F(SettingsPreview, TheSampleHasTheFilmsDarkGroundWhileOneIsOpen) {
+  EXPECT_TRUE(Dialog().GetSample().windowBackground);
+  Dialog().Close();
+  Play(folder.Write("film.mkv", "x"));
+  Dialog().Open();
+  EXPECT_FALSE(Dialog().GetSample().windowBackground);
+  EXPECT_EQ(Dialog().GetSample().background, 0x100010);
+  EXPECT_EQ(Dialog().lblSample.GetText(), u"Sample");
+  EXPECT_EQ(Dialog().lblSampleShadow.GetText(), u"Sample");
+}
+
+TEST_F(SettingsPreview, ARunningOverlayChangesAtOnce) {
+  Play(folder.Write("film.mkv", "x"));
+  int placed = 0;
+  const Connection watch = program->preview.PlaceRequested.ConnectScoped([&] { ++placed; });
+  Move(Dialog().sldShadow, 4);
+  EXPECT_EQ(program->sub.GetStyle().shadowShift, 4);
+  EXPECT_EQ(Dialog().GetSample().shadowShift, 4);
+  Choose(Dialog().optOpaque);
+  EXPECT_TRUE(program->sub.GetStyle().opaque);
+  EXPECT_EQ(placed, 0);
+  Move(Dialog().sldHeight, 10);
+  EXPECT_EQ(Options().F_SUBHEIGHT, 10);
+  EXPECT_EQ(placed, 1);
+  EXPECT_EQ(Dialog().lblHeight.GetText(), u"Subtitle preview placement: 10%");
+}
+
+TEST_F(SettingsPreview, FontAndColourComeFromThePickers) {
+  pickers.fonts = {{u"Tahoma", 60, false, true, false, false, 400}};
+  pickers.colours = {0x0000FF};
+  Dialog().cmdFont.Click();
+  Dialog().cmdColor.Click();
+  EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Arial");
+  EXPECT_EQ(pickers.fontsShown.at(0).Size, 18);
+  EXPECT_TRUE(pickers.fontsShown.at(0).Bold);
+  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
+  EXPECT_EQ(Options().F_FONTSIZE, 48);
+  EXPECT_FALSE(Options().F_FONTBOLD);
+  EXPECT_EQ(pickers.coloursShown.at(0), 0xFFFFFF);
+  EXPECT_EQ(Options().F_FONTCOLOR, 0xFF);
+  EXPECT_EQ(Dialog().GetSample().fontName, u"Tahoma");
+  EXPECT_EQ(Dialog().GetSample().colour, 0xFF);
+  Dialog().cmdFont.Click();
+  Dialog().cmdColor.Click();
+  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
+  EXPECT_EQ(Options().F_FONTCOLOR, 0xFF);
+}
+
+TEST_F(SettingsPreview, FollowingIsACheck) {
+  Dialog().chkFollow.Click();
+  EXPECT_FALSE(Options().F_FOLLOW);
+}
+
+TEST_F(SettingsLanguage, TheListHoldsTheDisplayNamesAndTheOneInForce) {
+  EXPECT_EQ(Dialog().cboLanguage.Items().size(), 25u);
+  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
+  EXPECT_EQ(Dialog().lblTranslator.GetText(), u"Translation by: Tessaly");
+  EXPECT_EQ(Dialog().txtCharset.GetText(), u"0 - WESTERN_EUROPEAN_LATIN");
+}
+
+TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
+  program->messages.AddBlock("0\t&Archivo\n193\tAjustes\n189\tTiempos\n190\tDetalles\n", static_cast<int>(kSpanish));
+  Dialog().cboLanguage.Choose(kSpanish);
+  EXPECT_EQ(Options().Language, u"SPANISH");
+  EXPECT_EQ(Dialog().Title(), u"Ajustes");
+  EXPECT_EQ(Dialog().lblMenu[0].GetText(), u"Tiempos");
+  EXPECT_EQ(Dialog().lblTop.GetText(), u"Tiempos");
+  EXPECT_EQ(Window().mnuFile.GetText(), u"&Archivo");
+  EXPECT_EQ(Dialog().cboLanguage.Index(), static_cast<int>(kSpanish));
+  EXPECT_EQ(Stored(u"Language"), u"ENGLISH");
+}
+
+TEST_F(SettingsLanguage, TheChosenValuesOutliveAChange) {
+  Dialog().cmbApply.Choose(2);
+  Dialog().cmbUImode.Choose(0);
+  Dialog().cboLanguage.Choose(kSpanish);
+  EXPECT_EQ(Dialog().cmbApply.Index(), 2);
+  EXPECT_EQ(Dialog().cmbUImode.Index(), 0);
+  EXPECT_EQ(Options().ApplyWhen, 2);
+}
+
+TEST_F(SettingsLanguage, ArabicMirrorsTheDialog) {
+  Dialog().cboLanguage.Choose(kArabic);
+  EXPECT_TRUE(Dialog().RightToLeft());
+  EXPECT_TRUE(Window().RightToLeft());
+  EXPECT_EQ(Dialog().FlagRow(), static_cast<int>(kArabic));
+  Dialog().cboLanguage.Choose(0);
+  EXPECT_FALSE(Dialog().RightToLeft());
+}
+
+TEST_F(SettingsLanguage, TheNoticeShowsForAnotherCodePageOnly) {
+  EXPECT_FALSE(Dialog().fraNotice.Visible());
+  Dialog().cboLanguage.Choose(kRussian);
+  EXPECT_TRUE(Dialog().fraNotice.Visible());
+  EXPECT_EQ(Dialog().lblWarning.GetText(), u"Warning");
+  EXPECT_EQ(Dialog().lblCurrLang.GetText(), u"Current language for non-Unicode programs: English");
+  EXPECT_EQ(Dialog().lblReqLang.GetText(), u"Required language: Russian (native)");
+  Dialog().cboLanguage.Choose(kSpanish);
+  EXPECT_FALSE(Dialog().fraNotice.Visible());
+}
+
+TEST_F(SettingsLanguage, TheCompletionLinkShowsOnlyWhereTextsLack) {
+  EXPECT_FALSE(Dialog().lblComplete.Visible());
+  Dialog().cboLanguage.Choose(kRussian);
+  EXPECT_TRUE(Dialog().lblComplete.Visible());
+  EXPECT_EQ(Dialog().lblComplete.GetText(), u"Complete this translation...");
+  Hover(Dialog().lblComplete);
+  EXPECT_TRUE(Details().starts_with("This translation is 0% complete.\r\n\r\nTo complete the RUSSIAN translation"));
+}
+
+TEST_F(SettingsLanguage, TheCompletionLinkWritesAndOpensTheTranslationFile) {
+  std::filesystem::create_directory(folder.Path() / "run");
+  Dialog().cboLanguage.Choose(kRussian);
+  bool off = false;
+  const Connection watch = Dialog().lblComplete.Changed.ConnectScoped([&] {
+    if (!Dialog().lblComplete.Enabled()) off = true;
+  });
+  Dialog().lblComplete.Clicked();
+  EXPECT_TRUE(off);
+  EXPECT_TRUE(Dialog().lblComplete.Enabled());
+  EXPECT_FALSE(desktop.busy);
+  EXPECT_EQ(desktop.opened, std::vector<Text>{folder / "run/qxm_100_russian.txt"});
+  EXPECT_TRUE(LastBox().starts_with("The language file has been created, and will be opened now."));
+  EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
+  EXPECT_NE(folder.Read("run/qxm_100_russian.txt").find("23017, \"New subtitle\"\r\n"), std::string::npos);
+}
+
+TEST_F(SettingsLanguage, TheRegionalSettingsOpenOrTheUserIsTold) {
+  Dialog().cmdRegionalSettings.Click();
+  EXPECT_EQ(desktop.regionalSettings, 1);
+  EXPECT_TRUE(boxes.shown.empty());
+  desktop.hasRegionalSettings = false;
+  Dialog().cmdRegionalSettings.Click();
+  EXPECT_EQ(boxes.shown.size(), 1u);
+}
+
+TEST_F(SettingsLanguage, AFirstRunOpensTheDialogAtTheLanguageOnce) {
+  std::filesystem::remove(folder.Path() / "settings.ini");
+  locale.language = u"German";
+  userLocale = &locale;
+  Restart({});
+  int runs = 0;
+  program->dialogs.runSettings = [&] { ++runs; };
+  EXPECT_EQ(Options().Language, u"GERMAN");
+  EXPECT_EQ(Options().LanguageIndex, 21);
+  program->OpenOnFirstRun();
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(events.yields, 1);
+  EXPECT_EQ(Dialog().Page(), 4u);
+  EXPECT_FALSE(program->FirstRun());
+  Dialog().Close();
+  EXPECT_EQ(Stored(u"Language"), u"GERMAN");
+  program->OpenOnFirstRun();
+  EXPECT_EQ(runs, 1);
+  Dialog().Open();
+  EXPECT_EQ(Dialog().Page(), 0u);
+}
+
+TEST_F(SettingsLanguage, AStoreWithAnOldNameHoldsTheNewOneAfterTheDialogCloses) {
+  Dialog().Close();
+  StartIn("FARSI");
+  EXPECT_EQ(Options().Language, u"PERSIAN");
+  EXPECT_EQ(Stored(u"Language"), u"FARSI");
+  Dialog().Close();
+  EXPECT_EQ(Stored(u"Language"), u"PERSIAN");
+}
+
+TEST_F(SettingsStoring, OkWritesEveryKeyInTheFormOfTheStore) {
+  Dialog().chkCollision.Click();
+  Press(Dialog().txtHotkey[9], u'v');
+  Type(Dialog().txtPosition[1], u"33");
+  Choose(Dialog().optOpaque);
+  Dialog().cmbUImode.Choose(1);
+  bool closed = false;
+  const Connection watch = Dialog().Closed.ConnectScoped([&] { closed = true; });
+  Dialog().cmdOK.Click();
+  EXPECT_TRUE(closed);
+  const std::pair<TextView, TextView> rows[] = {{u"AutoSplit", u"1"},
+                                                {u"Collision", u"0"},
+                                                {u"AutoJoin", u"1"},
+                                                {u"Near", u"200"},
+                                                {u"Duration", u"1"},
+                                                {u"Duration0", u"250"},
+                                                {u"Duration1", u"120"},
+                                                {u"Duration2", u"50"},
+                                                {u"Tolerance0", u"200"},
+                                                {u"Tolerance1", u"200"},
+                                                {u"Tolerance2", u"200"},
+                                                {u"ApplyWhen", u"0"},
+                                                {u"T_CREDITS", u"1"},
+                                                {u"T_CREDITSTEXT", u"@,http,www"},
+                                                {u"HotKeys", u"1"},
+                                                {u"kRewindSecs", u"5"},
+                                                {u"kForwardSecs", u"33"},
+                                                {u"hkPlay", u"90"},
+                                                {u"kPlay", u"Z"},
+                                                {u"hkForward", u"86"},
+                                                {u"kForward", u"V"},
+                                                {u"F_FONTNAME", u"Arial"},
+                                                {u"F_FONTSIZE", u"18"},
+                                                {u"F_FONTBOLD", u"255"},
+                                                {u"F_FONTCOLOR", u"16777215"},
+                                                {u"F_OPAQUE", u"255"},
+                                                {u"F_SHADOW", u"0"},
+                                                {u"F_SHADOWVAL", u"1"},
+                                                {u"F_SUBHEIGHT", u"90"},
+                                                {u"F_FOLLOW", u"255"},
+                                                {u"P_STRETCH", u"1"},
+                                                {u"P_UIMODE", u"mini"},
+                                                {u"P_VSFILTERMODE", u"0"},
+                                                {u"Language", u"ENGLISH"}};
+  for (const auto& [key, value] : rows) EXPECT_EQ(Stored(key), value) << ToUtf8(key);
+}
+
+TEST_F(SettingsStoring, ClosingByTheFrameKeepsChangesForTheRunAndStoresTheLanguageAlone) {
+  Dialog().chkCollision.Click();
+  Dialog().cboLanguage.Choose(kSpanish);
+  Dialog().Close();
+  EXPECT_EQ(Options().Collision, 0);
+  EXPECT_EQ(Stored(u"Collision"), u"?");
+  EXPECT_EQ(Stored(u"Language"), u"SPANISH");
+  Reopen();
+  EXPECT_EQ(Options().Collision, 1);
+  EXPECT_EQ(Options().Language, u"SPANISH");
+}
+
+TEST_F(SettingsStoring, AFieldThatWasntLeftCountsAtOk) {
+  Type(Dialog().txtPosition[0], u"900");
+  Type(Dialog().txtCredits, u"x,,y,");
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"kRewindSecs"), u"600");
+  EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"x,y");
+}
+
+TEST_F(SettingsStoring, AFieldThatWasntTouchedStaysAsItIs) {
+  Options().T_CREDITSTEXT = u",a,,b";
+  Options().kRewindSecs = 1;
+  Dialog().FillSettingsControls();
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u",a,,b");
+  EXPECT_EQ(Stored(u"kRewindSecs"), u"1");
+}
+
+TEST_F(SettingsReset, TheFirstPageGoesBackToItsDefaultsWithCreditsOff) {
+  AppOptions& o = Options();
+  o.AutoSplit = o.Collision = o.AutoJoin = o.DurationOn = 0;
+  o.Near = 10;
+  o.Duration = {10, 10, 10};
+  o.Tolerance = {10, 10, 10};
+  o.ApplyWhen = 2;
+  o.T_CREDITSTEXT = u"x";
+  o.HotKeys = 0;
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(o.AutoSplit, 1);
+  EXPECT_EQ(o.Near, 200);
+  EXPECT_EQ(o.Duration, (std::array<std::int16_t, 3>{250, 120, 50}));
+  EXPECT_EQ(o.Tolerance, (std::array<std::int16_t, 3>{200, 200, 200}));
+  EXPECT_EQ(o.ApplyWhen, 0);
+  EXPECT_EQ(o.T_CREDITS, 0);
+  EXPECT_EQ(o.T_CREDITSTEXT, u"@,http,www");
+  EXPECT_EQ(o.HotKeys, 0);
+  EXPECT_FALSE(Dialog().chkCredits.Value());
+  EXPECT_EQ(Dialog().sldAutoJoin.Value(), 20);
+}
+
+TEST_F(SettingsReset, TheSecondPageGoesBackToItsLettersAndSeconds) {
+  Dialog().ShowSettingsPage(1);
+  for (TextBox& box : Dialog().txtHotkey) Press(box, u'q');
+  Options().kRewindSecs = 50;
+  Options().HotKeys = 0;
+  Options().Near = 10;
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Options().hkPlay, 90);
+  EXPECT_EQ(Options().hkForward, 69);
+  EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Z");
+  EXPECT_EQ(Dialog().txtHotkey[9].GetText(), u"E");
+  EXPECT_EQ(Dialog().txtPosition[0].GetText(), u"5");
+  EXPECT_TRUE(Dialog().chkKeys.Value());
+  EXPECT_EQ(Options().Near, 10);
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"kPlay"), u"Z");
+}
+
+TEST_F(SettingsReset, OnThePlayerPageThePreviewGoesBackAndThePlayerStays) {
+  Options().P_UIMODE = u"mini";
+  Options().P_STRETCH = 0;
+  Options().F_FONTNAME = u"Tahoma";
+  Options().F_OPAQUE = true;
+  Options().F_SUBHEIGHT = 10;
+  Dialog().ShowSettingsPage(2);
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Options().P_UIMODE, u"mini");
+  EXPECT_EQ(Options().P_STRETCH, 0);
+  EXPECT_EQ(Options().F_FONTNAME, u"Arial");
+  EXPECT_FALSE(Options().F_OPAQUE);
+  EXPECT_EQ(Options().F_SUBHEIGHT, 90);
+  EXPECT_TRUE(Dialog().optShadow.Value());
+}
+
+TEST_F(SettingsReset, OnThePreviewPageThePlayerGoesBackAndThePreviewStays) {
+  Options().P_UIMODE = u"mini";
+  Options().P_STRETCH = 0;
+  Options().P_VSFILTERMODE = 1;
+  Options().F_FONTNAME = u"Tahoma";
+  Dialog().ShowSettingsPage(3);
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Options().P_UIMODE, u"full");
+  EXPECT_EQ(Options().P_STRETCH, 1);
+  EXPECT_EQ(Options().P_VSFILTERMODE, 0);
+  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
+  EXPECT_EQ(player.uiMode, u"full");
+  EXPECT_TRUE(player.stretch);
+}
+
+TEST_F(SettingsReset, OnTheLanguagePageTheUsersLanguageComesBack) {
+  Dialog().ShowSettingsPage(4);
+  Dialog().cboLanguage.Choose(kArabic);
+  ASSERT_TRUE(Window().RightToLeft());
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Options().Language, u"ENGLISH");
+  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
+  EXPECT_FALSE(Window().RightToLeft());
+  EXPECT_FALSE(Dialog().RightToLeft());
+}
+
+TEST_F(SettingsPages, TheMenuOpensThemOnce) {
+  Dialog().Close();
+  int runs = 0;
+  program->dialogs.runSettings = [&] { ++runs; };
+  Window().mnuGSettings.Click();
+  Window().mnuGSettings.Click();
+  EXPECT_EQ(runs, 1);
+  EXPECT_TRUE(Dialog().IsOpen());
+}
+
+TEST_F(SettingsPages, HelpOpensTheTopics) {
+  Dialog().HelpRequested();
+  EXPECT_EQ(desktop.opened.size(), 1u);
+}
+
+}  // namespace
+}  // namespace cuewright

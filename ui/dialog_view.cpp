@@ -1,0 +1,112 @@
+#include "ui/dialog_view.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+#include "ui/qt_text.h"
+#include "ui/sample_area.h"
+
+namespace cuewright {
+
+QString Indexed(const char* name, std::size_t index) { return QString("%1(%2)").arg(name).arg(index); }
+
+DialogView::DialogView(Dialog& form, QWidget* owner) : QDialog(owner), form_(form), binder_(*this, form) {
+  setObjectName(QString::fromStdString(form.Name()));
+  const auto title = [this] { setWindowTitle(ToQt(form_.Title())); };
+  const auto direction = [this] {
+    setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    AlignLabels();
+  };
+  title();
+  direction();
+  Keep(form_.TitleChanged.ConnectScoped(title));
+  Keep(form_.DirectionChanged.ConnectScoped(direction));
+  Keep(form_.Closed.ConnectScoped([this] {
+    done(QDialog::Accepted);
+    if (goes_) deleteLater();
+  }));
+}
+
+void DialogView::ShowModal() {
+  goes_ = true;
+  setModal(true);
+  show();
+}
+
+void DialogView::reject() { form_.Close(); }
+
+void DialogView::Bind(QWidget* first) {
+  binder_.BindAll();
+  AlignLabels();
+  FitContent();
+  if (first != nullptr) first->setFocus();
+}
+
+void DialogView::AlignLabels() {
+  // By itself a label of Latin text keeps to the left in a window that is read from the right.
+  const Qt::Alignment side = form_.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
+  for (QLabel* label : findChildren<QLabel*>()) {
+    if (dynamic_cast<SampleArea*>(label->parentWidget()) != nullptr) continue;
+    label->setAlignment((label->alignment() & Qt::AlignVertical_Mask) | side | Qt::AlignAbsolute);
+  }
+}
+
+void DialogView::FitContent() {
+  setMinimumSize(0, 0);
+  // A change below a widget reaches the layouts above it later, by events.
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    if (widget->layout() == nullptr) continue;
+    widget->layout()->invalidate();
+    widget->updateGeometry();
+  }
+  layout()->invalidate();
+  layout()->activate();
+  QSize needed = layout()->totalSizeHint();
+  if (layout()->hasHeightForWidth())
+    needed.setHeight(std::max(needed.height(), layout()->totalHeightForWidth(needed.width())));
+  setMinimumSize(needed);
+}
+
+QLabel* DialogView::MakeLabel(const QString& name, QWidget* parent, bool wraps) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(wraps);
+  return label;
+}
+
+QLabel* DialogView::MakeHeading(const char* name, QWidget* parent) {
+  QLabel* label = MakeLabel(name, parent);
+  QFont font = label->font();
+  font.setBold(true);
+  font.setPointSizeF(font.pointSizeF() * 1.25);
+  label->setFont(font);
+  return label;
+}
+
+QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names) {
+  auto* row = new QHBoxLayout;
+  for (const char* name : names) {
+    if (*name == '\0') {
+      row->addStretch();
+      continue;
+    }
+    auto* button = Named(new QPushButton(this), name);
+    button->setMinimumWidth(88);
+    button->setDefault(button->objectName() == "cmdOK");
+    row->addWidget(button);
+  }
+  return row;
+}
+
+void DialogView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
+    form_.HelpRequested();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QToolButton>
+
+namespace cuewright {
+
+/// A button that looks like a link. The keyboard reaches it; Enter presses it as the space bar does.
+class LinkButton : public QToolButton {
+ public:
+  explicit LinkButton(QWidget* parent);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void ShowColour();
+};
+
+/// An entry of a column of which one is chosen. Its text begins where a line of text begins.
+class MenuEntry final : public QToolButton {
+ public:
+  explicit MenuEntry(QWidget* parent);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+}  // namespace cuewright
