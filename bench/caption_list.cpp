@@ -47,6 +47,7 @@ struct Desk {
   DocumentState document;
   testing::FakePlayer player;
   testing::FakeMessages boxes;
+  testing::FakeEventQueue events;
   PosixFiles files;
   SettingsStore store{files, {}};
   MainWindow window;
@@ -56,7 +57,8 @@ struct Desk {
   CaptionPanel panel{window, list, grid, strings};
   Preview preview{window, sub, list, grid, document, options, player};
   TimingCapture capture{window, list, grid, document, options, strings, player, preview};
-  CaptionCommands commands{window, list, grid, panel, document, options, strings, boxes, store, preview, capture};
+  CaptionCommands commands{window,  list,  grid,  panel,   document, options,
+                           strings, boxes, store, preview, capture,  events};
   QMenu menu;
   std::unique_ptr<CaptionTable> table;
 };
