@@ -10,6 +10,7 @@
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
 #include "platform/user_folders.h"
+#include "ui/color_scheme.h"
 #include "ui/delay_view.h"
 #include "ui/export_view.h"
 #include "ui/format_view.h"
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("tessaly-cuewright");
   QApplication::setQuitOnLastWindowClosed(false);
   LoadIcons();
+  const ColorScheme colorScheme;
   // The player's library and the number formats need the plain decimal point.
   std::setlocale(LC_NUMERIC, "C");
 

@@ -63,7 +63,8 @@ bool PaintDivider(QWidget& divider) {
   option.initFrom(&divider);
   option.state |= QStyle::State_Horizontal;
   divider.style()->drawControl(QStyle::CE_Splitter, &option, &painter, &divider);
-  if (divider.hasFocus()) painter.fillRect(divider.rect().adjusted(2, 0, -2, 0), divider.palette().highlight());
+  if (divider.hasFocus() && divider.window()->isActiveWindow())
+    painter.fillRect(divider.rect().adjusted(2, 0, -2, 0), divider.palette().highlight());
   return true;
 }
 
@@ -119,6 +120,8 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
   setWindowTitle(ToQt(form_.Title()));
   ApplyDirection();
+  connections_.push_back(program_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
+  setTabOrder(findChild<QWidget*>("optPreview"), divider_);
   qApp->installEventFilter(this);
   table_->setFocus();
 }
@@ -160,6 +163,7 @@ void MainWindowView::BuildInformationBar() {
   notice->setForegroundRole(QPalette::ToolTipText);
   notice->setAutoFillBackground(true);
   notice->setMargin(4);
+  notice->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   row->addWidget(notice);
   auto* close = Named(new QToolButton(status_), "cmdNotice");
   close->setAutoRaise(true);
@@ -441,6 +445,13 @@ bool MainWindowView::FilterDividerKey(QKeyEvent* event) {
   const bool back = left != (layoutDirection() == Qt::RightToLeft);
   MoveDivider(program_.shell.Layout().Divider().left + (back ? -kDividerStep : kDividerStep));
   return true;
+}
+
+void MainWindowView::FollowDocument() {
+  const bool came = program_.grid.Active() && !hadDocument_;
+  hadDocument_ = program_.grid.Active();
+  // The keyboard is for the list as soon as there is one, unless the user is typing elsewhere.
+  if (came && (focusWidget() == nullptr || focusWidget() == divider_)) table_->setFocus();
 }
 
 void MainWindowView::MoveDivider(int left) {

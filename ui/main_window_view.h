@@ -41,6 +41,7 @@ class MainWindowView final : public QMainWindow {
   QWidget* MakeModes();
   /// What assistive programs read, in the language in force.
   void ApplyNames();
+  void FollowDocument();
   void MoveDivider(int left);
   void ApplyLayout();
   void ApplyColumns();
@@ -69,6 +70,7 @@ class MainWindowView final : public QMainWindow {
   Overlay* overlay_ = nullptr;
   std::unique_ptr<ToolWindows> tools_;
   bool activated_ = false;
+  bool hadDocument_ = false;
   std::vector<Connection> connections_;
 };
 

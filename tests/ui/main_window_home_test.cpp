@@ -95,6 +95,13 @@ TEST_F(Divider, TheArrowKeysMoveIt) {
   EXPECT_NE(divider->focusPolicy() & Qt::TabFocus, 0);
 }
 
+TEST_F(Divider, TheListHasTheKeyboardOnceThereIsADocument) {
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  EXPECT_EQ(view->focusWidget(), Find<QTableView>("grdSubs"));
+}
+
 TEST_F(Divider, ComesBackInTheNextRun) {
   QWidget* divider = Find<QWidget>("imgSize");
   divider->setFocus();

@@ -1,0 +1,103 @@
+#include "ui/color_scheme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QTest>
+
+namespace cuewright {
+namespace {
+
+bool WindowsAreDark() {
+  const QPalette colours = QApplication::palette();
+  return colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
+}
+
+/// The settings portal of a desktop that prefers what the test says.
+class Portal final : public QDBusVirtualObject {
+ public:
+  explicit Portal(uint scheme) : scheme_(scheme) {}
+
+  QString introspect(const QString&) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+    if (message.member() != "Read" || message.arguments() != QVariantList{"org.freedesktop.appearance", "color-scheme"})
+      return false;
+    const QDBusVariant inner{QVariant::fromValue(scheme_)};
+    bus.send(message.createReply(QVariant::fromValue(QDBusVariant(QVariant::fromValue(inner)))));
+    return true;
+  }
+  static void Change(QDBusConnection bus, uint scheme) {
+    QDBusMessage told = QDBusMessage::createSignal("/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
+                                                   "SettingChanged");
+    told << "org.freedesktop.appearance"
+         << "color-scheme" << QVariant::fromValue(QDBusVariant(QVariant::fromValue(scheme)));
+    bus.send(told);
+  }
+
+ private:
+  uint scheme_;
+};
+
+struct ColourTest : ::testing::Test {
+  ~ColourTest() override {
+    QApplication::setPalette(QPalette());
+    qunsetenv("CUEWRIGHT_COLOR_SCHEME");
+  }
+};
+
+using Colours = ColourTest;
+
+TEST_F(Colours, GoDarkAndBack) {
+  ColorScheme scheme;
+  ASSERT_FALSE(WindowsAreDark());
+  scheme.Apply(true);
+  EXPECT_TRUE(WindowsAreDark());
+  scheme.Apply(false);
+  EXPECT_FALSE(WindowsAreDark());
+}
+
+TEST_F(Colours, EveryTextStandsOutFromItsGround) {
+  ColorScheme scheme;
+  scheme.Apply(true);
+  const QPalette colours = QApplication::palette();
+  const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
+      {QPalette::WindowText, QPalette::Window},       {QPalette::Text, QPalette::Base},
+      {QPalette::ButtonText, QPalette::Button},       {QPalette::HighlightedText, QPalette::Highlight},
+      {QPalette::ToolTipText, QPalette::ToolTipBase}, {QPalette::Link, QPalette::Base}};
+  for (const auto& [text, ground] : pairs) {
+    EXPECT_GT(colours.color(text).lightness() - colours.color(ground).lightness(), 80) << text;
+  }
+}
+
+TEST_F(Colours, TheEnvironmentGoesFirst) {
+  qputenv("CUEWRIGHT_COLOR_SCHEME", "dark");
+  const ColorScheme scheme;
+  EXPECT_TRUE(WindowsAreDark());
+}
+
+TEST_F(Colours, FollowTheDesktopsPortalAlsoLater) {
+  // Another party of the bus than the program itself.
+  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
+  if (!bus.isConnected()) GTEST_SKIP() << "there is no session bus here";
+  if (!bus.registerService("org.freedesktop.portal.Desktop")) GTEST_SKIP() << "the desktop's own portal is there";
+  Portal portal(1);
+  ASSERT_TRUE(bus.registerVirtualObject("/org/freedesktop/portal/desktop", &portal));
+  {
+    const ColorScheme scheme;
+    EXPECT_TRUE(QTest::qWaitFor(WindowsAreDark));
+    Portal::Change(bus, 2);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !WindowsAreDark(); }));
+    Portal::Change(bus, 1);
+    EXPECT_TRUE(QTest::qWaitFor(WindowsAreDark));
+  }
+  bus.unregisterObject("/org/freedesktop/portal/desktop");
+  bus.unregisterService("org.freedesktop.portal.Desktop");
+  QDBusConnection::disconnectFromBus("portal");
+}
+
+}  // namespace
+}  // namespace cuewright

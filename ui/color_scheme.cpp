@@ -1,0 +1,105 @@
+#include "ui/color_scheme.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QStyle>
+
+namespace cuewright {
+namespace {
+
+// The settings portal of the freedesktop.org desktops; 1 stands for dark.
+constexpr char kService[] = "org.freedesktop.portal.Desktop";
+constexpr char kPath[] = "/org/freedesktop/portal/desktop";
+constexpr char kInterface[] = "org.freedesktop.portal.Settings";
+constexpr char kGroup[] = "org.freedesktop.appearance";
+constexpr char kKey[] = "color-scheme";
+constexpr uint kPrefersDark = 1;
+
+/// The value of a reply; the older call wraps it twice.
+uint SchemeOf(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+  return value.toUInt();
+}
+
+QPalette DarkPalette() {
+  QPalette colours;
+  const QColor window(0x2b, 0x2d, 0x30);
+  const QColor base(0x1e, 0x1f, 0x22);
+  const QColor text(0xe4, 0xe6, 0xe9);
+  const QColor faint(0x80, 0x84, 0x8b);
+  const QColor highlight(0x2f, 0x6f, 0xb5);
+  colours.setColor(QPalette::Window, window);
+  colours.setColor(QPalette::WindowText, text);
+  colours.setColor(QPalette::Base, base);
+  colours.setColor(QPalette::AlternateBase, window);
+  colours.setColor(QPalette::Text, text);
+  colours.setColor(QPalette::PlaceholderText, faint);
+  colours.setColor(QPalette::Button, QColor(0x3a, 0x3d, 0x42));
+  colours.setColor(QPalette::ButtonText, text);
+  colours.setColor(QPalette::BrightText, Qt::white);
+  colours.setColor(QPalette::ToolTipBase, QColor(0x45, 0x48, 0x4e));
+  colours.setColor(QPalette::ToolTipText, text);
+  colours.setColor(QPalette::Highlight, highlight);
+  colours.setColor(QPalette::HighlightedText, Qt::white);
+  colours.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf5));
+  colours.setColor(QPalette::LinkVisited, QColor(0xb4, 0x9c, 0xe8));
+  colours.setColor(QPalette::Light, QColor(0x4a, 0x4d, 0x53));
+  colours.setColor(QPalette::Midlight, QColor(0x42, 0x45, 0x4a));
+  colours.setColor(QPalette::Mid, QColor(0x24, 0x26, 0x29));
+  colours.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
+  colours.setColor(QPalette::Shadow, Qt::black);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    colours.setColor(QPalette::Disabled, role, faint);
+  }
+  colours.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x4a, 0x4d, 0x53));
+  return colours;
+}
+
+bool IsDark(const QPalette& colours) {
+  return colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
+}
+
+}  // namespace
+
+ColorScheme::ColorScheme() : own_(QApplication::palette()), ownStyle_(QApplication::style()->objectName()) {
+  const QByteArray wanted = qgetenv("CUEWRIGHT_COLOR_SCHEME");
+  if (wanted.isEmpty()) {
+    AskDesktop();
+  } else {
+    Apply(wanted == "dark");
+  }
+}
+
+void ColorScheme::AskDesktop() {
+  QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return;
+  bus.connect(kService, kPath, kInterface, "SettingChanged", this, SLOT(OnSettingChanged(QDBusMessage)));
+  QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kInterface, "Read");
+  question << QString(kGroup) << QString(kKey);
+  // The window doesn't wait for the desktop's answer.
+  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
+    const QDBusPendingReply<QDBusVariant> reply = *finished;
+    if (!reply.isError()) Apply(SchemeOf(reply.value().variant()) == kPrefersDark);
+    finished->deleteLater();
+  });
+}
+
+void ColorScheme::OnSettingChanged(const QDBusMessage& message) {
+  const QVariantList values = message.arguments();
+  if (values.size() == 3 && values[0] == kGroup && values[1] == kKey) Apply(SchemeOf(values[2]) == kPrefersDark);
+}
+
+void ColorScheme::Apply(bool dark) {
+  if (dark == dark_ || (dark && IsDark(own_))) return;
+  dark_ = dark;
+  // The other styles draw their own light surfaces whatever the colours say.
+  if (dark && ownStyle_ != "fusion") QApplication::setStyle("fusion");
+  QApplication::setPalette(dark ? DarkPalette() : QPalette());
+  if (!dark && ownStyle_ != "fusion") QApplication::setStyle(ownStyle_);
+}
+
+}  // namespace cuewright
