@@ -10,6 +10,7 @@
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
 #include "platform/user_folders.h"
+#include "ui/audio_view.h"
 #include "ui/color_scheme.h"
 #include "ui/delay_view.h"
 #include "ui/export_view.h"
@@ -84,6 +85,7 @@ int main(int argc, char** argv) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
     program.tools.runDelayDialog = [&] { RunDelayDialog(program.tools.delayDialog, window.get()); };
+    program.audio.runDialog = [&] { RunAudioDialog(program.audio.dialog, window.get()); };
     program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
     program.dialogs.runSettings = [&] { (new SettingsView(program.dialogs.settings, BoxOwner()))->ShowModal(); };
     program.dialogs.runFormat = [&] { (new FormatView(program.dialogs.format, BoxOwner()))->ShowModal(); };

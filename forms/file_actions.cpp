@@ -265,6 +265,7 @@ void FileActions::Close() {
 }
 
 void FileActions::CloseDocuments() {
+  closeWave();
   p_.window.tmrTime.SetEnabled(false);
   p_.capture.Reset();
   p_.capture.SelectMode(CaptionMode::PressAndHold);

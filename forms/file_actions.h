@@ -90,6 +90,7 @@ class FileActions {
   std::function<void()> applyRulesOnLoad;
   std::function<bool()> chooseFormat;  ///< the export dialog; false when it was left without a choice
   std::function<void(TextView)> openAudioFile;
+  std::function<void()> closeWave;
 
  private:
   void Wire();

@@ -49,6 +49,9 @@ Program::Program(Ports ports, StartEnvironment environment)
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
       tools(window, list, strings, languages, openForms, ports_),
+      audioBar({window, list, preview, document, options, strings, ports_.files, ports_.messages, ports_.events,
+                ports_.player}),
+      audio(window, document, strings, languages, store, recall, audioBar, ports_),
       undo(window, list, history, capture, preview, strings) {
   Connect();
 }
@@ -94,12 +97,21 @@ void Program::Connect() {
   ConnectHistory();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
-  files.openAudioFile = [this](TextView path) { playerBinding.LoadVideoFile(path); };
+  ConnectAudio();
   files.chooseFormat = [this] {
     exportDialog.Open(languages.IsRightToLeft());
     if (runExportDialog) runExportDialog();
     return exportDialog.Result();
   };
+}
+
+void Program::ConnectAudio() {
+  files.openAudioFile = [this](TextView path) { audio.OpenAudioFile(path, kAudioToPlayer); };
+  files.closeWave = [this] { audioBar.Forget(); };
+  audio.closeTools = files.closeTools;
+  audio.resetControls = files.resetControls;
+  audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
+  tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
 }
 
 void Program::ConnectRules() {
@@ -149,6 +161,7 @@ bool Program::Start() {
 Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   window.SetTitle(Text(kProductName) + u" " + VersionText());
   const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
+  audioBar.LoadOptions();
   ApplyLanguage();
   panel.ResetGrid(false);
   shell.ResetControls();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include "audio/audio_bar.h"
 #include "core/caption_grid.h"
 #include "core/caption_list.h"
 #include "core/caption_panel.h"
@@ -20,6 +21,7 @@
 #include "formats/format_host.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
+#include "forms/audio_commands.h"
 #include "forms/caption_commands.h"
 #include "forms/dialogs.h"
 #include "forms/editing_tools.h"
@@ -119,6 +121,8 @@ class Program final : private FormatHost {
   ReportWindow reportWindow;
   RulesCommands rules;
   EditingTools tools;
+  AudioBar audioBar;
+  AudioCommands audio;
   UndoCommands undo;
 
   /// The windows that stand beside the main one.
@@ -133,6 +137,7 @@ class Program final : private FormatHost {
  private:
   void Connect();
   void ConnectRules();
+  void ConnectAudio();
   void ConnectFiles();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(std::size_t text);

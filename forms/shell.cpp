@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "audio/audio_bar.h"
 #include "core/caption_time.h"
 #include "core/numbers.h"
 #include "core/paths.h"
@@ -67,8 +68,7 @@ void Shell::Wire() {
   });
   // Built by parts that aren't there yet.
   for (MenuItem* item :
-       {&window_.mnuOpenWav, &window_.mnuEmbed, &window_.mnuAudioBar, &window_.mnuAudioBarColor, &window_.mnuFullWave,
-        &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
+       {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
     item->SetEnabled(false);
   }
 }
@@ -78,10 +78,6 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   StartSize size;
   step([&] {
     window_.mnuInfoBar.SetChecked(options_.M_INFOBAR);
-    window_.mnuAudioBar.SetChecked(options_.M_AUDIOBAR);
-    window_.mnuFullWave.SetChecked(options_.M_FULLWAVE);
-    window_.picWave.SetVisible(false);
-    window_.picLevel.SetVisible(false);
     UpdateBars();
   });
   step([&] { grid_.SetFont(options_.M_FONTNAME, options_.M_FONTSIZE, options_.M_FONTBOLD); });
@@ -173,7 +169,7 @@ void Shell::RefreshFileLabels() {
 
 void Shell::UpdateBars() {
   window_.picIco.SetVisible(options_.M_INFOBAR);
-  layout_.SetBars(options_.M_INFOBAR, 0, kBottomHeight);
+  layout_.SetBars(options_.M_INFOBAR, options_.M_AUDIOBAR ? AudioBar::kHeight : 0, kBottomHeight);
   LayoutChanged();
 }
 
@@ -264,6 +260,7 @@ void Shell::ApplyMenuTexts() {
                            {w.lblShow, 318},
                            {w.lblDuration, 320},
                            {w.lblMainMode, 32},
+                           {w.lblWaveTip, 30},
                            {w.optManual, 34},
                            {w.optPreview, 35}};
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);

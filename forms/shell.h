@@ -48,6 +48,8 @@ class Shell {
 
   MainLayout& Layout() { return layout_; }
   LayoutMemory& Memory() { return memory_; }
+  /// Lays the window out for the bars that are switched on.
+  void UpdateBars();
   /// Lays the columns out for the present layout; the widths of text pane and scroll bar are the window's.
   void ApplyColumns(int paneWidth, int scrollBarWidth);
 
@@ -57,7 +59,6 @@ class Shell {
   void Wire();
   void SetDocumentItems(bool on);
   void ToggleInfoBar();
-  void UpdateBars();
   void ApplyMenuTexts();
   void ApplyTexts(bool rightToLeft);
   void ApplyDirection(bool rightToLeft);

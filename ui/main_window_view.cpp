@@ -26,6 +26,7 @@
 #include <QVBoxLayout>
 
 #include "core/product.h"
+#include "ui/audio_bar_widgets.h"
 #include "ui/caption_table.h"
 #include "ui/held_keys.h"
 #include "ui/key_codes.h"
@@ -106,7 +107,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   setAcceptDrops(true);
   video_->setParent(area_);
   logo_ = Named(new SvgPicture(":/logo.svg", area_), "picPLogo");
-  for (const char* name : {"picWave", "picLevel"}) Named(new QWidget(area_), name)->hide();
+  audioBar_ = std::make_unique<AudioBarWidgets>(program_.audioBar, area_);
   overlay_ = new Overlay(program_.sub, area_);
   BuildBottomPanel();
   ApplyNames();
@@ -275,10 +276,11 @@ void MainWindowView::BuildBottomPanel() {
 
 void MainWindowView::ApplyNames() {
   const std::pair<const char*, std::size_t> names[] = {
-      {"txtTime(0)", 906}, {"txtTime(1)", 907}, {"txtSub", 908},       {"grdSubs", 909},  {"picPLogo", 25},
-      {"imgSize", 917},    {"picStatus", 916},  {"picBottom", 919},    {"picWave", 914},  {"picLevel", 915},
-      {"WMP", 920},        {"cmdNotice", 905},  {"wmpTransport", 913}, {"wmpPlay", 127},  {"wmpPause", 128},
-      {"wmpStop", 129},    {"wmpMute", 912},    {"wmpSeek", 910},      {"wmpVolume", 911}};
+      {"txtTime(0)", 906},  {"txtTime(1)", 907}, {"txtSub", 908},    {"grdSubs", 909},   {"picPLogo", 25},
+      {"imgSize", 917},     {"picStatus", 916},  {"picBottom", 919}, {"picWave", 914},   {"picLevel", 915},
+      {"sldWavScale", 970}, {"imgWavPos", 971},  {"WMP", 920},       {"cmdNotice", 905}, {"wmpTransport", 913},
+      {"wmpPlay", 127},     {"wmpPause", 128},   {"wmpStop", 129},   {"wmpMute", 912},   {"wmpSeek", 910},
+      {"wmpVolume", 911}};
   for (const auto& [name, text] : names) {
     auto* widget = findChild<QWidget*>(name);
     if (widget == nullptr) continue;
@@ -324,6 +326,7 @@ void MainWindowView::ApplyLayout() {
   divider_->setGeometry(Placed(layout.Divider()));
   video_->setGeometry(Placed(layout.Player()));
   bottom_->setGeometry(Placed(layout.Bottom()));
+  audioBar_->Place(Placed(layout.Wave()));
   bottom_->layout()->activate();
   const QRect player = Placed(layout.Player());
   const QSize logo(160, 120);

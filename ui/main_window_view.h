@@ -9,6 +9,7 @@
 
 namespace cuewright {
 
+class AudioBarWidgets;
 class CaptionTable;
 class Overlay;
 class ToolWindows;
@@ -68,6 +69,7 @@ class MainWindowView final : public QMainWindow {
   QWidget* pane_ = nullptr;
   QWidget* barLogo_ = nullptr;
   Overlay* overlay_ = nullptr;
+  std::unique_ptr<AudioBarWidgets> audioBar_;
   std::unique_ptr<ToolWindows> tools_;
   bool activated_ = false;
   bool hadDocument_ = false;

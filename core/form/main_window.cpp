@@ -30,6 +30,11 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuAFileName.SetVisible(false);
   mnuRecent.SetVisible(false);
   cmdCancel.SetVisible(false);
+  for (Control* control :
+       std::initializer_list<Control*>{&picWave, &picLevel, &sldWavScale, &imgWavPos, &lblWave, &lblWaveTip}) {
+    control->SetVisible(false);
+  }
+  sldWavScale.SetEnabled(false);
   optPress.SetValue(true);
 }
 

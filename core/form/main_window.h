@@ -25,6 +25,10 @@ class MainWindow final : public Form {
   // The Audio bar.
   Picture picWave{*this, "picWave"};
   Picture picLevel{*this, "picLevel"};
+  Slider sldWavScale{*this, "sldWavScale"};
+  Picture imgWavPos{*this, "imgWavPos"};
+  Label lblWave{*this, "lblWave"};
+  Label lblWaveTip{*this, "lblWaveTip"};
 
   // The bottom panel.
   Picture picBottom{*this, "picBottom"};

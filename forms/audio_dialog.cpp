@@ -1,0 +1,65 @@
+#include "forms/audio_dialog.h"
+
+#include "core/numbers.h"
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kModeKey = u"AUDIOMODE";
+
+}  // namespace
+
+AudioDialog::AudioDialog(const LangStrings& strings, SettingsStore& store)
+    : Dialog("frmAudio"), strings_(strings), store_(store) {
+  chkAudio.Clicked.Connect([this] { ShowMode(); });
+  chkPlayer.Clicked.Connect([this] { ShowMode(); });
+  cmdOK.Clicked.Connect([this] { Accept(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+}
+
+void AudioDialog::Open(bool rightToLeft) {
+  chosen_ = kAudioToNowhere;
+  SetTitle(ReplaceAll(strings_[61], u"...", {}));
+  SetRightToLeft(rightToLeft);
+  lblTop.SetText(strings_[416]);
+  chkAudio.SetText(strings_[356]);
+  chkPlayer.SetText(strings_[417]);
+  cmdOK.SetText(strings_[66]);
+  cmdCancel.SetText(strings_[67]);
+  for (Control* control : std::initializer_list<Control*>{&lblTop, &chkAudio, &chkPlayer, &lblFormats}) {
+    control->SetRightToLeft(rightToLeft);
+  }
+  // As the window is designed; setting a box is what brings the two after it.
+  ShowFormats(u"N/A");
+  cmdOK.SetEnabled(false);
+  chkAudio.SetValue(false);
+  chkPlayer.SetValue(false);
+  const double mode = LeadingNumber(store_.GetSetting(kMainSection, kModeKey, u"1"));
+  if (mode == kAudioToBar || mode == kAudioToBar + kAudioToPlayer) chkAudio.SetValue(true);
+  if (mode == kAudioToPlayer || mode == kAudioToBar + kAudioToPlayer) chkPlayer.SetValue(true);
+  if (Mode() != kAudioToNowhere) ShowMode();
+  NoteOpened();
+}
+
+std::uint8_t AudioDialog::Mode() const {
+  const int mode = (chkAudio.Value() ? kAudioToBar : 0) + (chkPlayer.Value() ? kAudioToPlayer : 0);
+  return static_cast<std::uint8_t>(mode);
+}
+
+void AudioDialog::ShowMode() {
+  const std::uint8_t mode = Mode();
+  ShowFormats(mode == kAudioToNowhere  ? u"N/A"
+              : mode == kAudioToPlayer ? u"WAV, MP3, SND, AU, AIF, WMA"
+                                       : u"WAV (PCM)");
+  cmdOK.SetEnabled(mode != kAudioToNowhere);
+}
+
+void AudioDialog::ShowFormats(TextView list) { lblFormats.SetText(strings_[418] + Text(kLineEnd) + Text(list)); }
+
+void AudioDialog::Accept() {
+  chosen_ = Mode();
+  store_.SaveSetting(kMainSection, kModeKey, Decimal(chosen_));
+  Close();
+}
+
+}  // namespace cuewright
