@@ -21,6 +21,7 @@
 #include "ui/settings_view.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
+#include "ui/toolkit_texts.h"
 #include "ui/video_surface.h"
 #include "ui/video_view.h"
 
@@ -76,9 +77,12 @@ int main(int argc, char** argv) {
   const IcuLocale locale;
   environment.locale = &locale;
 
+  ToolkitTexts toolkitTexts;
   Program program({files, messages, dialogs, events, desktop, player, pickers}, environment);
   messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
+  toolkitTexts.Use(program.options.Language);
+  program.LanguageChanged.Connect([&] { toolkitTexts.Use(program.options.Language); });
 
   std::unique_ptr<MainWindowView> window;
   const auto showMainWindow = [&] {
