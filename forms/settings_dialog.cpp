@@ -212,6 +212,7 @@ void SettingsDialog::WireLanguage() {
 void SettingsDialog::ChooseLanguage() {
   if (changeLanguage) changeLanguage(parts_.languages.RowOfDisplayName(cboLanguage.GetText()));
   ApplySettingsDialogLanguage();
+  RenewDetails();
 }
 
 void SettingsDialog::CompleteTranslation() {
@@ -266,6 +267,7 @@ void SettingsDialog::Reset() {
       parts_.languages.ReadUserCharset();
       if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.LanguageIndex));
       ApplySettingsDialogLanguage();
+      RenewDetails();
   }
   creditsOpen_ = false;
   positionOpen_ = {};

@@ -98,6 +98,8 @@ class SettingsDialog final : public SettingsWindow {
   void ClosePanels();
   void PointAtMenu(std::size_t entry);
   void LeaveMenu();
+  /// In the language in force, details that are on show.
+  void RenewDetails();
 
   void TakeHotkey(std::size_t index, KeyEvent& key);
   void TakeHotkeyText(std::size_t index);

@@ -87,6 +87,10 @@ void SettingsDialog::PointAtMenu(std::size_t entry) {
   for (std::size_t i = 0; i < kPages; ++i) lblMenu[i].SetUnderlined(i == entry);
 }
 
+void SettingsDialog::RenewDetails() {
+  if (lblDetails.Visible()) ShowSettingsDetails(strings_[kOverPage[page_]]);
+}
+
 void SettingsDialog::LeaveMenu() {
   for (Label& label : lblMenu) label.SetUnderlined(false);
 }

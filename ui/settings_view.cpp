@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QShortcut>
 #include <QStyle>
@@ -57,6 +58,7 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
   }));
   const std::array<Picture*, 3> panels = {&form_.picAutoJoin, &form_.picDuration, &form_.picCredits};
   for (Picture* panel : panels) Keep(panel->Changed.ConnectScoped([this] { PlacePanels(); }));
+  PaintPanels();
   ShowPage();
   ShowSample();
   ShowFlag();
@@ -166,6 +168,13 @@ void SettingsView::MeasureDetails() {
   details_->setFixedHeight(height + 24);
 }
 
+void SettingsView::PaintPanels() {
+  QPalette colours = QGuiApplication::palette();
+  colours.setBrush(QPalette::Window, colours.toolTipBase());
+  colours.setBrush(QPalette::WindowText, colours.toolTipText());
+  for (QWidget* panel : panels_) panel->setPalette(colours);
+}
+
 void SettingsView::ShowPage() {
   const std::size_t page = form_.Page();
   menu_->button(static_cast<int>(page))->setChecked(true);
@@ -232,6 +241,10 @@ void SettingsView::changeEvent(QEvent* event) {
 
 bool SettingsView::event(QEvent* event) {
   const bool handled = DialogView::event(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) {
+    PaintPanels();
+    ShowSample();
+  }
   // The check boxes have found their places.
   if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
     PlacePanels();

@@ -45,6 +45,8 @@ class SettingsView final : public DialogView {
   QGroupBox* MakeNoticeGroup(QWidget* page);
   QWidget* MakeRuleRow(const char* check, const char* image, QWidget* page);
 
+  /// Gives the rules' panels the colours of a tool tip.
+  void PaintPanels();
   void ShowPage();
   void ShowSample();
   void ShowFlag();

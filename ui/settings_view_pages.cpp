@@ -96,10 +96,6 @@ QWidget* SettingsView::MakePanel(const char* name, QWidget* page) {
   auto* panel = Named(new QFrame(page), name);
   panel->setFrameShape(QFrame::StyledPanel);
   panel->setAutoFillBackground(true);
-  QPalette colours = panel->palette();
-  colours.setBrush(QPalette::Window, colours.toolTipBase());
-  colours.setBrush(QPalette::WindowText, colours.toolTipText());
-  panel->setPalette(colours);
   panel->hide();
   return panel;
 }

@@ -559,6 +559,17 @@ TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
   EXPECT_EQ(Stored(u"Language"), u"ENGLISH");
 }
 
+TEST_F(SettingsLanguage, DetailsOnShowChangeWithIt) {
+  program->messages.AddBlock("191\tElija un idioma.\n", static_cast<int>(kSpanish));
+  Dialog().ShowSettingsPage(4);
+  Dialog().cboLanguage.Choose(kSpanish);
+  EXPECT_FALSE(Dialog().lblDetails.Visible());
+  Dialog().cboLanguage.Choose(0);
+  Hover(Dialog().cmdReset);
+  Dialog().cboLanguage.Choose(kSpanish);
+  EXPECT_EQ(Details(), "Elija un idioma.");
+}
+
 TEST_F(SettingsLanguage, TheChosenValuesOutliveAChange) {
   Dialog().cmbApply.Choose(2);
   Dialog().cmbUImode.Choose(0);
