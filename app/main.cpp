@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "forms/program.h"
+#include "platform/journal_files.h"
 #include "platform/locale.h"
 #include "platform/mpv_library.h"
 #include "platform/mpv_player.h"
@@ -78,7 +79,8 @@ int main(int argc, char** argv) {
   environment.locale = &locale;
 
   ToolkitTexts toolkitTexts;
-  Program program({files, messages, dialogs, events, desktop, player, pickers}, environment);
+  JournalFiles journals(JournalFolderPath());
+  Program program({files, messages, dialogs, events, desktop, player, pickers, &journals}, environment);
   messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
   toolkitTexts.Use(program.options.Language);

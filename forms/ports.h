@@ -4,6 +4,7 @@
 #include "core/ports/event_queue.h"
 #include "core/ports/file_dialogs.h"
 #include "core/ports/files.h"
+#include "core/ports/journal_store.h"
 #include "core/ports/messages.h"
 #include "core/ports/pickers.h"
 #include "core/ports/player.h"
@@ -19,6 +20,7 @@ struct Ports {
   Desktop& desktop;
   Player& player;
   Pickers& pickers;
+  JournalStore* journal = nullptr;  ///< null: no journal is kept
 };
 
 }  // namespace cuewright

@@ -1,5 +1,7 @@
 #include "forms/program.h"
 
+#include <algorithm>
+
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/product.h"
@@ -52,7 +54,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       audioBar({window, list, preview, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
       audio(window, document, strings, languages, store, recall, audioBar, ports_),
-      undo(window, list, history, capture, preview, strings) {
+      undo(window, list, history, capture, preview, strings),
+      journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }) {
   Connect();
 }
 
@@ -95,6 +98,7 @@ void Program::Connect() {
   ConnectRules();
   ConnectFiles();
   ConnectHistory();
+  ConnectJournal();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
   ConnectAudio();
@@ -126,6 +130,57 @@ void Program::ConnectHistory() {
   files.DocumentClosed.Connect([this] { history.End(); });
   files.Saved.Connect([this] { history.MarkSaved(); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
+}
+
+void Program::ConnectJournal() {
+  for (Signal<>* nothingToLose : {&files.DocumentOpened, &files.DocumentClosed, &files.Saved}) {
+    nothingToLose->Connect([this] { journal.Forget(); });
+  }
+  journal.tellFailure = [this](const RuntimeError& error) {
+    if (notices.Seen()) {
+      notices.Tell(951, error.description);
+    } else {
+      ports_.messages.Show({Fill(strings[951], error.description), BoxIcon::Warning});
+    }
+  };
+}
+
+JournalDocument Program::DescribeDocument() const {
+  JournalDocument described;
+  described.path = document.SubtitlePath;
+  described.format = catalogue.Identifier(formats.CurrentFormatIndex);
+  described.fps = formats.CurrentFps;
+  described.codePage = formats.Encoding.codePage;
+  described.mark = formats.Encoding.mark;
+  return described;
+}
+
+bool Program::OfferRestore() {
+  if (ports_.journal == nullptr) return false;
+  const auto restored = OfferLeftDocuments(*ports_.journal, ports_.messages, strings);
+  if (!restored) return false;
+  RestoreDocument(restored->document);
+  journal.Adopt(restored->journal, restored->bytes);
+  return true;
+}
+
+void Program::RestoreDocument(const JournalDocument& restored) {
+  files.closeTools();
+  document.SubtitlePath = restored.path;
+  capture.Reset();
+  commands.RestoreSeparator(restored.separator);
+  panel.ResetGrid(true);
+  ruleReport.ResetRuleReport();
+  list.Replace(1, list.Rows() - 1, restored.captions);
+  formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
+  formats.CurrentFps = restored.fps;
+  formats.Encoding = {restored.codePage, restored.mark};
+  files.DocumentOpened();
+  // Its file, if it has one, holds less.
+  history.Begin(false);
+  document.DocModified = true;
+  shell.ResetControls();
+  list.SetRow(restored.selected, true);
 }
 
 bool Program::Start() {
@@ -177,7 +232,9 @@ void Program::OpenOnFirstRun() {
 
 void Program::OnFirstActivation() {
   const Text path = std::exchange(startFile_, {});
-  if (!path.empty()) files.OpenStartFile(path);
+  const bool restored = OfferRestore();
+  // A text would take the place of the document that has just come back.
+  if (!path.empty() && (!restored || KindOfFile(path) != FileKind::Subtitle)) files.OpenStartFile(path);
 }
 
 std::int16_t Program::ChangeLanguage(std::size_t row) {

@@ -27,6 +27,8 @@
 #include "forms/editing_tools.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
+#include "forms/journal_keeper.h"
+#include "forms/journal_restore.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
@@ -124,6 +126,7 @@ class Program final : private FormatHost {
   AudioBar audioBar;
   AudioCommands audio;
   UndoCommands undo;
+  JournalKeeper journal;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow}; }
@@ -142,6 +145,11 @@ class Program final : private FormatHost {
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(std::size_t text);
   void ConnectHistory();
+  void ConnectJournal();
+  JournalDocument DescribeDocument() const;
+  /// Offers what a program that ended had not saved; true when a document was restored.
+  bool OfferRestore();
+  void RestoreDocument(const JournalDocument& restored);
   void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();

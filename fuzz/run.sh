@@ -6,7 +6,7 @@ set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import catalogue encodings round_trip wave}
+names=${*:-import catalogue encodings round_trip wave journal}
 build=$root/build/fuzz
 
 cmake -S "$root" --preset fuzz >/dev/null

@@ -37,6 +37,16 @@ Text SettingsFilePath() {
   return FromUtf8(folder + "/tessaly-cuewright/settings.ini");
 }
 
+Text JournalFolderPath() {
+  std::string folder = FolderFrom("XDG_STATE_HOME");
+  if (folder.empty()) {
+    const std::string home = FolderFrom("HOME");
+    if (home.empty()) return {};
+    folder = home + "/.local/state";
+  }
+  return FromUtf8(folder + "/tessaly-cuewright/journals");
+}
+
 Text MakeRunFolder() {
   for (std::string base : {FolderFrom("XDG_RUNTIME_DIR"), FolderFrom("TMPDIR"), std::string("/tmp")}) {
     if (base.empty()) continue;

@@ -7,6 +7,9 @@ namespace cuewright {
 /// The user's settings file, in the XDG configuration folder.
 Text SettingsFilePath();
 
+/// The folder of the journals of unsaved documents, in the user's state folder; empty without a home.
+Text JournalFolderPath();
+
 /// Makes a folder for this run alone, with a name nobody can guess and for this user only (mode 0700), and gives its
 /// path with a "/" at the end. Run-time error when that fails.
 Text MakeRunFolder();

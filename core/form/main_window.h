@@ -53,6 +53,7 @@ class MainWindow final : public Form {
   Timer tmrLimit{*this, "tmrLimit", 1};
   Timer tmrPreview{*this, "tmrPreview", 10};
   Timer tmrWave{*this, "tmrWave", 20};
+  Timer tmrJournal{*this, "tmrJournal", 200};
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNew{*this, "mnuNew", &mnuFile};

@@ -28,7 +28,7 @@ struct ProgramFixture : ::testing::Test {
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.locale = userLocale;
-    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
+    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers, journal}, environment);
     started = program->Start();
     program->options.Near = 199;  // the captions of `SubRip` are 200 ms apart, and stay so on load
     program->LoadMainWindow(1280, 800);
@@ -62,6 +62,7 @@ struct ProgramFixture : ::testing::Test {
   FakeEventQueue events;
   FakeDesktop desktop;
   FakePlayer player;
+  JournalStore* journal = nullptr;  ///< taken by the next start
   FakePickers pickers;
   std::unique_ptr<Program> program;
   const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales

@@ -1,0 +1,306 @@
+#include "core/journal.h"
+
+#include <array>
+#include <bit>
+#include <utility>
+
+#include "core/row_store.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::uint8_t kSnapshot = 1;
+constexpr std::uint8_t kBatch = 2;
+constexpr std::uint8_t kRows = 1;
+constexpr std::uint8_t kTimes = 2;
+constexpr std::size_t kFrame = 8;
+
+constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
+  std::array<std::uint32_t, 256> table{};
+  for (std::uint32_t i = 0; i < table.size(); ++i) {
+    std::uint32_t value = i;
+    for (int bit = 0; bit < 8; ++bit) value = (value >> 1) ^ ((value & 1) != 0 ? 0xEDB88320U : 0U);
+    table[i] = value;
+  }
+  return table;
+}
+
+std::uint32_t Crc32(std::string_view bytes) {
+  static constexpr std::array<std::uint32_t, 256> kTable = MakeCrcTable();
+  std::uint32_t crc = 0xFFFFFFFFU;
+  for (const char byte : bytes) crc = (crc >> 8) ^ kTable[(crc ^ static_cast<std::uint8_t>(byte)) & 0xFF];
+  return ~crc;
+}
+
+void PutFixed(std::string& out, std::uint32_t value) {
+  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<char>(value >> shift));
+}
+
+std::uint32_t FixedAt(std::string_view bytes, std::size_t at) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < 4; ++i) value |= std::uint32_t{static_cast<std::uint8_t>(bytes[at + i])} << (8 * i);
+  return value;
+}
+
+void Put(std::string& out, std::uint64_t value) {
+  for (; value >= 0x80; value >>= 7) out.push_back(static_cast<char>(value | 0x80));
+  out.push_back(static_cast<char>(value));
+}
+
+/// A number with a sign: small ones stay short on both sides of 0.
+void PutSigned(std::string& out, std::int64_t value) {
+  Put(out, (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63));
+}
+
+void PutText(std::string& out, TextView text) {
+  Put(out, text.size());
+  for (const char16_t unit : text) {
+    out.push_back(static_cast<char>(unit));
+    out.push_back(static_cast<char>(unit >> 8));
+  }
+}
+
+void PutCaption(std::string& out, const Caption& caption) {
+  PutSigned(out, caption.start);
+  PutSigned(out, caption.end);
+  PutText(out, caption.text);
+}
+
+/// Takes a payload apart. Once something doesn't fit, everything is 0 and `Good` is false.
+class Reader {
+ public:
+  explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+
+  bool Good() const { return good_; }
+  bool AtEnd() const { return at_ == bytes_.size(); }
+
+  std::uint8_t Byte() {
+    if (at_ >= bytes_.size()) return Fail();
+    return static_cast<std::uint8_t>(bytes_[at_++]);
+  }
+  std::uint64_t Number() {
+    std::uint64_t value = 0;
+    for (int shift = 0; shift < 64; shift += 7) {
+      const std::uint8_t byte = Byte();
+      value |= std::uint64_t{byte & 0x7FU} << shift;
+      if ((byte & 0x80) == 0) return good_ ? value : 0;
+    }
+    return Fail();
+  }
+  std::int64_t Signed() {
+    const std::uint64_t value = Number();
+    return static_cast<std::int64_t>((value >> 1) ^ (~(value & 1) + 1));
+  }
+  std::int32_t Ms() {
+    const std::int64_t value = Signed();
+    if (value != static_cast<std::int32_t>(value)) return Fail();
+    return static_cast<std::int32_t>(value);
+  }
+  /// A count of at most `most`.
+  Row Count(Row most) {
+    const std::uint64_t value = Number();
+    if (value > static_cast<std::uint64_t>(most)) return Fail();
+    return static_cast<Row>(value);
+  }
+  Text String() {
+    const std::uint64_t size = Number();
+    if (size > (bytes_.size() - at_) / 2) return Fail(), Text();
+    Text text(static_cast<std::size_t>(size), u'\0');
+    for (char16_t& unit : text) {
+      const unsigned low = Byte();
+      unit = static_cast<char16_t>(low | unsigned{Byte()} << 8);
+    }
+    return text;
+  }
+  Caption OneCaption() {
+    Caption caption;
+    caption.start = Ms();
+    caption.end = Ms();
+    caption.text = String();
+    return caption;
+  }
+  /// So many captions; none once something doesn't fit.
+  std::vector<Caption> Captions(Row count) {
+    std::vector<Caption> captions;
+    for (Row i = 0; i < count && good_; ++i) captions.push_back(OneCaption());
+    return captions;
+  }
+  std::uint8_t Fail() {
+    good_ = false;
+    return 0;
+  }
+
+ private:
+  std::string_view bytes_;
+  std::size_t at_ = 0;
+  bool good_ = true;
+};
+
+/// The document while its records are read.
+class Replay {
+ public:
+  bool Begin(std::string_view payload) {
+    Reader in(payload);
+    if (in.Byte() != kSnapshot) return false;
+    document_.time = in.Signed();
+    document_.path = in.String();
+    document_.format = in.String();
+    document_.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
+    document_.codePage = static_cast<std::int32_t>(in.Number());
+    document_.mark = in.Byte() != 0;
+    document_.separator = in.String();
+    document_.selected = in.Count(kMaxRow);
+    const Row count = in.Count(kMaxRow);
+    std::vector<Caption> captions = in.Captions(count);
+    if (!in.Good() || !in.AtEnd() || captions.empty()) return false;
+    rows_.Splice(0, 0, std::move(captions));
+    return true;
+  }
+
+  /// A batch counts as a whole or not at all: it is checked before anything of it is done.
+  bool Apply(std::string_view payload) { return Walk(payload, false) && Walk(payload, true); }
+
+  JournalDocument Document() {
+    document_.captions.clear();
+    document_.captions.reserve(rows_.Size());
+    for (std::size_t i = 0; i < rows_.Size(); ++i) document_.captions.push_back(std::move(rows_.At(i)));
+    return std::move(document_);
+  }
+
+ private:
+  bool Walk(std::string_view payload, bool apply) {
+    Reader in(payload);
+    if (in.Byte() != kBatch) return false;
+    const std::int64_t time = in.Signed();
+    const Row selected = in.Count(kMaxRow);
+    Text separator = in.String();
+    size_ = static_cast<Row>(rows_.Size());
+    while (in.Good() && !in.AtEnd()) {
+      const std::uint8_t kind = in.Byte();
+      if (kind == kRows) {
+        Rows(in, apply);
+      } else if (kind == kTimes) {
+        Times(in, apply);
+      } else {
+        in.Fail();
+      }
+    }
+    if (!in.Good()) return false;
+    if (apply) {
+      document_.time = time;
+      document_.selected = selected;
+      document_.separator = std::move(separator);
+    }
+    return true;
+  }
+
+  void Rows(Reader& in, bool apply) {
+    const Row first = in.Count(kMaxRow);
+    const Row removed = in.Count(kMaxRow);
+    const Row added = in.Count(kMaxRow);
+    const Row left = size_ - removed + added;
+    if (first < 1 || removed > size_ - (first - 1) || left < 1 || left > kMaxRow) in.Fail();
+    std::vector<Caption> captions = in.Captions(in.Good() ? added : 0);
+    if (!in.Good()) return;
+    size_ = left;
+    if (apply)
+      rows_.Splice(static_cast<std::size_t>(first) - 1, static_cast<std::size_t>(removed), std::move(captions));
+  }
+
+  void Times(Reader& in, bool apply) {
+    const Row first = in.Count(kMaxRow);
+    const Row count = in.Count(kMaxRow);
+    if (first < 1 || count > size_ - (first - 1)) in.Fail();
+    for (Row i = 0; i < count && in.Good(); ++i) {
+      const std::int32_t start = in.Ms();
+      const std::int32_t end = in.Ms();
+      if (!apply) continue;
+      Caption& caption = rows_.At(static_cast<std::size_t>(first) - 1 + static_cast<std::size_t>(i));
+      caption.start = start;
+      caption.end = end;
+    }
+  }
+
+  JournalDocument document_;
+  RowStore<Caption> rows_;
+  Row size_ = 0;  ///< of the list at this place of a batch
+};
+
+/// The payload of the whole record at a place; empty when there is none.
+std::optional<std::string_view> PayloadAt(std::string_view bytes, std::size_t at) {
+  if (bytes.size() - at < kFrame) return {};
+  const std::uint32_t length = FixedAt(bytes, at);
+  if (length > bytes.size() - at - kFrame) return {};
+  const std::string_view payload = bytes.substr(at + kFrame, length);
+  return Crc32(payload) == FixedAt(bytes, at + 4) ? std::optional(payload) : std::nullopt;
+}
+
+}  // namespace
+
+std::string JournalRecord(std::string_view payload) {
+  std::string record;
+  record.reserve(kFrame + payload.size());
+  PutFixed(record, static_cast<std::uint32_t>(payload.size()));
+  PutFixed(record, Crc32(payload));
+  return record.append(payload);
+}
+
+std::string JournalSnapshot(const JournalDocument& document) {
+  std::string out;
+  out.push_back(static_cast<char>(kSnapshot));
+  PutSigned(out, document.time);
+  PutText(out, document.path);
+  PutText(out, document.format);
+  Put(out, std::bit_cast<std::uint32_t>(document.fps));
+  Put(out, static_cast<std::uint32_t>(document.codePage));
+  out.push_back(document.mark ? 1 : 0);
+  PutText(out, document.separator);
+  Put(out, static_cast<std::uint64_t>(document.selected));
+  Put(out, document.captions.size());
+  for (const Caption& caption : document.captions) PutCaption(out, caption);
+  return out;
+}
+
+void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
+  changes_.push_back(static_cast<char>(splice.TimesOnly() ? kTimes : kRows));
+  Put(changes_, static_cast<std::uint64_t>(splice.first));
+  if (!splice.TimesOnly()) Put(changes_, static_cast<std::uint64_t>(splice.removed));
+  Put(changes_, static_cast<std::uint64_t>(splice.added));
+  for (Row row = splice.first; row < splice.first + splice.added; ++row) {
+    if (splice.TimesOnly()) {
+      PutSigned(changes_, list.At(row).start);
+      PutSigned(changes_, list.At(row).end);
+    } else {
+      PutCaption(changes_, list.At(row));
+    }
+  }
+}
+
+std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separator) {
+  std::string out;
+  out.push_back(static_cast<char>(kBatch));
+  PutSigned(out, time);
+  Put(out, static_cast<std::uint64_t>(selected));
+  PutText(out, separator);
+  out += changes_;
+  changes_.clear();
+  return out;
+}
+
+JournalReading ReadJournal(std::string_view bytes) {
+  JournalReading reading;
+  if (!bytes.starts_with(kJournalMagic)) return reading;
+  std::size_t at = kJournalMagic.size();
+  Replay replay;
+  const auto first = PayloadAt(bytes, at);
+  if (!first || !replay.Begin(*first)) return reading;
+  at += kFrame + first->size();
+  for (auto payload = PayloadAt(bytes, at); payload && replay.Apply(*payload); payload = PayloadAt(bytes, at)) {
+    at += kFrame + payload->size();
+  }
+  reading.document = replay.Document();
+  reading.validBytes = at;
+  return reading;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/caption_list.h"
+#include "core/text.h"
+
+namespace cuewright {
+
+/// A document as a journal holds it.
+struct JournalDocument {
+  std::int64_t time = 0;  ///< of the last change written, in ms since 1970
+  Text path;              ///< "NEW": without a file
+  Text format;            ///< identifier in the catalogue
+  float fps = 0;
+  std::int32_t codePage = 0;
+  bool mark = false;
+  Text separator;
+  Row selected = 1;
+  std::vector<Caption> captions;
+
+  bool operator==(const JournalDocument&) const = default;
+};
+
+// A journal is `kJournalMagic` and then records: length of the payload (32 bits), its CRC-32, the payload, all numbers
+// with the low byte first. The first record is a whole document, each that follows is a batch of changes to it. A
+// number in a payload is written in groups of 7 bits, a text as its length and its 16-bit units.
+
+inline constexpr std::string_view kJournalMagic = "CWJRNL1\n";
+
+/// A payload as it stands in the file.
+std::string JournalRecord(std::string_view payload);
+
+/// The payload that begins a journal.
+std::string JournalSnapshot(const JournalDocument& document);
+
+/// Collects changes into a payload.
+class JournalBatch {
+ public:
+  /// Notes what a splice put into the list, as it stands there now.
+  void Add(const CaptionList& list, const Splice& splice);
+  bool Empty() const { return changes_.empty(); }
+  std::size_t Size() const { return changes_.size(); }
+  void Clear() { changes_.clear(); }
+
+  /// The payload of what was collected; the batch is empty then.
+  std::string Take(std::int64_t time, Row selected, TextView separator);
+
+ private:
+  std::string changes_;
+};
+
+/// What a journal's bytes hold.
+struct JournalReading {
+  std::optional<JournalDocument> document;  ///< empty: not even the first record is whole
+  std::size_t validBytes = 0;               ///< up to the end of the last whole record
+};
+
+/// Reads a journal up to the first record that is cut off or damaged; what follows counts as never written.
+JournalReading ReadJournal(std::string_view bytes);
+
+}  // namespace cuewright

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/caption_list.h"
+#include "core/document.h"
+#include "core/form/main_window.h"
+#include "core/journal.h"
+#include "core/ports/event_queue.h"
+#include "core/ports/journal_store.h"
+
+namespace cuewright {
+
+/// Writes every change of the document to its journal, a few times a second and never in the middle of a command: a
+/// program that is killed loses the last moment alone.
+class JournalKeeper {
+ public:
+  /// Without a store nothing is kept. `describe` gives the document as it is, but for its captions.
+  JournalKeeper(MainWindow& window, CaptionList& list, const DocumentState& document, EventQueue& events,
+                JournalStore* store, std::function<JournalDocument()> describe);
+
+  /// The document is as its file, or is another one, or is gone: there is nothing to lose.
+  void Forget();
+  /// Goes on with a journal that was left behind, whose document is the open one now.
+  void Adopt(int id, std::size_t bytes);
+
+  std::function<void(const RuntimeError&)> tellFailure;  ///< the journal can't be written; called once a run
+
+ private:
+  enum class State { NothingToLose, WantsSnapshot, Following };
+
+  void OnSplice(const Splice& splice);
+  void OnCommandEnded();
+  void Tick();
+  void WriteSnapshot();
+  void WriteBatch();
+  void TakeFailure();
+
+  MainWindow& window_;
+  CaptionList& list_;
+  const DocumentState& document_;
+  EventQueue& events_;
+  JournalStore* store_;
+  std::function<JournalDocument()> describe_;
+  State state_ = State::NothingToLose;
+  JournalBatch batch_;
+  Text separator_;                 ///< the one written last
+  std::int64_t pendingSince_ = 0;  ///< when the batch got its first change
+  std::int64_t retryAt_ = 0;       ///< no snapshot before this time
+  std::size_t snapshotBytes_ = 0;
+  std::size_t batchBytes_ = 0;  ///< since the snapshot
+  int idleTicks_ = 0;
+  bool told_ = false;
+};
+
+}  // namespace cuewright

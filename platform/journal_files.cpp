@@ -1,0 +1,302 @@
+#include "platform/journal_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "core/journal.h"
+#include "platform/posix_files.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::string_view kEnding = ".journal";
+/// What a file is called until it is whole and locked.
+constexpr std::string_view kUnfinished = ".journal.new";
+constexpr std::time_t kUnfinishedSeconds = 60;
+constexpr off_t kLargest = off_t{1} << 30;
+
+/// Writes everything; the number of the error, 0 for none.
+int WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(fd, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return 0;
+}
+
+/// Flushes a file's bytes; the number of the error, 0 for none.
+int Flush(int fd) {
+  while (::fdatasync(fd) != 0) {
+    if (errno != EINTR) return errno == EINVAL || errno == EROFS ? 0 : errno;
+  }
+  return 0;
+}
+
+void FlushFolder(const std::string& folder) {
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+/// All bytes of an open file.
+std::string ReadAll(int fd) {
+  std::string bytes;
+  std::array<char, 65536> block{};
+  for (;;) {
+    const ssize_t count = ::pread(fd, block.data(), block.size(), static_cast<off_t>(bytes.size()));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return bytes;
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+  }
+}
+
+std::vector<std::string> NamesIn(const std::string& folder, std::string_view ending) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), ::closedir);
+  if (open == nullptr) return names;
+  while (const dirent* entry = ::readdir(open.get())) {
+    if (std::string_view(entry->d_name).ends_with(ending)) names.emplace_back(entry->d_name);
+  }
+  return names;
+}
+
+/// Removes files whose writers ended before they had a journal's name. A new one may be another program's that is
+/// about to lock it.
+void RemoveUnfinished(const std::string& folder) {
+  for (const std::string& name : NamesIn(folder, kUnfinished)) {
+    const std::string path = folder + "/" + name;
+    const int fd = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    struct stat info {};
+    if (fd >= 0 && ::flock(fd, LOCK_EX | LOCK_NB) == 0 && ::fstat(fd, &info) == 0 &&
+        std::time(nullptr) - info.st_mtim.tv_sec > kUnfinishedSeconds) {
+      ::unlink(path.c_str());
+    }
+    if (fd >= 0) ::close(fd);
+  }
+}
+
+}  // namespace
+
+JournalFiles::JournalFiles(Text folder) : folder_(std::move(folder)), folderBytes_(ToUtf8(folder_)) {}
+
+JournalFiles::~JournalFiles() {
+  {
+    const std::lock_guard lock(mutex_);
+    ending_ = true;
+  }
+  asked_.notify_one();
+  if (thread_.joinable()) thread_.join();
+  Close(file_);
+  for (auto& [id, file] : left_) Close(file);
+}
+
+void JournalFiles::Close(File& file) {
+  if (file.fd >= 0) ::close(file.fd);
+  file = {};
+}
+
+void JournalFiles::Ask(Job job) {
+  if (folder_.empty()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    jobs_.push_back(std::move(job));
+    if (!thread_.joinable()) thread_ = std::thread([this] { Run(); });
+  }
+  asked_.notify_one();
+}
+
+void JournalFiles::Begin(std::string payload) { Ask({Job::Kind::Begin, std::move(payload), {}, 0}); }
+void JournalFiles::Append(std::string payload) { Ask({Job::Kind::Append, std::move(payload), {}, 0}); }
+void JournalFiles::Remove() { Ask({Job::Kind::Remove, {}, {}, 0}); }
+
+std::optional<RuntimeError> JournalFiles::TakeFailure() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(failure_, std::nullopt);
+}
+
+void JournalFiles::Wait() {
+  std::unique_lock lock(mutex_);
+  idle_.wait(lock, [this] { return jobs_.empty() && !busy_; });
+}
+
+void JournalFiles::Run() {
+  std::unique_lock lock(mutex_);
+  for (;;) {
+    asked_.wait(lock, [this] { return !jobs_.empty() || ending_; });
+    if (jobs_.empty()) return;
+    std::deque<Job> jobs = std::exchange(jobs_, {});
+    busy_ = true;
+    lock.unlock();
+    Do(jobs);
+    lock.lock();
+    busy_ = false;
+    if (jobs_.empty()) idle_.notify_all();
+  }
+}
+
+void JournalFiles::Do(std::deque<Job>& jobs) {
+  while (!jobs.empty()) {
+    Job job = std::move(jobs.front());
+    jobs.pop_front();
+    switch (job.kind) {
+      case Job::Kind::Begin:
+        DoBegin(job.payload);
+        break;
+      case Job::Kind::Append: {
+        // What has come together meanwhile is flushed at once.
+        std::string records = JournalRecord(job.payload);
+        for (; !jobs.empty() && jobs.front().kind == Job::Kind::Append; jobs.pop_front()) {
+          records += JournalRecord(jobs.front().payload);
+        }
+        DoAppend(records);
+        break;
+      }
+      case Job::Kind::Remove:
+        DoRemove();
+        break;
+      case Job::Kind::Adopt:
+        DoAdopt(job);
+        break;
+    }
+  }
+}
+
+void JournalFiles::DoBegin(const std::string& payload) {
+  std::error_code error;
+  const bool fresh = !std::filesystem::exists(folderBytes_, error);
+  std::filesystem::create_directories(folderBytes_, error);
+  if (error) return Fail(error.value());
+  if (fresh) ::chmod(folderBytes_.c_str(), 0700);
+  File file;
+  file.path = folderBytes_ + "/" + std::to_string(::getpid()) + "-XXXXXX" + std::string(kUnfinished);
+  file.fd = ::mkostemps(file.path.data(), static_cast<int>(kUnfinished.size()), O_CLOEXEC);
+  if (file.fd < 0) return Fail(errno);
+  // Locked before it gets the name by which other programs look for it.
+  int failed = ::flock(file.fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+  const std::string bytes = std::string(kJournalMagic) + JournalRecord(payload);
+  if (failed == 0) failed = WriteAll(file.fd, bytes);
+  if (failed == 0) failed = Flush(file.fd);
+  std::string name = file.path.substr(0, file.path.size() - kUnfinished.size()) + std::string(kEnding);
+  if (failed == 0 && ::rename(file.path.c_str(), name.c_str()) != 0) failed = errno;
+  if (failed != 0) {
+    ::unlink(file.path.c_str());
+    Close(file);
+    // The journal before, if there is one, still holds more than nothing.
+    return Fail(failed);
+  }
+  FlushFolder(folderBytes_);
+  DoRemove();
+  file.path = std::move(name);
+  file_ = std::move(file);
+  written_ = bytes.size();
+  broken_ = false;
+}
+
+void JournalFiles::DoAppend(const std::string& records) {
+  // Behind a record that is missing, the others would change the wrong captions.
+  if (file_.fd < 0 || broken_) return;
+  int failed = WriteAll(file_.fd, records);
+  if (failed == 0) failed = Flush(file_.fd);
+  if (failed == 0) {
+    written_ += records.size();
+    return;
+  }
+  // Whole records alone stay.
+  if (::ftruncate(file_.fd, static_cast<off_t>(written_)) == 0) ::lseek(file_.fd, 0, SEEK_END);
+  Fail(failed);
+}
+
+void JournalFiles::DoRemove() {
+  if (file_.fd < 0) return;
+  ::unlink(file_.path.c_str());
+  Close(file_);
+}
+
+void JournalFiles::DoAdopt(const Job& job) {
+  DoRemove();
+  file_ = job.file;
+  written_ = job.bytes;
+  broken_ = false;
+  if (::ftruncate(file_.fd, static_cast<off_t>(written_)) != 0 || ::lseek(file_.fd, 0, SEEK_END) < 0) Fail(errno);
+}
+
+void JournalFiles::Fail(int error) {
+  broken_ = true;
+  const std::lock_guard lock(mutex_);
+  failure_ = ErrorOfErrno(error, folder_);
+}
+
+std::vector<LeftJournal> JournalFiles::TakeLeft() {
+  std::vector<LeftJournal> found;
+  if (folder_.empty()) return found;
+  RemoveUnfinished(folderBytes_);
+  for (const std::string& name : NamesIn(folderBytes_, kEnding)) {
+    File file{-1, folderBytes_ + "/" + name};
+    file.fd = ::open(file.path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    struct stat info {};
+    // One that is locked belongs to a program that runs; one without a name was removed by it a moment ago.
+    if (file.fd < 0 || ::flock(file.fd, LOCK_EX | LOCK_NB) != 0 || ::fstat(file.fd, &info) != 0 || info.st_nlink == 0 ||
+        !S_ISREG(info.st_mode) || info.st_size > kLargest) {
+      Close(file);
+      continue;
+    }
+    const std::int64_t changed = std::int64_t{info.st_mtim.tv_sec} * 1000 + info.st_mtim.tv_nsec / 1000000;
+    found.push_back({++lastId_, ReadAll(file.fd), changed});
+    left_[lastId_] = std::move(file);
+  }
+  std::ranges::sort(found, std::ranges::greater(), &LeftJournal::changed);
+  return found;
+}
+
+void JournalFiles::Adopt(int id, std::size_t bytes) {
+  const auto at = left_.find(id);
+  if (at == left_.end()) return;
+  Job job{Job::Kind::Adopt, {}, std::move(at->second), bytes};
+  left_.erase(at);
+  Ask(std::move(job));
+}
+
+void JournalFiles::Discard(int id) {
+  const auto at = left_.find(id);
+  if (at == left_.end()) return;
+  ::unlink(at->second.path.c_str());
+  LeaveAgain(id);
+}
+
+void JournalFiles::LeaveAgain(int id) {
+  const auto at = left_.find(id);
+  if (at == left_.end()) return;
+  Close(at->second);
+  left_.erase(at);
+}
+
+std::int64_t JournalFiles::Now() const {
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+Text JournalFiles::LocalTime(std::int64_t ms) const {
+  const std::time_t seconds = static_cast<std::time_t>(ms / 1000);
+  std::tm parts{};
+  std::array<char, 64> shown{};
+  if (::localtime_r(&seconds, &parts) == nullptr) return {};
+  return FromUtf8(
+      std::string_view(shown.data(), std::strftime(shown.data(), shown.size(), "%Y-%m-%d %H:%M:%S", &parts)));
+}
+
+}  // namespace cuewright

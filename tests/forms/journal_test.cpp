@@ -1,0 +1,319 @@
+#include "core/journal.h"
+
+#include <gtest/gtest.h>
+
+#include "core/ports/journal_store.h"
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::ProgramFixture;
+
+/// A store in memory whose disk the test fills.
+struct FakeStore final : JournalStore {
+  void Begin(std::string payload) override {
+    if (full) {
+      failure = RuntimeError{kErrorDiskFull, u"Disk full: x"};
+      return;
+    }
+    ++begun;
+    current = std::string(kJournalMagic) + JournalRecord(payload);
+    broken = false;
+  }
+  void Append(std::string payload) override {
+    if (full) broken = true, failure = RuntimeError{kErrorDiskFull, u"Disk full: x"};
+    if (broken) return;
+    ++appended;
+    current += JournalRecord(payload);
+  }
+  void Remove() override { current.clear(); }
+  std::optional<RuntimeError> TakeFailure() override { return std::exchange(failure, std::nullopt); }
+  std::vector<LeftJournal> TakeLeft() override { return std::exchange(left, {}); }
+  void Adopt(int id, std::size_t bytes) override {
+    adopted = id;
+    current = keptBytes.substr(0, bytes);
+  }
+  void Discard(int id) override { discarded.push_back(id); }
+  void LeaveAgain(int id) override { leftAgain.push_back(id); }
+  std::int64_t Now() const override { return 1790000000000; }
+  Text LocalTime(std::int64_t) const override { return u"2026-09-21 14:13:20"; }
+
+  std::string current;
+  std::string keptBytes;
+  int begun = 0;
+  int appended = 0;
+  int adopted = 0;
+  bool full = false;
+  bool broken = false;
+  std::optional<RuntimeError> failure;
+  std::vector<LeftJournal> left;
+  std::vector<int> discarded;
+  std::vector<int> leftAgain;
+};
+
+struct JournalInTheWindow : ProgramFixture {
+  JournalInTheWindow() {
+    journal = &store;
+    Restart({});
+    program->options.ApplyWhen = 1;
+  }
+  void Tick() {
+    events.now += 200;
+    if (Window().tmrJournal.Enabled()) Window().tmrJournal.Tick();
+  }
+  /// What a restart would find.
+  std::vector<Caption> Kept() const {
+    const JournalReading reading = ReadJournal(store.current);
+    return reading.document ? reading.document->captions : std::vector<Caption>();
+  }
+  std::vector<Caption> All() {
+    std::vector<Caption> all;
+    for (Row row = 1; row < List().Rows(); ++row) all.push_back(List().At(row));
+    return all;
+  }
+  /// The program dies, and another starts.
+  void DieAndStart() {
+    store.keptBytes = store.current;
+    store.left = {{7, store.current, 5}};
+    Restart({});
+    program->options.ApplyWhen = 1;
+    program->OnFirstActivation();
+  }
+
+  FakeStore store;
+};
+
+TEST_F(JournalInTheWindow, BeginsWithTheFirstChangeAndFollowsEveryOther) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Tick();
+  EXPECT_EQ(store.begun, 0);
+  Window().mnuRemove.Click();
+  EXPECT_EQ(store.begun, 0);  // not on the way of the command
+  Tick();
+  EXPECT_EQ(store.begun, 1);
+  EXPECT_EQ(Kept(), All());
+  List().SetCaptionEnd(2, 9999);
+  boxes.lines = {u"new"};
+  Window().mnuAddBelow.Click();
+  EXPECT_NE(Kept(), All());
+  Tick();
+  EXPECT_EQ(Kept(), All());
+  EXPECT_EQ(store.begun, 1);
+  EXPECT_EQ(store.appended, 1);
+  Window().mnuUndo.Click();
+  Tick();
+  EXPECT_EQ(Kept(), All());
+}
+
+TEST_F(JournalInTheWindow, RestsWhenThereIsNothingToWrite) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  for (int i = 0; i < 20; ++i) Tick();
+  EXPECT_FALSE(Window().tmrJournal.Enabled());
+  EXPECT_EQ(store.appended, 0);
+  Window().mnuRemove.Click();
+  EXPECT_TRUE(Window().tmrJournal.Enabled());
+}
+
+TEST_F(JournalInTheWindow, WritesACommandAsAWhole) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  const std::vector<Caption> before = All();
+  {
+    const EditScope scope(List(), EditKind::Rules);
+    List().DeleteCaption(1);
+    Tick();
+    EXPECT_EQ(Kept(), before);
+    List().DeleteCaption(1);
+  }
+  Tick();
+  EXPECT_EQ(Kept(), All());
+  // One that takes long is written in pieces.
+  {
+    const EditScope scope(List(), EditKind::Rules);
+    List().DeleteCaption(1);
+    for (int i = 0; i < 4; ++i) Tick();
+    EXPECT_EQ(Kept(), All());
+  }
+}
+
+TEST_F(JournalInTheWindow, IsRemovedByASaveByAnotherDocumentAndByTheEnd) {
+  const Text path = SubRip("a.srt", 5);
+  const auto change = [&] {
+    Window().mnuRemove.Click();
+    Tick();
+    EXPECT_FALSE(store.current.empty());
+  };
+  program->files.OpenSubtitleFile(path);
+  change();
+  program->files.SaveDocument();
+  EXPECT_TRUE(store.current.empty());
+  change();
+  program->files.OpenSubtitleFile(path);
+  EXPECT_TRUE(store.current.empty());
+  change();
+  boxes.answers = {BoxAnswer::No};
+  program->files.New();
+  EXPECT_TRUE(store.current.empty());
+  program->files.OpenSubtitleFile(path);
+  change();
+  program->files.CloseDocuments();
+  EXPECT_TRUE(store.current.empty());
+  Tick();
+  EXPECT_TRUE(store.current.empty());
+}
+
+TEST_F(JournalInTheWindow, KnowsASeparatorThatChangedNoCaption) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Window().mnuRemove.Click();
+  Tick();
+  Window().mnuSeparator[1].Click();
+  Tick();
+  EXPECT_EQ(ReadJournal(store.current).document->separator, u"/n");
+}
+
+TEST_F(JournalInTheWindow, TellsAFullDiskOnceAndGoesOnWhenThereIsRoom) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 9));
+  Window().mnuRemove.Click();
+  Tick();
+  store.full = true;
+  Window().mnuRemove.Click();
+  Tick();
+  Tick();
+  EXPECT_TRUE(Window().lblNotice.Visible());
+  EXPECT_NE(ToUtf8(Window().lblNotice.GetText()).find("Disk full"), std::string::npos);
+  EXPECT_TRUE(boxes.shown.empty());
+  Window().cmdNotice.Click();
+  for (int i = 0; i < 60; ++i) Tick();
+  EXPECT_FALSE(Window().lblNotice.Visible());
+  Window().mnuRemove.Click();
+  store.full = false;
+  for (int i = 0; i < 30; ++i) Tick();
+  EXPECT_EQ(Kept(), All());
+}
+
+TEST_F(JournalInTheWindow, WithoutTheInformationBarAFullDiskIsToldInABox) {
+  Window().mnuInfoBar.Click();
+  program->files.OpenSubtitleFile(SubRip("a.srt", 9));
+  store.full = true;
+  Window().mnuRemove.Click();
+  for (int i = 0; i < 60; ++i) Tick();
+  EXPECT_EQ(boxes.shown.size(), 1u);
+}
+
+TEST_F(JournalInTheWindow, BeginsAnewWhenTheChangesOutgrowTheDocument) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  for (int i = 0; i < 12; ++i) {
+    List().SetCaptionText(1, Text(300000, static_cast<char16_t>(u'a' + i)));
+    Tick();
+  }
+  EXPECT_GT(store.begun, 1);
+  EXPECT_EQ(Kept(), All());
+}
+
+using TheNextStart = JournalInTheWindow;
+
+TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
+  const Text path = SubRip("a.srt", 5);
+  program->files.OpenSubtitleFile(path);
+  List().SetRow(3, false);
+  Window().mnuSeparator[1].Click();
+  Window().mnuRemove.Click();
+  List().SetCaptionText(2, u"two/nlines");
+  Tick();
+  const std::vector<Caption> before = All();
+  boxes.answers = {BoxAnswer::Yes};
+  DieAndStart();
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(LastBox(),
+            "The program ended before the changes of this document were saved:\n\n" + ToUtf8(path) +
+                "\n\nIt can be restored as it was on 2026-09-21 14:13:20, with 4 captions.\r\n\r\nPress YES to restore "
+                "it, NO to throw the changes away, CANCEL to be asked again at the next start.");
+  EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNoCancel);
+  EXPECT_EQ(All(), before);
+  EXPECT_EQ(program->document.SubtitlePath, path);
+  EXPECT_TRUE(program->document.DocModified);
+  EXPECT_EQ(program->options.LineSeparator, u"/n");
+  EXPECT_EQ(List().Selected(), 3);
+  EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), kSubRip);
+  EXPECT_TRUE(Window().mnuSave.Enabled());
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  // The same journal goes on.
+  EXPECT_EQ(store.adopted, 7);
+  Window().mnuRemove.Click();
+  Tick();
+  EXPECT_EQ(Kept(), All());
+  Window().mnuUndo.Click();
+  EXPECT_TRUE(program->document.DocModified);
+  program->files.SaveDocument();
+  EXPECT_TRUE(store.current.empty());
+}
+
+TEST_F(TheNextStart, RestoresADocumentWithoutAFile) {
+  program->files.New();
+  boxes.lines = {u"only one"};
+  Window().mnuAddBottom.Click();
+  Tick();
+  boxes.answers = {BoxAnswer::Yes};
+  DieAndStart();
+  EXPECT_NE(LastBox().find("New subtitle"), std::string::npos);
+  EXPECT_EQ(program->document.SubtitlePath, u"NEW");
+  EXPECT_EQ(List().GetCaptionText(1), u"only one");
+}
+
+TEST_F(TheNextStart, ThrowsTheJournalAwayOnNoAndKeepsItOnCancel) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  boxes.answers = {BoxAnswer::No};
+  DieAndStart();
+  EXPECT_EQ(store.discarded, std::vector<int>{7});
+  EXPECT_FALSE(program->document.HasDocument());
+  store.left = {{8, store.keptBytes, 5}};
+  boxes.answers = {BoxAnswer::Cancel};
+  Restart({});
+  program->OnFirstActivation();
+  EXPECT_EQ(store.leftAgain, std::vector<int>{8});
+  EXPECT_FALSE(program->document.HasDocument());
+}
+
+TEST_F(TheNextStart, LeavesTheOthersOnceOneIsTakenAndDropsWhatHoldsNothing) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  const std::string good = store.current;
+  store.left = {{1, "", 9}, {2, good, 8}, {3, good, 7}};
+  store.keptBytes = good;
+  boxes.answers = {BoxAnswer::Yes};
+  boxes.shown.clear();
+  Restart({});
+  program->OnFirstActivation();
+  EXPECT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(store.discarded, std::vector<int>{1});
+  EXPECT_EQ(store.adopted, 2);
+  EXPECT_EQ(store.leftAgain, std::vector<int>{3});
+}
+
+TEST_F(TheNextStart, DoesNotPutTheTextOfItsCommandLineOverARestoredDocument) {
+  const Text path = SubRip("a.srt", 5);
+  program->files.OpenSubtitleFile(path);
+  Window().mnuRemove.Click();
+  Tick();
+  store.keptBytes = store.current;
+  store.left = {{7, store.current, 5}};
+  const Text other = SubRip("other.srt", 9);
+  boxes.answers = {BoxAnswer::Yes};
+  Restart(other);
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.SubtitlePath, path);
+  store.left = {{8, store.keptBytes, 5}};
+  boxes.answers = {BoxAnswer::No};
+  Restart(other);
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.SubtitlePath, other);
+}
+
+}  // namespace
+}  // namespace cuewright
