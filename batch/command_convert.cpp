@@ -63,6 +63,7 @@ class Converter {
     Outcome outcome;
     outcome.out = request_.out ? *request_.out : PathInFolder(input);
     if (!session_.Load(input)) return outcome;
+    if (request_.rules) session_.ApplyRules();
     outcome.format = session_.Format();
     outcome.captions = session_.Captions().Rows() - 1;
     if (const Text objection = guard_.Objection(input, outcome.out); !objection.empty()) {

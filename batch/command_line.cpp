@@ -111,6 +111,21 @@ Problem SetUntimed(Request& request, const std::string& value) {
   return {};
 }
 
+Problem SetRules(Request& request, const std::string&) {
+  request.rules = true;
+  return {};
+}
+
+Problem SetStandard(Request& request, const std::string&) {
+  request.detailed = false;
+  return {};
+}
+
+Problem SetDetailed(Request& request, const std::string&) {
+  request.detailed = true;
+  return {};
+}
+
 struct Option {
   std::string_view name;
   bool takesValue;
@@ -129,11 +144,21 @@ constexpr std::array kCommonOptions = {
 };
 
 constexpr std::array kConvertOptions = {
+    Option{"--to", true, SetTo},           Option{"--out", true, SetOut},      Option{"--folder", true, SetFolder},
+    Option{"--untimed", true, SetUntimed}, Option{"--rules", false, SetRules},
+};
+
+constexpr std::array kRulesOptions = {
+    Option{"--standard", false, SetStandard},
+    Option{"--detailed", false, SetDetailed},
     Option{"--to", true, SetTo},
     Option{"--out", true, SetOut},
-    Option{"--folder", true, SetFolder},
-    Option{"--untimed", true, SetUntimed},
 };
+
+Problem CheckRules(const Request& request) {
+  if (request.out.has_value() == request.to.empty()) return "rules takes --out and --to together";
+  return {};
+}
 
 Problem CheckConvert(const Request& request) {
   if (request.to.empty()) return "convert needs --to with the identifier of a format";
@@ -157,6 +182,7 @@ constexpr std::array kCommands = {
     Command{"dump", 1, 1, {}, nullptr},
     Command{"peaks", 1, 1, {}, nullptr},
     Command{"convert", 1, kAnyNumber, kConvertOptions, CheckConvert},
+    Command{"rules", 1, 1, kRulesOptions, CheckRules},
 };
 
 const Option* Find(std::span<const Option> options, std::string_view name) {

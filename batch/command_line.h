@@ -40,11 +40,15 @@ struct Request {
   bool json = false;
   bool quiet = false;
 
-  // Options of `convert`.
+  // Options of `convert`; the first two of `rules` as well.
   Text to;
   std::optional<Text> out;
   std::optional<Text> folder;
   bool keepUntimed = true;
+  bool rules = false;  ///< the correction rules run on the way
+
+  // Option of `rules`.
+  bool detailed = false;
 };
 
 /// A call that can't be carried out; one sentence for the user.

@@ -18,6 +18,7 @@ int RunFormats(const Request& request, Session& session, Console& console);
 int RunDetect(const Request& request, Session& session, Console& console);
 int RunDump(const Request& request, Session& session, Console& console);
 int RunPeaks(const Request& request, Session& session, Console& console);
+int RunRules(const Request& request, Session& session, Console& console);
 int RunConvert(const Request& request, Session& session, Console& console);
 
 }  // namespace cuewright

@@ -16,6 +16,7 @@ constexpr std::string_view kProgram =
     "  dump FILE          print the captions of a file\n"
     "  convert FILE...    write files in another format\n"
     "  peaks FILE         print the peaks of a wave file\n"
+    "  rules FILE         correct a file by the rules and print the report\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -44,6 +45,17 @@ constexpr std::string_view kConvert =
     "  --folder DIR        folder for the results, named as the inputs with the format's extension\n"
     "  --untimed keep|drop write everything (keep, the default), or nothing from the first caption\n"
     "                      without a start time on (drop)\n"
+    "  --rules             correct the captions by the rules on the way\n"
+    "\n";
+
+constexpr std::string_view kRules =
+    "Usage: cuewright-batch rules FILE [--standard | --detailed] [--out FILE --to ID] [OPTION]...\n"
+    "Applies the correction rules and prints their report. The rules' settings are given by --set,\n"
+    "such as Cuewright/Collision=0 or Cuewright/T_CREDITSTEXT=www,@.\n"
+    "\n"
+    "  --standard          a line an entry (the default)\n"
+    "  --detailed          all that is told of each entry\n"
+    "  --out FILE --to ID  write the corrected captions in a format that 'formats' lists\n"
     "\n";
 
 constexpr std::string_view kPeaks =
@@ -78,6 +90,7 @@ std::string HelpText(std::string_view command) {
   if (command == "dump") own = kDump;
   if (command == "convert") own = kConvert;
   if (command == "peaks") own = kPeaks;
+  if (command == "rules") own = kRules;
   return std::string(own) + std::string(kCommon);
 }
 

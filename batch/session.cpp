@@ -14,7 +14,8 @@ Session::Session(const Request& request, Files& files, Console& console, int sys
       boxes_(console, FromUtf8(request.fps)),
       encodings_(systemCodePage),
       host_(boxes_),
-      captions_(options_, modified_) {
+      captions_(options_, modified_),
+      report_(strings_) {
   state_.ListCharset = CharsetOfCodePage(systemCodePage).number;
 }
 
@@ -84,6 +85,11 @@ bool Session::Load(const Text& path) {
   if (!Begin(path)) return false;
   importer_->DetectFormat(path, false, false);
   return captions_.Rows() > 2 || !IsBlank(captions_.At(1).text);
+}
+
+void Session::ApplyRules() {
+  NoWindow window;
+  RulesEngine(captions_, report_, strings_, boxes_, window).ApplyRules(true);
 }
 
 bool Session::Save(const Text& path, int format, bool keepUntimed) {

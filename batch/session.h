@@ -19,6 +19,9 @@
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "settings/store.h"
+#include "tools/report_text.h"
+#include "tools/rule_report.h"
+#include "tools/rules_engine.h"
 
 namespace cuewright {
 
@@ -41,6 +44,10 @@ class Session {
   /// Reads a file into the document; false, after telling why, when it gave no caption.
   bool Load(const Text& path);
   const CaptionList& Captions() const { return captions_; }
+  /// Runs the correction rules over the document; what they found is in `Report`.
+  void ApplyRules();
+  const RuleReport& Report() const { return report_; }
+  const LangStrings& Strings() const { return strings_; }
   /// Identifier of the document's format.
   const Text& Format() const { return loader_->CurrentIdentifier(); }
 
@@ -68,6 +75,19 @@ class Session {
     BatchBoxes& boxes_;
   };
 
+  /// The window that the rules run in: there is none.
+  class NoWindow final : public RulesHost {
+    void CloseToolWindows() override {}
+    void SetBusy(bool) override {}
+    void Yield() override {}
+    void ShowProgress(TextView) override {}
+    void RefreshFileLabels() override {}
+    void LeavePreviewMode() override {}
+    bool PausePlayer() override { return false; }
+    void ResumePlayer() override {}
+    void ShowReport() override {}
+  };
+
   bool ReadSettings();
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
@@ -88,6 +108,7 @@ class Session {
   bool cancelled_ = false;
   Host host_;
   CaptionList captions_;
+  RuleReport report_;
   std::unique_ptr<FormatLoader> loader_;  ///< these three once the catalogue is read
   std::unique_ptr<Importer> importer_;
   std::unique_ptr<Exporter> exporter_;

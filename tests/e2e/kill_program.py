@@ -19,7 +19,7 @@ import time
 import desktop
 from time_film import position_label, stored_times
 
-CAPTIONS = 40
+CAPTIONS = 400  # more than are captured, so that no row is captured twice
 LONGEST_LOSS = 1.0
 
 
@@ -28,7 +28,7 @@ def caption_file(path):
         return "%02d:%02d:%02d,%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
     with open(path, "w", newline="") as file:
         for i in range(1, CAPTIONS + 1):
-            start = 100000 + i * 5000
+            start = 100000 + i * 3000
             file.write("%d\r\n%s --> %s\r\nline %d\r\n\r\n" % (i, clock(start), clock(start + 2000), i))
 
 
@@ -88,6 +88,8 @@ class Script:
         time.sleep(0.05 + self.rand.random() * 0.1)
         desktop.xdotool("keyup", "b")
         self.done.append((None, time.monotonic()))
+        # A key that is pressed again before its release was seen is one that was never let go.
+        time.sleep(0.2)
         desktop.key("shift+Tab")
         self.running = None
 
@@ -108,43 +110,49 @@ class Script:
 
 
 def marks_of(text):
-    """The marks in a caption's text, and what is left without them; a mark cut off at its end is none."""
-    rest = re.sub(r"\[\d+\]", "", text)
-    partial = re.search(r"\[\d*", rest)
-    if partial:
-        rest = rest.replace(partial.group(0), "", 1)
-    return re.findall(r"\[\d+\]", text), rest, partial.group(0) if partial else ""
+    """The marks in a caption's text, those that were cut off by a kill, and what is left without them."""
+    whole = re.findall(r"\[\d+\]", text)
+    cut = re.findall(r"\[\d*(?![\d\]])", text)
+    return whole, cut, re.sub(r"\[\d*\]?", "", text)
+
+
+def without(texts, others):
+    """The texts that are left when each of the others has taken one equal to it away."""
+    left = list(texts)
+    for other in others:
+        if other in left:
+            left.remove(other)
+    return left
 
 
 def compare(base, now, script, killed):
-    """What is wrong with the restored document `now`, `base` being the one that the session began with."""
-    failures = []
+    """What is wrong with the restored document `now`, `base` being the one that the session began with; and how long
+    before the kill the first action was done that it lacks."""
     if len(now) != len(base):
         return ["%d captions instead of %d" % (len(now), len(base))], 0
-    held = set()
+    failures, held, cuts = [], set(), []
     captured = 0
-    partial = ""
     for row, (old, new) in enumerate(zip(base, now), 1):
-        old_marks, old_rest, _ = marks_of(old[2])
-        marks, rest, cut = marks_of(new[2])
-        if rest != old_rest:
+        old_marks, old_cuts, old_rest = marks_of(old[2])
+        marks, new_cuts, rest = marks_of(new[2])
+        if rest != old_rest or without(old_marks, marks) or without(old_cuts, new_cuts):
             failures.append("row %d: %r was %r" % (row, new[2], old[2]))
-        if not set(old_marks) <= set(marks):
-            failures.append("row %d lost marks: %r was %r" % (row, new[2], old[2]))
-        held |= set(marks) - set(old_marks)
-        partial = partial or cut
+        held |= set(without(marks, old_marks))
+        cuts += without(new_cuts, old_cuts)
         if (old[0], old[1]) != (new[0], new[1]):
             captured += 1
             if new[0] <= 0:
                 failures.append("row %d has no start" % row)
-    if partial and not (script.running or "").startswith(partial) and not any(
-            mark and mark.startswith(partial) for mark, _ in script.done):
-        failures.append("%r belongs to no action" % partial)
+    marks_typed = [mark for mark, _ in script.done if mark] + [script.running or ""]
+    for cut in cuts:
+        if not any(mark.startswith(cut) for mark in marks_typed):
+            failures.append("%r belongs to no action" % cut)
+    if len(cuts) > 1:
+        failures.append("more than one mark is cut off: %r" % cuts)
 
     # The actions that the document holds: a beginning of those that were done, and perhaps one that was running.
     lost_after = None
     captures_left = captured
-    last_held = 0
     for number, (mark, at) in enumerate(script.done, 1):
         if mark is None:
             there = captures_left > 0
@@ -154,9 +162,7 @@ def compare(base, now, script, killed):
             held.discard(mark)
         if there and lost_after is not None:
             failures.append("action %d is there, action %d before it is not" % (number, lost_after))
-        if there:
-            last_held = number
-        elif lost_after is None:
+        if not there and lost_after is None:
             lost_after = number
             if killed - at > LONGEST_LOSS:
                 failures.append("action %d is lost, done %.3f s before the kill" % (number, killed - at))
@@ -200,7 +206,7 @@ def main():
     with open(os.path.join(config, "tessaly-cuewright", "settings.ini"), "w") as file:
         file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nApplyWhen=1\nDuration=0\nAutoJoin=0\n")
     environment = {"XDG_CONFIG_HOME": config, "XDG_STATE_HOME": state, "LC_ALL": "C.UTF-8",
-                   "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
+                   "CUEWRIGHT_MPV_OPTIONS": "ao=null loop-file=inf"}
     caption_file(document)
     numbers = iter(range(1, 1000000))
     failures, losses, actions = [], [], 0

@@ -5,6 +5,6 @@
 set -eu
 root=$(cd "$(dirname "$0")/../.." && pwd)
 folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+trap 'status=$?; if [ $status -eq 0 ]; then rm -rf "$folder"; else echo "what it left is in $folder"; fi' EXIT
 "$root/scripts/sample_film.sh" "$folder/film.mp4"
 "$root/scripts/virtual_display.sh" /usr/bin/python3 "$root/tests/e2e/kill_program.py" "$1" "$folder" "${2:-50}" "${3:-1}"

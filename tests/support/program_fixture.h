@@ -28,7 +28,8 @@ struct ProgramFixture : ::testing::Test {
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.locale = userLocale;
-    program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers, journal}, environment);
+    program =
+        std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers, journal}, environment);
     started = program->Start();
     program->options.Near = 199;  // the captions of `SubRip` are 200 ms apart, and stay so on load
     program->LoadMainWindow(1280, 800);
