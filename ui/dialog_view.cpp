@@ -77,6 +77,10 @@ QLabel* DialogView::MakeLabel(const QString& name, QWidget* parent, bool wraps) 
   return label;
 }
 
+void DialogView::Names(const char* label, const char* widget) {
+  findChild<QLabel*>(label)->setBuddy(findChild<QWidget*>(widget));
+}
+
 QLabel* DialogView::MakeHeading(const char* name, QWidget* parent) {
   QLabel* label = MakeLabel(name, parent);
   QFont font = label->font();

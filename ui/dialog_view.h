@@ -40,6 +40,8 @@ class DialogView : public QDialog {
   void Keep(Connection connection) { connections_.push_back(std::move(connection)); }
 
   QLabel* MakeLabel(const QString& name, QWidget* parent, bool wraps = false);
+  /// The label names what stands beside it. Screen readers know a box of choices by that alone.
+  void Names(const char* label, const char* widget);
   QLabel* MakeHeading(const char* name, QWidget* parent);
   /// A row of push buttons at the window's foot; "" leaves room. The first in `names` that isn't "" and is called
   /// cmdOK is the default.

@@ -30,6 +30,8 @@ ExportView::ExportView(ExportDialog& form, QWidget* owner) : DialogView(form, ow
   column->addWidget(MakeProperties());
   column->addStretch();
   column->addLayout(MakeButtons({"", "cmdOK", "cmdCancel"}));
+  Names("lblFormat", "cboFormats");
+  Names("lblFPS", "cmbFPS");
   Bind(formats);
 }
 

@@ -68,6 +68,9 @@ FormatView::FormatView(FormatDialog& form, QWidget* owner) : DialogView(form, ow
   grid->addWidget(MakePanels(), 0, 1);
   grid->addLayout(MakeButtons({"cmdReset", "", "cmdOK", "cmdCancel"}), 1, 0, 1, 2);
   grid->setColumnStretch(1, 1);
+  Names("lblFormats", "lstFormats");
+  Names("lblSamiAlign", "cmbSamiAlign");
+  Names("lblSsaStyle", "cmbSsaStyle");
   Bind(findChild<QListWidget*>("lstFormats"));
   Keep(form_.SamplesChanged.ConnectScoped([this] { ShowSamples(); }));
   ShowSamples();

@@ -43,6 +43,9 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
   grid->addLayout(buttons, 1, 1);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(0, 1);
+  Names("lblApply", "cmbApply");
+  Names("lblUImode", "cmbUImode");
+  Names("lblLanguage", "cboLanguage");
   Bind(menu_->button(static_cast<int>(form_.Page())));
   for (const auto& [key, step] : {std::pair{Qt::Key_PageDown, 1}, {Qt::Key_PageUp, -1}}) {
     auto* shortcut = new QShortcut(Qt::CTRL | key, this);

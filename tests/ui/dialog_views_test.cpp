@@ -101,6 +101,14 @@ struct DialogViews : testing::ProgramFixture {
           << name.toStdString();
     }
   }
+  /// Every box of choices is named by a label of its own, or has a word about what it chooses.
+  void ExpectChoicesNamed() {
+    QSet<const QWidget*> named;
+    for (const QLabel* label : view->findChildren<QLabel*>()) named << label->buddy();
+    for (const QComboBox* box : view->findChildren<QComboBox*>()) {
+      EXPECT_TRUE(named.contains(box) || !box->toolTip().isEmpty()) << box->objectName().toStdString();
+    }
+  }
   /// No visible text has less room than it needs.
   void ExpectNothingCutOff(const std::string& where) {
     QCoreApplication::sendPostedEvents();
@@ -155,16 +163,19 @@ TEST_F(ExportWindowView, EveryControlHasAWidgetAndEveryNamedWidgetAControl) {
 TEST_F(SettingsWindowView, HasASpokenNameForAllThatTheKeyboardReaches) {
   ShowSettings();
   ExpectNamed();
+  ExpectChoicesNamed();
 }
 
 TEST_F(FormatWindowView, HasASpokenNameForAllThatTheKeyboardReaches) {
   ShowFormats();
   ExpectNamed();
+  ExpectChoicesNamed();
 }
 
 TEST_F(ExportWindowView, HasASpokenNameForAllThatTheKeyboardReaches) {
   ShowExport();
   ExpectNamed();
+  ExpectChoicesNamed();
 }
 
 TEST_F(SettingsWindowView, NoTextIsCutOffInAnyLanguage) {
