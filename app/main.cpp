@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
   QtPickers pickers;
   QtEventQueue events;
   QtDesktop desktop;
-  const MpvLibrary library;
+  const MpvLibrary library(MpvLibrary::DefaultFileName(), MpvLibrary::Load::WhenUsed);
   MpvPlayerOptions playerOptions = MpvPlayerOptions::FromEnvironment();
   playerOptions.output = WantedVideoOutput();
   MpvPlayer player(library, Post, playerOptions);

@@ -1,6 +1,7 @@
 #include "platform/mpv_library.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -8,6 +9,7 @@ namespace cuewright {
 namespace {
 
 constexpr unsigned long kInterfaceMajor = 2;
+constexpr char kUsualFileName[] = "libmpv.so.2";
 
 template <class Function>
 bool Find(void* library, const char* name, Function& function) {
@@ -41,16 +43,33 @@ const char* FillTable(void* library, MpvApi& api) {
   return nullptr;
 }
 
+/// True when the library of this very interface stands where the system's loader looks first.
+bool IsInstalled(const std::string& fileName) {
+  if (fileName != kUsualFileName || std::getenv("LD_LIBRARY_PATH") != nullptr) return false;
+  for (const std::string folder : {"/usr/lib/" CUEWRIGHT_MULTIARCH "/", "/usr/lib64/", "/usr/lib/"}) {
+    if (access((folder + fileName).c_str(), R_OK) == 0) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string MpvLibrary::DefaultFileName() {
   const char* chosen = std::getenv("CUEWRIGHT_MPV_LIBRARY");
-  return chosen && *chosen ? chosen : "libmpv.so.2";
+  return chosen && *chosen ? chosen : kUsualFileName;
 }
 
-MpvLibrary::MpvLibrary(const std::string& fileName) : fileName_(FromUtf8(fileName)) {
+MpvLibrary::MpvLibrary(const std::string& fileName) : MpvLibrary(fileName, Load::Now) {}
+
+MpvLibrary::MpvLibrary(const std::string& fileName, Load load) : fileName_(FromUtf8(fileName)) {
+  if (load == Load::Now || !IsInstalled(fileName)) Ensure();
+}
+
+void MpvLibrary::Ensure() const {
+  if (loaded_) return;
+  loaded_ = true;
   // Never unloaded: the library's own threads and thread-local values may outlive the last player.
-  void* library = dlopen(fileName.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  void* library = dlopen(ToUtf8(fileName_).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
   if (!library) {
     const char* reason = dlerror();
     error_ = FromUtf8(reason ? reason : "the library can't be loaded");

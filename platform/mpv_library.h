@@ -41,21 +41,36 @@ class MpvLibrary {
   /// Loads the library; one that lacks a function or has another version of the interface counts as missing.
   explicit MpvLibrary(const std::string& fileName = DefaultFileName());
 
+  enum class Load { Now, WhenUsed };
+  /// With `WhenUsed` a library that stands in one of the system's folders, its version in its name, counts as available
+  /// and is loaded by the first call of `Api` or `Error`: it and what it needs take time and memory that a start
+  /// without a film has no use for. Any other is loaded at once.
+  MpvLibrary(const std::string& fileName, Load load);
+
   bool Available() const { return error_.empty(); }
 
   /// The library's file name, for telling the user what is missing.
   const Text& FileName() const { return fileName_; }
 
   /// Why the library can't be used; empty when it can.
-  const Text& Error() const { return error_; }
+  const Text& Error() const {
+    Ensure();
+    return error_;
+  }
 
-  /// The functions; only to be called when `Available`.
-  const MpvApi& Api() const { return api_; }
+  /// The functions; only to be used when `Available` says so behind this call.
+  const MpvApi& Api() const {
+    Ensure();
+    return api_;
+  }
 
  private:
+  void Ensure() const;
+
   Text fileName_;
-  Text error_;
-  MpvApi api_;
+  mutable bool loaded_ = false;
+  mutable Text error_;
+  mutable MpvApi api_;
 };
 
 }  // namespace cuewright

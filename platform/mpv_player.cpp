@@ -54,12 +54,17 @@ MpvPlayerOptions MpvPlayerOptions::FromEnvironment() {
 }
 
 MpvPlayer::MpvPlayer(const MpvLibrary& library, Post post, const MpvPlayerOptions& options)
-    : post_(std::move(post)), output_(options.output) {
-  if (library.Available()) StartCore(library, options);
+    : library_(library), post_(std::move(post)), options_(options), output_(options.output) {}
+
+bool MpvPlayer::EnsureCore() {
+  if (!core_ && library_.Available()) StartCore();
+  return core_ != nullptr;
 }
 
-void MpvPlayer::StartCore(const MpvLibrary& library, const MpvPlayerOptions& options) {
-  core_ = std::make_unique<MpvCore>(library.Api(), options.extra,
+void MpvPlayer::StartCore() {
+  const MpvApi& api = library_.Api();
+  if (!library_.Available()) return;
+  core_ = std::make_unique<MpvCore>(api, options_.extra,
                                     [this](const MpvNews& news) { PostGuarded([this, news] { OnNews(news); }); });
   if (!core_->Ready()) {
     core_.reset();
@@ -67,7 +72,7 @@ void MpvPlayer::StartCore(const MpvLibrary& library, const MpvPlayerOptions& opt
   }
   // Pictures come faster than a busy window can fetch them: one announcement at a time is enough.
   auto posted = std::make_shared<std::atomic<bool>>(false);
-  video_ = std::make_unique<MpvVideo>(library.Api(), core_->Handle(), [this, posted] {
+  video_ = std::make_unique<MpvVideo>(api, core_->Handle(), [this, posted] {
     if (posted->exchange(true)) return;
     PostGuarded([this, posted] {
       *posted = false;
@@ -75,9 +80,12 @@ void MpvPlayer::StartCore(const MpvLibrary& library, const MpvPlayerOptions& opt
     });
   });
   if (output_ == VideoOutput::Software) video_->StartSoftware();
+  video_->SetSize(surfaceWidth_, surfaceHeight_);
   core_->SetNumber("volume", volume_);
+  core_->SetFlag("mute", muted_);
+  SetStretchToFit(stretch_);
   core_->Listen();
-  sampler_ = std::make_unique<MpvSampler>(library.Api(), core_->Handle(), clock_);
+  sampler_ = std::make_unique<MpvSampler>(api, core_->Handle(), clock_);
 }
 
 MpvPlayer::~MpvPlayer() {
@@ -99,7 +107,7 @@ void MpvPlayer::SetUrl(TextView path) {
     Close();
     return;
   }
-  if (!core_) throw RuntimeError{kErrorNoPlayer, u"The media player is missing"};
+  if (!EnsureCore()) throw RuntimeError{kErrorNoPlayer, u"The media player is missing"};
   // An absolute path is never taken for an address or an option, whatever the file's name.
   std::error_code error;
   const std::string asked = ToUtf8(path);
@@ -167,6 +175,7 @@ void MpvPlayer::SetUiMode(TextView mode) {
 }
 
 void MpvPlayer::SetStretchToFit(bool stretch) {
+  stretch_ = stretch;
   if (core_) core_->SetChoice("video-unscaled", stretch ? "no" : "downscale-big");
 }
 
@@ -376,13 +385,15 @@ void MpvPlayer::OnGone() {
 }
 
 void MpvPlayer::SetSurfaceSize(int width, int height) {
+  surfaceWidth_ = width;
+  surfaceHeight_ = height;
   if (video_) video_->SetSize(width, height);
 }
 
 VideoFrame MpvPlayer::TakeFrame() { return video_ ? video_->Take() : VideoFrame{}; }
 
 bool MpvPlayer::CreateGl(GlAddress address, void* context) {
-  if (!video_ || output_ != VideoOutput::OpenGl) return false;
+  if (output_ != VideoOutput::OpenGl || !EnsureCore()) return false;
   const bool done = video_->CreateGl(address, context);
   if (!done) {
     output_ = VideoOutput::Software;

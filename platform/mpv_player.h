@@ -32,7 +32,8 @@ struct MpvPlayerOptions {
 };
 
 /// The media player on libmpv. Made, used and ended on the window's thread; nothing here waits for the library.
-/// Without the library it exists all the same, and only opening a file fails, with run-time error 429.
+/// The library's part starts with the first film. Without the library all this exists just the same, and only opening a
+/// file fails, with run-time error 429.
 class MpvPlayer final : public Player, public VideoFrames {
  public:
   /// Runs a task on the window's thread, later and never within the call. Called on any thread.
@@ -74,7 +75,9 @@ class MpvPlayer final : public Player, public VideoFrames {
   /// What the user wants the open film to do.
   enum class Wish { Play, Pause, Stop };
 
-  void StartCore(const MpvLibrary& library, const MpvPlayerOptions& options);
+  /// Starts the library's player when it hasn't been; false when that can't be.
+  bool EnsureCore();
+  void StartCore();
   void PostGuarded(std::function<void()> task);
   void Open(const std::string& path);
   void Forget();
@@ -88,7 +91,9 @@ class MpvPlayer final : public Player, public VideoFrames {
   void OnEndReached(std::uint64_t seek);
   void OnGone();
 
+  const MpvLibrary& library_;
   Post post_;
+  MpvPlayerOptions options_;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   const std::weak_ptr<bool> guard_{alive_};  // what posted tasks hold
   std::unique_ptr<MpvCore> core_;
@@ -117,6 +122,9 @@ class MpvPlayer final : public Player, public VideoFrames {
   Text uiMode_ = u"full";
   int volume_ = 75;
   bool muted_ = false;
+  bool stretch_ = true;
+  int surfaceWidth_ = 0;
+  int surfaceHeight_ = 0;
 
   mutable MpvClock clock_;
   mutable double lastRead_ = 0;  // the position last handed out, and when

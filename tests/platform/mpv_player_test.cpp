@@ -108,6 +108,20 @@ TEST(MpvLibrary, WithoutTheFunctionsOfAPlayerCountsAsMissing) {
   EXPECT_THAT(ToUtf8(library.Error()), HasSubstr("mpv_"));
 }
 
+TEST(MpvLibrary, ThatTheSystemHasIsLoadedOnlyWhenUsed) {
+  const MpvLibrary library(MpvLibrary::DefaultFileName(), MpvLibrary::Load::WhenUsed);
+  EXPECT_TRUE(library.Available());
+  EXPECT_NE(library.Api().create, nullptr);
+  EXPECT_TRUE(library.Available()) << ToUtf8(library.Error());
+}
+
+TEST(MpvLibrary, ThatTheSystemLacksIsKnownToBeMissingAtOnce) {
+  for (const char* name : {"libmpv-that-is-not-there.so.2", "libc.so.6"}) {
+    const MpvLibrary library(name, MpvLibrary::Load::WhenUsed);
+    EXPECT_FALSE(library.Available()) << name;
+  }
+}
+
 TEST(MpvPlayerWithoutLibrary, GoesOnWithoutVideoAndFailsOnlyToOpen) {
   const MpvLibrary library("libmpv-that-is-not-there.so.2");
   test::TaskQueue queue;
