@@ -22,6 +22,7 @@
 namespace cuewright {
 namespace {
 
+constexpr qint64 kYieldEveryMs = 16;
 constexpr std::size_t kOkText = 66;
 constexpr std::size_t kCancelText = 67;
 
@@ -143,7 +144,12 @@ Text QtFileDialogs::ShowSaveDialog(TextView title, TextView filter, TextView fol
 
 QtEventQueue::QtEventQueue() { clock_.start(); }
 
-void QtEventQueue::Yield() { QCoreApplication::processEvents(); }
+void QtEventQueue::Yield() {
+  // Long work yields thousands of times a second; the window needs no more than the eye and the hand do.
+  if (clock_.elapsed() - yieldedAt_ < kYieldEveryMs) return;
+  QCoreApplication::processEvents();
+  yieldedAt_ = clock_.elapsed();
+}
 
 void QtEventQueue::YieldToPainting() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
 

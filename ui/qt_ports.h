@@ -46,6 +46,7 @@ class QtEventQueue final : public EventQueue {
 
  private:
   QElapsedTimer clock_;
+  qint64 yieldedAt_ = 0;
 };
 
 class QtDesktop final : public Desktop {

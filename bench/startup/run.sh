@@ -21,10 +21,15 @@ printf '[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nWindowWid
   >"$XDG_CONFIG_HOME/tessaly-cuewright/settings.ini"
 printf '{"App":{"First Start":false,"Auto":{"Check For Updates":false}}}\n' >"$HOME/.aegisub-3.2/config.json"
 
+# Debian's build of one peer stops at a check of its toolkit that it fails itself.
+export WXSUPPRESS_SIZER_FLAGS_CHECK=1
+
 peers() {
   local file=$1
   for peer in aegisub-3.2 aegisub subtitlecomposer gaupol; do
     command -v "$peer" >/dev/null || continue
+    # It asks first whether a file of this size is meant.
+    [ "$peer" = gaupol ] && [ -n "$file" ] && continue
     case " ${seen:-} " in *" ${peer%%-*} "*) continue ;; esac
     seen="${seen:-} ${peer%%-*}"
     commands+=(-- "${peer%%-*}" "$peer" ${file:+"$file"})

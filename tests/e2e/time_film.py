@@ -143,7 +143,12 @@ def main():
     })
     try:
         window = desktop.wait_for("the main window", lambda: program.window_id("^Tessaly Cuewright"))
-        table = desktop.wait_for("the list", lambda: program.find("table", "Captions"))
+        # A first start asks for the language.
+        settings = desktop.wait_for("the settings", lambda: program.window_id("^General Settings$"))
+        desktop.focus(settings)
+        desktop.key("Return")
+        desktop.wait_for("the end of the settings", lambda: program.window_id("^General Settings$") is None)
+        table = desktop.wait_for("the list", lambda: program.find("table", "List of the captions"))
         desktop.wait_for("the %d lines in the list" % len(lines), lambda: table.queryTable().nRows == len(lines))
         desktop.screenshot(os.path.join(folder, "1_text_opened.png"))
 
