@@ -71,7 +71,8 @@ void MenuEntry::paintEvent(QPaintEvent*) {
 }
 
 void MenuEntry::keyPressEvent(QKeyEvent* event) {
-  if (IsEnter(*event)) {
+  // On the chosen entry Enter is for the window's default button.
+  if (IsEnter(*event) && !isChecked()) {
     click();
   } else {
     QToolButton::keyPressEvent(event);

@@ -17,7 +17,8 @@ class LinkButton : public QToolButton {
   void ShowColour();
 };
 
-/// An entry of a column of which one is chosen. Its text begins where a line of text begins.
+/// An entry of a column of which one is chosen. Its text begins where a line of text begins. Enter chooses it, or
+/// goes to the window's default button when it is the chosen one.
 class MenuEntry final : public QToolButton {
  public:
   explicit MenuEntry(QWidget* parent);
