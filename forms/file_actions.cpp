@@ -234,13 +234,21 @@ void FileActions::SaveAs() {
     } else if (p_.document.HasVideo()) {
       proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
     }
-    Text path(TrimBlanks(ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal)));
+    const Text chosen = ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal);
+    Text path(TrimBlanks(chosen));
     if (path.empty()) return;
     const Text first = u"." + Split(extensions, u",")[0];
     if (!path.ends_with(first)) path += first;
+    if (path != chosen && !MayReplace(path)) return;
     p_.document.SubtitlePath = path;
     SaveDocument();
   });
+}
+
+bool FileActions::MayReplace(const Text& path) {
+  if (!ports_.files.Exists(path)) return true;
+  const Text question = Fill(p_.strings[414], path);
+  return ports_.messages.Show({question, BoxIcon::Warning, BoxButtons::YesNo, Untitled(45)}) == BoxAnswer::Yes;
 }
 
 void FileActions::SaveDocument() {

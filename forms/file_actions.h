@@ -100,6 +100,8 @@ class FileActions {
   bool Playing() const { return ports_.player.PlayState() == kPlayerPlaying; }
   Text FilterOf(TextView id, TextView fallbackName) const;
   Text Untitled(std::size_t message) const;
+  /// Asks about a file of another name than the picker gave, which asked about that one alone.
+  bool MayReplace(const Text& path);
 
   FileActionParts p_;
   Ports ports_;

@@ -173,6 +173,26 @@ TEST_F(Saving, TheExtensionIsComparedWithItsCase) {
   EXPECT_EQ(program->document.SubtitlePath, folder / "name.SRT.srt");
 }
 
+TEST_F(Saving, AFileFoundOnlyWithTheAddedExtensionIsAskedAbout) {
+  const Text old = folder.Write("old.srt", "precious");
+  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  dialogs.paths = {folder / "old", folder / "old", old};
+  boxes.answers = {BoxAnswer::No};
+  program->files.SaveAs();
+  EXPECT_EQ(LastBox(), ToUtf8(old) + " already exists.\nDo you want to replace it?");
+  EXPECT_EQ(boxes.shown.back().title, u"Save as");
+  EXPECT_EQ(folder.Read("old.srt"), "precious");
+  EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
+  boxes.answers = {BoxAnswer::Yes};
+  program->files.SaveAs();
+  EXPECT_NE(folder.Read("old.srt").find("line 1"), std::string::npos);
+  // The picker has asked about a whole name.
+  const std::size_t asked = boxes.shown.size();
+  program->files.SaveAs();
+  EXPECT_EQ(boxes.shown.size(), asked);
+}
+
 TEST_F(Saving, ANewDocumentIsNamedAfterTheFilm) {
   program->files.New();
   Play(folder.Write("film.one.mkv", "x"));
