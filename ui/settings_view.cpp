@@ -43,6 +43,10 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
   grid->addLayout(buttons, 1, 1);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(0, 1);
+  // The pointer beside the controls counts too.
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    if (widget->objectName().isEmpty()) widget->setMouseTracking(true);
+  }
   Names("lblApply", "cmbApply");
   Names("lblUImode", "cmbUImode");
   Names("lblLanguage", "cboLanguage");

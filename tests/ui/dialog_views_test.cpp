@@ -244,6 +244,17 @@ TEST_F(SettingsWindowView, ThePageOnShowIsTheOneThatTheMenuNames) {
   EXPECT_EQ(Settings().Page(), 0u);
 }
 
+TEST_F(SettingsWindowView, TheArrowKeysGoThroughTheMenu) {
+  ShowSettings();
+  ASSERT_EQ(QApplication::focusWidget(), Find("lblMenu(0)"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  EXPECT_EQ(QApplication::focusWidget(), Find("lblMenu(1)"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(Settings().Page(), 1u);
+  EXPECT_TRUE(Find<QAbstractButton>("lblMenu(1)")->isChecked());
+  EXPECT_TRUE(view->isVisible());
+}
+
 TEST_F(SettingsWindowView, TheWindowKeepsItsSizeFromPageToPage) {
   ShowSettings();
   const QSize size = view->size();
@@ -275,6 +286,24 @@ TEST_F(SettingsWindowView, ThePointerOpensAPanelUnderItsCheckAndThePageClosesIt)
   QCoreApplication::processEvents();
   EXPECT_FALSE(panel->isVisible());
   EXPECT_FALSE(check->autoFillBackground());
+}
+
+TEST_F(SettingsWindowView, ThePointerBesideAPanelsCheckOrAboveThePageClosesIt) {
+  ShowSettings();
+  auto* check = Find<QCheckBox>("chkCredits");
+  QWidget* panel = Find("picCredits");
+  for (const bool above : {false, true}) {
+    PointAt(check);
+    ASSERT_TRUE(panel->isVisible());
+    if (above) {
+      QWidget* heading = Find("lblTop")->parentWidget();
+      QTest::mouseMove(heading, QPoint(heading->width() / 2, 2));
+    } else {
+      QTest::mouseMove(check->parentWidget(), QPoint(check->parentWidget()->width() - 3, 4));
+    }
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(panel->isVisible()) << above;
+  }
 }
 
 TEST_F(SettingsWindowView, TheKeyboardOpensThePanelsAndReachesWhatIsInThem) {
