@@ -5,11 +5,13 @@
 #include <memory>
 
 #include "forms/program.h"
+#include "platform/child_processes.h"
 #include "platform/journal_files.h"
 #include "platform/locale.h"
 #include "platform/mpv_library.h"
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
+#include "platform/sound_store.h"
 #include "platform/user_folders.h"
 #include "ui/audio_view.h"
 #include "ui/color_scheme.h"
@@ -77,6 +79,14 @@ int main(int argc, char** argv) {
   environment.systemCodePage = AnsiCodePageOfLocale();
   const IcuLocale locale;
   environment.locale = &locale;
+
+  PosixProcesses processes;
+  // Two hours of sound take about 320 MB.
+  FolderSoundStore sounds(SoundFolder(), std::uint64_t{4} << 30);
+  if (!SoundFolder().empty()) {
+    environment.processes = &processes;
+    environment.sounds = &sounds;
+  }
 
   ToolkitTexts toolkitTexts;
   JournalFiles journals(JournalFolderPath());

@@ -66,8 +66,13 @@ void AudioBar::SetMarks(const WaveMarks& marks) {
   MarksChanged();
 }
 
-void AudioBar::LoadWaveFile(TextView path) {
+void AudioBar::ShowBar() {
+  if (!p_.options.M_AUDIOBAR) ToggleBar();
+}
+
+void AudioBar::LoadWaveFile(TextView path, bool recall) {
   path_ = path;
+  recall_ = recall;
   abort_ = false;
   const std::uint32_t number = current_ = ++loads_;
   WaveLoadResult result = WaveLoadResult::Failed;
@@ -88,7 +93,7 @@ void AudioBar::EndLoad(WaveLoadResult result) {
   if (result == WaveLoadResult::Failed || !painted) {
     p_.messages.Show({p_.strings[413], BoxIcon::Error, BoxButtons::Ok, ReplaceAll(p_.strings[356], u"...", {})});
   }
-  if (result == WaveLoadResult::Loaded) {
+  if (result == WaveLoadResult::Loaded && recall_) {
     w.mnuAFileName.SetText(ShortenPath(path_));
     w.mnuAFileName.SetVisible(true);
   }
@@ -107,7 +112,7 @@ void AudioBar::OnBegin() {
   w.mnuClose.SetEnabled(true);
   w.sldWavScale.SetEnabled(true);
   w.tmrWave.SetEnabled(true);
-  if (!p_.options.M_AUDIOBAR) ToggleBar();
+  ShowBar();
   if (Rolling()) {
     w.imgWavPos.SetVisible(true);
     WaveMarks marks = marks_;

@@ -63,8 +63,11 @@ class AudioBar final : private WaveLoadSteps {
   /// Applies the settings: scale, checks, colour.
   void LoadOptions();
 
-  /// Reads a wave file and shows it; tells a failure itself. Events are handled meanwhile.
-  void LoadWaveFile(TextView path);
+  /// Reads a wave file and shows it; tells a failure itself. Events are handled meanwhile. `recall`: the File menu
+  /// offers the file again.
+  void LoadWaveFile(TextView path, bool recall = true);
+  /// Switches the bar on when it is off.
+  void ShowBar();
   /// Clears the pictures and draws the grid; with `full` the wave is forgotten and its marks are hidden.
   void ResetWaveBar(bool full);
   /// Gives a running load up and forgets the wave; nothing without one.
@@ -131,7 +134,8 @@ class AudioBar final : private WaveLoadSteps {
   WavePeaks peaks_;
   WaveView view_;
   WaveMarks marks_;
-  Text path_;                  // of the load that runs
+  Text path_;  // of the load that runs
+  bool recall_ = true;
   bool abort_ = false;         // the load that runs is to be given up
   std::uint32_t loads_ = 0;    // a load that finds another number was overtaken
   std::uint32_t current_ = 0;  // number of the load that runs

@@ -15,7 +15,14 @@ OverlayPlace PlaceOverlay(int left, int top, int playerWidth, int playerHeight, 
 
 Preview::Preview(MainWindow& window, SubWindow& sub, CaptionList& list, CaptionGrid& grid,
                  const DocumentState& document, const AppOptions& options, Player& player)
-    : window_(window), sub_(sub), list_(list), grid_(grid), document_(document), options_(options), player_(player) {
+    : window_(window),
+      sub_(sub),
+      list_(list),
+      grid_(grid),
+      document_(document),
+      options_(options),
+      player_(player),
+      index_(list) {
   window_.tmrPreview.Tick.Connect([this] { Tick(); });
 }
 
@@ -69,15 +76,7 @@ void Preview::SetPreviewMode(bool on) {
 }
 
 void Preview::GetPreviewCap() {
-  for (Row r = 1; r <= list_.Rows() - 2; ++r) {
-    if (!list_.IsCaptionTimed(r)) continue;
-    if (playerPosMs_ < list_.GetCaptionEnd(1)) {
-      previewNextRow_ = 1;
-    } else if (playerPosMs_ >= list_.GetCaptionEnd(r) && playerPosMs_ <= list_.GetCaptionEnd(r + 1)) {
-      previewNextRow_ = r + 1;
-      return;
-    }
-  }
+  if (const Row row = index_.RowAt(playerPosMs_); row != 0) previewNextRow_ = row;
 }
 
 void Preview::Redraw(Row row) {

@@ -9,6 +9,7 @@
 #include "core/form/main_window.h"
 #include "core/form/sub_window.h"
 #include "core/ports/player.h"
+#include "core/preview_index.h"
 
 namespace cuewright {
 
@@ -65,6 +66,7 @@ class Preview {
   const DocumentState& document_;
   const AppOptions& options_;
   Player& player_;
+  PreviewIndex index_;
   Row previewRow_ = 0;
   Row previewNextRow_ = 0;
   std::int32_t playerPosMs_ = 0;

@@ -54,6 +54,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       audioBar({window, list, preview, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
       audio(window, document, strings, languages, store, recall, audioBar, ports_),
+      filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
+                 audioBar}),
       undo(window, list, history, capture, preview, strings),
       journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }) {
   Connect();
@@ -111,7 +113,10 @@ void Program::Connect() {
 
 void Program::ConnectAudio() {
   files.openAudioFile = [this](TextView path) { audio.OpenAudioFile(path, kAudioToPlayer); };
-  files.closeWave = [this] { audioBar.Forget(); };
+  files.closeWave = [this] {
+    filmSound.Stop();
+    audioBar.Forget();
+  };
   audio.closeTools = files.closeTools;
   audio.resetControls = files.resetControls;
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });

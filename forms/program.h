@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "audio/audio_bar.h"
+#include "audio/film_sound.h"
 #include "core/caption_grid.h"
 #include "core/caption_list.h"
 #include "core/caption_panel.h"
@@ -56,6 +57,8 @@ struct StartEnvironment {
   Text missingPlayer;                    ///< the file of the player that is missing; empty when it is there
   int systemCodePage = 1252;             ///< ANSI code page of the user's locale
   const Locale* locale = nullptr;        ///< what the system knows about locales; null: nothing
+  Processes* processes = nullptr;        ///< these two put a film's sound into the Audio bar; null: it can't be done
+  SoundStore* sounds = nullptr;
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -125,6 +128,7 @@ class Program final : private FormatHost {
   EditingTools tools;
   AudioBar audioBar;
   AudioCommands audio;
+  FilmSound filmSound;
   UndoCommands undo;
   JournalKeeper journal;
 

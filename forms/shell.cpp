@@ -261,6 +261,9 @@ void Shell::ApplyMenuTexts() {
                            {w.lblDuration, 320},
                            {w.lblMainMode, 32},
                            {w.lblWaveTip, 30},
+                           {w.mnuFilmSound, 972},
+                           {w.mnuEmptySounds, 973},
+                           {w.cmdStopSound, 976},
                            {w.optManual, 34},
                            {w.optPreview, 35}};
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);

@@ -86,6 +86,7 @@ MpvCore::MpvCore(const MpvApi& api, const Options& options, std::function<void(c
   api_.observe_property(handle_, 0, "duration", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "container-fps", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "seekable", MPV_FORMAT_FLAG);
+  api_.observe_property(handle_, 0, "current-tracks/audio/ff-index", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "vo-configured", MPV_FORMAT_FLAG);
 }
 
@@ -224,8 +225,10 @@ void MpvCore::OnEnd(const mpv_event_end_file& end) {
 void MpvCore::OnProperty(const mpv_event_property& property) {
   if (property.format == MPV_FORMAT_DOUBLE) {
     const double number = *static_cast<const double*>(property.data);
-    const bool duration = std::strcmp(property.name, "duration") == 0;
-    Tell({.kind = duration ? MpvNews::Kind::Duration : MpvNews::Kind::FrameRate, .number = number});
+    const auto kind = std::strcmp(property.name, "duration") == 0        ? MpvNews::Kind::Duration
+                      : std::strcmp(property.name, "container-fps") == 0 ? MpvNews::Kind::FrameRate
+                                                                         : MpvNews::Kind::AudioTrack;
+    Tell({.kind = kind, .number = number});
   } else if (property.format == MPV_FORMAT_FLAG) {
     const bool flag = *static_cast<const int*>(property.data) != 0;
     if (std::strcmp(property.name, "seekable") == 0) {

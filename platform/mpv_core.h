@@ -25,6 +25,7 @@ struct MpvNews {
     Duration,    ///< length in seconds: `number`
     FrameRate,   ///< frames per second: `number`
     Seekable,    ///< `flag`
+    AudioTrack,  ///< stream of the file that is heard: `number`
     NoPicture,   ///< nothing is shown any more, whichever file is open
   };
   Kind kind = Kind::Opened;

@@ -151,6 +151,7 @@ void MpvPlayer::Forget() {
   seeking_ = false;
   startAt_.reset();
   duration_ = 0;
+  audioTrack_ = -1;
   wish_ = Wish::Stop;
   clock_.Hold(0);
 }
@@ -331,6 +332,9 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;
+      break;
+    case MpvNews::Kind::AudioTrack:
+      audioTrack_ = static_cast<int>(news.number);
       break;
     case MpvNews::Kind::NoPicture:
       break;

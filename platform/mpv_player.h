@@ -63,6 +63,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   void SetCurrentPosition(double seconds) override;
   Text CurrentPositionString() const override;
   double Duration() const override { return duration_; }
+  int AudioTrack() const override { return audioTrack_; }
 
   VideoOutput Output() const override { return output_; }
   void SetSurfaceSize(int width, int height) override;
@@ -110,6 +111,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   Wish wish_ = Wish::Stop;
   int state_ = 0;
   double duration_ = 0;
+  int audioTrack_ = -1;
 
   std::uint64_t seek_ = 0;  // number of the newest seek
   bool seeking_ = false;    // it has not landed

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPolygon>
+#include <QPushButton>
 #include <QScreen>
 #include <QSlider>
 #include <QtMath>
@@ -168,15 +169,17 @@ AudioBarWidgets::AudioBarWidgets(AudioBar& bar, QWidget* area)
       level_(new LevelMeter(bar, area)),
       slider_(new QSlider(Qt::Vertical, area)),
       arrow_(new Arrow(area)),
-      tip_(new QLabel(wave_)) {
+      tip_(new QLabel(wave_)),
+      progress_(new QLabel(wave_)),
+      stop_(new QPushButton(wave_)) {
   slider_->setObjectName("sldWavScale");
   slider_->setPageStep(4000);
   slider_->setSingleStep(1000);
-  auto* progress = new QLabel(wave_);
-  progress->setObjectName("lblWave");
-  progress->setAutoFillBackground(true);
-  progress->setContentsMargins(6, 2, 6, 2);
-  progress->move(6, 6);
+  progress_->setObjectName("lblWave");
+  progress_->setAutoFillBackground(true);
+  progress_->setContentsMargins(6, 2, 6, 2);
+  progress_->move(6, 6);
+  stop_->setObjectName("cmdStopSound");
   tip_->setObjectName("lblWaveTip");
   tip_->setAutoFillBackground(true);
   tip_->setBackgroundRole(QPalette::ToolTipBase);
@@ -185,11 +188,8 @@ AudioBarWidgets::AudioBarWidgets(AudioBar& bar, QWidget* area)
   tip_->setAttribute(Qt::WA_TransparentForMouseEvents);
   connections_.push_back(bar_.MarksChanged.ConnectScoped([this] { PlaceMarks(); }));
   MainWindow& window = bar_.Window();
-  for (Label* label : {&window.lblWave, &window.lblWaveTip}) {
-    connections_.push_back(label->Changed.ConnectScoped([this] {
-      for (auto* made : wave_->findChildren<QLabel*>()) made->adjustSize();
-      PlaceMarks();
-    }));
+  for (Control* control : std::initializer_list<Control*>{&window.lblWave, &window.lblWaveTip, &window.cmdStopSound}) {
+    connections_.push_back(control->Changed.ConnectScoped([this] { PlaceMarks(); }));
   }
   bar_.SetView(this);
 }
@@ -215,6 +215,9 @@ void AudioBarWidgets::Place(const QRect& strip) {
 void AudioBarWidgets::PlaceMarks() {
   arrow_->move(bar_.Marks().arrowLeft, wave_->y() - kArrowHeight);
   tip_->adjustSize();
+  progress_->adjustSize();
+  stop_->adjustSize();
+  stop_->move(progress_->geometry().right() + 7, progress_->y() + (progress_->height() - stop_->height()) / 2);
   const int most = std::max(wave_->width() - tip_->width(), 0);
   tip_->move(std::clamp(bar_.Marks().start + 4, 0, most), wave_->height() - tip_->height() - 2);
 }

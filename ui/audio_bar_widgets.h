@@ -96,6 +96,8 @@ class AudioBarWidgets final : public AudioBarView {
   QSlider* slider_;
   QWidget* arrow_;
   QLabel* tip_;
+  QWidget* progress_;
+  QWidget* stop_;
   int height_ = 0;
   std::vector<Connection> connections_;
 };

@@ -30,8 +30,8 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuAFileName.SetVisible(false);
   mnuRecent.SetVisible(false);
   cmdCancel.SetVisible(false);
-  for (Control* control :
-       std::initializer_list<Control*>{&picWave, &picLevel, &sldWavScale, &imgWavPos, &lblWave, &lblWaveTip}) {
+  for (Control* control : std::initializer_list<Control*>{&picWave, &picLevel, &sldWavScale, &imgWavPos, &lblWave,
+                                                          &cmdStopSound, &lblWaveTip}) {
     control->SetVisible(false);
   }
   sldWavScale.SetEnabled(false);

@@ -28,6 +28,7 @@ class MainWindow final : public Form {
   Slider sldWavScale{*this, "sldWavScale"};
   Picture imgWavPos{*this, "imgWavPos"};
   Label lblWave{*this, "lblWave"};
+  Button cmdStopSound{*this, "cmdStopSound"};
   Label lblWaveTip{*this, "lblWaveTip"};
 
   // The bottom panel.
@@ -54,6 +55,7 @@ class MainWindow final : public Form {
   Timer tmrPreview{*this, "tmrPreview", 10};
   Timer tmrWave{*this, "tmrWave", 20};
   Timer tmrJournal{*this, "tmrJournal", 200};
+  Timer tmrFilmSound{*this, "tmrFilmSound", 100};
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNew{*this, "mnuNew", &mnuFile};
@@ -62,6 +64,8 @@ class MainWindow final : public Form {
   MenuItem mnuOpenText{*this, "mnuOpenText", &mnuFile};
   MenuItem mnuOpenVideo{*this, "mnuOpenVideo", &mnuFile};
   MenuItem mnuOpenWav{*this, "mnuOpenWav", &mnuFile};
+  MenuItem mnuFilmSound{*this, "mnuFilmSound", &mnuFile};
+  MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuFile};
   MenuItem mnuClose{*this, "mnuClose", &mnuFile};
   MenuItem mnuLine0a{*this, "mnuLine0a", &mnuFile};
   MenuItem mnuSave{*this, "mnuSave", &mnuFile};

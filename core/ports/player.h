@@ -60,6 +60,9 @@ class Player {
   /// Length of the open media in seconds; 0 when unknown.
   virtual double Duration() const = 0;
 
+  /// Number of the stream in the file that is heard; -1 when unknown.
+  virtual int AudioTrack() const { return -1; }
+
   Signal<int> PlayStateChange;            ///< the new state
   Signal<double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
   Signal<Text> MediaError;                ///< the file could not be played: the library's own words

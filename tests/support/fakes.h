@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +12,8 @@
 #include "core/ports/messages.h"
 #include "core/ports/pickers.h"
 #include "core/ports/player.h"
+#include "core/ports/processes.h"
+#include "core/runtime_error.h"
 
 namespace cuewright::testing {
 
@@ -46,6 +50,7 @@ class FakePlayer final : public Player {
   }
   Text CurrentPositionString() const override { return positionText; }
   double Duration() const override { return duration; }
+  int AudioTrack() const override { return audioTrack; }
 
   /// Changes the state and announces it.
   void Become(int newState) {
@@ -65,7 +70,41 @@ class FakePlayer final : public Player {
   double position = 0;
   Text positionText = u"00:00";
   double duration = 0;
+  int audioTrack = -1;
   std::vector<double> seeks;
+};
+
+/// A program that ends and writes when the test says so.
+class FakeProcesses final : public Processes {
+ public:
+  struct Run {
+    Text program;
+    std::vector<Text> arguments;
+    std::string output;         ///< not taken yet
+    std::optional<int> status;  ///< empty: it runs
+    bool gone = false;          ///< nobody holds it any more
+  };
+
+  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) override {
+    if (missing) throw RuntimeError{kErrorFileNotFound, u"File not found: " + program};
+    runs.push_back(std::make_unique<Run>(Run{program, arguments, {}, {}, false}));
+    return std::make_unique<Child>(*runs.back());
+  }
+
+  std::vector<std::unique_ptr<Run>> runs;
+  bool missing = false;
+
+ private:
+  class Child final : public ChildProcess {
+   public:
+    explicit Child(Run& run) : run_(run) {}
+    ~Child() override { run_.gone = true; }
+    std::string TakeOutput() override { return std::exchange(run_.output, {}); }
+    std::optional<int> Ended() override { return run_.status; }
+
+   private:
+    Run& run_;
+  };
 };
 
 /// Boxes answered from queues; what was shown is kept.

@@ -8,6 +8,7 @@
 
 #include "forms/program.h"
 #include "platform/posix_files.h"
+#include "platform/sound_store.h"
 #include "tests/support/fakes.h"
 #include "tests/support/printers.h"
 #include "tests/support/temp_folder.h"
@@ -27,6 +28,8 @@ struct ProgramFixture : ::testing::Test {
     environment.settingsFile = folder / "settings.ini";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
+    environment.processes = &processes;
+    environment.sounds = &sounds;
     environment.locale = userLocale;
     program =
         std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers, journal}, environment);
@@ -65,6 +68,8 @@ struct ProgramFixture : ::testing::Test {
   FakePlayer player;
   JournalStore* journal = nullptr;  ///< taken by the next start
   FakePickers pickers;
+  FakeProcesses processes;
+  FolderSoundStore sounds{folder / "cache", 100000};
   std::unique_ptr<Program> program;
   const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales
   bool started = false;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/caption_list.h"
+
+namespace cuewright {
+
+/// Finds the first caption that hasn't ended at a position in a time that hardly grows with the list. It is built from
+/// the ends of all captions when it is asked for the first time after they changed.
+class PreviewIndex {
+ public:
+  explicit PreviewIndex(CaptionList& list);
+
+  /// The row whose span is to be watched at a position in ms: 1 before the end of the first caption, else the row
+  /// behind the first timed one at or behind whose end, and not behind whose successor's end, the position lies. 0 when
+  /// there is none. The last caption of the list is never looked at for its successor.
+  Row RowAt(std::int32_t ms);
+
+ private:
+  void OnSplice(const Splice& splice);
+  void Build();
+
+  CaptionList& list_;
+  Connection spliced_;
+  bool built_ = false;
+  bool timed_ = false;              // some caption but the last is timed
+  std::vector<std::int32_t> ends_;  // all different ends, rising
+  std::vector<std::int16_t> rows_;  // for each end, and for the times between it and the next
+};
+
+}  // namespace cuewright

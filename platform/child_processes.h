@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/ports/processes.h"
+
+namespace cuewright {
+
+/// `Processes` on the system's own calls.
+class PosixProcesses final : public Processes {
+ public:
+  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) override;
+};
+
+}  // namespace cuewright

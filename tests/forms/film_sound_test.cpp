@@ -1,0 +1,156 @@
+#include "audio/film_sound.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "tests/support/program_fixture.h"
+
+namespace cuewright {
+namespace {
+
+using testing::FakeProcesses;
+using testing::ProgramFixture;
+
+struct FilmSoundTest : ProgramFixture {
+  FilmSoundTest() {
+    film = folder.Write("film.mkv", "x");
+    Play(film);
+    player.duration = 200;
+    player.audioTrack = 1;
+  }
+
+  FakeProcesses::Run& Run() { return *processes.runs.back(); }
+  /// What the decoder was told to write.
+  Text Unfinished() { return Run().arguments.back().substr(5); }
+  void Poll() { Window().tmrFilmSound.Tick(); }
+  /// The decoder writes a second of silence and ends.
+  void Decode(int status = 0) {
+    const std::string header("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\x80\x3e\0\0",
+                             44);
+    std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(16000, '\0');
+    Run().status = status;
+    Poll();
+  }
+  Text Progress() { return Window().lblWave.Visible() ? Window().lblWave.GetText() : u""; }
+
+  Text film;
+};
+
+TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {
+  Window().mnuFilmSound.Click();
+  ASSERT_EQ(processes.runs.size(), 1u);
+  EXPECT_EQ(Run().program, u"ffmpeg");
+  const std::vector<Text>& given = Run().arguments;
+  const auto behind = [&](TextView option) { return *(std::find(given.begin(), given.end(), option) + 1); };
+  EXPECT_EQ(behind(u"-i"), u"file:" + film);
+  EXPECT_EQ(behind(u"-map"), u"0:1");
+  EXPECT_EQ(behind(u"-c:a"), u"pcm_s16le");
+  EXPECT_TRUE(Unfinished().starts_with(folder / "cache/"));
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");
+  EXPECT_TRUE(Window().cmdStopSound.Visible());
+  EXPECT_TRUE(Window().picWave.Visible());
+  EXPECT_FALSE(Window().mnuOpenWav.Enabled());
+}
+
+TEST_F(FilmSoundTest, TellsHowFarItIs) {
+  Window().mnuFilmSound.Click();
+  Run().output = "frame=1\nout_time_us=500000";
+  Poll();
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");  // the line isn't whole
+  Run().output = "00\nprogress=continue\n";
+  Poll();
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 25 %");
+  player.duration = 0;
+  Run().output = "out_time_us=70000000\n";
+  Poll();
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 70 s");
+}
+
+TEST_F(FilmSoundTest, TheWaveGoesToTheAudioBarAndIsThereAtOnceTheNextTime) {
+  Window().mnuFilmSound.Click();
+  Decode();
+  EXPECT_TRUE(boxes.shown.empty());
+  const Text wave = program->document.WavePath;
+  EXPECT_TRUE(wave.starts_with(folder / "cache/"));
+  EXPECT_EQ(program->audioBar.Peaks().Columns(), 99);  // the last bytes are never looked at
+  EXPECT_EQ(Progress(), u"");
+  EXPECT_FALSE(Window().cmdStopSound.Visible());
+  EXPECT_TRUE(Window().mnuOpenWav.Enabled());
+  EXPECT_FALSE(Window().mnuAFileName.Visible());  // the cache is nothing to offer
+  program->audioBar.Forget();
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(processes.runs.size(), 1u);
+  EXPECT_EQ(program->document.WavePath, wave);
+}
+
+TEST_F(FilmSoundTest, AnotherTrackOrAChangedFilmIsDecodedAgain) {
+  Window().mnuFilmSound.Click();
+  Decode();
+  player.audioTrack = 2;
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(processes.runs.size(), 2u);
+  Decode();
+  folder.Write("film.mkv", "changed");
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(processes.runs.size(), 3u);
+}
+
+TEST_F(FilmSoundTest, CanBeStopped) {
+  Window().mnuFilmSound.Click();
+  const Text unfinished = Unfinished();
+  folder.Write("cache/" + ToUtf8(unfinished.substr(unfinished.rfind(u'/') + 1)), "half");
+  Window().cmdStopSound.Click();
+  EXPECT_TRUE(Run().gone);
+  EXPECT_FALSE(files.Exists(unfinished));
+  EXPECT_FALSE(Window().tmrFilmSound.Enabled());
+  EXPECT_EQ(Progress(), u"");
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_TRUE(program->document.WavePath.empty());
+}
+
+TEST_F(FilmSoundTest, EndsWithItsFilm) {
+  Window().mnuFilmSound.Click();
+  program->files.CloseDocuments();
+  EXPECT_TRUE(Run().gone);
+  Play(film);
+  Window().mnuFilmSound.Click();
+  Play(folder.Write("other.mkv", "y"));
+  Poll();
+  EXPECT_TRUE(Run().gone);
+  EXPECT_FALSE(program->filmSound.Running());
+}
+
+TEST_F(FilmSoundTest, AFailureIsToldAndLeavesNothing) {
+  Window().mnuFilmSound.Click();
+  Decode(1);
+  EXPECT_EQ(LastBox(), "The sound of " + ToUtf8(film) + " could not be read.");
+  EXPECT_FALSE(files.Exists(Unfinished()));
+  processes.missing = true;
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(boxes.shown.size(), 2u);
+  EXPECT_FALSE(program->filmSound.Running());
+}
+
+TEST_F(FilmSoundTest, IsOfferedWhileAFilmIsOpen) {
+  Window().mnuFile.AboutToShow();
+  EXPECT_TRUE(Window().mnuFilmSound.Enabled());
+  Window().mnuFilmSound.Click();
+  Window().mnuFile.AboutToShow();
+  EXPECT_FALSE(Window().mnuFilmSound.Enabled());
+  program->files.CloseDocuments();
+  Window().mnuFile.AboutToShow();
+  EXPECT_FALSE(Window().mnuFilmSound.Enabled());
+}
+
+TEST_F(FilmSoundTest, TheStoreCanBeEmptied) {
+  Window().mnuFilmSound.Click();
+  Decode();
+  const Text wave = program->document.WavePath;
+  folder.Write("cache/other.txt", "not ours");
+  Window().mnuEmptySounds.Click();
+  EXPECT_FALSE(files.Exists(wave));
+  EXPECT_TRUE(files.Exists(folder / "cache/other.txt"));
+}
+
+}  // namespace
+}  // namespace cuewright
