@@ -47,7 +47,7 @@ void FilmSound::Start() {
 void FilmSound::StartSteps() {
   const int track = p_.player.AudioTrack();
   path_ = p_.store->PathFor(film_, track);
-  if (p_.store->Has(path_)) return p_.bar.LoadWaveFile(path_, false);
+  if (p_.store->Has(path_)) return Load();
   const Text unfinished = p_.store->Begin(path_);
   child_ = p_.processes->Start(Text(kDecoder), Arguments(film_, track, unfinished));
   output_.clear();
@@ -108,11 +108,16 @@ void FilmSound::Finish(bool whole) {
   if (!whole) return p_.store->Discard(path_);
   CarryOn steps;
   if (steps([&] { p_.store->Keep(path_); })) {
-    p_.bar.LoadWaveFile(path_, false);
+    Load();
   } else {
     p_.store->Discard(path_);
     Tell();
   }
+}
+
+void FilmSound::Load() {
+  p_.bar.LoadWaveFile(path_, false);
+  p_.bar.PlaceCurrentMarks();
 }
 
 void FilmSound::Tell() {

@@ -40,6 +40,7 @@ class FilmSound {
   void ReadProgress();
   void ShowProgress();
   void Finish(bool whole);
+  void Load();
   void Tell();
   void EmptyStore();
 

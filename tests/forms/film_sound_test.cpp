@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "tests/support/program_fixture.h"
+#include "tests/support/wave_pictures.h"
 
 namespace cuewright {
 namespace {
@@ -81,6 +82,17 @@ TEST_F(FilmSoundTest, TheWaveGoesToTheAudioBarAndIsThereAtOnceTheNextTime) {
   Window().mnuFilmSound.Click();
   EXPECT_EQ(processes.runs.size(), 1u);
   EXPECT_EQ(program->document.WavePath, wave);
+}
+
+TEST_F(FilmSoundTest, TheMarksOfTheCurrentCaptionStandInTheWave) {
+  program->files.OpenSubtitleFile(folder.Write("a.srt", "1\r\n00:00:00,200 --> 00:00:00,500\r\na\r\n\r\n"));
+  testing::PixelView view;
+  program->audioBar.SetView(&view);
+  Window().mnuFilmSound.Click();
+  Decode();
+  EXPECT_TRUE(program->audioBar.Marks().captionShown);
+  EXPECT_EQ(program->audioBar.Marks().start, 20);
+  program->audioBar.SetView(nullptr);
 }
 
 TEST_F(FilmSoundTest, AnotherTrackOrAChangedFilmIsDecodedAgain) {
