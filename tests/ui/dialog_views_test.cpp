@@ -482,6 +482,19 @@ TEST_F(ExportWindowView, ARefusedRateTakesTheFocusAndTheWindowStays) {
   EXPECT_EQ(QApplication::focusWidget(), Find("cmbFPS"));
 }
 
+TEST_F(ExportWindowView, EnterInTheRateIsOkAndAddsNoChoice) {
+  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"MICRODVD"));
+  ShowExport();
+  auto* rate = Find<QComboBox>("cmbFPS");
+  rate->lineEdit()->setFocus();
+  rate->lineEdit()->selectAll();
+  QTest::keyClicks(rate->lineEdit(), "18");
+  QTest::keyClick(rate->lineEdit(), Qt::Key_Return);
+  EXPECT_TRUE(Export().Result());
+  EXPECT_EQ(program->formats.CurrentFps, 18);
+  EXPECT_EQ(rate->count(), 7);
+}
+
 TEST_F(ExportWindowView, EscapeIsCancel) {
   ShowExport();
   QTest::keyClick(Find("cboFormats"), Qt::Key_Escape);
