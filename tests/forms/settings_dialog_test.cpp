@@ -608,6 +608,24 @@ TEST_F(SettingsLanguage, TheCompletionLinkShowsOnlyWhereTextsLack) {
   EXPECT_TRUE(Details().starts_with("This translation is 0% complete.\r\n\r\nTo complete the RUSSIAN translation"));
 }
 
+TEST_F(SettingsLanguage, ALanguageWithOneMissingTextShowsNoCompletionLink) {
+  const auto block = [&](std::size_t missing) {
+    std::string data;
+    for (std::size_t id = 0; id < kMessageCount; ++id) {
+      if (id >= 72 && id < 72 + missing) continue;
+      const std::string text = ToUtf8(ReplaceAll(program->strings[id], u"\n", u"\\n"));
+      data += std::to_string(id) + (text.empty() ? "" : "\t" + text) + "\n";
+    }
+    return data;
+  };
+  program->messages.AddBlock(block(1), static_cast<int>(kRussian));
+  program->messages.AddBlock(block(4), 22);
+  Dialog().cboLanguage.Choose(static_cast<int>(kRussian));
+  EXPECT_FALSE(Dialog().lblComplete.Visible());
+  Dialog().cboLanguage.Choose(22);
+  EXPECT_TRUE(Dialog().lblComplete.Visible());
+}
+
 TEST_F(SettingsLanguage, TheCompletionLinkWritesAndOpensTheTranslationFile) {
   std::filesystem::create_directory(folder.Path() / "run");
   Dialog().cboLanguage.Choose(kRussian);
@@ -730,6 +748,16 @@ TEST_F(SettingsStoring, AFieldThatWasntLeftCountsAtOk) {
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"kRewindSecs"), u"600");
   EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"x,y");
+}
+
+TEST_F(SettingsStoring, ABlankCreditsListRunsWithTheRuleOffAndTheStoreSaysSoAtTheNextOk) {
+  program->store.SaveSettings(u"Cuewright", {{u"T_CREDITS", u"1"}, {u"T_CREDITSTEXT", u"   "}});
+  Reopen();
+  EXPECT_EQ(Options().T_CREDITS, 0);
+  EXPECT_FALSE(Dialog().chkCredits.Value());
+  EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"T_CREDITS"), u"0");
 }
 
 TEST_F(SettingsStoring, AFieldThatWasntTouchedStaysAsItIs) {
