@@ -15,6 +15,10 @@ std::string AsText(const Session& session, ReportForm form) {
 
 std::string AsJson(const Request& request, Session& session, const Text& readAs, int captions, bool written) {
   const RuleReport& report = session.Report();
+  std::vector<Text> entries;
+  for (std::size_t at = 0; at < report.Size(); ++at) {
+    entries.push_back(request.detailed ? report.Detailed(at) : report.OneLine(at));
+  }
   JsonObject object;
   object.Add("file", request.files.front())
       .Add("format", readAs)
@@ -24,7 +28,7 @@ std::string AsJson(const Request& request, Session& session, const Text& readAs,
       .Add("durations", report.DurationsOutsideRange())
       .Add("removed", report.LinesRemoved())
       .Add("total", report.RuleEntryCount())
-      .AddRaw("entries", JsonList(request.detailed ? report.Detailed() : report.OneLine()));
+      .AddRaw("entries", JsonList(entries));
   if (request.out) object.Add("to", request.to).Add("out", *request.out).Add("written", written);
   return object.AddRaw("messages", JsonList(session.Boxes().Shown())).Line();
 }

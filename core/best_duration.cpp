@@ -23,7 +23,8 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   Checked16 length(static_cast<std::int64_t>(text.size()));
   // Only the italic marker is taken off: the others count as characters here.
   if (list.IsCaptionItalic(row)) length = length - Checked16(kMarkerLength);
-  if (text.find(separator) != Text::npos) length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  if (FindPlain(text, separator) != Text::npos)
+    length = length - Checked16(static_cast<std::int64_t>(separator.size()));
   if (duration < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));
   if (length < 1) return {};
   const Checked16 best = Checked16(list.Options().Duration[LengthClass(length)]) * length;

@@ -20,9 +20,11 @@ TextView LeftPart(TextView text, long count) {
 
 Text Flatten(TextView text, TextView separator) {
   Text flat = ReplaceAll(text, separator, u" ");
-  flat = ReplaceAll(flat, u"  ", u" ");
-  flat = ReplaceAll(flat, u"\r\n ", u"\r\n");
-  flat = ReplaceAll(flat, kLineEnd, u" ");
+  if (flat.find(u"  ") != Text::npos) flat = ReplaceAll(flat, u"  ", u" ");
+  if (FindPlain(flat, u"\r") != Text::npos) {
+    flat = ReplaceAll(flat, u"\r\n ", u"\r\n");
+    flat = ReplaceAll(flat, kLineEnd, u" ");
+  }
   return Text(TrimBlanks(flat));
 }
 
@@ -63,7 +65,10 @@ bool CaptionList::IsCaptionTimed(Row row) const { return GetCaptionStart(row) > 
 void CaptionList::SetCaptionText(Row row, TextView text) {
   const Text& separator = options_.LineSeparator;
   if (!InRange(row) || (!separator.empty() && text.ends_with(separator))) return;
-  if (At(row).text != text) Replace(row, 1, {Caption{At(row).start, At(row).end, Text(text)}});
+  if (At(row).text == text) return;
+  std::vector<Caption> stored(1, Caption{At(row).start, At(row).end, {}});
+  stored.front().text = text;
+  Replace(row, 1, std::move(stored));
 }
 
 void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
@@ -92,6 +97,17 @@ void CaptionList::ClearCaptionTiming(Row row, bool quiet) {
   if (!quiet) SetModified();
 }
 
+CaptionList::Markers CaptionList::MarkersIn(TextView text) {
+  Markers found;
+  for (std::size_t at = FindPlain(text, u"<"); at != TextView::npos; at = FindPlain(text, u"<", at + 1)) {
+    const TextView marker = text.substr(at, kBold.size());
+    found.bold = found.bold || marker == kBold;
+    found.italic = found.italic || marker == kItalic;
+    found.underline = found.underline || marker == kUnderline;
+  }
+  return found;
+}
+
 bool CaptionList::HasMarker(Row row, TextView marker) const {
   return InRange(row) && At(row).text.find(marker) != Text::npos;
 }
@@ -100,9 +116,7 @@ bool CaptionList::IsCaptionBold(Row row) const { return HasMarker(row, kBold); }
 bool CaptionList::IsCaptionItalic(Row row) const { return HasMarker(row, kItalic); }
 bool CaptionList::IsCaptionUnderline(Row row) const { return HasMarker(row, kUnderline); }
 
-bool CaptionList::IsCaptionFormatted(Row row) const {
-  return IsCaptionBold(row) || IsCaptionItalic(row) || IsCaptionUnderline(row);
-}
+bool CaptionList::IsCaptionFormatted(Row row) const { return InRange(row) && MarkersIn(At(row).text).Count() > 0; }
 
 void CaptionList::ToggleMarker(Row row, TextView marker) {
   if (!InRange(row)) return;

@@ -74,6 +74,15 @@ class CaptionList {
   void SetCaptionEnd(Row row, std::int32_t ms);
   void ClearCaptionTiming(Row row, bool quiet);
 
+  /// Which of the markers "<b>", "<i>" and "<u>" occur in a text, in lower case.
+  struct Markers {
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    int Count() const { return int{bold} + int{italic} + int{underline}; }
+  };
+  static Markers MarkersIn(TextView text);
+
   /// The marker occurs in the text, in lower case.
   bool IsCaptionBold(Row row) const;
   bool IsCaptionItalic(Row row) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,9 +30,31 @@ bool IsBlank(TextView text);
 Text ToUpper(TextView text);
 Text ToLower(TextView text);
 
+/// Position of `needle`, as it is, at or behind `from`; `TextView::npos` when it doesn't occur. Quick for the one plain
+/// character that most separators are.
+std::size_t FindPlain(TextView text, TextView needle, std::size_t from = 0);
+
 /// Position of `needle` at or behind `from`, ignoring the case of every letter that has one (simple
 /// folding); `TextView::npos` when it doesn't occur.
 std::size_t FindLoose(TextView text, TextView needle, std::size_t from = 0);
+
+/// Texts that are looked for at once, ignoring the case of every letter as `FindLoose` does.
+class LooseNeedles {
+ public:
+  LooseNeedles() = default;
+  /// An empty text occurs in every text.
+  explicit LooseNeedles(const std::vector<Text>& needles);
+
+  /// True when one of them occurs in the text.
+  bool AnyIn(TextView text) const;
+
+ private:
+  bool AnyAt(TextView text, std::size_t at) const;
+
+  std::vector<Text> folded_;
+  std::vector<Text> wide_;           ///< those with characters of two units
+  std::array<bool, 0x80> begins_{};  ///< a plain character with which one of them may begin
+};
 
 /// True when both texts are equal but for the case of letters.
 bool EqualLoose(TextView a, TextView b);

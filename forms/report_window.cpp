@@ -42,7 +42,6 @@ void ReportWindow::ApplyLanguage(bool rightToLeft) {
   lblDefine.SetText(strings_[183]);
   cmdOK.SetText(strings_[66]);
   lblTop.SetText(ReportHeading(report_, strings_, document_.HasDocument()));
-  // The entries stay in the language that they were logged in.
   if (!txtReport.GetText().empty()) ShowReport(optDetailed.Value() ? ReportForm::Detailed : ReportForm::Standard);
 }
 

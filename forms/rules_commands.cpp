@@ -26,17 +26,19 @@ void RulesCommands::CloseToolWindows() {
   for (const char* name : {"frmFind", "frmReplace", "frmReport"}) openForms_.UnloadForm(name);
 }
 
-void RulesCommands::SetBusy(bool on) { ports_.desktop.SetBusy(on); }
+void RulesCommands::SetBusy(bool on) {
+  // As in every long operation nothing is drawn of the list meanwhile.
+  list_.SetEnabled(!on);
+  ports_.desktop.SetBusy(on);
+  // The pane and the time boxes hold what the row was before the pass; what is typed there would bring it back.
+  if (!on) list_.SetRow(list_.Selected(), false);
+}
 
 void RulesCommands::Yield() { ports_.events.YieldToPainting(); }
 
 void RulesCommands::ShowProgress(TextView text) { window_.lblTextFile.SetText(text); }
 
-void RulesCommands::RefreshFileLabels() {
-  refreshFileLabels();
-  // The pane and the time boxes hold what the row was before the pass; what is typed there would bring it back.
-  list_.SetRow(list_.Selected(), false);
-}
+void RulesCommands::RefreshFileLabels() { refreshFileLabels(); }
 
 void RulesCommands::LeavePreviewMode() {
   if (capture_.Mode() == CaptionMode::Preview) capture_.SelectMode(CaptionMode::PressAndHold);

@@ -12,6 +12,23 @@ Text Shaped(Text text, const FindOptions& options) {
   return options.entireWord ? u" " + text + u" " : text;
 }
 
+/// A caption's text in that shape, with one more blank at each end.
+Text Padded(const CaptionList& list, Row row, const FindOptions& options) {
+  const Text& text = list.At(row).text;
+  const TextView blanks = options.entireWord ? u"  " : u" ";
+  Text padded;
+  padded.reserve(text.size() + 2 * blanks.size());
+  padded.append(blanks).append(text).append(blanks);
+  const Text& separator = list.Options().LineSeparator;
+  if (FindPlain(text, separator) != Text::npos) {
+    padded = Text(blanks) + ReplaceAll(text, separator, u" ") + Text(blanks);
+  }
+  return options.matchCase ? padded : ToLower(padded);
+}
+
+/// The text without the blank more at each end.
+TextView Flat(TextView padded) { return padded.substr(1, padded.size() - 2); }
+
 /// What is looked for, in the shape of the texts that it is looked for in.
 class Needle {
  public:
@@ -71,8 +88,8 @@ std::int16_t FindNext(CaptionList& list, const FindOptions& options, const Needl
   const Row start = list.Selected();
   std::int16_t count = 0;
   for (Row row = start; row < list.Rows(); ++row) {
-    const Text flat = Shaped(ReplaceAll(list.At(row).text, list.Options().LineSeparator, u" "), options);
-    if (!needle.In(u" " + flat + u" ")) continue;
+    const Text padded = Padded(list, row, options);
+    if (!needle.In(padded)) continue;
     ++count;
     if (row == start) continue;
     list.MoveSelection(row);
@@ -90,10 +107,10 @@ std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool 
   std::int16_t count = 0;
   std::vector<std::pair<Row, Text>> found;
   for (Row row = list.Selected(); row < list.Rows(); ++row) {
-    const Text flat = Shaped(ReplaceAll(list.At(row).text, list.Options().LineSeparator, u" "), options);
-    if (!needle.In(u" " + flat + u" ")) continue;
+    const Text padded = Padded(list, row, options);
+    if (!needle.In(padded)) continue;
     ++count;
-    found.emplace_back(row, needle.Replaced(flat, replacement));
+    found.emplace_back(row, needle.Replaced(Flat(padded), replacement));
     if (!replaceAll) break;
   }
   if (found.empty()) return 0;

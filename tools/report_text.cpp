@@ -26,14 +26,14 @@ Text ReportTotals(const RuleReport& report, const LangStrings& strings) {
 }
 
 Text ReportText(const RuleReport& report, const LangStrings& strings, ReportForm form) {
-  const bool detailed = form == ReportForm::Detailed;
-  const std::vector<Text>& entries = detailed ? report.Detailed() : report.OneLine();
-  const TextView end = detailed ? kBetweenEntries : kLineEnd;
   Text text = ReportTotals(report, strings);
-  std::size_t size = text.size();
-  for (const Text& entry : entries) size += entry.size() + end.size();
-  text.reserve(size);
-  for (const Text& entry : entries) text.append(entry).append(end);
+  for (std::size_t at = 0; at < report.Size(); ++at) {
+    if (form == ReportForm::Detailed) {
+      text.append(report.Detailed(at)).append(kBetweenEntries);
+    } else {
+      text.append(report.OneLine(at)).append(kLineEnd);
+    }
+  }
   return text;
 }
 

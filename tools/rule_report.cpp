@@ -12,36 +12,40 @@ constexpr std::int32_t kLeastLoggedCollision = 50;
 
 void RuleReport::AddRuleEntry(Row row, TextView text, RuleKind kind, std::int32_t value, bool applied) {
   if (kind == RuleKind::Collision && value < kLeastLoggedCollision) return;
-  const Text number = Decimal(row);
-  Texts texts = Describe(kind, number, value, applied);
-  Text detailed = Fill(strings_[228], Decimal(static_cast<int>(kind))) + u" [" + number + u"]";
-  detailed.append(kLineEnd).append(strings_[229]).append(u"\"").append(text).append(u"\"").append(kLineEnd);
-  detailed_.push_back(detailed + texts.detailed);
-  oneLine_.push_back(std::move(texts.oneLine));
+  entries_.push_back({row, Text(text), kind, value, applied});
   ++Counter(kind);
   ++entryCount_;
 }
 
 void RuleReport::ResetRuleReport() {
-  detailed_.clear();
-  oneLine_.clear();
+  entries_.clear();
   entryCount_ = 0;
   linesSplit_ = collisions_ = durationsOutsideRange_ = linesRemoved_ = Checked16();
 }
 
-RuleReport::Texts RuleReport::Describe(RuleKind kind, TextView row, std::int32_t value, bool applied) const {
-  const Text ms = Decimal(value);
+Text RuleReport::Detailed(std::size_t at) const {
+  const Entry& entry = entries_[at];
+  Text text = Fill(strings_[228], Decimal(static_cast<int>(entry.kind))) + u" [" + Decimal(entry.row) + u"]";
+  text.append(kLineEnd).append(strings_[229]).append(u"\"").append(entry.text).append(u"\"").append(kLineEnd);
+  return text.append(Describe(entry).detailed);
+}
+
+Text RuleReport::OneLine(std::size_t at) const { return Describe(entries_[at]).oneLine; }
+
+RuleReport::Texts RuleReport::Describe(const Entry& entry) const {
+  const Text row = Decimal(entry.row);
+  const Text ms = Decimal(entry.value);
   const auto lines = [&](std::size_t finding, const Text& action) {
     return strings_[finding] + Text(kLineEnd) + action;
   };
-  switch (kind) {
+  switch (entry.kind) {
     case RuleKind::TooManyLines:
       return {lines(233, strings_[234]), Fill(strings_[235], row)};
     case RuleKind::Collision:
-      if (!applied) return {lines(236, strings_[239]), Fill(strings_[240], row)};
+      if (!entry.applied) return {lines(236, strings_[239]), Fill(strings_[240], row)};
       return {lines(236, Fill(strings_[237], ms)), Fill(strings_[238], row, ms)};
     case RuleKind::DurationOutsideRange:
-      return DescribeDuration(row, value, applied);
+      return DescribeDuration(entry);
     case RuleKind::NegativeDuration:
       return {lines(266, Fill(strings_[267], ms)), Fill(strings_[268], row, ms)};
     case RuleKind::Credit:
@@ -50,13 +54,14 @@ RuleReport::Texts RuleReport::Describe(RuleKind kind, TextView row, std::int32_t
   return {};
 }
 
-RuleReport::Texts RuleReport::DescribeDuration(TextView row, std::int32_t value, bool applied) const {
+RuleReport::Texts RuleReport::DescribeDuration(const Entry& entry) const {
   const Text finding = strings_[241] + Text(kLineEnd);
-  if (!applied) return {finding + strings_[239], {}};
-  const Text ms = Decimal(value);
-  if (value >= 1) return {finding + Fill(strings_[242], ms), Fill(strings_[243], row, ms)};
+  if (!entry.applied) return {finding + strings_[239], {}};
+  const Text row = Decimal(entry.row);
+  const Text ms = Decimal(entry.value);
+  if (entry.value >= 1) return {finding + Fill(strings_[242], ms), Fill(strings_[243], row, ms)};
   // The sentence tells how much went; the one-line text bears the value with its sign.
-  const Text reduction = Decimal(std::llabs(static_cast<long long>(value)));
+  const Text reduction = Decimal(std::llabs(static_cast<long long>(entry.value)));
   return {finding + Fill(strings_[244], reduction), Fill(strings_[245], row, ms)};
 }
 

@@ -34,9 +34,12 @@ class RuleReport {
 
   std::int32_t RuleEntryCount() const { return entryCount_; }
 
-  /// The texts of each entry; a detailed one holds CR LF between its lines and none at its end.
-  const std::vector<Text>& Detailed() const { return detailed_; }
-  const std::vector<Text>& OneLine() const { return oneLine_; }
+  /// The texts of the entry at a place from 0, in the language in force; a detailed one holds CR LF between its lines
+  /// and none at its end.
+  Text Detailed(std::size_t at) const;
+  Text OneLine(std::size_t at) const;
+  /// How many entries have texts: one more than `RuleEntryCount` for each that met a full counter.
+  std::size_t Size() const { return entries_.size(); }
 
   std::int16_t LinesSplit() const { return linesSplit_; }
   std::int16_t Collisions() const { return collisions_; }
@@ -44,18 +47,25 @@ class RuleReport {
   std::int16_t LinesRemoved() const { return linesRemoved_; }
 
  private:
+  /// What is told of an entry is put into words when it is read: a pass logs more than anybody looks at.
+  struct Entry {
+    Row row = 0;
+    Text text;
+    RuleKind kind = RuleKind::TooManyLines;
+    std::int32_t value = 0;
+    bool applied = false;
+  };
   struct Texts {
     Text detailed;
     Text oneLine;
   };
-  Texts Describe(RuleKind kind, TextView row, std::int32_t value, bool applied) const;
-  Texts DescribeDuration(TextView row, std::int32_t value, bool applied) const;
+  Texts Describe(const Entry& entry) const;
+  Texts DescribeDuration(const Entry& entry) const;
   Checked16& Counter(RuleKind kind);
 
   const LangStrings& strings_;
   std::int32_t entryCount_ = 0;
-  std::vector<Text> detailed_;
-  std::vector<Text> oneLine_;
+  std::vector<Entry> entries_;
   Checked16 linesSplit_;
   Checked16 collisions_;
   Checked16 durationsOutsideRange_;

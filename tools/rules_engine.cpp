@@ -13,7 +13,7 @@ constexpr Row kRowsBetweenYields = 25;
 constexpr int kMarkerLength = 3;
 constexpr TextView kFailed = u"Error while applying rules. Please check the report for details.";
 
-/// The pieces between commas, at most 64: the last one keeps what is left, commas included.
+/// The pieces between commas, at most 64: the last one keeps what is left, commas included. Blank ones mark nothing.
 std::vector<Text> CreditPieces(TextView list) {
   std::vector<Text> pieces;
   std::size_t comma = list.find(u',');
@@ -23,13 +23,14 @@ std::vector<Text> CreditPieces(TextView list) {
     comma = list.find(u',');
   }
   pieces.emplace_back(list);
+  std::erase_if(pieces, [](const Text& piece) { return IsBlank(piece); });
   return pieces;
 }
 
 bool ExceedsTwoLines(TextView text, TextView separator) {
-  const std::size_t first = text.find(separator);
+  const std::size_t first = FindPlain(text, separator);
   // From the next character on, so that two separators may overlap.
-  return first != TextView::npos && text.find(separator, first + 1) != TextView::npos;
+  return first != TextView::npos && FindPlain(text, separator, first + 1) != TextView::npos;
 }
 
 Checked32 DurationOf(const CaptionList& list, Row row) {
@@ -48,7 +49,7 @@ void RulesEngine::ApplyRules(bool quiet) {
   step_([&] { host_.CloseToolWindows(); });
   step_([&] { host_.SetBusy(true); });
   report_.ResetRuleReport();
-  if (options_.T_CREDITS != 0) credits_ = CreditPieces(options_.T_CREDITSTEXT);
+  if (options_.T_CREDITS != 0) credits_ = LooseNeedles(CreditPieces(options_.T_CREDITSTEXT));
   step_([&] { host_.LeavePreviewMode(); });
   step_([&] { paused = host_.PausePlayer(); });
   {
@@ -88,8 +89,8 @@ void RulesEngine::ShowProgress(Row row) {
 }
 
 void RulesEngine::SplitLines(Row row) {
+  if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.LineSeparator)) return;
   const Text text = list_.GetCaptionText(row);
-  if (!ExceedsTwoLines(text, options_.LineSeparator)) return;
   report_.AddRuleEntry(row, text, RuleKind::TooManyLines, 0, false);
   list_.SetCaptionText(row, list_.SplitCaptionLines(text));
 }
@@ -110,16 +111,11 @@ void RulesEngine::CheckTiming(Row row) {
 }
 
 void RulesEngine::RemoveCredit(Row& row) {
+  if (!list_.InRange(row) || !credits_.AnyIn(list_.At(row).text)) return;
   const Text text = list_.GetCaptionText(row);
-  if (!HasCredit(text)) return;
   list_.DeleteCaption(row);
   report_.AddRuleEntry(row, text, RuleKind::Credit, 0, false);
   --row;  // the caption that moved up is next
-}
-
-bool RulesEngine::HasCredit(TextView text) const {
-  return std::ranges::any_of(
-      credits_, [&](const Text& piece) { return !IsBlank(piece) && FindLoose(text, piece) != TextView::npos; });
 }
 
 void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
@@ -138,15 +134,14 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
 
 void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (!list_.InRange(row)) return;
-  const Text text = list_.GetCaptionText(row);
+  const Text& text = list_.At(row).text;
   const TextView separator = options_.LineSeparator;
   const Checked32 duration = DurationOf(list_, row);
   Checked16 length(static_cast<std::int64_t>(text.size()));
   if (duration <= 0) return SetBestDuration(row, true);
-  for (const bool marked : {list_.IsCaptionBold(row), list_.IsCaptionItalic(row), list_.IsCaptionUnderline(row)}) {
-    if (marked) length = length - Checked16(kMarkerLength);
-  }
-  if (text.find(separator) != Text::npos) length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  length = length - Checked16(CaptionList::MarkersIn(text).Count() * kMarkerLength);
+  if (FindPlain(text, separator) != Text::npos)
+    length = length - Checked16(static_cast<std::int64_t>(separator.size()));
   if (length < 1) return;
   const std::size_t k = LengthClass(length);
   const double rate = static_cast<double>(duration.Value()) / length.Value();

@@ -65,7 +65,6 @@ class RulesEngine {
   void SplitLines(Row row);
   void CheckTiming(Row row);
   void RemoveCredit(Row& row);
-  bool HasCredit(TextView text) const;
   void ShowProgress(Row row);
   void ShowResult(bool quiet);
 
@@ -75,7 +74,7 @@ class RulesEngine {
   Messages& messages_;
   RulesHost& host_;
   const AppOptions& options_;
-  std::vector<Text> credits_;  ///< what marks a line to remove; filled by each pass that removes any
+  LooseNeedles credits_;  ///< what marks a line to remove; filled by each pass that removes any
   CarryOn step_;
 };
 

@@ -91,10 +91,16 @@ Qt::ItemFlags CaptionModel::flags(const QModelIndex&) const {
 void CaptionModel::ShowAnew() {
   beginResetModel();
   shownRows_ = list_.Rows() - 1;
+  missed_ = false;
   endResetModel();
 }
 
 void CaptionModel::OnSplice(const Splice& splice) {
+  // A disabled list isn't painted: what it has become is shown at once when it is enabled again.
+  if (!list_.Enabled()) {
+    missed_ = true;
+    return;
+  }
   const int first = splice.first - 1;
   const int changed = std::min(splice.removed, splice.added);
   if (splice.added > splice.removed) {
@@ -138,7 +144,7 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
   connections_.push_back(list_.SelectionChanged.ConnectScoped([this](Row row) { ShowSelection(row); }));
   connections_.push_back(list_.EnabledChanged.ConnectScoped([this](bool on) {
     setUpdatesEnabled(on);
-    if (on) ShowState();
+    if (on) ShowMissed();
   }));
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int top) { grid_.NoteTopRow(top + 1); });
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
@@ -146,6 +152,13 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
   model_.ShowAnew();
   ShowState();
+}
+
+void CaptionTable::ShowMissed() {
+  const Row top = grid_.TopRow();
+  if (model_.Missed()) model_.ShowAnew();
+  ShowState();
+  grid_.SetTopRow(std::min(top, list_.Rows() - 1));
 }
 
 void CaptionTable::ShowState() {

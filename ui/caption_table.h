@@ -22,6 +22,8 @@ class CaptionModel final : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   void ShowAnew();
+  /// The list has changed while it was disabled.
+  bool Missed() const { return missed_; }
 
  private:
   void OnSplice(const Splice& splice);
@@ -29,6 +31,7 @@ class CaptionModel final : public QAbstractTableModel {
   CaptionList& list_;
   CaptionGrid& grid_;
   int shownRows_ = 0;
+  bool missed_ = false;
   std::vector<Connection> connections_;
 };
 
@@ -56,6 +59,7 @@ class CaptionTable final : public QTableView {
 
  private:
   void ShowState();
+  void ShowMissed();
   void TakeColumns();
   void ShowSelection(Row row);
   void ShowTopRow();

@@ -17,9 +17,9 @@ TEST_F(Rules, ACaptionOfThreeLinesComesOutWithTwoAndOneEntry) {
   EXPECT_EQ(list.GetCaptionText(2), u"a|b");
   EXPECT_EQ(report.LinesSplit(), 1);
   ASSERT_EQ(report.RuleEntryCount(), 1);
-  EXPECT_EQ(ToUtf8(report.Detailed()[0])
-                .rfind("Error number 1 found in caption: [1]\r\n ·Text: \"one two|three|four\"\r\n", 0),
-            0u);
+  EXPECT_EQ(
+      ToUtf8(report.Detailed(0)).rfind("Error number 1 found in caption: [1]\r\n ·Text: \"one two|three|four\"\r\n", 0),
+      0u);
 }
 
 TEST_F(Rules, ACaptionWithoutABlankAfterFlatteningBecomesEmpty) {
@@ -84,7 +84,7 @@ TEST_F(Rules, ADurationOutsideTheRangeBecomesTheBestOne) {
   EXPECT_EQ(report.DurationsOutsideRange(), 2);
   EXPECT_EQ(Line(0), "DURATION OUTSIDE RANGE [1] duration reduced -7040 ms");
   EXPECT_EQ(Line(1), "DURATION OUTSIDE RANGE [2] duration increased 1150 ms");
-  EXPECT_NE(ToUtf8(report.Detailed()[0]).find("duration reduced 7040 milliseconds"), std::string::npos);
+  EXPECT_NE(ToUtf8(report.Detailed(0)).find("duration reduced 7040 milliseconds"), std::string::npos);
 }
 
 TEST_F(Rules, AnEndBeforeTheStartGetsTheBestDurationAndAnEntryOfKindFour) {

@@ -60,7 +60,7 @@ TEST_F(CollisionRule, ByItselfTakesAHintAndOnlyLogsWhenItIsOff) {
   engine.CheckCollision(2, start);
   EXPECT_EQ(list.GetCaptionStart(2), 2000);
   EXPECT_EQ(Line(0), "LINE COLLISION [2] error ignored");
-  EXPECT_TRUE(report.Detailed()[0].ends_with(u" ·Error: Caption collides with previous one\r\n ·Action taken: None"));
+  EXPECT_TRUE(report.Detailed(0).ends_with(u" ·Error: Caption collides with previous one\r\n ·Action taken: None"));
   start = 0;
   engine.CheckCollision(2, start);
   EXPECT_EQ(start, 2000);
@@ -138,7 +138,7 @@ TEST_F(TimingLimit, WithoutFixLogsADurationWithEmptyOneLineText) {
   EXPECT_EQ(list.GetCaptionEnd(1), 90000);
   ASSERT_EQ(report.RuleEntryCount(), 1);
   EXPECT_EQ(Line(0), "");
-  EXPECT_EQ(ToUtf8(report.Detailed()[0]),
+  EXPECT_EQ(ToUtf8(report.Detailed(0)),
             "Error number 3 found in caption: [1]\r\n ·Text: \"12345\"\r\n"
             " ·Warning: Caption duration time is outside range\r\n ·Action taken: None");
   EXPECT_FALSE(modified);
@@ -182,7 +182,7 @@ TEST_F(CreditRule, RemovesACaptionBehindTheOtherRulesWhichLeaveTheirEntries) {
   EXPECT_EQ(Line(0), "CAPTION EXCEEDS 2 LINES [1] auto-corrected");
   EXPECT_EQ(Line(2), "CREDIT/LINK FOUND [1] line deleted");
   // The text logged is the one that the rules before have left.
-  EXPECT_NE(report.Detailed()[2].find(u"\"a b c|www.x\""), Text::npos);
+  EXPECT_NE(report.Detailed(2).find(u"\"a b c|www.x\""), Text::npos);
 }
 
 TEST_F(CreditRule, LeavesTheLastRowSelectedAsADeletionDoes) {
@@ -285,8 +285,8 @@ TEST_F(ReportEntries, TellEachKindInFull) {
       detail("4", "11", "t",
              " ·Error: Caption with negative duration\r\n ·Action taken: Duration time set to 250 milliseconds"),
       detail("5", "12", "www", " ·Warning: Credit/link found\r\n ·Action taken: Line deleted")};
-  ASSERT_EQ(report.Detailed().size(), detailed.size());
-  for (std::size_t i = 0; i < detailed.size(); ++i) EXPECT_EQ(ToUtf8(report.Detailed()[i]), detailed[i]);
+  ASSERT_EQ(report.Size(), detailed.size());
+  for (std::size_t i = 0; i < detailed.size(); ++i) EXPECT_EQ(ToUtf8(report.Detailed(i)), detailed[i]);
   EXPECT_EQ(Line(0), "CAPTION EXCEEDS 2 LINES [7] auto-corrected");
   EXPECT_EQ(Line(3), "DURATION OUTSIDE RANGE [10] duration reduced 0 ms");
   EXPECT_EQ(report.RuleEntryCount(), 6);
@@ -295,7 +295,7 @@ TEST_F(ReportEntries, TellEachKindInFull) {
 
 TEST_F(ReportEntries, KeepPlaceholdersOfACaptionAsText) {
   report.AddRuleEntry(1, u"100%1 of %2", RuleKind::Credit, 0, false);
-  EXPECT_NE(report.Detailed()[0].find(u"\"100%1 of %2\""), Text::npos);
+  EXPECT_NE(report.Detailed(0).find(u"\"100%1 of %2\""), Text::npos);
 }
 
 TEST_F(ReportEntries, MakeTheStandardAndTheDetailedText) {
@@ -306,7 +306,7 @@ TEST_F(ReportEntries, MakeTheStandardAndTheDetailedText) {
   EXPECT_EQ(ToUtf8(ReportText(report, strings, ReportForm::Standard)),
             totals + "CREDIT/LINK FOUND [3] line deleted\r\n");
   EXPECT_EQ(ToUtf8(ReportText(report, strings, ReportForm::Detailed)),
-            totals + ToUtf8(report.Detailed()[0]) + "\r\n---\r\n");
+            totals + ToUtf8(report.Detailed(0)) + "\r\n---\r\n");
   EXPECT_EQ(ReportTotal(report, strings), u"Total errors and warnings: 1");
   report.ResetRuleReport();
   EXPECT_EQ(ReportTotal(report, strings), u"Total errors and warnings: 0");
@@ -316,7 +316,7 @@ TEST_F(ReportEntries, PastAFullCounterFailWithTheTextsThere) {
   for (int i = 0; i < 32767; ++i) report.AddRuleEntry(1, u"t", RuleKind::Credit, 0, false);
   EXPECT_THROW(report.AddRuleEntry(1, u"t", RuleKind::Credit, 0, false), RuntimeError);
   EXPECT_EQ(report.RuleEntryCount(), 32767);
-  EXPECT_EQ(report.OneLine().size(), 32768u);
+  EXPECT_EQ(report.Size(), 32768u);
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ struct RulesTest : ::testing::Test {
     options.DurationOn = duration;
     options.T_CREDITS = credits;
   }
-  std::string Line(std::size_t entry) const { return ToUtf8(report.OneLine().at(entry)); }
+  std::string Line(std::size_t entry) const { return ToUtf8(report.OneLine(entry)); }
 
   AppOptions options;
   bool modified = false;

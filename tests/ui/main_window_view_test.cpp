@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSet>
 #include <QTableView>
 #include <QTest>
@@ -297,6 +298,21 @@ TEST_F(MainWindowKeys, UndoReachesTheHistoryFromATimeBoxAndFromTheList) {
   Table()->setFocus();
   QTest::keyClick(Table(), Qt::Key_Y, Qt::ControlModifier);
   EXPECT_EQ(List().Rows(), 5);
+}
+
+TEST_F(MainWindowList, ShowsWhatItMissedWhileItWasDisabledAndKeepsItsPlace) {
+  Timed(300);
+  program->grid.SetTopRow(100);
+  const auto* model = Table()->model();
+  List().SetEnabled(false);
+  List().DeleteCaption(150);
+  List().SetCaptionText(1, u"changed meanwhile");
+  EXPECT_EQ(model->rowCount(), 300);
+  List().SetEnabled(true);
+  EXPECT_EQ(model->rowCount(), 299);
+  EXPECT_EQ(model->index(0, 3).data().toString(), "changed meanwhile");
+  EXPECT_EQ(program->grid.TopRow(), 100);
+  EXPECT_EQ(Table()->verticalScrollBar()->value(), 99);
 }
 
 }  // namespace
