@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextOption>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -35,7 +36,7 @@ QPushButton* LinkButton(const char* name, QWidget* parent) {
 
 }  // namespace
 
-ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owner), binder_(*this, form) {
+ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owner), form_(form), binder_(*this, form) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 14, 16, 12);
   column->setSpacing(10);
@@ -44,7 +45,16 @@ ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owne
   text->setObjectName("txtReport");
   text->setReadOnly(true);
   text->setTabChangesFocus(true);
-  text->setLineWrapMode(QPlainTextEdit::NoWrap);
+  // Without a width to wrap at, lines that are read from the right would stand at the left.
+  text->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+  const auto turn = [this, text] {
+    QTextOption option = text->document()->defaultTextOption();
+    option.setTextDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setAlignment(form_.RightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
+    text->document()->setDefaultTextOption(option);
+  };
+  turn();
+  Keep(form.DirectionChanged.ConnectScoped(turn));
   column->addWidget(text, 1);
   column->addWidget(PlainLabel("lblTotal", this));
   column->addWidget(MakeFoot());

@@ -15,6 +15,7 @@ class ReportView final : public ToolView {
   QWidget* MakeHead();
   QWidget* MakeFoot();
 
+  ReportWindow& form_;
   Binder binder_;
 };
 
