@@ -79,6 +79,7 @@ std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const s
   std::vector<std::string> words = {ToUtf8(program)};
   for (const Text& argument : arguments) words.push_back(ToUtf8(argument));
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
 
