@@ -127,6 +127,8 @@ void Program::ConnectRules() {
   rules.refreshFileLabels = files.refreshFileLabels;
   files.resetRuleReport = [this] { ruleReport.ResetRuleReport(); };
   files.applyRulesOnLoad = [this] { rules.ApplyRules(true); };
+  // A row that is untimed now isn't shown anew by the dialog, but its marks are.
+  tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
   reportWindow.openSettings = [this] { window.mnuGSettings.Click(); };
 }
 
