@@ -193,7 +193,9 @@ LooseNeedles::LooseNeedles(const std::vector<Text>& needles) {
       wide_.push_back(needle);
       continue;
     }
-    for (char16_t unit = 0; unit < begins_.size(); ++unit) begins_[unit] |= FoldUnit(unit) == folded.front();
+    for (std::size_t unit = 0; unit < begins_.size(); ++unit) {
+      if (FoldUnit(static_cast<char16_t>(unit)) == folded.front()) begins_[unit] = true;
+    }
     folded_.push_back(std::move(folded));
   }
 }
