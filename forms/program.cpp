@@ -240,8 +240,10 @@ void Program::OpenOnFirstRun() {
 void Program::OnFirstActivation() {
   const Text path = std::exchange(startFile_, {});
   const bool restored = OfferRestore();
-  // A text would take the place of the document that has just come back.
-  if (!path.empty() && (!restored || KindOfFile(path) != FileKind::Subtitle)) files.OpenStartFile(path);
+  if (path.empty()) return;
+  if (!restored) return files.OpenStartFile(path);
+  // A text, or what would be taken for one, must not take the place of the document that has just come back.
+  if (const FileKind kind = KindOfFile(path); kind != FileKind::Subtitle) files.OpenAs(kind, path);
 }
 
 std::int16_t Program::ChangeLanguage(std::size_t row) {

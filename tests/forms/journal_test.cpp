@@ -308,6 +308,14 @@ TEST_F(TheNextStart, DoesNotPutTheTextOfItsCommandLineOverARestoredDocument) {
   Restart(other);
   program->OnFirstActivation();
   EXPECT_EQ(program->document.SubtitlePath, path);
+  // A film is opened beside it, whatever dots are in its path.
+  store.left = {{9, store.keptBytes, 5}};
+  boxes.answers = {BoxAnswer::Yes};
+  const Text film = folder.Write("my.film.mkv", "x");
+  Restart(film);
+  program->OnFirstActivation();
+  EXPECT_EQ(program->document.SubtitlePath, path);
+  EXPECT_EQ(program->document.VideoPath, film);
   store.left = {{8, store.keptBytes, 5}};
   boxes.answers = {BoxAnswer::No};
   Restart(other);
