@@ -167,7 +167,7 @@ void CaptionCommands::ShowSeparator() {
   window_.mnuSeparator[0].SetText(strings_[163]);
   window_.mnuSeparator[1].SetText(kSeparators[1]);
   window_.mnuSeparator[2].SetText(kSeparators[2]);
-  window_.mnuSeparator[3].SetText(choice == 3 ? Fill(strings_[164], options_.LineSeparator) : strings_[164]);
+  window_.mnuSeparator[3].SetText(Fill(strings_[164], choice == 3 ? TextView(options_.LineSeparator) : u"..."));
   for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
 }
 
