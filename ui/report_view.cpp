@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "ui/link_button.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -19,19 +20,6 @@ QLabel* PlainLabel(const char* name, QWidget* parent) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   return label;
-}
-
-/// A label that is clicked: it looks like a link, and the keyboard reaches it.
-QPushButton* LinkButton(const char* name, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setObjectName(name);
-  button->setFlat(true);
-  button->setAutoDefault(false);
-  button->setCursor(Qt::PointingHandCursor);
-  QPalette colours = button->palette();
-  colours.setColor(QPalette::ButtonText, colours.color(QPalette::Link));
-  button->setPalette(colours);
-  return button;
 }
 
 }  // namespace
@@ -95,7 +83,9 @@ QWidget* ReportView::MakeFoot() {
     option->setObjectName(name);
     row->addWidget(option);
   }
-  row->addWidget(LinkButton("lblDefine", foot));
+  auto* define = new LinkButton(foot);
+  define->setObjectName("lblDefine");
+  row->addWidget(define);
   row->addStretch();
   auto* button = new QPushButton(foot);
   button->setObjectName("cmdOK");

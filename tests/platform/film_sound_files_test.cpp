@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
 #include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <thread>
 
 #include "core/runtime_error.h"
@@ -47,13 +51,16 @@ TEST(PosixProcesses, AMissingProgramIsARunTimeError) {
 }
 
 TEST(PosixProcesses, AProcessEndsWithItsObject) {
-  TempFolder folder;
-  const Text mark = folder / "mark";
+  pid_t id = 0;
   {
-    const auto child = PosixProcesses().Start(u"sh", {u"-c", u"while :; do :; done; : > \"$0\"", mark});
-    EXPECT_FALSE(child->Ended().has_value());
+    const auto child = PosixProcesses().Start(u"sh", {u"-c", u"echo $$; while :; do :; done"});
+    std::string output;
+    while (output.find('\n') == std::string::npos && !child->Ended()) output += child->TakeOutput();
+    id = std::atoi(output.c_str());
+    ASSERT_GT(id, 0);
+    EXPECT_EQ(kill(id, 0), 0);
   }
-  EXPECT_FALSE(PosixFiles().Exists(mark));
+  EXPECT_EQ(kill(id, 0), -1);
 }
 
 struct SoundStoreTest : ::testing::Test {
@@ -63,13 +70,18 @@ struct SoundStoreTest : ::testing::Test {
     const Text unfinished = store.Begin(path);
     PosixFiles().Replace(unfinished, [&](ByteSink& sink) { sink.Write(std::string(size, 'x')); });
     store.Keep(path);
-    std::this_thread::sleep_for(std::chrono::milliseconds(15));  // so that the times of use differ
+    // Kept in the past, each a second behind the one before.
+    const auto then = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(100 - ++kept_);
+    std::filesystem::last_write_time(ToUtf8(path), then);
     return path;
   }
   bool There(const Text& path) { return PosixFiles().Exists(path); }
 
   TempFolder folder;
   FolderSoundStore store{folder / "cache/sounds", 1000};
+
+ private:
+  int kept_ = 0;
 };
 
 TEST_F(SoundStoreTest, EachTrackOfEachFilmHasAPlaceOfItsOwn) {
@@ -87,7 +99,6 @@ TEST_F(SoundStoreTest, TheSoundsNotUsedForTheLongestTimeMakeRoom) {
   const Text a = Keep("a.mkv", 400);
   const Text b = Keep("b.mkv", 400);
   EXPECT_TRUE(store.Has(a));  // used now
-  std::this_thread::sleep_for(std::chrono::milliseconds(15));
   const Text c = Keep("c.mkv", 400);
   EXPECT_TRUE(There(a));
   EXPECT_FALSE(There(b));
