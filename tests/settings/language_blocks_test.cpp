@@ -40,6 +40,8 @@ UScriptCode ScriptOf(const std::string& name) {
 std::set<int> SameAsEnglish(const std::string& name) {
   static const std::map<std::string, std::set<int>> kRows = {
       {"spanish", {69, 264, 349}},  // No, Color, Web
+      // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
+      {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
