@@ -42,6 +42,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"spanish", {69, 264, 349}},  // No, Color, Web
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
       {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
+      {"portuguese_br", {66, 381, 911}},  // OK, Bilinear, Volume
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
