@@ -271,19 +271,19 @@ TEST_F(SettingsWindowView, ThePointerOpensAPanelUnderItsCheckAndThePageClosesIt)
   auto* check = Find<QCheckBox>("chkDuration");
   QWidget* panel = Find("picDuration");
   PointAt(check);
-  ASSERT_TRUE(panel->isVisible());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return panel->isVisible(); }));
   EXPECT_EQ(panel->mapTo(view.get(), QPoint(0, 0)).y(), check->mapTo(view.get(), QPoint(0, check->height())).y());
   EXPECT_GE(panel->height(), 142);
   EXPECT_TRUE(check->autoFillBackground());
   EXPECT_EQ(check->palette().color(check->backgroundRole()), check->palette().color(QPalette::ToolTipBase));
   PointAt(Find("lblDuration(1)"));
+  const QString wanted =
+      "Specifies the best appear time per character in milliseconds. Read the documentation for details.";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QLabel>("lblDetails")->text() == wanted; }));
   EXPECT_TRUE(panel->isVisible());
-  EXPECT_EQ(Find<QLabel>("lblDetails")->text(),
-            "Specifies the best appear time per character in milliseconds. Read the documentation for details.");
   QWidget* page = Find("picOptions(0)");
   QTest::mouseMove(page, QPoint(page->width() - 4, page->height() - 4));
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(panel->isVisible());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !panel->isVisible(); }));
   EXPECT_FALSE(check->autoFillBackground());
 }
 
@@ -293,15 +293,14 @@ TEST_F(SettingsWindowView, ThePointerBesideAPanelsCheckOrAboveThePageClosesIt) {
   QWidget* panel = Find("picCredits");
   for (const bool above : {false, true}) {
     PointAt(check);
-    ASSERT_TRUE(panel->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel->isVisible(); }));
     if (above) {
       QWidget* heading = Find("lblTop")->parentWidget();
       QTest::mouseMove(heading, QPoint(heading->width() / 2, 2));
     } else {
       QTest::mouseMove(check->parentWidget(), QPoint(check->parentWidget()->width() - 3, 4));
     }
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(panel->isVisible()) << above;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !panel->isVisible(); })) << above;
   }
 }
 
