@@ -1,18 +1,40 @@
 #!/bin/sh
-# Builds the fuzzers and runs each for a time, with the files of every format as seeds.
+# Builds the fuzzers and runs each for a time, as many at once as there are processors, with the files of every format as
+# seeds.
 # usage: fuzz/run.sh [SECONDS] [NAME...]   (default: 60, all of them)
 # What they find on the way stays in build/fuzz/corpus; a failing input is left in build/fuzz.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
+build=$root/build/fuzz
+seeds=$build/seeds
+
+# One fuzzer: NAME SECONDS.
+run_one() {
+  corpus=$build/corpus/$1
+  mkdir -p "$corpus"
+  case $1 in
+    catalogue) from=$seeds/catalogue longest=65536 ;;
+    wave) from=$seeds/wave longest=65536 ;;
+    *) from=$root/tests/data/formats longest=16384 ;;
+  esac
+  "$build/bin/fuzz_$1" "$corpus" "$from" -dict="$root/fuzz/dictionaries/$1.dict" -max_total_time="$2" \
+    -max_len="$longest" -timeout=20 -rss_limit_mb=2048 -artifact_prefix="$build/$1-" -print_final_stats=1 \
+    -verbosity=0 2>"$build/$1.log" || { tail -n 60 "$build/$1.log"; exit 1; }
+  echo "fuzz_$1, $2 s: $(grep number_of_executed_units "$build/$1.log")"
+}
+
+if [ "${1:-}" = "--one" ]; then
+  run_one "$3" "$2"
+  exit 0
+fi
+
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
 names=${*:-import catalogue encodings round_trip wave journal}
-build=$root/build/fuzz
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers
 
-seeds=$build/seeds
 mkdir -p "$seeds/catalogue" "$seeds/wave"
 { cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
 # A second of 8000 Hz and 16 bits, and one of 8 bits.
@@ -21,17 +43,5 @@ mkdir -p "$seeds/catalogue" "$seeds/wave"
 { printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\100\037\0\0\001\0\010\0data\100\037\0\0'
   head -c 8000 "$root/resources/formats.dat"; } >"$seeds/wave/8"
 
-for name in $names; do
-  corpus=$build/corpus/$name
-  mkdir -p "$corpus"
-  case $name in
-    catalogue) from=$seeds/catalogue longest=65536 ;;
-    wave) from=$seeds/wave longest=65536 ;;
-    *) from=$root/tests/data/formats longest=16384 ;;
-  esac
-  echo "fuzz_$name, $seconds s"
-  "$build/bin/fuzz_$name" "$corpus" "$from" -dict="$root/fuzz/dictionaries/$name.dict" -max_total_time="$seconds" \
-    -max_len="$longest" -timeout=20 -rss_limit_mb=2048 -artifact_prefix="$build/$name-" -print_final_stats=1 \
-    -verbosity=0 2>"$build/$name.log" || { tail -n 60 "$build/$name.log"; exit 1; }
-  grep number_of_executed_units "$build/$name.log"
-done
+# Any that fails makes xargs fail.
+printf '%s\n' $names | xargs -P "$(nproc)" -n 1 "$0" --one "$seconds"
