@@ -43,6 +43,8 @@ std::set<int> SameAsEnglish(const std::string& name) {
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
       {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
       {"portuguese_br", {66, 381, 911}},  // OK, Bilinear, Volume
+      // Format, Options, OK, Version, Pause, minute, minutes, Style, Format, Mode, Standard, Volume
+      {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911}},
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
