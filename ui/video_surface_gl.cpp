@@ -63,6 +63,7 @@ QWidget* MakeGlSurface(VideoFrames& frames, QWidget* parent, std::function<void(
   return new GlSurface(frames, parent, std::move(failed));
 }
 #else
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the build with OpenGL keeps what it is given.
 QWidget* MakeGlSurface(VideoFrames&, QWidget*, std::function<void()>) { return nullptr; }
 #endif
 
