@@ -42,7 +42,8 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"spanish", {69, 264, 349}},  // No, Color, Web
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
       {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
-      {"portuguese_br", {66, 381, 911}},  // OK, Bilinear, Volume
+      {"portuguese_br", {66, 381, 911}},   // OK, Bilinear, Volume
+      {"italian", {0, 66, 69, 380, 911}},  // File, OK, No, Standard, Volume
       // Format, Options, OK, Version, Pause, minute, minutes, Style, Format, Mode, Standard, Volume
       {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911}},
       {"portuguese", {66, 381, 911}},  // OK, Bilinear, Volume
