@@ -74,6 +74,7 @@ int main(int argc, char** argv) {
   environment.commandLine = commandLine;
   environment.appFolder = ProgramFolder();
   environment.settingsFile = SettingsFilePath();
+  environment.registryFile = RegistryFilePath();
   environment.makeTempFolder = MakeRunFolder;
   if (!library.Available()) environment.missingPlayer = library.FileName();
   environment.systemCodePage = AnsiCodePageOfLocale();

@@ -53,6 +53,7 @@ struct StartEnvironment {
   Text commandLine;                      ///< whole, as the user gave it
   Text appFolder;                        ///< the program's own
   Text settingsFile;                     ///< the user's settings
+  Text registryFile;                     ///< the user's registry; empty: none is kept
   std::function<Text()> makeTempFolder;  ///< makes a private folder; throws run-time errors
   Text missingPlayer;                    ///< the file of the player that is missing; empty when it is there
   int systemCodePage = 1252;             ///< ANSI code page of the user's locale

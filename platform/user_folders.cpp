@@ -25,17 +25,22 @@ std::string FolderFrom(const char* variable) {
   return value.starts_with('/') ? value : std::string();
 }
 
-}  // namespace
-
-Text SettingsFilePath() {
+/// A file of the program in the user's configuration folder; empty without a home.
+Text ConfigurationFile(const std::string& name) {
   std::string folder = FolderFrom("XDG_CONFIG_HOME");
   if (folder.empty()) {
     const std::string home = FolderFrom("HOME");
     if (home.empty()) return {};
     folder = home + "/.config";
   }
-  return FromUtf8(folder + "/tessaly-cuewright/settings.ini");
+  return FromUtf8(folder + "/tessaly-cuewright/" + name);
 }
+
+}  // namespace
+
+Text SettingsFilePath() { return ConfigurationFile("settings.ini"); }
+
+Text RegistryFilePath() { return ConfigurationFile("registry"); }
 
 Text JournalFolderPath() {
   std::string folder = FolderFrom("XDG_STATE_HOME");

@@ -7,6 +7,9 @@ namespace cuewright {
 /// The user's settings file, in the XDG configuration folder.
 Text SettingsFilePath();
 
+/// The user's registry, beside the settings.
+Text RegistryFilePath();
+
 /// The folder of the journals of unsaved documents, in the user's state folder; empty without a home.
 Text JournalFolderPath();
 

@@ -178,6 +178,14 @@ TEST_F(UserFolders, TheSettingsFileFollowsTheDesktopsFolder) {
   ::unsetenv("XDG_CONFIG_HOME");
 }
 
+TEST_F(UserFolders, TheRegistryStandsBesideTheSettings) {
+  ::setenv("XDG_CONFIG_HOME", "/cfg", 1);
+  EXPECT_EQ(RegistryFilePath(), u"/cfg/tessaly-cuewright/registry");
+  ::unsetenv("XDG_CONFIG_HOME");
+  ::setenv("HOME", "/home/x", 1);
+  EXPECT_EQ(RegistryFilePath(), u"/home/x/.config/tessaly-cuewright/registry");
+}
+
 TEST_F(UserFolders, AnExistingFilesPathBecomesAbsolute) {
   const Text file = folder.Write("film.mkv", "x");
   EXPECT_EQ(AbsoluteIfExists(file), file);
