@@ -9,14 +9,4 @@ std::uint32_t RootHandle(TextView shortForm) {
   return 0;
 }
 
-Text ReplaceLoose(TextView text, TextView from, TextView to) {
-  Text result;
-  std::size_t at = 0;
-  for (std::size_t hit = FindLoose(text, from); hit != TextView::npos; hit = FindLoose(text, from, at)) {
-    result.append(text, at, hit - at).append(to);
-    at = hit + from.size();
-  }
-  return result.append(text, at);
-}
-
 }  // namespace cuewright

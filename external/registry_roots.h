@@ -25,7 +25,4 @@ inline constexpr std::array<RegistryRoot, 7> kRegistryRootNames = {{{u"HKEY_CURR
 /// The handle of a root's short form in upper case; 0 for any other text.
 std::uint32_t RootHandle(TextView shortForm);
 
-/// The text with every `from` replaced, whatever the case of its letters.
-Text ReplaceLoose(TextView text, TextView from, TextView to);
-
 }  // namespace cuewright
