@@ -47,6 +47,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       // Format, Options, OK, Version, Pause, minute, minutes, Style, Format, Mode, Standard, Volume
       {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911}},
       {"portuguese", {66, 381, 911}},  // OK, Bilinear, Volume
+      {"dutch", {6, 66}},              // Help, OK
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
