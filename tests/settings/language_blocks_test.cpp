@@ -46,9 +46,10 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"italian", {0, 66, 69, 380, 911}},  // File, OK, No, Standard, Volume
       // Format, Options, OK, Version, Pause, minute, minutes, Style, Format, Mode, Standard, Volume
       {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911}},
-      {"portuguese", {66, 381, 911}},  // OK, Bilinear, Volume
-      {"dutch", {6, 21, 66}},          // Help, Status, OK
-      {"japanese", {66}},              // OK
+      {"portuguese", {66, 381, 911}},                        // OK, Bilinear, Volume
+      {"dutch", {6, 21, 66}},                                // Help, Status, OK
+      {"japanese", {66}},                                    // OK
+      {"swedish", {2, 21, 40, 66, 88, 229, 360, 361, 380}},  // Format, Status, Start, OK, Version, Text, Standard
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
