@@ -52,7 +52,8 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"swedish", {2, 21, 40, 66, 88, 229, 360, 361, 380}},  // Format, Status, Start, OK, Version, Text, Standard
       // Format, Status, Start, OK, Version, Pause, Stop, Tolerance: %1 ms, Standard
       {"danish", {2, 21, 40, 66, 88, 127, 128, 208, 361, 380, 976}},
-      {"hungarian", {66}},  // OK
+      {"hungarian", {66}},                                       // OK
+      {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417}},  // Format, OK, Font, Text, Standard, Bicubic, Player
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
