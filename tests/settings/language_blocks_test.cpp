@@ -54,6 +54,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"danish", {2, 21, 40, 66, 88, 127, 128, 208, 361, 380, 976}},
       {"hungarian", {66}},                                       // OK
       {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417}},  // Format, OK, Font, Text, Standard, Bicubic, Player
+      {"catalan", {2, 69, 229, 264, 360, 361, 378}},             // Format, No, Text, Color, Mode
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
