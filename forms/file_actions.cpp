@@ -284,6 +284,7 @@ void FileActions::CloseDocuments() {
   p_.panel.ResetGrid(false);
   Left();
   resetControls();
+  restoreFilter();
   closeTools();
   p_.sub.Unload();
   DocumentClosed();

@@ -87,6 +87,7 @@ class FileActions {
   std::function<void()> resetControls;
   std::function<void()> refreshFileLabels;
   std::function<void()> resetRuleReport;
+  std::function<void()> restoreFilter;  ///< gives the system's own filter for subtitles its settings back
   std::function<void()> applyRulesOnLoad;
   std::function<bool()> chooseFormat;  ///< the export dialog; false when it was left without a choice
   std::function<void(TextView)> openAudioFile;

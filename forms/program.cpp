@@ -24,6 +24,9 @@ Program::Program(Ports ports, StartEnvironment environment)
                 environment_.locale != nullptr ? *environment_.locale : unknownLocale_),
       store(ports_.files, environment_.settingsFile),
       encodings(environment_.systemCodePage),
+      registryFile(ports_.files, environment_.registryFile),
+      registry(registryFile, ports_.files, encodings, ports_.events),
+      vsFilter(registry, options),
       list(options, document.DocModified),
       history(list, document.DocModified),
       grid(list),
@@ -45,7 +48,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
             playerBinding, folders, ports_),
       exportDialog(catalogue, formats, strings, ports_.messages),
-      dialogs(window, grid, {options, strings, store, languages, document, preview, capture, noFilter_, ports_},
+      dialogs(window, grid, {options, strings, store, languages, document, preview, capture, vsFilter, ports_},
               {catalogue, formats, store, strings, languages, ports_.messages, ports_.pickers}, exportDialog),
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
@@ -96,6 +99,8 @@ void Program::Connect() {
   files.closeTools = [this] {
     for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);
   };
+  files.restoreFilter = [this] { vsFilter.RestoreVSFilter(); };
+  shell.applyFilter = [this] { vsFilter.ApplyVSFilterMode(); };
   files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
   ConnectRules();
   ConnectFiles();

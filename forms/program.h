@@ -16,6 +16,9 @@
 #include "core/preview.h"
 #include "core/time_boxes.h"
 #include "core/timing_capture.h"
+#include "external/registry_access.h"
+#include "external/registry_store.h"
+#include "external/vs_filter.h"
 #include "formats/catalogue.h"
 #include "formats/definition.h"
 #include "formats/export.h"
@@ -84,7 +87,6 @@ class Program final : private FormatHost {
 
  private:
   const Locale unknownLocale_{};
-  VideoFilter noFilter_;
   Ports ports_;
   StartEnvironment environment_;
 
@@ -98,6 +100,9 @@ class Program final : private FormatHost {
   SettingsStore store;
   DocumentState document;
   Encodings encodings;
+  RegistryStore registryFile;
+  clsRegistryAccess registry;
+  VsFilter vsFilter;
   FormatCatalogue catalogue;
   FormatState formats;
   MainWindow window;

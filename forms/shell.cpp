@@ -99,6 +99,9 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     options_.P_UIMODE = ports_.player.UiMode();
   });
   step([&] { commands_.ShowSeparator(); });
+  step([&] {
+    if (applyFilter) applyFilter();
+  });
   step([&] { recall_.ShowKept(); });
   if (step.Last()) {
     ports_.messages.Show({u"Error while loading main settings.\r\n\r\nError #" + Decimal(step.Last()->number) +

@@ -54,6 +54,8 @@ class Shell {
   void ApplyColumns(int paneWidth, int scrollBarWidth);
 
   Signal<> LayoutChanged;
+  /// Keeps the system's own filter for subtitles out of the way, before anything plays. Set by the program.
+  std::function<void()> applyFilter;
 
  private:
   void Wire();

@@ -26,6 +26,7 @@ struct ProgramFixture : ::testing::Test {
     environment.commandLine = commandLine;
     environment.appFolder = FromUtf8(CUEWRIGHT_SOURCE_DIR "/resources");
     environment.settingsFile = folder / "settings.ini";
+    environment.registryFile = folder / "registry";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.processes = &processes;
