@@ -12,7 +12,9 @@
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
 #include "platform/sound_store.h"
+#include "platform/system_info.h"
 #include "platform/user_folders.h"
+#include "ui/about_view.h"
 #include "ui/audio_view.h"
 #include "ui/color_scheme.h"
 #include "ui/delay_view.h"
@@ -80,6 +82,8 @@ int main(int argc, char** argv) {
   environment.systemCodePage = AnsiCodePageOfLocale();
   const IcuLocale locale;
   environment.locale = &locale;
+  const LinuxSystemInfo system;
+  environment.system = &system;
 
   PosixProcesses processes;
   // Two hours of sound take about 320 MB.
@@ -106,6 +110,7 @@ int main(int argc, char** argv) {
     program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
     program.dialogs.runSettings = [&] { (new SettingsView(program.dialogs.settings, BoxOwner()))->ShowModal(); };
     program.dialogs.runFormat = [&] { (new FormatView(program.dialogs.format, BoxOwner()))->ShowModal(); };
+    program.helpDialogs.runAbout = [&] { (new AboutView(program.helpDialogs.about, BoxOwner()))->ShowModal(); };
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
     Post([&] { program.OpenOnFirstRun(); });
   };

@@ -13,7 +13,7 @@ void OpenHelp(const Folders& folders, TextView language, const LangStrings& stri
     path = pathOf(u"ENGLISH");
   }
   if (files.Exists(path) && desktop.ShellOpen(path)) return;
-  OpenWebPage(desktop, u"cuewright.php?lang=" + ToLower(language) + u"#help", language);
+  OpenWebPage(desktop, ProductPage(language) + u"#help", language);
 }
 
 }  // namespace cuewright

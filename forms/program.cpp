@@ -60,7 +60,9 @@ Program::Program(Ports ports, StartEnvironment environment)
       filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
                  audioBar}),
       undo(window, list, history, capture, preview, strings),
-      journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }) {
+      journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }),
+      helpDialogs(window, options, strings, languages, catalogue, ports_.desktop,
+                  environment_.system != nullptr ? *environment_.system : unknownSystem_) {
   Connect();
 }
 

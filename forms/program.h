@@ -13,6 +13,7 @@
 #include "core/folders.h"
 #include "core/form/main_window.h"
 #include "core/form/sub_window.h"
+#include "core/ports/system_info.h"
 #include "core/preview.h"
 #include "core/time_boxes.h"
 #include "core/timing_capture.h"
@@ -31,6 +32,7 @@
 #include "forms/editing_tools.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
+#include "forms/help_dialogs.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/notices.h"
@@ -63,6 +65,7 @@ struct StartEnvironment {
   const Locale* locale = nullptr;        ///< what the system knows about locales; null: nothing
   Processes* processes = nullptr;        ///< these two put a film's sound into the Audio bar; null: it can't be done
   SoundStore* sounds = nullptr;
+  const SystemInfo* system = nullptr;  ///< what the system says about itself; null: nothing
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -87,6 +90,7 @@ class Program final : private FormatHost {
 
  private:
   const Locale unknownLocale_{};
+  const SystemInfo unknownSystem_{};
   Ports ports_;
   StartEnvironment environment_;
 
@@ -137,6 +141,7 @@ class Program final : private FormatHost {
   FilmSound filmSound;
   UndoCommands undo;
   JournalKeeper journal;
+  HelpDialogs helpDialogs;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow}; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "forms/web.h"
 
 namespace cuewright {
 namespace {
@@ -12,7 +13,6 @@ constexpr std::array<std::size_t, SettingsWindow::kPages> kTitles = {189, 121, 3
 constexpr std::array<std::size_t, 10> kHotkeyNames = {126, 127, 128, 40, 41, 42, 166, 181, 167, 168};
 constexpr std::array<std::size_t, 2> kPositionNames = {167, 168};
 constexpr std::array<std::size_t, 3> kLengthClasses = {201, 202, 203};
-constexpr std::size_t kNoRegionalPanel = 960;
 
 }  // namespace
 
@@ -203,10 +203,8 @@ void SettingsDialog::ShowPreviewLabels() {
 void SettingsDialog::WireLanguage() {
   cboLanguage.Chosen.Connect([this] { ChooseLanguage(); });
   lblComplete.Clicked.Connect([this] { CompleteTranslation(); });
-  cmdRegionalSettings.Clicked.Connect([this] {
-    if (parts_.ports.desktop.OpenRegionalSettings()) return;
-    parts_.ports.messages.Show({strings_[kNoRegionalPanel], BoxIcon::Information});
-  });
+  cmdRegionalSettings.Clicked.Connect(
+      [this] { ShowRegionalSettings(parts_.ports.desktop, parts_.ports.messages, strings_); });
 }
 
 void SettingsDialog::ChooseLanguage() {

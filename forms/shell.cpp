@@ -48,7 +48,7 @@ Shell::Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPa
 void Shell::Wire() {
   window_.mnuInfoBar.Clicked.Connect([this] { ToggleInfoBar(); });
   const auto opens = [this](MenuItem& item, const Text& target) {
-    item.Clicked.Connect([this, target] { ports_.desktop.ShellOpen(target); });
+    item.Clicked.Connect([this, target] { OpenExternal(ports_.desktop, target); });
   };
   const auto page = [this](MenuItem& item, const Text& path) {
     item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, options_.Language); });
@@ -59,16 +59,14 @@ void Shell::Wire() {
   window_.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders_, options_.Language, strings_, ports_.files, ports_.messages, ports_.desktop); });
   window_.mnuWebsite.Clicked.Connect(
-      [this] { OpenWebPage(ports_.desktop, u"cuewright.php?lang=" + ToLower(options_.Language), options_.Language); });
-  opens(window_.mnuSuggest,
-        u"mailto:" + Text(kMailAddress) + u"?subject=Tessaly%20Cuewright%3A%20feature%20suggestion");
+      [this] { OpenWebPage(ports_.desktop, ProductPage(options_.Language), options_.Language); });
+  opens(window_.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));
   opens(window_.mnuMediaPlayer, Text(kPlayerPage));
   window_.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left) window_.mnuWebsite.Click();
   });
   // Built by parts that aren't there yet.
-  for (MenuItem* item :
-       {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuAbout, &window_.mnuSpell}) {
+  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuSpell}) {
     item->SetEnabled(false);
   }
 }

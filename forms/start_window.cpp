@@ -23,13 +23,12 @@ void StartWindow::ShowMissing(const LangStrings& strings, TextView file, bool ri
 }
 
 void StartWindow::WireLinks(Desktop& desktop, const Text& language) {
-  const auto openPlayer = [&desktop] { desktop.ShellOpen(kPlayerPage); };
+  const auto openPlayer = [&desktop] { OpenExternal(desktop, kPlayerPage); };
   imgWMP.MouseDown.Connect([openPlayer](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left) openPlayer();
   });
   lblMediaplayer.Clicked.Connect(openPlayer);
-  lblWebsite.Clicked.Connect(
-      [&desktop, &language] { OpenWebPage(desktop, u"cuewright.php?lang=" + ToLower(language), language); });
+  lblWebsite.Clicked.Connect([&desktop, &language] { OpenWebPage(desktop, ProductPage(language), language); });
 }
 
 }  // namespace cuewright

@@ -21,6 +21,7 @@ WINDOWS = (
     ("format", "mnuFormatSettings"),
     ("settings", "mnuGSettings"),
     ("export", "mnuSaveAs"),
+    ("about", "mnuAbout"),
 )
 SETTINGS_PAGES = 5
 

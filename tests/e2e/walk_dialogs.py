@@ -152,11 +152,22 @@ class Walk:
         desktop.key("Return")
         self.gone("Select Font")
 
+    def about(self):
+        desktop.key("alt+h")
+        desktop.wait_for("the menu", lambda: self.program.find("menu item", "About Tessaly Cuewright"))
+        desktop.key("Up", "Return")
+        self.window("About Tessaly Cuewright")
+        self.tab_to("push button", "Visit Tessaly for updates and support")
+        self.tab_to("push button", "OK")
+        desktop.key("space")
+        self.gone("About Tessaly Cuewright")
+
 
 def main():
     walk = Walk(*(os.path.abspath(path) for path in sys.argv[1:3]))
     try:
-        for step in (walk.settings_dialog, walk.language_alone, walk.format_settings, walk.export_dialog, walk.list_font):
+        for step in (walk.settings_dialog, walk.language_alone, walk.format_settings, walk.export_dialog, walk.list_font,
+                     walk.about):
             print(step.__name__, flush=True)
             step()
     except BaseException:

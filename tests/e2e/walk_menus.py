@@ -12,6 +12,9 @@ import desktop
 
 SUBRIP = "1\r\n00:00:01,000 --> 00:00:02,000\r\nHello\r\n\r\n2\r\n00:00:03,000 --> 00:00:04,000\r\nthere\r\n\r\n"
 
+# Items that a loaded document needs nothing more for.
+WANTED = ("Help > About Tessaly Cuewright",)
+
 
 def has(node, *states):
     found = node.getState()
@@ -88,6 +91,9 @@ def main():
         print("%d items reached" % len(seen))
         if len(seen) < 40:
             raise AssertionError("the menus are not all there")
+        for item in WANTED:
+            if item not in seen:
+                raise AssertionError("not to be chosen: " + item)
     finally:
         program.process.terminate()
         program.process.wait(10)

@@ -13,6 +13,7 @@
 #include "core/ports/pickers.h"
 #include "core/ports/player.h"
 #include "core/ports/processes.h"
+#include "core/ports/system_info.h"
 #include "core/runtime_error.h"
 
 namespace cuewright::testing {
@@ -226,6 +227,16 @@ class FakeDesktop final : public Desktop {
   bool hasRegionalSettings = true;
   Text clipboard;
   bool busy = false;
+};
+
+/// A system that says what the test wants.
+class FakeSystemInfo final : public SystemInfo {
+ public:
+  std::optional<Name> SystemName() const override { return name; }
+  std::uint64_t AvailableMemory() const override { return memory; }
+
+  std::optional<Name> name = Name{u"Test System", 6, 1};
+  std::uint64_t memory = 0;
 };
 
 }  // namespace cuewright::testing

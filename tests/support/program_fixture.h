@@ -27,6 +27,7 @@ struct ProgramFixture : ::testing::Test {
     environment.appFolder = FromUtf8(CUEWRIGHT_SOURCE_DIR "/resources");
     environment.settingsFile = folder / "settings.ini";
     environment.registryFile = folder / "registry";
+    environment.system = &system;
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.processes = &processes;
@@ -70,6 +71,7 @@ struct ProgramFixture : ::testing::Test {
   JournalStore* journal = nullptr;  ///< taken by the next start
   FakePickers pickers;
   FakeProcesses processes;
+  FakeSystemInfo system;
   FolderSoundStore sounds{folder / "cache", 100000};
   std::unique_ptr<Program> program;
   const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales

@@ -1,0 +1,55 @@
+#include "forms/about_dialog.h"
+
+#include "core/product.h"
+#include "forms/web.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::uint64_t kKilobyte = 1024;
+
+}  // namespace
+
+Text GetOsName(const SystemInfo& system) {
+  const auto name = system.SystemName();
+  if (!name) return u"Linux";
+  return name->name + u" (version " + Decimal(name->major) + u"." + Decimal(name->minor) + u")";
+}
+
+AboutDialog::AboutDialog(const AppOptions& options, const LangStrings& strings, const Languages& languages,
+                         const FormatCatalogue& catalogue, Desktop& desktop, const SystemInfo& system)
+    : Dialog("frmAbout"),
+      options_(options),
+      strings_(strings),
+      languages_(languages),
+      catalogue_(catalogue),
+      system_(system) {
+  tmrMemo.Tick.Connect([this] { ShowMemoStats(); });
+  lblTessaly.Clicked.Connect(
+      [this, &desktop] { OpenWebPage(desktop, ProductPage(options_.Language), options_.Language); });
+  picTop.MouseDown.Connect([this](const MouseEvent& mouse) {
+    if (mouse.button == MouseButton::Left) MoveRequested();
+  });
+  cmdOK.Clicked.Connect([this] { Close(); });
+}
+
+void AboutDialog::Open() {
+  SetTitle(strings_[20]);
+  SetRightToLeft(languages_.IsRightToLeft());
+  picTop.SetSpokenName(kProductName);
+  lblVersion.SetText(strings_[88] + u" " + VersionText());
+  lblFree.SetText(strings_[89]);
+  lblTessaly.SetText(strings_[90]);
+  lblFormat.SetText(Fill(strings_[182], catalogue_.ReadIni(u"SFD_FILEINFO", u"version", u"1.0")));
+  lblOsName.SetText(GetOsName(system_));
+  cmdOK.SetText(strings_[66]);
+  ShowMemoStats();
+  tmrMemo.SetEnabled(true);
+  NoteOpened();
+}
+
+void AboutDialog::ShowMemoStats() {
+  lblMemo.SetText(Fill(strings_[145], Decimal(static_cast<long long>(system_.AvailableMemory() / kKilobyte))));
+}
+
+}  // namespace cuewright

@@ -1,0 +1,84 @@
+#include "ui/about_view.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <QSvgRenderer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "core/product.h"
+#include "ui/link_button.h"
+#include "ui/qt_text.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kBannerHeight = 84;
+constexpr int kIconSize = 56;
+constexpr int kMargin = 16;
+
+/// The program's icon and name on a ground of the desktop's highlight colour; mirrored where windows are.
+class Banner final : public QWidget {
+ public:
+  explicit Banner(QWidget* parent) : QWidget(parent), icon_(QString(":/cuewright.svg")) {
+    setMinimumSize(NameFont(), kBannerHeight);
+    setCursor(Qt::SizeAllCursor);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
+    const auto placed = [this](const QRect& part) { return QStyle::visualRect(layoutDirection(), rect(), part); };
+    icon_.render(&painter, placed({kMargin, (height() - kIconSize) / 2, kIconSize, kIconSize}));
+    painter.setPen(palette().color(QPalette::Active, QPalette::HighlightedText));
+    const QRect name = placed({kIconSize + 2 * kMargin, 0, width() - kIconSize - 3 * kMargin, height()});
+    painter.drawText(name,
+                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) | Qt::AlignVCenter,
+                     ToQt(kProductName));
+  }
+
+ private:
+  /// Takes the font of the name; gives the width that the banner needs with it.
+  int NameFont() {
+    QFont large = font();
+    large.setBold(true);
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    setFont(large);
+    return kIconSize + 3 * kMargin + fontMetrics().horizontalAdvance(ToQt(kProductName));
+  }
+
+  QSvgRenderer icon_;
+};
+
+}  // namespace
+
+AboutView::AboutView(AboutDialog& form, QWidget* owner) : DialogView(form, owner) {
+  setWindowIcon(QIcon(":/cuewright.svg"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 14);
+  column->setSpacing(8);
+  column->addWidget(Named(new Banner(this), "picTop"));
+  auto* texts = new QVBoxLayout;
+  texts->setContentsMargins(20, 8, 20, 4);
+  texts->setSpacing(8);
+  for (const char* name : {"lblVersion", "lblFormat", "lblFree"}) texts->addWidget(MakeLabel(name, this));
+  auto* link = Named(new LinkButton(this), "lblTessaly");
+  texts->addWidget(link, 0, Qt::AlignLeading);
+  texts->addSpacing(6);
+  for (const char* name : {"lblOsName", "lblMemo"}) texts->addWidget(MakeLabel(name, this));
+  column->addLayout(texts, 1);
+  auto* buttons = MakeButtons({"", "cmdOK"});
+  buttons->setContentsMargins(20, 0, 20, 0);
+  column->addLayout(buttons);
+  Keep(form.MoveRequested.ConnectScoped([this] {
+    if (windowHandle() != nullptr) windowHandle()->startSystemMove();
+  }));
+  Bind(findChild<QWidget*>("cmdOK"));
+}
+
+}  // namespace cuewright
