@@ -55,6 +55,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"hungarian", {66}},                                       // OK
       {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417}},  // Format, OK, Font, Text, Standard, Bicubic, Player
       {"catalan", {2, 69, 229, 264, 360, 361, 378}},             // Format, No, Text, Color, Mode
+      {"croatian", {216}},                                       // Font
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
