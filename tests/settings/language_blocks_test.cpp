@@ -56,6 +56,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417}},  // Format, OK, Font, Text, Standard, Bicubic, Player
       {"catalan", {2, 69, 229, 264, 360, 361, 378}},             // Format, No, Text, Color, Mode
       {"croatian", {216}},                                       // Font
+      {"finnish", {66}},                                         // OK
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
