@@ -57,6 +57,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"catalan", {2, 69, 229, 264, 360, 361, 378}},             // Format, No, Text, Color, Mode
       {"croatian", {216}},                                       // Font
       {"finnish", {66}},                                         // OK
+      {"indonesian", {2, 21, 66, 361}},                          // Format, Status, OK
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
