@@ -32,9 +32,6 @@ Dialogs::Dialogs(MainWindow& window, CaptionGrid& grid, const SettingsParts& set
   format.Closed.Connect([this, &exportDialog] {
     if (std::exchange(fromExport_, false)) exportDialog.OnConfigured();
   });
-  for (Dialog* dialog : std::initializer_list<Dialog*>{&settings, &format, &exportDialog}) {
-    dialog->HelpRequested.Connect([&window] { window.mnuHelpTopics.Click(); });
-  }
 }
 
 void Dialogs::OpenSettings() {

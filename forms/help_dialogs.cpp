@@ -11,7 +11,6 @@ HelpDialogs::HelpDialogs(MainWindow& window, const AppOptions& options, const La
     about.Open();
     if (runAbout) runAbout();
   });
-  about.HelpRequested.Connect([&window] { window.mnuHelpTopics.Click(); });
 }
 
 }  // namespace cuewright

@@ -6,6 +6,7 @@
 #include "core/paths.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
+#include "forms/help.h"
 #include "settings/options.h"
 
 namespace cuewright {
@@ -62,7 +63,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       undo(window, list, history, capture, preview, strings),
       journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }),
       helpDialogs(window, options, strings, languages, catalogue, ports_.desktop,
-                  environment_.system != nullptr ? *environment_.system : unknownSystem_) {
+                  environment_.system != nullptr ? *environment_.system : unknownSystem_),
+      help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms) {
   Connect();
 }
 
@@ -109,6 +111,10 @@ void Program::Connect() {
   ConnectHistory();
   ConnectJournal();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
+  window.mnuHelpTopics.Clicked.Connect([this] {
+    OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help);
+  });
+  help.settingsPage = [this] { return dialogs.settings.Page(); };
   dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
   ConnectAudio();
   files.chooseFormat = [this] {

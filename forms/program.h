@@ -33,6 +33,7 @@
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
 #include "forms/help_dialogs.h"
+#include "forms/help_window.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/notices.h"
@@ -142,9 +143,10 @@ class Program final : private FormatHost {
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
+  HelpWindow help;
 
   /// The windows that stand beside the main one.
-  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow}; }
+  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
 
   /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
   std::function<void()> runExportDialog;

@@ -8,7 +8,6 @@
 #include "core/paths.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
-#include "forms/help.h"
 #include "forms/web.h"
 #include "settings/options.h"
 
@@ -56,8 +55,6 @@ void Shell::Wire() {
   page(window_.mnuTessaly, {});
   page(window_.mnuForums, u"forum");
   page(window_.mnuPermanentSubs, u"guides.php");
-  window_.mnuHelpTopics.Clicked.Connect(
-      [this] { OpenHelp(folders_, options_.Language, strings_, ports_.files, ports_.messages, ports_.desktop); });
   window_.mnuWebsite.Clicked.Connect(
       [this] { OpenWebPage(ports_.desktop, ProductPage(options_.Language), options_.Language); });
   opens(window_.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));

@@ -1,7 +1,6 @@
 #include "ui/dialog_view.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -103,14 +102,6 @@ QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names) {
     row->addWidget(button);
   }
   return row;
-}
-
-void DialogView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
-    form_.HelpRequested();
-    return;
-  }
-  QDialog::keyPressEvent(event);
 }
 
 }  // namespace cuewright

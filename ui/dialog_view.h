@@ -21,7 +21,7 @@ Widget* Named(Widget* widget, const char* name) {
 /// "name(index)".
 QString Indexed(const char* name, std::size_t index);
 
-/// A dialog window of the toolkit: title, reading direction, F1 and closing follow its form.
+/// A dialog window of the toolkit: title, reading direction and closing follow its form.
 class DialogView : public QDialog {
  public:
   DialogView(Dialog& form, QWidget* owner);
@@ -46,8 +46,6 @@ class DialogView : public QDialog {
   /// A row of push buttons at the window's foot; "" leaves room. The first in `names` that isn't "" and is called
   /// cmdOK is the default.
   QBoxLayout* MakeButtons(std::initializer_list<const char*> names);
-
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void AlignLabels();

@@ -3,6 +3,7 @@
 #include <QEvent>
 
 #include "ui/find_view.h"
+#include "ui/help_view.h"
 #include "ui/qt_text.h"
 #include "ui/report_view.h"
 
@@ -24,10 +25,11 @@ void ToolView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) form_.OnActivated();
 }
 
-ToolWindows::ToolWindows(Program& program, QWidget& owner) {
+ToolWindows::ToolWindows(Program& program, QWidget& owner) : helpKey_(program.help) {
   Add(program.reportWindow, [&] { return new ReportView(program.reportWindow, &owner); });
   Add(program.tools.findWindow, [&] { return new FindView(program.tools.findWindow, &owner); });
   Add(program.tools.replaceWindow, [&] { return new FindView(program.tools.replaceWindow, &owner); });
+  Add(program.help, [&] { return new HelpView(program.help, &owner); });
 }
 
 ToolWindows::~ToolWindows() {

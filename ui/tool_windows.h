@@ -8,6 +8,7 @@
 
 #include "core/signal.h"
 #include "forms/program.h"
+#include "ui/help_key.h"
 
 namespace cuewright {
 
@@ -46,6 +47,7 @@ class ToolWindows {
   static void Show(Entry& entry);
   static void Close(Entry& entry);
 
+  HelpKey helpKey_;
   std::vector<std::unique_ptr<Entry>> entries_;
   std::vector<Connection> connections_;
 };

@@ -22,7 +22,6 @@ class Dialog : public Form {
   }
 
   Signal<> Closed;
-  Signal<> HelpRequested;  ///< F1
 
  protected:
   /// To be called when all controls are filled.

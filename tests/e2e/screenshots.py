@@ -1,7 +1,8 @@
 #!/usr/bin/python3
-"""Takes a picture of every window of the real program, in a language and a colour scheme, and puts them on one sheet.
+"""Takes a picture of every window of the real program, in a language and a colour scheme, and puts them on one sheet,
+or the windows that the help shows into a folder.
 
-usage: screenshots.py BINARY LANGUAGE light|dark FILM SUBTITLE SHEET.png
+usage: screenshots.py BINARY LANGUAGE light|dark FILM SUBTITLE SHEET.png|FOLDER
 """
 
 import os
@@ -11,6 +12,7 @@ import sys
 import tempfile
 
 import desktop
+import pyatspi
 
 # The windows by the place of their item in the menus, separators counted: (menu, item), and how to get through it.
 WINDOWS = (
@@ -24,6 +26,9 @@ WINDOWS = (
     ("about", "mnuAbout"),
 )
 SETTINGS_PAGES = 5
+# Of these the help has pictures: the name here, and in the help.
+HELP_PICTURES = {"main": "main_window", "export": "export", "format": "format_settings", "settings": "settings"}
+WAVE_HEIGHT = 73
 
 
 def client_windows():
@@ -69,6 +74,26 @@ def film_plays(program):
     return any(slider.queryValue().currentValue > 500 for slider in program.all("slider"))
 
 
+def sound_is_there(folder):
+    """The film's sound stands in the user's store."""
+    return any(name.endswith(".wav") for _, _, names in os.walk(folder) for name in names)
+
+
+def save_for_help(shots, program, folder):
+    """The pictures that the help shows, with few colours, and the Audio bar cut out of the main window's."""
+    small = ["-colors", "128", "-strip"]
+    for name, path in shots:
+        if name in HELP_PICTURES:
+            target = os.path.join(folder, HELP_PICTURES[name] + ".png")
+            subprocess.run(["convert", path, *small, target], check=True)
+    scale = next(slider for slider in program.all("slider") if slider.queryComponent().getSize()[1] == WAVE_HEIGHT)
+    _, y = scale.queryComponent().getPosition(pyatspi.WINDOW_COORDS)
+    main = dict(shots)["main"]
+    area = "0x%d+0+%d" % (WAVE_HEIGHT + 12, y - 10)
+    target = os.path.join(folder, "audio_bar.png")
+    subprocess.run(["convert", main, "-crop", area, "+repage", *small, target], check=True)
+
+
 def menu_places(source):
     """Where each item stands, read from the order of their making in the main window's form."""
     import re
@@ -97,6 +122,7 @@ def main():
     program = desktop.Program(binary, [subtitle], {
         "XDG_CONFIG_HOME": run,
         "XDG_STATE_HOME": run,
+        "XDG_CACHE_HOME": run,
         "CUEWRIGHT_COLOR_SCHEME": scheme,
         "CUEWRIGHT_MPV_OPTIONS": "ao=null",
         "LC_ALL": "C.UTF-8",
@@ -107,7 +133,7 @@ def main():
         settle(window)
         path = os.path.join(run, "%02d_%s.png" % (len(shots), name))
         capture(window, path)
-        shots.append(path)
+        shots.append((name, path))
 
     try:
         main_window = desktop.wait_for("the main window", lambda: (client_windows() or [None])[0])
@@ -116,6 +142,8 @@ def main():
         desktop.wait_for("the film", lambda: program.find("slider", None) and film_plays(program))
         desktop.focus(main_window)
         desktop.key("x")
+        menus.press("mnuFilmSound")
+        desktop.wait_for("the film's sound", lambda: sound_is_there(run))
         shoot(main_window, "main")
         for name, item in WINDOWS:
             before = client_windows()
@@ -130,7 +158,10 @@ def main():
                     shoot(opened, "settings_%d" % page)
             desktop.key("Escape")
             desktop.wait_for("the end of " + item, lambda: opened not in client_windows())
-        subprocess.run(["montage", *shots, "-background", "#808080", "-geometry", "+12+12", "-tile", "3x", "PNG24:" + sheet], check=True)
+        if not sheet.endswith(".png"):
+            save_for_help(shots, program, sheet)
+            return
+        subprocess.run(["montage", *(path for _, path in shots), "-background", "#808080", "-geometry", "+12+12", "-tile", "3x", "PNG24:" + sheet], check=True)
         print("%s: %d windows" % (sheet, len(shots)))
     finally:
         program.process.terminate()

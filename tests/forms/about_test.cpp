@@ -100,12 +100,6 @@ TEST_F(AboutBox, IsMirroredInALanguageThatIsReadFromTheRight) {
   EXPECT_TRUE(Dialog().RightToLeft());
 }
 
-TEST_F(AboutBox, F1AsksForHelp) {
-  Open();
-  Dialog().HelpRequested();
-  EXPECT_EQ(desktop.opened.size(), 1u);
-}
-
 TEST(Web, PagesStandInThePartOfTheirLanguage) {
   const Text site(kWebSite);
   EXPECT_EQ(WebPage(u"guides.php", u"ENGLISH"), site + u"/en/guides.php");

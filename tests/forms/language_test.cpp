@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "forms/help.h"
 #include "tests/support/program_fixture.h"
 
 namespace cuewright {
@@ -14,7 +13,6 @@ struct LanguageTest : testing::ProgramFixture {
 };
 
 using ProgramLanguage = LanguageTest;
-using HelpTopics = LanguageTest;
 
 constexpr std::size_t kArabic = 14;
 
@@ -83,29 +81,6 @@ TEST_F(ProgramLanguage, AChangeLeavesTheStoreAndTheDocument) {
   EXPECT_EQ(program->options.Language, u"ARABIC");
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(Window().lblTextFile.GetText(), u"Current subtitle file: a.srt");
-}
-
-TEST_F(HelpTopics, OpenTheFileOfTheLanguage) {
-  const Folders folders{folder / "", {}, {}, {}};
-  const Text german = folder.Write("qxm_german.chm", "help");
-  OpenHelp(folders, u"GERMAN", program->strings, files, boxes, desktop);
-  EXPECT_EQ(desktop.opened, std::vector<Text>{german});
-  EXPECT_TRUE(boxes.shown.empty());
-}
-
-TEST_F(HelpTopics, OpenTheEnglishFileWithAWordWhereTheLanguageHasNone) {
-  const Folders folders{folder / "", {}, {}, {}};
-  const Text english = folder.Write("qxm_english.chm", "help");
-  OpenHelp(folders, u"GERMAN", program->strings, files, boxes, desktop);
-  EXPECT_EQ(desktop.opened, std::vector<Text>{english});
-  EXPECT_EQ(LastBox(),
-            "The Help system has not yet been translated to your language. Help file will be shown in English.");
-}
-
-TEST_F(HelpTopics, OpenTheWebSiteWhereThereIsNoFile) {
-  StartIn("SPANISH");
-  Window().mnuHelpTopics.Click();
-  EXPECT_EQ(desktop.opened, std::vector<Text>{u"https://cuewright.example/es/cuewright.php?lang=spanish#help"});
 }
 
 }  // namespace

@@ -861,9 +861,12 @@ TEST_F(SettingsPages, TheMenuOpensThemOnce) {
   EXPECT_TRUE(Dialog().IsOpen());
 }
 
-TEST_F(SettingsPages, HelpOpensTheTopics) {
-  Dialog().HelpRequested();
-  EXPECT_EQ(desktop.opened.size(), 1u);
+TEST_F(SettingsPages, TheirHelpIsThatOfThePageOnShow) {
+  for (const auto& [page, file] : {std::pair{0u, u"settings_timing.html"}, std::pair{4u, u"settings_language.html"}}) {
+    Dialog().ShowSettingsPage(page);
+    program->help.OpenFor("frmSettings");
+    EXPECT_TRUE(program->help.PagePath().ends_with(file)) << ToUtf8(program->help.PagePath());
+  }
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "tests/ui/dialog_fixture.h"
 #include "ui/export_view.h"
 #include "ui/format_view.h"
+#include "ui/help_key.h"
 #include "ui/qt_pickers.h"
 #include "ui/settings_view.h"
 #include "ui/svg_picture.h"
@@ -284,10 +285,12 @@ TEST_F(SettingsWindowView, EnterIsOkAndEscapeKeepsChangesUnstored) {
   EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"Collision", u"?"), u"0");
 }
 
-TEST_F(SettingsWindowView, F1AsksForHelp) {
+TEST_F(SettingsWindowView, F1OpensTheHelpOfThePage) {
   ShowSettings();
+  files.MakeLink(folder / "help", FromUtf8(CUEWRIGHT_SOURCE_DIR "/resources/help"));
+  const HelpKey key(program->help);
   QTest::keyClick(Find("chkCollision"), Qt::Key_F1);
-  EXPECT_EQ(desktop.opened.size(), 1u);
+  EXPECT_TRUE(program->help.PagePath().ends_with(u"settings_timing.html"));
   EXPECT_TRUE(view->isVisible());
 }
 

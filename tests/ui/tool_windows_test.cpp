@@ -5,11 +5,13 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSet>
 #include <QSlider>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include "tests/support/program_fixture.h"
@@ -146,6 +148,68 @@ TEST_F(ToolWindowsTest, AReportOfManyEntriesReachesTheWidgetWhole) {
   QWidget* view = Shown(program->reportWindow);
   program->reportWindow.ShowDetailedReport();
   EXPECT_EQ(view->findChild<QPlainTextEdit*>("txtReport")->blockCount(), 5 + 3000 * 5 + 1);
+}
+
+TEST_F(ToolWindowsTest, TheHelpHasAWidgetForEveryControl) {
+  program->help.OpenFor("frmDelay");
+  QWidget* view = Shown(program->help);
+  ASSERT_NE(view, nullptr);
+  EXPECT_TRUE(view->findChild<QTextBrowser*>("picTopic")->toPlainText().startsWith("Set delay"));
+  EXPECT_FALSE(view->findChild<QLabel*>("lblNotice")->isVisible());
+}
+
+TEST_F(ToolWindowsTest, ALinkOnAPageOfTheHelpLeadsOn) {
+  program->help.OpenFor({});
+  auto* page = owner.findChild<QTextBrowser*>("picTopic");
+  ASSERT_NE(page, nullptr);
+  page->anchorClicked(QUrl("find.html#replace"));
+  EXPECT_TRUE(page->toPlainText().startsWith("Find and replace"));
+  auto* back = owner.findChild<QPushButton*>("cmdBack");
+  QTest::mouseClick(back, Qt::LeftButton);
+  EXPECT_TRUE(page->toPlainText().startsWith("Start here"));
+  EXPECT_FALSE(back->isEnabled());
+}
+
+TEST_F(ToolWindowsTest, ASearchInTheHelpMarksWhatItFinds) {
+  program->help.OpenFor({});
+  auto* search = owner.findChild<QLineEdit*>("txtSearch");
+  ASSERT_NE(search, nullptr);
+  QTest::keyClicks(search, "delay");
+  QTest::keyClick(search, Qt::Key_Return);
+  auto* page = owner.findChild<QTextBrowser*>("picTopic");
+  EXPECT_TRUE(page->toPlainText().startsWith("Set delay"));
+  EXPECT_EQ(page->extraSelections().size(), 2) << "the heading and the menu item";
+}
+
+TEST_F(ToolWindowsTest, F1OpensThePageOfAToolWindow) {
+  QWidget* report = Shown(program->reportWindow);
+  ASSERT_NE(report, nullptr);
+  QTest::keyClick(report->findChild<QWidget*>("txtReport"), Qt::Key_F1);
+  EXPECT_TRUE(program->help.PagePath().ends_with(u"report.html"));
+}
+
+TEST_F(ToolWindowsTest, F1InAMessageOpensThePageOfTheWindowBelow) {
+  QWidget* find = Shown(program->tools.findWindow);
+  ASSERT_NE(find, nullptr);
+  QMessageBox box(find);
+  box.open();
+  QTest::keyClick(&box, Qt::Key_F1);
+  EXPECT_TRUE(program->help.PagePath().ends_with(u"find.html"));
+}
+
+TEST_F(ToolWindowsTest, TheHelpStandsOverAModalDialogAndStaysWhenItCloses) {
+  QDialog dialog(&owner);
+  dialog.setObjectName("frmDelay");
+  dialog.setModal(true);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  QTest::keyClick(&dialog, Qt::Key_F1);
+  auto* help = dialog.findChild<QDialog*>("frmHelp");
+  ASSERT_NE(help, nullptr) << "only what stands over a modal dialog can be used beside it";
+  dialog.accept();
+  EXPECT_EQ(help->parentWidget(), &owner);
+  EXPECT_TRUE(help->isVisible());
+  EXPECT_TRUE(program->help.Loaded());
 }
 
 }  // namespace

@@ -1,0 +1,181 @@
+#include "forms/help_window.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kEnglish = u"ENGLISH";
+constexpr std::size_t kTitle = 159;
+constexpr std::size_t kShownInEnglish = 160;
+constexpr std::size_t kBack = 56;
+constexpr std::size_t kTopics = 952;
+constexpr std::size_t kSearch = 953;
+constexpr std::size_t kNothingFound = 954;
+constexpr std::size_t kForward = 955;
+
+struct WindowPage {
+  const char* window;
+  TextView page;
+};
+
+constexpr std::array kWindowPages{
+    WindowPage{"frmAbout", u"about.html"},
+    WindowPage{"frmAudio", u"audio_source.html"},
+    WindowPage{"frmAudioWizard", u"extract_audio.html"},
+    WindowPage{"frmDelay", u"delay.html"},
+    WindowPage{"frmEmbed", u"embed.html"},
+    WindowPage{"frmExport", u"export.html"},
+    WindowPage{"frmFind", u"find.html"},
+    WindowPage{"frmFormat", u"format_settings.html"},
+    WindowPage{"frmReplace", u"find.html#replace"},
+    WindowPage{"frmReport", u"report.html"},
+    WindowPage{"frmSpell", u"spelling.html"},
+    WindowPage{"frmStart", u"player.html"},
+    WindowPage{"frmSub", u"overlay.html"},
+    WindowPage{"frmUpdate", u"update.html"},
+};
+
+constexpr std::array<TextView, 5> kSettingsPages{u"settings_timing.html", u"settings_keys.html",
+                                                 u"settings_player.html", u"settings_preview.html",
+                                                 u"settings_language.html"};
+
+TextView FileOf(TextView page) { return page.substr(0, page.find(u'#')); }
+
+bool IsWebAddress(TextView link) { return link.starts_with(u"http://") || link.starts_with(u"https://"); }
+
+}  // namespace
+
+HelpWindow::HelpWindow(const Folders& folders, const AppOptions& options, const LangStrings& strings,
+                       const Languages& languages, const Files& files, Desktop& desktop, OpenForms& openForms)
+    : ToolForm("frmHelp", openForms),
+      folders_(folders),
+      options_(options),
+      strings_(strings),
+      languages_(languages),
+      files_(files),
+      desktop_(desktop) {
+  lblNotice.SetVisible(false);
+  cmdBack.Clicked.Connect([this] { Move(at_ - 1); });
+  cmdForward.Clicked.Connect([this] { Move(at_ + 1); });
+  txtSearch.Edited.Connect([this] {
+    ShowTopics();
+    PageChanged();
+  });
+  txtSearch.KeyDown.Connect([this](KeyEvent& key) {
+    if (key.code != kKeyEnter || listed_.empty()) return;
+    key.handled = true;
+    lstTopics.Choose(std::max(lstTopics.Index(), 0));
+  });
+  lstTopics.Chosen.Connect([this] {
+    const auto place = static_cast<std::size_t>(lstTopics.Index());
+    if (place >= listed_.size()) return;
+    const Text& file = book_.Topics()[listed_[place]].file;
+    if (visited_.empty() || file != FileOf(visited_[at_])) Go(file);
+  });
+}
+
+Text HelpWindow::FolderOf(TextView language) const { return folders_.AppFolder + u"help/" + ToLower(language) + u"/"; }
+
+bool HelpWindow::Has(TextView language) const { return files_.Exists(FolderOf(language) + u"contents.txt"); }
+
+void HelpWindow::OpenFor(const std::string& window) {
+  if (!Has(options_.Language) && !Has(kEnglish)) return;
+  Show();
+  if (book_.Topics().empty()) return;
+  Text page = book_.Topics().front().file;
+  const auto at = std::find_if(kWindowPages.begin(), kWindowPages.end(),
+                               [&](const WindowPage& entry) { return window == entry.window; });
+  if (at != kWindowPages.end()) page = at->page;
+  if (window == "frmSettings" && settingsPage)
+    page = kSettingsPages[std::min(settingsPage(), kSettingsPages.size() - 1)];
+  Go(page);
+}
+
+void HelpWindow::Follow(TextView link) {
+  if (IsWebAddress(link)) {
+    desktop_.ShellOpen(Text(link));
+  } else if (link.starts_with(u'#')) {
+    if (!visited_.empty()) Go(Text(FileOf(visited_[at_])) + Text(link));
+  } else {
+    Go(Text(link));
+  }
+}
+
+Text HelpWindow::PagePath() const { return visited_.empty() ? Text() : folder_ + visited_[at_]; }
+
+void HelpWindow::ReadBook() {
+  TextView language = options_.Language;
+  if (!Has(language)) language = kEnglish;
+  lblNotice.SetVisible(language != options_.Language);
+  folder_ = FolderOf(language);
+  book_.Load(files_, folder_);
+}
+
+void HelpWindow::Load() {
+  visited_.clear();
+  at_ = 0;
+  txtSearch.SetText({});
+  ApplyLanguage(languages_.IsRightToLeft());
+}
+
+void HelpWindow::ApplyLanguage(bool rightToLeft) {
+  SetTitle(WithoutAccessKey(strings_[kTitle]));
+  SetRightToLeft(rightToLeft);
+  cmdBack.SetText(strings_[kBack]);
+  cmdForward.SetText(strings_[kForward]);
+  lblSearch.SetText(strings_[kSearch]);
+  txtSearch.SetSpokenName(strings_[kSearch]);
+  lstTopics.SetSpokenName(strings_[kTopics]);
+  lblNotice.SetText(strings_[kShownInEnglish]);
+  if (!Loaded()) return;
+  ReadBook();
+  ShowTopics();
+  Visit();
+}
+
+void HelpWindow::ShowTopics() {
+  listed_ = book_.Find(txtSearch.GetText());
+  std::vector<Text> items;
+  const bool all = listed_.size() == book_.Topics().size();
+  for (const std::size_t place : listed_) {
+    const HelpTopic& topic = book_.Topics()[place];
+    items.push_back(Text(all ? static_cast<std::size_t>(topic.depth) * 4 : 0, u' ') + topic.title);
+  }
+  lstTopics.SetEnabled(!items.empty());
+  if (items.empty()) items.push_back(strings_[kNothingFound]);
+  if (items != lstTopics.Items()) lstTopics.SetItems(std::move(items));
+  if (visited_.empty()) return;
+  const auto shown = book_.PlaceOf(FileOf(visited_[at_]));
+  const auto at = std::find(listed_.begin(), listed_.end(), shown.value_or(book_.Topics().size()));
+  lstTopics.SetIndex(at != listed_.end() ? static_cast<int>(at - listed_.begin()) : -1);
+}
+
+void HelpWindow::Go(const Text& page) {
+  if (!book_.PlaceOf(FileOf(page))) return;
+  if (visited_.empty() || visited_[at_] != page) {
+    if (!visited_.empty()) visited_.resize(at_ + 1);
+    visited_.push_back(page);
+  }
+  Move(visited_.size() - 1);
+}
+
+void HelpWindow::Move(std::size_t to) {
+  if (to >= visited_.size()) return;
+  at_ = to;
+  ShowTopics();
+  Visit();
+}
+
+void HelpWindow::Visit() {
+  cmdBack.SetEnabled(at_ > 0);
+  cmdForward.SetEnabled(at_ + 1 < visited_.size());
+  if (visited_.empty()) return;
+  const auto place = book_.PlaceOf(FileOf(visited_[at_]));
+  if (place) picTopic.SetSpokenName(book_.Topics()[*place].title);
+  PageChanged();
+}
+
+}  // namespace cuewright

@@ -1,0 +1,138 @@
+#include "ui/help_view.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "ui/dialog_view.h"
+#include "ui/qt_text.h"
+
+namespace cuewright {
+namespace {
+
+constexpr QSize kSize(920, 640);
+constexpr int kContentsWidth = 270;
+
+}  // namespace
+
+HelpView::HelpView(HelpWindow& form, QWidget* owner)
+    : ToolView(form, owner), form_(form), owner_(owner), binder_(*this, form) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(10, 10, 10, 10);
+  column->addWidget(MakeBar());
+  auto* notice = Named(new QLabel(this), "lblNotice");
+  notice->setTextFormat(Qt::PlainText);
+  notice->setWordWrap(true);
+  column->addWidget(notice);
+  auto* halves = new QSplitter(this);
+  halves->addWidget(MakeContents());
+  halves->addWidget(MakePage());
+  halves->setStretchFactor(1, 1);
+  halves->setChildrenCollapsible(false);
+  halves->setSizes({kContentsWidth, kSize.width() - kContentsWidth});
+  column->addWidget(halves, 1);
+  setTabOrder(findChild<QWidget*>("cmdForward"), findChild<QWidget*>("txtSearch"));
+  setTabOrder(findChild<QWidget*>("txtSearch"), findChild<QWidget*>("lstTopics"));
+  setTabOrder(findChild<QWidget*>("lstTopics"), page_);
+  binder_.BindAll();
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  resize(kSize);
+  StandOver();
+  Keep(form.PageChanged.ConnectScoped([this] { ShowPage(); }));
+  Keep(form.ShowRequested.ConnectScoped([this] { StandOver(); }));
+  ShowPage();
+  page_->setFocus();
+}
+
+QWidget* HelpView::MakeBar() {
+  auto* bar = new QWidget(this);
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(0, 0, 0, 0);
+  for (const char* name : {"cmdBack", "cmdForward"}) {
+    auto* button = Named(new QPushButton(bar), name);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  auto* label = Named(new QLabel(bar), "lblSearch");
+  auto* search = Named(new QLineEdit(bar), "txtSearch");
+  search->setClearButtonEnabled(true);
+  search->setMinimumWidth(240);
+  label->setBuddy(search);
+  row->addWidget(label);
+  row->addWidget(search);
+  const auto key = [this](const QKeySequence& keys, auto action) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+  };
+  key(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { form_.cmdBack.Click(); });
+  key(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { form_.cmdForward.Click(); });
+  key(QKeySequence::Find, [search] { search->setFocus(), search->selectAll(); });
+  return bar;
+}
+
+QWidget* HelpView::MakeContents() {
+  auto* list = Named(new QListWidget(this), "lstTopics");
+  list->setMinimumWidth(140);
+  list->setUniformItemSizes(true);
+  return list;
+}
+
+QWidget* HelpView::MakePage() {
+  page_ = Named(new QTextBrowser(this), "picTopic");
+  page_->setOpenLinks(false);
+  page_->document()->setDocumentMargin(14);
+  connect(page_, &QTextBrowser::anchorClicked, this,
+          [this](const QUrl& link) { form_.Follow(FromQt(link.toString())); });
+  return page_;
+}
+
+void HelpView::StandOver() {
+  QWidget* modal = QApplication::activeModalWidget();
+  QWidget* below = modal != nullptr && modal != this ? modal : owner_;
+  if (below == parentWidget()) return;
+  setParent(below, windowFlags());
+  if (auto* dialog = qobject_cast<QDialog*>(modal)) {
+    // Reading goes on when the dialog has closed.
+    connect(dialog, &QDialog::finished, this, [this] {
+      if (parentWidget() == owner_) return;
+      setParent(owner_, windowFlags());
+      show();
+    });
+  }
+}
+
+void HelpView::ShowPage() {
+  const Text path = form_.PagePath();
+  if (path.empty()) return;
+  const std::size_t part = path.rfind(u'#');
+  QUrl page = QUrl::fromLocalFile(ToQt(path.substr(0, part)));
+  if (part != Text::npos) page.setFragment(ToQt(path.substr(part + 1)));
+  if (page_->source() != page) page_->setSource(page);
+  MarkFound();
+}
+
+void HelpView::MarkFound() {
+  QList<QTextEdit::ExtraSelection> marks;
+  for (const QString& word : ToQt(form_.SearchText()).split(' ', Qt::SkipEmptyParts)) {
+    QTextCursor at(page_->document());
+    while (!(at = page_->document()->find(word, at)).isNull()) {
+      QTextEdit::ExtraSelection mark;
+      mark.cursor = at;
+      mark.format.setBackground(palette().highlight());
+      mark.format.setForeground(palette().highlightedText());
+      marks.append(mark);
+    }
+  }
+  page_->setExtraSelections(marks);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "forms/help_window.h"
+#include "ui/binder.h"
+#include "ui/tool_windows.h"
+
+class QTextBrowser;
+
+namespace cuewright {
+
+/// The window `frmHelp`. It stands over the dialog that holds the program up, if there is one, so that help can be read
+/// beside it.
+class HelpView final : public ToolView {
+ public:
+  HelpView(HelpWindow& form, QWidget* owner);
+
+ private:
+  QWidget* MakeBar();
+  QWidget* MakeContents();
+  QWidget* MakePage();
+  void StandOver();
+  void ShowPage();
+  void MarkFound();
+
+  HelpWindow& form_;
+  QWidget* owner_;
+  QTextBrowser* page_ = nullptr;
+  Binder binder_;
+};
+
+}  // namespace cuewright
