@@ -111,9 +111,8 @@ void Program::Connect() {
   ConnectHistory();
   ConnectJournal();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
-  window.mnuHelpTopics.Clicked.Connect([this] {
-    OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help);
-  });
+  window.mnuHelpTopics.Clicked.Connect(
+      [this] { OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   help.settingsPage = [this] { return dialogs.settings.Page(); };
   dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
   ConnectAudio();
