@@ -14,16 +14,11 @@
 #include "platform/sound_store.h"
 #include "platform/system_info.h"
 #include "platform/user_folders.h"
-#include "ui/about_view.h"
-#include "ui/audio_view.h"
 #include "ui/color_scheme.h"
-#include "ui/delay_view.h"
-#include "ui/export_view.h"
-#include "ui/format_view.h"
+#include "ui/dialog_windows.h"
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
-#include "ui/settings_view.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
 #include "ui/toolkit_texts.h"
@@ -105,12 +100,7 @@ int main(int argc, char** argv) {
   const auto showMainWindow = [&] {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
-    program.tools.runDelayDialog = [&] { RunDelayDialog(program.tools.delayDialog, window.get()); };
-    program.audio.runDialog = [&] { RunAudioDialog(program.audio.dialog, window.get()); };
-    program.runExportDialog = [&] { RunExportDialog(program.exportDialog, window.get()); };
-    program.dialogs.runSettings = [&] { (new SettingsView(program.dialogs.settings, BoxOwner()))->ShowModal(); };
-    program.dialogs.runFormat = [&] { (new FormatView(program.dialogs.format, BoxOwner()))->ShowModal(); };
-    program.helpDialogs.runAbout = [&] { (new AboutView(program.helpDialogs.about, BoxOwner()))->ShowModal(); };
+    ConnectDialogs(program, *window);
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
     Post([&] { program.OpenOnFirstRun(); });
   };

@@ -80,7 +80,7 @@ QWidget* FormatView::MakeList() {
   auto* area = new QWidget(this);
   auto* column = new QVBoxLayout(area);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(MakeLabel("lblFormats", area));
+  column->addWidget(MakeLabel("lblFormats", area, true));
   auto* list = Named(new QListWidget(area), "lstFormats");
   list->setMinimumWidth(170);
   list->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);

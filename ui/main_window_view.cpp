@@ -113,6 +113,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   ApplyNames();
   binder_.BindAll();
   tools_ = std::make_unique<ToolWindows>(program_, *this);
+  FitLeastWidth();
 
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
   connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
@@ -218,7 +219,7 @@ QWidget* MainWindowView::MakeButtons() {
   grid->setContentsMargins(0, 0, 0, 0);
   const auto button = [&](const char* name, int row, int column, int columns) {
     auto* made = Named(new QPushButton(panel), name);
-    made->setMinimumWidth(70);
+    made->setMinimumWidth(80);
     made->setAutoDefault(false);
     made->setAttribute(Qt::WA_InputMethodEnabled, false);
     made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -250,8 +251,11 @@ QWidget* MainWindowView::MakeModes() {
   auto* text = Named(new QLabel(panel), "lblMode");
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   column->addWidget(text, 1);
-  panel->setFixedWidth(240);
+  // As wide as the longest mode in the language in force; the text below wraps.
+  column->addStrut(240);
+  panel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   return panel;
 }
 
@@ -272,6 +276,10 @@ void MainWindowView::BuildBottomPanel() {
   row->addLayout(left, 1);
   row->addWidget(MakeButtons());
   row->addWidget(MakeModes());
+}
+
+void MainWindowView::FitLeastWidth() {
+  setMinimumWidth(std::max(MainLayout::kLeastWidth, bottom_->minimumSizeHint().width()));
 }
 
 void MainWindowView::ApplyNames() {
@@ -476,6 +484,9 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
     case QEvent::Resize:
       // The columns are measured by the pane.
       if (object == pane_) ApplyColumns();
+      return false;
+    case QEvent::LayoutRequest:
+      if (object == bottom_) FitLeastWidth();
       return false;
     case QEvent::Paint:
       return object == divider_ && PaintDivider(*divider_);

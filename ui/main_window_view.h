@@ -40,6 +40,8 @@ class MainWindowView final : public QMainWindow {
   QWidget* MakeTimeRow();
   QWidget* MakeButtons();
   QWidget* MakeModes();
+  /// The window isn't made narrower than what the panel at its foot says in the language in force.
+  void FitLeastWidth();
   /// What assistive programs read, in the language in force.
   void ApplyNames();
   void FollowDocument();

@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+
+#include "tests/support/program_fixture.h"
+#include "ui/dialog_windows.h"
+#include "ui/main_window_view.h"
+#include "ui/start_view.h"
+#include "ui/svg_picture.h"
+
+namespace cuewright {
+namespace {
+
+/// What a small screen has room for beside the desktop's own bars.
+constexpr QSize kSmallScreen(1280, 720);
+
+bool IsText(const QWidget& widget) {
+  return qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
+         qobject_cast<const QGroupBox*>(&widget) != nullptr;
+}
+
+/// A language by its row in the table.
+struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<std::size_t> {
+  EveryLanguage() {
+    LoadIcons();
+    program->options.ApplyWhen = 1;
+    program->files.OpenSubtitleFile(SubRip("a.srt", 10));
+    const std::filesystem::path resources(CUEWRIGHT_SOURCE_DIR "/resources");
+    std::filesystem::create_directory_symlink(resources / "messages", folder.Path() / "languages");
+    std::filesystem::create_directory_symlink(resources / "help", folder.Path() / "help");
+    program->folders.AppFolder = folder / "";
+    auto* surface = new QWidget;
+    surface->setObjectName("WMP");
+    view = std::make_unique<MainWindowView>(*program, surface);
+    ConnectDialogs(*program, *view);
+    view->ShowStarted({1000, 700, false, {}});
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+    program->ChangeLanguage(GetParam());
+    QTest::qWait(0);
+  }
+  ~EveryLanguage() override {
+    view.reset();
+    program.reset();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+  }
+
+  std::string Where(const QWidget& window) const {
+    return ToUtf8(program->options.Language) + " " + window.objectName().toStdString() + " ";
+  }
+
+  /// No visible text of a window has less room than it needs, the window fits a small screen, and it is mirrored
+  /// in a language that is read from the right.
+  void Check(QWidget& window) {
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(window.layoutDirection(), program->languages.IsRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight)
+        << Where(window);
+    const QSize size = window.size();
+    EXPECT_LE(size.width(), kSmallScreen.width()) << Where(window);
+    EXPECT_LE(size.height(), kSmallScreen.height()) << Where(window);
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+      const QString name = widget->objectName();
+      // Samples are as large as their font; the names of the open files are shortened.
+      if (!widget->isVisible() || name.isEmpty() || name.startsWith("qt_") || name.contains("Sample") ||
+          name.endsWith("File") || widget->window() != &window || !IsText(*widget))
+        continue;
+      const auto* label = qobject_cast<const QLabel*>(widget);
+      const bool wraps = label != nullptr && label->wordWrap();
+      const QSize needed = wraps ? QSize(0, label->heightForWidth(label->width())) : widget->minimumSizeHint();
+      EXPECT_GE(widget->width(), needed.width()) << Where(window) << name.toStdString();
+      EXPECT_GE(widget->height(), needed.height()) << Where(window) << name.toStdString();
+    }
+  }
+
+  /// The dialog or tool window beside the main one that is on show.
+  QDialog* Opened() const {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      auto* dialog = qobject_cast<QDialog*>(window);
+      if (dialog != nullptr && dialog->isVisible()) return dialog;
+    }
+    return nullptr;
+  }
+
+  /// Opens a window by its menu item, looks at it and at each further state of it, and closes it.
+  void Look(MenuItem& item, const std::vector<std::function<void()>>& states = {}) {
+    bool seen = false;
+    const auto look = [&] {
+      QDialog* dialog = Opened();
+      if (dialog == nullptr) return;
+      seen = true;
+      Check(*dialog);
+      for (const auto& state : states) {
+        state();
+        Check(*dialog);
+      }
+      dialog->close();
+    };
+    // A modal dialog holds the click up.
+    QTimer modal;
+    modal.setSingleShot(true);
+    QObject::connect(&modal, &QTimer::timeout, view.get(), look);
+    modal.start(0);
+    item.Click();
+    modal.stop();
+    if (!seen) look();
+    EXPECT_TRUE(seen) << item.Name();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Opened() == nullptr; })) << item.Name();
+  }
+
+  std::unique_ptr<MainWindowView> view;
+};
+
+TEST_P(EveryLanguage, HasRoomInTheMainWindow) {
+  Check(*view);
+  view->resize(view->minimumSize());
+  QTest::qWait(0);
+  Check(*view);
+}
+
+TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheEditMenu) {
+  Look(Window().mnuFind);
+  Look(Window().mnuReplace);
+  Look(Window().mnuDelay);
+}
+
+TEST_P(EveryLanguage, HasRoomInTheWindowsOfFilesAndTools) {
+  Look(Window().mnuSaveAs);
+  Look(Window().mnuReport);
+  Look(Window().mnuOpenWav);
+}
+
+TEST_P(EveryLanguage, HasRoomInTheSettings) {
+  std::vector<std::function<void()>> states;
+  SettingsDialog& settings = program->dialogs.settings;
+  for (std::size_t page = 0; page < 5; ++page) states.emplace_back([&, page] { settings.ShowSettingsPage(page); });
+  states.emplace_back([&] { settings.ShowSettingsPage(0); });
+  for (CheckBox* check : {&settings.chkAutoJoin, &settings.chkDuration, &settings.chkCredits}) {
+    states.emplace_back([check] { check->Hovered(); });
+  }
+  Look(Window().mnuGSettings, states);
+  states.clear();
+  for (int row = 0; row < 3; ++row)
+    states.emplace_back([this, row] { program->dialogs.format.lstFormats.Choose(row); });
+  Look(Window().mnuFormatSettings, states);
+}
+
+TEST_P(EveryLanguage, HasRoomForEveryDetailOfTheSettings) {
+  SettingsDialog& settings = program->dialogs.settings;
+  std::vector<std::function<void()>> states;
+  states.emplace_back([&] {
+    for (const Text& text : settings.DetailTexts()) {
+      settings.ShowSettingsDetails(text);
+      Check(*Opened());
+    }
+  });
+  Look(Window().mnuGSettings, states);
+}
+
+TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheHelpMenu) {
+  boxes.shown.clear();
+  Look(Window().mnuHelpTopics);
+  Look(Window().mnuAbout);
+}
+
+TEST_P(EveryLanguage, HasRoomInTheMissingPlayersScreen) {
+  program->start.ShowMissing(program->strings, u"libmpv.so.2", program->languages.IsRightToLeft());
+  StartView start(program->start);
+  start.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&start));
+  Check(start);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, EveryLanguage, ::testing::Range(std::size_t{0}, std::size_t{25}));
+
+}  // namespace
+}  // namespace cuewright
