@@ -23,6 +23,8 @@ WINDOWS = (
     ("format", "mnuFormatSettings"),
     ("settings", "mnuGSettings"),
     ("export", "mnuSaveAs"),
+    ("audio", "mnuOpenWav"),
+    ("help", "mnuHelpTopics"),
     ("about", "mnuAbout"),
 )
 SETTINGS_PAGES = 5
