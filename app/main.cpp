@@ -19,6 +19,7 @@
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
+#include "ui/qt_web.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
 #include "ui/toolkit_texts.h"
@@ -79,6 +80,8 @@ int main(int argc, char** argv) {
   environment.locale = &locale;
   const LinuxSystemInfo system;
   environment.system = &system;
+  QtWeb web;
+  environment.web = &web;
 
   PosixProcesses processes;
   // Two hours of sound take about 320 MB.

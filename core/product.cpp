@@ -2,6 +2,8 @@
 
 namespace cuewright {
 
+TextView UpdateSite() { return u"" CUEWRIGHT_UPDATE_SITE; }
+
 Text VersionText() {
   return Decimal(kVersion.major) + u"." + Decimal(kVersion.minor) + u"." + Decimal(kVersion.revision);
 }

@@ -22,6 +22,10 @@ Text VersionText();
 /// so the reserved name for examples stands in.
 inline constexpr TextView kWebSite = u"https://cuewright.example";
 
+/// The site that is asked for updates, without a slash at its end; empty in a build that asks nobody. A release names
+/// its own when it is configured (CUEWRIGHT_UPDATE_SITE).
+TextView UpdateSite();
+
 /// The address for suggestions. See `kWebSite`.
 inline constexpr TextView kMailAddress = u"suggestions@cuewright.example";
 

@@ -27,7 +27,7 @@ Text Profile::Name(TextView section, TextView key) {
   return name;
 }
 
-Profile::Profile(TextView text) {
+Profile::Profile(TextView text, std::size_t longest) {
   std::unordered_set<Text> sections;
   Text section;
   bool counts = false;
@@ -44,7 +44,7 @@ Profile::Profile(TextView text) {
     const std::size_t equals = line.find(u'=');
     if (!counts || equals == TextView::npos) continue;
     const TextView value = CutQuotes(TrimWhite(line.substr(equals + 1)));
-    values_.try_emplace(Name(section, TrimWhite(line.substr(0, equals))), value.substr(0, kLongestProfileValue));
+    values_.try_emplace(Name(section, TrimWhite(line.substr(0, equals))), value.substr(0, longest));
   }
 }
 

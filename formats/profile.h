@@ -16,10 +16,10 @@ inline constexpr std::size_t kLongestProfileValue = 254;
 class Profile {
  public:
   Profile() = default;
-  explicit Profile(TextView text);
+  /// Values are cut at `longest` characters.
+  explicit Profile(TextView text, std::size_t longest = kLongestProfileValue);
 
-  /// The value without the blanks and one pair of quotes around it, cut at 254 characters; nothing when the key is
-  /// absent.
+  /// The value without the blanks and one pair of quotes around it; nothing when the key is absent.
   const Text* Find(TextView section, TextView key) const;
 
   /// The same, with `fallback` for an absent key.

@@ -2,15 +2,18 @@
 
 namespace cuewright {
 
-HelpDialogs::HelpDialogs(MainWindow& window, const AppOptions& options, const LangStrings& strings,
-                         const Languages& languages, const FormatCatalogue& catalogue, Desktop& desktop,
+HelpDialogs::HelpDialogs(MainWindow& window, const UpdateParts& parts, const FormatCatalogue& catalogue,
                          const SystemInfo& system)
-    : about(options, strings, languages, catalogue, desktop, system) {
-  window.mnuAbout.Clicked.Connect([this] {
-    if (about.IsOpen()) return;
-    about.Open();
-    if (runAbout) runAbout();
-  });
+    : about(parts.options, parts.strings, parts.languages, catalogue, parts.ports.desktop, system), update(parts) {
+  const auto opens = [](MenuItem& item, auto& dialog, std::function<void()>& run) {
+    item.Clicked.Connect([&dialog, &run] {
+      if (dialog.IsOpen()) return;
+      dialog.Open();
+      if (run) run();
+    });
+  };
+  opens(window.mnuAbout, about, runAbout);
+  opens(window.mnuUpdate, update, runUpdate);
 }
 
 }  // namespace cuewright

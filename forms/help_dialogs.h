@@ -4,19 +4,21 @@
 
 #include "core/form/main_window.h"
 #include "forms/about_dialog.h"
+#include "forms/update_dialog.h"
 
 namespace cuewright {
 
 /// The dialogs that the menu Help opens.
 class HelpDialogs {
  public:
-  HelpDialogs(MainWindow& window, const AppOptions& options, const LangStrings& strings, const Languages& languages,
-              const FormatCatalogue& catalogue, Desktop& desktop, const SystemInfo& system);
+  HelpDialogs(MainWindow& window, const UpdateParts& parts, const FormatCatalogue& catalogue, const SystemInfo& system);
 
   AboutDialog about;
+  UpdateDialog update;
 
   /// Shows a dialog that is filled; it goes by itself when it closes. Set by the owner of the windows.
   std::function<void()> runAbout;
+  std::function<void()> runUpdate;
 };
 
 }  // namespace cuewright

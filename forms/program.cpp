@@ -62,7 +62,7 @@ Program::Program(Ports ports, StartEnvironment environment)
                  audioBar}),
       undo(window, list, history, capture, preview, strings),
       journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }),
-      helpDialogs(window, options, strings, languages, catalogue, ports_.desktop,
+      helpDialogs(window, DescribeUpdates(), catalogue,
                   environment_.system != nullptr ? *environment_.system : unknownSystem_),
       help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms) {
   Connect();
@@ -86,6 +86,19 @@ void Program::ConnectFiles() {
 void Program::TellFile(std::size_t text) {
   notices.Tell(text, catalogue.ReadIni(catalogue.Identifier(formats.CurrentFormatIndex), u"name", {}),
                EncodingName(formats.Encoding));
+}
+
+UpdateParts Program::DescribeUpdates() {
+  return {options,
+          strings,
+          languages,
+          folders,
+          encodings,
+          environment_.locale != nullptr ? *environment_.locale : unknownLocale_,
+          environment_.web != nullptr ? *environment_.web : noWeb_,
+          ports_,
+          [this] { return store.GetSetting(kMainSection, u"UpdateSite", UpdateSite()); },
+          environment_.settingsFile};
 }
 
 FileActionParts Program::Parts() {

@@ -67,6 +67,7 @@ struct StartEnvironment {
   Processes* processes = nullptr;        ///< these two put a film's sound into the Audio bar; null: it can't be done
   SoundStore* sounds = nullptr;
   const SystemInfo* system = nullptr;  ///< what the system says about itself; null: nothing
+  Web* web = nullptr;                  ///< the network; null: there is none
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -92,6 +93,7 @@ class Program final : private FormatHost {
  private:
   const Locale unknownLocale_{};
   const SystemInfo unknownSystem_{};
+  Web noWeb_;
   Ports ports_;
   StartEnvironment environment_;
 
@@ -170,6 +172,7 @@ class Program final : private FormatHost {
   void ConvertFromUtf8();
   void ApplyLanguage();
   FileActionParts Parts();
+  UpdateParts DescribeUpdates();
 
   void SetTextFileLabel(TextView text) override;
   void ClearVideoFileLabel() override;

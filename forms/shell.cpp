@@ -63,7 +63,7 @@ void Shell::Wire() {
     if (mouse.button == MouseButton::Left) window_.mnuWebsite.Click();
   });
   // Built by parts that aren't there yet.
-  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuUpdate, &window_.mnuSpell}) {
+  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuSpell}) {
     item->SetEnabled(false);
   }
 }

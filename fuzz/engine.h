@@ -47,6 +47,7 @@ class MemoryFiles final : public Files {
     write(sink);
     contents[Text(path)] = std::move(sink.bytes);
   }
+  void WritePrivate(TextView path, std::string_view bytes) override { contents[Text(path)] = bytes; }
   bool Remove(TextView path) override { return contents.erase(Text(path)) != 0; }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

@@ -16,6 +16,7 @@ run_one() {
     catalogue) from=$seeds/catalogue longest=65536 ;;
     wave) from=$seeds/wave longest=65536 ;;
     registry) from=$seeds/registry longest=4096 ;;
+    update) from=$seeds/update longest=4096 ;;
     *) from=$root/tests/data/formats longest=16384 ;;
   esac
   "$build/bin/fuzz_$1" "$corpus" "$from" -dict="$root/fuzz/dictionaries/$1.dict" -max_total_time="$2" \
@@ -31,12 +32,12 @@ fi
 
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import catalogue encodings round_trip wave journal registry}
+names=${*:-import catalogue encodings round_trip wave journal registry update}
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers
 
-mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry"
+mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry" "$seeds/update"
 { cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
 # A second of 8000 Hz and 16 bits, and one of 8 bits.
 { printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\200\076\0\0\002\0\020\0data\200\076\0\0'
@@ -45,6 +46,9 @@ mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry"
   head -c 8000 "$root/resources/formats.dat"; } >"$seeds/wave/8"
 printf '%s\r\n' REGEDIT4 '' '[HKEY_CURRENT_USER\Software\Test]' '@="default"' '"text"="a=b"' '"bytes"=hex:00,0A,FF' \
   '"number"=dword:0000000A' '"gone"=-' '; nothing' '[-HKEY_USERS\other]' >"$seeds/registry/keys"
+
+printf '%s\n' '[CUEWRITE]' version=1.2.6 'date=21 November' year=2026 month=11 day=21 '<log>' ' - new' '</log>' \
+  >"$seeds/update/list"
 
 # Any that fails makes xargs fail.
 printf '%s\n' $names | xargs -P "$(nproc)" -n 1 "$0" --one "$seconds"

@@ -1,8 +1,10 @@
 #include "platform/locale.h"
 
+#include <unicode/udat.h>
 #include <unicode/uloc.h>
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <string_view>
 
@@ -68,7 +70,9 @@ Text DisplayName(Function&& function, const std::string& name, const std::string
 
 int AnsiCodePageOfLocale() { return AnsiCodePageOf(FromEnvironment({"LC_ALL", "LC_CTYPE", "LANG"})); }
 
-IcuLocale::IcuLocale() : user_(IcuName(FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"}))) {}
+IcuLocale::IcuLocale()
+    : user_(IcuName(FromEnvironment({"LC_ALL", "LC_MESSAGES", "LANG"}))),
+      dates_(IcuName(FromEnvironment({"LC_ALL", "LC_TIME", "LANG"}))) {}
 
 std::string IcuLocale::NameOf(std::int32_t locale) const {
   if (locale == kUserLocale) return user_;
@@ -100,6 +104,19 @@ bool IcuLocale::IsValidLocale(std::int32_t locale) const {
 Text IcuLocale::LanguageName(std::int32_t locale) const {
   const std::string name = NameOf(locale);
   return name.empty() ? Text() : DisplayName(uloc_getDisplayName, name, user_);
+}
+
+Text IcuLocale::LongDate(int year, int month, int day) const {
+  UErrorCode status = U_ZERO_ERROR;
+  // Noon in a fixed zone, so that no clock of the user's moves the day.
+  constexpr double kMsPerDay = 86400000;
+  const auto days = std::chrono::sys_days(std::chrono::year(year) / month / day).time_since_epoch().count();
+  UDateFormat* format = udat_open(UDAT_NONE, UDAT_FULL, dates_.c_str(), u"UTC", -1, nullptr, 0, &status);
+  std::array<UChar, 256> buffer{};
+  const std::int32_t length =
+      udat_format(format, (static_cast<double>(days) + 0.5) * kMsPerDay, buffer.data(), 255, nullptr, &status);
+  udat_close(format);
+  return U_FAILURE(status) ? Text() : Text(buffer.data(), static_cast<std::size_t>(length));
 }
 
 std::optional<Text> IcuLocale::Recode(TextView text, int toCodePage, int fromCodePage) const {

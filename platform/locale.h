@@ -18,12 +18,14 @@ class IcuLocale final : public Locale {
   Text GetLocaleText(std::int32_t locale, std::int32_t item) const override;
   bool IsValidLocale(std::int32_t locale) const override;
   Text LanguageName(std::int32_t locale) const override;
+  Text LongDate(int year, int month, int day) const override;
   std::optional<Text> Recode(TextView text, int toCodePage, int fromCodePage) const override;
 
  private:
   std::string NameOf(std::int32_t locale) const;
 
   std::string user_;
+  std::string dates_;
 };
 
 }  // namespace cuewright

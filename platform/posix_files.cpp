@@ -262,6 +262,19 @@ void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& wr
   if (flush) SyncFolder(FolderOf(target));
 }
 
+void PosixFiles::WritePrivate(TextView path, std::string_view bytes) {
+  const std::string place = ToUtf8(path);
+  // Whatever stands there goes first: a link that somebody put there is not followed.
+  if (::unlink(place.c_str()) != 0 && errno != ENOENT) Throw(errno, path);
+  Descriptor fd(::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  if (fd.Get() < 0) Throw(errno, path);
+  DescriptorSink sink(fd.Get());
+  sink.Write(bytes);
+  sink.Flush();
+  if (sink.Error() != 0) Throw(sink.Error(), path);
+  if (fd.Close() != 0) Throw(errno, path);
+}
+
 bool PosixFiles::Remove(TextView path) {
   ::unlink(ToUtf8(path).c_str());
   return !Exists(path);

@@ -19,6 +19,7 @@ class PosixFiles final : public Files {
   std::string Read(TextView path, std::uint64_t limit) const override;
   std::unique_ptr<FileReader> OpenToRead(TextView path) const override;
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
+  void WritePrivate(TextView path, std::string_view bytes) override;
   bool Remove(TextView path) override;
   bool MakeLink(TextView link, TextView target) override;
   void MakePrivateFolder(TextView path) override;

@@ -35,6 +35,7 @@ class MemoryFile final : public Files {
   std::string Read(TextView, std::uint64_t) const override { return bytes_; }
   std::unique_ptr<FileReader> OpenToRead(TextView) const override { return std::make_unique<MemoryReader>(bytes_); }
   void Replace(TextView, const std::function<void(ByteSink&)>&) override {}
+  void WritePrivate(TextView, std::string_view) override {}
   bool Remove(TextView) override { return false; }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

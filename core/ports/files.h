@@ -58,6 +58,10 @@ class Files {
   /// thrown.
   virtual void Replace(TextView path, const std::function<void(ByteSink&)>& write) = 0;
 
+  /// Writes a new file for this user alone (mode 0600) in place of what stands at the path; a link there is removed,
+  /// not followed. Run-time error when that fails.
+  virtual void WritePrivate(TextView path, std::string_view bytes) = 0;
+
   /// Removes a file; false when it is still there.
   virtual bool Remove(TextView path) = 0;
 

@@ -30,6 +30,9 @@ class Locale {
   /// The name of a locale's language (and country, where the id has one) in the user's language; empty for none.
   virtual Text LanguageName(std::int32_t /*locale*/) const { return {}; }
 
+  /// A day in the user's long form of dates; empty for none.
+  virtual Text LongDate(int /*year*/, int /*month*/, int /*day*/) const { return {}; }
+
   /// The code page that the texts of the windows are drawn in; empty where they are Unicode throughout.
   virtual std::optional<int> WindowCodePage() const { return std::nullopt; }
 

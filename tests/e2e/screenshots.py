@@ -23,6 +23,7 @@ WINDOWS = (
     ("format", "mnuFormatSettings"),
     ("settings", "mnuGSettings"),
     ("export", "mnuSaveAs"),
+    ("update", "mnuUpdate"),
     ("audio", "mnuOpenWav"),
     ("help", "mnuHelpTopics"),
     ("about", "mnuAbout"),

@@ -162,12 +162,24 @@ class Walk:
         desktop.key("space")
         self.gone("About Tessaly Cuewright")
 
+    def update(self):
+        desktop.key("alt+h")
+        desktop.wait_for("the menu", lambda: self.program.find("menu item", "Check for updates..."))
+        desktop.key("Up", "Up", "Up", "Return")
+        self.window("Check for updates")
+        log = desktop.wait_for("the log", lambda: self.program.find("text", "Process status:"))
+        # Nobody is asked where no site is set.
+        desktop.wait_for("the end of the check", lambda: "UpdateSite" in log.queryText().getText(0, -1))
+        self.tab_to("push button", "Close")
+        desktop.key("Return")
+        self.gone("Check for updates")
+
 
 def main():
     walk = Walk(*(os.path.abspath(path) for path in sys.argv[1:3]))
     try:
         for step in (walk.settings_dialog, walk.language_alone, walk.format_settings, walk.export_dialog, walk.list_font,
-                     walk.about):
+                     walk.about, walk.update):
             print(step.__name__, flush=True)
             step()
     except BaseException:

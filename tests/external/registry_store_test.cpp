@@ -73,6 +73,7 @@ class FullDisk final : public Files {
   void Replace(TextView, const std::function<void(ByteSink&)>&) override {
     throw RuntimeError{kErrorDiskFull, u"Disk full"};
   }
+  void WritePrivate(TextView, std::string_view) override { throw RuntimeError{kErrorDiskFull, u"Disk full"}; }
   bool Remove(TextView path) override { return files_.Remove(path); }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

@@ -14,6 +14,7 @@
 #include "core/ports/player.h"
 #include "core/ports/processes.h"
 #include "core/ports/system_info.h"
+#include "core/ports/web.h"
 #include "core/runtime_error.h"
 
 namespace cuewright::testing {
@@ -200,12 +201,16 @@ class FakeEventQueue final : public EventQueue {
     ++yields;
     if (onYield) onYield();
   }
-  void WaitMs(int ms) override { now += ms; }
+  void WaitMs(int ms) override {
+    now += ms;
+    if (onWait) onWait();
+  }
   std::int64_t NowMs() const override { return now; }
 
   int yields = 0;
   std::int64_t now = 0;
   std::function<void()> onYield;
+  std::function<void()> onWait;
 };
 
 class FakeDesktop final : public Desktop {
@@ -227,6 +232,26 @@ class FakeDesktop final : public Desktop {
   bool hasRegionalSettings = true;
   Text clipboard;
   bool busy = false;
+};
+
+/// A network with one reply, the test's own.
+class FakeWeb final : public Web {
+ public:
+  int ConnectionState() const override { return state; }
+  std::string Get(TextView url) override {
+    urls.emplace_back(url);
+    if (onGet) onGet();
+    if (error) throw RuntimeError(*error);
+    return body;
+  }
+  void Abort() override { ++aborts; }
+
+  int state = 2;
+  std::string body;
+  std::optional<RuntimeError> error;
+  std::function<void()> onGet;
+  std::vector<Text> urls;
+  int aborts = 0;
 };
 
 /// A system that says what the test wants.

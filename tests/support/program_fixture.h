@@ -28,6 +28,7 @@ struct ProgramFixture : ::testing::Test {
     environment.settingsFile = folder / "settings.ini";
     environment.registryFile = folder / "registry";
     environment.system = &system;
+    environment.web = &web;
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.processes = &processes;
@@ -72,6 +73,7 @@ struct ProgramFixture : ::testing::Test {
   FakePickers pickers;
   FakeProcesses processes;
   FakeSystemInfo system;
+  FakeWeb web;
   FolderSoundStore sounds{folder / "cache", 100000};
   std::unique_ptr<Program> program;
   const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales

@@ -25,9 +25,8 @@ struct DialogFixture : ProgramFixture {
     LoadIcons();
     program->folders.AppFolder = folder / "";
     std::filesystem::create_directory(folder.Path() / "languages");
-    for (const char* name : {"spanish.txt", "arabic.txt"}) {
-      std::filesystem::copy_file(std::filesystem::path(CUEWRIGHT_SOURCE_DIR "/resources/messages") / name,
-                                 folder.Path() / "languages" / name);
+    for (const auto& entry : std::filesystem::directory_iterator(CUEWRIGHT_SOURCE_DIR "/resources/messages")) {
+      std::filesystem::copy_file(entry.path(), folder.Path() / "languages" / entry.path().filename());
     }
   }
   ~DialogFixture() override {

@@ -1,0 +1,183 @@
+#include "forms/update_dialog.h"
+
+#include <utility>
+
+#include "core/file_helpers.h"
+#include "forms/web.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kDelay = 1200;  // ms, so that each line can be read
+constexpr std::size_t kClose = 143;
+constexpr std::size_t kFailed = 293;
+constexpr std::size_t kClickOk = 297;
+constexpr std::size_t kNoSite = 921;
+
+Text PlainDate(const Day& day) {
+  const auto two = [](int number) { return (number < 10 ? u"0" : u"") + Decimal(number); };
+  return Decimal(day.year) + u"-" + two(day.month) + u"-" + two(day.day);
+}
+
+}  // namespace
+
+UpdateDialog::UpdateDialog(UpdateParts parts)
+    : Dialog("frmUpdate"), parts_(std::move(parts)), strings_(parts_.strings) {
+  lblWhatsNew.Clicked.Connect([this] { ShowChanges(); });
+  cmdOK.Clicked.Connect([this] {
+    cmdOK.SetEnabled(false);
+    if (lblWhatsNew.Visible()) {
+      OpenWebPage(parts_.ports.desktop, ProductPage(parts_.options.Language), parts_.options.Language);
+    }
+    Close();
+  });
+}
+
+void UpdateDialog::Open() {
+  ++openings_;
+  SetTitle(ReplaceAll(WithoutAccessKey(strings_[288]), u"...", {}));
+  SetRightToLeft(parts_.languages.IsRightToLeft());
+  lblStatus.SetText(strings_[305]);
+  txtStatus.SetText({});
+  txtStatus.SetSpokenName(WithoutAccessKey(strings_[305]));
+  lblWhatsNew.SetVisible(false);
+  lblWhatsNew.SetEnabled(true);
+  cmdOK.SetText(strings_[66]);
+  cmdOK.SetEnabled(false);
+  NoteOpened();
+}
+
+void UpdateDialog::OnActivated() {
+  if (!IsOpen() || !txtStatus.GetText().empty()) return;
+  Run run{openings_};
+  const End end = Check(run);
+  if (end == End::Gone) return;
+  if (end == End::Finished) {
+    cmdOK.SetEnabled(true);
+    DefaultRequested();
+  }
+  if (run.step.Last()) AddError(u"Error while processing updates.", *run.step.Last());
+}
+
+void UpdateDialog::AddStatusLine(TextView text) {
+  txtStatus.SetText(txtStatus.GetText() + Text(text) + Text(kLineEnd));
+  txtStatus.Select(static_cast<int>(txtStatus.GetText().size()), 0);
+}
+
+void UpdateDialog::AddError(TextView heading, const RuntimeError& error) {
+  AddStatusLine(Text(heading) + Text(kLineEnd) + u"(Error #" + Decimal(error.number) + u": " + error.description +
+                u")");
+}
+
+bool UpdateDialog::CheckConnection() const { return (parts_.web.ConnectionState() & kConnectionOffline) == 0; }
+
+bool UpdateDialog::Wait(const Run& run, int ms) {
+  parts_.ports.events.WaitMs(ms);
+  return StillOpen(run);
+}
+
+UpdateDialog::End UpdateDialog::Refuse(TextView line) {
+  AddStatusLine(line);
+  cmdOK.SetText(strings_[kClose]);
+  return End::Finished;
+}
+
+UpdateDialog::End UpdateDialog::Check(Run& run) {
+  const Text site = parts_.site();
+  run.step([&] { DeleteFileWait(parts_.ports.files, parts_.ports.events, TempFile(), false); });
+  FocusRequested(txtStatus);
+  AddStatusLine(strings_[290]);
+  if (!Wait(run, kDelay)) return End::Gone;
+  if (parts_.ports.files.Exists(TempFile())) {
+    for (const Text& line : {strings_[291], strings_[292], TempFile()}) AddStatusLine(line);
+    cmdOK.SetText(strings_[kClose]);
+    return End::Stopped;
+  }
+  if (site.empty()) return Refuse(Fill(strings_[kNoSite], parts_.settingsFile));
+  Text localVersion;
+  run.step([&] { localVersion = LocalVersionNumber(parts_.version); });
+  if (!CheckConnection()) return Refuse(strings_[298]);
+  if (!DownloadUpdateList(run, UpdateListUrl(site, parts_.version), TempFile(), kDelay)) {
+    return StillOpen(run) ? End::Finished : End::Gone;
+  }
+  run.step([&] { NormalizeUpdateFile(parts_.ports.files, TempFile()); });
+  if (!Wait(run, kDelay)) return End::Gone;
+  AddStatusLine(strings_[302]);
+  return Compare(run, localVersion);
+}
+
+bool UpdateDialog::DownloadUpdateList(const Run& run, const Text& url, const Text& file, int delay) {
+  AddStatusLine(strings_[299]);
+  CarryOn step;
+  const bool whole = step([&] {
+    const std::string body = parts_.web.Get(url);
+    if (StillOpen(run)) parts_.ports.files.WritePrivate(file, body);
+  });
+  if (!StillOpen(run)) return false;
+  if (!whole) {
+    cmdOK.SetText(strings_[kClose]);
+    cmdOK.SetEnabled(true);
+    AddStatusLine(strings_[kFailed]);
+    AddError(u"Error while checking for updates.", *step.Last());
+    return false;
+  }
+  AddStatusLine(strings_[300]);
+  if (!Wait(run, delay)) return false;
+  AddStatusLine(strings_[301]);
+  return true;
+}
+
+UpdateDialog::End UpdateDialog::Compare(Run& run, const Text& localVersion) {
+  Text list;
+  run.step([&] { list = UpdateListText(parts_.ports.files.Read(TempFile(), kLongestUpdateList), parts_.encodings); });
+  RemoteVersionText = GetUpdateValue(list, u"version");
+  const Text remoteVersion = RemoteVersionNumber(RemoteVersionText);
+  if (remoteVersion == u"0") return Refuse(strings_[kFailed]);
+  // As texts: 99 ranks above 100.
+  if (remoteVersion <= localVersion) return Refuse(strings_[294]);
+  Offer(run, list);
+  return End::Finished;
+}
+
+void UpdateDialog::Offer(Run& run, const Text& list) {
+  Text releaseDate = GetUpdateValue(list, u"date");
+  run.step([&] {
+    const std::optional<Day> day =
+        DayOf(GetUpdateValue(list, u"year"), GetUpdateValue(list, u"month"), GetUpdateValue(list, u"day"));
+    if (!day) return;
+    releaseDate = parts_.locale.LongDate(day->year, day->month, day->day);
+    if (releaseDate.empty()) releaseDate = PlainDate(*day);
+  });
+  const Text available = Fill(strings_[295], RemoteVersionText);
+  AddStatusLine(available);
+  AddStatusLine(Fill(strings_[296], releaseDate));
+  AddStatusLine(strings_[kClickOk]);
+  lblWhatsNew.SetText(Fill(strings_[289], RemoteVersionText));
+  lblWhatsNew.SetVisible(true);
+  lblStatus.SetText(TrimBlanks(ReplaceAll(available, u"***", {})));
+  cmdOK.SetText(strings_[66]);
+}
+
+void UpdateDialog::ShowChanges() {
+  if (!parts_.ports.files.Exists(TempFile())) return;
+  lblWhatsNew.SetEnabled(false);
+  AddStatusLine({});
+  CarryOn step;
+  step([&] {
+    const Text list = UpdateListText(parts_.ports.files.Read(TempFile(), kLongestUpdateList), parts_.encodings);
+    const auto changes = ChangesOf(list);
+    if (!changes) return;
+    Text log = Fill(strings_[304], RemoteVersionText);
+    for (const Text& line : *changes) log += Text(kLineEnd) + line;
+    AddStatusLine(log);
+  });
+  AddStatusLine({});
+  AddStatusLine(strings_[kClickOk]);
+}
+
+void UpdateDialog::OnClose() {
+  parts_.web.Abort();
+  DeleteFileWait(parts_.ports.files, parts_.ports.events, TempFile(), false);
+}
+
+}  // namespace cuewright
