@@ -4,6 +4,7 @@
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -209,6 +210,22 @@ TEST_P(LanguageBlock, CallsControlsByTheirOwnNames) {
   for (const auto& [text, control] : kMentions) {
     EXPECT_NE(FindLoose(Own(text), WithoutAccessKey(Own(control))), Text::npos) << Row(text, Own(text));
   }
+}
+
+TEST(LanguageFiles, AreThereForEveryLanguageOfTheTable) {
+  LanguageRig rig;
+  rig.StartIn(u"ENGLISH");
+  const std::vector<std::string> files = LanguageFiles();
+  std::size_t others = 0;
+  for (const LanguageRow& row : rig.languages.LanguageTable()) {
+    const std::string name = ToUtf8(ToLower(row.name));
+    if (name == "english") continue;
+    EXPECT_NE(std::find(files.begin(), files.end(), name), files.end()) << name;
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(CUEWRIGHT_SOURCE_DIR "/docs/languages") / (name + ".md")))
+        << name;
+    ++others;
+  }
+  EXPECT_EQ(files.size(), others);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, LanguageBlock, ::testing::ValuesIn(LanguageFiles()),
