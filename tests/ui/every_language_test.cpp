@@ -166,6 +166,7 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheHelpMenu) {
   boxes.shown.clear();
   Look(Window().mnuHelpTopics);
   Look(Window().mnuAbout);
+  Look(Window().mnuUpdate);
 }
 
 TEST_P(EveryLanguage, HasRoomInTheMissingPlayersScreen) {
