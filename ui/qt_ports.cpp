@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
@@ -78,6 +79,11 @@ QString PickerFilter(TextView filter) {
   return entries.join(";;");
 }
 
+/// Buttons as in the program's own dialogs. Beside an icon a text that is read from the right would be cut off.
+void DropIcons(const QWidget& dialog) {
+  for (auto* button : dialog.findChildren<QPushButton*>()) button->setIcon({});
+}
+
 QString FolderPath(TextView folder) { return QFile::decodeName(QByteArray::fromStdString(ToUtf8(folder))); }
 
 }  // namespace
@@ -104,6 +110,7 @@ BoxAnswer QtMessages::Show(const MessageBox& box) {
       button->setText(ToQt((*strings_)[message]));
     }
   }
+  DropIcons(shown);
   if (box.noIsDefault) shown.setDefaultButton(QMessageBox::No);
   switch (shown.exec()) {
     case QMessageBox::Yes:
@@ -129,6 +136,7 @@ Text QtMessages::Ask(const InputBox& box) {
   if (strings_ != nullptr && !(*strings_)[kCancelText].empty()) {
     dialog.setCancelButtonText(ToQt((*strings_)[kCancelText]));
   }
+  DropIcons(dialog);
   dialog.resize(420, dialog.sizeHint().height());
   return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : Text();
 }

@@ -125,7 +125,10 @@ TEST_F(WindowLanguage, BoxesHaveButtonsInTheLanguage) {
   QTimer::singleShot(0, qApp, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
-    for (const QAbstractButton* button : box->buttons()) texts << button->text();
+    for (const QAbstractButton* button : box->buttons()) {
+      texts << button->text();
+      EXPECT_TRUE(button->icon().isNull());
+    }
     box->button(QMessageBox::No)->click();
   });
   EXPECT_EQ(messages.Show({u"?", BoxIcon::Question, BoxButtons::YesNoCancel}), BoxAnswer::No);
