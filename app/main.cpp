@@ -6,6 +6,7 @@
 
 #include "forms/program.h"
 #include "platform/child_processes.h"
+#include "platform/hunspell_dictionaries.h"
 #include "platform/journal_files.h"
 #include "platform/locale.h"
 #include "platform/mpv_library.h"
@@ -82,6 +83,9 @@ int main(int argc, char** argv) {
   environment.system = &system;
   QtWeb web;
   environment.web = &web;
+  const HunspellDictionaries dictionaries;
+  environment.dictionaries = &dictionaries;
+  environment.wordsFolder = WordsFolderPath();
 
   PosixProcesses processes;
   // Two hours of sound take about 320 MB.

@@ -64,7 +64,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }),
       helpDialogs(window, DescribeUpdates(), catalogue,
                   environment_.system != nullptr ? *environment_.system : unknownSystem_),
-      help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms) {
+      help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms),
+      spelling({window, list, options, strings, languages, store,
+                environment_.dictionaries != nullptr ? *environment_.dictionaries : noDictionaries_,
+                environment_.wordsFolder, ports_}) {
   Connect();
 }
 
@@ -112,6 +115,7 @@ void Program::Connect() {
     if (!document.HasDocument()) ruleReport.ResetRuleReport();
   };
   playerBinding.resetControls = files.resetControls;
+  spelling.resetControls = files.resetControls;
   playerBinding.closeReport = [this] { openForms.UnloadForm("frmReport"); };
   files.closeTools = [this] {
     for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);

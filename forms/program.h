@@ -45,6 +45,7 @@
 #include "forms/report_window.h"
 #include "forms/rules_commands.h"
 #include "forms/shell.h"
+#include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/undo_commands.h"
 #include "settings/languages.h"
@@ -66,8 +67,10 @@ struct StartEnvironment {
   const Locale* locale = nullptr;        ///< what the system knows about locales; null: nothing
   Processes* processes = nullptr;        ///< these two put a film's sound into the Audio bar; null: it can't be done
   SoundStore* sounds = nullptr;
-  const SystemInfo* system = nullptr;  ///< what the system says about itself; null: nothing
-  Web* web = nullptr;                  ///< the network; null: there is none
+  const SystemInfo* system = nullptr;               ///< what the system says about itself; null: nothing
+  Web* web = nullptr;                               ///< the network; null: there is none
+  const SpellDictionaries* dictionaries = nullptr;  ///< null: the system has none
+  Text wordsFolder;                                 ///< of the words that the user adds; empty: they aren't kept
 };
 
 /// The running program: the owner of all its state and of what works on it.
@@ -94,6 +97,7 @@ class Program final : private FormatHost {
   const Locale unknownLocale_{};
   const SystemInfo unknownSystem_{};
   Web noWeb_;
+  const SpellDictionaries noDictionaries_{};
   Ports ports_;
   StartEnvironment environment_;
 
@@ -146,6 +150,7 @@ class Program final : private FormatHost {
   JournalKeeper journal;
   HelpDialogs helpDialogs;
   HelpWindow help;
+  SpellCheck spelling;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }

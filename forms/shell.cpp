@@ -63,7 +63,7 @@ void Shell::Wire() {
     if (mouse.button == MouseButton::Left) window_.mnuWebsite.Click();
   });
   // Built by parts that aren't there yet.
-  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract, &window_.mnuSpell}) {
+  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract}) {
     item->SetEnabled(false);
   }
 }
@@ -113,8 +113,8 @@ void Shell::SetDocumentItems(bool on) {
   for (MenuItem* item :
        {&window_.mnuSave, &window_.mnuSaveAs, &window_.mnuAdd, &window_.mnuEditSelected, &window_.mnuBold,
         &window_.mnuItalic, &window_.mnuUnderline, &window_.mnuConvert, &window_.mnuAppend, &window_.mnuRemove,
-        &window_.mnuRules, &window_.mnuFind, &window_.mnuReplace, &window_.mnuDelay, &window_.mnuReset,
-        &window_.mnuGoTo, &window_.mnuCountUntimed, &window_.mnuNextUntimed}) {
+        &window_.mnuRules, &window_.mnuSpell, &window_.mnuFind, &window_.mnuReplace, &window_.mnuDelay,
+        &window_.mnuReset, &window_.mnuGoTo, &window_.mnuCountUntimed, &window_.mnuNextUntimed}) {
     item->SetEnabled(on);
   }
 }

@@ -42,6 +42,8 @@ Text SettingsFilePath() { return ConfigurationFile("settings.ini"); }
 
 Text RegistryFilePath() { return ConfigurationFile("registry"); }
 
+Text WordsFolderPath() { return ConfigurationFile("words/"); }
+
 Text JournalFolderPath() {
   std::string folder = FolderFrom("XDG_STATE_HOME");
   if (folder.empty()) {

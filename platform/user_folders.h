@@ -10,6 +10,9 @@ Text SettingsFilePath();
 /// The user's registry, beside the settings.
 Text RegistryFilePath();
 
+/// The folder of the words that the user added to spelling dictionaries, with a "/" at its end; empty without a home.
+Text WordsFolderPath();
+
 /// The folder of the journals of unsaved documents, in the user's state folder; empty without a home.
 Text JournalFolderPath();
 

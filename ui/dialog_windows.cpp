@@ -7,6 +7,7 @@
 #include "ui/format_view.h"
 #include "ui/qt_ports.h"
 #include "ui/settings_view.h"
+#include "ui/spell_view.h"
 #include "ui/update_view.h"
 
 namespace cuewright {
@@ -18,6 +19,7 @@ void ConnectDialogs(Program& program, QWidget& window) {
   program.dialogs.runSettings = [&] { (new SettingsView(program.dialogs.settings, BoxOwner()))->ShowModal(); };
   program.dialogs.runFormat = [&] { (new FormatView(program.dialogs.format, BoxOwner()))->ShowModal(); };
   program.helpDialogs.runAbout = [&] { (new AboutView(program.helpDialogs.about, BoxOwner()))->ShowModal(); };
+  program.spelling.runDialog = [&] { RunSpellDialog(program.spelling.dialog, &window); };
   program.helpDialogs.runUpdate = [&] { (new UpdateView(program.helpDialogs.update, BoxOwner()))->ShowModal(); };
 }
 

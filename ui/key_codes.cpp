@@ -41,6 +41,10 @@ int CodeOf(const QKeyEvent& event) {
       return kKeyLeft;
     case Qt::Key_Right:
       return kKeyRight;
+    case Qt::Key_Up:
+      return kKeyUp;
+    case Qt::Key_Down:
+      return kKeyDown;
     case Qt::Key_Home:
       return kKeyHome;
     case Qt::Key_End:

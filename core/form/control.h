@@ -19,7 +19,9 @@ inline constexpr int kKeySpace = 32;
 inline constexpr int kKeyEndOfLine = 35;
 inline constexpr int kKeyHome = 36;
 inline constexpr int kKeyLeft = 37;
+inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyRight = 39;
+inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyDelete = 46;
 
 /// A key going down or up. A handler that sets `handled` keeps the key from the control's own behaviour.

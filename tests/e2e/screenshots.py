@@ -23,6 +23,7 @@ WINDOWS = (
     ("format", "mnuFormatSettings"),
     ("settings", "mnuGSettings"),
     ("export", "mnuSaveAs"),
+    ("spell", "mnuSpell"),
     ("update", "mnuUpdate"),
     ("audio", "mnuOpenWav"),
     ("help", "mnuHelpTopics"),

@@ -10,7 +10,7 @@ import sys
 
 import desktop
 
-SUBRIP = "1\r\n00:00:01,000 --> 00:00:02,000\r\nHello\r\n\r\n"
+SUBRIP = "1\r\n00:00:01,000 --> 00:00:02,000\r\nHelo\r\n\r\n"
 
 
 class Walk:
@@ -174,12 +174,32 @@ class Walk:
         desktop.key("Return")
         self.gone("Check for updates")
 
+    def spelling(self):
+        desktop.key("alt+t")
+        desktop.wait_for("the menu", lambda: self.program.find("menu item", "Spell check"))
+        desktop.key("Home", "Return")
+        self.window("Spell check")
+        desktop.wait_for("the misspelt word", lambda: self.program.find("label", "Helo"))
+        self.tab_to("text", "Replace with")
+        desktop.key("ctrl+a")
+        desktop.type_text("Goodbye")
+        desktop.key("Return")
+        # The word was the only one.
+        desktop.wait_for("the end of the check", lambda: self.program.find(
+            "label", "Spell check completed. Total line(s) modified: 1."))
+        desktop.key("Return")
+        desktop.focus(self.main)
+        pane = self.program.find("text", "Text of the caption")
+        desktop.wait_for("the changed caption", lambda: pane.queryText().getText(0, -1) == "Goodbye")
+        desktop.key("ctrl+z")
+        desktop.wait_for("the caption as it was", lambda: pane.queryText().getText(0, -1) == "Helo")
+
 
 def main():
     walk = Walk(*(os.path.abspath(path) for path in sys.argv[1:3]))
     try:
         for step in (walk.settings_dialog, walk.language_alone, walk.format_settings, walk.export_dialog, walk.list_font,
-                     walk.about, walk.update):
+                     walk.about, walk.update, walk.spelling):
             print(step.__name__, flush=True)
             step()
     except BaseException:

@@ -13,7 +13,7 @@ import desktop
 SUBRIP = "1\r\n00:00:01,000 --> 00:00:02,000\r\nHello\r\n\r\n2\r\n00:00:03,000 --> 00:00:04,000\r\nthere\r\n\r\n"
 
 # Items that a loaded document needs nothing more for.
-WANTED = ("Help > Check for updates...", "Help > About Tessaly Cuewright")
+WANTED = ("Tools > Spell check", "Help > Check for updates...", "Help > About Tessaly Cuewright")
 
 
 def has(node, *states):

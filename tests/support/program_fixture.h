@@ -11,6 +11,7 @@
 #include "platform/sound_store.h"
 #include "tests/support/fakes.h"
 #include "tests/support/printers.h"
+#include "tests/support/spelling.h"
 #include "tests/support/temp_folder.h"
 
 namespace cuewright::testing {
@@ -29,6 +30,8 @@ struct ProgramFixture : ::testing::Test {
     environment.registryFile = folder / "registry";
     environment.system = &system;
     environment.web = &web;
+    environment.dictionaries = &dictionaries;
+    environment.wordsFolder = folder / "words/";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     environment.missingPlayer = missingPlayer;
     environment.processes = &processes;
@@ -74,6 +77,7 @@ struct ProgramFixture : ::testing::Test {
   FakeProcesses processes;
   FakeSystemInfo system;
   FakeWeb web;
+  FakeDictionaries dictionaries;
   FolderSoundStore sounds{folder / "cache", 100000};
   std::unique_ptr<Program> program;
   const Locale* userLocale = nullptr;  ///< of the next `Restart`; null: a system that knows no locales

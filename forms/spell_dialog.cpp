@@ -1,0 +1,173 @@
+#include "forms/spell_dialog.h"
+
+#include <utility>
+
+#include "forms/access_keys.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kCancel = 67;
+constexpr std::size_t kClose = 143;
+
+}  // namespace
+
+SpellDialog::SpellDialog(const LangStrings& strings, Desktop& desktop)
+    : Dialog("frmSpell"), strings_(strings), desktop_(desktop) {
+  const auto steps = [this](Button& button, auto step) {
+    button.Clicked.Connect([this, step] {
+      if (!task_) return;
+      step(task_->session);
+      Advance();
+    });
+  };
+  steps(cmdReplace, [this](SpellSession& session) { session.Replace(txtReplace.GetText()); });
+  steps(cmdReplaceAll, [this](SpellSession& session) { session.ReplaceAllOf(txtReplace.GetText()); });
+  steps(cmdIgnore, [](SpellSession& session) { session.Ignore(); });
+  steps(cmdIgnoreAll, [](SpellSession& session) { session.IgnoreAll(); });
+  cmdAdd.Clicked.Connect([this] {
+    if (!task_ || !task_->addWord(task_->session.Word())) return;
+    task_->session.NoteAdded();
+    Advance();
+  });
+  cmdUndo.Clicked.Connect([this] { Undo(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+  lstSuggestions.Chosen.Connect([this] { ShowSuggestion(); });
+  txtReplace.Edited.Connect([this] { AllowReplace(); });
+  txtReplace.KeyDown.Connect([this](KeyEvent& key) { StepSuggestion(key); });
+  cboLanguage.Chosen.Connect([this] { ChooseLanguage(); });
+}
+
+void SpellDialog::Open(Task task) {
+  task_.emplace(std::move(task));
+  ApplyLanguage();
+  cboLanguage.SetItems(task_->languages);
+  cboLanguage.SetIndex(task_->language);
+  Show();
+  NoteOpened();
+}
+
+void SpellDialog::ApplyLanguage() {
+  SetTitle(strings_[259]);
+  SetRightToLeft(task_->rightToLeft);
+  lblNotFound.SetText(strings_[922]);
+  lblReplace.SetText(strings_[434]);
+  lblSuggestions.SetText(strings_[923]);
+  lblLanguage.SetText(strings_[347]);
+  txtCaption.SetSpokenName(strings_[908]);
+  txtReplace.SetSpokenName(strings_[434]);
+  lstSuggestions.SetSpokenName(strings_[923]);
+  cboLanguage.SetSpokenName(strings_[347]);
+}
+
+void SpellDialog::NameButtons() {
+  // What was changed stays when the dialog closes.
+  const std::size_t close = task_->session.Changed() ? kClose : kCancel;
+  const std::pair<Button*, std::size_t> buttons[] = {{&cmdCancel, close},   {&cmdIgnore, 70},     {&cmdReplace, 432},
+                                                     {&cmdReplaceAll, 433}, {&cmdIgnoreAll, 924}, {&cmdAdd, 925},
+                                                     {&cmdUndo, 940}};
+  AccessKeys keys;
+  for (const auto& [button, message] : buttons) button->SetText(keys.Give(strings_[message]));
+}
+
+void SpellDialog::Advance() {
+  desktop_.SetBusy(true);
+  const bool more = task_->session.Next();
+  desktop_.SetBusy(false);
+  if (more) {
+    Show();
+  } else {
+    Close();
+  }
+}
+
+void SpellDialog::Show() {
+  const SpellSession::Shown shown = task_->session.Caption();
+  lblLine.SetText(strings_[263] + Decimal(task_->firstLine + shown.caption - 1));
+  txtCaption.SetText(shown.text);
+  txtCaption.Select(static_cast<int>(shown.word.start), static_cast<int>(shown.word.length));
+  const Text word = task_->session.Word();
+  lblWord.SetText(word);
+  desktop_.SetBusy(true);
+  std::vector<Text> suggestions = task_->suggest(word);
+  desktop_.SetBusy(false);
+  lstSuggestions.SetItems(std::move(suggestions));
+  txtReplace.SetText(word);
+  lstSuggestions.SetIndex(lstSuggestions.Items().empty() ? -1 : 0);
+  ShowSuggestion();
+  for (Control* control :
+       std::initializer_list<Control*>{&txtReplace, &lstSuggestions, &cmdIgnore, &cmdIgnoreAll, &cmdAdd}) {
+    control->SetEnabled(true);
+  }
+  cmdUndo.SetEnabled(task_->session.CanUndo());
+  NameButtons();
+}
+
+void SpellDialog::ShowNothingLeft() {
+  lblLine.SetText(strings_[260]);
+  txtCaption.SetText({});
+  lblWord.SetText({});
+  txtReplace.SetText({});
+  lstSuggestions.SetItems({});
+  for (Control* control : std::initializer_list<Control*>{&txtReplace, &lstSuggestions, &cmdReplace, &cmdReplaceAll,
+                                                          &cmdIgnore, &cmdIgnoreAll, &cmdAdd}) {
+    control->SetEnabled(false);
+  }
+  NameButtons();
+}
+
+void SpellDialog::ShowSuggestion() {
+  const int index = lstSuggestions.Index();
+  if (index >= 0) {
+    txtReplace.SetText(lstSuggestions.Items()[static_cast<std::size_t>(index)]);
+    txtReplace.Select(0, static_cast<int>(txtReplace.GetText().size()));
+  }
+  AllowReplace();
+}
+
+void SpellDialog::StepSuggestion(KeyEvent& key) {
+  if (key.code != kKeyUp && key.code != kKeyDown) return;
+  const int last = static_cast<int>(lstSuggestions.Items().size()) - 1;
+  const int wanted = lstSuggestions.Index() + (key.code == kKeyUp ? -1 : 1);
+  if (wanted >= 0 && wanted <= last) lstSuggestions.Choose(wanted);
+  key.handled = true;
+}
+
+void SpellDialog::AllowReplace() {
+  const bool may = task_ && task_->session.MayReplace(txtReplace.GetText());
+  cmdReplace.SetEnabled(may);
+  cmdReplaceAll.SetEnabled(may);
+}
+
+void SpellDialog::ChooseLanguage() {
+  if (!task_ || cboLanguage.Index() == task_->language) return;
+  desktop_.SetBusy(true);
+  const bool taken = task_->useLanguage(cboLanguage.Index());
+  desktop_.SetBusy(false);
+  if (!taken) return cboLanguage.SetIndex(task_->language);
+  task_->language = cboLanguage.Index();
+  // Another language may know every word; then the user may still look for the right one.
+  if (task_->session.Next()) {
+    Show();
+  } else {
+    ShowNothingLeft();
+  }
+}
+
+void SpellDialog::Undo() {
+  if (!task_ || !task_->session.CanUndo()) return;
+  if (const Text added = task_->session.Undo(); !added.empty()) task_->removeWord(added);
+  // The word may be one that another language knows.
+  if (task_->session.Next()) {
+    Show();
+  } else {
+    ShowNothingLeft();
+  }
+}
+
+void SpellDialog::OnClose() {
+  if (!task_->session.Word().empty()) task_->decisions.stopped = true;
+  task_.reset();
+}
+
+}  // namespace cuewright
