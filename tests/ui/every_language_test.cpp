@@ -135,6 +135,13 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfFilesAndTools) {
   Look(Window().mnuOpenWav);
 }
 
+TEST_P(EveryLanguage, HasRoomInTheSpellCheck) {
+  dictionaries.dictionaries[u"en_GB"] = {u"the"};
+  dictionaries.dictionaries[u"de_DE"] = {u"eins"};
+  dictionaries.suggestions[u"line"] = {u"the", u"lines"};
+  Look(Window().mnuSpell);
+}
+
 TEST_P(EveryLanguage, HasRoomInTheSettings) {
   std::vector<std::function<void()>> states;
   SettingsDialog& settings = program->dialogs.settings;
