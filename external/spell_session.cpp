@@ -26,9 +26,9 @@ int Count(TextView text, TextView needle) {
 }  // namespace
 
 bool SpellLookup::Knows(TextView word) {
-  const auto [entry, fresh] = known_.try_emplace(Text(word), false);
-  if (fresh) entry->second = LookUp(entry->first);
-  return entry->second;
+  if (const auto found = known_.find(word); found != known_.end()) return found->second;
+  const Text looked(word);
+  return known_[looked] = LookUp(looked);
 }
 
 bool SpellLookup::LookUp(const Text& word) {
@@ -46,8 +46,8 @@ std::vector<Text> SpellLookup::Suggest(TextView word) {
   return suggestions;
 }
 
-bool SpellSession::Misspelt(const Text& word) {
-  return decisions_.ignored.count(word) == 0 && lookup_ != nullptr && !lookup_->Knows(word);
+bool SpellSession::Misspelt(TextView word) const {
+  return decisions_.ignored.find(word) == decisions_.ignored.end() && lookup_ != nullptr && !lookup_->Knows(word);
 }
 
 bool SpellSession::Next() {
@@ -60,7 +60,7 @@ bool SpellSession::Next() {
     for (const WordPlace& place : words) {
       if (line + place.start < from) continue;
       word_ = {line + place.start, place.length};
-      const Text word = Word();
+      const TextView word = Word();
       const auto everywhere = decisions_.replaced.find(word);
       if (everywhere != decisions_.replaced.end() && MayReplace(everywhere->second)) {
         PutAtWord(everywhere->second);
@@ -140,7 +140,7 @@ void SpellSession::Ignore() {
 
 void SpellSession::IgnoreAll() {
   Remember();
-  decisions_.ignored.insert(Word());
+  decisions_.ignored.emplace(Word());
 }
 
 void SpellSession::Replace(TextView replacement) {
@@ -152,11 +152,11 @@ void SpellSession::Replace(TextView replacement) {
 void SpellSession::ReplaceAllOf(TextView replacement) {
   if (!MayReplace(replacement)) return;
   Remember();
-  decisions_.replaced[Word()] = Text(replacement);
+  decisions_.replaced[Text(Word())] = Text(replacement);
   PutAtWord(replacement);
 }
 
-void SpellSession::NoteAdded() { Remember(Word()); }
+void SpellSession::NoteAdded() { Remember(Text(Word())); }
 
 Text SpellSession::Undo() {
   if (steps_.empty()) return {};
@@ -169,13 +169,12 @@ Text SpellSession::Undo() {
   return step.added;
 }
 
-int SpellSession::Errors() {
+int SpellSession::Errors() const {
   int errors = 0;
   for (const Text& line : Split(document_, u"\r")) {
     if (IsMark(line)) continue;
     for (const WordPlace& place : WordsOf(line)) {
-      const Text word = line.substr(place.start, place.length);
-      if (Misspelt(word)) ++errors;
+      if (Misspelt(TextView(line).substr(place.start, place.length))) ++errors;
     }
   }
   return errors;

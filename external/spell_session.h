@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <unordered_map>
@@ -24,18 +25,22 @@ class SpellLookup {
   void Forget() { known_.clear(); }
 
  private:
+  /// Finds texts by views of them.
+  struct Hash : std::hash<TextView> {
+    using is_transparent = void;
+  };
   bool LookUp(const Text& word);
 
   SpellDictionary& dictionary_;
   UserWords& userWords_;
-  std::unordered_map<Text, bool> known_;
+  std::unordered_map<Text, bool, Hash, std::equal_to<>> known_;
 };
 
 /// What the user decided about words, for one check from its first text to its last.
 struct SpellDecisions {
-  std::set<Text> ignored;
-  std::map<Text, Text> replaced;  ///< every further one of the word becomes this
-  bool stopped = false;           ///< nothing more is to be asked
+  std::set<Text, std::less<>> ignored;
+  std::map<Text, Text, std::less<>> replaced;  ///< every further one of the word becomes this
+  bool stopped = false;                        ///< nothing more is to be asked
 };
 
 /// The way through one text from one misspelt word to the next. The text has its lines ended by CR, and lines that are
@@ -50,8 +55,8 @@ class SpellSession {
   /// Goes to the next word that is misspelt, from the present one on; false when there is none. Words that are to be
   /// replaced everywhere are replaced on the way.
   bool Next();
-  /// The present word; empty at the end.
-  Text Word() const { return document_.substr(word_.start, word_.length); }
+  /// The present word, until the next step; empty at the end.
+  TextView Word() const { return TextView(document_).substr(word_.start, word_.length); }
 
   /// The caption of the present word as the user reads it, with CR LF between its lines, and where the word stands in
   /// it.
@@ -82,7 +87,7 @@ class SpellSession {
 
   const Text& Document() const { return document_; }
   /// How many words of the whole text are misspelt.
-  int Errors();
+  int Errors() const;
 
  private:
   struct Step {
@@ -95,7 +100,7 @@ class SpellSession {
 
   void Remember(Text added = {});
   void PutAtWord(TextView replacement);
-  bool Misspelt(const Text& word);
+  bool Misspelt(TextView word) const;
 
   Text document_;
   SpellDecisions& decisions_;

@@ -41,13 +41,22 @@ bool IsUnspaced(UChar32 c) {
   }
 }
 
+/// What most texts consist of.
+Kind KindOfPlain(UChar32 c) {
+  const UChar32 lower = c | 0x20;
+  if (lower >= u'a' && lower <= u'z') return Kind::Letter;
+  if (c == kApostrophe) return Kind::Apostrophe;
+  return (c >= u'0' && c <= u'9') || c == u'_' ? Kind::Digit : Kind::Other;
+}
+
 Kind KindOf(UChar32 c) {
-  if (c == kApostrophe || c == kCurved) return Kind::Apostrophe;
+  if (c < 0x80) return KindOfPlain(c);
+  if (c == kCurved) return Kind::Apostrophe;
   if (c == kSoftHyphen || c == kNonJoiner || c == kJoiner) return Kind::Inside;
   if (u_isdigit(c)) return Kind::Digit;
   if ((U_GET_GC_MASK(c) & U_GC_M_MASK) != 0) return Kind::Inside;
-  if (u_isalpha(c)) return IsUnspaced(c) ? Kind::Unspaced : Kind::Letter;
-  return c == u'_' ? Kind::Digit : Kind::Other;
+  if (!u_isalpha(c)) return Kind::Other;
+  return IsUnspaced(c) ? Kind::Unspaced : Kind::Letter;
 }
 
 Step StepAt(TextView text, std::size_t at) {
@@ -66,11 +75,12 @@ std::size_t EndOfTag(TextView line, std::size_t at) {
   return end == TextView::npos ? at : end + 1;
 }
 
-bool IsBlankUnit(char16_t unit) { return u_isUWhiteSpace(unit); }
+bool IsBlankUnit(char16_t unit) { return unit < 0x80 ? unit <= u' ' : u_isUWhiteSpace(unit) != 0; }
 
 /// True for the piece between blanks that is an address.
 bool IsAddress(TextView piece) {
-  if (piece.find(u"://") != TextView::npos || FindLoose(piece, u"www.") == 0) return true;
+  if (piece.find(u"://") != TextView::npos) return true;
+  if (piece.find(u'.') == 3 && EqualLoose(piece.substr(0, 3), u"www")) return true;
   const std::size_t sign = piece.find(u'@');
   return sign != TextView::npos && sign != 0 && piece.find(u'.', sign) != TextView::npos;
 }

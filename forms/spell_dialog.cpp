@@ -86,7 +86,7 @@ void SpellDialog::Show() {
   lblLine.SetText(strings_[263] + Decimal(task_->firstLine + shown.caption - 1));
   txtCaption.SetText(shown.text);
   txtCaption.Select(static_cast<int>(shown.word.start), static_cast<int>(shown.word.length));
-  const Text word = task_->session.Word();
+  const Text word(task_->session.Word());
   lblWord.SetText(word);
   desktop_.SetBusy(true);
   std::vector<Text> suggestions = task_->suggest(word);

@@ -28,7 +28,7 @@ struct Session : ::testing::Test {
   std::vector<Text> Rest() {
     std::vector<Text> words;
     while (!session->Word().empty()) {
-      words.push_back(session->Word());
+      words.emplace_back(session->Word());
       session->Ignore();
       session->Next();
     }

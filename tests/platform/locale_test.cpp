@@ -30,7 +30,7 @@ class UserLocale {
   }
 
  private:
-  static constexpr const char* kVariables[] = {"LC_ALL", "LC_MESSAGES", "LC_CTYPE", "LANG"};
+  static constexpr const char* kVariables[] = {"LC_ALL", "LC_MESSAGES", "LC_TIME", "LC_CTYPE", "LANG"};
   std::map<std::string, std::string> old_;
 };
 
@@ -126,6 +126,29 @@ TEST(IcuLocale, RecodesTheBytesOfOneCodePageAsTextOfAnother) {
   EXPECT_EQ(locale.Recode(u"Внимание", 1252, 1251), std::nullopt);
   EXPECT_EQ(locale.Recode(u"a", 7, 1252), std::nullopt);
   EXPECT_FALSE(locale.WindowCodePage().has_value());
+}
+
+TEST(UsersDates, AreLongInTheUsersLocale) {
+  const std::pair<const char*, TextView> rows[] = {{"en_US.UTF-8", u"Saturday, November 21, 2026"},
+                                                   {"en_GB.UTF-8", u"Saturday, 21 November 2026"},
+                                                   {"de_DE.UTF-8", u"Samstag, 21. November 2026"},
+                                                   {"es_ES.UTF-8", u"sábado, 21 de noviembre de 2026"}};
+  for (const auto& [name, date] : rows) {
+    const UserLocale user(name);
+    EXPECT_EQ(IcuLocale().LongDate(2026, 11, 21), date) << name;
+  }
+}
+
+TEST(UsersDates, HaveALocaleOfTheirOwn) {
+  const UserLocale user("en_US.UTF-8");
+  ::setenv("LC_TIME", "de_DE.UTF-8", 1);
+  EXPECT_EQ(IcuLocale().LongDate(2024, 2, 29), u"Donnerstag, 29. Februar 2024");
+}
+
+TEST(UsersDates, OfFarYearsAreDays) {
+  const UserLocale user("en_US.UTF-8");
+  EXPECT_EQ(IcuLocale().LongDate(1, 1, 1).empty(), false);
+  EXPECT_EQ(IcuLocale().LongDate(9999, 12, 31), u"Friday, December 31, 9999");
 }
 
 }  // namespace

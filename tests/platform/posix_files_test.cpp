@@ -37,6 +37,7 @@ struct FilesTest : ::testing::Test {
 
 using ReadFile = FilesTest;
 using ReplaceFile = FilesTest;
+using WritePrivateFile = FilesTest;
 using UserFolders = FilesTest;
 
 /// Runs a step in a process of its own; its result is the step's.
@@ -154,6 +155,36 @@ TEST_F(ReplaceFile, AFailingWriterLeavesNothingBehind) {
             kErrorOverflow);
   EXPECT_EQ(folder.Read("file"), "before");
   EXPECT_EQ(Entries(), 1u);
+}
+
+TEST_F(WritePrivateFile, MakesAFileForTheUserAlone) {
+  const mode_t old = ::umask(0);
+  files.WritePrivate(folder / "a", std::string("x\0y", 3));
+  ::umask(old);
+  EXPECT_EQ(folder.Read("a"), std::string("x\0y", 3));
+  struct stat info {};
+  ASSERT_EQ(::stat(folder.Bytes("a").c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0600u);
+}
+
+TEST_F(WritePrivateFile, TakesThePlaceOfALinkAndOfAFileWithoutTouchingThem) {
+  folder.Write("victim", "mine");
+  std::filesystem::create_symlink(folder.Path() / "victim", folder.Path() / "link");
+  std::filesystem::create_symlink(folder.Path() / "nothing", folder.Path() / "dangling");
+  std::filesystem::create_hard_link(folder.Path() / "victim", folder.Path() / "twin");
+  for (const char* name : {"link", "dangling", "twin"}) {
+    files.WritePrivate(folder / name, "new");
+    EXPECT_EQ(folder.Read(name), "new") << name;
+    EXPECT_FALSE(std::filesystem::is_symlink(folder.Path() / name)) << name;
+  }
+  EXPECT_EQ(folder.Read("victim"), "mine");
+  EXPECT_FALSE(std::filesystem::exists(folder.Path() / "nothing"));
+}
+
+TEST_F(WritePrivateFile, AFolderInItsPlaceStays) {
+  std::filesystem::create_directory(folder.Path() / "a");
+  EXPECT_NE(ErrorOf([&] { files.WritePrivate(folder / "a", "x"); }), 0);
+  EXPECT_TRUE(std::filesystem::is_directory(folder.Path() / "a"));
 }
 
 TEST_F(UserFolders, TheRunFolderIsPrivateAndDifferentEachTime) {
