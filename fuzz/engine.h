@@ -48,6 +48,7 @@ class MemoryFiles final : public Files {
     contents[Text(path)] = std::move(sink.bytes);
   }
   void WritePrivate(TextView path, std::string_view bytes) override { contents[Text(path)] = bytes; }
+  std::vector<Text> Names(TextView) const override { return {}; }
   bool Remove(TextView path) override { return contents.erase(Text(path)) != 0; }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

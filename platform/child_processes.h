@@ -7,7 +7,9 @@ namespace cuewright {
 /// `Processes` on the system's own calls.
 class PosixProcesses final : public Processes {
  public:
-  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) override;
+  using Processes::Start;
+  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments,
+                                      const StartOptions& options) override;
 };
 
 }  // namespace cuewright

@@ -9,6 +9,8 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace cuewright {
@@ -39,24 +41,6 @@ struct stat StatOf(TextView path) {
   struct stat info {};
   if (::stat(ToUtf8(path).c_str(), &info) != 0) Throw(errno, path);
   return info;
-}
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
-
-/// The file that a path leads to behind its links, so that a link stays a link. A link to nothing leads to
-/// the place that it names.
-std::string ResolveLinks(std::string path, TextView shown) {
-  for (int hops = 0; hops < 40; ++hops) {
-    std::array<char, PATH_MAX> target{};
-    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return path;
-    const std::string to(target.data(), static_cast<std::size_t>(length));
-    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
-  }
-  Throw(ELOOP, shown);
 }
 
 /// Opens a regular file to read it; `size` gets its size.
@@ -152,6 +136,22 @@ void SyncFolder(const std::string& folder) {
 }
 
 }  // namespace
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string ResolveLinks(std::string path, TextView shown) {
+  for (int hops = 0; hops < 40; ++hops) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    if (length < 0) return path;
+    const std::string to(target.data(), static_cast<std::size_t>(length));
+    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
+  }
+  Throw(ELOOP, shown);
+}
 
 RuntimeError ErrorOfErrno(int error, TextView path) {
   const auto make = [&](int number, TextView what) { return RuntimeError{number, Text(what) + u": " + Text(path)}; };
@@ -273,6 +273,15 @@ void PosixFiles::WritePrivate(TextView path, std::string_view bytes) {
   sink.Flush();
   if (sink.Error() != 0) Throw(sink.Error(), path);
   if (fd.Close() != 0) Throw(errno, path);
+}
+
+std::vector<Text> PosixFiles::Names(TextView folder) const {
+  std::vector<Text> names;
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(ToUtf8(folder), ignored)) {
+    names.push_back(FromUtf8(entry.path().filename().string()));
+  }
+  return names;
 }
 
 bool PosixFiles::Remove(TextView path) {

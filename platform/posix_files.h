@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "core/ports/files.h"
 #include "core/runtime_error.h"
 
@@ -20,6 +22,7 @@ class PosixFiles final : public Files {
   std::unique_ptr<FileReader> OpenToRead(TextView path) const override;
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
   void WritePrivate(TextView path, std::string_view bytes) override;
+  std::vector<Text> Names(TextView folder) const override;
   bool Remove(TextView path) override;
   bool MakeLink(TextView link, TextView target) override;
   void MakePrivateFolder(TextView path) override;
@@ -27,6 +30,13 @@ class PosixFiles final : public Files {
  private:
   Flush flush_;
 };
+
+/// The folder that a path's file stands in, without a "/" at its end; "." for a bare name.
+std::string FolderOf(const std::string& path);
+
+/// The file that a path leads to behind its links, so that a link stays a link. A link to nothing leads to
+/// the place that it names. Run-time error for links in a circle; `shown` stands in it.
+std::string ResolveLinks(std::string path, TextView shown);
 
 /// The run-time error for an `errno` value of a call on `path`.
 RuntimeError ErrorOfErrno(int error, TextView path);

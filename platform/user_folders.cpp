@@ -67,6 +67,19 @@ void RemoveRunFolderIfEmpty(TextView folder) {
   if (!folder.empty()) ::rmdir(ToUtf8(folder).c_str());
 }
 
+Text WineSystemFolder() {
+  std::string prefix = FolderFrom("WINEPREFIX");
+  if (prefix.empty()) {
+    const std::string home = FolderFrom("HOME");
+    if (home.empty()) return {};
+    prefix = home + "/.wine";
+  }
+  const std::string windows = prefix + "/drive_c/windows/";
+  std::error_code ignored;
+  const bool wide = std::filesystem::is_directory(windows + "syswow64", ignored);
+  return FromUtf8(windows + (wide ? "syswow64/" : "system32/"));
+}
+
 Text ProgramFolder() {
   std::array<char, PATH_MAX> path{};
   const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());

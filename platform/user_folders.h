@@ -23,6 +23,10 @@ Text MakeRunFolder();
 /// Removes the run's folder when nothing stands in it.
 void RemoveRunFolderIfEmpty(TextView folder);
 
+/// The system folder of the user's Wine, for programs of 32 bits, with a "/" at the end; empty without a home. It
+/// needn't exist.
+Text WineSystemFolder();
+
 /// The folder that the program's own file stands in, with a "/" at the end.
 Text ProgramFolder();
 

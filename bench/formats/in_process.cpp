@@ -36,6 +36,7 @@ class MemoryFile final : public Files {
   std::unique_ptr<FileReader> OpenToRead(TextView) const override { return std::make_unique<MemoryReader>(bytes_); }
   void Replace(TextView, const std::function<void(ByteSink&)>&) override {}
   void WritePrivate(TextView, std::string_view) override {}
+  std::vector<Text> Names(TextView) const override { return {}; }
   bool Remove(TextView) override { return false; }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

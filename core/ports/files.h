@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/text.h"
 
@@ -61,6 +62,9 @@ class Files {
   /// Writes a new file for this user alone (mode 0600) in place of what stands at the path; a link there is removed,
   /// not followed. Run-time error when that fails.
   virtual void WritePrivate(TextView path, std::string_view bytes) = 0;
+
+  /// The names of what stands in a folder, in no order; none when it can't be read.
+  virtual std::vector<Text> Names(TextView folder) const = 0;
 
   /// Removes a file; false when it is still there.
   virtual bool Remove(TextView path) = 0;

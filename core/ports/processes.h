@@ -3,13 +3,15 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/text.h"
 
 namespace cuewright {
 
-/// A program that was started; it ends with this object at the latest.
+/// A program that was started; it ends with this object at the latest, unless the start said otherwise.
 class ChildProcess {
  public:
   virtual ~ChildProcess() = default;
@@ -17,8 +19,26 @@ class ChildProcess {
   /// What it has written to its output since the last call; never waits.
   virtual std::string TakeOutput() = 0;
 
+  /// The same of its error stream, where the start asked for that.
+  virtual std::string TakeErrors() { return {}; }
+
+  /// Hands it input, where the start asked for that; nothing happens once it reads no more.
+  virtual void Tell(std::string_view /*bytes*/) {}
+
+  /// Returns when there is something to take or it may have ended, at the latest after `ms`.
+  virtual void Wait(int /*ms*/) {}
+
   /// Its exit status, -1 when it ended by a signal; empty while it runs.
   virtual std::optional<int> Ended() = 0;
+};
+
+/// How a program is started.
+struct StartOptions {
+  Text folder{};          ///< its working folder; empty: that of this program
+  bool errors = false;    ///< what it writes to its error stream can be taken
+  bool input = false;     ///< it can be told things
+  bool outlives = false;  ///< it goes on when its object goes, and belongs to no terminal; its output goes nowhere
+  std::vector<std::pair<Text, Text>> variables{};  ///< added to its environment, or in place of what is there
 };
 
 /// Programs of the system.
@@ -27,8 +47,13 @@ class Processes {
   virtual ~Processes() = default;
 
   /// Starts a program by its name, looked for as a shell does, with these arguments as they stand and without a shell.
-  /// It gets no input, and its errors go nowhere. Run-time error 53 when there is no such program.
-  virtual std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) = 0;
+  /// It gets no input, and its errors go nowhere, unless the options say so. Run-time error 53 when there is no such
+  /// program.
+  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) {
+    return Start(program, arguments, {});
+  }
+  virtual std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments,
+                                              const StartOptions& options) = 0;
 };
 
 }  // namespace cuewright

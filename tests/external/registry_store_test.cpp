@@ -74,6 +74,7 @@ class FullDisk final : public Files {
     throw RuntimeError{kErrorDiskFull, u"Disk full"};
   }
   void WritePrivate(TextView, std::string_view) override { throw RuntimeError{kErrorDiskFull, u"Disk full"}; }
+  std::vector<Text> Names(TextView where) const override { return files_.Names(where); }
   bool Remove(TextView path) override { return files_.Remove(path); }
   bool MakeLink(TextView, TextView) override { return false; }
   void MakePrivateFolder(TextView) override {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -85,13 +86,20 @@ class FakeProcesses final : public Processes {
     std::string output;         ///< not taken yet
     std::optional<int> status;  ///< empty: it runs
     bool gone = false;          ///< nobody holds it any more
+    std::string errors{};       ///< not taken yet
+    StartOptions options{};
   };
 
-  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments) override {
+  using Processes::Start;
+  std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments,
+                                      const StartOptions& options) override {
     if (missing) throw RuntimeError{kErrorFileNotFound, u"File not found: " + program};
-    runs.push_back(std::make_unique<Run>(Run{program, arguments, {}, {}, false}));
+    runs.push_back(std::make_unique<Run>(Run{program, arguments, {}, {}, false, {}, options}));
+    if (onStart) onStart(*runs.back());
     return std::make_unique<Child>(*runs.back());
   }
+
+  std::function<void(Run&)> onStart;  ///< runs at each start
 
   std::vector<std::unique_ptr<Run>> runs;
   bool missing = false;
@@ -102,6 +110,7 @@ class FakeProcesses final : public Processes {
     explicit Child(Run& run) : run_(run) {}
     ~Child() override { run_.gone = true; }
     std::string TakeOutput() override { return std::exchange(run_.output, {}); }
+    std::string TakeErrors() override { return std::exchange(run_.errors, {}); }
     std::optional<int> Ended() override { return run_.status; }
 
    private:
@@ -203,14 +212,18 @@ class FakeEventQueue final : public EventQueue {
   }
   void WaitMs(int ms) override {
     now += ms;
+    waits.push_back(ms);
     if (onWait) onWait();
+    if (onWaitMs) onWaitMs(ms);
   }
   std::int64_t NowMs() const override { return now; }
 
   int yields = 0;
   std::int64_t now = 0;
+  std::vector<int> waits;
   std::function<void()> onYield;
-  std::function<void()> onWait;
+  std::function<void()> onWait;       ///< runs at each wait
+  std::function<void(int)> onWaitMs;  ///< the same, with the length
 };
 
 class FakeDesktop final : public Desktop {

@@ -1,0 +1,104 @@
+#include "platform/output_files.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+#include "platform/posix_files.h"
+#include "platform/user_folders.h"
+
+namespace cuewright {
+namespace {
+
+class PosixOutputFile final : public OutputFile {
+ public:
+  explicit PosixOutputFile(TextView target) : shown_(target), target_(ResolveLinks(ToUtf8(target), target)) {
+    struct stat info {};
+    if (::stat(target_.c_str(), &info) == 0) {
+      if (!S_ISREG(info.st_mode)) throw ErrorOfErrno(EISDIR, target);
+      // Renaming needs no right on the old file itself, but a write-protected one is not to be replaced.
+      if ((info.st_mode & 0222) == 0) throw ErrorOfErrno(EACCES, target);
+      mode_ = info.st_mode & 07777;
+    } else {
+      const mode_t mask = ::umask(0);
+      ::umask(mask);
+      mode_ = 0666 & ~mask;
+    }
+    part_ = FolderOf(target_) + "/.cuewright-XXXXXX";
+    const int fd = ::mkostemp(part_.data(), O_CLOEXEC);
+    if (fd < 0) throw ErrorOfErrno(errno == ENOENT ? ENOTDIR : errno, target);
+    ::close(fd);
+    shownPart_ = FromUtf8(part_);
+  }
+  PosixOutputFile(const PosixOutputFile&) = delete;
+  PosixOutputFile& operator=(const PosixOutputFile&) = delete;
+  ~PosixOutputFile() override {
+    if (!kept_) ::unlink(part_.c_str());
+  }
+
+  const Text& Part() const override { return shownPart_; }
+
+  void Keep() override {
+    const int fd = ::open(part_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC);
+    if (fd < 0) throw ErrorOfErrno(errno, shown_);
+    ::fchmod(fd, mode_);
+    ::close(fd);
+    if (::rename(part_.c_str(), target_.c_str()) != 0) throw ErrorOfErrno(errno, shown_);
+    kept_ = true;
+  }
+
+ private:
+  Text shown_;
+  std::string target_;
+  std::string part_;
+  Text shownPart_;
+  mode_t mode_ = 0;
+  bool kept_ = false;
+};
+
+class PosixWorkFolder final : public WorkFolder {
+ public:
+  PosixWorkFolder() : path_(MakeRunFolder()) {}
+  PosixWorkFolder(const PosixWorkFolder&) = delete;
+  PosixWorkFolder& operator=(const PosixWorkFolder&) = delete;
+  ~PosixWorkFolder() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(ToUtf8(path_), ignored);
+  }
+
+  const Text& Path() const override { return path_; }
+  void Write(std::string_view name, std::string_view bytes) override {
+    PosixFiles().WritePrivate(path_ + FromUtf8(name), bytes);
+  }
+
+ private:
+  Text path_;
+};
+
+}  // namespace
+
+std::unique_ptr<OutputFile> PosixOutputFiles::Begin(TextView target) {
+  return std::make_unique<PosixOutputFile>(Absolute(target));
+}
+
+std::unique_ptr<WorkFolder> PosixOutputFiles::MakeWorkFolder() { return std::make_unique<PosixWorkFolder>(); }
+
+bool PosixOutputFiles::SameFile(TextView a, TextView b) const {
+  struct stat first {};
+  struct stat second {};
+  return ::stat(ToUtf8(a).c_str(), &first) == 0 && ::stat(ToUtf8(b).c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+Text PosixOutputFiles::Absolute(TextView path) const {
+  std::error_code error;
+  const auto absolute = std::filesystem::absolute(ToUtf8(path), error);
+  return error ? Text(path) : FromUtf8(absolute.string());
+}
+
+}  // namespace cuewright
