@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "runner/script.h"
+
+namespace cuewright {
+
+/// The program that does the work, looked for as a shell does.
+inline constexpr TextView kFfmpeg = u"ffmpeg";
+
+/// The quantizer that films are written with, from 1 (best, largest file) to 31.
+inline constexpr int kDefaultQuantizer = 4;
+
+/// How a job is carried out; the ways after the first are for films or systems that the first one doesn't suit.
+struct JobWay {
+  bool plainEncoder = false;    ///< FFmpeg's own MPEG-4 encoder in place of XviD's
+  bool soundDecoded = false;    ///< AVI: the sound becomes samples, since AVI can't hold it as it is
+  bool otherContainer = false;  ///< wave: Matroska in place of wave, which can't hold the sound as it is
+  int quantizer = kDefaultQuantizer;
+  std::optional<std::int64_t>
+      duration;  ///< of the film in ms; must be set where the job leaves out something at the end
+};
+
+/// FFmpeg's arguments for a job. `part` is the file to write. The subtitle of filter number i is read from
+/// "subtitle<i>.ssa" in the working folder. Each name of a file is protected against being read as anything else.
+std::vector<Text> FfmpegArguments(const RunJob& job, const JobWay& way, const Text& part);
+
+/// The same for telling about a film: its length comes as `FfmpegLog::Duration`.
+std::vector<Text> ProbeArguments(const Text& film);
+
+/// What the filters draw the subtitle of filter number `at` from.
+std::string SubtitleName(std::size_t at);
+
+/// How long what a job writes is, in ms, of a film of `duration` ms; never below 0.
+std::int64_t LengthOf(const RunJob& job, std::int64_t duration);
+
+/// Follows what FFmpeg writes: its progress and its log, in pieces of any size.
+class FfmpegLog {
+ public:
+  void TakeOutput(std::string_view bytes);
+  void TakeErrors(std::string_view bytes);
+
+  /// The film's length in ms; empty while it isn't known.
+  std::optional<std::int64_t> Duration() const { return duration_; }
+  /// How much of the result is written, in ms.
+  std::int64_t Done() const { return done_; }
+  /// Its errors, a line each, the last 20 of them.
+  const std::vector<std::string>& Errors() const { return errors_; }
+  /// True when one of the errors holds the text.
+  bool Says(std::string_view text) const;
+
+ private:
+  void TakeLogLine(std::string_view line);
+
+  std::string output_;
+  std::string log_;
+  std::optional<std::int64_t> duration_;
+  std::int64_t done_ = 0;
+  std::vector<std::string> errors_;
+};
+
+}  // namespace cuewright

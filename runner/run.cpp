@@ -1,0 +1,172 @@
+#include "runner/run.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/runtime_error.h"
+#include "runner/subtitle_text.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::uint64_t kLargestSubtitle = 64 << 20;
+
+}  // namespace
+
+ScriptRun::ScriptRun(RunParts parts, std::vector<RunJob> jobs) : p_(parts), jobs_(std::move(jobs)) {
+  way_.quantizer = p_.quantizer;
+}
+
+ScriptRun::~ScriptRun() = default;
+
+ScriptRun::State ScriptRun::Step(int waitMs) {
+  if (!failure_.empty()) return State::Failed;
+  if (at_ == jobs_.size()) return State::Done;
+  CarryOn step;
+  State state = State::Running;
+  const bool went = step([&] {
+    if (!std::exchange(started_, true)) StartJob();
+    if (!failure_.empty()) {
+      state = State::Failed;
+      return;
+    }
+    child_->Wait(waitMs);
+    TakeAll();
+    const std::optional<int> status = child_->Ended();
+    if (!status) return;
+    TakeAll();
+    state = EndFfmpeg(*status);
+  });
+  return went ? state : Fail(ToUtf8(step.Last()->description));
+}
+
+void ScriptRun::TakeAll() {
+  log_.TakeOutput(child_->TakeOutput());
+  log_.TakeErrors(child_->TakeErrors());
+}
+
+void ScriptRun::StartJob() {
+  RunJob& job = jobs_[at_];
+  way_ = {};
+  way_.quantizer = p_.quantizer;
+  // From here on paths are read in another folder.
+  job.source = p_.outputs.Absolute(job.source);
+  job.target = p_.outputs.Absolute(job.target);
+  if (!p_.files.Exists(job.source)) return static_cast<void>(Fail("there is no film " + ToUtf8(job.source)));
+  if (p_.outputs.SameFile(job.source, job.target)) {
+    return static_cast<void>(Fail("the film can't be written over itself: " + ToUtf8(job.source)));
+  }
+  folder_ = p_.outputs.MakeWorkFolder();
+  WriteSubtitles();
+  part_ = p_.outputs.Begin(job.target);
+  if (job.rangeEnd > 0) {
+    StartProbe();
+  } else {
+    StartFfmpeg();
+  }
+}
+
+void ScriptRun::WriteSubtitles() {
+  const RunJob& job = jobs_[at_];
+  if (job.kind != RunJob::Kind::Avi) return;
+  for (std::size_t i = 0; i < job.filters.size(); ++i) {
+    if (job.filters[i].kind != PictureFilter::Kind::Subtitler) continue;
+    const std::string bytes = p_.files.Read(p_.outputs.Absolute(job.filters[i].subtitle), kLargestSubtitle);
+    folder_->Write(SubtitleName(i), SubtitleInUtf8(bytes, p_.systemCodePage));
+  }
+}
+
+void ScriptRun::StartProbe() {
+  probing_ = true;
+  log_ = {};
+  child_ =
+      p_.processes.Start(Text(kFfmpeg), ProbeArguments(jobs_[at_].source), {.folder = folder_->Path(), .errors = true});
+}
+
+void ScriptRun::StartFfmpeg() {
+  probing_ = false;
+  log_ = {};
+  child_ = p_.processes.Start(Text(kFfmpeg), FfmpegArguments(jobs_[at_], way_, part_->Part()),
+                              {.folder = folder_->Path(), .errors = true});
+}
+
+ScriptRun::State ScriptRun::EndFfmpeg(int status) {
+  const RunJob& job = jobs_[at_];
+  if (probing_) {
+    if (!log_.Duration())
+      return Fail("the length of the film can't be told, so it can't be shortened: " + ReasonOf(status));
+    if (LengthOf(job, *log_.Duration()) == 0) return Fail("the range leaves nothing of the film");
+    way_.duration = log_.Duration();
+    StartFfmpeg();
+    return State::Running;
+  }
+  if (status == 0) return FinishJob();
+  if (TryAnotherWay()) {
+    StartFfmpeg();
+    return State::Running;
+  }
+  return Fail(ReasonOf(status));
+}
+
+bool ScriptRun::TryAnotherWay() {
+  const bool avi = jobs_[at_].kind == RunJob::Kind::Avi;
+  const bool noXvid = log_.Says("Unknown encoder 'libxvid'") || log_.Says("Could not create encoder reference");
+  if (avi && noXvid && !std::exchange(way_.plainEncoder, true)) return true;
+  if (!log_.Says("Could not write header")) return false;
+  if (avi && jobs_[at_].sound && !jobs_[at_].soundDecoded && !std::exchange(way_.soundDecoded, true)) {
+    notes_.emplace_back("AVI can't hold the film's sound as it is; it is written uncompressed");
+    return true;
+  }
+  if (!avi && !jobs_[at_].soundDecoded && !std::exchange(way_.otherContainer, true)) {
+    notes_.emplace_back(
+        "a wave file can't hold the film's sound as it is; the file is a Matroska file whatever its name");
+    return true;
+  }
+  return false;
+}
+
+ScriptRun::State ScriptRun::FinishJob() {
+  child_.reset();
+  part_->Keep();
+  part_.reset();
+  folder_.reset();
+  ++at_;
+  started_ = false;
+  return at_ == jobs_.size() ? State::Done : State::Running;
+}
+
+ScriptRun::State ScriptRun::Fail(std::string why) {
+  failure_ = why.empty() ? "FFmpeg failed" : std::move(why);
+  child_.reset();
+  part_.reset();
+  folder_.reset();
+  return State::Failed;
+}
+
+std::string ScriptRun::ReasonOf(int status) const {
+  std::string reason;
+  for (const std::string& line : log_.Errors()) {
+    if (line.find_first_not_of(" \r") == std::string::npos) continue;
+    reason += (reason.empty() ? "" : "\n") + line;
+  }
+  if (!reason.empty()) return reason;
+  return status < 0 ? "FFmpeg was ended from outside" : "FFmpeg ended with status " + std::to_string(status);
+}
+
+const Text& ScriptRun::Target() const { return jobs_[std::min(at_, jobs_.size() - 1)].target; }
+
+int ScriptRun::FailedLine() const { return jobs_[std::min(at_, jobs_.size() - 1)].line; }
+
+std::vector<std::string> ScriptRun::TakeNotes() { return std::exchange(notes_, {}); }
+
+std::optional<double> ScriptRun::Fraction() const {
+  const double whole = static_cast<double>(jobs_.size());
+  if (at_ == jobs_.size()) return 1.0;
+  if (jobs_.empty() || probing_) return std::nullopt;
+  const std::optional<std::int64_t> duration = way_.duration ? way_.duration : log_.Duration();
+  if (!duration || LengthOf(jobs_[at_], *duration) == 0) return std::nullopt;
+  const double part = static_cast<double>(log_.Done()) / static_cast<double>(LengthOf(jobs_[at_], *duration));
+  return (static_cast<double>(at_) + std::clamp(part, 0.0, 1.0)) / whole;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,118 @@
+#include "vdrun/displays.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::int64_t kBarEveryMs = 100;
+constexpr std::int64_t kWindowAfterMs = 700;
+constexpr std::int64_t kWindowEveryMs = 200;
+constexpr int kWindowPollMs = 100;
+constexpr int kBarWidth = 40;
+
+void WriteError(const std::string& text) {
+  std::fputs(text.c_str(), stderr);
+  std::fflush(stderr);
+}
+
+class TerminalDisplay final : public RunDisplay {
+ public:
+  TerminalDisplay() : terminal_(::isatty(STDERR_FILENO) == 1) {}
+
+  void Show(const std::string& file, const RunProgress& progress, std::int64_t elapsedMs) override {
+    if (!terminal_ || elapsedMs - shownAt_ < kBarEveryMs) return;
+    shownAt_ = elapsedMs;
+    const int filled = static_cast<int>(progress.fraction.value_or(0) * kBarWidth);
+    std::string bar = "\r\x1b[K[" + std::string(static_cast<std::size_t>(filled), '#') +
+                      std::string(static_cast<std::size_t>(kBarWidth - filled), '.') + "]";
+    if (progress.fraction) bar += " " + std::to_string(static_cast<int>(*progress.fraction * 100)) + " %";
+    if (progress.secondsLeft) bar += ", " + TimeLeftText(*progress.secondsLeft) + " left";
+    const std::string name = Printable(file.substr(file.rfind('/') + 1), false);
+    WriteError(bar + (name.size() > 30 ? std::string() : "  " + name));
+    shown_ = true;
+  }
+
+  void Note(const std::string& text) override {
+    Erase();
+    WriteError("vdrun: " + Printable(text, true) + "\n");
+  }
+
+  void End(const std::string& failure) override {
+    Erase();
+    if (!failure.empty()) WriteError("vdrun: " + Printable(failure, true) + "\n");
+  }
+
+ private:
+  void Erase() {
+    if (std::exchange(shown_, false)) WriteError("\r\x1b[K");
+  }
+
+  bool terminal_;
+  bool shown_ = false;
+  std::int64_t shownAt_ = -kBarEveryMs;
+};
+
+class WindowDisplay final : public RunDisplay {
+ public:
+  WindowDisplay(Processes& processes, Text window) : processes_(processes), window_(std::move(window)) {}
+
+  void Show(const std::string& file, const RunProgress& progress, std::int64_t elapsedMs) override {
+    if (elapsedMs < kWindowAfterMs) return;
+    Open();
+    if (child_ == nullptr || elapsedMs - shownAt_ < kWindowEveryMs) return;
+    shownAt_ = elapsedMs;
+    if (file != file_) child_->Tell(FormatWindowLine({WindowLine::Kind::File, file_ = file, {}}));
+    child_->Tell(FormatWindowLine({WindowLine::Kind::Progress, {}, progress}));
+  }
+
+  void Note(const std::string& text) override { WriteError("vdrun: " + Printable(text, true) + "\n"); }
+
+  bool Cancelled() override { return child_ != nullptr && child_->Ended() == kWindowCancelled; }
+
+  void End(const std::string& failure) override {
+    if (failure.empty()) {
+      child_.reset();
+      return;
+    }
+    WriteError("vdrun: " + Printable(failure, true) + "\n");
+    Open();
+    if (child_ == nullptr) return;
+    child_->Tell(FormatWindowLine({WindowLine::Kind::Failure, failure, {}}));
+    while (!child_->Ended()) {
+      child_->Wait(kWindowPollMs);
+      child_->TakeOutput();
+    }
+  }
+
+ private:
+  void Open() {
+    if (std::exchange(opened_, true)) return;
+    // Without its window the work is done all the same.
+    CarryOn step;
+    step([&] { child_ = processes_.Start(window_, {}, {.input = true}); });
+  }
+
+  Processes& processes_;
+  Text window_;
+  std::unique_ptr<ChildProcess> child_;
+  std::string file_;
+  std::int64_t shownAt_ = 0;
+  bool opened_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<RunDisplay> MakeTerminalDisplay() { return std::make_unique<TerminalDisplay>(); }
+
+std::unique_ptr<RunDisplay> MakeWindowDisplay(Processes& processes, Text window) {
+  return std::make_unique<WindowDisplay>(processes, std::move(window));
+}
+
+}  // namespace cuewright
