@@ -90,10 +90,9 @@ int main(int argc, char** argv) {
   PosixProcesses processes;
   // Two hours of sound take about 320 MB.
   FolderSoundStore sounds(SoundFolder(), std::uint64_t{4} << 30);
-  if (!SoundFolder().empty()) {
-    environment.processes = &processes;
-    environment.sounds = &sounds;
-  }
+  environment.processes = &processes;
+  if (!SoundFolder().empty()) environment.sounds = &sounds;
+  environment.systemFolder = WineSystemFolder();
 
   ToolkitTexts toolkitTexts;
   JournalFiles journals(JournalFolderPath());

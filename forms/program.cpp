@@ -67,7 +67,9 @@ Program::Program(Ports ports, StartEnvironment environment)
       help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms),
       spelling({window, list, options, strings, languages, store,
                 environment_.dictionaries != nullptr ? *environment_.dictionaries : noDictionaries_,
-                environment_.wordsFolder, ports_}) {
+                environment_.wordsFolder, ports_}),
+      embedWizard(PartsOfWizards()),
+      audioWizard(PartsOfWizards()) {
   Connect();
 }
 
@@ -127,6 +129,7 @@ void Program::Connect() {
   ConnectFiles();
   ConnectHistory();
   ConnectJournal();
+  ConnectWizards();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
@@ -226,6 +229,7 @@ bool Program::Start() {
   formats.ListCharset = languages.ListCharset();
   step([&] { folders.TempFolder = environment_.makeTempFolder(); });
   folders.AppFolder = WithSlash(environment_.appFolder);
+  folders.SystemFolder = environment_.systemFolder;
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
   folders.FormatDatPath = folders.AppFolder + u"formats.dat";
   step([&] { LoadSettings(store, options); });

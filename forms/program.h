@@ -27,9 +27,11 @@
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "forms/audio_commands.h"
+#include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
 #include "forms/dialogs.h"
 #include "forms/editing_tools.h"
+#include "forms/embed_wizard.h"
 #include "forms/export_dialog.h"
 #include "forms/file_actions.h"
 #include "forms/help_dialogs.h"
@@ -57,16 +59,17 @@ namespace cuewright {
 
 /// What the start needs of the platform.
 struct StartEnvironment {
-  Text commandLine;                      ///< whole, as the user gave it
-  Text appFolder;                        ///< the program's own
-  Text settingsFile;                     ///< the user's settings
-  Text registryFile;                     ///< the user's registry; empty: none is kept
-  std::function<Text()> makeTempFolder;  ///< makes a private folder; throws run-time errors
-  Text missingPlayer;                    ///< the file of the player that is missing; empty when it is there
-  int systemCodePage = 1252;             ///< ANSI code page of the user's locale
-  const Locale* locale = nullptr;        ///< what the system knows about locales; null: nothing
-  Processes* processes = nullptr;        ///< these two put a film's sound into the Audio bar; null: it can't be done
-  SoundStore* sounds = nullptr;
+  Text commandLine;                                 ///< whole, as the user gave it
+  Text appFolder;                                   ///< the program's own
+  Text settingsFile;                                ///< the user's settings
+  Text registryFile;                                ///< the user's registry; empty: none is kept
+  std::function<Text()> makeTempFolder;             ///< makes a private folder; throws run-time errors
+  Text missingPlayer;                               ///< the file of the player that is missing; empty when it is there
+  int systemCodePage = 1252;                        ///< ANSI code page of the user's locale
+  const Locale* locale = nullptr;                   ///< what the system knows about locales; null: nothing
+  Processes* processes = nullptr;                   ///< programs of the system; null: none can be started
+  SoundStore* sounds = nullptr;                     ///< with these two a film's sound comes into the Audio bar
+  Text systemFolder{};                              ///< of the system for foreign programs, with a "/" at its end
   const SystemInfo* system = nullptr;               ///< what the system says about itself; null: nothing
   Web* web = nullptr;                               ///< the network; null: there is none
   const SpellDictionaries* dictionaries = nullptr;  ///< null: the system has none
@@ -151,12 +154,17 @@ class Program final : private FormatHost {
   HelpDialogs helpDialogs;
   HelpWindow help;
   SpellCheck spelling;
+  EmbedWizard embedWizard;
+  AudioWizard audioWizard;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
 
   /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
   std::function<void()> runExportDialog;
+  /// The same for the two wizards.
+  std::function<void()> runEmbedWizard;
+  std::function<void()> runAudioWizard;
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.
   Signal<> LanguageChanged;
@@ -170,6 +178,10 @@ class Program final : private FormatHost {
   void TellFile(std::size_t text);
   void ConnectHistory();
   void ConnectJournal();
+  void ConnectWizards();
+  void OpenEmbedWizard();
+  void OpenAudioWizard();
+  WizardParts PartsOfWizards();
   JournalDocument DescribeDocument() const;
   /// Offers what a program that ended had not saved; true when a document was restored.
   bool OfferRestore();

@@ -62,10 +62,6 @@ void Shell::Wire() {
   window_.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left) window_.mnuWebsite.Click();
   });
-  // Built by parts that aren't there yet.
-  for (MenuItem* item : {&window_.mnuEmbed, &window_.mnuAudioExtract}) {
-    item->SetEnabled(false);
-  }
 }
 
 Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {

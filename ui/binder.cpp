@@ -10,13 +10,23 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QSlider>
 #include <QTextCursor>
 
 #include "ui/key_codes.h"
+#include "ui/qt_colour.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
+
+namespace {
+
+// What a label's form had it shown as last.
+constexpr const char* kBoldProperty = "boldByForm";
+constexpr const char* kColourProperty = "colourByForm";
+
+}  // namespace
 
 const char* const Binder::kCaptionProperty = "caption";
 
@@ -134,6 +144,8 @@ void Binder::BindWidget(Control& control, QWidget& widget) {
       return BindTextBox(static_cast<TextBox&>(control), widget);
     case Control::Kind::Combo:
       return BindCombo(static_cast<ComboBox&>(control), static_cast<QComboBox&>(widget));
+    case Control::Kind::Progress:
+      return BindProgress(static_cast<ProgressBar&>(control), static_cast<QProgressBar&>(widget));
     case Control::Kind::Frame:
       return Watch(control, [this, &control, &widget] {
         if (auto* group = qobject_cast<QGroupBox*>(&widget)) group->setTitle(ToQt(control.GetText()));
@@ -162,11 +174,28 @@ void Binder::BindLabel(Label& label, QWidget& widget) {
       const Text lines = ReplaceAll(label.GetText(), kLineEnd, u"\n");
       const QString text = ToQt(caption ? WithoutAccessKey(lines) : lines);
       if (shown->text() != text) shown->setText(text);
+      ShowStyle(label, *shown);
     }
     ShowCommon(label, widget);
   });
   filtered_.insert(&widget, &label);
   widget.installEventFilter(this);
+}
+
+void Binder::ShowStyle(const Label& label, QLabel& shown) {
+  // A label that the window makes bold by itself stays so.
+  if (label.Bold() != shown.property(kBoldProperty).toBool()) {
+    QFont font = shown.font();
+    font.setBold(label.Bold());
+    shown.setFont(font);
+    shown.setProperty(kBoldProperty, label.Bold());
+  }
+  const QColor colour = label.Colour() ? ColourOf(*label.Colour()) : QColor();
+  if (shown.property(kColourProperty).value<QColor>() == colour) return;
+  QPalette palette = shown.parentWidget()->palette();
+  if (colour.isValid()) palette.setColor(QPalette::WindowText, colour);
+  shown.setPalette(palette);
+  shown.setProperty(kColourProperty, colour);
 }
 
 void Binder::BindTimer(Timer& timer) {
@@ -240,6 +269,15 @@ void Binder::BindSlider(Slider& slider, QSlider& widget) {
     ShowCommon(slider, widget);
   });
   connect(&widget, &QSlider::valueChanged, this, [&slider](int value) { slider.Move(value); });
+}
+
+void Binder::BindProgress(ProgressBar& bar, QProgressBar& widget) {
+  Watch(bar, [this, &bar, &widget] {
+    // Without a range the widget shows that it is busy.
+    widget.setRange(bar.Busy() ? 0 : bar.Min(), bar.Busy() ? 0 : bar.Max());
+    widget.setValue(bar.Value());
+    ShowCommon(bar, widget);
+  });
 }
 
 void Binder::BindList(ListBox& list, QListWidget& widget) {

@@ -14,8 +14,10 @@
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QListWidget;
+class QProgressBar;
 class QSlider;
 
 namespace cuewright {
@@ -44,9 +46,11 @@ class Binder final : public QObject {
   bool BindOne(Control& control);
   void BindWidget(Control& control, QWidget& widget);
   void BindLabel(Label& label, QWidget& widget);
+  static void ShowStyle(const Label& label, QLabel& shown);
   void BindButton(Button& button, QAbstractButton& widget);
   void BindCheck(CheckBox& check, QCheckBox& widget);
   void BindSlider(Slider& slider, QSlider& widget);
+  void BindProgress(ProgressBar& bar, QProgressBar& widget);
   void BindList(ListBox& list, QListWidget& widget);
   void BindOption(OptionButton& option, QAbstractButton& widget);
   void BindTextBox(TextBox& box, QWidget& widget);

@@ -46,7 +46,22 @@ struct MouseEvent {
 /// A named control of a window, with no toolkit behind it. `Changed` tells the window to show the state anew.
 class Control {
  public:
-  enum class Kind { Label, Button, TextBox, Option, Check, Menu, Picture, Timer, Table, Slider, Combo, List, Frame };
+  enum class Kind {
+    Label,
+    Button,
+    TextBox,
+    Option,
+    Check,
+    Menu,
+    Picture,
+    Timer,
+    Table,
+    Slider,
+    Combo,
+    List,
+    Frame,
+    Progress
+  };
 
   Control(Form& form, Kind kind, std::string name);
   Control(const Control&) = delete;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +16,16 @@ class Label final : public Control {
  public:
   Label(Form& form, std::string name) : Control(form, Kind::Label, std::move(name)) {}
   Signal<> Clicked;
+
+  bool Bold() const { return bold_; }
+  void SetBold(bool on) { Assign(bold_, on); }
+  /// The colour of the text, 0x00BBGGRR; empty: that of the window.
+  const std::optional<std::int32_t>& Colour() const { return colour_; }
+  void SetColour(std::optional<std::int32_t> colour) { Assign(colour_, colour); }
+
+ private:
+  bool bold_ = false;
+  std::optional<std::int32_t> colour_;
 };
 
 /// A push button. Its physical press and release are told as well as the click.
@@ -128,6 +140,33 @@ class Slider final : public Control {
   int min_ = 0;
   int max_ = 100;
   int value_ = 0;
+};
+
+/// A bar that shows how far a piece of work is.
+class ProgressBar final : public Control {
+ public:
+  ProgressBar(Form& form, std::string name) : Control(form, Kind::Progress, std::move(name)) {}
+
+  int Min() const { return min_; }
+  int Max() const { return max_; }
+  void SetRange(int min, int max) {
+    min_ = min;
+    max_ = max;
+    value_ = std::clamp(value_, min, max);
+    Changed();
+  }
+  int Value() const { return value_; }
+  /// A value out of range becomes the nearest in it.
+  void SetValue(int value) { Assign(value_, std::clamp(value, min_, max_)); }
+  /// Work goes on, but how far it is can't be told.
+  bool Busy() const { return busy_; }
+  void SetBusy(bool busy) { Assign(busy_, busy); }
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
+  bool busy_ = false;
 };
 
 /// An item of a menu. Items with the same parent stand in the order of their making.

@@ -1,0 +1,175 @@
+#include "forms/audio_wizard.h"
+
+#include <algorithm>
+
+#include "core/file_helpers.h"
+#include "core/paths.h"
+#include "external/common_dialogs.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::int16_t kLastStep = 4;
+
+}  // namespace
+
+AudioWizard::AudioWizard(WizardParts parts) : Dialog("frmAudioWizard"), p_(parts), tool_(parts) {
+  cmbSampleRate.SetEditable(true);
+  Wire();
+}
+
+void AudioWizard::Wire() {
+  cmdNext.Clicked.Connect([this] { Next(); });
+  cmdBack.Clicked.Connect([this] { Back(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+  cmdBrowseVD.Clicked.Connect([this] { BrowseTool(); });
+  cmdSave.Clicked.Connect([this] { BrowseTarget(); });
+  optWAV.Clicked.Connect([this] { ChooseFormat(true); });
+  optOriginal.Clicked.Connect([this] { ChooseFormat(false); });
+  lblDownload.Clicked.Connect([this] { tool_.OpenDownload(u"14"); });
+  imgGetVirtualDub.MouseDown.Connect([this](const MouseEvent& mouse) {
+    if (mouse.button == MouseButton::Left) tool_.OpenDownload(u"14");
+  });
+}
+
+bool AudioWizard::CheckFilm() {
+  const auto refuse = [&](std::size_t message, BoxIcon icon) {
+    p_.ports.messages.Show({p_.strings[message], icon, BoxButtons::Ok, p_.strings[437]});
+    return false;
+  };
+  const Text video = ToLower(p_.document.VideoPath);
+  if (video.empty()) return refuse(438, BoxIcon::Warning);
+  if (video.ends_with(u"mpg") || video.ends_with(u"avi") || video.ends_with(u"peg")) return true;
+  return refuse(366, BoxIcon::Error);
+}
+
+void AudioWizard::Open() {
+  step_ = 0;
+  pending_.clear();
+  closing_ = false;
+  askOverwrite_ = false;
+  script_ = p_.folders.TempFolder + u"aext.vcf";
+  ApplyTexts();
+  txtVirtualdub.SetText(tool_.TakeStored());
+  txtSave.SetText(StripExtension(p_.document.VideoPath) + u".wav");
+  cmbSampleRate.SetIndex(0);
+  chkAudioBar.SetValue(true);
+  chkClose.SetValue(false);
+  chkClose.SetEnabled(true);
+  ChooseFormat(true);
+  for (std::size_t task = 0; task < lights_.size(); ++task) {
+    SetTaskLight(task, 0);
+    lblTask[task].SetBold(false);
+    lblTask[task].SetColour({});
+  }
+  lblStep5.SetBold(false);
+  cmdBack.SetEnabled(false);
+  cmdNext.SetEnabled(true);
+  cmdCancel.SetEnabled(true);
+  ShowStep();
+  p_.openForms.Opened(Name(), [this] { Close(); });
+  NoteOpened();
+}
+
+void AudioWizard::ApplyTexts() {
+  const LangStrings& s = p_.strings;
+  SetTitle(s[437]);
+  SetRightToLeft(p_.languages.IsRightToLeft());
+  const std::pair<Control&, std::size_t> rows[] = {
+      {lblTop, 437},      {lblTop2, 439},       {lblStep1, 440},    {optWAV, 459},        {optOriginal, 458},
+      {chkAudioBar, 441}, {lblStep1b, 442},     {lblStep2, 443},    {lblSampleRate, 444}, {lblStep2b, 445},
+      {lblStep3, 446},    {lblVirtualdub, 373}, {cmdBrowseVD, 374}, {lblStep3b, 448},     {lblDownload, 449},
+      {lblStep4, 450},    {lblSave, 451},       {cmdSave, 45},      {lblStep4b, 452},     {lblStep5, 453},
+      {lblTask[0], 454},  {lblTask[1], 455},    {lblTask[2], 456},  {chkClose, 468},      {lblStep5b, 457},
+      {cmdCancel, 67}};
+  for (const auto& [control, message] : rows) control.SetText(s[message]);
+  for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
+  cmbSampleRate.SetItems({s[397], u"8000", u"11025", u"16000", u"22050", u"44100", u"48000"});
+  cmbSampleRate.SetSpokenName(s[444]);
+  txtVirtualdub.SetSpokenName(s[373]);
+  txtSave.SetSpokenName(s[451]);
+  imgGetVirtualDub.SetSpokenName(s[449]);
+  cmdBack.SetText(u"< " + s[56]);
+  cmdNext.SetText(s[41] + u" >");
+}
+
+void AudioWizard::ChooseFormat(bool wave) {
+  optWAV.SetValue(wave);
+  optOriginal.SetValue(!wave);
+  chkAudioBar.SetEnabled(wave);
+}
+
+void AudioWizard::BrowseTool() {
+  const Text folder = tool_.AskFolder();
+  if (folder.empty()) return;
+  txtVirtualdub.SetText(folder);
+  tool_.Store(folder);
+}
+
+void AudioWizard::BrowseTarget() {
+  const Text path = ShowSaveDialog(p_.ports.fileDialogs, u"WAVE audio (wav)|*.wav", WithoutDots(cmdSave.GetText()),
+                                   p_.recall.LastFolder(), txtSave.GetText());
+  if (IsBlank(path)) return;
+  txtSave.SetText(StripExtension(path) + u".wav");
+  askOverwrite_ = false;
+}
+
+void AudioWizard::ShowStep() {
+  for (Picture& page : picStep) page.SetVisible(false);
+  picStep[static_cast<std::size_t>(step_)].SetVisible(true);
+}
+
+void AudioWizard::Next() {
+  // The run is over.
+  if (!cmdCancel.Enabled()) return Close();
+  if (!MayLeave()) return;
+  ++step_;
+  ShowStep();
+  EnterStep();
+}
+
+bool AudioWizard::MayLeave() {
+  if (step_ == 2) return tool_.Check(txtVirtualdub.GetText());
+  if (step_ != 3) return true;
+  target_ = txtSave.GetText();
+  return MayOverwrite();
+}
+
+bool AudioWizard::MayOverwrite() {
+  if (!askOverwrite_ || !p_.ports.files.Exists(target_)) return true;
+  const MessageBox box{Fill(p_.strings[414], target_), BoxIcon::Warning, BoxButtons::YesNo,
+                       WithoutDots(p_.strings[45])};
+  if (p_.ports.messages.Show(box) != BoxAnswer::Yes) return false;
+  p_.ports.files.Remove(target_);
+  return true;
+}
+
+void AudioWizard::Back() {
+  if (step_ == 0) return;
+  --step_;
+  ShowStep();
+  if (step_ == 0) cmdBack.SetEnabled(false);
+}
+
+void AudioWizard::EnterStep() {
+  const bool last = step_ == kLastStep;
+  cmdBack.SetEnabled(!last);
+  if (last) {
+    cmdNext.SetEnabled(false);
+    cmdCancel.SetEnabled(false);
+    return Run();
+  }
+  if (step_ != 1) return;
+  const bool wave = optWAV.Value();
+  cmbSampleRate.SetEnabled(wave);
+  lblSampleRate.SetEnabled(wave);
+  lblStep2b.SetVisible(wave);
+  askOverwrite_ = true;
+}
+
+void AudioWizard::OnClose() {
+  closing_ = true;
+  p_.openForms.Closed(Name());
+}
+
+}  // namespace cuewright

@@ -1,0 +1,288 @@
+#include "forms/embed_wizard.h"
+
+#include <algorithm>
+
+#include "core/file_helpers.h"
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "core/product.h"
+#include "external/common_dialogs.h"
+#include "forms/web.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::int64_t kShortestPreview = 120;  // seconds
+constexpr int kLeastSize = 32;
+constexpr int kMostSize = 2048;
+constexpr TextView kQuantizerKey = u"VDQUANT";
+constexpr int kDefaultQuantizer = 4;
+constexpr int kLeastQuantizer = 1;
+constexpr int kMostQuantizer = 31;
+constexpr int kOriginalSize = 0;
+constexpr int kCustomSize = 9;
+
+struct Resolution {
+  TextView entry;
+  TextView width;
+  TextView height;
+};
+// The first and the last are words of the language.
+constexpr std::array<Resolution, 10> kResolutions = {Resolution{},
+                                                     {u"352x240 - VCD NTSC", u"352", u"240"},
+                                                     {u"352x288 - VCD PAL", u"352", u"288"},
+                                                     {u"480x480 - SVCD NTSC", u"480", u"480"},
+                                                     {u"480x576 - SVCD PAL", u"480", u"576"},
+                                                     {u"704x480 - DVD NTSC", u"704", u"480"},
+                                                     {u"704x576 - DVD PAL", u"704", u"576"},
+                                                     {u"640x480 - VGA 4:3", u"640", u"480"},
+                                                     {u"1024x768 - XGA 4:3", u"1024", u"768"},
+                                                     {}};
+
+Text LastThree(TextView path) { return ToLower(path.substr(path.size() - std::min<std::size_t>(path.size(), 3))); }
+
+bool OneOf(TextView text, std::initializer_list<TextView> endings) {
+  return std::find(endings.begin(), endings.end(), text) != endings.end();
+}
+
+/// Keys that a box of digits drops; the two signs behind the digits come through.
+bool Drops(const KeyEvent& key) {
+  return key.character != 0 && key.code != kKeyBackspace && (key.character < u'0' || key.character > u';');
+}
+
+}  // namespace
+
+EmbedWizard::EmbedWizard(WizardParts parts) : Dialog("frmEmbed"), p_(parts), tool_(parts) {
+  cmbResolution.SetEditable(false);
+  sldPreview.SetRange(1, 1);
+  Wire();
+  WireHints();
+}
+
+void EmbedWizard::Wire() {
+  cmdNext.Clicked.Connect([this] { Next(); });
+  cmdBack.Clicked.Connect([this] { Back(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+  cmdConfigure.Clicked.Connect([this] { Configure(); });
+  cmdBrowseVD.Clicked.Connect([this] { BrowseTool(); });
+  cmdSave.Clicked.Connect([this] { BrowseTarget(); });
+  cmbResolution.Chosen.Connect([this] { ChooseResolution(); });
+  chkPreview.Clicked.Connect([this] { TogglePreview(); });
+  sldPreview.Scrolled.Connect([this] { ShowPreview(); });
+  for (TextBox* box : {&txtWidth, &txtHeight}) {
+    box->KeyPress.Connect([](KeyEvent& key) { key.handled = key.handled || Drops(key); });
+    box->GotFocus.Connect([box] { box->Select(0, static_cast<int>(box->GetText().size())); });
+    box->LostFocus.Connect([this, box] { TakeSize(*box); });
+  }
+  lblDownload.Clicked.Connect([this] { tool_.OpenDownload(u"14"); });
+  lblConvert.Clicked.Connect([this] { OpenWebPage(p_.ports.desktop, u"guides.php", p_.options.Language); });
+  imgConfigure.Clicked.Connect([this] {
+    const bool spanish = p_.options.Language == u"SPANISH";
+    p_.ports.desktop.ShellOpen(Text(kWebSite) + (spanish ? u"/go.php?es=1&id=9" : u"/go.php?id=9"));
+  });
+  imgDrag.MouseDown.Connect([this](const MouseEvent& mouse) {
+    if (mouse.button == MouseButton::Left) DragRequested();
+  });
+}
+
+void EmbedWizard::WireHints() {
+  const std::pair<Control&, std::size_t> hints[] = {{imgFormat, 369}, {imgRes, 377},      {cmbResolution, 377},
+                                                    {imgMode, 379},   {imgPreview, 390},  {imgSave, 388},
+                                                    {imgVD, 375},     {cmdBrowseVD, 375}, {cmdConfigure, 372},
+                                                    {cmdCancel, 392}, {txtWidth, 385},    {txtHeight, 386}};
+  for (const auto& [control, message] : hints) {
+    control.Hovered.Connect([this, number = message] { ShowEmbedDetails(p_.strings[number]); });
+  }
+  Hovered.Connect([this] { ShowStepHint(); });
+}
+
+bool EmbedWizard::CheckEmbedDocument() {
+  const Text title = p_.strings[362];
+  const auto refuse = [&](std::size_t message) {
+    p_.ports.messages.Show({p_.strings[message], BoxIcon::Warning, BoxButtons::Ok, title});
+    return false;
+  };
+  const Text& subtitle = p_.document.SubtitlePath;
+  const Text& video = p_.document.VideoPath;
+  if (subtitle.empty()) return refuse(363);
+  if (!ToLower(subtitle).ends_with(u".ssa")) return refuse(364);
+  if (video.empty()) return refuse(365);
+  const Text ending = LastThree(video);
+  if (OneOf(ending, {u"snd", u"wav", u".au", u"aif", u"wma", u"mp3"})) return refuse(365);
+  if (!OneOf(ending, {u"mpg", u"avi", u"peg"})) return refuse(366);
+  if (p_.ports.files.Exists(subtitle) && p_.ports.files.Exists(video)) return true;
+  const Text end(kLineEnd);
+  p_.ports.messages.Show({video + end + subtitle + end + end + p_.strings[406], BoxIcon::Error, BoxButtons::Ok, title});
+  return false;
+}
+
+void EmbedWizard::Open() {
+  step_ = 0;
+  script_ = p_.folders.TempFolder + u"embedsub.vcf";
+  askOverwrite_ = false;
+  ApplyTexts();
+  txtVirtualdub.SetText(tool_.TakeStored());
+  DeleteFileWait(p_.ports.files, p_.ports.events, script_, false);
+  FillControls();
+  ShowStep();
+  ShowStepHint();
+  p_.openForms.Opened(Name(), [this] { Close(); });
+  NoteOpened();
+}
+
+void EmbedWizard::ApplyTexts() {
+  const LangStrings& s = p_.strings;
+  SetTitle(s[362]);
+  SetRightToLeft(p_.languages.IsRightToLeft());
+  const std::pair<Control&, std::size_t> rows[] = {
+      {lblTop, 362},    {lblTop2, 367},     {lblFormat, 368},  {cmdConfigure, 370},  {lblRes, 376},
+      {lblSize, 384},   {lblMode, 378},     {chkPreview, 389}, {lblVirtualdub, 373}, {cmdBrowseVD, 374},
+      {lblStep2, 448},  {lblDownload, 449}, {lblSave, 387},    {cmdSave, 45},        {lblStep4, 394},
+      {lblNotice, 407}, {lblNote1, 408},    {lblNote2, 409},   {lblConvert, 411},    {lblDetailsTitle, 190},
+      {cmdCancel, 67}};
+  for (const auto& [control, message] : rows) control.SetText(s[message]);
+  for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
+  lblX.SetText(u"x");
+  imgConfigure.SetText(u"Tessaly Ratemeter");
+  txtWidth.SetSpokenName(s[385]);
+  txtHeight.SetSpokenName(s[386]);
+  txtTFileName.SetSpokenName(s[360]);
+  txtVFileName.SetSpokenName(s[394]);
+  txtVirtualdub.SetSpokenName(s[373]);
+  txtSave.SetSpokenName(s[387]);
+  sldPreview.SetSpokenName(s[389]);
+  cmbFormat.SetItems({u"AVI (XviD)"});
+  std::vector<Text> sizes;
+  for (const Resolution& size : kResolutions) sizes.emplace_back(size.entry);
+  sizes.front() = s[397];
+  sizes.back() = s[398];
+  cmbResolution.SetItems(std::move(sizes));
+  cmbMode.SetItems({s[380], s[381], s[382], s[383]});
+  cmdBack.SetText(u"< " + s[56]);
+  cmdNext.SetText(s[41] + u" >");
+}
+
+void EmbedWizard::FillControls() {
+  txtWidth.SetText(u"640");
+  txtHeight.SetText(u"480");
+  cmbFormat.SetIndex(0);
+  cmbResolution.SetIndex(kOriginalSize);
+  cmbMode.SetIndex(0);
+  ChooseResolution();
+  chkPreview.SetValue(false);
+  sldPreview.SetRange(1, 1);
+  TogglePreview();
+  txtSave.SetText(StripExtension(p_.document.VideoPath) + u"[sub].avi");
+  txtTFileName.SetText({});
+  txtVFileName.SetText({});
+  for (Control* control : std::initializer_list<Control*>{&imgNotice, &lblNotice, &lblNote1, &lblNote2, &lblConvert}) {
+    control->SetVisible(false);
+  }
+  for (Control* button : {&cmdNext, &cmdCancel}) button->SetEnabled(true);
+  cmdBack.SetEnabled(false);
+}
+
+void EmbedWizard::ChooseResolution() {
+  const int index = cmbResolution.Index();
+  const bool custom = index == kCustomSize;
+  for (Control* control : std::initializer_list<Control*>{&txtWidth, &txtHeight, &lblSize, &lblX}) {
+    control->SetEnabled(custom);
+  }
+  const bool scaled = index != kOriginalSize;
+  lblMode.SetEnabled(scaled);
+  cmbMode.SetEnabled(scaled);
+  imgMode.SetVisible(scaled);
+  if (!scaled || custom || index < 0) return;
+  const Resolution& size = kResolutions[static_cast<std::size_t>(index)];
+  txtWidth.SetText(size.width);
+  txtHeight.SetText(size.height);
+}
+
+void EmbedWizard::TakeSize(TextBox& box) {
+  Text digits = box.GetText();
+  std::erase_if(digits, [](char16_t unit) { return unit < u'0' || unit > u'9'; });
+  const double value = LeadingNumber(digits);
+  if (value < kLeastSize) digits = Decimal(kLeastSize);
+  if (value > kMostSize) digits = Decimal(kMostSize);
+  box.SetText(digits);
+}
+
+std::int64_t EmbedWizard::MediaSeconds() const { return static_cast<std::int64_t>(p_.ports.player.Duration()); }
+
+void EmbedWizard::TogglePreview() {
+  if (chkPreview.Value()) {
+    const std::int64_t seconds = MediaSeconds();
+    if (seconds >= kShortestPreview) {
+      sldPreview.SetRange(1, static_cast<int>(seconds / 60));
+    } else {
+      chkPreview.SetValue(false);
+      const bool unknown = seconds <= 0;
+      p_.ports.messages.Show({p_.strings[unknown ? 399 : 400], unknown ? BoxIcon::Error : BoxIcon::Warning});
+    }
+  }
+  lblPreview.SetEnabled(chkPreview.Value());
+  sldPreview.SetEnabled(chkPreview.Value());
+  ShowPreview();
+}
+
+void EmbedWizard::ShowPreview() {
+  const int minutes = sldPreview.Value();
+  lblPreview.SetText(Decimal(minutes) + u" " + p_.strings[minutes == 1 ? 172 : 173]);
+}
+
+bool EmbedWizard::XvidPresent() {
+  if (tool_.Get().kind == VideoTool::Kind::Wine) {
+    return p_.ports.files.Exists(p_.folders.SystemFolder + u"xvidvfw.dll");
+  }
+  return p_.processes != nullptr && FfmpegEncodesMpeg4(*p_.processes, p_.ports.events);
+}
+
+bool EmbedWizard::OfferXvid() {
+  if (XvidPresent()) return true;
+  const MessageBox box{p_.strings[404], BoxIcon::Question, BoxButtons::YesNo, Title()};
+  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"10");
+  return false;
+}
+
+void EmbedWizard::Configure() {
+  if (!OfferXvid()) return;
+  if (tool_.Get().kind == VideoTool::Kind::Wine) {
+    tool_.StartWine({u"rundll32.exe", ToolPath(tool_.Get(), p_.folders.SystemFolder + u"xvidvfw.dll") + u",Configure"});
+  } else {
+    AskQuantizer();
+  }
+}
+
+void EmbedWizard::AskQuantizer() {
+  const Text stored = p_.store.GetSetting(kMainSection, kQuantizerKey, Decimal(kDefaultQuantizer));
+  const Text typed = p_.ports.messages.Ask({p_.strings[980], p_.strings[371], stored});
+  if (IsBlank(typed)) return;
+  const double value = std::clamp<double>(LeadingNumber(typed), kLeastQuantizer, kMostQuantizer);
+  p_.store.SaveSetting(kMainSection, kQuantizerKey, Decimal(static_cast<int>(value)));
+}
+
+void EmbedWizard::BrowseTool() {
+  const Text folder = tool_.AskFolder();
+  if (folder.empty()) return;
+  const bool runner = FindVideoTool(p_.ports.files, folder).kind == VideoTool::Kind::Runner;
+  const Text filter = runner ? Text(u"FFmpeg: libass") : folder + u"plugins/subtitler.vdf";
+  const bool draws = runner ? p_.processes != nullptr && FfmpegDrawsSubtitles(*p_.processes, p_.ports.events)
+                            : p_.ports.files.Exists(filter);
+  if (!draws) {
+    const MessageBox box{Fill(p_.strings[402], filter), BoxIcon::Warning, BoxButtons::YesNo};
+    if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"18");
+    return;
+  }
+  txtVirtualdub.SetText(folder);
+  tool_.Store(folder);
+}
+
+void EmbedWizard::BrowseTarget() {
+  const Text path = ShowSaveDialog(p_.ports.fileDialogs, p_.strings[405] + u"|*.avi", WithoutDots(cmdSave.GetText()),
+                                   p_.recall.LastFolder(), txtSave.GetText());
+  if (IsBlank(path)) return;
+  txtSave.SetText(StripExtension(path) + u".avi");
+  askOverwrite_ = false;
+}
+
+}  // namespace cuewright
