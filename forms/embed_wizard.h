@@ -80,6 +80,8 @@ class EmbedWizard final : public Dialog {
   /// Fills the controls for the files that are open.
   void Open();
 
+  /// All that the hint panel may come to show.
+  std::vector<Text> Hints() const;
   /// The text of the hint panel; the empty one hides it.
   void ShowEmbedDetails(TextView text);
 
@@ -114,6 +116,7 @@ class EmbedWizard final : public Dialog {
   void Back();
   void ShowStep();
   void ShowStepHint();
+  Text StepHint(std::int16_t step) const;
   void WriteScript();
   void FillScript();
   void SetWorking(bool working);

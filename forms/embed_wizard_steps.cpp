@@ -25,9 +25,20 @@ void EmbedWizard::ShowEmbedDetails(TextView text) {
   lblDetails.SetVisible(!text.empty());
 }
 
-void EmbedWizard::ShowStepHint() {
-  const Text& hint = p_.strings[kStepHints[static_cast<std::size_t>(step_)]];
-  ShowEmbedDetails(step_ == kLastStep ? hint + Text(kLineEnd) + Text(kLineEnd) + p_.strings[395] : hint);
+Text EmbedWizard::StepHint(std::int16_t step) const {
+  const Text& hint = p_.strings[kStepHints[static_cast<std::size_t>(step)]];
+  return step == kLastStep ? hint + Text(kLineEnd) + Text(kLineEnd) + p_.strings[395] : hint;
+}
+
+void EmbedWizard::ShowStepHint() { ShowEmbedDetails(StepHint(step_)); }
+
+std::vector<Text> EmbedWizard::Hints() const {
+  std::vector<Text> hints;
+  for (const std::size_t message : {369, 372, 375, 377, 379, 385, 386, 388, 390, 392}) {
+    hints.push_back(p_.strings[message]);
+  }
+  for (std::int16_t step = 0; step <= kLastStep; ++step) hints.push_back(StepHint(step));
+  return hints;
 }
 
 void EmbedWizard::ShowStep() {

@@ -130,6 +130,9 @@ ScriptRun::State ScriptRun::FinishJob() {
   part_->Keep();
   part_.reset();
   folder_.reset();
+  // What was done so far is no part of the next job.
+  log_ = {};
+  way_ = {};
   ++at_;
   started_ = false;
   return at_ == jobs_.size() ? State::Done : State::Running;

@@ -12,12 +12,14 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "ui/qt_text.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
 namespace {
 
-constexpr int kDetailsWidth = 260;
+constexpr int kDetailsWidth = 280;
+constexpr int kFrameLines = 4;
 constexpr int kNotesWidth = 420;
 constexpr int kDigits = 5;
 
@@ -47,9 +49,30 @@ EmbedView::EmbedView(EmbedWizard& form, QWidget* owner) : WizardView(form, owner
   // The pointer beside the controls counts too.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   Bind(findChild<QPushButton*>("cmdNext"));
+  Measure(form);
   Keep(form.DragRequested.ConnectScoped([this] {
     if (windowHandle() != nullptr) windowHandle()->startSystemMove();
   }));
+}
+
+void EmbedView::Measure(const EmbedWizard& form) {
+  // Whatever is read here has its room from the start, so that the window keeps its size.
+  for (const char* name : {"lblNote1", "lblNote2"}) {
+    auto* note = findChild<QLabel*>(name);
+    note->setMinimumHeight(note->heightForWidth(kNotesWidth));
+  }
+  auto* details = findChild<QLabel*>("lblDetails");
+  QLabel sample(details->parentWidget());
+  sample.setTextFormat(Qt::PlainText);
+  sample.setWordWrap(true);
+  const QMargins frame = findChild<QGroupBox*>("fraDetails")->layout()->contentsMargins();
+  int height = 0;
+  for (const Text& hint : form.Hints()) {
+    sample.setText(ToQt(ReplaceAll(hint, kLineEnd, u"\n")));
+    height = std::max(height, sample.heightForWidth(kDetailsWidth - frame.left() - frame.right() - kFrameLines));
+  }
+  details->setMinimumHeight(height);
+  FitContent();
 }
 
 QWidget* EmbedView::MakeHead() {

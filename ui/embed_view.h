@@ -11,6 +11,7 @@ class EmbedView final : public WizardView {
   EmbedView(EmbedWizard& form, QWidget* owner);
 
  private:
+  void Measure(const EmbedWizard& form);
   QWidget* MakeHead();
   QWidget* MakeDetails();
   void MakeOutputPage(QGridLayout& stack);

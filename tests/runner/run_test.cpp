@@ -1,0 +1,232 @@
+#include "runner/run.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "platform/child_processes.h"
+#include "platform/output_files.h"
+#include "platform/posix_files.h"
+#include "tests/runner/films.h"
+
+namespace cuewright {
+namespace {
+
+using testing::BrightFrames;
+using testing::DarkFilm;
+using testing::OneCaption;
+using testing::Probe;
+using testing::TempFolder;
+
+/// Films burnt and sounds taken out by the real FFmpeg.
+struct RunnerRun : ::testing::Test {
+  /// A job on a film that burns the caption in.
+  RunJob Burn(const Text& film, const Text& target) {
+    RunJob job;
+    job.source = film;
+    job.target = target;
+    job.filters.push_back({PictureFilter::Kind::Subtitler, true, folder.Write("t.ssa", OneCaption()), 0, 0, 0});
+    return job;
+  }
+  RunJob Wave(const std::string& film, const Text& target, int rate, bool decoded = true) {
+    RunJob job;
+    job.kind = RunJob::Kind::Wave;
+    job.source = FromUtf8(film);
+    job.target = target;
+    job.soundDecoded = decoded;
+    job.sampleRate = rate;
+    return job;
+  }
+  /// What failed; empty when all went well.
+  std::string Run(std::vector<RunJob> jobs) {
+    lastFraction = 0;
+    ScriptRun run({files, processes, outputs, 1252}, std::move(jobs));
+    for (;;) {
+      const ScriptRun::State state = run.Step(50);
+      for (const std::string& note : run.TakeNotes()) notes.push_back(note);
+      if (const auto fraction = run.Fraction()) {
+        EXPECT_GE(*fraction, lastFraction);
+        lastFraction = *fraction;
+      }
+      if (state == ScriptRun::State::Done) return {};
+      if (state == ScriptRun::State::Failed) return run.Failure();
+    }
+  }
+  /// Nothing of a run is left beside its result.
+  std::vector<std::string> Left() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
+      const std::string name = entry.path().filename().string();
+      if (name.starts_with(".cuewright")) names.push_back(name);
+    }
+    return names;
+  }
+  std::string Bytes(const std::string& name) const { return folder.Bytes(name); }
+
+  TempFolder folder;
+  PosixFiles files;
+  PosixProcesses processes;
+  PosixOutputFiles outputs;
+  std::vector<std::string> notes;
+  double lastFraction = 0;
+};
+
+TEST_F(RunnerRun, BurnsTheTextInWithinAPictureOfItsTimes) {
+  EXPECT_EQ(Run({Burn(FromUtf8(DarkFilm()), folder / "out.avi")}), "");
+  EXPECT_EQ(Probe(Bytes("out.avi"), "stream=codec_name,codec_tag_string,width,height"),
+            "mpeg4,xvid,320,180\nmp3,U[0][0][0]\n");
+  const std::vector<bool> bright = BrightFrames(Bytes("out.avi"));
+  ASSERT_GE(bright.size(), 74u);
+  for (std::size_t i = 0; i < bright.size(); ++i) {
+    if (i == 24 || i == 49 || i == 50) continue;  // a picture to either side is allowed
+    EXPECT_EQ(bright[i], i >= 25 && i < 50) << i;
+  }
+  EXPECT_EQ(lastFraction, 1.0);
+  EXPECT_TRUE(Left().empty());
+  EXPECT_TRUE(notes.empty());
+}
+
+TEST_F(RunnerRun, ResizesTheTextWithThePictureByEachWay) {
+  for (int mode = 0; mode < 4; ++mode) {
+    RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+    job.filters.push_back({PictureFilter::Kind::Resize, true, {}, 96, 64, mode});
+    EXPECT_EQ(Run({job}), "");
+    EXPECT_TRUE(Probe(Bytes("out.avi"), "stream=width,height").starts_with("96,64\n"));
+    const std::vector<bool> bright = BrightFrames(Bytes("out.avi"));
+    EXPECT_TRUE(bright[35]) << mode;
+    EXPECT_FALSE(bright[10]) << mode;
+  }
+}
+
+TEST_F(RunnerRun, ASizeThatXvidDoesNotTakeIsEncodedAllTheSame) {
+  RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+  job.filters.push_back({PictureFilter::Kind::Resize, true, {}, 321, 181, 1});
+  EXPECT_EQ(Run({job}), "");
+  EXPECT_TRUE(
+      Probe(Bytes("out.avi"), "stream=codec_name,codec_tag_string,width,height").starts_with("mpeg4,xvid,321,181\n"));
+}
+
+TEST_F(RunnerRun, ARangeEndsTheFilmEarly) {
+  RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+  job.rangeEnd = 1800;
+  EXPECT_EQ(Run({job}), "");
+  EXPECT_NEAR(std::stod(Probe(Bytes("out.avi"), "format=duration")), 1.24, 0.09);
+  job.rangeStart = 1000;
+  job.rangeEnd = 1000;
+  EXPECT_EQ(Run({job}), "");
+  // The times of the text are those of the film.
+  const std::vector<bool> bright = BrightFrames(Bytes("out.avi"));
+  EXPECT_TRUE(bright[2]);
+  job.rangeEnd = 100000;
+  EXPECT_EQ(Run({job}), "the range leaves nothing of the film");
+}
+
+TEST_F(RunnerRun, AWaveHasTheRateAskedForOrThatOfTheFilm) {
+  EXPECT_EQ(Run({Wave(DarkFilm(), folder / "a.wav", 22050), Wave(DarkFilm(), folder / "b.wav", 0)}), "");
+  EXPECT_EQ(Probe(Bytes("a.wav"), "stream=codec_name,sample_rate,channels"), "pcm_s16le,22050,1\n");
+  EXPECT_EQ(Probe(Bytes("b.wav"), "stream=codec_name,sample_rate,channels"), "pcm_s16le,48000,1\n");
+  EXPECT_NEAR(std::stod(Probe(Bytes("a.wav"), "format=duration")), 3, 0.1);
+}
+
+TEST_F(RunnerRun, SoundIsCopiedIntoAWaveAsItIs) {
+  EXPECT_EQ(Run({Wave(DarkFilm(), folder / "a.wav", 0, false)}), "");
+  EXPECT_EQ(Probe(Bytes("a.wav"), "format=format_name"), "wav\n");
+  EXPECT_EQ(Probe(Bytes("a.wav"), "stream=codec_name"), "mp3\n");
+  EXPECT_TRUE(notes.empty());
+}
+
+TEST_F(RunnerRun, SoundThatAWaveCannotHoldIsKeptAndTold) {
+  EXPECT_EQ(Run({Wave(DarkFilm("libopus"), folder / "a.wav", 0, false)}), "");
+  EXPECT_EQ(Probe(Bytes("a.wav"), "stream=codec_name"), "opus\n");
+  ASSERT_EQ(notes.size(), 1u);
+  EXPECT_NE(notes[0].find("Matroska"), std::string::npos);
+}
+
+TEST_F(RunnerRun, SoundThatAviCannotHoldIsWrittenUncompressedAndTold) {
+  EXPECT_EQ(Run({Burn(FromUtf8(DarkFilm("libopus")), folder / "a.avi")}), "");
+  EXPECT_EQ(Probe(Bytes("a.avi"), "stream=codec_name"), "mpeg4\npcm_s16le\n");
+  EXPECT_EQ(notes.size(), 1u);
+}
+
+TEST_F(RunnerRun, NoNameOfAFileIsEverTakenForAnythingElse) {
+  const std::string names[] = {
+      "-y.avi",           "a:b.avi",       "a'b\"c.avi",    "a\nb.avi",          "$(touch gone).avi",
+      "a;touch gone.avi", "%03d.avi",      "\xFF\xC3.avi",  "[x],scale=8:8.avi", "a\\b.avi",
+      "http://x.avi",     "file:film.avi", "concat:a|b.avi"};
+  const std::string old = std::filesystem::current_path().string();
+  std::filesystem::current_path(folder.Path());
+  std::filesystem::create_directories("http:/");
+  for (const std::string& name : names) {
+    std::filesystem::copy_file(DarkFilm(), name, std::filesystem::copy_options::overwrite_existing);
+    RunJob burn = Burn(FromUtf8(name), FromUtf8("out" + name.substr(name.rfind('/') + 1)));
+    const Text text = FromUtf8("s" + name.substr(name.rfind('/') + 1) + ".ssa");
+    files.WritePrivate(text, OneCaption());
+    burn.filters[0].subtitle = text;
+    RunJob wave = Wave(name, FromUtf8("w" + name.substr(name.rfind('/') + 1)), 8000);
+    EXPECT_EQ(Run({burn, wave}), "") << name;
+    EXPECT_TRUE(BrightFrames(Bytes("out" + name.substr(name.rfind('/') + 1)))[35]) << name;
+    EXPECT_EQ(Probe(Bytes("w" + name.substr(name.rfind('/') + 1)), "stream=sample_rate"), "8000\n") << name;
+  }
+  EXPECT_FALSE(std::filesystem::exists("gone"));
+  EXPECT_TRUE(Left().empty());
+  std::filesystem::current_path(old);
+}
+
+TEST_F(RunnerRun, AFailureLeavesTheOldFileAndNothingElse) {
+  folder.Write("out.avi", "old");
+  EXPECT_EQ(Run({Burn(folder / "no.avi", folder / "out.avi")}), "there is no film " + Bytes("no.avi"));
+  EXPECT_NE(Run({Burn(folder.Write("bad.avi", "no film"), folder / "out.avi")}), "");
+  RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+  job.filters[0].subtitle = folder / "no.ssa";
+  EXPECT_EQ(Run({job}), "File not found: " + Bytes("no.ssa"));
+  EXPECT_NE(Run({Burn(FromUtf8(DarkFilm()), folder / "no/where.avi")}).find("where.avi"), std::string::npos);
+  EXPECT_EQ(folder.Read("out.avi"), "old");
+  EXPECT_TRUE(Left().empty());
+}
+
+TEST_F(RunnerRun, AFilmIsNotWrittenOverItself) {
+  std::filesystem::copy_file(DarkFilm(), Bytes("film.avi"));
+  std::filesystem::create_hard_link(Bytes("film.avi"), Bytes("same.avi"));
+  EXPECT_EQ(Run({Burn(folder / "film.avi", folder / "same.avi")}),
+            "the film can't be written over itself: " + Bytes("film.avi"));
+}
+
+TEST_F(RunnerRun, WritesThroughAPrivateLinkToATargetOfAnyName) {
+  const std::string target = Bytes("o\"u\nt.avi");
+  std::filesystem::create_symlink(target, Bytes("link1.avi"));
+  EXPECT_EQ(Run({Burn(FromUtf8(DarkFilm()), folder / "link1.avi")}), "");
+  EXPECT_TRUE(std::filesystem::is_symlink(Bytes("link1.avi")));
+  EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(target)));
+}
+
+TEST_F(RunnerRun, ARunThatGoesAwayTakesItsPartWithIt) {
+  {
+    std::vector<RunJob> jobs = {Burn(FromUtf8(DarkFilm()), folder / "out.avi")};
+    ScriptRun run({files, processes, outputs, 1252}, std::move(jobs));
+    EXPECT_EQ(run.Step(0), ScriptRun::State::Running);
+    ASSERT_EQ(Left().size(), 1u);
+    struct stat info {};
+    ASSERT_EQ(::stat(Bytes(Left()[0]).c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777, 0600u);
+  }
+  EXPECT_TRUE(Left().empty());
+  EXPECT_FALSE(files.Exists(folder / "out.avi"));
+}
+
+TEST_F(RunnerRun, AResultHasTheRightsOfAnyNewFile) {
+  const mode_t mask = ::umask(022);
+  EXPECT_EQ(Run({Wave(DarkFilm(), folder / "a.wav", 0)}), "");
+  ::umask(mask);
+  struct stat info {};
+  ASSERT_EQ(::stat(Bytes("a.wav").c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0644u);
+}
+
+TEST_F(RunnerRun, TextOfAnotherCodePageIsDrawn) {
+  RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+  job.filters[0].subtitle = folder.Write("k.ssa", OneCaption(204, "\xCF\xF0\xE8\xE2\xE5\xF2"));
+  EXPECT_EQ(Run({job}), "");
+  EXPECT_TRUE(BrightFrames(Bytes("out.avi"))[35]);
+}
+
+}  // namespace
+}  // namespace cuewright
