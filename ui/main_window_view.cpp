@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QStyle>
 #include <QStyleOption>
 #include <QSvgRenderer>
@@ -139,6 +140,11 @@ void MainWindowView::BuildMenus() {
   listMenu_->setObjectName("mnuRclick");
   binder_.FillMenu(*listMenu_, form_.mnuRclick);
   connect(findChild<QAction*>("mnuExit"), &QAction::triggered, this, &QWidget::close);
+  // The desktop's key for the menus; the toolkit knows Alt alone.
+  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] {
+    menuBar()->setFocus(Qt::MenuBarFocusReason);
+    menuBar()->setActiveAction(menuBar()->actions().front());
+  });
 }
 
 void MainWindowView::BuildInformationBar() {

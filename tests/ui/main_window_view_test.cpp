@@ -99,6 +99,16 @@ TEST_F(MainWindowSmoke, TheMenusStandInTheirOrder) {
   EXPECT_FALSE(view->findChild<QAction*>("mnuSave")->isEnabled());
 }
 
+TEST_F(MainWindowSmoke, F10OpensTheFirstMenu) {
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+  QTest::keyClick(view.get(), Qt::Key_F10);
+  const QAction* first = view->menuBar()->actions().front();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return first->menu()->isVisible(); }));
+  EXPECT_EQ(view->menuBar()->activeAction(), first);
+  first->menu()->close();
+}
+
 TEST_F(MainWindowSmoke, LabelsAndButtonsFollowTheForm) {
   program->window.lblTextFile.SetText(u"changed");
   EXPECT_EQ(Find<QLabel>("lblTextFile")->text(), "changed");
