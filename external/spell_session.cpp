@@ -41,7 +41,12 @@ bool SpellLookup::LookUp(const Text& word) {
 }
 
 std::vector<Text> SpellLookup::Suggest(TextView word) {
-  std::vector<Text> suggestions = dictionary_.Suggest(PlainApostrophes(word));
+  const Text plain = PlainApostrophes(word);
+  std::vector<Text> suggestions = dictionary_.Suggest(plain);
+  // They are written as the word is.
+  if (plain != word) {
+    for (Text& one : suggestions) one = ReplaceAll(one, u"'", u"\u2019");
+  }
   std::erase_if(suggestions, [&](const Text& one) { return one.empty() || one == word; });
   return suggestions;
 }

@@ -41,6 +41,7 @@ std::int16_t Number16(TextView text) { return Checked16(RoundToInt32(LeadingNumb
 }  // namespace
 
 Text UpdateListUrl(TextView site, const Version& version) {
+  while (site.ends_with(u'/')) site.remove_suffix(1);
   return Text(site) + Text(kPage) + Decimal(version.major) + Decimal(version.minor) + Decimal(version.revision);
 }
 

@@ -16,7 +16,7 @@ inline constexpr TextView kNoUpdateValue = u"---";
 /// The most bytes of an update list that are read.
 inline constexpr std::uint64_t kLongestUpdateList = std::uint64_t{4} << 20;
 
-/// The address of the update list on a site, without a slash at the site's end.
+/// The address of the update list on a site.
 Text UpdateListUrl(TextView site, const Version& version);
 
 /// The number of this version, in which the minor part weighs ten; run-time error 6 beyond 16 bits.

@@ -55,7 +55,6 @@ void SpellCheck::CheckAll() {
   const bool whole = CheckBlocks();
   opened_.clear();
   if (!whole) return;
-  if (SpellChanged > 0) parts_.list.SetModified();
   resetControls();
   parts_.window.txtSub.SetText(parts_.list.GetCaptionText(parts_.list.Selected(), true));
   TellEnd();
@@ -74,7 +73,8 @@ bool SpellCheck::CheckBlocks() {
     if (word.SpellFailed()) return false;
     parts_.window.lblTextFile.SetText(parts_.strings[117] + u"... (" + Decimal(SpellDone) + u"/" + Decimal(last) +
                                       u")");
-    parts_.ports.events.Yield();
+    // Nothing may come between what was sent and what is stored: the window is painted, and no more.
+    parts_.ports.events.YieldToPainting();
     StoreBlock(SpellFirst, captions, checked);
     SpellFirst += kBlock;
     spellLast = std::min(spellLast + kBlock, last);
@@ -89,6 +89,7 @@ void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const 
   for (std::size_t i = 0; i < cut.size(); ++i) {
     if (!cut[i]) continue;
     parts_.list.SetCaptionText(first + static_cast<Row>(i), *cut[i]);
+    parts_.list.SetModified();
     ++SpellChanged;
   }
 }
@@ -126,7 +127,12 @@ void SpellCheck::OpenDictionary(int index) {
 
 void SpellCheck::Prepare() {
   if (names_.empty()) throw RuntimeError{kErrorFileNotFound, parts_.dictionaries.Missing()};
-  if (dictionary_ < 0) OpenDictionary(PreferredDictionary());
+  if (dictionary_ >= 0) return;
+  parts_.ports.desktop.SetBusy(true);
+  CarryOn step;
+  step([&] { OpenDictionary(PreferredDictionary()); });
+  parts_.ports.desktop.SetBusy(false);
+  if (step.Last()) throw RuntimeError(*step.Last());
 }
 
 bool SpellCheck::UseLanguage(int index, SpellSession& session) {

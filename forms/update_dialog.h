@@ -28,7 +28,7 @@ struct UpdateParts {
   const Locale& locale;
   Web& web;
   Ports ports;
-  std::function<Text()> site;  ///< whom to ask, without a slash at the end; empty: nobody
+  std::function<Text()> site;  ///< whom to ask; empty: nobody
   Text settingsFile;           ///< where a site can be named
   Version version{};           ///< of this program
 };

@@ -158,7 +158,7 @@ std::vector<std::string> HunspellDictionaries::DefaultFolders() {
   AddParts(folders, "XDG_DATA_HOME", "/hunspell");
   if (std::getenv("XDG_DATA_HOME") == nullptr) AddParts(folders, "HOME", "/.local/share/hunspell");
   AddParts(folders, "XDG_DATA_DIRS", "/hunspell");
-  for (const char* folder : {"/usr/local/share/hunspell", "/usr/share/hunspell", "/usr/share/myspell/dicts"}) {
+  for (const char* folder : {"/usr/local/share/hunspell", "/usr/share/myspell/dicts", "/usr/share/hunspell"}) {
     folders.emplace_back(folder);
   }
   return folders;
@@ -218,7 +218,8 @@ std::unique_ptr<SpellDictionary> HunspellDictionaries::Open(TextView name) const
 
 Text HunspellDictionaries::Missing() const {
   if (Api() == nullptr) return u"Hunspell is not installed: " + FromUtf8(libraries_.empty() ? "" : libraries_.front());
-  return u"No spelling dictionary is installed in " + FromUtf8(folders_.empty() ? "" : folders_.back());
+  return u"No spelling dictionary is installed in " + FromUtf8(folders_.empty() ? "" : folders_.back()) +
+         u"; Debian has them in packages such as hunspell-en-us";
 }
 
 Text HunspellDictionaries::DisplayName(TextView name) const {

@@ -250,6 +250,12 @@ TEST_F(Session, SuggestionsAreNeverTheWordItself) {
   EXPECT_EQ(lookup.Suggest(u"teh"), (std::vector<Text>{u"the", u"ten"}));
 }
 
+TEST_F(Session, SuggestionsHaveTheApostrophesOfTheWord) {
+  dictionary.suggestions[u"dnt'"] = {u"don't"};
+  EXPECT_EQ(lookup.Suggest(u"dnt'"), std::vector<Text>{u"don't"});
+  EXPECT_EQ(lookup.Suggest(u"dnt\u2019"), std::vector<Text>{u"don\u2019t"});
+}
+
 struct UserWordsFile : ::testing::Test {
   PosixFiles files;
   testing::TempFolder folder;

@@ -16,6 +16,7 @@ namespace {
 TEST(UpdateList, ItsAddressEndsInTheJoinedPartsOfTheVersion) {
   EXPECT_EQ(UpdateListUrl(u"https://a.example", {1, 2, 5}),
             u"https://a.example/files/updates.php?idprod=qxm&version=125");
+  EXPECT_EQ(UpdateListUrl(u"http://a/b//", {0, 0, 1}), u"http://a/b/files/updates.php?idprod=qxm&version=001");
   EXPECT_EQ(UpdateListUrl(u"http://a", {1, 10, 0}), u"http://a/files/updates.php?idprod=qxm&version=1100");
 }
 

@@ -94,6 +94,7 @@ TEST_F(Spelling, ADictionaryThatCantBeReadEndsItInTheSameMessage) {
   Check({u"teh"});
   ASSERT_EQ(boxes.shown.size(), 1u);
   EXPECT_EQ(boxes.shown[0].text, kFailed + u"It can't be read.)");
+  EXPECT_FALSE(desktop.busy);
 }
 
 TEST_F(Spelling, WithNoRowsChangedOnlyItsEndIsTold) {
@@ -147,6 +148,7 @@ TEST_F(Spelling, TheWholeCheckIsOneStepOfUndo) {
   EXPECT_FALSE(program->document.DocModified);
   Window().mnuRedo.Click();
   EXPECT_EQ(Captions(), std::vector<Text>(1200, u"the one"));
+  EXPECT_TRUE(program->document.DocModified);
 }
 
 TEST_F(Spelling, TwoChecksAreTwoSteps) {

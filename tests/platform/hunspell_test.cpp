@@ -113,7 +113,8 @@ TEST_F(Hunspell, WithoutItsLibraryThereAreNoDictionaries) {
 }
 
 TEST_F(Hunspell, WithoutADictionaryItSaysWhereTheyBelong) {
-  EXPECT_EQ(Dictionaries().Missing(), u"No spelling dictionary is installed in " + folder / "");
+  EXPECT_EQ(Dictionaries().Missing(), u"No spelling dictionary is installed in " + folder / "" +
+                                          u"; Debian has them in packages such as hunspell-en-us");
 }
 
 TEST_F(Hunspell, AFolderThatComesFirstCounts) {
