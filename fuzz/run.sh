@@ -16,6 +16,7 @@ run_one() {
     catalogue) from=$seeds/catalogue longest=65536 ;;
     wave) from=$seeds/wave longest=65536 ;;
     registry) from=$seeds/registry longest=4096 ;;
+    script) from=$seeds/script longest=8192 ;;
     update) from=$seeds/update longest=4096 ;;
     *) from=$root/tests/data/formats longest=16384 ;;
   esac
@@ -32,12 +33,12 @@ fi
 
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import catalogue encodings round_trip wave journal registry update}
+names=${*:-import catalogue encodings round_trip wave journal registry update script}
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers
 
-mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry" "$seeds/update"
+mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry" "$seeds/update" "$seeds/script"
 { cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
 # A second of 8000 Hz and 16 bits, and one of 8 bits.
 { printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\200\076\0\0\002\0\020\0data\200\076\0\0'
@@ -49,6 +50,15 @@ printf '%s\r\n' REGEDIT4 '' '[HKEY_CURRENT_USER\Software\Test]' '@="default"' '"
 
 printf '%s\n' '[CUEWRITE]' version=1.2.6 'date=21 November' year=2026 month=11 day=21 '<log>' ' - new' '</log>' \
   >"$seeds/update/list"
+
+# The two scripts of the wizards.
+printf 'VirtualDub.%s\r\n' 'Open("/a b.avi",0,0);' 'audio.SetSource(1);' 'audio.SetMode(0);' \
+  'audio.SetConversion(0,0,0,0,0);' 'video.SetDepth(24,24);' 'video.SetCompression(0x64697678,0,10000,0);' \
+  'video.SetRange(0,240000);' 'video.filters.Clear();' 'video.filters.Add("subtitler");' \
+  'video.filters.instance[0].Config(1, "/t.ssa", 0, 0);' 'video.filters.Add("resize");' \
+  'video.filters.instance[1].Config(352,240,2);' 'SaveAVI("/a[sub].avi");' 'Close();' >"$seeds/script/embed"
+printf 'VirtualDub.%s\r\n' 'Open("Z:\\\\a.avi",0,0);' 'audio.SetMode(1);' 'audio.SetConversion(22050,0,0);' \
+  'SaveWAV("/a.wav");' >"$seeds/script/extract"
 
 # Any that fails makes xargs fail.
 printf '%s\n' $names | xargs -P "$(nproc)" -n 1 "$0" --one "$seconds"

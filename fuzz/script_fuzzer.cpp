@@ -1,0 +1,57 @@
+// The reader of the runner's scripts: whatever it takes can be carried out, whatever it refuses is told with a line.
+#include <string>
+
+#include "fuzz/engine.h"
+#include "runner/plan.h"
+#include "runner/progress.h"
+#include "runner/script.h"
+
+using namespace cuewright;
+using cuewright::fuzz::Demand;
+
+namespace {
+
+void CheckJob(const RunJob& job) {
+  Demand(!job.source.empty() && !job.target.empty(), "a job without its files");
+  Demand(job.line > 0 && job.rangeStart >= 0 && job.rangeEnd >= 0, "a job out of its limits");
+  JobWay way;
+  way.duration = 600000;
+  const std::vector<Text> words = FfmpegArguments(job, way, u"/part");
+  Demand(words.back() == u"file:/part", "the part isn't what is written");
+  std::size_t filters = 0;
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (words[i] == u"-i") Demand(words[i + 1] == u"file:" + job.source, "the film isn't what is read");
+    if (words[i] != u"-vf") continue;
+    ++filters;
+    for (const char16_t unit : words[i + 1]) {
+      const bool plain = (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9');
+      Demand(plain || TextView(u"=.,:+_").find(unit) != TextView::npos, "a text of the script in a filter");
+    }
+  }
+  Demand(filters <= 1, "two chains of filters");
+  for (const PictureFilter& filter : job.filters) {
+    Demand(job.kind == RunJob::Kind::Wave || filter.configured, "a filter without its values");
+    Demand(filter.mode >= 0 && filter.mode < 4, "a mode out of its limits");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  const Script script = ReadScript(bytes);
+  Demand(script.problem.has_value() == script.jobs.empty(), "neither jobs nor a problem");
+  if (script.problem) {
+    Demand(script.problem->line > 0 && !script.problem->problem.empty(), "a problem without its line");
+  }
+  for (const RunJob& job : script.jobs) CheckJob(job);
+  FfmpegLog log;
+  log.TakeErrors(bytes);
+  log.TakeOutput(bytes);
+  for (const char c : Printable(bytes, true)) Demand(c == '\n' || static_cast<unsigned char>(c) >= 0x20, "a control");
+  const auto line = ReadWindowLine(bytes);
+  if (line && line->kind == WindowLine::Kind::Progress && line->progress.fraction) {
+    Demand(*line->progress.fraction >= 0 && *line->progress.fraction <= 1, "a fraction out of its limits");
+  }
+  return 0;
+}
