@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QIcon>
 #include <QSocketNotifier>
 #include <array>
 #include <cerrno>
@@ -18,6 +19,7 @@
 #include "ui/color_scheme.h"
 #include "ui/qt_ports.h"
 #include "ui/run_view.h"
+#include "ui/svg_picture.h"
 
 namespace {
 
@@ -66,6 +68,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("tessaly-cuewright");
   QApplication::setDesktopFileName("tessaly-cuewright");
+  LoadIcons();
+  QApplication::setWindowIcon(QIcon(":/cuewright.svg"));
   const ColorScheme colorScheme;
   const UserStrings user;
   RunWindow form(user.Strings());
