@@ -47,7 +47,7 @@ constexpr double kMostRate = 48000;
 
 /// The line filled in; empty where it isn't written.
 Text FilledLine(std::size_t line, const EmbedValues& values) {
-  const Text text(kLines[line]);
+  Text text(kLines[line]);
   switch (line) {
     case kOpen:
       return ReplaceFirst(text, u"[SRCVID]", values.source);

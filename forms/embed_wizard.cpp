@@ -153,6 +153,7 @@ void EmbedWizard::ApplyTexts() {
   sldPreview.SetSpokenName(s[389]);
   cmbFormat.SetItems({u"AVI (XviD)"});
   std::vector<Text> sizes;
+  sizes.reserve(kResolutions.size());
   for (const Resolution& size : kResolutions) sizes.emplace_back(size.entry);
   sizes.front() = s[397];
   sizes.back() = s[398];

@@ -112,6 +112,8 @@ void EmbedWizard::WriteScript() {
   p_.ports.events.WaitMs(kWaitMs);
   SetWorking(false);
   FocusRequested(cmdNext);
+  // The focus went on to a button with a hint of its own meanwhile.
+  ShowStepHint();
   const bool avi = ToLower(p_.document.VideoPath).ends_with(u"avi");
   for (Control* control : std::initializer_list<Control*>{&imgNotice, &lblNotice, &lblNote1, &lblNote2, &lblConvert}) {
     control->SetVisible(avi);

@@ -16,7 +16,7 @@ constexpr TextView kRunnerFolder = u"vdrun/";
 Text WithoutDots(TextView caption) { return ReplaceAll(caption, u"...", {}); }
 
 Text WizardTool::TakeStored() {
-  const Text folder = p_.store.GetSetting(kMainSection, kFolderKey, p_.folders.AppFolder + Text(kRunnerFolder));
+  Text folder = p_.store.GetSetting(kMainSection, kFolderKey, p_.folders.AppFolder + Text(kRunnerFolder));
   Take(folder);
   return folder;
 }
@@ -29,7 +29,7 @@ void WizardTool::Store(TextView folder) {
 }
 
 Text WizardTool::AskFolder() {
-  const Text folder = BrowseForFolder(p_.ports.pickers, p_.strings[401]);
+  Text folder = BrowseForFolder(p_.ports.pickers, p_.strings[401]);
   if (folder.size() <= 1) return {};
   if (FindVideoTool(p_.ports.files, folder).kind != VideoTool::Kind::None) return folder;
   const MessageBox box{p_.strings[403], BoxIcon::Warning, BoxButtons::YesNo};

@@ -18,6 +18,7 @@
 namespace cuewright {
 namespace {
 
+constexpr int kGap = 8;
 constexpr int kDetailsWidth = 280;
 constexpr int kFrameLines = 4;
 constexpr int kNotesWidth = 420;
@@ -124,6 +125,7 @@ void EmbedView::MakeOutputPage(QGridLayout& stack) {
   grid->addWidget(MakeLabel("lblRes", page), 3, 1, 1, 2);
   grid->addWidget(Named(new QComboBox(page), "cmbResolution"), 4, 1, 1, 2);
   auto* size = new QHBoxLayout;
+  size->setSpacing(kGap);
   size->addWidget(MakeLabel("lblSize", page));
   for (const char* name : {"txtWidth", "txtHeight"}) {
     auto* box = Named(new QLineEdit(page), name);
@@ -139,6 +141,7 @@ void EmbedView::MakeOutputPage(QGridLayout& stack) {
   grid->addWidget(MakeIcon(":/preview.svg", "imgPreview", page), 8, 0, 2, 1, Qt::AlignTop);
   grid->addWidget(Named(new QCheckBox(page), "chkPreview"), 8, 1, 1, 2);
   auto* preview = new QHBoxLayout;
+  preview->setSpacing(kGap);
   auto* slider = Named(new QSlider(Qt::Horizontal, page), "sldPreview");
   preview->addWidget(slider, 1);
   QLabel* value = MakeLabel("lblPreview", page);

@@ -10,6 +10,11 @@
 #include "ui/svg_picture.h"
 
 namespace cuewright {
+namespace {
+
+constexpr int kGap = 8;
+
+}  // namespace
 
 QVBoxLayout* WizardView::MakePage(QGridLayout& stack, std::size_t index) {
   auto* page = new QWidget(this);
@@ -37,6 +42,7 @@ QWidget* WizardView::MakeLink(const char* name, QWidget* parent) { return Named(
 
 void WizardView::AddPathRow(QVBoxLayout& column, const char* box, const char* button) {
   auto* row = new QHBoxLayout;
+  row->setSpacing(kGap);
   auto* line = Named(new QLineEdit(column.parentWidget()), box);
   line->setMinimumWidth(340);
   row->addWidget(line, 1);
@@ -46,6 +52,7 @@ void WizardView::AddPathRow(QVBoxLayout& column, const char* box, const char* bu
 
 QBoxLayout* WizardView::MakeWizardButtons() {
   QBoxLayout* row = MakeButtons({"", "cmdBack", "cmdNext", "cmdCancel"});
+  row->setSpacing(kGap);
   for (const char* name : {"cmdBack", "cmdNext", "cmdCancel"}) {
     findChild<QPushButton*>(name)->setAutoDefault(name == QString("cmdNext"));
   }
