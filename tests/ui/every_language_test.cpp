@@ -55,10 +55,23 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
     return ToUtf8(program->options.Language) + " " + window.objectName().toStdString() + " ";
   }
 
+  /// Leaves a picture of the window in the folder that the environment names, if it does: sheets are made of them.
+  void Keep(QWidget& window) {
+    const QString sheets = qEnvironmentVariable("CUEWRIGHT_SHEETS");
+    if (sheets.isEmpty()) return;
+    const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+    const QString name = QString("%1/%2_%3_%4.png")
+                             .arg(sheets, QString::fromStdString(ToUtf8(ToLower(program->options.Language))))
+                             .arg(QString(test->name()).section('/', 0, 0))
+                             .arg(++kept_, 2, 10, QChar('0'));
+    EXPECT_TRUE(window.grab().save(name)) << name.toStdString();
+  }
+
   /// No visible text of a window has less room than it needs, the window fits a small screen, and it is mirrored
   /// in a language that is read from the right.
   void Check(QWidget& window) {
     QCoreApplication::sendPostedEvents();
+    Keep(window);
     EXPECT_EQ(window.layoutDirection(), program->languages.IsRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight)
         << Where(window);
     const QSize size = window.size();
@@ -114,6 +127,9 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
   }
 
   std::unique_ptr<MainWindowView> view;
+
+ private:
+  int kept_ = 0;
 };
 
 TEST_P(EveryLanguage, HasRoomInTheMainWindow) {
@@ -174,6 +190,35 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheHelpMenu) {
   Look(Window().mnuHelpTopics);
   Look(Window().mnuAbout);
   Look(Window().mnuUpdate);
+}
+
+TEST_P(EveryLanguage, HasRoomOnThePagesOfTheWizards) {
+  program->document.SubtitlePath = folder.Write("a.ssa", "[Script Info]");
+  program->document.VideoPath = folder.Write("a.avi", "RIFF");
+  std::vector<std::function<void()>> states;
+  const auto pages = [&](auto& wizard) {
+    states.clear();
+    for (std::size_t shown = 0; shown < wizard.picStep.size(); ++shown) {
+      states.emplace_back([&wizard, shown] {
+        for (std::size_t page = 0; page < wizard.picStep.size(); ++page) wizard.picStep[page].SetVisible(page == shown);
+      });
+    }
+  };
+  EmbedWizard& embed = program->embedWizard;
+  pages(embed);
+  states.emplace_back([&] {
+    for (Control* control : std::initializer_list<Control*>{&embed.imgNotice, &embed.lblNotice, &embed.lblNote1,
+                                                            &embed.lblNote2, &embed.lblConvert}) {
+      control->SetVisible(true);
+    }
+  });
+  for (const std::size_t hint : {369, 372, 375, 377, 379, 385, 386, 388, 390, 392, 396}) {
+    states.emplace_back([&, hint] { embed.ShowEmbedDetails(program->strings[hint]); });
+  }
+  states.emplace_back([&] { embed.ShowEmbedDetails(program->strings[391] + u"\r\n\r\n" + program->strings[395]); });
+  Look(Window().mnuEmbed, states);
+  pages(program->audioWizard);
+  Look(Window().mnuAudioExtract, states);
 }
 
 TEST_P(EveryLanguage, HasRoomInTheMissingPlayersScreen) {
