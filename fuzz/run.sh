@@ -57,7 +57,7 @@ printf 'VirtualDub.%s\r\n' 'Open("/a b.avi",0,0);' 'audio.SetSource(1);' 'audio.
   'video.SetRange(0,240000);' 'video.filters.Clear();' 'video.filters.Add("subtitler");' \
   'video.filters.instance[0].Config(1, "/t.ssa", 0, 0);' 'video.filters.Add("resize");' \
   'video.filters.instance[1].Config(352,240,2);' 'SaveAVI("/a[sub].avi");' 'Close();' >"$seeds/script/embed"
-printf 'VirtualDub.%s\r\n' 'Open("Z:\\\\a.avi",0,0);' 'audio.SetMode(1);' 'audio.SetConversion(22050,0,0);' \
+printf 'VirtualDub.%s\r\n' 'Open("Z:\\a.avi",0,0);' 'audio.SetMode(1);' 'audio.SetConversion(22050,0,0);' \
   'SaveWAV("/a.wav");' >"$seeds/script/extract"
 
 # Any that fails makes xargs fail.
