@@ -83,6 +83,8 @@ void AddFilm(Words& words, const RunJob& job, const JobWay& way) {
 
 void AddWave(Words& words, const RunJob& job, const JobWay& way) {
   Add(words, {u"-map", u"0:a:0", u"-c:a", job.soundDecoded ? TextView(u"pcm_s16le") : TextView(u"copy")});
+  // Readers of waves, the Audio bar among them, know one or two channels.
+  if (job.soundDecoded) Add(words, {u"-af", u"aformat=channel_layouts=mono|stereo"});
   if (job.soundDecoded && job.sampleRate > 0) Add(words, {u"-ar", Decimal(job.sampleRate)});
   // Nothing but the sound: the header of a wave is the plain one then, which every reader knows.
   Add(words, {u"-map_metadata", u"-1", u"-fflags", u"+bitexact", u"-flags:a", u"+bitexact", u"-f",

@@ -127,6 +127,19 @@ TEST_F(RunnerRun, AWaveHasTheRateAskedForOrThatOfTheFilm) {
   EXPECT_NEAR(std::stod(Probe(Bytes("a.wav"), "format=duration")), 3, 0.1);
 }
 
+TEST_F(RunnerRun, AWaveHasOneChannelOrTwo) {
+  for (const auto& [layout, channels] : {std::pair{"mono", "1\n"}, {"stereo", "2\n"}, {"5.1", "2\n"}}) {
+    const std::string film = Bytes(std::string(layout) + ".avi");
+    testing::Output({"ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", "color=s=64x64:r=25:d=1", "-f", "lavfi",
+                     "-i", "anullsrc=r=48000:cl=" + std::string(layout), "-t", "1", "-c:v", "mpeg4", "-c:a", "ac3",
+                     film});
+    EXPECT_EQ(Run({Wave(film, folder / "a.wav", 0)}), "");
+    EXPECT_EQ(Probe(Bytes("a.wav"), "stream=channels"), channels) << layout;
+    // The plain header, whose samples begin at byte 44.
+    EXPECT_EQ(folder.Read("a.wav").substr(36, 4), "data");
+  }
+}
+
 TEST_F(RunnerRun, SoundIsCopiedIntoAWaveAsItIs) {
   EXPECT_EQ(Run({Wave(DarkFilm(), folder / "a.wav", 0, false)}), "");
   EXPECT_EQ(Probe(Bytes("a.wav"), "format=format_name"), "wav\n");
