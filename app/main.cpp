@@ -17,6 +17,7 @@
 #include "platform/user_folders.h"
 #include "ui/color_scheme.h"
 #include "ui/dialog_windows.h"
+#include "ui/joined_letters.h"
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
@@ -55,6 +56,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("tessaly-cuewright");
   QApplication::setQuitOnLastWindowClosed(false);
   LoadIcons();
+  QApplication::setStyle(new JoinedLetters(QApplication::style()->objectName()));
   const ColorScheme colorScheme;
   // The player's library and the number formats need the plain decimal point.
   std::setlocale(LC_NUMERIC, "C");

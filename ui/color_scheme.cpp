@@ -7,6 +7,8 @@
 #include <QDBusVariant>
 #include <QStyle>
 
+#include "ui/joined_letters.h"
+
 namespace cuewright {
 namespace {
 
@@ -97,9 +99,9 @@ void ColorScheme::Apply(bool dark) {
   if (dark == dark_ || (dark && IsDark(own_))) return;
   dark_ = dark;
   // The other styles draw their own light surfaces whatever the colours say.
-  if (dark && ownStyle_ != "fusion") QApplication::setStyle("fusion");
+  if (dark && ownStyle_ != "fusion") QApplication::setStyle(new JoinedLetters("fusion"));
   QApplication::setPalette(dark ? DarkPalette() : QPalette());
-  if (!dark && ownStyle_ != "fusion") QApplication::setStyle(ownStyle_);
+  if (!dark && ownStyle_ != "fusion") QApplication::setStyle(new JoinedLetters(ownStyle_));
 }
 
 }  // namespace cuewright

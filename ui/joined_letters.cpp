@@ -1,0 +1,70 @@
+#include "ui/joined_letters.h"
+
+#include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+
+namespace cuewright {
+namespace {
+
+constexpr qreal kOneLine = 10'000;  // wider than any caption
+
+bool HasJoinedLetters(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar c) { return c.joiningType() == QChar::Joining_Dual; });
+}
+
+/// A caption without its mark, and where the letter of the access key stands in it (-1 without one).
+struct Caption {
+  QString text;
+  int key = -1;
+};
+
+Caption ReadCaption(const QString& marked) {
+  Caption caption;
+  for (int at = 0; at < marked.size(); ++at) {
+    if (marked[at] == '&' && at + 1 < marked.size()) {
+      ++at;
+      if (marked[at] != '&' && caption.key < 0) caption.key = static_cast<int>(caption.text.size());
+    }
+    caption.text += marked[at];
+  }
+  return caption;
+}
+
+/// The line below the letter, in the coordinates of a text that begins at its top left.
+QRectF Underline(const Caption& caption, const QPainter& painter) {
+  QTextLayout layout(caption.text, painter.font(), painter.device());
+  QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+  option.setTextDirection(painter.layoutDirection());
+  layout.setTextOption(option);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  line.setLineWidth(kOneLine);
+  layout.endLayout();
+  const qreal first = line.cursorToX(caption.key);
+  const qreal last = line.cursorToX(caption.key + 1);
+  const QFontMetricsF metrics = painter.fontMetrics();
+  const qreal top = metrics.ascent() + metrics.underlinePos();
+  return {std::min(first, last), top, std::abs(last - first), std::max(metrics.lineWidth(), 1.0)};
+}
+
+}  // namespace
+
+JoinedLetters::JoinedLetters(const QString& style) : QProxyStyle(style) { setObjectName(style); }
+
+void JoinedLetters::drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colours, bool enabled,
+                                 const QString& text, QPalette::ColorRole role) const {
+  const bool marked = (flags & Qt::TextShowMnemonic) != 0 && (flags & Qt::TextHideMnemonic) == 0;
+  const Caption caption = marked && HasJoinedLetters(text) ? ReadCaption(text) : Caption();
+  if (caption.key < 0) {
+    QProxyStyle::drawItemText(painter, area, flags, colours, enabled, text, role);
+    return;
+  }
+  const int plain = flags & ~Qt::TextShowMnemonic;
+  QProxyStyle::drawItemText(painter, area, plain, colours, enabled, caption.text, role);
+  const QRect bounds = painter->boundingRect(area, plain, caption.text);
+  const QBrush brush = role == QPalette::NoRole ? painter->pen().brush() : colours.brush(role);
+  painter->fillRect(Underline(caption, *painter).translated(bounds.topLeft()), brush);
+}
+
+}  // namespace cuewright
