@@ -239,12 +239,23 @@ Text ReplaceFirst(TextView text, TextView from, TextView to) {
   return result;
 }
 
+Text InItsOrder(TextView text, TextView value) {
+  constexpr char16_t kLeftToRight = 0x2066;
+  constexpr char16_t kEnd = 0x2069;
+  const bool rightToLeft = std::ranges::any_of(text, [](char16_t unit) {
+    const UCharDirection direction = u_charDirection(unit);
+    return direction == U_RIGHT_TO_LEFT || direction == U_RIGHT_TO_LEFT_ARABIC;
+  });
+  if (!rightToLeft || !value.starts_with(u'/')) return Text(value);
+  return kLeftToRight + Text(value) + kEnd;
+}
+
 Text Fill(TextView text, TextView first, TextView second) {
   Text result;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const TextView mark = text.substr(at, 2);
     if (mark == u"%1" || (mark == u"%2" && second.data() != nullptr)) {
-      result += mark == u"%1" ? first : second;
+      result += InItsOrder(text, mark == u"%1" ? first : second);
       ++at;
     } else {
       result += text[at];

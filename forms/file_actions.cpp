@@ -263,7 +263,7 @@ void FileActions::SaveDocument() {
   const Text path = p_.document.SubtitlePath;
   p_.recall.SavePath(path);
   p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
-  p_.window.lblTextFile.SetText(p_.strings[48] + ToLower(path));
+  p_.window.lblTextFile.SetText(p_.strings[48] + InItsOrder(p_.strings[48], ToLower(path)));
   Left();
   if (p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow))) Saved();
 }

@@ -158,7 +158,7 @@ void Shell::RefreshFileLabels() {
   window_.lblTextFile.SetText(!document              ? strings_[24]
                               : !document_.HasFile() ? strings_[12]
                                                      : strings_[48] + FileNameOf(document_.SubtitlePath));
-  window_.lblVideoFile.SetText(video ? strings_[49] + document_.VideoPath : strings_[25]);
+  window_.lblVideoFile.SetText(video ? strings_[49] + InItsOrder(strings_[49], document_.VideoPath) : strings_[25]);
 }
 
 void Shell::UpdateBars() {
