@@ -55,6 +55,7 @@ void RunDelayDialog(DelayDialog& form, QWidget* owner) {
   grid->addWidget(result, 4, 0, 1, 2);
   grid->addWidget(MakeLabel("lblDetail", &dialog), 5, 0, 1, 2);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
   buttons->addStretch();
   for (const char* name : {"cmdApply", "cmdCancel"}) {
     auto* button = new QPushButton(&dialog);

@@ -8,6 +8,11 @@
 #include "ui/sample_area.h"
 
 namespace cuewright {
+namespace {
+
+constexpr int kButtonGap = 8;
+
+}  // namespace
 
 QString Indexed(const char* name, std::size_t index) { return QString("%1(%2)").arg(name).arg(index); }
 
@@ -91,6 +96,7 @@ QLabel* DialogView::MakeHeading(const char* name, QWidget* parent) {
 
 QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names) {
   auto* row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
   for (const char* name : names) {
     if (*name == '\0') {
       row->addStretch();

@@ -208,6 +208,7 @@ QWidget* MainWindowView::MakeTimeRow() {
   }
   auto* line = group();
   auto* caption = Named(new QLabel(panel), "lblPosition");
+  caption->setMinimumHeight(panel->findChild<QLineEdit*>("txtTime(0)")->sizeHint().height());  // on the boxes' line
   auto* time = Named(new QLabel(panel), "lblTime");
   auto* text = Named(new QLabel(panel), "lblStringPos");
   time->setMinimumWidth(time->fontMetrics().horizontalAdvance("00000000"));
