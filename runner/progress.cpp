@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 
 #include "core/text.h"
@@ -33,7 +34,7 @@ std::string_view ReadNumber(std::string_view text, Number& number) {
 std::optional<std::int64_t> TimeLeft::Of(std::optional<double> fraction, std::int64_t elapsedMs) {
   if (!fraction || *fraction < kEnoughDone || elapsedMs < kEnoughMs) return std::nullopt;
   const double left = static_cast<double>(elapsedMs) * (1 - *fraction) / *fraction;
-  return static_cast<std::int64_t>(left / 1000 + 0.5);
+  return std::llround(left / 1000);
 }
 
 std::string TimeLeftText(std::int64_t seconds) {
