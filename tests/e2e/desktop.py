@@ -3,6 +3,7 @@ and sends keys and pointer events from outside with xdotool."""
 
 import os
 import subprocess
+import tempfile
 import time
 
 import pyatspi
@@ -42,7 +43,12 @@ class Program:
     """The running program."""
 
     def __init__(self, binary, arguments, environment):
-        self.environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1", **environment)
+        # Nothing of the user who runs the tests is read or written: no settings, journals, sounds or words.
+        self.home = tempfile.TemporaryDirectory()
+        folders = {name: os.path.join(self.home.name, name.lower())
+                   for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME")}
+        self.environment = {**os.environ, **folders, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ACCESSIBILITY": "1",
+                            **environment}
         self.process = subprocess.Popen([binary, *arguments], env=self.environment)
 
     def application(self):
