@@ -427,6 +427,8 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   if (widget != (focus != nullptr ? focus : this)) return false;
   KeyEvent key = KeyEventOf(*static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::KeyPress) {
+    // An open menu hands on what none of its items has.
+    if (QApplication::activePopupWidget() != nullptr) return false;
     program_.capture.OnKeyDown(key);
   } else if (!IsKeyStillDown(static_cast<QKeyEvent*>(event)->nativeScanCode())) {
     program_.capture.OnKeyUp(key);

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -176,6 +177,20 @@ TEST_F(MainWindowKeys, AShortcutKeyHoldsAndItsReleaseEnds) {
   At(11);
   QTest::keyRelease(Table(), Qt::Key_B);
   EXPECT_EQ(List().At(1), (Caption{10000, 11000, u"line 1"}));
+}
+
+TEST_F(MainWindowKeys, AKeyPressedInAnOpenMenuIsTheMenus) {
+  Timed(3);
+  At(10);
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+  QTest::keyClick(view.get(), Qt::Key_F10);
+  QMenu* menu = view->menuBar()->actions().front()->menu();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return menu->isVisible(); }));
+  // The menu hands a key that none of its items has to the bar.
+  QTest::keyPress(menu, Qt::Key_B);
+  EXPECT_FALSE(program->capture.Capturing());
+  menu->close();
 }
 
 TEST_F(MainWindowKeys, AKeyTypedInTheTextPaneGoesIntoTheText) {
