@@ -15,6 +15,7 @@ void Program::ConnectWizards() {
     preview.SetPreviewMode(false);
     files.resetControls();
     files.DocumentClosed();
+    notices.Clear();
   };
 }
 
