@@ -21,14 +21,15 @@ QLabel* MakeLabel(const char* name, QWidget* parent) {
 }
 
 /// A bar and what it stands for, with room for the longest that it can say.
-void AddBar(QGridLayout& grid, int row, const char* bar, const char* label, int pageStep, QWidget* parent) {
+void AddBar(QGridLayout& grid, int row, const char* bar, const Label& label, int pageStep, QWidget* parent) {
   auto* slider = new QSlider(Qt::Horizontal, parent);
   slider->setObjectName(bar);
   slider->setPageStep(pageStep);
   slider->setMinimumWidth(300);
   grid.addWidget(slider, row, 0);
-  QLabel* value = MakeLabel(label, parent);
-  value->setMinimumWidth(value->fontMetrics().horizontalAdvance("-990 milliseconds") + 16);
+  QLabel* value = MakeLabel(label.Name().c_str(), parent);
+  // It opens on "0 minutes" in the language in force.
+  value->setMinimumWidth(value->fontMetrics().horizontalAdvance("-99" + ToQt(label.GetText())) + 16);
   grid.addWidget(value, row, 1);
 }
 
@@ -45,9 +46,9 @@ void RunDelayDialog(DelayDialog& form, QWidget* owner) {
   QLabel* title = MakeLabel("lblTitle", &dialog);
   title->setWordWrap(true);
   grid->addWidget(title, 0, 0, 1, 2);
-  AddBar(*grid, 1, "sldMin", "lblMin", 10, &dialog);
-  AddBar(*grid, 2, "sldSec", "lblSec", 10, &dialog);
-  AddBar(*grid, 3, "sldMs", "lblMs", 10, &dialog);
+  AddBar(*grid, 1, "sldMin", form.lblMin, 10, &dialog);
+  AddBar(*grid, 2, "sldSec", form.lblSec, 10, &dialog);
+  AddBar(*grid, 3, "sldMs", form.lblMs, 10, &dialog);
   QLabel* result = MakeLabel("lblResult", &dialog);
   QFont bold = result->font();
   bold.setBold(true);
