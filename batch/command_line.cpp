@@ -34,12 +34,14 @@ Problem SetText(Request& request, const std::string& value) {
   constexpr std::string_view kClassicPage = "classic:";
   if (value == "auto" || value == "classic") {
     request.text = TextChoice{value == "classic", 0};
+    request.classic = request.classic || request.text->classic;
     return {};
   }
   const std::string_view page =
       value.starts_with(kClassicPage) ? std::string_view(value).substr(kClassicPage.size()) : std::string_view();
   if (AllDigits(page) && page.size() <= 5 && page != "0") {
     request.text = TextChoice{true, std::stoi(std::string(page))};
+    request.classic = true;
     return {};
   }
   return "--text takes auto, classic or classic:CODEPAGE, not " + Quoted(value);
@@ -75,6 +77,11 @@ Problem SetSetting(Request& request, const std::string& value) {
 
 Problem SetSettingsFile(Request& request, const std::string& value) {
   request.settingsFile = FromUtf8(value);
+  return {};
+}
+
+Problem SetClassic(Request& request, const std::string&) {
+  request.classic = true;
   return {};
 }
 
@@ -139,6 +146,7 @@ constexpr std::array kCommonOptions = {
     Option{"--separator", true, SetSeparator},
     Option{"--set", true, SetSetting},
     Option{"--settings", true, SetSettingsFile},
+    Option{"--classic", false, SetClassic},
     Option{"--json", false, SetJson},
     Option{"--quiet", false, SetQuiet},
 };

@@ -37,6 +37,7 @@ struct Request {
   std::optional<Text> separator;
   std::optional<Text> settingsFile;
   std::vector<SettingValue> settings;
+  bool classic = false;  ///< the classic manner
   bool json = false;
   bool quiet = false;
 

@@ -70,6 +70,7 @@ constexpr std::string_view kCommon =
     "  --fps N             frame rate of files that count frames, 15 to 30 (default 25)\n"
     "  --text HOW          auto: UTF-8 and UTF-16 are recognised; classic: 8-bit text in the\n"
     "                      locale's code page; classic:NNN: in code page NNN\n"
+    "  --classic           work in the classic manner; --text classic implies it\n"
     "  --catalogue DIR     folder of formats.dat and formats.ini (default: the program's own)\n"
     "  --separator TEXT    what stands for a line break inside a caption (default |)\n"
     "  --set SECTION/KEY=VALUE\n"

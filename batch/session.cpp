@@ -34,6 +34,7 @@ bool Session::ReadSettings() {
   }
   settings_ = std::make_unique<RunSettings>(request_.settings, stored_.get());
   LoadSettings(*settings_, options_);
+  if (request_.classic) options_.manner.SetClassic(true);
   if (request_.separator) options_.LineSeparator = *request_.separator;
   if (!request_.text) return true;
   options_.T_READAS = request_.text->classic ? u"classic" : u"auto";

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "core/manner.h"
 #include "core/text.h"
 
 namespace cuewright {
@@ -10,6 +11,8 @@ namespace cuewright {
 /// The settings of a run, each field with the name and the default of its key in the store. Filled once at
 /// start; dialogs change it directly. Bytes that are flags count as true when they aren't 0.
 struct AppOptions {
+  Manner manner;  ///< key Classic
+
   // Language and text.
   Text Language = u"---";          ///< name in the language table; "---": none was ever chosen
   std::int16_t LanguageIndex = 0;  ///< row in the language table

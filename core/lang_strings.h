@@ -9,16 +9,16 @@ namespace cuewright {
 
 /// Messages that are translated and counted, 0 to 468.
 inline constexpr std::size_t kMessageCount = 469;
-/// The further texts, 900 to 999: a language that lacks one shows the English text and still counts as complete.
+/// The further texts, 900 to 2999: a language that lacks one shows the English text and still counts as complete.
 inline constexpr std::size_t kFirstFurtherText = 900;
-inline constexpr std::size_t kEndOfTexts = 1000;
+inline constexpr std::size_t kEndOfTexts = 3000;
 
 /// True for a number under which a language may have a text.
 constexpr bool IsTextNumber(std::size_t id) {
   return id < kMessageCount || (id >= kFirstFurtherText && id < kEndOfTexts);
 }
 
-/// The texts of the language in force by number: the messages 0 to 468 and the further texts 900 to 999.
+/// The texts of the language in force by number: the messages 0 to 468 and the further texts 900 to 2999.
 class LangStrings {
  public:
   const Text& operator[](std::size_t id) const { return rows_[Place(id)]; }

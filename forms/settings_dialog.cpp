@@ -9,6 +9,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kLanguagePage = 4;
+constexpr std::size_t kClassic = 1000;
 constexpr std::array<std::size_t, SettingsWindow::kPages> kTitles = {189, 121, 309, 15, 16};
 constexpr std::array<std::size_t, 10> kHotkeyNames = {126, 127, 128, 40, 41, 42, 166, 181, 167, 168};
 constexpr std::array<std::size_t, 2> kPositionNames = {167, 168};
@@ -83,6 +84,8 @@ void SettingsDialog::FillSettingsControls() {
 
   optOpaque.SetValue(o.F_OPAQUE);
   optShadow.SetValue(!o.F_OPAQUE);
+  chkClassic.SetValue(o.manner.Classic());
+
   sldShadow.SetValue(o.F_SHADOWVAL);
   sldHeight.SetValue(o.F_SUBHEIGHT);
   chkFollow.SetValue(o.F_FOLLOW);
@@ -122,15 +125,43 @@ void SettingsDialog::ApplyPageTexts() {
     Control& control;
     std::size_t message;
   };
-  const Labelled rows[] = {{lblDetailsTitle, 190}, {cmdOK, 66},       {cmdReset, 71},     {chkAutoSplit, 272},
-                           {chkCollision, 196},    {chkAutoJoin, 82}, {chkDuration, 198}, {lblShort, 201},
-                           {lblMedium, 202},       {lblLong, 203},    {chkCredits, 429},  {lblCredits, 431},
-                           {lblApply, 211},        {chkKeys, 195},    {fraKeys, 123},     {lblPlayback, 124},
-                           {lblCaptioning, 125},   {chkStretch, 311}, {lblUImode, 313},   {lblVSFilter, 420},
-                           {optVSDisable, 422},    {optVSHide, 424},  {lblVSNotice, 426}, {cmdVSFilter, 370},
-                           {lblFormat, 215},       {cmdFont, 216},    {cmdColor, 264},    {optOpaque, 217},
-                           {optShadow, 218},       {lblSample, 221},  {chkFollow, 252},   {lblLanguage, 62},
-                           {lblTranslator, 84},    {fraCharset, 63},  {lblCharset, 91},   {cmdRegionalSettings, 370},
+  const Labelled rows[] = {{lblDetailsTitle, 190},
+                           {cmdOK, 66},
+                           {cmdReset, 71},
+                           {chkAutoSplit, 272},
+                           {chkCollision, 196},
+                           {chkAutoJoin, 82},
+                           {chkDuration, 198},
+                           {lblShort, 201},
+                           {lblMedium, 202},
+                           {lblLong, 203},
+                           {chkCredits, 429},
+                           {lblCredits, 431},
+                           {lblApply, 211},
+                           {chkKeys, 195},
+                           {fraKeys, 123},
+                           {lblPlayback, 124},
+                           {lblCaptioning, 125},
+                           {chkStretch, 311},
+                           {lblUImode, 313},
+                           {lblVSFilter, 420},
+                           {optVSDisable, 422},
+                           {optVSHide, 424},
+                           {lblVSNotice, 426},
+                           {cmdVSFilter, 370},
+                           {lblFormat, 215},
+                           {cmdFont, 216},
+                           {cmdColor, 264},
+                           {optOpaque, 217},
+                           {optShadow, 218},
+                           {lblSample, 221},
+                           {chkFollow, 252},
+                           {lblLanguage, 62},
+                           {lblTranslator, 84},
+                           {chkClassic, kClassic},
+                           {fraCharset, 63},
+                           {lblCharset, 91},
+                           {cmdRegionalSettings, 370},
                            {lblSampleShadow, 221}};
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
   for (std::size_t k = 0; k < lblHotkey.size(); ++k) lblHotkey[k].SetText(strings_[kHotkeyNames[k]]);
@@ -203,6 +234,7 @@ void SettingsDialog::ShowPreviewLabels() {
 void SettingsDialog::WireLanguage() {
   cboLanguage.Chosen.Connect([this] { ChooseLanguage(); });
   lblComplete.Clicked.Connect([this] { CompleteTranslation(); });
+  chkClassic.Clicked.Connect([this] { options_.manner.SetClassic(chkClassic.Value()); });
   cmdRegionalSettings.Clicked.Connect(
       [this] { ShowRegionalSettings(parts_.ports.desktop, parts_.ports.messages, strings_); });
 }
@@ -261,6 +293,7 @@ void SettingsDialog::Reset() {
       ResetPlayerSettings(options_);
       break;
     default:
+      options_.manner = Manner();
       parts_.languages.DetectLanguage(u"ENGLISH");
       parts_.languages.ReadUserCharset();
       if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.LanguageIndex));

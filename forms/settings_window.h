@@ -120,6 +120,7 @@ class SettingsWindow : public Dialog {
   Label lblWarning{*this, "lblWarning"};
   Label lblCurrLang{*this, "lblCurrLang"};
   Label lblReqLang{*this, "lblReqLang"};
+  CheckBox chkClassic{*this, "chkClassic"};
 };
 
 }  // namespace cuewright

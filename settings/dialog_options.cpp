@@ -65,7 +65,7 @@ HotkeyLetters DefaultHotkeyLetters() {
 }
 
 void SaveDialogSettings(SettingsStore& store, const AppOptions& options, const HotkeyLetters& letters) {
-  KeyValues values;
+  KeyValues values = {{u"Classic", options.manner.Classic() ? u"1" : u"0"}};
   AddRules(values, options);
   AddKeys(values, options, letters);
   AddPreviewAndPlayer(values, options);

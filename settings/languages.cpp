@@ -128,8 +128,9 @@ std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
     ++missing;
   }
   for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
-    const Text* own = catalogue_.Find(base + static_cast<int>(id));
-    strings_.Set(id, own != nullptr ? *own : CatalogueString(static_cast<int>(id)));
+    const int number = static_cast<int>(id);
+    const Text* own = catalogue_.Find(CatalogueNumber(options_.LanguageIndex, number));
+    strings_.Set(id, own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
   }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);

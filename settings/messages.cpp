@@ -51,7 +51,7 @@ bool IsReadable(TextView text) {
 }  // namespace
 
 MessageCatalogue::MessageCatalogue() {
-  Add(EnglishMessages(), 0);
+  ForEachRow(EnglishMessages(), [&](int id, Text text) { rows_[CatalogueNumber(0, id)] = std::move(text); });
   Add(LanguageTableRows(), 0);
   Add(TranslationFileRows(), 0);
 }
@@ -63,9 +63,9 @@ void MessageCatalogue::Add(std::string_view data, int base) {
 void MessageCatalogue::AddBlock(std::string_view data, int language) {
   ForEachRow(data, [&](int id, Text text) {
     if (!IsTextNumber(static_cast<std::size_t>(id)) || !IsReadable(text)) return;
-    const Text* english = Find(id);
+    const Text* english = Find(CatalogueNumber(0, id));
     if (text.empty() && english != nullptr && !english->empty()) return;
-    rows_[kBlockSize * language + id] = std::move(text);
+    rows_[CatalogueNumber(language, id)] = std::move(text);
   });
 }
 
@@ -77,7 +77,7 @@ const Text* MessageCatalogue::Find(int id) const {
 void LoadEnglish(const MessageCatalogue& catalogue, LangStrings& strings) {
   for (std::size_t id = 0; id < kEndOfTexts; ++id) {
     if (!IsTextNumber(id)) continue;
-    const Text* row = catalogue.Find(static_cast<int>(id));
+    const Text* row = catalogue.Find(CatalogueNumber(0, static_cast<int>(id)));
     strings.Set(id, row == nullptr ? Text() : *row);
   }
 }

@@ -33,6 +33,9 @@ class Reader {
 };
 
 void ReadLanguage(const Reader& reader, AppOptions& o) {
+  bool classic = o.manner.Classic();
+  reader.Read(u"Classic", classic);
+  o.manner.SetClassic(classic);
   reader.Read(u"Language", o.Language);
   reader.Read(u"LBREAK", o.LineSeparator);
   // A separator of no characters would join every line.

@@ -297,6 +297,7 @@ void SettingsView::MakeLanguagePage() {
   column->addWidget(MakeCharsetGroup(page));
   column->addWidget(MakeNoticeGroup(page));
   column->addStretch();
+  column->addWidget(Named(new QCheckBox(page), "chkClassic"));
 }
 
 }  // namespace cuewright

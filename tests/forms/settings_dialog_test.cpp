@@ -869,5 +869,25 @@ TEST_F(SettingsPages, TheirHelpIsThatOfThePageOnShow) {
   }
 }
 
+TEST_F(SettingsTest, TheClassicMannerIsTakenAtOnceAndStoredByOk) {
+  Dialog().ShowSettingsPage(4);
+  EXPECT_FALSE(Dialog().chkClassic.Value());
+  Hover(Dialog().chkClassic);
+  EXPECT_EQ(Details(), ToUtf8(program->strings[1001]));
+  Dialog().chkClassic.SetValue(true);
+  Dialog().chkClassic.Clicked();
+  EXPECT_TRUE(Options().manner.Classic());
+  EXPECT_EQ(Stored(u"Classic"), u"?");
+  Dialog().cmdOK.Clicked();
+  EXPECT_EQ(Stored(u"Classic"), u"1");
+  Reopen();
+  EXPECT_TRUE(Options().manner.Classic());
+  EXPECT_TRUE(Dialog().chkClassic.Value());
+  Dialog().ShowSettingsPage(4);
+  Dialog().cmdReset.Clicked();
+  EXPECT_FALSE(Options().manner.Classic());
+  EXPECT_FALSE(Dialog().chkClassic.Value());
+}
+
 }  // namespace
 }  // namespace cuewright

@@ -150,21 +150,24 @@ TEST(LanguageStrings, EachLoadOverwritesAll) {
 
 TEST(LanguageStrings, FurtherTextsFallBackToEnglishAndDontCount) {
   LanguageRig rig;
-  rig.Block("german", BlockWithout({}) + "900\tZuletzt\n899\tbefore\n1000\tbehind\n");
+  rig.Block("german", BlockWithout({}) + "900\tZuletzt\n899\tbefore\n1000\tKlassisch\n3000\tbehind\n");
   rig.StartIn(u"GERMAN");
   EXPECT_EQ(rig.languages.LoadLanguageStrings(true), 100);
   EXPECT_EQ(rig.strings[900], u"Zuletzt");
   EXPECT_EQ(rig.strings[901], *rig.catalogue.Find(901));
-  EXPECT_EQ(rig.catalogue.Find(21899), nullptr);
-  EXPECT_EQ(rig.catalogue.Find(22000), nullptr);
+  EXPECT_EQ(rig.strings[1000], u"Klassisch");
+  EXPECT_EQ(rig.strings[1001], *rig.catalogue.Find(CatalogueNumber(0, 1001)));
+  const int german = rig.options.LanguageIndex;
+  EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 899)), nullptr);
+  EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 3000)), nullptr);
   EXPECT_EQ(rig.files.Read(rig.languages.TranslationFilePath(), 1 << 20).find("21901"), std::string::npos);
 }
 
 TEST(LanguageStrings, ADamagedFileNeverTouchesAnotherLanguage) {
   LanguageRig rig;
   rig.Block("spanish",
-            "\xEF\xBB\xBF// a comment\n39\tAplicar\n1000\tfar\n469\tbeyond\n-1\tbefore\n40x\tno number\n41\t\xFF\xFE\n"
-            "42\tFi\x01n\n65\n99999999999999999999\tmuch\n");
+            "\xEF\xBB\xBF// a comment\n39\tAplicar\n469\tbeyond\n-1\tbefore\n40x\tno number\n41\t\xFF\xFE\n"
+            "42\tFi\x01n\n65\n3000\tfar\n99999999999999999999\tmuch\n");
   rig.StartIn(u"SPANISH");
   EXPECT_EQ(rig.strings[39], u"Aplicar");
   for (const std::size_t id : {40u, 41u, 42u, 65u})

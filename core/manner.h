@@ -1,0 +1,44 @@
+#pragma once
+
+namespace cuewright {
+
+/// The manner in which the program works. Today's, the default, departs from the original design wherever its letter
+/// loses or spoils a user's work; the classic one keeps the letter, all of it. Each departure is one query here, true
+/// in today's manner, and nothing else in the program asks for the setting. docs/manners.md tells them in the user's
+/// words.
+class Manner {
+ public:
+  /// The stored setting, for what loads, shows and stores it alone.
+  constexpr bool Classic() const { return classic_; }
+  constexpr void SetClassic(bool classic) { classic_ = classic; }
+
+  /// The question before work is thrown away comes exactly when the captions differ from what was loaded or saved last.
+  constexpr bool AsksWhenCaptionsDiffer() const { return !classic_; }
+  /// After Yes a document stays open when its save failed or the dialog for it was cancelled.
+  constexpr bool StaysOpenUnsaved() const { return !classic_; }
+  /// Yes on a plain text is Save as, and dialogs that come to nothing put format, rate and definition back.
+  constexpr bool KeepsTheSource() const { return !classic_; }
+  /// Escape and the close button of a question give its harmless answer.
+  constexpr bool EscapeIsHarmless() const { return !classic_; }
+  /// The second time box always shows the caption's end minus its start.
+  constexpr bool ShowsTrueDuration() const { return !classic_; }
+  /// The preview's row doesn't follow the film while the pane has the focus or a mark of the wave is dragged.
+  constexpr bool FollowWaitsForHands() const { return !classic_; }
+  /// Replacing keeps the case and the line breaks of what it doesn't replace.
+  constexpr bool ReplaceKeepsTheRest() const { return !classic_; }
+  /// The correction rules only look at what is loaded, unless the user lets them change it.
+  constexpr bool RulesAskOnLoad() const { return !classic_; }
+  /// Captions are sought, and the film's keys work, in a film that is paused or stopped or has no text.
+  constexpr bool SeeksAtRest() const { return !classic_; }
+  /// The overlay shows all lines of a caption, each by its own direction.
+  constexpr bool ShowsAllLines() const { return !classic_; }
+  /// The title bears the document's name and whether it was changed.
+  constexpr bool TitleNamesTheFile() const { return !classic_; }
+  /// A press and a release count at the instant that their event bears, not at the last tick.
+  constexpr bool CountsAtTheInstant() const { return !classic_; }
+
+ private:
+  bool classic_ = false;
+};
+
+}  // namespace cuewright
