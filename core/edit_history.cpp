@@ -1,5 +1,6 @@
 #include "core/edit_history.h"
 
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -40,7 +41,11 @@ void EditHistory::OnBegan(EditKind kind, std::uint64_t join) {
 }
 
 void EditHistory::OnSplice(const Splice& splice) {
-  if (open_) Record(*open_, splice);
+  if (open_) {
+    Record(*open_, splice);
+  } else {
+    strayed_ = true;
+  }
 }
 
 void EditHistory::Record(EditStep& step, const Splice& splice) {
@@ -70,11 +75,26 @@ void EditHistory::OnEnded() {
   step.rowAfter = list_.Selected();
   step.separatorAfter = list_.Options().LineSeparator;
   step.raised = step.raised || list_.ModifiedRaises() != raisesBefore_;
-  if (step.Empty()) return;
+  if (step.Empty() || ChangesNothing(step)) {
+    Changed();
+    return;
+  }
   redo_.clear();
   if (savedAt_ && *savedAt_ > undo_.size()) savedAt_.reset();
   undo_.push_back(std::move(step));
   Changed();
+}
+
+bool EditHistory::ChangesNothing(const EditStep& step) const {
+  if (step.separatorBefore != step.separatorAfter || step.changes.size() != 1) return false;
+  const EditChange& change = step.changes.front();
+  if (change.removed != change.added) return false;
+  for (Row i = 0; i < change.removed; ++i) {
+    const auto at = change.at + static_cast<std::size_t>(i);
+    const Row row = change.first + i;
+    if (change.timesOnly ? list_.TimesAt(row) != step.times[at] : list_.At(row) != step.captions[at]) return false;
+  }
+  return true;
 }
 
 EditStep EditHistory::Reverse(EditStep step) {
@@ -130,10 +150,11 @@ void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, b
   Changed();
 }
 
-void EditHistory::Begin(bool saved) {
+void EditHistory::Begin(DocumentBaseline baseline) {
   Forget();
   keeping_ = true;
-  if (saved) savedAt_ = 0;
+  if (baseline == DocumentBaseline::File) savedAt_ = 0;
+  if (baseline != DocumentBaseline::None) savedPrint_ = Fingerprint();
   Changed();
 }
 
@@ -148,9 +169,42 @@ void EditHistory::Forget() {
   redo_.clear();
   open_.reset();
   savedAt_.reset();
+  savedPrint_.reset();
+  strayed_ = false;
 }
 
-void EditHistory::MarkSaved() { savedAt_ = undo_.size(); }
+void EditHistory::MarkSaved(bool whole) {
+  savedAt_ = undo_.size();
+  strayed_ = false;
+  savedPrint_ = whole ? std::optional(Fingerprint()) : std::nullopt;
+  Changed();
+}
+
+bool EditHistory::Differs() const {
+  if (!keeping_ || AtSavedStep()) return false;
+  return savedPrint_ != Fingerprint();
+}
+
+std::uint64_t EditHistory::Fingerprint() const {
+  // FNV-1a's way of taking one value after the other, on whole hashes.
+  std::uint64_t print = 0xcbf29ce484222325;
+  const auto take = [&print](std::uint64_t value) { print = (print ^ value) * 0x100000001b3; };
+  const Text& separator = list_.Options().LineSeparator;
+  for (Row row = 1; row < list_.Rows(); ++row) {
+    const Caption& caption = list_.At(row);
+    take(static_cast<std::uint32_t>(caption.start));
+    take(static_cast<std::uint32_t>(caption.end));
+    TextView rest = caption.text;
+    for (;;) {
+      const std::size_t end = separator.empty() ? TextView::npos : rest.find(separator);
+      take(std::hash<TextView>()(rest.substr(0, end)));
+      if (end == TextView::npos) break;
+      rest.remove_prefix(end + separator.size());
+    }
+    take(~std::uint64_t{0});
+  }
+  return print;
+}
 
 std::size_t EditHistory::Bytes() const {
   std::size_t bytes = 0;

@@ -36,6 +36,13 @@ struct EditStep {
   bool Empty() const { return changes.empty() && separatorBefore == separatorAfter; }
 };
 
+/// What the captions of a new document are as.
+enum class DocumentBaseline {
+  File,   ///< its file
+  Blank,  ///< the blank document that it began as
+  None,   ///< nothing that was ever stored: they came back from a journal
+};
+
 /// Takes commands back and does them again. It hears every change of the list and keeps what went, so that its memory
 /// grows with what changed; a command is one step, however many changes it made.
 class EditHistory {
@@ -57,12 +64,17 @@ class EditHistory {
   std::size_t UndoSteps() const { return undo_.size(); }
   std::size_t RedoSteps() const { return redo_.size(); }
 
-  /// There is another document: nothing is left to take back. With `saved` it is as its file.
-  void Begin(bool saved);
+  /// There is another document, and its captions are as `baseline` says: nothing is left to take back.
+  void Begin(DocumentBaseline baseline);
   /// There is no document: nothing is kept until the next `Begin`.
   void End();
-  /// The document is as its file from now on.
-  void MarkSaved();
+  /// The document was saved; with `whole` its captions are as its file from now on.
+  void MarkSaved(bool whole);
+  /// True when the captions, whatever line break separates their lines, aren't those that were loaded or saved last;
+  /// false without a document. Looks at all of them unless the steps alone tell.
+  bool Differs() const;
+  /// True when the steps behind are those of the state that was loaded or saved last.
+  bool AtSavedStep() const { return savedPrint_ && savedAt_ == undo_.size() && !strayed_; }
 
   /// About how many bytes the steps take up.
   std::size_t Bytes() const;
@@ -75,6 +87,9 @@ class EditHistory {
   void OnBegan(EditKind kind, std::uint64_t join);
   void OnSplice(const Splice& splice);
   void OnEnded();
+  /// The step's changes leave all as it was.
+  bool ChangesNothing(const EditStep& step) const;
+  std::uint64_t Fingerprint() const;
   bool Joins(EditKind kind, std::uint64_t join) const;
   static void Record(EditStep& step, const Splice& splice);
   /// Takes the changes of a step back; the result takes that back.
@@ -88,8 +103,10 @@ class EditHistory {
   std::optional<EditStep> open_;  ///< the step of the command that runs
   bool keeping_ = false;          ///< there is a document
   bool reversing_ = false;
+  bool strayed_ = false;  ///< the list was changed outside of a command
   std::uint32_t raisesBefore_ = 0;
-  std::optional<std::size_t> savedAt_;  ///< steps behind in the state that was saved
+  std::optional<std::size_t> savedAt_;       ///< steps behind in the state that was saved
+  std::optional<std::uint64_t> savedPrint_;  ///< of the captions in that state; empty: no file has them
 };
 
 }  // namespace cuewright

@@ -74,6 +74,7 @@ void TimingCapture::ClearPosition() {
 }
 
 void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
+  if (document_.FileInWork) return;
   const Row selected = list_.Selected();
   if (mode_ == CaptionMode::Manual) {
     window_.cmdApply.SetEnabled(false);

@@ -50,6 +50,7 @@ void AudioCommands::OpenLast() {
 }
 
 void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
+  if (document_.FileInWork) return;
   const Text path(given);
   if (!ports_.files.Exists(path)) {
     ports_.messages.Show({Fill(strings_[157], path), BoxIcon::Error});

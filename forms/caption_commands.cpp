@@ -76,9 +76,12 @@ void CaptionCommands::WireTextPane() {
 void CaptionCommands::TakeTextPane() {
   if (!document_.HasDocument()) return;
   const Row row = list_.Selected();
+  const Text text = ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator);
+  // A key that changed nothing, such as an arrow, is no edit.
+  if (options_.manner.AsksWhenCaptionsDiffer() && text == list_.GetCaptionText(row)) return;
   {
     const EditScope scope(list_, EditKind::Typing, TypingNumber(row));
-    list_.SetCaptionText(row, ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator));
+    list_.SetCaptionText(row, text);
     if (list_.Rows() >= 3) list_.SetModified();
   }
   preview_.Redraw(row);

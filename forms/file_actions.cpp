@@ -47,21 +47,28 @@ void FileActions::Wire() {
 
 Text FileActions::Untitled(std::size_t message) const { return ReplaceAll(p_.strings[message], u"...", {}); }
 
+bool FileActions::HasUnsaved() const {
+  if (p_.options.manner.AsksWhenCaptionsDiffer()) return p_.history.Differs();
+  return p_.list.Rows() >= 3 && p_.document.DocModified;
+}
+
 bool FileActions::PromptForSave() {
-  if (p_.list.Rows() < 3 || !p_.document.DocModified) return true;
+  if (p_.document.FileInWork) return false;
+  if (!HasUnsaved()) return true;
   switch (ports_.messages.Show({p_.strings[161], BoxIcon::Question, BoxButtons::YesNoCancel})) {
     case BoxAnswer::Yes:
-      if (p_.document.HasFile()) {
-        SaveDocument();
-      } else {
-        SaveAs();
-      }
-      return true;
+      return SaveBeforeLeaving() || !p_.options.manner.StaysOpenUnsaved();
     case BoxAnswer::No:
       return true;
     default:
       return false;
   }
+}
+
+bool FileActions::SaveBeforeLeaving() {
+  const bool plain = p_.formats.CurrentFormatIndex == kPlainTextIndex;
+  const bool over = p_.document.HasFile() && !(plain && p_.options.manner.KeepsTheSource());
+  return over ? SaveDocument() : SaveAs();
 }
 
 void FileActions::New() {
@@ -81,6 +88,7 @@ void FileActions::New() {
 }
 
 void FileActions::NewFromClipboard() {
+  if (p_.document.FileInWork) return;
   // A cancelled question leaves the old document open, and the lines go to its bottom.
   New();
   // The desktop's clipboard has bare line ends; text from elsewhere may have both.
@@ -130,19 +138,25 @@ Text FileActions::OpenFileFilter() {
 }
 
 void FileActions::OpenSubtitleFile(TextView given) {
+  if (p_.document.FileInWork) return;
   const Text path(given);
   if (!ports_.files.Exists(path)) {
     ports_.messages.Show({Fill(p_.strings[157], path), BoxIcon::Error});
     return;
   }
   CarryOn step;
-  LoadSteps(path, step);
-  FinishLoad(step);
+  {
+    const FileWork work(p_.document);
+    LoadSteps(path, step);
+    FinishLoad(step);
+  }
+  if (p_.document.HasDocument() && p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
   if (step.Last()) {
     ports_.messages.Show(
         {p_.strings[119] + u"\r\n\r\nError # " + Decimal(step.Last()->number) + u"\r\n" + step.Last()->description,
          BoxIcon::Warning});
   }
+  FileWorkEnded();
 }
 
 void FileActions::LoadSteps(const Text& path, CarryOn& step) {
@@ -186,10 +200,10 @@ void FileActions::FinishLoad(CarryOn& step) {
   Loaded();
   step([&] { ports_.events.Yield(); });
   if (p_.document.HasVideo() && Playing()) p_.window.cmdApply.SetEnabled(true);
-  if (p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
 }
 
 void FileActions::OpenVideo() {
+  if (p_.document.FileInWork) return;
   p_.store.SaveSetting(kMainSection, u"Volume", Decimal(ports_.player.Volume()));
   closeTools();
   const Text path = ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(60), p_.recall.LastFolder());
@@ -197,6 +211,7 @@ void FileActions::OpenVideo() {
 }
 
 void FileActions::Append() {
+  if (p_.document.FileInWork) return;
   if (!p_.document.HasVideo()) {
     ports_.messages.Show({p_.strings[73], BoxIcon::Warning});
     return;
@@ -205,10 +220,12 @@ void FileActions::Append() {
   if (path.empty()) return;
   resetRuleReport();
   {
+    const FileWork work(p_.document);
     const EditScope scope(p_.list, EditKind::Append);
     p_.importer.DetectFormat(path, false, true);
   }
   p_.recall.SavePath(path);
+  FileWorkEnded();
 }
 
 void FileActions::Save() {
@@ -219,30 +236,45 @@ void FileActions::Save() {
   }
 }
 
-void FileActions::SaveAs() {
+bool FileActions::SaveAs() {
+  if (p_.document.FileInWork) return false;
+  const FormatState format = p_.formats;
+  const FormatDefinition definition = p_.loader.Definition();
+  const Text path = p_.document.SubtitlePath;
   CarryOn step;
-  step([&] {
-    closeTools();
-    if (!chooseFormat()) return;
-    const Text id = p_.catalogue.Identifier(p_.formats.CurrentFormatIndex);
-    const Text extensions = ToLower(p_.catalogue.ReadIni(id, u"extension", u"txt"));
-    const Text filter =
-        p_.catalogue.ReadIni(id, u"name", {}) + u" (" + extensions + u")|" + Patterns(extensions) + u"|";
-    Text proposal;
-    if (p_.document.HasFile()) {
-      proposal = StripExtension(FileNameOf(p_.document.SubtitlePath)) + u"." + extensions;
-    } else if (p_.document.HasVideo()) {
-      proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
+  bool saved = false;
+  step([&] { saved = ChooseAndSave(); });
+  if (!saved && p_.options.manner.KeepsTheSource()) {
+    p_.formats = format;
+    p_.loader.Definition() = definition;
+    if (p_.document.SubtitlePath != path) {
+      p_.document.SubtitlePath = path;
+      refreshFileLabels();
     }
-    const Text chosen = ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal);
-    Text path(TrimBlanks(chosen));
-    if (path.empty()) return;
-    const Text first = u"." + Split(extensions, u",")[0];
-    if (!path.ends_with(first)) path += first;
-    if (path != chosen && !MayReplace(path)) return;
-    p_.document.SubtitlePath = path;
-    SaveDocument();
-  });
+  }
+  return saved;
+}
+
+bool FileActions::ChooseAndSave() {
+  closeTools();
+  if (!chooseFormat()) return false;
+  const Text id = p_.catalogue.Identifier(p_.formats.CurrentFormatIndex);
+  const Text extensions = ToLower(p_.catalogue.ReadIni(id, u"extension", u"txt"));
+  const Text filter = p_.catalogue.ReadIni(id, u"name", {}) + u" (" + extensions + u")|" + Patterns(extensions) + u"|";
+  Text proposal;
+  if (p_.document.HasFile()) {
+    proposal = StripExtension(FileNameOf(p_.document.SubtitlePath)) + u"." + extensions;
+  } else if (p_.document.HasVideo()) {
+    proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
+  }
+  const Text chosen = ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal);
+  Text path(TrimBlanks(chosen));
+  if (path.empty()) return false;
+  const Text first = u"." + Split(extensions, u",")[0];
+  if (!path.ends_with(first)) path += first;
+  if (path != chosen && !MayReplace(path)) return false;
+  p_.document.SubtitlePath = path;
+  return SaveDocument();
 }
 
 bool FileActions::MayReplace(const Text& path) {
@@ -251,7 +283,8 @@ bool FileActions::MayReplace(const Text& path) {
   return ports_.messages.Show({question, BoxIcon::Warning, BoxButtons::YesNo, Untitled(45)}) == BoxAnswer::Yes;
 }
 
-void FileActions::SaveDocument() {
+bool FileActions::SaveDocument() {
+  if (p_.document.FileInWork) return false;
   Row lastRow = p_.list.Rows() - 1;
   Row untimed = 1;
   while (untimed < p_.list.Rows() && p_.list.IsCaptionTimed(untimed)) ++untimed;
@@ -261,11 +294,24 @@ void FileActions::SaveDocument() {
     if (!whole) lastRow = untimed - 1;
   }
   const Text path = p_.document.SubtitlePath;
-  p_.recall.SavePath(path);
-  p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
+  const auto remember = [&] {
+    p_.recall.SavePath(path);
+    p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
+  };
+  // A path under which nothing was written is none to come back to.
+  const bool first = !p_.options.manner.KeepsTheSource();
+  if (first) remember();
   p_.window.lblTextFile.SetText(p_.strings[48] + InItsOrder(p_.strings[48], ToLower(path)));
   Left();
-  if (p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow))) Saved();
+  bool written = false;
+  {
+    const FileWork work(p_.document);
+    written = p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  }
+  if (!written) return false;
+  if (!first) remember();
+  Saved(lastRow == p_.list.Rows() - 1);
+  return true;
 }
 
 void FileActions::Close() {
@@ -303,8 +349,7 @@ void FileActions::OpenAs(FileKind kind, const Text& path) {
 }
 
 void FileActions::OpenDropped(const std::vector<Text>& paths) {
-  // A load that is on its way has the menu's items disabled, and must not be met by another.
-  if (!p_.window.mnuOpenText.Enabled()) return;
+  if (p_.document.FileInWork) return;
   Text text;
   for (const Text& path : paths) {
     const FileKind kind = KindOfFile(path);

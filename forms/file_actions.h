@@ -5,12 +5,14 @@
 #include "core/caption_list.h"
 #include "core/caption_panel.h"
 #include "core/document.h"
+#include "core/edit_history.h"
 #include "core/folders.h"
 #include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "core/signal.h"
 #include "core/timing_capture.h"
 #include "formats/catalogue.h"
+#include "formats/definition.h"
 #include "formats/export.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
@@ -25,6 +27,7 @@ namespace cuewright {
 struct FileActionParts {
   MainWindow& window;
   CaptionList& list;
+  const EditHistory& history;
   CaptionPanel& panel;
   DocumentState& document;
   AppOptions& options;
@@ -32,6 +35,7 @@ struct FileActionParts {
   SettingsStore& store;
   FormatCatalogue& catalogue;
   FormatState& formats;
+  FormatLoader& loader;
   Importer& importer;
   Exporter& exporter;
   Recall& recall;
@@ -49,8 +53,8 @@ class FileActions {
   bool PromptForSave();
   /// Loads a subtitle or text file as the document.
   void OpenSubtitleFile(TextView path);
-  /// Writes to `SubtitlePath` in the format in force.
-  void SaveDocument();
+  /// Writes to `SubtitlePath` in the format in force; false when no file was written.
+  bool SaveDocument();
   /// Asks for a file in any of the formats; the empty text when none was chosen.
   Text OpenFileFilter();
   /// Ends subtitle, video and audio together.
@@ -65,10 +69,13 @@ class FileActions {
 
   /// The document has come from its file.
   Signal<> Loaded;
-  /// The document was written to its file.
-  Signal<> Saved;
+  /// The document was written to its file; true with all of its captions.
+  Signal<bool> Saved;
   /// The document has gone, or another is about to come.
   Signal<> Left;
+
+  /// A file was read; what waited for that can be done.
+  Signal<> FileWorkEnded;
 
   void New();
   void NewFromClipboard();
@@ -76,7 +83,8 @@ class FileActions {
   void OpenVideo();
   void Append();
   void Save();
-  void SaveAs();
+  /// False when a dialog was left, or no file was written.
+  bool SaveAs();
   void Close();
 
   Signal<> DocumentOpened;  ///< there is another document; a file's has just been read, before any rule has run
@@ -95,6 +103,12 @@ class FileActions {
 
  private:
   void Wire();
+  /// There are captions that would be lost with the document.
+  bool HasUnsaved() const;
+  /// Saves as the user asked for by Yes; false when there is no file with the captions behind it.
+  bool SaveBeforeLeaving();
+  /// The part of `SaveAs` that may be broken off, or fail, at any place.
+  bool ChooseAndSave();
   void LoadSteps(const Text& path, class CarryOn& step);
   void FinishLoad(class CarryOn& step);
   bool LoadFailed() const;

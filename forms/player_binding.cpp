@@ -25,6 +25,7 @@ PlayerBinding::PlayerBinding(MainWindow& window, SubWindow& sub, DocumentState& 
 }
 
 void PlayerBinding::LoadVideoFile(TextView path) {
+  if (document_.FileInWork) return;
   if (!files_.Exists(path)) {
     messages_.Show({Fill(strings_[157], path), BoxIcon::Error});
     return;

@@ -83,7 +83,7 @@ void Program::ConnectFiles() {
   recentFiles.open = [this](FileKind kind, const Text& path) { files.OpenAs(kind, path); };
   files.Left.Connect([this] { notices.Clear(); });
   files.Loaded.Connect([this] { TellFile(kReadAs); });
-  files.Saved.Connect([this] {
+  files.Saved.Connect([this](bool) {
     if (!notices.Shown()) TellFile(kSavedAs);
   });
 }
@@ -107,8 +107,8 @@ UpdateParts Program::DescribeUpdates() {
 }
 
 FileActionParts Program::Parts() {
-  return {window,  list,     panel,    document, options,       strings, store, catalogue,
-          formats, importer, exporter, recall,   playerBinding, capture, sub};
+  return {window,  list,   history,  panel,    document, options,       strings, store, catalogue,
+          formats, loader, importer, exporter, recall,   playerBinding, capture, sub};
 }
 
 void Program::Connect() {
@@ -165,16 +165,20 @@ void Program::ConnectRules() {
 }
 
 void Program::ConnectHistory() {
-  files.DocumentOpened.Connect([this] { history.Begin(document.HasFile()); });
+  files.DocumentOpened.Connect(
+      [this] { history.Begin(document.HasFile() ? DocumentBaseline::File : DocumentBaseline::Blank); });
   files.DocumentClosed.Connect([this] { history.End(); });
-  files.Saved.Connect([this] { history.MarkSaved(); });
+  files.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
 }
 
 void Program::ConnectJournal() {
-  for (Signal<>* nothingToLose : {&files.DocumentOpened, &files.DocumentClosed, &files.Saved}) {
+  for (Signal<>* nothingToLose : {&files.DocumentOpened, &files.DocumentClosed}) {
     nothingToLose->Connect([this] { journal.Forget(); });
   }
+  files.Saved.Connect([this](bool whole) {
+    if (whole) journal.Forget();
+  });
   journal.tellFailure = [this](const RuntimeError& error) {
     if (notices.Seen()) {
       notices.Tell(951, error.description);
@@ -216,7 +220,7 @@ void Program::RestoreDocument(const JournalDocument& restored) {
   formats.Encoding = {restored.codePage, restored.mark};
   files.DocumentOpened();
   // Its file, if it has one, holds less.
-  history.Begin(false);
+  history.Begin(DocumentBaseline::None);
   document.DocModified = true;
   shell.ResetControls();
   list.SetRow(restored.selected, true);
@@ -311,12 +315,15 @@ void Program::ImportBegins() {
                          &window.mnuSaveAs}) {
     item->SetEnabled(false);
   }
+  // What these change is not there yet.
+  for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(false);
   window.cmdCancel.SetVisible(true);
   window.cmdCancel.SetEnabled(true);
 }
 
 void Program::ImportEnds() {
   for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(true);
+  for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(true);
   window.mnuClose.SetEnabled(document.HasDocument() || document.HasVideo());
   window.cmdCancel.SetVisible(false);
 }

@@ -395,6 +395,16 @@ void MainWindowView::dropEvent(QDropEvent* event) {
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
+  if (program_.document.FileInWork) {
+    // The load ends first, at once, and then the window.
+    program_.document.ImportCancelled = true;
+    closeAfterWork_ = program_.files.FileWorkEnded.ConnectScoped([this] {
+      QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+      closeAfterWork_.Disconnect();
+    });
+    event->ignore();
+    return;
+  }
   if (!program_.files.PromptForSave()) {
     event->ignore();
     return;

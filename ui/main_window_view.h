@@ -74,6 +74,7 @@ class MainWindowView final : public QMainWindow {
   std::unique_ptr<AudioBarWidgets> audioBar_;
   std::unique_ptr<ToolWindows> tools_;
   bool activated_ = false;
+  Connection closeAfterWork_;  ///< the user wants to close, and a file is still in work
   bool hadDocument_ = false;
   std::vector<Connection> connections_;
 };

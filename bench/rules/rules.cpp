@@ -82,7 +82,7 @@ struct Desk {
     LoadEnglish(MessageCatalogue(), strings);
     list.Replace(1, list.Rows() - 1, std::move(captions));
     list.SetRow(1, false);
-    history.Begin(true);
+    history.Begin(DocumentBaseline::File);
     list.Spliced.Connect([this](const Splice& splice) { batch.Add(list, splice); });
   }
 

@@ -14,7 +14,7 @@ struct HistoryTest : ::testing::Test {
     list.Replace(1, list.Rows() - 1, std::move(captions));
     list.SetRow(1, false);
     modified = false;
-    history.Begin(true);
+    history.Begin(DocumentBaseline::File);
   }
   std::vector<Caption> All() const {
     std::vector<Caption> all;
@@ -120,7 +120,7 @@ TEST_F(History, ASaveEndsWhatIsJoined) {
   };
   type(u"a");
   modified = false;
-  history.MarkSaved();
+  history.MarkSaved(true);
   type(u"ab");
   EXPECT_EQ(history.UndoSteps(), 2u);
   history.Undo();
@@ -147,7 +147,7 @@ TEST_F(History, ClearsTheModifiedFlagInTheSavedStateAlone) {
   history.Redo();
   EXPECT_TRUE(modified);
   modified = false;
-  history.MarkSaved();
+  history.MarkSaved(true);
   history.Undo();
   EXPECT_TRUE(modified);
   history.Redo();
@@ -165,7 +165,7 @@ TEST_F(History, RaisesNoFlagForACommandThatRaisedNone) {
 
 TEST_F(History, TheSavedStateIsOutOfReachOnceItsBranchIsGone) {
   list.SetCaptionEnd(1, 2500);
-  history.MarkSaved();
+  history.MarkSaved(true);
   modified = false;
   history.Undo();
   EXPECT_TRUE(modified);
@@ -177,7 +177,7 @@ TEST_F(History, TheSavedStateIsOutOfReachOnceItsBranchIsGone) {
 }
 
 TEST_F(History, ANewDocumentHasNoSavedState) {
-  history.Begin(false);
+  history.Begin(DocumentBaseline::None);
   list.SetCaptionEnd(1, 2500);
   history.Undo();
   EXPECT_TRUE(modified);
@@ -187,7 +187,7 @@ TEST_F(History, KeepsNothingWithoutADocument) {
   history.End();
   list.DeleteCaption(1);
   EXPECT_EQ(history.UndoSteps(), 0u);
-  history.Begin(true);
+  history.Begin(DocumentBaseline::File);
   list.DeleteCaption(1);
   EXPECT_EQ(history.UndoSteps(), 1u);
 }

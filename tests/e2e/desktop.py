@@ -42,14 +42,15 @@ def type_text(text):
 class Program:
     """The running program."""
 
-    def __init__(self, binary, arguments, environment):
+    def __init__(self, binary, arguments, environment, restore_signals=True):
         # Nothing of the user who runs the tests is read or written: no settings, journals, sounds or words.
         self.home = tempfile.TemporaryDirectory()
         folders = {name: os.path.join(self.home.name, name.lower())
                    for name in ("XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME")}
         self.environment = {**os.environ, **folders, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ACCESSIBILITY": "1",
                             **environment}
-        self.process = subprocess.Popen([binary, *arguments], env=self.environment)
+        self.process = subprocess.Popen([binary, *arguments], env=self.environment,
+                                        restore_signals=restore_signals)
 
     def application(self):
         desktop = pyatspi.Registry.getDesktop(0)

@@ -107,7 +107,7 @@ TEST_F(EmbedDocument, IsCheckedAgainAtEachPress) {
 TEST_F(EmbedDocument, UnsavedChangesAreAskedAboutBeforeTheWizardOpens) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   OpenFiles();
-  program->document.DocModified = true;
+  List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
   Window().mnuEmbed.Click();
   EXPECT_FALSE(Embed().IsOpen());

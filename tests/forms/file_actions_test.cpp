@@ -283,6 +283,7 @@ TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {
 }
 
 TEST_F(Closing, ADocumentOfOneCaptionIsThrownAwayWithoutAQuestion) {
+  program->options.manner.SetClassic(true);
   program->files.OpenSubtitleFile(SubRip("a.srt", 1));
   List().SetCaptionStart(1, 1500, false);
   program->files.Close();
@@ -305,6 +306,7 @@ TEST_F(Closing, AModifiedDocumentAsks) {
 }
 
 TEST_F(Closing, YesIsTrueEvenWhenTheSaveDialogIsCancelled) {
+  program->options.manner.SetClassic(true);
   program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
   program->document.SubtitlePath = u"NEW";
   List().SetCaptionStart(1, 1500, false);

@@ -62,7 +62,7 @@ TEST_F(Recents, AClickOpensTheFileAsWhatItWas) {
 TEST_F(Recents, AClickAsksBeforeAModifiedDocumentGoes) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   program->files.OpenSubtitleFile(SubRip("b.srt", 3));
-  program->document.DocModified = true;
+  List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
   Window().mnuRecentFile[1].Click();
   EXPECT_EQ(program->document.SubtitlePath, folder / "b.srt");
@@ -111,7 +111,7 @@ TEST_F(Dropping, OfSeveralTextsTheLastBecomesTheDocument) {
 
 TEST_F(Dropping, AModifiedDocumentIsAskedForFirst) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
-  program->document.DocModified = true;
+  List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
   program->files.OpenDropped({SubRip("b.srt", 2)});
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");

@@ -37,7 +37,7 @@ struct Spelling : testing::ProgramFixture {
     std::vector<Caption> rows;
     for (const Text& text : captions) rows.push_back({0, 0, text});
     List().Replace(1, 1, std::move(rows));
-    program->history.Begin(true);
+    program->history.Begin(DocumentBaseline::File);
     program->document.DocModified = false;
   }
   std::vector<Text> Captions() {

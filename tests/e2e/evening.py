@@ -1,0 +1,324 @@
+#!/usr/bin/python3
+"""Plays scenes of a user's evening in the real program, one program a scene, and looks at what is on the disk afterwards.
+
+    evening.py BINARY FILM FOLDER [SCENE...]
+"""
+
+import os
+import resource
+import signal
+import sys
+import time
+
+import desktop
+
+QUESTION = "The opened file has been modified"
+
+
+def subrip(texts):
+    blocks = []
+    for number, text in enumerate(texts, 1):
+        at = "00:%02d:%02d" % (number // 60, number % 60)
+        blocks.append("%d\r\n%s,000 --> %s,500\r\n%s\r\n\r\n" % (number, at, at, text))
+    return "".join(blocks)
+
+
+class Scene:
+    """One program with a folder of its own."""
+
+    def __init__(self, binary, film, folder):
+        self.binary, self.film, self.folder = binary, film, folder
+        os.makedirs(folder)
+        self.config = os.path.join(folder, "config")
+        os.makedirs(os.path.join(self.config, "tessaly-cuewright"))
+        self.program = None
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, content):
+        with open(self.path(name), "w", encoding="utf-8", newline="") as file:
+            file.write(content)
+        return self.path(name)
+
+    def read(self, name):
+        with open(self.path(name), encoding="utf-8", newline="") as file:
+            return file.read()
+
+    def start(self, *arguments, options="", largest=None):
+        with open(os.path.join(self.config, "tessaly-cuewright", "settings.ini"), "w", encoding="utf-8") as file:
+            file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nLastFolder=%s/\n%s" %
+                       (self.folder, options))
+        before = resource.getrlimit(resource.RLIMIT_FSIZE)
+        if largest is not None:
+            # The program must get an error for a file that grows beyond this, as on a full disk, and no signal.
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (largest, before[1]))
+        try:
+            self.program = desktop.Program(self.binary, list(arguments), {
+                "XDG_CONFIG_HOME": self.config, "LC_ALL": "C.UTF-8", "CUEWRIGHT_MPV_OPTIONS": "ao=null"},
+                restore_signals=largest is None)
+        finally:
+            resource.setrlimit(resource.RLIMIT_FSIZE, before)
+        self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
+        desktop.focus(self.main)
+
+    def wait_rows(self, count):
+        table = desktop.wait_for("the list", lambda: self.program.find("table", "List of the captions"))
+        desktop.wait_for("%d captions" % count, lambda: table.queryTable().nRows == count)
+
+    def pane(self):
+        return desktop.wait_for("the pane", lambda: self.program.find("text", "Text of the caption"))
+
+    def focus_pane(self):
+        pane = self.pane()
+        desktop.wait_for("a pane to type in", lambda: desktop.enabled(pane))
+        pane.queryComponent().grabFocus()
+        desktop.wait_for("the focus in the pane", lambda: pane.getState().contains(desktop.pyatspi.STATE_FOCUSED))
+        return pane
+
+    def type_into_pane(self, text):
+        pane = self.focus_pane()
+        desktop.key("ctrl+a")
+        desktop.type_text(text)
+        desktop.wait_for("the typed text", lambda: pane.queryText().getText(0, -1) == text)
+
+    def box(self, text):
+        """Waits for a box whose text has this part."""
+        def there():
+            for label in self.program.all("label"):
+                if text in label.name and label.getState().contains(desktop.pyatspi.STATE_SHOWING):
+                    return label
+            return None
+        return desktop.wait_for("a box with: " + text, there)
+
+    def no_box(self, text):
+        labels = [label.name for label in self.program.all("label")]
+        assert not any(text in name for name in labels), labels
+
+    def press_button(self, name):
+        """Clicks a button of the box on top."""
+        button = desktop.wait_for("the button " + name, lambda: self.program.find("push button", name))
+        where = button.queryComponent().getExtents(desktop.pyatspi.DESKTOP_COORDS)
+        desktop.xdotool("mousemove", where.x + where.width // 2, where.y + where.height // 2, "click", 1)
+
+    def close(self):
+        desktop.focus(self.main)
+        desktop.key("alt+F4")
+
+    def wait_end(self):
+        desktop.wait_for("the program's end", lambda: self.program.process.poll() is not None)
+        assert self.program.process.returncode == 0, self.program.process.returncode
+
+    def still_open(self):
+        assert self.program.process.poll() is None
+
+    def export_dialog(self, format_name=None):
+        """The dialog of formats, answered with OK."""
+        dialog = desktop.wait_for("the formats", lambda: self.program.window_id("^Save as$"))
+        desktop.focus(dialog)
+        if format_name is not None:
+            desktop.wait_for("the box of formats", lambda: self.program.find("combo box"))
+            desktop.type_text(format_name)
+        desktop.key("Return")
+
+    def save_dialog(self, path):
+        """The file dialog, answered with a path; None leaves it."""
+        desktop.wait_for("the save dialog", lambda: self.program.find("text", "File name:"))
+        if path is None:
+            desktop.key("Escape")
+        else:
+            desktop.key("ctrl+a")
+            desktop.type_text(path)
+            desktop.key("Return")
+        desktop.wait_for("the end of the save dialog", lambda: self.program.find("text", "File name:") is None)
+
+    def hold_lines(self, count):
+        """Holds the key B for so many lines of the film."""
+        for _ in range(count):
+            desktop.xdotool("keydown", "b")
+            time.sleep(0.5)  # how long a line is spoken
+            desktop.xdotool("keyup", "b")
+            time.sleep(0.2)
+
+    def end(self):
+        if self.program is not None:
+            self.program.quit()
+
+
+def a_text_is_timed_and_closed_with_yes(s):
+    text = s.write("lines.txt", "one\ntwo\n")
+    s.start(s.film)
+    label = desktop.wait_for("the position", lambda: next(
+        (l for l in s.program.all("label") if l.description == "Current position in milliseconds"), None))
+    desktop.wait_for("the film to play", lambda: int(label.name or 0) > 100)
+    desktop.focus(s.main)
+    desktop.key("ctrl+o")
+    desktop.wait_for("the open dialog", lambda: s.program.find("text", "File name:"))
+    desktop.type_text(text)
+    desktop.key("Return")
+    s.wait_rows(2)
+    desktop.focus(s.main)
+    table = s.program.find("table", "List of the captions")
+    table.queryComponent().grabFocus()
+    s.hold_lines(2)
+    s.close()
+    s.box(QUESTION)
+    s.press_button("Yes")
+    s.export_dialog("SubRip")
+    s.save_dialog(s.path("timed.srt"))
+    s.wait_end()
+    assert s.read("lines.txt") == "one\ntwo\n", s.read("lines.txt")
+    saved = s.read("timed.srt")
+    assert saved.count(" --> ") == 2 and "one" in saved and "two" in saved, saved
+
+
+def looking_asks_nothing(s):
+    s.start(s.write("a.srt", subrip(["Hello", "there", "you"])))
+    s.wait_rows(3)
+    s.focus_pane()
+    desktop.key("Right", "Right", "Left", "End", "Home")
+    desktop.key("ctrl+s")
+    desktop.key("Right")
+    s.close()
+    s.wait_end()
+    assert s.read("a.srt") == subrip(["Hello", "there", "you"])
+
+
+def escape_at_the_question_keeps_everything(s):
+    before = subrip(["Hello", "there", "you"])
+    s.start(s.write("a.srt", before))
+    s.wait_rows(3)
+    s.type_into_pane("A night's work")
+    s.close()
+    s.box(QUESTION)
+    desktop.key("Escape")
+    desktop.wait_for("the box to go", lambda: not any(QUESTION in l.name for l in s.program.all("label")))
+    s.still_open()
+    assert s.read("a.srt") == before
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    desktop.wait_for("the saved text", lambda: "A night's work" in s.read("a.srt"))
+    s.close()
+    s.wait_end()
+
+
+def no_at_the_question_leaves_the_file(s):
+    before = subrip(["Hello", "there"])
+    s.start(s.write("a.srt", before))
+    s.wait_rows(2)
+    s.type_into_pane("Nonsense")
+    s.close()
+    s.box(QUESTION)
+    s.press_button("No")
+    s.wait_end()
+    assert s.read("a.srt") == before
+
+
+def one_caption_is_work_too(s):
+    s.start(s.write("a.srt", subrip(["Hello"])))
+    s.wait_rows(1)
+    s.type_into_pane("My only line")
+    s.close()
+    s.box(QUESTION)
+    s.press_button("Yes")
+    s.wait_end()
+    assert "My only line" in s.read("a.srt")
+
+
+def save_as_and_think_better_of_it(s):
+    s.start(s.write("a.srt", subrip(["Hello", "there"])))
+    s.wait_rows(2)
+    s.type_into_pane("Changed")
+    desktop.key("ctrl+shift+s")
+    s.export_dialog("MicroDVD")
+    s.save_dialog(None)
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    desktop.wait_for("the saved text", lambda: "Changed" in s.read("a.srt"))
+    assert s.read("a.srt") == subrip(["Changed", "there"]), s.read("a.srt")
+    s.close()
+    s.wait_end()
+
+
+def the_disk_is_full_at_the_last_moment(s):
+    before = subrip(["line %d of a long evening" % i for i in range(1, 1500)])
+    s.start(s.write("a.srt", before), largest=len(before) - 1000)
+    s.wait_rows(1499)
+    s.type_into_pane("A night's work")
+    s.close()
+    s.box(QUESTION)
+    s.press_button("Yes")
+    s.box("Failed to save file")
+    desktop.key("Return")
+    s.still_open()
+    assert s.read("a.srt") == before
+    assert sorted(os.listdir(s.folder)) == ["a.srt", "config"], os.listdir(s.folder)
+    # What was typed is still there.
+    assert s.pane().queryText().getText(0, -1) == "A night's work"
+    s.close()
+    s.box(QUESTION)
+    s.press_button("No")
+    s.wait_end()
+
+
+def a_folder_that_went_away(s):
+    os.makedirs(s.path("stick"))
+    s.start(s.write("stick/a.srt", subrip(["Hello", "there"])))
+    s.wait_rows(2)
+    s.type_into_pane("A night's work")
+    os.rename(s.path("stick"), s.path("pulled"))
+    s.close()
+    s.box(QUESTION)
+    s.press_button("Yes")
+    s.box("An error ocurred while saving the file")
+    desktop.key("Return")
+    s.still_open()
+    os.rename(s.path("pulled"), s.path("stick"))
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    desktop.wait_for("the saved text", lambda: "A night's work" in s.read("stick/a.srt"))
+    s.close()
+    s.wait_end()
+
+
+def the_classic_manner_closes_one_caption_silently(s):
+    before = subrip(["Hello"])
+    s.start(s.write("a.srt", before), options="Classic=1\n")
+    s.wait_rows(1)
+    s.type_into_pane("My only line")
+    s.close()
+    s.wait_end()
+    assert s.read("a.srt") == before
+
+
+SCENES = [a_text_is_timed_and_closed_with_yes, looking_asks_nothing, escape_at_the_question_keeps_everything,
+          no_at_the_question_leaves_the_file, one_caption_is_work_too, save_as_and_think_better_of_it,
+          the_disk_is_full_at_the_last_moment, a_folder_that_went_away,
+          the_classic_manner_closes_one_caption_silently]
+
+
+def main():
+    binary, film, folder = (os.path.abspath(path) for path in sys.argv[1:4])
+    failures = 0
+    for play in SCENES:
+        if len(sys.argv) > 4 and play.__name__ not in sys.argv[4:]:
+            continue
+        scene = Scene(binary, film, os.path.join(folder, play.__name__))
+        name = play.__name__.replace("_", " ")
+        try:
+            play(scene)
+            print("ok:", name)
+        except (AssertionError, desktop.Timeout) as problem:
+            failures += 1
+            desktop.screenshot(os.path.join(folder, play.__name__ + ".png"))
+            print("FAILED: %s: %s" % (name, problem))
+        finally:
+            scene.end()
+        sys.stdout.flush()
+    print("%d failures" % failures)
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
