@@ -239,15 +239,19 @@ Text ReplaceFirst(TextView text, TextView from, TextView to) {
   return result;
 }
 
-Text InItsOrder(TextView text, TextView value) {
+Text InItsOrderFromRight(TextView value) {
   constexpr char16_t kLeftToRight = 0x2066;
   constexpr char16_t kEnd = 0x2069;
+  const bool negative = value.size() > 1 && value[0] == u'-' && value[1] >= u'0' && value[1] <= u'9';
+  return negative || value.starts_with(u'/') ? kLeftToRight + Text(value) + kEnd : Text(value);
+}
+
+Text InItsOrder(TextView text, TextView value) {
   const bool rightToLeft = std::ranges::any_of(text, [](char16_t unit) {
     const UCharDirection direction = u_charDirection(unit);
     return direction == U_RIGHT_TO_LEFT || direction == U_RIGHT_TO_LEFT_ARABIC;
   });
-  if (!rightToLeft || !value.starts_with(u'/')) return Text(value);
-  return kLeftToRight + Text(value) + kEnd;
+  return rightToLeft ? InItsOrderFromRight(value) : Text(value);
 }
 
 Text Fill(TextView text, TextView first, TextView second) {

@@ -65,9 +65,11 @@ Text ReplaceAll(TextView text, TextView from, TextView to);
 /// The text with the first `from` (exact) replaced.
 Text ReplaceFirst(TextView text, TextView from, TextView to);
 
-/// A value to stand in the text: a path within right-to-left letters is kept in its own order by marks that aren't
-/// seen.
+/// A value to stand in the text: a path or a negative number within right-to-left letters is kept in its own order by
+/// marks that aren't seen.
 Text InItsOrder(TextView text, TextView value);
+/// The same for a value that stands by itself where everything is read from the right.
+Text InItsOrderFromRight(TextView value);
 
 /// The text with "%1" and "%2" filled in one pass, so that a "%1" inside a value is text.
 Text Fill(TextView text, TextView first, TextView second = {});

@@ -55,11 +55,12 @@ std::int32_t DelayDialog::Delay() const {
 
 void DelayDialog::ShowBars() {
   const auto shown = [&](int value, std::size_t one, std::size_t many) {
-    return Decimal(value) + u" " + strings_[std::abs(value) == 1 ? one : many];
+    const Text& unit = strings_[std::abs(value) == 1 ? one : many];
+    return InItsOrder(unit, Decimal(value)) + u" " + unit;
   };
   lblMin.SetText(shown(sldMin.Value(), 172, 173));
   lblSec.SetText(shown(sldSec.Value(), 174, 175));
-  lblMs.SetText(Decimal(sldMs.Value() * kTen) + u" " + strings_[176]);
+  lblMs.SetText(InItsOrder(strings_[176], Decimal(sldMs.Value() * kTen)) + u" " + strings_[176]);
 }
 
 void DelayDialog::ShowDelay() {

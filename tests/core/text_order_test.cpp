@@ -10,6 +10,14 @@ TEST(PathsInTexts, KeepTheirOrderWithinRightToLeftLetters) {
   EXPECT_EQ(InItsOrder(u"ملف الفيديو: ", u"/home/a.mkv"), u"\u2066/home/a.mkv\u2069");
 }
 
+TEST(NegativeNumbersInTexts, KeepTheirMinusBeforeThem) {
+  EXPECT_EQ(InItsOrder(u"دقائق", u"-5"), u"\u2066-5\u2069");
+  EXPECT_EQ(InItsOrder(u"دقائق", u"5"), u"5");
+  EXPECT_EQ(InItsOrder(u"دقائق", u"-"), u"-");
+  EXPECT_EQ(InItsOrder(u"minutes", u"-5"), u"-5");
+  EXPECT_EQ(InItsOrderFromRight(u"-5"), u"\u2066-5\u2069");
+}
+
 TEST(PathsInTexts, StandAsTheyAreWithinOtherLetters) {
   EXPECT_EQ(Fill(u"The file %1 was not found.", u"/home/a.srt"), u"The file /home/a.srt was not found.");
   EXPECT_EQ(InItsOrder(u"動画: ", u"/home/a.mkv"), u"/home/a.mkv");
