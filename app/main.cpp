@@ -1,9 +1,12 @@
 #include <QApplication>
+#include <QDir>
 #include <QMetaObject>
 #include <QScreen>
+#include <QStandardPaths>
 #include <clocale>
 #include <memory>
 
+#include "core/paths.h"
 #include "forms/program.h"
 #include "platform/child_processes.h"
 #include "platform/hunspell_dictionaries.h"
@@ -40,6 +43,12 @@ Text CommandLine(int argc, char** argv) {
     line += AbsoluteIfExists(FromUtf8(argv[i]));
   }
   return line;
+}
+
+/// A folder of the user by its purpose, or the home folder where there is none.
+Text UserFolder(QStandardPaths::StandardLocation purpose) {
+  const QString folder = QStandardPaths::writableLocation(purpose);
+  return WithSlash(PickedPath(!folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath()));
 }
 
 /// Runs tasks on the window's thread, each later and in the order of their coming.
@@ -88,6 +97,8 @@ int main(int argc, char** argv) {
   const HunspellDictionaries dictionaries;
   environment.dictionaries = &dictionaries;
   environment.wordsFolder = WordsFolderPath();
+  environment.documentsFolder = UserFolder(QStandardPaths::DocumentsLocation);
+  environment.filmsFolder = UserFolder(QStandardPaths::MoviesLocation);
 
   PosixProcesses processes;
   // Two hours of sound take about 320 MB.
@@ -110,7 +121,11 @@ int main(int argc, char** argv) {
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
     ConnectDialogs(program, *window);
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
-    Post([&] { program.OpenOnFirstRun(); });
+    // Behind the window's first painting, and whoever has the keyboard.
+    Post([&] {
+      program.OpenOnFirstRun();
+      program.OnFirstActivation();
+    });
   };
   std::unique_ptr<StartView> startView;
   if (program.PlayerMissing()) {

@@ -10,6 +10,8 @@ struct Folders {
   Text TempFolder;      ///< private to the user and this run
   Text FormatIniPath;   ///< "formats.ini" beside the program
   Text FormatDatPath;   ///< "formats.dat" beside the program
+  Text Documents{};     ///< the user's; empty where none is known
+  Text Films{};         ///< the user's; empty where none is known
   Text SystemFolder{};  ///< that of the system on which foreign programs run, under Wine
 };
 

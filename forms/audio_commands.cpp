@@ -40,7 +40,7 @@ void AudioCommands::OpenByDialogs() {
   const std::uint8_t mode = AskMode();
   if (mode == kAudioToNowhere) return;
   const Text path = ShowOpenDialog(ports_.fileDialogs, mode == kAudioToPlayer ? kPlayerFilter : kWaveFilter,
-                                   ReplaceAll(strings_[61], u"...", {}), recall_.LastFolder());
+                                   ReplaceAll(strings_[61], u"...", {}), recall_.LastFolder(FileKind::Sound));
   if (!IsBlank(path)) OpenAudioFile(path, mode);
 }
 
@@ -56,8 +56,7 @@ void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
     ports_.messages.Show({Fill(strings_[157], path), BoxIcon::Error});
     return;
   }
-  recall_.SavePath(path);
-  recall_.Remember(kLastAudioKey, window_.mnuAFileName, path);
+  recall_.Keep(kLastAudioKey, window_.mnuAFileName, path);
   if ((mode & kAudioToPlayer) != 0) {
     CarryOn step;
     document_.VideoPath = path;

@@ -174,8 +174,7 @@ void FileActions::LoadSteps(const Text& path, CarryOn& step) {
   step([&] { resetRuleReport(); });
   step([&] { p_.importer.DetectFormat(path, false, false); });
   p_.list.SetEnabled(true);
-  step([&] { p_.recall.SavePath(path); });
-  step([&] { p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path); });
+  step([&] { p_.recall.Keep(u"TFileName", p_.window.mnuTFileName, path); });
   p_.document.DocModified = false;
   DocumentOpened();
   if (played) step([&] { ports_.player.Play(); });
@@ -206,7 +205,8 @@ void FileActions::OpenVideo() {
   if (p_.document.FileInWork) return;
   p_.store.SaveSetting(kMainSection, u"Volume", Decimal(ports_.player.Volume()));
   closeTools();
-  const Text path = ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(60), p_.recall.LastFolder());
+  const Text path =
+      ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(60), p_.recall.LastFolder(FileKind::Film));
   if (!IsBlank(path)) p_.playerBinding.LoadVideoFile(path);
 }
 

@@ -35,8 +35,7 @@ void PlayerBinding::LoadVideoFile(TextView path) {
   document_.VideoPath = video;
   step([&] { player_.SetUrl(video); });
   step([&] { resetControls(); });
-  step([&] { recall_.SavePath(video); });
-  step([&] { recall_.Remember(u"VFileName", window_.mnuVFileName, video); });
+  step([&] { recall_.Keep(u"VFileName", window_.mnuVFileName, video); });
   step([&] { closeReport(); });
   step([&] { sub_.Load(); });
   step([&] { preview_.DrawPreviewStyle(); });

@@ -234,6 +234,8 @@ bool Program::Start() {
   step([&] { folders.TempFolder = environment_.makeTempFolder(); });
   folders.AppFolder = WithSlash(environment_.appFolder);
   folders.SystemFolder = environment_.systemFolder;
+  folders.Documents = environment_.documentsFolder;
+  folders.Films = environment_.filmsFolder;
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
   folders.FormatDatPath = folders.AppFolder + u"formats.dat";
   step([&] { LoadSettings(store, options); });

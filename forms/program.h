@@ -73,6 +73,8 @@ struct StartEnvironment {
   const SystemInfo* system = nullptr;               ///< what the system says about itself; null: nothing
   Web* web = nullptr;                               ///< the network; null: there is none
   const SpellDictionaries* dictionaries = nullptr;  ///< null: the system has none
+  Text documentsFolder{};                           ///< of the user; file dialogs open there at first
+  Text filmsFolder{};                               ///< of the user; the same for films and sounds
   Text wordsFolder;                                 ///< of the words that the user adds; empty: they aren't kept
 };
 

@@ -7,7 +7,12 @@ namespace cuewright {
 Recall::Recall(MainWindow& window, SettingsStore& store, const Files& files, const Folders& folders)
     : window_(window), store_(store), files_(files), folders_(folders) {}
 
-Text Recall::LastFolder() const { return store_.GetSetting(kMainSection, u"LastFolder", folders_.AppFolder); }
+Text Recall::LastFolder(FileKind kind) const {
+  const Text& own = kind == FileKind::Subtitle ? folders_.Documents : folders_.Films;
+  const Text kept = store_.GetSetting(kMainSection, u"LastFolder", {});
+  if (!kept.empty()) return kept;
+  return own.empty() ? folders_.AppFolder : own;
+}
 
 void Recall::SavePath(TextView path) { store_.SaveSetting(kMainSection, u"LastFolder", FolderOfPath(path)); }
 
@@ -19,8 +24,15 @@ void Recall::Remember(TextView key, MenuItem& item, TextView path) {
   Remembered(key, path);
 }
 
+void Recall::Keep(TextView key, MenuItem& item, TextView path) {
+  const SettingsStore::Batch once(store_);
+  SavePath(path);
+  Remember(key, item, path);
+}
+
 void Recall::Show(MenuItem& item, TextView path) {
-  item.SetText(ShortenPath(path));
+  // An ampersand in a name is no mark of a key.
+  item.SetText(ReplaceAll(ShortenPath(path), u"&", u"&&"));
   item.SetVisible(true);
   window_.mnuLine0b.SetVisible(true);
 }

@@ -3,6 +3,7 @@
 #include "core/folders.h"
 #include "core/form/main_window.h"
 #include "core/ports/files.h"
+#include "forms/recent_files.h"
 #include "settings/store.h"
 
 namespace cuewright {
@@ -12,8 +13,8 @@ class Recall {
  public:
   Recall(MainWindow& window, SettingsStore& store, const Files& files, const Folders& folders);
 
-  /// The folder in which every file dialog opens.
-  Text LastFolder() const;
+  /// The folder in which every file dialog opens; before there was a first file that of the user's films or documents.
+  Text LastFolder(FileKind kind = FileKind::Subtitle) const;
   /// Keeps the folder of a path.
   void SavePath(TextView path);
 
@@ -21,6 +22,9 @@ class Recall {
   Text Path(TextView key) const;
   /// Keeps a path under a key and shows it in its menu item.
   void Remember(TextView key, MenuItem& item, TextView path);
+
+  /// A file was opened or saved: keeps its folder, and its path as `Remember` does, in one write.
+  void Keep(TextView key, MenuItem& item, TextView path);
 
   /// Shows the kept paths that exist; none of a browser's cache.
   void ShowKept();

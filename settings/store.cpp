@@ -110,6 +110,10 @@ void SettingsStore::SaveSettings(TextView section, const std::vector<KeyValue>& 
     Put(lines_, section, key, value);
     unwritten_.push_back({{Text(section), key}, value});
   }
+  if (batches_ == 0) WriteChanges();
+}
+
+void SettingsStore::WriteChanges() {
   if (path_.empty()) return;
   // What stands in the file now, with this run's own changes on top.
   std::vector<Line> current = ReadFile();

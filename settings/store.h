@@ -32,6 +32,20 @@ class SettingsStore final : public SettingsReader {
   /// Stores several values of a section in one write.
   void SaveSettings(TextView section, const std::vector<KeyValue>& values);
 
+  /// While one lives, what is stored is written once, at its end.
+  class Batch {
+   public:
+    explicit Batch(SettingsStore& store) : store_(store) { ++store_.batches_; }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    ~Batch() {
+      if (--store_.batches_ == 0 && !store_.unwritten_.empty()) store_.WriteChanges();
+    }
+
+   private:
+    SettingsStore& store_;
+  };
+
   /// Why the last write failed; empty when it went well.
   const Text& LastFailure() const { return lastFailure_; }
 
@@ -45,6 +59,7 @@ class SettingsStore final : public SettingsReader {
 
   std::vector<Line> ReadFile() const;
   static void Put(std::vector<Line>& lines, TextView section, TextView key, TextView value);
+  void WriteChanges();
   void Write(const std::vector<Line>& lines);
 
   Files& files_;
@@ -52,6 +67,7 @@ class SettingsStore final : public SettingsReader {
   std::vector<Line> lines_;
   std::vector<std::pair<std::pair<Text, Text>, Text>> unwritten_;
   Text lastFailure_;
+  int batches_ = 0;
 };
 
 }  // namespace cuewright

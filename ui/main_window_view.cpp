@@ -419,14 +419,7 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
 
 void MainWindowView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() != QEvent::ActivationChange) return;
-  if (!isActiveWindow()) {
-    program_.capture.OnFocusLost();
-  } else if (!activated_) {
-    activated_ = true;
-    QMetaObject::invokeMethod(
-        this, [this] { program_.OnFirstActivation(); }, Qt::QueuedConnection);
-  }
+  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) program_.capture.OnFocusLost();
 }
 
 bool MainWindowView::FilterKey(QObject* object, QEvent* event) {

@@ -73,7 +73,6 @@ class MainWindowView final : public QMainWindow {
   Overlay* overlay_ = nullptr;
   std::unique_ptr<AudioBarWidgets> audioBar_;
   std::unique_ptr<ToolWindows> tools_;
-  bool activated_ = false;
   Connection closeAfterWork_;  ///< the user wants to close, and a file is still in work
   bool hadDocument_ = false;
   std::vector<Connection> connections_;

@@ -18,6 +18,7 @@ using Opening = ProgramFixture;
 using Saving = ProgramFixture;
 using Closing = ProgramFixture;
 using Clipboard = ProgramFixture;
+using StartFolder = ProgramFixture;
 using StartFile = ProgramFixture;
 using BadInput = ProgramFixture;
 using Recalling = ProgramFixture;
@@ -381,6 +382,22 @@ TEST(StartFileOf, TakesOnePathOfEightCharactersWithSlashAndDot) {
                         {u"\"/tmp/x y.srt\"", u"/tmp/x y.srt"},
                         {u"\"/a/b.c\" \"/d.e\"", u"/a/b.c /d.e"}};
   for (const Case& c : cases) EXPECT_EQ(StartFileOf(c.line), c.path) << ToUtf8(c.line);
+}
+
+TEST_F(StartFolder, IsThatOfTheUsersDocumentsOrFilmsUntilThereIsALastOne) {
+  program->folders.Documents = u"/home/user/Documents/";
+  program->folders.Films = u"/home/user/Videos/";
+  Window().mnuOpenText.Click();
+  EXPECT_EQ(dialogs.calls.back().folder, u"/home/user/Documents/");
+  Window().mnuOpenVideo.Click();
+  EXPECT_EQ(dialogs.calls.back().folder, u"/home/user/Videos/");
+  const Text path = SubRip("a.srt", 2);
+  program->files.OpenSubtitleFile(path);
+  for (MenuItem* item : {&Window().mnuOpenText, &Window().mnuOpenVideo, &Window().mnuSaveAs}) {
+    program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+    item->Click();
+    EXPECT_EQ(dialogs.calls.back().folder, FolderOfPath(path));
+  }
 }
 
 TEST_F(StartFile, TwoPathsAreOnePathThatIsNotFound) {

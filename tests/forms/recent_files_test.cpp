@@ -1,5 +1,10 @@
 #include "forms/recent_files.h"
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+
 #include "core/paths.h"
 #include "tests/support/program_fixture.h"
 
@@ -26,6 +31,49 @@ TEST_F(Recents, TheNewestStandsInFrontAndOnce) {
   EXPECT_EQ(Window().mnuRecentFile[0].GetText(), ShortenPath(first));
   EXPECT_EQ(Window().mnuRecentFile[1].GetText(), ShortenPath(film));
   EXPECT_FALSE(Window().mnuRecentFile[2].Visible());
+}
+
+/// Counts how often the settings file was replaced by a new one.
+class WritesOfSettings {
+ public:
+  explicit WritesOfSettings(const std::filesystem::path& folder) : queue_(inotify_init1(IN_NONBLOCK)) {
+    EXPECT_GE(inotify_add_watch(queue_, folder.c_str(), IN_MOVED_TO | IN_CLOSE_WRITE), 0);
+  }
+  WritesOfSettings(const WritesOfSettings&) = delete;
+  WritesOfSettings& operator=(const WritesOfSettings&) = delete;
+  ~WritesOfSettings() { close(queue_); }
+  /// Since the last call.
+  int Take() const {
+    int writes = 0;
+    alignas(inotify_event) std::array<char, 8192> buffer{};
+    for (ssize_t size = read(queue_, buffer.data(), buffer.size()); size > 0;
+         size = read(queue_, buffer.data(), buffer.size())) {
+      for (std::size_t at = 0; at < static_cast<std::size_t>(size);) {
+        const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + at);
+        if (event->len > 0 && std::string(event->name) == "settings.ini") ++writes;
+        at += sizeof(inotify_event) + event->len;
+      }
+    }
+    return writes;
+  }
+
+ private:
+  int queue_;
+};
+
+TEST_F(Recents, OpeningAFileWritesTheSettingsOnce) {
+  const Text subtitle = SubRip("a.srt", 2);
+  const Text film = folder.Write("film.mkv", "x");
+  const WritesOfSettings writes(folder.Path());
+  program->files.OpenSubtitleFile(subtitle);
+  EXPECT_EQ(writes.Take(), 1);
+  program->playerBinding.LoadVideoFile(film);
+  EXPECT_EQ(writes.Take(), 1);
+  program->audio.OpenAudioFile(film, kAudioToPlayer);
+  EXPECT_EQ(writes.Take(), 1);
+  Restart({});
+  EXPECT_EQ(program->recall.Path(u"TFileName"), subtitle);
+  EXPECT_TRUE(program->window.mnuRecentFile[2].Visible());
 }
 
 TEST_F(Recents, OnlyTenAreKept) {
