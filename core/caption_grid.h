@@ -26,6 +26,11 @@ class CaptionGrid {
 
   const std::array<Text, 4>& Headings() const { return headings_; }
   void SetHeadings(std::array<Text, 4> headings);
+  /// How a caption is read out: of one with times "%1, %2 to %3 seconds, %4" or the like (number, start, end, text), of
+  /// one without "%1, without times, %4".
+  void SetSpoken(TextView timed, TextView untimed);
+  /// What a screen reader says for a row; empty for one out of range.
+  Text SpokenCaption(Row row) const;
   bool RightToLeft() const { return rightToLeft_; }
   void SetRightToLeft(bool on);
 
@@ -68,6 +73,8 @@ class CaptionGrid {
   bool rightToLeft_ = false;
   Text notice_;
   std::array<Text, 4> headings_;
+  Text spokenTimed_;
+  Text spokenUntimed_;
   std::array<int, 4> widths_ = {34, 58, 58, 200};
   Text fontName_;
   int fontSize_ = 8;

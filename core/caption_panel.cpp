@@ -4,6 +4,12 @@
 #include "core/runtime_error.h"
 
 namespace cuewright {
+namespace {
+
+constexpr std::size_t kSpokenTimed = 1080;
+constexpr std::size_t kSpokenUntimed = 1081;
+
+}  // namespace
 
 CaptionPanel::CaptionPanel(MainWindow& window, CaptionList& list, CaptionGrid& grid, const LangStrings& strings)
     : window_(window), list_(list), grid_(grid), strings_(strings) {
@@ -49,6 +55,7 @@ void CaptionPanel::ResetGrid(bool active) {
 
 void CaptionPanel::ApplyLanguage(bool rightToLeft) {
   grid_.SetHeadings({u"#", strings_[40], strings_[42], strings_[360]});
+  grid_.SetSpoken(strings_[kSpokenTimed], strings_[kSpokenUntimed]);
   grid_.SetRightToLeft(rightToLeft);
 }
 

@@ -69,7 +69,8 @@ Program::Program(Ports ports, StartEnvironment environment)
                 environment_.dictionaries != nullptr ? *environment_.dictionaries : noDictionaries_,
                 environment_.wordsFolder, ports_}),
       embedWizard(PartsOfWizards()),
-      audioWizard(PartsOfWizards()) {
+      audioWizard(PartsOfWizards()),
+      title(window, document, options, strings) {
   Connect();
 }
 
@@ -128,6 +129,7 @@ void Program::Connect() {
   ConnectRules();
   ConnectFiles();
   ConnectHistory();
+  ConnectTitle();
   ConnectJournal();
   ConnectWizards();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
@@ -170,6 +172,14 @@ void Program::ConnectHistory() {
   files.DocumentClosed.Connect([this] { history.End(); });
   files.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
+}
+
+void Program::ConnectTitle() {
+  title.unsaved = [this] { return document.DocModified; };
+  for (Signal<>* changed : {&list.CommandEnded, &history.Changed, &files.DocumentOpened, &files.DocumentClosed,
+                            &files.Saved, &dialogs.settings.Closed}) {
+    changed->Connect([this] { title.Show(); });
+  }
 }
 
 void Program::ConnectJournal() {
@@ -260,7 +270,7 @@ bool Program::Start() {
 }
 
 Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
-  window.SetTitle(Text(kProductName) + u" " + VersionText());
+  title.Show();
   const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
   audioBar.LoadOptions();
   ApplyLanguage();
@@ -298,6 +308,7 @@ void Program::ApplyLanguage() {
   notices.ApplyLanguage();
   shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
   undo.ShowItems();
+  title.Show();
   for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
   for (ToolForm* form : ToolForms()) {
     if (form->Loaded()) form->ApplyLanguage(languages.IsRightToLeft());

@@ -50,6 +50,7 @@
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/undo_commands.h"
+#include "forms/window_title.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/store.h"
@@ -92,7 +93,7 @@ class Program final : private FormatHost {
   Shell::StartSize LoadMainWindow(int screenWidth, int screenHeight);
   /// The main window is up: on a first run the settings open at the language.
   void OpenOnFirstRun();
-  /// The main window became active for the first time: the file of the command line opens.
+  /// The main window is up: what a program that ended had not saved is offered, and the file of the command line opens.
   void OnFirstActivation();
   /// Takes a row of the language table for this run and labels every open window anew. Gives how much of the language
   /// is there, in percent. The store is left alone.
@@ -158,6 +159,7 @@ class Program final : private FormatHost {
   SpellCheck spelling;
   EmbedWizard embedWizard;
   AudioWizard audioWizard;
+  WindowTitle title;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
@@ -179,6 +181,7 @@ class Program final : private FormatHost {
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(std::size_t text);
   void ConnectHistory();
+  void ConnectTitle();
   void ConnectJournal();
   void ConnectWizards();
   void OpenEmbedWizard();

@@ -14,6 +14,7 @@
 namespace cuewright {
 namespace {
 
+constexpr int kNormal = 0;
 constexpr int kMaximised = 2;
 constexpr int kDefaultWidth = 600;
 constexpr int kDefaultHeight = 570;
@@ -75,6 +76,8 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   step([&] {
     const int state = ReadNumber(store_, u"WindowState", kMaximised);
     size.maximised = state == kMaximised;
+    // Any other value leaves the window as the desktop makes it.
+    if (state != kNormal && state != kMaximised) return;
     size.width = std::min(ReadNumber(store_, u"WindowWidth", kDefaultWidth), screenWidth);
     size.height = std::min(ReadNumber(store_, u"WindowHeight", kDefaultHeight), screenHeight);
   });

@@ -116,12 +116,13 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   tools_ = std::make_unique<ToolWindows>(program_, *this);
   FitLeastWidth();
 
-  connections_.push_back(form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));
+  connections_.push_back(form_.TitleChanged.ConnectScoped([this] { ShowTitle(); }));
   connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
   connections_.push_back(program_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(program_.sub.lblSub.Changed.ConnectScoped([this] { PlaceOverlayNow(); }));
   connections_.push_back(program_.LanguageChanged.ConnectScoped([this] { ApplyNames(); }));
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
-  setWindowTitle(ToQt(form_.Title()));
+  ShowTitle();
   ApplyDirection();
   connections_.push_back(program_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
   setTabOrder(findChild<QWidget*>("optPreview"), divider_);
@@ -470,11 +471,26 @@ bool MainWindowView::FilterDividerKey(QKeyEvent* event) {
   return true;
 }
 
+void MainWindowView::ShowTitle() {
+  // The toolkit takes this sign for a place of its own.
+  setWindowTitle(ToQt(form_.Title()).replace("[*]", "[*][*]"));
+}
+
+void MainWindowView::RestFocus() {
+  // With nothing to work on the keyboard rests in the window itself, not on the divider.
+  area_->setAccessibleName(ToQt(form_.lblTextFile.GetText()));
+  area_->setFocus();
+}
+
 void MainWindowView::FollowDocument() {
   const bool came = program_.grid.Active() && !hadDocument_;
+  const bool went = !program_.grid.Active() && hadDocument_;
   hadDocument_ = program_.grid.Active();
+  const QWidget* focus = focusWidget();
+  const bool atRest = focus == nullptr || focus == divider_ || focus == area_;
   // The keyboard is for the list as soon as there is one, unless the user is typing elsewhere.
-  if (came && (focusWidget() == nullptr || focusWidget() == divider_)) table_->setFocus();
+  if (came && atRest) table_->setFocus();
+  if (went && (atRest || focus == table_)) RestFocus();
 }
 
 void MainWindowView::MoveDivider(int left) {

@@ -44,6 +44,8 @@ class MainWindowView final : public QMainWindow {
   void FitLeastWidth();
   /// What assistive programs read, in the language in force.
   void ApplyNames();
+  void ShowTitle();
+  void RestFocus();
   void FollowDocument();
   void MoveDivider(int left);
   void ApplyLayout();

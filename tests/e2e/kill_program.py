@@ -37,7 +37,7 @@ class Session:
 
     def __init__(self, binary, argument, environment):
         self.program = desktop.Program(binary, [argument], environment)
-        self.window = desktop.wait_for("the main window", lambda: self.program.window_id("^Tessaly Cuewright [0-9]"))
+        self.window = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright [0-9]"))
 
     def kill(self):
         self.program.process.send_signal(signal.SIGKILL)

@@ -142,7 +142,7 @@ def main():
         "LC_ALL": "C.UTF-8",
     })
     try:
-        window = desktop.wait_for("the main window", lambda: program.window_id("^Tessaly Cuewright"))
+        window = desktop.wait_for("the main window", lambda: program.window_id("Tessaly Cuewright [0-9]"))
         # A first start asks for the language.
         settings = desktop.wait_for("the settings", lambda: program.window_id("^General Settings$"))
         desktop.focus(settings)

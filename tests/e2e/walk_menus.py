@@ -73,7 +73,7 @@ def main():
     program = desktop.Program(binary, [document], {
         "XDG_CONFIG_HOME": os.path.join(folder, "config"), "XDG_STATE_HOME": folder, "LC_ALL": "C.UTF-8"})
     try:
-        window = desktop.wait_for("the main window", lambda: program.window_id("^Tessaly Cuewright"))
+        window = desktop.wait_for("the main window", lambda: program.window_id("Tessaly Cuewright [0-9]"))
         desktop.wait_for("the loaded file", lambda: program.find("label", "Current subtitle file: a.srt"))
         desktop.focus(window)
         bar = desktop.wait_for("the menu bar", lambda: program.find("menu bar"))

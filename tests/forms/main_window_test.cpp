@@ -302,6 +302,39 @@ TEST_F(Controls, TheTitleIsTheProductAndItsVersion) {
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
 }
 
+TEST_F(Controls, TheTitleNamesTheDocumentAndWhetherItWasChanged) {
+  program->files.OpenSubtitleFile(SubRip("a [*] b.srt", 3));
+  EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
+  Window().mnuRemove.Click();
+  EXPECT_EQ(Window().Title(), u"a [*] b.srt* - Tessaly Cuewright 1.0.0");
+  Window().mnuUndo.Click();
+  EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
+  Window().mnuRedo.Click();
+  program->files.SaveDocument();
+  EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
+  program->files.New();
+  EXPECT_EQ(Window().Title(), u"Untitled - Tessaly Cuewright 1.0.0");
+  program->files.CloseDocuments();
+  EXPECT_EQ(Window().Title(), u"Tessaly Cuewright 1.0.0");
+}
+
+TEST_F(Controls, TheTitleInTheClassicMannerIsTheProductAlone) {
+  program->options.manner.SetClassic(true);
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  EXPECT_EQ(Window().Title(), u"Tessaly Cuewright 1.0.0");
+}
+
+TEST_F(Unload, AnotherStateThanNormalAndMaximisedChangesNothing) {
+  for (const TextView state : {u"1", u"3", u"-1", u"255"}) {
+    program->store.SaveSettings(kMainSection,
+                                {{u"WindowState", Text(state)}, {u"WindowWidth", u"901"}, {u"WindowHeight", u"702"}});
+    const Shell::StartSize size = program->shell.LoadOptions(1280, 800);
+    EXPECT_FALSE(size.maximised) << ToUtf8(state);
+    EXPECT_EQ(size.width, 0) << ToUtf8(state);
+    EXPECT_EQ(size.height, 0) << ToUtf8(state);
+  }
+}
+
 TEST_F(Unload, StoresTheWindowUnlessItIsMinimised) {
   program->shell.SaveAtUnload(false, false, 900, 700);
   player.volume = 33;
@@ -315,6 +348,15 @@ TEST_F(Unload, StoresTheWindowUnlessItIsMinimised) {
   EXPECT_EQ(size.width, 800);
   EXPECT_EQ(size.height, 600);
   EXPECT_EQ(player.volume, 33);
+}
+
+TEST_F(Grid, ACaptionIsReadOutWithItsTimes) {
+  List().Replace(1, 1, {{100, 9437, u"<i>My name is|Ann<b>"}, {0, 0, u"100%4"}, {6500, 9400, u""}});
+  EXPECT_EQ(program->grid.SpokenCaption(1), u"1, 0.1 to 9.4 seconds, My name is Ann");
+  EXPECT_EQ(program->grid.SpokenCaption(2), u"2, without times, 100%4");
+  EXPECT_EQ(program->grid.SpokenCaption(3), u"3, 6.5 to 9.4 seconds, ");
+  EXPECT_EQ(program->grid.SpokenCaption(4), u"");
+  EXPECT_EQ(program->grid.SpokenCaption(0), u"");
 }
 
 TEST_F(Grid, ScrollRowKeepsTheSelectedRowThreeAboveTheEdge) {
