@@ -34,6 +34,7 @@ void Preview::DrawPreviewStyle() {
   style.bold = options_.F_FONTBOLD;
   style.colour = options_.F_FONTCOLOR;
   style.shadowShift = options_.F_SHADOWVAL;
+  style.allLines = options_.manner.ShowsAllLines();
   if (document_.HasVideo()) style.opaque = options_.F_OPAQUE;
   sub_.lblShadow.SetVisible(options_.F_SHADOW);
   sub_.lblSub.SetRightToLeft(window_.lblMode.RightToLeft());

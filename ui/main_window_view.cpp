@@ -364,10 +364,17 @@ void MainWindowView::ApplyColumns() {
 
 void MainWindowView::PlaceOverlayNow() {
   const QRect player = Placed(program_.shell.Layout().Player());
-  const int height = overlay_->WantedHeight();
-  const OverlayPlace place =
-      PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height, program_.options.F_SUBHEIGHT);
-  overlay_->setGeometry(place.left, place.top, place.width, height);
+  const auto place = [&](int height) {
+    return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height,
+                        program_.options.F_SUBHEIGHT);
+  };
+  const int width = place(0).width;
+  const int height = overlay_->WantedHeight(width);
+  QRect shown(place(height).left, place(height).top, width, height);
+  // Many lines keep to the picture.
+  if (program_.sub.GetStyle().allLines) shown.moveTop(std::max(shown.top(), player.top()));
+  if (overlay_->geometry() == shown) return;
+  overlay_->setGeometry(shown);
   overlay_->raise();
 }
 

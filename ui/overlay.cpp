@@ -2,11 +2,38 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QTextLayout>
+#include <cmath>
 
 #include "ui/qt_colour.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
+namespace {
+
+/// The direction of a line's first letter; one without letters is read like the language in force.
+Qt::LayoutDirection DirectionOf(const QString& line, Qt::LayoutDirection language) {
+  for (const QChar letter : line) {
+    if (letter.direction() == QChar::DirL) return Qt::LeftToRight;
+    if (letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL) return Qt::RightToLeft;
+  }
+  return language;
+}
+
+/// Lays a line out below `top`, wrapped where the width asks for it. Gives where the next one begins.
+qreal LayOut(QTextLayout& layout, qreal width, qreal top, qreal leading) {
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    line.setPosition({0, top});
+    top += line.height() + leading;
+  }
+  layout.endLayout();
+  return top;
+}
+
+}  // namespace
+
 Overlay::Overlay(SubWindow& form, QWidget* parent) : QWidget(parent), form_(form) {
   setObjectName("frmSub");
   setAccessibleName("Caption over the picture");
@@ -35,23 +62,57 @@ QFont Overlay::StyleFont() const {
   return font;
 }
 
-int Overlay::WantedHeight() const { return 2 * QFontMetrics(StyleFont()).height() + 2; }
+Qt::LayoutDirection Overlay::LanguageDirection() const {
+  return form_.lblSub.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
+QString Overlay::ShownText() const { return ToQt(ReplaceAll(form_.lblSub.GetText(), kLineEnd, u"\n")); }
+
+int Overlay::DrawLines(QPainter* painter, int width) const {
+  const QFont font = StyleFont();
+  const qreal leading = std::max(QFontMetricsF(font).leading(), 0.0);
+  qreal top = 0;
+  for (const QString& text : ShownText().split('\n')) {
+    QTextLayout layout(text, font);
+    QTextOption option(Qt::AlignHCenter);
+    option.setWrapMode(QTextOption::WordWrap);
+    option.setTextDirection(DirectionOf(text, LanguageDirection()));
+    layout.setTextOption(option);
+    top = LayOut(layout, width, top, leading);
+    if (painter != nullptr) layout.draw(painter, {0, 0});
+  }
+  return static_cast<int>(std::ceil(top - leading));
+}
+
+int Overlay::WantedHeight(int width) const {
+  const int twoLines = 2 * QFontMetrics(StyleFont()).height() + 2;
+  if (!form_.GetStyle().allLines || ShownText().isEmpty()) return twoLines;
+  return std::max(twoLines, DrawLines(nullptr, width) + 2);
+}
+
+void Overlay::DrawText(QPainter& painter) const {
+  if (form_.GetStyle().allLines) {
+    DrawLines(&painter, width());
+    return;
+  }
+  painter.setLayoutDirection(LanguageDirection());
+  painter.drawText(rect(), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, ShownText());
+}
 
 void Overlay::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const SubWindow::Style& style = form_.GetStyle();
   if (style.opaque) painter.fillRect(rect(), Qt::black);
-  const QString text = ToQt(ReplaceAll(form_.lblSub.GetText(), kLineEnd, u"\n"));
-  if (text.isEmpty()) return;
+  if (ShownText().isEmpty()) return;
   painter.setFont(StyleFont());
-  painter.setLayoutDirection(form_.lblSub.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-  const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
   if (form_.lblShadow.Visible()) {
     painter.setPen(Qt::black);
-    painter.drawText(rect().translated(style.shadowShift, style.shadowShift), flags, text);
+    painter.translate(style.shadowShift, style.shadowShift);
+    DrawText(painter);
+    painter.translate(-style.shadowShift, -style.shadowShift);
   }
   painter.setPen(ColourOf(style.colour));
-  painter.drawText(rect(), flags, text);
+  DrawText(painter);
 }
 
 }  // namespace cuewright

@@ -13,14 +13,19 @@ class Overlay final : public QWidget {
  public:
   Overlay(SubWindow& form, QWidget* parent);
 
-  /// Height for two lines of the style's font, in pixels.
-  int WantedHeight() const;
+  /// Height for two lines of the style's font, or for all that the caption has at this width, in pixels.
+  int WantedHeight(int width) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QFont StyleFont() const;
+  Qt::LayoutDirection LanguageDirection() const;
+  QString ShownText() const;
+  /// Draws every line of the caption by its own direction, or only measures them (no painter). Gives their height.
+  int DrawLines(QPainter* painter, int width) const;
+  void DrawText(QPainter& painter) const;
   void ShowState();
 
   SubWindow& form_;

@@ -31,7 +31,7 @@ struct OverlayTest : ::testing::Test {
     style.fontName = u"DejaVu Sans";
     style.fontSize = 18;
     style.colour = 0x00FFFF;
-    overlay.setGeometry(10, 100, 480, overlay.WantedHeight());
+    overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
     film.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&film));
   }
@@ -39,7 +39,7 @@ struct OverlayTest : ::testing::Test {
   void Show(TextView text) {
     form.Load();
     form.SetStyle(style);
-    overlay.setGeometry(10, 100, 480, overlay.WantedHeight());
+    overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
     form.ShowText(text);
   }
   QImage Picture() { return film.grab().toImage(); }
@@ -104,7 +104,7 @@ TEST_F(OverlayTest, TheShadowLiesBehindTheTextAndCanBeOff) {
 TEST_F(OverlayTest, HasRoomForTwoLines) {
   const QFontMetrics metrics(QFont("DejaVu Sans", 18));
   Show(u"Hello");
-  EXPECT_EQ(overlay.WantedHeight(), 2 * metrics.height() + 2);
+  EXPECT_EQ(overlay.WantedHeight(480), 2 * metrics.height() + 2);
   form.ShowText(u"Hello\r\nworld");
   const auto [left, right] = Extent(100 + metrics.height(), 100 + 2 * metrics.height());
   EXPECT_GT(right, left);
@@ -124,7 +124,61 @@ TEST_F(OverlayTest, ItalicsAndUnderlineAreSeen) {
   EXPECT_NE(plain, Picture());
 }
 
-TEST_F(OverlayTest, RightToLeftTextReadsFromTheRight) {
+TEST_F(OverlayTest, HasRoomForAllLinesAndForThoseThatWrap) {
+  const QFontMetrics metrics(QFont("DejaVu Sans", 18));
+  form.Load();
+  form.SetStyle(style);
+  form.ShowText(u"one\r\ntwo\r\nthree\r\nfour");
+  EXPECT_GE(overlay.WantedHeight(480), 4 * metrics.height());
+  form.ShowText(u"a caption that is far too long to stand in one single line of the picture, or in two of them");
+  EXPECT_GE(overlay.WantedHeight(480), 3 * metrics.height());
+  overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
+  const auto [left, right] = Extent(100 + 2 * metrics.height(), 100 + 3 * metrics.height());
+  EXPECT_GT(right, left);
+}
+
+TEST_F(OverlayTest, OfTheClassicMannerIsTwoLinesHigh) {
+  style.allLines = false;
+  Show(u"one\r\ntwo\r\nthree\r\nfour");
+  EXPECT_EQ(overlay.WantedHeight(480), 2 * QFontMetrics(QFont("DejaVu Sans", 18)).height() + 2);
+}
+
+TEST_F(OverlayTest, EachLineIsReadByItsOwnLetters) {
+  form.lblShadow.SetVisible(false);
+  const int line = QFontMetrics(QFont("DejaVu Sans", 18)).height();
+  // The sign at the end of an Arabic line stands on its left, that of an English one on its right, in one caption.
+  Show(u"\u0633\u0644\u0627\u0645\r\nHello");
+  const auto arabic = Extent(100, 100 + line);
+  const auto english = Extent(100 + line, 100 + 2 * line);
+  for (const bool rightToLeft : {false, true}) {
+    form.lblSub.SetRightToLeft(rightToLeft);
+    form.ShowText(u"\u0633\u0644\u0627\u0645 -\r\nHello -");
+    const auto arabicSigned = Extent(100, 100 + line);
+    const auto englishSigned = Extent(100 + line, 100 + 2 * line);
+    // Centred, so that the letters move away from their sign.
+    EXPECT_LT(arabicSigned.first, arabic.first);
+    EXPECT_GT(englishSigned.second, english.second);
+    const QImage picture = Picture();
+    const auto dashAt = [&](int x, int y) { return picture.pixelColor(x, y) == kYellow; };
+    int left = 0;
+    int right = 0;
+    for (int y = 100 + line / 3; y < 100 + line; ++y) left += dashAt(arabicSigned.first + 2, y) ? 1 : 0;
+    for (int y = 100 + line + line / 3; y < 100 + 2 * line; ++y) right += dashAt(englishSigned.second - 2, y) ? 1 : 0;
+    // A dash is a thin line where letters would be high.
+    EXPECT_TRUE(left >= 1 && left <= 3) << left;
+    EXPECT_TRUE(right >= 1 && right <= 3) << right;
+  }
+}
+
+TEST_F(OverlayTest, ALineWithoutLettersIsReadLikeTheLanguage) {
+  Show(u"12 -");
+  const QImage fromLeft = Picture();
+  form.lblSub.SetRightToLeft(true);
+  EXPECT_NE(fromLeft, Picture());
+}
+
+TEST_F(OverlayTest, RightToLeftTextReadsFromTheRightInTheClassicManner) {
+  style.allLines = false;
   Show(u"abc!");
   const QImage fromLeft = Picture();
   form.lblSub.SetRightToLeft(true);
