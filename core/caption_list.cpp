@@ -217,11 +217,11 @@ void CaptionList::SetRow(Row row, bool scroll) {
   if (enabled_) RowShown(row, scroll);
 }
 
-void CaptionList::MoveSelection(Row row) {
+void CaptionList::MoveSelection(Row row, bool scroll) {
   if (!InRange(row)) return;
   selected_ = row;
   if (row != currentRow_) {
-    SetRow(row, true);
+    SetRow(row, scroll);
   } else {
     SelectionChanged(row);
   }

@@ -130,8 +130,9 @@ class CaptionList {
   /// list is disabled.
   void SetRow(Row row, bool scroll);
 
-  /// Moves the list's selection, as a click or an arrow key does; runs `SetRow` when it left `CurrentRow` behind.
-  void MoveSelection(Row row);
+  /// Moves the list's selection, as an arrow key or a click does; runs `SetRow` when it left `CurrentRow` behind. A row
+  /// that the user points at is in view and stays where it is: then `scroll` is false.
+  void MoveSelection(Row row, bool scroll = true);
 
   /// Disabled during bulk operations: `SetRow` then announces nothing.
   bool Enabled() const { return enabled_; }

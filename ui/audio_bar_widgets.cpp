@@ -66,6 +66,12 @@ class Arrow final : public QWidget {
   }
 };
 
+/// A line that stands out from a wave of any colour: dark between two light ones.
+void DrawMark(QPainter& painter, int x, int height) {
+  painter.fillRect(x - 1, 0, 3, height, Qt::white);
+  painter.fillRect(x, 0, 1, height, ColourOf(kMarkColour));
+}
+
 MouseButton HeldButton(Qt::MouseButtons buttons) {
   if (buttons & Qt::LeftButton) return MouseButton::Left;
   if (buttons & Qt::RightButton) return MouseButton::Right;
@@ -133,8 +139,8 @@ void WavePicture::paintEvent(QPaintEvent* event) {
   const WaveMarks& marks = bar_.Marks();
   if (marks.captionShown) {
     painter.fillRect(marks.spanLeft, 0, marks.spanWidth - 1, height(), QColor(120, 120, 255, 90));
-    painter.fillRect(marks.start, 0, 1, height(), ColourOf(kMarkColour));
-    painter.fillRect(marks.end, 0, 1, height(), ColourOf(kMarkColour));
+    DrawMark(painter, marks.start, height());
+    DrawMark(painter, marks.end, height());
   }
   if (marks.positionShown) painter.fillRect(marks.position, 0, 1, height(), ColourOf(marks.positionColor));
 }
@@ -148,6 +154,8 @@ void WavePicture::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void WavePicture::mouseReleaseEvent(QMouseEvent* event) { bar_.OnRelease(MouseButtonOf(event->button())); }
+
+void WavePicture::leaveEvent(QEvent*) { bar_.OnPointerElsewhere(); }
 
 void WavePicture::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
 
@@ -204,7 +212,10 @@ void AudioBarWidgets::Place(const QRect& strip) {
   level_->setGeometry(strip.left(), strip.top(), kLevelWidth, strip.height());
   const int left = strip.left() + kLevelWidth + kGap;
   wave_->setGeometry(left, strip.top(), std::max(strip.right() + 1 - left, 0), strip.height());
-  slider_->setGeometry(strip.right() + 1 + kGap, strip.top(), kSliderWidth, strip.height());
+  // The strip leaves room for the bar at the window's far side.
+  const bool mirrored = area_->layoutDirection() == Qt::RightToLeft;
+  slider_->setGeometry(mirrored ? strip.left() - kGap - kSliderWidth : strip.right() + 1 + kGap, strip.top(),
+                       kSliderWidth, strip.height());
   arrow_->raise();
   PlaceMarks();
   if (strip.height() == height_) return;

@@ -11,9 +11,12 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScopedValueRollback>
 #include <QSlider>
 #include <QTextCursor>
+#include <utility>
 
+#include "core/form/mnemonics.h"
 #include "ui/key_codes.h"
 #include "ui/qt_colour.h"
 #include "ui/qt_text.h"
@@ -66,8 +69,8 @@ QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
     action->setShortcuts(QKeySequence::listFromString(QString::fromStdString(item.Shortcut())));
   }
   bound_.insert(&item, action);
-  Watch(item, [&item, action] {
-    action->setText(ToQt(item.GetText()));
+  Watch(item, [this, &item, action] {
+    action->setText(Shown(item.GetText()));
     action->setEnabled(item.Enabled());
     action->setVisible(item.Visible());
     action->setChecked(item.Checked());
@@ -80,22 +83,52 @@ QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
   });
   auto* menu = new QMenu(&root_);
   menu->setObjectName(action->objectName() + "Menu");
+  connect(menu, &QMenu::aboutToShow, this, [&item] { item.AboutToShow(); });
   FillMenu(*menu, item);
   if (menu->isEmpty()) {
     delete menu;
   } else {
     action->setMenu(menu);
-    connect(menu, &QMenu::aboutToShow, this, [&item] { item.AboutToShow(); });
   }
   return action;
 }
 
-void Binder::FillMenu(QMenu& menu, const MenuItem& parent) {
+QString Binder::Shown(TextView text) const {
+  return ToQt(form_.RightToLeft() ? InItsOrderFromRight(text) : Text(text));
+}
+
+void Binder::GiveMnemonics(const std::vector<MenuItem*>& items) {
+  std::vector<MenuItem*> shown;
+  std::vector<Text> captions;
+  for (MenuItem* item : items) {
+    if (item->IsSeparator() || !item->Visible() || !bound_.contains(item)) continue;
+    shown.push_back(item);
+    captions.push_back(item->GetText());
+  }
+  captions = WithMnemonics(std::move(captions));
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    const QString text = Shown(captions[i]);
+    auto* action = qobject_cast<QAction*>(bound_.value(shown[i]));
+    if (action->text() != text) action->setText(text);
+  }
+}
+
+std::vector<MenuItem*> Binder::ItemsBelow(const MenuItem& parent) const {
+  std::vector<MenuItem*> items;
   for (Control* control : form_.Controls()) {
     if (control->GetKind() != Control::Kind::Menu) continue;
-    auto& item = static_cast<MenuItem&>(*control);
-    if (item.Parent() == &parent && !bound_.contains(&item)) menu.addAction(MakeAction(item, &menu));
+    auto* item = static_cast<MenuItem*>(control);
+    if (item->Parent() == &parent) items.push_back(item);
   }
+  return items;
+}
+
+void Binder::FillMenu(QMenu& menu, const MenuItem& parent) {
+  for (MenuItem* item : ItemsBelow(parent)) {
+    if (!bound_.contains(item)) menu.addAction(MakeAction(*item, &menu));
+  }
+  // What the menu shows is known when it opens.
+  connect(&menu, &QMenu::aboutToShow, this, [this, &parent] { GiveMnemonics(ItemsBelow(parent)); });
 }
 
 QStringList Binder::BindAll() {
@@ -107,6 +140,12 @@ QStringList Binder::BindAll() {
     root_.setMouseTracking(true);
     root_.installEventFilter(this);
   }
+  connections_.push_back(form_.DirectionChanged.ConnectScoped([this] {
+    // Paths and numbers keep their order by the direction.
+    for (Control* control : form_.Controls()) {
+      if (control->GetKind() == Control::Kind::Menu || control->GetKind() == Control::Kind::Label) control->Changed();
+    }
+  }));
   connections_.push_back(form_.FocusRequested.ConnectScoped([this](Control& control) {
     if (auto* widget = qobject_cast<QWidget*>(bound_.value(&control))) widget->setFocus();
   }));
@@ -172,7 +211,7 @@ void Binder::BindLabel(Label& label, QWidget& widget) {
     if (shown != nullptr) {
       const bool caption = shown->property(kCaptionProperty).toBool();
       const Text lines = ReplaceAll(label.GetText(), kLineEnd, u"\n");
-      const QString text = ToQt(caption ? WithoutAccessKey(lines) : lines);
+      const QString text = Shown(caption ? WithoutAccessKey(lines) : lines);
       if (shown->text() != text) shown->setText(text);
       ShowStyle(label, *shown);
     }
@@ -228,22 +267,49 @@ void Binder::BindButton(Button& button, QAbstractButton& widget) {
 }
 
 void Binder::BindOption(OptionButton& option, QAbstractButton& widget) {
-  widget.setAutoExclusive(false);  // the form keeps the group
   Watch(option, [this, &option, &widget] {
     if (widget.text() != ToQt(option.GetText())) widget.setText(ToQt(option.GetText()));
-    widget.setChecked(option.Value());
+    ShowChosen(option, widget);
     ShowCommon(option, widget);
   });
-  connect(&widget, &QAbstractButton::clicked, this, [&option, &widget] {
+  const auto choose = [this, &option] {
     if (option.Enabled()) option.Clicked();
-    widget.setChecked(option.Value());
+    ShowOptions();
+  };
+  // A screen reader checks the button without a click.
+  connect(&widget, &QAbstractButton::toggled, this, [this, &option, choose](bool on) {
+    if (showing_ || !on) return;
+    told_ = &option;
+    choose();
   });
+  connect(&widget, &QAbstractButton::clicked, this, [this, &option, choose] {
+    if (std::exchange(told_, nullptr) != &option) choose();
+  });
+}
+
+void Binder::ShowOptions() {
+  for (Control* control : form_.Controls()) {
+    auto* widget = qobject_cast<QAbstractButton*>(bound_.value(control));
+    if (control->GetKind() == Control::Kind::Option && widget != nullptr) {
+      ShowChosen(static_cast<OptionButton&>(*control), *widget);
+    }
+  }
+}
+
+void Binder::ShowChosen(const OptionButton& option, QAbstractButton& widget) {
+  const QScopedValueRollback<bool> showing(showing_, true);
+  // A button of an exclusive group is what screen readers take for a radio button. But the form keeps the group, and
+  // the toolkit would not let go of the one that is checked.
+  widget.setAutoExclusive(false);
+  widget.setChecked(option.Value());
+  widget.setAutoExclusive(true);
 }
 
 void Binder::BindCheck(CheckBox& check, QCheckBox& widget) {
   const QPalette plain = widget.palette();
   const QPalette::ColorRole ground = widget.backgroundRole();
   Watch(check, [this, &check, &widget, plain, ground] {
+    const QScopedValueRollback<bool> showing(showing_, true);
     if (widget.text() != ToQt(check.GetText())) widget.setText(ToQt(check.GetText()));
     widget.setChecked(check.Value());
     if (widget.autoFillBackground() != check.Highlighted()) {
@@ -255,8 +321,11 @@ void Binder::BindCheck(CheckBox& check, QCheckBox& widget) {
     }
     ShowCommon(check, widget);
   });
-  connect(&widget, &QCheckBox::clicked, this, [&check, &widget] {
+  // A screen reader checks the box without a click.
+  connect(&widget, &QCheckBox::toggled, this, [this, &check, &widget] {
+    if (showing_) return;
     check.Click();
+    const QScopedValueRollback<bool> showing(showing_, true);
     widget.setChecked(check.Value());
   });
 }

@@ -37,12 +37,18 @@ class Binder final : public QObject {
   /// Makes an action for one item, with a menu when others stand below it.
   QAction* MakeAction(MenuItem& item, QObject* owner);
 
+  /// Shows the items, which stand side by side, with a letter each by which the keyboard chooses them.
+  void GiveMnemonics(const std::vector<MenuItem*>& items);
+
   /// Binds every control that isn't bound yet. Returns the names of controls without a widget.
   QStringList BindAll();
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  std::vector<MenuItem*> ItemsBelow(const MenuItem& parent) const;
+  /// A text as the window shows it: a path or a number keeps its order in a window that is read from the right.
+  QString Shown(TextView text) const;
   bool BindOne(Control& control);
   void BindWidget(Control& control, QWidget& widget);
   void BindLabel(Label& label, QWidget& widget);
@@ -53,6 +59,9 @@ class Binder final : public QObject {
   void BindProgress(ProgressBar& bar, QProgressBar& widget);
   void BindList(ListBox& list, QListWidget& widget);
   void BindOption(OptionButton& option, QAbstractButton& widget);
+  /// Shows which of the form's options are chosen.
+  void ShowOptions();
+  void ShowChosen(const OptionButton& option, QAbstractButton& widget);
   void BindTextBox(TextBox& box, QWidget& widget);
   void BindTimer(Timer& timer);
   void BindCombo(ComboBox& combo, QComboBox& widget);
@@ -71,8 +80,10 @@ class Binder final : public QObject {
   QHash<const Control*, QObject*> bound_;
   QHash<QObject*, Control*> filtered_;
   QHash<QObject*, Control*> hovered_;
-  QPoint hoveredAt_{-1, -1};  // of the pointer, on the screen, when it was last told
-  bool taking_ = false;       // the widget's own change is on its way to the form
+  QPoint hoveredAt_{-1, -1};       // of the pointer, on the screen, when it was last told
+  bool taking_ = false;            // the widget's own change is on its way to the form
+  bool showing_ = false;           // the form's state is on its way to a widget
+  const Control* told_ = nullptr;  // the option that was chosen by its check, before the click comes
 };
 
 }  // namespace cuewright

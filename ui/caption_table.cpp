@@ -1,5 +1,6 @@
 #include "ui/caption_table.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -65,6 +66,9 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
         default:
           return ToQt(list_.At(row).text);
       }
+    case Qt::AccessibleTextRole:
+      // The first cell is the one with the focus: it speaks for the row.
+      return index.column() == 0 ? QVariant(ToQt(grid_.SpokenCaption(row))) : QVariant();
     case Qt::TextAlignmentRole:
       return ColumnAlignment(grid_);
     case Qt::BackgroundRole:
@@ -248,10 +252,58 @@ void CaptionTable::currentChanged(const QModelIndex& current, const QModelIndex&
   QTableView::currentChanged(current, previous);
   setAttribute(Qt::WA_InputMethodEnabled, false);  // the base class turns it on again
   if (following_ || !current.isValid() || !grid_.Active()) return;
-  list_.MoveSelection(current.row() + 1);
+  list_.MoveSelection(current.row() + 1, !pointing_);
+}
+
+void CaptionTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (following_) return;
+  // A screen reader selects a row without making it the current one.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        const QModelIndexList rows = selectionModel()->selectedRows();
+        if (rows.size() == 1 && rows.front().row() != currentIndex().row()) setCurrentIndex(rows.front());
+      },
+      Qt::QueuedConnection);
+}
+
+void CaptionTable::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  // Behind the toolkit's own word that the table as a whole has the focus.
+  QMetaObject::invokeMethod(this, &CaptionTable::SpeakCurrent, Qt::QueuedConnection);
+}
+
+void CaptionTable::SpeakCurrent() {
+  if (!QAccessible::isActive() || !hasFocus() || !grid_.Active() || !currentIndex().isValid()) return;
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+  if (table == nullptr || table->tableInterface() == nullptr) return;
+  QAccessibleInterface* cell = table->tableInterface()->cellAt(currentIndex().row(), 0);
+  if (cell == nullptr) return;
+  QAccessibleEvent focus(cell, QAccessible::Focus);
+  QAccessible::updateAccessibility(&focus);
+}
+
+void CaptionTable::contextMenuEvent(QContextMenuEvent* event) {
+  // By the pointer the menu comes with the press.
+  if (event->reason() == QContextMenuEvent::Keyboard) OpenMenu();
+  event->accept();
+}
+
+void CaptionTable::OpenMenu() {
+  if (!grid_.Active()) return;
+  grid_.ScrollRow(false);
+  const QRect row = visualRect(model_.index(list_.Selected() - 1, kColumns - 1));
+  const int heading = verticalHeader()->defaultSectionSize();
+  if (!commands_.OnListRightDown(row.center().y() + heading)) return;
+  menu_.popup(viewport()->mapToGlobal(row.center()));
 }
 
 void CaptionTable::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    event->accept();
+    return OpenMenu();
+  }
   KeyEvent key = KeyEventOf(*event);
   commands_.OnListKey(key);
   if (key.handled) {
@@ -268,7 +320,16 @@ void CaptionTable::mousePressEvent(QMouseEvent* event) {
     if (commands_.OnListRightDown(y)) menu_.popup(event->globalPosition().toPoint());
     return;
   }
+  // The row must not move away below the pointer: its release and a second click are for the same one.
+  pointing_ = true;
   QTableView::mousePressEvent(event);
+  pointing_ = false;
+}
+
+void CaptionTable::mouseMoveEvent(QMouseEvent* event) {
+  pointing_ = true;
+  QTableView::mouseMoveEvent(event);
+  pointing_ = false;
 }
 
 void CaptionTable::mouseReleaseEvent(QMouseEvent* event) {

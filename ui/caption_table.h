@@ -50,9 +50,13 @@ class CaptionTable final : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyboardSearch(const QString&) override {}  // letters are shortcuts here
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   bool viewportEvent(QEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -63,6 +67,9 @@ class CaptionTable final : public QTableView {
   void TakeColumns();
   void ShowSelection(Row row);
   void ShowTopRow();
+  void OpenMenu();
+  /// A screen reader hears of the caption that has the focus.
+  void SpeakCurrent();
 
   CaptionList& list_;
   CaptionGrid& grid_;
@@ -70,6 +77,7 @@ class CaptionTable final : public QTableView {
   QMenu& menu_;
   CaptionModel model_;
   bool following_ = false;  // the view follows the list, not the other way
+  bool pointing_ = false;   // the selection moves by the pointer
   std::vector<Connection> connections_;
 };
 

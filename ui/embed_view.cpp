@@ -185,6 +185,7 @@ void EmbedView::MakeSummaryPage(QGridLayout& stack) {
   for (const char* name : {"txtTFileName", "txtVFileName"}) {
     auto* box = Named(new QLineEdit(page), name);
     box->setReadOnly(true);
+    box->setLayoutDirection(Qt::LeftToRight);  // a path is read from its root in every language
     column->addWidget(box);
   }
   column->addSpacing(8);

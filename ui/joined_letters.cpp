@@ -1,6 +1,7 @@
 #include "ui/joined_letters.h"
 
 #include <QPainter>
+#include <QStyleOption>
 #include <QTextLayout>
 #include <algorithm>
 
@@ -51,6 +52,39 @@ QRectF Underline(const Caption& caption, const QPainter& painter) {
 }  // namespace
 
 JoinedLetters::JoinedLetters(const QString& style) : QProxyStyle(style) { setObjectName(style); }
+
+void JoinedLetters::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
+  if (!box && element != PE_IndicatorRadioButton) return;
+  const QPalette& colours = option->palette;
+  if (colours.color(QPalette::WindowText).lightness() <= colours.color(QPalette::Window).lightness()) return;
+  // The toolkit derives the outline from the window's colour, and gets one that is darker still.
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing, !box);
+  painter->setPen(colours.color(QPalette::PlaceholderText));
+  painter->setBrush(Qt::NoBrush);
+  if (box) {
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  } else {
+    painter->drawEllipse(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+  }
+  painter->restore();
+}
+
+void JoinedLetters::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (element != CE_MenuItem || item == nullptr || !HasJoinedLetters(item->text)) {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    return;
+  }
+  // Items of a menu draw their text by themselves: whole, and without the line below the letter.
+  QStyleOptionMenuItem whole(*item);
+  whole.text = ReadCaption(item->text).text.replace('&', "&&");
+  QProxyStyle::drawControl(element, &whole, painter, widget);
+}
 
 void JoinedLetters::drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colours, bool enabled,
                                  const QString& text, QPalette::ColorRole role) const {

@@ -29,6 +29,8 @@
 #include "core/product.h"
 #include "ui/audio_bar_widgets.h"
 #include "ui/caption_table.h"
+#include "ui/elided_label.h"
+#include "ui/fit_screen.h"
 #include "ui/held_keys.h"
 #include "ui/key_codes.h"
 #include "ui/overlay.h"
@@ -68,13 +70,6 @@ bool PaintDivider(QWidget& divider) {
   if (divider.hasFocus() && divider.window()->isActiveWindow())
     painter.fillRect(divider.rect().adjusted(2, 0, -2, 0), divider.palette().highlight());
   return true;
-}
-
-QLabel* ElidedLabel(const char* name, QWidget* parent) {
-  auto* label = Named(new QLabel(parent), name);
-  label->setTextFormat(Qt::PlainText);
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  return label;
 }
 
 }  // namespace
@@ -127,16 +122,21 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   connections_.push_back(program_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
   setTabOrder(findChild<QWidget*>("optPreview"), divider_);
   qApp->installEventFilter(this);
-  table_->setFocus();
+  RestFocus();
 }
 
 MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
 
 void MainWindowView::BuildMenus() {
-  for (MenuItem* top : {&form_.mnuFile, &form_.mnuEdit, &form_.mnuFormat, &form_.mnuView, &form_.mnuTools,
-                        &form_.mnuSettings, &form_.mnuHelp}) {
+  const std::vector<MenuItem*> tops = {&form_.mnuFile,  &form_.mnuEdit,     &form_.mnuFormat, &form_.mnuView,
+                                       &form_.mnuTools, &form_.mnuSettings, &form_.mnuHelp};
+  for (MenuItem* top : tops) {
     menuBar()->addAction(binder_.MakeAction(*top, menuBar()));
   }
+  for (MenuItem* top : tops) {
+    connections_.push_back(top->Changed.ConnectScoped([this, tops] { binder_.GiveMnemonics(tops); }));
+  }
+  binder_.GiveMnemonics(tops);
   listMenu_ = new QMenu(this);
   listMenu_->setObjectName("mnuRclick");
   binder_.FillMenu(*listMenu_, form_.mnuRclick);
@@ -161,12 +161,14 @@ void MainWindowView::BuildInformationBar() {
   auto* texts = new QVBoxLayout;
   texts->setSpacing(2);
   texts->addStretch();
-  texts->addWidget(ElidedLabel("lblTextFile", status_));
-  texts->addWidget(ElidedLabel("lblVideoFile", status_));
+  for (const char* name : {"lblTextFile", "lblVideoFile"}) {
+    auto* label = Named(new ElidedLabel(status_), name);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    texts->addWidget(label);
+  }
   texts->addStretch();
   row->addLayout(texts, 1);
-  auto* notice = Named(new QLabel(status_), "lblNotice");
-  notice->setTextFormat(Qt::PlainText);
+  auto* notice = Named(new ElidedLabel(status_), "lblNotice");
   notice->setFrameShape(QFrame::StyledPanel);
   notice->setBackgroundRole(QPalette::ToolTipBase);
   notice->setForegroundRole(QPalette::ToolTipText);
@@ -295,7 +297,7 @@ void MainWindowView::ApplyNames() {
       {"txtTime(0)", 906},  {"txtTime(1)", 907}, {"txtSub", 908},    {"grdSubs", 909},   {"picPLogo", 25},
       {"imgSize", 917},     {"picStatus", 916},  {"picBottom", 919}, {"picWave", 914},   {"picLevel", 915},
       {"sldWavScale", 970}, {"imgWavPos", 971},  {"WMP", 920},       {"cmdNotice", 905}, {"wmpTransport", 913},
-      {"wmpPlay", 127},     {"wmpPause", 128},   {"wmpStop", 129},   {"wmpMute", 912},   {"wmpSeek", 910},
+      {"wmpPlay", 126},     {"wmpPause", 127},   {"wmpStop", 128},   {"wmpMute", 912},   {"wmpSeek", 910},
       {"wmpVolume", 911}};
   for (const auto& [name, text] : names) {
     auto* widget = findChild<QWidget*>(name);

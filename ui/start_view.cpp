@@ -1,5 +1,6 @@
 #include "ui/start_view.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -69,7 +70,13 @@ StartView::StartView(StartWindow& form) : form_(form), binder_(*this, form) {
   const auto turn = [this] { setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); };
   turn();
   direction_ = form_.DirectionChanged.ConnectScoped(turn);
+  ignore_ = form_.cmdIgnore.Clicked.ConnectScoped([this] { goesOn_ = true; });
   title_ = form_.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); });
+}
+
+void StartView::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (!goesOn_) form_.cmdExit.Click();
 }
 
 }  // namespace cuewright

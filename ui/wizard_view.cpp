@@ -45,6 +45,7 @@ void WizardView::AddPathRow(QVBoxLayout& column, const char* box, const char* bu
   row->setSpacing(kGap);
   auto* line = Named(new QLineEdit(column.parentWidget()), box);
   line->setMinimumWidth(340);
+  line->setLayoutDirection(Qt::LeftToRight);  // a path is read from its root in every language
   row->addWidget(line, 1);
   row->addWidget(Named(new QPushButton(column.parentWidget()), button));
   column.addLayout(row);

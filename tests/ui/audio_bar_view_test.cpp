@@ -243,7 +243,51 @@ TEST_F(RealBarTest, AWiderWindowNeedsNoRepaintAndAMirroredOneKeepsTheWave) {
   EXPECT_EQ(paints, 0);
   program->window.SetRightToLeft(true);
   EXPECT_EQ(PixelOf(wave, 100, 1), ColourOf(0x808080));  // the first second is still on the left
+  const QRect slider = Find("sldWavScale")->geometry();
+  EXPECT_TRUE(view->rect().contains(QRect(Find("sldWavScale")->mapTo(view.get(), QPoint(0, 0)), slider.size())));
+  EXPECT_LT(slider.right(), Find("picLevel")->x());
   program->window.SetRightToLeft(false);
+}
+
+/// Contrast of two colours as the guidelines for accessible content count it, 1 to 21.
+double Contrast(QColor a, QColor b) {
+  const auto light = [](QColor colour) {
+    const auto part = [](double value) {
+      return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+  };
+  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+}
+
+TEST_F(RealBarTest, TheMarksOfTheCaptionStandOutFromAWaveOfAnyColour) {
+  Captions();
+  Bar().LoadWaveFile(WaveOf(Film(14), "bar.wav"));
+  auto* wave = Find("picWave");
+  for (const std::int32_t colour : {0xFFFF00, 0x00FF00, 0xFFFFFF, 0x202020, 0x0000C0, 0x6060FF}) {
+    Bar().SetWaveColor(colour);
+    program->list.SetRow(1, false);
+    for (const int x : {Bar().Marks().start, Bar().Marks().end}) {
+      for (int y = 0; y < wave->height(); ++y) {
+        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x - 1, y)), 3) << colour << " " << y;
+        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x + 1, y)), 3) << colour << " " << y;
+      }
+    }
+  }
+}
+
+TEST_F(RealBarTest, TheHintGoesWhenThePointerLeavesTheWave) {
+  Captions();
+  Bar().LoadWaveFile(WaveOf(Film(14), "bar.wav"));
+  program->list.SetRow(1, false);
+  auto* wave = Find("picWave");
+  const QPointF at(Bar().Marks().start + 2, 30);
+  QMouseEvent move(QEvent::MouseMove, at, wave->mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+  QCoreApplication::sendEvent(wave, &move);
+  ASSERT_TRUE(program->window.lblWaveTip.Visible());
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(wave, &leave);
+  EXPECT_FALSE(program->window.lblWaveTip.Visible());
 }
 
 TEST_F(RealBarTest, TheDialogHasAWidgetForEachControl) {

@@ -3,11 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QImage>
+#include <QRadioButton>
 #include <QTest>
+#include <cmath>
+
+#include "ui/joined_letters.h"
 
 namespace cuewright {
 namespace {
@@ -71,6 +77,40 @@ TEST_F(Colours, EveryTextStandsOutFromItsGround) {
   for (const auto& [text, ground] : pairs) {
     EXPECT_GT(colours.color(text).lightness() - colours.color(ground).lightness(), 80) << text;
   }
+}
+
+/// Contrast of two colours as the guidelines for accessible content count it, 1 to 21.
+double Contrast(QColor a, QColor b) {
+  const auto light = [](QColor colour) {
+    const auto part = [](double value) {
+      return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+  };
+  return std::max(light(a), light(b)) / std::min(light(a), light(b));
+}
+
+TEST_F(Colours, UncheckedBoxesAndRadioButtonsAreSeenInTheDark) {
+  const QString before = QApplication::style()->objectName();
+  QApplication::setStyle(new JoinedLetters("fusion"));
+  {
+    ColorScheme scheme;
+    scheme.Apply(true);
+    QCheckBox box;
+    QRadioButton radio;
+    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{&box, &radio}) {
+      button->resize(button->sizeHint());
+      const QImage picture = button->grab().toImage();
+      const QColor ground = picture.pixelColor(0, 0);
+      // The outline is met on the way through the middle, on both sides.
+      double best = 1;
+      const int y = picture.height() / 2;
+      for (int x = 0; x < 8; ++x) best = std::max(best, Contrast(picture.pixelColor(x, y), ground));
+      EXPECT_GE(best, 3) << button->metaObject()->className();
+    }
+    scheme.Apply(false);
+  }
+  QApplication::setStyle(before);
 }
 
 TEST_F(Colours, TheEnvironmentGoesFirst) {

@@ -140,6 +140,14 @@ TEST_F(Names, AreInTheLanguageInForce) {
   EXPECT_EQ(Find<QWidget>("grdSubs")->accessibleName(), "Lista");
 }
 
+TEST_F(Names, OfTheFilmsControlsAreTheirOwn) {
+  const std::pair<const char*, const char*> wanted[] = {
+      {"wmpPlay", "Play"}, {"wmpPause", "Pause"}, {"wmpStop", "Stop"}};
+  for (const auto& [name, text] : wanted) (new QToolButton(Find<QWidget>("WMP")))->setObjectName(name);
+  program->ChangeLanguage(0);
+  for (const auto& [name, text] : wanted) EXPECT_EQ(Find<QWidget>(name)->accessibleName(), text);
+}
+
 TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));

@@ -4,6 +4,8 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -16,6 +18,7 @@
 #include <QTimer>
 
 #include "tests/support/program_fixture.h"
+#include "ui/elided_label.h"
 #include "ui/qt_text.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
@@ -266,6 +269,129 @@ TEST_F(MainWindowMouse, AClickInTheListSelectsTheRow) {
   EXPECT_EQ(List().Selected(), 3);
 }
 
+using MainWindowAccess = WindowTest;
+
+/// What a screen reader would do to a widget.
+void Do(QWidget* widget, const QString& action) {
+  QAccessible::queryAccessibleInterface(widget)->actionInterface()->doAction(action);
+}
+
+TEST_F(MainWindowAccess, RadioButtonsAreSuchAndChoose) {
+  Timed(3);
+  for (const char* name : {"optPress", "optManual", "optPreview"}) {
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(Find<QWidget>(name))->role(), QAccessible::RadioButton) << name;
+  }
+  Do(Find<QWidget>("optManual"), QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(program->capture.Mode(), CaptionMode::Manual);
+  EXPECT_TRUE(Find<QAbstractButton>("optManual")->isChecked());
+  EXPECT_FALSE(Find<QAbstractButton>("optPress")->isChecked());
+  program->capture.SelectMode(CaptionMode::PressAndHold);
+  EXPECT_FALSE(Find<QAbstractButton>("optManual")->isChecked());
+  EXPECT_TRUE(Find<QAbstractButton>("optPress")->isChecked());
+  // A press on the one that is chosen leaves it so.
+  QTest::mouseClick(Find<QAbstractButton>("optPress"), Qt::LeftButton, {}, QPoint(10, 8));
+  EXPECT_TRUE(Find<QAbstractButton>("optPress")->isChecked());
+  EXPECT_EQ(program->capture.Mode(), CaptionMode::PressAndHold);
+}
+
+TEST_F(MainWindowAccess, ARowIsReadOutByItsFirstCellAndCanBeSelected) {
+  Timed(5);
+  QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(Table())->tableInterface();
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), "2, 2.1 to 2.9 seconds, line 2");
+  EXPECT_EQ(table->cellAt(1, 3)->text(QAccessible::Name), "line 2");
+  EXPECT_TRUE(table->selectRow(3));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(List().Selected(), 4);
+  EXPECT_EQ(table->selectedRows(), QList<int>{3});
+  EXPECT_EQ(program->window.txtSub.GetText(), u"line 4");
+}
+
+TEST_F(MainWindowAccess, TheMenuKeyAndShiftF10OpenTheMenuOfTheList) {
+  Timed(300);
+  auto* menu = view->findChild<QMenu*>("mnuRclick");
+  const auto expectMenu = [&] {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->isVisible(); }));
+    EXPECT_TRUE(Table()->viewport()->rect().contains(Table()->viewport()->mapFromGlobal(menu->pos())));
+    menu->close();
+  };
+  List().SetRow(250, false);  // out of view
+  QTest::keyClick(Table(), Qt::Key_F10, Qt::ShiftModifier);
+  expectMenu();
+  EXPECT_EQ(List().Selected(), 250);
+  QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(0, 0), Table()->mapToGlobal(QPoint(0, 0)));
+  QCoreApplication::sendEvent(Table(), &byKey);
+  expectMenu();
+  EXPECT_EQ(List().Selected(), 250);
+}
+
+TEST_F(MainWindowAccess, EveryItemOfAMenuHasALetterOfItsOwn) {
+  Timed(3);
+  std::function<void(QMenu*)> look = [&](QMenu* menu) {
+    QMetaObject::invokeMethod(menu, "aboutToShow");
+    QSet<QString> letters;
+    for (const QAction* action : menu->actions()) {
+      if (action->isSeparator() || !action->isVisible()) continue;
+      const QString letter = QKeySequence::mnemonic(action->text()).toString();
+      EXPECT_FALSE(letter.isEmpty()) << action->text().toStdString();
+      EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
+      letters << letter;
+      if (action->menu() != nullptr) look(action->menu());
+    }
+  };
+  for (const QAction* top : view->menuBar()->actions()) look(top->menu());
+  look(view->findChild<QMenu*>("mnuRclick"));
+}
+
+TEST_F(MainWindowAccess, WithoutADocumentTheFocusIsNotOnTheDivider) {
+  const QWidget* divider = Find<QWidget>("imgSize");
+  ASSERT_NE(view->focusWidget(), nullptr);
+  EXPECT_NE(view->focusWidget(), divider);
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(view->focusWidget())->text(QAccessible::Name).isEmpty());
+  Timed(3);
+  EXPECT_EQ(view->focusWidget(), Table());
+  program->files.CloseDocuments();
+  EXPECT_NE(view->focusWidget(), divider);
+}
+
+TEST_F(MainWindowSmoke, ALongNameIsShortenedInItsMiddle) {
+  const QString path = "/home/user/" + QString(300, 'x') + "/end.srt";
+  program->window.lblTextFile.SetText(FromQt(path));
+  const auto* label = static_cast<const ElidedLabel*>(Find<QLabel>("lblTextFile"));
+  EXPECT_EQ(label->text(), path);
+  EXPECT_TRUE(label->ShownText().startsWith("/home/user/"));
+  EXPECT_TRUE(label->ShownText().endsWith("/end.srt"));
+  EXPECT_TRUE(label->ShownText().contains(QChar(0x2026)));
+  EXPECT_LE(label->fontMetrics().horizontalAdvance(label->ShownText()), label->width());
+  EXPECT_EQ(view->width(), 1000);
+}
+
+TEST_F(MainWindowSmoke, TheTitleShowsEverySignOfAName) {
+  program->files.OpenSubtitleFile(SubRip("a[*]b.srt", 3));
+  EXPECT_TRUE(view->windowTitle().startsWith("a[*][*]b.srt - "));  // the toolkit's way to write that sign
+}
+
+TEST_F(MainWindowMouse, EveryVisibleRowCanBeClickedAndDoubleClicked) {
+  Timed(300);
+  program->grid.SetTopRow(100);
+  QWidget* viewport = Table()->viewport();
+  const int rowHeight = Table()->verticalHeader()->defaultSectionSize();
+  // The lowest row may stand there in part.
+  for (int y = rowHeight / 2; y < viewport->height(); y += rowHeight) {
+    const QPoint at(40, y);
+    const Row row = Table()->indexAt(at).row() + 1;
+    ASSERT_GT(row, 0);
+    player.position = 0;
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, at);
+    EXPECT_EQ(List().Selected(), row);
+    EXPECT_EQ(program->grid.TopRow(), 100) << "after a click on row " << row;
+    QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
+    EXPECT_EQ(List().Selected(), row);
+    EXPECT_NEAR(player.position, List().GetCaptionStart(row) / 1000.0, 0.2) << "of row " << row;
+    EXPECT_EQ(program->grid.TopRow(), 100) << "after a double click on row " << row;
+  }
+}
+
 TEST_F(MainWindowMouse, LosingTheFocusEndsAHold) {
   Timed(3);
   At(10);
@@ -289,8 +415,17 @@ TEST_F(MainWindowSmoke, TheMissingPlayerScreenBindsEveryControl) {
   EXPECT_EQ(screen.findChild<QLabel*>("lblFile")->text(), "libmpv.so.2");
   bool ignored = false;
   program->start.cmdIgnore.Clicked.Connect([&] { ignored = true; });
+  bool left = false;
+  program->start.cmdExit.Clicked.Connect([&] { left = true; });
   QTest::mouseClick(screen.findChild<QAbstractButton*>("cmdIgnore"), Qt::LeftButton);
   EXPECT_TRUE(ignored);
+  screen.close();
+  EXPECT_FALSE(left);
+  // Its close button is the way out.
+  StartView another(program->start);
+  another.show();
+  another.close();
+  EXPECT_TRUE(left);
 }
 
 TEST_F(MainWindowKeys, UndoAndRedoReachTheHistoryAlsoFromTheTextPane) {
