@@ -9,6 +9,7 @@
 namespace cuewright {
 namespace {
 
+constexpr std::size_t kEmptyStore = 1083;
 constexpr TextView kDecoder = u"ffmpeg";
 constexpr double kMicroseconds = 1e6;
 constexpr std::string_view kTimeKey = "out_time_us=";
@@ -126,6 +127,8 @@ void FilmSound::Tell() {
 }
 
 void FilmSound::EmptyStore() {
+  const MessageBox question{p_.strings[kEmptyStore], BoxIcon::Question, BoxButtons::YesNo, p_.strings[973], true};
+  if (p_.messages.Show(question) != BoxAnswer::Yes) return;
   CarryOn steps;
   steps([&] { p_.store->Empty(); });
   if (steps.Last()) p_.messages.Show({steps.Last()->description, BoxIcon::Warning});

@@ -4,7 +4,7 @@ namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
-                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine5, &rmnuLine}) {
+                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,

@@ -65,7 +65,6 @@ class MainWindow final : public Form {
   MenuItem mnuOpenVideo{*this, "mnuOpenVideo", &mnuFile};
   MenuItem mnuOpenWav{*this, "mnuOpenWav", &mnuFile};
   MenuItem mnuFilmSound{*this, "mnuFilmSound", &mnuFile};
-  MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuFile};
   MenuItem mnuClose{*this, "mnuClose", &mnuFile};
   MenuItem mnuLine0a{*this, "mnuLine0a", &mnuFile};
   MenuItem mnuSave{*this, "mnuSave", &mnuFile};
@@ -131,6 +130,8 @@ class MainWindow final : public Form {
   MenuItem mnuRules{*this, "mnuRules", &mnuTools};
   MenuItem mnuAudioExtract{*this, "mnuAudioExtract", &mnuTools};
   MenuItem mnuReport{*this, "mnuReport", &mnuTools};
+  MenuItem mnuLine4{*this, "mnuLine4", &mnuTools};
+  MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuTools};
 
   MenuItem mnuSettings{*this, "mnuSettings"};
   MenuItem mnuFormatSettings{*this, "mnuFormatSettings", &mnuSettings};

@@ -154,11 +154,16 @@ TEST_F(FilmSoundTest, IsOfferedWhileAFilmIsOpen) {
   EXPECT_FALSE(Window().mnuFilmSound.Enabled());
 }
 
-TEST_F(FilmSoundTest, TheStoreCanBeEmptied) {
+TEST_F(FilmSoundTest, TheStoreIsEmptiedOnlyWhenTheUserSaysYes) {
   Window().mnuFilmSound.Click();
   Decode();
   const Text wave = program->document.WavePath;
   folder.Write("cache/other.txt", "not ours");
+  boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+  Window().mnuEmptySounds.Click();
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNo);
+  EXPECT_TRUE(files.Exists(wave));
   Window().mnuEmptySounds.Click();
   EXPECT_FALSE(files.Exists(wave));
   EXPECT_TRUE(files.Exists(folder / "cache/other.txt"));
