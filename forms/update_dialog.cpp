@@ -13,6 +13,12 @@ constexpr std::size_t kClose = 143;
 constexpr std::size_t kFailed = 293;
 constexpr std::size_t kClickOk = 297;
 constexpr std::size_t kNoSite = 921;
+constexpr std::size_t kLongestVersion = 24;
+
+/// A version as a heading and a link have room for it; the log has the whole of it.
+Text Shortened(TextView version) {
+  return version.size() <= kLongestVersion ? Text(version) : Text(version.substr(0, kLongestVersion - 1)) + u"\u2026";
+}
 
 Text PlainDate(const Day& day) {
   const auto two = [](int number) { return (number < 10 ? u"0" : u"") + Decimal(number); };
@@ -148,13 +154,13 @@ void UpdateDialog::Offer(Run& run, const Text& list) {
     releaseDate = parts_.locale.LongDate(day->year, day->month, day->day);
     if (releaseDate.empty()) releaseDate = PlainDate(*day);
   });
-  const Text available = Fill(strings_[295], RemoteVersionText);
-  AddStatusLine(available);
+  const Text version = Shortened(RemoteVersionText);
+  AddStatusLine(Fill(strings_[295], RemoteVersionText));
   AddStatusLine(Fill(strings_[296], releaseDate));
   AddStatusLine(strings_[kClickOk]);
-  lblWhatsNew.SetText(Fill(strings_[289], RemoteVersionText));
+  lblWhatsNew.SetText(Fill(strings_[289], version));
   lblWhatsNew.SetVisible(true);
-  lblStatus.SetText(TrimBlanks(ReplaceAll(available, u"***", {})));
+  lblStatus.SetText(TrimBlanks(ReplaceAll(Fill(strings_[295], version), u"***", {})));
   cmdOK.SetText(strings_[66]);
 }
 

@@ -83,6 +83,14 @@ TEST_F(UpdateCheck, ARemoteVersionOf126AboveALocal125IsAnUpdate) {
   EXPECT_TRUE(Dialog().lblWhatsNew.Visible());
 }
 
+TEST_F(UpdateCheck, AVersionOf255LettersIsShortenedBesideTheLog) {
+  const std::string version = "1.2.6" + std::string(250, 'b');
+  CheckList("[CUEWRITE]\nversion=" + version + "\n", {1, 2, 5});
+  EXPECT_EQ(Dialog().lblStatus.GetText(), u"New version 1.2.6" + Text(18, u'b') + u"\u2026 now available!");
+  EXPECT_EQ(Dialog().lblWhatsNew.GetText(), u"View what's new in version 1.2.6" + Text(18, u'b') + u"\u2026");
+  EXPECT_NE(Dialog().txtStatus.GetText().find(FromUtf8(version)), Text::npos);
+}
+
 TEST_F(UpdateCheck, ARemoteVersion110IsBelow125AndNoUpdateIsOffered) {
   CheckList("[CUEWRITE]\nversion=1.10\n", {1, 2, 5});
   EXPECT_EQ(Lines().back(), kLatest);
