@@ -59,6 +59,19 @@ QMessageBox::StandardButtons ButtonsOf(BoxButtons buttons) {
   }
 }
 
+/// What Escape and the close button of a box answer: the button that leaves everything as it is.
+QMessageBox::StandardButton HarmlessOf(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::OkCancel:
+    case BoxButtons::YesNoCancel:
+      return QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+      return QMessageBox::No;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
 /// "name|*.a;*.b|..." as the picker takes it: "name (*.a *.b);;...". The pattern for every file is "*" here.
 QString PickerFilter(TextView filter) {
   QStringList entries;
@@ -111,6 +124,7 @@ BoxAnswer QtMessages::Show(const MessageBox& box) {
     }
   }
   DropIcons(shown);
+  shown.setEscapeButton(HarmlessOf(box.buttons));
   if (box.noIsDefault) shown.setDefaultButton(QMessageBox::No);
   switch (shown.exec()) {
     case QMessageBox::Yes:

@@ -136,5 +136,27 @@ TEST_F(WindowLanguage, BoxesHaveButtonsInTheLanguage) {
   EXPECT_EQ(texts, QStringList({"&No", "&Sí", "Cance&lar"}));
 }
 
+TEST_F(WindowLanguage, EscapeAndTheCloseButtonOfABoxAreItsHarmlessAnswer) {
+  const std::pair<BoxButtons, BoxAnswer> cases[] = {{BoxButtons::Ok, BoxAnswer::Ok},
+                                                    {BoxButtons::OkCancel, BoxAnswer::Cancel},
+                                                    {BoxButtons::YesNo, BoxAnswer::No},
+                                                    {BoxButtons::YesNoCancel, BoxAnswer::Cancel}};
+  QtMessages messages;
+  for (const auto& [buttons, harmless] : cases) {
+    for (const bool escape : {true, false}) {
+      QTimer::singleShot(0, qApp, [escape] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        if (escape) {
+          QTest::keyClick(box, Qt::Key_Escape);
+        } else {
+          box->close();
+        }
+      });
+      EXPECT_EQ(messages.Show({u"?", BoxIcon::Question, buttons}), harmless);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace cuewright
