@@ -3,7 +3,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
+#include "ui/fit_screen.h"
 #include "ui/qt_text.h"
 #include "ui/sample_area.h"
 
@@ -70,6 +72,10 @@ void DialogView::FitContent() {
   QSize needed = layout()->totalSizeHint();
   if (layout()->hasHeightForWidth())
     needed.setHeight(std::max(needed.height(), layout()->totalHeightForWidth(needed.width())));
+  // What is higher than the screen scrolls inside, and needs room for the bar.
+  if (const int room = RoomOnScreen(*this).height(); needed.height() > room) {
+    needed = {needed.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), room};
+  }
   setMinimumSize(needed);
 }
 

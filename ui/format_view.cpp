@@ -86,7 +86,7 @@ QWidget* FormatView::MakeList() {
   list->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
   column->addWidget(list, 1);
   column->addWidget(Named(new LinkButton(area), "lblGetMore"), 0, Qt::AlignLeft);
-  area->setMaximumWidth(240);
+  area->setMaximumWidth(210);
   return area;
 }
 

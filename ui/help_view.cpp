@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,11 +10,14 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "ui/dialog_view.h"
+#include "ui/fit_screen.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -21,6 +25,7 @@ namespace {
 
 constexpr QSize kSize(920, 640);
 constexpr int kContentsWidth = 270;
+constexpr int kOwnWidth = QTextFormat::UserProperty + 1;  // of a picture in its file
 
 }  // namespace
 
@@ -45,7 +50,7 @@ HelpView::HelpView(HelpWindow& form, QWidget* owner)
   setTabOrder(findChild<QWidget*>("lstTopics"), page_);
   binder_.BindAll();
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  resize(kSize);
+  resize(kSize.boundedTo(RoomOnScreen(*this)));
   StandOver();
   Keep(form.PageChanged.ConnectScoped([this] { ShowPage(); }));
   Keep(form.ShowRequested.ConnectScoped([this] { StandOver(); }));
@@ -90,6 +95,7 @@ QWidget* HelpView::MakePage() {
   page_ = Named(new QTextBrowser(this), "picTopic");
   page_->setOpenLinks(false);
   page_->document()->setDocumentMargin(14);
+  page_->viewport()->installEventFilter(this);
   connect(page_, &QTextBrowser::anchorClicked, this,
           [this](const QUrl& link) { form_.Follow(FromQt(link.toString())); });
   return page_;
@@ -117,7 +123,36 @@ void HelpView::ShowPage() {
   QUrl page = QUrl::fromLocalFile(ToQt(path.substr(0, part)));
   if (part != Text::npos) page.setFragment(ToQt(path.substr(part + 1)));
   if (page_->source() != page) page_->setSource(page);
+  FitPictures();
   MarkFound();
+}
+
+void HelpView::FitPictures() {
+  const int room = page_->viewport()->width() - 2 * static_cast<int>(std::ceil(page_->document()->documentMargin()));
+  for (QTextBlock block = page_->document()->begin(); block.isValid(); block = block.next()) {
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+      const QTextFragment fragment = at.fragment();
+      QTextImageFormat picture = fragment.charFormat().toImageFormat();
+      if (!picture.isValid()) continue;
+      if (!picture.hasProperty(kOwnWidth)) {
+        const QString file = page_->source().resolved(QUrl(picture.name())).toLocalFile();
+        picture.setProperty(kOwnWidth, picture.width() > 0 ? picture.width() : QImageReader(file).size().width());
+      }
+      const double wanted = std::min<double>(picture.property(kOwnWidth).toDouble(), std::max(room, 1));
+      if (std::abs(picture.width() - wanted) < 1) continue;
+      picture.setWidth(wanted);
+      QTextCursor cursor(page_->document());
+      cursor.setPosition(fragment.position());
+      cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+      cursor.setCharFormat(picture);
+      return FitPictures();  // the fragments are others now
+    }
+  }
+}
+
+bool HelpView::eventFilter(QObject* object, QEvent* event) {
+  if (object == page_->viewport() && event->type() == QEvent::Resize) FitPictures();
+  return ToolView::eventFilter(object, event);
 }
 
 void HelpView::MarkFound() {

@@ -14,6 +14,8 @@ class HelpView final : public ToolView {
  public:
   HelpView(HelpWindow& form, QWidget* owner);
 
+  bool eventFilter(QObject* object, QEvent* event) override;
+
  private:
   QWidget* MakeBar();
   QWidget* MakeContents();
@@ -21,6 +23,8 @@ class HelpView final : public ToolView {
   void StandOver();
   void ShowPage();
   void MarkFound();
+  /// No picture is wider than the page.
+  void FitPictures();
 
   HelpWindow& form_;
   QWidget* owner_;

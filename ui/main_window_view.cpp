@@ -82,7 +82,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
       video_(video) {
   setObjectName("frmMain");
   setWindowIcon(QIcon(":/cuewright.svg"));
-  setMinimumSize(MainLayout::kLeastWidth, MainLayout::kLeastHeight);
+  setMinimumSize(MainLayout::kLeastWidth, std::min(MainLayout::kLeastHeight, RoomOnScreen(*this).height()));
   setCentralWidget(area_);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   BuildMenus();

@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "ui/fit_screen.h"
 #include "ui/link_button.h"
 #include "ui/qt_colour.h"
 #include "ui/qt_text.h"
@@ -111,14 +112,16 @@ QWidget* SettingsView::MakePages() {
   heading->addWidget(MakeHeading("lblTop", area), 1);
   column->addLayout(heading);
   // All pages in one place, so that the window has one size.
-  auto* stack = new QGridLayout;
-  column->addLayout(stack, 1);
+  auto* place = new QWidget(area);
+  auto* stack = new QGridLayout(place);
+  stack->setContentsMargins(0, 0, 0, 0);
   MakeRulesPage();
   MakeKeysPage();
   MakePlayerPage();
   MakePreviewPage();
   MakeLanguagePage();
   for (QWidget* page : pages_) stack->addWidget(page, 0, 0);
+  column->addWidget(new ContentScroll(place, area), 1);
   column->addWidget(MakeDetails());
   return area;
 }
@@ -233,7 +236,7 @@ void SettingsView::GrowForPages() {
     if (!page->layout()->hasHeightForWidth()) continue;
     lacking = std::max(lacking, page->layout()->totalHeightForWidth(shown->width()) - shown->height());
   }
-  if (lacking > 0) setMinimumHeight(height() + lacking);
+  if (lacking > 0) setMinimumHeight(std::min(height() + lacking, RoomOnScreen(*this).height()));
 }
 
 void SettingsView::resizeEvent(QResizeEvent* event) {
