@@ -34,8 +34,9 @@ class Reader:
     def start(self):
         # The file opens although the window isn't given the focus first.
         desktop.wait_for("the loaded file", lambda: self.program.find("label", "Current subtitle file: a.srt"))
-        window = desktop.wait_for("the title with the name", lambda: self.program.window_id("^a.srt - Tessaly Cuewright"))
-        desktop.focus(window)
+        self.window = desktop.wait_for("the title with the name",
+                                       lambda: self.program.window_id("^a.srt - Tessaly Cuewright"))
+        desktop.focus(self.window)
         self.table = desktop.wait_for("the list", lambda: self.program.find("table", "List of the captions"))
 
     def cell(self, row, column=0):
@@ -55,17 +56,20 @@ class Reader:
         assert list(self.table.queryTable().getSelectedRows()) == [2]
 
     def menu(self):
+        # The toolkit doesn't show an open menu of this kind to the bus: it is known by what its letter does.
         for key in ("shift+F10", "Menu"):
             desktop.key(key)
-            item = desktop.wait_for("the list's menu by " + key, lambda: self.shown_item("Edit caption"))
-            assert has(item, desktop.pyatspi.STATE_ENABLED)
+            desktop.wait_for("the list's menu by " + key, lambda: len(self.windows()) > 1)
+            desktop.key("e")
+            desktop.wait_for("the box of its first item", lambda: self.program.window_id("^Edit Caption$"))
             desktop.key("Escape")
-            desktop.wait_for("the end of the menu", lambda: self.shown_item("Edit caption") is None)
+            desktop.wait_for("the end of the box", lambda: self.program.window_id("^Edit Caption$") is None)
+            desktop.focus(self.window)
 
-    def shown_item(self, name):
-        popup = self.program.find("popup menu")
-        item = self.program.find("menu item", name, popup) if popup is not None else None
-        return item if has(item, desktop.pyatspi.STATE_SHOWING) else None
+    def windows(self):
+        found = desktop.subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.program.process.pid)],
+                                       capture_output=True, text=True)
+        return found.stdout.split()
 
     def modes(self):
         buttons = self.program.all("radio button")
