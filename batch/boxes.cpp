@@ -32,11 +32,12 @@ void BatchBoxes::Begin(TextView file) {
 
 void BatchBoxes::Tell(TextView text) {
   shown_.push_back(OneLine(text));
-  const std::string line = DisplayUtf8(shown_.back());
+  const std::string told = DisplayUtf8(shown_.back());
+  const std::size_t at = line ? line() : 0;
   if (file_.empty()) {
-    console_.Complain("cuewright-batch: " + line);
+    console_.Complain("cuewright-batch: " + told);
   } else {
-    console_.Say(file_ + ": " + line);
+    console_.Say(file_ + (at == 0 ? "" : ":" + std::to_string(at)) + ": " + told);
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -8,8 +10,9 @@
 
 namespace cuewright {
 
-/// Message boxes without a window: each is a line "FILE: text" on the error stream, and the questions are answered by
-/// the options of the call. Before the first file a box is about the call itself, and shown even when quiet.
+/// Message boxes without a window: each is a line "FILE: text" on the error stream, "FILE:LINE: text" where it is about
+/// a line of the file, and the questions are answered by the options of the call. Before the first file a box is about
+/// the call itself, and shown even when quiet.
 class BatchBoxes final : public Messages {
  public:
   /// `fps` answers the frame rate question. It must be one that the question accepts, or it would be asked forever.
@@ -26,6 +29,9 @@ class BatchBoxes final : public Messages {
 
   /// The boxes since `Begin`, each on one line.
   const std::vector<Text>& Shown() const { return shown_; }
+
+  /// Gives the line of the file that the next box is about, counted from 1; 0: about none. Null: none is.
+  std::function<std::size_t()> line;
 
   /// How many boxes since `Begin` were warnings or errors.
   int Troubles() const { return troubles_; }

@@ -1,44 +1,34 @@
-#include <sys/stat.h>
-
 #include <set>
-#include <utility>
 
 #include "batch/commands.h"
 #include "batch/json.h"
+#include "batch/stream_files.h"
 
 namespace cuewright {
 namespace {
-
-/// What the system knows a file by, whatever path leads to it.
-using FileIdentity = std::pair<dev_t, ino_t>;
-
-std::optional<FileIdentity> IdentityOf(const Text& path) {
-  struct stat info {};
-  if (::stat(ToUtf8(path).c_str(), &info) != 0) return {};
-  return FileIdentity{info.st_dev, info.st_ino};
-}
 
 /// The files that a run must not write over: its inputs, and the results that it has written.
 class Guard {
  public:
   explicit Guard(const std::vector<Text>& inputs) {
     for (const Text& input : inputs) {
-      if (const auto identity = IdentityOf(input)) inputs_.insert(*identity);
+      if (const auto identity = IdentityOfInput(input)) inputs_.insert(*identity);
     }
   }
 
-  /// Why `out` is not to be written for `input`; empty when it may be.
-  Text Objection(const Text& input, const Text& out) const {
-    const std::optional<FileIdentity> target = IdentityOf(out);
+  /// Why `out` is not to be written for `input`; empty when it may be. `whole`: all of the input was read.
+  Text Objection(const Text& input, const Text& out, bool whole) const {
+    if (Text objection = ObjectionToSource(input, out, whole); !objection.empty()) return objection;
+    const std::optional<FileIdentity> target = IdentityOfResult(out);
     if (!target) return {};
     if (results_.contains(*target)) return u"Not written: " + out + u" is the result of another file of this run.";
-    if (target == IdentityOf(input)) return {};
+    if (target == IdentityOfInput(input)) return {};
     if (inputs_.contains(*target)) return u"Not written: " + out + u" is another input of this run.";
     return {};
   }
 
   void NoteWritten(const Text& out) {
-    if (const auto identity = IdentityOf(out)) results_.insert(*identity);
+    if (const auto identity = IdentityOfResult(out)) results_.insert(*identity);
   }
 
  private:
@@ -66,7 +56,8 @@ class Converter {
     if (request_.rules) session_.ApplyRules();
     outcome.format = session_.Format();
     outcome.captions = session_.Captions().Rows() - 1;
-    if (const Text objection = guard_.Objection(input, outcome.out); !objection.empty()) {
+    const bool whole = !session_.LoadedWithTrouble();
+    if (const Text objection = guard_.Objection(input, outcome.out, whole); !objection.empty()) {
       session_.Boxes().Tell(objection);
       return outcome;
     }
@@ -120,11 +111,12 @@ int RunConvert(const Request& request, Session& session, Console& console) {
     return kExitUsage;
   }
   int status = kExitDone;
+  if (request.out && IsStandardOutput(*request.out)) console.ResultsToErrors();
   Converter converter(request, session, format);
   for (std::size_t i = 0; i < request.files.size(); ++i) {
     console.Progress(i, request.files.size());
     const Outcome outcome = converter.Convert(request.files[i]);
-    if (!outcome.written) status = kExitFailed;
+    if (!outcome.written || session.LoadedWithTrouble()) status = kExitFailed;
     if (request.json) console.Out(AsJson(request, request.files[i], outcome, session.Boxes()));
   }
   return status;

@@ -49,7 +49,7 @@ int RunDump(const Request& request, Session& session, Console& console) {
   for (Row row = 1; row < captions.Rows(); ++row) {
     console.Out(request.json ? AsJson(row, captions.At(row)) : AsLine(row, captions.At(row)));
   }
-  return kExitDone;
+  return session.LoadedWithTrouble() ? kExitFailed : kExitDone;
 }
 
 }  // namespace cuewright

@@ -1,5 +1,6 @@
 #include "batch/commands.h"
 #include "batch/json.h"
+#include "batch/stream_files.h"
 
 namespace cuewright {
 namespace {
@@ -46,10 +47,17 @@ int RunRules(const Request& request, Session& session, Console& console) {
   session.ApplyRules();
   const Text readAs = session.Format();
   const int captions = session.Captions().Rows() - 1;
-  const bool written = !request.out || session.Save(*request.out, format, true);
+  const bool whole = !session.LoadedWithTrouble();
+  Text objection;
+  if (request.out) {
+    if (IsStandardOutput(*request.out)) console.ResultsToErrors();
+    objection = ObjectionToSource(request.files.front(), *request.out, whole);
+  }
+  if (!objection.empty()) session.Boxes().Tell(objection);
+  const bool written = objection.empty() && (!request.out || session.Save(*request.out, format, true));
   const ReportForm form = request.detailed ? ReportForm::Detailed : ReportForm::Standard;
   console.Out(request.json ? AsJson(request, session, readAs, captions, written) : AsText(session, form));
-  return written ? kExitDone : kExitFailed;
+  return written && whole ? kExitDone : kExitFailed;
 }
 
 }  // namespace cuewright

@@ -66,7 +66,7 @@ bool Console::Finish() {
 void Console::FlushOut() {
   if (block_.empty()) return;
   EraseBar();
-  Write(STDOUT_FILENO, block_, outFailed_);
+  Write(resultsTo_, block_, outFailed_);
   block_.clear();
 }
 

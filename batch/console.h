@@ -20,6 +20,9 @@ class Console {
   /// Nothing but results from now on: no messages and no bar.
   void SetQuiet() { quiet_ = true; }
 
+  /// Results go to the error stream from now on, since a file is written to the output.
+  void ResultsToErrors() { resultsTo_ = 2; }
+
   /// Writes a result. Blocks are written as they fill; on a terminal each line at once.
   void Out(std::string_view text);
 
@@ -41,6 +44,7 @@ class Console {
   void Write(int fd, std::string_view text, bool& failed) const;
 
   std::string block_;
+  int resultsTo_ = 1;  ///< the descriptor
   bool quiet_ = false;
   bool outIsTerminal_ = false;
   bool barPossible_ = false;

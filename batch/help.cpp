@@ -41,7 +41,7 @@ constexpr std::string_view kConvert =
     "Usage: cuewright-batch convert FILE... --to ID (--out FILE | --folder DIR) [OPTION]...\n"
     "\n"
     "  --to ID             format to write, an identifier that 'formats' lists\n"
-    "  --out FILE          file to write; one input only\n"
+    "  --out FILE          file to write; one input only. '-' is the standard output\n"
     "  --folder DIR        folder for the results, named as the inputs with the format's extension\n"
     "  --untimed keep|drop write everything (keep, the default), or nothing from the first caption\n"
     "                      without a start time on (drop)\n"
@@ -66,6 +66,8 @@ constexpr std::string_view kPeaks =
     "\n";
 
 constexpr std::string_view kCommon =
+    "A FILE of the name '-' is the standard input.\n"
+    "\n"
     "Options of every command:\n"
     "  --fps N             frame rate of files that count frames, 15 to 30 (default 25)\n"
     "  --text HOW          auto: UTF-8 and UTF-16 are recognised; classic: 8-bit text in the\n"

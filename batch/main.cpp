@@ -11,9 +11,9 @@
 #include "batch/commands.h"
 #include "batch/console.h"
 #include "batch/session.h"
+#include "batch/stream_files.h"
 #include "core/product.h"
 #include "platform/locale.h"
-#include "platform/posix_files.h"
 
 namespace cuewright {
 namespace {
@@ -41,7 +41,7 @@ int Complain(const std::string& problem, Console& console) {
 
 [[noreturn]] void Run(const Request& request, Console& console) {
   if (request.quiet) console.SetQuiet();
-  PosixFiles files(PosixFiles::Flush::Replacing);
+  StreamFiles files;
   Session session(request, files, console, AnsiCodePageOfLocale());
   const bool started = session.Start(ProgramFolder());
   End(started ? RunCommand(request, session, console) : kExitUsage, console);

@@ -83,8 +83,12 @@ std::optional<int> Session::Detect(const Text& path) {
 }
 
 bool Session::Load(const Text& path) {
+  loadTroubles_ = 0;
   if (!Begin(path)) return false;
+  boxes_.line = [this] { return importer_->TroubleLine(); };
   importer_->DetectFormat(path, false, false);
+  boxes_.line = nullptr;
+  loadTroubles_ = boxes_.Troubles();
   return captions_.Rows() > 2 || !IsBlank(captions_.At(1).text);
 }
 

@@ -43,6 +43,8 @@ class Session {
 
   /// Reads a file into the document; false, after telling why, when it gave no caption.
   bool Load(const Text& path);
+  /// The last `Load` told of something: the document may be less than its file.
+  bool LoadedWithTrouble() const { return loadTroubles_ != 0; }
   const CaptionList& Captions() const { return captions_; }
   /// Runs the correction rules over the document; what they found is in `Report`.
   void ApplyRules();
@@ -106,6 +108,7 @@ class Session {
   Text path_;  ///< of the document
   bool modified_ = false;
   bool cancelled_ = false;
+  int loadTroubles_ = 0;
   Host host_;
   CaptionList captions_;
   RuleReport report_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -42,7 +43,7 @@ class CarryOn {
       std::forward<Step>(step)();
       return true;
     } catch (const RuntimeError& error) {
-      last_ = error;
+      Note(error);
       return false;
     }
   }
@@ -51,9 +52,14 @@ class CarryOn {
   const std::optional<RuntimeError>& Last() const { return last_; }
 
   /// Notes a failure that was found without a throw.
-  void Note(RuntimeError error) { last_ = std::move(error); }
+  void Note(RuntimeError error) {
+    last_ = std::move(error);
+    if (noted) noted();
+  }
 
   void Clear() { last_.reset(); }
+
+  std::function<void()> noted;  ///< a step has just failed; for those who keep where that was
 
  private:
   std::optional<RuntimeError> last_;

@@ -55,6 +55,7 @@ void Importer::ImportSubtitle(TextView path, bool wide, bool append) {
 
 void Importer::ImportFile(TextView path, std::optional<TextFile> file, bool wide, bool append, CarryOn& errors) {
   FormatState& state = loader_.State();
+  troubleLine_ = 0;
   if (!append) {
     BeginImport();
     appendOffset_ = 0;
@@ -107,6 +108,21 @@ float Importer::PromptForFps() {
 
 void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
                          CarryOn& errors) {
+  std::size_t place = 0;
+  errors.noted = [&] { place = file.Place(); };
+  ParseLines(file, wide, captions, pieces, errors);
+  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
+  if (file.LineWasCut()) {
+    errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
+    place = file.CutPlace();
+  }
+  errors.noted = nullptr;
+  if (place != 0) troubleLine_ = file.LinesBefore(place);
+}
+
+void Importer::ParseLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
+                          CarryOn& errors) {
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
   const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
                              wide,     filter.Beginning()};
@@ -115,7 +131,7 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
   ImportLine line;
   while (line.Next(file, wide ? &encodings_ : nullptr)) {
-    if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(captions)) break;
+    if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(file, captions)) break;
     if (captions.Full()) break;
     if (filter.Drops(line)) line.Clear();
     if (mayTurnSpruce && line.View().starts_with(u"0001")) {
@@ -127,15 +143,13 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
     parser->Parse(line);
     if (!wide) parser->ParseRun(file);
   }
-  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
-  if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
-  if (file.LineWasCut()) errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
 }
 
-bool Importer::StopsHere(const CaptionCollector& captions) {
+bool Importer::StopsHere(TextFile& file, const CaptionCollector& captions) {
   loader_.Host().Yield();
   if (cancelled_) return true;
   if (captions.ImportedCount() <= kMostCaptions) return false;
+  troubleLine_ = file.LinesBefore(file.Place());
   loader_.Boxes().Show({loader_.Strings()[158], BoxIcon::Error, BoxButtons::Ok, loader_.Strings()[146]});
   return true;
 }

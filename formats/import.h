@@ -28,7 +28,8 @@ class Importer {
 
   /// Recognises the file and imports it; tells why when it doesn't know the format. Called with `wide` false; a file
   /// that no format fits is tried again as 16-bit text, and a name that ends in "txt" is then plain text, which
-  /// replaces the document even when appending.
+  /// replaces the document even when appending. After appending, the format, its definition, the rate and the encoding
+  /// are the document's own again, whatever was read.
   void DetectFormat(TextView path, bool wide, bool append);
 
   /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
@@ -37,6 +38,10 @@ class Importer {
 
   /// Reads a file with the format in force. Without `append` the list is emptied first.
   void ImportSubtitle(TextView path, bool wide, bool append);
+
+  /// The line at which the load was cut off or met its last error, counted from 1; 0: everything was read, or what
+  /// went wrong has no line.
+  std::size_t TroubleLine() const { return troubleLine_; }
 
   /// Asks for a frame rate until one of 15 to below 31 is typed; 0 when the user cancels.
   float PromptForFps();
@@ -47,6 +52,7 @@ class Importer {
     Text brief;  ///< numbers of any length as "00"
   };
 
+  void Detect(TextView path, bool wide, bool append);
   std::optional<TextFile> Open(TextView path, CarryOn& errors) const;
   Heads ReadHeads(TextFile& file, bool wide) const;
   /// Puts the recognised format in force and tells whether the file is 16-bit text; nothing when no format fits.
@@ -61,7 +67,8 @@ class Importer {
   void BeginImport();
   bool ReadFrameRate();
   void ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces, CarryOn& errors);
-  bool StopsHere(const CaptionCollector& captions);
+  bool StopsHere(TextFile& file, const CaptionCollector& captions);
+  void ParseLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces, CarryOn& errors);
   std::unique_ptr<LineParser> MakeParser(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const;
   void FillList(std::vector<Caption> rows, bool append, CarryOn& errors);
   void TellAppended();
@@ -74,6 +81,7 @@ class Importer {
   bool& cancelled_;
   bool timecodeLiteral_ = false;
   std::int32_t appendOffset_ = 0;
+  std::size_t troubleLine_ = 0;
 };
 
 }  // namespace cuewright

@@ -93,13 +93,22 @@ bool TextFile::NextText(LineBuffer& buffer) {
   std::size_t units = scan.ascii;
   if (scan.ascii != scan.length) {
     const std::size_t length = std::min(scan.length, kLongestLine);
-    lineWasCut_ = lineWasCut_ || length != scan.length;
     room = buffer.Room(length, scan.ascii);
     units += DecodeTo(rest.substr(scan.ascii, length - scan.ascii), room + scan.ascii);
   }
   buffer.SetSize(units);
   SkipLine(scan.length);
+  if (scan.ascii != scan.length && scan.length > kLongestLine) cutPlace_ = at_;
   return true;
+}
+
+std::size_t TextFile::LinesBefore(std::size_t place) {
+  const std::size_t here = at_;
+  std::size_t count = 0;
+  std::string_view line;
+  for (Rewind(); at_ < place && NextLine(line);) ++count;
+  at_ = here;
+  return count;
 }
 
 void TextFile::Decode(std::string_view line, LineBuffer& buffer) const {

@@ -62,7 +62,13 @@ class TextFile {
   bool NextText(LineBuffer& buffer);
 
   /// A line was cut since the file was opened.
-  bool LineWasCut() const { return lineWasCut_; }
+  bool LineWasCut() const { return cutPlace_ != 0; }
+
+  /// The place behind the lines that were read, and behind the line that was cut last.
+  std::size_t Place() const { return at_; }
+  std::size_t CutPlace() const { return cutPlace_; }
+  /// How many lines lie before a place; reads the file up to there.
+  std::size_t LinesBefore(std::size_t place);
 
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
@@ -108,7 +114,7 @@ class TextFile {
   bool utf8_ = false;
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
-  bool lineWasCut_ = false;
+  std::size_t cutPlace_ = 0;  // behind the line that was cut last; 0: none was
 };
 
 }  // namespace cuewright

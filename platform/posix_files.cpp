@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -130,6 +131,14 @@ void CopyRights(int fd, const struct stat* old) {
   ::fchmod(fd, old->st_mode & 07777);
 }
 
+/// Writes to a descriptor that is open already.
+void WriteTo(int fd, TextView path, const std::function<void(ByteSink&)>& write) {
+  DescriptorSink sink(fd);
+  write(sink);
+  sink.Flush();
+  if (sink.Error() != 0) Throw(sink.Error(), path);
+}
+
 void SyncFolder(const std::string& folder) {
   const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (fd.Get() >= 0) ::fsync(fd.Get());
@@ -151,6 +160,29 @@ std::string ResolveLinks(std::string path, TextView shown) {
     path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
   }
   Throw(ELOOP, shown);
+}
+
+std::optional<int> DescriptorNamedBy(std::string path, TextView shown) {
+  for (int hops = 0; hops < 40; ++hops) {
+    std::array<char, PATH_MAX> folder{};
+    if (::realpath(FolderOf(path).c_str(), folder.data()) == nullptr) return {};
+    const std::string place(folder.data());
+    if (place.starts_with("/proc/") && place.ends_with("/fd")) {
+      std::array<char, PATH_MAX> own{};
+      const bool ours = ::realpath("/proc/self/fd", own.data()) != nullptr && place == own.data();
+      const std::string name = path.substr(path.rfind('/') + 1);
+      int number = -1;
+      const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+      if (!ours || error != std::errc() || end != name.data() + name.size()) Throw(EACCES, shown);
+      return number;
+    }
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    if (length < 0) return {};
+    const std::string to(target.data(), static_cast<std::size_t>(length));
+    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
+  }
+  return {};
 }
 
 RuntimeError ErrorOfErrno(int error, TextView path) {
@@ -227,6 +259,8 @@ std::unique_ptr<FileReader> PosixFiles::OpenToRead(TextView path) const {
 }
 
 void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& write) {
+  // Behind such a name there may be a file that others write as well: it is written on, never replaced.
+  if (const std::optional<int> fd = DescriptorNamedBy(ToUtf8(path), path)) return WriteTo(*fd, path, write);
   const std::string target = ResolveLinks(ToUtf8(path), path);
   struct stat old {};
   const bool existed = ::stat(target.c_str(), &old) == 0;

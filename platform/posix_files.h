@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/ports/files.h"
@@ -8,7 +9,7 @@
 namespace cuewright {
 
 /// `Files` on the system's own calls.
-class PosixFiles final : public Files {
+class PosixFiles : public Files {
  public:
   /// What `Replace` flushes to the disk before it is done: every file, or, for those who write thousands, only one that
   /// takes the place of an older file. A new file in its stead is in the system's care then, as any program's is.
@@ -37,6 +38,10 @@ std::string FolderOf(const std::string& path);
 /// The file that a path leads to behind its links, so that a link stays a link. A link to nothing leads to
 /// the place that it names. Run-time error for links in a circle; `shown` stands in it.
 std::string ResolveLinks(std::string path, TextView shown);
+
+/// The descriptor of this process that a path such as "/dev/stdout" or "/dev/fd/1" stands for; empty for any other
+/// path. One of another process gives run-time error 75; `shown` stands in it.
+std::optional<int> DescriptorNamedBy(std::string path, TextView shown);
 
 /// The run-time error for an `errno` value of a call on `path`.
 RuntimeError ErrorOfErrno(int error, TextView path);

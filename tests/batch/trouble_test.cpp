@@ -1,0 +1,126 @@
+#include <filesystem>
+
+#include "tests/batch/batch_rig.h"
+
+namespace cuewright::test {
+namespace {
+
+/// So many captions of four lines each.
+std::string ManyCaptions(int count) {
+  std::string text;
+  for (int i = 1; i <= count; ++i) {
+    text += std::to_string(i) + "\r\n00:00:01,000 --> 00:00:02,000\r\nx\r\n\r\n";
+  }
+  return text;
+}
+
+/// Frames with a line in the middle that is too long to be read; it is line 3.
+std::string WithALongLine() {
+  return "{25}{50}one\r\n{75}{100}two\r\n{110}{120}" + std::string(300, 'x') + "\r\n{125}{150}last\r\n";
+}
+
+TEST_F(BatchTest, AFileThatWasCutOffFailsWithItsLineAndIsNeverWrittenOver) {
+  const std::string whole = ManyCaptions(33000);
+  Write("long.srt", whole);
+  const ProcessResult result = Batch({"convert", "long.srt", "--to", "SUBRIP", "--out", "long.srt"});
+  EXPECT_EQ(result.status, 1);
+  // The first caption that was not read begins on line 4 * 32100 + 1.
+  EXPECT_EQ(result.error.substr(0, 55), "long.srt:128401: File loading has been suspended becaus");
+  EXPECT_NE(result.error.find("\nlong.srt: Not written: long.srt was not read whole."), std::string::npos);
+  EXPECT_EQ(Read("long.srt"), whole);
+  EXPECT_EQ(Batch({"convert", "long.srt", "--to", "SUBRIP", "--folder", "."}).status, 1);
+  EXPECT_EQ(Read("long.srt"), whole);
+  EXPECT_EQ(Batch({"rules", "long.srt", "--to", "SUBRIP", "--out", "long.srt"}).status, 1);
+  EXPECT_EQ(Read("long.srt"), whole);
+  EXPECT_EQ(Batch({"dump", "long.srt", "--quiet"}).status, 1);
+}
+
+TEST_F(BatchTest, AnErrorOfALoadFailsWithItsLineAndIsNeverWrittenOver) {
+  Write("a.sub", WithALongLine());
+  std::filesystem::create_symlink("a.sub", PathOf("link.sub"));
+  for (const std::string out : {"a.sub", "link.sub"}) {
+    const ProcessResult result = Batch({"convert", "a.sub", "--to", "MICRODVD", "--out", out});
+    EXPECT_EQ(result.status, 1);
+    ASSERT_EQ(LinesOf(result.error).size(), 2u) << result.error;
+    EXPECT_EQ(LinesOf(result.error)[0], "a.sub:3: An error ocurred while loading the file a.sub. Error #6: Overflow");
+    EXPECT_EQ(Read("a.sub"), WithALongLine());
+  }
+}
+
+TEST_F(BatchTest, AFileReadWithAnErrorIsWrittenElsewhereButCountsAsFailed) {
+  Write("a.sub", WithALongLine());
+  EXPECT_EQ(Batch({"convert", "a.sub", "--to", "SUBRIP", "--out", "a.srt"}).status, 1);
+  EXPECT_NE(Read("a.srt").find("last"), std::string::npos);
+  EXPECT_EQ(Batch({"dump", "a.sub"}).status, 1);
+  EXPECT_EQ(Batch({"rules", "a.sub"}).status, 1);
+}
+
+TEST_F(BatchTest, TheLineOfAnErrorIsTheFilesOwnWhateverEndsItsLines) {
+  const std::string frames = WithALongLine();
+  std::string plain;
+  std::string wide = "\xFF\xFE";
+  for (const char c : frames) {
+    if (c != '\r') plain += c;
+    wide += std::string{c, '\0'};
+  }
+  Write("plain.sub", plain);
+  Write("wide.sub", wide);
+  EXPECT_EQ(Batch({"dump", "plain.sub"}).error.substr(0, 12), "plain.sub:3:");
+  EXPECT_EQ(Batch({"dump", "wide.sub"}).error.substr(0, 11), "wide.sub:3:");
+}
+
+class BatchStreams : public BatchTest {
+ protected:
+  /// Runs a line of the shell in the folder; $B is the program.
+  ProcessResult Shell(const std::string& line) const {
+    ProcessOptions options;
+    options.folder = PathOf("");
+    return RunProcess(
+        {"/usr/bin/env", "LC_ALL=C.UTF-8", "B=" CUEWRIGHT_BIN_DIR "/cuewright-batch", "/bin/sh", "-c", line}, options);
+  }
+};
+
+TEST_F(BatchStreams, TheOutputsOwnNamesAreWrittenOnAndNeverReplaced) {
+  Write("a.srt", kSubRip);
+  for (const std::string name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1", "-"}) {
+    SCOPED_TRACE(name);
+    Write("log", "what stood there\n");
+    EXPECT_EQ(Shell("\"$B\" convert a.srt --to MICRODVD --out " + name + " >> log").status, 0);
+    EXPECT_EQ(Read("log"), "what stood there\n" + std::string(kMicroDvd));
+    EXPECT_EQ(Shell("\"$B\" convert a.srt --to MICRODVD --out " + name + " | cat").out, kMicroDvd);
+  }
+}
+
+TEST_F(BatchStreams, AHyphenIsTheStandardInput) {
+  Write("a.srt", kSubRip);
+  EXPECT_EQ(Shell("cat a.srt | \"$B\" dump -").out, kDumped);
+  EXPECT_EQ(Shell("\"$B\" dump - < a.srt").out, kDumped);
+  EXPECT_EQ(Shell("cat a.srt | \"$B\" convert - --to MICRODVD --out -").out, kMicroDvd);
+  EXPECT_EQ(Shell("cat a.srt | \"$B\" detect -").out, "-\tSUBRIP\n");
+  EXPECT_FALSE(Exists("-"));
+}
+
+TEST_F(BatchStreams, AFileThatIsReadIsNoOutputBehindIt) {
+  Write("a.srt", kSubRip);
+  const ProcessResult result = Shell("\"$B\" convert a.srt --to SUBRIP --out - >> a.srt");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(Read("a.srt"), kSubRip);
+}
+
+TEST_F(BatchStreams, WhatIsToldStaysOutOfTheFileOnTheOutput) {
+  Write("a.srt", kSubRip);
+  const ProcessResult json = Shell("\"$B\" convert a.srt --to MICRODVD --out - --json");
+  EXPECT_EQ(json.out, kMicroDvd);
+  EXPECT_EQ(json.error.substr(0, 16), "{\"file\":\"a.srt\",");
+  const ProcessResult rules = Shell("\"$B\" rules a.srt --to MICRODVD --out -");
+  EXPECT_EQ(rules.out.substr(0, 10), "{310}{380}");
+  EXPECT_EQ(rules.status, 0);
+}
+
+TEST_F(BatchStreams, AFullOutputFails) {
+  Write("a.srt", kSubRip);
+  EXPECT_EQ(Shell("\"$B\" convert a.srt --to MICRODVD --out - > /dev/full").status, 1);
+}
+
+}  // namespace
+}  // namespace cuewright::test
