@@ -50,14 +50,26 @@ Importer::Heads Importer::ReadHeads(TextFile& file, bool wide) const {
 }
 
 void Importer::DetectFormat(TextView path, bool wide, bool append) {
+  if (!append) return Detect(path, wide, false);
+  // What is appended comes into the document; how the document itself is written stays.
+  const FormatState state = loader_.State();
+  const FormatDefinition definition = loader_.Definition();
+  Detect(path, wide, true);
+  loader_.State() = state;
+  loader_.Definition() = definition;
+}
+
+void Importer::Detect(TextView path, bool wide, bool append) {
   CarryOn errors;
+  troubleLine_ = 0;
   std::optional<TextFile> file = Open(path, errors);
   const Text pathText(path);
   if (const std::optional<bool> asWide = Settle(file, wide, errors)) {
     ImportFile(pathText, std::move(file), *asWide, append, errors);
     return;
   }
-  if (!path.ends_with(kPlainTextEnding)) return Reject(path, errors);
+  // A text takes the document's place, but one that can't be read has nothing to put there.
+  if (!path.ends_with(kPlainTextEnding) || (append && !file)) return Reject(path, errors);
   errors([&] { loader_.LoadFormatDefinition(kPlainText, false, false); });
   ImportFile(pathText, std::move(file), false, false, errors);
 }

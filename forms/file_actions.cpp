@@ -219,12 +219,16 @@ void FileActions::Append() {
   const Text path = OpenFileFilter();
   if (path.empty()) return;
   resetRuleReport();
+  p_.document.ImportCancelled = false;
   {
     const FileWork work(p_.document);
     const EditScope scope(p_.list, EditKind::Append);
     p_.importer.DetectFormat(path, false, true);
   }
+  p_.document.ImportCancelled = false;
   p_.recall.SavePath(path);
+  p_.list.SetRow(p_.list.Selected(), false);
+  resetControls();
   FileWorkEnded();
 }
 

@@ -1,5 +1,7 @@
 #include "formats/import.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -248,6 +250,42 @@ TEST(Append, KeepsTheDocumentsEncoding) {
   rig.Open("a.srt", "\xEF\xBB\xBF" + SubRipFile(1));
   rig.importer.DetectFormat(rig.folder.Write("b.srt", SubRipFile(1)), false, true);
   EXPECT_EQ(rig.state.Encoding, (DocumentEncoding{kCodePageUtf8, true}));
+}
+
+/// How the document of `rig` is written: format, rate, encoding, and the template in force.
+auto WayOfWriting(const FormatRig& rig) {
+  return std::tuple(rig.state.CurrentFormatIndex, rig.state.SettingsFormatIndex, rig.state.CurrentFps,
+                    rig.state.Encoding.codePage, rig.state.Encoding.mark, rig.loader.Definition().recordText,
+                    rig.loader.Definition().timecodeTemplate, rig.loader.Definition().sampleText);
+}
+
+TEST(Append, LeavesTheDocumentsWayOfWritingInForce) {
+  const struct {
+    std::string name, content;
+    Text fps;
+  } rows[] = {
+      {"other_format.srt", SubRipFile(1), u"25"}, {"other_rate.sub", "{1}{2}x\r\n", u"30"},
+      {"rate_refused.sub", "{1}{2}x\r\n", u""},   {"unrecognised.xyz", "words\r\n", u"25"},
+      {"plain.txt", "words\r\n", u"25"},          {"wide.srt", "\xFF\xFE" + std::string("1\0\n\0", 4), u"25"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    FormatRig rig;
+    rig.Open("a.sub", "\xEF\xBB\xBF{10}{20}one\r\n", u"24");
+    const auto before = WayOfWriting(rig);
+    rig.messages.lines.assign(1, row.fps);
+    rig.importer.DetectFormat(rig.folder.Write(row.name, row.content), false, true);
+    EXPECT_EQ(WayOfWriting(rig), before);
+    EXPECT_FLOAT_EQ(rig.state.CurrentFps, 24);
+  }
+}
+
+TEST(Append, OfATextThatCantBeReadLeavesTheCaptions) {
+  FormatRig rig;
+  rig.Fill({{1, 2, u"old"}});
+  rig.importer.DetectFormat(rig.folder / "gone.txt", false, true);
+  EXPECT_EQ(rig.Rows(), (Rows{{1, 2, u"old"}}));
+  EXPECT_EQ(rig.messages.shown.size(), 2u);
 }
 
 TEST(RunTimeErrors, AreToldAtTheEndOfTheImportAndTheRestIsRead) {

@@ -113,6 +113,52 @@ TEST_F(Opening, AnAppendedFileIsDelayedByTheFilmsLength) {
   EXPECT_EQ(List().GetCaptionStart(3), 61100);
 }
 
+TEST_F(Opening, AfterAnAppendTheDocumentIsSavedAsItWas) {
+  const Text document = SubRip("a.srt", 2);
+  for (const char* name : {"wrong.xyz", "frames.sub", "refused.sub", "other.sbv"}) {
+    SCOPED_TRACE(name);
+    program->files.OpenSubtitleFile(document);
+    Play(folder.Write("film.mkv", "x"));
+    player.duration = 60;
+    boxes.lines.clear();
+    if (name == std::string("frames.sub")) boxes.lines = {u"25"};
+    const std::string content = name == std::string("wrong.xyz")   ? "words\r\n"
+                                : name == std::string("other.sbv") ? "0:00:01.000,0:00:02.000\r\nx\r\n\r\n"
+                                                                   : "{25}{50}x\r\n";
+    dialogs.paths = {folder.Write(name, content)};
+    program->files.Append();
+    const Row rows = List().Rows();
+    program->files.Save();
+    EXPECT_EQ(folder.Read("a.srt").substr(0, 30), "1\r\n00:00:01,100 --> 00:00:01,9");
+    program->files.OpenSubtitleFile(document);
+    EXPECT_EQ(List().Rows(), rows);
+    SubRip("a.srt", 2);
+  }
+}
+
+TEST_F(Opening, AnAppendedTextLeavesTheWindowInOrder) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  Play(folder.Write("film.mkv", "x"));
+  List().SetRow(2, false);
+  dialogs.paths = {folder.Write("notes.txt", "first words\r\nmore\r\n")};
+  program->files.Append();
+  EXPECT_EQ(Window().txtSub.GetText(), u"first words");
+  EXPECT_TRUE(Window().mnuSave.Enabled());
+  EXPECT_TRUE(Window().mnuSaveAs.Enabled());
+  EXPECT_EQ(Window().lblTextFile.GetText(), u"Current subtitle file: a.srt");
+  EXPECT_EQ(ToUtf8(program->catalogue.Identifier(program->formats.CurrentFormatIndex)), "SUBRIP");
+}
+
+TEST_F(Opening, AnAppendAfterOneThatWasCancelledIsRead) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  Play(folder.Write("film.mkv", "x"));
+  dialogs.paths = {folder.Write("frames.sub", "{25}{50}x\r\n"), SubRip("b.srt", 2)};
+  program->files.Append();
+  EXPECT_FALSE(program->document.ImportCancelled);
+  program->files.Append();
+  EXPECT_EQ(List().Rows(), 5);
+}
+
 TEST_F(Saving, GoesToTheFormatOfTheFile) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
