@@ -14,6 +14,8 @@ constexpr std::uint8_t kBatch = 2;
 constexpr std::uint8_t kRows = 1;
 constexpr std::uint8_t kTimes = 2;
 constexpr std::size_t kFrame = 8;
+/// Nothing that was written comes near it; a greater length is damage.
+constexpr std::uint32_t kLargestRecord = 1U << 30;
 
 constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
   std::array<std::uint32_t, 256> table{};
@@ -227,6 +229,18 @@ class Replay {
 };
 
 /// The payload of the whole record at a place; empty when there is none.
+/// What is wrong with a journal whose first record gives no document.
+JournalFault FaultOf(std::string_view bytes) {
+  constexpr std::string_view kName = "CWJRNL";
+  if (kJournalMagic.starts_with(bytes.substr(0, kJournalMagic.size()))) {
+    if (bytes.size() < kJournalMagic.size() + kFrame) return JournalFault::CutOff;
+    const std::uint32_t length = FixedAt(bytes, kJournalMagic.size());
+    const bool inside = length > bytes.size() - kJournalMagic.size() - kFrame;
+    return inside && length <= kLargestRecord ? JournalFault::CutOff : JournalFault::Damaged;
+  }
+  return bytes.starts_with(kName) ? JournalFault::OtherVersion : JournalFault::Damaged;
+}
+
 std::optional<std::string_view> PayloadAt(std::string_view bytes, std::size_t at) {
   if (bytes.size() - at < kFrame) return {};
   const std::uint32_t length = FixedAt(bytes, at);
@@ -289,6 +303,7 @@ std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separat
 
 JournalReading ReadJournal(std::string_view bytes) {
   JournalReading reading;
+  reading.fault = FaultOf(bytes);
   if (!bytes.starts_with(kJournalMagic)) return reading;
   std::size_t at = kJournalMagic.size();
   Replay replay;
@@ -299,6 +314,7 @@ JournalReading ReadJournal(std::string_view bytes) {
     at += kFrame + payload->size();
   }
   reading.document = replay.Document();
+  reading.fault = JournalFault::None;
   reading.validBytes = at;
   return reading;
 }

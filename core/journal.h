@@ -55,9 +55,18 @@ class JournalBatch {
   std::string changes_;
 };
 
+/// Why a journal gives no document.
+enum class JournalFault : std::uint8_t {
+  None,
+  CutOff,        ///< its writer ended before the first record was whole: nothing was kept yet
+  OtherVersion,  ///< of the program: a journal of a form that this one doesn't know
+  Damaged,       ///< the first record isn't what was written
+};
+
 /// What a journal's bytes hold.
 struct JournalReading {
-  std::optional<JournalDocument> document;  ///< empty: not even the first record is whole
+  std::optional<JournalDocument> document;  ///< empty: the first record gives none
+  JournalFault fault = JournalFault::None;  ///< why there is no document
   std::size_t validBytes = 0;               ///< up to the end of the last whole record
 };
 

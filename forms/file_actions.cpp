@@ -54,11 +54,19 @@ bool FileActions::HasUnsaved() const {
 
 bool FileActions::PromptForSave() {
   if (p_.document.FileInWork) return false;
+  bool thrownAway = false;
+  if (!MayLeave(thrownAway)) return false;
+  Leaving(thrownAway);
+  return true;
+}
+
+bool FileActions::MayLeave(bool& thrownAway) {
   if (!HasUnsaved()) return true;
   switch (ports_.messages.Show({p_.strings[161], BoxIcon::Question, BoxButtons::YesNoCancel})) {
     case BoxAnswer::Yes:
       return SaveBeforeLeaving() || !p_.options.manner.StaysOpenUnsaved();
     case BoxAnswer::No:
+      thrownAway = true;
       return true;
     default:
       return false;
@@ -314,7 +322,8 @@ bool FileActions::SaveDocument() {
   }
   if (!written) return false;
   if (!first) remember();
-  Saved(lastRow == p_.list.Rows() - 1);
+  // A plain text gets all of them, whatever the answer was.
+  Saved(lastRow == p_.list.Rows() - 1 || p_.formats.CurrentFormatIndex == kPlainTextIndex);
   return true;
 }
 

@@ -71,6 +71,8 @@ class FileActions {
   Signal<> Loaded;
   /// The document was written to its file; true with all of its captions.
   Signal<bool> Saved;
+  /// The caller may throw the document away; true when the user said that its changes may go.
+  Signal<bool> Leaving;
   /// The document has gone, or another is about to come.
   Signal<> Left;
 
@@ -117,6 +119,9 @@ class FileActions {
   Text Untitled(std::size_t message) const;
   /// Asks about a file of another name than the picker gave, which asked about that one alone.
   bool MayReplace(const Text& path);
+
+  /// As `PromptForSave`; `thrownAway` tells that the user said so.
+  bool MayLeave(bool& thrownAway);
 
   FileActionParts p_;
   Ports ports_;

@@ -34,6 +34,28 @@ JournalKeeper::JournalKeeper(MainWindow& window, CaptionList& list, const Docume
 void JournalKeeper::Forget() {
   if (store_ == nullptr) return;
   if (state_ != State::NothingToLose) store_->Remove();
+  Rest();
+}
+
+void JournalKeeper::Leave() {
+  if (store_ == nullptr) return;
+  if (state_ != State::NothingToLose) store_->Leave();
+  Rest();
+}
+
+void JournalKeeper::Need() {
+  if (store_ == nullptr || state_ != State::NothingToLose) return;
+  state_ = State::WantsSnapshot;
+  window_.tmrJournal.SetEnabled(true);
+}
+
+void JournalKeeper::Flush() {
+  if (store_ == nullptr) return;
+  if (state_ == State::WantsSnapshot) WriteSnapshot();
+  if (state_ == State::Following && !batch_.Empty()) WriteBatch();
+}
+
+void JournalKeeper::Rest() {
   state_ = State::NothingToLose;
   batch_.Clear();
   retryAt_ = 0;
@@ -104,6 +126,10 @@ void JournalKeeper::WriteBatch() {
 }
 
 void JournalKeeper::TakeFailure() {
+  if (store_->TakeLost()) {
+    batch_.Clear();
+    state_ = State::WantsSnapshot;
+  }
   const std::optional<RuntimeError> failure = store_->TakeFailure();
   if (!failure) return;
   batch_.Clear();

@@ -22,6 +22,12 @@ class JournalKeeper {
 
   /// The document is as its file, or is another one, or is gone: there is nothing to lose.
   void Forget();
+  /// What the document is now is in no file: there is something to lose without a further change.
+  void Need();
+  /// Hands to the store what has not been written yet.
+  void Flush();
+  /// The document goes, and what of it is in no file stays for the next start. Changes since `Flush` aren't its own.
+  void Leave();
   /// Goes on with a journal that was left behind, whose document is the open one now.
   void Adopt(int id, std::size_t bytes);
 
@@ -36,6 +42,7 @@ class JournalKeeper {
   void WriteSnapshot();
   void WriteBatch();
   void TakeFailure();
+  void Rest();
 
   MainWindow& window_;
   CaptionList& list_;

@@ -7,30 +7,82 @@
 namespace cuewright {
 namespace {
 
+constexpr std::size_t kCantBeRestored = 1010;
+constexpr std::size_t kOtherVersion = 1011;
+constexpr std::size_t kDamaged = 1012;
+constexpr std::size_t kFileIsNewer = 1013;
+constexpr std::size_t kFileIsOlder = 1014;
+constexpr std::size_t kFileIsGone = 1015;
+
+/// Which of the document's file and what is kept of it is newer; empty for a document without a file.
+Text Comparison(const JournalDocument& document, const JournalStore& store, const LangStrings& strings) {
+  if (document.path.empty() || document.path == kNewDocument) return {};
+  const std::optional<std::int64_t> file = store.ChangedAt(document.path);
+  if (!file) return strings[kFileIsGone];
+  return Fill(strings[*file > document.time ? kFileIsNewer : kFileIsOlder], store.LocalTime(*file));
+}
+
 BoxAnswer Offer(const JournalDocument& document, const JournalStore& store, Messages& messages,
                 const LangStrings& strings) {
   const Text count = Decimal(static_cast<long long>(document.captions.size()));
   const Text name = document.path == kNewDocument ? strings[17] : document.path;
   Text text = Fill(ReplaceAll(strings[949], u"%3", count), name, store.LocalTime(document.time));
+  if (const Text compared = Comparison(document, store, strings); !compared.empty()) {
+    text.append(kLineEnd).append(kLineEnd).append(compared);
+  }
   text.append(kLineEnd).append(kLineEnd).append(strings[950]);
   return messages.Show({text, BoxIcon::Question, BoxButtons::YesNoCancel});
 }
+
+/// Leaves journals that give no document where they are, and tells of those that the user hasn't heard of, in one box.
+class Unreadable {
+ public:
+  Unreadable(JournalStore& store, const LangStrings& strings) : store_(store), strings_(strings) {}
+
+  void Leave(const LeftJournal& left, JournalFault fault) {
+    if (!left.told) {
+      const Text& reason = left.unreadable                         ? left.unreadable->description
+                           : fault == JournalFault::OtherVersion ? strings_[kOtherVersion]
+                                                                   : strings_[kDamaged];
+      list_.append(kLineEnd).append(kLineEnd).append(left.path).append(kLineEnd).append(reason);
+    }
+    // One that can't be read may only be so for the moment.
+    if (left.unreadable) {
+      store_.LeaveAgain(left.id);
+    } else {
+      store_.LeaveTold(left.id);
+    }
+  }
+
+  void Tell(Messages& messages) const {
+    if (!list_.empty()) messages.Show({strings_[kCantBeRestored] + list_, BoxIcon::Warning});
+  }
+
+ private:
+  JournalStore& store_;
+  const LangStrings& strings_;
+  Text list_;
+};
 
 }  // namespace
 
 std::optional<RestoredDocument> OfferLeftDocuments(JournalStore& store, Messages& messages,
                                                    const LangStrings& strings) {
   std::optional<RestoredDocument> chosen;
+  Unreadable unreadable(store, strings);
   bool asking = true;
   for (const LeftJournal& left : store.TakeLeft()) {
-    if (!asking) {
-      store.LeaveAgain(left.id);
+    JournalReading reading = left.unreadable ? JournalReading() : ReadJournal(left.bytes);
+    if (reading.fault == JournalFault::CutOff) {
+      store.Discard(left.id);
       continue;
     }
-    JournalReading reading = ReadJournal(left.bytes);
     if (!reading.document) {
-      // Cut off before anything was in it.
-      store.Discard(left.id);
+      unreadable.Leave(left, reading.fault);
+      continue;
+    }
+    if (!asking) {
+      store.LeaveAgain(left.id);
       continue;
     }
     const BoxAnswer answer = Offer(*reading.document, store, messages, strings);
@@ -39,6 +91,7 @@ std::optional<RestoredDocument> OfferLeftDocuments(JournalStore& store, Messages
     if (answer == BoxAnswer::Cancel) store.LeaveAgain(left.id);
     if (answer == BoxAnswer::Yes) chosen = {left.id, reading.validBytes, std::move(*reading.document)};
   }
+  unreadable.Tell(messages);
   return chosen;
 }
 

@@ -1,6 +1,7 @@
 #include "forms/program.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/paths.h"
@@ -183,11 +184,26 @@ void Program::ConnectTitle() {
 }
 
 void Program::ConnectJournal() {
-  for (Signal<>* nothingToLose : {&files.DocumentOpened, &files.DocumentClosed}) {
-    nothingToLose->Connect([this] { journal.Forget(); });
+  files.Leaving.Connect([this](bool thrownAway) {
+    // What no file holds stays for the next start, unless the user said that it may go.
+    leaveJournal_ = !thrownAway && history.Differs();
+    journal.Flush();
+  });
+  for (Signal<>* gone : {&files.DocumentOpened, &files.DocumentClosed}) {
+    gone->Connect([this] {
+      if (std::exchange(leaveJournal_, false)) {
+        journal.Leave();
+      } else {
+        journal.Forget();
+      }
+    });
   }
   files.Saved.Connect([this](bool whole) {
-    if (whole) journal.Forget();
+    if (whole) {
+      journal.Forget();
+    } else {
+      journal.Need();
+    }
   });
   journal.tellFailure = [this](const RuntimeError& error) {
     if (notices.Seen()) {

@@ -206,6 +206,7 @@ class Program final : private FormatHost {
   void SavedAsUtf8(const DocumentEncoding& lacking) override;
 
   Text startFile_;
+  bool leaveJournal_ = false;  ///< the document that goes leaves its journal to the next start
 };
 
 }  // namespace cuewright

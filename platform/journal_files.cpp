@@ -24,6 +24,8 @@ namespace {
 constexpr std::string_view kEnding = ".journal";
 /// What a file is called until it is whole and locked.
 constexpr std::string_view kUnfinished = ".journal.new";
+/// Behind the name of a journal: the user was told of it.
+constexpr std::string_view kTold = ".told";
 constexpr std::time_t kUnfinishedSeconds = 60;
 constexpr off_t kLargest = off_t{1} << 30;
 
@@ -53,13 +55,18 @@ void FlushFolder(const std::string& folder) {
   ::close(fd);
 }
 
-/// All bytes of an open file.
-std::string ReadAll(int fd) {
+std::int64_t ChangedMs(const struct stat& info) {
+  return std::int64_t{info.st_mtim.tv_sec} * 1000 + info.st_mtim.tv_nsec / 1000000;
+}
+
+/// All bytes of an open file; `error` gets the number of what went wrong, 0 for nothing.
+std::string ReadAll(int fd, int& error) {
   std::string bytes;
   std::array<char, 65536> block{};
   for (;;) {
     const ssize_t count = ::pread(fd, block.data(), block.size(), static_cast<off_t>(bytes.size()));
     if (count < 0 && errno == EINTR) continue;
+    error = count < 0 ? errno : 0;
     if (count <= 0) return bytes;
     bytes.append(block.data(), static_cast<std::size_t>(count));
   }
@@ -122,11 +129,17 @@ void JournalFiles::Ask(Job job) {
 
 void JournalFiles::Begin(std::string payload) { Ask({Job::Kind::Begin, std::move(payload), {}, 0}); }
 void JournalFiles::Append(std::string payload) { Ask({Job::Kind::Append, std::move(payload), {}, 0}); }
+void JournalFiles::Leave() { Ask({Job::Kind::Leave, {}, {}, 0}); }
 void JournalFiles::Remove() { Ask({Job::Kind::Remove, {}, {}, 0}); }
 
 std::optional<RuntimeError> JournalFiles::TakeFailure() {
   const std::lock_guard lock(mutex_);
   return std::exchange(failure_, std::nullopt);
+}
+
+bool JournalFiles::TakeLost() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(lost_, false);
 }
 
 void JournalFiles::Wait() {
@@ -169,6 +182,9 @@ void JournalFiles::Do(std::deque<Job>& jobs) {
       case Job::Kind::Remove:
         DoRemove();
         break;
+      case Job::Kind::Leave:
+        Close(file_);
+        break;
       case Job::Kind::Adopt:
         DoAdopt(job);
         break;
@@ -210,6 +226,13 @@ void JournalFiles::DoBegin(const std::string& payload) {
 void JournalFiles::DoAppend(const std::string& records) {
   // Behind a record that is missing, the others would change the wrong captions.
   if (file_.fd < 0 || broken_) return;
+  if (!InPlace()) {
+    // What is written to a file that nobody finds again is kept nowhere.
+    Close(file_);
+    const std::lock_guard lock(mutex_);
+    lost_ = true;
+    return;
+  }
   int failed = WriteAll(file_.fd, records);
   if (failed == 0) failed = Flush(file_.fd);
   if (failed == 0) {
@@ -219,6 +242,13 @@ void JournalFiles::DoAppend(const std::string& records) {
   // Whole records alone stay.
   if (::ftruncate(file_.fd, static_cast<off_t>(written_)) == 0) ::lseek(file_.fd, 0, SEEK_END);
   Fail(failed);
+}
+
+bool JournalFiles::InPlace() const {
+  struct stat open {};
+  struct stat named {};
+  return ::fstat(file_.fd, &open) == 0 && ::stat(file_.path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
+         open.st_ino == named.st_ino;
 }
 
 void JournalFiles::DoRemove() {
@@ -246,21 +276,35 @@ std::vector<LeftJournal> JournalFiles::TakeLeft() {
   if (folder_.empty()) return found;
   RemoveUnfinished(folderBytes_);
   for (const std::string& name : NamesIn(folderBytes_, kEnding)) {
-    File file{-1, folderBytes_ + "/" + name};
-    file.fd = ::open(file.path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
-    struct stat info {};
-    // One that is locked belongs to a program that runs; one without a name was removed by it a moment ago.
-    if (file.fd < 0 || ::flock(file.fd, LOCK_EX | LOCK_NB) != 0 || ::fstat(file.fd, &info) != 0 || info.st_nlink == 0 ||
-        !S_ISREG(info.st_mode) || info.st_size > kLargest) {
-      Close(file);
-      continue;
-    }
-    const std::int64_t changed = std::int64_t{info.st_mtim.tv_sec} * 1000 + info.st_mtim.tv_nsec / 1000000;
-    found.push_back({++lastId_, ReadAll(file.fd), changed});
-    left_[lastId_] = std::move(file);
+    if (auto left = TakeOne(folderBytes_ + "/" + name)) found.push_back(std::move(*left));
+  }
+  for (const std::string& name : NamesIn(folderBytes_, kTold)) {
+    const std::string path = folderBytes_ + "/" + name;
+    std::error_code error;
+    if (!std::filesystem::exists(path.substr(0, path.size() - kTold.size()), error) && !error) ::unlink(path.c_str());
   }
   std::ranges::sort(found, std::ranges::greater(), &LeftJournal::changed);
   return found;
+}
+
+std::optional<LeftJournal> JournalFiles::TakeOne(const std::string& path) {
+  File file{::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW), path};
+  int failed = file.fd < 0 ? errno : 0;
+  struct stat info {};
+  const int asked = file.fd < 0 ? ::lstat(path.c_str(), &info) : ::fstat(file.fd, &info);
+  // One that is locked belongs to a program that runs; one without a name was removed by it a moment ago.
+  const bool running = file.fd >= 0 && ::flock(file.fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  if (asked != 0 || running || info.st_nlink == 0 || !S_ISREG(info.st_mode)) {
+    Close(file);
+    return {};
+  }
+  LeftJournal left{++lastId_, {}, ChangedMs(info), FromUtf8(path), {}, false};
+  left.told = ::access((path + std::string(kTold)).c_str(), F_OK) == 0;
+  if (failed == 0 && info.st_size > kLargest) failed = EFBIG;
+  if (failed == 0) left.bytes = ReadAll(file.fd, failed);
+  if (failed != 0) left.unreadable = ErrorOfErrno(failed == EFBIG ? ENOMEM : failed, left.path);
+  left_[lastId_] = std::move(file);
+  return left;
 }
 
 void JournalFiles::Adopt(int id, std::size_t bytes) {
@@ -275,6 +319,16 @@ void JournalFiles::Discard(int id) {
   const auto at = left_.find(id);
   if (at == left_.end()) return;
   ::unlink(at->second.path.c_str());
+  ::unlink((at->second.path + std::string(kTold)).c_str());
+  LeaveAgain(id);
+}
+
+void JournalFiles::LeaveTold(int id) {
+  const auto at = left_.find(id);
+  if (at == left_.end()) return;
+  const std::string mark = at->second.path + std::string(kTold);
+  const int fd = ::open(mark.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+  if (fd >= 0) ::close(fd);
   LeaveAgain(id);
 }
 
@@ -297,6 +351,12 @@ Text JournalFiles::LocalTime(std::int64_t ms) const {
   if (::localtime_r(&seconds, &parts) == nullptr) return {};
   return FromUtf8(
       std::string_view(shown.data(), std::strftime(shown.data(), shown.size(), "%Y-%m-%d %H:%M:%S", &parts)));
+}
+
+std::optional<std::int64_t> JournalFiles::ChangedAt(TextView path) const {
+  struct stat info {};
+  if (::stat(ToUtf8(path).c_str(), &info) != 0) return {};
+  return ChangedMs(info);
 }
 
 }  // namespace cuewright

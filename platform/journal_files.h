@@ -25,13 +25,17 @@ class JournalFiles final : public JournalStore {
   void Begin(std::string payload) override;
   void Append(std::string payload) override;
   void Remove() override;
+  void Leave() override;
+  bool TakeLost() override;
   std::optional<RuntimeError> TakeFailure() override;
   std::vector<LeftJournal> TakeLeft() override;
   void Adopt(int id, std::size_t bytes) override;
   void Discard(int id) override;
   void LeaveAgain(int id) override;
+  void LeaveTold(int id) override;
   std::int64_t Now() const override;
   Text LocalTime(std::int64_t ms) const override;
+  std::optional<std::int64_t> ChangedAt(TextView path) const override;
 
   /// Waits until the disk has all that was asked for by now.
   void Wait();
@@ -43,7 +47,7 @@ class JournalFiles final : public JournalStore {
     std::string path;
   };
   struct Job {
-    enum class Kind { Begin, Append, Remove, Adopt } kind = Kind::Append;
+    enum class Kind { Begin, Append, Remove, Leave, Adopt } kind = Kind::Append;
     std::string payload;
     File file;
     std::size_t bytes = 0;
@@ -57,6 +61,10 @@ class JournalFiles final : public JournalStore {
   void DoRemove();
   void DoAdopt(const Job& job);
   void Fail(int error);
+  /// The open file still stands under its name.
+  bool InPlace() const;
+  /// Takes one of the folder's journals; empty when it belongs to a program that runs.
+  std::optional<LeftJournal> TakeOne(const std::string& path);
   static void Close(File& file);
 
   const Text folder_;
@@ -71,6 +79,7 @@ class JournalFiles final : public JournalStore {
   bool busy_ = false;
   bool ending_ = false;
   std::optional<RuntimeError> failure_;
+  bool lost_ = false;
   std::thread thread_;
 
   // The thread's own.

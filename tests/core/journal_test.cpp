@@ -149,6 +149,24 @@ TEST_F(Journal, OfNoCaptionOrOfNothingIsNone) {
   EXPECT_FALSE(ReadJournal("something else altogether").document);
 }
 
+TEST_F(Journal, TellsWhatIsWrongWithOneThatGivesNoDocument) {
+  const std::string whole = File({JournalSnapshot(Sample())});
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    ASSERT_EQ(ReadJournal(whole.substr(0, size)).fault, JournalFault::CutOff) << size;
+  }
+  EXPECT_EQ(ReadJournal(whole).fault, JournalFault::None);
+  for (std::size_t at = 6; at < whole.size(); ++at) {
+    std::string changed = whole;
+    changed[at] = static_cast<char>(changed[at] ^ 0x40);
+    const JournalFault fault = ReadJournal(changed).fault;
+    // A length that was changed may look like a file that was cut off.
+    if (at >= 8 && at < 12) continue;
+    ASSERT_EQ(fault, at < 8 ? JournalFault::OtherVersion : JournalFault::Damaged) << at;
+  }
+  EXPECT_EQ(ReadJournal("something else altogether").fault, JournalFault::Damaged);
+  EXPECT_EQ(ReadJournal(std::string(whole.size(), '\0')).fault, JournalFault::Damaged);
+}
+
 TEST_F(Journal, FollowsAnyChangesOfTheList) {
   std::mt19937 random(7);
   const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };

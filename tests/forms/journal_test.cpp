@@ -28,6 +28,8 @@ struct FakeStore final : JournalStore {
     current += JournalRecord(payload);
   }
   void Remove() override { current.clear(); }
+  void Leave() override { kept.push_back(std::exchange(current, {})); }
+  bool TakeLost() override { return std::exchange(lost, false); }
   std::optional<RuntimeError> TakeFailure() override { return std::exchange(failure, std::nullopt); }
   std::vector<LeftJournal> TakeLeft() override { return std::exchange(left, {}); }
   void Adopt(int id, std::size_t bytes) override {
@@ -36,8 +38,12 @@ struct FakeStore final : JournalStore {
   }
   void Discard(int id) override { discarded.push_back(id); }
   void LeaveAgain(int id) override { leftAgain.push_back(id); }
+  void LeaveTold(int id) override { leftTold.push_back(id); }
   std::int64_t Now() const override { return 1790000000000; }
-  Text LocalTime(std::int64_t) const override { return u"2026-09-21 14:13:20"; }
+  Text LocalTime(std::int64_t ms) const override {
+    return ms == 1790000000000 ? u"2026-09-21 14:13:20" : u"at " + Decimal(ms);
+  }
+  std::optional<std::int64_t> ChangedAt(TextView) const override { return fileChanged; }
 
   std::string current;
   std::string keptBytes;
@@ -46,6 +52,10 @@ struct FakeStore final : JournalStore {
   int adopted = 0;
   bool full = false;
   bool broken = false;
+  bool lost = false;
+  std::optional<std::int64_t> fileChanged = 1780000000000;
+  std::vector<std::string> kept;  ///< for the next start
+  std::vector<int> leftTold;
   std::optional<RuntimeError> failure;
   std::vector<LeftJournal> left;
   std::vector<int> discarded;
@@ -165,6 +175,81 @@ TEST_F(JournalInTheWindow, IsRemovedByASaveByAnotherDocumentAndByTheEnd) {
   EXPECT_TRUE(store.current.empty());
 }
 
+TEST_F(JournalInTheWindow, ThatWasTakenAwayIsBegunAnew) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  store.lost = true;
+  store.current.clear();
+  Window().mnuRemove.Click();
+  Tick();
+  EXPECT_EQ(store.begun, 2);
+  EXPECT_EQ(Kept(), All());
+  EXPECT_FALSE(Window().lblNotice.GetText() == program->strings[951]);
+}
+
+TEST_F(JournalInTheWindow, StaysWhenASaveLeftCaptionsOut) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  List().SetCaptionStart(3, 0, false);
+  Tick();
+  boxes.answers = {BoxAnswer::No};
+  Window().mnuSave.Click();
+  Tick();
+  EXPECT_EQ(Kept(), All());
+  EXPECT_FALSE(program->document.DocModified);
+}
+
+TEST_F(JournalInTheWindow, BeginsWithASaveThatLeftCaptionsOutOfAnUnchangedDocument) {
+  const Text path = folder.Write(
+      "a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nx\r\n\r\n2\r\n00:00:00,000 --> 00:00:00,000\r\ny\r\n\r\n");
+  program->files.OpenSubtitleFile(path);
+  const std::vector<Caption> before = All();
+  boxes.answers = {BoxAnswer::No};
+  Window().mnuSave.Click();
+  Tick();
+  EXPECT_EQ(Kept(), before);
+  EXPECT_EQ(before.size(), 2u);
+}
+
+TEST_F(JournalInTheWindow, StaysAfterACloseThatAskedNothing) {
+  program->options.manner.SetClassic(true);
+  // The question is not asked for so short a document, and not for captions that were added.
+  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  List().SetCaptionText(1, u"the last words");
+  Window().mnuClose.Click();
+  EXPECT_TRUE(boxes.shown.empty());
+  ASSERT_EQ(store.kept.size(), 1u);
+  EXPECT_EQ(ReadJournal(store.kept[0]).document->captions[0].text, u"the last words");
+  program->files.New();
+  boxes.lines = {u"one"};
+  Window().mnuAddBottom.Click();
+  program->files.OpenSubtitleFile(folder / "a.srt");
+  EXPECT_EQ(store.kept.size(), 1u) << "only those who asked may leave it";
+  Window().mnuRemove.Click();
+  program->document.DocModified = false;
+  Window().mnuNew.Click();
+  EXPECT_EQ(store.kept.size(), 2u);
+}
+
+TEST_F(JournalInTheWindow, GoesWithACloseOfWhatIsAsItsFile) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  Window().mnuUndo.Click();
+  Tick();
+  EXPECT_FALSE(store.current.empty());
+  Window().mnuClose.Click();
+  EXPECT_TRUE(store.kept.empty());
+  EXPECT_TRUE(store.current.empty());
+  program->files.OpenSubtitleFile(folder / "a.srt");
+  Window().mnuRemove.Click();
+  Tick();
+  boxes.answers = {BoxAnswer::No};
+  Window().mnuClose.Click();
+  EXPECT_TRUE(store.kept.empty());
+  EXPECT_TRUE(store.current.empty());
+}
+
 TEST_F(JournalInTheWindow, KnowsASeparatorThatChangedNoCaption) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuRemove.Click();
@@ -229,8 +314,8 @@ TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   ASSERT_EQ(boxes.shown.size(), 1u);
   EXPECT_EQ(LastBox(),
             "The program ended before the changes of this document were saved:\n\n" + ToUtf8(path) +
-                "\n\nIt can be restored as it was on 2026-09-21 14:13:20, with 4 captions.\r\n\r\nPress YES to restore "
-                "it, NO to throw the changes away, CANCEL to be asked again at the next start.");
+                "\n\nIt can be restored as it was on 2026-09-21 14:13:20, with 4 captions.\r\n\r\nThis is newer than the "
+                "file itself, which was changed on at 1780000000000.\r\n\r\nPress YES to restore it, NO to throw the changes away, CANCEL to be asked again at the next start.");
   EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNoCancel);
   EXPECT_EQ(All(), before);
   EXPECT_EQ(program->document.SubtitlePath, path);
@@ -261,6 +346,48 @@ TEST_F(TheNextStart, RestoresADocumentWithoutAFile) {
   EXPECT_NE(LastBox().find("New subtitle"), std::string::npos);
   EXPECT_EQ(program->document.SubtitlePath, u"NEW");
   EXPECT_EQ(List().GetCaptionText(1), u"only one");
+}
+
+TEST_F(TheNextStart, SaysWhichOfJournalAndFileIsNewer) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  store.fileChanged = 1800000000000;
+  DieAndStart();
+  EXPECT_NE(LastBox().find("The file itself is newer: it was changed after that, on at 1800000000000."),
+            std::string::npos);
+  store.left = {{8, store.keptBytes, 5}};
+  store.fileChanged.reset();
+  Restart({});
+  program->OnFirstActivation();
+  EXPECT_NE(LastBox().find("The file itself isn't there any more."), std::string::npos);
+}
+
+TEST_F(TheNextStart, LeavesWhatItCannotReadAndTellsItOnce) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Window().mnuRemove.Click();
+  Tick();
+  std::string version = store.current;
+  version[6] = '2';
+  std::string damaged = store.current;
+  damaged[30] = static_cast<char>(damaged[30] + 1);
+  const std::string cut = store.current.substr(0, 40);
+  store.left = {{1, version, 9, u"/j/version"},
+                {2, damaged, 8, u"/j/damaged"},
+                {3, {}, 7, u"/j/locked", RuntimeError{kErrorPathFileAccess, u"no access"}},
+                {4, cut, 6, u"/j/cut"},
+                {5, version, 5, u"/j/told", {}, true}};
+  Restart({});
+  program->OnFirstActivation();
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_NE(LastBox().find("/j/version\r\nIt was written by another version of the program."), std::string::npos);
+  EXPECT_NE(LastBox().find("/j/damaged\r\nIt is damaged."), std::string::npos);
+  EXPECT_NE(LastBox().find("/j/locked\r\nno access"), std::string::npos);
+  EXPECT_EQ(LastBox().find("/j/told"), std::string::npos);
+  EXPECT_EQ(LastBox().find("/j/cut"), std::string::npos);
+  EXPECT_EQ(store.discarded, std::vector<int>{4});
+  EXPECT_EQ(store.leftTold, (std::vector<int>{1, 2, 5}));
+  EXPECT_EQ(store.leftAgain, std::vector<int>{3});
 }
 
 TEST_F(TheNextStart, ThrowsTheJournalAwayOnNoAndKeepsItOnCancel) {

@@ -211,6 +211,68 @@ TEST_F(JournalFolder, AFullDiskKeepsTheRecordsBeforeAndTakesNoneBehind) {
   EXPECT_EQ(FirstText({1, folder.Read("journals/" + Names()[0]), 0}), "z");
 }
 
+TEST_F(JournalFolder, TellsThatTheFileWasTakenAwayAndBeginsAnew) {
+  JournalFiles files(Where());
+  files.Begin(Snapshot(u"one"));
+  files.Wait();
+  EXPECT_FALSE(files.TakeLost());
+  fs::remove_all(folder.Path() / "journals");
+  files.Append(Change(u"two"));
+  files.Wait();
+  EXPECT_TRUE(files.TakeLost());
+  EXPECT_FALSE(files.TakeLost());
+  EXPECT_FALSE(files.TakeFailure());
+  files.Begin(Snapshot(u"anew"));
+  files.Append(Change(u"three"));
+  files.Wait();
+  ASSERT_EQ(Names().size(), 1u);
+  EXPECT_EQ(FirstText({1, folder.Read("journals/" + Names()[0]), 0}), "three");
+}
+
+TEST_F(JournalFolder, OneThatIsLeftIsFoundByTheNextStart) {
+  JournalFiles files(Where());
+  files.Begin(Snapshot(u"one"));
+  files.Append(Change(u"two"));
+  files.Wait();
+  JournalFiles other(Where());
+  EXPECT_TRUE(other.TakeLeft().empty()) << "its program runs";
+  files.Leave();
+  files.Wait();
+  const auto left = other.TakeLeft();
+  ASSERT_EQ(left.size(), 1u);
+  EXPECT_EQ(FirstText(left[0]), "two");
+}
+
+TEST_F(JournalFolder, KnowsOfWhichOnesTheUserWasTold) {
+  Leave(Snapshot(u"one"));
+  {
+    JournalFiles files(Where());
+    const auto left = files.TakeLeft();
+    ASSERT_EQ(left.size(), 1u);
+    EXPECT_FALSE(left[0].told);
+    EXPECT_EQ(ToUtf8(left[0].path), (folder.Path() / "journals" / Names()[0]).string());
+    files.LeaveTold(left[0].id);
+  }
+  JournalFiles files(Where());
+  const auto left = files.TakeLeft();
+  ASSERT_EQ(left.size(), 1u);
+  EXPECT_TRUE(left[0].told);
+  files.Discard(left[0].id);
+  EXPECT_TRUE(Names().empty());
+}
+
+TEST_F(JournalFolder, OneThatCannotBeReadIsGivenWithTheReason) {
+  Leave(Snapshot(u"one"));
+  fs::resize_file(folder.Path() / "journals" / Names()[0], (std::uintmax_t{1} << 30) + 1);
+  JournalFiles files(Where());
+  const auto left = files.TakeLeft();
+  ASSERT_EQ(left.size(), 1u);
+  EXPECT_TRUE(left[0].unreadable);
+  EXPECT_TRUE(left[0].bytes.empty());
+  files.LeaveAgain(left[0].id);
+  EXPECT_EQ(Names().size(), 1u);
+}
+
 TEST_F(JournalFolder, AnUnfinishedFileIsRemovedOnceItIsOld) {
   Leave(Snapshot(u"one"));
   folder.Write("journals/1-aaaaaa.journal.new", "begun");
