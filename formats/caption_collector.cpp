@@ -68,6 +68,13 @@ void CaptionCollector::TagsToMarkers() {
   }
 }
 
+void CaptionCollector::RemoveLineEnds() {
+  Exchange(captionText, kLineEnd, {});
+  // Of a line that was taken up to its last character, the CR alone is there.
+  if (!separator_.empty()) Exchange(captionText, u"\r" + separator_, separator_);
+  if (captionText.ends_with(u'\r')) captionText.pop_back();
+}
+
 void CaptionCollector::FlushImportedCaption() {
   const unsigned held = HeldOf(captionText, u'<', u'\r', tagAnchor_);
   const bool angled = (held & 1u) != 0;
@@ -77,7 +84,7 @@ void CaptionCollector::FlushImportedCaption() {
   }
   if (tagged) TagsToMarkers();
   if (breaks_) Exchange(captionText, definition_.lineBreak, separator_);
-  if ((held & 2u) != 0) Exchange(captionText, kLineEnd, {});
+  if ((held & 2u) != 0) RemoveLineEnds();
   if (!IsBlank(captionText)) {
     if (angled || tagged || separatorIsAngled_) {
       StoreImportedCaption();

@@ -73,6 +73,7 @@ class CaptionCollector {
   };
 
   void TagsToMarkers();
+  void RemoveLineEnds();
   void Store(TextView text);
   static Tag MakeTag(const FormatDefinition& definition, char16_t letter);
 

@@ -24,15 +24,16 @@ Text DecodeFormatFile(const std::string& bytes, const Encodings& encodings) {
   return encodings.SystemCodec()->Decoded(bytes);
 }
 
-/// Lines that end at CR or CR LF; a lone LF ends none.
+/// Lines that end at CR or CR LF; a lone LF ends none, unless there is no CR at all.
 std::vector<TextView> CutLines(TextView text) {
   std::vector<TextView> lines;
+  const char16_t lineEnd = text.find(u'\r') == TextView::npos ? u'\n' : u'\r';
   while (!text.empty()) {
-    const std::size_t end = text.find(u'\r');
+    const std::size_t end = text.find(lineEnd);
     lines.push_back(text.substr(0, end));
     if (end == TextView::npos) break;
     text.remove_prefix(end + 1);
-    if (text.starts_with(u'\n')) text.remove_prefix(1);
+    if (lineEnd == u'\r' && text.starts_with(u'\n')) text.remove_prefix(1);
   }
   return lines;
 }
@@ -126,7 +127,12 @@ bool LoadFormatCatalogue(FormatCatalogue& catalogue, const Files& files, TextVie
     messages.Show({text, BoxIcon::Error, BoxButtons::Ok, strings[146]});
   }
   if (!complete) return false;
-  catalogue.Load(files.Read(iniPath, kLargestTextFile), files.Read(datPath, kLargestTextFile), encodings);
+  const std::string ini = files.Read(iniPath, kLargestTextFile);
+  const std::string dat = files.Read(datPath, kLargestTextFile);
+  CarryOn load;
+  if (!load([&] { catalogue.Load(ini, dat, encodings); })) {
+    throw RuntimeError{load.Last()->number, load.Last()->description + u": " + Text(datPath)};
+  }
   return true;
 }
 

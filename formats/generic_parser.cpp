@@ -174,7 +174,7 @@ class GenericParser final : public LineParser {
   }
 
   void ParseRun(TextFile& file) override {
-    if (!plain_.inBytes || !file.AsciiIsPlain()) return;
+    if (!plain_.inBytes || !file.AsciiIsPlain() || captions_.captionText.size() > kLongestOpenText) return;
     run_.Begin();
     while (captions_.ImportedCount() % kYieldEvery != 0 && !captions_.Full() && !run_.Full() && TakeBytes(file)) {
     }
@@ -255,7 +255,8 @@ class GenericParser final : public LineParser {
     const std::string_view text = rest.substr(times.text);
     bool ascii = true;
     const std::size_t length = FindLineEnd(text, file.LineEnd(), ascii);
-    if (times.text + length > kLongestPlainLine || (length != 0 && text[length - 1] == ' ')) return false;
+    // A blank at the line's end may be the last character in front of the text.
+    if (times.text + length > kLongestPlainLine || rest[times.text + length - 1] == ' ') return false;
     if (open) run_.Flush();
     captions_.captionStart = times.start;
     captions_.captionEnd = times.end;

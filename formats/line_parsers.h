@@ -51,6 +51,10 @@ class LineParser {
   virtual void ParseRun(TextFile&) {}
 };
 
+/// A text that is open and longer than this is no caption's: a parser that would carry it along at the beginning and
+/// the end of each `ParseRun` leaves its lines to `Parse`.
+inline constexpr std::size_t kLongestOpenText = 1024;
+
 /// Captions from one pause for the window's events to the next.
 inline constexpr int kYieldEvery = 100;
 

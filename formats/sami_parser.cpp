@@ -125,7 +125,7 @@ class SamiParser final : public LineParser {
   }
 
   void ParseRun(TextFile& file) override {
-    if (!bodySeen_ || !file.AsciiIsPlain()) return;
+    if (!bodySeen_ || !file.AsciiIsPlain() || captions_.captionText.size() > kLongestOpenText) return;
     mereBreak_ = ToUtf8(captions_.MereBreak());
     if (!captions_.StoresStraight(u'\0')) return;
     run_.Begin();

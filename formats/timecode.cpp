@@ -192,7 +192,11 @@ std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
   return TimecodeReader(form).Parse(text, fps);
 }
 
-std::int32_t MsToFrames(std::int32_t ms, float fps) { return RoundToInt32(static_cast<double>(fps) * ms) / 1000; }
+std::int32_t MsToFrames(std::int32_t ms, float fps) {
+  // Of long films the product has more than 32 bits; only the count of frames must fit.
+  const double product = RoundHalfEven(static_cast<double>(fps) * ms);
+  return Checked32(static_cast<std::int64_t>(product) / 1000);
+}
 
 TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes) : hoursInMinutes_(hoursInMinutes) {
   const TextView compact = form.timecodeCompact;

@@ -287,6 +287,37 @@ TEST(CatalogueFiles, TellsEachMissingFile) {
   EXPECT_TRUE(rig.messages.shown[1].text.ends_with(u"[" + dat + u"]"));
 }
 
+TEST(CatalogueFiles, WithLfAloneAreTheSame) {
+  FormatRig rig;
+  const std::string folder = std::string(CUEWRIGHT_SOURCE_DIR) + "/resources/";
+  std::string bytes[] = {FileBytes(folder + "formats.ini"), FileBytes(folder + "formats.dat")};
+  for (std::string& text : bytes) std::erase(text, '\r');
+  FormatCatalogue plain;
+  plain.Load(bytes[0], bytes[1], rig.encodings);
+  ASSERT_EQ(plain.Count(), rig.catalogue.Count());
+  for (int i = 0; i < plain.Count(); ++i) {
+    const Text& id = rig.catalogue.Identifier(i);
+    EXPECT_EQ(plain.Identifier(i), id);
+    EXPECT_EQ(plain.Block(id).record, rig.catalogue.Block(id).record) << ToUtf8(id);
+    EXPECT_EQ(plain.Block(id).header, rig.catalogue.Block(id).header) << ToUtf8(id);
+    EXPECT_EQ(plain.Block(id).footer, rig.catalogue.Block(id).footer) << ToUtf8(id);
+  }
+}
+
+TEST(CatalogueFiles, AnErrorInTheListNamesItsFile) {
+  FormatRig rig;
+  FormatCatalogue catalogue;
+  const Text ini = rig.folder.Write("formats.ini", "[P]\r\nname=N\r\n");
+  const Text dat = rig.folder.Write("formats.dat", "");
+  try {
+    LoadFormatCatalogue(catalogue, rig.files, ini, dat, rig.encodings, rig.strings, rig.messages);
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number, kErrorOverflow);
+    EXPECT_EQ(error.description, u"Overflow: " + dat);
+  }
+}
+
 TEST(CatalogueFiles, AreReadWhenBothAreThere) {
   FormatRig rig;
   FormatCatalogue catalogue;

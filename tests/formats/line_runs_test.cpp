@@ -3,6 +3,9 @@
 #include <random>
 #include <string_view>
 
+#include "formats/caption_collector.h"
+#include "formats/line_parsers.h"
+#include "formats/record_pieces.h"
 #include "formats/utf8.h"
 #include "tests/formats/catalogue_documents.h"
 #include "tests/formats/format_rig.h"
@@ -104,6 +107,111 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInAllFormats) {
 
 TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
   for (const TextView id : {u"SAMI", u"WEBVTT", u"MICRODVD", u"SUBSTATIONALPHA"}) Compare(Text(id), 77, 60);
+}
+
+std::unique_ptr<LineParser> ParserFor(TextView id, const ParseContext& context, const RecordPieces& pieces) {
+  if (id == u"SUBRIP") return MakeSubRipParser(context);
+  if (id == u"SAMI") return MakeSamiParser(context);
+  if (id == u"SUBSTATIONALPHA") return MakeDialogueParser(context);
+  return MakeGenericParser(context, pieces);
+}
+
+/// Reads a document with a format's parser, straight from the bytes where it can, or line by line.
+std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& bytes, bool literal, bool runs) {
+  rig.Choose(id);
+  rig.loader.LoadFormatDefinition(id, false, false);
+  CarryOn errors;
+  RecordPieces pieces;
+  if (id != u"SUBSTATIONALPHA") pieces = CutRecord(rig.loader.Definition(), errors);
+  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
+  const float fps = RateOf(rig.catalogue, id);
+  const ParseContext context{captions, rig.loader.Definition(), literal, fps, errors};
+  const auto parser = ParserFor(id, context, pieces);
+  TextFile file = TextFile::Auto(bytes, rig.encodings);
+  ImportLine line;
+  while (line.Next(file, nullptr)) {
+    parser->Parse(line);
+    if (runs) parser->ParseRun(file);
+  }
+  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  return captions.Take();
+}
+
+TEST(LineRuns, OfDamagedFilesGiveWhatTheirLinesGiveOneByOne) {
+  FormatRig rig;
+  for (int index = 1; index < rig.catalogue.Count(); ++index) {
+    const Text id = rig.catalogue.Identifier(index);
+    Random random(static_cast<unsigned>(index));
+    for (int i = 0; i < 6; ++i) {
+      const std::string bytes = Document(random, id);
+      const bool literal = i % 2 == 0;
+      SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
+      ASSERT_EQ(Parse(rig, id, bytes, literal, true), Parse(rig, id, bytes, literal, false));
+    }
+  }
+}
+
+/// Lines of SubRip and of formats like it, right and wrong, with every line end.
+std::string Lines(Random& random) {
+  constexpr std::string_view kLines[] = {"00:00:01,000 --> 00:00:02,000",
+                                         "00:00:01.000 --> 00:00:02.000",
+                                         "00:00:01.000,00:00:02.000",
+                                         "{25}{50}text",
+                                         "{25}{50}",
+                                         "{25}{50} ",
+                                         "1",
+                                         "",
+                                         " ",
+                                         "a",
+                                         "<i>a</i>",
+                                         "  b  ",
+                                         ":",
+                                         "12:34",
+                                         "-",
+                                         "WEBVTT"};
+  constexpr std::string_view kEnds[] = {"\n", "\r\n", "\r", "\r\r\n", " \r\n", "\n\r"};
+  constexpr std::string_view kStray = "\r\n <>{}|:,.-0 9fC\t\xE9\xFF\0";
+  std::string text;
+  const std::size_t usual = Below(random, 2);
+  for (std::size_t count = 1 + Below(random, 10); count > 0; --count) {
+    std::string line(kLines[Below(random, std::size(kLines))]);
+    for (std::size_t damage = Below(random, 3) == 0 ? 1 + Below(random, 2) : 0; damage > 0 && !line.empty(); --damage) {
+      const std::size_t place = Below(random, line.size());
+      if (Below(random, 2) == 0) line.erase(place, 1 + Below(random, 2));
+      line.insert(std::min(place, line.size()), 1, kStray[Below(random, kStray.size())]);
+    }
+    text += line;
+    text += Below(random, 8) == 0 ? kEnds[Below(random, std::size(kEnds))] : kEnds[usual];
+  }
+  return text;
+}
+
+TEST(LineRuns, OfAnyLinesGiveWhatTheyGiveOneByOne) {
+  FormatRig rig;
+  for (const TextView id : {u"SUBRIP", u"WEBVTT", u"MICRODVD", u"SAMI"}) {
+    Random random(11);
+    for (int i = 0; i < 1000; ++i) {
+      const std::string bytes = Lines(random);
+      SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
+      ASSERT_EQ(Parse(rig, Text(id), bytes, i % 2 == 0, true), Parse(rig, Text(id), bytes, i % 2 == 0, false));
+    }
+  }
+}
+
+TEST(LineRuns, ALineThatEndsInTheBlankBeforeItsTextIsCutOfIt) {
+  FormatRig rig;
+  for (int index = 1; index < rig.catalogue.Count(); ++index) {
+    const Text id = rig.catalogue.Identifier(index);
+    rig.Fill({{1000, 2000, u"@"}, {3000, 4000, u"two"}});
+    const std::string bytes = rig.Save(id, RateOf(rig.catalogue, id));
+    const std::size_t text = bytes.find('@');
+    if (text == std::string::npos) continue;
+    std::string cut = bytes;
+    cut.erase(text, 1);
+    for (const bool literal : {true, false}) {
+      EXPECT_EQ(Parse(rig, id, cut, literal, true), Parse(rig, id, cut, literal, false)) << ToUtf8(id);
+    }
+  }
 }
 
 TEST(LineRuns, KeepAccentsAroundTheBreaksOfALine) {

@@ -73,7 +73,9 @@ TEST(MsToFrames, RoundsTheProductAndCutsTheQuotient) {
   EXPECT_EQ(MsToFrames(1040, 25), 26);
   EXPECT_EQ(MsToFrames(-1039, 25), -25);
   EXPECT_EQ(MsToFrames(10000, 23.976f), 239);
-  EXPECT_EQ(ErrorOf([] { MsToFrames(100000000, 25); }), kErrorOverflow);
+  EXPECT_EQ(MsToFrames(100000000, 25), 2500000);
+  EXPECT_EQ(MsToFrames(2147483647, 30), 64424509);
+  EXPECT_EQ(MsToFrames(86400000, 29.97f), 2589407);
 }
 
 struct ParseRow {
