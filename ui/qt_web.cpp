@@ -55,6 +55,8 @@ std::string QtWeb::Get(TextView url) {
   manager.setAutoDeleteReplies(false);
   const std::unique_ptr<QNetworkReply> reply(manager.get(PlainRequest(address, limits_.redirects)));
   reply_ = reply.get();
+  // What is not taken stays with the sender: a reply of any size never takes more memory than it may have.
+  reply->setReadBufferSize(static_cast<qint64>(limits_.bytes) + 1);
   QEventLoop loop;
   QString why;
   std::string body;

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <QPlainTextEdit>
+#include <QThread>
 #include <QTimer>
+#include <atomic>
+#include <thread>
 
 #include "core/runtime_error.h"
 #include "platform/locale.h"
@@ -57,6 +63,56 @@ TEST_F(WebTest, AReplyThatGoesOnWithoutAnEndIsCutOff) {
            "\r\n";
   };
   EXPECT_EQ(Failure(), "The reply is larger than 1000 bytes.");
+}
+
+/// A server on a thread of its own that sends one reply as fast as it is taken, and counts what it got rid of.
+class FastServer {
+ public:
+  FastServer() : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    EXPECT_EQ(::bind(socket_, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(::listen(socket_, 1), 0);
+    EXPECT_EQ(::getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { Serve(); });
+  }
+  ~FastServer() {
+    thread_.join();
+    ::close(socket_);
+  }
+  Text Address() const { return FromQt(QString("http://127.0.0.1:%1").arg(port_)); }
+  std::size_t Sent() const { return sent_; }
+
+ private:
+  void Serve() {
+    const int client = ::accept(socket_, nullptr, nullptr);
+    const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
+    ::send(client, head.data(), head.size(), MSG_NOSIGNAL);
+    const std::string block(1 << 20, 'x');
+    while (sent_ < std::size_t{512} << 20) {
+      const ssize_t count = ::send(client, block.data(), block.size(), MSG_NOSIGNAL);
+      if (count <= 0) break;
+      sent_ += static_cast<std::size_t>(count);
+    }
+    ::close(client);
+  }
+
+  int socket_;
+  int port_ = 0;
+  std::atomic<std::size_t> sent_ = 0;
+  std::thread thread_;
+};
+
+TEST_F(WebTest, AReplyThatComesFastTakesNoMoreThanItMayWhileTheWindowIsBusy) {
+  FastServer fast;
+  // The window is busy from the moment at which the reply begins to come.
+  QTimer::singleShot(20, [] { QThread::msleep(500); });
+  EXPECT_EQ(FailureOf(fast.Address() + u"/a"), "The reply is larger than 1000 bytes.");
+  // Besides that much there are the buffers of the system.
+  EXPECT_LT(fast.Sent(), std::size_t{64} << 20);
 }
 
 TEST_F(WebTest, ALengthThatIsAnnouncedTooLargeIsNotWaitedFor) {
