@@ -32,7 +32,7 @@ bool SpellLookup::Knows(TextView word) {
 }
 
 bool SpellLookup::LookUp(const Text& word) {
-  const Text plain = PlainApostrophes(ReplaceAll(word, u"\u00AD", {}));
+  const Text plain = ComposedLetters(PlainApostrophes(ReplaceAll(word, u"\u00AD", {})));
   const auto known = [&](const Text& one) { return userWords_.Has(one) || dictionary_.Knows(one); };
   if (known(plain) || (plain != word && known(word))) return true;
   const std::vector<Text> parts = Split(plain, u"'");
@@ -41,10 +41,10 @@ bool SpellLookup::LookUp(const Text& word) {
 }
 
 std::vector<Text> SpellLookup::Suggest(TextView word) {
-  const Text plain = PlainApostrophes(word);
+  const Text plain = ComposedLetters(PlainApostrophes(word));
   std::vector<Text> suggestions = dictionary_.Suggest(plain);
   // They are written as the word is.
-  if (plain != word) {
+  if (PlainApostrophes(word) != word) {
     for (Text& one : suggestions) one = ReplaceAll(one, u"'", u"\u2019");
   }
   std::erase_if(suggestions, [&](const Text& one) { return one.empty() || one == word; });
@@ -53,6 +53,13 @@ std::vector<Text> SpellLookup::Suggest(TextView word) {
 
 bool SpellSession::Misspelt(TextView word) const {
   return decisions_.ignored.find(word) == decisions_.ignored.end() && lookup_ != nullptr && !lookup_->Knows(word);
+}
+
+bool SpellSession::MisspeltAt(TextView line, const WordPlace& place) const {
+  if (!Misspelt(line.substr(place.start, place.length))) return false;
+  // The apostrophe may open a quotation, or be a part of the word.
+  const Text whole = WithLeadingApostrophe(line, place);
+  return whole.empty() || !lookup_->Knows(whole);
 }
 
 bool SpellSession::Next() {
@@ -73,7 +80,7 @@ bool SpellSession::Next() {
         again = true;
         break;
       }
-      if (Misspelt(word)) return true;
+      if (MisspeltAt(text, place)) return true;
     }
     if (!again) line += text.size() + 1;
   }
@@ -179,7 +186,7 @@ int SpellSession::Errors() const {
   for (const Text& line : Split(document_, u"\r")) {
     if (IsMark(line)) continue;
     for (const WordPlace& place : WordsOf(line)) {
-      if (Misspelt(TextView(line).substr(place.start, place.length))) ++errors;
+      if (MisspeltAt(line, place)) ++errors;
     }
   }
   return errors;

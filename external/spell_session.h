@@ -101,6 +101,7 @@ class SpellSession {
   void Remember(Text added = {});
   void PutAtWord(TextView replacement);
   bool Misspelt(TextView word) const;
+  bool MisspeltAt(TextView line, const WordPlace& place) const;
 
   Text document_;
   SpellDecisions& decisions_;

@@ -1,5 +1,6 @@
 #include "external/spell_words.h"
 
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 #include <unicode/utf16.h>
@@ -138,6 +139,22 @@ Text PlainApostrophes(TextView word) {
   Text plain(word);
   std::replace(plain.begin(), plain.end(), kCurved, kApostrophe);
   return plain;
+}
+
+Text ComposedLetters(TextView word) {
+  if (std::all_of(word.begin(), word.end(), [](char16_t unit) { return unit < 0x300; })) return Text(word);
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
+  if (U_FAILURE(status) || composer == nullptr) return Text(word);
+  const icu::UnicodeString source(false, word.data(), static_cast<std::int32_t>(word.size()));
+  const icu::UnicodeString composed = composer->normalize(source, status);
+  if (U_FAILURE(status)) return Text(word);
+  return Text(composed.getBuffer(), static_cast<std::size_t>(composed.length()));
+}
+
+Text WithLeadingApostrophe(TextView line, const WordPlace& word) {
+  if (word.start == 0 || (line[word.start - 1] != kApostrophe && line[word.start - 1] != kCurved)) return {};
+  return Text(line.substr(word.start - 1, word.length + 1));
 }
 
 }  // namespace cuewright

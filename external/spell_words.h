@@ -23,4 +23,10 @@ std::vector<WordPlace> WordsOf(TextView line);
 /// The word with plain apostrophes.
 Text PlainApostrophes(TextView word);
 
+/// The word with each letter and its accents as one character where there is one, as dictionaries have them.
+Text ComposedLetters(TextView word);
+
+/// The word with the apostrophe that stands right in front of it; empty when none does.
+Text WithLeadingApostrophe(TextView line, const WordPlace& word);
+
 }  // namespace cuewright

@@ -50,6 +50,20 @@ TEST_F(Session, StopsAtEachMisspeltWordInItsOrder) {
   EXPECT_FALSE(session->Changed());
 }
 
+TEST_F(Session, AccentsThatAreCharactersOfTheirOwnAreLookedUpWithTheirLetters) {
+  dictionary.words.insert({u"caf\u00E9", u"\u1EC7"});
+  Begin({u"cafe\u0301 the", u"<i>CAFE\u0301X"});
+  EXPECT_EQ(Rest(), (std::vector<Text>{u"CAFE\u0301X"}));
+  dictionary.suggestions[u"caf\u00E8"] = {u"caf\u00E9", u"l'"};
+  EXPECT_EQ(lookup.Suggest(u"cafe\u0300"), (std::vector<Text>{u"caf\u00E9", u"l'"}));
+}
+
+TEST_F(Session, AnApostropheInFrontMayBelongToTheWord) {
+  dictionary.words.insert({u"'tis", u"'em"});
+  Begin({u"'tis the one", u"\u2019em two 'one' 'tow", u"tis"});
+  EXPECT_EQ(Rest(), (std::vector<Text>{u"tow", u"tis"}));
+}
+
 TEST_F(Session, ATextWithoutMistakesHasNoWord) {
   EXPECT_EQ(Begin({u"the one", u""}).Word(), u"");
   EXPECT_FALSE(session->Next());
