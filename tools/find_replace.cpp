@@ -35,28 +35,91 @@ class Needle {
   explicit Needle(const FindOptions& options)
       : text_(Shaped(Text(options.search), options)), matchCase_(options.matchCase) {}
 
-  bool In(TextView text) const { return At(text, 0) != TextView::npos; }
+  bool In(TextView text) const { return text_.empty() || At(text, 0) != TextView::npos; }
 
   Text Replaced(TextView text, TextView replacement) const {
     Text result;
     std::size_t from = 0;
-    while (!text_.empty()) {
-      const std::size_t hit = At(text, from);
-      if (hit == TextView::npos) break;
+    for (std::size_t hit = At(text, 0); hit != TextView::npos; hit = At(text, from)) {
       result.append(text, from, hit - from).append(replacement);
       from = hit + text_.size();
     }
     return result.append(text, from);
   }
 
- private:
+  std::size_t Size() const { return text_.size(); }
+  /// Where the next hit begins; npos for none.
   std::size_t At(TextView text, std::size_t from) const {
+    if (text_.empty()) return TextView::npos;
     return matchCase_ ? text.find(text_, from) : FindLoose(text, text_, from);
   }
 
+ private:
   Text text_;
   bool matchCase_;
 };
+
+/// A caption's text on one line and in the case that is searched, and where each of its units stands in the text.
+struct FlatText {
+  FlatText(TextView text, const Text& separator, bool matchCase) {
+    for (std::size_t at = 0; at < text.size();) {
+      const bool breaks = !separator.empty() && text.substr(at).starts_with(separator);
+      shaped += breaks ? u' ' : text[at];
+      origins.push_back(at);
+      at += breaks ? separator.size() : 1;
+    }
+    origins.push_back(text.size());
+    if (!matchCase) Lower();
+  }
+
+  Text shaped;
+  std::vector<std::size_t> origins;  ///< one more than `shaped` has units: where the text ends
+
+ private:
+  void Lower() {
+    Text lower = ToLower(shaped);
+    if (lower.size() == shaped.size()) {
+      shaped = std::move(lower);
+      return;
+    }
+    // Some letters become longer in lower case.
+    lower.clear();
+    std::vector<std::size_t> places;
+    for (std::size_t at = 0; at < shaped.size();) {
+      const bool pair = (shaped[at] & 0xFC00) == 0xD800 && at + 1 < shaped.size();
+      const Text letter = ToLower(TextView(shaped).substr(at, pair ? 2 : 1));
+      lower += letter;
+      places.insert(places.end(), letter.size(), origins[at]);
+      at += pair ? 2 : 1;
+    }
+    places.push_back(origins.back());
+    shaped = std::move(lower);
+    origins = std::move(places);
+  }
+};
+
+/// The text with each hit replaced and everything else as it was. Blanks that bound a word are no part of the hit, and
+/// two words may share one.
+Text ReplacedAlone(const CaptionList& list, Row row, const FindOptions& options, const Needle& needle,
+                   TextView replacement) {
+  const Text& text = list.At(row).text;
+  const Text& separator = list.Options().LineSeparator;
+  const FlatText flat(text, separator, options.matchCase);
+  const std::size_t bound = options.entireWord ? 1 : 0;
+  const Text searched = Text(bound, u' ') + flat.shaped + Text(bound, u' ');
+  Text result;
+  std::size_t from = 0;
+  for (std::size_t hit = needle.At(searched, 0); hit != TextView::npos;) {
+    const std::size_t end = hit + needle.Size() - 2 * bound;
+    result.append(text, from, flat.origins[hit] - from).append(replacement);
+    from = flat.origins[end];
+    hit = needle.At(searched, hit + needle.Size() - bound);
+  }
+  result.append(text, from);
+  // A text that ends in a line break would not be stored.
+  while (!separator.empty() && result.ends_with(separator)) result.resize(result.size() - separator.size());
+  return result;
+}
 
 /// Rows that are to be stored, neighbours as one change.
 class Stores {
@@ -103,6 +166,7 @@ std::int16_t FindNext(CaptionList& list, const FindOptions& options, const Needl
 std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool replacing, TextView replacement,
                             bool replaceAll) {
   const Needle needle(options);
+  const bool keeps = list.Options().manner.ReplaceKeepsTheRest();
   if (!replacing) return FindNext(list, options, needle);
   std::int16_t count = 0;
   std::vector<std::pair<Row, Text>> found;
@@ -110,7 +174,8 @@ std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool 
     const Text padded = Padded(list, row, options);
     if (!needle.In(padded)) continue;
     ++count;
-    found.emplace_back(row, needle.Replaced(Flat(padded), replacement));
+    found.emplace_back(row, keeps ? ReplacedAlone(list, row, options, needle, replacement)
+                                  : needle.Replaced(Flat(padded), replacement));
     if (!replaceAll) break;
   }
   if (found.empty()) return 0;
@@ -120,6 +185,7 @@ std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool 
   Stores stores(list);
   for (auto& [row, text] : found) stores.Add(row, std::move(text));
   stores.Flush();
+  if (keeps) list.SetRow(list.Selected(), false);
   return count;
 }
 

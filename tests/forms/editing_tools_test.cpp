@@ -323,7 +323,18 @@ TEST_F(Searching, ReplacesRowByRowAndEverywhere) {
   EXPECT_EQ(Replace().lblInfo.GetText(), u"String not found beyond selection point.");
 }
 
+TEST_F(Searching, TheWindowShowsAReplacementAtOnce) {
+  Window().mnuReplace.Click();
+  Type(Replace().txtFind, u"LINE");
+  Type(Replace().txtReplace, u"Row");
+  Replace().cmdReplace.Click();
+  EXPECT_EQ(Window().txtSub.GetText(), u"Row 1");
+  Replace().cmdReplaceAll.Click();
+  EXPECT_EQ(Window().txtSub.GetText(), u"Row 12");
+}
+
 TEST_F(Searching, AReplacementNeitherMarksTheDocumentNorRefreshesThePane) {
+  program->options.manner.SetClassic(true);
   Window().mnuReplace.Click();
   Type(Replace().txtFind, u"line");
   Type(Replace().txtReplace, u"row");

@@ -85,7 +85,49 @@ TEST_F(Finding, PadsACaptionWithBlanksAtItsEnds) {
   EXPECT_EQ(Find(u" end "), 1);
 }
 
-using Replacing = FindTest;
+/// Replacing as the first design has it.
+struct Replacing : FindTest {
+  Replacing() { options.manner.SetClassic(true); }
+};
+
+using ReplacingAlone = FindTest;
+
+TEST_F(ReplacingAlone, KeepsCaseAndLineBreaksOfWhatItDoesNotReplace) {
+  const struct {
+    TextView text, search, with;
+    bool entire, matchCase;
+    TextView result;
+  } rows[] = {
+      {u"A CAT|Over There", u"cat", u"Dog", false, false, u"A Dog|Over There"},
+      {u"A cat|Over Cat", u"cat", u"dog", false, true, u"A dog|Over Cat"},
+      {u"a cat sat", u"cat", u"dog", true, true, u"a dog sat"},
+      {u"Cat cat|CAT", u"cat", u"dog", true, false, u"dog dog|dog"},
+      {u"concatenate Cat", u"cat", u"dog", true, false, u"concatenate dog"},
+      {u"Come over|There now", u"over there", u"here", false, false, u"Come here now"},
+      {u"Ξ ΟΔΟΣ|Ο", u"οδος", u"x", false, false, u"Ξ x|Ο"},
+      {u"İİ Cat|B", u"cat", u"dog", false, false, u"İİ dog|B"},
+      {u"One|end", u"end", u"", false, true, u"One"},
+      {u"End|of it", u" end", u"x", false, false, u"End|of it"},
+      {u"aaa", u"aa", u"b", false, true, u"ba"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(ToUtf8(row.text));
+    Put({Text(row.text)});
+    EXPECT_EQ(Replace(row.search, row.with, row.entire, row.matchCase), 1);
+    EXPECT_EQ(list.GetCaptionText(1), row.result);
+  }
+}
+
+TEST_F(ReplacingAlone, AnnouncesTheRowSoThatTheWindowShowsIt) {
+  Put({u"a", u"cat", u"cat"});
+  std::vector<Row> shown;
+  list.RowShown.Connect([&](Row row, bool) {
+    shown.push_back(row);
+    EXPECT_EQ(list.GetCaptionText(row), shown.size() > 1 ? u"dog" : u"cat");
+  });
+  EXPECT_EQ(ReplaceEverywhere(u"cat", u"dog"), 2);
+  EXPECT_EQ(shown, (std::vector<Row>{3, 3}));
+}
 
 TEST_F(Replacing, HoldsAtTheFirstRowAlsoAtTheSelectedOne) {
   Put({u"a cat and a cat", u"cat"});
