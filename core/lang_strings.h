@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 
 #include "core/text.h"
 
@@ -24,11 +25,23 @@ class LangStrings {
   const Text& operator[](std::size_t id) const { return rows_[Place(id)]; }
   void Set(std::size_t id, Text text) { rows_[Place(id)] = std::move(text); }
 
+  /// The language whose rules for plurals hold, as its code, such as "ar".
+  void SetLanguageCode(std::string code) { code_ = std::move(code); }
+  const std::string& LanguageCode() const { return code_; }
+
+  /// A text with a count in place of `mark`, such as u"%1". Where the text has forms for that mark, written
+  /// "{%1|one|%1 caption|other|%1 captions}" with the names that plural rules have for them, the one that the language
+  /// uses for the count stands in their place; a form that is missing is the last one.
+  Text Counted(std::size_t id, TextView mark, long long count) const { return Counted((*this)[id], mark, count); }
+  /// The same in a text that has another count in its place already.
+  Text Counted(Text text, TextView mark, long long count) const;
+
  private:
   static constexpr std::size_t Place(std::size_t id) {
     return id < kFirstFurtherText ? id : id - kFirstFurtherText + kMessageCount;
   }
 
+  std::string code_ = "en";
   std::array<Text, kMessageCount + kEndOfTexts - kFirstFurtherText> rows_;
 };
 

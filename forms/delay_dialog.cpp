@@ -14,6 +14,11 @@ constexpr std::int32_t kMinute = 60000;
 constexpr std::int32_t kSecond = 1000;
 constexpr std::int32_t kTen = 10;
 
+/// Amounts with their units.
+constexpr std::size_t kMinutes = 982;
+constexpr std::size_t kSeconds = 983;
+constexpr std::size_t kMilliseconds = 984;
+
 }  // namespace
 
 DelayDialog::DelayDialog(CaptionList& list, const LangStrings& strings, Messages& messages)
@@ -54,18 +59,14 @@ std::int32_t DelayDialog::Delay() const {
 }
 
 void DelayDialog::ShowBars() {
-  const auto shown = [&](int value, std::size_t one, std::size_t many) {
-    const Text& unit = strings_[std::abs(value) == 1 ? one : many];
-    return InItsOrder(unit, Decimal(value)) + u" " + unit;
-  };
-  lblMin.SetText(shown(sldMin.Value(), 172, 173));
-  lblSec.SetText(shown(sldSec.Value(), 174, 175));
-  lblMs.SetText(InItsOrder(strings_[176], Decimal(sldMs.Value() * kTen)) + u" " + strings_[176]);
+  lblMin.SetText(strings_.Counted(kMinutes, u"%1", sldMin.Value()));
+  lblSec.SetText(strings_.Counted(kSeconds, u"%1", sldSec.Value()));
+  lblMs.SetText(strings_.Counted(kMilliseconds, u"%1", sldMs.Value() * kTen));
 }
 
 void DelayDialog::ShowDelay() {
   const std::int32_t delay = Delay();
-  const Text amount = Decimal(std::abs(delay)) + u" " + strings_[176];
+  const Text amount = strings_.Counted(kMilliseconds, u"%1", std::abs(delay));
   lblResult.SetText(delay == 0 ? strings_[177] : Fill(strings_[delay < 0 ? 178 : 179], amount));
   cmdApply.SetEnabled(delay != 0);
   ShowSample(std::int64_t{sampleStart_} + delay);
@@ -84,7 +85,7 @@ void DelayDialog::Apply() {
   const std::int32_t delay = Delay();
   if (delay == 0) return Close();
   if (const int below = CountBelowZero(list_, delay); below > 0) {
-    const Text question = Fill(strings_[180], Decimal(std::abs(delay)), Decimal(below));
+    const Text question = strings_.Counted(strings_.Counted(180, u"%1", std::abs(delay)), u"%2", below);
     const MessageBox box{question, BoxIcon::Warning, BoxButtons::YesNo, strings_[146], true};
     if (messages_.Show(box) != BoxAnswer::Yes) return;
   }

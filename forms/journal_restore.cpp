@@ -24,9 +24,9 @@ Text Comparison(const JournalDocument& document, const JournalStore& store, cons
 
 BoxAnswer Offer(const JournalDocument& document, const JournalStore& store, Messages& messages,
                 const LangStrings& strings) {
-  const Text count = Decimal(static_cast<long long>(document.captions.size()));
+  const auto count = static_cast<long long>(document.captions.size());
   const Text name = document.path == kNewDocument ? strings[17] : document.path;
-  Text text = Fill(ReplaceAll(strings[949], u"%3", count), name, store.LocalTime(document.time));
+  Text text = Fill(strings.Counted(949, u"%3", count), name, store.LocalTime(document.time));
   if (const Text compared = Comparison(document, store, strings); !compared.empty()) {
     text.append(kLineEnd).append(kLineEnd).append(compared);
   }
@@ -41,9 +41,9 @@ class Unreadable {
 
   void Leave(const LeftJournal& left, JournalFault fault) {
     if (!left.told) {
-      const Text& reason = left.unreadable                         ? left.unreadable->description
+      const Text& reason = left.unreadable                       ? left.unreadable->description
                            : fault == JournalFault::OtherVersion ? strings_[kOtherVersion]
-                                                                   : strings_[kDamaged];
+                                                                 : strings_[kDamaged];
       list_.append(kLineEnd).append(kLineEnd).append(left.path).append(kLineEnd).append(reason);
     }
     // One that can't be read may only be so for the moment.

@@ -18,8 +18,8 @@ struct RestoredDocument {
 };
 
 /// Offers the documents of programs that ended without saving, newest first: Yes takes one, No throws it away, Cancel
-/// leaves it and those behind it to the next start. Journals that give no document stay and are told once, but for those
-/// that were cut off before anything was in them, which go.
+/// leaves it and those behind it to the next start. Journals that give no document stay and are told once, but for
+/// those that were cut off before anything was in them, which go.
 std::optional<RestoredDocument> OfferLeftDocuments(JournalStore& store, Messages& messages, const LangStrings& strings);
 
 }  // namespace cuewright

@@ -1,5 +1,7 @@
 #include "settings/languages.h"
 
+#include <array>
+
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 
@@ -84,6 +86,9 @@ void Languages::DetectLanguage(TextView fallback) {
   CarryOn step;
   step([&] {
     options_.Language = fallback;
+    for (std::size_t row = 0; row < kLanguageCount; ++row) {
+      if (table_[row].name == fallback) Select(row);
+    }
     const Text language = ToUpper(locale_.GetLocaleText(kUserLocale, kEnglishLanguageName));
     if (language.empty()) return;
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
@@ -101,6 +106,11 @@ void Languages::Select(std::size_t row) {
   options_.LanguageIndex = static_cast<std::int16_t>(row);
 }
 
+/// Which language's rules a row of the table follows, as codes of languages.
+constexpr std::array<const char*, kLanguageCount> kCodes = {"en", "es", "nl", "el", "it", "fr", "pt", "pt_PT", "ca",
+                                                            "sr", "hu", "ro", "fi", "fa", "ar", "da", "bg",    "kk",
+                                                            "id", "sv", "th", "de", "ja", "ru", "hr"};
+
 void Languages::LoadBlock(std::size_t row) {
   if (row == 0 || loaded_[row]) return;
   CarryOn step;
@@ -112,6 +122,7 @@ void Languages::LoadBlock(std::size_t row) {
 }
 
 std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
+  strings_.SetLanguageCode(kCodes[static_cast<std::size_t>(options_.LanguageIndex)]);
   LoadBlock(static_cast<std::size_t>(options_.LanguageIndex));
   const int base = kBlockSize * options_.LanguageIndex;
   Text lines;
