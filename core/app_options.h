@@ -27,6 +27,7 @@ struct AppOptions {
   std::array<std::int16_t, 3> Duration = {250, 120, 50};    ///< ms per character; keys Duration0 to Duration2
   std::array<std::int16_t, 3> Tolerance = {200, 200, 200};  ///< ms per character; keys Tolerance0 to Tolerance2
   std::uint8_t ApplyWhen = 0;                               ///< 0 on load, 1 during captioning, 2 both
+  bool RulesOnLoad = false;  ///< the rules may change what is loaded; else they only look
   std::uint8_t T_CREDITS = 1;
   Text T_CREDITSTEXT = u"@,http,www";
 

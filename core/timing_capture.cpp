@@ -89,7 +89,7 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
 
   const bool limit = LimitActive(options_);
   const std::int32_t position = PlayerPosMs();
-  const bool joins = options_.AutoJoin == 1 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
+  const bool joins = options_.AutoJoin != 0 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
                      std::int64_t{position} - *priorCaptionEnd_ < options_.Near;
   captureStartMs_ = joins ? *priorCaptionEnd_ : position;
   // The time is stored before anything is drawn: nothing stands between the press and the list.

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::size_t kLanguagePage = 4;
 constexpr std::size_t kClassic = 1000;
+constexpr std::size_t kRulesOnLoad = 1036;
 constexpr std::array<std::size_t, SettingsWindow::kPages> kTitles = {189, 121, 309, 15, 16};
 constexpr std::array<std::size_t, 10> kHotkeyNames = {126, 127, 128, 40, 41, 42, 166, 181, 167, 168};
 constexpr std::array<std::size_t, 2> kPositionNames = {167, 168};
@@ -70,6 +71,7 @@ void SettingsDialog::FillSettingsControls() {
   chkCredits.SetValue(o.T_CREDITS != 0);
   txtCredits.SetText(o.T_CREDITSTEXT);
   cmbApply.SetIndex(std::min<int>(o.ApplyWhen, 2));
+  chkRulesOnLoad.SetValue(o.RulesOnLoad);
   ShowRuleLabels();
   EnableRuleControls();
 
@@ -159,6 +161,7 @@ void SettingsDialog::ApplyPageTexts() {
                            {lblLanguage, 62},
                            {lblTranslator, 84},
                            {chkClassic, kClassic},
+                           {chkRulesOnLoad, kRulesOnLoad},
                            {fraCharset, 63},
                            {lblCharset, 91},
                            {cmdRegionalSettings, 370},
@@ -266,6 +269,7 @@ void SettingsDialog::TakeOpenFields() {
 
 void SettingsDialog::Accept() {
   TakeOpenFields();
+  TakeUiMode();
   SaveDialogSettings(parts_.store, options_, letters_);
   Close();
 }

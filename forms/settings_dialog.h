@@ -106,6 +106,7 @@ class SettingsDialog final : public SettingsWindow {
   void TakePosition(std::size_t index);
   void TakeCredits();
   void TakeOpenFields();
+  void TakeUiMode();
   void DrawSample();
   void ApplyPlayerSettings();
   void PickFont();

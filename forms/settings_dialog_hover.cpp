@@ -8,6 +8,7 @@ namespace {
 constexpr std::array<std::size_t, SettingsWindow::kPages> kOverMenu = {192, 122, 310, 194, 191};
 constexpr std::array<std::size_t, SettingsWindow::kPages> kOverPage = {192, 122, 310, 222, 191};
 constexpr std::size_t kClassicDetails = 1001;
+constexpr std::size_t kRulesOnLoadDetails = 1037;
 /// The most characters of a short and of a medium caption.
 constexpr TextView kShortLength = u"5";
 constexpr TextView kMediumLength = u"15";
@@ -35,6 +36,7 @@ void SettingsDialog::WireHover() {
                                                    {imgVSHelp, 428},
                                                    {chkFollow, 253},
                                                    {chkClassic, kClassicDetails},
+                                                   {chkRulesOnLoad, kRulesOnLoadDetails},
                                                    {cmdOK, 251},
                                                    {cmdReset, 250},
                                                    // These two are crossed.
@@ -53,8 +55,8 @@ void SettingsDialog::WireHover() {
 std::vector<Text> SettingsDialog::DetailTexts() const {
   std::vector<Text> texts = {Paragraphs(strings_[83], strings_[248]), Paragraphs(strings_[78], strings_[79]),
                              parts_.languages.CompletionHint(percent_)};
-  for (const std::size_t message : {192, 122, 310, 194, 191, 222, 273, 197, 199, 430, 209, 210, 204, 205, 206,
-                                    200, 312, 314, 421, 423, 425, 427, 428, 253, 251, 250, 255, 256, 1001}) {
+  for (const std::size_t message : {192, 122, 310, 194, 191, 222, 273, 197, 199, 430, 209, 210, 204, 205,  206,
+                                    200, 312, 314, 421, 423, 425, 427, 428, 253, 251, 250, 255, 256, 1001, 1037}) {
     texts.push_back(strings_[message]);
   }
   return texts;

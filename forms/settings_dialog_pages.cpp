@@ -59,6 +59,7 @@ void SettingsDialog::WireRules() {
     options_.ApplyWhen = static_cast<std::uint8_t>(std::max(cmbApply.Index(), 0));
     parts_.capture.ShowModeTexts();
   });
+  chkRulesOnLoad.Clicked.Connect([this] { options_.RulesOnLoad = chkRulesOnLoad.Value(); });
   txtCredits.Edited.Connect([this] {
     options_.T_CREDITSTEXT = TrimBlanks(txtCredits.GetText());
     creditsOpen_ = true;
@@ -162,7 +163,7 @@ void SettingsDialog::WirePlayer() {
     ApplyPlayerSettings();
   });
   cmbUImode.Chosen.Connect([this] {
-    options_.P_UIMODE = kUiModes[static_cast<std::size_t>(std::max(cmbUImode.Index(), 0))];
+    TakeUiMode();
     ApplyPlayerSettings();
   });
   const auto choose = [this](std::uint8_t mode) {
@@ -172,6 +173,10 @@ void SettingsDialog::WirePlayer() {
   optVSDisable.Clicked.Connect([choose] { choose(0); });
   optVSHide.Clicked.Connect([choose] { choose(1); });
   cmdVSFilter.Clicked.Connect([this] { parts_.filter.Configure(); });
+}
+
+void SettingsDialog::TakeUiMode() {
+  options_.P_UIMODE = kUiModes[static_cast<std::size_t>(std::max(cmbUImode.Index(), 0))];
 }
 
 void SettingsDialog::FillFilterControls() {

@@ -121,6 +121,7 @@ class SettingsWindow : public Dialog {
   Label lblCurrLang{*this, "lblCurrLang"};
   Label lblReqLang{*this, "lblReqLang"};
   CheckBox chkClassic{*this, "chkClassic"};
+  CheckBox chkRulesOnLoad{*this, "chkRulesOnLoad"};
 };
 
 }  // namespace cuewright

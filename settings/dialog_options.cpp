@@ -20,7 +20,8 @@ void AddRules(KeyValues& values, const AppOptions& o) {
   }
   values.insert(values.end(), {{u"ApplyWhen", Decimal(o.ApplyWhen)},
                                {u"T_CREDITS", Decimal(o.T_CREDITS)},
-                               {u"T_CREDITSTEXT", o.T_CREDITSTEXT}});
+                               {u"T_CREDITSTEXT", o.T_CREDITSTEXT},
+                               {u"RulesOnLoad", o.RulesOnLoad ? u"1" : u"0"}});
 }
 
 void AddKeys(KeyValues& values, const AppOptions& o, const HotkeyLetters& letters) {
@@ -82,6 +83,7 @@ void ResetRuleSettings(AppOptions& options) {
   options.Duration = fallback.Duration;
   options.Tolerance = fallback.Tolerance;
   options.ApplyWhen = fallback.ApplyWhen;
+  options.RulesOnLoad = fallback.RulesOnLoad;
   options.T_CREDITS = 0;
   options.T_CREDITSTEXT = fallback.T_CREDITSTEXT;
 }

@@ -20,6 +20,13 @@ class Reader {
     field = LeadingNumber(value) != 0;
   }
 
+  /// A byte that is a flag; -1 has been stored as well as 255.
+  void ReadFlag(TextView key, std::uint8_t& field) const {
+    const bool minusOne = LeadingNumber(store_.GetSetting(kMainSection, key, Decimal(field))) == -1;
+    Read(key, field);
+    if (minusOne) field = 255;
+  }
+
   template <std::integral T>
   void Read(TextView key, T& field) const {
     const Text value = store_.GetSetting(kMainSection, key, Decimal(field));
@@ -46,24 +53,25 @@ void ReadLanguage(const Reader& reader, AppOptions& o) {
 }
 
 void ReadRules(const Reader& reader, AppOptions& o) {
-  reader.Read(u"AutoSplit", o.AutoSplit);
-  reader.Read(u"Collision", o.Collision);
-  reader.Read(u"AutoJoin", o.AutoJoin);
+  reader.ReadFlag(u"AutoSplit", o.AutoSplit);
+  reader.ReadFlag(u"Collision", o.Collision);
+  reader.ReadFlag(u"AutoJoin", o.AutoJoin);
   reader.Read(u"Near", o.Near);
-  reader.Read(u"Duration", o.DurationOn);
+  reader.ReadFlag(u"Duration", o.DurationOn);
   for (std::size_t k = 0; k < o.Duration.size(); ++k) {
     const Text digit = Decimal(static_cast<long long>(k));
     reader.Read(u"Duration" + digit, o.Duration[k]);
     reader.Read(u"Tolerance" + digit, o.Tolerance[k]);
   }
   reader.Read(u"ApplyWhen", o.ApplyWhen);
-  reader.Read(u"T_CREDITS", o.T_CREDITS);
+  reader.ReadFlag(u"T_CREDITS", o.T_CREDITS);
+  reader.Read(u"RulesOnLoad", o.RulesOnLoad);
   reader.Read(u"T_CREDITSTEXT", o.T_CREDITSTEXT);
   if (IsBlank(o.T_CREDITSTEXT)) o.T_CREDITS = 0;
 }
 
 void ReadKeys(const Reader& reader, AppOptions& o) {
-  reader.Read(u"HotKeys", o.HotKeys);
+  reader.ReadFlag(u"HotKeys", o.HotKeys);
   reader.Read(u"kRewindSecs", o.kRewindSecs);
   reader.Read(u"kForwardSecs", o.kForwardSecs);
   reader.Read(u"hkPlay", o.hkPlay);
@@ -88,7 +96,7 @@ void ReadPreviewAndPlayer(const Reader& reader, AppOptions& o) {
   reader.Read(u"F_SHADOWVAL", o.F_SHADOWVAL);
   reader.Read(u"F_SUBHEIGHT", o.F_SUBHEIGHT);
   reader.Read(u"F_FOLLOW", o.F_FOLLOW);
-  reader.Read(u"P_STRETCH", o.P_STRETCH);
+  reader.ReadFlag(u"P_STRETCH", o.P_STRETCH);
   reader.Read(u"P_UIMODE", o.P_UIMODE);
   // The field holds four characters.
   o.P_UIMODE.resize(std::min<std::size_t>(o.P_UIMODE.size(), 4));

@@ -44,14 +44,19 @@ Text Unescape(TextView text) {
 
 }  // namespace
 
-SettingsStore::SettingsStore(Files& files, Text path) : files_(files), path_(std::move(path)), lines_(ReadFile()) {}
+SettingsStore::SettingsStore(Files& files, Text path) : files_(files), path_(std::move(path)) {
+  if (auto lines = ReadFile()) lines_ = std::move(*lines);
+}
 
-std::vector<SettingsStore::Line> SettingsStore::ReadFile() const {
+std::optional<std::vector<SettingsStore::Line>> SettingsStore::ReadFile() {
   std::vector<Line> lines;
   if (path_.empty() || !files_.Exists(path_)) return lines;
   CarryOn read;
   Text content;
-  read([&] { content = FromUtf8(files_.Read(path_, kSizeLimit)); });
+  if (!read([&] { content = FromUtf8(files_.Read(path_, kSizeLimit)); })) {
+    lastFailure_ = read.Last()->description;
+    return {};
+  }
   if (content.empty()) return lines;
   if (content.ends_with(u'\n')) content.pop_back();
   const Text prefix = Text(kRoot) + u"\\";
@@ -116,9 +121,10 @@ void SettingsStore::SaveSettings(TextView section, const std::vector<KeyValue>& 
 void SettingsStore::WriteChanges() {
   if (path_.empty()) return;
   // What stands in the file now, with this run's own changes on top.
-  std::vector<Line> current = ReadFile();
-  for (const auto& [place, value] : unwritten_) Put(current, place.first, place.second, value);
-  Write(current);
+  std::optional<std::vector<Line>> current = ReadFile();
+  if (!current) return;
+  for (const auto& [place, value] : unwritten_) Put(*current, place.first, place.second, value);
+  Write(*current);
 }
 
 void SettingsStore::Write(const std::vector<Line>& lines) {

@@ -14,7 +14,8 @@ namespace cuewright {
 inline constexpr TextView kMainSection = u"Cuewright";
 
 /// The user's settings: root, section, key, text value, in one file. Nothing here fails for the user: a file that
-/// can't be read counts as empty, one that can't be written leaves the values in force for the run.
+/// can't be read counts as empty, one that can't be written leaves the values in force for the run. One that is there
+/// and can't be read is never written.
 ///
 /// The file is text in UTF-8: "[root\section]" lines, then "key=value" lines in which a backslash stands before
 /// itself and before "n" (LF) and "r" (CR). Lines that are neither are kept as they stand.
@@ -57,7 +58,8 @@ class SettingsStore final : public SettingsReader {
     bool heading = false;
   };
 
-  std::vector<Line> ReadFile() const;
+  /// The file's lines, none when it isn't there; empty, with the reason in `lastFailure_`, when it can't be read.
+  std::optional<std::vector<Line>> ReadFile();
   static void Put(std::vector<Line>& lines, TextView section, TextView key, TextView value);
   void WriteChanges();
   void Write(const std::vector<Line>& lines);

@@ -89,6 +89,7 @@ void SettingsView::MakeRulesPage() {
   column->addWidget(MakeLabel("lblApply", page));
   auto* apply = MakeCombo("cmbApply", page);
   column->addWidget(apply, 0, Qt::AlignLeft);
+  column->addWidget(Named(new QCheckBox(page), "chkRulesOnLoad"));
   column->addStretch();
 }
 

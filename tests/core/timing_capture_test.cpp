@@ -155,6 +155,17 @@ TEST_F(PressAndHold, NothingJoinsInADocumentWithoutACapturedCaption) {
   EXPECT_EQ(list.GetCaptionStart(1), 100);
 }
 
+TEST_F(PressAndHold, AnyFlagForAutoJoinButZeroJoins) {
+  options.AutoJoin = 255;
+  At(9000);
+  PressApply();
+  At(10000);
+  ReleaseApply();
+  At(10150);
+  PressApply();
+  EXPECT_EQ(list.GetCaptionStart(2), 10000);
+}
+
 TEST_F(PressAndHold, WithoutAutoJoinNothingJoins) {
   options.AutoJoin = 0;
   At(9000);

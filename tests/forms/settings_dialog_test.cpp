@@ -851,6 +851,37 @@ TEST_F(SettingsReset, OnTheLanguagePageTheUsersLanguageComesBack) {
   EXPECT_FALSE(Dialog().RightToLeft());
 }
 
+TEST_F(SettingsReset, OnTheLanguagePageALocaleWithoutALanguageGivesEnglish) {
+  locale.language = u"Chinese";
+  Reopen();
+  Dialog().ShowSettingsPage(4);
+  Dialog().cboLanguage.Choose(kArabic);
+  ASSERT_TRUE(Window().RightToLeft());
+  Dialog().cmdReset.Click();
+  EXPECT_EQ(Options().Language, u"ENGLISH");
+  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
+  EXPECT_FALSE(Window().RightToLeft());
+}
+
+TEST_F(SettingsStoring, OkWritesThePlayersModeFromItsEntry) {
+  Dialog().Close();
+  Options().P_UIMODE = u"what";
+  Dialog().Open();
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"P_UIMODE"), u"full");
+}
+
+TEST_F(SettingsStoring, TheRulesOnLoadHaveABoxAndAKey) {
+  EXPECT_FALSE(Dialog().chkRulesOnLoad.Value());
+  Dialog().chkRulesOnLoad.Click();
+  EXPECT_TRUE(Options().RulesOnLoad);
+  Dialog().cmdOK.Click();
+  EXPECT_EQ(Stored(u"RulesOnLoad"), u"1");
+  Dialog().ShowSettingsPage(0);
+  Dialog().cmdReset.Click();
+  EXPECT_FALSE(Options().RulesOnLoad);
+}
+
 TEST_F(SettingsPages, TheMenuOpensThemOnce) {
   Dialog().Close();
   int runs = 0;

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "platform/posix_files.h"
 #include "settings/options.h"
@@ -185,6 +186,38 @@ TEST_F(Options, FlagsReadAnyNumberButZeroAsTrue) {
     LoadSettings(store, o);
     EXPECT_EQ(o.F_OPAQUE, c.read) << ToUtf8(c.stored);
   }
+}
+
+TEST_F(Options, ByteFlagsStoredAsMinusOneAreTrue) {
+  for (const char16_t* key : {u"AutoSplit", u"Collision", u"AutoJoin", u"Duration", u"HotKeys", u"P_STRETCH"}) {
+    SettingsStore store(files, path);
+    store.SaveSetting(kMainSection, key, u"-1");
+  }
+  SettingsStore store(files, path);
+  store.SaveSetting(kMainSection, u"T_CREDITS", u"300");
+  AppOptions o;
+  LoadSettings(store, o);
+  for (const std::uint8_t flag : {o.AutoSplit, o.Collision, o.AutoJoin, o.DurationOn, o.HotKeys, o.P_STRETCH}) {
+    EXPECT_NE(flag, 0);
+  }
+  EXPECT_EQ(o.T_CREDITS, 0);
+}
+
+TEST_F(Options, AFileThatCannotBeReadIsNeverWritten) {
+  SettingsStore before(files, path);
+  before.SaveSetting(kMainSection, u"Near", u"123");
+  const std::string content = folder.Read("sub/dir/settings.ini");
+  std::filesystem::resize_file(folder.Path() / "sub/dir/settings.ini", (16u << 20) + 1);
+  SettingsStore store(files, path);
+  store.SaveSetting(kMainSection, u"Volume", u"42");
+  EXPECT_EQ(store.GetSetting(kMainSection, u"Volume", {}), u"42");
+  EXPECT_FALSE(store.LastFailure().empty());
+  EXPECT_EQ(std::filesystem::file_size(folder.Path() / "sub/dir/settings.ini"), (16u << 20) + 1);
+  // It can be read again: both are there.
+  folder.Write("sub/dir/settings.ini", content);
+  store.SaveSetting(kMainSection, u"WindowState", u"2");
+  EXPECT_EQ(Get(u"Near"), u"123");
+  EXPECT_EQ(Get(u"Volume"), u"42");
 }
 
 TEST_F(Options, AValueThatDoesntFitLeavesTheNeutralOneAndTheNextKeyIsRead) {
