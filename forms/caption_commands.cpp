@@ -123,7 +123,7 @@ void CaptionCommands::AddBottom() {
 void CaptionCommands::EditSelected() {
   const Row row = list_.Selected();
   const Text answer = messages_.Ask({strings_[58], strings_[57], list_.GetCaptionText(row)});
-  if (IsBlank(answer) || !list_.InRange(row)) return;
+  if (IsBlank(answer) || !list_.InRange(row) || answer == list_.GetCaptionText(row)) return;
   const EditScope scope(list_, EditKind::EditText);
   list_.Replace(row, 1, {Caption{list_.GetCaptionStart(row), list_.GetCaptionEnd(row), answer}});
   window_.txtSub.SetText(list_.GetCaptionText(row, true));

@@ -10,6 +10,7 @@ namespace cuewright {
 namespace {
 
 constexpr int kLastClipboardLine = 32000;
+constexpr std::size_t kClipboardTooMuch = 1038;
 constexpr std::uint8_t kPlainTextIndex = 0;
 
 constexpr TextView kVideoFilter =
@@ -110,9 +111,11 @@ void FileActions::NewFromClipboard() {
   const EditScope scope(p_.list, EditKind::FromClipboard);
   if (!captions.empty()) {
     const bool blank = p_.list.Rows() == 2 && p_.list.At(1) == Caption{};
-    CarryOn step;
-    if (!step([&] { p_.list.Replace(blank ? 1 : p_.list.Rows(), blank ? 1 : 0, std::move(captions)); })) {
-      ports_.messages.Show({step.Last()->description, BoxIcon::Warning});
+    const auto whole = static_cast<long long>(captions.size()) + (blank ? 0 : p_.list.Rows() - 1);
+    if (whole > kMaxRow) {
+      ports_.messages.Show({Fill(p_.strings[kClipboardTooMuch], Decimal(whole), Decimal(kMaxRow)), BoxIcon::Warning});
+    } else {
+      p_.list.Replace(blank ? 1 : p_.list.Rows(), blank ? 1 : 0, std::move(captions));
     }
   }
   p_.list.SetRow(1, false);

@@ -390,6 +390,21 @@ TEST_F(Clipboard, TheLineAtIndexThirtyTwoThousandIsTheLast) {
   EXPECT_EQ(List().GetCaptionText(32001), u"l32000");
 }
 
+TEST_F(Clipboard, OneThatDoesNotFitIsRefusedWithASentence) {
+  program->files.New();
+  std::vector<Caption> many(1000, Caption{1, 2, u"x"});
+  List().Replace(1, 1, std::move(many));
+  program->document.DocModified = true;
+  for (int i = 0; i < 32000; ++i) desktop.clipboard += u"l\n";
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.NewFromClipboard();
+  EXPECT_EQ(List().Rows(), 1001);
+  EXPECT_EQ(
+      LastBox(),
+      "What is on the clipboard is too much for a document: it would come to 33000 captions, and there may be 32766 "
+      "at most. Nothing was taken.");
+}
+
 TEST_F(Clipboard, AfterACancelTheLinesStandAtTheBottomOfTheOldDocument) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
