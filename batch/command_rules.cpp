@@ -8,7 +8,7 @@ namespace {
 /// The report as its window shows it: the heading, the text, the total. CR LF inside becomes a plain line end.
 std::string AsText(const Session& session, ReportForm form) {
   const RuleReport& report = session.Report();
-  Text text = ReportHeading(report, session.Strings(), true) + u"\n\n" + ReportText(report, session.Strings(), form);
+  Text text = ReportHeading(report, session.Strings(), true) + u"\n\n" + ReportText(report, form);
   if (report.RuleEntryCount() > 0) text += u"\n";
   text += ReportTotal(report, session.Strings()) + u"\n";
   return DisplayUtf8(ReplaceAll(text, kLineEnd, u"\n"));

@@ -20,18 +20,34 @@ class Notices {
   bool Seen() const { return options_.M_INFOBAR; }
   /// Shows a text by its number, with what stands for %1 and %2.
   void Tell(std::size_t text, TextView first = {}, TextView second = {});
+  /// Adds to what is told of a document how many findings the rules have in it, with buttons that show them and apply
+  /// the rules.
+  void TellFindings(int count);
+  /// Tells how many captions the rules have changed, with a button that takes it back.
+  void TellChanged(int count);
+  /// What was told of the rules holds no more.
+  void ForgetRules();
+  /// That button is there.
+  bool OffersUndo() const { return rules_ == Rules::Ran; }
   void Clear();
-  bool Shown() const { return text_ != 0; }
+  bool Shown() const { return text_ != 0 || rules_ != Rules::Silent; }
   /// The language has changed: the text is told anew.
   void ApplyLanguage();
 
  private:
+  enum class Rules { Silent, Looked, Ran };
+
+  void TellRules(Rules rules, int count);
+  void ShowButtons();
+
   MainWindow& window_;
   const AppOptions& options_;
   const LangStrings& strings_;
   std::size_t text_ = 0;
   Text first_;
   Text second_;
+  Rules rules_ = Rules::Silent;  ///< what is told of the correction rules
+  int count_ = 0;                ///< of their findings, or of the captions that they changed
 };
 
 }  // namespace cuewright

@@ -161,7 +161,17 @@ void Program::ConnectAudio() {
 void Program::ConnectRules() {
   rules.refreshFileLabels = files.refreshFileLabels;
   files.resetRuleReport = [this] { ruleReport.ResetRuleReport(); };
-  files.applyRulesOnLoad = [this] { rules.ApplyRules(true); };
+  files.applyRulesOnLoad = [this] { rules.OnLoad(); };
+  rules.Found.Connect([this](int count) { notices.TellFindings(count); });
+  rules.Changed.Connect([this](int count) {
+    if (count == 0) return notices.ForgetRules();
+    stepsOfRules_ = history.UndoSteps();
+    notices.TellChanged(count);
+  });
+  // The strip's Undo is for the rules' own step.
+  history.Changed.Connect([this] {
+    if (notices.OffersUndo() && history.UndoSteps() != stepsOfRules_) notices.ForgetRules();
+  });
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
   reportWindow.openSettings = [this] { window.mnuGSettings.Click(); };
@@ -178,9 +188,10 @@ void Program::ConnectHistory() {
 void Program::ConnectTitle() {
   title.unsaved = [this] { return document.DocModified; };
   for (Signal<>* changed : {&list.CommandEnded, &history.Changed, &files.DocumentOpened, &files.DocumentClosed,
-                            &files.Saved, &dialogs.settings.Closed}) {
+                            &dialogs.settings.Closed}) {
     changed->Connect([this] { title.Show(); });
   }
+  files.Saved.Connect([this](bool) { title.Show(); });
 }
 
 void Program::ConnectJournal() {

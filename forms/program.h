@@ -206,7 +206,8 @@ class Program final : private FormatHost {
   void SavedAsUtf8(const DocumentEncoding& lacking) override;
 
   Text startFile_;
-  bool leaveJournal_ = false;  ///< the document that goes leaves its journal to the next start
+  std::size_t stepsOfRules_ = 0;  ///< steps to take back when the rules had run
+  bool leaveJournal_ = false;     ///< the document that goes leaves its journal to the next start
 };
 
 }  // namespace cuewright

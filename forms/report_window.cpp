@@ -64,9 +64,9 @@ void ReportWindow::ShowDetailedReport() {
 void ReportWindow::ShowReport(ReportForm form) {
   desktop_.SetBusy(true);
   lblTotal.SetText(strings_[117] + u"..");
-  txtReport.SetText(ReportTotals(report_, strings_));
+  txtReport.SetText(ReportTotals(report_));
   RepaintRequested();
-  txtReport.SetText(ReportText(report_, strings_, form));
+  txtReport.SetText(ReportText(report_, form));
   lblTotal.SetText(ReportTotal(report_, strings_));
   desktop_.SetBusy(false);
 }

@@ -1,6 +1,31 @@
 #include "forms/rules_commands.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace cuewright {
+namespace {
+
+/// The window of rules that only look: they work on a copy, and nothing of it is seen.
+class NoWindow final : public RulesHost {
+  void CloseToolWindows() override {}
+  void SetBusy(bool) override {}
+  void Yield() override {}
+  void ShowProgress(TextView) override {}
+  void RefreshFileLabels() override {}
+  void LeavePreviewMode() override {}
+  bool PausePlayer() override { return false; }
+  void ResumePlayer() override {}
+  void ShowReport() override {}
+};
+
+/// A rule that fails would do so when it is applied, and is told then.
+class NoBoxes final : public Messages {
+  BoxAnswer Show(const MessageBox&) override { return BoxAnswer::Ok; }
+  Text Ask(const InputBox&) override { return {}; }
+};
+
+}  // namespace
 
 RulesCommands::RulesCommands(MainWindow& window, CaptionList& list, TimingCapture& capture, RuleReport& report,
                              ReportWindow& reportWindow, const LangStrings& strings, OpenForms& openForms, Ports ports)
@@ -10,12 +35,59 @@ RulesCommands::RulesCommands(MainWindow& window, CaptionList& list, TimingCaptur
       reportWindow_(reportWindow),
       openForms_(openForms),
       ports_(ports),
+      report_(report),
+      strings_(strings),
       engine_(list, report, strings, ports_.messages, *this) {
   window_.mnuRules.Clicked.Connect([this] { ApplyRules(false); });
   window_.mnuReport.Clicked.Connect([this] { ShowReportAnew(); });
+  window_.cmdShowFindings.Clicked.Connect([this] { ShowReportAnew(); });
+  window_.cmdApplyFindings.Clicked.Connect([this] { ApplyRules(true); });
+  window_.cmdUndoRules.Clicked.Connect([this] { window_.mnuUndo.Click(); });
+  list_.Spliced.Connect([this](const Splice& splice) { NoteChange(splice); });
 }
 
-void RulesCommands::ApplyRules(bool quiet) { engine_.ApplyRules(quiet); }
+void RulesCommands::ApplyRules(bool quiet) {
+  changed_.emplace(static_cast<std::size_t>(list_.Rows()), false);
+  removed_ = 0;
+  engine_.ApplyRules(quiet);
+  const auto changed = static_cast<int>(std::count(changed_->begin(), changed_->end(), true)) + removed_;
+  changed_.reset();
+  if (list_.Options().manner.RulesAskOnLoad()) Changed(changed);
+}
+
+void RulesCommands::NoteChange(const Splice& splice) {
+  if (!changed_) return;
+  const auto first = changed_->begin() + splice.first;
+  if (splice.removed == splice.added) {
+    std::fill(first, first + splice.removed, true);
+    return;
+  }
+  removed_ += splice.removed;
+  changed_->erase(first, first + splice.removed);
+  changed_->insert(changed_->begin() + splice.first, static_cast<std::size_t>(splice.added), false);
+}
+
+void RulesCommands::OnLoad() {
+  if (list_.Options().manner.RulesAskOnLoad() && !list_.Options().RulesOnLoad) {
+    Look();
+  } else {
+    ApplyRules(true);
+  }
+}
+
+void RulesCommands::Look() {
+  bool modified = false;
+  CaptionList copy(list_.Options(), modified);
+  std::vector<Caption> rows;
+  rows.reserve(static_cast<std::size_t>(list_.Rows()));
+  for (Row row = 1; row < list_.Rows(); ++row) rows.push_back(list_.At(row));
+  copy.Replace(1, 1, std::move(rows));
+  NoWindow window;
+  NoBoxes boxes;
+  RulesEngine(copy, report_, strings_, boxes, window).ApplyRules(true);
+  report_.SetOnlyLooked();
+  if (report_.RuleEntryCount() > 0) Found(report_.RuleEntryCount());
+}
 
 void RulesCommands::ShowReportAnew() {
   CloseToolWindows();

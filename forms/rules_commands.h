@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 #include "core/caption_list.h"
 #include "core/form/main_window.h"
@@ -22,11 +24,19 @@ class RulesCommands final : private RulesHost {
 
   /// Runs the rules over the whole list. With `quiet` a pass that found nothing says nothing.
   void ApplyRules(bool quiet);
+  /// What the rules do with a document that has just been loaded: they only look, or they change it where the user lets
+  /// them, and always in the classic manner.
+  void OnLoad();
+
+  Signal<int> Found;    ///< the rules looked, and have so many findings
+  Signal<int> Changed;  ///< the rules ran, and changed or removed so many captions
 
   std::function<void()> refreshFileLabels;  ///< set by the owner of the windows
 
  private:
   void ShowReportAnew();
+  void Look();
+  void NoteChange(const Splice& splice);
 
   void CloseToolWindows() override;
   void SetBusy(bool on) override;
@@ -44,7 +54,12 @@ class RulesCommands final : private RulesHost {
   ReportWindow& reportWindow_;
   OpenForms& openForms_;
   Ports ports_;
+  RuleReport& report_;
+  const LangStrings& strings_;
   RulesEngine engine_;
+  /// While the rules run: of each row, whether it was changed; the number of those that were removed.
+  std::optional<std::vector<bool>> changed_;
+  int removed_ = 0;
 };
 
 }  // namespace cuewright

@@ -30,6 +30,7 @@ std::string Framed(std::string_view input) {
 
 void CheckReading(std::string_view bytes) {
   const JournalReading reading = ReadJournal(bytes);
+  Demand(reading.document.has_value() == (reading.fault == JournalFault::None), "a fault with a document, or neither");
   if (!reading.document) return Demand(reading.validBytes == 0, "a document of no bytes");
   const std::size_t count = reading.document->captions.size();
   Demand(count >= 1 && count <= static_cast<std::size_t>(kMaxRow), "a list of a length that no list has");

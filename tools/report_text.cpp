@@ -10,13 +10,13 @@ constexpr TextView kBetweenEntries = u"\r\n---\r\n";
 Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open) {
   if (!open) return strings[249];
   const int found = report.LinesSplit() + report.Collisions() + report.DurationsOutsideRange() + report.LinesRemoved();
-  return strings[found > 0 ? 187 : 186];
+  return found > 0 ? strings[report.OnlyLooked() ? WouldBe(187) : 187] : strings[186];
 }
 
-Text ReportTotals(const RuleReport& report, const LangStrings& strings) {
+Text ReportTotals(const RuleReport& report) {
   Text text;
   const auto line = [&](std::size_t message, int count) {
-    text.append(Fill(strings[message], Decimal(count))).append(kLineEnd);
+    text.append(Fill(report.Word(message), Decimal(count))).append(kLineEnd);
   };
   line(225, report.LinesSplit());
   line(226, report.Collisions());
@@ -25,8 +25,8 @@ Text ReportTotals(const RuleReport& report, const LangStrings& strings) {
   return text.append(kLineEnd);
 }
 
-Text ReportText(const RuleReport& report, const LangStrings& strings, ReportForm form) {
-  Text text = ReportTotals(report, strings);
+Text ReportText(const RuleReport& report, ReportForm form) {
+  Text text = ReportTotals(report);
   for (std::size_t at = 0; at < report.Size(); ++at) {
     if (form == ReportForm::Detailed) {
       text.append(report.Detailed(at)).append(kBetweenEntries);

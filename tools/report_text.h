@@ -13,10 +13,10 @@ enum class ReportForm { Standard, Detailed };
 Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open);
 
 /// The counters, a line each, and an empty line; lines end in CR LF.
-Text ReportTotals(const RuleReport& report, const LangStrings& strings);
+Text ReportTotals(const RuleReport& report);
 
 /// The counters and every entry in the order of logging.
-Text ReportText(const RuleReport& report, const LangStrings& strings, ReportForm form);
+Text ReportText(const RuleReport& report, ReportForm form);
 
 /// The line that tells how many entries there are.
 Text ReportTotal(const RuleReport& report, const LangStrings& strings);

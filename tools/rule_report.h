@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <vector>
 
 #include "core/caption_list.h"
@@ -19,6 +20,9 @@ enum class RuleKind : std::uint8_t {
   Credit = 5,
 };
 
+/// The message that says the same of a change that has not been made; the message itself where it holds for both.
+std::size_t WouldBe(std::size_t message);
+
 /// The log of the correction rules: a detailed and a one-line text for each entry, and a counter for each sort.
 class RuleReport {
  public:
@@ -29,13 +33,20 @@ class RuleReport {
   /// are there by then.
   void AddRuleEntry(Row row, TextView text, RuleKind kind, std::int32_t value, bool applied);
 
-  /// Empties the log.
+  /// Empties the log. Until the next time it keeps the words of the language in force.
   void ResetRuleReport();
+
+  /// The rules only looked: the report says what would change.
+  void SetOnlyLooked() { onlyLooked_ = true; }
+  bool OnlyLooked() const { return onlyLooked_; }
+
+  /// A message in the words of the report.
+  const Text& Word(std::size_t message) const;
 
   std::int32_t RuleEntryCount() const { return entryCount_; }
 
-  /// The texts of the entry at a place from 0, in the language in force; a detailed one holds CR LF between its lines
-  /// and none at its end.
+  /// The texts of the entry at a place from 0, in the language in which the log was begun; a detailed one holds CR LF
+  /// between its lines and none at its end.
   Text Detailed(std::size_t at) const;
   Text OneLine(std::size_t at) const;
   /// How many entries have texts: one more than `RuleEntryCount` for each that met a full counter.
@@ -64,6 +75,8 @@ class RuleReport {
   Checked16& Counter(RuleKind kind);
 
   const LangStrings& strings_;
+  std::map<std::size_t, Text> words_;
+  bool onlyLooked_ = false;
   std::int32_t entryCount_ = 0;
   std::vector<Entry> entries_;
   Checked16 linesSplit_;

@@ -176,6 +176,9 @@ void MainWindowView::BuildInformationBar() {
   notice->setMargin(4);
   notice->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   row->addWidget(notice);
+  for (const char* name : {"cmdShowFindings", "cmdApplyFindings", "cmdUndoRules"}) {
+    row->addWidget(Named(new QToolButton(status_), name));
+  }
   auto* close = Named(new QToolButton(status_), "cmdNotice");
   close->setAutoRaise(true);
   row->addWidget(close);
@@ -353,7 +356,10 @@ void MainWindowView::ApplyLayout() {
   const bool bar = form_.picIco.Visible();
   for (const char* name : {"lblTextFile", "lblVideoFile"}) status_->findChild<QWidget*>(name)->setVisible(bar);
   status_->findChild<QWidget*>("lblNotice")->setVisible(bar && form_.lblNotice.Visible());
-  status_->findChild<QWidget*>("cmdNotice")->setVisible(bar && form_.cmdNotice.Visible());
+  for (const Button* button :
+       {&form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {
+    status_->findChild<QWidget*>(QString::fromStdString(button->Name()))->setVisible(bar && button->Visible());
+  }
   barLogo_->setVisible(bar && layout.ShowsLogo());
   ApplyColumns();
   table_->NoteMetrics();

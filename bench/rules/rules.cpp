@@ -132,7 +132,7 @@ std::vector<Step> Steps() {
   const auto reset = [](Desk& desk) { ClearAllTiming(desk.list); };
   const auto report = [](ReportForm form) {
     return [form](Desk& desk) {
-      if (ReportText(desk.report, desk.strings, form).empty()) std::abort();
+      if (ReportText(desk.report, form).empty()) std::abort();
     };
   };
   return {{"the pass, every rule on a tenth", nothing, rules},
@@ -173,7 +173,7 @@ double ReportCost(int entries) {
   std::vector<double> times;
   for (int run = 0; run < kRuns; ++run) {
     times.push_back(Microseconds([&] {
-      if (ReportText(desk.report, desk.strings, ReportForm::Detailed).empty()) std::abort();
+      if (ReportText(desk.report, ReportForm::Detailed).empty()) std::abort();
     }));
   }
   return Median(times) / entries;

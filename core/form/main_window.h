@@ -18,6 +18,9 @@ class MainWindow final : public Form {
   Label lblTextFile{*this, "lblTextFile"};
   Label lblVideoFile{*this, "lblVideoFile"};
   Label lblNotice{*this, "lblNotice"};
+  Button cmdShowFindings{*this, "cmdShowFindings"};
+  Button cmdApplyFindings{*this, "cmdApplyFindings"};
+  Button cmdUndoRules{*this, "cmdUndoRules"};
   Button cmdNotice{*this, "cmdNotice"};
   Picture picPLogo{*this, "picPLogo"};
   Picture imgSize{*this, "imgSize"};

@@ -312,10 +312,12 @@ TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   boxes.answers = {BoxAnswer::Yes};
   DieAndStart();
   ASSERT_EQ(boxes.shown.size(), 1u);
-  EXPECT_EQ(LastBox(),
-            "The program ended before the changes of this document were saved:\n\n" + ToUtf8(path) +
-                "\n\nIt can be restored as it was on 2026-09-21 14:13:20, with 4 captions.\r\n\r\nThis is newer than the "
-                "file itself, which was changed on at 1780000000000.\r\n\r\nPress YES to restore it, NO to throw the changes away, CANCEL to be asked again at the next start.");
+  EXPECT_EQ(
+      LastBox(),
+      "The program ended before the changes of this document were saved:\n\n" + ToUtf8(path) +
+          "\n\nIt can be restored as it was on 2026-09-21 14:13:20, with 4 captions.\r\n\r\nThis is newer than the "
+          "file itself, which was changed on at 1780000000000.\r\n\r\nPress YES to restore it, NO to throw the changes "
+          "away, CANCEL to be asked again at the next start.");
   EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNoCancel);
   EXPECT_EQ(All(), before);
   EXPECT_EQ(program->document.SubtitlePath, path);

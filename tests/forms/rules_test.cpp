@@ -8,6 +8,7 @@ namespace {
 using testing::ProgramFixture;
 
 struct RulesInTheWindow : ProgramFixture {
+  RulesInTheWindow() { program->options.manner.SetClassic(true); }
   /// Two captions of which the second begins 500 ms before the first has ended.
   Text Colliding() {
     return folder.Write("colliding.srt",
@@ -98,7 +99,113 @@ TEST_F(RulesInTheWindow, AreForDocumentsOnly) {
   EXPECT_TRUE(Window().mnuRules.Enabled());
 }
 
+struct RulesThatLook : RulesInTheWindow {
+  RulesThatLook() { program->options.manner.SetClassic(false); }
+  std::string Strip() { return Window().lblNotice.Visible() ? ToUtf8(Window().lblNotice.GetText()) : ""; }
+  /// A collision, a text of three lines and a line to delete.
+  Text ThreeFindings() {
+    return folder.Write("three.srt",
+                        "1\r\n00:00:01,000 --> 00:00:03,000\r\nfirst one here\r\n\r\n"
+                        "2\r\n00:00:02,500 --> 00:00:04,500\r\naa bb\r\ncc\r\ndd\r\n\r\n"
+                        "3\r\n00:00:06,000 --> 00:00:08,000\r\nwww.example.com\r\n\r\n"
+                        "4\r\n00:00:09,000 --> 00:00:11,000\r\nthe last one\r\n\r\n");
+  }
+  std::vector<Caption> All() {
+    std::vector<Caption> all;
+    for (Row row = 1; row < List().Rows(); ++row) all.push_back(List().At(row));
+    return all;
+  }
+};
+
+TEST_F(RulesThatLook, ChangeNothingOnLoadAndTellHowMuchTheyFound) {
+  program->files.OpenSubtitleFile(ThreeFindings());
+  EXPECT_EQ(List().Rows(), 5);
+  EXPECT_EQ(List().GetCaptionStart(2), 2500);
+  EXPECT_EQ(List().GetCaptionText(2), u"aa bb|cc|dd");
+  EXPECT_FALSE(program->document.DocModified);
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+  EXPECT_FALSE(Report().Loaded());
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252 · 3 findings");
+  EXPECT_TRUE(Window().cmdShowFindings.Visible());
+  EXPECT_EQ(Window().cmdShowFindings.GetText(), u"Show");
+  EXPECT_TRUE(Window().cmdApplyFindings.Visible());
+  EXPECT_FALSE(Window().cmdUndoRules.Visible());
+}
+
+TEST_F(RulesThatLook, TellOneFindingAsOneAndNothingOfACleanFile) {
+  program->files.OpenSubtitleFile(Colliding());
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252 · 1 finding");
+  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+  EXPECT_FALSE(Window().cmdShowFindings.Visible());
+  program->options.ApplyWhen = 1;
+  program->files.OpenSubtitleFile(Colliding());
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+}
+
+TEST_F(RulesThatLook, ShowWhatWouldChange) {
+  program->files.OpenSubtitleFile(ThreeFindings());
+  Window().cmdShowFindings.Click();
+  ASSERT_TRUE(Report().Loaded());
+  Report().OnActivated();
+  EXPECT_TRUE(
+      Report().lblTop.GetText().starts_with(u"By the current correction rules, the following would be changed"));
+  EXPECT_EQ(ToUtf8(Report().txtReport.GetText()),
+            "Total lines that would be split: 1\r\nTotal caption collisions: 1\r\n"
+            "Total caption durations outside range: 0\r\nTotal lines that would be removed: 1\r\n\r\n"
+            "CAPTION EXCEEDS 2 LINES [2] would be split\r\n"
+            "LINE COLLISION [2] appear time would be increased 500 ms\r\n"
+            "CREDIT/LINK FOUND [3] line would be deleted\r\n");
+  EXPECT_EQ(List().Rows(), 5);
+}
+
+TEST_F(RulesThatLook, ApplyAsOneStepAndOfferItBack) {
+  program->files.OpenSubtitleFile(ThreeFindings());
+  const std::vector<Caption> before = All();
+  Window().cmdApplyFindings.Click();
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(List().GetCaptionStart(2), 3000);
+  EXPECT_EQ(Strip(), "The rules changed 2 captions");
+  EXPECT_FALSE(Window().cmdApplyFindings.Visible());
+  EXPECT_EQ(program->history.UndoSteps(), 1u);
+  Report().OnActivated();
+  EXPECT_NE(ToUtf8(Report().txtReport.GetText()).find("[2] auto-corrected"), std::string::npos);
+  Window().cmdUndoRules.Click();
+  EXPECT_EQ(All(), before);
+  EXPECT_EQ(Strip(), "");
+}
+
+TEST_F(RulesThatLook, ChangeTheFileWhereTheUserLetsThem) {
+  program->options.RulesOnLoad = true;
+  program->files.OpenSubtitleFile(ThreeFindings());
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(Strip(), "The rules changed 2 captions");
+  EXPECT_TRUE(Window().cmdUndoRules.Visible());
+  // The strip takes back the rules' own step, and nothing that came behind it.
+  Window().mnuRemove.Click();
+  EXPECT_FALSE(Window().cmdUndoRules.Visible());
+  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+}
+
+TEST_F(RulesThatLook, AreSilentAboutAnAppliedPassInTheClassicManner) {
+  program->options.manner.SetClassic(true);
+  program->files.OpenSubtitleFile(ThreeFindings());
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+}
+
 using TheReport = RulesInTheWindow;
+
+TEST_F(TheReport, KeepsTheWordsOfItsLanguage) {
+  program->files.OpenSubtitleFile(Colliding());
+  Report().OnActivated();
+  const Text before = Report().txtReport.GetText();
+  program->ChangeLanguage(1);
+  EXPECT_EQ(Report().txtReport.GetText(), before);
+  EXPECT_EQ(Report().lblTotal.GetText(), Fill(program->strings[188], u"1"));
+}
 
 TEST_F(TheReport, IsEmptiedByEveryChangeOfTheDocument) {
   const auto load = [&] {

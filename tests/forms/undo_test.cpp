@@ -153,6 +153,14 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
   });
 }
 
+TEST_F(UndoInTheWindow, ADialogLeftWithoutAChangeIsNoStep) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  boxes.lines = {u"line 1"};
+  Window().mnuEditSelected.Click();
+  EXPECT_EQ(boxes.asked.size(), 1u);
+  EXPECT_FALSE(Window().mnuUndo.Enabled());
+}
+
 TEST_F(UndoInTheWindow, AnAppendedFileIsOneStep) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   Play(folder.Write("film.mkv", "x"));
@@ -234,6 +242,7 @@ TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
 }
 
 TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
+  program->options.RulesOnLoad = true;
   program->files.OpenSubtitleFile(folder.Write("three.srt",
                                                "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n"
                                                "2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));

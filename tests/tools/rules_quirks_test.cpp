@@ -303,10 +303,8 @@ TEST_F(ReportEntries, MakeTheStandardAndTheDetailedText) {
   const std::string totals =
       "Total lines automatically splitted: 0\r\nTotal caption collisions: 0\r\n"
       "Total caption durations outside range: 0\r\nTotal lines removed: 1\r\n\r\n";
-  EXPECT_EQ(ToUtf8(ReportText(report, strings, ReportForm::Standard)),
-            totals + "CREDIT/LINK FOUND [3] line deleted\r\n");
-  EXPECT_EQ(ToUtf8(ReportText(report, strings, ReportForm::Detailed)),
-            totals + ToUtf8(report.Detailed(0)) + "\r\n---\r\n");
+  EXPECT_EQ(ToUtf8(ReportText(report, ReportForm::Standard)), totals + "CREDIT/LINK FOUND [3] line deleted\r\n");
+  EXPECT_EQ(ToUtf8(ReportText(report, ReportForm::Detailed)), totals + ToUtf8(report.Detailed(0)) + "\r\n---\r\n");
   EXPECT_EQ(ReportTotal(report, strings), u"Total errors and warnings: 1");
   report.ResetRuleReport();
   EXPECT_EQ(ReportTotal(report, strings), u"Total errors and warnings: 0");

@@ -157,6 +157,22 @@ TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
 }
 
+TEST_F(Strip, OffersWhatTheRulesFoundAndTakesItBack) {
+  program->files.OpenSubtitleFile(folder.Write("colliding.srt",
+                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\nfirst one here\r\n\r\n"
+                                               "2\r\n00:00:02,500 --> 00:00:04,500\r\nsecond one\r\n\r\n"));
+  EXPECT_TRUE(Find<QLabel>("lblNotice")->text().endsWith("1 finding"));
+  EXPECT_TRUE(Find<QToolButton>("cmdShowFindings")->isVisible());
+  EXPECT_FALSE(Find<QToolButton>("cmdUndoRules")->isVisible());
+  Find<QToolButton>("cmdApplyFindings")->click();
+  EXPECT_EQ(program->list.GetCaptionStart(2), 3000);
+  EXPECT_FALSE(Find<QToolButton>("cmdApplyFindings")->isVisible());
+  EXPECT_EQ(Find<QLabel>("lblNotice")->text(), "The rules changed 1 caption");
+  Find<QToolButton>("cmdUndoRules")->click();
+  EXPECT_EQ(program->list.GetCaptionStart(2), 2500);
+  EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
+}
+
 TEST_F(Strip, IsGoneWithTheInformationBar) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   program->window.mnuInfoBar.Click();
