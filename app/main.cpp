@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
   MpvPlayer player(library, Post, playerOptions);
   StartEnvironment environment;
   environment.commandLine = commandLine;
-  environment.appFolder = ProgramFolder();
+  environment.appFolder = DataFolder();
   environment.settingsFile = SettingsFilePath();
   environment.registryFile = RegistryFilePath();
   environment.makeTempFolder = MakeRunFolder;

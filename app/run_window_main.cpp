@@ -7,7 +7,6 @@
 #include <cerrno>
 
 #include "core/folders.h"
-#include "core/paths.h"
 #include "forms/run_window.h"
 #include "platform/locale.h"
 #include "platform/posix_files.h"
@@ -30,8 +29,7 @@ class UserStrings {
  public:
   UserStrings() {
     CarryOn step;
-    // This program stands in a folder of its own beside the other one.
-    folders_.AppFolder = FolderOfPath(TextView(ProgramFolder()).substr(0, ProgramFolder().size() - 1));
+    folders_.AppFolder = DataFolder();
     step([&] { languages_.BuildLanguageTable(); });
     step([&] { LoadSettings(store_, options_); });
     step([&] { languages_.LoadStored(); });

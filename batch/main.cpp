@@ -1,8 +1,6 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <array>
-#include <climits>
 #include <string>
 #include <variant>
 #include <vector>
@@ -14,18 +12,10 @@
 #include "batch/stream_files.h"
 #include "core/product.h"
 #include "platform/locale.h"
+#include "platform/user_folders.h"
 
 namespace cuewright {
 namespace {
-
-/// The folder of the running program; empty when the system does not tell it.
-Text ProgramFolder() {
-  std::array<char, PATH_MAX> path{};
-  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0) return {};
-  const std::string whole(path.data(), static_cast<std::size_t>(length));
-  return FromUtf8(whole.substr(0, whole.rfind('/')));
-}
 
 int Complain(const std::string& problem, Console& console) {
   console.Complain("cuewright-batch: " + problem + "\nTry 'cuewright-batch --help'.");
@@ -43,7 +33,7 @@ int Complain(const std::string& problem, Console& console) {
   if (request.quiet) console.SetQuiet();
   StreamFiles files;
   Session session(request, files, console, AnsiCodePageOfLocale());
-  const bool started = session.Start(ProgramFolder());
+  const bool started = session.Start(DataFolder());
   End(started ? RunCommand(request, session, console) : kExitUsage, console);
 }
 

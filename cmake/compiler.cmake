@@ -1,7 +1,7 @@
 # Warnings, sanitizers, the compiler cache and the linker, the same for every target.
 add_library(cuewright_compiler INTERFACE)
 target_compile_options(cuewright_compiler INTERFACE
-  -Wall -Wextra -Wpedantic -Werror
+  -Wall -Wextra -Wpedantic $<$<BOOL:${CUEWRIGHT_WERROR}>:-Werror>
   -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wundef
   -Wimplicit-fallthrough -Wextra-semi
   -fno-plt -fstack-protector-strong)

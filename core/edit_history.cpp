@@ -153,8 +153,10 @@ void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, b
 void EditHistory::Begin(DocumentBaseline baseline) {
   Forget();
   keeping_ = true;
-  if (baseline == DocumentBaseline::File) savedAt_ = 0;
-  if (baseline != DocumentBaseline::None) savedPrint_ = Fingerprint();
+  if (baseline != DocumentBaseline::None) {
+    savedAt_ = 0;
+    savedPrint_ = Fingerprint();
+  }
   Changed();
 }
 

@@ -305,8 +305,12 @@ bool FileActions::SaveDocument() {
   while (untimed < p_.list.Rows() && p_.list.IsCaptionTimed(untimed)) ++untimed;
   if (untimed < p_.list.Rows()) {
     const Text question = p_.strings[80] + u"\r\n\r\n" + p_.strings[81];
-    const bool whole = ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::Yes;
-    if (!whole) lastRow = untimed - 1;
+    // No leaves captions out, so it is no harmless answer.
+    const bool harmless = p_.options.manner.EscapeIsHarmless();
+    const BoxButtons buttons = harmless ? BoxButtons::YesNoCancel : BoxButtons::YesNo;
+    const BoxAnswer answer = ports_.messages.Show({question, BoxIcon::Question, buttons});
+    if (harmless && answer == BoxAnswer::Cancel) return false;
+    if (answer != BoxAnswer::Yes) lastRow = untimed - 1;
   }
   const Text path = p_.document.SubtitlePath;
   const auto remember = [&] {

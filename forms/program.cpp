@@ -186,12 +186,11 @@ void Program::ConnectHistory() {
 }
 
 void Program::ConnectTitle() {
-  title.unsaved = [this] { return document.DocModified; };
-  for (Signal<>* changed : {&list.CommandEnded, &history.Changed, &files.DocumentOpened, &files.DocumentClosed,
-                            &dialogs.settings.Closed}) {
+  title.unsaved = [this] { return !history.AtSavedStep() && document.HasDocument(); };
+  for (Signal<>* changed :
+       {&list.CommandEnded, &history.Changed, &files.DocumentOpened, &files.DocumentClosed, &dialogs.settings.Closed}) {
     changed->Connect([this] { title.Show(); });
   }
-  files.Saved.Connect([this](bool) { title.Show(); });
 }
 
 void Program::ConnectJournal() {

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string>
 
+#include "core/paths.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -86,6 +87,16 @@ Text ProgramFolder() {
   if (length <= 0) return u"./";
   const std::string file(path.data(), static_cast<std::size_t>(length));
   return FromUtf8(file.substr(0, file.rfind('/') + 1));
+}
+
+Text DataFolder() {
+  const std::filesystem::path own(ToUtf8(ProgramFolder()));
+  std::error_code ignored;
+  for (const char* place : {"", "../", CUEWRIGHT_DATA_FROM_BIN, CUEWRIGHT_DATA_FROM_LIBEXEC}) {
+    const std::filesystem::path folder = (own / place).lexically_normal();
+    if (std::filesystem::exists(folder / "formats.dat", ignored)) return WithSlash(FromUtf8(folder.string()));
+  }
+  return ProgramFolder();
 }
 
 Text AbsoluteIfExists(TextView path) {

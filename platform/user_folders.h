@@ -30,6 +30,10 @@ Text WineSystemFolder();
 /// The folder that the program's own file stands in, with a "/" at the end.
 Text ProgramFolder();
 
+/// The folder of the files that the programs share (the formats, languages and help), with a "/" at its end: beside the
+/// program in a build, in the data folder of the prefix once it is installed.
+Text DataFolder();
+
 /// The path of an existing file made absolute; a text that is no existing file's path stays.
 Text AbsoluteIfExists(TextView path);
 

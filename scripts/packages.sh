@@ -3,7 +3,7 @@
 packages_build="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-base-dev-tools qt6-svg-dev libxcb1-dev libmpv-dev libicu-dev libhunspell-dev libgtest-dev libgmock-dev libbenchmark-dev"
 packages_run="qt6-qpa-plugins qt6-wayland qt6-translations-l10n libqt6svg6 libmpv2 ffmpeg fonts-dejavu-core libhunspell-1.7-0 hunspell-en-us"
 packages_display="fonts-vlgothic fonts-tlwg-loma-ttf xvfb xauth xdotool openbox x11-utils imagemagick dbus dbus-x11 at-spi2-core python3 python3-pyatspi"
-packages_check="clang-format clang-tidy clang libclang-rt-14-dev"
+packages_check="appstream desktop-file-utils clang-format clang-tidy clang libclang-rt-14-dev"
 
 say() { printf '%s: %s\n' "${0##*/}" "$*"; }
 fail() { printf '%s: %s\n' "${0##*/}" "$*" >&2; exit 1; }

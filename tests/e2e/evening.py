@@ -292,9 +292,35 @@ def the_classic_manner_closes_one_caption_silently(s):
     assert s.read("a.srt") == before
 
 
+def escape_at_captions_without_times_cuts_nothing_off(s):
+    before = subrip(["Hello", "there", "you"]).replace("00:00:02,000 --> 00:00:02,500", "00:00:00,000 --> 00:00:00,000")
+    s.start(s.write("a.srt", before))
+    s.wait_rows(3)
+    s.type_into_pane("A night's work")
+    desktop.key("ctrl+s")
+    s.box("captions without timing")
+    desktop.key("Escape")
+    desktop.wait_for("the box to go", lambda: not any("without timing" in l.name for l in s.program.all("label")))
+    assert s.read("a.srt") == before
+    s.close()
+    s.box(QUESTION)
+    s.press_button("Yes")
+    s.box("captions without timing")
+    desktop.key("Escape")
+    s.still_open()
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    s.box("captions without timing")
+    s.press_button("Yes")
+    desktop.wait_for("the whole file", lambda: "A night's work" in s.read("a.srt") and "you" in s.read("a.srt"))
+    s.close()
+    s.wait_end()
+
+
 SCENES = [a_text_is_timed_and_closed_with_yes, looking_asks_nothing, escape_at_the_question_keeps_everything,
           no_at_the_question_leaves_the_file, one_caption_is_work_too, save_as_and_think_better_of_it,
           the_disk_is_full_at_the_last_moment, a_folder_that_went_away,
+          escape_at_captions_without_times_cuts_nothing_off,
           the_classic_manner_closes_one_caption_silently]
 
 

@@ -162,6 +162,25 @@ TEST_F(QuestionBeforeLoss, ComesWhileCaptionsWereLeftOutOfTheFile) {
   EXPECT_TRUE(Asks());
 }
 
+TEST_F(QuestionBeforeLoss, TheQuestionOfCaptionsWithoutTimesCanBeLeft) {
+  const std::string before = folder.Read("a.srt");
+  Type(u"a night's work");
+  List().ClearCaptionTiming(2, true);
+  boxes.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
+  program->files.Close();
+  EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNoCancel);
+  EXPECT_TRUE(program->document.HasDocument());
+  EXPECT_EQ(folder.Read("a.srt"), before);
+}
+
+TEST_F(QuestionBeforeLoss, ClassicThatQuestionHasTwoAnswers) {
+  Classic();
+  List().ClearCaptionTiming(2, true);
+  program->files.Save();
+  EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNo);
+  EXPECT_EQ(folder.Read("a.srt").find("line 2"), std::string::npos);
+}
+
 struct YesToTheQuestion : QuestionBeforeLoss {
   YesToTheQuestion() { Type(u"a night's work"); }
 };
