@@ -7,7 +7,7 @@ mkdir -p "$2"
 folder=$(realpath "$2")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-CUEWRIGHT_SHEETS=$work QT_QPA_PLATFORM=offscreen "$test_ui" --gtest_filter='*EveryLanguage*-*EveryDetail*' --gtest_brief=1
+CUEWRIGHT_SHEETS=$work SCREEN=1920x1080 scripts/virtual_display.sh env QT_QPA_PLATFORM=xcb "$test_ui" --gtest_filter='*EveryLanguage*-*EveryDetail*' --gtest_brief=1
 for language in $(find "$work" -name '*_HasRoomInTheMainWindow_01.png' -printf '%f\n' | sed 's/_HasRoom.*//'); do
   # Pictures of one window that are the same would only fill the sheet.
   mapfile -t pictures < <(find "$work" -name "${language}_HasRoom*.png" | sort | xargs md5sum | sort -u -k1,1 | awk '{print $2}' | sort)

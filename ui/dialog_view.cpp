@@ -72,9 +72,13 @@ void DialogView::FitContent() {
   QSize needed = layout()->totalSizeHint();
   if (layout()->hasHeightForWidth())
     needed.setHeight(std::max(needed.height(), layout()->totalHeightForWidth(needed.width())));
-  // What is higher than the screen scrolls inside, and needs room for the bar.
-  if (const int room = RoomOnScreen(*this).height(); needed.height() > room) {
-    needed = {needed.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), room};
+  // What is larger than the screen scrolls inside, and needs room for the bar.
+  const QSize room = RoomOnScreen(*this);
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const bool scrolls = findChild<ContentScroll*>() != nullptr;
+  if (needed.height() > room.height()) needed = {needed.width() + (scrolls ? bar : 0), room.height()};
+  if (scrolls && needed.width() > room.width()) {
+    needed = {room.width(), std::min(needed.height() + bar, room.height())};
   }
   setMinimumSize(needed);
 }

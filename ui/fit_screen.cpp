@@ -4,11 +4,12 @@
 #include <QLayout>
 #include <QScreen>
 #include <QScrollBar>
+#include <algorithm>
 
 namespace cuewright {
 namespace {
 
-constexpr QSize kFrame(16, 40);
+constexpr QSize kFrame(4, 40);
 constexpr int kLeastLines = 6;
 
 }  // namespace
@@ -17,7 +18,6 @@ QSize RoomOnScreen(const QWidget& window) { return window.screen()->availableGeo
 
 ContentScroll::ContentScroll(QWidget* content, QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
   setWidgetResizable(true);
   setWidget(content);
@@ -32,7 +32,8 @@ QSize ContentScroll::sizeHint() const {
 }
 
 QSize ContentScroll::minimumSizeHint() const {
-  return {widget()->minimumSizeHint().width(), fontMetrics().lineSpacing() * kLeastLines};
+  const int least = fontMetrics().lineSpacing() * kLeastLines;
+  return {std::min(widget()->minimumSizeHint().width(), 4 * least), least};
 }
 
 }  // namespace cuewright

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/fit_screen.h"
 #include "ui/link_button.h"
 #include "ui/qt_colour.h"
 #include "ui/qt_text.h"
@@ -95,9 +96,11 @@ QWidget* FormatView::MakePanels() {
   auto* column = new QVBoxLayout(area);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(MakeHeading("lblTop", area));
-  auto* stack = new QGridLayout;
+  auto* place = new QWidget(area);
+  auto* stack = new QGridLayout(place);
+  stack->setContentsMargins(0, 0, 0, 0);
   for (QWidget* panel : {MakeDvd(), MakeSami(), MakeSsa()}) stack->addWidget(panel, 0, 0);
-  column->addLayout(stack, 1);
+  column->addWidget(new ContentScroll(place, area), 1);
   return area;
 }
 

@@ -278,7 +278,8 @@ TEST_F(RealBarTest, TheMarksOfTheCaptionStandOutFromAWaveOfAnyColour) {
 
 TEST_F(RealBarTest, TheHintGoesWhenThePointerLeavesTheWave) {
   Captions();
-  Bar().LoadWaveFile(WaveOf(Film(14), "bar.wav"));
+  program->playerBinding.LoadVideoFile(Film(14));
+  Bar().LoadWaveFile(WaveOf(film, "bar.wav"));
   program->list.SetRow(1, false);
   auto* wave = Find("picWave");
   const QPointF at(Bar().Marks().start + 2, 30);
