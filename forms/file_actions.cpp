@@ -12,6 +12,7 @@ namespace {
 constexpr int kLastClipboardLine = 32000;
 constexpr std::size_t kClipboardTooMuch = 1038;
 constexpr std::uint8_t kPlainTextIndex = 0;
+constexpr std::size_t kCancelSavesNothing = 1084;
 
 constexpr TextView kVideoFilter =
     u"All media types|*.mpeg;*.mpg;*.mpe;*.m1v;*.mp2v;*.mpeg2;*.mp4;*.wmv;*.wm;*.asf;*.avi;*.divx;*.xvid;*.mkv;*.ogm|"
@@ -304,18 +305,18 @@ bool FileActions::SaveDocument() {
   Row untimed = 1;
   while (untimed < p_.list.Rows() && p_.list.IsCaptionTimed(untimed)) ++untimed;
   if (untimed < p_.list.Rows()) {
-    const Text question = p_.strings[80] + u"\r\n\r\n" + p_.strings[81];
-    // No leaves captions out, so it is no harmless answer.
-    const bool harmless = p_.options.manner.EscapeIsHarmless();
-    const BoxButtons buttons = harmless ? BoxButtons::YesNoCancel : BoxButtons::YesNo;
+    Text question = p_.strings[80] + u"\r\n\r\n" + p_.strings[81];
+    // No leaves captions out of the file: who only wants the box away must not lose them.
+    const bool mayCancel = p_.options.manner.EscapeIsHarmless();
+    if (mayCancel) question += u" " + p_.strings[kCancelSavesNothing];
+    const BoxButtons buttons = mayCancel ? BoxButtons::YesNoCancel : BoxButtons::YesNo;
     const BoxAnswer answer = ports_.messages.Show({question, BoxIcon::Question, buttons});
-    if (harmless && answer == BoxAnswer::Cancel) return false;
+    if (mayCancel && answer == BoxAnswer::Cancel) return false;
     if (answer != BoxAnswer::Yes) lastRow = untimed - 1;
   }
   const Text path = p_.document.SubtitlePath;
   const auto remember = [&] {
-    p_.recall.SavePath(path);
-    p_.recall.Remember(u"TFileName", p_.window.mnuTFileName, path);
+    p_.recall.Keep(u"TFileName", p_.window.mnuTFileName, path);
   };
   // A path under which nothing was written is none to come back to.
   const bool first = !p_.options.manner.KeepsTheSource();

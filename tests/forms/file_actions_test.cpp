@@ -187,6 +187,37 @@ TEST_F(Saving, AnUntimedCaptionAsksAndNoLeavesItAndTheRestOut) {
   EXPECT_NE(saved.find("line 4"), std::string::npos);
 }
 
+TEST_F(Saving, CancelAtAnUntimedCaptionWritesNothing) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  const std::string before = folder.Read("a.srt");
+  List().SetCaptionStart(3, 0, false);
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.Save();
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNoCancel);
+  EXPECT_NE(LastBox().find("Press CANCEL to save nothing."), std::string::npos);
+  EXPECT_EQ(folder.Read("a.srt"), before);
+  // Nor is anything saved under another name, and the document keeps its own.
+  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  dialogs.paths = {folder / "b.srt"};
+  boxes.answers = {BoxAnswer::Cancel};
+  program->files.SaveAs();
+  EXPECT_FALSE(files.Exists(folder / "b.srt"));
+  EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
+  EXPECT_EQ(List().Rows(), 5);
+}
+
+TEST_F(Saving, InTheClassicMannerOnlyYesAndNoAreAskedAtAnUntimedCaption) {
+  program->options.manner.SetClassic(true);
+  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  List().SetCaptionStart(3, 0, false);
+  boxes.answers = {BoxAnswer::No};
+  program->files.Save();
+  EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNo);
+  EXPECT_EQ(LastBox().find("CANCEL"), std::string::npos);
+  EXPECT_EQ(folder.Read("a.srt").find("line 3"), std::string::npos);
+}
+
 TEST_F(Saving, APlainTextAsksForAFormat) {
   program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
   ASSERT_EQ(List().Rows(), 3);
