@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace cuewright {
 namespace {
@@ -12,29 +13,35 @@ constexpr int kOutliersForJump = 3;
 constexpr double kLeastGain = 0.1;     // share of a new measurement once many are in
 constexpr double kLongestBlind = 0.5;  // without any sample the clock runs on for so long
 constexpr double kPauseCorrection = 0.25;
+constexpr double kRemembered = 10;  // seconds of history: no window is busy for longer
 
 }  // namespace
 
 bool MpvClock::Track::Moves(double now) const { return moved > 0 && now - moved < kStandstill; }
 
-void MpvClock::Hold(double position) {
+void MpvClock::Hold(double position, double now) {
   const std::lock_guard lock(mutex_);
+  // The samples may not have reached the end of the run yet.
+  if (mode_ == Mode::Running) Remember(now, PositionLocked(now), true);
   ++epoch_;
   mode_ = Mode::Held;
   stand_ = position;
+  Remember(now, stand_, false);
 }
 
-void MpvClock::Run() {
+void MpvClock::Run(double now) {
   const std::lock_guard lock(mutex_);
   if (mode_ == Mode::Running) return;
   ++epoch_;
   mode_ = Mode::Running;
+  Remember(now, stand_, true);
   audio_ = {};
   picture_ = {};
   byAudio_ = false;
   offset_.reset();
   measured_ = 0;
   outliers_ = 0;
+  picturesLate_ = false;
 }
 
 void MpvClock::Pause(double now) {
@@ -43,6 +50,7 @@ void MpvClock::Pause(double now) {
   stand_ = PositionLocked(now);
   ++epoch_;
   mode_ = Mode::Pausing;
+  Remember(now, stand_, false);
 }
 
 void MpvClock::SetFrameDuration(double seconds) {
@@ -63,14 +71,25 @@ std::uint64_t MpvClock::Epoch() const {
 void MpvClock::Add(std::uint64_t epoch, const ClockSample& sample) {
   const std::lock_guard lock(mutex_);
   if (epoch != epoch_) return;
-  if (mode_ == Mode::Running && !sample.paused) AddRunning(sample);
+  if (mode_ == Mode::Running && !sample.paused) {
+    AddRunning(sample);
+    Remember(sample.time, Reckoned(sample.time), true);
+  }
   if (mode_ == Mode::Pausing && sample.paused) {
     if (sample.audio && std::abs(*sample.audio - stand_) < kPauseCorrection) stand_ = *sample.audio;
+    // The film has stood there since it paused.
+    if (!history_.empty()) history_.back().position = stand_;
     mode_ = Mode::Held;
   }
 }
 
 void MpvClock::AddRunning(const ClockSample& sample) {
+  if (sample.idle) {
+    // The film stands; from where it does, it will go on.
+    offset_.reset();
+    picture_ = {};
+    return;
+  }
   if (sample.audio) AddAudio(sample);
   // The sound may end before the picture: from then on its position lacks or stands, and the picture leads.
   const bool soundLacks = !sample.audio || !audio_.Moves(sample.time);
@@ -100,10 +119,12 @@ void MpvClock::AddAudio(const ClockSample& sample) {
 void MpvClock::AddPicture(const ClockSample& sample) {
   const bool moved = picture_.value && *sample.picture > *picture_.value;
   const double before = picture_.seen;
+  // Late is a step that took longer than the film's own time between the two pictures.
+  if (moved) picturesLate_ = sample.time - picture_.moved > *sample.picture - *picture_.value + frameDuration_ / 2;
+  if (moved || !picture_.value) picture_.moved = sample.time;
   picture_.value = sample.picture;
   picture_.seen = sample.time;
   if (!moved) return;
-  picture_.moved = sample.time;
   if (byAudio_) return;
   // The step was somewhere between this sample and the one before.
   Measure(*sample.picture - (before + sample.time) / 2);
@@ -128,17 +149,42 @@ double MpvClock::Position(double now) {
   return PositionLocked(now);
 }
 
-double MpvClock::PositionLocked(double now) {
-  if (mode_ != Mode::Running) return stand_;
-  double position = stand_;
-  if (offset_) {
-    const Track& track = byAudio_ ? audio_ : picture_;
-    const double unseen = std::clamp(now - track.seen, 0.0, kLongestBlind);
-    const double furthest = track.value.value_or(stand_) + unseen + (byAudio_ ? kStandstill : frameDuration_);
-    position = std::min(*offset_ + now, furthest);
+double MpvClock::PositionAt(double instant) {
+  const std::lock_guard lock(mutex_);
+  const auto next = std::upper_bound(history_.begin(), history_.end(), instant,
+                                     [](double time, const Point& point) { return time < point.time; });
+  if (next == history_.end()) {
+    if (mode_ != Mode::Running) return stand_;
+    return history_.empty() ? Reckoned(instant) : std::max(history_.back().position, Reckoned(instant));
   }
-  stand_ = std::max(stand_, position);
+  if (next == history_.begin()) return next->position;
+  const Point& before = *std::prev(next);
+  if (!before.moves) return before.position;
+  return std::lerp(before.position, next->position, (instant - before.time) / (next->time - before.time));
+}
+
+void MpvClock::Remember(double time, double position, bool moves) {
+  // A sample tells of an instant a little before it comes in, which may lie before a change that came meanwhile.
+  if (!history_.empty()) {
+    time = std::max(time, history_.back().time);
+    if (history_.back().moves && mode_ == Mode::Running) position = std::max(position, history_.back().position);
+  }
+  history_.push_back({time, position, moves});
+  while (history_.front().time < time - kRemembered) history_.pop_front();
+}
+
+double MpvClock::PositionLocked(double now) {
+  if (mode_ == Mode::Running) stand_ = std::max(stand_, Reckoned(now));
   return stand_;
+}
+
+double MpvClock::Reckoned(double time) const {
+  if (!offset_) return stand_;
+  const Track& track = byAudio_ ? audio_ : picture_;
+  const double unseen = std::clamp(time - track.seen, 0.0, kLongestBlind);
+  const double shown = byAudio_ || picturesLate_ ? 0 : track.seen - track.moved;
+  const double furthest = track.value.value_or(stand_) + shown + unseen + (byAudio_ ? kStandstill : frameDuration_);
+  return std::min(*offset_ + time, furthest);
 }
 
 }  // namespace cuewright

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <optional>
 
@@ -12,6 +13,7 @@ struct ClockSample {
   std::optional<double> audio;    ///< position of the sound that is heard, seconds
   std::optional<double> picture;  ///< position of the picture that is shown, seconds: steps by frames
   bool paused = false;
+  bool idle = false;  ///< nothing plays although nobody paused it: the player waits for the file
 };
 
 /// The player's position at any instant, from samples that come now and then: smooth between them, and never
@@ -20,15 +22,16 @@ struct ClockSample {
 class MpvClock {
  public:
   /// Stands at a position and ignores samples: nothing open, loading, seeking, stopped.
-  void Hold(double position);
+  void Hold(double position, double now);
 
   /// The film plays on from where the clock stands, as the samples will show.
-  void Run();
+  void Run(double now);
 
   /// Stands where it is; the first sample of the paused player corrects it.
   void Pause(double now);
 
-  /// Length of one frame in seconds: without sound the clock is at most this far ahead of the picture's sample.
+  /// Length of one frame in seconds. Where the pictures come late, the clock without sound is at most this far ahead of
+  /// the one on show; else a picture may be meant to stay for longer.
   void SetFrameDuration(double seconds);
 
   /// True while samples matter.
@@ -42,6 +45,10 @@ class MpvClock {
   /// Position in seconds at an instant of the monotonic clock.
   double Position(double now);
 
+  /// Where the film was at an instant of the last seconds, whatever has become of it since: a key that is handled late
+  /// counts where it was pressed. For an instant that the samples haven't reached, the same as `Position`.
+  double PositionAt(double instant);
+
  private:
   enum class Mode { Held, Running, Pausing };
 
@@ -53,11 +60,20 @@ class MpvClock {
     bool Moves(double now) const;
   };
 
+  /// Where the clock was, and whether it moved on from there.
+  struct Point {
+    double time = 0;
+    double position = 0;
+    bool moves = false;
+  };
+
   void AddRunning(const ClockSample& sample);
   void AddAudio(const ClockSample& sample);
   void AddPicture(const ClockSample& sample);
   void Measure(double offset);
   double PositionLocked(double now);
+  double Reckoned(double time) const;
+  void Remember(double time, double position, bool moves);
 
   mutable std::mutex mutex_;
   std::uint64_t epoch_ = 0;
@@ -70,6 +86,8 @@ class MpvClock {
   int measured_ = 0;
   int outliers_ = 0;
   double frameDuration_ = 0.04;
+  bool picturesLate_ = false;
+  std::deque<Point> history_;  // in the order of time
 };
 
 }  // namespace cuewright

@@ -165,6 +165,7 @@ void MpvCore::Handle(const mpv_event& event) {
       break;
     case MPV_EVENT_FILE_LOADED:
       Tell({.kind = MpvNews::Kind::Opened});
+      TellOfFile();
       break;
     case MPV_EVENT_SEEK:
       begunSeek_ = queuedSeek_;
@@ -186,6 +187,18 @@ void MpvCore::Handle(const mpv_event& event) {
     default:
       break;
   }
+}
+
+void MpvCore::TellOfFile() {
+  // What is the same as with the file before is no change, and the library doesn't announce it.
+  const auto tell = [this](const char* property, MpvNews::Kind kind) {
+    double number = 0;
+    if (api_.get_property(handle_, property, MPV_FORMAT_DOUBLE, &number) >= 0) Tell({.kind = kind, .number = number});
+  };
+  tell("duration", MpvNews::Kind::Duration);
+  tell("container-fps", MpvNews::Kind::FrameRate);
+  tell("current-tracks/audio/ff-index", MpvNews::Kind::AudioTrack);
+  Tell({.kind = MpvNews::Kind::Seekable, .flag = ReadFlag(api_, handle_, "seekable")});
 }
 
 void MpvCore::OnReply(const mpv_event& event) {

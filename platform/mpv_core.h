@@ -68,6 +68,7 @@ class MpvCore {
   bool Command(std::uint64_t reply, std::initializer_list<const char*> words);
   void Run();
   void Handle(const mpv_event& event);
+  void TellOfFile();
   void OnReply(const mpv_event& event);
   void OnEnd(const mpv_event_end_file& end);
   void OnProperty(const mpv_event_property& property);

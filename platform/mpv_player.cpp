@@ -153,7 +153,7 @@ void MpvPlayer::Forget() {
   duration_ = 0;
   audioTrack_ = -1;
   wish_ = Wish::Stop;
-  clock_.Hold(0);
+  clock_.Hold(0, Now());
 }
 
 void MpvPlayer::Close() {
@@ -201,12 +201,11 @@ void MpvPlayer::Play() {
     Open(std::string(path_));
     return;
   }
-  const bool nothingLeft = atEnd_ || (duration_ > 0 && CurrentPosition() > duration_ - kNothing);
-  if (opened_ && seekable_ && nothingLeft) SeekTo(0, true);
+  if (opened_ && seekable_ && AtEnd()) SeekTo(0, true);
   wish_ = Wish::Play;
   core_->SetFlag("pause", false);
   if (!loading_ && !seeking_) {
-    clock_.Run();
+    clock_.Run(Now());
     sampler_->Wake();
   }
   UpdateState();
@@ -225,7 +224,7 @@ void MpvPlayer::Stop() {
   wish_ = Wish::Stop;
   startAt_.reset();
   core_->SetFlag("pause", true);
-  clock_.Hold(0);
+  clock_.Hold(0, Now());
   if (opened_ && seekable_) {
     SeekTo(0, false);
   } else if (opened_) {
@@ -236,6 +235,8 @@ void MpvPlayer::Stop() {
   }
   UpdateState();
 }
+
+bool MpvPlayer::AtEnd() const { return atEnd_ || (duration_ > 0 && CurrentPosition() > duration_ - kNothing); }
 
 double MpvPlayer::CurrentPosition() const {
   lastReadAt_ = Now();
@@ -249,11 +250,13 @@ void MpvPlayer::SetCurrentPosition(double seconds) {
   if (duration_ > 0) seconds = std::min(seconds, duration_);
   if (!opened_ && loading_) {
     startAt_ = seconds;
-    clock_.Hold(seconds);
+    clock_.Hold(seconds, Now());
   } else if (opened_ && seekable_) {
     SeekTo(seconds, true);
   }
 }
+
+double MpvPlayer::PositionAt(double instant) const { return clock_.PositionAt(instant); }
 
 Text MpvPlayer::CurrentPositionString() const {
   // Who reads number and text one after the other gets both of the same instant.
@@ -276,7 +279,7 @@ void MpvPlayer::SeekTo(double seconds, bool announce) {
   target_ = seconds;
   atEnd_ = false;
   ++seek_;
-  clock_.Hold(seconds);
+  clock_.Hold(seconds, Now());
   if (!core_->Seek(seek_, seconds)) seeking_ = false;
 }
 
@@ -359,7 +362,7 @@ void MpvPlayer::OnLanded(std::uint64_t seek, bool atEnd) {
     }
     // The library pauses by itself at the end of the film, which a seek may have crossed.
     core_->SetFlag("pause", false);
-    clock_.Run();
+    clock_.Run(Now());
     sampler_->Wake();
   }
   const std::uint64_t load = load_;
@@ -384,7 +387,7 @@ void MpvPlayer::OnGone() {
   loading_ = false;
   seeking_ = false;
   wish_ = Wish::Stop;
-  clock_.Hold(0);
+  clock_.Hold(0, Now());
   UpdateState();
 }
 

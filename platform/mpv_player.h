@@ -60,9 +60,11 @@ class MpvPlayer final : public Player, public VideoFrames {
   void Pause() override;
   void Stop() override;
   double CurrentPosition() const override;
+  double PositionAt(double instant) const override;
   void SetCurrentPosition(double seconds) override;
   Text CurrentPositionString() const override;
   double Duration() const override { return duration_; }
+  bool AtEnd() const override;
   int AudioTrack() const override { return audioTrack_; }
 
   VideoOutput Output() const override { return output_; }

@@ -58,10 +58,14 @@ void MpvSampler::Sample() {
     if (api_.get_property(handle_, property, MPV_FORMAT_DOUBLE, &value) < 0) return std::nullopt;
     return value;
   };
+  const auto flag = [this](const char* property) {
+    int value = 0;
+    return api_.get_property(handle_, property, MPV_FORMAT_FLAG, &value) >= 0 && value != 0;
+  };
   const std::uint64_t epoch = clock_.Epoch();
   ClockSample sample;
-  int paused = 0;
-  sample.paused = api_.get_property(handle_, "pause", MPV_FORMAT_FLAG, &paused) >= 0 && paused != 0;
+  sample.paused = flag("pause");
+  sample.idle = flag("core-idle");
   sample.picture = number("time-pos");
   const double before = Now();
   sample.audio = number("audio-pts");

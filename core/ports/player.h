@@ -53,12 +53,18 @@ class Player {
   /// Seconds. Smooth to the millisecond; never runs backward while playing without a seek.
   virtual double CurrentPosition() const = 0;
   virtual void SetCurrentPosition(double seconds) = 0;
+  /// Where the film was at an instant of the last seconds, by the steady clock in seconds. A player that keeps no
+  /// history says where it is.
+  virtual double PositionAt(double /*instant*/) const { return CurrentPosition(); }
 
   /// The position as "MM:SS", or "H:MM:SS" from one hour on.
   virtual Text CurrentPositionString() const = 0;
 
   /// Length of the open media in seconds; 0 when unknown.
   virtual double Duration() const = 0;
+
+  /// The film stands where nothing of it is left to play: playing on begins it anew.
+  virtual bool AtEnd() const { return Duration() > 0 && CurrentPosition() >= Duration(); }
 
   /// Number of the stream in the file that is heard; -1 when unknown.
   virtual int AudioTrack() const { return -1; }

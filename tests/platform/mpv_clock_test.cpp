@@ -19,7 +19,7 @@ double FrameAt(double position, double frame) { return std::floor(position / fra
 
 TEST(MpvClock, StandsAtTheHeldPositionWhateverTheSamplesSay) {
   MpvClock clock;
-  clock.Hold(3.333);
+  clock.Hold(3.333, kStart);
   Feed(clock, kStart, 3.18, 3.36);
   Feed(clock, kStart + 0.01, 3.19, 3.36);
   EXPECT_DOUBLE_EQ(clock.Position(kStart + 5), 3.333);
@@ -28,8 +28,8 @@ TEST(MpvClock, StandsAtTheHeldPositionWhateverTheSamplesSay) {
 
 TEST(MpvClock, FollowsTheSoundToTheMillisecondBetweenSamples) {
   MpvClock clock;
-  clock.Hold(0);
-  clock.Run();
+  clock.Hold(0, kStart);
+  clock.Run(kStart);
   for (int i = 0; i < 100; ++i) {
     const double time = kStart + i * 0.005;
     Feed(clock, time, 2 + i * 0.005, FrameAt(2 + i * 0.005, 0.04));
@@ -41,7 +41,7 @@ TEST(MpvClock, FollowsTheSoundToTheMillisecondBetweenSamples) {
 
 TEST(MpvClock, SmoothsJitterOfTheSound) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   std::mt19937 random(7);
   std::uniform_real_distribution<double> jitter(-0.004, 0.004);
   for (int i = 0; i < 400; ++i) {
@@ -55,7 +55,7 @@ TEST(MpvClock, SmoothsJitterOfTheSound) {
 
 TEST(MpvClock, NeverRunsBackwardWhenTheSoundIsFoundBehind) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 20; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
   const double before = clock.Position(kStart + 0.1);
   for (int i = 20; i < 60; ++i) {
@@ -67,30 +67,61 @@ TEST(MpvClock, NeverRunsBackwardWhenTheSoundIsFoundBehind) {
 
 TEST(MpvClock, DoesNotRunAheadBeforeTheSoundMoves) {
   MpvClock clock;
-  clock.Hold(1);
-  clock.Run();
+  clock.Hold(1, kStart);
+  clock.Run(kStart);
   for (int i = 0; i < 30; ++i) Feed(clock, kStart + i * 0.005, 1.0, 1.0);
   EXPECT_NEAR(clock.Position(kStart + 0.15), 1.0, 0.001);
 }
 
-TEST(MpvClock, FollowsThePictureWithoutSoundAndIsAtMostOneFrameAhead) {
+TEST(MpvClock, FollowsThePictureWithoutSound) {
   MpvClock clock;
   clock.SetFrameDuration(0.04);
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 100; ++i) {
     const double position = i * 0.005;
     Feed(clock, kStart + position, {}, FrameAt(position, 0.04));
     EXPECT_NEAR(clock.Position(kStart + position), position, 0.004);
   }
-  // The picture stands from here on.
-  for (int i = 100; i < 150; ++i) Feed(clock, kStart + i * 0.005, {}, 0.48);
-  EXPECT_LE(clock.Position(kStart + 150 * 0.005), 0.48 + 0.04 + 0.005);
+  // The player waits for the file from here on.
+  const double stood = clock.Position(kStart + 0.495);
+  for (int i = 100; i < 150; ++i) {
+    clock.Add(clock.Epoch(), {.time = kStart + i * 0.005, .audio = {}, .picture = 0.48, .idle = true});
+  }
+  EXPECT_NEAR(clock.Position(kStart + 150 * 0.005), stood, 0.006);
+}
+
+TEST(MpvClock, RunsOnUnderAPictureThatStaysLongerThanAFrame) {
+  MpvClock clock;
+  clock.SetFrameDuration(0.04);
+  clock.Run(kStart);
+  for (int i = 0; i < 1200; ++i) {
+    const double position = i * 0.005;
+    // The first picture stays for a second and the others for 400 ms.
+    const double shown = position < 1 ? 0 : 1 + FrameAt(position - 1, 0.4);
+    Feed(clock, kStart + position, {}, shown);
+    EXPECT_NEAR(clock.Position(kStart + position), position, 0.006) << position;
+  }
+}
+
+TEST(MpvClock, IsAtMostOneFrameAheadOfPicturesThatComeLate) {
+  MpvClock clock;
+  clock.SetFrameDuration(0.04);
+  clock.Run(kStart);
+  // Each picture is on show for three times as long as it should be.
+  for (int i = 0; i < 1000; ++i) {
+    const double time = i * 0.005;
+    const double shown = FrameAt(time / 3, 0.04);
+    Feed(clock, kStart + time, {}, shown);
+    if (time > 0.2) {
+      EXPECT_LE(clock.Position(kStart + time), shown + 0.09) << time;
+    }
+  }
 }
 
 TEST(MpvClock, GoesOnWithThePictureWhenTheSoundEndsFirst) {
   MpvClock clock;
   clock.SetFrameDuration(0.04);
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 400; ++i) {
     const double position = i * 0.005;
     const bool sound = position < 0.7;
@@ -104,7 +135,7 @@ TEST(MpvClock, GoesOnWithThePictureWhenTheSoundEndsFirst) {
 TEST(MpvClock, GoesOnWithThePictureWhenTheSoundStands) {
   MpvClock clock;
   clock.SetFrameDuration(0.04);
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 400; ++i) {
     const double position = i * 0.005;
     Feed(clock, kStart + position, std::min(position, 0.7), FrameAt(position, 0.04));
@@ -117,7 +148,7 @@ TEST(MpvClock, GoesOnWithThePictureWhenTheSoundStands) {
 TEST(MpvClock, ChangesToTheSoundWhenItBegins) {
   MpvClock clock;
   clock.SetFrameDuration(0.04);
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 200; ++i) {
     const double position = i * 0.005;
     const bool sound = position > 0.5;
@@ -128,7 +159,7 @@ TEST(MpvClock, ChangesToTheSoundWhenItBegins) {
 
 TEST(MpvClock, BridgesALongTimeWithoutSamplesButNotForEver) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 20; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
   EXPECT_NEAR(clock.Position(kStart + 0.4), 0.4, 0.001);
   EXPECT_LT(clock.Position(kStart + 60), 1.0);
@@ -136,7 +167,7 @@ TEST(MpvClock, BridgesALongTimeWithoutSamplesButNotForEver) {
 
 TEST(MpvClock, TakesAJumpOfTheSoundOnlyWhenSeveralSamplesAgree) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 20; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
   Feed(clock, kStart + 0.1, 0.6, {});
   EXPECT_NEAR(clock.Position(kStart + 0.1), 0.1, 0.001);
@@ -146,7 +177,7 @@ TEST(MpvClock, TakesAJumpOfTheSoundOnlyWhenSeveralSamplesAgree) {
 
 TEST(MpvClock, IsCorrectedOnceByThePausedPlayer) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   for (int i = 0; i < 20; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
   clock.Pause(kStart + 0.097);
   EXPECT_NEAR(clock.Position(kStart + 3), 0.097, 0.001);
@@ -159,13 +190,59 @@ TEST(MpvClock, IsCorrectedOnceByThePausedPlayer) {
 
 TEST(MpvClock, DropsASampleReadAcrossASeek) {
   MpvClock clock;
-  clock.Run();
+  clock.Run(kStart);
   const std::uint64_t before = clock.Epoch();
-  clock.Hold(5);
-  clock.Run();
+  clock.Hold(5, kStart);
+  clock.Run(kStart);
   clock.Add(before, {.time = kStart, .audio = 80.0, .picture = 80.0});
   clock.Add(before, {.time = kStart + 0.005, .audio = 80.005, .picture = 80.0});
   EXPECT_DOUBLE_EQ(clock.Position(kStart + 0.01), 5);
+}
+
+TEST(MpvClock, TellsWhereTheFilmWasAtAnInstantThatIsPast) {
+  MpvClock clock;
+  clock.Hold(2, kStart - 1);
+  clock.Run(kStart);
+  for (int i = 0; i < 100; ++i) Feed(clock, kStart + i * 0.005, 2 + i * 0.005, {});
+  clock.Pause(kStart + 0.5);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.2532), 2.2532, 0.0005);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.4981), 2.4981, 0.0005);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.7), 2.5, 0.0005);
+  EXPECT_DOUBLE_EQ(clock.PositionAt(kStart - 0.5), 2);
+
+  // A seek since then changes nothing of it, and lies between the two instants.
+  clock.Run(kStart + 1);
+  clock.Hold(60, kStart + 1.1);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.2532), 2.2532, 0.0005);
+  EXPECT_NEAR(clock.PositionAt(kStart + 1.0999), 2.5, 0.0005);
+  EXPECT_DOUBLE_EQ(clock.PositionAt(kStart + 1.1001), 60);
+}
+
+TEST(MpvClock, TellsOfAnInstantThatTheSamplesHaveNotReached) {
+  MpvClock clock;
+  clock.Run(kStart);
+  for (int i = 0; i < 100; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.4982), 0.4982, 0.0005);
+  EXPECT_NEAR(clock.Position(kStart + 0.52), 0.52, 0.0005);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.51), 0.51, 0.0005);
+}
+
+TEST(MpvClock, PutsTheCorrectionOfAPauseIntoItsHistory) {
+  MpvClock clock;
+  clock.Run(kStart);
+  for (int i = 0; i < 20; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
+  clock.Pause(kStart + 0.097);
+  clock.Add(clock.Epoch(), {.time = kStart + 0.12, .audio = 0.0985, .picture = 0.08, .paused = true});
+  EXPECT_DOUBLE_EQ(clock.PositionAt(kStart + 0.11), 0.0985);
+  EXPECT_DOUBLE_EQ(clock.PositionAt(kStart + 3), 0.0985);
+}
+
+TEST(MpvClock, ForgetsWhatIsLongPast) {
+  MpvClock clock;
+  clock.Run(kStart);
+  for (int i = 0; i < 4000; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
+  EXPECT_NEAR(clock.PositionAt(kStart + 10.5), 10.5, 0.001);
+  EXPECT_NEAR(clock.PositionAt(kStart + 3), 9.995, 0.01);
 }
 
 }  // namespace

@@ -360,6 +360,49 @@ TEST_F(MpvPlayerTest, ManyFilmsInARowEndWithTheLast) {
   EXPECT_THAT(errors, IsEmpty());
 }
 
+TEST_F(MpvPlayerTest, AFilmOpenedAgainHasItsLengthAgain) {
+  const std::string film = Media().Film(2);
+  for (int i = 0; i < 8; ++i) {
+    Open(film);
+    ASSERT_TRUE(queue.RunUntil([&] { return std::abs(player->Duration() - 2) < 0.1; })) << i;
+    ASSERT_TRUE(WaitForState(kPlayerPlaying));
+    if (i % 2 == 1) player->Close();
+  }
+}
+
+TEST_F(MpvPlayerTest, AFilmOfOneFrameEnds) {
+  const std::string films[] = {
+      Media().Make("one_frame.mp4", "-f lavfi -i color=c=red:size=64x48:rate=25 -frames:v 1 -pix_fmt yuv420p "),
+      Media().Make("one_frame.mkv", "-f lavfi -i color=c=red:size=64x48:rate=25 -frames:v 1 -pix_fmt yuv420p "),
+      Media().Make("one_frame.avi", "-f lavfi -i color=c=red:size=64x48:rate=25 -frames:v 1 -c:v mpeg4 "),
+      Media().Make("one_frame.png", "-f lavfi -i color=c=red:size=64x48:rate=25 -frames:v 1 "),
+      Media().Make("two_frames.mp4", "-f lavfi -i color=c=red:size=64x48:rate=25 -frames:v 2 -pix_fmt yuv420p "),
+  };
+  for (const std::string& film : films) {
+    SCOPED_TRACE(film);
+    states.clear();
+    Open(film);
+    ASSERT_TRUE(queue.RunUntil([&] { return player->PlayState() == kPlayerStopped && !states.empty(); }));
+    EXPECT_THAT(errors, IsEmpty());
+    states.clear();
+    player->Play();
+    ASSERT_TRUE(queue.RunUntil([&] { return states.size() == 2; }));
+    LetPass(0.3);
+    EXPECT_THAT(states, ElementsAre(kPlayerPlaying, kPlayerStopped));
+    player->Close();
+  }
+}
+
+TEST_F(MpvPlayerTest, TheClockRunsOnUnderPicturesThatStayForLong) {
+  // The picture is 25 times a second by the container, but most of them are left out.
+  Open(Media().Make("slides.mkv",
+                    "-f lavfi -i testsrc=size=64x48:rate=25:duration=6 -vf select='not(mod(n\\,25))' "
+                    "-vsync vfr -pix_fmt yuv420p -c:v libx264 "));
+  ASSERT_TRUE(WaitForState(kPlayerPlaying));
+  ASSERT_TRUE(WaitForPosition(1.1));
+  EXPECT_LT(WorstStep(2.5), 0.025);
+}
+
 TEST_F(MpvPlayerTest, TheEmptyUrlUnloads) {
   Open(Media().Film(4));
   ASSERT_TRUE(WaitForPosition(0.3));
