@@ -220,7 +220,7 @@ void AudioBar::ToggleBar() {
 }
 
 void AudioBar::PlaceCurrentMarks() {
-  if (!Loaded() || !p_.document.HasDocument()) return;
+  if (!Loaded() || !p_.document.HasDocument() || HoldsDrag()) return;
   const Row row = p_.list.CurrentRow();
   PlaceCaptionMarks(p_.list.GetCaptionStart(row), p_.list.GetCaptionEnd(row));
 }
@@ -258,6 +258,7 @@ void AudioBar::OnState(int state) {
     return;
   }
   HidePosition();
+  if (HoldsDrag()) return;
   CarryOn step;
   step([&] { DrawWave(0); });
 }
@@ -271,7 +272,7 @@ void AudioBar::FollowSteps() {
   cursorEntry_ = p_.preview.PlayerPosMs() / kMsAColumn * 2;
   const int state = p_.player.PlayState();
   if (state != kPlayerPlaying || cursorEntry_ > peaks_.PeakCount()) {
-    if (state == kPlayerStopped && view_.scrollPos > 0) DrawWave(0);
+    if (state == kPlayerStopped && view_.scrollPos > 0 && !HoldsDrag()) DrawWave(0);
     if (state != kPlayerPaused) {
       if (level_ > 0) ClearLevel();
       return;
@@ -279,7 +280,7 @@ void AudioBar::FollowSteps() {
   }
   if (cursorEntry_ > peaks_.UpperBound()) return;
   const std::int32_t column = cursorEntry_ / 2;
-  if (column < view_.scrollPos || column > view_.scrollPos + WaveWidth()) TurnPage(column);
+  if (!HoldsDrag() && (column < view_.scrollPos || column > view_.scrollPos + WaveWidth())) TurnPage(column);
   WaveMarks marks = marks_;
   marks.position = column - view_.scrollPos;
   marks.arrowLeft = (shown_ == nullptr ? 0 : shown_->WaveLeft()) + marks.position - kArrowHalf;

@@ -94,6 +94,8 @@ class AudioBar final : private WaveLoadSteps {
   const WavePeaks& Peaks() const { return peaks_; }
   const WaveView& View() const { return view_; }
   const WaveMarks& Marks() const { return marks_; }
+  /// A mark of the caption is held by the pointer.
+  bool Dragging() const { return dragging_; }
   std::int32_t WaveLevel() const { return level_; }
 
   Signal<> MarksChanged;   ///< `Marks` are to be shown anew
@@ -125,6 +127,9 @@ class AudioBar final : private WaveLoadSteps {
   void Seek(int x);
   void DragMarks(int x);
   void StoreDrag();
+  void EndDrag();
+  /// A drag keeps the row and the page that it began with.
+  bool HoldsDrag() const { return dragging_ && p_.options.manner.FollowWaitsForHands(); }
   bool Rolling() const;
   int WaveWidth() const { return shown_ == nullptr ? 0 : shown_->Wave().InnerWidth(); }
   void SetMarks(const WaveMarks& marks);
@@ -144,6 +149,8 @@ class AudioBar final : private WaveLoadSteps {
   Drag drag_ = Drag::Span;
   int dragOffset_ = 0;
   std::uint64_t drags_ = 0;
+  bool dragging_ = false;
+  Row dragRow_ = 0;
   bool resumePlay_ = false;
   std::int32_t cursorEntry_ = 0;
   std::int32_t level_ = 0;

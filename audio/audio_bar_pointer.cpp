@@ -21,9 +21,11 @@ constexpr double kMsASecond = 1000;
 void AudioBar::OnPress(MouseButton button, int x) {
   if (button == MouseButton::Right) {
     dragOffset_ = x - marks_.start;
+    dragRow_ = p_.list.CurrentRow();
     ++drags_;
   }
   if (marks_.captionShown) PressMark(x);
+  dragging_ = button == MouseButton::Right && marks_.captionShown && drag_ != Drag::Nothing;
   OnMove(button, x);
 }
 
@@ -37,6 +39,7 @@ void AudioBar::PressMark(int x) {
 
 void AudioBar::OnMove(MouseButton held, int x) {
   if (!p_.document.HasVideo() || !Loaded()) return;
+  if (held != MouseButton::Right) EndDrag();
   p_.window.lblWaveTip.SetVisible(marks_.start - kTipMargin <= x && x <= marks_.end + kTipMargin);
   if (held == MouseButton::Left && x >= 0 && x <= WaveWidth()) Seek(x);
   if (held == MouseButton::Right && marks_.captionShown) DragMarks(x);
@@ -87,19 +90,33 @@ void AudioBar::DragMarks(int x) {
 }
 
 void AudioBar::StoreDrag() {
-  const Row row = p_.list.CurrentRow();
+  const Row row = HoldsDrag() ? dragRow_ : p_.list.CurrentRow();
+  if (!p_.list.InRange(row)) return;
   const EditScope scope(p_.list, EditKind::Drag, drags_);
   p_.list.SetCaptionStart(row, (marks_.start + view_.scrollPos) * kMsAPixel, false);
   p_.list.SetCaptionEnd(row, (marks_.end + view_.scrollPos) * kMsAPixel);
   CarryOn steps;
-  steps([&] { p_.window.txtTime[0].SetText(MsToTimeText(p_.list.GetCaptionStart(row))); });
-  steps([&] { p_.window.txtTime[1].SetText(MsToTimeText(p_.list.GetCaptionEnd(row))); });
+  if (row != p_.list.CurrentRow()) return;
+  const std::int32_t start = p_.list.GetCaptionStart(row);
+  const std::int32_t from = p_.options.manner.ShowsTrueDuration() ? start : 0;
+  steps([&] { p_.window.txtTime[0].SetText(MsToTimeText(start)); });
+  steps([&] { p_.window.txtTime[1].SetText(MsToTimeText(p_.list.GetCaptionEnd(row) - from)); });
+}
+
+void AudioBar::EndDrag() {
+  if (!dragging_) return;
+  const bool held = HoldsDrag();
+  dragging_ = false;
+  // The row may have changed under the drag.
+  if (held && p_.list.CurrentRow() != dragRow_) PlaceCurrentMarks();
 }
 
 void AudioBar::OnRelease(MouseButton button) {
+  if (button == MouseButton::Right) EndDrag();
   if (button == MouseButton::Left && resumePlay_) {
     resumePlay_ = false;
-    p_.player.Play();
+    // At the end there is nothing to play on with, and nobody asked for the beginning.
+    if (!p_.player.AtEnd()) p_.player.Play();
   }
   WaveMarks marks = marks_;
   marks.seeking = false;

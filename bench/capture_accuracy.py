@@ -6,7 +6,10 @@ the saved subtitle are compared with where the film truly was then. That is aske
 own socket, from outside the program and past the program's clock, and checked against the frame numbers that the film
 shows on the screen.
 
-    bench/capture_accuracy.py PROGRAM [--captions N] [--case NAME]... [--seed N]
+    bench/capture_accuracy.py PROGRAM [--captions N] [--case NAME]... [--seed N] [--busy LIBRARY] [--moment]
+
+With --busy the program's window does nothing for 150 ms around each key, as if it were at other work: LIBRARY is
+libbusy_window.so of the build, which the program is started with. --moment only looks whether all of it still runs.
 """
 
 import argparse
@@ -37,6 +40,9 @@ CASES = {  # frames a second and sound
 }
 STANDARD_CASES = ["24", "25", "60", "sound"]
 GREEN = (32, 160, 64)
+BUSY_S = 0.15  # as bench/busy_window.c has it
+LONGEST_KEY_S = 0.002  # a key that took the server longer went at an instant that nobody knows
+MEDIAN_MS, P95_MS = 1.5, 4
 
 
 def fail(text):
@@ -118,13 +124,14 @@ class Display:
         self.root = ctypes.c_ulong(self.x.XDefaultRootWindow(self.handle))
 
     def key(self, name, down):
-        """Presses or releases a key, and gives the instant at which the server had it."""
+        """Presses or releases a key, and gives the instant at which the server had it; none when it can't be told."""
         symbol = ctypes.c_ulong(self.x.XStringToKeysym(name.encode()))
         code = self.x.XKeysymToKeycode(self.handle, symbol)
         before = time.monotonic()
         self.test.XTestFakeKeyEvent(self.handle, code, int(down), ctypes.c_ulong(0))
         self.x.XSync(self.handle, 0)
-        return (before + time.monotonic()) / 2
+        after = time.monotonic()
+        return (before + after) / 2 if after - before < LONGEST_KEY_S else None
 
     def tap(self, *names):
         for name in names:
@@ -241,8 +248,9 @@ class Truth(threading.Thread):
 
 
 class Run:
-    def __init__(self, program, name, captions, chance, display):
+    def __init__(self, program, name, captions, chance, display, busy):
         self.program, self.name, self.captions, self.chance, self.display = program, name, captions, chance, display
+        self.busy = busy
         self.keys = Display(display)
         self.folder = tempfile.mkdtemp(prefix="capture-accuracy-")
         self.process = None
@@ -262,6 +270,13 @@ class Run:
                            XDG_CONFIG_HOME=os.path.join(self.folder, "config"),
                            CUEWRIGHT_MPV_OPTIONS="ao=null input-ipc-server=" + ipc)
         environment.pop("WAYLAND_DISPLAY", None)
+        if self.busy:
+            environment["LD_PRELOAD"] = self.busy
+        # No first start, which would ask for the language; and each caption begins where the key says.
+        settings = os.path.join(self.folder, "config", "tessaly-cuewright", "settings.ini")
+        os.makedirs(os.path.dirname(settings))
+        with open(settings, "w", encoding="ascii") as file:
+            file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nAutoJoin=0\nDuration=0\n")
         self.process = subprocess.Popen([self.program, film], env=environment)
         return ipc
 
@@ -275,19 +290,26 @@ class Run:
         self.keys.tap("Return")
         wait_for("the end of the file dialog", lambda: dialog not in self.windows())
 
+    def press(self, down):
+        """The instant of a press or release, with the window busy around it where that is asked for."""
+        if self.busy:
+            os.kill(self.process.pid, signal.SIGUSR2)
+            time.sleep(self.chance.uniform(0.01, BUSY_S - 0.02))
+        return self.keys.key("b", down)
+
     def capture(self):
         events = []
         for _ in range(self.captions):
             time.sleep(self.chance.uniform(0.3, 0.7))
-            down = self.keys.key("b", True)
+            down = self.press(True)
             time.sleep(self.chance.uniform(0.25, 0.6))
-            events.append((down, self.keys.key("b", False)))
+            events.append((down, self.press(False)))
         time.sleep(1)
         return events
 
     def go(self):
         fps, sound = CASES[self.name]
-        film = make_film(self.folder, self.name, self.captions * 1.1 + 15)
+        film = make_film(self.folder, self.name, self.captions * (1.4 if self.busy else 1.1) + 15)
         subtitle = os.path.join(self.folder, "lines.srt")
         make_subtitle(subtitle, self.captions)
         truth = Truth(self.start(film), "audio-pts" if sound else "time-pos")
@@ -317,7 +339,7 @@ class Run:
     def compare(self, stored, events, truth, frames, fps):
         errors = []
         for (start, end), (down, up) in zip(stored, events):
-            errors += [start - truth.at(down) * 1000, end - truth.at(up) * 1000]
+            errors += [stored - truth.at(instant) * 1000 for stored, instant in ((start, down), (end, up)) if instant]
         behind = []
         if frames:
             behind = [(truth.at(when) - frame / fps) * 1000 for when, frame in frames.seen[5:-15]]
@@ -342,7 +364,7 @@ def report(name, errors, behind, fps):
         print("          check: the screen's frame began %.1f to %.1f ms before the true position (a frame lasts %.1f ms; "
               "%d looks)" % (min(behind), max(behind), 1000 / fps, len(behind)))
     sys.stdout.flush()
-    return statistics.median(absolute) <= 6 and p95 <= 12
+    return statistics.median(absolute) <= MEDIAN_MS and p95 <= P95_MS
 
 
 def main():
@@ -351,7 +373,11 @@ def main():
     parser.add_argument("--captions", type=int, default=40)
     parser.add_argument("--case", action="append", choices=CASES)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--busy", metavar="LIBRARY")
+    parser.add_argument("--moment", action="store_true")
     arguments = parser.parse_args()
+    if arguments.moment:
+        arguments.captions, arguments.case = 4, arguments.case or ["25"]
     for tool in ("Xvfb", "openbox", "xdotool", "ffmpeg"):
         shutil.which(tool) or fail(tool + " is needed and not installed")
     read, write = os.pipe()
@@ -364,7 +390,8 @@ def main():
     good = True
     try:
         for name in arguments.case or STANDARD_CASES:
-            run = Run(os.path.abspath(arguments.program), name, arguments.captions, random.Random(arguments.seed), display)
+            run = Run(os.path.abspath(arguments.program), name, arguments.captions, random.Random(arguments.seed), display,
+                      arguments.busy and os.path.abspath(arguments.busy))
             try:
                 good &= report(name, *run.go(), CASES[name][0])
             finally:
@@ -372,8 +399,9 @@ def main():
     finally:
         manager.terminate()
         server.terminate()
-    print("reached" if good else "NOT reached", "(median at most 6 ms, 95th percentile at most 12 ms)")
-    return 0 if good else 1
+    print("reached" if good else "NOT reached",
+          "(median at most %g ms, 95th percentile at most %g ms)" % (MEDIAN_MS, P95_MS))
+    return 0 if good or arguments.moment else 1
 
 
 if __name__ == "__main__":

@@ -31,7 +31,9 @@ void CaptionPanel::ShowRow(Row row, bool scroll) {
   CarryOn step;
   step([&] { window_.txtTime[0].SetText(MsToTimeText(shownStart_)); });
   step([&] {
-    if (shownEnd_ == 0) window_.txtTime[1].SetText(MsToTimeText(0));
+    // A caption that ends before it starts has no duration to show; what another one left there isn't its own.
+    const bool none = shownEnd_ <= shownStart_ && list_.Options().manner.ShowsTrueDuration();
+    if (shownEnd_ == 0 || none) window_.txtTime[1].SetText(MsToTimeText(0));
     if (shownEnd_ > shownStart_) window_.txtTime[1].SetText(MsToTimeText(shownEnd_ - shownStart_));
   });
   CaptionShown(row);

@@ -59,6 +59,8 @@ void Preview::ShowPreviewCaption(Row row) {
 }
 
 void Preview::ClearPreviewCaption() {
+  // What is no longer shown will be shown anew.
+  previewRow_ = 0;
   if (sub_.Loaded()) sub_.ShowText({});
 }
 
@@ -72,7 +74,6 @@ void Preview::SetPreviewMode(bool on) {
     window_.cmdApply.SetEnabled(false);
   } else {
     ClearPreviewCaption();
-    previewRow_ = 0;
   }
 }
 
@@ -87,23 +88,33 @@ void Preview::Redraw(Row row) {
 void Preview::Tick() {
   const int state = player_.PlayState();
   if (state != kPlayerPlaying && state != kPlayerPaused) return;
+  // A stop, the end or another film sends the film back without a seek.
+  if (playerPosMs_ < tickedMs_) GetPreviewCap();
+  tickedMs_ = playerPosMs_;
   const std::int32_t start = list_.GetCaptionStart(previewNextRow_);
   const std::int32_t end = list_.GetCaptionEnd(previewNextRow_);
   if (playerPosMs_ < start || playerPosMs_ > end) {
+    followDue_ = false;
     if (!sub_.lblSub.GetText().empty()) {
-      previewRow_ = 0;
       ClearPreviewCaption();
     }
     if (playerPosMs_ >= end) GetPreviewCap();
     return;
   }
-  if (previewNextRow_ == previewRow_) return;
-  ShowPreviewCaption(previewNextRow_);
-  if (options_.F_FOLLOW && list_.Selected() != previewNextRow_) {
-    list_.SetRow(previewNextRow_, false);
-    grid_.ScrollRow(true);
+  if (previewNextRow_ != previewRow_) {
+    ShowPreviewCaption(previewNextRow_);
+    followDue_ = true;
   }
+  if (followDue_) Follow();
   previewRow_ = previewNextRow_;
+}
+
+void Preview::Follow() {
+  if (options_.manner.FollowWaitsForHands() && handsOnCaption && handsOnCaption()) return;
+  followDue_ = false;
+  if (!options_.F_FOLLOW || list_.Selected() == previewNextRow_) return;
+  list_.SetRow(previewNextRow_, false);
+  grid_.ScrollRow(true);
 }
 
 }  // namespace cuewright

@@ -56,8 +56,12 @@ class Preview {
 
   Signal<> PlaceRequested;
 
+  /// True while the user's hands are on the selected caption: the selection waits for them. Set by the window's owner.
+  std::function<bool()> handsOnCaption;
+
  private:
   void Tick();
+  void Follow();
 
   MainWindow& window_;
   SubWindow& sub_;
@@ -69,7 +73,9 @@ class Preview {
   PreviewIndex index_;
   Row previewRow_ = 0;
   Row previewNextRow_ = 0;
+  bool followDue_ = false;
   std::int32_t playerPosMs_ = 0;
+  std::int32_t tickedMs_ = 0;  // the position at the last tick
 };
 
 }  // namespace cuewright

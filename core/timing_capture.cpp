@@ -73,6 +73,19 @@ void TimingCapture::ClearPosition() {
   preview_.SetPlayerPosMs(0);
 }
 
+std::optional<std::int32_t> TimingCapture::PositionOfInput() const {
+  if (!options_.manner.CountsAtTheInstant() || !window_.inputInstant) return std::nullopt;
+  if (!Playing() && player_.PlayState() != kPlayerPaused) return std::nullopt;
+  std::optional<std::int32_t> position;
+  CarryOn step;
+  step([&] { position = RoundToInt32(player_.PositionAt(*window_.inputInstant) * 1000); });
+  return position;
+}
+
+std::int32_t TimingCapture::ShownPosition() const {
+  return static_cast<std::int32_t>(LeadingNumber(window_.lblTime.GetText()));
+}
+
 void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   if (document_.FileInWork) return;
   const Row selected = list_.Selected();
@@ -88,7 +101,7 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   const EditScope scope(list_, EditKind::Capture, ++captureNumber_);
 
   const bool limit = LimitActive(options_);
-  const std::int32_t position = PlayerPosMs();
+  const std::int32_t position = PositionOfInput().value_or(PlayerPosMs());
   const bool joins = options_.AutoJoin != 0 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
                      std::int64_t{position} - *priorCaptionEnd_ < options_.Near;
   captureStartMs_ = joins ? *priorCaptionEnd_ : position;
@@ -102,12 +115,22 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   }
   CarryOn step;
   step([&] { window_.txtTime[0].SetText(MsToTimeText(captureStartMs_)); });
-  if (!limit) return;
+  if (!limit) return ShowDuration();
   window_.cmdApply.SetEnabled(false);
   // A text too long for a best duration keeps the end that it has.
   step([&] { SetBestDuration(list_, selected); });
+  ShowDuration();
   priorCaptionEnd_ = list_.GetCaptionEnd(selected);
   window_.tmrLimit.SetEnabled(true);
+}
+
+void TimingCapture::ShowDuration() {
+  if (!options_.manner.ShowsTrueDuration()) return;
+  CarryOn step;
+  step([&] {
+    const std::int32_t duration = list_.GetCaptionEnd(captureRow_) - list_.GetCaptionStart(captureRow_);
+    window_.txtTime[1].SetText(MsToTimeText(duration));
+  });
 }
 
 void TimingCapture::LeaveCapture() {
@@ -127,10 +150,11 @@ void TimingCapture::AbandonCapture() {
   if (capturing_) LeaveCapture();
 }
 
-void TimingCapture::EndCaption() {
+void TimingCapture::EndCaption() { EndAt(PositionOfInput().value_or(ShownPosition())); }
+
+void TimingCapture::EndAt(std::int32_t end) {
   const EditScope scope(list_, EditKind::Capture, captureNumber_);
   LeaveCapture();
-  const auto end = static_cast<std::int32_t>(LeadingNumber(window_.lblTime.GetText()));
   priorCaptionEnd_ = end;
   list_.SetCaptionEnd(captureRow_, end);
   if (captureRow_ != list_.Rows() - 1) {
@@ -138,6 +162,7 @@ void TimingCapture::EndCaption() {
   } else {
     CarryOn step;
     step([&] { window_.txtTime[1].SetText(MsToTimeText(end)); });
+    ShowDuration();
   }
   grid_.ScrollRow(true);
 }
@@ -201,27 +226,43 @@ void TimingCapture::OnPointerUp(MouseButton button) {
 
 void TimingCapture::OnFocusLost() {
   if (!hold_ || LimitActive(options_)) return;
-  EndCaption();
+  EndAt(ShownPosition());
 }
 
 void TimingCapture::OnFilmGone() {
-  if (hold_ && capturing_) EndCaption();
+  if (!capturing_) return;
+  if (mode_ == CaptionMode::PressAndHold && LimitActive(options_)) {
+    // The limit has given the caption its end already.
+    LeaveCapture();
+  } else if (hold_) {
+    EndAt(ShownPosition());
+  }
 }
 
 void TimingCapture::Reset() {
-  capturing_ = false;
+  if (capturing_) LeaveCapture();
   hold_.reset();
   priorCaptionEnd_.reset();
   window_.tmrLimit.SetEnabled(false);
 }
 
 bool TimingCapture::ShortcutsOn() const {
-  return options_.HotKeys != 0 && !textFocus_ && player_.Enabled() && document_.HasDocument();
+  if (options_.HotKeys == 0 || textFocus_ || !player_.Enabled()) return false;
+  return document_.HasDocument() || (document_.HasVideo() && options_.manner.SeeksAtRest());
+}
+
+bool TimingCapture::CanSeek() const {
+  const int state = player_.PlayState();
+  const bool atRest = state == kPlayerPaused || state == kPlayerStopped;
+  return state == kPlayerPlaying || (atRest && options_.manner.SeeksAtRest());
 }
 
 void TimingCapture::OnKeyDown(KeyEvent& key) {
   if (key.handled || key.command || !ShortcutsOn()) return;
-  RunShortcut(key);
+  // One letter may be set for two actions: the first in this order has it.
+  const bool document = document_.HasDocument();
+  key.handled = (document && RunCaptureKey(key)) || RunFilmKey(key.code) || (document && RunRowKey(key.code)) ||
+                RunSeekKey(key.code);
 }
 
 void TimingCapture::OnKeyUp(KeyEvent& key) {
@@ -230,46 +271,66 @@ void TimingCapture::OnKeyUp(KeyEvent& key) {
   ReleaseHold();
 }
 
-void TimingCapture::RunShortcut(KeyEvent& key) {
-  const int code = key.code;
-  const Row selected = list_.Selected();
-  const auto seekIfTimed = [&](Row row) {
-    MoveTo(row);
-    if (list_.IsCaptionTimed(row)) player_.SetCurrentPosition(list_.GetCaptionStart(row) / 1000.0);
-  };
-  key.handled = true;
+bool TimingCapture::RunCaptureKey(const KeyEvent& key) {
   // A key that repeats itself while held takes no times; it may go on moving and seeking.
   const bool takesTimes = !key.autoRepeat;
-  if (code == options_.hkStart) {
+  if (key.code == options_.hkStart) {
     if (takesTimes && mode_ != CaptionMode::Preview && !capturing_) {
       StartCaption(true, false);
       if (mode_ == CaptionMode::PressAndHold) BeginHold({Hold::By::ShortcutKey, key.physical});
     }
-  } else if (code == options_.hkNext) {
+  } else if (key.code == options_.hkNext) {
     if (takesTimes && mode_ == CaptionMode::Manual && window_.cmdNext.Enabled()) NextCaption(true);
-  } else if (code == options_.hkEnd) {
+  } else if (key.code == options_.hkEnd) {
     if (takesTimes && mode_ == CaptionMode::Manual && window_.cmdEnd.Enabled()) EndCaption();
-  } else if (code == options_.hkPlay) {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool TimingCapture::RunFilmKey(int code) {
+  if (code == options_.hkPlay) {
     player_.Play();
   } else if (code == options_.hkPause) {
     if (Playing()) player_.Pause();
   } else if (code == options_.hkStop) {
     player_.Stop();
-  } else if (code == options_.hkPrevious) {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool TimingCapture::RunRowKey(int code) {
+  const Row selected = list_.Selected();
+  const auto seekIfTimed = [&](Row row) {
+    MoveTo(row);
+    if (list_.IsCaptionTimed(row)) player_.SetCurrentPosition(list_.GetCaptionStart(row) / 1000.0);
+  };
+  if (code == options_.hkPrevious) {
     if (selected >= 2) seekIfTimed(selected - 1);
   } else if (code == options_.hkJump) {
     if (selected != list_.Rows() - 1) seekIfTimed(selected + 1);
-  } else if (code == options_.hkRewind) {
-    if (Playing()) player_.SetCurrentPosition(player_.CurrentPosition() - options_.kRewindSecs);
-  } else if (code == options_.hkForward) {
-    if (Playing()) player_.SetCurrentPosition(player_.CurrentPosition() + options_.kForwardSecs);
   } else {
-    key.handled = false;
+    return false;
   }
+  return true;
+}
+
+bool TimingCapture::RunSeekKey(int code) {
+  if (code == options_.hkRewind) {
+    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() - options_.kRewindSecs);
+  } else if (code == options_.hkForward) {
+    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() + options_.kForwardSecs);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 void TimingCapture::SeekToCaption(Row row, bool nudge) {
-  if (!Playing() || !list_.IsCaptionTimed(row)) return;
+  if (!CanSeek() || !list_.IsCaptionTimed(row)) return;
   player_.SetCurrentPosition(list_.GetCaptionStart(row) / 1000.0 + (nudge ? kNudgeSeconds : 0));
 }
 

@@ -15,8 +15,9 @@ namespace cuewright {
 
 enum class CaptionMode { PressAndHold = 0, Manual = 1, Preview = 2 };
 
-/// Turns presses and releases into the times of captions. Times are whole ms on the player's clock, and always
-/// the last sample of it, never a read of their own.
+/// Turns presses and releases into the times of captions. Times are whole ms on the player's clock: where the film was
+/// at the instant of the press or release, however late it is handled. Where nobody pressed, and in the classic manner,
+/// it is the last sample.
 class TimingCapture {
  public:
   TimingCapture(MainWindow& window, CaptionList& list, CaptionGrid& grid, DocumentState& document,
@@ -36,7 +37,7 @@ class TimingCapture {
 
   /// Takes a start for the selected row; the flags tell which key hint to show.
   void StartCaption(bool byStartKey, bool byNextKey);
-  /// Stores the last sample as the end and selects the next row.
+  /// Stores the end and selects the next row.
   void EndCaption();
   /// Ends a running capture without an end.
   void AbandonCapture();
@@ -64,7 +65,8 @@ class TimingCapture {
   /// A document came or went: no capture runs, and nothing is there to join with.
   void Reset();
 
-  /// Seeks to a caption while playing, as a double click (with `nudge`) or Enter in the list does.
+  /// Seeks to a caption, as a double click (with `nudge`) or Enter in the list does; in the classic manner only while
+  /// the film plays.
   void SeekToCaption(Row row, bool nudge);
 
  private:
@@ -74,6 +76,11 @@ class TimingCapture {
     std::uint32_t physical = 0;
   };
 
+  /// Where the film was when the key or button went that is being handled; empty where it is the last sample's.
+  std::optional<std::int32_t> PositionOfInput() const;
+  std::int32_t ShownPosition() const;
+  void EndAt(std::int32_t end);
+  void ShowDuration();
   void LeaveCapture();
   void BeginHold(Hold hold);
   void ReleaseHold();
@@ -82,7 +89,11 @@ class TimingCapture {
   void MoveTo(Row row);
   bool Playing() const { return player_.PlayState() == kPlayerPlaying; }
   bool ShortcutsOn() const;
-  void RunShortcut(KeyEvent& key);
+  bool CanSeek() const;
+  bool RunCaptureKey(const KeyEvent& key);
+  bool RunFilmKey(int code);
+  bool RunRowKey(int code);
+  bool RunSeekKey(int code);
   void WireButtons();
 
   MainWindow& window_;

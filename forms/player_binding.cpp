@@ -32,6 +32,8 @@ void PlayerBinding::LoadVideoFile(TextView path) {
   }
   const Text video(path);  // the caller's text may be one that changes below
   CarryOn step;
+  // A wave that was opened before any film may be this one's.
+  if (document_.HasVideo() && document_.VideoPath != video) step([&] { closeWave(); });
   document_.VideoPath = video;
   step([&] { player_.SetUrl(video); });
   step([&] { resetControls(); });

@@ -30,6 +30,7 @@ class PlayerBinding {
   /// Set by the window's owner.
   std::function<void()> resetControls;
   std::function<void()> closeReport;
+  std::function<void()> closeWave;
 
  private:
   void OnState(int state);

@@ -154,6 +154,8 @@ void Program::ConnectAudio() {
   };
   audio.closeTools = files.closeTools;
   audio.resetControls = files.resetControls;
+  preview.handsOnCaption = [this] { return capture.TextFocus() || audioBar.Dragging(); };
+  playerBinding.closeWave = files.closeWave;
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
 }

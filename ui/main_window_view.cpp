@@ -122,6 +122,8 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   connections_.push_back(program_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
   setTabOrder(findChild<QWidget*>("optPreview"), divider_);
   qApp->installEventFilter(this);
+  // Filters run from the last one to the first: the instant is known before anything acts.
+  inputInstants_ = std::make_unique<InputInstants>(form_);
   RestFocus();
 }
 

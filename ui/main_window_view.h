@@ -6,6 +6,7 @@
 
 #include "forms/program.h"
 #include "ui/binder.h"
+#include "ui/input_instants.h"
 
 namespace cuewright {
 
@@ -74,6 +75,7 @@ class MainWindowView final : public QMainWindow {
   QWidget* barLogo_ = nullptr;
   Overlay* overlay_ = nullptr;
   std::unique_ptr<AudioBarWidgets> audioBar_;
+  std::unique_ptr<InputInstants> inputInstants_;
   std::unique_ptr<ToolWindows> tools_;
   Connection closeAfterWork_;  ///< the user wants to close, and a file is still in work
   bool hadDocument_ = false;

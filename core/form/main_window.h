@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "core/form/controls.h"
 
@@ -10,6 +11,10 @@ namespace cuewright {
 class MainWindow final : public Form {
  public:
   MainWindow();
+
+  /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
+  /// outside such an event.
+  std::optional<double> inputInstant;
 
   // The information bar, the list's divider and the player's place.
   Picture picStatus{*this, "picStatus"};

@@ -71,6 +71,8 @@ struct CaptureTest : ::testing::Test {
   TimeBoxes boxes{window, list};
 };
 
+KeyEvent enter{kKeyEnter, 0, 36, false, false, false};
+
 using PressAndHold = CaptureTest;
 using ManualMode = CaptureTest;
 using AutomaticLimit = CaptureTest;
@@ -184,9 +186,93 @@ TEST_F(PressAndHold, TheEndOfTheLastCaptionShowsTheEndAndAFreshSelectionTheDurat
   At(6500);
   ReleaseApply();
   EXPECT_EQ(list.Selected(), 4);
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:01,500");
+  window.txtTime[0].KeyDown(enter);
+  EXPECT_EQ(Times(4), "5000-6500");
+}
+
+TEST_F(PressAndHold, TheEndOfTheLastCaptionShowsTheEndInTheClassicManner) {
+  options.manner.SetClassic(true);
+  list.SetRow(4, false);
+  At(5000);
+  PressApply();
+  At(6500);
+  ReleaseApply();
+  EXPECT_EQ(list.Selected(), 4);
   EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:06,500");
   list.SetRow(4, false);
   EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:01,500");
+}
+
+TEST_F(PressAndHold, TheDurationIsTheCaptionsOwnAtEachStep) {
+  list.SetCaptionStart(2, 10000, false);
+  list.SetCaptionEnd(2, 14000);
+  list.SetRow(2, false);
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:04,000");
+  At(11000);
+  PressApply();
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:03,000");
+  capture.AbandonCapture();
+  At(20000);
+  PressApply();  // now it ends before it starts, until it is let go
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:00,000");
+}
+
+TEST_F(PressAndHold, ACaptionThatEndsBeforeItStartsHasNoDurationOfAnother) {
+  list.SetCaptionStart(1, 1000, false);
+  list.SetCaptionEnd(1, 3000);
+  list.SetCaptionStart(2, 9000, false);
+  list.SetCaptionEnd(2, 8000);
+  list.SetRow(1, false);
+  list.SetRow(2, false);
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:00,000");
+  options.manner.SetClassic(true);
+  list.SetRow(1, false);
+  list.SetRow(2, false);
+  EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:02,000");
+}
+
+TEST_F(PressAndHold, PressAndReleaseCountAtTheirInstants) {
+  player.history = [](double instant) { return instant - 100; };
+  At(5000);
+  window.inputInstant = 104.9914;
+  PressApply();
+  At(6500);
+  window.inputInstant = 106.3481;
+  ReleaseApply();
+  EXPECT_EQ(Times(1), "4991-6348");
+  EXPECT_EQ(capture.PriorCaptionEnd(), 6348);
+
+  // Where nothing tells an instant, the last sample counts.
+  At(9000);
+  window.inputInstant.reset();
+  PressApply();
+  At(9500);
+  ReleaseApply();
+  EXPECT_EQ(Times(2), "9000-9500");
+}
+
+TEST_F(PressAndHold, PressAndReleaseCountAtTheLastSampleInTheClassicManner) {
+  options.manner.SetClassic(true);
+  player.history = [](double instant) { return instant - 100; };
+  At(5000);
+  window.inputInstant = 104.9914;
+  PressApply();
+  At(6500);
+  window.inputInstant = 106.3481;
+  ReleaseApply();
+  EXPECT_EQ(Times(1), "5000-6500");
+}
+
+TEST_F(PressAndHold, TheInstantOfAKeyThatStoppedTheFilmIsNotTheEndOfTheHold) {
+  player.history = [](double instant) { return instant - 100; };
+  At(5000);
+  window.inputInstant = 105;
+  PressApply();
+  At(6500);
+  window.inputInstant = 300;
+  capture.OnFilmGone();
+  EXPECT_EQ(Times(1), "5000-6500");
 }
 
 TEST_F(ManualMode, StartNextAndEndDoWhatTheySay) {
@@ -439,7 +525,40 @@ TEST_F(Shortcuts, PreviousAndNextSelectAndSeekToTimedCaptions) {
   EXPECT_EQ(list.Selected(), 4);
 }
 
-TEST_F(Shortcuts, RewindAndForwardJumpInSecondsWhilePlaying) {
+TEST_F(Shortcuts, RewindAndForwardJumpInSecondsUnlessNothingIsOpen) {
+  player.position = 20.25;
+  for (const int state : {kPlayerPlaying, kPlayerPaused, kPlayerStopped, kPlayerTransitional, 0}) {
+    player.state = state;
+    Down(87);
+    Down(69);
+  }
+  EXPECT_EQ(player.seeks, (std::vector<double>{15.25, 20.25, 15.25, 20.25, 15.25, 20.25}));
+}
+
+TEST_F(Shortcuts, TheFilmsKeysWorkWithoutAText) {
+  document.SubtitlePath.clear();
+  player.position = 20.25;
+  Down(88);
+  EXPECT_EQ(player.state, kPlayerPaused);
+  Down(87);
+  EXPECT_EQ(player.seeks, (std::vector<double>{15.25}));
+  Down(90);
+  EXPECT_EQ(player.state, kPlayerPlaying);
+  // Those of the captions don't.
+  for (const int key : {kKeyB, kKeyN, kKeyM, 68, 70}) EXPECT_FALSE(Down(key).handled) << key;
+  EXPECT_FALSE(capture.Capturing());
+  Down(67);
+  EXPECT_EQ(player.state, kPlayerStopped);
+
+  document.VideoPath.clear();
+  EXPECT_FALSE(Down(90).handled);
+  document.VideoPath = u"/x/a.mkv";
+  options.manner.SetClassic(true);
+  EXPECT_FALSE(Down(90).handled);
+}
+
+TEST_F(Shortcuts, RewindAndForwardJumpOnlyWhilePlayingInTheClassicManner) {
+  options.manner.SetClassic(true);
   player.position = 20.25;
   Down(87);
   Down(69);
@@ -456,7 +575,18 @@ TEST_F(Shortcuts, TheFirstMatchOfTwoEqualKeysActs) {
   EXPECT_TRUE(capture.Capturing());
 }
 
-TEST_F(Shortcuts, ADoubleClickSeeksATimedCaptionWhilePlaying) {
+TEST_F(Shortcuts, ADoubleClickSeeksATimedCaptionOfAFilmAtRest) {
+  list.SetCaptionStart(1, 5500, true);
+  for (const int state : {kPlayerPaused, kPlayerStopped, kPlayerTransitional, 0}) {
+    player.state = state;
+    capture.SeekToCaption(1, true);
+    capture.SeekToCaption(2, true);
+  }
+  EXPECT_EQ(player.seeks.size(), 2u);
+}
+
+TEST_F(Shortcuts, ADoubleClickSeeksATimedCaptionOnlyWhilePlayingInTheClassicManner) {
+  options.manner.SetClassic(true);
   list.SetCaptionStart(1, 5500, true);
   capture.SeekToCaption(1, true);
   capture.SeekToCaption(1, false);
@@ -466,6 +596,37 @@ TEST_F(Shortcuts, ADoubleClickSeeksATimedCaptionWhilePlaying) {
   ASSERT_EQ(player.seeks.size(), 2u);
   EXPECT_DOUBLE_EQ(player.seeks[0], 5.501);
   EXPECT_DOUBLE_EQ(player.seeks[1], 5.5);
+}
+
+TEST_F(AutomaticLimit, KeepsItsEndWhenTheFilmStopsUnderTheKey) {
+  options.ApplyWhen = 1;
+  At(5000);
+  PressApply();
+  const std::int32_t end = list.GetCaptionEnd(1);
+  ASSERT_GT(end, 5100);
+  At(5100);
+  capture.OnFilmGone();
+  EXPECT_FALSE(capture.Capturing());
+  EXPECT_EQ(list.GetCaptionEnd(1), end);
+  EXPECT_FALSE(window.tmrLimit.Enabled());
+  // Nor does what comes later touch it.
+  ReleaseApply();
+  capture.SelectMode(CaptionMode::Manual);
+  EXPECT_EQ(list.GetCaptionEnd(1), end);
+  EXPECT_EQ(list.Selected(), 1);
+}
+
+TEST_F(ManualMode, ANewDocumentHasTheButtonsOfOneWithoutACapture) {
+  capture.SelectMode(CaptionMode::Manual);
+  At(5000);
+  window.cmdApply.Click();
+  ASSERT_TRUE(window.cmdEnd.Enabled());
+  capture.Reset();
+  EXPECT_FALSE(capture.Capturing());
+  EXPECT_TRUE(window.cmdApply.Enabled());
+  EXPECT_FALSE(window.cmdNext.Enabled());
+  EXPECT_FALSE(window.cmdEnd.Enabled());
+  EXPECT_FALSE(capture.PriorCaptionEnd());
 }
 
 TEST_F(Modes, SelectingOneEndsARunningCapture) {

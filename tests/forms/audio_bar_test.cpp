@@ -334,7 +334,10 @@ TEST_F(WaveDragging, TheEndStaysAtItsLastPlaceNineBeforeTheStart) {
   Bar().OnMove(MouseButton::Right, 120);
   EXPECT_EQ(Times(1), (std::pair{1100, 1200}));
   EXPECT_EQ(Window().txtTime[0].GetText(), u"00:00:01,100");
-  EXPECT_EQ(Window().txtTime[1].GetText(), u"00:00:01,200");
+  EXPECT_EQ(Window().txtTime[1].GetText(), u"00:00:00,100");
+  program->options.manner.SetClassic(true);
+  Bar().OnMove(MouseButton::Right, 121);
+  EXPECT_EQ(Window().txtTime[1].GetText(), u"00:00:01,210");
   EXPECT_TRUE(program->document.DocModified);
 }
 
@@ -354,7 +357,84 @@ TEST_F(WaveDragging, ThePressTellsWhatIsMoved) {
     Bar().OnMove(MouseButton::Right, c.x + 1);
     EXPECT_EQ(Marks().start, c.start) << c.x;
     EXPECT_EQ(Marks().end, c.end) << c.x;
+    Bar().OnRelease(MouseButton::Right);
   }
+}
+
+TEST_F(WaveDragging, KeepsTheRowAndThePageItBeganWith) {
+  OpenAll(5000);
+  player.state = kPlayerPlaying;
+  program->capture.SelectMode(CaptionMode::Preview);
+  Bar().OnPress(MouseButton::Right, 190);
+  Bar().OnMove(MouseButton::Right, 180);
+  // The film goes on: past the next caption, and past the end of the page.
+  At(2500);
+  Window().tmrPreview.Tick();
+  EXPECT_EQ(List().Selected(), 1);
+  At(30000);
+  EXPECT_EQ(Bar().View().scrollPos, 0);
+  // Somebody selects another row meanwhile.
+  List().SetRow(3, false);
+  Bar().OnMove(MouseButton::Right, 170);
+  Bar().OnRelease(MouseButton::Right);
+  EXPECT_EQ(Times(1), (std::pair{1100, 1700}));
+  EXPECT_EQ(Times(3), (std::pair{3100, 3900}));
+  EXPECT_EQ(Marks().start, 310);
+  At(30000);
+  EXPECT_GT(Bar().View().scrollPos, 0);
+}
+
+TEST_F(WaveDragging, KeepsItsPageThroughAStop) {
+  OpenAll(5000);
+  player.state = kPlayerPlaying;
+  At(30000);
+  const std::int32_t page = Bar().View().scrollPos;
+  ASSERT_GT(page, 0);
+  List().Replace(1, 1, {{30500, 31000, u"x"}});
+  List().SetRow(1, false);
+  const int end = Marks().end;
+  Bar().OnPress(MouseButton::Right, end);
+  player.Stop();
+  Bar().OnMove(MouseButton::Right, end + 10);
+  EXPECT_EQ(Times(1), (std::pair{30500, 31100}));
+  Bar().OnRelease(MouseButton::Right);
+  At(0);
+  EXPECT_EQ(Bar().View().scrollPos, 0);
+}
+
+TEST_F(WaveDragging, GoesToTheRowOfTheMomentInTheClassicManner) {
+  OpenAll(5000);
+  program->options.manner.SetClassic(true);
+  Bar().OnPress(MouseButton::Right, 190);
+  List().SetRow(3, false);
+  Bar().OnMove(MouseButton::Right, 392);
+  EXPECT_EQ(Times(1), (std::pair{1100, 1900}));
+  EXPECT_EQ(Times(3), (std::pair{3100, 3920}));
+}
+
+TEST_F(WaveSeeking, ADragToTheEndLeavesTheFilmThere) {
+  OpenAll();
+  player.duration = 20;
+  player.state = kPlayerPlaying;
+  Bar().OnPress(MouseButton::Left, 100);
+  Bar().OnRelease(MouseButton::Left);
+  EXPECT_EQ(player.state, kPlayerPlaying);
+  player.duration = 4;
+  Bar().OnPress(MouseButton::Left, 100);
+  Bar().OnMove(MouseButton::Left, 400);
+  Bar().OnRelease(MouseButton::Left);
+  EXPECT_EQ(player.state, kPlayerPaused);
+  EXPECT_EQ(player.position, 4);
+}
+
+TEST_F(WaveLoading, AnotherFilmClearsTheWaveOfTheOneBefore) {
+  OpenAll();
+  const Text wave = program->document.WavePath;
+  Play(folder / "film.mkv");
+  EXPECT_EQ(program->document.WavePath, wave);
+  Play(folder.Write("other.mkv", "x"));
+  EXPECT_EQ(program->document.WavePath, u"");
+  EXPECT_FALSE(Marks().captionShown);
 }
 
 TEST_F(WaveDragging, MarksThatLieTogetherGiveTheStartFirst) {

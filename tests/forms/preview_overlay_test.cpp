@@ -55,6 +55,61 @@ TEST_F(PreviewOverlay, InAGapItIsEmptyAndNothingIsSelectedAnew) {
   EXPECT_EQ(program->preview.PreviewRow(), 0);
 }
 
+TEST_F(PreviewOverlay, BeginsAnewAfterAStop) {
+  Open(3);
+  Preview();
+  At(3.5);
+  ASSERT_EQ(Shown(), u"line 3");
+  player.Stop();
+  EXPECT_EQ(Shown(), u"");
+  player.Play();
+  At(0.5);
+  At(1.5);
+  EXPECT_EQ(Shown(), u"line 1");
+}
+
+TEST_F(PreviewOverlay, OfTheFirstCaptionBeginsAnewAfterAStop) {
+  Open(3);
+  Preview();
+  At(1.5);
+  ASSERT_EQ(Shown(), u"line 1");
+  player.Stop();
+  player.Play();
+  At(1.5);
+  EXPECT_EQ(Shown(), u"line 1");
+}
+
+TEST_F(PreviewOverlay, BeginsAnewWithTheNextFilm) {
+  Open(3);
+  Preview();
+  At(3.5);
+  program->playerBinding.LoadVideoFile(folder.Write("next.mkv", "x"));
+  player.Become(kPlayerTransitional);
+  player.Become(kPlayerPlaying);
+  At(0.5);
+  At(1.5);
+  EXPECT_EQ(Shown(), u"line 1");
+}
+
+TEST_F(PreviewOverlay, TheSelectionWaitsForWhoeverTypesInThePane) {
+  Open(3);
+  Preview();
+  At(1.5);
+  ASSERT_EQ(List().Selected(), 1);
+  Window().txtSub.GotFocus();
+  At(2.5);
+  EXPECT_EQ(Shown(), u"line 2");
+  EXPECT_EQ(List().Selected(), 1);
+  Window().txtSub.LostFocus();
+  At(2.6);
+  EXPECT_EQ(List().Selected(), 2);
+
+  program->options.manner.SetClassic(true);
+  Window().txtSub.GotFocus();
+  At(3.5);
+  EXPECT_EQ(List().Selected(), 3);
+}
+
 TEST_F(PreviewOverlay, WithoutFollowingTheSelectionStays) {
   Open(3);
   program->options.F_FOLLOW = false;

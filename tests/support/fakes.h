@@ -51,6 +51,7 @@ class FakePlayer final : public Player {
     position = seconds;
     PositionChange(old, seconds);
   }
+  double PositionAt(double instant) const override { return history ? history(instant) : position; }
   Text CurrentPositionString() const override { return positionText; }
   double Duration() const override { return duration; }
   int AudioTrack() const override { return audioTrack; }
@@ -71,6 +72,7 @@ class FakePlayer final : public Player {
   int volume = 75;
   bool muted = false;
   double position = 0;
+  std::function<double(double)> history;  // where the film was at an instant; empty: always where it is
   Text positionText = u"00:00";
   double duration = 0;
   int audioTrack = -1;
