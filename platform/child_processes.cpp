@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -134,9 +135,9 @@ class Actions {
   ~Actions() { ::posix_spawn_file_actions_destroy(&actions_); }
 
   /// The child's stream is the pipe's end, or nothing when there is none.
-  void Stream(int stream, const PipeEnd& end, int openMode) {
-    if (end.Get() >= 0) {
-      ::posix_spawn_file_actions_adddup2(&actions_, end.Get(), stream);
+  void Stream(int stream, int end, int openMode) {
+    if (end >= 0) {
+      ::posix_spawn_file_actions_adddup2(&actions_, end, stream);
     } else {
       ::posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", openMode, 0);
     }
@@ -150,19 +151,22 @@ class Actions {
   posix_spawn_file_actions_t actions_{};
 };
 
-/// What a child keeps of this program: nothing of its signals, and with `apart` not its terminal either.
+/// The signals that this program may have other ideas of than a child.
+constexpr std::array<int, 4> kOwnSignals = {SIGPIPE, SIGINT, SIGTERM, SIGHUP};
+
+/// What a child that goes on by itself keeps of this program: nothing of its signals, and not its terminal either.
 class Attributes {
  public:
-  explicit Attributes(bool apart) {
+  Attributes() {
     ::posix_spawnattr_init(&attributes_);
     sigset_t none;
     sigset_t reset;
     ::sigemptyset(&none);
     ::sigemptyset(&reset);
-    for (const int signal : {SIGPIPE, SIGINT, SIGTERM, SIGHUP}) ::sigaddset(&reset, signal);
+    for (const int signal : kOwnSignals) ::sigaddset(&reset, signal);
     ::posix_spawnattr_setsigmask(&attributes_, &none);
     ::posix_spawnattr_setsigdefault(&attributes_, &reset);
-    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | (apart ? POSIX_SPAWN_SETSID : 0);
+    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID;
     ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
   }
   Attributes(const Attributes&) = delete;
@@ -205,6 +209,67 @@ Words EnvironmentWith(const std::vector<std::pair<Text, Text>>& variables) {
   return words;
 }
 
+/// Starts a child that goes on when this program ends. 0, or an errno value.
+int SpawnApart(pid_t& pid, const std::array<int, 3>& streams, const std::string& folder, Words& argv,
+               Words& environment) {
+  Actions actions;
+  for (std::size_t i = 0; i < streams.size(); ++i) {
+    actions.Stream(static_cast<int>(i), streams[i], i == 0 ? O_RDONLY : O_WRONLY);
+  }
+  actions.Folder(folder);
+  const Attributes attributes;
+  return ::posix_spawnp(&pid, argv.Get()[0], actions.Get(), attributes.Get(), argv.Get(), environment.Get());
+}
+
+/// In the new process: becomes the program, or gives an errno value. Nothing here may allocate memory, since another
+/// thread of this program may have been doing so at the fork.
+int BecomeProgram(pid_t parent, const std::array<int, 3>& streams, const char* folder, char** argv,
+                  char** environment) {
+  // The child ends with this program, however that ends. It may have ended already.
+  if (::prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) return errno;
+  if (::getppid() != parent) ::_exit(1);
+  for (const int signal : kOwnSignals) ::signal(signal, SIG_DFL);
+  sigset_t none;
+  ::sigemptyset(&none);
+  ::sigprocmask(SIG_SETMASK, &none, nullptr);
+  for (int stream = 0; stream < static_cast<int>(streams.size()); ++stream) {
+    const int given = streams.at(static_cast<std::size_t>(stream));
+    const int fd = given >= 0 ? given : ::open("/dev/null", stream == 0 ? O_RDONLY : O_WRONLY);
+    if (fd < 0 || (fd != stream && ::dup2(fd, stream) < 0)) return errno;
+  }
+  if (*folder != '\0' && ::chdir(folder) != 0) return errno;
+  ::execvpe(argv[0], argv, environment);
+  return errno;
+}
+
+/// Starts a child that ends with this program at the latest. 0, or an errno value.
+int StartBound(pid_t& pid, const std::array<int, 3>& streams, const std::string& folder, Words& argv,
+               Words& environment) {
+  std::array<int, 2> failure{};
+  if (::pipe2(failure.data(), O_CLOEXEC) != 0) return errno;
+  PipeEnd read(failure[0]);
+  PipeEnd write(failure[1]);
+  char** words = argv.Get();
+  char** variables = environment.Get();
+  const pid_t parent = ::getpid();
+  pid = ::fork();
+  if (pid < 0) return errno;
+  if (pid == 0) {
+    const int error = BecomeProgram(parent, streams, folder.c_str(), words, variables);
+    const ssize_t told = ::write(write.Get(), &error, sizeof error);
+    ::_exit(told == sizeof error ? 1 : 2);
+  }
+  write.Close();
+  int error = 0;
+  ssize_t count = 0;
+  while ((count = ::read(read.Get(), &error, sizeof error)) < 0 && errno == EINTR) {
+  }
+  if (count != sizeof error) return 0;
+  while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+  }
+  return error;
+}
+
 }  // namespace
 
 std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const std::vector<Text>& arguments,
@@ -216,14 +281,11 @@ std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const s
   Pipe input = options.input ? MakePipe(program) : Pipe();
   Pipe output = options.outlives ? Pipe() : MakePipe(program);
   Pipe errors = options.errors ? MakePipe(program) : Pipe();
-  Actions actions;
-  actions.Stream(STDIN_FILENO, input.read, O_RDONLY);
-  actions.Stream(STDOUT_FILENO, output.write, O_WRONLY);
-  actions.Stream(STDERR_FILENO, errors.write, O_WRONLY);
-  actions.Folder(ToUtf8(options.folder));
-  const Attributes attributes(options.outlives);
+  const std::array<int, 3> streams = {input.read.Get(), output.write.Get(), errors.write.Get()};
+  const std::string folder = ToUtf8(options.folder);
   pid_t pid = 0;
-  const int error = ::posix_spawnp(&pid, argv.Get()[0], actions.Get(), attributes.Get(), argv.Get(), environment.Get());
+  const int error = options.outlives ? SpawnApart(pid, streams, folder, argv, environment)
+                                     : StartBound(pid, streams, folder, argv, environment);
   if (error != 0) throw ErrorOfErrno(error, program);
   for (const PipeEnd* end : {&output.read, &errors.read}) {
     if (end->Get() >= 0) ::fcntl(end->Get(), F_SETFL, O_NONBLOCK);

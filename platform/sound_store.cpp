@@ -9,11 +9,13 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "core/runtime_error.h"
+#include "platform/output_files.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -21,6 +23,9 @@ namespace {
 
 constexpr std::string_view kEnding = ".wav";
 constexpr std::string_view kUnfinished = ".part";
+constexpr std::string_view kVersion = "2/";     // of the way in which the sounds are made
+constexpr std::time_t kStraySeconds = 10 * 60;  // what is being written was written to a moment ago
+constexpr std::size_t kHeader = 8;
 
 /// A number that is another one for nearly every other text.
 std::uint64_t Digest(std::string_view text) {
@@ -30,6 +35,20 @@ std::uint64_t Digest(std::string_view text) {
     digest *= 1099511628211ULL;
   }
   return digest;
+}
+
+/// True when a wave file is as long as its header says; one that was cut off isn't.
+bool IsWhole(const std::string& path, std::uint64_t size) {
+  std::array<char, kHeader> header{};
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  const ssize_t count = ::read(fd, header.data(), header.size());
+  ::close(fd);
+  if (count != static_cast<ssize_t>(header.size()) || std::string_view(header.data(), 4) != "RIFF") return false;
+  std::uint64_t told = 0;
+  for (std::size_t i = kHeader; i-- > 4;) told = told << 8 | static_cast<unsigned char>(header.at(i));
+  // The header has no room for the length of a wave beyond 4 GiB.
+  return told == 0xFFFFFFFF ? size >= told : told + kHeader == size;
 }
 
 struct Kept {
@@ -63,8 +82,8 @@ Text FolderSoundStore::PathFor(TextView film, int track) {
   struct stat info {};
   if (::stat(ToUtf8(film).c_str(), &info) != 0) throw ErrorOfErrno(errno, film);
   const auto text = [](auto number) { return std::to_string(number) + "/"; };
-  const std::string identity = text(info.st_dev) + text(info.st_ino) + text(info.st_size) + text(info.st_mtim.tv_sec) +
-                               text(info.st_mtim.tv_nsec) + text(track);
+  const std::string identity = std::string(kVersion) + text(info.st_dev) + text(info.st_ino) + text(info.st_size) +
+                               text(info.st_mtim.tv_sec) + text(info.st_mtim.tv_nsec) + text(track);
   std::array<char, 24> name{};
   std::snprintf(name.data(), name.size(), "%016llx", static_cast<unsigned long long>(Digest(identity)));
   return folder_ + u"/" + FromUtf8(std::string(name.data()) + std::string(kEnding));
@@ -74,18 +93,28 @@ bool FolderSoundStore::Has(TextView path) {
   const std::string bytes = ToUtf8(path);
   struct stat info {};
   if (::stat(bytes.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
+  if (!IsWhole(bytes, static_cast<std::uint64_t>(info.st_size))) {
+    ::unlink(bytes.c_str());
+    return false;
+  }
   ::utimensat(AT_FDCWD, bytes.c_str(), nullptr, 0);
   return true;
 }
 
 Text FolderSoundStore::Begin(TextView path) {
   PosixFiles().MakePrivateFolder(folder_);
+  // A program that was killed left its own behind.
+  for (const Kept& file : KeptFiles(ToUtf8(folder_))) {
+    if (file.path.ends_with(kUnfinished) && std::time(nullptr) - file.used.tv_sec > kStraySeconds) {
+      ::unlink(file.path.c_str());
+    }
+  }
   return Text(path) + FromUtf8(kUnfinished);
 }
 
 void FolderSoundStore::Keep(TextView path) {
   const std::string whole = ToUtf8(path);
-  if (::rename((whole + std::string(kUnfinished)).c_str(), whole.c_str()) != 0) throw ErrorOfErrno(errno, path);
+  RenameFlushed(whole + std::string(kUnfinished), whole, path);
   std::vector<Kept> files = KeptFiles(ToUtf8(folder_));
   std::uint64_t size = 0;
   for (const Kept& file : files) size += file.size;

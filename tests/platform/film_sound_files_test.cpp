@@ -1,14 +1,19 @@
 #include <gtest/gtest.h>
 #include <sys/types.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "core/runtime_error.h"
 #include "platform/child_processes.h"
+#include "platform/output_files.h"
 #include "platform/posix_files.h"
 #include "platform/sound_store.h"
 #include "tests/support/temp_folder.h"
@@ -63,17 +68,58 @@ TEST(PosixProcesses, AProcessEndsWithItsObject) {
   EXPECT_EQ(kill(id, 0), -1);
 }
 
+TEST(PosixProcesses, AProcessEndsWithAProgramThatIsKilled) {
+  // This process starts another one, which starts a third and is killed without a chance to end it.
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  const pid_t middle = fork();
+  ASSERT_GE(middle, 0);
+  if (middle == 0) {
+    const auto child = PosixProcesses().Start(u"sh", {u"-c", u"echo $$; while :; do sleep 0.1; done"});
+    std::string id;
+    while (id.find('\n') == std::string::npos && !child->Ended()) id += child->TakeOutput();
+    const pid_t number = std::atoi(id.c_str());
+    const ssize_t told = write(ends[1], &number, sizeof number);
+    if (told != sizeof number) _exit(1);
+    kill(getpid(), SIGKILL);
+  }
+  pid_t id = 0;
+  ASSERT_EQ(read(ends[0], &id, sizeof id), static_cast<ssize_t>(sizeof id));
+  ASSERT_GT(id, 0);
+  waitpid(middle, nullptr, 0);
+  close(ends[0]);
+  close(ends[1]);
+  // Whoever inherits it may not have taken its status yet.
+  const auto ended = [&] {
+    std::ifstream state("/proc/" + std::to_string(id) + "/stat");
+    std::string line;
+    return !std::getline(state, line) || line.find(") Z") != std::string::npos;
+  };
+  for (int i = 0; i < 1000 && !ended(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_TRUE(ended());
+}
+
+TEST(PosixProcesses, AMissingFolderIsARunTimeError) {
+  EXPECT_THROW(PosixProcesses().Start(u"true", {}, {.folder = u"/no/such/folder"}), RuntimeError);
+}
+
 struct SoundStoreTest : ::testing::Test {
   /// A sound of so many bytes for a film of this name.
   Text Keep(const std::string& film, std::size_t size) {
     const Text path = store.PathFor(folder.Write(film, film), 0);
     const Text unfinished = store.Begin(path);
-    PosixFiles().Replace(unfinished, [&](ByteSink& sink) { sink.Write(std::string(size, 'x')); });
+    PosixFiles().Replace(unfinished, [&](ByteSink& sink) { sink.Write(Sound(size)); });
     store.Keep(path);
     // Kept in the past, each a second behind the one before.
     const auto then = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(100 - ++kept_);
     std::filesystem::last_write_time(ToUtf8(path), then);
     return path;
+  }
+  /// A wave file of so many bytes.
+  static std::string Sound(std::size_t size) {
+    std::string bytes = "RIFF";
+    for (int i = 0; i < 4; ++i) bytes += static_cast<char>((size - 8) >> (8 * i) & 0xFF);
+    return bytes + std::string(size - 8, 'x');
   }
   bool There(const Text& path) { return PosixFiles().Exists(path); }
 
@@ -110,6 +156,45 @@ TEST_F(SoundStoreTest, TheNewestStaysHoweverLargeItIs) {
   const Text b = Keep("b.mkv", 5000);
   EXPECT_FALSE(There(a));
   EXPECT_TRUE(There(b));
+}
+
+TEST_F(SoundStoreTest, ASoundThatWasCutOffIsMadeAgain) {
+  const Text path = Keep("a.mkv", 400);
+  ASSERT_TRUE(store.Has(path));
+  std::filesystem::resize_file(ToUtf8(path), 300);
+  EXPECT_FALSE(store.Has(path));
+  EXPECT_FALSE(There(path));
+  // One whose header was never brought up to date, too.
+  folder.Write("cache/sounds/b.wav", "RIFF\xFF\xFF\xFF\xFFWAVE");
+  EXPECT_FALSE(store.Has(folder / "cache/sounds/b.wav"));
+}
+
+TEST_F(SoundStoreTest, WhatAKilledProgramLeftGoesWithTheNextSound) {
+  Keep("a.mkv", 400);
+  const Text stray = folder.Write("cache/sounds/0123.wav.part", "x");
+  const Text busy = folder.Write("cache/sounds/4567.wav.part", "x");
+  std::filesystem::last_write_time(ToUtf8(stray),
+                                   std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  store.Begin(store.PathFor(folder / "a.mkv", 1));
+  EXPECT_FALSE(There(stray));
+  EXPECT_TRUE(There(busy));
+}
+
+TEST(OutputFiles, RemoveWhatKilledRunsHaveLeftBesideTheTarget) {
+  TempFolder folder;
+  const auto age = [](const Text& path) {
+    std::filesystem::last_write_time(ToUtf8(path),
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  };
+  const Text stray = folder.Write(".cuewright-abcdef", "half a film");
+  age(stray);
+  const auto busy = PosixOutputFiles().Begin(folder / "busy.avi");
+  age(busy->Part());
+  const auto next = PosixOutputFiles().Begin(folder / "next.avi");
+  EXPECT_FALSE(PosixFiles().Exists(stray));
+  EXPECT_TRUE(PosixFiles().Exists(busy->Part()));
+  next->Keep();
+  EXPECT_TRUE(PosixFiles().Exists(folder / "next.avi"));
 }
 
 TEST_F(SoundStoreTest, UnfinishedSoundsAreNoSounds) {
