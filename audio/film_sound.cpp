@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "core/media_errors.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
 
@@ -16,11 +17,15 @@ constexpr std::string_view kTimeKey = "out_time_us=";
 
 /// The decoder's arguments. "file:" keeps a name from being taken for an option or an address.
 std::vector<Text> Arguments(const Text& film, int track, const Text& wave) {
-  return {u"-nostdin", u"-v", u"quiet", u"-y", u"-i", u"file:" + film,
+  return {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + film,
           // The track that plays, or the first one; silence where it begins late, so that the wave has the film's time.
           u"-map", track < 0 ? Text(u"0:a:0") : u"0:" + Decimal(track), u"-af", u"aresample=async=1:first_pts=0",
           u"-ac", u"1", u"-ar", u"22050", u"-c:a", u"pcm_s16le", u"-map_metadata", u"-1", u"-fflags", u"+bitexact",
-          u"-flags:a", u"+bitexact", u"-f", u"wav", u"-progress", u"pipe:1", u"file:" + wave};
+          u"-flags:a", u"+bitexact", u"-f", u"wav", u"-progress", u"pipe:1", u"file:" + wave,
+          // In some containers a film begins, for the decoder, where the first stream does that is asked for: the
+          // picture's and the sound's beginnings are asked for here, and go nowhere.
+          u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1", u"-f", u"null",
+          u"-"};
 }
 
 }  // namespace
@@ -50,8 +55,9 @@ void FilmSound::StartSteps() {
   path_ = p_.store->PathFor(film_, track);
   if (p_.store->Has(path_)) return Load();
   const Text unfinished = p_.store->Begin(path_);
-  child_ = p_.processes->Start(Text(kDecoder), Arguments(film_, track, unfinished));
+  child_ = p_.processes->Start(Text(kDecoder), Arguments(film_, track, unfinished), {.errors = true});
   output_.clear();
+  cutOff_ = false;
   done_ = 0;
   ShowProgress();
   p_.window.mnuOpenWav.SetEnabled(false);
@@ -71,9 +77,12 @@ void FilmSound::Poll() {
   if (p_.document.VideoPath != film_) return Stop();
   ReadProgress();
   const std::optional<int> status = child_->Ended();
+  // What it says about a full disk comes with its end, and its status may not tell.
+  cutOff_ = cutOff_ || TellsOfCutOff(child_->TakeErrors());
   if (!status) return;
-  Finish(*status == 0);
-  if (*status != 0) Tell();
+  const bool whole = *status == 0 && !cutOff_;
+  Finish(whole);
+  if (!whole) Tell();
 }
 
 void FilmSound::ReadProgress() {

@@ -50,6 +50,7 @@ class FilmSound {
   Text path_;
   std::string output_;     // the line that isn't whole yet
   std::int64_t done_ = 0;  // microseconds
+  bool cutOff_ = false;    // the decoder couldn't write all of it
 };
 
 }  // namespace cuewright

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdio>
 
+#include "core/media_errors.h"
+
 namespace cuewright {
 namespace {
 
@@ -16,6 +18,9 @@ constexpr std::string_view kTimeKey = "out_time_us=";
 constexpr std::string_view kDurationStart = "[info]   Duration: ";
 constexpr std::array<TextView, 4> kScaleFlags = {u"neighbor", u"bilinear", u"bicubic",
                                                  u"bilinear+accurate_rnd+full_chroma_int+full_chroma_inp"};
+
+/// Silence where the sound begins late or has a gap, so that what holds no times keeps those of the film.
+constexpr TextView kFilledSound = u"aresample=async=1:first_pts=0";
 
 using Words = std::vector<Text>;
 
@@ -76,19 +81,28 @@ void AddFilm(Words& words, const RunJob& job, const JobWay& way) {
   words.push_back(Decimal(way.quantizer));
   if (job.sound) {
     Add(words, {u"-c:a", job.soundDecoded || way.soundDecoded ? TextView(u"pcm_s16le") : TextView(u"copy")});
+    if (job.soundDecoded || way.soundDecoded) Add(words, {u"-af", kFilledSound});
     if (job.soundDecoded && job.sampleRate > 0) Add(words, {u"-ar", Decimal(job.sampleRate)});
   }
   Add(words, {u"-f", u"avi"});
 }
 
 void AddWave(Words& words, const RunJob& job, const JobWay& way) {
-  Add(words, {u"-map", u"0:a:0", u"-c:a", job.soundDecoded ? TextView(u"pcm_s16le") : TextView(u"copy")});
+  const bool decoded = job.soundDecoded || way.soundDecoded;
+  Add(words, {u"-map", u"0:a:0", u"-c:a", decoded ? TextView(u"pcm_s16le") : TextView(u"copy")});
   // Readers of waves, the Audio bar among them, know one or two channels.
-  if (job.soundDecoded) Add(words, {u"-af", u"aformat=channel_layouts=mono|stereo"});
+  if (decoded) Add(words, {u"-af", Text(kFilledSound) + u",aformat=channel_layouts=mono|stereo"});
   if (job.soundDecoded && job.sampleRate > 0) Add(words, {u"-ar", Decimal(job.sampleRate)});
   // Nothing but the sound: the header of a wave is the plain one then, which every reader knows.
   Add(words, {u"-map_metadata", u"-1", u"-fflags", u"+bitexact", u"-flags:a", u"+bitexact", u"-f",
               way.otherContainer ? TextView(u"matroska") : TextView(u"wav")});
+}
+
+/// In some containers a film begins, for FFmpeg, where the first stream does that is asked for: the picture's and the
+/// sound's beginnings are asked for here, and go nowhere.
+void AddWholeFilm(Words& words) {
+  Add(words, {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1", u"-f", u"null",
+              u"-"});
 }
 
 }  // namespace
@@ -109,6 +123,14 @@ std::vector<Text> FfmpegArguments(const RunJob& job, const JobWay& way, const Te
   }
   AddRange(words, job, way);
   words.push_back(FileWord(part));
+  if (job.kind != RunJob::Kind::Avi) AddWholeFilm(words);
+  return words;
+}
+
+std::vector<Text> SoundTimesArguments(const Text& film) {
+  Words words = Input(film);
+  Add(words, {u"-map", u"0:a:0", u"-c", u"copy", u"-f", u"framecrc", u"pipe:1"});
+  AddWholeFilm(words);
   return words;
 }
 
@@ -153,6 +175,7 @@ void FfmpegLog::TakeLogLine(std::string_view line) {
     const std::size_t found = line.find(mark);
     if (found == std::string_view::npos) continue;
     errors_.emplace_back(line.substr(found + mark.size()));
+    cutOff_ = cutOff_ || TellsOfCutOff(errors_.back());
     if (errors_.size() > kMostErrors) errors_.erase(errors_.begin());
     return;
   }

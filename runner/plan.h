@@ -18,7 +18,7 @@ inline constexpr int kDefaultQuantizer = 4;
 /// How a job is carried out; the ways after the first are for films or systems that the first one doesn't suit.
 struct JobWay {
   bool plainEncoder = false;    ///< FFmpeg's own MPEG-4 encoder in place of XviD's
-  bool soundDecoded = false;    ///< AVI: the sound becomes samples, since AVI can't hold it as it is
+  bool soundDecoded = false;    ///< the sound becomes samples, since the file can't hold it, or its times, as it is
   bool otherContainer = false;  ///< wave: Matroska in place of wave, which can't hold the sound as it is
   int quantizer = kDefaultQuantizer;
   std::optional<std::int64_t>
@@ -31,6 +31,9 @@ std::vector<Text> FfmpegArguments(const RunJob& job, const JobWay& way, const Te
 
 /// The same for telling about a film: its length comes as `FfmpegLog::Duration`.
 std::vector<Text> ProbeArguments(const Text& film);
+
+/// The same for the times of its sound, as `SoundTimes` reads them.
+std::vector<Text> SoundTimesArguments(const Text& film);
 
 /// What the filters draw the subtitle of filter number `at` from.
 std::string SubtitleName(std::size_t at);
@@ -48,6 +51,8 @@ class FfmpegLog {
   std::optional<std::int64_t> Duration() const { return duration_; }
   /// How much of the result is written, in ms.
   std::int64_t Done() const { return done_; }
+  /// True when what was written is not all of it, whatever its exit status says: a full disk is told here alone.
+  bool CutOff() const { return cutOff_; }
   /// Its errors, a line each, the last 20 of them.
   const std::vector<std::string>& Errors() const { return errors_; }
   /// True when one of the errors holds the text.
@@ -60,6 +65,7 @@ class FfmpegLog {
   std::string log_;
   std::optional<std::int64_t> duration_;
   std::int64_t done_ = 0;
+  bool cutOff_ = false;
   std::vector<std::string> errors_;
 };
 

@@ -41,7 +41,12 @@ ScriptRun::State ScriptRun::Step(int waitMs) {
 }
 
 void ScriptRun::TakeAll() {
-  log_.TakeOutput(child_->TakeOutput());
+  const std::string output = child_->TakeOutput();
+  if (stage_ == Stage::Sound) {
+    times_.Take(output);
+  } else {
+    log_.TakeOutput(output);
+  }
   log_.TakeErrors(child_->TakeErrors());
 }
 
@@ -62,6 +67,16 @@ void ScriptRun::StartJob() {
   if (job.rangeEnd > 0) {
     StartProbe();
   } else {
+    StartNext();
+  }
+}
+
+void ScriptRun::StartNext() {
+  const RunJob& job = jobs_[at_];
+  const bool copies = !job.soundDecoded && (job.sound || job.kind != RunJob::Kind::Avi);
+  if (copies) {
+    StartSoundProbe();
+  } else {
     StartFfmpeg();
   }
 }
@@ -77,30 +92,47 @@ void ScriptRun::WriteSubtitles() {
 }
 
 void ScriptRun::StartProbe() {
-  probing_ = true;
-  log_ = {};
-  child_ =
-      p_.processes.Start(Text(kFfmpeg), ProbeArguments(jobs_[at_].source), {.folder = folder_->Path(), .errors = true});
+  stage_ = Stage::Length;
+  Start(ProbeArguments(jobs_[at_].source));
+}
+
+void ScriptRun::StartSoundProbe() {
+  stage_ = Stage::Sound;
+  times_ = {};
+  Start(SoundTimesArguments(jobs_[at_].source));
 }
 
 void ScriptRun::StartFfmpeg() {
-  probing_ = false;
+  stage_ = Stage::Work;
+  Start(FfmpegArguments(jobs_[at_], way_, part_->Part()));
+}
+
+void ScriptRun::Start(const std::vector<Text>& arguments) {
   log_ = {};
-  child_ = p_.processes.Start(Text(kFfmpeg), FfmpegArguments(jobs_[at_], way_, part_->Part()),
-                              {.folder = folder_->Path(), .errors = true});
+  child_ = p_.processes.Start(Text(kFfmpeg), arguments, {.folder = folder_->Path(), .errors = true});
 }
 
 ScriptRun::State ScriptRun::EndFfmpeg(int status) {
   const RunJob& job = jobs_[at_];
-  if (probing_) {
+  if (stage_ == Stage::Sound) {
+    // A film whose sound can't be listed fails in the work itself, which tells why.
+    if (!times_.Even()) {
+      way_.soundDecoded = true;
+      notes_.emplace_back(
+          "the film's sound begins early or late or has gaps; it is written uncompressed, so that it keeps its times");
+    }
+    StartFfmpeg();
+    return State::Running;
+  }
+  if (stage_ == Stage::Length) {
     if (!log_.Duration())
       return Fail("the length of the film can't be told, so it can't be shortened: " + ReasonOf(status));
     if (LengthOf(job, *log_.Duration()) == 0) return Fail("the range leaves nothing of the film");
     way_.duration = log_.Duration();
-    StartFfmpeg();
+    StartNext();
     return State::Running;
   }
-  if (status == 0) return FinishJob();
+  if (status == 0 && !log_.CutOff()) return FinishJob();
   if (TryAnotherWay()) {
     StartFfmpeg();
     return State::Running;
@@ -165,7 +197,7 @@ std::vector<std::string> ScriptRun::TakeNotes() { return std::exchange(notes_, {
 std::optional<double> ScriptRun::Fraction() const {
   const double whole = static_cast<double>(jobs_.size());
   if (at_ == jobs_.size()) return 1.0;
-  if (jobs_.empty() || probing_) return std::nullopt;
+  if (jobs_.empty() || stage_ != Stage::Work) return std::nullopt;
   const std::optional<std::int64_t> duration = way_.duration ? way_.duration : log_.Duration();
   if (!duration || LengthOf(jobs_[at_], *duration) == 0) return std::nullopt;
   const double part = static_cast<double>(log_.Done()) / static_cast<double>(LengthOf(jobs_[at_], *duration));

@@ -12,6 +12,7 @@
 #include "core/ports/processes.h"
 #include "runner/plan.h"
 #include "runner/script.h"
+#include "runner/sound_times.h"
 
 namespace cuewright {
 
@@ -54,7 +55,10 @@ class ScriptRun {
   void StartJob();
   void StartFfmpeg();
   void WriteSubtitles();
+  void Start(const std::vector<Text>& arguments);
+  void StartNext();
   void StartProbe();
+  void StartSoundProbe();
   void TakeAll();
   State EndFfmpeg(int status);
   bool TryAnotherWay();
@@ -67,7 +71,9 @@ class ScriptRun {
   std::size_t at_ = 0;
   JobWay way_;
   bool started_ = false;
-  bool probing_ = false;
+  enum class Stage { Length, Sound, Work };
+  Stage stage_ = Stage::Work;
+  SoundTimes times_;
   FfmpegLog log_;
   std::unique_ptr<WorkFolder> folder_;
   std::unique_ptr<OutputFile> part_;

@@ -22,12 +22,16 @@ struct FilmSoundTest : ProgramFixture {
 
   FakeProcesses::Run& Run() { return *processes.runs.back(); }
   /// What the decoder was told to write.
-  Text Unfinished() { return Run().arguments.back().substr(5); }
+  Text Unfinished() {
+    const auto file = std::find_if(Run().arguments.rbegin(), Run().arguments.rend(),
+                                   [](const Text& word) { return word.starts_with(u"file:"); });
+    return file->substr(5);
+  }
   void Poll() { Window().tmrFilmSound.Tick(); }
   /// The decoder writes a second of silence and ends.
   void Decode(int status = 0) {
-    const std::string header("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\x80\x3e\0\0",
-                             44);
+    const std::string header(
+        "RIFF\xA4\x3E\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\x80\x3e\0\0", 44);
     std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(16000, '\0');
     Run().status = status;
     Poll();
@@ -65,6 +69,15 @@ TEST_F(FilmSoundTest, TellsHowFarItIs) {
   Run().output = "out_time_us=70000000\n";
   Poll();
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 70 s");
+}
+
+TEST_F(FilmSoundTest, AWaveThatTheDecoderCouldNotEndIsAFailureWhateverItsStatus) {
+  Window().mnuFilmSound.Click();
+  Run().errors = "Error writing trailer of x.part: No space left on device\n";
+  Decode(0);
+  EXPECT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(program->document.WavePath, u"");
+  EXPECT_FALSE(std::filesystem::exists(ToUtf8(Unfinished())));
 }
 
 TEST_F(FilmSoundTest, TheWaveGoesToTheAudioBarAndIsThereAtOnceTheNextTime) {

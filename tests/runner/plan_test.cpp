@@ -105,7 +105,7 @@ TEST(RunnerPlan, AWaveIsDecodedOrCopied) {
   const auto decoded = FfmpegArguments(job, {}, u"/p");
   EXPECT_EQ(Behind(decoded, u"-c:a"), u"pcm_s16le");
   EXPECT_EQ(Behind(decoded, u"-ar"), u"22050");
-  EXPECT_EQ(Behind(decoded, u"-af"), u"aformat=channel_layouts=mono|stereo");
+  EXPECT_EQ(Behind(decoded, u"-af"), u"aresample=async=1:first_pts=0,aformat=channel_layouts=mono|stereo");
   EXPECT_FALSE(Has(copied, u"-af"));
   job.sampleRate = 0;
   EXPECT_FALSE(Has(FfmpegArguments(job, {}, u"/p"), u"-ar"));

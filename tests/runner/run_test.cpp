@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cmath>
+#include <cstdlib>
+
 #include "platform/child_processes.h"
 #include "platform/output_files.h"
 #include "platform/posix_files.h"
@@ -125,6 +128,119 @@ TEST_F(RunnerRun, AWaveHasTheRateAskedForOrThatOfTheFilm) {
   EXPECT_EQ(Probe(Bytes("a.wav"), "stream=codec_name,sample_rate,channels"), "pcm_s16le,22050,1\n");
   EXPECT_EQ(Probe(Bytes("b.wav"), "stream=codec_name,sample_rate,channels"), "pcm_s16le,48000,1\n");
   EXPECT_NEAR(std::stod(Probe(Bytes("a.wav"), "format=duration")), 3, 0.1);
+}
+
+/// A film of 6 seconds whose sound has a burst at 3 s of its own, in the container of its name's ending.
+struct OddFilm {
+  std::string name;
+  double pictureStart = 0;
+  double soundStart = 0;
+  bool gap = false;
+  double burst = 3;  // seconds of the film as a player shows it; what the encoder puts before comes on top
+};
+
+std::vector<OddFilm> OddFilms() {
+  std::vector<OddFilm> films;
+  for (const char* ending : {"mp4", "mkv", "ts", "vob", "mpg"}) {
+    films.push_back({std::string("late.") + ending, 0, 0.7, false, 3.7});
+    films.push_back({std::string("early.") + ending, 0.7, 0});
+    films.push_back({std::string("gap.") + ending, 0, 0, true});
+  }
+  films.push_back({"early.avi", 0.7, 0});
+  return films;
+}
+
+std::string MakeOddFilm(const TempFolder& folder, const OddFilm& film) {
+  const std::string path = folder.Bytes(film.name);
+  const std::string ending = path.substr(path.rfind('.') + 1);
+  const bool modern = ending == "mp4" || ending == "mkv";
+  const std::string sound = ending == "mp4" ? "aac" : ending == "mkv" || ending == "avi" ? "ac3" : "mp2";
+  const std::string between = folder.Bytes("between.mkv");
+  testing::Output({"ffmpeg",
+                   "-nostdin",
+                   "-v",
+                   "error",
+                   "-y",
+                   "-itsoffset",
+                   std::to_string(film.pictureStart),
+                   "-f",
+                   "lavfi",
+                   "-i",
+                   "testsrc=size=64x64:rate=25:duration=6",
+                   "-itsoffset",
+                   std::to_string(film.soundStart),
+                   "-f",
+                   "lavfi",
+                   "-i",
+                   "aevalsrc='if(between(t,3,3.1),0.8*sin(2*PI*1000*t),0)':s=48000:d=6",
+                   "-map",
+                   "0:v",
+                   "-map",
+                   "1:a",
+                   "-c:v",
+                   modern            ? "libx264"
+                   : ending == "avi" ? "mpeg4"
+                                     : "mpeg2video",
+                   "-pix_fmt",
+                   "yuv420p",
+                   "-c:a",
+                   sound,
+                   film.gap ? between : path});
+  if (film.gap) {
+    // Between 0.9 and 1.9 s the packets are left out.
+    testing::Output({"ffmpeg", "-nostdin", "-v", "error", "-y", "-i", between, "-c", "copy", "-bsf:a",
+                     "noise=drop='between(n\\,40\\,80)'", path});
+  }
+  return path;
+}
+
+/// What the sound's encoder, which is told by the container, puts before its first sample.
+double EncoderDelay(const OddFilm& film) {
+  if (film.soundStart > 0) return 0;  // it begins that much earlier
+  if (film.name.ends_with("mp4")) return film.gap ? 1024 / 48000.0 : 0;
+  return film.name.ends_with("mkv") || film.name.ends_with("avi") ? 256 / 48000.0 : 481 / 48000.0;
+}
+
+/// Where the burst is, in seconds of the samples from the first one on.
+double Burst(const std::string& path) {
+  constexpr std::size_t kRate = 48000;
+  const std::string bytes = testing::Output({"ffmpeg", "-nostdin", "-v", "error", "-i", path, "-map", "0:a:0", "-ac",
+                                             "1", "-ar", std::to_string(kRate), "-f", "s16le", "-"});
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    const auto sample = static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
+                                                  static_cast<unsigned char>(bytes[at + 1]) << 8);
+    if (std::abs(sample) > 6000) return static_cast<double>(at) / 2 / kRate;
+  }
+  return -1;
+}
+
+TEST_F(RunnerRun, SoundThatBeginsLateOrEarlyOrHasGapsKeepsItsTimes) {
+  for (const OddFilm& odd : OddFilms()) {
+    SCOPED_TRACE(odd.name);
+    const std::string film = MakeOddFilm(folder, odd);
+    const double burst = odd.burst + EncoderDelay(odd);
+    EXPECT_EQ(Run({Wave(film, folder / "a.wav", 22050), Wave(film, folder / "b.wav", 0, false)}), "");
+    EXPECT_NEAR(Burst(Bytes("a.wav")), burst, 0.005);
+    EXPECT_NEAR(Burst(Bytes("b.wav")), burst, 0.005);
+    RunJob burn = Burn(FromUtf8(film), folder / "a.avi");
+    EXPECT_EQ(Run({burn}), "");
+    EXPECT_NEAR(Burst(Bytes("a.avi")), burst, 0.005);
+  }
+}
+
+TEST_F(RunnerRun, AFileThatFfmpegCouldNotEndIsAFailureWhateverItsStatus) {
+  const std::string path = ::getenv("PATH");
+  std::filesystem::create_directory(Bytes("bin"));
+  const std::string fake = ToUtf8(folder.Write(
+      "bin/ffmpeg", "#!/bin/sh\necho '[error] Error writing trailer of x: No space left on device' >&2\nexit 0\n"));
+  std::filesystem::permissions(fake, std::filesystem::perms::owner_all);
+  folder.Write("a.wav", "what was there");
+  ::setenv("PATH", (Bytes("bin") + ":" + path).c_str(), 1);
+  const std::string failure = Run({Wave(DarkFilm(), folder / "a.wav", 0)});
+  ::setenv("PATH", path.c_str(), 1);
+  EXPECT_EQ(failure, "Error writing trailer of x: No space left on device");
+  EXPECT_EQ(folder.Read("a.wav"), "what was there");
+  EXPECT_TRUE(Left().empty());
 }
 
 TEST_F(RunnerRun, AWaveHasOneChannelOrTwo) {

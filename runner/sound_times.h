@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cuewright {
+
+/// Reads FFmpeg's list of a film's packets ("framecrc") and tells whether its sound runs from the film's beginning on
+/// without a gap. Containers without time stamps can only hold such sound as it is.
+class SoundTimes {
+ public:
+  /// Pieces of any size, in their order.
+  void Take(std::string_view bytes);
+
+  /// False when the sound begins early or late, or has a gap, by more than a listener might notice.
+  bool Even() const { return even_; }
+
+ private:
+  struct Stream {
+    bool sound = false;
+    double unit = 0;  // seconds
+    std::optional<double> end;
+    double shortest = 1;  // length of a packet
+  };
+
+  void TakeLine(const std::string& line);
+  void TakePacket(Stream& stream, std::int64_t pts, std::int64_t duration);
+  Stream& At(std::size_t number);
+
+  std::string rest_;
+  std::vector<Stream> streams_;
+  bool even_ = true;
+};
+
+}  // namespace cuewright
