@@ -49,5 +49,23 @@ TEST(Manner, NothingElseAsksForTheSetting) {
   EXPECT_GT(files, 300u);
 }
 
+std::size_t Count(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++count;
+  return count;
+}
+
+// Every departure is told to the user, in the documents and in the help of both languages.
+TEST(Manner, EveryDepartureIsTold) {
+  const fs::path root(CUEWRIGHT_SOURCE_DIR);
+  const std::size_t departures = Count(ContentOf(root / "core/manner.h"), "{ return !classic_; }");
+  EXPECT_GT(departures, 10u);
+  // One departure of `KeepsTheSource` is told in two rows, and the table has a heading.
+  EXPECT_EQ(Count(ContentOf(root / "docs/manners.md"), "\n| ") - 1, departures + 1);
+  for (const char* page : {"resources/help/english/manners.html", "resources/help/spanish/manners.html"}) {
+    EXPECT_EQ(Count(ContentOf(root / page), "<tr><td>"), departures + 1) << page;
+  }
+}
+
 }  // namespace
 }  // namespace cuewright

@@ -45,7 +45,7 @@ class Scene:
         with open(self.path(name), encoding="utf-8", newline="") as file:
             return file.read()
 
-    def start(self, *arguments, options="", largest=None):
+    def start(self, *arguments, options="", largest=None, state=None):
         with open(os.path.join(self.config, "tessaly-cuewright", "settings.ini"), "w", encoding="utf-8") as file:
             file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nLastFolder=%s/\n%s" %
                        (self.folder, options))
@@ -55,13 +55,21 @@ class Scene:
             signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
             resource.setrlimit(resource.RLIMIT_FSIZE, (largest, before[1]))
         try:
-            self.program = desktop.Program(self.binary, list(arguments), {
-                "XDG_CONFIG_HOME": self.config, "LC_ALL": "C.UTF-8", "CUEWRIGHT_MPV_OPTIONS": "ao=null"},
-                restore_signals=largest is None)
+            environment = {"XDG_CONFIG_HOME": self.config, "LC_ALL": "C.UTF-8", "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
+            if state is not None:
+                environment["XDG_STATE_HOME"] = state
+            self.program = desktop.Program(self.binary, list(arguments), environment, restore_signals=largest is None)
         finally:
             resource.setrlimit(resource.RLIMIT_FSIZE, before)
         self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
         desktop.focus(self.main)
+
+    def open_by_key(self, name):
+        desktop.focus(self.main)
+        desktop.key("ctrl+o")
+        desktop.wait_for("the open dialog", lambda: self.program.find("text", "File name:"))
+        desktop.type_text(self.path(name))
+        desktop.key("Return")
 
     def wait_rows(self, count):
         table = desktop.wait_for("the list", lambda: self.program.find("table", "List of the captions"))
@@ -147,16 +155,12 @@ class Scene:
 
 
 def a_text_is_timed_and_closed_with_yes(s):
-    text = s.write("lines.txt", "one\ntwo\n")
+    s.write("lines.txt", "one\ntwo\n")
     s.start(s.film)
     label = desktop.wait_for("the position", lambda: next(
         (l for l in s.program.all("label") if l.description == "Current position in milliseconds"), None))
     desktop.wait_for("the film to play", lambda: int(label.name or 0) > 100)
-    desktop.focus(s.main)
-    desktop.key("ctrl+o")
-    desktop.wait_for("the open dialog", lambda: s.program.find("text", "File name:"))
-    desktop.type_text(text)
-    desktop.key("Return")
+    s.open_by_key("lines.txt")
     s.wait_rows(2)
     desktop.focus(s.main)
     table = s.program.find("table", "List of the captions")
@@ -317,10 +321,38 @@ def escape_at_captions_without_times_cuts_nothing_off(s):
     s.wait_end()
 
 
+def what_a_save_left_out_comes_back(s):
+    s.start(s.write("a.srt", subrip(["Hello", "there", "you"]).replace(
+        "00:00:02,000 --> 00:00:02,500", "00:00:00,000 --> 00:00:00,000")))
+    s.wait_rows(3)
+    s.type_into_pane("Changed")
+    desktop.key("ctrl+s")
+    s.box("captions without timing")
+    s.press_button("No")
+    desktop.wait_for("the saved part", lambda: s.read("a.srt") == subrip(["Changed"]))
+    journals = os.path.join(s.program.home.name, "xdg_state_home", "tessaly-cuewright", "journals")
+    desktop.wait_for("a journal of the rest", lambda: any(
+        os.path.getsize(os.path.join(journals, name)) > 0 for name in os.listdir(journals)))
+    s.program.process.kill()
+    s.program.process.wait()
+    state = s.program.environment["XDG_STATE_HOME"]
+    home = s.program.home
+    s.start(options="", state=state)
+    s.box("It can be restored")
+    s.press_button("Yes")
+    s.wait_rows(3)
+    home.cleanup()
+    s.close()
+    s.box(QUESTION)
+    s.press_button("No")
+    s.wait_end()
+
+
 SCENES = [a_text_is_timed_and_closed_with_yes, looking_asks_nothing, escape_at_the_question_keeps_everything,
           no_at_the_question_leaves_the_file, one_caption_is_work_too, save_as_and_think_better_of_it,
           the_disk_is_full_at_the_last_moment, a_folder_that_went_away,
           escape_at_captions_without_times_cuts_nothing_off,
+          what_a_save_left_out_comes_back,
           the_classic_manner_closes_one_caption_silently]
 
 
