@@ -22,8 +22,10 @@ constexpr std::array<KeptTag, 4> kKeptTags = {
 /// What a line with a time begins with.
 constexpr std::string_view kSyncBytes = "<SYNC START=";
 
-/// Longest line of nested brackets that is worked on copy by copy, since that takes time by its square.
+/// Longest line of nested brackets that is worked on copy by copy, since that takes time by its square, and how many
+/// characters of such work a file may ask for.
 constexpr std::size_t kLongestNested = 4096;
+constexpr std::size_t kMostNestedWork = std::size_t{32} << 20;
 
 /// Removes each stretch from a "<" to the next ">". Gives up with false at a "<" inside a stretch.
 bool RemoveFlatStretches(TextView text, bool nestedToo, Text& result) {
@@ -41,17 +43,20 @@ bool RemoveFlatStretches(TextView text, bool nestedToo, Text& result) {
   return true;
 }
 
-/// The same for any text: every further copy of a stretch goes with it, which may bring brackets together.
-Text RemoveStretches(TextView text) {
+/// The same for any text: every further copy of a stretch goes with it, which may bring brackets together. `work` is
+/// what the file may still ask for.
+Text RemoveStretches(TextView text, std::size_t& work) {
   Text result;
   if (RemoveFlatStretches(text, text.size() > kLongestNested, result)) return result;
-  result = text;
-  for (;;) {
+  for (result = text; work >= result.size(); work -= result.size()) {
     const std::size_t open = result.find(u'<');
     const std::size_t close = open == Text::npos ? open : result.find(u'>', open);
     if (close == Text::npos) return result;
     result = ReplaceAll(result, Text(result, open, close - open + 1), {});
   }
+  Text flat;
+  RemoveFlatStretches(result, true, flat);
+  return flat;
 }
 
 /// Length of the kept tag that begins at the place; 0 when none does.
@@ -95,10 +100,10 @@ bool StripPlainLine(TextView text, Text& result) {
   return true;
 }
 
-Text StripAnyLine(TextView line) {
+Text StripAnyLine(TextView line, std::size_t& work) {
   Text text(line);
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.tag, kept.hidden);
-  text = RemoveStretches(text);
+  text = RemoveStretches(text, work);
   for (const KeptTag& kept : kKeptTags) text = ReplaceAll(text, kept.hidden, kept.tag);
   return text;
 }
@@ -247,7 +252,7 @@ class SamiParser final : public LineParser {
     if (!marked) {
       captions_.captionText = text;
     } else if (!StripPlainLine(text, captions_.captionText)) {
-      captions_.captionText = StripAnyLine(text);
+      captions_.captionText = StripAnyLine(text, nestedWork_);
     }
   }
 
@@ -271,6 +276,7 @@ class SamiParser final : public LineParser {
   std::array<KnownLine, 2> known_;
   std::size_t nextKnown_ = 0;
   std::string mereBreak_;
+  std::size_t nestedWork_ = kMostNestedWork;
   TextRun run_;
 };
 

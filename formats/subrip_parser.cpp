@@ -30,7 +30,7 @@ class SubRipParser final : public LineParser {
     text_.Begin();
     while (captions.ImportedCount() % kYieldEvery != 0) {
       const std::string_view rest = file.Rest();
-      if (rest.empty() || text_.Full()) break;
+      if (rest.empty() || text_.Full() || captions.Full()) break;
       if (captions.TimesSet()) {
         ParseTextLine(file, rest);
       } else if (const std::size_t length = SettledLength(rest, file.LineEnd()); length != 0) {
@@ -57,6 +57,7 @@ class SubRipParser final : public LineParser {
   std::size_t SettledLength(std::string_view rest, char lineEnd) {
     std::size_t digits = 0;
     while (digits < rest.size() && rest[digits] >= '0' && rest[digits] <= '9') ++digits;
+    if (digits > kLongestLine) return 0;  // it is told that such a line was cut
     if (digits == rest.size() || rest[digits] == lineEnd) return digits;
     constexpr std::size_t kLength = 2 * kTimeLength + kArrowBytes.size();
     if (rest.size() <= kLength || rest[kLength] != lineEnd) return 0;

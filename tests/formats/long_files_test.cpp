@@ -58,5 +58,13 @@ TEST(LongFiles, TakeTimeByTheirLength) {
   }
 }
 
+TEST(LongFiles, OfNestedTagsTakeTimeByTheirLength) {
+  FormatRig rig;
+  std::string line;
+  for (int i = 0; line.size() < 4000; ++i) line += "<a<" + std::to_string(i) + ">";
+  const double ms = ReadMs(rig, u"SAMI", "<SAMI>\n<BODY>\n<SYNC START=1000>\n" + Repeated(line + "\n"));
+  EXPECT_LT(ms, kMostMs);
+}
+
 }  // namespace
 }  // namespace cuewright::testing
