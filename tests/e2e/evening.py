@@ -286,6 +286,63 @@ def a_folder_that_went_away(s):
     s.wait_end()
 
 
+def rules_only_look_at_what_is_opened(s):
+    before = subrip(["Hello there", "and you"]).replace("00:00:01,500", "00:00:02,400")
+    s.start(s.write("a.srt", before))
+    s.wait_rows(2)
+    s.box("1 finding")
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    s.box("Saved as")
+    assert s.read("a.srt") == before, s.read("a.srt")
+    s.close()
+    s.wait_end()
+
+
+def what_the_rules_did_is_taken_back(s):
+    before = subrip(["Hello there", "and you"]).replace("00:00:01,500", "00:00:02,400")
+    s.start(s.write("a.srt", before))
+    s.wait_rows(2)
+    s.box("1 finding")
+    s.press_button("Apply")
+    s.box("The rules changed 1 caption")
+    report = desktop.wait_for("the report", lambda: s.program.window_id("Subtitle File Report"))
+    desktop.focus(report)
+    desktop.key("Escape")
+    desktop.focus(s.main)
+    s.press_button("Undo")
+    s.no_box("The rules changed")
+    s.close()
+    s.wait_end()
+    assert s.read("a.srt") == before, s.read("a.srt")
+
+
+def the_wrong_file_is_appended(s):
+    before = subrip(["Hello", "there"])
+    text = s.write("a.srt", before)
+    s.start(s.film)
+    desktop.focus(s.main)
+    desktop.key("ctrl+o")
+    desktop.wait_for("the open dialog", lambda: s.program.find("text", "File name:"))
+    desktop.type_text(text)
+    desktop.key("Return")
+    s.wait_rows(2)
+    item = desktop.wait_for("the menu", lambda: s.program.find("menu item", "Append subtitle..."))
+    item.queryAction().doAction(0)
+    desktop.wait_for("the open dialog", lambda: s.program.find("text", "File name:"))
+    desktop.type_text(s.write("letter.xyz", "Dear friend\n"))
+    desktop.key("Return")
+    s.box("Failed to determine subtitle format")
+    desktop.key("Return")
+    s.type_into_pane("Changed")
+    desktop.focus(s.main)
+    desktop.key("ctrl+s")
+    desktop.wait_for("the saved text", lambda: "Changed" in s.read("a.srt"))
+    assert s.read("a.srt") == subrip(["Changed", "there"]), s.read("a.srt")
+    s.close()
+    s.wait_end()
+
+
 def the_classic_manner_closes_one_caption_silently(s):
     before = subrip(["Hello"])
     s.start(s.write("a.srt", before), options="Classic=1\n")
@@ -353,6 +410,7 @@ SCENES = [a_text_is_timed_and_closed_with_yes, looking_asks_nothing, escape_at_t
           the_disk_is_full_at_the_last_moment, a_folder_that_went_away,
           escape_at_captions_without_times_cuts_nothing_off,
           what_a_save_left_out_comes_back,
+          rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
           the_classic_manner_closes_one_caption_silently]
 
 
