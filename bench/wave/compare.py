@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Loading of long wave files from a warm page cache: the Audio bar's reader against a bare C++ floor, FFmpeg and SoX.
 
-usage: bench/wave/compare.py [BUILD_FOLDER] [ROUNDS]   (default: build/release, 9)
+usage: bench/wave/compare.py [BUILD_FOLDER] [ROUNDS] [--moment]   (default: build/release, 9)
+
+With --moment the files are short and read once: it only shows that all of it still runs.
 
 All programs run in turn, round by round, over the same files. What counts is the processor's time of each process,
 which other work on the machine hardly changes.
@@ -16,10 +18,13 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+MOMENT = "--moment" in sys.argv
+if MOMENT:
+    sys.argv.remove("--moment")
 BUILD = sys.argv[1] if len(sys.argv) > 1 else os.path.join(ROOT, "build", "release")
-ROUNDS = int(sys.argv[2]) if len(sys.argv) > 2 else 9
+ROUNDS = int(sys.argv[2]) if len(sys.argv) > 2 else 1 if MOMENT else 9
 FILES = (("90 min, 44.1 kHz, 16 bit, stereo", 44100, 2), ("90 min, 22.05 kHz, 16 bit, mono", 22050, 1))
-MINUTES = 90
+MINUTES = 1 if MOMENT else 90
 
 
 def make(path, rate, channels):

@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Runs every measurement of bench/ for a moment, which shows that all of them still run; their figures say nothing then.
+#   scripts/bench_moment.sh [BUILD_FOLDER]      (default: build/debug)
+set -eu
+cd "$(dirname "$0")/.."
+build=${1:-build/debug}
+bin=$build/bin
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=offscreen
+
+targets="bench_audio_bar bench_caption_list bench_formats bench_rules bench_rules_window bench_spelling busy_window
+  cuewright cuewright_batch cuewright_resources formats_floor formats_whole_process startup_floor startup_watch vdrun
+  wave_floor wave_load"
+# shellcheck disable=SC2086
+cmake --build "$build" --target $targets >/dev/null
+
+# A measurement that fails tells its name and its last lines.
+run() {
+  local name=$1 from=$SECONDS
+  shift
+  if ! "$@" >"$work/log" 2>&1; then
+    tail -n 20 "$work/log"
+    echo "bench_moment: $name failed" >&2
+    exit 1
+  fi
+  echo "$name: $((SECONDS - from)) s"
+}
+
+moment="--benchmark_min_time=0.001"
+run audio_bar "$bin/bench_audio_bar" $moment
+run caption_list "$bin/bench_caption_list" $moment
+run formats "$bin/bench_formats" $moment
+run whole_process "$bin/formats_whole_process" "$bin" "$work" 1
+run rules "$bin/bench_rules" --moment
+run rules_window "$bin/bench_rules_window" --moment
+run spelling "$bin/bench_spelling"
+run wave bench/wave/compare.py "$build" --moment
+run vdrun bench/external/compare.py "$bin/vdrun/vdrun" --moment
+run startup env -u QT_QPA_PLATFORM bench/startup/run.sh "$build" 1
+run capture bench/capture_accuracy.py "$bin/cuewright" --moment
+run busy_capture bench/capture_accuracy.py "$bin/cuewright" --moment --busy "$build/bench/libbusy_window.so"
