@@ -29,6 +29,21 @@ namespace {
 constexpr const char* kBoldProperty = "boldByForm";
 constexpr const char* kColourProperty = "colourByForm";
 
+constexpr std::size_t kLongestPath = 61;
+
+/// The caption of an item: a path that would stretch the menu is shortened in its middle.
+Text CaptionOf(const MenuItem& item) {
+  const Text& text = item.GetText();
+  if (!text.starts_with(u'/') || text.size() <= kLongestPath) return text;
+  Text front = text.substr(0, kLongestPath / 2);
+  Text back = text.substr(text.size() - kLongestPath / 2);
+  // Neither half of a character is left, nor of a doubled ampersand.
+  const auto half = [](char16_t unit) { return unit == u'&' || (unit >= 0xD800 && unit < 0xE000); };
+  while (half(front.back())) front.pop_back();
+  while (!back.empty() && half(back.front())) back.erase(0, 1);
+  return front + u"\u2026" + back;
+}
+
 }  // namespace
 
 const char* const Binder::kCaptionProperty = "caption";
@@ -70,7 +85,7 @@ QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
   }
   bound_.insert(&item, action);
   Watch(item, [this, &item, action] {
-    action->setText(Shown(item.GetText()));
+    action->setText(Shown(CaptionOf(item)));
     action->setEnabled(item.Enabled());
     action->setVisible(item.Visible());
     action->setChecked(item.Checked());
@@ -103,7 +118,7 @@ void Binder::GiveMnemonics(const std::vector<MenuItem*>& items) {
   for (MenuItem* item : items) {
     if (item->IsSeparator() || !item->Visible() || !bound_.contains(item)) continue;
     shown.push_back(item);
-    captions.push_back(item->GetText());
+    captions.push_back(CaptionOf(*item));
   }
   captions = WithMnemonics(std::move(captions));
   for (std::size_t i = 0; i < shown.size(); ++i) {

@@ -366,6 +366,17 @@ TEST_F(MainWindowSmoke, ALongNameIsShortenedInItsMiddle) {
   EXPECT_EQ(view->width(), 1000);
 }
 
+TEST_F(MainWindowSmoke, ALongNameDoesNotStretchTheMenu) {
+  program->files.OpenSubtitleFile(SubRip("begin " + std::string(200, 'x') + " end.srt", 2));
+  QMenu* file = view->menuBar()->actions().front()->menu();
+  QMetaObject::invokeMethod(file, "aboutToShow");
+  const QString shown = view->findChild<QAction*>("mnuTFileName")->text().remove('&');
+  EXPECT_TRUE(shown.startsWith("/.../begin xxx")) << shown.toStdString();
+  EXPECT_TRUE(shown.endsWith("xxx end.srt")) << shown.toStdString();
+  EXPECT_TRUE(shown.contains(QChar(0x2026)));
+  EXPECT_LE(shown.size(), 61);
+}
+
 TEST_F(MainWindowSmoke, TheTitleShowsEverySignOfAName) {
   program->files.OpenSubtitleFile(SubRip("a[*]b.srt", 3));
   EXPECT_TRUE(view->windowTitle().startsWith("a[*][*]b.srt - "));  // the toolkit's way to write that sign

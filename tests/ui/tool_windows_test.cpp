@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSet>
 #include <QSlider>
 #include <QTest>
@@ -179,6 +180,23 @@ TEST_F(ToolWindowsTest, ASearchInTheHelpMarksWhatItFinds) {
   auto* page = owner.findChild<QTextBrowser*>("picTopic");
   EXPECT_TRUE(page->toPlainText().startsWith("Set delay"));
   EXPECT_EQ(page->extraSelections().size(), 2) << "the heading and the menu item";
+}
+
+TEST_F(ToolWindowsTest, NoPageOfTheHelpNeedsABarToReadItsLines) {
+  program->help.OpenFor({});
+  auto* page = owner.findChild<QTextBrowser*>("picTopic");
+  auto* view = page->window();
+  const int pages = static_cast<int>(program->help.lstTopics.Items().size());
+  ASSERT_GT(pages, 20);
+  for (const QSize size : {view->size(), QSize(700, 440)}) {
+    view->resize(size);
+    for (int topic = 0; topic < pages; ++topic) {
+      program->help.lstTopics.Choose(topic);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(page->horizontalScrollBar()->maximum(), 0)
+          << size.width() << " " << ToUtf8(program->help.lstTopics.Items()[static_cast<std::size_t>(topic)]);
+    }
+  }
 }
 
 TEST_F(ToolWindowsTest, F1OpensThePageOfAToolWindow) {
