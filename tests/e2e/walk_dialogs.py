@@ -24,7 +24,7 @@ class Walk:
         with open(document, "w", encoding="utf-8", newline="") as file:
             file.write(SUBRIP)
         self.program = desktop.Program(binary, [document], {"XDG_CONFIG_HOME": self.config, "LC_ALL": "C.UTF-8"})
-        self.main = self.window("Tessaly Cuewright")
+        self.main = self.window("a.srt - Tessaly Cuewright")
         desktop.wait_for("the loaded file", lambda: self.program.find("label", "Current subtitle file: a.srt"))
 
     def window(self, title):
