@@ -315,9 +315,7 @@ bool FileActions::SaveDocument() {
     if (answer != BoxAnswer::Yes) lastRow = untimed - 1;
   }
   const Text path = p_.document.SubtitlePath;
-  const auto remember = [&] {
-    p_.recall.Keep(u"TFileName", p_.window.mnuTFileName, path);
-  };
+  const auto remember = [&] { p_.recall.Keep(u"TFileName", p_.window.mnuTFileName, path); };
   // A path under which nothing was written is none to come back to.
   const bool first = !p_.options.manner.KeepsTheSource();
   if (first) remember();
