@@ -62,6 +62,9 @@ class TimingCapture {
   /// The film stopped, ended or gave way: a hold ends at the last sample before that.
   void OnFilmGone();
 
+  /// A capture was taken back or done again: what it left is nothing to join with.
+  void ForgetPriorEnd() { priorCaptionEnd_.reset(); }
+
   /// A document came or went: no capture runs, and nothing is there to join with.
   void Reset();
 

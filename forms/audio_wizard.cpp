@@ -47,7 +47,7 @@ void AudioWizard::Open() {
   step_ = 0;
   pending_.clear();
   closing_ = false;
-  askOverwrite_ = false;
+  agreed_.clear();
   script_ = p_.folders.TempFolder + u"aext.vcf";
   ApplyTexts();
   txtVirtualdub.SetText(tool_.TakeStored());
@@ -111,7 +111,8 @@ void AudioWizard::BrowseTarget() {
                                    p_.recall.LastFolder(), txtSave.GetText());
   if (IsBlank(path)) return;
   txtSave.SetText(StripExtension(path) + u".wav");
-  askOverwrite_ = false;
+  // The dialog has asked, about the name that was chosen there.
+  if (txtSave.GetText() == path) agreed_ = path;
 }
 
 void AudioWizard::ShowStep() {
@@ -122,7 +123,12 @@ void AudioWizard::ShowStep() {
 void AudioWizard::Next() {
   // The run is over.
   if (!cmdCancel.Enabled()) return Close();
-  if (!MayLeave()) return;
+  // What is asked here handles events, so that a second press comes in between.
+  if (leaving_) return;
+  leaving_ = true;
+  const bool may = MayLeave();
+  leaving_ = false;
+  if (!may || !IsOpen()) return;
   ++step_;
   ShowStep();
   EnterStep();
@@ -136,16 +142,22 @@ bool AudioWizard::MayLeave() {
 }
 
 bool AudioWizard::MayOverwrite() {
-  if (!askOverwrite_ || !p_.ports.files.Exists(target_)) return true;
+  if (target_ == p_.document.VideoPath) {
+    p_.ports.messages.Show(
+        {p_.strings[kFilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok, WithoutDots(p_.strings[45])});
+    return false;
+  }
+  if (target_ == agreed_ || !p_.ports.files.Exists(target_)) return true;
   const MessageBox box{Fill(p_.strings[414], target_), BoxIcon::Warning, BoxButtons::YesNo,
                        WithoutDots(p_.strings[45])};
   if (p_.ports.messages.Show(box) != BoxAnswer::Yes) return false;
-  p_.ports.files.Remove(target_);
+  // The runner replaces it once the new one is whole; another tool is judged by what is there when it has ended.
+  if (tool_.Get().kind == VideoTool::Kind::Wine) p_.ports.files.Remove(target_);
   return true;
 }
 
 void AudioWizard::Back() {
-  if (step_ == 0) return;
+  if (step_ == 0 || leaving_) return;
   --step_;
   ShowStep();
   if (step_ == 0) cmdBack.SetEnabled(false);
@@ -164,7 +176,7 @@ void AudioWizard::EnterStep() {
   cmbSampleRate.SetEnabled(wave);
   lblSampleRate.SetEnabled(wave);
   lblStep2b.SetVisible(wave);
-  askOverwrite_ = true;
+  agreed_.clear();
 }
 
 void AudioWizard::OnClose() {

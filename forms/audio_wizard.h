@@ -101,10 +101,11 @@ class AudioWizard final : public Dialog {
   WizardParts p_;
   WizardTool tool_;
   std::int16_t step_ = 0;
-  Text script_;   // ExtractScript
-  Text target_;   // ExtractTarget
-  Text pending_;  // PendingAudioFile
-  bool askOverwrite_ = false;
+  Text script_;           // ExtractScript
+  Text target_;           // ExtractTarget
+  Text pending_;          // PendingAudioFile
+  Text agreed_;           // the target that the user has agreed to replace
+  bool leaving_ = false;  // a page is being left, which may take a while
   bool closing_ = false;  // ExtractClosing
   std::array<TaskLight, 3> lights_{};
 };

@@ -147,7 +147,7 @@ void CaptionCommands::CountUntimed() {
 void CaptionCommands::NextUntimed() {
   for (Row row = list_.Selected() + 1; row < list_.Rows(); ++row) {
     if (list_.IsCaptionTimed(row)) continue;
-    list_.SetRow(row, false);
+    list_.SetRow(row, true);
     return;
   }
   messages_.Show({strings_[137], BoxIcon::Information, BoxButtons::Ok, strings_[135]});

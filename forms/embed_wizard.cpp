@@ -119,7 +119,7 @@ bool EmbedWizard::CheckEmbedDocument() {
 void EmbedWizard::Open() {
   step_ = 0;
   script_ = p_.folders.TempFolder + u"embedsub.vcf";
-  askOverwrite_ = false;
+  agreed_.clear();
   ApplyTexts();
   txtVirtualdub.SetText(tool_.TakeStored());
   DeleteFileWait(p_.ports.files, p_.ports.events, script_, false);
@@ -283,7 +283,8 @@ void EmbedWizard::BrowseTarget() {
                                    p_.recall.LastFolder(), txtSave.GetText());
   if (IsBlank(path)) return;
   txtSave.SetText(StripExtension(path) + u".avi");
-  askOverwrite_ = false;
+  // The dialog has asked, about the name that was chosen there.
+  if (txtSave.GetText() == path) agreed_ = path;
 }
 
 }  // namespace cuewright

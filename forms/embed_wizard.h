@@ -127,9 +127,10 @@ class EmbedWizard final : public Dialog {
   WizardParts p_;
   WizardTool tool_;
   std::int16_t step_ = 0;
-  Text script_;  // EmbedScript
-  Text target_;  // EmbedTarget
-  bool askOverwrite_ = false;
+  Text script_;           // EmbedScript
+  Text target_;           // EmbedTarget
+  Text agreed_;           // the target that the user has agreed to replace
+  bool leaving_ = false;  // a page is being left, which may take a while
 };
 
 }  // namespace cuewright

@@ -47,7 +47,13 @@ void EmbedWizard::ShowStep() {
 }
 
 void EmbedWizard::Next() {
-  if (!CheckEmbedDocument() || !MayLeave()) return;
+  // What is asked here handles events, so that a second press comes in between.
+  if (leaving_) return;
+  leaving_ = true;
+  const std::int16_t step = step_;
+  const bool may = CheckEmbedDocument() && MayLeave();
+  leaving_ = false;
+  if (!may || !IsOpen() || step != step_) return;
   if (step_ == kLastStep) return Run();
   ++step_;
   ShowStep();
@@ -67,7 +73,7 @@ bool EmbedWizard::MayLeave() {
       return OfferXvid();
     case 1:
       if (!tool_.Check(txtVirtualdub.GetText())) return false;
-      askOverwrite_ = true;
+      agreed_.clear();
       return true;
     case 2:
       target_ = txtSave.GetText();
@@ -78,14 +84,19 @@ bool EmbedWizard::MayLeave() {
 }
 
 bool EmbedWizard::MayOverwrite() {
-  if (!askOverwrite_ || !p_.ports.files.Exists(target_)) return true;
+  if (target_ == p_.document.VideoPath) {
+    p_.ports.messages.Show(
+        {p_.strings[kFilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok, WithoutDots(p_.strings[45])});
+    return false;
+  }
+  if (target_ == agreed_ || !p_.ports.files.Exists(target_)) return true;
   const MessageBox box{Fill(p_.strings[414], target_), BoxIcon::Warning, BoxButtons::YesNo,
                        WithoutDots(p_.strings[45])};
   return p_.ports.messages.Show(box) == BoxAnswer::Yes;
 }
 
 void EmbedWizard::Back() {
-  if (step_ == 0) return;
+  if (step_ == 0 || leaving_) return;
   --step_;
   ShowStep();
   if (step_ == 0) cmdBack.SetEnabled(false);

@@ -72,12 +72,14 @@ UndoCommands::UndoCommands(MainWindow& window, CaptionList& list, EditHistory& h
 void UndoCommands::Undo() {
   // What a running capture has stored is the step that goes; no end comes behind it.
   capture_.AbandonCapture();
+  if (history_.UndoKind() == EditKind::Capture) capture_.ForgetPriorEnd();
   history_.Undo();
   preview_.Redraw(list_.Selected());
 }
 
 void UndoCommands::Redo() {
   capture_.AbandonCapture();
+  if (history_.RedoKind() == EditKind::Capture) capture_.ForgetPriorEnd();
   history_.Redo();
   preview_.Redraw(list_.Selected());
 }

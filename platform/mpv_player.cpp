@@ -27,7 +27,8 @@ namespace {
 constexpr int kErrorNoPlayer = 429;
 constexpr int kStateNothing = 0;
 constexpr double kSameInstant = 0.005;
-constexpr double kNothing = 0.001;  // less than this of the film can't be played
+constexpr double kTicksASecond = 1000;  // some containers tell the ticks of their clock in place of the pictures
+constexpr double kNothing = 0.001;      // less than this of the film can't be played
 
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
@@ -331,7 +332,7 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       ControlsChange();
       break;
     case MpvNews::Kind::FrameRate:
-      if (news.number > 0) clock_.SetFrameDuration(1 / news.number);
+      if (news.number > 0 && news.number < kTicksASecond) clock_.SetFrameDuration(1 / news.number);
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;

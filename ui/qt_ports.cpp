@@ -92,6 +92,15 @@ QString PickerFilter(TextView filter) {
   return entries.join(";;");
 }
 
+/// The first ending in a filter, "srt" of "name|*.srt;*.txt|"; empty for one of every file.
+QString FirstSuffix(TextView filter) {
+  const std::vector<Text> parts = Split(filter, u"|");
+  if (parts.size() < 2) return {};
+  const QString pattern = ToQt(parts[1]).section(';', 0, 0);
+  const QString suffix = pattern.section("*.", 1, 1);
+  return suffix == "*" ? QString() : suffix;
+}
+
 /// Buttons as in the program's own dialogs. Beside an icon a text that is read from the right would be cut off.
 void DropIcons(const QWidget& dialog) {
   for (auto* button : dialog.findChildren<QPushButton*>()) button->setIcon({});
@@ -160,8 +169,17 @@ Text QtFileDialogs::ShowOpenDialog(TextView title, TextView filter, TextView fol
 }
 
 Text QtFileDialogs::ShowSaveDialog(TextView title, TextView filter, TextView folder, TextView proposal) {
-  return PickedPath(QFileDialog::getSaveFileName(BoxOwner(), ToQt(title),
-                                                 FolderPath(WithSlash(folder)) + ToQt(proposal), PickerFilter(filter)));
+  // A proposal may be a whole path. Its bytes are decoded as the picker's own names are.
+  const Text start = proposal.starts_with(u'/') ? Text(proposal) : WithSlash(folder) + Text(proposal);
+  QFileDialog dialog(BoxOwner(), ToQt(title), QString(), PickerFilter(filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // The question before a file is replaced is then about the file that will be written.
+  dialog.setDefaultSuffix(FirstSuffix(filter));
+  const QFileInfo place(FolderPath(start));
+  dialog.setDirectory(place.path());
+  if (!start.ends_with(u'/')) dialog.selectFile(place.fileName());
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return PickedPath(dialog.selectedFiles().constFirst());
 }
 
 QtEventQueue::QtEventQueue() { clock_.start(); }

@@ -454,6 +454,55 @@ TEST_F(EmbedChecks, AnExistingTargetIsAskedAboutOnce) {
   EXPECT_TRUE(files.Exists(folder / "film[sub].avi"));
 }
 
+TEST_F(EmbedChecks, ANameThatIsTypedBehindTheDialogIsAskedAbout) {
+  OpenFiles();
+  folder.Write("other.avi", "old");
+  folder.Write("third.avi", "old");
+  OpenWizard();
+  GoTo(2);
+  dialogs.paths = {folder / "other.avi"};
+  Embed().cmdSave.Click();
+  Embed().txtSave.SetText(folder / "third.avi");
+  boxes.answers = {BoxAnswer::No};
+  Embed().cmdNext.Click();
+  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(boxes.shown.back().text, Fill(Message(414), folder / "third.avi"));
+}
+
+TEST_F(EmbedChecks, TheFilmItselfIsNoTarget) {
+  OpenFiles();
+  OpenWizard();
+  GoTo(2);
+  Embed().txtSave.SetText(program->document.VideoPath);
+  Embed().cmdNext.Click();
+  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_TRUE(Shows(1050));
+}
+
+TEST_F(EmbedChecks, ASecondPressWhileTheFirstIsBusyDoesNothing) {
+  OpenFiles();
+  folder.Write("film[sub].avi", "old");
+  OpenWizard();
+  // FFmpeg takes its time to tell what it has, and the user presses again.
+  const auto quick = processes.onStart;
+  FakeProcesses::Run* slow = nullptr;
+  processes.onStart = [&](FakeProcesses::Run& run) {
+    quick(run);
+    if (run.program == u"ffmpeg") {
+      run.status.reset();
+      slow = &run;
+    }
+  };
+  events.onWaitMs = [&](int) {
+    Embed().cmdNext.Click();
+    EXPECT_EQ(Embed().EmbedStep(), 0);
+    if (slow != nullptr) slow->status = 0;
+  };
+  Embed().cmdNext.Click();
+  EXPECT_NE(slow, nullptr);
+  EXPECT_EQ(Embed().EmbedStep(), 1);
+}
+
 TEST_F(EmbedChecks, TheSaveDialogHasAskedAlready) {
   OpenFiles();
   folder.Write("other.avi", "old");
@@ -466,8 +515,15 @@ TEST_F(EmbedChecks, TheSaveDialogHasAskedAlready) {
   EXPECT_EQ(dialogs.calls.back().proposal, folder / "film[sub].avi");
   EXPECT_EQ(dialogs.calls.back().folder, program->recall.LastFolder());
   EXPECT_EQ(Embed().txtSave.GetText(), folder / "other.avi");
+  // It asked about another name than the one that is written.
+  boxes.answers = {BoxAnswer::No};
+  Embed().cmdNext.Click();
+  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(boxes.shown.size(), 1u);
+  dialogs.paths = {folder / "other.avi"};
+  Embed().cmdSave.Click();
   GoTo(3);
-  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(boxes.shown.size(), 1u);
   Embed().cmdBack.Click();
   Embed().cmdSave.Click();  // cancelled
   EXPECT_EQ(Embed().txtSave.GetText(), folder / "other.avi");
