@@ -20,8 +20,9 @@ TEST(Mnemonics, AreGivenToWhatHasNone) {
       {{u"aa", u"aa", u"aa"}, {u"&aa", u"aa(&B)", u"aa(&C)"}},
       {{u"\u3059\u3079\u3066...", u"UTF-8"}, {u"\u3059\u3079\u3066(&A)...", u"&UTF-8"}},
       {{u"\u041E\u0442\u043A\u0440\u044B\u0442\u044C", u"\u043E\u0434\u043D\u043E"},
-       {u"&\u041E\u0442\u043A\u0440\u044B\u0442\u044C", u"\u043E&\u0434\u043D\u043E"}},
-      {{u"a && b.srt", u"", u"&&"}, {u"&a && b.srt", u"", u"&&(&B)"}},
+       {u"\u041E&\u0442\u043A\u0440\u044B\u0442\u044C", u"&\u043E\u0434\u043D\u043E"}},
+      // The shortest have the fewest letters to choose from, and go first.
+      {{u"a && b.srt", u"", u"&&"}, {u"a && &b.srt", u"", u"&&(&A)"}},
   };
   for (const MnemonicsCase& c : cases) EXPECT_EQ(WithMnemonics(c.captions), c.wanted);
 }

@@ -169,7 +169,7 @@ TEST_F(AudioWizardPages, TheTargetIsAlwaysAWave) {
   Audio().cmdSave.Click();
   EXPECT_EQ(dialogs.calls.back().title, u"Save as");
   EXPECT_EQ(dialogs.calls.back().filter, u"WAVE audio (wav)|*.wav|");
-  EXPECT_EQ(dialogs.calls.back().proposal, folder / "film.wav");
+  EXPECT_EQ(dialogs.calls.front().proposal, folder / "film.wav");
   EXPECT_EQ(Audio().txtSave.GetText(), folder / "other.wav");
   // The dialog has asked: the wizard doesn't, and leaves the file to the tool.
   processes.missing = true;
@@ -179,7 +179,7 @@ TEST_F(AudioWizardPages, TheTargetIsAlwaysAWave) {
 }
 
 TEST_F(AudioWizardPages, TheFilmItselfIsNoTarget) {
-  OpenFiles("song.wav");
+  OpenFiles();
   OpenWizard();
   GoTo(3);
   Audio().txtSave.SetText(program->document.VideoPath);
@@ -187,7 +187,7 @@ TEST_F(AudioWizardPages, TheFilmItselfIsNoTarget) {
   Audio().cmdNext.Click();
   EXPECT_EQ(Audio().AudioStep(), 3);
   EXPECT_TRUE(Shows(1050));
-  EXPECT_EQ(folder.Read("song.wav"), "film");
+  EXPECT_EQ(folder.Read("film.avi"), "film");
 }
 
 TEST_F(AudioWizardPages, AConfirmedOverwriteKeepsTheOldFileForTheRunner) {
