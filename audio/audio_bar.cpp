@@ -91,7 +91,8 @@ void AudioBar::EndLoad(WaveLoadResult result) {
     if (result == WaveLoadResult::Loaded && peaks_.UpperBound() / 2 < view_.columns) DrawWave(0);
   });
   if (result == WaveLoadResult::Failed || !painted) {
-    p_.messages.Show({p_.strings[413], BoxIcon::Error, BoxButtons::Ok, ReplaceAll(p_.strings[356], u"...", {})});
+    p_.messages.Show({p_.strings[Message::WaveLoadFailed], BoxIcon::Error, BoxButtons::Ok,
+                      ReplaceAll(p_.strings[Message::AudioBar], u"...", {})});
   }
   if (result == WaveLoadResult::Loaded && recall_) {
     w.mnuAFileName.SetText(ShortenPath(path_));
@@ -106,7 +107,7 @@ void AudioBar::OnHeader() { ResetWaveBar(true); }
 void AudioBar::OnBegin() {
   MainWindow& w = p_.window;
   p_.document.WavePath = path_;
-  w.lblWave.SetText(p_.strings[419] + u" ");
+  w.lblWave.SetText(p_.strings[Message::ReadingAudio] + u" ");
   w.lblWave.SetVisible(true);
   w.mnuOpenWav.SetEnabled(false);
   w.mnuClose.SetEnabled(true);
@@ -123,7 +124,7 @@ void AudioBar::OnBegin() {
 }
 
 bool AudioBar::OnProgress(std::int64_t position, std::int64_t size) {
-  p_.window.lblWave.SetText(p_.strings[419] + u" " + Decimal(position / kKilobyte) + u" / " +
+  p_.window.lblWave.SetText(p_.strings[Message::ReadingAudio] + u" " + Decimal(position / kKilobyte) + u" / " +
                             Decimal(size / kKilobyte) + u" KB");
   const std::uint32_t number = current_;
   p_.events.Yield();

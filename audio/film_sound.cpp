@@ -10,7 +10,6 @@
 namespace cuewright {
 namespace {
 
-constexpr std::size_t kEmptyStore = 1083;
 constexpr TextView kDecoder = u"ffmpeg";
 constexpr double kMicroseconds = 1e6;
 constexpr std::string_view kTimeKey = "out_time_us=";
@@ -104,7 +103,7 @@ void FilmSound::ShowProgress() {
   const double whole = p_.player.Duration();
   const Text amount = whole > 0 ? Decimal(static_cast<int>(std::min(seconds / whole, 1.0) * 100)) + u" %"
                                 : Decimal(static_cast<int>(seconds)) + u" s";
-  p_.window.lblWave.SetText(Fill(p_.strings[974], amount));
+  p_.window.lblWave.SetText(Fill(p_.strings[Message::ReadingFilmSound], amount));
   p_.window.lblWave.SetVisible(true);
 }
 
@@ -131,12 +130,13 @@ void FilmSound::Load() {
 }
 
 void FilmSound::Tell() {
-  p_.messages.Show(
-      {Fill(p_.strings[975], film_), BoxIcon::Error, BoxButtons::Ok, ReplaceAll(p_.strings[356], u"...", {})});
+  p_.messages.Show({Fill(p_.strings[Message::FilmSoundFailed], film_), BoxIcon::Error, BoxButtons::Ok,
+                    ReplaceAll(p_.strings[Message::AudioBar], u"...", {})});
 }
 
 void FilmSound::EmptyStore() {
-  const MessageBox question{p_.strings[kEmptyStore], BoxIcon::Question, BoxButtons::YesNo, p_.strings[973], true};
+  const MessageBox question{p_.strings[Message::EmptySoundStoreQuestion], BoxIcon::Question, BoxButtons::YesNo,
+                            p_.strings[Message::EmptySoundStore], true};
   if (p_.messages.Show(question) != BoxAnswer::Yes) return;
   CarryOn steps;
   steps([&] { p_.store->Empty(); });

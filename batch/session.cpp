@@ -73,7 +73,7 @@ bool Session::Begin(const Text& path) {
   state_.CurrentFps = 0;
   state_.Encoding = {};
   if (files_.Exists(path)) return true;
-  boxes_.Tell(Fill(strings_[157], path));
+  boxes_.Tell(Fill(strings_[Message::FileNotFound], path));
   return false;
 }
 
@@ -119,7 +119,7 @@ bool Session::LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps)
   std::unique_ptr<FileReader> file;
   opened([&] { file = files_.OpenToRead(path); });
   const bool loaded = file != nullptr && WaveReader(peaks).Load(*file, steps) == WaveLoadResult::Loaded;
-  if (!loaded) boxes_.Tell(strings_[413]);
+  if (!loaded) boxes_.Tell(strings_[Message::WaveLoadFailed]);
   return loaded;
 }
 

@@ -4,12 +4,6 @@
 #include "core/runtime_error.h"
 
 namespace cuewright {
-namespace {
-
-constexpr std::size_t kSpokenTimed = 1080;
-constexpr std::size_t kSpokenUntimed = 1081;
-
-}  // namespace
 
 CaptionPanel::CaptionPanel(MainWindow& window, CaptionList& list, CaptionGrid& grid, const LangStrings& strings)
     : window_(window), list_(list), grid_(grid), strings_(strings) {
@@ -48,7 +42,7 @@ void CaptionPanel::ResetGrid(bool active) {
     list_.SetRow(1, false);
     list_.ClearCaptionTiming(1, true);
   } else {
-    grid_.ShowNotice(strings_[24]);
+    grid_.ShowNotice(strings_[Message::NoTextFileLoaded]);
     window_.txtSub.SetText({});
   }
   window_.txtSub.SetEnabled(active);
@@ -56,8 +50,8 @@ void CaptionPanel::ResetGrid(bool active) {
 }
 
 void CaptionPanel::ApplyLanguage(bool rightToLeft) {
-  grid_.SetHeadings({u"#", strings_[40], strings_[42], strings_[360]});
-  grid_.SetSpoken(strings_[kSpokenTimed], strings_[kSpokenUntimed]);
+  grid_.SetHeadings({u"#", strings_[Message::Start], strings_[Message::End], strings_[Message::TextColumn]});
+  grid_.SetSpoken(strings_[Message::SpokenTimedRow], strings_[Message::SpokenUntimedRow]);
   grid_.SetRightToLeft(rightToLeft);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "core/message.h"
 #include "core/text.h"
 
 namespace cuewright {
@@ -19,11 +20,14 @@ constexpr bool IsTextNumber(std::size_t id) {
   return id < kMessageCount || (id >= kFirstFurtherText && id < kEndOfTexts);
 }
 
-/// The texts of the language in force by number: the messages 0 to 468 and the further texts 900 to 2999.
+/// The message of a number, for those who go through a block of numbers.
+constexpr Message NumberedMessage(std::size_t id) { return static_cast<Message>(id); }
+
+/// The texts of the language in force.
 class LangStrings {
  public:
-  const Text& operator[](std::size_t id) const { return rows_[Place(id)]; }
-  void Set(std::size_t id, Text text) { rows_[Place(id)] = std::move(text); }
+  const Text& operator[](Message message) const { return rows_[Place(message)]; }
+  void Set(Message message, Text text) { rows_[Place(message)] = std::move(text); }
 
   /// The language whose rules for plurals hold, as its code, such as "ar".
   void SetLanguageCode(std::string code) { code_ = std::move(code); }
@@ -32,12 +36,13 @@ class LangStrings {
   /// A text with a count in place of `mark`, such as u"%1". Where the text has forms for that mark, written
   /// "{%1|one|%1 caption|other|%1 captions}" with the names that plural rules have for them, the one that the language
   /// uses for the count stands in their place; a form that is missing is the last one.
-  Text Counted(std::size_t id, TextView mark, long long count) const { return Counted((*this)[id], mark, count); }
+  Text Counted(Message message, TextView mark, long long count) const { return Counted((*this)[message], mark, count); }
   /// The same in a text that has another count in its place already.
   Text Counted(Text text, TextView mark, long long count) const;
 
  private:
-  static constexpr std::size_t Place(std::size_t id) {
+  static constexpr std::size_t Place(Message message) {
+    const auto id = static_cast<std::size_t>(message);
     return id < kFirstFurtherText ? id : id - kFirstFurtherText + kMessageCount;
   }
 

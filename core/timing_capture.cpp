@@ -1,5 +1,7 @@
 #include "core/timing_capture.h"
 
+#include <array>
+
 #include "core/best_duration.h"
 #include "core/caption_time.h"
 #include "core/numbers.h"
@@ -10,6 +12,9 @@ namespace {
 
 /// Reaches behind the frame that begins at the caption's start, so that the frame shown is the caption's own.
 constexpr double kNudgeSeconds = 0.001;
+
+/// What the captioning modes are for, in their order.
+constexpr std::array kModeHints = {Message::PressAndHoldHint, Message::ManualModeHint, Message::PreviewModeHint};
 
 }  // namespace
 
@@ -203,9 +208,10 @@ void TimingCapture::SelectMode(CaptionMode mode) {
 }
 
 void TimingCapture::ShowModeTexts() {
-  window_.cmdApply.SetText(strings_[mode_ == CaptionMode::Manual ? 40 : 39]);
-  window_.lblMode.SetText(strings_[36 + static_cast<std::size_t>(mode_)]);
-  window_.optPress.SetText(LimitActive(options_) ? strings_[33] + u" [auto]" : strings_[33]);
+  window_.cmdApply.SetText(strings_[mode_ == CaptionMode::Manual ? Message::Start : Message::Apply]);
+  window_.lblMode.SetText(strings_[kModeHints[static_cast<std::size_t>(mode_)]]);
+  window_.optPress.SetText(LimitActive(options_) ? strings_[Message::PressAndHold] + u" [auto]"
+                                                 : strings_[Message::PressAndHold]);
 }
 
 void TimingCapture::BeginHold(Hold hold) {

@@ -39,9 +39,9 @@ Text WordSpelling::MsSpellCheck(TextView text) {
   }
   if (step.Last() && step.Last()->number != kNoFailure) {
     failed_ = true;
-    messages_.Show(
-        {strings_[262] + u"\r\n\r\n(Error# " + Decimal(step.Last()->number) + u" - " + step.Last()->description + u")",
-         BoxIcon::Error, BoxButtons::Ok, strings_[259]});
+    messages_.Show({strings_[Message::SpellCheckFailed] + u"\r\n\r\n(Error# " + Decimal(step.Last()->number) + u" - " +
+                        step.Last()->description + u")",
+                    BoxIcon::Error, BoxButtons::Ok, strings_[Message::SpellCheck]});
   }
   return checked;
 }

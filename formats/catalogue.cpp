@@ -122,9 +122,9 @@ bool LoadFormatCatalogue(FormatCatalogue& catalogue, const Files& files, TextVie
   for (const TextView path : {iniPath, datPath}) {
     if (files.Exists(path)) continue;
     complete = false;
-    Text text = strings[287];
+    Text text = strings[Message::ComponentNotFound];
     text.append(kLineEnd).append(kLineEnd).append(u"[").append(path).append(u"]");
-    messages.Show({text, BoxIcon::Error, BoxButtons::Ok, strings[146]});
+    messages.Show({text, BoxIcon::Error, BoxButtons::Ok, strings[Message::Warning]});
   }
   if (!complete) return false;
   const std::string ini = files.Read(iniPath, kLargestTextFile);

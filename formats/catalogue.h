@@ -85,8 +85,8 @@ class FormatCatalogue {
   std::unordered_map<TextView, std::size_t> starts_;  // identifier -> line behind its first start line
 };
 
-/// Loads the catalogue from the two files. A missing file is told by message 287; then the result is false, and the
-/// program is to end at once. Run-time errors of reading are thrown.
+/// Loads the catalogue from the two files. A missing file is told by `Message::ComponentNotFound`; then the result is
+/// false, and the program is to end at once. Run-time errors of reading are thrown.
 bool LoadFormatCatalogue(FormatCatalogue& catalogue, const Files& files, TextView iniPath, TextView datPath,
                          const Encodings& encodings, const LangStrings& strings, Messages& messages);
 

@@ -111,14 +111,14 @@ bool FormatLoader::LoadFormatDefinition(TextView formatId, bool select, bool tim
 void FormatLoader::Select(TextView formatId) {
   const int index = catalogue_.IndexOf(formatId);
   if (index > 0) state_.CurrentFormatIndex = static_cast<std::uint8_t>(index);
-  host_.SetTextFileLabel(StatusText(274, formatId));
+  host_.SetTextFileLabel(StatusText(Message::ImportingFile, formatId));
   host_.Yield();
 }
 
 bool FormatLoader::Fail(TextView formatId) {
   if (!failureShown_) {
     failureShown_ = true;
-    messages_.Show({Fill(strings_[412], formatId), BoxIcon::Warning, BoxButtons::Ok, {}});
+    messages_.Show({Fill(strings_[Message::FormatIncorrect], formatId), BoxIcon::Warning, BoxButtons::Ok, {}});
   }
   definition_.headerText.clear();
   definition_.footerText.clear();
@@ -130,7 +130,7 @@ Text FormatLoader::BuildBuiltInHeader() const {
   return cuewright::BuildBuiltInHeader(CurrentIdentifier(), settings_, state_.ListCharset);
 }
 
-Text FormatLoader::StatusText(std::size_t message, TextView formatId) const {
+Text FormatLoader::StatusText(Message message, TextView formatId) const {
   return Fill(strings_[message], catalogue_.DisplayName(formatId));
 }
 

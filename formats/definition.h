@@ -51,7 +51,7 @@ class FormatLoader {
 
   /// Puts the format in force; true when it was loaded whole. `timecodeOnly` stops behind the timecode's texts and
   /// gives false. `select` makes it the current format and tells so in the status label. A format that is incomplete is
-  /// told by message 412, at most once in a run. Run-time error 6 when its tag flags don't fit 8 bits.
+  /// told by `Message::FormatIncorrect`, at most once in a run. Run-time error 6 when its tag flags don't fit 8 bits.
   bool LoadFormatDefinition(TextView formatId, bool select, bool timecodeOnly);
 
   /// The record; import changes it for the time that a file is read.
@@ -70,8 +70,8 @@ class FormatLoader {
   /// The header of the current format when the program builds it; empty otherwise.
   Text BuildBuiltInHeader() const;
 
-  /// Fills "%1" of message 274 or 286 with the format's display name.
-  Text StatusText(std::size_t message, TextView formatId) const;
+  /// Fills "%1" of `Message::ImportingFile` or `Message::ExportingFile` with the format's display name.
+  Text StatusText(Message message, TextView formatId) const;
 
  private:
   struct Parsed;

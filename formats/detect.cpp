@@ -151,7 +151,7 @@ void Importer::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
 }
 
 void Importer::Reject(TextView path, CarryOn& errors) {
-  loader_.Boxes().Show({loader_.Strings()[352], BoxIcon::Error, BoxButtons::Ok, {}});
+  loader_.Boxes().Show({loader_.Strings()[Message::FormatNotDetermined], BoxIcon::Error, BoxButtons::Ok, {}});
   TellError(path, errors);
 }
 

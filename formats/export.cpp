@@ -15,7 +15,7 @@ bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS,
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
   FormatHost& host = loader_.Host();
-  host.SetTextFileLabel(loader_.StatusText(286, loader_.CurrentIdentifier()));
+  host.SetTextFileLabel(loader_.StatusText(Message::ExportingFile, loader_.CurrentIdentifier()));
   host.ClearVideoFileLabel();
   host.Yield();
   CarryOn errors;
@@ -102,7 +102,7 @@ bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
 }
 
 void Exporter::TellNotSaved(const RuntimeError& error) {
-  Text text = Fill(loader_.Strings()[306], path_);
+  Text text = Fill(loader_.Strings()[Message::SaveFailed], path_);
   // The message guesses at a read-only file; a full disk is told by name.
   if (error.number == kErrorDiskFull) text.append(kLineEnd).append(kLineEnd).append(error.description);
   loader_.Boxes().Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});

@@ -21,9 +21,9 @@ class Exporter {
            const Text& path, bool& modified);
 
   /// Writes rows 1 to `lastRow` (PLAINTEXT: all of them) to the document's file. Where no file could be written the old
-  /// one stays whole and the document modified: message 306 tells it for error 75, a box with number and description
-  /// for any other. A run-time error inside a line is told in that box as well, and the other lines are written.
-  /// False when no file was written.
+  /// one stays whole and the document modified: `Message::SaveFailed` tells it for error 75, a box with number and
+  /// description for any other. A run-time error inside a line is told in that box as well, and the other lines are
+  /// written. False when no file was written.
   bool ExportSubtitle(std::int16_t lastRow);
 
  private:

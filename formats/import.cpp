@@ -77,7 +77,7 @@ void Importer::ImportFile(TextView path, std::optional<TextFile> file, bool wide
 
 void Importer::BeginImport() {
   loader_.Host().ImportBegins();
-  loader_.Host().SetTextFileLabel(loader_.StatusText(274, loader_.CurrentIdentifier()));
+  loader_.Host().SetTextFileLabel(loader_.StatusText(Message::ImportingFile, loader_.CurrentIdentifier()));
   captions_.Reset();
   loader_.Host().Yield();
 }
@@ -94,7 +94,8 @@ float Importer::PromptForFps() {
   const LangStrings& strings = loader_.Strings();
   const Text name = loader_.Catalogue().DisplayName(loader_.CurrentIdentifier());
   for (;;) {
-    Text answer = loader_.Boxes().Ask({Fill(strings[321], name), strings[7], u"25"});
+    Text answer =
+        loader_.Boxes().Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], u"25"});
     answer = ReplaceAll(answer, u".", u",");
     if (answer.empty()) return 0;
     const double whole = LeadingNumber(answer);
@@ -102,7 +103,8 @@ float Importer::PromptForFps() {
       const float fps = DecimalOf(answer);
       if (fps > 0) return fps;
     }
-    loader_.Boxes().Show({strings[323], BoxIcon::Error, BoxButtons::Ok, ReplaceAll(strings[59], u"...", u"")});
+    loader_.Boxes().Show({strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
+                          ReplaceAll(strings[Message::OpenText], u"...", u"")});
   }
 }
 
@@ -150,7 +152,8 @@ bool Importer::StopsHere(TextFile& file, const CaptionCollector& captions) {
   if (cancelled_) return true;
   if (captions.ImportedCount() <= kMostCaptions) return false;
   troubleLine_ = file.LinesBefore(file.Place());
-  loader_.Boxes().Show({loader_.Strings()[158], BoxIcon::Error, BoxButtons::Ok, loader_.Strings()[146]});
+  loader_.Boxes().Show({loader_.Strings()[Message::TooManyCaptions], BoxIcon::Error, BoxButtons::Ok,
+                        loader_.Strings()[Message::Warning]});
   return true;
 }
 
@@ -170,8 +173,8 @@ std::unique_ptr<LineParser> Importer::MakeParser(const ParseContext& context, co
 void Importer::FillList(std::vector<Caption> rows, bool append, CarryOn& errors) {
   const LangStrings& strings = loader_.Strings();
   if (rows.empty()) {
-    Text text = strings[46];
-    text.append(kLineEnd).append(kLineEnd).append(strings[47]);
+    Text text = strings[Message::NoTextInFile];
+    text.append(kLineEnd).append(kLineEnd).append(strings[Message::EnsureFileIsValid]);
     loader_.Boxes().Show({text, BoxIcon::Error, BoxButtons::Ok, {}});
     return;
   }
@@ -193,10 +196,10 @@ void Importer::FillList(std::vector<Caption> rows, bool append, CarryOn& errors)
 
 void Importer::TellAppended() {
   const LangStrings& strings = loader_.Strings();
-  Text text = strings[74];
+  Text text = strings[Message::AppendedWithDelay];
   text.append(kLineEnd).append(kLineEnd);
   text += FormatTimecode(loader_.Definition(), loader_.CurrentIdentifier(), appendOffset_, 0);
-  text.append(kLineEnd).append(kLineEnd).append(strings[75]);
+  text.append(kLineEnd).append(kLineEnd).append(strings[Message::AppendNextNeedsItsVideo]);
   loader_.Boxes().Show({text, BoxIcon::Information, BoxButtons::Ok, {}});
 }
 

@@ -34,22 +34,24 @@ AboutDialog::AboutDialog(const AppOptions& options, const LangStrings& strings, 
 }
 
 void AboutDialog::Open() {
-  SetTitle(strings_[20]);
+  SetTitle(strings_[Message::AboutProgram]);
   SetRightToLeft(languages_.IsRightToLeft());
   picTop.SetSpokenName(kProductName);
-  lblVersion.SetText(strings_[88] + u" " + VersionText());
-  lblFree.SetText(strings_[89]);
-  lblTessaly.SetText(strings_[90]);
-  lblFormat.SetText(Fill(strings_[182], catalogue_.ReadIni(u"SFD_FILEINFO", u"version", u"1.0")));
+  lblVersion.SetText(strings_[Message::Version] + u" " + VersionText());
+  lblFree.SetText(strings_[Message::ProgramIsFreeware]);
+  lblTessaly.SetText(strings_[Message::VisitForUpdates]);
+  lblFormat.SetText(
+      Fill(strings_[Message::FormatsFileVersion], catalogue_.ReadIni(u"SFD_FILEINFO", u"version", u"1.0")));
   lblOsName.SetText(GetOsName(system_));
-  cmdOK.SetText(strings_[66]);
+  cmdOK.SetText(strings_[Message::Ok]);
   ShowMemoStats();
   tmrMemo.SetEnabled(true);
   NoteOpened();
 }
 
 void AboutDialog::ShowMemoStats() {
-  lblMemo.SetText(Fill(strings_[145], Decimal(static_cast<long long>(system_.AvailableMemory() / kKilobyte))));
+  lblMemo.SetText(
+      Fill(strings_[Message::PhysicalMemory], Decimal(static_cast<long long>(system_.AvailableMemory() / kKilobyte))));
 }
 
 }  // namespace cuewright

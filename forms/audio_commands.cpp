@@ -39,8 +39,9 @@ void AudioCommands::OpenByDialogs() {
   closeTools();
   const std::uint8_t mode = AskMode();
   if (mode == kAudioToNowhere) return;
-  const Text path = ShowOpenDialog(ports_.fileDialogs, mode == kAudioToPlayer ? kPlayerFilter : kWaveFilter,
-                                   ReplaceAll(strings_[61], u"...", {}), recall_.LastFolder(FileKind::Sound));
+  const Text path =
+      ShowOpenDialog(ports_.fileDialogs, mode == kAudioToPlayer ? kPlayerFilter : kWaveFilter,
+                     ReplaceAll(strings_[Message::OpenAudio], u"...", {}), recall_.LastFolder(FileKind::Sound));
   if (!IsBlank(path)) OpenAudioFile(path, mode);
 }
 
@@ -53,7 +54,7 @@ void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
   if (document_.FileInWork) return;
   const Text path(given);
   if (!ports_.files.Exists(path)) {
-    ports_.messages.Show({Fill(strings_[157], path), BoxIcon::Error});
+    ports_.messages.Show({Fill(strings_[Message::FileNotFound], path), BoxIcon::Error});
     return;
   }
   recall_.Keep(kLastAudioKey, window_.mnuAFileName, path);
@@ -62,7 +63,7 @@ void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
     document_.VideoPath = path;
     step([&] { ports_.player.SetUrl(path); });
     step([&] { resetControls(); });
-    if (step.Last()) ports_.messages.Show({strings_[50], BoxIcon::Warning});
+    if (step.Last()) ports_.messages.Show({strings_[Message::ErrorLoadingFilm], BoxIcon::Warning});
   }
   if ((mode & kAudioToBar) != 0) bar_.LoadWaveFile(path);
   bar_.PlaceCurrentMarks();

@@ -19,13 +19,13 @@ AudioDialog::AudioDialog(const LangStrings& strings, SettingsStore& store)
 
 void AudioDialog::Open(bool rightToLeft) {
   chosen_ = kAudioToNowhere;
-  SetTitle(ReplaceAll(strings_[61], u"...", {}));
+  SetTitle(ReplaceAll(strings_[Message::OpenAudio], u"...", {}));
   SetRightToLeft(rightToLeft);
-  lblTop.SetText(strings_[416]);
-  chkAudio.SetText(strings_[356]);
-  chkPlayer.SetText(strings_[417]);
-  cmdOK.SetText(strings_[66]);
-  cmdCancel.SetText(strings_[67]);
+  lblTop.SetText(strings_[Message::SelectWhereToLoad]);
+  chkAudio.SetText(strings_[Message::AudioBar]);
+  chkPlayer.SetText(strings_[Message::Player]);
+  cmdOK.SetText(strings_[Message::Ok]);
+  cmdCancel.SetText(strings_[Message::Cancel]);
   for (Control* control : std::initializer_list<Control*>{&lblTop, &chkAudio, &chkPlayer, &lblFormats}) {
     control->SetRightToLeft(rightToLeft);
   }
@@ -54,7 +54,9 @@ void AudioDialog::ShowMode() {
   cmdOK.SetEnabled(mode != kAudioToNowhere);
 }
 
-void AudioDialog::ShowFormats(TextView list) { lblFormats.SetText(strings_[418] + Text(kLineEnd) + Text(list)); }
+void AudioDialog::ShowFormats(TextView list) {
+  lblFormats.SetText(strings_[Message::AudioFormatsSupported] + Text(kLineEnd) + Text(list));
+}
 
 void AudioDialog::Accept() {
   chosen_ = Mode();

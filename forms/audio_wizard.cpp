@@ -33,14 +33,14 @@ void AudioWizard::Wire() {
 }
 
 bool AudioWizard::CheckFilm() {
-  const auto refuse = [&](std::size_t message, BoxIcon icon) {
-    p_.ports.messages.Show({p_.strings[message], icon, BoxButtons::Ok, p_.strings[437]});
+  const auto refuse = [&](Message message, BoxIcon icon) {
+    p_.ports.messages.Show({p_.strings[message], icon, BoxButtons::Ok, p_.strings[Message::ExtractionWizard]});
     return false;
   };
   const Text video = ToLower(p_.document.VideoPath);
-  if (video.empty()) return refuse(438, BoxIcon::Warning);
+  if (video.empty()) return refuse(Message::ExtractionNeedsVideo, BoxIcon::Warning);
   if (video.ends_with(u"mpg") || video.ends_with(u"avi") || video.ends_with(u"peg")) return true;
-  return refuse(366, BoxIcon::Error);
+  return refuse(Message::EmbedNeedsAviOrMpeg, BoxIcon::Error);
 }
 
 void AudioWizard::Open() {
@@ -73,24 +73,43 @@ void AudioWizard::Open() {
 
 void AudioWizard::ApplyTexts() {
   const LangStrings& s = p_.strings;
-  SetTitle(s[437]);
+  SetTitle(s[Message::ExtractionWizard]);
   SetRightToLeft(p_.languages.IsRightToLeft());
-  const std::pair<Control&, std::size_t> rows[] = {
-      {lblTop, 437},      {lblTop2, 439},       {lblStep1, 440},    {optWAV, 459},        {optOriginal, 458},
-      {chkAudioBar, 441}, {lblStep1b, 442},     {lblStep2, 443},    {lblSampleRate, 444}, {lblStep2b, 445},
-      {lblStep3, 446},    {lblVirtualdub, 373}, {cmdBrowseVD, 374}, {lblStep3b, 448},     {lblDownload, 449},
-      {lblStep4, 450},    {lblSave, 451},       {cmdSave, 45},      {lblStep4b, 452},     {lblStep5, 453},
-      {lblTask[0], 454},  {lblTask[1], 455},    {lblTask[2], 456},  {chkClose, 468},      {lblStep5b, 457},
-      {cmdCancel, 67}};
+  const std::pair<Control&, Message> rows[] = {{lblTop, Message::ExtractionWizard},
+                                               {lblTop2, Message::ExtractionIntro},
+                                               {lblStep1, Message::SelectAudioFormat},
+                                               {optWAV, Message::WavUncompressed},
+                                               {optOriginal, Message::KeepSourceFormat},
+                                               {chkAudioBar, Message::LoadOnAudioBar},
+                                               {lblStep1b, Message::LoadNeedsWav},
+                                               {lblStep2, Message::ChooseAudioSettings},
+                                               {lblSampleRate, Message::SampleRate},
+                                               {lblStep2b, Message::SampleRateNote},
+                                               {lblStep3, Message::ExtractionNeedsVirtualDub},
+                                               {lblVirtualdub, Message::VirtualDubFolder},
+                                               {cmdBrowseVD, Message::Browse},
+                                               {lblStep3b, Message::DownloadPrograms},
+                                               {lblDownload, Message::DownloadLink},
+                                               {lblStep4, Message::SelectAudioLocation},
+                                               {lblSave, Message::SaveAudioAs},
+                                               {cmdSave, Message::SaveAs},
+                                               {lblStep4b, Message::NextStartsExtraction},
+                                               {lblStep5, Message::TasksAreExecuted},
+                                               {lblTask[0], Message::GeneratingScript},
+                                               {lblTask[1], Message::ExtractingStream},
+                                               {lblTask[2], Message::CheckingAudio},
+                                               {chkClose, Message::CloseWhenDone},
+                                               {lblStep5b, Message::CloseToCancel},
+                                               {cmdCancel, Message::Cancel}};
   for (const auto& [control, message] : rows) control.SetText(s[message]);
   for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
-  cmbSampleRate.SetItems({s[397], u"8000", u"11025", u"16000", u"22050", u"44100", u"48000"});
-  cmbSampleRate.SetSpokenName(s[444]);
-  txtVirtualdub.SetSpokenName(s[373]);
-  txtSave.SetSpokenName(s[451]);
-  imgGetVirtualDub.SetSpokenName(s[449]);
-  cmdBack.SetText(u"< " + s[56]);
-  cmdNext.SetText(s[41] + u" >");
+  cmbSampleRate.SetItems({s[Message::UseOriginal], u"8000", u"11025", u"16000", u"22050", u"44100", u"48000"});
+  cmbSampleRate.SetSpokenName(s[Message::SampleRate]);
+  txtVirtualdub.SetSpokenName(s[Message::VirtualDubFolder]);
+  txtSave.SetSpokenName(s[Message::SaveAudioAs]);
+  imgGetVirtualDub.SetSpokenName(s[Message::DownloadLink]);
+  cmdBack.SetText(u"< " + s[Message::Back]);
+  cmdNext.SetText(s[Message::Next] + u" >");
 }
 
 void AudioWizard::ChooseFormat(bool wave) {
@@ -143,13 +162,13 @@ bool AudioWizard::MayLeave() {
 
 bool AudioWizard::MayOverwrite() {
   if (target_ == p_.document.VideoPath) {
-    p_.ports.messages.Show(
-        {p_.strings[kFilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok, WithoutDots(p_.strings[45])});
+    p_.ports.messages.Show({p_.strings[Message::FilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok,
+                            WithoutDots(p_.strings[Message::SaveAs])});
     return false;
   }
   if (target_ == agreed_ || !p_.ports.files.Exists(target_)) return true;
-  const MessageBox box{Fill(p_.strings[414], target_), BoxIcon::Warning, BoxButtons::YesNo,
-                       WithoutDots(p_.strings[45])};
+  const MessageBox box{Fill(p_.strings[Message::ReplaceExisting], target_), BoxIcon::Warning, BoxButtons::YesNo,
+                       WithoutDots(p_.strings[Message::SaveAs])};
   if (p_.ports.messages.Show(box) != BoxAnswer::Yes) return false;
   // The runner replaces it once the new one is whole; another tool is judged by what is there when it has ended.
   if (tool_.Get().kind == VideoTool::Kind::Wine) p_.ports.files.Remove(target_);

@@ -45,7 +45,7 @@ void AudioWizard::Run() {
   EndTask(0);
   BeginTask(1);
   if (!RunAndWait()) {
-    return FinishExtraction(true, 0, p_.strings[462] + Text(kLineEnd) + tool_.Get().path);
+    return FinishExtraction(true, 0, p_.strings[Message::StartFailed] + Text(kLineEnd) + tool_.Get().path);
   }
   if (closing_) return;
   EndTask(1);
@@ -75,11 +75,11 @@ bool AudioWizard::RunAndWait() {
 }
 
 void AudioWizard::CheckResult() {
-  if (!p_.ports.files.Exists(target_)) return FinishExtraction(true, 2, p_.strings[464]);
+  if (!p_.ports.files.Exists(target_)) return FinishExtraction(true, 2, p_.strings[Message::CouldNotExtract]);
   EndTask(2);
-  lblStep5.SetText(p_.strings[466]);
+  lblStep5.SetText(p_.strings[Message::ExtractionComplete]);
   lblStep5.SetBold(true);
-  lblStep5b.SetText(p_.strings[467] + Text(kLineEnd) + Text(kLineEnd) + target_);
+  lblStep5b.SetText(p_.strings[Message::ProcessCompleted] + Text(kLineEnd) + Text(kLineEnd) + target_);
   pending_ = optWAV.Value() && chkAudioBar.Value() ? target_ : Text();
   FinishExtraction(false, 0, {});
   if (chkClose.Value()) {
@@ -90,14 +90,14 @@ void AudioWizard::CheckResult() {
 }
 
 void AudioWizard::FinishExtraction(bool failed, std::size_t task, TextView text) {
-  cmdNext.SetText(p_.strings[53]);
+  cmdNext.SetText(p_.strings[Message::Finish]);
   cmdNext.SetEnabled(true);
   if (!failed) return;
   SetTaskLight(task, kRed);
   chkClose.SetEnabled(false);
   lblTask[task].SetBold(false);
   lblTask[task].SetColour(kDarkRed);
-  lblStep5.SetText(p_.strings[463]);
+  lblStep5.SetText(p_.strings[Message::ExtractionFailed]);
   lblStep5b.SetText(text);
 }
 

@@ -97,7 +97,7 @@ std::uint64_t CaptionCommands::TypingNumber(Row row) {
 }
 
 bool CaptionCommands::CreateCaption(Row row) {
-  const Text answer = messages_.Ask({strings_[55], strings_[54], {}});
+  const Text answer = messages_.Ask({strings_[Message::TypeTheNewCaption], strings_[Message::InsertNewCaption], {}});
   if (answer.empty()) return false;
   CarryOn step;
   if (!step([&] {
@@ -122,7 +122,8 @@ void CaptionCommands::AddBottom() {
 
 void CaptionCommands::EditSelected() {
   const Row row = list_.Selected();
-  const Text answer = messages_.Ask({strings_[58], strings_[57], list_.GetCaptionText(row)});
+  const Text answer = messages_.Ask(
+      {strings_[Message::EditTheSelectedLine], strings_[Message::EditCaption], list_.GetCaptionText(row)});
   if (IsBlank(answer) || !list_.InRange(row) || answer == list_.GetCaptionText(row)) return;
   const EditScope scope(list_, EditKind::EditText);
   list_.Replace(row, 1, {Caption{list_.GetCaptionStart(row), list_.GetCaptionEnd(row), answer}});
@@ -132,7 +133,7 @@ void CaptionCommands::EditSelected() {
 void CaptionCommands::RemoveSelected() { list_.DeleteCaption(list_.Selected()); }
 
 void CaptionCommands::GoTo() {
-  const Text answer = messages_.Ask({strings_[247], strings_[246], {}});
+  const Text answer = messages_.Ask({strings_[Message::LineNumber], strings_[Message::GoToLine], {}});
   const double number = LeadingNumber(answer);
   if (!IsNumeric(answer) || !(number > 0)) return;
   list_.SetRow(static_cast<Row>(RoundHalfEven(std::min<double>(number, list_.Rows()))), true);
@@ -141,7 +142,8 @@ void CaptionCommands::GoTo() {
 void CaptionCommands::CountUntimed() {
   int untimed = 0;
   for (Row row = 1; row < list_.Rows(); ++row) untimed += list_.IsCaptionTimed(row) ? 0 : 1;
-  messages_.Show({Fill(strings_[136], Decimal(untimed)), BoxIcon::Information, BoxButtons::Ok, strings_[134]});
+  messages_.Show({Fill(strings_[Message::TotalWithoutTiming], Decimal(untimed)), BoxIcon::Information, BoxButtons::Ok,
+                  strings_[Message::CountNonTimed]});
 }
 
 void CaptionCommands::NextUntimed() {
@@ -150,7 +152,8 @@ void CaptionCommands::NextUntimed() {
     list_.SetRow(row, true);
     return;
   }
-  messages_.Show({strings_[137], BoxIcon::Information, BoxButtons::Ok, strings_[135]});
+  messages_.Show({strings_[Message::NoMoreWithoutTiming], BoxIcon::Information, BoxButtons::Ok,
+                  strings_[Message::SelectNextNonTimed]});
 }
 
 void CaptionCommands::Toggle(TextView marker) {
@@ -167,10 +170,11 @@ void CaptionCommands::Toggle(TextView marker) {
 void CaptionCommands::ShowSeparator() {
   std::size_t choice = 0;
   while (choice < kSeparators.size() && options_.LineSeparator != kSeparators[choice]) ++choice;
-  window_.mnuSeparator[0].SetText(strings_[163]);
+  window_.mnuSeparator[0].SetText(strings_[Message::DefaultSeparator]);
   window_.mnuSeparator[1].SetText(kSeparators[1]);
   window_.mnuSeparator[2].SetText(kSeparators[2]);
-  window_.mnuSeparator[3].SetText(Fill(strings_[164], choice == 3 ? TextView(options_.LineSeparator) : u"..."));
+  window_.mnuSeparator[3].SetText(
+      Fill(strings_[Message::CustomSeparator], choice == 3 ? TextView(options_.LineSeparator) : u"..."));
   for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
 }
 
@@ -181,9 +185,9 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
   if (choice < kSeparators.size()) {
     after = kSeparators[choice];
   } else {
-    after = messages_.Ask({strings_[165], strings_[162], before});
+    after = messages_.Ask({strings_[Message::TypeTheSeparator], strings_[Message::LineSeparator], before});
     if (after.empty()) after = before;
-    window_.mnuSeparator[3].SetText(Fill(strings_[164], after));
+    window_.mnuSeparator[3].SetText(Fill(strings_[Message::CustomSeparator], after));
   }
   std::optional<EditScope> scope;
   if (document_.HasDocument()) scope.emplace(list_, EditKind::Separator);

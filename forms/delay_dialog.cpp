@@ -14,11 +14,6 @@ constexpr std::int32_t kMinute = 60000;
 constexpr std::int32_t kSecond = 1000;
 constexpr std::int32_t kTen = 10;
 
-/// Amounts with their units.
-constexpr std::size_t kMinutes = 982;
-constexpr std::size_t kSeconds = 983;
-constexpr std::size_t kMilliseconds = 984;
-
 }  // namespace
 
 DelayDialog::DelayDialog(CaptionList& list, const LangStrings& strings, Messages& messages)
@@ -38,17 +33,17 @@ DelayDialog::DelayDialog(CaptionList& list, const LangStrings& strings, Messages
 
 void DelayDialog::Open(std::int32_t sampleStart, bool rightToLeft) {
   sampleStart_ = sampleStart;
-  SetTitle(strings_[170]);
+  SetTitle(strings_[Message::SetDelay]);
   SetRightToLeft(rightToLeft);
   for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
   for (Slider* bar : {&sldMin, &sldSec, &sldMs}) bar->SetValue(0);
-  lblTitle.SetText(strings_[171]);
-  cmdApply.SetText(strings_[39]);
-  cmdCancel.SetText(strings_[67]);
+  lblTitle.SetText(strings_[Message::SetDelayHint]);
+  cmdApply.SetText(strings_[Message::Apply]);
+  cmdCancel.SetText(strings_[Message::Cancel]);
   cmdCancel.SetEnabled(true);
-  sldMin.SetSpokenName(strings_[173]);
-  sldSec.SetSpokenName(strings_[175]);
-  sldMs.SetSpokenName(strings_[176]);
+  sldMin.SetSpokenName(strings_[Message::Minutes]);
+  sldSec.SetSpokenName(strings_[Message::Seconds]);
+  sldMs.SetSpokenName(strings_[Message::Milliseconds]);
   ShowBars();
   ShowDelay();
   NoteOpened();
@@ -59,15 +54,17 @@ std::int32_t DelayDialog::Delay() const {
 }
 
 void DelayDialog::ShowBars() {
-  lblMin.SetText(strings_.Counted(kMinutes, u"%1", sldMin.Value()));
-  lblSec.SetText(strings_.Counted(kSeconds, u"%1", sldSec.Value()));
-  lblMs.SetText(strings_.Counted(kMilliseconds, u"%1", sldMs.Value() * kTen));
+  lblMin.SetText(strings_.Counted(Message::CountedMinutes, u"%1", sldMin.Value()));
+  lblSec.SetText(strings_.Counted(Message::CountedSeconds, u"%1", sldSec.Value()));
+  lblMs.SetText(strings_.Counted(Message::CountedMilliseconds, u"%1", sldMs.Value() * kTen));
 }
 
 void DelayDialog::ShowDelay() {
   const std::int32_t delay = Delay();
-  const Text amount = strings_.Counted(kMilliseconds, u"%1", std::abs(delay));
-  lblResult.SetText(delay == 0 ? strings_[177] : Fill(strings_[delay < 0 ? 178 : 179], amount));
+  const Text amount = strings_.Counted(Message::CountedMilliseconds, u"%1", std::abs(delay));
+  lblResult.SetText(delay == 0
+                        ? strings_[Message::NoChangesApplied]
+                        : Fill(strings_[delay < 0 ? Message::SubtitlesEarlier : Message::SubtitlesLater], amount));
   cmdApply.SetEnabled(delay != 0);
   ShowSample(std::int64_t{sampleStart_} + delay);
 }
@@ -77,7 +74,8 @@ void DelayDialog::ShowSample(std::int64_t start) {
   CarryOn step;
   step([&] {
     if (start > std::numeric_limits<std::int32_t>::max()) ThrowOverflow();
-    lblDetail.SetText(strings_[344] + Text(kLineEnd) + MsToTimeText(static_cast<std::int32_t>(start)));
+    lblDetail.SetText(strings_[Message::ResultingAppearTime] + Text(kLineEnd) +
+                      MsToTimeText(static_cast<std::int32_t>(start)));
   });
 }
 
@@ -85,13 +83,14 @@ void DelayDialog::Apply() {
   const std::int32_t delay = Delay();
   if (delay == 0) return Close();
   if (const int below = CountBelowZero(list_, delay); below > 0) {
-    const Text question = strings_.Counted(strings_.Counted(180, u"%1", std::abs(delay)), u"%2", below);
-    const MessageBox box{question, BoxIcon::Warning, BoxButtons::YesNo, strings_[146], true};
+    const Text question =
+        strings_.Counted(strings_.Counted(Message::DelayBelowZero, u"%1", std::abs(delay)), u"%2", below);
+    const MessageBox box{question, BoxIcon::Warning, BoxButtons::YesNo, strings_[Message::Warning], true};
     if (messages_.Show(box) != BoxAnswer::Yes) return;
   }
   cmdApply.SetEnabled(false);
   cmdCancel.SetEnabled(false);
-  lblResult.SetText(strings_[117] + u"...");
+  lblResult.SetText(strings_[Message::PleaseWait] + u"...");
   RepaintRequested();
   ShiftCaptions(list_, delay);
   Close();

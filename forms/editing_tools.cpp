@@ -39,7 +39,10 @@ void EditingTools::SetDelay() {
 }
 
 void EditingTools::ResetTiming() {
-  if (ports_.messages.Show({strings_[51], BoxIcon::Question, BoxButtons::YesNo}) != BoxAnswer::Yes) return;
+  if (ports_.messages.Show({strings_[Message::ResetAllTimecodes], BoxIcon::Question, BoxButtons::YesNo}) !=
+      BoxAnswer::Yes) {
+    return;
+  }
   ClearAllTiming(list_);
   list_.SetRow(list_.Selected(), true);
 }

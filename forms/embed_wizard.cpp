@@ -86,10 +86,13 @@ void EmbedWizard::Wire() {
 }
 
 void EmbedWizard::WireHints() {
-  const std::pair<Control&, std::size_t> hints[] = {{imgFormat, 369}, {imgRes, 377},      {cmbResolution, 377},
-                                                    {imgMode, 379},   {imgPreview, 390},  {imgSave, 388},
-                                                    {imgVD, 375},     {cmdBrowseVD, 375}, {cmdConfigure, 372},
-                                                    {cmdCancel, 392}, {txtWidth, 385},    {txtHeight, 386}};
+  const std::pair<Control&, Message> hints[] = {
+      {imgFormat, Message::OutputFormatHint},         {imgRes, Message::OutputResolutionHint},
+      {cmbResolution, Message::OutputResolutionHint}, {imgMode, Message::FilterModeHint},
+      {imgPreview, Message::EmbedPreviewHint},        {imgSave, Message::OutputFileNameHint},
+      {imgVD, Message::VirtualDubFolderHint},         {cmdBrowseVD, Message::VirtualDubFolderHint},
+      {cmdConfigure, Message::ConfigureCodecHint},    {cmdCancel, Message::CloseDialogHint},
+      {txtWidth, Message::OutputWidthHint},           {txtHeight, Message::OutputHeightHint}};
   for (const auto& [control, message] : hints) {
     control.Hovered.Connect([this, number = message] { ShowEmbedDetails(p_.strings[number]); });
   }
@@ -97,22 +100,23 @@ void EmbedWizard::WireHints() {
 }
 
 bool EmbedWizard::CheckEmbedDocument() {
-  const Text title = p_.strings[362];
-  const auto refuse = [&](std::size_t message) {
+  const Text title = p_.strings[Message::EmbedSubtitles];
+  const auto refuse = [&](Message message) {
     p_.ports.messages.Show({p_.strings[message], BoxIcon::Warning, BoxButtons::Ok, title});
     return false;
   };
   const Text& subtitle = p_.document.SubtitlePath;
   const Text& video = p_.document.VideoPath;
-  if (subtitle.empty()) return refuse(363);
-  if (!ToLower(subtitle).ends_with(u".ssa")) return refuse(364);
-  if (video.empty()) return refuse(365);
+  if (subtitle.empty()) return refuse(Message::EmbedNeedsSubtitle);
+  if (!ToLower(subtitle).ends_with(u".ssa")) return refuse(Message::EmbedNeedsSsa);
+  if (video.empty()) return refuse(Message::EmbedNeedsVideo);
   const Text ending = LastThree(video);
-  if (OneOf(ending, {u"snd", u"wav", u".au", u"aif", u"wma", u"mp3"})) return refuse(365);
-  if (!OneOf(ending, {u"mpg", u"avi", u"peg"})) return refuse(366);
+  if (OneOf(ending, {u"snd", u"wav", u".au", u"aif", u"wma", u"mp3"})) return refuse(Message::EmbedNeedsVideo);
+  if (!OneOf(ending, {u"mpg", u"avi", u"peg"})) return refuse(Message::EmbedNeedsAviOrMpeg);
   if (p_.ports.files.Exists(subtitle) && p_.ports.files.Exists(video)) return true;
   const Text end(kLineEnd);
-  p_.ports.messages.Show({video + end + subtitle + end + end + p_.strings[406], BoxIcon::Error, BoxButtons::Ok, title});
+  p_.ports.messages.Show({video + end + subtitle + end + end + p_.strings[Message::EmbedFilesMissing], BoxIcon::Error,
+                          BoxButtons::Ok, title});
   return false;
 }
 
@@ -132,35 +136,51 @@ void EmbedWizard::Open() {
 
 void EmbedWizard::ApplyTexts() {
   const LangStrings& s = p_.strings;
-  SetTitle(s[362]);
+  SetTitle(s[Message::EmbedSubtitles]);
   SetRightToLeft(p_.languages.IsRightToLeft());
-  const std::pair<Control&, std::size_t> rows[] = {
-      {lblTop, 362},    {lblTop2, 367},     {lblFormat, 368},  {cmdConfigure, 370},  {lblRes, 376},
-      {lblSize, 384},   {lblMode, 378},     {chkPreview, 389}, {lblVirtualdub, 373}, {cmdBrowseVD, 374},
-      {lblStep2, 448},  {lblDownload, 449}, {lblSave, 387},    {cmdSave, 45},        {lblStep4, 394},
-      {lblNotice, 407}, {lblNote1, 408},    {lblNote2, 409},   {lblConvert, 411},    {lblDetailsTitle, 190},
-      {cmdCancel, 67}};
+  const std::pair<Control&, Message> rows[] = {{lblTop, Message::EmbedSubtitles},
+                                               {lblTop2, Message::OutputFileSettings},
+                                               {lblFormat, Message::OutputFormat},
+                                               {cmdConfigure, Message::Configure},
+                                               {lblRes, Message::OutputResolution},
+                                               {lblSize, Message::OutputSize},
+                                               {lblMode, Message::FilterMode},
+                                               {chkPreview, Message::EmbedPreview},
+                                               {lblVirtualdub, Message::VirtualDubFolder},
+                                               {cmdBrowseVD, Message::Browse},
+                                               {lblStep2, Message::DownloadPrograms},
+                                               {lblDownload, Message::DownloadLink},
+                                               {lblSave, Message::OutputFileName},
+                                               {cmdSave, Message::SaveAs},
+                                               {lblStep4, Message::ReadyToEmbed},
+                                               {lblNotice, Message::VbrWarning},
+                                               {lblNote1, Message::VbrWarningText},
+                                               {lblNote2, Message::VbrLinkText},
+                                               {lblConvert, Message::VbrGuide},
+                                               {lblDetailsTitle, Message::Details},
+                                               {cmdCancel, Message::Cancel}};
   for (const auto& [control, message] : rows) control.SetText(s[message]);
   for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
   lblX.SetText(u"x");
   imgConfigure.SetText(u"Tessaly Ratemeter");
-  txtWidth.SetSpokenName(s[385]);
-  txtHeight.SetSpokenName(s[386]);
-  txtTFileName.SetSpokenName(s[360]);
-  txtVFileName.SetSpokenName(s[394]);
-  txtVirtualdub.SetSpokenName(s[373]);
-  txtSave.SetSpokenName(s[387]);
-  sldPreview.SetSpokenName(s[389]);
+  txtWidth.SetSpokenName(s[Message::OutputWidthHint]);
+  txtHeight.SetSpokenName(s[Message::OutputHeightHint]);
+  txtTFileName.SetSpokenName(s[Message::TextColumn]);
+  txtVFileName.SetSpokenName(s[Message::ReadyToEmbed]);
+  txtVirtualdub.SetSpokenName(s[Message::VirtualDubFolder]);
+  txtSave.SetSpokenName(s[Message::OutputFileName]);
+  sldPreview.SetSpokenName(s[Message::EmbedPreview]);
   cmbFormat.SetItems({u"AVI (XviD)"});
   std::vector<Text> sizes;
   sizes.reserve(kResolutions.size());
   for (const Resolution& size : kResolutions) sizes.emplace_back(size.entry);
-  sizes.front() = s[397];
-  sizes.back() = s[398];
+  sizes.front() = s[Message::UseOriginal];
+  sizes.back() = s[Message::CustomSize];
   cmbResolution.SetItems(std::move(sizes));
-  cmbMode.SetItems({s[380], s[381], s[382], s[383]});
-  cmdBack.SetText(u"< " + s[56]);
-  cmdNext.SetText(s[41] + u" >");
+  cmbMode.SetItems({s[Message::FilterStandard], s[Message::FilterBilinear], s[Message::FilterBicubic],
+                    s[Message::FilterPreciseBilinear]});
+  cmdBack.SetText(u"< " + s[Message::Back]);
+  cmdNext.SetText(s[Message::Next] + u" >");
 }
 
 void EmbedWizard::FillControls() {
@@ -218,7 +238,8 @@ void EmbedWizard::TogglePreview() {
     } else {
       chkPreview.SetValue(false);
       const bool unknown = seconds <= 0;
-      p_.ports.messages.Show({p_.strings[unknown ? 399 : 400], unknown ? BoxIcon::Error : BoxIcon::Warning});
+      p_.ports.messages.Show({p_.strings[unknown ? Message::LengthUnknown : Message::VideoTooShort],
+                              unknown ? BoxIcon::Error : BoxIcon::Warning});
     }
   }
   lblPreview.SetEnabled(chkPreview.Value());
@@ -228,7 +249,7 @@ void EmbedWizard::TogglePreview() {
 
 void EmbedWizard::ShowPreview() {
   const int minutes = sldPreview.Value();
-  lblPreview.SetText(Decimal(minutes) + u" " + p_.strings[minutes == 1 ? 172 : 173]);
+  lblPreview.SetText(Decimal(minutes) + u" " + p_.strings[minutes == 1 ? Message::Minute : Message::Minutes]);
 }
 
 bool EmbedWizard::XvidPresent() {
@@ -240,7 +261,7 @@ bool EmbedWizard::XvidPresent() {
 
 bool EmbedWizard::OfferXvid() {
   if (XvidPresent()) return true;
-  const MessageBox box{p_.strings[404], BoxIcon::Question, BoxButtons::YesNo, Title()};
+  const MessageBox box{p_.strings[Message::XvidNotFound], BoxIcon::Question, BoxButtons::YesNo, Title()};
   if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"10");
   return false;
 }
@@ -256,7 +277,8 @@ void EmbedWizard::Configure() {
 
 void EmbedWizard::AskQuantizer() {
   const Text stored = p_.store.GetSetting(kMainSection, kQuantizerKey, Decimal(kDefaultQuantizer));
-  const Text typed = p_.ports.messages.Ask({p_.strings[980], p_.strings[371], stored});
+  const Text typed =
+      p_.ports.messages.Ask({p_.strings[Message::PictureQuality], p_.strings[Message::ConfigureCodec], stored});
   if (IsBlank(typed)) return;
   const double value = std::clamp<double>(LeadingNumber(typed), kLeastQuantizer, kMostQuantizer);
   p_.store.SaveSetting(kMainSection, kQuantizerKey, Decimal(static_cast<int>(value)));
@@ -270,7 +292,7 @@ void EmbedWizard::BrowseTool() {
   const bool draws = runner ? p_.processes != nullptr && FfmpegDrawsSubtitles(*p_.processes, p_.ports.events)
                             : p_.ports.files.Exists(filter);
   if (!draws) {
-    const MessageBox box{Fill(p_.strings[402], filter), BoxIcon::Warning, BoxButtons::YesNo};
+    const MessageBox box{Fill(p_.strings[Message::SubtitlerNotFound], filter), BoxIcon::Warning, BoxButtons::YesNo};
     if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"18");
     return;
   }
@@ -279,8 +301,8 @@ void EmbedWizard::BrowseTool() {
 }
 
 void EmbedWizard::BrowseTarget() {
-  const Text path = ShowSaveDialog(p_.ports.fileDialogs, p_.strings[405] + u"|*.avi", WithoutDots(cmdSave.GetText()),
-                                   p_.recall.LastFolder(), txtSave.GetText());
+  const Text path = ShowSaveDialog(p_.ports.fileDialogs, p_.strings[Message::AviFiles] + u"|*.avi",
+                                   WithoutDots(cmdSave.GetText()), p_.recall.LastFolder(), txtSave.GetText());
   if (IsBlank(path)) return;
   txtSave.SetText(StripExtension(path) + u".avi");
   // The dialog has asked, about the name that was chosen there.

@@ -14,7 +14,8 @@ constexpr std::int16_t kLastStep = 3;
 constexpr int kWaitMs = 1000;
 constexpr std::int64_t kSecondMs = 1000;
 constexpr std::int64_t kMinuteMs = 60000;
-constexpr std::array<std::size_t, 4> kStepHints = {396, 375, 388, 391};
+constexpr std::array<Message, 4> kStepHints = {Message::EmbedHint, Message::VirtualDubFolderHint,
+                                               Message::OutputFileNameHint, Message::FilesWillBeClosed};
 
 }  // namespace
 
@@ -27,14 +28,17 @@ void EmbedWizard::ShowEmbedDetails(TextView text) {
 
 Text EmbedWizard::StepHint(std::int16_t step) const {
   const Text& hint = p_.strings[kStepHints[static_cast<std::size_t>(step)]];
-  return step == kLastStep ? hint + Text(kLineEnd) + Text(kLineEnd) + p_.strings[395] : hint;
+  return step == kLastStep ? hint + Text(kLineEnd) + Text(kLineEnd) + p_.strings[Message::OkBeginsProcess] : hint;
 }
 
 void EmbedWizard::ShowStepHint() { ShowEmbedDetails(StepHint(step_)); }
 
 std::vector<Text> EmbedWizard::Hints() const {
   std::vector<Text> hints;
-  for (const std::size_t message : {369, 372, 375, 377, 379, 385, 386, 388, 390, 392}) {
+  for (const Message message :
+       {Message::OutputFormatHint, Message::ConfigureCodecHint, Message::VirtualDubFolderHint,
+        Message::OutputResolutionHint, Message::FilterModeHint, Message::OutputWidthHint, Message::OutputHeightHint,
+        Message::OutputFileNameHint, Message::EmbedPreviewHint, Message::CloseDialogHint}) {
     hints.push_back(p_.strings[message]);
   }
   for (std::int16_t step = 0; step <= kLastStep; ++step) hints.push_back(StepHint(step));
@@ -85,13 +89,13 @@ bool EmbedWizard::MayLeave() {
 
 bool EmbedWizard::MayOverwrite() {
   if (target_ == p_.document.VideoPath) {
-    p_.ports.messages.Show(
-        {p_.strings[kFilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok, WithoutDots(p_.strings[45])});
+    p_.ports.messages.Show({p_.strings[Message::FilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok,
+                            WithoutDots(p_.strings[Message::SaveAs])});
     return false;
   }
   if (target_ == agreed_ || !p_.ports.files.Exists(target_)) return true;
-  const MessageBox box{Fill(p_.strings[414], target_), BoxIcon::Warning, BoxButtons::YesNo,
-                       WithoutDots(p_.strings[45])};
+  const MessageBox box{Fill(p_.strings[Message::ReplaceExisting], target_), BoxIcon::Warning, BoxButtons::YesNo,
+                       WithoutDots(p_.strings[Message::SaveAs])};
   return p_.ports.messages.Show(box) == BoxAnswer::Yes;
 }
 
@@ -101,9 +105,9 @@ void EmbedWizard::Back() {
   ShowStep();
   if (step_ == 0) cmdBack.SetEnabled(false);
   cmdNext.SetEnabled(true);
-  cmdNext.SetText(p_.strings[41] + u" >");
+  cmdNext.SetText(p_.strings[Message::Next] + u" >");
   ShowStepHint();
-  lblTop2.SetText(p_.strings[step_ == kLastStep ? 410 : 367]);
+  lblTop2.SetText(p_.strings[step_ == kLastStep ? Message::ReadyToBegin : Message::OutputFileSettings]);
 }
 
 void EmbedWizard::SetWorking(bool working) {
@@ -118,8 +122,8 @@ void EmbedWizard::WriteScript() {
   // Where it can't be written it isn't there, which the start of the run tells.
   CarryOn step;
   step([&] { FillScript(); });
-  cmdNext.SetText(p_.strings[66]);
-  lblTop2.SetText(p_.strings[410]);
+  cmdNext.SetText(p_.strings[Message::Ok]);
+  lblTop2.SetText(p_.strings[Message::ReadyToBegin]);
   p_.ports.events.WaitMs(kWaitMs);
   SetWorking(false);
   FocusRequested(cmdNext);
@@ -168,8 +172,8 @@ void EmbedWizard::StartTool() {
   }
   p_.ports.desktop.SetBusy(false);
   const Text end(kLineEnd);
-  p_.ports.messages.Show(
-      {p_.strings[462] + end + end + tool_.Get().path, BoxIcon::Error, BoxButtons::Ok, Text(kProductName)});
+  p_.ports.messages.Show({p_.strings[Message::StartFailed] + end + end + tool_.Get().path, BoxIcon::Error,
+                          BoxButtons::Ok, Text(kProductName)});
 }
 
 void EmbedWizard::OnClose() { p_.openForms.Closed(Name()); }

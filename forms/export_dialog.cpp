@@ -41,25 +41,25 @@ void ExportDialog::Open(bool rightToLeft) {
 }
 
 void ExportDialog::ApplyTexts() {
-  SetTitle(ReplaceAll(strings_[45], u"...", {}));
-  lblFormat.SetText(strings_[275]);
-  fraProperties.SetText(strings_[276]);
-  lblMode.SetText(strings_[277]);
-  lblTimecode.SetText(strings_[280]);
-  lblHeader.SetText(strings_[281]);
-  lblTags.SetText(strings_[282]);
-  lblFPS.SetText(strings_[7]);
-  cmdConfigure.SetText(strings_[324]);
-  cmdOK.SetText(strings_[66]);
-  cmdCancel.SetText(strings_[67]);
-  cboFormats.SetSpokenName(strings_[275]);
-  cmbFPS.SetSpokenName(strings_[7]);
-  imgBold.SetSpokenName(strings_[154]);
-  imgItalic.SetSpokenName(strings_[155]);
-  imgUnderline.SetSpokenName(strings_[156]);
-  imgBold.SetToolTip(strings_[154]);
-  imgItalic.SetToolTip(strings_[155]);
-  imgUnderline.SetToolTip(strings_[156]);
+  SetTitle(ReplaceAll(strings_[Message::SaveAs], u"...", {}));
+  lblFormat.SetText(strings_[Message::ExportToFormat]);
+  fraProperties.SetText(strings_[Message::FormatProperties]);
+  lblMode.SetText(strings_[Message::SyncMode]);
+  lblTimecode.SetText(strings_[Message::TimeStructure]);
+  lblHeader.SetText(strings_[Message::InfoHeader]);
+  lblTags.SetText(strings_[Message::SupportedFormatting]);
+  lblFPS.SetText(strings_[Message::SourceVideoFps]);
+  cmdConfigure.SetText(strings_[Message::ConfigureFormat]);
+  cmdOK.SetText(strings_[Message::Ok]);
+  cmdCancel.SetText(strings_[Message::Cancel]);
+  cboFormats.SetSpokenName(strings_[Message::ExportToFormat]);
+  cmbFPS.SetSpokenName(strings_[Message::SourceVideoFps]);
+  imgBold.SetSpokenName(strings_[Message::Bold]);
+  imgItalic.SetSpokenName(strings_[Message::Italic]);
+  imgUnderline.SetSpokenName(strings_[Message::Underline]);
+  imgBold.SetToolTip(strings_[Message::Bold]);
+  imgItalic.SetToolTip(strings_[Message::Italic]);
+  imgUnderline.SetToolTip(strings_[Message::Underline]);
 }
 
 void ExportDialog::FillFormats() {
@@ -67,10 +67,10 @@ void ExportDialog::FillFormats() {
   for (int index = 0; index < catalogue_.Count(); ++index) {
     const Text& id = catalogue_.Identifier(index);
     Text row = catalogue_.DisplayName(id) + u" [" + ToUpper(catalogue_.ReadIni(id, u"extension", {})) + u"]";
-    if (index == formats_.CurrentFormatIndex) row += u" " + strings_[283];
+    if (index == formats_.CurrentFormatIndex) row += u" " + strings_[Message::CurrentFormat];
     rows.push_back(std::move(row));
   }
-  lblTotal.SetText(Fill(strings_[52], Decimal(static_cast<long long>(rows.size()))));
+  lblTotal.SetText(Fill(strings_[Message::FormatsSupported], Decimal(static_cast<long long>(rows.size()))));
   cboFormats.SetItems(std::move(rows));
   if (formats_.CurrentFormatIndex == 0) {
     formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue_.IndexOf(kSubRip), 0));
@@ -103,7 +103,7 @@ void ExportDialog::ShowProperties() {
     lblFPS.SetEnabled(ChosenCountsFrames());
     cmbFPS.SetEnabled(ChosenCountsFrames());
     const bool header = LeadingNumber(catalogue_.ReadIni(ChosenId(), u"header", u"0")) == 1;
-    lblHeader2.SetText(strings_[header ? 68 : 69]);
+    lblHeader2.SetText(strings_[header ? Message::Yes : Message::No]);
     cmdConfigure.SetEnabled(header);
     ShowTags(RoundToInt32(LeadingNumber(catalogue_.ReadIni(ChosenId(), u"tags", u"0"))));
   });
@@ -111,18 +111,18 @@ void ExportDialog::ShowProperties() {
 
 void ExportDialog::ShowTimecode(TextView timecode) {
   if (timecode == u"ms") {
-    lblMode2.SetText(strings_[278]);
-    const Text& unit = strings_[176];
+    lblMode2.SetText(strings_[Message::Time]);
+    const Text& unit = strings_[Message::Milliseconds];
     lblTimecode2.SetText(ToUpper(TextView(unit).substr(0, 1)) + unit.substr(std::min<std::size_t>(unit.size(), 1)));
   } else if (timecode == u"ff") {
-    lblMode2.SetText(u"FPS (" + strings_[279] + u")");
+    lblMode2.SetText(u"FPS (" + strings_[Message::Frames] + u")");
     lblTimecode2.SetText(u"N/A");
   } else if (timecode == kNotAvailable) {
     lblMode2.SetText(kNotAvailable);
     lblTimecode2.SetText(kNotAvailable);
   } else {
     const bool frames = timecode.find(u"ff") != TextView::npos;
-    lblMode2.SetText(frames ? strings_[278] + u"+FPS" : strings_[278]);
+    lblMode2.SetText(frames ? strings_[Message::Time] + u"+FPS" : strings_[Message::Time]);
     lblTimecode2.SetText(timecode);
   }
 }
@@ -161,7 +161,8 @@ void ExportDialog::Accept() {
     // The whole part decides: "29,97" is accepted because 29 is.
     const double rate = LeadingNumber(cmbFPS.GetText());
     if (rate < kLeastRate || rate > kMostRate) {
-      messages_.Show({strings_[323], BoxIcon::Error, BoxButtons::Ok, strings_[7]});
+      messages_.Show(
+          {strings_[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, strings_[Message::SourceVideoFps]});
       FocusRequested(cmbFPS);
       return;
     }

@@ -10,9 +10,7 @@ namespace cuewright {
 namespace {
 
 constexpr int kLastClipboardLine = 32000;
-constexpr std::size_t kClipboardTooMuch = 1038;
 constexpr std::uint8_t kPlainTextIndex = 0;
-constexpr std::size_t kCancelSavesNothing = 1084;
 
 constexpr TextView kVideoFilter =
     u"All media types|*.mpeg;*.mpg;*.mpe;*.m1v;*.mp2v;*.mpeg2;*.mp4;*.wmv;*.wm;*.asf;*.avi;*.divx;*.xvid;*.mkv;*.ogm|"
@@ -47,7 +45,7 @@ void FileActions::Wire() {
   });
 }
 
-Text FileActions::Untitled(std::size_t message) const { return ReplaceAll(p_.strings[message], u"...", {}); }
+Text FileActions::Untitled(Message message) const { return ReplaceAll(p_.strings[message], u"...", {}); }
 
 bool FileActions::HasUnsaved() const {
   if (p_.options.manner.AsksWhenCaptionsDiffer()) return p_.history.Differs();
@@ -64,7 +62,7 @@ bool FileActions::PromptForSave() {
 
 bool FileActions::MayLeave(bool& thrownAway) {
   if (!HasUnsaved()) return true;
-  switch (ports_.messages.Show({p_.strings[161], BoxIcon::Question, BoxButtons::YesNoCancel})) {
+  switch (ports_.messages.Show({p_.strings[Message::SaveChangesFirst], BoxIcon::Question, BoxButtons::YesNoCancel})) {
     case BoxAnswer::Yes:
       return SaveBeforeLeaving() || !p_.options.manner.StaysOpenUnsaved();
     case BoxAnswer::No:
@@ -114,7 +112,8 @@ void FileActions::NewFromClipboard() {
     const bool blank = p_.list.Rows() == 2 && p_.list.At(1) == Caption{};
     const auto whole = static_cast<long long>(captions.size()) + (blank ? 0 : p_.list.Rows() - 1);
     if (whole > kMaxRow) {
-      ports_.messages.Show({Fill(p_.strings[kClipboardTooMuch], Decimal(whole), Decimal(kMaxRow)), BoxIcon::Warning});
+      ports_.messages.Show(
+          {Fill(p_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow)), BoxIcon::Warning});
     } else {
       p_.list.Replace(blank ? 1 : p_.list.Rows(), blank ? 1 : 0, std::move(captions));
     }
@@ -144,8 +143,8 @@ Text FileActions::OpenFileFilter() {
     all += Patterns(p_.catalogue.ReadIni(id, u"extension", u"txt"));
     each += FilterOf(id, u"Unknown format");
   }
-  const Text path = ShowOpenDialog(ports_.fileDialogs, u"All supported formats|" + all + u"|" + each, Untitled(59),
-                                   p_.recall.LastFolder());
+  const Text path = ShowOpenDialog(ports_.fileDialogs, u"All supported formats|" + all + u"|" + each,
+                                   Untitled(Message::OpenText), p_.recall.LastFolder());
   return IsBlank(path) ? Text() : path;
 }
 
@@ -153,7 +152,7 @@ void FileActions::OpenSubtitleFile(TextView given) {
   if (p_.document.FileInWork) return;
   const Text path(given);
   if (!ports_.files.Exists(path)) {
-    ports_.messages.Show({Fill(p_.strings[157], path), BoxIcon::Error});
+    ports_.messages.Show({Fill(p_.strings[Message::FileNotFound], path), BoxIcon::Error});
     return;
   }
   CarryOn step;
@@ -164,9 +163,9 @@ void FileActions::OpenSubtitleFile(TextView given) {
   }
   if (p_.document.HasDocument() && p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
   if (step.Last()) {
-    ports_.messages.Show(
-        {p_.strings[119] + u"\r\n\r\nError # " + Decimal(step.Last()->number) + u"\r\n" + step.Last()->description,
-         BoxIcon::Warning});
+    ports_.messages.Show({p_.strings[Message::ErrorDuringLoad] + u"\r\n\r\nError # " + Decimal(step.Last()->number) +
+                              u"\r\n" + step.Last()->description,
+                          BoxIcon::Warning});
   }
   FileWorkEnded();
 }
@@ -217,15 +216,15 @@ void FileActions::OpenVideo() {
   if (p_.document.FileInWork) return;
   p_.store.SaveSetting(kMainSection, u"Volume", Decimal(ports_.player.Volume()));
   closeTools();
-  const Text path =
-      ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(60), p_.recall.LastFolder(FileKind::Film));
+  const Text path = ShowOpenDialog(ports_.fileDialogs, kVideoFilter, Untitled(Message::OpenVideo),
+                                   p_.recall.LastFolder(FileKind::Film));
   if (!IsBlank(path)) p_.playerBinding.LoadVideoFile(path);
 }
 
 void FileActions::Append() {
   if (p_.document.FileInWork) return;
   if (!p_.document.HasVideo()) {
-    ports_.messages.Show({p_.strings[73], BoxIcon::Warning});
+    ports_.messages.Show({p_.strings[Message::AppendNeedsItsVideo], BoxIcon::Warning});
     return;
   }
   const Text path = OpenFileFilter();
@@ -283,7 +282,8 @@ bool FileActions::ChooseAndSave() {
   } else if (p_.document.HasVideo()) {
     proposal = StripExtension(FileNameOf(p_.document.VideoPath)) + u"." + extensions;
   }
-  const Text chosen = ShowSaveDialog(ports_.fileDialogs, filter, Untitled(45), p_.recall.LastFolder(), proposal);
+  const Text chosen =
+      ShowSaveDialog(ports_.fileDialogs, filter, Untitled(Message::SaveAs), p_.recall.LastFolder(), proposal);
   Text path(TrimBlanks(chosen));
   if (path.empty()) return false;
   const Text first = u"." + Split(extensions, u",")[0];
@@ -295,8 +295,9 @@ bool FileActions::ChooseAndSave() {
 
 bool FileActions::MayReplace(const Text& path) {
   if (!ports_.files.Exists(path)) return true;
-  const Text question = Fill(p_.strings[414], path);
-  return ports_.messages.Show({question, BoxIcon::Warning, BoxButtons::YesNo, Untitled(45)}) == BoxAnswer::Yes;
+  const Text question = Fill(p_.strings[Message::ReplaceExisting], path);
+  return ports_.messages.Show({question, BoxIcon::Warning, BoxButtons::YesNo, Untitled(Message::SaveAs)}) ==
+         BoxAnswer::Yes;
 }
 
 bool FileActions::SaveDocument() {
@@ -305,10 +306,11 @@ bool FileActions::SaveDocument() {
   Row untimed = 1;
   while (untimed < p_.list.Rows() && p_.list.IsCaptionTimed(untimed)) ++untimed;
   if (untimed < p_.list.Rows()) {
-    Text question = p_.strings[80] + u"\r\n\r\n" + p_.strings[81];
+    Text question =
+        p_.strings[Message::CaptionsWithoutTiming] + u"\r\n\r\n" + p_.strings[Message::YesSavesAllNoSavesTimed];
     // No leaves captions out of the file: who only wants the box away must not lose them.
     const bool mayCancel = p_.options.manner.EscapeIsHarmless();
-    if (mayCancel) question += u" " + p_.strings[kCancelSavesNothing];
+    if (mayCancel) question += u" " + p_.strings[Message::CancelSavesNothing];
     const BoxButtons buttons = mayCancel ? BoxButtons::YesNoCancel : BoxButtons::YesNo;
     const BoxAnswer answer = ports_.messages.Show({question, BoxIcon::Question, buttons});
     if (mayCancel && answer == BoxAnswer::Cancel) return false;
@@ -319,7 +321,8 @@ bool FileActions::SaveDocument() {
   // A path under which nothing was written is none to come back to.
   const bool first = !p_.options.manner.KeepsTheSource();
   if (first) remember();
-  p_.window.lblTextFile.SetText(p_.strings[48] + InItsOrder(p_.strings[48], ToLower(path)));
+  p_.window.lblTextFile.SetText(p_.strings[Message::CurrentSubtitleFile] +
+                                InItsOrder(p_.strings[Message::CurrentSubtitleFile], ToLower(path)));
   Left();
   bool written = false;
   {

@@ -116,7 +116,7 @@ class FileActions {
   bool LoadFailed() const;
   bool Playing() const { return ports_.player.PlayState() == kPlayerPlaying; }
   Text FilterOf(TextView id, TextView fallbackName) const;
-  Text Untitled(std::size_t message) const;
+  Text Untitled(Message message) const;
   /// Asks about a file of another name than the picker gave, which asked about that one alone.
   bool MayReplace(const Text& path);
 

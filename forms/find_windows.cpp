@@ -6,7 +6,7 @@
 
 namespace cuewright {
 
-SearchWindow::SearchWindow(std::string name, std::size_t title, CaptionList& list, const LangStrings& strings,
+SearchWindow::SearchWindow(std::string name, Message title, CaptionList& list, const LangStrings& strings,
                            const Languages& languages, OpenForms& openForms)
     : ToolForm(std::move(name), openForms), strings_(strings), title_(title), list_(list), languages_(languages) {
   txtFind.Edited.Connect([this] { FollowText(); });
@@ -28,12 +28,12 @@ void SearchWindow::ApplyLanguage(bool rightToLeft) {
   SetTitle(strings_[title_]);
   SetRightToLeft(rightToLeft);
   for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
-  fraFind.SetText(strings_[139]);
-  txtFind.SetSpokenName(strings_[139]);
-  chkEntire.SetText(strings_[140]);
-  chkCase.SetText(strings_[141]);
-  cmdFind.SetText(strings_[142]);
-  cmdClose.SetText(strings_[143]);
+  fraFind.SetText(strings_[Message::SearchForText]);
+  txtFind.SetSpokenName(strings_[Message::SearchForText]);
+  chkEntire.SetText(strings_[Message::SingleWordOnly]);
+  chkCase.SetText(strings_[Message::MatchCase]);
+  cmdFind.SetText(strings_[Message::FindNext]);
+  cmdClose.SetText(strings_[Message::Close]);
 }
 
 void SearchWindow::FollowText() { cmdFind.SetEnabled(!txtFind.GetText().empty()); }
@@ -44,7 +44,7 @@ int SearchWindow::Search(bool replacing, TextView replacement, bool replaceAll) 
 }
 
 void SearchWindow::TellFound(int count) {
-  Tell(count > 0 ? Fill(strings_[435], Decimal(list_.Selected())) : strings_[144]);
+  Tell(count > 0 ? Fill(strings_[Message::FoundOnLine], Decimal(list_.Selected())) : strings_[Message::StringNotFound]);
 }
 
 void SearchWindow::Tell(TextView text) {
@@ -54,10 +54,10 @@ void SearchWindow::Tell(TextView text) {
 
 ReplaceWindow::ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages,
                              OpenForms& openForms)
-    : SearchWindow("frmReplace", 432, list, strings, languages, openForms) {
+    : SearchWindow("frmReplace", Message::Replace, list, strings, languages, openForms) {
   cmdReplace.Clicked.Connect([this] { TellFound(Search(true, txtReplace.GetText(), false)); });
   cmdReplaceAll.Clicked.Connect(
-      [this] { Tell(Fill(strings_[436], Decimal(Search(true, txtReplace.GetText(), true)))); });
+      [this] { Tell(Fill(strings_[Message::ReplacementsMade], Decimal(Search(true, txtReplace.GetText(), true)))); });
 }
 
 void ReplaceWindow::Load() {
@@ -67,10 +67,10 @@ void ReplaceWindow::Load() {
 
 void ReplaceWindow::ApplyLanguage(bool rightToLeft) {
   SearchWindow::ApplyLanguage(rightToLeft);
-  fraReplace.SetText(strings_[434]);
-  txtReplace.SetSpokenName(strings_[434]);
-  cmdReplace.SetText(strings_[432]);
-  cmdReplaceAll.SetText(strings_[433]);
+  fraReplace.SetText(strings_[Message::ReplaceWith]);
+  txtReplace.SetSpokenName(strings_[Message::ReplaceWith]);
+  cmdReplace.SetText(strings_[Message::Replace]);
+  cmdReplaceAll.SetText(strings_[Message::ReplaceAll]);
 }
 
 void ReplaceWindow::FollowText() {

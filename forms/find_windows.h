@@ -24,7 +24,7 @@ class SearchWindow : public ToolForm {
   void ApplyLanguage(bool rightToLeft) override;
 
  protected:
-  SearchWindow(std::string name, std::size_t title, CaptionList& list, const LangStrings& strings,
+  SearchWindow(std::string name, Message title, CaptionList& list, const LangStrings& strings,
                const Languages& languages, OpenForms& openForms);
 
   void Load() override;
@@ -39,7 +39,7 @@ class SearchWindow : public ToolForm {
   const LangStrings& strings_;
 
  private:
-  const std::size_t title_;
+  const Message title_;
   CaptionList& list_;
   const Languages& languages_;
 };
@@ -48,7 +48,7 @@ class SearchWindow : public ToolForm {
 class FindWindow final : public SearchWindow {
  public:
   FindWindow(CaptionList& list, const LangStrings& strings, const Languages& languages, OpenForms& openForms)
-      : SearchWindow("frmFind", 138, list, strings, languages, openForms) {}
+      : SearchWindow("frmFind", Message::Find, list, strings, languages, openForms) {}
 };
 
 /// The window `frmReplace`.

@@ -25,9 +25,12 @@ void FormatDialog::WireButtons() {
   cmdOK.Clicked.Connect([this] { Accept(); });
   cmdCancel.Clicked.Connect([this] { Close(); });
   cmdReset.Clicked.Connect([this] { Reset(); });
-  lblGetMore.Clicked.Connect([this] { parts_.messages.Show({strings_[308], BoxIcon::Information}); });
+  lblGetMore.Clicked.Connect([this] {
+    parts_.messages.Show({strings_[Message::MoreFormatsHint], BoxIcon::Information});
+  });
   imgSsaCharset.Clicked.Connect([this] {
-    parts_.messages.Show({strings_[343], BoxIcon::Information, BoxButtons::Ok, ReplaceAll(strings_[63], u":", {})});
+    parts_.messages.Show({strings_[Message::FormatCharsetHint], BoxIcon::Information, BoxButtons::Ok,
+                          ReplaceAll(strings_[Message::SubtitleCharset], u":", {})});
   });
 }
 
@@ -118,77 +121,77 @@ void FormatDialog::ShowPanel() {
 void FormatDialog::ApplyTexts() {
   struct Labelled {
     Control& control;
-    std::size_t message;
+    Message message;
   };
-  const Labelled rows[] = {{lblFormats, 326},
-                           {lblGetMore, 307},
-                           {cmdOK, 66},
-                           {cmdCancel, 67},
-                           {cmdReset, 71},
-                           {lblDvdSubtitleDiscID, 345},
-                           {lblDvdSubtitleDVDTitle, 346},
-                           {lblDvdSubtitleLang, 347},
-                           {lblDvdSubtitleAuthor, 348},
-                           {lblDvdSubtitleWeb, 349},
-                           {lblDvdSubtitleInfo, 350},
-                           {lblDvdSubtitleLicense, 351},
-                           {cmdSamiFont, 216},
-                           {cmdSamiColor, 264},
-                           {cmdSamiBackground, 327},
-                           {lblSamiAlign, 328},
-                           {lblSamiSample, 221},
-                           {lblSamiNote, 340},
-                           {cmdSsaFont, 216},
-                           {cmdSsaColor, 264},
-                           {fraSsaAlign, 328},
-                           {fraSsaBorder, 335},
-                           {lblSsaStyle, 336},
-                           {lblSsaOutline, 337},
-                           {lblSsaShadow, 332},
-                           {cmdSsaBack, 327},
-                           {fraSsaMargins, 339},
-                           {lblSsaMarginl, 329},
-                           {lblSsaMarginr, 330},
-                           {lblSsaSample, 221},
-                           {lblSsaNote, 340}};
-  SetTitle(strings_[325]);
+  const Labelled rows[] = {{lblFormats, Message::ConfigurableFormats},
+                           {lblGetMore, Message::MoreFormats},
+                           {cmdOK, Message::Ok},
+                           {cmdCancel, Message::Cancel},
+                           {cmdReset, Message::Reset},
+                           {lblDvdSubtitleDiscID, Message::DiscId},
+                           {lblDvdSubtitleDVDTitle, Message::DvdTitle},
+                           {lblDvdSubtitleLang, Message::DvdLanguage},
+                           {lblDvdSubtitleAuthor, Message::DvdAuthor},
+                           {lblDvdSubtitleWeb, Message::DvdWeb},
+                           {lblDvdSubtitleInfo, Message::DvdInfo},
+                           {lblDvdSubtitleLicense, Message::DvdLicense},
+                           {cmdSamiFont, Message::FontButton},
+                           {cmdSamiColor, Message::ColorButton},
+                           {cmdSamiBackground, Message::BackgroundButton},
+                           {lblSamiAlign, Message::Alignment},
+                           {lblSamiSample, Message::Sample},
+                           {lblSamiNote, Message::SampleReflectsHint},
+                           {cmdSsaFont, Message::FontButton},
+                           {cmdSsaColor, Message::ColorButton},
+                           {fraSsaAlign, Message::Alignment},
+                           {fraSsaBorder, Message::Border},
+                           {lblSsaStyle, Message::Style},
+                           {lblSsaOutline, Message::Outline},
+                           {lblSsaShadow, Message::Shadow},
+                           {cmdSsaBack, Message::BackgroundButton},
+                           {fraSsaMargins, Message::Margins},
+                           {lblSsaMarginl, Message::Left},
+                           {lblSsaMarginr, Message::Right},
+                           {lblSsaSample, Message::Sample},
+                           {lblSsaNote, Message::SampleReflectsHint}};
+  SetTitle(strings_[Message::FormatSettings]);
   SetRightToLeft(parts_.languages.IsRightToLeft());
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
   // The margin is that of the edge at which the captions stand.
-  lblSsaMarginv.SetText(strings_[333] + u"/" + strings_[334]);
+  lblSsaMarginv.SetText(strings_[Message::Top] + u"/" + strings_[Message::Bottom]);
   lblSsaCharset.SetText(u"Charset: " + Decimal(parts_.languages.ListCharset()));
   for (ComboBox* box : {&cmbSamiAlign, &cmbSsaAlign}) {
-    box->SetItems({strings_[329], strings_[330], strings_[331]});
-    box->SetToolTip(strings_[341]);
+    box->SetItems({strings_[Message::Left], strings_[Message::Right], strings_[Message::Center]});
+    box->SetToolTip(strings_[Message::HorizontalAlignmentHint]);
   }
-  cmbSsaValign.SetItems({strings_[333], strings_[331], strings_[334]});
-  cmbSsaValign.SetToolTip(strings_[342]);
-  cmbSsaStyle.SetItems({strings_[337], strings_[338]});
+  cmbSsaValign.SetItems({strings_[Message::Top], strings_[Message::Center], strings_[Message::Bottom]});
+  cmbSsaValign.SetToolTip(strings_[Message::VerticalAlignmentHint]);
+  cmbSsaStyle.SetItems({strings_[Message::Outline], strings_[Message::OpaqueBorder]});
 }
 
 void FormatDialog::ApplyNames() {
   const auto name = [](Control& control, const Text& text) { control.SetSpokenName(WithoutAccessKey(text)); };
-  name(lstFormats, strings_[326]);
-  name(txtDvdSubtitleDiscID, strings_[345]);
-  name(txtDvdSubtitleDVDTitle, strings_[346]);
-  name(txtDvdSubtitleLang, strings_[347]);
-  name(txtDvdSubtitleAuthor, strings_[348]);
-  name(txtDvdSubtitleWeb, strings_[349]);
-  name(txtDvdSubtitleInfo, strings_[350]);
-  name(txtDvdSubtitleLicense, strings_[351]);
-  name(cmbSamiAlign, strings_[328]);
-  name(cmbSsaAlign, strings_[341]);
-  name(cmbSsaValign, strings_[342]);
-  name(cmbSsaStyle, strings_[335] + u", " + strings_[336]);
-  name(txtSsaOutline, strings_[335] + u", " + strings_[337]);
-  name(txtSsaShadow, strings_[335] + u", " + strings_[332]);
-  name(txtSsaMarginl, strings_[339] + u", " + strings_[329]);
-  name(txtSsaMarginr, strings_[339] + u", " + strings_[330]);
-  name(txtSsaMarginv, strings_[339] + u", " + lblSsaMarginv.GetText());
-  name(picSamiSample, strings_[221]);
-  name(picSsaSample, strings_[221]);
-  name(picSsaBack, strings_[327]);
-  name(imgSsaCharset, strings_[8]);
+  name(lstFormats, strings_[Message::ConfigurableFormats]);
+  name(txtDvdSubtitleDiscID, strings_[Message::DiscId]);
+  name(txtDvdSubtitleDVDTitle, strings_[Message::DvdTitle]);
+  name(txtDvdSubtitleLang, strings_[Message::DvdLanguage]);
+  name(txtDvdSubtitleAuthor, strings_[Message::DvdAuthor]);
+  name(txtDvdSubtitleWeb, strings_[Message::DvdWeb]);
+  name(txtDvdSubtitleInfo, strings_[Message::DvdInfo]);
+  name(txtDvdSubtitleLicense, strings_[Message::DvdLicense]);
+  name(cmbSamiAlign, strings_[Message::Alignment]);
+  name(cmbSsaAlign, strings_[Message::HorizontalAlignmentHint]);
+  name(cmbSsaValign, strings_[Message::VerticalAlignmentHint]);
+  name(cmbSsaStyle, strings_[Message::Border] + u", " + strings_[Message::Style]);
+  name(txtSsaOutline, strings_[Message::Border] + u", " + strings_[Message::Outline]);
+  name(txtSsaShadow, strings_[Message::Border] + u", " + strings_[Message::Shadow]);
+  name(txtSsaMarginl, strings_[Message::Margins] + u", " + strings_[Message::Left]);
+  name(txtSsaMarginr, strings_[Message::Margins] + u", " + strings_[Message::Right]);
+  name(txtSsaMarginv, strings_[Message::Margins] + u", " + lblSsaMarginv.GetText());
+  name(picSamiSample, strings_[Message::Sample]);
+  name(picSsaSample, strings_[Message::Sample]);
+  name(picSsaBack, strings_[Message::BackgroundButton]);
+  name(imgSsaCharset, strings_[Message::WhatsThis]);
   const auto display = [this](TextView id) { return parts_.catalogue.DisplayName(id); };
   name(picDvdSubtitle, display(kDvdSubtitle));
   name(picSami, display(kSami));

@@ -14,7 +14,7 @@ void OpenHelp(const Folders& folders, TextView language, const LangStrings& stri
     return true;
   };
   if (opened(language)) return;
-  messages.Show({strings[160], BoxIcon::Information});
+  messages.Show({strings[Message::HelpShownInEnglish], BoxIcon::Information});
   if (opened(u"ENGLISH")) return;
   OpenWebPage(desktop, ProductPage(language) + u"#help", language);
 }

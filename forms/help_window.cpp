@@ -8,13 +8,6 @@ namespace cuewright {
 namespace {
 
 constexpr TextView kEnglish = u"ENGLISH";
-constexpr std::size_t kTitle = 159;
-constexpr std::size_t kShownInEnglish = 160;
-constexpr std::size_t kBack = 56;
-constexpr std::size_t kTopics = 952;
-constexpr std::size_t kSearch = 953;
-constexpr std::size_t kNothingFound = 954;
-constexpr std::size_t kForward = 955;
 
 struct WindowPage {
   const char* window;
@@ -122,14 +115,14 @@ void HelpWindow::Load() {
 }
 
 void HelpWindow::ApplyLanguage(bool rightToLeft) {
-  SetTitle(WithoutAccessKey(strings_[kTitle]));
+  SetTitle(WithoutAccessKey(strings_[Message::HelpTopics]));
   SetRightToLeft(rightToLeft);
-  cmdBack.SetText(strings_[kBack]);
-  cmdForward.SetText(strings_[kForward]);
-  lblSearch.SetText(strings_[kSearch]);
-  txtSearch.SetSpokenName(strings_[kSearch]);
-  lstTopics.SetSpokenName(strings_[kTopics]);
-  lblNotice.SetText(strings_[kShownInEnglish]);
+  cmdBack.SetText(strings_[Message::Back]);
+  cmdForward.SetText(strings_[Message::ForwardPage]);
+  lblSearch.SetText(strings_[Message::SearchTheHelp]);
+  txtSearch.SetSpokenName(strings_[Message::SearchTheHelp]);
+  lstTopics.SetSpokenName(strings_[Message::Topics]);
+  lblNotice.SetText(strings_[Message::HelpShownInEnglish]);
   if (!Loaded()) return;
   ReadBook();
   ShowTopics();
@@ -145,7 +138,7 @@ void HelpWindow::ShowTopics() {
     items.push_back(Text(all ? static_cast<std::size_t>(topic.depth) * 4 : 0, u' ') + topic.title);
   }
   lstTopics.SetEnabled(!items.empty());
-  if (items.empty()) items.push_back(strings_[kNothingFound]);
+  if (items.empty()) items.push_back(strings_[Message::NoTopicFound]);
   if (items != lstTopics.Items()) lstTopics.SetItems(std::move(items));
   if (visited_.empty()) return;
   const auto shown = book_.PlaceOf(FileOf(visited_[at_]));

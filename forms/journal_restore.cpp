@@ -7,30 +7,23 @@
 namespace cuewright {
 namespace {
 
-constexpr std::size_t kCantBeRestored = 1010;
-constexpr std::size_t kOtherVersion = 1011;
-constexpr std::size_t kDamaged = 1012;
-constexpr std::size_t kFileIsNewer = 1013;
-constexpr std::size_t kFileIsOlder = 1014;
-constexpr std::size_t kFileIsGone = 1015;
-
 /// Which of the document's file and what is kept of it is newer; empty for a document without a file.
 Text Comparison(const JournalDocument& document, const JournalStore& store, const LangStrings& strings) {
   if (document.path.empty() || document.path == kNewDocument) return {};
   const std::optional<std::int64_t> file = store.ChangedAt(document.path);
-  if (!file) return strings[kFileIsGone];
-  return Fill(strings[*file > document.time ? kFileIsNewer : kFileIsOlder], store.LocalTime(*file));
+  if (!file) return strings[Message::FileIsGone];
+  return Fill(strings[*file > document.time ? Message::FileIsNewer : Message::FileIsOlder], store.LocalTime(*file));
 }
 
 BoxAnswer Offer(const JournalDocument& document, const JournalStore& store, Messages& messages,
                 const LangStrings& strings) {
   const auto count = static_cast<long long>(document.captions.size());
-  const Text name = document.path == kNewDocument ? strings[17] : document.path;
-  Text text = Fill(strings.Counted(949, u"%3", count), name, store.LocalTime(document.time));
+  const Text name = document.path == kNewDocument ? strings[Message::NewSubtitle] : document.path;
+  Text text = Fill(strings.Counted(Message::UnsavedDocumentLeft, u"%3", count), name, store.LocalTime(document.time));
   if (const Text compared = Comparison(document, store, strings); !compared.empty()) {
     text.append(kLineEnd).append(kLineEnd).append(compared);
   }
-  text.append(kLineEnd).append(kLineEnd).append(strings[950]);
+  text.append(kLineEnd).append(kLineEnd).append(strings[Message::YesRestoresIt]);
   return messages.Show({text, BoxIcon::Question, BoxButtons::YesNoCancel});
 }
 
@@ -42,8 +35,8 @@ class Unreadable {
   void Leave(const LeftJournal& left, JournalFault fault) {
     if (!left.told) {
       const Text& reason = left.unreadable                       ? left.unreadable->description
-                           : fault == JournalFault::OtherVersion ? strings_[kOtherVersion]
-                                                                 : strings_[kDamaged];
+                           : fault == JournalFault::OtherVersion ? strings_[Message::LeftByOtherVersion]
+                                                                 : strings_[Message::LeftDamaged];
       list_.append(kLineEnd).append(kLineEnd).append(left.path).append(kLineEnd).append(reason);
     }
     // One that can't be read may only be so for the moment.
@@ -55,7 +48,7 @@ class Unreadable {
   }
 
   void Tell(Messages& messages) const {
-    if (!list_.empty()) messages.Show({strings_[kCantBeRestored] + list_, BoxIcon::Warning});
+    if (!list_.empty()) messages.Show({strings_[Message::LeftDocumentsBroken] + list_, BoxIcon::Warning});
   }
 
  private:

@@ -3,15 +3,6 @@
 #include "core/numbers.h"
 
 namespace cuewright {
-namespace {
-
-constexpr std::size_t kFindings = 1031;
-constexpr std::size_t kShow = 1032;
-constexpr std::size_t kApply = 1033;
-constexpr std::size_t kChanged = 1034;
-constexpr std::size_t kUndo = 1035;
-
-}  // namespace
 
 Text EncodingName(const DocumentEncoding& encoding) {
   Text name;
@@ -38,7 +29,7 @@ Notices::Notices(MainWindow& window, const AppOptions& options, const LangString
   Clear();
 }
 
-void Notices::Tell(std::size_t text, TextView first, TextView second) {
+void Notices::Tell(Message text, TextView first, TextView second) {
   text_ = text;
   first_ = first;
   second_ = second;
@@ -50,7 +41,7 @@ void Notices::Tell(std::size_t text, TextView first, TextView second) {
 void Notices::TellFindings(int count) { TellRules(Rules::Looked, count); }
 
 void Notices::TellChanged(int count) {
-  text_ = 0;
+  text_.reset();
   TellRules(Rules::Ran, count);
 }
 
@@ -66,7 +57,7 @@ void Notices::TellRules(Rules rules, int count) {
 }
 
 void Notices::Clear() {
-  text_ = 0;
+  text_.reset();
   rules_ = Rules::Silent;
   ShowButtons();
 }
@@ -80,15 +71,15 @@ void Notices::ShowButtons() {
 }
 
 void Notices::ApplyLanguage() {
-  window_.cmdNotice.SetToolTip(strings_[905]);
-  window_.cmdShowFindings.SetText(strings_[kShow]);
-  window_.cmdApplyFindings.SetText(strings_[kApply]);
-  window_.cmdUndoRules.SetText(strings_[kUndo]);
+  window_.cmdNotice.SetToolTip(strings_[Message::CloseNotice]);
+  window_.cmdShowFindings.SetText(strings_[Message::ShowFindings]);
+  window_.cmdApplyFindings.SetText(strings_[Message::ApplyFindings]);
+  window_.cmdUndoRules.SetText(strings_[Message::UndoRules]);
   Text text;
-  if (text_ != 0) text = Fill(strings_[text_], first_, second_);
+  if (text_) text = Fill(strings_[*text_], first_, second_);
   if (rules_ != Rules::Silent) {
     if (!text.empty()) text += u" \u00B7 ";
-    text += strings_.Counted(rules_ == Rules::Looked ? kFindings : kChanged, u"%1", count_);
+    text += strings_.Counted(rules_ == Rules::Looked ? Message::RuleFindings : Message::RulesChanged, u"%1", count_);
   }
   if (!text.empty()) window_.lblNotice.SetText(text);
 }

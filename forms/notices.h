@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "core/app_options.h"
 #include "core/form/main_window.h"
 #include "core/lang_strings.h"
@@ -18,8 +20,8 @@ class Notices {
 
   /// False when the information bar is off, so that nobody would see the strip.
   bool Seen() const { return options_.M_INFOBAR; }
-  /// Shows a text by its number, with what stands for %1 and %2.
-  void Tell(std::size_t text, TextView first = {}, TextView second = {});
+  /// Shows a text, with what stands for %1 and %2.
+  void Tell(Message text, TextView first = {}, TextView second = {});
   /// Adds to what is told of a document how many findings the rules have in it, with buttons that show them and apply
   /// the rules.
   void TellFindings(int count);
@@ -30,7 +32,7 @@ class Notices {
   /// That button is there.
   bool OffersUndo() const { return rules_ == Rules::Ran; }
   void Clear();
-  bool Shown() const { return text_ != 0 || rules_ != Rules::Silent; }
+  bool Shown() const { return text_ || rules_ != Rules::Silent; }
   /// The language has changed: the text is told anew.
   void ApplyLanguage();
 
@@ -43,7 +45,7 @@ class Notices {
   MainWindow& window_;
   const AppOptions& options_;
   const LangStrings& strings_;
-  std::size_t text_ = 0;
+  std::optional<Message> text_;
   Text first_;
   Text second_;
   Rules rules_ = Rules::Silent;  ///< what is told of the correction rules

@@ -20,14 +20,14 @@ PlayerBinding::PlayerBinding(MainWindow& window, SubWindow& sub, DocumentState& 
   connections_.push_back(player_.PlayStateChange.ConnectScoped([this](int state) { OnState(state); }));
   connections_.push_back(player_.PositionChange.ConnectScoped([this](double, double) { OnSeek(); }));
   connections_.push_back(player_.MediaError.ConnectScoped([this](const Text&) {
-    messages_.Show({strings_[50], BoxIcon::Warning});
+    messages_.Show({strings_[Message::ErrorLoadingFilm], BoxIcon::Warning});
   }));
 }
 
 void PlayerBinding::LoadVideoFile(TextView path) {
   if (document_.FileInWork) return;
   if (!files_.Exists(path)) {
-    messages_.Show({Fill(strings_[157], path), BoxIcon::Error});
+    messages_.Show({Fill(strings_[Message::FileNotFound], path), BoxIcon::Error});
     return;
   }
   const Text video(path);  // the caller's text may be one that changes below
@@ -42,7 +42,7 @@ void PlayerBinding::LoadVideoFile(TextView path) {
   step([&] { sub_.Load(); });
   step([&] { preview_.DrawPreviewStyle(); });
   step([&] { preview_.PlacePreview(); });
-  if (step.Last()) messages_.Show({strings_[50], BoxIcon::Warning});
+  if (step.Last()) messages_.Show({strings_[Message::ErrorLoadingFilm], BoxIcon::Warning});
 }
 
 void PlayerBinding::Empty() {

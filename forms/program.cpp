@@ -11,13 +11,6 @@
 #include "settings/options.h"
 
 namespace cuewright {
-namespace {
-
-constexpr std::size_t kReadAs = 902;
-constexpr std::size_t kSavedAs = 903;
-constexpr std::size_t kSavedAsUtf8 = 904;
-
-}  // namespace
 
 Program::Program(Ports ports, StartEnvironment environment)
     : ports_(ports),
@@ -84,13 +77,13 @@ void Program::ConnectFiles() {
   });
   recentFiles.open = [this](FileKind kind, const Text& path) { files.OpenAs(kind, path); };
   files.Left.Connect([this] { notices.Clear(); });
-  files.Loaded.Connect([this] { TellFile(kReadAs); });
+  files.Loaded.Connect([this] { TellFile(Message::ReadAs); });
   files.Saved.Connect([this](bool) {
-    if (!notices.Shown()) TellFile(kSavedAs);
+    if (!notices.Shown()) TellFile(Message::SavedAs);
   });
 }
 
-void Program::TellFile(std::size_t text) {
+void Program::TellFile(Message text) {
   notices.Tell(text, catalogue.ReadIni(catalogue.Identifier(formats.CurrentFormatIndex), u"name", {}),
                EncodingName(formats.Encoding));
 }
@@ -219,9 +212,9 @@ void Program::ConnectJournal() {
   });
   journal.tellFailure = [this](const RuntimeError& error) {
     if (notices.Seen()) {
-      notices.Tell(951, error.description);
+      notices.Tell(Message::JournalFailed, error.description);
     } else {
-      ports_.messages.Show({Fill(strings[951], error.description), BoxIcon::Warning});
+      ports_.messages.Show({Fill(strings[Message::JournalFailed], error.description), BoxIcon::Warning});
     }
   };
 }
@@ -373,18 +366,18 @@ std::int32_t Program::MediaSeconds() const { return static_cast<std::int32_t>(po
 
 void Program::SavedAsUtf8(const DocumentEncoding& lacking) {
   const Text name = EncodingName(lacking);
-  notices.Tell(kSavedAsUtf8, name);
+  notices.Tell(Message::SavedAsUtf8, name);
   // Nobody sees the strip of a bar that is off.
   if (!notices.Seen()) {
     ports_.messages.Show(
-        {document.SubtitlePath + u"\r\n\r\n" + Fill(strings[kSavedAsUtf8], name), BoxIcon::Information});
+        {document.SubtitlePath + u"\r\n\r\n" + Fill(strings[Message::SavedAsUtf8], name), BoxIcon::Information});
   }
 }
 
 void Program::ConvertFromUtf8() {
-  const Text question = Fill(strings[285], u"UTF-8");
-  if (ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo, strings[284] + u" UTF-8"}) !=
-      BoxAnswer::Yes) {
+  const Text question = Fill(strings[Message::ConversionQuestion], u"UTF-8");
+  if (ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo,
+                            strings[Message::ConvertFrom] + u" UTF-8"}) != BoxAnswer::Yes) {
     return;
   }
   const EditScope scope(list, EditKind::Convert);

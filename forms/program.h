@@ -179,7 +179,7 @@ class Program final : private FormatHost {
   void ConnectAudio();
   void ConnectFiles();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
-  void TellFile(std::size_t text);
+  void TellFile(Message text);
   void ConnectHistory();
   void ConnectTitle();
   void ConnectJournal();

@@ -31,16 +31,16 @@ void ReportWindow::Unload() {
 }
 
 void ReportWindow::ApplyLanguage(bool rightToLeft) {
-  SetTitle(strings_[185]);
+  SetTitle(strings_[Message::ReportTitle]);
   SetRightToLeft(rightToLeft);
   for (Control* control : std::initializer_list<Control*>{&lblTop, &txtReport, &lblTotal, &optStandard, &optDetailed,
                                                           &lblDefine, &cmdOK}) {
     control->SetRightToLeft(rightToLeft);
   }
-  optStandard.SetText(strings_[257]);
-  optDetailed.SetText(strings_[258]);
-  lblDefine.SetText(strings_[183]);
-  cmdOK.SetText(strings_[66]);
+  optStandard.SetText(strings_[Message::StandardReport]);
+  optDetailed.SetText(strings_[Message::DetailedReport]);
+  lblDefine.SetText(strings_[Message::DefineRules]);
+  cmdOK.SetText(strings_[Message::Ok]);
   lblTop.SetText(ReportHeading(report_, strings_, document_.HasDocument()));
   if (!txtReport.GetText().empty()) ShowReport(optDetailed.Value() ? ReportForm::Detailed : ReportForm::Standard);
 }
@@ -63,7 +63,7 @@ void ReportWindow::ShowDetailedReport() {
 
 void ReportWindow::ShowReport(ReportForm form) {
   desktop_.SetBusy(true);
-  lblTotal.SetText(strings_[117] + u"..");
+  lblTotal.SetText(strings_[Message::PleaseWait] + u"..");
   txtReport.SetText(ReportTotals(report_));
   RepaintRequested();
   txtReport.SetText(ReportText(report_, form));

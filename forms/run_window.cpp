@@ -22,8 +22,8 @@ void RunWindow::Open(bool rightToLeft) {
   SetRightToLeft(rightToLeft);
   for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
   lblFailure.SetVisible(false);
-  barProgress.SetSpokenName(strings_[117]);
-  cmdCancel.SetText(strings_[67]);
+  barProgress.SetSpokenName(strings_[Message::PleaseWait]);
+  cmdCancel.SetText(strings_[Message::Cancel]);
   NoteOpened();
 }
 
@@ -49,7 +49,7 @@ void RunWindow::TakeLine(std::string_view line) {
       barProgress.SetBusy(!read->progress.fraction);
       if (read->progress.fraction) barProgress.SetValue(static_cast<int>(*read->progress.fraction * kWhole));
       lblLeft.SetText(read->progress.secondsLeft
-                          ? Fill(strings_[981], FromUtf8(TimeLeftText(*read->progress.secondsLeft)))
+                          ? Fill(strings_[Message::TimeLeft], FromUtf8(TimeLeftText(*read->progress.secondsLeft)))
                           : Text());
       break;
   }
@@ -61,7 +61,7 @@ void RunWindow::ShowFailure(std::string_view reason) {
   lblLeft.SetVisible(false);
   lblFailure.SetText(FromUtf8(reason));
   lblFailure.SetVisible(true);
-  cmdCancel.SetText(strings_[66]);
+  cmdCancel.SetText(strings_[Message::Ok]);
   FailureShown();
 }
 

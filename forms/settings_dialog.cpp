@@ -9,12 +9,22 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kLanguagePage = 4;
-constexpr std::size_t kClassic = 1000;
-constexpr std::size_t kRulesOnLoad = 1036;
-constexpr std::array<std::size_t, SettingsWindow::kPages> kTitles = {189, 121, 309, 15, 16};
-constexpr std::array<std::size_t, 10> kHotkeyNames = {126, 127, 128, 40, 41, 42, 166, 181, 167, 168};
-constexpr std::array<std::size_t, 2> kPositionNames = {167, 168};
-constexpr std::array<std::size_t, 3> kLengthClasses = {201, 202, 203};
+constexpr std::array<Message, SettingsWindow::kPages> kTitles = {Message::TimingManagement, Message::KeyboardShortcuts,
+                                                                 Message::PlayerSettings, Message::SubtitlePreview,
+                                                                 Message::LanguageAndEncoding};
+constexpr std::array<Message, 10> kHotkeyNames = {Message::Play,
+                                                  Message::Pause,
+                                                  Message::Stop,
+                                                  Message::Start,
+                                                  Message::Next,
+                                                  Message::End,
+                                                  Message::ReturnToPreviousSubtitle,
+                                                  Message::JumpToNextSubtitle,
+                                                  Message::Rewind,
+                                                  Message::ForwardKey};
+constexpr std::array<Message, 2> kPositionNames = {Message::Rewind, Message::ForwardKey};
+constexpr std::array<Message, 3> kLengthClasses = {Message::ShortCaptions, Message::MediumCaptions,
+                                                   Message::LongCaptions};
 
 }  // namespace
 
@@ -106,7 +116,7 @@ void SettingsDialog::ApplySettingsDialogLanguage() {
   percent_ = parts_.languages.LoadLanguageStrings(false);
   lblComplete.SetVisible(percent_ != 100);
   SetRightToLeft(parts_.languages.IsRightToLeft());
-  SetTitle(strings_[193]);
+  SetTitle(strings_[Message::GeneralSettings]);
   for (std::size_t i = 0; i < kPages; ++i) {
     lblMenu[i].SetText(strings_[kTitles[i]]);
     imgMenu[i].SetSpokenName(strings_[kTitles[i]]);
@@ -125,79 +135,81 @@ void SettingsDialog::ApplySettingsDialogLanguage() {
 void SettingsDialog::ApplyPageTexts() {
   struct Labelled {
     Control& control;
-    std::size_t message;
+    Message message;
   };
-  const Labelled rows[] = {{lblDetailsTitle, 190},
-                           {cmdOK, 66},
-                           {cmdReset, 71},
-                           {chkAutoSplit, 272},
-                           {chkCollision, 196},
-                           {chkAutoJoin, 82},
-                           {chkDuration, 198},
-                           {lblShort, 201},
-                           {lblMedium, 202},
-                           {lblLong, 203},
-                           {chkCredits, 429},
-                           {lblCredits, 431},
-                           {lblApply, 211},
-                           {chkKeys, 195},
-                           {fraKeys, 123},
-                           {lblPlayback, 124},
-                           {lblCaptioning, 125},
-                           {chkStretch, 311},
-                           {lblUImode, 313},
-                           {lblVSFilter, 420},
-                           {optVSDisable, 422},
-                           {optVSHide, 424},
-                           {lblVSNotice, 426},
-                           {cmdVSFilter, 370},
-                           {lblFormat, 215},
-                           {cmdFont, 216},
-                           {cmdColor, 264},
-                           {optOpaque, 217},
-                           {optShadow, 218},
-                           {lblSample, 221},
-                           {chkFollow, 252},
-                           {lblLanguage, 62},
-                           {lblTranslator, 84},
-                           {chkClassic, kClassic},
-                           {chkRulesOnLoad, kRulesOnLoad},
-                           {fraCharset, 63},
-                           {lblCharset, 91},
-                           {cmdRegionalSettings, 370},
-                           {lblSampleShadow, 221}};
+  const Labelled rows[] = {{lblDetailsTitle, Message::Details},
+                           {cmdOK, Message::Ok},
+                           {cmdReset, Message::Reset},
+                           {chkAutoSplit, Message::AutosplitLines},
+                           {chkCollision, Message::AvoidCollision},
+                           {chkAutoJoin, Message::ImmediateChange},
+                           {chkDuration, Message::AutomaticLimit},
+                           {lblShort, Message::ShortCaptions},
+                           {lblMedium, Message::MediumCaptions},
+                           {lblLong, Message::LongCaptions},
+                           {chkCredits, Message::RemoveCredits},
+                           {lblCredits, Message::RemoveLinesWith},
+                           {lblApply, Message::WhenToApplyRules},
+                           {chkKeys, Message::EnableShortcuts},
+                           {fraKeys, Message::AvailableShortcuts},
+                           {lblPlayback, Message::Playback},
+                           {lblCaptioning, Message::Captioning},
+                           {chkStretch, Message::AutofitVideo},
+                           {lblUImode, Message::PlayerControls},
+                           {lblVSFilter, Message::VsFilterManagement},
+                           {optVSDisable, Message::VsFilterDisable},
+                           {optVSHide, Message::VsFilterHide},
+                           {lblVSNotice, Message::VsFilterRestored},
+                           {cmdVSFilter, Message::Configure},
+                           {lblFormat, Message::PreviewTextHint},
+                           {cmdFont, Message::FontButton},
+                           {cmdColor, Message::ColorButton},
+                           {optOpaque, Message::OpaqueBackground},
+                           {optShadow, Message::TransparentBackground},
+                           {lblSample, Message::Sample},
+                           {chkFollow, Message::FollowSubtitles},
+                           {lblLanguage, Message::InterfaceLanguage},
+                           {lblTranslator, Message::TranslationBy},
+                           {chkClassic, Message::ClassicManner},
+                           {chkRulesOnLoad, Message::RulesOnLoad},
+                           {fraCharset, Message::SubtitleCharset},
+                           {lblCharset, Message::CharsetIsRegional},
+                           {cmdRegionalSettings, Message::Configure},
+                           {lblSampleShadow, Message::Sample}};
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
   for (std::size_t k = 0; k < lblHotkey.size(); ++k) lblHotkey[k].SetText(strings_[kHotkeyNames[k]]);
-  for (Label& label : lblSeconds) label.SetText(strings_[169]);
+  for (Label& label : lblSeconds) label.SetText(strings_[Message::SecondsOfRewind]);
   const int apply = cmbApply.Index();
-  cmbApply.SetItems({strings_[212], strings_[213], strings_[214]});
+  cmbApply.SetItems(
+      {strings_[Message::OnLoadOnly], strings_[Message::DuringSubtitlingOnly], strings_[Message::OnLoadAndSubtitling]});
   cmbApply.SetIndex(apply);
   const int mode = cmbUImode.Index();
-  cmbUImode.SetItems({strings_[315], strings_[316], strings_[317]});
+  cmbUImode.SetItems(
+      {strings_[Message::HideControls], strings_[Message::BasicControls], strings_[Message::AllControls]});
   cmbUImode.SetIndex(mode);
   lblComplete.SetText(u"Complete this translation...");
 }
 
 void SettingsDialog::ApplyNames() {
-  const auto plain = [this](std::size_t message) { return WithoutAccessKey(strings_[message]); };
-  cmbApply.SetSpokenName(plain(211));
-  sldAutoJoin.SetSpokenName(plain(103));
-  txtCredits.SetSpokenName(plain(431));
-  cmbUImode.SetSpokenName(plain(313));
-  cboLanguage.SetSpokenName(plain(62));
-  txtCharset.SetSpokenName(plain(63));
-  cmdRegionalSettings.SetSpokenName(plain(370) + u" " + plain(63));
-  cmdVSFilter.SetSpokenName(plain(370) + u" " + plain(420));
-  picSample.SetSpokenName(plain(221));
-  picMenu.SetSpokenName(plain(193));
-  for (Picture* image : {&imgAutoJoin, &imgDuration, &imgCredits}) image->SetSpokenName(plain(26));
-  imgVSHelp.SetSpokenName(plain(8));
-  picAutoJoin.SetSpokenName(plain(82));
-  picDuration.SetSpokenName(plain(198));
-  picCredits.SetSpokenName(plain(429));
+  const auto plain = [this](Message message) { return WithoutAccessKey(strings_[message]); };
+  cmbApply.SetSpokenName(plain(Message::WhenToApplyRules));
+  sldAutoJoin.SetSpokenName(plain(Message::NearbyFactor));
+  txtCredits.SetSpokenName(plain(Message::RemoveLinesWith));
+  cmbUImode.SetSpokenName(plain(Message::PlayerControls));
+  cboLanguage.SetSpokenName(plain(Message::InterfaceLanguage));
+  txtCharset.SetSpokenName(plain(Message::SubtitleCharset));
+  cmdRegionalSettings.SetSpokenName(plain(Message::Configure) + u" " + plain(Message::SubtitleCharset));
+  cmdVSFilter.SetSpokenName(plain(Message::Configure) + u" " + plain(Message::VsFilterManagement));
+  picSample.SetSpokenName(plain(Message::Sample));
+  picMenu.SetSpokenName(plain(Message::GeneralSettings));
+  for (Picture* image : {&imgAutoJoin, &imgDuration, &imgCredits}) image->SetSpokenName(plain(Message::Options));
+  imgVSHelp.SetSpokenName(plain(Message::WhatsThis));
+  picAutoJoin.SetSpokenName(plain(Message::ImmediateChange));
+  picDuration.SetSpokenName(plain(Message::AutomaticLimit));
+  picCredits.SetSpokenName(plain(Message::RemoveCredits));
   for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetSpokenName(plain(kHotkeyNames[k]));
   for (std::size_t i = 0; i < txtPosition.size(); ++i) {
-    txtPosition[i].SetSpokenName(plain(kPositionNames[i]) + u", " + plain(169));
+    txtPosition[i].SetSpokenName(plain(kPositionNames[i]) + u", " + plain(Message::SecondsOfRewind));
   }
   for (std::size_t i = 0; i < kPages; ++i) picOptions[i].SetSpokenName(plain(kTitles[i]));
 }
@@ -217,10 +229,11 @@ void SettingsDialog::ApplyLanguagePage() {
 }
 
 void SettingsDialog::ShowRuleLabels() {
-  lblAutoJoin.SetText(strings_[103] + u" " + Decimal(options_.Near) + u" " + strings_[176]);
+  lblAutoJoin.SetText(strings_[Message::NearbyFactor] + u" " + Decimal(options_.Near) + u" " +
+                      strings_[Message::Milliseconds]);
   for (std::size_t k = 0; k < 3; ++k) {
-    lblDuration[k].SetText(Fill(strings_[207], Decimal(options_.Duration[k])));
-    lblTolerance[k].SetText(Fill(strings_[208], Decimal(options_.Tolerance[k])));
+    lblDuration[k].SetText(Fill(strings_[Message::DurationPerCharacter], Decimal(options_.Duration[k])));
+    lblTolerance[k].SetText(Fill(strings_[Message::Tolerance], Decimal(options_.Tolerance[k])));
     const Text length = strings_[kLengthClasses[k]] + u", ";
     sldDuration[k].SetSpokenName(length + lblDuration[k].GetText());
     sldTolerance[k].SetSpokenName(length + lblTolerance[k].GetText());
@@ -228,8 +241,8 @@ void SettingsDialog::ShowRuleLabels() {
 }
 
 void SettingsDialog::ShowPreviewLabels() {
-  lblShadow.SetText(Fill(strings_[220], Decimal(options_.F_SHADOWVAL)));
-  lblHeight.SetText(Fill(strings_[223], Decimal(options_.F_SUBHEIGHT)));
+  lblShadow.SetText(Fill(strings_[Message::ShadowDepth], Decimal(options_.F_SHADOWVAL)));
+  lblHeight.SetText(Fill(strings_[Message::PreviewPlacement], Decimal(options_.F_SUBHEIGHT)));
   sldShadow.SetSpokenName(lblShadow.GetText());
   sldHeight.SetSpokenName(lblHeight.GetText());
 }

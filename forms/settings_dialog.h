@@ -83,7 +83,7 @@ class SettingsDialog final : public SettingsWindow {
   void WirePlayer();
   void WirePreview();
   void WireLanguage();
-  void Tells(Control& control, std::size_t message);
+  void Tells(Control& control, Message message);
 
   void ApplyPageTexts();
   void ApplyNames();

@@ -5,10 +5,12 @@
 namespace cuewright {
 namespace {
 
-constexpr std::array<std::size_t, SettingsWindow::kPages> kOverMenu = {192, 122, 310, 194, 191};
-constexpr std::array<std::size_t, SettingsWindow::kPages> kOverPage = {192, 122, 310, 222, 191};
-constexpr std::size_t kClassicDetails = 1001;
-constexpr std::size_t kRulesOnLoadDetails = 1037;
+constexpr std::array<Message, SettingsWindow::kPages> kOverMenu = {
+    Message::RulesPageHint, Message::KeyboardShortcutsHint, Message::PlayerPageHint, Message::PreviewPageHint,
+    Message::LanguagePageHint};
+constexpr std::array<Message, SettingsWindow::kPages> kOverPage = {
+    Message::RulesPageHint, Message::KeyboardShortcutsHint, Message::PlayerPageHint, Message::SampleDuringPlayback,
+    Message::LanguagePageHint};
 /// The most characters of a short and of a medium caption.
 constexpr TextView kShortLength = u"5";
 constexpr TextView kMediumLength = u"15";
@@ -19,44 +21,76 @@ Text Paragraphs(TextView first, TextView second) {
 
 }  // namespace
 
-void SettingsDialog::Tells(Control& control, std::size_t message) {
+void SettingsDialog::Tells(Control& control, Message message) {
   control.Hovered.Connect([this, message] { ShowSettingsDetails(strings_[message]); });
 }
 
 void SettingsDialog::WireHover() {
-  const std::pair<Control&, std::size_t> rows[] = {{lblAutoJoin, 83},
-                                                   {lblUImode, 314},
-                                                   {cmbUImode, 314},
-                                                   {chkKeys, 200},
-                                                   {chkStretch, 312},
-                                                   {lblVSFilter, 421},
-                                                   {optVSDisable, 423},
-                                                   {optVSHide, 425},
-                                                   {cmdVSFilter, 427},
-                                                   {imgVSHelp, 428},
-                                                   {chkFollow, 253},
-                                                   {chkClassic, kClassicDetails},
-                                                   {chkRulesOnLoad, kRulesOnLoadDetails},
-                                                   {cmdOK, 251},
-                                                   {cmdReset, 250},
-                                                   // These two are crossed.
-                                                   {optOpaque, 256},
-                                                   {optShadow, 255}};
+  const std::pair<Control&, Message> rows[] = {{lblAutoJoin, Message::ImmediateChangeHint},
+                                               {lblUImode, Message::PlayerControlsHint},
+                                               {cmbUImode, Message::PlayerControlsHint},
+                                               {chkKeys, Message::EnableShortcutsHint},
+                                               {chkStretch, Message::AutofitVideoHint},
+                                               {lblVSFilter, Message::VsFilterFound},
+                                               {optVSDisable, Message::VsFilterDisableHint},
+                                               {optVSHide, Message::VsFilterHideHint},
+                                               {cmdVSFilter, Message::VsFilterConfigureHint},
+                                               {imgVSHelp, Message::VsFilterHint},
+                                               {chkFollow, Message::FollowSubtitlesHint},
+                                               {chkClassic, Message::ClassicMannerHint},
+                                               {chkRulesOnLoad, Message::RulesOnLoadHint},
+                                               {cmdOK, Message::SaveSettingsHint},
+                                               {cmdReset, Message::ResetSectionHint},
+                                               // These two are crossed.
+                                               {optOpaque, Message::PreviewShadowHint},
+                                               {optShadow, Message::OpaqueBoxHint}};
   for (const auto& [control, message] : rows) Tells(control, message);
-  for (Label& label : lblDuration) Tells(label, 209);
-  for (Label& label : lblTolerance) Tells(label, 210);
-  lblShort.Hovered.Connect([this] { ShowSettingsDetails(Fill(strings_[204], kShortLength)); });
-  lblMedium.Hovered.Connect([this] { ShowSettingsDetails(Fill(strings_[205], kMediumLength)); });
-  lblLong.Hovered.Connect([this] { ShowSettingsDetails(Fill(strings_[206], kMediumLength)); });
-  fraCharset.Hovered.Connect([this] { ShowSettingsDetails(Paragraphs(strings_[78], strings_[79])); });
+  for (Label& label : lblDuration) Tells(label, Message::DurationPerCharacterHint);
+  for (Label& label : lblTolerance) Tells(label, Message::ToleranceHint);
+  lblShort.Hovered.Connect([this] { ShowSettingsDetails(Fill(strings_[Message::ShortCaptionsHint], kShortLength)); });
+  lblMedium.Hovered.Connect(
+      [this] { ShowSettingsDetails(Fill(strings_[Message::MediumCaptionsHint], kMediumLength)); });
+  lblLong.Hovered.Connect([this] { ShowSettingsDetails(Fill(strings_[Message::LongCaptionsHint], kMediumLength)); });
+  fraCharset.Hovered.Connect([this] {
+    ShowSettingsDetails(Paragraphs(strings_[Message::EncodingHint], strings_[Message::ReloadAfterCharset]));
+  });
   lblComplete.Hovered.Connect([this] { ShowSettingsDetails(parts_.languages.CompletionHint(percent_)); });
 }
 
 std::vector<Text> SettingsDialog::DetailTexts() const {
-  std::vector<Text> texts = {Paragraphs(strings_[83], strings_[248]), Paragraphs(strings_[78], strings_[79]),
+  std::vector<Text> texts = {Paragraphs(strings_[Message::ImmediateChangeHint], strings_[Message::RuleNotInReport]),
+                             Paragraphs(strings_[Message::EncodingHint], strings_[Message::ReloadAfterCharset]),
                              parts_.languages.CompletionHint(percent_)};
-  for (const std::size_t message : {192, 122, 310, 194, 191, 222, 273, 197, 199, 430, 209, 210, 204, 205,  206,
-                                    200, 312, 314, 421, 423, 425, 427, 428, 253, 251, 250, 255, 256, 1001, 1037}) {
+  for (const Message message : {Message::RulesPageHint,
+                                Message::KeyboardShortcutsHint,
+                                Message::PlayerPageHint,
+                                Message::PreviewPageHint,
+                                Message::LanguagePageHint,
+                                Message::SampleDuringPlayback,
+                                Message::AutosplitLinesHint,
+                                Message::AvoidCollisionHint,
+                                Message::AutomaticLimitHint,
+                                Message::RemoveCreditsHint,
+                                Message::DurationPerCharacterHint,
+                                Message::ToleranceHint,
+                                Message::ShortCaptionsHint,
+                                Message::MediumCaptionsHint,
+                                Message::LongCaptionsHint,
+                                Message::EnableShortcutsHint,
+                                Message::AutofitVideoHint,
+                                Message::PlayerControlsHint,
+                                Message::VsFilterFound,
+                                Message::VsFilterDisableHint,
+                                Message::VsFilterHideHint,
+                                Message::VsFilterConfigureHint,
+                                Message::VsFilterHint,
+                                Message::FollowSubtitlesHint,
+                                Message::SaveSettingsHint,
+                                Message::ResetSectionHint,
+                                Message::OpaqueBoxHint,
+                                Message::PreviewShadowHint,
+                                Message::ClassicMannerHint,
+                                Message::RulesOnLoadHint}) {
     texts.push_back(strings_[message]);
   }
   return texts;
@@ -107,11 +141,11 @@ std::array<SettingsDialog::Panel, 3> SettingsDialog::Panels() {
 
 void SettingsDialog::WirePanels() {
   chkAutoSplit.Hovered.Connect([this] {
-    ShowSettingsDetails(strings_[273]);
+    ShowSettingsDetails(strings_[Message::AutosplitLinesHint]);
     ClosePanels();
   });
   chkCollision.Hovered.Connect([this] {
-    ShowSettingsDetails(strings_[197]);
+    ShowSettingsDetails(strings_[Message::AvoidCollisionHint]);
     ClosePanels();
   });
   // The focus comes here by the keyboard without crossing the page.
@@ -119,9 +153,10 @@ void SettingsDialog::WirePanels() {
     ShowSettingsDetails(strings_[kOverPage[0]]);
     ClosePanels();
   });
-  const std::array<std::function<Text()>, 3> texts = {[this] { return Paragraphs(strings_[83], strings_[248]); },
-                                                      [this] { return strings_[199]; },
-                                                      [this] { return strings_[430]; }};
+  const std::array<std::function<Text()>, 3> texts = {
+      [this] { return Paragraphs(strings_[Message::ImmediateChangeHint], strings_[Message::RuleNotInReport]); },
+      [this] { return strings_[Message::AutomaticLimitHint]; },
+      [this] { return strings_[Message::RemoveCreditsHint]; }};
   const std::array<Panel, 3> panels = Panels();
   for (std::size_t i = 0; i < panels.size(); ++i) {
     const auto rest = [this, i, text = texts[i]] {

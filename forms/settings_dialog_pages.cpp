@@ -130,7 +130,7 @@ void SettingsDialog::TakeHotkey(std::size_t index, KeyEvent& key) {
                               ? static_cast<char16_t>(key.character - u'a' + u'A')
                               : key.character;
   if (!IsUpperLetter(letter)) {
-    parts_.ports.messages.Show({strings_[133], BoxIcon::Information});
+    parts_.ports.messages.Show({strings_[Message::KeyFromAToZ], BoxIcon::Information});
     return;
   }
   txtHotkey[index].SetText(Text(1, letter));

@@ -154,14 +154,17 @@ void Shell::RefreshFileLabels() {
   const bool document = document_.HasDocument();
   const bool video = document_.HasVideo();
   if (!document && !video) {
-    window_.lblTextFile.SetText(strings_[22]);
-    window_.lblVideoFile.SetText(strings_[23]);
+    window_.lblTextFile.SetText(strings_[Message::WelcomeToProgram]);
+    window_.lblVideoFile.SetText(strings_[Message::UseTheFileMenu]);
     return;
   }
-  window_.lblTextFile.SetText(!document              ? strings_[24]
-                              : !document_.HasFile() ? strings_[12]
-                                                     : strings_[48] + FileNameOf(document_.SubtitlePath));
-  window_.lblVideoFile.SetText(video ? strings_[49] + InItsOrder(strings_[49], document_.VideoPath) : strings_[25]);
+  window_.lblTextFile.SetText(!document ? strings_[Message::NoTextFileLoaded]
+                              : !document_.HasFile()
+                                  ? strings_[Message::EditCaptionItem]
+                                  : strings_[Message::CurrentSubtitleFile] + FileNameOf(document_.SubtitlePath));
+  window_.lblVideoFile.SetText(video ? strings_[Message::CurrentVideoFile] +
+                                           InItsOrder(strings_[Message::CurrentVideoFile], document_.VideoPath)
+                                     : strings_[Message::NoVideoFileLoaded]);
 }
 
 void Shell::UpdateBars() {
@@ -184,85 +187,85 @@ void Shell::ApplyColumns(int paneWidth, int scrollBarWidth) {
 void Shell::ApplyMenuTexts() {
   struct Labelled {
     Control& control;
-    std::size_t message;
+    Message message;
   };
   MainWindow& w = window_;
-  const Labelled rows[] = {{w.mnuFile, 0},
-                           {w.mnuNew, 17},
-                           {w.mnuNewClip, 18},
-                           {w.mnuOpenText, 59},
-                           {w.mnuOpenVideo, 60},
-                           {w.mnuOpenWav, 61},
-                           {w.mnuClose, 64},
-                           {w.mnuSave, 44},
-                           {w.mnuSaveAs, 45},
-                           {w.mnuEmbed, 362},
-                           {w.mnuExit, 65},
-                           {w.mnuRecent, 900},
-                           {w.mnuClearRecent, 901},
-                           {w.mnuEdit, 1},
-                           {w.mnuAdd, 9},
-                           {w.mnuAddBelow, 10},
-                           {w.mnuAddBottom, 11},
-                           {w.mnuEditSelected, 12},
-                           {w.mnuRemove, 13},
-                           {w.mnuFind, 138},
-                           {w.mnuReplace, 432},
-                           {w.mnuGoTo, 246},
-                           {w.mnuCountUntimed, 134},
-                           {w.mnuNextUntimed, 135},
-                           {w.mnuAppend, 72},
-                           {w.mnuDelay, 170},
-                           {w.mnuReset, 14},
-                           {w.mnuFormat, 2},
-                           {w.mnuFont, 153},
-                           {w.mnuBold, 154},
-                           {w.mnuItalic, 155},
-                           {w.mnuUnderline, 156},
-                           {w.mnuConvert, 284},
-                           {w.mnuView, 3},
-                           {w.mnuInfoBar, 355},
-                           {w.mnuAudioBar, 356},
-                           {w.mnuAudioBarColor, 357},
-                           {w.mnuFullWave, 358},
-                           {w.mnuTools, 4},
-                           {w.mnuSpell, 259},
-                           {w.mnuRules, 31},
-                           {w.mnuAudioExtract, 437},
-                           {w.mnuReport, 184},
-                           {w.mnuSettings, 5},
-                           {w.mnuFormatSettings, 325},
-                           {w.mnuLineSeparator, 162},
-                           {w.mnuGSettings, 193},
-                           {w.mnuHelp, 6},
-                           {w.mnuHelpTopics, 159},
-                           {w.mnuLinks, 269},
-                           {w.mnuTessaly, 120},
-                           {w.mnuForums, 130},
-                           {w.mnuPermanentSubs, 270},
-                           {w.mnuMediaPlayer, 131},
-                           {w.mnuSuggest, 132},
-                           {w.mnuUpdate, 288},
-                           {w.mnuWebsite, 19},
-                           {w.mnuAbout, 20},
-                           {w.rmnuBold, 154},
-                           {w.rmnuItalic, 155},
-                           {w.rmnuUnderline, 156},
-                           {w.rmnuEdit, 12},
-                           {w.rmnuRemove, 13},
-                           {w.cmdNext, 41},
-                           {w.cmdEnd, 42},
-                           {w.cmdCancel, 67},
-                           {w.lblPosition, 149},
-                           {w.lblShow, 318},
-                           {w.lblDuration, 320},
-                           {w.lblMainMode, 32},
-                           {w.lblWaveTip, 30},
-                           {w.mnuFilmSound, 972},
-                           {w.mnuEmptySounds, 973},
-                           {w.cmdStopSound, 976},
-                           {w.optManual, 34},
-                           {w.optPreview, 35}};
+  const Labelled rows[] = {{w.mnuFile, Message::MenuFile},
+                           {w.mnuNew, Message::NewSubtitle},
+                           {w.mnuNewClip, Message::NewFromClipboard},
+                           {w.mnuOpenText, Message::OpenText},
+                           {w.mnuOpenVideo, Message::OpenVideo},
+                           {w.mnuOpenWav, Message::OpenAudio},
+                           {w.mnuClose, Message::CloseAll},
+                           {w.mnuSave, Message::Save},
+                           {w.mnuSaveAs, Message::SaveAs},
+                           {w.mnuEmbed, Message::EmbedSubtitles},
+                           {w.mnuExit, Message::Exit},
+                           {w.mnuRecent, Message::OpenRecent},
+                           {w.mnuClearRecent, Message::ClearList},
+                           {w.mnuEdit, Message::MenuEdit},
+                           {w.mnuAdd, Message::AddCaption},
+                           {w.mnuAddBelow, Message::BelowCurrent},
+                           {w.mnuAddBottom, Message::AtTheBottom},
+                           {w.mnuEditSelected, Message::EditCaptionItem},
+                           {w.mnuRemove, Message::RemoveCaption},
+                           {w.mnuFind, Message::Find},
+                           {w.mnuReplace, Message::Replace},
+                           {w.mnuGoTo, Message::GoToLine},
+                           {w.mnuCountUntimed, Message::CountNonTimed},
+                           {w.mnuNextUntimed, Message::SelectNextNonTimed},
+                           {w.mnuAppend, Message::AppendSubtitle},
+                           {w.mnuDelay, Message::SetDelay},
+                           {w.mnuReset, Message::RemoveAllTiming},
+                           {w.mnuFormat, Message::MenuFormat},
+                           {w.mnuFont, Message::ListFontItem},
+                           {w.mnuBold, Message::Bold},
+                           {w.mnuItalic, Message::Italic},
+                           {w.mnuUnderline, Message::Underline},
+                           {w.mnuConvert, Message::ConvertFrom},
+                           {w.mnuView, Message::MenuView},
+                           {w.mnuInfoBar, Message::InfoBar},
+                           {w.mnuAudioBar, Message::AudioBar},
+                           {w.mnuAudioBarColor, Message::AudioBarColor},
+                           {w.mnuFullWave, Message::FullHeightWave},
+                           {w.mnuTools, Message::MenuTools},
+                           {w.mnuSpell, Message::SpellCheck},
+                           {w.mnuRules, Message::ApplyCurrentRules},
+                           {w.mnuAudioExtract, Message::ExtractionWizard},
+                           {w.mnuReport, Message::ViewReport},
+                           {w.mnuSettings, Message::MenuSettings},
+                           {w.mnuFormatSettings, Message::FormatSettings},
+                           {w.mnuLineSeparator, Message::LineSeparator},
+                           {w.mnuGSettings, Message::GeneralSettings},
+                           {w.mnuHelp, Message::MenuHelp},
+                           {w.mnuHelpTopics, Message::HelpTopics},
+                           {w.mnuLinks, Message::WebLinks},
+                           {w.mnuTessaly, Message::StartPageItem},
+                           {w.mnuForums, Message::ForumsItem},
+                           {w.mnuPermanentSubs, Message::SubtitlesGuide},
+                           {w.mnuMediaPlayer, Message::DownloadPlayer},
+                           {w.mnuSuggest, Message::SuggestFeature},
+                           {w.mnuUpdate, Message::CheckForUpdates},
+                           {w.mnuWebsite, Message::WebsiteItem},
+                           {w.mnuAbout, Message::AboutProgram},
+                           {w.rmnuBold, Message::Bold},
+                           {w.rmnuItalic, Message::Italic},
+                           {w.rmnuUnderline, Message::Underline},
+                           {w.rmnuEdit, Message::EditCaptionItem},
+                           {w.rmnuRemove, Message::RemoveCaption},
+                           {w.cmdNext, Message::Next},
+                           {w.cmdEnd, Message::End},
+                           {w.cmdCancel, Message::Cancel},
+                           {w.lblPosition, Message::CurrentPosition},
+                           {w.lblShow, Message::ShowTime},
+                           {w.lblDuration, Message::DurationTime},
+                           {w.lblMainMode, Message::CaptioningMode},
+                           {w.lblWaveTip, Message::RightClickToDrag},
+                           {w.mnuFilmSound, Message::FilmSoundItem},
+                           {w.mnuEmptySounds, Message::EmptySoundStore},
+                           {w.cmdStopSound, Message::StopReading},
+                           {w.optManual, Message::ManualMode},
+                           {w.optPreview, Message::PreviewMode}};
   for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
 }
 
@@ -283,9 +286,9 @@ void Shell::ApplyTexts(bool rightToLeft) {
   ApplyMenuTexts();
   commands_.ShowSeparator();
   capture_.ShowModeTexts();
-  for (TextBox& box : window_.txtTime) box.SetToolTip(strings_[415]);
-  window_.lblTime.SetToolTip(strings_[104]);
-  if (!grid_.Active()) grid_.ShowNotice(strings_[24]);
+  for (TextBox& box : window_.txtTime) box.SetToolTip(strings_[Message::PressEnterToUpdate]);
+  window_.lblTime.SetToolTip(strings_[Message::PositionInMilliseconds]);
+  if (!grid_.Active()) grid_.ShowNotice(strings_[Message::NoTextFileLoaded]);
 }
 
 void Shell::ApplyDirection(bool rightToLeft) {

@@ -71,8 +71,8 @@ bool SpellCheck::CheckBlocks() {
     }
     const Text checked = word.MsSpellCheck(SpellingText(captions));
     if (word.SpellFailed()) return false;
-    parts_.window.lblTextFile.SetText(parts_.strings[117] + u"... (" + Decimal(SpellDone) + u"/" + Decimal(last) +
-                                      u")");
+    parts_.window.lblTextFile.SetText(parts_.strings[Message::PleaseWait] + u"... (" + Decimal(SpellDone) + u"/" +
+                                      Decimal(last) + u")");
     // Nothing may come between what was sent and what is stored: the window is painted, and no more.
     parts_.ports.events.YieldToPainting();
     StoreBlock(SpellFirst, captions, checked);
@@ -95,9 +95,9 @@ void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const 
 }
 
 void SpellCheck::TellEnd() {
-  Text text = parts_.strings[260] + u" ";
-  if (SpellChanged > 0) text += Fill(parts_.strings[261], Decimal(SpellChanged));
-  parts_.ports.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, parts_.strings[259]});
+  Text text = parts_.strings[Message::SpellCheckCompleted] + u" ";
+  if (SpellChanged > 0) text += Fill(parts_.strings[Message::LinesModified], Decimal(SpellChanged));
+  parts_.ports.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
 }
 
 int SpellCheck::PreferredDictionary() const {
@@ -138,7 +138,8 @@ void SpellCheck::Prepare() {
 bool SpellCheck::UseLanguage(int index, SpellSession& session) {
   CarryOn step;
   if (!step([&] { OpenDictionary(index); })) {
-    parts_.ports.messages.Show({step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[259]});
+    parts_.ports.messages.Show(
+        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
     return false;
   }
   session.Use(opened_.at(index).lookup);
@@ -152,7 +153,8 @@ bool SpellCheck::ChangeWords(const std::function<void(UserWords&)>& change) {
   const bool done = step([&] { change(opened.userWords); });
   opened.lookup.Forget();
   if (!done) {
-    parts_.ports.messages.Show({step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[259]});
+    parts_.ports.messages.Show(
+        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
   }
   return done;
 }

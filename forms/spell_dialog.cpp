@@ -5,12 +5,6 @@
 #include "forms/access_keys.h"
 
 namespace cuewright {
-namespace {
-
-constexpr std::size_t kCancel = 67;
-constexpr std::size_t kClose = 143;
-
-}  // namespace
 
 SpellDialog::SpellDialog(const LangStrings& strings, Desktop& desktop)
     : Dialog("frmSpell"), strings_(strings), desktop_(desktop) {
@@ -48,24 +42,28 @@ void SpellDialog::Open(Task task) {
 }
 
 void SpellDialog::ApplyLanguage() {
-  SetTitle(strings_[259]);
+  SetTitle(strings_[Message::SpellCheck]);
   SetRightToLeft(task_->rightToLeft);
-  lblNotFound.SetText(strings_[922]);
-  lblReplace.SetText(strings_[434]);
-  lblSuggestions.SetText(strings_[923]);
-  lblLanguage.SetText(strings_[347]);
-  txtCaption.SetSpokenName(strings_[908]);
-  txtReplace.SetSpokenName(strings_[434]);
-  lstSuggestions.SetSpokenName(strings_[923]);
-  cboLanguage.SetSpokenName(strings_[347]);
+  lblNotFound.SetText(strings_[Message::NotInDictionary]);
+  lblReplace.SetText(strings_[Message::ReplaceWith]);
+  lblSuggestions.SetText(strings_[Message::Suggestions]);
+  lblLanguage.SetText(strings_[Message::DvdLanguage]);
+  txtCaption.SetSpokenName(strings_[Message::SpokenCaptionText]);
+  txtReplace.SetSpokenName(strings_[Message::ReplaceWith]);
+  lstSuggestions.SetSpokenName(strings_[Message::Suggestions]);
+  cboLanguage.SetSpokenName(strings_[Message::DvdLanguage]);
 }
 
 void SpellDialog::NameButtons() {
   // What was changed stays when the dialog closes.
-  const std::size_t close = task_->session.Changed() ? kClose : kCancel;
-  const std::pair<Button*, std::size_t> buttons[] = {{&cmdCancel, close},   {&cmdIgnore, 70},     {&cmdReplace, 432},
-                                                     {&cmdReplaceAll, 433}, {&cmdIgnoreAll, 924}, {&cmdAdd, 925},
-                                                     {&cmdUndo, 940}};
+  const Message close = task_->session.Changed() ? Message::Close : Message::Cancel;
+  const std::pair<Button*, Message> buttons[] = {{&cmdCancel, close},
+                                                 {&cmdIgnore, Message::Ignore},
+                                                 {&cmdReplace, Message::Replace},
+                                                 {&cmdReplaceAll, Message::ReplaceAll},
+                                                 {&cmdIgnoreAll, Message::IgnoreAll},
+                                                 {&cmdAdd, Message::AddToDictionary},
+                                                 {&cmdUndo, Message::Undo}};
   AccessKeys keys;
   for (const auto& [button, message] : buttons) button->SetText(keys.Give(strings_[message]));
 }
@@ -83,7 +81,7 @@ void SpellDialog::Advance() {
 
 void SpellDialog::Show() {
   const SpellSession::Shown shown = task_->session.Caption();
-  lblLine.SetText(strings_[263] + Decimal(task_->firstLine + shown.caption - 1));
+  lblLine.SetText(strings_[Message::LineHeading] + Decimal(task_->firstLine + shown.caption - 1));
   txtCaption.SetText(shown.text);
   txtCaption.Select(static_cast<int>(shown.word.start), static_cast<int>(shown.word.length));
   const Text word(task_->session.Word());
@@ -104,7 +102,7 @@ void SpellDialog::Show() {
 }
 
 void SpellDialog::ShowNothingLeft() {
-  lblLine.SetText(strings_[260]);
+  lblLine.SetText(strings_[Message::SpellCheckCompleted]);
   txtCaption.SetText({});
   lblWord.SetText({});
   txtReplace.SetText({});

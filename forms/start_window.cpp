@@ -8,15 +8,15 @@ namespace cuewright {
 StartWindow::StartWindow() : Form("frmStart") {}
 
 void StartWindow::ShowMissing(const LangStrings& strings, TextView file, bool rightToLeft) {
-  SetTitle(strings[146]);
+  SetTitle(strings[Message::Warning]);
   SetRightToLeft(rightToLeft);
-  lblMain.SetText(strings[147]);
-  lblInfo.SetText(strings[148]);
+  lblMain.SetText(strings[Message::RequiredFileMissing]);
+  lblInfo.SetText(strings[Message::PlayerNotFound]);
   lblFile.SetText(ToLower(file));
-  lblMediaplayer.SetText(strings[131]);
-  lblWebsite.SetText(strings[19]);
-  cmdIgnore.SetText(strings[70]);
-  cmdExit.SetText(strings[5]);
+  lblMediaplayer.SetText(strings[Message::DownloadPlayer]);
+  lblWebsite.SetText(strings[Message::WebsiteItem]);
+  cmdIgnore.SetText(strings[Message::Ignore]);
+  cmdExit.SetText(strings[Message::MenuSettings]);
   for (Label* label : {&lblMain, &lblInfo, &lblFile, &lblMediaplayer, &lblWebsite}) {
     label->SetRightToLeft(rightToLeft);
   }

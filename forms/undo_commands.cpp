@@ -4,53 +4,53 @@ namespace cuewright {
 namespace {
 
 /// The text that names a command.
-std::size_t MessageOf(EditKind kind) {
+Message MessageOf(EditKind kind) {
   switch (kind) {
     case EditKind::Capture:
-      return 944;
+      return Message::EditNameTiming;
     case EditKind::Typing:
-      return 945;
+      return Message::EditNameTyping;
     case EditKind::SetTimes:
-      return 946;
+      return Message::EditNameTimes;
     case EditKind::Insert:
-      return 54;
+      return Message::InsertNewCaption;
     case EditKind::Remove:
-      return 13;
+      return Message::RemoveCaption;
     case EditKind::EditText:
-      return 57;
+      return Message::EditCaption;
     case EditKind::Bold:
-      return 154;
+      return Message::Bold;
     case EditKind::Italic:
-      return 155;
+      return Message::Italic;
     case EditKind::Underline:
-      return 156;
+      return Message::Underline;
     case EditKind::Separator:
-      return 162;
+      return Message::LineSeparator;
     case EditKind::Convert:
-      return 284;
+      return Message::ConvertFrom;
     case EditKind::Append:
-      return 72;
+      return Message::AppendSubtitle;
     case EditKind::FromClipboard:
-      return 18;
+      return Message::NewFromClipboard;
     case EditKind::Rules:
-      return 31;
+      return Message::ApplyCurrentRules;
     case EditKind::Delay:
-      return 170;
+      return Message::SetDelay;
     case EditKind::ResetTiming:
-      return 14;
+      return Message::RemoveAllTiming;
     case EditKind::Replace:
-      return 432;
+      return Message::Replace;
     case EditKind::ReplaceAll:
-      return 433;
+      return Message::ReplaceAll;
     case EditKind::Drag:
-      return 948;
+      return Message::EditNameEdge;
     case EditKind::Spelling:
-      return 259;
+      return Message::SpellCheck;
     case EditKind::Change:
     case EditKind::TakeBack:
       break;
   }
-  return 947;
+  return Message::EditNameOther;
 }
 
 }  // namespace
@@ -85,12 +85,12 @@ void UndoCommands::Redo() {
 }
 
 void UndoCommands::ShowItems() {
-  const auto show = [&](MenuItem& item, std::optional<EditKind> kind, std::size_t plain, std::size_t named) {
+  const auto show = [&](MenuItem& item, std::optional<EditKind> kind, Message plain, Message named) {
     item.SetText(kind ? Fill(strings_[named], EditName(*kind, strings_)) : strings_[plain]);
     item.SetEnabled(kind.has_value() && list_.Enabled());
   };
-  show(window_.mnuUndo, history_.UndoKind(), 940, 942);
-  show(window_.mnuRedo, history_.RedoKind(), 941, 943);
+  show(window_.mnuUndo, history_.UndoKind(), Message::Undo, Message::UndoNamed);
+  show(window_.mnuRedo, history_.RedoKind(), Message::Redo, Message::RedoNamed);
 }
 
 }  // namespace cuewright

@@ -9,10 +9,6 @@ namespace cuewright {
 namespace {
 
 constexpr int kDelay = 1200;  // ms, so that each line can be read
-constexpr std::size_t kClose = 143;
-constexpr std::size_t kFailed = 293;
-constexpr std::size_t kClickOk = 297;
-constexpr std::size_t kNoSite = 921;
 constexpr std::size_t kLongestVersion = 24;
 
 /// A version as a heading and a link have room for it; the log has the whole of it.
@@ -41,14 +37,14 @@ UpdateDialog::UpdateDialog(UpdateParts parts)
 
 void UpdateDialog::Open() {
   ++openings_;
-  SetTitle(ReplaceAll(WithoutAccessKey(strings_[288]), u"...", {}));
+  SetTitle(ReplaceAll(WithoutAccessKey(strings_[Message::CheckForUpdates]), u"...", {}));
   SetRightToLeft(parts_.languages.IsRightToLeft());
-  lblStatus.SetText(strings_[305]);
+  lblStatus.SetText(strings_[Message::ProcessStatus]);
   txtStatus.SetText({});
-  txtStatus.SetSpokenName(WithoutAccessKey(strings_[305]));
+  txtStatus.SetSpokenName(WithoutAccessKey(strings_[Message::ProcessStatus]));
   lblWhatsNew.SetVisible(false);
   lblWhatsNew.SetEnabled(true);
-  cmdOK.SetText(strings_[66]);
+  cmdOK.SetText(strings_[Message::Ok]);
   cmdOK.SetEnabled(false);
   NoteOpened();
 }
@@ -84,7 +80,7 @@ bool UpdateDialog::Wait(const Run& run, int ms) {
 
 UpdateDialog::End UpdateDialog::Refuse(TextView line) {
   AddStatusLine(line);
-  cmdOK.SetText(strings_[kClose]);
+  cmdOK.SetText(strings_[Message::Close]);
   return End::Finished;
 }
 
@@ -92,28 +88,29 @@ UpdateDialog::End UpdateDialog::Check(Run& run) {
   const Text site = parts_.site();
   run.step([&] { DeleteFileWait(parts_.ports.files, parts_.ports.events, TempFile(), false); });
   FocusRequested(txtStatus);
-  AddStatusLine(strings_[290]);
+  AddStatusLine(strings_[Message::InitializingUpdate]);
   if (!Wait(run, kDelay)) return End::Gone;
   if (parts_.ports.files.Exists(TempFile())) {
-    for (const Text& line : {strings_[291], strings_[292], TempFile()}) AddStatusLine(line);
-    cmdOK.SetText(strings_[kClose]);
+    for (const Text& line : {strings_[Message::UpdateCheckFailed], strings_[Message::CouldNotDelete], TempFile()})
+      AddStatusLine(line);
+    cmdOK.SetText(strings_[Message::Close]);
     return End::Stopped;
   }
-  if (site.empty()) return Refuse(Fill(strings_[kNoSite], parts_.settingsFile));
+  if (site.empty()) return Refuse(Fill(strings_[Message::NoUpdateSite], parts_.settingsFile));
   Text localVersion;
   run.step([&] { localVersion = LocalVersionNumber(parts_.version); });
-  if (!CheckConnection()) return Refuse(strings_[298]);
+  if (!CheckConnection()) return Refuse(strings_[Message::NoInternet]);
   if (!DownloadUpdateList(run, UpdateListUrl(site, parts_.version), TempFile(), kDelay)) {
     return StillOpen(run) ? End::Finished : End::Gone;
   }
   run.step([&] { NormalizeUpdateFile(parts_.ports.files, TempFile()); });
   if (!Wait(run, kDelay)) return End::Gone;
-  AddStatusLine(strings_[302]);
+  AddStatusLine(strings_[Message::Done]);
   return Compare(run, localVersion);
 }
 
 bool UpdateDialog::DownloadUpdateList(const Run& run, const Text& url, const Text& file, int delay) {
-  AddStatusLine(strings_[299]);
+  AddStatusLine(strings_[Message::ConnectingToServer]);
   CarryOn step;
   const bool whole = step([&] {
     const std::string body = parts_.web.Get(url);
@@ -121,15 +118,15 @@ bool UpdateDialog::DownloadUpdateList(const Run& run, const Text& url, const Tex
   });
   if (!StillOpen(run)) return false;
   if (!whole) {
-    cmdOK.SetText(strings_[kClose]);
+    cmdOK.SetText(strings_[Message::Close]);
     cmdOK.SetEnabled(true);
-    AddStatusLine(strings_[kFailed]);
+    AddStatusLine(strings_[Message::UpdateFailed]);
     AddError(u"Error while checking for updates.", *step.Last());
     return false;
   }
-  AddStatusLine(strings_[300]);
+  AddStatusLine(strings_[Message::GettingUpdates]);
   if (!Wait(run, delay)) return false;
-  AddStatusLine(strings_[301]);
+  AddStatusLine(strings_[Message::ProcessingUpdates]);
   return true;
 }
 
@@ -138,9 +135,9 @@ UpdateDialog::End UpdateDialog::Compare(Run& run, const Text& localVersion) {
   run.step([&] { list = UpdateListText(parts_.ports.files.Read(TempFile(), kLongestUpdateList), parts_.encodings); });
   RemoteVersionText = GetUpdateValue(list, u"version");
   const Text remoteVersion = RemoteVersionNumber(RemoteVersionText);
-  if (remoteVersion == u"0") return Refuse(strings_[kFailed]);
+  if (remoteVersion == u"0") return Refuse(strings_[Message::UpdateFailed]);
   // As texts: 99 ranks above 100.
-  if (remoteVersion <= localVersion) return Refuse(strings_[294]);
+  if (remoteVersion <= localVersion) return Refuse(strings_[Message::NoUpdateNeeded]);
   Offer(run, list);
   return End::Finished;
 }
@@ -155,13 +152,13 @@ void UpdateDialog::Offer(Run& run, const Text& list) {
     if (releaseDate.empty()) releaseDate = PlainDate(*day);
   });
   const Text version = Shortened(RemoteVersionText);
-  AddStatusLine(Fill(strings_[295], RemoteVersionText));
-  AddStatusLine(Fill(strings_[296], releaseDate));
-  AddStatusLine(strings_[kClickOk]);
-  lblWhatsNew.SetText(Fill(strings_[289], version));
+  AddStatusLine(Fill(strings_[Message::NewVersionAvailable], RemoteVersionText));
+  AddStatusLine(Fill(strings_[Message::ReleasedOn], releaseDate));
+  AddStatusLine(strings_[Message::OkOpensDownloadPage]);
+  lblWhatsNew.SetText(Fill(strings_[Message::ViewWhatsNew], version));
   lblWhatsNew.SetVisible(true);
-  lblStatus.SetText(TrimBlanks(ReplaceAll(Fill(strings_[295], version), u"***", {})));
-  cmdOK.SetText(strings_[66]);
+  lblStatus.SetText(TrimBlanks(ReplaceAll(Fill(strings_[Message::NewVersionAvailable], version), u"***", {})));
+  cmdOK.SetText(strings_[Message::Ok]);
 }
 
 void UpdateDialog::ShowChanges() {
@@ -173,12 +170,12 @@ void UpdateDialog::ShowChanges() {
     const Text list = UpdateListText(parts_.ports.files.Read(TempFile(), kLongestUpdateList), parts_.encodings);
     const auto changes = ChangesOf(list);
     if (!changes) return;
-    Text log = Fill(strings_[304], RemoteVersionText);
+    Text log = Fill(strings_[Message::ChangesInVersion], RemoteVersionText);
     for (const Text& line : *changes) log += Text(kLineEnd) + line;
     AddStatusLine(log);
   });
   AddStatusLine({});
-  AddStatusLine(strings_[kClickOk]);
+  AddStatusLine(strings_[Message::OkOpensDownloadPage]);
 }
 
 void UpdateDialog::OnClose() {

@@ -6,7 +6,6 @@ namespace cuewright {
 namespace {
 
 constexpr TextView kRootPage = u"go.php?";
-constexpr std::size_t kNoRegionalPanel = 960;
 
 /// The text for a part of a URL: everything but letters, digits and "-._~" as the percent codes of its bytes.
 Text PercentEncoded(TextView text) {
@@ -53,7 +52,7 @@ void MailAuthor(Desktop& desktop, Messages& messages, TextView subject) {
 }
 
 void ShowRegionalSettings(Desktop& desktop, Messages& messages, const LangStrings& strings) {
-  if (!desktop.OpenRegionalSettings()) messages.Show({strings[kNoRegionalPanel], BoxIcon::Information});
+  if (!desktop.OpenRegionalSettings()) messages.Show({strings[Message::NoRegionalPanel], BoxIcon::Information});
 }
 
 }  // namespace cuewright

@@ -4,11 +4,6 @@
 #include "core/product.h"
 
 namespace cuewright {
-namespace {
-
-constexpr std::size_t kUntitled = 1082;
-
-}  // namespace
 
 WindowTitle::WindowTitle(MainWindow& window, const DocumentState& document, const AppOptions& options,
                          const LangStrings& strings)
@@ -17,7 +12,7 @@ WindowTitle::WindowTitle(MainWindow& window, const DocumentState& document, cons
 void WindowTitle::Show() {
   Text title = Text(kProductName) + u" " + VersionText();
   if (options_.manner.TitleNamesTheFile() && document_.HasDocument()) {
-    const Text name = document_.HasFile() ? FileNameOf(document_.SubtitlePath) : strings_[kUntitled];
+    const Text name = document_.HasFile() ? FileNameOf(document_.SubtitlePath) : strings_[Message::Untitled];
     title = name + (unsaved && unsaved() ? u"* - " : u" - ") + title;
   }
   if (title != window_.Title()) window_.SetTitle(title);

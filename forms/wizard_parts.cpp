@@ -29,21 +29,21 @@ void WizardTool::Store(TextView folder) {
 }
 
 Text WizardTool::AskFolder() {
-  Text folder = BrowseForFolder(p_.ports.pickers, p_.strings[401]);
+  Text folder = BrowseForFolder(p_.ports.pickers, p_.strings[Message::SelectVirtualDubFolder]);
   if (folder.size() <= 1) return {};
   if (FindVideoTool(p_.ports.files, folder).kind != VideoTool::Kind::None) return folder;
-  const MessageBox box{p_.strings[403], BoxIcon::Warning, BoxButtons::YesNo};
+  const MessageBox box{p_.strings[Message::VirtualDubNotFound], BoxIcon::Warning, BoxButtons::YesNo};
   if (p_.ports.messages.Show(box) == BoxAnswer::Yes) OpenDownload(u"14");
   return {};
 }
 
 bool WizardTool::Check(TextView folder) {
   if (folder.empty()) {
-    p_.ports.messages.Show({p_.strings[460], BoxIcon::Warning});
+    p_.ports.messages.Show({p_.strings[Message::SpecifyLocation], BoxIcon::Warning});
     return false;
   }
   if (Take(folder).kind != VideoTool::Kind::None) return true;
-  p_.ports.messages.Show({ReplaceFirst(p_.strings[461], u"%FN", tool_.path), BoxIcon::Error});
+  p_.ports.messages.Show({ReplaceFirst(p_.strings[Message::ProgramNotFound], u"%FN", tool_.path), BoxIcon::Error});
   return false;
 }
 

@@ -13,9 +13,6 @@
 
 namespace cuewright {
 
-/// "The film itself can't be replaced."
-inline constexpr std::size_t kFilmIsNoTarget = 1050;
-
 /// What the two wizards work on.
 struct WizardParts {
   DocumentState& document;

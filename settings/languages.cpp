@@ -130,18 +130,18 @@ std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
   for (std::size_t id = 0; id < kMessageCount; ++id) {
     const Text* own = catalogue_.Find(base + static_cast<int>(id));
     if (own != nullptr) {
-      strings_.Set(id, *own);
+      strings_.Set(NumberedMessage(id), *own);
       continue;
     }
     const Text& english = CatalogueString(static_cast<int>(id));
-    strings_.Set(id, english);
+    strings_.Set(NumberedMessage(id), english);
     lines.append(Decimal(base + static_cast<int>(id)) + u", \"" + english + u"\"").append(kLineEnd);
     ++missing;
   }
   for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
     const int number = static_cast<int>(id);
     const Text* own = catalogue_.Find(CatalogueNumber(options_.LanguageIndex, number));
-    strings_.Set(id, own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
+    strings_.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
   }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);
@@ -194,9 +194,11 @@ bool Languages::NeedsNotice() const {
 
 Languages::NoticeTexts Languages::Notice() const {
   const std::int32_t own = LocaleOfLanguage();
-  return {ToLanguageCodePage(strings_[146]),
-          ToLanguageCodePage(strings_[92]) + u" " + locale_.GetLocaleText(kUserLocale, kEnglishLanguageName),
-          ToLanguageCodePage(strings_[93]) + u" " + locale_.GetLocaleText(own, kEnglishLanguageName) + u" (" +
+  return {ToLanguageCodePage(strings_[Message::Warning]),
+          ToLanguageCodePage(strings_[Message::CurrentSystemLanguage]) + u" " +
+              locale_.GetLocaleText(kUserLocale, kEnglishLanguageName),
+          ToLanguageCodePage(strings_[Message::RequiredLanguage]) + u" " +
+              locale_.GetLocaleText(own, kEnglishLanguageName) + u" (" +
               locale_.GetLocaleText(own, kNativeLanguageName) + u")",
           GetCharsetOfLocale(own)};
 }

@@ -78,7 +78,7 @@ void LoadEnglish(const MessageCatalogue& catalogue, LangStrings& strings) {
   for (std::size_t id = 0; id < kEndOfTexts; ++id) {
     if (!IsTextNumber(id)) continue;
     const Text* row = catalogue.Find(CatalogueNumber(0, static_cast<int>(id)));
-    strings.Set(id, row == nullptr ? Text() : *row);
+    strings.Set(NumberedMessage(id), row == nullptr ? Text() : *row);
   }
 }
 

@@ -8,20 +8,21 @@ constexpr TextView kBetweenEntries = u"\r\n---\r\n";
 }  // namespace
 
 Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open) {
-  if (!open) return strings[249];
+  if (!open) return strings[Message::NoSubtitleLoaded];
   const int found = report.LinesSplit() + report.Collisions() + report.DurationsOutsideRange() + report.LinesRemoved();
-  return found > 0 ? strings[report.OnlyLooked() ? WouldBe(187) : 187] : strings[186];
+  return found > 0 ? strings[report.OnlyLooked() ? WouldBe(Message::ErrorsFound) : Message::ErrorsFound]
+                   : strings[Message::NoErrorsIdentified];
 }
 
 Text ReportTotals(const RuleReport& report) {
   Text text;
-  const auto line = [&](std::size_t message, int count) {
+  const auto line = [&](Message message, int count) {
     text.append(Fill(report.Word(message), Decimal(count))).append(kLineEnd);
   };
-  line(225, report.LinesSplit());
-  line(226, report.Collisions());
-  line(227, report.DurationsOutsideRange());
-  line(224, report.LinesRemoved());
+  line(Message::LinesSplit, report.LinesSplit());
+  line(Message::CaptionCollisions, report.Collisions());
+  line(Message::DurationsOutsideRange, report.DurationsOutsideRange());
+  line(Message::LinesRemoved, report.LinesRemoved());
   return text.append(kLineEnd);
 }
 
@@ -38,7 +39,7 @@ Text ReportText(const RuleReport& report, ReportForm form) {
 }
 
 Text ReportTotal(const RuleReport& report, const LangStrings& strings) {
-  return Fill(strings[188], Decimal(report.RuleEntryCount()));
+  return Fill(strings[Message::TotalErrors], Decimal(report.RuleEntryCount()));
 }
 
 }  // namespace cuewright

@@ -10,28 +10,41 @@ namespace {
 constexpr std::int32_t kLeastLoggedCollision = 50;
 
 /// What tells of a change that was made, and what tells of the same change when it would be made.
-constexpr std::pair<std::size_t, std::size_t> kWouldBe[] = {
-    {187, 1016}, {225, 1017}, {224, 1018}, {231, 1019}, {232, 1020}, {234, 1021}, {235, 1022}, {237, 1023},
-    {238, 1024}, {242, 1025}, {243, 1026}, {244, 1027}, {245, 1028}, {267, 1029}, {268, 1030}};
+constexpr std::pair<Message, Message> kWouldBe[] = {
+    {Message::ErrorsFound, Message::ErrorsWouldChange},
+    {Message::LinesSplit, Message::LinesWouldSplit},
+    {Message::LinesRemoved, Message::LinesWouldGo},
+    {Message::LineDeleted, Message::WouldDeleteLine},
+    {Message::CreditShort, Message::CreditWouldShort},
+    {Message::CaptionSplit, Message::WouldSplit},
+    {Message::MoreThanTwoLinesShort, Message::MoreThanTwoLinesWouldShort},
+    {Message::AppearTimeIncreased, Message::WouldIncreaseAppearTime},
+    {Message::CollisionShort, Message::CollisionWouldShort},
+    {Message::DurationIncreased, Message::WouldIncreaseDuration},
+    {Message::DurationIncreasedShort, Message::DurationWouldIncreaseShort},
+    {Message::DurationReduced, Message::WouldReduceDuration},
+    {Message::DurationReducedShort, Message::DurationWouldReduceShort},
+    {Message::DurationSet, Message::WouldSetDuration},
+    {Message::NegativeDurationShort, Message::NegativeDurationWouldShort}};
 
 /// The first and the last message that a report is made of.
-constexpr std::size_t kFirstWord = 186;
-constexpr std::size_t kLastWord = 268;
+constexpr Message kFirstWord = Message::NoErrorsIdentified;
+constexpr Message kLastWord = Message::NegativeDurationShort;
 
 }  // namespace
 
-std::size_t WouldBe(std::size_t message) {
+Message WouldBe(Message message) {
   for (const auto& [done, would] : kWouldBe) {
     if (done == message) return would;
   }
   return message;
 }
 
-const Text& RuleReport::Word(std::size_t message) const {
-  const std::size_t id = onlyLooked_ ? WouldBe(message) : message;
-  const auto at = words_.find(id);
+const Text& RuleReport::Word(Message message) const {
+  const Message shown = onlyLooked_ ? WouldBe(message) : message;
+  const auto at = words_.find(shown);
   // A log of nothing has no language.
-  return at == words_.end() || entries_.empty() ? strings_[id] : at->second;
+  return at == words_.end() || entries_.empty() ? strings_[shown] : at->second;
 }
 
 void RuleReport::AddRuleEntry(Row row, TextView text, RuleKind kind, std::int32_t value, bool applied) {
@@ -47,14 +60,22 @@ void RuleReport::ResetRuleReport() {
   linesSplit_ = collisions_ = durationsOutsideRange_ = linesRemoved_ = Checked16();
   onlyLooked_ = false;
   words_.clear();
-  for (std::size_t id = kFirstWord; id <= kLastWord; ++id) words_[id] = strings_[id];
+  for (auto id = static_cast<std::size_t>(kFirstWord); id <= static_cast<std::size_t>(kLastWord); ++id) {
+    words_[NumberedMessage(id)] = strings_[NumberedMessage(id)];
+  }
   for (const auto& [done, would] : kWouldBe) words_[would] = strings_[would];
 }
 
 Text RuleReport::Detailed(std::size_t at) const {
   const Entry& entry = entries_[at];
-  Text text = Fill(Word(228), Decimal(static_cast<int>(entry.kind))) + u" [" + Decimal(entry.row) + u"]";
-  text.append(kLineEnd).append(Word(229)).append(u"\"").append(entry.text).append(u"\"").append(kLineEnd);
+  Text text =
+      Fill(Word(Message::ErrorInCaption), Decimal(static_cast<int>(entry.kind))) + u" [" + Decimal(entry.row) + u"]";
+  text.append(kLineEnd)
+      .append(Word(Message::DetailText))
+      .append(u"\"")
+      .append(entry.text)
+      .append(u"\"")
+      .append(kLineEnd);
   return text.append(Describe(entry).detailed);
 }
 
@@ -63,32 +84,39 @@ Text RuleReport::OneLine(std::size_t at) const { return Describe(entries_[at]).o
 RuleReport::Texts RuleReport::Describe(const Entry& entry) const {
   const Text row = Decimal(entry.row);
   const Text ms = Decimal(entry.value);
-  const auto lines = [&](std::size_t finding, const Text& action) { return Word(finding) + Text(kLineEnd) + action; };
+  const auto lines = [&](Message finding, const Text& action) { return Word(finding) + Text(kLineEnd) + action; };
   switch (entry.kind) {
     case RuleKind::TooManyLines:
-      return {lines(233, Word(234)), Fill(Word(235), row)};
+      return {lines(Message::MoreThanTwoLines, Word(Message::CaptionSplit)),
+              Fill(Word(Message::MoreThanTwoLinesShort), row)};
     case RuleKind::Collision:
-      if (!entry.applied) return {lines(236, Word(239)), Fill(Word(240), row)};
-      return {lines(236, Fill(Word(237), ms)), Fill(Word(238), row, ms)};
+      if (!entry.applied)
+        return {lines(Message::CollidesWithPrevious, Word(Message::NoActionTaken)),
+                Fill(Word(Message::CollisionIgnoredShort), row)};
+      return {lines(Message::CollidesWithPrevious, Fill(Word(Message::AppearTimeIncreased), ms)),
+              Fill(Word(Message::CollisionShort), row, ms)};
     case RuleKind::DurationOutsideRange:
       return DescribeDuration(entry);
     case RuleKind::NegativeDuration:
-      return {lines(266, Fill(Word(267), ms)), Fill(Word(268), row, ms)};
+      return {lines(Message::NegativeDuration, Fill(Word(Message::DurationSet), ms)),
+              Fill(Word(Message::NegativeDurationShort), row, ms)};
     case RuleKind::Credit:
-      return {lines(230, Word(231)), Fill(Word(232), row)};
+      return {lines(Message::CreditFound, Word(Message::LineDeleted)), Fill(Word(Message::CreditShort), row)};
   }
   return {};
 }
 
 RuleReport::Texts RuleReport::DescribeDuration(const Entry& entry) const {
-  const Text finding = Word(241) + Text(kLineEnd);
-  if (!entry.applied) return {finding + Word(239), {}};
+  const Text finding = Word(Message::DurationOutsideRange) + Text(kLineEnd);
+  if (!entry.applied) return {finding + Word(Message::NoActionTaken), {}};
   const Text row = Decimal(entry.row);
   const Text ms = Decimal(entry.value);
-  if (entry.value >= 1) return {finding + Fill(Word(242), ms), Fill(Word(243), row, ms)};
+  if (entry.value >= 1)
+    return {finding + Fill(Word(Message::DurationIncreased), ms), Fill(Word(Message::DurationIncreasedShort), row, ms)};
   // The sentence tells how much went; the one-line text bears the value with its sign.
   const Text reduction = Decimal(std::llabs(static_cast<long long>(entry.value)));
-  return {finding + Fill(Word(244), reduction), Fill(Word(245), row, ms)};
+  return {finding + Fill(Word(Message::DurationReduced), reduction),
+          Fill(Word(Message::DurationReducedShort), row, ms)};
 }
 
 Checked16& RuleReport::Counter(RuleKind kind) {

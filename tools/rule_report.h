@@ -21,7 +21,7 @@ enum class RuleKind : std::uint8_t {
 };
 
 /// The message that says the same of a change that has not been made; the message itself where it holds for both.
-std::size_t WouldBe(std::size_t message);
+Message WouldBe(Message message);
 
 /// The log of the correction rules: a detailed and a one-line text for each entry, and a counter for each sort.
 class RuleReport {
@@ -41,7 +41,7 @@ class RuleReport {
   bool OnlyLooked() const { return onlyLooked_; }
 
   /// A message in the words of the report.
-  const Text& Word(std::size_t message) const;
+  const Text& Word(Message message) const;
 
   std::int32_t RuleEntryCount() const { return entryCount_; }
 
@@ -75,7 +75,7 @@ class RuleReport {
   Checked16& Counter(RuleKind kind);
 
   const LangStrings& strings_;
-  std::map<std::size_t, Text> words_;
+  std::map<Message, Text> words_;
   bool onlyLooked_ = false;
   std::int32_t entryCount_ = 0;
   std::vector<Entry> entries_;

@@ -69,7 +69,8 @@ void RulesEngine::ShowResult(bool quiet) {
     if (report_.RuleEntryCount() > 0) {
       host_.ShowReport();
     } else if (!quiet) {
-      messages_.Show({strings_[271], BoxIcon::Information, BoxButtons::Ok, strings_[31]});
+      messages_.Show({strings_[Message::AllLinesComply], BoxIcon::Information, BoxButtons::Ok,
+                      strings_[Message::ApplyCurrentRules]});
     }
   });
   if (step_.Last()) messages_.Show({Text(kFailed), BoxIcon::Warning});
@@ -85,7 +86,10 @@ void RulesEngine::CheckRow(Row& row) {
 
 void RulesEngine::ShowProgress(Row row) {
   step_([&] { host_.Yield(); });
-  step_([&] { host_.ShowProgress(strings_[118] + u" " + Decimal(row) + u", " + ToLower(strings_[117])); });
+  step_([&] {
+    host_.ShowProgress(strings_[Message::CheckingFromCaption] + u" " + Decimal(row) + u", " +
+                       ToLower(strings_[Message::PleaseWait]));
+  });
 }
 
 void RulesEngine::SplitLines(Row row) {

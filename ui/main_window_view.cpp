@@ -298,12 +298,27 @@ void MainWindowView::FitLeastWidth() {
 }
 
 void MainWindowView::ApplyNames() {
-  const std::pair<const char*, std::size_t> names[] = {
-      {"txtTime(0)", 906},  {"txtTime(1)", 907}, {"txtSub", 908},    {"grdSubs", 909},   {"picPLogo", 25},
-      {"imgSize", 917},     {"picStatus", 916},  {"picBottom", 919}, {"picWave", 914},   {"picLevel", 915},
-      {"sldWavScale", 970}, {"imgWavPos", 971},  {"WMP", 920},       {"cmdNotice", 905}, {"wmpTransport", 913},
-      {"wmpPlay", 126},     {"wmpPause", 127},   {"wmpStop", 128},   {"wmpMute", 912},   {"wmpSeek", 910},
-      {"wmpVolume", 911}};
+  const std::pair<const char*, Message> names[] = {{"txtTime(0)", Message::SpokenCaptionStart},
+                                                   {"txtTime(1)", Message::SpokenCaptionDuration},
+                                                   {"txtSub", Message::SpokenCaptionText},
+                                                   {"grdSubs", Message::SpokenCaptionList},
+                                                   {"picPLogo", Message::NoVideoFileLoaded},
+                                                   {"imgSize", Message::SpokenDivider},
+                                                   {"picStatus", Message::SpokenInfoBar},
+                                                   {"picBottom", Message::SpokenCaptioningPanel},
+                                                   {"picWave", Message::SpokenAudioBar},
+                                                   {"picLevel", Message::SpokenSoundLevel},
+                                                   {"sldWavScale", Message::WaveHeight},
+                                                   {"imgWavPos", Message::SpokenWavePosition},
+                                                   {"WMP", Message::SpokenFilm},
+                                                   {"cmdNotice", Message::CloseNotice},
+                                                   {"wmpTransport", Message::SpokenFilmControls},
+                                                   {"wmpPlay", Message::Play},
+                                                   {"wmpPause", Message::Pause},
+                                                   {"wmpStop", Message::Stop},
+                                                   {"wmpMute", Message::Mute},
+                                                   {"wmpSeek", Message::SpokenFilmPosition},
+                                                   {"wmpVolume", Message::Volume}};
   for (const auto& [name, text] : names) {
     auto* widget = findChild<QWidget*>(name);
     if (widget == nullptr) continue;

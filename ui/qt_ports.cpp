@@ -24,12 +24,12 @@ namespace cuewright {
 namespace {
 
 constexpr qint64 kYieldEveryMs = 16;
-constexpr std::size_t kOkText = 66;
-constexpr std::size_t kCancelText = 67;
 
 /// The buttons of a box and the messages on them.
-constexpr std::pair<QMessageBox::StandardButton, std::size_t> kBoxButtons[] = {
-    {QMessageBox::Ok, kOkText}, {QMessageBox::Cancel, kCancelText}, {QMessageBox::Yes, 68}, {QMessageBox::No, 69}};
+constexpr std::pair<QMessageBox::StandardButton, Message> kBoxButtons[] = {{QMessageBox::Ok, Message::Ok},
+                                                                           {QMessageBox::Cancel, Message::Cancel},
+                                                                           {QMessageBox::Yes, Message::Yes},
+                                                                           {QMessageBox::No, Message::No}};
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
@@ -155,9 +155,9 @@ Text QtMessages::Ask(const InputBox& box) {
   dialog.setWindowTitle(ToQt(box.title.empty() ? kProductName : TextView(box.title)));
   dialog.setLabelText(ToQt(box.prompt));
   dialog.setTextValue(ToQt(box.initial));
-  if (strings_ != nullptr && !(*strings_)[kOkText].empty()) dialog.setOkButtonText(ToQt((*strings_)[kOkText]));
-  if (strings_ != nullptr && !(*strings_)[kCancelText].empty()) {
-    dialog.setCancelButtonText(ToQt((*strings_)[kCancelText]));
+  if (strings_ != nullptr && !(*strings_)[Message::Ok].empty()) dialog.setOkButtonText(ToQt((*strings_)[Message::Ok]));
+  if (strings_ != nullptr && !(*strings_)[Message::Cancel].empty()) {
+    dialog.setCancelButtonText(ToQt((*strings_)[Message::Cancel]));
   }
   DropIcons(dialog);
   dialog.resize(420, dialog.sizeHint().height());

@@ -22,7 +22,8 @@ constexpr int kKeyM = 77;
 /// A document of four lines, a film that plays, and everything that captures.
 struct CaptureTest : ::testing::Test {
   CaptureTest() {
-    for (std::size_t id = 0; id < kMessageCount; ++id) strings.Set(id, u"m" + Decimal(static_cast<long long>(id)));
+    for (std::size_t id = 0; id < kMessageCount; ++id)
+      strings.Set(NumberedMessage(id), u"m" + Decimal(static_cast<long long>(id)));
     options.ApplyWhen = 0;
     document.SubtitlePath = u"/x/a.srt";
     document.VideoPath = u"/x/a.mkv";
@@ -635,8 +636,8 @@ TEST_F(Modes, SelectingOneEndsARunningCapture) {
   At(1900);
   window.optManual.Clicked();
   EXPECT_EQ(Times(1), "1000-1900");
-  EXPECT_EQ(window.cmdApply.GetText(), u"m40");
-  EXPECT_EQ(window.lblMode.GetText(), u"m37");
+  EXPECT_EQ(window.cmdApply.GetText(), strings[Message::Start]);
+  EXPECT_EQ(window.lblMode.GetText(), strings[Message::ManualModeHint]);
   EXPECT_TRUE(window.optManual.Value());
   EXPECT_FALSE(window.optPress.Value());
 }
@@ -646,7 +647,7 @@ TEST_F(Modes, PreviewDisablesButtonsAndTimeBoxesAndLeavingItEnablesTheBoxes) {
   EXPECT_FALSE(window.cmdApply.Enabled());
   EXPECT_FALSE(window.txtTime[0].Enabled());
   EXPECT_TRUE(window.tmrPreview.Enabled());
-  EXPECT_EQ(window.lblMode.GetText(), u"m38");
+  EXPECT_EQ(window.lblMode.GetText(), strings[Message::PreviewModeHint]);
   sub.ShowText(u"left over");
   capture.SelectMode(CaptionMode::PressAndHold);
   EXPECT_TRUE(window.txtTime[0].Enabled());

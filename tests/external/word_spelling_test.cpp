@@ -90,8 +90,8 @@ struct FakeWord final : WordAutomation {
 
 struct WordRoutes : ::testing::Test {
   WordRoutes() {
-    strings.Set(259, u"Spell check");
-    strings.Set(262, u"Spell check failed.");
+    strings.Set(Message::SpellCheck, u"Spell check");
+    strings.Set(Message::SpellCheckFailed, u"Spell check failed.");
   }
   FakeWord word;
   LangStrings strings;

@@ -136,7 +136,7 @@ TEST(Web, RegionalSettingsThatLackAreTold) {
   testing::FakeDesktop desktop;
   testing::FakeMessages boxes;
   LangStrings strings;
-  strings.Set(960, u"none");
+  strings.Set(Message::NoRegionalPanel, u"none");
   ShowRegionalSettings(desktop, boxes, strings);
   EXPECT_EQ(desktop.regionalSettings, 1);
   EXPECT_TRUE(boxes.shown.empty());

@@ -55,7 +55,7 @@ constexpr TaskLight kGreen = TaskLight::Green;
 
 TEST_F(AudioWizardEntry, NeedsAFilm) {
   Window().mnuAudioExtract.Click();
-  EXPECT_TRUE(Shows(438));
+  EXPECT_TRUE(Shows(Message::ExtractionNeedsVideo));
   EXPECT_EQ(LastTitle(), u"Audio Extraction Wizard");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
 }
@@ -63,7 +63,7 @@ TEST_F(AudioWizardEntry, NeedsAFilm) {
 TEST_F(AudioWizardEntry, NeedsAviOrMpeg) {
   OpenFiles("film.mkv");
   Window().mnuAudioExtract.Click();
-  EXPECT_TRUE(Shows(366));
+  EXPECT_TRUE(Shows(Message::EmbedNeedsAviOrMpeg));
   EXPECT_EQ(LastTitle(), u"Audio Extraction Wizard");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_FALSE(Audio().IsOpen());
@@ -93,12 +93,17 @@ TEST_F(AudioWizardPages, OpenWithTheDesignedValues) {
   EXPECT_TRUE(Audio().cmbSampleRate.Editable());
   EXPECT_EQ(Audio().PendingAudioFile(), u"");
   EXPECT_EQ(Lights(), (std::vector<TaskLight>{kGrey, kGrey, kGrey}));
-  const std::pair<const char*, std::size_t> texts[] = {
-      {"lblStep1", 440},  {"lblStep1b", 442},   {"lblStep2", 443},   {"lblSampleRate", 444}, {"lblStep2b", 445},
-      {"lblStep3", 446},  {"lblStep3b", 448},   {"lblStep4", 450},   {"lblStep4b", 452},     {"lblStep5", 453},
-      {"lblStep5b", 457}, {"lblTask(0)", 454},  {"lblTask(1)", 455}, {"lblTask(2)", 456},    {"chkClose", 468},
-      {"optWAV", 459},    {"optOriginal", 458}, {"chkAudioBar", 441}};
-  for (const auto& [name, message] : texts) EXPECT_EQ(Audio().Find(name)->GetText(), Message(message)) << name;
+  const std::pair<const char*, Message> texts[] = {
+      {"lblStep1", Message::SelectAudioFormat},     {"lblStep1b", Message::LoadNeedsWav},
+      {"lblStep2", Message::ChooseAudioSettings},   {"lblSampleRate", Message::SampleRate},
+      {"lblStep2b", Message::SampleRateNote},       {"lblStep3", Message::ExtractionNeedsVirtualDub},
+      {"lblStep3b", Message::DownloadPrograms},     {"lblStep4", Message::SelectAudioLocation},
+      {"lblStep4b", Message::NextStartsExtraction}, {"lblStep5", Message::TasksAreExecuted},
+      {"lblStep5b", Message::CloseToCancel},        {"lblTask(0)", Message::GeneratingScript},
+      {"lblTask(1)", Message::ExtractingStream},    {"lblTask(2)", Message::CheckingAudio},
+      {"chkClose", Message::CloseWhenDone},         {"optWAV", Message::WavUncompressed},
+      {"optOriginal", Message::KeepSourceFormat},   {"chkAudioBar", Message::LoadOnAudioBar}};
+  for (const auto& [name, message] : texts) EXPECT_EQ(Audio().Find(name)->GetText(), Says(message)) << name;
 }
 
 TEST_F(AudioWizardPages, TheFormatDecidesWhatFollows) {
@@ -127,10 +132,10 @@ TEST_F(AudioWizardPages, TheToolPageNeedsATool) {
   GoTo(2);
   Audio().txtVirtualdub.SetText(u"");
   Audio().cmdNext.Click();
-  EXPECT_TRUE(Shows(460));
+  EXPECT_TRUE(Shows(Message::SpecifyLocation));
   Audio().txtVirtualdub.SetText(u"/no/where/");
   Audio().cmdNext.Click();
-  EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Message(461), u"%FN", u"/no/where/VirtualDub.exe"));
+  EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Says(Message::ProgramNotFound), u"%FN", u"/no/where/VirtualDub.exe"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_EQ(Audio().AudioStep(), 2);
 }
@@ -142,7 +147,7 @@ TEST_F(AudioWizardPages, BrowsingAsksForNoFilter) {
   pickers.folders = {folder / "vd", folder / "vd"};
   boxes.answers = {BoxAnswer::Yes};
   Audio().cmdBrowseVD.Click();
-  EXPECT_TRUE(Shows(403));
+  EXPECT_TRUE(Shows(Message::VirtualDubNotFound));
   EXPECT_EQ(desktop.opened.back(), Text(kWebSite) + u"/en/downloads.php?cid=14");
   folder.Write("vd/virtualdub.exe", "x");
   Audio().cmdBrowseVD.Click();
@@ -186,7 +191,7 @@ TEST_F(AudioWizardPages, TheFilmItselfIsNoTarget) {
   boxes.answers = {BoxAnswer::Yes};
   Audio().cmdNext.Click();
   EXPECT_EQ(Audio().AudioStep(), 3);
-  EXPECT_TRUE(Shows(1050));
+  EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
   EXPECT_EQ(folder.Read("film.avi"), "film");
 }
 
@@ -197,7 +202,7 @@ TEST_F(AudioWizardPages, AConfirmedOverwriteKeepsTheOldFileForTheRunner) {
   GoTo(3);
   boxes.answers = {BoxAnswer::No};
   Audio().cmdNext.Click();
-  EXPECT_EQ(boxes.shown.back().text, Fill(Message(414), folder / "film.wav"));
+  EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "film.wav"));
   EXPECT_EQ(LastTitle(), u"Save as");
   EXPECT_EQ(Audio().AudioStep(), 3);
   EXPECT_TRUE(files.Exists(folder / "film.wav"));
@@ -257,7 +262,7 @@ TEST_F(AudioWizardScript, ForTheSourceFormatAsksForNothingAndHandsNothingOver) {
   GoTo(4);
   EXPECT_EQ(Lines(), (std::vector<Text>{u"VirtualDub.Open(\"" + (folder / "film.avi") + u"\",0,0);",
                                         u"VirtualDub.SaveWAV(\"" + (folder / "film.wav") + u"\");"}));
-  EXPECT_EQ(Audio().lblStep5.GetText(), Message(466));
+  EXPECT_EQ(Audio().lblStep5.GetText(), Says(Message::ExtractionComplete));
   EXPECT_EQ(Audio().PendingAudioFile(), u"");
 }
 
@@ -326,9 +331,9 @@ TEST_F(AudioWizardRun, GoesThroughItsTasksAndWaits) {
   EXPECT_EQ(run_->arguments, (std::vector<Text>{u"/s", folder / "run/aext.vcf", u"/x"}));
   EXPECT_EQ(run_->options.variables, (std::vector<std::pair<Text, Text>>{{u"VDRUN_MINIMISED", u"1"}}));
   EXPECT_TRUE(run_->options.outlives);
-  EXPECT_EQ(Audio().lblStep5.GetText(), Message(466));
+  EXPECT_EQ(Audio().lblStep5.GetText(), Says(Message::ExtractionComplete));
   EXPECT_TRUE(Audio().lblStep5.Bold());
-  EXPECT_EQ(Audio().lblStep5b.GetText(), Message(467) + u"\r\n\r\n" + (folder / "film.wav"));
+  EXPECT_EQ(Audio().lblStep5b.GetText(), Says(Message::ProcessCompleted) + u"\r\n\r\n" + (folder / "film.wav"));
   EXPECT_EQ(Audio().cmdNext.GetText(), u"Finish");
   EXPECT_FALSE(Audio().chkClose.Enabled());
   EXPECT_FALSE(Audio().cmdCancel.Enabled());
@@ -404,8 +409,8 @@ TEST_F(AudioWizardRun, AToolThatDoesNotStartIsToldOnThePage) {
   GoTo(4);
   EXPECT_TRUE(boxes.shown.empty());
   EXPECT_EQ(Lights(), (std::vector<TaskLight>{kRed, kYellow, kGrey}));
-  EXPECT_EQ(Audio().lblStep5.GetText(), Message(463));
-  EXPECT_EQ(Audio().lblStep5b.GetText(), Message(462) + u"\r\n" + (folder / "app/vdrun/vdrun"));
+  EXPECT_EQ(Audio().lblStep5.GetText(), Says(Message::ExtractionFailed));
+  EXPECT_EQ(Audio().lblStep5b.GetText(), Says(Message::StartFailed) + u"\r\n" + (folder / "app/vdrun/vdrun"));
   EXPECT_EQ(Audio().lblTask[0].Colour(), 192);
   EXPECT_FALSE(Audio().chkClose.Enabled());
   EXPECT_EQ(Audio().cmdNext.GetText(), u"Finish");
@@ -419,7 +424,7 @@ TEST_F(AudioWizardRun, AFileThatDoesNotComeIsToldOnThePage) {
   processes.onStart = [](FakeProcesses::Run& run) { run.status = 0; };
   GoTo(4);
   EXPECT_EQ(Lights(), (std::vector<TaskLight>{kGreen, kGreen, kRed}));
-  EXPECT_EQ(Audio().lblStep5b.GetText(), Message(464));
+  EXPECT_EQ(Audio().lblStep5b.GetText(), Says(Message::CouldNotExtract));
   EXPECT_EQ(Audio().lblTask[2].Colour(), 192);
   EXPECT_FALSE(Audio().lblTask[2].Bold());
   EXPECT_EQ(Audio().PendingAudioFile(), u"");

@@ -49,19 +49,22 @@ TEST_F(EmbedDocument, IsRefusedForEachReasonInItsOrder) {
   struct Case {
     const char16_t* subtitle;
     const char16_t* video;
-    std::size_t message;
+    Message message;
   };
   for (const Case& c :
-       {Case{u"", u"", 363}, Case{u"NEW", u"", 364}, Case{u"/a.srt", u"", 364}, Case{u"/a.ssa", u"", 365},
-        Case{u"/a.SSA", u"/a.mp3", 365}, Case{u"/a.ssa", u"/a.SND", 365}, Case{u"/a.ssa", u"/a.wav", 365},
-        Case{u"/a.ssa", u"/a.aif", 365}, Case{u"/a.ssa", u"/a.wma", 365}, Case{u"/a.ssa", u"/a.mkv", 366}}) {
+       {Case{u"", u"", Message::EmbedNeedsSubtitle}, Case{u"NEW", u"", Message::EmbedNeedsSsa},
+        Case{u"/a.srt", u"", Message::EmbedNeedsSsa}, Case{u"/a.ssa", u"", Message::EmbedNeedsVideo},
+        Case{u"/a.SSA", u"/a.mp3", Message::EmbedNeedsVideo}, Case{u"/a.ssa", u"/a.SND", Message::EmbedNeedsVideo},
+        Case{u"/a.ssa", u"/a.wav", Message::EmbedNeedsVideo}, Case{u"/a.ssa", u"/a.aif", Message::EmbedNeedsVideo},
+        Case{u"/a.ssa", u"/a.wma", Message::EmbedNeedsVideo},
+        Case{u"/a.ssa", u"/a.mkv", Message::EmbedNeedsAviOrMpeg}}) {
     program->document.SubtitlePath = c.subtitle;
     program->document.VideoPath = c.video;
     boxes.shown.clear();
     Window().mnuEmbed.Click();
     EXPECT_FALSE(Embed().IsOpen());
     ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].text, Message(c.message));
+    EXPECT_EQ(boxes.shown[0].text, Says(c.message));
     EXPECT_EQ(boxes.shown[0].icon, BoxIcon::Warning);
     EXPECT_EQ(boxes.shown[0].title, u"Embed Subtitles");
   }
@@ -70,7 +73,7 @@ TEST_F(EmbedDocument, IsRefusedForEachReasonInItsOrder) {
 TEST_F(EmbedDocument, ANameThatEndsInAuIsRefusedAsSound) {
   OpenFiles("film.au");
   Window().mnuEmbed.Click();
-  EXPECT_TRUE(Shows(365));
+  EXPECT_TRUE(Shows(Message::EmbedNeedsVideo));
 }
 
 TEST_F(EmbedDocument, ANameThatEndsInMpegPassesByItsLastThreeLetters) {
@@ -82,7 +85,7 @@ TEST_F(EmbedDocument, ADocumentWhoseFileIsNoSsaCannotPass) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   program->document.VideoPath = folder.Write("film.avi", "film");
   Window().mnuEmbed.Click();
-  EXPECT_TRUE(Shows(364));
+  EXPECT_TRUE(Shows(Message::EmbedNeedsSsa));
   EXPECT_FALSE(Embed().IsOpen());
 }
 
@@ -91,7 +94,7 @@ TEST_F(EmbedDocument, AFileThatIsGoneIsToldWithBothPaths) {
   files.Remove(program->document.VideoPath);
   Window().mnuEmbed.Click();
   EXPECT_EQ(boxes.shown.back().text,
-            (folder / "film.avi") + u"\r\n" + (folder / "text.ssa") + u"\r\n\r\n" + Message(406));
+            (folder / "film.avi") + u"\r\n" + (folder / "text.ssa") + u"\r\n\r\n" + Says(Message::EmbedFilesMissing));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
 }
 
@@ -131,7 +134,7 @@ TEST_F(EmbedPages, OpenWithTheDesignedValues) {
   EXPECT_EQ(Embed().cmdBack.GetText(), u"< Back");
   EXPECT_EQ(Embed().cmdNext.GetText(), u"Next >");
   EXPECT_FALSE(Embed().cmdBack.Enabled());
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(396));
+  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::EmbedHint));
   EXPECT_EQ(Embed().sldPreview.Value(), 1);
   EXPECT_FALSE(Embed().sldPreview.Enabled());
   EXPECT_FALSE(files.Exists(folder / "run/embedsub.vcf"));
@@ -224,12 +227,12 @@ TEST_F(EmbedPages, PreviewNeedsTwoMinutesOfFilm) {
   OpenWizard();
   player.duration = 119.9;
   Embed().chkPreview.Click();
-  EXPECT_TRUE(Shows(400));
+  EXPECT_TRUE(Shows(Message::VideoTooShort));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
   EXPECT_FALSE(Embed().chkPreview.Value());
   player.duration = 0;
   Embed().chkPreview.Click();
-  EXPECT_TRUE(Shows(399));
+  EXPECT_TRUE(Shows(Message::LengthUnknown));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_FALSE(Embed().chkPreview.Value());
   EXPECT_FALSE(Embed().sldPreview.Enabled());
@@ -241,16 +244,19 @@ TEST_F(EmbedPages, PreviewNeedsTwoMinutesOfFilm) {
 TEST_F(EmbedPages, HintsFollowThePointer) {
   OpenFiles();
   OpenWizard();
-  const std::pair<const char*, std::size_t> hints[] = {{"imgFormat", 369}, {"imgRes", 377},      {"cmbResolution", 377},
-                                                       {"imgMode", 379},   {"imgPreview", 390},  {"imgSave", 388},
-                                                       {"imgVD", 375},     {"cmdBrowseVD", 375}, {"cmdConfigure", 372},
-                                                       {"cmdCancel", 392}, {"txtWidth", 385},    {"txtHeight", 386}};
+  const std::pair<const char*, Message> hints[] = {
+      {"imgFormat", Message::OutputFormatHint},         {"imgRes", Message::OutputResolutionHint},
+      {"cmbResolution", Message::OutputResolutionHint}, {"imgMode", Message::FilterModeHint},
+      {"imgPreview", Message::EmbedPreviewHint},        {"imgSave", Message::OutputFileNameHint},
+      {"imgVD", Message::VirtualDubFolderHint},         {"cmdBrowseVD", Message::VirtualDubFolderHint},
+      {"cmdConfigure", Message::ConfigureCodecHint},    {"cmdCancel", Message::CloseDialogHint},
+      {"txtWidth", Message::OutputWidthHint},           {"txtHeight", Message::OutputHeightHint}};
   for (const auto& [control, message] : hints) {
     Embed().Find(control)->Hovered();
-    EXPECT_EQ(Embed().lblDetails.GetText(), Message(message)) << control;
+    EXPECT_EQ(Embed().lblDetails.GetText(), Says(message)) << control;
   }
   Embed().Hovered();
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(396));
+  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::EmbedHint));
   Embed().ShowEmbedDetails(u"");
   EXPECT_FALSE(Embed().lblDetailsTitle.Visible());
   EXPECT_FALSE(Embed().fraDetails.Visible());
@@ -263,11 +269,12 @@ TEST_F(EmbedPages, EachStepHasItsHint) {
   OpenFiles();
   OpenWizard();
   GoTo(1);
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(375));
+  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::VirtualDubFolderHint));
   GoTo(2);
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(388));
+  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::OutputFileNameHint));
   GoTo(3);
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(391) + u"\r\n\r\n" + Message(395));
+  EXPECT_EQ(Embed().lblDetails.GetText(),
+            Says(Message::FilesWillBeClosed) + u"\r\n\r\n" + Says(Message::OkBeginsProcess));
 }
 
 TEST_F(EmbedPages, LinksOpenTheirPages) {
@@ -298,12 +305,12 @@ TEST_F(EmbedPages, GoForwardAndBack) {
   GoTo(3);
   EXPECT_EQ(PageShown(), 3);
   EXPECT_EQ(Embed().cmdNext.GetText(), u"&OK");
-  EXPECT_EQ(Embed().lblTop2.GetText(), Message(410));
+  EXPECT_EQ(Embed().lblTop2.GetText(), Says(Message::ReadyToBegin));
   Embed().cmdBack.Click();
   EXPECT_EQ(PageShown(), 2);
   EXPECT_EQ(Embed().cmdNext.GetText(), u"Next >");
-  EXPECT_EQ(Embed().lblTop2.GetText(), Message(367));
-  EXPECT_EQ(Embed().lblDetails.GetText(), Message(388));
+  EXPECT_EQ(Embed().lblTop2.GetText(), Says(Message::OutputFileSettings));
+  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::OutputFileNameHint));
   Embed().cmdBack.Click();
   EXPECT_TRUE(Embed().cmdBack.Enabled());
   Embed().cmdBack.Click();
@@ -320,7 +327,7 @@ TEST_F(EmbedChecks, WithoutAnEncoderTheFirstPageStays) {
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
   EXPECT_EQ(Embed().EmbedStep(), 0);
-  EXPECT_TRUE(Shows(404));
+  EXPECT_TRUE(Shows(Message::XvidNotFound));
   EXPECT_EQ(LastTitle(), u"Embed Subtitles");
   EXPECT_TRUE(desktop.opened.empty());
   boxes.answers = {BoxAnswer::Yes};
@@ -336,7 +343,7 @@ TEST_F(EmbedChecks, ConfigureAsksForTheQualityAndStoresIt) {
   boxes.lines = {u"2"};
   Embed().cmdConfigure.Click();
   EXPECT_EQ(boxes.asked.back().initial, u"4");
-  EXPECT_EQ(boxes.asked.back().title, Message(371));
+  EXPECT_EQ(boxes.asked.back().title, Says(Message::ConfigureCodec));
   EXPECT_EQ(program->store.GetSetting(kMainSection, u"VDQUANT", u""), u"2");
   boxes.lines = {u"99"};
   Embed().cmdConfigure.Click();
@@ -354,7 +361,7 @@ TEST_F(EmbedChecks, UnderWineTheCodecIsALibraryOfItsSystem) {
   program->folders.SystemFolder = folder / "system/";
   OpenWizard();
   Embed().cmdNext.Click();
-  EXPECT_TRUE(Shows(404));
+  EXPECT_TRUE(Shows(Message::XvidNotFound));
   std::filesystem::create_directories(folder.Path() / "system");
   folder.Write("system/xvidvfw.dll", "x");
   Embed().cmdConfigure.Click();
@@ -372,8 +379,8 @@ TEST_F(EmbedChecks, AFolderWithoutTheToolIsNotTakenOver) {
   pickers.folders = {folder / "empty"};
   boxes.answers = {BoxAnswer::Yes};
   Embed().cmdBrowseVD.Click();
-  EXPECT_EQ(pickers.prompts.back(), Message(401));
-  EXPECT_TRUE(Shows(403));
+  EXPECT_EQ(pickers.prompts.back(), Says(Message::SelectVirtualDubFolder));
+  EXPECT_TRUE(Shows(Message::VirtualDubNotFound));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
   EXPECT_EQ(desktop.opened.back(), Text(kWebSite) + u"/en/downloads.php?cid=14");
   EXPECT_EQ(Embed().txtVirtualdub.GetText(), folder / "app/vdrun/");
@@ -398,7 +405,7 @@ TEST_F(EmbedChecks, AFolderWithoutTheFilterIsNotTakenOver) {
   pickers.folders = {folder / "vd", folder / "vd"};
   boxes.answers = {BoxAnswer::Yes};
   Embed().cmdBrowseVD.Click();
-  EXPECT_EQ(boxes.shown.back().text, Fill(Message(402), folder / "vd/plugins/subtitler.vdf"));
+  EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::SubtitlerNotFound), folder / "vd/plugins/subtitler.vdf"));
   EXPECT_EQ(desktop.opened.back(), Text(kWebSite) + u"/en/downloads.php?cid=18");
   EXPECT_EQ(Embed().txtVirtualdub.GetText(), folder / "app/vdrun/");
   folder.Write("vd/plugins/subtitler.vdf", "x");
@@ -414,7 +421,7 @@ TEST_F(EmbedChecks, ForTheRunnerTheFilterIsWhatFfmpegHas) {
   pickers.folders = {folder / "app/vdrun", folder / "app/vdrun"};
   boxes.answers = {BoxAnswer::No};
   Embed().cmdBrowseVD.Click();
-  EXPECT_EQ(boxes.shown.back().text, Fill(Message(402), u"FFmpeg: libass"));
+  EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::SubtitlerNotFound), u"FFmpeg: libass"));
   EXPECT_TRUE(desktop.opened.empty());
   filters = " .. subtitles  V->V  Render\n";
   Embed().cmdBrowseVD.Click();
@@ -427,11 +434,11 @@ TEST_F(EmbedChecks, TheSecondPageNeedsAFolderWithATool) {
   GoTo(1);
   Embed().txtVirtualdub.SetText(u"");
   Embed().cmdNext.Click();
-  EXPECT_TRUE(Shows(460));
+  EXPECT_TRUE(Shows(Message::SpecifyLocation));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
   Embed().txtVirtualdub.SetText(u"/no/where/");
   Embed().cmdNext.Click();
-  EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Message(461), u"%FN", u"/no/where/VirtualDub.exe"));
+  EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Says(Message::ProgramNotFound), u"%FN", u"/no/where/VirtualDub.exe"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_EQ(Embed().EmbedStep(), 1);
   Embed().txtVirtualdub.SetText(folder / "app/vdrun");  // without the separator
@@ -446,7 +453,7 @@ TEST_F(EmbedChecks, AnExistingTargetIsAskedAboutOnce) {
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
   EXPECT_EQ(Embed().EmbedStep(), 2);
-  EXPECT_EQ(boxes.shown.back().text, Fill(Message(414), folder / "film[sub].avi"));
+  EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "film[sub].avi"));
   EXPECT_EQ(LastTitle(), u"Save as");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
   boxes.answers = {BoxAnswer::Yes};
@@ -466,7 +473,7 @@ TEST_F(EmbedChecks, ANameThatIsTypedBehindTheDialogIsAskedAbout) {
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
   EXPECT_EQ(Embed().EmbedStep(), 2);
-  EXPECT_EQ(boxes.shown.back().text, Fill(Message(414), folder / "third.avi"));
+  EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "third.avi"));
 }
 
 TEST_F(EmbedChecks, TheFilmItselfIsNoTarget) {
@@ -476,7 +483,7 @@ TEST_F(EmbedChecks, TheFilmItselfIsNoTarget) {
   Embed().txtSave.SetText(program->document.VideoPath);
   Embed().cmdNext.Click();
   EXPECT_EQ(Embed().EmbedStep(), 2);
-  EXPECT_TRUE(Shows(1050));
+  EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
 }
 
 TEST_F(EmbedChecks, ASecondPressWhileTheFirstIsBusyDoesNothing) {
@@ -641,10 +648,10 @@ TEST_F(EmbedScript, ShowsTheFilesAndForAviTheWarning) {
   for (const char* name : {"imgNotice", "lblNotice", "lblNote1", "lblNote2", "lblConvert"}) {
     EXPECT_TRUE(Embed().Find(name)->Visible()) << name;
   }
-  EXPECT_EQ(Embed().lblNotice.GetText(), Message(407));
-  EXPECT_EQ(Embed().lblNote1.GetText(), Message(408));
-  EXPECT_EQ(Embed().lblNote2.GetText(), Message(409));
-  EXPECT_EQ(Embed().lblConvert.GetText(), Message(411));
+  EXPECT_EQ(Embed().lblNotice.GetText(), Says(Message::VbrWarning));
+  EXPECT_EQ(Embed().lblNote1.GetText(), Says(Message::VbrWarningText));
+  EXPECT_EQ(Embed().lblNote2.GetText(), Says(Message::VbrLinkText));
+  EXPECT_EQ(Embed().lblConvert.GetText(), Says(Message::VbrGuide));
 }
 
 TEST_F(EmbedScript, HasNoWarningForMpeg) {
@@ -660,7 +667,7 @@ TEST_F(EmbedRun, ClosesTheDocumentAndStartsTheTool) {
   OpenWizard();
   GoTo(3);
   events.waits.clear();
-  program->notices.Tell(905);
+  program->notices.Tell(Message::CloseNotice);
   Embed().cmdNext.Click();
   EXPECT_FALSE(program->notices.Shown()) << "how the file was read is no matter any more";
   ASSERT_NE(Tool(), nullptr);
@@ -699,7 +706,7 @@ TEST_F(EmbedRun, AToolThatDoesNotStartIsToldAndTheDocumentStaysClosed) {
   processes.missing = true;
   // The list of encoders was asked for before.
   Embed().cmdNext.Click();
-  EXPECT_EQ(boxes.shown.back().text, Message(462) + u"\r\n\r\n" + (folder / "app/vdrun/vdrun"));
+  EXPECT_EQ(boxes.shown.back().text, Says(Message::StartFailed) + u"\r\n\r\n" + (folder / "app/vdrun/vdrun"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_FALSE(Embed().IsOpen());
   EXPECT_FALSE(program->document.HasDocument());

@@ -185,7 +185,7 @@ TEST_F(JournalInTheWindow, ThatWasTakenAwayIsBegunAnew) {
   Tick();
   EXPECT_EQ(store.begun, 2);
   EXPECT_EQ(Kept(), All());
-  EXPECT_FALSE(Window().lblNotice.GetText() == program->strings[951]);
+  EXPECT_FALSE(Window().lblNotice.GetText() == program->strings[Message::JournalFailed]);
 }
 
 TEST_F(JournalInTheWindow, StaysWhenASaveLeftCaptionsOut) {

@@ -58,7 +58,7 @@ TEST_F(ProgramLanguage, AChangeRelabelsAllThatIsOpen) {
       "0\t&Archivo\n22\tBienvenido.\n24\tSin texto.\n33\tMantener\n36\tModo uno.\n40\tInicio\n415\tIntro\n", 1);
   int announced = 0;
   const Connection watch = program->LanguageChanged.ConnectScoped([&] {
-    EXPECT_EQ(program->strings[0], u"&Archivo");
+    EXPECT_EQ(program->strings[Message::MenuFile], u"&Archivo");
     ++announced;
   });
   EXPECT_EQ(program->ChangeLanguage(1), 1);

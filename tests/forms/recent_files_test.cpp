@@ -114,7 +114,7 @@ TEST_F(Recents, AClickAsksBeforeAModifiedDocumentGoes) {
   boxes.answers = {BoxAnswer::Cancel};
   Window().mnuRecentFile[1].Click();
   EXPECT_EQ(program->document.SubtitlePath, folder / "b.srt");
-  EXPECT_EQ(boxes.shown.back().text, program->strings[161]);
+  EXPECT_EQ(boxes.shown.back().text, program->strings[Message::SaveChangesFirst]);
 }
 
 TEST_F(Recents, ClearingForgetsAllOfThemForGood) {

@@ -78,7 +78,7 @@ TEST_F(RulesInTheWindow, TellTheirProgressEveryTwentyFiveRowsAndThenTheFileAgain
   Window().mnuRules.Click();
   EXPECT_EQ(shown, (std::vector<std::string>{"Checking integrity from caption 25, please wait.",
                                              "Checking integrity from caption 50, please wait.",
-                                             ToUtf8(program->strings[48]) + "a.srt"}));
+                                             ToUtf8(program->strings[Message::CurrentSubtitleFile]) + "a.srt"}));
   EXPECT_FALSE(desktop.busy);
 }
 
@@ -204,7 +204,7 @@ TEST_F(TheReport, KeepsTheWordsOfItsLanguage) {
   const Text before = Report().txtReport.GetText();
   program->ChangeLanguage(1);
   EXPECT_EQ(Report().txtReport.GetText(), before);
-  EXPECT_EQ(Report().lblTotal.GetText(), Fill(program->strings[188], u"1"));
+  EXPECT_EQ(Report().lblTotal.GetText(), Fill(program->strings[Message::TotalErrors], u"1"));
 }
 
 TEST_F(TheReport, IsEmptiedByEveryChangeOfTheDocument) {

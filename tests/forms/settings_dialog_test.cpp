@@ -143,12 +143,17 @@ TEST_F(SettingsPages, FillingTheControlsChangesNoOption) {
 
 TEST_F(SettingsHover, EachControlTellsItsDetails) {
   SettingsDialog& d = Dialog();
-  const std::pair<Control&, std::size_t> rows[] = {
-      {d.chkAutoSplit, 273}, {d.chkCollision, 197},   {d.lblAutoJoin, 83},      {d.chkDuration, 199},
-      {d.chkCredits, 430},   {d.lblDuration[0], 209}, {d.lblTolerance[2], 210}, {d.chkKeys, 200},
-      {d.chkStretch, 312},   {d.cmbUImode, 314},      {d.lblUImode, 314},       {d.lblVSFilter, 421},
-      {d.optVSDisable, 423}, {d.optVSHide, 425},      {d.cmdVSFilter, 427},     {d.imgVSHelp, 428},
-      {d.chkFollow, 253},    {d.cmdOK, 251},          {d.cmdReset, 250}};
+  const std::pair<Control&, Message> rows[] = {
+      {d.chkAutoSplit, Message::AutosplitLinesHint},   {d.chkCollision, Message::AvoidCollisionHint},
+      {d.lblAutoJoin, Message::ImmediateChangeHint},   {d.chkDuration, Message::AutomaticLimitHint},
+      {d.chkCredits, Message::RemoveCreditsHint},      {d.lblDuration[0], Message::DurationPerCharacterHint},
+      {d.lblTolerance[2], Message::ToleranceHint},     {d.chkKeys, Message::EnableShortcutsHint},
+      {d.chkStretch, Message::AutofitVideoHint},       {d.cmbUImode, Message::PlayerControlsHint},
+      {d.lblUImode, Message::PlayerControlsHint},      {d.lblVSFilter, Message::VsFilterFound},
+      {d.optVSDisable, Message::VsFilterDisableHint},  {d.optVSHide, Message::VsFilterHideHint},
+      {d.cmdVSFilter, Message::VsFilterConfigureHint}, {d.imgVSHelp, Message::VsFilterHint},
+      {d.chkFollow, Message::FollowSubtitlesHint},     {d.cmdOK, Message::SaveSettingsHint},
+      {d.cmdReset, Message::ResetSectionHint}};
   for (const auto& [control, message] : rows) {
     control.Hovered();
     EXPECT_EQ(d.lblDetails.GetText(), program->strings[message]) << control.Name();
@@ -185,8 +190,10 @@ TEST_F(SettingsHover, TheLengthClassesTellTheirBounds) {
 }
 
 TEST_F(SettingsHover, MenuEntriesAndPagesHaveTheirOwnTexts) {
-  const std::size_t overMenu[] = {192, 122, 310, 194, 191};
-  const std::size_t overPage[] = {192, 122, 310, 222, 191};
+  const Message overMenu[] = {Message::RulesPageHint, Message::KeyboardShortcutsHint, Message::PlayerPageHint,
+                              Message::PreviewPageHint, Message::LanguagePageHint};
+  const Message overPage[] = {Message::RulesPageHint, Message::KeyboardShortcutsHint, Message::PlayerPageHint,
+                              Message::SampleDuringPlayback, Message::LanguagePageHint};
   for (std::size_t i = 0; i < 5; ++i) {
     Hover(Dialog().lblMenu[i]);
     EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[overMenu[i]]);
@@ -224,7 +231,7 @@ TEST_F(SettingsPanels, OpenUnderTheirCheckOneAtATime) {
 TEST_F(SettingsPanels, AClickOnTheImageOpensTheSamePanel) {
   Dialog().imgDuration.MouseDown({MouseButton::Left, 0, 0});
   EXPECT_TRUE(Dialog().picDuration.Visible());
-  EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[199]);
+  EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[Message::AutomaticLimitHint]);
 }
 
 TEST_F(SettingsPanels, ThePageAndTheOtherChecksCloseThem) {
@@ -613,7 +620,7 @@ TEST_F(SettingsLanguage, ALanguageWithOneMissingTextShowsNoCompletionLink) {
     std::string data;
     for (std::size_t id = 0; id < kMessageCount; ++id) {
       if (id >= 72 && id < 72 + missing) continue;
-      const std::string text = ToUtf8(ReplaceAll(program->strings[id], u"\n", u"\\n"));
+      const std::string text = ToUtf8(ReplaceAll(program->strings[NumberedMessage(id)], u"\n", u"\\n"));
       data += std::to_string(id) + (text.empty() ? "" : "\t" + text) + "\n";
     }
     return data;
@@ -904,7 +911,7 @@ TEST_F(SettingsTest, TheClassicMannerIsTakenAtOnceAndStoredByOk) {
   Dialog().ShowSettingsPage(4);
   EXPECT_FALSE(Dialog().chkClassic.Value());
   Hover(Dialog().chkClassic);
-  EXPECT_EQ(Details(), ToUtf8(program->strings[1001]));
+  EXPECT_EQ(Details(), ToUtf8(program->strings[Message::ClassicMannerHint]));
   Dialog().chkClassic.SetValue(true);
   Dialog().chkClassic.Clicked();
   EXPECT_TRUE(Options().manner.Classic());

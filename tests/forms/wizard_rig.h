@@ -36,8 +36,8 @@ struct WizardRig : ProgramFixture {
     return lines;
   }
   Text LastTitle() { return boxes.shown.empty() ? Text() : boxes.shown.back().title; }
-  Text Message(std::size_t number) { return program->strings[number]; }
-  bool Shows(std::size_t number) { return !boxes.shown.empty() && boxes.shown.back().text == Message(number); }
+  Text Says(Message message) { return program->strings[message]; }
+  bool Shows(Message message) { return !boxes.shown.empty() && boxes.shown.back().text == Says(message); }
   /// The program that was started last and isn't FFmpeg's own list.
   FakeProcesses::Run* Tool() {
     for (auto run = processes.runs.rbegin(); run != processes.runs.rend(); ++run) {

@@ -25,7 +25,8 @@ std::vector<std::string> LanguageFiles() {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(kMessages)) {
     const std::string name = entry.path().stem().string();
-    if (name != "english" && name != "table" && name != "translation_file") names.push_back(name);
+    if (name != "english" && name != "identifiers" && name != "table" && name != "translation_file")
+      names.push_back(name);
   }
   std::sort(names.begin(), names.end());
   return names;
@@ -89,7 +90,7 @@ struct LanguageBlock : ::testing::TestWithParam<std::string> {
   }
 
   const Text& English(int id) const { return *rig.catalogue.Find(CatalogueNumber(0, id)); }
-  const Text& Own(int id) const { return rig.strings[static_cast<std::size_t>(id)]; }
+  const Text& Own(int id) const { return rig.strings[NumberedMessage(static_cast<std::size_t>(id))]; }
   static std::string Row(int id, const Text& text) { return std::to_string(id) + ": " + ToUtf8(text); }
   bool Has(int id) const { return rig.catalogue.Find(CatalogueNumber(rig.options.LanguageIndex, id)) != nullptr; }
   /// Calls `check(id)` for each row that has a text in English; new ones that wait for their translation are left out.

@@ -59,7 +59,7 @@ TEST(FirstStart, InAChineseLocaleRunsInEnglish) {
   rig.FirstStart(u"Chinese", u"936");
   EXPECT_EQ(rig.options.Language, u"ENGLISH");
   EXPECT_EQ(rig.options.LanguageIndex, 0);
-  EXPECT_EQ(rig.strings[0], u"&File");
+  EXPECT_EQ(rig.strings[Message{0}], u"&File");
 }
 
 TEST(FirstStart, InAPortugueseLocaleIsNeverBrazilian) {
@@ -125,16 +125,16 @@ TEST(LanguageStrings, NothingOfALanguageIsLessThanNothing) {
   LanguageRig rig;
   rig.StartIn(u"GERMAN");
   EXPECT_EQ(rig.languages.LoadLanguageStrings(false), 0);
-  EXPECT_EQ(rig.strings[39], u"Apply");
+  EXPECT_EQ(rig.strings[Message{39}], u"Apply");
 }
 
 TEST(LanguageStrings, EnglishStandsInWhereATextIsMissing) {
   LanguageRig rig;
   rig.Block("german", BlockWithout({39}));
   rig.StartIn(u"GERMAN");
-  EXPECT_EQ(rig.strings[38], u"text 38");
-  EXPECT_EQ(rig.strings[39], u"Apply");
-  EXPECT_EQ(rig.strings[468], u"text 468");
+  EXPECT_EQ(rig.strings[Message{38}], u"text 38");
+  EXPECT_EQ(rig.strings[Message{39}], u"Apply");
+  EXPECT_EQ(rig.strings[Message{468}], u"text 468");
 }
 
 TEST(LanguageStrings, EachLoadOverwritesAll) {
@@ -144,7 +144,7 @@ TEST(LanguageStrings, EachLoadOverwritesAll) {
   rig.languages.Select(0);
   rig.languages.LoadLanguageStrings(false);
   for (std::size_t id = 0; id < kMessageCount; ++id) {
-    EXPECT_EQ(rig.strings[id], *rig.catalogue.Find(static_cast<int>(id))) << id;
+    EXPECT_EQ(rig.strings[NumberedMessage(id)], *rig.catalogue.Find(static_cast<int>(id))) << id;
   }
 }
 
@@ -153,10 +153,10 @@ TEST(LanguageStrings, FurtherTextsFallBackToEnglishAndDontCount) {
   rig.Block("german", BlockWithout({}) + "900\tZuletzt\n899\tbefore\n1000\tKlassisch\n3000\tbehind\n");
   rig.StartIn(u"GERMAN");
   EXPECT_EQ(rig.languages.LoadLanguageStrings(true), 100);
-  EXPECT_EQ(rig.strings[900], u"Zuletzt");
-  EXPECT_EQ(rig.strings[901], *rig.catalogue.Find(901));
-  EXPECT_EQ(rig.strings[1000], u"Klassisch");
-  EXPECT_EQ(rig.strings[1001], *rig.catalogue.Find(CatalogueNumber(0, 1001)));
+  EXPECT_EQ(rig.strings[Message{900}], u"Zuletzt");
+  EXPECT_EQ(rig.strings[Message{901}], *rig.catalogue.Find(901));
+  EXPECT_EQ(rig.strings[Message{1000}], u"Klassisch");
+  EXPECT_EQ(rig.strings[Message{1001}], *rig.catalogue.Find(CatalogueNumber(0, 1001)));
   const int german = rig.options.LanguageIndex;
   EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 899)), nullptr);
   EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 3000)), nullptr);
@@ -169,9 +169,9 @@ TEST(LanguageStrings, ADamagedFileNeverTouchesAnotherLanguage) {
             "\xEF\xBB\xBF// a comment\n39\tAplicar\n469\tbeyond\n-1\tbefore\n40x\tno number\n41\t\xFF\xFE\n"
             "42\tFi\x01n\n65\n3000\tfar\n99999999999999999999\tmuch\n");
   rig.StartIn(u"SPANISH");
-  EXPECT_EQ(rig.strings[39], u"Aplicar");
+  EXPECT_EQ(rig.strings[Message{39}], u"Aplicar");
   for (const std::size_t id : {40u, 41u, 42u, 65u})
-    EXPECT_EQ(rig.strings[id], *rig.catalogue.Find(static_cast<int>(id)));
+    EXPECT_EQ(rig.strings[NumberedMessage(id)], *rig.catalogue.Find(static_cast<int>(id)));
   EXPECT_EQ(rig.catalogue.Find(2000), nullptr);
   EXPECT_EQ(rig.catalogue.Find(1469), nullptr);
   EXPECT_EQ(rig.catalogue.Find(999), nullptr);
@@ -181,7 +181,7 @@ TEST(LanguageStrings, AFolderInPlaceOfTheFileLeavesEnglish) {
   LanguageRig rig;
   std::filesystem::create_directory(rig.folder.Path() / "languages" / "spanish.txt");
   rig.StartIn(u"SPANISH");
-  EXPECT_EQ(rig.strings[0], u"&File");
+  EXPECT_EQ(rig.strings[Message{0}], u"&File");
   EXPECT_EQ(rig.options.Language, u"SPANISH");
   EXPECT_TRUE(rig.boxes.shown.empty());
 }
@@ -235,7 +235,7 @@ TEST(TranslationFile, ThatCannotBeWrittenFailsNothing) {
   rig.StartIn(u"DUTCH");
   rig.folders.TempFolder = rig.folder / "no such folder/";
   EXPECT_EQ(rig.languages.LoadLanguageStrings(true), 0);
-  EXPECT_EQ(rig.strings[0], u"&File");
+  EXPECT_EQ(rig.strings[Message{0}], u"&File");
   EXPECT_TRUE(rig.boxes.shown.empty());
 }
 

@@ -15,12 +15,12 @@ TEST(MessageCatalogue, RowsStandAtTheirNumbers) {
   const MessageCatalogue catalogue;
   LangStrings strings;
   LoadEnglish(catalogue, strings);
-  EXPECT_EQ(strings[0], u"&File");
-  EXPECT_EQ(strings[39], u"Apply");
-  EXPECT_EQ(strings[157], u"The file %1 was not found.");
-  EXPECT_EQ(strings[229], u" \u00B7Text: ");
-  EXPECT_EQ(strings[461], u"The file %FN was not found, please correct the path.");
-  EXPECT_EQ(strings[468], u"Close dialog automatically when done");
+  EXPECT_EQ(strings[Message{0}], u"&File");
+  EXPECT_EQ(strings[Message{39}], u"Apply");
+  EXPECT_EQ(strings[Message{157}], u"The file %1 was not found.");
+  EXPECT_EQ(strings[Message{229}], u" \u00B7Text: ");
+  EXPECT_EQ(strings[Message{461}], u"The file %FN was not found, please correct the path.");
+  EXPECT_EQ(strings[Message{468}], u"Close dialog automatically when done");
 }
 
 TEST(MessageCatalogue, EmptyPlacesAreEmpty) {

@@ -219,10 +219,16 @@ TEST_P(EveryLanguage, HasRoomOnThePagesOfTheWizards) {
       control->SetVisible(true);
     }
   });
-  for (const std::size_t hint : {369, 372, 375, 377, 379, 385, 386, 388, 390, 392, 396}) {
+  for (const Message hint :
+       {Message::OutputFormatHint, Message::ConfigureCodecHint, Message::VirtualDubFolderHint,
+        Message::OutputResolutionHint, Message::FilterModeHint, Message::OutputWidthHint, Message::OutputHeightHint,
+        Message::OutputFileNameHint, Message::EmbedPreviewHint, Message::CloseDialogHint, Message::EmbedHint}) {
     states.emplace_back([&, hint] { embed.ShowEmbedDetails(program->strings[hint]); });
   }
-  states.emplace_back([&] { embed.ShowEmbedDetails(program->strings[391] + u"\r\n\r\n" + program->strings[395]); });
+  states.emplace_back([&] {
+    embed.ShowEmbedDetails(program->strings[Message::FilesWillBeClosed] + u"\r\n\r\n" +
+                           program->strings[Message::OkBeginsProcess]);
+  });
   Look(Window().mnuEmbed, states);
   pages(program->audioWizard);
   Look(Window().mnuAudioExtract, states);

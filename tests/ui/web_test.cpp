@@ -206,7 +206,7 @@ struct UpdateWindowView : testing::DialogFixture {
   UpdateWindowView() {
     std::filesystem::create_directory(folder.Path() / "run");
     program->store.SaveSetting(u"Cuewright", u"UpdateSite", server.Address());
-    program->strings.Set(921, u"none: %1");
+    program->strings.Set(Message::NoUpdateSite, u"none: %1");
   }
   UpdateDialog& Update() { return *form; }
   /// Shows the window, and returns when the check has ended.

@@ -140,9 +140,11 @@ TEST_F(EmbedWizardView, HintsFollowThePointerAndTheKeyboard) {
   QWidget* format = Find("imgFormat");
   QTest::mouseMove(format, QPoint(5, 5));
   QTest::qWait(1);
-  EXPECT_EQ(Find<QLabel>("lblDetails")->text().left(20), QString::fromStdU16String(program->strings[369]).left(20));
+  EXPECT_EQ(Find<QLabel>("lblDetails")->text().left(20),
+            QString::fromStdU16String(program->strings[Message::OutputFormatHint]).left(20));
   Find("cmdConfigure")->setFocus(Qt::TabFocusReason);
-  EXPECT_EQ(Find<QLabel>("lblDetails")->text().left(20), QString::fromStdU16String(program->strings[372]).left(20));
+  EXPECT_EQ(Find<QLabel>("lblDetails")->text().left(20),
+            QString::fromStdU16String(program->strings[Message::ConfigureCodecHint]).left(20));
 }
 
 TEST_F(EmbedWizardView, EscapeClosesTheForm) {
