@@ -31,6 +31,7 @@
 #include "ui/caption_table.h"
 #include "ui/elided_label.h"
 #include "ui/fit_screen.h"
+#include "ui/focus_keeper.h"
 #include "ui/held_keys.h"
 #include "ui/key_codes.h"
 #include "ui/overlay.h"
@@ -107,6 +108,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   overlay_ = new Overlay(program_.sub, area_);
   BuildBottomPanel();
   ApplyNames();
+  new FocusKeeper(*this, captureButtons_);
   binder_.BindAll();
   tools_ = std::make_unique<ToolWindows>(program_, *this);
   FitLeastWidth();

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "core/form/focus_group.h"
 #include "forms/program.h"
 #include "ui/binder.h"
 #include "ui/input_instants.h"
@@ -63,6 +64,8 @@ class MainWindowView final : public QMainWindow {
   Program& program_;
   MainWindow& form_;
   QWidget* area_;
+  /// Space goes on from one step of a capture to the next.
+  FocusGroup captureButtons_{{&form_.cmdApply, &form_.cmdNext, &form_.cmdEnd}};
   Binder binder_;
   QMenu* listMenu_ = nullptr;
   CaptionTable* table_ = nullptr;

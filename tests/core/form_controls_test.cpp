@@ -2,6 +2,7 @@
 
 #include "core/form/controls.h"
 #include "core/form/dialog.h"
+#include "core/form/focus_group.h"
 #include "tests/support/printers.h"
 
 namespace cuewright {
@@ -86,6 +87,21 @@ TEST(WithoutAccessKey, LeavesThePlainCaption) {
                                                 {u"end&", u"end&"},    {u"(&", u"(&"},
                                                 {u"(a) &b", u"(a) b"}};
   for (const auto& [caption, plain] : rows) EXPECT_EQ(WithoutAccessKey(caption), plain);
+}
+
+TEST(FocusGroupOfButtons, PassesTheFocusToTheFirstThatCanBePressedAndLeavesItToOneThatCanAgain) {
+  Form form("frmTest");
+  Button first(form, "first");
+  Button second(form, "second");
+  Button third(form, "third");
+  const FocusGroup group({&first, &second, &third});
+  EXPECT_EQ(group.HolderAfter(second), &second) << "was disabled for a moment";
+  second.SetEnabled(false);
+  EXPECT_EQ(group.HolderAfter(second), &first);
+  first.SetVisible(false);
+  EXPECT_EQ(group.HolderAfter(second), &third);
+  third.SetEnabled(false);
+  EXPECT_EQ(group.HolderAfter(second), nullptr);
 }
 
 }  // namespace

@@ -253,6 +253,81 @@ TEST_F(MainWindowMouse, AReleaseReachesAButtonThatAPauseHasDisabled) {
   EXPECT_FALSE(program->capture.Capturing());
 }
 
+/// Space on what has the focus; what it sets going has ended then.
+void PressSpace(QWidget& window) {
+  QWidget* holder = window.focusWidget();
+  QTest::keyClick(holder != nullptr ? holder : &window, Qt::Key_Space);
+  QCoreApplication::processEvents();
+}
+
+TEST_F(MainWindowKeys, SpaceGoesOnFromStartToNextToEndAndToStartAgain) {
+  Timed(4);
+  program->capture.SelectMode(CaptionMode::Manual);
+  auto* apply = Find<QAbstractButton>("cmdApply");
+  const auto hasFocus = [&] { return view->focusWidget()->objectName().toStdString(); };
+  apply->setFocus();
+  for (int round = 0; round < 2; ++round) {
+    List().SetRow(1, true);
+    const int base = 20 + 100 * round;
+    At(base);
+    PressSpace(*view);  // Start
+    ASSERT_EQ(hasFocus(), "cmdNext");
+    At(base + 1);
+    PressSpace(*view);
+    ASSERT_EQ(hasFocus(), "cmdNext") << "Next goes on with the caption behind it";
+    At(base + 2);
+    PressSpace(*view);
+    ASSERT_EQ(hasFocus(), "cmdNext");
+    At(base + 3);
+    PressSpace(*view);
+    ASSERT_EQ(hasFocus(), "cmdEnd") << "the last caption has no next one";
+    At(base + 4);
+    PressSpace(*view);
+    ASSERT_EQ(hasFocus(), "cmdApply");
+    const int ms = base * 1000;
+    for (Row row = 1; row <= 4; ++row) {
+      EXPECT_EQ(List().GetCaptionStart(row), ms + (row - 1) * 1000) << round;
+      EXPECT_EQ(List().GetCaptionEnd(row), ms + row * 1000) << round;
+    }
+  }
+}
+
+TEST_F(MainWindowKeys, ApplyHasTheFocusAgainAfterAPauseAndAfterTheLimit) {
+  Timed(4);
+  auto* apply = Find<QAbstractButton>("cmdApply");
+  apply->setFocus();
+  player.Pause();
+  QCoreApplication::processEvents();
+  ASSERT_FALSE(apply->isEnabled());
+  EXPECT_EQ(view->focusWidget(), nullptr) << "no other control gets what is meant for the button";
+  player.Play();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view->focusWidget(), apply);
+  program->options.ApplyWhen = 2;  // captions end by themselves
+  for (const int second : {20, 40}) {
+    At(second);
+    const Row row = List().Selected();
+    PressSpace(*view);
+    ASSERT_FALSE(apply->isEnabled());
+    At(second + 15);
+    program->window.tmrLimit.Tick();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(List().GetCaptionStart(row), second * 1000);
+    ASSERT_EQ(view->focusWidget(), apply);
+  }
+}
+
+TEST_F(MainWindowKeys, AButtonThatIsEnabledAgainTakesNoFocusFromWhatTheUserChoseMeanwhile) {
+  Timed(4);
+  Find<QAbstractButton>("cmdApply")->setFocus();
+  player.Pause();
+  QCoreApplication::processEvents();
+  Table()->setFocus();
+  player.Play();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view->focusWidget(), Table());
+}
+
 TEST_F(MainWindowMouse, AnOptionChangesTheMode) {
   Timed(3);
   QTest::mouseClick(Find<QAbstractButton>("optManual"), Qt::LeftButton, {}, QPoint(10, 8));
