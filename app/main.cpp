@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <clocale>
 #include <memory>
+#include <optional>
 
 #include "core/paths.h"
 #include "forms/program.h"
@@ -15,6 +16,7 @@
 #include "platform/mpv_library.h"
 #include "platform/mpv_player.h"
 #include "platform/posix_files.h"
+#include "platform/run_folder.h"
 #include "platform/sound_store.h"
 #include "platform/system_info.h"
 #include "platform/user_folders.h"
@@ -85,7 +87,8 @@ int main(int argc, char** argv) {
   environment.appFolder = DataFolder();
   environment.settingsFile = SettingsFilePath();
   environment.registryFile = RegistryFilePath();
-  environment.makeTempFolder = MakeRunFolder;
+  std::optional<RunFolder> runFolder;
+  environment.makeTempFolder = [&runFolder] { return runFolder.emplace().Path(); };
   if (!library.Available()) environment.missingPlayer = library.FileName();
   environment.systemCodePage = AnsiCodePageOfLocale();
   const IcuLocale locale;
@@ -141,6 +144,5 @@ int main(int argc, char** argv) {
   }
   const int result = QApplication::exec();
   window.reset();
-  RemoveRunFolderIfEmpty(program.folders.TempFolder);
   return result;
 }

@@ -61,7 +61,7 @@ std::unique_ptr<ChildProcess> WizardTool::Start(TextView script, TextView folder
   std::unique_ptr<ChildProcess> child;
   if (p_.processes == nullptr) return child;
   const ToolCommand command = CommandFor(tool_, script);
-  StartOptions options{.folder = Text(folder), .outlives = true};
+  StartOptions options{.folder = Text(folder), .outlives = true, .holds = FolderOfPath(script)};
   if (minimised) options.variables.emplace_back(u"VDRUN_MINIMISED", u"1");
   CarryOn step;
   step([&] { child = p_.processes->Start(command.program, command.arguments, options); });

@@ -14,13 +14,16 @@
 #include <utility>
 
 #include "platform/posix_files.h"
+#include "platform/run_folder.h"
 
 extern char** environ;
 
 namespace cuewright {
 namespace {
 
-/// One end of a pipe, closed with this.
+constexpr std::size_t kMostUntold = 64 * 1024;  ///< bytes kept for a program that doesn't read
+
+/// One end of a pipe, or another descriptor, closed with this.
 class PipeEnd {
  public:
   explicit PipeEnd(int fd = -1) : fd_(fd) {}
@@ -91,15 +94,18 @@ class PosixChild final : public ChildProcess {
   std::string TakeErrors() override { return ReadAll(ends_.errors); }
 
   void Tell(std::string_view bytes) override {
-    while (ends_.input.Get() >= 0 && !bytes.empty()) {
-      const ssize_t count = ::write(ends_.input.Get(), bytes.data(), bytes.size());
-      if (count < 0 && errno == EINTR) continue;
-      if (count < 0) return;
-      bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
+    // All of it or nothing, so that what does come is whole.
+    if (ends_.input.Get() >= 0 && untold_.size() + bytes.size() <= kMostUntold) untold_ += bytes;
+    TellRest();
+  }
+
+  bool HasUntold() override {
+    TellRest();
+    return !untold_.empty();
   }
 
   void Wait(int ms) override {
+    TellRest();
     std::array<pollfd, 2> watched = {pollfd{ends_.output.Get(), POLLIN, 0}, pollfd{ends_.errors.Get(), POLLIN, 0}};
     // With both ends closed its end is near, and can't be waited for here.
     const bool closed = ends_.output.Get() < 0 && ends_.errors.Get() < 0;
@@ -115,6 +121,17 @@ class PosixChild final : public ChildProcess {
   }
 
  private:
+  /// Hands over as much as can be without waiting.
+  void TellRest() {
+    while (ends_.input.Get() >= 0 && !untold_.empty()) {
+      const ssize_t count = ::write(ends_.input.Get(), untold_.data(), untold_.size());
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0 && errno != EAGAIN) untold_.clear();  // it reads no more
+      if (count <= 0) return;
+      untold_.erase(0, static_cast<std::size_t>(count));
+    }
+  }
+
   static void WaitFor(pid_t pid) {
     while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
     }
@@ -123,6 +140,7 @@ class PosixChild final : public ChildProcess {
   pid_t pid_;
   OwnEnds ends_;
   bool outlives_;
+  std::string untold_;
   std::optional<int> status_;
 };
 
@@ -142,6 +160,8 @@ class Actions {
       ::posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", openMode, 0);
     }
   }
+  /// The child has the descriptor too, as the first behind its streams.
+  void Keep(int fd) { ::posix_spawn_file_actions_adddup2(&actions_, fd, STDERR_FILENO + 1); }
   void Folder(const std::string& folder) {
     if (!folder.empty()) ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
   }
@@ -210,13 +230,16 @@ Words EnvironmentWith(const std::vector<std::pair<Text, Text>>& variables) {
 }
 
 /// Starts a child that goes on when this program ends. 0, or an errno value.
-int SpawnApart(pid_t& pid, const std::array<int, 3>& streams, const std::string& folder, Words& argv,
+int SpawnApart(pid_t& pid, const std::array<int, 3>& streams, const StartOptions& options, Words& argv,
                Words& environment) {
+  const PipeEnd hold(options.holds.empty() ? -1 : HoldFolder(ToUtf8(options.holds)));
   Actions actions;
   for (std::size_t i = 0; i < streams.size(); ++i) {
     actions.Stream(static_cast<int>(i), streams[i], i == 0 ? O_RDONLY : O_WRONLY);
   }
-  actions.Folder(folder);
+  // The copy lives as long as the child does.
+  if (hold.Get() >= 0) actions.Keep(hold.Get());
+  actions.Folder(ToUtf8(options.folder));
   const Attributes attributes;
   return ::posix_spawnp(&pid, argv.Get()[0], actions.Get(), attributes.Get(), argv.Get(), environment.Get());
 }
@@ -282,14 +305,14 @@ std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const s
   Pipe output = options.outlives ? Pipe() : MakePipe(program);
   Pipe errors = options.errors ? MakePipe(program) : Pipe();
   const std::array<int, 3> streams = {input.read.Get(), output.write.Get(), errors.write.Get()};
-  const std::string folder = ToUtf8(options.folder);
   pid_t pid = 0;
-  const int error = options.outlives ? SpawnApart(pid, streams, folder, argv, environment)
-                                     : StartBound(pid, streams, folder, argv, environment);
+  const int error = options.outlives ? SpawnApart(pid, streams, options, argv, environment)
+                                     : StartBound(pid, streams, ToUtf8(options.folder), argv, environment);
   if (error != 0) throw ErrorOfErrno(error, program);
   for (const PipeEnd* end : {&output.read, &errors.read}) {
     if (end->Get() >= 0) ::fcntl(end->Get(), F_SETFL, O_NONBLOCK);
   }
+  if (input.write.Get() >= 0) ::fcntl(input.write.Get(), F_SETFL, O_NONBLOCK);
   return std::make_unique<PosixChild>(
       pid, OwnEnds{std::move(input.write), std::move(output.read), std::move(errors.read)}, options.outlives);
 }

@@ -12,7 +12,7 @@
 #include <string>
 
 #include "platform/posix_files.h"
-#include "platform/user_folders.h"
+#include "platform/run_folder.h"
 
 namespace cuewright {
 namespace {
@@ -88,21 +88,13 @@ class PosixOutputFile final : public OutputFile {
 
 class PosixWorkFolder final : public WorkFolder {
  public:
-  PosixWorkFolder() : path_(MakeRunFolder()) {}
-  PosixWorkFolder(const PosixWorkFolder&) = delete;
-  PosixWorkFolder& operator=(const PosixWorkFolder&) = delete;
-  ~PosixWorkFolder() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(ToUtf8(path_), ignored);
-  }
-
-  const Text& Path() const override { return path_; }
+  const Text& Path() const override { return folder_.Path(); }
   void Write(std::string_view name, std::string_view bytes) override {
-    PosixFiles().WritePrivate(path_ + FromUtf8(name), bytes);
+    PosixFiles().WritePrivate(folder_.Path() + FromUtf8(name), bytes);
   }
 
  private:
-  Text path_;
+  RunFolder folder_;
 };
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -55,17 +54,12 @@ Text JournalFolderPath() {
   return FromUtf8(folder + "/tessaly-cuewright/journals");
 }
 
-Text MakeRunFolder() {
-  for (std::string base : {FolderFrom("XDG_RUNTIME_DIR"), FolderFrom("TMPDIR"), std::string("/tmp")}) {
-    if (base.empty()) continue;
-    base += "/cuewrite-XXXXXX";
-    if (::mkdtemp(base.data()) != nullptr) return FromUtf8(base + "/");
+std::vector<std::string> RunFolderBases() {
+  std::vector<std::string> bases;
+  for (const std::string& base : {FolderFrom("XDG_RUNTIME_DIR"), FolderFrom("TMPDIR"), std::string("/tmp")}) {
+    if (!base.empty()) bases.push_back(base);
   }
-  throw ErrorOfErrno(errno, u"/tmp");
-}
-
-void RemoveRunFolderIfEmpty(TextView folder) {
-  if (!folder.empty()) ::rmdir(ToUtf8(folder).c_str());
+  return bases;
 }
 
 Text WineSystemFolder() {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "core/text.h"
 
 namespace cuewright {
@@ -16,12 +19,8 @@ Text WordsFolderPath();
 /// The folder of the journals of unsaved documents, in the user's state folder; empty without a home.
 Text JournalFolderPath();
 
-/// Makes a folder for this run alone, with a name nobody can guess and for this user only (mode 0700), and gives its
-/// path with a "/" at the end. Run-time error when that fails.
-Text MakeRunFolder();
-
-/// Removes the run's folder when nothing stands in it.
-void RemoveRunFolderIfEmpty(TextView folder);
+/// Where the private folder of a run may stand, the best place first; without a "/" at their ends.
+std::vector<std::string> RunFolderBases();
 
 /// The system folder of the user's Wine, for programs of 32 bits, with a "/" at the end; empty without a home. It
 /// needn't exist.

@@ -22,8 +22,12 @@ class ChildProcess {
   /// The same of its error stream, where the start asked for that.
   virtual std::string TakeErrors() { return {}; }
 
-  /// Hands it input, where the start asked for that; nothing happens once it reads no more.
+  /// Hands it input, where the start asked for that, and never waits; what a program that doesn't read leaves too much
+  /// of is dropped.
   virtual void Tell(std::string_view /*bytes*/) {}
+
+  /// True while it hasn't taken all that it was told.
+  virtual bool HasUntold() { return false; }
 
   /// Returns when there is something to take or it may have ended, at the latest after `ms`.
   virtual void Wait(int /*ms*/) {}
@@ -38,6 +42,7 @@ struct StartOptions {
   bool errors = false;    ///< what it writes to its error stream can be taken
   bool input = false;     ///< it can be told things
   bool outlives = false;  ///< it goes on when its object goes, and belongs to no terminal; its output goes nowhere
+  Text holds{};           ///< of one that outlives: a run's folder that stays while it runs
   std::vector<std::pair<Text, Text>> variables{};  ///< added to its environment, or in place of what is there
 };
 

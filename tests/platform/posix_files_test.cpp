@@ -1,5 +1,6 @@
 #include "platform/posix_files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -8,7 +9,11 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <memory>
 
+#include "platform/child_processes.h"
+#include "platform/run_folder.h"
 #include "platform/user_folders.h"
 #include "tests/support/temp_folder.h"
 
@@ -188,16 +193,46 @@ TEST_F(WritePrivateFile, AFolderInItsPlaceStays) {
 }
 
 TEST_F(UserFolders, TheRunFolderIsPrivateAndDifferentEachTime) {
-  const Text one = MakeRunFolder();
-  const Text two = MakeRunFolder();
-  EXPECT_NE(one, two);
-  EXPECT_TRUE(one.ends_with(u'/'));
-  struct stat info {};
-  ASSERT_EQ(::stat(ToUtf8(one).c_str(), &info), 0);
-  EXPECT_EQ(info.st_mode & 0777, 0700u);
-  RemoveRunFolderIfEmpty(one);
-  EXPECT_FALSE(files.Exists(one));
-  RemoveRunFolderIfEmpty(two);
+  Text path;
+  {
+    const RunFolder one;
+    const RunFolder two;
+    path = one.Path();
+    EXPECT_NE(path, two.Path());
+    EXPECT_TRUE(path.ends_with(u'/'));
+    struct stat info {};
+    ASSERT_EQ(::stat(ToUtf8(path).c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777, 0700u);
+    files.WritePrivate(path + u"script", "x");
+  }
+  EXPECT_FALSE(std::filesystem::exists(ToUtf8(path))) << "with what stood in it";
+}
+
+TEST_F(UserFolders, TheRunFolderStaysWhileAProgramThatHoldsItRunsAndGoesAtTheNextRun) {
+  ::setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1);
+  std::unique_ptr<ChildProcess> child;
+  std::string path;
+  {
+    const RunFolder run;
+    path = ToUtf8(run.Path());
+    files.WritePrivate(run.Path() + u"script", "x");
+    const Text wait = u"while [ ! -e " + (folder / "go") + u" ]; do sleep 0.01; done; cat script >" + (folder / "read");
+    child = PosixProcesses().Start(u"sh", {u"-c", wait}, {.folder = run.Path(), .outlives = true, .holds = run.Path()});
+  }
+  const auto makeOld = [&] {
+    const timespec old[2] = {{1, 0}, {1, 0}};
+    ::utimensat(AT_FDCWD, path.c_str(), old, 0);
+  };
+  makeOld();
+  { const RunFolder next; }
+  ASSERT_TRUE(std::filesystem::exists(path + "script")) << "somebody needs it";
+  folder.Write("go", "");
+  for (int i = 0; i < 2000 && !child->Ended(); ++i) child->Wait(5);
+  EXPECT_EQ(folder.Read("read"), "x");
+  makeOld();
+  { const RunFolder next; }
+  EXPECT_FALSE(std::filesystem::exists(path));
+  ::unsetenv("XDG_RUNTIME_DIR");
 }
 
 TEST_F(UserFolders, TheSettingsFileFollowsTheDesktopsFolder) {
