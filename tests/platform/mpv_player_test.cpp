@@ -446,6 +446,13 @@ TEST_F(MpvPlayerTest, TheClockIsSmoothWithoutSound) {
   EXPECT_LT(WorstStep(2), kSmooth);
 }
 
+TEST_F(MpvPlayerTest, TheClockIsSmoothWhereTheContainerTellsItsTicksAsTheFrameRate) {
+  Open(Media().Make("ticks.asf",
+                    "-f lavfi -i testsrc=size=64x48:rate=5:duration=4 -pix_fmt yuv420p -c:v wmv2 -g 5 -f asf "));
+  ASSERT_TRUE(WaitForPosition(0.4));
+  EXPECT_LT(WorstStep(2), kSmooth);
+}
+
 TEST_F(MpvPlayerTest, TheClockIsSmoothWithoutPicture) {
   Open(Media().Sound(4));
   ASSERT_TRUE(WaitForPosition(0.4));
