@@ -75,7 +75,11 @@ int main(int argc, char** argv) {
   RunView view(form, nullptr);
   QSocketNotifier notifier(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&notifier, &QSocketNotifier::activated, [&] { Read(form, notifier); });
-  form.Closed.Connect([] { QCoreApplication::exit(0); });
+  form.Closed.Connect([&form] {
+    // The runner knows it before this program has gone.
+    if (form.Cancelled() && ::write(STDOUT_FILENO, kCancelLine.data(), kCancelLine.size()) < 0) errno = 0;
+    QCoreApplication::exit(0);
+  });
   if (qEnvironmentVariableIsSet("VDRUN_MINIMISED")) {
     view.showMinimized();
   } else {

@@ -30,6 +30,8 @@ std::string Printable(std::string_view bytes, bool keepLines);
 
 /// The exit status by which the window of a run says that the user cancelled it.
 inline constexpr int kWindowCancelled = 10;
+/// What it writes to its output before that.
+inline constexpr std::string_view kCancelLine = "cancel\n";
 
 /// What a run tells its window, a line each.
 struct WindowLine {

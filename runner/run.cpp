@@ -13,7 +13,7 @@ constexpr std::uint64_t kLargestSubtitle = 64 << 20;
 
 }  // namespace
 
-ScriptRun::ScriptRun(RunParts parts, std::vector<RunJob> jobs) : p_(parts), jobs_(std::move(jobs)) {
+ScriptRun::ScriptRun(RunParts parts, std::vector<RunJob> jobs) : p_(std::move(parts)), jobs_(std::move(jobs)) {
   way_.quantizer = p_.quantizer;
 }
 
@@ -22,6 +22,10 @@ ScriptRun::~ScriptRun() = default;
 ScriptRun::State ScriptRun::Step(int waitMs) {
   if (!failure_.empty()) return State::Failed;
   if (at_ == jobs_.size()) return State::Done;
+  if (Cancelled()) {
+    DropWork();
+    return State::Cancelled;
+  }
   CarryOn step;
   State state = State::Running;
   const bool went = step([&] {
@@ -35,6 +39,8 @@ ScriptRun::State ScriptRun::Step(int waitMs) {
     const std::optional<int> status = child_->Ended();
     if (!status) return;
     TakeAll();
+    // A key of the terminal ends FFmpeg too; that is no failure.
+    if (Cancelled()) return;
     state = EndFfmpeg(*status);
   });
   return went ? state : Fail(ToUtf8(step.Last()->description));
@@ -63,6 +69,7 @@ void ScriptRun::StartJob() {
   }
   folder_ = p_.outputs.MakeWorkFolder();
   WriteSubtitles();
+  if (!failure_.empty()) return;
   part_ = p_.outputs.Begin(job.target);
   if (job.rangeEnd > 0) {
     StartProbe();
@@ -86,8 +93,15 @@ void ScriptRun::WriteSubtitles() {
   if (job.kind != RunJob::Kind::Avi) return;
   for (std::size_t i = 0; i < job.filters.size(); ++i) {
     if (job.filters[i].kind != PictureFilter::Kind::Subtitler) continue;
-    const std::string bytes = p_.files.Read(p_.outputs.Absolute(job.filters[i].subtitle), kLargestSubtitle);
-    folder_->Write(SubtitleName(i), SubtitleInUtf8(bytes, p_.systemCodePage));
+    const Text path = p_.outputs.Absolute(job.filters[i].subtitle);
+    const std::optional<std::string> script =
+        WithPlainHead(SubtitleInUtf8(p_.files.Read(path, kLargestSubtitle), p_.systemCodePage));
+    // FFmpeg goes by what a file begins with: anything else could be a list of other files to it.
+    if (!script) {
+      return static_cast<void>(
+          Fail("the subtitle file doesn't begin with \"[Script Info]\", as SubStation Alpha does: " + ToUtf8(path)));
+    }
+    folder_->Write(SubtitleName(i), *script);
   }
 }
 
@@ -172,10 +186,14 @@ ScriptRun::State ScriptRun::FinishJob() {
 
 ScriptRun::State ScriptRun::Fail(std::string why) {
   failure_ = why.empty() ? "FFmpeg failed" : std::move(why);
+  DropWork();
+  return State::Failed;
+}
+
+void ScriptRun::DropWork() {
   child_.reset();
   part_.reset();
   folder_.reset();
-  return State::Failed;
 }
 
 std::string ScriptRun::ReasonOf(int status) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,7 @@ struct RunParts {
   OutputFiles& outputs;
   int systemCodePage = 1252;          ///< of subtitles that say no other
   int quantizer = kDefaultQuantizer;  ///< of the films that are written
+  std::function<bool()> cancelled{};  ///< true once the user wants no more; empty: never
 };
 
 /// Carries out the jobs of a script, one after the other, through FFmpeg. A file appears at its target once it is
@@ -35,9 +37,10 @@ class ScriptRun {
   ScriptRun(const ScriptRun&) = delete;
   ScriptRun& operator=(const ScriptRun&) = delete;
 
-  enum class State { Running, Done, Failed };
+  enum class State { Running, Done, Failed, Cancelled };
 
-  /// Goes on with the work; waits for at most `waitMs` when there is nothing to do yet.
+  /// Goes on with the work; waits for at most `waitMs` when there is nothing to do yet. Once the run is cancelled
+  /// nothing more is started, and nothing that ends then is kept.
   State Step(int waitMs);
 
   /// How much of all jobs is done, 0 to 1; empty while that can't be told.
@@ -64,6 +67,8 @@ class ScriptRun {
   bool TryAnotherWay();
   State FinishJob();
   State Fail(std::string why);
+  bool Cancelled() const { return p_.cancelled && p_.cancelled(); }
+  void DropWork();
   std::string ReasonOf(int status) const;
 
   RunParts p_;

@@ -15,6 +15,9 @@ constexpr std::int64_t kLeastRate = 1000;
 constexpr std::int64_t kMostRate = 192000;
 constexpr std::int64_t kMostPixels = 16384;
 constexpr std::int64_t kResizeModes = 4;
+constexpr std::size_t kMostFilters = 32;
+constexpr std::size_t kMostFiles = 256;
+constexpr std::size_t kLongestQuote = 60;
 constexpr std::string_view kSubtitler = "subtitler";
 constexpr std::string_view kResize = "resize";
 
@@ -34,6 +37,11 @@ struct State {
   std::vector<RunJob> written;
 };
 
+/// What is told of a text that may be of any length.
+std::string Quoted(const std::string& text) {
+  return text.size() <= kLongestQuote ? text : text.substr(0, kLongestQuote) + "...";
+}
+
 [[noreturn]] void Refuse(std::string problem) { throw ScriptProblem{0, std::move(problem)}; }
 
 void Want(bool right, const std::string& expected) {
@@ -42,6 +50,7 @@ void Want(bool right, const std::string& expected) {
 
 void Save(State& state, RunJob::Kind kind, const ScriptCall& call) {
   Want(state.open, "VirtualDub.Open before a file is written");
+  Want(state.written.size() < kMostFiles, "at most 256 files written by one script");
   if (kind == RunJob::Kind::Avi) {
     Want(state.compressed, "VirtualDub.video.SetCompression before the film is written");
     for (const PictureFilter& filter : state.job.filters) {
@@ -89,7 +98,9 @@ void SetConversion(State& state, const ScriptCall& call) {
 
 void AddFilter(State& state, const ScriptCall& call) {
   const std::string& name = call.String(0);
-  Want(name == kSubtitler || name == kResize, "the filter \"subtitler\" or \"resize\", but found \"" + name + "\"");
+  Want(name == kSubtitler || name == kResize,
+       "the filter \"subtitler\" or \"resize\", but found \"" + Quoted(name) + "\"");
+  Want(state.job.filters.size() < kMostFilters, "at most 32 filters");
   PictureFilter filter;
   filter.kind = name == kResize ? PictureFilter::Kind::Resize : PictureFilter::Kind::Subtitler;
   state.job.filters.push_back(filter);
@@ -214,7 +225,7 @@ void Run(State& state, const ScriptCall& call) {
     forms += (forms.empty() ? "" : " or ") + FormOf(command);
   }
   if (!forms.empty()) Refuse("expected " + forms);
-  Refuse("the command \"" + call.name + "\" isn't known; expected one of " + CommandsLike(call.name));
+  Refuse("the command \"" + Quoted(call.name) + "\" isn't known; expected one of " + CommandsLike(call.name));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "runner/subtitle_text.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/numbers.h"
@@ -14,6 +15,8 @@ constexpr std::pair<int, int> kCharsets[] = {
     {163, 1258}, {177, 1255}, {178, 1256}, {186, 1257}, {204, 1251}, {222, 874},  {238, 1250},
 };
 constexpr std::string_view kStyle = "Style:";
+constexpr std::string_view kHead = "[Script Info]";
+constexpr double kMostCharset = 255;
 
 int CodePageOfCharset(int charset) {
   for (const auto& [number, codePage] : kCharsets) {
@@ -22,7 +25,24 @@ int CodePageOfCharset(int charset) {
   return 0;
 }
 
+bool IsHead(std::string_view line) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::equal(line.begin(), line.end(), kHead.begin(), kHead.end(),
+                    [&](char a, char b) { return lower(a) == lower(b); });
+}
+
 }  // namespace
+
+std::optional<std::string> WithPlainHead(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t\r\n");
+  if (start == std::string_view::npos) return std::nullopt;
+  text.remove_prefix(start);
+  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+  std::string_view line = text.substr(0, end);
+  line = line.substr(0, line.find_last_not_of(" \t") + 1);
+  if (!IsHead(line)) return std::nullopt;
+  return std::string(kHead) + std::string(text.substr(end));
+}
 
 int CodePageOfStyles(std::string_view bytes) {
   while (!bytes.empty()) {
@@ -31,7 +51,8 @@ int CodePageOfStyles(std::string_view bytes) {
     bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
     if (!line.starts_with(kStyle)) continue;
     const std::string_view charset = line.substr(line.rfind(',') + 1);
-    return CodePageOfCharset(static_cast<int>(LeadingNumber(FromUtf8(charset))));
+    const double number = LeadingNumber(FromUtf8(charset));
+    return number >= 0 && number <= kMostCharset ? CodePageOfCharset(static_cast<int>(number)) : 0;
   }
   return 0;
 }

@@ -61,12 +61,14 @@ class TerminalDisplay final : public RunDisplay {
 
 class WindowDisplay final : public RunDisplay {
  public:
-  WindowDisplay(Processes& processes, Text window) : processes_(processes), window_(std::move(window)) {}
+  WindowDisplay(Processes& processes, Text window, std::function<bool()> mustEnd)
+      : processes_(processes), window_(std::move(window)), mustEnd_(std::move(mustEnd)) {}
 
   void Show(const std::string& file, const RunProgress& progress, std::int64_t elapsedMs) override {
     if (elapsedMs < kWindowAfterMs) return;
     Open();
-    if (child_ == nullptr || elapsedMs - shownAt_ < kWindowEveryMs) return;
+    // A window that hangs gets no more of what it doesn't take.
+    if (child_ == nullptr || elapsedMs - shownAt_ < kWindowEveryMs || child_->HasUntold()) return;
     shownAt_ = elapsedMs;
     if (file != file_) child_->Tell(FormatWindowLine({WindowLine::Kind::File, file_ = file, {}}));
     child_->Tell(FormatWindowLine({WindowLine::Kind::Progress, {}, progress}));
@@ -74,7 +76,13 @@ class WindowDisplay final : public RunDisplay {
 
   void Note(const std::string& text) override { WriteError("vdrun: " + Printable(text, true) + "\n"); }
 
-  bool Cancelled() override { return child_ != nullptr && child_->Ended() == kWindowCancelled; }
+  bool Cancelled() override {
+    if (child_ == nullptr || cancelled_) return cancelled_;
+    // The window says so at once, and may take a moment to go.
+    said_ += child_->TakeOutput();
+    cancelled_ = said_.find(kCancelLine) != std::string::npos || child_->Ended() == kWindowCancelled;
+    return cancelled_;
+  }
 
   void End(const std::string& failure) override {
     if (failure.empty()) {
@@ -85,10 +93,11 @@ class WindowDisplay final : public RunDisplay {
     Open();
     if (child_ == nullptr) return;
     child_->Tell(FormatWindowLine({WindowLine::Kind::Failure, failure, {}}));
-    while (!child_->Ended()) {
+    while (!child_->Ended() && !mustEnd_()) {
       child_->Wait(kWindowPollMs);
       child_->TakeOutput();
     }
+    child_.reset();
   }
 
  private:
@@ -101,7 +110,10 @@ class WindowDisplay final : public RunDisplay {
 
   Processes& processes_;
   Text window_;
+  std::function<bool()> mustEnd_;
   std::unique_ptr<ChildProcess> child_;
+  std::string said_;
+  bool cancelled_ = false;
   std::string file_;
   std::int64_t shownAt_ = 0;
   bool opened_ = false;
@@ -111,8 +123,8 @@ class WindowDisplay final : public RunDisplay {
 
 std::unique_ptr<RunDisplay> MakeTerminalDisplay() { return std::make_unique<TerminalDisplay>(); }
 
-std::unique_ptr<RunDisplay> MakeWindowDisplay(Processes& processes, Text window) {
-  return std::make_unique<WindowDisplay>(processes, std::move(window));
+std::unique_ptr<RunDisplay> MakeWindowDisplay(Processes& processes, Text window, std::function<bool()> mustEnd) {
+  return std::make_unique<WindowDisplay>(processes, std::move(window), std::move(mustEnd));
 }
 
 }  // namespace cuewright

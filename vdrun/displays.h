@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -28,7 +29,8 @@ class RunDisplay {
 /// A bar on the terminal of the error stream; without a terminal the messages alone.
 std::unique_ptr<RunDisplay> MakeTerminalDisplay();
 
-/// A small window, the program `window`, which opens once the run takes longer than a moment.
-std::unique_ptr<RunDisplay> MakeWindowDisplay(Processes& processes, Text window);
+/// A small window, the program `window`, which opens once the run takes longer than a moment. A failure stays there
+/// until the user closes it, or `mustEnd` says that this program has to go.
+std::unique_ptr<RunDisplay> MakeWindowDisplay(Processes& processes, Text window, std::function<bool()> mustEnd);
 
 }  // namespace cuewright

@@ -61,7 +61,7 @@ std::unique_ptr<RunDisplay> MakeDisplay(Processes& processes) {
   };
   const bool desktop = set("DISPLAY") || set("WAYLAND_DISPLAY");
   if (::isatty(STDERR_FILENO) == 1 || !desktop) return MakeTerminalDisplay();
-  return MakeWindowDisplay(processes, ProgramFolder() + u"vdrun-window");
+  return MakeWindowDisplay(processes, ProgramFolder() + u"vdrun-window", [] { return endSignal != 0; });
 }
 
 int QuantizerOfUser(Files& files) {
@@ -80,6 +80,7 @@ int RunJobs(const std::string& script, std::vector<RunJob> jobs, RunParts parts,
     for (;;) {
       const ScriptRun::State state = run.Step(kStepMs);
       for (const std::string& note : run.TakeNotes()) display.Note(note);
+      if (state == ScriptRun::State::Cancelled) return kCancelled;
       if (state == ScriptRun::State::Done) break;
       if (state == ScriptRun::State::Failed) {
         failure = script + ":" + std::to_string(run.FailedLine()) + ": " + run.Failure();
@@ -87,7 +88,6 @@ int RunJobs(const std::string& script, std::vector<RunJob> jobs, RunParts parts,
       }
       const std::int64_t elapsed = NowMs() - began;
       display.Show(ToUtf8(run.Target()), {run.Fraction(), TimeLeft::Of(run.Fraction(), elapsed)}, elapsed);
-      if (endSignal != 0 || display.Cancelled()) return kCancelled;
     }
   }
   display.End(failure);
@@ -110,7 +110,9 @@ int RunScript(const std::string& path) {
   if (script.problem) {
     return fail(path + ":" + std::to_string(script.problem->line) + ": " + script.problem->problem);
   }
-  const RunParts parts{files, processes, outputs, AnsiCodePageOfLocale(), QuantizerOfUser(files)};
+  const RunParts parts{files, processes, outputs, AnsiCodePageOfLocale(), QuantizerOfUser(files), [&display] {
+                         return endSignal != 0 || display->Cancelled();
+                       }};
   const int status = RunJobs(path, std::move(script.jobs), parts, *display);
   if (status == kCancelled) display->Note("cancelled; nothing was written");
   return status;

@@ -64,11 +64,23 @@ TEST(RunnerSubtitle, IsGivenInUtf8WhateverItIsIn) {
             "a\n\xC3\xA9\n");
 }
 
+TEST(RunnerSubtitle, BeginsWithItsHeadOrIsNone) {
+  EXPECT_EQ(WithPlainHead("[Script Info]\nTitle: a\n"), "[Script Info]\nTitle: a\n");
+  EXPECT_EQ(WithPlainHead("\n\t [script INFO] \nTitle: a\n"), "[Script Info]\nTitle: a\n");
+  EXPECT_EQ(WithPlainHead("[Script Info]"), "[Script Info]");
+  for (const char* other :
+       {"", "\n \n", "#EXTM3U\n", "; note\n[Script Info]\n", "[Script Info] x\n", "[V4 Styles]\n"}) {
+    EXPECT_FALSE(WithPlainHead(other)) << other;
+  }
+}
+
 TEST(RunnerSubtitle, TheFirstStyleTellsItsCharacterSet) {
   EXPECT_EQ(CodePageOfStyles("Style: a,b,c,128\r\nStyle: a,b,c,204\r\n"), 932);
   EXPECT_EQ(CodePageOfStyles("Comment\rStyle: a, 161\r"), 1253);
   EXPECT_EQ(CodePageOfStyles("Style: a,1\n"), 0);
   EXPECT_EQ(CodePageOfStyles("Style:\n"), 0);
+  EXPECT_EQ(CodePageOfStyles("Style: a,99999999999999999999\n"), 0);
+  EXPECT_EQ(CodePageOfStyles("Style: a,-1e300\n"), 0);
   EXPECT_EQ(CodePageOfStyles(""), 0);
 }
 

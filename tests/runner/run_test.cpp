@@ -10,6 +10,7 @@
 #include "platform/output_files.h"
 #include "platform/posix_files.h"
 #include "tests/runner/films.h"
+#include "tests/support/fakes.h"
 
 namespace cuewright {
 namespace {
@@ -309,6 +310,39 @@ TEST_F(RunnerRun, AFailureLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(Run({job}), "File not found: " + Bytes("no.ssa"));
   EXPECT_NE(Run({Burn(FromUtf8(DarkFilm()), folder / "no/where.avi")}).find("where.avi"), std::string::npos);
   EXPECT_EQ(folder.Read("out.avi"), "old");
+  EXPECT_TRUE(Left().empty());
+}
+
+TEST_F(RunnerRun, ASubtitleWithAnotherHeadIsRefusedWithASentence) {
+  RunJob job = Burn(FromUtf8(DarkFilm()), folder / "out.avi");
+  job.filters[0].subtitle = folder.Write("list.ssa", "#EXTM3U\n#EXTINF:1,\nsecret.txt\n");
+  EXPECT_EQ(Run({job}),
+            "the subtitle file doesn't begin with \"[Script Info]\", as SubStation Alpha does: " + Bytes("list.ssa"));
+  EXPECT_TRUE(Left().empty());
+  // One whose head everybody can read is drawn.
+  std::string script = OneCaption();
+  script.replace(0, script.find('\n'), "\n [script info] ");
+  job.filters[0].subtitle = folder.Write("odd.ssa", script);
+  EXPECT_EQ(Run({job}), "");
+  EXPECT_TRUE(BrightFrames(Bytes("out.avi"))[35]);
+}
+
+TEST_F(RunnerRun, ACancelWhileAFileIsEndingKeepsNothingAndStartsNothing) {
+  testing::FakeProcesses tools;
+  bool cancelled = false;
+  folder.Write("film.avi", "film");
+  RunJob job = Wave(Bytes("film.avi"), folder / "one.wav", 8000);
+  RunJob next = job;
+  next.target = folder / "two.wav";
+  ScriptRun run({files, tools, outputs, 1252, kDefaultQuantizer, [&] { return cancelled; }}, {job, next});
+  ASSERT_EQ(run.Step(0), ScriptRun::State::Running);
+  ASSERT_EQ(tools.runs.size(), 1u);
+  tools.runs[0]->status = 0;
+  cancelled = true;
+  EXPECT_EQ(run.Step(0), ScriptRun::State::Cancelled);
+  EXPECT_EQ(tools.runs.size(), 1u);
+  EXPECT_TRUE(tools.runs[0]->gone);
+  EXPECT_FALSE(files.Exists(folder / "one.wav"));
   EXPECT_TRUE(Left().empty());
 }
 

@@ -148,6 +148,28 @@ TEST(RunnerScript, RefusesWhatItCannotDoByItsLineAndWithWhatItExpected) {
   }
 }
 
+TEST(RunnerScript, RefusesOneThatAsksForMoreThanAnybodyNeeds) {
+  const std::string open = "VirtualDub.Open(\"a.avi\",0,0);\n";
+  const auto repeated = [](int times, const std::string& line) {
+    std::string lines;
+    for (int i = 0; i < times; ++i) lines += line;
+    return lines;
+  };
+  const Script files = ReadScript(open + repeated(40000, "VirtualDub.SaveWAV(\"a\");\n"));
+  ASSERT_TRUE(files.problem);
+  EXPECT_EQ(files.problem->problem, "expected at most 256 files written by one script");
+  EXPECT_EQ(files.problem->line, 258);
+  EXPECT_TRUE(files.jobs.empty());
+  const Script filters = ReadScript(open + repeated(10000, "VirtualDub.video.filters.Add(\"resize\");\n") +
+                                    repeated(10000, "VirtualDub.SaveWAV(\"a\");\n"));
+  ASSERT_TRUE(filters.problem);
+  EXPECT_EQ(filters.problem->problem, "expected at most 32 filters");
+  EXPECT_EQ(filters.problem->line, 34);
+  const Script name = ReadScript("VirtualDub.audio." + std::string(900000, 'x') + "();\n");
+  ASSERT_TRUE(name.problem);
+  EXPECT_LT(name.problem->problem.size(), 1000u);
+}
+
 TEST(RunnerScript, RefusesAFilmWhoseCodecOrFilterIsMissing) {
   const std::string open = "VirtualDub.Open(\"a\",0,0);\n";
   EXPECT_EQ(ReadScript(open + "VirtualDub.SaveAVI(\"b\");").problem->problem,

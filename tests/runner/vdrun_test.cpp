@@ -9,9 +9,11 @@
 #include <filesystem>
 #include <thread>
 
+#include "platform/child_processes.h"
 #include "tests/runner/films.h"
 #include "tests/support/run_process.h"
 #include "vdrun/command_line.h"
+#include "vdrun/displays.h"
 
 namespace cuewright {
 namespace {
@@ -127,6 +129,48 @@ TEST_F(Vdrun, ASignalCancelsAndLeavesNothing) {
       EXPECT_EQ(entry.path().filename(), "a.vcf");
     }
   }
+}
+
+/// A program in the place of the run's window.
+struct VdrunWindow : ::testing::Test {
+  Text Window(const std::string& body) {
+    const Text path = folder.Write("window", "#!/bin/sh\n" + body + "\n");
+    std::filesystem::permissions(folder.Bytes("window"), std::filesystem::perms::owner_all);
+    return path;
+  }
+
+  TempFolder folder;
+  PosixProcesses processes;
+};
+
+TEST_F(VdrunWindow, ThatHangsNeverHoldsTheWork) {
+  const auto display = MakeWindowDisplay(processes, Window("exec sleep 100"), [] { return false; });
+  const auto began = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20000; ++i) {
+    display->Show("/films/a film with a long name.avi", {0.5, 42}, 1000 + i * std::int64_t{200});
+    ASSERT_FALSE(display->Cancelled());
+  }
+  display->End("");
+  EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(60));
+}
+
+TEST_F(VdrunWindow, ThatShowsAFailureGoesWithTheRunWhenThatMustEnd) {
+  bool mustEnd = false;
+  int asked = 0;
+  const auto display = MakeWindowDisplay(processes, Window("cat >" + folder.Bytes("told") + "; exec sleep 100"), [&] {
+    mustEnd = ++asked > 1 && !folder.Read("told").empty();
+    return mustEnd;
+  });
+  display->End("it failed");
+  EXPECT_TRUE(mustEnd);
+  EXPECT_EQ(folder.Read("told"), FormatWindowLine({WindowLine::Kind::Failure, "it failed", {}}));
+}
+
+TEST_F(VdrunWindow, CancelsAtOnceThoughItTakesLongToGo) {
+  const auto display = MakeWindowDisplay(processes, Window("echo cancel; exec sleep 100"), [] { return false; });
+  display->Show("/a.avi", {}, 1000);
+  for (int i = 0; i < 2000 && !display->Cancelled(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_TRUE(display->Cancelled());
 }
 
 TEST_F(Vdrun, TakesTheQualityOfTheUsersSettings) {
