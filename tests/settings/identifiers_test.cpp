@@ -57,7 +57,7 @@ TEST(MessageIdentifiers, EachEnglishTextHasOneOfItsOwn) {
   for (int number = 0; number < static_cast<int>(kEndOfTexts); ++number) {
     if (!IsTextNumber(static_cast<std::size_t>(number))) continue;
     const Text* text = catalogue.Find(CatalogueNumber(0, number));
-    if (text != nullptr && !text->empty()) EXPECT_TRUE(identifiers.contains(number)) << number << " has no identifier";
+    EXPECT_EQ(identifiers.contains(number), text != nullptr && !text->empty()) << number;
   }
   EXPECT_EQ(static_cast<int>(Message::MenuFile), 0);
   EXPECT_EQ(static_cast<int>(Message::SaveChangesFirst), 161);
