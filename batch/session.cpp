@@ -34,6 +34,10 @@ bool Session::ReadSettings() {
   }
   settings_ = std::make_unique<RunSettings>(request_.settings, stored_.get());
   LoadSettings(*settings_, options_);
+  if (stored_ && !stored_->LastFailure().empty()) {
+    boxes_.Tell(*request_.settingsFile + u": " + stored_->LastFailure());
+    return false;
+  }
   if (request_.classic) options_.manner.SetClassic(true);
   if (request_.separator) options_.LineSeparator = *request_.separator;
   if (!request_.text) return true;

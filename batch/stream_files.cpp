@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -13,6 +14,8 @@ namespace cuewright {
 namespace {
 
 constexpr TextView kOutputDevice = u"/dev/stdout";
+/// The names that the system has for the same.
+constexpr std::array<TextView, 3> kOutputNames = {kOutputDevice, u"/dev/fd/1", u"/proc/self/fd/1"};
 
 std::string ReadStandardInput(std::uint64_t limit) {
   std::string bytes;
@@ -56,7 +59,9 @@ void StreamFiles::Replace(TextView path, const std::function<void(ByteSink&)>& w
   PosixFiles::Replace(path == kStream ? kOutputDevice : path, write);
 }
 
-bool IsStandardOutput(TextView path) { return path == kStream || path == kOutputDevice; }
+bool IsStandardOutput(TextView path) {
+  return path == kStream || std::ranges::find(kOutputNames, path) != kOutputNames.end();
+}
 
 std::optional<FileIdentity> IdentityOfInput(TextView path) { return IdentityOf(path, STDIN_FILENO); }
 

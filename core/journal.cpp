@@ -143,20 +143,13 @@ class Replay {
  public:
   bool Begin(std::string_view payload) {
     Reader in(payload);
-    if (in.Byte() != kSnapshot) return false;
-    document_.time = in.Signed();
-    document_.path = in.String();
-    document_.format = in.String();
-    document_.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
-    document_.codePage = static_cast<std::int32_t>(in.Number());
-    document_.mark = in.Byte() != 0;
-    document_.separator = in.String();
-    document_.selected = in.Count(kMaxRow);
-    const Row count = in.Count(kMaxRow);
-    std::vector<Caption> captions = in.Captions(count);
-    if (!in.Good() || !in.AtEnd() || captions.empty()) return false;
-    rows_.Splice(0, 0, std::move(captions));
-    return true;
+    return ReadSnapshot(in) && in.AtEnd();
+  }
+
+  /// True when a whole snapshot stands at the head of the bytes, whatever is behind it.
+  static bool HoldsSnapshot(std::string_view bytes) {
+    Reader in(bytes);
+    return Replay().ReadSnapshot(in);
   }
 
   /// A batch counts as a whole or not at all: it is checked before anything of it is done.
@@ -170,6 +163,23 @@ class Replay {
   }
 
  private:
+  bool ReadSnapshot(Reader& in) {
+    if (in.Byte() != kSnapshot) return false;
+    document_.time = in.Signed();
+    document_.path = in.String();
+    document_.format = in.String();
+    document_.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
+    document_.codePage = static_cast<std::int32_t>(in.Number());
+    document_.mark = in.Byte() != 0;
+    document_.separator = in.String();
+    document_.selected = in.Count(kMaxRow);
+    const Row count = in.Count(kMaxRow);
+    std::vector<Caption> captions = in.Captions(count);
+    if (!in.Good() || captions.empty()) return false;
+    rows_.Splice(0, 0, std::move(captions));
+    return true;
+  }
+
   bool Walk(std::string_view payload, bool apply) {
     Reader in(payload);
     if (in.Byte() != kBatch) return false;
@@ -228,19 +238,21 @@ class Replay {
   Row size_ = 0;  ///< of the list at this place of a batch
 };
 
-/// The payload of the whole record at a place; empty when there is none.
 /// What is wrong with a journal whose first record gives no document.
 JournalFault FaultOf(std::string_view bytes) {
   constexpr std::string_view kName = "CWJRNL";
   if (kJournalMagic.starts_with(bytes.substr(0, kJournalMagic.size()))) {
     if (bytes.size() < kJournalMagic.size() + kFrame) return JournalFault::CutOff;
     const std::uint32_t length = FixedAt(bytes, kJournalMagic.size());
-    const bool inside = length > bytes.size() - kJournalMagic.size() - kFrame;
-    return inside && length <= kLargestRecord ? JournalFault::CutOff : JournalFault::Damaged;
+    const std::string_view rest = bytes.substr(kJournalMagic.size() + kFrame);
+    // A record that is all there under a length that says more was not cut off: its length is damaged.
+    const bool cutOff = length > rest.size() && length <= kLargestRecord && !Replay::HoldsSnapshot(rest);
+    return cutOff ? JournalFault::CutOff : JournalFault::Damaged;
   }
   return bytes.starts_with(kName) ? JournalFault::OtherVersion : JournalFault::Damaged;
 }
 
+/// The payload of the whole record at a place; empty when there is none.
 std::optional<std::string_view> PayloadAt(std::string_view bytes, std::size_t at) {
   if (bytes.size() - at < kFrame) return {};
   const std::uint32_t length = FixedAt(bytes, at);

@@ -329,10 +329,20 @@ bool FileActions::SaveDocument() {
     const FileWork work(p_.document);
     written = p_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow));
   }
-  if (!written) return false;
-  if (!first) remember();
-  // A plain text gets all of them, whatever the answer was.
-  Saved(lastRow == p_.list.Rows() - 1 || p_.formats.CurrentFormatIndex == kPlainTextIndex);
+  if (written) {
+    if (!first) remember();
+    Saved(HoldsAll(lastRow));
+  }
+  FileWorkEnded();
+  return written;
+}
+
+bool FileActions::HoldsAll(Row lastRow) const {
+  if (p_.formats.CurrentFormatIndex != kPlainTextIndex) return lastRow == p_.list.Rows() - 1;
+  // A plain text gets all captions, whatever the answer was, and none of their times.
+  for (Row row = 1; row < p_.list.Rows(); ++row) {
+    if (p_.list.At(row).start != 0 || p_.list.At(row).end != 0) return false;
+  }
   return true;
 }
 

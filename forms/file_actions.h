@@ -76,7 +76,7 @@ class FileActions {
   /// The document has gone, or another is about to come.
   Signal<> Left;
 
-  /// A file was read; what waited for that can be done.
+  /// A file was read or written; what waited for that can be done.
   Signal<> FileWorkEnded;
 
   void New();
@@ -109,6 +109,8 @@ class FileActions {
   bool HasUnsaved() const;
   /// Saves as the user asked for by Yes; false when there is no file with the captions behind it.
   bool SaveBeforeLeaving();
+  /// The file that was written with the captions up to a row holds all that the document has.
+  bool HoldsAll(Row lastRow) const;
   /// The part of `SaveAs` that may be broken off, or fail, at any place.
   bool ChooseAndSave();
   void LoadSteps(const Text& path, class CarryOn& step);

@@ -126,7 +126,7 @@ void JournalKeeper::WriteBatch() {
 }
 
 void JournalKeeper::TakeFailure() {
-  if (store_->TakeLost()) {
+  if (store_->TakeLost() && state_ != State::NothingToLose) {
     batch_.Clear();
     state_ = State::WantsSnapshot;
   }

@@ -270,6 +270,7 @@ bool Program::Start() {
   folders.FormatIniPath = folders.AppFolder + u"formats.ini";
   folders.FormatDatPath = folders.AppFolder + u"formats.dat";
   step([&] { LoadSettings(store, options); });
+  settingsTrouble_ = store.LastFailure();
   step([&] { languages.LoadStored(); });
   if (step.Last()) {
     ports_.messages.Show({u"Error ignored on start window initialization.", BoxIcon::Warning});
@@ -309,6 +310,10 @@ void Program::OpenOnFirstRun() {
 
 void Program::OnFirstActivation() {
   const Text path = std::exchange(startFile_, {});
+  if (!settingsTrouble_.empty()) {
+    const Text told = Fill(strings[Message::SettingsUnreadable], environment_.settingsFile, settingsTrouble_);
+    ports_.messages.Show({told, BoxIcon::Warning});
+  }
   const bool restored = OfferRestore();
   if (path.empty()) return;
   if (!restored) return files.OpenStartFile(path);

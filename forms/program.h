@@ -206,6 +206,7 @@ class Program final : private FormatHost {
   void SavedAsUtf8(const DocumentEncoding& lacking) override;
 
   Text startFile_;
+  Text settingsTrouble_;          ///< why the settings could not be read; empty when they were
   std::size_t stepsOfRules_ = 0;  ///< steps to take back when the rules had run
   bool leaveJournal_ = false;     ///< the document that goes leaves its journal to the next start
 };

@@ -27,6 +27,7 @@ namespace {
 constexpr int kErrorNoPlayer = 429;
 constexpr int kStateNothing = 0;
 constexpr double kSameInstant = 0.005;
+constexpr double kUsualPicture = 0.04;  // seconds
 constexpr double kTicksASecond = 1000;  // some containers tell the ticks of their clock in place of the pictures
 constexpr double kNothing = 0.001;      // less than this of the film can't be played
 
@@ -332,7 +333,8 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       ControlsChange();
       break;
     case MpvNews::Kind::FrameRate:
-      if (news.number > 0 && news.number < kTicksASecond) clock_.SetFrameDuration(1 / news.number);
+      // A film that doesn't tell its rate has none of the film before.
+      clock_.SetFrameDuration(news.number > 0 && news.number < kTicksASecond ? 1 / news.number : kUsualPicture);
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;

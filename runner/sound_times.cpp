@@ -8,7 +8,11 @@ namespace cuewright {
 namespace {
 
 constexpr double kFirst = 0.005;  // seconds
-constexpr double kGap = 0.01;     // some containers round each packet's time to ms
+/// Encoders begin with up to so many seconds that no player lets be heard.
+constexpr double kEncoderDelay = 0.03;
+/// A length of packets that fewer than one in so many have is none of the encoder's own.
+constexpr long long kSeldom = 50;
+constexpr double kGap = 0.01;  // some containers round each packet's time to ms
 constexpr std::size_t kMostStreams = 64;
 constexpr std::size_t kLongestLine = 4096;
 
@@ -50,12 +54,26 @@ void SoundTimes::TakeLine(const std::string& line) {
 void SoundTimes::TakePacket(Stream& stream, std::int64_t pts, std::int64_t duration) {
   const double start = static_cast<double>(pts) * stream.unit;
   const double expected = stream.end.value_or(0);
-  if (std::abs(start - expected) > (stream.end ? kGap : kFirst)) even_ = false;
+  const double off = start - expected;
+  if (stream.end ? std::abs(off) > kGap : off > kFirst || off < -kEncoderDelay) even_ = false;
   const double length = static_cast<double>(duration) * stream.unit;
-  // Some containers tell a gap as a long packet.
-  stream.shortest = std::min(stream.shortest, length);
-  if (length > 2 * stream.shortest + kGap) even_ = false;
+  ++stream.packets;
+  ++stream.lengths[std::llround(length * 1000)];
   stream.end = start + length;
+}
+
+bool SoundTimes::Even() const {
+  if (!even_) return false;
+  for (const Stream& stream : streams_) {
+    for (const auto& [length, count] : stream.lengths) {
+      // Some containers tell a gap as a long packet. Packets of one sound may differ in length, but all lengths are
+      // frequent.
+      const bool longer =
+          static_cast<double>(length) > 2 * static_cast<double>(stream.lengths.begin()->first) + kGap * 1000;
+      if (longer && count * kSeldom < stream.packets + kSeldom) return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace cuewright

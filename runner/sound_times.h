@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,14 +17,15 @@ class SoundTimes {
   void Take(std::string_view bytes);
 
   /// False when the sound begins early or late, or has a gap, by more than a listener might notice.
-  bool Even() const { return even_; }
+  bool Even() const;
 
  private:
   struct Stream {
     bool sound = false;
     double unit = 0;  // seconds
     std::optional<double> end;
-    double shortest = 1;  // length of a packet
+    long long packets = 0;
+    std::map<long long, long long> lengths;  // of the packets in ms, and how many have each
   };
 
   void TakeLine(const std::string& line);
@@ -32,7 +34,7 @@ class SoundTimes {
 
   std::string rest_;
   std::vector<Stream> streams_;
-  bool even_ = true;
+  bool even_ = true;  // as far as one packet tells
 };
 
 }  // namespace cuewright

@@ -102,9 +102,11 @@ TEST_F(BatchStreams, AHyphenIsTheStandardInput) {
 
 TEST_F(BatchStreams, AFileThatIsReadIsNoOutputBehindIt) {
   Write("a.srt", kSubRip);
-  const ProcessResult result = Shell("\"$B\" convert a.srt --to SUBRIP --out - >> a.srt");
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(Read("a.srt"), kSubRip);
+  for (const std::string name : {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+    const ProcessResult result = Shell("\"$B\" convert a.srt --to SUBRIP --out " + name + " >> a.srt");
+    EXPECT_EQ(result.status, 1) << name;
+    EXPECT_EQ(Read("a.srt"), kSubRip) << name;
+  }
 }
 
 TEST_F(BatchStreams, WhatIsToldStaysOutOfTheFileOnTheOutput) {
@@ -115,6 +117,15 @@ TEST_F(BatchStreams, WhatIsToldStaysOutOfTheFileOnTheOutput) {
   const ProcessResult rules = Shell("\"$B\" rules a.srt --to MICRODVD --out -");
   EXPECT_EQ(rules.out.substr(0, 10), "{310}{380}");
   EXPECT_EQ(rules.status, 0);
+}
+
+TEST_F(BatchStreams, SettingsThatCantBeReadAreTold) {
+  Write("a.srt", kSubRip);
+  // Larger than any file of settings may be.
+  Write("huge.ini", std::string(20 << 20, '\n'));
+  const ProcessResult result = Shell("\"$B\" dump a.srt --settings huge.ini");
+  EXPECT_EQ(result.status, 2);
+  EXPECT_NE(result.error.find("huge.ini"), std::string::npos) << result.error;
 }
 
 TEST_F(BatchStreams, AFullOutputFails) {

@@ -57,6 +57,15 @@ TEST_F(Journal, GivesTheDocumentBackAsItWas) {
   EXPECT_EQ(reading.validBytes, bytes.size());
 }
 
+// A first record that is all there was not cut off, whatever its length says.
+TEST_F(Journal, ADamagedLengthOfTheFirstRecordIsDamage) {
+  std::string bytes = File({JournalSnapshot(Sample())});
+  const std::size_t length = kJournalMagic.size();
+  bytes[length + 2] = static_cast<char>(bytes[length + 2] ^ 0x40);
+  EXPECT_EQ(ReadJournal(bytes).fault, JournalFault::Damaged);
+  EXPECT_EQ(ReadJournal(std::string_view(bytes).substr(0, bytes.size() - 1)).fault, JournalFault::CutOff);
+}
+
 TEST_F(Journal, AppliesItsBatchesInTheirOrder) {
   list.SetCaptionStart(1, 1500, false);
   list.AddCaption(7, 8, u"new", 2);

@@ -499,5 +499,12 @@ TEST_F(MissingPlayer, AFormatFileThatIsMissingEndsTheProgram) {
   EXPECT_NE(ToUtf8(boxes.shown[1].text).find("formats.dat]"), std::string::npos);
 }
 
+TEST_F(ProgramFixture, SettingsThatCantBeReadAreToldAtTheStart) {
+  folder.Write("settings.ini", std::string(20 << 20, '\n'));
+  Restart({});
+  program->OnFirstActivation();
+  EXPECT_NE(LastBox().find("settings.ini could not be read"), std::string::npos) << LastBox();
+}
+
 }  // namespace
 }  // namespace cuewright

@@ -181,6 +181,15 @@ TEST_F(QuestionBeforeLoss, ClassicThatQuestionHasTwoAnswers) {
   EXPECT_EQ(folder.Read("a.srt").find("line 2"), std::string::npos);
 }
 
+TEST_F(QuestionBeforeLoss, ComesWhereAPlainTextLeftTheTimesOut) {
+  Type(u"a night's work");
+  ChooseFormat(u"PLAINTEXT");
+  dialogs.paths = {folder / "copy.txt"};
+  EXPECT_TRUE(program->files.SaveAs());
+  EXPECT_NE(folder.Read("copy.txt").find("a night's work"), std::string::npos);
+  EXPECT_TRUE(Asks());
+}
+
 struct YesToTheQuestion : QuestionBeforeLoss {
   YesToTheQuestion() { Type(u"a night's work"); }
 };
@@ -354,6 +363,17 @@ TEST_F(WhileAFileIsRead, NothingIsSavedAndNoCaptureBegins) {
   EXPECT_FALSE(files.Exists(folder / "b.srt"));
   EXPECT_TRUE(Window().mnuEdit.Enabled());
   EXPECT_TRUE(Window().mnuTools.Enabled());
+}
+
+TEST_F(WhileAFileIsRead, TheEndOfASaveIsToldToo) {
+  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  int ended = 0;
+  program->files.FileWorkEnded.Connect([&] {
+    ++ended;
+    EXPECT_FALSE(program->document.FileInWork);
+  });
+  program->files.Save();
+  EXPECT_EQ(ended, 1);
 }
 
 TEST_F(WhileAFileIsRead, ItsEndIsTold) {
