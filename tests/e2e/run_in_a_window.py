@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Runs the runner without a terminal: its window shows how far it is and cancels, and a failure stays in it until it was
-seen.
+seen, or the runner is told to end.
 
     run_in_a_window.py RUNNER FOLDER
 """
@@ -8,6 +8,7 @@ seen.
 import os
 import subprocess
 import sys
+import time
 
 import desktop
 
@@ -71,6 +72,15 @@ def main():
     status, log = runner.ended()
     assert status == 1, (status, log)
     assert "isn't known" in log, log
+
+    # Nobody has to see a failure before a session can end.
+    runner = Runner(binary, os.path.join(folder, "bad.vcf"), folder)
+    desktop.wait_for("the failure", lambda: any("isn't known" in node.name for node in runner.all("label")))
+    began = time.monotonic()
+    runner.process.terminate()
+    status, log = runner.ended()
+    assert status == 1 and time.monotonic() - began < 2, (status, log)
+    desktop.wait_for("the window to go", lambda: not runner.window_id("^Tessaly Cuewright$"))
 
 
 main()
