@@ -103,6 +103,18 @@ TEST_F(Commands, NextUntimedMovesOrSaysThatThereIsNone) {
   EXPECT_EQ(boxes.shown.size(), 2u);
 }
 
+TEST_F(Commands, NextUntimedBringsItsRowIntoView) {
+  Open(100);
+  program->grid.NoteMetrics(220, 20);  // ten rows and the heading
+  List().SetCaptionStart(50, 0, true);
+  List().SetRow(1, true);
+  ASSERT_EQ(program->grid.TopRow(), 1);
+  Window().mnuNextUntimed.Click();
+  ASSERT_EQ(List().Selected(), 50);
+  EXPECT_LE(program->grid.TopRow(), 50);
+  EXPECT_GT(program->grid.TopRow() + 10, 50);
+}
+
 TEST_F(Commands, TogglingAStyleShowsItInThePaneAndTheMenu) {
   Open(2);
   Window().mnuItalic.Click();

@@ -216,6 +216,32 @@ TEST_F(UndoInTheWindow, DuringACaptureTakesItsStartBackAndNoEndComesBehind) {
   EXPECT_EQ(List().At(1), (Caption{1100, 1900, u"line 1"}));
 }
 
+TEST_F(UndoInTheWindow, OfACaptureLeavesNoEndThatTheNextOneCouldJoin) {
+  program->options.ApplyWhen = 1;
+  program->options.DurationOn = 0;
+  program->options.AutoJoin = 1;
+  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  Play(folder.Write("film.mkv", "x"));
+  const auto captured = [&](double from, double to) {
+    List().SetRow(1, false);
+    At(from);
+    Key(66, true);
+    At(to);
+    Key(66, false);
+    return List().At(1);
+  };
+  EXPECT_EQ(captured(50, 52), (Caption{50000, 52000, u"line 1"}));
+  ASSERT_EQ(program->capture.PriorCaptionEnd(), 52000);
+  Window().mnuUndo.Click();
+  EXPECT_EQ(program->capture.PriorCaptionEnd(), std::nullopt);
+  EXPECT_EQ(captured(52.1, 54), (Caption{52100, 54000, u"line 1"}));
+  Window().mnuUndo.Click();
+  Window().mnuRedo.Click();
+  EXPECT_EQ(List().At(1), (Caption{52100, 54000, u"line 1"}));
+  EXPECT_EQ(program->capture.PriorCaptionEnd(), std::nullopt);
+  EXPECT_EQ(captured(54.1, 56), (Caption{54100, 56000, u"line 1"}));
+}
+
 TEST_F(UndoInTheWindow, OfTheSeparatorBringsItBackInTheMenuAndInTheStore) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuSeparator[2].Click();
