@@ -161,7 +161,7 @@ bool AudioWizard::MayLeave() {
 }
 
 bool AudioWizard::MayOverwrite() {
-  if (target_ == p_.document.VideoPath) {
+  if (target_ == p_.document.VideoPath || p_.ports.files.SameFile(target_, p_.document.VideoPath)) {
     p_.ports.messages.Show({p_.strings[Message::FilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok,
                             WithoutDots(p_.strings[Message::SaveAs])});
     return false;

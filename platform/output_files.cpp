@@ -119,12 +119,7 @@ std::unique_ptr<OutputFile> PosixOutputFiles::Begin(TextView target) {
 
 std::unique_ptr<WorkFolder> PosixOutputFiles::MakeWorkFolder() { return std::make_unique<PosixWorkFolder>(); }
 
-bool PosixOutputFiles::SameFile(TextView a, TextView b) const {
-  struct stat first {};
-  struct stat second {};
-  return ::stat(ToUtf8(a).c_str(), &first) == 0 && ::stat(ToUtf8(b).c_str(), &second) == 0 &&
-         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
-}
+bool PosixOutputFiles::SameFile(TextView a, TextView b) const { return PosixFiles().SameFile(a, b); }
 
 Text PosixOutputFiles::Absolute(TextView path) const {
   std::error_code error;

@@ -217,6 +217,13 @@ bool PosixFiles::Exists(TextView path) const {
   return !path.empty() && ::stat(ToUtf8(path).c_str(), &info) == 0;
 }
 
+bool PosixFiles::SameFile(TextView a, TextView b) const {
+  struct stat first {};
+  struct stat second {};
+  return ::stat(ToUtf8(a).c_str(), &first) == 0 && ::stat(ToUtf8(b).c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 bool PosixFiles::IsRegular(TextView path) const {
   struct stat info {};
   return ::stat(ToUtf8(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);

@@ -18,6 +18,7 @@ class PosixFiles : public Files {
 
   bool Exists(TextView path) const override;
   bool IsRegular(TextView path) const override;
+  bool SameFile(TextView a, TextView b) const override;
   std::uint64_t Size(TextView path) const override;
   std::string Read(TextView path, std::uint64_t limit) const override;
   std::unique_ptr<FileReader> OpenToRead(TextView path) const override;

@@ -44,6 +44,9 @@ class Files {
   /// True for a regular file, also behind a link.
   virtual bool IsRegular(TextView path) const = 0;
 
+  /// True when both paths lead to one file that exists.
+  virtual bool SameFile(TextView a, TextView b) const { return a == b && Exists(a); }
+
   /// Size of a regular file in bytes; run-time error when there is none.
   virtual std::uint64_t Size(TextView path) const = 0;
 

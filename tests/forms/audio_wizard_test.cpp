@@ -183,6 +183,24 @@ TEST_F(AudioWizardPages, TheTargetIsAlwaysAWave) {
   EXPECT_EQ(folder.Read("other.wav"), "old");
 }
 
+TEST_F(AudioWizardPages, TheFilmItselfIsNoTargetByAnyOfItsNames) {
+  OpenFiles();
+  std::filesystem::create_symlink(folder.Bytes("film.avi"), folder.Bytes("link.wav"));
+  std::filesystem::create_hard_link(folder.Bytes("film.avi"), folder.Bytes("same.wav"));
+  std::filesystem::create_directory_symlink(folder.Path(), folder.Bytes("here"));
+  OpenWizard();
+  GoTo(3);
+  for (const char* name : {"link.wav", "same.wav", "here/film.avi", "./film.avi"}) {
+    boxes.shown.clear();
+    Audio().txtSave.SetText(folder / name);
+    boxes.answers = {BoxAnswer::Yes};
+    Audio().cmdNext.Click();
+    EXPECT_EQ(Audio().AudioStep(), 3) << name;
+    EXPECT_TRUE(Shows(Message::FilmIsNoTarget)) << name;
+  }
+  EXPECT_EQ(folder.Read("film.avi"), "film");
+}
+
 TEST_F(AudioWizardPages, TheFilmItselfIsNoTarget) {
   OpenFiles();
   OpenWizard();

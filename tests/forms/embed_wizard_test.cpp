@@ -486,6 +486,18 @@ TEST_F(EmbedChecks, TheFilmItselfIsNoTarget) {
   EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
 }
 
+TEST_F(EmbedChecks, TheFilmItselfIsNoTargetByAnyOfItsNames) {
+  OpenFiles();
+  std::filesystem::create_symlink(folder.Bytes("film.avi"), folder.Bytes("link.avi"));
+  OpenWizard();
+  GoTo(2);
+  Embed().txtSave.SetText(folder / "link.avi");
+  boxes.answers = {BoxAnswer::Yes};
+  Embed().cmdNext.Click();
+  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
+}
+
 TEST_F(EmbedChecks, ASecondPressWhileTheFirstIsBusyDoesNothing) {
   OpenFiles();
   folder.Write("film[sub].avi", "old");
