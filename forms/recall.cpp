@@ -9,7 +9,7 @@ Recall::Recall(MainWindow& window, SettingsStore& store, const Files& files, con
 
 Text Recall::LastFolder(FileKind kind) const {
   const Text& own = kind == FileKind::Subtitle ? folders_.Documents : folders_.Films;
-  const Text kept = store_.GetSetting(kMainSection, u"LastFolder", {});
+  Text kept = store_.GetSetting(kMainSection, u"LastFolder", {});
   if (!kept.empty()) return kept;
   return own.empty() ? folders_.AppFolder : own;
 }

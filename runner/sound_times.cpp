@@ -8,8 +8,6 @@ namespace cuewright {
 namespace {
 
 constexpr double kFirst = 0.005;  // seconds
-/// Encoders begin with up to so many seconds that no player lets be heard.
-constexpr double kEncoderDelay = 0.03;
 /// A length of packets that fewer than one in so many have is none of the encoder's own.
 constexpr long long kSeldom = 50;
 constexpr double kGap = 0.01;  // some containers round each packet's time to ms
@@ -54,8 +52,7 @@ void SoundTimes::TakeLine(const std::string& line) {
 void SoundTimes::TakePacket(Stream& stream, std::int64_t pts, std::int64_t duration) {
   const double start = static_cast<double>(pts) * stream.unit;
   const double expected = stream.end.value_or(0);
-  const double off = start - expected;
-  if (stream.end ? std::abs(off) > kGap : off > kFirst || off < -kEncoderDelay) even_ = false;
+  if (std::abs(start - expected) > (stream.end ? kGap : kFirst)) even_ = false;
   const double length = static_cast<double>(duration) * stream.unit;
   ++stream.packets;
   ++stream.lengths[std::llround(length * 1000)];
