@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/numbers.h"
@@ -76,7 +77,7 @@ int RunJobs(const std::string& script, std::vector<RunJob> jobs, RunParts parts,
   const std::int64_t began = NowMs();
   std::string failure;
   {
-    ScriptRun run(parts, std::move(jobs));
+    ScriptRun run(std::move(parts), std::move(jobs));
     for (;;) {
       const ScriptRun::State state = run.Step(kStepMs);
       for (const std::string& note : run.TakeNotes()) display.Note(note);
