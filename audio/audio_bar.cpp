@@ -270,7 +270,7 @@ void AudioBar::Follow() {
 }
 
 void AudioBar::FollowSteps() {
-  cursorEntry_ = p_.preview.PlayerPosMs() / kMsAColumn * 2;
+  cursorEntry_ = p_.sample.PlayerPosMs() / kMsAColumn * 2;
   const int state = p_.player.PlayState();
   if (state != kPlayerPlaying || cursorEntry_ > peaks_.PeakCount()) {
     if (state == kPlayerStopped && view_.scrollPos > 0 && !HoldsDrag()) DrawWave(0);

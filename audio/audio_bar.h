@@ -6,16 +6,16 @@
 #include "audio/wave_peaks.h"
 #include "audio/wave_reader.h"
 #include "audio/wave_view.h"
+#include "capture/main_window.h"
+#include "capture/preview.h"
 #include "core/app_options.h"
 #include "core/caption_list.h"
 #include "core/document.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "core/ports/player.h"
-#include "core/preview.h"
 #include "core/signal.h"
 
 namespace cuewright {
@@ -25,6 +25,7 @@ struct AudioBarParts {
   MainWindow& window;
   CaptionList& list;
   Preview& preview;
+  PlayerSample& sample;
   DocumentState& document;
   AppOptions& options;
   const LangStrings& strings;

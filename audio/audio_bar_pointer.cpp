@@ -58,7 +58,7 @@ void AudioBar::Seek(int x) {
   marks.seeking = true;
   SetMarks(marks);
   const std::int32_t ms = (x + view_.scrollPos) * kMsAPixel;
-  p_.preview.SetPlayerPosMs(ms);
+  p_.sample.SetPlayerPosMs(ms);
   p_.player.SetCurrentPosition(ms / kMsASecond);
 }
 

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

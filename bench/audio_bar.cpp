@@ -78,7 +78,7 @@ void TickWithoutPageTurn(benchmark::State& state, Program& program) {
   std::int32_t ms = 0;
   for (auto _ : state) {
     ms = (ms + 20) % 19000;
-    program.preview.SetPlayerPosMs(ms);
+    program.sample.SetPlayerPosMs(ms);
     program.window.tmrWave.Tick();
   }
 }

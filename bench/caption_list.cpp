@@ -9,8 +9,8 @@
 #include <QMenu>
 #include <memory>
 
-#include "core/caption_panel.h"
-#include "core/timing_capture.h"
+#include "capture/caption_panel.h"
+#include "capture/timing_capture.h"
 #include "forms/caption_commands.h"
 #include "platform/posix_files.h"
 #include "tests/support/fakes.h"
@@ -55,8 +55,10 @@ struct Desk {
   CaptionList list{options, document.DocModified};
   CaptionGrid grid{list};
   CaptionPanel panel{window, list, grid, strings};
-  Preview preview{window, sub, list, grid, document, options, player};
-  TimingCapture capture{window, list, grid, document, options, strings, player, preview};
+  Workbench bench{window, list, grid, document, options, strings};
+  PlayerSample sample;
+  Preview preview{bench, sub, player, sample};
+  TimingCapture capture{bench, player, sample, preview};
   CaptionCommands commands{window,  list,  grid,  panel,   document, options,
                            strings, boxes, store, preview, capture,  events};
   QMenu menu;

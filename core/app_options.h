@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "core/manner.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -8,7 +8,7 @@
 #include "core/edit_kind.h"
 #include "core/row_store.h"
 #include "core/signal.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "core/signal.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

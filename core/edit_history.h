@@ -8,7 +8,7 @@
 #include "core/caption_list.h"
 #include "core/edit_kind.h"
 #include "core/signal.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

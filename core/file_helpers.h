@@ -2,7 +2,7 @@
 
 #include "core/ports/event_queue.h"
 #include "core/ports/files.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/message.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

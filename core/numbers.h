@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "core/runtime_error.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

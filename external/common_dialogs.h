@@ -4,7 +4,7 @@
 
 #include "core/ports/file_dialogs.h"
 #include "core/ports/pickers.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -4,7 +4,7 @@
 
 #include "core/runtime_error.h"
 #include "external/registry_roots.h"
-#include "formats/text_search.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {

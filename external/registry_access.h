@@ -5,11 +5,11 @@
 #include <variant>
 #include <vector>
 
-#include "core/form/controls.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/files.h"
 #include "external/registry_calls.h"
-#include "formats/encodings.h"
+#include "form/controls.h"
+#include "text/encodings.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

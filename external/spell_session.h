@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "core/ports/spelling.h"
-#include "core/text.h"
 #include "external/spell_words.h"
 #include "external/user_words.h"
+#include "text/text.h"
 
 namespace cuewright {
 

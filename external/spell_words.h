@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

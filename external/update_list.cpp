@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "core/numbers.h"
-#include "formats/profile.h"
-#include "formats/utf8.h"
+#include "text/profile.h"
+#include "text/utf8.h"
 
 namespace cuewright {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "core/ports/files.h"
 #include "core/product.h"
-#include "core/text.h"
-#include "formats/encodings.h"
+#include "text/encodings.h"
+#include "text/text.h"
 
 namespace cuewright {
 

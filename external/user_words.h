@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/ports/files.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

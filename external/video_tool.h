@@ -6,7 +6,7 @@
 #include "core/ports/event_queue.h"
 #include "core/ports/files.h"
 #include "core/ports/processes.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "core/runtime_error.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

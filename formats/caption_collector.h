@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "core/caption_list.h"
-#include "core/text.h"
 #include "formats/definition.h"
-#include "formats/text_search.h"
+#include "text/text.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 

@@ -5,8 +5,9 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "formats/text_search.h"
-#include "formats/utf8.h"
+#include "formats/text_pieces.h"
+#include "text/text_search.h"
+#include "text/utf8.h"
 
 namespace cuewright {
 namespace {
@@ -88,7 +89,7 @@ class RecordWriter {
   static TextView RecordOf(const WriteJob& job) {
     TextView record = job.definition.recordText;
     // The CR that ends the record is cut; an empty record has none to cut.
-    job.errors([&] { record = Left(record, static_cast<std::ptrdiff_t>(record.size()) - 1); });
+    job.errors([&] { record = Beginning(record, static_cast<std::ptrdiff_t>(record.size()) - 1); });
     return record;
   }
 

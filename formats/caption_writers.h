@@ -8,11 +8,11 @@
 #include "core/caption_list.h"
 #include "core/ports/files.h"
 #include "core/runtime_error.h"
-#include "core/text.h"
-#include "formats/codec.h"
 #include "formats/definition.h"
-#include "formats/encodings.h"
 #include "formats/timecode.h"
+#include "text/codec.h"
+#include "text/encodings.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "core/runtime_error.h"
-#include "formats/text_file.h"
-#include "formats/utf8.h"
+#include "text/text_file.h"
+#include "text/utf8.h"
 
 namespace cuewright {
 namespace {

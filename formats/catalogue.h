@@ -9,9 +9,9 @@
 #include "core/lang_strings.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
-#include "core/text.h"
-#include "formats/encodings.h"
-#include "formats/profile.h"
+#include "text/encodings.h"
+#include "text/profile.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -6,10 +6,10 @@
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
 #include "core/ports/settings_reader.h"
-#include "core/text.h"
 #include "formats/catalogue.h"
 #include "formats/format_host.h"
 #include "formats/format_state.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "formats/import.h"
-#include "formats/text_search.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {

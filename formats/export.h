@@ -7,9 +7,9 @@
 #include "core/caption_list.h"
 #include "core/ports/files.h"
 #include "core/runtime_error.h"
-#include "core/text.h"
 #include "formats/definition.h"
-#include "formats/encodings.h"
+#include "text/encodings.h"
+#include "text/text.h"
 
 namespace cuewright {
 

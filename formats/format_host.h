@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "core/text.h"
-#include "formats/encodings.h"
+#include "text/encodings.h"
+#include "text/text.h"
 
 namespace cuewright {
 

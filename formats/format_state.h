@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "formats/encodings.h"
+#include "text/encodings.h"
 
 namespace cuewright {
 

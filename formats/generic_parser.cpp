@@ -4,8 +4,9 @@
 #include "core/numbers.h"
 #include "formats/line_parsers.h"
 #include "formats/record_pieces.h"
+#include "formats/text_pieces.h"
 #include "formats/text_run.h"
-#include "formats/text_search.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {
@@ -425,12 +426,12 @@ class GenericParser final : public LineParser {
                           EqualLoose(masked_.substr(0, pieces_.endLeadLength + maskLength_), pieces_.endMask.Value());
       if (!closes) {
         errors_([&] {
-          const TextView more = Left(line_, cut);
+          const TextView more = Beginning(line_, cut);
           captions_.AddLine(more);
         });
       }
     } else if (!StartsRecord()) {
-      errors_([&] { text = Left(line_, cut); });
+      errors_([&] { text = Beginning(line_, cut); });
     }
     const Text& separator = captions_.Separator();
     if (!separator.empty() && text.ends_with(separator)) text.resize(text.size() - separator.size());

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "core/ports/settings_reader.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

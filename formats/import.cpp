@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "formats/text_search.h"
 #include "formats/timecode.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {

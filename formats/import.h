@@ -9,11 +9,11 @@
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "core/runtime_error.h"
-#include "core/text.h"
 #include "formats/definition.h"
-#include "formats/encodings.h"
 #include "formats/line_parsers.h"
-#include "formats/text_file.h"
+#include "text/encodings.h"
+#include "text/text.h"
+#include "text/text_file.h"
 
 namespace cuewright {
 

@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "formats/line_parsers.h"
-#include "formats/text_search.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 

@@ -3,8 +3,9 @@
 #include <array>
 
 #include "core/numbers.h"
+#include "formats/text_pieces.h"
 #include "formats/text_run.h"
-#include "formats/text_search.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {

@@ -3,12 +3,12 @@
 #include <memory>
 
 #include "core/runtime_error.h"
-#include "core/text.h"
 #include "formats/caption_collector.h"
 #include "formats/definition.h"
 #include "formats/record_pieces.h"
-#include "formats/text_file.h"
 #include "formats/timecode.h"
+#include "text/text.h"
+#include "text/text_file.h"
 
 namespace cuewright {
 

@@ -1,6 +1,7 @@
 #include "formats/record_pieces.h"
 
-#include "formats/text_search.h"
+#include "formats/text_pieces.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {

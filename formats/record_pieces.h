@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/runtime_error.h"
-#include "core/text.h"
 #include "formats/definition.h"
+#include "text/text.h"
 
 namespace cuewright {
 

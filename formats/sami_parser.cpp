@@ -5,8 +5,8 @@
 #include "core/numbers.h"
 #include "formats/line_parsers.h"
 #include "formats/text_run.h"
-#include "formats/text_search.h"
-#include "formats/utf8.h"
+#include "text/text_search.h"
+#include "text/utf8.h"
 
 namespace cuewright {
 namespace {

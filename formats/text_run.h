@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "formats/caption_collector.h"
-#include "formats/text_file.h"
+#include "text/text_file.h"
 
 namespace cuewright {
 

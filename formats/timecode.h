@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/text.h"
 #include "formats/definition.h"
+#include "text/text.h"
 
 namespace cuewright {
 

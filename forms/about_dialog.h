@@ -1,11 +1,11 @@
 #pragma once
 
 #include "core/app_options.h"
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
 #include "core/ports/system_info.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "formats/catalogue.h"
 #include "settings/languages.h"
 

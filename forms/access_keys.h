@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

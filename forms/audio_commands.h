@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "audio/audio_bar.h"
-#include "core/form/main_window.h"
+#include "capture/main_window.h"
 #include "core/lang_strings.h"
 #include "forms/audio_dialog.h"
 #include "forms/ports.h"

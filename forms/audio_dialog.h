@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "settings/store.h"
 
 namespace cuewright {

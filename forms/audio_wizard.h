@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "forms/wizard_parts.h"
 
 namespace cuewright {

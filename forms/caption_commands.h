@@ -1,15 +1,15 @@
 #pragma once
 
-#include "core/caption_grid.h"
+#include "capture/caption_grid.h"
+#include "capture/caption_panel.h"
+#include "capture/main_window.h"
+#include "capture/preview.h"
+#include "capture/timing_capture.h"
 #include "core/caption_list.h"
-#include "core/caption_panel.h"
 #include "core/document.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/messages.h"
-#include "core/preview.h"
-#include "core/timing_capture.h"
 #include "settings/store.h"
 
 namespace cuewright {

@@ -3,10 +3,10 @@
 #include <cstdint>
 
 #include "core/caption_list.h"
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 
 namespace cuewright {
 

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "core/caption_grid.h"
-#include "core/form/main_window.h"
+#include "capture/caption_grid.h"
+#include "capture/main_window.h"
 #include "forms/export_dialog.h"
 #include "forms/format_dialog.h"
 #include "forms/settings_dialog.h"

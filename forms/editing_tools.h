@@ -2,8 +2,8 @@
 
 #include <functional>
 
+#include "capture/main_window.h"
 #include "core/caption_list.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "forms/delay_dialog.h"
 #include "forms/find_windows.h"

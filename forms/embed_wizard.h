@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <functional>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "forms/wizard_parts.h"
 
 namespace cuewright {

@@ -2,10 +2,10 @@
 
 #include <functional>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "formats/catalogue.h"
 #include "formats/format_state.h"
 

@@ -2,15 +2,15 @@
 
 #include <functional>
 
+#include "capture/caption_panel.h"
+#include "capture/main_window.h"
+#include "capture/timing_capture.h"
 #include "core/caption_list.h"
-#include "core/caption_panel.h"
 #include "core/document.h"
 #include "core/edit_history.h"
 #include "core/folders.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "core/signal.h"
-#include "core/timing_capture.h"
 #include "formats/catalogue.h"
 #include "formats/definition.h"
 #include "formats/export.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/caption_list.h"
-#include "core/form/controls.h"
 #include "core/lang_strings.h"
+#include "form/controls.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "core/form/main_window.h"
+#include "capture/main_window.h"
 #include "forms/about_dialog.h"
 #include "forms/update_dialog.h"
 

@@ -6,10 +6,10 @@
 
 #include "core/app_options.h"
 #include "core/folders.h"
-#include "core/form/controls.h"
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
 #include "core/ports/files.h"
+#include "form/controls.h"
 #include "forms/help_book.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <functional>
 
+#include "capture/main_window.h"
 #include "core/caption_list.h"
 #include "core/document.h"
-#include "core/form/main_window.h"
 #include "core/journal.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/journal_store.h"

@@ -2,10 +2,10 @@
 
 #include <optional>
 
+#include "capture/main_window.h"
 #include "core/app_options.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
-#include "formats/encodings.h"
+#include "text/encodings.h"
 
 namespace cuewright {
 

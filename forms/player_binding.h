@@ -3,15 +3,15 @@
 #include <functional>
 #include <vector>
 
+#include "capture/main_window.h"
+#include "capture/preview.h"
+#include "capture/sub_window.h"
+#include "capture/timing_capture.h"
 #include "core/document.h"
-#include "core/form/main_window.h"
-#include "core/form/sub_window.h"
 #include "core/lang_strings.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "core/ports/player.h"
-#include "core/preview.h"
-#include "core/timing_capture.h"
 #include "forms/recall.h"
 
 namespace cuewright {

@@ -7,6 +7,7 @@
 #include "core/paths.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
+#include "formats/convert_from_utf8.h"
 #include "forms/help.h"
 #include "settings/options.h"
 
@@ -26,8 +27,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       history(list, document.DocModified),
       grid(list),
       panel(window, list, grid, strings),
-      preview(window, sub, list, grid, document, options, ports_.player),
-      capture(window, list, grid, document, options, strings, ports_.player, preview),
+      preview(Bench(), sub, ports_.player, sample),
+      capture(Bench(), ports_.player, sample, preview),
       timeBoxes(window, list),
       loader(catalogue, formats, store, strings, ports_.messages, *this),
       importer(loader, list, ports_.files, encodings, document.ImportCancelled),
@@ -49,7 +50,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
       tools(window, list, strings, languages, openForms, ports_),
-      audioBar({window, list, preview, document, options, strings, ports_.files, ports_.messages, ports_.events,
+      audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
       audio(window, document, strings, languages, store, recall, audioBar, ports_),
       filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,

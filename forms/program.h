@@ -5,18 +5,18 @@
 
 #include "audio/audio_bar.h"
 #include "audio/film_sound.h"
-#include "core/caption_grid.h"
+#include "capture/caption_grid.h"
+#include "capture/caption_panel.h"
+#include "capture/main_window.h"
+#include "capture/preview.h"
+#include "capture/sub_window.h"
+#include "capture/time_boxes.h"
+#include "capture/timing_capture.h"
 #include "core/caption_list.h"
-#include "core/caption_panel.h"
 #include "core/document.h"
 #include "core/edit_history.h"
 #include "core/folders.h"
-#include "core/form/main_window.h"
-#include "core/form/sub_window.h"
 #include "core/ports/system_info.h"
-#include "core/preview.h"
-#include "core/time_boxes.h"
-#include "core/timing_capture.h"
 #include "external/registry_access.h"
 #include "external/registry_store.h"
 #include "external/vs_filter.h"
@@ -130,6 +130,7 @@ class Program final : private FormatHost {
   EditHistory history;
   CaptionGrid grid;
   CaptionPanel panel;
+  PlayerSample sample;
   Preview preview;
   TimingCapture capture;
   TimeBoxes timeBoxes;
@@ -193,6 +194,7 @@ class Program final : private FormatHost {
   void RestoreDocument(const JournalDocument& restored);
   void ConvertFromUtf8();
   void ApplyLanguage();
+  Workbench Bench() { return {window, list, grid, document, options, strings}; }
   FileActionParts Parts();
   UpdateParts DescribeUpdates();
 

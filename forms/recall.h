@@ -1,7 +1,7 @@
 #pragma once
 
+#include "capture/main_window.h"
 #include "core/folders.h"
-#include "core/form/main_window.h"
 #include "core/ports/files.h"
 #include "forms/recent_files.h"
 #include "settings/store.h"

@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/form/main_window.h"
+#include "capture/main_window.h"
 #include "core/lang_strings.h"
 #include "core/ports/files.h"
 #include "settings/store.h"

@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "core/document.h"
-#include "core/form/controls.h"
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
+#include "form/controls.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"
 #include "tools/report_text.h"

@@ -4,10 +4,10 @@
 #include <optional>
 #include <vector>
 
+#include "capture/main_window.h"
+#include "capture/timing_capture.h"
 #include "core/caption_list.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
-#include "core/timing_capture.h"
 #include "forms/open_forms.h"
 #include "forms/ports.h"
 #include "forms/report_window.h"

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 
 namespace cuewright {
 

@@ -2,11 +2,11 @@
 
 #include <functional>
 
+#include "capture/preview.h"
+#include "capture/timing_capture.h"
 #include "core/document.h"
 #include "core/lang_strings.h"
 #include "core/ports/video_filter.h"
-#include "core/preview.h"
-#include "core/timing_capture.h"
 #include "forms/ports.h"
 #include "forms/settings_window.h"
 #include "settings/dialog_options.h"

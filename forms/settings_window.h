@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 
 namespace cuewright {
 

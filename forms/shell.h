@@ -3,13 +3,13 @@
 #include <functional>
 #include <vector>
 
-#include "core/caption_grid.h"
-#include "core/caption_panel.h"
+#include "capture/caption_grid.h"
+#include "capture/caption_panel.h"
+#include "capture/main_window.h"
+#include "capture/timing_capture.h"
 #include "core/document.h"
 #include "core/folders.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
-#include "core/timing_capture.h"
 #include "forms/caption_commands.h"
 #include "forms/layout_memory.h"
 #include "forms/main_layout.h"

@@ -4,8 +4,8 @@
 #include <map>
 #include <memory>
 
+#include "capture/main_window.h"
 #include "core/caption_list.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 #include "core/ports/spelling.h"
 #include "external/own_word.h"

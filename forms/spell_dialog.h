@@ -2,11 +2,11 @@
 
 #include <functional>
 
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
 #include "external/spell_session.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 
 namespace cuewright {
 

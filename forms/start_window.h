@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "core/folders.h"
-#include "core/form/controls.h"
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
+#include "form/controls.h"
 
 namespace cuewright {
 

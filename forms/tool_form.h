@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "core/form/control.h"
+#include "form/control.h"
 #include "forms/open_forms.h"
 
 namespace cuewright {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "capture/main_window.h"
+#include "capture/preview.h"
+#include "capture/timing_capture.h"
 #include "core/caption_list.h"
 #include "core/edit_history.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
-#include "core/preview.h"
-#include "core/timing_capture.h"
 
 namespace cuewright {
 

@@ -4,17 +4,17 @@
 
 #include "core/app_options.h"
 #include "core/folders.h"
-#include "core/form/controls.h"
-#include "core/form/dialog.h"
 #include "core/lang_strings.h"
 #include "core/ports/locale.h"
 #include "core/ports/web.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
 #include "external/update_list.h"
-#include "formats/encodings.h"
+#include "form/controls.h"
+#include "form/dialog.h"
 #include "forms/ports.h"
 #include "settings/languages.h"
+#include "text/encodings.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include "core/lang_strings.h"
 #include "core/ports/desktop.h"
 #include "core/ports/messages.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

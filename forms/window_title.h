@@ -2,9 +2,9 @@
 
 #include <functional>
 
+#include "capture/main_window.h"
 #include "core/app_options.h"
 #include "core/document.h"
-#include "core/form/main_window.h"
 #include "core/lang_strings.h"
 
 namespace cuewright {

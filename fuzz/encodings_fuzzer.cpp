@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "formats/encodings.h"
-#include "formats/text_file.h"
-#include "formats/utf8.h"
 #include "fuzz/engine.h"
+#include "text/encodings.h"
+#include "text/text_file.h"
+#include "text/utf8.h"
 
 namespace {
 

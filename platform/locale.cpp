@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "formats/codec.h"
+#include "text/codec.h"
 
 namespace cuewright {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

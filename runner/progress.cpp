@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 namespace {

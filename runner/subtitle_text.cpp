@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "core/text.h"
-#include "formats/text_file.h"
+#include "text/text.h"
+#include "text/text_file.h"
 
 namespace cuewright {
 namespace {

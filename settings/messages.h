@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/lang_strings.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -6,7 +6,7 @@
 
 #include "core/ports/files.h"
 #include "core/ports/settings_reader.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

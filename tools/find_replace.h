@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "core/caption_list.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/lang_strings.h"
-#include "core/text.h"
+#include "text/text.h"
 #include "tools/rule_report.h"
 
 namespace cuewright {

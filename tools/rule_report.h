@@ -7,7 +7,7 @@
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
 #include "core/numbers.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -7,7 +7,7 @@
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
 #include "core/runtime_error.h"
-#include "core/text.h"
+#include "text/text.h"
 #include "tools/rule_report.h"
 
 namespace cuewright {

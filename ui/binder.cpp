@@ -16,7 +16,7 @@
 #include <QTextCursor>
 #include <utility>
 
-#include "core/form/mnemonics.h"
+#include "form/mnemonics.h"
 #include "ui/key_codes.h"
 #include "ui/qt_colour.h"
 #include "ui/qt_text.h"

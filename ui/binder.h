@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/form/controls.h"
+#include "form/controls.h"
 
 class QAbstractButton;
 class QCheckBox;

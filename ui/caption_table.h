@@ -4,7 +4,7 @@
 #include <QTableView>
 #include <vector>
 
-#include "core/caption_grid.h"
+#include "capture/caption_grid.h"
 #include "core/caption_list.h"
 #include "forms/caption_commands.h"
 

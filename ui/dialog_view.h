@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <vector>
 
-#include "core/form/dialog.h"
+#include "form/dialog.h"
 #include "ui/binder.h"
 
 class QBoxLayout;

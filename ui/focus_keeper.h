@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "core/form/focus_group.h"
+#include "form/focus_group.h"
 
 namespace cuewright {
 

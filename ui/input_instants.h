@@ -3,7 +3,7 @@
 #include <QObject>
 #include <optional>
 
-#include "core/form/main_window.h"
+#include "capture/main_window.h"
 
 namespace cuewright {
 

@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "core/form/control.h"
+#include "form/control.h"
 
 namespace cuewright {
 

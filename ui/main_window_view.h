@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "core/form/focus_group.h"
+#include "form/focus_group.h"
 #include "forms/program.h"
 #include "ui/binder.h"
 #include "ui/input_instants.h"

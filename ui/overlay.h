@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <vector>
 
-#include "core/form/sub_window.h"
-#include "core/preview.h"
+#include "capture/preview.h"
+#include "capture/sub_window.h"
 
 namespace cuewright {
 

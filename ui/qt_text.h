@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -2,7 +2,7 @@
 
 #include <QTranslator>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "core/ports/processes.h"
-#include "core/text.h"
 #include "runner/progress.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

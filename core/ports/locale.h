@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

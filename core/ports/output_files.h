@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

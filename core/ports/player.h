@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "core/signal.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

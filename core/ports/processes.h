@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

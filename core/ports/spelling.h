@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "core/runtime_error.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

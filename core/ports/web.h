@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/runtime_error.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -76,7 +76,7 @@ class Walk:
         with open(self.settings, "w", encoding="utf-8") as file:
             file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nVFileName=%s\n" % self.film)
         root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-        with open(os.path.join(root, "core/form/main_window.h"), encoding="utf-8") as file:
+        with open(os.path.join(root, "capture/main_window.h"), encoding="utf-8") as file:
             places = menu_places(file.read())
         self.program = desktop.Program(binary, [self.subtitle], {
             "XDG_CONFIG_HOME": self.config, "XDG_STATE_HOME": folder, "CUEWRIGHT_MPV_OPTIONS": "ao=null",

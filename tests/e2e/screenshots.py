@@ -121,7 +121,7 @@ def main():
         file.write("[Brakemoor Works\\Cuewright]\nLanguage=%s\nWindowState=0\nWindowWidth=1100\nWindowHeight=740\n"
                    "VFileName=%s\nM_AUDIOBAR=1\n" % (language, film))
     root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-    with open(os.path.join(root, "core/form/main_window.h"), encoding="utf-8") as file:
+    with open(os.path.join(root, "capture/main_window.h"), encoding="utf-8") as file:
         places = menu_places(file.read())
     program = desktop.Program(binary, [subtitle], {
         "XDG_CONFIG_HOME": run,

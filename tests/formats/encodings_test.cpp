@@ -1,10 +1,11 @@
-#include "formats/encodings.h"
+#include "text/encodings.h"
 
 #include <gtest/gtest.h>
 
-#include "formats/utf8.h"
+#include "formats/convert_from_utf8.h"
 #include "tests/formats/format_rig.h"
 #include "tests/support/printers.h"
+#include "text/utf8.h"
 
 namespace cuewright::testing {
 namespace {

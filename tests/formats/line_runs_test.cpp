@@ -6,10 +6,10 @@
 #include "formats/caption_collector.h"
 #include "formats/line_parsers.h"
 #include "formats/record_pieces.h"
-#include "formats/utf8.h"
 #include "tests/formats/catalogue_documents.h"
 #include "tests/formats/format_rig.h"
 #include "tests/support/printers.h"
+#include "text/utf8.h"
 
 // Lines of the usual form are read straight from their bytes where the code page lets ASCII stand for itself. With a
 // code page of two bytes a character every line is decoded and parsed by itself, which must give the same captions.

@@ -53,7 +53,7 @@ struct AudioBarTest : ProgramFixture {
     List().SetRow(1, false);
   }
   void At(std::int32_t ms) {
-    program->preview.SetPlayerPosMs(ms);
+    program->sample.SetPlayerPosMs(ms);
     Window().tmrWave.Tick();
   }
   void Drag(int from, int to) {
@@ -475,7 +475,7 @@ TEST_F(WaveDragging, InAScrolledWaveTheSpanMayLeaveThePicture) {
 TEST_F(WaveDragging, BesideTheSpanNothingMovesButThePreviewIsRefreshed) {
   OpenAll();
   program->capture.SelectMode(CaptionMode::Preview);
-  program->preview.SetPlayerPosMs(2500);
+  program->sample.SetPlayerPosMs(2500);
   Bar().OnPress(MouseButton::Right, 300);
   EXPECT_EQ(Times(1), (std::pair{1100, 1900}));
   EXPECT_EQ(program->preview.PreviewNextRow(), 2);
@@ -532,7 +532,7 @@ TEST_F(WaveSeeking, ALeftPressPausesSeeksAndGoesOnAtTheRelease) {
   Bar().OnPress(MouseButton::Left, 250);
   EXPECT_EQ(player.state, kPlayerPaused);
   EXPECT_EQ(player.seeks.back(), 2.5);
-  EXPECT_EQ(program->preview.PlayerPosMs(), 2500);
+  EXPECT_EQ(program->sample.PlayerPosMs(), 2500);
   EXPECT_EQ(Marks().position, 250);
   EXPECT_EQ(Marks().positionColor, 0xFFFFFF);
   EXPECT_TRUE(Marks().seeking);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/caption_list.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright {
 

@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace cuewright::testing {
 

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QTest>
 
-#include "core/form/sub_window.h"
+#include "capture/sub_window.h"
 
 namespace cuewright {
 namespace {

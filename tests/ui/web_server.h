@@ -7,7 +7,7 @@
 #include <functional>
 #include <utility>
 
-#include "core/text.h"
+#include "text/text.h"
 #include "ui/qt_text.h"
 
 namespace cuewright::testing {

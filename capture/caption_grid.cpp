@@ -1,0 +1,104 @@
+#include "capture/caption_grid.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace cuewright {
+namespace {
+
+/// Seconds with their tenths: "6.5", "9".
+Text Seconds(std::int32_t ms) {
+  const std::int64_t tenths = (std::int64_t{ms} + 50) / 100;
+  return tenths % 10 == 0 ? Decimal(tenths / 10) : Decimal(tenths / 10) + u"." + Decimal(tenths % 10);
+}
+
+}  // namespace
+
+void CaptionGrid::ShowNotice(TextView notice) {
+  active_ = false;
+  notice_ = notice;
+  topRow_ = 1;
+  Changed();
+}
+
+void CaptionGrid::ShowCaptions() {
+  active_ = true;
+  topRow_ = 1;
+  Changed();
+}
+
+void CaptionGrid::SetEnabled(bool enabled) {
+  if (enabled_ == enabled) return;
+  enabled_ = enabled;
+  Changed();
+}
+
+void CaptionGrid::SetHeadings(std::array<Text, 4> headings) {
+  headings_ = std::move(headings);
+  Changed();
+}
+
+void CaptionGrid::SetSpoken(TextView timed, TextView untimed) {
+  spokenTimed_ = timed;
+  spokenUntimed_ = untimed;
+}
+
+Text CaptionGrid::SpokenCaption(Row row) const {
+  if (!list_.InRange(row)) return {};
+  Text text = ReplaceAll(list_.GetCaptionText(row, true), kLineEnd, u" ");
+  for (const TextView marker : {u"<b>", u"<i>", u"<u>"}) text = ReplaceAll(text, marker, {});
+  const Text form = list_.IsCaptionTimed(row) ? spokenTimed_ : spokenUntimed_;
+  const std::array<Text, 4> values = {Decimal(row), Seconds(list_.GetCaptionStart(row)),
+                                      Seconds(list_.GetCaptionEnd(row)), text};
+  Text spoken;
+  for (std::size_t i = 0; i < form.size(); ++i) {
+    const bool place = form[i] == u'%' && i + 1 < form.size() && form[i + 1] >= u'1' && form[i + 1] <= u'4';
+    if (place) {
+      spoken += values[static_cast<std::size_t>(form[++i] - u'1')];
+    } else {
+      spoken += form[i];
+    }
+  }
+  return spoken;
+}
+
+void CaptionGrid::SetRightToLeft(bool on) {
+  if (rightToLeft_ == on) return;
+  rightToLeft_ = on;
+  Changed();
+}
+
+void CaptionGrid::SetColumnWidths(std::array<int, 4> widths) {
+  if (widths_ == widths) return;
+  widths_ = widths;
+  Changed();
+}
+
+void CaptionGrid::SetFont(TextView name, int size, bool bold) {
+  fontName_ = name;
+  fontSize_ = size;
+  fontBold_ = bold;
+  Changed();
+}
+
+void CaptionGrid::SetTopRow(Row row) {
+  topRow_ = std::max(row, 1);
+  Scrolled();
+}
+
+void CaptionGrid::NoteMetrics(int height, int rowHeight) {
+  height_ = height;
+  rowHeight_ = std::max(rowHeight, 1);
+}
+
+void CaptionGrid::ScrollRow(bool force) {
+  const int visible = height_ / rowHeight_ - 1;
+  const Row selected = list_.Selected();
+  if (selected < topRow_) {
+    SetTopRow(selected);
+  } else if (selected >= topRow_ + visible || (force && selected > topRow_ + visible - 3)) {
+    SetTopRow(std::max(selected - visible + 3, 1));
+  }
+}
+
+}  // namespace cuewright

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "core/caption_list.h"
+#include "core/signal.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// What the list control `grdSubs` shows beside its rows: columns, headings, fonts and what part is in view.
+/// Sizes are in pixels. `Changed` asks for the whole control to be set up anew, `Scrolled` to follow `TopRow`.
+class CaptionGrid {
+ public:
+  explicit CaptionGrid(CaptionList& list) : list_(list) {}
+
+  /// False: one plain column that shows `Notice`, without highlighting.
+  bool Active() const { return active_; }
+  const Text& Notice() const { return notice_; }
+  void ShowNotice(TextView notice);
+  void ShowCaptions();
+
+  bool Enabled() const { return enabled_; }
+  void SetEnabled(bool enabled);
+
+  const std::array<Text, 4>& Headings() const { return headings_; }
+  void SetHeadings(std::array<Text, 4> headings);
+  /// How a caption is read out: of one with times "%1, %2 to %3 seconds, %4" or the like (number, start, end, text), of
+  /// one without "%1, without times, %4".
+  void SetSpoken(TextView timed, TextView untimed);
+  /// What a screen reader says for a row; empty for one out of range.
+  Text SpokenCaption(Row row) const;
+  bool RightToLeft() const { return rightToLeft_; }
+  void SetRightToLeft(bool on);
+
+  const std::array<int, 4>& ColumnWidths() const { return widths_; }
+  void SetColumnWidths(std::array<int, 4> widths);
+
+  /// The font of the rows.
+  const Text& FontName() const { return fontName_; }
+  int FontSize() const { return fontSize_; }
+  bool FontBold() const { return fontBold_; }
+  void SetFont(TextView name, int size, bool bold);
+
+  /// The first visible row, from 1.
+  Row TopRow() const { return topRow_; }
+  void SetTopRow(Row row);
+  /// Takes over the first visible row after the user has scrolled, without telling it back.
+  void NoteTopRow(Row row) { topRow_ = row; }
+
+  /// Height of the control and of one row, as the window measured them.
+  void NoteMetrics(int height, int rowHeight);
+  int Height() const { return height_; }
+  int RowHeight() const { return rowHeight_; }
+
+  /// Keeps the selected row in view; with `force` it stays three rows above the lower edge.
+  void ScrollRow(bool force);
+
+  /// The row under a vertical position counted from the control's top, heading included; it may lie out of range,
+  /// and on the heading it is the row above the first visible one.
+  Row RowAt(int y) const { return y / rowHeight_ + topRow_ - 1; }
+  bool OnHeading(int y) const { return y < rowHeight_; }
+
+  Signal<> Changed;
+  Signal<> Scrolled;
+  Signal<> FocusRequested;
+
+ private:
+  CaptionList& list_;
+  bool active_ = false;
+  bool enabled_ = true;
+  bool rightToLeft_ = false;
+  Text notice_;
+  std::array<Text, 4> headings_;
+  Text spokenTimed_;
+  Text spokenUntimed_;
+  std::array<int, 4> widths_ = {34, 58, 58, 200};
+  Text fontName_;
+  int fontSize_ = 8;
+  bool fontBold_ = false;
+  Row topRow_ = 1;
+  int height_ = 0;
+  int rowHeight_ = 1;
+};
+
+}  // namespace cuewright

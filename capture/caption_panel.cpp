@@ -1,0 +1,58 @@
+#include "capture/caption_panel.h"
+
+#include "core/caption_time.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+
+CaptionPanel::CaptionPanel(MainWindow& window, CaptionList& list, CaptionGrid& grid, const LangStrings& strings)
+    : window_(window), list_(list), grid_(grid), strings_(strings) {
+  list_.RowShown.Connect([this](Row row, bool scroll) { ShowRow(row, scroll); });
+}
+
+void CaptionPanel::ShowStyles(Row row) {
+  window_.mnuBold.SetChecked(list_.IsCaptionBold(row));
+  window_.mnuItalic.SetChecked(list_.IsCaptionItalic(row));
+  window_.mnuUnderline.SetChecked(list_.IsCaptionUnderline(row));
+}
+
+void CaptionPanel::ShowRow(Row row, bool scroll) {
+  ShowStyles(row);
+  window_.txtSub.SetText(list_.GetCaptionText(row, true));
+  shownStart_ = list_.GetCaptionStart(row);
+  shownEnd_ = list_.GetCaptionEnd(row);
+  // A time past what the boxes can show leaves them; the rest of the display goes on.
+  CarryOn step;
+  step([&] { window_.txtTime[0].SetText(MsToTimeText(shownStart_)); });
+  step([&] {
+    // A caption that ends before it starts has no duration to show; what another one left there isn't its own.
+    const bool none = shownEnd_ <= shownStart_ && list_.Options().manner.ShowsTrueDuration();
+    if (shownEnd_ == 0 || none) window_.txtTime[1].SetText(MsToTimeText(0));
+    if (shownEnd_ > shownStart_) window_.txtTime[1].SetText(MsToTimeText(shownEnd_ - shownStart_));
+  });
+  CaptionShown(row);
+  if (scroll) grid_.ScrollRow(true);
+}
+
+void CaptionPanel::ResetGrid(bool active) {
+  list_.Reset();
+  if (active) {
+    ApplyLanguage(grid_.RightToLeft());
+    grid_.ShowCaptions();
+    list_.SetRow(1, false);
+    list_.ClearCaptionTiming(1, true);
+  } else {
+    grid_.ShowNotice(strings_[Message::NoTextFileLoaded]);
+    window_.txtSub.SetText({});
+  }
+  window_.txtSub.SetEnabled(active);
+  for (TextBox& box : window_.txtTime) box.SetEnabled(active);
+}
+
+void CaptionPanel::ApplyLanguage(bool rightToLeft) {
+  grid_.SetHeadings({u"#", strings_[Message::Start], strings_[Message::End], strings_[Message::TextColumn]});
+  grid_.SetSpoken(strings_[Message::SpokenTimedRow], strings_[Message::SpokenUntimedRow]);
+  grid_.SetRightToLeft(rightToLeft);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,175 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "form/controls.h"
+
+namespace cuewright {
+
+/// The controls of the main window, `frmMain`. What they do is wired by their owners.
+class MainWindow final : public Form {
+ public:
+  MainWindow();
+
+  /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
+  /// outside such an event.
+  std::optional<double> inputInstant;
+
+  // The information bar, the list's divider and the player's place.
+  Picture picStatus{*this, "picStatus"};
+  Picture picIco{*this, "picIco"};
+  Picture picLogo{*this, "picLogo"};
+  Label lblTextFile{*this, "lblTextFile"};
+  Label lblVideoFile{*this, "lblVideoFile"};
+  Label lblNotice{*this, "lblNotice"};
+  Button cmdShowFindings{*this, "cmdShowFindings"};
+  Button cmdApplyFindings{*this, "cmdApplyFindings"};
+  Button cmdUndoRules{*this, "cmdUndoRules"};
+  Button cmdNotice{*this, "cmdNotice"};
+  Picture picPLogo{*this, "picPLogo"};
+  Picture imgSize{*this, "imgSize"};
+
+  // The Audio bar.
+  Picture picWave{*this, "picWave"};
+  Picture picLevel{*this, "picLevel"};
+  Slider sldWavScale{*this, "sldWavScale"};
+  Picture imgWavPos{*this, "imgWavPos"};
+  Label lblWave{*this, "lblWave"};
+  Button cmdStopSound{*this, "cmdStopSound"};
+  Label lblWaveTip{*this, "lblWaveTip"};
+
+  // The bottom panel.
+  Picture picBottom{*this, "picBottom"};
+  Label lblShow{*this, "lblShow"};
+  Label lblDuration{*this, "lblDuration"};
+  std::array<TextBox, 2> txtTime{TextBox{*this, "txtTime(0)"}, TextBox{*this, "txtTime(1)"}};
+  TextBox txtSub{*this, "txtSub"};
+  Button cmdApply{*this, "cmdApply"};
+  Button cmdNext{*this, "cmdNext"};
+  Button cmdEnd{*this, "cmdEnd"};
+  Button cmdCancel{*this, "cmdCancel"};
+  Label lblMainMode{*this, "lblMainMode"};
+  OptionButton optPress{*this, "optPress"};
+  OptionButton optManual{*this, "optManual"};
+  OptionButton optPreview{*this, "optPreview"};
+  Label lblMode{*this, "lblMode"};
+  Label lblPosition{*this, "lblPosition"};
+  Label lblTime{*this, "lblTime"};
+  Label lblStringPos{*this, "lblStringPos"};
+
+  Timer tmrTime{*this, "tmrTime", 10};
+  Timer tmrLimit{*this, "tmrLimit", 1};
+  Timer tmrPreview{*this, "tmrPreview", 10};
+  Timer tmrWave{*this, "tmrWave", 20};
+  Timer tmrJournal{*this, "tmrJournal", 200};
+  Timer tmrFilmSound{*this, "tmrFilmSound", 100};
+
+  MenuItem mnuFile{*this, "mnuFile"};
+  MenuItem mnuNew{*this, "mnuNew", &mnuFile};
+  MenuItem mnuNewClip{*this, "mnuNewClip", &mnuFile};
+  MenuItem mnuLine0{*this, "mnuLine0", &mnuFile};
+  MenuItem mnuOpenText{*this, "mnuOpenText", &mnuFile};
+  MenuItem mnuOpenVideo{*this, "mnuOpenVideo", &mnuFile};
+  MenuItem mnuOpenWav{*this, "mnuOpenWav", &mnuFile};
+  MenuItem mnuFilmSound{*this, "mnuFilmSound", &mnuFile};
+  MenuItem mnuClose{*this, "mnuClose", &mnuFile};
+  MenuItem mnuLine0a{*this, "mnuLine0a", &mnuFile};
+  MenuItem mnuSave{*this, "mnuSave", &mnuFile};
+  MenuItem mnuSaveAs{*this, "mnuSaveAs", &mnuFile};
+  MenuItem mnuLine0c{*this, "mnuLine0c", &mnuFile};
+  MenuItem mnuEmbed{*this, "mnuEmbed", &mnuFile};
+  MenuItem mnuLine0b{*this, "mnuLine0b", &mnuFile};
+  MenuItem mnuTFileName{*this, "mnuTFileName", &mnuFile};
+  MenuItem mnuVFileName{*this, "mnuVFileName", &mnuFile};
+  MenuItem mnuAFileName{*this, "mnuAFileName", &mnuFile};
+  MenuItem mnuRecent{*this, "mnuRecent", &mnuFile};
+  std::array<MenuItem, 10> mnuRecentFile{
+      MenuItem{*this, "mnuRecentFile(0)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(1)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(2)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(3)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(4)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(5)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(6)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(7)", &mnuRecent},
+      MenuItem{*this, "mnuRecentFile(8)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(9)", &mnuRecent}};
+  MenuItem mnuLine0e{*this, "mnuLine0e", &mnuRecent};
+  MenuItem mnuClearRecent{*this, "mnuClearRecent", &mnuRecent};
+  MenuItem mnuLine0d{*this, "mnuLine0d", &mnuFile};
+  MenuItem mnuExit{*this, "mnuExit", &mnuFile};
+
+  MenuItem mnuEdit{*this, "mnuEdit"};
+  MenuItem mnuUndo{*this, "mnuUndo", &mnuEdit};
+  MenuItem mnuRedo{*this, "mnuRedo", &mnuEdit};
+  MenuItem mnuLine1c{*this, "mnuLine1c", &mnuEdit};
+  MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
+  MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
+  MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
+  MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
+  MenuItem mnuRemove{*this, "mnuRemove", &mnuEdit};
+  MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
+  MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
+  MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
+  MenuItem mnuGoTo{*this, "mnuGoTo", &mnuEdit};
+  MenuItem mnuLine1a{*this, "mnuLine1a", &mnuEdit};
+  MenuItem mnuCountUntimed{*this, "mnuCountUntimed", &mnuEdit};
+  MenuItem mnuNextUntimed{*this, "mnuNextUntimed", &mnuEdit};
+  MenuItem mnuLine1b{*this, "mnuLine1b", &mnuEdit};
+  MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
+  MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
+  MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
+
+  MenuItem mnuFormat{*this, "mnuFormat"};
+  MenuItem mnuFont{*this, "mnuFont", &mnuFormat};
+  MenuItem mnuLine2{*this, "mnuLine2", &mnuFormat};
+  MenuItem mnuBold{*this, "mnuBold", &mnuFormat};
+  MenuItem mnuItalic{*this, "mnuItalic", &mnuFormat};
+  MenuItem mnuUnderline{*this, "mnuUnderline", &mnuFormat};
+  MenuItem mnuLine2a{*this, "mnuLine2a", &mnuFormat};
+  MenuItem mnuConvert{*this, "mnuConvert", &mnuFormat};
+  MenuItem mnuUTF8{*this, "mnuUTF8", &mnuConvert};
+
+  MenuItem mnuView{*this, "mnuView"};
+  MenuItem mnuInfoBar{*this, "mnuInfoBar", &mnuView};
+  MenuItem mnuAudioBar{*this, "mnuAudioBar", &mnuView};
+  MenuItem mnuLine3{*this, "mnuLine3", &mnuView};
+  MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
+  MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};
+
+  MenuItem mnuTools{*this, "mnuTools"};
+  MenuItem mnuSpell{*this, "mnuSpell", &mnuTools};
+  MenuItem mnuRules{*this, "mnuRules", &mnuTools};
+  MenuItem mnuAudioExtract{*this, "mnuAudioExtract", &mnuTools};
+  MenuItem mnuReport{*this, "mnuReport", &mnuTools};
+  MenuItem mnuLine4{*this, "mnuLine4", &mnuTools};
+  MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuTools};
+
+  MenuItem mnuSettings{*this, "mnuSettings"};
+  MenuItem mnuFormatSettings{*this, "mnuFormatSettings", &mnuSettings};
+  MenuItem mnuLineSeparator{*this, "mnuLineSeparator", &mnuSettings};
+  std::array<MenuItem, 4> mnuSeparator{
+      MenuItem{*this, "mnuSeparator(0)", &mnuLineSeparator}, MenuItem{*this, "mnuSeparator(1)", &mnuLineSeparator},
+      MenuItem{*this, "mnuSeparator(2)", &mnuLineSeparator}, MenuItem{*this, "mnuSeparator(3)", &mnuLineSeparator}};
+  MenuItem mnuGSettings{*this, "mnuGSettings", &mnuSettings};
+
+  MenuItem mnuHelp{*this, "mnuHelp"};
+  MenuItem mnuHelpTopics{*this, "mnuHelpTopics", &mnuHelp};
+  MenuItem mnuLinks{*this, "mnuLinks", &mnuHelp};
+  MenuItem mnuTessaly{*this, "mnuTessaly", &mnuLinks};
+  MenuItem mnuForums{*this, "mnuForums", &mnuLinks};
+  MenuItem mnuPermanentSubs{*this, "mnuPermanentSubs", &mnuLinks};
+  MenuItem mnuMediaPlayer{*this, "mnuMediaPlayer", &mnuLinks};
+  MenuItem mnuSuggest{*this, "mnuSuggest", &mnuHelp};
+  MenuItem mnuUpdate{*this, "mnuUpdate", &mnuHelp};
+  MenuItem mnuLine5{*this, "mnuLine5", &mnuHelp};
+  MenuItem mnuWebsite{*this, "mnuWebsite", &mnuHelp};
+  MenuItem mnuAbout{*this, "mnuAbout", &mnuHelp};
+
+  // The list's own menu.
+  MenuItem mnuRclick{*this, "mnuRclick"};
+  MenuItem rmnuEdit{*this, "rmnuEdit", &mnuRclick};
+  MenuItem rmnuRemove{*this, "rmnuRemove", &mnuRclick};
+  MenuItem rmnuLine{*this, "rmnuLine", &mnuRclick};
+  MenuItem rmnuBold{*this, "rmnuBold", &mnuRclick};
+  MenuItem rmnuItalic{*this, "rmnuItalic", &mnuRclick};
+  MenuItem rmnuUnderline{*this, "rmnuUnderline", &mnuRclick};
+};
+
+}  // namespace cuewright

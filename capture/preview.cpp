@@ -1,0 +1,112 @@
+#include "capture/preview.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kOverlayInset = 8;
+constexpr int kOverlayFoot = 64;
+
+}  // namespace
+
+OverlayPlace PlaceOverlay(int left, int top, int playerWidth, int playerHeight, int overlayHeight, int percent) {
+  return {left + kOverlayInset, top + (playerHeight - overlayHeight - kOverlayFoot) * percent / 100,
+          playerWidth - 2 * kOverlayInset};
+}
+
+Preview::Preview(Workbench bench, SubWindow& sub, Player& player, const PlayerSample& sample)
+    : bench_(bench), sub_(sub), player_(player), sample_(sample), index_(bench.list) {
+  bench_.window.tmrPreview.Tick.Connect([this] { Tick(); });
+}
+
+void Preview::DrawPreviewStyle() {
+  if (!sub_.Loaded()) return;
+  SubWindow::Style style = sub_.GetStyle();
+  style.fontName = bench_.options.F_FONTNAME;
+  style.fontSize = bench_.options.F_FONTSIZE;
+  style.bold = bench_.options.F_FONTBOLD;
+  style.colour = bench_.options.F_FONTCOLOR;
+  style.shadowShift = bench_.options.F_SHADOWVAL;
+  style.allLines = bench_.options.manner.ShowsAllLines();
+  if (bench_.document.HasVideo()) style.opaque = bench_.options.F_OPAQUE;
+  sub_.lblShadow.SetVisible(bench_.options.F_SHADOW);
+  sub_.lblSub.SetRightToLeft(bench_.window.lblMode.RightToLeft());
+  sub_.lblShadow.SetRightToLeft(bench_.window.lblMode.RightToLeft());
+  sub_.SetStyle(style);
+}
+
+void Preview::PlacePreview() {
+  if (sub_.Loaded()) PlaceRequested();
+}
+
+void Preview::ShowPreviewCaption(Row row) {
+  if (!bench_.list.InRange(row)) return;
+  DrawPreviewStyle();
+  SubWindow::Style style = sub_.GetStyle();
+  style.italic = bench_.list.IsCaptionItalic(row);
+  style.underline = bench_.list.IsCaptionUnderline(row);
+  sub_.SetStyle(style);
+  Text text = bench_.list.GetCaptionText(row, true);
+  for (const TextView marker : {u"<b>", u"<i>", u"<u>"}) text = ReplaceAll(text, marker, {});
+  if (sub_.Loaded()) sub_.ShowText(text);
+}
+
+void Preview::ClearPreviewCaption() {
+  // What is no longer shown will be shown anew.
+  previewRow_ = 0;
+  if (sub_.Loaded()) sub_.ShowText({});
+}
+
+void Preview::SetPreviewMode(bool on) {
+  GetPreviewCap();
+  bench_.window.tmrPreview.SetEnabled(on);
+  bench_.window.cmdNext.SetEnabled(false);
+  bench_.window.cmdEnd.SetEnabled(false);
+  for (TextBox& box : bench_.window.txtTime) box.SetEnabled(!on);
+  if (on) {
+    bench_.window.cmdApply.SetEnabled(false);
+  } else {
+    ClearPreviewCaption();
+  }
+}
+
+void Preview::GetPreviewCap() {
+  if (const Row row = index_.RowAt(sample_.PlayerPosMs()); row != 0) previewNextRow_ = row;
+}
+
+void Preview::Redraw(Row row) {
+  if (bench_.window.optPreview.Value() && row == previewRow_) ShowPreviewCaption(row);
+}
+
+void Preview::Tick() {
+  const int state = player_.PlayState();
+  if (state != kPlayerPlaying && state != kPlayerPaused) return;
+  // A stop, the end or another film sends the film back without a seek.
+  if (sample_.PlayerPosMs() < tickedMs_) GetPreviewCap();
+  tickedMs_ = sample_.PlayerPosMs();
+  const std::int32_t start = bench_.list.GetCaptionStart(previewNextRow_);
+  const std::int32_t end = bench_.list.GetCaptionEnd(previewNextRow_);
+  if (sample_.PlayerPosMs() < start || sample_.PlayerPosMs() > end) {
+    followDue_ = false;
+    if (!sub_.lblSub.GetText().empty()) {
+      ClearPreviewCaption();
+    }
+    if (sample_.PlayerPosMs() >= end) GetPreviewCap();
+    return;
+  }
+  if (previewNextRow_ != previewRow_) {
+    ShowPreviewCaption(previewNextRow_);
+    followDue_ = true;
+  }
+  if (followDue_) Follow();
+  previewRow_ = previewNextRow_;
+}
+
+void Preview::Follow() {
+  if (bench_.options.manner.FollowWaitsForHands() && handsOnCaption && handsOnCaption()) return;
+  followDue_ = false;
+  if (!bench_.options.F_FOLLOW || bench_.list.Selected() == previewNextRow_) return;
+  bench_.list.SetRow(previewNextRow_, false);
+  bench_.grid.ScrollRow(true);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "capture/player_sample.h"
+#include "capture/preview.h"
+#include "capture/workbench.h"
+#include "core/ports/player.h"
+
+namespace cuewright {
+
+enum class CaptionMode { PressAndHold = 0, Manual = 1, Preview = 2 };
+
+/// Turns presses and releases into the times of captions. Times are whole ms on the player's clock: where the film was
+/// at the instant of the press or release, however late it is handled. Where nobody pressed, and in the classic manner,
+/// it is the last sample.
+class TimingCapture {
+ public:
+  TimingCapture(Workbench bench, Player& player, PlayerSample& sample, Preview& preview);
+
+  CaptionMode Mode() const { return mode_; }
+  bool Capturing() const { return capturing_; }
+  Row CaptureRow() const { return captureRow_; }
+  std::int32_t CaptureStartMs() const { return captureStartMs_; }
+  /// End of the caption captured or limited last in this document; empty when there is none.
+  std::optional<std::int32_t> PriorCaptionEnd() const { return priorCaptionEnd_; }
+  std::int32_t PlayerPosMs() const { return sample_.PlayerPosMs(); }
+
+  /// The text pane has the keyboard: shortcuts are off.
+  bool TextFocus() const { return textFocus_; }
+  void SetTextFocus(bool focus) { textFocus_ = focus; }
+
+  /// Takes a start for the selected row; the flags tell which key hint to show.
+  void StartCaption(bool byStartKey, bool byNextKey);
+  /// Stores the end and selects the next row.
+  void EndCaption();
+  /// Ends a running capture without an end.
+  void AbandonCapture();
+
+  /// Changes the mode, ending a running capture first.
+  void SelectMode(CaptionMode mode);
+  /// Shows mode and limit in the captions of the buttons and the mode's text.
+  void ShowModeTexts();
+
+  /// Reads the player's position into the sample and the labels.
+  void SamplePosition();
+  /// The sample and the labels go to 0.
+  void ClearPosition();
+
+  /// The window sees keys before its controls. A key that is a shortcut is handled.
+  void OnKeyDown(KeyEvent& key);
+  void OnKeyUp(KeyEvent& key);
+  /// A pointer button was let go anywhere.
+  void OnPointerUp(MouseButton button);
+  /// The window lost the focus: a hold ends at the last sample.
+  void OnFocusLost();
+  /// The film stopped, ended or gave way: a hold ends at the last sample before that.
+  void OnFilmGone();
+
+  /// A capture was taken back or done again: what it left is nothing to join with.
+  void ForgetPriorEnd() { priorCaptionEnd_.reset(); }
+
+  /// A document came or went: no capture runs, and nothing is there to join with.
+  void Reset();
+
+  /// Seeks to a caption, as a double click (with `nudge`) or Enter in the list does; in the classic manner only while
+  /// the film plays.
+  void SeekToCaption(Row row, bool nudge);
+
+ private:
+  /// What began the hold that runs: only its own release ends it.
+  struct Hold {
+    enum class By { ShortcutKey, ButtonKey, Pointer } by;
+    std::uint32_t physical = 0;
+  };
+
+  /// Where the film was when the key or button went that is being handled; empty where it is the last sample's.
+  std::optional<std::int32_t> PositionOfInput() const;
+  std::int32_t ShownPosition() const;
+  void EndAt(std::int32_t end);
+  void ShowDuration();
+  void LeaveCapture();
+  void BeginHold(Hold hold);
+  void ReleaseHold();
+  void LimitTick();
+  void NextCaption(bool byNextKey);
+  void MoveTo(Row row);
+  bool Playing() const { return player_.PlayState() == kPlayerPlaying; }
+  bool ShortcutsOn() const;
+  bool CanSeek() const;
+  bool RunCaptureKey(const KeyEvent& key);
+  bool RunFilmKey(int code);
+  bool RunRowKey(int code);
+  bool RunSeekKey(int code);
+  void WireButtons();
+
+  Workbench bench_;
+  Player& player_;
+  PlayerSample& sample_;
+  Preview& preview_;
+
+  CaptionMode mode_ = CaptionMode::PressAndHold;
+  bool capturing_ = false;
+  std::uint64_t captureNumber_ = 0;  ///< of the capture that runs, or ran last
+  Row captureRow_ = 1;
+  std::int32_t captureStartMs_ = 0;
+  std::optional<std::int32_t> priorCaptionEnd_;
+  bool textFocus_ = false;
+  std::optional<Hold> hold_;
+};
+
+}  // namespace cuewright

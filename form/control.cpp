@@ -1,0 +1,34 @@
+#include "form/control.h"
+
+#include <algorithm>
+
+namespace cuewright {
+
+Control::Control(Form& form, Kind kind, std::string name) : kind_(kind), name_(std::move(name)) {
+  form.controls_.push_back(this);
+}
+
+void Control::SetText(TextView text) {
+  if (text_ == text) return;
+  text_ = text;
+  Changed();
+}
+
+void Control::SetToolTip(TextView text) {
+  if (toolTip_ == text) return;
+  toolTip_ = text;
+  Changed();
+}
+
+void Control::SetSpokenName(TextView name) {
+  if (spokenName_ == name) return;
+  spokenName_ = name;
+  Changed();
+}
+
+Control* Form::Find(const std::string& name) const {
+  const auto at = std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) { return c->Name() == name; });
+  return at == controls_.end() ? nullptr : *at;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "text/text.h"
+
+namespace cuewright {
+
+inline constexpr int kCodePageUtf16Le = 1200;
+inline constexpr int kCodePageUtf16Be = 1201;
+inline constexpr int kCodePageWestern = 1252;
+inline constexpr int kCodePageJohab = 1361;
+inline constexpr int kCodePageUtf8 = 65001;
+
+/// True for the code pages that text files are read and written in: 874, 932, 936, 949, 950, 1250 to 1258, 1361, 65001.
+bool IsTextCodePage(int codePage);
+
+/// Turns the bytes of one code page into text and back. ASCII is the same in all of them.
+class Codec {
+ public:
+  virtual ~Codec() = default;
+
+  /// Decodes into `out`, which has room for one unit a byte and 16 more; returns the units written. Never fails:
+  /// what the code page does not define still becomes text.
+  virtual std::size_t Decode(std::string_view bytes, char16_t* out) const = 0;
+
+  /// Appends the bytes of the text. A character that the code page lacks becomes "?", and the result is false.
+  virtual bool Encode(TextView text, std::string& out) const = 0;
+
+  Text Decoded(std::string_view bytes) const;
+  std::string Encoded(TextView text) const;
+
+  /// True when the code page has every character of the text.
+  virtual bool Holds(TextView text) const;
+
+  /// True when a byte below 128 is that ASCII character wherever it stands, so that bytes can be searched.
+  virtual bool AsciiIsPlain() const { return false; }
+
+  /// True for UTF-8, which is worth a shorter way.
+  virtual bool IsUtf8() const { return false; }
+};
+
+/// The codec of a code page of `IsTextCodePage`, or of UTF-16 for writing; any other number gives 1252.
+std::shared_ptr<const Codec> MakeCodec(int codePage);
+
+}  // namespace cuewright

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "text/encodings.h"
+#include "text/text.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+
+/// Largest file that is read, in bytes. Nothing that people call a subtitle comes near it.
+inline constexpr std::uint64_t kLargestTextFile = 256ULL << 20;
+
+/// Longest line that is decoded, in bytes; what lies behind is left out.
+inline constexpr std::size_t kLongestLine = 16 << 20;
+
+/// A decoded line, kept in a buffer that is used again for the next one.
+class LineBuffer {
+ public:
+  TextView View() const { return {units_.get(), size_}; }
+
+  /// Room for `count` units and the 16 that codecs ask for beside. What was in the buffer is lost when it has to grow,
+  /// but for the first `keep` units.
+  char16_t* Room(std::size_t count, std::size_t keep = 0) {
+    if (capacity_ < count + 16) Grow(count, keep);
+    return units_.get();
+  }
+  std::size_t Capacity() const { return capacity_; }
+  std::size_t Size() const { return size_; }
+  void SetSize(std::size_t size) { size_ = size; }
+
+ private:
+  void Grow(std::size_t count, std::size_t keep);
+
+  std::unique_ptr<char16_t[]> units_;
+  std::size_t capacity_ = 0;
+  std::size_t size_ = 0;
+};
+
+/// The bytes of a text file with what was found out about them: encoding, mark and line ends. Lines are handed out
+/// as bytes and decoded only where somebody looks at them.
+class TextFile {
+ public:
+  /// Classic: the bytes are text of the system's code page, a mark among them, and a line ends at CR or CR LF.
+  static TextFile Classic(std::string bytes, const Encodings& encodings);
+
+  /// Looks at all bytes first. A mark tells UTF-8 or UTF-16 and is no text; else valid UTF-8 with a character of
+  /// several bytes is UTF-8; anything else is of the system's code page. Without any CR a line ends at LF; CR CR LF is
+  /// one line end.
+  static TextFile Auto(std::string bytes, const Encodings& encodings);
+
+  const DocumentEncoding& Encoding() const { return encoding_; }
+
+  /// The next line without its end; false behind the last one. A file that ends in a line end has no line behind
+  /// it.
+  bool NextLine(std::string_view& line);
+
+  /// The same, decoded on the way. A line beyond `kLongestLine` is cut there.
+  bool NextText(LineBuffer& buffer);
+
+  /// A line was cut since the file was opened.
+  bool LineWasCut() const { return cutPlace_ != 0; }
+
+  /// The place behind the lines that were read, and behind the line that was cut last.
+  std::size_t Place() const { return at_; }
+  std::size_t CutPlace() const { return cutPlace_; }
+  /// How many lines lie before a place; reads the file up to there.
+  std::size_t LinesBefore(std::size_t place);
+
+  /// What is left from the next line on, for parsers that look ahead.
+  std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
+  /// Marks of ASCII can be looked for in the bytes.
+  bool AsciiIsPlain() const { return utf8_ || codec_->AsciiIsPlain(); }
+  /// The character that ends lines: CR or LF.
+  char LineEnd() const { return lineEnd_; }
+  /// Moves behind the next line, which is known to have `length` bytes, and its end.
+  void SkipLine(std::size_t length) {
+    at_ += length;
+    if (at_ == bytes_.size() || ++at_ == bytes_.size() || lineEnd_ == '\n') return;
+    if (bytes_[at_] == '\n') {
+      ++at_;
+    } else if (doubledReturn_ && bytes_[at_] == '\r' && at_ + 1 < bytes_.size() && bytes_[at_ + 1] == '\n') {
+      at_ += 2;
+    }
+  }
+
+  /// Starts over at the first line.
+  void Rewind() { at_ = start_; }
+
+  void Decode(std::string_view line, LineBuffer& buffer) const;
+  Text Decoded(std::string_view line) const;
+  /// Decodes to a place with room for one unit a byte and 16 more; returns the units written.
+  std::size_t DecodeTo(std::string_view line, char16_t* out) const {
+    if (!utf8_) return codec_->Decode(line, out);
+    const bool slack = line.data() + line.size() + 16 <= bytes_.data() + bytes_.size();
+    return DecodeUtf8(line, out, codec_ == nullptr, slack);
+  }
+
+  /// Bytes that are left to read, for estimates.
+  std::size_t BytesLeft() const { return bytes_.size() - at_; }
+
+ private:
+  TextFile() = default;
+  void TurnIntoUtf8(bool bigEndian);
+
+  std::string bytes_;
+  std::size_t start_ = 0;
+  std::size_t at_ = 0;
+  DocumentEncoding encoding_;
+  std::shared_ptr<const Codec> codec_;  // null: UTF-8 that holds lone surrogates, made of UTF-16
+  bool utf8_ = false;
+  char lineEnd_ = '\r';
+  bool doubledReturn_ = false;
+  std::size_t cutPlace_ = 0;  // behind the line that was cut last; 0: none was
+};
+
+}  // namespace cuewright
