@@ -21,7 +21,6 @@
 #include "platform/system_info.h"
 #include "platform/user_folders.h"
 #include "ui/color_scheme.h"
-#include "ui/dialog_windows.h"
 #include "ui/joined_letters.h"
 #include "ui/main_window_view.h"
 #include "ui/qt_pickers.h"
@@ -32,6 +31,7 @@
 #include "ui/toolkit_texts.h"
 #include "ui/video_surface.h"
 #include "ui/video_view.h"
+#include "ui/windows.h"
 
 namespace {
 
@@ -122,7 +122,7 @@ int main(int argc, char** argv) {
   const auto showMainWindow = [&] {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
-    ConnectDialogs(program, *window);
+    AddDialogs(window->Views(), program);
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
     // Behind the window's first painting, and whoever has the keyboard.
     Post([&] {

@@ -99,10 +99,10 @@ class AudioBar final : private WaveLoadSteps {
   bool Dragging() const { return dragging_; }
   std::int32_t WaveLevel() const { return level_; }
 
-  Signal<> MarksChanged;   ///< `Marks` are to be shown anew
-  Signal<> WaveChanged;    ///< the wave's picture was painted
-  Signal<> LevelChanged;   ///< the meter was painted
-  Signal<> LayoutChanged;  ///< the bar came or went
+  Signal<AudioBar> MarksChanged;   ///< `Marks` are to be shown anew
+  Signal<AudioBar> WaveChanged;    ///< the wave's picture was painted
+  Signal<AudioBar> LevelChanged;   ///< the meter was painted
+  Signal<AudioBar> LayoutChanged;  ///< the bar came or went
 
  private:
   enum class Drag { Span, Start, End, Nothing };

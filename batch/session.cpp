@@ -97,8 +97,7 @@ bool Session::Load(const Text& path) {
 }
 
 void Session::ApplyRules() {
-  NoWindow window;
-  RulesEngine(captions_, report_, strings_, boxes_, window).ApplyRules(true);
+  if (RulesEngine(captions_, report_).ApplyRules()) boxes_.Tell(Text(kRulesFailed));
 }
 
 bool Session::Save(const Text& path, int format, bool keepUntimed) {

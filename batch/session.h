@@ -77,19 +77,6 @@ class Session {
     BatchBoxes& boxes_;
   };
 
-  /// The window that the rules run in: there is none.
-  class NoWindow final : public RulesHost {
-    void CloseToolWindows() override {}
-    void SetBusy(bool) override {}
-    void Yield() override {}
-    void ShowProgress(TextView) override {}
-    void RefreshFileLabels() override {}
-    void LeavePreviewMode() override {}
-    bool PausePlayer() override { return false; }
-    void ResumePlayer() override {}
-    void ShowReport() override {}
-  };
-
   bool ReadSettings();
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.

@@ -79,7 +79,7 @@ void TickWithoutPageTurn(benchmark::State& state, Program& program) {
   for (auto _ : state) {
     ms = (ms + 20) % 19000;
     program.sample.SetPlayerPosMs(ms);
-    program.window.tmrWave.Tick();
+    program.window.tmrWave.Pass();
   }
 }
 

@@ -48,6 +48,9 @@ struct Desk {
   testing::FakePlayer player;
   testing::FakeMessages boxes;
   testing::FakeEventQueue events;
+  testing::FakeFileDialogs dialogs;
+  testing::FakeDesktop desktop;
+  testing::FakePickers pickers;
   PosixFiles files;
   SettingsStore store{files, {}};
   MainWindow window;
@@ -59,8 +62,8 @@ struct Desk {
   PlayerSample sample;
   Preview preview{bench, sub, player, sample};
   TimingCapture capture{bench, player, sample, preview};
-  CaptionCommands commands{window,  list,  grid,  panel,   document, options,
-                           strings, boxes, store, preview, capture,  events};
+  CaptionCommands commands{bench,   panel, preview,
+                           capture, store, {files, boxes, dialogs, events, desktop, player, pickers}};
   QMenu menu;
   std::unique_ptr<CaptionTable> table;
 };

@@ -62,9 +62,10 @@ class CaptionGrid {
   Row RowAt(int y) const { return y / rowHeight_ + topRow_ - 1; }
   bool OnHeading(int y) const { return y < rowHeight_; }
 
-  Signal<> Changed;
-  Signal<> Scrolled;
-  Signal<> FocusRequested;
+  Signal<CaptionGrid> Changed;
+  Signal<CaptionGrid> Scrolled;
+  Signal<CaptionGrid> FocusRequested;
+  void RequestFocus() { FocusRequested(); }
 
  private:
   CaptionList& list_;

@@ -27,7 +27,7 @@ class CaptionPanel {
   /// The headings and the alignment in the language in force.
   void ApplyLanguage(bool rightToLeft);
 
-  Signal<Row> CaptionShown;  ///< the window shows another caption, or the same one anew
+  Signal<CaptionPanel, Row> CaptionShown;  ///< the window shows another caption, or the same one anew
 
  private:
   void ShowRow(Row row, bool scroll);

@@ -34,6 +34,12 @@ void Preview::DrawPreviewStyle() {
   sub_.SetStyle(style);
 }
 
+void Preview::OpenOverlay(CarryOn& step) {
+  step([&] { sub_.Load(); });
+  step([&] { DrawPreviewStyle(); });
+  step([&] { PlacePreview(); });
+}
+
 void Preview::PlacePreview() {
   if (sub_.Loaded()) PlaceRequested();
 }

@@ -8,6 +8,7 @@
 #include "capture/sub_window.h"
 #include "capture/workbench.h"
 #include "core/ports/player.h"
+#include "core/runtime_error.h"
 
 namespace cuewright {
 
@@ -35,6 +36,8 @@ class Preview {
 
   /// Applies the settings to the overlay; nothing without one.
   void DrawPreviewStyle();
+  /// A film opens: the overlay comes, in the style of the settings.
+  void OpenOverlay(CarryOn& step);
   /// Asks the window to put the overlay over the player; nothing without one.
   void PlacePreview();
   /// Shows a caption in the overlay; nothing for a row out of range.
@@ -47,7 +50,7 @@ class Preview {
   /// Draws the caption again when it is the one on show in preview mode.
   void Redraw(Row row);
 
-  Signal<> PlaceRequested;
+  Signal<Preview> PlaceRequested;
 
   /// True while the user's hands are on the selected caption: the selection waits for them. Set by the window's owner.
   std::function<bool()> handsOnCaption;

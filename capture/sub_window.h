@@ -38,8 +38,8 @@ class SubWindow final : public Form {
   /// The text of both labels.
   void ShowText(TextView text);
 
-  Signal<> LoadedChanged;
-  Signal<> StyleChanged;
+  Signal<SubWindow> LoadedChanged;
+  Signal<SubWindow> StyleChanged;
 
  private:
   bool loaded_ = false;

@@ -9,8 +9,8 @@
 
 namespace cuewright {
 
-/// What nearly every part of the main window works on: its controls, the captions and how they are listed, what is open,
-/// the settings and the texts. All of it outlives the parts.
+/// What nearly every part of the main window works on: its controls, the captions and how they are listed, what is
+/// open, the settings and the texts. All of it outlives the parts.
 struct Workbench {
   MainWindow& window;
   CaptionList& list;

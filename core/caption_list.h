@@ -155,12 +155,12 @@ class CaptionList {
 
   const AppOptions& Options() const { return options_; }
 
-  Signal<const Splice&> Spliced;
-  Signal<Row, bool> RowShown;    ///< `SetRow` ran on the enabled list: row, whether to scroll
-  Signal<Row> SelectionChanged;  ///< the selection has moved, also on a disabled list
-  Signal<bool> EnabledChanged;
-  Signal<EditKind, std::uint64_t> CommandBegan;
-  Signal<> CommandEnded;
+  Signal<CaptionList, const Splice&> Spliced;
+  Signal<CaptionList, Row, bool> RowShown;    ///< `SetRow` ran on the enabled list: row, whether to scroll
+  Signal<CaptionList, Row> SelectionChanged;  ///< the selection has moved, also on a disabled list
+  Signal<CaptionList, bool> EnabledChanged;
+  Signal<CaptionList, EditKind, std::uint64_t> CommandBegan;
+  Signal<CaptionList> CommandEnded;
 
  private:
   void StoreTimes(Row row, std::int32_t start, std::int32_t end);

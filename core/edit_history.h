@@ -79,8 +79,8 @@ class EditHistory {
   /// About how many bytes the steps take up.
   std::size_t Bytes() const;
 
-  Signal<> Changed;                       ///< there is something else to take back or to do again
-  Signal<const Text&> SeparatorRestored;  ///< the captions are written with this separator again
+  Signal<EditHistory> Changed;                         ///< there is something else to take back or to do again
+  Signal<EditHistory, const Text&> SeparatorRestored;  ///< the captions are written with this separator again
 
  private:
   void Forget();

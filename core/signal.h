@@ -28,15 +28,15 @@ class [[nodiscard]] Connection {
   std::shared_ptr<bool> alive_;
 };
 
-/// An announcement to any number of slots, in the order of their connecting, on the calling thread.
+/// What slots connect to. It reaches any number of them, in the order of their connecting, on the calling thread.
 template <class... Args>
-class Signal {
+class Announcement {
  public:
   using Slot = std::function<void(Args...)>;
 
-  Signal() = default;
-  Signal(const Signal&) = delete;
-  Signal& operator=(const Signal&) = delete;
+  Announcement() = default;
+  Announcement(const Announcement&) = delete;
+  Announcement& operator=(const Announcement&) = delete;
 
   /// Connects for the life of the signal.
   void Connect(Slot slot) { slots_.push_back({nullptr, std::make_shared<Slot>(std::move(slot))}); }
@@ -51,7 +51,8 @@ class Signal {
   /// True while nothing listens.
   bool Empty() const { return slots_.empty(); }
 
-  void operator()(Args... args) {
+ protected:
+  void Announce(Args... args) {
     // A slot may connect or disconnect others while it runs: entries are only appended here, and the
     // dead ones go after the outermost call.
     ++depth_;
@@ -74,6 +75,13 @@ class Signal {
   };
   std::vector<Entry> slots_;
   int depth_ = 0;
+};
+
+/// An announcement that only `Owner` can make, the class that has it as a member.
+template <class Owner, class... Args>
+class Signal : public Announcement<Args...> {
+  friend Owner;
+  void operator()(Args... args) { this->Announce(args...); }
 };
 
 }  // namespace cuewright

@@ -88,8 +88,11 @@ class Control {
   const Text& SpokenName() const { return spokenName_; }
   void SetSpokenName(TextView name);
 
-  Signal<> Changed;
-  Signal<> Hovered;  ///< the pointer came over the control, or the focus by the keyboard
+  Signal<Control> Changed;
+  /// Has the window show the state once more.
+  void ShowAnew() { Changed(); }
+  Signal<Control> Hovered;  ///< the pointer came over the control, or the focus by the keyboard
+  void Hover() { Hovered(); }
 
  protected:
   template <class T>
@@ -128,7 +131,7 @@ class Form {
     title_ = title;
     TitleChanged();
   }
-  Signal<> TitleChanged;
+  Signal<Form> TitleChanged;
 
   /// The window's reading direction.
   bool RightToLeft() const { return rightToLeft_; }
@@ -137,10 +140,14 @@ class Form {
     rightToLeft_ = on;
     DirectionChanged();
   }
-  Signal<> DirectionChanged;
+  Signal<Form> DirectionChanged;
 
-  Signal<> Hovered;                 ///< the pointer came over the window beside its controls
-  Signal<Control&> FocusRequested;  ///< the control is to take the focus
+  Signal<Form> Hovered;  ///< the pointer came over the window beside its controls
+  void Hover() { Hovered(); }
+  Signal<Form, Control&> FocusRequested;  ///< the control is to take the focus
+
+ protected:
+  void RequestFocus(Control& control) { FocusRequested(control); }
 
  private:
   friend class Control;

@@ -15,7 +15,8 @@ namespace cuewright {
 class Label final : public Control {
  public:
   Label(Form& form, std::string name) : Control(form, Kind::Label, std::move(name)) {}
-  Signal<> Clicked;
+  Signal<Label> Clicked;
+  void Click() { Clicked(); }
 
   bool Bold() const { return bold_; }
   void SetBold(bool on) { Assign(bold_, on); }
@@ -32,16 +33,21 @@ class Label final : public Control {
 class Button final : public Control {
  public:
   Button(Form& form, std::string name) : Control(form, Kind::Button, std::move(name)) {}
-  Signal<> Clicked;
-  Signal<KeyEvent&> KeyDown;
-  Signal<KeyEvent&> KeyUp;
-  Signal<const MouseEvent&> MouseDown;
-  Signal<const MouseEvent&> MouseUp;
+  Signal<Button> Clicked;
+  Signal<Button, KeyEvent&> KeyDown;
+  Signal<Button, KeyEvent&> KeyUp;
+  Signal<Button, const MouseEvent&> MouseDown;
+  Signal<Button, const MouseEvent&> MouseUp;
 
   /// A click as by the user; nothing happens while disabled.
   void Click() {
     if (Enabled()) Clicked();
   }
+  // What the keyboard and the pointer do to it.
+  void PressKey(KeyEvent& key) { KeyDown(key); }
+  void ReleaseKey(KeyEvent& key) { KeyUp(key); }
+  void PressMouse(const MouseEvent& mouse) { MouseDown(mouse); }
+  void ReleaseMouse(const MouseEvent& mouse) { MouseUp(mouse); }
 };
 
 /// A field of text with caret and selection.
@@ -59,18 +65,27 @@ class TextBox final : public Control {
     if (start == selStart_ && length == selLength_) return;
     selStart_ = start;
     selLength_ = length;
-    Changed();
+    ShowAnew();
   }
   /// Takes over where the user put the caret, without telling it back.
   void NoteSelection(int start, int length) { selStart_ = start, selLength_ = length; }
 
-  Signal<KeyEvent&> KeyDown;
-  Signal<KeyEvent&> KeyPress;  ///< a character about to be typed
-  Signal<KeyEvent&> KeyUp;
-  Signal<> Edited;  ///< the user changed the text
-  Signal<> GotFocus;
-  Signal<> LostFocus;
-  Signal<const MouseEvent&> MouseUp;
+  Signal<TextBox, KeyEvent&> KeyDown;
+  Signal<TextBox, KeyEvent&> KeyPress;  ///< a character about to be typed
+  Signal<TextBox, KeyEvent&> KeyUp;
+  Signal<TextBox> Edited;  ///< the user changed the text
+  Signal<TextBox> GotFocus;
+  Signal<TextBox> LostFocus;
+  Signal<TextBox, const MouseEvent&> MouseUp;
+
+  // What the user does to it.
+  void PressKey(KeyEvent& key) { KeyDown(key); }
+  void TypeKey(KeyEvent& key) { KeyPress(key); }
+  void ReleaseKey(KeyEvent& key) { KeyUp(key); }
+  void NoteEdited() { Edited(); }
+  void TakeFocus() { GotFocus(); }
+  void LoseFocus() { LostFocus(); }
+  void ReleaseMouse(const MouseEvent& mouse) { MouseUp(mouse); }
 
  private:
   int selStart_ = 0;
@@ -83,7 +98,11 @@ class OptionButton final : public Control {
   OptionButton(Form& form, std::string name) : Control(form, Kind::Option, std::move(name)) {}
   bool Value() const { return value_; }
   void SetValue(bool value) { Assign(value_, value); }
-  Signal<> Clicked;
+  Signal<OptionButton> Clicked;
+  /// A click as by the user; nothing happens while disabled.
+  void Click() {
+    if (Enabled()) Clicked();
+  }
 
  private:
   bool value_ = false;
@@ -98,7 +117,7 @@ class CheckBox final : public Control {
   /// Painted in the colours of a tool tip.
   bool Highlighted() const { return highlighted_; }
   void SetHighlighted(bool on) { Assign(highlighted_, on); }
-  Signal<> Clicked;
+  Signal<CheckBox> Clicked;
 
   /// A click as by the user; nothing happens while disabled.
   void Click() {
@@ -123,7 +142,7 @@ class Slider final : public Control {
     min_ = min;
     max_ = max;
     value_ = std::clamp(value_, min, max);
-    Changed();
+    ShowAnew();
   }
   int Value() const { return value_; }
   /// A value out of range becomes the nearest in it.
@@ -134,7 +153,7 @@ class Slider final : public Control {
     SetValue(value);
     Scrolled();
   }
-  Signal<> Scrolled;
+  Signal<Slider> Scrolled;
 
  private:
   int min_ = 0;
@@ -153,7 +172,7 @@ class ProgressBar final : public Control {
     min_ = min;
     max_ = max;
     value_ = std::clamp(value_, min, max);
-    Changed();
+    ShowAnew();
   }
   int Value() const { return value_; }
   /// A value out of range becomes the nearest in it.
@@ -186,8 +205,9 @@ class MenuItem final : public Control {
   const std::string& Shortcut() const { return shortcut_; }
   void SetShortcut(std::string shortcut) { shortcut_ = std::move(shortcut); }
 
-  Signal<> Clicked;
-  Signal<> AboutToShow;  ///< the menu below this item opens
+  Signal<MenuItem> Clicked;
+  Signal<MenuItem> AboutToShow;  ///< the menu below this item opens
+  void OpenMenu() { AboutToShow(); }
 
   /// A click as by the user; nothing happens while disabled.
   void Click() {
@@ -209,7 +229,8 @@ class Picture final : public Control {
   /// The least height in pixels; 0 for that of the content.
   int Height() const { return height_; }
   void SetHeight(int height) { Assign(height_, height); }
-  Signal<const MouseEvent&> MouseDown;
+  Signal<Picture, const MouseEvent&> MouseDown;
+  void PressMouse(const MouseEvent& mouse) { MouseDown(mouse); }
 
  private:
   int height_ = 0;
@@ -228,7 +249,9 @@ class Timer final : public Control {
     SetEnabled(false);
   }
   int Interval() const { return interval_; }
-  Signal<> Tick;
+  Signal<Timer> Tick;
+  /// The interval has passed.
+  void Pass() { Tick(); }
 
  private:
   int interval_;
@@ -243,7 +266,7 @@ class ComboBox final : public Control {
   void SetItems(std::vector<Text> items) {
     items_ = std::move(items);
     index_ = -1;
-    Changed();
+    ShowAnew();
   }
   /// The chosen item; -1 for none or a text of the user's own.
   int Index() const { return index_; }
@@ -251,7 +274,7 @@ class ComboBox final : public Control {
     if (index < -1 || index >= static_cast<int>(items_.size())) return;
     index_ = index;
     if (index >= 0) SetText(items_[static_cast<std::size_t>(index)]);
-    Changed();
+    ShowAnew();
   }
   bool Editable() const { return editable_; }
   void SetEditable(bool editable) { Assign(editable_, editable); }
@@ -261,8 +284,9 @@ class ComboBox final : public Control {
     SetIndex(index);
     Chosen();
   }
-  Signal<> Chosen;
-  Signal<KeyEvent&> KeyPress;  ///< a character about to be typed
+  Signal<ComboBox> Chosen;
+  Signal<ComboBox, KeyEvent&> KeyPress;  ///< a character about to be typed
+  void TypeKey(KeyEvent& key) { KeyPress(key); }
   /// What the user has selected of the text; told before each `KeyPress`.
   int SelLength() const { return selLength_; }
   void NoteSelection(int length) { selLength_ = length; }
@@ -283,7 +307,7 @@ class ListBox final : public Control {
   void SetItems(std::vector<Text> items) {
     items_ = std::move(items);
     index_ = -1;
-    Changed();
+    ShowAnew();
   }
   /// The selected item; -1 for none.
   int Index() const { return index_; }
@@ -297,7 +321,7 @@ class ListBox final : public Control {
     SetIndex(index);
     Chosen();
   }
-  Signal<> Chosen;
+  Signal<ListBox> Chosen;
 
  private:
   std::vector<Text> items_;

@@ -21,11 +21,17 @@ class Dialog : public Form {
     Closed();
   }
 
-  Signal<> Closed;
+  /// All controls are filled: a window is to be made for them. A window that holds up who opened the dialog comes back
+  /// from here when it has closed.
+  Signal<Dialog> Opened;
+  Signal<Dialog> Closed;
 
  protected:
-  /// To be called when all controls are filled.
-  void NoteOpened() { open_ = true; }
+  /// To be called last, when all controls are filled.
+  void NoteOpened() {
+    open_ = true;
+    Opened();
+  }
   /// What closing does, by whatever way.
   virtual void OnClose() {}
 

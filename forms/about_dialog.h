@@ -33,7 +33,7 @@ class AboutDialog final : public Dialog {
   /// Fills the labels; from now on the memory is shown anew every second.
   void Open();
 
-  Signal<> MoveRequested;  ///< the user took hold of the picture: the window goes with the pointer
+  Signal<AboutDialog> MoveRequested;  ///< the user took hold of the picture: the window goes with the pointer
 
  protected:
   void OnClose() override { tmrMemo.SetEnabled(false); }

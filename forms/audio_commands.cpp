@@ -13,35 +13,26 @@ constexpr TextView kWaveFilter = u"PCM wave files (wav)|*.wav";
 
 }  // namespace
 
-AudioCommands::AudioCommands(MainWindow& window, DocumentState& document, const LangStrings& strings,
-                             const Languages& languages, SettingsStore& store, Recall& recall, AudioBar& bar,
-                             Ports ports)
-    : dialog(strings, store),
-      window_(window),
-      document_(document),
-      strings_(strings),
-      languages_(languages),
-      recall_(recall),
-      bar_(bar),
-      ports_(ports) {
-  window_.mnuOpenWav.Clicked.Connect([this] { OpenByDialogs(); });
-  window_.mnuAFileName.Clicked.Connect([this] { OpenLast(); });
-  window_.mnuAudioBarColor.Clicked.Connect([this] { ChooseColor(); });
+AudioCommands::AudioCommands(Workbench bench, DocumentSession& session, SettingsStore& store, Recall& recall,
+                             AudioBar& bar, Ports ports)
+    : dialog(bench.strings, store), bench_(bench), session_(session), recall_(recall), bar_(bar), ports_(ports) {
+  bench_.window.mnuOpenWav.Clicked.Connect([this] { OpenByDialogs(); });
+  bench_.window.mnuAFileName.Clicked.Connect([this] { OpenLast(); });
+  bench_.window.mnuAudioBarColor.Clicked.Connect([this] { ChooseColor(); });
 }
 
 std::uint8_t AudioCommands::AskMode() {
-  dialog.Open(languages_.IsRightToLeft());
-  if (runDialog) runDialog();
+  dialog.Open(bench_.window.RightToLeft());
   return dialog.AudioLoadMode();
 }
 
 void AudioCommands::OpenByDialogs() {
-  closeTools();
+  session_.CloseTools();
   const std::uint8_t mode = AskMode();
   if (mode == kAudioToNowhere) return;
   const Text path =
       ShowOpenDialog(ports_.fileDialogs, mode == kAudioToPlayer ? kPlayerFilter : kWaveFilter,
-                     ReplaceAll(strings_[Message::OpenAudio], u"...", {}), recall_.LastFolder(FileKind::Sound));
+                     ReplaceAll(bench_.strings[Message::OpenAudio], u"...", {}), recall_.LastFolder(FileKind::Sound));
   if (!IsBlank(path)) OpenAudioFile(path, mode);
 }
 
@@ -51,19 +42,19 @@ void AudioCommands::OpenLast() {
 }
 
 void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
-  if (document_.FileInWork) return;
+  if (bench_.document.FileInWork) return;
   const Text path(given);
   if (!ports_.files.Exists(path)) {
-    ports_.messages.Show({Fill(strings_[Message::FileNotFound], path), BoxIcon::Error});
+    ports_.messages.Show({Fill(bench_.strings[Message::FileNotFound], path), BoxIcon::Error});
     return;
   }
-  recall_.Keep(kLastAudioKey, window_.mnuAFileName, path);
+  recall_.Keep(kLastAudioKey, bench_.window.mnuAFileName, path);
   if ((mode & kAudioToPlayer) != 0) {
     CarryOn step;
-    document_.VideoPath = path;
+    bench_.document.VideoPath = path;
     step([&] { ports_.player.SetUrl(path); });
-    step([&] { resetControls(); });
-    if (step.Last()) ports_.messages.Show({strings_[Message::ErrorLoadingFilm], BoxIcon::Warning});
+    step([&] { session_.ResetControls(); });
+    if (step.Last()) ports_.messages.Show({bench_.strings[Message::ErrorLoadingFilm], BoxIcon::Warning});
   }
   if ((mode & kAudioToBar) != 0) bar_.LoadWaveFile(path);
   bar_.PlaceCurrentMarks();

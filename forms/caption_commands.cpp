@@ -25,47 +25,37 @@ bool IsNumeric(TextView text) {
 
 }  // namespace
 
-CaptionCommands::CaptionCommands(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel,
-                                 const DocumentState& document, AppOptions& options, const LangStrings& strings,
-                                 Messages& messages, SettingsStore& store, Preview& preview, TimingCapture& capture,
-                                 EventQueue& events)
-    : window_(window),
-      list_(list),
-      grid_(grid),
-      panel_(panel),
-      document_(document),
-      options_(options),
-      strings_(strings),
-      messages_(messages),
-      store_(store),
-      preview_(preview),
-      capture_(capture),
-      events_(events) {
+CaptionCommands::CaptionCommands(Workbench bench, CaptionPanel& panel, Preview& preview, TimingCapture& capture,
+                                 SettingsStore& store, Ports ports)
+    : bench_(bench), panel_(panel), preview_(preview), capture_(capture), store_(store), ports_(ports) {
   WireMenus();
   WireTextPane();
 }
 
 void CaptionCommands::WireMenus() {
-  window_.mnuAddBelow.Clicked.Connect([this] { AddBelow(); });
-  window_.mnuAddBottom.Clicked.Connect([this] { AddBottom(); });
-  for (MenuItem* item : {&window_.mnuEditSelected, &window_.rmnuEdit})
+  bench_.window.mnuAddBelow.Clicked.Connect([this] { AddBelow(); });
+  bench_.window.mnuAddBottom.Clicked.Connect([this] { AddBottom(); });
+  for (MenuItem* item : {&bench_.window.mnuEditSelected, &bench_.window.rmnuEdit})
     item->Clicked.Connect([this] { EditSelected(); });
-  for (MenuItem* item : {&window_.mnuRemove, &window_.rmnuRemove}) item->Clicked.Connect([this] { RemoveSelected(); });
-  window_.mnuGoTo.Clicked.Connect([this] { GoTo(); });
-  window_.mnuCountUntimed.Clicked.Connect([this] { CountUntimed(); });
-  window_.mnuNextUntimed.Clicked.Connect([this] { NextUntimed(); });
-  for (MenuItem* item : {&window_.mnuBold, &window_.rmnuBold}) item->Clicked.Connect([this] { Toggle(u"<b>"); });
-  for (MenuItem* item : {&window_.mnuItalic, &window_.rmnuItalic}) item->Clicked.Connect([this] { Toggle(u"<i>"); });
-  for (MenuItem* item : {&window_.mnuUnderline, &window_.rmnuUnderline}) {
+  for (MenuItem* item : {&bench_.window.mnuRemove, &bench_.window.rmnuRemove})
+    item->Clicked.Connect([this] { RemoveSelected(); });
+  bench_.window.mnuGoTo.Clicked.Connect([this] { GoTo(); });
+  bench_.window.mnuCountUntimed.Clicked.Connect([this] { CountUntimed(); });
+  bench_.window.mnuNextUntimed.Clicked.Connect([this] { NextUntimed(); });
+  for (MenuItem* item : {&bench_.window.mnuBold, &bench_.window.rmnuBold})
+    item->Clicked.Connect([this] { Toggle(u"<b>"); });
+  for (MenuItem* item : {&bench_.window.mnuItalic, &bench_.window.rmnuItalic})
+    item->Clicked.Connect([this] { Toggle(u"<i>"); });
+  for (MenuItem* item : {&bench_.window.mnuUnderline, &bench_.window.rmnuUnderline}) {
     item->Clicked.Connect([this] { Toggle(u"<u>"); });
   }
-  for (std::size_t choice = 0; choice < window_.mnuSeparator.size(); ++choice) {
-    window_.mnuSeparator[choice].Clicked.Connect([this, choice] { ChangeSeparator(choice); });
+  for (std::size_t choice = 0; choice < bench_.window.mnuSeparator.size(); ++choice) {
+    bench_.window.mnuSeparator[choice].Clicked.Connect([this, choice] { ChangeSeparator(choice); });
   }
 }
 
 void CaptionCommands::WireTextPane() {
-  TextBox& pane = window_.txtSub;
+  TextBox& pane = bench_.window.txtSub;
   pane.GotFocus.Connect([this] { capture_.SetTextFocus(true); });
   pane.LostFocus.Connect([this] { capture_.SetTextFocus(false); });
   pane.KeyUp.Connect([this](KeyEvent&) { TakeTextPane(); });
@@ -74,22 +64,22 @@ void CaptionCommands::WireTextPane() {
 }
 
 void CaptionCommands::TakeTextPane() {
-  if (!document_.HasDocument()) return;
-  const Row row = list_.Selected();
-  const Text text = ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator);
+  if (!bench_.document.HasDocument()) return;
+  const Row row = bench_.list.Selected();
+  const Text text = ReplaceAll(bench_.window.txtSub.GetText(), kLineEnd, bench_.options.LineSeparator);
   // A key that changed nothing, such as an arrow, is no edit.
-  if (options_.manner.AsksWhenCaptionsDiffer() && text == list_.GetCaptionText(row)) return;
+  if (bench_.options.manner.AsksWhenCaptionsDiffer() && text == bench_.list.GetCaptionText(row)) return;
   {
-    const EditScope scope(list_, EditKind::Typing, TypingNumber(row));
-    list_.SetCaptionText(row, text);
-    if (list_.Rows() >= 3) list_.SetModified();
+    const EditScope scope(bench_.list, EditKind::Typing, TypingNumber(row));
+    bench_.list.SetCaptionText(row, text);
+    if (bench_.list.Rows() >= 3) bench_.list.SetModified();
   }
   preview_.Redraw(row);
   panel_.ShowStyles(row);
 }
 
 std::uint64_t CaptionCommands::TypingNumber(Row row) {
-  const std::int64_t now = events_.NowMs();
+  const std::int64_t now = ports_.events.NowMs();
   if (row != typingRow_ || now - typedAt_ > kTypingPauseMs) ++typingNumber_;
   typingRow_ = row;
   typedAt_ = now;
@@ -97,171 +87,176 @@ std::uint64_t CaptionCommands::TypingNumber(Row row) {
 }
 
 bool CaptionCommands::CreateCaption(Row row) {
-  const Text answer = messages_.Ask({strings_[Message::TypeTheNewCaption], strings_[Message::InsertNewCaption], {}});
+  const Text answer =
+      ports_.messages.Ask({bench_.strings[Message::TypeTheNewCaption], bench_.strings[Message::InsertNewCaption], {}});
   if (answer.empty()) return false;
   CarryOn step;
   if (!step([&] {
-        const EditScope scope(list_, EditKind::Insert, ++insertNumber_);
-        list_.AddCaption(0, 0, answer, row);
-        list_.SetRow(row, false);
+        const EditScope scope(bench_.list, EditKind::Insert, ++insertNumber_);
+        bench_.list.AddCaption(0, 0, answer, row);
+        bench_.list.SetRow(row, false);
       })) {
-    messages_.Show({step.Last()->description, BoxIcon::Warning});
+    ports_.messages.Show({step.Last()->description, BoxIcon::Warning});
     return false;
   }
   return true;
 }
 
-void CaptionCommands::AddBelow() { CreateCaption(list_.Selected() + 1); }
+void CaptionCommands::AddBelow() { CreateCaption(bench_.list.Selected() + 1); }
 
 void CaptionCommands::AddBottom() {
   if (!CreateCaption(0)) return;
-  const EditScope scope(list_, EditKind::Insert, insertNumber_);  // the row that it selects belongs to it
-  list_.SetRow(list_.Rows() - 1, false);
-  if (list_.Rows() >= 11) grid_.SetTopRow(list_.Rows() - kRowsOfPage);
+  const EditScope scope(bench_.list, EditKind::Insert, insertNumber_);  // the row that it selects belongs to it
+  bench_.list.SetRow(bench_.list.Rows() - 1, false);
+  if (bench_.list.Rows() >= 11) bench_.grid.SetTopRow(bench_.list.Rows() - kRowsOfPage);
 }
 
 void CaptionCommands::EditSelected() {
-  const Row row = list_.Selected();
-  const Text answer = messages_.Ask(
-      {strings_[Message::EditTheSelectedLine], strings_[Message::EditCaption], list_.GetCaptionText(row)});
-  if (IsBlank(answer) || !list_.InRange(row) || answer == list_.GetCaptionText(row)) return;
-  const EditScope scope(list_, EditKind::EditText);
-  list_.Replace(row, 1, {Caption{list_.GetCaptionStart(row), list_.GetCaptionEnd(row), answer}});
-  window_.txtSub.SetText(list_.GetCaptionText(row, true));
+  const Row row = bench_.list.Selected();
+  const Text answer = ports_.messages.Ask({bench_.strings[Message::EditTheSelectedLine],
+                                           bench_.strings[Message::EditCaption], bench_.list.GetCaptionText(row)});
+  if (IsBlank(answer) || !bench_.list.InRange(row) || answer == bench_.list.GetCaptionText(row)) return;
+  const EditScope scope(bench_.list, EditKind::EditText);
+  bench_.list.Replace(row, 1, {Caption{bench_.list.GetCaptionStart(row), bench_.list.GetCaptionEnd(row), answer}});
+  bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
 }
 
-void CaptionCommands::RemoveSelected() { list_.DeleteCaption(list_.Selected()); }
+void CaptionCommands::RemoveSelected() { bench_.list.DeleteCaption(bench_.list.Selected()); }
 
 void CaptionCommands::GoTo() {
-  const Text answer = messages_.Ask({strings_[Message::LineNumber], strings_[Message::GoToLine], {}});
+  const Text answer = ports_.messages.Ask({bench_.strings[Message::LineNumber], bench_.strings[Message::GoToLine], {}});
   const double number = LeadingNumber(answer);
   if (!IsNumeric(answer) || !(number > 0)) return;
-  list_.SetRow(static_cast<Row>(RoundHalfEven(std::min<double>(number, list_.Rows()))), true);
+  bench_.list.SetRow(static_cast<Row>(RoundHalfEven(std::min<double>(number, bench_.list.Rows()))), true);
 }
 
 void CaptionCommands::CountUntimed() {
   int untimed = 0;
-  for (Row row = 1; row < list_.Rows(); ++row) untimed += list_.IsCaptionTimed(row) ? 0 : 1;
-  messages_.Show({Fill(strings_[Message::TotalWithoutTiming], Decimal(untimed)), BoxIcon::Information, BoxButtons::Ok,
-                  strings_[Message::CountNonTimed]});
+  for (Row row = 1; row < bench_.list.Rows(); ++row) untimed += bench_.list.IsCaptionTimed(row) ? 0 : 1;
+  ports_.messages.Show({Fill(bench_.strings[Message::TotalWithoutTiming], Decimal(untimed)), BoxIcon::Information,
+                        BoxButtons::Ok, bench_.strings[Message::CountNonTimed]});
 }
 
 void CaptionCommands::NextUntimed() {
-  for (Row row = list_.Selected() + 1; row < list_.Rows(); ++row) {
-    if (list_.IsCaptionTimed(row)) continue;
-    list_.SetRow(row, true);
+  for (Row row = bench_.list.Selected() + 1; row < bench_.list.Rows(); ++row) {
+    if (bench_.list.IsCaptionTimed(row)) continue;
+    bench_.list.SetRow(row, true);
     return;
   }
-  messages_.Show({strings_[Message::NoMoreWithoutTiming], BoxIcon::Information, BoxButtons::Ok,
-                  strings_[Message::SelectNextNonTimed]});
+  ports_.messages.Show({bench_.strings[Message::NoMoreWithoutTiming], BoxIcon::Information, BoxButtons::Ok,
+                        bench_.strings[Message::SelectNextNonTimed]});
 }
 
 void CaptionCommands::Toggle(TextView marker) {
-  const Row row = list_.Selected();
-  const EditScope scope(list_, marker == u"<b>"   ? EditKind::Bold
-                               : marker == u"<i>" ? EditKind::Italic
-                                                  : EditKind::Underline);
-  list_.ToggleMarker(row, marker);
-  window_.txtSub.SetText(list_.GetCaptionText(row, true));
+  const Row row = bench_.list.Selected();
+  const EditScope scope(bench_.list, marker == u"<b>"   ? EditKind::Bold
+                                     : marker == u"<i>" ? EditKind::Italic
+                                                        : EditKind::Underline);
+  bench_.list.ToggleMarker(row, marker);
+  bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
   preview_.Redraw(row);
   panel_.ShowStyles(row);
 }
 
 void CaptionCommands::ShowSeparator() {
   std::size_t choice = 0;
-  while (choice < kSeparators.size() && options_.LineSeparator != kSeparators[choice]) ++choice;
-  window_.mnuSeparator[0].SetText(strings_[Message::DefaultSeparator]);
-  window_.mnuSeparator[1].SetText(kSeparators[1]);
-  window_.mnuSeparator[2].SetText(kSeparators[2]);
-  window_.mnuSeparator[3].SetText(
-      Fill(strings_[Message::CustomSeparator], choice == 3 ? TextView(options_.LineSeparator) : u"..."));
-  for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
+  while (choice < kSeparators.size() && bench_.options.LineSeparator != kSeparators[choice]) ++choice;
+  bench_.window.mnuSeparator[0].SetText(bench_.strings[Message::DefaultSeparator]);
+  bench_.window.mnuSeparator[1].SetText(kSeparators[1]);
+  bench_.window.mnuSeparator[2].SetText(kSeparators[2]);
+  bench_.window.mnuSeparator[3].SetText(
+      Fill(bench_.strings[Message::CustomSeparator], choice == 3 ? TextView(bench_.options.LineSeparator) : u"..."));
+  for (std::size_t i = 0; i < bench_.window.mnuSeparator.size(); ++i)
+    bench_.window.mnuSeparator[i].SetChecked(i == choice);
 }
 
 void CaptionCommands::ChangeSeparator(std::size_t choice) {
-  const Text before = options_.LineSeparator;
-  for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
+  const Text before = bench_.options.LineSeparator;
+  for (std::size_t i = 0; i < bench_.window.mnuSeparator.size(); ++i)
+    bench_.window.mnuSeparator[i].SetChecked(i == choice);
   Text after;
   if (choice < kSeparators.size()) {
     after = kSeparators[choice];
   } else {
-    after = messages_.Ask({strings_[Message::TypeTheSeparator], strings_[Message::LineSeparator], before});
+    after = ports_.messages.Ask(
+        {bench_.strings[Message::TypeTheSeparator], bench_.strings[Message::LineSeparator], before});
     if (after.empty()) after = before;
-    window_.mnuSeparator[3].SetText(Fill(strings_[Message::CustomSeparator], after));
+    bench_.window.mnuSeparator[3].SetText(Fill(bench_.strings[Message::CustomSeparator], after));
   }
   std::optional<EditScope> scope;
-  if (document_.HasDocument()) scope.emplace(list_, EditKind::Separator);
-  options_.LineSeparator = after;
+  if (bench_.document.HasDocument()) scope.emplace(bench_.list, EditKind::Separator);
+  bench_.options.LineSeparator = after;
   store_.SaveSetting(kMainSection, u"LBREAK", after);
-  if (document_.HasDocument()) ReplaceSeparator(before, after);
+  if (bench_.document.HasDocument()) ReplaceSeparator(before, after);
   scope.reset();
-  window_.txtSub.SetText(document_.HasDocument() ? list_.GetCaptionText(list_.Selected(), true) : Text());
+  bench_.window.txtSub.SetText(bench_.document.HasDocument() ? bench_.list.GetCaptionText(bench_.list.Selected(), true)
+                                                             : Text());
 }
 
 void CaptionCommands::RestoreSeparator(const Text& separator) {
-  options_.LineSeparator = separator;
+  bench_.options.LineSeparator = separator;
   store_.SaveSetting(kMainSection, u"LBREAK", separator);
   ShowSeparator();
 }
 
 void CaptionCommands::ReplaceSeparator(TextView before, TextView after) {
-  list_.SetEnabled(false);
-  window_.txtSub.SetEnabled(false);
+  bench_.list.SetEnabled(false);
+  bench_.window.txtSub.SetEnabled(false);
   // Only the first one of a caption changes. All rows from the first to the last that hold one are one change.
   Row first = 0;
   Row last = 0;
-  for (Row row = 1; row < list_.Rows(); ++row) {
-    if (FindLoose(list_.At(row).text, before) == TextView::npos) continue;
+  for (Row row = 1; row < bench_.list.Rows(); ++row) {
+    if (FindLoose(bench_.list.At(row).text, before) == TextView::npos) continue;
     if (first == 0) first = row;
     last = row;
   }
   if (first != 0 && before != after) {
     std::vector<Caption> rows;
     for (Row row = first; row <= last; ++row) {
-      rows.push_back(list_.At(row));
+      rows.push_back(bench_.list.At(row));
       rows.back().text = ReplaceFirst(rows.back().text, before, after);
     }
-    list_.Replace(first, last - first + 1, std::move(rows));
+    bench_.list.Replace(first, last - first + 1, std::move(rows));
   }
-  list_.SetEnabled(true);
-  window_.txtSub.SetEnabled(true);
+  bench_.list.SetEnabled(true);
+  bench_.window.txtSub.SetEnabled(true);
 }
 
 void CaptionCommands::OnListKey(KeyEvent& key) {
-  if (!document_.HasDocument() || key.command) return;
+  if (!bench_.document.HasDocument() || key.command) return;
   if (key.code == kKeyDelete) {
     RemoveSelected();
     key.handled = true;
   } else if (key.code == kKeyEnter) {
-    capture_.SeekToCaption(list_.Selected(), false);
+    capture_.SeekToCaption(bench_.list.Selected(), false);
     key.handled = true;
   }
 }
 
 void CaptionCommands::OnListDoubleClick() {
-  if (document_.HasDocument()) capture_.SeekToCaption(list_.Selected(), true);
+  if (bench_.document.HasDocument()) capture_.SeekToCaption(bench_.list.Selected(), true);
 }
 
 bool CaptionCommands::OnListRightDown(int y) {
-  const Row row = grid_.RowAt(y);
-  if (!document_.HasDocument() || !list_.InRange(row)) return false;
-  grid_.FocusRequested();
-  if (row != list_.Selected()) list_.SetRow(row, false);
+  const Row row = bench_.grid.RowAt(y);
+  if (!bench_.document.HasDocument() || !bench_.list.InRange(row)) return false;
+  bench_.grid.RequestFocus();
+  if (row != bench_.list.Selected()) bench_.list.SetRow(row, false);
   panel_.ShowStyles(row);
-  window_.rmnuBold.SetChecked(window_.mnuBold.Checked());
-  window_.rmnuItalic.SetChecked(window_.mnuItalic.Checked());
-  window_.rmnuUnderline.SetChecked(window_.mnuUnderline.Checked());
+  bench_.window.rmnuBold.SetChecked(bench_.window.mnuBold.Checked());
+  bench_.window.rmnuItalic.SetChecked(bench_.window.mnuItalic.Checked());
+  bench_.window.rmnuUnderline.SetChecked(bench_.window.mnuUnderline.Checked());
   return true;
 }
 
 void CaptionCommands::OnListUp(int y) {
-  if (!document_.HasDocument()) return;
-  if (grid_.OnHeading(y)) {
-    list_.SetRow(grid_.TopRow(), false);
+  if (!bench_.document.HasDocument()) return;
+  if (bench_.grid.OnHeading(y)) {
+    bench_.list.SetRow(bench_.grid.TopRow(), false);
     return;
   }
-  const Row row = grid_.RowAt(y);
-  if (list_.InRange(row) && row != list_.Selected()) list_.SetRow(row, false);
+  const Row row = bench_.grid.RowAt(y);
+  if (bench_.list.InRange(row) && row != bench_.list.Selected()) bench_.list.SetRow(row, false);
 }
 
 }  // namespace cuewright

@@ -1,15 +1,10 @@
 #pragma once
 
-#include "capture/caption_grid.h"
 #include "capture/caption_panel.h"
-#include "capture/main_window.h"
 #include "capture/preview.h"
 #include "capture/timing_capture.h"
-#include "core/caption_list.h"
-#include "core/document.h"
-#include "core/lang_strings.h"
-#include "core/ports/event_queue.h"
-#include "core/ports/messages.h"
+#include "capture/workbench.h"
+#include "forms/ports.h"
 #include "settings/store.h"
 
 namespace cuewright {
@@ -17,9 +12,8 @@ namespace cuewright {
 /// The actions on captions of the menus Edit, Format and Settings, of the list and of the text pane.
 class CaptionCommands {
  public:
-  CaptionCommands(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel,
-                  const DocumentState& document, AppOptions& options, const LangStrings& strings, Messages& messages,
-                  SettingsStore& store, Preview& preview, TimingCapture& capture, EventQueue& events);
+  CaptionCommands(Workbench bench, CaptionPanel& panel, Preview& preview, TimingCapture& capture, SettingsStore& store,
+                  Ports ports);
 
   /// Asks for a text and inserts it untimed at a row (0: the bottom); false when the user gave none.
   bool CreateCaption(Row row);
@@ -53,18 +47,12 @@ class CaptionCommands {
   void TakeTextPane();
   std::uint64_t TypingNumber(Row row);
 
-  MainWindow& window_;
-  CaptionList& list_;
-  CaptionGrid& grid_;
+  Workbench bench_;
   CaptionPanel& panel_;
-  const DocumentState& document_;
-  AppOptions& options_;
-  const LangStrings& strings_;
-  Messages& messages_;
-  SettingsStore& store_;
   Preview& preview_;
   TimingCapture& capture_;
-  EventQueue& events_;
+  SettingsStore& store_;
+  Ports ports_;
   std::uint64_t insertNumber_ = 0;
   std::uint64_t typingNumber_ = 0;  ///< of what is typed without a pause in one row
   Row typingRow_ = 0;

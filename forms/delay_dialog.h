@@ -33,7 +33,7 @@ class DelayDialog final : public Dialog {
   /// The delay that the bars stand for, in ms; negative is earlier.
   std::int32_t Delay() const;
 
-  Signal<> RepaintRequested;  ///< what the controls hold is to be seen at once
+  Signal<DelayDialog> RepaintRequested;  ///< what the controls hold is to be seen at once
 
  private:
   void ShowBars();

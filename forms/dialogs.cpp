@@ -37,13 +37,11 @@ Dialogs::Dialogs(MainWindow& window, CaptionGrid& grid, const SettingsParts& set
 void Dialogs::OpenSettings() {
   if (settings.IsOpen()) return;
   settings.Open();
-  if (runSettings) runSettings();
 }
 
 void Dialogs::OpenFormatSettings() {
   if (format.IsOpen()) return;
   format.Open();
-  if (runFormat) runFormat();
 }
 
 void Dialogs::ChangeListFont() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "capture/caption_grid.h"
 #include "capture/main_window.h"
 #include "forms/export_dialog.h"
@@ -18,10 +16,6 @@ class Dialogs {
 
   SettingsDialog settings;
   FormatDialog format;
-
-  /// Shows a dialog that is filled; it goes by itself when it closes. Set by the owner of the windows.
-  std::function<void()> runSettings;
-  std::function<void()> runFormat;
 
   /// Opens the general settings; nothing happens while they are open.
   void OpenSettings();

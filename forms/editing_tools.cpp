@@ -32,7 +32,6 @@ void EditingTools::SetDelay() {
   if (played) ports_.player.Pause();
   const Row row = list_.Selected();
   delayDialog.Open(list_.GetCaptionStart(row), languages_.IsRightToLeft());
-  if (runDelayDialog) runDelayDialog();
   if (list_.IsCaptionTimed(row)) list_.SetRow(row, false);
   if (played) ports_.player.Play();
   DelayDone();

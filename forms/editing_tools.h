@@ -23,9 +23,7 @@ class EditingTools {
   FindWindow findWindow;
   ReplaceWindow replaceWindow;
 
-  /// Shows the delay dialog and returns when it has closed. Set by the windows' owner.
-  std::function<void()> runDelayDialog;
-  Signal<> DelayDone;  ///< the delay dialog has closed: what draws the captions' times draws them anew
+  Signal<EditingTools> DelayDone;  ///< the delay dialog has closed: what draws the captions' times draws them anew
 
  private:
   void SetDelay();

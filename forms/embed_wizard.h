@@ -89,7 +89,7 @@ class EmbedWizard final : public Dialog {
 
   /// Closes the document and the film, so that nothing holds their files. Set by the owner of the windows.
   std::function<void()> closeDocuments;
-  Signal<> DragRequested;  ///< the pointer is about to move the window
+  Signal<EmbedWizard> DragRequested;  ///< the pointer is about to move the window
 
  protected:
   void OnClose() override;

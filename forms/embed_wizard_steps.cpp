@@ -126,7 +126,7 @@ void EmbedWizard::WriteScript() {
   lblTop2.SetText(p_.strings[Message::ReadyToBegin]);
   p_.ports.events.WaitMs(kWaitMs);
   SetWorking(false);
-  FocusRequested(cmdNext);
+  RequestFocus(cmdNext);
   // The focus went on to a button with a hint of its own meanwhile.
   ShowStepHint();
   const bool avi = ToLower(p_.document.VideoPath).ends_with(u"avi");

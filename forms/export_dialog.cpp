@@ -36,8 +36,8 @@ void ExportDialog::Open(bool rightToLeft) {
   ApplyTexts();
   FillFormats();
   FillRate();
-  NoteOpened();
   ShowProperties();
+  NoteOpened();
 }
 
 void ExportDialog::ApplyTexts() {
@@ -163,7 +163,7 @@ void ExportDialog::Accept() {
     if (rate < kLeastRate || rate > kMostRate) {
       messages_.Show(
           {strings_[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, strings_[Message::SourceVideoFps]});
-      FocusRequested(cmbFPS);
+      RequestFocus(cmbFPS);
       return;
     }
     formats_.CurrentFps = RateOf(cmbFPS.GetText());

@@ -20,7 +20,7 @@ class SearchWindow : public ToolForm {
   Picture imgInfo{*this, "imgInfo"};
   Label lblInfo{*this, "lblInfo"};
 
-  void OnActivated() override { FocusRequested(txtFind); }
+  void OnActivated() override { RequestFocus(txtFind); }
   void ApplyLanguage(bool rightToLeft) override;
 
  protected:

@@ -81,8 +81,8 @@ void FormatDialog::Open() {
         {u"Error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description, BoxIcon::Warning});
   }
   FillList();
-  NoteOpened();
   ShowPanel();
+  NoteOpened();
 }
 
 void FormatDialog::FillList() {

@@ -44,7 +44,7 @@ class FormatDialog final : public FormatWindow {
 
   const FormatSample& SamiSample() const { return sami_; }
   const FormatSample& SsaSample() const { return ssa_; }
-  Signal<> SamplesChanged;
+  Signal<FormatDialog> SamplesChanged;
 
  private:
   void WireButtons();

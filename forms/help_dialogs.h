@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "capture/main_window.h"
 #include "forms/about_dialog.h"
 #include "forms/update_dialog.h"
@@ -15,10 +13,6 @@ class HelpDialogs {
 
   AboutDialog about;
   UpdateDialog update;
-
-  /// Shows a dialog that is filled; it goes by itself when it closes. Set by the owner of the windows.
-  std::function<void()> runAbout;
-  std::function<void()> runUpdate;
 };
 
 }  // namespace cuewright

@@ -50,7 +50,7 @@ class HelpWindow final : public ToolForm {
   /// The page of the settings on show, 0 for the first. Set by the owner of the windows.
   std::function<std::size_t()> settingsPage;
 
-  Signal<> PageChanged;  ///< another page, or part of one, is to be shown
+  Signal<HelpWindow> PageChanged;  ///< another page, or part of one, is to be shown
 
  private:
   void Load() override;

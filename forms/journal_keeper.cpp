@@ -17,18 +17,13 @@ constexpr int kIdleTicks = 10;
 
 }  // namespace
 
-JournalKeeper::JournalKeeper(MainWindow& window, CaptionList& list, const DocumentState& document, EventQueue& events,
-                             JournalStore* store, std::function<JournalDocument()> describe)
-    : window_(window),
-      list_(list),
-      document_(document),
-      events_(events),
-      store_(store),
-      describe_(std::move(describe)) {
+JournalKeeper::JournalKeeper(Workbench bench, const FormatCatalogue& catalogue, const FormatState& format,
+                             EventQueue& events, JournalStore* store)
+    : bench_(bench), catalogue_(catalogue), format_(format), events_(events), store_(store) {
   if (store_ == nullptr) return;
-  list_.Spliced.Connect([this](const Splice& splice) { OnSplice(splice); });
-  list_.CommandEnded.Connect([this] { OnCommandEnded(); });
-  window_.tmrJournal.Tick.Connect([this] { Tick(); });
+  bench_.list.Spliced.Connect([this](const Splice& splice) { OnSplice(splice); });
+  bench_.list.CommandEnded.Connect([this] { OnCommandEnded(); });
+  bench_.window.tmrJournal.Tick.Connect([this] { Tick(); });
 }
 
 void JournalKeeper::Forget() {
@@ -46,7 +41,7 @@ void JournalKeeper::Leave() {
 void JournalKeeper::Need() {
   if (store_ == nullptr || state_ != State::NothingToLose) return;
   state_ = State::WantsSnapshot;
-  window_.tmrJournal.SetEnabled(true);
+  bench_.window.tmrJournal.SetEnabled(true);
 }
 
 void JournalKeeper::Flush() {
@@ -59,39 +54,40 @@ void JournalKeeper::Rest() {
   state_ = State::NothingToLose;
   batch_.Clear();
   retryAt_ = 0;
-  window_.tmrJournal.SetEnabled(false);
+  bench_.window.tmrJournal.SetEnabled(false);
 }
 
 void JournalKeeper::Adopt(int id, std::size_t bytes) {
   Forget();
   store_->Adopt(id, bytes);
   state_ = State::Following;
-  separator_ = list_.Options().LineSeparator;
+  separator_ = bench_.list.Options().LineSeparator;
   snapshotBytes_ = bytes;
   batchBytes_ = 0;
 }
 
 void JournalKeeper::OnSplice(const Splice& splice) {
   // A document that is being read or closed has nothing of its own yet.
-  if (!document_.HasDocument()) return;
+  if (!bench_.document.HasDocument()) return;
   if (state_ == State::NothingToLose) state_ = State::WantsSnapshot;
   if (state_ == State::Following) {
     if (batch_.Empty()) pendingSince_ = events_.NowMs();
-    batch_.Add(list_, splice);
+    batch_.Add(bench_.list, splice);
   }
-  window_.tmrJournal.SetEnabled(true);
+  bench_.window.tmrJournal.SetEnabled(true);
 }
 
 void JournalKeeper::OnCommandEnded() {
-  if (state_ == State::Following && list_.Options().LineSeparator != separator_) window_.tmrJournal.SetEnabled(true);
+  if (state_ == State::Following && bench_.list.Options().LineSeparator != separator_)
+    bench_.window.tmrJournal.SetEnabled(true);
 }
 
 void JournalKeeper::Tick() {
   TakeFailure();
-  if (!list_.Enabled() || !document_.HasDocument()) return;
-  if (list_.InCommand() && events_.NowMs() - pendingSince_ < kLongestCommandMs) return;
-  if (state_ != State::WantsSnapshot && batch_.Empty() && list_.Options().LineSeparator == separator_) {
-    if (++idleTicks_ > kIdleTicks) window_.tmrJournal.SetEnabled(false);
+  if (!bench_.list.Enabled() || !bench_.document.HasDocument()) return;
+  if (bench_.list.InCommand() && events_.NowMs() - pendingSince_ < kLongestCommandMs) return;
+  if (state_ != State::WantsSnapshot && batch_.Empty() && bench_.list.Options().LineSeparator == separator_) {
+    if (++idleTicks_ > kIdleTicks) bench_.window.tmrJournal.SetEnabled(false);
     return;
   }
   idleTicks_ = 0;
@@ -102,13 +98,23 @@ void JournalKeeper::Tick() {
   }
 }
 
+JournalDocument JournalKeeper::Describe() const {
+  JournalDocument described;
+  described.path = bench_.document.SubtitlePath;
+  described.format = catalogue_.Identifier(format_.CurrentFormatIndex);
+  described.fps = format_.CurrentFps;
+  described.codePage = format_.Encoding.codePage;
+  described.mark = format_.Encoding.mark;
+  return described;
+}
+
 void JournalKeeper::WriteSnapshot() {
-  JournalDocument document = describe_();
+  JournalDocument document = Describe();
   document.time = store_->Now();
-  document.separator = separator_ = list_.Options().LineSeparator;
-  document.selected = list_.Selected();
-  document.captions.reserve(static_cast<std::size_t>(list_.Rows()));
-  for (Row row = 1; row < list_.Rows(); ++row) document.captions.push_back(list_.At(row));
+  document.separator = separator_ = bench_.list.Options().LineSeparator;
+  document.selected = bench_.list.Selected();
+  document.captions.reserve(static_cast<std::size_t>(bench_.list.Rows()));
+  for (Row row = 1; row < bench_.list.Rows(); ++row) document.captions.push_back(bench_.list.At(row));
   std::string payload = JournalSnapshot(document);
   snapshotBytes_ = payload.size();
   batchBytes_ = 0;
@@ -119,8 +125,8 @@ void JournalKeeper::WriteSnapshot() {
 
 void JournalKeeper::WriteBatch() {
   if (batchBytes_ > std::max(kMostChanges, snapshotBytes_)) return WriteSnapshot();
-  separator_ = list_.Options().LineSeparator;
-  std::string payload = batch_.Take(store_->Now(), list_.Selected(), separator_);
+  separator_ = bench_.list.Options().LineSeparator;
+  std::string payload = batch_.Take(store_->Now(), bench_.list.Selected(), separator_);
   batchBytes_ += payload.size();
   store_->Append(std::move(payload));
 }
@@ -136,7 +142,7 @@ void JournalKeeper::TakeFailure() {
   state_ = State::WantsSnapshot;
   retryAt_ = events_.NowMs() + kRetryMs;
   if (std::exchange(told_, true)) return;
-  if (tellFailure) tellFailure(*failure);
+  Failed(*failure);
 }
 
 }  // namespace cuewright

@@ -1,14 +1,15 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 
-#include "capture/main_window.h"
+#include "capture/workbench.h"
 #include "core/caption_list.h"
 #include "core/document.h"
 #include "core/journal.h"
 #include "core/ports/event_queue.h"
 #include "core/ports/journal_store.h"
+#include "formats/catalogue.h"
+#include "formats/format_state.h"
 
 namespace cuewright {
 
@@ -16,9 +17,9 @@ namespace cuewright {
 /// program that is killed loses the last moment alone.
 class JournalKeeper {
  public:
-  /// Without a store nothing is kept. `describe` gives the document as it is, but for its captions.
-  JournalKeeper(MainWindow& window, CaptionList& list, const DocumentState& document, EventQueue& events,
-                JournalStore* store, std::function<JournalDocument()> describe);
+  /// Without a store nothing is kept.
+  JournalKeeper(Workbench bench, const FormatCatalogue& catalogue, const FormatState& format, EventQueue& events,
+                JournalStore* store);
 
   /// The document is as its file, or is another one, or is gone: there is nothing to lose.
   void Forget();
@@ -31,7 +32,7 @@ class JournalKeeper {
   /// Goes on with a journal that was left behind, whose document is the open one now.
   void Adopt(int id, std::size_t bytes);
 
-  std::function<void(const RuntimeError&)> tellFailure;  ///< the journal can't be written; called once a run
+  Signal<JournalKeeper, const RuntimeError&> Failed;  ///< the journal can't be written; once a run
 
  private:
   enum class State { NothingToLose, WantsSnapshot, Following };
@@ -39,17 +40,18 @@ class JournalKeeper {
   void OnSplice(const Splice& splice);
   void OnCommandEnded();
   void Tick();
+  /// The document as it is, but for its captions.
+  JournalDocument Describe() const;
   void WriteSnapshot();
   void WriteBatch();
   void TakeFailure();
   void Rest();
 
-  MainWindow& window_;
-  CaptionList& list_;
-  const DocumentState& document_;
+  Workbench bench_;
+  const FormatCatalogue& catalogue_;
+  const FormatState& format_;
   EventQueue& events_;
   JournalStore* store_;
-  std::function<JournalDocument()> describe_;
   State state_ = State::NothingToLose;
   JournalBatch batch_;
   Text separator_;                 ///< the one written last

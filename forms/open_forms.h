@@ -14,6 +14,11 @@ class OpenForms {
   /// A window has closed by itself.
   void Closed(const std::string& name) { closers_.erase(name); }
 
+  /// Closes every window that works on the captions.
+  void CloseTools() {
+    for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) UnloadForm(name);
+  }
+
   bool IsFormLoaded(const std::string& name) const { return closers_.contains(name); }
 
   /// Closes a window; nothing happens when it isn't open.

@@ -33,40 +33,74 @@ Program::Program(Ports ports, StartEnvironment environment)
       loader(catalogue, formats, store, strings, ports_.messages, *this),
       importer(loader, list, ports_.files, encodings, document.ImportCancelled),
       exporter(loader, list, ports_.files, encodings, document.SubtitlePath, document.DocModified),
+      states(Bench(), panel, sub, preview, capture, ports_.player),
+      session(Bench(), panel, capture, history, states, openForms),
       recall(window, store, ports_.files, folders),
       recentFiles(window, store, ports_.files),
       notices(window, options, strings),
-      commands(window, list, grid, panel, document, options, strings, ports_.messages, store, preview, capture,
-               ports_.events),
-      playerBinding(window, sub, document, strings, ports_.files, ports_.messages, ports_.player, preview, capture,
-                    recall),
-      files(Parts(), ports_),
-      shell(window, list, grid, panel, document, options, strings, store, recall, preview, capture, commands,
-            playerBinding, folders, ports_),
+      commands(Bench(), panel, preview, capture, store, ports_),
+      playerBinding(Bench(), session, preview, capture, recall, ports_),
       exportDialog(catalogue, formats, strings, ports_.messages),
+      documentFiles(Bench(), Formats(), session, recall, exportDialog, ports_),
+      audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
+                ports_.player}),
+      audio(Bench(), session, store, recall, audioBar, ports_),
+      filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
+                 audioBar}),
+      router(document, documentFiles, playerBinding, audio),
+      shell(Bench(), store, recall, preview, commands, ports_),
+      texts(Bench(), panel, commands, capture, states, ports_.messages),
       dialogs(window, grid, {options, strings, store, languages, document, preview, capture, vsFilter, ports_},
               {catalogue, formats, store, strings, languages, ports_.messages, ports_.pickers}, exportDialog),
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
-      rules(window, list, capture, ruleReport, reportWindow, strings, openForms, ports_),
+      rules(Bench(), ruleReport, reportWindow, session, ports_),
       tools(window, list, strings, languages, openForms, ports_),
-      audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
-                ports_.player}),
-      audio(window, document, strings, languages, store, recall, audioBar, ports_),
-      filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
-                 audioBar}),
       undo(window, list, history, capture, preview, strings),
-      journal(window, list, document, ports_.events, ports_.journal, [this] { return DescribeDocument(); }),
+      journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
                   environment_.system != nullptr ? *environment_.system : unknownSystem_),
       help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms),
-      spelling({window, list, options, strings, languages, store,
+      spelling({Bench(), languages, store,
                 environment_.dictionaries != nullptr ? *environment_.dictionaries : noDictionaries_,
                 environment_.wordsFolder, ports_}),
       embedWizard(PartsOfWizards()),
       audioWizard(PartsOfWizards()),
-      title(window, document, options, strings) {
+      title(Bench(), history) {
   Connect();
+}
+
+void Program::Connect() {
+  ConnectSession();
+  ConnectFiles();
+  ConnectJournal();
+  ConnectRules();
+  ConnectAudio();
+  ConnectWizards();
+  shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
+  spelling.Checked.Connect([this] { states.ResetControls(); });
+  window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
+  window.mnuHelpTopics.Clicked.Connect(
+      [this] { OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
+  help.settingsPage = [this] { return dialogs.settings.Page(); };
+  dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
+}
+
+void Program::ConnectSession() {
+  session.Cleared.Connect([this] { notices.Clear(); });
+  session.RulesForgotten.Connect([this] { ruleReport.ResetRuleReport(); });
+  session.Began.Connect([this](DocumentBaseline baseline) { history.Begin(baseline); });
+  session.Ended.Connect([this] { history.End(); });
+  session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
+  documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
+  history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
+  // Behind the history, which knows whether the title gets a star.
+  const auto show = [this] { title.Show(); };
+  session.Began.Connect([show](DocumentBaseline) { show(); });
+  for (Announcement<>* changed : std::initializer_list<Announcement<>*>{&session.Ended, &list.CommandEnded,
+                                                                        &history.Changed, &dialogs.settings.Closed}) {
+    changed->Connect(show);
+  }
 }
 
 void Program::ConnectFiles() {
@@ -76,11 +110,69 @@ void Program::ConnectFiles() {
                                           : FileKind::Subtitle,
                     path);
   });
-  recentFiles.open = [this](FileKind kind, const Text& path) { files.OpenAs(kind, path); };
-  files.Left.Connect([this] { notices.Clear(); });
-  files.Loaded.Connect([this] { TellFile(Message::ReadAs); });
-  files.Saved.Connect([this](bool) {
+  recentFiles.Chosen.Connect([this](FileKind kind, const Text& path) { router.OpenAs(kind, path); });
+  documentFiles.Loaded.Connect([this] { TellFile(Message::ReadAs); });
+  documentFiles.Saved.Connect([this](bool) {
     if (!notices.Shown()) TellFile(Message::SavedAs);
+  });
+}
+
+void Program::ConnectRules() {
+  documentFiles.RulesDue.Connect([this] { rules.OnLoad(); });
+  rules.Found.Connect([this](int count) { notices.TellFindings(count); });
+  rules.Changed.Connect([this](int count) {
+    if (count == 0) return notices.ForgetRules();
+    stepsOfRules_ = history.UndoSteps();
+    notices.TellChanged(count);
+  });
+  // The strip's Undo is for the rules' own step.
+  history.Changed.Connect([this] {
+    if (notices.OffersUndo() && history.UndoSteps() != stepsOfRules_) notices.ForgetRules();
+  });
+  reportWindow.SettingsAsked.Connect([this] { window.mnuGSettings.Click(); });
+}
+
+void Program::ConnectAudio() {
+  for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
+    gone->Connect([this] {
+      filmSound.Stop();
+      audioBar.Forget();
+    });
+  }
+  preview.handsOnCaption = [this] { return capture.TextFocus() || audioBar.Dragging(); };
+  audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
+  // A row that is untimed now isn't shown anew by the dialog, but its marks are.
+  tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
+}
+
+void Program::ConnectJournal() {
+  session.Leaving.Connect([this](bool thrownAway) {
+    // What no file holds stays for the next start, unless the user said that it may go.
+    leaveJournal_ = !thrownAway && history.Differs();
+    journal.Flush();
+  });
+  const auto gone = [this] {
+    if (std::exchange(leaveJournal_, false)) {
+      journal.Leave();
+    } else {
+      journal.Forget();
+    }
+  };
+  session.Began.Connect([gone](DocumentBaseline) { gone(); });
+  session.Ended.Connect(gone);
+  documentFiles.Saved.Connect([this](bool whole) {
+    if (whole) {
+      journal.Forget();
+    } else {
+      journal.Need();
+    }
+  });
+  journal.Failed.Connect([this](const RuntimeError& error) {
+    if (notices.Seen()) {
+      notices.Tell(Message::JournalFailed, error.description);
+    } else {
+      ports_.messages.Show({Fill(strings[Message::JournalFailed], error.description), BoxIcon::Warning});
+    }
   });
 }
 
@@ -102,134 +194,6 @@ UpdateParts Program::DescribeUpdates() {
           environment_.settingsFile};
 }
 
-FileActionParts Program::Parts() {
-  return {window,  list,   history,  panel,    document, options,       strings, store, catalogue,
-          formats, loader, importer, exporter, recall,   playerBinding, capture, sub};
-}
-
-void Program::Connect() {
-  files.resetControls = [this] {
-    shell.ResetControls();
-    if (!document.HasDocument()) ruleReport.ResetRuleReport();
-  };
-  playerBinding.resetControls = files.resetControls;
-  spelling.resetControls = files.resetControls;
-  playerBinding.closeReport = [this] { openForms.UnloadForm("frmReport"); };
-  files.closeTools = [this] {
-    for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);
-  };
-  files.restoreFilter = [this] { vsFilter.RestoreVSFilter(); };
-  shell.applyFilter = [this] { vsFilter.ApplyVSFilterMode(); };
-  files.refreshFileLabels = [this] { shell.RefreshFileLabels(); };
-  ConnectRules();
-  ConnectFiles();
-  ConnectHistory();
-  ConnectTitle();
-  ConnectJournal();
-  ConnectWizards();
-  window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
-  window.mnuHelpTopics.Clicked.Connect(
-      [this] { OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
-  help.settingsPage = [this] { return dialogs.settings.Page(); };
-  dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
-  ConnectAudio();
-  files.chooseFormat = [this] {
-    exportDialog.Open(languages.IsRightToLeft());
-    if (runExportDialog) runExportDialog();
-    return exportDialog.Result();
-  };
-}
-
-void Program::ConnectAudio() {
-  files.openAudioFile = [this](TextView path) { audio.OpenAudioFile(path, kAudioToPlayer); };
-  files.closeWave = [this] {
-    filmSound.Stop();
-    audioBar.Forget();
-  };
-  audio.closeTools = files.closeTools;
-  audio.resetControls = files.resetControls;
-  preview.handsOnCaption = [this] { return capture.TextFocus() || audioBar.Dragging(); };
-  playerBinding.closeWave = files.closeWave;
-  audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
-  tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
-}
-
-void Program::ConnectRules() {
-  rules.refreshFileLabels = files.refreshFileLabels;
-  files.resetRuleReport = [this] { ruleReport.ResetRuleReport(); };
-  files.applyRulesOnLoad = [this] { rules.OnLoad(); };
-  rules.Found.Connect([this](int count) { notices.TellFindings(count); });
-  rules.Changed.Connect([this](int count) {
-    if (count == 0) return notices.ForgetRules();
-    stepsOfRules_ = history.UndoSteps();
-    notices.TellChanged(count);
-  });
-  // The strip's Undo is for the rules' own step.
-  history.Changed.Connect([this] {
-    if (notices.OffersUndo() && history.UndoSteps() != stepsOfRules_) notices.ForgetRules();
-  });
-  // A row that is untimed now isn't shown anew by the dialog, but its marks are.
-  tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
-  reportWindow.openSettings = [this] { window.mnuGSettings.Click(); };
-}
-
-void Program::ConnectHistory() {
-  files.DocumentOpened.Connect(
-      [this] { history.Begin(document.HasFile() ? DocumentBaseline::File : DocumentBaseline::Blank); });
-  files.DocumentClosed.Connect([this] { history.End(); });
-  files.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
-  history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
-}
-
-void Program::ConnectTitle() {
-  title.unsaved = [this] { return !history.AtSavedStep() && document.HasDocument(); };
-  for (Signal<>* changed :
-       {&list.CommandEnded, &history.Changed, &files.DocumentOpened, &files.DocumentClosed, &dialogs.settings.Closed}) {
-    changed->Connect([this] { title.Show(); });
-  }
-}
-
-void Program::ConnectJournal() {
-  files.Leaving.Connect([this](bool thrownAway) {
-    // What no file holds stays for the next start, unless the user said that it may go.
-    leaveJournal_ = !thrownAway && history.Differs();
-    journal.Flush();
-  });
-  for (Signal<>* gone : {&files.DocumentOpened, &files.DocumentClosed}) {
-    gone->Connect([this] {
-      if (std::exchange(leaveJournal_, false)) {
-        journal.Leave();
-      } else {
-        journal.Forget();
-      }
-    });
-  }
-  files.Saved.Connect([this](bool whole) {
-    if (whole) {
-      journal.Forget();
-    } else {
-      journal.Need();
-    }
-  });
-  journal.tellFailure = [this](const RuntimeError& error) {
-    if (notices.Seen()) {
-      notices.Tell(Message::JournalFailed, error.description);
-    } else {
-      ports_.messages.Show({Fill(strings[Message::JournalFailed], error.description), BoxIcon::Warning});
-    }
-  };
-}
-
-JournalDocument Program::DescribeDocument() const {
-  JournalDocument described;
-  described.path = document.SubtitlePath;
-  described.format = catalogue.Identifier(formats.CurrentFormatIndex);
-  described.fps = formats.CurrentFps;
-  described.codePage = formats.Encoding.codePage;
-  described.mark = formats.Encoding.mark;
-  return described;
-}
-
 bool Program::OfferRestore() {
   if (ports_.journal == nullptr) return false;
   const auto restored = OfferLeftDocuments(*ports_.journal, ports_.messages, strings);
@@ -240,21 +204,18 @@ bool Program::OfferRestore() {
 }
 
 void Program::RestoreDocument(const JournalDocument& restored) {
-  files.closeTools();
-  document.SubtitlePath = restored.path;
-  capture.Reset();
+  session.CloseTools();
+  session.Replace(restored.path);
   commands.RestoreSeparator(restored.separator);
-  panel.ResetGrid(true);
-  ruleReport.ResetRuleReport();
+  session.EmptyList();
   list.Replace(1, list.Rows() - 1, restored.captions);
   formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
   formats.CurrentFps = restored.fps;
   formats.Encoding = {restored.codePage, restored.mark};
-  files.DocumentOpened();
   // Its file, if it has one, holds less.
-  history.Begin(DocumentBaseline::None);
+  session.Begin(DocumentBaseline::None);
   document.DocModified = true;
-  shell.ResetControls();
+  states.ResetControls();
   list.SetRow(restored.selected, true);
 }
 
@@ -298,7 +259,7 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   audioBar.LoadOptions();
   ApplyLanguage();
   panel.ResetGrid(false);
-  shell.ResetControls();
+  states.ResetControls();
   return size;
 }
 
@@ -317,9 +278,9 @@ void Program::OnFirstActivation() {
   }
   const bool restored = OfferRestore();
   if (path.empty()) return;
-  if (!restored) return files.OpenStartFile(path);
+  if (!restored) return router.OpenStartFile(path);
   // A text, or what would be taken for one, must not take the place of the document that has just come back.
-  if (const FileKind kind = KindOfFile(path); kind != FileKind::Subtitle) files.OpenAs(kind, path);
+  if (const FileKind kind = KindOfFile(path); kind != FileKind::Subtitle) router.OpenAs(kind, path);
 }
 
 std::int16_t Program::ChangeLanguage(std::size_t row) {
@@ -333,7 +294,7 @@ std::int16_t Program::ChangeLanguage(std::size_t row) {
 
 void Program::ApplyLanguage() {
   notices.ApplyLanguage();
-  shell.ApplyMainWindowLanguage(languages.IsRightToLeft());
+  texts.ApplyMainWindowLanguage(languages.IsRightToLeft());
   undo.ShowItems();
   title.Show();
   for (Label* label : {&sub.lblShadow, &sub.lblSub}) label->SetRightToLeft(languages.IsRightToLeft());
@@ -346,7 +307,7 @@ void Program::SetTextFileLabel(TextView text) { window.lblTextFile.SetText(text)
 
 void Program::ClearVideoFileLabel() { window.lblVideoFile.SetText({}); }
 
-void Program::RefreshStatusLabels() { shell.RefreshFileLabels(); }
+void Program::RefreshStatusLabels() { states.RefreshFileLabels(); }
 
 void Program::Yield() { ports_.events.Yield(); }
 

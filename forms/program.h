@@ -29,11 +29,14 @@
 #include "forms/audio_commands.h"
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
+#include "forms/control_states.h"
 #include "forms/dialogs.h"
+#include "forms/document_files.h"
+#include "forms/document_session.h"
 #include "forms/editing_tools.h"
 #include "forms/embed_wizard.h"
 #include "forms/export_dialog.h"
-#include "forms/file_actions.h"
+#include "forms/file_router.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
 #include "forms/journal_keeper.h"
@@ -50,6 +53,7 @@
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/undo_commands.h"
+#include "forms/window_texts.h"
 #include "forms/window_title.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
@@ -137,22 +141,26 @@ class Program final : private FormatHost {
   FormatLoader loader;
   Importer importer;
   Exporter exporter;
+  ControlStates states;
+  DocumentSession session;
   Recall recall;
   RecentFiles recentFiles;
   Notices notices;
   CaptionCommands commands;
   PlayerBinding playerBinding;
-  FileActions files;
-  Shell shell;
   ExportDialog exportDialog;
+  DocumentFiles documentFiles;
+  AudioBar audioBar;
+  AudioCommands audio;
+  FilmSound filmSound;
+  FileRouter router;
+  Shell shell;
+  WindowTexts texts;
   Dialogs dialogs;
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;
   EditingTools tools;
-  AudioBar audioBar;
-  AudioCommands audio;
-  FilmSound filmSound;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -165,37 +173,30 @@ class Program final : private FormatHost {
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
 
-  /// Shows the export dialog and returns when it has closed. Set by the windows' owner.
-  std::function<void()> runExportDialog;
-  /// The same for the two wizards.
-  std::function<void()> runEmbedWizard;
-  std::function<void()> runAudioWizard;
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.
-  Signal<> LanguageChanged;
+  Signal<Program> LanguageChanged;
 
  private:
   void Connect();
+  void ConnectSession();
+  void ConnectFiles();
   void ConnectRules();
   void ConnectAudio();
-  void ConnectFiles();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
-  void ConnectHistory();
-  void ConnectTitle();
   void ConnectJournal();
   void ConnectWizards();
   void OpenEmbedWizard();
   void OpenAudioWizard();
   WizardParts PartsOfWizards();
-  JournalDocument DescribeDocument() const;
   /// Offers what a program that ended had not saved; true when a document was restored.
   bool OfferRestore();
   void RestoreDocument(const JournalDocument& restored);
   void ConvertFromUtf8();
   void ApplyLanguage();
   Workbench Bench() { return {window, list, grid, document, options, strings}; }
-  FileActionParts Parts();
+  DocumentFormats Formats() { return {catalogue, formats, loader, importer, exporter}; }
   UpdateParts DescribeUpdates();
 
   void SetTextFileLabel(TextView text) override;

@@ -10,30 +10,25 @@ void Program::ConnectWizards() {
   window.mnuEmbed.Clicked.Connect([this] { OpenEmbedWizard(); });
   window.mnuAudioExtract.Clicked.Connect([this] { OpenAudioWizard(); });
   embedWizard.closeDocuments = [this] {
-    document.SubtitlePath.clear();
     document.VideoPath.clear();
     preview.SetPreviewMode(false);
-    files.resetControls();
-    files.DocumentClosed();
-    notices.Clear();
+    session.End();
   };
 }
 
 void Program::OpenEmbedWizard() {
   if (embedWizard.IsOpen() || !embedWizard.CheckEmbedDocument()) return;
   // The wizard works on the file, and closes the document in its end.
-  if (!files.PromptForSave()) return;
-  for (const char* name : {"frmFind", "frmReplace", "frmReport"}) openForms.UnloadForm(name);
+  if (!documentFiles.PromptForSave()) return;
+  session.CloseTools();
   embedWizard.Open();
-  if (runEmbedWizard) runEmbedWizard();
 }
 
 void Program::OpenAudioWizard() {
   if (audioWizard.IsOpen() || !audioWizard.CheckFilm()) return;
-  files.closeTools();
+  session.CloseTools();
   ports_.player.Stop();
   audioWizard.Open();
-  if (runAudioWizard) runAudioWizard();
   const Text& pending = audioWizard.PendingAudioFile();
   if (!pending.empty() && ports_.files.Exists(pending)) audio.OpenAudioFile(pending, kAudioToBar);
 }

@@ -49,4 +49,6 @@ void Recall::ShowKept() {
   show(u"AFileName", window_.mnuAFileName);
 }
 
+void Recall::KeepVolume(int volume) { store_.SaveSetting(kMainSection, u"Volume", Decimal(volume)); }
+
 }  // namespace cuewright

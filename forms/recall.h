@@ -18,6 +18,9 @@ class Recall {
   /// Keeps the folder of a path.
   void SavePath(TextView path);
 
+  /// Keeps how loud the player is.
+  void KeepVolume(int volume);
+
   /// The path kept under a key ("TFileName", "VFileName", "AFileName").
   Text Path(TextView key) const;
   /// Keeps a path under a key and shows it in its menu item.
@@ -30,7 +33,7 @@ class Recall {
   void ShowKept();
 
   /// A path was kept under a key.
-  Signal<TextView, TextView> Remembered;
+  Signal<Recall, TextView, TextView> Remembered;
 
  private:
   void Show(MenuItem& item, TextView path);

@@ -43,7 +43,7 @@ RecentFiles::RecentFiles(MainWindow& window, SettingsStore& store, const Files& 
     window_.mnuRecentFile[i].Clicked.Connect([this, i] {
       if (i >= shown_.size()) return;
       const Entry entry = shown_[i];  // opening it changes the list
-      open(entry.kind, entry.path);
+      Chosen(entry.kind, entry.path);
     });
   }
   window_.mnuClearRecent.Clicked.Connect([this] { Clear(); });

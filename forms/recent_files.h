@@ -28,7 +28,7 @@ class RecentFiles {
   void Show();
 
   /// Opens a file that the user chose. Set by the owner of the windows.
-  std::function<void(FileKind, const Text&)> open;
+  Signal<RecentFiles, FileKind, const Text&> Chosen;
 
  private:
   struct Entry {

@@ -15,7 +15,7 @@ ReportWindow::ReportWindow(const RuleReport& report, const DocumentState& docume
   cmdOK.Clicked.Connect([this] { Close(); });
   lblDefine.Clicked.Connect([this] {
     Close();
-    if (openSettings) openSettings();
+    SettingsAsked();
   });
 }
 

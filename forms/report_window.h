@@ -35,8 +35,8 @@ class ReportWindow final : public ToolForm {
   void OnActivated() override;
   void ApplyLanguage(bool rightToLeft) override;
 
-  std::function<void()> openSettings;  ///< opens the settings and returns when they have closed
-  Signal<> RepaintRequested;           ///< what the controls hold is to be seen at once
+  Signal<ReportWindow> SettingsAsked;     ///< the user wants to define the rules; the window has closed
+  Signal<ReportWindow> RepaintRequested;  ///< what the controls hold is to be seen at once
 
  private:
   void Load() override;

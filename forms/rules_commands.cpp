@@ -2,73 +2,96 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace cuewright {
 namespace {
 
-/// The window of rules that only look: they work on a copy, and nothing of it is seen.
-class NoWindow final : public RulesHost {
-  void CloseToolWindows() override {}
-  void SetBusy(bool) override {}
-  void Yield() override {}
-  void ShowProgress(TextView) override {}
-  void RefreshFileLabels() override {}
-  void LeavePreviewMode() override {}
-  bool PausePlayer() override { return false; }
-  void ResumePlayer() override {}
-  void ShowReport() override {}
-};
+/// Counts, while it lives, the captions that change or go.
+class ChangeCount {
+ public:
+  explicit ChangeCount(CaptionList& list) : changed_(static_cast<std::size_t>(list.Rows()), false) {
+    spliced_ = list.Spliced.ConnectScoped([this](const Splice& splice) { Note(splice); });
+  }
 
-/// A rule that fails would do so when it is applied, and is told then.
-class NoBoxes final : public Messages {
-  BoxAnswer Show(const MessageBox&) override { return BoxAnswer::Ok; }
-  Text Ask(const InputBox&) override { return {}; }
+  int Captions() const { return static_cast<int>(std::count(changed_.begin(), changed_.end(), true)) + removed_; }
+
+ private:
+  void Note(const Splice& splice) {
+    const auto first = changed_.begin() + splice.first;
+    if (splice.removed == splice.added) {
+      std::fill(first, first + splice.removed, true);
+      return;
+    }
+    removed_ += splice.removed;
+    changed_.erase(first, first + splice.removed);
+    changed_.insert(changed_.begin() + splice.first, static_cast<std::size_t>(splice.added), false);
+  }
+
+  std::vector<bool> changed_;  ///< of each row
+  int removed_ = 0;
+  Connection spliced_;
 };
 
 }  // namespace
 
-RulesCommands::RulesCommands(MainWindow& window, CaptionList& list, TimingCapture& capture, RuleReport& report,
-                             ReportWindow& reportWindow, const LangStrings& strings, OpenForms& openForms, Ports ports)
-    : window_(window),
-      list_(list),
-      capture_(capture),
-      reportWindow_(reportWindow),
-      openForms_(openForms),
-      ports_(ports),
+RulesCommands::RulesCommands(Workbench bench, RuleReport& report, ReportWindow& reportWindow, DocumentSession& session,
+                             Ports ports)
+    : bench_(bench),
       report_(report),
-      strings_(strings),
-      engine_(list, report, strings, ports_.messages, *this) {
-  window_.mnuRules.Clicked.Connect([this] { ApplyRules(false); });
-  window_.mnuReport.Clicked.Connect([this] { ShowReportAnew(); });
-  window_.cmdShowFindings.Clicked.Connect([this] { ShowReportAnew(); });
-  window_.cmdApplyFindings.Clicked.Connect([this] { ApplyRules(true); });
-  window_.cmdUndoRules.Clicked.Connect([this] { window_.mnuUndo.Click(); });
-  list_.Spliced.Connect([this](const Splice& splice) { NoteChange(splice); });
+      reportWindow_(reportWindow),
+      session_(session),
+      ports_(ports),
+      engine_(bench.list, report) {
+  bench_.window.mnuRules.Clicked.Connect([this] { ApplyRules(false); });
+  bench_.window.mnuReport.Clicked.Connect([this] { ShowReportAnew(); });
+  bench_.window.cmdShowFindings.Clicked.Connect([this] { ShowReportAnew(); });
+  bench_.window.cmdApplyFindings.Clicked.Connect([this] { ApplyRules(true); });
+  bench_.window.cmdUndoRules.Clicked.Connect([this] { bench_.window.mnuUndo.Click(); });
 }
 
 void RulesCommands::ApplyRules(bool quiet) {
-  changed_.emplace(static_cast<std::size_t>(list_.Rows()), false);
-  removed_ = 0;
-  engine_.ApplyRules(quiet);
-  const auto changed = static_cast<int>(std::count(changed_->begin(), changed_->end(), true)) + removed_;
-  changed_.reset();
-  if (list_.Options().manner.RulesAskOnLoad()) Changed(changed);
+  const ChangeCount changes(bench_.list);
+  const std::optional<RuntimeError> failure = Pass();
+  if (report_.RuleEntryCount() > 0) {
+    reportWindow_.Show();
+  } else if (!quiet) {
+    ports_.messages.Show({bench_.strings[Message::AllLinesComply], BoxIcon::Information, BoxButtons::Ok,
+                          bench_.strings[Message::ApplyCurrentRules]});
+  }
+  if (failure) ports_.messages.Show({Text(kRulesFailed), BoxIcon::Warning});
+  if (bench_.options.manner.RulesAskOnLoad()) Changed(changes.Captions());
 }
 
-void RulesCommands::NoteChange(const Splice& splice) {
-  if (!changed_) return;
-  const auto first = changed_->begin() + splice.first;
-  if (splice.removed == splice.added) {
-    std::fill(first, first + splice.removed, true);
-    return;
-  }
-  removed_ += splice.removed;
-  changed_->erase(first, first + splice.removed);
-  changed_->insert(changed_->begin() + splice.first, static_cast<std::size_t>(splice.added), false);
+std::optional<RuntimeError> RulesCommands::Pass() {
+  session_.CloseTools();
+  SetBusy(true);
+  session_.LeavePreview();
+  const bool playing = ports_.player.PlayState() == kPlayerPlaying;
+  if (playing) ports_.player.Pause();
+  const std::optional<RuntimeError> failure = engine_.ApplyRules([this](Row row) { ShowProgress(row); });
+  session_.RefreshFileLabels();
+  SetBusy(false);
+  if (playing) ports_.player.Play();
+  return failure;
+}
+
+void RulesCommands::ShowProgress(Row row) {
+  ports_.events.YieldToPainting();
+  bench_.window.lblTextFile.SetText(bench_.strings[Message::CheckingFromCaption] + u" " + Decimal(row) + u", " +
+                                    ToLower(bench_.strings[Message::PleaseWait]));
+}
+
+void RulesCommands::SetBusy(bool on) {
+  // As in every long operation nothing is drawn of the list meanwhile.
+  bench_.list.SetEnabled(!on);
+  ports_.desktop.SetBusy(on);
+  // The pane and the time boxes hold what the row was before the pass; what is typed there would bring it back.
+  if (!on) bench_.list.SetRow(bench_.list.Selected(), false);
 }
 
 void RulesCommands::OnLoad() {
-  if (list_.Options().manner.RulesAskOnLoad() && !list_.Options().RulesOnLoad) {
+  if (bench_.options.manner.RulesAskOnLoad() && !bench_.options.RulesOnLoad) {
     Look();
   } else {
     ApplyRules(true);
@@ -77,53 +100,20 @@ void RulesCommands::OnLoad() {
 
 void RulesCommands::Look() {
   bool modified = false;
-  CaptionList copy(list_.Options(), modified);
+  CaptionList copy(bench_.options, modified);
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(list_.Rows()));
-  for (Row row = 1; row < list_.Rows(); ++row) rows.push_back(list_.At(row));
+  rows.reserve(static_cast<std::size_t>(bench_.list.Rows()));
+  for (Row row = 1; row < bench_.list.Rows(); ++row) rows.push_back(bench_.list.At(row));
   copy.Replace(1, 1, std::move(rows));
-  NoWindow window;
-  NoBoxes boxes;
-  RulesEngine(copy, report_, strings_, boxes, window).ApplyRules(true);
+  // A rule that fails does so again when it is applied, and is told then.
+  static_cast<void>(RulesEngine(copy, report_).ApplyRules());
   report_.SetOnlyLooked();
   if (report_.RuleEntryCount() > 0) Found(report_.RuleEntryCount());
 }
 
 void RulesCommands::ShowReportAnew() {
-  CloseToolWindows();
+  session_.CloseTools();
   reportWindow_.Show();
 }
-
-void RulesCommands::CloseToolWindows() {
-  for (const char* name : {"frmFind", "frmReplace", "frmReport"}) openForms_.UnloadForm(name);
-}
-
-void RulesCommands::SetBusy(bool on) {
-  // As in every long operation nothing is drawn of the list meanwhile.
-  list_.SetEnabled(!on);
-  ports_.desktop.SetBusy(on);
-  // The pane and the time boxes hold what the row was before the pass; what is typed there would bring it back.
-  if (!on) list_.SetRow(list_.Selected(), false);
-}
-
-void RulesCommands::Yield() { ports_.events.YieldToPainting(); }
-
-void RulesCommands::ShowProgress(TextView text) { window_.lblTextFile.SetText(text); }
-
-void RulesCommands::RefreshFileLabels() { refreshFileLabels(); }
-
-void RulesCommands::LeavePreviewMode() {
-  if (capture_.Mode() == CaptionMode::Preview) capture_.SelectMode(CaptionMode::PressAndHold);
-}
-
-bool RulesCommands::PausePlayer() {
-  const bool playing = ports_.player.PlayState() == kPlayerPlaying;
-  if (playing) ports_.player.Pause();
-  return playing;
-}
-
-void RulesCommands::ResumePlayer() { ports_.player.Play(); }
-
-void RulesCommands::ShowReport() { reportWindow_.Show(); }
 
 }  // namespace cuewright

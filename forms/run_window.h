@@ -30,7 +30,7 @@ class RunWindow final : public Dialog {
 
   /// True when the user closed the window of a run that went on.
   bool Cancelled() const { return cancelled_; }
-  Signal<> FailureShown;
+  Signal<RunWindow> FailureShown;
 
  protected:
   void OnClose() override;

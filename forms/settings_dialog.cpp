@@ -54,8 +54,8 @@ void SettingsDialog::Open() {
   for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetText(letters_[k]);
   ApplySettingsDialogLanguage();
   FillSettingsControls();
-  NoteOpened();
   ShowSettingsPage(parts_.languages.FirstRun() ? kLanguagePage : 0);
+  NoteOpened();
 }
 
 void SettingsDialog::ShowSettingsPage(std::size_t index) {

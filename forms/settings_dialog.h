@@ -63,9 +63,9 @@ class SettingsDialog final : public SettingsWindow {
     bool operator==(const Sample&) const = default;
   };
   const Sample& GetSample() const { return sample_; }
-  Signal<> SampleChanged;
-  Signal<> PageChanged;
-  Signal<> LanguageApplied;
+  Signal<SettingsDialog> SampleChanged;
+  Signal<SettingsDialog> PageChanged;
+  Signal<SettingsDialog> LanguageApplied;
   /// All that the details area can tell, by which it is measured.
   std::vector<Text> DetailTexts() const;
   /// The flag is that of this row of the language table.

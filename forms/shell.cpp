@@ -23,45 +23,29 @@ constexpr int kBottomHeight = 176;
 
 }  // namespace
 
-Shell::Shell(MainWindow& window, CaptionList& list, CaptionGrid& grid, CaptionPanel& panel, DocumentState& document,
-             AppOptions& options, const LangStrings& strings, SettingsStore& store, Recall& recall, Preview& preview,
-             TimingCapture& capture, CaptionCommands& commands, PlayerBinding& playerBinding, const Folders& folders,
+Shell::Shell(Workbench bench, SettingsStore& store, Recall& recall, Preview& preview, CaptionCommands& commands,
              Ports ports)
-    : window_(window),
-      list_(list),
-      grid_(grid),
-      panel_(panel),
-      document_(document),
-      options_(options),
-      strings_(strings),
-      store_(store),
-      recall_(recall),
-      preview_(preview),
-      capture_(capture),
-      commands_(commands),
-      playerBinding_(playerBinding),
-      folders_(folders),
-      ports_(ports) {
+    : bench_(bench), store_(store), recall_(recall), preview_(preview), commands_(commands), ports_(ports) {
   Wire();
 }
 
 void Shell::Wire() {
-  window_.mnuInfoBar.Clicked.Connect([this] { ToggleInfoBar(); });
+  bench_.window.mnuInfoBar.Clicked.Connect([this] { ToggleInfoBar(); });
   const auto opens = [this](MenuItem& item, const Text& target) {
     item.Clicked.Connect([this, target] { OpenExternal(ports_.desktop, target); });
   };
   const auto page = [this](MenuItem& item, const Text& path) {
-    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, options_.Language); });
+    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, bench_.options.Language); });
   };
-  page(window_.mnuTessaly, {});
-  page(window_.mnuForums, u"forum");
-  page(window_.mnuPermanentSubs, u"guides.php");
-  window_.mnuWebsite.Clicked.Connect(
-      [this] { OpenWebPage(ports_.desktop, ProductPage(options_.Language), options_.Language); });
-  opens(window_.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));
-  opens(window_.mnuMediaPlayer, Text(kPlayerPage));
-  window_.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
-    if (mouse.button == MouseButton::Left) window_.mnuWebsite.Click();
+  page(bench_.window.mnuTessaly, {});
+  page(bench_.window.mnuForums, u"forum");
+  page(bench_.window.mnuPermanentSubs, u"guides.php");
+  bench_.window.mnuWebsite.Clicked.Connect(
+      [this] { OpenWebPage(ports_.desktop, ProductPage(bench_.options.Language), bench_.options.Language); });
+  opens(bench_.window.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));
+  opens(bench_.window.mnuMediaPlayer, Text(kPlayerPage));
+  bench_.window.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
+    if (mouse.button == MouseButton::Left) bench_.window.mnuWebsite.Click();
   });
 }
 
@@ -69,10 +53,10 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   CarryOn step;
   StartSize size;
   step([&] {
-    window_.mnuInfoBar.SetChecked(options_.M_INFOBAR);
+    bench_.window.mnuInfoBar.SetChecked(bench_.options.M_INFOBAR);
     UpdateBars();
   });
-  step([&] { grid_.SetFont(options_.M_FONTNAME, options_.M_FONTSIZE, options_.M_FONTBOLD); });
+  step([&] { bench_.grid.SetFont(bench_.options.M_FONTNAME, bench_.options.M_FONTSIZE, bench_.options.M_FONTBOLD); });
   step([&] {
     const int state = ReadNumber(store_, u"WindowState", kMaximised);
     size.maximised = state == kMaximised;
@@ -87,15 +71,13 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     UpdateBars();
   });
   step([&] { ports_.player.SetVolume(ReadNumber(store_, u"Volume", kDefaultVolume)); });
-  step([&] { ports_.player.SetStretchToFit(options_.P_STRETCH != 0); });
+  step([&] { ports_.player.SetStretchToFit(bench_.options.P_STRETCH != 0); });
   step([&] {
-    ports_.player.SetUiMode(options_.P_UIMODE);
-    options_.P_UIMODE = ports_.player.UiMode();
+    ports_.player.SetUiMode(bench_.options.P_UIMODE);
+    bench_.options.P_UIMODE = ports_.player.UiMode();
   });
   step([&] { commands_.ShowSeparator(); });
-  step([&] {
-    if (applyFilter) applyFilter();
-  });
+  step([&] { Loading(); });
   step([&] { recall_.ShowKept(); });
   if (step.Last()) {
     ports_.messages.Show({u"Error while loading main settings.\r\n\r\nError #" + Decimal(step.Last()->number) +
@@ -105,199 +87,21 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   return size;
 }
 
-void Shell::SetDocumentItems(bool on) {
-  window_.lblShow.SetEnabled(on);
-  window_.lblDuration.SetEnabled(on);
-  grid_.SetEnabled(on);
-  for (MenuItem* item :
-       {&window_.mnuSave, &window_.mnuSaveAs, &window_.mnuAdd, &window_.mnuEditSelected, &window_.mnuBold,
-        &window_.mnuItalic, &window_.mnuUnderline, &window_.mnuConvert, &window_.mnuAppend, &window_.mnuRemove,
-        &window_.mnuRules, &window_.mnuSpell, &window_.mnuFind, &window_.mnuReplace, &window_.mnuDelay,
-        &window_.mnuReset, &window_.mnuGoTo, &window_.mnuCountUntimed, &window_.mnuNextUntimed}) {
-    item->SetEnabled(on);
-  }
-}
-
-void Shell::ResetControls() {
-  const bool document = document_.HasDocument();
-  const bool video = document_.HasVideo();
-  window_.mnuClose.SetEnabled(document || video || !document_.WavePath.empty());
-  SetDocumentItems(document);
-  if (!document) {
-    capture_.Reset();
-    capture_.SelectMode(CaptionMode::PressAndHold);
-    for (TextBox& box : window_.txtTime) box.SetText(MsToTimeText(0));
-    panel_.ResetGrid(false);
-    window_.cmdApply.SetEnabled(false);
-    window_.cmdNext.SetEnabled(false);
-    window_.cmdEnd.SetEnabled(false);
-  }
-  if (video) {
-    window_.picPLogo.SetVisible(false);
-  } else if (ports_.player.Enabled()) {
-    playerBinding_.Empty();
-  }
-  ports_.player.SetEnabled(video);
-  for (Label* label : {&window_.lblPosition, &window_.lblTime, &window_.lblStringPos}) label->SetEnabled(video);
-  window_.tmrTime.SetEnabled(video);
-  const bool both = document && video;
-  window_.lblMode.SetEnabled(both);
-  window_.lblMainMode.SetEnabled(both);
-  window_.optPress.SetEnabled(both);
-  window_.optManual.SetEnabled(both);
-  window_.optPreview.SetEnabled(both);
-  preview_.ClearPreviewCaption();
-  RefreshFileLabels();
-}
-
-void Shell::RefreshFileLabels() {
-  const bool document = document_.HasDocument();
-  const bool video = document_.HasVideo();
-  if (!document && !video) {
-    window_.lblTextFile.SetText(strings_[Message::WelcomeToProgram]);
-    window_.lblVideoFile.SetText(strings_[Message::UseTheFileMenu]);
-    return;
-  }
-  window_.lblTextFile.SetText(!document ? strings_[Message::NoTextFileLoaded]
-                              : !document_.HasFile()
-                                  ? strings_[Message::EditCaptionItem]
-                                  : strings_[Message::CurrentSubtitleFile] + FileNameOf(document_.SubtitlePath));
-  window_.lblVideoFile.SetText(video ? strings_[Message::CurrentVideoFile] +
-                                           InItsOrder(strings_[Message::CurrentVideoFile], document_.VideoPath)
-                                     : strings_[Message::NoVideoFileLoaded]);
-}
-
 void Shell::UpdateBars() {
-  window_.picIco.SetVisible(options_.M_INFOBAR);
-  layout_.SetBars(options_.M_INFOBAR, options_.M_AUDIOBAR ? AudioBar::kHeight : 0, kBottomHeight);
+  bench_.window.picIco.SetVisible(bench_.options.M_INFOBAR);
+  layout_.SetBars(bench_.options.M_INFOBAR, bench_.options.M_AUDIOBAR ? AudioBar::kHeight : 0, kBottomHeight);
   LayoutChanged();
 }
 
 void Shell::ToggleInfoBar() {
-  options_.M_INFOBAR = !options_.M_INFOBAR;
-  window_.mnuInfoBar.SetChecked(options_.M_INFOBAR);
+  bench_.options.M_INFOBAR = !bench_.options.M_INFOBAR;
+  bench_.window.mnuInfoBar.SetChecked(bench_.options.M_INFOBAR);
   UpdateBars();
   preview_.PlacePreview();
 }
 
 void Shell::ApplyColumns(int paneWidth, int scrollBarWidth) {
-  grid_.SetColumnWidths(memory_.Columns(layout_.ListWidth(), paneWidth, scrollBarWidth));
-}
-
-void Shell::ApplyMenuTexts() {
-  struct Labelled {
-    Control& control;
-    Message message;
-  };
-  MainWindow& w = window_;
-  const Labelled rows[] = {{w.mnuFile, Message::MenuFile},
-                           {w.mnuNew, Message::NewSubtitle},
-                           {w.mnuNewClip, Message::NewFromClipboard},
-                           {w.mnuOpenText, Message::OpenText},
-                           {w.mnuOpenVideo, Message::OpenVideo},
-                           {w.mnuOpenWav, Message::OpenAudio},
-                           {w.mnuClose, Message::CloseAll},
-                           {w.mnuSave, Message::Save},
-                           {w.mnuSaveAs, Message::SaveAs},
-                           {w.mnuEmbed, Message::EmbedSubtitles},
-                           {w.mnuExit, Message::Exit},
-                           {w.mnuRecent, Message::OpenRecent},
-                           {w.mnuClearRecent, Message::ClearList},
-                           {w.mnuEdit, Message::MenuEdit},
-                           {w.mnuAdd, Message::AddCaption},
-                           {w.mnuAddBelow, Message::BelowCurrent},
-                           {w.mnuAddBottom, Message::AtTheBottom},
-                           {w.mnuEditSelected, Message::EditCaptionItem},
-                           {w.mnuRemove, Message::RemoveCaption},
-                           {w.mnuFind, Message::Find},
-                           {w.mnuReplace, Message::Replace},
-                           {w.mnuGoTo, Message::GoToLine},
-                           {w.mnuCountUntimed, Message::CountNonTimed},
-                           {w.mnuNextUntimed, Message::SelectNextNonTimed},
-                           {w.mnuAppend, Message::AppendSubtitle},
-                           {w.mnuDelay, Message::SetDelay},
-                           {w.mnuReset, Message::RemoveAllTiming},
-                           {w.mnuFormat, Message::MenuFormat},
-                           {w.mnuFont, Message::ListFontItem},
-                           {w.mnuBold, Message::Bold},
-                           {w.mnuItalic, Message::Italic},
-                           {w.mnuUnderline, Message::Underline},
-                           {w.mnuConvert, Message::ConvertFrom},
-                           {w.mnuView, Message::MenuView},
-                           {w.mnuInfoBar, Message::InfoBar},
-                           {w.mnuAudioBar, Message::AudioBar},
-                           {w.mnuAudioBarColor, Message::AudioBarColor},
-                           {w.mnuFullWave, Message::FullHeightWave},
-                           {w.mnuTools, Message::MenuTools},
-                           {w.mnuSpell, Message::SpellCheck},
-                           {w.mnuRules, Message::ApplyCurrentRules},
-                           {w.mnuAudioExtract, Message::ExtractionWizard},
-                           {w.mnuReport, Message::ViewReport},
-                           {w.mnuSettings, Message::MenuSettings},
-                           {w.mnuFormatSettings, Message::FormatSettings},
-                           {w.mnuLineSeparator, Message::LineSeparator},
-                           {w.mnuGSettings, Message::GeneralSettings},
-                           {w.mnuHelp, Message::MenuHelp},
-                           {w.mnuHelpTopics, Message::HelpTopics},
-                           {w.mnuLinks, Message::WebLinks},
-                           {w.mnuTessaly, Message::StartPageItem},
-                           {w.mnuForums, Message::ForumsItem},
-                           {w.mnuPermanentSubs, Message::SubtitlesGuide},
-                           {w.mnuMediaPlayer, Message::DownloadPlayer},
-                           {w.mnuSuggest, Message::SuggestFeature},
-                           {w.mnuUpdate, Message::CheckForUpdates},
-                           {w.mnuWebsite, Message::WebsiteItem},
-                           {w.mnuAbout, Message::AboutProgram},
-                           {w.rmnuBold, Message::Bold},
-                           {w.rmnuItalic, Message::Italic},
-                           {w.rmnuUnderline, Message::Underline},
-                           {w.rmnuEdit, Message::EditCaptionItem},
-                           {w.rmnuRemove, Message::RemoveCaption},
-                           {w.cmdNext, Message::Next},
-                           {w.cmdEnd, Message::End},
-                           {w.cmdCancel, Message::Cancel},
-                           {w.lblPosition, Message::CurrentPosition},
-                           {w.lblShow, Message::ShowTime},
-                           {w.lblDuration, Message::DurationTime},
-                           {w.lblMainMode, Message::CaptioningMode},
-                           {w.lblWaveTip, Message::RightClickToDrag},
-                           {w.mnuFilmSound, Message::FilmSoundItem},
-                           {w.mnuEmptySounds, Message::EmptySoundStore},
-                           {w.cmdStopSound, Message::StopReading},
-                           {w.optManual, Message::ManualMode},
-                           {w.optPreview, Message::PreviewMode}};
-  for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
-}
-
-void Shell::ApplyMainWindowLanguage(bool rightToLeft) {
-  CarryOn step;
-  step([&] { ApplyTexts(rightToLeft); });
-  step([&] { ApplyDirection(rightToLeft); });
-  step([&] { RefreshFileLabels(); });
-  if (step.Last()) {
-    ports_.messages.Show(
-        {u"Runtime error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description,
-         BoxIcon::Warning});
-  }
-}
-
-void Shell::ApplyTexts(bool rightToLeft) {
-  panel_.ApplyLanguage(rightToLeft);
-  ApplyMenuTexts();
-  commands_.ShowSeparator();
-  capture_.ShowModeTexts();
-  for (TextBox& box : window_.txtTime) box.SetToolTip(strings_[Message::PressEnterToUpdate]);
-  window_.lblTime.SetToolTip(strings_[Message::PositionInMilliseconds]);
-  if (!grid_.Active()) grid_.ShowNotice(strings_[Message::NoTextFileLoaded]);
-}
-
-void Shell::ApplyDirection(bool rightToLeft) {
-  for (Control* control : std::initializer_list<Control*>{&window_.lblMainMode, &window_.lblMode, &window_.lblTextFile,
-                                                          &window_.lblVideoFile, &window_.optPress, &window_.optManual,
-                                                          &window_.optPreview}) {
-    control->SetRightToLeft(rightToLeft);
-  }
-  window_.SetRightToLeft(rightToLeft);
+  bench_.grid.SetColumnWidths(memory_.Columns(layout_.ListWidth(), paneWidth, scrollBarWidth));
 }
 
 void Shell::SaveAtUnload(bool minimised, bool maximised, int width, int height) {
@@ -307,7 +111,7 @@ void Shell::SaveAtUnload(bool minimised, bool maximised, int width, int height) 
                                        {u"WindowWidth", Decimal(width)}});
   }
   memory_.Save();
-  SaveMainWindowSettings(store_, options_, ports_.player.Volume());
+  SaveMainWindowSettings(store_, bench_.options, ports_.player.Volume());
 }
 
 }  // namespace cuewright

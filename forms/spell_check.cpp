@@ -34,8 +34,10 @@ TextView LanguagePart(TextView dictionary) { return dictionary.substr(0, diction
 }  // namespace
 
 SpellCheck::SpellCheck(const SpellParts& parts)
-    : dialog(parts.strings, parts.ports.desktop), word(ownWord_, parts.strings, parts.ports.messages), parts_(parts) {
-  parts_.window.mnuSpell.Clicked.Connect([this] { CheckAll(); });
+    : dialog(parts.bench.strings, parts.ports.desktop),
+      word(ownWord_, parts.bench.strings, parts.ports.messages),
+      parts_(parts) {
+  parts_.bench.window.mnuSpell.Clicked.Connect([this] { CheckAll(); });
 }
 
 void SpellCheck::Begin() {
@@ -43,61 +45,61 @@ void SpellCheck::Begin() {
   opened_.clear();
   dictionary_ = -1;
   decisions_ = {};
-  SpellFirst = 1;
+  first_ = 1;
 }
 
 void SpellCheck::CheckAll() {
   if (dialog.IsOpen()) return;
   Begin();
-  SpellDone = 0;
-  SpellChanged = 0;
+  done_ = 0;
+  changed_ = 0;
   ++checks_;
   const bool whole = CheckBlocks();
   opened_.clear();
   if (!whole) return;
-  resetControls();
-  parts_.window.txtSub.SetText(parts_.list.GetCaptionText(parts_.list.Selected(), true));
+  Checked();
+  parts_.bench.window.txtSub.SetText(parts_.bench.list.GetCaptionText(parts_.bench.list.Selected(), true));
   TellEnd();
 }
 
 bool SpellCheck::CheckBlocks() {
-  const int last = parts_.list.Rows() - 1;
-  int spellLast = parts_.list.Rows() > kMostInOneBlock ? kBlock : last;
+  const int last = parts_.bench.list.Rows() - 1;
+  int spellLast = parts_.bench.list.Rows() > kMostInOneBlock ? kBlock : last;
   do {
     std::vector<Text> captions;
-    for (int row = SpellFirst; row <= spellLast; ++row) {
-      captions.push_back(parts_.list.GetCaptionText(row, true));
-      ++SpellDone;
+    for (int row = first_; row <= spellLast; ++row) {
+      captions.push_back(parts_.bench.list.GetCaptionText(row, true));
+      ++done_;
     }
     const Text checked = word.MsSpellCheck(SpellingText(captions));
     if (word.SpellFailed()) return false;
-    parts_.window.lblTextFile.SetText(parts_.strings[Message::PleaseWait] + u"... (" + Decimal(SpellDone) + u"/" +
-                                      Decimal(last) + u")");
+    parts_.bench.window.lblTextFile.SetText(parts_.bench.strings[Message::PleaseWait] + u"... (" + Decimal(done_) +
+                                            u"/" + Decimal(last) + u")");
     // Nothing may come between what was sent and what is stored: the window is painted, and no more.
     parts_.ports.events.YieldToPainting();
-    StoreBlock(SpellFirst, captions, checked);
-    SpellFirst += kBlock;
+    StoreBlock(first_, captions, checked);
+    first_ += kBlock;
     spellLast = std::min(spellLast + kBlock, last);
-  } while (SpellDone < last);
+  } while (done_ < last);
   return true;
 }
 
 void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const Text& checked) {
-  const auto cut = CutSpellingText(checked, captions, parts_.options.LineSeparator);
+  const auto cut = CutSpellingText(checked, captions, parts_.bench.options.LineSeparator);
   // The blocks of one check are one step.
-  const EditScope scope(parts_.list, EditKind::Spelling, checks_);
+  const EditScope scope(parts_.bench.list, EditKind::Spelling, checks_);
   for (std::size_t i = 0; i < cut.size(); ++i) {
     if (!cut[i]) continue;
-    parts_.list.SetCaptionText(first + static_cast<Row>(i), *cut[i]);
-    parts_.list.SetModified();
-    ++SpellChanged;
+    parts_.bench.list.SetCaptionText(first + static_cast<Row>(i), *cut[i]);
+    parts_.bench.list.SetModified();
+    ++changed_;
   }
 }
 
 void SpellCheck::TellEnd() {
-  Text text = parts_.strings[Message::SpellCheckCompleted] + u" ";
-  if (SpellChanged > 0) text += Fill(parts_.strings[Message::LinesModified], Decimal(SpellChanged));
-  parts_.ports.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
+  Text text = parts_.bench.strings[Message::SpellCheckCompleted] + u" ";
+  if (changed_ > 0) text += Fill(parts_.bench.strings[Message::LinesModified], Decimal(changed_));
+  parts_.ports.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, parts_.bench.strings[Message::SpellCheck]});
 }
 
 int SpellCheck::PreferredDictionary() const {
@@ -108,7 +110,7 @@ int SpellCheck::PreferredDictionary() const {
   const Text stored = parts_.store.GetSetting(kMainSection, kLanguageKey, {});
   if (const int index = find([&](const Text& name) { return name == stored; }); index >= 0) return index;
   // What remains where the language in force has none is English.
-  for (const TextView wanted : {DictionaryOf(parts_.options.Language), kDictionaries[0].second}) {
+  for (const TextView wanted : {DictionaryOf(parts_.bench.options.Language), kDictionaries[0].second}) {
     if (const int index = find([&](const Text& name) { return name == wanted; }); index >= 0) return index;
     const int like = find([&](const Text& name) { return LanguagePart(name) == LanguagePart(wanted); });
     if (like >= 0) return like;
@@ -139,7 +141,7 @@ bool SpellCheck::UseLanguage(int index, SpellSession& session) {
   CarryOn step;
   if (!step([&] { OpenDictionary(index); })) {
     parts_.ports.messages.Show(
-        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
+        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.bench.strings[Message::SpellCheck]});
     return false;
   }
   session.Use(opened_.at(index).lookup);
@@ -154,7 +156,7 @@ bool SpellCheck::ChangeWords(const std::function<void(UserWords&)>& change) {
   opened.lookup.Forget();
   if (!done) {
     parts_.ports.messages.Show(
-        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
+        {step.Last()->description, BoxIcon::Warning, BoxButtons::Ok, parts_.bench.strings[Message::SpellCheck]});
   }
   return done;
 }
@@ -170,8 +172,7 @@ Text SpellCheck::Check(const Text& document) {
                [this](TextView added) { return ChangeWords([added](UserWords& words) { words.Add(added); }); },
                [this](TextView added) { ChangeWords([added](UserWords& words) { words.Remove(added); }); },
                [this, &session](int index) { return UseLanguage(index, session); }, std::move(languages), dictionary_,
-               SpellFirst, parts_.languages.IsRightToLeft()});
-  if (runDialog) runDialog();
+               first_, parts_.languages.IsRightToLeft()});
   dialog.Close();
   return session.Document();
 }

@@ -4,9 +4,7 @@
 #include <map>
 #include <memory>
 
-#include "capture/main_window.h"
-#include "core/caption_list.h"
-#include "core/lang_strings.h"
+#include "capture/workbench.h"
 #include "core/ports/spelling.h"
 #include "external/own_word.h"
 #include "external/spell_session.h"
@@ -20,10 +18,7 @@ namespace cuewright {
 
 /// What the spelling check works on.
 struct SpellParts {
-  MainWindow& window;
-  CaptionList& list;
-  const AppOptions& options;
-  const LangStrings& strings;
+  Workbench bench;
   const Languages& languages;
   SettingsStore& store;
   const SpellDictionaries& dictionaries;
@@ -40,9 +35,7 @@ class SpellCheck final : private TextChecker {
   SpellDialog dialog;
   WordSpelling word;
 
-  /// Shows the dialog and returns when it has closed. Set by the windows' owner.
-  std::function<void()> runDialog;
-  std::function<void()> resetControls;
+  Signal<SpellCheck> Checked;  ///< a check has gone through all captions
 
   /// `mnuSpell`.
   void CheckAll();
@@ -78,9 +71,9 @@ class SpellCheck final : private TextChecker {
   std::map<int, Opened> opened_;
   int dictionary_ = -1;
   SpellDecisions decisions_;
-  int SpellFirst = 1;
-  int SpellDone = 0;
-  int SpellChanged = 0;
+  int first_ = 1;    ///< row of the block that is checked
+  int done_ = 0;     ///< rows that went through the check
+  int changed_ = 0;  ///< of them those that came back changed
   std::uint64_t checks_ = 0;
 };
 

@@ -41,8 +41,8 @@ class ToolForm : public Form {
   /// The texts are those of another language now.
   virtual void ApplyLanguage(bool rightToLeft) = 0;
 
-  Signal<> ShowRequested;   ///< a widget for the window is to be made and shown, or to come to the front
-  Signal<> CloseRequested;  ///< that widget is to go
+  Signal<ToolForm> ShowRequested;   ///< a widget for the window is to be made and shown, or to come to the front
+  Signal<ToolForm> CloseRequested;  ///< that widget is to go
 
  protected:
   /// Fills the controls of a window that is about to open.

@@ -87,7 +87,7 @@ UpdateDialog::End UpdateDialog::Refuse(TextView line) {
 UpdateDialog::End UpdateDialog::Check(Run& run) {
   const Text site = parts_.site();
   run.step([&] { DeleteFileWait(parts_.ports.files, parts_.ports.events, TempFile(), false); });
-  FocusRequested(txtStatus);
+  RequestFocus(txtStatus);
   AddStatusLine(strings_[Message::InitializingUpdate]);
   if (!Wait(run, kDelay)) return End::Gone;
   if (parts_.ports.files.Exists(TempFile())) {

@@ -50,7 +50,7 @@ class UpdateDialog final : public Dialog {
   /// early when the window closes.
   void OnActivated();
 
-  Signal<> DefaultRequested;  ///< cmdOK is to be the default button
+  Signal<UpdateDialog> DefaultRequested;  ///< cmdOK is to be the default button
 
  protected:
   void OnClose() override;

@@ -5,17 +5,14 @@
 
 namespace cuewright {
 
-WindowTitle::WindowTitle(MainWindow& window, const DocumentState& document, const AppOptions& options,
-                         const LangStrings& strings)
-    : window_(window), document_(document), options_(options), strings_(strings) {}
-
 void WindowTitle::Show() {
   Text title = Text(kProductName) + u" " + VersionText();
-  if (options_.manner.TitleNamesTheFile() && document_.HasDocument()) {
-    const Text name = document_.HasFile() ? FileNameOf(document_.SubtitlePath) : strings_[Message::Untitled];
-    title = name + (unsaved && unsaved() ? u"* - " : u" - ") + title;
+  if (bench_.options.manner.TitleNamesTheFile() && bench_.document.HasDocument()) {
+    const Text name =
+        bench_.document.HasFile() ? FileNameOf(bench_.document.SubtitlePath) : bench_.strings[Message::Untitled];
+    title = name + (history_.AtSavedStep() ? u" - " : u"* - ") + title;
   }
-  if (title != window_.Title()) window_.SetTitle(title);
+  if (title != bench_.window.Title()) bench_.window.SetTitle(title);
 }
 
 }  // namespace cuewright

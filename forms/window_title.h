@@ -1,11 +1,7 @@
 #pragma once
 
-#include <functional>
-
-#include "capture/main_window.h"
-#include "core/app_options.h"
-#include "core/document.h"
-#include "core/lang_strings.h"
+#include "capture/workbench.h"
+#include "core/edit_history.h"
 
 namespace cuewright {
 
@@ -13,18 +9,14 @@ namespace cuewright {
 /// in the classic manner the product alone.
 class WindowTitle {
  public:
-  WindowTitle(MainWindow& window, const DocumentState& document, const AppOptions& options, const LangStrings& strings);
+  WindowTitle(Workbench bench, const EditHistory& history) : bench_(bench), history_(history) {}
 
-  /// Tells whether the document has something to save. Set by the program.
-  std::function<bool()> unsaved;
   /// The document, its captions or the language have changed.
   void Show();
 
  private:
-  MainWindow& window_;
-  const DocumentState& document_;
-  const AppOptions& options_;
-  const LangStrings& strings_;
+  Workbench bench_;
+  const EditHistory& history_;
 };
 
 }  // namespace cuewright

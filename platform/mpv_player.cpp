@@ -78,7 +78,7 @@ void MpvPlayer::StartCore() {
     if (posted->exchange(true)) return;
     PostGuarded([this, posted] {
       *posted = false;
-      FrameReady();
+      TellFrame();
     });
   });
   if (output_ == VideoOutput::Software) video_->StartSoftware();
@@ -168,13 +168,13 @@ void MpvPlayer::Close() {
 void MpvPlayer::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
-  ControlsChange();
+  TellControls();
 }
 
 void MpvPlayer::SetUiMode(TextView mode) {
   if (mode == uiMode_) return;
   uiMode_ = mode;
-  ControlsChange();
+  TellControls();
 }
 
 void MpvPlayer::SetStretchToFit(bool stretch) {
@@ -187,14 +187,14 @@ void MpvPlayer::SetVolume(int volume) {
   if (volume == volume_) return;
   volume_ = volume;
   if (core_) core_->SetNumber("volume", volume_);
-  ControlsChange();
+  TellControls();
 }
 
 void MpvPlayer::SetMuted(bool muted) {
   if (muted == muted_) return;
   muted_ = muted;
   if (core_) core_->SetFlag("mute", muted_);
-  ControlsChange();
+  TellControls();
 }
 
 void MpvPlayer::Play() {
@@ -296,14 +296,14 @@ void MpvPlayer::UpdateState() {
   }
   if (state == state_) return;
   state_ = state;
-  PlayStateChange(state);
+  TellPlayState(state);
 }
 
 void MpvPlayer::Fail(std::uint64_t load, Text text) {
   if (load != load_) return;
   Forget();
   UpdateState();
-  MediaError(std::move(text));
+  TellMediaError(std::move(text));
 }
 
 void MpvPlayer::OnNews(const MpvNews& news) {
@@ -330,7 +330,7 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       break;
     case MpvNews::Kind::Duration:
       duration_ = news.number;
-      ControlsChange();
+      TellControls();
       break;
     case MpvNews::Kind::FrameRate:
       // A film that doesn't tell its rate has none of the film before.
@@ -370,7 +370,7 @@ void MpvPlayer::OnLanded(std::uint64_t seek, bool atEnd) {
   }
   const std::uint64_t load = load_;
   UpdateState();
-  if (landed && announceSeek_ && load == load_) PositionChange(seekFrom_, target_);
+  if (landed && announceSeek_ && load == load_) TellPosition(seekFrom_, target_);
 }
 
 void MpvPlayer::OnEndReached(std::uint64_t seek) {

@@ -9,9 +9,8 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kMostCredits = 64;
-constexpr Row kRowsBetweenYields = 25;
+constexpr Row kRowsBetweenTellings = 25;
 constexpr int kMarkerLength = 3;
-constexpr TextView kFailed = u"Error while applying rules. Please check the report for details.";
 
 /// The pieces between commas, at most 64: the last one keeps what is left, commas included. Blank ones mark nothing.
 std::vector<Text> CreditPieces(TextView list) {
@@ -39,57 +38,24 @@ Checked32 DurationOf(const CaptionList& list, Row row) {
 
 }  // namespace
 
-RulesEngine::RulesEngine(CaptionList& list, RuleReport& report, const LangStrings& strings, Messages& messages,
-                         RulesHost& host)
-    : list_(list), report_(report), strings_(strings), messages_(messages), host_(host), options_(list.Options()) {}
-
-void RulesEngine::ApplyRules(bool quiet) {
+std::optional<RuntimeError> RulesEngine::ApplyRules(const Progress& progress) {
   step_.Clear();
-  bool paused = false;
-  step_([&] { host_.CloseToolWindows(); });
-  step_([&] { host_.SetBusy(true); });
   report_.ResetRuleReport();
   if (options_.T_CREDITS != 0) credits_ = LooseNeedles(CreditPieces(options_.T_CREDITSTEXT));
-  step_([&] { host_.LeavePreviewMode(); });
-  step_([&] { paused = host_.PausePlayer(); });
-  {
-    const EditScope scope(list_, EditKind::Rules);
-    // Not taken again after a deletion: the turns past the end find nothing to do.
-    const Row last = list_.Rows() - 1;
-    for (Row row = 1; row <= last; ++row) CheckRow(row);
+  const EditScope scope(list_, EditKind::Rules);
+  // Not taken again after a deletion: the turns past the end find nothing to do.
+  const Row last = list_.Rows() - 1;
+  for (Row row = 1; row <= last; ++row) {
+    if (progress && row % kRowsBetweenTellings == 0) step_([&] { progress(row); });
+    CheckRow(row);
   }
-  step_([&] { host_.RefreshFileLabels(); });
-  step_([&] { host_.SetBusy(false); });
-  if (paused) step_([&] { host_.ResumePlayer(); });
-  ShowResult(quiet);
-}
-
-void RulesEngine::ShowResult(bool quiet) {
-  step_([&] {
-    if (report_.RuleEntryCount() > 0) {
-      host_.ShowReport();
-    } else if (!quiet) {
-      messages_.Show({strings_[Message::AllLinesComply], BoxIcon::Information, BoxButtons::Ok,
-                      strings_[Message::ApplyCurrentRules]});
-    }
-  });
-  if (step_.Last()) messages_.Show({Text(kFailed), BoxIcon::Warning});
-  step_.Clear();
+  return step_.Last();
 }
 
 void RulesEngine::CheckRow(Row& row) {
-  if (row % kRowsBetweenYields == 0) ShowProgress(row);
   if (options_.AutoSplit != 0) step_([&] { SplitLines(row); });
   if (list_.IsCaptionTimed(row)) CheckTiming(row);
   if (options_.T_CREDITS != 0) step_([&] { RemoveCredit(row); });
-}
-
-void RulesEngine::ShowProgress(Row row) {
-  step_([&] { host_.Yield(); });
-  step_([&] {
-    host_.ShowProgress(strings_[Message::CheckingFromCaption] + u" " + Decimal(row) + u", " +
-                       ToLower(strings_[Message::PleaseWait]));
-  });
 }
 
 void RulesEngine::SplitLines(Row row) {

@@ -1,52 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include "core/caption_list.h"
-#include "core/lang_strings.h"
-#include "core/ports/messages.h"
 #include "core/runtime_error.h"
 #include "text/text.h"
 #include "tools/rule_report.h"
 
 namespace cuewright {
 
-/// What a pass of the rules needs of the window that it runs in.
-class RulesHost {
- public:
-  virtual ~RulesHost() = default;
-
-  /// Closes the windows for finding, replacing and the report, those that are open.
-  virtual void CloseToolWindows() = 0;
-  virtual void SetBusy(bool on) = 0;
-
-  /// Lets the user interface process its events.
-  virtual void Yield() = 0;
-
-  /// Shows a text in place of the file's name.
-  virtual void ShowProgress(TextView text) = 0;
-  virtual void RefreshFileLabels() = 0;
-
-  /// Leaves the preview mode for press and hold; other modes stay.
-  virtual void LeavePreviewMode() = 0;
-
-  /// Pauses a player that is playing; true when it was.
-  virtual bool PausePlayer() = 0;
-  virtual void ResumePlayer() = 0;
-
-  /// Shows the report's window, without waiting for it.
-  virtual void ShowReport() = 0;
-};
+/// Told when a step of a pass failed.
+inline constexpr TextView kRulesFailed = u"Error while applying rules. Please check the report for details.";
 
 /// The rules that keep a subtitle fit to read, for one row and for the whole list.
 class RulesEngine {
  public:
-  RulesEngine(CaptionList& list, RuleReport& report, const LangStrings& strings, Messages& messages, RulesHost& host);
+  /// Called every 25 rows of a pass with the row that is next, so that the caller can show it and handle events.
+  using Progress = std::function<void(Row)>;
 
-  /// Runs every rule that is switched on over all captions and shows what was found. With `quiet` a pass that
-  /// found nothing says nothing. A step that fails is left where it failed; the pass goes on and tells at its end.
-  void ApplyRules(bool quiet);
+  RulesEngine(CaptionList& list, RuleReport& report) : list_(list), report_(report), options_(list.Options()) {}
+
+  /// Runs every rule that is switched on over all captions, as one step of undo; what was found is in the report, which
+  /// is begun anew. A step that fails is left where it failed and the pass goes on: the last failure is given back.
+  [[nodiscard]] std::optional<RuntimeError> ApplyRules(const Progress& progress = {});
 
   /// Moves a start (`startHint` in ms; 0 takes the row's own and stores it there) that lies before the end of
   /// the row above to that end, when the rule is on, and logs it either way.
@@ -65,14 +44,9 @@ class RulesEngine {
   void SplitLines(Row row);
   void CheckTiming(Row row);
   void RemoveCredit(Row& row);
-  void ShowProgress(Row row);
-  void ShowResult(bool quiet);
 
   CaptionList& list_;
   RuleReport& report_;
-  const LangStrings& strings_;
-  Messages& messages_;
-  RulesHost& host_;
   const AppOptions& options_;
   LooseNeedles credits_;  ///< what marks a line to remove; filled by each pass that removes any
   CarryOn step_;

@@ -1,50 +1,23 @@
 #include "ui/audio_view.h"
 
 #include <QCheckBox>
-#include <QDialog>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
-
-#include "ui/binder.h"
-#include "ui/qt_text.h"
 
 namespace cuewright {
 
-void RunAudioDialog(AudioDialog& form, QWidget* owner) {
-  QDialog dialog(owner);
-  dialog.setObjectName("frmAudio");
-  dialog.setWindowTitle(ToQt(form.Title()));
-  dialog.setLayoutDirection(form.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-  auto* column = new QVBoxLayout(&dialog);
+AudioView::AudioView(AudioDialog& form, QWidget* owner) : DialogView(form, owner) {
+  auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 16, 16, 12);
   column->setSpacing(10);
-  const auto add = [&](QWidget* widget, const char* name) {
-    widget->setObjectName(name);
-    column->addWidget(widget);
-  };
-  add(new QLabel(&dialog), "lblTop");
-  add(new QCheckBox(&dialog), "chkAudio");
-  add(new QCheckBox(&dialog), "chkPlayer");
-  auto* formats = new QLabel(&dialog);
-  formats->setTextFormat(Qt::PlainText);
+  column->addWidget(MakeLabel("lblTop", this));
+  column->addWidget(Named(new QCheckBox(this), "chkAudio"));
+  column->addWidget(Named(new QCheckBox(this), "chkPlayer"));
+  QLabel* formats = MakeLabel("lblFormats", this);
   formats->setMinimumWidth(formats->fontMetrics().horizontalAdvance("WAV, MP3, SND, AU, AIF, WMA") + 60);
-  add(formats, "lblFormats");
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  for (const char* name : {"cmdOK", "cmdCancel"}) {
-    auto* button = new QPushButton(&dialog);
-    button->setObjectName(name);
-    buttons->addWidget(button);
-  }
-  column->addLayout(buttons);
-  dialog.findChild<QPushButton*>("cmdOK")->setDefault(true);
-  Binder binder(dialog, form);
-  binder.BindAll();
-  const Connection closed = form.Closed.ConnectScoped([&dialog] { dialog.accept(); });
-  dialog.exec();
-  form.Close();
+  column->addWidget(formats);
+  column->addLayout(MakeButtons({"", "cmdOK", "cmdCancel"}));
+  Bind(nullptr);
 }
 
 }  // namespace cuewright

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "forms/audio_dialog.h"
-
-class QWidget;
+#include "ui/dialog_view.h"
 
 namespace cuewright {
 
-/// Shows the dialog `frmAudio` over `owner` until it closes.
-void RunAudioDialog(AudioDialog& form, QWidget* owner);
+/// The dialog `frmAudio` on the toolkit.
+class AudioView final : public DialogView {
+ public:
+  AudioView(AudioDialog& form, QWidget* owner);
+};
 
 }  // namespace cuewright

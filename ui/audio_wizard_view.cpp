@@ -144,10 +144,4 @@ void AudioWizardView::ShowLights() {
   }
 }
 
-void RunAudioWizard(AudioWizard& form, QWidget* owner) {
-  AudioWizardView view(form, owner);
-  view.exec();
-  form.Close();
-}
-
 }  // namespace cuewright

@@ -27,7 +27,4 @@ class AudioWizardView final : public WizardView {
   std::array<SvgPicture*, 3> lights_{};
 };
 
-/// Shows the wizard over `owner` until it closes.
-void RunAudioWizard(AudioWizard& form, QWidget* owner);
-
 }  // namespace cuewright

@@ -98,7 +98,7 @@ QAction* Binder::MakeAction(MenuItem& item, QObject* owner) {
   });
   auto* menu = new QMenu(&root_);
   menu->setObjectName(action->objectName() + "Menu");
-  connect(menu, &QMenu::aboutToShow, this, [&item] { item.AboutToShow(); });
+  connect(menu, &QMenu::aboutToShow, this, [&item] { item.OpenMenu(); });
   FillMenu(*menu, item);
   if (menu->isEmpty()) {
     delete menu;
@@ -158,7 +158,7 @@ QStringList Binder::BindAll() {
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] {
     // Paths and numbers keep their order by the direction.
     for (Control* control : form_.Controls()) {
-      if (control->GetKind() == Control::Kind::Menu || control->GetKind() == Control::Kind::Label) control->Changed();
+      if (control->GetKind() == Control::Kind::Menu || control->GetKind() == Control::Kind::Label) control->ShowAnew();
     }
   }));
   connections_.push_back(form_.FocusRequested.ConnectScoped([this](Control& control) {
@@ -218,7 +218,7 @@ void Binder::BindLabel(Label& label, QWidget& widget) {
       if (button->text() != ToQt(label.GetText())) button->setText(ToQt(label.GetText()));
       ShowCommon(label, *button);
     });
-    connect(button, &QAbstractButton::clicked, this, [&label] { label.Clicked(); });
+    connect(button, &QAbstractButton::clicked, this, [&label] { label.Click(); });
     return;
   }
   auto* shown = qobject_cast<QLabel*>(&widget);
@@ -267,7 +267,7 @@ void Binder::BindTimer(Timer& timer) {
     }
   });
   connect(clock, &QTimer::timeout, this, [&timer] {
-    if (timer.Enabled()) timer.Tick();
+    if (timer.Enabled()) timer.Pass();
   });
 }
 
@@ -288,7 +288,7 @@ void Binder::BindOption(OptionButton& option, QAbstractButton& widget) {
     ShowCommon(option, widget);
   });
   const auto choose = [this, &option] {
-    if (option.Enabled()) option.Clicked();
+    option.Click();
     ShowOptions();
   };
   // A screen reader checks the button without a click.
@@ -454,7 +454,7 @@ void Binder::TakeText(TextBox& box, QWidget& widget) {
     box.SetText(text);
     taking_ = false;
   }
-  box.Edited();
+  box.NoteEdited();
 }
 
 void Binder::WatchHover(Control& control, QWidget& widget) {
@@ -469,7 +469,7 @@ void Binder::FilterHover(QObject* object, QEvent& event) {
     const Qt::FocusReason reason = static_cast<QFocusEvent&>(event).reason();
     const bool keyboard =
         reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-    if (keyboard) control->Hovered();
+    if (keyboard) control->Hover();
   }
   if (event.type() != QEvent::MouseMove) return;
   // A motion comes to the widget under the pointer first and then goes on to its parents.
@@ -477,10 +477,10 @@ void Binder::FilterHover(QObject* object, QEvent& event) {
   if (at == hoveredAt_) return;
   if (control != nullptr) {
     hoveredAt_ = at;
-    control->Hovered();
+    control->Hover();
   } else if (object == &root_ && !form_.Hovered.Empty()) {
     hoveredAt_ = at;
-    form_.Hovered();
+    form_.Hover();
   }
 }
 
@@ -497,15 +497,15 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
       return FilterCombo(static_cast<ComboBox&>(*control), *static_cast<QLineEdit*>(object), *event);
     case Control::Kind::Label:
       if (event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-        static_cast<Label&>(*control).Clicked();
+        static_cast<Label&>(*control).Click();
       }
       return false;
     case Control::Kind::Picture:
       if (event->type() == QEvent::MouseButtonPress) {
         const auto& mouse = *static_cast<QMouseEvent*>(event);
-        static_cast<Picture&>(*control).MouseDown({MouseButtonOf(mouse.button()),
-                                                   static_cast<int>(mouse.position().x()),
-                                                   static_cast<int>(mouse.position().y())});
+        static_cast<Picture&>(*control).PressMouse({MouseButtonOf(mouse.button()),
+                                                    static_cast<int>(mouse.position().x()),
+                                                    static_cast<int>(mouse.position().y())});
       }
       return false;
     default:
@@ -517,21 +517,21 @@ bool Binder::FilterButton(Button& button, QEvent& event) {
   switch (event.type()) {
     case QEvent::KeyPress: {
       KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
-      button.KeyDown(key);
+      button.PressKey(key);
       return false;
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
       if (!button.Enabled()) return false;
       const auto& mouse = static_cast<QMouseEvent&>(event);
-      button.MouseDown({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
-                        static_cast<int>(mouse.position().y())});
+      button.PressMouse({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
+                         static_cast<int>(mouse.position().y())});
       return false;
     }
     case QEvent::MouseButtonRelease: {
       const auto& mouse = static_cast<QMouseEvent&>(event);
-      button.MouseUp({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
-                      static_cast<int>(mouse.position().y())});
+      button.ReleaseMouse({MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
+                           static_cast<int>(mouse.position().y())});
       return false;
     }
     default:
@@ -545,7 +545,7 @@ bool Binder::FilterCombo(ComboBox& combo, QLineEdit& editor, QEvent& event) {
   if (key.command || (key.character == 0 && key.code != kKeyBackspace)) return false;
   const char16_t typed = key.character;
   combo.NoteSelection(static_cast<int>(editor.selectedText().size()));
-  combo.KeyPress(key);
+  combo.TypeKey(key);
   if (!key.handled && key.character != typed) {
     editor.insert(QChar(key.character));
     return true;
@@ -566,21 +566,21 @@ bool Binder::FilterTextBox(TextBox& box, QWidget& widget, QEvent& event) {
       auto& pressed = static_cast<QKeyEvent&>(event);
       KeyEvent key = KeyEventOf(pressed);
       note();
-      box.KeyDown(key);
+      box.PressKey(key);
       const bool types = key.character != 0 || key.code == kKeyBackspace;
-      if (!key.handled && types && !key.command) box.KeyPress(key);
+      if (!key.handled && types && !key.command) box.TypeKey(key);
       return key.handled;
     }
     case QEvent::KeyRelease: {
       KeyEvent key = KeyEventOf(static_cast<QKeyEvent&>(event));
-      if (!key.autoRepeat) box.KeyUp(key);
+      if (!key.autoRepeat) box.ReleaseKey(key);
       return false;
     }
     case QEvent::FocusIn:
-      box.GotFocus();
+      box.TakeFocus();
       return false;
     case QEvent::FocusOut:
-      box.LostFocus();
+      box.LoseFocus();
       return false;
     case QEvent::MouseButtonRelease:
       // Behind the widget's own handling, which places the caret.
@@ -589,7 +589,7 @@ bool Binder::FilterTextBox(TextBox& box, QWidget& widget, QEvent& event) {
           [this, &box, line, note] {
             if (line == nullptr) return;
             box.NoteSelection(line->cursorPosition(), 0);
-            box.MouseUp({MouseButton::Left, 0, 0});
+            box.ReleaseMouse({MouseButton::Left, 0, 0});
           },
           Qt::QueuedConnection);
       return false;

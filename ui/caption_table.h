@@ -44,7 +44,7 @@ class CaptionTable final : public QTableView {
   void NoteMetrics();
 
   /// The user drew the columns to these widths, or asked for the program's own (no widths).
-  Signal<const std::array<int, 4>*> ColumnsChosen;
+  Signal<CaptionTable, const std::array<int, 4>*> ColumnsChosen;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -1,12 +1,19 @@
 #pragma once
 
 #include "forms/delay_dialog.h"
+#include "ui/dialog_view.h"
 
-class QWidget;
+class QGridLayout;
 
 namespace cuewright {
 
-/// Shows the dialog `frmDelay` over `owner` until it closes.
-void RunDelayDialog(DelayDialog& form, QWidget* owner);
+/// The dialog `frmDelay` on the toolkit.
+class DelayView final : public DialogView {
+ public:
+  DelayView(DelayDialog& form, QWidget* owner);
+
+ private:
+  void AddBar(QGridLayout& grid, int row, const char* bar, const Label& label);
+};
 
 }  // namespace cuewright

@@ -104,7 +104,7 @@ QLabel* DialogView::MakeHeading(const char* name, QWidget* parent) {
   return label;
 }
 
-QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names) {
+QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names, const char* standard) {
   auto* row = new QHBoxLayout;
   row->setSpacing(kButtonGap);
   for (const char* name : names) {
@@ -114,7 +114,7 @@ QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names) {
     }
     auto* button = Named(new QPushButton(this), name);
     button->setMinimumWidth(88);
-    button->setDefault(button->objectName() == "cmdOK");
+    button->setDefault(button->objectName() == standard);
     row->addWidget(button);
   }
   return row;

@@ -43,9 +43,8 @@ class DialogView : public QDialog {
   /// The label names what stands beside it. Screen readers know a box of choices by that alone.
   void Names(const char* label, const char* widget);
   QLabel* MakeHeading(const char* name, QWidget* parent);
-  /// A row of push buttons at the window's foot; "" leaves room. The first in `names` that isn't "" and is called
-  /// cmdOK is the default.
-  QBoxLayout* MakeButtons(std::initializer_list<const char*> names);
+  /// A row of push buttons at the window's foot; "" leaves room. The one named `standard` is the default.
+  QBoxLayout* MakeButtons(std::initializer_list<const char*> names, const char* standard = "cmdOK");
 
  private:
   void AlignLabels();

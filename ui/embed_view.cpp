@@ -210,10 +210,4 @@ void EmbedView::MakeSummaryPage(QGridLayout& stack) {
   column->addStretch();
 }
 
-void RunEmbedWizard(EmbedWizard& form, QWidget* owner) {
-  EmbedView view(form, owner);
-  view.exec();
-  form.Close();
-}
-
 }  // namespace cuewright

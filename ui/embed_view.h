@@ -20,7 +20,4 @@ class EmbedView final : public WizardView {
   void MakeSummaryPage(QGridLayout& stack);
 };
 
-/// Shows the wizard over `owner` until it closes.
-void RunEmbedWizard(EmbedWizard& form, QWidget* owner);
-
 }  // namespace cuewright

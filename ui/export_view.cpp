@@ -72,9 +72,4 @@ QGroupBox* ExportView::MakeProperties() {
   return group;
 }
 
-void RunExportDialog(ExportDialog& form, QWidget* owner) {
-  ExportView view(form, owner);
-  view.exec();
-}
-
 }  // namespace cuewright

@@ -16,7 +16,4 @@ class ExportView final : public DialogView {
   QGroupBox* MakeProperties();
 };
 
-/// Shows the dialog `frmExport` over `owner` until it closes.
-void RunExportDialog(ExportDialog& form, QWidget* owner);
-
 }  // namespace cuewright

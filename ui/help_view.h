@@ -2,7 +2,7 @@
 
 #include "forms/help_window.h"
 #include "ui/binder.h"
-#include "ui/tool_windows.h"
+#include "ui/tool_view.h"
 
 class QTextBrowser;
 

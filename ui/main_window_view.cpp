@@ -37,17 +37,11 @@
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
-#include "ui/tool_windows.h"
+#include "ui/windows.h"
 #include "ui/wrap_row.h"
 
 namespace cuewright {
 namespace {
-
-template <class Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 constexpr int kTitleGrip = 40;  // pixels of the title that have to be on a screen
 constexpr int kDividerStep = 8;
@@ -80,7 +74,8 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
       form_(program.window),
       area_(new QWidget(this)),
       binder_(*this, program.window),
-      video_(video) {
+      video_(video),
+      helpKey_(program.help) {
   setObjectName("frmMain");
   setWindowIcon(QIcon(":/cuewright.svg"));
   setMinimumSize(MainLayout::kLeastWidth, std::min(MainLayout::kLeastHeight, RoomOnScreen(*this).height()));
@@ -110,7 +105,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   ApplyNames();
   new FocusKeeper(*this, captureButtons_);
   binder_.BindAll();
-  tools_ = std::make_unique<ToolWindows>(program_, *this);
+  AddToolWindows(windows_, program_);
   FitLeastWidth();
 
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { ShowTitle(); }));
@@ -424,7 +419,7 @@ void MainWindowView::dropEvent(QDropEvent* event) {
       this,
       [this, paths] {
         activateWindow();
-        program_.files.OpenDropped(paths);
+        program_.router.OpenDropped(paths);
       },
       Qt::QueuedConnection);
 }
@@ -433,21 +428,21 @@ void MainWindowView::closeEvent(QCloseEvent* event) {
   if (program_.document.FileInWork) {
     // The load ends first, at once, and then the window.
     program_.document.ImportCancelled = true;
-    closeAfterWork_ = program_.files.FileWorkEnded.ConnectScoped([this] {
+    closeAfterWork_ = program_.documentFiles.FileWorkEnded.ConnectScoped([this] {
       QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
       closeAfterWork_.Disconnect();
     });
     event->ignore();
     return;
   }
-  if (!program_.files.PromptForSave()) {
+  if (!program_.documentFiles.PromptForSave()) {
     event->ignore();
     return;
   }
   const QSize size = normalGeometry().size();
   if (!isMinimized() && !isMaximized()) program_.shell.Memory().SaveWindowCorner({pos().x(), pos().y()});
   program_.shell.SaveAtUnload(isMinimized(), isMaximized(), size.width(), size.height());
-  program_.files.CloseDocuments();
+  program_.session.CloseDocuments();
   event->accept();
   QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }

@@ -7,14 +7,15 @@
 #include "form/focus_group.h"
 #include "forms/program.h"
 #include "ui/binder.h"
+#include "ui/help_key.h"
 #include "ui/input_instants.h"
+#include "ui/windows.h"
 
 namespace cuewright {
 
 class AudioBarWidgets;
 class CaptionTable;
 class Overlay;
-class ToolWindows;
 
 /// The main window `frmMain` on the toolkit: it lays the widgets out as the form says and hands it what happens.
 class MainWindowView final : public QMainWindow {
@@ -25,6 +26,9 @@ class MainWindowView final : public QMainWindow {
 
   /// Shows the window in the size and state of the settings.
   void ShowStarted(const Shell::StartSize& size);
+
+  /// The windows over and beside this one.
+  Windows& Views() { return windows_; }
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -79,7 +83,8 @@ class MainWindowView final : public QMainWindow {
   Overlay* overlay_ = nullptr;
   std::unique_ptr<AudioBarWidgets> audioBar_;
   std::unique_ptr<InputInstants> inputInstants_;
-  std::unique_ptr<ToolWindows> tools_;
+  HelpKey helpKey_;
+  Windows windows_{*this};
   Connection closeAfterWork_;  ///< the user wants to close, and a file is still in work
   bool hadDocument_ = false;
   std::vector<Connection> connections_;

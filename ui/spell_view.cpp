@@ -117,9 +117,4 @@ void SpellView::ChooseDefault() {
   (form_.cmdReplace.Enabled() ? replace : ignore)->setDefault(true);
 }
 
-void RunSpellDialog(SpellDialog& form, QWidget* owner) {
-  SpellView view(form, owner);
-  view.exec();
-}
-
 }  // namespace cuewright

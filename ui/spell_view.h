@@ -24,7 +24,4 @@ class SpellView final : public DialogView {
   QPlainTextEdit* caption_;
 };
 
-/// Shows the dialog over `owner` until it closes.
-void RunSpellDialog(SpellDialog& form, QWidget* owner);
-
 }  // namespace cuewright

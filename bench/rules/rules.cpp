@@ -59,23 +59,6 @@ std::vector<Caption> MakeCaptions(int count) {
   return captions;
 }
 
-struct NoWindow final : RulesHost {
-  void CloseToolWindows() override {}
-  void SetBusy(bool) override {}
-  void Yield() override {}
-  void ShowProgress(TextView) override {}
-  void RefreshFileLabels() override {}
-  void LeavePreviewMode() override {}
-  bool PausePlayer() override { return false; }
-  void ResumePlayer() override {}
-  void ShowReport() override {}
-};
-
-struct NoBoxes final : Messages {
-  BoxAnswer Show(const MessageBox&) override { return BoxAnswer::Ok; }
-  Text Ask(const InputBox&) override { return {}; }
-};
-
 /// A document with the rules, the history, and what a journal collects.
 struct Desk {
   explicit Desk(std::vector<Caption> captions) {
@@ -89,13 +72,11 @@ struct Desk {
   AppOptions options;
   bool modified = false;
   LangStrings strings;
-  NoBoxes boxes;
-  NoWindow window;
   CaptionList list{options, modified};
   EditHistory history{list, modified};
   JournalBatch batch;
   RuleReport report{strings};
-  RulesEngine engine{list, report, strings, boxes, window};
+  RulesEngine engine{list, report};
 };
 
 /// Processor time of this thread, which other programs on the machine disturb less than a clock.
@@ -124,7 +105,9 @@ struct Step {
 
 std::vector<Step> Steps() {
   const auto nothing = [](Desk&) {};
-  const auto rules = [](Desk& desk) { desk.engine.ApplyRules(true); };
+  const auto rules = [](Desk& desk) {
+    if (desk.engine.ApplyRules()) std::abort();
+  };
   const auto delay = [](Desk& desk) { ShiftCaptions(desk.list, 700); };
   const auto undo = [](Desk& desk) { desk.history.Undo(); };
   const auto search = [](Desk& desk) { FindInCaptions(desk.list, {u"nothing like it"}, false, {}, false); };

@@ -84,7 +84,7 @@ void Measure(int captions) {
   MainWindowView view(program, surface);
   view.ShowStarted(program.LoadMainWindow(1280, 800));
   program.options.ApplyWhen = 1;
-  program.files.OpenSubtitleFile(Film(folder, captions));
+  program.documentFiles.OpenSubtitleFile(Film(folder, captions));
   QCoreApplication::processEvents();
   PaintClock paints;
   view.findChild<QLabel*>("lblTextFile")->installEventFilter(&paints);

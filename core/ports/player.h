@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <functional>
 
+#include <utility>
+
 #include "core/signal.h"
 #include "text/text.h"
 
@@ -69,10 +71,16 @@ class Player {
   /// Number of the stream in the file that is heard; -1 when unknown.
   virtual int AudioTrack() const { return -1; }
 
-  Signal<int> PlayStateChange;            ///< the new state
-  Signal<double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
-  Signal<Text> MediaError;                ///< the file could not be played: the library's own words
-  Signal<> ControlsChange;                ///< enabled, uiMode, volume, mute or the duration has changed
+  Signal<Player, int> PlayStateChange;            ///< the new state
+  Signal<Player, double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
+  Signal<Player, Text> MediaError;                ///< the file could not be played: the library's own words
+  Signal<Player> ControlsChange;                  ///< enabled, uiMode, volume, mute or the duration has changed
+
+ protected:
+  void TellPlayState(int state) { PlayStateChange(state); }
+  void TellPosition(double from, double to) { PositionChange(from, to); }
+  void TellMediaError(Text words) { MediaError(std::move(words)); }
+  void TellControls() { ControlsChange(); }
 };
 
 }  // namespace cuewright

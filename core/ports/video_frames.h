@@ -43,7 +43,10 @@ class VideoFrames {
   /// Ends OpenGL drawing; the context must be current.
   virtual void DestroyGl() = 0;
 
-  Signal<> FrameReady;  ///< there is a new picture
+  Signal<VideoFrames> FrameReady;  ///< there is a new picture
+
+ protected:
+  void TellFrame() { FrameReady(); }
 };
 
 }  // namespace cuewright

@@ -40,7 +40,7 @@ struct CaptureTest : ::testing::Test {
 
   void At(int ms) {
     player.position = ms / 1000.0;
-    window.tmrTime.Tick();
+    window.tmrTime.Pass();
   }
   KeyEvent Down(int code, bool repeat = false, std::uint32_t physical = 0) {
     KeyEvent key{code, 0, physical != 0 ? physical : static_cast<std::uint32_t>(code), repeat, false, false};
@@ -55,8 +55,8 @@ struct CaptureTest : ::testing::Test {
   std::string Times(Row row) const {
     return std::to_string(list.GetCaptionStart(row)) + "-" + std::to_string(list.GetCaptionEnd(row));
   }
-  void PressApply() { window.cmdApply.MouseDown({MouseButton::Left, 1, 1}); }
-  void ReleaseApply() { window.cmdApply.MouseUp({MouseButton::Left, 1, 1}); }
+  void PressApply() { window.cmdApply.PressMouse({MouseButton::Left, 1, 1}); }
+  void ReleaseApply() { window.cmdApply.ReleaseMouse({MouseButton::Left, 1, 1}); }
 
   AppOptions options;
   LangStrings strings;
@@ -126,12 +126,12 @@ TEST_F(PressAndHold, TheShortcutKeyIsAPressAndHoldKey) {
 TEST_F(PressAndHold, SpaceOnTheButtonHoldsToo) {
   At(1000);
   KeyEvent down{kKeySpace, u' ', 65, false, false, false};
-  window.cmdApply.KeyDown(down);
+  window.cmdApply.PressKey(down);
   KeyEvent repeat{kKeySpace, u' ', 65, true, false, false};
-  window.cmdApply.KeyDown(repeat);
+  window.cmdApply.PressKey(repeat);
   At(1400);
   KeyEvent up{kKeySpace, u' ', 65, false, false, false};
-  window.cmdApply.KeyUp(up);
+  window.cmdApply.ReleaseKey(up);
   EXPECT_EQ(Times(1), "1000-1400");
 }
 
@@ -190,7 +190,7 @@ TEST_F(PressAndHold, TheEndOfTheLastCaptionShowsTheEndAndAFreshSelectionTheDurat
   ReleaseApply();
   EXPECT_EQ(list.Selected(), 4);
   EXPECT_EQ(window.txtTime[1].GetText(), u"00:00:01,500");
-  window.txtTime[0].KeyDown(enter);
+  window.txtTime[0].PressKey(enter);
   EXPECT_EQ(Times(4), "5000-6500");
 }
 
@@ -345,14 +345,14 @@ TEST_F(AutomaticLimit, ReleasingKeepsTheCaptureUntilThePositionPassesTheComputed
   EXPECT_TRUE(window.tmrLimit.Enabled());
   At(1300);
   ReleaseApply();
-  window.tmrLimit.Tick();
+  window.tmrLimit.Pass();
   EXPECT_TRUE(capture.Capturing());
   EXPECT_EQ(list.Selected(), 1);
   At(1750);
-  window.tmrLimit.Tick();
+  window.tmrLimit.Pass();
   EXPECT_TRUE(capture.Capturing());
   At(1751);
-  window.tmrLimit.Tick();
+  window.tmrLimit.Pass();
   EXPECT_FALSE(capture.Capturing());
   EXPECT_EQ(list.Selected(), 2);
   EXPECT_EQ(Times(1), "1000-1750");
@@ -368,11 +368,11 @@ TEST_F(AutomaticLimit, TheKeysReleaseEndsNothingAndNeitherDoesALateOne) {
   Up(kKeyB);
   EXPECT_TRUE(capture.Capturing());
   At(2000);
-  window.tmrLimit.Tick();
+  window.tmrLimit.Pass();
   At(2100);
   Down(kKeyB);
   At(3000);
-  window.tmrLimit.Tick();
+  window.tmrLimit.Pass();
   Up(kKeyB);  // its capture is over
   EXPECT_EQ(list.GetCaptionStart(2), 2100);
   EXPECT_EQ(list.GetCaptionEnd(2), 2100 + 750);
@@ -636,7 +636,7 @@ TEST_F(Modes, SelectingOneEndsARunningCapture) {
   At(1000);
   PressApply();
   At(1900);
-  window.optManual.Clicked();
+  window.optManual.Click();
   EXPECT_EQ(Times(1), "1000-1900");
   EXPECT_EQ(window.cmdApply.GetText(), strings[Message::Start]);
   EXPECT_EQ(window.lblMode.GetText(), strings[Message::ManualModeHint]);
@@ -695,12 +695,12 @@ TEST_F(BestDuration, AProductOverSixteenBitsLeavesTheEnd) {
 struct Typing {
   static KeyEvent Press(TextBox& box, char16_t c) {
     KeyEvent key{c == 8 ? kKeyBackspace : 0, c, 1, false, false, false};
-    box.KeyPress(key);
+    box.TypeKey(key);
     return key;
   }
   static void Key(TextBox& box, int code) {
     KeyEvent key{code, 0, 1, false, false, false};
-    box.KeyDown(key);
+    box.PressKey(key);
   }
 };
 
@@ -757,21 +757,21 @@ TEST_F(TimeBox, TakesDigitsColonAndSemicolonAlone) {
   Typing::Press(box, u';');
   EXPECT_EQ(box.GetText(), u";0:00:00,000");
   KeyEvent del{kKeyDelete, 0, 1, false, false, false};
-  box.KeyDown(del);
+  box.PressKey(del);
   EXPECT_TRUE(del.handled);
 }
 
 TEST_F(TimeBox, LosingTheFocusWithABrokenTextBringsTheOldOneBack) {
   TextBox& box = window.txtTime[0];
   box.SetText(u"00:00:05,000");
-  box.GotFocus();
+  box.TakeFocus();
   for (const char16_t* broken : {u"00:00:05,00", u"00;00:06,000", u"00:00:06;000", u""}) {
     box.SetText(broken);
-    box.LostFocus();
+    box.LoseFocus();
     EXPECT_EQ(box.GetText(), u"00:00:05,000");
   }
   box.SetText(u"00:00:06,000");
-  box.LostFocus();
+  box.LoseFocus();
   EXPECT_EQ(box.GetText(), u"00:00:06,000");
 }
 
@@ -792,7 +792,7 @@ TEST_F(TimeBox, EnterWithoutADurationTakesTheBestOne) {
 }
 
 TEST_F(TimeBox, EnterChecksBothBoxes) {
-  window.txtTime[0].GotFocus();
+  window.txtTime[0].TakeFocus();
   window.txtTime[0].SetText(u"broken");
   window.txtTime[1].SetText(u"broken too");
   Typing::Key(window.txtTime[1], kKeyEnter);

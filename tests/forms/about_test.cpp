@@ -24,7 +24,7 @@ struct AboutBox : testing::ProgramFixture {
 
 TEST_F(AboutBox, TheMenuOpensItOnce) {
   int shown = 0;
-  program->helpDialogs.runAbout = [&] { ++shown; };
+  program->helpDialogs.about.Opened.Connect([&] { ++shown; });
   Open();
   EXPECT_TRUE(Dialog().IsOpen());
   Open();
@@ -64,7 +64,7 @@ TEST_F(AboutBox, MemoryIsToldInWholeKilobytesAndAnewEverySecond) {
   EXPECT_TRUE(Dialog().tmrMemo.Enabled());
   system.memory = std::uint64_t{8000000000} * 1024;
   EXPECT_EQ(Dialog().lblMemo.GetText(), u"Physical memory available to Windows: 5 KB");
-  Dialog().tmrMemo.Tick();
+  Dialog().tmrMemo.Pass();
   EXPECT_EQ(Dialog().lblMemo.GetText(), u"Physical memory available to Windows: 8000000000 KB");
   Dialog().Close();
   EXPECT_FALSE(Dialog().tmrMemo.Enabled());
@@ -77,9 +77,9 @@ TEST_F(AboutBox, ASystemWithoutANameIsLinux) {
 
 TEST_F(AboutBox, TheLinkOpensTheProductPageInTheLanguageInForce) {
   Open();
-  Dialog().lblTessaly.Clicked();
+  Dialog().lblTessaly.Click();
   program->ChangeLanguage(kSpanish);
-  Dialog().lblTessaly.Clicked();
+  Dialog().lblTessaly.Click();
   EXPECT_EQ(desktop.opened, (std::vector<Text>{Text(kWebSite) + u"/en/cuewright.php?lang=english",
                                                Text(kWebSite) + u"/es/cuewright.php?lang=spanish"}));
 }
@@ -88,9 +88,9 @@ TEST_F(AboutBox, APressOnThePictureMovesTheWindow) {
   int moves = 0;
   Dialog().MoveRequested.Connect([&] { ++moves; });
   Open();
-  Dialog().picTop.MouseDown({MouseButton::Right, 1, 1});
+  Dialog().picTop.PressMouse({MouseButton::Right, 1, 1});
   EXPECT_EQ(moves, 0);
-  Dialog().picTop.MouseDown({MouseButton::Left, 1, 1});
+  Dialog().picTop.PressMouse({MouseButton::Left, 1, 1});
   EXPECT_EQ(moves, 1);
 }
 

@@ -47,14 +47,14 @@ struct AudioBarTest : ProgramFixture {
   void Load(const Text& wave) { Bar().LoadWaveFile(wave); }
   /// Three captions: 1.1 to 1.9 s, 2.1 to 2.9 s, 3.1 to 3.9 s; a film that plays, and a wave.
   void OpenAll(int columns = 2000) {
-    program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
     Play(folder.Write("film.mkv", "x"));
     Load(Flat(columns));
     List().SetRow(1, false);
   }
   void At(std::int32_t ms) {
     program->sample.SetPlayerPosMs(ms);
-    Window().tmrWave.Tick();
+    Window().tmrWave.Pass();
   }
   void Drag(int from, int to) {
     Bar().OnPress(MouseButton::Right, from);
@@ -128,7 +128,7 @@ TEST_F(WaveLoading, AFailureBehindTheHeaderKeepsWhatIsFilled) {
 TEST_F(WaveLoading, ClosingTheDocumentsGivesTheLoadUpWithoutAMessage) {
   int yields = 0;
   events.onYield = [&] {
-    if (Window().lblWave.Visible() && ++yields == 3) program->files.CloseDocuments();
+    if (Window().lblWave.Visible() && ++yields == 3) program->session.CloseDocuments();
   };
   Load(Flat(5000));
   EXPECT_TRUE(boxes.shown.empty());
@@ -305,7 +305,7 @@ TEST_F(WaveMarking, AreHiddenOffTheScreenAndForCaptionsWithoutLength) {
 TEST_F(WaveMarking, MoveWithTheGlobalDelay) {
   OpenAll();
   List().Replace(1, 1, {{2000, 2500, u"moved"}});
-  program->tools.DelayDone();
+  Window().mnuDelay.Click();
   EXPECT_EQ(Marks().start, 200);
 }
 
@@ -369,7 +369,7 @@ TEST_F(WaveDragging, KeepsTheRowAndThePageItBeganWith) {
   Bar().OnMove(MouseButton::Right, 180);
   // The film goes on: past the next caption, and past the end of the page.
   At(2500);
-  Window().tmrPreview.Tick();
+  Window().tmrPreview.Pass();
   EXPECT_EQ(List().Selected(), 1);
   At(30000);
   EXPECT_EQ(Bar().View().scrollPos, 0);
@@ -490,7 +490,7 @@ TEST_F(WaveDragging, WithHiddenMarksADragDoesNothing) {
 }
 
 TEST_F(WaveDragging, WithoutAFilmTheBarDoesNotReact) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   program->audio.OpenAudioFile(Flat(2000), kAudioToBar);
   ASSERT_TRUE(Marks().captionShown);
   Drag(110, 150);
@@ -520,10 +520,10 @@ TEST_F(WaveDragging, TheHintStandsOverTheSpan) {
     EXPECT_EQ(Window().lblWaveTip.Visible(), shown) << x;
   }
   Bar().OnMove(MouseButton::None, 150);
-  Window().picBottom.Hovered();
+  Window().picBottom.Hover();
   EXPECT_FALSE(Window().lblWaveTip.Visible());
   Bar().OnMove(MouseButton::None, 150);
-  Window().Hovered();
+  Window().Hover();
   EXPECT_FALSE(Window().lblWaveTip.Visible());
 }
 
@@ -595,7 +595,7 @@ TEST_F(WaveFollowing, BehindTheEndOfTheWaveNothingMoves) {
 TEST_F(WaveFollowing, TheMeterShowsTheMaximumIn32Steps) {
   program->options.M_WAVSCALE = 3200;
   Bar().LoadOptions();
-  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 1));
   Play(folder.Write("film.mkv", "x"));
   Load(Wave(700, [](int i) { return i == 10 ? 2650 : i == 11 ? 32000 : i == 12 ? 99 : 0; }));
   At(100);

@@ -17,13 +17,13 @@ struct AudioDialogTest : ProgramFixture {
   Text Stored() { return program->store.GetSetting(kMainSection, u"AUDIOMODE", u"none"); }
   /// The dialog will be answered with these boxes and OK.
   void Answer(bool bar, bool toPlayer) {
-    program->audio.runDialog = [this, bar, toPlayer] {
+    program->audio.dialog.Opened.Connect([this, bar, toPlayer] {
       Dialog().chkAudio.SetValue(!bar);
       Dialog().chkAudio.Click();
       Dialog().chkPlayer.SetValue(!toPlayer);
       Dialog().chkPlayer.Click();
       Dialog().cmdOK.Click();
-    };
+    });
   }
 };
 
@@ -100,7 +100,7 @@ TEST_F(AudioOpening, ACancelledChoiceAsksForNoFile) {
 }
 
 TEST_F(AudioOpening, TheToolWindowsCloseFirst) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuFind.Click();
   ASSERT_TRUE(program->tools.findWindow.Loaded());
   Window().mnuOpenWav.Click();

@@ -109,7 +109,7 @@ TEST_F(AudioWizardPages, OpenWithTheDesignedValues) {
 TEST_F(AudioWizardPages, TheFormatDecidesWhatFollows) {
   OpenFiles();
   OpenWizard();
-  Audio().optOriginal.Clicked();
+  Audio().optOriginal.Click();
   EXPECT_FALSE(Audio().optWAV.Value());
   EXPECT_FALSE(Audio().chkAudioBar.Enabled());
   GoTo(1);
@@ -119,7 +119,7 @@ TEST_F(AudioWizardPages, TheFormatDecidesWhatFollows) {
   EXPECT_TRUE(Audio().cmdBack.Enabled());
   Audio().cmdBack.Click();
   EXPECT_FALSE(Audio().cmdBack.Enabled());
-  Audio().optWAV.Clicked();
+  Audio().optWAV.Click();
   EXPECT_TRUE(Audio().chkAudioBar.Enabled());
   GoTo(1);
   EXPECT_TRUE(Audio().cmbSampleRate.Enabled());
@@ -158,8 +158,8 @@ TEST_F(AudioWizardPages, BrowsingAsksForNoFilter) {
 TEST_F(AudioWizardPages, BothWaysToTheDownloadOpenItsPage) {
   OpenFiles();
   OpenWizard();
-  Audio().lblDownload.Clicked();
-  Audio().imgGetVirtualDub.MouseDown({MouseButton::Left, 1, 1});
+  Audio().lblDownload.Click();
+  Audio().imgGetVirtualDub.PressMouse({MouseButton::Left, 1, 1});
   EXPECT_EQ(desktop.opened, std::vector<Text>(2, Text(kWebSite) + u"/en/downloads.php?cid=14"));
 }
 
@@ -167,7 +167,7 @@ TEST_F(AudioWizardPages, TheTargetIsAlwaysAWave) {
   OpenFiles();
   folder.Write("other.wav", "old");
   OpenWizard();
-  Audio().optOriginal.Clicked();
+  Audio().optOriginal.Click();
   GoTo(3);
   dialogs.paths = {folder / "other.mp3", folder / "other.wav"};
   Audio().cmdSave.Click();
@@ -273,7 +273,7 @@ TEST_F(AudioWizardScript, ASampleRateInTheRangeIsWritten) {
 TEST_F(AudioWizardScript, ForTheSourceFormatAsksForNothingAndHandsNothingOver) {
   OpenFiles();
   OpenWizard();
-  Audio().optOriginal.Clicked();
+  Audio().optOriginal.Click();
   Audio().chkAudioBar.SetValue(true);
   Audio().cmbSampleRate.SetText(u"44100");
   ToolWrites("sound");
@@ -396,12 +396,12 @@ TEST_F(AudioWizardRun, HandsTheWaveToTheAudioBar) {
   const std::string header("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\x80\x3e\0\0",
                            44);
   ToolWrites(header + std::string(16000, '\0'));
-  program->runAudioWizard = [&] {
+  program->audioWizard.Opened.Connect([&] {
     GoTo(4);
     EXPECT_EQ(Audio().PendingAudioFile(), folder / "film.wav");
     EXPECT_TRUE(program->document.WavePath.empty());
     Audio().cmdNext.Click();
-  };
+  });
   Window().mnuAudioExtract.Click();
   EXPECT_EQ(program->document.WavePath, folder / "film.wav");
   EXPECT_EQ(program->recall.Path(u"AFileName"), folder / "film.wav");
@@ -411,11 +411,11 @@ TEST_F(AudioWizardRun, HandsTheWaveToTheAudioBar) {
 TEST_F(AudioWizardRun, WithoutTheCheckHandsNothingOver) {
   OpenFiles();
   ToolWrites("wave");
-  program->runAudioWizard = [&] {
+  program->audioWizard.Opened.Connect([&] {
     Audio().chkAudioBar.Click();
     GoTo(4);
     Audio().cmdNext.Click();
-  };
+  });
   Window().mnuAudioExtract.Click();
   EXPECT_TRUE(program->document.WavePath.empty());
 }

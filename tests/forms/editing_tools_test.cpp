@@ -11,12 +11,12 @@ using testing::ProgramFixture;
 
 struct DelayInTheWindow : ProgramFixture {
   DelayInTheWindow() {
-    program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
     List().SetRow(2, false);
-    program->tools.runDelayDialog = [this] {
+    program->tools.delayDialog.Opened.Connect([this] {
       if (during) during();
       Dialog().Close();
-    };
+    });
   }
   DelayDialog& Dialog() { return program->tools.delayDialog; }
   /// Opens the dialog from the menu and does something in it.
@@ -126,7 +126,9 @@ TEST_F(DelayInTheWindow, IsOnlyClosedByCancelAndByItsFrame) {
 
 TEST_F(DelayInTheWindow, AZeroDelayAppliedClosesTheDialogWithoutAChange) {
   WithDialog([&] {
-    Dialog().cmdApply.Clicked();
+    EXPECT_FALSE(Dialog().cmdApply.Enabled());
+    Dialog().cmdApply.SetEnabled(true);
+    Dialog().cmdApply.Click();
     EXPECT_FALSE(Dialog().IsOpen());
   });
   EXPECT_FALSE(program->document.DocModified);
@@ -161,7 +163,7 @@ TEST_F(DelayInTheWindow, ShowsTheRowAnewOnlyWhenItIsTimed) {
 using TimingReset = ProgramFixture;
 
 TEST_F(TimingReset, AsksAndThenWipesEveryRow) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   boxes.answers = {BoxAnswer::No};
   Window().mnuReset.Click();
   EXPECT_EQ(LastBox(), "Do you really want to reset the timecodes of the entire subtitle file?");
@@ -178,7 +180,7 @@ TEST_F(TimingReset, AsksAndThenWipesEveryRow) {
 using Untimed = ProgramFixture;
 
 TEST_F(Untimed, AreCountedAndFoundBelowTheSelection) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   List().ClearCaptionTiming(1, true);
   List().ClearCaptionTiming(4, true);
   Window().mnuCountUntimed.Click();
@@ -198,7 +200,7 @@ TEST_F(Untimed, AreCountedAndFoundBelowTheSelection) {
 }
 
 TEST_F(Untimed, TheLastRowIsFoundToo) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   List().ClearCaptionTiming(5, true);
   Window().mnuNextUntimed.Click();
   EXPECT_EQ(List().Selected(), 5);
@@ -208,7 +210,7 @@ TEST_F(Untimed, TheLastRowIsFoundToo) {
 using GoingToALine = ProgramFixture;
 
 TEST_F(GoingToALine, TakesNumbersAboveZeroAndNothingElse) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   const auto goTo = [&](TextView answer) {
     List().SetRow(2, false);
     boxes.lines = {Text(answer)};
@@ -227,12 +229,12 @@ TEST_F(GoingToALine, TakesNumbersAboveZeroAndNothingElse) {
 }
 
 struct Searching : ProgramFixture {
-  Searching() { program->files.OpenSubtitleFile(SubRip("a.srt", 12)); }
+  Searching() { program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 12)); }
   FindWindow& Find() { return program->tools.findWindow; }
   ReplaceWindow& Replace() { return program->tools.replaceWindow; }
   static void Type(TextBox& box, TextView text) {
     box.SetText(text);
-    box.Edited();
+    box.NoteEdited();
   }
 };
 
@@ -258,7 +260,7 @@ TEST_F(Searching, IsEndedByAPassOfTheRulesAndByTheDocumentsEnd) {
   Window().mnuReport.Click();
   EXPECT_FALSE(Replace().Loaded());
   Window().mnuFind.Click();
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_FALSE(Find().Loaded());
   EXPECT_FALSE(Window().mnuFind.Enabled());
   EXPECT_FALSE(Window().mnuReplace.Enabled());

@@ -82,7 +82,7 @@ TEST_F(EmbedDocument, ANameThatEndsInMpegPassesByItsLastThreeLetters) {
 }
 
 TEST_F(EmbedDocument, ADocumentWhoseFileIsNoSsaCannotPass) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   program->document.VideoPath = folder.Write("film.avi", "film");
   Window().mnuEmbed.Click();
   EXPECT_TRUE(Shows(Message::EmbedNeedsSsa));
@@ -108,7 +108,7 @@ TEST_F(EmbedDocument, IsCheckedAgainAtEachPress) {
 }
 
 TEST_F(EmbedDocument, UnsavedChangesAreAskedAboutBeforeTheWizardOpens) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   OpenFiles();
   List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
@@ -187,7 +187,7 @@ TEST_F(EmbedPages, TheSizeBoxesLetDigitsTheTwoSignsBehindThemAndBackspaceThrough
     KeyEvent key;
     key.code = code;
     key.character = character;
-    Embed().txtWidth.KeyPress(key);
+    Embed().txtWidth.TypeKey(key);
     return key.handled;
   };
   for (const char16_t character : TextView(u"0123456789:;")) EXPECT_FALSE(dropped(character, character));
@@ -199,11 +199,11 @@ TEST_F(EmbedPages, ASizeIsBroughtIntoItsLimitsWhenTheBoxLosesTheFocus) {
   for (const auto& [typed, left] : std::initializer_list<std::pair<const char16_t*, const char16_t*>>{
            {u"31", u"32"}, {u"32", u"32"}, {u"2048", u"2048"}, {u"2049", u"2048"}, {u"", u"32"}, {u"12:3;", u"123"}}) {
     Embed().txtHeight.SetText(typed);
-    Embed().txtHeight.LostFocus();
+    Embed().txtHeight.LoseFocus();
     EXPECT_EQ(Embed().txtHeight.GetText(), left);
   }
   Embed().txtHeight.SetText(u"640");
-  Embed().txtHeight.GotFocus();
+  Embed().txtHeight.TakeFocus();
   EXPECT_EQ(Embed().txtHeight.SelStart(), 0);
   EXPECT_EQ(Embed().txtHeight.SelLength(), 3);
 }
@@ -252,10 +252,10 @@ TEST_F(EmbedPages, HintsFollowThePointer) {
       {"cmdConfigure", Message::ConfigureCodecHint},    {"cmdCancel", Message::CloseDialogHint},
       {"txtWidth", Message::OutputWidthHint},           {"txtHeight", Message::OutputHeightHint}};
   for (const auto& [control, message] : hints) {
-    Embed().Find(control)->Hovered();
+    Embed().Find(control)->Hover();
     EXPECT_EQ(Embed().lblDetails.GetText(), Says(message)) << control;
   }
-  Embed().Hovered();
+  Embed().Hover();
   EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::EmbedHint));
   Embed().ShowEmbedDetails(u"");
   EXPECT_FALSE(Embed().lblDetailsTitle.Visible());
@@ -280,11 +280,11 @@ TEST_F(EmbedPages, EachStepHasItsHint) {
 TEST_F(EmbedPages, LinksOpenTheirPages) {
   OpenFiles();
   OpenWizard();
-  Embed().lblDownload.Clicked();
-  Embed().lblConvert.Clicked();
-  Embed().imgConfigure.Clicked();
+  Embed().lblDownload.Click();
+  Embed().lblConvert.Click();
+  Embed().imgConfigure.Click();
   program->options.Language = u"SPANISH";
-  Embed().imgConfigure.Clicked();
+  Embed().imgConfigure.Click();
   EXPECT_EQ(desktop.opened,
             (std::vector<Text>{Text(kWebSite) + u"/en/downloads.php?cid=14", Text(kWebSite) + u"/en/guides.php",
                                Text(kWebSite) + u"/go.php?id=9", Text(kWebSite) + u"/go.php?es=1&id=9"}));
@@ -293,9 +293,9 @@ TEST_F(EmbedPages, LinksOpenTheirPages) {
 TEST_F(EmbedPages, TheDrawingMovesTheWindow) {
   int moved = 0;
   Embed().DragRequested.Connect([&] { ++moved; });
-  Embed().imgDrag.MouseDown({MouseButton::Right, 1, 1});
+  Embed().imgDrag.PressMouse({MouseButton::Right, 1, 1});
   EXPECT_EQ(moved, 0);
-  Embed().imgDrag.MouseDown({MouseButton::Left, 1, 1});
+  Embed().imgDrag.PressMouse({MouseButton::Left, 1, 1});
   EXPECT_EQ(moved, 1);
 }
 

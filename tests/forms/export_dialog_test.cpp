@@ -21,7 +21,7 @@ struct ExportTest : testing::ProgramFixture {
     KeyEvent key;
     key.character = character;
     key.code = character == 0 ? kKeyBackspace : character;
-    Dialog().cmbFPS.KeyPress(key);
+    Dialog().cmbFPS.TypeKey(key);
     return key.handled ? Text() : Text(1, key.character);
   }
 };
@@ -59,7 +59,7 @@ using ExportRate = ExportTest;
 using ExportOk = ExportTest;
 
 TEST_F(ExportOpening, APlainTextOpensOnSubRipWithItsOwnRowMarkedCurrent) {
-  program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
   ASSERT_EQ(program->formats.CurrentFormatIndex, 0);
   Dialog().Open(false);
   const auto& rows = Dialog().cboFormats.Items();
@@ -227,7 +227,7 @@ TEST_F(ExportRate, ALongTextTakesNoFurtherKeyUnlessSomeOfItIsSelected) {
   Dialog().cmbFPS.SetText(u"23,976");
   KeyEvent back;
   back.code = kKeyBackspace;
-  Dialog().cmbFPS.KeyPress(back);
+  Dialog().cmbFPS.TypeKey(back);
   EXPECT_FALSE(back.handled);
 }
 
@@ -258,11 +258,11 @@ TEST_F(ExportOk, ConfigureOpensTheSettingsOfTheChosenFormat) {
   Open(u"SUBRIP");
   Choose(u"SAMI");
   int shown = -1;
-  program->dialogs.runFormat = [&] {
+  program->dialogs.format.Opened.Connect([&] {
     shown = program->formats.SettingsFormatIndex;
     EXPECT_TRUE(program->dialogs.format.picSami.Visible());
     program->dialogs.format.Close();
-  };
+  });
   Dialog().cmdConfigure.Click();
   EXPECT_EQ(shown, program->catalogue.IndexOf(u"SAMI"));
   EXPECT_EQ(program->formats.SettingsFormatIndex, 0);

@@ -27,7 +27,7 @@ struct FilmSoundTest : ProgramFixture {
                                    [](const Text& word) { return word.starts_with(u"file:"); });
     return file->substr(5);
   }
-  void Poll() { Window().tmrFilmSound.Tick(); }
+  void Poll() { Window().tmrFilmSound.Pass(); }
   /// The decoder writes a second of silence and ends.
   void Decode(int status = 0) {
     const std::string header(
@@ -98,7 +98,7 @@ TEST_F(FilmSoundTest, TheWaveGoesToTheAudioBarAndIsThereAtOnceTheNextTime) {
 }
 
 TEST_F(FilmSoundTest, TheMarksOfTheCurrentCaptionStandInTheWave) {
-  program->files.OpenSubtitleFile(folder.Write("a.srt", "1\r\n00:00:00,200 --> 00:00:00,500\r\na\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.srt", "1\r\n00:00:00,200 --> 00:00:00,500\r\na\r\n\r\n"));
   testing::PixelView view;
   program->audioBar.SetView(&view);
   Window().mnuFilmSound.Click();
@@ -135,7 +135,7 @@ TEST_F(FilmSoundTest, CanBeStopped) {
 
 TEST_F(FilmSoundTest, EndsWithItsFilm) {
   Window().mnuFilmSound.Click();
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_TRUE(Run().gone);
   Play(film);
   Window().mnuFilmSound.Click();
@@ -157,13 +157,13 @@ TEST_F(FilmSoundTest, AFailureIsToldAndLeavesNothing) {
 }
 
 TEST_F(FilmSoundTest, IsOfferedWhileAFilmIsOpen) {
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_TRUE(Window().mnuFilmSound.Enabled());
   Window().mnuFilmSound.Click();
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_FALSE(Window().mnuFilmSound.Enabled());
-  program->files.CloseDocuments();
-  Window().mnuFile.AboutToShow();
+  program->session.CloseDocuments();
+  Window().mnuFile.OpenMenu();
   EXPECT_FALSE(Window().mnuFilmSound.Enabled());
 }
 

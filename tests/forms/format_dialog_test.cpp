@@ -22,7 +22,7 @@ struct FormatTest : testing::ProgramFixture {
     KeyEvent key;
     key.character = character;
     key.code = character == 0 ? kKeyBackspace : character;
-    box.KeyPress(key);
+    box.TypeKey(key);
     return !key.handled;
   }
 };
@@ -96,10 +96,10 @@ TEST_F(FormatOpening, AFailureWhileReadingIsToldAndTheRestIsThere) {
 
 TEST_F(FormatOpening, TheLinksTell) {
   Open(u"SUBSTATIONALPHA");
-  Dialog().lblGetMore.Clicked();
+  Dialog().lblGetMore.Click();
   EXPECT_TRUE(LastBox().starts_with("To add support for other subtitle formats"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
-  Dialog().imgSsaCharset.Clicked();
+  Dialog().imgSsaCharset.Click();
   EXPECT_TRUE(LastBox().starts_with("The character set used for this subtitle format"));
   EXPECT_EQ(boxes.shown.back().title, u"Subtitles character set");
   EXPECT_EQ(Dialog().lblSsaCharset.GetText(), u"Charset: 0");
@@ -275,10 +275,10 @@ TEST_F(FormatSsa, ANumberAbove1200BecomesThatAtOnce) {
   for (TextBox* box : {&Dialog().txtSsaMarginl, &Dialog().txtSsaMarginr, &Dialog().txtSsaMarginv,
                        &Dialog().txtSsaOutline, &Dialog().txtSsaShadow}) {
     box->SetText(u"1201");
-    box->Edited();
+    box->NoteEdited();
     EXPECT_EQ(box->GetText(), u"1200");
     box->SetText(u"1200");
-    box->Edited();
+    box->NoteEdited();
     EXPECT_EQ(box->GetText(), u"1200");
   }
   Store(u"SUBSTATIONALPHA", u"marginl", u"5000");
@@ -289,7 +289,7 @@ TEST_F(FormatSsa, ANumberAbove1200BecomesThatAtOnce) {
 TEST_F(FormatSsa, PastedLettersGetPastTheKeyFilterIntoTheHeader) {
   Open(u"SUBSTATIONALPHA");
   Dialog().txtSsaMarginl.SetText(u"abc");
-  Dialog().txtSsaMarginl.Edited();
+  Dialog().txtSsaMarginl.NoteEdited();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"marginl"), u"abc");
   EXPECT_NE(BuildBuiltInHeader(u"SUBSTATIONALPHA", program->store, 0).find(u",2,abc,30,30,"), Text::npos);

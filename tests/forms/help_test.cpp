@@ -88,7 +88,7 @@ struct HelpWindowTest : ProgramFixture {
   }
   void Search(TextView words) {
     Help().txtSearch.SetText(words);
-    Help().txtSearch.Edited();
+    Help().txtSearch.NoteEdited();
   }
 };
 
@@ -171,7 +171,7 @@ TEST_F(HelpWindowTest, TheSearchListsTheTopicsThatHoldTheWords) {
   EXPECT_LT(Help().lstTopics.Items().size(), all);
   EXPECT_EQ(Help().lstTopics.Items()[0], u"Set delay");
   KeyEvent enter{kKeyEnter};
-  Help().txtSearch.KeyDown(enter);
+  Help().txtSearch.PressKey(enter);
   EXPECT_TRUE(enter.handled);
   EXPECT_EQ(File(), u"delay.html");
   Search({});
@@ -185,7 +185,7 @@ TEST_F(HelpWindowTest, ASearchInVainSaysSo) {
   EXPECT_FALSE(Help().lstTopics.Enabled());
   Help().lstTopics.Choose(0);
   KeyEvent enter{kKeyEnter};
-  Help().txtSearch.KeyDown(enter);
+  Help().txtSearch.PressKey(enter);
   EXPECT_EQ(File(), u"start.html");
 }
 

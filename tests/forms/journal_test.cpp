@@ -70,7 +70,7 @@ struct JournalInTheWindow : ProgramFixture {
   }
   void Tick() {
     events.now += 200;
-    if (Window().tmrJournal.Enabled()) Window().tmrJournal.Tick();
+    if (Window().tmrJournal.Enabled()) Window().tmrJournal.Pass();
   }
   /// What a restart would find.
   std::vector<Caption> Kept() const {
@@ -95,7 +95,7 @@ struct JournalInTheWindow : ProgramFixture {
 };
 
 TEST_F(JournalInTheWindow, BeginsWithTheFirstChangeAndFollowsEveryOther) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Tick();
   EXPECT_EQ(store.begun, 0);
   Window().mnuRemove.Click();
@@ -117,7 +117,7 @@ TEST_F(JournalInTheWindow, BeginsWithTheFirstChangeAndFollowsEveryOther) {
 }
 
 TEST_F(JournalInTheWindow, RestsWhenThereIsNothingToWrite) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   for (int i = 0; i < 20; ++i) Tick();
   EXPECT_FALSE(Window().tmrJournal.Enabled());
@@ -127,7 +127,7 @@ TEST_F(JournalInTheWindow, RestsWhenThereIsNothingToWrite) {
 }
 
 TEST_F(JournalInTheWindow, WritesACommandAsAWhole) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   const std::vector<Caption> before = All();
@@ -156,27 +156,27 @@ TEST_F(JournalInTheWindow, IsRemovedByASaveByAnotherDocumentAndByTheEnd) {
     Tick();
     EXPECT_FALSE(store.current.empty());
   };
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   change();
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_TRUE(store.current.empty());
   change();
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   EXPECT_TRUE(store.current.empty());
   change();
   boxes.answers = {BoxAnswer::No};
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_TRUE(store.current.empty());
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   change();
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_TRUE(store.current.empty());
   Tick();
   EXPECT_TRUE(store.current.empty());
 }
 
 TEST_F(JournalInTheWindow, ThatWasTakenAwayIsBegunAnew) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   store.lost = true;
@@ -189,7 +189,7 @@ TEST_F(JournalInTheWindow, ThatWasTakenAwayIsBegunAnew) {
 }
 
 TEST_F(JournalInTheWindow, StaysWhenASaveLeftCaptionsOut) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   List().SetCaptionStart(3, 0, false);
   Tick();
   boxes.answers = {BoxAnswer::No};
@@ -202,7 +202,7 @@ TEST_F(JournalInTheWindow, StaysWhenASaveLeftCaptionsOut) {
 TEST_F(JournalInTheWindow, BeginsWithASaveThatLeftCaptionsOutOfAnUnchangedDocument) {
   const Text path = folder.Write(
       "a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nx\r\n\r\n2\r\n00:00:00,000 --> 00:00:00,000\r\ny\r\n\r\n");
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   const std::vector<Caption> before = All();
   boxes.answers = {BoxAnswer::No};
   Window().mnuSave.Click();
@@ -214,16 +214,16 @@ TEST_F(JournalInTheWindow, BeginsWithASaveThatLeftCaptionsOutOfAnUnchangedDocume
 TEST_F(JournalInTheWindow, StaysAfterACloseThatAskedNothing) {
   program->options.manner.SetClassic(true);
   // The question is not asked for so short a document, and not for captions that were added.
-  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 1));
   List().SetCaptionText(1, u"the last words");
   Window().mnuClose.Click();
   EXPECT_TRUE(boxes.shown.empty());
   ASSERT_EQ(store.kept.size(), 1u);
   EXPECT_EQ(ReadJournal(store.kept[0]).document->captions[0].text, u"the last words");
-  program->files.New();
+  program->documentFiles.New();
   boxes.lines = {u"one"};
   Window().mnuAddBottom.Click();
-  program->files.OpenSubtitleFile(folder / "a.srt");
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   EXPECT_EQ(store.kept.size(), 1u) << "only those who asked may leave it";
   Window().mnuRemove.Click();
   program->document.DocModified = false;
@@ -232,7 +232,7 @@ TEST_F(JournalInTheWindow, StaysAfterACloseThatAskedNothing) {
 }
 
 TEST_F(JournalInTheWindow, GoesWithACloseOfWhatIsAsItsFile) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   Window().mnuUndo.Click();
@@ -241,7 +241,7 @@ TEST_F(JournalInTheWindow, GoesWithACloseOfWhatIsAsItsFile) {
   Window().mnuClose.Click();
   EXPECT_TRUE(store.kept.empty());
   EXPECT_TRUE(store.current.empty());
-  program->files.OpenSubtitleFile(folder / "a.srt");
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   Window().mnuRemove.Click();
   Tick();
   boxes.answers = {BoxAnswer::No};
@@ -251,7 +251,7 @@ TEST_F(JournalInTheWindow, GoesWithACloseOfWhatIsAsItsFile) {
 }
 
 TEST_F(JournalInTheWindow, KnowsASeparatorThatChangedNoCaption) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuRemove.Click();
   Tick();
   Window().mnuSeparator[1].Click();
@@ -260,7 +260,7 @@ TEST_F(JournalInTheWindow, KnowsASeparatorThatChangedNoCaption) {
 }
 
 TEST_F(JournalInTheWindow, TellsAFullDiskOnceAndGoesOnWhenThereIsRoom) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 9));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 9));
   Window().mnuRemove.Click();
   Tick();
   store.full = true;
@@ -281,7 +281,7 @@ TEST_F(JournalInTheWindow, TellsAFullDiskOnceAndGoesOnWhenThereIsRoom) {
 
 TEST_F(JournalInTheWindow, WithoutTheInformationBarAFullDiskIsToldInABox) {
   Window().mnuInfoBar.Click();
-  program->files.OpenSubtitleFile(SubRip("a.srt", 9));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 9));
   store.full = true;
   Window().mnuRemove.Click();
   for (int i = 0; i < 60; ++i) Tick();
@@ -289,7 +289,7 @@ TEST_F(JournalInTheWindow, WithoutTheInformationBarAFullDiskIsToldInABox) {
 }
 
 TEST_F(JournalInTheWindow, BeginsAnewWhenTheChangesOutgrowTheDocument) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   for (int i = 0; i < 12; ++i) {
     List().SetCaptionText(1, Text(300000, static_cast<char16_t>(u'a' + i)));
     Tick();
@@ -302,7 +302,7 @@ using TheNextStart = JournalInTheWindow;
 
 TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   const Text path = SubRip("a.srt", 5);
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   List().SetRow(3, false);
   Window().mnuSeparator[1].Click();
   Window().mnuRemove.Click();
@@ -334,12 +334,12 @@ TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   EXPECT_EQ(Kept(), All());
   Window().mnuUndo.Click();
   EXPECT_TRUE(program->document.DocModified);
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_TRUE(store.current.empty());
 }
 
 TEST_F(TheNextStart, RestoresADocumentWithoutAFile) {
-  program->files.New();
+  program->documentFiles.New();
   boxes.lines = {u"only one"};
   Window().mnuAddBottom.Click();
   Tick();
@@ -351,7 +351,7 @@ TEST_F(TheNextStart, RestoresADocumentWithoutAFile) {
 }
 
 TEST_F(TheNextStart, SaysWhichOfJournalAndFileIsNewer) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   store.fileChanged = 1800000000000;
@@ -366,7 +366,7 @@ TEST_F(TheNextStart, SaysWhichOfJournalAndFileIsNewer) {
 }
 
 TEST_F(TheNextStart, LeavesWhatItCannotReadAndTellsItOnce) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   std::string version = store.current;
@@ -393,7 +393,7 @@ TEST_F(TheNextStart, LeavesWhatItCannotReadAndTellsItOnce) {
 }
 
 TEST_F(TheNextStart, ThrowsTheJournalAwayOnNoAndKeepsItOnCancel) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   boxes.answers = {BoxAnswer::No};
@@ -409,7 +409,7 @@ TEST_F(TheNextStart, ThrowsTheJournalAwayOnNoAndKeepsItOnCancel) {
 }
 
 TEST_F(TheNextStart, LeavesTheOthersOnceOneIsTakenAndDropsWhatHoldsNothing) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   Tick();
   const std::string good = store.current;
@@ -427,7 +427,7 @@ TEST_F(TheNextStart, LeavesTheOthersOnceOneIsTakenAndDropsWhatHoldsNothing) {
 
 TEST_F(TheNextStart, DoesNotPutTheTextOfItsCommandLineOverARestoredDocument) {
   const Text path = SubRip("a.srt", 5);
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   Window().mnuRemove.Click();
   Tick();
   store.keptBytes = store.current;

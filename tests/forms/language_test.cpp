@@ -75,7 +75,7 @@ TEST_F(ProgramLanguage, AChangeRelabelsAllThatIsOpen) {
 
 TEST_F(ProgramLanguage, AChangeLeavesTheStoreAndTheDocument) {
   StartIn("ENGLISH");
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   program->ChangeLanguage(kArabic);
   EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"Language", u"?"), u"ENGLISH");
   EXPECT_EQ(program->options.Language, u"ARABIC");

@@ -8,7 +8,7 @@ namespace {
 using testing::ProgramFixture;
 
 struct CommandsTest : ProgramFixture {
-  void Open(int captions) { program->files.OpenSubtitleFile(SubRip("a.srt", captions)); }
+  void Open(int captions) { program->documentFiles.OpenSubtitleFile(SubRip("a.srt", captions)); }
 };
 
 using Commands = CommandsTest;
@@ -131,7 +131,7 @@ TEST_F(TextPane, EveryKeyUpStoresTheText) {
   Open(2);
   Window().txtSub.SetText(u"first\r\nsecond");
   KeyEvent key{65, u'a', 1, false, false, false};
-  Window().txtSub.KeyUp(key);
+  Window().txtSub.ReleaseKey(key);
   EXPECT_EQ(List().GetCaptionText(1), u"first|second");
   EXPECT_TRUE(program->document.DocModified);
 }
@@ -140,10 +140,10 @@ TEST_F(TextPane, ALineBreakJustTypedReachesTheListWithTheNextCharacter) {
   Open(2);
   Window().txtSub.SetText(u"first\r\n");
   KeyEvent key{kKeyEnter, 0, 1, false, false, false};
-  Window().txtSub.KeyUp(key);
+  Window().txtSub.ReleaseKey(key);
   EXPECT_EQ(List().GetCaptionText(1), u"line 1");
   Window().txtSub.SetText(u"first\r\nx");
-  Window().txtSub.KeyUp(key);
+  Window().txtSub.ReleaseKey(key);
   EXPECT_EQ(List().GetCaptionText(1), u"first|x");
 }
 
@@ -151,7 +151,7 @@ TEST_F(TextPane, ADocumentOfOneCaptionIsNotMarked) {
   Open(1);
   Window().txtSub.SetText(u"other");
   KeyEvent key{65, u'a', 1, false, false, false};
-  Window().txtSub.KeyUp(key);
+  Window().txtSub.ReleaseKey(key);
   EXPECT_EQ(List().GetCaptionText(1), u"other");
   EXPECT_FALSE(program->document.DocModified);
 }
@@ -159,12 +159,12 @@ TEST_F(TextPane, ADocumentOfOneCaptionIsNotMarked) {
 TEST_F(TextPane, ItsFocusTurnsTheShortcutsOff) {
   Open(2);
   Play(folder.Write("film.mkv", "x"));
-  Window().txtSub.GotFocus();
+  Window().txtSub.TakeFocus();
   KeyEvent key{66, u'b', 56, false, false, false};
   program->capture.OnKeyDown(key);
   EXPECT_FALSE(key.handled);
   EXPECT_FALSE(program->capture.Capturing());
-  Window().txtSub.LostFocus();
+  Window().txtSub.LoseFocus();
   program->capture.OnKeyDown(key);
   EXPECT_TRUE(program->capture.Capturing());
 }
@@ -246,7 +246,7 @@ TEST_F(PlayerStates, AStopDuringACaptureLeavesTheStartAndApplyDisabled) {
   Play(folder.Write("film.mkv", "x"));
   program->capture.SelectMode(CaptionMode::Manual);
   player.position = 5;
-  Window().tmrTime.Tick();
+  Window().tmrTime.Pass();
   Window().cmdApply.Click();
   player.Stop();
   EXPECT_EQ(Window().lblStringPos.GetText(), u"00:00.000");
@@ -260,10 +260,10 @@ TEST_F(PlayerStates, AHoldEndsAtTheLastSampleWhenTheFilmStops) {
   Open(3);
   Play(folder.Write("film.mkv", "x"));
   player.position = 5;
-  Window().tmrTime.Tick();
-  Window().cmdApply.MouseDown({MouseButton::Left, 0, 0});
+  Window().tmrTime.Pass();
+  Window().cmdApply.PressMouse({MouseButton::Left, 0, 0});
   player.position = 6.2;
-  Window().tmrTime.Tick();
+  Window().tmrTime.Pass();
   player.Stop();
   EXPECT_EQ(List().At(1), (Caption{5000, 6200, u"line 1"}));
   EXPECT_FALSE(program->capture.Capturing());
@@ -315,24 +315,24 @@ TEST_F(Controls, TheTitleIsTheProductAndItsVersion) {
 }
 
 TEST_F(Controls, TheTitleNamesTheDocumentAndWhetherItWasChanged) {
-  program->files.OpenSubtitleFile(SubRip("a [*] b.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a [*] b.srt", 3));
   EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
   Window().mnuRemove.Click();
   EXPECT_EQ(Window().Title(), u"a [*] b.srt* - Tessaly Cuewright 1.0.0");
   Window().mnuUndo.Click();
   EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
   Window().mnuRedo.Click();
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_EQ(Window().Title(), u"a [*] b.srt - Tessaly Cuewright 1.0.0");
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_EQ(Window().Title(), u"Untitled - Tessaly Cuewright 1.0.0");
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_EQ(Window().Title(), u"Tessaly Cuewright 1.0.0");
 }
 
 TEST_F(Controls, TheTitleInTheClassicMannerIsTheProductAlone) {
   program->options.manner.SetClassic(true);
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   EXPECT_EQ(Window().Title(), u"Tessaly Cuewright 1.0.0");
 }
 
@@ -436,9 +436,9 @@ TEST_F(PreviewMode, FollowsThePositionAndTheSelection) {
   program->capture.SelectMode(CaptionMode::Preview);
   const auto at = [&](double seconds) {
     player.position = seconds;
-    Window().tmrTime.Tick();
-    Window().tmrPreview.Tick();
-    Window().tmrPreview.Tick();
+    Window().tmrTime.Pass();
+    Window().tmrPreview.Pass();
+    Window().tmrPreview.Pass();
   };
   at(1.5);
   EXPECT_EQ(program->sub.lblSub.GetText(), u"line 1");
@@ -480,7 +480,7 @@ TEST_F(Controls, OpeningAFileClosesTheToolWindows) {
     program->openForms.Opened(name, [&closed, name] { closed.push_back(name); });
   }
   EXPECT_TRUE(program->openForms.IsFormLoaded("frmFind"));
-  program->files.OpenText();
+  program->documentFiles.OpenText();
   EXPECT_EQ(closed, (std::vector<std::string>{"frmFind", "frmReport"}));
   EXPECT_FALSE(program->openForms.IsFormLoaded("frmFind"));
   EXPECT_TRUE(program->openForms.IsFormLoaded("frmSettings"));
@@ -494,8 +494,8 @@ TEST_F(MissingPlayer, TheScreenNamesTheFileInLowerCase) {
   EXPECT_EQ(program->start.lblMain.GetText(), u"Required file missing");
   EXPECT_EQ(program->start.cmdIgnore.GetText(), u"&Ignore");
   EXPECT_EQ(program->start.cmdExit.GetText(), u"&Settings");
-  program->start.lblMediaplayer.Clicked();
-  program->start.lblWebsite.Clicked();
+  program->start.lblMediaplayer.Click();
+  program->start.lblWebsite.Click();
   ASSERT_EQ(desktop.opened.size(), 2u);
   EXPECT_TRUE(desktop.opened[1].ends_with(u"/en/cuewright.php?lang=english")) << ToUtf8(desktop.opened[1]);
 }

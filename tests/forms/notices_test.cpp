@@ -13,49 +13,51 @@ using Notice = NoticeTest;
 
 TEST_F(Notice, ALoadTellsFormatAndEncoding) {
   EXPECT_EQ(Shown(), u"");
-  program->files.OpenSubtitleFile(folder.Write("a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xE9\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(
+      folder.Write("a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xE9\r\n\r\n"));
   EXPECT_EQ(Shown(), u"Read as SubRip, windows-1252");
-  program->files.OpenSubtitleFile(folder.Write("b.srt",
-                                               "\xEF\xBB\xBF"
-                                               "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xC3\xA9\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("b.srt",
+                                                       "\xEF\xBB\xBF"
+                                                       "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xC3\xA9\r\n\r\n"));
   EXPECT_EQ(Shown(), u"Read as SubRip, UTF-8 (BOM)");
 }
 
 TEST_F(Notice, ASaveTellsWhatItWrote) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
-  program->files.SaveDocument();
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.SaveDocument();
   EXPECT_EQ(Shown(), u"Saved as SubRip, windows-1252");
 }
 
 TEST_F(Notice, AFailedSaveTellsNothing) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   program->document.SubtitlePath = folder / "gone/a.srt";
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_EQ(Shown(), u"");
   EXPECT_FALSE(boxes.shown.empty());
 }
 
 TEST_F(Notice, WithTheBarOffASaveInAnotherEncodingIsToldInABox) {
-  program->files.OpenSubtitleFile(folder.Write("a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xE9\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(
+      folder.Write("a.srt", "1\r\n00:00:01,000 --> 00:00:02,000\r\nCaf\xE9\r\n\r\n"));
   Window().mnuInfoBar.Click();
   List().SetCaptionText(1, u"\u4E2D");
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_NE(LastBox().find("Saved as UTF-8: windows-1252 lacks a character of the text"), std::string::npos);
 }
 
 TEST_F(Notice, GoesWithTheDocumentOrByItsButton) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Window().cmdNotice.Click();
   EXPECT_EQ(Shown(), u"");
   EXPECT_FALSE(Window().cmdNotice.Visible());
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   EXPECT_NE(Shown(), u"");
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(Shown(), u"");
 }
 
 TEST_F(Notice, IsToldAnewInAnotherLanguage) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   program->messages.AddBlock("902\tLe\u00EDdo como %1, %2\n905\tCerrar\n", 1);
   program->ChangeLanguage(1);
   EXPECT_EQ(Shown(), u"Le\u00EDdo como SubRip, windows-1252");

@@ -7,14 +7,14 @@ using testing::ProgramFixture;
 
 struct PreviewOverlay : ProgramFixture {
   void Open(int captions) {
-    program->files.OpenSubtitleFile(SubRip("a.srt", captions));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", captions));
     Play(folder.Write("film.mkv", "x"));
   }
   void Preview() { program->capture.SelectMode(CaptionMode::Preview); }
   void At(double seconds) {
     player.position = seconds;
-    Window().tmrTime.Tick();
-    for (int i = 0; i < 3; ++i) Window().tmrPreview.Tick();
+    Window().tmrTime.Pass();
+    for (int i = 0; i < 3; ++i) Window().tmrPreview.Pass();
   }
   Text Shown() { return program->sub.lblSub.GetText(); }
 };
@@ -96,16 +96,16 @@ TEST_F(PreviewOverlay, TheSelectionWaitsForWhoeverTypesInThePane) {
   Preview();
   At(1.5);
   ASSERT_EQ(List().Selected(), 1);
-  Window().txtSub.GotFocus();
+  Window().txtSub.TakeFocus();
   At(2.5);
   EXPECT_EQ(Shown(), u"line 2");
   EXPECT_EQ(List().Selected(), 1);
-  Window().txtSub.LostFocus();
+  Window().txtSub.LoseFocus();
   At(2.6);
   EXPECT_EQ(List().Selected(), 2);
 
   program->options.manner.SetClassic(true);
-  Window().txtSub.GotFocus();
+  Window().txtSub.TakeFocus();
   At(3.5);
   EXPECT_EQ(List().Selected(), 3);
 }
@@ -145,7 +145,7 @@ TEST_F(PreviewOverlay, TheTextOnShowIsDrawnAgainWhileItIsEdited) {
   Preview();
   At(1.5);
   Window().txtSub.SetText(u"changed");
-  Window().txtSub.Edited();
+  Window().txtSub.NoteEdited();
   EXPECT_EQ(Shown(), u"changed");
 }
 

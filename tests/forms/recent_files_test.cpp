@@ -16,7 +16,7 @@ using Dropping = testing::ProgramFixture;
 
 TEST_F(Recents, TheSubmenuIsHiddenUntilAFileWasUsed) {
   EXPECT_FALSE(Window().mnuRecent.Visible());
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   EXPECT_TRUE(Window().mnuRecent.Visible());
   EXPECT_TRUE(Window().mnuRecentFile[0].Visible());
   EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
@@ -25,9 +25,9 @@ TEST_F(Recents, TheSubmenuIsHiddenUntilAFileWasUsed) {
 TEST_F(Recents, TheNewestStandsInFrontAndOnce) {
   const Text first = SubRip("a.srt", 2);
   const Text film = folder.Write("film.mkv", "x");
-  program->files.OpenSubtitleFile(first);
+  program->documentFiles.OpenSubtitleFile(first);
   program->playerBinding.LoadVideoFile(film);
-  program->files.OpenSubtitleFile(first);
+  program->documentFiles.OpenSubtitleFile(first);
   EXPECT_EQ(Window().mnuRecentFile[0].GetText(), ShortenPath(first));
   EXPECT_EQ(Window().mnuRecentFile[1].GetText(), ShortenPath(film));
   EXPECT_FALSE(Window().mnuRecentFile[2].Visible());
@@ -65,7 +65,7 @@ TEST_F(Recents, OpeningAFileWritesTheSettingsOnce) {
   const Text subtitle = SubRip("a.srt", 2);
   const Text film = folder.Write("film.mkv", "x");
   const WritesOfSettings writes(folder.Path());
-  program->files.OpenSubtitleFile(subtitle);
+  program->documentFiles.OpenSubtitleFile(subtitle);
   EXPECT_EQ(writes.Take(), 1);
   program->playerBinding.LoadVideoFile(film);
   EXPECT_EQ(writes.Take(), 1);
@@ -84,11 +84,11 @@ TEST_F(Recents, OnlyTenAreKept) {
 
 TEST_F(Recents, ComeBackInTheNextRunWithoutFilesThatAreGone) {
   const Text gone = SubRip("gone.srt", 2);
-  program->files.OpenSubtitleFile(gone);
-  program->files.OpenSubtitleFile(SubRip("a&b.srt", 2));
+  program->documentFiles.OpenSubtitleFile(gone);
+  program->documentFiles.OpenSubtitleFile(SubRip("a&b.srt", 2));
   files.Remove(gone);
   Restart({});
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_TRUE(Window().mnuRecent.Visible());
   EXPECT_TRUE(Window().mnuRecentFile[0].GetText().ends_with(u"/a&&b.srt"));
   EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
@@ -97,9 +97,9 @@ TEST_F(Recents, ComeBackInTheNextRunWithoutFilesThatAreGone) {
 TEST_F(Recents, AClickOpensTheFileAsWhatItWas) {
   const Text text = SubRip("a.srt", 2);
   const Text film = folder.Write("film.mkv", "x");
-  program->files.OpenSubtitleFile(text);
+  program->documentFiles.OpenSubtitleFile(text);
   program->playerBinding.LoadVideoFile(film);
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   Window().mnuRecentFile[1].Click();
   EXPECT_EQ(program->document.SubtitlePath, text);
   EXPECT_TRUE(program->document.VideoPath.empty());
@@ -108,8 +108,8 @@ TEST_F(Recents, AClickOpensTheFileAsWhatItWas) {
 }
 
 TEST_F(Recents, AClickAsksBeforeAModifiedDocumentGoes) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
-  program->files.OpenSubtitleFile(SubRip("b.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("b.srt", 3));
   List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
   Window().mnuRecentFile[1].Click();
@@ -118,12 +118,12 @@ TEST_F(Recents, AClickAsksBeforeAModifiedDocumentGoes) {
 }
 
 TEST_F(Recents, ClearingForgetsAllOfThemForGood) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Window().mnuClearRecent.Click();
   EXPECT_FALSE(Window().mnuRecent.Visible());
   EXPECT_TRUE(Window().mnuTFileName.Visible());
   Restart({});
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_FALSE(Window().mnuRecent.Visible());
 }
 
@@ -132,7 +132,7 @@ TEST_F(Recents, DamagedEntriesAreLeftOut) {
                "[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\n[Brakemoor Works\\Recent]\nFile0=X/etc/"
                "hosts\nFile1=\nFile2=T\nFile3=T/etc/hosts\n");
   Restart({});
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_EQ(Window().mnuRecentFile[0].GetText(), u"/etc/hosts");
   EXPECT_FALSE(Window().mnuRecentFile[1].Visible());
 }
@@ -147,21 +147,21 @@ TEST(KindOfFile, IsReadBehindTheLastDotOfTheName) {
 TEST_F(Dropping, AFilmAndATextOpenTogether) {
   const Text text = SubRip("a.srt", 2);
   const Text film = folder.Write("film.webm", "x");
-  program->files.OpenDropped({text, film});
+  program->router.OpenDropped({text, film});
   EXPECT_EQ(program->document.SubtitlePath, text);
   EXPECT_EQ(program->document.VideoPath, film);
 }
 
 TEST_F(Dropping, OfSeveralTextsTheLastBecomesTheDocument) {
-  program->files.OpenDropped({SubRip("a.srt", 2), SubRip("b.srt", 2)});
+  program->router.OpenDropped({SubRip("a.srt", 2), SubRip("b.srt", 2)});
   EXPECT_EQ(program->document.SubtitlePath, folder / "b.srt");
 }
 
 TEST_F(Dropping, AModifiedDocumentIsAskedForFirst) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.OpenDropped({SubRip("b.srt", 2)});
+  program->router.OpenDropped({SubRip("b.srt", 2)});
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
   EXPECT_EQ(List().Rows(), 4);
 }
@@ -172,9 +172,9 @@ TEST_F(Dropping, DuringALoadNothingIsTaken) {
   events.onYield = [&] {
     if (dropped) return;
     dropped = true;
-    program->files.OpenDropped({other});
+    program->router.OpenDropped({other});
   };
-  program->files.OpenSubtitleFile(SubRip("a.srt", 300));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 300));
   EXPECT_TRUE(dropped);
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
   EXPECT_EQ(List().Rows(), 301);

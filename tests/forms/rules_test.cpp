@@ -19,7 +19,7 @@ struct RulesInTheWindow : ProgramFixture {
 };
 
 TEST_F(RulesInTheWindow, RunOnLoadAndOpenTheReportThoughQuiet) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   EXPECT_EQ(List().GetCaptionStart(2), 3000);
   EXPECT_TRUE(Report().Loaded());
   EXPECT_TRUE(program->openForms.IsFormLoaded("frmReport"));
@@ -27,7 +27,7 @@ TEST_F(RulesInTheWindow, RunOnLoadAndOpenTheReportThoughQuiet) {
 }
 
 TEST_F(RulesInTheWindow, ACleanFileIsLoadedWithoutAWordAndTheMenuSaysSo) {
-  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
   EXPECT_FALSE(Report().Loaded());
   EXPECT_TRUE(boxes.shown.empty());
   Window().mnuRules.Click();
@@ -38,7 +38,7 @@ TEST_F(RulesInTheWindow, ACleanFileIsLoadedWithoutAWordAndTheMenuSaysSo) {
 
 TEST_F(RulesInTheWindow, WaitForTheMenuWhenTheyApplyDuringCaptioningOnly) {
   program->options.ApplyWhen = 1;
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   EXPECT_EQ(List().GetCaptionStart(2), 2500);
   EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
   Window().mnuRules.Click();
@@ -47,18 +47,18 @@ TEST_F(RulesInTheWindow, WaitForTheMenuWhenTheyApplyDuringCaptioningOnly) {
 }
 
 TEST_F(RulesInTheWindow, LeaveThePreviewModeForPressAndHold) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Play(folder.Write("film.mkv", "x"));
-  Window().optPreview.Clicked();
+  Window().optPreview.Click();
   Window().mnuRules.Click();
   EXPECT_TRUE(Window().optPress.Value());
-  Window().optManual.Clicked();
+  Window().optManual.Click();
   Window().mnuRules.Click();
   EXPECT_TRUE(Window().optManual.Value());
 }
 
 TEST_F(RulesInTheWindow, PauseAFilmThatPlaysAndResumeIt) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 30));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 30));
   Play(folder.Write("film.mkv", "x"));
   std::vector<int> during;
   events.onYield = [&] { during.push_back(player.state); };
@@ -71,7 +71,7 @@ TEST_F(RulesInTheWindow, PauseAFilmThatPlaysAndResumeIt) {
 }
 
 TEST_F(RulesInTheWindow, TellTheirProgressEveryTwentyFiveRowsAndThenTheFileAgain) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 60));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 60));
   std::vector<std::string> shown;
   const Connection watch =
       Window().lblTextFile.Changed.ConnectScoped([&] { shown.push_back(ToUtf8(Window().lblTextFile.GetText())); });
@@ -84,9 +84,9 @@ TEST_F(RulesInTheWindow, TellTheirProgressEveryTwentyFiveRowsAndThenTheFileAgain
 
 TEST_F(RulesInTheWindow, ShowTheCorrectedRowInThePane) {
   program->options.ApplyWhen = 1;
-  program->files.OpenSubtitleFile(folder.Write("three.srt",
-                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\naa bb\r\ncc\r\ndd\r\n\r\n"
-                                               "2\r\n00:00:05,000 --> 00:00:06,000\r\nsecond\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("three.srt",
+                                                       "1\r\n00:00:01,000 --> 00:00:03,000\r\naa bb\r\ncc\r\ndd\r\n\r\n"
+                                                       "2\r\n00:00:05,000 --> 00:00:06,000\r\nsecond\r\n\r\n"));
   EXPECT_EQ(Window().txtSub.GetText(), u"aa bb\r\ncc\r\ndd");
   Window().mnuRules.Click();
   EXPECT_EQ(Window().txtSub.GetText(), u"aa bb\r\ncc dd");
@@ -95,7 +95,7 @@ TEST_F(RulesInTheWindow, ShowTheCorrectedRowInThePane) {
 TEST_F(RulesInTheWindow, AreForDocumentsOnly) {
   EXPECT_FALSE(Window().mnuRules.Enabled());
   EXPECT_TRUE(Window().mnuReport.Enabled());
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_TRUE(Window().mnuRules.Enabled());
 }
 
@@ -118,7 +118,7 @@ struct RulesThatLook : RulesInTheWindow {
 };
 
 TEST_F(RulesThatLook, ChangeNothingOnLoadAndTellHowMuchTheyFound) {
-  program->files.OpenSubtitleFile(ThreeFindings());
+  program->documentFiles.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 5);
   EXPECT_EQ(List().GetCaptionStart(2), 2500);
   EXPECT_EQ(List().GetCaptionText(2), u"aa bb|cc|dd");
@@ -134,18 +134,18 @@ TEST_F(RulesThatLook, ChangeNothingOnLoadAndTellHowMuchTheyFound) {
 }
 
 TEST_F(RulesThatLook, TellOneFindingAsOneAndNothingOfACleanFile) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252 · 1 finding");
-  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
   EXPECT_FALSE(Window().cmdShowFindings.Visible());
   program->options.ApplyWhen = 1;
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
 }
 
 TEST_F(RulesThatLook, ShowWhatWouldChange) {
-  program->files.OpenSubtitleFile(ThreeFindings());
+  program->documentFiles.OpenSubtitleFile(ThreeFindings());
   Window().cmdShowFindings.Click();
   ASSERT_TRUE(Report().Loaded());
   Report().OnActivated();
@@ -161,7 +161,7 @@ TEST_F(RulesThatLook, ShowWhatWouldChange) {
 }
 
 TEST_F(RulesThatLook, ApplyAsOneStepAndOfferItBack) {
-  program->files.OpenSubtitleFile(ThreeFindings());
+  program->documentFiles.OpenSubtitleFile(ThreeFindings());
   const std::vector<Caption> before = All();
   Window().cmdApplyFindings.Click();
   EXPECT_EQ(List().Rows(), 4);
@@ -178,20 +178,20 @@ TEST_F(RulesThatLook, ApplyAsOneStepAndOfferItBack) {
 
 TEST_F(RulesThatLook, ChangeTheFileWhereTheUserLetsThem) {
   program->options.RulesOnLoad = true;
-  program->files.OpenSubtitleFile(ThreeFindings());
+  program->documentFiles.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(Strip(), "The rules changed 2 captions");
   EXPECT_TRUE(Window().cmdUndoRules.Visible());
   // The strip takes back the rules' own step, and nothing that came behind it.
   Window().mnuRemove.Click();
   EXPECT_FALSE(Window().cmdUndoRules.Visible());
-  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
 }
 
 TEST_F(RulesThatLook, AreSilentAboutAnAppliedPassInTheClassicManner) {
   program->options.manner.SetClassic(true);
-  program->files.OpenSubtitleFile(ThreeFindings());
+  program->documentFiles.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
 }
@@ -199,7 +199,7 @@ TEST_F(RulesThatLook, AreSilentAboutAnAppliedPassInTheClassicManner) {
 using TheReport = RulesInTheWindow;
 
 TEST_F(TheReport, KeepsTheWordsOfItsLanguage) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   Report().OnActivated();
   const Text before = Report().txtReport.GetText();
   program->ChangeLanguage(1);
@@ -209,20 +209,20 @@ TEST_F(TheReport, KeepsTheWordsOfItsLanguage) {
 
 TEST_F(TheReport, IsEmptiedByEveryChangeOfTheDocument) {
   const auto load = [&] {
-    program->files.OpenSubtitleFile(Colliding());
+    program->documentFiles.OpenSubtitleFile(Colliding());
     EXPECT_EQ(program->ruleReport.RuleEntryCount(), 1);
   };
   load();
   boxes.answers = {BoxAnswer::No};
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
   load();
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
   load();
   program->document.VideoPath = u"/film.mkv";
   dialogs.paths.push_back(SubRip("more.srt", 2));
-  program->files.Append();
+  program->documentFiles.Append();
   EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
 }
 
@@ -234,7 +234,7 @@ TEST_F(TheReport, WithoutAFileSaysSo) {
 }
 
 TEST_F(TheReport, OfNothingGivesFourZerosAndATotalOfZero) {
-  program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
   Window().mnuReport.Click();
   Report().OnActivated();
   EXPECT_EQ(ToUtf8(Report().lblTop.GetText()),
@@ -246,7 +246,7 @@ TEST_F(TheReport, OfNothingGivesFourZerosAndATotalOfZero) {
 }
 
 TEST_F(TheReport, IsALineAnEntryAndTheDetailsOnDemand) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   EXPECT_EQ(
       ToUtf8(Report().lblTop.GetText()),
       "Accordingly to the current correction rules, the following errors were found in the opened subtitle file.");
@@ -257,28 +257,28 @@ TEST_F(TheReport, IsALineAnEntryAndTheDetailsOnDemand) {
       "Total caption durations outside range: 0\r\nTotal lines removed: 0\r\n\r\n";
   EXPECT_EQ(ToUtf8(Report().txtReport.GetText()), totals + "LINE COLLISION [2] appear time increased 500 ms\r\n");
   EXPECT_EQ(Report().lblTotal.GetText(), u"Total errors and warnings: 1");
-  Report().optDetailed.Clicked();
+  Report().optDetailed.Click();
   EXPECT_EQ(ToUtf8(Report().txtReport.GetText()),
             totals +
                 "Error number 2 found in caption: [2]\r\n ·Text: \"second one\"\r\n ·Error: Caption collides with "
                 "previous one\r\n ·Action taken: Caption appear time increased 500 milliseconds\r\n---\r\n");
   EXPECT_TRUE(Report().optDetailed.Value());
   EXPECT_FALSE(Report().optStandard.Value());
-  Report().optStandard.Clicked();
+  Report().optStandard.Click();
   EXPECT_EQ(ToUtf8(Report().txtReport.GetText()), totals + "LINE COLLISION [2] appear time increased 500 ms\r\n");
 }
 
 TEST_F(TheReport, ShowsTheSeparatorInsideAnEntryAsItIsStored) {
-  program->files.OpenSubtitleFile(folder.Write(
+  program->documentFiles.OpenSubtitleFile(folder.Write(
       "three.srt",
       "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
   Report().OnActivated();
-  Report().optDetailed.Clicked();
+  Report().optDetailed.Click();
   EXPECT_NE(ToUtf8(Report().txtReport.GetText()).find("·Text: \"aa|bb|cc\"\r\n"), std::string::npos);
 }
 
 TEST_F(TheReport, ShowsTheTotalsWhileItIsBuiltBehindABusyPointer) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   int painted = 0;
   const Connection watch = Report().RepaintRequested.ConnectScoped([&] {
     ++painted;
@@ -292,7 +292,7 @@ TEST_F(TheReport, ShowsTheTotalsWhileItIsBuiltBehindABusyPointer) {
 }
 
 TEST_F(TheReport, IsClearedByAPassThatFoundNothing) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   Report().OnActivated();
   Window().mnuRules.Click();
   EXPECT_FALSE(Report().Loaded());
@@ -302,9 +302,9 @@ TEST_F(TheReport, IsClearedByAPassThatFoundNothing) {
 }
 
 TEST_F(TheReport, OpenedByTheMenuStartsAsTheStandardOne) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   Report().OnActivated();
-  Report().optDetailed.Clicked();
+  Report().optDetailed.Click();
   Window().mnuReport.Click();
   EXPECT_TRUE(Report().optStandard.Value());
   EXPECT_TRUE(Report().txtReport.GetText().empty());
@@ -313,14 +313,14 @@ TEST_F(TheReport, OpenedByTheMenuStartsAsTheStandardOne) {
 }
 
 TEST_F(TheReport, ClosesByItsButtonAndByTheLinkToTheSettings) {
-  program->files.OpenSubtitleFile(Colliding());
+  program->documentFiles.OpenSubtitleFile(Colliding());
   Report().cmdOK.Click();
   EXPECT_FALSE(Report().Loaded());
   EXPECT_FALSE(program->openForms.IsFormLoaded("frmReport"));
   Window().mnuReport.Click();
   bool openedAfterClosing = false;
-  Report().openSettings = [&] { openedAfterClosing = !Report().Loaded(); };
-  Report().lblDefine.Clicked();
+  Report().SettingsAsked.Connect([&] { openedAfterClosing = !Report().Loaded(); });
+  Report().lblDefine.Click();
   EXPECT_TRUE(openedAfterClosing);
 }
 

@@ -40,21 +40,21 @@ struct SettingsTest : testing::ProgramFixture {
   Text Stored(TextView key) { return program->store.GetSetting(u"Cuewright", key, u"?"); }
   template <class C>
   void Hover(C& control) {
-    control.Hovered();
+    control.Hover();
   }
   static void Type(TextBox& box, const Text& text) {
     box.SetText(text);
-    box.Edited();
+    box.NoteEdited();
   }
   KeyEvent Press(TextBox& box, char16_t character) {
     KeyEvent key;
     key.character = character;
     key.code = character == 0 ? kKeyBackspace : character;
-    box.KeyPress(key);
+    box.TypeKey(key);
     return key;
   }
   static void Move(Slider& slider, int value) { slider.Move(value); }
-  static void Choose(OptionButton& option) { option.Clicked(); }
+  static void Choose(OptionButton& option) { option.Click(); }
 
   WesternLocale locale;
 };
@@ -83,14 +83,14 @@ TEST_F(SettingsPages, AClickOnTheMenuShowsOneAndTheHeadingFollows) {
                              u"Language and Encoding"};
   for (std::size_t page = 0; page < 5; ++page) {
     EXPECT_EQ(Dialog().lblMenu[page].GetText(), titles[page]);
-    Dialog().lblMenu[page].Clicked();
+    Dialog().lblMenu[page].Click();
     EXPECT_EQ(Dialog().lblTop.GetText(), titles[page]);
     for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(Dialog().picOptions[i].Visible(), i == page);
   }
   Dialog().ShowSettingsPage(0);
-  Dialog().imgMenu[3].MouseDown({MouseButton::Right, 0, 0});
+  Dialog().imgMenu[3].PressMouse({MouseButton::Right, 0, 0});
   EXPECT_EQ(Dialog().Page(), 0u);
-  Dialog().imgMenu[3].MouseDown({MouseButton::Left, 0, 0});
+  Dialog().imgMenu[3].PressMouse({MouseButton::Left, 0, 0});
   EXPECT_EQ(Dialog().Page(), 3u);
 }
 
@@ -155,7 +155,7 @@ TEST_F(SettingsHover, EachControlTellsItsDetails) {
       {d.chkFollow, Message::FollowSubtitlesHint},     {d.cmdOK, Message::SaveSettingsHint},
       {d.cmdReset, Message::ResetSectionHint}};
   for (const auto& [control, message] : rows) {
-    control.Hovered();
+    control.Hover();
     EXPECT_EQ(d.lblDetails.GetText(), program->strings[message]) << control.Name();
     EXPECT_TRUE(d.lblDetailsTitle.Visible());
     EXPECT_TRUE(d.fraDetails.Visible());
@@ -229,7 +229,7 @@ TEST_F(SettingsPanels, OpenUnderTheirCheckOneAtATime) {
 }
 
 TEST_F(SettingsPanels, AClickOnTheImageOpensTheSamePanel) {
-  Dialog().imgDuration.MouseDown({MouseButton::Left, 0, 0});
+  Dialog().imgDuration.PressMouse({MouseButton::Left, 0, 0});
   EXPECT_TRUE(Dialog().picDuration.Visible());
   EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[Message::AutomaticLimitHint]);
 }
@@ -237,8 +237,7 @@ TEST_F(SettingsPanels, AClickOnTheImageOpensTheSamePanel) {
 TEST_F(SettingsPanels, ThePageAndTheOtherChecksCloseThem) {
   SettingsDialog& d = Dialog();
   const std::function<void()> ways[] = {[&] { Hover(d.picOptions[0]); }, [&] { Hover(d.chkAutoSplit); },
-                                        [&] { Hover(d.chkCollision); }, [&] { d.Hovered(); },
-                                        [&] { Hover(d.cmbApply); }};
+                                        [&] { Hover(d.chkCollision); }, [&] { d.Hover(); }, [&] { Hover(d.cmbApply); }};
   for (const auto& way : ways) {
     Hover(d.chkDuration);
     ASSERT_TRUE(d.picDuration.Visible());
@@ -309,14 +308,14 @@ TEST_F(SettingsRules, TheModeTellsTheLimitWhileTheDialogIsOpen) {
 TEST_F(SettingsRules, ACreditsListLosesDoubledAndOuterCommasOnLeavingTheField) {
   Type(Dialog().txtCredits, u" ,,@,,www ");
   EXPECT_EQ(Options().T_CREDITSTEXT, u",,@,,www");
-  Dialog().txtCredits.LostFocus();
+  Dialog().txtCredits.LoseFocus();
   EXPECT_EQ(Dialog().txtCredits.GetText(), u"@,www");
   EXPECT_EQ(Options().T_CREDITSTEXT, u"@,www");
 }
 
 TEST_F(SettingsRules, DoubledCommasGoOnceOnly) {
   Type(Dialog().txtCredits, u"a,,,,b,");
-  Dialog().txtCredits.LostFocus();
+  Dialog().txtCredits.LoseFocus();
   EXPECT_EQ(Options().T_CREDITSTEXT, u"a,,b");
 }
 
@@ -381,7 +380,7 @@ TEST_F(SettingsKeys, PastedTextCountsOnlyAsOneLetter) {
 TEST_F(SettingsKeys, TheFocusSelectsTheLetter) {
   TextBox& box = Dialog().txtHotkey[1];
   box.Select(0, 0);
-  box.GotFocus();
+  box.TakeFocus();
   EXPECT_EQ(box.SelLength(), 1);
 }
 
@@ -398,13 +397,13 @@ TEST_F(SettingsKeys, SecondsStayBetween2And600OnLeavingTheField) {
       {u"601", 600}, {u"1", 2}, {u"", 2}, {u"2", 2}, {u"600", 600}, {u"99999999999", 600}, {u"30", 30}};
   for (const auto& [typed, kept] : rows) {
     Type(Dialog().txtPosition[0], Text(typed));
-    Dialog().txtPosition[0].LostFocus();
+    Dialog().txtPosition[0].LoseFocus();
     EXPECT_EQ(Options().kRewindSecs, kept) << ToUtf8(typed);
     EXPECT_EQ(Dialog().txtPosition[0].GetText(), Decimal(kept));
   }
   EXPECT_EQ(Options().kForwardSecs, 5);
   Type(Dialog().txtPosition[1], u"12");
-  Dialog().txtPosition[1].LostFocus();
+  Dialog().txtPosition[1].LoseFocus();
   EXPECT_EQ(Options().kForwardSecs, 12);
 }
 
@@ -640,7 +639,7 @@ TEST_F(SettingsLanguage, TheCompletionLinkWritesAndOpensTheTranslationFile) {
   const Connection watch = Dialog().lblComplete.Changed.ConnectScoped([&] {
     if (!Dialog().lblComplete.Enabled()) off = true;
   });
-  Dialog().lblComplete.Clicked();
+  Dialog().lblComplete.Click();
   EXPECT_TRUE(off);
   EXPECT_TRUE(Dialog().lblComplete.Enabled());
   EXPECT_FALSE(desktop.busy);
@@ -665,7 +664,7 @@ TEST_F(SettingsLanguage, AFirstRunOpensTheDialogAtTheLanguageOnce) {
   userLocale = &locale;
   Restart({});
   int runs = 0;
-  program->dialogs.runSettings = [&] { ++runs; };
+  program->dialogs.settings.Opened.Connect([&] { ++runs; });
   EXPECT_EQ(Options().Language, u"GERMAN");
   EXPECT_EQ(Options().LanguageIndex, 21);
   program->OpenOnFirstRun();
@@ -892,7 +891,7 @@ TEST_F(SettingsStoring, TheRulesOnLoadHaveABoxAndAKey) {
 TEST_F(SettingsPages, TheMenuOpensThemOnce) {
   Dialog().Close();
   int runs = 0;
-  program->dialogs.runSettings = [&] { ++runs; };
+  program->dialogs.settings.Opened.Connect([&] { ++runs; });
   Window().mnuGSettings.Click();
   Window().mnuGSettings.Click();
   EXPECT_EQ(runs, 1);
@@ -912,17 +911,16 @@ TEST_F(SettingsTest, TheClassicMannerIsTakenAtOnceAndStoredByOk) {
   EXPECT_FALSE(Dialog().chkClassic.Value());
   Hover(Dialog().chkClassic);
   EXPECT_EQ(Details(), ToUtf8(program->strings[Message::ClassicMannerHint]));
-  Dialog().chkClassic.SetValue(true);
-  Dialog().chkClassic.Clicked();
+  Dialog().chkClassic.Click();
   EXPECT_TRUE(Options().manner.Classic());
   EXPECT_EQ(Stored(u"Classic"), u"?");
-  Dialog().cmdOK.Clicked();
+  Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"Classic"), u"1");
   Reopen();
   EXPECT_TRUE(Options().manner.Classic());
   EXPECT_TRUE(Dialog().chkClassic.Value());
   Dialog().ShowSettingsPage(4);
-  Dialog().cmdReset.Clicked();
+  Dialog().cmdReset.Click();
   EXPECT_FALSE(Options().manner.Classic());
   EXPECT_FALSE(Dialog().chkClassic.Value());
 }

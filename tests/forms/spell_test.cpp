@@ -21,10 +21,10 @@ struct Spelling : testing::ProgramFixture {
     Wire();
   }
   void Wire() {
-    program->spelling.runDialog = [this] {
+    program->spelling.dialog.Opened.Connect([this] {
       ++dialogs_;
       if (script) script();
-    };
+    });
   }
   SpellDialog& Dialog() { return program->spelling.dialog; }
   /// A document of these captions, and the check of it.
@@ -62,7 +62,7 @@ struct Spelling : testing::ProgramFixture {
   }
   void Type(const Text& text) {
     Dialog().txtReplace.SetText(text);
-    Dialog().txtReplace.Edited();
+    Dialog().txtReplace.NoteEdited();
   }
 
   int dialogs_ = 0;
@@ -73,7 +73,7 @@ TEST_F(Spelling, IsThereForADocument) {
   EXPECT_FALSE(Window().mnuSpell.Enabled());
   Window().mnuNew.Click();
   EXPECT_TRUE(Window().mnuSpell.Enabled());
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_FALSE(Window().mnuSpell.Enabled());
 }
 
@@ -276,7 +276,7 @@ TEST_F(Spelling, SuggestionsAreChosenFromTheListAndFromTheField) {
     const auto press = [&d](int code) {
       KeyEvent key;
       key.code = code;
-      d.txtReplace.KeyDown(key);
+      d.txtReplace.PressKey(key);
       return key.handled;
     };
     EXPECT_TRUE(press(kKeyUp));

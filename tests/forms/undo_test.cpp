@@ -26,9 +26,9 @@ struct UndoInTheWindow : ProgramFixture {
   }
   void Type(TextView text) {
     Window().txtSub.SetText(text);
-    Window().txtSub.Edited();
+    Window().txtSub.NoteEdited();
     KeyEvent key;
-    Window().txtSub.KeyUp(key);
+    Window().txtSub.ReleaseKey(key);
   }
   void At(double seconds) {
     player.position = seconds;
@@ -74,20 +74,20 @@ TEST_F(UndoInTheWindow, IsOffWithoutADocumentAndWithoutAStep) {
   EXPECT_EQ(ToUtf8(Window().mnuRedo.GetText()), "Redo");
   Play(folder.Write("film.mkv", "x"));
   EXPECT_FALSE(Window().mnuUndo.Enabled());
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   EXPECT_FALSE(Window().mnuUndo.Enabled());
   List().DeleteCaption(1);
   EXPECT_TRUE(Window().mnuUndo.Enabled());
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_FALSE(Window().mnuUndo.Enabled());
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_FALSE(Window().mnuUndo.Enabled());
 }
 
 TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
   program->options.ApplyWhen = 1;
   program->options.DurationOn = 0;
-  program->files.OpenSubtitleFile(SubRip("a.srt", 30));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 30));
   Play(folder.Write("film.mkv", "x"));
   List().SetRow(4, false);
   ExpectOneStep("Time a caption", [&] {
@@ -118,7 +118,7 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
     Window().txtTime[1].SetText(u"00:00:02,000");
     KeyEvent enter;
     enter.code = kKeyEnter;
-    Window().txtTime[0].KeyDown(enter);
+    Window().txtTime[0].PressKey(enter);
   });
   ExpectOneStep("Typing", [&] { Type(u"two\r\nlines"); });
   ExpectOneStep("Line separator", [&] { Window().mnuSeparator[1].Click(); });
@@ -127,10 +127,10 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
     Window().mnuRules.Click();
   });
   ExpectOneStep("Set delay", [&] {
-    program->tools.runDelayDialog = [&] {
+    program->tools.delayDialog.Opened.Connect([&] {
       program->tools.delayDialog.sldSec.Move(2);
       program->tools.delayDialog.cmdApply.Click();
-    };
+    });
     Window().mnuDelay.Click();
   });
   ExpectOneStep("Remove all timing", [&] {
@@ -141,7 +141,7 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
   Window().mnuReplace.Click();
   ReplaceWindow& replace = program->tools.replaceWindow;
   replace.txtFind.SetText(u"line");
-  replace.txtFind.Edited();
+  replace.txtFind.NoteEdited();
   replace.txtReplace.SetText(u"row");
   ExpectOneStep("Replace", [&] { replace.cmdReplace.Click(); });
   ExpectOneStep("Replace all", [&] { replace.cmdReplaceAll.Click(); });
@@ -154,7 +154,7 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
 }
 
 TEST_F(UndoInTheWindow, ADialogLeftWithoutAChangeIsNoStep) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   boxes.lines = {u"line 1"};
   Window().mnuEditSelected.Click();
   EXPECT_EQ(boxes.asked.size(), 1u);
@@ -162,7 +162,7 @@ TEST_F(UndoInTheWindow, ADialogLeftWithoutAChangeIsNoStep) {
 }
 
 TEST_F(UndoInTheWindow, AnAppendedFileIsOneStep) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Play(folder.Write("film.mkv", "x"));
   player.duration = 100;
   dialogs.paths.push_back(SubRip("b.srt", 2));
@@ -170,7 +170,7 @@ TEST_F(UndoInTheWindow, AnAppendedFileIsOneStep) {
 }
 
 TEST_F(UndoInTheWindow, TheClipboardsLinesAreOneStep) {
-  program->files.New();
+  program->documentFiles.New();
   desktop.clipboard = u"one\ntwo\nthree";
   Window().mnuNewClip.Click();
   EXPECT_EQ(List().Rows(), 4);
@@ -181,7 +181,7 @@ TEST_F(UndoInTheWindow, TheClipboardsLinesAreOneStep) {
 }
 
 TEST_F(UndoInTheWindow, TypingIsOneStepAPause) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Type(u"a");
   events.now += 1000;
   Type(u"ab");
@@ -204,7 +204,7 @@ TEST_F(UndoInTheWindow, TypingIsOneStepAPause) {
 TEST_F(UndoInTheWindow, DuringACaptureTakesItsStartBackAndNoEndComesBehind) {
   program->options.ApplyWhen = 1;
   program->options.DurationOn = 0;
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Play(folder.Write("film.mkv", "x"));
   At(50);
   Key(66, true);
@@ -220,7 +220,7 @@ TEST_F(UndoInTheWindow, OfACaptureLeavesNoEndThatTheNextOneCouldJoin) {
   program->options.ApplyWhen = 1;
   program->options.DurationOn = 0;
   program->options.AutoJoin = 1;
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Play(folder.Write("film.mkv", "x"));
   const auto captured = [&](double from, double to) {
     List().SetRow(1, false);
@@ -243,7 +243,7 @@ TEST_F(UndoInTheWindow, OfACaptureLeavesNoEndThatTheNextOneCouldJoin) {
 }
 
 TEST_F(UndoInTheWindow, OfTheSeparatorBringsItBackInTheMenuAndInTheStore) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuSeparator[2].Click();
   EXPECT_TRUE(Window().mnuSeparator[2].Checked());
   Window().mnuUndo.Click();
@@ -253,13 +253,13 @@ TEST_F(UndoInTheWindow, OfTheSeparatorBringsItBackInTheMenuAndInTheStore) {
 
 TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
   program->options.ApplyWhen = 1;
-  program->files.OpenSubtitleFile(SubRip("a.srt", 5));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   EXPECT_TRUE(program->document.DocModified);
   Window().mnuUndo.Click();
   EXPECT_FALSE(program->document.DocModified);
   Window().mnuRedo.Click();
-  program->files.SaveDocument();
+  program->documentFiles.SaveDocument();
   EXPECT_FALSE(program->document.DocModified);
   Window().mnuUndo.Click();
   EXPECT_TRUE(program->document.DocModified);
@@ -269,9 +269,9 @@ TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
 
 TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
   program->options.RulesOnLoad = true;
-  program->files.OpenSubtitleFile(folder.Write("three.srt",
-                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n"
-                                               "2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("three.srt",
+                                                       "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n"
+                                                       "2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
   EXPECT_EQ(UndoText(), "Undo: Apply current rules");
   Window().mnuUndo.Click();
   EXPECT_EQ(List().GetCaptionText(1), u"aa|bb|cc");
@@ -279,7 +279,7 @@ TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
 }
 
 TEST_F(UndoInTheWindow, SpeaksTheLanguageInForce) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuRemove.Click();
   program->messages.AddBlock("13\tEliminar subtítulo\n942\tDeshacer: %1\n", 1);
   program->ChangeLanguage(1);
@@ -324,22 +324,23 @@ struct RandomCommands : UndoInTheWindow {
         Window().txtTime[1].SetText(u"00:00:0" + Decimal(Pick(3)) + u",000");
         KeyEvent enter;
         enter.code = kKeyEnter;
-        return Window().txtTime[0].KeyDown(enter);
+        return Window().txtTime[0].PressKey(enter);
       }
       case 8:
         boxes.lines = {u"/"};
         return Window().mnuSeparator[static_cast<std::size_t>(Pick(4))].Click();
       case 9:
         return Window().mnuRules.Click();
-      case 10:
-        program->tools.runDelayDialog = [&] {
+      case 10: {
+        const Connection opened = program->tools.delayDialog.Opened.ConnectScoped([&] {
           program->tools.delayDialog.sldSec.Move(Pick(20) - 10);
           boxes.answers = {BoxAnswer::Yes};
           program->tools.delayDialog.cmdApply.Click();
           program->tools.delayDialog.Close();
           boxes.answers.clear();
-        };
+        });
         return Window().mnuDelay.Click();
+      }
       case 11:
         if (Pick(5) != 0) return;
         boxes.answers = {BoxAnswer::Yes};
@@ -349,7 +350,7 @@ struct RandomCommands : UndoInTheWindow {
         Window().mnuReplace.Click();
         ReplaceWindow& replace = program->tools.replaceWindow;
         replace.txtFind.SetText(Words());
-        replace.txtFind.Edited();
+        replace.txtFind.NoteEdited();
         replace.txtReplace.SetText(Words());
         if (Pick(2) == 0) replace.chkEntire.Click();
         if (Pick(2) == 0) replace.chkCase.Click();
@@ -374,7 +375,7 @@ struct RandomCommands : UndoInTheWindow {
     random.seed(seed);
     Restart({});
     program->options.ApplyWhen = static_cast<std::uint8_t>(seed % 3);
-    program->files.OpenSubtitleFile(SubRip("a.srt", 20));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 20));
     appended = SubRip("b.srt", 2);
     Play(folder.Write("film.mkv", "x"));
     std::vector<Snapshot> states = {Now()};

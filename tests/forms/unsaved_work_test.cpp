@@ -35,7 +35,7 @@ struct UnsavedWork : ProgramFixture {
   bool Asks() {
     const std::size_t before = boxes.shown.size();
     boxes.answers = {BoxAnswer::Cancel};
-    const bool mayGo = program->files.PromptForSave();
+    const bool mayGo = program->documentFiles.PromptForSave();
     EXPECT_EQ(mayGo, boxes.shown.size() == before);
     boxes.answers.clear();
     return boxes.shown.size() != before;
@@ -43,25 +43,29 @@ struct UnsavedWork : ProgramFixture {
   void ReleaseKeyInPane() {
     KeyEvent key;
     key.code = kKeyLeft;
-    Window().txtSub.KeyUp(key);
+    Window().txtSub.ReleaseKey(key);
   }
   void Type(const Text& text) {
     Window().txtSub.SetText(text);
-    Window().txtSub.Edited();
+    Window().txtSub.NoteEdited();
   }
   void Classic() { program->options.manner.SetClassic(true); }
   /// The export dialog is answered with this format.
   void ChooseFormat(TextView id) {
-    program->files.chooseFormat = [this, id = Text(id)] {
-      program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(id));
-      program->formats.CurrentFps = id == u"MICRODVD" ? 25 : 0;
-      return true;
-    };
+    chosen_ = program->exportDialog.Opened.ConnectScoped([this, id = Text(id)] {
+      ExportDialog& dialog = program->exportDialog;
+      dialog.cboFormats.Choose(program->catalogue.IndexOf(id));
+      if (id == u"MICRODVD") dialog.cmbFPS.SetText(u"25");
+      dialog.cmdOK.Click();
+    });
   }
+
+ private:
+  Connection chosen_;
 };
 
 struct QuestionBeforeLoss : UnsavedWork {
-  QuestionBeforeLoss() { program->files.OpenSubtitleFile(SubRip("a.srt", 3)); }
+  QuestionBeforeLoss() { program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3)); }
 };
 
 TEST_F(QuestionBeforeLoss, ComesNotForAFileThatWasOnlyOpened) { EXPECT_FALSE(Asks()); }
@@ -125,30 +129,30 @@ TEST_F(QuestionBeforeLoss, ComesNotForATextThatWasTypedBack) {
 
 TEST_F(QuestionBeforeLoss, ComesNotForAnotherLineBreak) {
   Type(u"two\r\nlines");
-  program->files.Save();
+  program->documentFiles.Save();
   Window().mnuSeparator[1].Click();
   EXPECT_EQ(List().At(1).text, u"two/nlines");
   EXPECT_FALSE(Asks());
 }
 
 TEST_F(QuestionBeforeLoss, ComesForADocumentOfOneCaption) {
-  program->files.OpenSubtitleFile(SubRip("one.srt", 1));
+  program->documentFiles.OpenSubtitleFile(SubRip("one.srt", 1));
   EXPECT_FALSE(Asks());
   Type(u"my only line");
   EXPECT_TRUE(Asks());
 }
 
 TEST_F(QuestionBeforeLoss, ComesForLinesOfTheClipboardButNotForABlankDocument) {
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_FALSE(Asks());
   desktop.clipboard = u"one\r\ntwo";
-  program->files.NewFromClipboard();
+  program->documentFiles.NewFromClipboard();
   EXPECT_TRUE(Asks());
 }
 
 TEST_F(QuestionBeforeLoss, ComesNotBehindASaveAndAgainAfterTheNextChange) {
   Type(u"new words");
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_FALSE(Asks());
   Type(u"newer words");
   EXPECT_TRUE(Asks());
@@ -157,7 +161,7 @@ TEST_F(QuestionBeforeLoss, ComesNotBehindASaveAndAgainAfterTheNextChange) {
 TEST_F(QuestionBeforeLoss, ComesWhileCaptionsWereLeftOutOfTheFile) {
   List().ClearCaptionTiming(2, true);
   boxes.answers = {BoxAnswer::No};
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(folder.Read("a.srt").find("line 2"), std::string::npos);
   EXPECT_TRUE(Asks());
 }
@@ -167,7 +171,7 @@ TEST_F(QuestionBeforeLoss, TheQuestionOfCaptionsWithoutTimesCanBeLeft) {
   Type(u"a night's work");
   List().ClearCaptionTiming(2, true);
   boxes.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNoCancel);
   EXPECT_TRUE(program->document.HasDocument());
   EXPECT_EQ(folder.Read("a.srt"), before);
@@ -176,7 +180,7 @@ TEST_F(QuestionBeforeLoss, TheQuestionOfCaptionsWithoutTimesCanBeLeft) {
 TEST_F(QuestionBeforeLoss, ClassicThatQuestionHasTwoAnswers) {
   Classic();
   List().ClearCaptionTiming(2, true);
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNo);
   EXPECT_EQ(folder.Read("a.srt").find("line 2"), std::string::npos);
 }
@@ -185,7 +189,7 @@ TEST_F(QuestionBeforeLoss, ComesWhereAPlainTextLeftTheTimesOut) {
   Type(u"a night's work");
   ChooseFormat(u"PLAINTEXT");
   dialogs.paths = {folder / "copy.txt"};
-  EXPECT_TRUE(program->files.SaveAs());
+  EXPECT_TRUE(program->documentFiles.SaveAs());
   EXPECT_NE(folder.Read("copy.txt").find("a night's work"), std::string::npos);
   EXPECT_TRUE(Asks());
 }
@@ -196,19 +200,19 @@ struct YesToTheQuestion : QuestionBeforeLoss {
 
 TEST_F(YesToTheQuestion, SavesAndCloses) {
   boxes.answers = {BoxAnswer::Yes};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_NE(folder.Read("a.srt").find("a night's work"), std::string::npos);
   EXPECT_FALSE(program->document.HasDocument());
 }
 
 TEST_F(YesToTheQuestion, KeepsTheDocumentOpenWhenTheDiskIsFull) {
-  program->files.OpenSubtitleFile(SubRip("long.srt", 50));
+  program->documentFiles.OpenSubtitleFile(SubRip("long.srt", 50));
   Type(u"a night's work");
   const std::string before = folder.Read("long.srt");
   boxes.answers = {BoxAnswer::Yes};
   {
     const FullDisk full;
-    program->files.Close();
+    program->documentFiles.Close();
   }
   EXPECT_EQ(program->document.SubtitlePath, folder / "long.srt");
   EXPECT_EQ(List().At(1).text, u"a night's work");
@@ -218,23 +222,23 @@ TEST_F(YesToTheQuestion, KeepsTheDocumentOpenWhenTheDiskIsFull) {
 
 TEST_F(YesToTheQuestion, ClassicClosesThoughTheDiskIsFull) {
   Classic();
-  program->files.OpenSubtitleFile(SubRip("long.srt", 50));
+  program->documentFiles.OpenSubtitleFile(SubRip("long.srt", 50));
   Type(u"a night's work");
   boxes.answers = {BoxAnswer::Yes};
   const FullDisk full;
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_FALSE(program->document.HasDocument());
 }
 
 TEST_F(YesToTheQuestion, KeepsTheDocumentOpenWhenTheDialogIsLeft) {
-  program->files.New();
+  program->documentFiles.New();
   boxes.answers = {BoxAnswer::No};
-  program->files.New();
+  program->documentFiles.New();
   Type(u"my first line");
   ChooseFormat(u"SUBRIP");
   boxes.answers = {BoxAnswer::Yes};
   dialogs.paths = {u""};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_TRUE(program->document.HasDocument());
   EXPECT_EQ(List().At(1).text, u"my first line");
 }
@@ -242,15 +246,15 @@ TEST_F(YesToTheQuestion, KeepsTheDocumentOpenWhenTheDialogIsLeft) {
 TEST_F(YesToTheQuestion, NeverWritesOverAPlainText) {
   const Text text = folder.Write("lines.txt", "one\r\ntwo\r\n");
   boxes.answers = {BoxAnswer::No};
-  program->files.OpenText();
-  program->files.OpenSubtitleFile(text);
+  program->documentFiles.OpenText();
+  program->documentFiles.OpenSubtitleFile(text);
   ASSERT_EQ(program->formats.CurrentFormatIndex, 0);
   List().SetCaptionStart(1, 1000, false);
   List().SetCaptionEnd(1, 2000);
   boxes.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
   ChooseFormat(u"SUBRIP");
   dialogs.paths = {folder / "lines.srt"};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(folder.Read("lines.txt"), "one\r\ntwo\r\n");
   EXPECT_EQ(folder.Read("lines.srt").rfind("1\r\n00:00:01,000 --> 00:00:02,000\r\none\r\n", 0), 0u)
       << LastBox() << folder.Read("lines.srt");
@@ -258,11 +262,11 @@ TEST_F(YesToTheQuestion, NeverWritesOverAPlainText) {
 
 TEST_F(YesToTheQuestion, ClassicWritesOverAPlainText) {
   Classic();
-  program->files.OpenSubtitleFile(folder.Write("lines.txt", "one\r\ntwo\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("lines.txt", "one\r\ntwo\r\n"));
   List().SetCaptionText(1, u"changed");
   List().SetCaptionStart(1, 1000, false);
   boxes.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(folder.Read("lines.txt"), "changed\r\ntwo\r\n");
 }
 
@@ -272,8 +276,8 @@ struct SaveAsThoughtBetterOf : QuestionBeforeLoss {
     Type(u"changed");
     ChooseFormat(u"MICRODVD");
     dialogs.paths = {u""};
-    program->files.SaveAs();
-    program->files.Save();
+    program->documentFiles.SaveAs();
+    program->documentFiles.Save();
     return folder.Read("a.srt");
   }
 };
@@ -296,11 +300,11 @@ TEST_F(SaveAsThoughtBetterOf, AFileThatCantBeWrittenIsNotTheDocuments) {
   Type(u"changed");
   ChooseFormat(u"MICRODVD");
   dialogs.paths = {folder / "no such folder/b.sub"};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
   EXPECT_EQ(program->recall.Path(u"TFileName"), folder / "a.srt");
   EXPECT_EQ(Window().lblTextFile.GetText(), u"Current subtitle file: a.srt");
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(folder.Read("a.srt").rfind("1\r\n00:00:01,100", 0), 0u);
 }
 
@@ -313,7 +317,7 @@ struct WhileAFileIsRead : UnsavedWork {
       if (std::exchange(acted, true)) return;
       act();
     };
-    program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
     events.onYield = nullptr;
     EXPECT_TRUE(acted);
     EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
@@ -326,13 +330,13 @@ TEST_F(WhileAFileIsRead, NoOtherDocumentBegins) {
   desktop.clipboard = u"one\r\ntwo";
   dialogs.paths = {other, other, other};
   OpenAnd([&] {
-    program->files.New();
-    program->files.NewFromClipboard();
-    program->files.OpenText();
-    program->files.OpenStartFile(other);
-    program->files.OpenAs(FileKind::Subtitle, other);
-    program->files.OpenDropped({other});
-    program->files.Close();
+    program->documentFiles.New();
+    program->documentFiles.NewFromClipboard();
+    program->documentFiles.OpenText();
+    program->router.OpenStartFile(other);
+    program->router.OpenAs(FileKind::Subtitle, other);
+    program->router.OpenDropped({other});
+    program->documentFiles.Close();
   });
   EXPECT_EQ(dialogs.calls.size(), 0u);
 }
@@ -341,9 +345,9 @@ TEST_F(WhileAFileIsRead, NeitherFilmNorSoundIsOpened) {
   const Text film = folder.Write("film.mkv", "x");
   dialogs.paths = {film};
   OpenAnd([&] {
-    program->files.OpenVideo();
-    program->files.OpenAs(FileKind::Film, film);
-    program->files.OpenAs(FileKind::Sound, folder.Write("a.wav", "x"));
+    program->playerBinding.OpenVideo();
+    program->router.OpenAs(FileKind::Film, film);
+    program->router.OpenAs(FileKind::Sound, folder.Write("a.wav", "x"));
   });
   EXPECT_TRUE(player.urls.empty());
   EXPECT_TRUE(boxes.shown.empty());
@@ -354,7 +358,7 @@ TEST_F(WhileAFileIsRead, NothingIsSavedAndNoCaptureBegins) {
   ChooseFormat(u"SUBRIP");
   dialogs.paths = {folder / "b.srt"};
   OpenAnd([&] {
-    program->files.SaveAs();
+    program->documentFiles.SaveAs();
     program->capture.StartCaption(false, false);
     EXPECT_FALSE(program->capture.Capturing());
     EXPECT_FALSE(Window().mnuEdit.Enabled());
@@ -366,19 +370,19 @@ TEST_F(WhileAFileIsRead, NothingIsSavedAndNoCaptureBegins) {
 }
 
 TEST_F(WhileAFileIsRead, TheEndOfASaveIsToldToo) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   int ended = 0;
-  program->files.FileWorkEnded.Connect([&] {
+  program->documentFiles.FileWorkEnded.Connect([&] {
     ++ended;
     EXPECT_FALSE(program->document.FileInWork);
   });
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(ended, 1);
 }
 
 TEST_F(WhileAFileIsRead, ItsEndIsTold) {
   int ended = 0;
-  program->files.FileWorkEnded.Connect([&] { ++ended; });
+  program->documentFiles.FileWorkEnded.Connect([&] { ++ended; });
   OpenAnd([&] { EXPECT_EQ(ended, 0); });
   EXPECT_EQ(ended, 1);
 }

@@ -221,7 +221,7 @@ TEST_F(UpdateCheck, WithoutThePartsOfADateItsTextIsShown) {
 TEST_F(UpdateCheck, WhatsNewShowsTheLog) {
   CheckList("[CUEWRITE]\nversion=1.2.6\n<log>\n - first\n\n - second\n</log>\nbehind\n");
   const std::size_t before = Lines().size();
-  Dialog().lblWhatsNew.Clicked();
+  Dialog().lblWhatsNew.Click();
   const std::vector<Text> lines = Lines();
   EXPECT_EQ(std::vector<Text>(lines.begin() + static_cast<std::ptrdiff_t>(before), lines.end()),
             (std::vector<Text>{u"", u"Changes in version 1.2.6:", u" - first", u"", u" - second", u"", Text(kClick)}));
@@ -231,7 +231,7 @@ TEST_F(UpdateCheck, WhatsNewShowsTheLog) {
 TEST_F(UpdateCheck, AListWithoutALogShowsOnlyTheClosingLines) {
   CheckList("[CUEWRITE]\nversion=1.2.6\n");
   const std::size_t before = Lines().size();
-  Dialog().lblWhatsNew.Clicked();
+  Dialog().lblWhatsNew.Click();
   const std::vector<Text> lines = Lines();
   EXPECT_EQ(std::vector<Text>(lines.begin() + static_cast<std::ptrdiff_t>(before), lines.end()),
             (std::vector<Text>{u"", u"", Text(kClick)}));
@@ -241,7 +241,7 @@ TEST_F(UpdateCheck, WhatsNewDoesNothingWithoutTheFile) {
   CheckList("[CUEWRITE]\nversion=1.2.6\n");
   std::filesystem::remove(folder.Path() / "run/qxmupd.tmp");
   const std::vector<Text> before = Lines();
-  Dialog().lblWhatsNew.Clicked();
+  Dialog().lblWhatsNew.Click();
   EXPECT_EQ(Lines(), before);
   EXPECT_TRUE(Dialog().lblWhatsNew.Enabled());
 }
@@ -326,7 +326,7 @@ TEST_F(UpdateCheck, TheFocusGoesToTheLog) {
 
 TEST_F(UpdateCheck, TheMenuOpensIt) {
   int shown = 0;
-  program->helpDialogs.runUpdate = [&] { ++shown; };
+  program->helpDialogs.update.Opened.Connect([&] { ++shown; });
   Window().mnuUpdate.Click();
   EXPECT_TRUE(program->helpDialogs.update.IsOpen());
   EXPECT_EQ(shown, 1);

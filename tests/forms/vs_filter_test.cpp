@@ -36,7 +36,7 @@ TEST_F(VsFilterInTheProgram, TheOptionChoosesTheMode) {
   Restart({});
   EXPECT_EQ(Value(u"LoadLevel"), 1);
   EXPECT_EQ(Value(u"Hide"), 1);
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_EQ(Value(u"Hide"), 0);
 }
 

@@ -49,7 +49,7 @@ class FakePlayer final : public Player {
     seeks.push_back(seconds);
     const double old = position;
     position = seconds;
-    PositionChange(old, seconds);
+    TellPosition(old, seconds);
   }
   double PositionAt(double instant) const override { return history ? history(instant) : position; }
   Text CurrentPositionString() const override { return positionText; }
@@ -59,8 +59,10 @@ class FakePlayer final : public Player {
   /// Changes the state and announces it.
   void Become(int newState) {
     state = newState;
-    PlayStateChange(newState);
+    TellPlayState(newState);
   }
+  /// The file could not be played.
+  void Fail(const Text& words) { TellMediaError(words); }
 
   Text url;
   std::vector<Text> urls;

@@ -2,38 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "settings/messages.h"
-#include "tests/support/fakes.h"
 #include "tests/support/printers.h"
 #include "tools/rules_engine.h"
 
 namespace cuewright {
-
-/// A window that writes down what a pass asks of it.
-struct FakeHost final : RulesHost {
-  void CloseToolWindows() override { calls.emplace_back("close"); }
-  void SetBusy(bool on) override { calls.emplace_back(on ? "busy" : "idle"); }
-  void Yield() override { calls.emplace_back("yield"); }
-  void ShowProgress(TextView text) override { calls.push_back("progress " + ToUtf8(text)); }
-  void RefreshFileLabels() override { calls.emplace_back("labels"); }
-  void LeavePreviewMode() override { calls.emplace_back("press and hold"); }
-  bool PausePlayer() override {
-    calls.emplace_back("pause");
-    return playing;
-  }
-  void ResumePlayer() override { calls.emplace_back("resume"); }
-  void ShowReport() override { calls.emplace_back("report"); }
-
-  long Count(const std::string& call) const { return std::count(calls.begin(), calls.end(), call); }
-
-  std::vector<std::string> calls;
-  bool playing = false;
-};
 
 struct RulesTest : ::testing::Test {
   RulesTest() { LoadEnglish(MessageCatalogue(), strings); }
@@ -46,16 +24,20 @@ struct RulesTest : ::testing::Test {
     options.DurationOn = duration;
     options.T_CREDITS = credits;
   }
+  void Pass() {
+    told.clear();
+    failure = engine.ApplyRules([this](Row row) { told.push_back(row); });
+  }
   std::string Line(std::size_t entry) const { return ToUtf8(report.OneLine(entry)); }
 
   AppOptions options;
   bool modified = false;
   LangStrings strings;
-  testing::FakeMessages boxes;
-  FakeHost host;
   CaptionList list{options, modified};
   RuleReport report{strings};
-  RulesEngine engine{list, report, strings, boxes, host};
+  RulesEngine engine{list, report};
+  std::vector<Row> told;                ///< of the progress of the last pass
+  std::optional<RuntimeError> failure;  ///< of the last pass
 };
 
 }  // namespace cuewright

@@ -66,7 +66,7 @@ struct RealBarTest : ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
   }
   ~RealBarTest() override {
-    program->files.CloseDocuments();
+    program->session.CloseDocuments();
     view.reset();
     program.reset();
   }
@@ -88,9 +88,9 @@ struct RealBarTest : ::testing::Test {
     return FromUtf8(Media().Make(name, "-i '" + ToUtf8(of) + "' -vn -ac 1 -ar 22050 -c:a pcm_s16le "));
   }
   void Captions() {
-    program->files.OpenSubtitleFile(folder.Write("a.srt",
-                                                 "1\r\n00:00:01,000 --> 00:00:02,000\r\none\r\n\r\n"
-                                                 "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));
+    program->documentFiles.OpenSubtitleFile(folder.Write("a.srt",
+                                                         "1\r\n00:00:01,000 --> 00:00:02,000\r\none\r\n\r\n"
+                                                         "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));
   }
   bool Playing() {
     return Wait([&] { return player->PlayState() == kPlayerPlaying && player->CurrentPosition() > 0.1; });
@@ -304,7 +304,7 @@ TEST_F(RealBarTest, TheDialogHasAWidgetForEachControl) {
     EXPECT_TRUE(dialog->findChild<QPushButton*>("cmdOK")->isEnabled());
     dialog->findChild<QPushButton*>("cmdOK")->click();
   });
-  RunAudioDialog(form, view.get());
+  AudioView(form, view.get()).exec();
   EXPECT_EQ(form.AudioLoadMode(), kAudioToBar);
 }
 

@@ -99,7 +99,7 @@ TEST_F(SettingsWindowView, NoTextIsCutOffInAnyLanguage) {
     }
     Settings().ShowSettingsPage(0);
     for (CheckBox* check : {&Settings().chkAutoJoin, &Settings().chkDuration, &Settings().chkCredits}) {
-      check->Hovered();
+      check->Hover();
       ExpectNothingCutOff("language " + std::to_string(language) + " " + check->Name() + ": ");
     }
   }
@@ -263,7 +263,7 @@ TEST_F(SettingsWindowView, BarsAndChecksReachTheOptions) {
   QTest::keyClick(Find<QCheckBox>("chkCollision"), Qt::Key_Space);
   EXPECT_EQ(program->options.Collision, 0);
   EXPECT_FALSE(Find<QCheckBox>("chkCollision")->isChecked());
-  Settings().chkAutoJoin.Hovered();
+  Settings().chkAutoJoin.Hover();
   auto* slider = Find<QSlider>("sldAutoJoin");
   slider->setFocus();
   QTest::keyClick(slider, Qt::Key_Home);
@@ -301,7 +301,7 @@ TEST_F(SettingsWindowView, ArabicMirrorsItWhileItIsOpen) {
   QCoreApplication::sendPostedEvents();
   EXPECT_GT(LeftOf("picMenu"), LeftOf("picTop"));
   EXPECT_GT(LeftOf("cmdReset"), LeftOf("cmdOK"));
-  Settings().chkDuration.Hovered();
+  Settings().chkDuration.Hover();
   QCoreApplication::sendPostedEvents();
   QWidget* page = Find("picOptions(0)");
   EXPECT_EQ(Find("picDuration")->geometry().left(), 0);

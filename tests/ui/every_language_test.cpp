@@ -10,11 +10,11 @@
 #include <filesystem>
 
 #include "tests/support/program_fixture.h"
-#include "ui/dialog_windows.h"
 #include "ui/fit_screen.h"
 #include "ui/main_window_view.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
+#include "ui/windows.h"
 
 namespace cuewright {
 namespace {
@@ -36,7 +36,7 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
   EveryLanguage() {
     LoadIcons();
     program->options.ApplyWhen = 1;
-    program->files.OpenSubtitleFile(SubRip("a.srt", 10));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 10));
     const std::filesystem::path resources(CUEWRIGHT_SOURCE_DIR "/resources");
     std::filesystem::create_directory_symlink(resources / "messages", folder.Path() / "languages");
     std::filesystem::create_directory_symlink(resources / "help", folder.Path() / "help");
@@ -44,7 +44,7 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
     auto* surface = new QWidget;
     surface->setObjectName("WMP");
     view = std::make_unique<MainWindowView>(*program, surface);
-    ConnectDialogs(*program, *view);
+    AddDialogs(view->Views(), *program);
     view->ShowStarted({1000, 700, false, {}});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
     program->ChangeLanguage(GetParam());
@@ -171,7 +171,7 @@ TEST_P(EveryLanguage, HasRoomInTheSettings) {
   for (std::size_t page = 0; page < 5; ++page) states.emplace_back([&, page] { settings.ShowSettingsPage(page); });
   states.emplace_back([&] { settings.ShowSettingsPage(0); });
   for (CheckBox* check : {&settings.chkAutoJoin, &settings.chkDuration, &settings.chkCredits}) {
-    states.emplace_back([check] { check->Hovered(); });
+    states.emplace_back([check] { check->Hover(); });
   }
   Look(Window().mnuGSettings, states);
   states.clear();

@@ -82,7 +82,7 @@ TEST_F(WindowLanguage, AChangeRelabelsTheWidgets) {
 }
 
 TEST_F(WindowLanguage, TheListKeepsToTheSideOfTheLanguage) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   const QAbstractItemModel* model = static_cast<QTableView*>(Find("grdSubs"))->model();
   const auto side = [&] {
     return Qt::Alignment(model->index(0, 3).data(Qt::TextAlignmentRole).toInt()) & Qt::AlignHorizontal_Mask;

@@ -98,7 +98,7 @@ TEST_F(Divider, TheArrowKeysMoveIt) {
 TEST_F(Divider, TheListHasTheKeyboardOnceThereIsADocument) {
   view->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   EXPECT_EQ(view->focusWidget(), Find<QTableView>("grdSubs"));
 }
 
@@ -112,18 +112,18 @@ TEST_F(Divider, ComesBackInTheNextRun) {
 }
 
 TEST_F(Columns, WhatTheUserDrewStaysWhenTheWindowChangesAndInTheNextRun) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   auto* table = Find<QTableView>("grdSubs");
   table->horizontalHeader()->resizeSection(1, 90);
   view->resize(1000, 650);
   EXPECT_NEAR(table->columnWidth(1), 90, 1);
   ShowAgain();
-  program->files.OpenSubtitleFile(folder / "a.srt");
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   EXPECT_NEAR(Find<QTableView>("grdSubs")->columnWidth(1), 90, 1);
 }
 
 TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   auto* table = Find<QTableView>("grdSubs");
   const int own = table->columnWidth(1);
   table->horizontalHeader()->resizeSection(1, own + 40);
@@ -150,7 +150,7 @@ TEST_F(Names, OfTheFilmsControlsAreTheirOwn) {
 
 TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   EXPECT_TRUE(Find<QLabel>("lblNotice")->isVisible());
   EXPECT_EQ(Find<QLabel>("lblNotice")->text(), "Read as SubRip, windows-1252");
   Find<QToolButton>("cmdNotice")->click();
@@ -158,9 +158,9 @@ TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
 }
 
 TEST_F(Strip, OffersWhatTheRulesFoundAndTakesItBack) {
-  program->files.OpenSubtitleFile(folder.Write("colliding.srt",
-                                               "1\r\n00:00:01,000 --> 00:00:03,000\r\nfirst one here\r\n\r\n"
-                                               "2\r\n00:00:02,500 --> 00:00:04,500\r\nsecond one\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("colliding.srt",
+                                                       "1\r\n00:00:01,000 --> 00:00:03,000\r\nfirst one here\r\n\r\n"
+                                                       "2\r\n00:00:02,500 --> 00:00:04,500\r\nsecond one\r\n\r\n"));
   EXPECT_TRUE(Find<QLabel>("lblNotice")->text().endsWith("1 finding"));
   EXPECT_TRUE(Find<QToolButton>("cmdShowFindings")->isVisible());
   EXPECT_FALSE(Find<QToolButton>("cmdUndoRules")->isVisible());
@@ -174,7 +174,7 @@ TEST_F(Strip, OffersWhatTheRulesFoundAndTakesItBack) {
 }
 
 TEST_F(Strip, IsGoneWithTheInformationBar) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   program->window.mnuInfoBar.Click();
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
   program->window.mnuInfoBar.Click();

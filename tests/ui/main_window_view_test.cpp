@@ -53,7 +53,7 @@ struct WindowTest : ProgramFixture {
   }
   QTableView* Table() { return Find<QTableView>("grdSubs"); }
   void Timed(int captions) {
-    program->files.OpenSubtitleFile(SubRip("a.srt", captions));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", captions));
     Play(folder.Write("film.mkv", "x"));
     Table()->setFocus();
   }
@@ -145,7 +145,7 @@ TEST_F(MainWindowList, RowsComeAndGoWithTheList) {
   List().DeleteCaption(1);
   EXPECT_EQ(Table()->model()->rowCount(), 4);
   boxes.answers = {BoxAnswer::No};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(Table()->model()->columnCount(), 1);
   EXPECT_EQ(Table()->model()->index(0, 0).data().toString(), "No text or subtitle file loaded.");
 }
@@ -310,7 +310,7 @@ TEST_F(MainWindowKeys, ApplyHasTheFocusAgainAfterAPauseAndAfterTheLimit) {
     PressSpace(*view);
     ASSERT_FALSE(apply->isEnabled());
     At(second + 15);
-    program->window.tmrLimit.Tick();
+    program->window.tmrLimit.Pass();
     QCoreApplication::processEvents();
     EXPECT_EQ(List().GetCaptionStart(row), second * 1000);
     ASSERT_EQ(view->focusWidget(), apply);
@@ -425,7 +425,7 @@ TEST_F(MainWindowAccess, WithoutADocumentTheFocusIsNotOnTheDivider) {
   EXPECT_FALSE(QAccessible::queryAccessibleInterface(view->focusWidget())->text(QAccessible::Name).isEmpty());
   Timed(3);
   EXPECT_EQ(view->focusWidget(), Table());
-  program->files.CloseDocuments();
+  program->session.CloseDocuments();
   EXPECT_NE(view->focusWidget(), divider);
 }
 
@@ -442,7 +442,7 @@ TEST_F(MainWindowSmoke, ALongNameIsShortenedInItsMiddle) {
 }
 
 TEST_F(MainWindowSmoke, ALongNameDoesNotStretchTheMenu) {
-  program->files.OpenSubtitleFile(SubRip("begin " + std::string(200, 'x') + " end.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("begin " + std::string(200, 'x') + " end.srt", 2));
   QMenu* file = view->menuBar()->actions().front()->menu();
   QMetaObject::invokeMethod(file, "aboutToShow");
   const QString shown = view->findChild<QAction*>("mnuTFileName")->text().remove('&');
@@ -453,7 +453,7 @@ TEST_F(MainWindowSmoke, ALongNameDoesNotStretchTheMenu) {
 }
 
 TEST_F(MainWindowSmoke, TheTitleShowsEverySignOfAName) {
-  program->files.OpenSubtitleFile(SubRip("a[*]b.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a[*]b.srt", 3));
   EXPECT_TRUE(view->windowTitle().startsWith("a[*][*]b.srt - "));  // the toolkit's way to write that sign
 }
 

@@ -16,11 +16,11 @@ struct SpellWindowView : testing::DialogFixture {
     dictionaries.dictionaries[u"en_GB"] = {u"the", u"one", u"two"};
     dictionaries.dictionaries[u"de_DE"] = {u"eins"};
     dictionaries.suggestions[u"teh"] = {u"the", u"tea"};
-    program->spelling.runDialog = [this] {
+    program->spelling.dialog.Opened.Connect([this] {
       Show(std::make_unique<SpellView>(Dialog(), nullptr));
       look();
       view.reset();
-    };
+    });
   }
   SpellDialog& Dialog() { return program->spelling.dialog; }
   /// The check of these captions; `look` runs while its window is open.

@@ -1,4 +1,4 @@
-#include "ui/tool_windows.h"
+#include "ui/windows.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +17,7 @@
 
 #include "tests/support/program_fixture.h"
 #include "ui/delay_view.h"
+#include "ui/help_key.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -28,14 +29,13 @@ using testing::ProgramFixture;
 struct ToolWindowsTest : ProgramFixture {
   ToolWindowsTest() {
     LoadIcons();
-    tools = std::make_unique<ToolWindows>(*program, owner);
+    AddToolWindows(windows, *program);
     owner.resize(800, 600);
     owner.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&owner));
     program->options.ApplyWhen = 1;
-    program->files.OpenSubtitleFile(SubRip("a.srt", 10));
+    program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 10));
   }
-  ~ToolWindowsTest() override { tools.reset(); }
 
   QWidget* Find(const char* name) { return owner.findChild<QWidget*>(name); }
 
@@ -64,7 +64,8 @@ struct ToolWindowsTest : ProgramFixture {
   }
 
   QWidget owner;
-  std::unique_ptr<ToolWindows> tools;
+  HelpKey helpKey{program->help};
+  Windows windows{owner};
 };
 
 TEST_F(ToolWindowsTest, TheReportHasAWidgetForEveryControl) {
@@ -137,7 +138,7 @@ TEST_F(ToolWindowsTest, TheDelayDialogHasAWidgetForEveryControlAndItsBarsMove) {
     EXPECT_EQ(view->findChild<QLabel*>("lblSec")->text(), "2 seconds");
     QTest::mouseClick(view->findChild<QPushButton*>("cmdApply"), Qt::LeftButton);
   });
-  RunDelayDialog(form, &owner);
+  DelayView(form, &owner).exec();
   EXPECT_EQ(List().GetCaptionStart(1), 3100);
   EXPECT_FALSE(form.IsOpen());
 }

@@ -1,4 +1,4 @@
-#include "forms/file_actions.h"
+#include "forms/document_files.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ using Recalling = ProgramFixture;
 
 TEST_F(Opening, ASubtitleBecomesTheDocument) {
   const Text path = SubRip("Film.One.srt", 3);
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   EXPECT_EQ(program->document.SubtitlePath, path);
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(List().At(2), (Caption{2100, 2900, u"line 2"}));
@@ -43,7 +43,7 @@ TEST_F(Opening, ASubtitleBecomesTheDocument) {
 }
 
 TEST_F(Opening, TheDialogOffersAllFormatsAndEachOne) {
-  program->files.OpenText();
+  program->documentFiles.OpenText();
   ASSERT_EQ(dialogs.calls.size(), 1u);
   EXPECT_EQ(dialogs.calls[0].title, u"Open text or subtitle");
   const std::string filter = ToUtf8(dialogs.calls[0].filter);
@@ -54,9 +54,9 @@ TEST_F(Opening, TheDialogOffersAllFormatsAndEachOne) {
 }
 
 TEST_F(Opening, AMissingFileIsToldAndLeavesEverythingAsItWas) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   const Text gone = folder / "gone.srt";
-  program->files.OpenSubtitleFile(gone);
+  program->documentFiles.OpenSubtitleFile(gone);
   EXPECT_EQ(LastBox(), "The file " + ToUtf8(gone) + " was not found.");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
   EXPECT_EQ(List().Rows(), 3);
@@ -65,17 +65,17 @@ TEST_F(Opening, AMissingFileIsToldAndLeavesEverythingAsItWas) {
 
 TEST_F(Opening, PausesThePlayerMeanwhileAndLeavesPreviewMode) {
   Play(folder.Write("film.mkv", "x"));
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   EXPECT_EQ(player.state, kPlayerPlaying);
   EXPECT_TRUE(Window().cmdApply.Enabled());
   program->capture.SelectMode(CaptionMode::Preview);
-  program->files.OpenSubtitleFile(folder / "a.srt");
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   EXPECT_EQ(program->capture.Mode(), CaptionMode::PressAndHold);
 }
 
 TEST_F(Opening, ACancelledLoadLeavesNoDocument) {
-  events.onYield = [this] { Window().cmdCancel.Clicked(); };
-  program->files.OpenSubtitleFile(SubRip("a.srt", 300));
+  events.onYield = [this] { Window().cmdCancel.Click(); };
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 300));
   EXPECT_EQ(program->document.SubtitlePath, u"");
   EXPECT_FALSE(program->grid.Active());
   EXPECT_FALSE(program->document.ImportCancelled);
@@ -86,29 +86,29 @@ TEST_F(Opening, ACancelledLoadLeavesNoDocument) {
 
 TEST_F(Opening, AnotherDocumentHasNothingToJoinWith) {
   Play(folder.Write("film.mkv", "x"));
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   player.position = 10;
-  Window().tmrTime.Tick();
-  Window().cmdApply.MouseDown({MouseButton::Left, 0, 0});
-  Window().cmdApply.MouseUp({MouseButton::Left, 0, 0});
+  Window().tmrTime.Pass();
+  Window().cmdApply.PressMouse({MouseButton::Left, 0, 0});
+  Window().cmdApply.ReleaseMouse({MouseButton::Left, 0, 0});
   EXPECT_EQ(program->capture.PriorCaptionEnd(), 10000);
-  program->files.OpenSubtitleFile(folder / "a.srt");
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   EXPECT_EQ(program->capture.PriorCaptionEnd(), std::nullopt);
 }
 
 TEST_F(Opening, AppendingNeedsAFilm) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
-  program->files.Append();
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.Append();
   EXPECT_NE(LastBox().find("To append a subtitle file"), std::string::npos);
   EXPECT_TRUE(dialogs.calls.empty());
 }
 
 TEST_F(Opening, AnAppendedFileIsDelayedByTheFilmsLength) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Play(folder.Write("film.mkv", "x"));
   player.duration = 60;
   dialogs.paths = {SubRip("b.srt", 2)};
-  program->files.Append();
+  program->documentFiles.Append();
   EXPECT_EQ(List().Rows(), 5);
   EXPECT_EQ(List().GetCaptionStart(3), 61100);
 }
@@ -117,7 +117,7 @@ TEST_F(Opening, AfterAnAppendTheDocumentIsSavedAsItWas) {
   const Text document = SubRip("a.srt", 2);
   for (const char* name : {"wrong.xyz", "frames.sub", "refused.sub", "other.sbv"}) {
     SCOPED_TRACE(name);
-    program->files.OpenSubtitleFile(document);
+    program->documentFiles.OpenSubtitleFile(document);
     Play(folder.Write("film.mkv", "x"));
     player.duration = 60;
     boxes.lines.clear();
@@ -126,22 +126,22 @@ TEST_F(Opening, AfterAnAppendTheDocumentIsSavedAsItWas) {
                                 : name == std::string("other.sbv") ? "0:00:01.000,0:00:02.000\r\nx\r\n\r\n"
                                                                    : "{25}{50}x\r\n";
     dialogs.paths = {folder.Write(name, content)};
-    program->files.Append();
+    program->documentFiles.Append();
     const Row rows = List().Rows();
-    program->files.Save();
+    program->documentFiles.Save();
     EXPECT_EQ(folder.Read("a.srt").substr(0, 30), "1\r\n00:00:01,100 --> 00:00:01,9");
-    program->files.OpenSubtitleFile(document);
+    program->documentFiles.OpenSubtitleFile(document);
     EXPECT_EQ(List().Rows(), rows);
     SubRip("a.srt", 2);
   }
 }
 
 TEST_F(Opening, AnAppendedTextLeavesTheWindowInOrder) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 3));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Play(folder.Write("film.mkv", "x"));
   List().SetRow(2, false);
   dialogs.paths = {folder.Write("notes.txt", "first words\r\nmore\r\n")};
-  program->files.Append();
+  program->documentFiles.Append();
   EXPECT_EQ(Window().txtSub.GetText(), u"first words");
   EXPECT_TRUE(Window().mnuSave.Enabled());
   EXPECT_TRUE(Window().mnuSaveAs.Enabled());
@@ -150,29 +150,29 @@ TEST_F(Opening, AnAppendedTextLeavesTheWindowInOrder) {
 }
 
 TEST_F(Opening, AnAppendAfterOneThatWasCancelledIsRead) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Play(folder.Write("film.mkv", "x"));
   dialogs.paths = {folder.Write("frames.sub", "{25}{50}x\r\n"), SubRip("b.srt", 2)};
-  program->files.Append();
+  program->documentFiles.Append();
   EXPECT_FALSE(program->document.ImportCancelled);
-  program->files.Append();
+  program->documentFiles.Append();
   EXPECT_EQ(List().Rows(), 5);
 }
 
 TEST_F(Saving, GoesToTheFormatOfTheFile) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(folder.Read("a.srt").substr(0, 34), "1\r\n00:00:01,500 --> 00:00:01,900\r\n");
   EXPECT_FALSE(program->document.DocModified);
   EXPECT_TRUE(dialogs.calls.empty());
 }
 
 TEST_F(Saving, AnUntimedCaptionAsksAndNoLeavesItAndTheRestOut) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 4));
   List().SetCaptionStart(3, 0, false);
   boxes.answers = {BoxAnswer::No};
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_NE(LastBox().find("The file you are saving contains one or more captions without timing.\r\n\r\nPress YES"),
             std::string::npos);
   std::string saved = folder.Read("a.srt");
@@ -181,27 +181,27 @@ TEST_F(Saving, AnUntimedCaptionAsksAndNoLeavesItAndTheRestOut) {
   EXPECT_EQ(saved.find("line 4"), std::string::npos);
   EXPECT_EQ(List().Rows(), 5);
   boxes.answers = {BoxAnswer::Yes};
-  program->files.Save();
+  program->documentFiles.Save();
   saved = folder.Read("a.srt");
   EXPECT_NE(saved.find("line 3"), std::string::npos);
   EXPECT_NE(saved.find("line 4"), std::string::npos);
 }
 
 TEST_F(Saving, CancelAtAnUntimedCaptionWritesNothing) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 4));
   const std::string before = folder.Read("a.srt");
   List().SetCaptionStart(3, 0, false);
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.Save();
+  program->documentFiles.Save();
   ASSERT_EQ(boxes.shown.size(), 1u);
   EXPECT_EQ(boxes.shown[0].buttons, BoxButtons::YesNoCancel);
   EXPECT_NE(LastBox().find("Press CANCEL to save nothing."), std::string::npos);
   EXPECT_EQ(folder.Read("a.srt"), before);
   // Nor is anything saved under another name, and the document keeps its own.
-  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
   dialogs.paths = {folder / "b.srt"};
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_FALSE(files.Exists(folder / "b.srt"));
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
   EXPECT_EQ(List().Rows(), 5);
@@ -209,33 +209,33 @@ TEST_F(Saving, CancelAtAnUntimedCaptionWritesNothing) {
 
 TEST_F(Saving, InTheClassicMannerOnlyYesAndNoAreAskedAtAnUntimedCaption) {
   program->options.manner.SetClassic(true);
-  program->files.OpenSubtitleFile(SubRip("a.srt", 4));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 4));
   List().SetCaptionStart(3, 0, false);
   boxes.answers = {BoxAnswer::No};
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(boxes.shown.back().buttons, BoxButtons::YesNo);
   EXPECT_EQ(LastBox().find("CANCEL"), std::string::npos);
   EXPECT_EQ(folder.Read("a.srt").find("line 3"), std::string::npos);
 }
 
 TEST_F(Saving, APlainTextAsksForAFormat) {
-  program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
   ASSERT_EQ(List().Rows(), 3);
   EXPECT_EQ(program->formats.CurrentFormatIndex, 0);
   bool asked = false;
-  program->runExportDialog = [&] { asked = true; };
-  program->files.Save();
+  program->exportDialog.Opened.Connect([&] { asked = true; });
+  program->documentFiles.Save();
   EXPECT_TRUE(asked);
   EXPECT_TRUE(dialogs.calls.empty());
 }
 
 TEST_F(Saving, SaveAsProposesTheNameWithTheFormatsExtension) {
-  program->files.OpenSubtitleFile(folder.Write("My.Text.txt", "one\r\ntwo\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("My.Text.txt", "one\r\ntwo\r\n"));
   List().SetCaptionStart(1, 1000, false);
   List().SetCaptionStart(2, 2000, false);
-  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
   dialogs.paths = {folder / "out"};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   ASSERT_EQ(dialogs.calls.size(), 1u);
   EXPECT_EQ(dialogs.calls[0].title, u"Save as");
   EXPECT_EQ(dialogs.calls[0].proposal, u"My.Text.srt");
@@ -244,56 +244,56 @@ TEST_F(Saving, SaveAsProposesTheNameWithTheFormatsExtension) {
 }
 
 TEST_F(Saving, TheExtensionIsComparedWithItsCase) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
-  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
   dialogs.paths = {folder / "name.SRT"};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_EQ(program->document.SubtitlePath, folder / "name.SRT.srt");
 }
 
 TEST_F(Saving, AFileFoundOnlyWithTheAddedExtensionIsAskedAbout) {
   const Text old = folder.Write("old.srt", "precious");
-  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
-  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
   dialogs.paths = {folder / "old", folder / "old", old};
   boxes.answers = {BoxAnswer::No};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_EQ(LastBox(), ToUtf8(old) + " already exists.\nDo you want to replace it?");
   EXPECT_EQ(boxes.shown.back().title, u"Save as");
   EXPECT_EQ(folder.Read("old.srt"), "precious");
   EXPECT_EQ(program->document.SubtitlePath, folder / "a.srt");
   boxes.answers = {BoxAnswer::Yes};
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_NE(folder.Read("old.srt").find("line 1"), std::string::npos);
   // The picker has asked about a whole name.
   const std::size_t asked = boxes.shown.size();
-  program->files.SaveAs();
+  program->documentFiles.SaveAs();
   EXPECT_EQ(boxes.shown.size(), asked);
 }
 
 TEST_F(Saving, ANewDocumentIsNamedAfterTheFilm) {
-  program->files.New();
+  program->documentFiles.New();
   Play(folder.Write("film.one.mkv", "x"));
-  program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
-  program->files.SaveAs();
+  program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
+  program->documentFiles.SaveAs();
   ASSERT_EQ(dialogs.calls.size(), 1u);
   EXPECT_EQ(dialogs.calls[0].proposal, u"film.one.srt");
   EXPECT_EQ(program->document.SubtitlePath, u"NEW");
 }
 
 TEST_F(Saving, AReadOnlyFileIsToldAndTheDocumentStaysModified) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   const std::string before = folder.Read("a.srt");
   List().SetCaptionStart(1, 1500, false);
   ::chmod(folder.Bytes("a.srt").c_str(), 0444);
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_EQ(LastBox(), "Failed to save file " + ToUtf8(folder / "a.srt") + ". The file is probably read-only.");
   EXPECT_TRUE(program->document.DocModified);
   EXPECT_EQ(folder.Read("a.srt"), before);
 }
 
 TEST_F(Saving, AFullDiskIsToldAndTheOldFileStaysWhole) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 50));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 50));
   const std::string before = folder.Read("a.srt");
   List().SetCaptionStart(1, 1500, false);
   // A limit on the size of files stands for the disk's end.
@@ -302,7 +302,7 @@ TEST_F(Saving, AFullDiskIsToldAndTheOldFileStaysWhole) {
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit full{500, old.rlim_max};
   ::setrlimit(RLIMIT_FSIZE, &full);
-  program->files.Save();
+  program->documentFiles.Save();
   ::setrlimit(RLIMIT_FSIZE, &old);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(LastBox().rfind("Failed to save file " + ToUtf8(folder / "a.srt") + ". The file is probably read-only.", 0),
@@ -315,10 +315,10 @@ TEST_F(Saving, AFullDiskIsToldAndTheOldFileStaysWhole) {
 
 TEST_F(Saving, AFolderThatVanishedIsToldAndTheDocumentStaysModified) {
   std::filesystem::create_directory(folder.Path() / "sub");
-  program->files.OpenSubtitleFile(SubRip("sub/a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("sub/a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
   std::filesystem::remove_all(folder.Path() / "sub");
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_NE(LastBox().find("An error ocurred while saving the file"), std::string::npos);
   EXPECT_TRUE(program->document.DocModified);
 }
@@ -328,13 +328,13 @@ TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
   const Text path = folder.Write("a.srt",
                                  "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xE9\r\n\r\n"
                                  "2\r\n00:00:03,000 --> 00:00:04,000\r\nth\xE9\r\n\r\n");
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   EXPECT_EQ(List().GetCaptionText(1), u"caf\u00E9");
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_NE(folder.Read("a.srt").find("caf\xE9\r\n"), std::string::npos);
   EXPECT_TRUE(boxes.shown.empty());
   List().SetCaptionText(2, u"\u6F22");
-  program->files.Save();
+  program->documentFiles.Save();
   EXPECT_NE(folder.Read("a.srt").find("caf\xC3\xA9\r\n"), std::string::npos);
   EXPECT_EQ(Window().lblNotice.GetText(), u"Saved as UTF-8: windows-1252 lacks a character of the text");
   EXPECT_TRUE(Window().lblNotice.Visible());
@@ -342,9 +342,9 @@ TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
 
 TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {
   program->options.T_READAS = u"classic";
-  program->files.OpenSubtitleFile(folder.Write("a.srt",
-                                               "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xC3\xA9\r\n\r\n"
-                                               "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.srt",
+                                                       "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xC3\xA9\r\n\r\n"
+                                                       "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));
   EXPECT_EQ(List().GetCaptionText(1), u"caf\u00C3\u00A9");
   boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
   Window().mnuUTF8.Click();
@@ -362,41 +362,41 @@ TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {
 
 TEST_F(Closing, ADocumentOfOneCaptionIsThrownAwayWithoutAQuestion) {
   program->options.manner.SetClassic(true);
-  program->files.OpenSubtitleFile(SubRip("a.srt", 1));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 1));
   List().SetCaptionStart(1, 1500, false);
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_TRUE(boxes.shown.empty());
   EXPECT_EQ(program->document.SubtitlePath, u"");
   EXPECT_FALSE(program->grid.Active());
 }
 
 TEST_F(Closing, AModifiedDocumentAsks) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(LastBox(), "The opened file has been modified. Do you want to save it as a subtitle file now?");
   EXPECT_EQ(List().Rows(), 3);
   boxes.answers = {BoxAnswer::Yes};
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_NE(folder.Read("a.srt").find("00:00:01,500"), std::string::npos);
   EXPECT_EQ(program->document.SubtitlePath, u"");
 }
 
 TEST_F(Closing, YesIsTrueEvenWhenTheSaveDialogIsCancelled) {
   program->options.manner.SetClassic(true);
-  program->files.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.txt", "one\r\ntwo\r\n"));
   program->document.SubtitlePath = u"NEW";
   List().SetCaptionStart(1, 1500, false);
   boxes.answers = {BoxAnswer::Yes};
-  EXPECT_TRUE(program->files.PromptForSave());
+  EXPECT_TRUE(program->documentFiles.PromptForSave());
 }
 
 TEST_F(Closing, EndsSubtitleAndFilmTogether) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Play(folder.Write("film.mkv", "x"));
   EXPECT_TRUE(program->sub.Loaded());
-  program->files.Close();
+  program->documentFiles.Close();
   EXPECT_EQ(program->document.VideoPath, u"");
   EXPECT_EQ(player.url, u"");
   EXPECT_FALSE(player.enabled);
@@ -408,7 +408,7 @@ TEST_F(Closing, EndsSubtitleAndFilmTogether) {
 
 TEST_F(Clipboard, TakesTheLinesThatArentBlank) {
   desktop.clipboard = u"one\r\n\r\n   \r\n two \r\nthree";
-  program->files.NewFromClipboard();
+  program->documentFiles.NewFromClipboard();
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(List().GetCaptionText(2), u"two");
   EXPECT_EQ(program->document.SubtitlePath, u"NEW");
@@ -416,19 +416,19 @@ TEST_F(Clipboard, TakesTheLinesThatArentBlank) {
 
 TEST_F(Clipboard, TheLineAtIndexThirtyTwoThousandIsTheLast) {
   for (int i = 0; i < 32003; ++i) desktop.clipboard += u"l" + Decimal(i) + u"\r\n";
-  program->files.NewFromClipboard();
+  program->documentFiles.NewFromClipboard();
   EXPECT_EQ(List().Rows() - 1, 32001);
   EXPECT_EQ(List().GetCaptionText(32001), u"l32000");
 }
 
 TEST_F(Clipboard, OneThatDoesNotFitIsRefusedWithASentence) {
-  program->files.New();
+  program->documentFiles.New();
   std::vector<Caption> many(1000, Caption{1, 2, u"x"});
   List().Replace(1, 1, std::move(many));
   program->document.DocModified = true;
   for (int i = 0; i < 32000; ++i) desktop.clipboard += u"l\n";
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.NewFromClipboard();
+  program->documentFiles.NewFromClipboard();
   EXPECT_EQ(List().Rows(), 1001);
   EXPECT_EQ(
       LastBox(),
@@ -437,26 +437,26 @@ TEST_F(Clipboard, OneThatDoesNotFitIsRefusedWithASentence) {
 }
 
 TEST_F(Clipboard, AfterACancelTheLinesStandAtTheBottomOfTheOldDocument) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   List().SetCaptionStart(1, 1500, false);
   desktop.clipboard = u"pasted";
   boxes.answers = {BoxAnswer::Cancel};
-  program->files.NewFromClipboard();
+  program->documentFiles.NewFromClipboard();
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(List().GetCaptionText(3), u"pasted");
   EXPECT_EQ(List().GetCaptionText(1), u"line 1");
 }
 
 TEST_F(Clipboard, TheItemNeedsText) {
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_FALSE(Window().mnuNewClip.Enabled());
   desktop.clipboard = u"x";
-  Window().mnuFile.AboutToShow();
+  Window().mnuFile.OpenMenu();
   EXPECT_TRUE(Window().mnuNewClip.Enabled());
 }
 
 TEST_F(Clipboard, ANewDocumentHasTheFormatSubRip) {
-  program->files.New();
+  program->documentFiles.New();
   EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), u"SUBRIP");
   EXPECT_EQ(List().Rows(), 2);
   EXPECT_TRUE(Window().txtSub.Enabled());
@@ -484,9 +484,9 @@ TEST_F(StartFolder, IsThatOfTheUsersDocumentsOrFilmsUntilThereIsALastOne) {
   Window().mnuOpenVideo.Click();
   EXPECT_EQ(dialogs.calls.back().folder, u"/home/user/Videos/");
   const Text path = SubRip("a.srt", 2);
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   for (MenuItem* item : {&Window().mnuOpenText, &Window().mnuOpenVideo, &Window().mnuSaveAs}) {
-    program->runExportDialog = [&] { program->exportDialog.cmdOK.Click(); };
+    program->exportDialog.Opened.Connect([&] { program->exportDialog.cmdOK.Click(); });
     item->Click();
     EXPECT_EQ(dialogs.calls.back().folder, FolderOfPath(path));
   }
@@ -521,7 +521,7 @@ TEST_F(StartFile, OpensByTheExtensionBehindTheFirstDot) {
 TEST_F(StartFile, IsForgottenAfterTheFirstActivation) {
   Restart(SubRip("a.srt", 2));
   program->OnFirstActivation();
-  program->files.Close();
+  program->documentFiles.Close();
   program->OnFirstActivation();
   EXPECT_EQ(program->document.SubtitlePath, u"");
 }
@@ -541,7 +541,7 @@ TEST_F(BadInput, EachFileOfNoUseEndsWithABoxAndNoDocument) {
   for (const Text& path :
        {folder / "folder.srt", Text(u"/dev/zero"), folder / "noise.srt", folder / "empty.srt", folder / "zeros.srt"}) {
     boxes.shown.clear();
-    program->files.OpenSubtitleFile(path);
+    program->documentFiles.OpenSubtitleFile(path);
     EXPECT_FALSE(boxes.shown.empty()) << ToUtf8(path);
     EXPECT_EQ(program->document.SubtitlePath, u"") << ToUtf8(path);
     EXPECT_FALSE(program->grid.Active());
@@ -551,14 +551,14 @@ TEST_F(BadInput, EachFileOfNoUseEndsWithABoxAndNoDocument) {
 }
 
 TEST_F(BadInput, AnEmptyTextSaysSo) {
-  program->files.OpenSubtitleFile(folder.Write("empty.txt", ""));
+  program->documentFiles.OpenSubtitleFile(folder.Write("empty.txt", ""));
   EXPECT_NE(LastBox().find("No text found in the selected file"), std::string::npos);
 }
 
 TEST_F(BadInput, ATextOfFortyThousandLinesStopsAtTheLimitAndKeepsWhatWasRead) {
   std::string content;
   for (int i = 1; i <= 40000; ++i) content += "line " + std::to_string(i) + "\r\n";
-  program->files.OpenSubtitleFile(folder.Write("long.txt", content));
+  program->documentFiles.OpenSubtitleFile(folder.Write("long.txt", content));
   EXPECT_EQ(List().Rows() - 1, 32100);
   EXPECT_NE(LastBox().find("reached the limit of 32000 captions"), std::string::npos);
   EXPECT_TRUE(program->document.HasFile());
@@ -566,7 +566,7 @@ TEST_F(BadInput, ATextOfFortyThousandLinesStopsAtTheLimitAndKeepsWhatWasRead) {
 
 TEST_F(BadInput, AFilmThatCantBePlayedIsTold) {
   Play(folder.Write("film.mkv", "x"));
-  player.MediaError(u"unrecognized file format");
+  player.Fail(u"unrecognized file format");
   EXPECT_NE(LastBox().find("There was an error while loading the movie."), std::string::npos);
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
 }
@@ -582,7 +582,7 @@ TEST_F(BadInput, AMissingFilmLeavesTheOpenOnePlaying) {
 }
 
 TEST_F(Recalling, APathThatNoLongerExistsIsntOffered) {
-  program->files.OpenSubtitleFile(SubRip("a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   std::filesystem::remove(folder.Path() / "a.srt");
   Restart({});
   EXPECT_FALSE(Window().mnuTFileName.Visible());
@@ -591,14 +591,14 @@ TEST_F(Recalling, APathThatNoLongerExistsIsntOffered) {
 
 TEST_F(Recalling, APathInABrowsersCacheIsntOffered) {
   std::filesystem::create_directory(folder.Path() / "Temporary INTERNET Files");
-  program->files.OpenSubtitleFile(SubRip("Temporary INTERNET Files/a.srt", 2));
+  program->documentFiles.OpenSubtitleFile(SubRip("Temporary INTERNET Files/a.srt", 2));
   Restart({});
   EXPECT_FALSE(Window().mnuTFileName.Visible());
 }
 
 TEST_F(Recalling, AKeptPathOpensAgain) {
   const Text path = SubRip("a.srt", 2);
-  program->files.OpenSubtitleFile(path);
+  program->documentFiles.OpenSubtitleFile(path);
   Restart({});
   EXPECT_TRUE(Window().mnuTFileName.Visible());
   Window().mnuTFileName.Click();

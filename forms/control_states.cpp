@@ -1,0 +1,87 @@
+#include "forms/control_states.h"
+
+#include "core/caption_time.h"
+#include "core/paths.h"
+#include "core/runtime_error.h"
+
+namespace cuewright {
+
+ControlStates::ControlStates(Workbench bench, CaptionPanel& panel, SubWindow& sub, Preview& preview,
+                             TimingCapture& capture, Player& player)
+    : bench_(bench), panel_(panel), sub_(sub), preview_(preview), capture_(capture), player_(player) {}
+
+void ControlStates::SetDocumentItems(bool on) {
+  bench_.window.lblShow.SetEnabled(on);
+  bench_.window.lblDuration.SetEnabled(on);
+  bench_.grid.SetEnabled(on);
+  for (MenuItem* item :
+       {&bench_.window.mnuSave, &bench_.window.mnuSaveAs, &bench_.window.mnuAdd, &bench_.window.mnuEditSelected,
+        &bench_.window.mnuBold, &bench_.window.mnuItalic, &bench_.window.mnuUnderline, &bench_.window.mnuConvert,
+        &bench_.window.mnuAppend, &bench_.window.mnuRemove, &bench_.window.mnuRules, &bench_.window.mnuSpell,
+        &bench_.window.mnuFind, &bench_.window.mnuReplace, &bench_.window.mnuDelay, &bench_.window.mnuReset,
+        &bench_.window.mnuGoTo, &bench_.window.mnuCountUntimed, &bench_.window.mnuNextUntimed}) {
+    item->SetEnabled(on);
+  }
+}
+
+void ControlStates::ResetControls() {
+  const bool document = bench_.document.HasDocument();
+  const bool video = bench_.document.HasVideo();
+  bench_.window.mnuClose.SetEnabled(document || video || !bench_.document.WavePath.empty());
+  SetDocumentItems(document);
+  if (!document) {
+    capture_.Reset();
+    capture_.SelectMode(CaptionMode::PressAndHold);
+    for (TextBox& box : bench_.window.txtTime) box.SetText(MsToTimeText(0));
+    panel_.ResetGrid(false);
+    bench_.window.cmdApply.SetEnabled(false);
+    bench_.window.cmdNext.SetEnabled(false);
+    bench_.window.cmdEnd.SetEnabled(false);
+  }
+  if (video) {
+    bench_.window.picPLogo.SetVisible(false);
+  } else if (player_.Enabled()) {
+    EmptyPlayer();
+  }
+  player_.SetEnabled(video);
+  for (Label* label : {&bench_.window.lblPosition, &bench_.window.lblTime, &bench_.window.lblStringPos})
+    label->SetEnabled(video);
+  bench_.window.tmrTime.SetEnabled(video);
+  const bool both = document && video;
+  bench_.window.lblMode.SetEnabled(both);
+  bench_.window.lblMainMode.SetEnabled(both);
+  bench_.window.optPress.SetEnabled(both);
+  bench_.window.optManual.SetEnabled(both);
+  bench_.window.optPreview.SetEnabled(both);
+  preview_.ClearPreviewCaption();
+  RefreshFileLabels();
+}
+
+void ControlStates::RefreshFileLabels() {
+  const bool document = bench_.document.HasDocument();
+  const bool video = bench_.document.HasVideo();
+  if (!document && !video) {
+    bench_.window.lblTextFile.SetText(bench_.strings[Message::WelcomeToProgram]);
+    bench_.window.lblVideoFile.SetText(bench_.strings[Message::UseTheFileMenu]);
+    return;
+  }
+  bench_.window.lblTextFile.SetText(!document                    ? bench_.strings[Message::NoTextFileLoaded]
+                                    : !bench_.document.HasFile() ? bench_.strings[Message::EditCaptionItem]
+                                                                 : bench_.strings[Message::CurrentSubtitleFile] +
+                                                                       FileNameOf(bench_.document.SubtitlePath));
+  bench_.window.lblVideoFile.SetText(
+      video ? bench_.strings[Message::CurrentVideoFile] +
+                  InItsOrder(bench_.strings[Message::CurrentVideoFile], bench_.document.VideoPath)
+            : bench_.strings[Message::NoVideoFileLoaded]);
+}
+
+void ControlStates::EmptyPlayer() {
+  CarryOn step;
+  step([&] { player_.SetUrl({}); });
+  step([&] { player_.Close(); });
+  player_.SetEnabled(false);
+  bench_.window.picPLogo.SetVisible(true);
+  sub_.Unload();
+}
+
+}  // namespace cuewright

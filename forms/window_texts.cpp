@@ -1,0 +1,126 @@
+#include "forms/window_texts.h"
+
+#include "core/runtime_error.h"
+
+namespace cuewright {
+
+WindowTexts::WindowTexts(Workbench bench, CaptionPanel& panel, CaptionCommands& commands, TimingCapture& capture,
+                         ControlStates& states, Messages& messages)
+    : bench_(bench), panel_(panel), commands_(commands), capture_(capture), states_(states), messages_(messages) {}
+
+void WindowTexts::ApplyMainWindowLanguage(bool rightToLeft) {
+  CarryOn step;
+  step([&] { ApplyTexts(rightToLeft); });
+  step([&] { ApplyDirection(rightToLeft); });
+  step([&] { states_.RefreshFileLabels(); });
+  if (step.Last()) {
+    messages_.Show({u"Runtime error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description,
+                    BoxIcon::Warning});
+  }
+}
+
+void WindowTexts::ApplyTexts(bool rightToLeft) {
+  panel_.ApplyLanguage(rightToLeft);
+  ApplyMenuTexts();
+  commands_.ShowSeparator();
+  capture_.ShowModeTexts();
+  for (TextBox& box : bench_.window.txtTime) box.SetToolTip(bench_.strings[Message::PressEnterToUpdate]);
+  bench_.window.lblTime.SetToolTip(bench_.strings[Message::PositionInMilliseconds]);
+  if (!bench_.grid.Active()) bench_.grid.ShowNotice(bench_.strings[Message::NoTextFileLoaded]);
+}
+
+void WindowTexts::ApplyMenuTexts() {
+  struct Labelled {
+    Control& control;
+    Message message;
+  };
+  MainWindow& w = bench_.window;
+  const Labelled rows[] = {{w.mnuFile, Message::MenuFile},
+                           {w.mnuNew, Message::NewSubtitle},
+                           {w.mnuNewClip, Message::NewFromClipboard},
+                           {w.mnuOpenText, Message::OpenText},
+                           {w.mnuOpenVideo, Message::OpenVideo},
+                           {w.mnuOpenWav, Message::OpenAudio},
+                           {w.mnuClose, Message::CloseAll},
+                           {w.mnuSave, Message::Save},
+                           {w.mnuSaveAs, Message::SaveAs},
+                           {w.mnuEmbed, Message::EmbedSubtitles},
+                           {w.mnuExit, Message::Exit},
+                           {w.mnuRecent, Message::OpenRecent},
+                           {w.mnuClearRecent, Message::ClearList},
+                           {w.mnuEdit, Message::MenuEdit},
+                           {w.mnuAdd, Message::AddCaption},
+                           {w.mnuAddBelow, Message::BelowCurrent},
+                           {w.mnuAddBottom, Message::AtTheBottom},
+                           {w.mnuEditSelected, Message::EditCaptionItem},
+                           {w.mnuRemove, Message::RemoveCaption},
+                           {w.mnuFind, Message::Find},
+                           {w.mnuReplace, Message::Replace},
+                           {w.mnuGoTo, Message::GoToLine},
+                           {w.mnuCountUntimed, Message::CountNonTimed},
+                           {w.mnuNextUntimed, Message::SelectNextNonTimed},
+                           {w.mnuAppend, Message::AppendSubtitle},
+                           {w.mnuDelay, Message::SetDelay},
+                           {w.mnuReset, Message::RemoveAllTiming},
+                           {w.mnuFormat, Message::MenuFormat},
+                           {w.mnuFont, Message::ListFontItem},
+                           {w.mnuBold, Message::Bold},
+                           {w.mnuItalic, Message::Italic},
+                           {w.mnuUnderline, Message::Underline},
+                           {w.mnuConvert, Message::ConvertFrom},
+                           {w.mnuView, Message::MenuView},
+                           {w.mnuInfoBar, Message::InfoBar},
+                           {w.mnuAudioBar, Message::AudioBar},
+                           {w.mnuAudioBarColor, Message::AudioBarColor},
+                           {w.mnuFullWave, Message::FullHeightWave},
+                           {w.mnuTools, Message::MenuTools},
+                           {w.mnuSpell, Message::SpellCheck},
+                           {w.mnuRules, Message::ApplyCurrentRules},
+                           {w.mnuAudioExtract, Message::ExtractionWizard},
+                           {w.mnuReport, Message::ViewReport},
+                           {w.mnuSettings, Message::MenuSettings},
+                           {w.mnuFormatSettings, Message::FormatSettings},
+                           {w.mnuLineSeparator, Message::LineSeparator},
+                           {w.mnuGSettings, Message::GeneralSettings},
+                           {w.mnuHelp, Message::MenuHelp},
+                           {w.mnuHelpTopics, Message::HelpTopics},
+                           {w.mnuLinks, Message::WebLinks},
+                           {w.mnuTessaly, Message::StartPageItem},
+                           {w.mnuForums, Message::ForumsItem},
+                           {w.mnuPermanentSubs, Message::SubtitlesGuide},
+                           {w.mnuMediaPlayer, Message::DownloadPlayer},
+                           {w.mnuSuggest, Message::SuggestFeature},
+                           {w.mnuUpdate, Message::CheckForUpdates},
+                           {w.mnuWebsite, Message::WebsiteItem},
+                           {w.mnuAbout, Message::AboutProgram},
+                           {w.rmnuBold, Message::Bold},
+                           {w.rmnuItalic, Message::Italic},
+                           {w.rmnuUnderline, Message::Underline},
+                           {w.rmnuEdit, Message::EditCaptionItem},
+                           {w.rmnuRemove, Message::RemoveCaption},
+                           {w.cmdNext, Message::Next},
+                           {w.cmdEnd, Message::End},
+                           {w.cmdCancel, Message::Cancel},
+                           {w.lblPosition, Message::CurrentPosition},
+                           {w.lblShow, Message::ShowTime},
+                           {w.lblDuration, Message::DurationTime},
+                           {w.lblMainMode, Message::CaptioningMode},
+                           {w.lblWaveTip, Message::RightClickToDrag},
+                           {w.mnuFilmSound, Message::FilmSoundItem},
+                           {w.mnuEmptySounds, Message::EmptySoundStore},
+                           {w.cmdStopSound, Message::StopReading},
+                           {w.optManual, Message::ManualMode},
+                           {w.optPreview, Message::PreviewMode}};
+  for (const Labelled& row : rows) row.control.SetText(bench_.strings[row.message]);
+}
+
+void WindowTexts::ApplyDirection(bool rightToLeft) {
+  for (Control* control : std::initializer_list<Control*>{
+           &bench_.window.lblMainMode, &bench_.window.lblMode, &bench_.window.lblTextFile, &bench_.window.lblVideoFile,
+           &bench_.window.optPress, &bench_.window.optManual, &bench_.window.optPreview}) {
+    control->SetRightToLeft(rightToLeft);
+  }
+  bench_.window.SetRightToLeft(rightToLeft);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+#include <vector>
+
+#include "forms/tool_form.h"
+
+namespace cuewright {
+
+/// A tool form's window on the toolkit: it closes with its form, and its frame closes the form.
+class ToolView : public QDialog {
+ public:
+  ToolView(ToolForm& form, QWidget* owner);
+
+ protected:
+  void reject() override;
+  void changeEvent(QEvent* event) override;
+
+  /// Keeps a connection for the window's life.
+  void Keep(Connection connection) { connections_.push_back(std::move(connection)); }
+
+ private:
+  ToolForm& form_;
+  std::vector<Connection> connections_;
+};
+
+}  // namespace cuewright
