@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <compare>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <string>
@@ -71,6 +73,43 @@ TEST(IncludeFloors, EveryFolderOfSourcesHasAFloor) {
       EXPECT_NE(file.path().extension(), ".cpp") << file.path();
     }
   }
+}
+
+std::string ContentOf(const char* path) {
+  std::ifstream file(fs::path(CUEWRIGHT_SOURCE_DIR) / path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Holds that of two folders one is higher exactly where it is so in the floors of the includes.
+void ExpectTheSameOrder(const std::map<std::string, int>& heights) {
+  for (const auto& [folder, floor] : kFloors) {
+    ASSERT_TRUE(heights.contains(folder)) << folder;
+    for (const auto& [other, otherFloor] : kFloors) {
+      ASSERT_TRUE(heights.contains(other)) << other;
+      EXPECT_EQ(heights.at(folder) <=> heights.at(other), floor <=> otherFloor) << folder << " and " << other;
+    }
+  }
+  EXPECT_EQ(heights.size(), kFloors.size());
+}
+
+/// The folders in a text by the number that the pattern finds in front of each.
+std::map<std::string, int> HeightsIn(const std::string& text, const char* pattern, int sign) {
+  const std::regex row(pattern);
+  std::map<std::string, int> heights;
+  for (std::sregex_iterator at(text.begin(), text.end(), row), end; at != end; ++at) {
+    heights[(*at)[2]] = sign * std::stoi((*at)[1]);
+  }
+  return heights;
+}
+
+TEST(IncludeFloors, TheTableOfTheArchitectureIsTrue) {
+  ExpectTheSameOrder(HeightsIn(ContentOf("docs/architecture.md"), R"(\| (\d+) \| `(\w+)/` \|)", 1));
+}
+
+TEST(IncludeFloors, ThePictureOfTheArchitectureIsTrue) {
+  // What stands higher in a picture has the smaller y.
+  ExpectTheSameOrder(HeightsIn(ContentOf("docs/pictures/architecture.svg"),
+                               R"re(class="folder" x="\d+" y="(\d+)"[^>]*>(\w+)/<)re", -1));
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ import subprocess
 import sys
 
 import desktop
-from screenshots import Menus, client_windows, film_plays, menu_places
+from screenshots import client_windows, film_plays
+from wizard import Wizard, menus_of
 
 RATE = 25
 START_S, END_S = 2.0, 4.0
@@ -75,13 +76,10 @@ class Walk:
             file.write(SCRIPT)
         with open(self.settings, "w", encoding="utf-8") as file:
             file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nVFileName=%s\n" % self.film)
-        root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-        with open(os.path.join(root, "capture/main_window.h"), encoding="utf-8") as file:
-            places = menu_places(file.read())
         self.program = desktop.Program(binary, [self.subtitle], {
             "XDG_CONFIG_HOME": self.config, "XDG_STATE_HOME": folder, "CUEWRIGHT_MPV_OPTIONS": "ao=null",
             "LC_ALL": "C.UTF-8"})
-        self.menus = Menus(self.program, places)
+        self.menus = menus_of(self.program)
         self.main = desktop.wait_for("the main window", lambda: (client_windows() or [None])[0])
         desktop.wait_for("the loaded file",
                          lambda: self.program.find("label", "Current subtitle file: its text.ssa"))
@@ -95,53 +93,18 @@ class Walk:
         self.menus.press("mnuVFileName")
         desktop.wait_for("the film", lambda: film_plays(self.program))
 
-    def open_wizard(self, item):
-        before = client_windows()
-        self.menus.press(item)
-        self.wizard = desktop.wait_for("the wizard", lambda: next((w for w in client_windows() if w not in before), None))
-        desktop.focus(self.wizard)
-
-    def button(self, name):
-        return desktop.wait_for("the button " + name, lambda: self.enabled_button(name))
-
-    def enabled_button(self, name):
-        node = self.program.find("push button", name)
-        return node if desktop.enabled(node) else None
-
-    def next(self, shown):
-        """Presses the default button and waits for a text of the next page."""
-        desktop.key("Return")
-        desktop.wait_for("the page with " + shown, lambda: self.visible(shown))
-
-    def visible(self, text):
-        for role in ("label", "check box", "text", "combo box"):
-            for node in self.program.all(role):
-                if node.name == text and node.getState().contains(desktop.pyatspi.STATE_SHOWING):
-                    return node
-        return None
-
-    def tab_to_box(self):
-        """True when the focus is in a box that takes a text; else goes on by one."""
-        for role in ("combo box", "text"):
-            for node in self.program.all(role):
-                state = node.getState()
-                if state.contains(desktop.pyatspi.STATE_FOCUSED) and state.contains(desktop.pyatspi.STATE_SHOWING):
-                    return True
-        desktop.key("Tab")
-        return False
-
     def embed(self):
         self.open_film()
-        self.open_wizard("mnuEmbed")
-        self.next("VirtualDub's folder:")
-        self.next("Output video file name:")
-        self.next("VBR Files Warning:")
-        self.button("OK")
-        desktop.focus(self.wizard)
+        wizard = Wizard(self.program, self.menus, "mnuEmbed")
+        wizard.next("VirtualDub's folder:")
+        wizard.next("Output video file name:")
+        wizard.next("VBR Files Warning:")
+        wizard.button("OK")
+        wizard.focus()
         desktop.key("Return")
         target = self.film[:-4] + "[sub].avi"
         desktop.wait_for("the film with the text", lambda: os.path.exists(target), 60)
-        desktop.wait_for("the end of the wizard", lambda: self.wizard not in client_windows())
+        wizard.wait_end()
         assert self.program.find("label", "Current subtitle file: its text.ssa") is None, "the document is still open"
         video, sound = probe(target, "stream=codec_name,codec_tag_string,width,height,duration")
         assert (video["codec_name"], video["codec_tag_string"]) == ("mpeg4", "xvid"), video
@@ -151,23 +114,23 @@ class Walk:
 
     def extract(self):
         self.open_film()
-        self.open_wizard("mnuAudioExtract")
-        self.next("Sample rate (Hz)")
-        desktop.wait_for("the focus on the rates", self.tab_to_box)
+        wizard = Wizard(self.program, self.menus, "mnuAudioExtract")
+        wizard.next("Sample rate (Hz)")
+        desktop.wait_for("the focus on the rates", wizard.tab_to_box)
         desktop.key("ctrl+a")
         desktop.type_text("22050")
-        self.next("VirtualDub's folder:")
-        self.next("Save audio file as:")
-        self.next("Checking generated audio file...")
-        self.button("Finish")
+        wizard.next("VirtualDub's folder:")
+        wizard.next("Save audio file as:")
+        wizard.next("Checking generated audio file...")
+        wizard.button("Finish")
         target = self.film[:-4] + ".wav"
         sound, = probe(target, "stream=codec_name,sample_rate,duration")
         assert (sound["codec_name"], sound["sample_rate"]) == ("pcm_s16le", "22050"), sound
         assert abs(float(sound["duration"]) - 6) < 0.1, sound
         print("the wave has %s Hz and %s s" % (sound["sample_rate"], sound["duration"]))
-        desktop.focus(self.wizard)
+        wizard.focus()
         desktop.key("Return")
-        desktop.wait_for("the end of the wizard", lambda: self.wizard not in client_windows())
+        wizard.wait_end()
         desktop.wait_for("the wave in the Audio bar", lambda: self.stored("AFileName") == target)
 
 

@@ -65,38 +65,26 @@ class Program:
         ids = found.stdout.split()
         return ids[-1] if ids else None
 
-    def find(self, role=None, name=None, node=None, depth=12):
-        """The first node with this role and name, below the application."""
+    def nodes(self, node=None, depth=12):
+        """All nodes below the application, from the top; what is in a table isn't walked through."""
         node = node or self.application()
         if node is None or depth < 0:
-            return None
+            return
         for i in range(node.childCount):
             child = node.getChildAtIndex(i)
             if child is None:
                 continue
-            if (role is None or child.getRoleName() == role) and (name is None or child.name == name):
-                return child
-            if child.getRoleName() in ("table", "tree table"):
-                continue
-            found = self.find(role, name, child, depth - 1)
-            if found is not None:
-                return found
-        return None
-
-    def all(self, role, node=None, depth=12):
-        node = node or self.application()
-        found = []
-        if node is None or depth < 0:
-            return found
-        for i in range(node.childCount):
-            child = node.getChildAtIndex(i)
-            if child is None:
-                continue
-            if child.getRoleName() == role:
-                found.append(child)
+            yield child
             if child.getRoleName() not in ("table", "tree table"):
-                found += self.all(role, child, depth - 1)
-        return found
+                yield from self.nodes(child, depth - 1)
+
+    def find(self, role=None, name=None, depth=12):
+        """The first node with this role and name."""
+        return next((node for node in self.nodes(depth=depth)
+                     if role in (None, node.getRoleName()) and name in (None, node.name)), None)
+
+    def all(self, role, node=None):
+        return [found for found in self.nodes(node) if found.getRoleName() == role]
 
     def quit(self):
         if self.process.poll() is None:

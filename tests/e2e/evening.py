@@ -5,184 +5,37 @@
 """
 
 import os
-import resource
-import signal
 import subprocess
 import sys
 import time
 
 import desktop
+from evening_wizards import WIZARD_SCENES
+from scene import Scene, captions_of, subrip
 
-QUESTION = "The opened file has been modified"
-
-
-def subrip(texts):
-    blocks = []
-    for number, text in enumerate(texts, 1):
-        at = "00:%02d:%02d" % (number // 60, number % 60)
-        blocks.append("%d\r\n%s,000 --> %s,500\r\n%s\r\n\r\n" % (number, at, at, text))
-    return "".join(blocks)
+LARGE = 31000
+MANY_WORDS = " and so on" + ", all through a long evening, with words that make the file a large one" * 4
 
 
-class Scene:
-    """One program with a folder of its own."""
+def large_text():
+    return subrip(["line %d%s" % (i, MANY_WORDS) for i in range(1, LARGE + 1)])
 
-    def __init__(self, binary, film, folder):
-        self.binary, self.film, self.folder = binary, film, folder
-        os.makedirs(folder)
-        self.config = os.path.join(folder, "config")
-        os.makedirs(os.path.join(self.config, "tessaly-cuewright"))
-        self.program = None
 
-    def path(self, name):
-        return os.path.join(self.folder, name)
-
-    def write(self, name, content):
-        with open(self.path(name), "w", encoding="utf-8", newline="") as file:
-            file.write(content)
-        return self.path(name)
-
-    def read(self, name):
-        with open(self.path(name), encoding="utf-8", newline="") as file:
-            return file.read()
-
-    def start(self, *arguments, options="", largest=None, state=None):
-        with open(os.path.join(self.config, "tessaly-cuewright", "settings.ini"), "w", encoding="utf-8") as file:
-            file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nLastFolder=%s/\n%s" %
-                       (self.folder, options))
-        before = resource.getrlimit(resource.RLIMIT_FSIZE)
-        if largest is not None:
-            # The program must get an error for a file that grows beyond this, as on a full disk, and no signal.
-            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
-            resource.setrlimit(resource.RLIMIT_FSIZE, (largest, before[1]))
-        try:
-            environment = {"XDG_CONFIG_HOME": self.config, "LC_ALL": "C.UTF-8", "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
-            if state is not None:
-                environment["XDG_STATE_HOME"] = state
-            self.program = desktop.Program(self.binary, list(arguments), environment, restore_signals=largest is None)
-        finally:
-            resource.setrlimit(resource.RLIMIT_FSIZE, before)
-        self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
-        desktop.focus(self.main)
-
-    def open_by_key(self, name):
-        desktop.focus(self.main)
-        desktop.key("ctrl+o")
-        desktop.wait_for("the open dialog", lambda: self.program.find("text", "File name:"))
-        desktop.type_text(self.path(name))
-        desktop.key("Return")
-
-    def wait_rows(self, count):
-        table = desktop.wait_for("the list", lambda: self.program.find("table", "List of the captions"))
-        desktop.wait_for("%d captions" % count, lambda: table.queryTable().nRows == count)
-
-    def pane(self):
-        return desktop.wait_for("the pane", lambda: self.program.find("text", "Text of the caption"))
-
-    def focus_pane(self):
-        pane = self.pane()
-        desktop.wait_for("a pane to type in", lambda: desktop.enabled(pane))
-        pane.queryComponent().grabFocus()
-        desktop.wait_for("the focus in the pane", lambda: pane.getState().contains(desktop.pyatspi.STATE_FOCUSED))
-        return pane
-
-    def type_into_pane(self, text):
-        pane = self.focus_pane()
-        desktop.key("ctrl+a")
-        desktop.type_text(text)
-        desktop.wait_for("the typed text", lambda: pane.queryText().getText(0, -1) == text)
-
-    def box(self, text):
-        """Waits for a box whose text has this part."""
-        def there():
-            for label in self.program.all("label"):
-                if text in label.name and label.getState().contains(desktop.pyatspi.STATE_SHOWING):
-                    return label
-            return None
-        return desktop.wait_for("a box with: " + text, there)
-
-    def box_gone(self, text):
-        desktop.wait_for("the end of: " + text, lambda: not any(
-            text in label.name and label.getState().contains(desktop.pyatspi.STATE_SHOWING)
-            for label in self.program.all("label")))
-
-    def menu_item(self, menu_key, name):
-        """Opens a menu by its key and walks down to an item."""
-        desktop.focus(self.main)
-        desktop.key(menu_key)
-        item = desktop.wait_for("the menu with " + name, lambda: self.program.find("menu item", name))
-        for _ in range(30):
-            state = item.getState()
-            if state.contains(desktop.pyatspi.STATE_FOCUSED) or state.contains(desktop.pyatspi.STATE_SELECTED):
-                break
-            desktop.key("Down")
-        desktop.key("Return")
-
-    def press_button(self, name):
-        """Clicks a button of the box on top."""
-        button = desktop.wait_for("the button " + name, lambda: self.program.find("push button", name))
-        where = button.queryComponent().getExtents(desktop.pyatspi.DESKTOP_COORDS)
-        desktop.xdotool("mousemove", where.x + where.width // 2, where.y + where.height // 2, "click", 1)
-
-    def close(self):
-        desktop.focus(self.main)
-        desktop.key("alt+F4")
-
-    def wait_end(self):
-        desktop.wait_for("the program's end", lambda: self.program.process.poll() is not None)
-        assert self.program.process.returncode == 0, self.program.process.returncode
-
-    def still_open(self):
-        assert self.program.process.poll() is None
-
-    def export_dialog(self, format_name=None):
-        """The dialog of formats, answered with OK."""
-        dialog = desktop.wait_for("the formats", lambda: self.program.window_id("^Save as$"))
-        desktop.focus(dialog)
-        if format_name is not None:
-            desktop.wait_for("the box of formats", lambda: self.program.find("combo box"))
-            desktop.type_text(format_name)
-        desktop.key("Return")
-
-    def save_dialog(self, path):
-        """The file dialog, answered with a path; None leaves it."""
-        desktop.wait_for("the save dialog", lambda: self.program.find("text", "File name:"))
-        if path is None:
-            desktop.key("Escape")
-        else:
-            desktop.key("ctrl+a")
-            desktop.type_text(path)
-            desktop.key("Return")
-        desktop.wait_for("the end of the save dialog", lambda: self.program.find("text", "File name:") is None)
-
-    def hold_lines(self, count):
-        """Holds the key B for so many lines of the film."""
-        for _ in range(count):
-            desktop.xdotool("keydown", "b")
-            time.sleep(0.5)  # how long a line is spoken
-            desktop.xdotool("keyup", "b")
-            time.sleep(0.2)
-
-    def end(self):
-        if self.program is not None:
-            self.program.quit()
+def untimed(content):
+    """The same with a second caption that has no times."""
+    return content.replace("00:00:02,000 --> 00:00:02,500", "00:00:00,000 --> 00:00:00,000")
 
 
 def a_text_is_timed_and_closed_with_yes(s):
     s.write("lines.txt", "one\ntwo\n")
-    s.start(s.film)
-    label = desktop.wait_for("the position", lambda: next(
-        (l for l in s.program.all("label") if l.description == "Current position in milliseconds"), None))
-    desktop.wait_for("the film to play", lambda: int(label.name or 0) > 100)
+    s.start_with_film()
     s.open_by_key("lines.txt")
     s.wait_rows(2)
     desktop.focus(s.main)
-    table = s.program.find("table", "List of the captions")
-    table.queryComponent().grabFocus()
-    s.hold_lines(2)
-    s.close()
-    s.box(QUESTION)
-    s.press_button("Yes")
+    s.table().queryComponent().grabFocus()
+    for _ in range(2):
+        s.hold("b")
+    s.close("Yes")
     s.export_dialog("SubRip")
     s.save_dialog(s.path("timed.srt"))
     s.wait_end()
@@ -191,82 +44,100 @@ def a_text_is_timed_and_closed_with_yes(s):
     assert saved.count(" --> ") == 2 and "one" in saved and "two" in saved, saved
 
 
+def a_whole_capture_by_the_keyboard_alone(s):
+    s.write("lines.txt", "one\ntwo\nthree\nfour\n")
+    s.start_with_film()
+    s.open_by_key("lines.txt")
+    s.wait_rows(4)
+    s.tab_to("push button", "Apply")
+    s.hold("space")
+    s.hold("space")
+    # The arrows choose among the three modes.
+    s.tab_to("radio button", "Press and hold (recommended)")
+    desktop.key("Down")
+    desktop.wait_for("the manual mode", lambda: s.focused() == ("radio button", "Manual mode"))
+    s.tab_to("push button", "Start")
+    desktop.key("space")
+    time.sleep(0.4)  # how long the third line is spoken
+    s.tab_to("push button", "Next")
+    desktop.key("space")
+    time.sleep(0.4)  # how long the fourth line is spoken
+    s.tab_to("push button", "End")
+    desktop.key("space")
+    desktop.key("ctrl+s")
+    s.export_dialog("SubRip")
+    s.save_dialog(s.path("timed.srt"))
+    desktop.wait_for("the saved file", lambda: os.path.exists(s.path("timed.srt")))
+    s.close_asking_nothing()
+    captions = s.captions("timed.srt")
+    assert [text for _, _, text in captions] == ["one", "two", "three", "four"], captions
+    times = [at for start, end, _ in captions for at in (start, end)]
+    assert times == sorted(times) and all(end - start >= 300 for start, end, _ in captions), captions
+
+
 def looking_asks_nothing(s):
-    s.start(s.write("a.srt", subrip(["Hello", "there", "you"])))
-    s.wait_rows(3)
+    before = s.open_document("Hello", "there", "you")
     s.focus_pane()
     desktop.key("Right", "Right", "Left", "End", "Home")
     desktop.key("ctrl+s")
     desktop.key("Right")
-    s.close()
-    s.wait_end()
-    assert s.read("a.srt") == subrip(["Hello", "there", "you"])
+    s.close_asking_nothing()
+    assert s.read("a.srt") == before
 
 
 def escape_at_the_question_keeps_everything(s):
-    before = subrip(["Hello", "there", "you"])
-    s.start(s.write("a.srt", before))
-    s.wait_rows(3)
+    before = s.open_document("Hello", "there", "you")
     s.type_into_pane("A night's work")
-    s.close()
-    s.box(QUESTION)
-    desktop.key("Escape")
-    s.box_gone(QUESTION)
+    s.close("Escape")
     s.still_open()
     assert s.read("a.srt") == before
-    desktop.focus(s.main)
-    desktop.key("ctrl+s")
-    desktop.wait_for("the saved text", lambda: "A night's work" in s.read("a.srt"))
-    s.close()
-    s.wait_end()
+    s.save_until("a.srt", "A night's work")
+    s.close_asking_nothing()
 
 
 def no_at_the_question_leaves_the_file(s):
-    before = subrip(["Hello", "there"])
-    s.start(s.write("a.srt", before))
-    s.wait_rows(2)
+    before = s.open_document("Hello", "there")
     s.type_into_pane("Nonsense")
-    s.close()
-    s.box(QUESTION)
-    s.press_button("No")
-    s.wait_end()
+    s.close_with("No")
     assert s.read("a.srt") == before
 
 
 def one_caption_is_work_too(s):
-    s.start(s.write("a.srt", subrip(["Hello"])))
-    s.wait_rows(1)
+    s.open_document("Hello")
     s.type_into_pane("My only line")
-    s.close()
-    s.box(QUESTION)
-    s.press_button("Yes")
-    s.wait_end()
+    s.close_with("Yes")
     assert "My only line" in s.read("a.srt")
 
 
 def save_as_and_think_better_of_it(s):
-    s.start(s.write("a.srt", subrip(["Hello", "there"])))
-    s.wait_rows(2)
+    s.open_document("Hello", "there")
     s.type_into_pane("Changed")
     desktop.key("ctrl+shift+s")
     s.export_dialog("MicroDVD")
     s.save_dialog(None)
-    desktop.focus(s.main)
-    desktop.key("ctrl+s")
-    desktop.wait_for("the saved text", lambda: "Changed" in s.read("a.srt"))
+    s.save_until("a.srt", "Changed")
     assert s.read("a.srt") == subrip(["Changed", "there"]), s.read("a.srt")
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
+
+
+def a_plain_text_holds_no_times(s):
+    before = s.open_document("Hello", "there")
+    desktop.key("ctrl+shift+s")
+    s.export_dialog("Plain")
+    s.save_dialog(s.path("lines.txt"))
+    desktop.wait_for("the saved text", lambda: os.path.exists(s.path("lines.txt")))
+    # The times are in no file that this document has.
+    s.close("Escape")
+    s.close_with("No")
+    assert s.read("lines.txt").split() == ["Hello", "there"], s.read("lines.txt")
+    assert s.read("a.srt") == before
 
 
 def the_disk_is_full_at_the_last_moment(s):
-    before = subrip(["line %d of a long evening" % i for i in range(1, 1500)])
-    s.start(s.write("a.srt", before), largest=len(before) - 1000)
-    s.wait_rows(1499)
+    texts = ["line %d of a long evening" % i for i in range(1, 1500)]
+    before = s.open_document(*texts, largest=len(subrip(texts)) - 1000)
     s.type_into_pane("A night's work")
-    s.close()
-    s.box(QUESTION)
-    s.press_button("Yes")
+    s.close("Yes")
     s.box("Failed to save file")
     desktop.key("Return")
     s.still_open()
@@ -274,10 +145,27 @@ def the_disk_is_full_at_the_last_moment(s):
     assert sorted(os.listdir(s.folder)) == ["a.srt", "config"], os.listdir(s.folder)
     # What was typed is still there.
     assert s.pane().queryText().getText(0, -1) == "A night's work"
-    s.close()
-    s.box(QUESTION)
-    s.press_button("No")
+    s.close_with("No")
+
+
+def the_disk_is_full_in_the_classic_manner(s):
+    texts = ["line %d of a long evening" % i for i in range(1, 1500)]
+    before = s.open_document(*texts, options="Classic=1\n", largest=len(subrip(texts)) - 1000)
+    s.type_into_pane("A night's work")
+    desktop.wait_for("a journal of the work", s.journals)
+    s.close("Yes")
+    s.box("Failed to save file")
+    desktop.key("Return")
     s.wait_end()
+    assert s.read("a.srt") == before
+    # The document is closed, and comes back from its journal.
+    s.start(options="Classic=1\n")
+    s.restore(1499)
+    assert s.pane().queryText().getText(0, -1) == "A night's work"
+    s.save_until("a.srt", "A night's work")
+    s.close()
+    s.wait_end()
+    assert s.captions("a.srt")[1:] == captions_of(before)[1:]
 
 
 def a_folder_that_went_away(s):
@@ -286,39 +174,70 @@ def a_folder_that_went_away(s):
     s.wait_rows(2)
     s.type_into_pane("A night's work")
     os.rename(s.path("stick"), s.path("pulled"))
-    s.close()
-    s.box(QUESTION)
-    s.press_button("Yes")
+    s.close("Yes")
     s.box("An error ocurred while saving the file")
     desktop.key("Return")
     s.still_open()
     os.rename(s.path("pulled"), s.path("stick"))
-    desktop.focus(s.main)
+    s.save_until("stick/a.srt", "A night's work")
+    s.close_asking_nothing()
+
+
+def the_window_is_closed_while_a_large_file_is_read(s):
+    before = large_text()
+    s.write("large.srt", before)
+    s.start()
+    label = desktop.wait_for("the first line", lambda: s.program.find("label", "Welcome to Tessaly Cuewright."))
+    s.open_by_key("large.srt")
+    desktop.wait_for("the load", lambda: label.name.startswith("Importing"))
+    with s.stopped():
+        # The title names it without the mark of a change once all of it has been read.
+        assert s.program.window_id("^large.srt - ") is None, "the file was read too fast for this scene"
+        s.close()
+
+    def ended():
+        # A load that is left before its first caption says that there was none.
+        if s.box_shown("No text found in the selected file"):
+            desktop.key("Return")
+        return s.program.process.poll() is not None
+
+    desktop.wait_for("the program's end", ended)
+    assert s.program.process.returncode == 0, s.program.process.returncode
+    assert s.read("large.srt") == before
+    assert not s.journals(), s.journals()
+
+
+def the_window_is_closed_while_a_large_file_is_written(s):
+    before = large_text()
+    s.start_with(before, LARGE)
+    s.type_into_pane("A night's work")
+    names = set(os.listdir(s.folder))
     desktop.key("ctrl+s")
-    desktop.wait_for("the saved text", lambda: "A night's work" in s.read("stick/a.srt"))
-    s.close()
+    # The file is written under another name first.
+    desktop.wait_for("the file beside", lambda: set(os.listdir(s.folder)) - names)
+    with s.stopped():
+        assert s.read("a.srt") == before, "the file was written too fast for this scene"
+        s.close()
     s.wait_end()
+    assert s.read("a.srt") == before.replace("line 1" + MANY_WORDS, "A night's work", 1)
+    assert set(os.listdir(s.folder)) == names, os.listdir(s.folder)
+    assert not s.journals(), s.journals()
 
 
 def rules_only_look_at_what_is_opened(s):
     before = subrip(["Hello there", "and you"]).replace("00:00:01,500", "00:00:02,400")
-    s.start(s.write("a.srt", before))
-    s.wait_rows(2)
+    s.start_with(before, 2)
     s.box("1 finding")
-    desktop.focus(s.main)
-    desktop.key("ctrl+s")
+    s.keys("ctrl+s")
     s.box("Saved as")
     assert s.read("a.srt") == before, s.read("a.srt")
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
 
 
 def what_the_rules_did_is_taken_back(s):
     before = subrip(["Hello there", "and you"]).replace("00:00:01,500", "00:00:02,400")
-    s.start(s.write("a.srt", before))
-    s.wait_rows(2)
-    s.box("1 finding")
-    s.press_button("Apply")
+    s.start_with(before, 2)
+    s.box("1 finding", "Apply")
     s.box("The rules changed 1 caption")
     report = desktop.wait_for("the report", lambda: s.program.window_id("Subtitle File Report"))
     desktop.focus(report)
@@ -326,103 +245,89 @@ def what_the_rules_did_is_taken_back(s):
     desktop.focus(s.main)
     s.press_button("Undo")
     s.box_gone("The rules changed")
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
     assert s.read("a.srt") == before, s.read("a.srt")
 
 
 def the_wrong_file_is_appended(s):
-    before = subrip(["Hello", "there"])
-    s.write("a.srt", before)
-    s.start(s.film)
+    s.write("a.srt", subrip(["Hello", "there"]))
+    s.start_with_film()
     s.open_by_key("a.srt")
     s.wait_rows(2)
-    s.menu_item("alt+e", "Append subtitle...")
-    desktop.wait_for("the open dialog", lambda: s.program.find("text", "File name:"))
-    desktop.type_text(s.write("letter.xyz", "Dear friend\n"))
-    desktop.key("Return")
+    s.append(s.write("letter.xyz", "Dear friend\n"))
     s.box("Failed to determine subtitle format")
     desktop.key("Return")
     s.type_into_pane("Changed")
-    desktop.focus(s.main)
-    desktop.key("ctrl+s")
-    desktop.wait_for("the saved text", lambda: "Changed" in s.read("a.srt"))
+    s.save_until("a.srt", "Changed")
     assert s.read("a.srt") == subrip(["Changed", "there"]), s.read("a.srt")
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
+
+
+def a_plain_text_is_appended(s):
+    before = subrip(["Hello", "there"])
+    s.write("a.srt", before)
+    s.start_with_film()
+    s.open_by_key("a.srt")
+    s.wait_rows(2)
+    s.append(s.write("more.txt", "Good\nevening\nInspector\n"))
+    # Its lines take the place of the captions, until that is undone.
+    s.wait_rows(3)
+    s.keys("ctrl+s")
+    s.box("captions without timing", "Escape")
+    s.close("Escape")
+    s.keys("ctrl+z")
+    s.wait_rows(2)
+    s.close_asking_nothing()
+    assert s.read("a.srt") == before
+    assert s.read("more.txt") == "Good\nevening\nInspector\n"
 
 
 def the_classic_manner_closes_one_caption_silently(s):
-    before = subrip(["Hello"])
-    s.start(s.write("a.srt", before), options="Classic=1\n")
-    s.wait_rows(1)
+    before = s.open_document("Hello", options="Classic=1\n")
     s.type_into_pane("My only line")
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
     assert s.read("a.srt") == before
 
 
 def escape_at_captions_without_times_cuts_nothing_off(s):
-    before = subrip(["Hello", "there", "you"]).replace("00:00:02,000 --> 00:00:02,500", "00:00:00,000 --> 00:00:00,000")
-    s.start(s.write("a.srt", before))
-    s.wait_rows(3)
+    before = untimed(subrip(["Hello", "there", "you"]))
+    s.start_with(before, 3)
     s.type_into_pane("A night's work")
     desktop.key("ctrl+s")
-    s.box("captions without timing")
-    desktop.key("Escape")
-    s.box_gone("without timing")
+    s.box("captions without timing", "Escape")
     assert s.read("a.srt") == before
-    s.close()
-    s.box(QUESTION)
-    s.press_button("Yes")
-    s.box("captions without timing")
-    desktop.key("Escape")
+    s.close("Yes")
+    s.box("captions without timing", "Escape")
     s.still_open()
-    desktop.focus(s.main)
-    desktop.key("ctrl+s")
-    s.box("captions without timing")
-    s.press_button("Yes")
+    s.keys("ctrl+s")
+    s.box("captions without timing", "Yes")
     desktop.wait_for("the whole file", lambda: "A night's work" in s.read("a.srt") and "you" in s.read("a.srt"))
-    s.close()
-    s.wait_end()
+    s.close_asking_nothing()
 
 
 def what_a_save_left_out_comes_back(s):
-    s.start(s.write("a.srt", subrip(["Hello", "there", "you"]).replace(
-        "00:00:02,000 --> 00:00:02,500", "00:00:00,000 --> 00:00:00,000")))
-    s.wait_rows(3)
+    s.start_with(untimed(subrip(["Hello", "there", "you"])), 3)
     s.type_into_pane("Changed")
     desktop.key("ctrl+s")
-    s.box("captions without timing")
-    s.press_button("No")
+    s.box("captions without timing", "No")
     desktop.wait_for("the saved part", lambda: s.read("a.srt") == subrip(["Changed"]))
-    journals = os.path.join(s.program.home.name, "xdg_state_home", "tessaly-cuewright", "journals")
-    desktop.wait_for("a journal of the rest", lambda: any(
-        os.path.getsize(os.path.join(journals, name)) > 0 for name in os.listdir(journals)))
+    desktop.wait_for("a journal of the rest", s.journals)
     s.program.process.kill()
     s.program.process.wait()
-    state = s.program.environment["XDG_STATE_HOME"]
-    home = s.program.home
-    s.start(options="", state=state)
-    s.box("It can be restored")
-    s.press_button("Yes")
-    s.wait_rows(3)
-    home.cleanup()
-    # The box stood over the window and has gone.
-    s.main = desktop.wait_for("the main window", lambda: s.program.window_id("Tessaly Cuewright"))
-    s.close()
-    s.box(QUESTION)
-    s.press_button("No")
-    s.wait_end()
+    s.start()
+    s.restore(3)
+    s.close_with("No")
+    assert s.read("a.srt") == subrip(["Changed"])
 
 
-SCENES = [a_text_is_timed_and_closed_with_yes, looking_asks_nothing, escape_at_the_question_keeps_everything,
-          no_at_the_question_leaves_the_file, one_caption_is_work_too, save_as_and_think_better_of_it,
-          the_disk_is_full_at_the_last_moment, a_folder_that_went_away,
-          escape_at_captions_without_times_cuts_nothing_off,
-          what_a_save_left_out_comes_back,
+SCENES = [a_text_is_timed_and_closed_with_yes, a_whole_capture_by_the_keyboard_alone, looking_asks_nothing,
+          escape_at_the_question_keeps_everything, no_at_the_question_leaves_the_file, one_caption_is_work_too,
+          save_as_and_think_better_of_it, a_plain_text_holds_no_times, the_disk_is_full_at_the_last_moment,
+          the_disk_is_full_in_the_classic_manner, a_folder_that_went_away,
+          the_window_is_closed_while_a_large_file_is_read, the_window_is_closed_while_a_large_file_is_written,
+          escape_at_captions_without_times_cuts_nothing_off, what_a_save_left_out_comes_back,
           rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
-          the_classic_manner_closes_one_caption_silently]
+          a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *WIZARD_SCENES]
 
 
 def main():

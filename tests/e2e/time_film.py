@@ -9,12 +9,12 @@ program's clock."""
 
 import json
 import os
-import re
 import socket
 import sys
 import time
 
 import desktop
+from scene import captions_of
 
 TOLERANCE_MS = 60
 FIRST_MS = 1200
@@ -78,20 +78,6 @@ def answer_file_dialog(program, title, path):
 
 def position_label(program):
     return next((label for label in program.all("label") if label.description == "Current position in milliseconds"), None)
-
-
-def stored_times(path):
-    """Start and end in ms and the text of each caption of a SubRip file."""
-    with open(path, encoding="utf-8", newline="") as file:
-        content = file.read()
-    clock = r"(\d\d):(\d\d):(\d\d),(\d\d\d)"
-    captions = []
-    for match in re.finditer(r"\d+\r\n%s --> %s\r\n(.*?)\r\n\r\n" % (clock, clock), content, re.S):
-        parts = [int(match.group(i)) for i in range(1, 9)]
-        start = ((parts[0] * 60 + parts[1]) * 60 + parts[2]) * 1000 + parts[3]
-        end = ((parts[4] * 60 + parts[5]) * 60 + parts[6]) * 1000 + parts[7]
-        captions.append((start, end, match.group(9)))
-    return captions
 
 
 def hold_keys(clock, lines, shots):
@@ -171,7 +157,8 @@ def main():
         desktop.type_text(saved)
         desktop.key("Return")
         desktop.wait_for("the saved file", lambda: os.path.exists(saved))
-        captions = stored_times(saved)
+        with open(saved, encoding="utf-8", newline="") as file:
+            captions = captions_of(file.read())
         failures = compare(held, captions, lines)
     finally:
         desktop.screenshot(os.path.join(folder, "4_end.png"))

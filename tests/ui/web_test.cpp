@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <QPlainTextEdit>
-#include <QThread>
 #include <QTimer>
 #include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <future>
 #include <thread>
 
 #include "core/runtime_error.h"
@@ -85,32 +88,60 @@ class FastServer {
   }
   Text Address() const { return FromQt(QString("http://127.0.0.1:%1").arg(port_)); }
   std::size_t Sent() const { return sent_; }
+  bool Asked() const { return asked_; }
+  /// Lets the reply go and waits until nobody takes any more of it; false when that doesn't come in time.
+  bool SendUntilNothingIsTaken() {
+    begin_.set_value();
+    return stuck_.get_future().wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+  }
 
  private:
+  static constexpr int kNobodyTakesMs = 300;
+
   void Serve() {
     const int client = ::accept(socket_, nullptr, nullptr);
+    asked_ = true;
+    begin_.get_future().wait();
     const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
     ::send(client, head.data(), head.size(), MSG_NOSIGNAL);
     const std::string block(1 << 20, 'x');
+    pollfd room{client, POLLOUT, 0};
+    bool stuck = false;
     while (sent_ < std::size_t{512} << 20) {
-      const ssize_t count = ::send(client, block.data(), block.size(), MSG_NOSIGNAL);
-      if (count <= 0) break;
-      sent_ += static_cast<std::size_t>(count);
+      if (!stuck && ::poll(&room, 1, kNobodyTakesMs) == 0) {
+        stuck = true;
+        stuck_.set_value();
+      }
+      const ssize_t count = ::send(client, block.data(), block.size(), MSG_NOSIGNAL | (stuck ? 0 : MSG_DONTWAIT));
+      if (count <= 0 && errno != EAGAIN) break;
+      if (count > 0) sent_ += static_cast<std::size_t>(count);
     }
+    if (!stuck) stuck_.set_value();
     ::close(client);
   }
 
   int socket_;
   int port_ = 0;
   std::atomic<std::size_t> sent_ = 0;
+  std::atomic<bool> asked_ = false;
+  std::promise<void> begin_;
+  std::promise<void> stuck_;
   std::thread thread_;
 };
 
 TEST_F(WebTest, AReplyThatComesFastTakesNoMoreThanItMayWhileTheWindowIsBusy) {
   FastServer fast;
-  // The window is busy from the moment at which the reply begins to come.
-  QTimer::singleShot(20, [] { QThread::msleep(500); });
+  bool busy = false;
+  // The window is busy from before the reply comes until no more of it is taken.
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    if (!fast.Asked()) return;
+    look.stop();
+    busy = fast.SendUntilNothingIsTaken();
+  });
+  look.start(1);
   EXPECT_EQ(FailureOf(fast.Address() + u"/a"), "The reply is larger than 1000 bytes.");
+  EXPECT_TRUE(busy);
   // Besides that much there are the buffers of the system.
   EXPECT_LT(fast.Sent(), std::size_t{64} << 20);
 }

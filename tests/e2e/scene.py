@@ -1,0 +1,282 @@
+"""A scene: one run of the real program in a folder of its own, with the steps that scenes are made of."""
+
+import contextlib
+import os
+import re
+import resource
+import signal
+import tempfile
+import time
+
+import desktop
+
+QUESTION = "The opened file has been modified"
+
+
+def subrip(texts):
+    blocks = []
+    for number, text in enumerate(texts, 1):
+        at = "%02d:%02d:%02d" % (number // 3600, number // 60 % 60, number % 60)
+        blocks.append("%d\r\n%s,000 --> %s,500\r\n%s\r\n\r\n" % (number, at, at, text))
+    return "".join(blocks)
+
+
+def captions_of(content):
+    """Start and end in ms and the text of each caption of a SubRip file."""
+    clock = r"(\d\d):(\d\d):(\d\d),(\d\d\d)"
+    captions = []
+    for match in re.finditer(r"\d+\r\n%s --> %s\r\n(.*?)\r\n\r\n" % (clock, clock), content, re.S):
+        hours = [int(match.group(i)) for i in range(1, 9)]
+        start, end = (((h * 60 + m) * 60 + s) * 1000 + ms for h, m, s, ms in (hours[:4], hours[4:]))
+        captions.append((start, end, match.group(9)))
+    return captions
+
+
+class Scene:
+    """One program with a folder of its own."""
+
+    def __init__(self, binary, film, folder):
+        self.binary, self.film, self.folder = binary, film, folder
+        os.makedirs(folder)
+        self.config = os.path.join(folder, "config")
+        os.makedirs(os.path.join(self.config, "tessaly-cuewright"))
+        self.state = tempfile.TemporaryDirectory()
+        self.program = None
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, content):
+        with open(self.path(name), "w", encoding="utf-8", newline="") as file:
+            file.write(content)
+        return self.path(name)
+
+    def read(self, name):
+        with open(self.path(name), encoding="utf-8", newline="") as file:
+            return file.read()
+
+    def captions(self, name):
+        return captions_of(self.read(name))
+
+    def start(self, *arguments, options="", largest=None):
+        with open(os.path.join(self.config, "tessaly-cuewright", "settings.ini"), "w", encoding="utf-8") as file:
+            file.write("[Brakemoor Works\\Cuewright]\nLanguage=ENGLISH\nWindowState=0\nLastFolder=%s/\n%s" %
+                       (self.folder, options))
+        before = resource.getrlimit(resource.RLIMIT_FSIZE)
+        if largest is not None:
+            # The program must get an error for a file that grows beyond this, as on a full disk, and no signal.
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (largest, before[1]))
+        try:
+            environment = {"XDG_CONFIG_HOME": self.config, "XDG_STATE_HOME": self.state.name, "LC_ALL": "C.UTF-8",
+                           "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
+            self.program = desktop.Program(self.binary, list(arguments), environment, restore_signals=largest is None)
+        finally:
+            resource.setrlimit(resource.RLIMIT_FSIZE, before)
+        self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
+        desktop.focus(self.main)
+
+    def keys(self, *names):
+        """Keys for the main window."""
+        desktop.focus(self.main)
+        desktop.key(*names)
+
+    @contextlib.contextmanager
+    def stopped(self):
+        """Whatever comes meanwhile is found by the program all at once."""
+        self.program.process.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.program.process.send_signal(signal.SIGCONT)
+
+    def file_name(self, what):
+        return desktop.wait_for(what, lambda: self.program.find("text", "File name:"))
+
+    def type_path(self, path):
+        """Types a file of the scene's folder, where every dialog opens, into the file dialog, and confirms it."""
+        field = self.file_name("the file dialog")
+        # A whole path, typed fast, is now and then taken by the dialog's list of completions.
+        name = os.path.relpath(path, self.folder)
+        desktop.key("ctrl+a")
+        desktop.type_text(name)
+        desktop.wait_for("the typed name", lambda: field.queryText().getText(0, -1) == name)
+        desktop.key("Return")
+
+    def open_by_key(self, name):
+        self.keys("ctrl+o")
+        self.type_path(self.path(name))
+
+    def open_document(self, *texts, options="", largest=None):
+        """Starts with a SubRip file "a.srt" of these captions; its content."""
+        content = subrip(texts)
+        self.start_with(content, len(texts), options=options, largest=largest)
+        return content
+
+    def start_with(self, content, count, **how):
+        """Starts with "a.srt" of this content and waits for its captions."""
+        self.start(self.write("a.srt", content), **how)
+        self.wait_rows(count)
+
+    def start_with_film(self):
+        """Starts with the film, which stands in the scene's folder, and waits until it plays."""
+        film = self.path("film.mp4")
+        os.symlink(self.film, film)
+        self.start(film)
+        self.wait_film()
+
+    def append(self, path):
+        self.menu_item("alt+e", "Append subtitle...")
+        self.type_path(path)
+
+    def table(self):
+        return desktop.wait_for("the list", lambda: self.program.find("table", "List of the captions"))
+
+    def wait_rows(self, count):
+        table = self.table()
+        desktop.wait_for("%d captions" % count, lambda: table.queryTable().nRows == count)
+
+    def wait_film(self):
+        label = desktop.wait_for("the position", lambda: next(
+            (l for l in self.program.all("label") if l.description == "Current position in milliseconds"), None))
+        desktop.wait_for("the film to play", lambda: int(label.name or 0) > 100)
+
+    def pane(self):
+        return desktop.wait_for("the pane", lambda: self.program.find("text", "Text of the caption"))
+
+    def focus_pane(self):
+        pane = self.pane()
+        desktop.wait_for("a pane to type in", lambda: desktop.enabled(pane))
+        pane.queryComponent().grabFocus()
+        desktop.wait_for("the focus in the pane", lambda: pane.getState().contains(desktop.pyatspi.STATE_FOCUSED))
+        return pane
+
+    def type_into_pane(self, text):
+        pane = self.focus_pane()
+        desktop.key("ctrl+a")
+        desktop.type_text(text)
+        desktop.wait_for("the typed text", lambda: pane.queryText().getText(0, -1) == text)
+
+    def box_shown(self, text):
+        """The label of a box whose text has this part."""
+        return next((label for label in self.program.all("label")
+                     if text in label.name and label.getState().contains(desktop.pyatspi.STATE_SHOWING)), None)
+
+    def box(self, text, answer=None):
+        """Waits for a box whose text has this part; then presses a button of it or Escape."""
+        desktop.wait_for("a box with: " + text, lambda: self.box_shown(text))
+        if answer == "Escape":
+            desktop.key("Escape")
+            self.box_gone(text)
+        elif answer is not None:
+            self.press_button(answer)
+
+    def box_gone(self, text):
+        desktop.wait_for("the end of: " + text, lambda: not self.box_shown(text))
+
+    def menu_item(self, menu_key, name):
+        """Opens a menu by its key and walks down to an item."""
+        desktop.focus(self.main)
+        desktop.key(menu_key)
+        item = desktop.wait_for("the menu with " + name, lambda: self.program.find("menu item", name))
+        for _ in range(30):
+            state = item.getState()
+            if state.contains(desktop.pyatspi.STATE_FOCUSED) or state.contains(desktop.pyatspi.STATE_SELECTED):
+                break
+            desktop.key("Down")
+        desktop.key("Return")
+
+    def press_button(self, name):
+        """Clicks a button of the box on top."""
+        button = desktop.wait_for("the button " + name, lambda: self.program.find("push button", name))
+        where = button.queryComponent().getExtents(desktop.pyatspi.DESKTOP_COORDS)
+        desktop.xdotool("mousemove", where.x + where.width // 2, where.y + where.height // 2, "click", 1)
+
+    def save_until(self, name, part):
+        """Saves by the key and waits until the file holds this."""
+        self.keys("ctrl+s")
+        self.wait_saved(name, part)
+
+    def wait_saved(self, name, part):
+        desktop.wait_for("the saved text", lambda: part in self.read(name))
+
+    def close(self, answer=None):
+        """Closes the window, and answers the question that must come then."""
+        self.keys("alt+F4")
+        if answer is not None:
+            self.box(QUESTION, answer)
+
+    def close_asking_nothing(self):
+        self.close()
+        self.wait_end()
+
+    def close_with(self, answer):
+        self.close(answer)
+        self.wait_end()
+
+    def wait_end(self):
+        desktop.wait_for("the program's end", lambda: self.program.process.poll() is not None)
+        assert self.program.process.returncode == 0, self.program.process.returncode
+
+    def still_open(self):
+        assert self.program.process.poll() is None
+
+    def export_dialog(self, format_name=None):
+        """The dialog of formats, answered with OK."""
+        dialog = desktop.wait_for("the formats", lambda: self.program.window_id("^Save as$"))
+        desktop.focus(dialog)
+        if format_name is not None:
+            desktop.wait_for("the box of formats", lambda: self.program.find("combo box"))
+            desktop.type_text(format_name)
+        desktop.key("Return")
+
+    def save_dialog(self, path, replaces=None):
+        """The file dialog, answered with a path, and its question whether a file is replaced; None leaves it."""
+        self.file_name("the save dialog")
+        if path is None:
+            desktop.key("Escape")
+        else:
+            self.type_path(path)
+        if replaces is not None:
+            self.box("already exists", replaces)
+        if replaces == "No":
+            desktop.key("Escape")
+        desktop.wait_for("the end of the save dialog", lambda: self.program.find("text", "File name:") is None)
+
+    def focused(self):
+        """Role and name of what has the focus in the program."""
+        return next(((node.getRoleName(), node.name) for node in self.program.nodes()
+                     if node.getState().contains(desktop.pyatspi.STATE_FOCUSED)), None)
+
+    def tab_to(self, role, name):
+        """Goes on with the Tab key until this has the focus."""
+        for _ in range(40):
+            if self.focused() == (role, name):
+                return
+            desktop.key("Tab")
+            time.sleep(0.05)  # the focus is told a moment after the key
+        raise desktop.Timeout("no Tab reaches the %s %s" % (role, name))
+
+    def hold(self, name, seconds=0.5):
+        """Holds a key while a line is spoken, and waits as long as a pause between lines."""
+        desktop.xdotool("keydown", name)
+        time.sleep(seconds)
+        desktop.xdotool("keyup", name)
+        time.sleep(0.2)
+
+    def restore(self, count):
+        """Takes the offer to bring back so many captions of a run that ended early."""
+        self.box("It can be restored", "Yes")
+        self.wait_rows(count)
+        # The box stood over the window and has gone.
+        self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
+
+    def journals(self):
+        """The journals that are not empty."""
+        folder = os.path.join(self.state.name, "tessaly-cuewright", "journals")
+        names = os.listdir(folder) if os.path.isdir(folder) else []
+        return [name for name in names if os.path.getsize(os.path.join(folder, name)) > 0]
+
+    def end(self):
+        if self.program is not None:
+            self.program.quit()
