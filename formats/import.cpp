@@ -126,9 +126,9 @@ void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, 
 void Importer::ParseLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
                           CarryOn& errors) {
   const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
-  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
-                             wide,     filter.Beginning()};
-  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
+  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps,
+                             errors,   filter.Beginning()};
+  LineReader reader = MakeReader(context, pieces, false);
   bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
   ImportLine line;
@@ -140,10 +140,10 @@ void Importer::ParseLines(TextFile& file, bool wide, CaptionCollector& captions,
       mayTurnSpruce = false;
       errors([&] { loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false); });
       captions.DefinitionChanged();
-      parser = MakeParser(context, pieces, loader_.Definition().definitionFound);
+      reader = MakeReader(context, pieces, loader_.Definition().definitionFound);
     }
-    parser->Parse(line);
-    if (!wide) parser->ParseRun(file);
+    reader.parser->Parse(line);
+    if (reader.run && !wide) reader.run->ReadOn(file);
   }
 }
 
@@ -157,17 +157,9 @@ bool Importer::StopsHere(TextFile& file, const CaptionCollector& captions) {
   return true;
 }
 
-std::unique_ptr<LineParser> Importer::MakeParser(const ParseContext& context, const RecordPieces& pieces,
-                                                 bool bodySeen) const {
-  const Text& id = loader_.CurrentIdentifier();
-  if (loader_.State().CurrentFormatIndex == 0) return MakePlainTextParser(context);
-  if (id == kSubRip) return MakeSubRipParser(context);
-  if (id == kSubStationAlpha || id == kAdvancedSsa) return MakeDialogueParser(context);
-  if (id == kSami) return MakeSamiParser(context);
-  if (id == kTmPlayer) return MakeTmPlayerParser(context);
-  if (id == kAdobeEncore) return MakeEncoreParser(context);
-  if (id == kSpruceDvdMaestro || id == kSonicScenarist) return MakeSpruceParser(context, bodySeen);
-  return MakeGenericParser(context, pieces);
+LineReader Importer::MakeReader(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const {
+  if (loader_.State().CurrentFormatIndex == 0) return {MakePlainTextParser(context), nullptr};
+  return MakeLineReader(loader_.CurrentIdentifier(), context, pieces, bodySeen);
 }
 
 void Importer::FillList(std::vector<Caption> rows, bool append, CarryOn& errors) {

@@ -10,7 +10,7 @@
 #include "core/ports/messages.h"
 #include "core/runtime_error.h"
 #include "formats/definition.h"
-#include "formats/line_parsers.h"
+#include "formats/line_readers.h"
 #include "text/encodings.h"
 #include "text/text.h"
 #include "text/text_file.h"
@@ -69,7 +69,7 @@ class Importer {
   void ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces, CarryOn& errors);
   bool StopsHere(TextFile& file, const CaptionCollector& captions);
   void ParseLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces, CarryOn& errors);
-  std::unique_ptr<LineParser> MakeParser(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const;
+  LineReader MakeReader(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const;
   void FillList(std::vector<Caption> rows, bool append, CarryOn& errors);
   void TellAppended();
   void TellError(TextView path, const CarryOn& errors);

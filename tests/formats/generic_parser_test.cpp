@@ -172,9 +172,14 @@ Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool litera
   CarryOn errors;
   const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
   CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
-  const auto parser = MakeGenericParser({captions, rig.loader.Definition(), literal, fps, errors, searching}, pieces);
+  const LineReader reader =
+      MakeLineReader(u"OWN", {captions, rig.loader.Definition(), literal, fps, errors}, pieces, false);
+  EXPECT_NE(reader.run, nullptr);
   ImportLine line;
-  while (line.Next(file, nullptr)) parser->Parse(line);
+  while (line.Next(file, nullptr)) {
+    reader.parser->Parse(line);
+    if (!searching) reader.run->ReadOn(file);
+  }
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
   return captions.Take();
 }

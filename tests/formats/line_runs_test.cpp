@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "formats/caption_collector.h"
-#include "formats/line_parsers.h"
-#include "formats/record_pieces.h"
+#include "formats/line_readers.h"
 #include "tests/formats/catalogue_documents.h"
 #include "tests/formats/format_rig.h"
 #include "tests/support/printers.h"
@@ -109,13 +108,6 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
   for (const TextView id : {u"SAMI", u"WEBVTT", u"MICRODVD", u"SUBSTATIONALPHA"}) Compare(Text(id), 77, 60);
 }
 
-std::unique_ptr<LineParser> ParserFor(TextView id, const ParseContext& context, const RecordPieces& pieces) {
-  if (id == u"SUBRIP") return MakeSubRipParser(context);
-  if (id == u"SAMI") return MakeSamiParser(context);
-  if (id == u"SUBSTATIONALPHA") return MakeDialogueParser(context);
-  return MakeGenericParser(context, pieces);
-}
-
 /// Reads a document with a format's parser, straight from the bytes where it can, or line by line.
 std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& bytes, bool literal, bool runs) {
   rig.Choose(id);
@@ -126,12 +118,12 @@ std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& by
   CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
   const float fps = RateOf(rig.catalogue, id);
   const ParseContext context{captions, rig.loader.Definition(), literal, fps, errors};
-  const auto parser = ParserFor(id, context, pieces);
+  const LineReader reader = MakeLineReader(id, context, pieces, false);
   TextFile file = TextFile::Auto(bytes, rig.encodings);
   ImportLine line;
   while (line.Next(file, nullptr)) {
-    parser->Parse(line);
-    if (runs) parser->ParseRun(file);
+    reader.parser->Parse(line);
+    if (runs && reader.run) reader.run->ReadOn(file);
   }
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
   return captions.Take();
