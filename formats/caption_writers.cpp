@@ -154,11 +154,11 @@ class RecordWriter {
   /// other.
   bool PutUtf8(TextView text, TextView separator) {
     if (separator.empty() || separator.front() >= 0x80) return false;
+    const Stops stops{u'<', u'\r', separator.front()};
     const std::size_t before = sink_.Size();
     std::size_t at = 0;
     for (;;) {
       const TextView rest = text.substr(at);
-      const Stops stops{u'<', u'\r', separator.front()};
       const EncodedPart part = EncodeUtf8Until(rest, stops, sink_.Room(EncodedRoom(rest.size())));
       sink_.Advance(part.bytes);
       at += part.units;
@@ -248,17 +248,6 @@ void LineSink::Put(TextView text) {
   scratch_.clear();
   codec_.Encode(text, scratch_);
   PutBytes(scratch_);
-}
-
-void LineSink::PutBytes(std::string_view bytes) {
-  const std::span<char> to = Room(bytes.size());
-  // Most are a few bytes between two fields; a call to copy them would take longer than the copying.
-  if (bytes.size() <= 4) {
-    for (std::size_t i = 0; i < bytes.size(); ++i) to[i] = bytes[i];
-  } else {
-    std::copy(bytes.begin(), bytes.end(), to.begin());
-  }
-  size_ += bytes.size();
 }
 
 void LineSink::EndLine() {

@@ -24,7 +24,16 @@ class LineSink {
 
   void Put(TextView text);
   /// Bytes that are in the file's encoding.
-  void PutBytes(std::string_view bytes);
+  void PutBytes(std::string_view bytes) {
+    char* const to = Room(bytes.size()).data();
+    // Most are a few bytes between two fields; a call to copy them would take longer than the copying.
+    if (bytes.size() <= 4) {
+      for (std::size_t i = 0; i < bytes.size(); ++i) to[i] = bytes[i];
+    } else {
+      bytes.copy(to, bytes.size());
+    }
+    size_ += bytes.size();
+  }
   /// Puts CR LF, and hands a full block on.
   void EndLine();
   void WriteLine(TextView line) {

@@ -14,14 +14,17 @@ inline std::size_t DigitsAtBeginning(std::string_view bytes) {
   return count;
 }
 
-/// Most digits of a number that `CountOf` reads.
+/// Most digits of a number that fits 32 bits whatever they are.
 inline constexpr std::size_t kLongestCount = 9;
 
-/// The number of up to nine digits.
-inline std::int32_t CountOf(std::string_view digits) {
-  std::int32_t count = 0;
-  for (const char c : digits) count = count * 10 + (c - '0');
-  return count;
+/// The number that the bytes begin with, of its first nine digits; returns how many digits it has.
+inline std::size_t ReadCount(std::string_view bytes, std::int32_t& count) {
+  std::size_t length = 0;
+  count = 0;
+  for (; length < bytes.size() && IsDigit(bytes[length]); ++length) {
+    if (length < kLongestCount) count = count * 10 + (bytes[length] - '0');
+  }
+  return length;
 }
 
 }  // namespace cuewright

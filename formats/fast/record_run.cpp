@@ -152,7 +152,8 @@ class RecordRun final : public LineRun {
   bool ReadTime(std::string_view field, std::int32_t& time) const {
     if (!form_.counts && context_.fps == 0) return reader_.ParseClock(field, time);
     if (!form_.counts) return ReadClockOfFrames(field, time);
-    time = CountOf(field);
+    time = 0;
+    for (const char digit : field) time = time * 10 + (digit - '0');
     if (!reader_.CountsFrames()) return true;
     if (wholeRate_ == 0 || time >= kFewFrames) return false;
     time = time * 1000 / wholeRate_;

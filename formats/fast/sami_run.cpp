@@ -45,11 +45,12 @@ class SamiRun final : public LineRun {
   std::size_t TakeTagLine(std::string_view line, char lineEnd) {
     if (!line.starts_with(kSync)) return TakeKnownLine(line, lineEnd);
     const std::string_view time = line.substr(kSync.size());
-    const std::size_t digits = DigitsAtBeginning(time);
+    std::int32_t ms = 0;
+    const std::size_t digits = ReadCount(time, ms);
     if (digits == 0 || digits > kLongestCount || digits + 1 >= time.size()) return 0;
     if (time[digits] != '>' || time[digits + 1] != lineEnd) return 0;
     FlushTimed();
-    captions_.TakeNextTime(CountOf(time.substr(0, digits)));
+    captions_.TakeNextTime(ms);
     return kSync.size() + digits + 1;
   }
 

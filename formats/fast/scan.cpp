@@ -126,41 +126,50 @@ bool FindMarks(std::string_view bytes, char mark, char end, std::span<std::size_
 
 namespace {
 
-/// Units in front of the first one that is a stop or no ASCII; they are narrowed to `out` on the way.
-std::size_t NarrowUntil(TextView text, Stops stops, char* out) {
-  std::size_t at = 0;
-#if defined(__SSE2__)
-  const Block stopA = AllUnits(stops.a);
-  const Block stopB = AllUnits(stops.b);
-  const Block stopC = AllUnits(stops.c);
-  for (; at + 8 <= text.size(); at += 8) {
-    const Block units = LoadBlock(text.data() + at);
-    // All eight bytes may be written: `EncodedRoom` has three for each unit.
-    NarrowBlock(units, out + at);
-    const Block found = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi16(units, stopA), _mm_cmpeq_epi16(units, stopB)),
-                                     _mm_cmpeq_epi16(units, stopC));
-    const unsigned others = BitsOf(_mm_andnot_si128(found, AsciiUnits(units))) ^ 0xFFFFu;
-    if (others != 0) return at + FirstBit(others) / 2;
+/// Encodes the character beyond ASCII at `at`, with those behind it where it has more than two bytes, and moves both
+/// places behind it.
+void PutBeyondAscii(const char16_t*& at, const char16_t* end, char*& out) {
+  if (*at < 0x800) {
+    *out++ = static_cast<char>(0xC0 | (*at >> 6));
+    *out++ = static_cast<char>(0x80 | (*at++ & 0x3F));
+    return;
   }
-#endif
-  for (; at < text.size() && text[at] < 0x80 && !stops.Has(text[at]); ++at) out[at] = static_cast<char>(text[at]);
-  return at;
+  const char16_t* const start = at;
+  while (at != end && *at >= 0x800) ++at;
+  const TextView others(start, at);
+  out += EncodeUtf8(others, {out, EncodedRoom(others.size())});
 }
 
 }  // namespace
 
-EncodedPart EncodeUtf8Until(TextView text, Stops stops, std::span<char> out) {
-  EncodedPart part;
+EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> room) {
+  const char16_t* at = text.data();
+  const char16_t* const end = at + text.size();
+  char* out = room.data();
+#if defined(__SSE2__)
+  const Block stopA = AllUnits(stops.a);
+  const Block stopB = AllUnits(stops.b);
+  const Block stopC = AllUnits(stops.c);
+#endif
   for (;;) {
-    const std::size_t ascii = NarrowUntil(text.substr(part.units), stops, out.data() + part.bytes);
-    part.units += ascii;
-    part.bytes += ascii;
-    std::size_t end = part.units;
-    while (end < text.size() && text[end] >= 0x80) ++end;
-    if (end == part.units) return part;
-    part.bytes += EncodeUtf8(text.substr(part.units, end - part.units), out.subspan(part.bytes));
-    part.units = end;
+#if defined(__SSE2__)
+    while (end - at >= 8) {
+      const Block units = LoadBlock(at);
+      // All eight bytes may be written: `EncodedRoom` has three for each unit.
+      NarrowBlock(units, out);
+      const Block found = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi16(units, stopA), _mm_cmpeq_epi16(units, stopB)),
+                                       _mm_cmpeq_epi16(units, stopC));
+      const unsigned others = BitsOf(_mm_andnot_si128(found, AsciiUnits(units))) ^ 0xFFFFu;
+      const std::size_t plain = others != 0 ? FirstBit(others) / 2 : 8;
+      at += plain, out += plain;
+      if (others != 0) break;
+    }
+#endif
+    for (; at != end && *at < 0x80 && !stops.Has(*at); ++at) *out++ = static_cast<char>(*at);
+    if (at == end || *at < 0x80) break;
+    PutBeyondAscii(at, end, out);
   }
+  return {static_cast<std::size_t>(at - text.data()), static_cast<std::size_t>(out - room.data())};
 }
 
 }  // namespace cuewright

@@ -44,6 +44,6 @@ struct Stops {
 };
 
 /// Does what `EncodeUtf8` does, up to the first of the stops.
-EncodedPart EncodeUtf8Until(TextView text, Stops stops, std::span<char> out);
+EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> room);
 
 }  // namespace cuewright
