@@ -183,7 +183,7 @@ void FileActions::LoadSteps(const Text& path, CarryOn& step) {
   ports_.desktop.SetBusy(true);
   step([&] { p_.panel.ResetGrid(true); });
   step([&] { resetRuleReport(); });
-  step([&] { p_.importer.DetectFormat(path, false, false); });
+  step([&] { p_.importer.DetectFormat(path, Loading::NewDocument); });
   p_.list.SetEnabled(true);
   step([&] { p_.recall.Keep(u"TFileName", p_.window.mnuTFileName, path); });
   p_.document.DocModified = false;
@@ -234,7 +234,7 @@ void FileActions::Append() {
   {
     const FileWork work(p_.document);
     const EditScope scope(p_.list, EditKind::Append);
-    p_.importer.DetectFormat(path, false, true);
+    p_.importer.DetectFormat(path, Loading::Append);
   }
   p_.document.ImportCancelled = false;
   p_.recall.SavePath(path);

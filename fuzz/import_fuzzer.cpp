@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   engine.Open(u"file.txt", bytes);
   Demand(engine.captions.Rows() - 1 <= kMostCaptions, "a load stops behind 32000 captions");
   const Row before = engine.captions.Rows();
-  engine.Open(u"file.sub", bytes, true);
+  engine.Open(u"file.sub", bytes, Loading::Append);
   Demand(engine.captions.Rows() - before <= kMostCaptions, "an append stops behind 32000 captions");
   return 0;
 }

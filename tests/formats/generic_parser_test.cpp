@@ -26,7 +26,7 @@ struct OwnFormat : FormatRig {
 
 RecordPieces PiecesOf(const std::string& ini, const std::string& record, int* error = nullptr) {
   OwnFormat rig(ini, record);
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"OWN", false, false));
+  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"OWN"));
   CarryOn errors;
   RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
   if (error != nullptr) *error = errors.Last() ? errors.Last()->number : 0;
@@ -168,7 +168,7 @@ TEST(GenericStartTextEnd, ReadsStartTextAndEndOfOneLine) {
 
 Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool literal, float fps, bool searching) {
   TextFile file = TextFile::Auto(content, rig.encodings);
-  rig.loader.LoadFormatDefinition(u"OWN", false, false);
+  rig.loader.LoadFormatDefinition(u"OWN");
   CarryOn errors;
   const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
   CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);

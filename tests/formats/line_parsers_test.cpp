@@ -137,7 +137,7 @@ TEST(TmPlayerLines, ThatBeginWithZeroTimeAreDroppedInAnEmptyList) {
 TEST(TmPlayerLines, ThatBeginWithZeroTimeAreReadWhenAppending) {
   FormatRig rig;
   rig.Fill({{1, 2, u"a"}, {3, 4, u"b"}});
-  rig.ImportAs(u"TMPLAYER", "00:00:00,1=first\r\n00:00:02,1=\r\n", u"25", true);
+  rig.ImportAs(u"TMPLAYER", "00:00:00,1=first\r\n00:00:02,1=\r\n", u"25", Loading::Append);
   EXPECT_EQ(rig.captions.At(3), (Caption{0, 2000, u"first"}));
 }
 

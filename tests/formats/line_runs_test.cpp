@@ -111,7 +111,7 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
 /// Reads a document with a format's parser, straight from the bytes where it can, or line by line.
 std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& bytes, bool literal, bool runs) {
   rig.Choose(id);
-  rig.loader.LoadFormatDefinition(id, false, false);
+  rig.loader.LoadFormatDefinition(id);
   CarryOn errors;
   RecordPieces pieces;
   if (id != u"SUBSTATIONALPHA") pieces = CutRecord(rig.loader.Definition(), errors);
