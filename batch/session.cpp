@@ -64,9 +64,12 @@ bool Session::ReadCatalogue(const Text& programFolder) {
   if (errors.Last()) boxes_.Tell(errors.Last()->description);
   if (complete && catalogue_.Count() == 0) boxes_.Tell(folder + u"formats.dat lists no format");
   if (!complete || catalogue_.Count() == 0) return false;
-  loader_ = std::make_unique<FormatLoader>(catalogue_, state_, *settings_, strings_, boxes_, host_);
-  importer_ = std::make_unique<Importer>(*loader_, captions_, files_, encodings_, cancelled_);
-  exporter_ = std::make_unique<Exporter>(*loader_, captions_, files_, encodings_, path_, modified_);
+  const FormatTalk talk{strings_, boxes_, host_};
+  loader_ = std::make_unique<FormatLoader>(catalogue_, state_, *settings_, talk);
+  const FormatSet formats{catalogue_, state_, *loader_};
+  const FileAccess access{files_, encodings_};
+  importer_ = std::make_unique<Importer>(formats, talk, captions_, access, cancelled_);
+  exporter_ = std::make_unique<Exporter>(formats, talk, captions_, access, path_, modified_);
   return true;
 }
 
@@ -90,7 +93,7 @@ bool Session::Load(const Text& path) {
   loadTroubles_ = 0;
   if (!Begin(path)) return false;
   boxes_.line = [this] { return importer_->TroubleLine(); };
-  importer_->DetectFormat(path, false, false);
+  importer_->DetectFormat(path, Loading::NewDocument);
   boxes_.line = nullptr;
   loadTroubles_ = boxes_.Troubles();
   return captions_.Rows() > 2 || !IsBlank(captions_.At(1).text);

@@ -51,7 +51,7 @@ class Session {
   const RuleReport& Report() const { return report_; }
   const LangStrings& Strings() const { return strings_; }
   /// Identifier of the document's format.
-  const Text& Format() const { return loader_->CurrentIdentifier(); }
+  const Text& Format() const { return catalogue_.Identifier(state_.CurrentFormatIndex); }
 
   /// Writes the document in a format; false, after telling why, when that fails.
   bool Save(const Text& path, int format, bool keepUntimed);

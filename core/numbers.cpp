@@ -6,8 +6,6 @@
 namespace cuewright {
 namespace {
 
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 /// True when a number can't go on with this character.
 bool EndsNumber(char16_t c) {
   return c > u'9' ? c != u'e' && c != u'E' : c != u'.' && c != u' ' && c != u'\t' && c != u'\r' && c != u'\n';

@@ -30,6 +30,11 @@ class CaptionCollector {
   bool TimesSet() const { return StartSet() && EndSet(); }
   const Text& Separator() const { return separator_; }
 
+  /// Takes a time as the start, or as the end when the start is there; not when both are.
+  void TakeNextTime(std::int32_t time) {
+    if (!TimesSet()) (StartSet() ? captionEnd : captionStart) = time;
+  }
+
   /// Adds a line to the text, behind the separator when there is text already.
   void AddLine(TextView line);
 

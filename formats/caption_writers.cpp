@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "formats/fast/scan.h"
 #include "formats/text_pieces.h"
 #include "text/text_search.h"
 #include "text/utf8.h"
@@ -13,7 +14,6 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
-constexpr std::size_t kRoomForNumber = 280;
 constexpr std::array<TextView, 3> kMarkers = {u"<b>", u"<i>", u"<u>"};
 
 void RemoveMarkers(Text& text) {
@@ -103,7 +103,7 @@ class RecordWriter {
       case Field::Count:
         if (sink_.KeepsAscii()) {
           const std::size_t digits = job_.definition.subCountPicture.size();
-          return sink_.Advance(PutNumberBytes(row - 1 + firstNumber_, digits, sink_.Room(kRoomForNumber)));
+          return sink_.Advance(PutNumberBytes(row - 1 + firstNumber_, digits, sink_.Room(kLongestNumber)));
         }
         field_.clear();
         AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), field_);
@@ -118,7 +118,7 @@ class RecordWriter {
   void PutTime(std::int32_t ms) {
     const bool clock = plainMarkers_ || !(milliseconds_ || frames_);
     if (sink_.KeepsAscii() && (!clock || timecodes_.IsAscii())) {
-      char* const to = sink_.Room(clock ? timecodes_.Longest() : kRoomForNumber);
+      const std::span<char> to = sink_.Room(clock ? timecodes_.Longest() : kLongestNumber);
       return sink_.Advance(clock ? timecodes_.PutBytes(ms, job_.fps, to)
                                  : PutNumberBytes(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, to));
     }
@@ -154,13 +154,13 @@ class RecordWriter {
   /// other.
   bool PutUtf8(TextView text, TextView separator) {
     if (separator.empty() || separator.front() >= 0x80) return false;
+    const Stops stops{u'<', u'\r', separator.front()};
     const std::size_t before = sink_.Size();
     std::size_t at = 0;
     for (;;) {
       const TextView rest = text.substr(at);
-      char* const to = sink_.Room(3 * rest.size() + 8);
-      const EncodedPart part = EncodeUtf8Until(rest, u'<', u'\r', separator.front(), to);
-      sink_.Advance(to + part.bytes);
+      const EncodedPart part = EncodeUtf8Until(rest, stops, sink_.Room(EncodedRoom(rest.size())));
+      sink_.Advance(part.bytes);
       at += part.units;
       if (at == text.size()) return true;
       if (text[at] == u'<' || text[at] == u'\r') break;
@@ -242,24 +242,12 @@ void LineSink::Grow(std::size_t count) {
 
 void LineSink::Put(TextView text) {
   if (utf8_) {
-    char* const to = Room(3 * text.size() + 8);
-    size_ += EncodeUtf8(text, to);
+    size_ += EncodeUtf8(text, Room(EncodedRoom(text.size())));
     return;
   }
   scratch_.clear();
   codec_.Encode(text, scratch_);
   PutBytes(scratch_);
-}
-
-void LineSink::PutBytes(std::string_view bytes) {
-  char* const to = Room(bytes.size());
-  // Most are a few bytes between two fields; a call to copy them would take longer than the copying.
-  if (bytes.size() <= 4) {
-    for (std::size_t i = 0; i < bytes.size(); ++i) to[i] = bytes[i];
-  } else {
-    std::copy(bytes.begin(), bytes.end(), to);
-  }
-  size_ += bytes.size();
 }
 
 void LineSink::EndLine() {

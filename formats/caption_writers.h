@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,7 +24,16 @@ class LineSink {
 
   void Put(TextView text);
   /// Bytes that are in the file's encoding.
-  void PutBytes(std::string_view bytes);
+  void PutBytes(std::string_view bytes) {
+    char* const to = Room(bytes.size()).data();
+    // Most are a few bytes between two fields; a call to copy them would take longer than the copying.
+    if (bytes.size() <= 4) {
+      for (std::size_t i = 0; i < bytes.size(); ++i) to[i] = bytes[i];
+    } else {
+      bytes.copy(to, bytes.size());
+    }
+    size_ += bytes.size();
+  }
   /// Puts CR LF, and hands a full block on.
   void EndLine();
   void WriteLine(TextView line) {
@@ -37,12 +47,12 @@ class LineSink {
   /// True when ASCII stands in the file as it is.
   bool KeepsAscii() const { return codec_.AsciiIsPlain(); }
 
-  /// Room for `count` bytes behind those held back; `Advance` takes what was put there, up to the place `end`.
-  char* Room(std::size_t count) {
+  /// Room for `count` bytes or more behind those held back; `Advance` takes what was put there.
+  std::span<char> Room(std::size_t count) {
     if (capacity_ < size_ + count) Grow(count);
-    return held_.get() + size_;
+    return {held_.get() + size_, capacity_ - size_};
   }
-  void Advance(const char* end) { size_ = static_cast<std::size_t>(end - held_.get()); }
+  void Advance(std::size_t count) { size_ += count; }
   /// Bytes held back, and the way back to fewer of them.
   std::size_t Size() const { return size_; }
   void Cut(std::size_t size) { size_ = size; }

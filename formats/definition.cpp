@@ -45,10 +45,6 @@ Text MaskOfTimecode(TextView timecode, bool frames) {
   return frames ? ReplaceAll(mask, u"ff", u"00") : mask;
 }
 
-FormatLoader::FormatLoader(const FormatCatalogue& catalogue, FormatState& state, const SettingsReader& settings,
-                           const LangStrings& strings, Messages& messages, FormatHost& host)
-    : catalogue_(catalogue), state_(state), settings_(settings), strings_(strings), messages_(messages), host_(host) {}
-
 const TimecodeForm& FormatLoader::FormOf(TextView formatId) {
   const Text id(formatId);
   const auto hit = forms_.find(id);
@@ -79,15 +75,17 @@ const FormatLoader::Parsed& FormatLoader::ParsedOf(TextView formatId) {
   return parsed_.emplace(id, std::move(parsed)).first->second;
 }
 
-bool FormatLoader::LoadFormatDefinition(TextView formatId, bool select, bool timecodeOnly) {
-  FormatDefinition& into = definition_;
-  into.definitionFound = false;
+void FormatLoader::LoadTimecode(TextView formatId) {
   const TimecodeForm& form = FormOf(formatId);
-  into.timecodeTemplate = form.timecodeTemplate;
-  into.timecodeMask = form.timecodeMask;
-  if (!IsCount(form.timecodeTemplate)) static_cast<TimecodeForm&>(into) = form;
-  if (timecodeOnly) return false;
+  definition_.definitionFound = false;
+  definition_.timecodeTemplate = form.timecodeTemplate;
+  definition_.timecodeMask = form.timecodeMask;
+  if (!IsCount(form.timecodeTemplate)) static_cast<TimecodeForm&>(definition_) = form;
+}
 
+bool FormatLoader::LoadFormatDefinition(TextView formatId) {
+  LoadTimecode(formatId);
+  FormatDefinition& into = definition_;
   const Parsed& parsed = ParsedOf(formatId);
   into.sampleText = parsed.sampleText;
   into.lineBreak = parsed.lineBreak;
@@ -99,39 +97,35 @@ bool FormatLoader::LoadFormatDefinition(TextView formatId, bool select, bool tim
   into.definitionFound = parsed.block.found;
   if (!parsed.block.valid) return Fail(formatId);
   into.singleLineRecord = parsed.singleLineRecord;
-  into.headerText = parsed.builtInHeader ? BuildBuiltInHeader() : parsed.block.header;
+  into.headerText = parsed.builtInHeader ? BuildBuiltInHeader(catalogue_.Identifier(state_.CurrentFormatIndex),
+                                                              settings_, state_.ListCharset)
+                                         : parsed.block.header;
   into.footerText = parsed.block.footer;
   into.recordText = parsed.block.record;
   into.captionAfterEnd = parsed.captionAfterEnd;
   into.subCountPicture = parsed.subCountPicture;
-  if (select) Select(formatId);
   return true;
 }
 
-void FormatLoader::Select(TextView formatId) {
+bool FormatLoader::SelectFormat(TextView formatId) {
+  if (!LoadFormatDefinition(formatId)) return false;
   const int index = catalogue_.IndexOf(formatId);
   if (index > 0) state_.CurrentFormatIndex = static_cast<std::uint8_t>(index);
-  host_.SetTextFileLabel(StatusText(Message::ImportingFile, formatId));
-  host_.Yield();
+  talk_.host.SetTextFileLabel(Fill(talk_.strings[Message::ImportingFile], catalogue_.DisplayName(formatId)));
+  talk_.host.Yield();
+  return true;
 }
 
 bool FormatLoader::Fail(TextView formatId) {
   if (!failureShown_) {
     failureShown_ = true;
-    messages_.Show({Fill(strings_[Message::FormatIncorrect], formatId), BoxIcon::Warning, BoxButtons::Ok, {}});
+    talk_.messages.Show(
+        {Fill(talk_.strings[Message::FormatIncorrect], formatId), BoxIcon::Warning, BoxButtons::Ok, {}});
   }
   definition_.headerText.clear();
   definition_.footerText.clear();
   definition_.recordText.clear();
   return false;
-}
-
-Text FormatLoader::BuildBuiltInHeader() const {
-  return cuewright::BuildBuiltInHeader(CurrentIdentifier(), settings_, state_.ListCharset);
-}
-
-Text FormatLoader::StatusText(Message message, TextView formatId) const {
-  return Fill(strings_[message], catalogue_.DisplayName(formatId));
 }
 
 }  // namespace cuewright

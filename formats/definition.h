@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <unordered_map>
 
-#include "core/lang_strings.h"
-#include "core/ports/messages.h"
 #include "core/ports/settings_reader.h"
 #include "formats/catalogue.h"
 #include "formats/format_host.h"
@@ -47,31 +45,22 @@ Text MaskOfTimecode(TextView timecode, bool frames);
 class FormatLoader {
  public:
   FormatLoader(const FormatCatalogue& catalogue, FormatState& state, const SettingsReader& settings,
-               const LangStrings& strings, Messages& messages, FormatHost& host);
+               const FormatTalk& talk)
+      : catalogue_(catalogue), state_(state), settings_(settings), talk_(talk) {}
 
-  /// Puts the format in force; true when it was loaded whole. `timecodeOnly` stops behind the timecode's texts and
-  /// gives false. `select` makes it the current format and tells so in the status label. A format that is incomplete is
-  /// told by `Message::FormatIncorrect`, at most once in a run. Run-time error 6 when its tag flags don't fit 8 bits.
-  bool LoadFormatDefinition(TextView formatId, bool select, bool timecodeOnly);
+  /// Puts the format in force; true when it was loaded whole. A format that is incomplete is told by
+  /// `Message::FormatIncorrect`, at most once in a run. Run-time error 6 when its tag flags don't fit 8 bits.
+  bool LoadFormatDefinition(TextView formatId);
+
+  /// The same, and makes it the current format, which the status label tells.
+  bool SelectFormat(TextView formatId);
+
+  /// Takes over the format's timecode alone; no definition is in force then.
+  void LoadTimecode(TextView formatId);
 
   /// The record; import changes it for the time that a file is read.
   FormatDefinition& Definition() { return definition_; }
   const FormatDefinition& Definition() const { return definition_; }
-
-  const FormatCatalogue& Catalogue() const { return catalogue_; }
-  FormatState& State() { return state_; }
-  FormatHost& Host() { return host_; }
-  const LangStrings& Strings() const { return strings_; }
-  Messages& Boxes() { return messages_; }
-
-  /// The identifier of `CurrentFormatIndex`.
-  const Text& CurrentIdentifier() const { return catalogue_.Identifier(state_.CurrentFormatIndex); }
-
-  /// The header of the current format when the program builds it; empty otherwise.
-  Text BuildBuiltInHeader() const;
-
-  /// Fills "%1" of `Message::ImportingFile` or `Message::ExportingFile` with the format's display name.
-  Text StatusText(Message message, TextView formatId) const;
 
  private:
   struct Parsed;
@@ -79,7 +68,6 @@ class FormatLoader {
   const TimecodeForm& FormOf(TextView formatId);
   const Parsed& ParsedOf(TextView formatId);
   bool Fail(TextView formatId);
-  void Select(TextView formatId);
 
   struct Parsed {
     Text sampleText;
@@ -97,13 +85,20 @@ class FormatLoader {
   const FormatCatalogue& catalogue_;
   FormatState& state_;
   const SettingsReader& settings_;
-  const LangStrings& strings_;
-  Messages& messages_;
-  FormatHost& host_;
+  FormatTalk talk_;
   FormatDefinition definition_;
   std::unordered_map<Text, TimecodeForm> forms_;
   std::unordered_map<Text, Parsed> parsed_;
   bool failureShown_ = false;
+};
+
+/// The formats there are, the one in force, and what puts another in force.
+struct FormatSet {
+  const FormatCatalogue& catalogue;
+  FormatState& state;
+  FormatLoader& loader;
+
+  const Text& CurrentIdentifier() const { return catalogue.Identifier(state.CurrentFormatIndex); }
 };
 
 }  // namespace cuewright

@@ -7,19 +7,16 @@
 
 namespace cuewright {
 
-Exporter::Exporter(FormatLoader& loader, const CaptionList& captions, Files& files, const Encodings& encodings,
-                   const Text& path, bool& modified)
-    : loader_(loader), captions_(captions), files_(files), encodings_(encodings), path_(path), modified_(modified) {}
-
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS, u"classic"); }
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
-  FormatHost& host = loader_.Host();
-  host.SetTextFileLabel(loader_.StatusText(Message::ExportingFile, loader_.CurrentIdentifier()));
+  FormatHost& host = talk_.host;
+  const Text id = formats_.CurrentIdentifier();
+  host.SetTextFileLabel(Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
   host.ClearVideoFileLabel();
   host.Yield();
   CarryOn errors;
-  errors([&] { LoadFormat(); });
+  if (id != kPlainText) errors([&] { formats_.loader.LoadFormatDefinition(id); });
   const bool written = WriteFile(lastRow, errors);
   if (!written && (errors.Last()->number == kErrorPathFileAccess || errors.Last()->number == kErrorDiskFull)) {
     TellNotSaved(*errors.Last());
@@ -33,19 +30,14 @@ bool Exporter::ExportSubtitle(std::int16_t lastRow) {
   return written;
 }
 
-void Exporter::LoadFormat() {
-  const Text id = loader_.CurrentIdentifier();
-  if (id != kPlainText) loader_.LoadFormatDefinition(id, false, false);
-}
-
 bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
-  const Text id = loader_.CurrentIdentifier();
-  const WriteJob job{captions_, lastRow, loader_.Definition(), id, loader_.State().CurrentFps, errors};
-  DocumentEncoding encoding = loader_.State().Encoding;
+  const Text id = formats_.CurrentIdentifier();
+  const WriteJob job{captions_, lastRow, formats_.loader.Definition(), id, formats_.state.CurrentFps, errors};
+  DocumentEncoding encoding = formats_.state.Encoding;
   const DocumentEncoding before = encoding;
   const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, encoding);
   const bool written = errors([&] {
-    files_.Replace(path_, [&](ByteSink& bytes) {
+    access_.files.Replace(path_, [&](ByteSink& bytes) {
       if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
       LineSink sink(bytes, *codec);
       if (id == kPlainText) {
@@ -53,7 +45,7 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
       } else if (id == kTmPlayer) {
         WriteTmPlayer(job, sink);
       } else if (id == kAdobeEncore) {
-        WriteEncore(job, encodings_, Classic(), sink);
+        WriteEncore(job, access_.encodings, Classic(), sink);
       } else {
         WriteTemplate(job, sink);
       }
@@ -62,23 +54,24 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   });
   const bool changed = written && !Classic() && id != kAdobeEncore && encoding.codePage != before.codePage;
   if (changed) {
-    loader_.State().Encoding = encoding;
-    loader_.Host().SavedAsUtf8(before);
+    formats_.state.Encoding = encoding;
+    talk_.host.SavedAsUtf8(before);
   }
   return written;
 }
 
 std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, DocumentEncoding& encoding) const {
   if (Classic()) {
-    encoding = {encodings_.SystemCodePage(), false};
-    return encodings_.SystemCodec();
+    encoding = {access_.encodings.SystemCodePage(), false};
+    return access_.encodings.SystemCodec();
   }
-  if (loader_.CurrentIdentifier() == kAdobeEncore) {
+  if (formats_.CurrentIdentifier() == kAdobeEncore) {
     encoding = {kCodePageUtf8, false};
     return MakeCodec(kCodePageUtf8);
   }
-  std::shared_ptr<const Codec> codec =
-      encoding.codePage == encodings_.SystemCodePage() ? encodings_.SystemCodec() : MakeCodec(encoding.codePage);
+  std::shared_ptr<const Codec> codec = encoding.codePage == access_.encodings.SystemCodePage()
+                                           ? access_.encodings.SystemCodec()
+                                           : MakeCodec(encoding.codePage);
   if (AllHeldBy(*codec, lastRow)) return codec;
   encoding = {kCodePageUtf8, false};
   return MakeCodec(kCodePageUtf8);
@@ -86,8 +79,8 @@ std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, DocumentEncoding
 
 bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
   if (codec.IsUtf8()) return true;
-  const FormatDefinition& definition = loader_.Definition();
-  if (loader_.CurrentIdentifier() == kPlainText) {
+  const FormatDefinition& definition = formats_.loader.Definition();
+  if (formats_.CurrentIdentifier() == kPlainText) {
     lastRow = captions_.Rows() - 1;
   } else {
     for (const Text* text : {&definition.headerText, &definition.recordText, &definition.footerText,
@@ -102,17 +95,17 @@ bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
 }
 
 void Exporter::TellNotSaved(const RuntimeError& error) {
-  Text text = Fill(loader_.Strings()[Message::SaveFailed], path_);
+  Text text = Fill(talk_.strings[Message::SaveFailed], path_);
   // The message guesses at a read-only file; a full disk is told by name.
   if (error.number == kErrorDiskFull) text.append(kLineEnd).append(kLineEnd).append(error.description);
-  loader_.Boxes().Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
+  talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
 }
 
 void Exporter::TellError(const RuntimeError& error) {
   Text text = u"An error ocurred while saving the file ";
   text.append(path_).append(u".").append(kLineEnd).append(kLineEnd);
   text += u"Error #" + Decimal(error.number) + u": " + error.description;
-  loader_.Boxes().Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
+  talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
 }
 
 }  // namespace cuewright

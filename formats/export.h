@@ -5,10 +5,9 @@
 #include <vector>
 
 #include "core/caption_list.h"
-#include "core/ports/files.h"
 #include "core/runtime_error.h"
 #include "formats/definition.h"
-#include "text/encodings.h"
+#include "formats/file_access.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -17,8 +16,9 @@ namespace cuewright {
 class Exporter {
  public:
   /// `path` is the document's own path and `modified` its flag; both are read and set at each export.
-  Exporter(FormatLoader& loader, const CaptionList& captions, Files& files, const Encodings& encodings,
-           const Text& path, bool& modified);
+  Exporter(const FormatSet& formats, const FormatTalk& talk, const CaptionList& captions, const FileAccess& access,
+           const Text& path, bool& modified)
+      : formats_(formats), talk_(talk), captions_(captions), access_(access), path_(path), modified_(modified) {}
 
   /// Writes rows 1 to `lastRow` (PLAINTEXT: all of them) to the document's file. Where no file could be written the old
   /// one stays whole and the document modified: `Message::SaveFailed` tells it for error 75, a box with number and
@@ -27,7 +27,6 @@ class Exporter {
   bool ExportSubtitle(std::int16_t lastRow);
 
  private:
-  void LoadFormat();
   bool WriteFile(Row lastRow, CarryOn& errors);
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;
@@ -35,10 +34,10 @@ class Exporter {
   void TellNotSaved(const RuntimeError& error);
   void TellError(const RuntimeError& error);
 
-  FormatLoader& loader_;
+  FormatSet formats_;
+  FormatTalk talk_;
   const CaptionList& captions_;
-  Files& files_;
-  const Encodings& encodings_;
+  FileAccess access_;
   const Text& path_;
   bool& modified_;
 };

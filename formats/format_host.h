@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "core/lang_strings.h"
+#include "core/ports/messages.h"
 #include "text/encodings.h"
 #include "text/text.h"
 
@@ -34,6 +36,13 @@ class FormatHost {
 
   /// A save went to UTF-8, since the document's own encoding lacks a character of it.
   virtual void SavedAsUtf8(const DocumentEncoding& lacking) = 0;
+};
+
+/// How reading and writing files speak with the user.
+struct FormatTalk {
+  const LangStrings& strings;
+  Messages& messages;
+  FormatHost& host;
 };
 
 }  // namespace cuewright

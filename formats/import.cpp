@@ -1,101 +1,132 @@
 #include "formats/import.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "core/numbers.h"
 #include "formats/timecode.h"
-#include "text/text_search.h"
 
 namespace cuewright {
 namespace {
 
-constexpr int kMostCaptions = 32000;
+/// End of a file's name that makes it plain text when no format fits; in lower case only.
+constexpr TextView kPlainTextEnding = u"txt";
 
 /// A number with a comma or a dot as its decimal sign.
 float DecimalOf(TextView text) { return static_cast<float>(LeadingNumber(ReplaceAll(text, u",", u"."))); }
 
-/// Lines of a few formats that are no text of a caption.
-class LineFilter {
- public:
-  LineFilter(TextView identifier, bool listIsEmpty)
-      : dropFrameRate_(identifier == kMicroDvd),
-        dropZeroTime_(identifier == kTmPlayer && listIsEmpty),
-        dropClosing_(identifier == kUleadWorkshop) {}
-
-  /// What every line begins with that may be dropped; empty for none.
-  std::string_view Beginning() const {
-    return dropFrameRate_ ? "{1}{1}" : dropZeroTime_ ? "00:00:00" : dropClosing_ ? "#" : "";
-  }
-
-  bool Drops(const ImportLine& line) const {
-    if (dropFrameRate_) return line.View().starts_with(u"{1}{1}");
-    if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
-    if (dropClosing_) return line.View() == u"#Subtitle text end";
-    return false;
-  }
-
- private:
-  bool dropFrameRate_;
-  bool dropZeroTime_;
-  bool dropClosing_;
-};
-
 }  // namespace
 
-Importer::Importer(FormatLoader& loader, CaptionList& captions, const Files& files, const Encodings& encodings,
+Importer::Importer(const FormatSet& formats, const FormatTalk& talk, CaptionList& captions, const FileAccess& access,
                    bool& cancelled)
-    : loader_(loader), captions_(captions), files_(files), encodings_(encodings), cancelled_(cancelled) {}
+    : formats_(formats),
+      talk_(talk),
+      captions_(captions),
+      access_(access),
+      cancelled_(cancelled),
+      recogniser_(formats, access.encodings),
+      lines_(formats, talk, access.encodings, cancelled) {}
 
-void Importer::ImportSubtitle(TextView path, bool wide, bool append) {
-  CarryOn errors;
-  std::optional<TextFile> file = Open(path, errors);
-  ImportFile(Text(path), std::move(file), wide, append, errors);
+std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
+  lines_.Clear();
+  std::optional<TextFile> file;
+  errors([&] {
+    std::string bytes = access_.files.Read(path, kLargestTextFile);
+    const auto read = EqualLoose(captions_.Options().T_READAS, u"classic") ? TextFile::Classic : TextFile::Auto;
+    file = read(std::move(bytes), access_.encodings);
+  });
+  return file;
 }
 
-void Importer::ImportFile(TextView path, std::optional<TextFile> file, bool wide, bool append, CarryOn& errors) {
-  FormatState& state = loader_.State();
-  troubleLine_ = 0;
-  if (!append) {
+void Importer::DetectFormat(TextView path, Loading loading) {
+  if (loading == Loading::NewDocument) return Detect(Text(path), loading);
+  // What is appended comes into the document; how the document itself is written stays.
+  const FormatState state = formats_.state;
+  const FormatDefinition definition = formats_.loader.Definition();
+  Detect(Text(path), loading);
+  formats_.state = state;
+  formats_.loader.Definition() = definition;
+}
+
+void Importer::Detect(const Text& path, Loading loading) {
+  CarryOn errors;
+  std::optional<TextFile> file = Open(path, errors);
+  if (const std::optional<bool> wide = recogniser_.Settle(file ? &*file : nullptr, errors)) {
+    return ImportFile(path, std::move(file), *wide, loading, errors);
+  }
+  // A text takes the document's place, but one that can't be read has nothing to put there.
+  if (!path.ends_with(kPlainTextEnding) || (loading == Loading::Append && !file)) return Reject(path, errors);
+  errors([&] { formats_.loader.LoadFormatDefinition(kPlainText); });
+  ImportFile(path, std::move(file), false, Loading::NewDocument, errors);
+}
+
+std::optional<int> Importer::SettleFormat(TextView path) {
+  CarryOn errors;
+  std::optional<TextFile> file = Open(path, errors);
+  if (file && (recogniser_.Settle(&*file, errors) || path.ends_with(kPlainTextEnding))) {
+    return formats_.state.CurrentFormatIndex;
+  }
+  if (file) {
+    Reject(path, errors);
+  } else {
+    TellError(path, errors);
+  }
+  return {};
+}
+
+void Importer::Reject(TextView path, const CarryOn& errors) {
+  talk_.messages.Show({talk_.strings[Message::FormatNotDetermined], BoxIcon::Error, BoxButtons::Ok, {}});
+  TellError(path, errors);
+}
+
+void Importer::ImportSubtitle(TextView path, Loading loading) {
+  CarryOn errors;
+  std::optional<TextFile> file = Open(path, errors);
+  ImportFile(Text(path), std::move(file), false, loading, errors);
+}
+
+void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors) {
+  FormatState& state = formats_.state;
+  if (loading == Loading::NewDocument) {
     BeginImport();
     appendOffset_ = 0;
     if (file) state.Encoding = file->Encoding();
   }
-  const TextView id = loader_.CurrentIdentifier();
-  RecordPieces pieces;
-  if (id != kSubStationAlpha && id != kAdvancedSsa) pieces = CutRecord(loader_.Definition(), errors);
+  const TextView id = formats_.CurrentIdentifier();
+  LineOrders orders{wide, recogniser_.TimecodeLiteral(), captions_.Rows() == 2};
+  if (id != kSubStationAlpha && id != kAdvancedSsa) orders.pieces = CutRecord(formats_.loader.Definition(), errors);
   if (ReadFrameRate()) {
-    CaptionCollector captions(loader_.Definition(), captions_.Options().LineSeparator);
-    if (file) ReadLines(*file, wide, captions, pieces, errors);
+    std::vector<Caption> rows;
+    if (file) rows = lines_.Read(*file, orders, captions_.Options().LineSeparator, errors);
     file.reset();
     state.SettingsFormatIndex = state.CurrentFormatIndex;
-    FillList(captions.Take(), append, errors);
+    FillList(std::move(rows), loading, errors);
   }
-  loader_.Host().ImportEnds();
+  talk_.host.ImportEnds();
   TellError(path, errors);
 }
 
 void Importer::BeginImport() {
-  loader_.Host().ImportBegins();
-  loader_.Host().SetTextFileLabel(loader_.StatusText(Message::ImportingFile, loader_.CurrentIdentifier()));
+  talk_.host.ImportBegins();
+  const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
+  talk_.host.SetTextFileLabel(Fill(talk_.strings[Message::ImportingFile], name));
   captions_.Reset();
-  loader_.Host().Yield();
+  talk_.host.Yield();
 }
 
 bool Importer::ReadFrameRate() {
-  FormatState& state = loader_.State();
-  const bool frames = loader_.Definition().timecodeTemplate.find(u"ff") != Text::npos;
+  FormatState& state = formats_.state;
+  const bool frames = formats_.loader.Definition().timecodeTemplate.find(u"ff") != Text::npos;
   state.CurrentFps = frames ? PromptForFps() : 0;
   if (frames && state.CurrentFps == 0) cancelled_ = true;
   return !frames || state.CurrentFps != 0;
 }
 
 float Importer::PromptForFps() {
-  const LangStrings& strings = loader_.Strings();
-  const Text name = loader_.Catalogue().DisplayName(loader_.CurrentIdentifier());
+  const LangStrings& strings = talk_.strings;
+  const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
   for (;;) {
     Text answer =
-        loader_.Boxes().Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], u"25"});
+        talk_.messages.Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], u"25"});
     answer = ReplaceAll(answer, u".", u",");
     if (answer.empty()) return 0;
     const double whole = LeadingNumber(answer);
@@ -103,87 +134,25 @@ float Importer::PromptForFps() {
       const float fps = DecimalOf(answer);
       if (fps > 0) return fps;
     }
-    loader_.Boxes().Show({strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
-                          ReplaceAll(strings[Message::OpenText], u"...", u"")});
+    talk_.messages.Show({strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
+                         ReplaceAll(strings[Message::OpenText], u"...", u"")});
   }
 }
 
-void Importer::ReadLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
-                         CarryOn& errors) {
-  std::size_t place = 0;
-  errors.noted = [&] { place = file.Place(); };
-  ParseLines(file, wide, captions, pieces, errors);
-  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
-  if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
-  if (file.LineWasCut()) {
-    errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
-    place = file.CutPlace();
-  }
-  errors.noted = nullptr;
-  if (place != 0) troubleLine_ = file.LinesBefore(place);
-}
-
-void Importer::ParseLines(TextFile& file, bool wide, CaptionCollector& captions, const RecordPieces& pieces,
-                          CarryOn& errors) {
-  const LineFilter filter(loader_.CurrentIdentifier(), captions_.Rows() == 2);
-  const ParseContext context{captions, loader_.Definition(), timecodeLiteral_, loader_.State().CurrentFps, errors,
-                             wide,     filter.Beginning()};
-  std::unique_ptr<LineParser> parser = MakeParser(context, pieces, false);
-  bool mayTurnSpruce = loader_.CurrentIdentifier() == kSonicScenarist;
-  captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
-  ImportLine line;
-  while (line.Next(file, wide ? &encodings_ : nullptr)) {
-    if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(file, captions)) break;
-    if (captions.Full()) break;
-    if (filter.Drops(line)) line.Clear();
-    if (mayTurnSpruce && line.View().starts_with(u"0001")) {
-      mayTurnSpruce = false;
-      errors([&] { loader_.LoadFormatDefinition(kSpruceDvdMaestro, true, false); });
-      captions.DefinitionChanged();
-      parser = MakeParser(context, pieces, loader_.Definition().definitionFound);
-    }
-    parser->Parse(line);
-    if (!wide) parser->ParseRun(file);
-  }
-}
-
-bool Importer::StopsHere(TextFile& file, const CaptionCollector& captions) {
-  loader_.Host().Yield();
-  if (cancelled_) return true;
-  if (captions.ImportedCount() <= kMostCaptions) return false;
-  troubleLine_ = file.LinesBefore(file.Place());
-  loader_.Boxes().Show({loader_.Strings()[Message::TooManyCaptions], BoxIcon::Error, BoxButtons::Ok,
-                        loader_.Strings()[Message::Warning]});
-  return true;
-}
-
-std::unique_ptr<LineParser> Importer::MakeParser(const ParseContext& context, const RecordPieces& pieces,
-                                                 bool bodySeen) const {
-  const Text& id = loader_.CurrentIdentifier();
-  if (loader_.State().CurrentFormatIndex == 0) return MakePlainTextParser(context);
-  if (id == kSubRip) return MakeSubRipParser(context);
-  if (id == kSubStationAlpha || id == kAdvancedSsa) return MakeDialogueParser(context);
-  if (id == kSami) return MakeSamiParser(context);
-  if (id == kTmPlayer) return MakeTmPlayerParser(context);
-  if (id == kAdobeEncore) return MakeEncoreParser(context);
-  if (id == kSpruceDvdMaestro || id == kSonicScenarist) return MakeSpruceParser(context, bodySeen);
-  return MakeGenericParser(context, pieces);
-}
-
-void Importer::FillList(std::vector<Caption> rows, bool append, CarryOn& errors) {
-  const LangStrings& strings = loader_.Strings();
+void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& errors) {
+  const LangStrings& strings = talk_.strings;
   if (rows.empty()) {
     Text text = strings[Message::NoTextInFile];
     text.append(kLineEnd).append(kLineEnd).append(strings[Message::EnsureFileIsValid]);
-    loader_.Boxes().Show({text, BoxIcon::Error, BoxButtons::Ok, {}});
+    talk_.messages.Show({text, BoxIcon::Error, BoxButtons::Ok, {}});
     return;
   }
-  if (!append) {
+  if (loading == Loading::NewDocument) {
     errors([&] { captions_.Replace(1, captions_.Rows() - 1, std::move(rows)); });
     return;
   }
   errors([&] {
-    const Checked32 delay(static_cast<std::int64_t>(loader_.Host().MediaSeconds()) * 1000);
+    const Checked32 delay(static_cast<std::int64_t>(talk_.host.MediaSeconds()) * 1000);
     appendOffset_ = Checked32(appendOffset_) + delay;
   });
   for (Caption& row : rows) {
@@ -195,12 +164,12 @@ void Importer::FillList(std::vector<Caption> rows, bool append, CarryOn& errors)
 }
 
 void Importer::TellAppended() {
-  const LangStrings& strings = loader_.Strings();
+  const LangStrings& strings = talk_.strings;
   Text text = strings[Message::AppendedWithDelay];
   text.append(kLineEnd).append(kLineEnd);
-  text += FormatTimecode(loader_.Definition(), loader_.CurrentIdentifier(), appendOffset_, 0);
+  text += FormatTimecode(formats_.loader.Definition(), formats_.CurrentIdentifier(), appendOffset_, 0);
   text.append(kLineEnd).append(kLineEnd).append(strings[Message::AppendNextNeedsItsVideo]);
-  loader_.Boxes().Show({text, BoxIcon::Information, BoxButtons::Ok, {}});
+  talk_.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, {}});
 }
 
 void Importer::TellError(TextView path, const CarryOn& errors) {
@@ -208,7 +177,7 @@ void Importer::TellError(TextView path, const CarryOn& errors) {
   Text text = u"An error ocurred while loading the file ";
   text.append(path).append(u".").append(kLineEnd).append(kLineEnd);
   text += u"Error #" + Decimal(errors.Last()->number) + u": " + errors.Last()->description;
-  loader_.Boxes().Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
+  talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
 }
 
 }  // namespace cuewright

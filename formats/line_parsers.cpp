@@ -4,7 +4,6 @@
 
 #include "core/numbers.h"
 #include "formats/text_pieces.h"
-#include "formats/text_run.h"
 #include "text/text_search.h"
 
 namespace cuewright {
@@ -33,8 +32,7 @@ class PlainTextParser final : public LineParser {
 /// The events of SubStation files.
 class DialogueParser final : public LineParser {
  public:
-  explicit DialogueParser(const ParseContext& context)
-      : context_(context), reader_(context.definition), text_(context.captions, u'\\') {}
+  explicit DialogueParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
 
   void Parse(ImportLine& line) override {
     if (!line.View().starts_with(u"Dialogue: ")) return;
@@ -51,61 +49,7 @@ class DialogueParser final : public LineParser {
     captions.FlushImportedCaption();
   }
 
-  void ParseRun(TextFile& file) override {
-    CaptionCollector& captions = context_.captions;
-    if (!file.AsciiIsPlain() || !captions.StoresStraight(u'\\')) return;
-    text_.Begin();
-    text_.Clear();
-    while (captions.ImportedCount() % kYieldEvery != 0 && !captions.Full() && TakePlainLine(file)) {
-    }
-    text_.End();
-  }
-
  private:
-  /// An event of the plain form; false, with nothing done, for any other line.
-  bool TakePlainLine(TextFile& file) {
-    const std::string_view rest = file.Rest();
-    if (!rest.starts_with("Dialogue: ")) return false;
-    std::array<std::size_t, 9> commas{};
-    if (!FindMarks(rest, ',', file.LineEnd(), commas)) return false;
-    std::int32_t start = 0;
-    std::int32_t end = 0;
-    if (!reader_.ParseClock(rest.substr(commas[0] + 1, commas[1] - commas[0] - 1), start)) return false;
-    if (!reader_.ParseClock(rest.substr(commas[1] + 1, commas[2] - commas[1] - 1), end)) return false;
-    const std::size_t before = commas.back() + 1;
-    const std::string_view text = rest.substr(before);
-    const LineScan scan = text_.Look(text, file.LineEnd(), {text_.TagMark(), '\\'});
-    if (scan.length > kLongestLine || (scan.length != 0 && text[scan.length - 1] == ' ')) return false;
-    if (scan.angled || scan.markedA) return false;
-    if (scan.markedB) {
-      if (!TakeBroken(file, text.substr(0, scan.length))) return false;
-    } else {
-      text_.Decode(file, text, scan);
-      text_.Take(false);
-    }
-    context_.captions.captionStart = start;
-    context_.captions.captionEnd = end;
-    text_.Flush();
-    file.SkipLine(before + scan.length);
-    return true;
-  }
-
-  /// The pieces of a text between its line breaks; false when there is a backslash that begins none.
-  bool TakeBroken(const TextFile& file, std::string_view text) {
-    std::size_t at = 0;
-    for (std::size_t hit = text.find('\\'); hit != std::string_view::npos; hit = text.find('\\', at)) {
-      if (hit + 1 == text.size() || (text[hit + 1] | 0x20) != 'n') {
-        text_.Clear();
-        return false;
-      }
-      text_.Append(file, text.substr(at, hit - at));
-      text_.AddSeparator();
-      at = hit + 2;
-    }
-    text_.Append(file, text.substr(at));
-    return true;
-  }
-
   /// Cuts at commas; the last field keeps its own.
   static std::size_t SplitFields(TextView text, std::array<TextView, 10>& fields) {
     std::size_t count = 0;
@@ -136,7 +80,6 @@ class DialogueParser final : public LineParser {
 
   ParseContext context_;
   TimecodeReader reader_;
-  TextRun text_;
 };
 
 /// "hh:mm:ss,n=text", n being the row of the caption.

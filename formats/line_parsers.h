@@ -5,7 +5,6 @@
 #include "core/runtime_error.h"
 #include "formats/caption_collector.h"
 #include "formats/definition.h"
-#include "formats/record_pieces.h"
 #include "formats/timecode.h"
 #include "text/text.h"
 #include "text/text_file.h"
@@ -36,8 +35,7 @@ struct ParseContext {
   bool timecodeLiteral;  ///< the file's head holds a timecode mask
   float fps;
   CarryOn& errors;
-  bool wide = false;              ///< lines are paired bytes, and may hold a CR
-  std::string_view dropped = {};  ///< lines that begin so may be dropped, and are none for `ParseRun`
+  std::string_view dropped = {};  ///< lines that begin so may be dropped, and are none for a `LineRun`
 };
 
 /// Reads a file line by line into the caption list's form.
@@ -45,15 +43,7 @@ class LineParser {
  public:
   virtual ~LineParser() = default;
   virtual void Parse(ImportLine& line) = 0;
-
-  /// Reads on by itself, as `Parse` would line by line, as long as the count of captions is no multiple of
-  /// `kYieldEvery`. A parser that can't do better leaves all to `Parse`.
-  virtual void ParseRun(TextFile&) {}
 };
-
-/// A text that is open and longer than this is no caption's: a parser that would carry it along at the beginning and
-/// the end of each `ParseRun` leaves its lines to `Parse`.
-inline constexpr std::size_t kLongestOpenText = 1024;
 
 /// Captions from one pause for the window's events to the next.
 inline constexpr int kYieldEvery = 100;
@@ -62,11 +52,8 @@ std::unique_ptr<LineParser> MakePlainTextParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeSubRipParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeDialogueParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeTmPlayerParser(const ParseContext& context);
-std::unique_ptr<LineParser> MakeSamiParser(const ParseContext& context);
 std::unique_ptr<LineParser> MakeEncoreParser(const ParseContext& context);
 /// `bodySeen`: captions begin at once, not behind a line that begins "SP_NUMBER".
 std::unique_ptr<LineParser> MakeSpruceParser(const ParseContext& context, bool bodySeen);
-/// Works from the record's pieces alone; see `RecordPieces`.
-std::unique_ptr<LineParser> MakeGenericParser(const ParseContext& context, const RecordPieces& pieces);
 
 }  // namespace cuewright

@@ -11,10 +11,10 @@ namespace {
 constexpr std::int32_t kHour = 3600000;
 constexpr std::int32_t kMinute = 60000;
 constexpr std::int32_t kSecond = 1000;
+/// Length of "hh:mm:ss.zzz", to which all times in columns are brought.
+constexpr std::size_t kFixedLength = 12;
 
 bool Holds(TextView text, TextView part) { return text.find(part) != TextView::npos; }
-
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 /// `count` characters from the 1-based place on, as many as there are.
 TextView Middle(TextView text, std::size_t place, std::size_t count) {
@@ -33,12 +33,13 @@ double Number(TextView text) {
   return value;
 }
 
-/// The time of a fixed form of 12 characters with digits in all columns; false for any other.
-bool SumOfDigits(TextView fixed, std::int32_t& ms) {
-  if (fixed.size() != 12) return false;
+/// The time of the form "hh:mm:ss.zzz" with digits in all columns; false for any other.
+template <class Unit>
+bool SumOfDigits(std::basic_string_view<Unit> fixed, std::int32_t& ms) {
+  if (fixed.size() != kFixedLength) return false;
   bool digits = true;
   const auto digit = [&](std::size_t at) {
-    const int value = fixed[at] - u'0';
+    const int value = fixed[at] - '0';
     digits = digits && value >= 0 && value <= 9;
     return value;
   };
@@ -61,9 +62,6 @@ std::int32_t FramesToMs(double frames, float fps) {
   }
   return RoundToInt32(frames * 1000) / rate;
 }
-
-/// Room that a number of the pictures in use takes, its sign included.
-constexpr std::size_t kLongestNumber = 280;
 
 /// Puts a number of at least `digits` digits and gives the place behind it.
 template <class Unit>
@@ -131,7 +129,9 @@ void AppendNumber(std::int64_t number, std::size_t digits, Text& out) {
   out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
-char* PutNumberBytes(std::int64_t number, std::size_t digits, char* out) { return PutNumber(number, digits, out); }
+std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<char> out) {
+  return static_cast<std::size_t>(PutNumber(number, digits, out.data()) - out.data());
+}
 
 TimecodeReader::TimecodeReader(const TimecodeForm& form) {
   const Text& pattern = form.timecodeTemplate;
@@ -165,8 +165,8 @@ std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
 }
 
 bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const {
-  if (kind_ != Kind::Columns || bytes.size() + prefix_.size() + suffix_.size() != 12) return false;
-  std::array<char, 12> fixed;
+  if (kind_ != Kind::Columns || bytes.size() + prefix_.size() + suffix_.size() != kFixedLength) return false;
+  std::array<char, kFixedLength> fixed;
   if (bytes.size() != fixed.size()) {
     const auto narrow = [](char16_t c) { return static_cast<char>(c); };
     char* to = std::transform(prefix_.begin(), prefix_.end(), fixed.begin(), narrow);
@@ -174,18 +174,8 @@ bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const 
     std::transform(suffix_.begin(), suffix_.end(), to, narrow);
     bytes = {fixed.data(), fixed.size()};
   }
-  bool digits = ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0;
-  const auto digit = [&](std::size_t at) {
-    const int value = bytes[at] - '0';
-    digits = digits && value >= 0 && value <= 9;
-    return value;
-  };
-  const int hours = digit(0) * 10 + digit(1);
-  const int minutes = digit(3) * 10 + digit(4);
-  const int seconds = digit(6) * 10 + digit(7);
-  const int rest = digit(9) * 100 + digit(10) * 10 + digit(11);
-  if (digits) ms = hours * kHour + minutes * kMinute + seconds * kSecond + rest;
-  return digits;
+  // A byte above 127 between the digits would make the text shorter than the bytes.
+  return ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0 && SumOfDigits(bytes, ms);
 }
 
 std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
@@ -251,13 +241,13 @@ void TimecodeWriter::LayOut() {
   layoutSize_ = at;
 }
 
-char* TimecodeWriter::PutLaidOut(std::int32_t ms, char* out) const {
+void TimecodeWriter::PutLaidOut(std::int32_t ms, std::span<char> out) const {
   const auto two = [&](std::size_t at, std::int32_t value) {
     if (at == kNowhere) return;
     out[at] = static_cast<char>('0' + value / 10);
     out[at + 1] = static_cast<char>('0' + value % 10);
   };
-  std::copy(layout_.begin(), layout_.end(), out);
+  std::copy(layout_.begin(), layout_.end(), out.begin());
   const std::int32_t seconds = ms / kSecond;
   const std::int32_t minutes = seconds / 60;
   std::int32_t rest = ms % kSecond;
@@ -268,12 +258,11 @@ char* TimecodeWriter::PutLaidOut(std::int32_t ms, char* out) const {
   }
   two(minutesAt_, minutes % 60);
   two(secondsAt_, seconds % 60 + (wholeSeconds_ && rest >= 251 ? 1 : 0));
-  if (fractionAt_ == kNowhere) return out + layoutSize_;
+  if (fractionAt_ == kNowhere) return;
   rest = CutFraction(rest, fractionDigits_);
   for (std::size_t digit = fractionDigits_; digit-- > 0; rest /= 10) {
     out[fractionAt_ + digit] = static_cast<char>('0' + rest % 10);
   }
-  return out + layoutSize_;
 }
 
 template <class Unit>
@@ -326,9 +315,12 @@ void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
   out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
-char* TimecodeWriter::PutBytes(std::int32_t ms, float fps, char* out) const {
-  if (layoutSize_ != 0 && fps == 0 && ms >= 0 && ms < layoutBound_) return PutLaidOut(ms, out);
-  return PutTime(ms, fps, out);
+std::size_t TimecodeWriter::PutBytes(std::int32_t ms, float fps, std::span<char> out) const {
+  if (layoutSize_ == 0 || fps != 0 || ms < 0 || ms >= layoutBound_) {
+    return static_cast<std::size_t>(PutTime(ms, fps, out.data()) - out.data());
+  }
+  PutLaidOut(ms, out);
+  return layoutSize_;
 }
 
 Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -45,8 +46,11 @@ std::int32_t MsToFrames(std::int32_t ms, float fps);
 /// Appends a number of at least `digits` digits.
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
 
-/// The same as ASCII to a place with room for 280 bytes; gives the place behind the number.
-char* PutNumberBytes(std::int64_t number, std::size_t digits, char* out);
+/// Room that a number may take, its sign included.
+inline constexpr std::size_t kLongestNumber = 280;
+
+/// The same as ASCII to the beginning of `out`, which has room for `kLongestNumber` bytes; returns how many it wrote.
+std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<char> out);
 
 /// Writes times by one template.
 class TimecodeWriter {
@@ -62,8 +66,9 @@ class TimecodeWriter {
   bool IsAscii() const { return ascii_; }
   /// Room that a time may take, in characters.
   std::size_t Longest() const { return longest_; }
-  /// Puts the time to a place with so much room and gives the place behind it; fails as `Append` does.
-  char* PutBytes(std::int32_t ms, float fps, char* out) const;
+  /// Puts the time to the beginning of `out`, which has so much room, and returns how many bytes it wrote; fails as
+  /// `Append` does.
+  std::size_t PutBytes(std::int32_t ms, float fps, std::span<char> out) const;
 
  private:
   enum class Field { Literal, Hours, Minutes, Seconds, Frames, Fraction };
@@ -77,7 +82,7 @@ class TimecodeWriter {
   Unit* PutTime(std::int32_t ms, float fps, Unit* out) const;
 
   void LayOut();
-  char* PutLaidOut(std::int32_t ms, char* out) const;
+  void PutLaidOut(std::int32_t ms, std::span<char> out) const;
 
   bool hoursInMinutes_;
   bool wholeSeconds_ = false;

@@ -172,7 +172,7 @@ void DocumentFiles::LoadSteps(const Text& path, CarryOn& step) {
   if (played) step([&] { ports_.player.Pause(); });
   ports_.desktop.SetBusy(true);
   step([&] { session_.EmptyList(); });
-  step([&] { formats_.importer.DetectFormat(path, false, false); });
+  step([&] { formats_.importer.DetectFormat(path, Loading::NewDocument); });
   bench_.list.SetEnabled(true);
   step([&] { recall_.Keep(u"TFileName", bench_.window.mnuTFileName, path); });
   bench_.document.DocModified = false;
@@ -211,7 +211,7 @@ void DocumentFiles::Append() {
   {
     const FileWork work(bench_.document);
     const EditScope scope(bench_.list, EditKind::Append);
-    formats_.importer.DetectFormat(path, false, true);
+    formats_.importer.DetectFormat(path, Loading::Append);
   }
   bench_.document.ImportCancelled = false;
   recall_.SavePath(path);

@@ -10,8 +10,6 @@ namespace {
 
 constexpr int kMostPixels = 1200;
 
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 }  // namespace
 
 FormatDialog::FormatDialog(const FormatParts& parts) : parts_(parts), strings_(parts_.strings) {

@@ -22,10 +22,10 @@ const char* const kSubtitles =
 
 void UseFormat(Engine& engine, int index) {
   CarryOn errors;
-  errors([&] { engine.loader.LoadFormatDefinition(engine.catalogue.Identifier(index), true, false); });
+  errors([&] { engine.loader.SelectFormat(engine.catalogue.Identifier(index)); });
   CutRecord(engine.loader.Definition(), errors);
   engine.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
-  engine.importer.ImportSubtitle(u"file.txt", false, false);
+  engine.importer.ImportSubtitle(u"file.txt", Loading::NewDocument);
   engine.captions.Replace(1, engine.captions.Rows() - 1, {{1000, 2000, u"<b>one|two"}, {-500, 1000000000, u"three"}});
   engine.Save(index);
 }

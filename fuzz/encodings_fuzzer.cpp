@@ -67,8 +67,8 @@ void CheckUtf8(const std::string& bytes) {
   Demand(text == FromUtf8(bytes), "UTF-8 is decoded alike everywhere");
   Demand(MakeCodec(kCodePageUtf8)->Encoded(text) == bytes, "UTF-8 keeps every byte");
   const std::string padded = bytes + std::string(16, '\xE2');
-  Text slack(bytes.size() + 16, u'\0');
-  slack.resize(DecodeUtf8(std::string_view(padded).substr(0, bytes.size()), slack.data(), false, true));
+  Text slack(DecodedRoom(bytes.size()), u'\0');
+  slack.resize(DecodeUtf8(std::string_view(padded).substr(0, bytes.size()), slack, Surrogates::AreInvalid, true));
   Demand(slack == text, "what lies behind the bytes doesn't count");
 }
 

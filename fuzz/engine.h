@@ -110,9 +110,9 @@ struct Engine {
   explicit Engine(const FormatCatalogue& formats, int codePage = kCodePageWestern)
       : catalogue(formats), encodings(codePage) {}
 
-  void Open(TextView name, std::string content, bool append = false) {
+  void Open(TextView name, std::string content, Loading loading = Loading::NewDocument) {
     files.contents[Text(name)] = std::move(content);
-    importer.DetectFormat(name, false, append);
+    importer.DetectFormat(name, loading);
   }
 
   std::string Save(int index) {
@@ -136,9 +136,11 @@ struct Engine {
   DefaultSettings settings;
   SilentMessages messages;
   NoWindow window;
-  FormatLoader loader{catalogue, state, settings, strings, messages, window};
-  Importer importer{loader, captions, files, encodings, cancelled};
-  Exporter exporter{loader, captions, files, encodings, path, modified};
+  FormatTalk talk{strings, messages, window};
+  FormatLoader loader{catalogue, state, settings, talk};
+  FormatSet formats{catalogue, state, loader};
+  Importer importer{formats, talk, captions, {files, encodings}, cancelled};
+  Exporter exporter{formats, talk, captions, {files, encodings}, path, modified};
 };
 
 /// A number made of the input, for choices that shall not take part in its bytes.

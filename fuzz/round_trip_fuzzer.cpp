@@ -39,7 +39,7 @@ void CheckSubRip(Engine& engine) {
   engine.captions.Replace(1, engine.captions.Rows() - 1, ordinary);
   engine.state.Encoding = {};
   const std::string written = engine.Save(engine.catalogue.IndexOf(kSubRip));
-  engine.importer.ImportSubtitle(u"saved", false, false);
+  engine.importer.ImportSubtitle(u"saved", Loading::NewDocument);
   Demand(static_cast<std::size_t>(engine.captions.Rows() - 1) == ordinary.size(),
          "SubRip keeps the number of captions");
   for (std::size_t i = 0; i < ordinary.size(); ++i) {

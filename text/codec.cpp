@@ -21,6 +21,10 @@ constexpr char16_t kUndefinedBase = 0xF700;
 bool IsLead(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
 bool IsTrail(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 
+char16_t UnitOf(char high, char low) {
+  return static_cast<char16_t>((static_cast<unsigned char>(high) << 8) | static_cast<unsigned char>(low));
+}
+
 std::string ConverterName(int codePage) { return "windows-" + std::to_string(codePage); }
 
 struct ConverterCloser {
@@ -36,7 +40,9 @@ Converter OpenConverter(int codePage) {
 
 class Utf8Codec final : public Codec {
  public:
-  std::size_t Decode(std::string_view bytes, char16_t* out) const override { return DecodeUtf8(bytes, out); }
+  std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const override {
+    return DecodeUtf8(bytes, room);
+  }
   bool Encode(TextView text, std::string& out) const override {
     AppendUtf8(text, out);
     return true;
@@ -51,13 +57,14 @@ class Utf16Codec final : public Codec {
  public:
   explicit Utf16Codec(bool bigEndian) : bigEndian_(bigEndian) {}
 
-  std::size_t Decode(std::string_view bytes, char16_t* out) const override {
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-      const auto a = static_cast<unsigned char>(bytes[i]);
-      const auto b = static_cast<unsigned char>(bytes[i + 1]);
-      *out++ = static_cast<char16_t>(bigEndian_ ? (a << 8) | b : (b << 8) | a);
+  std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const override {
+    const std::size_t units = bytes.size() / 2;
+    for (std::size_t i = 0; i < units; ++i) {
+      const char a = bytes[2 * i];
+      const char b = bytes[2 * i + 1];
+      room[i] = bigEndian_ ? UnitOf(a, b) : UnitOf(b, a);
     }
-    return bytes.size() / 2;
+    return units;
   }
 
   bool Encode(TextView text, std::string& out) const override {
@@ -87,7 +94,8 @@ class SingleByteCodec final : public Codec {
     std::sort(toByte_.begin(), toByte_.end());
   }
 
-  std::size_t Decode(std::string_view bytes, char16_t* out) const override {
+  std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const override {
+    char16_t* out = room.data();
     for (const char byte : bytes) *out++ = toText_[static_cast<unsigned char>(byte)];
     return bytes.size();
   }
@@ -133,14 +141,11 @@ class SingleByteCodec final : public Codec {
 /// Code pages with characters of two bytes. Runs of ASCII pass by; the rest goes through the library.
 class DoubleByteCodec : public Codec {
  public:
-  std::size_t Decode(std::string_view bytes, char16_t* out) const final {
+  std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const final {
     std::size_t ascii = 0;
-    while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) {
-      out[ascii] = static_cast<unsigned char>(bytes[ascii]);
-      ++ascii;
-    }
-    if (ascii == bytes.size()) return ascii;
-    return ascii + DecodeRest(bytes.substr(ascii), out + ascii);
+    while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) ++ascii;
+    WidenAscii(bytes.substr(0, ascii), room);
+    return ascii == bytes.size() ? ascii : ascii + DecodeRest(bytes.substr(ascii), room.subspan(ascii));
   }
 
   bool Encode(TextView text, std::string& out) const final {
@@ -162,7 +167,7 @@ class DoubleByteCodec : public Codec {
   }
 
  protected:
-  virtual std::size_t DecodeRest(std::string_view bytes, char16_t* out) const = 0;
+  virtual std::size_t DecodeRest(std::string_view bytes, std::span<char16_t> room) const = 0;
   /// Appends the bytes of one character; false, with nothing appended, when it is lacking.
   virtual bool EncodeCharacter(TextView character, std::string& out) const = 0;
 };
@@ -177,18 +182,18 @@ class IcuDoubleByteCodec final : public DoubleByteCodec {
   }
 
  protected:
-  std::size_t DecodeRest(std::string_view bytes, char16_t* out) const override {
-    char16_t* to = out;
+  std::size_t DecodeRest(std::string_view bytes, std::span<char16_t> room) const override {
+    char16_t* to = room.data();
     if (converter_ == nullptr) {
-      for (std::size_t i = 0; i < bytes.size(); ++i) *to++ = kReplacement;
+      std::fill_n(to, bytes.size(), kReplacement);
       return bytes.size();
     }
     const char* from = bytes.data();
     UErrorCode status = U_ZERO_ERROR;
     ucnv_reset(converter_.get());
-    ucnv_toUnicode(converter_.get(), &to, out + bytes.size() + 16, &from, bytes.data() + bytes.size(), nullptr, 1,
+    ucnv_toUnicode(converter_.get(), &to, to + DecodedRoom(bytes.size()), &from, from + bytes.size(), nullptr, 1,
                    &status);
-    return static_cast<std::size_t>(to - out);
+    return static_cast<std::size_t>(to - room.data());
   }
 
   bool EncodeCharacter(TextView character, std::string& out) const override {
@@ -221,17 +226,17 @@ class JohabCodec final : public DoubleByteCodec {
   }
 
  protected:
-  std::size_t DecodeRest(std::string_view bytes, char16_t* out) const override {
+  std::size_t DecodeRest(std::string_view bytes, std::span<char16_t> room) const override {
     std::size_t count = 0;
     for (std::size_t at = 0; at < bytes.size();) {
       const auto lead = static_cast<unsigned char>(bytes[at]);
       if (lead < 0x80) {
-        out[count++] = lead;
+        room[count++] = lead;
         ++at;
         continue;
       }
-      const std::size_t length = DecodeCharacter(bytes.substr(at, 2), out[count]) ? 2 : 1;
-      if (length == 1) out[count] = kReplacement;
+      const std::size_t length = DecodeCharacter(bytes.substr(at, 2), room[count]) ? 2 : 1;
+      if (length == 1) room[count] = kReplacement;
       ++count;
       at += length;
     }
@@ -267,7 +272,7 @@ class JohabCodec final : public DoubleByteCodec {
     std::array<char, 8> bytes{};
     std::size_t room = bytes.size();
     if (!Convert(decode_, std::string(pair), bytes.data(), room) || room != bytes.size() - 2) return false;
-    unit = static_cast<char16_t>(static_cast<unsigned char>(bytes[0]) | (static_cast<unsigned char>(bytes[1]) << 8));
+    unit = UnitOf(bytes[1], bytes[0]);
     return true;
   }
 
@@ -293,8 +298,8 @@ bool IsTextCodePage(int codePage) {
 }
 
 Text Codec::Decoded(std::string_view bytes) const {
-  Text text(bytes.size() + 16, u'\0');
-  text.resize(Decode(bytes, text.data()));
+  Text text(DecodedRoom(bytes.size()), u'\0');
+  text.resize(Decode(bytes, text));
   return text;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,9 +23,9 @@ class Codec {
  public:
   virtual ~Codec() = default;
 
-  /// Decodes into `out`, which has room for one unit a byte and 16 more; returns the units written. Never fails:
-  /// what the code page does not define still becomes text.
-  virtual std::size_t Decode(std::string_view bytes, char16_t* out) const = 0;
+  /// Decodes into `room`, of `DecodedRoom` units or more; returns the units written. Never fails: what the code page
+  /// does not define still becomes text.
+  virtual std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const = 0;
 
   /// Appends the bytes of the text. A character that the code page lacks becomes "?", and the result is false.
   virtual bool Encode(TextView text, std::string& out) const = 0;

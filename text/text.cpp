@@ -50,9 +50,8 @@ bool HasSupplementary(TextView text) {
 }  // namespace
 
 Text FromUtf8(std::string_view bytes) {
-  // The decoder asks for room beyond the text's end.
-  Text text(bytes.size() + 16, u'\0');
-  text.resize(DecodeUtf8(bytes, text.data()));
+  Text text(DecodedRoom(bytes.size()), u'\0');
+  text.resize(DecodeUtf8(bytes, text));
   return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,23 +18,22 @@ inline constexpr std::uint64_t kLargestTextFile = 256ULL << 20;
 /// Longest line that is decoded, in bytes; what lies behind is left out.
 inline constexpr std::size_t kLongestLine = 16 << 20;
 
-/// A decoded line, kept in a buffer that is used again for the next one.
+/// Decoded text in a buffer that is used again for the next one.
 class LineBuffer {
  public:
   TextView View() const { return {units_.get(), size_}; }
-
-  /// Room for `count` units and the 16 that codecs ask for beside. What was in the buffer is lost when it has to grow,
-  /// but for the first `keep` units.
-  char16_t* Room(std::size_t count, std::size_t keep = 0) {
-    if (capacity_ < count + 16) Grow(count, keep);
-    return units_.get();
-  }
-  std::size_t Capacity() const { return capacity_; }
   std::size_t Size() const { return size_; }
   void SetSize(std::size_t size) { size_ = size; }
 
+  /// All the room behind the first `kept` units, which stay: at least `DecodedRoom(count)` units.
+  std::span<char16_t> RoomBehind(std::size_t kept, std::size_t count) {
+    const std::size_t wanted = kept + DecodedRoom(count);
+    if (capacity_ < wanted) Grow(wanted, kept);
+    return {units_.get() + kept, capacity_ - kept};
+  }
+
  private:
-  void Grow(std::size_t count, std::size_t keep);
+  void Grow(std::size_t wanted, std::size_t kept);
 
   std::unique_ptr<char16_t[]> units_;
   std::size_t capacity_ = 0;
@@ -73,7 +73,7 @@ class TextFile {
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
   /// Marks of ASCII can be looked for in the bytes.
-  bool AsciiIsPlain() const { return utf8_ || codec_->AsciiIsPlain(); }
+  bool AsciiIsPlain() const { return codec_ == nullptr || codec_->AsciiIsPlain(); }
   /// The character that ends lines: CR or LF.
   char LineEnd() const { return lineEnd_; }
   /// Moves behind the next line, which is known to have `length` bytes, and its end.
@@ -92,11 +92,11 @@ class TextFile {
 
   void Decode(std::string_view line, LineBuffer& buffer) const;
   Text Decoded(std::string_view line) const;
-  /// Decodes to a place with room for one unit a byte and 16 more; returns the units written.
-  std::size_t DecodeTo(std::string_view line, char16_t* out) const {
-    if (!utf8_) return codec_->Decode(line, out);
+  /// Decodes into `room`, of `DecodedRoom` units or more; returns the units written.
+  std::size_t DecodeTo(std::string_view line, std::span<char16_t> room) const {
+    if (codec_ != nullptr) return codec_->Decode(line, room);
     const bool slack = line.data() + line.size() + 16 <= bytes_.data() + bytes_.size();
-    return DecodeUtf8(line, out, codec_ == nullptr, slack);
+    return DecodeUtf8(line, room, surrogates_, slack);
   }
 
   /// Bytes that are left to read, for estimates.
@@ -110,8 +110,8 @@ class TextFile {
   std::size_t start_ = 0;
   std::size_t at_ = 0;
   DocumentEncoding encoding_;
-  std::shared_ptr<const Codec> codec_;  // null: UTF-8 that holds lone surrogates, made of UTF-16
-  bool utf8_ = false;
+  std::shared_ptr<const Codec> codec_;              // null: UTF-8
+  Surrogates surrogates_ = Surrogates::AreInvalid;  // kept in UTF-8 that was made of UTF-16
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
   std::size_t cutPlace_ = 0;  // behind the line that was cut last; 0: none was

@@ -3,15 +3,11 @@
 #include <string.h>  // NOLINT(modernize-deprecated-headers): memmem
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include "text/simd.h"
 
 namespace cuewright {
-
 namespace {
 
 /// The same character in lower case; only ASCII has to be told apart here.
@@ -31,11 +27,11 @@ bool IsAsciiText(TextView text) {
 std::size_t FindCharacter(TextView text, char16_t c, std::size_t from) {
   std::size_t at = from;
 #if defined(__SSE2__)
-  const __m128i wanted = _mm_set1_epi16(static_cast<short>(c));
+  const Block wanted = AllUnits(c);
   for (; at + 8 <= text.size(); at += 8) {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
-    const auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(units, wanted)));
-    if (hits != 0) return at + static_cast<std::size_t>(std::countr_zero(hits)) / 2;
+    const Block units = LoadBlock(text.data() + at);
+    const unsigned hits = BitsOf(_mm_cmpeq_epi16(units, wanted));
+    if (hits != 0) return at + FirstBit(hits) / 2;
   }
 #endif
   for (; at < text.size(); ++at) {
@@ -47,14 +43,14 @@ std::size_t FindCharacter(TextView text, char16_t c, std::size_t from) {
 bool HoldsEither(TextView text, char16_t a, char16_t b) {
   std::size_t at = 0;
 #if defined(__SSE2__)
-  const __m128i first = _mm_set1_epi16(static_cast<short>(a));
-  const __m128i second = _mm_set1_epi16(static_cast<short>(b));
-  __m128i hits = _mm_setzero_si128();
+  const Block first = AllUnits(a);
+  const Block second = AllUnits(b);
+  Block hits = NoBits();
   for (; at + 8 <= text.size(); at += 8) {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const Block units = LoadBlock(text.data() + at);
     hits = _mm_or_si128(hits, _mm_or_si128(_mm_cmpeq_epi16(units, first), _mm_cmpeq_epi16(units, second)));
   }
-  if (_mm_movemask_epi8(hits) != 0) return true;
+  if (BitsOf(hits) != 0) return true;
 #endif
   for (; at < text.size(); ++at) {
     if (text[at] == a || text[at] == b) return true;
@@ -66,14 +62,13 @@ unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c) {
   unsigned held = 0;
   std::size_t at = 0;
 #if defined(__SSE2__)
-  const auto all = [](char16_t unit) { return _mm_set1_epi16(static_cast<short>(unit)); };
-  const __m128i wanted[] = {all(a), all(b), all(c)};
-  __m128i hits[] = {_mm_setzero_si128(), _mm_setzero_si128(), _mm_setzero_si128()};
+  const Block wanted[] = {AllUnits(a), AllUnits(b), AllUnits(c)};
+  Block hits[] = {NoBits(), NoBits(), NoBits()};
   for (; at + 8 <= text.size(); at += 8) {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
+    const Block units = LoadBlock(text.data() + at);
     for (int i = 0; i < 3; ++i) hits[i] = _mm_or_si128(hits[i], _mm_cmpeq_epi16(units, wanted[i]));
   }
-  for (unsigned i = 0; i < 3; ++i) held |= _mm_movemask_epi8(hits[i]) != 0 ? 1u << i : 0u;
+  for (unsigned i = 0; i < 3; ++i) held |= BitsOf(hits[i]) != 0 ? 1u << i : 0u;
 #endif
   for (; at < text.size(); ++at) {
     held |= (text[at] == a ? 1u : 0u) | (text[at] == b ? 2u : 0u) | (text[at] == c ? 4u : 0u);
@@ -84,17 +79,17 @@ unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c) {
 bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second) {
   std::size_t at = 0;
 #if defined(__SSE2__)
-  const __m128i one = _mm_set1_epi16(static_cast<short>(first));
-  const __m128i other = _mm_set1_epi16(static_cast<short>(orFirst));
-  const __m128i behind = _mm_set1_epi16(static_cast<short>(second));
-  __m128i hits = _mm_setzero_si128();
+  const Block one = AllUnits(first);
+  const Block other = AllUnits(orFirst);
+  const Block behind = AllUnits(second);
+  Block hits = NoBits();
   for (; at + 9 <= text.size(); at += 8) {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
-    const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at + 1));
-    const __m128i either = _mm_or_si128(_mm_cmpeq_epi16(units, one), _mm_cmpeq_epi16(units, other));
+    const Block units = LoadBlock(text.data() + at);
+    const Block next = LoadBlock(text.data() + at + 1);
+    const Block either = _mm_or_si128(_mm_cmpeq_epi16(units, one), _mm_cmpeq_epi16(units, other));
     hits = _mm_or_si128(hits, _mm_and_si128(either, _mm_cmpeq_epi16(next, behind)));
   }
-  if (_mm_movemask_epi8(hits) != 0) return true;
+  if (BitsOf(hits) != 0) return true;
 #endif
   for (; at + 1 < text.size(); ++at) {
     if ((text[at] == first || text[at] == orFirst) && text[at + 1] == second) return true;
@@ -105,19 +100,19 @@ bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second)
 bool HoldsDigitOrFrames(TextView text) {
   std::size_t at = 0;
 #if defined(__SSE2__)
-  const __m128i below = _mm_set1_epi16(u'0' - 1);
-  const __m128i above = _mm_set1_epi16(u'9' + 1);
-  const __m128i letter = _mm_set1_epi16(u'f');
-  __m128i hits = _mm_setzero_si128();
+  const Block below = AllUnits(u'0' - 1);
+  const Block above = AllUnits(u'9' + 1);
+  const Block letter = AllUnits(u'f');
+  Block hits = NoBits();
   for (; at + 9 <= text.size(); at += 8) {
     // As signed numbers the units from 8000 hex on are below the digits.
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at));
-    const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + at + 1));
-    const __m128i digits = _mm_and_si128(_mm_cmpgt_epi16(units, below), _mm_cmplt_epi16(units, above));
-    const __m128i frames = _mm_and_si128(_mm_cmpeq_epi16(units, letter), _mm_cmpeq_epi16(next, letter));
+    const Block units = LoadBlock(text.data() + at);
+    const Block next = LoadBlock(text.data() + at + 1);
+    const Block digits = _mm_and_si128(_mm_cmpgt_epi16(units, below), _mm_cmplt_epi16(units, above));
+    const Block frames = _mm_and_si128(_mm_cmpeq_epi16(units, letter), _mm_cmpeq_epi16(next, letter));
     hits = _mm_or_si128(hits, _mm_or_si128(digits, frames));
   }
-  if (_mm_movemask_epi8(hits) != 0) return true;
+  if (BitsOf(hits) != 0) return true;
 #endif
   for (; at < text.size(); ++at) {
     if (text[at] >= u'0' && text[at] <= u'9') return true;

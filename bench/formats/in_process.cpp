@@ -91,8 +91,9 @@ struct Engine {
   NoSettings settings;
   NoBoxes boxes;
   NoWindow window;
-  FormatLoader loader{catalogue, state, settings, strings, boxes, window};
-  Importer importer{loader, captions, file, encodings, cancelled};
+  FormatTalk talk{strings, boxes, window};
+  FormatLoader loader{catalogue, state, settings, talk};
+  Importer importer{{catalogue, state, loader}, talk, captions, {file, encodings}, cancelled};
 };
 
 std::size_t CountLines(const std::string& bytes) {
@@ -129,7 +130,7 @@ void RecogniseAndImport(benchmark::State& state) {
   for (auto _ : state) {
     scanning += Timed([&] { benchmark::DoNotOptimize(CountLines(engine.file.Bytes())); });
     engine.captions.Reset();  // as the program does before a load
-    const double seconds = Timed([&] { engine.importer.DetectFormat(u"a.srt", false, false); });
+    const double seconds = Timed([&] { engine.importer.DetectFormat(u"a.srt", Loading::NewDocument); });
     importing += seconds;
     state.SetIterationTime(seconds);
   }

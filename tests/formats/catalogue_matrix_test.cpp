@@ -29,7 +29,7 @@ class Catalogue : public ::testing::TestWithParam<int> {
 };
 
 TEST_P(Catalogue, FormatIsDefinedWhole) {
-  EXPECT_TRUE(rig_.loader.LoadFormatDefinition(Identifier(), false, false));
+  EXPECT_TRUE(rig_.loader.LoadFormatDefinition(Identifier()));
   EXPECT_TRUE(rig_.messages.shown.empty());
   EXPECT_NE(rig_.catalogue.ReadIni(Identifier(), u"name", u""), u"");
   EXPECT_NE(rig_.catalogue.ReadIni(Identifier(), u"extension", u""), u"");
@@ -55,7 +55,7 @@ TEST_P(Catalogue, FormatGivesBackWhatItCarries) {
     SCOPED_TRACE(Name() + ", " + document.name);
     const Text path = Write(document);
     rig_.messages.lines.assign(1, u"25");
-    rig_.importer.DetectFormat(path, false, false);
+    rig_.importer.DetectFormat(path, Loading::NewDocument);
     rig_.messages.lines.clear();
     if (TakenForAnother(Name(), document.name)) continue;
     const std::vector<Caption> expected = Carried(rig_.catalogue, Identifier(), document);

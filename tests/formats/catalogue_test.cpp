@@ -18,27 +18,27 @@ const std::string kRecord = "{SubRepeat}\nqxmStart qxmEnd qxmCaption\n{/SubRepea
 std::string List(const std::string& identifiers) { return "<FORMATSLIST>\n" + identifiers + "</FORMATSLIST>\n"; }
 
 FormatDefinition Loaded(FormatRig& rig, TextView id) {
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(id, false, false));
+  EXPECT_TRUE(rig.loader.LoadFormatDefinition(id));
   return rig.loader.Definition();
 }
 
 TEST(CatalogueList, StoresALowerCaseLineInUpperCaseButFindsNoLowerCaseBlock) {
   FormatRig rig("", List("PLAINTEXT\nsubrip\n") + Block("subrip", kRecord));
   EXPECT_EQ(rig.catalogue.Identifier(1), u"SUBRIP");
-  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"SUBRIP", false, false));
+  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"SUBRIP"));
   EXPECT_FALSE(rig.loader.Definition().definitionFound);
 }
 
 TEST(CatalogueList, FindsTheBlockThatStandsInUpperCase) {
   FormatRig rig("", List("PLAINTEXT\nsubrip\n") + Block("SUBRIP", kRecord));
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"SUBRIP", false, false));
+  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"SUBRIP"));
 }
 
 TEST(CatalogueList, TakesAnEmptyLineForAnEmptyIdentifier) {
   FormatRig rig("", List("PLAINTEXT\n\nSUBRIP\n"));
   ASSERT_EQ(rig.catalogue.Count(), 3);
   EXPECT_EQ(rig.catalogue.Identifier(1), u"");
-  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"", false, false));
+  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u""));
 }
 
 TEST(CatalogueList, KeepsALineInFrontOfTheOpeningTag) {
@@ -78,14 +78,14 @@ TEST(CatalogueList, OverflowsBehind255Identifiers) {
 
 TEST(CatalogueList, MakesTheLaterOfTwoEqualEntriesTheCurrentFormat) {
   FormatRig rig("", List("PLAINTEXT\nTWICE\nOTHER\nTWICE\n") + Block("TWICE", kRecord));
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"TWICE", true, false));
+  EXPECT_TRUE(rig.loader.SelectFormat(u"TWICE"));
   EXPECT_EQ(rig.state.CurrentFormatIndex, 3);
 }
 
 TEST(CatalogueList, NeverSelectsIndexZero) {
   FormatRig rig("", List("ONLY\nOTHER\n") + Block("ONLY", kRecord));
   rig.state.CurrentFormatIndex = 1;
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"ONLY", true, false));
+  EXPECT_TRUE(rig.loader.SelectFormat(u"ONLY"));
   EXPECT_EQ(rig.state.CurrentFormatIndex, 1);
 }
 
@@ -131,12 +131,12 @@ class InvalidBlock : public ::testing::TestWithParam<BrokenBlock> {};
 
 TEST_P(InvalidBlock, IsToldOnceInARunAndEmptiesTheTexts) {
   FormatRig rig("", List("P\nA\nB\n") + Block("A", GetParam().text) + Block("B", kRecord + "foot\n"));
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"B", false, false));
-  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"A", false, false));
+  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"B"));
+  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"A"));
   EXPECT_TRUE(rig.loader.Definition().definitionFound);
   EXPECT_EQ(rig.loader.Definition().recordText, u"");
   EXPECT_EQ(rig.loader.Definition().footerText, u"");
-  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"NONE", false, false));
+  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"NONE"));
   ASSERT_EQ(rig.messages.shown.size(), 1u);
   EXPECT_EQ(rig.messages.shown[0].text, u"The subtitle format A is incorrectly defined or was not found.");
   EXPECT_EQ(rig.messages.shown[0].icon, BoxIcon::Warning);
@@ -182,7 +182,8 @@ class TimecodeTemplate : public ::testing::TestWithParam<TimecodeRow> {};
 TEST_P(TimecodeTemplate, DerivesItsFourTexts) {
   const TimecodeRow& row = GetParam();
   FormatRig rig("[A]\ntimecode=" + ToUtf8(row.timecode) + "\n", List("P\nA\n"));
-  EXPECT_FALSE(rig.loader.LoadFormatDefinition(u"A", false, true));
+  rig.loader.LoadTimecode(u"A");
+  EXPECT_FALSE(rig.loader.Definition().definitionFound);
   const FormatDefinition& definition = rig.loader.Definition();
   EXPECT_EQ(definition.timecodeTemplate, ToLower(row.timecode));
   EXPECT_EQ(definition.timecodeMask, row.mask);
@@ -206,8 +207,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(FormatDefinition, KeepsTheDerivedTextsOfTheFormatBeforeForAPlainCount) {
   FormatRig rig("[A]\ntimecode=h:mm:ss.zz\n[B]\ntimecode=ff\n", List("P\nA\nB\n"));
-  rig.loader.LoadFormatDefinition(u"A", false, true);
-  rig.loader.LoadFormatDefinition(u"B", false, true);
+  rig.loader.LoadTimecode(u"A");
+  rig.loader.LoadTimecode(u"B");
   EXPECT_EQ(rig.loader.Definition().timecodeMask, u"0");
   EXPECT_EQ(rig.loader.Definition().timecodeCompact, u"h:m:s.z");
   EXPECT_EQ(rig.loader.Definition().fractionPicture, u"00");
@@ -229,7 +230,7 @@ TEST(FormatDefinition, CountsWithPictureZeroWhenTheKeyIsMissing) {
 
 TEST(FormatDefinition, OverflowsWithTagFlagsBeyond8Bits) {
   FormatRig rig("[A]\ntags=256\n", List("P\nA\n") + Block("A", kRecord));
-  EXPECT_THROW(rig.loader.LoadFormatDefinition(u"A", false, false), RuntimeError);
+  EXPECT_THROW(rig.loader.LoadFormatDefinition(u"A"), RuntimeError);
 }
 
 TEST(FormatDefinition, IsSingleLineOnlyWithoutRealLineBreaks) {
@@ -250,7 +251,7 @@ TEST(FormatDefinition, TakesTheHeaderOfTheCurrentFormatWhenItIsBuiltIn) {
 
 TEST(FormatDefinition, TellsTheNameInTheStatusLabelWhenSelected) {
   FormatRig rig("[A]\nname=The A\n", List("P\nA\n") + Block("A", kRecord));
-  rig.loader.LoadFormatDefinition(u"A", true, false);
+  rig.loader.SelectFormat(u"A");
   EXPECT_EQ(rig.host.labels, std::vector<Text>{u"Importing The A subtitle file..."});
   EXPECT_EQ(rig.host.yields, 1);
 }

@@ -140,10 +140,10 @@ TEST(DecodeUtf8, GivesTheSameFromEveryPlaceAndWithEverySlack) {
   for (std::size_t from = 0; from <= text.size(); ++from) {
     for (std::size_t length = 0; from + length <= text.size(); ++length) {
       const std::string_view part = std::string_view(padded).substr(from, length);
-      Text plain(length + 16, u'\0');
-      Text slack(length + 16, u'\0');
-      plain.resize(DecodeUtf8(part, plain.data()));
-      slack.resize(DecodeUtf8(part, slack.data(), false, true));
+      Text plain(DecodedRoom(length), u'\0');
+      Text slack(DecodedRoom(length), u'\0');
+      plain.resize(DecodeUtf8(part, plain));
+      slack.resize(DecodeUtf8(part, slack, Surrogates::AreInvalid, true));
       ASSERT_EQ(plain, slack);
       ASSERT_EQ(plain, FromUtf8(part));
       std::string back;

@@ -94,7 +94,7 @@ struct FormatRig {
   Text Open(const std::string& name, const std::string& content, TextView fps = u"25") {
     const Text opened = folder.Write(name, content);
     messages.lines.assign(1, Text(fps));
-    importer.DetectFormat(opened, false, false);
+    importer.DetectFormat(opened, Loading::NewDocument);
     messages.lines.clear();
     return Format();
   }
@@ -106,11 +106,11 @@ struct FormatRig {
   }
 
   /// Imports with a format by name, without recognition.
-  void ImportAs(TextView id, const std::string& content, TextView fps = u"25", bool append = false) {
+  void ImportAs(TextView id, const std::string& content, TextView fps = u"25", Loading loading = Loading::NewDocument) {
     Choose(id);
-    loader.LoadFormatDefinition(id, false, false);
+    loader.LoadFormatDefinition(id);
     messages.lines.assign(1, Text(fps));
-    importer.ImportSubtitle(folder.Write("imported", content), false, append);
+    importer.ImportSubtitle(folder.Write("imported", content), loading);
     messages.lines.clear();
   }
 
@@ -149,9 +149,11 @@ struct FormatRig {
   LangStrings strings;
   FakeMessages messages;
   FakeFormatHost host;
-  FormatLoader loader{catalogue, state, settings, strings, messages, host};
-  Importer importer{loader, captions, files, encodings, cancelled};
-  Exporter exporter{loader, captions, files, encodings, path, modified};
+  FormatTalk talk{strings, messages, host};
+  FormatLoader loader{catalogue, state, settings, talk};
+  FormatSet formats{catalogue, state, loader};
+  Importer importer{formats, talk, captions, {files, encodings}, cancelled};
+  Exporter exporter{formats, talk, captions, {files, encodings}, path, modified};
 };
 
 }  // namespace cuewright::testing

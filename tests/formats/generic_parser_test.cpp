@@ -2,6 +2,7 @@
 
 #include "formats/record_pieces.h"
 #include "tests/formats/format_rig.h"
+#include "tests/formats/reading_ways.h"
 #include "tests/support/printers.h"
 
 namespace cuewright::testing {
@@ -26,7 +27,7 @@ struct OwnFormat : FormatRig {
 
 RecordPieces PiecesOf(const std::string& ini, const std::string& record, int* error = nullptr) {
   OwnFormat rig(ini, record);
-  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"OWN", false, false));
+  EXPECT_TRUE(rig.loader.LoadFormatDefinition(u"OWN"));
   CarryOn errors;
   RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
   if (error != nullptr) *error = errors.Last() ? errors.Last()->number : 0;
@@ -166,19 +167,6 @@ TEST(GenericStartTextEnd, ReadsStartTextAndEndOfOneLine) {
 
 // Lines of the plain form are taken apart without searching; both ways give the same.
 
-Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool literal, float fps, bool searching) {
-  TextFile file = TextFile::Auto(content, rig.encodings);
-  rig.loader.LoadFormatDefinition(u"OWN", false, false);
-  CarryOn errors;
-  const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
-  const auto parser = MakeGenericParser({captions, rig.loader.Definition(), literal, fps, errors, searching}, pieces);
-  ImportLine line;
-  while (line.Next(file, nullptr)) parser->Parse(line);
-  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
-  return captions.Take();
-}
-
 TEST(GenericPlainLines, GiveWhatSearchingGives) {
   struct Form {
     const char* ini;
@@ -233,8 +221,9 @@ TEST(GenericPlainLines, GiveWhatSearchingGives) {
     for (int round = 0; round < 100; ++round) {
       std::string content;
       for (int i = 0; i < 60; ++i) content += lines[next(lines.size())] + "\r\n";
-      ASSERT_EQ(ReadBySearching(rig, content, form.literal, form.fps, false),
-                ReadBySearching(rig, content, form.literal, form.fps, true))
+      const LinesOf read{u"OWN", TextFile::Auto(content, rig.encodings), form.literal, form.fps};
+      const Captions plain = ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, read);
+      ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.LineSeparator, read), plain)
           << form.record << content;
     }
   }

@@ -136,7 +136,7 @@ TEST(PlainTextFallback, IsNotForANameThatEndsInUpperCaseTxt) {
 TEST(PlainTextFallback, LosesAppend) {
   FormatRig rig;
   rig.Fill({{1, 2, u"old"}});
-  rig.importer.DetectFormat(rig.folder.Write("a.txt", "new\r\n"), false, true);
+  rig.importer.DetectFormat(rig.folder.Write("a.txt", "new\r\n"), Loading::Append);
   EXPECT_EQ(rig.Rows(), (Rows{{0, 0, u"new"}}));
 }
 
@@ -223,8 +223,8 @@ TEST(Append, ShiftsByTheMediasLengthCumulatively) {
   rig.Open("a.srt", SubRipFile(1));
   rig.host.mediaSeconds = 60;
   const Text second = rig.folder.Write("b.srt", SubRipFile(1));
-  rig.importer.DetectFormat(second, false, true);
-  rig.importer.DetectFormat(second, false, true);
+  rig.importer.DetectFormat(second, Loading::Append);
+  rig.importer.DetectFormat(second, Loading::Append);
   EXPECT_EQ(rig.Rows(), (Rows{{1000, 1500, u"line 1"}, {61000, 61500, u"line 1"}, {121000, 121500, u"line 1"}}));
   ASSERT_EQ(rig.messages.shown.size(), 2u);
   EXPECT_EQ(
@@ -239,16 +239,16 @@ TEST(Append, StartsOverAfterAnOrdinaryImport) {
   FormatRig rig;
   rig.host.mediaSeconds = 60;
   rig.Open("a.srt", SubRipFile(1));
-  rig.importer.DetectFormat(rig.path = rig.folder / "a.srt", false, true);
+  rig.importer.DetectFormat(rig.path = rig.folder / "a.srt", Loading::Append);
   rig.Open("a.srt", SubRipFile(1));
-  rig.importer.DetectFormat(rig.folder / "a.srt", false, true);
+  rig.importer.DetectFormat(rig.folder / "a.srt", Loading::Append);
   EXPECT_EQ(rig.captions.GetCaptionStart(2), 61000);
 }
 
 TEST(Append, KeepsTheDocumentsEncoding) {
   FormatRig rig;
   rig.Open("a.srt", "\xEF\xBB\xBF" + SubRipFile(1));
-  rig.importer.DetectFormat(rig.folder.Write("b.srt", SubRipFile(1)), false, true);
+  rig.importer.DetectFormat(rig.folder.Write("b.srt", SubRipFile(1)), Loading::Append);
   EXPECT_EQ(rig.state.Encoding, (DocumentEncoding{kCodePageUtf8, true}));
 }
 
@@ -274,7 +274,7 @@ TEST(Append, LeavesTheDocumentsWayOfWritingInForce) {
     rig.Open("a.sub", "\xEF\xBB\xBF{10}{20}one\r\n", u"24");
     const auto before = WayOfWriting(rig);
     rig.messages.lines.assign(1, row.fps);
-    rig.importer.DetectFormat(rig.folder.Write(row.name, row.content), false, true);
+    rig.importer.DetectFormat(rig.folder.Write(row.name, row.content), Loading::Append);
     EXPECT_EQ(WayOfWriting(rig), before);
     EXPECT_FLOAT_EQ(rig.state.CurrentFps, 24);
   }
@@ -283,7 +283,7 @@ TEST(Append, LeavesTheDocumentsWayOfWritingInForce) {
 TEST(Append, OfATextThatCantBeReadLeavesTheCaptions) {
   FormatRig rig;
   rig.Fill({{1, 2, u"old"}});
-  rig.importer.DetectFormat(rig.folder / "gone.txt", false, true);
+  rig.importer.DetectFormat(rig.folder / "gone.txt", Loading::Append);
   EXPECT_EQ(rig.Rows(), (Rows{{1, 2, u"old"}}));
   EXPECT_EQ(rig.messages.shown.size(), 2u);
 }
@@ -301,14 +301,14 @@ TEST(RunTimeErrors, AreToldAtTheEndOfTheImportAndTheRestIsRead) {
 
 TEST(HostileFile, ThatIsMissingIsTold) {
   FormatRig rig;
-  rig.importer.DetectFormat(rig.folder / "none.srt", false, false);
+  rig.importer.DetectFormat(rig.folder / "none.srt", Loading::NewDocument);
   ASSERT_EQ(rig.messages.shown.size(), 2u);
   EXPECT_TRUE(rig.messages.shown[1].text.find(u"Error #53: File not found") != Text::npos);
 }
 
 TEST(HostileFile, ThatIsMissingAndNamedTxtHasNoText) {
   FormatRig rig;
-  rig.importer.DetectFormat(rig.folder / "none.txt", false, false);
+  rig.importer.DetectFormat(rig.folder / "none.txt", Loading::NewDocument);
   ASSERT_EQ(rig.messages.shown.size(), 2u);
   EXPECT_TRUE(rig.messages.shown[0].text.starts_with(u"No text found"));
   EXPECT_TRUE(rig.messages.shown[1].text.find(u"Error #53") != Text::npos);
@@ -320,7 +320,7 @@ TEST(HostileFile, ThatIsAFolderAPipeOrADeviceIsRefusedAtOnce) {
   ASSERT_EQ(::mkfifo(ToUtf8(pipe).c_str(), 0600), 0);
   for (const Text& target : {FromUtf8(rig.folder.Path().string()), pipe, Text(u"/dev/zero")}) {
     rig.messages.shown.clear();
-    rig.importer.DetectFormat(target, false, false);
+    rig.importer.DetectFormat(target, Loading::NewDocument);
     ASSERT_EQ(rig.messages.shown.size(), 2u) << ToUtf8(target);
     EXPECT_TRUE(rig.messages.shown[1].text.find(u"Error #75") != Text::npos) << ToUtf8(rig.messages.shown[1].text);
   }
@@ -331,7 +331,7 @@ TEST(HostileFile, BeyondTheLimitIsRefusedWithItsSize) {
   const std::string huge = rig.folder.Bytes("huge.srt");
   std::ofstream(huge).put('x');
   std::filesystem::resize_file(huge, 1ULL << 30);
-  rig.importer.DetectFormat(FromUtf8(huge), false, false);
+  rig.importer.DetectFormat(FromUtf8(huge), Loading::NewDocument);
   ASSERT_EQ(rig.messages.shown.size(), 2u);
   EXPECT_TRUE(rig.messages.shown[1].text.find(u"Error #7: The file is too large (1073741824 bytes") != Text::npos);
 }

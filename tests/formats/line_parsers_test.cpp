@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/formats/format_rig.h"
+#include "tests/formats/reading_ways.h"
 #include "tests/support/printers.h"
 
 namespace cuewright::testing {
@@ -137,7 +138,7 @@ TEST(TmPlayerLines, ThatBeginWithZeroTimeAreDroppedInAnEmptyList) {
 TEST(TmPlayerLines, ThatBeginWithZeroTimeAreReadWhenAppending) {
   FormatRig rig;
   rig.Fill({{1, 2, u"a"}, {3, 4, u"b"}});
-  rig.ImportAs(u"TMPLAYER", "00:00:00,1=first\r\n00:00:02,1=\r\n", u"25", true);
+  rig.ImportAs(u"TMPLAYER", "00:00:00,1=first\r\n00:00:02,1=\r\n", u"25", Loading::Append);
   EXPECT_EQ(rig.captions.At(3), (Caption{0, 2000, u"first"}));
 }
 
@@ -219,39 +220,28 @@ TEST(UleadLines, DropTheClosingMarker) {
 
 // A run of plain SubRip lines is read in another way than single ones; both give the same.
 
-Rows ReadByLines(FormatRig& rig, const std::string& content) {
-  TextFile file = TextFile::Auto(content, rig.encodings);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
-  CarryOn errors;
-  const auto parser = MakeSubRipParser({captions, rig.loader.Definition(), true, 0, errors});
-  ImportLine line;
-  while (line.Next(file, nullptr)) parser->Parse(line);
-  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
-  return captions.Take();
-}
-
 TEST(SubRipRuns, ReadWhatSingleLinesRead) {
-  const std::vector<std::string> lines = {"",
-                                          "",
-                                          "",
-                                          "1",
-                                          "00:00:01,000 --> 00:00:02,000",
-                                          "00:00:03,500 --> 00:00:04,250",
-                                          "text",
-                                          "ASCII text of some more than sixteen bytes",
-                                          "\xC3\xA9t\xC3\xA9 accents in here",
-                                          " blanks around ",
-                                          "<i>tagged</i>",
-                                          "00:00:05,000 --> 00:00:06,000 X1:10",
-                                          "12 --> 13",
-                                          "0\xC3\xA9:00:01,00 --> 00:00:02,000",
-                                          "   ",
-                                          "00:00:01.000 --> 00:00:02.000 ",
-                                          std::string(700, 'x') + "\xC3\xA9" + std::string(700, 'y'),
+  const std::vector<std::string> choice = {"",
+                                           "",
+                                           "",
+                                           "1",
+                                           "00:00:01,000 --> 00:00:02,000",
+                                           "00:00:03,500 --> 00:00:04,250",
+                                           "text",
+                                           "ASCII text of some more than sixteen bytes",
+                                           "\xC3\xA9t\xC3\xA9 accents in here",
+                                           " blanks around ",
+                                           "<i>tagged</i>",
+                                           "00:00:05,000 --> 00:00:06,000 X1:10",
+                                           "12 --> 13",
+                                           "0\xC3\xA9:00:01,00 --> 00:00:02,000",
+                                           "   ",
+                                           "00:00:01.000 --> 00:00:02.000 ",
+                                           std::string(700, 'x') + "\xC3\xA9" + std::string(700, 'y'),
 
-                                          "123456789",
-                                          "\xFF\xFE odd",
-                                          "no UTF-8 \xC3"};
+                                           "123456789",
+                                           "\xFF\xFE odd",
+                                           "no UTF-8 \xC3"};
   FormatRig rig;
   std::uint32_t state = 7;
   const auto next = [&](std::size_t below) {
@@ -260,9 +250,10 @@ TEST(SubRipRuns, ReadWhatSingleLinesRead) {
   for (int round = 0; round < 200; ++round) {
     const std::string end = round % 3 == 0 ? "\n" : round % 3 == 1 ? "\r\n" : "\r";
     std::string content = "00:00:01,000 --> 00:00:02,000" + end + "first" + end + end;
-    for (int i = 0; i < 200; ++i) content += lines[next(lines.size() - (round % 2 == 0 ? 0 : 2))] + end;
+    for (int i = 0; i < 200; ++i) content += choice[next(choice.size() - (round % 2 == 0 ? 0 : 2))] + end;
     rig.ImportAs(u"SUBRIP", content);
-    ASSERT_EQ(rig.Rows(), ReadByLines(rig, content)) << "round " << round;
+    const LinesOf lines{u"SUBRIP", TextFile::Auto(content, rig.encodings), true};
+    ASSERT_EQ(rig.Rows(), ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, lines)) << round;
   }
 }
 

@@ -3,16 +3,15 @@
 #include <random>
 #include <string_view>
 
-#include "formats/caption_collector.h"
-#include "formats/line_parsers.h"
-#include "formats/record_pieces.h"
 #include "tests/formats/catalogue_documents.h"
 #include "tests/formats/format_rig.h"
+#include "tests/formats/reading_ways.h"
 #include "tests/support/printers.h"
 #include "text/utf8.h"
 
 // Lines of the usual form are read straight from their bytes where the code page lets ASCII stand for itself. With a
-// code page of two bytes a character every line is decoded and parsed by itself, which must give the same captions.
+// code page of two bytes a character most lines are decoded and parsed by themselves, which must give the same
+// captions.
 
 namespace cuewright::testing {
 namespace {
@@ -109,32 +108,12 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
   for (const TextView id : {u"SAMI", u"WEBVTT", u"MICRODVD", u"SUBSTATIONALPHA"}) Compare(Text(id), 77, 60);
 }
 
-std::unique_ptr<LineParser> ParserFor(TextView id, const ParseContext& context, const RecordPieces& pieces) {
-  if (id == u"SUBRIP") return MakeSubRipParser(context);
-  if (id == u"SAMI") return MakeSamiParser(context);
-  if (id == u"SUBSTATIONALPHA") return MakeDialogueParser(context);
-  return MakeGenericParser(context, pieces);
-}
-
-/// Reads a document with a format's parser, straight from the bytes where it can, or line by line.
-std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& bytes, bool literal, bool runs) {
-  rig.Choose(id);
-  rig.loader.LoadFormatDefinition(id, false, false);
-  CarryOn errors;
-  RecordPieces pieces;
-  if (id != u"SUBSTATIONALPHA") pieces = CutRecord(rig.loader.Definition(), errors);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
-  const float fps = RateOf(rig.catalogue, id);
-  const ParseContext context{captions, rig.loader.Definition(), literal, fps, errors};
-  const auto parser = ParserFor(id, context, pieces);
-  TextFile file = TextFile::Auto(bytes, rig.encodings);
-  ImportLine line;
-  while (line.Next(file, nullptr)) {
-    parser->Parse(line);
-    if (runs) parser->ParseRun(file);
-  }
-  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
-  return captions.Take();
+/// Both ways through a document give the same captions.
+void CompareWays(FormatRig& rig, const Text& id, const std::string& bytes, bool literal) {
+  SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
+  const LinesOf lines{id, TextFile::Auto(bytes, rig.encodings), literal, RateOf(rig.catalogue, id)};
+  ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.LineSeparator, lines),
+            ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, lines));
 }
 
 TEST(LineRuns, OfDamagedFilesGiveWhatTheirLinesGiveOneByOne) {
@@ -143,10 +122,7 @@ TEST(LineRuns, OfDamagedFilesGiveWhatTheirLinesGiveOneByOne) {
     const Text id = rig.catalogue.Identifier(index);
     Random random(static_cast<unsigned>(index));
     for (int i = 0; i < 6; ++i) {
-      const std::string bytes = Document(random, id);
-      const bool literal = i % 2 == 0;
-      SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
-      ASSERT_EQ(Parse(rig, id, bytes, literal, true), Parse(rig, id, bytes, literal, false));
+      CompareWays(rig, id, Document(random, id), i % 2 == 0);
     }
   }
 }
@@ -191,9 +167,7 @@ TEST(LineRuns, OfAnyLinesGiveWhatTheyGiveOneByOne) {
   for (const TextView id : {u"SUBRIP", u"WEBVTT", u"MICRODVD", u"SAMI"}) {
     Random random(11);
     for (int i = 0; i < 1000; ++i) {
-      const std::string bytes = Lines(random);
-      SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
-      ASSERT_EQ(Parse(rig, Text(id), bytes, i % 2 == 0, true), Parse(rig, Text(id), bytes, i % 2 == 0, false));
+      CompareWays(rig, Text(id), Lines(random), i % 2 == 0);
     }
   }
 }
@@ -208,9 +182,7 @@ TEST(LineRuns, ALineThatEndsInTheBlankBeforeItsTextIsCutOfIt) {
     if (text == std::string::npos) continue;
     std::string cut = bytes;
     cut.erase(text, 1);
-    for (const bool literal : {true, false}) {
-      EXPECT_EQ(Parse(rig, id, cut, literal, true), Parse(rig, id, cut, literal, false)) << ToUtf8(id);
-    }
+    for (const bool literal : {true, false}) CompareWays(rig, id, cut, literal);
   }
 }
 

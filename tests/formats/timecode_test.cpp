@@ -11,7 +11,7 @@ namespace {
 /// The form that a template derives.
 TimecodeForm FormOf(TextView timecode) {
   FormatRig rig("[A]\ntimecode=" + ToUtf8(timecode) + "\n", "P\nA\n");
-  rig.loader.LoadFormatDefinition(u"A", false, true);
+  rig.loader.LoadTimecode(u"A");
   return rig.loader.Definition();
 }
 

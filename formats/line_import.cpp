@@ -1,0 +1,95 @@
+#include "formats/line_import.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace cuewright {
+namespace {
+
+constexpr int kMostCaptions = 32000;
+
+/// Lines of a few formats that are no text of a caption.
+class LineFilter {
+ public:
+  LineFilter(TextView identifier, bool listIsEmpty)
+      : dropFrameRate_(identifier == kMicroDvd),
+        dropZeroTime_(identifier == kTmPlayer && listIsEmpty),
+        dropClosing_(identifier == kUleadWorkshop) {}
+
+  /// What every line begins with that may be dropped; empty for none.
+  std::string_view Beginning() const {
+    return dropFrameRate_ ? "{1}{1}" : dropZeroTime_ ? "00:00:00" : dropClosing_ ? "#" : "";
+  }
+
+  bool Drops(const ImportLine& line) const {
+    if (dropFrameRate_) return line.View().starts_with(u"{1}{1}");
+    if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
+    if (dropClosing_) return line.View() == u"#Subtitle text end";
+    return false;
+  }
+
+ private:
+  bool dropFrameRate_;
+  bool dropZeroTime_;
+  bool dropClosing_;
+};
+
+}  // namespace
+
+std::vector<Caption> LineImport::Read(TextFile& file, const LineOrders& orders, const Text& separator,
+                                      CarryOn& errors) {
+  CaptionCollector captions(formats_.loader.Definition(), separator);
+  std::size_t place = 0;
+  errors.noted = [&] { place = file.Place(); };
+  ReadLines(file, orders, captions, errors);
+  if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
+  if (file.LineWasCut()) {
+    errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
+    place = file.CutPlace();
+  }
+  errors.noted = nullptr;
+  if (place != 0) troubleLine_ = file.LinesBefore(place);
+  return captions.Take();
+}
+
+void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionCollector& captions, CarryOn& errors) {
+  const FormatDefinition& definition = formats_.loader.Definition();
+  const LineFilter filter(formats_.CurrentIdentifier(), orders.intoEmptyList);
+  const ParseContext context{captions, definition,        orders.timecodeLiteral, formats_.state.CurrentFps,
+                             errors,   filter.Beginning()};
+  LineReader reader = MakeReader(context, orders.pieces, false);
+  bool mayTurnSpruce = formats_.CurrentIdentifier() == kSonicScenarist;
+  captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
+  ImportLine line;
+  while (line.Next(file, orders.wide ? &encodings_ : nullptr)) {
+    if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(file, captions)) break;
+    if (captions.Full()) break;
+    if (filter.Drops(line)) line.Clear();
+    if (mayTurnSpruce && line.View().starts_with(u"0001")) {
+      mayTurnSpruce = false;
+      errors([&] { formats_.loader.SelectFormat(kSpruceDvdMaestro); });
+      captions.DefinitionChanged();
+      reader = MakeReader(context, orders.pieces, definition.definitionFound);
+    }
+    reader.parser->Parse(line);
+    if (reader.run && !orders.wide) reader.run->ReadOn(file);
+  }
+}
+
+bool LineImport::StopsHere(TextFile& file, const CaptionCollector& captions) {
+  talk_.host.Yield();
+  if (cancelled_) return true;
+  if (captions.ImportedCount() <= kMostCaptions) return false;
+  troubleLine_ = file.LinesBefore(file.Place());
+  talk_.messages.Show(
+      {talk_.strings[Message::TooManyCaptions], BoxIcon::Error, BoxButtons::Ok, talk_.strings[Message::Warning]});
+  return true;
+}
+
+LineReader LineImport::MakeReader(const ParseContext& context, const RecordPieces& pieces, bool bodySeen) const {
+  if (formats_.state.CurrentFormatIndex == 0) return {MakePlainTextParser(context), nullptr};
+  return MakeLineReader(formats_.CurrentIdentifier(), context, pieces, bodySeen);
+}
+
+}  // namespace cuewright

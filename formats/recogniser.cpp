@@ -1,0 +1,103 @@
+#include "formats/recogniser.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "text/text_search.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kHeadLines = 250;
+/// Characters of a head that are looked at. Lines of ordinary files come nowhere near it.
+constexpr std::size_t kLongestHead = 1 << 20;
+
+bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
+
+}  // namespace
+
+std::optional<bool> FormatRecogniser::Settle(TextFile* file, CarryOn& errors) {
+  for (const bool wide : {false, true}) {
+    formats_.state.CurrentFormatIndex = 0;
+    const Heads heads = file != nullptr ? ReadHeads(*file, wide) : Heads{};
+    if (!Recognise(heads, errors)) continue;
+    SettleLookAlikes(heads, errors);
+    return wide;
+  }
+  return {};
+}
+
+FormatRecogniser::Heads FormatRecogniser::ReadHeads(TextFile& file, bool wide) const {
+  Heads heads;
+  file.Rewind();
+  std::string_view line;
+  LineBuffer buffer;
+  for (int i = 0; i < kHeadLines && heads.full.size() < kLongestHead && file.NextLine(line); ++i) {
+    file.Decode(line.substr(0, kLongestHead), buffer);
+    heads.full.append(kLineEnd).append(TrimBlanks(buffer.View()));
+  }
+  file.Rewind();
+  MaskDigits(heads.full);
+  heads.full = ToUpper(heads.full);
+  heads.brief = heads.full;
+  for (int i = 0; i < 3; ++i) heads.brief = ReplaceAll(heads.brief, u"000", u"00");
+  if (wide) {
+    heads.full = encodings_.PairBytes(heads.full);
+    heads.brief = encodings_.PairBytes(heads.brief);
+  }
+  return heads;
+}
+
+/// Looks in the head for the masks of all formats' timecodes.
+void FormatRecogniser::LookForTimecode(const Heads& heads) {
+  const FormatDefinition& definition = formats_.loader.Definition();
+  timecodeLiteral_ = false;
+  std::vector<Text> absent = {u"0"};  // masks that the head is known to lack
+  for (int i = 1; i < formats_.catalogue.Count() && !timecodeLiteral_; ++i) {
+    formats_.loader.LoadTimecode(formats_.catalogue.Identifier(i));
+    if (std::ranges::find(absent, definition.timecodeMask) != absent.end()) continue;
+    timecodeLiteral_ = Holds(heads.full, definition.timecodeMask);
+    absent.push_back(definition.timecodeMask);
+  }
+}
+
+bool FormatRecogniser::Recognise(const Heads& heads, CarryOn& errors) {
+  LookForTimecode(heads);
+  for (int i = 1; i < formats_.catalogue.Count(); ++i) {
+    const Text& id = formats_.catalogue.Identifier(i);
+    bool hit = false;
+    errors([&] { hit = formats_.loader.LoadFormatDefinition(id) && (Fits(heads) || FitsSecondTemplate(heads, id)); });
+    if (!hit) continue;
+    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(i);
+    return true;
+  }
+  return false;
+}
+
+bool FormatRecogniser::Fits(const Heads& heads) const {
+  const FormatDefinition& definition = formats_.loader.Definition();
+  if ((definition.timecodeMask != u"0") != timecodeLiteral_) return false;
+  return Holds(timecodeLiteral_ ? heads.full : heads.brief, definition.sampleText);
+}
+
+bool FormatRecogniser::FitsSecondTemplate(const Heads& heads, TextView formatId) {
+  const Text second = formats_.catalogue.ReadIni(formatId, u"timecoderss", u"");
+  if (second.empty()) return false;
+  FormatDefinition& definition = formats_.loader.Definition();
+  const Text mask = MaskOfTimecode(second, false);
+  definition.timecodeTemplate = second;
+  definition.sampleText = ReplaceLoose(definition.sampleText, definition.timecodeMask, mask);
+  definition.timecodeMask = mask;
+  return Fits(heads);
+}
+
+void FormatRecogniser::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
+  const auto change = [&](TextView id) { errors([&] { formats_.loader.SelectFormat(id); }); };
+  if (formats_.CurrentIdentifier() == kAdobeEncore) {
+    if (Holds(heads.full, u"#INPOINT OUTPOINT PATH")) change(kPinnacleImp);
+    if (Holds(heads.full, u"//")) change(kDvdSubSystem);
+  }
+  if (formats_.CurrentIdentifier() == kMacDvdPro && Holds(heads.full, u"SP_NUMBER")) change(kSpruceDvdMaestro);
+}
+
+}  // namespace cuewright

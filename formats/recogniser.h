@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+
+#include "core/runtime_error.h"
+#include "formats/definition.h"
+#include "text/encodings.h"
+#include "text/text_file.h"
+
+namespace cuewright {
+
+/// Finds out which format of the catalogue a file has, by its first lines.
+class FormatRecogniser {
+ public:
+  FormatRecogniser(const FormatSet& formats, const Encodings& encodings) : formats_(formats), encodings_(encodings) {}
+
+  /// Puts the file's format in force and tells whether it is 16-bit text, whose bytes are to be paired. Nothing when no
+  /// format fits; plain text is then the current one. Null stands for a file that can't be read.
+  std::optional<bool> Settle(TextFile* file, CarryOn& errors);
+
+  /// The head of that file holds the mask of some format's timecode.
+  bool TimecodeLiteral() const { return timecodeLiteral_; }
+
+ private:
+  /// The beginning of a file, in upper case and with its digits masked.
+  struct Heads {
+    Text full;
+    Text brief;  ///< numbers of any length as "00"
+  };
+
+  Heads ReadHeads(TextFile& file, bool wide) const;
+  bool Recognise(const Heads& heads, CarryOn& errors);
+  void LookForTimecode(const Heads& heads);
+  bool Fits(const Heads& heads) const;
+  bool FitsSecondTemplate(const Heads& heads, TextView formatId);
+  void SettleLookAlikes(const Heads& heads, CarryOn& errors);
+
+  FormatSet formats_;
+  const Encodings& encodings_;
+  bool timecodeLiteral_ = false;
+};
+
+}  // namespace cuewright
