@@ -7,7 +7,7 @@
 
 namespace cuewright {
 
-bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS, u"classic"); }
+bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
   FormatHost& host = talk_.host;

@@ -31,7 +31,7 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = access_.files.Read(path, kLargestTextFile);
-    const auto read = EqualLoose(captions_.Options().T_READAS, u"classic") ? TextFile::Classic : TextFile::Auto;
+    const auto read = EqualLoose(captions_.Options().readAs, u"classic") ? TextFile::Classic : TextFile::Auto;
     file = read(std::move(bytes), access_.encodings);
   });
   return file;
@@ -96,7 +96,7 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   if (id != kSubStationAlpha && id != kAdvancedSsa) orders.pieces = CutRecord(formats_.loader.Definition(), errors);
   if (ReadFrameRate()) {
     std::vector<Caption> rows;
-    if (file) rows = lines_.Read(*file, orders, captions_.Options().LineSeparator, errors);
+    if (file) rows = lines_.Read(*file, orders, captions_.Options().lineSeparator, errors);
     file.reset();
     state.SettingsFormatIndex = state.CurrentFormatIndex;
     FillList(std::move(rows), loading, errors);

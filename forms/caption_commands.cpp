@@ -66,7 +66,7 @@ void CaptionCommands::WireTextPane() {
 void CaptionCommands::TakeTextPane() {
   if (!bench_.document.HasDocument()) return;
   const Row row = bench_.list.Selected();
-  const Text text = ReplaceAll(bench_.window.txtSub.GetText(), kLineEnd, bench_.options.LineSeparator);
+  const Text text = ReplaceAll(bench_.window.txtSub.GetText(), kLineEnd, bench_.options.lineSeparator);
   // A key that changed nothing, such as an arrow, is no edit.
   if (bench_.options.manner.AsksWhenCaptionsDiffer() && text == bench_.list.GetCaptionText(row)) return;
   {
@@ -160,18 +160,18 @@ void CaptionCommands::Toggle(TextView marker) {
 
 void CaptionCommands::ShowSeparator() {
   std::size_t choice = 0;
-  while (choice < kSeparators.size() && bench_.options.LineSeparator != kSeparators[choice]) ++choice;
+  while (choice < kSeparators.size() && bench_.options.lineSeparator != kSeparators[choice]) ++choice;
   bench_.window.mnuSeparator[0].SetText(bench_.strings[Message::DefaultSeparator]);
   bench_.window.mnuSeparator[1].SetText(kSeparators[1]);
   bench_.window.mnuSeparator[2].SetText(kSeparators[2]);
   bench_.window.mnuSeparator[3].SetText(
-      Fill(bench_.strings[Message::CustomSeparator], choice == 3 ? TextView(bench_.options.LineSeparator) : u"..."));
+      Fill(bench_.strings[Message::CustomSeparator], choice == 3 ? TextView(bench_.options.lineSeparator) : u"..."));
   for (std::size_t i = 0; i < bench_.window.mnuSeparator.size(); ++i)
     bench_.window.mnuSeparator[i].SetChecked(i == choice);
 }
 
 void CaptionCommands::ChangeSeparator(std::size_t choice) {
-  const Text before = bench_.options.LineSeparator;
+  const Text before = bench_.options.lineSeparator;
   for (std::size_t i = 0; i < bench_.window.mnuSeparator.size(); ++i)
     bench_.window.mnuSeparator[i].SetChecked(i == choice);
   Text after;
@@ -185,7 +185,7 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
   }
   std::optional<EditScope> scope;
   if (bench_.document.HasDocument()) scope.emplace(bench_.list, EditKind::Separator);
-  bench_.options.LineSeparator = after;
+  bench_.options.lineSeparator = after;
   store_.SaveSetting(kMainSection, u"LBREAK", after);
   if (bench_.document.HasDocument()) ReplaceSeparator(before, after);
   scope.reset();
@@ -194,7 +194,7 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
 }
 
 void CaptionCommands::RestoreSeparator(const Text& separator) {
-  bench_.options.LineSeparator = separator;
+  bench_.options.lineSeparator = separator;
   store_.SaveSetting(kMainSection, u"LBREAK", separator);
   ShowSeparator();
 }

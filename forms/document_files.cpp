@@ -154,7 +154,7 @@ void DocumentFiles::OpenSubtitleFile(TextView given) {
     LoadSteps(path, step);
     FinishLoad(step);
   }
-  if (bench_.document.HasDocument() && bench_.options.ApplyWhen != 1) step([&] { RulesDue(); });
+  if (bench_.document.HasDocument() && bench_.options.applyWhen != 1) step([&] { RulesDue(); });
   if (step.Last()) {
     ports_.messages.Show({bench_.strings[Message::ErrorDuringLoad] + u"\r\n\r\nError # " +
                               Decimal(step.Last()->number) + u"\r\n" + step.Last()->description,

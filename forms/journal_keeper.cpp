@@ -61,7 +61,7 @@ void JournalKeeper::Adopt(int id, std::size_t bytes) {
   Forget();
   store_->Adopt(id, bytes);
   state_ = State::Following;
-  separator_ = bench_.list.Options().LineSeparator;
+  separator_ = bench_.list.Options().lineSeparator;
   snapshotBytes_ = bytes;
   batchBytes_ = 0;
 }
@@ -78,7 +78,7 @@ void JournalKeeper::OnSplice(const Splice& splice) {
 }
 
 void JournalKeeper::OnCommandEnded() {
-  if (state_ == State::Following && bench_.list.Options().LineSeparator != separator_)
+  if (state_ == State::Following && bench_.list.Options().lineSeparator != separator_)
     bench_.window.tmrJournal.SetEnabled(true);
 }
 
@@ -86,7 +86,7 @@ void JournalKeeper::Tick() {
   TakeFailure();
   if (!bench_.list.Enabled() || !bench_.document.HasDocument()) return;
   if (bench_.list.InCommand() && events_.NowMs() - pendingSince_ < kLongestCommandMs) return;
-  if (state_ != State::WantsSnapshot && batch_.Empty() && bench_.list.Options().LineSeparator == separator_) {
+  if (state_ != State::WantsSnapshot && batch_.Empty() && bench_.list.Options().lineSeparator == separator_) {
     if (++idleTicks_ > kIdleTicks) bench_.window.tmrJournal.SetEnabled(false);
     return;
   }
@@ -111,7 +111,7 @@ JournalDocument JournalKeeper::Describe() const {
 void JournalKeeper::WriteSnapshot() {
   JournalDocument document = Describe();
   document.time = store_->Now();
-  document.separator = separator_ = bench_.list.Options().LineSeparator;
+  document.separator = separator_ = bench_.list.Options().lineSeparator;
   document.selected = bench_.list.Selected();
   document.captions.reserve(static_cast<std::size_t>(bench_.list.Rows()));
   for (Row row = 1; row < bench_.list.Rows(); ++row) document.captions.push_back(bench_.list.At(row));
@@ -125,7 +125,7 @@ void JournalKeeper::WriteSnapshot() {
 
 void JournalKeeper::WriteBatch() {
   if (batchBytes_ > std::max(kMostChanges, snapshotBytes_)) return WriteSnapshot();
-  separator_ = bench_.list.Options().LineSeparator;
+  separator_ = bench_.list.Options().lineSeparator;
   std::string payload = batch_.Take(store_->Now(), bench_.list.Selected(), separator_);
   batchBytes_ += payload.size();
   store_->Append(std::move(payload));

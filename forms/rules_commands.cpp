@@ -91,7 +91,7 @@ void RulesCommands::SetBusy(bool on) {
 }
 
 void RulesCommands::OnLoad() {
-  if (bench_.options.manner.RulesAskOnLoad() && !bench_.options.RulesOnLoad) {
+  if (bench_.options.manner.RulesAskOnLoad() && !bench_.options.changeOnLoad) {
     Look();
   } else {
     ApplyRules(true);

@@ -35,13 +35,13 @@ void Shell::Wire() {
     item.Clicked.Connect([this, target] { OpenExternal(ports_.desktop, target); });
   };
   const auto page = [this](MenuItem& item, const Text& path) {
-    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, bench_.options.Language); });
+    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, bench_.options.language); });
   };
   page(bench_.window.mnuTessaly, {});
   page(bench_.window.mnuForums, u"forum");
   page(bench_.window.mnuPermanentSubs, u"guides.php");
   bench_.window.mnuWebsite.Clicked.Connect(
-      [this] { OpenWebPage(ports_.desktop, ProductPage(bench_.options.Language), bench_.options.Language); });
+      [this] { OpenWebPage(ports_.desktop, ProductPage(bench_.options.language), bench_.options.language); });
   opens(bench_.window.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));
   opens(bench_.window.mnuMediaPlayer, Text(kPlayerPage));
   bench_.window.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
@@ -53,10 +53,12 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   CarryOn step;
   StartSize size;
   step([&] {
-    bench_.window.mnuInfoBar.SetChecked(bench_.options.M_INFOBAR);
+    bench_.window.mnuInfoBar.SetChecked(bench_.options.infoBarOn);
     UpdateBars();
   });
-  step([&] { bench_.grid.SetFont(bench_.options.M_FONTNAME, bench_.options.M_FONTSIZE, bench_.options.M_FONTBOLD); });
+  step([&] {
+    bench_.grid.SetFont(bench_.options.listFontName, bench_.options.listFontSize, bench_.options.listFontBold);
+  });
   step([&] {
     const int state = ReadNumber(store_, u"WindowState", kMaximised);
     size.maximised = state == kMaximised;
@@ -71,10 +73,10 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     UpdateBars();
   });
   step([&] { ports_.player.SetVolume(ReadNumber(store_, u"Volume", kDefaultVolume)); });
-  step([&] { ports_.player.SetStretchToFit(bench_.options.P_STRETCH != 0); });
+  step([&] { ports_.player.SetStretchToFit(bench_.options.stretchVideo != 0); });
   step([&] {
-    ports_.player.SetUiMode(bench_.options.P_UIMODE);
-    bench_.options.P_UIMODE = ports_.player.UiMode();
+    ports_.player.SetUiMode(bench_.options.playerControls);
+    bench_.options.playerControls = ports_.player.UiMode();
   });
   step([&] { commands_.ShowSeparator(); });
   step([&] { Loading(); });
@@ -88,14 +90,14 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
 }
 
 void Shell::UpdateBars() {
-  bench_.window.picIco.SetVisible(bench_.options.M_INFOBAR);
-  layout_.SetBars(bench_.options.M_INFOBAR, bench_.options.M_AUDIOBAR ? AudioBar::kHeight : 0, kBottomHeight);
+  bench_.window.picIco.SetVisible(bench_.options.infoBarOn);
+  layout_.SetBars(bench_.options.infoBarOn, bench_.options.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
   LayoutChanged();
 }
 
 void Shell::ToggleInfoBar() {
-  bench_.options.M_INFOBAR = !bench_.options.M_INFOBAR;
-  bench_.window.mnuInfoBar.SetChecked(bench_.options.M_INFOBAR);
+  bench_.options.infoBarOn = !bench_.options.infoBarOn;
+  bench_.window.mnuInfoBar.SetChecked(bench_.options.infoBarOn);
   UpdateBars();
   preview_.PlacePreview();
 }

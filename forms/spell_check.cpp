@@ -85,7 +85,7 @@ bool SpellCheck::CheckBlocks() {
 }
 
 void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const Text& checked) {
-  const auto cut = CutSpellingText(checked, captions, parts_.bench.options.LineSeparator);
+  const auto cut = CutSpellingText(checked, captions, parts_.bench.options.lineSeparator);
   // The blocks of one check are one step.
   const EditScope scope(parts_.bench.list, EditKind::Spelling, checks_);
   for (std::size_t i = 0; i < cut.size(); ++i) {
@@ -110,7 +110,7 @@ int SpellCheck::PreferredDictionary() const {
   const Text stored = parts_.store.GetSetting(kMainSection, kLanguageKey, {});
   if (const int index = find([&](const Text& name) { return name == stored; }); index >= 0) return index;
   // What remains where the language in force has none is English.
-  for (const TextView wanted : {DictionaryOf(parts_.bench.options.Language), kDictionaries[0].second}) {
+  for (const TextView wanted : {DictionaryOf(parts_.bench.options.language), kDictionaries[0].second}) {
     if (const int index = find([&](const Text& name) { return name == wanted; }); index >= 0) return index;
     const int like = find([&](const Text& name) { return LanguagePart(name) == LanguagePart(wanted); });
     if (like >= 0) return like;

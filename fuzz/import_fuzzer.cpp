@@ -31,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const bool classic = Choice(bytes, 2) != 0;
   Engine engine(ShippedCatalogue(), kCodePages[Choice(bytes, std::size(kCodePages))]);
-  engine.options.T_READAS = classic ? u"classic" : u"auto";
+  engine.options.readAs = classic ? u"classic" : u"auto";
   engine.Open(u"file.txt", bytes);
   Demand(engine.captions.Rows() - 1 <= kMostCaptions, "a load stops behind 32000 captions");
   CompareWays(engine, bytes, classic);

@@ -41,7 +41,7 @@ Checked32 DurationOf(const CaptionList& list, Row row) {
 std::optional<RuntimeError> RulesEngine::ApplyRules(const Progress& progress) {
   step_.Clear();
   report_.ResetRuleReport();
-  if (options_.T_CREDITS != 0) credits_ = LooseNeedles(CreditPieces(options_.T_CREDITSTEXT));
+  if (options_.removeCredits != 0) credits_ = LooseNeedles(CreditPieces(options_.creditWords));
   const EditScope scope(list_, EditKind::Rules);
   // Not taken again after a deletion: the turns past the end find nothing to do.
   const Row last = list_.Rows() - 1;
@@ -53,27 +53,27 @@ std::optional<RuntimeError> RulesEngine::ApplyRules(const Progress& progress) {
 }
 
 void RulesEngine::CheckRow(Row& row) {
-  if (options_.AutoSplit != 0) step_([&] { SplitLines(row); });
+  if (options_.autoSplit != 0) step_([&] { SplitLines(row); });
   if (list_.IsCaptionTimed(row)) CheckTiming(row);
-  if (options_.T_CREDITS != 0) step_([&] { RemoveCredit(row); });
+  if (options_.removeCredits != 0) step_([&] { RemoveCredit(row); });
 }
 
 void RulesEngine::SplitLines(Row row) {
-  if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.LineSeparator)) return;
+  if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.lineSeparator)) return;
   const Text text = list_.GetCaptionText(row);
   report_.AddRuleEntry(row, text, RuleKind::TooManyLines, 0, false);
   list_.SetCaptionText(row, list_.SplitCaptionLines(text));
 }
 
 void RulesEngine::CheckTiming(Row row) {
-  if (options_.Collision != 0) {
+  if (options_.avoidCollision != 0) {
     step_([&] {
       std::int32_t start = 0;
       CheckCollision(row, start);
     });
   }
-  if (options_.AutoJoin != 0) step_([&] { list_.SnapNearbyStart(row, true); });
-  if (options_.DurationOn == 0) return;
+  if (options_.autoJoin != 0) step_([&] { list_.SnapNearbyStart(row, true); });
+  if (options_.limitDuration == 0) return;
   step_([&] { CheckCaptionDuration(row, true); });
   step_([&] {
     if (DurationOf(list_, row) <= 0) SetBestDuration(row, true);
@@ -96,7 +96,7 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
     startHint = list_.GetCaptionStart(row);
   }
   if (previousEnd <= startHint) return;
-  const bool fix = options_.Collision != 0;
+  const bool fix = options_.avoidCollision != 0;
   if (fix) list_.SetCaptionStart(row, previousEnd, false);
   const Checked32 overlap = Checked32(previousEnd) - Checked32(startHint);
   report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::Collision, overlap, fix);
@@ -105,7 +105,7 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
 void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (!list_.InRange(row)) return;
   const Text& text = list_.At(row).text;
-  const TextView separator = options_.LineSeparator;
+  const TextView separator = options_.lineSeparator;
   const Checked32 duration = DurationOf(list_, row);
   Checked16 length(static_cast<std::int64_t>(text.size()));
   if (duration <= 0) return SetBestDuration(row, true);
@@ -115,8 +115,8 @@ void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (length < 1) return;
   const std::size_t k = LengthClass(length);
   const double rate = static_cast<double>(duration.Value()) / length.Value();
-  const int best = options_.Duration[k];
-  const int tolerance = options_.Tolerance[k];
+  const int best = options_.durationPerCharacter[k];
+  const int tolerance = options_.durationTolerance[k];
   if (rate >= best - tolerance && rate <= best + tolerance) return;
   // The best duration has 16 bits; one that doesn't fit leaves the caption as it is.
   const Checked32 bestDuration((Checked16(best) * length).Value());

@@ -222,8 +222,8 @@ TEST(GenericPlainLines, GiveWhatSearchingGives) {
       std::string content;
       for (int i = 0; i < 60; ++i) content += lines[next(lines.size())] + "\r\n";
       const LinesOf read{u"OWN", TextFile::Auto(content, rig.encodings), form.literal, form.fps};
-      const Captions plain = ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, read);
-      ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.LineSeparator, read), plain)
+      const Captions plain = ReadLines(Way::ParserAlone, rig.loader, rig.options.lineSeparator, read);
+      ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.lineSeparator, read), plain)
           << form.record << content;
     }
   }
@@ -250,7 +250,7 @@ TEST(GenericLines, LookForNoLineBreakNamedNone) {
 
 TEST(GenericLines, UseTheUsersSeparator) {
   OwnFormat rig("timecode=ff\nsample={00}{00}\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n");
-  rig.options.LineSeparator = u"/n";
+  rig.options.lineSeparator = u"/n";
   EXPECT_EQ(rig.Recognised("{25}{50}one|two\n"), (Captions{{1000, 2000, u"one/ntwo"}}));
 }
 

@@ -253,7 +253,7 @@ TEST(SubRipRuns, ReadWhatSingleLinesRead) {
     for (int i = 0; i < 200; ++i) content += choice[next(choice.size() - (round % 2 == 0 ? 0 : 2))] + end;
     rig.ImportAs(u"SUBRIP", content);
     const LinesOf lines{u"SUBRIP", TextFile::Auto(content, rig.encodings), true};
-    ASSERT_EQ(rig.Rows(), ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, lines)) << round;
+    ASSERT_EQ(rig.Rows(), ReadLines(Way::ParserAlone, rig.loader, rig.options.lineSeparator, lines)) << round;
   }
 }
 

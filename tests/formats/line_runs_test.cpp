@@ -76,7 +76,7 @@ struct Outcome {
 Outcome Read(int codePage, const Text& id, const std::string& bytes, bool recognised) {
   FormatRig rig;
   rig.encodings = Encodings(codePage);
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   if (recognised) {
     rig.Open("a.txt", bytes);
   } else {
@@ -112,8 +112,8 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
 void CompareWays(FormatRig& rig, const Text& id, const std::string& bytes, bool literal) {
   SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
   const LinesOf lines{id, TextFile::Auto(bytes, rig.encodings), literal, RateOf(rig.catalogue, id)};
-  ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.LineSeparator, lines),
-            ReadLines(Way::ParserAlone, rig.loader, rig.options.LineSeparator, lines));
+  ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.lineSeparator, lines),
+            ReadLines(Way::ParserAlone, rig.loader, rig.options.lineSeparator, lines));
 }
 
 TEST(LineRuns, OfDamagedFilesGiveWhatTheirLinesGiveOneByOne) {
@@ -201,8 +201,8 @@ TEST(LineRuns, ASeparatorThatLooksLikeATagIsTreatedAsOne) {
   for (const int codePage : {1252, 932}) {
     FormatRig rig;
     rig.encodings = Encodings(codePage);
-    rig.options.T_READAS = u"classic";
-    rig.options.LineSeparator = u"<i>";
+    rig.options.readAs = u"classic";
+    rig.options.lineSeparator = u"<i>";
     rig.Open("a.vtt", "WEBVTT\r\n\r\n00:00:01.000 --> 00:00:02.000\r\none\r\ntwo\r\n\r\n");
     EXPECT_EQ(rig.Rows(), (std::vector<Caption>{{1000, 2000, u"<i>onetwo"}})) << codePage;
   }
