@@ -115,8 +115,8 @@ int main(int argc, char** argv) {
   Program program({files, messages, dialogs, events, desktop, player, pickers, &journals}, environment);
   messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
-  toolkitTexts.Use(program.options.Language);
-  program.LanguageChanged.Connect([&] { toolkitTexts.Use(program.options.Language); });
+  toolkitTexts.Use(program.options.language);
+  program.LanguageChanged.Connect([&] { toolkitTexts.Use(program.options.language); });
 
   std::unique_ptr<MainWindowView> window;
   const auto showMainWindow = [&] {

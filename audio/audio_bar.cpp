@@ -44,15 +44,15 @@ void AudioBar::SetView(AudioBarView* view) {
 
 void AudioBar::LoadOptions() {
   MainWindow& w = p_.window;
-  view_.scale = p_.options.M_WAVSCALE;
-  view_.fullHeight = p_.options.M_FULLWAVE;
+  view_.scale = p_.options.waveScale;
+  view_.fullHeight = p_.options.fullWave;
   w.sldWavScale.SetValue(-view_.scale);
-  w.mnuAudioBar.SetChecked(p_.options.M_AUDIOBAR);
-  w.mnuFullWave.SetChecked(p_.options.M_FULLWAVE);
+  w.mnuAudioBar.SetChecked(p_.options.audioBarOn);
+  w.mnuFullWave.SetChecked(p_.options.fullWave);
   for (Control* control : std::initializer_list<Control*>{&w.picWave, &w.picLevel, &w.sldWavScale}) {
-    control->SetVisible(p_.options.M_AUDIOBAR);
+    control->SetVisible(p_.options.audioBarOn);
   }
-  SetWaveColor(p_.options.M_AUDIOBARCOLOR);
+  SetWaveColor(p_.options.waveColor);
 }
 
 bool AudioBar::Rolling() const {
@@ -67,7 +67,7 @@ void AudioBar::SetMarks(const WaveMarks& marks) {
 }
 
 void AudioBar::ShowBar() {
-  if (!p_.options.M_AUDIOBAR) ToggleBar();
+  if (!p_.options.audioBarOn) ToggleBar();
 }
 
 void AudioBar::LoadWaveFile(TextView path, bool recall) {
@@ -187,24 +187,24 @@ void AudioBar::Repaint() {
 
 void AudioBar::SetWaveColor(std::int32_t color) {
   view_.SetColor(color);
-  p_.options.M_AUDIOBARCOLOR = color;
+  p_.options.waveColor = color;
   Repaint();
 }
 
 void AudioBar::OnSlider() {
-  view_.scale = p_.options.M_WAVSCALE = -p_.window.sldWavScale.Value();
+  view_.scale = p_.options.waveScale = -p_.window.sldWavScale.Value();
   if (Loaded()) Repaint();
 }
 
 void AudioBar::ToggleFullHeight() {
-  view_.fullHeight = p_.options.M_FULLWAVE = !p_.options.M_FULLWAVE;
+  view_.fullHeight = p_.options.fullWave = !p_.options.fullWave;
   p_.window.mnuFullWave.SetChecked(view_.fullHeight);
   if (Loaded()) Repaint();
 }
 
 void AudioBar::ToggleBar() {
   MainWindow& w = p_.window;
-  const bool on = p_.options.M_AUDIOBAR = !p_.options.M_AUDIOBAR;
+  const bool on = p_.options.audioBarOn = !p_.options.audioBarOn;
   w.mnuAudioBar.SetChecked(on);
   for (Control* control : std::initializer_list<Control*>{&w.picWave, &w.picLevel, &w.sldWavScale}) {
     control->SetVisible(on);
@@ -251,7 +251,7 @@ void AudioBar::HidePosition() {
 void AudioBar::OnState(int state) {
   if (!Loaded() || state == kPlayerPaused) return;
   if (state == kPlayerPlaying) {
-    if (!p_.options.M_AUDIOBAR) return;
+    if (!p_.options.audioBarOn) return;
     p_.window.imgWavPos.SetVisible(true);
     WaveMarks marks = marks_;
     marks.positionShown = true;
@@ -286,7 +286,7 @@ void AudioBar::FollowSteps() {
   marks.position = column - view_.scrollPos;
   marks.arrowLeft = (shown_ == nullptr ? 0 : shown_->WaveLeft()) + marks.position - kArrowHalf;
   SetMarks(marks);
-  if (p_.options.M_AUDIOBAR) ShowLevel();
+  if (p_.options.audioBarOn) ShowLevel();
 }
 
 void AudioBar::TurnPage(std::int32_t column) {
@@ -305,10 +305,10 @@ void AudioBar::ShowLevel() {
   if (shown_ == nullptr) return;
   for (std::int32_t i = 0; i <= kSteps; ++i) {
     const bool lit = i < level_;
-    const std::int32_t colour = i < kYellowFrom ? (lit ? 0xFFFF00 : 0x808000)
-                                : i < kRedFrom  ? (lit ? 0x00FFFF : 0x008080)
-                                                : (lit ? 0x0000FF : 0x000080);
-    shown_->Level().DrawLine(2, kLowest - 2 * i, 15, kLowest - 2 * i, colour);
+    const std::int32_t color = i < kYellowFrom ? (lit ? 0xFFFF00 : 0x808000)
+                               : i < kRedFrom  ? (lit ? 0x00FFFF : 0x008080)
+                                               : (lit ? 0x0000FF : 0x000080);
+    shown_->Level().DrawLine(2, kLowest - 2 * i, 15, kLowest - 2 * i, color);
   }
   LevelChanged();
 }

@@ -14,10 +14,10 @@ class WaveSurface {
   virtual int InnerHeight() const = 0;
 
   /// Paints all of it in a colour; a picture with a scale of its own shows that instead.
-  virtual void Clear(std::int32_t colour) = 0;
-  virtual void SetPixel(int x, int y, std::int32_t colour) = 0;
+  virtual void Clear(std::int32_t color) = 0;
+  virtual void SetPixel(int x, int y, std::int32_t color) = 0;
   /// A line along a row or a column, both ends included.
-  virtual void DrawLine(int x1, int y1, int x2, int y2, std::int32_t colour) = 0;
+  virtual void DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) = 0;
 };
 
 /// The Audio bar in the window.

@@ -39,9 +39,9 @@ bool Session::ReadSettings() {
     return false;
   }
   if (request_.classic) options_.manner.SetClassic(true);
-  if (request_.separator) options_.LineSeparator = *request_.separator;
+  if (request_.separator) options_.lineSeparator = *request_.separator;
   if (!request_.text) return true;
-  options_.T_READAS = request_.text->classic ? u"classic" : u"auto";
+  options_.readAs = request_.text->classic ? u"classic" : u"auto";
   const int codePage = request_.text->codePage;
   if (codePage == 0) return true;
   if (!IsTextCodePage(codePage)) {

@@ -21,14 +21,14 @@ Preview::Preview(Workbench bench, SubWindow& sub, Player& player, const PlayerSa
 void Preview::DrawPreviewStyle() {
   if (!sub_.Loaded()) return;
   SubWindow::Style style = sub_.GetStyle();
-  style.fontName = bench_.options.F_FONTNAME;
-  style.fontSize = bench_.options.F_FONTSIZE;
-  style.bold = bench_.options.F_FONTBOLD;
-  style.colour = bench_.options.F_FONTCOLOR;
-  style.shadowShift = bench_.options.F_SHADOWVAL;
+  style.fontName = bench_.options.previewFontName;
+  style.fontSize = bench_.options.previewFontSize;
+  style.bold = bench_.options.previewFontBold;
+  style.color = bench_.options.previewColor;
+  style.shadowShift = bench_.options.previewShadowDepth;
   style.allLines = bench_.options.manner.ShowsAllLines();
-  if (bench_.document.HasVideo()) style.opaque = bench_.options.F_OPAQUE;
-  sub_.lblShadow.SetVisible(bench_.options.F_SHADOW);
+  if (bench_.document.HasVideo()) style.opaque = bench_.options.previewOpaque;
+  sub_.lblShadow.SetVisible(bench_.options.previewShadow);
   sub_.lblSub.SetRightToLeft(bench_.window.lblMode.RightToLeft());
   sub_.lblShadow.SetRightToLeft(bench_.window.lblMode.RightToLeft());
   sub_.SetStyle(style);
@@ -104,7 +104,7 @@ void Preview::Tick() {
 void Preview::Follow() {
   if (bench_.options.manner.FollowWaitsForHands() && handsOnCaption && handsOnCaption()) return;
   followDue_ = false;
-  if (!bench_.options.F_FOLLOW || bench_.list.Selected() == previewNextRow_) return;
+  if (!bench_.options.followCaptions || bench_.list.Selected() == previewNextRow_) return;
   bench_.list.SetRow(previewNextRow_, false);
   bench_.grid.ScrollRow(true);
 }

@@ -25,7 +25,7 @@ class SubWindow final : public Form {
     bool bold = false;
     bool italic = false;
     bool underline = false;
-    std::int32_t colour = 0xFFFFFF;
+    std::int32_t color = 0xFFFFFF;
     int shadowShift = 1;
     bool opaque = false;   ///< black behind the text; else the picture shows through
     bool allLines = true;  ///< as high as its lines, each by its own direction; else two lines high, by the language's

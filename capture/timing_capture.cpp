@@ -99,8 +99,8 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
 
   const bool limit = LimitActive(bench_.options);
   const std::int32_t position = PositionOfInput().value_or(PlayerPosMs());
-  const bool joins = bench_.options.AutoJoin != 0 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
-                     std::int64_t{position} - *priorCaptionEnd_ < bench_.options.Near;
+  const bool joins = bench_.options.autoJoin != 0 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
+                     std::int64_t{position} - *priorCaptionEnd_ < bench_.options.nearMs;
   captureStartMs_ = joins ? *priorCaptionEnd_ : position;
   // The time is stored before anything is drawn: nothing stands between the press and the list.
   bench_.list.SetCaptionStart(captureRow_, captureStartMs_, false);
@@ -245,7 +245,7 @@ void TimingCapture::Reset() {
 }
 
 bool TimingCapture::ShortcutsOn() const {
-  if (bench_.options.HotKeys == 0 || textFocus_ || !player_.Enabled()) return false;
+  if (bench_.options.hotkeysOn == 0 || textFocus_ || !player_.Enabled()) return false;
   return bench_.document.HasDocument() || (bench_.document.HasVideo() && bench_.options.manner.SeeksAtRest());
 }
 
@@ -272,14 +272,14 @@ void TimingCapture::OnKeyUp(KeyEvent& key) {
 bool TimingCapture::RunCaptureKey(const KeyEvent& key) {
   // A key that repeats itself while held takes no times; it may go on moving and seeking.
   const bool takesTimes = !key.autoRepeat;
-  if (key.code == bench_.options.hkStart) {
+  if (key.code == bench_.options.startKey) {
     if (takesTimes && mode_ != CaptionMode::Preview && !capturing_) {
       StartCaption(true, false);
       if (mode_ == CaptionMode::PressAndHold) BeginHold({Hold::By::ShortcutKey, key.physical});
     }
-  } else if (key.code == bench_.options.hkNext) {
+  } else if (key.code == bench_.options.nextKey) {
     if (takesTimes && mode_ == CaptionMode::Manual && bench_.window.cmdNext.Enabled()) NextCaption(true);
-  } else if (key.code == bench_.options.hkEnd) {
+  } else if (key.code == bench_.options.endKey) {
     if (takesTimes && mode_ == CaptionMode::Manual && bench_.window.cmdEnd.Enabled()) EndCaption();
   } else {
     return false;
@@ -288,11 +288,11 @@ bool TimingCapture::RunCaptureKey(const KeyEvent& key) {
 }
 
 bool TimingCapture::RunFilmKey(int code) {
-  if (code == bench_.options.hkPlay) {
+  if (code == bench_.options.playKey) {
     player_.Play();
-  } else if (code == bench_.options.hkPause) {
+  } else if (code == bench_.options.pauseKey) {
     if (Playing()) player_.Pause();
-  } else if (code == bench_.options.hkStop) {
+  } else if (code == bench_.options.stopKey) {
     player_.Stop();
   } else {
     return false;
@@ -306,9 +306,9 @@ bool TimingCapture::RunRowKey(int code) {
     MoveTo(row);
     if (bench_.list.IsCaptionTimed(row)) player_.SetCurrentPosition(bench_.list.GetCaptionStart(row) / 1000.0);
   };
-  if (code == bench_.options.hkPrevious) {
+  if (code == bench_.options.previousKey) {
     if (selected >= 2) seekIfTimed(selected - 1);
-  } else if (code == bench_.options.hkJump) {
+  } else if (code == bench_.options.jumpKey) {
     if (selected != bench_.list.Rows() - 1) seekIfTimed(selected + 1);
   } else {
     return false;
@@ -317,10 +317,10 @@ bool TimingCapture::RunRowKey(int code) {
 }
 
 bool TimingCapture::RunSeekKey(int code) {
-  if (code == bench_.options.hkRewind) {
-    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() - bench_.options.kRewindSecs);
-  } else if (code == bench_.options.hkForward) {
-    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() + bench_.options.kForwardSecs);
+  if (code == bench_.options.rewindKey) {
+    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() - bench_.options.rewindSeconds);
+  } else if (code == bench_.options.forwardKey) {
+    if (CanSeek()) player_.SetCurrentPosition(player_.CurrentPosition() + bench_.options.forwardSeconds);
   } else {
     return false;
   }

@@ -16,7 +16,7 @@ std::size_t LengthClass(int length) { return length <= kShortUpTo ? 0 : length <
 
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   if (!list.InRange(row)) return {};
-  const Text& separator = list.Options().LineSeparator;
+  const Text& separator = list.Options().lineSeparator;
   const Text& text = list.At(row).text;
   const Checked32 start(list.GetCaptionStart(row));
   const Checked32 duration = Checked32(list.GetCaptionEnd(row)) - start;
@@ -27,7 +27,7 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
     length = length - Checked16(static_cast<std::int64_t>(separator.size()));
   if (duration < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));
   if (length < 1) return {};
-  const Checked16 best = Checked16(list.Options().Duration[LengthClass(length)]) * length;
+  const Checked16 best = Checked16(list.Options().durationPerCharacter[LengthClass(length)]) * length;
   list.SetCaptionEnd(row, start + Checked32(best.Value()));
   return best.Value();
 }

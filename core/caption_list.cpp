@@ -53,7 +53,7 @@ CaptionList::CaptionList(const AppOptions& options, bool& modified) : options_(o
 
 Text CaptionList::GetCaptionText(Row row, bool asLines) const {
   if (!InRange(row)) return {};
-  return asLines ? ReplaceAll(At(row).text, options_.LineSeparator, kLineEnd) : At(row).text;
+  return asLines ? ReplaceAll(At(row).text, options_.lineSeparator, kLineEnd) : At(row).text;
 }
 
 std::int32_t CaptionList::GetCaptionStart(Row row) const { return InRange(row) ? At(row).start : 0; }
@@ -63,7 +63,7 @@ std::int32_t CaptionList::GetCaptionEnd(Row row) const { return InRange(row) ? A
 bool CaptionList::IsCaptionTimed(Row row) const { return GetCaptionStart(row) > 0; }
 
 void CaptionList::SetCaptionText(Row row, TextView text) {
-  const Text& separator = options_.LineSeparator;
+  const Text& separator = options_.lineSeparator;
   if (!InRange(row) || (!separator.empty() && text.ends_with(separator))) return;
   if (At(row).text == text) return;
   std::vector<Caption> stored(1, Caption{At(row).start, At(row).end, {}});
@@ -156,15 +156,15 @@ void CaptionList::DeleteCaption(Row row) {
 void CaptionList::SnapNearbyStart(Row row, bool quiet) {
   if (!InRange(row) || !IsCaptionTimed(row - 1)) return;
   const std::int64_t previousEnd = GetCaptionEnd(row - 1);
-  if (GetCaptionStart(row) > previousEnd + options_.Near) return;
+  if (GetCaptionStart(row) > previousEnd + options_.nearMs) return;
   SetCaptionStart(row, static_cast<std::int32_t>(previousEnd), quiet);
 }
 
 Text CaptionList::SplitCaptionLines(TextView text) const {
-  const Text flat = Flatten(text, options_.LineSeparator);
+  const Text flat = Flatten(text, options_.lineSeparator);
   if (flat.find(u' ') == Text::npos) return {};
   const auto join = [&](TextView left, TextView right) {
-    return Text(TrimBlanks(left)) + options_.LineSeparator + Text(TrimBlanks(right));
+    return Text(TrimBlanks(left)) + options_.lineSeparator + Text(TrimBlanks(right));
   };
   const std::size_t dash = FindLoose(flat, u"- ", 2);
   if (dash != TextView::npos) {

@@ -37,7 +37,7 @@ void EditHistory::OnBegan(EditKind kind, std::uint64_t join) {
   open_->kind = kind;
   open_->join = join;
   open_->rowBefore = list_.Selected();
-  open_->separatorBefore = list_.Options().LineSeparator;
+  open_->separatorBefore = list_.Options().lineSeparator;
 }
 
 void EditHistory::OnSplice(const Splice& splice) {
@@ -73,7 +73,7 @@ void EditHistory::OnEnded() {
   EditStep step = std::move(*open_);
   open_.reset();
   step.rowAfter = list_.Selected();
-  step.separatorAfter = list_.Options().LineSeparator;
+  step.separatorAfter = list_.Options().lineSeparator;
   step.raised = step.raised || list_.ModifiedRaises() != raisesBefore_;
   if (step.Empty() || ChangesNothing(step)) {
     Changed();
@@ -138,7 +138,7 @@ void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, b
     to.push_back(Reverse(std::move(step)));
     const EditStep& moved = to.back();
     const Text& separator = back ? moved.separatorBefore : moved.separatorAfter;
-    if (separator != list_.Options().LineSeparator) SeparatorRestored(separator);
+    if (separator != list_.Options().lineSeparator) SeparatorRestored(separator);
     if (savedAt_ == undo_.size()) {
       modified_ = false;
     } else if (moved.raised) {
@@ -191,7 +191,7 @@ std::uint64_t EditHistory::Fingerprint() const {
   // FNV-1a's way of taking one value after the other, on whole hashes.
   std::uint64_t print = 0xcbf29ce484222325;
   const auto take = [&print](std::uint64_t value) { print = (print ^ value) * 0x100000001b3; };
-  const Text& separator = list_.Options().LineSeparator;
+  const Text& separator = list_.Options().lineSeparator;
   for (Row row = 1; row < list_.Rows(); ++row) {
     const Caption& caption = list_.At(row);
     take(static_cast<std::uint32_t>(caption.start));

@@ -10,9 +10,8 @@ namespace cuewright {
 namespace {
 
 // Handed over anew at each call: what the user puts into the places of the picker isn't kept.
-constexpr CustomColours kCustomColours = {0xC0C0C0, 0x0000FF, 0x0080FF, 0x00FFFF, 0x00FF00, 0xFFFF00,
-                                          0xFF0000, 0xFF00FF, 0x808080, 0x0000C0, 0x0040C0, 0x00C0C0,
-                                          0x00C000, 0xC0C000, 0xC00000, 0xC000C0};
+constexpr CustomColors kCustomColors = {0xC0C0C0, 0x0000FF, 0x0080FF, 0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF,
+                                        0x808080, 0x0000C0, 0x0040C0, 0x00C0C0, 0x00C000, 0xC0C000, 0xC00000, 0xC000C0};
 
 Text WithEndMark(TextView filter) { return Text(filter) + (filter.ends_with(u'|') ? u"" : u"|"); }
 
@@ -21,8 +20,8 @@ Text WithEndMark(TextView filter) { return Text(filter) + (filter.ends_with(u'|'
 std::int32_t ShowColorDialog(Pickers& pickers, std::int32_t initial) {
   std::optional<std::int32_t> chosen;
   CarryOn step;
-  step([&] { chosen = pickers.PickColour(initial, kCustomColours); });
-  return chosen.value_or(kNoColour);
+  step([&] { chosen = pickers.PickColor(initial, kCustomColors); });
+  return chosen.value_or(kNoColor);
 }
 
 bool ShowFontDialog(Pickers& pickers, FontChoice& font, int leastSize, int mostSize) {

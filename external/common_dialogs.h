@@ -9,7 +9,7 @@
 namespace cuewright {
 
 /// What `ShowColorDialog` gives when no colour was chosen.
-inline constexpr std::int32_t kNoColour = -1;
+inline constexpr std::int32_t kNoColor = -1;
 
 // The five common dialogs. Each blocks until the user has answered, and none raises an error: a failure counts as a
 // cancel.

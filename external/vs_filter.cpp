@@ -16,7 +16,7 @@ bool VsFilter::HasVSFilter() const { return registry_.KeyExists(kKey); }
 void VsFilter::ApplyVSFilterMode() {
   if (!HasVSFilter()) return;
   remembered_ = Mode{registry_.ReadDWORD(kKey, kHide), registry_.ReadDWORD(kKey, kLoadLevel)};
-  if (options_.P_VSFILTERMODE != 0) {
+  if (options_.filterMode != 0) {
     registry_.WriteDWORD(kKey, kHide, kHidden);
   } else {
     registry_.WriteDWORD(kKey, kLoadLevel, kNeverLoaded);

@@ -20,12 +20,12 @@ class Label final : public Control {
   bool Bold() const { return bold_; }
   void SetBold(bool on) { Assign(bold_, on); }
   /// The colour of the text, 0x00BBGGRR; empty: that of the window.
-  const std::optional<std::int32_t>& Colour() const { return colour_; }
-  void SetColour(std::optional<std::int32_t> colour) { Assign(colour_, colour); }
+  const std::optional<std::int32_t>& Color() const { return color_; }
+  void SetColor(std::optional<std::int32_t> color) { Assign(color_, color); }
 
  private:
   bool bold_ = false;
-  std::optional<std::int32_t> colour_;
+  std::optional<std::int32_t> color_;
 };
 
 /// A push button. Its physical press and release are told as well as the click.

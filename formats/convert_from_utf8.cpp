@@ -6,7 +6,7 @@
 namespace cuewright {
 
 void ConvertCaptionsFromUtf8(CaptionList& captions, const Encodings& encodings) {
-  const Text& separator = captions.Options().LineSeparator;
+  const Text& separator = captions.Options().lineSeparator;
   std::vector<Caption> rows;
   rows.reserve(static_cast<std::size_t>(captions.Rows() - 1));
   for (Row row = 1; row < captions.Rows(); ++row) {

@@ -22,7 +22,7 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) const {
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = files_.Read(path, kLargestTextFile);
-    const bool classic = EqualLoose(captions_.Options().T_READAS, u"classic");
+    const bool classic = EqualLoose(captions_.Options().readAs, u"classic");
     file = classic ? TextFile::Classic(std::move(bytes), encodings_) : TextFile::Auto(std::move(bytes), encodings_);
   });
   return file;

@@ -11,7 +11,7 @@ Exporter::Exporter(FormatLoader& loader, const CaptionList& captions, Files& fil
                    const Text& path, bool& modified)
     : loader_(loader), captions_(captions), files_(files), encodings_(encodings), path_(path), modified_(modified) {}
 
-bool Exporter::Classic() const { return EqualLoose(captions_.Options().T_READAS, u"classic"); }
+bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
   FormatHost& host = loader_.Host();

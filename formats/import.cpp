@@ -65,7 +65,7 @@ void Importer::ImportFile(TextView path, std::optional<TextFile> file, bool wide
   RecordPieces pieces;
   if (id != kSubStationAlpha && id != kAdvancedSsa) pieces = CutRecord(loader_.Definition(), errors);
   if (ReadFrameRate()) {
-    CaptionCollector captions(loader_.Definition(), captions_.Options().LineSeparator);
+    CaptionCollector captions(loader_.Definition(), captions_.Options().lineSeparator);
     if (file) ReadLines(*file, wide, captions, pieces, errors);
     file.reset();
     state.SettingsFormatIndex = state.CurrentFormatIndex;

@@ -26,7 +26,7 @@ AboutDialog::AboutDialog(const AppOptions& options, const LangStrings& strings, 
       system_(system) {
   tmrMemo.Tick.Connect([this] { ShowMemoStats(); });
   lblTessaly.Clicked.Connect(
-      [this, &desktop] { OpenWebPage(desktop, ProductPage(options_.Language), options_.Language); });
+      [this, &desktop] { OpenWebPage(desktop, ProductPage(options_.language), options_.language); });
   picTop.MouseDown.Connect([this](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left) MoveRequested();
   });

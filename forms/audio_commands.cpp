@@ -71,7 +71,7 @@ void AudioCommands::OpenAudioFile(TextView given, std::uint8_t mode) {
 
 void AudioCommands::ChooseColor() {
   const std::int32_t color = ShowColorDialog(ports_.pickers, bar_.View().color);
-  if (color != kNoColour && color != bar_.View().color) bar_.SetWaveColor(color);
+  if (color != kNoColor && color != bar_.View().color) bar_.SetWaveColor(color);
 }
 
 }  // namespace cuewright

@@ -60,7 +60,7 @@ void AudioWizard::Open() {
   for (std::size_t task = 0; task < lights_.size(); ++task) {
     SetTaskLight(task, 0);
     lblTask[task].SetBold(false);
-    lblTask[task].SetColour({});
+    lblTask[task].SetColor({});
   }
   lblStep5.SetBold(false);
   cmdBack.SetEnabled(false);

@@ -71,7 +71,7 @@ class AudioWizard final : public Dialog {
   const Text& PendingAudioFile() const { return pending_; }
 
   /// Shows a task's light by its colour, 0x00BBGGRR: 255 red, 65280 green, 65535 yellow, any other grey.
-  void SetTaskLight(std::size_t task, std::int32_t colour);
+  void SetTaskLight(std::size_t task, std::int32_t color);
   TaskLight LightOf(std::size_t task) const { return lights_[task]; }
   Signal<> LightsChanged;
 

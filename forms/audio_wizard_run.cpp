@@ -16,11 +16,11 @@ constexpr int kCheckWaitMs = 3000;
 
 }  // namespace
 
-void AudioWizard::SetTaskLight(std::size_t task, std::int32_t colour) {
-  lights_[task] = colour == kRed      ? TaskLight::Red
-                  : colour == kGreen  ? TaskLight::Green
-                  : colour == kYellow ? TaskLight::Yellow
-                                      : TaskLight::Grey;
+void AudioWizard::SetTaskLight(std::size_t task, std::int32_t color) {
+  lights_[task] = color == kRed      ? TaskLight::Red
+                  : color == kGreen  ? TaskLight::Green
+                  : color == kYellow ? TaskLight::Yellow
+                                     : TaskLight::Grey;
   LightsChanged();
 }
 
@@ -96,7 +96,7 @@ void AudioWizard::FinishExtraction(bool failed, std::size_t task, TextView text)
   SetTaskLight(task, kRed);
   chkClose.SetEnabled(false);
   lblTask[task].SetBold(false);
-  lblTask[task].SetColour(kDarkRed);
+  lblTask[task].SetColor(kDarkRed);
   lblStep5.SetText(p_.strings[Message::ExtractionFailed]);
   lblStep5b.SetText(text);
 }

@@ -76,7 +76,7 @@ void CaptionCommands::WireTextPane() {
 void CaptionCommands::TakeTextPane() {
   if (!document_.HasDocument()) return;
   const Row row = list_.Selected();
-  const Text text = ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.LineSeparator);
+  const Text text = ReplaceAll(window_.txtSub.GetText(), kLineEnd, options_.lineSeparator);
   // A key that changed nothing, such as an arrow, is no edit.
   if (options_.manner.AsksWhenCaptionsDiffer() && text == list_.GetCaptionText(row)) return;
   {
@@ -169,17 +169,17 @@ void CaptionCommands::Toggle(TextView marker) {
 
 void CaptionCommands::ShowSeparator() {
   std::size_t choice = 0;
-  while (choice < kSeparators.size() && options_.LineSeparator != kSeparators[choice]) ++choice;
+  while (choice < kSeparators.size() && options_.lineSeparator != kSeparators[choice]) ++choice;
   window_.mnuSeparator[0].SetText(strings_[Message::DefaultSeparator]);
   window_.mnuSeparator[1].SetText(kSeparators[1]);
   window_.mnuSeparator[2].SetText(kSeparators[2]);
   window_.mnuSeparator[3].SetText(
-      Fill(strings_[Message::CustomSeparator], choice == 3 ? TextView(options_.LineSeparator) : u"..."));
+      Fill(strings_[Message::CustomSeparator], choice == 3 ? TextView(options_.lineSeparator) : u"..."));
   for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
 }
 
 void CaptionCommands::ChangeSeparator(std::size_t choice) {
-  const Text before = options_.LineSeparator;
+  const Text before = options_.lineSeparator;
   for (std::size_t i = 0; i < window_.mnuSeparator.size(); ++i) window_.mnuSeparator[i].SetChecked(i == choice);
   Text after;
   if (choice < kSeparators.size()) {
@@ -191,7 +191,7 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
   }
   std::optional<EditScope> scope;
   if (document_.HasDocument()) scope.emplace(list_, EditKind::Separator);
-  options_.LineSeparator = after;
+  options_.lineSeparator = after;
   store_.SaveSetting(kMainSection, u"LBREAK", after);
   if (document_.HasDocument()) ReplaceSeparator(before, after);
   scope.reset();
@@ -199,7 +199,7 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
 }
 
 void CaptionCommands::RestoreSeparator(const Text& separator) {
-  options_.LineSeparator = separator;
+  options_.lineSeparator = separator;
   store_.SaveSetting(kMainSection, u"LBREAK", separator);
   ShowSeparator();
 }

@@ -48,15 +48,15 @@ void Dialogs::OpenFormatSettings() {
 
 void Dialogs::ChangeListFont() {
   FontChoice font;
-  font.Name = options_.M_FONTNAME;
-  font.Size = options_.M_FONTSIZE;
-  font.Bold = options_.M_FONTBOLD;
+  font.Name = options_.listFontName;
+  font.Size = options_.listFontSize;
+  font.Bold = options_.listFontBold;
   font.Weight = font.Bold ? kBoldWeight : kPlainWeight;
   if (!ShowFontDialog(pickers_, font, kLeastListFont, kMostListFont)) return;
-  options_.M_FONTNAME = font.Name;
-  options_.M_FONTSIZE = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
-  options_.M_FONTBOLD = font.Bold;
-  grid_.SetFont(options_.M_FONTNAME, options_.M_FONTSIZE, options_.M_FONTBOLD);
+  options_.listFontName = font.Name;
+  options_.listFontSize = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
+  options_.listFontBold = font.Bold;
+  grid_.SetFont(options_.listFontName, options_.listFontSize, options_.listFontBold);
 }
 
 }  // namespace cuewright

@@ -75,9 +75,9 @@ void EmbedWizard::Wire() {
     box->LostFocus.Connect([this, box] { TakeSize(*box); });
   }
   lblDownload.Clicked.Connect([this] { tool_.OpenDownload(u"14"); });
-  lblConvert.Clicked.Connect([this] { OpenWebPage(p_.ports.desktop, u"guides.php", p_.options.Language); });
+  lblConvert.Clicked.Connect([this] { OpenWebPage(p_.ports.desktop, u"guides.php", p_.options.language); });
   imgConfigure.Clicked.Connect([this] {
-    const bool spanish = p_.options.Language == u"SPANISH";
+    const bool spanish = p_.options.language == u"SPANISH";
     p_.ports.desktop.ShellOpen(Text(kWebSite) + (spanish ? u"/go.php?es=1&id=9" : u"/go.php?id=9"));
   });
   imgDrag.MouseDown.Connect([this](const MouseEvent& mouse) {

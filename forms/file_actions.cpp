@@ -161,7 +161,7 @@ void FileActions::OpenSubtitleFile(TextView given) {
     LoadSteps(path, step);
     FinishLoad(step);
   }
-  if (p_.document.HasDocument() && p_.options.ApplyWhen != 1) step([&] { applyRulesOnLoad(); });
+  if (p_.document.HasDocument() && p_.options.applyWhen != 1) step([&] { applyRulesOnLoad(); });
   if (step.Last()) {
     ports_.messages.Show({p_.strings[Message::ErrorDuringLoad] + u"\r\n\r\nError # " + Decimal(step.Last()->number) +
                               u"\r\n" + step.Last()->description,

@@ -36,8 +36,8 @@ void FormatDialog::WireButtons() {
 
 void FormatDialog::WireSami() {
   cmdSamiFont.Clicked.Connect([this] { PickFont(sami_); });
-  cmdSamiColor.Clicked.Connect([this] { PickColour(sami_.colour); });
-  cmdSamiBackground.Clicked.Connect([this] { PickColour(sami_.background); });
+  cmdSamiColor.Clicked.Connect([this] { PickColor(sami_.color); });
+  cmdSamiBackground.Clicked.Connect([this] { PickColor(sami_.background); });
   cmbSamiAlign.Chosen.Connect([this] {
     sami_.alignment = cmbSamiAlign.Index();
     SamplesChanged();
@@ -46,8 +46,8 @@ void FormatDialog::WireSami() {
 
 void FormatDialog::WireSsa() {
   cmdSsaFont.Clicked.Connect([this] { PickFont(ssa_); });
-  cmdSsaColor.Clicked.Connect([this] { PickColour(ssa_.colour); });
-  cmdSsaBack.Clicked.Connect([this] { PickColour(ssa_.background); });
+  cmdSsaColor.Clicked.Connect([this] { PickColor(ssa_.color); });
+  cmdSsaBack.Clicked.Connect([this] { PickColor(ssa_.background); });
   cmbSsaAlign.Chosen.Connect([this] {
     ssa_.alignment = cmbSsaAlign.Index();
     SamplesChanged();
@@ -202,10 +202,10 @@ void FormatDialog::PickFont(FormatSample& sample) {
   if (ShowFontDialog(parts_.pickers, sample.font, 0, 0)) SamplesChanged();
 }
 
-void FormatDialog::PickColour(std::int32_t& colour) {
-  const std::int32_t chosen = ShowColorDialog(parts_.pickers, colour);
-  if (chosen == kNoColour) return;
-  colour = chosen;
+void FormatDialog::PickColor(std::int32_t& color) {
+  const std::int32_t chosen = ShowColorDialog(parts_.pickers, color);
+  if (chosen == kNoColor) return;
+  color = chosen;
   SamplesChanged();
 }
 

@@ -27,7 +27,7 @@ struct FormatParts {
 /// How a sample of a format is drawn. Colours are 0x00BBGGRR.
 struct FormatSample {
   FontChoice font;
-  std::int32_t colour = 0;
+  std::int32_t color = 0;
   std::int32_t background = 0;
   int alignment = 2;  ///< 0 left, 1 right, 2 center; -1 none
 
@@ -67,7 +67,7 @@ class FormatDialog final : public FormatWindow {
   void Reset();
 
   void PickFont(FormatSample& sample);
-  void PickColour(std::int32_t& colour);
+  void PickColor(std::int32_t& color);
   void EnableBorder();
   std::array<TextBox*, 5> NumberBoxes();
   static void Limit(TextBox& box);
@@ -81,8 +81,8 @@ class FormatDialog final : public FormatWindow {
 };
 
 /// "#" and red, green, blue of 0x00BBGGRR, two hexadecimal digits each.
-Text WebColour(std::int32_t colour);
+Text WebColor(std::int32_t color);
 /// The colour of such a text; digits that are none count as 0.
-std::int32_t ColourOfWeb(TextView text);
+std::int32_t ColorOfWeb(TextView text);
 
 }  // namespace cuewright

@@ -80,24 +80,24 @@ std::int32_t HexPair(TextView pair) {
 
 }  // namespace
 
-Text WebColour(std::int32_t colour) {
+Text WebColor(std::int32_t color) {
   constexpr TextView kDigits = u"0123456789ABCDEF";
   Text text = u"#";
   for (const int shift : {0, 8, 16}) {
-    const int component = (colour >> shift) & 0xFF;
+    const int component = (color >> shift) & 0xFF;
     text += kDigits[static_cast<std::size_t>(component / 16)];
     text += kDigits[static_cast<std::size_t>(component % 16)];
   }
   return text;
 }
 
-std::int32_t ColourOfWeb(TextView text) {
-  std::int32_t colour = 0;
+std::int32_t ColorOfWeb(TextView text) {
+  std::int32_t color = 0;
   for (std::size_t i = 0; i < 3; ++i) {
     const std::size_t at = 1 + 2 * i;
-    if (at < text.size()) colour |= HexPair(text.substr(at, 2)) << (8 * i);
+    if (at < text.size()) color |= HexPair(text.substr(at, 2)) << (8 * i);
   }
-  return colour;
+  return color;
 }
 
 void FormatDialog::ReadDvd(const SettingsReader& store) {
@@ -121,8 +121,8 @@ void FormatDialog::ReadSami(const SettingsReader& store) {
     if (samiAlignment_ == kSamiAlignments[i]) cmbSamiAlign.SetIndex(static_cast<int>(i));
   }
   sami_.alignment = cmbSamiAlign.Index();
-  sami_.colour = ColourOfWeb(options.Read(u"color", u"#FFFF00"));
-  sami_.background = ColourOfWeb(options.Read(u"background", u"#000000"));
+  sami_.color = ColorOfWeb(options.Read(u"color", u"#FFFF00"));
+  sami_.background = ColorOfWeb(options.Read(u"background", u"#000000"));
   SamplesChanged();
 }
 
@@ -131,7 +131,7 @@ void FormatDialog::ReadSsa(const SettingsReader& store) {
   CarryOn step;
   step([&] { ssa_.font = options.Font(u"fontname", u"fontsize", u"28", u"0"); });
   step([&] { ReadSsaAlignment(options.Number(u"alignment", u"2")); });
-  step([&] { ssa_.colour = options.Number(u"primarycolour", u"65535"); });
+  step([&] { ssa_.color = options.Number(u"primarycolour", u"65535"); });
   step([&] { ssa_.background = options.Number(u"backcolour", u"0"); });
   cmbSsaStyle.SetIndex(LeadingNumber(options.Read(u"borderstyle", u"1")) == 1 ? 0 : 1);
   txtSsaOutline.SetText(options.Read(u"outline", u"1"));
@@ -191,8 +191,8 @@ void FormatDialog::SaveSami() {
                                                        {u"bold", FlagDigit(sami_.font.Bold)},
                                                        {u"italic", FlagDigit(sami_.font.Italic)},
                                                        {u"alignment", alignment},
-                                                       {u"color", WebColour(sami_.colour)},
-                                                       {u"background", WebColour(sami_.background)}});
+                                                       {u"color", WebColor(sami_.color)},
+                                                       {u"background", WebColor(sami_.background)}});
 }
 
 void FormatDialog::SaveSsa() {
@@ -202,7 +202,7 @@ void FormatDialog::SaveSsa() {
                              {u"bold", FlagDigit(ssa_.font.Bold)},
                              {u"italic", FlagDigit(ssa_.font.Italic)},
                              {u"alignment", Decimal(SsaAlignment())},
-                             {u"primarycolour", Decimal(ssa_.colour)},
+                             {u"primarycolour", Decimal(ssa_.color)},
                              {u"backcolour", Decimal(ssa_.background)},
                              {u"borderstyle", cmbSsaStyle.Index() == 0 ? u"1" : u"3"},
                              {u"outline", txtSsaOutline.GetText()},

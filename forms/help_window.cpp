@@ -75,7 +75,7 @@ Text HelpWindow::FolderOf(TextView language) const { return folders_.AppFolder +
 bool HelpWindow::Has(TextView language) const { return files_.Exists(FolderOf(language) + u"contents.txt"); }
 
 void HelpWindow::OpenFor(const std::string& window) {
-  if (!Has(options_.Language) && !Has(kEnglish)) return;
+  if (!Has(options_.language) && !Has(kEnglish)) return;
   Show();
   if (book_.Topics().empty()) return;
   Text page = book_.Topics().front().file;
@@ -100,9 +100,9 @@ void HelpWindow::Follow(TextView link) {
 Text HelpWindow::PagePath() const { return visited_.empty() ? Text() : folder_ + visited_[at_]; }
 
 void HelpWindow::ReadBook() {
-  TextView language = options_.Language;
+  TextView language = options_.language;
   if (!Has(language)) language = kEnglish;
-  lblNotice.SetVisible(language != options_.Language);
+  lblNotice.SetVisible(language != options_.language);
   folder_ = FolderOf(language);
   book_.Load(files_, folder_);
 }

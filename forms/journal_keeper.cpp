@@ -66,7 +66,7 @@ void JournalKeeper::Adopt(int id, std::size_t bytes) {
   Forget();
   store_->Adopt(id, bytes);
   state_ = State::Following;
-  separator_ = list_.Options().LineSeparator;
+  separator_ = list_.Options().lineSeparator;
   snapshotBytes_ = bytes;
   batchBytes_ = 0;
 }
@@ -83,14 +83,14 @@ void JournalKeeper::OnSplice(const Splice& splice) {
 }
 
 void JournalKeeper::OnCommandEnded() {
-  if (state_ == State::Following && list_.Options().LineSeparator != separator_) window_.tmrJournal.SetEnabled(true);
+  if (state_ == State::Following && list_.Options().lineSeparator != separator_) window_.tmrJournal.SetEnabled(true);
 }
 
 void JournalKeeper::Tick() {
   TakeFailure();
   if (!list_.Enabled() || !document_.HasDocument()) return;
   if (list_.InCommand() && events_.NowMs() - pendingSince_ < kLongestCommandMs) return;
-  if (state_ != State::WantsSnapshot && batch_.Empty() && list_.Options().LineSeparator == separator_) {
+  if (state_ != State::WantsSnapshot && batch_.Empty() && list_.Options().lineSeparator == separator_) {
     if (++idleTicks_ > kIdleTicks) window_.tmrJournal.SetEnabled(false);
     return;
   }
@@ -105,7 +105,7 @@ void JournalKeeper::Tick() {
 void JournalKeeper::WriteSnapshot() {
   JournalDocument document = describe_();
   document.time = store_->Now();
-  document.separator = separator_ = list_.Options().LineSeparator;
+  document.separator = separator_ = list_.Options().lineSeparator;
   document.selected = list_.Selected();
   document.captions.reserve(static_cast<std::size_t>(list_.Rows()));
   for (Row row = 1; row < list_.Rows(); ++row) document.captions.push_back(list_.At(row));
@@ -119,7 +119,7 @@ void JournalKeeper::WriteSnapshot() {
 
 void JournalKeeper::WriteBatch() {
   if (batchBytes_ > std::max(kMostChanges, snapshotBytes_)) return WriteSnapshot();
-  separator_ = list_.Options().LineSeparator;
+  separator_ = list_.Options().lineSeparator;
   std::string payload = batch_.Take(store_->Now(), list_.Selected(), separator_);
   batchBytes_ += payload.size();
   store_->Append(std::move(payload));

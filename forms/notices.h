@@ -19,7 +19,7 @@ class Notices {
   Notices(MainWindow& window, const AppOptions& options, const LangStrings& strings);
 
   /// False when the information bar is off, so that nobody would see the strip.
-  bool Seen() const { return options_.M_INFOBAR; }
+  bool Seen() const { return options_.infoBarOn; }
   /// Shows a text, with what stands for %1 and %2.
   void Tell(Message text, TextView first = {}, TextView second = {});
   /// Adds to what is told of a document how many findings the rules have in it, with buttons that show them and apply

@@ -129,7 +129,7 @@ void Program::Connect() {
   ConnectWizards();
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
-      [this] { OpenHelp(folders, options.Language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
+      [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   help.settingsPage = [this] { return dialogs.settings.Page(); };
   dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
   ConnectAudio();
@@ -282,7 +282,7 @@ bool Program::Start() {
     complete = LoadFormatCatalogue(catalogue, ports_.files, folders.FormatIniPath, folders.FormatDatPath, encodings,
                                    strings, ports_.messages);
   });
-  start.WireLinks(ports_.desktop, options.Language);
+  start.WireLinks(ports_.desktop, options.language);
   if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, languages.IsRightToLeft());
   if (step.Last()) {
     ports_.messages.Show({u"An error ocurred while loading main window.\r\n\r\nError #" + Decimal(step.Last()->number) +

@@ -68,7 +68,7 @@ void RulesCommands::NoteChange(const Splice& splice) {
 }
 
 void RulesCommands::OnLoad() {
-  if (list_.Options().manner.RulesAskOnLoad() && !list_.Options().RulesOnLoad) {
+  if (list_.Options().manner.RulesAskOnLoad() && !list_.Options().changeOnLoad) {
     Look();
   } else {
     ApplyRules(true);

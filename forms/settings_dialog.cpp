@@ -69,38 +69,38 @@ void SettingsDialog::ShowSettingsPage(std::size_t index) {
 
 void SettingsDialog::FillSettingsControls() {
   const AppOptions& o = options_;
-  chkAutoSplit.SetValue(o.AutoSplit != 0);
-  chkCollision.SetValue(o.Collision != 0);
-  chkAutoJoin.SetValue(o.AutoJoin != 0);
-  sldAutoJoin.SetValue(o.Near / 10);
-  chkDuration.SetValue(o.DurationOn != 0);
+  chkAutoSplit.SetValue(o.autoSplit != 0);
+  chkCollision.SetValue(o.avoidCollision != 0);
+  chkAutoJoin.SetValue(o.autoJoin != 0);
+  sldAutoJoin.SetValue(o.nearMs / 10);
+  chkDuration.SetValue(o.limitDuration != 0);
   for (std::size_t k = 0; k < 3; ++k) {
-    sldDuration[k].SetValue(o.Duration[k] / 10);
-    sldTolerance[k].SetValue(o.Tolerance[k] / 10);
+    sldDuration[k].SetValue(o.durationPerCharacter[k] / 10);
+    sldTolerance[k].SetValue(o.durationTolerance[k] / 10);
   }
-  chkCredits.SetValue(o.T_CREDITS != 0);
-  txtCredits.SetText(o.T_CREDITSTEXT);
-  cmbApply.SetIndex(std::min<int>(o.ApplyWhen, 2));
-  chkRulesOnLoad.SetValue(o.RulesOnLoad);
+  chkCredits.SetValue(o.removeCredits != 0);
+  txtCredits.SetText(o.creditWords);
+  cmbApply.SetIndex(std::min<int>(o.applyWhen, 2));
+  chkRulesOnLoad.SetValue(o.changeOnLoad);
   ShowRuleLabels();
   EnableRuleControls();
 
-  chkKeys.SetValue(o.HotKeys != 0);
-  txtPosition[0].SetText(Decimal(o.kRewindSecs));
-  txtPosition[1].SetText(Decimal(o.kForwardSecs));
+  chkKeys.SetValue(o.hotkeysOn != 0);
+  txtPosition[0].SetText(Decimal(o.rewindSeconds));
+  txtPosition[1].SetText(Decimal(o.forwardSeconds));
   EnableKeyControls();
 
-  chkStretch.SetValue(o.P_STRETCH != 0);
-  cmbUImode.SetIndex(o.P_UIMODE == u"none" ? 0 : o.P_UIMODE == u"mini" ? 1 : 2);
+  chkStretch.SetValue(o.stretchVideo != 0);
+  cmbUImode.SetIndex(o.playerControls == u"none" ? 0 : o.playerControls == u"mini" ? 1 : 2);
   FillFilterControls();
 
-  optOpaque.SetValue(o.F_OPAQUE);
-  optShadow.SetValue(!o.F_OPAQUE);
+  optOpaque.SetValue(o.previewOpaque);
+  optShadow.SetValue(!o.previewOpaque);
   chkClassic.SetValue(o.manner.Classic());
 
-  sldShadow.SetValue(o.F_SHADOWVAL);
-  sldHeight.SetValue(o.F_SUBHEIGHT);
-  chkFollow.SetValue(o.F_FOLLOW);
+  sldShadow.SetValue(o.previewShadowDepth);
+  sldHeight.SetValue(o.previewHeight);
+  chkFollow.SetValue(o.followCaptions);
   ShowPreviewLabels();
   DrawSample();
 }
@@ -216,7 +216,7 @@ void SettingsDialog::ApplyNames() {
 
 void SettingsDialog::ApplyLanguagePage() {
   const Languages& languages = parts_.languages;
-  const auto row = static_cast<std::size_t>(options_.LanguageIndex);
+  const auto row = static_cast<std::size_t>(options_.languageRow);
   cboLanguage.SetIndex(languages.FindLanguageInList(row, cboLanguage.Items()));
   picFlag.SetSpokenName(languages.LanguageTable()[row].displayName);
   txtCharset.SetText(languages.CharsetText());
@@ -229,11 +229,11 @@ void SettingsDialog::ApplyLanguagePage() {
 }
 
 void SettingsDialog::ShowRuleLabels() {
-  lblAutoJoin.SetText(strings_[Message::NearbyFactor] + u" " + Decimal(options_.Near) + u" " +
+  lblAutoJoin.SetText(strings_[Message::NearbyFactor] + u" " + Decimal(options_.nearMs) + u" " +
                       strings_[Message::Milliseconds]);
   for (std::size_t k = 0; k < 3; ++k) {
-    lblDuration[k].SetText(Fill(strings_[Message::DurationPerCharacter], Decimal(options_.Duration[k])));
-    lblTolerance[k].SetText(Fill(strings_[Message::Tolerance], Decimal(options_.Tolerance[k])));
+    lblDuration[k].SetText(Fill(strings_[Message::DurationPerCharacter], Decimal(options_.durationPerCharacter[k])));
+    lblTolerance[k].SetText(Fill(strings_[Message::Tolerance], Decimal(options_.durationTolerance[k])));
     const Text length = strings_[kLengthClasses[k]] + u", ";
     sldDuration[k].SetSpokenName(length + lblDuration[k].GetText());
     sldTolerance[k].SetSpokenName(length + lblTolerance[k].GetText());
@@ -241,8 +241,8 @@ void SettingsDialog::ShowRuleLabels() {
 }
 
 void SettingsDialog::ShowPreviewLabels() {
-  lblShadow.SetText(Fill(strings_[Message::ShadowDepth], Decimal(options_.F_SHADOWVAL)));
-  lblHeight.SetText(Fill(strings_[Message::PreviewPlacement], Decimal(options_.F_SUBHEIGHT)));
+  lblShadow.SetText(Fill(strings_[Message::ShadowDepth], Decimal(options_.previewShadowDepth)));
+  lblHeight.SetText(Fill(strings_[Message::PreviewPlacement], Decimal(options_.previewHeight)));
   sldShadow.SetSpokenName(lblShadow.GetText());
   sldHeight.SetSpokenName(lblHeight.GetText());
 }
@@ -289,7 +289,7 @@ void SettingsDialog::Accept() {
 
 void SettingsDialog::OnClose() {
   TakeOpenFields();
-  parts_.store.SaveSetting(kMainSection, u"Language", options_.Language);
+  parts_.store.SaveSetting(kMainSection, u"Language", options_.language);
 }
 
 void SettingsDialog::Reset() {
@@ -313,7 +313,7 @@ void SettingsDialog::Reset() {
       options_.manner = Manner();
       parts_.languages.DetectLanguage(u"ENGLISH");
       parts_.languages.ReadUserCharset();
-      if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.LanguageIndex));
+      if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.languageRow));
       ApplySettingsDialogLanguage();
       RenewDetails();
   }

@@ -55,7 +55,7 @@ class SettingsDialog final : public SettingsWindow {
     Text fontName;
     int fontSize = 0;  ///< points
     bool bold = false;
-    std::int32_t colour = 0;
+    std::int32_t color = 0;
     int shadowShift = 0;  ///< pixels, right and down
     bool windowBackground = false;
     std::int32_t background = 0;
@@ -69,7 +69,7 @@ class SettingsDialog final : public SettingsWindow {
   /// All that the details area can tell, by which it is measured.
   std::vector<Text> DetailTexts() const;
   /// The flag is that of this row of the language table.
-  std::int16_t FlagRow() const { return parts_.options.LanguageIndex; }
+  std::int16_t FlagRow() const { return parts_.options.languageRow; }
 
  protected:
   void OnClose() override;
@@ -110,7 +110,7 @@ class SettingsDialog final : public SettingsWindow {
   void DrawSample();
   void ApplyPlayerSettings();
   void PickFont();
-  void PickColour();
+  void PickColor();
   void ChooseLanguage();
   void CompleteTranslation();
   void Accept();

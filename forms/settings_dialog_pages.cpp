@@ -26,42 +26,42 @@ bool IsUpperLetter(char16_t c) { return c >= u'A' && c <= u'Z'; }
 }  // namespace
 
 void SettingsDialog::WireRules() {
-  chkAutoSplit.Clicked.Connect([this] { options_.AutoSplit = Flag(chkAutoSplit); });
-  chkCollision.Clicked.Connect([this] { options_.Collision = Flag(chkCollision); });
+  chkAutoSplit.Clicked.Connect([this] { options_.autoSplit = Flag(chkAutoSplit); });
+  chkCollision.Clicked.Connect([this] { options_.avoidCollision = Flag(chkCollision); });
   chkAutoJoin.Clicked.Connect([this] {
-    options_.AutoJoin = Flag(chkAutoJoin);
+    options_.autoJoin = Flag(chkAutoJoin);
     EnableRuleControls();
   });
   chkDuration.Clicked.Connect([this] {
-    options_.DurationOn = Flag(chkDuration);
+    options_.limitDuration = Flag(chkDuration);
     EnableRuleControls();
     parts_.capture.ShowModeTexts();
   });
   chkCredits.Clicked.Connect([this] {
-    options_.T_CREDITS = Flag(chkCredits);
+    options_.removeCredits = Flag(chkCredits);
     EnableRuleControls();
   });
   sldAutoJoin.Scrolled.Connect([this] {
-    options_.Near = sldAutoJoin.Value() * 10;
+    options_.nearMs = sldAutoJoin.Value() * 10;
     ShowRuleLabels();
   });
   for (std::size_t k = 0; k < 3; ++k) {
     sldDuration[k].Scrolled.Connect([this, k] {
-      options_.Duration[k] = static_cast<std::int16_t>(sldDuration[k].Value() * 10);
+      options_.durationPerCharacter[k] = static_cast<std::int16_t>(sldDuration[k].Value() * 10);
       ShowRuleLabels();
     });
     sldTolerance[k].Scrolled.Connect([this, k] {
-      options_.Tolerance[k] = static_cast<std::int16_t>(sldTolerance[k].Value() * 10);
+      options_.durationTolerance[k] = static_cast<std::int16_t>(sldTolerance[k].Value() * 10);
       ShowRuleLabels();
     });
   }
   cmbApply.Chosen.Connect([this] {
-    options_.ApplyWhen = static_cast<std::uint8_t>(std::max(cmbApply.Index(), 0));
+    options_.applyWhen = static_cast<std::uint8_t>(std::max(cmbApply.Index(), 0));
     parts_.capture.ShowModeTexts();
   });
-  chkRulesOnLoad.Clicked.Connect([this] { options_.RulesOnLoad = chkRulesOnLoad.Value(); });
+  chkRulesOnLoad.Clicked.Connect([this] { options_.changeOnLoad = chkRulesOnLoad.Value(); });
   txtCredits.Edited.Connect([this] {
-    options_.T_CREDITSTEXT = TrimBlanks(txtCredits.GetText());
+    options_.creditWords = TrimBlanks(txtCredits.GetText());
     creditsOpen_ = true;
   });
   txtCredits.LostFocus.Connect([this] { TakeCredits(); });
@@ -88,12 +88,12 @@ void SettingsDialog::TakeCredits() {
   if (credits.starts_with(u',')) credits.erase(0, 1);
   if (credits.ends_with(u',')) credits.pop_back();
   txtCredits.SetText(credits);
-  options_.T_CREDITSTEXT = credits;
+  options_.creditWords = credits;
 }
 
 void SettingsDialog::WireKeys() {
   chkKeys.Clicked.Connect([this] {
-    options_.HotKeys = Flag(chkKeys);
+    options_.hotkeysOn = Flag(chkKeys);
     EnableKeyControls();
   });
   for (std::size_t k = 0; k < txtHotkey.size(); ++k) {
@@ -154,12 +154,12 @@ void SettingsDialog::TakePosition(std::size_t index) {
   const double typed = LeadingNumber(txtPosition[index].GetText());
   const int seconds = static_cast<int>(std::clamp<double>(typed, kLeastSeconds, kMostSeconds));
   txtPosition[index].SetText(Decimal(seconds));
-  (index == 0 ? options_.kRewindSecs : options_.kForwardSecs) = static_cast<std::int16_t>(seconds);
+  (index == 0 ? options_.rewindSeconds : options_.forwardSeconds) = static_cast<std::int16_t>(seconds);
 }
 
 void SettingsDialog::WirePlayer() {
   chkStretch.Clicked.Connect([this] {
-    options_.P_STRETCH = Flag(chkStretch);
+    options_.stretchVideo = Flag(chkStretch);
     ApplyPlayerSettings();
   });
   cmbUImode.Chosen.Connect([this] {
@@ -167,7 +167,7 @@ void SettingsDialog::WirePlayer() {
     ApplyPlayerSettings();
   });
   const auto choose = [this](std::uint8_t mode) {
-    options_.P_VSFILTERMODE = mode;
+    options_.filterMode = mode;
     FillFilterControls();
   };
   optVSDisable.Clicked.Connect([choose] { choose(0); });
@@ -176,12 +176,12 @@ void SettingsDialog::WirePlayer() {
 }
 
 void SettingsDialog::TakeUiMode() {
-  options_.P_UIMODE = kUiModes[static_cast<std::size_t>(std::max(cmbUImode.Index(), 0))];
+  options_.playerControls = kUiModes[static_cast<std::size_t>(std::max(cmbUImode.Index(), 0))];
 }
 
 void SettingsDialog::FillFilterControls() {
-  optVSDisable.SetValue(options_.P_VSFILTERMODE == 0);
-  optVSHide.SetValue(options_.P_VSFILTERMODE != 0);
+  optVSDisable.SetValue(options_.filterMode == 0);
+  optVSHide.SetValue(options_.filterMode != 0);
   const bool installed = parts_.filter.Installed();
   for (Control* control : std::initializer_list<Control*>{&lblVSFilter, &lblVSNotice, &optVSDisable, &optVSHide}) {
     control->SetEnabled(installed);
@@ -190,16 +190,16 @@ void SettingsDialog::FillFilterControls() {
 }
 
 void SettingsDialog::ApplyPlayerSettings() {
-  parts_.ports.player.SetStretchToFit(options_.P_STRETCH != 0);
-  parts_.ports.player.SetUiMode(options_.P_UIMODE);
+  parts_.ports.player.SetStretchToFit(options_.stretchVideo != 0);
+  parts_.ports.player.SetUiMode(options_.playerControls);
 }
 
 void SettingsDialog::WirePreview() {
   cmdFont.Clicked.Connect([this] { PickFont(); });
-  cmdColor.Clicked.Connect([this] { PickColour(); });
+  cmdColor.Clicked.Connect([this] { PickColor(); });
   const auto choose = [this](bool opaque) {
-    options_.F_OPAQUE = opaque;
-    options_.F_SHADOW = !opaque;
+    options_.previewOpaque = opaque;
+    options_.previewShadow = !opaque;
     optOpaque.SetValue(opaque);
     optShadow.SetValue(!opaque);
     DrawSample();
@@ -207,47 +207,47 @@ void SettingsDialog::WirePreview() {
   optOpaque.Clicked.Connect([choose] { choose(true); });
   optShadow.Clicked.Connect([choose] { choose(false); });
   sldShadow.Scrolled.Connect([this] {
-    options_.F_SHADOWVAL = static_cast<std::uint8_t>(sldShadow.Value());
+    options_.previewShadowDepth = static_cast<std::uint8_t>(sldShadow.Value());
     ShowPreviewLabels();
     DrawSample();
   });
   sldHeight.Scrolled.Connect([this] {
-    options_.F_SUBHEIGHT = static_cast<std::uint8_t>(sldHeight.Value());
+    options_.previewHeight = static_cast<std::uint8_t>(sldHeight.Value());
     ShowPreviewLabels();
     parts_.preview.PlacePreview();
   });
-  chkFollow.Clicked.Connect([this] { options_.F_FOLLOW = chkFollow.Value(); });
+  chkFollow.Clicked.Connect([this] { options_.followCaptions = chkFollow.Value(); });
 }
 
 void SettingsDialog::PickFont() {
   FontChoice font;
-  font.Name = options_.F_FONTNAME;
-  font.Size = options_.F_FONTSIZE;
-  font.Bold = options_.F_FONTBOLD;
+  font.Name = options_.previewFontName;
+  font.Size = options_.previewFontSize;
+  font.Bold = options_.previewFontBold;
   font.Weight = font.Bold ? kBoldWeight : kPlainWeight;
   if (!ShowFontDialog(parts_.ports.pickers, font, kLeastFontSize, kMostFontSize)) return;
-  options_.F_FONTNAME = font.Name;
-  options_.F_FONTSIZE = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
-  options_.F_FONTBOLD = font.Bold;
+  options_.previewFontName = font.Name;
+  options_.previewFontSize = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
+  options_.previewFontBold = font.Bold;
   DrawSample();
   parts_.preview.PlacePreview();
 }
 
-void SettingsDialog::PickColour() {
-  const std::int32_t colour = ShowColorDialog(parts_.ports.pickers, options_.F_FONTCOLOR);
-  if (colour == kNoColour) return;
-  options_.F_FONTCOLOR = colour;
+void SettingsDialog::PickColor() {
+  const std::int32_t color = ShowColorDialog(parts_.ports.pickers, options_.previewColor);
+  if (color == kNoColor) return;
+  options_.previewColor = color;
   DrawSample();
 }
 
 void SettingsDialog::DrawSample() {
-  const bool opaque = options_.F_OPAQUE;
+  const bool opaque = options_.previewOpaque;
   Sample sample;
-  sample.fontName = options_.F_FONTNAME;
-  sample.fontSize = options_.F_FONTSIZE;
-  sample.bold = options_.F_FONTBOLD;
-  sample.colour = options_.F_FONTCOLOR;
-  sample.shadowShift = options_.F_SHADOWVAL;
+  sample.fontName = options_.previewFontName;
+  sample.fontSize = options_.previewFontSize;
+  sample.bold = options_.previewFontBold;
+  sample.color = options_.previewColor;
+  sample.shadowShift = options_.previewShadowDepth;
   sample.windowBackground = !opaque && !parts_.document.HasVideo();
   sample.background = opaque ? 0 : kFilmBackground;
   lblSampleShadow.SetVisible(!opaque);

@@ -51,13 +51,13 @@ void Shell::Wire() {
     item.Clicked.Connect([this, target] { OpenExternal(ports_.desktop, target); });
   };
   const auto page = [this](MenuItem& item, const Text& path) {
-    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, options_.Language); });
+    item.Clicked.Connect([this, path] { OpenWebPage(ports_.desktop, path, options_.language); });
   };
   page(window_.mnuTessaly, {});
   page(window_.mnuForums, u"forum");
   page(window_.mnuPermanentSubs, u"guides.php");
   window_.mnuWebsite.Clicked.Connect(
-      [this] { OpenWebPage(ports_.desktop, ProductPage(options_.Language), options_.Language); });
+      [this] { OpenWebPage(ports_.desktop, ProductPage(options_.language), options_.language); });
   opens(window_.mnuSuggest, MailLink(u"Tessaly Cuewright: feature suggestion"));
   opens(window_.mnuMediaPlayer, Text(kPlayerPage));
   window_.picLogo.MouseDown.Connect([this](const MouseEvent& mouse) {
@@ -69,10 +69,10 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   CarryOn step;
   StartSize size;
   step([&] {
-    window_.mnuInfoBar.SetChecked(options_.M_INFOBAR);
+    window_.mnuInfoBar.SetChecked(options_.infoBarOn);
     UpdateBars();
   });
-  step([&] { grid_.SetFont(options_.M_FONTNAME, options_.M_FONTSIZE, options_.M_FONTBOLD); });
+  step([&] { grid_.SetFont(options_.listFontName, options_.listFontSize, options_.listFontBold); });
   step([&] {
     const int state = ReadNumber(store_, u"WindowState", kMaximised);
     size.maximised = state == kMaximised;
@@ -87,10 +87,10 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     UpdateBars();
   });
   step([&] { ports_.player.SetVolume(ReadNumber(store_, u"Volume", kDefaultVolume)); });
-  step([&] { ports_.player.SetStretchToFit(options_.P_STRETCH != 0); });
+  step([&] { ports_.player.SetStretchToFit(options_.stretchVideo != 0); });
   step([&] {
-    ports_.player.SetUiMode(options_.P_UIMODE);
-    options_.P_UIMODE = ports_.player.UiMode();
+    ports_.player.SetUiMode(options_.playerControls);
+    options_.playerControls = ports_.player.UiMode();
   });
   step([&] { commands_.ShowSeparator(); });
   step([&] {
@@ -168,14 +168,14 @@ void Shell::RefreshFileLabels() {
 }
 
 void Shell::UpdateBars() {
-  window_.picIco.SetVisible(options_.M_INFOBAR);
-  layout_.SetBars(options_.M_INFOBAR, options_.M_AUDIOBAR ? AudioBar::kHeight : 0, kBottomHeight);
+  window_.picIco.SetVisible(options_.infoBarOn);
+  layout_.SetBars(options_.infoBarOn, options_.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
   LayoutChanged();
 }
 
 void Shell::ToggleInfoBar() {
-  options_.M_INFOBAR = !options_.M_INFOBAR;
-  window_.mnuInfoBar.SetChecked(options_.M_INFOBAR);
+  options_.infoBarOn = !options_.infoBarOn;
+  window_.mnuInfoBar.SetChecked(options_.infoBarOn);
   UpdateBars();
   preview_.PlacePreview();
 }

@@ -43,14 +43,14 @@ void SpellCheck::Begin() {
   opened_.clear();
   dictionary_ = -1;
   decisions_ = {};
-  SpellFirst = 1;
+  firstRow_ = 1;
 }
 
 void SpellCheck::CheckAll() {
   if (dialog.IsOpen()) return;
   Begin();
-  SpellDone = 0;
-  SpellChanged = 0;
+  checkedRows_ = 0;
+  changedRows_ = 0;
   ++checks_;
   const bool whole = CheckBlocks();
   opened_.clear();
@@ -65,38 +65,38 @@ bool SpellCheck::CheckBlocks() {
   int spellLast = parts_.list.Rows() > kMostInOneBlock ? kBlock : last;
   do {
     std::vector<Text> captions;
-    for (int row = SpellFirst; row <= spellLast; ++row) {
+    for (int row = firstRow_; row <= spellLast; ++row) {
       captions.push_back(parts_.list.GetCaptionText(row, true));
-      ++SpellDone;
+      ++checkedRows_;
     }
     const Text checked = word.MsSpellCheck(SpellingText(captions));
     if (word.SpellFailed()) return false;
-    parts_.window.lblTextFile.SetText(parts_.strings[Message::PleaseWait] + u"... (" + Decimal(SpellDone) + u"/" +
+    parts_.window.lblTextFile.SetText(parts_.strings[Message::PleaseWait] + u"... (" + Decimal(checkedRows_) + u"/" +
                                       Decimal(last) + u")");
     // Nothing may come between what was sent and what is stored: the window is painted, and no more.
     parts_.ports.events.YieldToPainting();
-    StoreBlock(SpellFirst, captions, checked);
-    SpellFirst += kBlock;
+    StoreBlock(firstRow_, captions, checked);
+    firstRow_ += kBlock;
     spellLast = std::min(spellLast + kBlock, last);
-  } while (SpellDone < last);
+  } while (checkedRows_ < last);
   return true;
 }
 
 void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const Text& checked) {
-  const auto cut = CutSpellingText(checked, captions, parts_.options.LineSeparator);
+  const auto cut = CutSpellingText(checked, captions, parts_.options.lineSeparator);
   // The blocks of one check are one step.
   const EditScope scope(parts_.list, EditKind::Spelling, checks_);
   for (std::size_t i = 0; i < cut.size(); ++i) {
     if (!cut[i]) continue;
     parts_.list.SetCaptionText(first + static_cast<Row>(i), *cut[i]);
     parts_.list.SetModified();
-    ++SpellChanged;
+    ++changedRows_;
   }
 }
 
 void SpellCheck::TellEnd() {
   Text text = parts_.strings[Message::SpellCheckCompleted] + u" ";
-  if (SpellChanged > 0) text += Fill(parts_.strings[Message::LinesModified], Decimal(SpellChanged));
+  if (changedRows_ > 0) text += Fill(parts_.strings[Message::LinesModified], Decimal(changedRows_));
   parts_.ports.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, parts_.strings[Message::SpellCheck]});
 }
 
@@ -108,7 +108,7 @@ int SpellCheck::PreferredDictionary() const {
   const Text stored = parts_.store.GetSetting(kMainSection, kLanguageKey, {});
   if (const int index = find([&](const Text& name) { return name == stored; }); index >= 0) return index;
   // What remains where the language in force has none is English.
-  for (const TextView wanted : {DictionaryOf(parts_.options.Language), kDictionaries[0].second}) {
+  for (const TextView wanted : {DictionaryOf(parts_.options.language), kDictionaries[0].second}) {
     if (const int index = find([&](const Text& name) { return name == wanted; }); index >= 0) return index;
     const int like = find([&](const Text& name) { return LanguagePart(name) == LanguagePart(wanted); });
     if (like >= 0) return like;
@@ -170,7 +170,7 @@ Text SpellCheck::Check(const Text& document) {
                [this](TextView added) { return ChangeWords([added](UserWords& words) { words.Add(added); }); },
                [this](TextView added) { ChangeWords([added](UserWords& words) { words.Remove(added); }); },
                [this, &session](int index) { return UseLanguage(index, session); }, std::move(languages), dictionary_,
-               SpellFirst, parts_.languages.IsRightToLeft()});
+               firstRow_, parts_.languages.IsRightToLeft()});
   if (runDialog) runDialog();
   dialog.Close();
   return session.Document();

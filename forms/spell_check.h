@@ -78,9 +78,9 @@ class SpellCheck final : private TextChecker {
   std::map<int, Opened> opened_;
   int dictionary_ = -1;
   SpellDecisions decisions_;
-  int SpellFirst = 1;
-  int SpellDone = 0;
-  int SpellChanged = 0;
+  int firstRow_ = 1;
+  int checkedRows_ = 0;
+  int changedRows_ = 0;
   std::uint64_t checks_ = 0;
 };
 

@@ -29,7 +29,7 @@ UpdateDialog::UpdateDialog(UpdateParts parts)
   cmdOK.Clicked.Connect([this] {
     cmdOK.SetEnabled(false);
     if (lblWhatsNew.Visible()) {
-      OpenWebPage(parts_.ports.desktop, ProductPage(parts_.options.Language), parts_.options.Language);
+      OpenWebPage(parts_.ports.desktop, ProductPage(parts_.options.language), parts_.options.language);
     }
     Close();
   });

@@ -48,7 +48,7 @@ bool WizardTool::Check(TextView folder) {
 }
 
 void WizardTool::OpenDownload(TextView number) {
-  OpenWebPage(p_.ports.desktop, u"downloads.php?cid=" + Text(number), p_.options.Language);
+  OpenWebPage(p_.ports.desktop, u"downloads.php?cid=" + Text(number), p_.options.language);
 }
 
 void WizardTool::StartWine(const std::vector<Text>& command) {

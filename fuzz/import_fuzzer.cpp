@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr int kCodePages[] = {1252, 1250, 932, 949, 1361, 1255};
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   Engine engine(ShippedCatalogue(), kCodePages[Choice(bytes, std::size(kCodePages))]);
-  engine.options.T_READAS = Choice(bytes, 2) == 0 ? u"auto" : u"classic";
+  engine.options.readAs = Choice(bytes, 2) == 0 ? u"auto" : u"classic";
   engine.Open(u"file.txt", bytes);
   Demand(engine.captions.Rows() - 1 <= kMostCaptions, "a load stops behind 32000 captions");
   const Row before = engine.captions.Rows();

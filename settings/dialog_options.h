@@ -18,16 +18,16 @@ struct HotkeySetting {
 };
 
 /// The ten shortcuts in the order of the dialog.
-inline constexpr std::array<HotkeySetting, 10> kHotkeys = {{{&AppOptions::hkPlay, 90, u"hkPlay", u"kPlay"},
-                                                            {&AppOptions::hkPause, 88, u"hkPause", u"kPause"},
-                                                            {&AppOptions::hkStop, 67, u"hkStop", u"kStop"},
-                                                            {&AppOptions::hkStart, 66, u"hkStart", u"kStart"},
-                                                            {&AppOptions::hkNext, 78, u"hkNext", u"kNext"},
-                                                            {&AppOptions::hkEnd, 77, u"hkEnd", u"kEnd"},
-                                                            {&AppOptions::hkPrevious, 68, u"hkPrevious", u"kPrevious"},
-                                                            {&AppOptions::hkJump, 70, u"hkJump", u"kJump"},
-                                                            {&AppOptions::hkRewind, 87, u"hkRewind", u"kRewind"},
-                                                            {&AppOptions::hkForward, 69, u"hkForward", u"kForward"}}};
+inline constexpr std::array<HotkeySetting, 10> kHotkeys = {{{&AppOptions::playKey, 90, u"hkPlay", u"kPlay"},
+                                                            {&AppOptions::pauseKey, 88, u"hkPause", u"kPause"},
+                                                            {&AppOptions::stopKey, 67, u"hkStop", u"kStop"},
+                                                            {&AppOptions::startKey, 66, u"hkStart", u"kStart"},
+                                                            {&AppOptions::nextKey, 78, u"hkNext", u"kNext"},
+                                                            {&AppOptions::endKey, 77, u"hkEnd", u"kEnd"},
+                                                            {&AppOptions::previousKey, 68, u"hkPrevious", u"kPrevious"},
+                                                            {&AppOptions::jumpKey, 70, u"hkJump", u"kJump"},
+                                                            {&AppOptions::rewindKey, 87, u"hkRewind", u"kRewind"},
+                                                            {&AppOptions::forwardKey, 69, u"hkForward", u"kForward"}}};
 
 /// The letters as the dialog shows them, one text a shortcut.
 using HotkeyLetters = std::array<Text, kHotkeys.size()>;

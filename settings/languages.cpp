@@ -68,14 +68,14 @@ void Languages::ReadTableRow(std::size_t row) {
 }
 
 void Languages::LoadStored() {
-  firstRun_ = options_.Language == kNeverChosen;
+  firstRun_ = options_.language == kNeverChosen;
   if (firstRun_) {
     DetectLanguage(u"ENGLISH");
   } else {
     // The last row that fits wins: "PORTUGUESE" also lies inside "PORTUGUESE_BR".
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
-      if (table_[row].name.find(options_.Language) != Text::npos) {
-        options_.LanguageIndex = static_cast<std::int16_t>(row);
+      if (table_[row].name.find(options_.language) != Text::npos) {
+        options_.languageRow = static_cast<std::int16_t>(row);
       }
     }
   }
@@ -85,7 +85,7 @@ void Languages::LoadStored() {
 void Languages::DetectLanguage(TextView fallback) {
   CarryOn step;
   step([&] {
-    options_.Language = fallback;
+    options_.language = fallback;
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
       if (table_[row].name == fallback) Select(row);
     }
@@ -102,8 +102,8 @@ void Languages::DetectLanguage(TextView fallback) {
 }
 
 void Languages::Select(std::size_t row) {
-  options_.Language = table_[row].name;
-  options_.LanguageIndex = static_cast<std::int16_t>(row);
+  options_.language = table_[row].name;
+  options_.languageRow = static_cast<std::int16_t>(row);
 }
 
 /// Which language's rules a row of the table follows, as codes of languages.
@@ -122,9 +122,9 @@ void Languages::LoadBlock(std::size_t row) {
 }
 
 std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
-  strings_.SetLanguageCode(kCodes[static_cast<std::size_t>(options_.LanguageIndex)]);
-  LoadBlock(static_cast<std::size_t>(options_.LanguageIndex));
-  const int base = kBlockSize * options_.LanguageIndex;
+  strings_.SetLanguageCode(kCodes[static_cast<std::size_t>(options_.languageRow)]);
+  LoadBlock(static_cast<std::size_t>(options_.languageRow));
+  const int base = kBlockSize * options_.languageRow;
   Text lines;
   int missing = 0;
   for (std::size_t id = 0; id < kMessageCount; ++id) {
@@ -140,14 +140,14 @@ std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
   }
   for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
     const int number = static_cast<int>(id);
-    const Text* own = catalogue_.Find(CatalogueNumber(options_.LanguageIndex, number));
+    const Text* own = catalogue_.Find(CatalogueNumber(options_.languageRow, number));
     strings_.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
   }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);
     events_.WaitMs(500);
   }
-  rightToLeft_ = options_.Language == u"ARABIC" || options_.Language == u"PERSIAN" || options_.Language == u"HEBREW";
+  rightToLeft_ = options_.language == u"ARABIC" || options_.language == u"PERSIAN" || options_.language == u"HEBREW";
   // One less than there are strings, so that one or two missing ones still count as complete.
   constexpr int kWhole = static_cast<int>(kMessageCount) - 1;
   return static_cast<std::int16_t>(RoundHalfEven((kWhole - missing) * 100.0 / kWhole));
@@ -158,7 +158,7 @@ Charset Languages::GetCharsetOfLocale(std::int32_t locale) const {
 }
 
 std::int32_t Languages::LocaleOfLanguage() const {
-  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(options_.LanguageIndex)].localeId));
+  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(options_.languageRow)].localeId));
 }
 
 Text Languages::ToLanguageCodePage(TextView text) const {
@@ -184,11 +184,11 @@ std::size_t Languages::RowOfDisplayName(TextView displayName) const {
   for (std::size_t row = 0; row < kLanguageCount; ++row) {
     if (table_[row].displayName == displayName) return row;
   }
-  return static_cast<std::size_t>(options_.LanguageIndex);
+  return static_cast<std::size_t>(options_.languageRow);
 }
 
 bool Languages::NeedsNotice() const {
-  return table_[static_cast<std::size_t>(options_.LanguageIndex)].codePage !=
+  return table_[static_cast<std::size_t>(options_.languageRow)].codePage !=
          locale_.GetLocaleText(kUserLocale, kAnsiCodePage);
 }
 

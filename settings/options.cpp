@@ -43,75 +43,75 @@ void ReadLanguage(const Reader& reader, AppOptions& o) {
   bool classic = o.manner.Classic();
   reader.Read(u"Classic", classic);
   o.manner.SetClassic(classic);
-  reader.Read(u"Language", o.Language);
-  reader.Read(u"LBREAK", o.LineSeparator);
+  reader.Read(u"Language", o.language);
+  reader.Read(u"LBREAK", o.lineSeparator);
   // A separator of no characters would join every line.
-  if (o.LineSeparator.empty()) o.LineSeparator = AppOptions().LineSeparator;
-  if (o.Language == u"BPORTUGUESE") o.Language = u"PORTUGUESE_BR";
-  if (o.Language == u"FARSI") o.Language = u"PERSIAN";
-  reader.Read(u"T_READAS", o.T_READAS);
+  if (o.lineSeparator.empty()) o.lineSeparator = AppOptions().lineSeparator;
+  if (o.language == u"BPORTUGUESE") o.language = u"PORTUGUESE_BR";
+  if (o.language == u"FARSI") o.language = u"PERSIAN";
+  reader.Read(u"T_READAS", o.readAs);
 }
 
 void ReadRules(const Reader& reader, AppOptions& o) {
-  reader.ReadFlag(u"AutoSplit", o.AutoSplit);
-  reader.ReadFlag(u"Collision", o.Collision);
-  reader.ReadFlag(u"AutoJoin", o.AutoJoin);
-  reader.Read(u"Near", o.Near);
-  reader.ReadFlag(u"Duration", o.DurationOn);
-  for (std::size_t k = 0; k < o.Duration.size(); ++k) {
+  reader.ReadFlag(u"AutoSplit", o.autoSplit);
+  reader.ReadFlag(u"Collision", o.avoidCollision);
+  reader.ReadFlag(u"AutoJoin", o.autoJoin);
+  reader.Read(u"Near", o.nearMs);
+  reader.ReadFlag(u"Duration", o.limitDuration);
+  for (std::size_t k = 0; k < o.durationPerCharacter.size(); ++k) {
     const Text digit = Decimal(static_cast<long long>(k));
-    reader.Read(u"Duration" + digit, o.Duration[k]);
-    reader.Read(u"Tolerance" + digit, o.Tolerance[k]);
+    reader.Read(u"Duration" + digit, o.durationPerCharacter[k]);
+    reader.Read(u"Tolerance" + digit, o.durationTolerance[k]);
   }
-  reader.Read(u"ApplyWhen", o.ApplyWhen);
-  reader.ReadFlag(u"T_CREDITS", o.T_CREDITS);
-  reader.Read(u"RulesOnLoad", o.RulesOnLoad);
-  reader.Read(u"T_CREDITSTEXT", o.T_CREDITSTEXT);
-  if (IsBlank(o.T_CREDITSTEXT)) o.T_CREDITS = 0;
+  reader.Read(u"ApplyWhen", o.applyWhen);
+  reader.ReadFlag(u"T_CREDITS", o.removeCredits);
+  reader.Read(u"RulesOnLoad", o.changeOnLoad);
+  reader.Read(u"T_CREDITSTEXT", o.creditWords);
+  if (IsBlank(o.creditWords)) o.removeCredits = 0;
 }
 
 void ReadKeys(const Reader& reader, AppOptions& o) {
-  reader.ReadFlag(u"HotKeys", o.HotKeys);
-  reader.Read(u"kRewindSecs", o.kRewindSecs);
-  reader.Read(u"kForwardSecs", o.kForwardSecs);
-  reader.Read(u"hkPlay", o.hkPlay);
-  reader.Read(u"hkPause", o.hkPause);
-  reader.Read(u"hkStop", o.hkStop);
-  reader.Read(u"hkStart", o.hkStart);
-  reader.Read(u"hkNext", o.hkNext);
-  reader.Read(u"hkEnd", o.hkEnd);
-  reader.Read(u"hkPrevious", o.hkPrevious);
-  reader.Read(u"hkJump", o.hkJump);
-  reader.Read(u"hkRewind", o.hkRewind);
-  reader.Read(u"hkForward", o.hkForward);
+  reader.ReadFlag(u"HotKeys", o.hotkeysOn);
+  reader.Read(u"kRewindSecs", o.rewindSeconds);
+  reader.Read(u"kForwardSecs", o.forwardSeconds);
+  reader.Read(u"hkPlay", o.playKey);
+  reader.Read(u"hkPause", o.pauseKey);
+  reader.Read(u"hkStop", o.stopKey);
+  reader.Read(u"hkStart", o.startKey);
+  reader.Read(u"hkNext", o.nextKey);
+  reader.Read(u"hkEnd", o.endKey);
+  reader.Read(u"hkPrevious", o.previousKey);
+  reader.Read(u"hkJump", o.jumpKey);
+  reader.Read(u"hkRewind", o.rewindKey);
+  reader.Read(u"hkForward", o.forwardKey);
 }
 
 void ReadPreviewAndPlayer(const Reader& reader, AppOptions& o) {
-  reader.Read(u"F_FONTNAME", o.F_FONTNAME);
-  reader.Read(u"F_FONTSIZE", o.F_FONTSIZE);
-  reader.Read(u"F_FONTBOLD", o.F_FONTBOLD);
-  reader.Read(u"F_FONTCOLOR", o.F_FONTCOLOR);
-  reader.Read(u"F_OPAQUE", o.F_OPAQUE);
-  reader.Read(u"F_SHADOW", o.F_SHADOW);
-  reader.Read(u"F_SHADOWVAL", o.F_SHADOWVAL);
-  reader.Read(u"F_SUBHEIGHT", o.F_SUBHEIGHT);
-  reader.Read(u"F_FOLLOW", o.F_FOLLOW);
-  reader.ReadFlag(u"P_STRETCH", o.P_STRETCH);
-  reader.Read(u"P_UIMODE", o.P_UIMODE);
+  reader.Read(u"F_FONTNAME", o.previewFontName);
+  reader.Read(u"F_FONTSIZE", o.previewFontSize);
+  reader.Read(u"F_FONTBOLD", o.previewFontBold);
+  reader.Read(u"F_FONTCOLOR", o.previewColor);
+  reader.Read(u"F_OPAQUE", o.previewOpaque);
+  reader.Read(u"F_SHADOW", o.previewShadow);
+  reader.Read(u"F_SHADOWVAL", o.previewShadowDepth);
+  reader.Read(u"F_SUBHEIGHT", o.previewHeight);
+  reader.Read(u"F_FOLLOW", o.followCaptions);
+  reader.ReadFlag(u"P_STRETCH", o.stretchVideo);
+  reader.Read(u"P_UIMODE", o.playerControls);
   // The field holds four characters.
-  o.P_UIMODE.resize(std::min<std::size_t>(o.P_UIMODE.size(), 4));
-  reader.Read(u"P_VSFILTERMODE", o.P_VSFILTERMODE);
+  o.playerControls.resize(std::min<std::size_t>(o.playerControls.size(), 4));
+  reader.Read(u"P_VSFILTERMODE", o.filterMode);
 }
 
 void ReadMainWindow(const Reader& reader, AppOptions& o) {
-  reader.Read(u"M_FONTNAME", o.M_FONTNAME);
-  reader.Read(u"M_FONTSIZE", o.M_FONTSIZE);
-  reader.Read(u"M_FONTBOLD", o.M_FONTBOLD);
-  reader.Read(u"M_INFOBAR", o.M_INFOBAR);
-  reader.Read(u"M_AUDIOBAR", o.M_AUDIOBAR);
-  reader.Read(u"M_FULLWAVE", o.M_FULLWAVE);
-  reader.Read(u"M_AUDIOBARCOLOR", o.M_AUDIOBARCOLOR);
-  reader.Read(u"M_WAVSCALE", o.M_WAVSCALE);
+  reader.Read(u"M_FONTNAME", o.listFontName);
+  reader.Read(u"M_FONTSIZE", o.listFontSize);
+  reader.Read(u"M_FONTBOLD", o.listFontBold);
+  reader.Read(u"M_INFOBAR", o.infoBarOn);
+  reader.Read(u"M_AUDIOBAR", o.audioBarOn);
+  reader.Read(u"M_FULLWAVE", o.fullWave);
+  reader.Read(u"M_AUDIOBARCOLOR", o.waveColor);
+  reader.Read(u"M_WAVSCALE", o.waveScale);
 }
 
 }  // namespace
@@ -136,14 +136,14 @@ void LoadSettings(const SettingsReader& store, AppOptions& options) {
 
 void SaveMainWindowSettings(SettingsStore& store, const AppOptions& options, int volume) {
   store.SaveSettings(kMainSection, {{u"Volume", Decimal(volume)},
-                                    {u"M_FONTBOLD", FlagText(options.M_FONTBOLD)},
-                                    {u"M_FONTNAME", options.M_FONTNAME},
-                                    {u"M_FONTSIZE", Decimal(options.M_FONTSIZE)},
-                                    {u"M_INFOBAR", FlagText(options.M_INFOBAR)},
-                                    {u"M_AUDIOBAR", FlagText(options.M_AUDIOBAR)},
-                                    {u"M_FULLWAVE", FlagText(options.M_FULLWAVE)},
-                                    {u"M_AUDIOBARCOLOR", Decimal(options.M_AUDIOBARCOLOR)},
-                                    {u"M_WAVSCALE", Decimal(options.M_WAVSCALE)}});
+                                    {u"M_FONTBOLD", FlagText(options.listFontBold)},
+                                    {u"M_FONTNAME", options.listFontName},
+                                    {u"M_FONTSIZE", Decimal(options.listFontSize)},
+                                    {u"M_INFOBAR", FlagText(options.infoBarOn)},
+                                    {u"M_AUDIOBAR", FlagText(options.audioBarOn)},
+                                    {u"M_FULLWAVE", FlagText(options.fullWave)},
+                                    {u"M_AUDIOBARCOLOR", Decimal(options.waveColor)},
+                                    {u"M_WAVSCALE", Decimal(options.waveScale)}});
 }
 
 }  // namespace cuewright

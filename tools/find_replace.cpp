@@ -19,7 +19,7 @@ Text Padded(const CaptionList& list, Row row, const FindOptions& options) {
   Text padded;
   padded.reserve(text.size() + 2 * blanks.size());
   padded.append(blanks).append(text).append(blanks);
-  const Text& separator = list.Options().LineSeparator;
+  const Text& separator = list.Options().lineSeparator;
   if (FindPlain(text, separator) != Text::npos) {
     padded = Text(blanks) + ReplaceAll(text, separator, u" ") + Text(blanks);
   }
@@ -103,7 +103,7 @@ struct FlatText {
 Text ReplacedAlone(const CaptionList& list, Row row, const FindOptions& options, const Needle& needle,
                    TextView replacement) {
   const Text& text = list.At(row).text;
-  const Text& separator = list.Options().LineSeparator;
+  const Text& separator = list.Options().lineSeparator;
   const FlatText flat(text, separator, options.matchCase);
   const std::size_t bound = options.entireWord ? 1 : 0;
   const Text searched = Text(bound, u' ') + flat.shaped + Text(bound, u' ');
@@ -129,7 +129,7 @@ class Stores {
   void Add(Row row, Text text) {
     const Caption& old = list_.At(row);
     // As storing a text does: one that ends in the separator is dropped.
-    const Text& separator = list_.Options().LineSeparator;
+    const Text& separator = list_.Options().lineSeparator;
     if (text == old.text || (!separator.empty() && text.ends_with(separator))) return;
     if (row != first_ + static_cast<Row>(rows_.size())) Flush();
     if (rows_.empty()) first_ = row;

@@ -49,7 +49,7 @@ void RulesEngine::ApplyRules(bool quiet) {
   step_([&] { host_.CloseToolWindows(); });
   step_([&] { host_.SetBusy(true); });
   report_.ResetRuleReport();
-  if (options_.T_CREDITS != 0) credits_ = LooseNeedles(CreditPieces(options_.T_CREDITSTEXT));
+  if (options_.removeCredits != 0) credits_ = LooseNeedles(CreditPieces(options_.creditWords));
   step_([&] { host_.LeavePreviewMode(); });
   step_([&] { paused = host_.PausePlayer(); });
   {
@@ -79,9 +79,9 @@ void RulesEngine::ShowResult(bool quiet) {
 
 void RulesEngine::CheckRow(Row& row) {
   if (row % kRowsBetweenYields == 0) ShowProgress(row);
-  if (options_.AutoSplit != 0) step_([&] { SplitLines(row); });
+  if (options_.autoSplit != 0) step_([&] { SplitLines(row); });
   if (list_.IsCaptionTimed(row)) CheckTiming(row);
-  if (options_.T_CREDITS != 0) step_([&] { RemoveCredit(row); });
+  if (options_.removeCredits != 0) step_([&] { RemoveCredit(row); });
 }
 
 void RulesEngine::ShowProgress(Row row) {
@@ -93,21 +93,21 @@ void RulesEngine::ShowProgress(Row row) {
 }
 
 void RulesEngine::SplitLines(Row row) {
-  if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.LineSeparator)) return;
+  if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.lineSeparator)) return;
   const Text text = list_.GetCaptionText(row);
   report_.AddRuleEntry(row, text, RuleKind::TooManyLines, 0, false);
   list_.SetCaptionText(row, list_.SplitCaptionLines(text));
 }
 
 void RulesEngine::CheckTiming(Row row) {
-  if (options_.Collision != 0) {
+  if (options_.avoidCollision != 0) {
     step_([&] {
       std::int32_t start = 0;
       CheckCollision(row, start);
     });
   }
-  if (options_.AutoJoin != 0) step_([&] { list_.SnapNearbyStart(row, true); });
-  if (options_.DurationOn == 0) return;
+  if (options_.autoJoin != 0) step_([&] { list_.SnapNearbyStart(row, true); });
+  if (options_.limitDuration == 0) return;
   step_([&] { CheckCaptionDuration(row, true); });
   step_([&] {
     if (DurationOf(list_, row) <= 0) SetBestDuration(row, true);
@@ -130,7 +130,7 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
     startHint = list_.GetCaptionStart(row);
   }
   if (previousEnd <= startHint) return;
-  const bool fix = options_.Collision != 0;
+  const bool fix = options_.avoidCollision != 0;
   if (fix) list_.SetCaptionStart(row, previousEnd, false);
   const Checked32 overlap = Checked32(previousEnd) - Checked32(startHint);
   report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::Collision, overlap, fix);
@@ -139,7 +139,7 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
 void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (!list_.InRange(row)) return;
   const Text& text = list_.At(row).text;
-  const TextView separator = options_.LineSeparator;
+  const TextView separator = options_.lineSeparator;
   const Checked32 duration = DurationOf(list_, row);
   Checked16 length(static_cast<std::int64_t>(text.size()));
   if (duration <= 0) return SetBestDuration(row, true);
@@ -149,8 +149,8 @@ void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (length < 1) return;
   const std::size_t k = LengthClass(length);
   const double rate = static_cast<double>(duration.Value()) / length.Value();
-  const int best = options_.Duration[k];
-  const int tolerance = options_.Tolerance[k];
+  const int best = options_.durationPerCharacter[k];
+  const int tolerance = options_.durationTolerance[k];
   if (rate >= best - tolerance && rate <= best + tolerance) return;
   // The best duration has 16 bits; one that doesn't fit leaves the caption as it is.
   const Checked32 bestDuration((Checked16(best) * length).Value());

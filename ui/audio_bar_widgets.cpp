@@ -12,7 +12,7 @@
 #include <QtMath>
 
 #include "ui/key_codes.h"
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 
 namespace cuewright {
 namespace {
@@ -22,7 +22,7 @@ constexpr int kGap = 2;
 constexpr int kSliderWidth = 24;
 constexpr int kScaleWidth = 19;
 constexpr int kScaleHeight = 69;
-constexpr std::int32_t kMarkColour = 0x0000C0;
+constexpr std::int32_t kMarkColor = 0x0000C0;
 constexpr int kArrowWidth = 5;
 constexpr int kArrowHeight = 6;
 
@@ -39,7 +39,7 @@ QImage MeterScale() {
   scale.fill(QColor(0x20, 0x20, 0x20));
   QPainter painter(&scale);
   for (int i = 0; i <= 32; ++i) {
-    painter.setPen(ColourOf(i < 25 ? 0x808000 : i < 29 ? 0x008080 : 0x000080));
+    painter.setPen(ColorOf(i < 25 ? 0x808000 : i < 29 ? 0x008080 : 0x000080));
     painter.drawLine(2, 66 - 2 * i, 15, 66 - 2 * i);
     if (i % 8 != 0) continue;
     painter.setPen(QColor(0xC0, 0xC0, 0xC0));
@@ -69,7 +69,7 @@ class Arrow final : public QWidget {
 /// A line that stands out from a wave of any colour: dark between two light ones.
 void DrawMark(QPainter& painter, int x, int height) {
   painter.fillRect(x - 1, 0, 3, height, Qt::white);
-  painter.fillRect(x, 0, 1, height, ColourOf(kMarkColour));
+  painter.fillRect(x, 0, 1, height, ColorOf(kMarkColor));
 }
 
 MouseButton HeldButton(Qt::MouseButtons buttons) {
@@ -85,20 +85,20 @@ ImageSurface::ImageSurface(QWidget& shown, int width, int height)
   image_.fill(Qt::black);
 }
 
-void ImageSurface::Clear(std::int32_t colour) {
-  image_.fill(ColourOf(colour));
+void ImageSurface::Clear(std::int32_t color) {
+  image_.fill(ColorOf(color));
   if (!scale_.isNull()) QPainter(&image_).drawImage(0, 0, scale_);
 }
 
-void ImageSurface::SetPixel(int x, int y, std::int32_t colour) { DrawLine(x, y, x, y, colour); }
+void ImageSurface::SetPixel(int x, int y, std::int32_t color) { DrawLine(x, y, x, y, color); }
 
-void ImageSurface::DrawLine(int x1, int y1, int x2, int y2, std::int32_t colour) {
+void ImageSurface::DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) {
   const int left = std::max(std::min(x1, x2), 0);
   const int right = std::min(std::max(x1, x2), image_.width() - 1);
   const int top = std::max(std::min(y1, y2), 0);
   const int bottom = std::min(std::max(y1, y2), image_.height() - 1);
   if (left > right || top > bottom) return;
-  const QRgb rgb = ColourOf(colour).rgb();
+  const QRgb rgb = ColorOf(color).rgb();
   const auto stride = static_cast<std::ptrdiff_t>(image_.bytesPerLine() / static_cast<int>(sizeof(QRgb)));
   QRgb* line = reinterpret_cast<QRgb*>(image_.bits()) + top * stride;
   for (int y = top; y <= bottom; ++y, line += stride) std::fill(line + left, line + right + 1, rgb);
@@ -142,7 +142,7 @@ void WavePicture::paintEvent(QPaintEvent* event) {
     DrawMark(painter, marks.start, height());
     DrawMark(painter, marks.end, height());
   }
-  if (marks.positionShown) painter.fillRect(marks.position, 0, 1, height(), ColourOf(marks.positionColor));
+  if (marks.positionShown) painter.fillRect(marks.position, 0, 1, height(), ColorOf(marks.positionColor));
 }
 
 void WavePicture::mousePressEvent(QMouseEvent* event) {

@@ -18,9 +18,9 @@ class ImageSurface final : public WaveSurface {
 
   int InnerWidth() const override { return shown_.width(); }
   int InnerHeight() const override { return image_.height(); }
-  void Clear(std::int32_t colour) override;
-  void SetPixel(int x, int y, std::int32_t colour) override;
-  void DrawLine(int x1, int y1, int x2, int y2, std::int32_t colour) override;
+  void Clear(std::int32_t color) override;
+  void SetPixel(int x, int y, std::int32_t color) override;
+  void DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) override;
 
   /// Shown by `Clear` instead of a colour.
   void SetScale(const QImage& scale) { scale_ = scale; }

@@ -18,7 +18,7 @@
 
 #include "form/mnemonics.h"
 #include "ui/key_codes.h"
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -27,7 +27,7 @@ namespace {
 
 // What a label's form had it shown as last.
 constexpr const char* kBoldProperty = "boldByForm";
-constexpr const char* kColourProperty = "colourByForm";
+constexpr const char* kColorProperty = "colourByForm";
 
 constexpr std::size_t kLongestPath = 61;
 
@@ -244,12 +244,12 @@ void Binder::ShowStyle(const Label& label, QLabel& shown) {
     shown.setFont(font);
     shown.setProperty(kBoldProperty, label.Bold());
   }
-  const QColor colour = label.Colour() ? ColourOf(*label.Colour()) : QColor();
-  if (shown.property(kColourProperty).value<QColor>() == colour) return;
+  const QColor color = label.Color() ? ColorOf(*label.Color()) : QColor();
+  if (shown.property(kColorProperty).value<QColor>() == color) return;
   QPalette palette = shown.parentWidget()->palette();
-  if (colour.isValid()) palette.setColor(QPalette::WindowText, colour);
+  if (color.isValid()) palette.setColor(QPalette::WindowText, color);
   shown.setPalette(palette);
-  shown.setProperty(kColourProperty, colour);
+  shown.setProperty(kColorProperty, color);
 }
 
 void Binder::BindTimer(Timer& timer) {
@@ -328,9 +328,9 @@ void Binder::BindCheck(CheckBox& check, QCheckBox& widget) {
     if (widget.text() != ToQt(check.GetText())) widget.setText(ToQt(check.GetText()));
     widget.setChecked(check.Value());
     if (widget.autoFillBackground() != check.Highlighted()) {
-      QPalette colours = plain;
-      if (check.Highlighted()) colours.setBrush(QPalette::WindowText, colours.toolTipText());
-      widget.setPalette(colours);
+      QPalette colors = plain;
+      if (check.Highlighted()) colors.setBrush(QPalette::WindowText, colors.toolTipText());
+      widget.setPalette(colors);
       widget.setBackgroundRole(check.Highlighted() ? QPalette::ToolTipBase : ground);
       widget.setAutoFillBackground(check.Highlighted());
     }

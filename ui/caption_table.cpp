@@ -191,11 +191,11 @@ void CaptionTable::ShowState() {
   } else {
     setColumnWidth(0, width() - 4);
   }
-  QPalette colours = palette();
+  QPalette colors = palette();
   const QColor wanted = QPalette().color(active ? QPalette::Base : QPalette::Button);
-  if (colours.color(QPalette::Base) != wanted) {
-    colours.setColor(QPalette::Base, wanted);
-    setPalette(colours);
+  if (colors.color(QPalette::Base) != wanted) {
+    colors.setColor(QPalette::Base, wanted);
+    setPalette(colors);
   }
   horizontalHeader()->viewport()->update();
   viewport()->update();

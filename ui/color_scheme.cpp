@@ -27,41 +27,41 @@ uint SchemeOf(QVariant value) {
 }
 
 QPalette DarkPalette() {
-  QPalette colours;
+  QPalette colors;
   const QColor window(0x2b, 0x2d, 0x30);
   const QColor base(0x1e, 0x1f, 0x22);
   const QColor text(0xe4, 0xe6, 0xe9);
   const QColor faint(0x80, 0x84, 0x8b);
   const QColor highlight(0x2f, 0x6f, 0xb5);
-  colours.setColor(QPalette::Window, window);
-  colours.setColor(QPalette::WindowText, text);
-  colours.setColor(QPalette::Base, base);
-  colours.setColor(QPalette::AlternateBase, window);
-  colours.setColor(QPalette::Text, text);
-  colours.setColor(QPalette::PlaceholderText, faint);
-  colours.setColor(QPalette::Button, QColor(0x3a, 0x3d, 0x42));
-  colours.setColor(QPalette::ButtonText, text);
-  colours.setColor(QPalette::BrightText, Qt::white);
-  colours.setColor(QPalette::ToolTipBase, QColor(0x45, 0x48, 0x4e));
-  colours.setColor(QPalette::ToolTipText, text);
-  colours.setColor(QPalette::Highlight, highlight);
-  colours.setColor(QPalette::HighlightedText, Qt::white);
-  colours.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf5));
-  colours.setColor(QPalette::LinkVisited, QColor(0xb4, 0x9c, 0xe8));
-  colours.setColor(QPalette::Light, QColor(0x4a, 0x4d, 0x53));
-  colours.setColor(QPalette::Midlight, QColor(0x42, 0x45, 0x4a));
-  colours.setColor(QPalette::Mid, QColor(0x24, 0x26, 0x29));
-  colours.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
-  colours.setColor(QPalette::Shadow, Qt::black);
+  colors.setColor(QPalette::Window, window);
+  colors.setColor(QPalette::WindowText, text);
+  colors.setColor(QPalette::Base, base);
+  colors.setColor(QPalette::AlternateBase, window);
+  colors.setColor(QPalette::Text, text);
+  colors.setColor(QPalette::PlaceholderText, faint);
+  colors.setColor(QPalette::Button, QColor(0x3a, 0x3d, 0x42));
+  colors.setColor(QPalette::ButtonText, text);
+  colors.setColor(QPalette::BrightText, Qt::white);
+  colors.setColor(QPalette::ToolTipBase, QColor(0x45, 0x48, 0x4e));
+  colors.setColor(QPalette::ToolTipText, text);
+  colors.setColor(QPalette::Highlight, highlight);
+  colors.setColor(QPalette::HighlightedText, Qt::white);
+  colors.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf5));
+  colors.setColor(QPalette::LinkVisited, QColor(0xb4, 0x9c, 0xe8));
+  colors.setColor(QPalette::Light, QColor(0x4a, 0x4d, 0x53));
+  colors.setColor(QPalette::Midlight, QColor(0x42, 0x45, 0x4a));
+  colors.setColor(QPalette::Mid, QColor(0x24, 0x26, 0x29));
+  colors.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
+  colors.setColor(QPalette::Shadow, Qt::black);
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    colours.setColor(QPalette::Disabled, role, faint);
+    colors.setColor(QPalette::Disabled, role, faint);
   }
-  colours.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x4a, 0x4d, 0x53));
-  return colours;
+  colors.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x4a, 0x4d, 0x53));
+  return colors;
 }
 
-bool IsDark(const QPalette& colours) {
-  return colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
+bool IsDark(const QPalette& colors) {
+  return colors.color(QPalette::WindowText).lightness() > colors.color(QPalette::Window).lightness();
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "ui/fit_screen.h"
 #include "ui/link_button.h"
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 #include "ui/sample_area.h"
 
@@ -52,7 +52,7 @@ void ShowIn(SampleArea& area, const FormatSample& sample, const QColor& backgrou
   constexpr Qt::Alignment kSides[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
   SampleStyle style;
   style.font = FontOf(sample.font);
-  style.colour = ColourOf(sample.colour);
+  style.color = ColorOf(sample.color);
   style.background = background;
   style.alignment = Qt::AlignVCenter | kSides[sample.alignment < 0 ? 0 : sample.alignment];
   area.ShowStyle(style);
@@ -218,11 +218,11 @@ QWidget* FormatView::MakeSsa() {
 }
 
 void FormatView::ShowSamples() {
-  ShowIn(*sami_, form_.SamiSample(), ColourOf(form_.SamiSample().background));
+  ShowIn(*sami_, form_.SamiSample(), ColorOf(form_.SamiSample().background));
   ShowIn(*ssa_, form_.SsaSample(), QColor::fromRgba(kPicture));
-  QPalette colours = ssaBack_->palette();
-  colours.setColor(QPalette::Window, ColourOf(form_.SsaSample().background));
-  ssaBack_->setPalette(colours);
+  QPalette colors = ssaBack_->palette();
+  colors.setColor(QPalette::Window, ColorOf(form_.SsaSample().background));
+  ssaBack_->setPalette(colors);
 }
 
 }  // namespace cuewright

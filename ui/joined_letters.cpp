@@ -58,12 +58,12 @@ void JoinedLetters::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
   if (!box && element != PE_IndicatorRadioButton) return;
-  const QPalette& colours = option->palette;
-  if (colours.color(QPalette::WindowText).lightness() <= colours.color(QPalette::Window).lightness()) return;
+  const QPalette& colors = option->palette;
+  if (colors.color(QPalette::WindowText).lightness() <= colors.color(QPalette::Window).lightness()) return;
   // The toolkit derives the outline from the window's colour, and gets one that is darker still.
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing, !box);
-  painter->setPen(colours.color(QPalette::PlaceholderText));
+  painter->setPen(colors.color(QPalette::PlaceholderText));
   painter->setBrush(Qt::NoBrush);
   if (box) {
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
@@ -86,18 +86,18 @@ void JoinedLetters::drawControl(ControlElement element, const QStyleOption* opti
   QProxyStyle::drawControl(element, &whole, painter, widget);
 }
 
-void JoinedLetters::drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colours, bool enabled,
+void JoinedLetters::drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colors, bool enabled,
                                  const QString& text, QPalette::ColorRole role) const {
   const bool marked = (flags & Qt::TextShowMnemonic) != 0 && (flags & Qt::TextHideMnemonic) == 0;
   const Caption caption = marked && HasJoinedLetters(text) ? ReadCaption(text) : Caption();
   if (caption.key < 0) {
-    QProxyStyle::drawItemText(painter, area, flags, colours, enabled, text, role);
+    QProxyStyle::drawItemText(painter, area, flags, colors, enabled, text, role);
     return;
   }
   const int plain = flags & ~Qt::TextShowMnemonic;
-  QProxyStyle::drawItemText(painter, area, plain, colours, enabled, caption.text, role);
+  QProxyStyle::drawItemText(painter, area, plain, colors, enabled, caption.text, role);
   const QRect bounds = painter->boundingRect(area, plain, caption.text);
-  const QBrush brush = role == QPalette::NoRole ? painter->pen().brush() : colours.brush(role);
+  const QBrush brush = role == QPalette::NoRole ? painter->pen().brush() : colors.brush(role);
   painter->fillRect(Underline(caption, *painter).translated(bounds.topLeft()), brush);
 }
 

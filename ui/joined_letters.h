@@ -16,7 +16,7 @@ class JoinedLetters final : public QProxyStyle {
                      const QWidget* widget = nullptr) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget = nullptr) const override;
-  void drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colours, bool enabled,
+  void drawItemText(QPainter* painter, const QRect& area, int flags, const QPalette& colors, bool enabled,
                     const QString& text, QPalette::ColorRole role = QPalette::NoRole) const override;
 };
 

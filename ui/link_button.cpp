@@ -20,16 +20,16 @@ LinkButton::LinkButton(QWidget* parent) : QToolButton(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
   setToolButtonStyle(Qt::ToolButtonTextOnly);
-  ShowColour();
+  ShowColor();
 }
 
-void LinkButton::ShowColour() {
+void LinkButton::ShowColor() {
   const QColor link = palette().color(QPalette::Active, QPalette::Link);
   if (palette().color(QPalette::Active, QPalette::ButtonText) == link) return;
-  QPalette colours = palette();
-  colours.setColor(QPalette::Active, QPalette::ButtonText, link);
-  colours.setColor(QPalette::Inactive, QPalette::ButtonText, link);
-  setPalette(colours);
+  QPalette colors = palette();
+  colors.setColor(QPalette::Active, QPalette::ButtonText, link);
+  colors.setColor(QPalette::Inactive, QPalette::ButtonText, link);
+  setPalette(colors);
 }
 
 void LinkButton::keyPressEvent(QKeyEvent* event) {
@@ -42,7 +42,7 @@ void LinkButton::keyPressEvent(QKeyEvent* event) {
 
 void LinkButton::changeEvent(QEvent* event) {
   QToolButton::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) ShowColour();
+  if (event->type() == QEvent::PaletteChange) ShowColor();
 }
 
 MenuEntry::MenuEntry(QWidget* parent) : QToolButton(parent) {

@@ -14,7 +14,7 @@ class LinkButton : public QToolButton {
   void changeEvent(QEvent* event) override;
 
  private:
-  void ShowColour();
+  void ShowColor();
 };
 
 /// An entry of a column of which one is chosen. Its text begins where a line of text begins. Enter chooses it, or

@@ -393,7 +393,7 @@ void MainWindowView::PlaceOverlayNow() {
   const QRect player = Placed(program_.shell.Layout().Player());
   const auto place = [&](int height) {
     return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height,
-                        program_.options.F_SUBHEIGHT);
+                        program_.options.previewHeight);
   };
   const int width = place(0).width;
   const int height = overlay_->WantedHeight(width);

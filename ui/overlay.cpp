@@ -5,7 +5,7 @@
 #include <QTextLayout>
 #include <cmath>
 
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -111,7 +111,7 @@ void Overlay::paintEvent(QPaintEvent*) {
     DrawText(painter);
     painter.translate(-style.shadowShift, -style.shadowShift);
   }
-  painter.setPen(ColourOf(style.colour));
+  painter.setPen(ColorOf(style.color));
   DrawText(painter);
 }
 

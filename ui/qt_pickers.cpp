@@ -6,17 +6,17 @@
 #include <QFont>
 #include <QFontDialog>
 
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_ports.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
 
-std::optional<std::int32_t> QtPickers::PickColour(std::int32_t initial, const CustomColours& custom) {
+std::optional<std::int32_t> QtPickers::PickColor(std::int32_t initial, const CustomColors& custom) {
   for (std::size_t i = 0; i < custom.size(); ++i) {
-    QColorDialog::setCustomColor(static_cast<int>(i), ColourOf(custom[i]));
+    QColorDialog::setCustomColor(static_cast<int>(i), ColorOf(custom[i]));
   }
-  QColorDialog picker(ColourOf(initial), BoxOwner());
+  QColorDialog picker(ColorOf(initial), BoxOwner());
   picker.setObjectName("colorPicker");
   if (picker.exec() != QDialog::Accepted) return std::nullopt;
   return BgrOf(picker.selectedColor());

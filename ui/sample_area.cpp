@@ -13,11 +13,11 @@ QLabel* MakeLabel(const char* name, QWidget* parent) {
   return label;
 }
 
-void ShowFont(QLabel& label, const QFont& font, const QColor& colour, Qt::Alignment alignment) {
+void ShowFont(QLabel& label, const QFont& font, const QColor& color, Qt::Alignment alignment) {
   label.setFont(font);
-  QPalette colours = label.palette();
-  colours.setColor(QPalette::WindowText, colour);
-  label.setPalette(colours);
+  QPalette colors = label.palette();
+  colors.setColor(QPalette::WindowText, color);
+  label.setPalette(colors);
   label.setAlignment(alignment | Qt::AlignAbsolute);
 }
 
@@ -33,11 +33,11 @@ SampleArea::SampleArea(const char* name, const char* label, const char* shadow, 
 }
 
 void SampleArea::ShowStyle(const SampleStyle& style) {
-  QPalette colours = parentWidget()->palette();
-  if (style.background.isValid()) colours.setColor(QPalette::Window, style.background);
-  setPalette(colours);
+  QPalette colors = parentWidget()->palette();
+  if (style.background.isValid()) colors.setColor(QPalette::Window, style.background);
+  setPalette(colors);
   shift_ = style.shadowShift;
-  ShowFont(*label_, style.font, style.colour, style.alignment);
+  ShowFont(*label_, style.font, style.color, style.alignment);
   if (shadow_ != nullptr) ShowFont(*shadow_, style.font, Qt::black, style.alignment);
   Place();
 }

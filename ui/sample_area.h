@@ -9,7 +9,7 @@ namespace cuewright {
 /// How a word is drawn as a sample. An invalid background is that of the window.
 struct SampleStyle {
   QFont font;
-  QColor colour;
+  QColor color;
   QColor background;
   Qt::Alignment alignment = Qt::AlignCenter;
   int shadowShift = 0;  ///< pixels, right and down

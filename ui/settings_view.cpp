@@ -12,7 +12,7 @@
 
 #include "ui/fit_screen.h"
 #include "ui/link_button.h"
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_text.h"
 #include "ui/sample_area.h"
 #include "ui/svg_picture.h"
@@ -179,10 +179,10 @@ void SettingsView::MeasureDetails() {
 }
 
 void SettingsView::PaintPanels() {
-  QPalette colours = QGuiApplication::palette();
-  colours.setBrush(QPalette::Window, colours.toolTipBase());
-  colours.setBrush(QPalette::WindowText, colours.toolTipText());
-  for (QWidget* panel : panels_) panel->setPalette(colours);
+  QPalette colors = QGuiApplication::palette();
+  colors.setBrush(QPalette::Window, colors.toolTipBase());
+  colors.setBrush(QPalette::WindowText, colors.toolTipText());
+  for (QWidget* panel : panels_) panel->setPalette(colors);
 }
 
 void SettingsView::ShowPage() {
@@ -202,8 +202,8 @@ void SettingsView::ShowSample() {
   const SettingsDialog::Sample& sample = form_.GetSample();
   SampleStyle style;
   style.font = QFont(ToQt(sample.fontName), sample.fontSize, sample.bold ? QFont::Bold : QFont::Normal);
-  style.colour = ColourOf(sample.colour);
-  if (!sample.windowBackground) style.background = ColourOf(sample.background);
+  style.color = ColorOf(sample.color);
+  if (!sample.windowBackground) style.background = ColorOf(sample.background);
   style.shadowShift = sample.shadowShift;
   sample_->ShowStyle(style);
 }

@@ -20,9 +20,9 @@ QLabel* MakeLabel(const char* name, QWidget* parent, bool link) {
   label->setWordWrap(true);
   if (link) {
     label->setCursor(Qt::PointingHandCursor);
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, colours.color(QPalette::Link));
-    label->setPalette(colours);
+    QPalette colors = label->palette();
+    colors.setColor(QPalette::WindowText, colors.color(QPalette::Link));
+    label->setPalette(colors);
     QFont font = label->font();
     font.setUnderline(true);
     label->setFont(font);

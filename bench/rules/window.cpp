@@ -83,7 +83,7 @@ void Measure(int captions) {
   surface->setObjectName("WMP");
   MainWindowView view(program, surface);
   view.ShowStarted(program.LoadMainWindow(1280, 800));
-  program.options.ApplyWhen = 1;
+  program.options.applyWhen = 1;
   program.files.OpenSubtitleFile(Film(folder, captions));
   QCoreApplication::processEvents();
   PaintClock paints;

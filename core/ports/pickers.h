@@ -9,7 +9,7 @@
 namespace cuewright {
 
 /// The colours that a colour picker offers as the program's own, 0x00BBGGRR.
-using CustomColours = std::array<std::int32_t, 16>;
+using CustomColors = std::array<std::int32_t, 16>;
 
 /// A font as a picker shows and changes it.
 struct FontChoice {
@@ -31,7 +31,7 @@ class Pickers {
   virtual ~Pickers() = default;
 
   /// The colour chosen, beginning with `initial`; empty when the user cancelled. Colours are 0x00BBGGRR.
-  virtual std::optional<std::int32_t> PickColour(std::int32_t initial, const CustomColours& custom) = 0;
+  virtual std::optional<std::int32_t> PickColor(std::int32_t initial, const CustomColors& custom) = 0;
 
   /// The font chosen, beginning with `initial`; empty when the user cancelled.
   virtual std::optional<FontChoice> PickFont(const FontChoice& initial) = 0;

@@ -24,7 +24,7 @@ struct CaptureTest : ::testing::Test {
   CaptureTest() {
     for (std::size_t id = 0; id < kMessageCount; ++id)
       strings.Set(NumberedMessage(id), u"m" + Decimal(static_cast<long long>(id)));
-    options.ApplyWhen = 0;
+    options.applyWhen = 0;
     document.SubtitlePath = u"/x/a.srt";
     document.VideoPath = u"/x/a.mkv";
     panel.ResetGrid(true);
@@ -161,7 +161,7 @@ TEST_F(PressAndHold, NothingJoinsInADocumentWithoutACapturedCaption) {
 }
 
 TEST_F(PressAndHold, AnyFlagForAutoJoinButZeroJoins) {
-  options.AutoJoin = 255;
+  options.autoJoin = 255;
   At(9000);
   PressApply();
   At(10000);
@@ -172,7 +172,7 @@ TEST_F(PressAndHold, AnyFlagForAutoJoinButZeroJoins) {
 }
 
 TEST_F(PressAndHold, WithoutAutoJoinNothingJoins) {
-  options.AutoJoin = 0;
+  options.autoJoin = 0;
   At(9000);
   PressApply();
   At(10000);
@@ -337,7 +337,7 @@ TEST_F(ManualMode, ARepeatedNextKeyTakesNoTimes) {
 }
 
 TEST_F(AutomaticLimit, ReleasingKeepsTheCaptureUntilThePositionPassesTheComputedEnd) {
-  options.ApplyWhen = 2;
+  options.applyWhen = 2;
   At(1000);
   PressApply();
   EXPECT_EQ(Times(1), "1000-1750");  // three characters of 250 ms
@@ -361,7 +361,7 @@ TEST_F(AutomaticLimit, ReleasingKeepsTheCaptureUntilThePositionPassesTheComputed
 }
 
 TEST_F(AutomaticLimit, TheKeysReleaseEndsNothingAndNeitherDoesALateOne) {
-  options.ApplyWhen = 1;
+  options.applyWhen = 1;
   At(1000);
   Down(kKeyB);
   At(1200);
@@ -380,16 +380,16 @@ TEST_F(AutomaticLimit, TheKeysReleaseEndsNothingAndNeitherDoesALateOne) {
 }
 
 TEST_F(AutomaticLimit, IsOffWhenRulesApplyOnLoadOnlyOrDurationIsOff) {
-  options.ApplyWhen = 0;
+  options.applyWhen = 0;
   EXPECT_FALSE(LimitActive(options));
-  options.ApplyWhen = 1;
+  options.applyWhen = 1;
   EXPECT_TRUE(LimitActive(options));
-  options.DurationOn = 0;
+  options.limitDuration = 0;
   EXPECT_FALSE(LimitActive(options));
 }
 
 TEST_F(AutomaticLimit, TheModeSaysSo) {
-  options.ApplyWhen = 2;
+  options.applyWhen = 2;
   capture.ShowModeTexts();
   EXPECT_EQ(window.optPress.GetText(), u"m33 [auto]");
 }
@@ -484,9 +484,9 @@ TEST_F(Shortcuts, AreOffWhileTheTextPaneHasTheFocus) {
 }
 
 TEST_F(Shortcuts, AreOffWithoutHotKeysPlayerOrDocumentAndWithACommandKey) {
-  options.HotKeys = 0;
+  options.hotkeysOn = 0;
   EXPECT_FALSE(Down(kKeyB).handled);
-  options.HotKeys = 1;
+  options.hotkeysOn = 1;
   player.enabled = false;
   EXPECT_FALSE(Down(kKeyB).handled);
   player.enabled = true;
@@ -572,7 +572,7 @@ TEST_F(Shortcuts, RewindAndForwardJumpOnlyWhilePlayingInTheClassicManner) {
 }
 
 TEST_F(Shortcuts, TheFirstMatchOfTwoEqualKeysActs) {
-  options.hkPlay = kKeyB;
+  options.playKey = kKeyB;
   At(1000);
   Down(kKeyB);
   EXPECT_TRUE(capture.Capturing());
@@ -602,7 +602,7 @@ TEST_F(Shortcuts, ADoubleClickSeeksATimedCaptionOnlyWhilePlayingInTheClassicMann
 }
 
 TEST_F(AutomaticLimit, KeepsItsEndWhenTheFilmStopsUnderTheKey) {
-  options.ApplyWhen = 1;
+  options.applyWhen = 1;
   At(5000);
   PressApply();
   const std::int32_t end = list.GetCaptionEnd(1);

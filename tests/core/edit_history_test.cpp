@@ -194,16 +194,16 @@ TEST_F(History, KeepsNothingWithoutADocument) {
 
 TEST_F(History, BringsTheSeparatorBack) {
   const Connection follow =
-      history.SeparatorRestored.ConnectScoped([&](const Text& separator) { options.LineSeparator = separator; });
+      history.SeparatorRestored.ConnectScoped([&](const Text& separator) { options.lineSeparator = separator; });
   {
     const EditScope scope(list, EditKind::Separator);
-    options.LineSeparator = u"/n";
+    options.lineSeparator = u"/n";
   }
   EXPECT_EQ(history.UndoSteps(), 1u);
   history.Undo();
-  EXPECT_EQ(options.LineSeparator, u"|");
+  EXPECT_EQ(options.lineSeparator, u"|");
   history.Redo();
-  EXPECT_EQ(options.LineSeparator, u"/n");
+  EXPECT_EQ(options.lineSeparator, u"/n");
 }
 
 TEST_F(History, WaitsWhileTheListIsDisabledOrACommandRuns) {

@@ -15,7 +15,7 @@ using testing::FakePickers;
 /// Pickers that can't be shown.
 class BrokenPickers final : public Pickers {
  public:
-  std::optional<std::int32_t> PickColour(std::int32_t, const CustomColours&) override { throw RuntimeError{5, u"no"}; }
+  std::optional<std::int32_t> PickColor(std::int32_t, const CustomColors&) override { throw RuntimeError{5, u"no"}; }
   std::optional<FontChoice> PickFont(const FontChoice&) override { throw RuntimeError{5, u"no"}; }
   Text PickFolder(TextView) override { throw RuntimeError{5, u"no"}; }
 };
@@ -28,11 +28,11 @@ class BrokenFileDialogs final : public FileDialogs {
 
 const FontChoice kArial{u"Arial", 18, true, false, false, false, 700};
 
-TEST(ShowColorDialog, StartsOnTheGivenColourAndGivesTheChosenOne) {
+TEST(ShowColorDialog, StartsOnTheGivenColorAndGivesTheChosenOne) {
   FakePickers pickers;
-  pickers.colours = {0x332211};
+  pickers.colors = {0x332211};
   EXPECT_EQ(ShowColorDialog(pickers, 0xFFFFFF), 0x332211);
-  EXPECT_EQ(pickers.coloursShown, std::vector<std::int32_t>{0xFFFFFF});
+  EXPECT_EQ(pickers.colorsShown, std::vector<std::int32_t>{0xFFFFFF});
 }
 
 TEST(ShowColorDialog, ACancelGivesMinusOne) {
@@ -45,18 +45,18 @@ TEST(ShowColorDialog, AFailureGivesMinusOne) {
   EXPECT_EQ(ShowColorDialog(pickers, 5), -1);
 }
 
-TEST(ShowColorDialog, OffersTheSameSixteenColoursAtEachCall) {
+TEST(ShowColorDialog, OffersTheSameSixteenColorsAtEachCall) {
   FakePickers pickers;
   ShowColorDialog(pickers, 0);
-  const CustomColours first = pickers.customColours;
+  const CustomColors first = pickers.customColors;
   EXPECT_EQ(first[0], 0xC0C0C0);
   EXPECT_EQ(first[1], 0x0000FF);
   EXPECT_EQ(first[7], 0xFF00FF);
   EXPECT_EQ(first[8], 0x808080);
   EXPECT_EQ(first[15], 0xC000C0);
-  pickers.customColours.fill(7);
+  pickers.customColors.fill(7);
   ShowColorDialog(pickers, 0);
-  EXPECT_EQ(pickers.customColours, first);
+  EXPECT_EQ(pickers.customColors, first);
 }
 
 TEST(ShowFontDialog, WritesTheChosenFontBack) {

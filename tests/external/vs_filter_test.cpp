@@ -59,7 +59,7 @@ TEST_F(VsFilterTest, WithTheKeyItIsInstalled) {
 
 TEST_F(VsFilterTest, TheSafeModeKeepsTheFilterFromLoading) {
   Install(0, 1);
-  options.P_VSFILTERMODE = 0;
+  options.filterMode = 0;
   filter.ApplyVSFilterMode();
   EXPECT_EQ(LoadLevel(), 2);
   EXPECT_EQ(Hide(), 0);
@@ -71,7 +71,7 @@ TEST_F(VsFilterTest, TheSafeModeKeepsTheFilterFromLoading) {
 TEST_F(VsFilterTest, TheOtherModeHidesTheSubtitlesAndKeepsTheLoading) {
   Install(0, 1);
   for (const std::uint8_t mode : {std::uint8_t{1}, std::uint8_t{7}}) {
-    options.P_VSFILTERMODE = mode;
+    options.filterMode = mode;
     filter.ApplyVSFilterMode();
     EXPECT_EQ(Hide(), 1);
     EXPECT_EQ(LoadLevel(), 1);

@@ -282,7 +282,7 @@ TEST(AutoReading, LooksForLackingCharactersInWhatIsWrittenOnly) {
 
 TEST(ClassicReading, KeepsAMarkAsThreeCharacters) {
   FormatRig rig;
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   EXPECT_EQ(rig.Open("a.txt", "\xEF\xBB\xBFwords"), u"PLAINTEXT");
   EXPECT_EQ(rig.Rows(), (Rows{{0, 0, u"ï»¿words"}}));
 }
@@ -313,7 +313,7 @@ TEST(ClassicReading, TakesCrCrLfForTwoLineEnds) {
 
 TEST(ClassicReading, WritesTheSystemsCodePageWithQuestionMarksAndTellsNothing) {
   FormatRig rig;
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   rig.Fill({{1000, 2000, u"café ő"}});
   EXPECT_EQ(rig.Save(u"SUBRIP"), OneCaption("caf\xE9 ?"));
   EXPECT_TRUE(rig.host.savedAsUtf8.empty());
@@ -321,7 +321,7 @@ TEST(ClassicReading, WritesTheSystemsCodePageWithQuestionMarksAndTellsNothing) {
 
 TEST(ClassicReading, WritesEncoreAsUtf8) {
   FormatRig rig;
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   rig.Fill({{1000, 2000, u"café"}});
   EXPECT_EQ(rig.Save(u"ADOBEENCORE", 25), "00:00:01:00 00:00:02:00 caf\xC3\xA9\r\n");
 }

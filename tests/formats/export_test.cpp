@@ -194,7 +194,7 @@ TEST(ExportFrame, TellsTheNameAndRefreshesTheLabels) {
 
 TEST(ExportFrame, UsesTheUsersSeparator) {
   OwnFormat rig("lbreak=//\n", Record("qxmStart qxmEnd qxmCaption\n"));
-  rig.options.LineSeparator = u"[br]";
+  rig.options.lineSeparator = u"[br]";
   rig.Fill({{1, 2, u"a[br]b|c[brd[br]"}});
   EXPECT_EQ(rig.Save(u"OWN"), "1 2 a//b|c[brd//\r\n");
 }

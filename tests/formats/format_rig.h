@@ -101,7 +101,7 @@ struct FormatRig {
 
   /// Opens a file that can only be read with the classic rules.
   Text OpenClassic(const std::string& name, const std::string& content) {
-    options.T_READAS = u"classic";
+    options.readAs = u"classic";
     return Open(name, content);
   }
 

@@ -171,7 +171,7 @@ Captions ReadBySearching(OwnFormat& rig, const std::string& content, bool litera
   rig.loader.LoadFormatDefinition(u"OWN", false, false);
   CarryOn errors;
   const RecordPieces pieces = CutRecord(rig.loader.Definition(), errors);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
+  CaptionCollector captions(rig.loader.Definition(), rig.options.lineSeparator);
   const auto parser = MakeGenericParser({captions, rig.loader.Definition(), literal, fps, errors, searching}, pieces);
   ImportLine line;
   while (line.Next(file, nullptr)) parser->Parse(line);
@@ -261,7 +261,7 @@ TEST(GenericLines, LookForNoLineBreakNamedNone) {
 
 TEST(GenericLines, UseTheUsersSeparator) {
   OwnFormat rig("timecode=ff\nsample={00}{00}\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n");
-  rig.options.LineSeparator = u"/n";
+  rig.options.lineSeparator = u"/n";
   EXPECT_EQ(rig.Recognised("{25}{50}one|two\n"), (Captions{{1000, 2000, u"one/ntwo"}}));
 }
 

@@ -89,7 +89,7 @@ TEST(BuiltInHeader, OfSubStationHasItsDefaults) {
   EXPECT_EQ(lines[12], u"Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text");
 }
 
-TEST(BuiltInHeader, OfSubStationUsesOneColourThreeTimesAndNoBlankBehindCommas) {
+TEST(BuiltInHeader, OfSubStationUsesOneColorThreeTimesAndNoBlankBehindCommas) {
   FakeSettings settings;
   int number = 1;
   for (const TextView key :

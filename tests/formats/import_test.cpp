@@ -477,7 +477,7 @@ std::string Sixteen(const std::string& text) {
 
 TEST(WideRetry, RecognisesSixteenBitTextWithoutAMark) {
   FormatRig rig;
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   EXPECT_EQ(rig.Open("a.srt", Sixteen("00:00:01,000 --> 00:00:02,000")), u"SUBRIP");
   // The lone timing line is legible; it holds no text.
   ASSERT_EQ(rig.messages.shown.size(), 1u);
@@ -486,7 +486,7 @@ TEST(WideRetry, RecognisesSixteenBitTextWithoutAMark) {
 
 TEST(WideRetry, ReadsTheLinesWhosePairingComesOutRight) {
   FormatRig rig;
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   // Behind a CR comes a NUL, so that every second line is off by one byte.
   rig.Open("a.ssa", Sixteen("[V4 Styles]\rDialogue: Marked=0,0:00:01.00,0:00:02.00,Default,NTP,0,0,0,,odd\r"
                             "Dialogue: Marked=0,0:00:03.00,0:00:04.00,Default,NTP,0,0,0,,even"));

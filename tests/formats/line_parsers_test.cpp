@@ -221,7 +221,7 @@ TEST(UleadLines, DropTheClosingMarker) {
 
 Rows ReadByLines(FormatRig& rig, const std::string& content) {
   TextFile file = TextFile::Auto(content, rig.encodings);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
+  CaptionCollector captions(rig.loader.Definition(), rig.options.lineSeparator);
   CarryOn errors;
   const auto parser = MakeSubRipParser({captions, rig.loader.Definition(), true, 0, errors});
   ImportLine line;

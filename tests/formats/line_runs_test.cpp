@@ -77,7 +77,7 @@ struct Outcome {
 Outcome Read(int codePage, const Text& id, const std::string& bytes, bool recognised) {
   FormatRig rig;
   rig.encodings = Encodings(codePage);
-  rig.options.T_READAS = u"classic";
+  rig.options.readAs = u"classic";
   if (recognised) {
     rig.Open("a.txt", bytes);
   } else {
@@ -123,7 +123,7 @@ std::vector<Caption> Parse(FormatRig& rig, const Text& id, const std::string& by
   CarryOn errors;
   RecordPieces pieces;
   if (id != u"SUBSTATIONALPHA") pieces = CutRecord(rig.loader.Definition(), errors);
-  CaptionCollector captions(rig.loader.Definition(), rig.options.LineSeparator);
+  CaptionCollector captions(rig.loader.Definition(), rig.options.lineSeparator);
   const float fps = RateOf(rig.catalogue, id);
   const ParseContext context{captions, rig.loader.Definition(), literal, fps, errors};
   const auto parser = ParserFor(id, context, pieces);
@@ -229,8 +229,8 @@ TEST(LineRuns, ASeparatorThatLooksLikeATagIsTreatedAsOne) {
   for (const int codePage : {1252, 932}) {
     FormatRig rig;
     rig.encodings = Encodings(codePage);
-    rig.options.T_READAS = u"classic";
-    rig.options.LineSeparator = u"<i>";
+    rig.options.readAs = u"classic";
+    rig.options.lineSeparator = u"<i>";
     rig.Open("a.vtt", "WEBVTT\r\n\r\n00:00:01.000 --> 00:00:02.000\r\none\r\ntwo\r\n\r\n");
     EXPECT_EQ(rig.Rows(), (std::vector<Caption>{{1000, 2000, u"<i>onetwo"}})) << codePage;
   }

@@ -75,10 +75,10 @@ using WaveFollowing = AudioBarTest;
 using BarSwitch = AudioBarTest;
 
 TEST_F(WaveLoading, ShowsTheBarItsControlsAndTheLastFile) {
-  EXPECT_FALSE(program->options.M_AUDIOBAR);
+  EXPECT_FALSE(program->options.audioBarOn);
   Load(Flat(300));
   EXPECT_EQ(program->document.WavePath, folder / "a.wav");
-  EXPECT_TRUE(program->options.M_AUDIOBAR);
+  EXPECT_TRUE(program->options.audioBarOn);
   EXPECT_TRUE(Window().mnuAudioBar.Checked());
   EXPECT_TRUE(Window().picWave.Visible());
   EXPECT_TRUE(Window().sldWavScale.Enabled());
@@ -170,7 +170,7 @@ TEST_F(WaveLoading, ALongerFileIsPaintedWhenItsFirstScreenfulIsThere) {
 }
 
 TEST_F(WavePainting, TheMaximumRisesFromTheBottom) {
-  program->options.M_WAVSCALE = 7300;
+  program->options.waveScale = 7300;
   Bar().LoadOptions();
   Load(Wave(700, [](int i) { return i == 5 ? 1000 : i == 6 ? -3000 : i == 7 ? 9000 : 0; }));
   EXPECT_EQ(view.wave.Count(5, kCyan), 10);  // y = 73 - 10, down to the row below the picture
@@ -182,8 +182,8 @@ TEST_F(WavePainting, TheMaximumRisesFromTheBottom) {
 }
 
 TEST_F(WavePainting, AFullHeightWaveStandsAroundTheMiddle) {
-  program->options.M_WAVSCALE = 3600;
-  program->options.M_FULLWAVE = true;
+  program->options.waveScale = 3600;
+  program->options.fullWave = true;
   Bar().LoadOptions();
   Load(Wave(700, [](int i) { return i == 5 ? 1000 : i == 6 ? -500 : 0; }));
   EXPECT_EQ(view.wave.At(5, 26), kCyan);
@@ -194,11 +194,11 @@ TEST_F(WavePainting, AFullHeightWaveStandsAroundTheMiddle) {
   EXPECT_EQ(view.wave.Count(7, kCyan), 1);
   EXPECT_EQ(view.wave.At(7, 36), kCyan);
   Window().mnuFullWave.Click();
-  EXPECT_FALSE(program->options.M_FULLWAVE);
+  EXPECT_FALSE(program->options.fullWave);
   EXPECT_EQ(view.wave.At(7, 72), kCyan);
 }
 
-TEST_F(WavePainting, WholeSecondsHaveALineAndAColourOfTheirOwn) {
+TEST_F(WavePainting, WholeSecondsHaveALineAndAColorOfTheirOwn) {
   Load(Flat(3000));
   EXPECT_EQ(view.wave.At(100, 10), kGrey);
   EXPECT_EQ(view.wave.At(100, 72), kTick);
@@ -226,26 +226,26 @@ TEST_F(WavePainting, BehindTheEndOfTheSoundThereIsALine) {
   EXPECT_EQ(view.wave.At(600, 72), kCyan);
 }
 
-TEST_F(WavePainting, TheColoursFollowFromTheWave) {
+TEST_F(WavePainting, TheColorsFollowFromTheWave) {
   struct Case {
-    std::int32_t colour, tick, back;
+    std::int32_t color, tick, back;
   };
   for (const Case& c :
        {Case{0xFFFF00, 0xAFAF00, 0x000000}, Case{0x000000, 0x505050, 0xFFFFFF}, Case{0x373737, 0x878787, 0xFFFFFF},
         Case{0x383737, 0x000000, 0x000000}, Case{0x515050, 0x010000, 0x000000}, Case{0xA50000, 0xF55050, 0xFFFFFF},
         Case{0x0000A5, 0x5050F5, 0xFFFFFF}}) {
-    Bar().SetWaveColor(c.colour);
-    EXPECT_EQ(Bar().View().tickColor, c.tick) << std::hex << c.colour;
-    EXPECT_EQ(Bar().View().backColor, c.back) << std::hex << c.colour;
-    EXPECT_EQ(program->options.M_AUDIOBARCOLOR, c.colour);
+    Bar().SetWaveColor(c.color);
+    EXPECT_EQ(Bar().View().tickColor, c.tick) << std::hex << c.color;
+    EXPECT_EQ(Bar().View().backColor, c.back) << std::hex << c.color;
+    EXPECT_EQ(program->options.waveColor, c.color);
   }
 }
 
-TEST_F(WavePainting, TheColourIsChosenWithTheDialog) {
+TEST_F(WavePainting, TheColorIsChosenWithTheDialog) {
   Load(Flat(300));
-  pickers.colours = {0x0000FF};
+  pickers.colors = {0x0000FF};
   Window().mnuAudioBarColor.Click();
-  EXPECT_EQ(pickers.coloursShown.back(), kCyan);
+  EXPECT_EQ(pickers.colorsShown.back(), kCyan);
   EXPECT_EQ(view.wave.At(5, 72), 0x0000FF);
   Window().mnuAudioBarColor.Click();  // cancelled
   EXPECT_EQ(Bar().View().color, 0x0000FF);
@@ -255,18 +255,18 @@ TEST_F(WavePainting, TheSliderSetsTheHeight) {
   Load(Wave(700, [](int) { return 1000; }));
   EXPECT_EQ(Window().sldWavScale.Value(), -23000);
   Window().sldWavScale.Move(-2000);
-  EXPECT_EQ(program->options.M_WAVSCALE, 2000);
+  EXPECT_EQ(program->options.waveScale, 2000);
   EXPECT_EQ(view.wave.Count(5, kCyan), 36);
   Window().sldWavScale.Move(-99999);
-  EXPECT_EQ(program->options.M_WAVSCALE, 48000);
+  EXPECT_EQ(program->options.waveScale, 48000);
 }
 
 TEST_F(WavePainting, AScaleOfZeroFailsAsARunTimeErrorDoes) {
-  program->options.M_WAVSCALE = 0;
+  program->options.waveScale = 0;
   Bar().LoadOptions();
   Load(Flat(300));
   EXPECT_EQ(boxes.shown.size(), 1u);
-  program->options.M_WAVSCALE = 31;
+  program->options.waveScale = 31;
   Bar().LoadOptions();
   Load(Flat(300));
   EXPECT_EQ(boxes.shown.size(), 1u);
@@ -593,7 +593,7 @@ TEST_F(WaveFollowing, BehindTheEndOfTheWaveNothingMoves) {
 }
 
 TEST_F(WaveFollowing, TheMeterShowsTheMaximumIn32Steps) {
-  program->options.M_WAVSCALE = 3200;
+  program->options.waveScale = 3200;
   Bar().LoadOptions();
   program->files.OpenSubtitleFile(SubRip("a.srt", 1));
   Play(folder.Write("film.mkv", "x"));
@@ -678,10 +678,10 @@ TEST_F(BarSwitch, WithoutAWaveTheTimerStaysOff) {
 }
 
 TEST_F(BarSwitch, TheSettingsComeBackAtTheStart) {
-  program->options.M_AUDIOBAR = true;
-  program->options.M_FULLWAVE = true;
-  program->options.M_WAVSCALE = 9000;
-  program->options.M_AUDIOBARCOLOR = 0x0000FF;
+  program->options.audioBarOn = true;
+  program->options.fullWave = true;
+  program->options.waveScale = 9000;
+  program->options.waveColor = 0x0000FF;
   program->shell.SaveAtUnload(false, false, 800, 600);
   Restart({});
   EXPECT_TRUE(Window().mnuAudioBar.Checked());

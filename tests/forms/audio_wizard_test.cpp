@@ -429,7 +429,7 @@ TEST_F(AudioWizardRun, AToolThatDoesNotStartIsToldOnThePage) {
   EXPECT_EQ(Lights(), (std::vector<TaskLight>{kRed, kYellow, kGrey}));
   EXPECT_EQ(Audio().lblStep5.GetText(), Says(Message::ExtractionFailed));
   EXPECT_EQ(Audio().lblStep5b.GetText(), Says(Message::StartFailed) + u"\r\n" + (folder / "app/vdrun/vdrun"));
-  EXPECT_EQ(Audio().lblTask[0].Colour(), 192);
+  EXPECT_EQ(Audio().lblTask[0].Color(), 192);
   EXPECT_FALSE(Audio().chkClose.Enabled());
   EXPECT_EQ(Audio().cmdNext.GetText(), u"Finish");
   Audio().cmdNext.Click();
@@ -443,7 +443,7 @@ TEST_F(AudioWizardRun, AFileThatDoesNotComeIsToldOnThePage) {
   GoTo(4);
   EXPECT_EQ(Lights(), (std::vector<TaskLight>{kGreen, kGreen, kRed}));
   EXPECT_EQ(Audio().lblStep5b.GetText(), Says(Message::CouldNotExtract));
-  EXPECT_EQ(Audio().lblTask[2].Colour(), 192);
+  EXPECT_EQ(Audio().lblTask[2].Color(), 192);
   EXPECT_FALSE(Audio().lblTask[2].Bold());
   EXPECT_EQ(Audio().PendingAudioFile(), u"");
 }
@@ -478,11 +478,11 @@ TEST_F(AudioWizardRun, ClosingTheWindowLeavesTheToolToItself) {
   EXPECT_EQ(Audio().PendingAudioFile(), u"");
 }
 
-TEST_F(AudioWizardRun, LightsAreSetByTheirColours) {
-  const std::pair<std::int32_t, TaskLight> colours[] = {
+TEST_F(AudioWizardRun, LightsAreSetByTheirColors) {
+  const std::pair<std::int32_t, TaskLight> colors[] = {
       {255, kRed}, {65280, kGreen}, {65535, kYellow}, {0, kGrey}, {1, kGrey}};
-  for (const auto& [colour, light] : colours) {
-    Audio().SetTaskLight(1, colour);
+  for (const auto& [color, light] : colors) {
+    Audio().SetTaskLight(1, color);
     EXPECT_EQ(Audio().LightOf(1), light);
   }
 }

@@ -283,7 +283,7 @@ TEST_F(EmbedPages, LinksOpenTheirPages) {
   Embed().lblDownload.Clicked();
   Embed().lblConvert.Clicked();
   Embed().imgConfigure.Clicked();
-  program->options.Language = u"SPANISH";
+  program->options.language = u"SPANISH";
   Embed().imgConfigure.Clicked();
   EXPECT_EQ(desktop.opened,
             (std::vector<Text>{Text(kWebSite) + u"/en/downloads.php?cid=14", Text(kWebSite) + u"/en/guides.php",

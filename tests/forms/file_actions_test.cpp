@@ -341,7 +341,7 @@ TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
 }
 
 TEST_F(Saving, ConvertingFromUtf8AsksAndLeavesTheFlagAlone) {
-  program->options.T_READAS = u"classic";
+  program->options.readAs = u"classic";
   program->files.OpenSubtitleFile(folder.Write("a.srt",
                                                "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xC3\xA9\r\n\r\n"
                                                "2\r\n00:00:03,000 --> 00:00:04,000\r\ntwo\r\n\r\n"));

@@ -143,7 +143,7 @@ TEST_F(FormatSami, ShowsTheDefaults) {
   EXPECT_EQ(sample.font.Name, u"Tahoma");
   EXPECT_EQ(sample.font.Size, 18);
   EXPECT_FALSE(sample.font.Italic);
-  EXPECT_EQ(sample.colour, 0x00FFFF);
+  EXPECT_EQ(sample.color, 0x00FFFF);
   EXPECT_EQ(sample.background, 0);
   EXPECT_EQ(Dialog().cmbSamiAlign.GetText(), u"Center");
 }
@@ -167,34 +167,34 @@ TEST_F(FormatSami, AlignmentIsStoredByItsWord) {
   }
 }
 
-TEST_F(FormatSami, ColoursAreWrittenRedFirst) {
+TEST_F(FormatSami, ColorsAreWrittenRedFirst) {
   Open(u"SAMI");
-  pickers.colours = {0x332211, 0x0000FE};
+  pickers.colors = {0x332211, 0x0000FE};
   Dialog().cmdSamiColor.Click();
   Dialog().cmdSamiBackground.Click();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SAMI", u"color"), u"#112233");
   EXPECT_EQ(Stored(u"SAMI", u"background"), u"#FE0000");
   Open(u"SAMI");
-  EXPECT_EQ(Dialog().SamiSample().colour, 0x332211);
+  EXPECT_EQ(Dialog().SamiSample().color, 0x332211);
   EXPECT_EQ(Dialog().SamiSample().background, 0xFE);
 }
 
-TEST(WebColours, ReadWhatTheyCan) {
-  EXPECT_EQ(ColourOfWeb(u"#FFFF00"), 0x00FFFF);
-  EXPECT_EQ(ColourOfWeb(u"#aAbBcC"), 0xCCBBAA);
-  EXPECT_EQ(ColourOfWeb(u"#12"), 0x12);
-  EXPECT_EQ(ColourOfWeb(u"#1"), 0x1);
-  EXPECT_EQ(ColourOfWeb(u"yellow"), 0xE);
-  EXPECT_EQ(ColourOfWeb(u""), 0);
-  EXPECT_EQ(WebColour(0x030201), u"#010203");
+TEST(WebColors, ReadWhatTheyCan) {
+  EXPECT_EQ(ColorOfWeb(u"#FFFF00"), 0x00FFFF);
+  EXPECT_EQ(ColorOfWeb(u"#aAbBcC"), 0xCCBBAA);
+  EXPECT_EQ(ColorOfWeb(u"#12"), 0x12);
+  EXPECT_EQ(ColorOfWeb(u"#1"), 0x1);
+  EXPECT_EQ(ColorOfWeb(u"yellow"), 0xE);
+  EXPECT_EQ(ColorOfWeb(u""), 0);
+  EXPECT_EQ(WebColor(0x030201), u"#010203");
 }
 
 TEST_F(FormatSsa, ShowsTheDefaults) {
   Open(u"SUBSTATIONALPHA");
   EXPECT_EQ(Dialog().SsaSample().font.Size, 28);
   EXPECT_FALSE(Dialog().SsaSample().font.Bold);
-  EXPECT_EQ(Dialog().SsaSample().colour, 65535);
+  EXPECT_EQ(Dialog().SsaSample().color, 65535);
   EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Center");
   EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
   EXPECT_EQ(Dialog().cmbSsaStyle.GetText(), u"Outline");
@@ -357,7 +357,7 @@ TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {
   int changes = 0;
   const Connection watch = Dialog().SamplesChanged.ConnectScoped([&] { ++changes; });
   pickers.fonts = {{u"Arial", 60, true, false, true, false, 700}};
-  pickers.colours = {0x123456, 0x654321};
+  pickers.colors = {0x123456, 0x654321};
   Dialog().cmdSsaFont.Click();
   Dialog().cmdSsaColor.Click();
   Dialog().cmdSsaBack.Click();
@@ -366,11 +366,11 @@ TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {
   const FormatSample& sample = Dialog().SsaSample();
   EXPECT_EQ(sample.font.Size, 60);
   EXPECT_TRUE(sample.font.Bold);
-  EXPECT_EQ(sample.colour, 0x123456);
+  EXPECT_EQ(sample.color, 0x123456);
   EXPECT_EQ(sample.background, 0x654321);
   EXPECT_EQ(sample.alignment, 1);
   EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Tahoma");
-  EXPECT_EQ(pickers.coloursShown, (std::vector<std::int32_t>{65535, 0}));
+  EXPECT_EQ(pickers.colorsShown, (std::vector<std::int32_t>{65535, 0}));
   Dialog().cmdSsaFont.Click();
   Dialog().cmdSsaColor.Click();
   EXPECT_EQ(changes, 4);
@@ -383,9 +383,9 @@ TEST_F(ListFont, ThePickersFontReachesTheListAndIsStoredAtTheEnd) {
   Window().mnuFont.Click();
   EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Tahoma");
   EXPECT_EQ(pickers.fontsShown.at(0).Size, 8);
-  EXPECT_EQ(program->options.M_FONTNAME, u"Sans");
-  EXPECT_EQ(program->options.M_FONTSIZE, 24);
-  EXPECT_TRUE(program->options.M_FONTBOLD);
+  EXPECT_EQ(program->options.listFontName, u"Sans");
+  EXPECT_EQ(program->options.listFontSize, 24);
+  EXPECT_TRUE(program->options.listFontBold);
   EXPECT_EQ(program->grid.FontName(), u"Sans");
   EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"M_FONTNAME", u"?"), u"?");
   program->shell.SaveAtUnload(false, false, 800, 600);
@@ -395,7 +395,7 @@ TEST_F(ListFont, ThePickersFontReachesTheListAndIsStoredAtTheEnd) {
 
 TEST_F(ListFont, ACancelChangesNothing) {
   Window().mnuFont.Click();
-  EXPECT_EQ(program->options.M_FONTNAME, u"Tahoma");
+  EXPECT_EQ(program->options.listFontName, u"Tahoma");
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ TEST_F(HelpWindowTest, TheMenuOpensTheFirstPage) {
 }
 
 TEST_F(HelpWindowTest, ALanguageWithoutHelpGetsTheEnglishOneWithAWord) {
-  program->options.Language = u"GERMAN";
+  program->options.language = u"GERMAN";
   Window().mnuHelpTopics.Click();
   EXPECT_EQ(LastBox(),
             "The Help system has not yet been translated to your language. Help file will be shown in English.");
@@ -192,7 +192,7 @@ TEST_F(HelpWindowTest, ASearchInVainSaysSo) {
 TEST_F(HelpWindowTest, AChangeOfLanguageKeepsThePage) {
   Help().OpenFor("frmDelay");
   program->ChangeLanguage(1);
-  EXPECT_EQ(program->options.Language, u"SPANISH");
+  EXPECT_EQ(program->options.language, u"SPANISH");
   EXPECT_TRUE(Help().PagePath().ends_with(u"help/spanish/delay.html"));
 }
 
@@ -210,7 +210,7 @@ TEST_F(HelpWindowTest, AHelpFileBesideTheProgramComesFirst) {
   EXPECT_TRUE(boxes.shown.empty());
   desktop.opened.clear();
   const Text german = folder.Write("qxm_german.chm", "help");
-  program->options.Language = u"GERMAN";
+  program->options.language = u"GERMAN";
   Window().mnuHelpTopics.Click();
   EXPECT_EQ(desktop.opened, std::vector<Text>{german});
   EXPECT_TRUE(boxes.shown.empty());
@@ -219,7 +219,7 @@ TEST_F(HelpWindowTest, AHelpFileBesideTheProgramComesFirst) {
 TEST_F(HelpWindowTest, TheEnglishFileStandsInWithAWord) {
   program->folders.AppFolder = folder / "";
   const Text english = folder.Write("qxm_english.chm", "help");
-  program->options.Language = u"GERMAN";
+  program->options.language = u"GERMAN";
   Window().mnuHelpTopics.Click();
   EXPECT_EQ(desktop.opened, std::vector<Text>{english});
   EXPECT_EQ(LastBox(),
@@ -228,7 +228,7 @@ TEST_F(HelpWindowTest, TheEnglishFileStandsInWithAWord) {
 
 TEST_F(HelpWindowTest, WithoutAnyHelpTheMenuOpensTheWebSite) {
   program->folders.AppFolder = folder / "";
-  program->options.Language = u"SPANISH";
+  program->options.language = u"SPANISH";
   Window().mnuHelpTopics.Click();
   EXPECT_EQ(desktop.opened, std::vector<Text>{u"https://cuewright.example/es/cuewright.php?lang=spanish#help"});
 }

@@ -66,7 +66,7 @@ struct JournalInTheWindow : ProgramFixture {
   JournalInTheWindow() {
     journal = &store;
     Restart({});
-    program->options.ApplyWhen = 1;
+    program->options.applyWhen = 1;
   }
   void Tick() {
     events.now += 200;
@@ -87,7 +87,7 @@ struct JournalInTheWindow : ProgramFixture {
     store.keptBytes = store.current;
     store.left = {{7, store.current, 5}};
     Restart({});
-    program->options.ApplyWhen = 1;
+    program->options.applyWhen = 1;
     program->OnFirstActivation();
   }
 
@@ -322,7 +322,7 @@ TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   EXPECT_EQ(All(), before);
   EXPECT_EQ(program->document.SubtitlePath, path);
   EXPECT_TRUE(program->document.DocModified);
-  EXPECT_EQ(program->options.LineSeparator, u"/n");
+  EXPECT_EQ(program->options.lineSeparator, u"/n");
   EXPECT_EQ(List().Selected(), 3);
   EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), kSubRip);
   EXPECT_TRUE(Window().mnuSave.Enabled());

@@ -18,14 +18,14 @@ constexpr std::size_t kArabic = 14;
 
 TEST_F(ProgramLanguage, AStoredOneIsTakenAtTheStart) {
   StartIn("ARABIC");
-  EXPECT_EQ(program->options.LanguageIndex, 14);
+  EXPECT_EQ(program->options.languageRow, 14);
   EXPECT_FALSE(program->FirstRun());
   EXPECT_TRUE(Window().RightToLeft());
 }
 
 TEST_F(ProgramLanguage, WithoutOneIsAFirstRunInTheUsersLanguage) {
   EXPECT_TRUE(program->FirstRun());
-  EXPECT_EQ(program->options.Language, u"ENGLISH");
+  EXPECT_EQ(program->options.language, u"ENGLISH");
   EXPECT_FALSE(Window().RightToLeft());
 }
 
@@ -78,7 +78,7 @@ TEST_F(ProgramLanguage, AChangeLeavesTheStoreAndTheDocument) {
   program->files.OpenSubtitleFile(SubRip("a.srt", 3));
   program->ChangeLanguage(kArabic);
   EXPECT_EQ(program->store.GetSetting(u"Cuewright", u"Language", u"?"), u"ENGLISH");
-  EXPECT_EQ(program->options.Language, u"ARABIC");
+  EXPECT_EQ(program->options.language, u"ARABIC");
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(Window().lblTextFile.GetText(), u"Current subtitle file: a.srt");
 }

@@ -178,7 +178,7 @@ TEST_F(Separator, ChangingItReplacesTheFirstOneOfEachCaption) {
   EXPECT_EQ(List().GetCaptionText(1), u"a/nb|c");
   EXPECT_EQ(List().GetCaptionText(2), u"plain");
   EXPECT_EQ(splices, 1);
-  EXPECT_EQ(program->options.LineSeparator, u"/n");
+  EXPECT_EQ(program->options.lineSeparator, u"/n");
   EXPECT_EQ(program->store.GetSetting(kMainSection, u"LBREAK", u""), u"/n");
   EXPECT_TRUE(Window().mnuSeparator[1].Checked());
   EXPECT_FALSE(Window().mnuSeparator[0].Checked());
@@ -188,11 +188,11 @@ TEST_F(Separator, ChangingItReplacesTheFirstOneOfEachCaption) {
 TEST_F(Separator, ACustomOneIsAskedForAndShownInTheMenu) {
   boxes.lines = {u"#"};
   Window().mnuSeparator[3].Click();
-  EXPECT_EQ(program->options.LineSeparator, u"#");
+  EXPECT_EQ(program->options.lineSeparator, u"#");
   EXPECT_EQ(Window().mnuSeparator[3].GetText(), u"Custom: #");
   EXPECT_EQ(boxes.asked.back().initial, u"|");
   Window().mnuSeparator[3].Click();  // an empty answer keeps it
-  EXPECT_EQ(program->options.LineSeparator, u"#");
+  EXPECT_EQ(program->options.lineSeparator, u"#");
   Restart({});
   EXPECT_TRUE(Window().mnuSeparator[3].Checked());
   EXPECT_EQ(Window().mnuSeparator[3].GetText(), u"Custom: #");
@@ -448,7 +448,7 @@ TEST_F(PreviewMode, FollowsThePositionAndTheSelection) {
   at(2.5);
   EXPECT_EQ(program->sub.lblSub.GetText(), u"line 2");
   EXPECT_EQ(List().Selected(), 2);
-  program->options.F_FOLLOW = false;
+  program->options.followCaptions = false;
   at(3.5);
   EXPECT_EQ(program->sub.lblSub.GetText(), u"line 3");
   EXPECT_EQ(List().Selected(), 2);
@@ -462,7 +462,7 @@ TEST_F(PreviewMode, MarkersShapeTheTextAndDontShow) {
   EXPECT_EQ(program->sub.lblSub.GetText(), u"a\r\nb");
   EXPECT_TRUE(program->sub.GetStyle().italic);
   List().SetCaptionText(1, u"a<b>");
-  program->options.F_FONTBOLD = false;
+  program->options.previewFontBold = false;
   program->preview.ShowPreviewCaption(1);
   EXPECT_EQ(program->sub.lblSub.GetText(), u"a");
   EXPECT_FALSE(program->sub.GetStyle().bold);

@@ -33,7 +33,7 @@ TEST_F(PreviewOverlay, ABoldCaptionHasTheWeightOfTheSettings) {
   Open(1);
   List().SetCaptionText(1, u"<b>heavy");
   for (const bool bold : {false, true}) {
-    program->options.F_FONTBOLD = bold;
+    program->options.previewFontBold = bold;
     program->preview.ShowPreviewCaption(1);
     EXPECT_EQ(program->sub.GetStyle().bold, bold);
     EXPECT_EQ(Shown(), u"heavy");
@@ -112,7 +112,7 @@ TEST_F(PreviewOverlay, TheSelectionWaitsForWhoeverTypesInThePane) {
 
 TEST_F(PreviewOverlay, WithoutFollowingTheSelectionStays) {
   Open(3);
-  program->options.F_FOLLOW = false;
+  program->options.followCaptions = false;
   Preview();
   At(1.5);
   At(3.5);

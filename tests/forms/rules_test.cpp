@@ -37,7 +37,7 @@ TEST_F(RulesInTheWindow, ACleanFileIsLoadedWithoutAWordAndTheMenuSaysSo) {
 }
 
 TEST_F(RulesInTheWindow, WaitForTheMenuWhenTheyApplyDuringCaptioningOnly) {
-  program->options.ApplyWhen = 1;
+  program->options.applyWhen = 1;
   program->files.OpenSubtitleFile(Colliding());
   EXPECT_EQ(List().GetCaptionStart(2), 2500);
   EXPECT_EQ(program->ruleReport.RuleEntryCount(), 0);
@@ -83,7 +83,7 @@ TEST_F(RulesInTheWindow, TellTheirProgressEveryTwentyFiveRowsAndThenTheFileAgain
 }
 
 TEST_F(RulesInTheWindow, ShowTheCorrectedRowInThePane) {
-  program->options.ApplyWhen = 1;
+  program->options.applyWhen = 1;
   program->files.OpenSubtitleFile(folder.Write("three.srt",
                                                "1\r\n00:00:01,000 --> 00:00:03,000\r\naa bb\r\ncc\r\ndd\r\n\r\n"
                                                "2\r\n00:00:05,000 --> 00:00:06,000\r\nsecond\r\n\r\n"));
@@ -139,7 +139,7 @@ TEST_F(RulesThatLook, TellOneFindingAsOneAndNothingOfACleanFile) {
   program->files.OpenSubtitleFile(SubRip("clean.srt", 3));
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
   EXPECT_FALSE(Window().cmdShowFindings.Visible());
-  program->options.ApplyWhen = 1;
+  program->options.applyWhen = 1;
   program->files.OpenSubtitleFile(Colliding());
   EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
 }
@@ -177,7 +177,7 @@ TEST_F(RulesThatLook, ApplyAsOneStepAndOfferItBack) {
 }
 
 TEST_F(RulesThatLook, ChangeTheFileWhereTheUserLetsThem) {
-  program->options.RulesOnLoad = true;
+  program->options.changeOnLoad = true;
   program->files.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 4);
   EXPECT_EQ(Strip(), "The rules changed 2 captions");

@@ -31,7 +31,7 @@ struct SettingsTest : testing::ProgramFixture {
   void Reopen() {
     userLocale = &locale;
     Restart({});
-    Options().Near = AppOptions().Near;
+    Options().nearMs = AppOptions().nearMs;
     Dialog().Open();
   }
   SettingsDialog& Dialog() { return program->dialogs.settings; }
@@ -101,17 +101,17 @@ TEST_F(SettingsPages, ANumberBeyondTheLastShowsTheLast) {
 
 TEST_F(SettingsPages, ShowAllValuesOfTheOptions) {
   AppOptions& o = Options();
-  o.AutoSplit = 0;
-  o.Near = 140;
-  o.Duration = {100, 20, 350};
-  o.Tolerance = {10, 300, 90};
-  o.ApplyWhen = 2;
-  o.kRewindSecs = 7;
-  o.P_UIMODE = u"mini";
-  o.F_OPAQUE = true;
-  o.F_SHADOWVAL = 3;
-  o.F_SUBHEIGHT = 40;
-  o.F_FOLLOW = false;
+  o.autoSplit = 0;
+  o.nearMs = 140;
+  o.durationPerCharacter = {100, 20, 350};
+  o.durationTolerance = {10, 300, 90};
+  o.applyWhen = 2;
+  o.rewindSeconds = 7;
+  o.playerControls = u"mini";
+  o.previewOpaque = true;
+  o.previewShadowDepth = 3;
+  o.previewHeight = 40;
+  o.followCaptions = false;
   Dialog().FillSettingsControls();
   EXPECT_FALSE(Dialog().chkAutoSplit.Value());
   EXPECT_TRUE(Dialog().chkCollision.Value());
@@ -134,11 +134,11 @@ TEST_F(SettingsPages, ShowAllValuesOfTheOptions) {
 }
 
 TEST_F(SettingsPages, FillingTheControlsChangesNoOption) {
-  Options().Near = 143;
-  Options().ApplyWhen = 9;
+  Options().nearMs = 143;
+  Options().applyWhen = 9;
   Dialog().FillSettingsControls();
-  EXPECT_EQ(Options().Near, 143);
-  EXPECT_EQ(Options().ApplyWhen, 9);
+  EXPECT_EQ(Options().nearMs, 143);
+  EXPECT_EQ(Options().applyWhen, 9);
 }
 
 TEST_F(SettingsHover, EachControlTellsItsDetails) {
@@ -256,11 +256,11 @@ TEST_F(SettingsPanels, ThePointerInAPanelLeavesItOpen) {
 }
 
 TEST_F(SettingsRules, ChecksWriteTheirFieldsAtOnce) {
-  const std::pair<CheckBox&, std::uint8_t AppOptions::*> rows[] = {{Dialog().chkAutoSplit, &AppOptions::AutoSplit},
-                                                                   {Dialog().chkCollision, &AppOptions::Collision},
-                                                                   {Dialog().chkAutoJoin, &AppOptions::AutoJoin},
-                                                                   {Dialog().chkDuration, &AppOptions::DurationOn},
-                                                                   {Dialog().chkCredits, &AppOptions::T_CREDITS}};
+  const std::pair<CheckBox&, std::uint8_t AppOptions::*> rows[] = {{Dialog().chkAutoSplit, &AppOptions::autoSplit},
+                                                                   {Dialog().chkCollision, &AppOptions::avoidCollision},
+                                                                   {Dialog().chkAutoJoin, &AppOptions::autoJoin},
+                                                                   {Dialog().chkDuration, &AppOptions::limitDuration},
+                                                                   {Dialog().chkCredits, &AppOptions::removeCredits}};
   for (const auto& [check, field] : rows) {
     ASSERT_EQ(Options().*field, 1);
     check.Click();
@@ -288,11 +288,11 @@ TEST_F(SettingsRules, BarsWriteTenTimesTheirValue) {
   Move(Dialog().sldAutoJoin, 40);
   Move(Dialog().sldDuration[1], 1);
   Move(Dialog().sldTolerance[0], 30);
-  EXPECT_EQ(Options().Near, 400);
+  EXPECT_EQ(Options().nearMs, 400);
   EXPECT_EQ(Dialog().lblAutoJoin.GetText(), u"Nearby factor: 400 milliseconds");
-  EXPECT_EQ(Options().Duration[1], 10);
+  EXPECT_EQ(Options().durationPerCharacter[1], 10);
   EXPECT_EQ(Dialog().lblDuration[1].GetText(), u"Duration per character: 10 ms");
-  EXPECT_EQ(Options().Tolerance[0], 300);
+  EXPECT_EQ(Options().durationTolerance[0], 300);
   EXPECT_EQ(Dialog().sldAutoJoin.Min(), 1);
   EXPECT_EQ(Dialog().sldDuration[0].Max(), 35);
 }
@@ -300,7 +300,7 @@ TEST_F(SettingsRules, BarsWriteTenTimesTheirValue) {
 TEST_F(SettingsRules, TheModeTellsTheLimitWhileTheDialogIsOpen) {
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
   Dialog().cmbApply.Choose(1);
-  EXPECT_EQ(Options().ApplyWhen, 1);
+  EXPECT_EQ(Options().applyWhen, 1);
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended) [auto]");
   Dialog().chkDuration.Click();
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
@@ -308,16 +308,16 @@ TEST_F(SettingsRules, TheModeTellsTheLimitWhileTheDialogIsOpen) {
 
 TEST_F(SettingsRules, ACreditsListLosesDoubledAndOuterCommasOnLeavingTheField) {
   Type(Dialog().txtCredits, u" ,,@,,www ");
-  EXPECT_EQ(Options().T_CREDITSTEXT, u",,@,,www");
+  EXPECT_EQ(Options().creditWords, u",,@,,www");
   Dialog().txtCredits.LostFocus();
   EXPECT_EQ(Dialog().txtCredits.GetText(), u"@,www");
-  EXPECT_EQ(Options().T_CREDITSTEXT, u"@,www");
+  EXPECT_EQ(Options().creditWords, u"@,www");
 }
 
 TEST_F(SettingsRules, DoubledCommasGoOnceOnly) {
   Type(Dialog().txtCredits, u"a,,,,b,");
   Dialog().txtCredits.LostFocus();
-  EXPECT_EQ(Options().T_CREDITSTEXT, u"a,,b");
+  EXPECT_EQ(Options().creditWords, u"a,,b");
 }
 
 TEST_F(SettingsRules, AnEmptiedCreditsListIsSavedAsEmptyAndTheNextStartTurnsTheRuleOff) {
@@ -325,9 +325,9 @@ TEST_F(SettingsRules, AnEmptiedCreditsListIsSavedAsEmptyAndTheNextStartTurnsTheR
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"");
   EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
-  EXPECT_EQ(Options().T_CREDITS, 1);
+  EXPECT_EQ(Options().removeCredits, 1);
   Reopen();
-  EXPECT_EQ(Options().T_CREDITS, 0);
+  EXPECT_EQ(Options().removeCredits, 0);
   EXPECT_FALSE(Dialog().chkCredits.Value());
 }
 
@@ -335,7 +335,7 @@ TEST_F(SettingsKeys, ALowerCaseLetterIsStoredAndShownInUpperCase) {
   TextBox& box = Dialog().txtHotkey[0];
   EXPECT_EQ(box.GetText(), u"Z");
   EXPECT_TRUE(Press(box, u'a').handled);
-  EXPECT_EQ(Options().hkPlay, 65);
+  EXPECT_EQ(Options().playKey, 65);
   EXPECT_EQ(box.GetText(), u"A");
   EXPECT_EQ(box.SelLength(), 1);
   EXPECT_TRUE(boxes.shown.empty());
@@ -347,16 +347,17 @@ TEST_F(SettingsKeys, ADigitShowsTheMessageAndChangesNothing) {
   EXPECT_EQ(LastBox(), "Please enter a key from A to Z only.");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
   EXPECT_EQ(boxes.shown.back().title, u"");
-  EXPECT_EQ(Options().hkStart, 66);
+  EXPECT_EQ(Options().startKey, 66);
   EXPECT_EQ(box.GetText(), u"B");
   EXPECT_TRUE(Press(box, 0).handled);
   EXPECT_EQ(boxes.shown.size(), 2u);
 }
 
 TEST_F(SettingsKeys, EachFieldHasItsShortcut) {
-  std::uint8_t AppOptions::*const fields[] = {
-      &AppOptions::hkPlay, &AppOptions::hkPause,    &AppOptions::hkStop, &AppOptions::hkStart,  &AppOptions::hkNext,
-      &AppOptions::hkEnd,  &AppOptions::hkPrevious, &AppOptions::hkJump, &AppOptions::hkRewind, &AppOptions::hkForward};
+  std::uint8_t AppOptions::*const fields[] = {&AppOptions::playKey,     &AppOptions::pauseKey, &AppOptions::stopKey,
+                                              &AppOptions::startKey,    &AppOptions::nextKey,  &AppOptions::endKey,
+                                              &AppOptions::previousKey, &AppOptions::jumpKey,  &AppOptions::rewindKey,
+                                              &AppOptions::forwardKey};
   const TextView letters = u"ZXCBNMDFWE";
   for (std::size_t k = 0; k < 10; ++k) {
     EXPECT_EQ(Dialog().txtHotkey[k].GetText(), letters.substr(k, 1));
@@ -370,12 +371,12 @@ TEST_F(SettingsKeys, PastedTextCountsOnlyAsOneLetter) {
   TextBox& box = Dialog().txtHotkey[1];
   Type(box, u"k");
   EXPECT_EQ(box.GetText(), u"K");
-  EXPECT_EQ(Options().hkPause, u'K');
+  EXPECT_EQ(Options().pauseKey, u'K');
   Type(box, u"7");
   EXPECT_EQ(box.GetText(), u"K");
   Type(box, u"");
   EXPECT_EQ(box.GetText(), u"K");
-  EXPECT_EQ(Options().hkPause, u'K');
+  EXPECT_EQ(Options().pauseKey, u'K');
 }
 
 TEST_F(SettingsKeys, TheFocusSelectsTheLetter) {
@@ -390,7 +391,7 @@ TEST_F(SettingsKeys, TheLettersShownAreThoseOfTheStore) {
   Dialog().Close();
   Dialog().Open();
   EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Y");
-  EXPECT_EQ(Options().hkPlay, 90);
+  EXPECT_EQ(Options().playKey, 90);
 }
 
 TEST_F(SettingsKeys, SecondsStayBetween2And600OnLeavingTheField) {
@@ -399,13 +400,13 @@ TEST_F(SettingsKeys, SecondsStayBetween2And600OnLeavingTheField) {
   for (const auto& [typed, kept] : rows) {
     Type(Dialog().txtPosition[0], Text(typed));
     Dialog().txtPosition[0].LostFocus();
-    EXPECT_EQ(Options().kRewindSecs, kept) << ToUtf8(typed);
+    EXPECT_EQ(Options().rewindSeconds, kept) << ToUtf8(typed);
     EXPECT_EQ(Dialog().txtPosition[0].GetText(), Decimal(kept));
   }
-  EXPECT_EQ(Options().kForwardSecs, 5);
+  EXPECT_EQ(Options().forwardSeconds, 5);
   Type(Dialog().txtPosition[1], u"12");
   Dialog().txtPosition[1].LostFocus();
-  EXPECT_EQ(Options().kForwardSecs, 12);
+  EXPECT_EQ(Options().forwardSeconds, 12);
 }
 
 TEST_F(SettingsKeys, SecondsTakeDigitsOnly) {
@@ -417,7 +418,7 @@ TEST_F(SettingsKeys, SecondsTakeDigitsOnly) {
 TEST_F(SettingsKeys, AClearedCheckDisablesEverythingElseOnThePage) {
   SettingsDialog& d = Dialog();
   d.chkKeys.Click();
-  EXPECT_EQ(Options().HotKeys, 0);
+  EXPECT_EQ(Options().hotkeysOn, 0);
   for (const Control* control :
        std::initializer_list<const Control*>{&d.txtHotkey[0], &d.txtHotkey[9], &d.lblHotkey[4], &d.txtPosition[0],
                                              &d.txtPosition[1], &d.lblSeconds[0], &d.lblPlayback, &d.lblCaptioning}) {
@@ -428,12 +429,12 @@ TEST_F(SettingsKeys, AClearedCheckDisablesEverythingElseOnThePage) {
 
 TEST_F(SettingsPlayer, FittingAndControlsReachThePlayerAtOnce) {
   Dialog().chkStretch.Click();
-  EXPECT_EQ(Options().P_STRETCH, 0);
+  EXPECT_EQ(Options().stretchVideo, 0);
   EXPECT_FALSE(player.stretch);
   const TextView modes[] = {u"none", u"mini", u"full"};
   for (int i = 0; i < 3; ++i) {
     Dialog().cmbUImode.Choose(i);
-    EXPECT_EQ(Options().P_UIMODE, modes[i]);
+    EXPECT_EQ(Options().playerControls, modes[i]);
     EXPECT_EQ(player.uiMode, modes[i]);
   }
 }
@@ -465,10 +466,10 @@ TEST_F(SettingsPlayer, AnInstalledFilterCanBeManaged) {
   EXPECT_FALSE(d.cmdVSFilter.Enabled());
   EXPECT_TRUE(d.optVSDisable.Value());
   Choose(d.optVSHide);
-  EXPECT_EQ(Options().P_VSFILTERMODE, 1);
+  EXPECT_EQ(Options().filterMode, 1);
   EXPECT_FALSE(d.optVSDisable.Value());
   Choose(d.optVSDisable);
-  EXPECT_EQ(Options().P_VSFILTERMODE, 0);
+  EXPECT_EQ(Options().filterMode, 0);
   filter.canConfigure = true;
   d.FillSettingsControls();
   d.cmdVSFilter.Click();
@@ -478,16 +479,16 @@ TEST_F(SettingsPlayer, AnInstalledFilterCanBeManaged) {
 TEST_F(SettingsPreview, OpaqueAndShadowAreAPair) {
   SettingsDialog& d = Dialog();
   Choose(d.optOpaque);
-  EXPECT_TRUE(Options().F_OPAQUE);
-  EXPECT_FALSE(Options().F_SHADOW);
+  EXPECT_TRUE(Options().previewOpaque);
+  EXPECT_FALSE(Options().previewShadow);
   EXPECT_FALSE(d.lblShadow.Enabled());
   EXPECT_FALSE(d.sldShadow.Enabled());
   EXPECT_FALSE(d.lblSampleShadow.Visible());
   EXPECT_EQ(d.GetSample().background, 0);
   EXPECT_FALSE(d.GetSample().windowBackground);
   Choose(d.optShadow);
-  EXPECT_FALSE(Options().F_OPAQUE);
-  EXPECT_TRUE(Options().F_SHADOW);
+  EXPECT_FALSE(Options().previewOpaque);
+  EXPECT_TRUE(Options().previewShadow);
   EXPECT_TRUE(d.sldShadow.Enabled());
   EXPECT_TRUE(d.lblSampleShadow.Visible());
   EXPECT_TRUE(d.optShadow.Value());
@@ -516,35 +517,35 @@ TEST_F(SettingsPreview, ARunningOverlayChangesAtOnce) {
   EXPECT_TRUE(program->sub.GetStyle().opaque);
   EXPECT_EQ(placed, 0);
   Move(Dialog().sldHeight, 10);
-  EXPECT_EQ(Options().F_SUBHEIGHT, 10);
+  EXPECT_EQ(Options().previewHeight, 10);
   EXPECT_EQ(placed, 1);
   EXPECT_EQ(Dialog().lblHeight.GetText(), u"Subtitle preview placement: 10%");
 }
 
-TEST_F(SettingsPreview, FontAndColourComeFromThePickers) {
+TEST_F(SettingsPreview, FontAndColorComeFromThePickers) {
   pickers.fonts = {{u"Tahoma", 60, false, true, false, false, 400}};
-  pickers.colours = {0x0000FF};
+  pickers.colors = {0x0000FF};
   Dialog().cmdFont.Click();
   Dialog().cmdColor.Click();
   EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Arial");
   EXPECT_EQ(pickers.fontsShown.at(0).Size, 18);
   EXPECT_TRUE(pickers.fontsShown.at(0).Bold);
-  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
-  EXPECT_EQ(Options().F_FONTSIZE, 48);
-  EXPECT_FALSE(Options().F_FONTBOLD);
-  EXPECT_EQ(pickers.coloursShown.at(0), 0xFFFFFF);
-  EXPECT_EQ(Options().F_FONTCOLOR, 0xFF);
+  EXPECT_EQ(Options().previewFontName, u"Tahoma");
+  EXPECT_EQ(Options().previewFontSize, 48);
+  EXPECT_FALSE(Options().previewFontBold);
+  EXPECT_EQ(pickers.colorsShown.at(0), 0xFFFFFF);
+  EXPECT_EQ(Options().previewColor, 0xFF);
   EXPECT_EQ(Dialog().GetSample().fontName, u"Tahoma");
-  EXPECT_EQ(Dialog().GetSample().colour, 0xFF);
+  EXPECT_EQ(Dialog().GetSample().color, 0xFF);
   Dialog().cmdFont.Click();
   Dialog().cmdColor.Click();
-  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
-  EXPECT_EQ(Options().F_FONTCOLOR, 0xFF);
+  EXPECT_EQ(Options().previewFontName, u"Tahoma");
+  EXPECT_EQ(Options().previewColor, 0xFF);
 }
 
 TEST_F(SettingsPreview, FollowingIsACheck) {
   Dialog().chkFollow.Click();
-  EXPECT_FALSE(Options().F_FOLLOW);
+  EXPECT_FALSE(Options().followCaptions);
 }
 
 TEST_F(SettingsLanguage, TheListHoldsTheDisplayNamesAndTheOneInForce) {
@@ -557,7 +558,7 @@ TEST_F(SettingsLanguage, TheListHoldsTheDisplayNamesAndTheOneInForce) {
 TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
   program->messages.AddBlock("0\t&Archivo\n193\tAjustes\n189\tTiempos\n190\tDetalles\n", static_cast<int>(kSpanish));
   Dialog().cboLanguage.Choose(kSpanish);
-  EXPECT_EQ(Options().Language, u"SPANISH");
+  EXPECT_EQ(Options().language, u"SPANISH");
   EXPECT_EQ(Dialog().Title(), u"Ajustes");
   EXPECT_EQ(Dialog().lblMenu[0].GetText(), u"Tiempos");
   EXPECT_EQ(Dialog().lblTop.GetText(), u"Tiempos");
@@ -583,7 +584,7 @@ TEST_F(SettingsLanguage, TheChosenValuesOutliveAChange) {
   Dialog().cboLanguage.Choose(kSpanish);
   EXPECT_EQ(Dialog().cmbApply.Index(), 2);
   EXPECT_EQ(Dialog().cmbUImode.Index(), 0);
-  EXPECT_EQ(Options().ApplyWhen, 2);
+  EXPECT_EQ(Options().applyWhen, 2);
 }
 
 TEST_F(SettingsLanguage, ArabicMirrorsTheDialog) {
@@ -666,8 +667,8 @@ TEST_F(SettingsLanguage, AFirstRunOpensTheDialogAtTheLanguageOnce) {
   Restart({});
   int runs = 0;
   program->dialogs.runSettings = [&] { ++runs; };
-  EXPECT_EQ(Options().Language, u"GERMAN");
-  EXPECT_EQ(Options().LanguageIndex, 21);
+  EXPECT_EQ(Options().language, u"GERMAN");
+  EXPECT_EQ(Options().languageRow, 21);
   program->OpenOnFirstRun();
   EXPECT_EQ(runs, 1);
   EXPECT_EQ(events.yields, 1);
@@ -684,7 +685,7 @@ TEST_F(SettingsLanguage, AFirstRunOpensTheDialogAtTheLanguageOnce) {
 TEST_F(SettingsLanguage, AStoreWithAnOldNameHoldsTheNewOneAfterTheDialogCloses) {
   Dialog().Close();
   StartIn("FARSI");
-  EXPECT_EQ(Options().Language, u"PERSIAN");
+  EXPECT_EQ(Options().language, u"PERSIAN");
   EXPECT_EQ(Stored(u"Language"), u"FARSI");
   Dialog().Close();
   EXPECT_EQ(Stored(u"Language"), u"PERSIAN");
@@ -741,12 +742,12 @@ TEST_F(SettingsStoring, ClosingByTheFrameKeepsChangesForTheRunAndStoresTheLangua
   Dialog().chkCollision.Click();
   Dialog().cboLanguage.Choose(kSpanish);
   Dialog().Close();
-  EXPECT_EQ(Options().Collision, 0);
+  EXPECT_EQ(Options().avoidCollision, 0);
   EXPECT_EQ(Stored(u"Collision"), u"?");
   EXPECT_EQ(Stored(u"Language"), u"SPANISH");
   Reopen();
-  EXPECT_EQ(Options().Collision, 1);
-  EXPECT_EQ(Options().Language, u"SPANISH");
+  EXPECT_EQ(Options().avoidCollision, 1);
+  EXPECT_EQ(Options().language, u"SPANISH");
 }
 
 TEST_F(SettingsStoring, AFieldThatWasntLeftCountsAtOk) {
@@ -760,7 +761,7 @@ TEST_F(SettingsStoring, AFieldThatWasntLeftCountsAtOk) {
 TEST_F(SettingsStoring, ABlankCreditsListRunsWithTheRuleOffAndTheStoreSaysSoAtTheNextOk) {
   program->store.SaveSettings(u"Cuewright", {{u"T_CREDITS", u"1"}, {u"T_CREDITSTEXT", u"   "}});
   Reopen();
-  EXPECT_EQ(Options().T_CREDITS, 0);
+  EXPECT_EQ(Options().removeCredits, 0);
   EXPECT_FALSE(Dialog().chkCredits.Value());
   EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
   Dialog().cmdOK.Click();
@@ -768,8 +769,8 @@ TEST_F(SettingsStoring, ABlankCreditsListRunsWithTheRuleOffAndTheStoreSaysSoAtTh
 }
 
 TEST_F(SettingsStoring, AFieldThatWasntTouchedStaysAsItIs) {
-  Options().T_CREDITSTEXT = u",a,,b";
-  Options().kRewindSecs = 1;
+  Options().creditWords = u",a,,b";
+  Options().rewindSeconds = 1;
   Dialog().FillSettingsControls();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u",a,,b");
@@ -778,22 +779,22 @@ TEST_F(SettingsStoring, AFieldThatWasntTouchedStaysAsItIs) {
 
 TEST_F(SettingsReset, TheFirstPageGoesBackToItsDefaultsWithCreditsOff) {
   AppOptions& o = Options();
-  o.AutoSplit = o.Collision = o.AutoJoin = o.DurationOn = 0;
-  o.Near = 10;
-  o.Duration = {10, 10, 10};
-  o.Tolerance = {10, 10, 10};
-  o.ApplyWhen = 2;
-  o.T_CREDITSTEXT = u"x";
-  o.HotKeys = 0;
+  o.autoSplit = o.avoidCollision = o.autoJoin = o.limitDuration = 0;
+  o.nearMs = 10;
+  o.durationPerCharacter = {10, 10, 10};
+  o.durationTolerance = {10, 10, 10};
+  o.applyWhen = 2;
+  o.creditWords = u"x";
+  o.hotkeysOn = 0;
   Dialog().cmdReset.Click();
-  EXPECT_EQ(o.AutoSplit, 1);
-  EXPECT_EQ(o.Near, 200);
-  EXPECT_EQ(o.Duration, (std::array<std::int16_t, 3>{250, 120, 50}));
-  EXPECT_EQ(o.Tolerance, (std::array<std::int16_t, 3>{200, 200, 200}));
-  EXPECT_EQ(o.ApplyWhen, 0);
-  EXPECT_EQ(o.T_CREDITS, 0);
-  EXPECT_EQ(o.T_CREDITSTEXT, u"@,http,www");
-  EXPECT_EQ(o.HotKeys, 0);
+  EXPECT_EQ(o.autoSplit, 1);
+  EXPECT_EQ(o.nearMs, 200);
+  EXPECT_EQ(o.durationPerCharacter, (std::array<std::int16_t, 3>{250, 120, 50}));
+  EXPECT_EQ(o.durationTolerance, (std::array<std::int16_t, 3>{200, 200, 200}));
+  EXPECT_EQ(o.applyWhen, 0);
+  EXPECT_EQ(o.removeCredits, 0);
+  EXPECT_EQ(o.creditWords, u"@,http,www");
+  EXPECT_EQ(o.hotkeysOn, 0);
   EXPECT_FALSE(Dialog().chkCredits.Value());
   EXPECT_EQ(Dialog().sldAutoJoin.Value(), 20);
 }
@@ -801,48 +802,48 @@ TEST_F(SettingsReset, TheFirstPageGoesBackToItsDefaultsWithCreditsOff) {
 TEST_F(SettingsReset, TheSecondPageGoesBackToItsLettersAndSeconds) {
   Dialog().ShowSettingsPage(1);
   for (TextBox& box : Dialog().txtHotkey) Press(box, u'q');
-  Options().kRewindSecs = 50;
-  Options().HotKeys = 0;
-  Options().Near = 10;
+  Options().rewindSeconds = 50;
+  Options().hotkeysOn = 0;
+  Options().nearMs = 10;
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Options().hkPlay, 90);
-  EXPECT_EQ(Options().hkForward, 69);
+  EXPECT_EQ(Options().playKey, 90);
+  EXPECT_EQ(Options().forwardKey, 69);
   EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Z");
   EXPECT_EQ(Dialog().txtHotkey[9].GetText(), u"E");
   EXPECT_EQ(Dialog().txtPosition[0].GetText(), u"5");
   EXPECT_TRUE(Dialog().chkKeys.Value());
-  EXPECT_EQ(Options().Near, 10);
+  EXPECT_EQ(Options().nearMs, 10);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"kPlay"), u"Z");
 }
 
 TEST_F(SettingsReset, OnThePlayerPageThePreviewGoesBackAndThePlayerStays) {
-  Options().P_UIMODE = u"mini";
-  Options().P_STRETCH = 0;
-  Options().F_FONTNAME = u"Tahoma";
-  Options().F_OPAQUE = true;
-  Options().F_SUBHEIGHT = 10;
+  Options().playerControls = u"mini";
+  Options().stretchVideo = 0;
+  Options().previewFontName = u"Tahoma";
+  Options().previewOpaque = true;
+  Options().previewHeight = 10;
   Dialog().ShowSettingsPage(2);
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Options().P_UIMODE, u"mini");
-  EXPECT_EQ(Options().P_STRETCH, 0);
-  EXPECT_EQ(Options().F_FONTNAME, u"Arial");
-  EXPECT_FALSE(Options().F_OPAQUE);
-  EXPECT_EQ(Options().F_SUBHEIGHT, 90);
+  EXPECT_EQ(Options().playerControls, u"mini");
+  EXPECT_EQ(Options().stretchVideo, 0);
+  EXPECT_EQ(Options().previewFontName, u"Arial");
+  EXPECT_FALSE(Options().previewOpaque);
+  EXPECT_EQ(Options().previewHeight, 90);
   EXPECT_TRUE(Dialog().optShadow.Value());
 }
 
 TEST_F(SettingsReset, OnThePreviewPageThePlayerGoesBackAndThePreviewStays) {
-  Options().P_UIMODE = u"mini";
-  Options().P_STRETCH = 0;
-  Options().P_VSFILTERMODE = 1;
-  Options().F_FONTNAME = u"Tahoma";
+  Options().playerControls = u"mini";
+  Options().stretchVideo = 0;
+  Options().filterMode = 1;
+  Options().previewFontName = u"Tahoma";
   Dialog().ShowSettingsPage(3);
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Options().P_UIMODE, u"full");
-  EXPECT_EQ(Options().P_STRETCH, 1);
-  EXPECT_EQ(Options().P_VSFILTERMODE, 0);
-  EXPECT_EQ(Options().F_FONTNAME, u"Tahoma");
+  EXPECT_EQ(Options().playerControls, u"full");
+  EXPECT_EQ(Options().stretchVideo, 1);
+  EXPECT_EQ(Options().filterMode, 0);
+  EXPECT_EQ(Options().previewFontName, u"Tahoma");
   EXPECT_EQ(player.uiMode, u"full");
   EXPECT_TRUE(player.stretch);
 }
@@ -852,7 +853,7 @@ TEST_F(SettingsReset, OnTheLanguagePageTheUsersLanguageComesBack) {
   Dialog().cboLanguage.Choose(kArabic);
   ASSERT_TRUE(Window().RightToLeft());
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Options().Language, u"ENGLISH");
+  EXPECT_EQ(Options().language, u"ENGLISH");
   EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
   EXPECT_FALSE(Window().RightToLeft());
   EXPECT_FALSE(Dialog().RightToLeft());
@@ -865,14 +866,14 @@ TEST_F(SettingsReset, OnTheLanguagePageALocaleWithoutALanguageGivesEnglish) {
   Dialog().cboLanguage.Choose(kArabic);
   ASSERT_TRUE(Window().RightToLeft());
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Options().Language, u"ENGLISH");
+  EXPECT_EQ(Options().language, u"ENGLISH");
   EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
   EXPECT_FALSE(Window().RightToLeft());
 }
 
 TEST_F(SettingsStoring, OkWritesThePlayersModeFromItsEntry) {
   Dialog().Close();
-  Options().P_UIMODE = u"what";
+  Options().playerControls = u"what";
   Dialog().Open();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"P_UIMODE"), u"full");
@@ -881,12 +882,12 @@ TEST_F(SettingsStoring, OkWritesThePlayersModeFromItsEntry) {
 TEST_F(SettingsStoring, TheRulesOnLoadHaveABoxAndAKey) {
   EXPECT_FALSE(Dialog().chkRulesOnLoad.Value());
   Dialog().chkRulesOnLoad.Click();
-  EXPECT_TRUE(Options().RulesOnLoad);
+  EXPECT_TRUE(Options().changeOnLoad);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"RulesOnLoad"), u"1");
   Dialog().ShowSettingsPage(0);
   Dialog().cmdReset.Click();
-  EXPECT_FALSE(Options().RulesOnLoad);
+  EXPECT_FALSE(Options().changeOnLoad);
 }
 
 TEST_F(SettingsPages, TheMenuOpensThemOnce) {

@@ -129,7 +129,7 @@ TEST_F(Spelling, ChangedRowsAreStoredAndCounted) {
 }
 
 TEST_F(Spelling, ACaptionOfTwoLinesComesBackWithTheSeparatorInForce) {
-  program->options.LineSeparator = u"[br]";
+  program->options.lineSeparator = u"[br]";
   script = [&] { Dialog().cmdReplace.Click(); };
   Check({u"one[br]teh[br]two"});
   EXPECT_EQ(Captions(), std::vector<Text>{u"one[br]the[br]two"});

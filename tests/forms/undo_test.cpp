@@ -20,7 +20,7 @@ struct Snapshot {
 struct UndoInTheWindow : ProgramFixture {
   Snapshot Now() {
     Snapshot snapshot;
-    snapshot.separator = program->options.LineSeparator;
+    snapshot.separator = program->options.lineSeparator;
     for (Row row = 1; row < List().Rows(); ++row) snapshot.captions.push_back(List().At(row));
     return snapshot;
   }
@@ -85,8 +85,8 @@ TEST_F(UndoInTheWindow, IsOffWithoutADocumentAndWithoutAStep) {
 }
 
 TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
-  program->options.ApplyWhen = 1;
-  program->options.DurationOn = 0;
+  program->options.applyWhen = 1;
+  program->options.limitDuration = 0;
   program->files.OpenSubtitleFile(SubRip("a.srt", 30));
   Play(folder.Write("film.mkv", "x"));
   List().SetRow(4, false);
@@ -123,7 +123,7 @@ TEST_F(UndoInTheWindow, EachCommandIsOneStepUnderItsName) {
   ExpectOneStep("Typing", [&] { Type(u"two\r\nlines"); });
   ExpectOneStep("Line separator", [&] { Window().mnuSeparator[1].Click(); });
   ExpectOneStep("Apply current rules", [&] {
-    program->options.T_CREDITSTEXT = u"line 2";
+    program->options.creditWords = u"line 2";
     Window().mnuRules.Click();
   });
   ExpectOneStep("Set delay", [&] {
@@ -202,8 +202,8 @@ TEST_F(UndoInTheWindow, TypingIsOneStepAPause) {
 }
 
 TEST_F(UndoInTheWindow, DuringACaptureTakesItsStartBackAndNoEndComesBehind) {
-  program->options.ApplyWhen = 1;
-  program->options.DurationOn = 0;
+  program->options.applyWhen = 1;
+  program->options.limitDuration = 0;
   program->files.OpenSubtitleFile(SubRip("a.srt", 5));
   Play(folder.Write("film.mkv", "x"));
   At(50);
@@ -217,9 +217,9 @@ TEST_F(UndoInTheWindow, DuringACaptureTakesItsStartBackAndNoEndComesBehind) {
 }
 
 TEST_F(UndoInTheWindow, OfACaptureLeavesNoEndThatTheNextOneCouldJoin) {
-  program->options.ApplyWhen = 1;
-  program->options.DurationOn = 0;
-  program->options.AutoJoin = 1;
+  program->options.applyWhen = 1;
+  program->options.limitDuration = 0;
+  program->options.autoJoin = 1;
   program->files.OpenSubtitleFile(SubRip("a.srt", 5));
   Play(folder.Write("film.mkv", "x"));
   const auto captured = [&](double from, double to) {
@@ -252,7 +252,7 @@ TEST_F(UndoInTheWindow, OfTheSeparatorBringsItBackInTheMenuAndInTheStore) {
 }
 
 TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
-  program->options.ApplyWhen = 1;
+  program->options.applyWhen = 1;
   program->files.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();
   EXPECT_TRUE(program->document.DocModified);
@@ -268,7 +268,7 @@ TEST_F(UndoInTheWindow, BackToTheSavedStateNeedsNoSaving) {
 }
 
 TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
-  program->options.RulesOnLoad = true;
+  program->options.changeOnLoad = true;
   program->files.OpenSubtitleFile(folder.Write("three.srt",
                                                "1\r\n00:00:01,000 --> 00:00:03,000\r\naa\r\nbb\r\ncc\r\n\r\n"
                                                "2\r\n00:00:05,000 --> 00:00:06,000\r\nx\r\n\r\n"));
@@ -373,7 +373,7 @@ struct RandomCommands : UndoInTheWindow {
   void ExpectAllTakenBack(unsigned seed) {
     random.seed(seed);
     Restart({});
-    program->options.ApplyWhen = static_cast<std::uint8_t>(seed % 3);
+    program->options.applyWhen = static_cast<std::uint8_t>(seed % 3);
     program->files.OpenSubtitleFile(SubRip("a.srt", 20));
     appended = SubRip("b.srt", 2);
     Play(folder.Write("film.mkv", "x"));

@@ -92,7 +92,7 @@ struct LanguageBlock : ::testing::TestWithParam<std::string> {
   const Text& English(int id) const { return *rig.catalogue.Find(CatalogueNumber(0, id)); }
   const Text& Own(int id) const { return rig.strings[NumberedMessage(static_cast<std::size_t>(id))]; }
   static std::string Row(int id, const Text& text) { return std::to_string(id) + ": " + ToUtf8(text); }
-  bool Has(int id) const { return rig.catalogue.Find(CatalogueNumber(rig.options.LanguageIndex, id)) != nullptr; }
+  bool Has(int id) const { return rig.catalogue.Find(CatalogueNumber(rig.options.languageRow, id)) != nullptr; }
   /// Calls `check(id)` for each row that has a text in English; new ones that wait for their translation are left out.
   template <class Check>
   void ForEachText(Check&& check) const {
@@ -130,7 +130,7 @@ std::size_t Count(TextView text, TextView part) {
 }
 
 TEST_P(LanguageBlock, IsAsNamedInTheLanguageTable) {
-  const std::size_t row = static_cast<std::size_t>(rig.options.LanguageIndex);
+  const std::size_t row = static_cast<std::size_t>(rig.options.languageRow);
   EXPECT_EQ(ToLower(rig.languages.LanguageTable()[row].name), FromUtf8(GetParam()));
 }
 

@@ -48,7 +48,7 @@ struct LanguageRig {
   }
   /// The start with this language in the settings.
   void StartIn(TextView language) {
-    options.Language = language;
+    options.language = language;
     languages.BuildLanguageTable();
     languages.LoadStored();
   }

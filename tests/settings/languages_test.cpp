@@ -47,8 +47,8 @@ TEST(LanguageTable, TellsOnceThatTheSystemsNamesCouldNotBeHad) {
 TEST(FirstStart, InAGermanLocaleRunsInGerman) {
   LanguageRig rig;
   rig.FirstStart(u"German", u"1252");
-  EXPECT_EQ(rig.options.Language, u"GERMAN");
-  EXPECT_EQ(rig.options.LanguageIndex, 21);
+  EXPECT_EQ(rig.options.language, u"GERMAN");
+  EXPECT_EQ(rig.options.languageRow, 21);
   EXPECT_TRUE(rig.languages.FirstRun());
   rig.languages.EndFirstRun();
   EXPECT_FALSE(rig.languages.FirstRun());
@@ -57,28 +57,28 @@ TEST(FirstStart, InAGermanLocaleRunsInGerman) {
 TEST(FirstStart, InAChineseLocaleRunsInEnglish) {
   LanguageRig rig;
   rig.FirstStart(u"Chinese", u"936");
-  EXPECT_EQ(rig.options.Language, u"ENGLISH");
-  EXPECT_EQ(rig.options.LanguageIndex, 0);
+  EXPECT_EQ(rig.options.language, u"ENGLISH");
+  EXPECT_EQ(rig.options.languageRow, 0);
   EXPECT_EQ(rig.strings[Message{0}], u"&File");
 }
 
 TEST(FirstStart, InAPortugueseLocaleIsNeverBrazilian) {
   LanguageRig rig;
   rig.FirstStart(u"Portuguese", u"1252");
-  EXPECT_EQ(rig.options.Language, u"PORTUGUESE");
-  EXPECT_EQ(rig.options.LanguageIndex, 7);
+  EXPECT_EQ(rig.options.language, u"PORTUGUESE");
+  EXPECT_EQ(rig.options.languageRow, 7);
 }
 
 TEST(FirstStart, TakesTheFirstRowThatTheLocalesNameBeginsWith) {
   LanguageRig rig;
   rig.FirstStart(u"spanish of old", u"1252");
-  EXPECT_EQ(rig.options.Language, u"SPANISH");
+  EXPECT_EQ(rig.options.language, u"SPANISH");
 }
 
 TEST(FirstStart, WithoutALocaleRunsInEnglish) {
   LanguageRig rig;
   rig.FirstStart(u"", u"");
-  EXPECT_EQ(rig.options.Language, u"ENGLISH");
+  EXPECT_EQ(rig.options.language, u"ENGLISH");
   EXPECT_TRUE(rig.boxes.shown.empty());
 }
 
@@ -89,26 +89,26 @@ TEST(FirstStart, TellsThatTheLocaleCouldNotBeAskedAndRunsInEnglish) {
   rig.languages.LoadStored();
   ASSERT_EQ(rig.boxes.shown.size(), 1u);
   EXPECT_EQ(rig.boxes.shown[0].text, u"Error detecting OS language: 57 Device I/O error");
-  EXPECT_EQ(rig.options.Language, u"ENGLISH");
+  EXPECT_EQ(rig.options.language, u"ENGLISH");
 }
 
 TEST(StoredLanguage, PortugueseIsRowSevenAndBrazilianRowSix) {
   LanguageRig portuguese;
   portuguese.StartIn(u"PORTUGUESE");
-  EXPECT_EQ(portuguese.options.LanguageIndex, 7);
+  EXPECT_EQ(portuguese.options.languageRow, 7);
   EXPECT_FALSE(portuguese.languages.FirstRun());
   LanguageRig brazilian;
   brazilian.StartIn(u"PORTUGUESE_BR");
-  EXPECT_EQ(brazilian.options.LanguageIndex, 6);
+  EXPECT_EQ(brazilian.options.languageRow, 6);
 }
 
 TEST(StoredLanguage, IsSoughtAsAPartOfTheNameWithItsCase) {
   LanguageRig part;
   part.StartIn(u"IAN");
-  EXPECT_EQ(part.options.LanguageIndex, 24);
+  EXPECT_EQ(part.options.languageRow, 24);
   LanguageRig lower;
   lower.StartIn(u"german");
-  EXPECT_EQ(lower.options.LanguageIndex, 0);
+  EXPECT_EQ(lower.options.languageRow, 0);
 }
 
 TEST(LanguageStrings, ALanguageWithOneOrTwoMissingCountsAsComplete) {
@@ -157,7 +157,7 @@ TEST(LanguageStrings, FurtherTextsFallBackToEnglishAndDontCount) {
   EXPECT_EQ(rig.strings[Message{901}], *rig.catalogue.Find(901));
   EXPECT_EQ(rig.strings[Message{1000}], u"Klassisch");
   EXPECT_EQ(rig.strings[Message{1001}], *rig.catalogue.Find(CatalogueNumber(0, 1001)));
-  const int german = rig.options.LanguageIndex;
+  const int german = rig.options.languageRow;
   EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 899)), nullptr);
   EXPECT_EQ(rig.catalogue.Find(CatalogueNumber(german, 3000)), nullptr);
   EXPECT_EQ(rig.files.Read(rig.languages.TranslationFilePath(), 1 << 20).find("21901"), std::string::npos);
@@ -182,7 +182,7 @@ TEST(LanguageStrings, AFolderInPlaceOfTheFileLeavesEnglish) {
   std::filesystem::create_directory(rig.folder.Path() / "languages" / "spanish.txt");
   rig.StartIn(u"SPANISH");
   EXPECT_EQ(rig.strings[Message{0}], u"&File");
-  EXPECT_EQ(rig.options.Language, u"SPANISH");
+  EXPECT_EQ(rig.options.language, u"SPANISH");
   EXPECT_TRUE(rig.boxes.shown.empty());
 }
 

@@ -107,47 +107,47 @@ TEST_F(Store, TwoProgramsDontUndoEachOther) {
 
 TEST_F(Options, AnEmptyStoreYieldsTheDefaults) {
   AppOptions o;
-  o.Near = 1;
+  o.nearMs = 1;
   LoadSettings(SettingsStore(files, path), o);
-  EXPECT_EQ(o.Language, u"---");
-  EXPECT_EQ(o.LineSeparator, u"|");
-  EXPECT_EQ(o.AutoSplit, 1);
-  EXPECT_EQ(o.Collision, 1);
-  EXPECT_EQ(o.AutoJoin, 1);
-  EXPECT_EQ(o.Near, 200);
-  EXPECT_EQ(o.DurationOn, 1);
-  EXPECT_EQ(o.Duration, (std::array<std::int16_t, 3>{250, 120, 50}));
-  EXPECT_EQ(o.Tolerance, (std::array<std::int16_t, 3>{200, 200, 200}));
-  EXPECT_EQ(o.ApplyWhen, 0);
-  EXPECT_EQ(o.T_CREDITS, 1);
-  EXPECT_EQ(o.T_CREDITSTEXT, u"@,http,www");
-  EXPECT_EQ(o.T_READAS, u"auto");
-  EXPECT_EQ(o.HotKeys, 1);
-  EXPECT_EQ(o.kRewindSecs, 5);
-  EXPECT_EQ(o.kForwardSecs, 5);
-  const std::array<int, 10> keys = {o.hkPlay, o.hkPause,    o.hkStop, o.hkStart,  o.hkNext,
-                                    o.hkEnd,  o.hkPrevious, o.hkJump, o.hkRewind, o.hkForward};
+  EXPECT_EQ(o.language, u"---");
+  EXPECT_EQ(o.lineSeparator, u"|");
+  EXPECT_EQ(o.autoSplit, 1);
+  EXPECT_EQ(o.avoidCollision, 1);
+  EXPECT_EQ(o.autoJoin, 1);
+  EXPECT_EQ(o.nearMs, 200);
+  EXPECT_EQ(o.limitDuration, 1);
+  EXPECT_EQ(o.durationPerCharacter, (std::array<std::int16_t, 3>{250, 120, 50}));
+  EXPECT_EQ(o.durationTolerance, (std::array<std::int16_t, 3>{200, 200, 200}));
+  EXPECT_EQ(o.applyWhen, 0);
+  EXPECT_EQ(o.removeCredits, 1);
+  EXPECT_EQ(o.creditWords, u"@,http,www");
+  EXPECT_EQ(o.readAs, u"auto");
+  EXPECT_EQ(o.hotkeysOn, 1);
+  EXPECT_EQ(o.rewindSeconds, 5);
+  EXPECT_EQ(o.forwardSeconds, 5);
+  const std::array<int, 10> keys = {o.playKey, o.pauseKey,    o.stopKey, o.startKey,  o.nextKey,
+                                    o.endKey,  o.previousKey, o.jumpKey, o.rewindKey, o.forwardKey};
   EXPECT_EQ(keys, (std::array<int, 10>{90, 88, 67, 66, 78, 77, 68, 70, 87, 69}));
-  EXPECT_EQ(o.F_FONTNAME, u"Arial");
-  EXPECT_EQ(o.F_FONTSIZE, 18);
-  EXPECT_TRUE(o.F_FONTBOLD);
-  EXPECT_EQ(o.F_FONTCOLOR, 16777215);
-  EXPECT_FALSE(o.F_OPAQUE);
-  EXPECT_TRUE(o.F_SHADOW);
-  EXPECT_EQ(o.F_SHADOWVAL, 1);
-  EXPECT_EQ(o.F_SUBHEIGHT, 90);
-  EXPECT_TRUE(o.F_FOLLOW);
-  EXPECT_EQ(o.P_STRETCH, 1);
-  EXPECT_EQ(o.P_UIMODE, u"full");
-  EXPECT_EQ(o.P_VSFILTERMODE, 0);
-  EXPECT_EQ(o.M_FONTNAME, u"Tahoma");
-  EXPECT_EQ(o.M_FONTSIZE, 8);
-  EXPECT_FALSE(o.M_FONTBOLD);
-  EXPECT_TRUE(o.M_INFOBAR);
-  EXPECT_FALSE(o.M_AUDIOBAR);
-  EXPECT_FALSE(o.M_FULLWAVE);
-  EXPECT_EQ(o.M_AUDIOBARCOLOR, 16776960);
-  EXPECT_EQ(o.M_WAVSCALE, 23000);
+  EXPECT_EQ(o.previewFontName, u"Arial");
+  EXPECT_EQ(o.previewFontSize, 18);
+  EXPECT_TRUE(o.previewFontBold);
+  EXPECT_EQ(o.previewColor, 16777215);
+  EXPECT_FALSE(o.previewOpaque);
+  EXPECT_TRUE(o.previewShadow);
+  EXPECT_EQ(o.previewShadowDepth, 1);
+  EXPECT_EQ(o.previewHeight, 90);
+  EXPECT_TRUE(o.followCaptions);
+  EXPECT_EQ(o.stretchVideo, 1);
+  EXPECT_EQ(o.playerControls, u"full");
+  EXPECT_EQ(o.filterMode, 0);
+  EXPECT_EQ(o.listFontName, u"Tahoma");
+  EXPECT_EQ(o.listFontSize, 8);
+  EXPECT_FALSE(o.listFontBold);
+  EXPECT_TRUE(o.infoBarOn);
+  EXPECT_FALSE(o.audioBarOn);
+  EXPECT_FALSE(o.fullWave);
+  EXPECT_EQ(o.waveColor, 16776960);
+  EXPECT_EQ(o.waveScale, 23000);
 }
 
 TEST_F(Options, OldLanguageNamesAreMapped) {
@@ -159,7 +159,7 @@ TEST_F(Options, OldLanguageNamesAreMapped) {
     store.SaveSetting(kMainSection, u"Language", c.stored);
     AppOptions o;
     LoadSettings(store, o);
-    EXPECT_EQ(o.Language, c.read);
+    EXPECT_EQ(o.language, c.read);
   }
 }
 
@@ -169,7 +169,7 @@ TEST_F(Options, ABlankCreditsTextTurnsTheRuleOffInMemoryOnly) {
   store.SaveSetting(kMainSection, u"T_CREDITSTEXT", u"   ");
   AppOptions o;
   LoadSettings(store, o);
-  EXPECT_EQ(o.T_CREDITS, 0);
+  EXPECT_EQ(o.removeCredits, 0);
   EXPECT_EQ(Get(u"T_CREDITS"), u"1");
 }
 
@@ -184,7 +184,7 @@ TEST_F(Options, FlagsReadAnyNumberButZeroAsTrue) {
     store.SaveSetting(kMainSection, u"F_OPAQUE", c.stored);
     AppOptions o;
     LoadSettings(store, o);
-    EXPECT_EQ(o.F_OPAQUE, c.read) << ToUtf8(c.stored);
+    EXPECT_EQ(o.previewOpaque, c.read) << ToUtf8(c.stored);
   }
 }
 
@@ -197,10 +197,11 @@ TEST_F(Options, ByteFlagsStoredAsMinusOneAreTrue) {
   store.SaveSetting(kMainSection, u"T_CREDITS", u"300");
   AppOptions o;
   LoadSettings(store, o);
-  for (const std::uint8_t flag : {o.AutoSplit, o.Collision, o.AutoJoin, o.DurationOn, o.HotKeys, o.P_STRETCH}) {
+  for (const std::uint8_t flag :
+       {o.autoSplit, o.avoidCollision, o.autoJoin, o.limitDuration, o.hotkeysOn, o.stretchVideo}) {
     EXPECT_NE(flag, 0);
   }
-  EXPECT_EQ(o.T_CREDITS, 0);
+  EXPECT_EQ(o.removeCredits, 0);
 }
 
 TEST_F(Options, AFileThatCannotBeReadIsNeverWritten) {
@@ -228,11 +229,11 @@ TEST_F(Options, AValueThatDoesntFitLeavesTheNeutralOneAndTheNextKeyIsRead) {
   store.SaveSetting(kMainSection, u"F_SHADOWVAL", u"3.5");
   AppOptions o;
   LoadSettings(store, o);
-  EXPECT_EQ(o.F_FONTSIZE, 0);
-  EXPECT_EQ(o.Near, 0);
-  EXPECT_EQ(o.Duration[1], 0);
-  EXPECT_EQ(o.F_SHADOWVAL, 4);
-  EXPECT_EQ(o.Duration[2], 50);
+  EXPECT_EQ(o.previewFontSize, 0);
+  EXPECT_EQ(o.nearMs, 0);
+  EXPECT_EQ(o.durationPerCharacter[1], 0);
+  EXPECT_EQ(o.previewShadowDepth, 4);
+  EXPECT_EQ(o.durationPerCharacter[2], 50);
 }
 
 TEST_F(Options, ThePlayerModeHoldsFourCharacters) {
@@ -240,14 +241,14 @@ TEST_F(Options, ThePlayerModeHoldsFourCharacters) {
   store.SaveSetting(kMainSection, u"P_UIMODE", u"invisible");
   AppOptions o;
   LoadSettings(store, o);
-  EXPECT_EQ(o.P_UIMODE, u"invi");
+  EXPECT_EQ(o.playerControls, u"invi");
 }
 
 TEST_F(Options, TheMainWindowsKeysAreWrittenAsTexts) {
   SettingsStore store(files, path);
   AppOptions o;
-  o.M_INFOBAR = false;
-  o.M_FULLWAVE = true;
+  o.infoBarOn = false;
+  o.fullWave = true;
   SaveMainWindowSettings(store, o, 42);
   EXPECT_EQ(Get(u"Volume"), u"42");
   EXPECT_EQ(Get(u"M_INFOBAR"), u"0");

@@ -173,10 +173,10 @@ class FakeFileDialogs final : public FileDialogs {
 /// Pickers answered from queues; an empty queue is a cancel.
 class FakePickers final : public Pickers {
  public:
-  std::optional<std::int32_t> PickColour(std::int32_t initial, const CustomColours& custom) override {
-    coloursShown.push_back(initial);
-    customColours = custom;
-    return Take(colours);
+  std::optional<std::int32_t> PickColor(std::int32_t initial, const CustomColors& custom) override {
+    colorsShown.push_back(initial);
+    customColors = custom;
+    return Take(colors);
   }
   std::optional<FontChoice> PickFont(const FontChoice& initial) override {
     fontsShown.push_back(initial);
@@ -187,11 +187,11 @@ class FakePickers final : public Pickers {
     return Take(folders).value_or(Text());
   }
 
-  std::vector<std::int32_t> coloursShown;
-  CustomColours customColours{};
+  std::vector<std::int32_t> colorsShown;
+  CustomColors customColors{};
   std::vector<FontChoice> fontsShown;
   std::vector<Text> prompts;
-  std::deque<std::int32_t> colours;
+  std::deque<std::int32_t> colors;
   std::deque<FontChoice> fonts;
   std::deque<Text> folders;
 

@@ -10,10 +10,9 @@ namespace {
 
 constexpr const char* kPicture = "-c:v libx264 -preset ultrafast -tune zerolatency -g 25 -pix_fmt yuv420p ";
 
-std::string Picture(double seconds, int framesPerSecond, const std::string& colour) {
+std::string Picture(double seconds, int framesPerSecond, const std::string& color) {
   std::ostringstream text;
-  text << "-f lavfi -i color=c=" << colour << ":size=320x180:rate=" << framesPerSecond << ":duration=" << seconds
-       << " ";
+  text << "-f lavfi -i color=c=" << color << ":size=320x180:rate=" << framesPerSecond << ":duration=" << seconds << " ";
   return text.str();
 }
 
@@ -23,9 +22,9 @@ std::string Tone(double seconds) {
   return text.str();
 }
 
-std::string NameOf(const std::string& kind, double seconds, int framesPerSecond, const std::string& colour) {
+std::string NameOf(const std::string& kind, double seconds, int framesPerSecond, const std::string& color) {
   std::ostringstream text;
-  text << kind << "_" << seconds << "s_" << framesPerSecond << "fps_" << colour << ".mkv";
+  text << kind << "_" << seconds << "s_" << framesPerSecond << "fps_" << color << ".mkv";
   return text.str();
 }
 
@@ -50,13 +49,13 @@ std::string MediaFiles::Make(const std::string& name, const std::string& argumen
   return path;
 }
 
-std::string MediaFiles::Film(double seconds, int framesPerSecond, const std::string& colour) {
-  return Make(NameOf("film", seconds, framesPerSecond, colour),
-              Picture(seconds, framesPerSecond, colour) + Tone(seconds) + kPicture + "-c:a pcm_s16le ");
+std::string MediaFiles::Film(double seconds, int framesPerSecond, const std::string& color) {
+  return Make(NameOf("film", seconds, framesPerSecond, color),
+              Picture(seconds, framesPerSecond, color) + Tone(seconds) + kPicture + "-c:a pcm_s16le ");
 }
 
-std::string MediaFiles::SilentFilm(double seconds, int framesPerSecond, const std::string& colour) {
-  return Make(NameOf("silent", seconds, framesPerSecond, colour), Picture(seconds, framesPerSecond, colour) + kPicture);
+std::string MediaFiles::SilentFilm(double seconds, int framesPerSecond, const std::string& color) {
+  return Make(NameOf("silent", seconds, framesPerSecond, color), Picture(seconds, framesPerSecond, color) + kPicture);
 }
 
 std::string MediaFiles::Sound(double seconds) {

@@ -16,9 +16,9 @@ class MediaFiles {
   const std::filesystem::path& Folder() const { return folder_; }
 
   /// A film of one colour ("red", "0x204060") with a tone; `seconds` long.
-  std::string Film(double seconds, int framesPerSecond = 25, const std::string& colour = "red");
+  std::string Film(double seconds, int framesPerSecond = 25, const std::string& color = "red");
   /// The same without sound.
-  std::string SilentFilm(double seconds, int framesPerSecond = 25, const std::string& colour = "red");
+  std::string SilentFilm(double seconds, int framesPerSecond = 25, const std::string& color = "red");
   /// A tone alone.
   std::string Sound(double seconds);
   /// A film whose sound ends (begins) at another second than its picture.

@@ -40,7 +40,7 @@ struct ProgramFixture : ::testing::Test {
     program =
         std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers, journal}, environment);
     started = program->Start();
-    program->options.Near = 199;  // the captions of `SubRip` are 200 ms apart, and stay so on load
+    program->options.nearMs = 199;  // the captions of `SubRip` are 200 ms apart, and stay so on load
     program->LoadMainWindow(1280, 800);
     program->grid.NoteMetrics(200, 20);
   }

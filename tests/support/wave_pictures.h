@@ -21,22 +21,22 @@ class PixelSurface final : public WaveSurface {
 
   int InnerWidth() const override { return inner_; }
   int InnerHeight() const override { return height_; }
-  void Clear(std::int32_t colour) override {
+  void Clear(std::int32_t color) override {
     ++clears;
-    pixels_.assign(pixels_.size(), hasScale_ ? kScale : colour);
+    pixels_.assign(pixels_.size(), hasScale_ ? kScale : color);
   }
-  void SetPixel(int x, int y, std::int32_t colour) override { Put(x, y, colour); }
-  void DrawLine(int x1, int y1, int x2, int y2, std::int32_t colour) override {
+  void SetPixel(int x, int y, std::int32_t color) override { Put(x, y, color); }
+  void DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) override {
     ++lines;
     for (int x = std::min(x1, x2); x <= std::max(x1, x2); ++x) {
-      for (int y = std::min(y1, y2); y <= std::max(y1, y2); ++y) Put(x, y, colour);
+      for (int y = std::min(y1, y2); y <= std::max(y1, y2); ++y) Put(x, y, color);
     }
   }
   std::int32_t At(int x, int y) const { return pixels_[static_cast<std::size_t>(y * width_ + x)]; }
   /// Pixels of a column that have the colour.
-  int Count(int x, std::int32_t colour) const {
+  int Count(int x, std::int32_t color) const {
     int count = 0;
-    for (int y = 0; y < height_; ++y) count += At(x, y) == colour ? 1 : 0;
+    for (int y = 0; y < height_; ++y) count += At(x, y) == color ? 1 : 0;
     return count;
   }
   void SetInner(int width) { inner_ = width; }
@@ -45,8 +45,8 @@ class PixelSurface final : public WaveSurface {
   int lines = 0;
 
  private:
-  void Put(int x, int y, std::int32_t colour) {
-    if (x >= 0 && x < width_ && y >= 0 && y < height_) pixels_[static_cast<std::size_t>(y * width_ + x)] = colour;
+  void Put(int x, int y, std::int32_t color) {
+    if (x >= 0 && x < width_ && y >= 0 && y < height_) pixels_[static_cast<std::size_t>(y * width_ + x)] = color;
   }
   int inner_;
   int width_;

@@ -132,8 +132,8 @@ TEST_F(Rules, AfterAFileOfCreditsABlankRowIsLeftAndEveryDeletionHasRowOne) {
 
 TEST_F(Rules, AListOfSeventyPiecesHasSixtyFour) {
   Only(0, 0, 0, 0, 1);
-  options.T_CREDITSTEXT = u"p1";
-  for (int i = 2; i <= 70; ++i) options.T_CREDITSTEXT += u",q" + Decimal(i) + u"q";
+  options.creditWords = u"p1";
+  for (int i = 2; i <= 70; ++i) options.creditWords += u",q" + Decimal(i) + u"q";
   Put({{1, 2, u"has q63q"}, {1, 2, u"has q64q"}, {1, 2, u"has q70q"}});
   engine.ApplyRules(true);
   EXPECT_EQ(list.Rows(), 3);
@@ -142,7 +142,7 @@ TEST_F(Rules, AListOfSeventyPiecesHasSixtyFour) {
 
 TEST_F(Rules, APieceIsSearchedUntrimmedAndABlankOneIsSkipped) {
   Only(0, 0, 0, 0, 1);
-  options.T_CREDITSTEXT = u"zz, ,  , www";
+  options.creditWords = u"zz, ,  , www";
   Put({{1, 2, u"at www"}, {1, 2, u"xwww"}});
   engine.ApplyRules(true);
   ASSERT_EQ(list.Rows(), 2);

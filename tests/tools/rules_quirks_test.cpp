@@ -18,7 +18,7 @@ TEST_F(Autosplit, LeavesACaptionOfOneSeparatorHoweverLongItIs) {
 
 TEST_F(Autosplit, CountsSeparatorsThatOverlapAsTwo) {
   Only(1, 0, 0, 0, 0);
-  options.LineSeparator = u"||";
+  options.lineSeparator = u"||";
   Put({{1000, 2000, u"a b|||c d"}});
   engine.ApplyRules(true);
   EXPECT_EQ(report.LinesSplit(), 1);
@@ -54,7 +54,7 @@ TEST_F(CollisionRule, MovesTheStartAloneAndTheLimitMendsWhatIsLeft) {
 }
 
 TEST_F(CollisionRule, ByItselfTakesAHintAndOnlyLogsWhenItIsOff) {
-  options.Collision = 0;
+  options.avoidCollision = 0;
   Put({{1000, 3000, u"a"}, {2000, 4000, u"b"}});
   std::int32_t start = 2500;
   engine.CheckCollision(2, start);
@@ -195,7 +195,7 @@ TEST_F(CreditRule, LeavesTheLastRowSelectedAsADeletionDoes) {
 
 TEST_F(CreditRule, MatchesLettersOfEveryScriptWhateverTheirCase) {
   Only(0, 0, 0, 0, 1);
-  options.T_CREDITSTEXT = u"ПЕРЕВОД,ς";
+  options.creditWords = u"ПЕРЕВОД,ς";
   Put({{1, 2, u"перевод: кто-то"}, {1, 2, u"ΣΑΝ"}, {1, 2, u"stays"}});
   engine.ApplyRules(true);
   ASSERT_EQ(list.Rows(), 2);
@@ -206,7 +206,7 @@ using ThePass = RulesTest;
 
 TEST_F(ThePass, TakesFlagsOf255AsTrue) {
   Only(255, 255, 255, 255, 255);
-  options.Collision = 255;
+  options.avoidCollision = 255;
   Put({{1000, 2000, u"a b|c|d"}, {1500, 2300, u"second"}, {7000, 7000, u"12345"}, {9000, 9900, u"www"}});
   engine.ApplyRules(true);
   EXPECT_EQ(report.LinesSplit(), 1);

@@ -40,11 +40,11 @@ struct RulesTest : ::testing::Test {
   void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
   void Only(std::uint8_t split, std::uint8_t collision, std::uint8_t join, std::uint8_t duration,
             std::uint8_t credits) {
-    options.AutoSplit = split;
-    options.Collision = collision;
-    options.AutoJoin = join;
-    options.DurationOn = duration;
-    options.T_CREDITS = credits;
+    options.autoSplit = split;
+    options.avoidCollision = collision;
+    options.autoJoin = join;
+    options.limitDuration = duration;
+    options.removeCredits = credits;
   }
   std::string Line(std::size_t entry) const { return ToUtf8(report.OneLine(entry)); }
 

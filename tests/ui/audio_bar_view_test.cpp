@@ -23,7 +23,7 @@
 #include "tests/support/program_fixture.h"
 #include "ui/audio_view.h"
 #include "ui/main_window_view.h"
-#include "ui/qt_colour.h"
+#include "ui/qt_color.h"
 #include "ui/qt_ports.h"
 #include "ui/svg_picture.h"
 #include "ui/video_view.h"
@@ -156,7 +156,7 @@ TEST_F(RealBarTest, ThePositionLineStaysWithinAColumnOfThePlayersClock) {
   QTest::qWait(100);
   auto* wave = Find("picWave");
   const int x = Bar().Marks().position;
-  EXPECT_EQ(PixelOf(wave, x, 3), ColourOf(0xFFFFC0));
+  EXPECT_EQ(PixelOf(wave, x, 3), ColorOf(0xFFFFC0));
   EXPECT_EQ(Find("imgWavPos")->x(), wave->x() + x - 2);
 }
 
@@ -170,7 +170,7 @@ TEST_F(RealBarTest, ADragWithTheRightButtonStoresTheTimes) {
   program->list.SetRow(1, false);
   auto* wave = Find("picWave");
   ASSERT_EQ(Bar().Marks().start, 100);
-  EXPECT_EQ(PixelOf(wave, 100, 3), ColourOf(0x0000C0));
+  EXPECT_EQ(PixelOf(wave, 100, 3), ColorOf(0x0000C0));
   const auto drag = [&](Qt::MouseButton button, int from, int to) {
     QTest::mousePress(wave, button, {}, QPoint(from, 30));
     QMouseEvent move(QEvent::MouseMove, QPointF(to, 30), wave->mapToGlobal(QPointF(to, 30)), Qt::NoButton, button, {});
@@ -242,7 +242,7 @@ TEST_F(RealBarTest, AWiderWindowNeedsNoRepaintAndAMirroredOneKeepsTheWave) {
   ASSERT_TRUE(Wait([&] { return wave->width() > 1100; }));
   EXPECT_EQ(paints, 0);
   program->window.SetRightToLeft(true);
-  EXPECT_EQ(PixelOf(wave, 100, 1), ColourOf(0x808080));  // the first second is still on the left
+  EXPECT_EQ(PixelOf(wave, 100, 1), ColorOf(0x808080));  // the first second is still on the left
   const QRect slider = Find("sldWavScale")->geometry();
   EXPECT_TRUE(view->rect().contains(QRect(Find("sldWavScale")->mapTo(view.get(), QPoint(0, 0)), slider.size())));
   EXPECT_LT(slider.right(), Find("picLevel")->x());
@@ -251,26 +251,26 @@ TEST_F(RealBarTest, AWiderWindowNeedsNoRepaintAndAMirroredOneKeepsTheWave) {
 
 /// Contrast of two colours as the guidelines for accessible content count it, 1 to 21.
 double Contrast(QColor a, QColor b) {
-  const auto light = [](QColor colour) {
+  const auto light = [](QColor color) {
     const auto part = [](double value) {
       return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF()) + 0.05;
   };
   return std::max(light(a), light(b)) / std::min(light(a), light(b));
 }
 
-TEST_F(RealBarTest, TheMarksOfTheCaptionStandOutFromAWaveOfAnyColour) {
+TEST_F(RealBarTest, TheMarksOfTheCaptionStandOutFromAWaveOfAnyColor) {
   Captions();
   Bar().LoadWaveFile(WaveOf(Film(14), "bar.wav"));
   auto* wave = Find("picWave");
-  for (const std::int32_t colour : {0xFFFF00, 0x00FF00, 0xFFFFFF, 0x202020, 0x0000C0, 0x6060FF}) {
-    Bar().SetWaveColor(colour);
+  for (const std::int32_t color : {0xFFFF00, 0x00FF00, 0xFFFFFF, 0x202020, 0x0000C0, 0x6060FF}) {
+    Bar().SetWaveColor(color);
     program->list.SetRow(1, false);
     for (const int x : {Bar().Marks().start, Bar().Marks().end}) {
       for (int y = 0; y < wave->height(); ++y) {
-        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x - 1, y)), 3) << colour << " " << y;
-        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x + 1, y)), 3) << colour << " " << y;
+        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x - 1, y)), 3) << color << " " << y;
+        EXPECT_GE(Contrast(PixelOf(wave, x, y), PixelOf(wave, x + 1, y)), 3) << color << " " << y;
       }
     }
   }

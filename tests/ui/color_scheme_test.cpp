@@ -19,8 +19,8 @@ namespace cuewright {
 namespace {
 
 bool WindowsAreDark() {
-  const QPalette colours = QApplication::palette();
-  return colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
+  const QPalette colors = QApplication::palette();
+  return colors.color(QPalette::WindowText).lightness() > colors.color(QPalette::Window).lightness();
 }
 
 /// The settings portal of a desktop that prefers what the test says.
@@ -48,16 +48,16 @@ class Portal final : public QDBusVirtualObject {
   uint scheme_;
 };
 
-struct ColourTest : ::testing::Test {
-  ~ColourTest() override {
+struct ColorTest : ::testing::Test {
+  ~ColorTest() override {
     QApplication::setPalette(QPalette());
     qunsetenv("CUEWRIGHT_COLOR_SCHEME");
   }
 };
 
-using Colours = ColourTest;
+using Colors = ColorTest;
 
-TEST_F(Colours, GoDarkAndBack) {
+TEST_F(Colors, GoDarkAndBack) {
   ColorScheme scheme;
   ASSERT_FALSE(WindowsAreDark());
   scheme.Apply(true);
@@ -66,31 +66,31 @@ TEST_F(Colours, GoDarkAndBack) {
   EXPECT_FALSE(WindowsAreDark());
 }
 
-TEST_F(Colours, EveryTextStandsOutFromItsGround) {
+TEST_F(Colors, EveryTextStandsOutFromItsGround) {
   ColorScheme scheme;
   scheme.Apply(true);
-  const QPalette colours = QApplication::palette();
+  const QPalette colors = QApplication::palette();
   const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[] = {
       {QPalette::WindowText, QPalette::Window},       {QPalette::Text, QPalette::Base},
       {QPalette::ButtonText, QPalette::Button},       {QPalette::HighlightedText, QPalette::Highlight},
       {QPalette::ToolTipText, QPalette::ToolTipBase}, {QPalette::Link, QPalette::Base}};
   for (const auto& [text, ground] : pairs) {
-    EXPECT_GT(colours.color(text).lightness() - colours.color(ground).lightness(), 80) << text;
+    EXPECT_GT(colors.color(text).lightness() - colors.color(ground).lightness(), 80) << text;
   }
 }
 
 /// Contrast of two colours as the guidelines for accessible content count it, 1 to 21.
 double Contrast(QColor a, QColor b) {
-  const auto light = [](QColor colour) {
+  const auto light = [](QColor color) {
     const auto part = [](double value) {
       return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF()) + 0.05;
   };
   return std::max(light(a), light(b)) / std::min(light(a), light(b));
 }
 
-TEST_F(Colours, UncheckedBoxesAndRadioButtonsAreSeenInTheDark) {
+TEST_F(Colors, UncheckedBoxesAndRadioButtonsAreSeenInTheDark) {
   const QString before = QApplication::style()->objectName();
   QApplication::setStyle(new JoinedLetters("fusion"));
   {
@@ -113,13 +113,13 @@ TEST_F(Colours, UncheckedBoxesAndRadioButtonsAreSeenInTheDark) {
   QApplication::setStyle(before);
 }
 
-TEST_F(Colours, TheEnvironmentGoesFirst) {
+TEST_F(Colors, TheEnvironmentGoesFirst) {
   qputenv("CUEWRIGHT_COLOR_SCHEME", "dark");
   const ColorScheme scheme;
   EXPECT_TRUE(WindowsAreDark());
 }
 
-TEST_F(Colours, FollowTheDesktopsPortalAlsoLater) {
+TEST_F(Colors, FollowTheDesktopsPortalAlsoLater) {
   // Another party of the bus than the program itself.
   QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
   if (!bus.isConnected()) GTEST_SKIP() << "there is no session bus here";

@@ -252,7 +252,7 @@ TEST_F(SettingsWindowView, AShortcutIsTypedIntoItsField) {
   EXPECT_EQ(box->selectedText(), "Q");
   QTest::keyClick(box, Qt::Key_R);
   EXPECT_EQ(box->text(), "R");
-  EXPECT_EQ(program->options.hkPlay, 'R');
+  EXPECT_EQ(program->options.playKey, 'R');
   QTest::keyClick(box, Qt::Key_5);
   EXPECT_EQ(box->text(), "R");
   EXPECT_EQ(boxes.shown.size(), 1u);
@@ -261,15 +261,15 @@ TEST_F(SettingsWindowView, AShortcutIsTypedIntoItsField) {
 TEST_F(SettingsWindowView, BarsAndChecksReachTheOptions) {
   ShowSettings();
   QTest::keyClick(Find<QCheckBox>("chkCollision"), Qt::Key_Space);
-  EXPECT_EQ(program->options.Collision, 0);
+  EXPECT_EQ(program->options.avoidCollision, 0);
   EXPECT_FALSE(Find<QCheckBox>("chkCollision")->isChecked());
   Settings().chkAutoJoin.Hovered();
   auto* slider = Find<QSlider>("sldAutoJoin");
   slider->setFocus();
   QTest::keyClick(slider, Qt::Key_Home);
-  EXPECT_EQ(program->options.Near, 10);
+  EXPECT_EQ(program->options.nearMs, 10);
   QTest::keyClick(slider, Qt::Key_End);
-  EXPECT_EQ(program->options.Near, 400);
+  EXPECT_EQ(program->options.nearMs, 400);
 }
 
 TEST_F(SettingsWindowView, EnterIsOkAndEscapeKeepsChangesUnstored) {
@@ -356,7 +356,7 @@ TEST_F(FormatWindowView, LatinNamesBeginAtTheRightInArabic) {
   EXPECT_EQ(side("lblSamiSample"), Qt::AlignHCenter | Qt::AlignAbsolute);
 }
 
-TEST_F(FormatWindowView, SamplesShowTheColours) {
+TEST_F(FormatWindowView, SamplesShowTheColors) {
   ShowFormats();
   EXPECT_EQ(Find("picSamiSample")->palette().color(QPalette::Window), QColor(0, 0, 0));
   EXPECT_EQ(Find("lblSamiSample")->palette().color(QPalette::WindowText), QColor(255, 255, 0));
@@ -424,9 +424,9 @@ void Answer(std::function<void(Picker&)> answer) {
   });
 }
 
-TEST_F(PickerViews, AColourBeginsWithTheGivenOneAndOffersTheProgramsOwn) {
+TEST_F(PickerViews, AColorBeginsWithTheGivenOneAndOffersTheProgramsOwn) {
   QtPickers own;
-  CustomColours custom{};
+  CustomColors custom{};
   custom[0] = 0xC0C0C0;
   custom[15] = 0xC000C1;
   Answer<QColorDialog>([](QColorDialog& picker) {
@@ -435,9 +435,9 @@ TEST_F(PickerViews, AColourBeginsWithTheGivenOneAndOffersTheProgramsOwn) {
     picker.setCurrentColor(QColor(1, 2, 3));
     picker.accept();
   });
-  EXPECT_EQ(own.PickColour(0x332211, custom), 0x030201);
+  EXPECT_EQ(own.PickColor(0x332211, custom), 0x030201);
   Answer<QColorDialog>([](QColorDialog& picker) { picker.reject(); });
-  EXPECT_EQ(own.PickColour(0x332211, custom), std::nullopt);
+  EXPECT_EQ(own.PickColor(0x332211, custom), std::nullopt);
 }
 
 TEST_F(PickerViews, AFontBeginsWithTheGivenOneAndComesBackWhole) {

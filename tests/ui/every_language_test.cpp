@@ -35,7 +35,7 @@ bool IsText(const QWidget& widget) {
 struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<std::size_t> {
   EveryLanguage() {
     LoadIcons();
-    program->options.ApplyWhen = 1;
+    program->options.applyWhen = 1;
     program->files.OpenSubtitleFile(SubRip("a.srt", 10));
     const std::filesystem::path resources(CUEWRIGHT_SOURCE_DIR "/resources");
     std::filesystem::create_directory_symlink(resources / "messages", folder.Path() / "languages");
@@ -57,7 +57,7 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
   }
 
   std::string Where(const QWidget& window) const {
-    return ToUtf8(program->options.Language) + " " + window.objectName().toStdString() + " ";
+    return ToUtf8(program->options.language) + " " + window.objectName().toStdString() + " ";
   }
 
   /// Leaves a picture of the window in the folder that the environment names, if it does: sheets are made of them.
@@ -66,7 +66,7 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
     if (sheets.isEmpty()) return;
     const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
     const QString name = QString("%1/%2_%3_%4.png")
-                             .arg(sheets, QString::fromStdString(ToUtf8(ToLower(program->options.Language))))
+                             .arg(sheets, QString::fromStdString(ToUtf8(ToLower(program->options.language))))
                              .arg(QString(test->name()).section('/', 0, 0))
                              .arg(++kept_, 2, 10, QChar('0'));
     EXPECT_TRUE(window.grab().save(name)) << name.toStdString();

@@ -303,7 +303,7 @@ TEST_F(MainWindowKeys, ApplyHasTheFocusAgainAfterAPauseAndAfterTheLimit) {
   player.Play();
   QCoreApplication::processEvents();
   EXPECT_EQ(view->focusWidget(), apply);
-  program->options.ApplyWhen = 2;  // captions end by themselves
+  program->options.applyWhen = 2;  // captions end by themselves
   for (const int second : {20, 40}) {
     At(second);
     const Row row = List().Selected();

@@ -30,7 +30,7 @@ struct OverlayTest : ::testing::Test {
   OverlayTest() {
     style.fontName = u"DejaVu Sans";
     style.fontSize = 18;
-    style.colour = 0x00FFFF;
+    style.color = 0x00FFFF;
     overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
     film.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&film));
@@ -44,13 +44,13 @@ struct OverlayTest : ::testing::Test {
   }
   QImage Picture() { return film.grab().toImage(); }
   /// Pixels of a colour inside the overlay, the edges of letters not counted.
-  int Count(QColor colour) {
+  int Count(QColor color) {
     const QImage picture = Picture();
     const double ratio = picture.devicePixelRatio();
     int count = 0;
     for (int y = 100; y < 100 + overlay.height(); ++y) {
       for (int x = 10; x < 490; ++x) {
-        count += picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio)) == colour ? 1 : 0;
+        count += picture.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio)) == color ? 1 : 0;
       }
     }
     return count;

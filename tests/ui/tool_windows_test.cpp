@@ -32,7 +32,7 @@ struct ToolWindowsTest : ProgramFixture {
     owner.resize(800, 600);
     owner.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&owner));
-    program->options.ApplyWhen = 1;
+    program->options.applyWhen = 1;
     program->files.OpenSubtitleFile(SubRip("a.srt", 10));
   }
   ~ToolWindowsTest() override { tools.reset(); }

@@ -25,8 +25,8 @@ using testing::Not;
 
 constexpr int kLimitMs = 20'000;
 
-bool IsRed(QColor colour) { return colour.red() > 200 && colour.green() < 40 && colour.blue() < 40; }
-bool IsBlack(QColor colour) { return colour.red() < 20 && colour.green() < 20 && colour.blue() < 20; }
+bool IsRed(QColor color) { return color.red() > 200 && color.green() < 40 && color.blue() < 40; }
+bool IsBlack(QColor color) { return color.red() < 20 && color.green() < 20 && color.blue() < 20; }
 
 class VideoViewTest : public testing::Test {
  protected:
@@ -64,7 +64,7 @@ class VideoViewTest : public testing::Test {
     return Wait([&] { return player->CurrentPosition() >= seconds; });
   }
 
-  QColor ColourAt(double x, double y) {
+  QColor ColorAt(double x, double y) {
     const QImage image = view->Surface()->grab().toImage();
     return image.pixelColor(static_cast<int>(x * (image.width() - 1)), static_cast<int>(y * (image.height() - 1)));
   }
@@ -85,37 +85,37 @@ class VideoViewTest : public testing::Test {
   QLineEdit* edit = nullptr;
 };
 
-TEST_F(VideoViewTest, IsBlackWithNothingOpen) { EXPECT_TRUE(IsBlack(ColourAt(0.5, 0.5))); }
+TEST_F(VideoViewTest, IsBlackWithNothingOpen) { EXPECT_TRUE(IsBlack(ColorAt(0.5, 0.5))); }
 
 TEST_F(VideoViewTest, ShowsThePictureWithBarsAroundIt) {
   Open(Media().Film(4, 25, "red"));
-  EXPECT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)); }));
   // 16:9 in an area that is taller.
-  EXPECT_TRUE(IsBlack(ColourAt(0.5, 0.01)));
-  EXPECT_TRUE(IsBlack(ColourAt(0.5, 0.99)));
-  EXPECT_TRUE(IsRed(ColourAt(0.02, 0.5)));
+  EXPECT_TRUE(IsBlack(ColorAt(0.5, 0.01)));
+  EXPECT_TRUE(IsBlack(ColorAt(0.5, 0.99)));
+  EXPECT_TRUE(IsRed(ColorAt(0.02, 0.5)));
 }
 
 TEST_F(VideoViewTest, IsBlackAgainWhenTheFilmIsClosed) {
   Open(Media().Film(4, 25, "red"));
-  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)); }));
   player->SetUrl(u"");
-  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColorAt(0.5, 0.5)); }));
 }
 
 TEST_F(VideoViewTest, IsBlackWhileASoundPlaysThatFollowsAFilm) {
   Open(Media().Film(4, 25, "red"));
-  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)); }));
   Open(Media().Sound(4));
-  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColorAt(0.5, 0.5)); }));
   EXPECT_TRUE(WaitForPosition(0.2));
 }
 
 TEST_F(VideoViewTest, IsBlackAfterAFileThatIsNoFilm) {
   Open(Media().Film(4, 25, "red"));
-  ASSERT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  ASSERT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)); }));
   Open(Media().File("text.txt", "Not a film.\n"));
-  EXPECT_TRUE(Wait([&] { return IsBlack(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsBlack(ColorAt(0.5, 0.5)); }));
 }
 
 TEST_F(VideoViewTest, ThePausedPictureFollowsTheWindow) {
@@ -123,14 +123,14 @@ TEST_F(VideoViewTest, ThePausedPictureFollowsTheWindow) {
   ASSERT_TRUE(WaitForPosition(0.2));
   player->Pause();
   window.resize(900, 300);
-  EXPECT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.02)) && IsBlack(ColourAt(0.02, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.02)) && IsBlack(ColorAt(0.02, 0.5)); }));
 }
 
 TEST_F(VideoViewTest, KeepsTheSizeOfThePictureWhereItIsNotToFit) {
   Open(Media().Film(4, 25, "red"));
   player->SetStretchToFit(false);
   window.resize(1000, 800);
-  EXPECT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)) && IsBlack(ColourAt(0.1, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)) && IsBlack(ColorAt(0.1, 0.5)); }));
 }
 
 TEST_F(VideoViewTest, TheButtonsWorkByPointer) {
@@ -265,7 +265,7 @@ TEST_F(VideoViewTest, MayBeMadeAndEndedWhileTheFilmPlays) {
   ASSERT_TRUE(WaitForPosition(0.5));
   view = new VideoView(*player, *player, &window);
   window.layout()->addWidget(view);
-  EXPECT_TRUE(Wait([&] { return IsRed(ColourAt(0.5, 0.5)); }));
+  EXPECT_TRUE(Wait([&] { return IsRed(ColorAt(0.5, 0.5)); }));
 }
 
 }  // namespace
