@@ -17,7 +17,7 @@ namespace cuewright {
 using Row = int;
 inline constexpr Row kMaxRow = 32766;
 
-/// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the `LineSeparator`, styles as
+/// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the line separator, styles as
 /// the bare markers "<b>", "<i>", "<u>". Its number is its row.
 struct Caption {
   std::int32_t start = 0;
@@ -50,7 +50,7 @@ struct Splice {
 /// The document's captions and the selected row. Every change ends in `Replace`.
 class CaptionList {
  public:
-  /// `options` gives the `LineSeparator` and the nearby factor; `modified` is the document's flag.
+  /// `options` gives the line separator and the nearby factor; `modified` is the document's flag.
   CaptionList(const AppOptions& options, bool& modified);
 
   /// Caption count plus 1; never below 2.
@@ -59,7 +59,7 @@ class CaptionList {
   const Caption& At(Row row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
   CaptionTimes TimesAt(Row row) const { return {At(row).start, At(row).end}; }
 
-  /// The text, the empty one for a row out of range; with `asLines` every `LineSeparator` is CR LF.
+  /// The text, the empty one for a row out of range; with `asLines` every line separator is CR LF.
   Text GetCaptionText(Row row, bool asLines = false) const;
   /// Start (end) in ms; 0 for a row out of range.
   std::int32_t GetCaptionStart(Row row) const;
@@ -67,7 +67,7 @@ class CaptionList {
   /// True when the start is above 0.
   bool IsCaptionTimed(Row row) const;
 
-  /// Stores a text; one that ends in the `LineSeparator` is dropped. Leaves the modified flag alone.
+  /// Stores a text; one that ends in the line separator is dropped. Leaves the modified flag alone.
   void SetCaptionText(Row row, TextView text);
   /// Stores a start (end) in ms, a negative one as 0; sets the modified flag unless `quiet`.
   void SetCaptionStart(Row row, std::int32_t ms, bool quiet);
