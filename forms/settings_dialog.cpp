@@ -295,22 +295,22 @@ void SettingsDialog::OnClose() {
 void SettingsDialog::Reset() {
   switch (page_) {
     case 0:
-      ResetRuleSettings(options_);
+      ResetOptions(options_, OptionPlace::Rules);
       break;
     case 1:
-      ResetKeySettings(options_);
+      ResetOptions(options_, OptionPlace::Keys);
       letters_ = DefaultHotkeyLetters();
       for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetText(letters_[k]);
       break;
     // These two are crossed.
     case 2:
-      ResetPreviewSettings(options_);
+      ResetOptions(options_, OptionPlace::Preview);
       break;
     case 3:
-      ResetPlayerSettings(options_);
+      ResetOptions(options_, OptionPlace::Player);
       break;
     default:
-      options_.manner = Manner();
+      ResetOptions(options_, OptionPlace::Language);
       parts_.languages.DetectLanguage(u"ENGLISH");
       parts_.languages.ReadUserCharset();
       if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.languageRow));

@@ -9,8 +9,8 @@
 #include "core/ports/video_filter.h"
 #include "forms/ports.h"
 #include "forms/settings_window.h"
-#include "settings/dialog_options.h"
 #include "settings/languages.h"
+#include "settings/options.h"
 #include "settings/store.h"
 
 namespace cuewright {

@@ -143,7 +143,7 @@ void SettingsDialog::TakeHotkeyText(std::size_t index) {
   // What isn't one letter came by another way than the keys: the letter in force comes back.
   if (text.size() == 1 && IsUpperLetter(text[0])) {
     letters_[index] = text;
-    options_.*kHotkeys[index].field = static_cast<std::uint8_t>(text[0]);
+    OptionOf(box.Name()).field.take(options_, Decimal(text[0]));
   }
   box.SetText(letters_[index]);
   box.Select(0, static_cast<int>(box.GetText().size()));

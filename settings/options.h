@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
+#include <array>
 
-#include "core/app_options.h"
+#include "settings/option_table.h"
 #include "settings/store.h"
 
 namespace cuewright {
@@ -12,6 +12,18 @@ void LoadSettings(const SettingsReader& store, AppOptions& options);
 
 /// The keys that are stored when the main window closes.
 void SaveMainWindowSettings(SettingsStore& store, const AppOptions& options, int volume);
+
+/// The letters of the keyboard shortcuts, as the settings dialog alone reads and shows them, in the order of the table.
+using HotkeyLetters = std::array<Text, 10>;
+HotkeyLetters ReadHotkeyLetters(const SettingsReader& store);
+/// The letters of the default key codes.
+HotkeyLetters DefaultHotkeyLetters();
+
+/// Stores all that the settings dialog edits but the language, changed or not, in one write.
+void SaveDialogSettings(SettingsStore& store, const AppOptions& options, const HotkeyLetters& letters);
+
+/// Takes the options of a place back to what its page of the settings dialog begins with.
+void ResetOptions(AppOptions& options, OptionPlace place);
 
 /// A flag as the store holds it: "255" or "0".
 Text FlagText(bool flag);
