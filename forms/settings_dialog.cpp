@@ -2,56 +2,75 @@
 
 #include <algorithm>
 
-#include "core/numbers.h"
-#include "forms/web.h"
-
 namespace cuewright {
 namespace {
 
+constexpr std::size_t kKeysPage = 1;
 constexpr std::size_t kLanguagePage = 4;
-constexpr std::array<Message, SettingsWindow::kPages> kTitles = {Message::TimingManagement, Message::KeyboardShortcuts,
-                                                                 Message::PlayerSettings, Message::SubtitlePreview,
-                                                                 Message::LanguageAndEncoding};
-constexpr std::array<Message, 10> kHotkeyNames = {Message::Play,
-                                                  Message::Pause,
-                                                  Message::Stop,
-                                                  Message::Start,
-                                                  Message::Next,
-                                                  Message::End,
-                                                  Message::ReturnToPreviousSubtitle,
-                                                  Message::JumpToNextSubtitle,
-                                                  Message::Rewind,
-                                                  Message::ForwardKey};
-constexpr std::array<Message, 2> kPositionNames = {Message::Rewind, Message::ForwardKey};
-constexpr std::array<Message, 3> kLengthClasses = {Message::ShortCaptions, Message::MediumCaptions,
-                                                   Message::LongCaptions};
+/// What Reset takes back on each page. The design has the player's page and the preview's reset each other.
+constexpr std::array<OptionPlace, SettingsDialog::kPages> kResets = {
+    OptionPlace::Rules, OptionPlace::Keys, OptionPlace::Preview, OptionPlace::Player, OptionPlace::Language};
 
 }  // namespace
 
 SettingsDialog::SettingsDialog(const SettingsParts& parts)
-    : parts_(parts), options_(parts_.options), strings_(parts_.strings) {
+    : Dialog("frmSettings"),
+      details(*this, parts.strings),
+      rules(PagePlace(parts), parts.capture),
+      keys(PagePlace(parts), parts.ports.messages),
+      player(PagePlace(parts), parts.ports.player, parts.filter),
+      preview(PagePlace(parts), parts.document, parts.preview, parts.ports.pickers),
+      language(PagePlace(parts), parts.languages, parts.ports.desktop, parts.ports.messages),
+      parts_(parts),
+      strings_(parts_.strings) {
   cmdOK.Clicked.Connect([this] { Accept(); });
   cmdReset.Clicked.Connect([this] { Reset(); });
-  WireHover();
-  WirePageHover();
-  WireRules();
-  WirePanels();
-  WireKeys();
-  WirePlayer();
-  WirePreview();
-  WireLanguage();
+  details.Explain(cmdOK, Message::SaveSettingsHint);
+  details.Explain(cmdReset, Message::ResetSectionHint);
+  language.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
+  WireMenu();
+}
+
+void SettingsDialog::WireMenu() {
+  for (std::size_t i = 0; i < kPages; ++i) {
+    lblMenu[i].Hovered.Connect([this, i] { PointAtMenu(i); });
+    lblMenu[i].Clicked.Connect([this, i] { ShowSettingsPage(i); });
+    imgMenu[i].Hovered.Connect([this, i] { PointAtMenu(i); });
+    imgMenu[i].MouseDown.Connect([this, i](const MouseEvent& mouse) {
+      if (mouse.button == MouseButton::Left) ShowSettingsPage(i);
+    });
+    picOptions[i].Hovered.Connect([this, i] {
+      details.Show(pages_[i]->GetHeading().overPage);
+      rules.ClosePanels();
+      LeaveMenu();
+    });
+  }
+  picMenu.Hovered.Connect([this] {
+    ShowSettingsDetails({});
+    LeaveMenu();
+  });
+  Hovered.Connect([this] {
+    rules.ClosePanels();
+    LeaveMenu();
+  });
+}
+
+void SettingsDialog::PointAtMenu(std::size_t entry) {
+  details.Show(pages_[entry]->GetHeading().overEntry);
+  for (std::size_t i = 0; i < kPages; ++i) lblMenu[i].SetUnderlined(i == entry);
+}
+
+void SettingsDialog::LeaveMenu() {
+  for (Label& label : lblMenu) label.SetUnderlined(false);
 }
 
 void SettingsDialog::Open() {
   for (Picture& page : picOptions) page.SetVisible(false);
-  ClosePanels();
+  rules.ClosePanels();
   LeaveMenu();
   ShowSettingsDetails({});
-  std::vector<Text> names;
-  for (const LanguageRow& row : parts_.languages.LanguageTable()) names.push_back(row.displayName);
-  cboLanguage.SetItems(std::move(names));
-  letters_ = ReadHotkeyLetters(parts_.store);
-  for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetText(letters_[k]);
+  language.ListLanguages();
+  keys.ShowLetters(ReadHotkeyLetters(parts_.store));
   ApplySettingsDialogLanguage();
   FillSettingsControls();
   ShowSettingsPage(parts_.languages.FirstRun() ? kLanguagePage : 0);
@@ -60,269 +79,85 @@ void SettingsDialog::Open() {
 
 void SettingsDialog::ShowSettingsPage(std::size_t index) {
   page_ = std::min(index, kPages - 1);
-  lblTop.SetText(strings_[kTitles[page_]]);
-  picTop.SetSpokenName(strings_[kTitles[page_]]);
-  ClosePanels();
+  ShowTitle();
+  rules.ClosePanels();
   for (std::size_t i = 0; i < kPages; ++i) picOptions[i].SetVisible(i == page_);
   PageChanged();
 }
 
-void SettingsDialog::FillSettingsControls() {
-  const AppOptions& o = options_;
-  chkAutoSplit.SetValue(o.autoSplit != 0);
-  chkCollision.SetValue(o.avoidCollision != 0);
-  chkAutoJoin.SetValue(o.autoJoin != 0);
-  sldAutoJoin.SetValue(o.nearMs / 10);
-  chkDuration.SetValue(o.limitDuration != 0);
-  for (std::size_t k = 0; k < 3; ++k) {
-    sldDuration[k].SetValue(o.durationPerCharacter[k] / 10);
-    sldTolerance[k].SetValue(o.durationTolerance[k] / 10);
-  }
-  chkCredits.SetValue(o.removeCredits != 0);
-  txtCredits.SetText(o.creditWords);
-  cmbApply.SetIndex(std::min<int>(o.applyWhen, 2));
-  chkRulesOnLoad.SetValue(o.changeOnLoad);
-  ShowRuleLabels();
-  EnableRuleControls();
-
-  chkKeys.SetValue(o.hotkeysOn != 0);
-  txtPosition[0].SetText(Decimal(o.rewindSeconds));
-  txtPosition[1].SetText(Decimal(o.forwardSeconds));
-  EnableKeyControls();
-
-  chkStretch.SetValue(o.stretchVideo != 0);
-  cmbUImode.SetIndex(o.playerControls == u"none" ? 0 : o.playerControls == u"mini" ? 1 : 2);
-  FillFilterControls();
-
-  optOpaque.SetValue(o.previewOpaque);
-  optShadow.SetValue(!o.previewOpaque);
-  chkClassic.SetValue(o.manner.Classic());
-
-  sldShadow.SetValue(o.previewShadowDepth);
-  sldHeight.SetValue(o.previewHeight);
-  chkFollow.SetValue(o.followCaptions);
-  ShowPreviewLabels();
-  DrawSample();
+void SettingsDialog::ShowTitle() {
+  const Text& title = strings_[pages_[page_]->GetHeading().title];
+  lblTop.SetText(title);
+  picTop.SetSpokenName(title);
 }
 
-void SettingsDialog::ShowSettingsDetails(TextView text) {
-  lblDetails.SetText(text);
-  lblDetailsTitle.SetVisible(!text.empty());
-  fraDetails.SetVisible(!text.empty());
-  lblDetails.SetVisible(!text.empty());
+void SettingsDialog::FillSettingsControls() {
+  for (SettingsPage* page : pages_) page->Fill();
 }
 
 void SettingsDialog::ApplySettingsDialogLanguage() {
-  percent_ = parts_.languages.LoadLanguageStrings(false);
-  lblComplete.SetVisible(percent_ != 100);
+  language.LoadStrings();
   SetRightToLeft(parts_.languages.IsRightToLeft());
   SetTitle(strings_[Message::GeneralSettings]);
+  picMenu.SetSpokenName(WithoutAccessKey(strings_[Message::GeneralSettings]));
   for (std::size_t i = 0; i < kPages; ++i) {
-    lblMenu[i].SetText(strings_[kTitles[i]]);
-    imgMenu[i].SetSpokenName(strings_[kTitles[i]]);
+    const Text& title = strings_[pages_[i]->GetHeading().title];
+    lblMenu[i].SetText(title);
+    imgMenu[i].SetSpokenName(title);
+    picOptions[i].SetSpokenName(WithoutAccessKey(title));
   }
-  lblTop.SetText(strings_[kTitles[page_]]);
-  picTop.SetSpokenName(strings_[kTitles[page_]]);
-  ApplyPageTexts();
-  ApplyNames();
-  ShowRuleLabels();
-  ShowPreviewLabels();
-  ApplyLanguagePage();
-  DrawSample();
+  ShowTitle();
+  details.lblDetailsTitle.SetText(strings_[Message::Details]);
+  cmdOK.SetText(strings_[Message::Ok]);
+  cmdReset.SetText(strings_[Message::Reset]);
+  for (SettingsPage* page : pages_) page->ApplyLanguage();
   LanguageApplied();
 }
 
-void SettingsDialog::ApplyPageTexts() {
-  struct Labelled {
-    Control& control;
-    Message message;
-  };
-  const Labelled rows[] = {{lblDetailsTitle, Message::Details},
-                           {cmdOK, Message::Ok},
-                           {cmdReset, Message::Reset},
-                           {chkAutoSplit, Message::AutosplitLines},
-                           {chkCollision, Message::AvoidCollision},
-                           {chkAutoJoin, Message::ImmediateChange},
-                           {chkDuration, Message::AutomaticLimit},
-                           {lblShort, Message::ShortCaptions},
-                           {lblMedium, Message::MediumCaptions},
-                           {lblLong, Message::LongCaptions},
-                           {chkCredits, Message::RemoveCredits},
-                           {lblCredits, Message::RemoveLinesWith},
-                           {lblApply, Message::WhenToApplyRules},
-                           {chkKeys, Message::EnableShortcuts},
-                           {fraKeys, Message::AvailableShortcuts},
-                           {lblPlayback, Message::Playback},
-                           {lblCaptioning, Message::Captioning},
-                           {chkStretch, Message::AutofitVideo},
-                           {lblUImode, Message::PlayerControls},
-                           {lblVSFilter, Message::VsFilterManagement},
-                           {optVSDisable, Message::VsFilterDisable},
-                           {optVSHide, Message::VsFilterHide},
-                           {lblVSNotice, Message::VsFilterRestored},
-                           {cmdVSFilter, Message::Configure},
-                           {lblFormat, Message::PreviewTextHint},
-                           {cmdFont, Message::FontButton},
-                           {cmdColor, Message::ColorButton},
-                           {optOpaque, Message::OpaqueBackground},
-                           {optShadow, Message::TransparentBackground},
-                           {lblSample, Message::Sample},
-                           {chkFollow, Message::FollowSubtitles},
-                           {lblLanguage, Message::InterfaceLanguage},
-                           {lblTranslator, Message::TranslationBy},
-                           {chkClassic, Message::ClassicManner},
-                           {chkRulesOnLoad, Message::RulesOnLoad},
-                           {fraCharset, Message::SubtitleCharset},
-                           {lblCharset, Message::CharsetIsRegional},
-                           {cmdRegionalSettings, Message::Configure},
-                           {lblSampleShadow, Message::Sample}};
-  for (const Labelled& row : rows) row.control.SetText(strings_[row.message]);
-  for (std::size_t k = 0; k < lblHotkey.size(); ++k) lblHotkey[k].SetText(strings_[kHotkeyNames[k]]);
-  for (Label& label : lblSeconds) label.SetText(strings_[Message::SecondsOfRewind]);
-  const int apply = cmbApply.Index();
-  cmbApply.SetItems(
-      {strings_[Message::OnLoadOnly], strings_[Message::DuringSubtitlingOnly], strings_[Message::OnLoadAndSubtitling]});
-  cmbApply.SetIndex(apply);
-  const int mode = cmbUImode.Index();
-  cmbUImode.SetItems(
-      {strings_[Message::HideControls], strings_[Message::BasicControls], strings_[Message::AllControls]});
-  cmbUImode.SetIndex(mode);
-  lblComplete.SetText(u"Complete this translation...");
+std::vector<Text> SettingsDialog::DetailTexts() const {
+  std::vector<Text> texts = details.Texts();
+  texts.push_back(language.CompletionHint());
+  return texts;
 }
 
-void SettingsDialog::ApplyNames() {
-  const auto plain = [this](Message message) { return WithoutAccessKey(strings_[message]); };
-  cmbApply.SetSpokenName(plain(Message::WhenToApplyRules));
-  sldAutoJoin.SetSpokenName(plain(Message::NearbyFactor));
-  txtCredits.SetSpokenName(plain(Message::RemoveLinesWith));
-  cmbUImode.SetSpokenName(plain(Message::PlayerControls));
-  cboLanguage.SetSpokenName(plain(Message::InterfaceLanguage));
-  txtCharset.SetSpokenName(plain(Message::SubtitleCharset));
-  cmdRegionalSettings.SetSpokenName(plain(Message::Configure) + u" " + plain(Message::SubtitleCharset));
-  cmdVSFilter.SetSpokenName(plain(Message::Configure) + u" " + plain(Message::VsFilterManagement));
-  picSample.SetSpokenName(plain(Message::Sample));
-  picMenu.SetSpokenName(plain(Message::GeneralSettings));
-  for (Picture* image : {&imgAutoJoin, &imgDuration, &imgCredits}) image->SetSpokenName(plain(Message::Options));
-  imgVSHelp.SetSpokenName(plain(Message::WhatsThis));
-  picAutoJoin.SetSpokenName(plain(Message::ImmediateChange));
-  picDuration.SetSpokenName(plain(Message::AutomaticLimit));
-  picCredits.SetSpokenName(plain(Message::RemoveCredits));
-  for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetSpokenName(plain(kHotkeyNames[k]));
-  for (std::size_t i = 0; i < txtPosition.size(); ++i) {
-    txtPosition[i].SetSpokenName(plain(kPositionNames[i]) + u", " + plain(Message::SecondsOfRewind));
-  }
-  for (std::size_t i = 0; i < kPages; ++i) picOptions[i].SetSpokenName(plain(kTitles[i]));
-}
-
-void SettingsDialog::ApplyLanguagePage() {
-  const Languages& languages = parts_.languages;
-  const auto row = static_cast<std::size_t>(options_.languageRow);
-  cboLanguage.SetIndex(languages.FindLanguageInList(row, cboLanguage.Items()));
-  picFlag.SetSpokenName(languages.LanguageTable()[row].displayName);
-  txtCharset.SetText(languages.CharsetText());
-  const Languages::NoticeTexts notice = languages.Notice();
-  lblWarning.SetText(notice.lblWarning);
-  lblCurrLang.SetText(notice.lblCurrLang);
-  lblReqLang.SetText(notice.lblReqLang);
-  fraNotice.SetVisible(languages.NeedsNotice());
-  fraNotice.SetSpokenName(notice.lblWarning);
-}
-
-void SettingsDialog::ShowRuleLabels() {
-  lblAutoJoin.SetText(strings_[Message::NearbyFactor] + u" " + Decimal(options_.nearMs) + u" " +
-                      strings_[Message::Milliseconds]);
-  for (std::size_t k = 0; k < 3; ++k) {
-    lblDuration[k].SetText(Fill(strings_[Message::DurationPerCharacter], Decimal(options_.durationPerCharacter[k])));
-    lblTolerance[k].SetText(Fill(strings_[Message::Tolerance], Decimal(options_.durationTolerance[k])));
-    const Text length = strings_[kLengthClasses[k]] + u", ";
-    sldDuration[k].SetSpokenName(length + lblDuration[k].GetText());
-    sldTolerance[k].SetSpokenName(length + lblTolerance[k].GetText());
-  }
-}
-
-void SettingsDialog::ShowPreviewLabels() {
-  lblShadow.SetText(Fill(strings_[Message::ShadowDepth], Decimal(options_.previewShadowDepth)));
-  lblHeight.SetText(Fill(strings_[Message::PreviewPlacement], Decimal(options_.previewHeight)));
-  sldShadow.SetSpokenName(lblShadow.GetText());
-  sldHeight.SetSpokenName(lblHeight.GetText());
-}
-
-void SettingsDialog::WireLanguage() {
-  cboLanguage.Chosen.Connect([this] { ChooseLanguage(); });
-  lblComplete.Clicked.Connect([this] { CompleteTranslation(); });
-  chkClassic.Clicked.Connect([this] { options_.manner.SetClassic(chkClassic.Value()); });
-  cmdRegionalSettings.Clicked.Connect(
-      [this] { ShowRegionalSettings(parts_.ports.desktop, parts_.ports.messages, strings_); });
-}
-
-void SettingsDialog::ChooseLanguage() {
-  if (changeLanguage) changeLanguage(parts_.languages.RowOfDisplayName(cboLanguage.GetText()));
+void SettingsDialog::ChangeLanguage(std::size_t row) {
+  if (changeLanguage) changeLanguage(row);
   ApplySettingsDialogLanguage();
-  RenewDetails();
-}
-
-void SettingsDialog::CompleteTranslation() {
-  if (!lblComplete.Enabled()) return;
-  lblComplete.SetEnabled(false);
-  parts_.ports.desktop.SetBusy(true);
-  percent_ = parts_.languages.LoadLanguageStrings(true);
-  parts_.ports.messages.Show({parts_.languages.TranslationFileMessage(), BoxIcon::Information});
-  parts_.ports.desktop.ShellOpen(parts_.languages.TranslationFilePath());
-  lblComplete.SetEnabled(true);
-  parts_.ports.desktop.SetBusy(false);
+  // Details that are on show stay so, in the new language.
+  if (details.lblDetails.Visible()) details.Show(pages_[page_]->GetHeading().overPage);
 }
 
 void SettingsDialog::TakeOpenFields() {
-  // The access key of a button doesn't take the focus out of a field.
-  if (creditsOpen_) TakeCredits();
-  for (std::size_t i = 0; i < txtPosition.size(); ++i) {
-    if (positionOpen_[i]) TakePosition(i);
-  }
+  for (SettingsPage* page : pages_) page->TakeOpenFields();
 }
 
 void SettingsDialog::Accept() {
   TakeOpenFields();
-  TakeUiMode();
-  SaveDialogSettings(parts_.store, options_, letters_);
+  player.TakeUiMode();
+  SaveDialogSettings(parts_.store, parts_.options, keys.Letters());
   Close();
 }
 
 void SettingsDialog::OnClose() {
   TakeOpenFields();
-  parts_.store.SaveSetting(kMainSection, u"Language", options_.language);
+  parts_.store.SaveSetting(kMainSection, u"Language", parts_.options.language);
 }
 
 void SettingsDialog::Reset() {
-  switch (page_) {
-    case 0:
-      ResetOptions(options_, OptionPlace::Rules);
-      break;
-    case 1:
-      ResetOptions(options_, OptionPlace::Keys);
-      letters_ = DefaultHotkeyLetters();
-      for (std::size_t k = 0; k < txtHotkey.size(); ++k) txtHotkey[k].SetText(letters_[k]);
-      break;
-    // These two are crossed.
-    case 2:
-      ResetOptions(options_, OptionPlace::Preview);
-      break;
-    case 3:
-      ResetOptions(options_, OptionPlace::Player);
-      break;
-    default:
-      ResetOptions(options_, OptionPlace::Language);
-      parts_.languages.DetectLanguage(u"ENGLISH");
-      parts_.languages.ReadUserCharset();
-      if (changeLanguage) changeLanguage(static_cast<std::size_t>(options_.languageRow));
-      ApplySettingsDialogLanguage();
-      RenewDetails();
-  }
-  creditsOpen_ = false;
-  positionOpen_ = {};
+  ResetOptions(parts_.options, kResets[page_]);
+  if (page_ == kKeysPage) keys.ShowLetters(DefaultHotkeyLetters());
+  if (page_ == kLanguagePage) ResetLanguage();
+  for (SettingsPage* page : pages_) page->DropOpenFields();
   FillSettingsControls();
-  ApplyPlayerSettings();
+  player.ApplyToPlayer();
   parts_.preview.PlacePreview();
   parts_.capture.ShowModeTexts();
+}
+
+void SettingsDialog::ResetLanguage() {
+  parts_.languages.DetectLanguage(u"ENGLISH");
+  parts_.languages.ReadUserCharset();
+  ChangeLanguage(static_cast<std::size_t>(parts_.options.languageRow));
 }
 
 }  // namespace cuewright

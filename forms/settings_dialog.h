@@ -1,17 +1,15 @@
 #pragma once
 
+#include <array>
 #include <functional>
 
-#include "capture/preview.h"
-#include "capture/timing_capture.h"
-#include "core/document.h"
-#include "core/lang_strings.h"
-#include "core/ports/video_filter.h"
+#include "form/dialog.h"
+#include "forms/keys_page.h"
+#include "forms/language_page.h"
+#include "forms/player_page.h"
 #include "forms/ports.h"
-#include "forms/settings_window.h"
-#include "settings/languages.h"
-#include "settings/options.h"
-#include "settings/store.h"
+#include "forms/preview_page.h"
+#include "forms/rules_page.h"
 
 namespace cuewright {
 
@@ -28,11 +26,34 @@ struct SettingsParts {
   Ports ports;
 };
 
-/// The settings dialog at work. Its controls change the options as the user works; OK stores them. The language is
-/// stored whenever the dialog closes.
-class SettingsDialog final : public SettingsWindow {
+/// The settings dialog, `frmSettings`: a menu of pages, and below them the area that explains what the pointer is over.
+/// Its controls change the options as the user works; OK stores them. The language is stored whenever it closes.
+class SettingsDialog final : public Dialog {
  public:
+  static constexpr std::size_t kPages = 5;
+
   explicit SettingsDialog(const SettingsParts& parts);
+
+  Picture picMenu{*this, "picMenu"};
+  std::array<Label, kPages> lblMenu{Label{*this, "lblMenu(0)"}, Label{*this, "lblMenu(1)"}, Label{*this, "lblMenu(2)"},
+                                    Label{*this, "lblMenu(3)"}, Label{*this, "lblMenu(4)"}};
+  std::array<Picture, kPages> imgMenu{Picture{*this, "imgMenu(0)"}, Picture{*this, "imgMenu(1)"},
+                                      Picture{*this, "imgMenu(2)"}, Picture{*this, "imgMenu(3)"},
+                                      Picture{*this, "imgMenu(4)"}};
+  Picture picTop{*this, "picTop"};
+  Label lblTop{*this, "lblTop"};
+  std::array<Picture, kPages> picOptions{Picture{*this, "picOptions(0)"}, Picture{*this, "picOptions(1)"},
+                                         Picture{*this, "picOptions(2)"}, Picture{*this, "picOptions(3)"},
+                                         Picture{*this, "picOptions(4)"}};
+  DetailsArea details;
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdReset{*this, "cmdReset"};
+
+  RulesPage rules;
+  KeysPage keys;
+  PlayerPage player;
+  PreviewPage preview;
+  LanguagePage language;
 
   /// Takes a row of the language table and labels all other windows anew. Set by the owner of the windows.
   std::function<void(std::size_t)> changeLanguage;
@@ -46,24 +67,10 @@ class SettingsDialog final : public SettingsWindow {
   /// Sets every control from the options.
   void FillSettingsControls();
   /// Shows a text in the details area; an empty one hides the area.
-  void ShowSettingsDetails(TextView text);
+  void ShowSettingsDetails(TextView text) { details.Show(text); }
   /// Loads the strings of the language in force and sets all captions.
   void ApplySettingsDialogLanguage();
 
-  /// How the sample is drawn. The background is 0x00BBGGRR, or that of the window.
-  struct Sample {
-    Text fontName;
-    int fontSize = 0;  ///< points
-    bool bold = false;
-    std::int32_t color = 0;
-    int shadowShift = 0;  ///< pixels, right and down
-    bool windowBackground = false;
-    std::int32_t background = 0;
-
-    bool operator==(const Sample&) const = default;
-  };
-  const Sample& GetSample() const { return sample_; }
-  Signal<SettingsDialog> SampleChanged;
   Signal<SettingsDialog> PageChanged;
   Signal<SettingsDialog> LanguageApplied;
   /// All that the details area can tell, by which it is measured.
@@ -75,66 +82,21 @@ class SettingsDialog final : public SettingsWindow {
   void OnClose() override;
 
  private:
-  void WireHover();
-  void WirePageHover();
-  void WireRules();
-  void WirePanels();
-  void WireKeys();
-  void WirePlayer();
-  void WirePreview();
-  void WireLanguage();
-  void Tells(Control& control, Message message);
-
-  void ApplyPageTexts();
-  void ApplyNames();
-  void ApplyLanguagePage();
-  void EnableRuleControls();
-  void EnableKeyControls();
-  void ShowRuleLabels();
-  void ShowPreviewLabels();
-  void FillFilterControls();
-
-  void OpenPanel(std::size_t panel);
-  void ClosePanels();
+  SettingsPage::Place PagePlace(const SettingsParts& parts) { return {*this, details, parts.options, parts.strings}; }
+  void WireMenu();
+  void ShowTitle();
   void PointAtMenu(std::size_t entry);
   void LeaveMenu();
-  /// In the language in force, details that are on show.
-  void RenewDetails();
-
-  void TakeHotkey(std::size_t index, KeyEvent& key);
-  void TakeHotkeyText(std::size_t index);
-  void TakePosition(std::size_t index);
-  void TakeCredits();
+  void ChangeLanguage(std::size_t row);
   void TakeOpenFields();
-  void TakeUiMode();
-  void DrawSample();
-  void ApplyPlayerSettings();
-  void PickFont();
-  void PickColor();
-  void ChooseLanguage();
-  void CompleteTranslation();
   void Accept();
   void Reset();
-
-  /// A rule's panel: the check box above it, the images that open it, its height in pixels.
-  struct Panel {
-    CheckBox& check;
-    Picture& image;
-    Picture& area;
-    int height;
-  };
-  std::array<Panel, 3> Panels();
+  void ResetLanguage();
 
   SettingsParts parts_;
-  AppOptions& options_;
   const LangStrings& strings_;
-  HotkeyLetters letters_;
+  const std::array<SettingsPage*, kPages> pages_ = {&rules, &keys, &player, &preview, &language};
   std::size_t page_ = 0;
-  std::int16_t percent_ = 100;
-  Sample sample_;
-  // Fields that were typed into and still have the focus.
-  bool creditsOpen_ = false;
-  std::array<bool, 2> positionOpen_{};
 };
 
 }  // namespace cuewright

@@ -20,7 +20,7 @@
 namespace cuewright {
 namespace {
 
-constexpr std::array<const char*, SettingsWindow::kPages> kPageIcons = {
+constexpr std::array<const char*, SettingsDialog::kPages> kPageIcons = {
     ":/timing.svg", ":/keyboard.svg", ":/player.svg", ":/preview.svg", ":/language.svg"};
 constexpr int kDetailsWidth = 480;
 constexpr int kPanelIndent = 24;
@@ -57,14 +57,14 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
     connect(shortcut, &QShortcut::activated, this, [this, step = step] { TurnPage(step); });
   }
   Keep(form_.PageChanged.ConnectScoped([this] { ShowPage(); }));
-  Keep(form_.SampleChanged.ConnectScoped([this] { ShowSample(); }));
+  Keep(form_.preview.SampleChanged.ConnectScoped([this] { ShowSample(); }));
   Keep(form_.LanguageApplied.ConnectScoped([this] {
     ShowFlag();
     MeasureDetails();
     PlacePanels();
     FitContent();
   }));
-  const std::array<Picture*, 3> panels = {&form_.picAutoJoin, &form_.picDuration, &form_.picCredits};
+  const std::array<Picture*, 3> panels = {&form_.rules.picAutoJoin, &form_.rules.picDuration, &form_.rules.picCredits};
   for (Picture* panel : panels) Keep(panel->Changed.ConnectScoped([this] { PlacePanels(); }));
   PaintPanels();
   ShowPage();
@@ -199,7 +199,7 @@ void SettingsView::TurnPage(int step) {
 }
 
 void SettingsView::ShowSample() {
-  const SettingsDialog::Sample& sample = form_.GetSample();
+  const PreviewPage::Sample& sample = form_.preview.GetSample();
   SampleStyle style;
   style.font = QFont(ToQt(sample.fontName), sample.fontSize, sample.bold ? QFont::Bold : QFont::Normal);
   style.color = ColorOf(sample.color);
@@ -214,7 +214,8 @@ void SettingsView::ShowFlag() {
 }
 
 void SettingsView::PlacePanels() {
-  const std::array<const Picture*, 3> controls = {&form_.picAutoJoin, &form_.picDuration, &form_.picCredits};
+  const std::array<const Picture*, 3> controls = {&form_.rules.picAutoJoin, &form_.rules.picDuration,
+                                                  &form_.rules.picCredits};
   QSize needed;
   QWidget* page = pages_[0];
   for (std::size_t i = 0; i < panels_.size(); ++i) {

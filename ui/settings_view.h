@@ -58,7 +58,7 @@ class SettingsView final : public DialogView {
   void TurnPage(int step);
 
   SettingsDialog& form_;
-  std::array<QWidget*, SettingsWindow::kPages> pages_{};
+  std::array<QWidget*, SettingsDialog::kPages> pages_{};
   std::array<QWidget*, 3> panels_{};
   std::array<QWidget*, 3> checks_{};
   QButtonGroup* menu_ = nullptr;

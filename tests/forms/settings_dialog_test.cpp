@@ -36,7 +36,7 @@ struct SettingsTest : testing::ProgramFixture {
   }
   SettingsDialog& Dialog() { return program->dialogs.settings; }
   AppOptions& Options() { return program->options; }
-  std::string Details() { return ToUtf8(Dialog().lblDetails.GetText()); }
+  std::string Details() { return ToUtf8(Dialog().details.lblDetails.GetText()); }
   Text Stored(TextView key) { return program->store.GetSetting(u"Cuewright", key, u"?"); }
   template <class C>
   void Hover(C& control) {
@@ -75,7 +75,7 @@ TEST_F(SettingsPages, OpenAtTheFirst) {
   EXPECT_EQ(Dialog().Title(), u"General Settings");
   EXPECT_EQ(Dialog().lblTop.GetText(), u"Timing Management");
   for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(Dialog().picOptions[i].Visible(), i == 0) << i;
-  EXPECT_FALSE(Dialog().lblDetailsTitle.Visible());
+  EXPECT_FALSE(Dialog().details.lblDetailsTitle.Visible());
 }
 
 TEST_F(SettingsPages, AClickOnTheMenuShowsOneAndTheHeadingFollows) {
@@ -113,24 +113,24 @@ TEST_F(SettingsPages, ShowAllValuesOfTheOptions) {
   o.previewHeight = 40;
   o.followCaptions = false;
   Dialog().FillSettingsControls();
-  EXPECT_FALSE(Dialog().chkAutoSplit.Value());
-  EXPECT_TRUE(Dialog().chkCollision.Value());
-  EXPECT_EQ(Dialog().sldAutoJoin.Value(), 14);
-  EXPECT_EQ(Dialog().lblAutoJoin.GetText(), u"Nearby factor: 140 milliseconds");
-  EXPECT_EQ(Dialog().sldDuration[2].Value(), 35);
-  EXPECT_EQ(Dialog().lblDuration[2].GetText(), u"Duration per character: 350 ms");
-  EXPECT_EQ(Dialog().sldTolerance[1].Value(), 30);
-  EXPECT_EQ(Dialog().lblTolerance[1].GetText(), u"Tolerance: 300 ms");
-  EXPECT_EQ(Dialog().cmbApply.GetText(), u"On file loading and subtitling process");
-  EXPECT_EQ(Dialog().txtPosition[0].GetText(), u"7");
-  EXPECT_EQ(Dialog().cmbUImode.GetText(), u"Show basic controls only");
-  EXPECT_TRUE(Dialog().optOpaque.Value());
-  EXPECT_FALSE(Dialog().optShadow.Value());
-  EXPECT_FALSE(Dialog().sldShadow.Enabled());
-  EXPECT_EQ(Dialog().lblShadow.GetText(), u"Shadow depth: 3");
-  EXPECT_EQ(Dialog().lblHeight.GetText(), u"Subtitle preview placement: 40%");
-  EXPECT_EQ(Dialog().sldHeight.Value(), 40);
-  EXPECT_FALSE(Dialog().chkFollow.Value());
+  EXPECT_FALSE(Dialog().rules.chkAutoSplit.Value());
+  EXPECT_TRUE(Dialog().rules.chkCollision.Value());
+  EXPECT_EQ(Dialog().rules.sldAutoJoin.Value(), 14);
+  EXPECT_EQ(Dialog().rules.lblAutoJoin.GetText(), u"Nearby factor: 140 milliseconds");
+  EXPECT_EQ(Dialog().rules.sldDuration[2].Value(), 35);
+  EXPECT_EQ(Dialog().rules.lblDuration[2].GetText(), u"Duration per character: 350 ms");
+  EXPECT_EQ(Dialog().rules.sldTolerance[1].Value(), 30);
+  EXPECT_EQ(Dialog().rules.lblTolerance[1].GetText(), u"Tolerance: 300 ms");
+  EXPECT_EQ(Dialog().rules.cmbApply.GetText(), u"On file loading and subtitling process");
+  EXPECT_EQ(Dialog().keys.txtPosition[0].GetText(), u"7");
+  EXPECT_EQ(Dialog().player.cmbUImode.GetText(), u"Show basic controls only");
+  EXPECT_TRUE(Dialog().preview.optOpaque.Value());
+  EXPECT_FALSE(Dialog().preview.optShadow.Value());
+  EXPECT_FALSE(Dialog().preview.sldShadow.Enabled());
+  EXPECT_EQ(Dialog().preview.lblShadow.GetText(), u"Shadow depth: 3");
+  EXPECT_EQ(Dialog().preview.lblHeight.GetText(), u"Subtitle preview placement: 40%");
+  EXPECT_EQ(Dialog().preview.sldHeight.Value(), 40);
+  EXPECT_FALSE(Dialog().preview.chkFollow.Value());
 }
 
 TEST_F(SettingsPages, FillingTheControlsChangesNoOption) {
@@ -143,49 +143,57 @@ TEST_F(SettingsPages, FillingTheControlsChangesNoOption) {
 
 TEST_F(SettingsHover, EachControlTellsItsDetails) {
   SettingsDialog& d = Dialog();
-  const std::pair<Control&, Message> rows[] = {
-      {d.chkAutoSplit, Message::AutosplitLinesHint},   {d.chkCollision, Message::AvoidCollisionHint},
-      {d.lblAutoJoin, Message::ImmediateChangeHint},   {d.chkDuration, Message::AutomaticLimitHint},
-      {d.chkCredits, Message::RemoveCreditsHint},      {d.lblDuration[0], Message::DurationPerCharacterHint},
-      {d.lblTolerance[2], Message::ToleranceHint},     {d.chkKeys, Message::EnableShortcutsHint},
-      {d.chkStretch, Message::AutofitVideoHint},       {d.cmbUImode, Message::PlayerControlsHint},
-      {d.lblUImode, Message::PlayerControlsHint},      {d.lblVSFilter, Message::VsFilterFound},
-      {d.optVSDisable, Message::VsFilterDisableHint},  {d.optVSHide, Message::VsFilterHideHint},
-      {d.cmdVSFilter, Message::VsFilterConfigureHint}, {d.imgVSHelp, Message::VsFilterHint},
-      {d.chkFollow, Message::FollowSubtitlesHint},     {d.cmdOK, Message::SaveSettingsHint},
-      {d.cmdReset, Message::ResetSectionHint}};
+  const std::pair<Control&, Message> rows[] = {{d.rules.chkAutoSplit, Message::AutosplitLinesHint},
+                                               {d.rules.chkCollision, Message::AvoidCollisionHint},
+                                               {d.rules.lblAutoJoin, Message::ImmediateChangeHint},
+                                               {d.rules.chkDuration, Message::AutomaticLimitHint},
+                                               {d.rules.chkCredits, Message::RemoveCreditsHint},
+                                               {d.rules.lblDuration[0], Message::DurationPerCharacterHint},
+                                               {d.rules.lblTolerance[2], Message::ToleranceHint},
+                                               {d.keys.chkKeys, Message::EnableShortcutsHint},
+                                               {d.player.chkStretch, Message::AutofitVideoHint},
+                                               {d.player.cmbUImode, Message::PlayerControlsHint},
+                                               {d.player.lblUImode, Message::PlayerControlsHint},
+                                               {d.player.lblVSFilter, Message::VsFilterFound},
+                                               {d.player.optVSDisable, Message::VsFilterDisableHint},
+                                               {d.player.optVSHide, Message::VsFilterHideHint},
+                                               {d.player.cmdVSFilter, Message::VsFilterConfigureHint},
+                                               {d.player.imgVSHelp, Message::VsFilterHint},
+                                               {d.preview.chkFollow, Message::FollowSubtitlesHint},
+                                               {d.cmdOK, Message::SaveSettingsHint},
+                                               {d.cmdReset, Message::ResetSectionHint}};
   for (const auto& [control, message] : rows) {
     control.Hover();
-    EXPECT_EQ(d.lblDetails.GetText(), program->strings[message]) << control.Name();
-    EXPECT_TRUE(d.lblDetailsTitle.Visible());
-    EXPECT_TRUE(d.fraDetails.Visible());
+    EXPECT_EQ(d.details.lblDetails.GetText(), program->strings[message]) << control.Name();
+    EXPECT_TRUE(d.details.lblDetailsTitle.Visible());
+    EXPECT_TRUE(d.details.fraDetails.Visible());
   }
 }
 
 TEST_F(SettingsHover, TheBackgroundChoicesTellEachOthersDetails) {
-  Hover(Dialog().optOpaque);
+  Hover(Dialog().preview.optOpaque);
   EXPECT_EQ(Details(), "Activates the preview font shadowing.");
-  Hover(Dialog().optShadow);
+  Hover(Dialog().preview.optShadow);
   EXPECT_EQ(Details(), "Activates the opaque box behind the subtitle preview for a more clear visualization.");
 }
 
 TEST_F(SettingsHover, TheJoiningCheckAddsTheNoteAboutTheReport) {
-  Hover(Dialog().chkAutoJoin);
+  Hover(Dialog().rules.chkAutoJoin);
   EXPECT_EQ(Details(),
             "This will make immediate the change of captions with an offset lower than the indicated.\r\n\r\n"
             "Note: The application of this rule is not added to the Report.");
-  Hover(Dialog().fraCharset);
+  Hover(Dialog().language.fraCharset);
   EXPECT_TRUE(Details().starts_with("The character encoding is applied only"));
   EXPECT_TRUE(Details().ends_with(
       "\r\n\r\nAfter changing the character set you must reload the opened subtitle or text file."));
 }
 
 TEST_F(SettingsHover, TheLengthClassesTellTheirBounds) {
-  Hover(Dialog().lblShort);
+  Hover(Dialog().rules.lblShort);
   EXPECT_EQ(Details(), "Short captions have up to 5 characters.");
-  Hover(Dialog().lblMedium);
+  Hover(Dialog().rules.lblMedium);
   EXPECT_EQ(Details(), "Medium captions have up to 15 characters.");
-  Hover(Dialog().lblLong);
+  Hover(Dialog().rules.lblLong);
   EXPECT_EQ(Details(), "Long captions have more than 15 characters.");
 }
 
@@ -196,10 +204,10 @@ TEST_F(SettingsHover, MenuEntriesAndPagesHaveTheirOwnTexts) {
                               Message::SampleDuringPlayback, Message::LanguagePageHint};
   for (std::size_t i = 0; i < 5; ++i) {
     Hover(Dialog().lblMenu[i]);
-    EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[overMenu[i]]);
+    EXPECT_EQ(Dialog().details.lblDetails.GetText(), program->strings[overMenu[i]]);
     for (std::size_t k = 0; k < 5; ++k) EXPECT_EQ(Dialog().lblMenu[k].Underlined(), k == i);
     Hover(Dialog().picOptions[i]);
-    EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[overPage[i]]);
+    EXPECT_EQ(Dialog().details.lblDetails.GetText(), program->strings[overPage[i]]);
     EXPECT_FALSE(Dialog().lblMenu[i].Underlined());
   }
 }
@@ -208,16 +216,17 @@ TEST_F(SettingsHover, TheBareMenuColumnClearsDetailsAndUnderline) {
   Hover(Dialog().lblMenu[2]);
   Hover(Dialog().picMenu);
   EXPECT_EQ(Details(), "");
-  EXPECT_FALSE(Dialog().lblDetailsTitle.Visible());
-  EXPECT_FALSE(Dialog().fraDetails.Visible());
-  EXPECT_FALSE(Dialog().lblDetails.Visible());
+  EXPECT_FALSE(Dialog().details.lblDetailsTitle.Visible());
+  EXPECT_FALSE(Dialog().details.fraDetails.Visible());
+  EXPECT_FALSE(Dialog().details.lblDetails.Visible());
   EXPECT_FALSE(Dialog().lblMenu[2].Underlined());
 }
 
 TEST_F(SettingsPanels, OpenUnderTheirCheckOneAtATime) {
   SettingsDialog& d = Dialog();
-  const std::tuple<CheckBox&, Picture&, int> rows[] = {
-      {d.chkAutoJoin, d.picAutoJoin, 50}, {d.chkDuration, d.picDuration, 142}, {d.chkCredits, d.picCredits, 70}};
+  const std::tuple<CheckBox&, Picture&, int> rows[] = {{d.rules.chkAutoJoin, d.rules.picAutoJoin, 50},
+                                                       {d.rules.chkDuration, d.rules.picDuration, 142},
+                                                       {d.rules.chkCredits, d.rules.picCredits, 70}};
   for (const auto& [check, panel, height] : rows) {
     Hover(check);
     EXPECT_EQ(panel.Height(), height);
@@ -229,37 +238,39 @@ TEST_F(SettingsPanels, OpenUnderTheirCheckOneAtATime) {
 }
 
 TEST_F(SettingsPanels, AClickOnTheImageOpensTheSamePanel) {
-  Dialog().imgDuration.PressMouse({MouseButton::Left, 0, 0});
-  EXPECT_TRUE(Dialog().picDuration.Visible());
-  EXPECT_EQ(Dialog().lblDetails.GetText(), program->strings[Message::AutomaticLimitHint]);
+  Dialog().rules.imgDuration.PressMouse({MouseButton::Left, 0, 0});
+  EXPECT_TRUE(Dialog().rules.picDuration.Visible());
+  EXPECT_EQ(Dialog().details.lblDetails.GetText(), program->strings[Message::AutomaticLimitHint]);
 }
 
 TEST_F(SettingsPanels, ThePageAndTheOtherChecksCloseThem) {
   SettingsDialog& d = Dialog();
-  const std::function<void()> ways[] = {[&] { Hover(d.picOptions[0]); }, [&] { Hover(d.chkAutoSplit); },
-                                        [&] { Hover(d.chkCollision); }, [&] { d.Hover(); }, [&] { Hover(d.cmbApply); }};
+  const std::function<void()> ways[] = {[&] { Hover(d.picOptions[0]); }, [&] { Hover(d.rules.chkAutoSplit); },
+                                        [&] { Hover(d.rules.chkCollision); }, [&] { d.Hover(); },
+                                        [&] { Hover(d.rules.cmbApply); }};
   for (const auto& way : ways) {
-    Hover(d.chkDuration);
-    ASSERT_TRUE(d.picDuration.Visible());
+    Hover(d.rules.chkDuration);
+    ASSERT_TRUE(d.rules.picDuration.Visible());
     way();
-    EXPECT_FALSE(d.picDuration.Visible());
-    EXPECT_FALSE(d.chkDuration.Highlighted());
+    EXPECT_FALSE(d.rules.picDuration.Visible());
+    EXPECT_FALSE(d.rules.chkDuration.Highlighted());
   }
 }
 
 TEST_F(SettingsPanels, ThePointerInAPanelLeavesItOpen) {
-  Hover(Dialog().chkDuration);
-  Hover(Dialog().picDuration);
-  Hover(Dialog().lblDuration[1]);
-  EXPECT_TRUE(Dialog().picDuration.Visible());
+  Hover(Dialog().rules.chkDuration);
+  Hover(Dialog().rules.picDuration);
+  Hover(Dialog().rules.lblDuration[1]);
+  EXPECT_TRUE(Dialog().rules.picDuration.Visible());
 }
 
 TEST_F(SettingsRules, ChecksWriteTheirFieldsAtOnce) {
-  const std::pair<CheckBox&, std::uint8_t AppOptions::*> rows[] = {{Dialog().chkAutoSplit, &AppOptions::autoSplit},
-                                                                   {Dialog().chkCollision, &AppOptions::avoidCollision},
-                                                                   {Dialog().chkAutoJoin, &AppOptions::autoJoin},
-                                                                   {Dialog().chkDuration, &AppOptions::limitDuration},
-                                                                   {Dialog().chkCredits, &AppOptions::removeCredits}};
+  const std::pair<CheckBox&, std::uint8_t AppOptions::*> rows[] = {
+      {Dialog().rules.chkAutoSplit, &AppOptions::autoSplit},
+      {Dialog().rules.chkCollision, &AppOptions::avoidCollision},
+      {Dialog().rules.chkAutoJoin, &AppOptions::autoJoin},
+      {Dialog().rules.chkDuration, &AppOptions::limitDuration},
+      {Dialog().rules.chkCredits, &AppOptions::removeCredits}};
   for (const auto& [check, field] : rows) {
     ASSERT_EQ(Options().*field, 1);
     check.Click();
@@ -271,67 +282,68 @@ TEST_F(SettingsRules, ChecksWriteTheirFieldsAtOnce) {
 
 TEST_F(SettingsRules, AClearedCheckDisablesItsPanel) {
   SettingsDialog& d = Dialog();
-  d.chkAutoJoin.Click();
-  d.chkDuration.Click();
-  d.chkCredits.Click();
-  const Control* controls[] = {&d.lblAutoJoin,     &d.sldAutoJoin,     &d.lblShort,   &d.lblLong,   &d.sldDuration[0],
-                               &d.lblTolerance[2], &d.sldTolerance[2], &d.lblCredits, &d.txtCredits};
+  d.rules.chkAutoJoin.Click();
+  d.rules.chkDuration.Click();
+  d.rules.chkCredits.Click();
+  const Control* controls[] = {&d.rules.lblAutoJoin,     &d.rules.sldAutoJoin,    &d.rules.lblShort,
+                               &d.rules.lblLong,         &d.rules.sldDuration[0], &d.rules.lblTolerance[2],
+                               &d.rules.sldTolerance[2], &d.rules.lblCredits,     &d.rules.txtCredits};
   for (const Control* control : controls) EXPECT_FALSE(control->Enabled()) << control->Name();
-  d.chkAutoJoin.Click();
-  d.chkDuration.Click();
-  d.chkCredits.Click();
+  d.rules.chkAutoJoin.Click();
+  d.rules.chkDuration.Click();
+  d.rules.chkCredits.Click();
   for (const Control* control : controls) EXPECT_TRUE(control->Enabled()) << control->Name();
 }
 
 TEST_F(SettingsRules, BarsWriteTenTimesTheirValue) {
-  Move(Dialog().sldAutoJoin, 40);
-  Move(Dialog().sldDuration[1], 1);
-  Move(Dialog().sldTolerance[0], 30);
+  Move(Dialog().rules.sldAutoJoin, 40);
+  Move(Dialog().rules.sldDuration[1], 1);
+  Move(Dialog().rules.sldTolerance[0], 30);
   EXPECT_EQ(Options().nearMs, 400);
-  EXPECT_EQ(Dialog().lblAutoJoin.GetText(), u"Nearby factor: 400 milliseconds");
+  EXPECT_EQ(Dialog().rules.lblAutoJoin.GetText(), u"Nearby factor: 400 milliseconds");
   EXPECT_EQ(Options().durationPerCharacter[1], 10);
-  EXPECT_EQ(Dialog().lblDuration[1].GetText(), u"Duration per character: 10 ms");
+  EXPECT_EQ(Dialog().rules.lblDuration[1].GetText(), u"Duration per character: 10 ms");
   EXPECT_EQ(Options().durationTolerance[0], 300);
-  EXPECT_EQ(Dialog().sldAutoJoin.Min(), 1);
-  EXPECT_EQ(Dialog().sldDuration[0].Max(), 35);
+  EXPECT_EQ(Dialog().rules.sldAutoJoin.Min(), 1);
+  EXPECT_EQ(Dialog().rules.sldDuration[0].Max(), 35);
 }
 
 TEST_F(SettingsRules, TheModeTellsTheLimitWhileTheDialogIsOpen) {
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
-  Dialog().cmbApply.Choose(1);
+  Dialog().rules.cmbApply.Choose(1);
   EXPECT_EQ(Options().applyWhen, 1);
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended) [auto]");
-  Dialog().chkDuration.Click();
+  Dialog().rules.chkDuration.Click();
   EXPECT_EQ(Window().optPress.GetText(), u"Press and hold (recommended)");
 }
 
 TEST_F(SettingsRules, ACreditsListLosesDoubledAndOuterCommasOnLeavingTheField) {
-  Type(Dialog().txtCredits, u" ,,@,,www ");
+  Type(Dialog().rules.txtCredits, u" ,,@,,www ");
   EXPECT_EQ(Options().creditWords, u",,@,,www");
-  Dialog().txtCredits.LoseFocus();
-  EXPECT_EQ(Dialog().txtCredits.GetText(), u"@,www");
+  Dialog().rules.txtCredits.LoseFocus();
+  EXPECT_EQ(Dialog().rules.txtCredits.GetText(), u"@,www");
   EXPECT_EQ(Options().creditWords, u"@,www");
 }
 
 TEST_F(SettingsRules, DoubledCommasGoOnceOnly) {
-  Type(Dialog().txtCredits, u"a,,,,b,");
-  Dialog().txtCredits.LoseFocus();
+  Type(Dialog().rules.txtCredits, u"a,,,,b,");
+  Dialog().rules.txtCredits.LoseFocus();
   EXPECT_EQ(Options().creditWords, u"a,,b");
 }
 
 TEST_F(SettingsRules, AnEmptiedCreditsListIsSavedAsEmptyAndTheNextStartTurnsTheRuleOff) {
-  Type(Dialog().txtCredits, u"");
+  Type(Dialog().rules.txtCredits, u"");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"");
   EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
   EXPECT_EQ(Options().removeCredits, 1);
   Reopen();
   EXPECT_EQ(Options().removeCredits, 0);
-  EXPECT_FALSE(Dialog().chkCredits.Value());
+  EXPECT_FALSE(Dialog().rules.chkCredits.Value());
 }
 
 TEST_F(SettingsKeys, ALowerCaseLetterIsStoredAndShownInUpperCase) {
-  TextBox& box = Dialog().txtHotkey[0];
+  TextBox& box = Dialog().keys.txtHotkey[0];
   EXPECT_EQ(box.GetText(), u"Z");
   EXPECT_TRUE(Press(box, u'a').handled);
   EXPECT_EQ(Options().playKey, 65);
@@ -341,7 +353,7 @@ TEST_F(SettingsKeys, ALowerCaseLetterIsStoredAndShownInUpperCase) {
 }
 
 TEST_F(SettingsKeys, ADigitShowsTheMessageAndChangesNothing) {
-  TextBox& box = Dialog().txtHotkey[3];
+  TextBox& box = Dialog().keys.txtHotkey[3];
   EXPECT_TRUE(Press(box, u'1').handled);
   EXPECT_EQ(LastBox(), "Please enter a key from A to Z only.");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
@@ -359,15 +371,15 @@ TEST_F(SettingsKeys, EachFieldHasItsShortcut) {
                                               &AppOptions::forwardKey};
   const TextView letters = u"ZXCBNMDFWE";
   for (std::size_t k = 0; k < 10; ++k) {
-    EXPECT_EQ(Dialog().txtHotkey[k].GetText(), letters.substr(k, 1));
+    EXPECT_EQ(Dialog().keys.txtHotkey[k].GetText(), letters.substr(k, 1));
     // The same letter may serve twice.
-    Press(Dialog().txtHotkey[k], u'Q');
+    Press(Dialog().keys.txtHotkey[k], u'Q');
     EXPECT_EQ(Options().*fields[k], u'Q');
   }
 }
 
 TEST_F(SettingsKeys, PastedTextCountsOnlyAsOneLetter) {
-  TextBox& box = Dialog().txtHotkey[1];
+  TextBox& box = Dialog().keys.txtHotkey[1];
   Type(box, u"k");
   EXPECT_EQ(box.GetText(), u"K");
   EXPECT_EQ(Options().pauseKey, u'K');
@@ -379,7 +391,7 @@ TEST_F(SettingsKeys, PastedTextCountsOnlyAsOneLetter) {
 }
 
 TEST_F(SettingsKeys, TheFocusSelectsTheLetter) {
-  TextBox& box = Dialog().txtHotkey[1];
+  TextBox& box = Dialog().keys.txtHotkey[1];
   box.Select(0, 0);
   box.TakeFocus();
   EXPECT_EQ(box.SelLength(), 1);
@@ -389,7 +401,7 @@ TEST_F(SettingsKeys, TheLettersShownAreThoseOfTheStore) {
   program->store.SaveSetting(u"Cuewright", u"kPlay", u"Y");
   Dialog().Close();
   Dialog().Open();
-  EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Y");
+  EXPECT_EQ(Dialog().keys.txtHotkey[0].GetText(), u"Y");
   EXPECT_EQ(Options().playKey, 90);
 }
 
@@ -397,42 +409,42 @@ TEST_F(SettingsKeys, SecondsStayBetween2And600OnLeavingTheField) {
   const std::pair<TextView, std::int16_t> rows[] = {
       {u"601", 600}, {u"1", 2}, {u"", 2}, {u"2", 2}, {u"600", 600}, {u"99999999999", 600}, {u"30", 30}};
   for (const auto& [typed, kept] : rows) {
-    Type(Dialog().txtPosition[0], Text(typed));
-    Dialog().txtPosition[0].LoseFocus();
+    Type(Dialog().keys.txtPosition[0], Text(typed));
+    Dialog().keys.txtPosition[0].LoseFocus();
     EXPECT_EQ(Options().rewindSeconds, kept) << ToUtf8(typed);
-    EXPECT_EQ(Dialog().txtPosition[0].GetText(), Decimal(kept));
+    EXPECT_EQ(Dialog().keys.txtPosition[0].GetText(), Decimal(kept));
   }
   EXPECT_EQ(Options().forwardSeconds, 5);
-  Type(Dialog().txtPosition[1], u"12");
-  Dialog().txtPosition[1].LoseFocus();
+  Type(Dialog().keys.txtPosition[1], u"12");
+  Dialog().keys.txtPosition[1].LoseFocus();
   EXPECT_EQ(Options().forwardSeconds, 12);
 }
 
 TEST_F(SettingsKeys, SecondsTakeDigitsOnly) {
-  for (const char16_t c : Text(u"0123456789")) EXPECT_FALSE(Press(Dialog().txtPosition[0], c).handled);
-  for (const char16_t c : Text(u"a-. ")) EXPECT_TRUE(Press(Dialog().txtPosition[1], c).handled);
-  EXPECT_TRUE(Press(Dialog().txtPosition[0], 0).handled);
+  for (const char16_t c : Text(u"0123456789")) EXPECT_FALSE(Press(Dialog().keys.txtPosition[0], c).handled);
+  for (const char16_t c : Text(u"a-. ")) EXPECT_TRUE(Press(Dialog().keys.txtPosition[1], c).handled);
+  EXPECT_TRUE(Press(Dialog().keys.txtPosition[0], 0).handled);
 }
 
 TEST_F(SettingsKeys, AClearedCheckDisablesEverythingElseOnThePage) {
   SettingsDialog& d = Dialog();
-  d.chkKeys.Click();
+  d.keys.chkKeys.Click();
   EXPECT_EQ(Options().hotkeysOn, 0);
-  for (const Control* control :
-       std::initializer_list<const Control*>{&d.txtHotkey[0], &d.txtHotkey[9], &d.lblHotkey[4], &d.txtPosition[0],
-                                             &d.txtPosition[1], &d.lblSeconds[0], &d.lblPlayback, &d.lblCaptioning}) {
+  for (const Control* control : std::initializer_list<const Control*>{
+           &d.keys.txtHotkey[0], &d.keys.txtHotkey[9], &d.keys.lblHotkey[4], &d.keys.txtPosition[0],
+           &d.keys.txtPosition[1], &d.keys.lblSeconds[0], &d.keys.lblPlayback, &d.keys.lblCaptioning}) {
     EXPECT_FALSE(control->Enabled()) << control->Name();
   }
-  EXPECT_TRUE(d.chkKeys.Enabled());
+  EXPECT_TRUE(d.keys.chkKeys.Enabled());
 }
 
 TEST_F(SettingsPlayer, FittingAndControlsReachThePlayerAtOnce) {
-  Dialog().chkStretch.Click();
+  Dialog().player.chkStretch.Click();
   EXPECT_EQ(Options().stretchVideo, 0);
   EXPECT_FALSE(player.stretch);
   const TextView modes[] = {u"none", u"mini", u"full"};
   for (int i = 0; i < 3; ++i) {
-    Dialog().cmbUImode.Choose(i);
+    Dialog().player.cmbUImode.Choose(i);
     EXPECT_EQ(Options().playerControls, modes[i]);
     EXPECT_EQ(player.uiMode, modes[i]);
   }
@@ -440,11 +452,12 @@ TEST_F(SettingsPlayer, FittingAndControlsReachThePlayerAtOnce) {
 
 TEST_F(SettingsPlayer, WithoutTheFilterItsControlsAreDisabled) {
   SettingsDialog& d = Dialog();
-  for (const Control* control : std::initializer_list<const Control*>{&d.lblVSFilter, &d.lblVSNotice, &d.optVSDisable,
-                                                                      &d.optVSHide, &d.cmdVSFilter}) {
+  for (const Control* control :
+       std::initializer_list<const Control*>{&d.player.lblVSFilter, &d.player.lblVSNotice, &d.player.optVSDisable,
+                                             &d.player.optVSHide, &d.player.cmdVSFilter}) {
     EXPECT_FALSE(control->Enabled()) << control->Name();
   }
-  EXPECT_TRUE(d.imgVSHelp.Enabled());
+  EXPECT_TRUE(d.player.imgVSHelp.Enabled());
 }
 
 struct InstalledFilter final : VideoFilter {
@@ -461,71 +474,71 @@ TEST_F(SettingsPlayer, AnInstalledFilterCanBeManaged) {
                     program->preview, program->capture, filter,
                     Ports{files, boxes, dialogs, events, desktop, player, pickers}});
   d.Open();
-  EXPECT_TRUE(d.optVSDisable.Enabled());
-  EXPECT_FALSE(d.cmdVSFilter.Enabled());
-  EXPECT_TRUE(d.optVSDisable.Value());
-  Choose(d.optVSHide);
+  EXPECT_TRUE(d.player.optVSDisable.Enabled());
+  EXPECT_FALSE(d.player.cmdVSFilter.Enabled());
+  EXPECT_TRUE(d.player.optVSDisable.Value());
+  Choose(d.player.optVSHide);
   EXPECT_EQ(Options().filterMode, 1);
-  EXPECT_FALSE(d.optVSDisable.Value());
-  Choose(d.optVSDisable);
+  EXPECT_FALSE(d.player.optVSDisable.Value());
+  Choose(d.player.optVSDisable);
   EXPECT_EQ(Options().filterMode, 0);
   filter.canConfigure = true;
   d.FillSettingsControls();
-  d.cmdVSFilter.Click();
+  d.player.cmdVSFilter.Click();
   EXPECT_EQ(filter.opened, 1);
 }
 
 TEST_F(SettingsPreview, OpaqueAndShadowAreAPair) {
   SettingsDialog& d = Dialog();
-  Choose(d.optOpaque);
+  Choose(d.preview.optOpaque);
   EXPECT_TRUE(Options().previewOpaque);
   EXPECT_FALSE(Options().previewShadow);
-  EXPECT_FALSE(d.lblShadow.Enabled());
-  EXPECT_FALSE(d.sldShadow.Enabled());
-  EXPECT_FALSE(d.lblSampleShadow.Visible());
-  EXPECT_EQ(d.GetSample().background, 0);
-  EXPECT_FALSE(d.GetSample().windowBackground);
-  Choose(d.optShadow);
+  EXPECT_FALSE(d.preview.lblShadow.Enabled());
+  EXPECT_FALSE(d.preview.sldShadow.Enabled());
+  EXPECT_FALSE(d.preview.lblSampleShadow.Visible());
+  EXPECT_EQ(d.preview.GetSample().background, 0);
+  EXPECT_FALSE(d.preview.GetSample().windowBackground);
+  Choose(d.preview.optShadow);
   EXPECT_FALSE(Options().previewOpaque);
   EXPECT_TRUE(Options().previewShadow);
-  EXPECT_TRUE(d.sldShadow.Enabled());
-  EXPECT_TRUE(d.lblSampleShadow.Visible());
-  EXPECT_TRUE(d.optShadow.Value());
-  EXPECT_FALSE(d.optOpaque.Value());
+  EXPECT_TRUE(d.preview.sldShadow.Enabled());
+  EXPECT_TRUE(d.preview.lblSampleShadow.Visible());
+  EXPECT_TRUE(d.preview.optShadow.Value());
+  EXPECT_FALSE(d.preview.optOpaque.Value());
 }
 
 TEST_F(SettingsPreview, TheSampleHasTheFilmsDarkGroundWhileOneIsOpen) {
-  EXPECT_TRUE(Dialog().GetSample().windowBackground);
+  EXPECT_TRUE(Dialog().preview.GetSample().windowBackground);
   Dialog().Close();
   Play(folder.Write("film.mkv", "x"));
   Dialog().Open();
-  EXPECT_FALSE(Dialog().GetSample().windowBackground);
-  EXPECT_EQ(Dialog().GetSample().background, 0x100010);
-  EXPECT_EQ(Dialog().lblSample.GetText(), u"Sample");
-  EXPECT_EQ(Dialog().lblSampleShadow.GetText(), u"Sample");
+  EXPECT_FALSE(Dialog().preview.GetSample().windowBackground);
+  EXPECT_EQ(Dialog().preview.GetSample().background, 0x100010);
+  EXPECT_EQ(Dialog().preview.lblSample.GetText(), u"Sample");
+  EXPECT_EQ(Dialog().preview.lblSampleShadow.GetText(), u"Sample");
 }
 
 TEST_F(SettingsPreview, ARunningOverlayChangesAtOnce) {
   Play(folder.Write("film.mkv", "x"));
   int placed = 0;
   const Connection watch = program->preview.PlaceRequested.ConnectScoped([&] { ++placed; });
-  Move(Dialog().sldShadow, 4);
+  Move(Dialog().preview.sldShadow, 4);
   EXPECT_EQ(program->sub.GetStyle().shadowShift, 4);
-  EXPECT_EQ(Dialog().GetSample().shadowShift, 4);
-  Choose(Dialog().optOpaque);
+  EXPECT_EQ(Dialog().preview.GetSample().shadowShift, 4);
+  Choose(Dialog().preview.optOpaque);
   EXPECT_TRUE(program->sub.GetStyle().opaque);
   EXPECT_EQ(placed, 0);
-  Move(Dialog().sldHeight, 10);
+  Move(Dialog().preview.sldHeight, 10);
   EXPECT_EQ(Options().previewHeight, 10);
   EXPECT_EQ(placed, 1);
-  EXPECT_EQ(Dialog().lblHeight.GetText(), u"Subtitle preview placement: 10%");
+  EXPECT_EQ(Dialog().preview.lblHeight.GetText(), u"Subtitle preview placement: 10%");
 }
 
 TEST_F(SettingsPreview, FontAndColorComeFromThePickers) {
   pickers.fonts = {{u"Tahoma", 60, false, true, false, false, 400}};
   pickers.colors = {0x0000FF};
-  Dialog().cmdFont.Click();
-  Dialog().cmdColor.Click();
+  Dialog().preview.cmdFont.Click();
+  Dialog().preview.cmdColor.Click();
   EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Arial");
   EXPECT_EQ(pickers.fontsShown.at(0).Size, 18);
   EXPECT_TRUE(pickers.fontsShown.at(0).Bold);
@@ -534,84 +547,84 @@ TEST_F(SettingsPreview, FontAndColorComeFromThePickers) {
   EXPECT_FALSE(Options().previewFontBold);
   EXPECT_EQ(pickers.colorsShown.at(0), 0xFFFFFF);
   EXPECT_EQ(Options().previewColor, 0xFF);
-  EXPECT_EQ(Dialog().GetSample().fontName, u"Tahoma");
-  EXPECT_EQ(Dialog().GetSample().color, 0xFF);
-  Dialog().cmdFont.Click();
-  Dialog().cmdColor.Click();
+  EXPECT_EQ(Dialog().preview.GetSample().fontName, u"Tahoma");
+  EXPECT_EQ(Dialog().preview.GetSample().color, 0xFF);
+  Dialog().preview.cmdFont.Click();
+  Dialog().preview.cmdColor.Click();
   EXPECT_EQ(Options().previewFontName, u"Tahoma");
   EXPECT_EQ(Options().previewColor, 0xFF);
 }
 
 TEST_F(SettingsPreview, FollowingIsACheck) {
-  Dialog().chkFollow.Click();
+  Dialog().preview.chkFollow.Click();
   EXPECT_FALSE(Options().followCaptions);
 }
 
 TEST_F(SettingsLanguage, TheListHoldsTheDisplayNamesAndTheOneInForce) {
-  EXPECT_EQ(Dialog().cboLanguage.Items().size(), 25u);
-  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
-  EXPECT_EQ(Dialog().lblTranslator.GetText(), u"Translation by: Tessaly");
-  EXPECT_EQ(Dialog().txtCharset.GetText(), u"0 - WESTERN_EUROPEAN_LATIN");
+  EXPECT_EQ(Dialog().language.cboLanguage.Items().size(), 25u);
+  EXPECT_EQ(Dialog().language.cboLanguage.GetText(), u"English");
+  EXPECT_EQ(Dialog().language.lblTranslator.GetText(), u"Translation by: Tessaly");
+  EXPECT_EQ(Dialog().language.txtCharset.GetText(), u"0 - WESTERN_EUROPEAN_LATIN");
 }
 
 TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
   program->messages.AddBlock("0\t&Archivo\n193\tAjustes\n189\tTiempos\n190\tDetalles\n", static_cast<int>(kSpanish));
-  Dialog().cboLanguage.Choose(kSpanish);
+  Dialog().language.cboLanguage.Choose(kSpanish);
   EXPECT_EQ(Options().language, u"SPANISH");
   EXPECT_EQ(Dialog().Title(), u"Ajustes");
   EXPECT_EQ(Dialog().lblMenu[0].GetText(), u"Tiempos");
   EXPECT_EQ(Dialog().lblTop.GetText(), u"Tiempos");
   EXPECT_EQ(Window().mnuFile.GetText(), u"&Archivo");
-  EXPECT_EQ(Dialog().cboLanguage.Index(), static_cast<int>(kSpanish));
+  EXPECT_EQ(Dialog().language.cboLanguage.Index(), static_cast<int>(kSpanish));
   EXPECT_EQ(Stored(u"Language"), u"ENGLISH");
 }
 
 TEST_F(SettingsLanguage, DetailsOnShowChangeWithIt) {
   program->messages.AddBlock("191\tElija un idioma.\n", static_cast<int>(kSpanish));
   Dialog().ShowSettingsPage(4);
-  Dialog().cboLanguage.Choose(kSpanish);
-  EXPECT_FALSE(Dialog().lblDetails.Visible());
-  Dialog().cboLanguage.Choose(0);
+  Dialog().language.cboLanguage.Choose(kSpanish);
+  EXPECT_FALSE(Dialog().details.lblDetails.Visible());
+  Dialog().language.cboLanguage.Choose(0);
   Hover(Dialog().cmdReset);
-  Dialog().cboLanguage.Choose(kSpanish);
+  Dialog().language.cboLanguage.Choose(kSpanish);
   EXPECT_EQ(Details(), "Elija un idioma.");
 }
 
 TEST_F(SettingsLanguage, TheChosenValuesOutliveAChange) {
-  Dialog().cmbApply.Choose(2);
-  Dialog().cmbUImode.Choose(0);
-  Dialog().cboLanguage.Choose(kSpanish);
-  EXPECT_EQ(Dialog().cmbApply.Index(), 2);
-  EXPECT_EQ(Dialog().cmbUImode.Index(), 0);
+  Dialog().rules.cmbApply.Choose(2);
+  Dialog().player.cmbUImode.Choose(0);
+  Dialog().language.cboLanguage.Choose(kSpanish);
+  EXPECT_EQ(Dialog().rules.cmbApply.Index(), 2);
+  EXPECT_EQ(Dialog().player.cmbUImode.Index(), 0);
   EXPECT_EQ(Options().applyWhen, 2);
 }
 
 TEST_F(SettingsLanguage, ArabicMirrorsTheDialog) {
-  Dialog().cboLanguage.Choose(kArabic);
+  Dialog().language.cboLanguage.Choose(kArabic);
   EXPECT_TRUE(Dialog().RightToLeft());
   EXPECT_TRUE(Window().RightToLeft());
   EXPECT_EQ(Dialog().FlagRow(), static_cast<int>(kArabic));
-  Dialog().cboLanguage.Choose(0);
+  Dialog().language.cboLanguage.Choose(0);
   EXPECT_FALSE(Dialog().RightToLeft());
 }
 
 TEST_F(SettingsLanguage, TheNoticeShowsForAnotherCodePageOnly) {
-  EXPECT_FALSE(Dialog().fraNotice.Visible());
-  Dialog().cboLanguage.Choose(kRussian);
-  EXPECT_TRUE(Dialog().fraNotice.Visible());
-  EXPECT_EQ(Dialog().lblWarning.GetText(), u"Warning");
-  EXPECT_EQ(Dialog().lblCurrLang.GetText(), u"Current language for non-Unicode programs: English");
-  EXPECT_EQ(Dialog().lblReqLang.GetText(), u"Required language: Russian (native)");
-  Dialog().cboLanguage.Choose(kSpanish);
-  EXPECT_FALSE(Dialog().fraNotice.Visible());
+  EXPECT_FALSE(Dialog().language.fraNotice.Visible());
+  Dialog().language.cboLanguage.Choose(kRussian);
+  EXPECT_TRUE(Dialog().language.fraNotice.Visible());
+  EXPECT_EQ(Dialog().language.lblWarning.GetText(), u"Warning");
+  EXPECT_EQ(Dialog().language.lblCurrLang.GetText(), u"Current language for non-Unicode programs: English");
+  EXPECT_EQ(Dialog().language.lblReqLang.GetText(), u"Required language: Russian (native)");
+  Dialog().language.cboLanguage.Choose(kSpanish);
+  EXPECT_FALSE(Dialog().language.fraNotice.Visible());
 }
 
 TEST_F(SettingsLanguage, TheCompletionLinkShowsOnlyWhereTextsLack) {
-  EXPECT_FALSE(Dialog().lblComplete.Visible());
-  Dialog().cboLanguage.Choose(kRussian);
-  EXPECT_TRUE(Dialog().lblComplete.Visible());
-  EXPECT_EQ(Dialog().lblComplete.GetText(), u"Complete this translation...");
-  Hover(Dialog().lblComplete);
+  EXPECT_FALSE(Dialog().language.lblComplete.Visible());
+  Dialog().language.cboLanguage.Choose(kRussian);
+  EXPECT_TRUE(Dialog().language.lblComplete.Visible());
+  EXPECT_EQ(Dialog().language.lblComplete.GetText(), u"Complete this translation...");
+  Hover(Dialog().language.lblComplete);
   EXPECT_TRUE(Details().starts_with("This translation is 0% complete.\r\n\r\nTo complete the RUSSIAN translation"));
 }
 
@@ -627,22 +640,22 @@ TEST_F(SettingsLanguage, ALanguageWithOneMissingTextShowsNoCompletionLink) {
   };
   program->messages.AddBlock(block(1), static_cast<int>(kRussian));
   program->messages.AddBlock(block(4), 22);
-  Dialog().cboLanguage.Choose(static_cast<int>(kRussian));
-  EXPECT_FALSE(Dialog().lblComplete.Visible());
-  Dialog().cboLanguage.Choose(22);
-  EXPECT_TRUE(Dialog().lblComplete.Visible());
+  Dialog().language.cboLanguage.Choose(static_cast<int>(kRussian));
+  EXPECT_FALSE(Dialog().language.lblComplete.Visible());
+  Dialog().language.cboLanguage.Choose(22);
+  EXPECT_TRUE(Dialog().language.lblComplete.Visible());
 }
 
 TEST_F(SettingsLanguage, TheCompletionLinkWritesAndOpensTheTranslationFile) {
   std::filesystem::create_directory(folder.Path() / "run");
-  Dialog().cboLanguage.Choose(kRussian);
+  Dialog().language.cboLanguage.Choose(kRussian);
   bool off = false;
-  const Connection watch = Dialog().lblComplete.Changed.ConnectScoped([&] {
-    if (!Dialog().lblComplete.Enabled()) off = true;
+  const Connection watch = Dialog().language.lblComplete.Changed.ConnectScoped([&] {
+    if (!Dialog().language.lblComplete.Enabled()) off = true;
   });
-  Dialog().lblComplete.Click();
+  Dialog().language.lblComplete.Click();
   EXPECT_TRUE(off);
-  EXPECT_TRUE(Dialog().lblComplete.Enabled());
+  EXPECT_TRUE(Dialog().language.lblComplete.Enabled());
   EXPECT_FALSE(desktop.busy);
   EXPECT_EQ(desktop.opened, std::vector<Text>{folder / "run/qxm_100_russian.txt"});
   EXPECT_TRUE(LastBox().starts_with("The language file has been created, and will be opened now."));
@@ -651,11 +664,11 @@ TEST_F(SettingsLanguage, TheCompletionLinkWritesAndOpensTheTranslationFile) {
 }
 
 TEST_F(SettingsLanguage, TheRegionalSettingsOpenOrTheUserIsTold) {
-  Dialog().cmdRegionalSettings.Click();
+  Dialog().language.cmdRegionalSettings.Click();
   EXPECT_EQ(desktop.regionalSettings, 1);
   EXPECT_TRUE(boxes.shown.empty());
   desktop.hasRegionalSettings = false;
-  Dialog().cmdRegionalSettings.Click();
+  Dialog().language.cmdRegionalSettings.Click();
   EXPECT_EQ(boxes.shown.size(), 1u);
 }
 
@@ -691,11 +704,11 @@ TEST_F(SettingsLanguage, AStoreWithAnOldNameHoldsTheNewOneAfterTheDialogCloses) 
 }
 
 TEST_F(SettingsStoring, OkWritesEveryKeyInTheFormOfTheStore) {
-  Dialog().chkCollision.Click();
-  Press(Dialog().txtHotkey[9], u'v');
-  Type(Dialog().txtPosition[1], u"33");
-  Choose(Dialog().optOpaque);
-  Dialog().cmbUImode.Choose(1);
+  Dialog().rules.chkCollision.Click();
+  Press(Dialog().keys.txtHotkey[9], u'v');
+  Type(Dialog().keys.txtPosition[1], u"33");
+  Choose(Dialog().preview.optOpaque);
+  Dialog().player.cmbUImode.Choose(1);
   bool closed = false;
   const Connection watch = Dialog().Closed.ConnectScoped([&] { closed = true; });
   Dialog().cmdOK.Click();
@@ -738,8 +751,8 @@ TEST_F(SettingsStoring, OkWritesEveryKeyInTheFormOfTheStore) {
 }
 
 TEST_F(SettingsStoring, ClosingByTheFrameKeepsChangesForTheRunAndStoresTheLanguageAlone) {
-  Dialog().chkCollision.Click();
-  Dialog().cboLanguage.Choose(kSpanish);
+  Dialog().rules.chkCollision.Click();
+  Dialog().language.cboLanguage.Choose(kSpanish);
   Dialog().Close();
   EXPECT_EQ(Options().avoidCollision, 0);
   EXPECT_EQ(Stored(u"Collision"), u"?");
@@ -750,8 +763,8 @@ TEST_F(SettingsStoring, ClosingByTheFrameKeepsChangesForTheRunAndStoresTheLangua
 }
 
 TEST_F(SettingsStoring, AFieldThatWasntLeftCountsAtOk) {
-  Type(Dialog().txtPosition[0], u"900");
-  Type(Dialog().txtCredits, u"x,,y,");
+  Type(Dialog().keys.txtPosition[0], u"900");
+  Type(Dialog().rules.txtCredits, u"x,,y,");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"kRewindSecs"), u"600");
   EXPECT_EQ(Stored(u"T_CREDITSTEXT"), u"x,y");
@@ -761,7 +774,7 @@ TEST_F(SettingsStoring, ABlankCreditsListRunsWithTheRuleOffAndTheStoreSaysSoAtTh
   program->store.SaveSettings(u"Cuewright", {{u"T_CREDITS", u"1"}, {u"T_CREDITSTEXT", u"   "}});
   Reopen();
   EXPECT_EQ(Options().removeCredits, 0);
-  EXPECT_FALSE(Dialog().chkCredits.Value());
+  EXPECT_FALSE(Dialog().rules.chkCredits.Value());
   EXPECT_EQ(Stored(u"T_CREDITS"), u"1");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"T_CREDITS"), u"0");
@@ -794,23 +807,23 @@ TEST_F(SettingsReset, TheFirstPageGoesBackToItsDefaultsWithCreditsOff) {
   EXPECT_EQ(o.removeCredits, 0);
   EXPECT_EQ(o.creditWords, u"@,http,www");
   EXPECT_EQ(o.hotkeysOn, 0);
-  EXPECT_FALSE(Dialog().chkCredits.Value());
-  EXPECT_EQ(Dialog().sldAutoJoin.Value(), 20);
+  EXPECT_FALSE(Dialog().rules.chkCredits.Value());
+  EXPECT_EQ(Dialog().rules.sldAutoJoin.Value(), 20);
 }
 
 TEST_F(SettingsReset, TheSecondPageGoesBackToItsLettersAndSeconds) {
   Dialog().ShowSettingsPage(1);
-  for (TextBox& box : Dialog().txtHotkey) Press(box, u'q');
+  for (TextBox& box : Dialog().keys.txtHotkey) Press(box, u'q');
   Options().rewindSeconds = 50;
   Options().hotkeysOn = 0;
   Options().nearMs = 10;
   Dialog().cmdReset.Click();
   EXPECT_EQ(Options().playKey, 90);
   EXPECT_EQ(Options().forwardKey, 69);
-  EXPECT_EQ(Dialog().txtHotkey[0].GetText(), u"Z");
-  EXPECT_EQ(Dialog().txtHotkey[9].GetText(), u"E");
-  EXPECT_EQ(Dialog().txtPosition[0].GetText(), u"5");
-  EXPECT_TRUE(Dialog().chkKeys.Value());
+  EXPECT_EQ(Dialog().keys.txtHotkey[0].GetText(), u"Z");
+  EXPECT_EQ(Dialog().keys.txtHotkey[9].GetText(), u"E");
+  EXPECT_EQ(Dialog().keys.txtPosition[0].GetText(), u"5");
+  EXPECT_TRUE(Dialog().keys.chkKeys.Value());
   EXPECT_EQ(Options().nearMs, 10);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"kPlay"), u"Z");
@@ -829,7 +842,7 @@ TEST_F(SettingsReset, OnThePlayerPageThePreviewGoesBackAndThePlayerStays) {
   EXPECT_EQ(Options().previewFontName, u"Arial");
   EXPECT_FALSE(Options().previewOpaque);
   EXPECT_EQ(Options().previewHeight, 90);
-  EXPECT_TRUE(Dialog().optShadow.Value());
+  EXPECT_TRUE(Dialog().preview.optShadow.Value());
 }
 
 TEST_F(SettingsReset, OnThePreviewPageThePlayerGoesBackAndThePreviewStays) {
@@ -849,11 +862,11 @@ TEST_F(SettingsReset, OnThePreviewPageThePlayerGoesBackAndThePreviewStays) {
 
 TEST_F(SettingsReset, OnTheLanguagePageTheUsersLanguageComesBack) {
   Dialog().ShowSettingsPage(4);
-  Dialog().cboLanguage.Choose(kArabic);
+  Dialog().language.cboLanguage.Choose(kArabic);
   ASSERT_TRUE(Window().RightToLeft());
   Dialog().cmdReset.Click();
   EXPECT_EQ(Options().language, u"ENGLISH");
-  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
+  EXPECT_EQ(Dialog().language.cboLanguage.GetText(), u"English");
   EXPECT_FALSE(Window().RightToLeft());
   EXPECT_FALSE(Dialog().RightToLeft());
 }
@@ -862,11 +875,11 @@ TEST_F(SettingsReset, OnTheLanguagePageALocaleWithoutALanguageGivesEnglish) {
   locale.language = u"Chinese";
   Reopen();
   Dialog().ShowSettingsPage(4);
-  Dialog().cboLanguage.Choose(kArabic);
+  Dialog().language.cboLanguage.Choose(kArabic);
   ASSERT_TRUE(Window().RightToLeft());
   Dialog().cmdReset.Click();
   EXPECT_EQ(Options().language, u"ENGLISH");
-  EXPECT_EQ(Dialog().cboLanguage.GetText(), u"English");
+  EXPECT_EQ(Dialog().language.cboLanguage.GetText(), u"English");
   EXPECT_FALSE(Window().RightToLeft());
 }
 
@@ -879,8 +892,8 @@ TEST_F(SettingsStoring, OkWritesThePlayersModeFromItsEntry) {
 }
 
 TEST_F(SettingsStoring, TheRulesOnLoadHaveABoxAndAKey) {
-  EXPECT_FALSE(Dialog().chkRulesOnLoad.Value());
-  Dialog().chkRulesOnLoad.Click();
+  EXPECT_FALSE(Dialog().rules.chkRulesOnLoad.Value());
+  Dialog().rules.chkRulesOnLoad.Click();
   EXPECT_TRUE(Options().changeOnLoad);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"RulesOnLoad"), u"1");
@@ -909,21 +922,21 @@ TEST_F(SettingsPages, TheirHelpIsThatOfThePageOnShow) {
 
 TEST_F(SettingsTest, TheClassicMannerIsTakenAtOnceAndStoredByOk) {
   Dialog().ShowSettingsPage(4);
-  EXPECT_FALSE(Dialog().chkClassic.Value());
-  Hover(Dialog().chkClassic);
+  EXPECT_FALSE(Dialog().language.chkClassic.Value());
+  Hover(Dialog().language.chkClassic);
   EXPECT_EQ(Details(), ToUtf8(program->strings[Message::ClassicMannerHint]));
-  Dialog().chkClassic.Click();
+  Dialog().language.chkClassic.Click();
   EXPECT_TRUE(Options().manner.Classic());
   EXPECT_EQ(Stored(u"Classic"), u"?");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"Classic"), u"1");
   Reopen();
   EXPECT_TRUE(Options().manner.Classic());
-  EXPECT_TRUE(Dialog().chkClassic.Value());
+  EXPECT_TRUE(Dialog().language.chkClassic.Value());
   Dialog().ShowSettingsPage(4);
   Dialog().cmdReset.Click();
   EXPECT_FALSE(Options().manner.Classic());
-  EXPECT_FALSE(Dialog().chkClassic.Value());
+  EXPECT_FALSE(Dialog().language.chkClassic.Value());
 }
 
 }  // namespace

@@ -42,15 +42,15 @@ TEST_F(VsFilterInTheProgram, TheOptionChoosesTheMode) {
 
 TEST_F(VsFilterInTheProgram, TheSettingsAreEnabledExactlyWhenTheKeyExists) {
   SettingsDialog& dialog = program->dialogs.settings;
-  const std::initializer_list<const Control*> controls = {&dialog.lblVSFilter, &dialog.lblVSNotice,
-                                                          &dialog.optVSDisable, &dialog.optVSHide};
+  const std::initializer_list<const Control*> controls = {&dialog.player.lblVSFilter, &dialog.player.lblVSNotice,
+                                                          &dialog.player.optVSDisable, &dialog.player.optVSHide};
   dialog.Open();
   for (const Control* control : controls) EXPECT_FALSE(control->Enabled()) << control->Name();
   dialog.Close();
   Install();
   dialog.Open();
   for (const Control* control : controls) EXPECT_TRUE(control->Enabled()) << control->Name();
-  EXPECT_FALSE(dialog.cmdVSFilter.Enabled());
+  EXPECT_FALSE(dialog.player.cmdVSFilter.Enabled());
 }
 
 }  // namespace

@@ -92,13 +92,14 @@ TEST_F(ExportWindowView, HasASpokenNameForAllThatTheKeyboardReaches) {
 TEST_F(SettingsWindowView, NoTextIsCutOffInAnyLanguage) {
   ShowSettings();
   for (const std::size_t language : {kEnglish, kSpanish, kArabic, kRussian}) {
-    Settings().cboLanguage.Choose(static_cast<int>(language));
+    Settings().language.cboLanguage.Choose(static_cast<int>(language));
     for (std::size_t page = 0; page < 5; ++page) {
       Settings().ShowSettingsPage(page);
       ExpectNothingCutOff("language " + std::to_string(language) + " page " + std::to_string(page) + ": ");
     }
     Settings().ShowSettingsPage(0);
-    for (CheckBox* check : {&Settings().chkAutoJoin, &Settings().chkDuration, &Settings().chkCredits}) {
+    for (CheckBox* check :
+         {&Settings().rules.chkAutoJoin, &Settings().rules.chkDuration, &Settings().rules.chkCredits}) {
       check->Hover();
       ExpectNothingCutOff("language " + std::to_string(language) + " " + check->Name() + ": ");
     }
@@ -108,7 +109,7 @@ TEST_F(SettingsWindowView, NoTextIsCutOffInAnyLanguage) {
 TEST_F(SettingsWindowView, TheDetailsHaveRoomForEveryText) {
   ShowSettings();
   for (const std::size_t language : {kEnglish, kSpanish, kArabic}) {
-    Settings().cboLanguage.Choose(static_cast<int>(language));
+    Settings().language.cboLanguage.Choose(static_cast<int>(language));
     for (const Text& text : Settings().DetailTexts()) {
       Settings().ShowSettingsDetails(text);
       QCoreApplication::sendPostedEvents();
@@ -263,7 +264,7 @@ TEST_F(SettingsWindowView, BarsAndChecksReachTheOptions) {
   QTest::keyClick(Find<QCheckBox>("chkCollision"), Qt::Key_Space);
   EXPECT_EQ(program->options.avoidCollision, 0);
   EXPECT_FALSE(Find<QCheckBox>("chkCollision")->isChecked());
-  Settings().chkAutoJoin.Hover();
+  Settings().rules.chkAutoJoin.Hover();
   auto* slider = Find<QSlider>("sldAutoJoin");
   slider->setFocus();
   QTest::keyClick(slider, Qt::Key_Home);
@@ -297,16 +298,16 @@ TEST_F(SettingsWindowView, F1OpensTheHelpOfThePage) {
 TEST_F(SettingsWindowView, ArabicMirrorsItWhileItIsOpen) {
   ShowSettings();
   EXPECT_LT(LeftOf("picMenu"), LeftOf("picTop"));
-  Settings().cboLanguage.Choose(static_cast<int>(kArabic));
+  Settings().language.cboLanguage.Choose(static_cast<int>(kArabic));
   QCoreApplication::sendPostedEvents();
   EXPECT_GT(LeftOf("picMenu"), LeftOf("picTop"));
   EXPECT_GT(LeftOf("cmdReset"), LeftOf("cmdOK"));
-  Settings().chkDuration.Hover();
+  Settings().rules.chkDuration.Hover();
   QCoreApplication::sendPostedEvents();
   QWidget* page = Find("picOptions(0)");
   EXPECT_EQ(Find("picDuration")->geometry().left(), 0);
   EXPECT_LT(Find("picDuration")->geometry().right(), page->width() - 10);
-  Settings().cboLanguage.Choose(static_cast<int>(kEnglish));
+  Settings().language.cboLanguage.Choose(static_cast<int>(kEnglish));
   QCoreApplication::sendPostedEvents();
   EXPECT_LT(LeftOf("picMenu"), LeftOf("picTop"));
 }

@@ -170,7 +170,7 @@ TEST_P(EveryLanguage, HasRoomInTheSettings) {
   SettingsDialog& settings = program->dialogs.settings;
   for (std::size_t page = 0; page < 5; ++page) states.emplace_back([&, page] { settings.ShowSettingsPage(page); });
   states.emplace_back([&] { settings.ShowSettingsPage(0); });
-  for (CheckBox* check : {&settings.chkAutoJoin, &settings.chkDuration, &settings.chkCredits}) {
+  for (CheckBox* check : {&settings.rules.chkAutoJoin, &settings.rules.chkDuration, &settings.rules.chkCredits}) {
     states.emplace_back([check] { check->Hover(); });
   }
   Look(Window().mnuGSettings, states);
