@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "formats/timecode.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -134,8 +135,8 @@ float Importer::PromptForFps() {
       const float fps = DecimalOf(answer);
       if (fps > 0) return fps;
     }
-    talk_.messages.Show({strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
-                         ReplaceAll(strings[Message::OpenText], u"...", u"")});
+    talk_.messages.Show(
+        {strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, WithoutDots(strings[Message::OpenText])});
   }
 }
 

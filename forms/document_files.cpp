@@ -5,6 +5,7 @@
 #include "core/paths.h"
 #include "core/runtime_error.h"
 #include "external/common_dialogs.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -39,7 +40,7 @@ void DocumentFiles::Wire() {
   });
 }
 
-Text DocumentFiles::Untitled(Message message) const { return ReplaceAll(bench_.strings[message], u"...", {}); }
+Text DocumentFiles::Untitled(Message message) const { return WithoutDots(bench_.strings[message]); }
 
 bool DocumentFiles::PromptForSave() {
   if (bench_.document.FileInWork) return false;
