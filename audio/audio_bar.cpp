@@ -4,6 +4,7 @@
 
 #include "core/paths.h"
 #include "core/runtime_error.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -92,7 +93,7 @@ void AudioBar::EndLoad(WaveLoadResult result) {
   });
   if (result == WaveLoadResult::Failed || !painted) {
     p_.messages.Show({p_.strings[Message::WaveLoadFailed], BoxIcon::Error, BoxButtons::Ok,
-                      ReplaceAll(p_.strings[Message::AudioBar], u"...", {})});
+                      WithoutDots(p_.strings[Message::AudioBar])});
   }
   if (result == WaveLoadResult::Loaded && recall_) {
     w.mnuAFileName.SetText(ShortenPath(path_));

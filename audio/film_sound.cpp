@@ -6,6 +6,7 @@
 #include "core/media_errors.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -131,7 +132,7 @@ void FilmSound::Load() {
 
 void FilmSound::Tell() {
   p_.messages.Show({Fill(p_.strings[Message::FilmSoundFailed], film_), BoxIcon::Error, BoxButtons::Ok,
-                    ReplaceAll(p_.strings[Message::AudioBar], u"...", {})});
+                    WithoutDots(p_.strings[Message::AudioBar])});
 }
 
 void FilmSound::EmptyStore() {

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "core/numbers.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {
@@ -14,9 +15,7 @@ using Problem = std::optional<std::string>;
 
 std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
 
-bool AllDigits(std::string_view text) {
-  return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
-}
+bool AllDigits(std::string_view text) { return !text.empty() && std::ranges::all_of(text, IsDigit<char>); }
 
 /// The rate as the frame rate question takes it: at most eight characters, from 15 to 30 by its whole part.
 Problem SetFps(Request& request, const std::string& value) {

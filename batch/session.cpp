@@ -13,7 +13,6 @@ Session::Session(const Request& request, Files& files, Console& console, int sys
       files_(files),
       boxes_(console, FromUtf8(request.fps)),
       encodings_(systemCodePage),
-      host_(boxes_),
       captions_(options_, modified_),
       report_(strings_) {
   state_.ListCharset = CharsetOfCodePage(systemCodePage).number;
@@ -64,7 +63,7 @@ bool Session::ReadCatalogue(const Text& programFolder) {
   if (errors.Last()) boxes_.Tell(errors.Last()->description);
   if (complete && catalogue_.Count() == 0) boxes_.Tell(folder + u"formats.dat lists no format");
   if (!complete || catalogue_.Count() == 0) return false;
-  const FormatTalk talk{strings_, boxes_, host_};
+  const FormatTalk talk{strings_, boxes_};
   loader_ = std::make_unique<FormatLoader>(catalogue_, state_, *settings_, talk);
   const FormatSet formats{catalogue_, state_, *loader_};
   const FileAccess access{files_, encodings_};
@@ -115,7 +114,11 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
   }
   const int before = boxes_.Troubles();
   path_ = path;
+  const int codePage = state_.Encoding.codePage;
   exporter_->ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  if (state_.Encoding.codePage != codePage) {
+    boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(codePage) + u" lacks a character of the text.");
+  }
   return boxes_.Troubles() == before;
 }
 
@@ -127,10 +130,6 @@ bool Session::LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps)
   const bool loaded = file != nullptr && WaveReader(peaks).Load(*file, steps) == WaveLoadResult::Loaded;
   if (!loaded) boxes_.Tell(strings_[Message::WaveLoadFailed]);
   return loaded;
-}
-
-void Session::Host::SavedAsUtf8(const DocumentEncoding& lacking) {
-  boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(lacking.codePage) + u" lacks a character of the text.");
 }
 
 }  // namespace cuewright

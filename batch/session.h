@@ -14,7 +14,6 @@
 #include "formats/catalogue.h"
 #include "formats/definition.h"
 #include "formats/export.h"
-#include "formats/format_host.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "settings/store.h"
@@ -60,23 +59,6 @@ class Session {
   bool LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps);
 
  private:
-  /// The window that the engine talks to: there is none.
-  class Host final : public FormatHost {
-   public:
-    explicit Host(BatchBoxes& boxes) : boxes_(boxes) {}
-    void SetTextFileLabel(TextView) override {}
-    void ClearVideoFileLabel() override {}
-    void RefreshStatusLabels() override {}
-    void Yield() override {}
-    void ImportBegins() override {}
-    void ImportEnds() override {}
-    std::int32_t MediaSeconds() const override { return 0; }
-    void SavedAsUtf8(const DocumentEncoding& lacking) override;
-
-   private:
-    BatchBoxes& boxes_;
-  };
-
   bool ReadSettings();
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
@@ -96,7 +78,6 @@ class Session {
   bool modified_ = false;
   bool cancelled_ = false;
   int loadTroubles_ = 0;
-  Host host_;
   CaptionList captions_;
   RuleReport report_;
   std::unique_ptr<FormatLoader> loader_;  ///< these three once the catalogue is read

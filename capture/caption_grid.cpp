@@ -1,5 +1,7 @@
 #include "capture/caption_grid.h"
 
+#include "core/style_markers.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -45,8 +47,7 @@ void CaptionGrid::SetSpoken(TextView timed, TextView untimed) {
 
 Text CaptionGrid::SpokenCaption(Row row) const {
   if (!list_.InRange(row)) return {};
-  Text text = ReplaceAll(list_.GetCaptionText(row, true), kLineEnd, u" ");
-  for (const TextView marker : {u"<b>", u"<i>", u"<u>"}) text = ReplaceAll(text, marker, {});
+  const Text text = WithoutStyleMarkers(ReplaceAll(list_.GetCaptionText(row, true), kLineEnd, u" "));
   const Text form = list_.IsCaptionTimed(row) ? spokenTimed_ : spokenUntimed_;
   const std::array<Text, 4> values = {Decimal(row), Seconds(list_.GetCaptionStart(row)),
                                       Seconds(list_.GetCaptionEnd(row)), text};

@@ -1,5 +1,7 @@
 #include "capture/preview.h"
 
+#include "core/style_markers.h"
+
 namespace cuewright {
 namespace {
 
@@ -51,9 +53,7 @@ void Preview::ShowPreviewCaption(Row row) {
   style.italic = bench_.list.IsCaptionItalic(row);
   style.underline = bench_.list.IsCaptionUnderline(row);
   sub_.SetStyle(style);
-  Text text = bench_.list.GetCaptionText(row, true);
-  for (const TextView marker : {u"<b>", u"<i>", u"<u>"}) text = ReplaceAll(text, marker, {});
-  if (sub_.Loaded()) sub_.ShowText(text);
+  if (sub_.Loaded()) sub_.ShowText(WithoutStyleMarkers(bench_.list.GetCaptionText(row, true)));
 }
 
 void Preview::ClearPreviewCaption() {

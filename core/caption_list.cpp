@@ -4,13 +4,10 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "core/style_markers.h"
 
 namespace cuewright {
 namespace {
-
-constexpr TextView kBold = u"<b>";
-constexpr TextView kItalic = u"<i>";
-constexpr TextView kUnderline = u"<u>";
 
 /// "Left" and "right" characters of a text; a negative count is a run-time error, a large one gives all.
 TextView LeftPart(TextView text, long count) {
@@ -100,10 +97,10 @@ void CaptionList::ClearCaptionTiming(Row row, bool quiet) {
 CaptionList::Markers CaptionList::MarkersIn(TextView text) {
   Markers found;
   for (std::size_t at = FindPlain(text, u"<"); at != TextView::npos; at = FindPlain(text, u"<", at + 1)) {
-    const TextView marker = text.substr(at, kBold.size());
-    found.bold = found.bold || marker == kBold;
-    found.italic = found.italic || marker == kItalic;
-    found.underline = found.underline || marker == kUnderline;
+    const TextView marker = text.substr(at, kBoldMarker.size());
+    found.bold = found.bold || marker == kBoldMarker;
+    found.italic = found.italic || marker == kItalicMarker;
+    found.underline = found.underline || marker == kUnderlineMarker;
   }
   return found;
 }
@@ -112,9 +109,9 @@ bool CaptionList::HasMarker(Row row, TextView marker) const {
   return InRange(row) && At(row).text.find(marker) != Text::npos;
 }
 
-bool CaptionList::IsCaptionBold(Row row) const { return HasMarker(row, kBold); }
-bool CaptionList::IsCaptionItalic(Row row) const { return HasMarker(row, kItalic); }
-bool CaptionList::IsCaptionUnderline(Row row) const { return HasMarker(row, kUnderline); }
+bool CaptionList::IsCaptionBold(Row row) const { return HasMarker(row, kBoldMarker); }
+bool CaptionList::IsCaptionItalic(Row row) const { return HasMarker(row, kItalicMarker); }
+bool CaptionList::IsCaptionUnderline(Row row) const { return HasMarker(row, kUnderlineMarker); }
 
 bool CaptionList::IsCaptionFormatted(Row row) const { return InRange(row) && MarkersIn(At(row).text).Count() > 0; }
 

@@ -1,5 +1,7 @@
 #include "core/numbers.h"
 
+#include "text/digits.h"
+
 #include <cmath>
 #include <cstdlib>
 

@@ -9,12 +9,6 @@
 
 namespace cuewright {
 
-/// True for "0" to "9" alone, in text or bytes.
-template <class Unit>
-constexpr bool IsDigit(Unit c) {
-  return c >= Unit{'0'} && c <= Unit{'9'};
-}
-
 /// The number that a text begins with, blanks inside and in front skipped; 0 when it begins with none.
 /// Reading stops at the first character that can't belong to a decimal number, a comma among them.
 double LeadingNumber(TextView text);

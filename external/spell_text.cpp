@@ -1,11 +1,12 @@
 #include "external/spell_text.h"
 
+#include "core/style_markers.h"
+
 #include <algorithm>
 
 namespace cuewright {
 namespace {
 
-constexpr TextView kItalicTag = u"<i>";
 constexpr TextView kCr = u"\r";
 
 // Marks that stand on lines of their own, as one character each that is none of any text.
@@ -26,7 +27,7 @@ Text WithMarks(TextView text) {
 
 /// A caption as it goes to the check, without the mark of its end.
 Text Sent(TextView caption) {
-  return ReplaceAll(ReplaceAll(caption, kLineEnd, Between(kLineEnd, kBreakMark)), kItalicTag,
+  return ReplaceAll(ReplaceAll(caption, kLineEnd, Between(kLineEnd, kBreakMark)), kItalicMarker,
                     Between(kLineEnd, kItalicMark));
 }
 
@@ -53,7 +54,7 @@ std::size_t EndOfCaption(const Text& marked, std::size_t from, const Text& capti
 Text Unmarked(Text piece, const Text& caption, TextView separator) {
   if (caption.find(kBreakMark) == Text::npos) piece = ReplaceAll(piece, kBreakMark, Text(1, kLineBreak));
   if (caption.find(kItalicMark) == Text::npos) piece = ReplaceAll(piece, kItalicMark, Text(1, kItalic));
-  piece = ReplaceAll(ReplaceAll(piece, Text(1, kLineBreak), separator), Text(1, kItalic), kItalicTag);
+  piece = ReplaceAll(ReplaceAll(piece, Text(1, kLineBreak), separator), Text(1, kItalic), kItalicMarker);
   return ReplaceAll(piece, kCr, {});
 }
 

@@ -1,5 +1,7 @@
 #include "external/spell_words.h"
 
+#include "text/digits.h"
+
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
@@ -47,7 +49,7 @@ Kind KindOfPlain(UChar32 c) {
   const UChar32 lower = c | 0x20;
   if (lower >= u'a' && lower <= u'z') return Kind::Letter;
   if (c == kApostrophe) return Kind::Apostrophe;
-  return (c >= u'0' && c <= u'9') || c == u'_' ? Kind::Digit : Kind::Other;
+  return IsDigit(c) || c == u'_' ? Kind::Digit : Kind::Other;
 }
 
 Kind KindOf(UChar32 c) {

@@ -1,11 +1,12 @@
 #include "formats/caption_collector.h"
 
+#include "core/style_markers.h"
+
 #include <utility>
 
 namespace cuewright {
 namespace {
 
-constexpr std::array<TextView, 3> kMarkers = {u"<b>", u"<i>", u"<u>"};
 constexpr std::array<TextView, 3> kClosings = {u"</b>", u"</i>", u"</u>"};
 
 bool Holds(TextView text, TextView part) { return FindLoose(text, part) != TextView::npos; }
@@ -29,7 +30,7 @@ CaptionCollector::Tag CaptionCollector::MakeTag(const FormatDefinition& definiti
   }
   Tag tag{Needle(open), Needle(close == u"---" ? Text() : close), {}};
   // The letters of the tag decide, whatever kind it is for; each goes in front of the one before.
-  for (const TextView marker : kMarkers) {
+  for (const TextView marker : kStyleMarkers) {
     if (Holds(open, marker.substr(1, 1))) tag.markers.insert(0, marker);
   }
   return tag;
@@ -108,7 +109,7 @@ void CaptionCollector::FlushStraight(TextView text) {
 
 TextView CaptionCollector::MereBreak() const {
   const bool mere =
-      breaks_ && StoresStraight(u'\0') && definition_.tagOpen == u"<b>" && definition_.lineBreak == u"<br>";
+      breaks_ && StoresStraight(u'\0') && definition_.tagOpen == kBoldMarker && definition_.lineBreak == u"<br>";
   return mere ? TextView(definition_.lineBreak) : TextView();
 }
 
@@ -124,10 +125,10 @@ void CaptionCollector::Store(TextView text) {
 
 void CaptionCollector::StoreImportedCaption() {
   if (definition_.tagFlags != 0 && HoldsChar(captionText, u'<')) {
-    for (std::size_t i = 0; i < kMarkers.size(); ++i) {
+    for (std::size_t i = 0; i < kStyleMarkers.size(); ++i) {
       if (!markers_[i].In(captionText)) continue;
-      captionText = ReplaceAll(ReplaceAll(captionText, kMarkers[i], {}), kClosings[i], {});
-      captionText.insert(0, kMarkers[i]);
+      captionText = ReplaceAll(ReplaceAll(captionText, kStyleMarkers[i], {}), kClosings[i], {});
+      captionText.insert(0, kStyleMarkers[i]);
     }
   }
   Store(captionText);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/style_markers.h"
 #include "formats/definition.h"
 #include "text/text.h"
 #include "text/text_search.h"
@@ -84,7 +85,8 @@ class CaptionCollector {
 
   const FormatDefinition& definition_;
   const Text& separator_;
-  const std::array<Needle, 3> markers_ = {Needle(u"<b>"), Needle(u"<i>"), Needle(u"<u>")};
+  const std::array<Needle, 3> markers_ = {Needle(Text(kBoldMarker)), Needle(Text(kItalicMarker)),
+                                          Needle(Text(kUnderlineMarker))};
   const std::array<Needle, 3> closings_ = {Needle(u"</b>"), Needle(u"</i>"), Needle(u"</u>")};
   std::vector<Tag> tags_;
   char16_t tagAnchor_ = u'<';  // a character that every tag holds; NUL: none is known

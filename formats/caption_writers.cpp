@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "core/style_markers.h"
 #include "formats/fast/scan.h"
 #include "formats/text_pieces.h"
 #include "text/text_search.h"
@@ -14,12 +15,6 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
-constexpr std::array<TextView, 3> kMarkers = {u"<b>", u"<i>", u"<u>"};
-
-void RemoveMarkers(Text& text) {
-  if (text.find(u'<') == Text::npos) return;
-  for (const TextView marker : kMarkers) text = ReplaceAll(text, marker, {});
-}
 
 /// A literal stretch of the record, and the field behind it.
 enum class Field { None, Start, End, Count, Caption };
@@ -140,7 +135,7 @@ class RecordWriter {
     }
     text_ = ReplaceAll(stored, separator, kLineEnd);
     if (plainMarkers_) {
-      RemoveMarkers(text_);
+      text_ = WithoutStyleMarkers(std::move(text_));
       Exchange(text_, TextView(u"\0", 1), {});
     } else {
       if (semicolons_) Exchange(text_, u";", u",");
@@ -196,8 +191,11 @@ class RecordWriter {
   void MarkersToTags() {
     if (text_.find(u'<') == Text::npos) return;
     const FormatDefinition& definition = job_.definition;
-    if (definition.tagFlags == 0) return RemoveMarkers(text_);
-    for (const TextView marker : kMarkers) {
+    if (definition.tagFlags == 0) {
+      text_ = WithoutStyleMarkers(std::move(text_));
+      return;
+    }
+    for (const TextView marker : kStyleMarkers) {
       if (FindLoose(text_, marker) == TextView::npos) continue;
       const TextView letter = marker.substr(1, 1);
       text_ = ReplaceAll(text_, marker, ReplaceAll(definition.tagOpen, u"b", letter));
@@ -278,8 +276,7 @@ void WriteTmPlayer(const WriteJob& job, LineSink& sink) {
   for (Row at = 1; at <= job.lastRow && job.captions.InRange(at); ++at) {
     const std::int32_t start = job.captions.GetCaptionStart(at);
     const std::int32_t end = job.captions.GetCaptionEnd(at);
-    Text text = job.captions.GetCaptionText(at, true);
-    RemoveMarkers(text);
+    const Text text = WithoutStyleMarkers(job.captions.GetCaptionText(at, true));
     Text line = row(start, u"1") + text;
     const Text second = Text(kLineEnd) + row(start, u"2");
     if (text.find(kLineEnd) != Text::npos) {

@@ -111,8 +111,7 @@ bool FormatLoader::SelectFormat(TextView formatId) {
   if (!LoadFormatDefinition(formatId)) return false;
   const int index = catalogue_.IndexOf(formatId);
   if (index > 0) state_.CurrentFormatIndex = static_cast<std::uint8_t>(index);
-  talk_.host.SetTextFileLabel(Fill(talk_.strings[Message::ImportingFile], catalogue_.DisplayName(formatId)));
-  talk_.host.Yield();
+  talk_.Report(FileStage::FormatChosen, Fill(talk_.strings[Message::ImportingFile], catalogue_.DisplayName(formatId)));
   return true;
 }
 

@@ -5,7 +5,7 @@
 
 #include "core/ports/settings_reader.h"
 #include "formats/catalogue.h"
-#include "formats/format_host.h"
+#include "formats/file_progress.h"
 #include "formats/format_state.h"
 #include "text/text.h"
 

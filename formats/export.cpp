@@ -10,20 +10,17 @@ namespace cuewright {
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
-  FormatHost& host = talk_.host;
   const Text id = formats_.CurrentIdentifier();
-  host.SetTextFileLabel(Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
-  host.ClearVideoFileLabel();
-  host.Yield();
+  talk_.Report(FileStage::SaveBegins, Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
   CarryOn errors;
   if (id != kPlainText) errors([&] { formats_.loader.LoadFormatDefinition(id); });
   const bool written = WriteFile(lastRow, errors);
   if (!written && (errors.Last()->number == kErrorPathFileAccess || errors.Last()->number == kErrorDiskFull)) {
     TellNotSaved(*errors.Last());
-    host.RefreshStatusLabels();
+    talk_.Report(FileStage::SaveEnds);
     return false;
   }
-  host.RefreshStatusLabels();
+  talk_.Report(FileStage::SaveEnds);
   // A failure inside the lines leaves a file that was saved; without a file the changes are still to be saved.
   if (written) modified_ = false;
   if (errors.Last()) TellError(*errors.Last());
@@ -34,7 +31,6 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const Text id = formats_.CurrentIdentifier();
   const WriteJob job{captions_, lastRow, formats_.loader.Definition(), id, formats_.state.CurrentFps, errors};
   DocumentEncoding encoding = formats_.state.Encoding;
-  const DocumentEncoding before = encoding;
   const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, encoding);
   const bool written = errors([&] {
     access_.files.Replace(path_, [&](ByteSink& bytes) {
@@ -52,10 +48,8 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
       sink.Flush();
     });
   });
-  const bool changed = written && !Classic() && id != kAdobeEncore && encoding.codePage != before.codePage;
-  if (changed) {
+  if (written && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
     formats_.state.Encoding = encoding;
-    talk_.host.SavedAsUtf8(before);
   }
   return written;
 }

@@ -23,7 +23,8 @@ class Exporter {
   /// Writes rows 1 to `lastRow` (PLAINTEXT: all of them) to the document's file. Where no file could be written the old
   /// one stays whole and the document modified: `Message::SaveFailed` tells it for error 75, a box with number and
   /// description for any other. A run-time error inside a line is told in that box as well, and the other lines are
-  /// written. False when no file was written.
+  /// written. False when no file was written. Where the document's encoding lacks a character of it, UTF-8 is written
+  /// and is the document's encoding from then on.
   bool ExportSubtitle(std::int16_t lastRow);
 
  private:

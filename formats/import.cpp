@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "formats/timecode.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -37,7 +38,8 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   return file;
 }
 
-void Importer::DetectFormat(TextView path, Loading loading) {
+void Importer::DetectFormat(TextView path, Loading loading, std::int32_t mediaSeconds) {
+  mediaSeconds_ = mediaSeconds;
   if (loading == Loading::NewDocument) return Detect(Text(path), loading);
   // What is appended comes into the document; how the document itself is written stays.
   const FormatState state = formats_.state;
@@ -101,16 +103,15 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
     state.SettingsFormatIndex = state.CurrentFormatIndex;
     FillList(std::move(rows), loading, errors);
   }
-  talk_.host.ImportEnds();
+  talk_.Report(FileStage::LoadEnds);
   TellError(path, errors);
 }
 
 void Importer::BeginImport() {
-  talk_.host.ImportBegins();
   const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
-  talk_.host.SetTextFileLabel(Fill(talk_.strings[Message::ImportingFile], name));
+  talk_.Report(FileStage::LoadBegins, Fill(talk_.strings[Message::ImportingFile], name));
   captions_.Reset();
-  talk_.host.Yield();
+  talk_.Report(FileStage::Pauses);
 }
 
 bool Importer::ReadFrameRate() {
@@ -134,8 +135,8 @@ float Importer::PromptForFps() {
       const float fps = DecimalOf(answer);
       if (fps > 0) return fps;
     }
-    talk_.messages.Show({strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
-                         ReplaceAll(strings[Message::OpenText], u"...", u"")});
+    talk_.messages.Show(
+        {strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, WithoutDots(strings[Message::OpenText])});
   }
 }
 
@@ -152,7 +153,7 @@ void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& err
     return;
   }
   errors([&] {
-    const Checked32 delay(static_cast<std::int64_t>(talk_.host.MediaSeconds()) * 1000);
+    const Checked32 delay(static_cast<std::int64_t>(mediaSeconds_) * 1000);
     appendOffset_ = Checked32(appendOffset_) + delay;
   });
   for (Caption& row : rows) {

@@ -22,7 +22,7 @@ enum class Loading { NewDocument, Append };
 /// box at the end of a load.
 class Importer {
  public:
-  /// `cancelled` is the flag that `cmdCancel` sets while the host yields. The list's options say how text files are
+  /// `cancelled` is the flag that `cmdCancel` sets in a pause. The list's options say how text files are
   /// read.
   Importer(const FormatSet& formats, const FormatTalk& talk, CaptionList& captions, const FileAccess& access,
            bool& cancelled);
@@ -30,8 +30,8 @@ class Importer {
   /// Recognises the file and imports it; tells why when it doesn't know the format. A file that no format fits is tried
   /// again as 16-bit text, and a name that ends in "txt" is then plain text, which replaces the document even when
   /// appending. After appending, the format, its definition, the rate and the encoding are the document's own again,
-  /// whatever was read.
-  void DetectFormat(TextView path, Loading loading);
+  /// whatever was read; what is appended comes later by the film's duration.
+  void DetectFormat(TextView path, Loading loading, std::int32_t mediaSeconds = 0);
 
   /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
   /// captions. Nothing, after telling why, when no format fits or the file can't be read.
@@ -65,6 +65,7 @@ class Importer {
   bool& cancelled_;
   FormatRecogniser recogniser_;
   LineImport lines_;
+  std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
   std::int32_t appendOffset_ = 0;
 };
 

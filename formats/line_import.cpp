@@ -78,7 +78,7 @@ void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionColl
 }
 
 bool LineImport::StopsHere(TextFile& file, const CaptionCollector& captions) {
-  talk_.host.Yield();
+  talk_.Report(FileStage::Pauses);
   if (cancelled_) return true;
   if (captions.ImportedCount() <= kMostCaptions) return false;
   troubleLine_ = file.LinesBefore(file.Place());

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/style_markers.h"
 #include "text/text_search.h"
 
 namespace cuewright {
@@ -13,7 +14,7 @@ struct KeptTag {
   TextView hidden;
 };
 constexpr std::array<KeptTag, 4> kKeptTags = {
-    {{u"<br>", u"#br#"}, {u"<b>", u"#b#"}, {u"<i>", u"#i#"}, {u"<u>", u"#u#"}}};
+    {{u"<br>", u"#br#"}, {kBoldMarker, u"#b#"}, {kItalicMarker, u"#i#"}, {kUnderlineMarker, u"#u#"}}};
 
 /// Longest line of nested brackets that is worked on copy by copy.
 constexpr std::size_t kLongestNested = 4096;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/numbers.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {

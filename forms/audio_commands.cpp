@@ -2,6 +2,7 @@
 
 #include "core/runtime_error.h"
 #include "external/common_dialogs.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -32,7 +33,7 @@ void AudioCommands::OpenByDialogs() {
   if (mode == kAudioToNowhere) return;
   const Text path =
       ShowOpenDialog(ports_.fileDialogs, mode == kAudioToPlayer ? kPlayerFilter : kWaveFilter,
-                     ReplaceAll(bench_.strings[Message::OpenAudio], u"...", {}), recall_.LastFolder(FileKind::Sound));
+                     WithoutDots(bench_.strings[Message::OpenAudio]), recall_.LastFolder(FileKind::Sound));
   if (!IsBlank(path)) OpenAudioFile(path, mode);
 }
 

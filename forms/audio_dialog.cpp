@@ -1,6 +1,7 @@
 #include "forms/audio_dialog.h"
 
 #include "core/numbers.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -19,7 +20,7 @@ AudioDialog::AudioDialog(const LangStrings& strings, SettingsStore& store)
 
 void AudioDialog::Open(bool rightToLeft) {
   chosen_ = kAudioToNowhere;
-  SetTitle(ReplaceAll(strings_[Message::OpenAudio], u"...", {}));
+  SetTitle(WithoutDots(strings_[Message::OpenAudio]));
   SetRightToLeft(rightToLeft);
   lblTop.SetText(strings_[Message::SelectWhereToLoad]);
   chkAudio.SetText(strings_[Message::AudioBar]);

@@ -5,6 +5,7 @@
 #include "core/file_helpers.h"
 #include "core/paths.h"
 #include "external/common_dialogs.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {

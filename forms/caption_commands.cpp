@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "core/style_markers.h"
 
 namespace cuewright {
 namespace {
@@ -43,11 +44,11 @@ void CaptionCommands::WireMenus() {
   bench_.window.mnuCountUntimed.Clicked.Connect([this] { CountUntimed(); });
   bench_.window.mnuNextUntimed.Clicked.Connect([this] { NextUntimed(); });
   for (MenuItem* item : {&bench_.window.mnuBold, &bench_.window.rmnuBold})
-    item->Clicked.Connect([this] { Toggle(u"<b>"); });
+    item->Clicked.Connect([this] { Toggle(kBoldMarker); });
   for (MenuItem* item : {&bench_.window.mnuItalic, &bench_.window.rmnuItalic})
-    item->Clicked.Connect([this] { Toggle(u"<i>"); });
+    item->Clicked.Connect([this] { Toggle(kItalicMarker); });
   for (MenuItem* item : {&bench_.window.mnuUnderline, &bench_.window.rmnuUnderline}) {
-    item->Clicked.Connect([this] { Toggle(u"<u>"); });
+    item->Clicked.Connect([this] { Toggle(kUnderlineMarker); });
   }
   for (std::size_t choice = 0; choice < bench_.window.mnuSeparator.size(); ++choice) {
     bench_.window.mnuSeparator[choice].Clicked.Connect([this, choice] { ChangeSeparator(choice); });
@@ -149,9 +150,9 @@ void CaptionCommands::NextUntimed() {
 
 void CaptionCommands::Toggle(TextView marker) {
   const Row row = bench_.list.Selected();
-  const EditScope scope(bench_.list, marker == u"<b>"   ? EditKind::Bold
-                                     : marker == u"<i>" ? EditKind::Italic
-                                                        : EditKind::Underline);
+  const EditScope scope(bench_.list, marker == kBoldMarker     ? EditKind::Bold
+                                     : marker == kItalicMarker ? EditKind::Italic
+                                                               : EditKind::Underline);
   bench_.list.ToggleMarker(row, marker);
   bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
   preview_.Redraw(row);

@@ -5,6 +5,7 @@
 #include "core/paths.h"
 #include "core/runtime_error.h"
 #include "external/common_dialogs.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -39,7 +40,7 @@ void DocumentFiles::Wire() {
   });
 }
 
-Text DocumentFiles::Untitled(Message message) const { return ReplaceAll(bench_.strings[message], u"...", {}); }
+Text DocumentFiles::Untitled(Message message) const { return WithoutDots(bench_.strings[message]); }
 
 bool DocumentFiles::PromptForSave() {
   if (bench_.document.FileInWork) return false;
@@ -181,6 +182,38 @@ void DocumentFiles::LoadSteps(const Text& path, CarryOn& step) {
   ports_.desktop.SetBusy(false);
 }
 
+void DocumentFiles::Follow(FileStage stage, TextView status) {
+  if (!status.empty()) bench_.window.lblTextFile.SetText(status);
+  switch (stage) {
+    case FileStage::LoadBegins:
+      return ShowLoading(true);
+    case FileStage::FormatChosen:
+    case FileStage::Pauses:
+      return ports_.events.Yield();
+    case FileStage::LoadEnds:
+      return ShowLoading(false);
+    case FileStage::SaveBegins:
+      saved_ = formats_.state.Encoding;
+      bench_.window.lblVideoFile.SetText({});
+      return ports_.events.Yield();
+    case FileStage::SaveEnds:
+      if (formats_.state.Encoding.codePage != saved_.codePage) SavedAsUtf8(saved_);
+      return session_.RefreshFileLabels();
+  }
+}
+
+void DocumentFiles::ShowLoading(bool loading) {
+  MainWindow& window = bench_.window;
+  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(!loading);
+  // What these change is not there yet.
+  for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(!loading);
+  window.mnuClose.SetEnabled(!loading && (bench_.document.HasDocument() || bench_.document.HasVideo()));
+  window.cmdCancel.SetVisible(loading);
+  if (!loading) return;
+  for (MenuItem* item : {&window.mnuSave, &window.mnuSaveAs}) item->SetEnabled(false);
+  window.cmdCancel.SetEnabled(true);
+}
+
 bool DocumentFiles::LoadFailed() const {
   return bench_.document.ImportCancelled || (bench_.list.Rows() == 2 && IsBlank(bench_.list.At(1).text));
 }
@@ -211,7 +244,7 @@ void DocumentFiles::Append() {
   {
     const FileWork work(bench_.document);
     const EditScope scope(bench_.list, EditKind::Append);
-    formats_.importer.DetectFormat(path, Loading::Append);
+    formats_.importer.DetectFormat(path, Loading::Append, static_cast<std::int32_t>(ports_.player.Duration()));
   }
   bench_.document.ImportCancelled = false;
   recall_.SavePath(path);

@@ -39,6 +39,8 @@ class DocumentFiles {
   bool SaveDocument();
   /// Asks for a file in any of the formats; the empty text when none was chosen.
   Text OpenFileFilter();
+  /// A load or a save of the document's formats has come to a stage.
+  void Follow(FileStage stage, TextView status);
 
   void New();
   void NewFromClipboard();
@@ -49,13 +51,15 @@ class DocumentFiles {
   bool SaveAs();
   void Close();
 
-  Signal<DocumentFiles> Loaded;         ///< the document has come from its file
-  Signal<DocumentFiles> RulesDue;       ///< it has, and the correction rules may see it; what they throw is told
+  Signal<DocumentFiles> Loaded;    ///< the document has come from its file
+  Signal<DocumentFiles> RulesDue;  ///< it has, and the correction rules may see it; what they throw is told
+  Signal<DocumentFiles, DocumentEncoding> SavedAsUtf8;  ///< it was, since the encoding it had lacks a character of it
   Signal<DocumentFiles, bool> Saved;    ///< the document was written to its file; true with all of its captions
   Signal<DocumentFiles> FileWorkEnded;  ///< a file was read or written; what waited for that can be done
 
  private:
   void Wire();
+  void ShowLoading(bool loading);
   /// Saves as the user asked for by Yes; false when there is no file with the captions behind it.
   bool SaveBeforeLeaving();
   /// The file that was written with the captions up to a row holds all that the document has.
@@ -78,6 +82,7 @@ class DocumentFiles {
   DocumentSession& session_;
   Recall& recall_;
   ExportDialog& exportDialog_;
+  DocumentEncoding saved_;  ///< what the document had when its save began
   Ports ports_;
 };
 

@@ -8,6 +8,7 @@
 #include "core/product.h"
 #include "external/common_dialogs.h"
 #include "forms/web.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {

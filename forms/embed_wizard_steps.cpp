@@ -6,6 +6,7 @@
 #include "core/runtime_error.h"
 #include "external/embed_script.h"
 #include "forms/embed_wizard.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {

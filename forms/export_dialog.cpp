@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -41,7 +42,7 @@ void ExportDialog::Open(bool rightToLeft) {
 }
 
 void ExportDialog::ApplyTexts() {
-  SetTitle(ReplaceAll(strings_[Message::SaveAs], u"...", {}));
+  SetTitle(WithoutDots(strings_[Message::SaveAs]));
   lblFormat.SetText(strings_[Message::ExportToFormat]);
   fraProperties.SetText(strings_[Message::FormatProperties]);
   lblMode.SetText(strings_[Message::SyncMode]);

@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "external/common_dialogs.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "core/runtime_error.h"
 #include "external/common_dialogs.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -32,9 +33,8 @@ void PlayerBinding::OpenVideo() {
   if (bench_.document.FileInWork) return;
   recall_.KeepVolume(ports_.player.Volume());
   session_.CloseTools();
-  const Text path =
-      ShowOpenDialog(ports_.fileDialogs, kVideoFilter, ReplaceAll(bench_.strings[Message::OpenVideo], u"...", {}),
-                     recall_.LastFolder(FileKind::Film));
+  const Text path = ShowOpenDialog(ports_.fileDialogs, kVideoFilter, WithoutDots(bench_.strings[Message::OpenVideo]),
+                                   recall_.LastFolder(FileKind::Film));
   if (!IsBlank(path)) LoadVideoFile(path);
 }
 

@@ -30,11 +30,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       preview(Bench(), sub, ports_.player, sample),
       capture(Bench(), ports_.player, sample, preview),
       timeBoxes(window, list),
-      loader(catalogue, formats, store, {strings, ports_.messages, *this}),
-      importer({catalogue, formats, loader}, {strings, ports_.messages, *this}, list, {ports_.files, encodings},
-               document.ImportCancelled),
-      exporter({catalogue, formats, loader}, {strings, ports_.messages, *this}, list, {ports_.files, encodings},
-               document.SubtitlePath, document.DocModified),
+      loader(catalogue, formats, store, Talk()),
+      importer({catalogue, formats, loader}, Talk(), list, {ports_.files, encodings}, document.ImportCancelled),
+      exporter({catalogue, formats, loader}, Talk(), list, {ports_.files, encodings}, document.SubtitlePath,
+               document.DocModified),
       states(Bench(), panel, sub, preview, capture, ports_.player),
       session(Bench(), panel, capture, history, states, openForms),
       recall(window, store, ports_.files, folders),
@@ -94,6 +93,7 @@ void Program::ConnectSession() {
   session.Began.Connect([this](DocumentBaseline baseline) { history.Begin(baseline); });
   session.Ended.Connect([this] { history.End(); });
   session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
+  documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
   // Behind the history, which knows whether the title gets a star.
@@ -305,35 +305,11 @@ void Program::ApplyLanguage() {
   }
 }
 
-void Program::SetTextFileLabel(TextView text) { window.lblTextFile.SetText(text); }
-
-void Program::ClearVideoFileLabel() { window.lblVideoFile.SetText({}); }
-
-void Program::RefreshStatusLabels() { states.RefreshFileLabels(); }
-
-void Program::Yield() { ports_.events.Yield(); }
-
-void Program::ImportBegins() {
-  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo, &window.mnuClose, &window.mnuSave,
-                         &window.mnuSaveAs}) {
-    item->SetEnabled(false);
-  }
-  // What these change is not there yet.
-  for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(false);
-  window.cmdCancel.SetVisible(true);
-  window.cmdCancel.SetEnabled(true);
+FormatTalk Program::Talk() {
+  return {strings, ports_.messages, [this](FileStage stage, TextView status) { documentFiles.Follow(stage, status); }};
 }
 
-void Program::ImportEnds() {
-  for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(true);
-  for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(true);
-  window.mnuClose.SetEnabled(document.HasDocument() || document.HasVideo());
-  window.cmdCancel.SetVisible(false);
-}
-
-std::int32_t Program::MediaSeconds() const { return static_cast<std::int32_t>(ports_.player.Duration()); }
-
-void Program::SavedAsUtf8(const DocumentEncoding& lacking) {
+void Program::TellSavedAsUtf8(const DocumentEncoding& lacking) {
   const Text name = EncodingName(lacking);
   notices.Tell(Message::SavedAsUtf8, name);
   // Nobody sees the strip of a bar that is off.

@@ -23,7 +23,6 @@
 #include "formats/catalogue.h"
 #include "formats/definition.h"
 #include "formats/export.h"
-#include "formats/format_host.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
 #include "forms/audio_commands.h"
@@ -84,7 +83,7 @@ struct StartEnvironment {
 };
 
 /// The running program: the owner of all its state and of what works on it.
-class Program final : private FormatHost {
+class Program final {
  public:
   Program(Ports ports, StartEnvironment environment);
 
@@ -199,14 +198,8 @@ class Program final : private FormatHost {
   DocumentFormats Formats() { return {catalogue, formats, loader, importer, exporter}; }
   UpdateParts DescribeUpdates();
 
-  void SetTextFileLabel(TextView text) override;
-  void ClearVideoFileLabel() override;
-  void RefreshStatusLabels() override;
-  void Yield() override;
-  void ImportBegins() override;
-  void ImportEnds() override;
-  std::int32_t MediaSeconds() const override;
-  void SavedAsUtf8(const DocumentEncoding& lacking) override;
+  FormatTalk Talk();
+  void TellSavedAsUtf8(const DocumentEncoding& lacking);
 
   Text startFile_;
   Text settingsTrouble_;          ///< why the settings could not be read; empty when they were

@@ -1,5 +1,7 @@
 #include "forms/undo_commands.h"
 
+#include "text/labels.h"
+
 namespace cuewright {
 namespace {
 
@@ -56,7 +58,7 @@ Message MessageOf(EditKind kind) {
 }  // namespace
 
 Text EditName(EditKind kind, const LangStrings& strings) {
-  Text name = WithoutAccessKey(ReplaceAll(strings[MessageOf(kind)], u"...", {}));
+  Text name = WithoutAccessKey(WithoutDots(strings[MessageOf(kind)]));
   return kind == EditKind::Convert ? name + u" UTF-8" : name;
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/file_helpers.h"
 #include "forms/web.h"
+#include "text/labels.h"
 
 namespace cuewright {
 namespace {
@@ -37,7 +38,7 @@ UpdateDialog::UpdateDialog(UpdateParts parts)
 
 void UpdateDialog::Open() {
   ++openings_;
-  SetTitle(ReplaceAll(WithoutAccessKey(strings_[Message::CheckForUpdates]), u"...", {}));
+  SetTitle(WithoutDots(WithoutAccessKey(strings_[Message::CheckForUpdates])));
   SetRightToLeft(parts_.languages.IsRightToLeft());
   lblStatus.SetText(strings_[Message::ProcessStatus]);
   txtStatus.SetText({});

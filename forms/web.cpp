@@ -1,6 +1,7 @@
 #include "forms/web.h"
 
 #include "core/product.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {
@@ -13,8 +14,8 @@ Text PercentEncoded(TextView text) {
   Text encoded;
   for (const char byte : ToUtf8(text)) {
     const auto code = static_cast<unsigned char>(byte);
-    const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
-                       byte == '-' || byte == '.' || byte == '_' || byte == '~';
+    const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || IsDigit(byte) || byte == '-' ||
+                       byte == '.' || byte == '_' || byte == '~';
     if (plain) {
       encoded += static_cast<char16_t>(code);
     } else {

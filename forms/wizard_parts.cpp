@@ -13,8 +13,6 @@ constexpr TextView kRunnerFolder = u"vdrun/";
 
 }  // namespace
 
-Text WithoutDots(TextView caption) { return ReplaceAll(caption, u"...", {}); }
-
 Text WizardTool::TakeStored() {
   Text folder = p_.store.GetSetting(kMainSection, kFolderKey, p_.folders.AppFolder + Text(kRunnerFolder));
   Take(folder);

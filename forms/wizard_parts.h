@@ -58,7 +58,4 @@ class WizardTool {
   VideoTool tool_;
 };
 
-/// A caption without "...".
-Text WithoutDots(TextView caption);
-
 }  // namespace cuewright

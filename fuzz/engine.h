@@ -76,18 +76,6 @@ class DefaultSettings final : public SettingsReader {
   Text GetSetting(TextView, TextView, TextView fallback) const override { return Text(fallback); }
 };
 
-class NoWindow final : public FormatHost {
- public:
-  void SetTextFileLabel(TextView) override {}
-  void ClearVideoFileLabel() override {}
-  void RefreshStatusLabels() override {}
-  void Yield() override {}
-  void ImportBegins() override {}
-  void ImportEnds() override {}
-  std::int32_t MediaSeconds() const override { return 3600; }
-  void SavedAsUtf8(const DocumentEncoding&) override {}
-};
-
 inline std::string ShippedFile(const std::string& name) {
   std::ifstream file(std::string(CUEWRIGHT_SOURCE_DIR) + "/resources/" + name, std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(file), {}};
@@ -112,7 +100,7 @@ struct Engine {
 
   void Open(TextView name, std::string content, Loading loading = Loading::NewDocument) {
     files.contents[Text(name)] = std::move(content);
-    importer.DetectFormat(name, loading);
+    importer.DetectFormat(name, loading, 3600);
   }
 
   std::string Save(int index) {
@@ -135,8 +123,7 @@ struct Engine {
   LangStrings strings;
   DefaultSettings settings;
   SilentMessages messages;
-  NoWindow window;
-  FormatTalk talk{strings, messages, window};
+  FormatTalk talk{strings, messages};
   FormatLoader loader{catalogue, state, settings, talk};
   FormatSet formats{catalogue, state, loader};
   Importer importer{formats, talk, captions, {files, encodings}, cancelled};

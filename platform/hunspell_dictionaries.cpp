@@ -1,5 +1,7 @@
 #include "platform/hunspell_dictionaries.h"
 
+#include "text/digits.h"
+
 #include <dlfcn.h>
 #include <hunspell.h>
 #include <unicode/ucnv.h>
@@ -131,7 +133,7 @@ bool IsWordList(const std::string& file) {
   std::string line;
   if (!std::getline(words, line)) return false;
   if (line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
-  return !line.empty() && line[0] >= '0' && line[0] <= '9';
+  return !line.empty() && IsDigit(line[0]);
 }
 
 void AddParts(std::vector<std::string>& folders, const char* variable, const std::string& below) {

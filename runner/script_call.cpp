@@ -1,5 +1,7 @@
 #include "runner/script_call.h"
 
+#include "text/digits.h"
+
 #include <charconv>
 #include <optional>
 
@@ -7,7 +9,6 @@ namespace cuewright {
 namespace {
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Goes along a line; what doesn't fit throws its problem.
 class LineReader {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "text/digits.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -165,7 +166,7 @@ Text ReplaceFirst(TextView text, TextView from, TextView to) {
 Text InItsOrderFromRight(TextView value) {
   constexpr char16_t kLeftToRight = 0x2066;
   constexpr char16_t kEnd = 0x2069;
-  const bool negative = value.size() > 1 && value[0] == u'-' && value[1] >= u'0' && value[1] <= u'9';
+  const bool negative = value.size() > 1 && value[0] == u'-' && IsDigit(value[1]);
   return negative || value.starts_with(u'/') ? kLeftToRight + Text(value) + kEnd : Text(value);
 }
 

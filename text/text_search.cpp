@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/digits.h"
 #include "text/simd.h"
 
 namespace cuewright {
@@ -115,7 +116,7 @@ bool HoldsDigitOrFrames(TextView text) {
   if (BitsOf(hits) != 0) return true;
 #endif
   for (; at < text.size(); ++at) {
-    if (text[at] >= u'0' && text[at] <= u'9') return true;
+    if (IsDigit(text[at])) return true;
     if (text[at] == u'f' && at + 1 < text.size() && text[at + 1] == u'f') return true;
   }
   return false;

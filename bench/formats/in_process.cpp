@@ -56,18 +56,6 @@ class NoSettings final : public SettingsReader {
   Text GetSetting(TextView, TextView, TextView fallback) const override { return Text(fallback); }
 };
 
-class NoWindow final : public FormatHost {
- public:
-  void SetTextFileLabel(TextView) override {}
-  void ClearVideoFileLabel() override {}
-  void RefreshStatusLabels() override {}
-  void Yield() override {}
-  void ImportBegins() override {}
-  void ImportEnds() override {}
-  std::int32_t MediaSeconds() const override { return 0; }
-  void SavedAsUtf8(const DocumentEncoding&) override {}
-};
-
 std::string ShippedFile(const std::string& name) {
   std::ifstream file(std::string(CUEWRIGHT_SOURCE_DIR) + "/resources/" + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -90,8 +78,7 @@ struct Engine {
   LangStrings strings;
   NoSettings settings;
   NoBoxes boxes;
-  NoWindow window;
-  FormatTalk talk{strings, boxes, window};
+  FormatTalk talk{strings, boxes};
   FormatLoader loader{catalogue, state, settings, talk};
   Importer importer{{catalogue, state, loader}, talk, captions, {file, encodings}, cancelled};
 };

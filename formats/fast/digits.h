@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/numbers.h"
+#include "text/digits.h"
 
 namespace cuewright {
 

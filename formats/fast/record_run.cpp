@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "core/numbers.h"
 #include "formats/fast/digits.h"
 #include "formats/fast/line_runs.h"
 #include "formats/fast/text_run.h"

@@ -252,8 +252,8 @@ TEST(FormatDefinition, TakesTheHeaderOfTheCurrentFormatWhenItIsBuiltIn) {
 TEST(FormatDefinition, TellsTheNameInTheStatusLabelWhenSelected) {
   FormatRig rig("[A]\nname=The A\n", List("P\nA\n") + Block("A", kRecord));
   rig.loader.SelectFormat(u"A");
-  EXPECT_EQ(rig.host.labels, std::vector<Text>{u"Importing The A subtitle file..."});
-  EXPECT_EQ(rig.host.yields, 1);
+  EXPECT_EQ(rig.progress.labels, std::vector<Text>{u"Importing The A subtitle file..."});
+  EXPECT_EQ(rig.progress.stages[FileStage::FormatChosen], 1);
 }
 
 TEST(FormatProfile, ReadsAsPrivateProfilesAreRead) {

@@ -204,7 +204,7 @@ TEST(AutoReading, KeepsEncodingAndMarkInASave) {
     FormatRig rig;
     rig.Open("a.srt", bytes);
     EXPECT_EQ(rig.Save(u"SUBRIP"), bytes);
-    EXPECT_TRUE(rig.host.savedAsUtf8.empty());
+    EXPECT_TRUE(rig.savedAsUtf8.empty());
   }
 }
 
@@ -264,10 +264,10 @@ TEST(AutoReading, SavesUtf8AndTellsItWhenTheEncodingLacksACharacter) {
   rig.Open("a.srt", OneCaption("caf\xE9"));
   rig.captions.SetCaptionText(1, u"café ő");
   EXPECT_EQ(rig.Save(u"SUBRIP"), OneCaption("caf\xC3\xA9 \xC5\x91"));
-  EXPECT_EQ(rig.host.savedAsUtf8, std::vector<int>{1252});
+  EXPECT_EQ(rig.savedAsUtf8, std::vector<int>{1252});
   EXPECT_EQ(rig.state.Encoding, DocumentEncoding{});
   rig.Save(u"SUBRIP");
-  EXPECT_EQ(rig.host.savedAsUtf8.size(), 1u) << "told once: the document is UTF-8 now";
+  EXPECT_EQ(rig.savedAsUtf8.size(), 1u) << "told once: the document is UTF-8 now";
 }
 
 TEST(AutoReading, LooksForLackingCharactersInWhatIsWrittenOnly) {
@@ -316,7 +316,7 @@ TEST(ClassicReading, WritesTheSystemsCodePageWithQuestionMarksAndTellsNothing) {
   rig.options.readAs = u"classic";
   rig.Fill({{1000, 2000, u"café ő"}});
   EXPECT_EQ(rig.Save(u"SUBRIP"), OneCaption("caf\xE9 ?"));
-  EXPECT_TRUE(rig.host.savedAsUtf8.empty());
+  EXPECT_TRUE(rig.savedAsUtf8.empty());
 }
 
 TEST(ClassicReading, WritesEncoreAsUtf8) {

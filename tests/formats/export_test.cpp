@@ -185,10 +185,9 @@ TEST(ExportFrame, TellsTheNameAndRefreshesTheLabels) {
   rig.Fill({{1, 2, u"x"}});
   rig.modified = true;
   rig.Save(u"SUBRIP");
-  EXPECT_EQ(rig.host.labels, std::vector<Text>{u"Exporting SubRip file..."});
-  EXPECT_EQ(rig.host.videoClears, 1);
-  EXPECT_EQ(rig.host.refreshes, 1);
-  EXPECT_EQ(rig.host.yields, 1);
+  EXPECT_EQ(rig.progress.labels, std::vector<Text>{u"Exporting SubRip file..."});
+  EXPECT_EQ(rig.progress.stages[FileStage::SaveBegins], 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::SaveEnds], 1);
   EXPECT_FALSE(rig.modified);
 }
 

@@ -19,30 +19,17 @@
 
 namespace cuewright::testing {
 
-/// Keeps what import and export asked of the window.
-class FakeFormatHost final : public FormatHost {
- public:
-  void SetTextFileLabel(TextView text) override { labels.emplace_back(text); }
-  void ClearVideoFileLabel() override { ++videoClears; }
-  void RefreshStatusLabels() override { ++refreshes; }
-  void Yield() override {
-    ++yields;
-    if (onYield) onYield();
+/// Keeps what a load or a save reported.
+struct ProgressLog {
+  void Add(FileStage stage, TextView status) {
+    ++stages[stage];
+    if (!status.empty()) labels.emplace_back(status);
+    if (stage == FileStage::Pauses && onPause) onPause();
   }
-  void ImportBegins() override { ++begins; }
-  void ImportEnds() override { ++ends; }
-  std::int32_t MediaSeconds() const override { return mediaSeconds; }
-  void SavedAsUtf8(const DocumentEncoding& lacking) override { savedAsUtf8.push_back(lacking.codePage); }
 
   std::vector<Text> labels;
-  int videoClears = 0;
-  int refreshes = 0;
-  int yields = 0;
-  int begins = 0;
-  int ends = 0;
-  std::int32_t mediaSeconds = 0;
-  std::vector<int> savedAsUtf8;
-  std::function<void()> onYield;
+  std::map<FileStage, int> stages;
+  std::function<void()> onPause;
 };
 
 /// Options of formats by section and key.
@@ -131,7 +118,9 @@ struct FormatRig {
     Choose(id);
     state.CurrentFps = fps;
     path = folder / name;
+    const int codePage = state.Encoding.codePage;
     exporter.ExportSubtitle(static_cast<std::int16_t>(captions.Rows() - 1));
+    if (state.Encoding.codePage != codePage) savedAsUtf8.push_back(codePage);
     return folder.Read(name);
   }
 
@@ -148,8 +137,9 @@ struct FormatRig {
   FakeSettings settings;
   LangStrings strings;
   FakeMessages messages;
-  FakeFormatHost host;
-  FormatTalk talk{strings, messages, host};
+  ProgressLog progress;
+  std::vector<int> savedAsUtf8;  ///< the encodings that lacked a character
+  FormatTalk talk{strings, messages, [this](FileStage stage, TextView status) { progress.Add(stage, status); }};
   FormatLoader loader{catalogue, state, settings, talk};
   FormatSet formats{catalogue, state, loader};
   Importer importer{formats, talk, captions, {files, encodings}, cancelled};

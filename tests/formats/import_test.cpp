@@ -70,28 +70,28 @@ TEST(ImportLimit, HoldsWhateverTheLineParser) {
 
 TEST(ImportCancel, KeepsWhatWasReadWhenTheUserStopsTheLoad) {
   FormatRig rig;
-  rig.host.onYield = [&, yields = 0]() mutable { rig.cancelled = ++yields > 20; };
+  rig.progress.onPause = [&, yields = 0]() mutable { rig.cancelled = ++yields > 20; };
   rig.Open("a.srt", SubRipFile(5000));
   EXPECT_TRUE(rig.cancelled);
   EXPECT_GT(rig.captions.Rows(), 2);
   EXPECT_LT(rig.captions.Rows(), 5000);
-  EXPECT_EQ(rig.host.ends, 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadEnds], 1);
 }
 
 TEST(ImportEvents, AreHandledAtEveryHundredthCaption) {
   FormatRig rig;
   rig.Open("a.srt", SubRipFile(1000));
   // One at the begin, four lines until the first caption is stored, then four at each hundred.
-  EXPECT_GE(rig.host.yields, 10);
-  EXPECT_LE(rig.host.yields, 60);
+  EXPECT_GE(rig.progress.stages[FileStage::Pauses], 10);
+  EXPECT_LE(rig.progress.stages[FileStage::Pauses], 60);
 }
 
 TEST(ImportFrame, DisablesTheMenusTellsTheNameAndEnablesThemAgain) {
   FormatRig rig;
   rig.Open("a.srt", SubRipFile(2));
-  EXPECT_EQ(rig.host.begins, 1);
-  EXPECT_EQ(rig.host.ends, 1);
-  EXPECT_EQ(rig.host.labels, std::vector<Text>{u"Importing SubRip subtitle file..."});
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadBegins], 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadEnds], 1);
+  EXPECT_EQ(rig.progress.labels, std::vector<Text>{u"Importing SubRip subtitle file..."});
   EXPECT_EQ(rig.state.SettingsFormatIndex, rig.state.CurrentFormatIndex);
 }
 
@@ -112,7 +112,7 @@ TEST(ImportNothing, IsToldWithMessages46And47) {
             u"No text found in the selected file, or subtitle format not recognized.\r\n\r\n"
             u"Please ensure the file is valid and if the format is supported.");
   EXPECT_EQ(rig.messages.shown[0].icon, BoxIcon::Error);
-  EXPECT_EQ(rig.host.ends, 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadEnds], 1);
 }
 
 TEST(ImportNothing, LeavesABlankDocumentBehindAnUnknownFile) {
@@ -172,7 +172,7 @@ TEST(FrameRate, CancelsTheImportWithAnEmptyAnswer) {
   EXPECT_TRUE(rig.cancelled);
   EXPECT_EQ(rig.captions.Rows(), 2);
   EXPECT_EQ(rig.captions.At(1), Caption{});
-  EXPECT_EQ(rig.host.ends, 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadEnds], 1);
   EXPECT_TRUE(rig.messages.shown.empty());
 }
 
@@ -221,10 +221,9 @@ TEST(FrameRate, IsZeroForFormatsWithoutFrames) {
 TEST(Append, ShiftsByTheMediasLengthCumulatively) {
   FormatRig rig;
   rig.Open("a.srt", SubRipFile(1));
-  rig.host.mediaSeconds = 60;
   const Text second = rig.folder.Write("b.srt", SubRipFile(1));
-  rig.importer.DetectFormat(second, Loading::Append);
-  rig.importer.DetectFormat(second, Loading::Append);
+  rig.importer.DetectFormat(second, Loading::Append, 60);
+  rig.importer.DetectFormat(second, Loading::Append, 60);
   EXPECT_EQ(rig.Rows(), (Rows{{1000, 1500, u"line 1"}, {61000, 61500, u"line 1"}, {121000, 121500, u"line 1"}}));
   ASSERT_EQ(rig.messages.shown.size(), 2u);
   EXPECT_EQ(
@@ -232,16 +231,15 @@ TEST(Append, ShiftsByTheMediasLengthCumulatively) {
       u"The selected subtitle file was added with this delay time:\r\n\r\n00:02:00,000\r\n\r\n"
       u"To append another subtitle file, open first the video that corresponds to the subtitle file appended last.");
   EXPECT_EQ(rig.messages.shown[1].icon, BoxIcon::Information);
-  EXPECT_EQ(rig.host.begins, 1) << "an append leaves the menus alone";
+  EXPECT_EQ(rig.progress.stages[FileStage::LoadBegins], 1) << "an append leaves the menus alone";
 }
 
 TEST(Append, StartsOverAfterAnOrdinaryImport) {
   FormatRig rig;
-  rig.host.mediaSeconds = 60;
   rig.Open("a.srt", SubRipFile(1));
-  rig.importer.DetectFormat(rig.path = rig.folder / "a.srt", Loading::Append);
+  rig.importer.DetectFormat(rig.path = rig.folder / "a.srt", Loading::Append, 60);
   rig.Open("a.srt", SubRipFile(1));
-  rig.importer.DetectFormat(rig.folder / "a.srt", Loading::Append);
+  rig.importer.DetectFormat(rig.folder / "a.srt", Loading::Append, 60);
   EXPECT_EQ(rig.captions.GetCaptionStart(2), 61000);
 }
 

@@ -61,7 +61,7 @@ TEST(Saving, TellsAReadOnlyFileWithMessage306) {
   EXPECT_EQ(rig.messages.shown[0].text, u"Failed to save file " + rig.path + u". The file is probably read-only.");
   EXPECT_EQ(rig.messages.shown[0].icon, BoxIcon::Warning);
   EXPECT_TRUE(rig.modified);
-  EXPECT_EQ(rig.host.refreshes, 1);
+  EXPECT_EQ(rig.progress.stages[FileStage::SaveEnds], 1);
   EXPECT_EQ(rig.FilesInFolder(), 1u);
 }
 
@@ -166,7 +166,7 @@ TEST(Saving, KeepsTheDocumentsEncodingWhenNothingWasWritten) {
   rig.Fill({{1000, 2000, u"ő"}});
   rig.Save(u"SUBRIP", 0, "gone/saved");
   EXPECT_EQ(rig.state.Encoding, (DocumentEncoding{1252, false}));
-  EXPECT_TRUE(rig.host.savedAsUtf8.empty());
+  EXPECT_TRUE(rig.savedAsUtf8.empty());
 }
 
 }  // namespace
