@@ -47,10 +47,10 @@ void WaveView::DrawColumns(WaveSurface& surface, const WavePeaks& peaks, std::in
   const std::int32_t half = height / 2;
   for (std::int32_t x = 0; x <= columns; ++x) {
     const std::int32_t entry = 2 * (x + first);
-    const std::int32_t color = ColumnColor(x);
+    const std::int32_t ink = ColumnColor(x);
     if (entry - 1 >= peaks.UpperBound()) {
       const std::int32_t y = fullHeight ? half : height - 1;
-      surface.DrawLine(x, y, columns, y, color);
+      surface.DrawLine(x, y, columns, y, ink);
       return;
     }
     const std::int32_t maximum = peaks.At(entry);
@@ -59,17 +59,17 @@ void WaveView::DrawColumns(WaveSurface& surface, const WavePeaks& peaks, std::in
       const std::int32_t top = half - maximum * half / scale;
       const std::int32_t bottom = half - minimum * half / scale;
       if (top == bottom) {
-        surface.SetPixel(x, top, color);
+        surface.SetPixel(x, top, ink);
       } else {
-        surface.DrawLine(x, top, x, bottom, color);
+        surface.DrawLine(x, top, x, bottom, ink);
       }
       continue;
     }
     const std::int32_t y = height - maximum * height / scale;
     if (y == height) {
-      surface.SetPixel(x, height - 1, color);
+      surface.SetPixel(x, height - 1, ink);
     } else {
-      surface.DrawLine(x, height, x, y, color);
+      surface.DrawLine(x, height, x, y, ink);
     }
   }
 }
