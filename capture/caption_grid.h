@@ -52,7 +52,6 @@ class CaptionGrid {
   /// Height of the control and of one row, as the window measured them.
   void NoteMetrics(int height, int rowHeight);
   int Height() const { return height_; }
-  int RowHeight() const { return rowHeight_; }
 
   /// Keeps the selected row in view; with `force` it stays three rows above the lower edge.
   void ScrollRow(bool force);

@@ -15,8 +15,6 @@ class CaptionPanel {
   CaptionPanel(MainWindow& window, CaptionList& list, CaptionGrid& grid, const LangStrings& strings);
 
   /// Start and end of the caption shown last, in ms.
-  std::int32_t ShownStart() const { return shownStart_; }
-  std::int32_t ShownEnd() const { return shownEnd_; }
 
   /// Empties the list: to one blank caption when `active`, else to the state without a document.
   void ResetGrid(bool active);

@@ -21,8 +21,6 @@ class TimingCapture {
 
   CaptionMode Mode() const { return mode_; }
   bool Capturing() const { return capturing_; }
-  Row CaptureRow() const { return captureRow_; }
-  std::int32_t CaptureStartMs() const { return captureStartMs_; }
   /// End of the caption captured or limited last in this document; empty when there is none.
   std::optional<std::int32_t> PriorCaptionEnd() const { return priorCaptionEnd_; }
   std::int32_t PlayerPosMs() const { return sample_.PlayerPosMs(); }

@@ -225,7 +225,14 @@ void CaptionList::MoveSelection(Row row, bool scroll) {
 }
 
 void CaptionList::BeginCommand(EditKind kind, std::uint64_t join) {
-  if (++commandDepth_ == 1) CommandBegan(kind, join);
+  if (++commandDepth_ > 1) return;
+  try {
+    CommandBegan(kind, join);
+  } catch (...) {
+    // Whoever heard of the beginning hears of the end: nobody else will tell it.
+    EndCommand();
+    throw;
+  }
 }
 
 void CaptionList::EndCommand() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <span>
 #include <vector>
 
@@ -138,7 +139,6 @@ class CaptionList {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
-  bool Modified() const { return modified_; }
   void SetModified() {
     modified_ = true;
     ++modifiedRaises_;
@@ -182,10 +182,18 @@ class EditScope {
   EditScope(CaptionList& list, EditKind kind, std::uint64_t join = 0) : list_(list) { list_.BeginCommand(kind, join); }
   EditScope(const EditScope&) = delete;
   EditScope& operator=(const EditScope&) = delete;
-  ~EditScope() { list_.EndCommand(); }
+  /// Throws what a slot throws at the end, unless an exception is on its way already.
+  ~EditScope() noexcept(false) {
+    try {
+      list_.EndCommand();
+    } catch (...) {
+      if (std::uncaught_exceptions() == exceptions_) throw;
+    }
+  }
 
  private:
   CaptionList& list_;
+  int exceptions_ = std::uncaught_exceptions();  // on their way when the command began
 };
 
 }  // namespace cuewright

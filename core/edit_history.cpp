@@ -97,14 +97,15 @@ bool EditHistory::ChangesNothing(const EditStep& step) const {
   return true;
 }
 
-EditStep EditHistory::Reverse(EditStep step) {
+EditStep EditHistory::Reverse(EditStep step, FinishFirst& all) {
   open_.emplace();
   for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
     if (change->timesOnly) {
-      list_.Retime(change->first, std::span(step.times).subspan(change->at, static_cast<std::size_t>(change->removed)));
+      const auto times = std::span(step.times).subspan(change->at, static_cast<std::size_t>(change->removed));
+      all([&] { list_.Retime(change->first, times); });
     } else {
       const auto first = std::make_move_iterator(step.captions.begin() + static_cast<std::ptrdiff_t>(change->at));
-      list_.Replace(change->first, change->added, {first, first + change->removed});
+      all([&] { list_.Replace(change->first, change->added, {first, first + change->removed}); });
     }
   }
   EditStep reversed = std::move(*open_);
@@ -131,23 +132,26 @@ void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, b
   // A command that runs has to end first.
   if (open_ || !list_.Enabled()) return;
   reversing_ = true;
-  {
+  // What a listener throws must not leave a step half way.
+  FinishFirst all;
+  all([&] {
     const EditScope scope(list_, EditKind::TakeBack);
     EditStep step = std::move(from.back());
     from.pop_back();
-    to.push_back(Reverse(std::move(step)));
+    to.push_back(Reverse(std::move(step), all));
     const EditStep& moved = to.back();
     const Text& separator = back ? moved.separatorBefore : moved.separatorAfter;
-    if (separator != list_.Options().lineSeparator) SeparatorRestored(separator);
+    if (separator != list_.Options().lineSeparator) all([&] { SeparatorRestored(separator); });
     if (savedAt_ == undo_.size()) {
       modified_ = false;
     } else if (moved.raised) {
-      list_.SetModified();
+      all([&] { list_.SetModified(); });
     }
-    list_.SetRow(back ? moved.rowBefore : moved.rowAfter, true);
-  }
+    all([&] { list_.SetRow(back ? moved.rowBefore : moved.rowAfter, true); });
+  });
   reversing_ = false;
-  Changed();
+  all([&] { Changed(); });
+  all.Rethrow();
 }
 
 void EditHistory::Begin(DocumentBaseline baseline) {

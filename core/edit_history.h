@@ -7,6 +7,7 @@
 
 #include "core/caption_list.h"
 #include "core/edit_kind.h"
+#include "core/finish_first.h"
 #include "core/signal.h"
 #include "text/text.h"
 
@@ -93,7 +94,7 @@ class EditHistory {
   bool Joins(EditKind kind, std::uint64_t join) const;
   static void Record(EditStep& step, const Splice& splice);
   /// Takes the changes of a step back; the result takes that back.
-  EditStep Reverse(EditStep step);
+  EditStep Reverse(EditStep step, FinishFirst& all);
   void Move(std::vector<EditStep>& from, std::vector<EditStep>& to, bool back);
 
   CaptionList& list_;

@@ -31,7 +31,6 @@ class LangStrings {
 
   /// The language whose rules for plurals hold, as its code, such as "ar".
   void SetLanguageCode(std::string code) { code_ = std::move(code); }
-  const std::string& LanguageCode() const { return code_; }
 
   /// A text with a count in place of `mark`, such as u"%1". Where the text has forms for that mark, written
   /// "{%1|one|%1 caption|other|%1 captions}" with the names that plural rules have for them, the one that the language

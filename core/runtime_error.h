@@ -23,7 +23,6 @@ inline constexpr int kErrorInvalidCall = 5;
 inline constexpr int kErrorFileNotFound = 53;
 inline constexpr int kErrorDeviceIo = 57;
 inline constexpr int kErrorDiskFull = 61;
-inline constexpr int kErrorPermissionDenied = 70;
 inline constexpr int kErrorPathFileAccess = 75;
 inline constexpr int kErrorPathNotFound = 76;
 

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/finish_first.h"
+
 namespace cuewright {
 
 /// Keeps a slot connected to its signal; the slot is never called again once this is gone.
@@ -28,7 +30,8 @@ class [[nodiscard]] Connection {
   std::shared_ptr<bool> alive_;
 };
 
-/// What slots connect to. It reaches any number of them, in the order of their connecting, on the calling thread.
+/// What slots connect to. It reaches any number of them, in the order of their connecting, on the calling thread. What
+/// one throws goes on once all have been reached, so that none is left behind.
 template <class... Args>
 class Announcement {
  public:
@@ -57,15 +60,17 @@ class Announcement {
     // dead ones go after the outermost call.
     ++depth_;
     const std::size_t count = slots_.size();
+    FinishFirst calls;
     for (std::size_t i = 0; i < count; ++i) {
       if (!slots_[i].alive || *slots_[i].alive) {
         const auto slot = slots_[i].slot;
-        (*slot)(args...);
+        calls([&] { (*slot)(args...); });
       }
     }
     if (--depth_ == 0) {
       std::erase_if(slots_, [](const Entry& entry) { return entry.alive && !*entry.alive; });
     }
+    calls.Rethrow();
   }
 
  private:

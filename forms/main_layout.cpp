@@ -54,8 +54,6 @@ void MainLayout::Apply() {
   bottom_ = {0, height_ - bottomHeight_, width_, bottomHeight_};
 }
 
-int MainLayout::FileLabelWidth() const { return std::max(width_ - kStatusOn - kBesidePlayer, 0); }
-
 std::array<int, 4> MainLayout::ColumnWidths(int listWidth, int paneWidth, int scrollBarWidth) {
   std::array<int, 4> widths = {34, 58, 58, 0};
   if (listWidth > paneWidth - 2) widths = {listWidth * 8 / 100, listWidth * 15 / 100, listWidth * 15 / 100, 0};

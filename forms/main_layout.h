@@ -40,7 +40,6 @@ class MainLayout {
   const Rect& Wave() const { return wave_; }
   const Rect& Bottom() const { return bottom_; }
   /// Width of the file labels in the information bar, and whether the bar has room for the logo.
-  int FileLabelWidth() const;
   bool ShowsLogo() const { return width_ >= kLogoFrom; }
 
   /// Widths of the list's four columns for a list and a text pane of these widths.

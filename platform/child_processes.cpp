@@ -23,41 +23,22 @@ namespace {
 
 constexpr std::size_t kMostUntold = 64 * 1024;  ///< bytes kept for a program that doesn't read
 
-/// One end of a pipe, or another descriptor, closed with this.
-class PipeEnd {
- public:
-  explicit PipeEnd(int fd = -1) : fd_(fd) {}
-  PipeEnd(PipeEnd&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  PipeEnd& operator=(PipeEnd&& other) noexcept {
-    std::swap(fd_, other.fd_);
-    return *this;
-  }
-  ~PipeEnd() { Close(); }
-  int Get() const { return fd_; }
-  void Close() {
-    if (fd_ >= 0) ::close(std::exchange(fd_, -1));
-  }
-
- private:
-  int fd_;
-};
-
 struct Pipe {
-  PipeEnd read;
-  PipeEnd write;
+  Descriptor read;
+  Descriptor write;
 };
 
 Pipe MakePipe(TextView program) {
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw ErrorOfErrno(errno, program);
-  return {PipeEnd(ends[0]), PipeEnd(ends[1])};
+  return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
 /// All that can be read without waiting.
-std::string ReadAll(PipeEnd& end) {
+std::string ReadAll(Descriptor& end) {
   std::string taken;
   std::array<char, 4096> piece{};
-  while (end.Get() >= 0) {
+  while (end) {
     const ssize_t count = ::read(end.Get(), piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
     if (count == 0) end.Close();
@@ -69,9 +50,9 @@ std::string ReadAll(PipeEnd& end) {
 
 /// This program's ends of a child's pipes; one that isn't there is -1.
 struct OwnEnds {
-  PipeEnd input;
-  PipeEnd output;
-  PipeEnd errors;
+  Descriptor input;
+  Descriptor output;
+  Descriptor errors;
 };
 
 class PosixChild final : public ChildProcess {
@@ -95,7 +76,7 @@ class PosixChild final : public ChildProcess {
 
   void Tell(std::string_view bytes) override {
     // All of it or nothing, so that what does come is whole.
-    if (ends_.input.Get() >= 0 && untold_.size() + bytes.size() <= kMostUntold) untold_ += bytes;
+    if (ends_.input && untold_.size() + bytes.size() <= kMostUntold) untold_ += bytes;
     TellRest();
   }
 
@@ -123,7 +104,7 @@ class PosixChild final : public ChildProcess {
  private:
   /// Hands over as much as can be without waiting.
   void TellRest() {
-    while (ends_.input.Get() >= 0 && !untold_.empty()) {
+    while (ends_.input && !untold_.empty()) {
       const ssize_t count = ::write(ends_.input.Get(), untold_.data(), untold_.size());
       if (count < 0 && errno == EINTR) continue;
       if (count < 0 && errno != EAGAIN) untold_.clear();  // it reads no more
@@ -232,13 +213,13 @@ Words EnvironmentWith(const std::vector<std::pair<Text, Text>>& variables) {
 /// Starts a child that goes on when this program ends. 0, or an errno value.
 int SpawnApart(pid_t& pid, const std::array<int, 3>& streams, const StartOptions& options, Words& argv,
                Words& environment) {
-  const PipeEnd hold(options.holds.empty() ? -1 : HoldFolder(ToUtf8(options.holds)));
+  const Descriptor hold = options.holds.empty() ? Descriptor() : HoldFolder(ToUtf8(options.holds));
   Actions actions;
   for (std::size_t i = 0; i < streams.size(); ++i) {
     actions.Stream(static_cast<int>(i), streams[i], i == 0 ? O_RDONLY : O_WRONLY);
   }
   // The copy lives as long as the child does.
-  if (hold.Get() >= 0) actions.Keep(hold.Get());
+  if (hold) actions.Keep(hold.Get());
   actions.Folder(ToUtf8(options.folder));
   const Attributes attributes;
   return ::posix_spawnp(&pid, argv.Get()[0], actions.Get(), attributes.Get(), argv.Get(), environment.Get());
@@ -270,8 +251,8 @@ int StartBound(pid_t& pid, const std::array<int, 3>& streams, const std::string&
                Words& environment) {
   std::array<int, 2> failure{};
   if (::pipe2(failure.data(), O_CLOEXEC) != 0) return errno;
-  PipeEnd read(failure[0]);
-  PipeEnd write(failure[1]);
+  Descriptor read(failure[0]);
+  Descriptor write(failure[1]);
   char** words = argv.Get();
   char** variables = environment.Get();
   const pid_t parent = ::getpid();
@@ -309,10 +290,10 @@ std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const s
   const int error = options.outlives ? SpawnApart(pid, streams, options, argv, environment)
                                      : StartBound(pid, streams, ToUtf8(options.folder), argv, environment);
   if (error != 0) throw ErrorOfErrno(error, program);
-  for (const PipeEnd* end : {&output.read, &errors.read}) {
-    if (end->Get() >= 0) ::fcntl(end->Get(), F_SETFL, O_NONBLOCK);
+  for (const Descriptor* end : {&output.read, &errors.read}) {
+    if (*end) ::fcntl(end->Get(), F_SETFL, O_NONBLOCK);
   }
-  if (input.write.Get() >= 0) ::fcntl(input.write.Get(), F_SETFL, O_NONBLOCK);
+  if (input.write) ::fcntl(input.write.Get(), F_SETFL, O_NONBLOCK);
   return std::make_unique<PosixChild>(
       pid, OwnEnds{std::move(input.write), std::move(output.read), std::move(errors.read)}, options.outlives);
 }

@@ -29,32 +29,6 @@ constexpr std::string_view kTold = ".told";
 constexpr std::time_t kUnfinishedSeconds = 60;
 constexpr off_t kLargest = off_t{1} << 30;
 
-/// Writes everything; the number of the error, 0 for none.
-int WriteAll(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(fd, bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return 0;
-}
-
-/// Flushes a file's bytes; the number of the error, 0 for none.
-int Flush(int fd) {
-  while (::fdatasync(fd) != 0) {
-    if (errno != EINTR) return errno == EINVAL || errno == EROFS ? 0 : errno;
-  }
-  return 0;
-}
-
-void FlushFolder(const std::string& folder) {
-  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
-}
-
 std::int64_t ChangedMs(const struct stat& info) {
   return std::int64_t{info.st_mtim.tv_sec} * 1000 + info.st_mtim.tv_nsec / 1000000;
 }
@@ -87,13 +61,12 @@ std::vector<std::string> NamesIn(const std::string& folder, std::string_view end
 void RemoveUnfinished(const std::string& folder) {
   for (const std::string& name : NamesIn(folder, kUnfinished)) {
     const std::string path = folder + "/" + name;
-    const int fd = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    const Descriptor fd(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
     struct stat info {};
-    if (fd >= 0 && ::flock(fd, LOCK_EX | LOCK_NB) == 0 && ::fstat(fd, &info) == 0 &&
+    if (fd && ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0 && ::fstat(fd.Get(), &info) == 0 &&
         std::time(nullptr) - info.st_mtim.tv_sec > kUnfinishedSeconds) {
       ::unlink(path.c_str());
     }
-    if (fd >= 0) ::close(fd);
   }
 }
 
@@ -108,13 +81,6 @@ JournalFiles::~JournalFiles() {
   }
   asked_.notify_one();
   if (thread_.joinable()) thread_.join();
-  Close(file_);
-  for (auto& [id, file] : left_) Close(file);
-}
-
-void JournalFiles::Close(File& file) {
-  if (file.fd >= 0) ::close(file.fd);
-  file = {};
 }
 
 void JournalFiles::Ask(Job job) {
@@ -183,7 +149,7 @@ void JournalFiles::Do(std::deque<Job>& jobs) {
         DoRemove();
         break;
       case Job::Kind::Leave:
-        Close(file_);
+        file_ = {};
         break;
       case Job::Kind::Adopt:
         DoAdopt(job);
@@ -200,18 +166,17 @@ void JournalFiles::DoBegin(const std::string& payload) {
   if (fresh) ::chmod(folderBytes_.c_str(), 0700);
   File file;
   file.path = folderBytes_ + "/" + std::to_string(::getpid()) + "-XXXXXX" + std::string(kUnfinished);
-  file.fd = ::mkostemps(file.path.data(), static_cast<int>(kUnfinished.size()), O_CLOEXEC);
-  if (file.fd < 0) return Fail(errno);
+  file.fd = Descriptor(::mkostemps(file.path.data(), static_cast<int>(kUnfinished.size()), O_CLOEXEC));
+  if (!file.fd) return Fail(errno);
   // Locked before it gets the name by which other programs look for it.
-  int failed = ::flock(file.fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+  int failed = ::flock(file.fd.Get(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
   const std::string bytes = std::string(kJournalMagic) + JournalRecord(payload);
-  if (failed == 0) failed = WriteAll(file.fd, bytes);
-  if (failed == 0) failed = Flush(file.fd);
+  if (failed == 0) failed = WriteAll(file.fd.Get(), bytes);
+  if (failed == 0) failed = Flush(file.fd.Get());
   std::string name = file.path.substr(0, file.path.size() - kUnfinished.size()) + std::string(kEnding);
   if (failed == 0 && ::rename(file.path.c_str(), name.c_str()) != 0) failed = errno;
   if (failed != 0) {
     ::unlink(file.path.c_str());
-    Close(file);
     // The journal before, if there is one, still holds more than nothing.
     return Fail(failed);
   }
@@ -225,44 +190,45 @@ void JournalFiles::DoBegin(const std::string& payload) {
 
 void JournalFiles::DoAppend(const std::string& records) {
   // Behind a record that is missing, the others would change the wrong captions.
-  if (file_.fd < 0 || broken_) return;
+  if (!file_.fd || broken_) return;
   if (!InPlace()) {
     // What is written to a file that nobody finds again is kept nowhere.
-    Close(file_);
+    file_ = {};
     const std::lock_guard lock(mutex_);
     lost_ = true;
     return;
   }
-  int failed = WriteAll(file_.fd, records);
-  if (failed == 0) failed = Flush(file_.fd);
+  int failed = WriteAll(file_.fd.Get(), records);
+  if (failed == 0) failed = Flush(file_.fd.Get());
   if (failed == 0) {
     written_ += records.size();
     return;
   }
   // Whole records alone stay.
-  if (::ftruncate(file_.fd, static_cast<off_t>(written_)) == 0) ::lseek(file_.fd, 0, SEEK_END);
+  if (::ftruncate(file_.fd.Get(), static_cast<off_t>(written_)) == 0) ::lseek(file_.fd.Get(), 0, SEEK_END);
   Fail(failed);
 }
 
 bool JournalFiles::InPlace() const {
   struct stat open {};
   struct stat named {};
-  return ::fstat(file_.fd, &open) == 0 && ::stat(file_.path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
-         open.st_ino == named.st_ino;
+  return ::fstat(file_.fd.Get(), &open) == 0 && ::stat(file_.path.c_str(), &named) == 0 &&
+         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
 void JournalFiles::DoRemove() {
-  if (file_.fd < 0) return;
+  if (!file_.fd) return;
   ::unlink(file_.path.c_str());
-  Close(file_);
+  file_ = {};
 }
 
-void JournalFiles::DoAdopt(const Job& job) {
+void JournalFiles::DoAdopt(Job& job) {
   DoRemove();
-  file_ = job.file;
+  file_ = std::move(job.file);
   written_ = job.bytes;
   broken_ = false;
-  if (::ftruncate(file_.fd, static_cast<off_t>(written_)) != 0 || ::lseek(file_.fd, 0, SEEK_END) < 0) Fail(errno);
+  if (::ftruncate(file_.fd.Get(), static_cast<off_t>(written_)) != 0 || ::lseek(file_.fd.Get(), 0, SEEK_END) < 0)
+    Fail(errno);
 }
 
 void JournalFiles::Fail(int error) {
@@ -288,20 +254,17 @@ std::vector<LeftJournal> JournalFiles::TakeLeft() {
 }
 
 std::optional<LeftJournal> JournalFiles::TakeOne(const std::string& path) {
-  File file{::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW), path};
-  int failed = file.fd < 0 ? errno : 0;
+  File file{Descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW)), path};
+  int failed = file.fd ? 0 : errno;
   struct stat info {};
-  const int asked = file.fd < 0 ? ::lstat(path.c_str(), &info) : ::fstat(file.fd, &info);
+  const int asked = file.fd ? ::fstat(file.fd.Get(), &info) : ::lstat(path.c_str(), &info);
   // One that is locked belongs to a program that runs; one without a name was removed by it a moment ago.
-  const bool running = file.fd >= 0 && ::flock(file.fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-  if (asked != 0 || running || info.st_nlink == 0 || !S_ISREG(info.st_mode)) {
-    Close(file);
-    return {};
-  }
+  const bool running = file.fd && ::flock(file.fd.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  if (asked != 0 || running || info.st_nlink == 0 || !S_ISREG(info.st_mode)) return {};
   LeftJournal left{++lastId_, {}, ChangedMs(info), FromUtf8(path), {}, false};
   left.told = ::access((path + std::string(kTold)).c_str(), F_OK) == 0;
   if (failed == 0 && info.st_size > kLargest) failed = EFBIG;
-  if (failed == 0) left.bytes = ReadAll(file.fd, failed);
+  if (failed == 0) left.bytes = ReadAll(file.fd.Get(), failed);
   if (failed != 0) left.unreadable = ErrorOfErrno(failed == EFBIG ? ENOMEM : failed, left.path);
   left_[lastId_] = std::move(file);
   return left;
@@ -327,17 +290,11 @@ void JournalFiles::LeaveTold(int id) {
   const auto at = left_.find(id);
   if (at == left_.end()) return;
   const std::string mark = at->second.path + std::string(kTold);
-  const int fd = ::open(mark.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (fd >= 0) ::close(fd);
+  const Descriptor made(::open(mark.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
   LeaveAgain(id);
 }
 
-void JournalFiles::LeaveAgain(int id) {
-  const auto at = left_.find(id);
-  if (at == left_.end()) return;
-  Close(at->second);
-  left_.erase(at);
-}
+void JournalFiles::LeaveAgain(int id) { left_.erase(id); }
 
 std::int64_t JournalFiles::Now() const {
   using namespace std::chrono;

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "core/ports/journal_store.h"
+#include "platform/descriptor.h"
 
 namespace cuewright {
 
@@ -43,7 +44,7 @@ class JournalFiles final : public JournalStore {
  private:
   /// An open and locked file.
   struct File {
-    int fd = -1;
+    Descriptor fd;
     std::string path;
   };
   struct Job {
@@ -59,13 +60,12 @@ class JournalFiles final : public JournalStore {
   void DoBegin(const std::string& payload);
   void DoAppend(const std::string& records);
   void DoRemove();
-  void DoAdopt(const Job& job);
+  void DoAdopt(Job& job);
   void Fail(int error);
   /// The open file still stands under its name.
   bool InPlace() const;
   /// Takes one of the folder's journals; empty when it belongs to a program that runs.
   std::optional<LeftJournal> TakeOne(const std::string& path);
-  static void Close(File& file);
 
   const Text folder_;
   const std::string folderBytes_;

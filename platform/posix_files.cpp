@@ -12,29 +12,11 @@
 #include <cstring>
 #include <filesystem>
 #include <system_error>
-#include <utility>
+
+#include "platform/beside_file.h"
 
 namespace cuewright {
 namespace {
-
-/// A file descriptor that closes itself.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  int Get() const { return fd_; }
-  /// Closes now; the value of `close`, since a full disk may only be told there.
-  int Close() { return ::close(std::exchange(fd_, -1)); }
-  /// Hands the descriptor on.
-  int Release() { return std::exchange(fd_, -1); }
-
- private:
-  int fd_;
-};
 
 [[noreturn]] void Throw(int error, TextView path) { throw ErrorOfErrno(error, path); }
 
@@ -45,15 +27,15 @@ struct stat StatOf(TextView path) {
 }
 
 /// Opens a regular file to read it; `size` gets its size.
-int OpenRegular(TextView path, std::uint64_t& size) {
+Descriptor OpenRegular(TextView path, std::uint64_t& size) {
   // Not blocking, so that a pipe without a writer can't hold the program before it is told apart.
   Descriptor fd(::open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (fd.Get() < 0) Throw(errno, path);
+  if (!fd) Throw(errno, path);
   struct stat info {};
   if (::fstat(fd.Get(), &info) != 0) Throw(errno, path);
   if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
   size = static_cast<std::uint64_t>(info.st_size);
-  return fd.Release();
+  return fd;
 }
 
 class DescriptorReader final : public FileReader {
@@ -101,14 +83,7 @@ class DescriptorSink final : public ByteSink {
   static constexpr std::size_t kBlock = 1 << 16;
 
   void WriteOut(std::string_view bytes) {
-    while (error_ == 0 && !bytes.empty()) {
-      const ssize_t count = ::write(fd_, bytes.data(), bytes.size());
-      if (count >= 0) {
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-      } else if (errno != EINTR) {
-        error_ = errno;
-      }
-    }
+    if (error_ == 0) error_ = WriteAll(fd_, bytes);
   }
 
   int fd_;
@@ -116,32 +91,12 @@ class DescriptorSink final : public ByteSink {
   std::string block_;
 };
 
-/// Gives the new file the mode and, where allowed, the owner of the one that it takes the place of; a file
-/// that was not there gets the mode that a plain creation gives.
-void CopyRights(int fd, const struct stat* old) {
-  if (old == nullptr) {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
-    return;
-  }
-  if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, static_cast<uid_t>(-1), old->st_gid) != 0) {
-    // Neither is allowed: the file stays the user's own.
-  }
-  ::fchmod(fd, old->st_mode & 07777);
-}
-
 /// Writes to a descriptor that is open already.
 void WriteTo(int fd, TextView path, const std::function<void(ByteSink&)>& write) {
   DescriptorSink sink(fd);
   write(sink);
   sink.Flush();
   if (sink.Error() != 0) Throw(sink.Error(), path);
-}
-
-void SyncFolder(const std::string& folder) {
-  const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (fd.Get() >= 0) ::fsync(fd.Get());
 }
 
 }  // namespace
@@ -268,39 +223,10 @@ std::unique_ptr<FileReader> PosixFiles::OpenToRead(TextView path) const {
 void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& write) {
   // Behind such a name there may be a file that others write as well: it is written on, never replaced.
   if (const std::optional<int> fd = DescriptorNamedBy(ToUtf8(path), path)) return WriteTo(*fd, path, write);
-  const std::string target = ResolveLinks(ToUtf8(path), path);
-  struct stat old {};
-  const bool existed = ::stat(target.c_str(), &old) == 0;
-  if (!existed && errno != ENOENT) Throw(errno, path);
-  if (existed && !S_ISREG(old.st_mode)) Throw(EISDIR, path);
-  // Renaming needs no right on the old file itself, but a write-protected one is not to be replaced.
-  // The bits are asked as well, since a superuser passes every test of access.
-  if (existed && (old.st_mode & 0222) == 0) Throw(EACCES, path);
-  if (existed && ::access(target.c_str(), W_OK) != 0) Throw(errno, path);
-
-  std::string beside = FolderOf(target) + "/.cuewright-XXXXXX";
-  Descriptor fd(::mkostemp(beside.data(), O_CLOEXEC));
-  if (fd.Get() < 0) Throw(errno == ENOENT ? ENOTDIR : errno, path);
-  const auto discard = [&](int error) {
-    ::unlink(beside.c_str());
-    Throw(error, path);
-  };
-
-  DescriptorSink sink(fd.Get());
-  try {
-    write(sink);
-  } catch (...) {
-    ::unlink(beside.c_str());
-    throw;
-  }
-  sink.Flush();
-  if (sink.Error() != 0) discard(sink.Error());
-  CopyRights(fd.Get(), existed ? &old : nullptr);
-  const bool flush = existed || flush_ == Flush::Always;
-  if (flush && ::fsync(fd.Get()) != 0 && errno != EINVAL && errno != EROFS) discard(errno);
-  if (fd.Close() != 0) discard(errno);
-  if (::rename(beside.c_str(), target.c_str()) != 0) discard(errno);
-  if (flush) SyncFolder(FolderOf(target));
+  BesideFile beside(path);
+  WriteTo(beside.Open().Get(), path, write);
+  if (const int error = beside.Open().Close(); error != 0) Throw(error, path);
+  beside.Keep(beside.TargetExisted() || flush_ == Flush::Always);
 }
 
 void PosixFiles::WritePrivate(TextView path, std::string_view bytes) {
@@ -308,12 +234,9 @@ void PosixFiles::WritePrivate(TextView path, std::string_view bytes) {
   // Whatever stands there goes first: a link that somebody put there is not followed.
   if (::unlink(place.c_str()) != 0 && errno != ENOENT) Throw(errno, path);
   Descriptor fd(::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-  if (fd.Get() < 0) Throw(errno, path);
-  DescriptorSink sink(fd.Get());
-  sink.Write(bytes);
-  sink.Flush();
-  if (sink.Error() != 0) Throw(sink.Error(), path);
-  if (fd.Close() != 0) Throw(errno, path);
+  if (!fd) Throw(errno, path);
+  if (const int error = WriteAll(fd.Get(), bytes); error != 0) Throw(error, path);
+  if (const int error = fd.Close(); error != 0) Throw(error, path);
 }
 
 std::vector<Text> PosixFiles::Names(TextView folder) const {

@@ -21,13 +21,13 @@ constexpr std::string_view kPrefix = "cuewrite-";
 constexpr std::string_view kRandom = "XXXXXX";
 constexpr std::time_t kStraySeconds = 60;
 
-int OpenFolder(const std::string& path) {
-  return ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+Descriptor OpenFolder(const std::string& path) {
+  return Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 /// Removes a folder unless somebody holds it.
-void RemoveUnlessHeld(const std::string& path, int folder) {
-  if (::flock(folder, LOCK_EX | LOCK_NB) != 0) return;
+void RemoveUnlessHeld(const std::string& path, const Descriptor& folder) {
+  if (::flock(folder.Get(), LOCK_EX | LOCK_NB) != 0) return;
   std::error_code ignored;
   std::filesystem::remove_all(path, ignored);
 }
@@ -37,22 +37,21 @@ void RemoveStrays(const std::string& base) {
   for (const auto& entry : std::filesystem::directory_iterator(base, ignored)) {
     const std::string name = entry.path().filename().string();
     if (!name.starts_with(kPrefix) || name.size() != kPrefix.size() + kRandom.size()) continue;
-    const int folder = OpenFolder(entry.path().string());
-    if (folder < 0) continue;
+    const Descriptor folder = OpenFolder(entry.path().string());
+    if (!folder) continue;
     struct stat info {};
     // A new one isn't held in its first moment.
-    const bool own = ::fstat(folder, &info) == 0 && info.st_uid == ::geteuid() && (info.st_mode & 07777) == 0700 &&
-                     std::time(nullptr) - info.st_mtim.tv_sec > kStraySeconds;
+    const bool own = ::fstat(folder.Get(), &info) == 0 && info.st_uid == ::geteuid() &&
+                     (info.st_mode & 07777) == 0700 && std::time(nullptr) - info.st_mtim.tv_sec > kStraySeconds;
     if (own) RemoveUnlessHeld(entry.path().string(), folder);
-    ::close(folder);
   }
 }
 
 }  // namespace
 
-int HoldFolder(const std::string& path) {
-  const int folder = OpenFolder(path);
-  if (folder >= 0) ::flock(folder, LOCK_SH | LOCK_NB);
+Descriptor HoldFolder(const std::string& path) {
+  Descriptor folder = OpenFolder(path);
+  if (folder) ::flock(folder.Get(), LOCK_SH | LOCK_NB);
   return folder;
 }
 
@@ -69,9 +68,7 @@ RunFolder::RunFolder() {
 }
 
 RunFolder::~RunFolder() {
-  if (hold_ < 0) return;
-  RemoveUnlessHeld(path_, hold_);
-  ::close(hold_);
+  if (hold_) RemoveUnlessHeld(path_, hold_);
 }
 
 }  // namespace cuewright

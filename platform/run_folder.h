@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/descriptor.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -23,10 +24,10 @@ class RunFolder {
  private:
   std::string path_;
   Text shown_;
-  int hold_ = -1;
+  Descriptor hold_;
 };
 
-/// Opens a folder so that it counts as held until the descriptor and its copies are closed; -1 when that fails.
-int HoldFolder(const std::string& path);
+/// Opens a folder so that it counts as held until the descriptor and its copies are closed; none when that fails.
+Descriptor HoldFolder(const std::string& path);
 
 }  // namespace cuewright

@@ -1,7 +1,6 @@
 #include "platform/sound_store.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,7 +14,7 @@
 #include <vector>
 
 #include "core/runtime_error.h"
-#include "platform/output_files.h"
+#include "platform/beside_file.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -40,10 +39,8 @@ std::uint64_t Digest(std::string_view text) {
 /// True when a wave file is as long as its header says; one that was cut off isn't.
 bool IsWhole(const std::string& path, std::uint64_t size) {
   std::array<char, kHeader> header{};
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return false;
-  const ssize_t count = ::read(fd, header.data(), header.size());
-  ::close(fd);
+  const Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  const ssize_t count = ::read(fd.Get(), header.data(), header.size());
   if (count != static_cast<ssize_t>(header.size()) || std::string_view(header.data(), 4) != "RIFF") return false;
   std::uint64_t told = 0;
   for (std::size_t i = kHeader; i-- > 4;) told = told << 8 | static_cast<unsigned char>(header.at(i));
@@ -114,7 +111,10 @@ Text FolderSoundStore::Begin(TextView path) {
 
 void FolderSoundStore::Keep(TextView path) {
   const std::string whole = ToUtf8(path);
-  RenameFlushed(whole + std::string(kUnfinished), whole, path);
+  const std::string part = whole + std::string(kUnfinished);
+  const Descriptor fd(::open(part.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+  if (!fd) throw ErrorOfErrno(errno, path);
+  RenameFlushed(fd.Get(), part, whole, path);
   std::vector<Kept> files = KeptFiles(ToUtf8(folder_));
   std::uint64_t size = 0;
   for (const Kept& file : files) size += file.size;
@@ -132,21 +132,6 @@ void FolderSoundStore::Empty() {
   for (const Kept& file : KeptFiles(ToUtf8(folder_))) {
     if (::unlink(file.path.c_str()) != 0 && errno != ENOENT) throw ErrorOfErrno(errno, FromUtf8(file.path));
   }
-}
-
-Text SoundFolder() {
-  const auto folderFrom = [](const char* variable) {
-    const char* value = ::getenv(variable);
-    const std::string folder = value == nullptr ? "" : value;
-    return folder.starts_with('/') ? folder : std::string();
-  };
-  std::string folder = folderFrom("XDG_CACHE_HOME");
-  if (folder.empty()) {
-    const std::string home = folderFrom("HOME");
-    if (home.empty()) return {};
-    folder = home + "/.cache";
-  }
-  return FromUtf8(folder + "/tessaly-cuewright/sounds");
 }
 
 }  // namespace cuewright

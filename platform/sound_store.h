@@ -24,7 +24,4 @@ class FolderSoundStore final : public SoundStore {
   std::uint64_t most_;
 };
 
-/// The folder for them in the user's XDG cache folder; empty when the user has none.
-Text SoundFolder();
-
 }  // namespace cuewright

@@ -25,16 +25,20 @@ std::string FolderFrom(const char* variable) {
   return value.starts_with('/') ? value : std::string();
 }
 
-/// A file of the program in the user's configuration folder; empty without a home.
-Text ConfigurationFile(const std::string& name) {
-  std::string folder = FolderFrom("XDG_CONFIG_HOME");
-  if (folder.empty()) {
-    const std::string home = FolderFrom("HOME");
-    if (home.empty()) return {};
-    folder = home + "/.config";
-  }
-  return FromUtf8(folder + "/tessaly-cuewright/" + name);
+/// The folder that a variable names, or else this one of the user's home; empty without a home.
+std::string FolderFrom(const char* variable, const char* below) {
+  const std::string folder = FolderFrom(variable);
+  if (!folder.empty()) return folder;
+  const std::string home = FolderFrom("HOME");
+  return home.empty() ? std::string() : home + below;
 }
+
+/// What belongs to the program in a folder; empty where there is no such folder.
+Text OwnPlace(const std::string& folder, const char* name) {
+  return folder.empty() ? Text() : FromUtf8(folder + "/tessaly-cuewright/" + name);
+}
+
+Text ConfigurationFile(const char* name) { return OwnPlace(FolderFrom("XDG_CONFIG_HOME", "/.config"), name); }
 
 }  // namespace
 
@@ -44,15 +48,9 @@ Text RegistryFilePath() { return ConfigurationFile("registry"); }
 
 Text WordsFolderPath() { return ConfigurationFile("words/"); }
 
-Text JournalFolderPath() {
-  std::string folder = FolderFrom("XDG_STATE_HOME");
-  if (folder.empty()) {
-    const std::string home = FolderFrom("HOME");
-    if (home.empty()) return {};
-    folder = home + "/.local/state";
-  }
-  return FromUtf8(folder + "/tessaly-cuewright/journals");
-}
+Text JournalFolderPath() { return OwnPlace(FolderFrom("XDG_STATE_HOME", "/.local/state"), "journals"); }
+
+Text SoundFolder() { return OwnPlace(FolderFrom("XDG_CACHE_HOME", "/.cache"), "sounds"); }
 
 std::vector<std::string> RunFolderBases() {
   std::vector<std::string> bases;
@@ -63,12 +61,8 @@ std::vector<std::string> RunFolderBases() {
 }
 
 Text WineSystemFolder() {
-  std::string prefix = FolderFrom("WINEPREFIX");
-  if (prefix.empty()) {
-    const std::string home = FolderFrom("HOME");
-    if (home.empty()) return {};
-    prefix = home + "/.wine";
-  }
+  const std::string prefix = FolderFrom("WINEPREFIX", "/.wine");
+  if (prefix.empty()) return {};
   const std::string windows = prefix + "/drive_c/windows/";
   std::error_code ignored;
   const bool wide = std::filesystem::is_directory(windows + "syswow64", ignored);

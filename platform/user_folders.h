@@ -19,6 +19,9 @@ Text WordsFolderPath();
 /// The folder of the journals of unsaved documents, in the user's state folder; empty without a home.
 Text JournalFolderPath();
 
+/// The folder of the sounds taken from films, in the user's cache folder; empty without a home.
+Text SoundFolder();
+
 /// Where the private folder of a run may stand, the best place first; without a "/" at their ends.
 std::vector<std::string> RunFolderBases();
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
+#include "core/runtime_error.h"
 #include "tests/support/printers.h"
 
 namespace cuewright {
@@ -246,6 +249,72 @@ TEST_F(History, TypingInOneGoKeepsTheTextBeforeItAlone) {
   }
   EXPECT_EQ(history.UndoSteps(), 1u);
   EXPECT_LT(history.Bytes(), 2000u);
+}
+
+/// A list that has somebody who fails in front of the history.
+struct FailingListener : HistoryTest {
+  static void Fail() { throw RuntimeError{5, u"no"}; }
+
+  CaptionList failing{options, modified};
+  Connection spliced = failing.Spliced.ConnectScoped([](const Splice&) { Fail(); });
+  Connection began = failing.CommandBegan.ConnectScoped([](EditKind, std::uint64_t) { Fail(); });
+  Connection ended = failing.CommandEnded.ConnectScoped([] { Fail(); });
+  EditHistory its{failing, modified};
+
+  FailingListener() { its.Begin(DocumentBaseline::File); }
+  void Change() {
+    const EditScope scope(failing, EditKind::Change);
+    failing.Replace(failing.Rows(), 0, {{7000, 8000, u"four"}});
+  }
+};
+
+TEST_F(FailingListener, AChangeThatOneFailsAtIsKeptByTheHistory) {
+  began.Disconnect();
+  ended.Disconnect();
+  const Row rows = failing.Rows();
+  EXPECT_THROW(Change(), RuntimeError);
+  EXPECT_EQ(failing.Rows(), rows + 1);
+  EXPECT_FALSE(failing.InCommand());
+  EXPECT_EQ(its.UndoSteps(), 1u);
+  EXPECT_THROW(its.Undo(), RuntimeError);
+  EXPECT_EQ(failing.Rows(), rows);
+  EXPECT_EQ(its.UndoSteps(), 0u);
+  spliced.Disconnect();
+  its.Redo();
+  EXPECT_EQ(failing.At(rows), (Caption{7000, 8000, u"four"}));
+  its.Undo();
+  EXPECT_EQ(failing.Rows(), rows);
+}
+
+TEST_F(FailingListener, ACommandWhoseBeginningFailsIsNone) {
+  spliced.Disconnect();
+  ended.Disconnect();
+  const Row rows = failing.Rows();
+  EXPECT_THROW(Change(), RuntimeError);
+  EXPECT_EQ(failing.Rows(), rows);
+  EXPECT_FALSE(failing.InCommand());
+  began.Disconnect();
+  Change();
+  EXPECT_EQ(its.UndoSteps(), 1u);
+}
+
+TEST_F(FailingListener, ACommandWhoseEndFailsIsAStep) {
+  spliced.Disconnect();
+  began.Disconnect();
+  EXPECT_THROW(Change(), RuntimeError);
+  EXPECT_FALSE(failing.InCommand());
+  EXPECT_EQ(its.UndoSteps(), 1u);
+}
+
+TEST_F(FailingListener, AnExceptionOnItsWayIsNotReplaced) {
+  spliced.Disconnect();
+  began.Disconnect();
+  const auto failInside = [&] {
+    const EditScope scope(failing, EditKind::Change);
+    throw std::logic_error("inside");
+  };
+  EXPECT_THROW(failInside(), std::logic_error);
+  EXPECT_FALSE(failing.InCommand());
 }
 
 }  // namespace
