@@ -44,7 +44,6 @@ namespace cuewright {
 namespace {
 
 constexpr int kTitleGrip = 40;  // pixels of the title that have to be on a screen
-constexpr int kDividerStep = 8;
 
 /// The local files of a drag, in their order.
 std::vector<Text> LocalFiles(const QMimeData& data) {
@@ -53,18 +52,6 @@ std::vector<Text> LocalFiles(const QMimeData& data) {
     if (url.isLocalFile()) paths.push_back(FromUtf8(QFile::encodeName(url.toLocalFile()).toStdString()));
   }
   return paths;
-}
-
-/// The divider shows a grip, and where the keyboard's focus is.
-bool PaintDivider(QWidget& divider) {
-  QPainter painter(&divider);
-  QStyleOption option;
-  option.initFrom(&divider);
-  option.state |= QStyle::State_Horizontal;
-  divider.style()->drawControl(QStyle::CE_Splitter, &option, &painter, &divider);
-  if (divider.hasFocus() && divider.window()->isActiveWindow())
-    painter.fillRect(divider.rect().adjusted(2, 0, -2, 0), divider.palette().highlight());
-  return true;
 }
 
 }  // namespace
@@ -82,7 +69,7 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
   setCentralWidget(area_);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   BuildMenus();
-  BuildInformationBar();
+  status_ = new InformationBar(area_);
   table_ = new CaptionTable(program_.list, program_.grid, program_.commands, *listMenu_, area_);
   connections_.push_back(table_->ColumnsChosen.ConnectScoped([this](const std::array<int, 4>* widths) {
     LayoutMemory& memory = program_.shell.Memory();
@@ -93,15 +80,15 @@ MainWindowView::MainWindowView(Program& program, QWidget* video)
     }
     ApplyLayout();
   }));
-  divider_ = Named(new QWidget(area_), "imgSize");
-  divider_->setCursor(Qt::SplitHCursor);
-  divider_->setFocusPolicy(Qt::TabFocus);
+  divider_ = new LayoutDivider(area_);
+  divider_->Dragged.Connect([this](int left) { MoveDivider(left); });
+  divider_->Stepped.Connect([this](int step) { MoveDivider(program_.shell.Layout().Divider().left + step); });
   setAcceptDrops(true);
   video_->setParent(area_);
   logo_ = Named(new SvgPicture(":/logo.svg", area_), "picPLogo");
   audioBar_ = std::make_unique<AudioBarWidgets>(program_.audioBar, area_);
   overlay_ = new Overlay(program_.sub, area_);
-  BuildBottomPanel();
+  bottom_ = new BottomPanel(area_);
   ApplyNames();
   new FocusKeeper(*this, captureButtons_);
   binder_.BindAll();
@@ -145,149 +132,6 @@ void MainWindowView::BuildMenus() {
     menuBar()->setFocus(Qt::MenuBarFocusReason);
     menuBar()->setActiveAction(menuBar()->actions().front());
   });
-}
-
-void MainWindowView::BuildInformationBar() {
-  status_ = Named(new QWidget(area_), "picStatus");
-  status_->setAutoFillBackground(true);
-  status_->setBackgroundRole(QPalette::Base);
-  auto* row = new QHBoxLayout(status_);
-  row->setContentsMargins(12, 4, 12, 4);
-  row->setSpacing(12);
-  auto* icon = Named(new SvgPicture(":/cuewright.svg", status_), "picIco");
-  icon->setFixedSize(32, 32);
-  row->addWidget(icon);
-  auto* texts = new QVBoxLayout;
-  texts->setSpacing(2);
-  texts->addStretch();
-  for (const char* name : {"lblTextFile", "lblVideoFile"}) {
-    auto* label = Named(new ElidedLabel(status_), name);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    texts->addWidget(label);
-  }
-  texts->addStretch();
-  row->addLayout(texts, 1);
-  auto* notice = Named(new ElidedLabel(status_), "lblNotice");
-  notice->setFrameShape(QFrame::StyledPanel);
-  notice->setBackgroundRole(QPalette::ToolTipBase);
-  notice->setForegroundRole(QPalette::ToolTipText);
-  notice->setAutoFillBackground(true);
-  notice->setMargin(4);
-  notice->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  row->addWidget(notice);
-  for (const char* name : {"cmdShowFindings", "cmdApplyFindings", "cmdUndoRules"}) {
-    row->addWidget(Named(new QToolButton(status_), name));
-  }
-  auto* close = Named(new QToolButton(status_), "cmdNotice");
-  close->setAutoRaise(true);
-  row->addWidget(close);
-  barLogo_ = Named(new QLabel(ToQt(kProductName), status_), "picLogo");
-  QFont font = barLogo_->font();
-  font.setPointSizeF(font.pointSizeF() * 1.4);
-  font.setBold(true);
-  barLogo_->setFont(font);
-  barLogo_->setCursor(Qt::PointingHandCursor);
-  row->addWidget(barLogo_);
-}
-
-QWidget* MainWindowView::MakeTimeRow() {
-  auto* panel = new QWidget(bottom_);
-  // What belongs together stays together; what has no room beside the others goes below them.
-  auto* row = new WrapRow(panel, 14, 4);
-  const auto group = [&] {
-    auto* made = new QWidget(panel);
-    auto* line = new QHBoxLayout(made);
-    line->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(made);
-    return line;
-  };
-  for (int index = 0; index < 2; ++index) {
-    auto* line = group();
-    auto* label = Named(new QLabel(panel), index == 0 ? "lblShow" : "lblDuration");
-    auto* box = Named(new QLineEdit(panel), index == 0 ? "txtTime(0)" : "txtTime(1)");
-    box->setMaxLength(12);
-    box->setAttribute(Qt::WA_InputMethodEnabled, false);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance("00:00:00,000") + 24);
-    line->addWidget(label);
-    line->addWidget(box);
-  }
-  auto* line = group();
-  auto* caption = Named(new QLabel(panel), "lblPosition");
-  caption->setMinimumHeight(panel->findChild<QLineEdit*>("txtTime(0)")->sizeHint().height());  // on the boxes' line
-  auto* time = Named(new QLabel(panel), "lblTime");
-  auto* text = Named(new QLabel(panel), "lblStringPos");
-  time->setMinimumWidth(time->fontMetrics().horizontalAdvance("00000000"));
-  text->setMinimumWidth(text->fontMetrics().horizontalAdvance("0:00:00"));
-  time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  line->addWidget(caption);
-  line->addWidget(text);
-  line->addWidget(time);
-  return panel;
-}
-
-QWidget* MainWindowView::MakeButtons() {
-  auto* panel = new QWidget(bottom_);
-  auto* grid = new QGridLayout(panel);
-  grid->setContentsMargins(0, 0, 0, 0);
-  const auto button = [&](const char* name, int row, int column, int columns) {
-    auto* made = Named(new QPushButton(panel), name);
-    made->setMinimumWidth(80);
-    made->setAutoDefault(false);
-    made->setAttribute(Qt::WA_InputMethodEnabled, false);
-    made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    grid->addWidget(made, row, column, 1, columns);
-    return made;
-  };
-  button("cmdApply", 0, 0, 2);
-  button("cmdNext", 1, 0, 1);
-  button("cmdEnd", 1, 1, 1);
-  button("cmdCancel", 2, 0, 2);
-  return panel;
-}
-
-QWidget* MainWindowView::MakeModes() {
-  auto* panel = new QWidget(bottom_);
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* heading = Named(new QLabel(panel), "lblMainMode");
-  QFont bold = heading->font();
-  bold.setBold(true);
-  heading->setFont(bold);
-  column->addWidget(heading);
-  for (const char* name : {"optPress", "optManual", "optPreview"}) {
-    auto* option = Named(new QRadioButton(panel), name);
-    option->setAttribute(Qt::WA_InputMethodEnabled, false);
-    column->addWidget(option);
-  }
-  auto* text = Named(new QLabel(panel), "lblMode");
-  text->setWordWrap(true);
-  text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  column->addWidget(text, 1);
-  // As wide as the longest mode in the language in force; the text below wraps.
-  column->addStrut(240);
-  panel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-  return panel;
-}
-
-void MainWindowView::BuildBottomPanel() {
-  bottom_ = Named(new QWidget(area_), "picBottom");
-  auto* row = new QHBoxLayout(bottom_);
-  row->setContentsMargins(8, 4, 8, 8);
-  row->setSpacing(12);
-  auto* left = new QVBoxLayout;
-  left->addWidget(MakeTimeRow());
-  auto* pane = Named(new QPlainTextEdit(bottom_), "txtSub");
-  pane->setTabChangesFocus(true);
-  pane->setAcceptDrops(false);      // files are the window's
-  pane->setUndoRedoEnabled(false);  // what is typed is taken back with everything else
-  pane->setMinimumHeight(48);
-  pane_ = pane;
-  left->addWidget(pane, 1);
-  row->addLayout(left, 1);
-  row->addWidget(MakeButtons());
-  row->addWidget(MakeModes());
 }
 
 void MainWindowView::FitLeastWidth() {
@@ -367,21 +211,14 @@ void MainWindowView::ApplyLayout() {
   const QSize logo(160, 120);
   logo_->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, logo, player));
   logo_->raise();
-  const bool bar = form_.picIco.Visible();
-  for (const char* name : {"lblTextFile", "lblVideoFile"}) status_->findChild<QWidget*>(name)->setVisible(bar);
-  status_->findChild<QWidget*>("lblNotice")->setVisible(bar && form_.lblNotice.Visible());
-  for (const Button* button :
-       {&form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {
-    status_->findChild<QWidget*>(QString::fromStdString(button->Name()))->setVisible(bar && button->Visible());
-  }
-  barLogo_->setVisible(bar && layout.ShowsLogo());
+  status_->ShowParts(form_, layout.ShowsLogo());
   ApplyColumns();
   table_->NoteMetrics();
   program_.preview.PlacePreview();
 }
 
 void MainWindowView::ApplyColumns() {
-  program_.shell.ApplyColumns(pane_->width(), table_->verticalScrollBar()->sizeHint().width());
+  program_.shell.ApplyColumns(bottom_->Pane()->width(), table_->verticalScrollBar()->sizeHint().width());
 }
 
 void MainWindowView::PlaceOverlayNow() {
@@ -484,22 +321,6 @@ bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
   return false;
 }
 
-bool MainWindowView::FilterDivider(QEvent* event) {
-  const auto* mouse = static_cast<QMouseEvent*>(event);
-  if (event->type() != QEvent::MouseMove || (mouse->buttons() & Qt::LeftButton) == 0) return false;
-  const QPoint at = area_->mapFromGlobal(mouse->globalPosition().toPoint());
-  MoveDivider(QStyle::visualPos(layoutDirection(), area_->rect(), at).x());
-  return true;
-}
-
-bool MainWindowView::FilterDividerKey(QKeyEvent* event) {
-  const bool left = event->key() == Qt::Key_Left;
-  if (!left && event->key() != Qt::Key_Right) return false;
-  const bool back = left != (layoutDirection() == Qt::RightToLeft);
-  MoveDivider(program_.shell.Layout().Divider().left + (back ? -kDividerStep : kDividerStep));
-  return true;
-}
-
 void MainWindowView::ShowTitle() {
   // The toolkit takes this sign for a place of its own.
   setWindowTitle(ToQt(form_.Title()).replace("[*]", "[*][*]"));
@@ -530,23 +351,16 @@ void MainWindowView::MoveDivider(int left) {
 bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
-      if (object == divider_ && FilterDividerKey(static_cast<QKeyEvent*>(event))) return true;
       return FilterKey(object, event);
     case QEvent::KeyRelease:
       return FilterKey(object, event);
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-      if (object == divider_) divider_->update();
-      return false;
     case QEvent::Resize:
       // The columns are measured by the pane.
-      if (object == pane_) ApplyColumns();
+      if (object == bottom_->Pane()) ApplyColumns();
       return false;
     case QEvent::LayoutRequest:
       if (object == bottom_) FitLeastWidth();
       return false;
-    case QEvent::Paint:
-      return object == divider_ && PaintDivider(*divider_);
     case QEvent::ShortcutOverride:
       return FilterUndoKeys(object, event);
     case QEvent::MouseButtonRelease:
@@ -554,8 +368,6 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
         program_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));
       }
       return false;
-    case QEvent::MouseMove:
-      return object == divider_ && FilterDivider(event);
     default:
       return false;
   }

@@ -14,7 +14,10 @@
 namespace cuewright {
 
 class AudioBarWidgets;
+class BottomPanel;
 class CaptionTable;
+class InformationBar;
+class LayoutDivider;
 class Overlay;
 
 /// The main window `frmMain` on the toolkit: it lays the widgets out as the form says and hands it what happens.
@@ -41,11 +44,6 @@ class MainWindowView final : public QMainWindow {
 
  private:
   void BuildMenus();
-  void BuildInformationBar();
-  void BuildBottomPanel();
-  QWidget* MakeTimeRow();
-  QWidget* MakeButtons();
-  QWidget* MakeModes();
   /// The window isn't made narrower than what the panel at its foot says in the language in force.
   void FitLeastWidth();
   /// What assistive programs read, in the language in force.
@@ -62,8 +60,6 @@ class MainWindowView final : public QMainWindow {
   void PlaceOverlayNow();
   bool FilterKey(QObject* object, QEvent* event);
   bool FilterUndoKeys(QObject* object, QEvent* event);
-  bool FilterDivider(QEvent* event);
-  bool FilterDividerKey(QKeyEvent* event);
 
   Program& program_;
   MainWindow& form_;
@@ -75,11 +71,9 @@ class MainWindowView final : public QMainWindow {
   CaptionTable* table_ = nullptr;
   QWidget* video_ = nullptr;
   QWidget* logo_ = nullptr;
-  QWidget* status_ = nullptr;
-  QWidget* bottom_ = nullptr;
-  QWidget* divider_ = nullptr;
-  QWidget* pane_ = nullptr;
-  QWidget* barLogo_ = nullptr;
+  InformationBar* status_ = nullptr;
+  BottomPanel* bottom_ = nullptr;
+  LayoutDivider* divider_ = nullptr;
   Overlay* overlay_ = nullptr;
   std::unique_ptr<AudioBarWidgets> audioBar_;
   std::unique_ptr<InputInstants> inputInstants_;
