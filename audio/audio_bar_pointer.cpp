@@ -115,7 +115,7 @@ void AudioBar::OnRelease(MouseButton button) {
   if (button == MouseButton::Right) EndDrag();
   if (button == MouseButton::Left && resumePlay_) {
     resumePlay_ = false;
-    // At the end there is nothing to play on with, and nobody asked for the beginning.
+    // At the end of the film there is nothing left to play, and a seek must not restart it.
     if (!p_.player.AtEnd()) p_.player.Play();
   }
   WaveMarks marks = marks_;

@@ -22,8 +22,8 @@ std::vector<Text> Arguments(const Text& film, int track, const Text& wave) {
           u"-map", track < 0 ? Text(u"0:a:0") : u"0:" + Decimal(track), u"-af", u"aresample=async=1:first_pts=0",
           u"-ac", u"1", u"-ar", u"22050", u"-c:a", u"pcm_s16le", u"-map_metadata", u"-1", u"-fflags", u"+bitexact",
           u"-flags:a", u"+bitexact", u"-f", u"wav", u"-progress", u"pipe:1", u"file:" + wave,
-          // In some containers a film begins, for the decoder, where the first stream does that is asked for: the
-          // picture's and the sound's beginnings are asked for here, and go nowhere.
+          // For some containers the decoder takes the start of the first selected stream as the start of the film: the
+          // picture and the sound are therefore selected here as well, and written nowhere.
           u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1", u"-f", u"null",
           u"-"};
 }
@@ -73,11 +73,11 @@ void FilmSound::Stop() {
 
 void FilmSound::Poll() {
   if (!Running()) return;
-  // Another film, or none, has no use for the sound of this one.
+  // The film was replaced or closed: its sound is no longer wanted.
   if (p_.document.VideoPath != film_) return Stop();
   ReadProgress();
   const std::optional<int> status = child_->Ended();
-  // What it says about a full disk comes with its end, and its status may not tell.
+  // A full disk is only reported in its log, not always by its exit status.
   cutOff_ = cutOff_ || TellsOfCutOff(child_->TakeErrors());
   if (!status) return;
   const bool whole = *status == 0 && !cutOff_;

@@ -8,10 +8,10 @@
 namespace cuewright {
 
 /// The peaks of a wave: one maximum and one minimum for each column of 10 ms, two entries a column. What the table
-/// reaches to and has not got yet reads as 0.
+/// reaches to and has not been given yet reads as 0.
 class WavePeaks {
  public:
-  /// Entries that the wave's header let expect; kept until the next wave.
+  /// The number of entries that the wave's header announces; kept until the next wave.
   std::int32_t PeakCount() const { return peakCount_; }
   void SetPeakCount(std::int32_t count) { peakCount_ = count; }
 
@@ -31,7 +31,7 @@ class WavePeaks {
     upperBound_ = peakCount_ + 1;
   }
 
-  /// So many columns may come; memory that none come for is never touched.
+  /// Reserves room for the announced columns; pages that are never written to take no memory.
   void Expect(std::size_t columns) {
     constexpr std::size_t kMostAtOnce = 1 << 20;
     filled_.reserve(2 * std::min(columns, kMostAtOnce));

@@ -48,7 +48,7 @@ struct Samples16 {
   }
 };
 
-/// The same of 8 bits; the highest level doesn't fit 16 bits and fails.
+/// The same for samples of 8 bits; the highest level does not fit into 16 bits and is a run-time error.
 struct Samples8 {
   static constexpr std::size_t kSize = 1;
 
@@ -144,7 +144,7 @@ WaveReader::Format WaveReader::ReadHeader(Pieces& pieces) {
   format.bytesPerSecond = static_cast<std::int32_t>(pieces.Number(29, 4));
   format.bits = static_cast<int>(pieces.Number(35, 2));
   std::int64_t position = 37;
-  // What is skipped counts as read: it must be there.
+  // Skipped bytes count as read, so the file must have them.
   const auto skip = [&](std::int64_t count) {
     position += count;
     if (position - 1 > pieces.Size()) ThrowPastEnd();
@@ -199,7 +199,7 @@ WaveLoadResult WaveReader::Walk(Pieces& pieces, Course course, WaveLoadSteps& st
     const std::int64_t count = (course.columnBytes + step - 1) / step;
     const std::int64_t last = position + (count - 1) * step;
     if (last > course.size || last > kLastPosition) {
-      // The last column stays in the making; its samples are looked at all the same.
+      // The last column is never completed, but its samples are still read.
       const std::int64_t left = (std::min(course.size, kLastPosition) - position) / step + 1;
       extremes(position, left);
       if (position + left * step > kLastPosition) ThrowOverflow();
@@ -208,7 +208,7 @@ WaveLoadResult WaveReader::Walk(Pieces& pieces, Course course, WaveLoadSteps& st
     const Extremes column = extremes(position, count);
     peaks_.Append(static_cast<std::int16_t>(column.maximum), static_cast<std::int16_t>(column.minimum));
     if (course.alternate) course.columnBytes += entry / 2 % 2 == 0 ? 2 : -2;
-    // The overshoot of the step is read again for the next column.
+    // Samples that the step went too far are read again for the next column.
     position += course.columnBytes;
     if (entry / 2 == screen) steps.OnScreenful();
     entry += 2;

@@ -18,7 +18,7 @@ class WaveLoadSteps {
   virtual void OnHeader() = 0;
   /// The wave's measures are known, and its samples come next.
   virtual void OnBegin() = 0;
-  /// The column whose end shows that a screenful is there.
+  /// The column after which the first screenful is complete.
   virtual std::int32_t ScreenColumns() const = 0;
   virtual void OnScreenful() = 0;
   /// After every 500 columns: the position in the file, counted from 1, and the size of the samples, in bytes. True to

@@ -148,7 +148,7 @@ bool clsRegistryAccess::WriteString(TextView KeyName, TextView ValueName, TextVi
 
 Text clsRegistryAccess::ReadString(TextView KeyName, TextView ValueName, TextView Default) {
   Text data;
-  // The registry gives a small buffer nothing rather than a part.
+  // The registry fills a buffer that is too small with nothing, not with a part.
   if (!Query(KeyName, ValueName, data) || data.size() > kBuffer) return Text(Default);
   const TextView text = TrimBlanks(data);
   return Text(text.substr(0, text.empty() ? 0 : text.size() - 1));

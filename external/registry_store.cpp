@@ -64,7 +64,7 @@ bool RegistryStore::Write() {
     files_.Replace(path_, [&](ByteSink& sink) { sink.Write(bytes); });
   });
   if (!written) {
-    // What stands in the file counts again.
+    // The content of the file is in force again.
     handles_.clear();
     bytes_.clear();
     Load();
@@ -91,7 +91,7 @@ bool RegistryStore::BeginBatch() {
 bool RegistryStore::EndBatch() { return --batches_ != 0 || !changed_ || Write(); }
 
 std::uint32_t RegistryStore::NewHandle(Text place, bool mayWrite) {
-  // No number of a closed key comes again soon, and none is a root's.
+  // Handles of closed keys are not reused soon, and none equals a root's.
   lastHandle_ = lastHandle_ >= 0x7FFFFFF0 ? 4 : lastHandle_ + 4;
   handles_[lastHandle_] = {std::move(place), mayWrite, 0, {}};
   return lastHandle_;
@@ -203,7 +203,7 @@ std::int32_t RegistryStore::RegEnumKeyExA(std::uint32_t key, std::uint32_t index
   if (found == nullptr) return result;
   Handle& handle = handles_.at(key);
   const Text prefix = handle.place + u'\0';
-  // Who asks for one after the other goes on where the last one stands.
+  // Keys are usually enumerated one after the other: the search continues at the last one found.
   if (handle.at.empty() || index < handle.index) handle.index = 0, handle.at = prefix;
   auto at = tree_.lower_bound(handle.at);
   for (; handle.index < index && at != tree_.end() && at->first.starts_with(prefix); ++handle.index) {

@@ -120,7 +120,7 @@ void EmbedWizard::WriteScript() {
   SetWorking(true);
   txtTFileName.SetText(p_.document.SubtitlePath);
   txtVFileName.SetText(p_.document.VideoPath);
-  // Where it can't be written it isn't there, which the start of the run tells.
+  // A script that can't be written is told when the run starts, which looks whether the file exists.
   CarryOn step;
   step([&] { FillScript(); });
   cmdNext.SetText(p_.strings[Message::Ok]);

@@ -63,7 +63,7 @@ class PosixChild final : public ChildProcess {
   ~PosixChild() override {
     if (Ended()) return;
     if (outlives_) {
-      // Somebody has to take its status, or it stays in the system's table.
+      // Its status must be collected, or it stays in the system's process table.
       std::thread([pid = pid_] { WaitFor(pid); }).detach();
       return;
     }
@@ -75,7 +75,7 @@ class PosixChild final : public ChildProcess {
   std::string TakeErrors() override { return ReadAll(ends_.errors); }
 
   void Tell(std::string_view bytes) override {
-    // All of it or nothing, so that what does come is whole.
+    // All bytes or none, so that the child never reads half a message.
     if (ends_.input && untold_.size() + bytes.size() <= kMostUntold) untold_ += bytes;
     TellRest();
   }
@@ -88,7 +88,7 @@ class PosixChild final : public ChildProcess {
   void Wait(int ms) override {
     TellRest();
     std::array<pollfd, 2> watched = {pollfd{ends_.output.Get(), POLLIN, 0}, pollfd{ends_.errors.Get(), POLLIN, 0}};
-    // With both ends closed its end is near, and can't be waited for here.
+    // With both ends closed there is nothing to poll; the child is about to end.
     const bool closed = ends_.output.Get() < 0 && ends_.errors.Get() < 0;
     ::poll(watched.data(), watched.size(), closed ? std::min(ms, 5) : ms);
   }
@@ -125,7 +125,7 @@ class PosixChild final : public ChildProcess {
   std::optional<int> status_;
 };
 
-/// What is opened for a child, taken away with this.
+/// The file actions of a child that is to be spawned.
 class Actions {
  public:
   Actions() { ::posix_spawn_file_actions_init(&actions_); }
@@ -152,10 +152,10 @@ class Actions {
   posix_spawn_file_actions_t actions_{};
 };
 
-/// The signals that this program may have other ideas of than a child.
+/// The signals whose handling this program may have changed, and a child must not inherit.
 constexpr std::array<int, 4> kOwnSignals = {SIGPIPE, SIGINT, SIGTERM, SIGHUP};
 
-/// What a child that goes on by itself keeps of this program: nothing of its signals, and not its terminal either.
+/// The attributes of a child that outlives this program: default signals and a session of its own.
 class Attributes {
  public:
   Attributes() {

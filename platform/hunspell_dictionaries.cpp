@@ -63,7 +63,7 @@ class DictionaryCodec {
     ucnv_setFromUCallBack(converter_.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
   }
 
-  /// Nothing for a text with a character that the code page lacks.
+  /// Empty for a text with a character that the code page does not have.
   std::optional<std::string> Bytes(TextView text) const {
     UErrorCode status = U_ZERO_ERROR;
     std::string bytes(UCNV_GET_MAX_BYTES_FOR_STRING(text.size(), ucnv_getMaxCharSize(converter_.get())), '\0');
@@ -100,7 +100,7 @@ class HunspellDictionary final : public SpellDictionary {
 
   bool Knows(TextView word) override {
     const auto bytes = codec_.Bytes(word);
-    // What is too long for it isn't held against the user.
+    // A word too long for the library counts as correct.
     if (bytes && bytes->size() > kLongestWord) return true;
     return bytes && api_->spell(handle_.get(), bytes->c_str()) != 0;
   }
@@ -127,7 +127,7 @@ class HunspellDictionary final : public SpellDictionary {
   DictionaryCodec codec_;
 };
 
-/// Hunspell reads anything; a list of words begins with their number.
+/// Hunspell accepts any file; a real word list begins with the number of its words.
 bool IsWordList(const std::string& file) {
   std::ifstream words(file, std::ios::binary);
   std::string line;

@@ -24,7 +24,7 @@ namespace {
 constexpr std::string_view kEnding = ".journal";
 /// What a file is called until it is whole and locked.
 constexpr std::string_view kUnfinished = ".journal.new";
-/// Behind the name of a journal: the user was told of it.
+/// Added to the name of a journal: marks that the user was told of it.
 constexpr std::string_view kTold = ".told";
 constexpr std::time_t kUnfinishedSeconds = 60;
 constexpr off_t kLargest = off_t{1} << 30;
@@ -56,7 +56,7 @@ std::vector<std::string> NamesIn(const std::string& folder, std::string_view end
   return names;
 }
 
-/// Removes files whose writers ended before they had a journal's name. A new one may be another program's that is
+/// Removes unfinished files of programs that have ended. A recent one may belong to another program that is
 /// about to lock it.
 void RemoveUnfinished(const std::string& folder) {
   for (const std::string& name : NamesIn(folder, kUnfinished)) {
@@ -137,7 +137,7 @@ void JournalFiles::Do(std::deque<Job>& jobs) {
         DoBegin(job.payload);
         break;
       case Job::Kind::Append: {
-        // What has come together meanwhile is flushed at once.
+        // Records that arrived meanwhile are written and flushed together.
         std::string records = JournalRecord(job.payload);
         for (; !jobs.empty() && jobs.front().kind == Job::Kind::Append; jobs.pop_front()) {
           records += JournalRecord(jobs.front().payload);
@@ -177,7 +177,7 @@ void JournalFiles::DoBegin(const std::string& payload) {
   if (failed == 0 && ::rename(file.path.c_str(), name.c_str()) != 0) failed = errno;
   if (failed != 0) {
     ::unlink(file.path.c_str());
-    // The journal before, if there is one, still holds more than nothing.
+    // The previous journal, if there is one, is kept: an older state is better than none.
     return Fail(failed);
   }
   FlushFolder(folderBytes_);
@@ -189,10 +189,10 @@ void JournalFiles::DoBegin(const std::string& payload) {
 }
 
 void JournalFiles::DoAppend(const std::string& records) {
-  // Behind a record that is missing, the others would change the wrong captions.
+  // Records behind a missing one would be applied to the wrong captions.
   if (!file_.fd || broken_) return;
   if (!InPlace()) {
-    // What is written to a file that nobody finds again is kept nowhere.
+    // The file was removed by somebody else: what is written to it would be lost.
     file_ = {};
     const std::lock_guard lock(mutex_);
     lost_ = true;
@@ -204,7 +204,7 @@ void JournalFiles::DoAppend(const std::string& records) {
     written_ += records.size();
     return;
   }
-  // Whole records alone stay.
+  // A record that was cut off is removed again.
   if (::ftruncate(file_.fd.Get(), static_cast<off_t>(written_)) == 0) ::lseek(file_.fd.Get(), 0, SEEK_END);
   Fail(failed);
 }
@@ -258,7 +258,7 @@ std::optional<LeftJournal> JournalFiles::TakeOne(const std::string& path) {
   int failed = file.fd ? 0 : errno;
   struct stat info {};
   const int asked = file.fd ? ::fstat(file.fd.Get(), &info) : ::lstat(path.c_str(), &info);
-  // One that is locked belongs to a program that runs; one without a name was removed by it a moment ago.
+  // A locked journal belongs to a running program; one without a name was just removed by its program.
   const bool running = file.fd && ::flock(file.fd.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   if (asked != 0 || running || info.st_nlink == 0 || !S_ISREG(info.st_mode)) return {};
   LeftJournal left{++lastId_, {}, ChangedMs(info), FromUtf8(path), {}, false};

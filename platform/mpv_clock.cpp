@@ -85,7 +85,7 @@ void MpvClock::Add(std::uint64_t epoch, const ClockSample& sample) {
 
 void MpvClock::AddRunning(const ClockSample& sample) {
   if (sample.idle) {
-    // The film stands; from where it does, it will go on.
+    // The film is paused; it will go on from this position.
     offset_.reset();
     picture_ = {};
     return;
@@ -99,7 +99,7 @@ void MpvClock::AddRunning(const ClockSample& sample) {
   }
   if (sample.picture) AddPicture(sample);
   if (!offset_ && !sample.audio && sample.picture) {
-    // Until the first step tells more: the film plays on from here.
+    // Until the first step arrives, the film is taken to play on from here.
     offset_ = std::max(stand_, *sample.picture) - sample.time;
     measured_ = 0;
   }
@@ -119,7 +119,7 @@ void MpvClock::AddAudio(const ClockSample& sample) {
 void MpvClock::AddPicture(const ClockSample& sample) {
   const bool moved = picture_.value && *sample.picture > *picture_.value;
   const double before = picture_.seen;
-  // Late is a step that took longer than the film's own time between the two pictures.
+  // A step is late when it took longer than the time between the two pictures in the film.
   if (moved) picturesLate_ = sample.time - picture_.moved > *sample.picture - *picture_.value + frameDuration_ / 2;
   if (moved || !picture_.value) picture_.moved = sample.time;
   picture_.value = sample.picture;
@@ -164,7 +164,7 @@ double MpvClock::PositionAt(double instant) {
 }
 
 void MpvClock::Remember(double time, double position, bool moves) {
-  // A sample tells of an instant a little before it comes in, which may lie before a change that came meanwhile.
+  // A sample describes an instant slightly before its arrival, which may precede a change made meanwhile.
   if (!history_.empty()) {
     time = std::max(time, history_.back().time);
     if (history_.back().moves && mode_ == Mode::Running) position = std::max(position, history_.back().position);

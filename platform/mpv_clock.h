@@ -45,7 +45,7 @@ class MpvClock {
   /// Position in seconds at an instant of the monotonic clock.
   double Position(double now);
 
-  /// Where the film was at an instant of the last seconds, whatever has become of it since: a key that is handled late
+  /// Where the film was at an instant of the last seconds, whatever happened since: a key that is handled late
   /// counts where it was pressed. For an instant that the samples haven't reached, the same as `Position`.
   double PositionAt(double instant);
 
@@ -60,7 +60,7 @@ class MpvClock {
     bool Moves(double now) const;
   };
 
-  /// Where the clock was, and whether it moved on from there.
+  /// The position of the clock, and whether it was running.
   struct Point {
     double time = 0;
     double position = 0;

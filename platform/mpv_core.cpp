@@ -36,7 +36,7 @@ constexpr std::pair<const char*, const char*> kOptions[] = {
     {"access-references", "no"},
     {"ordered-chapters", "no"},
     {"resume-playback", "no"},
-    // The end of a sound is when it was heard, not when it was handed to the device.
+    // Sound ends when it has been heard, not when it has been handed to the device.
     {"gapless-audio", "no"},
     {"idle", "yes"},
     {"keep-open", "yes"},
@@ -171,7 +171,7 @@ void MpvCore::Handle(const mpv_event& event) {
       begunSeek_ = queuedSeek_;
       break;
     case MPV_EVENT_PLAYBACK_RESTART:
-      // Asked for here: the announcement of a change of this property may be late.
+      // Read here, since the notification of a change of this property may come late.
       Tell({.kind = MpvNews::Kind::Landed, .seek = begunSeek_, .flag = ReadFlag(api_, handle_, "eof-reached")});
       break;
     case MPV_EVENT_END_FILE:
@@ -190,7 +190,7 @@ void MpvCore::Handle(const mpv_event& event) {
 }
 
 void MpvCore::TellOfFile() {
-  // What is the same as with the file before is no change, and the library doesn't announce it.
+  // The library announces changes only, and so nothing for a value that equals the previous file's.
   const auto tell = [this](const char* property, MpvNews::Kind kind) {
     double number = 0;
     if (api_.get_property(handle_, property, MPV_FORMAT_DOUBLE, &number) >= 0) Tell({.kind = kind, .number = number});
@@ -226,7 +226,7 @@ void MpvCore::OnEnd(const mpv_event_end_file& end) {
     if (!lastComplaint_.empty()) text += ": " + lastComplaint_;
     Tell({.kind = MpvNews::Kind::Failed, .text = text});
   } else if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
-    // The file names others to be played. Only the one that was asked for is wanted.
+    // The file is a playlist. Only the file that was asked for may be played.
     Unload();
     Tell({.kind = MpvNews::Kind::Failed, .text = "a list of other files, not a film"});
   } else if (end.reason == MPV_END_FILE_REASON_EOF) {

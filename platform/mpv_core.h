@@ -56,7 +56,7 @@ class MpvCore {
   /// Starts listening; what is drawn must be set up before.
   void Listen();
 
-  /// False when the library doesn't even take the command; otherwise news will tell.
+  /// False when the library rejects the command at once; otherwise `news` reports the result.
   bool Load(std::uint64_t load, const std::string& path);
   bool Seek(std::uint64_t seek, double seconds);
   void Unload();
@@ -80,7 +80,7 @@ class MpvCore {
   std::thread listener_;
   std::atomic<bool> quit_ = false;
 
-  // The listener's: which file is current, and which seek was queued and begun last.
+  // Used on the listening thread only: the current file, and the seeks queued and begun last.
   std::uint64_t queuedLoad_ = 0;
   std::int64_t queuedEntry_ = 0;
   std::int64_t entry_ = 0;

@@ -43,7 +43,7 @@ const char* FillTable(void* library, MpvApi& api) {
   return nullptr;
 }
 
-/// True when the library of this very interface stands where the system's loader looks first.
+/// True when the system's loader finds a library with the interface version that this program was built for.
 bool IsInstalled(const std::string& fileName) {
   if (fileName != kUsualFileName || std::getenv("LD_LIBRARY_PATH") != nullptr) return false;
   for (const std::string folder : {"/usr/lib/" CUEWRIGHT_MULTIARCH "/", "/usr/lib64/", "/usr/lib/"}) {

@@ -93,7 +93,7 @@ void MpvPlayer::StartCore() {
 MpvPlayer::~MpvPlayer() {
   alive_.reset();
   sampler_.reset();
-  // The drawing ends before the player that it draws for.
+  // Drawing must end before the player that it draws for.
   video_.reset();
   core_.reset();
 }
@@ -131,7 +131,7 @@ void MpvPlayer::Open(const std::string& path) {
   }
   loading_ = true;
   wish_ = Wish::Play;
-  // Without a place to draw to the library would play the sound alone.
+  // Without a surface to draw on, the library would play the sound only.
   waitsForGl_ = !video_->Started();
   if (!waitsForGl_) {
     core_->SetFlag("pause", false);
@@ -230,7 +230,7 @@ void MpvPlayer::Stop() {
   if (opened_ && seekable_) {
     SeekTo(0, false);
   } else if (opened_) {
-    // There is no way back to the start but to open the film anew, when it is to play again.
+    // The film can only be restarted by opening it again, which is done when it is to play.
     ++load_;
     opened_ = false;
     core_->Unload();
@@ -261,7 +261,7 @@ void MpvPlayer::SetCurrentPosition(double seconds) {
 double MpvPlayer::PositionAt(double instant) const { return clock_.PositionAt(instant); }
 
 Text MpvPlayer::CurrentPositionString() const {
-  // Who reads number and text one after the other gets both of the same instant.
+  // Position and text are often read one after the other; both then show the same instant.
   const bool justRead = lastReadAt_ > 0 && Now() - lastReadAt_ < kSameInstant;
   const long long ms = std::llround((justRead ? lastRead_ : CurrentPosition()) * 1000);
   const long long seconds = ms / 1000;
@@ -333,7 +333,7 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       TellControls();
       break;
     case MpvNews::Kind::FrameRate:
-      // A film that doesn't tell its rate has none of the film before.
+      // A film without a known frame rate must not keep the rate of the previous film.
       clock_.SetFrameDuration(news.number > 0 && news.number < kTicksASecond ? 1 / news.number : kUsualPicture);
       break;
     case MpvNews::Kind::Seekable:
@@ -412,7 +412,7 @@ bool MpvPlayer::CreateGl(GlAddress address, void* context) {
   if (waitsForGl_) {
     Open(std::string(path_));
   } else if (core_ && opened_) {
-    // The picture was given up with the context of before; only a change of the choice brings it back.
+    // The library gave up drawing with the old context; selecting the track again makes it draw.
     core_->SetChoice("vid", "no");
     core_->SetChoice("vid", "auto");
   }

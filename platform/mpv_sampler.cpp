@@ -32,7 +32,7 @@ MpvSampler::~MpvSampler() {
 
 void MpvSampler::Wake() {
   {
-    // Not between the thread's look at the clock and its falling asleep.
+    // Locked, so that the wake-up can't fall between the thread's check and its wait.
     const std::lock_guard lock(mutex_);
   }
   wake_.notify_one();
@@ -70,7 +70,7 @@ void MpvSampler::Sample() {
   const double before = Now();
   sample.audio = number("audio-pts");
   const double after = Now();
-  // A reading that had to wait was made at the end of the wait.
+  // When reading had to wait, the value is that of the end of the wait.
   sample.time = after - before < kQuickRead ? (before + after) / 2 : after;
   if (after - before > kSlowRead && ++slowReads_ < kSlowReadsInARow) return;
   slowReads_ = 0;

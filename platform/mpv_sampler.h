@@ -9,7 +9,7 @@
 
 namespace cuewright {
 
-/// Feeds a clock from a player, on a thread of its own: asking the library may take long, and nobody else waits.
+/// Feeds a clock from a player on a thread of its own, since reading from the library may block.
 class MpvSampler {
  public:
   MpvSampler(const MpvApi& api, mpv_handle* handle, MpvClock& clock);

@@ -62,7 +62,7 @@ bool MpvVideo::CreateGl(VideoFrames::GlAddress address, void* context) {
 
 void MpvVideo::Stop() {
   if (!context_) return;
-  // In this order: no more calls from the library, no more calls to it, and only then its end.
+  // The order matters: first stop callbacks from the library, then calls to it, then destroy it.
   api_.render_context_set_update_callback(context_, nullptr, nullptr);
   if (worker_.joinable()) {
     {

@@ -50,7 +50,7 @@ class MpvVideo {
 
   static void OnUpdate(void* self);
   void Work();
-  /// Draws into `back_`, or lets the picture pass undrawn while the surface has no size.
+  /// Draws into `back_`, or skips the picture while the surface has no size.
   void Draw(int width, int height);
 
   const MpvApi& api_;

@@ -27,7 +27,7 @@ void RemoveStrays(const std::string& folder) {
     const Descriptor fd(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (!fd) continue;
     struct stat info {};
-    // A new one isn't locked in its first moment.
+    // A file that was just made may not be locked yet.
     const bool stray = ::fstat(fd.Get(), &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == ::geteuid() &&
                        std::time(nullptr) - info.st_mtim.tv_sec > kStraySeconds &&
                        ::flock(fd.Get(), LOCK_EX | LOCK_NB) == 0;

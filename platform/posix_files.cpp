@@ -28,7 +28,7 @@ struct stat StatOf(TextView path) {
 
 /// Opens a regular file to read it; `size` gets its size.
 Descriptor OpenRegular(TextView path, std::uint64_t& size) {
-  // Not blocking, so that a pipe without a writer can't hold the program before it is told apart.
+  // Non-blocking: opening a pipe without a writer would otherwise wait before it can be recognised as one.
   Descriptor fd(::open(ToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!fd) Throw(errno, path);
   struct stat info {};
@@ -198,7 +198,7 @@ std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
                                               u" bytes, at most " + Decimal(static_cast<long long>(limit)) + u"): " +
                                               Text(path)};
   }
-  // One byte more than the size, so that the end shows itself without another turn.
+  // One byte more than the size, so that the end of the file is seen without growing the buffer.
   std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
   std::size_t done = 0;
   for (;;) {
@@ -221,7 +221,7 @@ std::unique_ptr<FileReader> PosixFiles::OpenToRead(TextView path) const {
 }
 
 void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& write) {
-  // Behind such a name there may be a file that others write as well: it is written on, never replaced.
+  // A redirected output may be shared with other programs: it is written to, never replaced.
   if (const std::optional<int> fd = DescriptorNamedBy(ToUtf8(path), path)) return WriteTo(*fd, path, write);
   BesideFile beside(path);
   WriteTo(beside.Open().Get(), path, write);
@@ -231,7 +231,7 @@ void PosixFiles::Replace(TextView path, const std::function<void(ByteSink&)>& wr
 
 void PosixFiles::WritePrivate(TextView path, std::string_view bytes) {
   const std::string place = ToUtf8(path);
-  // Whatever stands there goes first: a link that somebody put there is not followed.
+  // Whatever is there is removed first, so that a link put there by somebody else is not followed.
   if (::unlink(place.c_str()) != 0 && errno != ENOENT) Throw(errno, path);
   Descriptor fd(::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
   if (!fd) Throw(errno, path);

@@ -12,7 +12,7 @@ namespace cuewright {
 class PosixFiles : public Files {
  public:
   /// What `Replace` flushes to the disk before it is done: every file, or, for those who write thousands, only one that
-  /// takes the place of an older file. A new file in its stead is in the system's care then, as any program's is.
+  /// replaces an older file. Without a flush a crash of the system soon afterwards may lose a new file.
   enum class Flush { Always, Replacing };
   explicit PosixFiles(Flush flush = Flush::Always) : flush_(flush) {}
 

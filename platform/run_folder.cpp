@@ -40,7 +40,7 @@ void RemoveStrays(const std::string& base) {
     const Descriptor folder = OpenFolder(entry.path().string());
     if (!folder) continue;
     struct stat info {};
-    // A new one isn't held in its first moment.
+    // A folder that was just made may not be locked yet.
     const bool own = ::fstat(folder.Get(), &info) == 0 && info.st_uid == ::geteuid() &&
                      (info.st_mode & 07777) == 0700 && std::time(nullptr) - info.st_mtim.tv_sec > kStraySeconds;
     if (own) RemoveUnlessHeld(entry.path().string(), folder);

@@ -26,7 +26,7 @@ constexpr std::string_view kVersion = "2/";     // of the way in which the sound
 constexpr std::time_t kStraySeconds = 10 * 60;  // what is being written was written to a moment ago
 constexpr std::size_t kHeader = 8;
 
-/// A number that is another one for nearly every other text.
+/// A 64-bit hash (FNV-1a).
 std::uint64_t Digest(std::string_view text) {
   std::uint64_t digest = 14695981039346656037ULL;
   for (const char c : text) {
@@ -100,7 +100,7 @@ bool FolderSoundStore::Has(TextView path) {
 
 Text FolderSoundStore::Begin(TextView path) {
   PosixFiles().MakePrivateFolder(folder_);
-  // A program that was killed left its own behind.
+  // Unfinished files of programs that were killed.
   for (const Kept& file : KeptFiles(ToUtf8(folder_))) {
     if (file.path.ends_with(kUnfinished) && std::time(nullptr) - file.used.tv_sec > kStraySeconds) {
       ::unlink(file.path.c_str());
@@ -120,7 +120,7 @@ void FolderSoundStore::Keep(TextView path) {
   for (const Kept& file : files) size += file.size;
   for (const Kept& file : files) {
     if (size <= most_) return;
-    // One that is being written belongs to another program of the user.
+    // Unfinished files may belong to another program that is still writing.
     if (file.path == whole || file.path.ends_with(kUnfinished)) continue;
     if (::unlink(file.path.c_str()) == 0) size -= file.size;
   }

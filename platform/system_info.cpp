@@ -8,7 +8,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::uint64_t kKilobyte = 1024;
-/// More lines than any of these files has; what they are can't be known beforehand.
+/// A limit well above the number of lines of any of these files, whose content is not under our control.
 constexpr int kMostLines = 1000;
 
 /// A value as the shell would read it: without its quotes, and without the backslashes in front of characters.
@@ -24,7 +24,7 @@ std::string Unquoted(std::string_view value) {
   return plain;
 }
 
-/// What stands behind the first line's beginning that is `key`; empty when there is none such.
+/// The rest of the first line that begins with `key`; empty when no line does.
 std::string ValueIn(const std::string& file, std::string_view key) {
   std::ifstream lines(file);
   std::string line;

@@ -14,12 +14,12 @@ constexpr std::size_t kMostErrors = 20;
 constexpr std::size_t kLongestLine = 4096;
 constexpr std::int64_t kMicrosecondsInMs = 1000;
 constexpr std::string_view kTimeKey = "out_time_us=";
-// Deeper in stand the film's own texts, which may say anything.
+// Lines indented further are metadata of the film, and may contain any text.
 constexpr std::string_view kDurationStart = "[info]   Duration: ";
 constexpr std::array<TextView, 4> kScaleFlags = {u"neighbor", u"bilinear", u"bicubic",
                                                  u"bilinear+accurate_rnd+full_chroma_int+full_chroma_inp"};
 
-/// Silence where the sound begins late or has a gap, so that what holds no times keeps those of the film.
+/// Fills late starts and gaps with silence, so that formats without time stamps stay in time with the film.
 constexpr TextView kFilledSound = u"aresample=async=1:first_pts=0";
 
 using Words = std::vector<Text>;
@@ -34,7 +34,7 @@ Text FileWord(const Text& path) { return u"file:" + path; }
 
 Words Input(const Text& film) {
   Words words;
-  // What is read inside a film must be a file too.
+  // References inside a film may only lead to files.
   Add(words, {u"-nostdin", u"-hide_banner", u"-v", u"level+info", u"-protocol_whitelist", u"file", u"-i"});
   words.push_back(FileWord(film));
   return words;
@@ -98,8 +98,8 @@ void AddWave(Words& words, const RunJob& job, const JobWay& way) {
               way.otherContainer ? TextView(u"matroska") : TextView(u"wav")});
 }
 
-/// In some containers a film begins, for FFmpeg, where the first stream does that is asked for: the picture's and the
-/// sound's beginnings are asked for here, and go nowhere.
+/// For some containers FFmpeg takes the start of the first selected stream as the start of the film: the picture and
+/// the sound are therefore selected here as well, and written nowhere.
 void AddWholeFilm(Words& words) {
   Add(words, {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1", u"-f", u"null",
               u"-"});

@@ -15,7 +15,7 @@ inline constexpr TextView kFfmpeg = u"ffmpeg";
 /// The quantizer that films are written with, from 1 (best, largest file) to 31.
 inline constexpr int kDefaultQuantizer = 4;
 
-/// How a job is carried out; the ways after the first are for films or systems that the first one doesn't suit.
+/// How a job is carried out; the later ways are fallbacks for films or systems on which the first one fails.
 struct JobWay {
   bool plainEncoder = false;    ///< FFmpeg's own MPEG-4 encoder in place of XviD's
   bool soundDecoded = false;    ///< the sound becomes samples, since the file can't hold it, or its times, as it is

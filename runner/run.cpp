@@ -39,7 +39,7 @@ ScriptRun::State ScriptRun::Step(int waitMs) {
     const std::optional<int> status = child_->Ended();
     if (!status) return;
     TakeAll();
-    // A key of the terminal ends FFmpeg too; that is no failure.
+    // Ctrl+C on the terminal ends FFmpeg as well; that is a cancel and no failure.
     if (Cancelled()) return;
     state = EndFfmpeg(*status);
   });
@@ -129,7 +129,7 @@ void ScriptRun::Start(const std::vector<Text>& arguments) {
 ScriptRun::State ScriptRun::EndFfmpeg(int status) {
   const RunJob& job = jobs_[at_];
   if (stage_ == Stage::Sound) {
-    // A film whose sound can't be listed fails in the work itself, which tells why.
+    // When the sound can't be listed, the job itself will fail and report why.
     if (!times_.Even()) {
       way_.soundDecoded = true;
       notes_.emplace_back(

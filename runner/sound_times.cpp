@@ -8,7 +8,7 @@ namespace cuewright {
 namespace {
 
 constexpr double kFirst = 0.005;  // seconds
-/// A length of packets that fewer than one in so many have is none of the encoder's own.
+/// A packet length counts as the encoder's own when at least one packet in this many has it.
 constexpr long long kSeldom = 50;
 constexpr double kGap = 0.01;  // some containers round each packet's time to ms
 constexpr std::size_t kMostStreams = 64;
@@ -63,7 +63,7 @@ bool SoundTimes::Even() const {
   if (!even_) return false;
   for (const Stream& stream : streams_) {
     for (const auto& [length, count] : stream.lengths) {
-      // Some containers tell a gap as a long packet. Packets of one sound may differ in length, but all lengths are
+      // Some containers store a gap as one long packet. Regular packets may differ in length, but each length is
       // frequent.
       const bool longer =
           static_cast<double>(length) > 2 * static_cast<double>(stream.lengths.begin()->first) + kGap * 1000;

@@ -67,7 +67,7 @@ class WindowDisplay final : public RunDisplay {
   void Show(const std::string& file, const RunProgress& progress, std::int64_t elapsedMs) override {
     if (elapsedMs < kWindowAfterMs) return;
     Open();
-    // A window that hangs gets no more of what it doesn't take.
+    // A window that hangs is sent nothing more until it reads again.
     if (child_ == nullptr || elapsedMs - shownAt_ < kWindowEveryMs || child_->HasUntold()) return;
     shownAt_ = elapsedMs;
     if (file != file_) child_->Tell(FormatWindowLine({WindowLine::Kind::File, file_ = file, {}}));
@@ -78,7 +78,7 @@ class WindowDisplay final : public RunDisplay {
 
   bool Cancelled() override {
     if (child_ == nullptr || cancelled_) return cancelled_;
-    // The window says so at once, and may take a moment to go.
+    // The window reports a cancel at once, before it closes.
     said_ += child_->TakeOutput();
     cancelled_ = said_.find(kCancelLine) != std::string::npos || child_->Ended() == kWindowCancelled;
     return cancelled_;
@@ -103,7 +103,7 @@ class WindowDisplay final : public RunDisplay {
  private:
   void Open() {
     if (std::exchange(opened_, true)) return;
-    // Without its window the work is done all the same.
+    // The work is done even when the window cannot be started.
     CarryOn step;
     step([&] { child_ = processes_.Start(window_, {}, {.input = true}); });
   }

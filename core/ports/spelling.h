@@ -32,7 +32,7 @@ class SpellDictionaries {
     throw RuntimeError{kErrorFileNotFound, Missing()};
   }
 
-  /// What lacks when none is installed, for the user.
+  /// What the user should install when there is no dictionary at all.
   virtual Text Missing() const { return u"There are no spelling dictionaries."; }
 
   /// A dictionary's name in the words of the user's system; the name itself where that is not known.
