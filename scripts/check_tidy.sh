@@ -9,7 +9,8 @@ log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 cmake --preset tidy >"$log" 2>&1 || { cat "$log"; exit 1; }
 
-folders="core formats settings tools audio external runner forms platform batch vdrun ui app"
+# Every folder of the program has a list of its sources.
+folders=$(git ls-files "*/CMakeLists.txt" | xargs -n 1 dirname | grep -vE "^(tests|bench|fuzz|resources|packaging)$")
 sources=$(git ls-files $(printf "%s/*.cpp " $folders))
 case "${1:-}" in
   --all) chosen=$sources ;;
