@@ -1,5 +1,6 @@
 // Follows the examples of CONTRIBUTING.md.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -134,16 +135,25 @@ TEST_F(Contributing, TheExampleOfAFormatIsRecognisedReadAndWritten) {
   EXPECT_EQ(Batch({"dump", "written.angled", "--catalogue", "."}).out, dumped);
 }
 
-TEST_F(Contributing, TheOptionOfTheExampleStandsWhereThePageSaysSo) {
+TEST_F(Contributing, TheLinesOfTheOptionAreThoseOfTheCode) {
   const std::string part = Part("Add an option");
-  for (const std::string& place : Found(part, "`((?:settings|forms|ui)/[a-z_.]*)`")) {
-    std::string code = fs::is_directory(kRoot / place) ? "" : ContentOf(kRoot / place);
-    for (const auto& entry : fs::directory_iterator((kRoot / place).parent_path())) {
-      if (place.ends_with('/')) code += ContentOf(entry.path());
-    }
-    EXPECT_TRUE(std::regex_search(code, std::regex("RulesOnLoad", std::regex::icase))) << place;
+  const std::vector<std::string> files = Found(part, "`((?:core|settings|forms|ui)/[a-z_]+\\.(?:h|cpp))`");
+  const std::vector<std::string> lines = Blocks(part, "cpp");
+  ASSERT_EQ(files.size(), 5u);
+  ASSERT_EQ(lines.size(), files.size());
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::string line = lines[i].substr(0, lines[i].find('\n'));
+    EXPECT_NE(ContentOf(kRoot / files[i]).find(line), std::string::npos) << files[i] << ": " << line;
   }
-  EXPECT_NE(ContentOf(kRoot / "resources/messages/identifiers.txt").find("RulesOnLoadHint"), std::string::npos);
+  // There is no file beside them that names it.
+  for (const std::string folder : {"core", "settings", "forms", "ui", "capture", "tools"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder)) {
+      if (!entry.is_regular_file()) continue;
+      const std::string name = fs::relative(entry.path(), kRoot).string();
+      const bool told = std::find(files.begin(), files.end(), name) != files.end();
+      EXPECT_TRUE(told || ContentOf(entry.path()).find("chkRulesOnLoad") == std::string::npos) << name;
+    }
+  }
 }
 
 TEST_F(Contributing, TheExampleOfADialogIsTheTestedOne) {
