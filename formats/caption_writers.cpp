@@ -1,7 +1,6 @@
 #include "formats/caption_writers.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "core/numbers.h"

@@ -87,7 +87,8 @@ class FormatCatalogue {
 
 /// Loads the catalogue from the two files. A missing file is told by `Message::ComponentNotFound`; then the result is
 /// false, and the program is to end at once. Run-time errors of reading are thrown.
-bool LoadFormatCatalogue(FormatCatalogue& catalogue, const Files& files, TextView iniPath, TextView datPath,
-                         const Encodings& encodings, const LangStrings& strings, Messages& messages);
+[[nodiscard]] bool LoadFormatCatalogue(FormatCatalogue& catalogue, const Files& files, TextView iniPath,
+                                       TextView datPath, const Encodings& encodings, const LangStrings& strings,
+                                       Messages& messages);
 
 }  // namespace cuewright

@@ -1,8 +1,5 @@
 #include "formats/export.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "formats/caption_writers.h"
 
 namespace cuewright {

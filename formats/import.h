@@ -35,7 +35,7 @@ class Importer {
 
   /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
   /// captions. Nothing, after telling why, when no format fits or the file can't be read.
-  std::optional<int> SettleFormat(TextView path);
+  [[nodiscard]] std::optional<int> SettleFormat(TextView path);
 
   /// Reads a file with the format in force. A new document begins with an empty list.
   void ImportSubtitle(TextView path, Loading loading);

@@ -1,7 +1,8 @@
 #include "formats/line_import.h"
 
 #include <algorithm>
-#include <optional>
+
+#include "formats/line_readers.h"
 
 namespace cuewright {
 namespace {

@@ -4,13 +4,16 @@
 
 #include "core/caption_list.h"
 #include "core/runtime_error.h"
-#include "formats/caption_collector.h"
 #include "formats/definition.h"
-#include "formats/line_readers.h"
+#include "formats/record_pieces.h"
 #include "text/encodings.h"
 #include "text/text_file.h"
 
 namespace cuewright {
+
+class CaptionCollector;
+struct LineReader;
+struct ParseContext;
 
 /// How the lines of a file are to be read.
 struct LineOrders {

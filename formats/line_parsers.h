@@ -15,7 +15,7 @@ namespace cuewright {
 class ImportLine {
  public:
   /// Takes the file's next line; false behind the last one. With `wide` its bytes are paired to 16-bit characters.
-  bool Next(TextFile& file, const Encodings* wide);
+  [[nodiscard]] bool Next(TextFile& file, const Encodings* wide);
   void SetText(Text text);
   void Clear() { text_ = {}; }
 

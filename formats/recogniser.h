@@ -16,7 +16,7 @@ class FormatRecogniser {
 
   /// Puts the file's format in force and tells whether it is 16-bit text, whose bytes are to be paired. Nothing when no
   /// format fits; plain text is then the current one. Null stands for a file that can't be read.
-  std::optional<bool> Settle(TextFile* file, CarryOn& errors);
+  [[nodiscard]] std::optional<bool> Settle(TextFile* file, CarryOn& errors);
 
   /// The head of that file holds the mask of some format's timecode.
   bool TimecodeLiteral() const { return timecodeLiteral_; }

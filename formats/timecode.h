@@ -26,7 +26,7 @@ class TimecodeReader {
 
   /// The same for bytes that are as long as the template, a clock time without frames, and are digits in its columns;
   /// false for anything else.
-  bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
+  [[nodiscard]] bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
 
   /// True when times are counts of frames.
   bool CountsFrames() const { return kind_ == Kind::Frames; }
@@ -50,7 +50,7 @@ void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
 inline constexpr std::size_t kLongestNumber = 280;
 
 /// The same as ASCII to the beginning of `out`, which has room for `kLongestNumber` bytes; returns how many it wrote.
-std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<char> out);
+[[nodiscard]] std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<char> out);
 
 /// Writes times by one template.
 class TimecodeWriter {
@@ -68,7 +68,7 @@ class TimecodeWriter {
   std::size_t Longest() const { return longest_; }
   /// Puts the time to the beginning of `out`, which has so much room, and returns how many bytes it wrote; fails as
   /// `Append` does.
-  std::size_t PutBytes(std::int32_t ms, float fps, std::span<char> out) const;
+  [[nodiscard]] std::size_t PutBytes(std::int32_t ms, float fps, std::span<char> out) const;
 
  private:
   enum class Field { Literal, Hours, Minutes, Seconds, Frames, Fraction };

@@ -25,7 +25,7 @@ class Codec {
 
   /// Decodes into `room`, of `DecodedRoom` units or more; returns the units written. Never fails: what the code page
   /// does not define still becomes text.
-  virtual std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const = 0;
+  [[nodiscard]] virtual std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const = 0;
 
   /// Appends the bytes of the text. A character that the code page lacks becomes "?", and the result is false.
   virtual bool Encode(TextView text, std::string& out) const = 0;

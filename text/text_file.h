@@ -56,10 +56,10 @@ class TextFile {
 
   /// The next line without its end; false behind the last one. A file that ends in a line end has no line behind
   /// it.
-  bool NextLine(std::string_view& line);
+  [[nodiscard]] bool NextLine(std::string_view& line);
 
   /// The same, decoded on the way. A line beyond `kLongestLine` is cut there.
-  bool NextText(LineBuffer& buffer);
+  [[nodiscard]] bool NextText(LineBuffer& buffer);
 
   /// A line was cut since the file was opened.
   bool LineWasCut() const { return cutPlace_ != 0; }
@@ -93,7 +93,7 @@ class TextFile {
   void Decode(std::string_view line, LineBuffer& buffer) const;
   Text Decoded(std::string_view line) const;
   /// Decodes into `room`, of `DecodedRoom` units or more; returns the units written.
-  std::size_t DecodeTo(std::string_view line, std::span<char16_t> room) const {
+  [[nodiscard]] std::size_t DecodeTo(std::string_view line, std::span<char16_t> room) const {
     if (codec_ != nullptr) return codec_->Decode(line, room);
     const bool slack = line.data() + line.size() + 16 <= bytes_.data() + bytes_.size();
     return DecodeUtf8(line, room, surrogates_, slack);

@@ -41,24 +41,6 @@ std::size_t FindCharacter(TextView text, char16_t c, std::size_t from) {
   return TextView::npos;
 }
 
-bool HoldsEither(TextView text, char16_t a, char16_t b) {
-  std::size_t at = 0;
-#if defined(__SSE2__)
-  const Block first = AllUnits(a);
-  const Block second = AllUnits(b);
-  Block hits = NoBits();
-  for (; at + 8 <= text.size(); at += 8) {
-    const Block units = LoadBlock(text.data() + at);
-    hits = _mm_or_si128(hits, _mm_or_si128(_mm_cmpeq_epi16(units, first), _mm_cmpeq_epi16(units, second)));
-  }
-  if (BitsOf(hits) != 0) return true;
-#endif
-  for (; at < text.size(); ++at) {
-    if (text[at] == a || text[at] == b) return true;
-  }
-  return false;
-}
-
 unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c) {
   unsigned held = 0;
   std::size_t at = 0;
@@ -75,27 +57,6 @@ unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c) {
     held |= (text[at] == a ? 1u : 0u) | (text[at] == b ? 2u : 0u) | (text[at] == c ? 4u : 0u);
   }
   return held;
-}
-
-bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second) {
-  std::size_t at = 0;
-#if defined(__SSE2__)
-  const Block one = AllUnits(first);
-  const Block other = AllUnits(orFirst);
-  const Block behind = AllUnits(second);
-  Block hits = NoBits();
-  for (; at + 9 <= text.size(); at += 8) {
-    const Block units = LoadBlock(text.data() + at);
-    const Block next = LoadBlock(text.data() + at + 1);
-    const Block either = _mm_or_si128(_mm_cmpeq_epi16(units, one), _mm_cmpeq_epi16(units, other));
-    hits = _mm_or_si128(hits, _mm_and_si128(either, _mm_cmpeq_epi16(next, behind)));
-  }
-  if (BitsOf(hits) != 0) return true;
-#endif
-  for (; at + 1 < text.size(); ++at) {
-    if ((text[at] == first || text[at] == orFirst) && text[at + 1] == second) return true;
-  }
-  return false;
 }
 
 bool HoldsDigitOrFrames(TextView text) {

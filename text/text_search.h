@@ -9,14 +9,8 @@ namespace cuewright {
 /// Position of a character at or behind `from`, `TextView::npos` when it doesn't occur.
 std::size_t FindCharacter(TextView text, char16_t c, std::size_t from = 0);
 
-/// True when the text holds one of the two.
-bool HoldsEither(TextView text, char16_t a, char16_t b);
-
 /// Which of three characters the text holds: the bits 1, 2 and 4.
 unsigned HeldOf(TextView text, char16_t a, char16_t b, char16_t c);
-
-/// True when the text holds `first` or `orFirst` with `second` behind it.
-bool HoldsPair(TextView text, char16_t first, char16_t orFirst, char16_t second);
 
 /// True when the text holds a digit or "ff", of which masks of times are made.
 bool HoldsDigitOrFrames(TextView text);

@@ -41,15 +41,16 @@ constexpr std::size_t EncodedRoom(std::size_t units) { return 3 * units + 8; }
 
 /// Decodes into `room`, of `DecodedRoom` units or more; returns the units written. A byte that is no valid UTF-8
 /// becomes the lone unit U+DC00 + byte. With `slack` 16 bytes behind the given ones may be read, which saves time.
-std::size_t DecodeUtf8(std::string_view bytes, std::span<char16_t> room, Surrogates surrogates = Surrogates::AreInvalid,
-                       bool slack = false);
+[[nodiscard]] std::size_t DecodeUtf8(std::string_view bytes, std::span<char16_t> room,
+                                     Surrogates surrogates = Surrogates::AreInvalid, bool slack = false);
 
 /// Widens ASCII bytes into `room`, of `DecodedRoom` units or more.
 void WidenAscii(std::string_view bytes, std::span<char16_t> room);
 
 /// Encodes into `room`, of `EncodedRoom` bytes or more; returns the bytes written. A lone unit U+DC80 to U+DCFF is the
 /// byte that it stands for; another lone surrogate that is not kept becomes "?".
-std::size_t EncodeUtf8(TextView text, std::span<char> room, Surrogates surrogates = Surrogates::AreInvalid);
+[[nodiscard]] std::size_t EncodeUtf8(TextView text, std::span<char> room,
+                                     Surrogates surrogates = Surrogates::AreInvalid);
 
 /// The same at the end of a string.
 void AppendUtf8(TextView text, std::string& out, Surrogates surrogates = Surrogates::AreInvalid);

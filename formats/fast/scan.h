@@ -29,7 +29,7 @@ struct LineMarks {
 LineScan WidenLine(std::string_view bytes, char end, std::span<char16_t> out, LineMarks marks = {});
 
 /// The places of the first `places.size()` copies of `mark`; false when `end` or the end of the bytes comes first.
-bool FindMarks(std::string_view bytes, char mark, char end, std::span<std::size_t> places);
+[[nodiscard]] bool FindMarks(std::string_view bytes, char mark, char end, std::span<std::size_t> places);
 
 /// How far `EncodeUtf8Until` came.
 struct EncodedPart {
@@ -44,6 +44,6 @@ struct Stops {
 };
 
 /// Does what `EncodeUtf8` does, up to the first of the stops.
-EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> room);
+[[nodiscard]] EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> room);
 
 }  // namespace cuewright

@@ -311,8 +311,7 @@ TEST(CatalogueFiles, AnErrorInTheListNamesItsFile) {
   const Text ini = rig.folder.Write("formats.ini", "[P]\r\nname=N\r\n");
   const Text dat = rig.folder.Write("formats.dat", "");
   try {
-    LoadFormatCatalogue(catalogue, rig.files, ini, dat, rig.encodings, rig.strings, rig.messages);
-    FAIL() << "no error";
+    FAIL() << LoadFormatCatalogue(catalogue, rig.files, ini, dat, rig.encodings, rig.strings, rig.messages);
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number, kErrorOverflow);
     EXPECT_EQ(error.description, u"Overflow: " + dat);
