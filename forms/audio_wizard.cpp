@@ -1,35 +1,33 @@
 #include "forms/audio_wizard.h"
 
-#include <algorithm>
-
 #include "core/file_helpers.h"
 #include "core/paths.h"
-#include "external/common_dialogs.h"
-#include "text/labels.h"
+#include "core/runtime_error.h"
+#include "external/embed_script.h"
 
 namespace cuewright {
 namespace {
 
-constexpr std::int16_t kLastStep = 4;
+constexpr int kRateStep = 1;
+constexpr int kToolStep = 2;
+constexpr int kTargetStep = 3;
+constexpr std::int32_t kRed = 255;
+constexpr std::int32_t kGreen = 65280;
+constexpr std::int32_t kYellow = 65535;
+constexpr std::int32_t kDarkRed = 192;
+constexpr int kScriptWaitMs = 2000;
+constexpr int kRunWaitMs = 500;
+constexpr int kCheckWaitMs = 3000;
 
 }  // namespace
 
-AudioWizard::AudioWizard(WizardParts parts) : Dialog("frmAudioWizard"), p_(parts), tool_(parts) {
+AudioWizard::AudioWizard(WizardParts parts)
+    : Wizard("frmAudioWizard", parts, {Message::ExtractionWizard, u"aext.vcf", Message::SaveAudioAs, u".wav"}) {
   cmbSampleRate.SetEditable(true);
-  Wire();
-}
-
-void AudioWizard::Wire() {
-  cmdNext.Clicked.Connect([this] { Next(); });
-  cmdBack.Clicked.Connect([this] { Back(); });
-  cmdCancel.Clicked.Connect([this] { Close(); });
-  cmdBrowseVD.Clicked.Connect([this] { BrowseTool(); });
-  cmdSave.Clicked.Connect([this] { BrowseTarget(); });
   optWAV.Clicked.Connect([this] { ChooseFormat(true); });
   optOriginal.Clicked.Connect([this] { ChooseFormat(false); });
-  lblDownload.Clicked.Connect([this] { tool_.OpenDownload(u"14"); });
   imgGetVirtualDub.MouseDown.Connect([this](const MouseEvent& mouse) {
-    if (mouse.button == MouseButton::Left) tool_.OpenDownload(u"14");
+    if (mouse.button == MouseButton::Left) tool_.OpenDownload(Download::Tool);
   });
 }
 
@@ -45,13 +43,10 @@ bool AudioWizard::CheckFilm() {
 }
 
 void AudioWizard::Open() {
-  step_ = 0;
   pending_.clear();
   closing_ = false;
-  agreed_.clear();
-  script_ = p_.folders.TempFolder + u"aext.vcf";
   ApplyTexts();
-  txtVirtualdub.SetText(tool_.TakeStored());
+  Begin();
   txtSave.SetText(StripExtension(p_.document.VideoPath) + u".wav");
   cmbSampleRate.SetIndex(0);
   chkAudioBar.SetValue(true);
@@ -64,53 +59,26 @@ void AudioWizard::Open() {
     lblTask[task].SetColor({});
   }
   lblStep5.SetBold(false);
-  cmdBack.SetEnabled(false);
-  cmdNext.SetEnabled(true);
-  cmdCancel.SetEnabled(true);
-  ShowStep();
-  p_.openForms.Opened(Name(), [this] { Close(); });
-  NoteOpened();
+  TellOpened();
 }
 
 void AudioWizard::ApplyTexts() {
   const LangStrings& s = p_.strings;
-  SetTitle(s[Message::ExtractionWizard]);
-  SetRightToLeft(p_.languages.IsRightToLeft());
-  const std::pair<Control&, Message> rows[] = {{lblTop, Message::ExtractionWizard},
-                                               {lblTop2, Message::ExtractionIntro},
-                                               {lblStep1, Message::SelectAudioFormat},
-                                               {optWAV, Message::WavUncompressed},
-                                               {optOriginal, Message::KeepSourceFormat},
-                                               {chkAudioBar, Message::LoadOnAudioBar},
-                                               {lblStep1b, Message::LoadNeedsWav},
-                                               {lblStep2, Message::ChooseAudioSettings},
-                                               {lblSampleRate, Message::SampleRate},
-                                               {lblStep2b, Message::SampleRateNote},
-                                               {lblStep3, Message::ExtractionNeedsVirtualDub},
-                                               {lblVirtualdub, Message::VirtualDubFolder},
-                                               {cmdBrowseVD, Message::Browse},
-                                               {lblStep3b, Message::DownloadPrograms},
-                                               {lblDownload, Message::DownloadLink},
-                                               {lblStep4, Message::SelectAudioLocation},
-                                               {lblSave, Message::SaveAudioAs},
-                                               {cmdSave, Message::SaveAs},
-                                               {lblStep4b, Message::NextStartsExtraction},
-                                               {lblStep5, Message::TasksAreExecuted},
-                                               {lblTask[0], Message::GeneratingScript},
-                                               {lblTask[1], Message::ExtractingStream},
-                                               {lblTask[2], Message::CheckingAudio},
-                                               {chkClose, Message::CloseWhenDone},
-                                               {lblStep5b, Message::CloseToCancel},
-                                               {cmdCancel, Message::Cancel}};
-  for (const auto& [control, message] : rows) control.SetText(s[message]);
-  for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
+  const ControlText rows[] = {
+      {lblTop2, Message::ExtractionIntro},        {lblStep1, Message::SelectAudioFormat},
+      {optWAV, Message::WavUncompressed},         {optOriginal, Message::KeepSourceFormat},
+      {chkAudioBar, Message::LoadOnAudioBar},     {lblStep1b, Message::LoadNeedsWav},
+      {lblStep2, Message::ChooseAudioSettings},   {lblSampleRate, Message::SampleRate},
+      {lblStep2b, Message::SampleRateNote},       {lblStep3, Message::ExtractionNeedsVirtualDub},
+      {lblStep3b, Message::DownloadPrograms},     {lblStep4, Message::SelectAudioLocation},
+      {lblStep4b, Message::NextStartsExtraction}, {lblStep5, Message::TasksAreExecuted},
+      {lblTask[0], Message::GeneratingScript},    {lblTask[1], Message::ExtractingStream},
+      {lblTask[2], Message::CheckingAudio},       {chkClose, Message::CloseWhenDone},
+      {lblStep5b, Message::CloseToCancel}};
+  Wizard::ApplyTexts(rows);
   cmbSampleRate.SetItems({s[Message::UseOriginal], u"8000", u"11025", u"16000", u"22050", u"44100", u"48000"});
   cmbSampleRate.SetSpokenName(s[Message::SampleRate]);
-  txtVirtualdub.SetSpokenName(s[Message::VirtualDubFolder]);
-  txtSave.SetSpokenName(s[Message::SaveAudioAs]);
   imgGetVirtualDub.SetSpokenName(s[Message::DownloadLink]);
-  cmdBack.SetText(u"< " + s[Message::Back]);
-  cmdNext.SetText(s[Message::Next] + u" >");
 }
 
 void AudioWizard::ChooseFormat(bool wave) {
@@ -119,89 +87,116 @@ void AudioWizard::ChooseFormat(bool wave) {
   chkAudioBar.SetEnabled(wave);
 }
 
-void AudioWizard::BrowseTool() {
-  const Text folder = tool_.AskFolder();
-  if (folder.empty()) return;
-  txtVirtualdub.SetText(folder);
-  tool_.Store(folder);
-}
-
-void AudioWizard::BrowseTarget() {
-  const Text path = ShowSaveDialog(p_.ports.fileDialogs, u"WAVE audio (wav)|*.wav", WithoutDots(cmdSave.GetText()),
-                                   p_.recall.LastFolder(), txtSave.GetText());
-  if (IsBlank(path)) return;
-  txtSave.SetText(StripExtension(path) + u".wav");
-  // The dialog has asked, about the name that was chosen there.
-  if (txtSave.GetText() == path) agreed_ = path;
-}
-
-void AudioWizard::ShowStep() {
-  for (Picture& page : picStep) page.SetVisible(false);
-  picStep[static_cast<std::size_t>(step_)].SetVisible(true);
-}
-
-void AudioWizard::Next() {
-  // The run is over.
-  if (!cmdCancel.Enabled()) return Close();
-  // What is asked here handles events, so that a second press comes in between.
-  if (leaving_) return;
-  leaving_ = true;
-  const bool may = MayLeave();
-  leaving_ = false;
-  if (!may || !IsOpen()) return;
-  ++step_;
-  ShowStep();
-  EnterStep();
-}
-
 bool AudioWizard::MayLeave() {
-  if (step_ == 2) return tool_.Check(txtVirtualdub.GetText());
-  if (step_ != 3) return true;
-  target_ = txtSave.GetText();
-  return MayOverwrite();
-}
-
-bool AudioWizard::MayOverwrite() {
-  if (target_ == p_.document.VideoPath || p_.ports.files.SameFile(target_, p_.document.VideoPath)) {
-    p_.ports.messages.Show({p_.strings[Message::FilmIsNoTarget], BoxIcon::Warning, BoxButtons::Ok,
-                            WithoutDots(p_.strings[Message::SaveAs])});
-    return false;
-  }
-  if (target_ == agreed_ || !p_.ports.files.Exists(target_)) return true;
-  const MessageBox box{Fill(p_.strings[Message::ReplaceExisting], target_), BoxIcon::Warning, BoxButtons::YesNo,
-                       WithoutDots(p_.strings[Message::SaveAs])};
-  if (p_.ports.messages.Show(box) != BoxAnswer::Yes) return false;
+  if (Step() == kToolStep) return tool_.Check(txtVirtualdub.GetText());
+  if (Step() != kTargetStep) return true;
+  const Target target = TakeTarget();
   // The runner replaces it once the new one is whole; another tool is judged by what is there when it has ended.
-  if (tool_.Get().kind == VideoTool::Kind::Wine) p_.ports.files.Remove(target_);
-  return true;
-}
-
-void AudioWizard::Back() {
-  if (step_ == 0 || leaving_) return;
-  --step_;
-  ShowStep();
-  if (step_ == 0) cmdBack.SetEnabled(false);
+  if (target == Target::ToReplace && tool_.Get().kind == VideoTool::Kind::Wine) p_.ports.files.Remove(target_);
+  return target != Target::Refused;
 }
 
 void AudioWizard::EnterStep() {
-  const bool last = step_ == kLastStep;
-  cmdBack.SetEnabled(!last);
-  if (last) {
-    cmdNext.SetEnabled(false);
-    cmdCancel.SetEnabled(false);
+  if (AtLastStep()) {
+    for (Button* button : {&cmdBack, &cmdNext, &cmdCancel}) button->SetEnabled(false);
     return Run();
   }
-  if (step_ != 1) return;
+  if (Step() != kRateStep) return;
   const bool wave = optWAV.Value();
   cmbSampleRate.SetEnabled(wave);
   lblSampleRate.SetEnabled(wave);
   lblStep2b.SetVisible(wave);
-  agreed_.clear();
+  AskAgain();
 }
 
 void AudioWizard::OnClose() {
   closing_ = true;
-  p_.openForms.Closed(Name());
+  Wizard::OnClose();
+}
+
+void AudioWizard::SetTaskLight(std::size_t task, std::int32_t color) {
+  lights_[task] = color == kRed      ? TaskLight::Red
+                  : color == kGreen  ? TaskLight::Green
+                  : color == kYellow ? TaskLight::Yellow
+                                     : TaskLight::Grey;
+  LightsChanged();
+}
+
+void AudioWizard::BeginTask(std::size_t task) {
+  SetTaskLight(task, kYellow);
+  lblTask[task].SetBold(true);
+}
+
+void AudioWizard::EndTask(std::size_t task) {
+  SetTaskLight(task, kGreen);
+  lblTask[task].SetBold(false);
+}
+
+void AudioWizard::Run() {
+  chkClose.SetEnabled(true);
+  BeginTask(0);
+  // Without a script the tool fails, which is told when its result is looked for.
+  CarryOn step;
+  step([&] { WriteScript(); });
+  p_.ports.events.WaitMs(kScriptWaitMs);
+  if (closing_) return;
+  EndTask(0);
+  BeginTask(1);
+  if (!RunAndWait()) {
+    return FinishExtraction(true, 0, p_.strings[Message::StartFailed] + Text(kLineEnd) + tool_.Get().path);
+  }
+  if (closing_) return;
+  EndTask(1);
+  BeginTask(2);
+  p_.ports.events.WaitMs(kCheckWaitMs);
+  if (!closing_) CheckResult();
+}
+
+void AudioWizard::WriteScript() {
+  Files& files = p_.ports.files;
+  const VideoTool& tool = tool_.Get();
+  files.Remove(script_);
+  ExtractValues values;
+  values.source = QuotedSlashed(tool, ShortPathOf(files, p_.document.VideoPath, p_.folders.TempFolder));
+  values.target = QuotedSlashed(tool, ShortTarget(files, target_, p_.folders.TempFolder));
+  values.wave = optWAV.Value();
+  values.sampleRate = cmbSampleRate.GetText();
+  files.WritePrivate(script_, ExtractScriptBytes(values));
+}
+
+bool AudioWizard::RunAndWait() {
+  const std::unique_ptr<ChildProcess> child = tool_.Start(script_, {}, true);
+  if (child == nullptr) return false;
+  // A tool that failed keeps the wizard waiting until the user closes it, and with it sees what the tool has to tell.
+  while (child->Ended() != 0 && !closing_) p_.ports.events.WaitMs(kRunWaitMs);
+  return true;
+}
+
+void AudioWizard::CheckResult() {
+  if (!p_.ports.files.Exists(target_)) return FinishExtraction(true, 2, p_.strings[Message::CouldNotExtract]);
+  EndTask(2);
+  lblStep5.SetText(p_.strings[Message::ExtractionComplete]);
+  lblStep5.SetBold(true);
+  lblStep5b.SetText(p_.strings[Message::ProcessCompleted] + Text(kLineEnd) + Text(kLineEnd) + target_);
+  pending_ = optWAV.Value() && chkAudioBar.Value() ? target_ : Text();
+  FinishExtraction(false, 0, {});
+  if (chkClose.Value()) {
+    Close();
+  } else {
+    chkClose.SetEnabled(false);
+  }
+}
+
+void AudioWizard::FinishExtraction(bool failed, std::size_t task, TextView text) {
+  cmdNext.SetText(p_.strings[Message::Finish]);
+  cmdNext.SetEnabled(true);
+  if (!failed) return;
+  SetTaskLight(task, kRed);
+  chkClose.SetEnabled(false);
+  lblTask[task].SetBold(false);
+  lblTask[task].SetColor(kDarkRed);
+  lblStep5.SetText(p_.strings[Message::ExtractionFailed]);
+  lblStep5b.SetText(text);
 }
 
 }  // namespace cuewright

@@ -11,9 +11,9 @@ namespace cuewright {
 /// What a window tells of a control: a text, where it has a place for one with `filled` in it, and where there is
 /// more to say a second paragraph.
 struct Hint {
-  Hint(Message first) : message(first) {}  // implicit, since most hints are a message alone
-  Hint(Message first, Message second) : message(first), further(second) {}
-  Hint(Message first, TextView value) : message(first), filled(value) {}
+  constexpr Hint(Message first) : message(first) {}  // implicit, since most hints are a message alone
+  constexpr Hint(Message first, Message second) : message(first), further(second) {}
+  constexpr Hint(Message first, TextView value) : message(first), filled(value) {}
 
   Text In(const LangStrings& strings) const;
 

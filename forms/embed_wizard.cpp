@@ -6,12 +6,22 @@
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/product.h"
-#include "external/common_dialogs.h"
+#include "core/runtime_error.h"
+#include "external/embed_script.h"
 #include "forms/web.h"
-#include "text/labels.h"
 
 namespace cuewright {
 namespace {
+
+constexpr int kWaitMs = 1000;
+constexpr std::int64_t kSecondMs = 1000;
+constexpr std::int64_t kMinuteMs = 60000;
+constexpr int kOutputStep = 0;
+constexpr int kToolStep = 1;
+constexpr int kTargetStep = 2;
+constexpr std::array<Hint, 4> kStepHints = {Message::EmbedHint, Message::VirtualDubFolderHint,
+                                            Message::OutputFileNameHint,
+                                            Hint{Message::FilesWillBeClosed, Message::OkBeginsProcess}};
 
 constexpr std::int64_t kShortestPreview = 120;  // seconds
 constexpr int kLeastSize = 32;
@@ -53,7 +63,8 @@ bool Drops(const KeyEvent& key) {
 
 }  // namespace
 
-EmbedWizard::EmbedWizard(WizardParts parts) : Dialog("frmEmbed"), p_(parts), tool_(parts) {
+EmbedWizard::EmbedWizard(WizardParts parts)
+    : Wizard("frmEmbed", parts, {Message::EmbedSubtitles, u"embedsub.vcf", Message::OutputFileName, u".avi"}) {
   cmbResolution.SetEditable(false);
   sldPreview.SetRange(1, 1);
   Wire();
@@ -61,12 +72,7 @@ EmbedWizard::EmbedWizard(WizardParts parts) : Dialog("frmEmbed"), p_(parts), too
 }
 
 void EmbedWizard::Wire() {
-  cmdNext.Clicked.Connect([this] { Next(); });
-  cmdBack.Clicked.Connect([this] { Back(); });
-  cmdCancel.Clicked.Connect([this] { Close(); });
   cmdConfigure.Clicked.Connect([this] { Configure(); });
-  cmdBrowseVD.Clicked.Connect([this] { BrowseTool(); });
-  cmdSave.Clicked.Connect([this] { BrowseTarget(); });
   cmbResolution.Chosen.Connect([this] { ChooseResolution(); });
   chkPreview.Clicked.Connect([this] { TogglePreview(); });
   sldPreview.Scrolled.Connect([this] { ShowPreview(); });
@@ -75,7 +81,6 @@ void EmbedWizard::Wire() {
     box->GotFocus.Connect([box] { box->Select(0, static_cast<int>(box->GetText().size())); });
     box->LostFocus.Connect([this, box] { TakeSize(*box); });
   }
-  lblDownload.Clicked.Connect([this] { tool_.OpenDownload(u"14"); });
   lblConvert.Clicked.Connect([this] { OpenWebPage(p_.ports.desktop, u"guides.php", p_.options.language); });
   imgConfigure.Clicked.Connect([this] {
     const bool spanish = p_.options.language == u"SPANISH";
@@ -87,16 +92,15 @@ void EmbedWizard::Wire() {
 }
 
 void EmbedWizard::WireHints() {
-  const std::pair<Control&, Message> hints[] = {
+  const ControlText hints[] = {
       {imgFormat, Message::OutputFormatHint},         {imgRes, Message::OutputResolutionHint},
       {cmbResolution, Message::OutputResolutionHint}, {imgMode, Message::FilterModeHint},
       {imgPreview, Message::EmbedPreviewHint},        {imgSave, Message::OutputFileNameHint},
       {imgVD, Message::VirtualDubFolderHint},         {cmdBrowseVD, Message::VirtualDubFolderHint},
       {cmdConfigure, Message::ConfigureCodecHint},    {cmdCancel, Message::CloseDialogHint},
       {txtWidth, Message::OutputWidthHint},           {txtHeight, Message::OutputHeightHint}};
-  for (const auto& [control, message] : hints) {
-    control.Hovered.Connect([this, number = message] { ShowEmbedDetails(p_.strings[number]); });
-  }
+  for (const ControlText& hint : hints) details.Explain(hint.control, hint.message);
+  for (const Hint& hint : kStepHints) details.Add(hint);
   Hovered.Connect([this] { ShowStepHint(); });
 }
 
@@ -122,55 +126,32 @@ bool EmbedWizard::CheckEmbedDocument() {
 }
 
 void EmbedWizard::Open() {
-  step_ = 0;
-  script_ = p_.folders.TempFolder + u"embedsub.vcf";
-  agreed_.clear();
   ApplyTexts();
-  txtVirtualdub.SetText(tool_.TakeStored());
+  Begin();
   DeleteFileWait(p_.ports.files, p_.ports.events, script_, false);
   FillControls();
-  ShowStep();
   ShowStepHint();
-  p_.openForms.Opened(Name(), [this] { Close(); });
-  NoteOpened();
+  TellOpened();
 }
 
 void EmbedWizard::ApplyTexts() {
   const LangStrings& s = p_.strings;
-  SetTitle(s[Message::EmbedSubtitles]);
-  SetRightToLeft(p_.languages.IsRightToLeft());
-  const std::pair<Control&, Message> rows[] = {{lblTop, Message::EmbedSubtitles},
-                                               {lblTop2, Message::OutputFileSettings},
-                                               {lblFormat, Message::OutputFormat},
-                                               {cmdConfigure, Message::Configure},
-                                               {lblRes, Message::OutputResolution},
-                                               {lblSize, Message::OutputSize},
-                                               {lblMode, Message::FilterMode},
-                                               {chkPreview, Message::EmbedPreview},
-                                               {lblVirtualdub, Message::VirtualDubFolder},
-                                               {cmdBrowseVD, Message::Browse},
-                                               {lblStep2, Message::DownloadPrograms},
-                                               {lblDownload, Message::DownloadLink},
-                                               {lblSave, Message::OutputFileName},
-                                               {cmdSave, Message::SaveAs},
-                                               {lblStep4, Message::ReadyToEmbed},
-                                               {lblNotice, Message::VbrWarning},
-                                               {lblNote1, Message::VbrWarningText},
-                                               {lblNote2, Message::VbrLinkText},
-                                               {lblConvert, Message::VbrGuide},
-                                               {lblDetailsTitle, Message::Details},
-                                               {cmdCancel, Message::Cancel}};
-  for (const auto& [control, message] : rows) control.SetText(s[message]);
-  for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
+  const ControlText rows[] = {{lblTop2, Message::OutputFileSettings}, {lblFormat, Message::OutputFormat},
+                              {cmdConfigure, Message::Configure},     {lblRes, Message::OutputResolution},
+                              {lblSize, Message::OutputSize},         {lblMode, Message::FilterMode},
+                              {chkPreview, Message::EmbedPreview},    {lblStep2, Message::DownloadPrograms},
+                              {lblStep4, Message::ReadyToEmbed},      {lblNotice, Message::VbrWarning},
+                              {lblNote1, Message::VbrWarningText},    {lblNote2, Message::VbrLinkText},
+                              {lblConvert, Message::VbrGuide},        {details.lblDetailsTitle, Message::Details}};
+  Wizard::ApplyTexts(rows);
+  const ControlText spoken[] = {{txtWidth, Message::OutputWidthHint},
+                                {txtHeight, Message::OutputHeightHint},
+                                {txtTFileName, Message::TextColumn},
+                                {txtVFileName, Message::ReadyToEmbed},
+                                {sldPreview, Message::EmbedPreview}};
+  SpeakTexts(spoken, s);
   lblX.SetText(u"x");
   imgConfigure.SetText(u"Tessaly Ratemeter");
-  txtWidth.SetSpokenName(s[Message::OutputWidthHint]);
-  txtHeight.SetSpokenName(s[Message::OutputHeightHint]);
-  txtTFileName.SetSpokenName(s[Message::TextColumn]);
-  txtVFileName.SetSpokenName(s[Message::ReadyToEmbed]);
-  txtVirtualdub.SetSpokenName(s[Message::VirtualDubFolder]);
-  txtSave.SetSpokenName(s[Message::OutputFileName]);
-  sldPreview.SetSpokenName(s[Message::EmbedPreview]);
   cmbFormat.SetItems({u"AVI (XviD)"});
   std::vector<Text> sizes;
   sizes.reserve(kResolutions.size());
@@ -180,8 +161,6 @@ void EmbedWizard::ApplyTexts() {
   cmbResolution.SetItems(std::move(sizes));
   cmbMode.SetItems({s[Message::FilterStandard], s[Message::FilterBilinear], s[Message::FilterBicubic],
                     s[Message::FilterPreciseBilinear]});
-  cmdBack.SetText(u"< " + s[Message::Back]);
-  cmdNext.SetText(s[Message::Next] + u" >");
 }
 
 void EmbedWizard::FillControls() {
@@ -197,11 +176,13 @@ void EmbedWizard::FillControls() {
   txtSave.SetText(StripExtension(p_.document.VideoPath) + u"[sub].avi");
   txtTFileName.SetText({});
   txtVFileName.SetText({});
+  ShowNotice(false);
+}
+
+void EmbedWizard::ShowNotice(bool shown) {
   for (Control* control : std::initializer_list<Control*>{&imgNotice, &lblNotice, &lblNote1, &lblNote2, &lblConvert}) {
-    control->SetVisible(false);
+    control->SetVisible(shown);
   }
-  for (Control* button : {&cmdNext, &cmdCancel}) button->SetEnabled(true);
-  cmdBack.SetEnabled(false);
 }
 
 void EmbedWizard::ChooseResolution() {
@@ -263,7 +244,7 @@ bool EmbedWizard::XvidPresent() {
 bool EmbedWizard::OfferXvid() {
   if (XvidPresent()) return true;
   const MessageBox box{p_.strings[Message::XvidNotFound], BoxIcon::Question, BoxButtons::YesNo, Title()};
-  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"10");
+  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(Download::Xvid);
   return false;
 }
 
@@ -285,29 +266,113 @@ void EmbedWizard::AskQuantizer() {
   p_.store.SaveSetting(kMainSection, kQuantizerKey, Decimal(static_cast<int>(value)));
 }
 
-void EmbedWizard::BrowseTool() {
-  const Text folder = tool_.AskFolder();
-  if (folder.empty()) return;
+bool EmbedWizard::ToolServes(TextView folder) {
   const bool runner = FindVideoTool(p_.ports.files, folder).kind == VideoTool::Kind::Runner;
-  const Text filter = runner ? Text(u"FFmpeg: libass") : folder + u"plugins/subtitler.vdf";
+  const Text filter = runner ? Text(u"FFmpeg: libass") : Text(folder) + u"plugins/subtitler.vdf";
   const bool draws = runner ? p_.processes != nullptr && FfmpegDrawsSubtitles(*p_.processes, p_.ports.events)
                             : p_.ports.files.Exists(filter);
-  if (!draws) {
-    const MessageBox box{Fill(p_.strings[Message::SubtitlerNotFound], filter), BoxIcon::Warning, BoxButtons::YesNo};
-    if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(u"18");
-    return;
-  }
-  txtVirtualdub.SetText(folder);
-  tool_.Store(folder);
+  if (draws) return true;
+  const MessageBox box{Fill(p_.strings[Message::SubtitlerNotFound], filter), BoxIcon::Warning, BoxButtons::YesNo};
+  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) tool_.OpenDownload(Download::Subtitler);
+  return false;
 }
 
-void EmbedWizard::BrowseTarget() {
-  const Text path = ShowSaveDialog(p_.ports.fileDialogs, p_.strings[Message::AviFiles] + u"|*.avi",
-                                   WithoutDots(cmdSave.GetText()), p_.recall.LastFolder(), txtSave.GetText());
-  if (IsBlank(path)) return;
-  txtSave.SetText(StripExtension(path) + u".avi");
-  // The dialog has asked, about the name that was chosen there.
-  if (txtSave.GetText() == path) agreed_ = path;
+void EmbedWizard::ShowStepHint() { details.Show(kStepHints[static_cast<std::size_t>(Step())]); }
+
+bool EmbedWizard::MayLeave() {
+  if (!CheckEmbedDocument()) return false;
+  switch (Step()) {
+    case kOutputStep:
+      // A press of Enter takes the focus from no box.
+      if (txtWidth.Enabled()) {
+        TakeSize(txtWidth);
+        TakeSize(txtHeight);
+      }
+      return OfferXvid();
+    case kToolStep:
+      if (!tool_.Check(txtVirtualdub.GetText())) return false;
+      AskAgain();
+      return true;
+    case kTargetStep:
+      return TakeTarget() != Target::Refused;
+    default:
+      return true;
+  }
+}
+
+void EmbedWizard::EnterStep() {
+  ShowStepHint();
+  if (AtLastStep()) WriteScript();
+}
+
+void EmbedWizard::ReturnToStep() {
+  cmdNext.SetEnabled(true);
+  cmdNext.SetText(p_.strings[Message::Next] + u" >");
+  ShowStepHint();
+  lblTop2.SetText(p_.strings[Message::OutputFileSettings]);
+}
+
+void EmbedWizard::SetWorking(bool working) {
+  p_.ports.desktop.SetBusy(working);
+  for (Button* button : {&cmdBack, &cmdNext, &cmdCancel}) button->SetEnabled(!working);
+}
+
+void EmbedWizard::WriteScript() {
+  SetWorking(true);
+  txtTFileName.SetText(p_.document.SubtitlePath);
+  txtVFileName.SetText(p_.document.VideoPath);
+  // A script that couldn't be written is missed when the run is about to start, and told there.
+  CarryOn step;
+  step([&] { FillScript(); });
+  cmdNext.SetText(p_.strings[Message::Ok]);
+  lblTop2.SetText(p_.strings[Message::ReadyToBegin]);
+  p_.ports.events.WaitMs(kWaitMs);
+  SetWorking(false);
+  RequestFocus(cmdNext);
+  // The focus went on to a button with a hint of its own meanwhile.
+  ShowStepHint();
+  ShowNotice(ToLower(p_.document.VideoPath).ends_with(u"avi"));
+}
+
+void EmbedWizard::FillScript() {
+  Files& files = p_.ports.files;
+  const VideoTool& tool = tool_.Get();
+  const auto held = [&](TextView path) { return ShortPathOf(files, path, p_.folders.TempFolder); };
+  files.Remove(script_);
+  EmbedValues values;
+  values.source = QuotedDoubled(tool, held(p_.document.VideoPath));
+  values.subtitle = QuotedSlashed(tool, held(p_.document.SubtitlePath));
+  values.target = QuotedDoubled(tool, ShortTarget(files, target_, p_.folders.TempFolder));
+  if (chkPreview.Value()) values.leftOut = MediaSeconds() * kSecondMs - sldPreview.Value() * kMinuteMs;
+  if (cmbMode.Enabled()) values.size = EmbedValues::Size{txtWidth.GetText(), txtHeight.GetText(), cmbMode.Index()};
+  files.WritePrivate(script_, EmbedScriptBytes(values));
+}
+
+void EmbedWizard::Finish() {
+  if (!p_.ports.files.Exists(script_)) {
+    const Text end(kLineEnd);
+    p_.ports.messages.Show(
+        {u"Failed to create script file:" + end + end + script_, BoxIcon::Error, BoxButtons::Ok, Text(kProductName)});
+    return;
+  }
+  SetWorking(true);
+  for (const char* name : {"frmFind", "frmReport"}) p_.openForms.UnloadForm(name);
+  closeDocuments();
+  p_.ports.events.WaitMs(kWaitMs);
+  StartTool();
+  p_.ports.desktop.SetBusy(false);
+  Close();
+}
+
+void EmbedWizard::StartTool() {
+  if (tool_.Start(script_, txtVirtualdub.GetText(), false) != nullptr) {
+    p_.ports.events.WaitMs(kWaitMs);
+    return;
+  }
+  p_.ports.desktop.SetBusy(false);
+  const Text end(kLineEnd);
+  p_.ports.messages.Show({p_.strings[Message::StartFailed] + end + end + tool_.Get().path, BoxIcon::Error,
+                          BoxButtons::Ok, Text(kProductName)});
 }
 
 }  // namespace cuewright

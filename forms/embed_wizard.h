@@ -4,23 +4,19 @@
 #include <cstdint>
 #include <functional>
 
-#include "form/controls.h"
-#include "form/dialog.h"
-#include "forms/wizard_parts.h"
+#include "forms/details_area.h"
+#include "forms/wizard.h"
 
 namespace cuewright {
 
 /// The wizard `frmEmbed`, which burns the subtitle into the film: it asks for what is needed, writes the script
 /// "embedsub.vcf", closes the document and starts the tool on it.
-class EmbedWizard final : public Dialog {
+class EmbedWizard final : public Wizard {
  public:
   explicit EmbedWizard(WizardParts parts);
 
-  Label lblTop{*this, "lblTop"};
-  Label lblTop2{*this, "lblTop2"};
   Picture imgDrag{*this, "imgDrag"};
-  std::array<Picture, 4> picStep{Picture{*this, "picStep(0)"}, Picture{*this, "picStep(1)"},
-                                 Picture{*this, "picStep(2)"}, Picture{*this, "picStep(3)"}};
+  ControlArray<Picture, 4> picStep{*this, "picStep"};
 
   // What is written.
   Picture imgFormat{*this, "imgFormat"};
@@ -45,17 +41,10 @@ class EmbedWizard final : public Dialog {
 
   // The tool.
   Picture imgVD{*this, "imgVD"};
-  Label lblVirtualdub{*this, "lblVirtualdub"};
-  TextBox txtVirtualdub{*this, "txtVirtualdub"};
-  Button cmdBrowseVD{*this, "cmdBrowseVD"};
   Label lblStep2{*this, "lblStep2"};
-  Label lblDownload{*this, "lblDownload"};
 
   // The file.
   Picture imgSave{*this, "imgSave"};
-  Label lblSave{*this, "lblSave"};
-  TextBox txtSave{*this, "txtSave"};
-  Button cmdSave{*this, "cmdSave"};
 
   // What is about to happen.
   Label lblStep4{*this, "lblStep4"};
@@ -67,12 +56,7 @@ class EmbedWizard final : public Dialog {
   Label lblNote2{*this, "lblNote2"};
   Label lblConvert{*this, "lblConvert"};
 
-  Label lblDetailsTitle{*this, "lblDetailsTitle"};
-  Frame fraDetails{*this, "fraDetails"};
-  Label lblDetails{*this, "lblDetails"};
-  Button cmdBack{*this, "cmdBack"};
-  Button cmdNext{*this, "cmdNext"};
-  Button cmdCancel{*this, "cmdCancel"};
+  DetailsArea details{*this, p_.strings};
 
   /// True when subtitle and film can be put together; else the reason was told.
   bool CheckEmbedDocument();
@@ -81,25 +65,30 @@ class EmbedWizard final : public Dialog {
   void Open();
 
   /// All that the hint panel may come to show.
-  std::vector<Text> Hints() const;
+  std::vector<Text> Hints() const { return details.Texts(); }
   /// The text of the hint panel; the empty one hides it.
-  void ShowEmbedDetails(TextView text);
+  void ShowEmbedDetails(TextView text) { details.Show(text); }
 
-  std::int16_t EmbedStep() const { return step_; }
+  int EmbedStep() const { return Step(); }
 
   /// Closes the document and the film, so that nothing holds their files. Set by the owner of the windows.
   std::function<void()> closeDocuments;
   Signal<EmbedWizard> DragRequested;  ///< the pointer is about to move the window
 
  protected:
-  void OnClose() override;
+  bool MayLeave() override;
+  void EnterStep() override;
+  void ReturnToStep() override;
+  void Finish() override;
+  bool ToolServes(TextView folder) override;
+  Text TargetFilter() const override { return p_.strings[Message::AviFiles] + u"|*.avi"; }
+  std::span<Picture> Pages() override { return picStep; }
 
  private:
   void Wire();
   void WireHints();
   void ApplyTexts();
   void FillControls();
-  void ShowButtons();
   void ChooseResolution();
   void TakeSize(TextBox& box);
   void TogglePreview();
@@ -108,29 +97,13 @@ class EmbedWizard final : public Dialog {
   bool OfferXvid();
   void Configure();
   void AskQuantizer();
-  void BrowseTool();
-  void BrowseTarget();
-  void Next();
-  bool MayLeave();
-  bool MayOverwrite();
-  void Back();
-  void ShowStep();
   void ShowStepHint();
-  Text StepHint(std::int16_t step) const;
+  void ShowNotice(bool shown);
   void WriteScript();
   void FillScript();
   void SetWorking(bool working);
-  void Run();
   void StartTool();
   std::int64_t MediaSeconds() const;
-
-  WizardParts p_;
-  WizardTool tool_;
-  std::int16_t step_ = 0;
-  Text script_;           // EmbedScript
-  Text target_;           // EmbedTarget
-  Text agreed_;           // the target that the user has agreed to replace
-  bool leaving_ = false;  // a page is being left, which may take a while
 };
 
 }  // namespace cuewright

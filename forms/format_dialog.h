@@ -1,13 +1,15 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
 #include "core/ports/pickers.h"
+#include "form/dialog.h"
 #include "formats/catalogue.h"
 #include "formats/format_state.h"
-#include "forms/format_window.h"
+#include "forms/format_panels.h"
 #include "settings/languages.h"
 #include "settings/store.h"
 
@@ -24,65 +26,38 @@ struct FormatParts {
   Pickers& pickers;
 };
 
-/// How a sample of a format is drawn. Colours are 0x00BBGGRR.
-struct FormatSample {
-  FontChoice font;
-  std::int32_t color = 0;
-  std::int32_t background = 0;
-  int alignment = 2;  ///< 0 left, 1 right, 2 center; -1 none
-
-  bool operator==(const FormatSample&) const = default;
-};
-
-/// The format settings at work: the options of the formats with a built-in header. Nothing is stored before OK.
-class FormatDialog final : public FormatWindow {
+/// The format settings, `frmFormat`: the options of the formats with a built-in header. Nothing is stored before OK.
+class FormatDialog final : public Dialog {
  public:
   explicit FormatDialog(const FormatParts& parts);
+
+  Label lblFormats{*this, "lblFormats"};
+  ListBox lstFormats{*this, "lstFormats"};
+  Label lblGetMore{*this, "lblGetMore"};
+  Label lblTop{*this, "lblTop"};
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdCancel{*this, "cmdCancel"};
+  Button cmdReset{*this, "cmdReset"};
+
+  DvdSubtitlePanel dvdSubtitle;
+  SamiPanel sami;
+  SsaPanel ssa;
 
   /// Reads all options and selects the format of `SettingsFormatIndex`, or that in force.
   void Open();
 
-  const FormatSample& SamiSample() const { return sami_; }
-  const FormatSample& SsaSample() const { return ssa_; }
-  Signal<FormatDialog> SamplesChanged;
-
  private:
-  void WireButtons();
-  void WireSami();
-  void WireSsa();
   void ApplyTexts();
-  void ApplyNames();
+  void ReadPanels();
   void FillList();
   void ShowPanel();
-
-  void ReadDvd(const SettingsReader& store);
-  void ReadSami(const SettingsReader& store);
-  void ReadSsa(const SettingsReader& store);
-  void ReadSsaAlignment(std::int32_t alignment);
-  int SsaAlignment() const;
   void Accept();
-  void SaveDvd();
-  void SaveSami();
-  void SaveSsa();
   void Reset();
-
-  void PickFont(FormatSample& sample);
-  void PickColor(std::int32_t& color);
-  void EnableBorder();
-  std::array<TextBox*, 5> NumberBoxes();
-  static void Limit(TextBox& box);
 
   FormatParts parts_;
   const LangStrings& strings_;
+  const std::array<FormatPanel*, 3> panels_ = {&dvdSubtitle, &sami, &ssa};
   std::vector<int> listed_;  // index in the catalogue of each row of the list
-  FormatSample sami_;
-  FormatSample ssa_;
-  Text samiAlignment_;  // as stored, also when it is none of the list
 };
-
-/// "#" and red, green, blue of 0x00BBGGRR, two hexadecimal digits each.
-Text WebColor(std::int32_t color);
-/// The colour of such a text; digits that are none count as 0.
-std::int32_t ColorOfWeb(TextView text);
 
 }  // namespace cuewright

@@ -16,18 +16,10 @@ class KeysPage final : public SettingsPage {
   Frame fraKeys{window_, "fraKeys"};
   Label lblPlayback{window_, "lblPlayback"};
   Label lblCaptioning{window_, "lblCaptioning"};
-  std::array<Label, 10> lblHotkey{Label{window_, "lblHotkey(0)"}, Label{window_, "lblHotkey(1)"},
-                                  Label{window_, "lblHotkey(2)"}, Label{window_, "lblHotkey(3)"},
-                                  Label{window_, "lblHotkey(4)"}, Label{window_, "lblHotkey(5)"},
-                                  Label{window_, "lblHotkey(6)"}, Label{window_, "lblHotkey(7)"},
-                                  Label{window_, "lblHotkey(8)"}, Label{window_, "lblHotkey(9)"}};
-  std::array<TextBox, 10> txtHotkey{TextBox{window_, "txtHotkey(0)"}, TextBox{window_, "txtHotkey(1)"},
-                                    TextBox{window_, "txtHotkey(2)"}, TextBox{window_, "txtHotkey(3)"},
-                                    TextBox{window_, "txtHotkey(4)"}, TextBox{window_, "txtHotkey(5)"},
-                                    TextBox{window_, "txtHotkey(6)"}, TextBox{window_, "txtHotkey(7)"},
-                                    TextBox{window_, "txtHotkey(8)"}, TextBox{window_, "txtHotkey(9)"}};
-  std::array<TextBox, 2> txtPosition{TextBox{window_, "txtPosition(0)"}, TextBox{window_, "txtPosition(1)"}};
-  std::array<Label, 2> lblSeconds{Label{window_, "lblSeconds(0)"}, Label{window_, "lblSeconds(1)"}};
+  ControlArray<Label, 10> lblHotkey{window_, "lblHotkey"};
+  ControlArray<TextBox, 10> txtHotkey{window_, "txtHotkey"};
+  ControlArray<TextBox, 2> txtPosition{window_, "txtPosition"};
+  ControlArray<Label, 2> lblSeconds{window_, "lblSeconds"};
 
   /// The letters as they are shown. They are kept beside the key codes, and can differ from them in what was stored.
   const HotkeyLetters& Letters() const { return letters_; }

@@ -26,14 +26,10 @@ class RulesPage final : public SettingsPage {
   Label lblShort{window_, "lblShort"};
   Label lblMedium{window_, "lblMedium"};
   Label lblLong{window_, "lblLong"};
-  std::array<Label, 3> lblDuration{Label{window_, "lblDuration(0)"}, Label{window_, "lblDuration(1)"},
-                                   Label{window_, "lblDuration(2)"}};
-  std::array<Slider, 3> sldDuration{Slider{window_, "sldDuration(0)"}, Slider{window_, "sldDuration(1)"},
-                                    Slider{window_, "sldDuration(2)"}};
-  std::array<Label, 3> lblTolerance{Label{window_, "lblTolerance(0)"}, Label{window_, "lblTolerance(1)"},
-                                    Label{window_, "lblTolerance(2)"}};
-  std::array<Slider, 3> sldTolerance{Slider{window_, "sldTolerance(0)"}, Slider{window_, "sldTolerance(1)"},
-                                     Slider{window_, "sldTolerance(2)"}};
+  ControlArray<Label, 3> lblDuration{window_, "lblDuration"};
+  ControlArray<Slider, 3> sldDuration{window_, "sldDuration"};
+  ControlArray<Label, 3> lblTolerance{window_, "lblTolerance"};
+  ControlArray<Slider, 3> sldTolerance{window_, "sldTolerance"};
   CheckBox chkCredits{window_, "chkCredits"};
   Picture imgCredits{window_, "imgCredits"};
   Picture picCredits{window_, "picCredits"};

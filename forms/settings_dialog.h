@@ -35,16 +35,11 @@ class SettingsDialog final : public Dialog {
   explicit SettingsDialog(const SettingsParts& parts);
 
   Picture picMenu{*this, "picMenu"};
-  std::array<Label, kPages> lblMenu{Label{*this, "lblMenu(0)"}, Label{*this, "lblMenu(1)"}, Label{*this, "lblMenu(2)"},
-                                    Label{*this, "lblMenu(3)"}, Label{*this, "lblMenu(4)"}};
-  std::array<Picture, kPages> imgMenu{Picture{*this, "imgMenu(0)"}, Picture{*this, "imgMenu(1)"},
-                                      Picture{*this, "imgMenu(2)"}, Picture{*this, "imgMenu(3)"},
-                                      Picture{*this, "imgMenu(4)"}};
+  ControlArray<Label, kPages> lblMenu{*this, "lblMenu"};
+  ControlArray<Picture, kPages> imgMenu{*this, "imgMenu"};
   Picture picTop{*this, "picTop"};
   Label lblTop{*this, "lblTop"};
-  std::array<Picture, kPages> picOptions{Picture{*this, "picOptions(0)"}, Picture{*this, "picOptions(1)"},
-                                         Picture{*this, "picOptions(2)"}, Picture{*this, "picOptions(3)"},
-                                         Picture{*this, "picOptions(4)"}};
+  ControlArray<Picture, kPages> picOptions{*this, "picOptions"};
   DetailsArea details;
   Button cmdOK{*this, "cmdOK"};
   Button cmdReset{*this, "cmdReset"};

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "form/control_array.h"
 #include "forms/control_texts.h"
 #include "forms/details_area.h"
 #include "settings/options.h"

@@ -31,7 +31,7 @@ Text WizardTool::AskFolder() {
   if (folder.size() <= 1) return {};
   if (FindVideoTool(p_.ports.files, folder).kind != VideoTool::Kind::None) return folder;
   const MessageBox box{p_.strings[Message::VirtualDubNotFound], BoxIcon::Warning, BoxButtons::YesNo};
-  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) OpenDownload(u"14");
+  if (p_.ports.messages.Show(box) == BoxAnswer::Yes) OpenDownload(Download::Tool);
   return {};
 }
 
@@ -45,8 +45,8 @@ bool WizardTool::Check(TextView folder) {
   return false;
 }
 
-void WizardTool::OpenDownload(TextView number) {
-  OpenWebPage(p_.ports.desktop, u"downloads.php?cid=" + Text(number), p_.options.language);
+void WizardTool::OpenDownload(Download program) {
+  OpenWebPage(p_.ports.desktop, u"downloads.php?cid=" + Decimal(static_cast<int>(program)), p_.options.language);
 }
 
 void WizardTool::StartWine(const std::vector<Text>& command) {

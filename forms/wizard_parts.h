@@ -27,6 +27,9 @@ struct WizardParts {
   Ports ports;
 };
 
+/// What the wizards need and the web site offers, each by the number of its page.
+enum class Download { Xvid = 10, Tool = 14, Subtitler = 18 };
+
 /// The tool that carries the scripts out, in the folder that the user chose.
 class WizardTool {
  public:
@@ -44,8 +47,8 @@ class WizardTool {
   Text AskFolder();
   /// Tells what is wrong with the folder in a box; true when nothing is.
   bool Check(TextView folder);
-  /// Opens one of the pages from which programs are had.
-  void OpenDownload(TextView number);
+  /// Opens the page from which a program is had.
+  void OpenDownload(Download program);
 
   /// Starts a program of the Windows kind; nothing happens when it can't be started.
   void StartWine(const std::vector<Text>& command);

@@ -73,7 +73,9 @@ FormatView::FormatView(FormatDialog& form, QWidget* owner) : DialogView(form, ow
   Names("lblSamiAlign", "cmbSamiAlign");
   Names("lblSsaStyle", "cmbSsaStyle");
   Bind(findChild<QListWidget*>("lstFormats"));
-  Keep(form_.SamplesChanged.ConnectScoped([this] { ShowSamples(); }));
+  for (SamplePanel* panel : std::initializer_list<SamplePanel*>{&form_.sami, &form_.ssa}) {
+    Keep(panel->SampleChanged.ConnectScoped([this] { ShowSamples(); }));
+  }
   ShowSamples();
 }
 
@@ -218,10 +220,10 @@ QWidget* FormatView::MakeSsa() {
 }
 
 void FormatView::ShowSamples() {
-  ShowIn(*sami_, form_.SamiSample(), ColorOf(form_.SamiSample().background));
-  ShowIn(*ssa_, form_.SsaSample(), QColor::fromRgba(kPicture));
+  ShowIn(*sami_, form_.sami.Sample(), ColorOf(form_.sami.Sample().background));
+  ShowIn(*ssa_, form_.ssa.Sample(), QColor::fromRgba(kPicture));
   QPalette colors = ssaBack_->palette();
-  colors.setColor(QPalette::Window, ColorOf(form_.SsaSample().background));
+  colors.setColor(QPalette::Window, ColorOf(form_.ssa.Sample().background));
   ssaBack_->setPalette(colors);
 }
 

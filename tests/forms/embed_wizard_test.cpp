@@ -134,7 +134,7 @@ TEST_F(EmbedPages, OpenWithTheDesignedValues) {
   EXPECT_EQ(Embed().cmdBack.GetText(), u"< Back");
   EXPECT_EQ(Embed().cmdNext.GetText(), u"Next >");
   EXPECT_FALSE(Embed().cmdBack.Enabled());
-  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::EmbedHint));
+  EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(Message::EmbedHint));
   EXPECT_EQ(Embed().sldPreview.Value(), 1);
   EXPECT_FALSE(Embed().sldPreview.Enabled());
   EXPECT_FALSE(files.Exists(folder / "run/embedsub.vcf"));
@@ -253,27 +253,27 @@ TEST_F(EmbedPages, HintsFollowThePointer) {
       {"txtWidth", Message::OutputWidthHint},           {"txtHeight", Message::OutputHeightHint}};
   for (const auto& [control, message] : hints) {
     Embed().Find(control)->Hover();
-    EXPECT_EQ(Embed().lblDetails.GetText(), Says(message)) << control;
+    EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(message)) << control;
   }
   Embed().Hover();
-  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::EmbedHint));
+  EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(Message::EmbedHint));
   Embed().ShowEmbedDetails(u"");
-  EXPECT_FALSE(Embed().lblDetailsTitle.Visible());
-  EXPECT_FALSE(Embed().fraDetails.Visible());
+  EXPECT_FALSE(Embed().details.lblDetailsTitle.Visible());
+  EXPECT_FALSE(Embed().details.fraDetails.Visible());
   Embed().ShowEmbedDetails(u"word");
-  EXPECT_TRUE(Embed().lblDetailsTitle.Visible());
-  EXPECT_TRUE(Embed().fraDetails.Visible());
+  EXPECT_TRUE(Embed().details.lblDetailsTitle.Visible());
+  EXPECT_TRUE(Embed().details.fraDetails.Visible());
 }
 
 TEST_F(EmbedPages, EachStepHasItsHint) {
   OpenFiles();
   OpenWizard();
   GoTo(1);
-  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::VirtualDubFolderHint));
+  EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(Message::VirtualDubFolderHint));
   GoTo(2);
-  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::OutputFileNameHint));
+  EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(Message::OutputFileNameHint));
   GoTo(3);
-  EXPECT_EQ(Embed().lblDetails.GetText(),
+  EXPECT_EQ(Embed().details.lblDetails.GetText(),
             Says(Message::FilesWillBeClosed) + u"\r\n\r\n" + Says(Message::OkBeginsProcess));
 }
 
@@ -310,7 +310,7 @@ TEST_F(EmbedPages, GoForwardAndBack) {
   EXPECT_EQ(PageShown(), 2);
   EXPECT_EQ(Embed().cmdNext.GetText(), u"Next >");
   EXPECT_EQ(Embed().lblTop2.GetText(), Says(Message::OutputFileSettings));
-  EXPECT_EQ(Embed().lblDetails.GetText(), Says(Message::OutputFileNameHint));
+  EXPECT_EQ(Embed().details.lblDetails.GetText(), Says(Message::OutputFileNameHint));
   Embed().cmdBack.Click();
   EXPECT_TRUE(Embed().cmdBack.Enabled());
   Embed().cmdBack.Click();

@@ -260,7 +260,7 @@ TEST_F(ExportOk, ConfigureOpensTheSettingsOfTheChosenFormat) {
   int shown = -1;
   program->dialogs.format.Opened.Connect([&] {
     shown = program->formats.SettingsFormatIndex;
-    EXPECT_TRUE(program->dialogs.format.picSami.Visible());
+    EXPECT_TRUE(program->dialogs.format.sami.picSami.Visible());
     program->dialogs.format.Close();
   });
   Dialog().cmdConfigure.Click();

@@ -40,15 +40,15 @@ TEST_F(FormatOpening, ListsTheFormatsWithAHeader) {
   EXPECT_EQ(Dialog().lstFormats.Items(), (std::vector<Text>{u"SubStation Alpha", u"DVDSubtitle", u"SAMI Captioning"}));
   EXPECT_EQ(Dialog().lstFormats.Index(), 2);
   EXPECT_EQ(Dialog().lblTop.GetText(), u"SAMI Captioning [SMI,SAMI]");
-  EXPECT_TRUE(Dialog().picSami.Visible());
-  EXPECT_FALSE(Dialog().picSsa.Visible());
+  EXPECT_TRUE(Dialog().sami.picSami.Visible());
+  EXPECT_FALSE(Dialog().ssa.picSsa.Visible());
 }
 
 TEST_F(FormatOpening, WithoutAFormatNamedItSelectsTheOneInForce) {
   program->formats.SettingsFormatIndex = 0;
   program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"DVDSUBTITLE"));
   Window().mnuFormatSettings.Click();
-  EXPECT_TRUE(Dialog().picDvdSubtitle.Visible());
+  EXPECT_TRUE(Dialog().dvdSubtitle.picDvdSubtitle.Visible());
   EXPECT_EQ(Dialog().lblTop.GetText(), u"DVDSubtitle [SUB]");
 }
 
@@ -56,7 +56,7 @@ TEST_F(FormatOpening, AFormatThatIsntListedSelectsNothing) {
   Open(u"SUBRIP");
   EXPECT_EQ(Dialog().lstFormats.Index(), -1);
   EXPECT_EQ(Dialog().lblTop.GetText(), u"");
-  for (const Picture* panel : {&Dialog().picDvdSubtitle, &Dialog().picSami, &Dialog().picSsa}) {
+  for (const Picture* panel : {&Dialog().dvdSubtitle.picDvdSubtitle, &Dialog().sami.picSami, &Dialog().ssa.picSsa}) {
     EXPECT_FALSE(panel->Visible());
   }
 }
@@ -64,11 +64,11 @@ TEST_F(FormatOpening, AFormatThatIsntListedSelectsNothing) {
 TEST_F(FormatOpening, ASelectionShowsThePanelAndIsRemembered) {
   Open(u"SUBRIP");
   Dialog().lstFormats.Choose(0);
-  EXPECT_TRUE(Dialog().picSsa.Visible());
+  EXPECT_TRUE(Dialog().ssa.picSsa.Visible());
   EXPECT_EQ(program->formats.SettingsFormatIndex, program->catalogue.IndexOf(u"SUBSTATIONALPHA"));
   Dialog().lstFormats.Choose(1);
-  EXPECT_FALSE(Dialog().picSsa.Visible());
-  EXPECT_TRUE(Dialog().picDvdSubtitle.Visible());
+  EXPECT_FALSE(Dialog().ssa.picSsa.Visible());
+  EXPECT_TRUE(Dialog().dvdSubtitle.picDvdSubtitle.Visible());
 }
 
 TEST_F(FormatOpening, AFurtherFormatWithAHeaderIsListedAndShowsNoPanel) {
@@ -82,7 +82,8 @@ TEST_F(FormatOpening, AFurtherFormatWithAHeaderIsListedAndShowsNoPanel) {
   EXPECT_EQ(dialog.lstFormats.Items(), std::vector<Text>{u"Alpha"});
   EXPECT_EQ(dialog.lstFormats.Index(), 0);
   EXPECT_EQ(dialog.lblTop.GetText(), u"Alpha [---]");
-  EXPECT_FALSE(dialog.picSami.Visible() || dialog.picSsa.Visible() || dialog.picDvdSubtitle.Visible());
+  EXPECT_FALSE(dialog.sami.picSami.Visible() || dialog.ssa.picSsa.Visible() ||
+               dialog.dvdSubtitle.picDvdSubtitle.Visible());
 }
 
 TEST_F(FormatOpening, AFailureWhileReadingIsToldAndTheRestIsThere) {
@@ -90,8 +91,8 @@ TEST_F(FormatOpening, AFailureWhileReadingIsToldAndTheRestIsThere) {
   Store(u"SUBSTATIONALPHA", u"marginv", u"77");
   Open(u"SUBSTATIONALPHA");
   EXPECT_EQ(LastBox(), "Error # 6\r\nOverflow");
-  EXPECT_EQ(Dialog().txtSsaMarginv.GetText(), u"77");
-  EXPECT_TRUE(Dialog().picSsa.Visible());
+  EXPECT_EQ(Dialog().ssa.txtSsaMarginv.GetText(), u"77");
+  EXPECT_TRUE(Dialog().ssa.picSsa.Visible());
 }
 
 TEST_F(FormatOpening, TheLinksTell) {
@@ -99,26 +100,26 @@ TEST_F(FormatOpening, TheLinksTell) {
   Dialog().lblGetMore.Click();
   EXPECT_TRUE(LastBox().starts_with("To add support for other subtitle formats"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Information);
-  Dialog().imgSsaCharset.Click();
+  Dialog().ssa.imgSsaCharset.Click();
   EXPECT_TRUE(LastBox().starts_with("The character set used for this subtitle format"));
   EXPECT_EQ(boxes.shown.back().title, u"Subtitles character set");
-  EXPECT_EQ(Dialog().lblSsaCharset.GetText(), u"Charset: 0");
+  EXPECT_EQ(Dialog().ssa.lblSsaCharset.GetText(), u"Charset: 0");
 }
 
 TEST_F(FormatDvd, ShowsTheDefaults) {
   Open(u"DVDSUBTITLE");
-  EXPECT_EQ(Dialog().txtDvdSubtitleDiscID.GetText(), u"");
-  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"EN");
-  EXPECT_EQ(Dialog().txtDvdSubtitleWeb.GetText(), u"https://cuewright.example");
-  EXPECT_EQ(Dialog().txtDvdSubtitleInfo.GetText(), u"Created with Tessaly Cuewright");
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleDiscID.GetText(), u"");
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"EN");
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleWeb.GetText(), u"https://cuewright.example");
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleInfo.GetText(), u"Created with Tessaly Cuewright");
 }
 
 TEST_F(FormatDvd, OkStoresItsTexts) {
   Open(u"DVDSUBTITLE");
-  Dialog().txtDvdSubtitleDiscID.SetText(u"id");
-  Dialog().txtDvdSubtitleDVDTitle.SetText(u"title");
-  Dialog().txtDvdSubtitleAuthor.SetText(u"me");
-  Dialog().txtDvdSubtitleLicense.SetText(u"free");
+  Dialog().dvdSubtitle.txtDvdSubtitleDiscID.SetText(u"id");
+  Dialog().dvdSubtitle.txtDvdSubtitleDVDTitle.SetText(u"title");
+  Dialog().dvdSubtitle.txtDvdSubtitleAuthor.SetText(u"me");
+  Dialog().dvdSubtitle.txtDvdSubtitleLicense.SetText(u"free");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"discid"), u"id");
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"dvdtitle"), u"title");
@@ -130,7 +131,7 @@ TEST_F(FormatDvd, OkStoresItsTexts) {
 
 TEST_F(FormatSami, IsShownBoldThoughAHeaderWithoutTheKeyIsnt) {
   Open(u"SAMI");
-  EXPECT_TRUE(Dialog().SamiSample().font.Bold);
+  EXPECT_TRUE(Dialog().sami.Sample().font.Bold);
   EXPECT_EQ(BuildBuiltInHeader(u"SAMI", program->store, 0).find(u"bold"), Text::npos);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SAMI", u"bold"), u"1");
@@ -139,19 +140,19 @@ TEST_F(FormatSami, IsShownBoldThoughAHeaderWithoutTheKeyIsnt) {
 
 TEST_F(FormatSami, ShowsTheDefaults) {
   Open(u"SAMI");
-  const FormatSample& sample = Dialog().SamiSample();
+  const FormatSample& sample = Dialog().sami.Sample();
   EXPECT_EQ(sample.font.Name, u"Tahoma");
   EXPECT_EQ(sample.font.Size, 18);
   EXPECT_FALSE(sample.font.Italic);
   EXPECT_EQ(sample.color, 0x00FFFF);
   EXPECT_EQ(sample.background, 0);
-  EXPECT_EQ(Dialog().cmbSamiAlign.GetText(), u"Center");
+  EXPECT_EQ(Dialog().sami.cmbSamiAlign.GetText(), u"Center");
 }
 
 TEST_F(FormatSami, AnUnknownAlignmentSelectsNothingAndStays) {
   Store(u"SAMI", u"alignment", u"justify");
   Open(u"SAMI");
-  EXPECT_EQ(Dialog().cmbSamiAlign.Index(), -1);
+  EXPECT_EQ(Dialog().sami.cmbSamiAlign.Index(), -1);
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SAMI", u"alignment"), u"justify");
 }
@@ -160,8 +161,8 @@ TEST_F(FormatSami, AlignmentIsStoredByItsWord) {
   const TextView words[] = {u"left", u"right", u"center"};
   for (int i = 0; i < 3; ++i) {
     Open(u"SAMI");
-    Dialog().cmbSamiAlign.Choose(i);
-    EXPECT_EQ(Dialog().SamiSample().alignment, i);
+    Dialog().sami.cmbSamiAlign.Choose(i);
+    EXPECT_EQ(Dialog().sami.Sample().alignment, i);
     Dialog().cmdOK.Click();
     EXPECT_EQ(Stored(u"SAMI", u"alignment"), words[i]);
   }
@@ -170,14 +171,14 @@ TEST_F(FormatSami, AlignmentIsStoredByItsWord) {
 TEST_F(FormatSami, ColorsAreWrittenRedFirst) {
   Open(u"SAMI");
   pickers.colors = {0x332211, 0x0000FE};
-  Dialog().cmdSamiColor.Click();
-  Dialog().cmdSamiBackground.Click();
+  Dialog().sami.cmdSamiColor.Click();
+  Dialog().sami.cmdSamiBackground.Click();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SAMI", u"color"), u"#112233");
   EXPECT_EQ(Stored(u"SAMI", u"background"), u"#FE0000");
   Open(u"SAMI");
-  EXPECT_EQ(Dialog().SamiSample().color, 0x332211);
-  EXPECT_EQ(Dialog().SamiSample().background, 0xFE);
+  EXPECT_EQ(Dialog().sami.Sample().color, 0x332211);
+  EXPECT_EQ(Dialog().sami.Sample().background, 0xFE);
 }
 
 TEST(WebColors, ReadWhatTheyCan) {
@@ -192,21 +193,21 @@ TEST(WebColors, ReadWhatTheyCan) {
 
 TEST_F(FormatSsa, ShowsTheDefaults) {
   Open(u"SUBSTATIONALPHA");
-  EXPECT_EQ(Dialog().SsaSample().font.Size, 28);
-  EXPECT_FALSE(Dialog().SsaSample().font.Bold);
-  EXPECT_EQ(Dialog().SsaSample().color, 65535);
-  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Center");
-  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
-  EXPECT_EQ(Dialog().cmbSsaStyle.GetText(), u"Outline");
-  EXPECT_EQ(Dialog().txtSsaOutline.GetText(), u"1");
-  EXPECT_EQ(Dialog().txtSsaMarginl.GetText(), u"30");
+  EXPECT_EQ(Dialog().ssa.Sample().font.Size, 28);
+  EXPECT_FALSE(Dialog().ssa.Sample().font.Bold);
+  EXPECT_EQ(Dialog().ssa.Sample().color, 65535);
+  EXPECT_EQ(Dialog().ssa.cmbSsaAlign.GetText(), u"Center");
+  EXPECT_EQ(Dialog().ssa.cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().ssa.cmbSsaStyle.GetText(), u"Outline");
+  EXPECT_EQ(Dialog().ssa.txtSsaOutline.GetText(), u"1");
+  EXPECT_EQ(Dialog().ssa.txtSsaMarginl.GetText(), u"30");
 }
 
 TEST_F(FormatSsa, AnAlignmentOf0SelectsBottomAndLeft) {
   Store(u"SUBSTATIONALPHA", u"alignment", u"0");
   Open(u"SUBSTATIONALPHA");
-  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
-  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Left");
+  EXPECT_EQ(Dialog().ssa.cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().ssa.cmbSsaAlign.GetText(), u"Left");
 }
 
 TEST_F(FormatSsa, AlignmentIsOneNumberOfTwoChoices) {
@@ -226,8 +227,8 @@ TEST_F(FormatSsa, AlignmentIsOneNumberOfTwoChoices) {
                          {11, u"Right", u"Center"}}) {
     Store(u"SUBSTATIONALPHA", u"alignment", Decimal(row.number));
     Open(u"SUBSTATIONALPHA");
-    EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), row.horizontal) << row.number;
-    EXPECT_EQ(Dialog().cmbSsaValign.GetText(), row.vertical) << row.number;
+    EXPECT_EQ(Dialog().ssa.cmbSsaAlign.GetText(), row.horizontal) << row.number;
+    EXPECT_EQ(Dialog().ssa.cmbSsaValign.GetText(), row.vertical) << row.number;
     Dialog().cmdOK.Click();
     EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"alignment"), Decimal(row.number));
   }
@@ -238,8 +239,8 @@ TEST_F(FormatSsa, AnAlignmentOfNoHorizontalSelectsNone) {
        {std::pair{u"4", u"Bottom"}, {u"8", u"Top"}, {u"12", u"Center"}, {u"-3", u"Bottom"}}) {
     Store(u"SUBSTATIONALPHA", u"alignment", number);
     Open(u"SUBSTATIONALPHA");
-    EXPECT_EQ(Dialog().cmbSsaAlign.Index(), -1) << ToUtf8(number);
-    EXPECT_EQ(Dialog().cmbSsaValign.GetText(), vertical) << ToUtf8(number);
+    EXPECT_EQ(Dialog().ssa.cmbSsaAlign.Index(), -1) << ToUtf8(number);
+    EXPECT_EQ(Dialog().ssa.cmbSsaValign.GetText(), vertical) << ToUtf8(number);
   }
 }
 
@@ -247,23 +248,23 @@ TEST_F(FormatSsa, TheBorderIsEnabledForTheOutlineOnly) {
   FormatDialog& d = Dialog();
   Store(u"SUBSTATIONALPHA", u"borderstyle", u"2");
   Open(u"SUBSTATIONALPHA");
-  EXPECT_EQ(d.cmbSsaStyle.Index(), 1);
-  const Control* controls[] = {&d.lblSsaOutline, &d.txtSsaOutline, &d.lblSsaShadow,
-                               &d.txtSsaShadow,  &d.cmdSsaBack,    &d.picSsaBack};
+  EXPECT_EQ(d.ssa.cmbSsaStyle.Index(), 1);
+  const Control* controls[] = {&d.ssa.lblSsaOutline, &d.ssa.txtSsaOutline, &d.ssa.lblSsaShadow,
+                               &d.ssa.txtSsaShadow,  &d.ssa.cmdSsaBack,    &d.ssa.picSsaBack};
   for (const Control* control : controls) EXPECT_FALSE(control->Enabled()) << control->Name();
-  d.cmbSsaStyle.Choose(0);
+  d.ssa.cmbSsaStyle.Choose(0);
   for (const Control* control : controls) EXPECT_TRUE(control->Enabled()) << control->Name();
   d.cmdOK.Click();
   EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"borderstyle"), u"1");
   Open(u"SUBSTATIONALPHA");
-  d.cmbSsaStyle.Choose(1);
+  d.ssa.cmbSsaStyle.Choose(1);
   d.cmdOK.Click();
   EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"borderstyle"), u"3");
 }
 
 TEST_F(FormatSsa, NumbersTakeDigitsAndBackspace) {
-  for (TextBox* box : {&Dialog().txtSsaMarginl, &Dialog().txtSsaMarginr, &Dialog().txtSsaMarginv,
-                       &Dialog().txtSsaOutline, &Dialog().txtSsaShadow}) {
+  for (TextBox* box : {&Dialog().ssa.txtSsaMarginl, &Dialog().ssa.txtSsaMarginr, &Dialog().ssa.txtSsaMarginv,
+                       &Dialog().ssa.txtSsaOutline, &Dialog().ssa.txtSsaShadow}) {
     for (const char16_t c : Text(u"0123456789")) EXPECT_TRUE(Takes(*box, c));
     EXPECT_TRUE(Takes(*box, 0));
     for (const char16_t c : Text(u"a.,- /:")) EXPECT_FALSE(Takes(*box, c));
@@ -272,8 +273,8 @@ TEST_F(FormatSsa, NumbersTakeDigitsAndBackspace) {
 
 TEST_F(FormatSsa, ANumberAbove1200BecomesThatAtOnce) {
   Open(u"SUBSTATIONALPHA");
-  for (TextBox* box : {&Dialog().txtSsaMarginl, &Dialog().txtSsaMarginr, &Dialog().txtSsaMarginv,
-                       &Dialog().txtSsaOutline, &Dialog().txtSsaShadow}) {
+  for (TextBox* box : {&Dialog().ssa.txtSsaMarginl, &Dialog().ssa.txtSsaMarginr, &Dialog().ssa.txtSsaMarginv,
+                       &Dialog().ssa.txtSsaOutline, &Dialog().ssa.txtSsaShadow}) {
     box->SetText(u"1201");
     box->NoteEdited();
     EXPECT_EQ(box->GetText(), u"1200");
@@ -283,13 +284,13 @@ TEST_F(FormatSsa, ANumberAbove1200BecomesThatAtOnce) {
   }
   Store(u"SUBSTATIONALPHA", u"marginl", u"5000");
   Open(u"SUBSTATIONALPHA");
-  EXPECT_EQ(Dialog().txtSsaMarginl.GetText(), u"1200");
+  EXPECT_EQ(Dialog().ssa.txtSsaMarginl.GetText(), u"1200");
 }
 
 TEST_F(FormatSsa, PastedLettersGetPastTheKeyFilterIntoTheHeader) {
   Open(u"SUBSTATIONALPHA");
-  Dialog().txtSsaMarginl.SetText(u"abc");
-  Dialog().txtSsaMarginl.NoteEdited();
+  Dialog().ssa.txtSsaMarginl.SetText(u"abc");
+  Dialog().ssa.txtSsaMarginl.NoteEdited();
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"marginl"), u"abc");
   EXPECT_NE(BuildBuiltInHeader(u"SUBSTATIONALPHA", program->store, 0).find(u",2,abc,30,30,"), Text::npos);
@@ -301,10 +302,10 @@ TEST_F(FormatSsa, ResetSetsBottomAndCenterAndTheOutline) {
   Store(u"SUBSTATIONALPHA", u"bold", u"1");
   Open(u"SUBSTATIONALPHA");
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Dialog().cmbSsaValign.GetText(), u"Bottom");
-  EXPECT_EQ(Dialog().cmbSsaAlign.GetText(), u"Center");
-  EXPECT_EQ(Dialog().cmbSsaStyle.GetText(), u"Outline");
-  EXPECT_FALSE(Dialog().SsaSample().font.Bold);
+  EXPECT_EQ(Dialog().ssa.cmbSsaValign.GetText(), u"Bottom");
+  EXPECT_EQ(Dialog().ssa.cmbSsaAlign.GetText(), u"Center");
+  EXPECT_EQ(Dialog().ssa.cmbSsaStyle.GetText(), u"Outline");
+  EXPECT_FALSE(Dialog().ssa.Sample().font.Bold);
   EXPECT_EQ(Stored(u"SUBSTATIONALPHA", u"alignment"), u"5");
 }
 
@@ -315,19 +316,19 @@ TEST_F(FormatStoring, ResetChangesThePanelOnShowAlone) {
   Store(u"DVDSUBTITLE", u"lang", u"ES");
   Open(u"SAMI");
   Dialog().cmdReset.Click();
-  EXPECT_EQ(Dialog().SamiSample().font.Size, 18);
-  EXPECT_TRUE(Dialog().SamiSample().font.Bold);
-  EXPECT_FALSE(Dialog().SamiSample().font.Italic);
-  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"ES");
+  EXPECT_EQ(Dialog().sami.Sample().font.Size, 18);
+  EXPECT_TRUE(Dialog().sami.Sample().font.Bold);
+  EXPECT_FALSE(Dialog().sami.Sample().font.Italic);
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"ES");
   EXPECT_EQ(Stored(u"SAMI", u"size"), u"40");
 }
 
 TEST_F(FormatStoring, OkStoresAllThreePanels) {
   Open(u"SUBRIP");
-  Dialog().txtDvdSubtitleLang.SetText(u"DE");
-  Dialog().txtSsaOutline.SetText(u"4");
+  Dialog().dvdSubtitle.txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().ssa.txtSsaOutline.SetText(u"4");
   pickers.fonts = {{u"Arial", 12.5, false, true, false, false, 400}};
-  Dialog().cmdSamiFont.Click();
+  Dialog().sami.cmdSamiFont.Click();
   bool closed = false;
   const Connection watch = Dialog().Closed.ConnectScoped([&] { closed = true; });
   Dialog().cmdOK.Click();
@@ -344,26 +345,26 @@ TEST_F(FormatStoring, OkStoresAllThreePanels) {
 
 TEST_F(FormatStoring, CancelAndTheFrameStoreNothing) {
   Open(u"DVDSUBTITLE");
-  Dialog().txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().dvdSubtitle.txtDvdSubtitleLang.SetText(u"DE");
   Dialog().cmdCancel.Click();
   EXPECT_FALSE(Dialog().IsOpen());
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"lang"), u"?");
   Open(u"DVDSUBTITLE");
-  EXPECT_EQ(Dialog().txtDvdSubtitleLang.GetText(), u"EN");
+  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"EN");
 }
 
 TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {
   Open(u"SUBSTATIONALPHA");
   int changes = 0;
-  const Connection watch = Dialog().SamplesChanged.ConnectScoped([&] { ++changes; });
+  const Connection watch = Dialog().ssa.SampleChanged.ConnectScoped([&] { ++changes; });
   pickers.fonts = {{u"Arial", 60, true, false, true, false, 700}};
   pickers.colors = {0x123456, 0x654321};
-  Dialog().cmdSsaFont.Click();
-  Dialog().cmdSsaColor.Click();
-  Dialog().cmdSsaBack.Click();
-  Dialog().cmbSsaAlign.Choose(1);
+  Dialog().ssa.cmdSsaFont.Click();
+  Dialog().ssa.cmdSsaColor.Click();
+  Dialog().ssa.cmdSsaBack.Click();
+  Dialog().ssa.cmbSsaAlign.Choose(1);
   EXPECT_EQ(changes, 4);
-  const FormatSample& sample = Dialog().SsaSample();
+  const FormatSample& sample = Dialog().ssa.Sample();
   EXPECT_EQ(sample.font.Size, 60);
   EXPECT_TRUE(sample.font.Bold);
   EXPECT_EQ(sample.color, 0x123456);
@@ -371,8 +372,8 @@ TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {
   EXPECT_EQ(sample.alignment, 1);
   EXPECT_EQ(pickers.fontsShown.at(0).Name, u"Tahoma");
   EXPECT_EQ(pickers.colorsShown, (std::vector<std::int32_t>{65535, 0}));
-  Dialog().cmdSsaFont.Click();
-  Dialog().cmdSsaColor.Click();
+  Dialog().ssa.cmdSsaFont.Click();
+  Dialog().ssa.cmdSsaColor.Click();
   EXPECT_EQ(changes, 4);
 }
 
