@@ -4,41 +4,30 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFile>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
-#include <QStyleOption>
-#include <QSvgRenderer>
-#include <QToolButton>
 #include <QUrl>
-#include <QVBoxLayout>
 
 #include "core/product.h"
 #include "ui/audio_bar_widgets.h"
+#include "ui/bottom_panel.h"
 #include "ui/caption_table.h"
-#include "ui/elided_label.h"
 #include "ui/fit_screen.h"
 #include "ui/focus_keeper.h"
 #include "ui/held_keys.h"
+#include "ui/information_bar.h"
 #include "ui/key_codes.h"
+#include "ui/layout_divider.h"
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
 #include "ui/windows.h"
-#include "ui/wrap_row.h"
 
 namespace cuewright {
 namespace {
