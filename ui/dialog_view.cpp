@@ -61,11 +61,15 @@ void DialogView::AlignLabels() {
 
 void DialogView::FitContent() {
   setMinimumSize(0, 0);
-  // A change below a widget reaches the layouts above it later, by events.
-  for (QWidget* widget : findChildren<QWidget*>()) {
-    if (widget->layout() == nullptr) continue;
-    widget->layout()->invalidate();
-    widget->updateGeometry();
+  // A change below a widget reaches the layouts above it later, by events, and those within a layout when that is
+  // activated: here the innermost come first.
+  const QList<QWidget*> widgets = findChildren<QWidget*>();
+  for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
+    if (QLayout* const inner = (*widget)->layout()) {
+      inner->invalidate();
+      inner->activate();
+    }
+    (*widget)->updateGeometry();
   }
   layout()->invalidate();
   layout()->activate();

@@ -16,11 +16,13 @@
 
 #include "tests/ui/dialog_fixture.h"
 #include "ui/export_view.h"
+#include "ui/fit_screen.h"
 #include "ui/format_view.h"
 #include "ui/help_key.h"
 #include "ui/qt_pickers.h"
 #include "ui/settings_view.h"
 #include "ui/svg_picture.h"
+#include "ui/windows.h"
 
 namespace cuewright {
 namespace {
@@ -128,6 +130,23 @@ TEST_F(FormatWindowView, NoTextIsCutOffInAnyLanguage) {
       ExpectNothingCutOff("language " + std::to_string(language) + " row " + std::to_string(row) + ": ");
     }
   }
+}
+
+TEST_F(FormatWindowView, ScrollsOnlyWhereTheScreenIsTooSmall) {
+  QWidget owner;
+  owner.show();
+  Windows windows(owner);
+  AddDialogs(windows, *program);
+  program->window.mnuFormatSettings.Click();
+  QWidget* shown = QApplication::activeModalWidget();
+  ASSERT_NE(shown, nullptr);
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(shown));
+  const auto* scroll = shown->findChild<ContentScroll*>();
+  const QSize needed = scroll->widget()->minimumSizeHint() + shown->size() - scroll->viewport()->size();
+  const QSize room = RoomOnScreen(*shown);
+  EXPECT_GE(shown->width(), std::min(needed.width(), room.width()));
+  EXPECT_GE(shown->height(), std::min(needed.height(), room.height()));
+  Formats().Close();
 }
 
 TEST_F(ExportWindowView, NoTextIsCutOffInAnyLanguage) {
