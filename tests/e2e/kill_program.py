@@ -17,7 +17,8 @@ import threading
 import time
 
 import desktop
-from time_film import position_label, stored_times
+from scene import captions_of
+from time_film import position_label
 
 CAPTIONS = 400  # more than are captured, so that no row is captured twice
 LONGEST_LOSS = 1.0
@@ -228,7 +229,8 @@ def main():
         started.table()
         save(started, document)
         desktop.wait_for("the journal to go", lambda: not journals(state))
-        return started, stored_times(document)
+        with open(document, encoding="utf-8", newline="") as file:
+            return started, captions_of(file.read())
 
     try:
         prime()
