@@ -1,5 +1,6 @@
 #include "ui/dialog_view.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -65,6 +66,8 @@ void DialogView::FitContent() {
   // activated: here the innermost come first.
   const QList<QWidget*> widgets = findChildren<QWidget*>();
   for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
+    // A box of choices keeps the width of those it had when it was asked first.
+    if (auto* const box = qobject_cast<QComboBox*>(*widget)) box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     if (QLayout* const inner = (*widget)->layout()) {
       inner->invalidate();
       inner->activate();

@@ -142,7 +142,7 @@ TEST_F(FormatWindowView, ScrollsOnlyWhereTheScreenIsTooSmall) {
   ASSERT_NE(shown, nullptr);
   EXPECT_TRUE(QTest::qWaitForWindowExposed(shown));
   const auto* scroll = shown->findChild<ContentScroll*>();
-  const QSize needed = scroll->widget()->minimumSizeHint() + shown->size() - scroll->viewport()->size();
+  const QSize needed = scroll->widget()->sizeHint() + shown->size() - scroll->viewport()->size();
   const QSize room = RoomOnScreen(*shown);
   EXPECT_GE(shown->width(), std::min(needed.width(), room.width()));
   EXPECT_GE(shown->height(), std::min(needed.height(), room.height()));
