@@ -69,7 +69,7 @@ std::optional<RuntimeError> RulesCommands::Pass() {
   session_.LeavePreview();
   const bool playing = ports_.player.PlayState() == kPlayerPlaying;
   if (playing) ports_.player.Pause();
-  const std::optional<RuntimeError> failure = engine_.ApplyRules([this](Row row) { ShowProgress(row); });
+  std::optional<RuntimeError> failure = engine_.ApplyRules([this](Row row) { ShowProgress(row); });
   session_.RefreshFileLabels();
   SetBusy(false);
   if (playing) ports_.player.Play();
