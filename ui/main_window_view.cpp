@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QIcon>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
