@@ -27,7 +27,7 @@ std::string FolderFrom(const char* variable) {
 
 /// The folder that a variable names, or else this one of the user's home; empty without a home.
 std::string FolderFrom(const char* variable, const char* below) {
-  const std::string folder = FolderFrom(variable);
+  std::string folder = FolderFrom(variable);
   if (!folder.empty()) return folder;
   const std::string home = FolderFrom("HOME");
   return home.empty() ? std::string() : home + below;
