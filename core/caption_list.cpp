@@ -63,9 +63,7 @@ void CaptionList::SetCaptionText(Row row, TextView text) {
   const Text& separator = options_.lineSeparator;
   if (!InRange(row) || (!separator.empty() && text.ends_with(separator))) return;
   if (At(row).text == text) return;
-  std::vector<Caption> stored(1, Caption{At(row).start, At(row).end, {}});
-  stored.front().text = text;
-  Replace(row, 1, std::move(stored));
+  Replace(row, 1, {At(row).WithText(Text(text))});
 }
 
 void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
@@ -120,7 +118,7 @@ void CaptionList::ToggleMarker(Row row, TextView marker) {
   const Text& text = At(row).text;
   const bool held = FindLoose(text, marker) != TextView::npos;
   Text changed = held ? ReplaceAll(text, marker, {}) : text + Text(marker);
-  if (changed != text) Replace(row, 1, {Caption{At(row).start, At(row).end, std::move(changed)}});
+  if (changed != text) Replace(row, 1, {At(row).WithText(std::move(changed))});
 }
 
 Row CaptionList::AddCaption(std::int32_t start, std::int32_t end, TextView text, Row row) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "core/app_options.h"
@@ -24,8 +25,15 @@ struct Caption {
   std::int32_t start = 0;
   std::int32_t end = 0;
   Text text;
+  std::uint32_t origin = 0;  ///< number of its record in the file that was read, from 1; 0: it stands in none
 
-  bool operator==(const Caption&) const = default;
+  /// This caption with another text.
+  Caption WithText(Text changed) const { return {start, end, std::move(changed), origin}; }
+
+  /// What the user sees is the same; captions of different records may be.
+  bool operator==(const Caption& other) const {
+    return start == other.start && end == other.end && text == other.text;
+  }
 };
 
 /// Start and end of a caption in ms.

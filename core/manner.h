@@ -36,6 +36,16 @@ class Manner {
   constexpr bool TitleNamesTheFile() const { return !classic_; }
   /// A press and a release count at the instant that their event bears, not at the last tick.
   constexpr bool CountsAtTheInstant() const { return !classic_; }
+  /// A file that was read whole is saved in its own format with the bytes it had, but for what was edited.
+  constexpr bool KeepsTheFile() const { return !classic_; }
+  /// Styles stay where they stand inside a caption; the list's markers mean the whole caption.
+  constexpr bool KeepsStylesWithin() const { return !classic_; }
+  /// Widespread formats are read by their published rules, not by the catalogue's record.
+  constexpr bool ReadsByPublishedRules() const { return !classic_; }
+  /// Times are written to the nearest step of the format, and frames are counted by the exact rate.
+  constexpr bool TimesAreExact() const { return !classic_; }
+  /// What a file holds that was not understood, and what a format can't hold, is told.
+  constexpr bool TellsWhatIsLost() const { return !classic_; }
 
  private:
   bool classic_ = false;

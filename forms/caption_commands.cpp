@@ -118,7 +118,7 @@ void CaptionCommands::EditSelected() {
                                            bench_.strings[Message::EditCaption], bench_.list.GetCaptionText(row)});
   if (IsBlank(answer) || !bench_.list.InRange(row) || answer == bench_.list.GetCaptionText(row)) return;
   const EditScope scope(bench_.list, EditKind::EditText);
-  bench_.list.Replace(row, 1, {Caption{bench_.list.GetCaptionStart(row), bench_.list.GetCaptionEnd(row), answer}});
+  bench_.list.Replace(row, 1, {bench_.list.At(row).WithText(answer)});
   bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
 }
 

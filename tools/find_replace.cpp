@@ -133,7 +133,7 @@ class Stores {
     if (text == old.text || (!separator.empty() && text.ends_with(separator))) return;
     if (row != first_ + static_cast<Row>(rows_.size())) Flush();
     if (rows_.empty()) first_ = row;
-    rows_.push_back({old.start, old.end, std::move(text)});
+    rows_.push_back(old.WithText(std::move(text)));
   }
 
   void Flush() {
