@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/caption_list.h"
+#include "formats/source/source_lines.h"
+#include "text/text.h"
+#include "text/text_file.h"
+
+namespace cuewright {
+
+/// A stretch of a file's bytes.
+struct Stretch {
+  std::uint32_t at = 0;
+  std::uint32_t size = 0;
+
+  bool Empty() const { return size == 0; }
+  std::uint32_t End() const { return at + size; }
+  std::string_view In(std::string_view bytes) const { return bytes.substr(at, size); }
+};
+
+/// Where a caption stands in its file. `whole` ends behind the line ends and blank lines that belong to the record; the
+/// other stretches lie in it. One that the record hasn't is empty; an empty text has the place where it would stand.
+struct SourceRecord {
+  Stretch whole;
+  Stretch number;
+  Stretch start;
+  Stretch end;
+  Stretch text;
+};
+
+/// Takes what a reader finds in a file, in the file's order.
+class SourceSink {
+ public:
+  virtual ~SourceSink() = default;
+  /// A caption: times in ms, its text as `SourceFormat` tells. False: nothing more is wanted.
+  [[nodiscard]] virtual bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) = 0;
+  /// The line at this byte says something that the reader doesn't understand. It stays in the file.
+  virtual void NotUnderstood(std::size_t place) = 0;
+};
+
+/// A file as a reader gets it: bytes in which ASCII stands for itself, without the mark of its encoding.
+struct SourceText {
+  std::string_view bytes;
+  const TextFile& file;  ///< decodes its stretches
+
+  Text Decoded(Stretch stretch) const { return file.Decoded(stretch.In(bytes)); }
+};
+
+/// What a record that the file hasn't yet is made of.
+struct NewRecord {
+  const Caption& caption;
+  int number = 1;                   ///< of the caption in the list
+  TextView lineEnd = u"\r\n";       ///< as the file's lines end
+  std::string_view neighbour = {};  ///< bytes of the record in front of it, or behind; empty: the file has none
+};
+
+/// A format by its published rules: reads a file with the places of all it reads, and writes single fields and records
+/// of it. An instance belongs to one file and keeps what that file says of itself (its order of fields, its classes).
+///
+/// The text of a caption is the file's own, its marks in place, but for three things: its lines are parted by the line
+/// separator of captions; a style that covers all of the text is one of the list's markers "<b>", "<i>", "<u>" in front
+/// of it, without a closing mark; and characters that the format must write in another way are themselves, unless
+/// they would be taken for a mark.
+class SourceFormat {
+ public:
+  virtual ~SourceFormat() = default;
+
+  /// Reads the whole file.
+  virtual void Read(const SourceText& text, TextView separator, SourceSink& sink) = 0;
+
+  /// A time in ms in the form of the field that it replaces (its digits, its signs), to the field's nearest step.
+  virtual std::string TimeField(std::int32_t ms, std::string_view old) const = 0;
+  /// A number in place of another; the default writes it in decimal.
+  virtual std::string NumberField(int number, std::string_view old) const;
+  /// The text of a caption as it stands in the field.
+  virtual Text TextField(TextView text, TextView separator, TextView lineEnd) const = 0;
+  /// A whole record with the line ends that belong to it.
+  virtual Text Record(const NewRecord& record, TextView separator) const = 0;
+
+  /// The start and end of a record depend on each other or on the neighbours: a change of one writes all fields anew.
+  virtual bool TimesAreLinked() const { return false; }
+};
+
+/// The rules of a format of the catalogue; null when it is read by the catalogue's record alone.
+std::unique_ptr<SourceFormat> MakeSourceFormat(TextView identifier);
+
+}  // namespace cuewright
