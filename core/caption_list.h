@@ -31,9 +31,7 @@ struct Caption {
   Caption WithText(Text changed) const { return {start, end, std::move(changed), origin}; }
 
   /// What the user sees is the same; captions of different records may be.
-  bool operator==(const Caption& other) const {
-    return start == other.start && end == other.end && text == other.text;
-  }
+  bool operator==(const Caption& other) const { return start == other.start && end == other.end && text == other.text; }
 };
 
 /// Start and end of a caption in ms.

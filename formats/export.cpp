@@ -1,6 +1,9 @@
 #include "formats/export.h"
 
+#include <optional>
+
 #include "formats/caption_writers.h"
+#include "formats/source/source_writer.h"
 
 namespace cuewright {
 
@@ -28,10 +31,14 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const Text id = formats_.CurrentIdentifier();
   const WriteJob job{captions_, lastRow, formats_.loader.Definition(), id, formats_.state.CurrentFps, errors};
   DocumentEncoding encoding = formats_.state.Encoding;
-  const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, encoding);
+  const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  std::optional<SourceWriter> source;
+  if (map) source.emplace(*map, captions_, id == kPlainText ? captions_.Rows() - 1 : lastRow, TimesOf(*map));
+  const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
   const bool written = errors([&] {
     access_.files.Replace(path_, [&](ByteSink& bytes) {
       if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
+      if (source) return source->Write(*codec, encoding.codePage != map->File().BytesCodePage(), bytes);
       LineSink sink(bytes, *codec);
       if (id == kPlainText) {
         WritePlainText(job, sink);
@@ -51,7 +58,18 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   return written;
 }
 
-std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, DocumentEncoding& encoding) const {
+std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {
+  const std::shared_ptr<const SourceMap>& map = formats_.state.Source;
+  if (!map || map->Format() != id || map->Pieces().empty()) return {};
+  return captions_.Options().manner.KeepsTheFile() ? map : nullptr;
+}
+
+SourceTimes Exporter::TimesOf(const SourceMap& map) const {
+  return formats_.state.CurrentFps == map.Fps() ? SourceTimes::AsRead : SourceTimes::Anew;
+}
+
+std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, const SourceWriter* source,
+                                                   DocumentEncoding& encoding) const {
   if (Classic()) {
     encoding = {access_.encodings.SystemCodePage(), false};
     return access_.encodings.SystemCodec();
@@ -63,7 +81,7 @@ std::shared_ptr<const Codec> Exporter::ChooseCodec(Row lastRow, DocumentEncoding
   std::shared_ptr<const Codec> codec = encoding.codePage == access_.encodings.SystemCodePage()
                                            ? access_.encodings.SystemCodec()
                                            : MakeCodec(encoding.codePage);
-  if (AllHeldBy(*codec, lastRow)) return codec;
+  if (source != nullptr ? source->HeldBy(*codec) : AllHeldBy(*codec, lastRow)) return codec;
   encoding = {kCodePageUtf8, false};
   return MakeCodec(kCodePageUtf8);
 }

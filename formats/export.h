@@ -8,6 +8,7 @@
 #include "core/runtime_error.h"
 #include "formats/definition.h"
 #include "formats/file_access.h"
+#include "formats/source/source_writer.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -29,7 +30,10 @@ class Exporter {
 
  private:
   bool WriteFile(Row lastRow, CarryOn& errors);
-  std::shared_ptr<const Codec> ChooseCodec(Row lastRow, DocumentEncoding& encoding) const;
+  /// The file that the document was read from, when it is to be saved over that; null else.
+  std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
+  SourceTimes TimesOf(const SourceMap& map) const;
+  std::shared_ptr<const Codec> ChooseCodec(Row lastRow, const SourceWriter* source, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;
   bool Classic() const;
   void TellNotSaved(const RuntimeError& error);

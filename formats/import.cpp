@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "formats/source/catalogue_format.h"
+#include "formats/source/record_watch.h"
 #include "formats/timecode.h"
 #include "text/labels.h"
 
@@ -25,10 +27,12 @@ Importer::Importer(const FormatSet& formats, const FormatTalk& talk, CaptionList
       access_(access),
       cancelled_(cancelled),
       recogniser_(formats, access.encodings),
-      lines_(formats, talk, access.encodings, cancelled) {}
+      lines_(formats, talk, access.encodings, cancelled),
+      source_(talk, cancelled) {}
 
 std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   lines_.Clear();
+  source_.Clear();
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = access_.files.Read(path, kLargestTextFile);
@@ -93,13 +97,9 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
     appendOffset_ = 0;
     if (file) state.Encoding = file->Encoding();
   }
-  const TextView id = formats_.CurrentIdentifier();
-  LineOrders orders{wide, recogniser_.TimecodeLiteral(), captions_.Rows() == 2};
-  if (id != kSubStationAlpha && id != kAdvancedSsa) orders.pieces = CutRecord(formats_.loader.Definition(), errors);
   if (ReadFrameRate()) {
     std::vector<Caption> rows;
-    if (file) rows = lines_.Read(*file, orders, captions_.Options().lineSeparator, errors);
-    file.reset();
+    if (file) rows = ReadRows(std::move(*file), wide, loading, errors);
     state.SettingsFormatIndex = state.CurrentFormatIndex;
     FillList(std::move(rows), loading, errors);
   }
@@ -107,10 +107,48 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   TellError(path, errors);
 }
 
+std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors) {
+  const Manner& manner = captions_.Options().manner;
+  const Text id = formats_.CurrentIdentifier();
+  const bool keep = loading == Loading::NewDocument && manner.KeepsTheFile() && !wide;
+  if (!wide && manner.ReadsByPublishedRules()) {
+    if (std::unique_ptr<SourceFormat> rules = MakeSourceFormat(id)) {
+      auto map = std::make_shared<SourceMap>(id, std::move(file), std::move(rules));
+      return ReadByRules(map, keep, errors);
+    }
+  }
+  const Text& separator = captions_.Options().lineSeparator;
+  LineOrders orders{wide, recogniser_.TimecodeLiteral(), captions_.Rows() == 2};
+  std::unique_ptr<CatalogueFormat> rules;
+  if (keep) rules = std::make_unique<CatalogueFormat>(formats_.loader.Definition(), id, formats_.state.CurrentFps);
+  if (id != kSubStationAlpha && id != kAdvancedSsa) orders.pieces = CutRecord(formats_.loader.Definition(), errors);
+  if (!keep) return lines_.Read(file, orders, separator, errors);
+  RecordWatch watch(rules->LinesBeforeStart());
+  orders.watch = &watch;
+  std::vector<Caption> rows = lines_.Read(file, orders, separator, errors);
+  auto map = std::make_shared<SourceMap>(id, std::move(file), nullptr);
+  map->TakeWatched(watch, std::move(rules), separator, rows);
+  map->SetFps(formats_.state.CurrentFps);
+  formats_.state.Source = std::move(map);
+  return rows;
+}
+
+std::vector<Caption> Importer::ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors) {
+  std::vector<Caption> rows = source_.Read(*map, captions_.Options().lineSeparator, errors);
+  if (keep) {
+    map->SetFps(formats_.state.CurrentFps);
+    formats_.state.Source = map;
+  } else {
+    for (Caption& row : rows) row.origin = 0;
+  }
+  return rows;
+}
+
 void Importer::BeginImport() {
   const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
   talk_.Report(FileStage::LoadBegins, Fill(talk_.strings[Message::ImportingFile], name));
   captions_.Reset();
+  formats_.state.Source = nullptr;
   talk_.Report(FileStage::Pauses);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "formats/file_access.h"
 #include "formats/line_import.h"
 #include "formats/recogniser.h"
+#include "formats/source/source_import.h"
 #include "text/text.h"
 #include "text/text_file.h"
 
@@ -42,7 +44,7 @@ class Importer {
 
   /// The line at which the load was cut off or met its last error, counted from 1; 0: everything was read, or what
   /// went wrong has no line.
-  std::size_t TroubleLine() const { return lines_.TroubleLine(); }
+  std::size_t TroubleLine() const { return lines_.TroubleLine() != 0 ? lines_.TroubleLine() : source_.TroubleLine(); }
 
   /// Asks for a frame rate until one of 15 to below 31 is typed; 0 when the user cancels.
   float PromptForFps();
@@ -52,6 +54,8 @@ class Importer {
   void Detect(const Text& path, Loading loading);
   void Reject(TextView path, const CarryOn& errors);
   void ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors);
+  std::vector<Caption> ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors);
+  std::vector<Caption> ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors);
   void BeginImport();
   bool ReadFrameRate();
   void FillList(std::vector<Caption> rows, Loading loading, CarryOn& errors);
@@ -65,6 +69,7 @@ class Importer {
   bool& cancelled_;
   FormatRecogniser recogniser_;
   LineImport lines_;
+  SourceImport source_;
   std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
   std::int32_t appendOffset_ = 0;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "formats/line_readers.h"
+#include "formats/source/record_watch.h"
 
 namespace cuewright {
 namespace {
@@ -44,6 +45,7 @@ std::vector<Caption> LineImport::Read(TextFile& file, const LineOrders& orders, 
   errors.noted = [&] { place = file.Place(); };
   ReadLines(file, orders, captions, errors);
   if (!captions.captionText.empty() && captions.TimesSet()) captions.FlushImportedCaption();
+  if (orders.watch != nullptr) orders.watch->End(captions);
   if (captions.Full()) errors.Note({kErrorOutOfMemory, u"Out of memory"});
   if (file.LineWasCut()) {
     errors.Note({kErrorOutOfMemory, u"A line is too long; only its beginning was read"});
@@ -63,7 +65,7 @@ void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionColl
   bool mayTurnSpruce = formats_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));
   ImportLine line;
-  while (line.Next(file, orders.wide ? &encodings_ : nullptr)) {
+  for (std::size_t at = file.BytesRead(); line.Next(file, orders.wide ? &encodings_ : nullptr); at = file.BytesRead()) {
     if (captions.ImportedCount() % kYieldEvery == 0 && StopsHere(file, captions)) break;
     if (captions.Full()) break;
     if (filter.Drops(line)) line.Clear();
@@ -73,8 +75,13 @@ void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionColl
       captions.DefinitionChanged();
       reader = MakeReader(context, orders.pieces, definition.definitionFound);
     }
+    const bool blank = line.Empty();
     reader.parser->Parse(line);
-    if (reader.run && !orders.wide) reader.run->ReadOn(file);
+    if (orders.watch != nullptr) {
+      orders.watch->TakeLine(at, file.BytesRead(), blank, captions);
+    } else if (reader.run && !orders.wide) {
+      reader.run->ReadOn(file);
+    }
   }
 }
 

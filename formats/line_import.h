@@ -12,6 +12,7 @@
 namespace cuewright {
 
 class CaptionCollector;
+class RecordWatch;
 struct LineReader;
 struct ParseContext;
 
@@ -21,6 +22,7 @@ struct LineOrders {
   bool timecodeLiteral = false;  ///< the file's head holds the mask of a timecode
   bool intoEmptyList = false;    ///< the list holds one row at most
   RecordPieces pieces = {};
+  RecordWatch* watch = nullptr;  ///< notes where the records stand; null: nobody asks
 };
 
 /// Reads the lines of a file by the format in force.

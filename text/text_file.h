@@ -70,6 +70,14 @@ class TextFile {
   /// How many lines lie before a place; reads the file up to there.
   std::size_t LinesBefore(std::size_t place);
 
+  /// All the text's bytes, without the mark, as ASCII can be looked for in them: UTF-16 was turned into UTF-8.
+  std::string_view Bytes() const { return std::string_view(bytes_).substr(start_); }
+  /// The code page of `Bytes`.
+  int BytesCodePage() const { return codec_ == nullptr ? kCodePageUtf8 : encoding_.codePage; }
+
+  /// How many of `Bytes` lie before the next line.
+  std::size_t BytesRead() const { return at_ - start_; }
+
   /// What is left from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
   /// Marks of ASCII can be looked for in the bytes.

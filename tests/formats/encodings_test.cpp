@@ -190,6 +190,7 @@ TEST(AutoReading, TellsTheEncodingOfTheWholeFile) {
   };
   for (const Row& row : rows) {
     FormatRig rig;
+    rig.options.manner.SetClassic(true);
     EXPECT_EQ(rig.Open("a.srt", row.bytes), u"SUBRIP") << row.name;
     EXPECT_EQ(rig.state.Encoding, row.encoding) << row.name;
     EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, Text(row.text)}})) << row.name;

@@ -89,6 +89,7 @@ struct FormatRig {
   /// Opens a file that can only be read with the classic rules.
   Text OpenClassic(const std::string& name, const std::string& content) {
     options.readAs = u"classic";
+    options.manner.SetClassic(true);
     return Open(name, content);
   }
 
@@ -105,7 +106,11 @@ struct FormatRig {
 
   Text Format() const { return catalogue.Identifier(state.CurrentFormatIndex); }
 
-  void Fill(std::vector<Caption> rows) { captions.Replace(1, captions.Rows() - 1, std::move(rows)); }
+  /// A new document of these captions.
+  void Fill(std::vector<Caption> rows) {
+    state.Source = nullptr;
+    captions.Replace(1, captions.Rows() - 1, std::move(rows));
+  }
 
   std::vector<Caption> Rows() const {
     std::vector<Caption> rows;

@@ -11,9 +11,10 @@ namespace {
 
 using Rows = std::vector<Caption>;
 
-/// Reads lines with a format of the shipped catalogue by name.
+/// Reads lines with a format of the shipped catalogue by name, in the classic manner.
 Rows Read(TextView id, const std::string& lines, TextView fps = u"25") {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.ImportAs(id, CrLf(lines), fps);
   const bool nothing = rig.captions.Rows() == 2 && rig.captions.At(1) == Caption{};
   return nothing ? Rows{} : rig.Rows();
@@ -243,6 +244,7 @@ TEST(SubRipRuns, ReadWhatSingleLinesRead) {
                                            "\xFF\xFE odd",
                                            "no UTF-8 \xC3"};
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   std::uint32_t state = 7;
   const auto next = [&](std::size_t below) {
     return static_cast<std::size_t>((state = state * 1664525u + 1013904223u) >> 16) % below;

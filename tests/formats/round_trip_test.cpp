@@ -22,6 +22,7 @@ TEST(SubRip, IsRecognisedAndRead) {
 
 TEST(PlainText, IsTheLastResortOfATxtFile) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   EXPECT_EQ(rig.Open("a.txt", "  one \r\n\r\ntwo"), u"PLAINTEXT");
   EXPECT_EQ(rig.Rows(), (std::vector<Caption>{{0, 0, u"one"}, {0, 0, u"two"}}));
   EXPECT_EQ(rig.Save(u"PLAINTEXT"), "one\r\ntwo\r\n");

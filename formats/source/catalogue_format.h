@@ -1,0 +1,37 @@
+#pragma once
+
+#include "formats/definition.h"
+#include "formats/source/source_format.h"
+#include "text/codec.h"
+
+namespace cuewright {
+
+/// A format that is known by the catalogue's record alone: its fields are written as the record tells. Where a
+/// caption's record and fields stand in a file `RecordWatch` finds out while the lines are read.
+class CatalogueFormat final : public SourceFormat {
+ public:
+  CatalogueFormat(const FormatDefinition& definition, TextView identifier, float fps)
+      : definition_(definition), identifier_(identifier), fps_(fps) {}
+
+  void Read(const SourceText&, TextView, SourceSink&) override {}
+  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string NumberField(int number, std::string_view old) const override;
+  Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
+  Text Record(const NewRecord& record, TextView separator) const override;
+
+  /// Finds the fields of a caption in the bytes of its record, as this format would have written them.
+  void FindFields(const Caption& caption, std::string_view bytes, const Codec& codec, TextView separator,
+                  SourceRecord& record) const;
+  /// How many lines of the record stand in front of the one with the start.
+  int LinesBeforeStart() const;
+
+ private:
+  Stretch FindNumber(std::string_view beforeStart, std::size_t place) const;
+  Text Time(std::int32_t ms) const;
+
+  FormatDefinition definition_;
+  Text identifier_;
+  float fps_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,55 @@
+#include "formats/source/record_watch.h"
+
+#include <algorithm>
+
+#include "formats/source/field_lines.h"
+
+namespace cuewright {
+
+void RecordWatch::TakeLine(std::size_t at, std::size_t behind, bool blank, const CaptionCollector& captions) {
+  const CaptionTimes times{captions.captionStart, captions.captionEnd};
+  const bool closed = captions.ImportedCount() > static_cast<int>(records_.size());
+  const bool ofThisLine = closed && !open_;
+  if (ofThisLine) {
+    begin_ = at;
+    end_ = behind;
+  }
+  if (closed) Close(captions.ImportedCount());
+  if (!blank) {
+    std::ranges::rotate(lastLines_, lastLines_.end() - 1);
+    lastLines_[0] = at;
+  }
+  const bool begins = captions.StartSet() && (!open_ || times.start != times_.start);
+  if (begins) {
+    open_ = true;
+    begin_ = BeginOfRecord();
+    std::erase_if(maybeLeft_, [&](std::size_t line) { return line >= begin_; });
+    if (!records_.empty()) left_.insert(left_.end(), maybeLeft_.begin(), maybeLeft_.end());
+    maybeLeft_.clear();
+  }
+  const bool took = begins || times != times_ || captions.captionText.size() != textSize_;
+  if (open_ && took && !blank) {
+    end_ = behind;
+  } else if (blank && !records_.empty() && !open_ && records_.back().End() == at) {
+    records_.back().size = static_cast<std::uint32_t>(behind) - records_.back().at;
+  } else if (!blank && !ofThisLine) {
+    maybeLeft_.push_back(at);
+  }
+  times_ = times;
+  textSize_ = captions.captionText.size();
+}
+
+void RecordWatch::Close(int count) {
+  if (count <= static_cast<int>(records_.size())) return;
+  records_.push_back(MakeStretch(begin_, end_ - begin_));
+  // Several captions of one line stand in the first one's record.
+  records_.resize(static_cast<std::size_t>(count), Stretch{static_cast<std::uint32_t>(end_), 0});
+  open_ = false;
+}
+
+std::size_t RecordWatch::BeginOfRecord() const {
+  const std::size_t from = lastLines_[std::min(linesBeforeStart_, lastLines_.size() - 1)];
+  return records_.empty() ? from : std::max<std::size_t>(from, records_.back().End());
+}
+
+}  // namespace cuewright

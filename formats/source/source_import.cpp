@@ -1,0 +1,73 @@
+#include "formats/source/source_import.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "formats/caption_collector.h"
+#include "text/text_search.h"
+
+namespace cuewright {
+namespace {
+
+/// Puts what is read into the map.
+class MapSink final : public SourceSink {
+ public:
+  MapSink(SourceMap& map, const FormatTalk& talk, const bool& cancelled)
+      : map_(map), talk_(talk), cancelled_(cancelled) {}
+
+  bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) override {
+    if (static_cast<int>(rows.size()) % kCaptionsBetweenPauses == 0 && StopsHere()) {
+      stoppedAt = record.whole.at;
+      return false;
+    }
+    if (gathered_ + text.size() > CaptionCollector::kMostText) {
+      full = true;
+      stoppedAt = record.whole.at;
+      return false;
+    }
+    if (IsBlank(text)) return true;
+    gathered_ += text.size();
+    rows.push_back({start, end, std::move(text), 0});
+    rows.back().origin = map_.Add(record, rows.back());
+    return true;
+  }
+
+  void NotUnderstood(std::size_t place) override { map_.AddNotUnderstood(place); }
+
+  std::vector<Caption> rows;
+  std::optional<std::size_t> stoppedAt;
+  bool tooMany = false;
+  bool full = false;
+
+ private:
+  bool StopsHere() {
+    talk_.Report(FileStage::Pauses);
+    tooMany = static_cast<int>(rows.size()) > kMostCaptionsOfLoad;
+    return cancelled_ || tooMany;
+  }
+
+  SourceMap& map_;
+  const FormatTalk& talk_;
+  const bool& cancelled_;
+  std::size_t gathered_ = 0;
+};
+
+}  // namespace
+
+std::vector<Caption> SourceImport::Read(SourceMap& map, TextView separator, CarryOn& errors) {
+  MapSink sink(map, talk_, cancelled_);
+  const std::size_t guess = map.Bytes().size() / 32 + 16;
+  sink.rows.reserve(std::min<std::size_t>(guess, kMostCaptionsOfLoad + kCaptionsBetweenPauses + 2));
+  const SourceText text{map.Bytes(), map.File()};
+  errors([&] { map.Rules().Read(text, separator, sink); });
+  troubleLine_ = sink.stoppedAt ? map.LineOf(*sink.stoppedAt) : 0;
+  if (sink.full) errors.Note({kErrorOutOfMemory, u"Out of memory"});
+  if (sink.tooMany) {
+    talk_.messages.Show(
+        {talk_.strings[Message::TooManyCaptions], BoxIcon::Error, BoxButtons::Ok, talk_.strings[Message::Warning]});
+  }
+  return std::move(sink.rows);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,66 @@
+#include "formats/source/source_map.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "formats/source/catalogue_format.h"
+#include "formats/source/record_watch.h"
+
+namespace cuewright {
+namespace {
+
+std::size_t HashOf(TextView text) { return std::hash<TextView>()(text); }
+
+}  // namespace
+
+std::uint32_t SourceMap::Add(const SourceRecord& record, const Caption& caption) {
+  pieces_.push_back({record, {caption.start, caption.end}, HashOf(caption.text)});
+  return static_cast<std::uint32_t>(pieces_.size());
+}
+
+SourceMap::SourceMap(Text format, TextFile file, std::unique_ptr<SourceFormat> rules)
+    : format_(std::move(format)), file_(std::move(file)), rules_(std::move(rules)) {
+  const std::size_t end = Bytes().find_first_of("\r\n");
+  if (end == std::string_view::npos) return;
+  const std::string_view rest = Bytes().substr(end, 3);
+  const bool pair = rest.starts_with("\r\n") || rest == "\r\r\n";
+  lineEnd_ = pair ? kLineEnd : Text(1, static_cast<char16_t>(rest.front()));
+}
+
+void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueFormat> rules, TextView separator,
+                            std::vector<Caption>& rows) {
+  if (watch.Records().size() == rows.size()) {
+    const auto codec = MakeCodec(file_.BytesCodePage());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      SourceRecord record{watch.Records()[i], {}, {}, {}, {}};
+      rules->FindFields(rows[i], Bytes(), *codec, separator, record);
+      rows[i].origin = Add(record, rows[i]);
+    }
+    for (const std::size_t line : watch.LinesLeft()) AddNotUnderstood(line);
+  }
+  rules_ = std::move(rules);
+}
+
+bool SourceMap::SameText(const Piece& piece, const Caption& caption) { return piece.textHash == HashOf(caption.text); }
+
+std::size_t SourceMap::LineOf(std::size_t place) const {
+  SourceLines lines(Bytes());
+  SourceLine line;
+  std::size_t number = 0;
+  while (lines.Place() <= place && lines.Next(line)) ++number;
+  return number;
+}
+
+std::vector<std::size_t> SourceMap::LinesNotUnderstood() const {
+  std::vector<std::size_t> numbers;
+  SourceLines lines(Bytes());
+  SourceLine line;
+  std::size_t number = 0;
+  for (const std::uint32_t place : notUnderstood_) {
+    while (lines.Place() <= place && lines.Next(line)) ++number;
+    numbers.push_back(number);
+  }
+  return numbers;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,132 @@
+#include "formats/source/source_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string>
+
+namespace cuewright {
+namespace {
+
+/// The number that a field holds; nothing for a field that holds none.
+std::optional<int> NumberIn(std::string_view field) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), number);
+  if (error != std::errc() || end != field.data() + field.size()) return {};
+  return number;
+}
+
+}  // namespace
+
+bool SourceWriter::Changed(const SourceMap::Piece& piece, const Caption& caption) const {
+  return TimeChanged(piece.times.start, caption.start) || TimeChanged(piece.times.end, caption.end) ||
+         !SourceMap::SameText(piece, caption);
+}
+
+bool SourceWriter::HeldBy(const Codec& codec) const {
+  if (codec.IsUtf8()) return true;
+  const auto& pieces = map_.Pieces();
+  for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
+    const Caption& caption = captions_.At(row);
+    const bool known = caption.origin != 0 && caption.origin <= pieces.size();
+    if (known && SourceMap::SameText(pieces[caption.origin - 1], caption)) continue;
+    if (!codec.Holds(caption.text)) return false;
+  }
+  return true;
+}
+
+void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
+  SourceOutput out(map_, codec, turned, sink);
+  const Text sample = map_.Rules().Record({Caption{0, 1000, u"x", 0}, 1, u"\n", {}}, Separator());
+  const bool blankBetween = sample.ends_with(u"\n\n");
+  const auto& pieces = map_.Pieces();
+  written_.assign(pieces.size(), false);
+  next_ = done_ = 0;
+  neighbour_ = {};
+  for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
+    const std::uint32_t origin = captions_.At(row).origin;
+    if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
+      if (next_ == 0) KeepUpTo(0, out);
+      out.BeginLine(blankBetween);
+      WriteNew(row, out);
+      continue;
+    }
+    const Stretch whole = pieces[origin - 1].record.whole;
+    if (origin > next_) {
+      KeepUpTo(origin - 1, out);
+      next_ = origin;
+      done_ = whole.End();
+    }
+    if (!out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
+    written_[origin - 1] = true;
+    neighbour_ = whole.In(map_.Bytes());
+    WriteRecord(row, origin, out);
+  }
+  KeepUpTo(pieces.size(), out);
+  out.Finish();
+}
+
+void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
+  const auto& pieces = map_.Pieces();
+  // What stood around records that went stays.
+  for (; next_ < piece; ++next_) {
+    out.PutOld(done_, pieces[next_].record.whole.at);
+    done_ = pieces[next_].record.whole.End();
+  }
+  const std::size_t begin = piece < pieces.size() ? pieces[piece].record.whole.at : map_.Bytes().size();
+  out.PutOld(done_, begin);
+  done_ = begin;
+}
+
+void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const {
+  const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
+  const bool moved = !piece.record.number.Empty() && row != static_cast<Row>(origin);
+  if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
+  out.PutOld(piece.record.whole.at, piece.record.whole.End());
+}
+
+void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
+  const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
+  const SourceRecord& record = piece.record;
+  const Caption& caption = captions_.At(row);
+  const bool start = TimeChanged(piece.times.start, caption.start);
+  const bool end = TimeChanged(piece.times.end, caption.end);
+  const bool text = !SourceMap::SameText(piece, caption);
+  const SourceFormat& rules = map_.Rules();
+  if ((start && record.start.Empty()) || (end && record.end.Empty() && rules.WritesEnds()) ||
+      (text && record.text.at == 0) || ((start || end) && rules.TimesAreLinked())) {
+    return WriteNew(row, out);
+  }
+  struct Field {
+    Stretch place;
+    std::optional<Text> anew;
+  };
+  std::array<Field, 4> fields = {Field{record.number, {}}, Field{record.start, {}}, Field{record.end, {}},
+                                 Field{record.text, {}}};
+  const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
+  if (const std::optional<int> number = NumberIn(old(record.number))) {
+    const int moved = *number + row - static_cast<Row>(origin);
+    if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
+  }
+  if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start, old(record.start)));
+  if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end, old(record.end)));
+  if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
+  std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
+  std::size_t at = record.whole.at;
+  for (const Field& field : fields) {
+    if (!field.anew) continue;
+    out.PutOld(at, field.place.at);
+    out.Replace(field.place, *field.anew);
+    at = field.place.End();
+  }
+  out.PutOld(at, record.whole.End());
+}
+
+void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
+  std::string_view neighbour = neighbour_;
+  if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
+  out.Put(map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator()));
+}
+
+}  // namespace cuewright
