@@ -100,6 +100,16 @@ Stretch CatalogueFormat::FindNumber(std::string_view beforeStart, std::size_t pl
   return MakeStretch(place + lead.size(), digits);
 }
 
+bool CatalogueFormat::IsOfTheForm(TextView line) const {
+  const TextView wanted = TrimBlanks(line);
+  for (const Text* part : {&definition_.recordText, &definition_.headerText, &definition_.footerText}) {
+    for (const Text& own : Split(*part, u"\r")) {
+      if (TrimBlanks(ReplaceAll(own, u"\n", {})) == wanted) return true;
+    }
+  }
+  return false;
+}
+
 int CatalogueFormat::LinesBeforeStart() const {
   const TextView record = definition_.recordText;
   const TextView before = record.substr(0, std::min(record.find(u"qxmStart"), record.size()));

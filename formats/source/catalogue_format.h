@@ -22,6 +22,8 @@ class CatalogueFormat final : public SourceFormat {
   /// Finds the fields of a caption in the bytes of its record, as this format would have written them.
   void FindFields(const Caption& caption, std::string_view bytes, const Codec& codec, TextView separator,
                   SourceRecord& record) const;
+  /// The line is one that every record, or the frame around them, has as it stands.
+  bool IsOfTheForm(TextView line) const;
   /// How many lines of the record stand in front of the one with the start.
   int LinesBeforeStart() const;
 

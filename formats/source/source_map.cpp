@@ -36,7 +36,11 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
       rules->FindFields(rows[i], Bytes(), *codec, separator, record);
       rows[i].origin = Add(record, rows[i]);
     }
-    for (const std::size_t line : watch.LinesLeft()) AddNotUnderstood(line);
+    for (const std::size_t place : watch.LinesLeft()) {
+      SourceLines lines(Bytes(), place);
+      SourceLine line;
+      if (lines.Next(line) && !rules->IsOfTheForm(file_.Decoded(line.text))) AddNotUnderstood(place);
+    }
   }
   rules_ = std::move(rules);
 }
