@@ -1,5 +1,6 @@
 #include "formats/source/source_format.h"
 
+#include "formats/source/substation_format.h"
 #include "formats/source/webvtt_format.h"
 
 namespace cuewright {
@@ -10,12 +11,19 @@ std::unique_ptr<SourceFormat> Make() {
   return std::make_unique<Format>();
 }
 
+template <SubStationVersion kVersion>
+std::unique_ptr<SourceFormat> MakeSubStation() {
+  return std::make_unique<SubStationFormat>(kVersion);
+}
+
 struct Maker {
   TextView identifier;
   std::unique_ptr<SourceFormat> (*make)();
 };
 
 constexpr Maker kMakers[] = {
+    {u"ADVANCEDSSA", MakeSubStation<SubStationVersion::V4Plus>},
+    {u"SUBSTATIONALPHA", MakeSubStation<SubStationVersion::V4>},
     {u"WEBVTT", Make<WebVttFormat>},
     {u"WEBVTT_RSS", Make<WebVttFormat>},
 };
