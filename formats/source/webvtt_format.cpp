@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "formats/source/character_names.h"
 #include "formats/source/clock_field.h"
-#include "formats/source/webvtt_text.h"
 #include "formats/source/whole_styles.h"
 #include "text/digits.h"
 #include "text/utf8.h"
@@ -111,7 +111,7 @@ class WebVttReader {
     record.whole = StretchOf(first.at, BehindBlankLines() - first.at);
     Text cue = text_.Decoded(record.text);
     JoinLines(cue, separator_);
-    DecodeCueText(cue);
+    DecodeNames(cue);
     TagsToMarkers(cue);
     goOn_ = sink_.Add(timing.start.ms, timing.end.ms, std::move(cue), record);
   }
@@ -158,7 +158,7 @@ void WebVttFormat::Read(const SourceText& text, TextView separator, SourceSink& 
 std::string WebVttFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text WebVttFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
-  const Text encoded = EncodeCueText(MarkersToTags(text), namesHardBlanks_);
+  const Text encoded = EncodeNames(MarkersToTags(text), namesHardBlanks_);
   if (encoded.empty() || FindPlain(encoded, separator) == TextView::npos) return encoded;
   Text field;
   for (const Text& line : Split(encoded, separator)) {

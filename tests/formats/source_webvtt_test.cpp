@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "formats/source/webvtt_text.h"
+#include "formats/source/character_names.h"
 #include "tests/formats/source_rig.h"
 
 namespace cuewright::testing {
@@ -112,9 +112,9 @@ TEST(WebVtt, FilesWithoutCuesAndWithoutASignature) {
 TEST(WebVtt, NamesOfCharactersThatStandForAMarkStay) {
   for (const TextView text : {u"&lt;i&gt;", u"&amp;lt;", u"&amp;amp;x", u"&lt;/v a &amp; b&gt;"}) {
     Text decoded(text);
-    DecodeCueText(decoded);
+    DecodeNames(decoded);
     EXPECT_EQ(decoded.find(u'<'), Text::npos);
-    EXPECT_EQ(EncodeCueText(decoded), text);
+    EXPECT_EQ(EncodeNames(decoded), text);
   }
   struct Case {
     TextView file;
@@ -128,12 +128,12 @@ TEST(WebVtt, NamesOfCharactersThatStandForAMarkStay) {
                              {u"&lrm;&copy;", u"\u200E&copy;"}};
   for (const auto& [file, text] : kCases) {
     Text decoded(file);
-    DecodeCueText(decoded);
+    DecodeNames(decoded);
     EXPECT_EQ(decoded, text);
   }
-  EXPECT_EQ(EncodeCueText(u"a < b > c & <i>d</i> &lt;u&gt; <3"), u"a &lt; b &gt; c &amp; <i>d</i> &lt;u&gt; &lt;3");
-  EXPECT_EQ(EncodeCueText(u"a\u00A0b"), u"a\u00A0b");
-  EXPECT_EQ(EncodeCueText(u"a\u00A0b", true), u"a&nbsp;b");
+  EXPECT_EQ(EncodeNames(u"a < b > c & <i>d</i> &lt;u&gt; <3"), u"a &lt; b &gt; c &amp; <i>d</i> &lt;u&gt; &lt;3");
+  EXPECT_EQ(EncodeNames(u"a\u00A0b"), u"a\u00A0b");
+  EXPECT_EQ(EncodeNames(u"a\u00A0b", true), u"a&nbsp;b");
 }
 
 }  // namespace
