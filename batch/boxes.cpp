@@ -41,6 +41,13 @@ void BatchBoxes::Tell(TextView text) {
   }
 }
 
+void BatchBoxes::TellNotUnderstood(std::size_t number) {
+  const std::string place = file_ + ":" + std::to_string(number);
+  shown_.push_back(u"Line " + FromUtf8(std::to_string(number)) + u" was not understood.");
+  console_.Complain(place + ": this line was not understood");
+  ++troubles_;
+}
+
 BoxAnswer BatchBoxes::Show(const MessageBox& box) {
   Tell(box.text);
   if (box.icon == BoxIcon::Warning || box.icon == BoxIcon::Error) ++troubles_;

@@ -24,6 +24,9 @@ class BatchBoxes final : public Messages {
   /// Shows a text of our own in the same way.
   void Tell(TextView text);
 
+  /// Tells, even when quiet, that a line of the file was not understood; counts as a trouble.
+  void TellNotUnderstood(std::size_t number);
+
   BoxAnswer Show(const MessageBox& box) override;
   Text Ask(const InputBox& box) override;
 

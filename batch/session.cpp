@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "formats/source/source_map.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/options.h"
@@ -78,6 +79,7 @@ bool Session::Begin(const Text& path) {
   state_.CurrentFormatIndex = 0;
   state_.CurrentFps = 0;
   state_.Encoding = {};
+  state_.Source = nullptr;
   if (files_.Exists(path)) return true;
   boxes_.Tell(Fill(strings_[Message::FileNotFound], path));
   return false;
@@ -94,6 +96,9 @@ bool Session::Load(const Text& path) {
   boxes_.line = [this] { return importer_->TroubleLine(); };
   importer_->DetectFormat(path, Loading::NewDocument);
   boxes_.line = nullptr;
+  if (state_.Source && options_.manner.TellsWhatIsLost()) {
+    for (const std::size_t line : state_.Source->LinesNotUnderstood()) boxes_.TellNotUnderstood(line);
+  }
   loadTroubles_ = boxes_.Troubles();
   return captions_.Rows() > 2 || !IsBlank(captions_.At(1).text);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <limits>
 #include <utility>
 
 #include "core/row_store.h"
@@ -11,8 +12,10 @@ namespace {
 
 constexpr std::uint8_t kSnapshot = 1;
 constexpr std::uint8_t kBatch = 2;
+constexpr std::uint8_t kReadSnapshot = 3;  // with the file that the captions were read from
 constexpr std::uint8_t kRows = 1;
 constexpr std::uint8_t kTimes = 2;
+constexpr std::uint8_t kReadRows = 3;  // with the numbers of their records
 constexpr std::size_t kFrame = 8;
 /// Nothing that was written comes near it; a greater length is damage.
 constexpr std::uint32_t kLargestRecord = 1U << 30;
@@ -68,6 +71,20 @@ void PutCaption(std::string& out, const Caption& caption) {
   PutText(out, caption.text);
 }
 
+bool HasOrigin(const Caption& caption) { return caption.origin != 0; }
+
+/// What a snapshot has behind its captions when they were read from a file: the file, and each one's record in it.
+void PutSource(std::string& out, const JournalDocument& document) {
+  const JournalSource& source = document.source;
+  PutText(out, source.format);
+  Put(out, std::bit_cast<std::uint32_t>(source.fps));
+  Put(out, static_cast<std::uint32_t>(source.codePage));
+  out.push_back(source.mark ? 1 : 0);
+  Put(out, source.bytes.size());
+  out += source.bytes;
+  for (const Caption& caption : document.captions) Put(out, caption.origin);
+}
+
 /// Takes a payload apart. Once something doesn't fit, everything is 0 and `Good` is false.
 class Reader {
  public:
@@ -113,6 +130,17 @@ class Reader {
       unit = static_cast<char16_t>(low | unsigned{Byte()} << 8);
     }
     return text;
+  }
+  std::uint32_t Origin() {
+    const std::uint64_t value = Number();
+    if (value > std::numeric_limits<std::uint32_t>::max()) return Fail();
+    return static_cast<std::uint32_t>(value);
+  }
+  std::string Bytes() {
+    const std::uint64_t size = Number();
+    if (size > bytes_.size() - at_) return Fail(), std::string();
+    at_ += static_cast<std::size_t>(size);
+    return std::string(bytes_.substr(at_ - static_cast<std::size_t>(size), static_cast<std::size_t>(size)));
   }
   Caption OneCaption() {
     Caption caption;
@@ -164,7 +192,8 @@ class Replay {
 
  private:
   bool ReadSnapshot(Reader& in) {
-    if (in.Byte() != kSnapshot) return false;
+    const std::uint8_t kind = in.Byte();
+    if (kind != kSnapshot && kind != kReadSnapshot) return false;
     document_.time = in.Signed();
     document_.path = in.String();
     document_.format = in.String();
@@ -176,8 +205,20 @@ class Replay {
     const Row count = in.Count(kMaxRow);
     std::vector<Caption> captions = in.Captions(count);
     if (!in.Good() || captions.empty()) return false;
+    if (kind == kReadSnapshot && !ReadSource(in, captions)) return false;
     rows_.Splice(0, 0, std::move(captions));
     return true;
+  }
+
+  bool ReadSource(Reader& in, std::vector<Caption>& captions) {
+    JournalSource& source = document_.source;
+    source.format = in.String();
+    source.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
+    source.codePage = static_cast<std::int32_t>(in.Number());
+    source.mark = in.Byte() != 0;
+    source.bytes = in.Bytes();
+    for (Caption& caption : captions) caption.origin = in.Origin();
+    return in.Good();
   }
 
   bool Walk(std::string_view payload, bool apply) {
@@ -189,8 +230,8 @@ class Replay {
     size_ = static_cast<Row>(rows_.Size());
     while (in.Good() && !in.AtEnd()) {
       const std::uint8_t kind = in.Byte();
-      if (kind == kRows) {
-        Rows(in, apply);
+      if (kind == kRows || kind == kReadRows) {
+        Rows(in, kind == kReadRows, apply);
       } else if (kind == kTimes) {
         Times(in, apply);
       } else {
@@ -206,13 +247,14 @@ class Replay {
     return true;
   }
 
-  void Rows(Reader& in, bool apply) {
+  void Rows(Reader& in, bool wereRead, bool apply) {
     const Row first = in.Count(kMaxRow);
     const Row removed = in.Count(kMaxRow);
     const Row added = in.Count(kMaxRow);
     const Row left = size_ - removed + added;
     if (first < 1 || removed > size_ - (first - 1) || left < 1 || left > kMaxRow) in.Fail();
     std::vector<Caption> captions = in.Captions(in.Good() ? added : 0);
+    for (Caption& caption : captions) caption.origin = wereRead ? in.Origin() : 0;
     if (!in.Good()) return;
     size_ = left;
     if (apply)
@@ -273,7 +315,8 @@ std::string JournalRecord(std::string_view payload) {
 
 std::string JournalSnapshot(const JournalDocument& document) {
   std::string out;
-  out.push_back(static_cast<char>(kSnapshot));
+  const bool wasRead = !document.source.bytes.empty();
+  out.push_back(static_cast<char>(wasRead ? kReadSnapshot : kSnapshot));
   PutSigned(out, document.time);
   PutText(out, document.path);
   PutText(out, document.format);
@@ -284,11 +327,14 @@ std::string JournalSnapshot(const JournalDocument& document) {
   Put(out, static_cast<std::uint64_t>(document.selected));
   Put(out, document.captions.size());
   for (const Caption& caption : document.captions) PutCaption(out, caption);
+  if (wasRead) PutSource(out, document);
   return out;
 }
 
 void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
-  changes_.push_back(static_cast<char>(splice.TimesOnly() ? kTimes : kRows));
+  bool wereRead = false;
+  for (Row row = splice.first; row < splice.first + splice.added; ++row) wereRead |= HasOrigin(list.At(row));
+  changes_.push_back(static_cast<char>(splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows));
   Put(changes_, static_cast<std::uint64_t>(splice.first));
   if (!splice.TimesOnly()) Put(changes_, static_cast<std::uint64_t>(splice.removed));
   Put(changes_, static_cast<std::uint64_t>(splice.added));
@@ -300,6 +346,8 @@ void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
       PutCaption(changes_, list.At(row));
     }
   }
+  if (splice.TimesOnly() || !wereRead) return;
+  for (Row row = splice.first; row < splice.first + splice.added; ++row) Put(changes_, list.At(row).origin);
 }
 
 std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separator) {

@@ -12,6 +12,17 @@
 
 namespace cuewright {
 
+/// The file that a document was read from, as a journal holds it.
+struct JournalSource {
+  Text format;  ///< identifier in the catalogue
+  float fps = 0;
+  std::int32_t codePage = 0;
+  bool mark = false;
+  std::string bytes;  ///< without the mark; UTF-16 as UTF-8. Empty: there is no such file
+
+  bool operator==(const JournalSource&) const = default;
+};
+
 /// A document as a journal holds it.
 struct JournalDocument {
   std::int64_t time = 0;  ///< of the last change written, in ms since 1970
@@ -23,6 +34,7 @@ struct JournalDocument {
   Text separator;
   Row selected = 1;
   std::vector<Caption> captions;
+  JournalSource source;
 
   bool operator==(const JournalDocument&) const = default;
 };

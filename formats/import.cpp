@@ -90,6 +90,26 @@ void Importer::ImportSubtitle(TextView path, Loading loading) {
   ImportFile(Text(path), std::move(file), false, loading, errors);
 }
 
+void Importer::RestoreSource(const JournalSource& kept) {
+  FormatState& state = formats_.state;
+  state.Source = nullptr;
+  const int format = formats_.catalogue.IndexOf(kept.format);
+  if (kept.bytes.empty() || format < 0) return;
+  const FormatState before = state;
+  const FormatDefinition definition = formats_.loader.Definition();
+  CarryOn errors;
+  TextFile file = TextFile::Kept(kept.bytes, {kept.codePage, kept.mark});
+  const bool settled = recogniser_.Settle(&file, errors).has_value();
+  if (settled && state.CurrentFormatIndex == format) {
+    state.CurrentFps = kept.fps;
+    (void)ReadRows(std::move(file), false, Loading::NewDocument, errors);
+  }
+  const std::shared_ptr<const SourceMap> map = std::exchange(state.Source, nullptr);
+  state = before;
+  formats_.loader.Definition() = definition;
+  state.Source = map;
+}
+
 void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors) {
   FormatState& state = formats_.state;
   if (loading == Loading::NewDocument) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/journal.h"
 #include "core/runtime_error.h"
 #include "formats/definition.h"
 #include "formats/file_access.h"
@@ -38,6 +39,10 @@ class Importer {
   /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
   /// captions. Nothing, after telling why, when no format fits or the file can't be read.
   [[nodiscard]] std::optional<int> SettleFormat(TextView path);
+
+  /// Puts the file in force that captions of a journal were read from, so that they know their records again. Where
+  /// it doesn't read as it did, none is.
+  void RestoreSource(const JournalSource& kept);
 
   /// Reads a file with the format in force. A new document begins with an empty list.
   void ImportSubtitle(TextView path, Loading loading);

@@ -79,6 +79,7 @@ void DocumentFiles::New() {
   formats_.state.CurrentFps = 0;
   formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(formats_.catalogue.IndexOf(kSubRip), 0));
   formats_.state.Encoding = DocumentEncoding();
+  formats_.state.Source = nullptr;
   session_.Begin(DocumentBaseline::Blank);
   if (Playing()) bench_.window.cmdApply.SetEnabled(true);
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "formats/source/source_map.h"
+
 namespace cuewright {
 namespace {
 
@@ -105,6 +107,7 @@ JournalDocument JournalKeeper::Describe() const {
   described.fps = format_.CurrentFps;
   described.codePage = format_.Encoding.codePage;
   described.mark = format_.Encoding.mark;
+  if (format_.Source) described.source = KeptSource(*format_.Source);
   return described;
 }
 

@@ -210,6 +210,7 @@ void Program::RestoreDocument(const JournalDocument& restored) {
   session.Replace(restored.path);
   commands.RestoreSeparator(restored.separator);
   session.EmptyList();
+  importer.RestoreSource(restored.source);
   list.Replace(1, list.Rows() - 1, restored.captions);
   formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
   formats.CurrentFps = restored.fps;

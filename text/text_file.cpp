@@ -50,6 +50,20 @@ TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
   return file;
 }
 
+TextFile TextFile::Kept(std::string bytes, const DocumentEncoding& encoding) {
+  TextFile file;
+  file.bytes_ = std::move(bytes);
+  file.encoding_ = encoding;
+  if (encoding.codePage == kCodePageUtf16Le || encoding.codePage == kCodePageUtf16Be) {
+    file.surrogates_ = Surrogates::AreKept;
+  } else if (encoding.codePage != kCodePageUtf8) {
+    file.codec_ = MakeCodec(encoding.codePage);
+  }
+  if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
+  file.doubledReturn_ = true;
+  return file;
+}
+
 void TextFile::TurnIntoUtf8(bool bigEndian) {
   const auto codec = MakeCodec(bigEndian ? kCodePageUtf16Be : kCodePageUtf16Le);
   const std::string_view source = std::string_view(bytes_).substr(start_);

@@ -52,6 +52,9 @@ class TextFile {
   /// one line end.
   static TextFile Auto(std::string bytes, const Encodings& encodings);
 
+  /// A file whose `Bytes` and encoding were kept.
+  static TextFile Kept(std::string bytes, const DocumentEncoding& encoding);
+
   const DocumentEncoding& Encoding() const { return encoding_; }
 
   /// The next line without its end; false behind the last one. A file that ends in a line end has no line behind

@@ -1,120 +1,118 @@
 #include "formats/source/clock_field.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
+
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {
 
-constexpr bool IsDigitByte(char c) { return c >= '0' && c <= '9'; }
+constexpr std::int64_t kLongest = std::numeric_limits<std::int32_t>::max();
+constexpr std::size_t kMostParts = 3;
+constexpr std::size_t kMsDigits = 3;
 
-std::size_t DigitsAt(std::string_view text, std::size_t at) {
+/// The parts of a clock time as they are written.
+struct ClockForm {
+  std::array<std::size_t, kMostParts> widths{};
+  std::size_t parts = 0;
+  char fractionMark = 0;
+  std::size_t fractionDigits = 0;
+  std::size_t size = 0;
+  std::int64_t ms = 0;
+};
+
+std::size_t DigitsAt(std::string_view bytes, std::size_t at) {
   std::size_t end = at;
-  while (end < text.size() && IsDigitByte(text[end])) ++end;
+  while (end < bytes.size() && IsDigit(bytes[end])) ++end;
   return end - at;
 }
 
-std::int32_t NumberAt(std::string_view text, std::size_t at, std::size_t digits) {
-  std::int32_t number = 0;
-  for (std::size_t i = at; i < at + digits; ++i) number = number * 10 + (text[i] - '0');
+/// A number that stays just above what can be held once it passes that.
+std::int64_t NumberOf(std::string_view digits) {
+  std::int64_t number = 0;
+  for (const char c : digits) number = std::min(number * 10 + (c - '0'), kLongest + 1);
   return number;
 }
 
-/// Digits behind the decimal sign as ms; those behind the fourth can't change the rounding.
-std::int32_t FractionMs(std::string_view digits) {
-  std::int32_t tenthsOfMs = 0;
-  for (std::size_t i = 0; i < 4; ++i) tenthsOfMs = tenthsOfMs * 10 + (i < digits.size() ? digits[i] - '0' : 0);
-  return (tenthsOfMs + 5) / 10;
+/// A fraction of a second in ms, its further digits rounded.
+std::int64_t FractionMs(std::string_view digits) {
+  std::int64_t ms = 0;
+  for (std::size_t i = 0; i < kMsDigits; ++i) ms = ms * 10 + (i < digits.size() ? digits[i] - '0' : 0);
+  return digits.size() > kMsDigits && digits[kMsDigits] >= '5' ? ms + 1 : ms;
 }
 
-void AppendPadded(std::int64_t number, std::size_t digits, std::string& out) {
-  const std::string text = std::to_string(number);
-  if (text.size() < digits) out.append(digits - text.size(), '0');
-  out += text;
+std::optional<ClockForm> FormOf(std::string_view bytes) {
+  ClockForm form;
+  std::int64_t seconds = 0;
+  std::size_t at = 0;
+  for (;;) {
+    const std::size_t width = DigitsAt(bytes, at);
+    if (width == 0) return {};
+    form.widths[form.parts++] = width;
+    seconds = std::min(seconds * 60 + NumberOf(bytes.substr(at, width)), kLongest);
+    at += width;
+    if (form.parts == kMostParts || bytes.substr(at, 1) != ":" || DigitsAt(bytes, at + 1) == 0) break;
+    ++at;
+  }
+  if (form.parts < 2) return {};
+  form.ms = seconds * 1000;
+  if (at + 1 < bytes.size() && (bytes[at] == '.' || bytes[at] == ',') && IsDigit(bytes[at + 1])) {
+    form.fractionMark = bytes[at];
+    form.fractionDigits = DigitsAt(bytes, at + 1);
+    form.ms += FractionMs(bytes.substr(at + 1, form.fractionDigits));
+    at += 1 + form.fractionDigits;
+  }
+  if (form.ms > kLongest) return {};
+  form.size = at;
+  return form;
 }
 
-/// The groups of a clock field and what parts them.
-struct ClockShape {
-  std::size_t hourDigits = 0;  ///< 0: no hours
-  std::size_t minuteDigits = 2;
-  std::size_t secondDigits = 2;
-  char sign = ',';
-  std::size_t fractionDigits = 0;
-};
-
-ClockShape ShapeOf(std::string_view old) {
-  ClockShape shape;
-  std::size_t at = DigitsAt(old, 0);
-  const std::size_t first = at;
-  const std::size_t second = DigitsAt(old, at + 1);
-  at += 1 + second;
-  if (at < old.size() && old[at] == ':') {
-    shape.hourDigits = first;
-    shape.minuteDigits = second;
-    shape.secondDigits = DigitsAt(old, at + 1);
-    at += 1 + shape.secondDigits;
-  } else {
-    shape.minuteDigits = first;
-    shape.secondDigits = second;
-  }
-  if (at < old.size()) {
-    shape.sign = old[at];
-    shape.fractionDigits = DigitsAt(old, at + 1);
-  }
-  return shape;
+void AppendPadded(std::int64_t number, std::size_t width, std::string& out) {
+  const std::string digits = std::to_string(number);
+  if (digits.size() < width) out.append(width - digits.size(), '0');
+  out += digits;
 }
 
 }  // namespace
 
-std::optional<ClockField> ReadClock(std::string_view text, bool mayLackHours) {
-  const std::size_t first = DigitsAt(text, 0);
-  if (first == 0 || first > 3 || first == text.size() || text[first] != ':') return {};
-  const std::size_t second = DigitsAt(text, first + 1);
-  if (second == 0 || second > 2) return {};
-  std::size_t at = first + 1 + second;
-  std::int32_t hours = NumberAt(text, 0, first);
-  std::int32_t minutes = NumberAt(text, first + 1, second);
-  std::int32_t seconds = 0;
-  if (at < text.size() && text[at] == ':' && DigitsAt(text, at + 1) != 0) {
-    const std::size_t third = DigitsAt(text, at + 1);
-    if (third > 2) return {};
-    seconds = NumberAt(text, at + 1, third);
-    at += 1 + third;
-  } else if (mayLackHours && first <= 2) {
-    seconds = minutes;
-    minutes = hours;
-    hours = 0;
-  } else {
-    return {};
-  }
-  if (minutes > 59 || seconds > 59 || hours > 595) return {};
-  std::int32_t ms = ((hours * 60 + minutes) * 60 + seconds) * 1000;
-  if (at < text.size() && (text[at] == ',' || text[at] == '.')) {
-    const std::size_t digits = DigitsAt(text, at + 1);
-    if (digits != 0) ms += FractionMs(text.substr(at + 1, digits));
-    at += digits == 0 ? 0 : 1 + digits;
-  }
-  return ClockField{ms, at};
+std::optional<ClockField> ReadClock(std::string_view bytes) {
+  const std::optional<ClockForm> form = FormOf(bytes);
+  if (!form) return {};
+  return ClockField{static_cast<std::int32_t>(form->ms), form->size};
 }
 
-std::string WriteClock(std::int32_t ms, std::string_view old) {
-  const ClockShape shape = ShapeOf(old);
-  std::int64_t step = 1;  // of the last digit, in ms
-  for (std::size_t digits = shape.fractionDigits; digits < 3; ++digits) step *= 10;
-  const std::int64_t rounded = (std::max<std::int64_t>(ms, 0) + step / 2) / step * step;
-  const std::int64_t hours = rounded / 3600000;
+std::string ClockLike(std::int32_t ms, std::string_view like, NoHours noHours) {
+  const ClockForm form = FormOf(like).value_or(ClockForm{{2, 2, 2}, 3, '.', kMsDigits, 0, 0});
+  const std::size_t digits = std::min(form.fractionDigits, kMsDigits);
+  std::int64_t perSecond = 1;
+  for (std::size_t i = 0; i < digits; ++i) perSecond *= 10;
+  const std::int64_t steps = Nearest(std::max(ms, 0), 1000 / perSecond);
+  const std::int64_t seconds = steps / perSecond;
+
   std::string out;
-  if (shape.hourDigits != 0 || hours != 0) {
-    AppendPadded(hours, shape.hourDigits == 0 ? 2 : shape.hourDigits, out);
+  const bool hasHours = form.parts == kMostParts;
+  const bool runsOn = !hasHours && noHours == NoHours::RunOnInMinutes;
+  if (hasHours || (!runsOn && seconds >= 3600)) {
+    AppendPadded(seconds / 3600, hasHours ? form.widths[0] : 2, out);
     out += ':';
   }
-  AppendPadded(rounded / 60000 % 60, shape.minuteDigits, out);
+  AppendPadded(runsOn ? seconds / 60 : seconds / 60 % 60, form.widths[form.parts - 2], out);
   out += ':';
-  AppendPadded(rounded / 1000 % 60, shape.secondDigits, out);
-  if (shape.fractionDigits == 0) return out;
-  out += shape.sign;
-  AppendPadded(rounded % 1000 / step, std::min<std::size_t>(shape.fractionDigits, 3), out);
-  if (shape.fractionDigits > 3) out.append(shape.fractionDigits - 3, '0');
+  AppendPadded(seconds % 60, form.widths[form.parts - 1], out);
+  if (form.fractionMark == 0) return out;
+  out += form.fractionMark;
+  AppendPadded(steps % perSecond, digits, out);
+  out.append(form.fractionDigits - digits, '0');
   return out;
+}
+
+std::optional<ClockField> ReadNumber(std::string_view bytes) {
+  const std::size_t size = DigitsAt(bytes, 0);
+  const std::int64_t number = NumberOf(bytes.substr(0, size));
+  if (size == 0 || number > kLongest) return {};
+  return ClockField{static_cast<std::int32_t>(number), size};
 }
 
 }  // namespace cuewright

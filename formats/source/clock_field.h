@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -7,20 +8,28 @@
 
 namespace cuewright {
 
-/// A time of the clock found in a line: its value in ms and the bytes it takes.
+/// A clock time that stands in a file, and how many bytes it takes.
 struct ClockField {
   std::int32_t ms = 0;
   std::size_t size = 0;
 };
 
-/// Reads "[H:]MM:SS[.fraction]" at the beginning of `text`: hours of one to three digits, or none with `mayLackHours`;
-/// minutes and seconds of one or two digits below 60; behind a comma or a dot any number of digits, which are a
-/// fraction of the second, rounded to ms. Nothing when no such time stands there.
-std::optional<ClockField> ReadClock(std::string_view text, bool mayLackHours = false);
+/// The clock time with which the bytes begin: "[hours:]minutes:seconds[.fraction]", with a dot or a comma and any
+/// number of digits in each part. Empty when they begin with something else or the time doesn't fit.
+std::optional<ClockField> ReadClock(std::string_view bytes);
 
-/// A time in ms with the digits and signs of the clock field `old`: as many digits of the hour or more, a fraction of
-/// as many digits, rounded to its last one with carry. Hours are added when the old field lacks them and the time needs
-/// them.
-std::string WriteClock(std::int32_t ms, std::string_view old);
+/// What a time without a field for hours does from one hour on.
+enum class NoHours { AreAdded, RunOnInMinutes };
+
+/// A time in the form of another, to the nearest step that its fraction has: the same parts, signs and digits, more of
+/// them where the time needs more. A negative time is written as 0, and the form of anything that is no clock time is
+/// "00:00:00.000".
+std::string ClockLike(std::int32_t ms, std::string_view form, NoHours noHours = NoHours::AreAdded);
+
+/// The number with which the bytes begin, and the digits that it has; empty without a digit and when it doesn't fit.
+std::optional<ClockField> ReadNumber(std::string_view bytes);
+
+/// `value / step`, to the nearest, halves upward; for values from 0 on.
+constexpr std::int64_t Nearest(std::int64_t value, std::int64_t step) { return (value + step / 2) / step; }
 
 }  // namespace cuewright

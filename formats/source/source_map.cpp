@@ -45,6 +45,11 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
   rules_ = std::move(rules);
 }
 
+JournalSource KeptSource(const SourceMap& map) {
+  const DocumentEncoding& encoding = map.File().Encoding();
+  return {map.Format(), map.Fps(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
+}
+
 bool SourceMap::SameText(const Piece& piece, const Caption& caption) { return piece.textHash == HashOf(caption.text); }
 
 std::size_t SourceMap::LineOf(std::size_t place) const {

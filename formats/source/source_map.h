@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/journal.h"
 #include "formats/source/source_format.h"
 #include "text/text.h"
 #include "text/text_file.h"
@@ -72,5 +73,8 @@ class SourceMap {
   std::vector<Piece> pieces_;
   std::vector<std::uint32_t> notUnderstood_;
 };
+
+/// The file of a map as a journal keeps it.
+JournalSource KeptSource(const SourceMap& map);
 
 }  // namespace cuewright

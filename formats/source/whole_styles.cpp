@@ -1,116 +1,98 @@
 #include "formats/source/whole_styles.h"
 
 #include <array>
-
-#include "core/style_markers.h"
-#include "text/text_search.h"
+#include <utility>
 
 namespace cuewright {
 namespace {
 
-/// Markers stand in this order in front of a text.
-constexpr TextView kLetters = u"uib";
-constexpr std::size_t kOpenSize = 3;
-constexpr std::size_t kCloseSize = 4;
+constexpr std::size_t kOpening = 3;  // "<i>"
+constexpr std::size_t kClosing = 4;  // "</i>"
 
-constexpr char16_t Small(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-
-/// The letter of a style's opening tag at the beginning of the text, in lower case; NUL for anything else.
-char16_t OpeningAt(TextView text) {
-  if (text.size() < kOpenSize || text[0] != u'<' || text[2] != u'>') return 0;
-  const char16_t letter = Small(text[1]);
-  return letter == u'b' || letter == u'i' || letter == u'u' ? letter : u'\0';
-}
-
-bool ClosesAt(TextView text, char16_t letter) {
-  return text.size() >= kCloseSize && text[0] == u'<' && text[1] == u'/' && Small(text[2]) == letter && text[3] == u'>';
-}
-
-/// How many tags of the letter the text holds.
-struct TagCount {
-  int open = 0;
-  int close = 0;
+struct Style {
+  char16_t letter;
+  bool WholeStyles::*flag;
 };
+constexpr std::array<Style, 3> kStyles = {
+    {{u'b', &WholeStyles::bold}, {u'i', &WholeStyles::italic}, {u'u', &WholeStyles::underline}}};
 
-TagCount CountTags(TextView text, char16_t letter) {
-  TagCount count;
-  for (std::size_t at = text.find(u'<'); at != TextView::npos; at = text.find(u'<', at + 1)) {
-    if (OpeningAt(text.substr(at)) == letter) ++count.open;
-    if (ClosesAt(text.substr(at), letter)) ++count.close;
+Text Opening(char16_t letter) { return {u'<', letter, u'>'}; }
+Text Closing(char16_t letter) { return {u'<', u'/', letter, u'>'}; }
+
+/// The style whose tag the text begins with, in small or capital letters; null for another.
+const Style* StyleAt(TextView text) {
+  if (text.size() < kOpening || text[0] != u'<' || text[2] != u'>') return nullptr;
+  for (const Style& style : kStyles) {
+    if ((text[1] | 0x20) == style.letter) return &style;
   }
-  return count;
-}
-
-/// The text begins with an opening tag of the letter and ends with its closing one, or lacks that.
-bool Covers(TextView text, char16_t letter) {
-  if (OpeningAt(text) != letter) return false;
-  const TagCount count = CountTags(text, letter);
-  if (count.open != 1 || count.close > 1) return false;
-  return count.close == 0 || (text.size() >= kCloseSize && ClosesAt(text.substr(text.size() - kCloseSize), letter));
-}
-
-Text Uncovered(TextView text, char16_t letter) {
-  text.remove_prefix(kOpenSize);
-  if (text.size() >= kCloseSize && ClosesAt(text.substr(text.size() - kCloseSize), letter)) {
-    text.remove_suffix(kCloseSize);
-  }
-  return Text(text);
-}
-
-/// Every line is covered by a pair of tags of its own, and there is more than one.
-bool CoversEachLine(TextView text, TextView separator, char16_t letter) {
-  if (separator.empty() || text.find(separator) == TextView::npos) return false;
-  for (const Text& line : Split(text, separator)) {
-    if (!Covers(line, letter) || CountTags(line, letter).close != 1) return false;
-  }
-  return true;
-}
-
-Text UncoveredLines(TextView text, TextView separator, char16_t letter) {
-  Text lines;
-  for (const Text& line : Split(text, separator)) {
-    if (!lines.empty()) lines += separator;
-    lines += Uncovered(line, letter);
-  }
-  return lines;
+  return nullptr;
 }
 
 }  // namespace
 
-Text TagsToMarkers(Text text, TextView separator) {
-  if (text.empty() || text.front() != u'<') return text;
-  std::array<bool, kLetters.size()> found{};
-  for (char16_t letter = OpeningAt(text); letter != 0; letter = OpeningAt(text)) {
-    if (Covers(text, letter)) {
-      text = Uncovered(text, letter);
-    } else if (CoversEachLine(text, separator, letter)) {
-      text = UncoveredLines(text, separator, letter);
-    } else {
-      break;
-    }
-    found[static_cast<std::size_t>(TextView(kLetters).find(letter))] = true;
+WholeStyles TakeMarkers(Text& text) {
+  WholeStyles taken;
+  if (text.find(u'<') == Text::npos) return taken;
+  for (const auto& [letter, flag] : kStyles) {
+    const Text marker = Opening(letter);
+    if (text.find(marker) == Text::npos || FindLoose(text, Closing(letter)) != TextView::npos) continue;
+    taken.*flag = true;
+    text = ReplaceAll(text, marker, {});
   }
+  return taken;
+}
+
+Text Markers(WholeStyles styles) {
   Text markers;
-  for (std::size_t i = 0; i < kLetters.size(); ++i) {
-    if (found[i]) markers.append(u"<").append(1, kLetters[i]).append(u">");
+  for (const auto& [letter, flag] : kStyles) {
+    if (styles.*flag) markers += Opening(letter);
   }
-  return markers + text;
+  return markers;
+}
+
+void TagsToMarkers(Text& text) {
+  if (text.empty() || text.front() != u'<' || text.back() != u'>') return;
+  WholeStyles found;
+  TextView inner = text;
+  while (const Style* style = StyleAt(inner)) {
+    const Text closing = Closing(style->letter);
+    if (inner.size() < kOpening + kClosing) break;
+    if (FindLoose(inner, closing) != inner.size() - kClosing) break;
+    found.*(style->flag) = true;
+    inner = inner.substr(kOpening, inner.size() - kOpening - kClosing);
+  }
+  if (found.Any()) text = Markers(found) + Text(inner);
 }
 
 Text MarkersToTags(TextView text) {
-  if (text.find(u'<') == TextView::npos) return Text(text);
-  Text body(text);
-  Text opening;
-  Text closing;
-  for (const TextView marker : kStyleMarkers) {
-    const char16_t letter = marker[1];
-    const TagCount count = CountTags(body, letter);
-    if (count.open != 1 || count.close != 0) continue;
-    body = ReplaceAll(body, marker, {});
-    opening += marker;
-    closing = u"</" + Text(1, letter) + u">" + closing;
+  Text inner(text);
+  const WholeStyles styles = TakeMarkers(inner);
+  if (!styles.Any()) return inner;
+  Text result = Markers(styles) + inner;
+  for (std::size_t i = kStyles.size(); i-- > 0;) {
+    if (styles.*(kStyles[i].flag)) result += Closing(kStyles[i].letter);
   }
-  return opening + body + closing;
+  return result;
+}
+
+void JoinLines(Text& text, TextView separator) {
+  std::size_t end = text.find_first_of(u"\r\n");
+  if (end == Text::npos) return;
+  Text joined;
+  joined.reserve(text.size());
+  std::size_t at = 0;
+  for (; end != Text::npos; end = text.find_first_of(u"\r\n", at)) {
+    joined.append(text, at, end - at).append(separator);
+    at = end + 1;
+    if (text[end] == u'\n') continue;
+    if (text.compare(end, 3, u"\r\r\n") == 0) {
+      at = end + 3;
+    } else if (text.compare(end, 2, u"\r\n") == 0) {
+      at = end + 2;
+    }
+  }
+  joined.append(text, at);
+  text = std::move(joined);
 }
 
 }  // namespace cuewright

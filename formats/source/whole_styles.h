@@ -4,11 +4,29 @@
 
 namespace cuewright {
 
-/// Takes the tags "<b>", "<i>" and "<u>" of HTML that cover all of a text, or each of its lines whole, into the list's
-/// markers in front of it. Tags that cover less stay where they are.
-Text TagsToMarkers(Text text, TextView separator);
+/// The styles that cover all of a caption's text.
+struct WholeStyles {
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
 
-/// The way back: markers in front, or one behind the text, become tags around it.
+  bool Any() const { return bold || italic || underline; }
+};
+
+/// Takes the list's markers "<b>", "<i>" and "<u>" out of a text and tells which it had. One that is closed further on
+/// is no marker but a style of a part.
+WholeStyles TakeMarkers(Text& text);
+
+/// The markers of these styles.
+Text Markers(WholeStyles styles);
+
+/// "<i>all</i>" as the list has it: "<i>all". Tags that style a part stay.
+void TagsToMarkers(Text& text);
+
+/// The opposite: the markers are tags around the text.
 Text MarkersToTags(TextView text);
+
+/// Puts the line separator in place of line ends of any kind.
+void JoinLines(Text& text, TextView separator);
 
 }  // namespace cuewright

@@ -133,5 +133,19 @@ TEST_F(BatchStreams, AFullOutputFails) {
   EXPECT_EQ(Shell("\"$B\" convert a.srt --to MICRODVD --out - > /dev/full").status, 1);
 }
 
+TEST_F(BatchTest, ALineThatIsNotUnderstoodIsToldAlsoWhenQuietAndStaysInTheFile) {
+  const std::string file = "1\n00:00:01,000 --> 00:00:02,000\none\n\n2\n00:00:x3,000 --> 00:00:04,000\nlost\n";
+  Write("a.srt", file);
+  for (const char* const loud : {"--quiet", "--json"}) {
+    const ProcessResult result = Batch({"dump", "a.srt", loud});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.error, "a.srt:6: this line was not understood\na.srt:7: this line was not understood\n");
+  }
+  EXPECT_EQ(Batch({"convert", "a.srt", "--to", "SUBRIP", "--out", "b.srt"}).status, 1);
+  EXPECT_EQ(Read("b.srt"), file);
+  EXPECT_EQ(Batch({"convert", "a.srt", "--to", "SUBRIP", "--out", "a.srt"}).status, 1);
+  EXPECT_EQ(Batch({"dump", "a.srt", "--classic"}).status, 0);
+}
+
 }  // namespace
 }  // namespace cuewright::test

@@ -114,6 +114,7 @@ TEST(DialogueLines, KeepTheCommasOfTheText) {
 
 TEST(DialogueLines, OfTooFewFieldsAreToldAndDropped) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.ImportAs(u"ADVANCEDSSA",
                "Dialogue: 0,0:00:01.50,0:00:02.25\r\nDialogue: 0,0:00:03.00,0:00:04.00,D,,0,0,0,,x\r\n");
   EXPECT_EQ(rig.Rows(), (Rows{{3000, 4000, u"x"}}));

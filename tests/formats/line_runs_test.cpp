@@ -202,6 +202,7 @@ TEST(LineRuns, ASeparatorThatLooksLikeATagIsTreatedAsOne) {
     FormatRig rig;
     rig.encodings = Encodings(codePage);
     rig.options.readAs = u"classic";
+    rig.options.manner.SetClassic(true);
     rig.options.lineSeparator = u"<i>";
     rig.Open("a.vtt", "WEBVTT\r\n\r\n00:00:01.000 --> 00:00:02.000\r\none\r\ntwo\r\n\r\n");
     EXPECT_EQ(rig.Rows(), (std::vector<Caption>{{1000, 2000, u"<i>onetwo"}})) << codePage;

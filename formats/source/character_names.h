@@ -1,0 +1,20 @@
+#pragma once
+
+#include "text/text.h"
+
+namespace cuewright {
+
+/// Writes the characters that stand in a text by name or number ("&lt;", "&#39;") as themselves, but for those that
+/// would be taken for a mark.
+void DecodeNames(Text& text);
+
+/// The same for all of them.
+void DecodeAllNames(Text& text);
+
+/// The opposite: "&", "<" and ">" that belong to no mark are written by name, and so are hard blanks when asked for.
+Text EncodeNames(TextView text, bool namesHardBlanks = false);
+
+/// Every "&", "<" and ">" is written by name.
+Text EncodeAllNames(TextView text);
+
+}  // namespace cuewright

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cstddef>
+
+namespace cuewright {
+
+/// What a caption's marks say that another format may have no marks for.
+enum class Loss : std::size_t {
+  Bold,
+  Italic,
+  Underline,
+  Strike,
+  Colour,
+  Speaker,
+  Position,       ///< top, middle, left, right
+  ExactPosition,  ///< coordinates
+  Font,
+  Size,
+  Karaoke,  ///< times inside of a caption
+  Ruby,
+  Drawing,
+  Effect,  ///< borders, turns, fades, movements
+  Class,   ///< a style that the file names elsewhere
+  Remark,  ///< words that no viewer shows
+  Other,
+};
+inline constexpr std::size_t kLossKinds = static_cast<std::size_t>(Loss::Other) + 1;
+
+/// The kinds of marks that one caption has or loses.
+class LossSet {
+ public:
+  void Add(Loss kind) { kinds_.set(static_cast<std::size_t>(kind)); }
+  bool Has(Loss kind) const { return kinds_.test(static_cast<std::size_t>(kind)); }
+  bool Any() const { return kinds_.any(); }
+
+ private:
+  std::bitset<kLossKinds> kinds_;
+};
+
+/// How many captions lose marks of each kind.
+class Losses {
+ public:
+  std::size_t Of(Loss kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+  bool Any() const {
+    for (const std::size_t count : counts_) {
+      if (count != 0) return true;
+    }
+    return false;
+  }
+  void AddCaption(const LossSet& lost) {
+    for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
+      if (lost.Has(static_cast<Loss>(kind))) ++counts_[kind];
+    }
+  }
+
+ private:
+  std::array<std::size_t, kLossKinds> counts_{};
+};
+
+}  // namespace cuewright

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "formats/source/losses.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// Whose marks stand in the text of a caption. In all of them the list's markers "<b>", "<i>" and "<u>" without a
+/// closing mark mean the whole caption.
+enum class MarkKind { Plain, SubRip, WebVtt, SubStation, Sami, MicroDvd, Ttml, Mpl2 };
+
+/// The marks that captions of a format bear.
+MarkKind MarkKindOf(TextView identifier);
+
+/// How a part of a caption looks.
+struct RunStyle {
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
+  bool strike = false;
+  std::optional<std::uint32_t> colour;  ///< 0xRRGGBB
+
+  bool operator==(const RunStyle&) const = default;
+};
+
+/// A part of a caption that looks the same from its beginning to its end.
+struct StyledRun {
+  Text text;
+  RunStyle style;
+
+  bool operator==(const StyledRun&) const = default;
+};
+
+/// Where captions stand unless they say otherwise: the keys of a number pad show the nine places.
+inline constexpr int kUsualPlace = 2;
+
+/// A caption as a viewer sees it.
+struct StyledText {
+  std::vector<StyledRun> runs;  ///< with line separators in their texts
+  Text speaker;
+  int place = kUsualPlace;
+  LossSet others;  ///< marks that this can't tell
+
+  Text Visible() const;
+};
+
+/// A text with what some formats keep outside of it: who speaks, and the place on the picture.
+struct MarkedText {
+  Text text;
+  Text speaker;
+  int place = kUsualPlace;
+};
+
+/// What the marks of a text mean.
+StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator);
+
+/// A caption in the marks of a kind; `lost` gets what it can't hold. The speaker is beside the text in SubStation, the
+/// place is in WebVTT and TTML; the caller takes them to where the format has them.
+MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator, LossSet& lost);
+
+/// A text with the marks of another kind, and what lies beside it.
+MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
+
+/// The same where nothing is kept beside the text: what would be is lost.
+Text ConvertMarks(TextView text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
+
+/// The text as a viewer reads it, with its line separators.
+Text VisibleText(TextView text, MarkKind kind, TextView separator);
+
+}  // namespace cuewright

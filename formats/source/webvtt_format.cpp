@@ -1,0 +1,192 @@
+#include "formats/source/webvtt_format.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "formats/source/character_names.h"
+#include "formats/source/clock_field.h"
+#include "formats/source/whole_styles.h"
+#include "text/digits.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::string_view kArrow = "-->";
+constexpr std::string_view kSignature = "WEBVTT";
+
+bool HasArrow(std::string_view line) { return line.find(kArrow) != std::string_view::npos; }
+
+std::size_t SkipBlanks(std::string_view line, std::size_t at) {
+  while (at < line.size() && (line[at] == ' ' || line[at] == '\t')) ++at;
+  return at;
+}
+
+Stretch StretchOf(std::size_t at, std::size_t size) {
+  return {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(size)};
+}
+
+/// The line of a cue's times.
+struct Timing {
+  ClockField start;
+  ClockField end;
+  std::size_t startAt = 0;
+  std::size_t endAt = 0;
+};
+
+std::optional<Timing> TimingIn(std::string_view line) {
+  Timing timing;
+  timing.startAt = SkipBlanks(line, 0);
+  if (timing.startAt == line.size() || !IsDigit(line[timing.startAt])) return {};
+  const auto start = ReadClock(line.substr(timing.startAt));
+  if (!start) return {};
+  const std::size_t arrow = SkipBlanks(line, timing.startAt + start->size);
+  if (line.substr(arrow, kArrow.size()) != kArrow) return {};
+  timing.endAt = SkipBlanks(line, arrow + kArrow.size());
+  const auto end = ReadClock(line.substr(timing.endAt));
+  if (!end) return {};
+  timing.start = *start;
+  timing.end = *end;
+  return timing;
+}
+
+bool BeginsBlock(std::string_view line, std::string_view name) {
+  if (!line.starts_with(name)) return false;
+  return line.size() == name.size() || line[name.size()] == ' ' || line[name.size()] == '\t';
+}
+
+/// Reads one file.
+class WebVttReader {
+ public:
+  WebVttReader(const SourceText& text, TextView separator, SourceSink& sink)
+      : text_(text), separator_(separator), sink_(sink), lines_(text.bytes) {}
+
+  void Read() {
+    SourceLine line;
+    if (!lines_.Next(line)) return;
+    if (line.text.starts_with(kSignature)) {
+      SkipBlock();
+    } else {
+      lines_.GoTo(line.at);
+    }
+    while (goOn_ && lines_.Next(line)) {
+      if (!line.text.empty()) ReadBlock(line);
+    }
+  }
+
+ private:
+  /// A block ends in front of an empty line and of a line with an arrow, which begins another cue.
+  void SkipBlock() {
+    SourceLine line;
+    while (lines_.Next(line)) {
+      if (!line.text.empty() && !HasArrow(line.text)) continue;
+      lines_.GoTo(line.at);
+      return;
+    }
+  }
+
+  void ReadBlock(const SourceLine& first) {
+    if (const auto timing = TimingIn(first.text)) return ReadCue(first, first, *timing);
+    SourceLine second;
+    if (!HasArrow(first.text) && lines_.Next(second)) {
+      if (const auto timing = TimingIn(second.text)) return ReadCue(first, second, *timing);
+      lines_.GoTo(second.at);
+    }
+    const bool known =
+        BeginsBlock(first.text, "NOTE") || BeginsBlock(first.text, "STYLE") || BeginsBlock(first.text, "REGION");
+    if (!known) sink_.NotUnderstood(first.at);
+    SkipBlock();
+  }
+
+  void ReadCue(const SourceLine& first, const SourceLine& times, const Timing& timing) {
+    SourceRecord record;
+    record.start = StretchOf(times.at + timing.startAt, timing.start.size);
+    record.end = StretchOf(times.at + timing.endAt, timing.end.size);
+    ++count_;
+    // A name that counts the cues is a number; any other is a name and stays as it is.
+    if (first.at != times.at && first.text == std::to_string(count_)) {
+      record.number = StretchOf(first.at, first.text.size());
+    }
+    record.text = TextBehind(times);
+    record.whole = StretchOf(first.at, BehindBlankLines() - first.at);
+    Text cue = text_.Decoded(record.text);
+    JoinLines(cue, separator_);
+    DecodeNames(cue);
+    TagsToMarkers(cue);
+    goOn_ = sink_.Add(timing.start.ms, timing.end.ms, std::move(cue), record);
+  }
+
+  Stretch TextBehind(const SourceLine& times) {
+    const std::size_t begin = times.next;
+    std::size_t end = begin;
+    SourceLine line;
+    while (lines_.Next(line)) {
+      if (line.text.empty() || HasArrow(line.text)) {
+        lines_.GoTo(line.at);
+        break;
+      }
+      end = line.End();
+    }
+    return StretchOf(begin, end - begin);
+  }
+
+  std::size_t BehindBlankLines() {
+    SourceLine line;
+    while (lines_.Next(line)) {
+      if (line.text.empty()) continue;
+      lines_.GoTo(line.at);
+      break;
+    }
+    return lines_.Place();
+  }
+
+  const SourceText& text_;
+  TextView separator_;
+  SourceSink& sink_;
+  SourceLines lines_;
+  int count_ = 0;
+  bool goOn_ = true;
+};
+
+}  // namespace
+
+void WebVttFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
+  namesHardBlanks_ = text.bytes.find("&nbsp;") != std::string_view::npos;
+  WebVttReader(text, separator, sink).Read();
+}
+
+std::string WebVttFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
+
+Text WebVttFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
+  const Text encoded = EncodeNames(MarkersToTags(text), namesHardBlanks_);
+  if (encoded.empty() || FindPlain(encoded, separator) == TextView::npos) return encoded;
+  Text field;
+  for (const Text& line : Split(encoded, separator)) {
+    if (!field.empty()) field += lineEnd;
+    // An empty line would end the cue.
+    field += line.empty() ? u"&nbsp;" : line;
+  }
+  return field;
+}
+
+Text WebVttFormat::Record(const NewRecord& record, TextView separator) const {
+  std::string_view form = "00:00:00.000";
+  bool numbered = false;
+  SourceLines lines(record.neighbour);
+  SourceLine line;
+  while (lines.Next(line)) {
+    if (const auto timing = TimingIn(line.text)) {
+      form = line.text.substr(timing->startAt, timing->start.size);
+      break;
+    }
+    numbered = !line.text.empty() && std::all_of(line.text.begin(), line.text.end(), IsDigit<char>);
+  }
+  const Caption& caption = record.caption;
+  Text result;
+  if (numbered) result.append(Decimal(record.number)).append(record.lineEnd);
+  result += FromUtf8(ClockLike(caption.start, form) + " --> " + ClockLike(caption.end, form));
+  result.append(record.lineEnd).append(TextField(caption.text, separator, record.lineEnd));
+  return result.append(record.lineEnd).append(record.lineEnd);
+}
+
+}  // namespace cuewright
