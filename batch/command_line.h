@@ -31,7 +31,7 @@ struct Request {
   std::vector<Text> files;
 
   // Common options.
-  std::string fps = "25";
+  std::optional<std::string> fps;  ///< empty: 25, unless the file tells its own
   std::optional<TextChoice> text;  ///< empty: as the settings say
   std::optional<Text> catalogue;
   std::optional<Text> separator;
