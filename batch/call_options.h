@@ -26,10 +26,12 @@ bool AllDigits(std::string_view text);
 std::span<const CallOption> CommonOptions();
 std::span<const CallOption> ConvertOptions();
 std::span<const CallOption> RulesOptions();
+std::span<const CallOption> RetimeOptions();
 
 /// What is wrong with a request as a whole.
 Problem CheckFps(const Request& request);
 Problem CheckConvert(const Request& request);
 Problem CheckRules(const Request& request);
+Problem CheckRetime(const Request& request);
 
 }  // namespace cuewright

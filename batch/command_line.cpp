@@ -26,6 +26,7 @@ constexpr std::array kCommands = {
     Command{"peaks", 1, 1, nullptr, nullptr},
     Command{"convert", 1, kAnyNumber, ConvertOptions, CheckConvert},
     Command{"rules", 1, 1, RulesOptions, CheckRules},
+    Command{"retime", 1, 1, RetimeOptions, CheckRetime},
 };
 
 const CallOption* Find(std::span<const CallOption> options, std::string_view name) {

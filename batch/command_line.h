@@ -8,7 +8,10 @@
 #include <variant>
 #include <vector>
 
+#include "core/frame_rate.h"
 #include "text/text.h"
+#include "tools/retime.h"
+#include "tools/row_range.h"
 
 namespace cuewright {
 
@@ -23,6 +26,21 @@ struct SettingValue {
   Text section;
   Text key;
   Text value;
+};
+
+/// How times are to be changed; one of the ways is chosen.
+struct RetimeChoice {
+  /// A caption and the time at which it is to begin.
+  struct Point {
+    Row row = 0;
+    std::int32_t ms = 0;
+  };
+
+  std::optional<std::int32_t> shift;
+  std::optional<SpeedRatio> speed;
+  FrameRate fpsFrom;  ///< this and the next are one way
+  FrameRate fpsTo;
+  std::vector<Point> points;
 };
 
 /// A call of the program, read and checked as far as that goes without a file.
@@ -50,6 +68,10 @@ struct Request {
 
   // Option of `rules`.
   bool detailed = false;
+
+  // Options of the commands that edit captions.
+  RowRange rows;
+  RetimeChoice retime;
 };
 
 /// A call that can't be carried out; one sentence for the user.

@@ -17,6 +17,7 @@ constexpr std::string_view kProgram =
     "  convert FILE...    write files in another format\n"
     "  peaks FILE         print the peaks of a wave file\n"
     "  rules FILE         correct a file by the rules and print the report\n"
+    "  retime FILE        shift, stretch or straighten the times of a file\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -58,6 +59,23 @@ constexpr std::string_view kRules =
     "  --out FILE --to ID  write the corrected captions in a format that 'formats' lists\n"
     "\n";
 
+constexpr std::string_view kRetime =
+    "Usage: cuewright-batch retime FILE HOW [--rows A-B] --out FILE [OPTION]...\n"
+    "Changes the times of captions, to the nearest millisecond, and prints how many changed. What\n"
+    "would come to lie before 0 is at 0 then, and told. HOW is one of\n"
+    "\n"
+    "  --shift MS          add milliseconds; a negative number moves captions to the front\n"
+    "  --speed A/B         multiply every time by A/B, such as 25/24 or 1001/1000\n"
+    "  --fps-from A --fps-to B\n"
+    "                      keep the numbers of frames while the rate becomes another\n"
+    "  --point ROW=MS      let a caption begin at a time; given more than once, times between two\n"
+    "                      points lie on a straight line, which goes on beyond the outer ones\n"
+    "\n"
+    "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "\n";
+
 constexpr std::string_view kPeaks =
     "Usage: cuewright-batch peaks [OPTION]... FILE\n"
     "The number of entries that the wave's header lets expect, two a column of 10 ms; then a line\n"
@@ -96,6 +114,7 @@ std::string HelpText(std::string_view command) {
   if (command == "convert") own = kConvert;
   if (command == "peaks") own = kPeaks;
   if (command == "rules") own = kRules;
+  if (command == "retime") own = kRetime;
   return std::string(own) + std::string(kCommon);
 }
 

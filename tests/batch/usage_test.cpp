@@ -76,6 +76,7 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
                                                {"formats", "--help"},
                                                {"detect", "--help"},
                                                {"dump", "--help"},
+                                               {"retime", "--help"},
                                                {"convert", "a.srt", "--help"}}) {
     const ProcessResult result = Batch(call);
     EXPECT_EQ(result.status, 0);
@@ -88,7 +89,7 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
 
 /// The words that begin with two hyphens.
 std::set<std::string> OptionsIn(const std::string& text) {
-  static const std::regex option("--[a-z]+");
+  static const std::regex option("--[a-z]+(-[a-z]+)*");
   return {std::sregex_token_iterator(text.begin(), text.end(), option), std::sregex_token_iterator()};
 }
 
@@ -97,7 +98,7 @@ TEST_F(BatchTest, TheManualPageNamesEveryOption) {
   std::string page{std::istreambuf_iterator<char>(file), {}};
   std::erase(page, '\\');
   std::set<std::string> inHelp = OptionsIn(Batch({"convert", "--help"}).out);
-  inHelp.merge(OptionsIn(Batch({"rules", "--help"}).out));
+  for (const std::string command : {"rules", "retime"}) inHelp.merge(OptionsIn(Batch({command, "--help"}).out));
   EXPECT_GE(inHelp.size(), 14u);
   EXPECT_EQ(OptionsIn(page), inHelp);
 }
