@@ -109,6 +109,33 @@ Problem SetTo(Request& request, const std::string& value) {
   return {};
 }
 
+Problem SetFind(Request& request, const std::string& value) {
+  request.replace.find = FromUtf8(value);
+  return {};
+}
+
+Problem SetWith(Request& request, const std::string& value) {
+  request.replace.with = FromUtf8(value);
+  request.replaceGiven = true;
+  return {};
+}
+
+Problem SetRegex(Request& request, const std::string&) {
+  request.replace.regex = true;
+  return {};
+}
+
+Problem SetCase(Request& request, const std::string&) {
+  request.replace.matchCase = true;
+  return {};
+}
+
+constexpr std::array kReplaceOptions = {
+    CallOption{"--find", true, SetFind},  CallOption{"--with", true, SetWith}, CallOption{"--regex", false, SetRegex},
+    CallOption{"--case", false, SetCase}, CallOption{"--rows", true, SetRows}, CallOption{"--out", true, SetOut},
+    CallOption{"--to", true, SetTo},
+};
+
 constexpr std::array kRetimeOptions = {
     CallOption{"--shift", true, SetShift},      CallOption{"--speed", true, SetSpeed},
     CallOption{"--fps-from", true, SetFpsFrom}, CallOption{"--fps-to", true, SetFpsTo},
@@ -119,6 +146,14 @@ constexpr std::array kRetimeOptions = {
 }  // namespace
 
 std::span<const CallOption> RetimeOptions() { return kRetimeOptions; }
+std::span<const CallOption> ReplaceOptions() { return kReplaceOptions; }
+
+Problem CheckReplace(const Request& request) {
+  if (request.replace.find.empty()) return "replace needs --find with a text";
+  if (!request.replaceGiven) return "replace needs --with, which may be empty";
+  if (!request.out) return "replace needs --out with the name of a file";
+  return {};
+}
 
 Problem CheckRetime(const Request& request) {
   const RetimeChoice& choice = request.retime;

@@ -27,11 +27,13 @@ std::span<const CallOption> CommonOptions();
 std::span<const CallOption> ConvertOptions();
 std::span<const CallOption> RulesOptions();
 std::span<const CallOption> RetimeOptions();
+std::span<const CallOption> ReplaceOptions();
 
 /// What is wrong with a request as a whole.
 Problem CheckFps(const Request& request);
 Problem CheckConvert(const Request& request);
 Problem CheckRules(const Request& request);
 Problem CheckRetime(const Request& request);
+Problem CheckReplace(const Request& request);
 
 }  // namespace cuewright

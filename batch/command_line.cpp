@@ -27,6 +27,7 @@ constexpr std::array kCommands = {
     Command{"convert", 1, kAnyNumber, ConvertOptions, CheckConvert},
     Command{"rules", 1, 1, RulesOptions, CheckRules},
     Command{"retime", 1, 1, RetimeOptions, CheckRetime},
+    Command{"replace", 1, 1, ReplaceOptions, CheckReplace},
 };
 
 const CallOption* Find(std::span<const CallOption> options, std::string_view name) {

@@ -10,6 +10,7 @@
 
 #include "core/frame_rate.h"
 #include "text/text.h"
+#include "tools/replace_text.h"
 #include "tools/retime.h"
 #include "tools/row_range.h"
 
@@ -72,6 +73,8 @@ struct Request {
   // Options of the commands that edit captions.
   RowRange rows;
   RetimeChoice retime;
+  ReplaceOrder replace;
+  bool replaceGiven = false;  ///< `--with` was
 };
 
 /// A call that can't be carried out; one sentence for the user.

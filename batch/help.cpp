@@ -18,6 +18,7 @@ constexpr std::string_view kProgram =
     "  peaks FILE         print the peaks of a wave file\n"
     "  rules FILE         correct a file by the rules and print the report\n"
     "  retime FILE        shift, stretch or straighten the times of a file\n"
+    "  replace FILE       replace text in the captions of a file\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -76,6 +77,22 @@ constexpr std::string_view kRetime =
     "  --to ID             format to write, if not the file's own\n"
     "\n";
 
+constexpr std::string_view kReplace =
+    "Usage: cuewright-batch replace FILE --find TEXT --with TEXT [--regex] [--case] [--rows A-B]\n"
+    "                               --out FILE [OPTION]...\n"
+    "Replaces text in captions and prints how many changed. Tags inside the text are not searched and\n"
+    "stay where they are.\n"
+    "\n"
+    "  --find TEXT         what to find; letters of both cases match\n"
+    "  --with TEXT         what comes in its place; may be empty\n"
+    "  --regex             TEXT to find is a regular expression; $1 in the other is its first group,\n"
+    "                      and \\n a line break of the caption\n"
+    "  --case              letters match in their own case only\n"
+    "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "\n";
+
 constexpr std::string_view kPeaks =
     "Usage: cuewright-batch peaks [OPTION]... FILE\n"
     "The number of entries that the wave's header lets expect, two a column of 10 ms; then a line\n"
@@ -115,6 +132,7 @@ std::string HelpText(std::string_view command) {
   if (command == "peaks") own = kPeaks;
   if (command == "rules") own = kRules;
   if (command == "retime") own = kRetime;
+  if (command == "replace") own = kReplace;
   return std::string(own) + std::string(kCommon);
 }
 

@@ -77,6 +77,7 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
                                                {"detect", "--help"},
                                                {"dump", "--help"},
                                                {"retime", "--help"},
+                                               {"replace", "--help"},
                                                {"convert", "a.srt", "--help"}}) {
     const ProcessResult result = Batch(call);
     EXPECT_EQ(result.status, 0);
@@ -98,7 +99,8 @@ TEST_F(BatchTest, TheManualPageNamesEveryOption) {
   std::string page{std::istreambuf_iterator<char>(file), {}};
   std::erase(page, '\\');
   std::set<std::string> inHelp = OptionsIn(Batch({"convert", "--help"}).out);
-  for (const std::string command : {"rules", "retime"}) inHelp.merge(OptionsIn(Batch({command, "--help"}).out));
+  for (const std::string command : {"rules", "retime", "replace"})
+    inHelp.merge(OptionsIn(Batch({command, "--help"}).out));
   EXPECT_GE(inHelp.size(), 14u);
   EXPECT_EQ(OptionsIn(page), inHelp);
 }
