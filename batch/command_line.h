@@ -8,7 +8,11 @@
 #include <variant>
 #include <vector>
 
+#include "core/frame_rate.h"
 #include "text/text.h"
+#include "tools/replace_text.h"
+#include "tools/retime.h"
+#include "tools/row_range.h"
 
 namespace cuewright {
 
@@ -25,13 +29,28 @@ struct SettingValue {
   Text value;
 };
 
+/// How times are to be changed; one of the ways is chosen.
+struct RetimeChoice {
+  /// A caption and the time at which it is to begin.
+  struct Point {
+    Row row = 0;
+    std::int32_t ms = 0;
+  };
+
+  std::optional<std::int32_t> shift;
+  std::optional<SpeedRatio> speed;
+  FrameRate fpsFrom;  ///< this and the next are one way
+  FrameRate fpsTo;
+  std::vector<Point> points;
+};
+
 /// A call of the program, read and checked as far as that goes without a file.
 struct Request {
   std::string command;
   std::vector<Text> files;
 
   // Common options.
-  std::string fps = "25";
+  std::optional<std::string> fps;  ///< empty: 25, unless the file tells its own
   std::optional<TextChoice> text;  ///< empty: as the settings say
   std::optional<Text> catalogue;
   std::optional<Text> separator;
@@ -50,6 +69,12 @@ struct Request {
 
   // Option of `rules`.
   bool detailed = false;
+
+  // Options of the commands that edit captions.
+  RowRange rows;
+  RetimeChoice retime;
+  ReplaceOrder replace;
+  bool replaceGiven = false;  ///< `--with` was
 };
 
 /// A call that can't be carried out; one sentence for the user.

@@ -8,6 +8,8 @@ int RunCommand(const Request& request, Session& session, Console& console) {
   if (request.command == "dump") return RunDump(request, session, console);
   if (request.command == "peaks") return RunPeaks(request, session, console);
   if (request.command == "rules") return RunRules(request, session, console);
+  if (request.command == "retime") return RunRetime(request, session, console);
+  if (request.command == "replace") return RunReplace(request, session, console);
   return RunConvert(request, session, console);
 }
 

@@ -19,6 +19,8 @@ int RunDetect(const Request& request, Session& session, Console& console);
 int RunDump(const Request& request, Session& session, Console& console);
 int RunPeaks(const Request& request, Session& session, Console& console);
 int RunRules(const Request& request, Session& session, Console& console);
+int RunRetime(const Request& request, Session& session, Console& console);
+int RunReplace(const Request& request, Session& session, Console& console);
 int RunConvert(const Request& request, Session& session, Console& console);
 
 }  // namespace cuewright

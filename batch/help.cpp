@@ -17,6 +17,8 @@ constexpr std::string_view kProgram =
     "  convert FILE...    write files in another format\n"
     "  peaks FILE         print the peaks of a wave file\n"
     "  rules FILE         correct a file by the rules and print the report\n"
+    "  retime FILE        shift, stretch or straighten the times of a file\n"
+    "  replace FILE       replace text in the captions of a file\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -58,6 +60,39 @@ constexpr std::string_view kRules =
     "  --out FILE --to ID  write the corrected captions in a format that 'formats' lists\n"
     "\n";
 
+constexpr std::string_view kRetime =
+    "Usage: cuewright-batch retime FILE HOW [--rows A-B] --out FILE [OPTION]...\n"
+    "Changes the times of captions, to the nearest millisecond, and prints how many changed. What\n"
+    "would come to lie before 0 is at 0 then, and told. HOW is one of\n"
+    "\n"
+    "  --shift MS          add milliseconds; a negative number moves captions to the front\n"
+    "  --speed A/B         multiply every time by A/B, such as 25/24 or 1001/1000\n"
+    "  --fps-from A --fps-to B\n"
+    "                      keep the numbers of frames while the rate becomes another\n"
+    "  --point ROW=MS      let a caption begin at a time; given more than once, times between two\n"
+    "                      points lie on a straight line, which goes on beyond the outer ones\n"
+    "\n"
+    "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "\n";
+
+constexpr std::string_view kReplace =
+    "Usage: cuewright-batch replace FILE --find TEXT --with TEXT [--regex] [--case] [--rows A-B]\n"
+    "                               --out FILE [OPTION]...\n"
+    "Replaces text in captions and prints how many changed. Tags inside the text are not searched and\n"
+    "stay where they are.\n"
+    "\n"
+    "  --find TEXT         what to find; letters of both cases match\n"
+    "  --with TEXT         what comes in its place; may be empty\n"
+    "  --regex             TEXT to find is a regular expression; $1 in the other is its first group,\n"
+    "                      and \\n a line break of the caption\n"
+    "  --case              letters match in their own case only\n"
+    "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "\n";
+
 constexpr std::string_view kPeaks =
     "Usage: cuewright-batch peaks [OPTION]... FILE\n"
     "The number of entries that the wave's header lets expect, two a column of 10 ms; then a line\n"
@@ -69,7 +104,9 @@ constexpr std::string_view kCommon =
     "A FILE of the name '-' is the standard input.\n"
     "\n"
     "Options of every command:\n"
-    "  --fps N             frame rate of files that count frames, 15 to 30 (default 25)\n"
+    "  --fps N             frame rate of files that count frames, 1 to 240 (default 25, or what the\n"
+    "                      file tells). 23.976, 29.97, 47.952, 59.94 and 119.88 are the rates of\n"
+    "                      television, 24000/1001 and so on\n"
     "  --text HOW          auto: UTF-8 and UTF-16 are recognised; classic: 8-bit text in the\n"
     "                      locale's code page; classic:NNN: in code page NNN\n"
     "  --classic           work in the classic manner; --text classic implies it\n"
@@ -94,6 +131,8 @@ std::string HelpText(std::string_view command) {
   if (command == "convert") own = kConvert;
   if (command == "peaks") own = kPeaks;
   if (command == "rules") own = kRules;
+  if (command == "retime") own = kRetime;
+  if (command == "replace") own = kReplace;
   return std::string(own) + std::string(kCommon);
 }
 

@@ -2,17 +2,24 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "formats/rate_line.h"
 #include "formats/source/source_map.h"
 #include "settings/languages.h"
 #include "settings/messages.h"
 #include "settings/options.h"
 
 namespace cuewright {
+namespace {
+
+/// What answers the question for a rate.
+Text RateFor(const Request& request) { return request.fps ? FromUtf8(*request.fps) : Decimal(kUsualRate); }
+
+}  // namespace
 
 Session::Session(const Request& request, Files& files, Console& console, int systemCodePage)
     : request_(request),
       files_(files),
-      boxes_(console, FromUtf8(request.fps)),
+      boxes_(console, RateFor(request)),
       encodings_(systemCodePage),
       captions_(options_, modified_),
       report_(strings_) {
@@ -77,7 +84,7 @@ bool Session::Begin(const Text& path) {
   boxes_.Begin(path);
   captions_.Reset();
   state_.CurrentFormatIndex = 0;
-  state_.CurrentFps = 0;
+  state_.CurrentFps = {};
   state_.Encoding = {};
   state_.Source = nullptr;
   if (files_.Exists(path)) return true;
@@ -110,8 +117,9 @@ void Session::ApplyRules() {
 bool Session::Save(const Text& path, int format, bool keepUntimed) {
   state_.CurrentFormatIndex = static_cast<std::uint8_t>(format);
   const Text timecode = ToLower(catalogue_.ReadIni(catalogue_.Identifier(format), u"timecode", u"ms"));
-  const Text rate = ReplaceAll(FromUtf8(request_.fps), u",", u".");
-  state_.CurrentFps = timecode.find(u"ff") == Text::npos ? 0 : static_cast<float>(LeadingNumber(rate));
+  const bool frames = timecode.find(u"ff") != Text::npos;
+  if (!frames) state_.CurrentFps = {};
+  if (frames && (request_.fps || !state_.CurrentFps)) state_.CurrentFps = FrameRate::FromText(RateFor(request_));
 
   Row lastRow = captions_.Rows() - 1;
   for (Row row = 1; !keepUntimed && row <= lastRow; ++row) {

@@ -44,12 +44,14 @@ class Session {
   bool Load(const Text& path);
   /// The last `Load` told of something: the document may be less than its file.
   bool LoadedWithTrouble() const { return loadTroubles_ != 0; }
+  CaptionList& Captions() { return captions_; }
   const CaptionList& Captions() const { return captions_; }
   /// Runs the correction rules over the document; what they found is in `Report`.
   void ApplyRules();
   const RuleReport& Report() const { return report_; }
   const LangStrings& Strings() const { return strings_; }
-  /// Identifier of the document's format.
+  /// Index and identifier of the document's format.
+  int FormatIndex() const { return state_.CurrentFormatIndex; }
   const Text& Format() const { return catalogue_.Identifier(state_.CurrentFormatIndex); }
 
   /// Writes the document in a format; false, after telling why, when that fails.

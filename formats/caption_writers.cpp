@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/style_markers.h"
 #include "formats/fast/scan.h"
+#include "formats/rate_line.h"
 #include "formats/text_pieces.h"
 #include "text/text_search.h"
 #include "text/utf8.h"
@@ -55,7 +56,7 @@ class RecordWriter {
   RecordWriter(const WriteJob& job, bool plainMarkers, LineSink& sink)
       : job_(job),
         sink_(sink),
-        timecodes_(job.definition, job.identifier == kKaraokeLrc),
+        timecodes_(job.definition, job.identifier == kKaraokeLrc, job.times),
         parts_(CutParts(RecordOf(job), !plainMarkers && !job.definition.subCountPicture.empty())),
         plainMarkers_(plainMarkers),
         firstNumber_(job.identifier == kUleadWorkshop ? 0 : 1),
@@ -113,14 +114,14 @@ class RecordWriter {
     const bool clock = plainMarkers_ || !(milliseconds_ || frames_);
     if (sink_.KeepsAscii() && (!clock || timecodes_.IsAscii())) {
       const std::span<char> to = sink_.Room(clock ? timecodes_.Longest() : kLongestNumber);
-      return sink_.Advance(clock ? timecodes_.PutBytes(ms, job_.fps, to)
-                                 : PutNumberBytes(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, to));
+      return sink_.Advance(clock ? timecodes_.PutBytes(ms, to)
+                                 : PutNumberBytes(milliseconds_ ? ms : MsToFrames(ms, job_.times), 1, to));
     }
     field_.clear();
     if (plainMarkers_ || !(milliseconds_ || frames_)) {
-      timecodes_.Append(ms, job_.fps, field_);
+      timecodes_.Append(ms, field_);
     } else {
-      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.fps), 1, field_);
+      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.times), 1, field_);
     }
     sink_.Put(field_);
   }
@@ -266,10 +267,10 @@ void WritePlainText(const WriteJob& job, LineSink& sink) {
 }
 
 void WriteTmPlayer(const WriteJob& job, LineSink& sink) {
-  const TimecodeWriter timecodes(job.definition, job.identifier == kKaraokeLrc);
+  const TimecodeWriter timecodes(job.definition, job.identifier == kKaraokeLrc, {{}, job.times.exact});
   const auto row = [&](std::int32_t ms, TextView number) {
     Text text;
-    job.errors([&] { timecodes.Append(ms, 0, text); });
+    job.errors([&] { timecodes.Append(ms, text); });
     return text.append(u",").append(number).append(u"=");
   };
   for (Row at = 1; at <= job.lastRow && job.captions.InRange(at); ++at) {
@@ -315,6 +316,9 @@ void WriteEncore(const WriteJob& job, const Encodings& encodings, bool classic, 
 
 void WriteTemplate(const WriteJob& job, LineSink& sink) {
   RecordWriter writer(job, false, sink);
+  if (job.times.exact && job.times.rate && job.identifier == kMicroDvd) {
+    if (const Text line = LineOfRate(job.times.rate); !line.empty()) sink.WriteLine(line);
+  }
   if (!IsBlank(job.definition.headerText)) sink.WriteLine(job.definition.headerText);
   for (Row row = 1; row <= job.lastRow && job.captions.InRange(row); ++row) {
     if (IsBlank(job.captions.At(row).text)) continue;

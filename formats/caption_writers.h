@@ -78,7 +78,7 @@ struct WriteJob {
   Row lastRow;
   const FormatDefinition& definition;
   TextView identifier;
-  float fps;
+  TimeRules times;
   CarryOn& errors;
 };
 
@@ -92,7 +92,7 @@ void WriteTmPlayer(const WriteJob& job, LineSink& sink);
 /// more.
 void WriteEncore(const WriteJob& job, const Encodings& encodings, bool classic, LineSink& sink);
 
-/// Header, the record for each caption that isn't blank, footer.
+/// Header, the record for each caption that isn't blank, footer; by exact rules MicroDVD's rate in front.
 void WriteTemplate(const WriteJob& job, LineSink& sink);
 
 }  // namespace cuewright

@@ -29,7 +29,12 @@ bool Exporter::ExportSubtitle(std::int16_t lastRow) {
 
 bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const Text id = formats_.CurrentIdentifier();
-  const WriteJob job{captions_, lastRow, formats_.loader.Definition(), id, formats_.state.CurrentFps, errors};
+  const WriteJob job{captions_,
+                     lastRow,
+                     formats_.loader.Definition(),
+                     id,
+                     {formats_.state.CurrentFps, captions_.Options().manner.TimesAreExact()},
+                     errors};
   DocumentEncoding encoding = formats_.state.Encoding;
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
   std::optional<SourceWriter> source;
@@ -61,7 +66,11 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
 std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {
   const std::shared_ptr<const SourceMap>& map = formats_.state.Source;
   if (!map || map->Format() != id || map->Pieces().empty()) return {};
-  return captions_.Options().manner.KeepsTheFile() ? map : nullptr;
+  const Manner& manner = captions_.Options().manner;
+  // Its first line tells the rate that its frames are counted by.
+  const bool tellsRate = id == kMicroDvd && manner.TimesAreExact();
+  if (tellsRate && formats_.state.CurrentFps != map->Fps()) return {};
+  return manner.KeepsTheFile() ? map : nullptr;
 }
 
 SourceTimes Exporter::TimesOf(const SourceMap& map) const {

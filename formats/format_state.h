@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "core/frame_rate.h"
 #include "text/encodings.h"
 
 namespace cuewright {
@@ -13,7 +14,8 @@ class SourceMap;
 struct FormatState {
   std::uint8_t CurrentFormatIndex = 0;      ///< format of the document and default of the next save; 0 is plain text
   std::uint8_t SettingsFormatIndex = 0;     ///< format that the settings window opens on; 0: `CurrentFormatIndex`
-  float CurrentFps = 0;                     ///< frames per second of frame formats; 0 for all others
+  FrameRate CurrentFps;                     ///< of frame formats; none for all others
+  FrameRate FilmFps;                        ///< of the film that is open; none when it isn't known
   std::int16_t ListCharset = 0;             ///< character set number that a built-in header names
   DocumentEncoding Encoding;                ///< of the document's file; UTF-8 for a document without one
   std::shared_ptr<const SourceMap> Source;  ///< the file that the document was read from; null: none that is kept

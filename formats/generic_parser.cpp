@@ -34,7 +34,7 @@ void Column::Set(std::size_t place, CarryOn& errors) {
 GenericParser::GenericParser(const ParseContext& context, const RecordPieces& pieces)
     : context_(context),
       captions_(context.captions),
-      reader_(context.definition),
+      reader_(context.definition, context.times),
       startLead_(pieces.StartLead),
       startTrail_(pieces.StartTrail),
       endLead_(pieces.EndLead),
@@ -45,7 +45,7 @@ GenericParser::GenericParser(const ParseContext& context, const RecordPieces& pi
       endMask_(pieces.EndLead + context.definition.timecodeMask),
       endLineLength_(ReplaceAll(pieces.EndLead, kLineEnd, {}).size() + context.definition.timecodeMask.size()),
       keepsLines_(context.definition.lineBreak == u"[enter]"),
-      wholeSeconds_(context.fps == 0 && context.definition.timecodeTemplate.find(u'z') == Text::npos) {}
+      wholeSeconds_(!context.times.rate && context.definition.timecodeTemplate.find(u'z') == Text::npos) {}
 
 void GenericParser::Parse(ImportLine& line) {
   if (line.Empty()) {
@@ -83,7 +83,7 @@ std::size_t GenericParser::FieldEnd(const Needle& trail, TextView text) const {
 bool GenericParser::FieldIsShort() const { return to_ < from_ || to_ - from_ <= kLongestField; }
 
 void GenericParser::ReadField(std::int32_t& time) {
-  context_.errors([&] { time = reader_.Parse(Between(line_, from_, to_), context_.fps); });
+  context_.errors([&] { time = reader_.Parse(Between(line_, from_, to_)); });
 }
 
 void GenericParser::ParseStartEndText() {

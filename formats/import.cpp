@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "formats/rate_line.h"
 #include "formats/source/catalogue_format.h"
 #include "formats/source/record_watch.h"
 #include "formats/timecode.h"
@@ -13,9 +14,6 @@ namespace {
 
 /// End of a file's name that makes it plain text when no format fits; in lower case only.
 constexpr TextView kPlainTextEnding = u"txt";
-
-/// A number with a comma or a dot as its decimal sign.
-float DecimalOf(TextView text) { return static_cast<float>(LeadingNumber(ReplaceAll(text, u",", u"."))); }
 
 }  // namespace
 
@@ -117,7 +115,7 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
     appendOffset_ = 0;
     if (file) state.Encoding = file->Encoding();
   }
-  if (ReadFrameRate()) {
+  if (ReadFrameRate(file ? &*file : nullptr)) {
     std::vector<Caption> rows;
     if (file) rows = ReadRows(std::move(*file), wide, loading, errors);
     state.SettingsFormatIndex = state.CurrentFormatIndex;
@@ -139,8 +137,10 @@ std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loadin
   }
   const Text& separator = captions_.Options().lineSeparator;
   LineOrders orders{wide, recogniser_.TimecodeLiteral(), captions_.Rows() == 2};
+  orders.exactTimes = manner.TimesAreExact();
   std::unique_ptr<CatalogueFormat> rules;
-  if (keep) rules = std::make_unique<CatalogueFormat>(formats_.loader.Definition(), id, formats_.state.CurrentFps);
+  const TimeRules times{formats_.state.CurrentFps, orders.exactTimes};
+  if (keep) rules = std::make_unique<CatalogueFormat>(formats_.loader.Definition(), id, times);
   if (id != kSubStationAlpha && id != kAdvancedSsa) orders.pieces = CutRecord(formats_.loader.Definition(), errors);
   if (!keep) return lines_.Read(file, orders, separator, errors);
   RecordWatch watch(rules->LinesBeforeStart());
@@ -172,29 +172,41 @@ void Importer::BeginImport() {
   talk_.Report(FileStage::Pauses);
 }
 
-bool Importer::ReadFrameRate() {
+bool Importer::ReadFrameRate(TextFile* file) {
   FormatState& state = formats_.state;
-  const bool frames = formats_.loader.Definition().timecodeTemplate.find(u"ff") != Text::npos;
-  state.CurrentFps = frames ? PromptForFps() : 0;
-  if (frames && state.CurrentFps == 0) cancelled_ = true;
-  return !frames || state.CurrentFps != 0;
+  state.CurrentFps = {};
+  if (formats_.loader.Definition().timecodeTemplate.find(u"ff") == Text::npos) return true;
+  const bool tellsRate = captions_.Options().manner.TimesAreExact() && formats_.CurrentIdentifier() == kMicroDvd;
+  if (tellsRate && file != nullptr) state.CurrentFps = RateInFirstLine(*file);
+  if (!state.CurrentFps) state.CurrentFps = PromptForFps();
+  if (!state.CurrentFps) cancelled_ = true;
+  return static_cast<bool>(state.CurrentFps);
 }
 
-float Importer::PromptForFps() {
+FrameRate Importer::AcceptedRate(const Text& answer) const {
+  if (captions_.Options().manner.TimesAreExact()) {
+    const FrameRate rate = FrameRate::FromText(answer);
+    return rate.IsUsual() ? rate : FrameRate();
+  }
+  // The whole part decides: "30,9" is accepted because 30 is.
+  const double whole = LeadingNumber(ReplaceAll(answer, u".", u","));
+  if (answer.size() >= 9 || whole < 15 || whole > 30) return {};
+  return LeadingNumber(ReplaceAll(answer, u",", u"."));
+}
+
+FrameRate Importer::PromptForFps() {
   const LangStrings& strings = talk_.strings;
+  const bool exact = captions_.Options().manner.TimesAreExact();
   const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
+  const bool filmKnown = exact && formats_.state.FilmFps.IsUsual();
+  const Text offered = filmKnown ? formats_.state.FilmFps.AsText() : Decimal(kUsualRate);
   for (;;) {
-    Text answer =
-        talk_.messages.Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], u"25"});
-    answer = ReplaceAll(answer, u".", u",");
-    if (answer.empty()) return 0;
-    const double whole = LeadingNumber(answer);
-    if (answer.size() < 9 && whole >= 15 && whole <= 30) {
-      const float fps = DecimalOf(answer);
-      if (fps > 0) return fps;
-    }
-    talk_.messages.Show(
-        {strings[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, WithoutDots(strings[Message::OpenText])});
+    const Text answer =
+        talk_.messages.Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], offered});
+    if (answer.empty()) return {};
+    if (const FrameRate rate = AcceptedRate(answer)) return rate;
+    talk_.messages.Show({strings[exact ? Message::FpsOutOfRange : Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
+                         WithoutDots(strings[Message::OpenText])});
   }
 }
 
@@ -226,7 +238,8 @@ void Importer::TellAppended() {
   const LangStrings& strings = talk_.strings;
   Text text = strings[Message::AppendedWithDelay];
   text.append(kLineEnd).append(kLineEnd);
-  text += FormatTimecode(formats_.loader.Definition(), formats_.CurrentIdentifier(), appendOffset_, 0);
+  text += FormatTimecode(formats_.loader.Definition(), formats_.CurrentIdentifier(), appendOffset_,
+                         {{}, captions_.Options().manner.TimesAreExact()});
   text.append(kLineEnd).append(kLineEnd).append(strings[Message::AppendNextNeedsItsVideo]);
   talk_.messages.Show({text, BoxIcon::Information, BoxButtons::Ok, {}});
 }

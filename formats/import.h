@@ -51,8 +51,9 @@ class Importer {
   /// went wrong has no line.
   std::size_t TroubleLine() const { return lines_.TroubleLine() != 0 ? lines_.TroubleLine() : source_.TroubleLine(); }
 
-  /// Asks for a frame rate until one of 15 to below 31 is typed; 0 when the user cancels.
-  float PromptForFps();
+  /// Asks for a frame rate until one of 1 to 240 is typed, in the classic manner one of 15 to below 31; none when the
+  /// user cancels. The film's own is offered where it is known.
+  FrameRate PromptForFps();
 
  private:
   std::optional<TextFile> Open(TextView path, CarryOn& errors);
@@ -62,7 +63,8 @@ class Importer {
   std::vector<Caption> ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors);
   std::vector<Caption> ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors);
   void BeginImport();
-  bool ReadFrameRate();
+  bool ReadFrameRate(TextFile* file);
+  FrameRate AcceptedRate(const Text& answer) const;
   void FillList(std::vector<Caption> rows, Loading loading, CarryOn& errors);
   void TellAppended();
   void TellError(TextView path, const CarryOn& errors);

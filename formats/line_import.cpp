@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "formats/line_readers.h"
+#include "formats/rate_line.h"
 #include "formats/source/record_watch.h"
 
 namespace cuewright {
@@ -13,9 +14,10 @@ constexpr int kMostCaptions = 32000;
 /// Lines of a few formats that are no text of a caption.
 class LineFilter {
  public:
-  LineFilter(TextView identifier, bool listIsEmpty)
-      : dropFrameRate_(identifier == kMicroDvd),
-        dropZeroTime_(identifier == kTmPlayer && listIsEmpty),
+  LineFilter(TextView identifier, const LineOrders& orders)
+      : onlyRates_(orders.exactTimes),
+        dropFrameRate_(identifier == kMicroDvd),
+        dropZeroTime_(identifier == kTmPlayer && orders.intoEmptyList),
         dropClosing_(identifier == kUleadWorkshop) {}
 
   /// What every line begins with that may be dropped; empty for none.
@@ -24,13 +26,15 @@ class LineFilter {
   }
 
   bool Drops(const ImportLine& line) const {
-    if (dropFrameRate_) return line.View().starts_with(u"{1}{1}");
+    if (dropFrameRate_ && onlyRates_) return static_cast<bool>(RateOfLine(line.View()));
+    if (dropFrameRate_) return line.View().starts_with(kRateLine);
     if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
     if (dropClosing_) return line.View() == u"#Subtitle text end";
     return false;
   }
 
  private:
+  bool onlyRates_;  // lines that look like one of a rate but hold text stay
   bool dropFrameRate_;
   bool dropZeroTime_;
   bool dropClosing_;
@@ -58,9 +62,10 @@ std::vector<Caption> LineImport::Read(TextFile& file, const LineOrders& orders, 
 
 void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionCollector& captions, CarryOn& errors) {
   const FormatDefinition& definition = formats_.loader.Definition();
-  const LineFilter filter(formats_.CurrentIdentifier(), orders.intoEmptyList);
-  const ParseContext context{captions, definition,        orders.timecodeLiteral, formats_.state.CurrentFps,
-                             errors,   filter.Beginning()};
+  const LineFilter filter(formats_.CurrentIdentifier(), orders);
+  const ParseContext context{
+      captions, definition,        orders.timecodeLiteral, {formats_.state.CurrentFps, orders.exactTimes},
+      errors,   filter.Beginning()};
   LineReader reader = MakeReader(context, orders.pieces, false);
   bool mayTurnSpruce = formats_.CurrentIdentifier() == kSonicScenarist;
   captions.Reserve(std::min<std::size_t>(kMostCaptions + kYieldEvery + 2, file.BytesLeft() / 16 + 16));

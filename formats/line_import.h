@@ -21,6 +21,7 @@ struct LineOrders {
   bool wide = false;             ///< their bytes are to be paired to 16-bit text
   bool timecodeLiteral = false;  ///< the file's head holds the mask of a timecode
   bool intoEmptyList = false;    ///< the list holds one row at most
+  bool exactTimes = true;        ///< times are counted to the last ms
   RecordPieces pieces = {};
   RecordWatch* watch = nullptr;  ///< notes where the records stand; null: nobody asks
 };

@@ -32,7 +32,8 @@ class PlainTextParser final : public LineParser {
 /// The events of SubStation files.
 class DialogueParser final : public LineParser {
  public:
-  explicit DialogueParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  explicit DialogueParser(const ParseContext& context)
+      : context_(context), reader_(context.definition, {{}, context.times.exact}) {}
 
   void Parse(ImportLine& line) override {
     if (!line.View().starts_with(u"Dialogue: ")) return;
@@ -43,8 +44,8 @@ class DialogueParser final : public LineParser {
       if (index >= count) throw RuntimeError{9, u"Subscript out of range"};
       return fields[index];
     };
-    context_.errors([&] { captions.captionStart = reader_.Parse(field(1), 0); });
-    context_.errors([&] { captions.captionEnd = reader_.Parse(field(2), 0); });
+    context_.errors([&] { captions.captionStart = reader_.Parse(field(1)); });
+    context_.errors([&] { captions.captionEnd = reader_.Parse(field(2)); });
     context_.errors([&] { TakeText(field(9)); });
     captions.FlushImportedCaption();
   }
@@ -85,7 +86,8 @@ class DialogueParser final : public LineParser {
 /// "hh:mm:ss,n=text", n being the row of the caption.
 class TmPlayerParser final : public LineParser {
  public:
-  explicit TmPlayerParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  explicit TmPlayerParser(const ParseContext& context)
+      : context_(context), reader_(context.definition, {{}, context.times.exact}) {}
 
   void Parse(ImportLine& line) override {
     const TextView text = line.View();
@@ -94,12 +96,12 @@ class TmPlayerParser final : public LineParser {
     const bool firstRow = CharacterAt(text, 10) == u'1';
     if (text.size() < 12) {
       if (!captions.StartSet() || captions.EndSet() || !firstRow) return;
-      context_.errors([&] { captions.captionEnd = reader_.Parse(text.substr(0, 8), 0); });
+      context_.errors([&] { captions.captionEnd = reader_.Parse(text.substr(0, 8)); });
       captions.FlushImportedCaption();
       return;
     }
     if (!captions.StartSet() && firstRow) {
-      context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, 8), 0); });
+      context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, 8)); });
     }
     const TextView row = text.substr(11);
     if (captions.captionText.empty()) {
@@ -117,7 +119,7 @@ class TmPlayerParser final : public LineParser {
 /// Timing lines with colons at the characters 3 and 21, and text lines below.
 class EncoreParser final : public LineParser {
  public:
-  explicit EncoreParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  explicit EncoreParser(const ParseContext& context) : context_(context), reader_(context.definition, context.times) {}
 
   void Parse(ImportLine& line) override {
     if (line.Empty()) return;
@@ -130,8 +132,8 @@ class EncoreParser final : public LineParser {
     }
     // The caption is stored as it stands, and its text stays unless this line brings another.
     if (captions.TimesSet() && !IsBlank(captions.captionText)) captions.StoreImportedCaption();
-    context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, 11), context_.fps); });
-    context_.errors([&] { captions.captionEnd = reader_.Parse(Middle(text, 13, 11), context_.fps); });
+    context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, 11)); });
+    context_.errors([&] { captions.captionEnd = reader_.Parse(Middle(text, 13, 11)); });
     if (text.size() > 25) captions.captionText = text.substr(24);
   }
 
@@ -144,7 +146,7 @@ class EncoreParser final : public LineParser {
 class SpruceParser final : public LineParser {
  public:
   SpruceParser(const ParseContext& context, bool bodySeen)
-      : context_(context), reader_(context.definition), bodySeen_(bodySeen) {}
+      : context_(context), reader_(context.definition, context.times), bodySeen_(bodySeen) {}
 
   void Parse(ImportLine& line) override {
     const TextView text = line.View();
@@ -160,8 +162,8 @@ class SpruceParser final : public LineParser {
       if (colon - 2 > 255) ThrowOverflow();
       place = colon - 2;
     });
-    context_.errors([&] { captions.captionStart = reader_.Parse(Middle(text, place, 11), context_.fps); });
-    context_.errors([&] { captions.captionEnd = reader_.Parse(Middle(text, place + 12, 11), context_.fps); });
+    context_.errors([&] { captions.captionStart = reader_.Parse(Middle(text, place, 11)); });
+    context_.errors([&] { captions.captionEnd = reader_.Parse(Middle(text, place + 12, 11)); });
     context_.errors([&] { captions.captionText = Middle(text, place + 24); });
     captions.FlushImportedCaption();
   }

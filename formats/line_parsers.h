@@ -33,7 +33,7 @@ struct ParseContext {
   CaptionCollector& captions;
   const FormatDefinition& definition;
   bool timecodeLiteral;  ///< the file's head holds a timecode mask
-  float fps;
+  TimeRules times;
   CarryOn& errors;
   std::string_view dropped = {};  ///< lines that begin so may be dropped, and are none for a `LineRun`
 };

@@ -10,7 +10,7 @@ constexpr TextView kArrow = u" --> ";
 
 class SubRipParser final : public LineParser {
  public:
-  explicit SubRipParser(const ParseContext& context) : context_(context), reader_(context.definition) {}
+  explicit SubRipParser(const ParseContext& context) : context_(context), reader_(context.definition, context.times) {}
 
   void Parse(ImportLine& line) override {
     CaptionCollector& captions = context_.captions;
@@ -26,8 +26,8 @@ class SubRipParser final : public LineParser {
   bool ReadTimes(TextView text) {
     if (text.substr(std::min(text.size(), kTimeLength), kArrow.size()) != kArrow) return false;
     CaptionCollector& captions = context_.captions;
-    context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, kTimeLength), context_.fps); });
-    context_.errors([&] { captions.captionEnd = reader_.Parse(text.substr(text.size() - kTimeLength), context_.fps); });
+    context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, kTimeLength)); });
+    context_.errors([&] { captions.captionEnd = reader_.Parse(text.substr(text.size() - kTimeLength)); });
     return true;
   }
 

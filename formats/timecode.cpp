@@ -52,18 +52,6 @@ bool SumOfDigits(std::basic_string_view<Unit> fixed, std::int32_t& ms) {
   return digits;
 }
 
-/// Frames to ms: both sides are rounded before the division of whole numbers.
-std::int32_t FramesToMs(double frames, float fps) {
-  const std::int32_t rate = RoundToInt32(static_cast<double>(fps));
-  if (rate == 0) throw RuntimeError{11, u"Division by zero"};
-  constexpr double kFewFrames = 2000000;
-  if (frames >= 0 && frames < kFewFrames) {
-    const auto whole = static_cast<std::int32_t>(frames);
-    if (whole == frames) return whole * 1000 / rate;
-  }
-  return RoundToInt32(frames * 1000) / rate;
-}
-
 /// Puts a number of at least `digits` digits and gives the place behind it.
 template <class Unit>
 Unit* PutNumber(std::int64_t number, std::size_t digits, Unit* out) {
@@ -134,17 +122,38 @@ std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<ch
   return static_cast<std::size_t>(PutNumber(number, digits, out.data()) - out.data());
 }
 
-TimecodeReader::TimecodeReader(const TimecodeForm& form) {
+TimecodeReader::TimecodeReader(const TimecodeForm& form, const TimeRules& rules) : rules_(rules) {
   const Text& pattern = form.timecodeTemplate;
+  if (rules.rate) wholeRate_ = rules.exact ? 1 : RoundToInt32(static_cast<double>(rules.rate.AsGiven()));
   if (pattern == u"ms") return;
   kind_ = pattern == u"ff" ? Kind::Frames : Kind::Columns;
   prefix_ = !Holds(pattern, u"h") ? u"00:" : !Holds(pattern, u"hh") ? u"0" : u"";
   suffix_ = Holds(pattern, u"zzz") ? u"" : Holds(pattern, u"zz") ? u"0" : Holds(pattern, u"z") ? u"00" : u".000";
+  if (rules.exact && kind_ == Kind::Columns) fields_ = ClockFields(pattern);
 }
 
-std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
+std::int32_t TimecodeReader::FramesToMs(double frames) const {
+  if (rules_.exact) return rules_.rate.MsOfFrames(RoundToInt32(frames));
+  if (wholeRate_ == 0) throw RuntimeError{11, u"Division by zero"};
+  // Both sides are rounded before the division of whole numbers.
+  if (frames >= 0 && frames < kFewFrames) {
+    const auto whole = static_cast<std::int32_t>(frames);
+    if (whole == frames) return whole * 1000 / wholeRate_;
+  }
+  return RoundToInt32(frames * 1000) / wholeRate_;
+}
+
+bool TimecodeReader::ParseFrames(std::int32_t frames, std::int32_t& ms) const {
+  if (!KnowsRate() || frames >= kFewFrames) return false;
+  ms = rules_.exact ? rules_.rate.MsOfFrames(frames) : frames * 1000 / wholeRate_;
+  return true;
+}
+
+std::int32_t TimecodeReader::Parse(TextView text) const {
   if (kind_ == Kind::Milliseconds) return RoundToInt32(Number(text));
-  if (kind_ == Kind::Frames) return fps > 0 ? FramesToMs(Number(text), fps) : 0;
+  const bool frames = static_cast<bool>(rules_.rate);
+  if (kind_ == Kind::Frames) return frames ? FramesToMs(Number(text)) : 0;
+  if (std::int32_t ms = 0; fields_.Read(text, rules_.rate, ms)) return ms;
   // The text is brought to the form "hh:mm:ss" + fraction and read by its columns. Only its first eight
   // characters and its last three count, so that a long one loses its middle here.
   constexpr std::size_t kWhole = 64;
@@ -156,12 +165,12 @@ std::int32_t TimecodeReader::Parse(TextView text, float fps) const {
     end = std::copy_n(text.begin(), kWhole / 2, end);
     end = std::copy(text.end() - kWhole / 2, text.end(), end);
   }
-  if (fps == 0) end = std::copy(suffix_.begin(), suffix_.end(), end);
+  if (!frames) end = std::copy(suffix_.begin(), suffix_.end(), end);
   const TextView fixed(room.data(), static_cast<std::size_t>(end - room.data()));
-  if (std::int32_t ms = 0; fps == 0 && SumOfDigits(fixed, ms)) return ms;
+  if (std::int32_t ms = 0; !frames && SumOfDigits(fixed, ms)) return ms;
   const double whole = Number(Middle(fixed, 1, 2)) * kHour + Number(Middle(fixed, 4, 2)) * kMinute +
                        Number(Middle(fixed, 7, 2)) * kSecond;
-  if (fps != 0) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2)), fps));
+  if (frames) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2))));
   return RoundToInt32(whole + Number(Last(fixed, 3)));
 }
 
@@ -179,22 +188,29 @@ bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const 
   return ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0 && SumOfDigits(bytes, ms);
 }
 
-std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps) {
-  return TimecodeReader(form).Parse(text, fps);
+std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules) {
+  return TimecodeReader(form, rules).Parse(text);
 }
 
-std::int32_t MsToFrames(std::int32_t ms, float fps) {
+std::int32_t MsToFrames(std::int32_t ms, const TimeRules& rules) {
+  if (rules.exact) return rules.rate.FramesOfMs(ms);
   // Of long films the product has more than 32 bits; only the count of frames must fit.
-  const double product = RoundHalfEven(static_cast<double>(fps) * ms);
+  const double product = RoundHalfEven(static_cast<double>(rules.rate.AsGiven()) * ms);
   return Checked32(static_cast<std::int64_t>(product) / 1000);
 }
 
-TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes) : hoursInMinutes_(hoursInMinutes) {
+TimecodeWriter::TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes, const TimeRules& rules)
+    : rules_(rules), hoursInMinutes_(hoursInMinutes), countsFrames_(rules.rate) {
   const TextView compact = form.timecodeCompact;
   const bool hasHours = Holds(form.timecodeTemplate, u"h");
   const bool hasFraction = Holds(form.timecodeTemplate, u"z");
   wholeSeconds_ = !Holds(compact, u"z");
   fractionDigits_ = form.fractionPicture.size();
+  if (rules.exact) {
+    countsFrames_ = countsFrames_ && Holds(compact, u"ff");
+    hoursInMinutes_ = hoursInMinutes_ || !hasHours;
+    stepMs_ = wholeSeconds_ ? 1000 : fractionDigits_ == 3 ? 1 : fractionDigits_ == 2 ? 10 : 100;
+  }
   const auto add = [&](Field field, std::size_t digits) { pieces_.push_back({field, digits, u'\0'}); };
   for (std::size_t i = 0; i < compact.size(); ++i) {
     const char16_t c = compact[i];
@@ -249,6 +265,7 @@ void TimecodeWriter::PutLaidOut(std::int32_t ms, std::span<char> out) const {
     out[at + 1] = static_cast<char>('0' + value % 10);
   };
   std::copy(layout_.begin(), layout_.end(), out.begin());
+  if (rules_.exact) ms += stepMs_ / 2;
   const std::int32_t seconds = ms / kSecond;
   const std::int32_t minutes = seconds / 60;
   std::int32_t rest = ms % kSecond;
@@ -258,22 +275,37 @@ void TimecodeWriter::PutLaidOut(std::int32_t ms, std::span<char> out) const {
     two(hoursAt_, minutes / 60);
   }
   two(minutesAt_, minutes % 60);
-  two(secondsAt_, seconds % 60 + (wholeSeconds_ && rest >= 251 ? 1 : 0));
+  two(secondsAt_, seconds % 60 + (!rules_.exact && wholeSeconds_ && rest >= 251 ? 1 : 0));
   if (fractionAt_ == kNowhere) return;
-  rest = CutFraction(rest, fractionDigits_);
+  rest = rules_.exact ? rest / stepMs_ : CutFraction(rest, fractionDigits_);
   for (std::size_t digit = fractionDigits_; digit-- > 0; rest /= 10) {
     out[fractionAt_ + digit] = static_cast<char>('0' + rest % 10);
   }
 }
 
-template <class Unit>
-Unit* TimecodeWriter::PutTime(std::int32_t ms, float fps, Unit* out) const {
+TimecodeWriter::Shown TimecodeWriter::ShowExactly(std::int32_t ms) const {
+  const SecondsAndRest time = countsFrames_ ? NearestFrame(ms, rules_.rate) : NearestStep(ms, stepMs_);
+  Shown shown;
+  shown.hours = Checked8(time.seconds / 3600);
+  shown.minutes = static_cast<std::int32_t>(time.seconds / 60 % 60);
+  shown.seconds = static_cast<std::int32_t>(time.seconds % 60);
+  (countsFrames_ ? shown.frames : shown.rest) = time.rest;
+  return shown;
+}
+
+TimecodeWriter::Shown TimecodeWriter::ShowClassic(std::int32_t ms) const {
   Parts parts = SplitTime(ms);
-  if (wholeSeconds_ && fps == 0 && parts.rest >= 251) ++parts.seconds;
+  if (wholeSeconds_ && !countsFrames_ && parts.rest >= 251) ++parts.seconds;
   if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
-  if (fps == 0) parts.rest = CutFraction(parts.rest, fractionDigits_);
-  if (hoursInMinutes_) parts.minutes = Checked8(parts.hours.Value() * 60 + parts.minutes.Value());
-  const std::int32_t frames = fps != 0 ? MsToFrames(parts.rest, fps) : 0;
+  if (!countsFrames_) parts.rest = CutFraction(parts.rest, fractionDigits_);
+  const std::int32_t frames = countsFrames_ ? MsToFrames(parts.rest, rules_) : 0;
+  return {parts.hours.Value(), parts.minutes.Value(), parts.seconds.Value(), parts.rest, frames};
+}
+
+template <class Unit>
+Unit* TimecodeWriter::PutTime(std::int32_t ms, Unit* out) const {
+  Shown shown = rules_.exact ? ShowExactly(ms) : ShowClassic(ms);
+  if (hoursInMinutes_) shown.minutes = Checked8(shown.hours * 60 + shown.minutes);
   const auto put = [&](std::int32_t number, std::size_t digits) { out = PutField(number, digits, out); };
   const auto letters = [&](char letter, int count) {
     while (count-- != 0) *out++ = static_cast<Unit>(letter);
@@ -285,48 +317,50 @@ Unit* TimecodeWriter::PutTime(std::int32_t ms, float fps, Unit* out) const {
         *out++ = static_cast<Unit>(piece.literal);
         break;
       case Field::Hours:
-        put(parts.hours.Value(), piece.digits);
+        put(shown.hours, piece.digits);
         break;
       case Field::Minutes:
-        put(parts.minutes.Value(), piece.digits);
+        put(shown.minutes, piece.digits);
         break;
       case Field::Seconds:
-        put(parts.seconds.Value(), piece.digits);
+        put(shown.seconds, piece.digits);
         break;
       case Field::Frames:
-        fps != 0 ? put(frames, piece.digits) : letters('f', 2);
+        countsFrames_ ? put(shown.frames, piece.digits) : letters('f', 2);
         break;
       case Field::Fraction:
-        fps == 0 ? put(parts.rest, piece.digits) : letters('z', 1);
+        !countsFrames_ ? put(shown.rest, piece.digits) : letters('z', 1);
         break;
     }
   }
   return out;
 }
 
-void TimecodeWriter::Append(std::int32_t ms, float fps, Text& out) const {
+void TimecodeWriter::Append(std::int32_t ms, Text& out) const {
   std::array<char16_t, kLongestNumber> room;
   if (longest_ > room.size()) {
     Text longRoom(longest_, u'\0');
-    const char16_t* const end = PutTime(ms, fps, longRoom.data());
+    const char16_t* const end = PutTime(ms, longRoom.data());
     out.append(longRoom, 0, static_cast<std::size_t>(end - longRoom.data()));
     return;
   }
-  const char16_t* const end = PutTime(ms, fps, room.data());
+  const char16_t* const end = PutTime(ms, room.data());
   out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
-std::size_t TimecodeWriter::PutBytes(std::int32_t ms, float fps, std::span<char> out) const {
-  if (layoutSize_ == 0 || fps != 0 || ms < 0 || ms >= layoutBound_) {
-    return static_cast<std::size_t>(PutTime(ms, fps, out.data()) - out.data());
+std::size_t TimecodeWriter::PutBytes(std::int32_t ms, std::span<char> out) const {
+  // Rounded up, the last times below the bound are beyond it.
+  const std::int32_t bound = rules_.exact ? layoutBound_ - kSecond : layoutBound_;
+  if (layoutSize_ == 0 || countsFrames_ || ms < 0 || ms >= bound) {
+    return static_cast<std::size_t>(PutTime(ms, out.data()) - out.data());
   }
   PutLaidOut(ms, out);
   return layoutSize_;
 }
 
-Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps) {
+Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, const TimeRules& rules) {
   Text text;
-  TimecodeWriter(form, identifier == kKaraokeLrc).Append(ms, fps, text);
+  TimecodeWriter(form, identifier == kKaraokeLrc, rules).Append(ms, text);
   return text;
 }
 

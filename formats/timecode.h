@@ -6,42 +6,56 @@
 #include <string_view>
 #include <vector>
 
+#include "core/frame_rate.h"
 #include "formats/definition.h"
+#include "formats/exact_times.h"
 #include "text/text.h"
 
 namespace cuewright {
 
-/// Milliseconds of a time as the template in force writes it; `fps` is the rate of frame formats, 0 for all
-/// others. A field that doesn't fit the template's fixed columns gives a wrong time. Run-time error 6 when the result
-/// does not fit 32 bits.
-std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, float fps);
+/// Milliseconds of a time as the template in force writes it. Classic rules read fixed columns, and a field that
+/// doesn't fit them gives a wrong time; exact ones take fields of any length in the template's order, the digits of a
+/// fraction as a fraction. Run-time error 6 when the result does not fit 32 bits.
+std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules);
 
 /// The same for many times of one form.
 class TimecodeReader {
  public:
   TimecodeReader() = default;
-  explicit TimecodeReader(const TimecodeForm& form);
+  TimecodeReader(const TimecodeForm& form, const TimeRules& rules);
 
-  std::int32_t Parse(TextView text, float fps) const;
+  std::int32_t Parse(TextView text) const;
 
   /// The same for bytes that are as long as the template, a clock time without frames, and are digits in its columns;
   /// false for anything else.
   [[nodiscard]] bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
 
+  /// The same for a count of few frames; false when frames can't be counted.
+  [[nodiscard]] bool ParseFrames(std::int32_t frames, std::int32_t& ms) const;
+  /// Frames from here on are more than few.
+  static constexpr std::int32_t kFewFrames = 2000000;
+
   /// True when times are counts of frames.
   bool CountsFrames() const { return kind_ == Kind::Frames; }
+  /// True when frames can be turned into ms.
+  bool KnowsRate() const { return wholeRate_ != 0; }
 
  private:
   enum class Kind { Milliseconds, Frames, Columns };
 
+  std::int32_t FramesToMs(double frames) const;
+
   Kind kind_ = Kind::Milliseconds;
-  TextView prefix_;  // what the fixed form has in front of the text
-  TextView suffix_;  // and behind it, without frames
+  TimeRules rules_;
+  std::int32_t wholeRate_ = 0;  // the rate by the classic rules; 0: there is none to divide by
+  TextView prefix_;             // what the fixed form has in front of the text
+  TextView suffix_;             // and behind it, without frames
+  ClockFields fields_;
 };
 
-/// Frames of a time: the product rounded half to even, the division by 1000 cut toward zero. Run-time error 6 when
-/// the product does not fit 32 bits.
-std::int32_t MsToFrames(std::int32_t ms, float fps);
+/// Frames of a time. Exact: the frame that begins nearest. Classic: the product rounded half to even, the division by
+/// 1000 cut toward zero. Run-time error 6 when the count does not fit 32 bits.
+std::int32_t MsToFrames(std::int32_t ms, const TimeRules& rules);
 
 /// Appends a number of at least `digits` digits.
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
@@ -56,11 +70,12 @@ inline constexpr std::size_t kLongestNumber = 280;
 class TimecodeWriter {
  public:
   /// `hoursInMinutes`: hours are folded into the minutes, as karaoke files have them.
-  TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes);
+  TimecodeWriter(const TimecodeForm& form, bool hoursInMinutes, const TimeRules& rules);
 
-  /// Appends the time. Run-time error 6, with nothing appended, from 256 hours on and, with hours folded in, from
-  /// 256 minutes on.
-  void Append(std::int32_t ms, float fps, Text& out) const;
+  /// Appends the time, by exact rules the nearest that the template can tell, where one without hours has them in its
+  /// minutes. Run-time error 6, with nothing appended, from 256 hours on and, with hours folded in, from 256 minutes
+  /// on.
+  void Append(std::int32_t ms, Text& out) const;
 
   /// True when times are ASCII; `PutBytes` is for those alone.
   bool IsAscii() const { return ascii_; }
@@ -68,7 +83,7 @@ class TimecodeWriter {
   std::size_t Longest() const { return longest_; }
   /// Puts the time to the beginning of `out`, which has so much room, and returns how many bytes it wrote; fails as
   /// `Append` does.
-  [[nodiscard]] std::size_t PutBytes(std::int32_t ms, float fps, std::span<char> out) const;
+  [[nodiscard]] std::size_t PutBytes(std::int32_t ms, std::span<char> out) const;
 
  private:
   enum class Field { Literal, Hours, Minutes, Seconds, Frames, Fraction };
@@ -78,16 +93,30 @@ class TimecodeWriter {
     char16_t literal;
   };
 
+  /// What the fields of a time show.
+  struct Shown {
+    std::int32_t hours = 0;
+    std::int32_t minutes = 0;
+    std::int32_t seconds = 0;
+    std::int32_t rest = 0;  ///< the fraction's digits
+    std::int32_t frames = 0;
+  };
+
+  Shown ShowExactly(std::int32_t ms) const;
+  Shown ShowClassic(std::int32_t ms) const;
   template <class Unit>
-  Unit* PutTime(std::int32_t ms, float fps, Unit* out) const;
+  Unit* PutTime(std::int32_t ms, Unit* out) const;
 
   void LayOut();
   void PutLaidOut(std::int32_t ms, std::span<char> out) const;
 
+  TimeRules rules_;
   bool hoursInMinutes_;
+  bool countsFrames_ = false;  // there is a rate to count them by
   bool wholeSeconds_ = false;
   bool ascii_ = true;
   std::size_t fractionDigits_ = 0;
+  std::int32_t stepMs_ = 1;  // what the last digit counts, by exact rules
   std::size_t longest_ = 0;
   std::vector<Piece> pieces_;
 
@@ -103,6 +132,6 @@ class TimecodeWriter {
 };
 
 /// A time as text by the template in force, of the format with the identifier.
-Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, float fps);
+Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, const TimeRules& rules);
 
 }  // namespace cuewright

@@ -76,7 +76,7 @@ void DocumentFiles::New() {
   session_.Replace(Text(kNewDocument));
   session_.EmptyList();
   session_.ResetControls();
-  formats_.state.CurrentFps = 0;
+  formats_.state.CurrentFps = {};
   formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(formats_.catalogue.IndexOf(kSubRip), 0));
   formats_.state.Encoding = DocumentEncoding();
   formats_.state.Source = nullptr;
@@ -174,6 +174,7 @@ void DocumentFiles::LoadSteps(const Text& path, CarryOn& step) {
   if (played) step([&] { ports_.player.Pause(); });
   ports_.desktop.SetBusy(true);
   step([&] { session_.EmptyList(); });
+  NoteFilmRate();
   step([&] { formats_.importer.DetectFormat(path, Loading::NewDocument); });
   bench_.list.SetEnabled(true);
   step([&] { recall_.Keep(u"TFileName", bench_.window.mnuTFileName, path); });
@@ -245,6 +246,7 @@ void DocumentFiles::Append() {
   {
     const FileWork work(bench_.document);
     const EditScope scope(bench_.list, EditKind::Append);
+    NoteFilmRate();
     formats_.importer.DetectFormat(path, Loading::Append, static_cast<std::int32_t>(ports_.player.Duration()));
   }
   bench_.document.ImportCancelled = false;
@@ -283,6 +285,7 @@ bool DocumentFiles::SaveAs() {
 
 bool DocumentFiles::ChooseAndSave() {
   session_.CloseTools();
+  NoteFilmRate();
   exportDialog_.Open(bench_.window.RightToLeft());
   if (!exportDialog_.Result()) return false;
   const Text id = formats_.catalogue.Identifier(formats_.state.CurrentFormatIndex);

@@ -69,6 +69,8 @@ class DocumentFiles {
   void LoadSteps(const Text& path, class CarryOn& step);
   void FinishLoad(class CarryOn& step);
   bool LoadFailed() const;
+  /// Where a rate is asked for, the film's own is offered.
+  void NoteFilmRate() { formats_.state.FilmFps = ports_.player.FramesPerSecond(); }
   bool Playing() const { return ports_.player.PlayState() == kPlayerPlaying; }
   Text FilterOf(TextView id, TextView fallbackName) const;
   Text Untitled(Message message) const;

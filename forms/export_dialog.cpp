@@ -17,11 +17,14 @@ constexpr TextView kNotAvailable = u"n/a";
 
 }  // namespace
 
-float RateOf(TextView text) { return static_cast<float>(LeadingNumber(ReplaceAll(text, u",", u"."))); }
-
-ExportDialog::ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const LangStrings& strings,
-                           Messages& messages)
-    : Dialog("frmExport"), catalogue_(catalogue), formats_(formats), strings_(strings), messages_(messages) {
+ExportDialog::ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const AppOptions& options,
+                           const LangStrings& strings, Messages& messages)
+    : Dialog("frmExport"),
+      catalogue_(catalogue),
+      formats_(formats),
+      options_(options),
+      strings_(strings),
+      messages_(messages) {
   cmbFPS.SetEditable(true);
   cmbFPS.SetItems({u"15", u"20", u"23,976", u"24", u"25", u"29,97", u"30"});
   cboFormats.Chosen.Connect([this] { ShowProperties(); });
@@ -80,15 +83,25 @@ void ExportDialog::FillFormats() {
 }
 
 void ExportDialog::FillRate() {
-  if (formats_.CurrentFps <= 0) {
+  const bool exact = options_.manner.TimesAreExact();
+  const FrameRate rate = formats_.CurrentFps ? formats_.CurrentFps : exact ? formats_.FilmFps : FrameRate();
+  if (rate) {
+    cmbFPS.SetText(rate.AsText(u','));
+  } else {
     cmbFPS.SetIndex(kDefaultRateIndex);
-    return;
   }
-  const double thousandths = RoundHalfEven(static_cast<double>(formats_.CurrentFps) * 1000);
-  Text rate = Decimal(static_cast<long long>(thousandths) / 1000);
-  Text decimals = Padded(static_cast<long long>(thousandths) % 1000, 3);
-  while (decimals.ends_with(u'0')) decimals.pop_back();
-  cmbFPS.SetText(decimals.empty() ? rate : rate + u"," + decimals);
+}
+
+FrameRate ExportDialog::AcceptedRate() const {
+  const Text& text = cmbFPS.GetText();
+  if (options_.manner.TimesAreExact()) {
+    const FrameRate rate = FrameRate::FromText(text);
+    return rate.IsUsual() ? rate : FrameRate();
+  }
+  // The whole part decides: "29,97" is accepted because 29 is.
+  const double whole = LeadingNumber(text);
+  if (whole < kLeastRate || whole > kMostRate) return {};
+  return LeadingNumber(ReplaceAll(text, u",", u"."));
 }
 
 Text ExportDialog::ChosenId() const { return catalogue_.Identifier(cboFormats.Index()); }
@@ -159,17 +172,16 @@ void ExportDialog::Configure() {
 void ExportDialog::Accept() {
   formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
   if (ChosenCountsFrames()) {
-    // The whole part decides: "29,97" is accepted because 29 is.
-    const double rate = LeadingNumber(cmbFPS.GetText());
-    if (rate < kLeastRate || rate > kMostRate) {
-      messages_.Show(
-          {strings_[Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok, strings_[Message::SourceVideoFps]});
+    const FrameRate rate = AcceptedRate();
+    if (!rate) {
+      const Text& problem = strings_[options_.manner.TimesAreExact() ? Message::FpsOutOfRange : Message::FpsInvalid];
+      messages_.Show({problem, BoxIcon::Error, BoxButtons::Ok, strings_[Message::SourceVideoFps]});
       RequestFocus(cmbFPS);
       return;
     }
-    formats_.CurrentFps = RateOf(cmbFPS.GetText());
+    formats_.CurrentFps = rate;
   } else {
-    formats_.CurrentFps = 0;
+    formats_.CurrentFps = {};
   }
   result_ = true;
   Close();

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "core/app_options.h"
+#include "core/frame_rate.h"
 #include "core/lang_strings.h"
 #include "core/ports/messages.h"
 #include "form/controls.h"
@@ -14,7 +16,8 @@ namespace cuewright {
 /// The dialog `frmExport` in which the user picks the format of a save and sees what it can do.
 class ExportDialog final : public Dialog {
  public:
-  ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const LangStrings& strings, Messages& messages);
+  ExportDialog(const FormatCatalogue& catalogue, FormatState& formats, const AppOptions& options,
+               const LangStrings& strings, Messages& messages);
 
   Label lblFormat{*this, "lblFormat"};
   ComboBox cboFormats{*this, "cboFormats"};
@@ -50,6 +53,7 @@ class ExportDialog final : public Dialog {
   void ApplyTexts();
   void FillFormats();
   void FillRate();
+  FrameRate AcceptedRate() const;
   void ShowProperties();
   void ShowTimecode(TextView timecode);
   void ShowTags(int tags);
@@ -62,12 +66,10 @@ class ExportDialog final : public Dialog {
 
   const FormatCatalogue& catalogue_;
   FormatState& formats_;
+  const AppOptions& options_;
   const LangStrings& strings_;
   Messages& messages_;
   bool result_ = false;
 };
-
-/// A rate as a person writes it, comma or dot before the decimals; 0 for no number.
-float RateOf(TextView text);
 
 }  // namespace cuewright

@@ -104,7 +104,7 @@ JournalDocument JournalKeeper::Describe() const {
   JournalDocument described;
   described.path = bench_.document.SubtitlePath;
   described.format = catalogue_.Identifier(format_.CurrentFormatIndex);
-  described.fps = format_.CurrentFps;
+  described.fps = format_.CurrentFps.AsGiven();
   described.codePage = format_.Encoding.codePage;
   described.mark = format_.Encoding.mark;
   if (format_.Source) described.source = KeptSource(*format_.Source);

@@ -41,7 +41,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       notices(window, options, strings),
       commands(Bench(), panel, preview, capture, store, ports_),
       playerBinding(Bench(), session, preview, capture, recall, ports_),
-      exportDialog(catalogue, formats, strings, ports_.messages),
+      exportDialog(catalogue, formats, options, strings, ports_.messages),
       documentFiles(Bench(), Formats(), session, recall, exportDialog, ports_),
       audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),

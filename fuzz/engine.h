@@ -106,7 +106,7 @@ struct Engine {
   std::string Save(int index) {
     state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
     const bool frames = catalogue.ReadIni(catalogue.Identifier(index), u"timecode", u"ms").find(u"ff") != Text::npos;
-    state.CurrentFps = frames ? 25.0f : 0.0f;
+    state.CurrentFps = frames ? 25.0 : 0.0;
     exporter.ExportSubtitle(static_cast<std::int16_t>(captions.Rows() - 1));
     return files.contents[path];
   }

@@ -15,7 +15,7 @@ void CompareWays(Engine& engine, const std::string& bytes, bool classic) {
   const Text id = engine.formats.CurrentIdentifier();
   if (engine.state.CurrentFormatIndex == 0) return;
   TextFile file = classic ? TextFile::Classic(bytes, engine.encodings) : TextFile::Auto(bytes, engine.encodings);
-  const testing::LinesOf lines{id, std::move(file), Choice(bytes, 3) != 0, engine.state.CurrentFps};
+  const testing::LinesOf lines{id, std::move(file), Choice(bytes, 3) != 0, {engine.state.CurrentFps}};
   Demand(ReadLines(Way::ParserAlone, engine.loader, u"|", lines) ==
              ReadLines(Way::ParserAndRun, engine.loader, u"|", lines),
          "the parser alone reads what it reads with its run");

@@ -333,8 +333,9 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       TellControls();
       break;
     case MpvNews::Kind::FrameRate:
+      framesPerSecond_ = news.number > 0 && news.number < kTicksASecond ? news.number : 0;
       // A film without a known frame rate must not keep the rate of the previous film.
-      clock_.SetFrameDuration(news.number > 0 && news.number < kTicksASecond ? 1 / news.number : kUsualPicture);
+      clock_.SetFrameDuration(framesPerSecond_ > 0 ? 1 / framesPerSecond_ : kUsualPicture);
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;

@@ -61,6 +61,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   void Stop() override;
   double CurrentPosition() const override;
   double PositionAt(double instant) const override;
+  double FramesPerSecond() const override { return framesPerSecond_; }
   void SetCurrentPosition(double seconds) override;
   Text CurrentPositionString() const override;
   double Duration() const override { return duration_; }
@@ -113,6 +114,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   Wish wish_ = Wish::Stop;
   int state_ = 0;
   double duration_ = 0;
+  double framesPerSecond_ = 0;  // 0: not known
   int audioTrack_ = -1;
 
   std::uint64_t seek_ = 0;  // number of the newest seek

@@ -58,6 +58,8 @@ class Player {
   /// Where the film was at an instant of the last seconds, by the steady clock in seconds. A player that keeps no
   /// history says where it is.
   virtual double PositionAt(double /*instant*/) const { return CurrentPosition(); }
+  /// Pictures a second of the film that is open; 0 when it isn't known.
+  virtual double FramesPerSecond() const { return 0; }
 
   /// The position as "MM:SS", or "H:MM:SS" from one hour on.
   virtual Text CurrentPositionString() const = 0;

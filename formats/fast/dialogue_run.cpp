@@ -15,7 +15,7 @@ std::size_t BreakLength(std::string_view bytes) { return bytes.size() > 1 && (by
 class DialogueRun final : public LineRun {
  public:
   explicit DialogueRun(const ParseContext& context)
-      : captions_(context.captions), reader_(context.definition), run_(captions_, u'\\') {}
+      : captions_(context.captions), reader_(context.definition, {{}, context.times.exact}), run_(captions_, u'\\') {}
 
   void ReadOn(TextFile& file) override {
     if (!file.AsciiIsPlain() || !captions_.StoresStraight(u'\\')) return;

@@ -14,8 +14,6 @@ namespace {
 
 /// Longest time field that is read, in characters.
 constexpr std::size_t kLongestField = 12;
-/// Counts of frames below this are thousandths of whole seconds in 32 bits.
-constexpr std::int32_t kFewFrames = 2000000;
 /// The parser counts columns up to 255, and the last of a line is that of its CR.
 constexpr std::size_t kLongestRecordLine = 254;
 
@@ -80,9 +78,8 @@ class RecordRun final : public LineRun {
         captions_(context.captions),
         form_(std::move(form)),
         parser_(parser),
-        reader_(context.definition),
+        reader_(context.definition, context.times),
         run_(context.captions) {
-    if (context.fps > 0) wholeRate_ = RoundToInt32(static_cast<double>(context.fps));
     const std::size_t mark = form_.mask.find_first_of(":;.,");
     if (mark != std::string::npos && form_.mask.find('0') != std::string::npos) markOfTimes_ = form_.mask[mark];
   }
@@ -151,21 +148,18 @@ class RecordRun final : public LineRun {
   }
 
   bool ReadTime(std::string_view field, std::int32_t& time) const {
-    if (!form_.counts && context_.fps == 0) return reader_.ParseClock(field, time);
+    if (!form_.counts && !context_.times.rate) return reader_.ParseClock(field, time);
     if (!form_.counts) return ReadClockOfFrames(field, time);
     time = 0;
     for (const char digit : field) time = time * 10 + (digit - '0');
-    if (!reader_.CountsFrames()) return true;
-    if (wholeRate_ == 0 || time >= kFewFrames) return false;
-    time = time * 1000 / wholeRate_;
-    return true;
+    return !reader_.CountsFrames() || reader_.ParseFrames(time, time);
   }
 
   bool ReadClockOfFrames(std::string_view field, std::int32_t& time) const {
-    if (wholeRate_ == 0) return false;
+    if (!reader_.KnowsRate()) return false;
     std::array<char16_t, kLongestField> units;
     std::copy(field.begin(), field.end(), units.begin());
-    time = reader_.Parse({units.data(), field.size()}, context_.fps);
+    time = reader_.Parse({units.data(), field.size()});
     return true;
   }
 
@@ -186,8 +180,7 @@ class RecordRun final : public LineRun {
   GenericParser& parser_;
   TimecodeReader reader_;
   TextRun run_;
-  std::int32_t wholeRate_ = 0;  // the frame rate as a whole number; 0: frames can't be divided by it
-  char markOfTimes_ = '\0';     // a character of every time that is no digit and no letter; NUL: there is none
+  char markOfTimes_ = '\0';  // a character of every time that is no digit and no letter; NUL: there is none
 };
 
 }  // namespace

@@ -15,7 +15,10 @@ constexpr TextView kArrow = u" --> ";
 class SubRipRun final : public LineRun {
  public:
   explicit SubRipRun(const ParseContext& context)
-      : captions_(context.captions), reader_(context.definition), framesCount_(context.fps != 0), run_(captions_) {}
+      : captions_(context.captions),
+        reader_(context.definition, context.times),
+        framesCount_(context.times.rate),
+        run_(captions_) {}
 
   void ReadOn(TextFile& file) override {
     run_.ReadOn(file, [&] {

@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "core/style_markers.h"
+#include "formats/rate_line.h"
 #include "formats/source/field_lines.h"
 #include "formats/timecode.h"
 #include "text/text_search.h"
@@ -13,8 +14,8 @@ namespace cuewright {
 
 Text CatalogueFormat::Time(std::int32_t ms) const {
   if (definition_.timecodeTemplate == u"ms") return Decimal(ms);
-  if (definition_.timecodeTemplate == u"ff") return Decimal(MsToFrames(ms, fps_));
-  return FormatTimecode(definition_, identifier_, ms, fps_);
+  if (definition_.timecodeTemplate == u"ff") return Decimal(MsToFrames(ms, times_));
+  return FormatTimecode(definition_, identifier_, ms, times_);
 }
 
 std::string CatalogueFormat::TimeField(std::int32_t ms, std::string_view) const { return ToUtf8(Time(ms)); }
@@ -102,6 +103,7 @@ Stretch CatalogueFormat::FindNumber(std::string_view beforeStart, std::size_t pl
 
 bool CatalogueFormat::IsOfTheForm(TextView line) const {
   const TextView wanted = TrimBlanks(line);
+  if (identifier_ == kMicroDvd && times_.exact && RateOfLine(wanted)) return true;
   for (const Text* part : {&definition_.recordText, &definition_.headerText, &definition_.footerText}) {
     for (const Text& own : Split(*part, u"\r")) {
       if (TrimBlanks(ReplaceAll(own, u"\n", {})) == wanted) return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/frame_rate.h"
 #include "formats/definition.h"
 #include "formats/source/source_format.h"
 #include "text/codec.h"
@@ -10,8 +11,8 @@ namespace cuewright {
 /// caption's record and fields stand in a file `RecordWatch` finds out while the lines are read.
 class CatalogueFormat final : public SourceFormat {
  public:
-  CatalogueFormat(const FormatDefinition& definition, TextView identifier, float fps)
-      : definition_(definition), identifier_(identifier), fps_(fps) {}
+  CatalogueFormat(const FormatDefinition& definition, TextView identifier, const TimeRules& times)
+      : definition_(definition), identifier_(identifier), times_(times) {}
 
   void Read(const SourceText&, TextView, SourceSink&) override {}
   std::string TimeField(std::int32_t ms, std::string_view old) const override;
@@ -33,7 +34,7 @@ class CatalogueFormat final : public SourceFormat {
 
   FormatDefinition definition_;
   Text identifier_;
-  float fps_;
+  TimeRules times_;
 };
 
 }  // namespace cuewright

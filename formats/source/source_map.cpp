@@ -47,7 +47,7 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
 
 JournalSource KeptSource(const SourceMap& map) {
   const DocumentEncoding& encoding = map.File().Encoding();
-  return {map.Format(), map.Fps(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
+  return {map.Format(), map.Fps().AsGiven(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
 }
 
 bool SourceMap::SameText(const Piece& piece, const Caption& caption) { return piece.textHash == HashOf(caption.text); }

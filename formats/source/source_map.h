@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/frame_rate.h"
 #include "core/journal.h"
 #include "formats/source/source_format.h"
 #include "text/text.h"
@@ -42,9 +43,9 @@ class SourceMap {
   void AddNotUnderstood(std::size_t place) { notUnderstood_.push_back(static_cast<std::uint32_t>(place)); }
 
   const Text& Format() const { return format_; }
-  /// The rate by which its frames were counted; 0 for a format without frames.
-  float Fps() const { return fps_; }
-  void SetFps(float fps) { fps_ = fps; }
+  /// The rate by which its frames were counted; none for a format without frames.
+  const FrameRate& Fps() const { return fps_; }
+  void SetFps(const FrameRate& fps) { fps_ = fps; }
 
   const TextFile& File() const { return file_; }
   TextFile& File() { return file_; }
@@ -68,7 +69,7 @@ class SourceMap {
   Text format_;
   TextFile file_;
   std::unique_ptr<SourceFormat> rules_;
-  float fps_ = 0;
+  FrameRate fps_;
   Text lineEnd_ = u"\r\n";
   std::vector<Piece> pieces_;
   std::vector<std::uint32_t> notUnderstood_;

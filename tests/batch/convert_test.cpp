@@ -23,7 +23,19 @@ TEST_F(BatchTest, ConvertTakesTheIdentifierInAnyCase) {
 TEST_F(BatchTest, ConvertUsesTheRateOfTheCall) {
   Write("a.srt", kSubRip);
   EXPECT_EQ(Batch({"convert", "a.srt", "--to", "MICRODVD", "--out", "a.sub", "--fps", "23,976"}).status, 0);
+  EXPECT_EQ(Read("a.sub").substr(0, 24), "{1}{1}23.976\r\n{297}{364}");
+  EXPECT_EQ(Batch({"dump", "a.sub"}).out.substr(0, 14), "1\t12387\t15182\t");
+  EXPECT_EQ(Batch({"convert", "a.srt", "--to", "MICRODVD", "--out", "a.sub", "--fps", "23,976", "--classic"}).status,
+            0);
   EXPECT_EQ(Read("a.sub").substr(0, 10), "{297}{364}");
+}
+
+TEST_F(BatchTest, ConvertKeepsTheRateThatAFileTells) {
+  Write("a.sub", "{1}{1}29.97\r\n{30}{60}x\r\n");
+  EXPECT_EQ(Batch({"convert", "a.sub", "--to", "MICRODVD", "--out", "b.sub"}).status, 0);
+  EXPECT_EQ(Read("b.sub"), "{1}{1}29.97\r\n{30}{60}x\r\n");
+  EXPECT_EQ(Batch({"convert", "a.sub", "--to", "MICRODVD", "--out", "b.sub", "--fps", "50"}).status, 0);
+  EXPECT_EQ(Read("b.sub"), "{1}{1}50\r\n{50}{100}x\r\n");
 }
 
 TEST_F(BatchTest, ConvertNamesResultsInAFolderByTheFirstExtension) {

@@ -138,9 +138,10 @@ TEST_F(BatchTest, FpsAnswersTheFrameRateQuestionWithPointOrComma) {
   };
   EXPECT_EQ(FieldsOf(LinesOf(Batch({"dump", "a.sub"}).out).at(0)).at(1), "12400");
   EXPECT_EQ(firstTimes("20"), "15500 19000");
-  // Reading rounds the rate to a whole number first.
-  EXPECT_EQ(firstTimes("23.976"), "12916 15833");
-  EXPECT_EQ(firstTimes("23,976"), "12916 15833");
+  EXPECT_EQ(firstTimes("23.976"), "12930 15849");
+  EXPECT_EQ(firstTimes("23,976"), "12930 15849");
+  // In the classic manner reading rounds the rate to a whole number first.
+  EXPECT_EQ(FieldsOf(LinesOf(Batch({"dump", "a.sub", "--fps", "23.976", "--classic"}).out).at(0)).at(1), "12916");
 }
 
 TEST_F(BatchTest, TextChoosesHowBytesAreRead) {

@@ -34,12 +34,15 @@ INSTANTIATE_TEST_SUITE_P(
                     UsageCase{{"detect", "a.srt", "--to", "SAMI"}, "no option '--to'"},
                     UsageCase{{"detect", "a.srt", "--fps"}, "--fps needs a value"},
                     UsageCase{{"detect", "a.srt", "--json=yes"}, "takes no value"},
-                    UsageCase{{"dump", "a.srt", "--fps", "14"}, "15 to 30"},
-                    UsageCase{{"dump", "a.srt", "--fps", "31"}, "15 to 30"},
-                    UsageCase{{"dump", "a.srt", "--fps", "fast"}, "15 to 30"},
-                    UsageCase{{"dump", "a.srt", "--fps", "25.0.0"}, "15 to 30"},
-                    UsageCase{{"dump", "a.srt", "--fps", "25.000000"}, "15 to 30"},
-                    UsageCase{{"dump", "a.srt", "--fps", ""}, "15 to 30"},
+                    UsageCase{{"dump", "a.srt", "--fps", "0"}, "1 to 240"},
+                    UsageCase{{"dump", "a.srt", "--fps", "241"}, "1 to 240"},
+                    UsageCase{{"dump", "a.srt", "--fps", "fast"}, "1 to 240"},
+                    UsageCase{{"dump", "a.srt", "--fps", "25.0.0"}, "1 to 240"},
+                    UsageCase{{"dump", "a.srt", "--fps", ""}, "1 to 240"},
+                    UsageCase{{"dump", "a.srt", "--fps", "14", "--classic"}, "15 to 30"},
+                    UsageCase{{"dump", "a.srt", "--fps", "31", "--classic"}, "15 to 30"},
+                    UsageCase{{"dump", "a.srt", "--fps", "fast", "--classic"}, "15 to 30"},
+                    UsageCase{{"dump", "a.srt", "--fps", "25.000000", "--classic"}, "15 to 30"},
                     UsageCase{{"dump", "a.srt", "--text", "modern"}, "auto, classic"},
                     UsageCase{{"dump", "a.srt", "--text", "classic:"}, "auto, classic"},
                     UsageCase{{"dump", "a.srt", "--text", "classic:latin"}, "auto, classic"},
@@ -73,6 +76,8 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
                                                {"formats", "--help"},
                                                {"detect", "--help"},
                                                {"dump", "--help"},
+                                               {"retime", "--help"},
+                                               {"replace", "--help"},
                                                {"convert", "a.srt", "--help"}}) {
     const ProcessResult result = Batch(call);
     EXPECT_EQ(result.status, 0);
@@ -85,7 +90,7 @@ TEST_F(BatchTest, HelpGoesToTheOutput) {
 
 /// The words that begin with two hyphens.
 std::set<std::string> OptionsIn(const std::string& text) {
-  static const std::regex option("--[a-z]+");
+  static const std::regex option("--[a-z]+(-[a-z]+)*");
   return {std::sregex_token_iterator(text.begin(), text.end(), option), std::sregex_token_iterator()};
 }
 
@@ -94,7 +99,8 @@ TEST_F(BatchTest, TheManualPageNamesEveryOption) {
   std::string page{std::istreambuf_iterator<char>(file), {}};
   std::erase(page, '\\');
   std::set<std::string> inHelp = OptionsIn(Batch({"convert", "--help"}).out);
-  inHelp.merge(OptionsIn(Batch({"rules", "--help"}).out));
+  for (const std::string command : {"rules", "retime", "replace"})
+    inHelp.merge(OptionsIn(Batch({command, "--help"}).out));
   EXPECT_GE(inHelp.size(), 14u);
   EXPECT_EQ(OptionsIn(page), inHelp);
 }

@@ -91,16 +91,16 @@ bool NotReadWhole(const std::string& format, const std::string& document) {
   return Lists(kNotReadWhole, format, document);
 }
 
-Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption caption) {
+Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption caption, bool exact) {
   const Text timecode = catalogue.ReadIni(id, u"timecode", u"ms");
   const bool fraction = timecode.find(u'z') != Text::npos || timecode.find(u"ff") != Text::npos || timecode == u"ms";
-  const bool noHours = timecode.starts_with(u"mm") && id != kKaraokeLrc;
+  const bool noHours = !exact && timecode.starts_with(u"mm") && id != kKaraokeLrc;
   for (std::int32_t* time : {&caption.start, &caption.end}) {
     if (noHours) *time %= 3600000;
     if (id == kPlainText) {
       *time = 0;
     } else if (!fraction) {
-      *time = *time / 1000 * 1000 + (*time % 1000 > 250 ? 1000 : 0);
+      *time = *time / 1000 * 1000 + (*time % 1000 >= (exact ? 500 : 251) ? 1000 : 0);
     }
   }
   if (id != kPlainText && LeadingNumber(catalogue.ReadIni(id, u"tags", u"0")) == 0) {
@@ -110,9 +110,10 @@ Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption captio
   return caption;
 }
 
-std::vector<Caption> Carried(const FormatCatalogue& catalogue, const Text& id, const SampleDocument& document) {
+std::vector<Caption> Carried(const FormatCatalogue& catalogue, const Text& id, const SampleDocument& document,
+                             bool exact) {
   std::vector<Caption> rows;
-  for (const Caption& caption : document.rows) rows.push_back(Carried(catalogue, id, caption));
+  for (const Caption& caption : document.rows) rows.push_back(Carried(catalogue, id, caption, exact));
   return rows;
 }
 
@@ -122,8 +123,8 @@ std::vector<Text> TextsOf(const std::vector<Caption>& rows) {
   return texts;
 }
 
-float RateOf(const FormatCatalogue& catalogue, const Text& id) {
-  return catalogue.ReadIni(id, u"timecode", u"ms").find(u"ff") == Text::npos ? 0 : 25;
+FrameRate RateOf(const FormatCatalogue& catalogue, const Text& id) {
+  return catalogue.ReadIni(id, u"timecode", u"ms").find(u"ff") == Text::npos ? 0.0 : 25.0;
 }
 
 }  // namespace cuewright::testing

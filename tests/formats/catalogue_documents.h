@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/frame_rate.h"
 #include "formats/catalogue.h"
 
 namespace cuewright::testing {
@@ -34,13 +35,14 @@ bool TakenForAnother(const std::string& format, const std::string& document);
 bool NotReadWhole(const std::string& format, const std::string& document);
 
 /// Captions as a format carries them: whole seconds are rounded, and what it has no means for (hours, tags, line
-/// breaks) is gone.
-Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption caption);
-std::vector<Caption> Carried(const FormatCatalogue& catalogue, const Text& id, const SampleDocument& document);
+/// breaks) is gone. `exact`: as today's manner writes times.
+Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption caption, bool exact);
+std::vector<Caption> Carried(const FormatCatalogue& catalogue, const Text& id, const SampleDocument& document,
+                             bool exact);
 
 std::vector<Text> TextsOf(const std::vector<Caption>& rows);
 
 /// The rate that a format is written with: 25 when it counts frames, else 0.
-float RateOf(const FormatCatalogue& catalogue, const Text& id);
+FrameRate RateOf(const FormatCatalogue& catalogue, const Text& id);
 
 }  // namespace cuewright::testing

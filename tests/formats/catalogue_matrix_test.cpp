@@ -58,7 +58,7 @@ TEST_P(Catalogue, FormatGivesBackWhatItCarries) {
     rig_.importer.DetectFormat(path, Loading::NewDocument);
     rig_.messages.lines.clear();
     if (TakenForAnother(Name(), document.name)) continue;
-    const std::vector<Caption> expected = Carried(rig_.catalogue, Identifier(), document);
+    const std::vector<Caption> expected = Carried(rig_.catalogue, Identifier(), document, true);
     if (!NotReadWhole(Name(), document.name)) {
       EXPECT_EQ(rig_.Rows(), expected);
       EXPECT_TRUE(rig_.messages.shown.empty());
@@ -146,14 +146,15 @@ TEST_P(CapabilityFile, IsRecognisedAndRead) {
   ASSERT_FALSE(bytes.empty());
   EXPECT_EQ(rig_.importer.SettleFormat(rig_.folder.Write("capability.txt", bytes)), GetParam());
   rig_.Open("capability.txt", bytes);
-  const std::vector<Caption> expected = Carried(rig_.catalogue, Identifier(), CapabilityDocument());
+  const std::vector<Caption> expected = Carried(rig_.catalogue, Identifier(), CapabilityDocument(), false);
   EXPECT_EQ(TextsOf(rig_.Rows()), TextsOf(expected));
   if (!NotReadWhole(Name(), "capability")) {
     EXPECT_EQ(rig_.Rows(), expected);
   }
 }
 
-TEST_P(CapabilityFile, IsWhatTheWriterWrites) {
+TEST_P(CapabilityFile, IsWhatTheWriterWritesInTheClassicManner) {
+  rig_.options.manner.SetClassic(true);
   // The separator of CPC-600 is a byte of the 8-bit code pages.
   if (Identifier() == u"CPC600") rig_.state.Encoding = {kCodePageWestern, false};
   rig_.Fill(CapabilityDocument().rows);

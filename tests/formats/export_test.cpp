@@ -18,7 +18,7 @@ struct OwnFormat : FormatRig {
 std::string Record(const std::string& lines) { return "{SubRepeat}\n" + lines + "{/SubRepeat}\n"; }
 
 /// What one caption is written as.
-std::string Written(const std::string& ini, const std::string& record, const Caption& caption, float fps = 0) {
+std::string Written(const std::string& ini, const std::string& record, const Caption& caption, FrameRate fps = {}) {
   OwnFormat rig(ini, Record(record));
   rig.Fill({caption});
   return rig.Save(u"OWN", fps);
@@ -145,8 +145,22 @@ TEST(TmPlayerWriter, FillsTwoRowsPerCaption) {
   rig.Fill({{1000, 2000, u"<i>one"}, {3000, 4300, u"a|b|c"}, {0, 0, u""}});
   EXPECT_EQ(rig.Save(u"TMPLAYER"),
             "00:00:01,1=one\r\n00:00:01,2=\r\n00:00:02,1=\r\n00:00:02,2=\r\n"
-            "00:00:03,1=a\r\n00:00:03,2=b\r\n00:00:03,2=c\r\n00:00:05,1=\r\n00:00:05,2=\r\n"
+            "00:00:03,1=a\r\n00:00:03,2=b\r\n00:00:03,2=c\r\n00:00:04,1=\r\n00:00:04,2=\r\n"
             "00:00:00,1=\r\n00:00:00,2=\r\n00:00:00,1=\r\n00:00:00,2=\r\n");
+}
+
+TEST(TmPlayerWriter, RoundsUpFromAQuarterOfASecondInTheClassicManner) {
+  FormatRig rig;
+  rig.options.manner.SetClassic(true);
+  rig.Fill({{3000, 4300, u"a"}});
+  EXPECT_EQ(rig.Save(u"TMPLAYER"), "00:00:03,1=a\r\n00:00:03,2=\r\n00:00:05,1=\r\n00:00:05,2=\r\n");
+}
+
+TEST(MicroDvdWriter, TellsARateThatIsNotTheUsualOne) {
+  FormatRig rig;
+  rig.Fill({{1000, 2000, u"a"}});
+  EXPECT_EQ(rig.Save(u"MICRODVD", 23.976), "{1}{1}23.976\r\n{24}{48}a\r\n");
+  EXPECT_EQ(rig.Save(u"MICRODVD", 25.0), "{25}{50}a\r\n");
 }
 
 TEST(EncoreWriter, WritesLinesBelowEachOtherWithoutMarkersHeaderOrFooter) {

@@ -119,7 +119,7 @@ struct FormatRig {
   }
 
   /// Saves all rows in a format and gives the file's bytes.
-  std::string Save(TextView id, float fps = 0, const std::string& name = "saved") {
+  std::string Save(TextView id, FrameRate fps = {}, const std::string& name = "saved") {
     Choose(id);
     state.CurrentFps = fps;
     path = folder / name;

@@ -172,15 +172,17 @@ TEST(GenericPlainLines, GiveWhatSearchingGives) {
     const char* ini;
     const char* record;
     bool literal;
-    float fps;
+    FrameRate fps;
   };
   const Form forms[] = {
-      {"timecode=ff\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n", false, 25},
-      {"timecode=ms\nlbreak=|\n", "qxmStart,qxmEnd,qxmCaption\n", false, 0},
-      {"timecode=ff\n", "-->> qxmStart -->> qxmEnd\nqxmCaption\n\n", false, 25},
-      {"timecode=hh:mm:ss.zzz\ntags=7\ntagopen=<b>\ntagclose=</b>\n", "qxmStart --> qxmEnd\nqxmCaption\n\n", true, 0},
-      {"timecode=hh:mm:ss.zzz\nlbreak=|\n", "[qxmStart --> qxmEnd]  qxmCaption\n", true, 0},
-      {"timecode=hh:mm:ss:ff\nlbreak=//\n", "qxmStart qxmEnd qxmCaption\n", true, 25},
+      {"timecode=ff\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n", false, 25.0},
+      {"timecode=ms\nlbreak=|\n", "qxmStart,qxmEnd,qxmCaption\n", false, 0.0},
+      {"timecode=ff\n", "-->> qxmStart -->> qxmEnd\nqxmCaption\n\n", false, 25.0},
+      {"timecode=hh:mm:ss.zzz\ntags=7\ntagopen=<b>\ntagclose=</b>\n", "qxmStart --> qxmEnd\nqxmCaption\n\n", true, 0.0},
+      {"timecode=hh:mm:ss.zzz\nlbreak=|\n", "[qxmStart --> qxmEnd]  qxmCaption\n", true, 0.0},
+      {"timecode=hh:mm:ss:ff\nlbreak=//\n", "qxmStart qxmEnd qxmCaption\n", true, 25.0},
+      {"timecode=hh:mm:ss:ff\nlbreak=//\n", "qxmStart qxmEnd qxmCaption\n", true, 23.976},
+      {"timecode=ff\nlbreak=|\n", "{qxmStart}{qxmEnd}qxmCaption\n", false, 29.97},
   };
   const std::vector<std::string> lines = {"",
                                           "",
@@ -218,10 +220,11 @@ TEST(GenericPlainLines, GiveWhatSearchingGives) {
   };
   for (const Form& form : forms) {
     OwnFormat rig(form.ini, form.record);
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 200; ++round) {
+      const bool exact = round % 2 == 0;
       std::string content;
       for (int i = 0; i < 60; ++i) content += lines[next(lines.size())] + "\r\n";
-      const LinesOf read{u"OWN", TextFile::Auto(content, rig.encodings), form.literal, form.fps};
+      const LinesOf read{u"OWN", TextFile::Auto(content, rig.encodings), form.literal, {form.fps, exact}};
       const Captions plain = ReadLines(Way::ParserAlone, rig.loader, rig.options.lineSeparator, read);
       ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.lineSeparator, read), plain)
           << form.record << content;

@@ -163,7 +163,7 @@ TEST(FrameRate, IsAskedForWithTheFormatsName) {
             u"Type the media FPS amount for importing from MicroDVD format. Use the default value if unknown.");
   EXPECT_EQ(rig.messages.asked[0].title, u"Source video FPS");
   EXPECT_EQ(rig.messages.asked[0].initial, u"25");
-  EXPECT_FLOAT_EQ(rig.state.CurrentFps, 25.0f);
+  EXPECT_EQ(rig.state.CurrentFps, 25.0);
 }
 
 TEST(FrameRate, CancelsTheImportWithAnEmptyAnswer) {
@@ -178,33 +178,92 @@ TEST(FrameRate, CancelsTheImportWithAnEmptyAnswer) {
 
 struct FpsRow {
   const char* answer;
-  float fps;  // 0: refused
+  double fps;  // 0: refused
 };
 
-TEST(FrameRate, AcceptsWholePartsFrom15To30) {
+TEST(FrameRateQuestion, AcceptsNumbersFrom1To240) {
   for (const FpsRow& row : {FpsRow{"25", 25},
-                            {"23,976", 23.976f},
-                            {"23.976", 23.976f},
+                            {"23,976", 23.976},
+                            {"29.97", 29.97},
+                            {"59.94", 59.94},
+                            {"1", 1},
+                            {"240", 240},
+                            {"25,000000", 25},
+                            {"0,5", 0},
+                            {"240.5", 0},
+                            {"abc", 0},
+                            {"25 fps", 0},
+                            {"-25", 0}}) {
+    FormatRig rig;
+    rig.messages.lines = {FromUtf8(row.answer), u""};
+    EXPECT_EQ(rig.importer.PromptForFps(), row.fps) << row.answer;
+    ASSERT_EQ(rig.messages.shown.size(), row.fps == 0 ? 1u : 0u) << row.answer;
+    if (row.fps != 0) continue;
+    EXPECT_EQ(rig.messages.shown[0].text, rig.strings[Message::FpsOutOfRange]);
+  }
+}
+
+TEST(FrameRateQuestion, OffersTheRateOfTheFilm) {
+  FormatRig rig;
+  rig.state.FilmFps = 23.976;
+  rig.Open("a.sub", "{25}{50}x\r\n");
+  EXPECT_EQ(rig.messages.asked.at(0).initial, u"23.976");
+  rig.options.manner.SetClassic(true);
+  rig.Open("a.sub", "{25}{50}x\r\n");
+  EXPECT_EQ(rig.messages.asked.at(1).initial, u"25");
+}
+
+TEST(MicroDvdRate, OfTheFirstLineIsTakenWithoutAQuestion) {
+  FormatRig rig;
+  EXPECT_EQ(rig.Open("a.sub", "{1}{1}23.976\r\n{24}{48}x\r\n{1}{1}kept\r\n"), u"MICRODVD");
+  EXPECT_TRUE(rig.messages.asked.empty());
+  EXPECT_EQ(rig.state.CurrentFps, 23.976);
+  EXPECT_EQ(rig.Rows(), (Rows{{1001, 2002, u"x"}, {42, 42, u"kept"}}));
+  EXPECT_EQ(rig.Save(u"MICRODVD", rig.state.CurrentFps), "{1}{1}23.976\r\n{24}{48}x\r\n{1}{1}kept\r\n");
+}
+
+TEST(MicroDvdRate, ThatNobodyUsesIsAText) {
+  FormatRig rig;
+  rig.Open("a.sub", "{1}{1}1984\r\n{25}{50}x\r\n");
+  EXPECT_EQ(rig.messages.asked.size(), 1u);
+  EXPECT_EQ(rig.Rows(), (Rows{{40, 40, u"1984"}, {1000, 2000, u"x"}}));
+}
+
+TEST(MicroDvdRate, IsDroppedAndAskedForInTheClassicManner) {
+  FormatRig rig;
+  rig.options.manner.SetClassic(true);
+  EXPECT_EQ(rig.Open("a.sub", "{1}{1}23.976\r\n{24}{48}x\r\n", u"24"), u"MICRODVD");
+  EXPECT_EQ(rig.messages.asked.size(), 1u);
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"x"}}));
+  EXPECT_EQ(rig.Save(u"MICRODVD", rig.state.CurrentFps), "{24}{48}x\r\n");
+}
+
+TEST(FrameRate, AcceptsWholePartsFrom15To30InTheClassicManner) {
+  for (const FpsRow& row : {FpsRow{"25", 25},
+                            {"23,976", 23.976},
+                            {"23.976", 23.976},
                             {"15", 15},
                             {"30", 30},
-                            {"30,9", 30.9f},
-                            {"29.97", 29.97f},
+                            {"30,9", 30.9},
+                            {"29.97", 29.97},
                             {"14,99", 0},
                             {"31", 0},
                             {"abc", 0},
                             {"-25", 0},
                             {"25,000000", 0}}) {
     FormatRig rig;
+    rig.options.manner.SetClassic(true);
     rig.messages.lines = {FromUtf8(row.answer), u""};
-    EXPECT_FLOAT_EQ(rig.importer.PromptForFps(), row.fps) << row.answer;
+    EXPECT_EQ(rig.importer.PromptForFps(), row.fps) << row.answer;
     EXPECT_EQ(rig.messages.shown.size(), row.fps == 0 ? 1u : 0u) << row.answer;
   }
 }
 
 TEST(FrameRate, TellsAnInvalidAnswerAndAsksAgain) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.messages.lines = {u"10", u"24"};
-  EXPECT_FLOAT_EQ(rig.importer.PromptForFps(), 24.0f);
+  EXPECT_EQ(rig.importer.PromptForFps(), 24.0);
   ASSERT_EQ(rig.messages.shown.size(), 1u);
   EXPECT_EQ(rig.messages.shown[0].text, u"The value entered is invalid. Please enter a value between 15 and 30.");
   EXPECT_EQ(rig.messages.shown[0].title, u"Open text or subtitle");
@@ -213,9 +272,9 @@ TEST(FrameRate, TellsAnInvalidAnswerAndAsksAgain) {
 
 TEST(FrameRate, IsZeroForFormatsWithoutFrames) {
   FormatRig rig;
-  rig.state.CurrentFps = 25;
+  rig.state.CurrentFps = 25.0;
   rig.Open("a.srt", SubRipFile(1));
-  EXPECT_FLOAT_EQ(rig.state.CurrentFps, 0);
+  EXPECT_FALSE(rig.state.CurrentFps);
 }
 
 TEST(Append, ShiftsByTheMediasLengthCumulatively) {
@@ -274,7 +333,7 @@ TEST(Append, LeavesTheDocumentsWayOfWritingInForce) {
     rig.messages.lines.assign(1, row.fps);
     rig.importer.DetectFormat(rig.folder.Write(row.name, row.content), Loading::Append);
     EXPECT_EQ(WayOfWriting(rig), before);
-    EXPECT_FLOAT_EQ(rig.state.CurrentFps, 24);
+    EXPECT_EQ(rig.state.CurrentFps, 24.0);
   }
 }
 
@@ -386,13 +445,6 @@ TEST(HostileFile, ThatIsEmptyHasNoText) {
   rig.Open("empty.txt", "");
   ASSERT_EQ(rig.messages.shown.size(), 1u);
   EXPECT_TRUE(rig.messages.shown[0].text.starts_with(u"No text found"));
-}
-
-TEST(Recognition, DropsAMicroDvdLineThatBeginsWithTheRateAndAsksForItAllTheSame) {
-  FormatRig rig;
-  EXPECT_EQ(rig.Open("a.sub", "{1}{1}23.976\r\n{24}{48}x\r\n", u"24"), u"MICRODVD");
-  EXPECT_EQ(rig.messages.asked.size(), 1u);
-  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"x"}}));
 }
 
 TEST(Recognition, TriesTheSecondTemplate) {

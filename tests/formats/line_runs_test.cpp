@@ -111,7 +111,7 @@ TEST(LineRuns, GiveWhatEveryLineByItselfGivesInTheirFormats) {
 /// Both ways through a document give the same captions.
 void CompareWays(FormatRig& rig, const Text& id, const std::string& bytes, bool literal) {
   SCOPED_TRACE(ToUtf8(id) + "\n" + bytes);
-  const LinesOf lines{id, TextFile::Auto(bytes, rig.encodings), literal, RateOf(rig.catalogue, id)};
+  const LinesOf lines{id, TextFile::Auto(bytes, rig.encodings), literal, {RateOf(rig.catalogue, id)}};
   ASSERT_EQ(ReadLines(Way::ParserAndRun, rig.loader, rig.options.lineSeparator, lines),
             ReadLines(Way::ParserAlone, rig.loader, rig.options.lineSeparator, lines));
 }

@@ -15,7 +15,7 @@ struct LinesOf {
   Text format;
   TextFile file;
   bool literal = false;
-  float fps = 0;
+  TimeRules times = {};
 };
 
 /// Reads lines in one of the ways.
@@ -25,7 +25,7 @@ inline std::vector<Caption> ReadLines(Way way, FormatLoader& loader, const Text&
   RecordPieces pieces;
   if (lines.format != kSubStationAlpha && lines.format != kAdvancedSsa) pieces = CutRecord(loader.Definition(), errors);
   CaptionCollector captions(loader.Definition(), separator);
-  const ParseContext context{captions, loader.Definition(), lines.literal, lines.fps, errors};
+  const ParseContext context{captions, loader.Definition(), lines.literal, lines.times, errors};
   const LineReader reader = MakeLineReader(lines.format, context, pieces, false);
   ImportLine line;
   while (line.Next(lines.file, nullptr) && !captions.Full()) {

@@ -132,7 +132,7 @@ class EveryFormat : public ::testing::TestWithParam<int> {
 
   FormatRig rig_;
   Text id_;
-  float rate_ = 0;
+  FrameRate rate_;
   std::string file_;
 };
 
@@ -167,7 +167,7 @@ TEST_P(EveryFormat, ReadsBackWhatWasEdited) {
     Open(document);
     CaptionTimes moved{rig_.captions.At(3).start + 1000, rig_.captions.At(3).end + 3000};
     rig_.captions.Retime(3, {&moved, 1});
-    expected = Carried(rig_.catalogue, id_, {document.name, rig_.Rows()});
+    expected = Carried(rig_.catalogue, id_, {document.name, rig_.Rows()}, true);
     EXPECT_EQ(Reopened(), expected) << "times";
   }
 }

@@ -38,7 +38,7 @@ struct ExportProperties : ExportTest {
         "[F]\r\nname=Zeta\r\n"
         "[G]\r\nname=Eta\r\ntags=99999999999\r\ntimecode=ff\r\n";
     catalogue.Load(ini, "<FormatsList>\r\nA\r\nB\r\nC\r\nD\r\nE\r\nF\r\nG\r\n</FormatsList>\r\n", program->encodings);
-    dialog = std::make_unique<ExportDialog>(catalogue, formats, program->strings, boxes);
+    dialog = std::make_unique<ExportDialog>(catalogue, formats, program->options, program->strings, boxes);
     formats.CurrentFormatIndex = static_cast<std::uint8_t>(catalogue.IndexOf(u"A"));
     dialog->Open(false);
   }
@@ -162,7 +162,39 @@ TEST_F(ExportProperties, AFailureLeavesTheRemainingOnesAsTheyWere) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(ExportRate, AnythingBelow15OrAbove30IsRefusedForFrames) {
+TEST_F(ExportRate, AnythingButANumberFrom1To240IsRefusedForFrames) {
+  for (const TextView text :
+       {TextView(u"0,5"), TextView(u"240,5"), TextView(u""), TextView(u"abc"), TextView(u"25x")}) {
+    Open(u"MICRODVD");
+    program->formats.CurrentFps = 24;
+    Dialog().cmbFPS.SetText(text);
+    Dialog().cmdOK.Click();
+    EXPECT_FALSE(Dialog().Result());
+    EXPECT_EQ(LastBox(), "The frame rate must be a number from 1 to 240, such as 25 or 23.976.");
+    EXPECT_EQ(program->formats.CurrentFps, 24);
+  }
+}
+
+TEST_F(ExportRate, FractionsOfTelevisionAreMeantExactly) {
+  Open(u"MICRODVD");
+  Dialog().cmbFPS.SetText(u"59,94");
+  Dialog().cmdOK.Click();
+  EXPECT_TRUE(Dialog().Result());
+  EXPECT_EQ(program->formats.CurrentFps.Numerator(), 60000);
+  EXPECT_EQ(program->formats.CurrentFps.Denominator(), 1001);
+}
+
+TEST_F(ExportOpening, TheRateOfTheFilmIsOffered) {
+  program->formats.FilmFps = 29.97;
+  Open(u"MICRODVD");
+  EXPECT_EQ(Dialog().cmbFPS.GetText(), u"29,97");
+  program->options.manner.SetClassic(true);
+  Dialog().Open(false);
+  EXPECT_EQ(Dialog().cmbFPS.GetText(), u"25");
+}
+
+TEST_F(ExportRate, AnythingBelow15OrAbove30IsRefusedForFramesInTheClassicManner) {
+  program->options.manner.SetClassic(true);
   for (const TextView text : {TextView(u"14"), TextView(u"31"), TextView(u""), TextView(u"14,99"), TextView(u"abc")}) {
     Open(u"MICRODVD");
     program->formats.CurrentFps = 24;

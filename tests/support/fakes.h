@@ -53,6 +53,7 @@ class FakePlayer final : public Player {
   }
   double PositionAt(double instant) const override { return history ? history(instant) : position; }
   Text CurrentPositionString() const override { return positionText; }
+  double FramesPerSecond() const override { return framesPerSecond; }
   double Duration() const override { return duration; }
   int AudioTrack() const override { return audioTrack; }
 
@@ -77,6 +78,7 @@ class FakePlayer final : public Player {
   std::function<double(double)> history;  // where the film was at an instant; empty: always where it is
   Text positionText = u"00:00";
   double duration = 0;
+  double framesPerSecond = 0;
   int audioTrack = -1;
   std::vector<double> seeks;
 };

@@ -1,0 +1,170 @@
+#include <array>
+#include <charconv>
+#include <limits>
+#include <numeric>
+
+#include "batch/call_options.h"
+
+namespace cuewright {
+namespace {
+
+/// The whole number that a text is, with or without a sign; nothing for any other text and beyond 32 bits.
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return {};
+  return number;
+}
+
+/// A positive number as a fraction; nothing for any other text and for one of more than nine digits.
+std::optional<SpeedRatio> Fraction(std::string_view text) {
+  constexpr std::size_t kMostDigits = 9;
+  const std::size_t sign = text.find_first_of(".,");
+  std::string digits(text.substr(0, sign));
+  const std::string_view decimals = sign == std::string_view::npos ? "" : text.substr(sign + 1);
+  if (digits.empty() || (sign != std::string_view::npos && decimals.empty())) return {};
+  digits += decimals;
+  if (!AllDigits(digits) || digits.size() > kMostDigits) return {};
+  SpeedRatio fraction{std::stoll(digits), 1};
+  for (std::size_t i = 0; i < decimals.size(); ++i) fraction.denominator *= 10;
+  if (fraction.numerator == 0) return {};
+  return fraction;
+}
+
+Problem SetRows(Request& request, const std::string& value) {
+  const std::size_t dash = value.find('-');
+  const auto bound = [&](std::string_view text, Row open) -> std::optional<Row> {
+    if (text.empty() && dash != std::string::npos) return open;
+    const std::optional<std::int32_t> number = AllDigits(text) ? WholeNumber(text) : std::nullopt;
+    return number && *number > 0 ? number : std::nullopt;
+  };
+  const std::string_view all = value;
+  const std::optional<Row> first = bound(all.substr(0, dash), 1);
+  const std::optional<Row> last = dash == std::string::npos ? first : bound(all.substr(dash + 1), kMaxRow);
+  if (!first || !last || *first > *last || value == "-") {
+    return "--rows takes the numbers of the first and the last caption, such as 10-20, 10- or 10, not " + Quoted(value);
+  }
+  request.rows = {*first, *last};
+  return {};
+}
+
+Problem SetShift(Request& request, const std::string& value) {
+  request.retime.shift = WholeNumber(value);
+  if (!request.retime.shift) return "--shift takes a number of milliseconds, such as -1500, not " + Quoted(value);
+  return {};
+}
+
+Problem SetSpeed(Request& request, const std::string& value) {
+  const std::size_t slash = value.find('/');
+  const std::optional<SpeedRatio> first = Fraction(std::string_view(value).substr(0, slash));
+  const std::optional<SpeedRatio> second =
+      slash == std::string::npos ? SpeedRatio() : Fraction(std::string_view(value).substr(slash + 1));
+  if (!first || !second) return "--speed takes a ratio of two numbers, such as 25/24, not " + Quoted(value);
+  const std::int64_t numerator = first->numerator * second->denominator;
+  const std::int64_t denominator = second->numerator * first->denominator;
+  const std::int64_t shared = std::gcd(numerator, denominator);
+  if (numerator / shared > SpeedRatio::kMost || denominator / shared > SpeedRatio::kMost) {
+    return "--speed takes a ratio of two numbers with fewer digits, not " + Quoted(value);
+  }
+  request.retime.speed = SpeedRatio{numerator / shared, denominator / shared};
+  return {};
+}
+
+Problem SetRate(FrameRate& rate, const std::string& option, const std::string& value) {
+  rate = FrameRate::FromText(FromUtf8(value));
+  if (rate.IsUsual()) return {};
+  return option + " takes a rate from 1 to 240, such as 25 or 23.976, not " + Quoted(value);
+}
+
+Problem SetFpsFrom(Request& request, const std::string& value) {
+  return SetRate(request.retime.fpsFrom, "--fps-from", value);
+}
+
+Problem SetFpsTo(Request& request, const std::string& value) {
+  return SetRate(request.retime.fpsTo, "--fps-to", value);
+}
+
+Problem AddPoint(Request& request, const std::string& value) {
+  const std::size_t equals = value.find('=');
+  const std::string_view all = value;
+  const std::optional<std::int32_t> row = WholeNumber(all.substr(0, equals));
+  const std::optional<std::int32_t> ms =
+      equals == std::string::npos ? std::nullopt : WholeNumber(all.substr(equals + 1));
+  if (!row || *row < 1 || !ms) {
+    return "--point takes a caption's number and its new start in milliseconds, such as 12=65000, not " + Quoted(value);
+  }
+  request.retime.points.push_back({*row, *ms});
+  return {};
+}
+
+Problem SetOut(Request& request, const std::string& value) {
+  if (value.empty()) return "--out takes the name of a file";
+  request.out = FromUtf8(value);
+  return {};
+}
+
+Problem SetTo(Request& request, const std::string& value) {
+  request.to = ToUpper(FromUtf8(value));
+  return {};
+}
+
+Problem SetFind(Request& request, const std::string& value) {
+  request.replace.find = FromUtf8(value);
+  return {};
+}
+
+Problem SetWith(Request& request, const std::string& value) {
+  request.replace.with = FromUtf8(value);
+  request.replaceGiven = true;
+  return {};
+}
+
+Problem SetRegex(Request& request, const std::string&) {
+  request.replace.regex = true;
+  return {};
+}
+
+Problem SetCase(Request& request, const std::string&) {
+  request.replace.matchCase = true;
+  return {};
+}
+
+constexpr std::array kReplaceOptions = {
+    CallOption{"--find", true, SetFind},  CallOption{"--with", true, SetWith}, CallOption{"--regex", false, SetRegex},
+    CallOption{"--case", false, SetCase}, CallOption{"--rows", true, SetRows}, CallOption{"--out", true, SetOut},
+    CallOption{"--to", true, SetTo},
+};
+
+constexpr std::array kRetimeOptions = {
+    CallOption{"--shift", true, SetShift},      CallOption{"--speed", true, SetSpeed},
+    CallOption{"--fps-from", true, SetFpsFrom}, CallOption{"--fps-to", true, SetFpsTo},
+    CallOption{"--point", true, AddPoint},      CallOption{"--rows", true, SetRows},
+    CallOption{"--out", true, SetOut},          CallOption{"--to", true, SetTo},
+};
+
+}  // namespace
+
+std::span<const CallOption> RetimeOptions() { return kRetimeOptions; }
+std::span<const CallOption> ReplaceOptions() { return kReplaceOptions; }
+
+Problem CheckReplace(const Request& request) {
+  if (request.replace.find.empty()) return "replace needs --find with a text";
+  if (!request.replaceGiven) return "replace needs --with, which may be empty";
+  if (!request.out) return "replace needs --out with the name of a file";
+  return {};
+}
+
+Problem CheckRetime(const Request& request) {
+  const RetimeChoice& choice = request.retime;
+  if (static_cast<bool>(choice.fpsFrom) != static_cast<bool>(choice.fpsTo)) {
+    return "retime takes --fps-from and --fps-to together";
+  }
+  const int ways = int{choice.shift.has_value()} + int{choice.speed.has_value()} +
+                   int{static_cast<bool>(choice.fpsFrom)} + int{!choice.points.empty()};
+  if (ways != 1) return "retime needs one of --shift, --speed, --fps-from with --fps-to, and --point";
+  if (!request.out) return "retime needs --out with the name of a file";
+  return {};
+}
+
+}  // namespace cuewright

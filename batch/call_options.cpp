@@ -1,0 +1,181 @@
+#include "batch/call_options.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/frame_rate.h"
+#include "text/digits.h"
+
+namespace cuewright {
+namespace {
+
+Problem SetFps(Request& request, const std::string& value) {
+  request.fps = value;
+  return {};
+}
+
+Problem SetText(Request& request, const std::string& value) {
+  constexpr std::string_view kClassicPage = "classic:";
+  if (value == "auto" || value == "classic") {
+    request.text = TextChoice{value == "classic", 0};
+    request.classic = request.classic || request.text->classic;
+    return {};
+  }
+  const std::string_view page =
+      value.starts_with(kClassicPage) ? std::string_view(value).substr(kClassicPage.size()) : std::string_view();
+  if (AllDigits(page) && page.size() <= 5 && page != "0") {
+    request.text = TextChoice{true, std::stoi(std::string(page))};
+    request.classic = true;
+    return {};
+  }
+  return "--text takes auto, classic or classic:CODEPAGE, not " + Quoted(value);
+}
+
+Problem SetCatalogue(Request& request, const std::string& value) {
+  request.catalogue = FromUtf8(value);
+  return {};
+}
+
+Problem SetSeparator(Request& request, const std::string& value) {
+  if (value.empty()) return "--separator takes the text that stands for a line break";
+  request.separator = FromUtf8(value);
+  return {};
+}
+
+/// SECTION is the name behind "Cuewright\", or "Cuewright" for the general settings.
+Problem SetSetting(Request& request, const std::string& value) {
+  const std::size_t equals = value.find('=');
+  const std::size_t slash = value.rfind('/', equals);
+  if (equals == std::string::npos || slash == std::string::npos || slash == 0 || slash + 1 == equals) {
+    return "--set takes SECTION/KEY=VALUE, not " + Quoted(value);
+  }
+  constexpr TextView kMain = u"Cuewright";
+  Text section = ReplaceAll(FromUtf8(value.substr(0, slash)), u"/", u"\\");
+  if (!EqualLoose(section, kMain) && !EqualLoose(TextView(section).substr(0, kMain.size() + 1), u"Cuewright\\")) {
+    section = Text(kMain) + u'\\' + section;
+  }
+  request.settings.push_back(
+      {section, FromUtf8(value.substr(slash + 1, equals - slash - 1)), FromUtf8(value.substr(equals + 1))});
+  return {};
+}
+
+Problem SetSettingsFile(Request& request, const std::string& value) {
+  request.settingsFile = FromUtf8(value);
+  return {};
+}
+
+Problem SetClassic(Request& request, const std::string&) {
+  request.classic = true;
+  return {};
+}
+
+Problem SetJson(Request& request, const std::string&) {
+  request.json = true;
+  return {};
+}
+
+Problem SetQuiet(Request& request, const std::string&) {
+  request.quiet = true;
+  return {};
+}
+
+Problem SetTo(Request& request, const std::string& value) {
+  request.to = ToUpper(FromUtf8(value));
+  return {};
+}
+
+Problem SetOut(Request& request, const std::string& value) {
+  if (value.empty()) return "--out takes the name of a file";
+  request.out = FromUtf8(value);
+  return {};
+}
+
+Problem SetFolder(Request& request, const std::string& value) {
+  if (value.empty()) return "--folder takes the name of a folder";
+  request.folder = FromUtf8(value);
+  return {};
+}
+
+Problem SetUntimed(Request& request, const std::string& value) {
+  if (value != "keep" && value != "drop") return "--untimed takes keep or drop, not " + Quoted(value);
+  request.keepUntimed = value == "keep";
+  return {};
+}
+
+Problem SetRules(Request& request, const std::string&) {
+  request.rules = true;
+  return {};
+}
+
+Problem SetStandard(Request& request, const std::string&) {
+  request.detailed = false;
+  return {};
+}
+
+Problem SetDetailed(Request& request, const std::string&) {
+  request.detailed = true;
+  return {};
+}
+
+constexpr std::array kCommonOptions = {
+    CallOption{"--fps", true, SetFps},
+    CallOption{"--text", true, SetText},
+    CallOption{"--catalogue", true, SetCatalogue},
+    CallOption{"--separator", true, SetSeparator},
+    CallOption{"--set", true, SetSetting},
+    CallOption{"--settings", true, SetSettingsFile},
+    CallOption{"--classic", false, SetClassic},
+    CallOption{"--json", false, SetJson},
+    CallOption{"--quiet", false, SetQuiet},
+};
+
+constexpr std::array kConvertOptions = {
+    CallOption{"--to", true, SetTo},         CallOption{"--out", true, SetOut},
+    CallOption{"--folder", true, SetFolder}, CallOption{"--untimed", true, SetUntimed},
+    CallOption{"--rules", false, SetRules},
+};
+
+constexpr std::array kRulesOptions = {
+    CallOption{"--standard", false, SetStandard},
+    CallOption{"--detailed", false, SetDetailed},
+    CallOption{"--to", true, SetTo},
+    CallOption{"--out", true, SetOut},
+};
+
+}  // namespace
+
+std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
+
+bool AllDigits(std::string_view text) { return !text.empty() && std::ranges::all_of(text, IsDigit<char>); }
+
+std::span<const CallOption> CommonOptions() { return kCommonOptions; }
+std::span<const CallOption> ConvertOptions() { return kConvertOptions; }
+std::span<const CallOption> RulesOptions() { return kRulesOptions; }
+
+Problem CheckFps(const Request& request) {
+  if (!request.fps) return {};
+  const std::string& value = *request.fps;
+  const FrameRate rate = FrameRate::FromText(FromUtf8(value));
+  if (!request.classic) {
+    if (rate.IsUsual()) return {};
+    return "--fps takes a rate from 1 to 240, such as 25 or 23.976, not " + Quoted(value);
+  }
+  const float whole = std::floor(rate.AsGiven());
+  if (value.size() < 9 && whole >= 15 && whole <= 30) return {};
+  return "--fps takes a rate from 15 to 30, such as 25 or 23.976, not " + Quoted(value);
+}
+
+Problem CheckRules(const Request& request) {
+  if (request.out.has_value() == request.to.empty()) return "rules takes --out and --to together";
+  return {};
+}
+
+Problem CheckConvert(const Request& request) {
+  if (request.to.empty()) return "convert needs --to with the identifier of a format";
+  if (request.out.has_value() == request.folder.has_value()) return "convert needs either --out or --folder";
+  if (request.out && request.files.size() > 1) return "--out takes one file only; use --folder for more";
+  return {};
+}
+
+}  // namespace cuewright

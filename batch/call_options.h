@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "batch/command_line.h"
+
+namespace cuewright {
+
+/// What is wrong with a call, one sentence; empty when nothing is.
+using Problem = std::optional<std::string>;
+
+/// An option and what puts its value into the request.
+struct CallOption {
+  std::string_view name;
+  bool takesValue;
+  Problem (*set)(Request&, const std::string&);
+};
+
+std::string Quoted(std::string_view text);
+bool AllDigits(std::string_view text);
+
+/// The options of every command, and those that a command has beside them.
+std::span<const CallOption> CommonOptions();
+std::span<const CallOption> ConvertOptions();
+std::span<const CallOption> RulesOptions();
+std::span<const CallOption> RetimeOptions();
+std::span<const CallOption> ReplaceOptions();
+
+/// What is wrong with a request as a whole.
+Problem CheckFps(const Request& request);
+Problem CheckConvert(const Request& request);
+Problem CheckRules(const Request& request);
+Problem CheckRetime(const Request& request);
+Problem CheckReplace(const Request& request);
+
+}  // namespace cuewright

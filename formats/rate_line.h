@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/frame_rate.h"
+#include "text/text.h"
+#include "text/text_file.h"
+
+namespace cuewright {
+
+/// The rate of a file that tells none, and of a film whose own isn't known.
+inline constexpr int kUsualRate = 25;
+
+/// What a line of MicroDVD begins with that tells the frame rate.
+inline constexpr TextView kRateLine = u"{1}{1}";
+
+/// The rate of a line such as "{1}{1}23.976"; none for any other line and for a rate that nobody uses.
+FrameRate RateOfLine(TextView line);
+
+/// The rate that the file's first line tells. The file is at its beginning, then and now.
+FrameRate RateInFirstLine(TextFile& file);
+
+/// The line that tells a rate; empty for 25, which a file without the line is taken to have.
+Text LineOfRate(const FrameRate& rate);
+
+}  // namespace cuewright

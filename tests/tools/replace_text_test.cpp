@@ -1,0 +1,143 @@
+#include "tools/replace_text.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "tests/support/printers.h"
+#include "tools/visible_text.h"
+
+namespace cuewright {
+namespace {
+
+using Fault = TextReplacer::Fault;
+
+/// The text after replacing; the text itself when nothing was found.
+Text After(TextView text, const ReplaceOrder& order) {
+  TextReplacer replacer(order, u"|");
+  EXPECT_EQ(replacer.Problem(), Fault::None);
+  return replacer.Replaced(text).value_or(Text(text));
+}
+
+TEST(TagLengthTest, KnowsTagsFromText) {
+  for (const TextView tag : {u"<i>", u"</i>", u"</>", u"<font color=\"#ff0000\">", u"<c.yellow>", u"<00:00:01.500>",
+                             u"{\\an8}", u"{\\i1\\b1}", u"{y:i}", u"{C:$0000FF}"}) {
+    EXPECT_EQ(TagLength(Text(tag) + u" text > }"), tag.size()) << ToUtf8(tag);
+  }
+  for (const TextView text : {u"<3 you> all", u"< b>", u"<", u"<i", u"a<i>", u"{x}", u"{laughs}", u"{\\an8", u"<i <b>",
+                              u"{\\a{b}", u"<12>"}) {
+    EXPECT_EQ(TagLength(text), 0u) << ToUtf8(text);
+  }
+}
+
+TEST(TextReplacing, TakesEveryHitInBothCasesUnlessAskedOtherwise) {
+  EXPECT_EQ(After(u"Cat, cat, CAT and concat", {u"cat", u"dog"}), u"dog, dog, dog and condog");
+  EXPECT_EQ(After(u"Cat, cat, CAT", {u"cat", u"dog", false, true}), u"Cat, dog, CAT");
+  EXPECT_EQ(After(u"ÉTÉ été", {u"été", u"x"}), u"x x");
+  EXPECT_EQ(After(u"straße", {u"STRASSE", u"x"}), u"x");
+}
+
+TEST(TextReplacing, TakesPlainTextAsItStands) {
+  EXPECT_EQ(After(u"a.c abc (x) $1", {u"a.c", u"$1\\n"}), u"$1\\n abc (x) $1");
+  EXPECT_EQ(After(u"(x)", {u"(x)", u""}), u"");
+  EXPECT_EQ(After(u"a\\Eb", {u"\\E", u"-"}), u"a-b");
+}
+
+TEST(TextReplacing, CountsASeparatorAsALineBreak) {
+  EXPECT_EQ(After(u"this house|until", {u"house|until", u"place|till"}), u"this place|till");
+  EXPECT_EQ(After(u"one|two", {u"\\n", u" ", true}), u"one two");
+  EXPECT_EQ(After(u"one two", {u" ", u"|", true}), u"one|two");
+  EXPECT_EQ(After(u"one|two", {u"^", u"- ", true}), u"- one|- two");
+  EXPECT_EQ(After(u"one|two", {u"$", u"!", true}), u"one!|two!");
+  EXPECT_EQ(After(u"one|two", {u"o.*o", u"x", true}), u"one|two");
+}
+
+TEST(TextReplacing, PutsGroupsIntoTheReplacement) {
+  EXPECT_EQ(After(u"12 of 34", {u"(\\d+) of (\\d+)", u"$2/$1", true}), u"34/12");
+  EXPECT_EQ(After(u"ab", {u"(?<first>a)", u"[${first}]", true}), u"[a]b");
+  EXPECT_EQ(After(u"price", {u"price", u"\\$5", true}), u"$5");
+}
+
+TEST(TextReplacing, SeesThroughTagsAndLeavesThemInPlace) {
+  EXPECT_EQ(After(u"<i>Nobody leaves", {u"i", u"x"}), u"<i>Nobody leaves");
+  EXPECT_EQ(After(u"Hel<b>lo</b> you", {u"hello", u"Hello"}), u"Hel<b>lo</b> you");
+  EXPECT_EQ(After(u"Hel<b>lo</b> you", {u"hello you", u"Hello me"}), u"Hel<b>lo</b> me");
+  EXPECT_EQ(After(u"No <i>one</i> leaves", {u"no one leaves", u"No man leaves"}), u"No <i>man</i> leaves");
+  EXPECT_EQ(After(u"<i>one</i> two", {u"one two", u"three"}), u"<i>thr</i>ee");
+  EXPECT_EQ(After(u"a<i>bcd</i>e", {u"abcde", u""}), u"<i></i>");
+  EXPECT_EQ(After(u"{\\an8}an8 {y:i}y", {u"an8", u"x"}), u"{\\an8}x {y:i}y");
+  EXPECT_EQ(After(u"{\\an8}One|two", {u"^", u"- ", true}), u"{\\an8}- One|- two");
+  EXPECT_EQ(After(u"<i>One</i>", {u"$", u"!", true}), u"<i>One!</i>");
+  EXPECT_EQ(After(u"a<i>b", {u"ab", u"\U0001F600"}), u"\U0001F600<i>");
+  EXPECT_EQ(After(u"1 < 2 and 3 > 2", {u"<", u"less than"}), u"1 less than 2 and 3 > 2");
+}
+
+TEST(TextReplacing, SaysWhatIsWrong) {
+  const auto fault = [](const ReplaceOrder& order) { return TextReplacer(order, u"|").Problem(); };
+  EXPECT_EQ(fault({u"", u"x"}), Fault::NothingToFind);
+  EXPECT_EQ(fault({u"(", u"x", true}), Fault::BadPattern);
+  EXPECT_EQ(fault({u"(", u"x", false}), Fault::None);
+  EXPECT_EQ(fault({u"a", u"$1", true}), Fault::BadReplacement);
+  EXPECT_EQ(fault({u"a", u"${none}", true}), Fault::BadReplacement);
+  EXPECT_EQ(fault({u"(a) # note", u"$1", true}), Fault::None);
+}
+
+struct ReplaceTest : ::testing::Test {
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  int Replace(const ReplaceOrder& order, const RowRange& rows = {}) {
+    TextReplacer replacer(order, options.lineSeparator);
+    const int changed = ReplaceInCaptions(list, rows, replacer);
+    fault = replacer.Problem();
+    return changed;
+  }
+
+  AppOptions options;
+  bool modified = false;
+  CaptionList list{options, modified};
+  Fault fault = Fault::None;
+};
+
+TEST_F(ReplaceTest, ChangesTheRangeAsOneStepAndKeepsTimesAndOrigins) {
+  Put({{1, 2, u"a", 1}, {3, 4, u"b", 2}, {5, 6, u"a a", 3}, {7, 8, u"a", 4}});
+  int splices = 0;
+  list.Spliced.Connect([&](const Splice&) { ++splices; });
+  EXPECT_EQ(Replace({u"a", u"x"}, {1, 3}), 2);
+  EXPECT_EQ(splices, 1);
+  EXPECT_TRUE(modified);
+  EXPECT_EQ(list.At(1), (Caption{1, 2, u"x"}));
+  EXPECT_EQ(list.At(2), (Caption{3, 4, u"b"}));
+  EXPECT_EQ(list.At(3), (Caption{5, 6, u"x x"}));
+  EXPECT_EQ(list.At(3).origin, 3u);
+  EXPECT_EQ(list.At(4), (Caption{7, 8, u"a"}));
+}
+
+TEST_F(ReplaceTest, ThatPutsTheSameInPlaceChangesNothing) {
+  Put({{1, 2, u"a"}});
+  EXPECT_EQ(Replace({u"a", u"a"}), 0);
+  EXPECT_EQ(Replace({u"b", u"c"}), 0);
+  EXPECT_FALSE(modified);
+}
+
+TEST_F(ReplaceTest, GivesUpAPatternThatNeverEndsAndChangesNothing) {
+  Put({{1, 2, u"b"}, {1, 2, Text(64, u'a') + u"!"}});
+  const auto began = std::chrono::steady_clock::now();
+  EXPECT_EQ(Replace({u"b|(a+)+$", u"x", true}), 0);
+  EXPECT_EQ(fault, Fault::TooSlow);
+  EXPECT_EQ(list.At(1).text, u"b");
+  EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10));
+}
+
+TEST_F(ReplaceTest, GoesThroughAFullListInNoTime) {
+  std::vector<Caption> captions;
+  for (int i = 0; i < 32000; ++i)
+    captions.push_back({i, i, u"<i>Nobody leaves this house|until the storm has passed."});
+  Put(std::move(captions));
+  const auto began = std::chrono::steady_clock::now();
+  EXPECT_EQ(Replace({u"(storm)", u"the $1", true}), 32000);
+  const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - began;
+  // Optimised it takes less than a tenth of this.
+  EXPECT_LT(took.count(), 1000);
+}
+
+}  // namespace
+}  // namespace cuewright
