@@ -14,13 +14,16 @@ void OpenEnded::Begin(std::int32_t start, Text text, const SourceRecord& record)
 }
 
 bool OpenEnded::End(std::int32_t end, Stretch field, std::size_t behind) {
-  if (captions_.empty() || !captions_.back().record.endIsReckoned) return false;
+  anyEnds_ = true;
+  if (captions_.empty() || !captions_.back().record.endIsReckoned || end <= captions_.back().start) {
+    stops_.push_back(end);
+    return false;
+  }
   Pending& last = captions_.back();
   last.end = end;
   last.record.end = field;
   last.record.endIsReckoned = false;
   last.record.whole = Stretch::Between(last.record.whole.at, behind);
-  anyEnds_ = true;
   return true;
 }
 
@@ -32,20 +35,21 @@ std::int32_t OpenEnded::LatestEnd(const Pending& caption) const {
 }
 
 void OpenEnded::Flush(SourceSink& sink) {
-  std::vector<std::int32_t> starts;
-  starts.reserve(captions_.size());
-  for (const Pending& caption : captions_) starts.push_back(caption.start);
+  std::vector<std::int32_t> stops = std::move(stops_);
+  stops.reserve(stops.size() + captions_.size());
+  for (const Pending& caption : captions_) stops.push_back(caption.start);
   // Songs name a repeated line once, with all its times.
-  if (!std::is_sorted(starts.begin(), starts.end())) std::sort(starts.begin(), starts.end());
+  if (!std::is_sorted(stops.begin(), stops.end())) std::sort(stops.begin(), stops.end());
   for (Pending& caption : captions_) {
     if (caption.record.endIsReckoned) {
-      const auto next = std::upper_bound(starts.begin(), starts.end(), caption.start);
+      const auto next = std::upper_bound(stops.begin(), stops.end(), caption.start);
       caption.end = LatestEnd(caption);
-      if (next != starts.end()) caption.end = std::min(caption.end, *next);
+      if (next != stops.end() && (lasts_ == Lasts::UntilTheNext || *next < caption.end)) caption.end = *next;
     }
     if (!sink.Add(caption.start, caption.end, std::move(caption.text), caption.record)) break;
   }
   captions_.clear();
+  stops_.clear();
 }
 
 }  // namespace cuewright

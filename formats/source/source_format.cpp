@@ -1,8 +1,12 @@
 #include "formats/source/source_format.h"
 
+#include "formats/source/lyrics_format.h"
 #include "formats/source/numbered_pair_format.h"
 #include "formats/source/pair_block_format.h"
+#include "formats/source/quicktime_format.h"
+#include "formats/source/sami_format.h"
 #include "formats/source/substation_format.h"
+#include "formats/source/tmplayer_format.h"
 #include "formats/source/webvtt_format.h"
 
 namespace cuewright {
@@ -35,6 +39,12 @@ constexpr Maker kMakers[] = {
     {u"SUBVIEWER2SP", Plain<PairBlockFormat, PairBlockFormat::Variant::SubViewer2>},
     {u"YOUTUBESBV", Plain<PairBlockFormat, PairBlockFormat::Variant::Sbv>},
     {u"SUBSTATIONALPHA", Plain<SubStationFormat, SubStationVersion::V4>},
+    {u"KARAOKELRC", With<LyricsFormat>},
+    {u"QUICKTIMETEXT", With<QuickTimeFormat>},
+    {u"SAMI", With<SamiFormat>},
+    {u"TMPLAYER", With<TmPlayerFormat, TmPlayerFormat::Dialect::Rows>},
+    {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},
+    {u"TMPLAYERCOLON", With<TmPlayerFormat, TmPlayerFormat::Dialect::Colon>},
     {u"WEBVTT", Plain<WebVttFormat>},
     {u"WEBVTT_RSS", Plain<WebVttFormat>},
 };
