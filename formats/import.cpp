@@ -130,7 +130,7 @@ std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loadin
   const Text id = formats_.CurrentIdentifier();
   const bool keep = loading == Loading::NewDocument && manner.KeepsTheFile() && !wide;
   if (!wide && manner.ReadsByPublishedRules()) {
-    if (std::unique_ptr<SourceFormat> rules = MakeSourceFormat(id)) {
+    if (std::unique_ptr<SourceFormat> rules = MakeSourceFormat(id, RulesSettings())) {
       auto map = std::make_shared<SourceMap>(id, std::move(file), std::move(rules));
       return ReadByRules(map, keep, errors);
     }
@@ -151,6 +151,16 @@ std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loadin
   map->SetFps(formats_.state.CurrentFps);
   formats_.state.Source = std::move(map);
   return rows;
+}
+
+SourceSettings Importer::RulesSettings() const {
+  SourceSettings settings;
+  settings.durationPerCharacter = captions_.Options().durationPerCharacter;
+  if (const FrameRate& rate = formats_.state.CurrentFps) {
+    settings.frames = rate.Numerator();
+    settings.inSeconds = rate.Denominator();
+  }
+  return settings;
 }
 
 std::vector<Caption> Importer::ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors) {

@@ -62,6 +62,7 @@ class Importer {
   void ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors);
   std::vector<Caption> ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors);
   std::vector<Caption> ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors);
+  SourceSettings RulesSettings() const;
   void BeginImport();
   bool ReadFrameRate(TextFile* file);
   FrameRate AcceptedRate(const Text& answer) const;

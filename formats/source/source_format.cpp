@@ -1,42 +1,63 @@
 #include "formats/source/source_format.h"
 
+#include "formats/source/lyrics_format.h"
+#include "formats/source/numbered_pair_format.h"
+#include "formats/source/pair_block_format.h"
+#include "formats/source/quicktime_format.h"
+#include "formats/source/sami_format.h"
 #include "formats/source/subrip_format.h"
 #include "formats/source/substation_format.h"
+#include "formats/source/tmplayer_format.h"
 #include "formats/source/webvtt_format.h"
 
 namespace cuewright {
 namespace {
 
-template <class Format>
-std::unique_ptr<SourceFormat> Make() {
-  return std::make_unique<Format>();
+using Made = std::unique_ptr<SourceFormat>;
+
+/// Makes the rules that need no settings, with what tells variants of a format apart.
+template <class Format, auto... kVariant>
+Made Plain(const SourceSettings&) {
+  return std::make_unique<Format>(kVariant...);
 }
 
-template <SubStationVersion kVersion>
-std::unique_ptr<SourceFormat> MakeSubStation() {
-  return std::make_unique<SubStationFormat>(kVersion);
+/// The same for rules that need settings.
+template <class Format, auto... kVariant>
+Made With(const SourceSettings& settings) {
+  return std::make_unique<Format>(settings, kVariant...);
 }
 
 struct Maker {
   TextView identifier;
-  std::unique_ptr<SourceFormat> (*make)();
+  Made (*make)(const SourceSettings& settings);
 };
 
 constexpr Maker kMakers[] = {
-    {u"ADVANCEDSSA", MakeSubStation<SubStationVersion::V4Plus>},
-    {u"SUBSTATIONALPHA", MakeSubStation<SubStationVersion::V4>},
-    {u"SUBRIP", Make<SubRipFormat>},
-    {u"WEBVTT", Make<WebVttFormat>},
-    {u"WEBVTT_RSS", Make<WebVttFormat>},
+    {u"ADVANCEDSSA", Plain<SubStationFormat, SubStationVersion::V4Plus>},
+    {u"MICRODVD", With<NumberedPairFormat, NumberedPairFormat::Variant::MicroDvd>},
+    {u"MPL2", With<NumberedPairFormat, NumberedPairFormat::Variant::Mpl2>},
+    {u"SUBVIEWER2", Plain<PairBlockFormat, PairBlockFormat::Variant::SubViewer2>},
+    {u"SUBVIEWER2SP", Plain<PairBlockFormat, PairBlockFormat::Variant::SubViewer2>},
+    {u"YOUTUBESBV", Plain<PairBlockFormat, PairBlockFormat::Variant::Sbv>},
+    {u"SUBSTATIONALPHA", Plain<SubStationFormat, SubStationVersion::V4>},
+    {u"KARAOKELRC", With<LyricsFormat>},
+    {u"QUICKTIMETEXT", With<QuickTimeFormat>},
+    {u"SAMI", With<SamiFormat>},
+    {u"SUBRIP", Plain<SubRipFormat>},
+    {u"TMPLAYER", With<TmPlayerFormat, TmPlayerFormat::Dialect::Rows>},
+    {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},
+    {u"TMPLAYERCOLON", With<TmPlayerFormat, TmPlayerFormat::Dialect::Colon>},
+    {u"WEBVTT", Plain<WebVttFormat>},
+    {u"WEBVTT_RSS", Plain<WebVttFormat>},
 };
 
 }  // namespace
 
 std::string SourceFormat::NumberField(int number, std::string_view) const { return std::to_string(number); }
 
-std::unique_ptr<SourceFormat> MakeSourceFormat(TextView identifier) {
+std::unique_ptr<SourceFormat> MakeSourceFormat(TextView identifier, const SourceSettings& settings) {
   for (const Maker& maker : kMakers) {
-    if (maker.identifier == identifier) return maker.make();
+    if (maker.identifier == identifier) return maker.make(settings);
   }
   return nullptr;
 }

@@ -8,6 +8,7 @@
 
 #include "core/caption_list.h"
 #include "formats/source/source_lines.h"
+#include "formats/source/source_settings.h"
 #include "text/text.h"
 #include "text/text_file.h"
 
@@ -21,6 +22,10 @@ struct Stretch {
   bool Empty() const { return size == 0; }
   std::uint32_t End() const { return at + size; }
   std::string_view In(std::string_view bytes) const { return bytes.substr(at, size); }
+  static Stretch Of(std::size_t at, std::size_t size) {
+    return {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(size)};
+  }
+  static Stretch Between(std::size_t at, std::size_t end) { return Of(at, end - at); }
 };
 
 /// Where a caption stands in its file. `whole` ends behind the line ends and blank lines that belong to the record; the
@@ -31,6 +36,7 @@ struct SourceRecord {
   Stretch start;
   Stretch end;
   Stretch text;
+  bool endIsReckoned = false;  ///< no end is written: the next caption's start ends this one, or its length does
 };
 
 /// Takes what a reader finds in a file, in the file's order.
@@ -84,11 +90,9 @@ class SourceFormat {
 
   /// The start and end of a record depend on each other or on the neighbours: a change of one writes all fields anew.
   virtual bool TimesAreLinked() const { return false; }
-  /// The format has ends of captions at all; else they are reckoned from the starts.
-  virtual bool WritesEnds() const { return true; }
 };
 
 /// The rules of a format of the catalogue; null when it is read by the catalogue's record alone.
-std::unique_ptr<SourceFormat> MakeSourceFormat(TextView identifier);
+std::unique_ptr<SourceFormat> MakeSourceFormat(TextView identifier, const SourceSettings& settings = {});
 
 }  // namespace cuewright

@@ -32,10 +32,6 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-Stretch StretchOf(std::size_t at, std::size_t size) {
-  return {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(size)};
-}
-
 enum class Section { Other, Events, Data };
 
 /// The section that a line in brackets begins. The letters of embedded files may look like one, so within them only a
@@ -70,7 +66,7 @@ bool EachField(std::string_view line, std::size_t at, std::size_t count, Take ta
     const bool last = i + 1 == count;
     const std::size_t comma = last ? line.size() : line.find(',', at);
     if (comma == std::string_view::npos) return false;
-    take(i, StretchOf(at, comma - at));
+    take(i, Stretch::Of(at, comma - at));
     at = comma + 1;
   }
   return true;
@@ -79,7 +75,7 @@ bool EachField(std::string_view line, std::size_t at, std::size_t count, Take ta
 Stretch TrimmedStretch(std::string_view line, Stretch field) {
   const std::string_view inner = Trimmed(field.In(line));
   if (inner.empty()) return field;
-  return StretchOf(static_cast<std::size_t>(inner.data() - line.data()), inner.size());
+  return Stretch::Of(static_cast<std::size_t>(inner.data() - line.data()), inner.size());
 }
 
 std::optional<Event> EventIn(std::string_view line, const EventColumns& columns) {
@@ -95,8 +91,8 @@ std::optional<Event> EventIn(std::string_view line, const EventColumns& columns)
   if (!start || !end) return {};
   event.startTime = *start;
   event.endTime = *end;
-  event.start = StretchOf(event.start.at, start->size);
-  event.end = StretchOf(event.end.at, end->size);
+  event.start = Stretch::Of(event.start.at, start->size);
+  event.end = Stretch::Of(event.end.at, end->size);
   return event;
 }
 
@@ -108,7 +104,7 @@ bool IsOtherEvent(std::string_view line) {
   return false;
 }
 
-Stretch Moved(Stretch field, std::size_t by) { return StretchOf(field.at + by, field.size); }
+Stretch Moved(Stretch field, std::size_t by) { return Stretch::Of(field.at + by, field.size); }
 
 std::string_view DefaultColumns(SubStationVersion version) {
   return version == SubStationVersion::V4 ? kColumnsV4 : kColumnsV4Plus;
@@ -163,7 +159,7 @@ void SubStationFormat::Read(const SourceText& text, TextView separator, SourceSi
         sink.NotUnderstood(line.at);
         continue;
       }
-      SourceRecord record{StretchOf(line.at, line.next - line.at),
+      SourceRecord record{Stretch::Of(line.at, line.next - line.at),
                           {},
                           Moved(event->start, line.at),
                           Moved(event->end, line.at),

@@ -22,10 +22,6 @@ std::size_t SkipBlanks(std::string_view line, std::size_t at) {
   return at;
 }
 
-Stretch StretchOf(std::size_t at, std::size_t size) {
-  return {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(size)};
-}
-
 /// The line of a cue's times.
 struct Timing {
   ClockField start;
@@ -100,15 +96,18 @@ class WebVttReader {
 
   void ReadCue(const SourceLine& first, const SourceLine& times, const Timing& timing) {
     SourceRecord record;
-    record.start = StretchOf(times.at + timing.startAt, timing.start.size);
-    record.end = StretchOf(times.at + timing.endAt, timing.end.size);
+    record.start = Stretch::Of(times.at + timing.startAt, timing.start.size);
+    record.end = Stretch::Of(times.at + timing.endAt, timing.end.size);
     ++count_;
     // A name that counts the cues is a number; any other is a name and stays as it is.
     if (first.at != times.at && first.text == std::to_string(count_)) {
-      record.number = StretchOf(first.at, first.text.size());
+      record.number = Stretch::Of(first.at, first.text.size());
     }
     record.text = TextBehind(times);
-    record.whole = StretchOf(first.at, BehindBlankLines() - first.at);
+    const std::size_t behindText = lines_.Place();
+    record.whole = Stretch::Between(first.at, BehindBlankLines());
+    // A text in front of a single blank line would leave none to end the cue.
+    if (record.text.Empty() && BlankLines(behindText, record.whole.End()) < 2) record.text = {};
     Text cue = text_.Decoded(record.text);
     JoinLines(cue, separator_);
     DecodeNames(cue);
@@ -127,7 +126,15 @@ class WebVttReader {
       }
       end = line.End();
     }
-    return StretchOf(begin, end - begin);
+    return Stretch::Of(begin, end - begin);
+  }
+
+  std::size_t BlankLines(std::size_t from, std::size_t to) const {
+    SourceLines lines(text_.bytes.substr(from, to - from));
+    SourceLine line;
+    std::size_t count = 0;
+    while (count < 2 && lines.Next(line)) ++count;
+    return count;
   }
 
   std::size_t BehindBlankLines() {
@@ -171,12 +178,16 @@ Text WebVttFormat::TextField(TextView text, TextView separator, TextView lineEnd
 
 Text WebVttFormat::Record(const NewRecord& record, TextView separator) const {
   std::string_view form = "00:00:00.000";
+  std::string_view settings;
   bool numbered = false;
   SourceLines lines(record.neighbour);
   SourceLine line;
   while (lines.Next(line)) {
     if (const auto timing = TimingIn(line.text)) {
       form = line.text.substr(timing->startAt, timing->start.size);
+      // A cue without a text stands for itself: it is written anew to get one.
+      const std::string_view behind = line.text.substr(timing->endAt + timing->end.size);
+      if (!lines.Next(line) || line.text.empty()) settings = behind;
       break;
     }
     numbered = !line.text.empty() && std::all_of(line.text.begin(), line.text.end(), IsDigit<char>);
@@ -184,7 +195,7 @@ Text WebVttFormat::Record(const NewRecord& record, TextView separator) const {
   const Caption& caption = record.caption;
   Text result;
   if (numbered) result.append(Decimal(record.number)).append(record.lineEnd);
-  result += FromUtf8(ClockLike(caption.start, form) + " --> " + ClockLike(caption.end, form));
+  result += FromUtf8(ClockLike(caption.start, form) + " --> " + ClockLike(caption.end, form) + std::string(settings));
   result.append(record.lineEnd).append(TextField(caption.text, separator, record.lineEnd));
   return result.append(record.lineEnd).append(record.lineEnd);
 }

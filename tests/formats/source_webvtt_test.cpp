@@ -66,6 +66,16 @@ TEST(WebVtt, AFieldChangesByItself) {
   SourceRig(u"WEBVTT", kFull).ExpectFieldsAreTheirOwn();
 }
 
+TEST(WebVtt, ACueWithoutTextMayGetOne) {
+  const SourceRig roomy(u"WEBVTT", "WEBVTT\n\n00:01.000 --> 00:02.000 line:0\n\n\n00:03.000 --> 00:04.000\nb\n");
+  EXPECT_EQ(roomy.WithText(0, u"a"), "WEBVTT\n\n00:01.000 --> 00:02.000 line:0\na\n\n00:03.000 --> 00:04.000\nb\n");
+  const SourceRig tight(u"WEBVTT", "WEBVTT\n\n00:01.000 --> 00:02.000 line:0\n\n00:03.000 --> 00:04.000\nb\n");
+  EXPECT_EQ(tight.Record(0).text.at, 0u);
+  const Caption caption{1000, 2000, u"a"};
+  const NewRecord anew{caption, 1, u"\n", tight.In(tight.Record(0).whole)};
+  EXPECT_EQ(tight.Format().Record(anew, u"|"), u"00:01.000 --> 00:02.000 line:0\na\n\n");
+}
+
 TEST(WebVtt, LinesMayEndInAnyWay) {
   const Rows rows{{1000, 2000, u"a|b"}, {3000, 4000, u"c"}};
   for (const std::string end : {"\n", "\r\n", "\r", "\r\r\n"}) {

@@ -1,0 +1,100 @@
+#include "formats/source/lyrics_format.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "formats/source/clock_field.h"
+#include "formats/source/open_ended.h"
+#include "text/digits.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::string_view kOffset = "[offset:";
+
+/// "[mm:ss.xx]" at a place of a line.
+std::optional<ClockField> StampAt(std::string_view line, std::size_t at) {
+  if (at >= line.size() || line[at] != '[') return {};
+  const auto time = ReadClock(line.substr(at + 1));
+  if (!time || line.substr(at + 1 + time->size, 1) != "]") return {};
+  return time;
+}
+
+/// "[ti:A song]" and the like.
+bool IsHeader(std::string_view line) {
+  return line.size() > 2 && line[0] == '[' && !IsDigit(line[1]) && line.find(':') != std::string_view::npos &&
+         line.find(']') != std::string_view::npos;
+}
+
+}  // namespace
+
+bool LyricsFormat::TakeHeader(std::string_view line) {
+  if (!IsHeader(line)) return false;
+  if (!line.starts_with(kOffset)) return true;
+  std::string_view value = line.substr(kOffset.size());
+  while (value.starts_with(' ')) value.remove_prefix(1);
+  const bool later = value.starts_with('-');
+  if (later || value.starts_with('+')) value.remove_prefix(1);
+  const auto number = ReadNumber(value);
+  if (number && number->ms < 1 << 30) offset_ = later ? -number->ms : number->ms;
+  return true;
+}
+
+void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
+  OpenEnded captions(settings_);
+  SourceLines lines(text.bytes);
+  SourceLine line;
+  while (lines.Next(line)) {
+    auto stamp = StampAt(line.text, 0);
+    if (!stamp) {
+      const bool blank = line.text.find_first_not_of(" \t") == std::string_view::npos;
+      if (!blank && !TakeHeader(line.text)) sink.NotUnderstood(line.at);
+      continue;
+    }
+    std::size_t textAt = 0;
+    while (const auto next = StampAt(line.text, textAt)) textAt += next->size + 2;
+    const Stretch field = Stretch::Between(line.at + textAt, line.End());
+    const Text words = text.Decoded(field);
+    for (std::size_t at = 0; at < textAt; at += stamp->size + 2) {
+      stamp = StampAt(line.text, at);
+      const std::size_t behind = at + stamp->size + 2;
+      const bool last = behind == textAt;
+      const std::size_t end = last ? line.next : line.at + behind;
+      const Stretch time = Stretch::Of(line.at + at + 1, stamp->size);
+      const std::int32_t ms = std::max(stamp->ms - offset_, 0);
+      if (IsBlank(words)) {
+        (void)captions.End(ms, time, end);
+      } else {
+        // Words that several times share are written anew with one of them.
+        captions.Begin(ms, words,
+                       {Stretch::Between(line.at + at, end), {}, time, {}, last && at == 0 ? field : Stretch{}});
+      }
+    }
+  }
+  writesEnds_ = captions.AnyEnds();
+  captions.Flush(sink);
+}
+
+std::string LyricsFormat::TimeField(std::int32_t ms, std::string_view old) const {
+  return ClockLike(ms + offset_, old, NoHours::RunOnInMinutes);
+}
+
+Text LyricsFormat::TextField(TextView text, TextView separator, TextView) const {
+  return ReplaceAll(text, separator, u" ");
+}
+
+Text LyricsFormat::Record(const NewRecord& record, TextView separator) const {
+  const auto stamp = StampAt(record.neighbour, 0);
+  const std::string form(stamp ? record.neighbour.substr(1, stamp->size) : "00:00.00");
+  const auto line = [&](std::int32_t ms, TextView words) {
+    return u"[" + FromUtf8(TimeField(ms, form)) + u"]" + Text(words) + Text(record.lineEnd);
+  };
+  Text result = line(record.caption.start, TextField(record.caption.text, separator, record.lineEnd));
+  if (writesEnds_) result += line(record.caption.end, {});
+  return result;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,180 @@
+#include "formats/source/numbered_pair_format.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "formats/source/clock_field.h"
+#include "formats/source/open_ended.h"
+#include "formats/source/whole_styles.h"
+#include "text/digits.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kLineMark = u"|";
+/// A MicroDVD line of defaults for all captions.
+constexpr std::string_view kDefaults = "{DEFAULT}";
+
+struct Pair {
+  ClockField start;
+  ClockField end;  ///< a size of 0: the brackets are empty
+  std::size_t endAt = 0;
+  std::size_t textAt = 0;
+};
+
+std::optional<Pair> PairIn(std::string_view line, char open, char close) {
+  if (line.size() < 5 || line[0] != open || !IsDigit(line[1])) return {};
+  Pair pair;
+  const auto start = ReadNumber(line.substr(1));
+  if (!start || line.substr(1 + start->size, 2) != std::string{close, open}) return {};
+  pair.start = *start;
+  pair.endAt = start->size + 3;
+  const bool empty = pair.endAt < line.size() && line[pair.endAt] == close;
+  const auto end = empty ? std::optional(ClockField{}) : ReadNumber(line.substr(pair.endAt));
+  if (!end) return {};
+  pair.end = *end;
+  pair.textAt = pair.endAt + end->size + 1;
+  if (pair.textAt > line.size() || line[pair.textAt - 1] != close) return {};
+  return pair;
+}
+
+struct Rate {
+  std::int32_t frames;
+  std::int32_t inSeconds;
+};
+
+/// Frames per second of a number with at most three digits behind its dot or comma. The rates of television that are
+/// written with two or three are exact.
+std::optional<Rate> RateOf(std::string_view text) {
+  while (text.ends_with(' ') || text.ends_with('\t')) text.remove_suffix(1);
+  const auto whole = ReadNumber(text);
+  if (!whole || whole->ms < 1 || whole->ms > 1000) return {};
+  std::int32_t thousandths = whole->ms * 1000;
+  if (whole->size < text.size()) {
+    const std::string_view digits = text.substr(whole->size + 1);
+    const bool decimal = text[whole->size] == '.' || text[whole->size] == ',';
+    if (!decimal || digits.empty() || !std::all_of(digits.begin(), digits.end(), IsDigit<char>)) return {};
+    std::int32_t unit = 100;
+    for (const char c : digits.substr(0, 3)) {
+      thousandths += (c - '0') * unit;
+      unit /= 10;
+    }
+  }
+  for (const std::int32_t nominal : {24, 30, 48, 60, 120}) {
+    const std::int32_t exact = static_cast<std::int32_t>(Nearest(nominal * std::int64_t{1000000}, 1001));
+    if (thousandths == exact || thousandths == exact / 10 * 10) return Rate{nominal * 1000, 1001};
+  }
+  return Rate{thousandths, 1000};
+}
+
+}  // namespace
+
+NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant variant)
+    : settings_(settings), variant_(variant) {
+  if (variant == Variant::Mpl2) {
+    settings_.frames = 10;
+    settings_.inSeconds = 1;
+  }
+}
+
+std::int32_t NumberedPairFormat::MsOf(std::int32_t number) const {
+  const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * settings_.inSeconds, settings_.frames);
+  return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
+}
+
+/// The first line may name the rate in place of a text.
+bool NumberedPairFormat::TakeRate(std::int32_t start, std::string_view text) {
+  if (variant_ != Variant::MicroDvd || start > 1) return false;
+  const std::optional<Rate> rate = RateOf(text);
+  if (!rate) return false;
+  settings_.frames = rate->frames;
+  settings_.inSeconds = rate->inSeconds;
+  return true;
+}
+
+void NumberedPairFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
+  const char open = variant_ == Variant::MicroDvd ? '{' : '[';
+  const char close = variant_ == Variant::MicroDvd ? '}' : ']';
+  OpenEnded captions(settings_);
+  SourceLines lines(text.bytes);
+  SourceLine line;
+  bool first = true;
+  while (lines.Next(line)) {
+    const auto pair = PairIn(line.text, open, close);
+    if (!pair) {
+      const bool known =
+          line.text.find_first_not_of(" \t") == std::string_view::npos || line.text.starts_with(kDefaults);
+      if (!known) sink.NotUnderstood(line.at);
+      continue;
+    }
+    const bool rate = std::exchange(first, false) && TakeRate(pair->start.ms, line.text.substr(pair->textAt));
+    if (rate) continue;
+    SourceRecord record;
+    record.whole = Stretch::Between(line.at, line.next);
+    record.start = Stretch::Of(line.at + 1, pair->start.size);
+    record.text = Stretch::Between(line.at + pair->textAt, line.End());
+    Text caption = text.Decoded(record.text);
+    TakeMarks(caption, separator);
+    captions.Begin(MsOf(pair->start.ms), std::move(caption), record);
+    if (pair->end.size == 0) continue;
+    captions.End(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size), line.next);
+  }
+  captions.Flush(sink);
+}
+
+/// Marks that style all of the text become the list's.
+void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
+  const bool oneLine = text.find(kLineMark) == Text::npos;
+  WholeStyles styles;
+  if (variant_ == Variant::Mpl2) {
+    if (oneLine && text.starts_with(u'/')) {
+      styles.italic = true;
+      text.erase(0, 1);
+    }
+  } else if (text.starts_with(oneLine ? u"{y:" : u"{Y:")) {
+    const std::size_t end = text.find(u'}');
+    const TextView letters = TextView(text).substr(3, end == Text::npos ? 0 : end - 3);
+    if (!letters.empty() && letters.find_first_not_of(u"biu,") == TextView::npos) {
+      styles.bold = letters.find(u'b') != TextView::npos;
+      styles.italic = letters.find(u'i') != TextView::npos;
+      styles.underline = letters.find(u'u') != TextView::npos;
+      text.erase(0, end + 1);
+    }
+  }
+  if (!oneLine) text = ReplaceAll(text, kLineMark, separator);
+  if (styles.Any()) text = Markers(styles) + text;
+}
+
+std::string NumberedPairFormat::TimeField(std::int32_t ms, std::string_view) const {
+  return std::to_string(
+      Nearest(std::int64_t{std::max(ms, 0)} * settings_.frames, std::int64_t{1000} * settings_.inSeconds));
+}
+
+Text NumberedPairFormat::TextField(TextView text, TextView separator, TextView) const {
+  Text inner(text);
+  const WholeStyles styles = TakeMarkers(inner);
+  const bool oneLine = FindPlain(inner, separator) == TextView::npos;
+  inner = ReplaceAll(inner, separator, kLineMark);
+  if (!styles.Any()) return inner;
+  if (variant_ == Variant::Mpl2)
+    return (styles.italic ? u"/" : u"") + ReplaceAll(inner, kLineMark, styles.italic ? u"|/" : u"|");
+  Text letters;
+  for (const auto& [set, letter] : {std::pair{styles.bold, u'b'}, {styles.italic, u'i'}, {styles.underline, u'u'}}) {
+    if (set) letters += (letters.empty() ? u"" : u",") + Text(1, letter);
+  }
+  return (oneLine ? u"{y:" : u"{Y:") + letters + u"}" + inner;
+}
+
+Text NumberedPairFormat::Record(const NewRecord& record, TextView separator) const {
+  const std::string start = TimeField(record.caption.start, {});
+  const std::string end = TimeField(record.caption.end, {});
+  const std::string pair =
+      variant_ == Variant::MicroDvd ? "{" + start + "}{" + end + "}" : "[" + start + "][" + end + "]";
+  return FromUtf8(pair) + TextField(record.caption.text, separator, record.lineEnd) + Text(record.lineEnd);
+}
+
+}  // namespace cuewright

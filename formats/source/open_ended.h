@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "formats/source/source_format.h"
+
+namespace cuewright {
+
+/// How long a caption lasts whose end the file doesn't tell.
+enum class Lasts {
+  ForItsLength,  ///< as its length asks for, at most to the next start
+  UntilTheNext,  ///< to the next start; the last one as its length asks for
+};
+
+/// Collects captions of which many have a start alone, and hands them on with their ends: that of the file, else the
+/// next start or what their length asks for.
+class OpenEnded {
+ public:
+  explicit OpenEnded(const SourceSettings& settings, Lasts lasts = Lasts::ForItsLength)
+      : durations_(settings.durationPerCharacter), lasts_(lasts) {}
+
+  void Begin(std::int32_t start, Text text, const SourceRecord& record);
+  /// The caption that began last ends here. `field` is the time in the file, `behind` where the record goes on to.
+  /// False when there is none, its end is known or it begins later; then no other caption lasts beyond this time.
+  bool End(std::int32_t end, Stretch field, std::size_t behind);
+  /// Captions of the file say when they end.
+  bool AnyEnds() const { return anyEnds_; }
+  void Flush(SourceSink& sink);
+
+ private:
+  struct Pending {
+    std::int32_t start = 0;
+    std::int32_t end = 0;
+    Text text;
+    SourceRecord record;
+  };
+
+  std::int32_t LatestEnd(const Pending& caption) const;
+
+  std::array<std::int16_t, 3> durations_;
+  Lasts lasts_;
+  std::vector<Pending> captions_;
+  std::vector<std::int32_t> stops_;  // ends that belong to no caption in front of them
+  bool anyEnds_ = false;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,117 @@
+#include "formats/source/sami_format.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "formats/source/character_names.h"
+#include "formats/source/clock_field.h"
+#include "formats/source/open_ended.h"
+#include "formats/source/sami_scanner.h"
+#include "formats/source/whole_styles.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::string_view kDefaultClass = "SUBTTL";
+
+bool IsBlankUnit(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+
+/// How long the tag of a line end is that begins the text, "<br>" or "<BR />"; 0: there is none.
+std::size_t BreakSize(TextView text) {
+  if (text.size() < 4 || (text[1] | 0x20) != u'b' || (text[2] | 0x20) != u'r') return 0;
+  const std::size_t end = text.find_first_not_of(u" /", 3);
+  return end == TextView::npos || text[end] != u'>' ? 0 : end + 1;
+}
+
+/// Line ends of the file are blanks, "<br>" is a line end, and blanks beside either mean nothing.
+Text WithLines(TextView raw, TextView separator) {
+  Text result;
+  result.reserve(raw.size());
+  for (std::size_t at = 0; at < raw.size();) {
+    const std::size_t stop = std::min(raw.find_first_of(u"<\r\n", at), raw.size());
+    result += raw.substr(at, stop - at);
+    at = stop;
+    if (at == raw.size()) break;
+    const std::size_t size = raw[at] == u'<' ? BreakSize(raw.substr(at)) : 1;
+    if (size == 0) {
+      result += raw[at++];
+      continue;
+    }
+    while (!result.empty() && IsBlankUnit(result.back())) result.pop_back();
+    result += raw[at] == u'<' ? separator : u" ";
+    at += size;
+    while (at < raw.size() && IsBlankUnit(raw[at])) ++at;
+  }
+  return result;
+}
+
+Text CaptionOf(Text raw, TextView separator) {
+  if (raw.find_first_of(u"<\r\n") != Text::npos) raw = WithLines(raw, separator);
+  DecodeNames(raw);
+  TagsToMarkers(raw);
+  return raw;
+}
+
+/// Nothing is seen: no text, or hard blanks alone.
+bool IsClear(TextView text) { return text.find_first_not_of(u" \t\u00A0") == TextView::npos; }
+
+}  // namespace
+
+std::vector<std::string> SamiClasses(std::string_view bytes) {
+  std::vector<std::string> classes;
+  SamiScanner scanner(bytes);
+  SamiSync sync;
+  while (scanner.Next(sync)) {
+    for (const SamiParagraph& paragraph : sync.paragraphs) {
+      const std::string name(paragraph.className);
+      if (!name.empty() && classes.size() < 64 && std::find(classes.begin(), classes.end(), name) == classes.end()) {
+        classes.push_back(name);
+      }
+    }
+  }
+  return classes;
+}
+
+void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
+  class_ = ToUtf8(settings_.captionClass);
+  OpenEnded captions(settings_, Lasts::UntilTheNext);
+  SamiScanner scanner(text.bytes);
+  SamiSync sync;
+  while (scanner.Next(sync)) {
+    if (sync.start.Empty()) {
+      sink.NotUnderstood(sync.whole.at);
+      continue;
+    }
+    if (class_.empty() && !sync.paragraphs.empty()) class_ = sync.paragraphs.front().className;
+    const auto own = std::find_if(sync.paragraphs.begin(), sync.paragraphs.end(), [&](const SamiParagraph& paragraph) {
+      return paragraph.className.empty() || SameLetters(paragraph.className, class_);
+    });
+    if (own == sync.paragraphs.end()) continue;
+    const Text caption = CaptionOf(text.Decoded(own->text), separator);
+    if (IsClear(caption)) {
+      (void)captions.End(sync.ms, sync.start, sync.whole.End());
+    } else {
+      captions.Begin(sync.ms, caption, {sync.whole, {}, sync.start, {}, own->text});
+    }
+  }
+  captions.Flush(sink);
+}
+
+std::string SamiFormat::TimeField(std::int32_t ms, std::string_view) const { return std::to_string(std::max(ms, 0)); }
+
+Text SamiFormat::TextField(TextView text, TextView separator, TextView) const {
+  return ReplaceAll(EncodeNames(MarkersToTags(text)), separator, u"<br>");
+}
+
+Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
+  const Text name = FromUtf8(class_.empty() ? kDefaultClass : std::string_view(class_));
+  const auto sync = [&](std::int32_t ms, const Text& text) {
+    return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + text + Text(record.lineEnd);
+  };
+  return sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd)) +
+         sync(record.caption.end, u"&nbsp;");
+}
+
+}  // namespace cuewright

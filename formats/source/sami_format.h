@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/source/source_format.h"
+
+namespace cuewright {
+
+/// The classes of captions that a SAMI file's body has, in the order in which they come; a file of several languages
+/// has a class for each.
+std::vector<std::string> SamiClasses(std::string_view bytes);
+
+/// SAMI as HTML has it: tags in letters of any case over any lines, the text on the line of the time or below it, an
+/// end by a blank screen or by the next caption. Of several classes one is read; captions of others stay as they are,
+/// but where two share a time they share it for good.
+class SamiFormat final : public SourceFormat {
+ public:
+  explicit SamiFormat(const SourceSettings& settings) : settings_(settings) {}
+
+  void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
+  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
+  Text Record(const NewRecord& record, TextView separator) const override;
+
+ private:
+  SourceSettings settings_;
+  std::string class_;  ///< that was read; empty: the file has none
+};
+
+}  // namespace cuewright

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "text/text.h"
+
+namespace cuewright {
+
+/// What the rules of a format need to know beside the file.
+struct SourceSettings {
+  /// For captions that have a start alone: ms that one of their characters may be seen, in short, medium and long ones.
+  std::array<std::int16_t, 3> durationPerCharacter = {250, 120, 50};
+  /// Frames per second, as a fraction, of files that count frames and don't tell.
+  std::int32_t frames = 25;
+  std::int32_t inSeconds = 1;
+  /// Which of several languages or classes of captions in one file is read; empty: the first.
+  Text captionClass;
+};
+
+}  // namespace cuewright
