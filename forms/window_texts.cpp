@@ -5,34 +5,9 @@
 
 namespace cuewright {
 
-WindowTexts::WindowTexts(Workbench bench, CaptionPanel& panel, CaptionCommands& commands, TimingCapture& capture,
-                         ControlStates& states, Messages& messages)
-    : bench_(bench), panel_(panel), commands_(commands), capture_(capture), states_(states), messages_(messages) {}
+namespace {
 
-void WindowTexts::ApplyMainWindowLanguage(bool rightToLeft) {
-  CarryOn step;
-  step([&] { ApplyTexts(rightToLeft); });
-  step([&] { ApplyDirection(rightToLeft); });
-  step([&] { states_.RefreshFileLabels(); });
-  if (step.Last()) {
-    messages_.Show({u"Runtime error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description,
-                    BoxIcon::Warning});
-  }
-}
-
-void WindowTexts::ApplyTexts(bool rightToLeft) {
-  panel_.ApplyLanguage(rightToLeft);
-  ApplyMenuTexts();
-  commands_.ShowSeparator();
-  capture_.ShowModeTexts();
-  for (TextBox& box : bench_.window.txtTime) box.SetToolTip(bench_.strings[Message::PressEnterToUpdate]);
-  SpeakNames();
-  bench_.window.lblTime.SetToolTip(bench_.strings[Message::PositionInMilliseconds]);
-  if (!bench_.grid.Active()) bench_.grid.ShowNotice(bench_.strings[Message::NoTextFileLoaded]);
-}
-
-void WindowTexts::ApplyMenuTexts() {
-  MainWindow& w = bench_.window;
+void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
   const ControlText rows[] = {{w.mnuFile, Message::MenuFile},
                               {w.mnuNew, Message::NewSubtitle},
                               {w.mnuNewClip, Message::NewFromClipboard},
@@ -60,7 +35,12 @@ void WindowTexts::ApplyMenuTexts() {
                               {w.mnuAppend, Message::AppendSubtitle},
                               {w.mnuDelay, Message::SetDelay},
                               {w.mnuReset, Message::RemoveAllTiming},
-                              {w.mnuFormat, Message::MenuFormat},
+                              {w.mnuFilmSound, Message::FilmSoundItem}};
+  ShowTexts(rows, strings);
+}
+
+void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuFormat, Message::MenuFormat},
                               {w.mnuFont, Message::ListFontItem},
                               {w.mnuBold, Message::Bold},
                               {w.mnuItalic, Message::Italic},
@@ -80,7 +60,12 @@ void WindowTexts::ApplyMenuTexts() {
                               {w.mnuFormatSettings, Message::FormatSettings},
                               {w.mnuLineSeparator, Message::LineSeparator},
                               {w.mnuGSettings, Message::GeneralSettings},
-                              {w.mnuHelp, Message::MenuHelp},
+                              {w.mnuEmptySounds, Message::EmptySoundStore}};
+  ShowTexts(rows, strings);
+}
+
+void ShowHelpAndListMenu(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuHelp, Message::MenuHelp},
                               {w.mnuHelpTopics, Message::HelpTopics},
                               {w.mnuLinks, Message::WebLinks},
                               {w.mnuTessaly, Message::StartPageItem},
@@ -95,8 +80,12 @@ void WindowTexts::ApplyMenuTexts() {
                               {w.rmnuItalic, Message::Italic},
                               {w.rmnuUnderline, Message::Underline},
                               {w.rmnuEdit, Message::EditCaptionItem},
-                              {w.rmnuRemove, Message::RemoveCaption},
-                              {w.cmdNext, Message::Next},
+                              {w.rmnuRemove, Message::RemoveCaption}};
+  ShowTexts(rows, strings);
+}
+
+void ShowPanels(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.cmdNext, Message::Next},
                               {w.cmdEnd, Message::End},
                               {w.cmdCancel, Message::Cancel},
                               {w.lblPosition, Message::CurrentPosition},
@@ -104,12 +93,40 @@ void WindowTexts::ApplyMenuTexts() {
                               {w.lblDuration, Message::DurationTime},
                               {w.lblMainMode, Message::CaptioningMode},
                               {w.lblWaveTip, Message::RightClickToDrag},
-                              {w.mnuFilmSound, Message::FilmSoundItem},
-                              {w.mnuEmptySounds, Message::EmptySoundStore},
                               {w.cmdStopSound, Message::StopReading},
                               {w.optManual, Message::ManualMode},
                               {w.optPreview, Message::PreviewMode}};
-  ShowTexts(rows, bench_.strings);
+  ShowTexts(rows, strings);
+}
+
+}  // namespace
+
+WindowTexts::WindowTexts(Workbench bench, CaptionPanel& panel, CaptionCommands& commands, TimingCapture& capture,
+                         ControlStates& states, Messages& messages)
+    : bench_(bench), panel_(panel), commands_(commands), capture_(capture), states_(states), messages_(messages) {}
+
+void WindowTexts::ApplyMainWindowLanguage(bool rightToLeft) {
+  CarryOn step;
+  step([&] { ApplyTexts(rightToLeft); });
+  step([&] { ApplyDirection(rightToLeft); });
+  step([&] { states_.RefreshFileLabels(); });
+  if (step.Last()) {
+    messages_.Show({u"Runtime error # " + Decimal(step.Last()->number) + Text(kLineEnd) + step.Last()->description,
+                    BoxIcon::Warning});
+  }
+}
+
+void WindowTexts::ApplyTexts(bool rightToLeft) {
+  panel_.ApplyLanguage(rightToLeft);
+  for (const auto show : {ShowFileAndEdit, ShowFormatToSettings, ShowHelpAndListMenu, ShowPanels}) {
+    show(bench_.window, bench_.strings);
+  }
+  commands_.ShowSeparator();
+  capture_.ShowModeTexts();
+  for (TextBox& box : bench_.window.txtTime) box.SetToolTip(bench_.strings[Message::PressEnterToUpdate]);
+  SpeakNames();
+  bench_.window.lblTime.SetToolTip(bench_.strings[Message::PositionInMilliseconds]);
+  if (!bench_.grid.Active()) bench_.grid.ShowNotice(bench_.strings[Message::NoTextFileLoaded]);
 }
 
 void WindowTexts::SpeakNames() {

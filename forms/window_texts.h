@@ -20,7 +20,6 @@ class WindowTexts {
 
  private:
   void ApplyTexts(bool rightToLeft);
-  void ApplyMenuTexts();
   /// What a screen reader says for controls without a caption.
   void SpeakNames();
   void ApplyDirection(bool rightToLeft);

@@ -134,7 +134,7 @@ TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {
 
 TEST_F(Names, AreInTheLanguageInForce) {
   EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Text of the caption");
-  program->messages.AddBlock("908\tTexto\n909\tLista\n", 1);
+  program->messageCatalogue.AddBlock("908\tTexto\n909\tLista\n", 1);
   program->ChangeLanguage(1);
   EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Texto");
   EXPECT_EQ(Find<QWidget>("grdSubs")->accessibleName(), "Lista");

@@ -109,7 +109,7 @@ TEST_F(EmbedWizardView, ShowsOnePageAtATimeInAWindowOfOneSize) {
     EXPECT_EQ(view->size(), size);
     if (step < 3) QTest::keyClick(view.get(), Qt::Key_Return);
   }
-  EXPECT_EQ(Embed().EmbedStep(), 3);
+  EXPECT_EQ(Embed().Step(), 3);
 }
 
 TEST_F(EmbedWizardView, EveryHintHasItsRoom) {
