@@ -21,7 +21,7 @@
 namespace cuewright {
 namespace {
 
-// What a label's form had it shown as last.
+// Properties of a label: the style that its form has set.
 constexpr const char* kBoldProperty = "boldByForm";
 constexpr const char* kColorProperty = "colorByForm";
 
@@ -108,8 +108,8 @@ void Attach(Binder& binder, Button& button, QAbstractButton& widget) {
 void Attach(Binder& binder, OptionButton& option, QAbstractButton& widget) {
   const auto showChosen = [&] {
     const QSignalBlocker quiet(&widget);
-    // A button of an exclusive group is what screen readers take for a radio button. But the form keeps the group, and
-    // the toolkit would not let go of the one that is checked.
+    // Screen readers take a button for a radio button when it is exclusive, but an exclusive button can't be unchecked,
+    // which the form may want.
     widget.setAutoExclusive(false);
     widget.setChecked(option.Value());
     widget.setAutoExclusive(true);

@@ -39,9 +39,8 @@ QWidget* BottomPanel::MakeTimeRow() {
   // What belongs together stays together; what has no room beside the others goes below them.
   auto* row = new WrapRow(panel, 14, 4);
   const auto group = [&] {
-    auto* made = new QWidget(panel);
-    auto* line = new QHBoxLayout(made);
-    line->setContentsMargins(0, 0, 0, 0);
+    auto* line = BareRow(panel);
+    QWidget* made = line->parentWidget();
     row->addWidget(made);
     return line;
   };
@@ -91,9 +90,8 @@ QWidget* BottomPanel::MakeButtons() {
 }
 
 QWidget* BottomPanel::MakeModes() {
-  auto* panel = new QWidget(this);
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* panel = column->parentWidget();
   column->setSpacing(0);
   column->addWidget(binder_.Bind(form_.lblMainMode, BoldLabel(panel)));
   for (OptionButton* control : {&form_.optPress, &form_.optManual, &form_.optPreview}) {

@@ -70,7 +70,7 @@ void DialogView::FitContent() {
   // activated: here the innermost come first.
   const QList<QWidget*> widgets = findChildren<QWidget*>();
   for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
-    // A box of choices keeps the width of those it had when it was asked first.
+    // By default a combo box keeps the width of the items it had when it was first shown.
     if (auto* const box = qobject_cast<QComboBox*>(*widget)) box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     if (QLayout* const inner = (*widget)->layout()) {
       inner->invalidate();

@@ -42,7 +42,7 @@ EmbedView::EmbedView(EmbedWizard& form, QWidget* owner) : WizardView(form, owner
   grid->addLayout(MakeWizardButtons(), 2, 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setRowStretch(1, 1);
-  // The pointer beside the controls counts too.
+  // Widgets without a control must report motions too, which clear the hint of a control.
   for (QWidget* widget : findChildren<QWidget*>()) widget->setMouseTracking(true);
   Complete(&binder_.WidgetOf(form.cmdNext));
   Measure();
@@ -50,7 +50,7 @@ EmbedView::EmbedView(EmbedWizard& form, QWidget* owner) : WizardView(form, owner
 }
 
 void EmbedView::Measure() {
-  // Whatever is read here has its room from the start, so that the window keeps its size.
+  // The longest texts are measured at the start, so that the window keeps its size later.
   for (QLabel* note : notes_) note->setMinimumHeight(note->heightForWidth(kNotesWidth));
   QWidget* frame = details_->parentWidget();
   QLabel* sample = WrappedLabel(frame);
@@ -66,9 +66,8 @@ void EmbedView::Measure() {
 }
 
 QWidget* EmbedView::MakeDetails() {
-  auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* area = column->parentWidget();
   area->setFixedWidth(kDetailsWidth);
   column->addWidget(Bind(form_.details.lblDetailsTitle, BoldLabel(area)));
   auto* frame = Bind(form_.details.fraDetails, new QGroupBox(area));

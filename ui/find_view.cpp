@@ -30,9 +30,8 @@ FindView::FindView(SearchWindow& form, ReplaceWindow* replacing, QWidget* owner)
 }
 
 QWidget* FindView::MakeFields(SearchWindow& form, ReplaceWindow* replacing) {
-  auto* fields = new QWidget(this);
-  auto* column = new QVBoxLayout(fields);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* fields = column->parentWidget();
   const auto add = [&](Frame& frame, TextBox& field) {
     auto* group = Bind(frame, new QGroupBox(fields));
     auto* line = Bind(field, new QLineEdit(group));
@@ -47,9 +46,8 @@ QWidget* FindView::MakeFields(SearchWindow& form, ReplaceWindow* replacing) {
 }
 
 QWidget* FindView::MakeButtons(SearchWindow& form, ReplaceWindow* replacing) {
-  auto* buttons = new QWidget(this);
-  auto* column = new QVBoxLayout(buttons);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* buttons = column->parentWidget();
   const auto add = [&](Button& control) {
     auto* button = Bind(control, new QPushButton(buttons));
     button->setAutoDefault(false);
@@ -66,9 +64,8 @@ QWidget* FindView::MakeButtons(SearchWindow& form, ReplaceWindow* replacing) {
 }
 
 QWidget* FindView::MakeResult(SearchWindow& form) {
-  auto* result = new QWidget(this);
-  auto* row = new QHBoxLayout(result);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* result = row->parentWidget();
   const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
   auto* icon = Bind(form.imgInfo, new QLabel(result));
   icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(size));

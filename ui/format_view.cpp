@@ -58,9 +58,8 @@ FormatView::FormatView(FormatDialog& form, QWidget* owner) : DialogView(form, ow
 }
 
 QWidget* FormatView::MakeList() {
-  auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* area = column->parentWidget();
   auto* list = Bind(form_.lstFormats, new QListWidget(area));
   QLabel* label = MakeLabelOf(form_.lblFormats, list);
   label->setWordWrap(true);
@@ -74,9 +73,8 @@ QWidget* FormatView::MakeList() {
 }
 
 QWidget* FormatView::MakePanels() {
-  auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* area = column->parentWidget();
   column->addWidget(Bind(form_.lblTop, HeadingLabel(area)));
   auto* place = new QWidget(area);
   auto* stack = new QGridLayout(place);

@@ -53,9 +53,8 @@ HelpView::HelpView(HelpWindow& form, QWidget* owner) : ToolView(form, owner), fo
 }
 
 QWidget* HelpView::MakeBar() {
-  auto* bar = new QWidget(this);
-  auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* bar = row->parentWidget();
   for (Button* control : {&form_.cmdBack, &form_.cmdForward}) {
     auto* button = Bind(*control, new QPushButton(bar));
     button->setAutoDefault(false);
@@ -101,7 +100,7 @@ void HelpView::StandOver() {
   if (below == parentWidget()) return;
   setParent(below, windowFlags());
   if (auto* dialog = qobject_cast<QDialog*>(modal)) {
-    // Reading goes on when the dialog has closed.
+    // The viewer was a child of the dialog, which hides it when it closes.
     connect(dialog, &QDialog::finished, this, [this] {
       if (parentWidget() == owner_) return;
       setParent(owner_, windowFlags());
@@ -139,7 +138,7 @@ void HelpView::FitPictures() {
       cursor.setPosition(fragment.position());
       cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
       cursor.setCharFormat(picture);
-      return FitPictures();  // the fragments are others now
+      return FitPictures();  // the change has invalidated the iterators
     }
   }
 }

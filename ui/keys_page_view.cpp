@@ -1,4 +1,4 @@
-#include "ui/keys_page_view.h"
+#include "ui/settings_page_views.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

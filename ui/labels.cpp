@@ -32,6 +32,18 @@ void MakeBold(QWidget& widget, double larger) {
   widget.setFont(font);
 }
 
+QHBoxLayout* BareRow(QWidget* parent) {
+  auto* row = new QHBoxLayout(new QWidget(parent));
+  row->setContentsMargins(0, 0, 0, 0);
+  return row;
+}
+
+QVBoxLayout* BareColumn(QWidget* parent) {
+  auto* column = new QVBoxLayout(new QWidget(parent));
+  column->setContentsMargins(0, 0, 0, 0);
+  return column;
+}
+
 void KeepPlace(QWidget& widget) {
   QSizePolicy policy = widget.sizePolicy();
   policy.setRetainSizeWhenHidden(true);

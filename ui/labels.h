@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QLabel>
 
 namespace cuewright {
@@ -21,6 +22,9 @@ class CaptionLabel final : public QLabel {
 
 /// Gives the widget a bold font, larger by the factor.
 void MakeBold(QWidget& widget, double larger = 1);
+/// A row or a column without margins, the layout of a new widget in `parent`.
+QHBoxLayout* BareRow(QWidget* parent);
+QVBoxLayout* BareColumn(QWidget* parent);
 /// The widget's place stays empty while it is hidden.
 void KeepPlace(QWidget& widget);
 

@@ -222,7 +222,7 @@ void MainWindowView::PlaceOverlayNow() {
   const int width = place(0).width;
   const int height = overlay_->WantedHeight(width);
   QRect shown(place(height).left, place(height).top, width, height);
-  // Many lines keep to the picture.
+  // An overlay with many lines must not reach above the picture.
   if (p_.sub.GetStyle().allLines) shown.moveTop(std::max(shown.top(), player.top()));
   if (overlay_->geometry() == shown) return;
   overlay_->setGeometry(shown);
@@ -255,7 +255,7 @@ void MainWindowView::dropEvent(QDropEvent* event) {
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
   if (p_.document.FileInWork) {
-    // The load ends first, at once, and then the window.
+    // The load is cancelled first; the window closes when it has ended.
     p_.document.ImportCancelled = true;
     closeAfterWork_ = p_.documentFiles.FileWorkEnded.ConnectScoped([this] {
       QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
@@ -284,12 +284,12 @@ void MainWindowView::changeEvent(QEvent* event) {
 bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != this) return false;
-  // An event that its receiver leaves goes on to the parents; the shortcut is for the first one alone.
+  // An event that is ignored is sent to the parents too; a key must be handled for its first receiver only.
   QWidget* focus = QApplication::focusWidget();
   if (widget != (focus != nullptr ? focus : this)) return false;
   KeyEvent key = KeyEventOf(*static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::KeyPress) {
-    // An open menu hands on what none of its items has.
+    // An open menu sends keys that it has no item for to the window.
     if (QApplication::activePopupWidget() != nullptr) return false;
     p_.capture.OnKeyDown(key);
   } else if (!IsKeyStillDown(static_cast<QKeyEvent*>(event)->nativeScanCode())) {
@@ -301,7 +301,7 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
 bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != this) return false;
-  // The fields would take these keys for a history of their own.
+  // Text fields would take these keys for their own undo.
   const auto* key = static_cast<QKeyEvent*>(event);
   const QKeySequence pressed(key->keyCombination());
   for (const MenuItem* item : {&form_.mnuUndo, &form_.mnuRedo}) {
@@ -314,7 +314,7 @@ bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
 }
 
 void MainWindowView::ShowTitle() {
-  // The toolkit takes this sign for a place of its own.
+  // The toolkit replaces "[*]" by the mark of a modified document; doubled it stays as it is.
   setWindowTitle(ToQt(form_.Title()).replace("[*]", "[*][*]"));
 }
 

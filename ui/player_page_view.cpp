@@ -1,12 +1,10 @@
-#include "ui/player_page_view.h"
+#include "ui/settings_page_views.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-
-#include "ui/svg_picture.h"
 
 namespace cuewright {
 

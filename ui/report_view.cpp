@@ -43,9 +43,8 @@ ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owne
 }
 
 QWidget* ReportView::MakeHead() {
-  auto* head = new QWidget(this);
-  auto* row = new QHBoxLayout(head);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* head = row->parentWidget();
   row->setSpacing(12);
   auto* picture = Bind(form_.imgDrag, new SvgPicture(":/cuewright.svg", head));
   picture->setAccessibleName(windowTitle());
@@ -57,9 +56,8 @@ QWidget* ReportView::MakeHead() {
 }
 
 QWidget* ReportView::MakeFoot() {
-  auto* foot = new QWidget(this);
-  auto* row = new QHBoxLayout(foot);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* foot = row->parentWidget();
   row->setSpacing(16);
   for (OptionButton* option : {&form_.optStandard, &form_.optDetailed}) {
     row->addWidget(Bind(*option, new QRadioButton(foot)));

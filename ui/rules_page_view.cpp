@@ -1,4 +1,4 @@
-#include "ui/rules_page_view.h"
+#include "ui/settings_page_views.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,8 +9,6 @@
 #include <QSlider>
 #include <QStyle>
 #include <QVBoxLayout>
-
-#include "ui/svg_picture.h"
 
 namespace cuewright {
 namespace {
@@ -23,7 +21,7 @@ RulesPageView::RulesPageView(RulesPage& page, Picture& area, Binder& binder, QWi
     : SettingsPageView(area, binder, parent), page_(page) {
   for (CheckBox* check : {&page_.chkAutoSplit, &page_.chkCollision})
     column_->addWidget(Bind(*check, new QCheckBox(this)));
-  // Each panel is made behind its check box: the keyboard goes from one into the other.
+  // Each panel is made right after its check box, since Tab follows the order of making.
   QWidget* join = AddRule(page_.chkAutoJoin, page_.imgAutoJoin, page_.picAutoJoin);
   auto* row = new QHBoxLayout(join);
   row->setSpacing(12);
@@ -46,9 +44,8 @@ RulesPageView::RulesPageView(RulesPage& page, Picture& area, Binder& binder, QWi
 }
 
 QWidget* RulesPageView::AddRule(CheckBox& check, Picture& image, Picture& panel) {
-  auto* row = new QWidget(this);
-  auto* line = new QHBoxLayout(row);
-  line->setContentsMargins(0, 0, 0, 0);
+  auto* line = BareRow(this);
+  QWidget* row = line->parentWidget();
   line->setSpacing(6);
   line->addWidget(Bind(check, new QCheckBox(row)));
   auto* icon = Bind(image, new SvgPicture(":/unfold.svg", row));

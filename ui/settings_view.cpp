@@ -7,13 +7,9 @@
 #include <QVBoxLayout>
 
 #include "ui/fit_screen.h"
-#include "ui/keys_page_view.h"
-#include "ui/language_page_view.h"
 #include "ui/link_button.h"
-#include "ui/player_page_view.h"
-#include "ui/preview_page_view.h"
 #include "ui/qt_text.h"
-#include "ui/rules_page_view.h"
+#include "ui/settings_page_views.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -36,7 +32,7 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
   grid->addLayout(buttons, 1, 1);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(0, 1);
-  // The pointer beside the controls counts too.
+  // Widgets without a control must report motions too, which clear the hint of a control.
   for (QWidget* widget : findChildren<QWidget*>()) {
     if (widget->objectName().isEmpty()) widget->setMouseTracking(true);
   }
@@ -175,7 +171,7 @@ bool SettingsView::event(QEvent* event) {
     rules_->PaintPanels();
     preview_->ShowSample();
   }
-  // The check boxes have found their places.
+  // The layout has placed the check boxes, by which the panels are placed.
   if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
     rules_->PlacePanels();
     if (isVisible()) GrowForPages();

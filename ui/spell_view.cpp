@@ -68,9 +68,8 @@ QWidget* SpellView::MakeWords() {
 }
 
 QWidget* SpellView::MakeButtonColumn() {
-  auto* buttons = new QWidget(this);
-  auto* column = new QVBoxLayout(buttons);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* buttons = column->parentWidget();
   const auto add = [&](Button& control) {
     auto* button = Bind(control, new QPushButton(buttons));
     button->setAutoDefault(false);

@@ -156,10 +156,16 @@ class EditableCombo final : public QObject {
   bool taking_ = false;
 };
 
-QStringList ShownItems(const std::vector<Text>& items) {
-  QStringList shown;
-  for (const Text& item : items) shown << ToQt(item);
-  return shown;
+/// Fills a box of choices or a list, unless it has the items already.
+template <class Widget>
+void ShowItems(const Choice& control, Widget& widget) {
+  QStringList items;
+  for (const Text& item : control.Items()) items << ToQt(item);
+  QStringList present;
+  for (int i = 0; i < widget.count(); ++i) present << widget.model()->index(i, 0).data().toString();
+  if (present == items) return;
+  widget.clear();
+  widget.addItems(items);
 }
 
 }  // namespace
@@ -171,13 +177,7 @@ void Attach(Binder& binder, TextBox& box, QPlainTextEdit& widget) { new PaneBind
 void Attach(Binder& binder, ListBox& list, QListWidget& widget) {
   binder.Watch(list, [&] {
     const QSignalBlocker quiet(&widget);
-    const QStringList items = ShownItems(list.Items());
-    QStringList present;
-    for (int i = 0; i < widget.count(); ++i) present << widget.item(i)->text();
-    if (present != items) {
-      widget.clear();
-      widget.addItems(items);
-    }
+    ShowItems(list, widget);
     if (widget.currentRow() != list.Index()) widget.setCurrentRow(list.Index());
   });
   QObject::connect(&widget, &QListWidget::currentRowChanged, &binder, [&list](int row) { list.Choose(row); });
@@ -189,13 +189,7 @@ void Attach(Binder& binder, ComboBox& combo, QComboBox& widget) {
   if (combo.Editable()) widget.setCompleter(nullptr);
   binder.Watch(combo, [&] {
     const QSignalBlocker quiet(&widget);
-    const QStringList items = ShownItems(combo.Items());
-    QStringList present;
-    for (int i = 0; i < widget.count(); ++i) present << widget.itemText(i);
-    if (present != items) {
-      widget.clear();
-      widget.addItems(items);
-    }
+    ShowItems(combo, widget);
     if (widget.currentIndex() != combo.Index()) widget.setCurrentIndex(combo.Index());
   });
   QObject::connect(&widget, &QComboBox::activated, &binder, [&combo](int index) { combo.Choose(index); });

@@ -40,7 +40,7 @@ UpdateView::UpdateView(UpdateDialog& form, QWidget* owner) : DialogView(form, ow
   buttons->addWidget(ok);
   column->addLayout(buttons);
   Complete(log);
-  // The end of the log is what is new.
+  // New lines are added at the end of the log.
   Keep(form.txtStatus.Changed.ConnectScoped([log] { log->moveCursor(QTextCursor::End); }));
   Keep(form.lblWhatsNew.Changed.ConnectScoped([this] { FitContent(); }));
   Keep(form.DefaultRequested.ConnectScoped([ok] {
@@ -52,7 +52,7 @@ UpdateView::UpdateView(UpdateDialog& form, QWidget* owner) : DialogView(form, ow
 void UpdateView::changeEvent(QEvent* event) {
   DialogView::changeEvent(event);
   if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
-  // The check waits, and may outlive this window.
+  // The check runs for a while and handles events, so that this window may be gone when it ends.
   QTimer::singleShot(0, qApp, [self = QPointer<UpdateView>(this)] {
     if (self != nullptr) self->form_.OnActivated();
   });

@@ -28,7 +28,7 @@ void Windows::Show(Tool& tool) {
 
 void Windows::Close(Tool& tool) {
   if (tool.view == nullptr) return;
-  // The click that closes it is still on its way through the window's own button.
+  // The view may not be deleted at once: this may run in the click handler of one of its own buttons.
   tool.view->hide();
   tool.view->setObjectName({});
   tool.view->deleteLater();

@@ -26,9 +26,8 @@ QVBoxLayout* WizardView::MakePage(Picture& page, QGridLayout& stack) {
 }
 
 QWidget* WizardView::MakeHead(QWidget* drawing) {
-  auto* head = new QWidget(this);
-  auto* row = new QHBoxLayout(head);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* head = row->parentWidget();
   row->setSpacing(12);
   row->addWidget(drawing);
   auto* texts = new QVBoxLayout;

@@ -1,4 +1,4 @@
-#include "ui/settings_page_view.h"
+#include "ui/settings_page_views.h"
 
 #include <QComboBox>
 #include <QPushButton>
