@@ -22,7 +22,7 @@
 #include "platform/user_folders.h"
 #include "ui/color_scheme.h"
 #include "ui/joined_letters.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/qt_pickers.h"
 #include "ui/qt_ports.h"
 #include "ui/qt_web.h"
@@ -31,7 +31,6 @@
 #include "ui/toolkit_texts.h"
 #include "ui/video_surface.h"
 #include "ui/video_view.h"
-#include "ui/windows.h"
 
 namespace {
 
@@ -121,7 +120,7 @@ int main(int argc, char** argv) {
   std::unique_ptr<MainWindowView> window;
   const auto showMainWindow = [&] {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    window = std::make_unique<MainWindowView>(program, new VideoView(player, player));
+    window = MakeMainWindow(program, new VideoView(player, player));
     AddDialogs(window->Views(), program);
     window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
     // Behind the window's first painting, and whoever has the keyboard.

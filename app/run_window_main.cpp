@@ -46,7 +46,7 @@ class UserStrings {
   AppOptions options_;
   LangStrings strings_;
   MessageCatalogue catalogue_;
-  Languages languages_{options_, strings_, catalogue_, folders_, files_, messages_, events_, locale_};
+  Languages languages_{{options_, strings_, catalogue_, folders_, files_, messages_, events_, locale_}};
   SettingsStore store_{files_, SettingsFilePath()};
 };
 

@@ -21,11 +21,11 @@ void CaptionPanel::ShowRow(Row row, bool scroll) {
   window_.txtSub.SetText(list_.GetCaptionText(row, true));
   shownStart_ = list_.GetCaptionStart(row);
   shownEnd_ = list_.GetCaptionEnd(row);
-  // A time past what the boxes can show leaves them; the rest of the display goes on.
+  // A time that is too large for a box leaves the box as it was; everything else is still shown.
   CarryOn step;
   step([&] { window_.txtTime[0].SetText(MsToTimeText(shownStart_)); });
   step([&] {
-    // A caption that ends before it starts has no duration to show; what another one left there isn't its own.
+    // A caption that ends before it starts has no duration. The classic manner leaves that of the caption shown before.
     const bool none = shownEnd_ <= shownStart_ && list_.Options().manner.ShowsTrueDuration();
     if (shownEnd_ == 0 || none) window_.txtTime[1].SetText(MsToTimeText(0));
     if (shownEnd_ > shownStart_) window_.txtTime[1].SetText(MsToTimeText(shownEnd_ - shownStart_));

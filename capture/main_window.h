@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
 #include <optional>
 
+#include "form/control_array.h"
 #include "form/controls.h"
 
 namespace cuewright {
@@ -43,7 +43,7 @@ class MainWindow final : public Form {
   Picture picBottom{*this, "picBottom"};
   Label lblShow{*this, "lblShow"};
   Label lblDuration{*this, "lblDuration"};
-  std::array<TextBox, 2> txtTime{TextBox{*this, "txtTime(0)"}, TextBox{*this, "txtTime(1)"}};
+  ControlArray<TextBox, 2> txtTime{*this, "txtTime"};
   TextBox txtSub{*this, "txtSub"};
   Button cmdApply{*this, "cmdApply"};
   Button cmdNext{*this, "cmdNext"};
@@ -84,12 +84,7 @@ class MainWindow final : public Form {
   MenuItem mnuVFileName{*this, "mnuVFileName", &mnuFile};
   MenuItem mnuAFileName{*this, "mnuAFileName", &mnuFile};
   MenuItem mnuRecent{*this, "mnuRecent", &mnuFile};
-  std::array<MenuItem, 10> mnuRecentFile{
-      MenuItem{*this, "mnuRecentFile(0)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(1)", &mnuRecent},
-      MenuItem{*this, "mnuRecentFile(2)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(3)", &mnuRecent},
-      MenuItem{*this, "mnuRecentFile(4)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(5)", &mnuRecent},
-      MenuItem{*this, "mnuRecentFile(6)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(7)", &mnuRecent},
-      MenuItem{*this, "mnuRecentFile(8)", &mnuRecent}, MenuItem{*this, "mnuRecentFile(9)", &mnuRecent}};
+  ControlArray<MenuItem, 10> mnuRecentFile{*this, "mnuRecentFile", &mnuRecent};
   MenuItem mnuLine0e{*this, "mnuLine0e", &mnuRecent};
   MenuItem mnuClearRecent{*this, "mnuClearRecent", &mnuRecent};
   MenuItem mnuLine0d{*this, "mnuLine0d", &mnuFile};
@@ -144,9 +139,7 @@ class MainWindow final : public Form {
   MenuItem mnuSettings{*this, "mnuSettings"};
   MenuItem mnuFormatSettings{*this, "mnuFormatSettings", &mnuSettings};
   MenuItem mnuLineSeparator{*this, "mnuLineSeparator", &mnuSettings};
-  std::array<MenuItem, 4> mnuSeparator{
-      MenuItem{*this, "mnuSeparator(0)", &mnuLineSeparator}, MenuItem{*this, "mnuSeparator(1)", &mnuLineSeparator},
-      MenuItem{*this, "mnuSeparator(2)", &mnuLineSeparator}, MenuItem{*this, "mnuSeparator(3)", &mnuLineSeparator}};
+  ControlArray<MenuItem, 4> mnuSeparator{*this, "mnuSeparator", &mnuLineSeparator};
   MenuItem mnuGSettings{*this, "mnuGSettings", &mnuSettings};
 
   MenuItem mnuHelp{*this, "mnuHelp"};

@@ -57,7 +57,7 @@ void Preview::ShowPreviewCaption(Row row) {
 }
 
 void Preview::ClearPreviewCaption() {
-  // What is no longer shown will be shown anew.
+  // Without a row the next tick shows the caption again, even if it is the same one.
   previewRow_ = 0;
   if (sub_.Loaded()) sub_.ShowText({});
 }
@@ -86,7 +86,7 @@ void Preview::Redraw(Row row) {
 void Preview::Tick() {
   const int state = player_.PlayState();
   if (state != kPlayerPlaying && state != kPlayerPaused) return;
-  // A stop, the end or another film sends the film back without a seek.
+  // The position also goes back without a seek: by a stop, at the end of the film, with another film.
   if (sample_.PlayerPosMs() < tickedMs_) GetPreviewCap();
   tickedMs_ = sample_.PlayerPosMs();
   const std::int32_t start = bench_.list.GetCaptionStart(previewNextRow_);

@@ -45,7 +45,7 @@ void PreviewIndex::OnSplice(const Splice& splice) {
     built_ = false;
     return;
   }
-  // Texts that are edited while the film runs leave the ends as they are.
+  // An edit of texts alone keeps the table: it is built of the times only.
   for (Row i = 0; i < splice.added && built_; ++i) {
     const Caption& before = splice.before[static_cast<std::size_t>(i)];
     const Caption& now = list_.At(splice.first + i);

@@ -79,6 +79,8 @@ std::optional<std::int32_t> TimingCapture::PositionOfInput() const {
   return position;
 }
 
+// The label and not the sample decides: a caption ends at the time that the user has seen, while the Audio bar sets the
+// sample to where a seek goes before the film is there.
 std::int32_t TimingCapture::ShownPosition() const {
   return static_cast<std::int32_t>(LeadingNumber(bench_.window.lblTime.GetText()));
 }
@@ -212,7 +214,7 @@ void TimingCapture::BeginHold(Hold hold) {
 
 void TimingCapture::ReleaseHold() {
   hold_.reset();
-  // Under the limit the timer ends the caption, however long the key is held.
+  // With a limit to the duration the timer ends the caption, however long the key is held.
   if (LimitActive(bench_.options) || !capturing_) return;
   if (player_.PlayState() == kPlayerPaused) SamplePosition();
   EndCaption();

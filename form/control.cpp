@@ -4,9 +4,7 @@
 
 namespace cuewright {
 
-Control::Control(Form& form, Kind kind, std::string name) : kind_(kind), name_(std::move(name)) {
-  form.controls_.push_back(this);
-}
+Control::Control(Form& form, std::string name) : name_(std::move(name)) { form.controls_.push_back(this); }
 
 void Control::SetText(TextView text) {
   if (text_ == text) return;

@@ -46,29 +46,11 @@ struct MouseEvent {
 /// A named control of a window, with no toolkit behind it. `Changed` tells the window to show the state anew.
 class Control {
  public:
-  enum class Kind {
-    Label,
-    Button,
-    TextBox,
-    Option,
-    Check,
-    Menu,
-    Picture,
-    Timer,
-    Table,
-    Slider,
-    Combo,
-    List,
-    Frame,
-    Progress
-  };
-
-  Control(Form& form, Kind kind, std::string name);
+  Control(Form& form, std::string name);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
   virtual ~Control() = default;
 
-  Kind GetKind() const { return kind_; }
   const std::string& Name() const { return name_; }
 
   const Text& GetText() const { return text_; }
@@ -103,7 +85,6 @@ class Control {
   }
 
  private:
-  Kind kind_;
   std::string name_;
   Text text_;
   Text toolTip_;

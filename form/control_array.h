@@ -12,12 +12,15 @@ namespace cuewright {
 template <class C, std::size_t N>
 class ControlArray : public std::array<C, N> {
  public:
-  ControlArray(Form& form, const std::string& name) : ControlArray(form, name, std::make_index_sequence<N>()) {}
+  /// `further` is what the constructor of each takes behind the name.
+  template <class... Further>
+  ControlArray(Form& form, const std::string& name, Further... further)
+      : ControlArray(std::make_index_sequence<N>(), form, name, further...) {}
 
  private:
-  template <std::size_t... Index>
-  ControlArray(Form& form, const std::string& name, std::index_sequence<Index...>)
-      : std::array<C, N>{C(form, name + "(" + std::to_string(Index) + ")")...} {}
+  template <std::size_t... Index, class... Further>
+  ControlArray(std::index_sequence<Index...>, Form& form, const std::string& name, Further... further)
+      : std::array<C, N>{C(form, name + "(" + std::to_string(Index) + ")", further...)...} {}
 };
 
 }  // namespace cuewright

@@ -14,7 +14,7 @@ namespace cuewright {
 /// Text that the user reads, and may click.
 class Label final : public Control {
  public:
-  Label(Form& form, std::string name) : Control(form, Kind::Label, std::move(name)) {}
+  using Control::Control;
   Signal<Label> Clicked;
   void Click() { Clicked(); }
 
@@ -32,7 +32,7 @@ class Label final : public Control {
 /// A push button. Its physical press and release are told as well as the click.
 class Button final : public Control {
  public:
-  Button(Form& form, std::string name) : Control(form, Kind::Button, std::move(name)) {}
+  using Control::Control;
   Signal<Button> Clicked;
   Signal<Button, KeyEvent&> KeyDown;
   Signal<Button, KeyEvent&> KeyUp;
@@ -53,7 +53,7 @@ class Button final : public Control {
 /// A field of text with caret and selection.
 class TextBox final : public Control {
  public:
-  TextBox(Form& form, std::string name) : Control(form, Kind::TextBox, std::move(name)) {}
+  using Control::Control;
 
   int SelStart() const { return selStart_; }
   int SelLength() const { return selLength_; }
@@ -95,7 +95,7 @@ class TextBox final : public Control {
 /// One of a group of which exactly one is selected. The form keeps the group.
 class OptionButton final : public Control {
  public:
-  OptionButton(Form& form, std::string name) : Control(form, Kind::Option, std::move(name)) {}
+  using Control::Control;
   bool Value() const { return value_; }
   void SetValue(bool value) { Assign(value_, value); }
   Signal<OptionButton> Clicked;
@@ -111,7 +111,7 @@ class OptionButton final : public Control {
 /// A box that is checked or not.
 class CheckBox final : public Control {
  public:
-  CheckBox(Form& form, std::string name) : Control(form, Kind::Check, std::move(name)) {}
+  using Control::Control;
   bool Value() const { return value_; }
   void SetValue(bool value) { Assign(value_, value); }
   /// Painted in the colours of a tool tip.
@@ -131,10 +131,10 @@ class CheckBox final : public Control {
   bool highlighted_ = false;
 };
 
-/// A bar on which the user picks a whole number.
-class Slider final : public Control {
+/// What a slider and a progress bar have in common: a whole number within limits.
+class Ranged : public Control {
  public:
-  Slider(Form& form, std::string name) : Control(form, Kind::Slider, std::move(name)) {}
+  using Control::Control;
 
   int Min() const { return min_; }
   int Max() const { return max_; }
@@ -147,6 +147,17 @@ class Slider final : public Control {
   int Value() const { return value_; }
   /// A value out of range becomes the nearest in it.
   void SetValue(int value) { Assign(value_, std::clamp(value, min_, max_)); }
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
+};
+
+/// A bar on which the user picks a whole number.
+class Slider final : public Ranged {
+ public:
+  using Ranged::Ranged;
 
   /// The user moved the bar.
   void Move(int value) {
@@ -154,47 +165,30 @@ class Slider final : public Control {
     Scrolled();
   }
   Signal<Slider> Scrolled;
-
- private:
-  int min_ = 0;
-  int max_ = 100;
-  int value_ = 0;
 };
 
 /// A bar that shows how far a piece of work is.
-class ProgressBar final : public Control {
+class ProgressBar final : public Ranged {
  public:
-  ProgressBar(Form& form, std::string name) : Control(form, Kind::Progress, std::move(name)) {}
+  using Ranged::Ranged;
 
-  int Min() const { return min_; }
-  int Max() const { return max_; }
-  void SetRange(int min, int max) {
-    min_ = min;
-    max_ = max;
-    value_ = std::clamp(value_, min, max);
-    ShowAnew();
-  }
-  int Value() const { return value_; }
-  /// A value out of range becomes the nearest in it.
-  void SetValue(int value) { Assign(value_, std::clamp(value, min_, max_)); }
   /// Work goes on, but how far it is can't be told.
   bool Busy() const { return busy_; }
   void SetBusy(bool busy) { Assign(busy_, busy); }
 
  private:
-  int min_ = 0;
-  int max_ = 100;
-  int value_ = 0;
   bool busy_ = false;
 };
 
 /// An item of a menu. Items with the same parent stand in the order of their making.
 class MenuItem final : public Control {
  public:
-  MenuItem(Form& form, std::string name, MenuItem* parent = nullptr)
-      : Control(form, Kind::Menu, std::move(name)), parent_(parent) {}
+  MenuItem(Form& form, std::string name, MenuItem* parent = nullptr) : Control(form, std::move(name)) {
+    if (parent != nullptr) parent->items_.push_back(this);
+  }
 
-  MenuItem* Parent() const { return parent_; }
+  /// The items of the menu that opens here.
+  const std::vector<MenuItem*>& Items() const { return items_; }
   bool Checked() const { return checked_; }
   void SetChecked(bool checked) { Assign(checked_, checked); }
   bool Checkable() const { return checkable_; }
@@ -215,7 +209,7 @@ class MenuItem final : public Control {
   }
 
  private:
-  MenuItem* parent_;
+  std::vector<MenuItem*> items_;
   std::string shortcut_;
   bool checked_ = false;
   bool checkable_ = false;
@@ -225,7 +219,7 @@ class MenuItem final : public Control {
 /// An area of the window that holds others or a picture.
 class Picture final : public Control {
  public:
-  Picture(Form& form, std::string name) : Control(form, Kind::Picture, std::move(name)) {}
+  using Control::Control;
   /// The least height in pixels; 0 for that of the content.
   int Height() const { return height_; }
   void SetHeight(int height) { Assign(height_, height); }
@@ -239,13 +233,13 @@ class Picture final : public Control {
 /// A titled group of controls.
 class Frame final : public Control {
  public:
-  Frame(Form& form, std::string name) : Control(form, Kind::Frame, std::move(name)) {}
+  using Control::Control;
 };
 
 /// A timer: while enabled, `Tick` comes about every `Interval` ms between other events.
 class Timer final : public Control {
  public:
-  Timer(Form& form, std::string name, int interval) : Control(form, Kind::Timer, std::move(name)), interval_(interval) {
+  Timer(Form& form, std::string name, int interval) : Control(form, std::move(name)), interval_(interval) {
     SetEnabled(false);
   }
   int Interval() const { return interval_; }
@@ -257,12 +251,13 @@ class Timer final : public Control {
   int interval_;
 };
 
-/// A box that opens a list of texts; one that is editable also takes any text.
-class ComboBox final : public Control {
+/// What a box of choices and a list have in common: texts of which one may be chosen.
+class Choice : public Control {
  public:
-  ComboBox(Form& form, std::string name) : Control(form, Kind::Combo, std::move(name)) {}
+  using Control::Control;
 
   const std::vector<Text>& Items() const { return items_; }
+  /// None of them is chosen then.
   void SetItems(std::vector<Text> items) {
     items_ = std::move(items);
     index_ = -1;
@@ -270,8 +265,21 @@ class ComboBox final : public Control {
   }
   /// The chosen item; -1 for none or a text of the user's own.
   int Index() const { return index_; }
+
+ protected:
+  bool Has(int index) const { return index >= -1 && index < std::ssize(items_); }
+
+  std::vector<Text> items_;
+  int index_ = -1;
+};
+
+/// A box that opens a list of texts; one that is editable also takes any text.
+class ComboBox final : public Choice {
+ public:
+  using Choice::Choice;
+
   void SetIndex(int index) {
-    if (index < -1 || index >= static_cast<int>(items_.size())) return;
+    if (!Has(index)) return;
     index_ = index;
     if (index >= 0) SetText(items_[static_cast<std::size_t>(index)]);
     ShowAnew();
@@ -292,28 +300,17 @@ class ComboBox final : public Control {
   void NoteSelection(int length) { selLength_ = length; }
 
  private:
-  std::vector<Text> items_;
-  int index_ = -1;
   int selLength_ = 0;
   bool editable_ = false;
 };
 
 /// A list of texts of which one may be selected.
-class ListBox final : public Control {
+class ListBox final : public Choice {
  public:
-  ListBox(Form& form, std::string name) : Control(form, Kind::List, std::move(name)) {}
+  using Choice::Choice;
 
-  const std::vector<Text>& Items() const { return items_; }
-  void SetItems(std::vector<Text> items) {
-    items_ = std::move(items);
-    index_ = -1;
-    ShowAnew();
-  }
-  /// The selected item; -1 for none.
-  int Index() const { return index_; }
   void SetIndex(int index) {
-    if (index < -1 || index >= static_cast<int>(items_.size())) return;
-    Assign(index_, index);
+    if (Has(index)) Assign(index_, index);
   }
 
   /// The user selected an item.
@@ -322,10 +319,6 @@ class ListBox final : public Control {
     Chosen();
   }
   Signal<ListBox> Chosen;
-
- private:
-  std::vector<Text> items_;
-  int index_ = -1;
 };
 
 }  // namespace cuewright

@@ -63,7 +63,7 @@ std::vector<Text> WithMnemonics(std::vector<Text> captions) {
       unmarked.push_back(&caption);
     }
   }
-  // The shortest have the fewest letters to choose from.
+  // Short captions come first, since they have the fewest letters to choose from.
   std::ranges::stable_sort(unmarked, {}, [](const Text* caption) { return caption->size(); });
   for (Text* shown : unmarked) {
     Text& caption = *shown;

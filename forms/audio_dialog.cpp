@@ -30,7 +30,7 @@ void AudioDialog::Open(bool rightToLeft) {
   for (Control* control : std::initializer_list<Control*>{&lblTop, &chkAudio, &chkPlayer, &lblFormats}) {
     control->SetRightToLeft(rightToLeft);
   }
-  // As the window is designed; setting a box is what brings the two after it.
+  // The state without a choice. Checking one of the boxes below shows the formats and enables OK.
   ShowFormats(u"N/A");
   cmdOK.SetEnabled(false);
   chkAudio.SetValue(false);

@@ -48,7 +48,6 @@ class AudioWizard final : public Wizard {
   /// Fills the controls for the film that is open.
   void Open();
 
-  int AudioStep() const { return Step(); }
   /// The file for the Audio bar; empty for none.
   const Text& PendingAudioFile() const { return pending_; }
 

@@ -203,7 +203,8 @@ void CaptionCommands::RestoreSeparator(const Text& separator) {
 void CaptionCommands::ReplaceSeparator(TextView before, TextView after) {
   bench_.list.SetEnabled(false);
   bench_.window.txtSub.SetEnabled(false);
-  // Only the first one of a caption changes. All rows from the first to the last that hold one are one change.
+  // Only the first separator of a caption is replaced. The rows between the first and the last that have one go as one
+  // splice.
   Row first = 0;
   Row last = 0;
   for (Row row = 1; row < bench_.list.Rows(); ++row) {

@@ -70,7 +70,7 @@ void DelayDialog::ShowDelay() {
 }
 
 void DelayDialog::ShowSample(std::int64_t start) {
-  // A time past what the text can show leaves the last one.
+  // A start beyond the range of times keeps the text of the last one that could be shown.
   CarryOn step;
   step([&] {
     if (start > std::numeric_limits<std::int32_t>::max()) ThrowOverflow();

@@ -25,10 +25,10 @@ Dialogs::Dialogs(MainWindow& window, CaptionGrid& grid, const SettingsParts& set
   window.mnuGSettings.Clicked.Connect([this] { OpenSettings(); });
   window.mnuFormatSettings.Clicked.Connect([this] { OpenFormatSettings(); });
   window.mnuFont.Clicked.Connect([this] { ChangeListFont(); });
-  exportDialog.configureFormat = [this] {
+  exportDialog.SettingsAsked.Connect([this] {
     fromExport_ = true;
     OpenFormatSettings();
-  };
+  });
   format.Closed.Connect([this, &exportDialog] {
     if (std::exchange(fromExport_, false)) exportDialog.OnConfigured();
   });

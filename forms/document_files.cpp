@@ -86,7 +86,7 @@ void DocumentFiles::New() {
 
 void DocumentFiles::NewFromClipboard() {
   if (bench_.document.FileInWork) return;
-  // A cancelled question leaves the old document open, and the lines go to its bottom.
+  // When the user cancels the question about unsaved changes, the old document stays, and the lines are added to it.
   New();
   // The desktop's clipboard has bare line ends; text from elsewhere may have both.
   const Text text = ReplaceAll(ports_.desktop.ClipboardText(), kLineEnd, u"\n");
@@ -207,7 +207,7 @@ void DocumentFiles::Follow(FileStage stage, TextView status) {
 void DocumentFiles::ShowLoading(bool loading) {
   MainWindow& window = bench_.window;
   for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(!loading);
-  // What these change is not there yet.
+  // Their items work on captions, which are still being read.
   for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(!loading);
   window.mnuClose.SetEnabled(!loading && (bench_.document.HasDocument() || bench_.document.HasVideo()));
   window.cmdCancel.SetVisible(loading);
@@ -324,7 +324,7 @@ bool DocumentFiles::SaveDocument() {
   if (untimed < bench_.list.Rows()) {
     Text question =
         bench_.strings[Message::CaptionsWithoutTiming] + u"\r\n\r\n" + bench_.strings[Message::YesSavesAllNoSavesTimed];
-    // No leaves captions out of the file: who only wants the box away must not lose them.
+    // The answer "No" leaves captions out of the file, so Escape must mean Cancel and not No.
     const bool mayCancel = bench_.options.manner.EscapeIsHarmless();
     if (mayCancel) question += u" " + bench_.strings[Message::CancelSavesNothing];
     const BoxButtons buttons = mayCancel ? BoxButtons::YesNoCancel : BoxButtons::YesNo;
@@ -334,7 +334,7 @@ bool DocumentFiles::SaveDocument() {
   }
   const Text path = bench_.document.SubtitlePath;
   const auto remember = [&] { recall_.Keep(u"TFileName", bench_.window.mnuTFileName, path); };
-  // A path under which nothing was written is none to come back to.
+  // Today's manner remembers the path only once the file has been written.
   const bool first = !bench_.options.manner.KeepsTheSource();
   if (first) remember();
   bench_.window.lblTextFile.SetText(bench_.strings[Message::CurrentSubtitleFile] +
@@ -355,7 +355,7 @@ bool DocumentFiles::SaveDocument() {
 
 bool DocumentFiles::HoldsAll(Row lastRow) const {
   if (formats_.state.CurrentFormatIndex != kPlainTextIndex) return lastRow == bench_.list.Rows() - 1;
-  // A plain text gets all captions, whatever the answer was, and none of their times.
+  // A plain text is written with all captions, whatever the user answered, but without their times.
   for (Row row = 1; row < bench_.list.Rows(); ++row) {
     if (bench_.list.At(row).start != 0 || bench_.list.At(row).end != 0) return false;
   }

@@ -1,5 +1,7 @@
 #include "forms/document_session.h"
 
+#include "core/finish_first.h"
+
 namespace cuewright {
 
 DocumentSession::DocumentSession(Workbench bench, CaptionPanel& panel, TimingCapture& capture,
@@ -16,21 +18,20 @@ void DocumentSession::Replace(const Text& path) {
 
 void DocumentSession::End() {
   bench_.document.SubtitlePath.clear();
-  panel_.ResetGrid(false);
-  Cleared();
-  RulesForgotten();
-  ResetControls();
-  Ended();
+  // Whatever fails here, nobody is left with the document that is gone.
+  FinishFirst step;
+  step([&] { ResetControls(); });
+  step([&] { Cleared(); });
+  step([&] { RulesForgotten(); });
+  step([&] { Ended(); });
+  step.Rethrow();
 }
 
 void DocumentSession::CloseDocuments() {
   FilmEnds();
   bench_.window.tmrTime.SetEnabled(false);
-  capture_.Reset();
-  capture_.SelectMode(CaptionMode::PressAndHold);
   bench_.document.VideoPath.clear();
   bench_.document.WavePath.clear();
-  states_.EmptyPlayer();
   End();
   CloseTools();
   FilesEnded();

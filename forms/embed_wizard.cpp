@@ -38,7 +38,7 @@ struct Resolution {
   TextView width;
   TextView height;
 };
-// The first and the last are words of the language.
+// The names of the first and the last are translated, and so filled in later.
 constexpr std::array<Resolution, 10> kResolutions = {Resolution{},
                                                      {u"352x240 - VCD NTSC", u"352", u"240"},
                                                      {u"352x288 - VCD PAL", u"352", u"288"},
@@ -283,7 +283,7 @@ bool EmbedWizard::MayLeave() {
   if (!CheckEmbedDocument()) return false;
   switch (Step()) {
     case kOutputStep:
-      // A press of Enter takes the focus from no box.
+      // Enter presses the button without taking the focus from the box, so what was typed hasn't been taken over.
       if (txtWidth.Enabled()) {
         TakeSize(txtWidth);
         TakeSize(txtHeight);
@@ -321,7 +321,7 @@ void EmbedWizard::WriteScript() {
   SetWorking(true);
   txtTFileName.SetText(p_.document.SubtitlePath);
   txtVFileName.SetText(p_.document.VideoPath);
-  // A script that couldn't be written is missed when the run is about to start, and told there.
+  // A failure here is told when the run starts and finds no script.
   CarryOn step;
   step([&] { FillScript(); });
   cmdNext.SetText(p_.strings[Message::Ok]);
@@ -329,7 +329,7 @@ void EmbedWizard::WriteScript() {
   p_.ports.events.WaitMs(kWaitMs);
   SetWorking(false);
   RequestFocus(cmdNext);
-  // The focus went on to a button with a hint of its own meanwhile.
+  // Giving the focus to the button has replaced the hint of the step by that of the button.
   ShowStepHint();
   ShowNotice(ToLower(p_.document.VideoPath).ends_with(u"avi"));
 }
@@ -357,7 +357,7 @@ void EmbedWizard::Finish() {
   }
   SetWorking(true);
   for (const char* name : {"frmFind", "frmReport"}) p_.openForms.UnloadForm(name);
-  closeDocuments();
+  FilesNeeded();
   p_.ports.events.WaitMs(kWaitMs);
   StartTool();
   p_.ports.desktop.SetBusy(false);

@@ -69,10 +69,7 @@ class EmbedWizard final : public Wizard {
   /// The text of the hint panel; the empty one hides it.
   void ShowEmbedDetails(TextView text) { details.Show(text); }
 
-  int EmbedStep() const { return Step(); }
-
-  /// Closes the document and the film, so that nothing holds their files. Set by the owner of the windows.
-  std::function<void()> closeDocuments;
+  Signal<EmbedWizard> FilesNeeded;    ///< document and film are to close, so that nothing holds their files
   Signal<EmbedWizard> DragRequested;  ///< the pointer is about to move the window
 
  protected:

@@ -142,7 +142,8 @@ void ExportDialog::ShowTimecode(TextView timecode) {
 }
 
 void ExportDialog::ShowTags(int tags) {
-  // Each part is taken off once: of 8, underline and italic are seen.
+  // The number is a sum of 1 bold, 2 italic and 4 underline. Each is subtracted once, so that 8 shows underline and
+  // italic.
   imgUnderline.SetVisible(tags >= 4);
   if (tags >= 4) tags -= 4;
   imgItalic.SetVisible(tags >= 2);
@@ -158,7 +159,7 @@ void ExportDialog::FilterRateKey(KeyEvent& key) const {
   if (key.character == u',') {
     if (text.find(u',') != Text::npos) key.handled = true;
   } else if (key.character < u'0' || key.character > u';') {
-    // The two characters behind the digits pass as well.
+    // ":" and ";", which follow the digits, pass as well.
     key.handled = true;
   }
   if (cmbFPS.SelLength() == 0 && text.size() > kLongestRate) key.handled = true;
@@ -166,7 +167,7 @@ void ExportDialog::FilterRateKey(KeyEvent& key) const {
 
 void ExportDialog::Configure() {
   formats_.SettingsFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
-  if (configureFormat) configureFormat();
+  SettingsAsked();
 }
 
 void ExportDialog::Accept() {

@@ -39,8 +39,8 @@ class ExportDialog final : public Dialog {
   Button cmdOK{*this, "cmdOK"};
   Button cmdCancel{*this, "cmdCancel"};
 
-  /// Opens the settings of the format in `SettingsFormatIndex`. Set by the owner of the windows.
-  std::function<void()> configureFormat;
+  /// The settings of the format in `SettingsFormatIndex` are to open.
+  Signal<ExportDialog> SettingsAsked;
   /// Those settings have closed.
   void OnConfigured() { formats_.SettingsFormatIndex = 0; }
 

@@ -116,23 +116,19 @@ void SamplePanel::ShowAlignments(ComboBox& box, const LangStrings& strings) {
 }
 
 DvdSubtitlePanel::DvdSubtitlePanel(Form& window) : FormatPanel(window, kDvdSubtitle) {
-  fields_ = {{&txtDvdSubtitleDiscID, u"discid", {}},  {&txtDvdSubtitleDVDTitle, u"dvdtitle", {}},
-             {&txtDvdSubtitleLang, u"lang", u"EN"},   {&txtDvdSubtitleAuthor, u"author", {}},
-             {&txtDvdSubtitleWeb, u"web", kWebSite},  {&txtDvdSubtitleInfo, u"info", u"Created with Tessaly Cuewright"},
-             {&txtDvdSubtitleLicense, u"license", {}}};
+  fields_ = {{&discId.box, u"discid", {}},    {&title.box, u"dvdtitle", {}},
+             {&language.box, u"lang", u"EN"}, {&author.box, u"author", {}},
+             {&web.box, u"web", kWebSite},    {&info.box, u"info", u"Created with Tessaly Cuewright"},
+             {&license.box, u"license", {}}};
 }
 
 void DvdSubtitlePanel::ApplyTexts(const LangStrings& strings) {
-  const ControlText labels[] = {
-      {lblDvdSubtitleDiscID, Message::DiscId},     {lblDvdSubtitleDVDTitle, Message::DvdTitle},
-      {lblDvdSubtitleLang, Message::DvdLanguage},  {lblDvdSubtitleAuthor, Message::DvdAuthor},
-      {lblDvdSubtitleWeb, Message::DvdWeb},        {lblDvdSubtitleInfo, Message::DvdInfo},
-      {lblDvdSubtitleLicense, Message::DvdLicense}};
-  ShowTexts(labels, strings);
-  // The boxes have the names of their labels, in the same order.
-  for (std::size_t i = 0; i < fields_.size(); ++i) {
-    const ControlText spoken[] = {{*fields_[i].box, labels[i].message}};
-    SpeakTexts(spoken, strings);
+  constexpr Message kNames[] = {Message::DiscId, Message::DvdTitle, Message::DvdLanguage, Message::DvdAuthor,
+                                Message::DvdWeb, Message::DvdInfo,  Message::DvdLicense};
+  for (std::size_t i = 0; i < std::size(kNames); ++i) {
+    LabelledBox& row = *Boxes()[i];
+    row.label.SetText(strings[kNames[i]]);
+    row.box.SetSpokenName(WithoutAccessKey(strings[kNames[i]]));
   }
 }
 

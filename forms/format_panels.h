@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "core/ports/pickers.h"
@@ -90,26 +91,28 @@ class SamplePanel : public FormatPanel {
   Pickers& pickers_;
 };
 
+/// A box with its label: "txtDvdSubtitleInfo" and "lblDvdSubtitleInfo".
+struct LabelledBox {
+  LabelledBox(Form& window, const std::string& name) : label(window, "lbl" + name), box(window, "txt" + name) {}
+
+  Label label;
+  TextBox box;
+};
+
 /// What a DVDSubtitle file tells of its disc and its makers.
 class DvdSubtitlePanel final : public FormatPanel {
  public:
   explicit DvdSubtitlePanel(Form& window);
 
   Picture picDvdSubtitle{window_, "picDvdSubtitle"};
-  Label lblDvdSubtitleDiscID{window_, "lblDvdSubtitleDiscID"};
-  TextBox txtDvdSubtitleDiscID{window_, "txtDvdSubtitleDiscID"};
-  Label lblDvdSubtitleDVDTitle{window_, "lblDvdSubtitleDVDTitle"};
-  TextBox txtDvdSubtitleDVDTitle{window_, "txtDvdSubtitleDVDTitle"};
-  Label lblDvdSubtitleLang{window_, "lblDvdSubtitleLang"};
-  TextBox txtDvdSubtitleLang{window_, "txtDvdSubtitleLang"};
-  Label lblDvdSubtitleAuthor{window_, "lblDvdSubtitleAuthor"};
-  TextBox txtDvdSubtitleAuthor{window_, "txtDvdSubtitleAuthor"};
-  Label lblDvdSubtitleWeb{window_, "lblDvdSubtitleWeb"};
-  TextBox txtDvdSubtitleWeb{window_, "txtDvdSubtitleWeb"};
-  Label lblDvdSubtitleInfo{window_, "lblDvdSubtitleInfo"};
-  TextBox txtDvdSubtitleInfo{window_, "txtDvdSubtitleInfo"};
-  Label lblDvdSubtitleLicense{window_, "lblDvdSubtitleLicense"};
-  TextBox txtDvdSubtitleLicense{window_, "txtDvdSubtitleLicense"};
+  LabelledBox discId{window_, "DvdSubtitleDiscID"};
+  LabelledBox title{window_, "DvdSubtitleDVDTitle"};
+  LabelledBox language{window_, "DvdSubtitleLang"};
+  LabelledBox author{window_, "DvdSubtitleAuthor"};
+  LabelledBox web{window_, "DvdSubtitleWeb"};
+  LabelledBox info{window_, "DvdSubtitleInfo"};
+  LabelledBox license{window_, "DvdSubtitleLicense"};
+  std::array<LabelledBox*, 7> Boxes() { return {&discId, &title, &language, &author, &web, &info, &license}; }
 
   Control& Area() override { return picDvdSubtitle; }
   void ApplyTexts(const LangStrings& strings) override;

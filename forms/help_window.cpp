@@ -41,15 +41,7 @@ bool IsWebAddress(TextView link) { return link.starts_with(u"http://") || link.s
 
 }  // namespace
 
-HelpWindow::HelpWindow(const Folders& folders, const AppOptions& options, const LangStrings& strings,
-                       const Languages& languages, const Files& files, Desktop& desktop, OpenForms& openForms)
-    : ToolForm("frmHelp", openForms),
-      folders_(folders),
-      options_(options),
-      strings_(strings),
-      languages_(languages),
-      files_(files),
-      desktop_(desktop) {
+HelpWindow::HelpWindow(const HelpParts& parts, OpenForms& openForms) : ToolForm("frmHelp", openForms), p_(parts) {
   lblNotice.SetVisible(false);
   cmdBack.Clicked.Connect([this] { Move(at_ - 1); });
   cmdForward.Clicked.Connect([this] { Move(at_ + 1); });
@@ -70,26 +62,27 @@ HelpWindow::HelpWindow(const Folders& folders, const AppOptions& options, const 
   });
 }
 
-Text HelpWindow::FolderOf(TextView language) const { return folders_.AppFolder + u"help/" + ToLower(language) + u"/"; }
+Text HelpWindow::FolderOf(TextView language) const {
+  return p_.folders.AppFolder + u"help/" + ToLower(language) + u"/";
+}
 
-bool HelpWindow::Has(TextView language) const { return files_.Exists(FolderOf(language) + u"contents.txt"); }
+bool HelpWindow::Has(TextView language) const { return p_.files.Exists(FolderOf(language) + u"contents.txt"); }
 
 void HelpWindow::OpenFor(const std::string& window) {
-  if (!Has(options_.language) && !Has(kEnglish)) return;
+  if (!Has(p_.options.language) && !Has(kEnglish)) return;
   Show();
   if (book_.Topics().empty()) return;
   Text page = book_.Topics().front().file;
   const auto at = std::find_if(kWindowPages.begin(), kWindowPages.end(),
                                [&](const WindowPage& entry) { return window == entry.window; });
   if (at != kWindowPages.end()) page = at->page;
-  if (window == "frmSettings" && settingsPage)
-    page = kSettingsPages[std::min(settingsPage(), kSettingsPages.size() - 1)];
+  if (window == "frmSettings") page = kSettingsPages[std::min(p_.settings.Page(), kSettingsPages.size() - 1)];
   Go(page);
 }
 
 void HelpWindow::Follow(TextView link) {
   if (IsWebAddress(link)) {
-    desktop_.ShellOpen(Text(link));
+    p_.desktop.ShellOpen(Text(link));
   } else if (link.starts_with(u'#')) {
     if (!visited_.empty()) Go(Text(FileOf(visited_[at_])) + Text(link));
   } else {
@@ -100,29 +93,29 @@ void HelpWindow::Follow(TextView link) {
 Text HelpWindow::PagePath() const { return visited_.empty() ? Text() : folder_ + visited_[at_]; }
 
 void HelpWindow::ReadBook() {
-  TextView language = options_.language;
+  TextView language = p_.options.language;
   if (!Has(language)) language = kEnglish;
-  lblNotice.SetVisible(language != options_.language);
+  lblNotice.SetVisible(language != p_.options.language);
   folder_ = FolderOf(language);
-  book_.Load(files_, folder_);
+  book_.Load(p_.files, folder_);
 }
 
 void HelpWindow::Load() {
   visited_.clear();
   at_ = 0;
   txtSearch.SetText({});
-  ApplyLanguage(languages_.IsRightToLeft());
+  ApplyLanguage(p_.languages.IsRightToLeft());
 }
 
 void HelpWindow::ApplyLanguage(bool rightToLeft) {
-  SetTitle(WithoutAccessKey(strings_[Message::HelpTopics]));
+  SetTitle(WithoutAccessKey(p_.strings[Message::HelpTopics]));
   SetRightToLeft(rightToLeft);
-  cmdBack.SetText(strings_[Message::Back]);
-  cmdForward.SetText(strings_[Message::ForwardPage]);
-  lblSearch.SetText(strings_[Message::SearchTheHelp]);
-  txtSearch.SetSpokenName(strings_[Message::SearchTheHelp]);
-  lstTopics.SetSpokenName(strings_[Message::Topics]);
-  lblNotice.SetText(strings_[Message::HelpShownInEnglish]);
+  cmdBack.SetText(p_.strings[Message::Back]);
+  cmdForward.SetText(p_.strings[Message::ForwardPage]);
+  lblSearch.SetText(p_.strings[Message::SearchTheHelp]);
+  txtSearch.SetSpokenName(p_.strings[Message::SearchTheHelp]);
+  lstTopics.SetSpokenName(p_.strings[Message::Topics]);
+  lblNotice.SetText(p_.strings[Message::HelpShownInEnglish]);
   if (!Loaded()) return;
   ReadBook();
   ShowTopics();
@@ -138,7 +131,7 @@ void HelpWindow::ShowTopics() {
     items.push_back(Text(all ? static_cast<std::size_t>(topic.depth) * 4 : 0, u' ') + topic.title);
   }
   lstTopics.SetEnabled(!items.empty());
-  if (items.empty()) items.push_back(strings_[Message::NoTopicFound]);
+  if (items.empty()) items.push_back(p_.strings[Message::NoTopicFound]);
   if (items != lstTopics.Items()) lstTopics.SetItems(std::move(items));
   if (visited_.empty()) return;
   const auto shown = book_.PlaceOf(FileOf(visited_[at_]));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,16 +10,27 @@
 #include "core/ports/files.h"
 #include "form/controls.h"
 #include "forms/help_book.h"
+#include "forms/settings_dialog.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"
 
 namespace cuewright {
 
+/// What the help works on.
+struct HelpParts {
+  const Folders& folders;
+  const AppOptions& options;
+  const LangStrings& strings;
+  const Languages& languages;
+  const SettingsDialog& settings;  ///< each of its pages has a page of the help
+  const Files& files;
+  Desktop& desktop;
+};
+
 /// The window `frmHelp`: contents, search and pages of the help, with the way back.
 class HelpWindow final : public ToolForm {
  public:
-  HelpWindow(const Folders& folders, const AppOptions& options, const LangStrings& strings, const Languages& languages,
-             const Files& files, Desktop& desktop, OpenForms& openForms);
+  HelpWindow(const HelpParts& parts, OpenForms& openForms);
 
   Button cmdBack{*this, "cmdBack"};
   Button cmdForward{*this, "cmdForward"};
@@ -47,9 +57,6 @@ class HelpWindow final : public ToolForm {
 
   void ApplyLanguage(bool rightToLeft) override;
 
-  /// The page of the settings on show, 0 for the first. Set by the owner of the windows.
-  std::function<std::size_t()> settingsPage;
-
   Signal<HelpWindow> PageChanged;  ///< another page, or part of one, is to be shown
 
  private:
@@ -61,12 +68,7 @@ class HelpWindow final : public ToolForm {
   void Move(std::size_t to);
   void Visit();
 
-  const Folders& folders_;
-  const AppOptions& options_;
-  const LangStrings& strings_;
-  const Languages& languages_;
-  const Files& files_;
-  Desktop& desktop_;
+  HelpParts p_;
   HelpBook book_;
   Text folder_;                      ///< of the book that is open
   std::vector<std::size_t> listed_;  ///< places of the topics in `lstTopics`

@@ -69,7 +69,7 @@ void JournalKeeper::Adopt(int id, std::size_t bytes) {
 }
 
 void JournalKeeper::OnSplice(const Splice& splice) {
-  // A document that is being read or closed has nothing of its own yet.
+  // While a document is read or closed its captions are those of the file.
   if (!bench_.document.HasDocument()) return;
   if (state_ == State::NothingToLose) state_ = State::WantsSnapshot;
   if (state_ == State::Following) {

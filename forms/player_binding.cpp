@@ -46,7 +46,7 @@ void PlayerBinding::LoadVideoFile(TextView path) {
   }
   const Text video(path);  // the caller's text may be one that changes below
   CarryOn step;
-  // A wave that was opened before any film may be this one's.
+  // Without a film before, the wave that is open may belong to this one, and stays.
   if (bench_.document.HasVideo() && bench_.document.VideoPath != video) step([&] { FilmChanges(); });
   bench_.document.VideoPath = video;
   step([&] { ports_.player.SetUrl(video); });

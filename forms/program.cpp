@@ -16,8 +16,8 @@ namespace cuewright {
 Program::Program(Ports ports, StartEnvironment environment)
     : ports_(ports),
       environment_(std::move(environment)),
-      languages(options, strings, messages, folders, ports_.files, ports_.messages, ports_.events,
-                environment_.locale != nullptr ? *environment_.locale : unknownLocale_),
+      languages({options, strings, messageCatalogue, folders, ports_.files, ports_.messages, ports_.events,
+                 environment_.locale != nullptr ? *environment_.locale : unknownLocale_}),
       store(ports_.files, environment_.settingsFile),
       encodings(environment_.systemCodePage),
       registryFile(ports_.files, environment_.registryFile),
@@ -61,7 +61,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
                   environment_.system != nullptr ? *environment_.system : unknownSystem_),
-      help(folders, options, strings, languages, ports_.files, ports_.desktop, openForms),
+      help({folders, options, strings, languages, dialogs.settings, ports_.files, ports_.desktop}, openForms),
       spelling({Bench(), languages, store,
                 environment_.dictionaries != nullptr ? *environment_.dictionaries : noDictionaries_,
                 environment_.wordsFolder, ports_}),
@@ -83,8 +83,7 @@ void Program::Connect() {
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
-  help.settingsPage = [this] { return dialogs.settings.Page(); };
-  dialogs.settings.changeLanguage = [this](std::size_t row) { ChangeLanguage(row); };
+  dialogs.settings.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
 }
 
 void Program::ConnectSession() {
@@ -96,7 +95,7 @@ void Program::ConnectSession() {
   documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
-  // Behind the history, which knows whether the title gets a star.
+  // Connected behind the history, which decides whether the title gets a star.
   const auto show = [this] { title.Show(); };
   session.Began.Connect([show](DocumentBaseline) { show(); });
   for (Announcement<>* changed : std::initializer_list<Announcement<>*>{&session.Ended, &list.CommandEnded,
@@ -192,7 +191,7 @@ UpdateParts Program::DescribeUpdates() {
           environment_.locale != nullptr ? *environment_.locale : unknownLocale_,
           environment_.web != nullptr ? *environment_.web : noWeb_,
           ports_,
-          [this] { return store.GetSetting(kMainSection, u"UpdateSite", UpdateSite()); },
+          store,
           environment_.settingsFile};
 }
 
@@ -215,7 +214,7 @@ void Program::RestoreDocument(const JournalDocument& restored) {
   formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
   formats.CurrentFps = restored.fps;
   formats.Encoding = {restored.codePage, restored.mark};
-  // Its file, if it has one, holds less.
+  // The captions are newer than those in its file, if it has one.
   session.Begin(DocumentBaseline::None);
   document.DocModified = true;
   states.ResetControls();
@@ -313,7 +312,7 @@ FormatTalk Program::Talk() {
 void Program::TellSavedAsUtf8(const DocumentEncoding& lacking) {
   const Text name = EncodingName(lacking);
   notices.Tell(Message::SavedAsUtf8, name);
-  // Nobody sees the strip of a bar that is off.
+  // Notices are part of the information bar: without it a box tells.
   if (!notices.Seen()) {
     ports_.messages.Show(
         {document.SubtitlePath + u"\r\n\r\n" + Fill(strings[Message::SavedAsUtf8], name), BoxIcon::Information});

@@ -114,7 +114,7 @@ class Program final {
   // In the order of their making: what stands below is made of what stands above.
   AppOptions options;
   LangStrings strings;
-  MessageCatalogue messages;
+  MessageCatalogue messageCatalogue;
   Folders folders;
   Languages languages;
   SettingsStore store;

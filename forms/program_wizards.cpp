@@ -9,11 +9,11 @@ WizardParts Program::PartsOfWizards() {
 void Program::ConnectWizards() {
   window.mnuEmbed.Clicked.Connect([this] { OpenEmbedWizard(); });
   window.mnuAudioExtract.Clicked.Connect([this] { OpenAudioWizard(); });
-  embedWizard.closeDocuments = [this] {
+  embedWizard.FilesNeeded.Connect([this] {
     document.VideoPath.clear();
     preview.SetPreviewMode(false);
     session.End();
-  };
+  });
 }
 
 void Program::OpenEmbedWizard() {

@@ -77,7 +77,7 @@ void RulesPage::WirePanels() {
   for (CheckBox* check : {&chkAutoSplit, &chkCollision}) {
     check->Hovered.Connect([this] { ClosePanels(); });
   }
-  // The focus comes here by the keyboard without crossing the page.
+  // By the keyboard the focus comes here without the page being told that the pointer left the panels.
   cmbApply.Hovered.Connect([this] {
     details_.Show(GetHeading().overPage);
     ClosePanels();
@@ -89,7 +89,8 @@ void RulesPage::WirePanels() {
       details_.Show(panel.hint);
       OpenPanel(panel);
     });
-    // A control that listens keeps the motion from the page, which would close the panel.
+    // The empty slots matter: a control with a listener takes the motion, and the page, which would close the panel,
+    // isn't told.
     panel.area.Hovered.Connect([] {});
     panel.image.Hovered.Connect([] {});
     Speaks(panel.image, Message::Options);

@@ -121,7 +121,7 @@ std::vector<Text> SettingsDialog::DetailTexts() const {
 }
 
 void SettingsDialog::ChangeLanguage(std::size_t row) {
-  if (changeLanguage) changeLanguage(row);
+  LanguageChosen(row);
   ApplySettingsDialogLanguage();
   // Details that are on show stay so, in the new language.
   if (details.lblDetails.Visible()) details.Show(pages_[page_]->GetHeading().overPage);

@@ -50,9 +50,6 @@ class SettingsDialog final : public Dialog {
   PreviewPage preview;
   LanguagePage language;
 
-  /// Takes a row of the language table and labels all other windows anew. Set by the owner of the windows.
-  std::function<void(std::size_t)> changeLanguage;
-
   /// Fills the dialog: on a first run at the language, else at the first page.
   void Open();
 
@@ -66,6 +63,8 @@ class SettingsDialog final : public Dialog {
   /// Loads the strings of the language in force and sets all captions.
   void ApplySettingsDialogLanguage();
 
+  /// The user chose a row of the language table: it is to be taken, and all other windows to be labelled anew.
+  Signal<SettingsDialog, std::size_t> LanguageChosen;
   Signal<SettingsDialog> PageChanged;
   Signal<SettingsDialog> LanguageApplied;
   /// All that the details area can tell, by which it is measured.

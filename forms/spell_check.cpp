@@ -109,7 +109,7 @@ int SpellCheck::PreferredDictionary() const {
   };
   const Text stored = parts_.store.GetSetting(kMainSection, kLanguageKey, {});
   if (const int index = find([&](const Text& name) { return name == stored; }); index >= 0) return index;
-  // What remains where the language in force has none is English.
+  // English serves where there is no dictionary for the language in force.
   for (const TextView wanted : {DictionaryOf(parts_.bench.options.language), kDictionaries[0].second}) {
     if (const int index = find([&](const Text& name) { return name == wanted; }); index >= 0) return index;
     const int like = find([&](const Text& name) { return LanguagePart(name) == LanguagePart(wanted); });

@@ -144,7 +144,7 @@ void SpellDialog::ChooseLanguage() {
   desktop_.SetBusy(false);
   if (!taken) return cboLanguage.SetIndex(task_->language);
   task_->language = cboLanguage.Index();
-  // Another language may know every word; then the user may still look for the right one.
+  // In another language no word may be misspelt. The dialog stays open, so that the user can still choose another one.
   if (task_->session.Next()) {
     Show();
   } else {

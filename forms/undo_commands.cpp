@@ -1,58 +1,38 @@
 #include "forms/undo_commands.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "text/labels.h"
 
 namespace cuewright {
 namespace {
 
+constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::EditNameTiming},
+                                                   {EditKind::Typing, Message::EditNameTyping},
+                                                   {EditKind::SetTimes, Message::EditNameTimes},
+                                                   {EditKind::Insert, Message::InsertNewCaption},
+                                                   {EditKind::Remove, Message::RemoveCaption},
+                                                   {EditKind::EditText, Message::EditCaption},
+                                                   {EditKind::Bold, Message::Bold},
+                                                   {EditKind::Italic, Message::Italic},
+                                                   {EditKind::Underline, Message::Underline},
+                                                   {EditKind::Separator, Message::LineSeparator},
+                                                   {EditKind::Convert, Message::ConvertFrom},
+                                                   {EditKind::Append, Message::AppendSubtitle},
+                                                   {EditKind::FromClipboard, Message::NewFromClipboard},
+                                                   {EditKind::Rules, Message::ApplyCurrentRules},
+                                                   {EditKind::Delay, Message::SetDelay},
+                                                   {EditKind::ResetTiming, Message::RemoveAllTiming},
+                                                   {EditKind::Replace, Message::Replace},
+                                                   {EditKind::ReplaceAll, Message::ReplaceAll},
+                                                   {EditKind::Drag, Message::EditNameEdge},
+                                                   {EditKind::Spelling, Message::SpellCheck}};
+
 /// The text that names a command.
 Message MessageOf(EditKind kind) {
-  switch (kind) {
-    case EditKind::Capture:
-      return Message::EditNameTiming;
-    case EditKind::Typing:
-      return Message::EditNameTyping;
-    case EditKind::SetTimes:
-      return Message::EditNameTimes;
-    case EditKind::Insert:
-      return Message::InsertNewCaption;
-    case EditKind::Remove:
-      return Message::RemoveCaption;
-    case EditKind::EditText:
-      return Message::EditCaption;
-    case EditKind::Bold:
-      return Message::Bold;
-    case EditKind::Italic:
-      return Message::Italic;
-    case EditKind::Underline:
-      return Message::Underline;
-    case EditKind::Separator:
-      return Message::LineSeparator;
-    case EditKind::Convert:
-      return Message::ConvertFrom;
-    case EditKind::Append:
-      return Message::AppendSubtitle;
-    case EditKind::FromClipboard:
-      return Message::NewFromClipboard;
-    case EditKind::Rules:
-      return Message::ApplyCurrentRules;
-    case EditKind::Delay:
-      return Message::SetDelay;
-    case EditKind::ResetTiming:
-      return Message::RemoveAllTiming;
-    case EditKind::Replace:
-      return Message::Replace;
-    case EditKind::ReplaceAll:
-      return Message::ReplaceAll;
-    case EditKind::Drag:
-      return Message::EditNameEdge;
-    case EditKind::Spelling:
-      return Message::SpellCheck;
-    case EditKind::Change:
-    case EditKind::TakeBack:
-      break;
-  }
-  return Message::EditNameOther;
+  const auto* const name = std::ranges::find(kNames, kind, &std::pair<EditKind, Message>::first);
+  return name == std::end(kNames) ? Message::EditNameOther : name->second;
 }
 
 }  // namespace
@@ -72,7 +52,7 @@ UndoCommands::UndoCommands(MainWindow& window, CaptionList& list, EditHistory& h
 }
 
 void UndoCommands::Undo() {
-  // What a running capture has stored is the step that goes; no end comes behind it.
+  // A running capture has stored a start already, which is the step that is undone: its end must not be stored later.
   capture_.AbandonCapture();
   if (history_.UndoKind() == EditKind::Capture) capture_.ForgetPriorEnd();
   history_.Undo();

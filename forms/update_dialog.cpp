@@ -86,7 +86,7 @@ UpdateDialog::End UpdateDialog::Refuse(TextView line) {
 }
 
 UpdateDialog::End UpdateDialog::Check(Run& run) {
-  const Text site = parts_.site();
+  const Text site = parts_.store.GetSetting(kMainSection, u"UpdateSite", UpdateSite());
   run.step([&] { DeleteFileWait(parts_.ports.files, parts_.ports.events, TempFile(), false); });
   RequestFocus(txtStatus);
   AddStatusLine(strings_[Message::InitializingUpdate]);
@@ -137,7 +137,7 @@ UpdateDialog::End UpdateDialog::Compare(Run& run, const Text& localVersion) {
   RemoteVersionText = GetUpdateValue(list, u"version");
   const Text remoteVersion = RemoteVersionNumber(RemoteVersionText);
   if (remoteVersion == u"0") return Refuse(strings_[Message::UpdateFailed]);
-  // As texts: 99 ranks above 100.
+  // Versions are compared as texts: "99" ranks above "100".
   if (remoteVersion <= localVersion) return Refuse(strings_[Message::NoUpdateNeeded]);
   Offer(run, list);
   return End::Finished;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "core/app_options.h"
 #include "core/folders.h"
 #include "core/lang_strings.h"
@@ -14,6 +12,7 @@
 #include "form/dialog.h"
 #include "forms/ports.h"
 #include "settings/languages.h"
+#include "settings/store.h"
 #include "text/encodings.h"
 
 namespace cuewright {
@@ -28,8 +27,8 @@ struct UpdateParts {
   const Locale& locale;
   Web& web;
   Ports ports;
-  std::function<Text()> site;  ///< whom to ask; empty: nobody
-  Text settingsFile;           ///< where a site can be named
+  const SettingsStore& store;  ///< can name another site to be asked
+  Text settingsFile;           ///< where that is
   Version version{};           ///< of this program
 };
 

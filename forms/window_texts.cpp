@@ -1,8 +1,105 @@
 #include "forms/window_texts.h"
 
 #include "core/runtime_error.h"
+#include "forms/control_texts.h"
 
 namespace cuewright {
+
+namespace {
+
+void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuFile, Message::MenuFile},
+                              {w.mnuNew, Message::NewSubtitle},
+                              {w.mnuNewClip, Message::NewFromClipboard},
+                              {w.mnuOpenText, Message::OpenText},
+                              {w.mnuOpenVideo, Message::OpenVideo},
+                              {w.mnuOpenWav, Message::OpenAudio},
+                              {w.mnuClose, Message::CloseAll},
+                              {w.mnuSave, Message::Save},
+                              {w.mnuSaveAs, Message::SaveAs},
+                              {w.mnuEmbed, Message::EmbedSubtitles},
+                              {w.mnuExit, Message::Exit},
+                              {w.mnuRecent, Message::OpenRecent},
+                              {w.mnuClearRecent, Message::ClearList},
+                              {w.mnuEdit, Message::MenuEdit},
+                              {w.mnuAdd, Message::AddCaption},
+                              {w.mnuAddBelow, Message::BelowCurrent},
+                              {w.mnuAddBottom, Message::AtTheBottom},
+                              {w.mnuEditSelected, Message::EditCaptionItem},
+                              {w.mnuRemove, Message::RemoveCaption},
+                              {w.mnuFind, Message::Find},
+                              {w.mnuReplace, Message::Replace},
+                              {w.mnuGoTo, Message::GoToLine},
+                              {w.mnuCountUntimed, Message::CountNonTimed},
+                              {w.mnuNextUntimed, Message::SelectNextNonTimed},
+                              {w.mnuAppend, Message::AppendSubtitle},
+                              {w.mnuDelay, Message::SetDelay},
+                              {w.mnuReset, Message::RemoveAllTiming},
+                              {w.mnuFilmSound, Message::FilmSoundItem}};
+  ShowTexts(rows, strings);
+}
+
+void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuFormat, Message::MenuFormat},
+                              {w.mnuFont, Message::ListFontItem},
+                              {w.mnuBold, Message::Bold},
+                              {w.mnuItalic, Message::Italic},
+                              {w.mnuUnderline, Message::Underline},
+                              {w.mnuConvert, Message::ConvertFrom},
+                              {w.mnuView, Message::MenuView},
+                              {w.mnuInfoBar, Message::InfoBar},
+                              {w.mnuAudioBar, Message::AudioBar},
+                              {w.mnuAudioBarColor, Message::AudioBarColor},
+                              {w.mnuFullWave, Message::FullHeightWave},
+                              {w.mnuTools, Message::MenuTools},
+                              {w.mnuSpell, Message::SpellCheck},
+                              {w.mnuRules, Message::ApplyCurrentRules},
+                              {w.mnuAudioExtract, Message::ExtractionWizard},
+                              {w.mnuReport, Message::ViewReport},
+                              {w.mnuSettings, Message::MenuSettings},
+                              {w.mnuFormatSettings, Message::FormatSettings},
+                              {w.mnuLineSeparator, Message::LineSeparator},
+                              {w.mnuGSettings, Message::GeneralSettings},
+                              {w.mnuEmptySounds, Message::EmptySoundStore}};
+  ShowTexts(rows, strings);
+}
+
+void ShowHelpAndListMenu(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuHelp, Message::MenuHelp},
+                              {w.mnuHelpTopics, Message::HelpTopics},
+                              {w.mnuLinks, Message::WebLinks},
+                              {w.mnuTessaly, Message::StartPageItem},
+                              {w.mnuForums, Message::ForumsItem},
+                              {w.mnuPermanentSubs, Message::SubtitlesGuide},
+                              {w.mnuMediaPlayer, Message::DownloadPlayer},
+                              {w.mnuSuggest, Message::SuggestFeature},
+                              {w.mnuUpdate, Message::CheckForUpdates},
+                              {w.mnuWebsite, Message::WebsiteItem},
+                              {w.mnuAbout, Message::AboutProgram},
+                              {w.rmnuBold, Message::Bold},
+                              {w.rmnuItalic, Message::Italic},
+                              {w.rmnuUnderline, Message::Underline},
+                              {w.rmnuEdit, Message::EditCaptionItem},
+                              {w.rmnuRemove, Message::RemoveCaption}};
+  ShowTexts(rows, strings);
+}
+
+void ShowPanels(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.cmdNext, Message::Next},
+                              {w.cmdEnd, Message::End},
+                              {w.cmdCancel, Message::Cancel},
+                              {w.lblPosition, Message::CurrentPosition},
+                              {w.lblShow, Message::ShowTime},
+                              {w.lblDuration, Message::DurationTime},
+                              {w.lblMainMode, Message::CaptioningMode},
+                              {w.lblWaveTip, Message::RightClickToDrag},
+                              {w.cmdStopSound, Message::StopReading},
+                              {w.optManual, Message::ManualMode},
+                              {w.optPreview, Message::PreviewMode}};
+  ShowTexts(rows, strings);
+}
+
+}  // namespace
 
 WindowTexts::WindowTexts(Workbench bench, CaptionPanel& panel, CaptionCommands& commands, TimingCapture& capture,
                          ControlStates& states, Messages& messages)
@@ -21,97 +118,27 @@ void WindowTexts::ApplyMainWindowLanguage(bool rightToLeft) {
 
 void WindowTexts::ApplyTexts(bool rightToLeft) {
   panel_.ApplyLanguage(rightToLeft);
-  ApplyMenuTexts();
+  for (const auto show : {ShowFileAndEdit, ShowFormatToSettings, ShowHelpAndListMenu, ShowPanels}) {
+    show(bench_.window, bench_.strings);
+  }
   commands_.ShowSeparator();
   capture_.ShowModeTexts();
   for (TextBox& box : bench_.window.txtTime) box.SetToolTip(bench_.strings[Message::PressEnterToUpdate]);
+  SpeakNames();
   bench_.window.lblTime.SetToolTip(bench_.strings[Message::PositionInMilliseconds]);
   if (!bench_.grid.Active()) bench_.grid.ShowNotice(bench_.strings[Message::NoTextFileLoaded]);
 }
 
-void WindowTexts::ApplyMenuTexts() {
-  struct Labelled {
-    Control& control;
-    Message message;
-  };
+void WindowTexts::SpeakNames() {
   MainWindow& w = bench_.window;
-  const Labelled rows[] = {{w.mnuFile, Message::MenuFile},
-                           {w.mnuNew, Message::NewSubtitle},
-                           {w.mnuNewClip, Message::NewFromClipboard},
-                           {w.mnuOpenText, Message::OpenText},
-                           {w.mnuOpenVideo, Message::OpenVideo},
-                           {w.mnuOpenWav, Message::OpenAudio},
-                           {w.mnuClose, Message::CloseAll},
-                           {w.mnuSave, Message::Save},
-                           {w.mnuSaveAs, Message::SaveAs},
-                           {w.mnuEmbed, Message::EmbedSubtitles},
-                           {w.mnuExit, Message::Exit},
-                           {w.mnuRecent, Message::OpenRecent},
-                           {w.mnuClearRecent, Message::ClearList},
-                           {w.mnuEdit, Message::MenuEdit},
-                           {w.mnuAdd, Message::AddCaption},
-                           {w.mnuAddBelow, Message::BelowCurrent},
-                           {w.mnuAddBottom, Message::AtTheBottom},
-                           {w.mnuEditSelected, Message::EditCaptionItem},
-                           {w.mnuRemove, Message::RemoveCaption},
-                           {w.mnuFind, Message::Find},
-                           {w.mnuReplace, Message::Replace},
-                           {w.mnuGoTo, Message::GoToLine},
-                           {w.mnuCountUntimed, Message::CountNonTimed},
-                           {w.mnuNextUntimed, Message::SelectNextNonTimed},
-                           {w.mnuAppend, Message::AppendSubtitle},
-                           {w.mnuDelay, Message::SetDelay},
-                           {w.mnuReset, Message::RemoveAllTiming},
-                           {w.mnuFormat, Message::MenuFormat},
-                           {w.mnuFont, Message::ListFontItem},
-                           {w.mnuBold, Message::Bold},
-                           {w.mnuItalic, Message::Italic},
-                           {w.mnuUnderline, Message::Underline},
-                           {w.mnuConvert, Message::ConvertFrom},
-                           {w.mnuView, Message::MenuView},
-                           {w.mnuInfoBar, Message::InfoBar},
-                           {w.mnuAudioBar, Message::AudioBar},
-                           {w.mnuAudioBarColor, Message::AudioBarColor},
-                           {w.mnuFullWave, Message::FullHeightWave},
-                           {w.mnuTools, Message::MenuTools},
-                           {w.mnuSpell, Message::SpellCheck},
-                           {w.mnuRules, Message::ApplyCurrentRules},
-                           {w.mnuAudioExtract, Message::ExtractionWizard},
-                           {w.mnuReport, Message::ViewReport},
-                           {w.mnuSettings, Message::MenuSettings},
-                           {w.mnuFormatSettings, Message::FormatSettings},
-                           {w.mnuLineSeparator, Message::LineSeparator},
-                           {w.mnuGSettings, Message::GeneralSettings},
-                           {w.mnuHelp, Message::MenuHelp},
-                           {w.mnuHelpTopics, Message::HelpTopics},
-                           {w.mnuLinks, Message::WebLinks},
-                           {w.mnuTessaly, Message::StartPageItem},
-                           {w.mnuForums, Message::ForumsItem},
-                           {w.mnuPermanentSubs, Message::SubtitlesGuide},
-                           {w.mnuMediaPlayer, Message::DownloadPlayer},
-                           {w.mnuSuggest, Message::SuggestFeature},
-                           {w.mnuUpdate, Message::CheckForUpdates},
-                           {w.mnuWebsite, Message::WebsiteItem},
-                           {w.mnuAbout, Message::AboutProgram},
-                           {w.rmnuBold, Message::Bold},
-                           {w.rmnuItalic, Message::Italic},
-                           {w.rmnuUnderline, Message::Underline},
-                           {w.rmnuEdit, Message::EditCaptionItem},
-                           {w.rmnuRemove, Message::RemoveCaption},
-                           {w.cmdNext, Message::Next},
-                           {w.cmdEnd, Message::End},
-                           {w.cmdCancel, Message::Cancel},
-                           {w.lblPosition, Message::CurrentPosition},
-                           {w.lblShow, Message::ShowTime},
-                           {w.lblDuration, Message::DurationTime},
-                           {w.lblMainMode, Message::CaptioningMode},
-                           {w.lblWaveTip, Message::RightClickToDrag},
-                           {w.mnuFilmSound, Message::FilmSoundItem},
-                           {w.mnuEmptySounds, Message::EmptySoundStore},
-                           {w.cmdStopSound, Message::StopReading},
-                           {w.optManual, Message::ManualMode},
-                           {w.optPreview, Message::PreviewMode}};
-  for (const Labelled& row : rows) row.control.SetText(bench_.strings[row.message]);
+  const ControlText rows[] = {
+      {w.txtTime[0], Message::SpokenCaptionStart},   {w.txtTime[1], Message::SpokenCaptionDuration},
+      {w.txtSub, Message::SpokenCaptionText},        {w.picPLogo, Message::NoVideoFileLoaded},
+      {w.imgSize, Message::SpokenDivider},           {w.picStatus, Message::SpokenInfoBar},
+      {w.picBottom, Message::SpokenCaptioningPanel}, {w.picWave, Message::SpokenAudioBar},
+      {w.picLevel, Message::SpokenSoundLevel},       {w.sldWavScale, Message::WaveHeight},
+      {w.imgWavPos, Message::SpokenWavePosition},    {w.cmdNotice, Message::CloseNotice}};
+  SpeakTexts(rows, bench_.strings);
 }
 
 void WindowTexts::ApplyDirection(bool rightToLeft) {

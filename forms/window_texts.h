@@ -20,7 +20,8 @@ class WindowTexts {
 
  private:
   void ApplyTexts(bool rightToLeft);
-  void ApplyMenuTexts();
+  /// What a screen reader says for controls without a caption.
+  void SpeakNames();
   void ApplyDirection(bool rightToLeft);
 
   Workbench bench_;

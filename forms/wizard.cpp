@@ -93,7 +93,7 @@ void Wizard::BrowseTarget() {
                                    p_.recall.LastFolder(), txtSave.GetText());
   if (IsBlank(path)) return;
   txtSave.SetText(StripExtension(path) + Text(kind_.ending));
-  // The dialog has asked, about the name that was chosen there.
+  // The file dialog has asked whether to replace the file that was chosen there; another name is asked about later.
   if (txtSave.GetText() == path) agreed_ = path;
 }
 

@@ -27,6 +27,9 @@ class Wizard : public Dialog {
   Button cmdNext{*this, "cmdNext"};
   Button cmdCancel{*this, "cmdCancel"};
 
+  /// The page on show, 0 for the first.
+  int Step() const { return step_; }
+
  protected:
   /// What a wizard is called, the name of its script, and how the file that it writes is asked for.
   struct Kind {
@@ -60,7 +63,6 @@ class Wizard : public Dialog {
   virtual Text TargetFilter() const = 0;
   virtual std::span<Picture> Pages() = 0;
 
-  int Step() const { return step_; }
   bool AtLastStep() { return step_ + 1 == std::ssize(Pages()); }
   /// The texts that both wizards show, and `rows`.
   void ApplyTexts(std::span<const ControlText> rows);

@@ -32,17 +32,7 @@ Text ErrorText(TextView before, const RuntimeError& error) {
 
 }  // namespace
 
-Languages::Languages(AppOptions& options, LangStrings& strings, MessageCatalogue& catalogue, const Folders& folders,
-                     Files& files, Messages& messages, EventQueue& events, const Locale& locale)
-    : options_(options),
-      strings_(strings),
-      catalogue_(catalogue),
-      folders_(folders),
-      files_(files),
-      messages_(messages),
-      events_(events),
-      locale_(locale),
-      charset_(CharsetOfCodePage(0)) {}
+Languages::Languages(const LanguageParts& parts) : p_(parts), charset_(CharsetOfCodePage(0)) {}
 
 void Languages::ReadUserCharset() {
   CarryOn step;
@@ -54,7 +44,7 @@ void Languages::BuildLanguageTable() {
   CarryOn step;
   for (std::size_t row = 0; row < kLanguageCount; ++row) step([&] { ReadTableRow(row); });
   if (step.Last()) {
-    messages_.Show({ErrorText(u"Error retrieving OS language names: ", *step.Last()), BoxIcon::Warning});
+    p_.messages.Show({ErrorText(u"Error retrieving OS language names: ", *step.Last()), BoxIcon::Warning});
   }
 }
 
@@ -62,20 +52,20 @@ void Languages::ReadTableRow(std::size_t row) {
   const std::vector<Text> parts = Split(CatalogueString(kFirstTableRow + static_cast<int>(row)), u"-");
   const std::int32_t localeId = TableNumber(parts[1]);
   table_[row] = {Decimal(TableNumber(parts[0])), Decimal(localeId), parts[2], ProperCase(parts[2])};
-  if (!locale_.IsValidLocale(localeId)) return;
-  const Text name = locale_.LanguageName(localeId);
+  if (!p_.locale.IsValidLocale(localeId)) return;
+  const Text name = p_.locale.LanguageName(localeId);
   if (!name.empty()) table_[row].displayName = name;
 }
 
 void Languages::LoadStored() {
-  firstRun_ = options_.language == kNeverChosen;
+  firstRun_ = p_.options.language == kNeverChosen;
   if (firstRun_) {
     DetectLanguage(u"ENGLISH");
   } else {
     // The last row that fits wins: "PORTUGUESE" also lies inside "PORTUGUESE_BR".
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
-      if (table_[row].name.find(options_.language) != Text::npos) {
-        options_.languageRow = static_cast<std::int16_t>(row);
+      if (table_[row].name.find(p_.options.language) != Text::npos) {
+        p_.options.languageRow = static_cast<std::int16_t>(row);
       }
     }
   }
@@ -85,11 +75,11 @@ void Languages::LoadStored() {
 void Languages::DetectLanguage(TextView fallback) {
   CarryOn step;
   step([&] {
-    options_.language = fallback;
+    p_.options.language = fallback;
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
       if (table_[row].name == fallback) Select(row);
     }
-    const Text language = ToUpper(locale_.GetLocaleText(kUserLocale, kEnglishLanguageName));
+    const Text language = ToUpper(p_.locale.GetLocaleText(kUserLocale, kEnglishLanguageName));
     if (language.empty()) return;
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
       const Text& name = table_[row].name;
@@ -98,12 +88,12 @@ void Languages::DetectLanguage(TextView fallback) {
       return;
     }
   });
-  if (step.Last()) messages_.Show({ErrorText(u"Error detecting OS language: ", *step.Last()), BoxIcon::Warning});
+  if (step.Last()) p_.messages.Show({ErrorText(u"Error detecting OS language: ", *step.Last()), BoxIcon::Warning});
 }
 
 void Languages::Select(std::size_t row) {
-  options_.language = table_[row].name;
-  options_.languageRow = static_cast<std::int16_t>(row);
+  p_.options.language = table_[row].name;
+  p_.options.languageRow = static_cast<std::int16_t>(row);
 }
 
 /// Which language's rules a row of the table follows, as codes of languages.
@@ -115,60 +105,61 @@ void Languages::LoadBlock(std::size_t row) {
   if (row == 0 || loaded_[row]) return;
   CarryOn step;
   step([&] {
-    const Text path = folders_.AppFolder + u"languages/" + ToLower(table_[row].name) + u".txt";
-    catalogue_.AddBlock(files_.Read(path, kLargestBlock), static_cast<int>(row));
+    const Text path = p_.folders.AppFolder + u"languages/" + ToLower(table_[row].name) + u".txt";
+    p_.catalogue.AddBlock(p_.files.Read(path, kLargestBlock), static_cast<int>(row));
     loaded_.set(row);
   });
 }
 
 std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
-  strings_.SetLanguageCode(kCodes[static_cast<std::size_t>(options_.languageRow)]);
-  LoadBlock(static_cast<std::size_t>(options_.languageRow));
-  const int base = kBlockSize * options_.languageRow;
+  p_.strings.SetLanguageCode(kCodes[static_cast<std::size_t>(p_.options.languageRow)]);
+  LoadBlock(static_cast<std::size_t>(p_.options.languageRow));
+  const int base = kBlockSize * p_.options.languageRow;
   Text lines;
   int missing = 0;
   for (std::size_t id = 0; id < kMessageCount; ++id) {
-    const Text* own = catalogue_.Find(base + static_cast<int>(id));
+    const Text* own = p_.catalogue.Find(base + static_cast<int>(id));
     if (own != nullptr) {
-      strings_.Set(NumberedMessage(id), *own);
+      p_.strings.Set(NumberedMessage(id), *own);
       continue;
     }
     const Text& english = CatalogueString(static_cast<int>(id));
-    strings_.Set(NumberedMessage(id), english);
+    p_.strings.Set(NumberedMessage(id), english);
     lines.append(Decimal(base + static_cast<int>(id)) + u", \"" + english + u"\"").append(kLineEnd);
     ++missing;
   }
   for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
     const int number = static_cast<int>(id);
-    const Text* own = catalogue_.Find(CatalogueNumber(options_.languageRow, number));
-    strings_.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
+    const Text* own = p_.catalogue.Find(CatalogueNumber(p_.options.languageRow, number));
+    p_.strings.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
   }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);
-    events_.WaitMs(500);
+    p_.events.WaitMs(500);
   }
-  rightToLeft_ = options_.language == u"ARABIC" || options_.language == u"PERSIAN" || options_.language == u"HEBREW";
+  rightToLeft_ =
+      p_.options.language == u"ARABIC" || p_.options.language == u"PERSIAN" || p_.options.language == u"HEBREW";
   // One less than there are strings, so that one or two missing ones still count as complete.
   constexpr int kWhole = static_cast<int>(kMessageCount) - 1;
   return static_cast<std::int16_t>(RoundHalfEven((kWhole - missing) * 100.0 / kWhole));
 }
 
 Charset Languages::GetCharsetOfLocale(std::int32_t locale) const {
-  return CharsetOfCodePage(RoundToInt32(LeadingNumber(locale_.GetLocaleText(locale, kAnsiCodePage))));
+  return CharsetOfCodePage(RoundToInt32(LeadingNumber(p_.locale.GetLocaleText(locale, kAnsiCodePage))));
 }
 
 std::int32_t Languages::LocaleOfLanguage() const {
-  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(options_.languageRow)].localeId));
+  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(p_.options.languageRow)].localeId));
 }
 
 Text Languages::ToLanguageCodePage(TextView text) const {
   std::optional<Text> recoded;
   CarryOn step;
   step([&] {
-    const std::optional<int> windows = locale_.WindowCodePage();
+    const std::optional<int> windows = p_.locale.WindowCodePage();
     if (!windows) return;
-    const int own = RoundToInt32(LeadingNumber(locale_.GetLocaleText(LocaleOfLanguage(), kAnsiCodePage)));
-    recoded = locale_.Recode(text, own, *windows);
+    const int own = RoundToInt32(LeadingNumber(p_.locale.GetLocaleText(LocaleOfLanguage(), kAnsiCodePage)));
+    recoded = p_.locale.Recode(text, own, *windows);
   });
   return recoded ? *recoded : Text(text);
 }
@@ -184,22 +175,22 @@ std::size_t Languages::RowOfDisplayName(TextView displayName) const {
   for (std::size_t row = 0; row < kLanguageCount; ++row) {
     if (table_[row].displayName == displayName) return row;
   }
-  return static_cast<std::size_t>(options_.languageRow);
+  return static_cast<std::size_t>(p_.options.languageRow);
 }
 
 bool Languages::NeedsNotice() const {
-  return table_[static_cast<std::size_t>(options_.languageRow)].codePage !=
-         locale_.GetLocaleText(kUserLocale, kAnsiCodePage);
+  return table_[static_cast<std::size_t>(p_.options.languageRow)].codePage !=
+         p_.locale.GetLocaleText(kUserLocale, kAnsiCodePage);
 }
 
 Languages::NoticeTexts Languages::Notice() const {
   const std::int32_t own = LocaleOfLanguage();
-  return {ToLanguageCodePage(strings_[Message::Warning]),
-          ToLanguageCodePage(strings_[Message::CurrentSystemLanguage]) + u" " +
-              locale_.GetLocaleText(kUserLocale, kEnglishLanguageName),
-          ToLanguageCodePage(strings_[Message::RequiredLanguage]) + u" " +
-              locale_.GetLocaleText(own, kEnglishLanguageName) + u" (" +
-              locale_.GetLocaleText(own, kNativeLanguageName) + u")",
+  return {ToLanguageCodePage(p_.strings[Message::Warning]),
+          ToLanguageCodePage(p_.strings[Message::CurrentSystemLanguage]) + u" " +
+              p_.locale.GetLocaleText(kUserLocale, kEnglishLanguageName),
+          ToLanguageCodePage(p_.strings[Message::RequiredLanguage]) + u" " +
+              p_.locale.GetLocaleText(own, kEnglishLanguageName) + u" (" +
+              p_.locale.GetLocaleText(own, kNativeLanguageName) + u")",
           GetCharsetOfLocale(own)};
 }
 
@@ -207,7 +198,7 @@ Text Languages::CharsetText() const { return Decimal(charset_.number) + u" - " +
 
 const Text& Languages::CatalogueString(int id) const {
   static const Text kNone;
-  const Text* row = catalogue_.Find(id);
+  const Text* row = p_.catalogue.Find(id);
   return row == nullptr ? kNone : *row;
 }
 

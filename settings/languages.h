@@ -37,13 +37,24 @@ struct Charset {
 /// The character set of an ANSI code page; 0 and "WESTERN_EUROPEAN_LATIN" for one that isn't known.
 Charset CharsetOfCodePage(int codePage);
 
+/// What the languages work on.
+struct LanguageParts {
+  AppOptions& options;
+  LangStrings& strings;
+  MessageCatalogue& catalogue;
+  const Folders& folders;
+  Files& files;
+  Messages& messages;
+  EventQueue& events;
+  const Locale& locale;
+};
+
 /// The languages of the program: the table, the one in force (by name and row in the options), and the filling of the
 /// strings with its block of the catalogue. Blocks other than English are files "languages/NAME.txt" in the program's
 /// folder, read when they are first wanted; one that is missing or damaged leaves English in place.
 class Languages {
  public:
-  Languages(AppOptions& options, LangStrings& strings, MessageCatalogue& catalogue, const Folders& folders,
-            Files& files, Messages& messages, EventQueue& events, const Locale& locale);
+  explicit Languages(const LanguageParts& parts);
 
   /// Fills the language table and the character set of the user's locale. Failures are told in a box.
   void BuildLanguageTable();
@@ -106,14 +117,7 @@ class Languages {
   Text TranslationHeader() const;
   void WriteTranslationFile(const Text& content);
 
-  AppOptions& options_;
-  LangStrings& strings_;
-  MessageCatalogue& catalogue_;
-  const Folders& folders_;
-  Files& files_;
-  Messages& messages_;
-  EventQueue& events_;
-  const Locale& locale_;
+  LanguageParts p_;
 
   std::array<LanguageRow, kLanguageCount> table_;
   std::bitset<kLanguageCount> loaded_;

@@ -2,13 +2,10 @@
 
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QStyle>
 #include <QSvgRenderer>
 #include <QVBoxLayout>
-#include <QWindow>
 
 #include "core/product.h"
 #include "ui/link_button.h"
@@ -62,23 +59,23 @@ AboutView::AboutView(AboutDialog& form, QWidget* owner) : DialogView(form, owner
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 14);
   column->setSpacing(8);
-  column->addWidget(Named(new Banner(this), "picTop"));
+  column->addWidget(Bind(form.picTop, new Banner(this)));
   auto* texts = new QVBoxLayout;
   texts->setContentsMargins(20, 8, 20, 4);
   texts->setSpacing(8);
-  for (const char* name : {"lblVersion", "lblFormat", "lblFree"}) texts->addWidget(MakeLabel(name, this));
-  auto* link = Named(new LinkButton(this), "lblTessaly");
-  texts->addWidget(link, 0, Qt::AlignLeading);
+  for (Label* label : {&form.lblVersion, &form.lblFormat, &form.lblFree}) {
+    texts->addWidget(Bind(*label, PlainLabel(this)));
+  }
+  texts->addWidget(Bind(form.lblTessaly, new LinkButton(this)), 0, Qt::AlignLeading);
   texts->addSpacing(6);
-  for (const char* name : {"lblOsName", "lblMemo"}) texts->addWidget(MakeLabel(name, this));
+  for (Label* label : {&form.lblOsName, &form.lblMemo}) texts->addWidget(Bind(*label, PlainLabel(this)));
   column->addLayout(texts, 1);
-  auto* buttons = MakeButtons({"", "cmdOK"});
+  binder_.Bind(form.tmrMemo);
+  auto* buttons = MakeButtons({nullptr, &form.cmdOK}, &form.cmdOK);
   buttons->setContentsMargins(20, 0, 20, 0);
   column->addLayout(buttons);
-  Keep(form.MoveRequested.ConnectScoped([this] {
-    if (windowHandle() != nullptr) windowHandle()->startSystemMove();
-  }));
-  Bind(findChild<QWidget*>("cmdOK"));
+  Keep(form.MoveRequested.ConnectScoped([this] { MoveByPointer(); }));
+  Complete(&binder_.WidgetOf(form.cmdOK));
 }
 
 }  // namespace cuewright

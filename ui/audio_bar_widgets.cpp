@@ -11,6 +11,7 @@
 #include <QSlider>
 #include <QtMath>
 
+#include "ui/binder.h"
 #include "ui/key_codes.h"
 #include "ui/qt_color.h"
 
@@ -52,7 +53,6 @@ QImage MeterScale() {
 class Arrow final : public QWidget {
  public:
   explicit Arrow(QWidget* parent) : QWidget(parent) {
-    setObjectName("imgWavPos");
     setFixedSize(kArrowWidth, kArrowHeight);
     setAttribute(Qt::WA_TransparentForMouseEvents);
   }
@@ -106,7 +106,6 @@ void ImageSurface::DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) 
 
 WavePicture::WavePicture(AudioBar& bar, QWidget* parent)
     : QWidget(parent), bar_(bar), surface_(*this, WidestScreen() + 1, AudioBar::kHeight) {
-  setObjectName("picWave");
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
   connections_.push_back(bar_.MarksChanged.ConnectScoped([this] { ShowMarks(); }));
@@ -161,7 +160,6 @@ void WavePicture::contextMenuEvent(QContextMenuEvent* event) { event->accept(); 
 
 LevelMeter::LevelMeter(AudioBar& bar, QWidget* parent)
     : QWidget(parent), surface_(*this, kLevelWidth, AudioBar::kHeight) {
-  setObjectName("picLevel");
   setAttribute(Qt::WA_OpaquePaintEvent);
   surface_.SetScale(MeterScale());
   surface_.Clear(0);
@@ -170,25 +168,21 @@ LevelMeter::LevelMeter(AudioBar& bar, QWidget* parent)
 
 void LevelMeter::paintEvent(QPaintEvent*) { QPainter(this).drawImage(0, 0, surface_.Image()); }
 
-AudioBarWidgets::AudioBarWidgets(AudioBar& bar, QWidget* area)
+AudioBarWidgets::AudioBarWidgets(AudioBar& bar, Binder& binder, QWidget* area)
     : bar_(bar),
       area_(area),
-      wave_(new WavePicture(bar, area)),
-      level_(new LevelMeter(bar, area)),
-      slider_(new QSlider(Qt::Vertical, area)),
-      arrow_(new Arrow(area)),
-      tip_(new QLabel(wave_)),
-      progress_(new QLabel(wave_)),
-      stop_(new QPushButton(wave_)) {
-  slider_->setObjectName("sldWavScale");
+      wave_(binder.Bind(bar.Window().picWave, new WavePicture(bar, area))),
+      level_(binder.Bind(bar.Window().picLevel, new LevelMeter(bar, area))),
+      slider_(binder.Bind(bar.Window().sldWavScale, new QSlider(Qt::Vertical, area))),
+      arrow_(binder.Bind(bar.Window().imgWavPos, new Arrow(area))),
+      tip_(binder.Bind(bar.Window().lblWaveTip, new QLabel(wave_))),
+      progress_(binder.Bind(bar.Window().lblWave, new QLabel(wave_))),
+      stop_(binder.Bind(bar.Window().cmdStopSound, new QPushButton(wave_))) {
   slider_->setPageStep(4000);
   slider_->setSingleStep(1000);
-  progress_->setObjectName("lblWave");
   progress_->setAutoFillBackground(true);
   progress_->setContentsMargins(6, 2, 6, 2);
   progress_->move(6, 6);
-  stop_->setObjectName("cmdStopSound");
-  tip_->setObjectName("lblWaveTip");
   tip_->setAutoFillBackground(true);
   tip_->setBackgroundRole(QPalette::ToolTipBase);
   tip_->setForegroundRole(QPalette::ToolTipText);

@@ -7,9 +7,12 @@
 #include "audio/audio_bar.h"
 
 class QLabel;
+class QPushButton;
 class QSlider;
 
 namespace cuewright {
+
+class Binder;
 
 /// A picture in memory that the Audio bar paints on.
 class ImageSurface final : public WaveSurface {
@@ -76,7 +79,7 @@ class LevelMeter final : public QWidget {
 class AudioBarWidgets final : public AudioBarView {
  public:
   /// The widgets become children of `area`.
-  AudioBarWidgets(AudioBar& bar, QWidget* area);
+  AudioBarWidgets(AudioBar& bar, Binder& binder, QWidget* area);
   ~AudioBarWidgets() override;
 
   /// Puts the widgets into the strip, which has the wave's height.
@@ -97,8 +100,8 @@ class AudioBarWidgets final : public AudioBarView {
   QSlider* slider_;
   QWidget* arrow_;
   QLabel* tip_;
-  QWidget* progress_;
-  QWidget* stop_;
+  QLabel* progress_;
+  QPushButton* stop_;
   int height_ = 0;
   std::vector<Connection> connections_;
 };

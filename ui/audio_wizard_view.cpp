@@ -4,12 +4,11 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "ui/link_button.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -26,7 +25,9 @@ AudioWizardView::AudioWizardView(AudioWizard& form, QWidget* owner) : WizardView
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(20, 16, 20, 14);
   column->setSpacing(14);
-  column->addWidget(MakeHead());
+  auto* icon = new SvgPicture(":/player.svg", this);
+  icon->setFixedSize(44, 44);
+  column->addWidget(MakeHead(icon));
   auto* stack = new QGridLayout;
   MakeFormatPage(*stack);
   MakeRatePage(*stack);
@@ -35,107 +36,89 @@ AudioWizardView::AudioWizardView(AudioWizard& form, QWidget* owner) : WizardView
   MakeTasksPage(*stack);
   column->addLayout(stack, 1);
   column->addLayout(MakeWizardButtons());
-  Names("lblSampleRate", "cmbSampleRate");
-  Names("lblVirtualdub", "txtVirtualdub");
-  Names("lblSave", "txtSave");
   ShowLights();
-  Bind(findChild<QPushButton*>("cmdNext"));
+  Complete(&binder_.WidgetOf(form.cmdNext));
   Keep(form.LightsChanged.ConnectScoped([this] { ShowLights(); }));
   // What a run has to tell at its end may need more room than the pages so far.
   Keep(form.lblStep5b.Changed.ConnectScoped([this] { FitContent(); }));
 }
 
-QWidget* AudioWizardView::MakeHead() {
-  auto* head = new QWidget(this);
-  auto* row = new QHBoxLayout(head);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(12);
-  auto* icon = new SvgPicture(":/player.svg", head);
-  icon->setFixedSize(44, 44);
-  row->addWidget(icon);
-  auto* texts = new QVBoxLayout;
-  texts->addWidget(MakeHeading("lblTop", head));
-  texts->addWidget(MakeLabel("lblTop2", head));
-  row->addLayout(texts, 1);
-  return head;
-}
-
 void AudioWizardView::MakeFormatPage(QGridLayout& stack) {
-  auto* column = MakePage(stack, 0);
+  auto* column = MakePage(form_.picStep[0], stack);
   QWidget* page = column->parentWidget();
-  column->addWidget(MakeLabel("lblStep1", page, true));
-  column->addWidget(Named(new QRadioButton(page), "optWAV"));
-  column->addWidget(Named(new QRadioButton(page), "optOriginal"));
+  column->addWidget(Bind(form_.lblStep1, WrappedLabel(page)));
+  column->addWidget(Bind(form_.optWAV, new QRadioButton(page)));
+  column->addWidget(Bind(form_.optOriginal, new QRadioButton(page)));
   column->addSpacing(8);
-  column->addWidget(Named(new QCheckBox(page), "chkAudioBar"));
+  column->addWidget(Bind(form_.chkAudioBar, new QCheckBox(page)));
   column->addStretch();
-  column->addWidget(MakeLabel("lblStep1b", page, true));
+  column->addWidget(Bind(form_.lblStep1b, WrappedLabel(page)));
 }
 
 void AudioWizardView::MakeRatePage(QGridLayout& stack) {
-  auto* column = MakePage(stack, 1);
+  auto* column = MakePage(form_.picStep[1], stack);
   QWidget* page = column->parentWidget();
-  column->addWidget(MakeLabel("lblStep2", page, true));
+  column->addWidget(Bind(form_.lblStep2, WrappedLabel(page)));
   auto* row = new QHBoxLayout;
-  row->addWidget(MakeLabel("lblSampleRate", page));
-  auto* rate = Named(new QComboBox(page), "cmbSampleRate");
-  rate->setEditable(true);
+  auto* rate = Bind(form_.cmbSampleRate, new QComboBox(page));
+  row->addWidget(MakeLabelOf(form_.lblSampleRate, rate));
   rate->setMinimumWidth(160);
   row->addWidget(rate);
   row->addStretch();
   column->addLayout(row);
   column->addStretch();
-  column->addWidget(MakeLabel("lblStep2b", page, true));
+  column->addWidget(Bind(form_.lblStep2b, WrappedLabel(page)));
 }
 
 void AudioWizardView::MakeToolPage(QGridLayout& stack) {
-  auto* column = MakePage(stack, 2);
+  auto* column = MakePage(form_.picStep[2], stack);
   QWidget* page = column->parentWidget();
-  column->addWidget(MakeLabel("lblStep3", page, true));
-  column->addWidget(MakeLabel("lblVirtualdub", page));
-  AddPathRow(*column, "txtVirtualdub", "cmdBrowseVD");
+  column->addWidget(Bind(form_.lblStep3, WrappedLabel(page)));
+  QLabel* tool = Bind(form_.lblVirtualdub, PlainLabel(page));
+  column->addWidget(tool);
+  tool->setBuddy(AddPathRow(*column, form_.txtVirtualdub, form_.cmdBrowseVD));
   column->addStretch();
-  column->addWidget(MakeLabel("lblStep3b", page, true));
+  column->addWidget(Bind(form_.lblStep3b, WrappedLabel(page)));
   auto* row = new QHBoxLayout;
-  QWidget* icon = MakeIcon(":/folder.svg", "imgGetVirtualDub", page, 24);
+  QWidget* icon = MakeIcon(form_.imgGetVirtualDub, ":/folder.svg", page, 24);
   icon->setCursor(Qt::PointingHandCursor);
   row->addWidget(icon);
-  row->addWidget(MakeLink("lblDownload", page));
+  row->addWidget(Bind(form_.lblDownload, new LinkButton(page)));
   row->addStretch();
   column->addLayout(row);
 }
 
 void AudioWizardView::MakeFilePage(QGridLayout& stack) {
-  auto* column = MakePage(stack, 3);
+  auto* column = MakePage(form_.picStep[3], stack);
   QWidget* page = column->parentWidget();
-  column->addWidget(MakeLabel("lblStep4", page, true));
-  column->addWidget(MakeLabel("lblSave", page));
-  AddPathRow(*column, "txtSave", "cmdSave");
+  column->addWidget(Bind(form_.lblStep4, WrappedLabel(page)));
+  QLabel* file = Bind(form_.lblSave, PlainLabel(page));
+  column->addWidget(file);
+  file->setBuddy(AddPathRow(*column, form_.txtSave, form_.cmdSave));
   column->addStretch();
-  column->addWidget(MakeLabel("lblStep4b", page, true));
+  column->addWidget(Bind(form_.lblStep4b, WrappedLabel(page)));
 }
 
 void AudioWizardView::MakeTasksPage(QGridLayout& stack) {
-  auto* column = MakePage(stack, 4);
+  auto* column = MakePage(form_.picStep[4], stack);
   QWidget* page = column->parentWidget();
-  QLabel* head = MakeLabel("lblStep5", page, true);
+  QLabel* head = Bind(form_.lblStep5, WrappedLabel(page));
   head->setMinimumWidth(kTextWidth);
   column->addWidget(head);
   auto* tasks = new QGridLayout;
   tasks->setHorizontalSpacing(10);
   for (std::size_t i = 0; i < lights_.size(); ++i) {
-    lights_[i] = new SvgPicture(kLightFiles[0], page);
-    lights_[i]->setObjectName(Indexed("picTask", i));
+    lights_[i] = Bind(form_.picTask[i], new SvgPicture(kLightFiles[0], page));
     lights_[i]->setFixedSize(kLightSize, kLightSize);
     tasks->addWidget(lights_[i], static_cast<int>(i), 0);
-    tasks->addWidget(MakeLabel(Indexed("lblTask", i), page), static_cast<int>(i), 1);
+    tasks->addWidget(Bind(form_.lblTask[i], PlainLabel(page)), static_cast<int>(i), 1);
   }
   tasks->setColumnStretch(1, 1);
   column->addLayout(tasks);
   column->addSpacing(8);
-  column->addWidget(Named(new QCheckBox(page), "chkClose"));
+  column->addWidget(Bind(form_.chkClose, new QCheckBox(page)));
   column->addStretch();
-  column->addWidget(MakeLabel("lblStep5b", page, true));
+  column->addWidget(Bind(form_.lblStep5b, WrappedLabel(page)));
 }
 
 void AudioWizardView::ShowLights() {

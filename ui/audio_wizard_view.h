@@ -15,7 +15,6 @@ class AudioWizardView final : public WizardView {
   AudioWizardView(AudioWizard& form, QWidget* owner);
 
  private:
-  QWidget* MakeHead();
   void MakeFormatPage(QGridLayout& stack);
   void MakeRatePage(QGridLayout& stack);
   void MakeToolPage(QGridLayout& stack);

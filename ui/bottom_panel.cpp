@@ -2,26 +2,27 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "ui/dialog_view.h"
+#include "ui/binder.h"
+#include "ui/labels.h"
 #include "ui/wrap_row.h"
 
 namespace cuewright {
 
-BottomPanel::BottomPanel(QWidget* parent) : QWidget(parent) {
-  setObjectName("picBottom");
+BottomPanel::BottomPanel(MainWindow& form, Binder& binder, QWidget* parent)
+    : QWidget(parent), form_(form), binder_(binder) {
+  binder_.Bind(form_.picBottom, this);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(8, 4, 8, 8);
   row->setSpacing(12);
   auto* left = new QVBoxLayout;
   left->addWidget(MakeTimeRow());
-  auto* pane = Named(new QPlainTextEdit(this), "txtSub");
+  auto* pane = binder_.Bind(form_.txtSub, new QPlainTextEdit(this));
   pane->setTabChangesFocus(true);
   pane->setAcceptDrops(false);      // files are the window's
   pane->setUndoRedoEnabled(false);  // what is typed is taken back with everything else
@@ -38,27 +39,28 @@ QWidget* BottomPanel::MakeTimeRow() {
   // What belongs together stays together; what has no room beside the others goes below them.
   auto* row = new WrapRow(panel, 14, 4);
   const auto group = [&] {
-    auto* made = new QWidget(panel);
-    auto* line = new QHBoxLayout(made);
-    line->setContentsMargins(0, 0, 0, 0);
+    auto* line = BareRow(panel);
+    QWidget* made = line->parentWidget();
     row->addWidget(made);
     return line;
   };
-  for (int index = 0; index < 2; ++index) {
+  int height = 0;
+  for (const auto& [label, time] :
+       {std::pair{&form_.lblShow, &form_.txtTime[0]}, {&form_.lblDuration, &form_.txtTime[1]}}) {
     auto* line = group();
-    auto* label = Named(new QLabel(panel), index == 0 ? "lblShow" : "lblDuration");
-    auto* box = Named(new QLineEdit(panel), index == 0 ? "txtTime(0)" : "txtTime(1)");
+    line->addWidget(binder_.Bind(*label, new QLabel(panel)));
+    auto* box = binder_.Bind(*time, new QLineEdit(panel));
     box->setMaxLength(12);
     box->setAttribute(Qt::WA_InputMethodEnabled, false);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance("00:00:00,000") + 24);
-    line->addWidget(label);
     line->addWidget(box);
+    height = box->sizeHint().height();
   }
   auto* line = group();
-  auto* caption = Named(new QLabel(panel), "lblPosition");
-  caption->setMinimumHeight(panel->findChild<QLineEdit*>("txtTime(0)")->sizeHint().height());  // on the boxes' line
-  auto* time = Named(new QLabel(panel), "lblTime");
-  auto* text = Named(new QLabel(panel), "lblStringPos");
+  auto* caption = binder_.Bind(form_.lblPosition, new QLabel(panel));
+  caption->setMinimumHeight(height);  // on the boxes' line
+  auto* time = binder_.Bind(form_.lblTime, new QLabel(panel));
+  auto* text = binder_.Bind(form_.lblStringPos, new QLabel(panel));
   time->setMinimumWidth(time->fontMetrics().horizontalAdvance("00000000"));
   text->setMinimumWidth(text->fontMetrics().horizontalAdvance("0:00:00"));
   time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -72,38 +74,32 @@ QWidget* BottomPanel::MakeButtons() {
   auto* panel = new QWidget(this);
   auto* grid = new QGridLayout(panel);
   grid->setContentsMargins(0, 0, 0, 0);
-  const auto button = [&](const char* name, int row, int column, int columns) {
-    auto* made = Named(new QPushButton(panel), name);
+  const auto button = [&](Button& control, int row, int column, int columns) {
+    auto* made = binder_.Bind(control, new QPushButton(panel));
     made->setMinimumWidth(80);
     made->setAutoDefault(false);
     made->setAttribute(Qt::WA_InputMethodEnabled, false);
     made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     grid->addWidget(made, row, column, 1, columns);
-    return made;
   };
-  button("cmdApply", 0, 0, 2);
-  button("cmdNext", 1, 0, 1);
-  button("cmdEnd", 1, 1, 1);
-  button("cmdCancel", 2, 0, 2);
+  button(form_.cmdApply, 0, 0, 2);
+  button(form_.cmdNext, 1, 0, 1);
+  button(form_.cmdEnd, 1, 1, 1);
+  button(form_.cmdCancel, 2, 0, 2);
   return panel;
 }
 
 QWidget* BottomPanel::MakeModes() {
-  auto* panel = new QWidget(this);
-  auto* column = new QVBoxLayout(panel);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = BareColumn(this);
+  QWidget* panel = column->parentWidget();
   column->setSpacing(0);
-  auto* heading = Named(new QLabel(panel), "lblMainMode");
-  QFont bold = heading->font();
-  bold.setBold(true);
-  heading->setFont(bold);
-  column->addWidget(heading);
-  for (const char* name : {"optPress", "optManual", "optPreview"}) {
-    auto* option = Named(new QRadioButton(panel), name);
+  column->addWidget(binder_.Bind(form_.lblMainMode, BoldLabel(panel)));
+  for (OptionButton* control : {&form_.optPress, &form_.optManual, &form_.optPreview}) {
+    auto* option = binder_.Bind(*control, new QRadioButton(panel));
     option->setAttribute(Qt::WA_InputMethodEnabled, false);
     column->addWidget(option);
   }
-  auto* text = Named(new QLabel(panel), "lblMode");
+  auto* text = binder_.Bind(form_.lblMode, new QLabel(panel));
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

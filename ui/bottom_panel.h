@@ -2,12 +2,16 @@
 
 #include <QWidget>
 
+#include "capture/main_window.h"
+
 namespace cuewright {
+
+class Binder;
 
 /// The panel `picBottom` below the list and the film: the caption's times and text, the capture's buttons, its modes.
 class BottomPanel final : public QWidget {
  public:
-  explicit BottomPanel(QWidget* parent);
+  BottomPanel(MainWindow& form, Binder& binder, QWidget* parent);
 
   /// The text pane `txtSub`.
   QWidget* Pane() const { return pane_; }
@@ -17,6 +21,8 @@ class BottomPanel final : public QWidget {
   QWidget* MakeButtons();
   QWidget* MakeModes();
 
+  MainWindow& form_;
+  Binder& binder_;
   QWidget* pane_;
 };
 

@@ -221,7 +221,7 @@ void CaptionTable::ShowSelection(Row row) {
   const int top = verticalScrollBar()->value();
   setCurrentIndex(index);
   selectRow(row - 1);
-  // Scrolling belongs to the list's own rule.
+  // The list decides itself which row is the first on show.
   verticalScrollBar()->setValue(top);
   following_ = false;
 }

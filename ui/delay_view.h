@@ -13,7 +13,7 @@ class DelayView final : public DialogView {
   DelayView(DelayDialog& form, QWidget* owner);
 
  private:
-  void AddBar(QGridLayout& grid, int row, const char* bar, const Label& label);
+  void AddBar(QGridLayout& grid, int row, Slider& bar, Label& label);
 };
 
 }  // namespace cuewright

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QWindow>
 
 #include "ui/fit_screen.h"
 #include "ui/qt_text.h"
@@ -17,9 +18,7 @@ constexpr int kButtonGap = 8;
 
 }  // namespace
 
-QString Indexed(const char* name, std::size_t index) { return QString("%1(%2)").arg(name).arg(index); }
-
-DialogView::DialogView(Dialog& form, QWidget* owner) : QDialog(owner), form_(form), binder_(*this, form) {
+DialogView::DialogView(Dialog& form, QWidget* owner) : QDialog(owner), binder_(*this, form), form_(form) {
   setObjectName(QString::fromStdString(form.Name()));
   const auto title = [this] { setWindowTitle(ToQt(form_.Title())); };
   const auto direction = [this] {
@@ -44,8 +43,13 @@ void DialogView::ShowModal() {
 
 void DialogView::reject() { form_.Close(); }
 
-void DialogView::Bind(QWidget* first) {
-  binder_.BindAll();
+QLabel* DialogView::MakeLabelOf(Label& label, QWidget* widget) {
+  QLabel* made = Bind(label, PlainLabel(widget->parentWidget()));
+  made->setBuddy(widget);
+  return made;
+}
+
+void DialogView::Complete(QWidget* first) {
   AlignLabels();
   FitContent();
   if (first != nullptr) first->setFocus();
@@ -66,7 +70,7 @@ void DialogView::FitContent() {
   // activated: here the innermost come first.
   const QList<QWidget*> widgets = findChildren<QWidget*>();
   for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget) {
-    // A box of choices keeps the width of those it had when it was asked first.
+    // By default a combo box keeps the width of the items it had when it was first shown.
     if (auto* const box = qobject_cast<QComboBox*>(*widget)) box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     if (QLayout* const inner = (*widget)->layout()) {
       inner->invalidate();
@@ -90,41 +94,29 @@ void DialogView::FitContent() {
   setMinimumSize(needed);
 }
 
-QLabel* DialogView::MakeLabel(const QString& name, QWidget* parent, bool wraps) {
-  auto* label = new QLabel(parent);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(wraps);
-  return label;
+QPushButton* DialogView::MakeButton(Button& control) {
+  auto* button = Bind(control, new QPushButton(this));
+  button->setMinimumWidth(88);
+  return button;
 }
 
-void DialogView::Names(const char* label, const char* widget) {
-  findChild<QLabel*>(label)->setBuddy(findChild<QWidget*>(widget));
-}
-
-QLabel* DialogView::MakeHeading(const char* name, QWidget* parent) {
-  QLabel* label = MakeLabel(name, parent);
-  QFont font = label->font();
-  font.setBold(true);
-  font.setPointSizeF(font.pointSizeF() * 1.25);
-  label->setFont(font);
-  return label;
-}
-
-QBoxLayout* DialogView::MakeButtons(std::initializer_list<const char*> names, const char* standard) {
+QBoxLayout* DialogView::MakeButtons(std::initializer_list<Button*> buttons, const Button* standard) {
   auto* row = new QHBoxLayout;
   row->setSpacing(kButtonGap);
-  for (const char* name : names) {
-    if (*name == '\0') {
+  for (Button* control : buttons) {
+    if (control == nullptr) {
       row->addStretch();
       continue;
     }
-    auto* button = Named(new QPushButton(this), name);
-    button->setMinimumWidth(88);
-    button->setDefault(button->objectName() == standard);
+    QPushButton* button = MakeButton(*control);
+    button->setDefault(control == standard);
     row->addWidget(button);
   }
   return row;
+}
+
+void DialogView::MoveByPointer() {
+  if (windowHandle() != nullptr) windowHandle()->startSystemMove();
 }
 
 }  // namespace cuewright

@@ -5,21 +5,12 @@
 
 #include "form/dialog.h"
 #include "ui/binder.h"
+#include "ui/labels.h"
 
 class QBoxLayout;
-class QLabel;
+class QPushButton;
 
 namespace cuewright {
-
-/// Gives a widget the name by which its control finds it.
-template <class Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
-
-/// "name(index)".
-QString Indexed(const char* name, std::size_t index);
 
 /// A dialog window of the toolkit: title, reading direction and closing follow its form.
 class DialogView : public QDialog {
@@ -32,25 +23,32 @@ class DialogView : public QDialog {
   void reject() override;
 
  protected:
-  /// To be called when all widgets are there: binds them, and makes `first` take the focus.
-  void Bind(QWidget* first);
+  /// Binds a widget, as `Binder::Bind` does.
+  template <class ControlType, class Widget>
+  Widget* Bind(ControlType& control, Widget* widget) {
+    return binder_.Bind(control, widget);
+  }
+  /// A label for what stands beside it. Screen readers know a box of choices by that alone.
+  QLabel* MakeLabelOf(Label& label, QWidget* widget);
+  /// To be called when all widgets are there; `first` takes the focus.
+  void Complete(QWidget* first);
   /// Gives the window at least the size of its content, also where texts wrap.
   void FitContent();
   /// Keeps a connection as long as the window.
   void Keep(Connection connection) { connections_.push_back(std::move(connection)); }
 
-  QLabel* MakeLabel(const QString& name, QWidget* parent, bool wraps = false);
-  /// The label names what stands beside it. Screen readers know a box of choices by that alone.
-  void Names(const char* label, const char* widget);
-  QLabel* MakeHeading(const char* name, QWidget* parent);
-  /// A row of push buttons at the window's foot; "" leaves room. The one named `standard` is the default.
-  QBoxLayout* MakeButtons(std::initializer_list<const char*> names, const char* standard = "cmdOK");
+  QPushButton* MakeButton(Button& control);
+  /// A row of push buttons at the window's foot; null leaves room. The standard one is what Enter presses.
+  QBoxLayout* MakeButtons(std::initializer_list<Button*> buttons, const Button* standard = nullptr);
+  /// The pointer moves the window from here on.
+  void MoveByPointer();
+
+  Binder binder_;
 
  private:
   void AlignLabels();
 
   Dialog& form_;
-  Binder binder_;
   std::vector<Connection> connections_;
   bool goes_ = false;  // deletes itself when it closes
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "forms/embed_wizard.h"
 #include "ui/wizard_view.h"
 
@@ -11,13 +13,19 @@ class EmbedView final : public WizardView {
   EmbedView(EmbedWizard& form, QWidget* owner);
 
  private:
-  void Measure(const EmbedWizard& form);
-  QWidget* MakeHead();
+  void Measure();
   QWidget* MakeDetails();
   void MakeOutputPage(QGridLayout& stack);
   void MakeToolPage(QGridLayout& stack);
   void MakeFilePage(QGridLayout& stack);
   void MakeSummaryPage(QGridLayout& stack);
+  QBoxLayout* MakeSizeRow(QWidget* page);
+  /// A row of a drawing and a label.
+  QLabel* AddHeading(QVBoxLayout& column, Picture& icon, const QString& file, QLabel* label);
+
+  EmbedWizard& form_;
+  std::array<QLabel*, 2> notes_{};
+  QLabel* details_ = nullptr;
 };
 
 }  // namespace cuewright

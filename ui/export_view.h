@@ -13,7 +13,7 @@ class ExportView final : public DialogView {
   ExportView(ExportDialog& form, QWidget* owner);
 
  private:
-  QGroupBox* MakeProperties();
+  QGroupBox* MakeProperties(ExportDialog& form);
 };
 
 }  // namespace cuewright

@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
@@ -15,80 +14,63 @@ namespace {
 
 constexpr QPoint kFromOwner(256, 128);
 
-/// A titled group with one field in it.
-QGroupBox* FieldGroup(const char* group, const char* field, QWidget* parent) {
-  auto* box = new QGroupBox(parent);
-  box->setObjectName(group);
-  auto* column = new QVBoxLayout(box);
-  auto* line = new QLineEdit(box);
-  line->setObjectName(field);
-  line->setMinimumWidth(240);
-  column->addWidget(line);
-  return box;
-}
-
 }  // namespace
 
-FindView::FindView(FindWindow& form, QWidget* owner) : FindView(form, owner, false) {}
+FindView::FindView(FindWindow& form, QWidget* owner) : FindView(form, nullptr, owner) {}
 
-FindView::FindView(ReplaceWindow& form, QWidget* owner) : FindView(form, owner, true) {}
+FindView::FindView(ReplaceWindow& form, QWidget* owner) : FindView(form, &form, owner) {}
 
-FindView::FindView(SearchWindow& form, QWidget* owner, bool replaces) : ToolView(form, owner), binder_(*this, form) {
+FindView::FindView(SearchWindow& form, ReplaceWindow* replacing, QWidget* owner) : ToolView(form, owner) {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(14, 12, 14, 10);
-  grid->addWidget(MakeFields(replaces), 0, 0);
-  grid->addWidget(MakeButtons(replaces), 0, 1, Qt::AlignTop);
-  grid->addWidget(MakeResult(), 1, 0, 1, 2);
-  binder_.BindAll();
-  findChild<QPushButton*>("cmdFind")->setDefault(true);
+  grid->addWidget(MakeFields(form, replacing), 0, 0);
+  grid->addWidget(MakeButtons(form, replacing), 0, 1, Qt::AlignTop);
+  grid->addWidget(MakeResult(form), 1, 0, 1, 2);
   if (owner != nullptr) move(owner->pos() + kFromOwner);
 }
 
-QWidget* FindView::MakeFields(bool replaces) {
-  auto* fields = new QWidget(this);
-  auto* column = new QVBoxLayout(fields);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(FieldGroup("fraFind", "txtFind", fields));
-  if (replaces) column->addWidget(FieldGroup("fraReplace", "txtReplace", fields));
-  for (const char* name : {"chkEntire", "chkCase"}) {
-    auto* check = new QCheckBox(fields);
-    check->setObjectName(name);
-    column->addWidget(check);
-  }
+QWidget* FindView::MakeFields(SearchWindow& form, ReplaceWindow* replacing) {
+  auto* column = BareColumn(this);
+  QWidget* fields = column->parentWidget();
+  const auto add = [&](Frame& frame, TextBox& field) {
+    auto* group = Bind(frame, new QGroupBox(fields));
+    auto* line = Bind(field, new QLineEdit(group));
+    line->setMinimumWidth(240);
+    (new QVBoxLayout(group))->addWidget(line);
+    column->addWidget(group);
+  };
+  add(form.fraFind, form.txtFind);
+  if (replacing != nullptr) add(replacing->fraReplace, replacing->txtReplace);
+  for (CheckBox* check : {&form.chkEntire, &form.chkCase}) column->addWidget(Bind(*check, new QCheckBox(fields)));
   return fields;
 }
 
-QWidget* FindView::MakeButtons(bool replaces) {
-  auto* buttons = new QWidget(this);
-  auto* column = new QVBoxLayout(buttons);
-  column->setContentsMargins(0, 0, 0, 0);
-  const auto add = [&](const char* name) {
-    auto* button = new QPushButton(buttons);
-    button->setObjectName(name);
+QWidget* FindView::MakeButtons(SearchWindow& form, ReplaceWindow* replacing) {
+  auto* column = BareColumn(this);
+  QWidget* buttons = column->parentWidget();
+  const auto add = [&](Button& control) {
+    auto* button = Bind(control, new QPushButton(buttons));
     button->setAutoDefault(false);
     column->addWidget(button);
+    return button;
   };
-  add("cmdFind");
-  if (replaces) {
-    add("cmdReplace");
-    add("cmdReplaceAll");
+  add(form.cmdFind)->setDefault(true);
+  if (replacing != nullptr) {
+    add(replacing->cmdReplace);
+    add(replacing->cmdReplaceAll);
   }
-  add("cmdClose");
+  add(form.cmdClose);
   return buttons;
 }
 
-QWidget* FindView::MakeResult() {
-  auto* result = new QWidget(this);
-  auto* row = new QHBoxLayout(result);
-  row->setContentsMargins(0, 0, 0, 0);
+QWidget* FindView::MakeResult(SearchWindow& form) {
+  auto* row = BareRow(this);
+  QWidget* result = row->parentWidget();
   const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-  auto* icon = new QLabel(result);
-  icon->setObjectName("imgInfo");
+  auto* icon = Bind(form.imgInfo, new QLabel(result));
   icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(size));
   row->addWidget(icon);
-  auto* info = new QLabel(result);
-  info->setObjectName("lblInfo");
-  info->setTextFormat(Qt::PlainText);
+  auto* info = Bind(form.lblInfo, PlainLabel(result));
   info->setMinimumHeight(size);
   row->addWidget(info, 1);
   return result;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "forms/find_windows.h"
-#include "ui/binder.h"
 #include "ui/tool_view.h"
 
 namespace cuewright {
@@ -13,12 +12,11 @@ class FindView final : public ToolView {
   FindView(ReplaceWindow& form, QWidget* owner);
 
  private:
-  FindView(SearchWindow& form, QWidget* owner, bool replaces);
-  QWidget* MakeFields(bool replaces);
-  QWidget* MakeButtons(bool replaces);
-  QWidget* MakeResult();
-
-  Binder binder_;
+  /// `replacing` is the same window, where it replaces.
+  FindView(SearchWindow& form, ReplaceWindow* replacing, QWidget* owner);
+  QWidget* MakeFields(SearchWindow& form, ReplaceWindow* replacing);
+  QWidget* MakeButtons(SearchWindow& form, ReplaceWindow* replacing);
+  QWidget* MakeResult(SearchWindow& form);
 };
 
 }  // namespace cuewright

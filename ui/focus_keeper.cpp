@@ -2,18 +2,15 @@
 
 namespace cuewright {
 
-FocusKeeper::FocusKeeper(QWidget& root, const FocusGroup& group) : QObject(&root), root_(root), group_(group) {
+FocusKeeper::FocusKeeper(QWidget& root, const Binder& binder, const FocusGroup& group)
+    : QObject(&root), root_(root), binder_(binder), group_(group) {
   for (Button* button : group_.Buttons()) {
     connections_.push_back(button->Changed.ConnectScoped([this, button] { Follow(*button); }));
   }
 }
 
-QWidget* FocusKeeper::WidgetOf(const Button& button) const {
-  return root_.findChild<QWidget*>(QString::fromStdString(button.Name()));
-}
-
 void FocusKeeper::Follow(Button& button) {
-  QWidget* widget = WidgetOf(button);
+  QWidget* widget = &binder_.WidgetOf(button);
   if (!button.Enabled() && root_.window()->focusWidget() == widget) {
     last_ = &button;
     widget->clearFocus();
@@ -35,7 +32,7 @@ void FocusKeeper::Settle() {
   Button* holder = group_.HolderAfter(*last_);
   if (holder == nullptr) return;
   last_ = nullptr;
-  WidgetOf(*holder)->setFocus(Qt::OtherFocusReason);
+  binder_.WidgetOf(*holder).setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace cuewright

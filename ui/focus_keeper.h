@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "form/focus_group.h"
+#include "ui/binder.h"
 
 namespace cuewright {
 
@@ -12,16 +13,16 @@ namespace cuewright {
 /// key. While none of them can be pressed the focus rests nowhere; it comes back unless the user has put it elsewhere.
 class FocusKeeper final : public QObject {
  public:
-  /// The widgets of `root` have the buttons' names. To be made before they are bound: it has to act before a widget is
+  /// The buttons stand in the window `root`. To be made before the binder binds them: it has to act before a widget is
   /// disabled.
-  FocusKeeper(QWidget& root, const FocusGroup& group);
+  FocusKeeper(QWidget& root, const Binder& binder, const FocusGroup& group);
 
  private:
   void Follow(Button& button);
   void Settle();
-  QWidget* WidgetOf(const Button& button) const;
 
   QWidget& root_;
+  const Binder& binder_;
   const FocusGroup& group_;
   Button* last_ = nullptr;  // was disabled with the focus, which hasn't come back yet
   bool settling_ = false;

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -21,24 +20,6 @@ namespace {
 constexpr int kNumberWidth = 64;
 /// Behind the sample of a format whose captions stand on the picture.
 constexpr QRgb kPicture = 0xFF3A3F47;
-
-QLineEdit* MakeNumber(const char* name, QWidget* parent) {
-  auto* box = Named(new QLineEdit(parent), name);
-  box->setFixedWidth(kNumberWidth);
-  box->setAttribute(Qt::WA_InputMethodEnabled, false);
-  return box;
-}
-
-QBoxLayout* MakeRow(std::initializer_list<const char*> buttons, QWidget* parent) {
-  auto* row = new QHBoxLayout;
-  for (const char* name : buttons) {
-    auto* button = Named(new QPushButton(parent), name);
-    button->setMinimumWidth(100);
-    row->addWidget(button);
-  }
-  row->addStretch();
-  return row;
-}
 
 QFont FontOf(const FontChoice& choice) {
   QFont font(ToQt(choice.Name));
@@ -67,12 +48,9 @@ FormatView::FormatView(FormatDialog& form, QWidget* owner) : DialogView(form, ow
   grid->setVerticalSpacing(14);
   grid->addWidget(MakeList(), 0, 0);
   grid->addWidget(MakePanels(), 0, 1);
-  grid->addLayout(MakeButtons({"cmdReset", "", "cmdOK", "cmdCancel"}), 1, 0, 1, 2);
+  grid->addLayout(MakeButtons({&form.cmdReset, nullptr, &form.cmdOK, &form.cmdCancel}, &form.cmdOK), 1, 0, 1, 2);
   grid->setColumnStretch(1, 1);
-  Names("lblFormats", "lstFormats");
-  Names("lblSamiAlign", "cmbSamiAlign");
-  Names("lblSsaStyle", "cmbSsaStyle");
-  Bind(findChild<QListWidget*>("lstFormats"));
+  Complete(&binder_.WidgetOf(form.lstFormats));
   for (SamplePanel* panel : std::initializer_list<SamplePanel*>{&form_.sami, &form_.ssa}) {
     Keep(panel->SampleChanged.ConnectScoped([this] { ShowSamples(); }));
   }
@@ -80,24 +58,24 @@ FormatView::FormatView(FormatDialog& form, QWidget* owner) : DialogView(form, ow
 }
 
 QWidget* FormatView::MakeList() {
-  auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(MakeLabel("lblFormats", area, true));
-  auto* list = Named(new QListWidget(area), "lstFormats");
+  auto* column = BareColumn(this);
+  QWidget* area = column->parentWidget();
+  auto* list = Bind(form_.lstFormats, new QListWidget(area));
+  QLabel* label = MakeLabelOf(form_.lblFormats, list);
+  label->setWordWrap(true);
+  column->addWidget(label);
   list->setMinimumWidth(170);
   list->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
   column->addWidget(list, 1);
-  column->addWidget(Named(new LinkButton(area), "lblGetMore"), 0, Qt::AlignLeft);
+  column->addWidget(Bind(form_.lblGetMore, new LinkButton(area)), 0, Qt::AlignLeft);
   area->setMaximumWidth(210);
   return area;
 }
 
 QWidget* FormatView::MakePanels() {
-  auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(MakeHeading("lblTop", area));
+  auto* column = BareColumn(this);
+  QWidget* area = column->parentWidget();
+  column->addWidget(Bind(form_.lblTop, HeadingLabel(area)));
   auto* place = new QWidget(area);
   auto* stack = new QGridLayout(place);
   stack->setContentsMargins(0, 0, 0, 0);
@@ -106,25 +84,40 @@ QWidget* FormatView::MakePanels() {
   return area;
 }
 
-QWidget* FormatView::MakePanel(const char* name) {
-  auto* panel = Named(new QWidget(this), name);
-  QSizePolicy policy = panel->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  panel->setSizePolicy(policy);
+QWidget* FormatView::MakePanel(Picture& control) {
+  auto* panel = Bind(control, new QWidget(this));
+  KeepPlace(*panel);
   return panel;
 }
 
+QLineEdit* FormatView::MakeNumber(TextBox& control, QWidget* parent) {
+  auto* box = Bind(control, new QLineEdit(parent));
+  box->setFixedWidth(kNumberWidth);
+  box->setAttribute(Qt::WA_InputMethodEnabled, false);
+  return box;
+}
+
+QBoxLayout* FormatView::MakeRow(std::initializer_list<Button*> buttons, QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  for (Button* control : buttons) {
+    auto* button = Bind(*control, new QPushButton(parent));
+    button->setMinimumWidth(100);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  return row;
+}
+
 QWidget* FormatView::MakeDvd() {
-  QWidget* panel = MakePanel("picDvdSubtitle");
+  QWidget* panel = MakePanel(form_.dvdSubtitle.picDvdSubtitle);
   auto* grid = new QGridLayout(panel);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(14);
   grid->setVerticalSpacing(8);
   int row = 0;
-  for (const char* field : {"DiscID", "DVDTitle", "Lang", "Author", "Web", "Info", "License"}) {
-    grid->addWidget(MakeLabel(QString("lblDvdSubtitle") + field, panel), row, 0);
-    auto* box = new QLineEdit(panel);
-    box->setObjectName(QString("txtDvdSubtitle") + field);
+  for (LabelledBox* field : form_.dvdSubtitle.Boxes()) {
+    grid->addWidget(Bind(field->label, PlainLabel(panel)), row, 0);
+    auto* box = Bind(field->box, new QLineEdit(panel));
     box->setMinimumWidth(220);
     grid->addWidget(box, row++, 1);
   }
@@ -133,17 +126,19 @@ QWidget* FormatView::MakeDvd() {
 }
 
 QWidget* FormatView::MakeSami() {
-  QWidget* panel = MakePanel("picSami");
+  SamiPanel& sami = form_.sami;
+  QWidget* panel = MakePanel(sami.picSami);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  sami_ = new SampleArea("picSamiSample", "lblSamiSample", nullptr, panel);
+  sami_ = new SampleArea(binder_, sami.picSamiSample, sami.lblSamiSample, nullptr, panel);
   column->addWidget(sami_);
-  column->addWidget(MakeLabel("lblSamiNote", panel, true));
-  column->addLayout(MakeRow({"cmdSamiFont", "cmdSamiColor", "cmdSamiBackground"}, panel));
+  column->addWidget(Bind(sami.lblSamiNote, WrappedLabel(panel)));
+  column->addLayout(MakeRow({&sami.cmdSamiFont, &sami.cmdSamiColor, &sami.cmdSamiBackground}, panel));
   auto* align = new QHBoxLayout;
   align->setSpacing(14);
-  align->addWidget(MakeLabel("lblSamiAlign", panel));
-  align->addWidget(Named(new QComboBox(panel), "cmbSamiAlign"));
+  auto* alignments = Bind(sami.cmbSamiAlign, new QComboBox(panel));
+  align->addWidget(MakeLabelOf(sami.lblSamiAlign, alignments));
+  align->addWidget(alignments);
   align->addStretch();
   column->addLayout(align);
   column->addStretch();
@@ -151,26 +146,29 @@ QWidget* FormatView::MakeSami() {
 }
 
 QGroupBox* FormatView::MakeSsaAlign(QWidget* panel) {
-  auto* group = Named(new QGroupBox(panel), "fraSsaAlign");
+  auto* group = Bind(form_.ssa.fraSsaAlign, new QGroupBox(panel));
   auto* column = new QVBoxLayout(group);
-  column->addWidget(Named(new QComboBox(group), "cmbSsaAlign"));
-  column->addWidget(Named(new QComboBox(group), "cmbSsaValign"));
+  for (ComboBox* box : {&form_.ssa.cmbSsaAlign, &form_.ssa.cmbSsaValign}) {
+    column->addWidget(Bind(*box, new QComboBox(group)));
+  }
   column->addStretch();
   return group;
 }
 
 QGroupBox* FormatView::MakeSsaBorder(QWidget* panel) {
-  auto* group = Named(new QGroupBox(panel), "fraSsaBorder");
+  SsaPanel& ssa = form_.ssa;
+  auto* group = Bind(ssa.fraSsaBorder, new QGroupBox(panel));
   auto* grid = new QGridLayout(group);
   grid->setHorizontalSpacing(10);
-  grid->addWidget(MakeLabel("lblSsaStyle", group), 0, 0);
-  grid->addWidget(Named(new QComboBox(group), "cmbSsaStyle"), 0, 1);
-  grid->addWidget(MakeLabel("lblSsaOutline", group), 1, 0);
-  grid->addWidget(MakeNumber("txtSsaOutline", group), 1, 1);
-  grid->addWidget(MakeLabel("lblSsaShadow", group), 2, 0);
-  grid->addWidget(MakeNumber("txtSsaShadow", group), 2, 1);
-  grid->addWidget(Named(new QPushButton(group), "cmdSsaBack"), 3, 0);
-  auto* back = Named(new QFrame(group), "picSsaBack");
+  auto* styles = Bind(ssa.cmbSsaStyle, new QComboBox(group));
+  grid->addWidget(MakeLabelOf(ssa.lblSsaStyle, styles), 0, 0);
+  grid->addWidget(styles, 0, 1);
+  grid->addWidget(Bind(ssa.lblSsaOutline, PlainLabel(group)), 1, 0);
+  grid->addWidget(MakeNumber(ssa.txtSsaOutline, group), 1, 1);
+  grid->addWidget(Bind(ssa.lblSsaShadow, PlainLabel(group)), 2, 0);
+  grid->addWidget(MakeNumber(ssa.txtSsaShadow, group), 2, 1);
+  grid->addWidget(Bind(ssa.cmdSsaBack, new QPushButton(group)), 3, 0);
+  auto* back = Bind(ssa.picSsaBack, new QFrame(group));
   back->setFrameShape(QFrame::StyledPanel);
   back->setAutoFillBackground(true);
   back->setFixedWidth(kNumberWidth);
@@ -180,36 +178,38 @@ QGroupBox* FormatView::MakeSsaBorder(QWidget* panel) {
 }
 
 QGroupBox* FormatView::MakeSsaMargins(QWidget* panel) {
-  auto* group = Named(new QGroupBox(panel), "fraSsaMargins");
+  SsaPanel& ssa = form_.ssa;
+  auto* group = Bind(ssa.fraSsaMargins, new QGroupBox(panel));
   auto* grid = new QGridLayout(group);
   grid->setHorizontalSpacing(10);
   int row = 0;
-  for (const auto& [label, box] : {std::pair{"lblSsaMarginl", "txtSsaMarginl"},
-                                   {"lblSsaMarginr", "txtSsaMarginr"},
-                                   {"lblSsaMarginv", "txtSsaMarginv"}}) {
-    grid->addWidget(MakeLabel(label, group), row, 0);
-    grid->addWidget(MakeNumber(box, group), row++, 1);
+  for (const auto& [label, box] : {std::pair{&ssa.lblSsaMarginl, &ssa.txtSsaMarginl},
+                                   {&ssa.lblSsaMarginr, &ssa.txtSsaMarginr},
+                                   {&ssa.lblSsaMarginv, &ssa.txtSsaMarginv}}) {
+    grid->addWidget(Bind(*label, PlainLabel(group)), row, 0);
+    grid->addWidget(MakeNumber(*box, group), row++, 1);
   }
   grid->setRowStretch(row, 1);
   return group;
 }
 
 QWidget* FormatView::MakeSsa() {
-  QWidget* panel = MakePanel("picSsa");
+  SsaPanel& ssa = form_.ssa;
+  QWidget* panel = MakePanel(ssa.picSsa);
   auto* column = new QVBoxLayout(panel);
   column->setContentsMargins(0, 0, 0, 0);
-  ssa_ = new SampleArea("picSsaSample", "lblSsaSample", nullptr, panel);
+  ssa_ = new SampleArea(binder_, ssa.picSsaSample, ssa.lblSsaSample, nullptr, panel);
   column->addWidget(ssa_);
-  column->addWidget(MakeLabel("lblSsaNote", panel, true));
-  column->addLayout(MakeRow({"cmdSsaFont", "cmdSsaColor"}, panel));
+  column->addWidget(Bind(ssa.lblSsaNote, WrappedLabel(panel)));
+  column->addLayout(MakeRow({&ssa.cmdSsaFont, &ssa.cmdSsaColor}, panel));
   auto* groups = new QHBoxLayout;
   groups->addWidget(MakeSsaAlign(panel));
   groups->addWidget(MakeSsaBorder(panel), 1);
   groups->addWidget(MakeSsaMargins(panel));
   column->addLayout(groups);
   auto* charset = new QHBoxLayout;
-  charset->addWidget(MakeLabel("lblSsaCharset", panel));
-  auto* help = Named(new LinkButton(panel), "imgSsaCharset");
+  charset->addWidget(Bind(ssa.lblSsaCharset, PlainLabel(panel)));
+  auto* help = Bind(ssa.imgSsaCharset, new LinkButton(panel));
   help->setToolButtonStyle(Qt::ToolButtonIconOnly);
   help->setIcon(QIcon(":/help.svg"));
   charset->addWidget(help);

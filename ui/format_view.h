@@ -4,6 +4,7 @@
 #include "ui/dialog_view.h"
 
 class QGroupBox;
+class QLineEdit;
 
 namespace cuewright {
 
@@ -23,7 +24,9 @@ class FormatView final : public DialogView {
   QGroupBox* MakeSsaAlign(QWidget* panel);
   QGroupBox* MakeSsaBorder(QWidget* panel);
   QGroupBox* MakeSsaMargins(QWidget* panel);
-  QWidget* MakePanel(const char* name);
+  QWidget* MakePanel(Picture& control);
+  QLineEdit* MakeNumber(TextBox& control, QWidget* parent);
+  QBoxLayout* MakeRow(std::initializer_list<Button*> buttons, QWidget* parent);
   void ShowSamples();
 
   FormatDialog& form_;

@@ -16,7 +16,6 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "ui/dialog_view.h"
 #include "ui/fit_screen.h"
 #include "ui/qt_text.h"
 
@@ -29,15 +28,11 @@ constexpr int kOwnWidth = QTextFormat::UserProperty + 1;  // of a picture in its
 
 }  // namespace
 
-HelpView::HelpView(HelpWindow& form, QWidget* owner)
-    : ToolView(form, owner), form_(form), owner_(owner), binder_(*this, form) {
+HelpView::HelpView(HelpWindow& form, QWidget* owner) : ToolView(form, owner), form_(form), owner_(owner) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(10, 10, 10, 10);
   column->addWidget(MakeBar());
-  auto* notice = Named(new QLabel(this), "lblNotice");
-  notice->setTextFormat(Qt::PlainText);
-  notice->setWordWrap(true);
-  column->addWidget(notice);
+  column->addWidget(Bind(form.lblNotice, WrappedLabel(this)));
   auto* halves = new QSplitter(this);
   halves->addWidget(MakeContents());
   halves->addWidget(MakePage());
@@ -45,10 +40,9 @@ HelpView::HelpView(HelpWindow& form, QWidget* owner)
   halves->setChildrenCollapsible(false);
   halves->setSizes({kContentsWidth, kSize.width() - kContentsWidth});
   column->addWidget(halves, 1);
-  setTabOrder(findChild<QWidget*>("cmdForward"), findChild<QWidget*>("txtSearch"));
-  setTabOrder(findChild<QWidget*>("txtSearch"), findChild<QWidget*>("lstTopics"));
-  setTabOrder(findChild<QWidget*>("lstTopics"), page_);
-  binder_.BindAll();
+  setTabOrder(&binder_.WidgetOf(form.cmdForward), &binder_.WidgetOf(form.txtSearch));
+  setTabOrder(&binder_.WidgetOf(form.txtSearch), &binder_.WidgetOf(form.lstTopics));
+  setTabOrder(&binder_.WidgetOf(form.lstTopics), page_);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   resize(kSize.boundedTo(RoomOnScreen(*this)));
   StandOver();
@@ -59,17 +53,16 @@ HelpView::HelpView(HelpWindow& form, QWidget* owner)
 }
 
 QWidget* HelpView::MakeBar() {
-  auto* bar = new QWidget(this);
-  auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
-  for (const char* name : {"cmdBack", "cmdForward"}) {
-    auto* button = Named(new QPushButton(bar), name);
+  auto* row = BareRow(this);
+  QWidget* bar = row->parentWidget();
+  for (Button* control : {&form_.cmdBack, &form_.cmdForward}) {
+    auto* button = Bind(*control, new QPushButton(bar));
     button->setAutoDefault(false);
     row->addWidget(button);
   }
   row->addStretch();
-  auto* label = Named(new QLabel(bar), "lblSearch");
-  auto* search = Named(new QLineEdit(bar), "txtSearch");
+  auto* label = Bind(form_.lblSearch, new QLabel(bar));
+  auto* search = Bind(form_.txtSearch, new QLineEdit(bar));
   search->setClearButtonEnabled(true);
   search->setMinimumWidth(240);
   label->setBuddy(search);
@@ -85,14 +78,14 @@ QWidget* HelpView::MakeBar() {
 }
 
 QWidget* HelpView::MakeContents() {
-  auto* list = Named(new QListWidget(this), "lstTopics");
+  auto* list = Bind(form_.lstTopics, new QListWidget(this));
   list->setMinimumWidth(140);
   list->setUniformItemSizes(true);
   return list;
 }
 
 QWidget* HelpView::MakePage() {
-  page_ = Named(new QTextBrowser(this), "picTopic");
+  page_ = Bind(form_.picTopic, new QTextBrowser(this));
   page_->setOpenLinks(false);
   page_->document()->setDocumentMargin(14);
   page_->viewport()->installEventFilter(this);
@@ -107,7 +100,7 @@ void HelpView::StandOver() {
   if (below == parentWidget()) return;
   setParent(below, windowFlags());
   if (auto* dialog = qobject_cast<QDialog*>(modal)) {
-    // Reading goes on when the dialog has closed.
+    // The viewer was a child of the dialog, which hides it when it closes.
     connect(dialog, &QDialog::finished, this, [this] {
       if (parentWidget() == owner_) return;
       setParent(owner_, windowFlags());
@@ -145,7 +138,7 @@ void HelpView::FitPictures() {
       cursor.setPosition(fragment.position());
       cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
       cursor.setCharFormat(picture);
-      return FitPictures();  // the fragments are others now
+      return FitPictures();  // the change has invalidated the iterators
     }
   }
 }

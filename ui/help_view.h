@@ -1,7 +1,6 @@
 #pragma once
 
 #include "forms/help_window.h"
-#include "ui/binder.h"
 #include "ui/tool_view.h"
 
 class QTextBrowser;
@@ -29,7 +28,6 @@ class HelpView final : public ToolView {
   HelpWindow& form_;
   QWidget* owner_;
   QTextBrowser* page_ = nullptr;
-  Binder binder_;
 };
 
 }  // namespace cuewright

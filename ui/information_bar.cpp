@@ -1,67 +1,70 @@
 #include "ui/information_bar.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "core/product.h"
-#include "ui/dialog_view.h"
+#include "ui/binder.h"
 #include "ui/elided_label.h"
+#include "ui/labels.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
 
-InformationBar::InformationBar(QWidget* parent) : QWidget(parent) {
-  setObjectName("picStatus");
+InformationBar::InformationBar(MainWindow& form, Binder& binder, QWidget* parent)
+    : QWidget(parent), form_(form), binder_(binder) {
+  binder_.Bind(form_.picStatus, this);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 4, 12, 4);
   row->setSpacing(12);
-  auto* icon = Named(new SvgPicture(":/cuewright.svg", this), "picIco");
+  auto* icon = binder_.Bind(form_.picIco, new SvgPicture(":/cuewright.svg", this));
+  icon->setAccessibleName(ToQt(kProductName));
   icon->setFixedSize(32, 32);
   row->addWidget(icon);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(2);
   texts->addStretch();
-  for (const char* name : {"lblTextFile", "lblVideoFile"}) {
-    auto* label = Named(new ElidedLabel(this), name);
+  for (Label* file : {&form_.lblTextFile, &form_.lblVideoFile}) {
+    auto* label = binder_.Bind(*file, new ElidedLabel(this));
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     texts->addWidget(label);
   }
   texts->addStretch();
   row->addLayout(texts, 1);
-  auto* notice = Named(new ElidedLabel(this), "lblNotice");
+  AddNotice(*row);
+  logo_ = binder_.Bind(form_.picLogo, BoldLabel(this, 1.4));
+  logo_->setText(ToQt(kProductName));
+  logo_->setCursor(Qt::PointingHandCursor);
+  row->addWidget(logo_);
+}
+
+void InformationBar::AddNotice(QBoxLayout& row) {
+  auto* notice = binder_.Bind(form_.lblNotice, new ElidedLabel(this));
   notice->setFrameShape(QFrame::StyledPanel);
   notice->setBackgroundRole(QPalette::ToolTipBase);
   notice->setForegroundRole(QPalette::ToolTipText);
   notice->setAutoFillBackground(true);
   notice->setMargin(4);
   notice->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  row->addWidget(notice);
-  for (const char* name : {"cmdShowFindings", "cmdApplyFindings", "cmdUndoRules"}) {
-    row->addWidget(Named(new QToolButton(this), name));
+  row.addWidget(notice);
+  for (Button* button : {&form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules}) {
+    row.addWidget(binder_.Bind(*button, new QToolButton(this)));
   }
-  auto* close = Named(new QToolButton(this), "cmdNotice");
+  auto* close = binder_.Bind(form_.cmdNotice, new QToolButton(this));
   close->setAutoRaise(true);
-  row->addWidget(close);
-  logo_ = Named(new QLabel(ToQt(kProductName), this), "picLogo");
-  QFont font = logo_->font();
-  font.setPointSizeF(font.pointSizeF() * 1.4);
-  font.setBold(true);
-  logo_->setFont(font);
-  logo_->setCursor(Qt::PointingHandCursor);
-  row->addWidget(logo_);
+  row.addWidget(close);
 }
 
-void InformationBar::ShowParts(const MainWindow& form, bool logo) {
-  const bool on = form.picIco.Visible();
-  for (const char* name : {"lblTextFile", "lblVideoFile"}) findChild<QWidget*>(name)->setVisible(on);
-  findChild<QWidget*>("lblNotice")->setVisible(on && form.lblNotice.Visible());
-  for (const Button* button : {&form.cmdShowFindings, &form.cmdApplyFindings, &form.cmdUndoRules, &form.cmdNotice}) {
-    findChild<QWidget*>(QString::fromStdString(button->Name()))->setVisible(on && button->Visible());
+void InformationBar::ShowParts(bool logo) {
+  const bool on = form_.picIco.Visible();
+  for (const Label* label : {&form_.lblTextFile, &form_.lblVideoFile}) binder_.WidgetOf(*label).setVisible(on);
+  for (const Control* part : std::initializer_list<const Control*>{
+           &form_.lblNotice, &form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {
+    binder_.WidgetOf(*part).setVisible(on && part->Visible());
   }
   logo_->setVisible(on && logo);
 }

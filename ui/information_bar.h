@@ -4,20 +4,27 @@
 
 #include "capture/main_window.h"
 
+class QBoxLayout;
 class QLabel;
 
 namespace cuewright {
+
+class Binder;
 
 /// The band `picStatus` above the list: the names of the open files, the strip of what needs no box, the product's
 /// name.
 class InformationBar final : public QWidget {
  public:
-  explicit InformationBar(QWidget* parent);
+  InformationBar(MainWindow& form, Binder& binder, QWidget* parent);
 
   /// The band is on: its parts show themselves, the product's name only where it has room.
-  void ShowParts(const MainWindow& form, bool logo);
+  void ShowParts(bool logo);
 
  private:
+  void AddNotice(QBoxLayout& row);
+
+  MainWindow& form_;
+  Binder& binder_;
   QLabel* logo_;
 };
 

@@ -46,7 +46,7 @@ bool InputInstants::eventFilter(QObject* /*object*/, QEvent* event) {
   form_.inputInstant = InstantOfStamp(static_cast<QInputEvent*>(event)->timestamp(), Now());
   if (!clearing_) {
     clearing_ = true;
-    // Whatever comes later, a timer or a command, is no part of the event.
+    // The instant holds for this event only, not for a timer or a command behind it.
     QMetaObject::invokeMethod(
         this,
         [this] {

@@ -14,7 +14,6 @@ constexpr int kStep = 8;
 }  // namespace
 
 LayoutDivider::LayoutDivider(QWidget* parent) : QWidget(parent) {
-  setObjectName("imgSize");
   setCursor(Qt::SplitHCursor);
   setFocusPolicy(Qt::TabFocus);
 }

@@ -4,8 +4,8 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QHash>
 #include <QIcon>
-#include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
@@ -15,7 +15,16 @@
 #include <QStyle>
 #include <QUrl>
 
-#include "core/product.h"
+#include "audio/audio_bar.h"
+#include "capture/caption_grid.h"
+#include "capture/preview.h"
+#include "capture/sub_window.h"
+#include "capture/timing_capture.h"
+#include "forms/caption_commands.h"
+#include "forms/document_files.h"
+#include "forms/document_session.h"
+#include "forms/file_router.h"
+#include "forms/help_window.h"
 #include "ui/audio_bar_widgets.h"
 #include "ui/bottom_panel.h"
 #include "ui/caption_table.h"
@@ -28,7 +37,6 @@
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
-#include "ui/windows.h"
 
 namespace cuewright {
 namespace {
@@ -46,59 +54,69 @@ std::vector<Text> LocalFiles(const QMimeData& data) {
 
 }  // namespace
 
-MainWindowView::MainWindowView(Program& program, QWidget* video)
-    : program_(program),
-      form_(program.window),
+MainWindowView::MainWindowView(const MainWindowParts& parts, QWidget* video)
+    : p_(parts),
+      form_(parts.window),
       area_(new QWidget(this)),
-      binder_(*this, program.window),
+      binder_(*this, parts.window),
+      menus_(*this, binder_),
       video_(video),
-      helpKey_(program.help) {
+      helpKey_(parts.help) {
   setObjectName("frmMain");
   setWindowIcon(QIcon(":/cuewright.svg"));
   setMinimumSize(MainLayout::kLeastWidth, std::min(MainLayout::kLeastHeight, RoomOnScreen(*this).height()));
   setCentralWidget(area_);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   BuildMenus();
-  status_ = new InformationBar(area_);
-  table_ = new CaptionTable(program_.list, program_.grid, program_.commands, *listMenu_, area_);
+  BuildParts();
+  ApplyNames();
+  FitLeastWidth();
+  ShowTitle();
+  ApplyDirection();
+  Follow();
+  setTabOrder(&binder_.WidgetOf(form_.optPreview), divider_);
+  qApp->installEventFilter(this);
+  // Filters run from the last one to the first: the instant is known before anything acts.
+  inputInstants_ = std::make_unique<InputInstants>(form_);
+  RestFocus();
+}
+
+void MainWindowView::BuildParts() {
+  status_ = new InformationBar(form_, binder_, area_);
+  table_ = new CaptionTable(p_.list, p_.grid, p_.commands, *listMenu_, area_);
   connections_.push_back(table_->ColumnsChosen.ConnectScoped([this](const std::array<int, 4>* widths) {
-    LayoutMemory& memory = program_.shell.Memory();
+    LayoutMemory& memory = p_.shell.Memory();
     if (widths != nullptr) {
-      memory.NoteColumns(*widths, program_.shell.Layout().ListWidth());
+      memory.NoteColumns(*widths, p_.shell.Layout().ListWidth());
     } else {
       memory.ForgetColumns();
     }
     ApplyLayout();
   }));
-  divider_ = new LayoutDivider(area_);
+  divider_ = binder_.Bind(form_.imgSize, new LayoutDivider(area_));
   divider_->Dragged.Connect([this](int left) { MoveDivider(left); });
-  divider_->Stepped.Connect([this](int step) { MoveDivider(program_.shell.Layout().Divider().left + step); });
+  divider_->Stepped.Connect([this](int step) { MoveDivider(p_.shell.Layout().Divider().left + step); });
   setAcceptDrops(true);
   video_->setParent(area_);
-  logo_ = Named(new SvgPicture(":/logo.svg", area_), "picPLogo");
-  audioBar_ = std::make_unique<AudioBarWidgets>(program_.audioBar, area_);
-  overlay_ = new Overlay(program_.sub, area_);
-  bottom_ = new BottomPanel(area_);
-  ApplyNames();
-  new FocusKeeper(*this, captureButtons_);
-  binder_.BindAll();
-  AddToolWindows(windows_, program_);
-  FitLeastWidth();
+  logo_ = binder_.Bind(form_.picPLogo, new SvgPicture(":/logo.svg", area_));
+  audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, binder_, area_);
+  overlay_ = new Overlay(p_.sub, area_);
+  new FocusKeeper(*this, binder_, captureButtons_);
+  bottom_ = new BottomPanel(form_, binder_, area_);
+  for (Timer* timer :
+       {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal, &form_.tmrFilmSound}) {
+    binder_.Bind(*timer);
+  }
+}
 
+void MainWindowView::Follow() {
   connections_.push_back(form_.TitleChanged.ConnectScoped([this] { ShowTitle(); }));
-  connections_.push_back(program_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
-  connections_.push_back(program_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
-  connections_.push_back(program_.sub.lblSub.Changed.ConnectScoped([this] { PlaceOverlayNow(); }));
-  connections_.push_back(program_.LanguageChanged.ConnectScoped([this] { ApplyNames(); }));
+  connections_.push_back(p_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
+  connections_.push_back(p_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(p_.sub.lblSub.Changed.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(p_.languageChanged.ConnectScoped([this] { ApplyNames(); }));
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
-  ShowTitle();
-  ApplyDirection();
-  connections_.push_back(program_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
-  setTabOrder(findChild<QWidget*>("optPreview"), divider_);
-  qApp->installEventFilter(this);
-  // Filters run from the last one to the first: the instant is known before anything acts.
-  inputInstants_ = std::make_unique<InputInstants>(form_);
-  RestFocus();
+  connections_.push_back(p_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
 }
 
 MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
@@ -107,16 +125,16 @@ void MainWindowView::BuildMenus() {
   const std::vector<MenuItem*> tops = {&form_.mnuFile,  &form_.mnuEdit,     &form_.mnuFormat, &form_.mnuView,
                                        &form_.mnuTools, &form_.mnuSettings, &form_.mnuHelp};
   for (MenuItem* top : tops) {
-    menuBar()->addAction(binder_.MakeAction(*top, menuBar()));
+    menuBar()->addAction(menus_.Bind(*top, menuBar()));
   }
   for (MenuItem* top : tops) {
-    connections_.push_back(top->Changed.ConnectScoped([this, tops] { binder_.GiveMnemonics(tops); }));
+    connections_.push_back(top->Changed.ConnectScoped([this, tops] { menus_.GiveMnemonics(tops); }));
   }
-  binder_.GiveMnemonics(tops);
+  menus_.GiveMnemonics(tops);
   listMenu_ = new QMenu(this);
   listMenu_->setObjectName("mnuRclick");
-  binder_.FillMenu(*listMenu_, form_.mnuRclick);
-  connect(findChild<QAction*>("mnuExit"), &QAction::triggered, this, &QWidget::close);
+  menus_.Fill(*listMenu_, form_.mnuRclick);
+  connect(&menus_.ActionOf(form_.mnuExit), &QAction::triggered, this, &QWidget::close);
   // The desktop's key for the menus; the toolkit knows Alt alone.
   connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this, [this] {
     menuBar()->setFocus(Qt::MenuBarFocusReason);
@@ -129,37 +147,22 @@ void MainWindowView::FitLeastWidth() {
 }
 
 void MainWindowView::ApplyNames() {
-  const std::pair<const char*, Message> names[] = {{"txtTime(0)", Message::SpokenCaptionStart},
-                                                   {"txtTime(1)", Message::SpokenCaptionDuration},
-                                                   {"txtSub", Message::SpokenCaptionText},
-                                                   {"grdSubs", Message::SpokenCaptionList},
-                                                   {"picPLogo", Message::NoVideoFileLoaded},
-                                                   {"imgSize", Message::SpokenDivider},
-                                                   {"picStatus", Message::SpokenInfoBar},
-                                                   {"picBottom", Message::SpokenCaptioningPanel},
-                                                   {"picWave", Message::SpokenAudioBar},
-                                                   {"picLevel", Message::SpokenSoundLevel},
-                                                   {"sldWavScale", Message::WaveHeight},
-                                                   {"imgWavPos", Message::SpokenWavePosition},
-                                                   {"WMP", Message::SpokenFilm},
-                                                   {"cmdNotice", Message::CloseNotice},
-                                                   {"wmpTransport", Message::SpokenFilmControls},
-                                                   {"wmpPlay", Message::Play},
-                                                   {"wmpPause", Message::Pause},
-                                                   {"wmpStop", Message::Stop},
-                                                   {"wmpMute", Message::Mute},
-                                                   {"wmpSeek", Message::SpokenFilmPosition},
-                                                   {"wmpVolume", Message::Volume}};
-  for (const auto& [name, text] : names) {
-    auto* widget = findChild<QWidget*>(name);
-    if (widget == nullptr) continue;
-    widget->setAccessibleName(ToQt(program_.strings[text]));
-    // The film's own controls have no captions.
-    if (QByteArrayView(name).startsWith("wmp") && !widget->toolTip().isEmpty()) {
-      widget->setToolTip(ToQt(program_.strings[text]));
-    }
+  table_->setAccessibleName(ToQt(p_.strings[Message::SpokenCaptionList]));
+  // The film's own controls have no captions.
+  const QHash<QString, Message> names = {{"WMP", Message::SpokenFilm},
+                                         {"wmpTransport", Message::SpokenFilmControls},
+                                         {"wmpPlay", Message::Play},
+                                         {"wmpPause", Message::Pause},
+                                         {"wmpStop", Message::Stop},
+                                         {"wmpMute", Message::Mute},
+                                         {"wmpSeek", Message::SpokenFilmPosition},
+                                         {"wmpVolume", Message::Volume}};
+  for (QWidget* widget : area_->findChildren<QWidget*>()) {
+    const auto name = names.find(widget->objectName());
+    if (name == names.end()) continue;
+    widget->setAccessibleName(ToQt(p_.strings[name.value()]));
+    if (!widget->toolTip().isEmpty()) widget->setToolTip(widget->accessibleName());
   }
-  findChild<QWidget*>("picIco")->setAccessibleName(ToQt(kProductName));
 }
 
 void MainWindowView::ShowStarted(const Shell::StartSize& size) {
@@ -179,7 +182,7 @@ void MainWindowView::ApplyDirection() {
   // For all windows: the dialogs and boxes that follow are read the same way.
   QGuiApplication::setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   // The last letters of an Arabic line reach beyond their advance.
-  findChild<QLabel*>("lblMode")->setContentsMargins(form_.RightToLeft() ? 8 : 0, 0, 0, 0);
+  binder_.WidgetOf(form_.lblMode).setContentsMargins(form_.RightToLeft() ? 8 : 0, 0, 0, 0);
   ApplyLayout();
 }
 
@@ -188,7 +191,7 @@ QRect MainWindowView::Placed(const Rect& rect) const {
 }
 
 void MainWindowView::ApplyLayout() {
-  MainLayout& layout = program_.shell.Layout();
+  MainLayout& layout = p_.shell.Layout();
   layout.SetInner(area_->width(), area_->height());
   status_->setGeometry(Placed(layout.Status()));
   table_->setGeometry(Placed(layout.List()));
@@ -201,27 +204,26 @@ void MainWindowView::ApplyLayout() {
   const QSize logo(160, 120);
   logo_->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, logo, player));
   logo_->raise();
-  status_->ShowParts(form_, layout.ShowsLogo());
+  status_->ShowParts(layout.ShowsLogo());
   ApplyColumns();
   table_->NoteMetrics();
-  program_.preview.PlacePreview();
+  p_.preview.PlacePreview();
 }
 
 void MainWindowView::ApplyColumns() {
-  program_.shell.ApplyColumns(bottom_->Pane()->width(), table_->verticalScrollBar()->sizeHint().width());
+  p_.shell.ApplyColumns(bottom_->Pane()->width(), table_->verticalScrollBar()->sizeHint().width());
 }
 
 void MainWindowView::PlaceOverlayNow() {
-  const QRect player = Placed(program_.shell.Layout().Player());
+  const QRect player = Placed(p_.shell.Layout().Player());
   const auto place = [&](int height) {
-    return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height,
-                        program_.options.previewHeight);
+    return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height, p_.options.previewHeight);
   };
   const int width = place(0).width;
   const int height = overlay_->WantedHeight(width);
   QRect shown(place(height).left, place(height).top, width, height);
-  // Many lines keep to the picture.
-  if (program_.sub.GetStyle().allLines) shown.moveTop(std::max(shown.top(), player.top()));
+  // An overlay with many lines must not reach above the picture.
+  if (p_.sub.GetStyle().allLines) shown.moveTop(std::max(shown.top(), player.top()));
   if (overlay_->geometry() == shown) return;
   overlay_->setGeometry(shown);
   overlay_->raise();
@@ -246,52 +248,52 @@ void MainWindowView::dropEvent(QDropEvent* event) {
       this,
       [this, paths] {
         activateWindow();
-        program_.router.OpenDropped(paths);
+        p_.router.OpenDropped(paths);
       },
       Qt::QueuedConnection);
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) {
-  if (program_.document.FileInWork) {
-    // The load ends first, at once, and then the window.
-    program_.document.ImportCancelled = true;
-    closeAfterWork_ = program_.documentFiles.FileWorkEnded.ConnectScoped([this] {
+  if (p_.document.FileInWork) {
+    // The load is cancelled first; the window closes when it has ended.
+    p_.document.ImportCancelled = true;
+    closeAfterWork_ = p_.documentFiles.FileWorkEnded.ConnectScoped([this] {
       QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
       closeAfterWork_.Disconnect();
     });
     event->ignore();
     return;
   }
-  if (!program_.documentFiles.PromptForSave()) {
+  if (!p_.documentFiles.PromptForSave()) {
     event->ignore();
     return;
   }
   const QSize size = normalGeometry().size();
-  if (!isMinimized() && !isMaximized()) program_.shell.Memory().SaveWindowCorner({pos().x(), pos().y()});
-  program_.shell.SaveAtUnload(isMinimized(), isMaximized(), size.width(), size.height());
-  program_.session.CloseDocuments();
+  if (!isMinimized() && !isMaximized()) p_.shell.Memory().SaveWindowCorner({pos().x(), pos().y()});
+  p_.shell.SaveAtUnload(isMinimized(), isMaximized(), size.width(), size.height());
+  p_.session.CloseDocuments();
   event->accept();
   QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 void MainWindowView::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) program_.capture.OnFocusLost();
+  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) p_.capture.OnFocusLost();
 }
 
 bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != this) return false;
-  // An event that its receiver leaves goes on to the parents; the shortcut is for the first one alone.
+  // An event that is ignored is sent to the parents too; a key must be handled for its first receiver only.
   QWidget* focus = QApplication::focusWidget();
   if (widget != (focus != nullptr ? focus : this)) return false;
   KeyEvent key = KeyEventOf(*static_cast<QKeyEvent*>(event));
   if (event->type() == QEvent::KeyPress) {
-    // An open menu hands on what none of its items has.
+    // An open menu sends keys that it has no item for to the window.
     if (QApplication::activePopupWidget() != nullptr) return false;
-    program_.capture.OnKeyDown(key);
+    p_.capture.OnKeyDown(key);
   } else if (!IsKeyStillDown(static_cast<QKeyEvent*>(event)->nativeScanCode())) {
-    program_.capture.OnKeyUp(key);
+    p_.capture.OnKeyUp(key);
   }
   return key.handled;
 }
@@ -299,11 +301,11 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
 bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != this) return false;
-  // The fields would take these keys for a history of their own.
+  // Text fields would take these keys for their own undo.
   const auto* key = static_cast<QKeyEvent*>(event);
   const QKeySequence pressed(key->keyCombination());
-  for (const char* name : {"mnuUndo", "mnuRedo"}) {
-    if (findChild<QAction*>(name)->shortcuts().contains(pressed)) {
+  for (const MenuItem* item : {&form_.mnuUndo, &form_.mnuRedo}) {
+    if (menus_.ActionOf(*item).shortcuts().contains(pressed)) {
       event->ignore();
       return true;
     }
@@ -312,7 +314,7 @@ bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
 }
 
 void MainWindowView::ShowTitle() {
-  // The toolkit takes this sign for a place of its own.
+  // The toolkit replaces "[*]" by the mark of a modified document; doubled it stays as it is.
   setWindowTitle(ToQt(form_.Title()).replace("[*]", "[*][*]"));
 }
 
@@ -323,9 +325,9 @@ void MainWindowView::RestFocus() {
 }
 
 void MainWindowView::FollowDocument() {
-  const bool came = program_.grid.Active() && !hadDocument_;
-  const bool went = !program_.grid.Active() && hadDocument_;
-  hadDocument_ = program_.grid.Active();
+  const bool came = p_.grid.Active() && !hadDocument_;
+  const bool went = !p_.grid.Active() && hadDocument_;
+  hadDocument_ = p_.grid.Active();
   const QWidget* focus = focusWidget();
   const bool atRest = focus == nullptr || focus == divider_ || focus == area_;
   // The keyboard is for the list as soon as there is one, unless the user is typing elsewhere.
@@ -334,7 +336,7 @@ void MainWindowView::FollowDocument() {
 }
 
 void MainWindowView::MoveDivider(int left) {
-  program_.shell.Layout().DragDivider(left);
+  p_.shell.Layout().DragDivider(left);
   ApplyLayout();
 }
 
@@ -355,7 +357,7 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
       return FilterUndoKeys(object, event);
     case QEvent::MouseButtonRelease:
       if (object->isWidgetType()) {
-        program_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));
+        p_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));
       }
       return false;
     default:

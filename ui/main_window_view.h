@@ -1,30 +1,61 @@
 #pragma once
 
 #include <QMainWindow>
-#include <functional>
 #include <memory>
 
 #include "form/focus_group.h"
-#include "forms/program.h"
+#include "forms/shell.h"
 #include "ui/binder.h"
 #include "ui/help_key.h"
 #include "ui/input_instants.h"
+#include "ui/menu_binder.h"
 #include "ui/windows.h"
 
 namespace cuewright {
 
+class AudioBar;
 class AudioBarWidgets;
 class BottomPanel;
+class CaptionCommands;
+class CaptionGrid;
 class CaptionTable;
+class DocumentFiles;
+class DocumentSession;
+class FileRouter;
+class HelpWindow;
 class InformationBar;
 class LayoutDivider;
 class Overlay;
+class Preview;
+class SubWindow;
+class TimingCapture;
+
+/// What the main window shows and hands on.
+struct MainWindowParts {
+  MainWindow& window;
+  CaptionList& list;
+  CaptionGrid& grid;
+  CaptionCommands& commands;
+  SubWindow& sub;
+  Preview& preview;
+  TimingCapture& capture;
+  AudioBar& audioBar;
+  Shell& shell;
+  DocumentState& document;
+  DocumentFiles& documentFiles;
+  DocumentSession& session;
+  FileRouter& router;
+  HelpWindow& help;
+  const AppOptions& options;
+  const LangStrings& strings;
+  Announcement<>& languageChanged;
+};
 
 /// The main window `frmMain` on the toolkit: it lays the widgets out as the form says and hands it what happens.
 class MainWindowView final : public QMainWindow {
  public:
   /// `video` is the player's widget; the window takes it over.
-  MainWindowView(Program& program, QWidget* video);
+  MainWindowView(const MainWindowParts& parts, QWidget* video);
   ~MainWindowView() override;
 
   /// Shows the window in the size and state of the settings.
@@ -44,6 +75,9 @@ class MainWindowView final : public QMainWindow {
 
  private:
   void BuildMenus();
+  void BuildParts();
+  /// Connects what moves and changes the window.
+  void Follow();
   /// The window isn't made narrower than what the panel at its foot says in the language in force.
   void FitLeastWidth();
   /// What assistive programs read, in the language in force.
@@ -61,12 +95,13 @@ class MainWindowView final : public QMainWindow {
   bool FilterKey(QObject* object, QEvent* event);
   bool FilterUndoKeys(QObject* object, QEvent* event);
 
-  Program& program_;
+  MainWindowParts p_;
   MainWindow& form_;
   QWidget* area_;
   /// Space goes on from one step of a capture to the next.
   FocusGroup captureButtons_{{&form_.cmdApply, &form_.cmdNext, &form_.cmdEnd}};
   Binder binder_;
+  MenuBinder menus_;
   QMenu* listMenu_ = nullptr;
   CaptionTable* table_ = nullptr;
   QWidget* video_ = nullptr;

@@ -21,7 +21,7 @@ constexpr int kConnectedByNetwork = 2;
 QNetworkRequest PlainRequest(const QUrl& url, int redirects) {
   QNetworkRequest request(url);
   request.setHeader(QNetworkRequest::UserAgentHeader, "tessaly-cuewright/" + ToQt(VersionText()));
-  // What is packed could become any size.
+  // A compressed reply could become any size.
   request.setRawHeader("Accept-Encoding", "identity");
   request.setRawHeader("Cache-Control", "no-cache");
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
@@ -55,7 +55,7 @@ std::string QtWeb::Get(TextView url) {
   manager.setAutoDeleteReplies(false);
   const std::unique_ptr<QNetworkReply> reply(manager.get(PlainRequest(address, limits_.redirects)));
   reply_ = reply.get();
-  // What is not taken stays with the sender: a reply of any size never takes more memory than it may have.
+  // The buffer is limited: a large reply waits at the sender instead of filling the memory.
   reply->setReadBufferSize(static_cast<qint64>(limits_.bytes) + 1);
   QEventLoop loop;
   QString why;

@@ -1,7 +1,6 @@
 #include "ui/report_view.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -13,24 +12,13 @@
 #include "ui/svg_picture.h"
 
 namespace cuewright {
-namespace {
 
-QLabel* PlainLabel(const char* name, QWidget* parent) {
-  auto* label = new QLabel(parent);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
-
-}  // namespace
-
-ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owner), form_(form), binder_(*this, form) {
+ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owner), form_(form) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(16, 14, 16, 12);
   column->setSpacing(10);
   column->addWidget(MakeHead());
-  auto* text = new QPlainTextEdit(this);
-  text->setObjectName("txtReport");
+  auto* text = Bind(form.txtReport, new QPlainTextEdit(this));
   text->setReadOnly(true);
   text->setTabChangesFocus(true);
   // Without a width to wrap at, lines that are read from the right would stand at the left.
@@ -44,52 +32,41 @@ ReportView::ReportView(ReportWindow& form, QWidget* owner) : ToolView(form, owne
   turn();
   Keep(form.DirectionChanged.ConnectScoped(turn));
   column->addWidget(text, 1);
-  column->addWidget(PlainLabel("lblTotal", this));
+  column->addWidget(Bind(form.lblTotal, PlainLabel(this)));
   column->addWidget(MakeFoot());
-  binder_.BindAll();
   text->setAccessibleName(windowTitle());
   resize(560, 440);
   Keep(form.RepaintRequested.ConnectScoped([this] { repaint(); }));
   Keep(form.imgDrag.MouseDown.ConnectScoped([this](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left && windowHandle() != nullptr) windowHandle()->startSystemMove();
   }));
-  findChild<QPushButton*>("cmdOK")->setFocus();
 }
 
 QWidget* ReportView::MakeHead() {
-  auto* head = new QWidget(this);
-  auto* row = new QHBoxLayout(head);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* head = row->parentWidget();
   row->setSpacing(12);
-  auto* picture = new SvgPicture(":/cuewright.svg", head);
-  picture->setObjectName("imgDrag");
+  auto* picture = Bind(form_.imgDrag, new SvgPicture(":/cuewright.svg", head));
   picture->setAccessibleName(windowTitle());
   picture->setFixedSize(40, 40);
   picture->setCursor(Qt::SizeAllCursor);
   row->addWidget(picture, 0, Qt::AlignTop);
-  QLabel* top = PlainLabel("lblTop", head);
-  top->setWordWrap(true);
-  row->addWidget(top, 1);
+  row->addWidget(Bind(form_.lblTop, WrappedLabel(head)), 1);
   return head;
 }
 
 QWidget* ReportView::MakeFoot() {
-  auto* foot = new QWidget(this);
-  auto* row = new QHBoxLayout(foot);
-  row->setContentsMargins(0, 0, 0, 0);
+  auto* row = BareRow(this);
+  QWidget* foot = row->parentWidget();
   row->setSpacing(16);
-  for (const char* name : {"optStandard", "optDetailed"}) {
-    auto* option = new QRadioButton(foot);
-    option->setObjectName(name);
-    row->addWidget(option);
+  for (OptionButton* option : {&form_.optStandard, &form_.optDetailed}) {
+    row->addWidget(Bind(*option, new QRadioButton(foot)));
   }
-  auto* define = new LinkButton(foot);
-  define->setObjectName("lblDefine");
-  row->addWidget(define);
+  row->addWidget(Bind(form_.lblDefine, new LinkButton(foot)));
   row->addStretch();
-  auto* button = new QPushButton(foot);
-  button->setObjectName("cmdOK");
+  auto* button = Bind(form_.cmdOK, new QPushButton(foot));
   button->setDefault(true);
+  button->setFocus();
   row->addWidget(button);
   return foot;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "forms/report_window.h"
-#include "ui/binder.h"
 #include "ui/tool_view.h"
 
 namespace cuewright {
@@ -16,7 +15,6 @@ class ReportView final : public ToolView {
   QWidget* MakeFoot();
 
   ReportWindow& form_;
-  Binder binder_;
 };
 
 }  // namespace cuewright

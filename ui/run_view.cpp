@@ -1,8 +1,6 @@
 #include "ui/run_view.h"
 
-#include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace cuewright {
@@ -17,17 +15,17 @@ RunView::RunView(RunWindow& form, QWidget* owner) : DialogView(form, owner) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(20, 16, 20, 14);
   column->setSpacing(10);
-  column->addWidget(MakeLabel("lblFile", this, true));
-  auto* bar = Named(new QProgressBar(this), "barProgress");
+  column->addWidget(Bind(form.lblFile, WrappedLabel(this)));
+  auto* bar = Bind(form.barProgress, new QProgressBar(this));
   bar->setMinimumWidth(kWidth);
   column->addWidget(bar);
-  column->addWidget(MakeLabel("lblLeft", this));
-  QLabel* failure = MakeLabel("lblFailure", this, true);
+  column->addWidget(Bind(form.lblLeft, PlainLabel(this)));
+  QLabel* failure = Bind(form.lblFailure, WrappedLabel(this));
   failure->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   column->addWidget(failure);
   column->addStretch();
-  column->addLayout(MakeButtons({"", "cmdCancel"}));
-  Bind(findChild<QPushButton*>("cmdCancel"));
+  column->addLayout(MakeButtons({nullptr, &form.cmdCancel}));
+  Complete(&binder_.WidgetOf(form.cmdCancel));
   Keep(form.FailureShown.ConnectScoped([this] {
     FitContent();
     showNormal();

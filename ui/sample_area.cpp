@@ -1,14 +1,13 @@
 #include "ui/sample_area.h"
 
-#include <QLabel>
+#include "ui/binder.h"
+#include "ui/labels.h"
 
 namespace cuewright {
 namespace {
 
-QLabel* MakeLabel(const char* name, QWidget* parent) {
-  auto* label = new QLabel(parent);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
+QLabel* MakeLabel(QWidget* parent) {
+  QLabel* label = PlainLabel(parent);
   label->setMargin(8);
   return label;
 }
@@ -23,13 +22,13 @@ void ShowFont(QLabel& label, const QFont& font, const QColor& color, Qt::Alignme
 
 }  // namespace
 
-SampleArea::SampleArea(const char* name, const char* label, const char* shadow, QWidget* parent) : QFrame(parent) {
-  setObjectName(name);
+SampleArea::SampleArea(Binder& binder, Picture& area, Label& label, Label* shadow, QWidget* parent) : QFrame(parent) {
+  binder.Bind(area, this);
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
   setMinimumHeight(96);
-  if (shadow != nullptr) shadow_ = MakeLabel(shadow, this);
-  label_ = MakeLabel(label, this);
+  if (shadow != nullptr) shadow_ = binder.Bind(*shadow, MakeLabel(this));
+  label_ = binder.Bind(label, MakeLabel(this));
 }
 
 void SampleArea::ShowStyle(const SampleStyle& style) {

@@ -6,6 +6,10 @@ class QLabel;
 
 namespace cuewright {
 
+class Binder;
+class Label;
+class Picture;
+
 /// How a word is drawn as a sample. An invalid background is that of the window.
 struct SampleStyle {
   QFont font;
@@ -19,7 +23,7 @@ struct SampleStyle {
 class SampleArea final : public QFrame {
  public:
   /// `shadow` may be null.
-  SampleArea(const char* name, const char* label, const char* shadow, QWidget* parent);
+  SampleArea(Binder& binder, Picture& area, Label& label, Label* shadow, QWidget* parent);
 
   void ShowStyle(const SampleStyle& style);
 

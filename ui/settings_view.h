@@ -6,14 +6,12 @@
 #include "ui/dialog_view.h"
 
 class QButtonGroup;
-class QCheckBox;
-class QGridLayout;
-class QGroupBox;
-class QVBoxLayout;
 
 namespace cuewright {
 
-class SampleArea;
+class LanguagePageView;
+class PreviewPageView;
+class RulesPageView;
 class SvgPicture;
 
 /// The settings dialog `frmSettings` on the toolkit.
@@ -23,35 +21,15 @@ class SettingsView final : public DialogView {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
-  void changeEvent(QEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   QWidget* MakeMenu();
   QWidget* MakePages();
   QWidget* MakeDetails();
-  QWidget* MakePage(std::size_t index, QVBoxLayout*& column);
-  void MakeRulesPage();
-  void MakeJoinPanel(QWidget* page);
-  void MakeDurationPanel(QWidget* page);
-  void MakeCreditsPanel(QWidget* page);
-  QWidget* MakePanel(const char* name, QWidget* page);
-  void MakeKeysPage();
-  void AddHotkey(QGridLayout& grid, int row, int column, std::size_t index, int position);
-  void MakePlayerPage();
-  void MakePreviewPage();
-  void MakeLanguagePage();
-  QGroupBox* MakeCharsetGroup(QWidget* page);
-  QGroupBox* MakeNoticeGroup(QWidget* page);
-  QWidget* MakeRuleRow(const char* check, const char* image, QWidget* page);
 
-  /// Gives the rules' panels the colours of a tool tip.
-  void PaintPanels();
   void ShowPage();
-  void ShowSample();
-  void ShowFlag();
-  /// Places the rules' panels under their check boxes and makes room for them.
-  void PlacePanels();
+  void FollowLanguage();
   void MeasureDetails();
   /// Makes the window higher when a page, seen or not, lacks room for its wrapped texts.
   void GrowForPages();
@@ -59,12 +37,11 @@ class SettingsView final : public DialogView {
 
   SettingsDialog& form_;
   std::array<QWidget*, SettingsDialog::kPages> pages_{};
-  std::array<QWidget*, 3> panels_{};
-  std::array<QWidget*, 3> checks_{};
   QButtonGroup* menu_ = nullptr;
   SvgPicture* top_ = nullptr;
-  SvgPicture* flag_ = nullptr;
-  SampleArea* sample_ = nullptr;
+  RulesPageView* rules_ = nullptr;
+  PreviewPageView* preview_ = nullptr;
+  LanguagePageView* language_ = nullptr;
   QWidget* details_ = nullptr;
   QLabel* detailsText_ = nullptr;
 };

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -27,13 +26,8 @@ SpellView::SpellView(SpellDialog& form, QWidget* owner) : DialogView(form, owner
   row->setSpacing(16);
   row->addWidget(MakeWords(), 1);
   row->addWidget(MakeButtonColumn());
-  Names("lblReplace", "txtReplace");
-  Names("lblSuggestions", "lstSuggestions");
-  Names("lblLanguage", "cboLanguage");
-  Bind(findChild<QWidget*>("txtReplace"));
-  findChild<QLineEdit*>("txtReplace")->selectAll();
-  auto* suggestions = findChild<QListWidget*>("lstSuggestions");
-  connect(suggestions, &QListWidget::itemDoubleClicked, this, [this] { form_.cmdReplace.Click(); });
+  Complete(word_);
+  word_->selectAll();
   Keep(form.txtCaption.Changed.ConnectScoped([this] { ShowWord(); }));
   Keep(form.cmdReplace.Changed.ConnectScoped([this] { ChooseDefault(); }));
   ShowWord();
@@ -45,28 +39,27 @@ QWidget* SpellView::MakeWords() {
   auto* grid = new QGridLayout(words);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setVerticalSpacing(8);
-  grid->addWidget(MakeLabel("lblLine", words), 0, 0, 1, 2);
-  caption_ = Named(new QPlainTextEdit(words), "txtCaption");
+  grid->addWidget(Bind(form_.lblLine, PlainLabel(words)), 0, 0, 1, 2);
+  caption_ = Bind(form_.txtCaption, new QPlainTextEdit(words));
   caption_->setReadOnly(true);
   caption_->setTabChangesFocus(true);
   caption_->setMinimumWidth(kCaptionWidth);
   caption_->setFixedHeight(caption_->fontMetrics().lineSpacing() * kCaptionLines + 12);
   grid->addWidget(caption_, 1, 0, 1, 2);
-  grid->addWidget(MakeLabel("lblNotFound", words), 2, 0);
-  QLabel* word = MakeLabel("lblWord", words);
-  QFont bold = word->font();
-  bold.setBold(true);
-  word->setFont(bold);
+  grid->addWidget(Bind(form_.lblNotFound, PlainLabel(words)), 2, 0);
+  QLabel* word = Bind(form_.lblWord, BoldLabel(words));
   word->setMinimumWidth(200);
   grid->addWidget(word, 2, 1);
-  grid->addWidget(MakeLabel("lblReplace", words), 3, 0);
-  grid->addWidget(Named(new QLineEdit(words), "txtReplace"), 3, 1);
-  grid->addWidget(MakeLabel("lblSuggestions", words), 4, 0, Qt::AlignTop);
-  auto* suggestions = Named(new QListWidget(words), "lstSuggestions");
+  word_ = Bind(form_.txtReplace, new QLineEdit(words));
+  grid->addWidget(MakeLabelOf(form_.lblReplace, word_), 3, 0);
+  grid->addWidget(word_, 3, 1);
+  auto* suggestions = Bind(form_.lstSuggestions, new QListWidget(words));
+  connect(suggestions, &QListWidget::itemDoubleClicked, this, [this] { form_.cmdReplace.Click(); });
+  grid->addWidget(MakeLabelOf(form_.lblSuggestions, suggestions), 4, 0, Qt::AlignTop);
   suggestions->setFixedHeight(suggestions->fontMetrics().lineSpacing() * kSuggestionLines + 16);
   grid->addWidget(suggestions, 4, 1);
-  grid->addWidget(MakeLabel("lblLanguage", words), 5, 0);
-  auto* languages = Named(new QComboBox(words), "cboLanguage");
+  auto* languages = Bind(form_.cboLanguage, new QComboBox(words));
+  grid->addWidget(MakeLabelOf(form_.lblLanguage, languages), 5, 0);
   languages->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   grid->addWidget(languages, 5, 1);
   grid->setColumnStretch(1, 1);
@@ -75,19 +68,20 @@ QWidget* SpellView::MakeWords() {
 }
 
 QWidget* SpellView::MakeButtonColumn() {
-  auto* buttons = new QWidget(this);
-  auto* column = new QVBoxLayout(buttons);
-  column->setContentsMargins(0, 0, 0, 0);
-  for (const char* name :
-       {"cmdReplace", "cmdReplaceAll", "cmdIgnore", "cmdIgnoreAll", "cmdAdd", "cmdUndo", "", "cmdCancel"}) {
-    if (*name == '\0') {
-      column->addStretch();
-      continue;
-    }
-    auto* button = Named(new QPushButton(buttons), name);
+  auto* column = BareColumn(this);
+  QWidget* buttons = column->parentWidget();
+  const auto add = [&](Button& control) {
+    auto* button = Bind(control, new QPushButton(buttons));
     button->setAutoDefault(false);
     column->addWidget(button);
-  }
+    return button;
+  };
+  replace_ = add(form_.cmdReplace);
+  add(form_.cmdReplaceAll);
+  ignore_ = add(form_.cmdIgnore);
+  for (Button* control : {&form_.cmdIgnoreAll, &form_.cmdAdd, &form_.cmdUndo}) add(*control);
+  column->addStretch();
+  add(form_.cmdCancel);
   return buttons;
 }
 
@@ -111,10 +105,6 @@ void SpellView::ShowWord() {
   caption_->setExtraSelections({word});
 }
 
-void SpellView::ChooseDefault() {
-  auto* replace = findChild<QPushButton*>("cmdReplace");
-  auto* ignore = findChild<QPushButton*>("cmdIgnore");
-  (form_.cmdReplace.Enabled() ? replace : ignore)->setDefault(true);
-}
+void SpellView::ChooseDefault() { (form_.cmdReplace.Enabled() ? replace_ : ignore_)->setDefault(true); }
 
 }  // namespace cuewright

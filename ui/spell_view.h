@@ -3,7 +3,9 @@
 #include "forms/spell_dialog.h"
 #include "ui/dialog_view.h"
 
+class QLineEdit;
 class QPlainTextEdit;
+class QPushButton;
 
 namespace cuewright {
 
@@ -22,6 +24,9 @@ class SpellView final : public DialogView {
 
   SpellDialog& form_;
   QPlainTextEdit* caption_;
+  QLineEdit* word_;
+  QPushButton* replace_;
+  QPushButton* ignore_;
 };
 
 }  // namespace cuewright

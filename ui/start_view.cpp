@@ -2,31 +2,24 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "ui/labels.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
 namespace {
 
-QLabel* MakeLabel(const char* name, QWidget* parent, bool link) {
-  auto* label = new QLabel(parent);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  if (link) {
-    label->setCursor(Qt::PointingHandCursor);
-    QPalette colors = label->palette();
-    colors.setColor(QPalette::WindowText, colors.color(QPalette::Link));
-    label->setPalette(colors);
-    QFont font = label->font();
-    font.setUnderline(true);
-    label->setFont(font);
-  }
+/// A label that looks like a link.
+QLabel* LinkLabel(QWidget* parent) {
+  QLabel* label = WrappedLabel(parent);
+  label->setCursor(Qt::PointingHandCursor);
+  QPalette colors = label->palette();
+  colors.setColor(QPalette::WindowText, colors.color(QPalette::Link));
+  label->setPalette(colors);
   return label;
 }
 
@@ -39,33 +32,23 @@ StartView::StartView(StartWindow& form) : form_(form), binder_(*this, form) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(20, 20, 20, 16);
   row->setSpacing(16);
-  auto* picture = new SvgPicture(":/logo.svg", this);
-  picture->setObjectName("imgWMP");
+  auto* picture = binder_.Bind(form.imgWMP, new SvgPicture(":/logo.svg", this));
   picture->setAccessibleName("Media player");
   picture->setFixedSize(96, 72);
   row->addWidget(picture, 0, Qt::AlignTop);
   auto* column = new QVBoxLayout;
   column->setSpacing(10);
-  auto* heading = MakeLabel("lblMain", this, false);
-  QFont bold = heading->font();
-  bold.setBold(true);
-  bold.setPointSizeF(bold.pointSizeF() * 1.3);
-  heading->setFont(bold);
+  auto* heading = binder_.Bind(form.lblMain, BoldLabel(this, 1.3));
+  heading->setWordWrap(true);
   column->addWidget(heading);
-  column->addWidget(MakeLabel("lblFile", this, false));
-  column->addWidget(MakeLabel("lblInfo", this, false));
-  column->addWidget(MakeLabel("lblMediaplayer", this, true));
-  column->addWidget(MakeLabel("lblWebsite", this, true));
+  for (Label* label : {&form.lblFile, &form.lblInfo}) column->addWidget(binder_.Bind(*label, WrappedLabel(this)));
+  for (Label* link : {&form.lblMediaplayer, &form.lblWebsite}) column->addWidget(binder_.Bind(*link, LinkLabel(this)));
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  for (const char* name : {"cmdIgnore", "cmdExit"}) {
-    auto* button = new QPushButton(this);
-    button->setObjectName(name);
-    buttons->addWidget(button);
-  }
+  for (Button* button : {&form.cmdIgnore, &form.cmdExit})
+    buttons->addWidget(binder_.Bind(*button, new QPushButton(this)));
   column->addLayout(buttons);
   row->addLayout(column, 1);
-  binder_.BindAll();
   setWindowTitle(ToQt(form_.Title()));
   const auto turn = [this] { setLayoutDirection(form_.RightToLeft() ? Qt::RightToLeft : Qt::LeftToRight); };
   turn();

@@ -6,7 +6,7 @@
 
 namespace cuewright {
 
-ToolView::ToolView(ToolForm& form, QWidget* owner) : QDialog(owner), form_(form) {
+ToolView::ToolView(ToolForm& form, QWidget* owner) : QDialog(owner), binder_(*this, form), form_(form) {
   setObjectName(QString::fromStdString(form.Name()));
   setWindowTitle(ToQt(form.Title()));
   Keep(form.TitleChanged.ConnectScoped([this] { setWindowTitle(ToQt(form_.Title())); }));

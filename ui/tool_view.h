@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "forms/tool_form.h"
+#include "ui/binder.h"
+#include "ui/labels.h"
 
 namespace cuewright {
 
@@ -16,8 +18,15 @@ class ToolView : public QDialog {
   void reject() override;
   void changeEvent(QEvent* event) override;
 
+  /// Binds a widget, as `Binder::Bind` does.
+  template <class ControlType, class Widget>
+  Widget* Bind(ControlType& control, Widget* widget) {
+    return binder_.Bind(control, widget);
+  }
   /// Keeps a connection for the window's life.
   void Keep(Connection connection) { connections_.push_back(std::move(connection)); }
+
+  Binder binder_;
 
  private:
   ToolForm& form_;

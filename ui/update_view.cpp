@@ -23,8 +23,8 @@ UpdateView::UpdateView(UpdateDialog& form, QWidget* owner) : DialogView(form, ow
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(20, 16, 20, 14);
   column->setSpacing(10);
-  column->addWidget(MakeHeading("lblStatus", this));
-  auto* log = Named(new QPlainTextEdit(this), "txtStatus");
+  column->addWidget(Bind(form.lblStatus, HeadingLabel(this)));
+  auto* log = Bind(form.txtStatus, new QPlainTextEdit(this));
   log->setReadOnly(true);
   log->setTabChangesFocus(true);
   log->setMinimumSize(kLogWidth, kLogHeight);
@@ -32,15 +32,18 @@ UpdateView::UpdateView(UpdateDialog& form, QWidget* owner) : DialogView(form, ow
   reading.setTextDirection(layoutDirection());
   log->document()->setDefaultTextOption(reading);
   column->addWidget(log, 1);
-  auto* link = Named(new LinkButton(this), "lblWhatsNew");
-  column->addWidget(link, 0, Qt::AlignLeading);
-  column->addLayout(MakeButtons({"", "cmdOK"}));
-  Bind(log);
-  // The end of the log is what is new.
+  column->addWidget(Bind(form.lblWhatsNew, new LinkButton(this)), 0, Qt::AlignLeading);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  QPushButton* ok = MakeButton(form.cmdOK);
+  ok->setDefault(true);
+  buttons->addWidget(ok);
+  column->addLayout(buttons);
+  Complete(log);
+  // New lines are added at the end of the log.
   Keep(form.txtStatus.Changed.ConnectScoped([log] { log->moveCursor(QTextCursor::End); }));
   Keep(form.lblWhatsNew.Changed.ConnectScoped([this] { FitContent(); }));
-  Keep(form.DefaultRequested.ConnectScoped([this] {
-    auto* ok = findChild<QPushButton*>("cmdOK");
+  Keep(form.DefaultRequested.ConnectScoped([ok] {
     ok->setDefault(true);
     ok->setFocus();
   }));
@@ -49,7 +52,7 @@ UpdateView::UpdateView(UpdateDialog& form, QWidget* owner) : DialogView(form, ow
 void UpdateView::changeEvent(QEvent* event) {
   DialogView::changeEvent(event);
   if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
-  // The check waits, and may outlive this window.
+  // The check runs for a while and handles events, so that this window may be gone when it ends.
   QTimer::singleShot(0, qApp, [self = QPointer<UpdateView>(this)] {
     if (self != nullptr) self->form_.OnActivated();
   });

@@ -140,8 +140,8 @@ void VideoTransport::ShowState() {
     widget->setEnabled(player_.Enabled() && open);
   }
   for (QWidget* widget : std::initializer_list<QWidget*>{mute_, volume_}) widget->setEnabled(player_.Enabled());
-  static_cast<VideoButton*>(play_)->SetMarked(state == kPlayerPlaying);
-  static_cast<VideoButton*>(pause_)->SetMarked(state == kPlayerPaused);
+  play_->SetMarked(state == kPlayerPlaying);
+  pause_->SetMarked(state == kPlayerPaused);
   if (state == kPlayerPlaying && isVisible()) {
     refresh_.start();
   } else {
@@ -167,7 +167,7 @@ void VideoTransport::ShowVolume() {
   volume_->setValue(player_.Volume());
   showing_ = false;
   mute_->setChecked(player_.Muted());
-  static_cast<VideoButton*>(mute_)->SetIcon(player_.Muted() ? VideoIcon::Muted : VideoIcon::Sound);
+  mute_->SetIcon(player_.Muted() ? VideoIcon::Muted : VideoIcon::Sound);
 }
 
 void VideoTransport::changeEvent(QEvent* event) {

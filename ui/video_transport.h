@@ -6,11 +6,12 @@
 
 #include "core/ports/player.h"
 
-class QAbstractButton;
 class QLabel;
 class QSlider;
 
 namespace cuewright {
+
+class VideoButton;
 
 /// The controls under the picture, as the player's `UiMode` asks: "full", "mini" or "none". They are reached with
 /// Tab and work by key and pointer, but a click leaves the keyboard where it is, and no letter is theirs.
@@ -31,10 +32,10 @@ class VideoTransport final : public QWidget {
   void ShowVolume();
 
   Player& player_;
-  QAbstractButton* play_ = nullptr;
-  QAbstractButton* pause_ = nullptr;
-  QAbstractButton* stop_ = nullptr;
-  QAbstractButton* mute_ = nullptr;
+  VideoButton* play_ = nullptr;
+  VideoButton* pause_ = nullptr;
+  VideoButton* stop_ = nullptr;
+  VideoButton* mute_ = nullptr;
   QSlider* seek_ = nullptr;
   QSlider* volume_ = nullptr;
   QLabel* time_ = nullptr;

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "form/dialog.h"
-#include "forms/program.h"
 #include "ui/dialog_view.h"
 #include "ui/tool_view.h"
 
@@ -56,10 +55,5 @@ class Windows {
   std::vector<std::unique_ptr<Tool>> tools_;
   std::vector<Connection> connections_;
 };
-
-/// The windows beside the main one.
-void AddToolWindows(Windows& windows, Program& program);
-/// The dialogs.
-void AddDialogs(Windows& windows, Program& program);
 
 }  // namespace cuewright

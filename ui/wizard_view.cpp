@@ -6,7 +6,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "ui/link_button.h"
 #include "ui/svg_picture.h"
 
 namespace cuewright {
@@ -16,48 +15,57 @@ constexpr int kGap = 8;
 
 }  // namespace
 
-QVBoxLayout* WizardView::MakePage(QGridLayout& stack, std::size_t index) {
-  auto* page = new QWidget(this);
-  page->setObjectName(Indexed("picStep", index));
-  QSizePolicy policy = page->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  page->setSizePolicy(policy);
-  auto* column = new QVBoxLayout(page);
+QVBoxLayout* WizardView::MakePage(Picture& page, QGridLayout& stack) {
+  auto* area = Bind(page, new QWidget(this));
+  KeepPlace(*area);
+  auto* column = new QVBoxLayout(area);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(10);
-  stack.addWidget(page, 0, 0);
+  stack.addWidget(area, 0, 0);
   return column;
 }
 
-QWidget* WizardView::MakeIcon(const QString& file, const char* name, QWidget* parent, int size) {
-  auto* icon = Named(new SvgPicture(file, parent), name);
-  icon->setFixedSize(size, size);
-  QSizePolicy policy = icon->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  icon->setSizePolicy(policy);
-  return icon;
+QWidget* WizardView::MakeHead(QWidget* drawing) {
+  auto* row = BareRow(this);
+  QWidget* head = row->parentWidget();
+  row->setSpacing(12);
+  row->addWidget(drawing);
+  auto* texts = new QVBoxLayout;
+  texts->addWidget(Bind(wizard_.lblTop, HeadingLabel(head)));
+  texts->addWidget(Bind(wizard_.lblTop2, PlainLabel(head)));
+  row->addLayout(texts, 1);
+  return head;
 }
 
-QWidget* WizardView::MakeLink(const char* name, QWidget* parent) { return Named(new LinkButton(parent), name); }
+QWidget* WizardView::MakeIcon(Picture& icon, const QString& file, QWidget* parent, int size) {
+  auto* drawing = Bind(icon, new SvgPicture(file, parent));
+  drawing->setFixedSize(size, size);
+  KeepPlace(*drawing);
+  return drawing;
+}
 
-void WizardView::AddPathRow(QVBoxLayout& column, const char* box, const char* button) {
+QLineEdit* WizardView::AddPathRow(QVBoxLayout& column, TextBox& box, Button& button) {
   auto* row = new QHBoxLayout;
   row->setSpacing(kGap);
-  auto* line = Named(new QLineEdit(column.parentWidget()), box);
+  auto* line = Bind(box, new QLineEdit(column.parentWidget()));
   line->setMinimumWidth(340);
   line->setLayoutDirection(Qt::LeftToRight);  // a path is read from its root in every language
   row->addWidget(line, 1);
-  row->addWidget(Named(new QPushButton(column.parentWidget()), button));
+  row->addWidget(Bind(button, new QPushButton(column.parentWidget())));
   column.addLayout(row);
+  return line;
 }
 
 QBoxLayout* WizardView::MakeWizardButtons() {
-  QBoxLayout* row = MakeButtons({"", "cmdBack", "cmdNext", "cmdCancel"});
+  auto* row = new QHBoxLayout;
   row->setSpacing(kGap);
-  for (const char* name : {"cmdBack", "cmdNext", "cmdCancel"}) {
-    findChild<QPushButton*>(name)->setAutoDefault(name == QString("cmdNext"));
+  row->addStretch();
+  for (Button* control : {&wizard_.cmdBack, &wizard_.cmdNext, &wizard_.cmdCancel}) {
+    QPushButton* button = MakeButton(*control);
+    button->setAutoDefault(control == &wizard_.cmdNext);
+    button->setDefault(control == &wizard_.cmdNext);
+    row->addWidget(button);
   }
-  findChild<QPushButton*>("cmdNext")->setDefault(true);
   return row;
 }
 

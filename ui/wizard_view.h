@@ -1,8 +1,10 @@
 #pragma once
 
+#include "forms/wizard.h"
 #include "ui/dialog_view.h"
 
 class QGridLayout;
+class QLineEdit;
 class QVBoxLayout;
 
 namespace cuewright {
@@ -10,19 +12,22 @@ namespace cuewright {
 /// What the two wizards' windows have in common: the pages stand in one place, each as large as the largest.
 class WizardView : public DialogView {
  public:
-  WizardView(Dialog& form, QWidget* owner) : DialogView(form, owner) {}
+  WizardView(Wizard& form, QWidget* owner) : DialogView(form, owner), wizard_(form) {}
 
  protected:
-  /// A page "picStep(index)" in `stack`; its layout is a column.
-  QVBoxLayout* MakePage(QGridLayout& stack, std::size_t index);
+  /// A page in `stack`; its layout is a column.
+  QVBoxLayout* MakePage(Picture& page, QGridLayout& stack);
+  /// The headings, behind a drawing.
+  QWidget* MakeHead(QWidget* drawing);
   /// A drawing of 32 by 32 pixels, or of `size`.
-  QWidget* MakeIcon(const QString& file, const char* name, QWidget* parent, int size = 32);
-  /// A label that is a link.
-  QWidget* MakeLink(const char* name, QWidget* parent);
+  QWidget* MakeIcon(Picture& icon, const QString& file, QWidget* parent, int size = 32);
   /// A box for a path and the button that looks for one, in a row.
-  void AddPathRow(QVBoxLayout& column, const char* box, const char* button);
+  QLineEdit* AddPathRow(QVBoxLayout& column, TextBox& box, Button& button);
   /// The three buttons at the foot.
   QBoxLayout* MakeWizardButtons();
+
+ private:
+  Wizard& wizard_;
 };
 
 }  // namespace cuewright

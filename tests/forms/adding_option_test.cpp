@@ -26,7 +26,7 @@ TEST(AddingAnOption, TheExampleIsTheCode) {
       {"settings/option_table.cpp", R"({u"F_FOLLOW", kFlag<&O::followCaptions>, Preview, "chkFollow"},)"},
       {"forms/preview_page.h", R"(CheckBox chkFollow{window_, "chkFollow"};)"},
       {"forms/preview_page.cpp", "Shows(chkFollow, Message::FollowSubtitles, Message::FollowSubtitlesHint);"},
-      {"ui/settings_view_pages.cpp", R"(column->addWidget(Named(new QCheckBox(page), "chkFollow"));)"}};
+      {"ui/preview_page_view.cpp", "column_->addWidget(Bind(page.chkFollow, new QCheckBox(this)));"}};
   for (const auto& [file, line] : places) {
     EXPECT_NE(guide.find(line), std::string::npos) << line;
     EXPECT_NE(Source(file).find(line), std::string::npos) << file;

@@ -15,10 +15,10 @@ struct AudioWizardTest : testing::WizardRig {
     ASSERT_TRUE(Audio().IsOpen()) << LastBox();
   }
   void GoTo(int step) {
-    while (Audio().AudioStep() < step) {
-      const int before = Audio().AudioStep();
+    while (Audio().Step() < step) {
+      const int before = Audio().Step();
       Audio().cmdNext.Click();
-      ASSERT_EQ(Audio().AudioStep(), before + 1) << LastBox();
+      ASSERT_EQ(Audio().Step(), before + 1) << LastBox();
     }
   }
   /// The tool writes the target and ends after so many looks at it.
@@ -137,7 +137,7 @@ TEST_F(AudioWizardPages, TheToolPageNeedsATool) {
   Audio().cmdNext.Click();
   EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Says(Message::ProgramNotFound), u"%FN", u"/no/where/VirtualDub.exe"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
-  EXPECT_EQ(Audio().AudioStep(), 2);
+  EXPECT_EQ(Audio().Step(), 2);
 }
 
 TEST_F(AudioWizardPages, BrowsingAsksForNoFilter) {
@@ -195,7 +195,7 @@ TEST_F(AudioWizardPages, TheFilmItselfIsNoTargetByAnyOfItsNames) {
     Audio().txtSave.SetText(folder / name);
     boxes.answers = {BoxAnswer::Yes};
     Audio().cmdNext.Click();
-    EXPECT_EQ(Audio().AudioStep(), 3) << name;
+    EXPECT_EQ(Audio().Step(), 3) << name;
     EXPECT_TRUE(Shows(Message::FilmIsNoTarget)) << name;
   }
   EXPECT_EQ(folder.Read("film.avi"), "film");
@@ -208,7 +208,7 @@ TEST_F(AudioWizardPages, TheFilmItselfIsNoTarget) {
   Audio().txtSave.SetText(program->document.VideoPath);
   boxes.answers = {BoxAnswer::Yes};
   Audio().cmdNext.Click();
-  EXPECT_EQ(Audio().AudioStep(), 3);
+  EXPECT_EQ(Audio().Step(), 3);
   EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
   EXPECT_EQ(folder.Read("film.avi"), "film");
 }
@@ -222,7 +222,7 @@ TEST_F(AudioWizardPages, AConfirmedOverwriteKeepsTheOldFileForTheRunner) {
   Audio().cmdNext.Click();
   EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "film.wav"));
   EXPECT_EQ(LastTitle(), u"Save as");
-  EXPECT_EQ(Audio().AudioStep(), 3);
+  EXPECT_EQ(Audio().Step(), 3);
   EXPECT_TRUE(files.Exists(folder / "film.wav"));
   boxes.answers = {BoxAnswer::Yes};
   bool goneAtOnce = false;

@@ -149,6 +149,20 @@ TEST_F(Opening, AnAppendedTextLeavesTheWindowInOrder) {
   EXPECT_EQ(ToUtf8(program->catalogue.Identifier(program->formats.CurrentFormatIndex)), "SUBRIP");
 }
 
+TEST_F(Opening, OneThatFailsEndsTheDocumentForAllAlsoWhenItsListFails) {
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
+  int ended = 0;
+  program->session.Ended.Connect([&] { ++ended; });
+  const Connection failing = List().CommandEnded.ConnectScoped([this] {
+    if (!program->document.HasDocument()) throw RuntimeError{kErrorInvalidCall, u"of the list"};
+  });
+  program->documentFiles.OpenSubtitleFile(folder.Write("empty.srt", ""));
+  EXPECT_EQ(ended, 1);
+  EXPECT_FALSE(program->history.Differs());
+  EXPECT_FALSE(program->document.HasDocument());
+  EXPECT_NE(boxes.shown.back().text.find(u"of the list"), Text::npos) << "and it is told";
+}
+
 TEST_F(Opening, AnAppendAfterOneThatWasCancelledIsRead) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Play(folder.Write("film.mkv", "x"));

@@ -15,10 +15,10 @@ struct EmbedTest : testing::WizardRig {
     ASSERT_TRUE(Embed().IsOpen());
   }
   void GoTo(int step) {
-    while (Embed().EmbedStep() < step) {
-      const int before = Embed().EmbedStep();
+    while (Embed().Step() < step) {
+      const int before = Embed().Step();
       Embed().cmdNext.Click();
-      ASSERT_EQ(Embed().EmbedStep(), before + 1) << LastBox();
+      ASSERT_EQ(Embed().Step(), before + 1) << LastBox();
     }
   }
   std::vector<Text> Lines() { return Script("embedsub.vcf"); }
@@ -103,7 +103,7 @@ TEST_F(EmbedDocument, IsCheckedAgainAtEachPress) {
   OpenWizard();
   files.Remove(program->document.SubtitlePath);
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 0);
+  EXPECT_EQ(Embed().Step(), 0);
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
 }
 
@@ -326,7 +326,7 @@ TEST_F(EmbedChecks, WithoutAnEncoderTheFirstPageStays) {
   OpenWizard();
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 0);
+  EXPECT_EQ(Embed().Step(), 0);
   EXPECT_TRUE(Shows(Message::XvidNotFound));
   EXPECT_EQ(LastTitle(), u"Embed Subtitles");
   EXPECT_TRUE(desktop.opened.empty());
@@ -440,7 +440,7 @@ TEST_F(EmbedChecks, TheSecondPageNeedsAFolderWithATool) {
   Embed().cmdNext.Click();
   EXPECT_EQ(boxes.shown.back().text, ReplaceFirst(Says(Message::ProgramNotFound), u"%FN", u"/no/where/VirtualDub.exe"));
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Error);
-  EXPECT_EQ(Embed().EmbedStep(), 1);
+  EXPECT_EQ(Embed().Step(), 1);
   Embed().txtVirtualdub.SetText(folder / "app/vdrun");  // without the separator
   GoTo(2);
 }
@@ -452,7 +452,7 @@ TEST_F(EmbedChecks, AnExistingTargetIsAskedAboutOnce) {
   GoTo(2);
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(Embed().Step(), 2);
   EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "film[sub].avi"));
   EXPECT_EQ(LastTitle(), u"Save as");
   EXPECT_EQ(boxes.shown.back().icon, BoxIcon::Warning);
@@ -472,7 +472,7 @@ TEST_F(EmbedChecks, ANameThatIsTypedBehindTheDialogIsAskedAbout) {
   Embed().txtSave.SetText(folder / "third.avi");
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(Embed().Step(), 2);
   EXPECT_EQ(boxes.shown.back().text, Fill(Says(Message::ReplaceExisting), folder / "third.avi"));
 }
 
@@ -482,7 +482,7 @@ TEST_F(EmbedChecks, TheFilmItselfIsNoTarget) {
   GoTo(2);
   Embed().txtSave.SetText(program->document.VideoPath);
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(Embed().Step(), 2);
   EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
 }
 
@@ -494,7 +494,7 @@ TEST_F(EmbedChecks, TheFilmItselfIsNoTargetByAnyOfItsNames) {
   Embed().txtSave.SetText(folder / "link.avi");
   boxes.answers = {BoxAnswer::Yes};
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(Embed().Step(), 2);
   EXPECT_TRUE(Shows(Message::FilmIsNoTarget));
 }
 
@@ -514,12 +514,12 @@ TEST_F(EmbedChecks, ASecondPressWhileTheFirstIsBusyDoesNothing) {
   };
   events.onWaitMs = [&](int) {
     Embed().cmdNext.Click();
-    EXPECT_EQ(Embed().EmbedStep(), 0);
+    EXPECT_EQ(Embed().Step(), 0);
     if (slow != nullptr) slow->status = 0;
   };
   Embed().cmdNext.Click();
   EXPECT_NE(slow, nullptr);
-  EXPECT_EQ(Embed().EmbedStep(), 1);
+  EXPECT_EQ(Embed().Step(), 1);
 }
 
 TEST_F(EmbedChecks, TheSaveDialogHasAskedAlready) {
@@ -537,7 +537,7 @@ TEST_F(EmbedChecks, TheSaveDialogHasAskedAlready) {
   // It asked about another name than the one that is written.
   boxes.answers = {BoxAnswer::No};
   Embed().cmdNext.Click();
-  EXPECT_EQ(Embed().EmbedStep(), 2);
+  EXPECT_EQ(Embed().Step(), 2);
   EXPECT_EQ(boxes.shown.size(), 1u);
   dialogs.paths = {folder / "other.avi"};
   Embed().cmdSave.Click();

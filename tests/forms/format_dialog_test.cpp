@@ -109,17 +109,17 @@ TEST_F(FormatOpening, TheLinksTell) {
 TEST_F(FormatDvd, ShowsTheDefaults) {
   Open(u"DVDSUBTITLE");
   EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleDiscID.GetText(), u"");
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"EN");
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleWeb.GetText(), u"https://cuewright.example");
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleInfo.GetText(), u"Created with Tessaly Cuewright");
+  EXPECT_EQ(Dialog().dvdSubtitle.language.box.GetText(), u"EN");
+  EXPECT_EQ(Dialog().dvdSubtitle.web.box.GetText(), u"https://cuewright.example");
+  EXPECT_EQ(Dialog().dvdSubtitle.info.box.GetText(), u"Created with Tessaly Cuewright");
 }
 
 TEST_F(FormatDvd, OkStoresItsTexts) {
   Open(u"DVDSUBTITLE");
   Dialog().dvdSubtitle.txtDvdSubtitleDiscID.SetText(u"id");
   Dialog().dvdSubtitle.txtDvdSubtitleDVDTitle.SetText(u"title");
-  Dialog().dvdSubtitle.txtDvdSubtitleAuthor.SetText(u"me");
-  Dialog().dvdSubtitle.txtDvdSubtitleLicense.SetText(u"free");
+  Dialog().dvdSubtitle.author.box.SetText(u"me");
+  Dialog().dvdSubtitle.license.box.SetText(u"free");
   Dialog().cmdOK.Click();
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"discid"), u"id");
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"dvdtitle"), u"title");
@@ -319,13 +319,13 @@ TEST_F(FormatStoring, ResetChangesThePanelOnShowAlone) {
   EXPECT_EQ(Dialog().sami.Sample().font.Size, 18);
   EXPECT_TRUE(Dialog().sami.Sample().font.Bold);
   EXPECT_FALSE(Dialog().sami.Sample().font.Italic);
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"ES");
+  EXPECT_EQ(Dialog().dvdSubtitle.language.box.GetText(), u"ES");
   EXPECT_EQ(Stored(u"SAMI", u"size"), u"40");
 }
 
 TEST_F(FormatStoring, OkStoresAllThreePanels) {
   Open(u"SUBRIP");
-  Dialog().dvdSubtitle.txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().dvdSubtitle.language.box.SetText(u"DE");
   Dialog().ssa.txtSsaOutline.SetText(u"4");
   pickers.fonts = {{u"Arial", 12.5, false, true, false, false, 400}};
   Dialog().sami.cmdSamiFont.Click();
@@ -345,12 +345,12 @@ TEST_F(FormatStoring, OkStoresAllThreePanels) {
 
 TEST_F(FormatStoring, CancelAndTheFrameStoreNothing) {
   Open(u"DVDSUBTITLE");
-  Dialog().dvdSubtitle.txtDvdSubtitleLang.SetText(u"DE");
+  Dialog().dvdSubtitle.language.box.SetText(u"DE");
   Dialog().cmdCancel.Click();
   EXPECT_FALSE(Dialog().IsOpen());
   EXPECT_EQ(Stored(u"DVDSUBTITLE", u"lang"), u"?");
   Open(u"DVDSUBTITLE");
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleLang.GetText(), u"EN");
+  EXPECT_EQ(Dialog().dvdSubtitle.language.box.GetText(), u"EN");
 }
 
 TEST_F(FormatSamples, FollowThePickersAndTheAlignment) {

@@ -54,7 +54,7 @@ TEST_F(ProgramLanguage, TheMissingPlayersScreenIsReadFromTheRightInArabic) {
 }
 
 TEST_F(ProgramLanguage, AChangeRelabelsAllThatIsOpen) {
-  program->messages.AddBlock(
+  program->messageCatalogue.AddBlock(
       "0\t&Archivo\n22\tBienvenido.\n24\tSin texto.\n33\tMantener\n36\tModo uno.\n40\tInicio\n415\tIntro\n", 1);
   int announced = 0;
   const Connection watch = program->LanguageChanged.ConnectScoped([&] {

@@ -58,7 +58,7 @@ TEST_F(Notice, GoesWithTheDocumentOrByItsButton) {
 
 TEST_F(Notice, IsToldAnewInAnotherLanguage) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
-  program->messages.AddBlock("902\tLe\u00EDdo como %1, %2\n905\tCerrar\n", 1);
+  program->messageCatalogue.AddBlock("902\tLe\u00EDdo como %1, %2\n905\tCerrar\n", 1);
   program->ChangeLanguage(1);
   EXPECT_EQ(Shown(), u"Le\u00EDdo como SubRip, windows-1252");
   EXPECT_EQ(Window().cmdNotice.ToolTip(), u"Cerrar");

@@ -568,7 +568,8 @@ TEST_F(SettingsLanguage, TheListHoldsTheDisplayNamesAndTheOneInForce) {
 }
 
 TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
-  program->messages.AddBlock("0\t&Archivo\n193\tAjustes\n189\tTiempos\n190\tDetalles\n", static_cast<int>(kSpanish));
+  program->messageCatalogue.AddBlock("0\t&Archivo\n193\tAjustes\n189\tTiempos\n190\tDetalles\n",
+                                     static_cast<int>(kSpanish));
   Dialog().language.cboLanguage.Choose(kSpanish);
   EXPECT_EQ(Options().language, u"SPANISH");
   EXPECT_EQ(Dialog().Title(), u"Ajustes");
@@ -580,7 +581,7 @@ TEST_F(SettingsLanguage, AChangeRelabelsTheDialogAndTheMainWindowAtOnce) {
 }
 
 TEST_F(SettingsLanguage, DetailsOnShowChangeWithIt) {
-  program->messages.AddBlock("191\tElija un idioma.\n", static_cast<int>(kSpanish));
+  program->messageCatalogue.AddBlock("191\tElija un idioma.\n", static_cast<int>(kSpanish));
   Dialog().ShowSettingsPage(4);
   Dialog().language.cboLanguage.Choose(kSpanish);
   EXPECT_FALSE(Dialog().details.lblDetails.Visible());
@@ -638,8 +639,8 @@ TEST_F(SettingsLanguage, ALanguageWithOneMissingTextShowsNoCompletionLink) {
     }
     return data;
   };
-  program->messages.AddBlock(block(1), static_cast<int>(kRussian));
-  program->messages.AddBlock(block(4), 22);
+  program->messageCatalogue.AddBlock(block(1), static_cast<int>(kRussian));
+  program->messageCatalogue.AddBlock(block(4), 22);
   Dialog().language.cboLanguage.Choose(static_cast<int>(kRussian));
   EXPECT_FALSE(Dialog().language.lblComplete.Visible());
   Dialog().language.cboLanguage.Choose(22);

@@ -281,7 +281,7 @@ TEST_F(UndoInTheWindow, TheRulesOfTheLoadCanBeTakenBack) {
 TEST_F(UndoInTheWindow, SpeaksTheLanguageInForce) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   Window().mnuRemove.Click();
-  program->messages.AddBlock("13\tEliminar subtítulo\n942\tDeshacer: %1\n", 1);
+  program->messageCatalogue.AddBlock("13\tEliminar subtítulo\n942\tDeshacer: %1\n", 1);
   program->ChangeLanguage(1);
   EXPECT_EQ(UndoText(), "Deshacer: Eliminar subtítulo");
 }

@@ -38,8 +38,7 @@ struct UpdateCheck : testing::ProgramFixture {
   void Check(const Version& version = {1, 2, 5}) {
     dialog = std::make_unique<UpdateDialog>(UpdateParts{
         program->options, program->strings, program->languages, program->folders, program->encodings, dates, web,
-        Ports{files, boxes, dialogs, events, desktop, player, pickers},
-        [this] { return program->store.GetSetting(u"Cuewright", u"UpdateSite", {}); }, u"the settings", version});
+        Ports{files, boxes, dialogs, events, desktop, player, pickers}, program->store, u"the settings", version});
     dialog->Open();
     dialog->OnActivated();
   }

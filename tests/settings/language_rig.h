@@ -70,7 +70,7 @@ struct LanguageRig {
   LangStrings strings;
   MessageCatalogue catalogue;
   Folders folders;
-  Languages languages{options, strings, catalogue, folders, files, boxes, events, locale};
+  Languages languages{{options, strings, catalogue, folders, files, boxes, events, locale}};
 };
 
 /// The numbers of all messages but some, each with a text, as the file of a language.

@@ -22,7 +22,7 @@
 #include "tests/support/media_files.h"
 #include "tests/support/program_fixture.h"
 #include "ui/audio_view.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/qt_color.h"
 #include "ui/qt_ports.h"
 #include "ui/svg_picture.h"
@@ -60,7 +60,7 @@ struct RealBarTest : ::testing::Test {
     environment.sounds = &sounds;
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, *player, pickers}, environment);
     program->Start();
-    view = std::make_unique<MainWindowView>(*program, new VideoView(*player, *player));
+    view = MakeMainWindow(*program, new VideoView(*player, *player));
     program->LoadMainWindow(1280, 800);
     view->ShowStarted({1000, 700, false});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));

@@ -19,10 +19,10 @@
 #include "ui/fit_screen.h"
 #include "ui/format_view.h"
 #include "ui/help_key.h"
+#include "ui/program_windows.h"
 #include "ui/qt_pickers.h"
 #include "ui/settings_view.h"
 #include "ui/svg_picture.h"
-#include "ui/windows.h"
 
 namespace cuewright {
 namespace {

@@ -11,7 +11,7 @@
 
 #include "tests/support/program_fixture.h"
 #include "ui/fit_screen.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/start_view.h"
 #include "ui/svg_picture.h"
 #include "ui/windows.h"
@@ -43,7 +43,7 @@ struct EveryLanguage : testing::ProgramFixture, ::testing::WithParamInterface<st
     program->folders.AppFolder = folder / "";
     auto* surface = new QWidget;
     surface->setObjectName("WMP");
-    view = std::make_unique<MainWindowView>(*program, surface);
+    view = MakeMainWindow(*program, surface);
     AddDialogs(view->Views(), *program);
     view->ShowStarted({1000, 700, false, {}});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));

@@ -32,12 +32,12 @@ class GreetingDialog final : public Dialog {
 class GreetingView final : public DialogView {
  public:
   GreetingView(GreetingDialog& form, QWidget* owner) : DialogView(form, owner) {
+    auto* name = Bind(form.txtName, new QLineEdit(this));
     auto* column = new QVBoxLayout(this);
-    column->addWidget(MakeLabel("lblGreeting", this));
-    column->addWidget(Named(new QLineEdit(this), "txtName"));
-    column->addLayout(MakeButtons({"", "cmdOK"}));
-    Names("lblGreeting", "txtName");
-    Bind(findChild<QWidget*>("txtName"));
+    column->addWidget(MakeLabelOf(form.lblGreeting, name));
+    column->addWidget(name);
+    column->addLayout(MakeButtons({nullptr, &form.cmdOK}, &form.cmdOK));
+    Complete(name);
   }
 };
 

@@ -11,7 +11,7 @@
 #include <QTimer>
 
 #include "tests/support/program_fixture.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/qt_ports.h"
 #include "ui/qt_text.h"
 #include "ui/start_view.h"
@@ -35,7 +35,7 @@ struct LanguageViewTest : testing::ProgramFixture {
     }
     auto* surface = new QWidget;
     surface->setObjectName("WMP");
-    view = std::make_unique<MainWindowView>(*program, surface);
+    view = MakeMainWindow(*program, surface);
     view->ShowStarted({700, 600, false});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
   }

@@ -12,7 +12,7 @@
 #include <QUrl>
 
 #include "tests/support/program_fixture.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
 
@@ -29,7 +29,7 @@ struct HomeTest : testing::ProgramFixture {
     LoadIcons();
     auto* surface = new QWidget;
     surface->setObjectName("WMP");
-    view = std::make_unique<MainWindowView>(*program, surface);
+    view = MakeMainWindow(*program, surface);
     view->ShowStarted({1000, 700, false});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
   }
@@ -134,7 +134,7 @@ TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {
 
 TEST_F(Names, AreInTheLanguageInForce) {
   EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Text of the caption");
-  program->messages.AddBlock("908\tTexto\n909\tLista\n", 1);
+  program->messageCatalogue.AddBlock("908\tTexto\n909\tLista\n", 1);
   program->ChangeLanguage(1);
   EXPECT_EQ(Find<QWidget>("txtSub")->accessibleName(), "Texto");
   EXPECT_EQ(Find<QWidget>("grdSubs")->accessibleName(), "Lista");

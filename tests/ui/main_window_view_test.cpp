@@ -1,4 +1,4 @@
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ struct WindowTest : ProgramFixture {
     LoadIcons();
     auto* surface = new QWidget;
     surface->setObjectName("WMP");
-    view = std::make_unique<MainWindowView>(*program, surface);
+    view = MakeMainWindow(*program, surface);
     view->ShowStarted({1000, 700, false});
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view.get()));
     view->activateWindow();

@@ -244,8 +244,7 @@ struct UpdateWindowView : testing::DialogFixture {
   void ShowUpdate(const Version& version = {1, 2, 5}) {
     form = std::make_unique<UpdateDialog>(UpdateParts{
         program->options, program->strings, program->languages, program->folders, program->encodings, locale, online,
-        Ports{files, boxes, dialogs, events, desktop, player, pickers},
-        [this] { return program->store.GetSetting(u"Cuewright", u"UpdateSite", {}); }, u"settings", version});
+        Ports{files, boxes, dialogs, events, desktop, player, pickers}, program->store, u"settings", version});
     form->Open();
     Show(std::make_unique<UpdateView>(*form, nullptr));
     ASSERT_TRUE(QTest::qWaitFor([this] { return form->cmdOK.Enabled(); }));
@@ -355,7 +354,7 @@ TEST_F(UpdateWindowView, ClosingDuringTheFetchEndsIt) {
                                                     locale,
                                                     online,
                                                     Ports{files, boxes, dialogs, events, desktop, player, pickers},
-                                                    [this] { return server.Address(); },
+                                                    program->store,
                                                     u"settings",
                                                     {}});
   form->Open();

@@ -104,12 +104,12 @@ TEST_F(EmbedWizardView, ShowsOnePageAtATimeInAWindowOfOneSize) {
   for (std::size_t step = 0; step < 4; ++step) {
     ExpectNothingCutOff("page " + std::to_string(step) + " ");
     for (std::size_t page = 0; page < 4; ++page) {
-      EXPECT_EQ(Find(Indexed("picStep", page).toUtf8().constData())->isVisible(), page == step);
+      EXPECT_EQ(Find(Embed().picStep[page].Name().c_str())->isVisible(), page == step);
     }
     EXPECT_EQ(view->size(), size);
     if (step < 3) QTest::keyClick(view.get(), Qt::Key_Return);
   }
-  EXPECT_EQ(Embed().EmbedStep(), 3);
+  EXPECT_EQ(Embed().Step(), 3);
 }
 
 TEST_F(EmbedWizardView, EveryHintHasItsRoom) {
@@ -166,7 +166,7 @@ TEST_F(AudioWizardWindow, GoesThroughItsPagesByTheKeyboard) {
   };
   for (std::size_t step = 0; step < 5; ++step) {
     ExpectNothingCutOff("page " + std::to_string(step) + " ");
-    EXPECT_TRUE(Find(Indexed("picStep", step).toUtf8().constData())->isVisible());
+    EXPECT_TRUE(Find(Audio().picStep[step].Name().c_str())->isVisible());
     if (step < 4) QTest::keyClick(view.get(), Qt::Key_Return);
   }
   EXPECT_EQ(Find<QPushButton>("cmdNext")->text(), "Finish");

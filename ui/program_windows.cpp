@@ -1,0 +1,50 @@
+#include "ui/program_windows.h"
+
+#include "ui/about_view.h"
+#include "ui/audio_view.h"
+#include "ui/audio_wizard_view.h"
+#include "ui/delay_view.h"
+#include "ui/embed_view.h"
+#include "ui/export_view.h"
+#include "ui/find_view.h"
+#include "ui/format_view.h"
+#include "ui/help_view.h"
+#include "ui/report_view.h"
+#include "ui/settings_view.h"
+#include "ui/spell_view.h"
+#include "ui/update_view.h"
+
+namespace cuewright {
+
+std::unique_ptr<MainWindowView> MakeMainWindow(Program& program, QWidget* video) {
+  const MainWindowParts parts = {
+      program.window,        program.list,           program.grid,     program.commands, program.sub,
+      program.preview,       program.capture,        program.audioBar, program.shell,    program.document,
+      program.documentFiles, program.session,        program.router,   program.help,     program.options,
+      program.strings,       program.LanguageChanged};
+  auto window = std::make_unique<MainWindowView>(parts, video);
+  AddToolWindows(window->Views(), program);
+  return window;
+}
+
+void AddToolWindows(Windows& windows, Program& program) {
+  windows.AddBeside<ReportView>(program.reportWindow);
+  windows.AddBeside<FindView>(program.tools.findWindow);
+  windows.AddBeside<FindView>(program.tools.replaceWindow);
+  windows.AddBeside<HelpView>(program.help);
+}
+
+void AddDialogs(Windows& windows, Program& program) {
+  windows.AddHolding<DelayView>(program.tools.delayDialog);
+  windows.AddHolding<AudioView>(program.audio.dialog);
+  windows.AddHolding<ExportView>(program.exportDialog);
+  windows.AddHolding<EmbedView>(program.embedWizard);
+  windows.AddHolding<AudioWizardView>(program.audioWizard);
+  windows.AddHolding<SpellView>(program.spelling.dialog);
+  windows.AddFree<SettingsView>(program.dialogs.settings);
+  windows.AddFree<FormatView>(program.dialogs.format);
+  windows.AddFree<AboutView>(program.helpDialogs.about);
+  windows.AddFree<UpdateView>(program.helpDialogs.update);
+}
+
+}  // namespace cuewright
