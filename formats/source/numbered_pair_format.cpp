@@ -42,57 +42,25 @@ std::optional<Pair> PairIn(std::string_view line, char open, char close) {
   return pair;
 }
 
-struct Rate {
-  std::int32_t frames;
-  std::int32_t inSeconds;
-};
-
-/// Frames per second of a number with at most three digits behind its dot or comma. The rates of television that are
-/// written with two or three are exact.
-std::optional<Rate> RateOf(std::string_view text) {
-  while (text.ends_with(' ') || text.ends_with('\t')) text.remove_suffix(1);
-  const auto whole = ReadNumber(text);
-  if (!whole || whole->ms < 1 || whole->ms > 1000) return {};
-  std::int32_t thousandths = whole->ms * 1000;
-  if (whole->size < text.size()) {
-    const std::string_view digits = text.substr(whole->size + 1);
-    const bool decimal = text[whole->size] == '.' || text[whole->size] == ',';
-    if (!decimal || digits.empty() || !std::all_of(digits.begin(), digits.end(), IsDigit<char>)) return {};
-    std::int32_t unit = 100;
-    for (const char c : digits.substr(0, 3)) {
-      thousandths += (c - '0') * unit;
-      unit /= 10;
-    }
-  }
-  for (const std::int32_t nominal : {24, 30, 48, 60, 120}) {
-    const std::int32_t exact = static_cast<std::int32_t>(Nearest(nominal * std::int64_t{1000000}, 1001));
-    if (thousandths == exact || thousandths == exact / 10 * 10) return Rate{nominal * 1000, 1001};
-  }
-  return Rate{thousandths, 1000};
-}
-
 }  // namespace
 
 NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant variant)
     : settings_(settings), variant_(variant) {
-  if (variant == Variant::Mpl2) {
-    settings_.frames = 10;
-    settings_.inSeconds = 1;
-  }
+  if (variant == Variant::Mpl2) settings_.rate = 10.0;
 }
 
 std::int32_t NumberedPairFormat::MsOf(std::int32_t number) const {
-  const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * settings_.inSeconds, settings_.frames);
+  const FrameRate& rate = settings_.rate;
+  const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * rate.Denominator(), rate.Numerator());
   return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
 }
 
 /// The first line may name the rate in place of a text.
 bool NumberedPairFormat::TakeRate(std::int32_t start, std::string_view text) {
-  if (variant_ != Variant::MicroDvd || start > 1) return false;
-  const std::optional<Rate> rate = RateOf(text);
-  if (!rate) return false;
-  settings_.frames = rate->frames;
-  settings_.inSeconds = rate->inSeconds;
+  if (variant_ != Variant::MicroDvd || start > 1 || !IsAscii(text)) return false;
+  const FrameRate rate = FrameRate::FromText(FromUtf8(text));
+  if (!rate.IsUsual()) return false;
+  settings_.rate = rate;
   return true;
 }
 
@@ -121,7 +89,7 @@ void NumberedPairFormat::Read(const SourceText& text, TextView separator, Source
     TakeMarks(caption, separator);
     captions.Begin(MsOf(pair->start.ms), std::move(caption), record);
     if (pair->end.size == 0) continue;
-    captions.End(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size), line.next);
+    captions.SetEnd(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size));
   }
   captions.Flush(sink);
 }
@@ -150,8 +118,9 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
 }
 
 std::string NumberedPairFormat::TimeField(std::int32_t ms, std::string_view) const {
+  const FrameRate& rate = settings_.rate;
   return std::to_string(
-      Nearest(std::int64_t{std::max(ms, 0)} * settings_.frames, std::int64_t{1000} * settings_.inSeconds));
+      Nearest(std::int64_t{std::max(ms, 0)} * rate.Numerator(), std::int64_t{1000} * rate.Denominator()));
 }
 
 Text NumberedPairFormat::TextField(TextView text, TextView separator, TextView) const {
