@@ -42,6 +42,17 @@ std::optional<Pair> PairIn(std::string_view line, char open, char close) {
   return pair;
 }
 
+/// How long the "{y:b,i}" is with which the text begins; 0 when it asks for other styles than the list's.
+std::size_t LettersSize(TextView text, WholeStyles& styles) {
+  const std::size_t end = text.find_first_not_of(u"biu,", 3);
+  if (end == TextView::npos || end == 3 || text[end] != u'}') return 0;
+  const TextView letters = text.substr(3, end - 3);
+  styles.bold = styles.bold || letters.find(u'b') != TextView::npos;
+  styles.italic = styles.italic || letters.find(u'i') != TextView::npos;
+  styles.underline = styles.underline || letters.find(u'u') != TextView::npos;
+  return end + 1;
+}
+
 }  // namespace
 
 NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant variant)
@@ -103,15 +114,15 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
       styles.italic = true;
       text.erase(0, 1);
     }
-  } else if (text.starts_with(oneLine ? u"{y:" : u"{Y:")) {
-    const std::size_t end = text.find(u'}');
-    const TextView letters = TextView(text).substr(3, end == Text::npos ? 0 : end - 3);
-    if (!letters.empty() && letters.find_first_not_of(u"biu,") == TextView::npos) {
-      styles.bold = letters.find(u'b') != TextView::npos;
-      styles.italic = letters.find(u'i') != TextView::npos;
-      styles.underline = letters.find(u'u') != TextView::npos;
-      text.erase(0, end + 1);
+  } else {
+    std::size_t taken = 0;
+    const TextView code = oneLine ? u"{y:" : u"{Y:";
+    while (TextView(text).substr(taken).starts_with(code)) {
+      const std::size_t size = LettersSize(TextView(text).substr(taken), styles);
+      if (size == 0) break;
+      taken += size;
     }
+    text.erase(0, taken);
   }
   if (!oneLine) text = ReplaceAll(text, kLineMark, separator);
   if (styles.Any()) text = Markers(styles) + text;

@@ -90,6 +90,8 @@ class SourceFormat {
 
   /// The start and end of a record depend on each other or on the neighbours: a change of one writes all fields anew.
   virtual bool TimesAreLinked() const { return false; }
+  /// The file has ends of captions at all; else they are reckoned from the starts.
+  virtual bool WritesEnds() const { return true; }
 };
 
 /// The rules of a format of the catalogue; null when it is read by the catalogue's record alone.

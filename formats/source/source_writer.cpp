@@ -94,7 +94,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   const bool end = TimeChanged(piece.times.end, caption.end);
   const bool text = !SourceMap::SameText(piece, caption);
   const SourceFormat& rules = map_.Rules();
-  if ((start && record.start.Empty()) || (end && record.end.Empty() && !record.endIsReckoned) ||
+  if ((start && record.start.Empty()) || (end && record.end.Empty() && !record.endIsReckoned && rules.WritesEnds()) ||
       (text && record.text.at == 0) || ((start || end) && rules.TimesAreLinked())) {
     return WriteNew(row, out);
   }
