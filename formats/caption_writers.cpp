@@ -195,10 +195,14 @@ class RecordWriter {
       text_ = WithoutStyleMarkers(std::move(text_));
       return;
     }
+    // A small letter styles one line of MicroDVD, a capital one all of them.
+    const bool allLines = job_.times.exact && job_.identifier == kMicroDvd && text_.find(kLineEnd) != Text::npos;
     for (const TextView marker : kStyleMarkers) {
       if (FindLoose(text_, marker) == TextView::npos) continue;
       const TextView letter = marker.substr(1, 1);
-      text_ = ReplaceAll(text_, marker, ReplaceAll(definition.tagOpen, u"b", letter));
+      Text open = ReplaceAll(definition.tagOpen, u"b", letter);
+      if (allLines) open = ReplaceFirst(open, u"y", u"Y");
+      text_ = ReplaceAll(text_, marker, open);
       text_ += ReplaceAll(definition.tagClose, u"b", letter);
     }
   }

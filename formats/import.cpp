@@ -156,10 +156,7 @@ std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loadin
 SourceSettings Importer::RulesSettings() const {
   SourceSettings settings;
   settings.durationPerCharacter = captions_.Options().durationPerCharacter;
-  if (const FrameRate& rate = formats_.state.CurrentFps) {
-    settings.frames = rate.Numerator();
-    settings.inSeconds = rate.Denominator();
-  }
+  if (formats_.state.CurrentFps) settings.rate = formats_.state.CurrentFps;
   return settings;
 }
 

@@ -33,7 +33,7 @@ fi
 
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import catalogue encodings round_trip wave journal registry update script}
+names=${*:-import source catalogue encodings round_trip wave journal registry update script}
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers

@@ -42,57 +42,36 @@ std::optional<Pair> PairIn(std::string_view line, char open, char close) {
   return pair;
 }
 
-struct Rate {
-  std::int32_t frames;
-  std::int32_t inSeconds;
-};
-
-/// Frames per second of a number with at most three digits behind its dot or comma. The rates of television that are
-/// written with two or three are exact.
-std::optional<Rate> RateOf(std::string_view text) {
-  while (text.ends_with(' ') || text.ends_with('\t')) text.remove_suffix(1);
-  const auto whole = ReadNumber(text);
-  if (!whole || whole->ms < 1 || whole->ms > 1000) return {};
-  std::int32_t thousandths = whole->ms * 1000;
-  if (whole->size < text.size()) {
-    const std::string_view digits = text.substr(whole->size + 1);
-    const bool decimal = text[whole->size] == '.' || text[whole->size] == ',';
-    if (!decimal || digits.empty() || !std::all_of(digits.begin(), digits.end(), IsDigit<char>)) return {};
-    std::int32_t unit = 100;
-    for (const char c : digits.substr(0, 3)) {
-      thousandths += (c - '0') * unit;
-      unit /= 10;
-    }
-  }
-  for (const std::int32_t nominal : {24, 30, 48, 60, 120}) {
-    const std::int32_t exact = static_cast<std::int32_t>(Nearest(nominal * std::int64_t{1000000}, 1001));
-    if (thousandths == exact || thousandths == exact / 10 * 10) return Rate{nominal * 1000, 1001};
-  }
-  return Rate{thousandths, 1000};
+/// How long the "{y:b,i}" is with which the text begins; 0 when it asks for other styles than the list's.
+std::size_t LettersSize(TextView text, WholeStyles& styles) {
+  const std::size_t end = text.find_first_not_of(u"biu,", 3);
+  if (end == TextView::npos || end == 3 || text[end] != u'}') return 0;
+  const TextView letters = text.substr(3, end - 3);
+  styles.bold = styles.bold || letters.find(u'b') != TextView::npos;
+  styles.italic = styles.italic || letters.find(u'i') != TextView::npos;
+  styles.underline = styles.underline || letters.find(u'u') != TextView::npos;
+  return end + 1;
 }
 
 }  // namespace
 
 NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant variant)
     : settings_(settings), variant_(variant) {
-  if (variant == Variant::Mpl2) {
-    settings_.frames = 10;
-    settings_.inSeconds = 1;
-  }
+  if (variant == Variant::Mpl2) settings_.rate = 10.0;
 }
 
 std::int32_t NumberedPairFormat::MsOf(std::int32_t number) const {
-  const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * settings_.inSeconds, settings_.frames);
+  const FrameRate& rate = settings_.rate;
+  const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * rate.Denominator(), rate.Numerator());
   return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
 }
 
 /// The first line may name the rate in place of a text.
 bool NumberedPairFormat::TakeRate(std::int32_t start, std::string_view text) {
-  if (variant_ != Variant::MicroDvd || start > 1) return false;
-  const std::optional<Rate> rate = RateOf(text);
-  if (!rate) return false;
-  settings_.frames = rate->frames;
-  settings_.inSeconds = rate->inSeconds;
+  if (variant_ != Variant::MicroDvd || start > 1 || !IsAscii(text)) return false;
+  const FrameRate rate = FrameRate::FromText(FromUtf8(text));
+  if (!rate.IsUsual()) return false;
+  settings_.rate = rate;
   return true;
 }
 
@@ -121,7 +100,7 @@ void NumberedPairFormat::Read(const SourceText& text, TextView separator, Source
     TakeMarks(caption, separator);
     captions.Begin(MsOf(pair->start.ms), std::move(caption), record);
     if (pair->end.size == 0) continue;
-    captions.End(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size), line.next);
+    captions.SetEnd(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size));
   }
   captions.Flush(sink);
 }
@@ -135,23 +114,24 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
       styles.italic = true;
       text.erase(0, 1);
     }
-  } else if (text.starts_with(oneLine ? u"{y:" : u"{Y:")) {
-    const std::size_t end = text.find(u'}');
-    const TextView letters = TextView(text).substr(3, end == Text::npos ? 0 : end - 3);
-    if (!letters.empty() && letters.find_first_not_of(u"biu,") == TextView::npos) {
-      styles.bold = letters.find(u'b') != TextView::npos;
-      styles.italic = letters.find(u'i') != TextView::npos;
-      styles.underline = letters.find(u'u') != TextView::npos;
-      text.erase(0, end + 1);
+  } else {
+    std::size_t taken = 0;
+    const TextView code = oneLine ? u"{y:" : u"{Y:";
+    while (TextView(text).substr(taken).starts_with(code)) {
+      const std::size_t size = LettersSize(TextView(text).substr(taken), styles);
+      if (size == 0) break;
+      taken += size;
     }
+    text.erase(0, taken);
   }
   if (!oneLine) text = ReplaceAll(text, kLineMark, separator);
   if (styles.Any()) text = Markers(styles) + text;
 }
 
 std::string NumberedPairFormat::TimeField(std::int32_t ms, std::string_view) const {
+  const FrameRate& rate = settings_.rate;
   return std::to_string(
-      Nearest(std::int64_t{std::max(ms, 0)} * settings_.frames, std::int64_t{1000} * settings_.inSeconds));
+      Nearest(std::int64_t{std::max(ms, 0)} * rate.Numerator(), std::int64_t{1000} * rate.Denominator()));
 }
 
 Text NumberedPairFormat::TextField(TextView text, TextView separator, TextView) const {

@@ -13,17 +13,23 @@ void OpenEnded::Begin(std::int32_t start, Text text, const SourceRecord& record)
   captions_.back().record.endIsReckoned = true;
 }
 
+void OpenEnded::SetEnd(std::int32_t end, Stretch field) {
+  Pending& last = captions_.back();
+  last.end = end;
+  last.record.end = field;
+  last.record.endIsReckoned = false;
+  anyEnds_ = true;
+}
+
 bool OpenEnded::End(std::int32_t end, Stretch field, std::size_t behind) {
   anyEnds_ = true;
   if (captions_.empty() || !captions_.back().record.endIsReckoned || end <= captions_.back().start) {
     stops_.push_back(end);
     return false;
   }
-  Pending& last = captions_.back();
-  last.end = end;
-  last.record.end = field;
-  last.record.endIsReckoned = false;
-  last.record.whole = Stretch::Between(last.record.whole.at, behind);
+  SetEnd(end, field);
+  Stretch& whole = captions_.back().record.whole;
+  whole = Stretch::Between(whole.at, behind);
   return true;
 }
 

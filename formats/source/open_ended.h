@@ -22,6 +22,8 @@ class OpenEnded {
       : durations_(settings.durationPerCharacter), lasts_(lasts) {}
 
   void Begin(std::int32_t start, Text text, const SourceRecord& record);
+  /// The record of the caption that began last names its end, be it what it may.
+  void SetEnd(std::int32_t end, Stretch field);
   /// The caption that began last ends here. `field` is the time in the file, `behind` where the record goes on to.
   /// False when there is none, its end is known or it begins later; then no other caption lasts beyond this time.
   bool End(std::int32_t end, Stretch field, std::size_t behind);

@@ -8,6 +8,7 @@
 #include "formats/source/subrip_format.h"
 #include "formats/source/substation_format.h"
 #include "formats/source/tmplayer_format.h"
+#include "formats/source/ttml_format.h"
 #include "formats/source/webvtt_format.h"
 
 namespace cuewright {
@@ -47,6 +48,7 @@ constexpr Maker kMakers[] = {
     {u"TMPLAYER", With<TmPlayerFormat, TmPlayerFormat::Dialect::Rows>},
     {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},
     {u"TMPLAYERCOLON", With<TmPlayerFormat, TmPlayerFormat::Dialect::Colon>},
+    {u"TTML", Plain<TtmlFormat>},
     {u"WEBVTT", Plain<WebVttFormat>},
     {u"WEBVTT_RSS", Plain<WebVttFormat>},
 };

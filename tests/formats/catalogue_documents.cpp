@@ -33,7 +33,6 @@ constexpr FormatException kTakenForAnother[] = {
 /// the same form, so a start line holds all that an end line is known by, and passes for its own end. Of templates in
 /// whole seconds the import tells the two apart by their equal times.
 constexpr FormatException kNotReadWhole[] = {
-    {"KARAOKELRC", "*", "start line passes for its own end; its bare end line then starts the next caption"},
     {"SUBCREATOR1X", "*", "start line passes for its own end; its bare end line then starts the next caption"},
     {"CPC600", "*", "start line passes for its own end; its bare end line then starts the next caption"},
     {"PE2", "*", "start line passes for its own end; starts and texts come back"},

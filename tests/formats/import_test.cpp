@@ -54,6 +54,7 @@ TEST(ImportLimit, LeavesAFileOf32000CaptionsAlone) {
 
 TEST(ImportLimit, LetsTheCaptionInWorkBeFlushed) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   std::string file;
   for (int i = 1; i <= 33000; ++i) file += "{" + std::to_string(i * 10) + "}{" + std::to_string(i * 10 + 5) + "}x\r\n";
   EXPECT_EQ(rig.Open("a.sub", file), u"MICRODVD");
@@ -347,6 +348,7 @@ TEST(Append, OfATextThatCantBeReadLeavesTheCaptions) {
 
 TEST(RunTimeErrors, AreToldAtTheEndOfTheImportAndTheRestIsRead) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   const std::string wide(300, 'x');
   rig.Open("a.sub", "{25}{50}" + wide + "\r\n{75}{100}short\r\n{125}{150}last\r\n");
   ASSERT_EQ(rig.messages.shown.size(), 1u);

@@ -21,6 +21,7 @@ TEST(PlainRecord, TheSecondByteOfACharacterIsNoPartOfTheRecord) {
 
 TEST(PlainRecord, ALineWithoutTextLeavesItsTimesToTheNextText) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.Open("a.sub", "{25}{50}\r\nbelow\r\n{100}{125}two\r\n");
   EXPECT_EQ(rig.Format(), u"MICRODVD");
   EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"below"}, {4000, 5000, u"two"}}));
@@ -28,6 +29,7 @@ TEST(PlainRecord, ALineWithoutTextLeavesItsTimesToTheNextText) {
 
 TEST(PlainRecord, WordsInFrontOfTheRecordAreSkipped) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.Open("a.sub", "{25}{50}one\r\nnoise {75}{100}two\r\n");
   EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"one"}, {3000, 4000, u"two"}}));
 }
@@ -35,6 +37,7 @@ TEST(PlainRecord, WordsInFrontOfTheRecordAreSkipped) {
 TEST(PlainRecord, LinesAsLongAsTheColumnsReachAreRead) {
   for (const std::size_t length : {200u, 243u, 244u, 245u, 246u}) {
     FormatRig rig;
+    rig.options.manner.SetClassic(true);
     const std::string text(length, 'x');
     rig.Open("a.sub", "{25}{50}one\r\n{75}{100}" + text + "\r\n");
     SCOPED_TRACE(length);
@@ -53,6 +56,7 @@ TEST(PlainRecord, TextLinesWithAndWithoutDigitsJoin) {
 
 TEST(Sami, TimesAndBlanksAreReadHoweverTheyAreWritten) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   rig.Open("a.smi",
            "<SAMI>\r\n<BODY>\r\n<SYNC START=1000>\r\n<P CLASS=SUBTTL>\r\nbuy <br>now\r\n<sync start = 2000 >\r\n"
            "<P CLASS=OTHER> &NBSP;\r\n<SYNC START=3000>\r\n<P CLASS=SUBTTL>\r\nagain\r\n<SYNC START=4000>\r\n"
