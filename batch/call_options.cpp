@@ -118,6 +118,20 @@ Problem SetDetailed(Request& request, const std::string&) {
   return {};
 }
 
+Problem SetJobs(Request& request, const std::string& value) {
+  constexpr int kMostJobs = 256;
+  const int jobs = AllDigits(value) && value.size() <= 3 ? std::stoi(value) : 0;
+  if (jobs < 1 || jobs > kMostJobs) return "--jobs takes a number from 1 to 256, not " + Quoted(value);
+  request.jobs = jobs;
+  return {};
+}
+
+Problem SetFilesFrom(Request& request, const std::string& value) {
+  if (value.empty()) return "--files-from takes the name of a file";
+  request.filesFrom = FromUtf8(value);
+  return {};
+}
+
 constexpr std::array kCommonOptions = {
     CallOption{"--fps", true, SetFps},
     CallOption{"--text", true, SetText},
@@ -131,9 +145,13 @@ constexpr std::array kCommonOptions = {
 };
 
 constexpr std::array kConvertOptions = {
-    CallOption{"--to", true, SetTo},         CallOption{"--out", true, SetOut},
-    CallOption{"--folder", true, SetFolder}, CallOption{"--untimed", true, SetUntimed},
+    CallOption{"--to", true, SetTo},
+    CallOption{"--out", true, SetOut},
+    CallOption{"--folder", true, SetFolder},
+    CallOption{"--untimed", true, SetUntimed},
     CallOption{"--rules", false, SetRules},
+    CallOption{"--jobs", true, SetJobs},
+    CallOption{"--files-from", true, SetFilesFrom},
 };
 
 constexpr std::array kRulesOptions = {
@@ -172,9 +190,10 @@ Problem CheckRules(const Request& request) {
 }
 
 Problem CheckConvert(const Request& request) {
-  if (request.to.empty()) return "convert needs --to with the identifier of a format";
+  if (request.files.empty() && !request.filesFrom) return "convert needs a file";
   if (request.out.has_value() == request.folder.has_value()) return "convert needs either --out or --folder";
-  if (request.out && request.files.size() > 1) return "--out takes one file only; use --folder for more";
+  if (request.out && (request.files.size() > 1 || request.filesFrom))
+    return "--out takes one file only; use --folder for more";
   return {};
 }
 

@@ -61,11 +61,13 @@ struct Request {
   bool quiet = false;
 
   // Options of `convert`; the first two of `rules` as well.
-  Text to;
+  Text to;  ///< empty: the file's own
   std::optional<Text> out;
   std::optional<Text> folder;
   bool keepUntimed = true;
-  bool rules = false;  ///< the correction rules run on the way
+  bool rules = false;             ///< the correction rules run on the way
+  int jobs = 0;                   ///< how many files are in work at once; 0: as many as there are cores
+  std::optional<Text> filesFrom;  ///< the file that names further files
 
   // Option of `rules`.
   bool detailed = false;

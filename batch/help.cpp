@@ -14,7 +14,7 @@ constexpr std::string_view kProgram =
     "  formats            list the formats of the catalogue\n"
     "  detect FILE...     tell each file's format\n"
     "  dump FILE          print the captions of a file\n"
-    "  convert FILE...    write files in another format\n"
+    "  convert FILE...    write files anew, in their own or another format\n"
     "  peaks FILE         print the peaks of a wave file\n"
     "  rules FILE         correct a file by the rules and print the report\n"
     "  retime FILE        shift, stretch or straighten the times of a file\n"
@@ -40,14 +40,21 @@ constexpr std::string_view kDump =
     "\n";
 
 constexpr std::string_view kConvert =
-    "Usage: cuewright-batch convert FILE... --to ID (--out FILE | --folder DIR) [OPTION]...\n"
+    "Usage: cuewright-batch convert FILE... (--out FILE | --folder DIR) [--to ID] [OPTION]...\n"
     "\n"
-    "  --to ID             format to write, an identifier that 'formats' lists\n"
+    "  --to ID             format to write, an identifier that 'formats' lists; without it each file\n"
+    "                      is written in its own format\n"
     "  --out FILE          file to write; one input only. '-' is the standard output\n"
-    "  --folder DIR        folder for the results, named as the inputs with the format's extension\n"
+    "  --folder DIR        folder for the results, named as the inputs, with --to with the format's\n"
+    "                      extension\n"
+    "  --files-from FILE   read further inputs from FILE, a name a line; '-' is the standard input\n"
+    "  --jobs N            work on N files at once (default: as many as there are cores). Messages and\n"
+    "                      results come in the order of the inputs\n"
     "  --untimed keep|drop write everything (keep, the default), or nothing from the first caption\n"
     "                      without a start time on (drop)\n"
     "  --rules             correct the captions by the rules on the way\n"
+    "\n"
+    "Behind several files a line on the error stream says how many were written.\n"
     "\n";
 
 constexpr std::string_view kRules =

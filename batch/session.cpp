@@ -16,10 +16,11 @@ Text RateFor(const Request& request) { return request.fps ? FromUtf8(*request.fp
 
 }  // namespace
 
-Session::Session(const Request& request, Files& files, Console& console, int systemCodePage)
+Session::Session(const Request& request, Files& files, Output& output, int systemCodePage)
     : request_(request),
+      systemCodePage_(systemCodePage),
       files_(files),
-      boxes_(console, RateFor(request)),
+      boxes_(output, RateFor(request)),
       encodings_(systemCodePage),
       captions_(options_, modified_),
       report_(strings_) {
@@ -27,8 +28,14 @@ Session::Session(const Request& request, Files& files, Console& console, int sys
 }
 
 bool Session::Start(const Text& programFolder) {
+  programFolder_ = programFolder;
   LoadEnglish(MessageCatalogue(), strings_);
   return ReadSettings() && ReadCatalogue(programFolder);
+}
+
+std::unique_ptr<Session> Session::Another(Output& output) const {
+  auto session = std::make_unique<Session>(request_, files_, output, systemCodePage_);
+  return session->Start(programFolder_) ? std::move(session) : nullptr;
 }
 
 bool Session::ReadSettings() {

@@ -28,14 +28,18 @@ namespace cuewright {
 class Session {
  public:
   /// `systemCodePage` is the ANSI code page of the user's locale.
-  Session(const Request& request, Files& files, Console& console, int systemCodePage);
+  Session(const Request& request, Files& files, Output& output, int systemCodePage);
 
   /// Reads settings and catalogue; false when that fails, which was told then. `programFolder` is where the
   /// catalogue is unless the call says otherwise.
   bool Start(const Text& programFolder);
 
+  /// A session for another thread that has started as this one has; null when it can't.
+  std::unique_ptr<Session> Another(Output& output) const;
+
   const FormatCatalogue& Catalogue() const { return catalogue_; }
   BatchBoxes& Boxes() { return boxes_; }
+  const Files& FileSystem() const { return files_; }
 
   /// The index of the format that recognition settles on; empty, after telling why, when there is none.
   std::optional<int> Detect(const Text& path);
@@ -67,6 +71,8 @@ class Session {
   bool Begin(const Text& path);
 
   const Request& request_;
+  int systemCodePage_;
+  Text programFolder_;
   Files& files_;
   LangStrings strings_;
   BatchBoxes boxes_;
