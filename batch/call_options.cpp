@@ -6,6 +6,7 @@
 
 #include "core/frame_rate.h"
 #include "text/digits.h"
+#include "text/encoding_names.h"
 
 namespace cuewright {
 namespace {
@@ -30,6 +31,12 @@ Problem SetText(Request& request, const std::string& value) {
     return {};
   }
   return "--text takes auto, classic or classic:CODEPAGE, not " + Quoted(value);
+}
+
+Problem SetReadAs(Request& request, const std::string& value) {
+  request.readAs = EncodingByName(FromUtf8(value));
+  if (!request.readAs) return "--read-as: there is no encoding " + Quoted(value);
+  return {};
 }
 
 Problem SetCatalogue(Request& request, const std::string& value) {
@@ -135,6 +142,7 @@ Problem SetFilesFrom(Request& request, const std::string& value) {
 constexpr std::array kCommonOptions = {
     CallOption{"--fps", true, SetFps},
     CallOption{"--text", true, SetText},
+    CallOption{"--read-as", true, SetReadAs},
     CallOption{"--catalogue", true, SetCatalogue},
     CallOption{"--separator", true, SetSeparator},
     CallOption{"--set", true, SetSetting},
@@ -152,6 +160,7 @@ constexpr std::array kConvertOptions = {
     CallOption{"--rules", false, SetRules},
     CallOption{"--jobs", true, SetJobs},
     CallOption{"--files-from", true, SetFilesFrom},
+    CallOption{"--encoding", true, SetEncoding},
 };
 
 constexpr std::array kRulesOptions = {
@@ -162,6 +171,13 @@ constexpr std::array kRulesOptions = {
 };
 
 }  // namespace
+
+Problem SetEncoding(Request& request, const std::string& value) {
+  request.encodingName = FromUtf8(value);
+  request.encoding = EncodingByName(request.encodingName);
+  if (!request.encoding) return "--encoding: there is no encoding " + Quoted(value);
+  return {};
+}
 
 std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
 
@@ -182,6 +198,12 @@ Problem CheckFps(const Request& request) {
   const float whole = std::floor(rate.AsGiven());
   if (value.size() < 9 && whole >= 15 && whole <= 30) return {};
   return "--fps takes a rate from 15 to 30, such as 25 or 23.976, not " + Quoted(value);
+}
+
+Problem CheckEncoding(const Request& request) {
+  const bool classicText = request.text && request.text->classic;
+  if (request.encoding && classicText) return "--encoding doesn't go with --text classic";
+  return {};
 }
 
 Problem CheckRules(const Request& request) {

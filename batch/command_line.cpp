@@ -65,6 +65,7 @@ class Reader {
     }
     if (Problem problem = CheckFiles(command_, request_.files.size())) return WrongUsage{*problem};
     if (Problem problem = CheckFps(request_)) return WrongUsage{*problem};
+    if (Problem problem = CheckEncoding(request_)) return WrongUsage{*problem};
     if (command_.check != nullptr) {
       if (Problem problem = command_.check(request_)) return WrongUsage{*problem};
     }

@@ -6,6 +6,7 @@
 #include "audio/wave_reader.h"
 #include "batch/boxes.h"
 #include "batch/command_line.h"
+#include "batch/lacking_letters.h"
 #include "batch/run_settings.h"
 #include "core/app_options.h"
 #include "core/caption_list.h"
@@ -69,6 +70,9 @@ class Session {
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
   bool Begin(const Text& path);
+  /// Puts the encoding of the call in force; false, after telling where, when it lacks letters of what is written.
+  bool TakeEncoding(Row lastRow);
+  void TellLacking(const LackingPlace& place);
 
   const Request& request_;
   int systemCodePage_;
