@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "batch/console.h"
+
 namespace cuewright {
 namespace {
 
@@ -22,7 +24,7 @@ Text OneLine(TextView text) {
 
 }  // namespace
 
-BatchBoxes::BatchBoxes(Console& console, Text fps) : console_(console), fps_(std::move(fps)) {}
+BatchBoxes::BatchBoxes(Output& output, Text fps) : output_(&output), fps_(std::move(fps)) {}
 
 void BatchBoxes::Begin(TextView file) {
   file_ = ToUtf8(file);
@@ -35,16 +37,16 @@ void BatchBoxes::Tell(TextView text) {
   const std::string told = DisplayUtf8(shown_.back());
   const std::size_t at = line ? line() : 0;
   if (file_.empty()) {
-    console_.Complain("cuewright-batch: " + told);
+    output_->Complain("cuewright-batch: " + told);
   } else {
-    console_.Say(file_ + (at == 0 ? "" : ":" + std::to_string(at)) + ": " + told);
+    output_->Say(file_ + (at == 0 ? "" : ":" + std::to_string(at)) + ": " + told);
   }
 }
 
 void BatchBoxes::TellNotUnderstood(std::size_t number) {
   const std::string place = file_ + ":" + std::to_string(number);
   shown_.push_back(u"Line " + FromUtf8(std::to_string(number)) + u" was not understood.");
-  console_.Complain(place + ": this line was not understood");
+  output_->Complain(place + ": this line was not understood");
   ++troubles_;
 }
 

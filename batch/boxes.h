@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "batch/console.h"
+#include "batch/output.h"
 #include "core/ports/messages.h"
 
 namespace cuewright {
@@ -16,10 +16,13 @@ namespace cuewright {
 class BatchBoxes final : public Messages {
  public:
   /// `fps` answers the frame rate question. It must be one that the question accepts, or it would be asked forever.
-  BatchBoxes(Console& console, Text fps);
+  BatchBoxes(Output& output, Text fps);
 
   /// The file that the next boxes are about, as the user named it; forgets what was shown before.
   void Begin(TextView file);
+
+  /// Boxes go elsewhere from now on.
+  void ShowIn(Output& output) { output_ = &output; }
 
   /// Shows a text of our own in the same way.
   void Tell(TextView text);
@@ -40,7 +43,7 @@ class BatchBoxes final : public Messages {
   int Troubles() const { return troubles_; }
 
  private:
-  Console& console_;
+  Output* output_;
   Text fps_;
   std::string file_;
   std::vector<Text> shown_;

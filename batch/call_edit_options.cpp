@@ -131,16 +131,18 @@ Problem SetCase(Request& request, const std::string&) {
 }
 
 constexpr std::array kReplaceOptions = {
-    CallOption{"--find", true, SetFind},  CallOption{"--with", true, SetWith}, CallOption{"--regex", false, SetRegex},
-    CallOption{"--case", false, SetCase}, CallOption{"--rows", true, SetRows}, CallOption{"--out", true, SetOut},
-    CallOption{"--to", true, SetTo},
+    CallOption{"--find", true, SetFind},    CallOption{"--with", true, SetWith},
+    CallOption{"--regex", false, SetRegex}, CallOption{"--case", false, SetCase},
+    CallOption{"--rows", true, SetRows},    CallOption{"--out", true, SetOut},
+    CallOption{"--to", true, SetTo},        CallOption{"--encoding", true, SetEncoding},
 };
 
 constexpr std::array kRetimeOptions = {
-    CallOption{"--shift", true, SetShift},      CallOption{"--speed", true, SetSpeed},
-    CallOption{"--fps-from", true, SetFpsFrom}, CallOption{"--fps-to", true, SetFpsTo},
-    CallOption{"--point", true, AddPoint},      CallOption{"--rows", true, SetRows},
-    CallOption{"--out", true, SetOut},          CallOption{"--to", true, SetTo},
+    CallOption{"--shift", true, SetShift},       CallOption{"--speed", true, SetSpeed},
+    CallOption{"--fps-from", true, SetFpsFrom},  CallOption{"--fps-to", true, SetFpsTo},
+    CallOption{"--point", true, AddPoint},       CallOption{"--rows", true, SetRows},
+    CallOption{"--out", true, SetOut},           CallOption{"--to", true, SetTo},
+    CallOption{"--encoding", true, SetEncoding},
 };
 
 }  // namespace

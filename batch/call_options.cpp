@@ -6,6 +6,7 @@
 
 #include "core/frame_rate.h"
 #include "text/digits.h"
+#include "text/encoding_names.h"
 
 namespace cuewright {
 namespace {
@@ -30,6 +31,12 @@ Problem SetText(Request& request, const std::string& value) {
     return {};
   }
   return "--text takes auto, classic or classic:CODEPAGE, not " + Quoted(value);
+}
+
+Problem SetReadAs(Request& request, const std::string& value) {
+  request.readAs = EncodingByName(FromUtf8(value));
+  if (!request.readAs) return "--read-as: there is no encoding " + Quoted(value);
+  return {};
 }
 
 Problem SetCatalogue(Request& request, const std::string& value) {
@@ -118,9 +125,24 @@ Problem SetDetailed(Request& request, const std::string&) {
   return {};
 }
 
+Problem SetJobs(Request& request, const std::string& value) {
+  constexpr int kMostJobs = 256;
+  const int jobs = AllDigits(value) && value.size() <= 3 ? std::stoi(value) : 0;
+  if (jobs < 1 || jobs > kMostJobs) return "--jobs takes a number from 1 to 256, not " + Quoted(value);
+  request.jobs = jobs;
+  return {};
+}
+
+Problem SetFilesFrom(Request& request, const std::string& value) {
+  if (value.empty()) return "--files-from takes the name of a file";
+  request.filesFrom = FromUtf8(value);
+  return {};
+}
+
 constexpr std::array kCommonOptions = {
     CallOption{"--fps", true, SetFps},
     CallOption{"--text", true, SetText},
+    CallOption{"--read-as", true, SetReadAs},
     CallOption{"--catalogue", true, SetCatalogue},
     CallOption{"--separator", true, SetSeparator},
     CallOption{"--set", true, SetSetting},
@@ -131,9 +153,14 @@ constexpr std::array kCommonOptions = {
 };
 
 constexpr std::array kConvertOptions = {
-    CallOption{"--to", true, SetTo},         CallOption{"--out", true, SetOut},
-    CallOption{"--folder", true, SetFolder}, CallOption{"--untimed", true, SetUntimed},
+    CallOption{"--to", true, SetTo},
+    CallOption{"--out", true, SetOut},
+    CallOption{"--folder", true, SetFolder},
+    CallOption{"--untimed", true, SetUntimed},
     CallOption{"--rules", false, SetRules},
+    CallOption{"--jobs", true, SetJobs},
+    CallOption{"--files-from", true, SetFilesFrom},
+    CallOption{"--encoding", true, SetEncoding},
 };
 
 constexpr std::array kRulesOptions = {
@@ -144,6 +171,13 @@ constexpr std::array kRulesOptions = {
 };
 
 }  // namespace
+
+Problem SetEncoding(Request& request, const std::string& value) {
+  request.encodingName = FromUtf8(value);
+  request.encoding = EncodingByName(request.encodingName);
+  if (!request.encoding) return "--encoding: there is no encoding " + Quoted(value);
+  return {};
+}
 
 std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
 
@@ -166,15 +200,22 @@ Problem CheckFps(const Request& request) {
   return "--fps takes a rate from 15 to 30, such as 25 or 23.976, not " + Quoted(value);
 }
 
+Problem CheckEncoding(const Request& request) {
+  const bool classicText = request.text && request.text->classic;
+  if (request.encoding && classicText) return "--encoding doesn't go with --text classic";
+  return {};
+}
+
 Problem CheckRules(const Request& request) {
   if (request.out.has_value() == request.to.empty()) return "rules takes --out and --to together";
   return {};
 }
 
 Problem CheckConvert(const Request& request) {
-  if (request.to.empty()) return "convert needs --to with the identifier of a format";
+  if (request.files.empty() && !request.filesFrom) return "convert needs a file";
   if (request.out.has_value() == request.folder.has_value()) return "convert needs either --out or --folder";
-  if (request.out && request.files.size() > 1) return "--out takes one file only; use --folder for more";
+  if (request.out && (request.files.size() > 1 || request.filesFrom))
+    return "--out takes one file only; use --folder for more";
   return {};
 }
 

@@ -29,7 +29,11 @@ std::span<const CallOption> RulesOptions();
 std::span<const CallOption> RetimeOptions();
 std::span<const CallOption> ReplaceOptions();
 
+/// Takes the encoding of what is written.
+Problem SetEncoding(Request& request, const std::string& value);
+
 /// What is wrong with a request as a whole.
+Problem CheckEncoding(const Request& request);
 Problem CheckFps(const Request& request);
 Problem CheckConvert(const Request& request);
 Problem CheckRules(const Request& request);

@@ -24,7 +24,7 @@ constexpr std::array kCommands = {
     Command{"detect", 1, kAnyNumber, nullptr, nullptr},
     Command{"dump", 1, 1, nullptr, nullptr},
     Command{"peaks", 1, 1, nullptr, nullptr},
-    Command{"convert", 1, kAnyNumber, ConvertOptions, CheckConvert},
+    Command{"convert", 0, kAnyNumber, ConvertOptions, CheckConvert},
     Command{"rules", 1, 1, RulesOptions, CheckRules},
     Command{"retime", 1, 1, RetimeOptions, CheckRetime},
     Command{"replace", 1, 1, ReplaceOptions, CheckReplace},
@@ -65,6 +65,7 @@ class Reader {
     }
     if (Problem problem = CheckFiles(command_, request_.files.size())) return WrongUsage{*problem};
     if (Problem problem = CheckFps(request_)) return WrongUsage{*problem};
+    if (Problem problem = CheckEncoding(request_)) return WrongUsage{*problem};
     if (command_.check != nullptr) {
       if (Problem problem = command_.check(request_)) return WrongUsage{*problem};
     }

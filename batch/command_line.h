@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/frame_rate.h"
+#include "text/encodings.h"
 #include "text/text.h"
 #include "tools/replace_text.h"
 #include "tools/retime.h"
@@ -50,8 +51,9 @@ struct Request {
   std::vector<Text> files;
 
   // Common options.
-  std::optional<std::string> fps;  ///< empty: 25, unless the file tells its own
-  std::optional<TextChoice> text;  ///< empty: as the settings say
+  std::optional<std::string> fps;          ///< empty: 25, unless the file tells its own
+  std::optional<TextChoice> text;          ///< empty: as the settings say
+  std::optional<DocumentEncoding> readAs;  ///< empty: as `text` says
   std::optional<Text> catalogue;
   std::optional<Text> separator;
   std::optional<Text> settingsFile;
@@ -61,11 +63,15 @@ struct Request {
   bool quiet = false;
 
   // Options of `convert`; the first two of `rules` as well.
-  Text to;
+  std::optional<DocumentEncoding> encoding;  ///< of what is written; empty: the file's own
+  Text encodingName;                         ///< as it was given
+  Text to;                                   ///< empty: the file's own
   std::optional<Text> out;
   std::optional<Text> folder;
   bool keepUntimed = true;
-  bool rules = false;  ///< the correction rules run on the way
+  bool rules = false;             ///< the correction rules run on the way
+  int jobs = 0;                   ///< how many files are in work at once; 0: as many as there are cores
+  std::optional<Text> filesFrom;  ///< the file that names further files
 
   // Option of `rules`.
   bool detailed = false;

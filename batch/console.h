@@ -5,13 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "batch/output.h"
 #include "text/text.h"
 
 namespace cuewright {
 
 /// The standard streams of a run: results in blocks on the output, messages a line each on the error stream, and
 /// there a bar of progress while a terminal shows it.
-class Console {
+class Console final : public Output {
  public:
   Console();
   Console(const Console&) = delete;
@@ -24,13 +25,13 @@ class Console {
   void ResultsToErrors() { resultsTo_ = 2; }
 
   /// Writes a result. Blocks are written as they fill; on a terminal each line at once.
-  void Out(std::string_view text);
+  void Out(std::string_view text) override;
 
   /// Writes one line of message, unless quiet. Results before it are written first.
-  void Say(std::string_view line);
+  void Say(std::string_view line) override;
 
   /// Writes one line even when quiet: what is wrong with the call itself.
-  void Complain(std::string_view line);
+  void Complain(std::string_view line) override;
 
   /// Announces that `done` of `total` files are dealt with. The bar shows on a terminal once the work takes long.
   void Progress(std::size_t done, std::size_t total);

@@ -14,7 +14,7 @@ constexpr std::string_view kProgram =
     "  formats            list the formats of the catalogue\n"
     "  detect FILE...     tell each file's format\n"
     "  dump FILE          print the captions of a file\n"
-    "  convert FILE...    write files in another format\n"
+    "  convert FILE...    write files anew, in their own or another format\n"
     "  peaks FILE         print the peaks of a wave file\n"
     "  rules FILE         correct a file by the rules and print the report\n"
     "  retime FILE        shift, stretch or straighten the times of a file\n"
@@ -40,14 +40,23 @@ constexpr std::string_view kDump =
     "\n";
 
 constexpr std::string_view kConvert =
-    "Usage: cuewright-batch convert FILE... --to ID (--out FILE | --folder DIR) [OPTION]...\n"
+    "Usage: cuewright-batch convert FILE... (--out FILE | --folder DIR) [--to ID] [OPTION]...\n"
     "\n"
-    "  --to ID             format to write, an identifier that 'formats' lists\n"
+    "  --to ID             format to write, an identifier that 'formats' lists; without it each file\n"
+    "                      is written in its own format\n"
     "  --out FILE          file to write; one input only. '-' is the standard output\n"
-    "  --folder DIR        folder for the results, named as the inputs with the format's extension\n"
+    "  --folder DIR        folder for the results, named as the inputs, with --to with the format's\n"
+    "                      extension\n"
+    "  --files-from FILE   read further inputs from FILE, a name a line; '-' is the standard input\n"
+    "  --jobs N            work on N files at once (default: as many as there are cores). Messages and\n"
+    "                      results come in the order of the inputs\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS; without\n"
+    "                      it that of the file. Nothing is written when it lacks letters\n"
     "  --untimed keep|drop write everything (keep, the default), or nothing from the first caption\n"
     "                      without a start time on (drop)\n"
     "  --rules             correct the captions by the rules on the way\n"
+    "\n"
+    "Behind several files a line on the error stream says how many were written.\n"
     "\n";
 
 constexpr std::string_view kRules =
@@ -75,6 +84,8 @@ constexpr std::string_view kRetime =
     "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
     "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
     "  --to ID             format to write, if not the file's own\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS; without\n"
+    "                      it that of the file. Nothing is written when it lacks letters\n"
     "\n";
 
 constexpr std::string_view kReplace =
@@ -91,6 +102,8 @@ constexpr std::string_view kReplace =
     "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
     "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
     "  --to ID             format to write, if not the file's own\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS; without\n"
+    "                      it that of the file. Nothing is written when it lacks letters\n"
     "\n";
 
 constexpr std::string_view kPeaks =
@@ -109,6 +122,7 @@ constexpr std::string_view kCommon =
     "                      television, 24000/1001 and so on\n"
     "  --text HOW          auto: UTF-8 and UTF-16 are recognised; classic: 8-bit text in the\n"
     "                      locale's code page; classic:NNN: in code page NNN\n"
+    "  --read-as NAME      read files as text of this encoding, whatever they look like\n"
     "  --classic           work in the classic manner; --text classic implies it\n"
     "  --catalogue DIR     folder of formats.dat and formats.ini (default: the program's own)\n"
     "  --separator TEXT    what stands for a line break inside a caption (default |)\n"

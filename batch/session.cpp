@@ -11,15 +11,19 @@
 namespace cuewright {
 namespace {
 
+/// More lines than this are only counted.
+constexpr std::size_t kMostLackingTold = 100;
+
 /// What answers the question for a rate.
 Text RateFor(const Request& request) { return request.fps ? FromUtf8(*request.fps) : Decimal(kUsualRate); }
 
 }  // namespace
 
-Session::Session(const Request& request, Files& files, Console& console, int systemCodePage)
+Session::Session(const Request& request, Files& files, Output& output, int systemCodePage)
     : request_(request),
+      systemCodePage_(systemCodePage),
       files_(files),
-      boxes_(console, RateFor(request)),
+      boxes_(output, RateFor(request)),
       encodings_(systemCodePage),
       captions_(options_, modified_),
       report_(strings_) {
@@ -27,8 +31,14 @@ Session::Session(const Request& request, Files& files, Console& console, int sys
 }
 
 bool Session::Start(const Text& programFolder) {
+  programFolder_ = programFolder;
   LoadEnglish(MessageCatalogue(), strings_);
   return ReadSettings() && ReadCatalogue(programFolder);
+}
+
+std::unique_ptr<Session> Session::Another(Output& output) const {
+  auto session = std::make_unique<Session>(request_, files_, output, systemCodePage_);
+  return session->Start(programFolder_) ? std::move(session) : nullptr;
 }
 
 bool Session::ReadSettings() {
@@ -76,6 +86,7 @@ bool Session::ReadCatalogue(const Text& programFolder) {
   const FormatSet formats{catalogue_, state_, *loader_};
   const FileAccess access{files_, encodings_};
   importer_ = std::make_unique<Importer>(formats, talk, captions_, access, cancelled_);
+  if (request_.readAs) importer_->ReadAs(request_.readAs->codePage);
   exporter_ = std::make_unique<Exporter>(formats, talk, captions_, access, path_, modified_);
   return true;
 }
@@ -125,6 +136,7 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
   for (Row row = 1; !keepUntimed && row <= lastRow; ++row) {
     if (!captions_.IsCaptionTimed(row)) lastRow = row - 1;
   }
+  if (!TakeEncoding(lastRow)) return false;
   const int before = boxes_.Troubles();
   path_ = path;
   const int codePage = state_.Encoding.codePage;
@@ -133,6 +145,30 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
     boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(codePage) + u" lacks a character of the text.");
   }
   return boxes_.Troubles() == before;
+}
+
+bool Session::TakeEncoding(Row lastRow) {
+  if (!request_.encoding) return true;
+  // A file that is plain ASCII in both, or was in this encoding before, is left as it is.
+  if (state_.Encoding.codePage != request_.encoding->codePage) state_.Encoding = *request_.encoding;
+  const bool same = state_.Source && state_.Source->Format() == Format() && options_.manner.KeepsTheFile();
+  const SourceMap* const source = same ? state_.Source.get() : nullptr;
+  const std::vector<LackingPlace> places =
+      FindLackingLetters(captions_, lastRow, source, *MakeCodec(request_.encoding->codePage));
+  for (std::size_t i = 0; i < places.size() && i < kMostLackingTold; ++i) TellLacking(places[i]);
+  if (places.size() > kMostLackingTold) {
+    boxes_.Tell(Decimal(static_cast<long long>(places.size() - kMostLackingTold)) + u" more lines lack letters.");
+  }
+  if (!places.empty()) boxes_.Tell(u"Not written: " + request_.encodingName + u" lacks letters of the text.");
+  return places.empty();
+}
+
+void Session::TellLacking(const LackingPlace& place) {
+  boxes_.line = [&] { return place.line; };
+  Text text;
+  if (place.row != 0) text = u"caption " + Decimal(place.row) + u", line " + Decimal(place.rowLine) + u": ";
+  boxes_.Tell(text + request_.encodingName + u" lacks " + place.letters);
+  boxes_.line = nullptr;
 }
 
 bool Session::LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps) {

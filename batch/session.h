@@ -6,6 +6,7 @@
 #include "audio/wave_reader.h"
 #include "batch/boxes.h"
 #include "batch/command_line.h"
+#include "batch/lacking_letters.h"
 #include "batch/run_settings.h"
 #include "core/app_options.h"
 #include "core/caption_list.h"
@@ -28,14 +29,18 @@ namespace cuewright {
 class Session {
  public:
   /// `systemCodePage` is the ANSI code page of the user's locale.
-  Session(const Request& request, Files& files, Console& console, int systemCodePage);
+  Session(const Request& request, Files& files, Output& output, int systemCodePage);
 
   /// Reads settings and catalogue; false when that fails, which was told then. `programFolder` is where the
   /// catalogue is unless the call says otherwise.
   bool Start(const Text& programFolder);
 
+  /// A session for another thread that has started as this one has; null when it can't.
+  std::unique_ptr<Session> Another(Output& output) const;
+
   const FormatCatalogue& Catalogue() const { return catalogue_; }
   BatchBoxes& Boxes() { return boxes_; }
+  const Files& FileSystem() const { return files_; }
 
   /// The index of the format that recognition settles on; empty, after telling why, when there is none.
   std::optional<int> Detect(const Text& path);
@@ -65,8 +70,13 @@ class Session {
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
   bool Begin(const Text& path);
+  /// Puts the encoding of the call in force; false, after telling where, when it lacks letters of what is written.
+  bool TakeEncoding(Row lastRow);
+  void TellLacking(const LackingPlace& place);
 
   const Request& request_;
+  int systemCodePage_;
+  Text programFolder_;
   Files& files_;
   LangStrings strings_;
   BatchBoxes boxes_;

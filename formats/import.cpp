@@ -34,6 +34,10 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = access_.files.Read(path, kLargestTextFile);
+    if (codePage_) {
+      file = TextFile::As(std::move(bytes), *codePage_);
+      return;
+    }
     const auto read = EqualLoose(captions_.Options().readAs, u"classic") ? TextFile::Classic : TextFile::Auto;
     file = read(std::move(bytes), access_.encodings);
   });

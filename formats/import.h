@@ -44,6 +44,9 @@ class Importer {
   /// it doesn't read as it did, none is.
   void RestoreSource(const JournalSource& kept);
 
+  /// Files are text of this code page from now on, whatever they look like; nothing: as the options say.
+  void ReadAs(std::optional<int> codePage) { codePage_ = codePage; }
+
   /// Reads a file with the format in force. A new document begins with an empty list.
   void ImportSubtitle(TextView path, Loading loading);
 
@@ -78,6 +81,7 @@ class Importer {
   FormatRecogniser recogniser_;
   LineImport lines_;
   SourceImport source_;
+  std::optional<int> codePage_;
   std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
   std::int32_t appendOffset_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "forms/notices.h"
 
 #include "core/numbers.h"
+#include "text/encoding_names.h"
 
 namespace cuewright {
 
@@ -17,7 +18,8 @@ Text EncodingName(const DocumentEncoding& encoding) {
       name = u"UTF-16BE";
       break;
     default:
-      name = u"windows-" + Decimal(encoding.codePage);
+      name = FromUtf8(ConverterOfCodePage(encoding.codePage));
+      if (name.empty()) name = u"windows-" + Decimal(encoding.codePage);
   }
   return encoding.mark ? name + u" (BOM)" : name;
 }

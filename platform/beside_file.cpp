@@ -12,13 +12,22 @@
 namespace cuewright {
 namespace {
 
+/// The rights that a new file of this process lacks. They can only be asked for by setting them, which two threads must
+/// not do at once; so that is done once.
+mode_t CreationMask() {
+  static const mode_t mask = [] {
+    const mode_t present = ::umask(0);
+    ::umask(present);
+    return present;
+  }();
+  return mask;
+}
+
 /// Gives the new file the mode and, where allowed, the owner of the one that it takes the place of; a file
 /// that was not there gets the mode that a plain creation gives.
 void CopyRights(int fd, const std::optional<struct stat>& old) {
   if (!old) {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
+    ::fchmod(fd, 0666 & ~CreationMask());
     return;
   }
   if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, static_cast<uid_t>(-1), old->st_gid) != 0) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "text/encoding_names.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -25,8 +26,6 @@ char16_t UnitOf(char high, char low) {
   return static_cast<char16_t>((static_cast<unsigned char>(high) << 8) | static_cast<unsigned char>(low));
 }
 
-std::string ConverterName(int codePage) { return "windows-" + std::to_string(codePage); }
-
 struct ConverterCloser {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
@@ -34,7 +33,7 @@ using Converter = std::unique_ptr<UConverter, ConverterCloser>;
 
 Converter OpenConverter(int codePage) {
   UErrorCode status = U_ZERO_ERROR;
-  Converter converter(ucnv_open(ConverterName(codePage).c_str(), &status));
+  Converter converter(ucnv_open(ConverterOfCodePage(codePage).c_str(), &status));
   return U_SUCCESS(status) ? std::move(converter) : nullptr;
 }
 
@@ -138,7 +137,7 @@ class SingleByteCodec final : public Codec {
   std::vector<std::pair<char16_t, unsigned char>> toByte_;
 };
 
-/// Code pages with characters of two bytes. Runs of ASCII pass by; the rest goes through the library.
+/// Code pages with characters of two bytes or more. Runs of ASCII pass by; the rest goes through the library.
 class DoubleByteCodec : public Codec {
  public:
   std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const final {
@@ -324,13 +323,10 @@ std::shared_ptr<const Codec> MakeCodec(int codePage) {
       return std::make_shared<Utf16Codec>(codePage == kCodePageUtf16Be);
     case kCodePageJohab:
       return std::make_shared<JohabCodec>();
-    case 932:
-    case 936:
-    case 949:
-    case 950:
-      return std::make_shared<IcuDoubleByteCodec>(codePage);
     default:
-      return std::make_shared<SingleByteCodec>(IsTextCodePage(codePage) ? codePage : kCodePageWestern);
+      if (ConverterOfCodePage(codePage).empty()) return std::make_shared<SingleByteCodec>(kCodePageWestern);
+      if (HasOneByteCharacters(codePage)) return std::make_shared<SingleByteCodec>(codePage);
+      return std::make_shared<IcuDoubleByteCodec>(codePage);
   }
 }
 

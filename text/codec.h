@@ -43,7 +43,8 @@ class Codec {
   virtual bool IsUtf8() const { return false; }
 };
 
-/// The codec of a code page of `IsTextCodePage`, or of UTF-16 for writing; any other number gives 1252.
+/// The codec of a code page that `EncodingByName` knows, among them those of `IsTextCodePage` and, for writing, UTF-16;
+/// any other number gives 1252.
 std::shared_ptr<const Codec> MakeCodec(int codePage);
 
 }  // namespace cuewright

@@ -50,6 +50,23 @@ TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
   return file;
 }
 
+TextFile TextFile::As(std::string bytes, int codePage) {
+  TextFile file;
+  file.bytes_ = std::move(bytes);
+  const std::string_view mark = MarkOf(codePage);
+  file.encoding_ = {codePage, !mark.empty() && file.bytes_.starts_with(mark)};
+  if (file.encoding_.mark) file.start_ = mark.size();
+  if (codePage == kCodePageUtf16Le || codePage == kCodePageUtf16Be) {
+    file.TurnIntoUtf8(codePage == kCodePageUtf16Be);
+  } else if (codePage != kCodePageUtf8) {
+    file.codec_ = MakeCodec(codePage);
+  }
+  if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
+  file.doubledReturn_ = true;
+  file.at_ = file.start_;
+  return file;
+}
+
 TextFile TextFile::Kept(std::string bytes, const DocumentEncoding& encoding) {
   TextFile file;
   file.bytes_ = std::move(bytes);

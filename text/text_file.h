@@ -55,6 +55,9 @@ class TextFile {
   /// A file whose `Bytes` and encoding were kept.
   static TextFile Kept(std::string bytes, const DocumentEncoding& encoding);
 
+  /// The bytes are text of this encoding, whatever they look like; only its own mark is looked for.
+  static TextFile As(std::string bytes, int codePage);
+
   const DocumentEncoding& Encoding() const { return encoding_; }
 
   /// The next line without its end; false behind the last one. A file that ends in a line end has no line behind

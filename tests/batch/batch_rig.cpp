@@ -49,6 +49,13 @@ std::string BatchTest::Read(const std::string& name) const {
 
 bool BatchTest::Exists(const std::string& name) const { return std::filesystem::exists(PathOf(name)); }
 
+ProcessResult ShellTest::Shell(const std::string& line) const {
+  ProcessOptions options;
+  options.folder = PathOf("");
+  return RunProcess(
+      {"/usr/bin/env", "LC_ALL=C.UTF-8", "B=" CUEWRIGHT_BIN_DIR "/cuewright-batch", "/bin/sh", "-c", line}, options);
+}
+
 std::vector<std::string> LinesOf(std::string_view text) {
   std::vector<std::string> lines = SplitAt(text, '\n');
   if (lines.back().empty()) lines.pop_back();

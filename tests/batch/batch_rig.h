@@ -31,6 +31,13 @@ class BatchTest : public testing::Test {
   std::string folder_;
 };
 
+/// The same for lines of the shell.
+class ShellTest : public BatchTest {
+ protected:
+  /// Runs a line of the shell in the folder; $B is the program.
+  ProcessResult Shell(const std::string& line) const;
+};
+
 /// Two captions, one of two lines and in italics.
 inline constexpr std::string_view kSubRip =
     "1\r\n00:00:12,400 --> 00:00:15,200\r\nGood evening, Inspector.\r\n\r\n"

@@ -105,7 +105,9 @@ TEST_F(BatchTest, ConvertGoesOnBehindAFailedFile) {
   EXPECT_EQ(Read("out/good.sub"), kMicroDvd);
   EXPECT_FALSE(Exists("out/bad.sub"));
   EXPECT_FALSE(Exists("out/missing.sub"));
-  EXPECT_EQ(LinesOf(result.error).size(), 2u);
+  const std::vector<std::string> lines = LinesOf(result.error);
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(lines[2], "3 files, 1 written, 2 failed");
 }
 
 constexpr std::string_view kHalfTimed =

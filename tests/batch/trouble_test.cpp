@@ -69,16 +69,7 @@ TEST_F(BatchTest, TheLineOfAnErrorIsTheFilesOwnWhateverEndsItsLines) {
   EXPECT_EQ(Batch({"dump", "wide.sub"}).error.substr(0, 11), "wide.sub:3:");
 }
 
-class BatchStreams : public BatchTest {
- protected:
-  /// Runs a line of the shell in the folder; $B is the program.
-  ProcessResult Shell(const std::string& line) const {
-    ProcessOptions options;
-    options.folder = PathOf("");
-    return RunProcess(
-        {"/usr/bin/env", "LC_ALL=C.UTF-8", "B=" CUEWRIGHT_BIN_DIR "/cuewright-batch", "/bin/sh", "-c", line}, options);
-  }
-};
+using BatchStreams = ShellTest;
 
 TEST_F(BatchStreams, TheOutputsOwnNamesAreWrittenOnAndNeverReplaced) {
   Write("a.srt", kSubRip);

@@ -54,7 +54,6 @@ INSTANTIATE_TEST_SUITE_P(
                     UsageCase{{"dump", "a.srt", "--separator", ""}, "--separator"},
                     UsageCase{{"dump", "a.srt", "--settings", "missing.ini"}, "missing.ini"},
                     UsageCase{{"formats", "--catalogue", "missing"}, "missing/formats.dat"},
-                    UsageCase{{"convert", "a.srt"}, "needs --to"},
                     UsageCase{{"convert", "a.srt", "--to", "SAMI"}, "either --out or --folder"},
                     UsageCase{{"convert", "a.srt", "--to", "SAMI", "--out", "b", "--folder", "."},
                               "either --out or --folder"},

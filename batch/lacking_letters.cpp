@@ -1,0 +1,77 @@
+#include "batch/lacking_letters.h"
+
+#include <algorithm>
+
+#include "formats/source/source_map.h"
+
+namespace cuewright {
+namespace {
+
+/// The characters that the codec lacks, each once, in their order.
+Text LackingIn(TextView text, const Codec& codec) {
+  Text lacking;
+  if (codec.Holds(text)) return lacking;
+  for (std::size_t at = 0; at < text.size();) {
+    const bool pair = (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size();
+    const TextView character = text.substr(at, pair ? 2 : 1);
+    if (!codec.Holds(character) && lacking.find(character) == Text::npos) lacking += character;
+    at += character.size();
+  }
+  return lacking;
+}
+
+/// The record that a caption was read from; null for none.
+const SourceRecord* RecordOf(const Caption& caption, const SourceMap* source) {
+  if (source == nullptr || caption.origin == 0 || caption.origin > source->Pieces().size()) return nullptr;
+  return &source->Pieces()[caption.origin - 1].record;
+}
+
+/// The line of the file in which a line of a caption's text stands; 0 for a caption that stands in none.
+std::size_t LineInFile(const SourceRecord* record, const SourceMap* source, int rowLine) {
+  if (record == nullptr) return 0;
+  const Stretch& text = record->text.Empty() ? record->whole : record->text;
+  const std::size_t last = source->LineOf(text.Empty() ? text.at : text.End() - 1);
+  return std::min(source->LineOf(text.at) + static_cast<std::size_t>(rowLine) - 1, last);
+}
+
+void FindInCaptions(const CaptionList& captions, Row lastRow, const SourceMap* source, const Codec& codec,
+                    std::vector<LackingPlace>& places) {
+  for (Row row = 1; row <= lastRow && captions.InRange(row); ++row) {
+    const Caption& caption = captions.At(row);
+    if (codec.Holds(caption.text)) continue;
+    int rowLine = 0;
+    for (const Text& line : Split(caption.text, captions.Options().lineSeparator)) {
+      ++rowLine;
+      Text lacking = LackingIn(line, codec);
+      if (lacking.empty()) continue;
+      places.push_back({LineInFile(RecordOf(caption, source), source, rowLine), row, rowLine, std::move(lacking)});
+    }
+  }
+}
+
+/// Comments, names and headers stay in the file as well.
+void FindBesideRecords(const SourceMap& source, const Codec& codec, std::vector<LackingPlace>& places) {
+  TextFile file = source.File();
+  file.Rewind();
+  LineBuffer text;
+  auto piece = source.Pieces().begin();
+  for (std::size_t line = 1;; ++line) {
+    const std::size_t at = file.BytesRead();
+    if (!file.NextText(text)) return;
+    while (piece != source.Pieces().end() && piece->record.whole.End() <= at) ++piece;
+    const bool inRecord = piece != source.Pieces().end() && piece->record.whole.at < file.BytesRead();
+    if (!inRecord && !codec.Holds(text.View())) places.push_back({line, 0, 0, LackingIn(text.View(), codec)});
+  }
+}
+
+}  // namespace
+
+std::vector<LackingPlace> FindLackingLetters(const CaptionList& captions, Row lastRow, const SourceMap* source,
+                                             const Codec& codec) {
+  std::vector<LackingPlace> places;
+  FindInCaptions(captions, lastRow, source, codec, places);
+  if (source != nullptr) FindBesideRecords(*source, codec, places);
+  return places;
+}
+
+}  // namespace cuewright
