@@ -16,10 +16,10 @@ namespace {
 using namespace cuewright;
 
 constexpr TextView kSeparator = u"|";
-constexpr std::array<TextView, 17> kFormats = {
-    u"SUBRIP",     u"WEBVTT",   u"ADVANCEDSSA",  u"SUBSTATIONALPHA", u"SAMI",        u"MICRODVD",
-    u"MPL2",       u"TMPLAYER", u"TMPLAYERPLUS", u"TMPLAYERCOLON",   u"YOUTUBESBV",  u"SUBVIEWER2",
-    u"KARAOKELRC", u"TTML",     u"WEBVTT_RSS",   u"QUICKTIMETEXT",   u"SUBVIEWER2SP"};
+constexpr std::array<TextView, 18> kFormats = {
+    u"SUBRIP",     u"WEBVTT",   u"ADVANCEDSSA",  u"SUBSTATIONALPHA", u"SAMI",         u"MICRODVD",
+    u"MPL2",       u"TMPLAYER", u"TMPLAYERPLUS", u"TMPLAYERCOLON",   u"YOUTUBESBV",   u"SUBVIEWER2",
+    u"KARAOKELRC", u"TTML",     u"WEBVTT_RSS",   u"QUICKTIMETEXT",   u"SUBVIEWER2SP", u"TRANSCRIPTJSON"};
 
 class CheckingSink final : public SourceSink {
  public:

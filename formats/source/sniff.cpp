@@ -190,11 +190,21 @@ Found QuickTime(const Head& head) {
   return {};
 }
 
+/// JSON with the keys of a segment.
+Found TranscriptJson(const Head& head) {
+  if (!head.Line(0).starts_with('{') && !head.Line(0).starts_with('[')) return {};
+  for (const std::string_view key : {"\"start\"", "\"end\"", "\"text\""}) {
+    if (head.Bytes().find(key) == std::string_view::npos) return {};
+  }
+  return u"TRANSCRIPTJSON";
+}
+
 }  // namespace
 
 std::optional<Text> SniffFormat(TextView text) {
   const Head head(text);
-  for (const auto rule : {WebVtt, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics, TmPlayer}) {
+  for (const auto rule :
+       {WebVtt, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics, TmPlayer, TranscriptJson}) {
     if (Found found = rule(head)) return found;
   }
   return {};

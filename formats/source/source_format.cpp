@@ -8,6 +8,7 @@
 #include "formats/source/subrip_format.h"
 #include "formats/source/substation_format.h"
 #include "formats/source/tmplayer_format.h"
+#include "formats/source/transcript_format.h"
 #include "formats/source/ttml_format.h"
 #include "formats/source/webvtt_format.h"
 
@@ -48,6 +49,7 @@ constexpr Maker kMakers[] = {
     {u"TMPLAYER", With<TmPlayerFormat, TmPlayerFormat::Dialect::Rows>},
     {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},
     {u"TMPLAYERCOLON", With<TmPlayerFormat, TmPlayerFormat::Dialect::Colon>},
+    {u"TRANSCRIPTJSON", Plain<TranscriptFormat>},
     {u"TTML", Plain<TtmlFormat>},
     {u"WEBVTT", Plain<WebVttFormat>},
     {u"WEBVTT_RSS", Plain<WebVttFormat>},

@@ -31,6 +31,7 @@ TEST(SniffFormat, TellsWhatIsSure) {
       {u"\n\n1\n0:00:12.4-->0:00:15.2 X1:5\nx", u"SUBRIP"},
       {u"[ti:A song]\n[00:12.40]x", u"KARAOKELRC"},
       {u"[00:12]x", u"KARAOKELRC"},
+      {u"{\"segments\": [{\"start\": 1, \"end\": 2, \"text\": \"x\"}]}", u"TRANSCRIPTJSON"},
       {u"00:00:12,1=x\n", u"TMPLAYER"},
       {u"0:00:12=x\n0:00:15=\n", u"TMPLAYERPLUS"},
       {u"00:00:12:x\n00:00:15:\n", u"TMPLAYERCOLON"},
