@@ -141,10 +141,20 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
   path_ = path;
   const int codePage = state_.Encoding.codePage;
   exporter_->ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  if (options_.manner.TellsWhatIsLost()) TellLost();
   if (state_.Encoding.codePage != codePage) {
     boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(codePage) + u" lacks a character of the text.");
   }
   return boxes_.Troubles() == before;
+}
+
+void Session::TellLost() {
+  for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
+    const std::size_t count = exporter_->Lost().Of(static_cast<Loss>(kind));
+    if (count == 0) continue;
+    boxes_.Tell(Format() + u" can't hold " + FromUtf8(NameOf(static_cast<Loss>(kind))) +
+                u"; captions that lose them: " + Decimal(static_cast<long long>(count)));
+  }
 }
 
 bool Session::TakeEncoding(Row lastRow) {

@@ -66,6 +66,7 @@ class Session {
   bool LoadWave(const Text& path, WavePeaks& peaks, WaveLoadSteps& steps);
 
  private:
+  void TellLost();
   bool ReadSettings();
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.

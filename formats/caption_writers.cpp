@@ -128,6 +128,7 @@ class RecordWriter {
 
   void PutText(TextView stored) {
     const Text& separator = job_.captions.Options().lineSeparator;
+    if (job_.textsAreWritten && !semicolons_) return PutLines(stored, separator);
     if (sink_.IsUtf8() && !plainMarkers_ && !semicolons_ && PutUtf8(stored, separator)) return;
     if (!semicolons_ && HeldOf(stored, u'<', u'\r', plainMarkers_ ? u'\0' : u'<') == 0) {
       PutLines(stored, separator);

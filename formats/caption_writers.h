@@ -80,6 +80,7 @@ struct WriteJob {
   TextView identifier;
   TimeRules times;
   CarryOn& errors;
+  bool textsAreWritten = false;  ///< but for their separators they are in the format's own marks
 };
 
 /// One caption a line, separators and markers left as they are; all rows.

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "formats/caption_writers.h"
+#include "formats/carried_texts.h"
 #include "formats/source/source_writer.h"
 
 namespace cuewright {
@@ -29,14 +30,18 @@ bool Exporter::ExportSubtitle(std::int16_t lastRow) {
 
 bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const Text id = formats_.CurrentIdentifier();
-  const WriteJob job{captions_,
+  const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  std::optional<CarriedTexts> carried;
+  lost_ = {};
+  if (!map && CarriesMarks(id, lastRow)) carried.emplace(captions_, lastRow, MarksOfTexts(), id, lost_);
+  const WriteJob job{carried ? carried->List() : captions_,
                      lastRow,
                      formats_.loader.Definition(),
                      id,
                      {formats_.state.CurrentFps, captions_.Options().manner.TimesAreExact()},
-                     errors};
+                     errors,
+                     carried && carried->AreWritten()};
   DocumentEncoding encoding = formats_.state.Encoding;
-  const std::shared_ptr<const SourceMap> map = SourceOf(id);
   std::optional<SourceWriter> source;
   if (map) source.emplace(*map, captions_, id == kPlainText ? captions_.Rows() - 1 : lastRow, TimesOf(*map));
   const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
@@ -61,6 +66,16 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
     formats_.state.Encoding = encoding;
   }
   return written;
+}
+
+bool Exporter::CarriesMarks(TextView id, Row lastRow) const {
+  return captions_.Options().manner.KeepsStylesWithin() && id != kPlainText &&
+         CarriedTexts::HasMarks(captions_, lastRow);
+}
+
+MarkKind Exporter::MarksOfTexts() const {
+  // What is typed into a document without a file has the tags that people know.
+  return formats_.state.Source ? MarkKindOf(formats_.state.Source->Format()) : MarkKind::SubRip;
 }
 
 std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {

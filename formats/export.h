@@ -8,6 +8,8 @@
 #include "core/runtime_error.h"
 #include "formats/definition.h"
 #include "formats/file_access.h"
+#include "formats/source/losses.h"
+#include "formats/source/markup.h"
 #include "formats/source/source_writer.h"
 #include "text/text.h"
 
@@ -28,10 +30,17 @@ class Exporter {
   /// and is the document's encoding from then on.
   bool ExportSubtitle(std::int16_t lastRow);
 
+  /// How many captions lost marks of each kind in the last export, since its format can't hold them.
+  const Losses& Lost() const { return lost_; }
+
  private:
   bool WriteFile(Row lastRow, CarryOn& errors);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
+  /// Texts have marks that are to become those of the format.
+  bool CarriesMarks(TextView id, Row lastRow) const;
+  /// Whose marks stand in the document's texts.
+  MarkKind MarksOfTexts() const;
   SourceTimes TimesOf(const SourceMap& map) const;
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, const SourceWriter* source, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;
@@ -45,6 +54,7 @@ class Exporter {
   FileAccess access_;
   const Text& path_;
   bool& modified_;
+  Losses lost_;
 };
 
 }  // namespace cuewright

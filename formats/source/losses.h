@@ -3,6 +3,7 @@
 #include <array>
 #include <bitset>
 #include <cstddef>
+#include <string_view>
 
 namespace cuewright {
 
@@ -26,6 +27,9 @@ enum class Loss : std::size_t {
   Remark,  ///< words that no viewer shows
   Other,
 };
+
+/// What a kind is called in English, as "colours".
+std::string_view NameOf(Loss kind);
 inline constexpr std::size_t kLossKinds = static_cast<std::size_t>(Loss::Other) + 1;
 
 /// The kinds of marks that one caption has or loses.

@@ -39,7 +39,7 @@ TEST_F(BatchTest, AnErrorOfALoadFailsWithItsLineAndIsNeverWrittenOver) {
   Write("a.sub", WithALongLine());
   std::filesystem::create_symlink("a.sub", PathOf("link.sub"));
   for (const std::string out : {"a.sub", "link.sub"}) {
-    const ProcessResult result = Batch({"convert", "a.sub", "--to", "MICRODVD", "--out", out});
+    const ProcessResult result = Batch({"convert", "a.sub", "--to", "MICRODVD", "--out", out, "--classic"});
     EXPECT_EQ(result.status, 1);
     ASSERT_EQ(LinesOf(result.error).size(), 2u) << result.error;
     EXPECT_EQ(LinesOf(result.error)[0], "a.sub:3: An error ocurred while loading the file a.sub. Error #6: Overflow");
@@ -49,10 +49,10 @@ TEST_F(BatchTest, AnErrorOfALoadFailsWithItsLineAndIsNeverWrittenOver) {
 
 TEST_F(BatchTest, AFileReadWithAnErrorIsWrittenElsewhereButCountsAsFailed) {
   Write("a.sub", WithALongLine());
-  EXPECT_EQ(Batch({"convert", "a.sub", "--to", "SUBRIP", "--out", "a.srt"}).status, 1);
+  EXPECT_EQ(Batch({"convert", "a.sub", "--to", "SUBRIP", "--out", "a.srt", "--classic"}).status, 1);
   EXPECT_NE(Read("a.srt").find("last"), std::string::npos);
-  EXPECT_EQ(Batch({"dump", "a.sub"}).status, 1);
-  EXPECT_EQ(Batch({"rules", "a.sub"}).status, 1);
+  EXPECT_EQ(Batch({"dump", "a.sub", "--classic"}).status, 1);
+  EXPECT_EQ(Batch({"rules", "a.sub", "--classic"}).status, 1);
 }
 
 TEST_F(BatchTest, TheLineOfAnErrorIsTheFilesOwnWhateverEndsItsLines) {
@@ -65,8 +65,8 @@ TEST_F(BatchTest, TheLineOfAnErrorIsTheFilesOwnWhateverEndsItsLines) {
   }
   Write("plain.sub", plain);
   Write("wide.sub", wide);
-  EXPECT_EQ(Batch({"dump", "plain.sub"}).error.substr(0, 12), "plain.sub:3:");
-  EXPECT_EQ(Batch({"dump", "wide.sub"}).error.substr(0, 11), "wide.sub:3:");
+  EXPECT_EQ(Batch({"dump", "plain.sub", "--classic"}).error.substr(0, 12), "plain.sub:3:");
+  EXPECT_EQ(Batch({"dump", "wide.sub", "--classic"}).error.substr(0, 11), "wide.sub:3:");
 }
 
 using BatchStreams = ShellTest;

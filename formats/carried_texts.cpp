@@ -1,0 +1,41 @@
+#include "formats/carried_texts.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "formats/source/source_format.h"
+
+namespace cuewright {
+namespace {
+
+bool MayBeMarked(TextView text) { return text.find_first_of(u"<>{}[]&\\/") != TextView::npos; }
+
+}  // namespace
+
+bool CarriedTexts::HasMarks(const CaptionList& list, Row lastRow) {
+  for (Row row = 1; row <= lastRow && list.InRange(row); ++row) {
+    if (MayBeMarked(list.At(row).text)) return true;
+  }
+  return false;
+}
+
+CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to, Losses& lost)
+    : list_(list.Options(), modified_) {
+  const MarkKind kind = MarkKindOf(to);
+  const TextView separator = list.Options().lineSeparator;
+  const std::unique_ptr<SourceFormat> rules = kind == MarkKind::Plain ? nullptr : MakeSourceFormat(to);
+  written_ = rules != nullptr;
+  std::vector<Caption> rows;
+  for (Row row = 1; row <= lastRow && list.InRange(row); ++row) {
+    rows.push_back(list.At(row));
+    Text& text = rows.back().text;
+    if (!MayBeMarked(text)) continue;
+    if (kind != from) text = ConvertMarks(text, from, kind, separator, lost);
+    // The separators stay: the record's writer puts the format's line breaks in their place.
+    if (rules) text = rules->TextField(text, separator, separator);
+  }
+  if (!rows.empty()) list_.Replace(1, 1, std::move(rows));
+}
+
+}  // namespace cuewright

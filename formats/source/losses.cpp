@@ -1,0 +1,13 @@
+#include "formats/source/losses.h"
+
+namespace cuewright {
+
+std::string_view NameOf(Loss kind) {
+  constexpr std::array<std::string_view, kLossKinds> kNames = {
+      "bold",     "italics",        "underline",     "strike-through", "colours",       "speakers",
+      "position", "exact position", "fonts",         "sizes",          "karaoke times", "ruby",
+      "drawings", "effects",        "style classes", "remarks",        "other marks"};
+  return kNames[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace cuewright
