@@ -16,7 +16,7 @@ void RecordWatch::TakeLine(std::size_t at, std::size_t behind, bool blank, const
   }
   if (closed) Close(captions.ImportedCount());
   if (!blank) {
-    std::ranges::rotate(lastLines_, lastLines_.end() - 1);
+    std::rotate(lastLines_.begin(), lastLines_.end() - 1, lastLines_.end());
     lastLines_[0] = at;
   }
   const bool begins = captions.StartSet() && (!open_ || times.start != times_.start);
