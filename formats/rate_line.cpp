@@ -4,7 +4,7 @@ namespace cuewright {
 
 FrameRate RateOfLine(TextView line) {
   line = TrimBlanks(line);
-  if (!line.starts_with(kRateLine)) return {};
+  if (!line.starts_with(kRateLine) && !line.starts_with(u"{0}{0}")) return {};
   const FrameRate rate = FrameRate::FromText(line.substr(kRateLine.size()));
   return rate.IsUsual() ? rate : FrameRate();
 }

@@ -12,7 +12,7 @@ inline constexpr int kUsualRate = 25;
 /// What a line of MicroDVD begins with that tells the frame rate.
 inline constexpr TextView kRateLine = u"{1}{1}";
 
-/// The rate of a line such as "{1}{1}23.976"; none for any other line and for a rate that nobody uses.
+/// The rate of a line such as "{1}{1}23.976" or "{0}{0}25"; none for any other line and for a rate that nobody uses.
 FrameRate RateOfLine(TextView line);
 
 /// The rate that the file's first line tells. The file is at its beginning, then and now.

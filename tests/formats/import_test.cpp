@@ -223,6 +223,14 @@ TEST(MicroDvdRate, OfTheFirstLineIsTakenWithoutAQuestion) {
   EXPECT_EQ(rig.Save(u"MICRODVD", rig.state.CurrentFps), "{1}{1}23.976\r\n{24}{48}x\r\n{1}{1}kept\r\n");
 }
 
+TEST(MicroDvdRate, MayStandAtFrame0) {
+  FormatRig rig;
+  EXPECT_EQ(rig.Open("a.sub", "{0}{0}29,97\r\n{30}{60}x\r\n"), u"MICRODVD");
+  EXPECT_TRUE(rig.messages.asked.empty());
+  EXPECT_EQ(rig.state.CurrentFps, 29.97);
+  EXPECT_EQ(rig.Rows(), (Rows{{1001, 2002, u"x"}}));
+}
+
 TEST(MicroDvdRate, ThatNobodyUsesIsAText) {
   FormatRig rig;
   rig.Open("a.sub", "{1}{1}1984\r\n{25}{50}x\r\n");
