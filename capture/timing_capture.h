@@ -64,7 +64,8 @@ class TimingCapture {
 
   /// Seeks to a caption, as a double click (with `nudge`) or Enter in the list does; in the classic manner only while
   /// the film plays.
-  void SeekToCaption(Row row, bool nudge);
+  enum class SeekTo { Start, JustBehindStart };
+  void SeekToCaption(Row row, SeekTo place);
 
  private:
   /// What began the hold that runs: only its own release ends it.
