@@ -5,12 +5,14 @@
 #include <QApplication>
 #include <cmath>
 #include <fstream>
+#include <stdexcept>
 
 #include "forms/program.h"
 #include "platform/posix_files.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temp_folder.h"
 #include "ui/audio_bar_widgets.h"
+#include "ui/binder.h"
 
 namespace cuewright::bench {
 namespace {
@@ -25,10 +27,11 @@ struct Bar {
     environment.settingsFile = folder / "settings.ini";
     environment.makeTempFolder = [this] { return folder / "run/"; };
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
-    program->Start();
+    if (!program->Start()) throw std::runtime_error("the formats are missing");
     program->LoadMainWindow(1920, 1080);
     area.resize(1960, 100);
-    widgets = std::make_unique<AudioBarWidgets>(program->audioBar, &area);
+    binder = std::make_unique<Binder>(area, program->window);
+    widgets = std::make_unique<AudioBarWidgets>(program->audioBar, *binder, &area);
     widgets->Place({8, 8, 1943, AudioBar::kHeight});
     program->audioBar.LoadWaveFile(Wave());
     player.Become(kPlayerPlaying);
@@ -62,6 +65,7 @@ struct Bar {
   FakePickers pickers;
   std::unique_ptr<Program> program;
   QWidget area;
+  std::unique_ptr<Binder> binder;
   std::unique_ptr<AudioBarWidgets> widgets;
 };
 

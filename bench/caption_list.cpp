@@ -27,7 +27,7 @@ struct Desk {
     player.enabled = true;
     player.state = kPlayerPlaying;
     list.SetEnabled(false);
-    panel.ResetGrid(true);
+    panel.ResetGrid(CaptionPanel::Showing::BlankCaption);
     Fill(captions);
     list.SetEnabled(true);
     table = std::make_unique<CaptionTable>(list, grid, commands, menu, nullptr);

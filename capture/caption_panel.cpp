@@ -34,7 +34,8 @@ void CaptionPanel::ShowRow(Row row, bool scroll) {
   if (scroll) grid_.ScrollRow(true);
 }
 
-void CaptionPanel::ResetGrid(bool active) {
+void CaptionPanel::ResetGrid(Showing showing) {
+  const bool active = showing == Showing::BlankCaption;
   list_.Reset();
   if (active) {
     ApplyLanguage(grid_.RightToLeft());

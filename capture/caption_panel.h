@@ -16,8 +16,9 @@ class CaptionPanel {
 
   /// Start and end of the caption shown last, in ms.
 
-  /// Empties the list: to one blank caption when `active`, else to the state without a document.
-  void ResetGrid(bool active);
+  enum class Showing { BlankCaption, Notice };
+  /// Empties the list: to one blank caption, or to the notice that there is no document.
+  void ResetGrid(Showing showing);
 
   /// The checks of the three style items follow the row.
   void ShowStyles(Row row);

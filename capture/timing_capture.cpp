@@ -329,9 +329,10 @@ bool TimingCapture::RunSeekKey(int code) {
   return true;
 }
 
-void TimingCapture::SeekToCaption(Row row, bool nudge) {
+void TimingCapture::SeekToCaption(Row row, SeekTo place) {
   if (!CanSeek() || !bench_.list.IsCaptionTimed(row)) return;
-  player_.SetCurrentPosition(bench_.list.GetCaptionStart(row) / 1000.0 + (nudge ? kNudgeSeconds : 0));
+  player_.SetCurrentPosition(bench_.list.GetCaptionStart(row) / 1000.0 +
+                             (place == SeekTo::JustBehindStart ? kNudgeSeconds : 0));
 }
 
 }  // namespace cuewright

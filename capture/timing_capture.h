@@ -62,9 +62,10 @@ class TimingCapture {
   /// A document came or went: no capture runs, and nothing is there to join with.
   void Reset();
 
-  /// Seeks to a caption, as a double click (with `nudge`) or Enter in the list does; in the classic manner only while
-  /// the film plays.
-  void SeekToCaption(Row row, bool nudge);
+  enum class SeekTo { Start, JustBehindStart };
+  /// Seeks to a caption, as a double click (just behind its start) or Enter in the list does; in the classic manner
+  /// only while the film plays.
+  void SeekToCaption(Row row, SeekTo place);
 
  private:
   /// What began the hold that runs: only its own release ends it.

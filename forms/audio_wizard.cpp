@@ -24,8 +24,8 @@ constexpr int kCheckWaitMs = 3000;
 AudioWizard::AudioWizard(WizardParts parts)
     : Wizard("frmAudioWizard", parts, {Message::ExtractionWizard, u"aext.vcf", Message::SaveAudioAs, u".wav"}) {
   cmbSampleRate.SetEditable(true);
-  optWAV.Clicked.Connect([this] { ChooseFormat(true); });
-  optOriginal.Clicked.Connect([this] { ChooseFormat(false); });
+  optWAV.Clicked.Connect([this] { ChooseFormat(SoundFormat::Wave); });
+  optOriginal.Clicked.Connect([this] { ChooseFormat(SoundFormat::Original); });
   imgGetVirtualDub.MouseDown.Connect([this](const MouseEvent& mouse) {
     if (mouse.button == MouseButton::Left) tool_.OpenDownload(Download::Tool);
   });
@@ -52,7 +52,7 @@ void AudioWizard::Open() {
   chkAudioBar.SetValue(true);
   chkClose.SetValue(false);
   chkClose.SetEnabled(true);
-  ChooseFormat(true);
+  ChooseFormat(SoundFormat::Wave);
   for (std::size_t task = 0; task < lights_.size(); ++task) {
     SetTaskLight(task, 0);
     lblTask[task].SetBold(false);
@@ -81,7 +81,8 @@ void AudioWizard::ApplyTexts() {
   imgGetVirtualDub.SetSpokenName(s[Message::DownloadLink]);
 }
 
-void AudioWizard::ChooseFormat(bool wave) {
+void AudioWizard::ChooseFormat(SoundFormat format) {
+  const bool wave = format == SoundFormat::Wave;
   optWAV.SetValue(wave);
   optOriginal.SetValue(!wave);
   chkAudioBar.SetEnabled(wave);

@@ -43,7 +43,7 @@ class AudioWizard final : public Wizard {
   Label lblStep5b{*this, "lblStep5b"};
 
   /// True when the open film's sound can be taken out; else the reason was told.
-  bool CheckFilm();
+  [[nodiscard]] bool CheckFilm();
 
   /// Fills the controls for the film that is open.
   void Open();
@@ -66,7 +66,9 @@ class AudioWizard final : public Wizard {
 
  private:
   void ApplyTexts();
-  void ChooseFormat(bool wave);
+  enum class SoundFormat { Wave, Original };
+
+  void ChooseFormat(SoundFormat format);
   void Run();
   void WriteScript();
   void BeginTask(std::size_t task);

@@ -230,13 +230,14 @@ void CaptionCommands::OnListKey(KeyEvent& key) {
     RemoveSelected();
     key.handled = true;
   } else if (key.code == kKeyEnter) {
-    capture_.SeekToCaption(bench_.list.Selected(), false);
+    capture_.SeekToCaption(bench_.list.Selected(), TimingCapture::SeekTo::Start);
     key.handled = true;
   }
 }
 
 void CaptionCommands::OnListDoubleClick() {
-  if (bench_.document.HasDocument()) capture_.SeekToCaption(bench_.list.Selected(), true);
+  if (bench_.document.HasDocument())
+    capture_.SeekToCaption(bench_.list.Selected(), TimingCapture::SeekTo::JustBehindStart);
 }
 
 bool CaptionCommands::OnListRightDown(int y) {

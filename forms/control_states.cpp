@@ -33,7 +33,7 @@ void ControlStates::ResetControls() {
     capture_.Reset();
     capture_.SelectMode(CaptionMode::PressAndHold);
     for (TextBox& box : bench_.window.txtTime) box.SetText(MsToTimeText(0));
-    panel_.ResetGrid(false);
+    panel_.ResetGrid(CaptionPanel::Showing::Notice);
     bench_.window.cmdApply.SetEnabled(false);
     bench_.window.cmdNext.SetEnabled(false);
     bench_.window.cmdEnd.SetEnabled(false);

@@ -30,7 +30,7 @@ class DocumentFiles {
                 ExportDialog& exportDialog, Ports ports);
 
   /// True when the caller may throw the document away.
-  bool PromptForSave();
+  [[nodiscard]] bool PromptForSave();
   /// Loads a subtitle or text file as the document, once the open one may be thrown away.
   void Open(const Text& path);
   /// Loads it without a question.

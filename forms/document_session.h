@@ -24,7 +24,7 @@ class DocumentSession {
     if (bench_.window.optPreview.Value()) capture_.SelectMode(CaptionMode::PressAndHold);
   }
   /// The list is emptied to one blank caption.
-  void EmptyList() { panel_.ResetGrid(true); }
+  void EmptyList() { panel_.ResetGrid(CaptionPanel::Showing::BlankCaption); }
   /// The captions of the new document are there; `baseline` tells which of them are in a file.
   void Begin(DocumentBaseline baseline) { Began(baseline); }
   /// The document goes; the film stays.

@@ -59,7 +59,7 @@ class EmbedWizard final : public Wizard {
   DetailsArea details{*this, p_.strings};
 
   /// True when subtitle and film can be put together; else the reason was told.
-  bool CheckEmbedDocument();
+  [[nodiscard]] bool CheckEmbedDocument();
 
   /// Fills the controls for the files that are open.
   void Open();
@@ -90,8 +90,8 @@ class EmbedWizard final : public Wizard {
   void TakeSize(TextBox& box);
   void TogglePreview();
   void ShowPreview();
-  bool XvidPresent();
-  bool OfferXvid();
+  [[nodiscard]] bool XvidPresent();
+  [[nodiscard]] bool OfferXvid();
   void Configure();
   void AskQuantizer();
   void ShowStepHint();

@@ -10,7 +10,7 @@ SearchWindow::SearchWindow(std::string name, Message title, CaptionList& list, c
                            const Languages& languages, OpenForms& openForms)
     : ToolForm(std::move(name), openForms), strings_(strings), title_(title), list_(list), languages_(languages) {
   txtFind.Edited.Connect([this] { FollowText(); });
-  cmdFind.Clicked.Connect([this] { TellFound(Search(false, {}, false)); });
+  cmdFind.Clicked.Connect([this] { TellFound(Search(Pass::Find)); });
   cmdClose.Clicked.Connect([this] { Close(); });
 }
 
@@ -38,9 +38,9 @@ void SearchWindow::ApplyLanguage(bool rightToLeft) {
 
 void SearchWindow::FollowText() { cmdFind.SetEnabled(!txtFind.GetText().empty()); }
 
-int SearchWindow::Search(bool replacing, TextView replacement, bool replaceAll) {
-  return FindInCaptions(list_, {txtFind.GetText(), chkEntire.Value(), chkCase.Value()}, replacing, replacement,
-                        replaceAll);
+int SearchWindow::Search(Pass pass, TextView replacement) {
+  return FindInCaptions(list_, {txtFind.GetText(), chkEntire.Value(), chkCase.Value()}, pass != Pass::Find, replacement,
+                        pass == Pass::ReplaceAll);
 }
 
 void SearchWindow::TellFound(int count) {
@@ -55,9 +55,10 @@ void SearchWindow::Tell(TextView text) {
 ReplaceWindow::ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages,
                              OpenForms& openForms)
     : SearchWindow("frmReplace", Message::Replace, list, strings, languages, openForms) {
-  cmdReplace.Clicked.Connect([this] { TellFound(Search(true, txtReplace.GetText(), false)); });
-  cmdReplaceAll.Clicked.Connect(
-      [this] { Tell(Fill(strings_[Message::ReplacementsMade], Decimal(Search(true, txtReplace.GetText(), true)))); });
+  cmdReplace.Clicked.Connect([this] { TellFound(Search(Pass::Replace, txtReplace.GetText())); });
+  cmdReplaceAll.Clicked.Connect([this] {
+    Tell(Fill(strings_[Message::ReplacementsMade], Decimal(Search(Pass::ReplaceAll, txtReplace.GetText()))));
+  });
 }
 
 void ReplaceWindow::Load() {

@@ -31,7 +31,8 @@ class SearchWindow : public ToolForm {
   /// The text looked for has changed: what can be done with it follows.
   virtual void FollowText();
   /// Searches, and replaces when asked to; gives the number of rows found.
-  int Search(bool replacing, TextView replacement, bool replaceAll);
+  enum class Pass { Find, Replace, ReplaceAll };
+  int Search(Pass pass, TextView replacement = {});
   /// Tells where the text was found, or that it wasn't.
   void TellFound(int count);
   void Tell(TextView text);

@@ -32,8 +32,8 @@ PreviewPage::PreviewPage(const Place& place, const DocumentState& document, Prev
   Follows(sldHeight);
   cmdFont.Clicked.Connect([this] { PickFont(); });
   cmdColor.Clicked.Connect([this] { PickColor(); });
-  optOpaque.Clicked.Connect([this] { ChooseBackground(true); });
-  optShadow.Clicked.Connect([this] { ChooseBackground(false); });
+  optOpaque.Clicked.Connect([this] { ChooseGround(Ground::Opaque); });
+  optShadow.Clicked.Connect([this] { ChooseGround(Ground::Shadow); });
   sldShadow.Scrolled.Connect([this] {
     ShowValues();
     DrawSample();
@@ -58,7 +58,8 @@ void PreviewPage::ApplyLanguage() {
   DrawSample();
 }
 
-void PreviewPage::ChooseBackground(bool opaque) {
+void PreviewPage::ChooseGround(Ground ground) {
+  const bool opaque = ground == Ground::Opaque;
   options_.previewOpaque = opaque;
   options_.previewShadow = !opaque;
   optOpaque.SetValue(opaque);

@@ -45,7 +45,9 @@ class PreviewPage final : public SettingsPage {
   void ApplyLanguage() override;
 
  private:
-  void ChooseBackground(bool opaque);
+  enum class Ground { Opaque, Shadow };
+
+  void ChooseGround(Ground ground);
   void ShowValues();
   void DrawSample();
   void PickFont();

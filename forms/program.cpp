@@ -260,7 +260,7 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
   audioBar.LoadOptions();
   ApplyLanguage();
-  panel.ResetGrid(false);
+  panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();
   return size;
 }

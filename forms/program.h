@@ -88,7 +88,7 @@ class Program final {
   Program(Ports ports, StartEnvironment environment);
 
   /// The steps of the start up to the first window. False when the program has to end: its format files are missing.
-  bool Start();
+  [[nodiscard]] bool Start();
   /// No language was ever stored.
   bool FirstRun() const { return languages.FirstRun(); }
   bool PlayerMissing() const { return !environment_.missingPlayer.empty(); }
@@ -190,7 +190,7 @@ class Program final {
   void OpenAudioWizard();
   WizardParts PartsOfWizards();
   /// Offers what a program that ended had not saved; true when a document was restored.
-  bool OfferRestore();
+  [[nodiscard]] bool OfferRestore();
   void RestoreDocument(const JournalDocument& restored);
   void ConvertFromUtf8();
   void ApplyLanguage();

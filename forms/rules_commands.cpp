@@ -43,19 +43,19 @@ RulesCommands::RulesCommands(Workbench bench, RuleReport& report, ReportWindow& 
       session_(session),
       ports_(ports),
       engine_(bench.list, report) {
-  bench_.window.mnuRules.Clicked.Connect([this] { ApplyRules(false); });
+  bench_.window.mnuRules.Clicked.Connect([this] { ApplyRules(Telling::Always); });
   bench_.window.mnuReport.Clicked.Connect([this] { ShowReportAnew(); });
   bench_.window.cmdShowFindings.Clicked.Connect([this] { ShowReportAnew(); });
-  bench_.window.cmdApplyFindings.Clicked.Connect([this] { ApplyRules(true); });
+  bench_.window.cmdApplyFindings.Clicked.Connect([this] { ApplyRules(Telling::Findings); });
   bench_.window.cmdUndoRules.Clicked.Connect([this] { bench_.window.mnuUndo.Click(); });
 }
 
-void RulesCommands::ApplyRules(bool quiet) {
+void RulesCommands::ApplyRules(Telling telling) {
   const ChangeCount changes(bench_.list);
   const std::optional<RuntimeError> failure = Pass();
   if (report_.RuleEntryCount() > 0) {
     reportWindow_.Show();
-  } else if (!quiet) {
+  } else if (telling == Telling::Always) {
     ports_.messages.Show({bench_.strings[Message::AllLinesComply], BoxIcon::Information, BoxButtons::Ok,
                           bench_.strings[Message::ApplyCurrentRules]});
   }
@@ -94,7 +94,7 @@ void RulesCommands::OnLoad() {
   if (bench_.options.manner.RulesAskOnLoad() && !bench_.options.changeOnLoad) {
     Look();
   } else {
-    ApplyRules(true);
+    ApplyRules(Telling::Findings);
   }
 }
 

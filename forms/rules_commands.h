@@ -16,8 +16,10 @@ class RulesCommands {
  public:
   RulesCommands(Workbench bench, RuleReport& report, ReportWindow& reportWindow, DocumentSession& session, Ports ports);
 
-  /// Runs the rules over the whole list and shows what they found. With `quiet` a pass that found nothing says nothing.
-  void ApplyRules(bool quiet);
+  enum class Telling { Always, Findings };
+  /// Runs the rules over the whole list and shows what they found. A pass that found nothing says so unless only
+  /// findings are to be told.
+  void ApplyRules(Telling telling);
   /// What the rules do with a document that has just been loaded: they only look, or they change it where the user lets
   /// them, and always in the classic manner.
   void OnLoad();

@@ -57,11 +57,11 @@ class SpellCheck final : private TextChecker {
   Text Check(const Text& document) override;
   int CountErrors(const Text& document) override;
 
-  bool CheckBlocks();
+  [[nodiscard]] bool CheckBlocks();
   void StoreBlock(Row first, const std::vector<Text>& captions, const Text& checked);
   int PreferredDictionary() const;
   void OpenDictionary(int index);
-  bool UseLanguage(int index, SpellSession& session);
+  [[nodiscard]] bool UseLanguage(int index, SpellSession& session);
   bool ChangeWords(const std::function<void(UserWords&)>& change);
   void TellEnd();
 

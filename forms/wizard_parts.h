@@ -46,7 +46,7 @@ class WizardTool {
   /// Asks for a folder; empty when none was chosen or no tool is in it, which is told.
   Text AskFolder();
   /// Tells what is wrong with the folder in a box; true when nothing is.
-  bool Check(TextView folder);
+  [[nodiscard]] bool Check(TextView folder);
   /// Opens the page from which a program is had.
   void OpenDownload(Download program);
 

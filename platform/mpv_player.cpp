@@ -311,23 +311,18 @@ void MpvPlayer::OnNews(const MpvNews& news) {
   if (news.load != load_ || path_.empty()) return;
   switch (news.kind) {
     case MpvNews::Kind::Opened:
-      OnOpened();
-      break;
+      return OnOpened();
     case MpvNews::Kind::Landed:
-      OnLanded(news.seek, news.flag);
-      break;
+      return OnLanded(news.seek, news.flag);
     case MpvNews::Kind::SeekFailed:
       if (seeking_ && news.seek == seek_) OnLanded(news.seek, false);
       break;
     case MpvNews::Kind::EndReached:
-      OnEndReached(news.seek);
-      break;
+      return OnEndReached(news.seek);
     case MpvNews::Kind::Gone:
-      OnGone();
-      break;
+      return OnGone();
     case MpvNews::Kind::Failed:
-      Fail(news.load, FromUtf8(news.text));
-      break;
+      return Fail(news.load, FromUtf8(news.text));
     case MpvNews::Kind::Duration:
       duration_ = news.number;
       TellControls();

@@ -13,15 +13,20 @@
 
 namespace cuewright {
 
+/// The widget can show the control: `ui/bindings.h` has the pair.
+template <class Widget, class ControlType>
+concept Shows = requires(Binder& binder, ControlType& control, Widget& widget) {
+  Attach(binder, control, widget);
+};
+
 /// Binds the controls of a form to the widgets of a window: the widgets show the form's state, and what the user does
 /// to them reaches the form.
 class Binder final : public QObject {
  public:
   Binder(QWidget& root, Form& form);
 
-  /// Binds a widget, which has its parent, and gives it the control's name. A widget that doesn't fit the control, by
-  /// `ui/bindings.h`, doesn't compile.
-  template <class ControlType, class Widget>
+  /// Binds a widget, which has its parent, and gives it the control's name.
+  template <class ControlType, Shows<ControlType> Widget>
   Widget* Bind(ControlType& control, Widget* widget) {
     Introduce(control, *widget);
     Attach(*this, control, *widget);

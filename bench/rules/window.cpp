@@ -7,12 +7,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <stdexcept>
 
 #include "forms/program.h"
 #include "platform/posix_files.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temp_folder.h"
-#include "ui/main_window_view.h"
+#include "ui/program_windows.h"
 #include "ui/svg_picture.h"
 
 namespace {
@@ -78,16 +79,16 @@ void Measure(int captions) {
   environment.settingsFile = folder / "settings.ini";
   environment.makeTempFolder = [&] { return folder / "run/"; };
   Program program({files, boxes, dialogs, events, desktop, player, pickers}, environment);
-  program.Start();
+  if (!program.Start()) throw std::runtime_error("the formats are missing");
   auto* surface = new QWidget;
   surface->setObjectName("WMP");
-  MainWindowView view(program, surface);
-  view.ShowStarted(program.LoadMainWindow(1280, 800));
+  const std::unique_ptr<MainWindowView> view = MakeMainWindow(program, surface);
+  view->ShowStarted(program.LoadMainWindow(1280, 800));
   program.options.applyWhen = 1;
   program.documentFiles.OpenSubtitleFile(Film(folder, captions));
   QCoreApplication::processEvents();
   PaintClock paints;
-  view.findChild<QLabel*>("lblTextFile")->installEventFilter(&paints);
+  view->findChild<QLabel*>("lblTextFile")->installEventFilter(&paints);
   QElapsedTimer whole;
   whole.start();
   paints.clock.start();

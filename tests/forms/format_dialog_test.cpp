@@ -108,7 +108,7 @@ TEST_F(FormatOpening, TheLinksTell) {
 
 TEST_F(FormatDvd, ShowsTheDefaults) {
   Open(u"DVDSUBTITLE");
-  EXPECT_EQ(Dialog().dvdSubtitle.txtDvdSubtitleDiscID.GetText(), u"");
+  EXPECT_EQ(Dialog().dvdSubtitle.discId.box.GetText(), u"");
   EXPECT_EQ(Dialog().dvdSubtitle.language.box.GetText(), u"EN");
   EXPECT_EQ(Dialog().dvdSubtitle.web.box.GetText(), u"https://cuewright.example");
   EXPECT_EQ(Dialog().dvdSubtitle.info.box.GetText(), u"Created with Tessaly Cuewright");
@@ -116,8 +116,8 @@ TEST_F(FormatDvd, ShowsTheDefaults) {
 
 TEST_F(FormatDvd, OkStoresItsTexts) {
   Open(u"DVDSUBTITLE");
-  Dialog().dvdSubtitle.txtDvdSubtitleDiscID.SetText(u"id");
-  Dialog().dvdSubtitle.txtDvdSubtitleDVDTitle.SetText(u"title");
+  Dialog().dvdSubtitle.discId.box.SetText(u"id");
+  Dialog().dvdSubtitle.title.box.SetText(u"title");
   Dialog().dvdSubtitle.author.box.SetText(u"me");
   Dialog().dvdSubtitle.license.box.SetText(u"free");
   Dialog().cmdOK.Click();

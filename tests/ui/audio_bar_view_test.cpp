@@ -59,7 +59,7 @@ struct RealBarTest : ::testing::Test {
     environment.processes = &processes;
     environment.sounds = &sounds;
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, *player, pickers}, environment);
-    program->Start();
+    EXPECT_TRUE(program->Start());
     view = MakeMainWindow(*program, new VideoView(*player, *player));
     program->LoadMainWindow(1280, 800);
     view->ShowStarted({1000, 700, false});
