@@ -231,7 +231,9 @@ void TtmlFormat::Read(const SourceText& text, TextView separator, SourceSink& si
   Walk walk(text, separator, sink, clock_);
   if (LocalName(name) == "tt") walk.Children(root, {}, 0);
   offset_ = walk.Offset();
-  if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(static_cast<std::size_t>(parsed.offset));
+  // A file that ends too soon breaks off behind its last byte.
+  const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
+  if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(std::min(place, text.bytes.size()));
 }
 
 std::string TtmlFormat::TimeField(std::int32_t ms, std::string_view old) const {

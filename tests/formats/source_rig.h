@@ -91,6 +91,7 @@ class SourceRig {
       return true;
     }
     void NotUnderstood(std::size_t place) override {
+      EXPECT_LE(place, rig.bytes_.size());
       int line = 1;
       for (const char c : rig.bytes_.substr(0, place)) line += c == '\n' ? 1 : 0;
       rig.blamed_.push_back(line);

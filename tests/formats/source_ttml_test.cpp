@@ -99,7 +99,7 @@ TEST(Ttml, AFileThatBreaksOffIsBlamed) {
   EXPECT_FALSE(broken.Blamed().empty());
   EXPECT_EQ(broken.Rows().front(), (Caption{1000, 2000, u"a"}));
   for (const std::string bytes :
-       {"", "<", "<tt", "<tt>", "<p begin='1s' end='2s'>a</p>", "<tt><body><p begin='1s' end='2s'"}) {
+       {"", "<", "<l T\r\n", "<tt", "<tt>", "<p begin='1s' end='2s'>a</p>", "<tt><body><p begin='1s' end='2s'"}) {
     EXPECT_FALSE(SourceRig(u"TTML", bytes).Blamed().empty()) << bytes;
   }
 }
