@@ -140,7 +140,7 @@ class RecordWriter {
       Exchange(text_, TextView(u"\0", 1), {});
     } else {
       if (semicolons_) Exchange(text_, u";", u",");
-      MarkersToTags();
+      text_ = WithTagsOfRecord(std::move(text_), job_.definition);
       if (!keepsLines_) Exchange(text_, kLineEnd, lineBreak_);
     }
     sink_.Put(text_);
@@ -187,25 +187,6 @@ class RecordWriter {
       }
     }
     sink_.Put(text.substr(at));
-  }
-
-  void MarkersToTags() {
-    if (text_.find(u'<') == Text::npos) return;
-    const FormatDefinition& definition = job_.definition;
-    if (definition.tagFlags == 0) {
-      text_ = WithoutStyleMarkers(std::move(text_));
-      return;
-    }
-    // A small letter styles one line of MicroDVD, a capital one all of them.
-    const bool allLines = job_.times.exact && job_.identifier == kMicroDvd && text_.find(kLineEnd) != Text::npos;
-    for (const TextView marker : kStyleMarkers) {
-      if (FindLoose(text_, marker) == TextView::npos) continue;
-      const TextView letter = marker.substr(1, 1);
-      Text open = ReplaceAll(definition.tagOpen, u"b", letter);
-      if (allLines) open = ReplaceFirst(open, u"y", u"Y");
-      text_ = ReplaceAll(text_, marker, open);
-      text_ += ReplaceAll(definition.tagClose, u"b", letter);
-    }
   }
 
   const WriteJob& job_;
@@ -265,6 +246,18 @@ void LineSink::EndLine() {
 void LineSink::Flush() {
   if (size_ != 0) sink_.Write({held_.get(), size_});
   size_ = 0;
+}
+
+Text WithTagsOfRecord(Text text, const FormatDefinition& definition) {
+  if (text.find(u'<') == Text::npos) return text;
+  if (definition.tagFlags == 0) return WithoutStyleMarkers(std::move(text));
+  for (const TextView marker : kStyleMarkers) {
+    if (FindLoose(text, marker) == TextView::npos) continue;
+    const TextView letter = marker.substr(1, 1);
+    text = ReplaceAll(text, marker, ReplaceAll(definition.tagOpen, u"b", letter));
+    text += ReplaceAll(definition.tagClose, u"b", letter);
+  }
+  return text;
 }
 
 void WritePlainText(const WriteJob& job, LineSink& sink) {

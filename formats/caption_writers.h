@@ -83,6 +83,9 @@ struct WriteJob {
   bool textsAreWritten = false;  ///< but for their separators they are in the format's own marks
 };
 
+/// A text whose markers are tags as the format's record has them; without them where it has none.
+Text WithTagsOfRecord(Text text, const FormatDefinition& definition);
+
 /// One caption a line, separators and markers left as they are; all rows.
 void WritePlainText(const WriteJob& job, LineSink& sink);
 

@@ -4,12 +4,17 @@
 #include <utility>
 #include <vector>
 
+#include "core/style_markers.h"
+#include "formats/caption_writers.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
 namespace {
 
 bool MayBeMarked(TextView text) { return text.find_first_of(u"<>{}[]&\\/") != TextView::npos; }
+
+/// The list's markers are the only marks of the text.
+bool HasMarkersAlone(TextView text) { return !MayBeMarked(WithoutStyleMarkers(Text(text))); }
 
 }  // namespace
 
@@ -20,7 +25,8 @@ bool CarriedTexts::HasMarks(const CaptionList& list, Row lastRow) {
   return false;
 }
 
-CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to, Losses& lost)
+CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to,
+                           const FormatDefinition& definition, Losses& lost)
     : list_(list.Options(), modified_) {
   const MarkKind kind = MarkKindOf(to);
   const TextView separator = list.Options().lineSeparator;
@@ -31,6 +37,10 @@ CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, 
     rows.push_back(list.At(row));
     Text& text = rows.back().text;
     if (!MayBeMarked(text)) continue;
+    if (HasMarkersAlone(text)) {
+      if (written_) text = WithTagsOfRecord(std::move(text), definition);
+      continue;
+    }
     if (kind != from) text = ConvertMarks(text, from, kind, separator, lost);
     // The separators stay: the record's writer puts the format's line breaks in their place.
     if (rules) text = rules->TextField(text, separator, separator);

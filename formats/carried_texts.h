@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/caption_list.h"
+#include "formats/definition.h"
 #include "formats/source/losses.h"
 #include "formats/source/markup.h"
 #include "text/text.h"
@@ -14,8 +15,9 @@ class CarriedTexts {
   static bool HasMarks(const CaptionList& list, Row lastRow);
 
   /// The rows 1 to `lastRow` of a list whose texts have marks of the kind `from`; `lost` counts what the format `to`,
-  /// an identifier of the catalogue, can't hold.
-  CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to, Losses& lost);
+  /// an identifier of the catalogue with this definition, can't hold.
+  CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to, const FormatDefinition& definition,
+               Losses& lost);
 
   const CaptionList& List() const { return list_; }
   /// The texts are as the format's own rules write them; else the list's markers stand in them still.

@@ -33,7 +33,9 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
   std::optional<CarriedTexts> carried;
   lost_ = {};
-  if (!map && CarriesMarks(id, lastRow)) carried.emplace(captions_, lastRow, MarksOfTexts(), id, lost_);
+  if (!map && CarriesMarks(id, lastRow)) {
+    carried.emplace(captions_, lastRow, MarksOfTexts(), id, formats_.loader.Definition(), lost_);
+  }
   const WriteJob job{carried ? carried->List() : captions_,
                      lastRow,
                      formats_.loader.Definition(),
