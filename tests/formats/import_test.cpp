@@ -219,7 +219,7 @@ TEST(MicroDvdRate, OfTheFirstLineIsTakenWithoutAQuestion) {
   EXPECT_EQ(rig.Open("a.sub", "{1}{1}23.976\r\n{24}{48}x\r\n{1}{1}kept\r\n"), u"MICRODVD");
   EXPECT_TRUE(rig.messages.asked.empty());
   EXPECT_EQ(rig.state.CurrentFps, 23.976);
-  EXPECT_EQ(rig.Rows(), (Rows{{1001, 2002, u"x"}, {42, 1001, u"kept"}}));
+  EXPECT_EQ(rig.Rows(), (Rows{{1001, 2002, u"x"}, {42, 42, u"kept"}}));
   EXPECT_EQ(rig.Save(u"MICRODVD", rig.state.CurrentFps), "{1}{1}23.976\r\n{24}{48}x\r\n{1}{1}kept\r\n");
 }
 
@@ -235,7 +235,7 @@ TEST(MicroDvdRate, ThatNobodyUsesIsAText) {
   FormatRig rig;
   rig.Open("a.sub", "{1}{1}1984\r\n{25}{50}x\r\n");
   EXPECT_EQ(rig.messages.asked.size(), 1u);
-  EXPECT_EQ(rig.Rows(), (Rows{{40, 1000, u"1984"}, {1000, 2000, u"x"}}));
+  EXPECT_EQ(rig.Rows(), (Rows{{40, 40, u"1984"}, {1000, 2000, u"x"}}));
 }
 
 TEST(MicroDvdRate, IsDroppedAndAskedForInTheClassicManner) {
