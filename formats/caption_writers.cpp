@@ -140,7 +140,9 @@ class RecordWriter {
       Exchange(text_, TextView(u"\0", 1), {});
     } else {
       if (semicolons_) Exchange(text_, u";", u",");
-      text_ = WithTagsOfRecord(std::move(text_), job_.definition);
+      const bool everyLine =
+          job_.times.exact && StylesLineByLine(job_.identifier) && text_.find(kLineEnd) != Text::npos;
+      text_ = WithTagsOfRecord(std::move(text_), job_.definition, everyLine ? TagsCover::EveryLine : TagsCover::Record);
       if (!keepsLines_) Exchange(text_, kLineEnd, lineBreak_);
     }
     sink_.Put(text_);
@@ -248,13 +250,18 @@ void LineSink::Flush() {
   size_ = 0;
 }
 
-Text WithTagsOfRecord(Text text, const FormatDefinition& definition) {
+bool StylesLineByLine(TextView identifier) { return identifier == kMicroDvd; }
+
+Text WithTagsOfRecord(Text text, const FormatDefinition& definition, TagsCover cover) {
   if (text.find(u'<') == Text::npos) return text;
   if (definition.tagFlags == 0) return WithoutStyleMarkers(std::move(text));
   for (const TextView marker : kStyleMarkers) {
     if (FindLoose(text, marker) == TextView::npos) continue;
     const TextView letter = marker.substr(1, 1);
-    text = ReplaceAll(text, marker, ReplaceAll(definition.tagOpen, u"b", letter));
+    Text open = ReplaceAll(definition.tagOpen, u"b", letter);
+    // A small letter styles one line of MicroDVD, a capital one all of them.
+    if (cover == TagsCover::EveryLine) open = ReplaceFirst(open, u"y", u"Y");
+    text = ReplaceAll(text, marker, open);
     text += ReplaceAll(definition.tagClose, u"b", letter);
   }
   return text;

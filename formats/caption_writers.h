@@ -83,8 +83,14 @@ struct WriteJob {
   bool textsAreWritten = false;  ///< but for their separators they are in the format's own marks
 };
 
+/// What the tags of a record style in a format that has tags for one line and for all lines.
+enum class TagsCover { Record, EveryLine };
+
+/// The format's tags style one line each unless they are written for every line.
+bool StylesLineByLine(TextView identifier);
+
 /// A text whose markers are tags as the format's record has them; without them where it has none.
-Text WithTagsOfRecord(Text text, const FormatDefinition& definition);
+Text WithTagsOfRecord(Text text, const FormatDefinition& definition, TagsCover cover);
 
 /// One caption a line, separators and markers left as they are; all rows.
 void WritePlainText(const WriteJob& job, LineSink& sink);

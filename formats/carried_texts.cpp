@@ -38,7 +38,9 @@ CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, 
     Text& text = rows.back().text;
     if (!MayBeMarked(text)) continue;
     if (HasMarkersAlone(text)) {
-      if (written_) text = WithTagsOfRecord(std::move(text), definition);
+      if (!written_) continue;
+      const bool everyLine = StylesLineByLine(to) && FindPlain(text, separator) != TextView::npos;
+      text = WithTagsOfRecord(std::move(text), definition, everyLine ? TagsCover::EveryLine : TagsCover::Record);
       continue;
     }
     if (kind != from) text = ConvertMarks(text, from, kind, separator, lost);

@@ -38,8 +38,13 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
       file = TextFile::As(std::move(bytes), *codePage_);
       return;
     }
-    const auto read = EqualLoose(captions_.Options().readAs, u"classic") ? TextFile::Classic : TextFile::Auto;
-    file = read(std::move(bytes), access_.encodings);
+    if (EqualLoose(captions_.Options().readAs, u"classic")) {
+      file = TextFile::Classic(std::move(bytes), access_.encodings);
+      return;
+    }
+    const bool published = captions_.Options().manner.ReadsByPublishedRules();
+    const auto untold = published ? TextFile::Untold::Unicode : TextFile::Untold::SystemsCodePage;
+    file = TextFile::Auto(std::move(bytes), access_.encodings, untold);
   });
   return file;
 }

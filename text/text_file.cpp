@@ -10,6 +10,25 @@ namespace {
 
 /// UTF-16 is turned in pieces of this many bytes.
 constexpr std::size_t kPiece = 1 << 16;
+/// Bytes of a file that are looked at for zeros.
+constexpr std::size_t kZerosLookedFor = 4096;
+
+bool IsTakenForUtf8(Utf8Kind kind, TextFile::Untold untold) {
+  return kind == Utf8Kind::MultiByte || (kind == Utf8Kind::Ascii && untold == TextFile::Untold::Unicode);
+}
+
+/// UTF-16 when every second byte or nearly so is zero and hardly another one, as in the digits and marks of a subtitle;
+/// else UTF-8. Text of bytes has no zeros.
+int Utf16WithoutMark(std::string_view bytes) {
+  const std::string_view head = bytes.substr(0, kZerosLookedFor);
+  if (bytes.size() % 2 != 0 || bytes.size() < 4) return kCodePageUtf8;
+  std::size_t zeros[2] = {0, 0};
+  for (std::size_t i = 0; i < head.size(); ++i) zeros[i % 2] += head[i] == '\0' ? 1 : 0;
+  const std::size_t units = head.size() / 2;
+  if (zeros[1] * 4 > units && zeros[0] * 16 < units) return kCodePageUtf16Le;
+  if (zeros[0] * 4 > units && zeros[1] * 16 < units) return kCodePageUtf16Be;
+  return kCodePageUtf8;
+}
 
 }  // namespace
 
@@ -29,7 +48,7 @@ TextFile TextFile::Classic(std::string bytes, const Encodings& encodings) {
   return file;
 }
 
-TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
+TextFile TextFile::Auto(std::string bytes, const Encodings& encodings, Untold untold) {
   TextFile file;
   file.bytes_ = std::move(bytes);
   for (const int codePage : {kCodePageUtf8, kCodePageUtf16Le, kCodePageUtf16Be}) {
@@ -38,9 +57,10 @@ TextFile TextFile::Auto(std::string bytes, const Encodings& encodings) {
     file.start_ = MarkOf(codePage).size();
     break;
   }
+  if (untold == Untold::Unicode && !file.encoding_.mark) file.encoding_.codePage = Utf16WithoutMark(file.bytes_);
   if (file.encoding_.codePage != kCodePageUtf8) {
     file.TurnIntoUtf8(file.encoding_.codePage == kCodePageUtf16Be);
-  } else if (!file.encoding_.mark && ExamineUtf8(file.bytes_) != Utf8Kind::MultiByte) {
+  } else if (!file.encoding_.mark && !IsTakenForUtf8(ExamineUtf8(file.bytes_), untold)) {
     file.encoding_ = {encodings.SystemCodePage(), false};
     file.codec_ = encodings.SystemCodec();
   }

@@ -47,10 +47,16 @@ class TextFile {
   /// Classic: the bytes are text of the system's code page, a mark among them, and a line ends at CR or CR LF.
   static TextFile Classic(std::string bytes, const Encodings& encodings);
 
+  /// Which encoding a file is taken for that doesn't tell.
+  enum class Untold {
+    SystemsCodePage,  ///< ASCII is text of the system's code page, and so is anything that is no UTF-8
+    Unicode           ///< ASCII is UTF-8, and UTF-16 without a mark is known by its zeros
+  };
+
   /// Looks at all bytes first. A mark tells UTF-8 or UTF-16 and is no text; else valid UTF-8 with a character of
   /// several bytes is UTF-8; anything else is of the system's code page. Without any CR a line ends at LF; CR CR LF is
   /// one line end.
-  static TextFile Auto(std::string bytes, const Encodings& encodings);
+  static TextFile Auto(std::string bytes, const Encodings& encodings, Untold untold = Untold::SystemsCodePage);
 
   /// A file whose `Bytes` and encoding were kept.
   static TextFile Kept(std::string bytes, const DocumentEncoding& encoding);

@@ -45,7 +45,7 @@ inline constexpr std::string_view kSubRip =
 
 inline constexpr std::string_view kMicroDvd =
     "{310}{380}Good evening, Inspector.\r\n"
-    "{400}{495}{y:i}Nobody leaves this house|until the storm has passed.\r\n";
+    "{400}{495}{Y:i}Nobody leaves this house|until the storm has passed.\r\n";
 
 /// The same two captions as `dump` prints them.
 inline constexpr std::string_view kDumped =

@@ -14,6 +14,12 @@ TEST_F(BatchTest, ConvertWritesTheOtherFormat) {
   EXPECT_EQ(Read("a.sub"), kMicroDvd);
 }
 
+TEST_F(BatchTest, ConvertStylesTheFirstLineAloneInTheClassicManner) {
+  Write("a.srt", kSubRip);
+  EXPECT_EQ(Batch({"convert", "--classic", "a.srt", "--to", "MICRODVD", "--out", "a.sub"}).status, 0);
+  EXPECT_NE(Read("a.sub").find("{y:i}Nobody leaves this house|"), std::string::npos);
+}
+
 TEST_F(BatchTest, ConvertTakesTheIdentifierInAnyCase) {
   Write("a.srt", kSubRip);
   EXPECT_EQ(Batch({"convert", "a.srt", "--to", "MicroDVD", "--out", "a.sub"}).status, 0);

@@ -116,13 +116,19 @@ TEST(Tags, AreMadeOfTheMarkers) {
         {"tags=1\ntagopen=[b]\ntagclose=[/b]\n", u"<u>a", "[u]a[/u]"},  // single bits are not looked at
         {"tags=1\ntagopen=[b]\ntagclose=---\n", u"<b>a", "[b]a---"},
         {"tags=7\ntagopen=[b]\ntagclose=[/b]\n", u"<b>a<b>c", "[b]a[b]c[/b]"},
-        {"tags=7\ntagopen=[b]\ntagclose=[/b]\n", u"<B>a", "<B>a[/b]"},  // found loosely, replaced exactly
         {"tags=0\ntagopen=[b]\n", u"<b><i>a<u>", "a"},
         {"tags=0\n", u"a < b", "a < b"}}) {
     EXPECT_EQ(Written(std::string(row.ini) + "lbreak=|\n", "qxmStart qxmEnd qxmCaption\n", {1, 2, Text(row.stored)}),
               "1 2 " + std::string(row.written) + "\r\n")
         << ToUtf8(row.stored);
   }
+}
+
+TEST(Tags, AreMadeOfMarkersInCapitalsInTheClassicManner) {
+  OwnFormat rig("tags=7\ntagopen=[b]\ntagclose=[/b]\nlbreak=|\n", Record("qxmStart qxmEnd qxmCaption\n"));
+  rig.options.manner.SetClassic(true);
+  rig.Fill({{1, 2, u"<B>a"}});
+  EXPECT_EQ(rig.Save(u"OWN"), "1 2 <B>a[/b]\r\n");  // found loosely, replaced exactly
 }
 
 TEST(CsveWriter, TurnsSemicolonsIntoCommas) {
@@ -161,6 +167,12 @@ TEST(MicroDvdWriter, TellsARateThatIsNotTheUsualOne) {
   rig.Fill({{1000, 2000, u"a"}});
   EXPECT_EQ(rig.Save(u"MICRODVD", 23.976), "{1}{1}23.976\r\n{24}{48}a\r\n");
   EXPECT_EQ(rig.Save(u"MICRODVD", 25.0), "{25}{50}a\r\n");
+}
+
+TEST(MicroDvdWriter, StylesAllLinesOfACaption) {
+  FormatRig rig;
+  rig.Fill({{1000, 2000, u"<i>a"}, {3000, 4000, u"<i>a|b"}});
+  EXPECT_EQ(rig.Save(u"MICRODVD", 25.0), "{25}{50}{y:i}a\r\n{75}{100}{Y:i}a|b\r\n");
 }
 
 TEST(EncoreWriter, WritesLinesBelowEachOtherWithoutMarkersHeaderOrFooter) {

@@ -407,7 +407,7 @@ TEST_F(ExportWindowView, ShowsTheAnswerWithoutItsAccessKey) {
 TEST_F(ExportWindowView, ARefusedRateTakesTheFocusAndTheWindowStays) {
   program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"MICRODVD"));
   ShowExport();
-  Export().cmbFPS.SetText(u"14");
+  Export().cmbFPS.SetText(u"241");
   QTest::keyClick(Find("cboFormats"), Qt::Key_Return);
   EXPECT_TRUE(view->isVisible());
   EXPECT_EQ(boxes.shown.size(), 1u);

@@ -152,7 +152,7 @@ TEST_F(Strip, ShowsAfterALoadAndGoesByItsButton) {
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   EXPECT_TRUE(Find<QLabel>("lblNotice")->isVisible());
-  EXPECT_EQ(Find<QLabel>("lblNotice")->text(), "Read as SubRip, windows-1252");
+  EXPECT_EQ(Find<QLabel>("lblNotice")->text(), "Read as SubRip, UTF-8");
   Find<QToolButton>("cmdNotice")->click();
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
 }
