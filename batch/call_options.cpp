@@ -163,6 +163,13 @@ constexpr std::array kConvertOptions = {
     CallOption{"--encoding", true, SetEncoding},
 };
 
+Problem SetProfile(Request& request, const std::string& value) {
+  request.profile = FromUtf8(value);
+  return {};
+}
+
+constexpr std::array kCheckOptions = {CallOption{"--profile", true, SetProfile}};
+
 constexpr std::array kRulesOptions = {
     CallOption{"--standard", false, SetStandard},
     CallOption{"--detailed", false, SetDetailed},
@@ -186,6 +193,12 @@ bool AllDigits(std::string_view text) { return !text.empty() && std::ranges::all
 std::span<const CallOption> CommonOptions() { return kCommonOptions; }
 std::span<const CallOption> ConvertOptions() { return kConvertOptions; }
 std::span<const CallOption> RulesOptions() { return kRulesOptions; }
+std::span<const CallOption> CheckOptions() { return kCheckOptions; }
+
+Problem CheckCheck(const Request& request) {
+  if (request.profile.empty()) return "check needs --profile with a name that 'profiles' lists";
+  return {};
+}
 
 Problem CheckFps(const Request& request) {
   if (!request.fps) return {};

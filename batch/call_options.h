@@ -28,6 +28,7 @@ std::span<const CallOption> ConvertOptions();
 std::span<const CallOption> RulesOptions();
 std::span<const CallOption> RetimeOptions();
 std::span<const CallOption> ReplaceOptions();
+std::span<const CallOption> CheckOptions();
 
 /// Takes the encoding of what is written.
 Problem SetEncoding(Request& request, const std::string& value);
@@ -39,5 +40,6 @@ Problem CheckConvert(const Request& request);
 Problem CheckRules(const Request& request);
 Problem CheckRetime(const Request& request);
 Problem CheckReplace(const Request& request);
+Problem CheckCheck(const Request& request);
 
 }  // namespace cuewright

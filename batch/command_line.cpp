@@ -28,6 +28,8 @@ constexpr std::array kCommands = {
     Command{"rules", 1, 1, RulesOptions, CheckRules},
     Command{"retime", 1, 1, RetimeOptions, CheckRetime},
     Command{"replace", 1, 1, ReplaceOptions, CheckReplace},
+    Command{"profiles", 0, 0, nullptr, nullptr},
+    Command{"check", 1, 1, CheckOptions, CheckCheck},
 };
 
 const CallOption* Find(std::span<const CallOption> options, std::string_view name) {

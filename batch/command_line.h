@@ -73,6 +73,8 @@ struct Request {
   int jobs = 0;                   ///< how many files are in work at once; 0: as many as there are cores
   std::optional<Text> filesFrom;  ///< the file that names further files
 
+  Text profile;  ///< of `check`: the house rules
+
   // Option of `rules`.
   bool detailed = false;
 

@@ -10,6 +10,8 @@ int RunCommand(const Request& request, Session& session, Console& console) {
   if (request.command == "rules") return RunRules(request, session, console);
   if (request.command == "retime") return RunRetime(request, session, console);
   if (request.command == "replace") return RunReplace(request, session, console);
+  if (request.command == "profiles") return RunProfiles(request, session, console);
+  if (request.command == "check") return RunCheck(request, session, console);
   return RunConvert(request, session, console);
 }
 

@@ -19,6 +19,8 @@ constexpr std::string_view kProgram =
     "  rules FILE         correct a file by the rules and print the report\n"
     "  retime FILE        shift, stretch or straighten the times of a file\n"
     "  replace FILE       replace text in the captions of a file\n"
+    "  profiles           list what houses ask of subtitles\n"
+    "  check FILE         hold a file against what a house asks\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -113,6 +115,25 @@ constexpr std::string_view kPeaks =
     "tabs. The file is a wave of PCM samples with 8 or 16 bits.\n"
     "\n";
 
+constexpr std::string_view kProfiles =
+    "Usage: cuewright-batch profiles [OPTION]...\n"
+    "A line a set of house rules: its name for --profile, its title, the language, the date of its\n"
+    "values and their source, separated by tabs.\n"
+    "\n";
+
+constexpr std::string_view kCheck =
+    "Usage: cuewright-batch check FILE --profile NAME [OPTION]...\n"
+    "A line a finding: number of the caption, rule, value and limit, separated by tabs. Times are in\n"
+    "ms. The exit status is 3 when there is any.\n"
+    "\n"
+    "  --profile NAME      house rules that 'profiles' lists\n"
+    "\n"
+    "Frames are counted at the rate of --fps, else at that of the file or of the house rules. Rules:\n"
+    "min-duration, max-duration, overlap and gap (towards the caption before), cps (characters a\n"
+    "second), wpm (words a minute), line-length, length, lines, balance (shortest line in hundredths\n"
+    "of the longest), pyramid, dash, line-end (the word that ends a line).\n"
+    "\n";
+
 constexpr std::string_view kCommon =
     "A FILE of the name '-' is the standard input.\n"
     "\n"
@@ -147,6 +168,8 @@ std::string HelpText(std::string_view command) {
   if (command == "rules") own = kRules;
   if (command == "retime") own = kRetime;
   if (command == "replace") own = kReplace;
+  if (command == "profiles") own = kProfiles;
+  if (command == "check") own = kCheck;
   return std::string(own) + std::string(kCommon);
 }
 

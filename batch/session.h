@@ -39,6 +39,10 @@ class Session {
   std::unique_ptr<Session> Another(Output& output) const;
 
   const FormatCatalogue& Catalogue() const { return catalogue_; }
+  /// The folder of the files that come with the program, with "/" at its end.
+  Text ProgramFolder() const { return programFolder_.ends_with(u'/') ? programFolder_ : programFolder_ + u'/'; }
+  /// Of a document that counts frames; none for any other.
+  const FrameRate& Rate() const { return state_.CurrentFps; }
   BatchBoxes& Boxes() { return boxes_; }
   const Files& FileSystem() const { return files_; }
 

@@ -1,0 +1,108 @@
+#include <cmath>
+#include <cstdio>
+
+#include "batch/commands.h"
+#include "batch/json.h"
+#include "check/checker.h"
+#include "check/house_rules.h"
+
+namespace cuewright {
+namespace {
+
+/// A whole number as such, any other to one digit behind the point.
+std::string AsNumber(double number) {
+  const bool whole = number == std::floor(number);
+  char text[32];
+  std::snprintf(text, sizeof text, whole ? "%.0f" : "%.1f", number);
+  return text;
+}
+
+/// Numbers to one digit, and what a word or dash is.
+std::string ValueOf(const Finding& finding) {
+  return finding.IsOfWords() ? DisplayUtf8(finding.found) : AsNumber(finding.value);
+}
+
+std::string LimitOf(const Finding& finding) {
+  return finding.IsOfWords() ? DisplayUtf8(finding.wanted) : AsNumber(finding.limit);
+}
+
+std::string AsLine(const Finding& finding) {
+  return std::to_string(finding.row) + '\t' + std::string(RuleName(finding.rule)) + '\t' + ValueOf(finding) + '\t' +
+         LimitOf(finding) + '\n';
+}
+
+std::string AsJson(const Finding& finding) {
+  JsonObject object;
+  object.Add("row", finding.row).Add("rule", FromUtf8(RuleName(finding.rule)));
+  if (finding.IsOfWords()) return object.Add("value", finding.found).Add("limit", finding.wanted).Line();
+  return object.AddRaw("value", AsNumber(finding.value)).AddRaw("limit", AsNumber(finding.limit)).Line();
+}
+
+std::string AsLine(const HouseRules& rules) {
+  std::string line;
+  for (const Text& part : {rules.id, rules.name, rules.language, rules.date, rules.source}) {
+    line += (line.empty() ? "" : "\t") + DisplayUtf8(part);
+  }
+  return line + '\n';
+}
+
+std::string AsJson(const HouseRules& rules) {
+  const auto ms = [&](const HouseTime& time) { return rules.MsOf(time, rules.rate); };
+  return JsonObject()
+      .Add("profile", rules.id)
+      .Add("name", rules.name)
+      .Add("language", rules.language)
+      .Add("date", rules.date)
+      .Add("source", rules.source)
+      .AddRaw("fps", ToUtf8(rules.rate.AsText()))
+      .Add("min_duration", ms(rules.minDuration))
+      .Add("max_duration", ms(rules.maxDuration))
+      .Add("min_gap", ms(rules.minGap))
+      .AddRaw("cps", AsNumber(rules.charactersASecond))
+      .AddRaw("wpm", AsNumber(rules.wordsAMinute))
+      .Add("line_length", rules.charactersALine)
+      .Add("length", rules.characters)
+      .Add("lines", rules.lines)
+      .Line();
+}
+
+/// The rate at which frames are counted: that of the call, of the file, or none, for which the profile's stands.
+FrameRate RateOf(const Request& request, const Session& session) {
+  return request.fps ? FrameRate::FromText(FromUtf8(*request.fps)) : session.Rate();
+}
+
+}  // namespace
+
+int RunProfiles(const Request& request, Session& session, Console& console) {
+  const HouseRulesShelf shelf(session.FileSystem(), session.ProgramFolder());
+  int status = kExitDone;
+  for (const Text& id : shelf.Ids()) {
+    std::string problem;
+    const std::optional<HouseRules> rules = shelf.Read(id, problem);
+    if (rules) {
+      console.Out(request.json ? AsJson(*rules) : AsLine(*rules));
+    } else {
+      console.Complain("cuewright-batch: " + problem);
+      status = kExitFailed;
+    }
+  }
+  return status;
+}
+
+int RunCheck(const Request& request, Session& session, Console& console) {
+  std::string problem;
+  const std::optional<HouseRules> rules =
+      HouseRulesShelf(session.FileSystem(), session.ProgramFolder()).Read(request.profile, problem);
+  if (!rules) {
+    console.Complain("cuewright-batch: " + problem + "; 'cuewright-batch profiles' lists them.");
+    return kExitUsage;
+  }
+  if (!session.Load(request.files.front())) return kExitFailed;
+  Checker checker(*rules, RateOf(request, session));
+  const std::vector<Finding> findings = checker.CheckAll(session.Captions());
+  for (const Finding& finding : findings) console.Out(request.json ? AsJson(finding) : AsLine(finding));
+  if (session.LoadedWithTrouble()) return kExitFailed;
+  return findings.empty() ? kExitDone : kExitFindings;
+}
+
+}  // namespace cuewright

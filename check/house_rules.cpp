@@ -1,0 +1,206 @@
+#include "check/house_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+#include "text/digits.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::uint64_t kLargestFile = 1 << 20;
+constexpr TextView kEnding = u".ini";
+
+/// A number of decimal digits, with a point; empty for any other text.
+std::optional<double> NumberIn(TextView value) {
+  const bool fits = !value.empty() && value.size() <= 7 && IsDigit(value.front()) && IsDigit(value.back()) &&
+                    std::ranges::count(value, u'.') <= 1 &&
+                    std::ranges::all_of(value, [](char16_t c) { return IsDigit(c) || c == u'.'; });
+  if (!fits) return {};
+  return LeadingNumber(value);
+}
+
+bool TakeText(TextView value, Text& text) {
+  text = value;
+  return !value.empty();
+}
+
+bool TakeNumber(TextView value, double& number) {
+  const std::optional<double> read = NumberIn(value);
+  if (read) number = *read;
+  return read.has_value();
+}
+
+bool TakeNumber(TextView value, int& number) {
+  const std::optional<double> read = NumberIn(value);
+  if (!read || *read != std::floor(*read)) return false;
+  number = static_cast<int>(*read);
+  return true;
+}
+
+/// "1000" in ms, "2 frames".
+bool TakeTime(TextView value, HouseTime& time) {
+  constexpr TextView kFrames = u" frames";
+  const bool frames = value.ends_with(kFrames);
+  if (frames) value.remove_suffix(kFrames.size());
+  int number = 0;
+  if (!TakeNumber(value, number)) return false;
+  (frames ? time.frames : time.ms) = number;
+  return true;
+}
+
+bool TakeRate(TextView value, FrameRate& rate) {
+  rate = FrameRate::FromText(value);
+  return rate.IsUsual();
+}
+
+bool TakeSwitch(TextView value, bool& on) {
+  on = value == u"1";
+  return value == u"0" || value == u"1";
+}
+
+/// A key of the file, and what takes its value; false when the value can't be.
+struct Key {
+  TextView name;
+  bool (*take)(TextView value, HouseRules& rules);
+};
+
+constexpr std::array kKeys = {
+    Key{u"Name", [](TextView value, HouseRules& rules) { return TakeText(value, rules.name); }},
+    Key{u"Source", [](TextView value, HouseRules& rules) { return TakeText(value, rules.source); }},
+    Key{u"Date", [](TextView value, HouseRules& rules) { return TakeText(value, rules.date); }},
+    Key{u"Language", [](TextView value, HouseRules& rules) { return TakeText(value, rules.language); }},
+    Key{u"Rate", [](TextView value, HouseRules& rules) { return TakeRate(value, rules.rate); }},
+    Key{u"MinDuration", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.minDuration); }},
+    Key{u"MaxDuration", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.maxDuration); }},
+    Key{u"MinGap", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.minGap); }},
+    Key{u"CharactersASecond",
+        [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.charactersASecond); }},
+    Key{u"WordsAMinute", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.wordsAMinute); }},
+    Key{u"CharactersALine", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.charactersALine); }},
+    Key{u"Characters", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.characters); }},
+    Key{u"Lines", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.lines); }},
+    Key{u"WideLetters", [](TextView value, HouseRules& rules) { return TakeSwitch(value, rules.wideLetters); }},
+    Key{u"Balance", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.balance); }},
+    Key{u"Pyramid", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.pyramid); }},
+    Key{u"Dash", [](TextView value, HouseRules& rules) { return TakeText(value, rules.dash); }},
+    Key{u"ShotZone", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.shotZone); }},
+    Key{u"BeforeShot", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.beforeShot); }},
+};
+
+TextView Trimmed(TextView text) {
+  const std::size_t first = text.find_first_not_of(u" \t\r");
+  if (first == TextView::npos) return {};
+  return text.substr(first, text.find_last_not_of(u" \t\r") - first + 1);
+}
+
+TextView Unquoted(TextView value) {
+  const bool quoted = value.size() >= 2 && value.front() == u'"' && value.back() == u'"';
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// Hands on each line with its number from 1, without the blanks around it, until one is refused.
+template <class Take>
+bool EachLine(TextView text, Take take) {
+  for (int number = 1; !text.empty(); ++number) {
+    const std::size_t end = text.find(u'\n');
+    if (!take(Trimmed(text.substr(0, end)), number)) return false;
+    text.remove_prefix(end == TextView::npos ? text.size() : end + 1);
+  }
+  return true;
+}
+
+/// Takes "KEY=VALUE"; what is wrong with the line, or nothing.
+std::string TakeLine(TextView line, HouseRules& rules) {
+  if (line.empty() || line.front() == u';' || line.front() == u'[') return {};
+  const std::size_t equals = line.find(u'=');
+  if (equals == TextView::npos) return "KEY=VALUE was expected";
+  const TextView name = Trimmed(line.substr(0, equals));
+  const auto key = std::ranges::find_if(kKeys, [&](const Key& one) { return EqualLoose(one.name, name); });
+  if (key == kKeys.end()) return "there is no key '" + ToUtf8(name) + "'";
+  const TextView value = Unquoted(Trimmed(line.substr(equals + 1)));
+  if (!key->take(value, rules)) return "'" + ToUtf8(value) + "' can't be the value of " + ToUtf8(key->name);
+  return {};
+}
+
+}  // namespace
+
+std::int32_t HouseRules::FramesOf(const HouseTime& time, const FrameRate& at) const {
+  if (time.frames == 0) return at.FramesOfMs(time.ms);
+  const std::int64_t scaled = std::int64_t{time.frames} * at.Numerator() * rate.Denominator();
+  const std::int64_t unit = std::int64_t{at.Denominator()} * rate.Numerator();
+  return static_cast<std::int32_t>((2 * scaled + unit - 1) / (2 * unit));
+}
+
+std::int32_t HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const {
+  return time.frames == 0 ? time.ms : at.MsOfFrames(FramesOf(time, at));
+}
+
+std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem) {
+  HouseRules rules;
+  const bool whole = EachLine(text, [&](TextView line, int number) {
+    const std::string wrong = TakeLine(line, rules);
+    if (!wrong.empty()) problem = "line " + std::to_string(number) + ": " + wrong;
+    return wrong.empty();
+  });
+  if (!whole) return {};
+  if (rules.name.empty()) {
+    problem = "there is no Name";
+    return {};
+  }
+  return rules;
+}
+
+std::unordered_set<Text> ReadLineEnds(TextView text) {
+  std::unordered_set<Text> words;
+  EachLine(text, [&](TextView line, int) {
+    if (line.starts_with(u';')) return true;
+    while (!line.empty()) {
+      const std::size_t end = line.find(u' ');
+      if (end != 0) words.insert(ToLower(line.substr(0, end)));
+      line.remove_prefix(end == TextView::npos ? line.size() : end + 1);
+    }
+    return true;
+  });
+  return words;
+}
+
+std::vector<Text> HouseRulesShelf::Ids() const {
+  std::vector<Text> ids;
+  for (const Text& name : files_.Names(folder_ + u"profiles")) {
+    if (name.ends_with(kEnding)) ids.push_back(name.substr(0, name.size() - kEnding.size()));
+  }
+  std::ranges::sort(ids);
+  return ids;
+}
+
+std::optional<HouseRules> HouseRulesShelf::Read(TextView id, std::string& problem) const {
+  const std::vector<Text> ids = Ids();
+  const auto found = std::ranges::find_if(ids, [&](const Text& one) { return EqualLoose(one, id); });
+  if (found == ids.end()) {
+    problem = "there are no house rules '" + ToUtf8(id) + "'";
+    return {};
+  }
+  const Text path = folder_ + u"profiles/" + *found + Text(kEnding);
+  std::optional<HouseRules> rules;
+  CarryOn errors;
+  errors([&] {
+    rules = ReadHouseRules(FromUtf8(files_.Read(path, kLargestFile)), problem);
+    if (!rules) problem = ToUtf8(path) + ": " + problem;
+    if (!rules || rules->language.empty()) return;
+    const Text words = folder_ + u"breaks/" + rules->language + u".txt";
+    if (files_.IsRegular(words)) rules->lineEnds = ReadLineEnds(FromUtf8(files_.Read(words, kLargestFile)));
+  });
+  if (errors.Last()) {
+    problem = ToUtf8(path) + ": " + ToUtf8(errors.Last()->description);
+    return {};
+  }
+  if (rules) rules->id = *found;
+  return rules;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "core/frame_rate.h"
+#include "core/ports/files.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// A stretch of time that a house states in ms or in frames. Frames are counted at the rate of the house's rules and
+/// become as many at another rate as last as long, to the nearest one, half a frame going down: 2 frames at 24 are 2 at
+/// 30, 4 at 50.
+struct HouseTime {
+  std::int32_t ms = 0;
+  std::int32_t frames = 0;  ///< counts where it isn't 0
+
+  bool Given() const { return ms != 0 || frames != 0; }
+};
+
+/// What a house asks of subtitles. A limit of 0 and an empty text ask for nothing.
+struct HouseRules {
+  Text id;  ///< name of the file, as `--profile` takes it
+  Text name;
+  Text source;
+  Text date;      ///< of the values, as year, month and day as far as they are known
+  Text language;  ///< two letters; empty: any
+  FrameRate rate = 24.0;
+
+  HouseTime minDuration;
+  HouseTime maxDuration;
+  HouseTime minGap;
+  double charactersASecond = 0;
+  double wordsAMinute = 0;
+  int charactersALine = 0;
+  int characters = 0;  ///< in all lines together
+  int lines = 0;
+  bool wideLetters = false;           ///< a letter that fills a square counts as two
+  int balance = 0;                    ///< no line shorter than this many hundredths of the longest one
+  int pyramid = 0;                    ///< no upper line longer than this many hundredths of the one below it
+  Text dash;                          ///< what a line begins with where several people speak
+  std::unordered_set<Text> lineEnds;  ///< words in small letters at which no line but the last one ends
+  HouseTime shotZone;                 ///< a start or an end this near to a shot belongs to it
+  HouseTime beforeShot;               ///< how long before the shot it ends then
+
+  /// A stretch in frames at a rate, and in ms. Nothing is asked for: 0.
+  std::int32_t FramesOf(const HouseTime& time, const FrameRate& at) const;
+  std::int32_t MsOf(const HouseTime& time, const FrameRate& at) const;
+};
+
+/// What a file of house rules says; empty, with the reason in `problem`, when it says something that can't be:
+/// "line 3: ...", without the file's name.
+std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem);
+
+/// The words at which no line ends of a file of them: words parted by blanks, a line that begins with ";" being a
+/// remark.
+std::unordered_set<Text> ReadLineEnds(TextView text);
+
+/// The house rules that come with the program: one file each.
+class HouseRulesShelf {
+ public:
+  /// `folder` holds "profiles" and "breaks".
+  HouseRulesShelf(const Files& files, TextView folder) : files_(files), folder_(folder) {}
+
+  /// The names of all, in order.
+  std::vector<Text> Ids() const;
+  /// Those of one name, letters of both cases being the same; empty, with the reason, when there are none or they can't
+  /// be read.
+  std::optional<HouseRules> Read(TextView id, std::string& problem) const;
+
+ private:
+  const Files& files_;
+  Text folder_;
+};
+
+}  // namespace cuewright
