@@ -168,7 +168,13 @@ Problem SetProfile(Request& request, const std::string& value) {
   return {};
 }
 
-constexpr std::array kCheckOptions = {CallOption{"--profile", true, SetProfile}};
+Problem SetFilm(Request& request, const std::string& value) {
+  if (value.empty()) return "--film takes the name of a film";
+  request.film = FromUtf8(value);
+  return {};
+}
+
+constexpr std::array kCheckOptions = {CallOption{"--profile", true, SetProfile}, CallOption{"--film", true, SetFilm}};
 
 constexpr std::array kRulesOptions = {
     CallOption{"--standard", false, SetStandard},
@@ -197,6 +203,7 @@ std::span<const CallOption> CheckOptions() { return kCheckOptions; }
 
 Problem CheckCheck(const Request& request) {
   if (request.profile.empty()) return "check needs --profile with a name that 'profiles' lists";
+  if (request.film && request.fps) return "check takes --film or --fps; a film tells its own rate";
   return {};
 }
 

@@ -5,6 +5,9 @@
 #include "batch/json.h"
 #include "check/checker.h"
 #include "check/house_rules.h"
+#include "platform/child_processes.h"
+#include "shots/film_pictures.h"
+#include "shots/shots.h"
 
 namespace cuewright {
 namespace {
@@ -66,9 +69,30 @@ std::string AsJson(const HouseRules& rules) {
       .Line();
 }
 
-/// The rate at which frames are counted: that of the call, of the file, or none, for which the profile's stands.
-FrameRate RateOf(const Request& request, const Session& session) {
-  return request.fps ? FrameRate::FromText(FromUtf8(*request.fps)) : session.Rate();
+/// What the captions are held against beside the rules.
+struct Film {
+  FrameRate rate;  ///< none: the profile's stands
+  std::vector<std::int32_t> shots;
+};
+
+/// The film of the call; false, after telling why, when it can't be read.
+bool ReadFilm(const Request& request, const HouseRules& rules, Session& session, Film& film) {
+  film.rate = request.fps ? FrameRate::FromText(FromUtf8(*request.fps)) : session.Rate();
+  if (!request.film) return true;
+  PosixProcesses processes;
+  film.rate = RateOfFilm(processes, *request.film);
+  FilmReading reading;
+  if (!film.rate) reading.problem = "the rate of its pictures can't be read";
+  if (reading.problem.empty() && rules.shotZone.Given()) {
+    ShotMeasurer measurer;
+    reading = MeasureFilm(processes, *request.film, measurer, [](std::size_t) { return true; });
+    for (const Shot& shot : FindShots(measurer.Measures())) {
+      // The end of a fade is at no picture that could be told.
+      if (shot.kind == ShotKind::Cut) film.shots.push_back(shot.Ms());
+    }
+  }
+  if (!reading.problem.empty()) session.Boxes().Tell(*request.film + u": " + FromUtf8(reading.problem));
+  return reading.problem.empty();
 }
 
 }  // namespace
@@ -98,10 +122,13 @@ int RunCheck(const Request& request, Session& session, Console& console) {
     return kExitUsage;
   }
   if (!session.Load(request.files.front())) return kExitFailed;
-  Checker checker(*rules, RateOf(request, session));
+  const bool whole = !session.LoadedWithTrouble();
+  Film film;
+  if (!ReadFilm(request, *rules, session, film)) return kExitFailed;
+  Checker checker(*rules, film.rate, std::move(film.shots));
   const std::vector<Finding> findings = checker.CheckAll(session.Captions());
   for (const Finding& finding : findings) console.Out(request.json ? AsJson(finding) : AsLine(finding));
-  if (session.LoadedWithTrouble()) return kExitFailed;
+  if (!whole) return kExitFailed;
   return findings.empty() ? kExitDone : kExitFindings;
 }
 

@@ -30,6 +30,7 @@ constexpr std::array kCommands = {
     Command{"replace", 1, 1, ReplaceOptions, CheckReplace},
     Command{"profiles", 0, 0, nullptr, nullptr},
     Command{"check", 1, 1, CheckOptions, CheckCheck},
+    Command{"shots", 1, 1, nullptr, nullptr},
 };
 
 const CallOption* Find(std::span<const CallOption> options, std::string_view name) {

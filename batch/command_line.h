@@ -73,7 +73,9 @@ struct Request {
   int jobs = 0;                   ///< how many files are in work at once; 0: as many as there are cores
   std::optional<Text> filesFrom;  ///< the file that names further files
 
-  Text profile;  ///< of `check`: the house rules
+  // Options of `check`.
+  Text profile;              ///< the house rules
+  std::optional<Text> film;  ///< the film that the captions belong to
 
   // Option of `rules`.
   bool detailed = false;

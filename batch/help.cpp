@@ -21,6 +21,7 @@ constexpr std::string_view kProgram =
     "  replace FILE       replace text in the captions of a file\n"
     "  profiles           list what houses ask of subtitles\n"
     "  check FILE         hold a file against what a house asks\n"
+    "  shots FILM         find the changes of shot in a film\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -122,16 +123,27 @@ constexpr std::string_view kProfiles =
     "\n";
 
 constexpr std::string_view kCheck =
-    "Usage: cuewright-batch check FILE --profile NAME [OPTION]...\n"
+    "Usage: cuewright-batch check FILE --profile NAME [--film FILM | --fps N] [OPTION]...\n"
     "A line a finding: number of the caption, rule, value and limit, separated by tabs. Times are in\n"
     "ms. The exit status is 3 when there is any.\n"
     "\n"
     "  --profile NAME      house rules that 'profiles' lists\n"
+    "  --film FILM         take the rate from this film, and look for its changes of shot where the house\n"
+    "                      asks for times at them\n"
     "\n"
-    "Frames are counted at the rate of --fps, else at that of the file or of the house rules. Rules:\n"
+    "Frames are counted at the rate of the film or of --fps, else at that of the file or of the house\n"
+    "rules. Rules:\n"
     "min-duration, max-duration, overlap and gap (towards the caption before), cps (characters a\n"
     "second), wpm (words a minute), line-length, length, lines, balance (shortest line in hundredths\n"
-    "of the longest), pyramid, dash, line-end (the word that ends a line).\n"
+    "of the longest), pyramid, dash, line-end (the word that ends a line), shot-start and shot-end (how\n"
+    "many frames behind the change of shot).\n"
+    "\n";
+
+constexpr std::string_view kShots =
+    "Usage: cuewright-batch shots [OPTION]... FILM\n"
+    "A line a change of shot: the number of the picture from 0, which is the first of the new shot or\n"
+    "the middle of a fade, its presentation time in ms, and cut or fade, separated by tabs. The film is\n"
+    "read by ffmpeg.\n"
     "\n";
 
 constexpr std::string_view kCommon =
@@ -170,6 +182,7 @@ std::string HelpText(std::string_view command) {
   if (command == "replace") own = kReplace;
   if (command == "profiles") own = kProfiles;
   if (command == "check") own = kCheck;
+  if (command == "shots") own = kShots;
   return std::string(own) + std::string(kCommon);
 }
 

@@ -1,0 +1,172 @@
+#include "shots/film_pictures.h"
+
+#include <charconv>
+#include <cstring>
+#include <deque>
+#include <memory>
+#include <string_view>
+
+#include "core/runtime_error.h"
+
+namespace cuewright {
+namespace {
+
+constexpr TextView kDecoder = u"ffmpeg";
+constexpr int kWaitMs = 100;
+constexpr std::int64_t kUsASecond = 1000000;
+constexpr std::size_t kLongestProblem = 300;
+
+/// "file:" keeps a name from being taken for an option or an address.
+std::vector<Text> Arguments(TextView film) {
+  return {u"-nostdin", u"-v", u"info", u"-nostats", u"-hide_banner", u"-i", u"file:" + Text(film), u"-map", u"0:v:0",
+          // Each picture once, at the time that it has; the log tells that time.
+          u"-vf", u"scale=64:36:flags=area,format=yuv420p,showinfo=checksum=0", u"-vsync", u"passthrough", u"-f",
+          u"rawvideo", u"pipe:1",
+          // The film begins where its first stream does, be that the sound.
+          u"-map", u"0:a?", u"-map", u"0:v:0", u"-c", u"copy", u"-frames:a", u"1", u"-frames:v", u"1", u"-f", u"null",
+          u"-"};
+}
+
+/// The number behind a word in a line of the log, blanks between them skipped; false when there is none.
+bool NumberBehind(std::string_view line, std::string_view word, std::int64_t& number) {
+  std::size_t at = line.find(word);
+  if (at == std::string_view::npos) return false;
+  at = line.find_first_not_of(' ', at + word.size());
+  if (at == std::string_view::npos) return false;
+  return std::from_chars(line.data() + at, line.data() + line.size(), number).ec == std::errc();
+}
+
+/// Puts the pictures of the output and the times of the log together.
+class Joiner {
+ public:
+  explicit Joiner(ShotMeasurer& measurer) : measurer_(measurer) {}
+
+  void TakePictures(std::string_view bytes) {
+    bytes_.append(bytes);
+    Join();
+  }
+
+  void TakeLog(std::string_view text) {
+    log_.append(text);
+    std::size_t from = 0;
+    for (std::size_t end = log_.find('\n'); end != std::string::npos; end = log_.find('\n', from)) {
+      TakeLine(std::string_view(log_).substr(from, end - from));
+      from = end + 1;
+    }
+    log_.erase(0, from);
+    Join();
+  }
+
+  std::size_t Count() const { return count_; }
+  /// The last line of the log that is no time: what the decoder complained of.
+  const std::string& LastWords() const { return words_; }
+  bool AllJoined() const { return bytes_.empty() && times_.empty(); }
+
+ private:
+  void TakeLine(std::string_view line) {
+    if (!line.starts_with("[Parsed_showinfo")) {
+      if (line.find("rror") != std::string_view::npos || line.find("nvalid") != std::string_view::npos) {
+        words_ = line.substr(0, kLongestProblem);
+      }
+      return;
+    }
+    std::int64_t pts = 0;
+    constexpr std::string_view kBase = "time_base:";
+    if (line.find("config in") != std::string_view::npos) {
+      const std::size_t slash = line.find('/', line.find(kBase));
+      if (!NumberBehind(line, kBase, base_)) base_ = 1;
+      const bool told = slash != std::string_view::npos &&
+                        std::from_chars(line.data() + slash + 1, line.data() + line.size(), unit_).ec == std::errc();
+      if (!told) unit_ = kUsASecond;
+    } else if (line.find(" pts:") != std::string_view::npos) {
+      // A picture without a time has that of the one before.
+      if (NumberBehind(line, " pts:", pts)) last_ = pts;
+      times_.push_back(last_);
+    }
+  }
+
+  void Join() {
+    std::size_t from = 0;
+    for (; !times_.empty() && bytes_.size() - from >= Thumbnail::kBytes; from += Thumbnail::kBytes) {
+      std::memcpy(thumbnail_.bytes.data(), bytes_.data() + from, Thumbnail::kBytes);
+      measurer_.Add(thumbnail_, InUs(times_.front()));
+      times_.pop_front();
+      ++count_;
+    }
+    bytes_.erase(0, from);
+  }
+
+  std::int64_t InUs(std::int64_t pts) const {
+    return static_cast<std::int64_t>(static_cast<long double>(pts) * base_ * kUsASecond / unit_ + 0.5L);
+  }
+
+  ShotMeasurer& measurer_;
+  std::string bytes_;
+  std::string log_;
+  std::string words_;
+  std::deque<std::int64_t> times_;
+  std::int64_t base_ = 1;
+  std::int64_t unit_ = kUsASecond;
+  std::int64_t last_ = 0;
+  std::size_t count_ = 0;
+  Thumbnail thumbnail_;
+};
+
+std::string ProblemOf(int status, const Joiner& joiner) {
+  if (joiner.Count() == 0) {
+    return joiner.LastWords().empty() ? "the film has no pictures" : joiner.LastWords();
+  }
+  if (status != 0 || !joiner.AllJoined()) {
+    return "the film was read up to picture " + std::to_string(joiner.Count()) + " only: " + joiner.LastWords();
+  }
+  return {};
+}
+
+}  // namespace
+
+FilmReading MeasureFilm(Processes& processes, TextView film, ShotMeasurer& measurer,
+                        const std::function<bool(std::size_t)>& goOn) {
+  std::unique_ptr<ChildProcess> child;
+  CarryOn errors;
+  errors([&] { child = processes.Start(Text(kDecoder), Arguments(film), {.errors = true}); });
+  if (!child) return {"ffmpeg can't be started; the package ffmpeg has it", false};
+  Joiner joiner(measurer);
+  std::optional<int> status;
+  while (!status) {
+    child->Wait(kWaitMs);
+    // What ends a program comes behind the last that it wrote.
+    status = child->Ended();
+    joiner.TakePictures(child->TakeOutput());
+    joiner.TakeLog(child->TakeErrors());
+    if (!goOn(joiner.Count())) return {{}, true};
+  }
+  measurer.Finish();
+  return {ProblemOf(*status, joiner), false};
+}
+
+FrameRate RateOfFilm(Processes& processes, TextView film) {
+  const std::vector<Text> arguments = {
+      u"-v",      u"error", u"-select_streams",   u"v:0", u"-show_entries", u"stream=avg_frame_rate", u"-of",
+      u"csv=p=0", u"-i",    u"file:" + Text(film)};
+  std::unique_ptr<ChildProcess> child;
+  CarryOn errors;
+  errors([&] { child = processes.Start(u"ffprobe", arguments); });
+  if (!child) return {};
+  std::string said;
+  std::optional<int> status;
+  while (!status) {
+    child->Wait(kWaitMs);
+    status = child->Ended();
+    said += child->TakeOutput();
+  }
+  const std::size_t slash = said.find('/');
+  std::int64_t frames = 0;
+  std::int64_t seconds = 1;
+  const char* const end = said.data() + said.size();
+  if (std::from_chars(said.data(), end, frames).ec != std::errc()) return {};
+  if (slash != std::string::npos) std::from_chars(said.data() + slash + 1, end, seconds);
+  return frames > 0 && seconds > 0 ? FrameRate(static_cast<double>(frames) / static_cast<double>(seconds))
+                                   : FrameRate();
+}
+
+}  // namespace cuewright
