@@ -25,7 +25,7 @@ TEST_F(Notice, ALoadTellsFormatAndEncoding) {
 TEST_F(Notice, ASaveTellsWhatItWrote) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   program->documentFiles.SaveDocument();
-  EXPECT_EQ(Shown(), u"Saved as SubRip, windows-1252");
+  EXPECT_EQ(Shown(), u"Saved as SubRip, UTF-8");
 }
 
 TEST_F(Notice, AFailedSaveTellsNothing) {
@@ -60,7 +60,7 @@ TEST_F(Notice, IsToldAnewInAnotherLanguage) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   program->messageCatalogue.AddBlock("902\tLe\u00EDdo como %1, %2\n905\tCerrar\n", 1);
   program->ChangeLanguage(1);
-  EXPECT_EQ(Shown(), u"Le\u00EDdo como SubRip, windows-1252");
+  EXPECT_EQ(Shown(), u"Le\u00EDdo como SubRip, UTF-8");
   EXPECT_EQ(Window().cmdNotice.ToolTip(), u"Cerrar");
 }
 

@@ -126,7 +126,7 @@ TEST_F(RulesThatLook, ChangeNothingOnLoadAndTellHowMuchTheyFound) {
   EXPECT_FALSE(Window().mnuUndo.Enabled());
   EXPECT_FALSE(Report().Loaded());
   EXPECT_TRUE(boxes.shown.empty());
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252 · 3 findings");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8 · 3 findings");
   EXPECT_TRUE(Window().cmdShowFindings.Visible());
   EXPECT_EQ(Window().cmdShowFindings.GetText(), u"Show");
   EXPECT_TRUE(Window().cmdApplyFindings.Visible());
@@ -135,13 +135,13 @@ TEST_F(RulesThatLook, ChangeNothingOnLoadAndTellHowMuchTheyFound) {
 
 TEST_F(RulesThatLook, TellOneFindingAsOneAndNothingOfACleanFile) {
   program->documentFiles.OpenSubtitleFile(Colliding());
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252 · 1 finding");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8 · 1 finding");
   program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8");
   EXPECT_FALSE(Window().cmdShowFindings.Visible());
   program->options.applyWhen = 1;
   program->documentFiles.OpenSubtitleFile(Colliding());
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8");
 }
 
 TEST_F(RulesThatLook, ShowWhatWouldChange) {
@@ -186,14 +186,14 @@ TEST_F(RulesThatLook, ChangeTheFileWhereTheUserLetsThem) {
   Window().mnuRemove.Click();
   EXPECT_FALSE(Window().cmdUndoRules.Visible());
   program->documentFiles.OpenSubtitleFile(SubRip("clean.srt", 3));
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8");
 }
 
 TEST_F(RulesThatLook, AreSilentAboutAnAppliedPassInTheClassicManner) {
   program->options.manner.SetClassic(true);
   program->documentFiles.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 4);
-  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
+  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8");
 }
 
 using TheReport = RulesInTheWindow;
