@@ -4,8 +4,8 @@
 
 #include <chrono>
 
+#include "core/seen_text.h"
 #include "tests/support/printers.h"
-#include "tools/visible_text.h"
 
 namespace cuewright {
 namespace {
