@@ -55,14 +55,18 @@ std::size_t PairAtEnd(TextView text) {
 /// Puts a changed text together from the old one and what is new.
 class SeenText::Builder {
  public:
-  explicit Builder(const SeenText& old) : old_(old) {}
+  explicit Builder(const SeenText& old) : old_(old) {
+    stored_.reserve(old.stored_.size());
+    seen_.reserve(old.seen_.size());
+    places_.reserve(old.places_.size());
+  }
 
   /// Everything of the old text up to a place, in front of the unit `last`.
   void CopyUpTo(std::size_t place, std::size_t last) {
     const std::size_t shift = stored_.size() - copied_;  // wraps around where the text became shorter
     stored_.append(old_.stored_, copied_, place - copied_);
+    seen_.append(old_.seen_, unit_, last - unit_);
     for (; unit_ < last; ++unit_) {
-      seen_ += old_.seen_[unit_];
       places_.push_back({old_.places_[unit_].begin + shift, old_.places_[unit_].end + shift});
     }
     copied_ = place;
