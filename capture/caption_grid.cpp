@@ -45,9 +45,14 @@ void CaptionGrid::SetSpoken(TextView timed, TextView untimed) {
   spokenUntimed_ = untimed;
 }
 
+Text CaptionGrid::ShownText(Row row) const {
+  return list_.Options().rawMarks ? list_.GetCaptionText(row) : list_.GetSeenText(row);
+}
+
 Text CaptionGrid::SpokenCaption(Row row) const {
   if (!list_.InRange(row)) return {};
-  const Text text = WithoutStyleMarkers(ReplaceAll(list_.GetCaptionText(row, true), kLineEnd, u" "));
+  Text text = ReplaceAll(list_.GetSeenText(row, true), kLineEnd, u" ");
+  if (!list_.Options().manner.KeepsStylesWithin()) text = WithoutStyleMarkers(std::move(text));
   const Text form = list_.IsCaptionTimed(row) ? spokenTimed_ : spokenUntimed_;
   const std::array<Text, 4> values = {Decimal(row), Seconds(list_.GetCaptionStart(row)),
                                       Seconds(list_.GetCaptionEnd(row)), text};

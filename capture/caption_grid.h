@@ -29,6 +29,10 @@ class CaptionGrid {
   /// How a caption is read out: of one with times "%1, %2 to %3 seconds, %4" or the like (number, start, end, text), of
   /// one without "%1, without times, %4".
   void SetSpoken(TextView timed, TextView untimed);
+  /// What the text column shows of a row in range.
+  Text ShownText(Row row) const;
+  /// All rows are to be painted anew.
+  void ShowAnew() { Changed(); }
   /// What a screen reader says for a row; empty for one out of range.
   Text SpokenCaption(Row row) const;
   bool RightToLeft() const { return rightToLeft_; }

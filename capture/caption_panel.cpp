@@ -16,9 +16,26 @@ void CaptionPanel::ShowStyles(Row row) {
   window_.mnuUnderline.SetChecked(list_.IsCaptionUnderline(row));
 }
 
+bool CaptionPanel::HidesMarks() const {
+  return list_.Options().manner.KeepsStylesWithin() && !list_.Options().rawMarks;
+}
+
+void CaptionPanel::ShowText(Row row) {
+  if (!HidesMarks()) return window_.txtSub.SetText(list_.GetCaptionText(row, true));
+  pane_.Take(list_.GetCaptionText(row), list_.Options().lineSeparator, list_.Marks());
+  window_.txtSub.SetText(ReplaceAll(pane_.View(), u"\n", kLineEnd));
+}
+
+Text CaptionPanel::TakeText() {
+  const Text& shown = window_.txtSub.GetText();
+  if (!HidesMarks()) return ReplaceAll(shown, kLineEnd, list_.Options().lineSeparator);
+  pane_.ChangeTo(ReplaceAll(shown, kLineEnd, u"\n"));
+  return pane_.Stored();
+}
+
 void CaptionPanel::ShowRow(Row row, bool scroll) {
   ShowStyles(row);
-  window_.txtSub.SetText(list_.GetCaptionText(row, true));
+  ShowText(row);
   shownStart_ = list_.GetCaptionStart(row);
   shownEnd_ = list_.GetCaptionEnd(row);
   // A time that is too large for a box leaves the box as it was; everything else is still shown.
@@ -44,7 +61,7 @@ void CaptionPanel::ResetGrid(Showing showing) {
     list_.ClearCaptionTiming(1, true);
   } else {
     grid_.ShowNotice(strings_[Message::NoTextFileLoaded]);
-    window_.txtSub.SetText({});
+    ShowText(0);
   }
   window_.txtSub.SetEnabled(active);
   for (TextBox& box : window_.txtTime) box.SetEnabled(active);

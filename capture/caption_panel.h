@@ -6,6 +6,7 @@
 #include "capture/main_window.h"
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
+#include "core/seen_text.h"
 
 namespace cuewright {
 
@@ -20,6 +21,11 @@ class CaptionPanel {
   /// Empties the list: to one blank caption, or to the notice that there is no document.
   void ResetGrid(Showing showing);
 
+  /// The text pane shows the text of a row, without marks unless the user wants to see them.
+  void ShowText(Row row);
+  /// The text of the pane as it is stored: marks that aren't shown have kept their places.
+  Text TakeText();
+
   /// The checks of the three style items follow the row.
   void ShowStyles(Row row);
 
@@ -30,11 +36,13 @@ class CaptionPanel {
 
  private:
   void ShowRow(Row row, bool scroll);
+  bool HidesMarks() const;
 
   MainWindow& window_;
   CaptionList& list_;
   CaptionGrid& grid_;
   const LangStrings& strings_;
+  SeenText pane_;  // what the pane shows, while it hides marks
   std::int32_t shownStart_ = 0;
   std::int32_t shownEnd_ = 0;
 };

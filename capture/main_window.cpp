@@ -8,7 +8,7 @@ MainWindow::MainWindow() : Form("frmMain") {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
-                         &mnuAudioBar, &mnuFullWave}) {
+                         &mnuAudioBar, &mnuRawMarks, &mnuFullWave}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
@@ -21,6 +21,7 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuRedo.SetShortcut("Ctrl+Shift+Z; Ctrl+Y");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
+  mnuRawMarks.SetShortcut("Ctrl+M");
   mnuGSettings.SetShortcut("Ctrl+,");
   mnuHelpTopics.SetShortcut("F1");
   mnuUTF8.SetText(u"UTF-8");

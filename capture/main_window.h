@@ -124,6 +124,7 @@ class MainWindow final : public Form {
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuInfoBar{*this, "mnuInfoBar", &mnuView};
   MenuItem mnuAudioBar{*this, "mnuAudioBar", &mnuView};
+  MenuItem mnuRawMarks{*this, "mnuRawMarks", &mnuView};
   MenuItem mnuLine3{*this, "mnuLine3", &mnuView};
   MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
   MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};

@@ -1,5 +1,7 @@
 #include "capture/preview.h"
 
+#include <utility>
+
 #include "core/style_markers.h"
 
 namespace cuewright {
@@ -13,6 +15,11 @@ constexpr int kOverlayFoot = 64;
 OverlayPlace PlaceOverlay(int left, int top, int playerWidth, int playerHeight, int overlayHeight, int percent) {
   return {left + kOverlayInset, top + (playerHeight - overlayHeight - kOverlayFoot) * percent / 100,
           playerWidth - 2 * kOverlayInset};
+}
+
+int PercentOfPlace(int place, int usual) {
+  if (place <= 3) return usual;
+  return place <= 6 ? 50 : 0;
 }
 
 Preview::Preview(Workbench bench, SubWindow& sub, Player& player, const PlayerSample& sample)
@@ -53,7 +60,14 @@ void Preview::ShowPreviewCaption(Row row) {
   style.italic = bench_.list.IsCaptionItalic(row);
   style.underline = bench_.list.IsCaptionUnderline(row);
   sub_.SetStyle(style);
-  if (sub_.Loaded()) sub_.ShowText(WithoutStyleMarkers(bench_.list.GetCaptionText(row, true)));
+  if (!sub_.Loaded()) return;
+  if (!bench_.options.manner.KeepsStylesWithin()) {
+    return sub_.ShowText(WithoutStyleMarkers(bench_.list.GetCaptionText(row, true)));
+  }
+  const Text& separator = bench_.options.lineSeparator;
+  SeenCaption caption = bench_.list.Marks().Read(bench_.list.At(row).text, separator);
+  for (StyledRun& run : caption.runs) run.text = ReplaceAll(run.text, separator, u"\n");
+  sub_.ShowCaption(std::move(caption));
 }
 
 void Preview::ClearPreviewCaption() {

@@ -25,6 +25,10 @@ struct OverlayPlace {
 /// above the player's lower edge.
 OverlayPlace PlaceOverlay(int left, int top, int playerWidth, int playerHeight, int overlayHeight, int percent);
 
+/// How far down a caption stands, in per cent as above: `usual`, unless its place (as the keys of a number pad) is in
+/// the middle or at the top.
+int PercentOfPlace(int place, int usual);
+
 /// The caption over the picture: shown while it is timed, and played against the film in preview mode.
 class Preview {
  public:

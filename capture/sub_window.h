@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "core/caption_marks.h"
 #include "form/controls.h"
 
 namespace cuewright {
@@ -35,15 +36,20 @@ class SubWindow final : public Form {
   const Style& GetStyle() const { return style_; }
   void SetStyle(const Style& style);
 
-  /// The text of both labels.
+  /// A caption of one look, in the usual place: the text of both labels.
   void ShowText(TextView text);
+  /// A caption whose parts have looks of their own, with LF for its line separators. Its text is that of both labels.
+  void ShowCaption(SeenCaption caption);
+  /// The parts of what is shown; none for a caption of one look.
+  const SeenCaption& Shown() const { return shown_; }
 
   Signal<SubWindow> LoadedChanged;
-  Signal<SubWindow> StyleChanged;
+  Signal<SubWindow> StyleChanged;  ///< also of a part, and the place
 
  private:
   bool loaded_ = false;
   Style style_;
+  SeenCaption shown_;
 };
 
 }  // namespace cuewright

@@ -92,8 +92,8 @@ void Checker::CheckRow(const CaptionList& list, Row row, std::vector<Finding>& f
   row_ = row;
   const Caption& caption = list.At(row);
   CheckTimes(list, row);
-  visible_.Take(caption.text, list.Options().lineSeparator);
-  CheckText(caption, visible_.View());
+  seen_.Take(caption.text, list.Options().lineSeparator);
+  CheckText(caption, seen_.View());
   CheckShots(caption);
 }
 

@@ -6,7 +6,7 @@
 
 #include "check/house_rules.h"
 #include "core/caption_list.h"
-#include "tools/visible_text.h"
+#include "core/seen_text.h"
 
 namespace cuewright {
 
@@ -78,7 +78,7 @@ class Checker {
   std::int32_t minDuration_;
   std::int32_t maxDuration_;
   std::int32_t minGapFrames_;
-  class VisibleText visible_;
+  SeenText seen_;
   std::vector<TextView> lines_;
   std::vector<int> lengths_;
   std::vector<Finding>* findings_ = nullptr;

@@ -65,6 +65,7 @@ struct AppOptions {
   bool infoBarOn = true;
   bool audioBarOn = false;
   bool fullWave = false;
+  bool rawMarks = false;  ///< list and text pane show the marks in the texts
   std::int32_t waveColor = 16776960;
   std::int32_t waveScale = 23000;
 };

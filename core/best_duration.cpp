@@ -17,12 +17,17 @@ std::size_t LengthClass(int length) { return length <= kShortUpTo ? 0 : length <
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   if (!list.InRange(row)) return {};
   const Text& separator = list.Options().lineSeparator;
-  const Text& text = list.At(row).text;
+  const Text text = list.GetSeenText(row);
   const Checked32 start(list.GetCaptionStart(row));
   const Checked32 duration = Checked32(list.GetCaptionEnd(row)) - start;
   Checked16 length(static_cast<std::int64_t>(text.size()));
-  // Only the italic marker is taken off: the others count as characters here.
-  if (list.IsCaptionItalic(row)) length = length - Checked16(kMarkerLength);
+  // Of the markers only the italic one is no character here.
+  const CaptionList::Markers markers = list.MarkersOf(row);
+  if (list.Options().manner.KeepsStylesWithin()) {
+    length = length + Checked16((int{markers.bold} + int{markers.underline}) * kMarkerLength);
+  } else if (markers.italic) {
+    length = length - Checked16(kMarkerLength);
+  }
   if (FindPlain(text, separator) != Text::npos)
     length = length - Checked16(static_cast<std::int64_t>(separator.size()));
   if (duration < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));

@@ -4,6 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "core/seen_text.h"
 #include "core/style_markers.h"
 
 namespace cuewright {
@@ -51,6 +52,22 @@ CaptionList::CaptionList(const AppOptions& options, bool& modified) : options_(o
 Text CaptionList::GetCaptionText(Row row, bool asLines) const {
   if (!InRange(row)) return {};
   return asLines ? ReplaceAll(At(row).text, options_.lineSeparator, kLineEnd) : At(row).text;
+}
+
+Text CaptionList::GetSeenText(Row row, bool asLines) const {
+  if (!InRange(row) || !HasMarks() || !MayHaveMarks(At(row).text)) return GetCaptionText(row, asLines);
+  const Text& separator = options_.lineSeparator;
+  SeenText seen;
+  seen.Take(At(row).text, separator, *marks_);
+  return ReplaceAll(seen.View(), u"\n", asLines ? kLineEnd : TextView(separator));
+}
+
+Text CaptionList::WithSeenText(Row row, TextView seen) const {
+  if (!HasMarks()) return Text(seen);
+  SeenText text;
+  text.Take(At(row).text, options_.lineSeparator, *marks_);
+  text.ChangeTo(ReplaceAll(seen, options_.lineSeparator, u"\n"));
+  return text.Stored();
 }
 
 std::int32_t CaptionList::GetCaptionStart(Row row) const { return InRange(row) ? At(row).start : 0; }
@@ -103,21 +120,31 @@ CaptionList::Markers CaptionList::MarkersIn(TextView text) {
   return found;
 }
 
-bool CaptionList::HasMarker(Row row, TextView marker) const {
-  return InRange(row) && At(row).text.find(marker) != Text::npos;
+CaptionList::Markers CaptionList::MarkersOf(Row row) const {
+  if (!InRange(row)) return {};
+  if (!HasMarks()) return MarkersIn(At(row).text);
+  const WholeMarkers whole = FindWholeMarkers(At(row).text);
+  return {whole.bold, whole.italic, whole.underline};
 }
 
-bool CaptionList::IsCaptionBold(Row row) const { return HasMarker(row, kBoldMarker); }
-bool CaptionList::IsCaptionItalic(Row row) const { return HasMarker(row, kItalicMarker); }
-bool CaptionList::IsCaptionUnderline(Row row) const { return HasMarker(row, kUnderlineMarker); }
+bool CaptionList::IsCaptionBold(Row row) const { return MarkersOf(row).bold; }
+bool CaptionList::IsCaptionItalic(Row row) const { return MarkersOf(row).italic; }
+bool CaptionList::IsCaptionUnderline(Row row) const { return MarkersOf(row).underline; }
 
-bool CaptionList::IsCaptionFormatted(Row row) const { return InRange(row) && MarkersIn(At(row).text).Count() > 0; }
+bool CaptionList::IsCaptionFormatted(Row row) const { return MarkersOf(row).Count() > 0; }
 
 void CaptionList::ToggleMarker(Row row, TextView marker) {
   if (!InRange(row)) return;
   const Text& text = At(row).text;
-  const bool held = FindLoose(text, marker) != TextView::npos;
-  Text changed = held ? ReplaceAll(text, marker, {}) : text + Text(marker);
+  Text changed;
+  if (HasMarks()) {
+    changed = FindWholeMarkers(text).Has(marker)
+                  ? WithoutWholeMarker(text, marker)
+                  : Text(marker) + marks_->WithoutStyle(text, marker, options_.lineSeparator);
+  } else {
+    const bool held = FindLoose(text, marker) != TextView::npos;
+    changed = held ? ReplaceAll(text, marker, {}) : text + Text(marker);
+  }
   if (changed != text) Replace(row, 1, {At(row).WithText(std::move(changed))});
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/app_options.h"
+#include "core/caption_marks.h"
 #include "core/edit_kind.h"
 #include "core/row_store.h"
 #include "core/signal.h"
@@ -19,8 +20,9 @@ namespace cuewright {
 using Row = int;
 inline constexpr Row kMaxRow = 32766;
 
-/// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the line separator, styles as
-/// the bare markers "<b>", "<i>", "<u>". Its number is its row.
+/// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the line separator, styles of the
+/// whole caption as the bare markers "<b>", "<i>", "<u>", those of parts as its format marks them. Its number is its
+/// row.
 struct Caption {
   std::int32_t start = 0;
   std::int32_t end = 0;
@@ -68,6 +70,15 @@ class CaptionList {
 
   /// The text, the empty one for a row out of range; with `asLines` every line separator is CR LF.
   Text GetCaptionText(Row row, bool asLines = false) const;
+
+  /// What the marks in the texts mean; without it they are texts with the list's markers alone. It outlives the list.
+  void SetMarks(const CaptionMarks& marks) { marks_ = &marks; }
+  const CaptionMarks& Marks() const { return *marks_; }
+  /// The text as it is read, without marks; in the classic manner the stored one. Else as `GetCaptionText`.
+  Text GetSeenText(Row row, bool asLines = false) const;
+  /// The stored text of a row in range with another text to read, in which its marks have kept their places.
+  Text WithSeenText(Row row, TextView seen) const;
+
   /// Start (end) in ms; 0 for a row out of range.
   std::int32_t GetCaptionStart(Row row) const;
   std::int32_t GetCaptionEnd(Row row) const;
@@ -89,15 +100,19 @@ class CaptionList {
     int Count() const { return int{bold} + int{italic} + int{underline}; }
   };
   static Markers MarkersIn(TextView text);
+  /// Which of them a caption has as a whole; in the classic manner all that occur in it.
+  Markers MarkersOf(Row row) const;
 
-  /// The marker occurs in the text, in lower case.
+  /// The caption as a whole has the style.
   bool IsCaptionBold(Row row) const;
   bool IsCaptionItalic(Row row) const;
   bool IsCaptionUnderline(Row row) const;
   /// Any of the three.
   bool IsCaptionFormatted(Row row) const;
 
-  /// Removes every copy of the marker ("<b>", "<i>" or "<u>") or appends one. Leaves the modified flag alone.
+  /// Takes the marker ("<b>", "<i>" or "<u>") from the whole caption, or gives it to all of it: then marks that style
+  /// parts of it in the same way go. In the classic manner every copy is removed, or one appended. Leaves the modified
+  /// flag alone.
   void ToggleMarker(Row row, TextView marker);
 
   /// Adds a caption at `row`, 0 for the bottom; the first one of an empty document fills its blank row.
@@ -170,11 +185,14 @@ class CaptionList {
 
  private:
   void StoreTimes(Row row, std::int32_t start, std::int32_t end);
-  bool HasMarker(Row row, TextView marker) const;
+  /// Styles stay where they are in the texts, so that these have marks.
+  bool HasMarks() const { return options_.manner.KeepsStylesWithin(); }
 
   const AppOptions& options_;
   bool& modified_;
   RowStore<Caption> rows_;
+  const ListMarks listMarks_;
+  const CaptionMarks* marks_ = &listMarks_;
   Row selected_ = 1;
   Row currentRow_ = 1;
   bool enabled_ = true;

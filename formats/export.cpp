@@ -4,6 +4,7 @@
 
 #include "formats/caption_writers.h"
 #include "formats/carried_texts.h"
+#include "formats/document_marks.h"
 #include "formats/source/source_writer.h"
 
 namespace cuewright {
@@ -34,7 +35,7 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   std::optional<CarriedTexts> carried;
   lost_ = {};
   if (!map && CarriesMarks(id, lastRow)) {
-    carried.emplace(captions_, lastRow, MarksOfTexts(), id, formats_.loader.Definition(), lost_);
+    carried.emplace(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), lost_);
   }
   const WriteJob job{carried ? carried->List() : captions_,
                      lastRow,
@@ -73,11 +74,6 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
 bool Exporter::CarriesMarks(TextView id, Row lastRow) const {
   return captions_.Options().manner.KeepsStylesWithin() && id != kPlainText &&
          CarriedTexts::HasMarks(captions_, lastRow);
-}
-
-MarkKind Exporter::MarksOfTexts() const {
-  // What is typed into a document without a file has the tags that people know.
-  return formats_.state.Source ? MarkKindOf(formats_.state.Source->Format()) : MarkKind::SubRip;
 }
 
 std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {

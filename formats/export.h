@@ -39,8 +39,6 @@ class Exporter {
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
   /// Texts have marks that are to become those of the format.
   bool CarriesMarks(TextView id, Row lastRow) const;
-  /// Whose marks stand in the document's texts.
-  MarkKind MarksOfTexts() const;
   SourceTimes TimesOf(const SourceMap& map) const;
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, const SourceWriter* source, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;

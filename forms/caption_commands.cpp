@@ -50,6 +50,7 @@ void CaptionCommands::WireMenus() {
   for (MenuItem* item : {&bench_.window.mnuUnderline, &bench_.window.rmnuUnderline}) {
     item->Clicked.Connect([this] { Toggle(kUnderlineMarker); });
   }
+  bench_.window.mnuRawMarks.Clicked.Connect([this] { ToggleMarks(); });
   for (std::size_t choice = 0; choice < bench_.window.mnuSeparator.size(); ++choice) {
     bench_.window.mnuSeparator[choice].Clicked.Connect([this, choice] { ChangeSeparator(choice); });
   }
@@ -67,12 +68,13 @@ void CaptionCommands::WireTextPane() {
 void CaptionCommands::TakeTextPane() {
   if (!bench_.document.HasDocument()) return;
   const Row row = bench_.list.Selected();
-  const Text text = ReplaceAll(bench_.window.txtSub.GetText(), kLineEnd, bench_.options.lineSeparator);
+  const Text text = panel_.TakeText();
   // A key that changed nothing, such as an arrow, is no edit.
   if (bench_.options.manner.AsksWhenCaptionsDiffer() && text == bench_.list.GetCaptionText(row)) return;
   {
     const EditScope scope(bench_.list, EditKind::Typing, TypingNumber(row));
-    bench_.list.SetCaptionText(row, text);
+    // A line that was only begun isn't stored, be there marks behind it or not.
+    if (!bench_.window.txtSub.GetText().ends_with(kLineEnd)) bench_.list.SetCaptionText(row, text);
     if (bench_.list.Rows() >= 3) bench_.list.SetModified();
   }
   preview_.Redraw(row);
@@ -114,12 +116,13 @@ void CaptionCommands::AddBottom() {
 
 void CaptionCommands::EditSelected() {
   const Row row = bench_.list.Selected();
-  const Text answer = ports_.messages.Ask({bench_.strings[Message::EditTheSelectedLine],
-                                           bench_.strings[Message::EditCaption], bench_.list.GetCaptionText(row)});
-  if (IsBlank(answer) || !bench_.list.InRange(row) || answer == bench_.list.GetCaptionText(row)) return;
+  const Text answer = ports_.messages.Ask(
+      {bench_.strings[Message::EditTheSelectedLine], bench_.strings[Message::EditCaption], bench_.grid.ShownText(row)});
+  if (IsBlank(answer) || !bench_.list.InRange(row) || answer == bench_.grid.ShownText(row)) return;
   const EditScope scope(bench_.list, EditKind::EditText);
-  bench_.list.Replace(row, 1, {bench_.list.At(row).WithText(answer)});
-  bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
+  const Text text = bench_.options.rawMarks ? answer : bench_.list.WithSeenText(row, answer);
+  bench_.list.Replace(row, 1, {bench_.list.At(row).WithText(text)});
+  panel_.ShowText(row);
 }
 
 void CaptionCommands::RemoveSelected() { bench_.list.DeleteCaption(bench_.list.Selected()); }
@@ -154,9 +157,23 @@ void CaptionCommands::Toggle(TextView marker) {
                                      : marker == kItalicMarker ? EditKind::Italic
                                                                : EditKind::Underline);
   bench_.list.ToggleMarker(row, marker);
-  bench_.window.txtSub.SetText(bench_.list.GetCaptionText(row, true));
+  panel_.ShowText(row);
   preview_.Redraw(row);
   panel_.ShowStyles(row);
+}
+
+void CaptionCommands::ToggleMarks() {
+  bench_.options.rawMarks = !bench_.options.rawMarks;
+  ShowMarks();
+}
+
+void CaptionCommands::ShowMarks() {
+  // In the classic manner all that a text has is shown.
+  bench_.window.mnuRawMarks.SetVisible(bench_.options.manner.KeepsStylesWithin());
+  bench_.window.mnuRawMarks.SetChecked(bench_.options.rawMarks);
+  if (!bench_.document.HasDocument()) return;
+  panel_.ShowText(bench_.list.Selected());
+  bench_.grid.ShowAnew();
 }
 
 void CaptionCommands::ShowSeparator() {
@@ -190,8 +207,7 @@ void CaptionCommands::ChangeSeparator(std::size_t choice) {
   store_.SaveSetting(kMainSection, u"LBREAK", after);
   if (bench_.document.HasDocument()) ReplaceSeparator(before, after);
   scope.reset();
-  bench_.window.txtSub.SetText(bench_.document.HasDocument() ? bench_.list.GetCaptionText(bench_.list.Selected(), true)
-                                                             : Text());
+  panel_.ShowText(bench_.document.HasDocument() ? bench_.list.Selected() : 0);
 }
 
 void CaptionCommands::RestoreSeparator(const Text& separator) {

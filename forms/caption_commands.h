@@ -21,6 +21,9 @@ class CaptionCommands {
   /// The check and the custom text of the separator's menu follow the separator in force.
   void ShowSeparator();
 
+  /// The list and the pane show the marks in the texts or hide them, as the settings say.
+  void ShowMarks();
+
   /// The captions are written with this separator again: it is the one in force, in the store and in the menu.
   void RestoreSeparator(const Text& separator);
 
@@ -42,6 +45,7 @@ class CaptionCommands {
   void CountUntimed();
   void NextUntimed();
   void Toggle(TextView marker);
+  void ToggleMarks();
   void ChangeSeparator(std::size_t choice);
   void ReplaceSeparator(TextView before, TextView after);
   void TakeTextPane();

@@ -72,6 +72,7 @@ Program::Program(Ports ports, StartEnvironment environment)
 }
 
 void Program::Connect() {
+  list.SetMarks(marks);
   ConnectSession();
   ConnectFiles();
   ConnectJournal();
@@ -79,7 +80,11 @@ void Program::Connect() {
   ConnectAudio();
   ConnectWizards();
   shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
-  spelling.Checked.Connect([this] { states.ResetControls(); });
+  spelling.Checked.Connect([this] {
+    states.ResetControls();
+    panel.ShowText(list.Selected());
+  });
+  dialogs.settings.Closed.Connect([this] { commands.ShowMarks(); });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
@@ -327,7 +332,7 @@ void Program::ConvertFromUtf8() {
   }
   const EditScope scope(list, EditKind::Convert);
   ConvertCaptionsFromUtf8(list, encodings);
-  window.txtSub.SetText(list.GetCaptionText(list.Selected(), true));
+  panel.ShowText(list.Selected());
 }
 
 }  // namespace cuewright

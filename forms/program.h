@@ -22,6 +22,7 @@
 #include "external/vs_filter.h"
 #include "formats/catalogue.h"
 #include "formats/definition.h"
+#include "formats/document_marks.h"
 #include "formats/export.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
@@ -125,6 +126,7 @@ class Program final {
   VsFilter vsFilter;
   FormatCatalogue catalogue;
   FormatState formats;
+  DocumentMarks marks{formats};
   MainWindow window;
   SubWindow sub;
   StartWindow start;

@@ -79,6 +79,7 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     bench_.options.playerControls = ports_.player.UiMode();
   });
   step([&] { commands_.ShowSeparator(); });
+  step([&] { commands_.ShowMarks(); });
   step([&] { Loading(); });
   step([&] { recall_.ShowKept(); });
   if (step.Last()) {

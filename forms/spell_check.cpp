@@ -58,7 +58,6 @@ void SpellCheck::CheckAll() {
   opened_.clear();
   if (!whole) return;
   Checked();
-  parts_.bench.window.txtSub.SetText(parts_.bench.list.GetCaptionText(parts_.bench.list.Selected(), true));
   TellEnd();
 }
 
@@ -68,7 +67,7 @@ bool SpellCheck::CheckBlocks() {
   do {
     std::vector<Text> captions;
     for (int row = first_; row <= spellLast; ++row) {
-      captions.push_back(parts_.bench.list.GetCaptionText(row, true));
+      captions.push_back(parts_.bench.list.GetSeenText(row, true));
       ++done_;
     }
     const Text checked = word.MsSpellCheck(SpellingText(captions));
@@ -90,7 +89,8 @@ void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const 
   const EditScope scope(parts_.bench.list, EditKind::Spelling, checks_);
   for (std::size_t i = 0; i < cut.size(); ++i) {
     if (!cut[i]) continue;
-    parts_.bench.list.SetCaptionText(first + static_cast<Row>(i), *cut[i]);
+    const Row row = first + static_cast<Row>(i);
+    parts_.bench.list.SetCaptionText(row, parts_.bench.list.WithSeenText(row, *cut[i]));
     parts_.bench.list.SetModified();
     ++changed_;
   }

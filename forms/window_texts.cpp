@@ -49,6 +49,7 @@ void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
                               {w.mnuView, Message::MenuView},
                               {w.mnuInfoBar, Message::InfoBar},
                               {w.mnuAudioBar, Message::AudioBar},
+                              {w.mnuRawMarks, Message::MarksInTexts},
                               {w.mnuAudioBarColor, Message::AudioBarColor},
                               {w.mnuFullWave, Message::FullHeightWave},
                               {w.mnuTools, Message::MenuTools},

@@ -116,6 +116,7 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"M_INFOBAR", kFlag<&O::infoBarOn>, MainWindow, "mnuInfoBar"},
     {u"M_AUDIOBAR", kFlag<&O::audioBarOn>, MainWindow, "mnuAudioBar"},
     {u"M_FULLWAVE", kFlag<&O::fullWave>, MainWindow, "mnuFullWave"},
+    {u"RawMarks", kFlag<&O::rawMarks>, MainWindow, "mnuRawMarks"},
     {u"M_AUDIOBARCOLOR", kNumber<&O::waveColor>, MainWindow},
     {u"M_WAVSCALE", kNumber<&O::waveScale>, MainWindow, "sldWavScale"},
 });

@@ -3,6 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/seen_text.h"
+
 namespace cuewright {
 namespace {
 
@@ -12,9 +14,14 @@ Text Shaped(Text text, const FindOptions& options) {
   return options.entireWord ? u" " + text + u" " : text;
 }
 
+/// True when marks are no part of what is searched: they aren't shown either.
+bool MarksAreHidden(const CaptionList& list) {
+  return list.Options().manner.KeepsStylesWithin() && !list.Options().rawMarks;
+}
+
 /// A caption's text in that shape, with one more blank at each end.
 Text Padded(const CaptionList& list, Row row, const FindOptions& options) {
-  const Text& text = list.At(row).text;
+  const Text text = MarksAreHidden(list) ? list.GetSeenText(row) : list.At(row).text;
   const TextView blanks = options.entireWord ? u"  " : u" ";
   Text padded;
   padded.reserve(text.size() + 2 * blanks.size());
@@ -98,24 +105,45 @@ struct FlatText {
   }
 };
 
-/// The text with each hit replaced and everything else as it was. Blanks that bound a word are no part of the hit, and
-/// two words may share one.
+/// The hits in a text as changes of it. Blanks that bound a word are no part of the hit, and two words may share one.
+std::vector<SeenText::Change> ChangesOf(TextView text, const Text& separator, const FindOptions& options,
+                                        const Needle& needle, TextView replacement) {
+  const FlatText flat(text, separator, options.matchCase);
+  const std::size_t bound = options.entireWord ? 1 : 0;
+  const Text searched = Text(bound, u' ') + flat.shaped + Text(bound, u' ');
+  std::vector<SeenText::Change> changes;
+  for (std::size_t hit = needle.At(searched, 0); hit != TextView::npos;) {
+    const std::size_t end = hit + needle.Size() - 2 * bound;
+    changes.push_back({flat.origins[hit], flat.origins[end], Text(replacement)});
+    hit = needle.At(searched, hit + needle.Size() - bound);
+  }
+  return changes;
+}
+
+Text WithChanges(TextView text, const std::vector<SeenText::Change>& changes) {
+  Text result;
+  std::size_t from = 0;
+  for (const SeenText::Change& change : changes) {
+    result.append(text, from, change.from - from).append(change.text);
+    from = change.to;
+  }
+  return result.append(text, from);
+}
+
+/// The text with each hit replaced and everything else as it was.
 Text ReplacedAlone(const CaptionList& list, Row row, const FindOptions& options, const Needle& needle,
                    TextView replacement) {
   const Text& text = list.At(row).text;
   const Text& separator = list.Options().lineSeparator;
-  const FlatText flat(text, separator, options.matchCase);
-  const std::size_t bound = options.entireWord ? 1 : 0;
-  const Text searched = Text(bound, u' ') + flat.shaped + Text(bound, u' ');
   Text result;
-  std::size_t from = 0;
-  for (std::size_t hit = needle.At(searched, 0); hit != TextView::npos;) {
-    const std::size_t end = hit + needle.Size() - 2 * bound;
-    result.append(text, from, flat.origins[hit] - from).append(replacement);
-    from = flat.origins[end];
-    hit = needle.At(searched, hit + needle.Size() - bound);
+  if (MarksAreHidden(list)) {
+    SeenText seen;
+    seen.Take(text, separator, list.Marks());
+    seen.Apply(ChangesOf(seen.View(), u"\n", options, needle, replacement));
+    result = seen.Stored();
+  } else {
+    result = WithChanges(text, ChangesOf(text, separator, options, needle, replacement));
   }
-  result.append(text, from);
   // A text that ends in a line break would not be stored.
   while (!separator.empty() && result.ends_with(separator)) result.resize(result.size() - separator.size());
   return result;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tools/visible_text.h"
+#include "core/seen_text.h"
 
 namespace cuewright {
 namespace {
@@ -24,8 +24,8 @@ icu::UnicodeString Aliased(TextView text) {
 struct TextReplacer::Engine {
   std::unique_ptr<icu::RegexMatcher> matcher;
   icu::UnicodeString with;
-  VisibleText visible;
-  std::vector<VisibleText::Change> changes;
+  SeenText visible;
+  std::vector<SeenText::Change> changes;
 };
 
 TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator)
@@ -105,7 +105,8 @@ std::optional<Text> TextReplacer::Replaced(TextView stored) {
   spent_ += std::chrono::steady_clock::now() - began;
   if (fault_ == Fault::None && spent_ > kMostTime) fault_ = Fault::TooSlow;
   if (fault_ != Fault::None || engine.changes.empty()) return {};
-  return engine.visible.Changed(engine.changes);
+  engine.visible.Apply(engine.changes);
+  return engine.visible.Stored();
 }
 
 int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& replacer) {

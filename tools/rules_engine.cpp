@@ -60,9 +60,9 @@ void RulesEngine::CheckRow(Row& row) {
 
 void RulesEngine::SplitLines(Row row) {
   if (!list_.InRange(row) || !ExceedsTwoLines(list_.At(row).text, options_.lineSeparator)) return;
-  const Text text = list_.GetCaptionText(row);
+  const Text text = list_.GetSeenText(row);
   report_.AddRuleEntry(row, text, RuleKind::TooManyLines, 0, false);
-  list_.SetCaptionText(row, list_.SplitCaptionLines(text));
+  list_.SetCaptionText(row, list_.WithSeenText(row, list_.SplitCaptionLines(text)));
 }
 
 void RulesEngine::CheckTiming(Row row) {
@@ -82,7 +82,8 @@ void RulesEngine::CheckTiming(Row row) {
 
 void RulesEngine::RemoveCredit(Row& row) {
   if (!list_.InRange(row) || !credits_.AnyIn(list_.At(row).text)) return;
-  const Text text = list_.GetCaptionText(row);
+  const Text text = list_.GetSeenText(row);
+  if (!credits_.AnyIn(text)) return;
   list_.DeleteCaption(row);
   report_.AddRuleEntry(row, text, RuleKind::Credit, 0, false);
   --row;  // the caption that moved up is next
@@ -99,17 +100,20 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
   const bool fix = options_.avoidCollision != 0;
   if (fix) list_.SetCaptionStart(row, previousEnd, false);
   const Checked32 overlap = Checked32(previousEnd) - Checked32(startHint);
-  report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::Collision, overlap, fix);
+  report_.AddRuleEntry(row, list_.GetSeenText(row), RuleKind::Collision, overlap, fix);
 }
 
 void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (!list_.InRange(row)) return;
-  const Text& text = list_.At(row).text;
+  const Text text = list_.GetSeenText(row);
   const TextView separator = options_.lineSeparator;
   const Checked32 duration = DurationOf(list_, row);
   Checked16 length(static_cast<std::int64_t>(text.size()));
   if (duration <= 0) return SetBestDuration(row, true);
-  length = length - Checked16(CaptionList::MarkersIn(text).Count() * kMarkerLength);
+  // In the classic manner the markers stand in the text.
+  if (!options_.manner.KeepsStylesWithin()) {
+    length = length - Checked16(list_.MarkersOf(row).Count() * kMarkerLength);
+  }
   if (FindPlain(text, separator) != Text::npos)
     length = length - Checked16(static_cast<std::int64_t>(separator.size()));
   if (length < 1) return;
@@ -127,7 +131,7 @@ void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
 void RulesEngine::SetBestDuration(Row row, bool report) {
   const auto duration = ::cuewright::SetBestDuration(list_, row);
   if (duration && report) {
-    report_.AddRuleEntry(row, list_.GetCaptionText(row), RuleKind::NegativeDuration, *duration, false);
+    report_.AddRuleEntry(row, list_.GetSeenText(row), RuleKind::NegativeDuration, *duration, false);
   }
 }
 

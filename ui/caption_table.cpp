@@ -64,7 +64,7 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
         case 2:
           return QString::number(list_.GetCaptionEnd(row));
         default:
-          return ToQt(list_.At(row).text);
+          return ToQt(grid_.ShownText(row));
       }
     case Qt::AccessibleTextRole:
       // The first cell is the one with the focus: it speaks for the row.

@@ -114,6 +114,7 @@ void MainWindowView::Follow() {
   connections_.push_back(p_.shell.LayoutChanged.ConnectScoped([this] { ApplyLayout(); }));
   connections_.push_back(p_.preview.PlaceRequested.ConnectScoped([this] { PlaceOverlayNow(); }));
   connections_.push_back(p_.sub.lblSub.Changed.ConnectScoped([this] { PlaceOverlayNow(); }));
+  connections_.push_back(p_.sub.StyleChanged.ConnectScoped([this] { PlaceOverlayNow(); }));
   connections_.push_back(p_.languageChanged.ConnectScoped([this] { ApplyNames(); }));
   connections_.push_back(form_.DirectionChanged.ConnectScoped([this] { ApplyDirection(); }));
   connections_.push_back(p_.grid.Changed.ConnectScoped([this] { FollowDocument(); }));
@@ -217,7 +218,8 @@ void MainWindowView::ApplyColumns() {
 void MainWindowView::PlaceOverlayNow() {
   const QRect player = Placed(p_.shell.Layout().Player());
   const auto place = [&](int height) {
-    return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height, p_.options.previewHeight);
+    const int percent = PercentOfPlace(p_.sub.Shown().place, p_.options.previewHeight);
+    return PlaceOverlay(player.left(), player.top(), player.width(), player.height(), height, percent);
   };
   const int width = place(0).width;
   const int height = overlay_->WantedHeight(width);

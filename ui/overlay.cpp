@@ -2,7 +2,6 @@
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <QTextLayout>
 #include <cmath>
 
 #include "ui/qt_color.h"
@@ -18,6 +17,12 @@ Qt::LayoutDirection DirectionOf(const QString& line, Qt::LayoutDirection languag
     if (letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL) return Qt::RightToLeft;
   }
   return language;
+}
+
+/// At which side a caption stands: left, middle and right are a column each of a number pad's keys.
+Qt::Alignment AlignmentOf(int place) {
+  constexpr Qt::Alignment kColumns[] = {Qt::AlignRight, Qt::AlignLeft, Qt::AlignHCenter};
+  return kColumns[place % 3] | Qt::AlignAbsolute;
 }
 
 /// Lays a line out below `top`, wrapped where the width asks for it. Gives where the next one begins.
@@ -68,13 +73,42 @@ Qt::LayoutDirection Overlay::LanguageDirection() const {
 
 QString Overlay::ShownText() const { return ToQt(ReplaceAll(form_.lblSub.GetText(), kLineEnd, u"\n")); }
 
-int Overlay::DrawLines(QPainter* painter, int width) const {
+QTextCharFormat Overlay::FormatOf(const RunStyle& style, Pass pass) const {
+  // What is bold among bold letters is bolder, where the font has such.
+  const int own = form_.GetStyle().bold ? QFont::Bold : QFont::Normal;
+  const int bolder = form_.GetStyle().bold ? QFont::Black : QFont::Bold;
+  QTextCharFormat format;
+  format.setFontWeight(style.bold ? bolder : own);
+  format.setFontItalic(style.italic);
+  format.setFontUnderline(style.underline);
+  format.setFontStrikeOut(style.strike);
+  if (style.colour && pass == Pass::Text) format.setForeground(QColor::fromRgb(*style.colour));
+  return format;
+}
+
+QList<QTextLayout::FormatRange> Overlay::FormatsOf(qsizetype begin, qsizetype length, Pass pass) const {
+  QList<QTextLayout::FormatRange> formats;
+  qsizetype at = -begin;
+  for (const StyledRun& run : form_.Shown().runs) {
+    const qsizetype from = std::max<qsizetype>(at, 0);
+    at += static_cast<qsizetype>(run.text.size());
+    const qsizetype to = std::min(at, length);
+    if (from >= to) continue;
+    formats.push_back({static_cast<int>(from), static_cast<int>(to - from), FormatOf(run.style, pass)});
+  }
+  return formats;
+}
+
+int Overlay::DrawLines(QPainter* painter, int width, Pass pass) const {
   const QFont font = StyleFont();
   const qreal leading = std::max(QFontMetricsF(font).leading(), 0.0);
   qreal top = 0;
+  qsizetype begin = 0;
   for (const QString& text : ShownText().split('\n')) {
     QTextLayout layout(text, font);
-    QTextOption option(Qt::AlignHCenter);
+    layout.setFormats(FormatsOf(begin, text.size(), pass));
+    begin += text.size() + 1;
+    QTextOption option(AlignmentOf(form_.Shown().place));
     option.setWrapMode(QTextOption::WordWrap);
     option.setTextDirection(DirectionOf(text, LanguageDirection()));
     layout.setTextOption(option);
@@ -87,12 +121,12 @@ int Overlay::DrawLines(QPainter* painter, int width) const {
 int Overlay::WantedHeight(int width) const {
   const int twoLines = 2 * QFontMetrics(StyleFont()).height() + 2;
   if (!form_.GetStyle().allLines || ShownText().isEmpty()) return twoLines;
-  return std::max(twoLines, DrawLines(nullptr, width) + 2);
+  return std::max(twoLines, DrawLines(nullptr, width, Pass::Text) + 2);
 }
 
-void Overlay::DrawText(QPainter& painter) const {
+void Overlay::DrawText(QPainter& painter, Pass pass) const {
   if (form_.GetStyle().allLines) {
-    DrawLines(&painter, width());
+    DrawLines(&painter, width(), pass);
     return;
   }
   painter.setLayoutDirection(LanguageDirection());
@@ -108,11 +142,11 @@ void Overlay::paintEvent(QPaintEvent*) {
   if (form_.lblShadow.Visible()) {
     painter.setPen(Qt::black);
     painter.translate(style.shadowShift, style.shadowShift);
-    DrawText(painter);
+    DrawText(painter, Pass::Shadow);
     painter.translate(-style.shadowShift, -style.shadowShift);
   }
   painter.setPen(ColorOf(style.color));
-  DrawText(painter);
+  DrawText(painter, Pass::Text);
 }
 
 }  // namespace cuewright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTextLayout>
 #include <QWidget>
 #include <vector>
 
@@ -23,9 +24,13 @@ class Overlay final : public QWidget {
   QFont StyleFont() const;
   Qt::LayoutDirection LanguageDirection() const;
   QString ShownText() const;
+  enum class Pass { Shadow, Text };
+  /// How the parts of the line look that begins at a place of the text; nothing for a caption of one look.
+  QList<QTextLayout::FormatRange> FormatsOf(qsizetype begin, qsizetype length, Pass pass) const;
+  QTextCharFormat FormatOf(const RunStyle& style, Pass pass) const;
   /// Draws every line of the caption by its own direction, or only measures them (no painter). Gives their height.
-  int DrawLines(QPainter* painter, int width) const;
-  void DrawText(QPainter& painter) const;
+  int DrawLines(QPainter* painter, int width, Pass pass) const;
+  void DrawText(QPainter& painter, Pass pass) const;
   void ShowState();
 
   SubWindow& form_;

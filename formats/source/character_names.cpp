@@ -142,6 +142,8 @@ void DecodeAllNames(Text& text) {
   Decode(text, [](std::size_t, const Reference&) { return false; });
 }
 
+TextView NameAtBeginning(TextView text) { return text.substr(0, ReferenceAt(text).size); }
+
 Text EncodeNames(TextView text, bool namesHardBlanks) {
   const TextView special = namesHardBlanks ? u"&<>\u00A0" : u"&<>";
   Text encoded;

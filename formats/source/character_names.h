@@ -11,6 +11,9 @@ void DecodeNames(Text& text);
 /// The same for all of them.
 void DecodeAllNames(Text& text);
 
+/// The name or number of a character ("&lt;") that the text begins with; empty when it begins with none.
+TextView NameAtBeginning(TextView text);
+
 /// The opposite: "&", "<" and ">" that belong to no mark are written by name, and so are hard blanks when asked for.
 Text EncodeNames(TextView text, bool namesHardBlanks = false);
 

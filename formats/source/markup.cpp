@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/style_markers.h"
 #include "formats/source/markup_reader.h"
 #include "formats/source/markup_writer.h"
 #include "formats/source/whole_styles.h"
@@ -106,13 +107,14 @@ Text StyledText::Visible() const {
   return visible;
 }
 
-StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator) {
-  StyledText result;
-  result.speaker = text.speaker;
-  result.place = text.place;
-  RunBuilder runs(result);
-  Text inner = text.text;
-  const WholeStyles whole = TakeMarkers(inner);
+namespace {
+
+/// Reads the marks of a text into what is known of it; `places` may be null.
+StyledText ReadRuns(TextView text, MarkKind kind, TextView separator, std::vector<TextPlace>* places,
+                    StyledText result) {
+  RunBuilder runs(result, text, places);
+  const WholeMarkers whole = FindWholeMarkers(text);
+  const TextView inner = whole.Inner(text);
   runs.style.bold = whole.bold;
   runs.style.italic = whole.italic;
   runs.style.underline = whole.underline;
@@ -133,6 +135,16 @@ StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator) 
       ReadTags(inner, kind, separator, runs);
       break;
   }
+  return result;
+}
+
+}  // namespace
+
+StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator) {
+  StyledText beside;
+  beside.speaker = text.speaker;
+  beside.place = text.place;
+  StyledText result = ReadRuns(text.text, kind, separator, nullptr, std::move(beside));
   JoinAcrossSeparators(result.runs, separator);
   return result;
 }
@@ -187,6 +199,11 @@ Text ConvertMarks(TextView text, MarkKind from, MarkKind to, TextView separator,
   if (converted.place != kUsualPlace) beside.Add(Loss::Position);
   losses.AddCaption(beside);
   return std::move(converted.text);
+}
+
+Text VisibleText(TextView text, MarkKind kind, TextView separator, std::vector<TextPlace>& places) {
+  places.clear();
+  return ReadRuns(text, kind, separator, &places, {}).Visible();
 }
 
 Text VisibleText(TextView text, MarkKind kind, TextView separator) {

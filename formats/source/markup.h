@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <vector>
 
+#include "core/caption_marks.h"
+#include "core/styled_text.h"
 #include "formats/source/losses.h"
 #include "text/text.h"
 
@@ -15,28 +15,6 @@ enum class MarkKind { Plain, SubRip, WebVtt, SubStation, Sami, MicroDvd, Ttml, M
 
 /// The marks that captions of a format bear.
 MarkKind MarkKindOf(TextView identifier);
-
-/// How a part of a caption looks.
-struct RunStyle {
-  bool bold = false;
-  bool italic = false;
-  bool underline = false;
-  bool strike = false;
-  std::optional<std::uint32_t> colour;  ///< 0xRRGGBB
-
-  bool operator==(const RunStyle&) const = default;
-};
-
-/// A part of a caption that looks the same from its beginning to its end.
-struct StyledRun {
-  Text text;
-  RunStyle style;
-
-  bool operator==(const StyledRun&) const = default;
-};
-
-/// Where captions stand unless they say otherwise: the keys of a number pad show the nine places.
-inline constexpr int kUsualPlace = 2;
 
 /// A caption as a viewer sees it.
 struct StyledText {
@@ -67,6 +45,10 @@ MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, Text
 
 /// The same where nothing is kept beside the text: what would be is lost.
 Text ConvertMarks(TextView text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
+
+/// The text as `VisibleText` gives it, but for the names of speakers that are told in it; `places` gets where each of
+/// its units stands in the text given.
+Text VisibleText(TextView text, MarkKind kind, TextView separator, std::vector<TextPlace>& places);
 
 /// The text as a viewer reads it, with its line separators.
 Text VisibleText(TextView text, MarkKind kind, TextView separator);

@@ -9,12 +9,14 @@ namespace {
 template <class Take>
 void EachLine(TextView text, TextView separator, RunBuilder& runs, Take take) {
   const RunStyle all = runs.style;
-  bool first = true;
-  for (const Text& line : Split(text, separator)) {
+  for (;;) {
+    const std::size_t end = separator.empty() ? TextView::npos : FindPlain(text, separator);
     runs.style = all;
-    if (!first) runs.Append(separator);
-    first = false;
-    take(TextView(line));
+    take(text.substr(0, end));
+    if (end == TextView::npos) return;
+    runs.style = all;
+    runs.Append(text.substr(end, separator.size()));
+    text.remove_prefix(end + separator.size());
   }
 }
 

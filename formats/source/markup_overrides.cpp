@@ -138,7 +138,8 @@ void ReadOverrides(TextView text, RunBuilder& runs) {
     }
     // A soft break is a blank wherever lines are filled.
     const bool soft = text.substr(at, 2) == u"\\n";
-    if (!overrides.Drawing()) runs.Append(soft ? u" " : text.substr(at, 1));
+    if (!overrides.Drawing() && soft) runs.AppendInstead(u" ", text.substr(at, 2));
+    if (!overrides.Drawing() && !soft) runs.Append(text.substr(at, 1));
     at += soft ? 2 : 1;
   }
 }

@@ -6,23 +6,50 @@
 
 namespace cuewright {
 
-/// Collects the runs of a caption.
+/// Collects the runs of a caption, and where their text stands when that is asked for.
 class RunBuilder {
  public:
-  explicit RunBuilder(StyledText& result) : result_(result) {}
+  /// What is appended is a part of `source`, or stands for one. `places` may be null.
+  RunBuilder(StyledText& result, TextView source, std::vector<TextPlace>* places)
+      : result_(result), source_(source), places_(places) {}
 
   RunStyle style;
 
+  /// Takes a part of the source.
   void Append(TextView text) {
-    if (text.empty()) return;
-    if (result_.runs.empty() || !(result_.runs.back().style == style)) result_.runs.push_back({{}, style});
-    result_.runs.back().text += text;
+    if (places_ != nullptr) {
+      const std::size_t begin = PlaceOf(text);
+      for (std::size_t at = 0; at < text.size(); ++at) places_->push_back({begin + at, begin + at + 1});
+    }
+    AddText(text);
+  }
+  /// Takes a text that a part of the source stands for.
+  void AppendInstead(TextView text, TextView of) {
+    if (places_ != nullptr) {
+      const std::size_t begin = PlaceOf(of);
+      const std::size_t end = begin + of.size();
+      for (std::size_t at = 0; at < text.size(); ++at) places_->push_back({at == 0 ? begin : end, end});
+    }
+    AddText(text);
+  }
+  /// Takes a text that only a viewer sees.
+  void AppendUnplaced(TextView text) {
+    if (places_ == nullptr) AddText(text);
   }
   void Found(Loss kind) { result_.others.Add(kind); }
   StyledText& Result() { return result_; }
 
  private:
+  std::size_t PlaceOf(TextView part) const { return static_cast<std::size_t>(part.data() - source_.data()); }
+  void AddText(TextView text) {
+    if (text.empty()) return;
+    if (result_.runs.empty() || !(result_.runs.back().style == style)) result_.runs.push_back({{}, style});
+    result_.runs.back().text += text;
+  }
+
   StyledText& result_;
+  TextView source_;
+  std::vector<TextPlace>* places_;
 };
 
 /// Carries out the overrides of SubStation in one pair of braces, given without them.

@@ -92,10 +92,20 @@ class TagReader {
   }
 
   void AppendText(TextView text) {
-    if (kind_ == MarkKind::SubRip || text.find(u'&') == TextView::npos) return runs_.Append(text);
-    Text decoded(text);
-    DecodeAllNames(decoded);
-    runs_.Append(decoded);
+    if (kind_ == MarkKind::SubRip) return runs_.Append(text);
+    for (std::size_t at = text.find(u'&'); at != TextView::npos; at = text.find(u'&')) {
+      runs_.Append(text.substr(0, at));
+      const TextView name = NameAtBeginning(text.substr(at));
+      Text decoded(name);
+      DecodeAllNames(decoded);
+      if (name.empty()) {
+        runs_.Append(text.substr(at, 1));
+      } else {
+        runs_.AppendInstead(decoded, name);
+      }
+      text.remove_prefix(at + std::max<std::size_t>(name.size(), 1));
+    }
+    runs_.Append(text);
   }
 
   std::size_t ReadBlock(TextView text, std::size_t at, std::size_t lastEnd) {
@@ -114,6 +124,7 @@ class TagReader {
       return at + 1;
     }
     const std::size_t end = text.find_first_of(u"<>", at + 1);
+    tag_ = text.substr(at, end + 1 - at);
     const TextView inner = text.substr(at + 1, end - at - 1);
     if (text[end] == u'>' && !inner.empty() && TakeTag(inner)) return end + 1;
     runs_.Append(text.substr(at, 1));
@@ -128,7 +139,7 @@ class TagReader {
     }
     const Tag tag(inner);
     if (tag.name == u"br") {
-      runs_.Append(separator_);
+      runs_.AppendInstead(separator_, tag_);
       return true;
     }
     if (!Known(tag.name)) {
@@ -159,7 +170,7 @@ class TagReader {
     std::size_t depth = open_.size();
     while (depth > 0 && open_[depth - 1].name != name) --depth;
     if (depth == 0) return;
-    if (name == u"rt") runs_.Append(u")");
+    if (name == u"rt") runs_.AppendInstead(u")", tag_);
     runs_.style = open_[depth - 1].before;
     open_.resize(depth - 1);
   }
@@ -171,7 +182,7 @@ class TagReader {
     if (tag.name == u"u") style.underline = true;
     if (tag.name == u"s" || tag.name == u"strike" || tag.name == u"del") style.strike = true;
     if (tag.name == u"ruby") runs_.Found(Loss::Ruby);
-    if (tag.name == u"rt") runs_.Append(u"(");
+    if (tag.name == u"rt") runs_.AppendInstead(u"(", tag_);
     if (tag.name == u"lang") runs_.Found(Loss::Other);
     if (tag.name == u"v") TakeSpeaker(TrimBlanks(tag.rest));
     if (tag.name == u"font") EachAttribute(tag.rest, [&](const Text& name, TextView value) { TakeFont(name, value); });
@@ -183,7 +194,7 @@ class TagReader {
     Text& speaker = runs_.Result().speaker;
     const bool another = !speaker.empty() && speaker != name;
     // A caption has one speaker; the others are told in its text.
-    if (another) runs_.Append(Text(name) + u": ");
+    if (another) runs_.AppendUnplaced(Text(name) + u": ");
     if (speaker.empty()) speaker = name;
   }
 
@@ -233,6 +244,7 @@ class TagReader {
   TextView separator_;
   RunBuilder& runs_;
   OverrideReader overrides_;
+  TextView tag_;  // that is being read, with its brackets
   std::vector<Open> open_;
 };
 

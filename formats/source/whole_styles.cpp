@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "core/style_markers.h"
+
 namespace cuewright {
 namespace {
 
@@ -31,15 +33,9 @@ const Style* StyleAt(TextView text) {
 }  // namespace
 
 WholeStyles TakeMarkers(Text& text) {
-  WholeStyles taken;
-  if (text.find(u'<') == Text::npos) return taken;
-  for (const auto& [letter, flag] : kStyles) {
-    const Text marker = Opening(letter);
-    if (text.find(marker) == Text::npos || FindLoose(text, Closing(letter)) != TextView::npos) continue;
-    taken.*flag = true;
-    text = ReplaceAll(text, marker, {});
-  }
-  return taken;
+  const WholeMarkers whole = FindWholeMarkers(text);
+  if (whole.Any()) text = whole.Inner(text);
+  return {whole.bold, whole.italic, whole.underline};
 }
 
 Text Markers(WholeStyles styles) {

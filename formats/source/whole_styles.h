@@ -13,8 +13,8 @@ struct WholeStyles {
   bool Any() const { return bold || italic || underline; }
 };
 
-/// Takes the list's markers "<b>", "<i>" and "<u>" out of a text and tells which it had. One that is closed further on
-/// is no marker but a style of a part.
+/// Takes the list's markers "<b>", "<i>" and "<u>" in front of a text and behind it away, and tells which it had. One
+/// that is closed is no marker but a style of a part.
 WholeStyles TakeMarkers(Text& text);
 
 /// The markers of these styles.

@@ -161,11 +161,34 @@ TEST_F(CaptionListText, ATextThatEndsInTheSeparatorIsDropped) {
 TEST_F(CaptionListText, TogglingBoldTwiceReturnsTheSameText) {
   Fill(1);
   list.ToggleMarker(1, u"<b>");
-  EXPECT_EQ(list.GetCaptionText(1), u"line 1<b>");
+  EXPECT_EQ(list.GetCaptionText(1), u"<b>line 1");
   EXPECT_TRUE(list.IsCaptionBold(1));
   list.ToggleMarker(1, u"<b>");
   EXPECT_EQ(list.GetCaptionText(1), u"line 1");
   EXPECT_FALSE(modified);
+}
+
+TEST_F(CaptionListText, AMarkerIsAppendedAndTakenFromAnywhereInTheClassicManner) {
+  Fill(1);
+  options.manner.SetClassic(true);
+  list.ToggleMarker(1, u"<b>");
+  EXPECT_EQ(list.GetCaptionText(1), u"line 1<b>");
+  list.SetCaptionText(1, u"li<b>ne 1");
+  EXPECT_TRUE(list.IsCaptionBold(1));
+  list.ToggleMarker(1, u"<b>");
+  EXPECT_EQ(list.GetCaptionText(1), u"line 1");
+}
+
+TEST_F(CaptionListText, OnlyAMarkerOfTheWholeCaptionCountsAndGoes) {
+  list.AddCaption(1, 2, u"one <i>two</i> <b>three", 0);
+  EXPECT_FALSE(list.IsCaptionFormatted(1));
+  list.ToggleMarker(1, u"<u>");
+  EXPECT_TRUE(list.IsCaptionUnderline(1));
+  EXPECT_FALSE(list.IsCaptionItalic(1));
+  list.SetCaptionText(1, u"<u><i>one <b>two<i>");
+  EXPECT_EQ(list.GetSeenText(1), u"one <b>two");
+  list.ToggleMarker(1, u"<i>");
+  EXPECT_EQ(list.GetCaptionText(1), u"<u>one <b>two");
 }
 
 TEST_F(CaptionListText, ACaptionWithTwoMarkersStaysFormattedWhenOneIsToggledOff) {
@@ -178,6 +201,7 @@ TEST_F(CaptionListText, ACaptionWithTwoMarkersStaysFormattedWhenOneIsToggledOff)
 }
 
 TEST_F(CaptionListText, AnUpperCaseMarkerIsFoundButCantBeToggledAway) {
+  options.manner.SetClassic(true);
   list.AddCaption(1, 2, u"<B>loud", 0);
   EXPECT_FALSE(list.IsCaptionBold(1));
   list.ToggleMarker(1, u"<b>");

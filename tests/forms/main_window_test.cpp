@@ -118,8 +118,8 @@ TEST_F(Commands, NextUntimedBringsItsRowIntoView) {
 TEST_F(Commands, TogglingAStyleShowsItInThePaneAndTheMenu) {
   Open(2);
   Window().mnuItalic.Click();
-  EXPECT_EQ(List().GetCaptionText(1), u"line 1<i>");
-  EXPECT_EQ(Window().txtSub.GetText(), u"line 1<i>");
+  EXPECT_EQ(List().GetCaptionText(1), u"<i>line 1");
+  EXPECT_EQ(Window().txtSub.GetText(), u"line 1");
   EXPECT_TRUE(Window().mnuItalic.Checked());
   EXPECT_FALSE(Window().mnuBold.Checked());
   EXPECT_FALSE(program->document.DocModified);

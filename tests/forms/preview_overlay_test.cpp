@@ -40,6 +40,64 @@ TEST_F(PreviewOverlay, ABoldCaptionHasTheWeightOfTheSettings) {
   }
 }
 
+TEST_F(PreviewOverlay, StylesAreShownWhereTheyStandAndMarksAreNot) {
+  Open(2);
+  List().SetCaptionText(1, u"{\\an8}One <i>two</i>|<font color=\"#ff8000\"><b>three</b></font> <3");
+  program->preview.ShowPreviewCaption(1);
+  EXPECT_EQ(Shown(), u"One two\r\nthree <3");
+  const SeenCaption& seen = program->sub.Shown();
+  ASSERT_EQ(seen.runs.size(), 5u);
+  EXPECT_EQ(seen.runs[1].text, u"two");
+  EXPECT_TRUE(seen.runs[1].style.italic);
+  EXPECT_EQ(seen.runs[2].text, u"\n");
+  EXPECT_TRUE(seen.runs[3].style.bold);
+  EXPECT_EQ(seen.runs[3].style.colour, 0xFF8000u);
+  EXPECT_EQ(seen.runs[4].style, RunStyle());
+  EXPECT_EQ(seen.place, 8);
+  EXPECT_FALSE(program->sub.GetStyle().italic);
+}
+
+TEST_F(PreviewOverlay, GoesBackToItsUsualPlaceWithTheNextCaption) {
+  Open(2);
+  List().SetCaptionText(1, u"{\\an8}One");
+  program->preview.ShowPreviewCaption(1);
+  int announced = 0;
+  const auto connection = program->sub.StyleChanged.ConnectScoped([&] { ++announced; });
+  program->preview.ShowPreviewCaption(2);
+  EXPECT_EQ(program->sub.Shown().place, kUsualPlace);
+  EXPECT_GT(announced, 0);
+  program->preview.ShowPreviewCaption(1);
+  program->preview.ClearPreviewCaption();
+  EXPECT_TRUE(program->sub.Shown().runs.empty());
+  EXPECT_EQ(program->sub.Shown().place, kUsualPlace);
+}
+
+TEST_F(PreviewOverlay, AStyleOfThePartOnShowIsDrawnAnewWhenItChanges) {
+  Open(2);
+  Preview();
+  At(1.5);
+  Window().mnuItalic.Click();
+  ASSERT_EQ(program->sub.Shown().runs.size(), 1u);
+  EXPECT_TRUE(program->sub.Shown().runs[0].style.italic);
+}
+
+TEST_F(PreviewOverlay, OfTheClassicMannerShowsOneLookAndOtherMarksAsText) {
+  program->options.manner.SetClassic(true);
+  Open(1);
+  List().SetCaptionText(1, u"{\\an8}One <i>two</i>");
+  program->preview.ShowPreviewCaption(1);
+  EXPECT_EQ(Shown(), u"{\\an8}One two</i>");
+  EXPECT_TRUE(program->sub.GetStyle().italic);
+  EXPECT_TRUE(program->sub.Shown().runs.empty());
+}
+
+TEST_F(PreviewOverlay, ACaptionForTheTopStandsThere) {
+  EXPECT_EQ(PercentOfPlace(2, 90), 90);
+  EXPECT_EQ(PercentOfPlace(5, 90), 50);
+  EXPECT_EQ(PercentOfPlace(8, 90), 0);
+  EXPECT_EQ(PlaceOverlay(0, 40, 640, 400, 60, PercentOfPlace(7, 90)).top, 40);
+}
+
 TEST_F(PreviewOverlay, AtTheLowestPlaceThePlayersControlsStayFree) {
   EXPECT_EQ(PlaceOverlay(0, 0, 640, 400, 60, 100).top, 276);
 }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 
+#include "core/seen_text.h"
 #include "tests/support/printers.h"
-#include "tools/visible_text.h"
 
 namespace cuewright {
 namespace {

@@ -93,7 +93,15 @@ TEST_F(NearbyRule, MovesAnOverlappingStartInSilenceWithTheCollisionRuleOff) {
 
 using TimingLimit = RulesTest;
 
-TEST_F(TimingLimit, TakesEachMarkerOffOnceAndTheSeparatorOnce) {
+TEST_F(TimingLimit, CountsNoMarkerAndTheSeparatorOnce) {
+  Only(0, 0, 0, 1, 0);
+  Put({{1000, 90000, u"<b><i><u>abcde|fghij|<b>"}});
+  Pass();
+  EXPECT_EQ(list.GetCaptionEnd(1), 1000 + 11 * 120);
+}
+
+TEST_F(TimingLimit, TakesEachMarkerOffOnceAndTheSeparatorOnceInTheClassicManner) {
+  options.manner.SetClassic(true);
   Only(0, 0, 0, 1, 0);
   // 5 + 5 characters, a separator counted once of two, and each marker once of two: 10 + 1 + 3 counted.
   Put({{1000, 90000, u"<b><i><u>abcde|fghij|<b>"}});

@@ -124,6 +124,64 @@ TEST_F(OverlayTest, ItalicsAndUnderlineAreSeen) {
   EXPECT_NE(plain, Picture());
 }
 
+TEST_F(OverlayTest, DrawsThePartsOfACaptionEachInItsOwnLook) {
+  form.lblShadow.SetVisible(false);
+  form.Load();
+  form.SetStyle(style);
+  const auto show = [&](RunStyle second) {
+    form.ShowCaption({{{u"one\ntw", {}}, {u"o and", second}, {u" three", {}}}, kUsualPlace});
+    return Picture();
+  };
+  overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
+  const QImage plain = show({});
+  EXPECT_EQ(form.lblSub.GetText(), u"one\r\ntwo and three");
+  RunStyle part;
+  part.italic = true;
+  const QImage italic = show(part);
+  EXPECT_NE(italic, plain);
+  part.italic = false;
+  part.bold = true;
+  EXPECT_NE(show(part), plain);
+  part.bold = false;
+  part.underline = true;
+  EXPECT_NE(show(part), plain);
+  EXPECT_EQ(show({}), plain);
+  part.underline = false;
+  part.colour = 0xFF0000;
+  show(part);
+  EXPECT_GT(Count(Qt::red), 20);
+  EXPECT_GT(Count(kYellow), 20);
+  form.lblShadow.SetVisible(true);
+  show(part);
+  EXPECT_GT(Count(Qt::black), 10) << "the shadow has no colour of its own";
+}
+
+TEST_F(OverlayTest, APartInLettersThatAreUprightStandsUprightInACaptionInItalics) {
+  form.lblShadow.SetVisible(false);
+  Show(u"Hello");
+  const QImage upright = Picture();
+  style.italic = true;
+  form.SetStyle(style);
+  form.ShowCaption({{{u"Hello", {}}}, kUsualPlace});
+  EXPECT_EQ(Picture(), upright);
+}
+
+TEST_F(OverlayTest, ACaptionStandsAtTheSideOfItsPlace) {
+  form.lblShadow.SetVisible(false);
+  form.Load();
+  form.SetStyle(style);
+  overlay.setGeometry(10, 100, 480, overlay.WantedHeight(480));
+  const auto extent = [&](int place) {
+    form.ShowCaption({{{u"Hello", {}}}, place});
+    return Extent(100, 100 + overlay.height());
+  };
+  EXPECT_LT(extent(7).first, 20);
+  EXPECT_GT(extent(9).second, 480);
+  EXPECT_NEAR((extent(8).first + extent(8).second) / 2, 250, 4);
+  form.ShowText(u"Hello");
+  EXPECT_NEAR((Extent(100, 200).first + Extent(100, 200).second) / 2, 250, 4);
+}
+
 TEST_F(OverlayTest, HasRoomForAllLinesAndForThoseThatWrap) {
   const QFontMetrics metrics(QFont("DejaVu Sans", 18));
   form.Load();

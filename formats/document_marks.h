@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/caption_marks.h"
+#include "formats/format_state.h"
+#include "formats/source/markup.h"
+
+namespace cuewright {
+
+/// Whose marks stand in the texts of the document.
+MarkKind MarksOfTexts(const FormatState& state);
+
+/// The marks in the texts of the document: those of the file that it was read from.
+class DocumentMarks final : public CaptionMarks {
+ public:
+  /// The state outlives this.
+  explicit DocumentMarks(const FormatState& state) : state_(state) {}
+
+  SeenCaption Read(TextView stored, TextView separator) const override;
+  Text ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const override;
+  Text WithoutStyle(TextView stored, TextView marker, TextView separator) const override;
+
+ private:
+  const FormatState& state_;
+};
+
+}  // namespace cuewright

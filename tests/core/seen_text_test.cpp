@@ -1,0 +1,99 @@
+#include "core/seen_text.h"
+
+#include <gtest/gtest.h>
+
+#include "core/style_markers.h"
+#include "tests/support/printers.h"
+
+namespace cuewright {
+namespace {
+
+/// The stored text after the text that is seen became another.
+Text After(TextView stored, TextView wanted) {
+  SeenText text;
+  text.Take(stored, u"|");
+  text.ChangeTo(wanted);
+  EXPECT_EQ(text.View(), wanted);
+  return text.Stored();
+}
+
+TEST(SeenText, AnEditBesideAMarkLeavesItAtItsPlace) {
+  EXPECT_EQ(After(u"a <i>b</i> c", u"a b cd"), u"a <i>b</i> cd");
+  EXPECT_EQ(After(u"a <i>b</i> c", u"xa b c"), u"xa <i>b</i> c");
+  EXPECT_EQ(After(u"a <i>b</i> c", u"a bx c"), u"a <i>bx</i> c");
+  EXPECT_EQ(After(u"a <i>b</i> c", u"ax b c"), u"ax <i>b</i> c");
+  EXPECT_EQ(After(u"<i>b</i> c", u"xb c"), u"<i>xb</i> c");
+  EXPECT_EQ(After(u"a <i>b</i> c", u"a x c"), u"a <i>x</i> c");
+  EXPECT_EQ(After(u"{\\an8}One", u"One two"), u"{\\an8}One two");
+  EXPECT_EQ(After(u"{\\an8}One", u""), u"{\\an8}");
+  EXPECT_EQ(After(u"a|<i>b</i>", u"a\nb\nc"), u"a|<i>b|c</i>");
+  EXPECT_EQ(After(u"same <b>x</b>", u"same x"), u"same <b>x</b>");
+}
+
+TEST(SeenText, APairOfTagsGoesWithAllThatItStyled) {
+  EXPECT_EQ(After(u"a <i>b</i> c", u"a  c"), u"a  c");
+  EXPECT_EQ(After(u"a <font color=\"red\"><i>b</i></font> c", u"a c"), u"a c");
+  EXPECT_EQ(After(u"<i>b</i>", u""), u"");
+  EXPECT_EQ(After(u"a<i>b</i><u>c</u>d", u"acd"), u"a<u>c</u>d");
+  EXPECT_EQ(After(u"a<c.loud>b</c>{\\an8}d", u"ad"), u"a{\\an8}d");
+  EXPECT_EQ(After(u"a<i>b<u>c</i>d", u"ad"), u"a<i><u></i>d");
+}
+
+TEST(SeenText, WhatIsTypedIsSeenAsItStandsUntilItIsTakenAnew) {
+  SeenText text;
+  text.Take(u"a <b>b</b>", u"|");
+  for (const TextView wanted : {u"<a b", u"<ia b", u"<i>a b", u"<i>a b<", u"<i>a b</", u"<i>a b</i", u"<i>a b</i>"}) {
+    text.ChangeTo(wanted);
+    EXPECT_EQ(text.View(), wanted);
+  }
+  EXPECT_EQ(text.Stored(), u"<i>a <b>b</i></b>");
+  text.Take(text.Stored(), u"|");
+  EXPECT_EQ(text.View(), u"a b");
+}
+
+TEST(SeenText, ALineBreakIsStoredAsTheSeparatorOfAnyLength) {
+  SeenText text;
+  text.Take(u"a[br]<i>b</i>", u"[br]", ListMarks());
+  EXPECT_EQ(text.View(), u"a\n<i>b</i>");
+  text.ChangeTo(u"a\nc\n<i>b</i>");
+  EXPECT_EQ(text.Stored(), u"a[br]c[br]<i>b</i>");
+  text.ChangeTo(u"a<i>b</i>");
+  EXPECT_EQ(text.Stored(), u"a<i>b</i>");
+}
+
+TEST(SeenText, TheListsMarkersAreNoTextAndStay) {
+  SeenText text;
+  text.Take(u"<b><i>one|two", u"|", ListMarks());
+  EXPECT_EQ(text.View(), u"one\ntwo");
+  text.ChangeTo(u"one");
+  EXPECT_EQ(text.Stored(), u"<b><i>one");
+}
+
+TEST(WholeMarkers, StandInFrontOfTheTextOrBehindIt) {
+  struct Row {
+    TextView text;
+    bool bold;
+    bool italic;
+    TextView inner;
+  };
+  const Row rows[] = {{u"<i>a", false, true, u"a"},
+                      {u"<b><i>a", true, true, u"a"},
+                      {u"a<i>", false, true, u"a"},
+                      {u"a <i>b", false, false, u"a <i>b"},
+                      {u"<i>a</i> b", false, false, u"<i>a</i> b"},
+                      {u"<b><i>a</i> b", true, false, u"<i>a</i> b"},
+                      {u"<I>a", false, false, u"<I>a"},
+                      {u"<i>a</I>", false, false, u"<i>a</I>"},
+                      {u"<i>", false, true, u""},
+                      {u"", false, false, u""}};
+  for (const Row& row : rows) {
+    const WholeMarkers found = FindWholeMarkers(row.text);
+    EXPECT_EQ(found.bold, row.bold) << ToUtf8(row.text);
+    EXPECT_EQ(found.italic, row.italic) << ToUtf8(row.text);
+    EXPECT_EQ(found.Inner(row.text), row.inner) << ToUtf8(row.text);
+  }
+  EXPECT_EQ(WithoutWholeMarker(u"<b><i>a <i>b<i>", kItalicMarker), u"<b>a <i>b");
+}
+
+}  // namespace
+}  // namespace cuewright
