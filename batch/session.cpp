@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "formats/encoding_rules.h"
 #include "formats/rate_line.h"
 #include "formats/source/source_map.h"
 #include "settings/languages.h"
@@ -158,11 +159,15 @@ void Session::TellLost() {
 }
 
 bool Session::TakeEncoding(Row lastRow) {
-  if (!request_.encoding) return true;
+  const bool own = state_.Source && state_.Source->Format() == Format();
+  if (!request_.encoding) {
+    const bool utf8 = options_.manner.ChoosesEncodings() && !own && IsUtf8UnlessAsked(Format());
+    if (utf8) state_.Encoding = DocumentEncoding();
+    return true;
+  }
   // A file that is plain ASCII in both, or was in this encoding before, is left as it is.
   if (state_.Encoding.codePage != request_.encoding->codePage) state_.Encoding = *request_.encoding;
-  const bool same = state_.Source && state_.Source->Format() == Format() && options_.manner.KeepsTheFile();
-  const SourceMap* const source = same ? state_.Source.get() : nullptr;
+  const SourceMap* const source = own && options_.manner.KeepsTheFile() ? state_.Source.get() : nullptr;
   const std::vector<LackingPlace> places =
       FindLackingLetters(captions_, lastRow, source, *MakeCodec(request_.encoding->codePage));
   for (std::size_t i = 0; i < places.size() && i < kMostLackingTold; ++i) TellLacking(places[i]);

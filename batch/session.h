@@ -6,7 +6,6 @@
 #include "audio/wave_reader.h"
 #include "batch/boxes.h"
 #include "batch/command_line.h"
-#include "batch/lacking_letters.h"
 #include "batch/run_settings.h"
 #include "core/app_options.h"
 #include "core/caption_list.h"
@@ -17,6 +16,7 @@
 #include "formats/export.h"
 #include "formats/format_state.h"
 #include "formats/import.h"
+#include "formats/lacking_letters.h"
 #include "settings/store.h"
 #include "text/encodings.h"
 #include "tools/report_text.h"
@@ -75,7 +75,8 @@ class Session {
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
   bool Begin(const Text& path);
-  /// Puts the encoding of the call in force; false, after telling where, when it lacks letters of what is written.
+  /// Puts the encoding of the call in force, or else that of the format's rules; false, after telling where, when it
+  /// lacks letters of what is written.
   bool TakeEncoding(Row lastRow);
   void TellLacking(const LackingPlace& place);
 

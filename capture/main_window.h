@@ -23,6 +23,7 @@ class MainWindow final : public Form {
   Label lblTextFile{*this, "lblTextFile"};
   Label lblVideoFile{*this, "lblVideoFile"};
   Label lblNotice{*this, "lblNotice"};
+  Button cmdShowLines{*this, "cmdShowLines"};
   Button cmdShowFindings{*this, "cmdShowFindings"};
   Button cmdApplyFindings{*this, "cmdApplyFindings"};
   Button cmdUndoRules{*this, "cmdUndoRules"};
@@ -70,6 +71,7 @@ class MainWindow final : public Form {
   MenuItem mnuNewClip{*this, "mnuNewClip", &mnuFile};
   MenuItem mnuLine0{*this, "mnuLine0", &mnuFile};
   MenuItem mnuOpenText{*this, "mnuOpenText", &mnuFile};
+  MenuItem mnuReopen{*this, "mnuReopen", &mnuFile};
   MenuItem mnuOpenVideo{*this, "mnuOpenVideo", &mnuFile};
   MenuItem mnuOpenWav{*this, "mnuOpenWav", &mnuFile};
   MenuItem mnuFilmSound{*this, "mnuFilmSound", &mnuFile};

@@ -46,6 +46,8 @@ class Manner {
   constexpr bool TimesAreExact() const { return !classic_; }
   /// What a file holds that was not understood, and what a format can't hold, is told.
   constexpr bool TellsWhatIsLost() const { return !classic_; }
+  /// The user chooses the encoding of a file that is saved or read anew, and is asked before letters are lost by it.
+  constexpr bool ChoosesEncodings() const { return !classic_; }
 
  private:
   bool classic_ = false;

@@ -5,7 +5,9 @@
 #include "formats/caption_writers.h"
 #include "formats/carried_texts.h"
 #include "formats/document_marks.h"
+#include "formats/encoding_rules.h"
 #include "formats/source/source_writer.h"
+#include "text/encoding_names.h"
 
 namespace cuewright {
 
@@ -37,21 +39,22 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   if (!map && CarriesMarks(id, lastRow)) {
     carried.emplace(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), lost_);
   }
-  const WriteJob job{carried ? carried->List() : captions_,
-                     lastRow,
-                     formats_.loader.Definition(),
-                     id,
-                     {formats_.state.CurrentFps, captions_.Options().manner.TimesAreExact()},
-                     errors,
-                     carried && carried->AreWritten()};
   DocumentEncoding encoding = formats_.state.Encoding;
   std::optional<SourceWriter> source;
   if (map) source.emplace(*map, captions_, id == kPlainText ? captions_.Rows() - 1 : lastRow, TimesOf(*map));
   const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
+  const Manner& manner = captions_.Options().manner;
+  FormatDefinition definition = formats_.loader.Definition();
+  if (manner.ChoosesEncodings()) {
+    definition.headerText = WithEncodingDeclared(definition.headerText, encoding.codePage);
+  }
+  const TimeRules times{formats_.state.CurrentFps, manner.TimesAreExact()};
+  const WriteJob job{carried ? carried->List() : captions_, lastRow, definition, id, times, errors,
+                     carried && carried->AreWritten()};
   const bool written = errors([&] {
     access_.files.Replace(path_, [&](ByteSink& bytes) {
       if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
-      if (source) return source->Write(*codec, encoding.codePage != map->File().BytesCodePage(), bytes);
+      if (source) return WriteOver(*map, *source, *codec, encoding.codePage, bytes);
       LineSink sink(bytes, *codec);
       if (id == kPlainText) {
         WritePlainText(job, sink);
@@ -69,6 +72,37 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
     formats_.state.Encoding = encoding;
   }
   return written;
+}
+
+void Exporter::WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage,
+                         ByteSink& bytes) {
+  // A file that names another encoding than its own keeps the name as long as it keeps the encoding.
+  const bool other = codePage != map.File().Encoding().codePage;
+  source.Write(codec, codePage != map.File().BytesCodePage(), other ? DeclaredName(codePage) : "", bytes);
+}
+
+Losses Exporter::Foreseen(Row lastRow) const {
+  Losses losses;
+  const Text id = formats_.CurrentIdentifier();
+  if (!SourceOf(id) && CarriesMarks(id, lastRow)) {
+    CarriedTexts(captions_, lastRow, MarksOfTexts(), id, formats_.loader.Definition(), losses);
+  }
+  return losses;
+}
+
+std::vector<LackingPlace> Exporter::LackingLetters(Row lastRow) const {
+  const Text id = formats_.CurrentIdentifier();
+  const int codePage = formats_.state.Encoding.codePage;
+  if (Classic() || id == kAdobeEncore) return {};
+  const std::shared_ptr<const Codec> codec = MakeCodec(codePage);
+  if (codec->IsUtf8()) return {};
+  const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  // What is the file's own and stays in its encoding is kept, whatever it is.
+  if (map && codePage == map->File().Encoding().codePage &&
+      SourceWriter(*map, captions_, lastRow, TimesOf(*map)).HeldBy(*codec)) {
+    return {};
+  }
+  return FindLackingLetters(captions_, lastRow, map.get(), *codec);
 }
 
 bool Exporter::CarriesMarks(TextView id, Row lastRow) const {

@@ -8,6 +8,7 @@
 #include "core/runtime_error.h"
 #include "formats/definition.h"
 #include "formats/file_access.h"
+#include "formats/lacking_letters.h"
 #include "formats/source/losses.h"
 #include "formats/source/markup.h"
 #include "formats/source/source_writer.h"
@@ -30,11 +31,17 @@ class Exporter {
   /// and is the document's encoding from then on.
   bool ExportSubtitle(std::int16_t lastRow);
 
+  /// How many captions up to a row would lose marks of each kind by an export in the format in force.
+  Losses Foreseen(Row lastRow) const;
+  /// Where the document's encoding lacks letters of what such an export would write.
+  std::vector<LackingPlace> LackingLetters(Row lastRow) const;
+
   /// How many captions lost marks of each kind in the last export, since its format can't hold them.
   const Losses& Lost() const { return lost_; }
 
  private:
   bool WriteFile(Row lastRow, CarryOn& errors);
+  static void WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage, ByteSink& bytes);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
   /// Texts have marks that are to become those of the format.

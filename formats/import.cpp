@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/numbers.h"
+#include "formats/encoding_rules.h"
 #include "formats/rate_line.h"
 #include "formats/source/catalogue_format.h"
 #include "formats/source/record_watch.h"
@@ -43,6 +44,10 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
       return;
     }
     const bool published = captions_.Options().manner.ReadsByPublishedRules();
+    if (const std::optional<int> declared = published ? DeclaredCodePage(bytes) : std::nullopt) {
+      file = TextFile::As(std::move(bytes), *declared);
+      return;
+    }
     const auto untold = published ? TextFile::Untold::Unicode : TextFile::Untold::SystemsCodePage;
     file = TextFile::Auto(std::move(bytes), access_.encodings, untold);
   });

@@ -18,8 +18,8 @@ Text Patterns(TextView extensions) { return u"*." + ReplaceAll(extensions, u",",
 }  // namespace
 
 DocumentFiles::DocumentFiles(Workbench bench, DocumentFormats formats, DocumentSession& session, Recall& recall,
-                             ExportDialog& exportDialog, Ports ports)
-    : bench_(bench), formats_(formats), session_(session), recall_(recall), exportDialog_(exportDialog), ports_(ports) {
+                             SaveDialogs saving, Ports ports)
+    : bench_(bench), formats_(formats), session_(session), recall_(recall), saving_(saving), ports_(ports) {
   Wire();
 }
 
@@ -286,8 +286,8 @@ bool DocumentFiles::SaveAs() {
 bool DocumentFiles::ChooseAndSave() {
   session_.CloseTools();
   NoteFilmRate();
-  exportDialog_.Open(bench_.window.RightToLeft());
-  if (!exportDialog_.Result()) return false;
+  saving_.format.Open(bench_.window.RightToLeft());
+  if (!saving_.format.Result() || !saving_.check.AgreesToLosses()) return false;
   const Text id = formats_.catalogue.Identifier(formats_.state.CurrentFormatIndex);
   const Text extensions = ToLower(formats_.catalogue.ReadIni(id, u"extension", u"txt"));
   const Text filter =
@@ -332,6 +332,7 @@ bool DocumentFiles::SaveDocument() {
     if (mayCancel && answer == BoxAnswer::Cancel) return false;
     if (answer != BoxAnswer::Yes) lastRow = untimed - 1;
   }
+  if (!saving_.check.AgreesToEncoding(lastRow)) return false;
   const Text path = bench_.document.SubtitlePath;
   const auto remember = [&] { recall_.Keep(u"TFileName", bench_.window.mnuTFileName, path); };
   // Today's manner remembers the path only once the file has been written.

@@ -11,6 +11,7 @@
 #include "forms/export_dialog.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
+#include "forms/save_check.h"
 
 namespace cuewright {
 
@@ -23,11 +24,17 @@ struct DocumentFormats {
   Exporter& exporter;
 };
 
+/// What a save asks.
+struct SaveDialogs {
+  ExportDialog& format;
+  SaveCheck& check;
+};
+
 /// The document and its file: the items of the File menu that make, read and write a subtitle.
 class DocumentFiles {
  public:
-  DocumentFiles(Workbench bench, DocumentFormats formats, DocumentSession& session, Recall& recall,
-                ExportDialog& exportDialog, Ports ports);
+  DocumentFiles(Workbench bench, DocumentFormats formats, DocumentSession& session, Recall& recall, SaveDialogs saving,
+                Ports ports);
 
   /// True when the caller may throw the document away.
   [[nodiscard]] bool PromptForSave();
@@ -83,7 +90,7 @@ class DocumentFiles {
   DocumentFormats formats_;
   DocumentSession& session_;
   Recall& recall_;
-  ExportDialog& exportDialog_;
+  SaveDialogs saving_;
   DocumentEncoding saved_;  ///< what the document had when its save began
   Ports ports_;
 };

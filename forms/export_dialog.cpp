@@ -4,6 +4,9 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "formats/encoding_rules.h"
+#include "formats/source/source_map.h"
+#include "forms/access_keys.h"
 #include "text/labels.h"
 
 namespace cuewright {
@@ -28,6 +31,7 @@ ExportDialog::ExportDialog(const FormatCatalogue& catalogue, FormatState& format
   cmbFPS.SetEditable(true);
   cmbFPS.SetItems({u"15", u"20", u"23,976", u"24", u"25", u"29,97", u"30"});
   cboFormats.Chosen.Connect([this] { ShowProperties(); });
+  cboEncoding.Chosen.Connect([this] { encodingChosen_ = true; });
   cmbFPS.KeyPress.Connect([this](KeyEvent& key) { FilterRateKey(key); });
   cmdConfigure.Clicked.Connect([this] { Configure(); });
   cmdOK.Clicked.Connect([this] { Accept(); });
@@ -38,6 +42,8 @@ void ExportDialog::Open(bool rightToLeft) {
   result_ = false;
   SetRightToLeft(rightToLeft);
   ApplyTexts();
+  encodingChosen_ = false;
+  encodings_.Fill(strings_);
   FillFormats();
   FillRate();
   ShowProperties();
@@ -56,6 +62,10 @@ void ExportDialog::ApplyTexts() {
   cmdConfigure.SetText(strings_[Message::ConfigureFormat]);
   cmdOK.SetText(strings_[Message::Ok]);
   cmdCancel.SetText(strings_[Message::Cancel]);
+  AccessKeys keys;
+  for (const Message button : {Message::Ok, Message::Cancel}) keys.Give(strings_[button]);
+  lblEncoding.SetText(keys.Give(strings_[Message::EncodingOfFile]));
+  cboEncoding.SetSpokenName(strings_[Message::EncodingOfFile]);
   cboFormats.SetSpokenName(strings_[Message::ExportToFormat]);
   cmbFPS.SetSpokenName(strings_[Message::SourceVideoFps]);
   imgBold.SetSpokenName(strings_[Message::Bold]);
@@ -114,6 +124,7 @@ void ExportDialog::ShowProperties() {
   CarryOn step;
   step([&] {
     ShowTimecode(ChosenTimecode());
+    ShowEncoding();
     lblFPS.SetEnabled(ChosenCountsFrames());
     cmbFPS.SetEnabled(ChosenCountsFrames());
     const bool header = LeadingNumber(catalogue_.ReadIni(ChosenId(), u"header", u"0")) == 1;
@@ -121,6 +132,21 @@ void ExportDialog::ShowProperties() {
     cmdConfigure.SetEnabled(header);
     ShowTags(RoundToInt32(LeadingNumber(catalogue_.ReadIni(ChosenId(), u"tags", u"0"))));
   });
+}
+
+void ExportDialog::ShowEncoding() {
+  const bool offered = options_.manner.ChoosesEncodings();
+  lblEncoding.SetVisible(offered);
+  cboEncoding.SetVisible(offered);
+  // These two are written in one encoding, whatever is asked for.
+  const bool classic = EqualLoose(options_.readAs, u"classic");
+  const bool free = !classic && ChosenId() != kAdobeEncore;
+  lblEncoding.SetEnabled(free);
+  cboEncoding.SetEnabled(free);
+  if (encodingChosen_ && free) return;
+  const bool own = formats_.Source && formats_.Source->Format() == ChosenId();
+  const bool utf8 = !classic && (!free || (!own && IsUtf8UnlessAsked(ChosenId())));
+  encodings_.Choose(utf8 ? DocumentEncoding() : formats_.Encoding);
 }
 
 void ExportDialog::ShowTimecode(TextView timecode) {
@@ -184,6 +210,7 @@ void ExportDialog::Accept() {
   } else {
     formats_.CurrentFps = {};
   }
+  if (cboEncoding.Visible() && cboEncoding.Enabled()) formats_.Encoding = encodings_.Chosen();
   result_ = true;
   Close();
 }

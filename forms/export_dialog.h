@@ -10,6 +10,7 @@
 #include "form/dialog.h"
 #include "formats/catalogue.h"
 #include "formats/format_state.h"
+#include "forms/encoding_choice.h"
 
 namespace cuewright {
 
@@ -22,6 +23,8 @@ class ExportDialog final : public Dialog {
   Label lblFormat{*this, "lblFormat"};
   ComboBox cboFormats{*this, "cboFormats"};
   Label lblTotal{*this, "lblTotal"};
+  Label lblEncoding{*this, "lblEncoding"};
+  ComboBox cboEncoding{*this, "cboEncoding"};
   Frame fraProperties{*this, "fraProperties"};
   Label lblMode{*this, "lblMode"};
   Label lblMode2{*this, "lblMode2"};
@@ -55,6 +58,8 @@ class ExportDialog final : public Dialog {
   void FillRate();
   FrameRate AcceptedRate() const;
   void ShowProperties();
+  /// Offers what the chosen format is written in by itself, unless the user has chosen another encoding.
+  void ShowEncoding();
   void ShowTimecode(TextView timecode);
   void ShowTags(int tags);
   void FilterRateKey(KeyEvent& key) const;
@@ -69,6 +74,8 @@ class ExportDialog final : public Dialog {
   const AppOptions& options_;
   const LangStrings& strings_;
   Messages& messages_;
+  EncodingChoice encodings_{cboEncoding};
+  bool encodingChosen_ = false;  ///< by the user
   bool result_ = false;
 };
 

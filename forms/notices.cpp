@@ -18,7 +18,7 @@ Text EncodingName(const DocumentEncoding& encoding) {
       name = u"UTF-16BE";
       break;
     default:
-      name = FromUtf8(ConverterOfCodePage(encoding.codePage));
+      name = encoding.codePage == kCodePageJohab ? u"Johab" : FromUtf8(ConverterOfCodePage(encoding.codePage));
       if (name.empty()) name = u"windows-" + Decimal(encoding.codePage);
   }
   return encoding.mark ? name + u" (BOM)" : name;
@@ -35,7 +35,14 @@ void Notices::Tell(Message text, TextView first, TextView second) {
   text_ = text;
   first_ = first;
   second_ = second;
+  lines_ = 0;
   rules_ = Rules::Silent;
+  ApplyLanguage();
+  ShowButtons();
+}
+
+void Notices::TellLines(int count) {
+  lines_ = count;
   ApplyLanguage();
   ShowButtons();
 }
@@ -60,6 +67,7 @@ void Notices::TellRules(Rules rules, int count) {
 
 void Notices::Clear() {
   text_.reset();
+  lines_ = 0;
   rules_ = Rules::Silent;
   ShowButtons();
 }
@@ -67,6 +75,7 @@ void Notices::Clear() {
 void Notices::ShowButtons() {
   window_.lblNotice.SetVisible(Shown());
   window_.cmdNotice.SetVisible(Shown());
+  window_.cmdShowLines.SetVisible(lines_ != 0);
   window_.cmdShowFindings.SetVisible(rules_ == Rules::Looked);
   window_.cmdApplyFindings.SetVisible(rules_ == Rules::Looked);
   window_.cmdUndoRules.SetVisible(rules_ == Rules::Ran);
@@ -74,14 +83,21 @@ void Notices::ShowButtons() {
 
 void Notices::ApplyLanguage() {
   window_.cmdNotice.SetToolTip(strings_[Message::CloseNotice]);
+  // Where another button shows the findings of the rules, this one says what it shows.
+  window_.cmdShowLines.SetText(strings_[rules_ == Rules::Looked ? Message::ShowLines : Message::ShowFindings]);
+  window_.cmdShowLines.SetSpokenName(strings_[Message::ShowLinesSpoken]);
   window_.cmdShowFindings.SetText(strings_[Message::ShowFindings]);
   window_.cmdApplyFindings.SetText(strings_[Message::ApplyFindings]);
   window_.cmdUndoRules.SetText(strings_[Message::UndoRules]);
   Text text;
   if (text_) text = Fill(strings_[*text_], first_, second_);
-  if (rules_ != Rules::Silent) {
+  const auto add = [&text](const Text& part) {
     if (!text.empty()) text += u" \u00B7 ";
-    text += strings_.Counted(rules_ == Rules::Looked ? Message::RuleFindings : Message::RulesChanged, u"%1", count_);
+    text += part;
+  };
+  if (lines_ != 0) add(strings_.Counted(Message::LinesNotUnderstood, u"%1", lines_));
+  if (rules_ != Rules::Silent) {
+    add(strings_.Counted(rules_ == Rules::Looked ? Message::RuleFindings : Message::RulesChanged, u"%1", count_));
   }
   if (!text.empty()) window_.lblNotice.SetText(text);
 }

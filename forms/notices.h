@@ -22,6 +22,8 @@ class Notices {
   bool Seen() const { return options_.infoBarOn; }
   /// Shows a text, with what stands for %1 and %2.
   void Tell(Message text, TextView first = {}, TextView second = {});
+  /// Adds to what is told of a document how many lines of its file were not understood, with a button that shows them.
+  void TellLines(int count);
   /// Adds to what is told of a document how many findings the rules have in it, with buttons that show them and apply
   /// the rules.
   void TellFindings(int count);
@@ -32,7 +34,7 @@ class Notices {
   /// That button is there.
   bool OffersUndo() const { return rules_ == Rules::Ran; }
   void Clear();
-  bool Shown() const { return text_ || rules_ != Rules::Silent; }
+  bool Shown() const { return text_ || lines_ != 0 || rules_ != Rules::Silent; }
   /// The language has changed: the text is told anew.
   void ApplyLanguage();
 
@@ -48,6 +50,7 @@ class Notices {
   std::optional<Message> text_;
   Text first_;
   Text second_;
+  int lines_ = 0;                ///< that were not understood
   Rules rules_ = Rules::Silent;  ///< what is told of the correction rules
   int count_ = 0;                ///< of their findings, or of the captions that they changed
 };

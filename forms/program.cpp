@@ -42,7 +42,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       commands(Bench(), panel, preview, capture, store, ports_),
       playerBinding(Bench(), session, preview, capture, recall, ports_),
       exportDialog(catalogue, formats, options, strings, ports_.messages),
-      documentFiles(Bench(), Formats(), session, recall, exportDialog, ports_),
+      saveCheck(Bench(), catalogue, formats, exporter),
+      documentFiles(Bench(), Formats(), session, recall, {exportDialog, saveCheck}, ports_),
+      reopening(Bench(), Formats(), session, documentFiles, ports_.files),
+      linesReport(Bench(), formats),
       audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
       audio(Bench(), session, store, recall, audioBar, ports_),
@@ -117,7 +120,10 @@ void Program::ConnectFiles() {
                     path);
   });
   recentFiles.Chosen.Connect([this](FileKind kind, const Text& path) { router.OpenAs(kind, path); });
-  documentFiles.Loaded.Connect([this] { TellFile(Message::ReadAs); });
+  documentFiles.Loaded.Connect([this] {
+    TellFile(Message::ReadAs);
+    if (const int lines = linesReport.Count(); lines != 0) notices.TellLines(lines);
+  });
   documentFiles.Saved.Connect([this](bool) {
     if (!notices.Shown()) TellFile(Message::SavedAs);
   });

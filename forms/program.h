@@ -41,14 +41,17 @@
 #include "forms/help_window.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
+#include "forms/lines_report.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
+#include "forms/reopening.h"
 #include "forms/report_window.h"
 #include "forms/rules_commands.h"
+#include "forms/save_check.h"
 #include "forms/shell.h"
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
@@ -150,7 +153,10 @@ class Program final {
   CaptionCommands commands;
   PlayerBinding playerBinding;
   ExportDialog exportDialog;
+  SaveCheck saveCheck;
   DocumentFiles documentFiles;
+  Reopening reopening;
+  LinesReport linesReport;
   AudioBar audioBar;
   AudioCommands audio;
   FilmSound filmSound;

@@ -12,6 +12,7 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuNew, Message::NewSubtitle},
                               {w.mnuNewClip, Message::NewFromClipboard},
                               {w.mnuOpenText, Message::OpenText},
+                              {w.mnuReopen, Message::ReopenAs},
                               {w.mnuOpenVideo, Message::OpenVideo},
                               {w.mnuOpenWav, Message::OpenAudio},
                               {w.mnuClose, Message::CloseAll},

@@ -26,6 +26,12 @@ ExportView::ExportView(ExportDialog& form, QWidget* owner) : DialogView(form, ow
   formats->setMaxVisibleItems(18);
   column->addWidget(formats);
   column->addWidget(Bind(form.lblTotal, PlainLabel(this)));
+  auto* encodings = Bind(form.cboEncoding, new QComboBox(this));
+  encodings->setMaxVisibleItems(18);
+  auto* encoding = new QHBoxLayout;
+  encoding->addWidget(MakeLabelOf(form.lblEncoding, encodings));
+  encoding->addWidget(encodings, 1);
+  column->addLayout(encoding);
   column->addWidget(MakeProperties(form));
   column->addStretch();
   column->addLayout(MakeButtons({nullptr, &form.cmdOK, &form.cmdCancel}, &form.cmdOK));

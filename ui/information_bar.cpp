@@ -51,7 +51,7 @@ void InformationBar::AddNotice(QBoxLayout& row) {
   notice->setMargin(4);
   notice->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   row.addWidget(notice);
-  for (Button* button : {&form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules}) {
+  for (Button* button : {&form_.cmdShowLines, &form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules}) {
     row.addWidget(binder_.Bind(*button, new QToolButton(this)));
   }
   auto* close = binder_.Bind(form_.cmdNotice, new QToolButton(this));
@@ -62,8 +62,9 @@ void InformationBar::AddNotice(QBoxLayout& row) {
 void InformationBar::ShowParts(bool logo) {
   const bool on = form_.picIco.Visible();
   for (const Label* label : {&form_.lblTextFile, &form_.lblVideoFile}) binder_.WidgetOf(*label).setVisible(on);
-  for (const Control* part : std::initializer_list<const Control*>{
-           &form_.lblNotice, &form_.cmdShowFindings, &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {
+  for (const Control* part :
+       std::initializer_list<const Control*>{&form_.lblNotice, &form_.cmdShowLines, &form_.cmdShowFindings,
+                                             &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {
     binder_.WidgetOf(*part).setVisible(on && part->Visible());
   }
   logo_->setVisible(on && logo);

@@ -1,5 +1,7 @@
 #include "ui/labels.h"
 
+#include <QPlainTextEdit>
+
 namespace cuewright {
 
 QLabel* PlainLabel(QWidget* parent) {
@@ -18,6 +20,13 @@ QLabel* BoldLabel(QWidget* parent, double larger) {
   QLabel* label = PlainLabel(parent);
   MakeBold(*label, larger);
   return label;
+}
+
+QPlainTextEdit* ReadOnlyText(QWidget* parent) {
+  auto* text = new QPlainTextEdit(parent);
+  text->setReadOnly(true);
+  text->setTabChangesFocus(true);
+  return text;
 }
 
 CaptionLabel::CaptionLabel(QWidget* parent) : QLabel(parent) {

@@ -3,6 +3,8 @@
 #include <QBoxLayout>
 #include <QLabel>
 
+class QPlainTextEdit;
+
 namespace cuewright {
 
 /// A line of plain text.
@@ -11,6 +13,8 @@ QLabel* PlainLabel(QWidget* parent);
 QLabel* WrappedLabel(QWidget* parent);
 /// A line of bold text, larger than others by the factor.
 QLabel* BoldLabel(QWidget* parent, double larger = 1);
+/// Several lines to read, which the keyboard reaches and leaves by Tab.
+QPlainTextEdit* ReadOnlyText(QWidget* parent);
 /// The title of a window or a page.
 inline QLabel* HeadingLabel(QWidget* parent) { return BoldLabel(parent, 1.25); }
 

@@ -9,6 +9,8 @@
 #include "ui/find_view.h"
 #include "ui/format_view.h"
 #include "ui/help_view.h"
+#include "ui/list_view.h"
+#include "ui/reopen_view.h"
 #include "ui/report_view.h"
 #include "ui/settings_view.h"
 #include "ui/spell_view.h"
@@ -38,6 +40,9 @@ void AddDialogs(Windows& windows, Program& program) {
   windows.AddHolding<DelayView>(program.tools.delayDialog);
   windows.AddHolding<AudioView>(program.audio.dialog);
   windows.AddHolding<ExportView>(program.exportDialog);
+  windows.AddHolding<ListDialogView>(program.saveCheck.dialog);
+  windows.AddHolding<ReopenView>(program.reopening.dialog);
+  windows.AddFree<ListDialogView>(program.linesReport.dialog);
   windows.AddHolding<EmbedView>(program.embedWizard);
   windows.AddHolding<AudioWizardView>(program.audioWizard);
   windows.AddHolding<SpellView>(program.spelling.dialog);

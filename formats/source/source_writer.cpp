@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "formats/encoding_rules.h"
+
 namespace cuewright {
 namespace {
 
@@ -36,7 +38,7 @@ bool SourceWriter::HeldBy(const Codec& codec) const {
   return true;
 }
 
-void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
+void SourceWriter::Write(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink) {
   SourceOutput out(map_, codec, turned, sink);
   const Text sample = map_.Rules().Record({Caption{0, 1000, u"x", 0}, 1, u"\n", {}}, Separator());
   const bool blankBetween = sample.ends_with(u"\n\n");
@@ -44,6 +46,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
   written_.assign(pieces.size(), false);
   next_ = done_ = 0;
   neighbour_ = {};
+  Declare(declared, out);
   for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
     const std::uint32_t origin = captions_.At(row).origin;
     if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
@@ -65,6 +68,14 @@ void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
   }
   KeepUpTo(pieces.size(), out);
   out.Finish();
+}
+
+void SourceWriter::Declare(std::string_view encoding, SourceOutput& out) {
+  const Stretch old = encoding.empty() ? Stretch() : DeclaredEncoding(map_.Bytes());
+  if (old.Empty()) return;
+  out.PutOld(0, old.at);
+  out.Replace(old, FromUtf8(encoding));
+  done_ = old.End();
 }
 
 void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {

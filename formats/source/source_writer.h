@@ -29,8 +29,9 @@ class SourceWriter {
 
   /// Writes the file without its mark, in its own encoding or, with `turned`, in that of the codec. What stands between
   /// the records stays, also where records went; a record that is not the file's own stands behind its predecessor;
-  /// numbers move on by the records that came or went.
-  void Write(const Codec& codec, bool turned, ByteSink& sink);
+  /// numbers move on by the records that came or went. An XML file that names its encoding names `declared`; the empty
+  /// name leaves what stands there.
+  void Write(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink);
 
  private:
   bool Changed(const SourceMap::Piece& piece, const Caption& caption) const;
@@ -38,6 +39,7 @@ class SourceWriter {
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.
   void KeepUpTo(std::size_t piece, SourceOutput& out);
+  void Declare(std::string_view encoding, SourceOutput& out);
   void WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteNew(Row row, SourceOutput& out) const;

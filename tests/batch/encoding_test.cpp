@@ -82,5 +82,33 @@ TEST_F(EncodingOption, OfAnUnknownNameIsWrongUsage) {
   EXPECT_EQ(Batch({"convert", "a.srt", "--out", "b.srt", "--encoding", "UTF-8", "--text", "classic"}).status, 2);
 }
 
+TEST_F(EncodingOption, IsUtf8ByTheRulesOfAFormatUnlessAnotherIsAskedFor) {
+  Write("a.srt", std::string(kHead) + "caf\xE9\r\n\r\n");
+  for (const char* format : {"WEBVTT", "YOUTUBESBV", "TTML"}) {
+    EXPECT_EQ(Batch({"convert", "a.srt", "--to", format, "--out", "b"}).status, 0);
+    EXPECT_NE(Read("b").find("caf\xC3\xA9"), std::string::npos) << format;
+    EXPECT_EQ(Batch({"convert", "a.srt", "--to", format, "--out", "b", "--encoding", "windows-1252"}).status, 0);
+    EXPECT_NE(Read("b").find("caf\xE9"), std::string::npos) << format;
+    EXPECT_EQ(Batch({"convert", "b", "--out", "c", "--read-as", "windows-1252"}).status, 0);
+    EXPECT_EQ(Read("c"), Read("b")) << format;
+  }
+  EXPECT_EQ(Batch({"convert", "a.srt", "--to", "SAMI", "--out", "b"}).status, 0);
+  EXPECT_NE(Read("b").find("caf\xE9"), std::string::npos);
+}
+
+TEST_F(EncodingOption, IsDeclaredByXmlAndReadFromThere) {
+  WriteText("Ж");
+  EXPECT_EQ(Batch({"convert", "a.srt", "--to", "TTML", "--out", "b.ttml", "--encoding", "windows-1251"}).status, 0);
+  EXPECT_TRUE(Read("b.ttml").starts_with("<?xml version=\"1.0\" encoding=\"windows-1251\"?>"));
+  EXPECT_EQ(Batch({"dump", "b.ttml"}).out, "1\t12400\t15200\tЖ\n");
+  EXPECT_EQ(Batch({"convert", "b.ttml", "--out", "same.ttml"}).status, 0);
+  EXPECT_EQ(Read("same.ttml"), Read("b.ttml"));
+  EXPECT_EQ(Batch({"convert", "b.ttml", "--out", "c.ttml", "--encoding", "UTF-16"}).status, 0);
+  EXPECT_NE(Read("c.ttml").find(std::string("U\0T\0F\0-\0001\0006\0", 12)), std::string::npos);
+  EXPECT_EQ(Batch({"dump", "c.ttml"}).out, "1\t12400\t15200\tЖ\n");
+  EXPECT_EQ(Batch({"convert", "c.ttml", "--out", "d.ttml", "--encoding", "windows-1251"}).status, 0);
+  EXPECT_EQ(Read("d.ttml"), Read("b.ttml"));
+}
+
 }  // namespace
 }  // namespace cuewright::test

@@ -138,5 +138,30 @@ TEST_F(BatchTest, ALineThatIsNotUnderstoodIsToldAlsoWhenQuietAndStaysInTheFile) 
   EXPECT_EQ(Batch({"dump", "a.srt", "--classic"}).status, 0);
 }
 
+TEST_F(BatchTest, AFileWithALineThatIsNotUnderstoodIsNeverWrittenOver) {
+  const std::string file =
+      "1\n00:00:01,000 --> 00:00:02,000\none\n\n2\n00:00:x3,000 --> 00:00:04,000\nlost\n\n"
+      "3\n00:00:05,000 --> 00:00:06,000\nthree\n";
+  Write("a.srt", file);
+  std::filesystem::create_symlink("a.srt", PathOf("link.srt"));
+  const std::vector<std::vector<std::string>> commands = {{"convert"},
+                                                          {"convert", "--to", "MICRODVD"},
+                                                          {"convert", "--rules"},
+                                                          {"retime", "--shift", "100"},
+                                                          {"replace", "--find", "one", "--with", "two"}};
+  for (const std::vector<std::string>& command : commands) {
+    for (const std::string out : {"a.srt", "./a.srt", "link.srt"}) {
+      std::vector<std::string> call = command;
+      call.insert(call.end(), {"a.srt", "--out", out});
+      const ProcessResult result = Batch(call);
+      EXPECT_EQ(result.status, 1) << command[0] << " " << out;
+      EXPECT_NE(result.error.find("was not read whole"), std::string::npos) << result.error;
+      EXPECT_EQ(Read("a.srt"), file) << command[0] << " " << out;
+    }
+  }
+  EXPECT_EQ(Batch({"convert", "a.srt", "--folder", "."}).status, 1);
+  EXPECT_EQ(Read("a.srt"), file);
+}
+
 }  // namespace
 }  // namespace cuewright::test

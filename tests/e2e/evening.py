@@ -10,6 +10,7 @@ import sys
 import time
 
 import desktop
+from evening_files import FILE_SCENES
 from evening_wizards import WIZARD_SCENES
 from scene import Scene, captions_of, subrip
 
@@ -327,7 +328,8 @@ SCENES = [a_text_is_timed_and_closed_with_yes, a_whole_capture_by_the_keyboard_a
           the_window_is_closed_while_a_large_file_is_read, the_window_is_closed_while_a_large_file_is_written,
           escape_at_captions_without_times_cuts_nothing_off, what_a_save_left_out_comes_back,
           rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
-          a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *WIZARD_SCENES]
+          a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *FILE_SCENES,
+          *WIZARD_SCENES]
 
 
 def main():

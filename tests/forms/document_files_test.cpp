@@ -337,7 +337,8 @@ TEST_F(Saving, AFolderThatVanishedIsToldAndTheDocumentStaysModified) {
   EXPECT_TRUE(program->document.DocModified);
 }
 
-TEST_F(Saving, KeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
+TEST_F(Saving, InTheClassicMannerKeepsTheFilesEncodingAndTellsWhenItLacksACharacter) {
+  program->options.manner.SetClassic(true);
   // Two lines in the code page of Western Europe.
   const Text path = folder.Write("a.srt",
                                  "1\r\n00:00:01,000 --> 00:00:02,000\r\ncaf\xE9\r\n\r\n"

@@ -338,6 +338,30 @@ TEST_F(TheNextStart, OffersTheDocumentAndRestoresItAsItWas) {
   EXPECT_TRUE(store.current.empty());
 }
 
+TEST_F(TheNextStart, SavesARestoredFileWithTheBytesOfAllThatWasNotEdited) {
+  const std::string head =
+      "\xEF\xBB\xBF[Script Info]\n; a remark\nTitle: Dusk\nPlayResX: 1920\nPlayResY: 1080\n\n[V4+ Styles]\n"
+      "Format: Name, Fontname, Fontsize, PrimaryColour, Bold\nStyle: Sign,Arial,48,&H00FFFFFF,0\n\n"
+      "[Events]\nFormat: Layer, Start, End, Style, Name, Text\n";
+  const std::string first = "Dialogue: 0,0:00:01.00,0:00:02.50,Sign,Ana,{\\pos(10,20)}One\n";
+  const std::string between = "Comment: 0,0:00:02.00,0:00:02.10,Sign,,to be checked\n";
+  const Text path = folder.Write("a.ass", head + first + between +
+                                              "Dialogue: 3,0:00:03.00,0:00:04.00,Sign,,Two {\\i1}words{\\i0}\n"
+                                              "\n[Fonts]\nfontname: a.ttf\n!!!!\n");
+  program->documentFiles.OpenSubtitleFile(path);
+  ASSERT_EQ(List().Rows(), 3);
+  List().SetCaptionStart(2, 3210, false);
+  Tick();
+  boxes.answers = {BoxAnswer::Yes};
+  DieAndStart();
+  ASSERT_EQ(program->document.SubtitlePath, path);
+  EXPECT_EQ(List().GetCaptionStart(2), 3210);
+  EXPECT_TRUE(program->documentFiles.SaveDocument());
+  EXPECT_EQ(folder.Read("a.ass"), head + first + between +
+                                      "Dialogue: 3,0:00:03.21,0:00:04.00,Sign,,Two {\\i1}words{\\i0}\n"
+                                      "\n[Fonts]\nfontname: a.ttf\n!!!!\n");
+}
+
 TEST_F(TheNextStart, RestoresADocumentWithoutAFile) {
   program->documentFiles.New();
   boxes.lines = {u"only one"};

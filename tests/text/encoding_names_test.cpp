@@ -58,5 +58,46 @@ TEST(EncodingByName, GivesCodecsThatGiveTextBack) {
   EXPECT_FALSE(MakeCodec(28591)->Holds(u"€"));
 }
 
+TEST(ListedEncodings, AreAllKnownAndDifferentWithUtf8First) {
+  const std::vector<ListedEncoding> all = ListedEncodings();
+  ASSERT_GT(all.size(), 50u);
+  EXPECT_EQ(all[0].encoding, DocumentEncoding());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    EXPECT_LE(all[i == 0 ? 0 : i - 1].region, all[i].region);
+    for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(all[i].encoding == all[j].encoding) << all[i].encoding.codePage;
+    const auto codec = MakeCodec(all[i].encoding.codePage);
+    EXPECT_EQ(codec->Decoded(codec->Encoded(u"Abc 12 -->")), u"Abc 12 -->") << all[i].encoding.codePage;
+    if (all[i].region == EncodingRegion::Unicode || all[i].encoding.codePage == kCodePageJohab) continue;
+    // Each is one that the library has, and a name gives it again.
+    const auto named = EncodingByName(FromUtf8(ConverterOfCodePage(all[i].encoding.codePage)));
+    ASSERT_TRUE(named) << all[i].encoding.codePage;
+    EXPECT_EQ(named->codePage, all[i].encoding.codePage);
+  }
+}
+
+TEST(ListedEncodings, HaveTheLettersOfTheirRegion) {
+  const std::pair<EncodingRegion, TextView> rows[] = {
+      {EncodingRegion::Cyrillic, u"Жя"}, {EncodingRegion::Greek, u"ΩΣ"},    {EncodingRegion::Hebrew, u"אש"},
+      {EncodingRegion::Thai, u"กข"},     {EncodingRegion::Korean, u"안녕"}, {EncodingRegion::Japanese, u"こん"},
+      {EncodingRegion::Turkish, u"ğİ"},  {EncodingRegion::Nordic, u"æø"},   {EncodingRegion::CentralEuropean, u"čž"},
+  };
+  for (const ListedEncoding& listed : ListedEncodings()) {
+    for (const auto& [region, letters] : rows) {
+      if (listed.region != region) continue;
+      EXPECT_TRUE(MakeCodec(listed.encoding.codePage)->Holds(letters)) << listed.encoding.codePage;
+    }
+  }
+}
+
+TEST(DeclaredName, IsTheOneThatFilesBear) {
+  const std::pair<int, std::string> rows[] = {{65001, "UTF-8"},       {1200, "UTF-16"},      {1201, "UTF-16"},
+                                              {1252, "windows-1252"}, {28592, "ISO-8859-2"}, {932, "Shift_JIS"},
+                                              {54936, "GB18030"},     {20866, "KOI8-R"},     {866, "IBM866"}};
+  for (const auto& [codePage, name] : rows) {
+    EXPECT_TRUE(EqualLoose(FromUtf8(DeclaredName(codePage)), FromUtf8(name))) << DeclaredName(codePage);
+    EXPECT_EQ(EncodingByName(FromUtf8(DeclaredName(codePage)))->codePage, codePage == 1201 ? 1200 : codePage);
+  }
+}
+
 }  // namespace
 }  // namespace cuewright

@@ -1,4 +1,4 @@
-#include "batch/lacking_letters.h"
+#include "formats/lacking_letters.h"
 
 #include <algorithm>
 
@@ -26,16 +26,45 @@ const SourceRecord* RecordOf(const Caption& caption, const SourceMap* source) {
   return &source->Pieces()[caption.origin - 1].record;
 }
 
-/// The line of the file in which a line of a caption's text stands; 0 for a caption that stands in none.
-std::size_t LineInFile(const SourceRecord* record, const SourceMap* source, int rowLine) {
-  if (record == nullptr) return 0;
-  const Stretch& text = record->text.Empty() ? record->whole : record->text;
-  const std::size_t last = source->LineOf(text.Empty() ? text.at : text.End() - 1);
-  return std::min(source->LineOf(text.at) + static_cast<std::size_t>(rowLine) - 1, last);
-}
+/// Finds the lines of places that mostly follow each other, without going through the file for each.
+class LineFinder {
+ public:
+  explicit LineFinder(const SourceMap* source)
+      : source_(source), lines_(source != nullptr ? source->Bytes() : std::string_view()) {}
+
+  /// The line of the file in which a line of a caption's text stands; 0 for a caption that stands in none.
+  std::size_t LineOf(const SourceRecord* record, int rowLine) {
+    if (record == nullptr) return 0;
+    const Stretch& text = record->text.Empty() ? record->whole : record->text;
+    const std::size_t first = NumberOf(text.at);
+    const std::size_t last = text.Empty() ? first : NumberOf(text.End() - 1);
+    return std::min(first + static_cast<std::size_t>(rowLine) - 1, last);
+  }
+
+ private:
+  std::size_t NumberOf(std::size_t place) {
+    if (place < begin_) {
+      lines_ = SourceLines(source_->Bytes());
+      number_ = 0;
+    }
+    SourceLine line;
+    while (lines_.Place() <= place) {
+      begin_ = lines_.Place();
+      if (!lines_.Next(line)) break;
+      ++number_;
+    }
+    return number_;
+  }
+
+  const SourceMap* source_;
+  SourceLines lines_;
+  std::size_t begin_ = 0;   // of the line that was read last
+  std::size_t number_ = 0;  // its number, from 1
+};
 
 void FindInCaptions(const CaptionList& captions, Row lastRow, const SourceMap* source, const Codec& codec,
                     std::vector<LackingPlace>& places) {
+  LineFinder lines(source);
   for (Row row = 1; row <= lastRow && captions.InRange(row); ++row) {
     const Caption& caption = captions.At(row);
     if (codec.Holds(caption.text)) continue;
@@ -44,7 +73,7 @@ void FindInCaptions(const CaptionList& captions, Row lastRow, const SourceMap* s
       ++rowLine;
       Text lacking = LackingIn(line, codec);
       if (lacking.empty()) continue;
-      places.push_back({LineInFile(RecordOf(caption, source), source, rowLine), row, rowLine, std::move(lacking)});
+      places.push_back({lines.LineOf(RecordOf(caption, source), rowLine), row, rowLine, std::move(lacking)});
     }
   }
 }
