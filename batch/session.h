@@ -39,6 +39,7 @@ class Session {
   std::unique_ptr<Session> Another(Output& output) const;
 
   const FormatCatalogue& Catalogue() const { return catalogue_; }
+  const Manner& InForce() const { return options_.manner; }
   BatchBoxes& Boxes() { return boxes_; }
   const Files& FileSystem() const { return files_; }
 

@@ -4,13 +4,24 @@
 
 #include "formats/caption_writers.h"
 #include "formats/carried_texts.h"
+#include "formats/rules_writer.h"
 #include "formats/source/source_writer.h"
 
 namespace cuewright {
 
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
+bool Exporter::MayBeWritten() const {
+  const int index = formats_.state.CurrentFormatIndex;
+  const Text& id = formats_.CurrentIdentifier();
+  if (index < formats_.catalogue.CountToWrite(captions_.Options().manner) || SourceOf(id)) return true;
+  const Text text = Fill(talk_.strings[Message::FormatOnlyRead], formats_.catalogue.DisplayName(id));
+  talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
+  return false;
+}
+
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
+  if (!MayBeWritten()) return false;
   const Text id = formats_.CurrentIdentifier();
   talk_.Report(FileStage::SaveBegins, Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
   CarryOn errors;
@@ -33,7 +44,8 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
   std::optional<CarriedTexts> carried;
   lost_ = {};
-  if (!map && CarriesMarks(id, lastRow)) {
+  const bool byRules = formats_.catalogue.IsFurther(formats_.state.CurrentFormatIndex);
+  if (!map && !byRules && CarriesMarks(id, lastRow)) {
     carried.emplace(captions_, lastRow, MarksOfTexts(), id, formats_.loader.Definition(), lost_);
   }
   const WriteJob job{carried ? carried->List() : captions_,
@@ -52,7 +64,9 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
       if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
       if (source) return source->Write(*codec, encoding.codePage != map->File().BytesCodePage(), bytes);
       LineSink sink(bytes, *codec);
-      if (id == kPlainText) {
+      if (byRules) {
+        WriteByRules(job, MarksOfTexts(), lost_, sink);
+      } else if (id == kPlainText) {
         WritePlainText(job, sink);
       } else if (id == kTmPlayer) {
         WriteTmPlayer(job, sink);

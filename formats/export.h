@@ -27,13 +27,15 @@ class Exporter {
   /// one stays whole and the document modified: `Message::SaveFailed` tells it for error 75, a box with number and
   /// description for any other. A run-time error inside a line is told in that box as well, and the other lines are
   /// written. False when no file was written. Where the document's encoding lacks a character of it, UTF-8 is written
-  /// and is the document's encoding from then on.
+  /// and is the document's encoding from then on. A format that can only be read is written over its own file alone.
   bool ExportSubtitle(std::int16_t lastRow);
 
   /// How many captions lost marks of each kind in the last export, since its format can't hold them.
   const Losses& Lost() const { return lost_; }
 
  private:
+  /// The format in force can be written; tells why when it can't.
+  bool MayBeWritten() const;
   bool WriteFile(Row lastRow, CarryOn& errors);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;

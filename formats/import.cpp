@@ -24,7 +24,7 @@ Importer::Importer(const FormatSet& formats, const FormatTalk& talk, CaptionList
       captions_(captions),
       access_(access),
       cancelled_(cancelled),
-      recogniser_(formats, access.encodings),
+      recogniser_(formats, access.encodings, captions.Options().manner),
       lines_(formats, talk, access.encodings, cancelled),
       source_(talk, cancelled) {}
 

@@ -54,6 +54,11 @@ Found WebVtt(const Head& head) {
   if (!head.Bytes().starts_with(kSignature)) return {};
   const std::string_view behind = head.Bytes().substr(kSignature.size(), 1);
   if (!behind.empty() && behind.find_first_of(" \t\r\n") != 0) return {};
+  // Times without hours are a format of its own in the catalogue.
+  for (const std::string_view line : head.Lines()) {
+    const auto start = line.find("-->") == std::string_view::npos ? std::nullopt : ReadClock(line);
+    if (start) return std::ranges::count(line.substr(0, start->size), ':') == 1 ? u"WEBVTT_RSS" : u"WEBVTT";
+  }
   return u"WEBVTT";
 }
 
@@ -105,7 +110,9 @@ bool IsPair(std::string_view line, char open, char close) {
 Found Pairs(const Head& head) {
   const std::string_view line = head.Line(0);
   if (IsPair(line, '{', '}') || line.starts_with("{default}{}")) return u"MICRODVD";
-  if (IsPair(line, '[', ']')) return u"MPL2";
+  // Tenths of a second; longer numbers count something else.
+  constexpr std::size_t kMostDigits = 7;
+  if (IsPair(line, '[', ']') && line.find(']') <= kMostDigits + 1) return u"MPL2";
   return {};
 }
 

@@ -65,6 +65,12 @@ struct NewRecord {
   std::string_view neighbour = {};  ///< bytes of the record in front of it, or behind; empty: the file has none
 };
 
+/// The text in front of all records of a file and behind them.
+struct FileFrame {
+  TextView front = {};
+  TextView back = {};
+};
+
 /// A format by its published rules: reads a file with the places of all it reads, and writes single fields and records
 /// of it. An instance belongs to one file and keeps what that file says of itself (its order of fields, its classes).
 ///
@@ -92,6 +98,10 @@ class SourceFormat {
   virtual bool TimesAreLinked() const { return false; }
   /// The file has ends of captions at all; else they are reckoned from the starts.
   virtual bool WritesEnds() const { return true; }
+  /// Records are the parts of a list in square brackets; the comma in front of one belongs to it.
+  virtual bool RecordsAreAList() const { return false; }
+  /// What stands around the records in a new file.
+  virtual FileFrame FrameOfNewFile() const { return {}; }
 };
 
 /// The rules of a format of the catalogue; null when it is read by the catalogue's record alone.

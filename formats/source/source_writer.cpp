@@ -83,7 +83,16 @@ void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out)
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
   const bool moved = !piece.record.number.Empty() && row != static_cast<Row>(origin);
   if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
-  out.PutOld(piece.record.whole.at, piece.record.whole.End());
+  const std::size_t at = PartRecord(piece.record.whole, out);
+  out.PutOld(at, piece.record.whole.End());
+}
+
+std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
+  if (!map_.Rules().RecordsAreAList()) return whole.at;
+  const bool parted = map_.Bytes()[whole.at] == ',';
+  const bool first = out.LastSign() == '[';
+  if (!parted && !first) out.Put(u",");
+  return parted && first ? whole.at + 1 : whole.at;
 }
 
 void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
@@ -113,7 +122,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end, old(record.end)));
   if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
   std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
-  std::size_t at = record.whole.at;
+  std::size_t at = PartRecord(record.whole, out);
   for (const Field& field : fields) {
     if (!field.anew) continue;
     out.PutOld(at, field.place.at);
@@ -126,7 +135,9 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
 void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
   std::string_view neighbour = neighbour_;
   if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  out.Put(map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator()));
+  const Text record = map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator());
+  const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';
+  out.Put(TextView(record).substr(first ? 1 : 0));
 }
 
 }  // namespace cuewright

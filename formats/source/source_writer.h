@@ -38,6 +38,9 @@ class SourceWriter {
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.
   void KeepUpTo(std::size_t piece, SourceOutput& out);
+  /// Where the bytes of a record go on: behind its comma when it comes first in its list now. Where it comes first no
+  /// longer, a comma is put in front.
+  std::size_t PartRecord(Stretch whole, SourceOutput& out) const;
   void WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteNew(Row row, SourceOutput& out) const;
