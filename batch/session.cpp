@@ -163,6 +163,8 @@ bool Session::TakeEncoding(Row lastRow) {
   if (state_.Encoding.codePage != request_.encoding->codePage) state_.Encoding = *request_.encoding;
   const bool same = state_.Source && state_.Source->Format() == Format() && options_.manner.KeepsTheFile();
   const SourceMap* const source = same ? state_.Source.get() : nullptr;
+  // A file of bytes has no encoding to choose.
+  if (source != nullptr && source->Rules().BlockBytes() != 0) return true;
   const std::vector<LackingPlace> places =
       FindLackingLetters(captions_, lastRow, source, *MakeCodec(request_.encoding->codePage));
   for (std::size_t i = 0; i < places.size() && i < kMostLackingTold; ++i) TellLacking(places[i]);

@@ -11,17 +11,20 @@ namespace cuewright {
 
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
-bool Exporter::MayBeWritten() const {
+bool Exporter::MayBeWritten(Row lastRow) const {
   const int index = formats_.state.CurrentFormatIndex;
   const Text& id = formats_.CurrentIdentifier();
-  if (index < formats_.catalogue.CountToWrite(captions_.Options().manner) || SourceOf(id)) return true;
+  const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  const bool over =
+      map && (map->Rules().WritesChanges() || !SourceWriter(*map, captions_, lastRow, TimesOf(*map)).Differs());
+  if (over || (!map && index < formats_.catalogue.CountToWrite(captions_.Options().manner))) return true;
   const Text text = Fill(talk_.strings[Message::FormatOnlyRead], formats_.catalogue.DisplayName(id));
   talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
   return false;
 }
 
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
-  if (!MayBeWritten()) return false;
+  if (!MayBeWritten(lastRow)) return false;
   const Text id = formats_.CurrentIdentifier();
   talk_.Report(FileStage::SaveBegins, Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
   CarryOn errors;
@@ -58,12 +61,18 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   DocumentEncoding encoding = formats_.state.Encoding;
   std::optional<SourceWriter> source;
   if (map) source.emplace(*map, captions_, id == kPlainText ? captions_.Rows() - 1 : lastRow, TimesOf(*map));
-  const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
+  const bool bytes = map && map->Rules().BlockBytes() != 0;
+  if (bytes) encoding = map->File().Encoding();
+  const std::shared_ptr<const Codec> codec =
+      bytes ? MakeCodec(encoding.codePage) : ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
+  if (bytes && !source->HeldBy(*codec)) {
+    errors.Note({kErrorInvalidCall, u"The file's character table lacks letters of the text; they become \"?\""});
+  }
   const bool written = errors([&] {
-    access_.files.Replace(path_, [&](ByteSink& bytes) {
-      if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
-      if (source) return source->Write(*codec, encoding.codePage != map->File().BytesCodePage(), bytes);
-      LineSink sink(bytes, *codec);
+    access_.files.Replace(path_, [&](ByteSink& file) {
+      if (encoding.mark) file.Write(MarkOf(encoding.codePage));
+      if (source) return source->Write(*codec, encoding.codePage != map->File().BytesCodePage(), file);
+      LineSink sink(file, *codec);
       if (byRules) {
         WriteByRules(job, MarksOfTexts(), lost_, sink);
       } else if (id == kPlainText) {
@@ -78,7 +87,7 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
       sink.Flush();
     });
   });
-  if (written && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
+  if (written && !bytes && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
     formats_.state.Encoding = encoding;
   }
   return written;

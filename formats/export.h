@@ -35,7 +35,7 @@ class Exporter {
 
  private:
   /// The format in force can be written; tells why when it can't.
-  bool MayBeWritten() const;
+  bool MayBeWritten(Row lastRow) const;
   bool WriteFile(Row lastRow, CarryOn& errors);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;

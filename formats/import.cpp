@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "formats/rate_line.h"
 #include "formats/source/catalogue_format.h"
+#include "formats/source/ebu_format.h"
 #include "formats/source/record_watch.h"
 #include "formats/timecode.h"
 #include "text/labels.h"
@@ -34,6 +35,11 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = access_.files.Read(path, kLargestTextFile);
+    const bool published = captions_.Options().manner.ReadsByPublishedRules();
+    if (published && IsEbuHead(bytes)) {
+      file = TextFile::OfBytes(std::move(bytes));
+      return;
+    }
     if (codePage_) {
       file = TextFile::As(std::move(bytes), *codePage_);
       return;
@@ -42,7 +48,6 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
       file = TextFile::Classic(std::move(bytes), access_.encodings);
       return;
     }
-    const bool published = captions_.Options().manner.ReadsByPublishedRules();
     const auto untold = published ? TextFile::Untold::Unicode : TextFile::Untold::SystemsCodePage;
     file = TextFile::Auto(std::move(bytes), access_.encodings, untold);
   });
@@ -122,7 +127,8 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   if (loading == Loading::NewDocument) {
     BeginImport();
     appendOffset_ = 0;
-    if (file) state.Encoding = file->Encoding();
+    // What is made of a file of bytes is text of no encoding yet.
+    if (file) state.Encoding = file->IsText() ? file->Encoding() : DocumentEncoding();
   }
   if (ReadFrameRate(file ? &*file : nullptr)) {
     std::vector<Caption> rows;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "formats/source/clock_field.h"
+#include "formats/source/ebu_format.h"
 #include "formats/source/source_lines.h"
 #include "text/digits.h"
 
@@ -197,6 +198,16 @@ Found QuickTime(const Head& head) {
   return {};
 }
 
+Found ClosedCaptions(const Head& head) {
+  if (head.Line(0).starts_with("scenarist_scc v")) return u"SCC";
+  return {};
+}
+
+Found Ebu(const Head& head) {
+  if (IsEbuHead(head.Bytes())) return u"EBUSTL";
+  return {};
+}
+
 /// JSON with the keys of a segment.
 Found TranscriptJson(const Head& head) {
   if (!head.Line(0).starts_with('{') && !head.Line(0).starts_with('[')) return {};
@@ -210,8 +221,8 @@ Found TranscriptJson(const Head& head) {
 
 std::optional<Text> SniffFormat(TextView text) {
   const Head head(text);
-  for (const auto rule :
-       {WebVtt, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics, TmPlayer, TranscriptJson}) {
+  for (const auto rule : {Ebu, WebVtt, ClosedCaptions, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics,
+                          TmPlayer, TranscriptJson}) {
     if (Found found = rule(head)) return found;
   }
   return {};

@@ -62,6 +62,10 @@ std::size_t SourceMap::LineOf(std::size_t place) const {
 
 std::vector<std::size_t> SourceMap::LinesNotUnderstood() const {
   std::vector<std::size_t> numbers;
+  if (rules_->BlockBytes() != 0) {
+    for (const std::uint32_t place : notUnderstood_) numbers.push_back(LineOf(place));
+    return numbers;
+  }
   SourceLines lines(Bytes());
   SourceLine line;
   std::size_t number = 0;

@@ -60,7 +60,7 @@ class SourceMap {
   /// The caption's text is the one that was read.
   static bool SameText(const Piece& piece, const Caption& caption);
 
-  /// The number of the line that a byte lies in, from 1.
+  /// The number of the line that a byte lies in, or of the block where the file has no lines, from 1.
   std::size_t LineOf(std::size_t place) const;
   /// Numbers of the lines that were not understood, from 1, in order.
   std::vector<std::size_t> LinesNotUnderstood() const;

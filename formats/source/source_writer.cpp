@@ -17,6 +17,12 @@ std::optional<int> NumberIn(std::string_view field) {
   return number;
 }
 
+/// A file that isn't written yet.
+struct Gathered final : ByteSink {
+  void Write(std::string_view more) override { bytes += more; }
+  std::string bytes;
+};
+
 }  // namespace
 
 bool SourceWriter::Changed(const SourceMap::Piece& piece, const Caption& caption) const {
@@ -25,18 +31,37 @@ bool SourceWriter::Changed(const SourceMap::Piece& piece, const Caption& caption
 }
 
 bool SourceWriter::HeldBy(const Codec& codec) const {
-  if (codec.IsUtf8()) return true;
+  if (codec.IsUtf8() && !IsBytes()) return true;
   const auto& pieces = map_.Pieces();
   for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
     const Caption& caption = captions_.At(row);
     const bool known = caption.origin != 0 && caption.origin <= pieces.size();
     if (known && SourceMap::SameText(pieces[caption.origin - 1], caption)) continue;
-    if (!codec.Holds(caption.text)) return false;
+    if (!(IsBytes() ? map_.Rules().Holds(caption.text, Separator()) : codec.Holds(caption.text))) return false;
   }
   return true;
 }
 
+bool SourceWriter::Differs() const {
+  const auto& pieces = map_.Pieces();
+  if (static_cast<std::size_t>(lastRow_) != pieces.size()) return true;
+  for (Row row = 1; row <= lastRow_; ++row) {
+    const Caption& caption = captions_.At(row);
+    if (caption.origin != static_cast<std::uint32_t>(row) || Changed(pieces[caption.origin - 1], caption)) return true;
+  }
+  return false;
+}
+
 void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
+  if (!IsBytes()) return WriteRecords(codec, turned, sink);
+  // What the head says of the file is known when all of it is.
+  Gathered file;
+  WriteRecords(codec, false, file);
+  map_.Rules().CountAnew(file.bytes, lastRow_ - static_cast<int>(map_.Pieces().size()));
+  sink.Write(file.bytes);
+}
+
+void SourceWriter::WriteRecords(const Codec& codec, bool turned, ByteSink& sink) {
   SourceOutput out(map_, codec, turned, sink);
   const Text sample = map_.Rules().Record({Caption{0, 1000, u"x", 0}, 1, u"\n", {}}, Separator());
   const bool blankBetween = sample.ends_with(u"\n\n");
@@ -48,7 +73,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
     const std::uint32_t origin = captions_.At(row).origin;
     if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
       if (next_ == 0) KeepUpTo(0, out);
-      out.BeginLine(blankBetween);
+      if (!IsBytes()) out.BeginLine(blankBetween);
       WriteNew(row, out);
       continue;
     }
@@ -58,7 +83,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, ByteSink& sink) {
       next_ = origin;
       done_ = whole.End();
     }
-    if (!out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
+    if (!IsBytes() && !out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
     written_[origin - 1] = true;
     neighbour_ = whole.In(map_.Bytes());
     WriteRecord(row, origin, out);
@@ -95,7 +120,16 @@ std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
   return parted && first ? whole.at + 1 : whole.at;
 }
 
+void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const {
+  const Stretch whole = map_.Pieces()[origin - 1].record.whole;
+  NewRecord record{captions_.At(row), row, map_.LineEnd(), whole.In(map_.Bytes())};
+  record.isOwn = true;
+  record.moved = row - static_cast<Row>(origin);
+  out.Replace(whole, map_.Rules().Record(record, Separator()));
+}
+
 void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
+  if (IsBytes()) return WriteBlocks(row, origin, out);
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
   const SourceRecord& record = piece.record;
   const Caption& caption = captions_.At(row);
