@@ -98,6 +98,7 @@ bool Session::Begin(const Text& path) {
   state_.CurrentFps = {};
   state_.Encoding = {};
   state_.Source = nullptr;
+  cancelled_ = false;
   if (files_.Exists(path)) return true;
   boxes_.Tell(Fill(strings_[Message::FileNotFound], path));
   return false;
