@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "batch/console.h"
+#include "core/frame_rate.h"
 
 namespace cuewright {
 namespace {
@@ -56,7 +57,7 @@ BoxAnswer BatchBoxes::Show(const MessageBox& box) {
   switch (box.buttons) {
     case BoxButtons::YesNo:
     case BoxButtons::YesNoCancel:
-      return BoxAnswer::Yes;
+      return box.noIsDefault ? BoxAnswer::No : BoxAnswer::Yes;
     case BoxButtons::Ok:
     case BoxButtons::OkCancel:
       break;
@@ -64,6 +65,10 @@ BoxAnswer BatchBoxes::Show(const MessageBox& box) {
   return BoxAnswer::Ok;
 }
 
-Text BatchBoxes::Ask(const InputBox&) { return fps_; }
+Text BatchBoxes::Ask(const InputBox& box) {
+  if (FrameRate::FromText(box.initial)) return fps_;
+  Tell(box.prompt + u" " + box.initial);
+  return box.initial;
+}
 
 }  // namespace cuewright

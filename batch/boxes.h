@@ -31,6 +31,7 @@ class BatchBoxes final : public Messages {
   void TellNotUnderstood(std::size_t number);
 
   BoxAnswer Show(const MessageBox& box) override;
+  /// The rate of the call for a question that offers a rate; any other gets the answer that it offers.
   Text Ask(const InputBox& box) override;
 
   /// The boxes since `Begin`, each on one line.

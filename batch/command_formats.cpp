@@ -37,7 +37,7 @@ std::string AsLine(const FormatCatalogue& catalogue, int index) {
 
 int RunFormats(const Request& request, Session& session, Console& console) {
   const FormatCatalogue& catalogue = session.Catalogue();
-  for (int i = 0; i < catalogue.Count(); ++i) {
+  for (int i = 0; i < catalogue.CountToRead(session.InForce()); ++i) {
     console.Out(request.json ? AsJson(catalogue, i) : AsLine(catalogue, i));
   }
   return kExitDone;

@@ -5,7 +5,13 @@
 namespace cuewright {
 
 bool KnowsFormatToWrite(const Request& request, const Session& session, Console& console) {
-  if (request.to.empty() || session.Catalogue().IndexOf(request.to) >= 0) return true;
+  const int index = session.Catalogue().IndexOf(request.to);
+  if (request.to.empty() || (index >= 0 && index < session.Catalogue().CountToWrite(session.InForce()))) return true;
+  if (index >= 0 && index < session.Catalogue().CountToRead(session.InForce())) {
+    console.Complain("cuewright-batch: files in the format '" + ToUtf8(request.to) +
+                     "' are read, but not written anew.");
+    return false;
+  }
   console.Complain("cuewright-batch: the catalogue has no format '" + ToUtf8(request.to) +
                    "'; 'cuewright-batch formats' lists them.");
   return false;

@@ -99,6 +99,7 @@ bool Session::Begin(const Text& path) {
   state_.CurrentFps = {};
   state_.Encoding = {};
   state_.Source = nullptr;
+  cancelled_ = false;
   if (files_.Exists(path)) return true;
   boxes_.Tell(Fill(strings_[Message::FileNotFound], path));
   return false;
@@ -168,6 +169,8 @@ bool Session::TakeEncoding(Row lastRow) {
   // A file that is plain ASCII in both, or was in this encoding before, is left as it is.
   if (state_.Encoding.codePage != request_.encoding->codePage) state_.Encoding = *request_.encoding;
   const SourceMap* const source = own && options_.manner.KeepsTheFile() ? state_.Source.get() : nullptr;
+  // A file of bytes has no encoding to choose.
+  if (source != nullptr && source->Rules().BlockBytes() != 0) return true;
   const std::vector<LackingPlace> places =
       FindLackingLetters(captions_, lastRow, source, *MakeCodec(request_.encoding->codePage));
   for (std::size_t i = 0; i < places.size() && i < kMostLackingTold; ++i) TellLacking(places[i]);

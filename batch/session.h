@@ -43,6 +43,7 @@ class Session {
   Text ProgramFolder() const { return programFolder_.ends_with(u'/') ? programFolder_ : programFolder_ + u'/'; }
   /// Of a document that counts frames; none for any other.
   const FrameRate& Rate() const { return state_.CurrentFps; }
+  const Manner& InForce() const { return options_.manner; }
   BatchBoxes& Boxes() { return boxes_; }
   const Files& FileSystem() const { return files_; }
 

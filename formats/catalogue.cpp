@@ -1,8 +1,10 @@
 #include "formats/catalogue.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/runtime_error.h"
+#include "formats/further_formats.h"
 #include "text/text_file.h"
 #include "text/utf8.h"
 
@@ -66,10 +68,12 @@ void FormatCatalogue::Load(const std::string& iniBytes, const std::string& datBy
   lines_ = CutLines(dat_);
   NoteStartLines();
   ReadList();
+  AddFurtherFormats();
 }
 
 void FormatCatalogue::ReadList() {
   identifiers_.clear();
+  count_ = 0;
   for (const TextView line : lines_) {
     Text entry = ToUpper(TrimBlanks(line));
     if (entry == u"</FORMATSLIST>") break;
@@ -77,8 +81,27 @@ void FormatCatalogue::ReadList() {
     // The index has 8 bits.
     if (identifiers_.size() == kMostIdentifiers) ThrowOverflow();
     identifiers_.push_back(std::move(entry));
+    countWritten_ = ++count_;
   }
   if (identifiers_.empty()) ThrowOverflow();
+}
+
+void FormatCatalogue::AddFurtherFormats() {
+  further_ = Profile(kFurtherFormatsIni);
+  for (std::size_t i = 0; i < kFurtherFormats.size() && identifiers_.size() < kMostIdentifiers; ++i) {
+    // What the files say of a format counts.
+    if (IndexOf(kFurtherFormats[i]) >= 0) continue;
+    identifiers_.emplace_back(kFurtherFormats[i]);
+    if (i < kFurtherFormatsWritten) countWritten_ = CountAll();
+  }
+}
+
+int FormatCatalogue::CountToRead(const Manner& manner) const {
+  return manner.ReadsByPublishedRules() ? CountAll() : count_;
+}
+
+int FormatCatalogue::CountToWrite(const Manner& manner) const {
+  return manner.ReadsByPublishedRules() ? countWritten_ : count_;
 }
 
 void FormatCatalogue::NoteStartLines() {
@@ -93,11 +116,11 @@ void FormatCatalogue::NoteStartLines() {
 }
 
 const Text& FormatCatalogue::Identifier(int index) const {
-  return index >= 0 && index < Count() ? identifiers_[static_cast<std::size_t>(index)] : none_;
+  return index >= 0 && index < CountAll() ? identifiers_[static_cast<std::size_t>(index)] : none_;
 }
 
 int FormatCatalogue::IndexOf(TextView identifier) const {
-  for (int i = Count() - 1; i >= 0; --i) {
+  for (int i = CountAll() - 1; i >= 0; --i) {
     if (Identifier(i) == identifier) return i;
   }
   return -1;
@@ -106,7 +129,11 @@ int FormatCatalogue::IndexOf(TextView identifier) const {
 FormatBlock FormatCatalogue::Block(TextView identifier) const {
   FormatBlock block;
   const auto start = starts_.find(identifier);
-  if (start == starts_.end()) return block;
+  if (start == starts_.end()) {
+    const bool further = IsFurther(std::max(IndexOf(identifier), 0));
+    // Their own rules write their records.
+    return further ? FormatBlock{true, true, {}, u"qxmStart qxmEnd qxmCaption\r", {}} : block;
+  }
   block.found = true;
   Text text;
   for (std::size_t i = start->second; i < lines_.size() && TrimBlanks(lines_[i]) != kEndLine; ++i) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/lang_strings.h"
+#include "core/manner.h"
 #include "core/ports/files.h"
 #include "core/ports/messages.h"
 #include "text/encodings.h"
@@ -43,8 +44,8 @@ struct FormatBlock {
   Text footer;
 };
 
-/// The formats of the two format files, held in memory from the start of a run to its end. Nothing is shown or
-/// written here but the boxes of `LoadFormatCatalogue`.
+/// The formats of the two format files, held in memory from the start of a run to its end, and behind them those that
+/// are known by their published rules alone. Nothing is shown or written here but the boxes of `LoadFormatCatalogue`.
 class FormatCatalogue {
  public:
   FormatCatalogue() = default;
@@ -55,16 +56,23 @@ class FormatCatalogue {
   /// Run-time error 6 when the list is empty or holds more than 255 identifiers; the first 255 are kept.
   void Load(const std::string& iniBytes, const std::string& datBytes, const Encodings& encodings);
 
+  /// The formats of the files.
+  int Count() const { return count_; }
+  /// Those that there are in a manner, and those of them that can be written as new files, which come first.
+  int CountToRead(const Manner& manner) const;
+  int CountToWrite(const Manner& manner) const;
+  /// A format that the files don't have.
+  bool IsFurther(int index) const { return index >= count_; }
+
   /// The identifiers in upper case; index 0 is plain text. An index out of range gives the empty text.
-  int Count() const { return static_cast<int>(identifiers_.size()); }
   const Text& Identifier(int index) const;
 
   /// The index of the last entry with this identifier; -1 when there is none.
   int IndexOf(TextView identifier) const;
 
-  /// A value of "formats.ini".
+  /// A value of "formats.ini", or of what stands for it.
   Text ReadIni(TextView section, TextView key, TextView fallback) const {
-    return profile_.Read(section, key, fallback);
+    return profile_.Read(section, key, further_.Read(section, key, fallback));
   }
 
   /// The format's display name; the identifier when it has none.
@@ -77,10 +85,16 @@ class FormatCatalogue {
   void ReadList();
   void NoteStartLines();
 
+  int CountAll() const { return static_cast<int>(identifiers_.size()); }
+  void AddFurtherFormats();
+
   Profile profile_;
+  Profile further_;
   Text dat_;
   std::vector<TextView> lines_;  // of dat_
   std::vector<Text> identifiers_;
+  int count_ = 0;         // of the files
+  int countWritten_ = 0;  // with those of the others that are written
   Text none_;
   std::unordered_map<TextView, std::size_t> starts_;  // identifier -> line behind its first start line
 };

@@ -6,6 +6,7 @@
 #include "formats/carried_texts.h"
 #include "formats/document_marks.h"
 #include "formats/encoding_rules.h"
+#include "formats/rules_writer.h"
 #include "formats/source/source_writer.h"
 #include "text/encoding_names.h"
 
@@ -13,7 +14,20 @@ namespace cuewright {
 
 bool Exporter::Classic() const { return EqualLoose(captions_.Options().readAs, u"classic"); }
 
+bool Exporter::MayBeWritten(Row lastRow) const {
+  const int index = formats_.state.CurrentFormatIndex;
+  const Text& id = formats_.CurrentIdentifier();
+  const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  const bool over =
+      map && (map->Rules().WritesChanges() || !SourceWriter(*map, captions_, lastRow, TimesOf(*map)).Differs());
+  if (over || (!map && index < formats_.catalogue.CountToWrite(captions_.Options().manner))) return true;
+  const Text text = Fill(talk_.strings[Message::FormatOnlyRead], formats_.catalogue.DisplayName(id));
+  talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
+  return false;
+}
+
 bool Exporter::ExportSubtitle(std::int16_t lastRow) {
+  if (!MayBeWritten(lastRow)) return false;
   const Text id = formats_.CurrentIdentifier();
   talk_.Report(FileStage::SaveBegins, Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));
   CarryOn errors;
@@ -36,13 +50,20 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
   std::optional<CarriedTexts> carried;
   lost_ = {};
-  if (!map && CarriesMarks(id, lastRow)) {
+  const bool byRules = formats_.catalogue.IsFurther(formats_.state.CurrentFormatIndex);
+  if (!map && !byRules && CarriesMarks(id, lastRow)) {
     carried.emplace(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), lost_);
   }
   DocumentEncoding encoding = formats_.state.Encoding;
   std::optional<SourceWriter> source;
   if (map) source.emplace(*map, captions_, id == kPlainText ? captions_.Rows() - 1 : lastRow, TimesOf(*map));
-  const std::shared_ptr<const Codec> codec = ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
+  const bool bytes = map && map->Rules().BlockBytes() != 0;
+  if (bytes) encoding = map->File().Encoding();
+  const std::shared_ptr<const Codec> codec =
+      bytes ? MakeCodec(encoding.codePage) : ChooseCodec(lastRow, source ? &*source : nullptr, encoding);
+  if (bytes && !source->HeldBy(*codec)) {
+    errors.Note({kErrorInvalidCall, u"The file's character table lacks letters of the text; they become \"?\""});
+  }
   const Manner& manner = captions_.Options().manner;
   FormatDefinition definition = formats_.loader.Definition();
   if (manner.ChoosesEncodings()) {
@@ -52,11 +73,13 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   const WriteJob job{carried ? carried->List() : captions_, lastRow, definition, id, times, errors,
                      carried && carried->AreWritten()};
   const bool written = errors([&] {
-    access_.files.Replace(path_, [&](ByteSink& bytes) {
-      if (encoding.mark) bytes.Write(MarkOf(encoding.codePage));
-      if (source) return WriteOver(*map, *source, *codec, encoding.codePage, bytes);
-      LineSink sink(bytes, *codec);
-      if (id == kPlainText) {
+    access_.files.Replace(path_, [&](ByteSink& file) {
+      if (encoding.mark) file.Write(MarkOf(encoding.codePage));
+      if (source) return WriteOver(*map, *source, *codec, encoding.codePage, file);
+      LineSink sink(file, *codec);
+      if (byRules) {
+        WriteByRules(job, MarksOfTexts(formats_.state), lost_, sink);
+      } else if (id == kPlainText) {
         WritePlainText(job, sink);
       } else if (id == kTmPlayer) {
         WriteTmPlayer(job, sink);
@@ -68,7 +91,7 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
       sink.Flush();
     });
   });
-  if (written && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
+  if (written && !bytes && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
     formats_.state.Encoding = encoding;
   }
   return written;
@@ -85,7 +108,7 @@ Losses Exporter::Foreseen(Row lastRow) const {
   Losses losses;
   const Text id = formats_.CurrentIdentifier();
   if (!SourceOf(id) && CarriesMarks(id, lastRow)) {
-    CarriedTexts(captions_, lastRow, MarksOfTexts(), id, formats_.loader.Definition(), losses);
+    CarriedTexts(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), losses);
   }
   return losses;
 }
@@ -95,8 +118,9 @@ std::vector<LackingPlace> Exporter::LackingLetters(Row lastRow) const {
   const int codePage = formats_.state.Encoding.codePage;
   if (Classic() || id == kAdobeEncore) return {};
   const std::shared_ptr<const Codec> codec = MakeCodec(codePage);
-  if (codec->IsUtf8()) return {};
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
+  // A file of bytes has no encoding to choose.
+  if (codec->IsUtf8() || (map && map->Rules().BlockBytes() != 0)) return {};
   // What is the file's own and stays in its encoding is kept, whatever it is.
   if (map && codePage == map->File().Encoding().codePage &&
       SourceWriter(*map, captions_, lastRow, TimesOf(*map)).HeldBy(*codec)) {

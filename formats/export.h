@@ -28,7 +28,7 @@ class Exporter {
   /// one stays whole and the document modified: `Message::SaveFailed` tells it for error 75, a box with number and
   /// description for any other. A run-time error inside a line is told in that box as well, and the other lines are
   /// written. False when no file was written. Where the document's encoding lacks a character of it, UTF-8 is written
-  /// and is the document's encoding from then on.
+  /// and is the document's encoding from then on. A format that can only be read is written over its own file alone.
   bool ExportSubtitle(std::int16_t lastRow);
 
   /// How many captions up to a row would lose marks of each kind by an export in the format in force.
@@ -40,6 +40,8 @@ class Exporter {
   const Losses& Lost() const { return lost_; }
 
  private:
+  /// The format in force can be written; tells why when it can't.
+  bool MayBeWritten(Row lastRow) const;
   bool WriteFile(Row lastRow, CarryOn& errors);
   static void WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage, ByteSink& bytes);
   /// The file that the document was read from, when it is to be saved over that; null else.

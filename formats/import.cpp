@@ -1,12 +1,16 @@
 #include "formats/import.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/numbers.h"
+#include "formats/doubtful_file.h"
 #include "formats/encoding_rules.h"
 #include "formats/rate_line.h"
 #include "formats/source/catalogue_format.h"
+#include "formats/source/ebu_format.h"
 #include "formats/source/record_watch.h"
+#include "formats/source/sami_format.h"
 #include "formats/timecode.h"
 #include "text/labels.h"
 
@@ -25,7 +29,7 @@ Importer::Importer(const FormatSet& formats, const FormatTalk& talk, CaptionList
       captions_(captions),
       access_(access),
       cancelled_(cancelled),
-      recogniser_(formats, access.encodings),
+      recogniser_(formats, access.encodings, captions.Options().manner),
       lines_(formats, talk, access.encodings, cancelled),
       source_(talk, cancelled) {}
 
@@ -35,6 +39,11 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
   std::optional<TextFile> file;
   errors([&] {
     std::string bytes = access_.files.Read(path, kLargestTextFile);
+    const bool published = captions_.Options().manner.ReadsByPublishedRules();
+    if (published && IsEbuHead(bytes)) {
+      file = TextFile::OfBytes(std::move(bytes));
+      return;
+    }
     if (codePage_) {
       file = TextFile::As(std::move(bytes), *codePage_);
       return;
@@ -43,7 +52,6 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
       file = TextFile::Classic(std::move(bytes), access_.encodings);
       return;
     }
-    const bool published = captions_.Options().manner.ReadsByPublishedRules();
     if (const std::optional<int> declared = published ? DeclaredCodePage(bytes) : std::nullopt) {
       file = TextFile::As(std::move(bytes), *declared);
       return;
@@ -105,15 +113,17 @@ void Importer::ImportSubtitle(TextView path, Loading loading) {
 void Importer::RestoreSource(const JournalSource& kept) {
   FormatState& state = formats_.state;
   state.Source = nullptr;
-  const int format = formats_.catalogue.IndexOf(kept.format);
-  if (kept.bytes.empty() || format < 0) return;
+  const std::vector<Text> format = Split(kept.format, kBeforeClass);
+  const int index = formats_.catalogue.IndexOf(format.front());
+  if (kept.bytes.empty() || index < 0) return;
   const FormatState before = state;
   const FormatDefinition definition = formats_.loader.Definition();
   CarryOn errors;
   TextFile file = TextFile::Kept(kept.bytes, {kept.codePage, kept.mark});
   const bool settled = recogniser_.Settle(&file, errors).has_value();
-  if (settled && state.CurrentFormatIndex == format) {
+  if (settled && state.CurrentFormatIndex == index) {
     state.CurrentFps = kept.fps;
+    captionClass_ = format.size() > 1 ? format[1] : Text();
     (void)ReadRows(std::move(file), false, Loading::NewDocument, errors);
   }
   const std::shared_ptr<const SourceMap> map = std::exchange(state.Source, nullptr);
@@ -127,13 +137,14 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   if (loading == Loading::NewDocument) {
     BeginImport();
     appendOffset_ = 0;
-    if (file) state.Encoding = file->Encoding();
+    // What is made of a file of bytes is text of no encoding yet.
+    if (file) state.Encoding = file->IsText() ? file->Encoding() : DocumentEncoding();
   }
-  if (ReadFrameRate(file ? &*file : nullptr)) {
+  if (ReadFrameRate(file ? &*file : nullptr) && (!file || ChooseClass(*file))) {
     std::vector<Caption> rows;
     if (file) rows = ReadRows(std::move(*file), wide, loading, errors);
     state.SettingsFormatIndex = state.CurrentFormatIndex;
-    FillList(std::move(rows), loading, errors);
+    if (IsWanted(rows)) FillList(std::move(rows), loading, errors);
   }
   talk_.Report(FileStage::LoadEnds);
   TellError(path, errors);
@@ -146,6 +157,7 @@ std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loadin
   if (!wide && manner.ReadsByPublishedRules()) {
     if (std::unique_ptr<SourceFormat> rules = MakeSourceFormat(id, RulesSettings())) {
       auto map = std::make_shared<SourceMap>(id, std::move(file), std::move(rules));
+      map->SetCaptionClass(captionClass_);
       return ReadByRules(map, keep, errors);
     }
   }
@@ -171,7 +183,43 @@ SourceSettings Importer::RulesSettings() const {
   SourceSettings settings;
   settings.durationPerCharacter = captions_.Options().durationPerCharacter;
   if (formats_.state.CurrentFps) settings.rate = formats_.state.CurrentFps;
+  settings.captionClass = captionClass_;
   return settings;
+}
+
+bool Importer::ChooseClass(const TextFile& file) {
+  captionClass_.clear();
+  if (formats_.CurrentIdentifier() != kSami || !captions_.Options().manner.ReadsByPublishedRules()) return true;
+  const std::vector<Text> classes = SamiClasses(file.Bytes());
+  if (classes.size() < 2) return true;
+  Text names;
+  for (const Text& name : classes) names += (names.empty() ? u"" : u", ") + name;
+  const LangStrings& strings = talk_.strings;
+  const InputBox question{Fill(strings[Message::SeveralClasses], names), WithoutDots(strings[Message::OpenText]),
+                          classes.front()};
+  for (;;) {
+    const Text answer(TrimBlanks(talk_.messages.Ask(question)));
+    if (answer.empty()) {
+      cancelled_ = true;
+      return false;
+    }
+    const auto chosen = std::ranges::find_if(classes, [&](const Text& name) { return EqualLoose(name, answer); });
+    if (chosen == classes.end()) continue;
+    captionClass_ = *chosen;
+    return true;
+  }
+}
+
+bool Importer::IsWanted(const std::vector<Caption>& rows) {
+  const std::shared_ptr<const SourceMap>& map = formats_.state.Source;
+  if (rows.empty() || !map || !captions_.Options().manner.TellsWhatIsLost() || !IsDoubtful(*map)) return true;
+  Text text = Fill(talk_.strings[Message::FormatDoubtful], formats_.catalogue.DisplayName(map->Format()));
+  text.append(kLineEnd).append(kLineEnd).append(FirstLines(*map));
+  const MessageBox box{text, BoxIcon::Warning, BoxButtons::YesNo, WithoutDots(talk_.strings[Message::OpenText]), true};
+  if (talk_.messages.Show(box) == BoxAnswer::Yes) return true;
+  formats_.state.Source = nullptr;
+  cancelled_ = true;
+  return false;
 }
 
 std::vector<Caption> Importer::ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors) {

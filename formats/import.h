@@ -66,6 +66,10 @@ class Importer {
   std::vector<Caption> ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors);
   std::vector<Caption> ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors);
   SourceSettings RulesSettings() const;
+  /// Asks which class of captions is to be read where the file has several; false when the user cancels.
+  bool ChooseClass(const TextFile& file);
+  /// Asks about a file most of which wasn't understood; false when the user doesn't want what was.
+  bool IsWanted(const std::vector<Caption>& rows);
   void BeginImport();
   bool ReadFrameRate(TextFile* file);
   FrameRate AcceptedRate(const Text& answer) const;
@@ -82,6 +86,7 @@ class Importer {
   LineImport lines_;
   SourceImport source_;
   std::optional<int> codePage_;
+  Text captionClass_;              // that is read of a file with several; empty: the first
   std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
   std::int32_t appendOffset_ = 0;
 };

@@ -84,7 +84,7 @@ void LineImport::ReadLines(TextFile& file, const LineOrders& orders, CaptionColl
     reader.parser->Parse(line);
     if (orders.watch != nullptr) {
       orders.watch->TakeLine(at, file.BytesRead(), blank, captions);
-    } else if (reader.run && !orders.wide) {
+    } else if (reader.run && !orders.wide && !file.EndsMix()) {
       reader.run->ReadOn(file);
     }
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "formats/source/sniff.h"
 #include "text/text_search.h"
 
 namespace cuewright {
@@ -11,12 +12,15 @@ namespace {
 constexpr int kHeadLines = 250;
 /// Characters of a head that are looked at. Lines of ordinary files come nowhere near it.
 constexpr std::size_t kLongestHead = 1 << 20;
+/// Bytes of a file by which the rules of formats tell it.
+constexpr std::size_t kBytesOfRules = 4096;
 
 bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
 
 }  // namespace
 
 std::optional<bool> FormatRecogniser::Settle(TextFile* file, CarryOn& errors) {
+  if (file != nullptr && manner_.ReadsByPublishedRules() && SettleByRules(*file, errors)) return false;
   for (const bool wide : {false, true}) {
     formats_.state.CurrentFormatIndex = 0;
     const Heads heads = file != nullptr ? ReadHeads(*file, wide) : Heads{};
@@ -25,6 +29,17 @@ std::optional<bool> FormatRecogniser::Settle(TextFile* file, CarryOn& errors) {
     return wide;
   }
   return {};
+}
+
+bool FormatRecogniser::SettleByRules(const TextFile& file, CarryOn& errors) {
+  const std::optional<Text> sure = SniffFormat(file.Decoded(file.Bytes().substr(0, kBytesOfRules)));
+  const int index = sure ? formats_.catalogue.IndexOf(*sure) : -1;
+  bool loaded = false;
+  if (index > 0) errors([&] { loaded = formats_.loader.LoadFormatDefinition(*sure); });
+  if (!loaded) return false;
+  formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  timecodeLiteral_ = false;
+  return true;
 }
 
 FormatRecogniser::Heads FormatRecogniser::ReadHeads(TextFile& file, bool wide) const {

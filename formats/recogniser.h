@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/manner.h"
 #include "core/runtime_error.h"
 #include "formats/definition.h"
 #include "text/encodings.h"
@@ -9,10 +10,12 @@
 
 namespace cuewright {
 
-/// Finds out which format of the catalogue a file has, by its first lines.
+/// Finds out which format a file has, by its first lines: by what the published rules of formats demand of every file
+/// and, where they leave it open and in the classic manner, by the samples of the catalogue.
 class FormatRecogniser {
  public:
-  FormatRecogniser(const FormatSet& formats, const Encodings& encodings) : formats_(formats), encodings_(encodings) {}
+  FormatRecogniser(const FormatSet& formats, const Encodings& encodings, const Manner& manner)
+      : formats_(formats), encodings_(encodings), manner_(manner) {}
 
   /// Puts the file's format in force and tells whether it is 16-bit text, whose bytes are to be paired. Nothing when no
   /// format fits; plain text is then the current one. Null stands for a file that can't be read.
@@ -28,6 +31,7 @@ class FormatRecogniser {
     Text brief;  ///< numbers of any length as "00"
   };
 
+  bool SettleByRules(const TextFile& file, CarryOn& errors);
   Heads ReadHeads(TextFile& file, bool wide) const;
   bool Recognise(const Heads& heads, CarryOn& errors);
   void LookForTimecode(const Heads& heads);
@@ -37,6 +41,7 @@ class FormatRecogniser {
 
   FormatSet formats_;
   const Encodings& encodings_;
+  const Manner& manner_;
   bool timecodeLiteral_ = false;
 };
 

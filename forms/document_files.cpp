@@ -126,7 +126,7 @@ Text DocumentFiles::FilterOf(TextView id, TextView fallbackName) const {
 Text DocumentFiles::OpenFileFilter() {
   Text all;
   Text each;
-  for (int index = 0; index < formats_.catalogue.Count(); ++index) {
+  for (int index = 0; index < formats_.catalogue.CountToRead(bench_.options.manner); ++index) {
     const Text& id = formats_.catalogue.Identifier(index);
     if (id.ends_with(u"_RSS")) continue;
     if (!all.empty()) all += u";";

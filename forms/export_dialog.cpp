@@ -78,7 +78,8 @@ void ExportDialog::ApplyTexts() {
 
 void ExportDialog::FillFormats() {
   std::vector<Text> rows;
-  for (int index = 0; index < catalogue_.Count(); ++index) {
+  const int count = catalogue_.CountToWrite(options_.manner);
+  for (int index = 0; index < count; ++index) {
     const Text& id = catalogue_.Identifier(index);
     Text row = catalogue_.DisplayName(id) + u" [" + ToUpper(catalogue_.ReadIni(id, u"extension", {})) + u"]";
     if (index == formats_.CurrentFormatIndex) row += u" " + strings_[Message::CurrentFormat];
@@ -86,7 +87,7 @@ void ExportDialog::FillFormats() {
   }
   lblTotal.SetText(Fill(strings_[Message::FormatsSupported], Decimal(static_cast<long long>(rows.size()))));
   cboFormats.SetItems(std::move(rows));
-  if (formats_.CurrentFormatIndex == 0) {
+  if (formats_.CurrentFormatIndex == 0 || formats_.CurrentFormatIndex >= count) {
     formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue_.IndexOf(kSubRip), 0));
   }
   cboFormats.SetIndex(formats_.CurrentFormatIndex);

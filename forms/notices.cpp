@@ -17,6 +17,12 @@ Text EncodingName(const DocumentEncoding& encoding) {
     case 1201:
       name = u"UTF-16BE";
       break;
+    case kCodePageUtf32Le:
+      name = u"UTF-32LE";
+      break;
+    case kCodePageUtf32Be:
+      name = u"UTF-32BE";
+      break;
     default:
       name = encoding.codePage == kCodePageJohab ? u"Johab" : FromUtf8(ConverterOfCodePage(encoding.codePage));
       if (name.empty()) name = u"windows-" + Decimal(encoding.codePage);

@@ -16,10 +16,10 @@ namespace {
 using namespace cuewright;
 
 constexpr TextView kSeparator = u"|";
-constexpr std::array<TextView, 18> kFormats = {
-    u"SUBRIP",     u"WEBVTT",   u"ADVANCEDSSA",  u"SUBSTATIONALPHA", u"SAMI",         u"MICRODVD",
-    u"MPL2",       u"TMPLAYER", u"TMPLAYERPLUS", u"TMPLAYERCOLON",   u"YOUTUBESBV",   u"SUBVIEWER2",
-    u"KARAOKELRC", u"TTML",     u"WEBVTT_RSS",   u"QUICKTIMETEXT",   u"SUBVIEWER2SP", u"TRANSCRIPTJSON"};
+constexpr std::array<TextView, 20> kFormats = {
+    u"SUBRIP",     u"WEBVTT",        u"ADVANCEDSSA",   u"SUBSTATIONALPHA", u"SAMI",       u"MICRODVD",   u"MPL2",
+    u"TMPLAYER",   u"TMPLAYERPLUS",  u"TMPLAYERCOLON", u"YOUTUBESBV",      u"SUBVIEWER2", u"KARAOKELRC", u"TTML",
+    u"WEBVTT_RSS", u"QUICKTIMETEXT", u"SUBVIEWER2SP",  u"TRANSCRIPTJSON",  u"EBUSTL",     u"SCC"};
 
 class CheckingSink final : public SourceSink {
  public:
@@ -44,6 +44,10 @@ class CheckingSink final : public SourceSink {
     }
     const Caption caption{start, end, std::move(text)};
     (void)format_.Record({caption, 1, u"\n", record.whole.In(bytes_)}, kSeparator);
+    NewRecord own{caption, 1, u"\n", record.whole.In(bytes_)};
+    own.isOwn = true;
+    const Text same = format_.Record(own, kSeparator);
+    if (format_.BlockBytes() != 0) fuzz::Demand(same.size() == record.whole.size, "an unchanged record stays");
     return true;
   }
   void NotUnderstood(std::size_t place) override { fuzz::Demand(place <= bytes_.size(), "lines lie in the file"); }
@@ -61,10 +65,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   const TextView identifier = kFormats[data[0] % kFormats.size()];
   const Encodings encodings(1252);
-  const TextFile file = TextFile::Auto(std::string(data + 1, data + size), encodings);
+  const std::string bytes(data + 1, data + size);
+  const auto format = MakeSourceFormat(identifier);
+  const TextFile file = format->BlockBytes() != 0 ? TextFile::OfBytes(bytes)
+                                                  : TextFile::Auto(bytes, encodings, TextFile::Untold::Unicode);
   const SourceText text{file.Bytes(), file};
   (void)SniffFormat(file.Decoded(file.Bytes().substr(0, 4096)));
-  const auto format = MakeSourceFormat(identifier);
   CheckingSink sink(*format, text.bytes, MarkKindOf(identifier));
   format->Read(text, kSeparator, sink);
   return 0;

@@ -81,6 +81,47 @@ class Utf16Codec final : public Codec {
   bool bigEndian_;
 };
 
+/// The same for UTF-32. What is no character becomes U+FFFD.
+class Utf32Codec final : public Codec {
+ public:
+  explicit Utf32Codec(bool bigEndian) : bigEndian_(bigEndian) {}
+
+  std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const override {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
+      std::uint32_t character = 0;
+      for (std::size_t i = 0; i < 4; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[at + (bigEndian_ ? i : 3 - i)]);
+        character = character << 8 | byte;
+      }
+      if (character > 0x10FFFF) character = kReplacement;
+      if (character < 0x10000) {
+        room[count++] = static_cast<char16_t>(character);
+        continue;
+      }
+      room[count++] = static_cast<char16_t>(0xD7C0 + (character >> 10));
+      room[count++] = static_cast<char16_t>(0xDC00 | (character & 0x3FF));
+    }
+    return count;
+  }
+
+  bool Encode(TextView text, std::string& out) const override {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      std::uint32_t character = text[i];
+      const bool pair = (character & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
+      if (pair) character = ((character - 0xD7C0) << 10) + (text[++i] & 0x3FFU);
+      for (unsigned byte = 0; byte < 4; ++byte) {
+        out.push_back(static_cast<char>(character >> (bigEndian_ ? 24 - 8 * byte : 8 * byte) & 0xFF));
+      }
+    }
+    return true;
+  }
+  bool Holds(TextView) const override { return true; }
+
+ private:
+  bool bigEndian_;
+};
+
 /// Code pages of one byte a character: a table each way.
 class SingleByteCodec final : public Codec {
  public:
@@ -321,6 +362,9 @@ std::shared_ptr<const Codec> MakeCodec(int codePage) {
     case kCodePageUtf16Le:
     case kCodePageUtf16Be:
       return std::make_shared<Utf16Codec>(codePage == kCodePageUtf16Be);
+    case kCodePageUtf32Le:
+    case kCodePageUtf32Be:
+      return std::make_shared<Utf32Codec>(codePage == kCodePageUtf32Be);
     case kCodePageJohab:
       return std::make_shared<JohabCodec>();
     default:

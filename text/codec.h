@@ -11,8 +11,12 @@ namespace cuewright {
 
 inline constexpr int kCodePageUtf16Le = 1200;
 inline constexpr int kCodePageUtf16Be = 1201;
+inline constexpr int kCodePageUtf32Le = 12000;
+inline constexpr int kCodePageUtf32Be = 12001;
 inline constexpr int kCodePageWestern = 1252;
 inline constexpr int kCodePageJohab = 1361;
+/// ISO 8859-1, whose characters have the numbers of their bytes.
+inline constexpr int kCodePageLatin1 = 28591;
 inline constexpr int kCodePageUtf8 = 65001;
 
 /// True for the code pages that text files are read and written in: 874, 932, 936, 949, 950, 1250 to 1258, 1361, 65001.
@@ -43,8 +47,14 @@ class Codec {
   virtual bool IsUtf8() const { return false; }
 };
 
-/// The codec of a code page that `EncodingByName` knows, among them those of `IsTextCodePage` and, for writing, UTF-16;
-/// any other number gives 1252.
+/// True for the encodings of two or four bytes a unit, which are read as UTF-8.
+constexpr bool IsWideUnicode(int codePage) {
+  return codePage == kCodePageUtf16Le || codePage == kCodePageUtf16Be || codePage == kCodePageUtf32Le ||
+         codePage == kCodePageUtf32Be;
+}
+
+/// The codec of a code page that `EncodingByName` knows, among them those of `IsTextCodePage` and, for writing, UTF-16
+/// and UTF-32; any other number gives 1252.
 std::shared_ptr<const Codec> MakeCodec(int codePage);
 
 }  // namespace cuewright

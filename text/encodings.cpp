@@ -24,6 +24,10 @@ std::string_view MarkOf(int codePage) {
       return "\xFF\xFE";
     case kCodePageUtf16Be:
       return "\xFE\xFF";
+    case kCodePageUtf32Le:
+      return {"\xFF\xFE\0\0", 4};
+    case kCodePageUtf32Be:
+      return {"\0\0\xFE\xFF", 4};
     default:
       return {};
   }

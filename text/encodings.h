@@ -12,8 +12,8 @@ namespace cuewright {
 /// Stands for the system's code page in the conversions below.
 inline constexpr int kSystemCodePage = -1;
 
-/// How a document's file is written: the code page (65001 UTF-8, 1200 and 1201 UTF-16) and whether a byte order mark
-/// goes in front. A new document is UTF-8 without one.
+/// How a document's file is written: the code page (65001 UTF-8, 1200 and 1201 UTF-16, 12000 and 12001 UTF-32) and
+/// whether a byte order mark goes in front. A new document is UTF-8 without one.
 struct DocumentEncoding {
   int codePage = kCodePageUtf8;
   bool mark = false;

@@ -1,6 +1,8 @@
 #include "text/text_file.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <utility>
 
 #include "text/utf8.h"
@@ -8,7 +10,7 @@
 namespace cuewright {
 namespace {
 
-/// UTF-16 is turned in pieces of this many bytes.
+/// UTF-16 and UTF-32 are turned in pieces of this many bytes.
 constexpr std::size_t kPiece = 1 << 16;
 /// Bytes of a file that are looked at for zeros.
 constexpr std::size_t kZerosLookedFor = 4096;
@@ -17,17 +19,45 @@ bool IsTakenForUtf8(Utf8Kind kind, TextFile::Untold untold) {
   return kind == Utf8Kind::MultiByte || (kind == Utf8Kind::Ascii && untold == TextFile::Untold::Unicode);
 }
 
+/// Counts the zeros of a file's head by their place in groups of `Width` bytes.
+template <std::size_t Width>
+std::array<std::size_t, Width> ZerosByPlace(std::string_view head) {
+  std::array<std::size_t, Width> zeros{};
+  for (std::size_t i = 0; i < head.size(); ++i) zeros[i % Width] += head[i] == '\0' ? 1 : 0;
+  return zeros;
+}
+
+/// UTF-32 when of four bytes two are zero and hardly the one that tells letters apart.
+std::optional<int> Utf32WithoutMark(std::string_view bytes) {
+  const std::string_view head = bytes.substr(0, kZerosLookedFor);
+  if (bytes.size() % 4 != 0 || bytes.size() < 8) return {};
+  const auto zeros = ZerosByPlace<4>(head);
+  const std::size_t units = head.size() / 4;
+  if (zeros[3] == units && zeros[2] * 16 > units * 15 && zeros[0] * 16 < units) return kCodePageUtf32Le;
+  if (zeros[0] == units && zeros[1] * 16 > units * 15 && zeros[3] * 16 < units) return kCodePageUtf32Be;
+  return {};
+}
+
 /// UTF-16 when every second byte or nearly so is zero and hardly another one, as in the digits and marks of a subtitle;
-/// else UTF-8. Text of bytes has no zeros.
-int Utf16WithoutMark(std::string_view bytes) {
+/// UTF-32 in the same way; else UTF-8. Text of bytes has no zeros.
+int WideWithoutMark(std::string_view bytes) {
+  if (const std::optional<int> wider = Utf32WithoutMark(bytes)) return *wider;
   const std::string_view head = bytes.substr(0, kZerosLookedFor);
   if (bytes.size() % 2 != 0 || bytes.size() < 4) return kCodePageUtf8;
-  std::size_t zeros[2] = {0, 0};
-  for (std::size_t i = 0; i < head.size(); ++i) zeros[i % 2] += head[i] == '\0' ? 1 : 0;
+  const auto zeros = ZerosByPlace<2>(head);
   const std::size_t units = head.size() / 2;
   if (zeros[1] * 4 > units && zeros[0] * 16 < units) return kCodePageUtf16Le;
   if (zeros[0] * 4 > units && zeros[1] * 16 < units) return kCodePageUtf16Be;
   return kCodePageUtf8;
+}
+
+/// Lines of the file end at LF as well as at CR or CR LF.
+bool HasBothEnds(std::string_view bytes) {
+  if (bytes.find('\r') == std::string_view::npos) return false;
+  for (std::size_t at = bytes.find('\n'); at != std::string_view::npos; at = bytes.find('\n', at + 1)) {
+    if (at == 0 || bytes[at - 1] != '\r') return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -51,21 +81,25 @@ TextFile TextFile::Classic(std::string bytes, const Encodings& encodings) {
 TextFile TextFile::Auto(std::string bytes, const Encodings& encodings, Untold untold) {
   TextFile file;
   file.bytes_ = std::move(bytes);
-  for (const int codePage : {kCodePageUtf8, kCodePageUtf16Le, kCodePageUtf16Be}) {
+  const bool unicode = untold == Untold::Unicode;
+  // The mark of UTF-16 begins that of UTF-32.
+  for (const int codePage : {kCodePageUtf32Le, kCodePageUtf32Be, kCodePageUtf8, kCodePageUtf16Le, kCodePageUtf16Be}) {
+    if (MarkOf(codePage).size() == 4 && !unicode) continue;
     if (!file.bytes_.starts_with(MarkOf(codePage))) continue;
     file.encoding_ = {codePage, true};
     file.start_ = MarkOf(codePage).size();
     break;
   }
-  if (untold == Untold::Unicode && !file.encoding_.mark) file.encoding_.codePage = Utf16WithoutMark(file.bytes_);
+  if (unicode && !file.encoding_.mark) file.encoding_.codePage = WideWithoutMark(file.bytes_);
   if (file.encoding_.codePage != kCodePageUtf8) {
-    file.TurnIntoUtf8(file.encoding_.codePage == kCodePageUtf16Be);
+    file.TurnIntoUtf8();
   } else if (!file.encoding_.mark && !IsTakenForUtf8(ExamineUtf8(file.bytes_), untold)) {
     file.encoding_ = {encodings.SystemCodePage(), false};
     file.codec_ = encodings.SystemCodec();
   }
   if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
   file.doubledReturn_ = true;
+  if (unicode) file.endsMix_ = HasBothEnds(file.bytes_);
   file.at_ = file.start_;
   return file;
 }
@@ -76,14 +110,21 @@ TextFile TextFile::As(std::string bytes, int codePage) {
   const std::string_view mark = MarkOf(codePage);
   file.encoding_ = {codePage, !mark.empty() && file.bytes_.starts_with(mark)};
   if (file.encoding_.mark) file.start_ = mark.size();
-  if (codePage == kCodePageUtf16Le || codePage == kCodePageUtf16Be) {
-    file.TurnIntoUtf8(codePage == kCodePageUtf16Be);
+  if (IsWideUnicode(codePage)) {
+    file.TurnIntoUtf8();
   } else if (codePage != kCodePageUtf8) {
     file.codec_ = MakeCodec(codePage);
   }
   if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
   file.doubledReturn_ = true;
+  file.endsMix_ = HasBothEnds(file.bytes_);
   file.at_ = file.start_;
+  return file;
+}
+
+TextFile TextFile::OfBytes(std::string bytes) {
+  TextFile file = As(std::move(bytes), kCodePageLatin1);
+  file.isText_ = false;
   return file;
 }
 
@@ -91,18 +132,19 @@ TextFile TextFile::Kept(std::string bytes, const DocumentEncoding& encoding) {
   TextFile file;
   file.bytes_ = std::move(bytes);
   file.encoding_ = encoding;
-  if (encoding.codePage == kCodePageUtf16Le || encoding.codePage == kCodePageUtf16Be) {
+  if (IsWideUnicode(encoding.codePage)) {
     file.surrogates_ = Surrogates::AreKept;
   } else if (encoding.codePage != kCodePageUtf8) {
     file.codec_ = MakeCodec(encoding.codePage);
   }
   if (file.bytes_.find('\r') == std::string::npos) file.lineEnd_ = '\n';
   file.doubledReturn_ = true;
+  file.endsMix_ = HasBothEnds(file.bytes_);
   return file;
 }
 
-void TextFile::TurnIntoUtf8(bool bigEndian) {
-  const auto codec = MakeCodec(bigEndian ? kCodePageUtf16Be : kCodePageUtf16Le);
+void TextFile::TurnIntoUtf8() {
+  const auto codec = MakeCodec(encoding_.codePage);
   const std::string_view source = std::string_view(bytes_).substr(start_);
   std::string turned;
   Text piece(1 + DecodedRoom(kPiece), u'\0');
@@ -121,16 +163,21 @@ void TextFile::TurnIntoUtf8(bool bigEndian) {
   start_ = 0;
 }
 
+LineExtent TextFile::ExtentOfLine() const {
+  if (!endsMix_) return FindLineEnd(Rest(), lineEnd_);
+  return {std::min(Rest().find_first_of("\r\n"), Rest().size()), false};
+}
+
 bool TextFile::NextLine(std::string_view& line) {
   if (at_ == bytes_.size()) return false;
-  line = Rest().substr(0, FindLineEnd(Rest(), lineEnd_).length);
+  line = Rest().substr(0, ExtentOfLine().length);
   SkipLine(line.size());
   return true;
 }
 
 bool TextFile::NextText(LineBuffer& buffer) {
   if (at_ == bytes_.size()) return false;
-  const LineExtent extent = FindLineEnd(Rest(), lineEnd_);
+  const LineExtent extent = ExtentOfLine();
   const std::string_view line = Rest().substr(0, std::min(extent.length, kLongestLine));
   const std::span<char16_t> room = buffer.RoomBehind(0, line.size());
   if (extent.ascii) WidenAscii(line, room);

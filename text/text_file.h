@@ -50,12 +50,12 @@ class TextFile {
   /// Which encoding a file is taken for that doesn't tell.
   enum class Untold {
     SystemsCodePage,  ///< ASCII is text of the system's code page, and so is anything that is no UTF-8
-    Unicode           ///< ASCII is UTF-8, and UTF-16 without a mark is known by its zeros
+    Unicode           ///< ASCII is UTF-8, UTF-16 and UTF-32 without a mark are known by their zeros
   };
 
-  /// Looks at all bytes first. A mark tells UTF-8 or UTF-16 and is no text; else valid UTF-8 with a character of
-  /// several bytes is UTF-8; anything else is of the system's code page. Without any CR a line ends at LF; CR CR LF is
-  /// one line end.
+  /// Looks at all bytes first. A mark tells UTF-8 or UTF-16, and with `Untold::Unicode` UTF-32, and is no text; else
+  /// valid UTF-8 with a character of several bytes is UTF-8; anything else is of the system's code page. Without any CR
+  /// a line ends at LF; CR CR LF is one line end. With `Untold::Unicode` the ends may mix.
   static TextFile Auto(std::string bytes, const Encodings& encodings, Untold untold = Untold::SystemsCodePage);
 
   /// A file whose `Bytes` and encoding were kept.
@@ -63,6 +63,10 @@ class TextFile {
 
   /// The bytes are text of this encoding, whatever they look like; only its own mark is looked for.
   static TextFile As(std::string bytes, int codePage);
+
+  /// Bytes that are no text: each is the character of its number.
+  static TextFile OfBytes(std::string bytes);
+  bool IsText() const { return isText_; }
 
   const DocumentEncoding& Encoding() const { return encoding_; }
 
@@ -82,7 +86,8 @@ class TextFile {
   /// How many lines lie before a place; reads the file up to there.
   std::size_t LinesBefore(std::size_t place);
 
-  /// All the text's bytes, without the mark, as ASCII can be looked for in them: UTF-16 was turned into UTF-8.
+  /// All the text's bytes, without the mark, as ASCII can be looked for in them: UTF-16 and UTF-32 were turned into
+  /// UTF-8.
   std::string_view Bytes() const { return std::string_view(bytes_).substr(start_); }
   /// The code page of `Bytes`.
   int BytesCodePage() const { return codec_ == nullptr ? kCodePageUtf8 : encoding_.codePage; }
@@ -94,12 +99,14 @@ class TextFile {
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
   /// Marks of ASCII can be looked for in the bytes.
   bool AsciiIsPlain() const { return codec_ == nullptr || codec_->AsciiIsPlain(); }
-  /// The character that ends lines: CR or LF.
+  /// Lines end at either of CR and LF.
+  bool EndsMix() const { return endsMix_; }
+  /// The character that ends lines, unless their ends mix: CR or LF.
   char LineEnd() const { return lineEnd_; }
   /// Moves behind the next line, which is known to have `length` bytes, and its end.
   void SkipLine(std::size_t length) {
     at_ += length;
-    if (at_ == bytes_.size() || ++at_ == bytes_.size() || lineEnd_ == '\n') return;
+    if (at_ == bytes_.size() || ++at_ == bytes_.size() || bytes_[at_ - 1] == '\n') return;
     if (bytes_[at_] == '\n') {
       ++at_;
     } else if (doubledReturn_ && bytes_[at_] == '\r' && at_ + 1 < bytes_.size() && bytes_[at_ + 1] == '\n') {
@@ -124,7 +131,8 @@ class TextFile {
 
  private:
   TextFile() = default;
-  void TurnIntoUtf8(bool bigEndian);
+  void TurnIntoUtf8();
+  LineExtent ExtentOfLine() const;
 
   std::string bytes_;
   std::size_t start_ = 0;
@@ -134,6 +142,8 @@ class TextFile {
   Surrogates surrogates_ = Surrogates::AreInvalid;  // kept in UTF-8 that was made of UTF-16
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
+  bool endsMix_ = false;
+  bool isText_ = true;
   std::size_t cutPlace_ = 0;  // behind the line that was cut last; 0: none was
 };
 

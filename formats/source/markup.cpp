@@ -94,7 +94,10 @@ MarkKind MarkKindOf(TextView identifier) {
                            {u"SAMI", MarkKind::Sami},
                            {u"MICRODVD", MarkKind::MicroDvd},
                            {u"TTML", MarkKind::Ttml},
-                           {u"MPL2", MarkKind::Mpl2}};
+                           {u"MPL2", MarkKind::Mpl2},
+                           // Their codes are read as the tags that people know.
+                           {u"EBUSTL", MarkKind::SubRip},
+                           {u"SCC", MarkKind::SubRip}};
   for (const Row& row : kRows) {
     if (row.identifier == identifier) return row.kind;
   }

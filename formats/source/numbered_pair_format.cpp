@@ -53,6 +53,15 @@ std::size_t LettersSize(TextView text, WholeStyles& styles) {
   return end + 1;
 }
 
+/// The signs with which a line of MPL2 begins that has these styles.
+Text SignsOf(const WholeStyles& styles) {
+  Text signs;
+  if (styles.bold) signs += u'\\';
+  if (styles.italic) signs += u'/';
+  if (styles.underline) signs += u'_';
+  return signs;
+}
+
 }  // namespace
 
 NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant variant)
@@ -110,9 +119,17 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
   const bool oneLine = text.find(kLineMark) == Text::npos;
   WholeStyles styles;
   if (variant_ == Variant::Mpl2) {
-    if (oneLine && text.starts_with(u'/')) {
-      styles.italic = true;
-      text.erase(0, 1);
+    // A sign styles one line.
+    const std::size_t signs = oneLine ? std::min(text.find_first_not_of(u"/\\_"), text.size()) : 0;
+    const TextView front = TextView(text).substr(0, signs);
+    styles.bold = front.find(u'\\') != TextView::npos;
+    styles.italic = front.find(u'/') != TextView::npos;
+    styles.underline = front.find(u'_') != TextView::npos;
+    // Signs that aren't written so by this program stay as they are.
+    if (styles.Any() && front == SignsOf(styles)) {
+      text.erase(0, signs);
+    } else {
+      styles = {};
     }
   } else {
     std::size_t taken = 0;
@@ -140,8 +157,10 @@ Text NumberedPairFormat::TextField(TextView text, TextView separator, TextView) 
   const bool oneLine = FindPlain(inner, separator) == TextView::npos;
   inner = ReplaceAll(inner, separator, kLineMark);
   if (!styles.Any()) return inner;
-  if (variant_ == Variant::Mpl2)
-    return (styles.italic ? u"/" : u"") + ReplaceAll(inner, kLineMark, styles.italic ? u"|/" : u"|");
+  if (variant_ == Variant::Mpl2) {
+    const Text signs = SignsOf(styles);
+    return signs + ReplaceAll(inner, kLineMark, Text(kLineMark) + signs);
+  }
   Text letters;
   for (const auto& [set, letter] : {std::pair{styles.bold, u'b'}, {styles.italic, u'i'}, {styles.underline, u'u'}}) {
     if (set) letters += (letters.empty() ? u"" : u",") + Text(1, letter);

@@ -54,24 +54,39 @@ Text CaptionOf(Text raw, TextView separator) {
   return raw;
 }
 
+/// The styles in the head are those of one class, so that there is nothing to choose.
+bool NamesOneClass(std::string_view bytes) {
+  constexpr std::size_t kLongestHead = 1 << 14;
+  const std::string_view head = bytes.substr(0, std::min(bytes.find("<SYNC"), kLongestHead));
+  std::size_t count = 0;
+  for (std::size_t at = head.find('{'); at != std::string_view::npos; at = head.find('{', at + 1)) {
+    const std::size_t name = head.find_last_of(".#}>-;", at);
+    count += name != std::string_view::npos && head[name] == '.' ? 1 : 0;
+  }
+  return count == 1;
+}
+
 /// Nothing is seen: no text, or hard blanks alone.
 bool IsClear(TextView text) { return text.find_first_not_of(u" \t\u00A0") == TextView::npos; }
 
 }  // namespace
 
-std::vector<std::string> SamiClasses(std::string_view bytes) {
-  std::vector<std::string> classes;
+std::vector<Text> SamiClasses(std::string_view bytes) {
+  constexpr std::size_t kMost = 64;
+  std::vector<std::string_view> classes;
+  if (NamesOneClass(bytes)) return {};
   SamiScanner scanner(bytes);
   SamiSync sync;
   while (scanner.Next(sync)) {
     for (const SamiParagraph& paragraph : sync.paragraphs) {
-      const std::string name(paragraph.className);
-      if (!name.empty() && classes.size() < 64 && std::find(classes.begin(), classes.end(), name) == classes.end()) {
-        classes.push_back(name);
-      }
+      const std::string_view name = paragraph.className;
+      const auto same = [&](std::string_view other) { return SameLetters(other, name); };
+      if (!name.empty() && classes.size() < kMost && std::ranges::none_of(classes, same)) classes.push_back(name);
     }
   }
-  return classes;
+  std::vector<Text> names;
+  for (const std::string_view name : classes) names.push_back(FromUtf8(name));
+  return names;
 }
 
 void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {

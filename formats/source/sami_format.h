@@ -10,7 +10,7 @@ namespace cuewright {
 
 /// The classes of captions that a SAMI file's body has, in the order in which they come; a file of several languages
 /// has a class for each.
-std::vector<std::string> SamiClasses(std::string_view bytes);
+std::vector<Text> SamiClasses(std::string_view bytes);
 
 /// SAMI as HTML has it: tags in letters of any case over any lines, the text on the line of the time or below it, an
 /// end by a blank screen or by the next caption. Of several classes one is read; captions of others stay as they are,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "formats/source/clock_field.h"
+#include "formats/source/ebu_format.h"
 #include "formats/source/source_lines.h"
 #include "text/digits.h"
 
@@ -54,6 +55,11 @@ Found WebVtt(const Head& head) {
   if (!head.Bytes().starts_with(kSignature)) return {};
   const std::string_view behind = head.Bytes().substr(kSignature.size(), 1);
   if (!behind.empty() && behind.find_first_of(" \t\r\n") != 0) return {};
+  // Times without hours are a format of its own in the catalogue.
+  for (const std::string_view line : head.Lines()) {
+    const auto start = line.find("-->") == std::string_view::npos ? std::nullopt : ReadClock(line);
+    if (start) return std::ranges::count(line.substr(0, start->size), ':') == 1 ? u"WEBVTT_RSS" : u"WEBVTT";
+  }
   return u"WEBVTT";
 }
 
@@ -105,7 +111,9 @@ bool IsPair(std::string_view line, char open, char close) {
 Found Pairs(const Head& head) {
   const std::string_view line = head.Line(0);
   if (IsPair(line, '{', '}') || line.starts_with("{default}{}")) return u"MICRODVD";
-  if (IsPair(line, '[', ']')) return u"MPL2";
+  // Tenths of a second; longer numbers count something else.
+  constexpr std::size_t kMostDigits = 7;
+  if (IsPair(line, '[', ']') && line.find(']') <= kMostDigits + 1) return u"MPL2";
   return {};
 }
 
@@ -190,6 +198,16 @@ Found QuickTime(const Head& head) {
   return {};
 }
 
+Found ClosedCaptions(const Head& head) {
+  if (head.Line(0).starts_with("scenarist_scc v")) return u"SCC";
+  return {};
+}
+
+Found Ebu(const Head& head) {
+  if (IsEbuHead(head.Bytes())) return u"EBUSTL";
+  return {};
+}
+
 /// JSON with the keys of a segment.
 Found TranscriptJson(const Head& head) {
   if (!head.Line(0).starts_with('{') && !head.Line(0).starts_with('[')) return {};
@@ -203,8 +221,8 @@ Found TranscriptJson(const Head& head) {
 
 std::optional<Text> SniffFormat(TextView text) {
   const Head head(text);
-  for (const auto rule :
-       {WebVtt, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics, TmPlayer, TranscriptJson}) {
+  for (const auto rule : {Ebu, WebVtt, ClosedCaptions, SubStation, Tags, QuickTime, Pairs, Blocks, SubRip, Lyrics,
+                          TmPlayer, TranscriptJson}) {
     if (Found found = rule(head)) return found;
   }
   return {};

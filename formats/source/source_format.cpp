@@ -1,10 +1,12 @@
 #include "formats/source/source_format.h"
 
+#include "formats/source/ebu_format.h"
 #include "formats/source/lyrics_format.h"
 #include "formats/source/numbered_pair_format.h"
 #include "formats/source/pair_block_format.h"
 #include "formats/source/quicktime_format.h"
 #include "formats/source/sami_format.h"
+#include "formats/source/scc_format.h"
 #include "formats/source/subrip_format.h"
 #include "formats/source/substation_format.h"
 #include "formats/source/tmplayer_format.h"
@@ -42,9 +44,11 @@ constexpr Maker kMakers[] = {
     {u"SUBVIEWER2SP", Plain<PairBlockFormat, PairBlockFormat::Variant::SubViewer2>},
     {u"YOUTUBESBV", Plain<PairBlockFormat, PairBlockFormat::Variant::Sbv>},
     {u"SUBSTATIONALPHA", Plain<SubStationFormat, SubStationVersion::V4>},
+    {u"EBUSTL", Plain<EbuFormat>},
     {u"KARAOKELRC", With<LyricsFormat>},
     {u"QUICKTIMETEXT", With<QuickTimeFormat>},
     {u"SAMI", With<SamiFormat>},
+    {u"SCC", Plain<SccFormat>},
     {u"SUBRIP", Plain<SubRipFormat>},
     {u"TMPLAYER", With<TmPlayerFormat, TmPlayerFormat::Dialect::Rows>},
     {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},

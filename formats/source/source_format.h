@@ -63,6 +63,14 @@ struct NewRecord {
   int number = 1;                   ///< of the caption in the list
   TextView lineEnd = u"\r\n";       ///< as the file's lines end
   std::string_view neighbour = {};  ///< bytes of the record in front of it, or behind; empty: the file has none
+  bool isOwn = false;               ///< the neighbour is the caption's own record as it was
+  int moved = 0;                    ///< by how many places it comes later than it did
+};
+
+/// The text in front of all records of a file and behind them.
+struct FileFrame {
+  TextView front = {};
+  TextView back = {};
 };
 
 /// A format by its published rules: reads a file with the places of all it reads, and writes single fields and records
@@ -92,6 +100,19 @@ class SourceFormat {
   virtual bool TimesAreLinked() const { return false; }
   /// The file has ends of captions at all; else they are reckoned from the starts.
   virtual bool WritesEnds() const { return true; }
+  /// Records are the parts of a list in square brackets; the comma in front of one belongs to it.
+  virtual bool RecordsAreAList() const { return false; }
+  /// What was edited can be written; else the file is only read.
+  virtual bool WritesChanges() const { return true; }
+  /// The size of the blocks of a file that is no text: an edited record is written whole, a character of it is a byte,
+  /// and no encoding is chosen for it. 0: the file is text.
+  virtual std::size_t BlockBytes() const { return 0; }
+  /// Such a file has all letters of a text.
+  virtual bool Holds(TextView, TextView) const { return true; }
+  /// Puts right what such a file says of its own size, after it has got so many records more.
+  virtual void CountAnew(std::string&, int) const {}
+  /// What stands around the records in a new file.
+  virtual FileFrame FrameOfNewFile() const { return {}; }
 };
 
 /// The rules of a format of the catalogue; null when it is read by the catalogue's record alone.

@@ -47,12 +47,15 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
 
 JournalSource KeptSource(const SourceMap& map) {
   const DocumentEncoding& encoding = map.File().Encoding();
-  return {map.Format(), map.Fps().AsGiven(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
+  const Text& name = map.CaptionClass();
+  const Text format = name.empty() ? map.Format() : map.Format() + Text(kBeforeClass) + name;
+  return {format, map.Fps().AsGiven(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
 }
 
 bool SourceMap::SameText(const Piece& piece, const Caption& caption) { return piece.textHash == HashOf(caption.text); }
 
 std::size_t SourceMap::LineOf(std::size_t place) const {
+  if (const std::size_t block = rules_->BlockBytes(); block != 0) return place / block + 1;
   SourceLines lines(Bytes());
   SourceLine line;
   std::size_t number = 0;
@@ -62,6 +65,10 @@ std::size_t SourceMap::LineOf(std::size_t place) const {
 
 std::vector<std::size_t> SourceMap::LinesNotUnderstood() const {
   std::vector<std::size_t> numbers;
+  if (rules_->BlockBytes() != 0) {
+    for (const std::uint32_t place : notUnderstood_) numbers.push_back(LineOf(place));
+    return numbers;
+  }
   SourceLines lines(Bytes());
   SourceLine line;
   std::size_t number = 0;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/caption_list.h"
@@ -47,6 +48,10 @@ class SourceMap {
   const FrameRate& Fps() const { return fps_; }
   void SetFps(const FrameRate& fps) { fps_ = fps; }
 
+  /// Which of several classes of captions was read; empty: the file has one, or the first was.
+  const Text& CaptionClass() const { return captionClass_; }
+  void SetCaptionClass(Text name) { captionClass_ = std::move(name); }
+
   const TextFile& File() const { return file_; }
   TextFile& File() { return file_; }
   const SourceFormat& Rules() const { return *rules_; }
@@ -60,7 +65,7 @@ class SourceMap {
   /// The caption's text is the one that was read.
   static bool SameText(const Piece& piece, const Caption& caption);
 
-  /// The number of the line that a byte lies in, from 1.
+  /// The number of the line that a byte lies in, or of the block where the file has no lines, from 1.
   std::size_t LineOf(std::size_t place) const;
   /// Numbers of the lines that were not understood, from 1, in order.
   std::vector<std::size_t> LinesNotUnderstood() const;
@@ -70,10 +75,14 @@ class SourceMap {
   TextFile file_;
   std::unique_ptr<SourceFormat> rules_;
   FrameRate fps_;
+  Text captionClass_;
   Text lineEnd_ = u"\r\n";
   std::vector<Piece> pieces_;
   std::vector<std::uint32_t> notUnderstood_;
 };
+
+/// What parts the format from the class of captions in the name that a journal keeps.
+inline constexpr TextView kBeforeClass = u":";
 
 /// The file of a map as a journal keeps it.
 JournalSource KeptSource(const SourceMap& map);

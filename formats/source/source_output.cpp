@@ -43,6 +43,8 @@ void SourceOutput::Put(TextView text) {
     end += unit < 0x80 ? static_cast<char>(unit) : '?';
   }
   NoteTail(end);
+  const std::size_t sign = text.find_last_not_of(u" \t\r\n");
+  if (sign != TextView::npos) lastSign_ = text[sign] < 0x80 ? static_cast<char>(text[sign]) : '?';
   if (held_.size() >= kBlock) PassHeld();
 }
 
@@ -58,6 +60,8 @@ void SourceOutput::Finish() {
 }
 
 void SourceOutput::NoteTail(std::string_view put) {
+  const std::size_t sign = put.find_last_not_of(" \t\r\n");
+  if (sign != std::string_view::npos) lastSign_ = put[sign];
   tail_ += put.substr(put.size() - std::min(put.size(), kTail));
   if (tail_.size() > kTail) tail_.erase(0, tail_.size() - kTail);
 }

@@ -26,6 +26,9 @@ class SourceOutput {
   /// The old file's byte at `place` would follow what was put last as it did there.
   bool GoesOnAt(std::size_t place) const { return place == reached_; }
 
+  /// The last byte put that is no blank and ends no line; NUL: there is none.
+  char LastSign() const { return lastSign_; }
+
   /// What is put next begins on a line of its own and, with `blankBefore`, behind a blank line.
   void BeginLine(bool blankBefore);
 
@@ -42,6 +45,7 @@ class SourceOutput {
   bool turned_;
   ByteSink& sink_;
   std::string held_;
+  char lastSign_ = '\0';
   std::string tail_;  // the last bytes put, as ASCII has them
   std::size_t oldBegin_ = 0;
   std::size_t oldEnd_ = 0;

@@ -19,6 +19,12 @@ std::optional<int> NumberIn(std::string_view field) {
   return number;
 }
 
+/// A file that isn't written yet.
+struct Gathered final : ByteSink {
+  void Write(std::string_view more) override { bytes += more; }
+  std::string bytes;
+};
+
 }  // namespace
 
 bool SourceWriter::Changed(const SourceMap::Piece& piece, const Caption& caption) const {
@@ -27,18 +33,37 @@ bool SourceWriter::Changed(const SourceMap::Piece& piece, const Caption& caption
 }
 
 bool SourceWriter::HeldBy(const Codec& codec) const {
-  if (codec.IsUtf8()) return true;
+  if (codec.IsUtf8() && !IsBytes()) return true;
   const auto& pieces = map_.Pieces();
   for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
     const Caption& caption = captions_.At(row);
     const bool known = caption.origin != 0 && caption.origin <= pieces.size();
     if (known && SourceMap::SameText(pieces[caption.origin - 1], caption)) continue;
-    if (!codec.Holds(caption.text)) return false;
+    if (!(IsBytes() ? map_.Rules().Holds(caption.text, Separator()) : codec.Holds(caption.text))) return false;
   }
   return true;
 }
 
+bool SourceWriter::Differs() const {
+  const auto& pieces = map_.Pieces();
+  if (static_cast<std::size_t>(lastRow_) != pieces.size()) return true;
+  for (Row row = 1; row <= lastRow_; ++row) {
+    const Caption& caption = captions_.At(row);
+    if (caption.origin != static_cast<std::uint32_t>(row) || Changed(pieces[caption.origin - 1], caption)) return true;
+  }
+  return false;
+}
+
 void SourceWriter::Write(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink) {
+  if (!IsBytes()) return WriteRecords(codec, turned, declared, sink);
+  // What the head says of the file is known when all of it is.
+  Gathered file;
+  WriteRecords(codec, false, {}, file);
+  map_.Rules().CountAnew(file.bytes, lastRow_ - static_cast<int>(map_.Pieces().size()));
+  sink.Write(file.bytes);
+}
+
+void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink) {
   SourceOutput out(map_, codec, turned, sink);
   const Text sample = map_.Rules().Record({Caption{0, 1000, u"x", 0}, 1, u"\n", {}}, Separator());
   const bool blankBetween = sample.ends_with(u"\n\n");
@@ -51,7 +76,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, std::string_view decla
     const std::uint32_t origin = captions_.At(row).origin;
     if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
       if (next_ == 0) KeepUpTo(0, out);
-      out.BeginLine(blankBetween);
+      if (!IsBytes()) out.BeginLine(blankBetween);
       WriteNew(row, out);
       continue;
     }
@@ -61,7 +86,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, std::string_view decla
       next_ = origin;
       done_ = whole.End();
     }
-    if (!out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
+    if (!IsBytes() && !out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
     written_[origin - 1] = true;
     neighbour_ = whole.In(map_.Bytes());
     WriteRecord(row, origin, out);
@@ -94,10 +119,28 @@ void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out)
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
   const bool moved = !piece.record.number.Empty() && row != static_cast<Row>(origin);
   if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
-  out.PutOld(piece.record.whole.at, piece.record.whole.End());
+  const std::size_t at = PartRecord(piece.record.whole, out);
+  out.PutOld(at, piece.record.whole.End());
+}
+
+std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
+  if (!map_.Rules().RecordsAreAList()) return whole.at;
+  const bool parted = map_.Bytes()[whole.at] == ',';
+  const bool first = out.LastSign() == '[';
+  if (!parted && !first) out.Put(u",");
+  return parted && first ? whole.at + 1 : whole.at;
+}
+
+void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const {
+  const Stretch whole = map_.Pieces()[origin - 1].record.whole;
+  NewRecord record{captions_.At(row), row, map_.LineEnd(), whole.In(map_.Bytes())};
+  record.isOwn = true;
+  record.moved = row - static_cast<Row>(origin);
+  out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
 void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
+  if (IsBytes()) return WriteBlocks(row, origin, out);
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
   const SourceRecord& record = piece.record;
   const Caption& caption = captions_.At(row);
@@ -124,7 +167,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end, old(record.end)));
   if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
   std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
-  std::size_t at = record.whole.at;
+  std::size_t at = PartRecord(record.whole, out);
   for (const Field& field : fields) {
     if (!field.anew) continue;
     out.PutOld(at, field.place.at);
@@ -137,7 +180,9 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
 void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
   std::string_view neighbour = neighbour_;
   if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  out.Put(map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator()));
+  const Text record = map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator());
+  const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';
+  out.Put(TextView(record).substr(first ? 1 : 0));
 }
 
 }  // namespace cuewright

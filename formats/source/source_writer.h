@@ -24,8 +24,10 @@ class SourceWriter {
   SourceWriter(const SourceMap& map, const CaptionList& captions, Row lastRow, SourceTimes times)
       : map_(map), captions_(captions), lastRow_(lastRow), times_(times) {}
 
-  /// The codec has every character of the texts that would be written anew.
+  /// The codec, or a format of bytes itself, has every character of the texts that would be written anew.
   bool HeldBy(const Codec& codec) const;
+  /// The list isn't what was read.
+  bool Differs() const;
 
   /// Writes the file without its mark, in its own encoding or, with `turned`, in that of the codec. What stands between
   /// the records stays, also where records went; a record that is not the file's own stands behind its predecessor;
@@ -36,13 +38,19 @@ class SourceWriter {
  private:
   bool Changed(const SourceMap::Piece& piece, const Caption& caption) const;
   bool TimeChanged(std::int32_t before, std::int32_t now) const { return times_ == SourceTimes::Anew || before != now; }
+  bool IsBytes() const { return map_.Rules().BlockBytes() != 0; }
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.
   void KeepUpTo(std::size_t piece, SourceOutput& out);
   void Declare(std::string_view encoding, SourceOutput& out);
+  /// Where the bytes of a record go on: behind its comma when it comes first in its list now. Where it comes first no
+  /// longer, a comma is put in front.
+  std::size_t PartRecord(Stretch whole, SourceOutput& out) const;
   void WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteNew(Row row, SourceOutput& out) const;
+  void WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const;
+  void WriteRecords(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink);
 
   const SourceMap& map_;
   const CaptionList& captions_;

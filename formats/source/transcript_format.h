@@ -15,6 +15,8 @@ class TranscriptFormat final : public SourceFormat {
   std::string TimeField(std::int32_t ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
+  bool RecordsAreAList() const override { return true; }
+  FileFrame FrameOfNewFile() const override { return {u"{\"segments\": [", u"\r\n]}\r\n"}; }
 
  private:
   bool milliseconds_ = false;

@@ -190,7 +190,7 @@ TEST_F(BatchTest, CatalogueChoosesTheFormatFiles) {
         "qxmStart=>qxmEnd=>qxmCaption\r\n{/SubRepeat}\r\n---END FORMAT DEFINITION---\r\n");
   Write("formats.ini", "[ARROWS]\r\nname=Arrows\r\nextension=arr\r\ntimecode=ms\r\nsample=00=>00=>\r\nlbreak=|\r\n");
   Write("a.arr", "1000=>2000=>one\r\n3000=>4000=>two\r\n");
-  EXPECT_EQ(Batch({"formats", "--catalogue", "."}).out,
+  EXPECT_EQ(Batch({"formats", "--classic", "--catalogue", "."}).out,
             "0\tPLAINTEXT\tPLAINTEXT\ttxt\tms\t0\t0\n"
             "1\tARROWS\tArrows\tarr\tms\t0\t0\n");
   EXPECT_EQ(Batch({"detect", "a.arr", "--catalogue", "."}).out, "a.arr\tARROWS\n");

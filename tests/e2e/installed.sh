@@ -25,7 +25,7 @@ appstreamcli validate --no-net "$prefix/share/metainfo/tessaly-cuewright.metainf
 cd "$folder"
 export PATH="$prefix/bin:$PATH" XDG_CONFIG_HOME="$folder/config" XDG_STATE_HOME="$folder/state" \
   XDG_CACHE_HOME="$folder/cache" XDG_DATA_HOME="$folder/data" LC_ALL=C.UTF-8
-[ "$(cuewright-batch formats | wc -l)" -eq 76 ] || fail "cuewright-batch doesn't list its formats"
+[ "$(cuewright-batch formats | wc -l)" -ge 76 ] || fail "cuewright-batch doesn't list its formats"
 printf '1\r\n00:00:01,000 --> 00:00:02,000\r\nHello\r\n\r\n' >a.srt
 cuewright-batch convert a.srt --to SAMI --out a.smi
 grep -q Hello a.smi || fail "nothing was converted"

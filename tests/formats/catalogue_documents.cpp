@@ -26,7 +26,6 @@ constexpr FormatException kTakenForAnother[] = {
     {"DVDSUBSYSTEM", "accents", "without a two-line caption nothing tells it from ADOBEENCORE, which comes first"},
     {"OVRSCRIPT", "one", "is known by an end line with a start line behind it"},
     {"DKS", "one", "is known by an end line with a start line behind it"},
-    {"TMPLAYERCOLON", "one", "is known by an end line with a line behind it, since longer times begin in the same way"},
 };
 
 /// Files of these don't give all times back. Their record is a start line with the text behind it and an end line of

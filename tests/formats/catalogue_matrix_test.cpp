@@ -76,19 +76,10 @@ struct Misleading {
   Text detected;  ///< empty: nothing
 };
 
-TEST(CatalogueExceptions, DialogueThatLooksLikeAnotherFormatMisleadsRecognition) {
-  const Misleading rows[] = {
-      // A clock time makes a file of plain counts look as if it had timecodes.
-      {u"MICRODVD", u"Back at 10:30:00, he said.", u""},
-      {u"SAMI", u"Back at 10:30:00, he said.", u""},
-      {u"PIPES", u"Back at 10:30:00, he said.", u""},
-      // The double slash is the line break of DVD Subtitle System, and all that tells it from Encore.
-      {u"ADOBEENCORE", u"See http://example.org for more.", u"DVDSUBSYSTEM"},
-      // Neither matters to a format that is known by more than its times.
-      {u"SUBRIP", u"Back at 10:30:00, see http://example.org", u"SUBRIP"},
-      {u"MICRODVD", u"Back at 10:30, he said.", u"MICRODVD"},
-  };
+/// What recognition settles on for files with such dialogues.
+void ExpectDetected(const std::vector<Misleading>& rows, bool classic) {
   FormatRig rig;
+  rig.options.manner.SetClassic(classic);
   for (const Misleading& row : rows) {
     SCOPED_TRACE(ToUtf8(row.written));
     rig.Fill({{12400, 15200, u"Good evening."}, {16000, 19800, row.dialogue}});
@@ -96,6 +87,36 @@ TEST(CatalogueExceptions, DialogueThatLooksLikeAnotherFormatMisleadsRecognition)
     const std::optional<int> settled = rig.importer.SettleFormat(rig.path);
     EXPECT_EQ(settled ? rig.catalogue.Identifier(*settled) : Text(), row.detected);
   }
+}
+
+TEST(CatalogueExceptions, DialogueThatLooksLikeAnotherFormatMisleadsClassicRecognition) {
+  ExpectDetected(
+      {
+          // A clock time makes a file of plain counts look as if it had timecodes.
+          {u"MICRODVD", u"Back at 10:30:00, he said.", u""},
+          {u"SAMI", u"Back at 10:30:00, he said.", u""},
+          {u"PIPES", u"Back at 10:30:00, he said.", u""},
+          // The double slash is the line break of DVD Subtitle System, and all that tells it from Encore.
+          {u"ADOBEENCORE", u"See http://example.org for more.", u"DVDSUBSYSTEM"},
+          // Neither matters to a format that is known by more than its times.
+          {u"SUBRIP", u"Back at 10:30:00, see http://example.org", u"SUBRIP"},
+          {u"MICRODVD", u"Back at 10:30, he said.", u"MICRODVD"},
+      },
+      true);
+}
+
+TEST(CatalogueExceptions, DialogueMisleadsNoFormatThatIsKnownByItsRules) {
+  ExpectDetected(
+      {
+          {u"MICRODVD", u"Back at 10:30:00, he said.", u"MICRODVD"},
+          {u"SAMI", u"Back at 10:30:00, he said.", u"SAMI"},
+          {u"TTML", u"[00:01:02.00]", u"TTML"},
+          {u"WEBVTT", u"Back at 10:30:00,000 --> 10:30:01,000", u"WEBVTT"},
+          {u"SUBRIP", u"{1}{2} {QTtext}", u"SUBRIP"},
+          {u"KARAOKELRC", u"Back at 10:30:00.50,10:30:01.50", u"KARAOKELRC"},
+          {u"ADOBEENCORE", u"See http://example.org for more.", u"DVDSUBSYSTEM"},
+      },
+      false);
 }
 
 TEST(CatalogueDocumentation, NamesEveryFormat) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "formats/convert_from_utf8.h"
+#include "tests/formats/catalogue_documents.h"
 #include "tests/formats/format_rig.h"
 #include "tests/support/printers.h"
 #include "text/utf8.h"
@@ -248,10 +249,48 @@ TEST(AutoReading, EndsLinesAtCrAlone) {
   EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"one|two"}}));
 }
 
-TEST(AutoReading, EndsNoLineAtALoneLfInAFileWithCr) {
+TEST(AutoReading, EndsNoLineAtALoneLfInAFileWithCrInTheClassicManner) {
   FormatRig rig;
+  rig.options.manner.SetClassic(true);
   EXPECT_EQ(rig.Open("a.txt", "one\ntwo\r\nthree"), u"PLAINTEXT");
   EXPECT_EQ(rig.Rows(), (Rows{{0, 0, u"one\ntwo"}, {0, 0, u"three"}}));
+}
+
+TEST(AutoReading, LineEndsMayMix) {
+  FormatRig rig;
+  const std::string text = "one\ntwo\r\nthree\rfour\r\r\nfive\n\nsix";
+  EXPECT_EQ(rig.Open("a.txt", text), u"PLAINTEXT");
+  EXPECT_EQ(TextsOf(rig.Rows()), (std::vector<Text>{u"one", u"two", u"three", u"four", u"five", u"six"}));
+  EXPECT_EQ(rig.Save(u"PLAINTEXT"), text);
+  // A format that the catalogue's record reads.
+  const std::string lines =
+      "00:00:01:00 00:00:02:00 one\n00:00:03:00 00:00:04:00 two\r\n"
+      "00:00:05:00 00:00:06:00 three\r00:00:07:00 00:00:08:00 four\n";
+  EXPECT_EQ(rig.Open("b.txt", lines), u"ADOBEENCORE");
+  EXPECT_EQ(TextsOf(rig.Rows()), (std::vector<Text>{u"one", u"two", u"three", u"four"}));
+  EXPECT_EQ(rig.Save(u"ADOBEENCORE", 25.0), lines);
+}
+
+TEST(AutoReading, KnowsUtf32AndSavesItAsItWas) {
+  for (const int codePage : {kCodePageUtf32Le, kCodePageUtf32Be}) {
+    for (const bool mark : {true, false}) {
+      SCOPED_TRACE(std::to_string(codePage) + (mark ? " with mark" : ""));
+      FormatRig rig;
+      const std::string file = (mark ? std::string(MarkOf(codePage)) : std::string()) +
+                               MakeCodec(codePage)->Encoded(u"1\n00:00:01,000 --> 00:00:02,000\nŻółw \U0001F422\n\n");
+      EXPECT_EQ(rig.Open("a.srt", file), u"SUBRIP");
+      EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"Żółw \U0001F422"}}));
+      EXPECT_EQ(rig.state.Encoding, (DocumentEncoding{codePage, mark}));
+      EXPECT_EQ(rig.Save(u"SUBRIP"), file);
+    }
+  }
+}
+
+TEST(AutoReading, TextWithFewZerosIsNoUtf32) {
+  FormatRig rig;
+  const std::string utf16 = MakeCodec(kCodePageUtf16Le)->Encoded(u"1\n00:00:01,000 --> 00:00:02,000\nx\n\n");
+  rig.Open("a.srt", utf16);
+  EXPECT_EQ(rig.state.Encoding, (DocumentEncoding{kCodePageUtf16Le, false}));
 }
 
 TEST(AutoReading, GivesANewDocumentUtf8WithoutAMark) {

@@ -58,6 +58,11 @@ TEST(SourceFormats, TakeTimeByTheSizeOfAHostileFile) {
       {u"TTML", "<tt><body>", "<p begin='1s' end='2s'>"},
       {u"TRANSCRIPTJSON", "[", "{\"start\":1,\"end\":2,\"text\":\"\\n\"},"},
       {u"TRANSCRIPTJSON", "{\"", "\\\""},
+      {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t", "942f "},
+      {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t9429 ", "6180 942c 942c "},
+      {u"SCC", "Scenarist_SCC V1.0\n", "00:00:01:00\n"},
+      {u"EBUSTL", "850STL25.011000" + std::string(1009, ' '), std::string(128, '\0')},
+      {u"EBUSTL", "850STL25.011000" + std::string(1009, ' '), std::string(16, '\xFF') + std::string(112, '\xC8')},
   };
   for (const Case& row : cases) {
     const auto file = [&](std::size_t size) {

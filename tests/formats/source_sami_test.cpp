@@ -54,7 +54,7 @@ TEST(SamiSource, OneOfSeveralClassesIsRead) {
   const std::string file = kHead +
                            "<SYNC Start=1000><P Class=ENCC ID=Source>ANN<P Class=ENCC>one<P Class=FRCC>un\n"
                            "<SYNC Start=2000><P Class=FRCC>&nbsp;\n<SYNC Start=3000><P Class=ENCC>&nbsp;\n</BODY>\n";
-  EXPECT_EQ(SamiClasses(file), (std::vector<std::string>{"ENCC", "FRCC"}));
+  EXPECT_EQ(SamiClasses(file), (std::vector<Text>{u"ENCC", u"FRCC"}));
   EXPECT_EQ(SourceRig(u"SAMI", file).Rows(), (Rows{{1000, 3000, u"one"}}));
   SourceSettings settings;
   settings.captionClass = u"FRCC";

@@ -14,6 +14,7 @@ TEST(SniffFormat, TellsWhatIsSure) {
   constexpr Case kCases[] = {
       {u"WEBVTT", u"WEBVTT"},
       {u"WEBVTT - a film\n\n1\n00:00:01,000 --> 00:00:02,000", u"WEBVTT"},
+      {u"WEBVTT\n\n00:01.000 --> 01:00:02.000\nx", u"WEBVTT_RSS"},
       {u"\n[Script Info]\nScriptType: v4.00+\n", u"ADVANCEDSSA"},
       {u"[V4+ Styles]\nStyle: x\n[Events]\n", u"ADVANCEDSSA"},
       {u"[script info]\r\n; x\r\nscripttype: V4.00\r\n", u"SUBSTATIONALPHA"},
@@ -43,7 +44,8 @@ TEST(SniffFormat, LeavesOpenWhatIsNot) {
   for (const TextView head :
        {u"", u"words\nand words", u"WEBVTTX", u"00:00:12:10 00:00:15:05 x", u"00:00:12:10,x\n00:00:15:05,y", u"<html>",
         u"[00:00:12.40]\nx", u"12\nwords", u"[00:12.400 --> 00:15.200] x", u"0:00:12.400,0:00:15.200,x", u"{a}{b}",
-        u"<?xml", u"<!--", u"12:00:00: it was noon", u"00:00:12,400 --> 00:00:15,200\nx", u"[Events]\n"}) {
+        u"<?xml", u"<!--", u"12:00:00: it was noon", u"00:00:12,400 --> 00:00:15,200\nx", u"[Events]\n",
+        u"[00012400][00015200]x"}) {
     EXPECT_EQ(SniffFormat(head), std::nullopt) << Text(head).size();
   }
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "formats/source/source_map.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// The reader understood less than half of the file's lines that aren't blank, so that it may be of another format.
+bool IsDoubtful(const SourceMap& map);
+
+/// The file's first lines, as a box can show them.
+Text FirstLines(const SourceMap& map);
+
+}  // namespace cuewright

@@ -1,0 +1,281 @@
+#include "formats/source/ebu_format.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/numbers.h"
+#include "formats/source/clock_field.h"
+#include "text/digits.h"
+#include "text/text_search.h"
+
+namespace cuewright {
+namespace {
+
+// The head.
+constexpr std::size_t kHeadSize = 1024;
+constexpr std::size_t kDiskFormatAt = 3;
+constexpr std::size_t kDisplayStandardAt = 11;
+constexpr std::size_t kCharacterTableAt = 12;
+constexpr Stretch kBlockCount = {238, 5};
+constexpr Stretch kSubtitleCount = {243, 5};
+constexpr Stretch kRowCount = {253, 2};
+
+// A block.
+constexpr std::size_t kBlockSize = 128;
+constexpr std::size_t kNumberAt = 1;
+constexpr std::size_t kExtensionAt = 3;
+constexpr std::size_t kStartAt = 5;
+constexpr std::size_t kEndAt = 9;
+constexpr std::size_t kTimeSize = 4;
+constexpr std::size_t kVerticalAt = 13;
+constexpr std::size_t kJustificationAt = 14;
+constexpr std::size_t kCommentAt = 15;
+constexpr std::size_t kTextAt = 16;
+constexpr std::size_t kTextSize = kBlockSize - kTextAt;
+
+constexpr unsigned char kLastBlock = 0xFF;
+constexpr unsigned char kUserData = 0xFE;
+constexpr unsigned char kFirstReserved = 0xF0;
+constexpr char kUnused = '\x8F';
+constexpr int kTeletextRows = 23;
+
+unsigned char ByteAt(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
+char AsByte(int value) { return static_cast<char>(static_cast<unsigned char>(value)); }
+
+bool IsUserData(std::string_view block) { return ByteAt(block, kExtensionAt) == kUserData; }
+
+/// Nothing of a caption is in the block: a comment, or data whose meaning others know.
+bool IsNoCaption(std::string_view block) {
+  const unsigned char extension = ByteAt(block, kExtensionAt);
+  return (extension >= kFirstReserved && extension != kLastBlock) || ByteAt(block, kCommentAt) == 1;
+}
+
+int NumberOf(std::string_view block) { return ByteAt(block, kNumberAt) + 256 * ByteAt(block, kNumberAt + 1); }
+
+/// The block of a caption in a file without any.
+std::string FirstBlock() {
+  std::string block(kBlockSize, '\0');
+  block[kExtensionAt] = AsByte(kLastBlock);
+  block[kVerticalAt] = AsByte(kTeletextRows - 1);
+  block[kJustificationAt] = 2;
+  std::fill(block.begin() + kTextAt, block.end(), kUnused);
+  return block;
+}
+
+/// The number of digits; nothing changes where there are none.
+void AddTo(Stretch digits, int more, std::string& file) {
+  const std::string_view field = digits.In(file);
+  const auto number = ReadNumber(field);
+  if (!number || number->size != field.size()) return;
+  std::string anew = std::to_string(std::max(number->ms + more, 0));
+  if (anew.size() > digits.size) return;
+  anew.insert(0, digits.size - anew.size(), '0');
+  file.replace(digits.at, digits.size, anew);
+}
+
+Text Widened(std::string_view bytes) {
+  Text text;
+  text.reserve(bytes.size());
+  for (const char byte : bytes) text += static_cast<char16_t>(static_cast<unsigned char>(byte));
+  return text;
+}
+
+StyledText MarksIn(Text text, TextView separator) {
+  return ReadMarks({std::move(text), {}, kUsualPlace}, MarkKind::SubRip, separator);
+}
+
+int LinesOf(const StyledText& text, TextView separator) {
+  return static_cast<int>(Split(text.Visible(), separator).size());
+}
+
+}  // namespace
+
+bool IsEbuHead(std::string_view bytes) {
+  const std::string_view code = bytes.substr(std::min(kDiskFormatAt, bytes.size()), 8);
+  return code.size() == 8 && (code.starts_with("STL") || code.starts_with("stl")) && IsDigit(code[3]) &&
+         IsDigit(code[4]) && code.substr(5) == ".01";
+}
+
+void EbuFormat::ReadHead(std::string_view head) {
+  if (const auto rate = ReadNumber(head.substr(kDiskFormatAt + 3, 2)); rate && rate->ms != 0) rate_ = rate->ms;
+  if (const auto table = ReadNumber(head.substr(kCharacterTableAt, 2))) texts_.codec = CodecOfEbuTable(table->ms);
+  texts_.teletext = head[kDisplayStandardAt] == '1' || head[kDisplayStandardAt] == '2';
+  const auto rows = ReadNumber(kRowCount.In(head));
+  rows_ = !texts_.teletext && rows && rows->ms > 0 ? rows->ms : kTeletextRows;
+}
+
+void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
+  const std::string_view bytes = text.bytes;
+  size_ = bytes.size();
+  if (size_ < kHeadSize) return sink.NotUnderstood(0);
+  ReadHead(bytes.substr(0, kHeadSize));
+  bool first = true;
+  std::size_t at = kHeadSize;
+  while (at + kBlockSize <= bytes.size()) {
+    const std::string_view block = bytes.substr(at, kBlockSize);
+    std::size_t end = at + kBlockSize;
+    if (!IsNoCaption(block)) {
+      for (unsigned char extension = ByteAt(block, kExtensionAt);
+           extension != kLastBlock && end + kBlockSize <= bytes.size(); end += kBlockSize) {
+        const std::string_view next = bytes.substr(end, kBlockSize);
+        if (IsUserData(next)) continue;
+        if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
+        extension = ByteAt(next, kExtensionAt);
+      }
+      if (std::exchange(first, false)) firstNumber_ = NumberOf(block);
+      std::int32_t start = 0;
+      std::int32_t stop = 0;
+      if (TimeOf(block.substr(kStartAt, kTimeSize), start) && TimeOf(block.substr(kEndAt, kTimeSize), stop)) {
+        SourceRecord record;
+        record.whole = Stretch::Between(at, end);
+        record.number = Stretch::Of(at + kNumberAt, 2);
+        record.start = Stretch::Of(at + kStartAt, kTimeSize);
+        record.end = Stretch::Of(at + kEndAt, kTimeSize);
+        if (!sink.Add(start, stop, TextOf(record.whole.In(bytes), separator), record)) return;
+      } else {
+        sink.NotUnderstood(at);
+      }
+    }
+    at = end;
+  }
+  constexpr std::string_view kPadding = {"\0\x1A\x8F \r\n", 6};
+  if (bytes.substr(at).find_first_not_of(kPadding) != std::string_view::npos) sink.NotUnderstood(at);
+}
+
+bool EbuFormat::TimeOf(std::string_view field, std::int32_t& ms) const {
+  const int hours = ByteAt(field, 0);
+  const int minutes = ByteAt(field, 1);
+  const int seconds = ByteAt(field, 2);
+  const int frames = ByteAt(field, 3);
+  if (hours > 23 || minutes > 59 || seconds > 59 || frames >= rate_) return false;
+  ms = ((hours * 60 + minutes) * 60 + seconds) * 1000 + static_cast<std::int32_t>(Nearest(frames * 1000, rate_));
+  return true;
+}
+
+std::string EbuFormat::TimeField(std::int32_t ms, std::string_view) const {
+  // The last time that a field can tell.
+  const std::int64_t last = std::int64_t{24} * 3600 * rate_ - 1;
+  const std::int64_t frames = std::min(Nearest(std::int64_t{std::max(ms, 0)} * rate_, 1000), last);
+  const auto seconds = static_cast<int>(frames / rate_);
+  return {AsByte(seconds / 3600), AsByte(seconds / 60 % 60), AsByte(seconds % 60),
+          AsByte(static_cast<int>(frames % rate_))};
+}
+
+std::string EbuFormat::FieldOf(std::string_view blocks) const {
+  std::string field;
+  for (; blocks.size() >= kBlockSize; blocks.remove_prefix(kBlockSize)) {
+    if (IsUserData(blocks)) continue;
+    const std::string_view part = blocks.substr(kTextAt, kTextSize);
+    field += part.substr(0, part.find(kUnused));
+  }
+  return field;
+}
+
+int EbuFormat::PlaceOf(std::string_view block) const {
+  const int column = block[kJustificationAt] == 1 ? 1 : block[kJustificationAt] == 3 ? 3 : 2;
+  const int row = ByteAt(block, kVerticalAt);
+  if (row * 3 <= rows_) return column + 6;
+  return row * 9 <= rows_ * 5 ? column + 3 : column;
+}
+
+Text EbuFormat::TextOf(std::string_view blocks, TextView separator) const {
+  StyledText text = ReadEbuText(FieldOf(blocks), texts_, separator);
+  text.place = PlaceOf(blocks);
+  LossSet lost;
+  return WriteMarks(text, MarkKind::SubRip, separator, lost).text;
+}
+
+Text EbuFormat::TextField(TextView text, TextView separator, TextView) const {
+  bool held = true;
+  const StyledText styled = MarksIn(Text(text), separator);
+  return Widened(WriteEbuText(styled.runs, {}, texts_, separator, held));
+}
+
+bool EbuFormat::Holds(TextView text, TextView separator) const {
+  bool held = true;
+  const StyledText styled = MarksIn(Text(text), separator);
+  (void)WriteEbuText(styled.runs, {}, texts_, separator, held);
+  return held;
+}
+
+/// As many blocks as the field needs, all else in them as in the first of the old ones.
+std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) const {
+  std::string blocks;
+  int extension = 0;
+  do {
+    const std::string_view part = field.substr(0, kTextSize);
+    field.remove_prefix(part.size());
+    std::string block(old.substr(0, kTextAt));
+    block[kExtensionAt] = field.empty() ? AsByte(kLastBlock) : AsByte(extension++);
+    block += part;
+    block.resize(kBlockSize, kUnused);
+    blocks += block;
+  } while (!field.empty() && extension < kFirstReserved);
+  return blocks;
+}
+
+/// Moves a text to the place that its marks ask for; one at the bottom stays there with more lines or fewer.
+void EbuFormat::PutPlace(const StyledText& text, const StyledText& before, TextView separator,
+                         std::string& block) const {
+  const int old = before.place - 1;
+  const int now = text.place - 1;
+  const int rowsOfLine = texts_.teletext ? 2 : 1;
+  const int lines = LinesOf(text, separator);
+  if (old % 3 != now % 3) block[kJustificationAt] = AsByte(now % 3 + 1);
+  int row = ByteAt(block, kVerticalAt);
+  if (old / 3 != now / 3) {
+    constexpr int kTop = 1;
+    const int bottom = rows_ - lines * rowsOfLine + 1;
+    row = now / 3 == 2 ? kTop : now / 3 == 1 ? rows_ / 2 - lines * rowsOfLine / 2 : bottom;
+  } else if (now / 3 == 0) {
+    row -= (lines - LinesOf(before, separator)) * rowsOfLine;
+  }
+  block[kVerticalAt] = AsByte(std::clamp(row, 0, std::min(rows_, 99)));
+}
+
+Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
+  const bool known = record.neighbour.size() >= kBlockSize;
+  std::string blocks = known ? std::string(record.neighbour) : FirstBlock();
+  const int number = record.isOwn && known ? NumberOf(blocks) + record.moved : firstNumber_ + record.number - 1;
+  if (!record.isOwn || TextOf(blocks, separator) != record.caption.text) {
+    const StyledText text = MarksIn(record.caption.text, separator);
+    const StyledText before = MarksIn(TextOf(blocks, separator), separator);
+    bool held = true;
+    const std::string field = WriteEbuText(text.runs, FieldOf(blocks), texts_, separator, held);
+    std::string first = blocks.substr(0, kBlockSize);
+    PutPlace(text, before, separator, first);
+    std::string anew = BlocksOf(field, first);
+    for (std::size_t at = 0; record.isOwn && at < blocks.size(); at += kBlockSize) {
+      const std::string_view block = std::string_view(blocks).substr(at, kBlockSize);
+      if (IsUserData(block)) anew += block;
+    }
+    blocks = std::move(anew);
+  }
+  for (std::size_t at = 0; at < blocks.size(); at += kBlockSize) {
+    blocks[at + kNumberAt] = AsByte(number & 0xFF);
+    blocks[at + kNumberAt + 1] = AsByte(number >> 8 & 0xFF);
+    if (IsUserData(std::string_view(blocks).substr(at, kBlockSize))) continue;
+    PutTime(record.caption.start, at + kStartAt, blocks);
+    PutTime(record.caption.end, at + kEndAt, blocks);
+  }
+  return Widened(blocks);
+}
+
+/// Puts a time unless the field tells it.
+void EbuFormat::PutTime(std::int32_t ms, std::size_t at, std::string& blocks) const {
+  std::int32_t old = 0;
+  if (TimeOf(std::string_view(blocks).substr(at, kTimeSize), old) && old == ms) return;
+  blocks.replace(at, kTimeSize, TimeField(ms, {}));
+}
+
+std::size_t EbuFormat::BlockBytes() const { return kBlockSize; }
+
+void EbuFormat::CountAnew(std::string& file, int moreRecords) const {
+  if (file.size() < kHeadSize || file.size() == size_) return;
+  const auto blocks = [](std::size_t size) { return static_cast<int>((size - kHeadSize) / kBlockSize); };
+  AddTo(kBlockCount, blocks(file.size()) - blocks(size_), file);
+  AddTo(kSubtitleCount, moreRecords, file);
+}
+
+}  // namespace cuewright

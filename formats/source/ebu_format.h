@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "formats/source/ebu_text.h"
+#include "formats/source/source_format.h"
+
+namespace cuewright {
+
+/// The bytes begin as a file of EBU Tech 3264 does, letters in any case.
+bool IsEbuHead(std::string_view bytes);
+
+/// EBU subtitling data exchange (Tech 3264): a head of 1024 bytes and blocks of 128 for the captions. A caption has a
+/// block or several; a changed one is written anew in the way of its own blocks, of which
+/// everything stays that wasn't changed. Comments and users' data stay as they are.
+class EbuFormat final : public SourceFormat {
+ public:
+  void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
+  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
+  Text Record(const NewRecord& record, TextView separator) const override;
+  std::size_t BlockBytes() const override;
+  bool Holds(TextView text, TextView separator) const override;
+  void CountAnew(std::string& file, int moreRecords) const override;
+
+ private:
+  void ReadHead(std::string_view head);
+  /// The bytes of one text field behind the other, without what is unused.
+  std::string FieldOf(std::string_view blocks) const;
+  Text TextOf(std::string_view blocks, TextView separator) const;
+  int PlaceOf(std::string_view block) const;
+  bool TimeOf(std::string_view field, std::int32_t& ms) const;
+  std::string BlocksOf(std::string_view field, std::string_view old) const;
+  void PutPlace(const StyledText& text, const StyledText& before, TextView separator, std::string& block) const;
+  void PutTime(std::int32_t ms, std::size_t at, std::string& blocks) const;
+
+  EbuTexts texts_;
+  int rate_ = 25;
+  int rows_ = 23;
+  int firstNumber_ = 0;
+  std::size_t size_ = 0;  // of the file
+};
+
+}  // namespace cuewright
