@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=offscreen
 
-targets="bench_audio_bar bench_caption_list bench_formats bench_rules bench_rules_window bench_spelling busy_window
+targets="bench_audio_bar bench_caption_list bench_formats bench_hostile bench_rules bench_rules_window bench_spelling busy_window
   cuewright cuewright_batch cuewright_resources formats_floor formats_whole_process startup_floor startup_watch vdrun
   wave_floor wave_load"
 # shellcheck disable=SC2086
@@ -31,6 +31,7 @@ moment="--benchmark_min_time=0.001"
 run audio_bar "$bin/bench_audio_bar" $moment
 run caption_list "$bin/bench_caption_list" $moment
 run formats "$bin/bench_formats" $moment
+run hostile "$bin/bench_hostile" --moment
 run whole_process "$bin/formats_whole_process" "$bin" "$work" 1
 run rules "$bin/bench_rules" --moment
 run rules_window "$bin/bench_rules_window" --moment
