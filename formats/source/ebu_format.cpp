@@ -121,7 +121,10 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
         const std::string_view next = bytes.substr(end, kBlockSize);
         if (IsUserData(next)) continue;
         if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
-        extension = ByteAt(next, kExtensionAt);
+        const unsigned char following = ByteAt(next, kExtensionAt);
+        // Blocks of a caption are counted, so that there are no more than 241.
+        if (following != kLastBlock && following != extension + 1) break;
+        extension = following;
       }
       if (std::exchange(first, false)) firstNumber_ = NumberOf(block);
       std::int32_t start = 0;

@@ -19,7 +19,7 @@ constexpr std::size_t kSize = 5 << 20;
 constexpr double kMostMs = 500;
 #else
 // A build for debugging takes several times as long.
-constexpr std::size_t kSize = 1 << 20;
+constexpr std::size_t kSize = 1 << 19;
 constexpr double kMostMs = 700;
 #endif
 

@@ -120,6 +120,13 @@ TEST(EbuFile, ExtensionBlocksAreJoinedAndOthersLeftOut) {
   EXPECT_EQ(rig.Rows()[1].text, u"c");
 }
 
+TEST(EbuFile, BlocksThatDontCountOnAreCaptionsOfTheirOwn) {
+  const SourceRig rig(u"EBUSTL", Head(3, 3) + Bytes({"a", 1, 0}) + Bytes({"b", 1, 0}) + Bytes({"c", 1, 1}));
+  ASSERT_EQ(rig.Rows().size(), 2u);
+  EXPECT_EQ(rig.Rows()[0].text, u"a");
+  EXPECT_EQ(rig.Rows()[1].text, u"bc");
+}
+
 TEST(EbuFile, WhatIsNoTimeIsBlamedByItsBlock) {
   FormatRig rig;
   Block wrong{"x"};
