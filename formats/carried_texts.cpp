@@ -16,6 +16,15 @@ bool MayBeMarked(TextView text) { return text.find_first_of(u"<>{}[]&\\/") != Te
 /// The list's markers are the only marks of the text.
 bool HasMarkersAlone(TextView text) { return !MayBeMarked(WithoutStyleMarkers(Text(text))); }
 
+/// What its markers say of a caption.
+LossSet StylesOf(TextView text) {
+  LossSet styles;
+  if (FindLoose(text, kBoldMarker) != TextView::npos) styles.Add(Loss::Bold);
+  if (FindLoose(text, kItalicMarker) != TextView::npos) styles.Add(Loss::Italic);
+  if (FindLoose(text, kUnderlineMarker) != TextView::npos) styles.Add(Loss::Underline);
+  return styles;
+}
+
 }  // namespace
 
 bool CarriedTexts::HasMarks(const CaptionList& list, Row lastRow) {
@@ -38,7 +47,12 @@ CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, 
     Text& text = rows.back().text;
     if (!MayBeMarked(text)) continue;
     if (HasMarkersAlone(text)) {
+      const bool holdsNone = definition.tagFlags == 0 && kind == MarkKind::Plain;
+      if (holdsNone) lost.AddCaption(StylesOf(text));
       if (!written_) continue;
+    }
+    // Where the record has no tags, the format's own rules may have marks.
+    if (HasMarkersAlone(text) && (definition.tagFlags != 0 || kind == MarkKind::Plain)) {
       const bool everyLine = StylesLineByLine(to) && FindPlain(text, separator) != TextView::npos;
       text = WithTagsOfRecord(std::move(text), definition, everyLine ? TagsCover::EveryLine : TagsCover::Record);
       continue;

@@ -49,6 +49,27 @@ TEST(CarriedTexts, CountWhatIsLost) {
   EXPECT_EQ(lost.Of(Loss::Karaoke), 0u);
 }
 
+TEST(CarriedTexts, KeepAndCountTheStyleOfAWholeCaption) {
+  for (const auto& [format, marked, lost] :
+       {std::tuple<TextView, std::string, std::size_t>{u"TTML", "<span tts:fontStyle=\"italic\">All of it", 0},
+        {u"WEBVTT", "<i>All of it", 0},
+        {u"MICRODVD", "{Y:i}All of it", 0},
+        {u"YOUTUBESBV", "\nAll of it", 1},
+        {u"TMPLAYER", "=All of it", 1}}) {
+    FormatRig rig;
+    rig.Open("a.srt", "1\n00:00:01,000 --> 00:00:02,000\n<i>All of it,\nboth lines</i>\n\n");
+    const int index = rig.catalogue.IndexOf(format);
+    const FormatState before = rig.state;
+    rig.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+    const Losses foreseen = rig.exporter.Foreseen(1);
+    rig.state = before;
+    const std::string saved = rig.Save(format);
+    EXPECT_NE(saved.find(marked), std::string::npos) << saved;
+    EXPECT_EQ(rig.exporter.Lost().Of(Loss::Italic), lost) << ToUtf8(format);
+    EXPECT_EQ(foreseen.Of(Loss::Italic), lost) << ToUtf8(format);
+  }
+}
+
 TEST(CarriedTexts, AreNotTouchedInTheClassicManner) {
   FormatRig rig;
   rig.options.manner.SetClassic(true);

@@ -101,7 +101,9 @@ Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption captio
       *time = *time / 1000 * 1000 + (*time % 1000 >= (exact ? 500 : 251) ? 1000 : 0);
     }
   }
-  if (id != kPlainText && LeadingNumber(catalogue.ReadIni(id, u"tags", u"0")) == 0) {
+  // The record of TTML has no tags, but its published rules have.
+  const bool byRules = exact && id == u"TTML";
+  if (id != kPlainText && !byRules && LeadingNumber(catalogue.ReadIni(id, u"tags", u"0")) == 0) {
     caption.text = WithoutMarkers(caption.text);
   }
   if (catalogue.ReadIni(id, u"lbreak", u"[enter]") == u"none") caption.text = ReplaceAll(caption.text, u"|", u" ");

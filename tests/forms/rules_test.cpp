@@ -193,7 +193,7 @@ TEST_F(RulesThatLook, AreSilentAboutAnAppliedPassInTheClassicManner) {
   program->options.manner.SetClassic(true);
   program->documentFiles.OpenSubtitleFile(ThreeFindings());
   EXPECT_EQ(List().Rows(), 4);
-  EXPECT_EQ(Strip(), "Read as SubRip, UTF-8");
+  EXPECT_EQ(Strip(), "Read as SubRip, windows-1252");
 }
 
 using TheReport = RulesInTheWindow;
