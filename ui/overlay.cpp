@@ -82,7 +82,7 @@ QTextCharFormat Overlay::FormatOf(const RunStyle& style, Pass pass) const {
   format.setFontItalic(style.italic);
   format.setFontUnderline(style.underline);
   format.setFontStrikeOut(style.strike);
-  if (style.colour && pass == Pass::Text) format.setForeground(QColor::fromRgb(*style.colour));
+  if (style.colour && pass == Pass::Letters) format.setForeground(QColor::fromRgb(*style.colour));
   return format;
 }
 
@@ -121,7 +121,7 @@ int Overlay::DrawLines(QPainter* painter, int width, Pass pass) const {
 int Overlay::WantedHeight(int width) const {
   const int twoLines = 2 * QFontMetrics(StyleFont()).height() + 2;
   if (!form_.GetStyle().allLines || ShownText().isEmpty()) return twoLines;
-  return std::max(twoLines, DrawLines(nullptr, width, Pass::Text) + 2);
+  return std::max(twoLines, DrawLines(nullptr, width, Pass::Letters) + 2);
 }
 
 void Overlay::DrawText(QPainter& painter, Pass pass) const {
@@ -146,7 +146,7 @@ void Overlay::paintEvent(QPaintEvent*) {
     painter.translate(-style.shadowShift, -style.shadowShift);
   }
   painter.setPen(ColorOf(style.color));
-  DrawText(painter, Pass::Text);
+  DrawText(painter, Pass::Letters);
 }
 
 }  // namespace cuewright

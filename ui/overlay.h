@@ -24,7 +24,7 @@ class Overlay final : public QWidget {
   QFont StyleFont() const;
   Qt::LayoutDirection LanguageDirection() const;
   QString ShownText() const;
-  enum class Pass { Shadow, Text };
+  enum class Pass { Shadow, Letters };
   /// How the parts of the line look that begins at a place of the text; nothing for a caption of one look.
   QList<QTextLayout::FormatRange> FormatsOf(qsizetype begin, qsizetype length, Pass pass) const;
   QTextCharFormat FormatOf(const RunStyle& style, Pass pass) const;

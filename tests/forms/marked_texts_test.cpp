@@ -135,12 +135,29 @@ TEST_F(MarkedTexts, AStyleForTheWholeCaptionTakesThePlaceOfThoseOfItsParts) {
 
 TEST_F(MarkedTexts, OfSubStationAreKnownByTheirFile) {
   Open("a.ass",
-       "[Script Info]\nScriptType: v4.00+\n\n[Events]\n"
-       "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
-       "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,{\\an8}One {\\i1}two{\\i0} <b> x\n");
+       "[Script Info]\nTitle: Dusk\n\n[V4+ Styles]\nFormat: Name, Fontname, Fontsize\nStyle: Sign,Arial,48\n\n"
+       "[Events]\nFormat: Layer, Start, End, Style, Name, Text\n"
+       "Dialogue: 0,0:00:01.00,0:00:02.00,Sign,,{\\an8}One {\\i1}two{\\i0} <b> x\n"
+       "Dialogue: 0,0:00:03.00,0:00:04.00,Sign,,plain\n");
   EXPECT_EQ(Pane(), u"One two <b> x");
   Window().mnuItalic.Click();
   EXPECT_EQ(Stored(), u"<i>{\\an8}One two <b> x");
+}
+
+TEST_F(MarkedTexts, OfMicroDvdAreKnownByTheirFile) {
+  Open("a.sub", "{1}{1}25\n{25}{50}{y:i}One|/two\n{60}{90}{c:$0000ff}three\n");
+  EXPECT_EQ(Pane(), u"One\r\ntwo");
+  EXPECT_EQ(program->grid.ShownText(2), u"three");
+  Open("b.srt", "1\n00:00:01,100 --> 00:00:01,900\n/One {y:i}\n");
+  EXPECT_EQ(Pane(), u"/One {y:i}");
+}
+
+TEST_F(MarkedTexts, OfWebVttKeepTheNamesOfCharacters) {
+  Open("a.vtt", "WEBVTT\n\n00:01.000 --> 00:02.000\n<v Ann>Tom &amp; <c.yellow>&lt;i&gt;</c>\n");
+  EXPECT_EQ(Pane(), u"Tom & <i>");
+  Type(u"Tim & <i>");
+  program->documentFiles.Save();
+  EXPECT_EQ(folder.Read("a.vtt"), "WEBVTT\n\n00:01.000 --> 00:02.000\n<v Ann>Tim &amp; <c.yellow>&lt;i&gt;</c>\n");
 }
 
 TEST_F(MarkedTexts, AreFoundAndReplacedByWhatIsSeen) {
@@ -164,13 +181,13 @@ TEST_F(MarkedTexts, TheTextBoxOfACaptionShowsAndKeepsThemAsThePaneDoes) {
   OpenSubRip("{\\an8}One <i>two</i>");
   boxes.lines.push_back(u"One too");
   Window().mnuEditSelected.Click();
-  EXPECT_EQ(boxes.asked.back().text, u"One two");
+  EXPECT_EQ(boxes.asked.back().initial, u"One two");
   EXPECT_EQ(Stored(), u"{\\an8}One <i>too</i>");
   EXPECT_EQ(Pane(), u"One too");
 }
 
 TEST_F(MarkedTexts, AreNoWordsForTheSpellCheckAndStayWhereAWordIsCorrected) {
-  dictionaries.dictionaries[u"en_GB"] = {u"one", u"the", u"plain"};
+  dictionaries.dictionaries[u"en_GB"] = {u"One", u"the", u"plain"};
   dictionaries.suggestions[u"teh"] = {u"the"};
   OpenSubRip("{\\fnArial}One <font color=\"red\">teh</font>\n<i>teh</i>");
   std::vector<Text> words;
