@@ -71,8 +71,10 @@ TEST_F(ExportOpening, APlainTextOpensOnSubRipWithItsOwnRowMarkedCurrent) {
 
 TEST_F(ExportOpening, ListsEveryFormatOfTheCatalogue) {
   Open(u"SAMI");
-  EXPECT_EQ(static_cast<int>(Dialog().cboFormats.Items().size()), program->catalogue.Count());
-  EXPECT_EQ(Dialog().lblTotal.GetText(), u"Total formats supported: " + Decimal(program->catalogue.Count()));
+  EXPECT_EQ(static_cast<int>(Dialog().cboFormats.Items().size()),
+            program->catalogue.CountToWrite(program->options.manner));
+  EXPECT_EQ(Dialog().lblTotal.GetText(),
+            u"Total formats supported: " + Decimal(program->catalogue.CountToWrite(program->options.manner)));
   EXPECT_EQ(Dialog().cboFormats.GetText(), u"SAMI Captioning [SMI,SAMI] (current)");
   EXPECT_EQ(Dialog().Title(), u"Save as");
 }

@@ -102,7 +102,8 @@ TEST_F(Notice, InTheClassicMannerNoLinesAreTold) {
 TEST_F(Notice, LongListsOfLinesAndLongLinesAreCutShort) {
   std::string text = "{1}{1}25\r\n{25}{50}one\r\n";
   for (int i = 0; i < 1500; ++i) text += std::string(300, 'z') + "\r\n";
-  program->documentFiles.OpenSubtitleFile(folder.Write("a.sub", text + "{75}{100}two\r\n"));
+  for (int i = 0; i < 4000; ++i) text += "{75}{100}two\r\n";
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.sub", text));
   EXPECT_EQ(program->linesReport.Count(), 1500);
   program->linesReport.Show();
   const std::vector<Text> rows = Split(program->linesReport.dialog.txtList.GetText(), kLineEnd);
