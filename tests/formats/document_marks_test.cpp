@@ -39,8 +39,8 @@ struct Edit {
 TEST(SeenPlaces, AreThoseOfEachKindsMarks) {
   using enum MarkKind;
   const Edit rows[] = {
-      {SubRip, u"{\\an8}a <i>b</i>|<3", u"a b\n<3", u"a bx\n<3 y", u"{\\an8}a <i>bx</i>|<3 y"},
-      {SubStation, u"{\\pos(1,2)}a\\nb {\\i1}c", u"a b c", u"ax b d", u"{\\pos(1,2)}ax\\nb {\\i1}d"},
+      {SubRip, u"{\\an8}a <i>b</i>|<3", u"a b\n<3", u"a bx\n<3", u"{\\an8}a <i>bx</i>|<3"},
+      {SubStation, u"{\\pos(1,2)}a\\nb {\\i1}c", u"a b c", u"ax b c", u"{\\pos(1,2)}ax\\nb {\\i1}c"},
       {WebVtt, u"<v Ann>a &lt;b&gt; c", u"a <b> c", u"a <b> cd", u"<v Ann>a &lt;b&gt; cd"},
       {WebVtt, u"<v Ann>a|<v Bob>b", u"a\nb", u"a\nbc", u"<v Ann>a|<v Bob>bc"},
       {WebVtt, u"a &amp;amp; &x; b", u"a &amp; &x; b", u"a &amp; &x; c", u"a &amp;amp; &x; c"},

@@ -115,7 +115,7 @@ TEST(Markup, WhatLiesBesideTheTextIsHandedOver) {
 
 TEST(Markup, CharactersThatTheTargetWouldTakeForMarksAreNamed) {
   using enum MarkKind;
-  Expect({{SubStation, u"a <b> c", WebVtt, u"<b>a  c", {}},
+  Expect({{SubStation, u"a <b> c", WebVtt, u"a &lt;b> c", {}},
           {SubStation, u"<q> & 1 < 2 &amp;", WebVtt, u"&lt;q> & 1 < 2 &amp;amp;", {}},
           {WebVtt, u"&lt;q> x", SubRip, u"<q> x", {}},
           {SubRip, u"I <3 you <you>", Sami, u"I <3 you &lt;you>", {}}});
