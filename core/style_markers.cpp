@@ -3,12 +3,31 @@
 namespace cuewright {
 namespace {
 
+/// Knows which markers are closed somewhere in a text. Each is looked for once, however often it stands there.
+class ClosedMarkers {
+ public:
+  explicit ClosedMarkers(TextView text) : text_(text) {}
+
+  bool Has(std::size_t marker) {
+    if (!known_[marker]) {
+      known_[marker] = true;
+      closed_[marker] = FindLoose(text_, u"</" + Text(kStyleMarkers[marker].substr(1))) != TextView::npos;
+    }
+    return closed_[marker];
+  }
+
+ private:
+  TextView text_;
+  std::array<bool, kStyleMarkers.size()> known_{};
+  std::array<bool, kStyleMarkers.size()> closed_{};
+};
+
 /// The marker that the text begins with, or ends with; empty when it is none or one that is closed.
-TextView MarkerAt(TextView text, bool front) {
-  for (const TextView marker : kStyleMarkers) {
+TextView MarkerAt(TextView text, bool front, ClosedMarkers& closed) {
+  for (std::size_t i = 0; i < kStyleMarkers.size(); ++i) {
+    const TextView marker = kStyleMarkers[i];
     if (!(front ? text.starts_with(marker) : text.ends_with(marker))) continue;
-    const Text closing = u"</" + Text(marker.substr(1));
-    return FindLoose(text, closing) == TextView::npos ? marker : TextView();
+    return closed.Has(i) ? TextView() : marker;
   }
   return {};
 }
@@ -18,9 +37,10 @@ TextView MarkerAt(TextView text, bool front) {
 WholeMarkers FindWholeMarkers(TextView text) {
   WholeMarkers found;
   if (text.find(u'<') == TextView::npos) return found;
+  ClosedMarkers closed(text);
   for (const bool front : {true, false}) {
     std::size_t& length = front ? found.head : found.tail;
-    for (TextView marker = MarkerAt(text, front); !marker.empty(); marker = MarkerAt(text, front)) {
+    for (TextView marker = MarkerAt(text, front, closed); !marker.empty(); marker = MarkerAt(text, front, closed)) {
       found.bold = found.bold || marker == kBoldMarker;
       found.italic = found.italic || marker == kItalicMarker;
       found.underline = found.underline || marker == kUnderlineMarker;
