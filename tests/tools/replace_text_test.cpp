@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "core/seen_text.h"
 #include "tests/support/printers.h"
 
