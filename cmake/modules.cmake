@@ -1,3 +1,7 @@
+# Headers of the library that nearly every source needs, read once a target.
+set(cuewright_common_headers
+  <algorithm> <array> <charconv> <cmath> <functional> <map> <memory> <optional> <string> <string_view> <utility> <vector>)
+
 # One target a folder. A target links, and so sees, only what its floor allows.
 function(cuewright_module folder)
   cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
@@ -6,6 +10,7 @@ function(cuewright_module folder)
     add_library(cuewright_${folder} STATIC ${sources})
     target_include_directories(cuewright_${folder} PUBLIC ${CMAKE_SOURCE_DIR})
     target_link_libraries(cuewright_${folder} PUBLIC ${arg_DEPENDS} PRIVATE cuewright_compiler)
+    target_precompile_headers(cuewright_${folder} PRIVATE ${cuewright_common_headers})
     if(CUEWRIGHT_SANITIZE)
       target_link_libraries(cuewright_${folder} PUBLIC cuewright_compiler)
     endif()
@@ -18,7 +23,7 @@ endfunction()
 
 # One test program a folder: every *_test.cpp of the folder, named test_FOLDER.
 function(cuewright_tests folder)
-  cmake_parse_arguments(arg "" "TIMEOUT" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "" "TIMEOUT" "DEPENDS;HEADERS" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -26,7 +31,8 @@ function(cuewright_tests folder)
   add_executable(test_${folder} ${sources})
   target_link_libraries(test_${folder} PRIVATE ${arg_DEPENDS} cuewright_test_support
                         GTest::gmock GTest::gtest_main cuewright_compiler)
-  target_precompile_headers(test_${folder} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
+  target_precompile_headers(test_${folder} PRIVATE <gtest/gtest.h> <gmock/gmock.h> ${cuewright_common_headers}
+                             ${arg_HEADERS})
   add_test(NAME ${folder} COMMAND test_${folder} --gtest_brief=1)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 600)
