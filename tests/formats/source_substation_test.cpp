@@ -52,7 +52,7 @@ TEST(SubStation, AFieldChangesByItself) {
   const SourceRig rig(u"ADVANCEDSSA", Events(first));
   EXPECT_EQ(rig.WithStart(0, 3599996), Events("Dialogue: 3,1:00:00.00,0:00:15.20,Sign,Ann,10,0,0,Fade,one\n"));
   EXPECT_EQ(rig.WithEnd(0, 45), Events("Dialogue: 3,0:00:12.40,0:00:00.05,Sign,Ann,10,0,0,Fade,one\n"));
-  EXPECT_EQ(rig.WithText(0, u"<b>a, b|<u>\u00A0c"),
+  EXPECT_EQ(rig.WithText(0, u"<b><u>a, b|\u00A0c"),
             Events("Dialogue: 3,0:00:12.40,0:00:15.20,Sign,Ann,10,0,0,Fade,{\\b1\\u1}a, b\\N\\hc{\\b0\\u0}\n"));
   EXPECT_EQ(rig.WithText(0, u""), Events("Dialogue: 3,0:00:12.40,0:00:15.20,Sign,Ann,10,0,0,Fade,\n"));
   EXPECT_EQ(rig.Without(0), Events(""));
