@@ -110,7 +110,8 @@ Losses Exporter::Foreseen(Row lastRow) const {
   if (!SourceOf(id) && CarriesMarks(id, lastRow)) {
     const FormatDefinition inForce = formats_.loader.Definition();
     formats_.loader.LoadFormatDefinition(id);
-    CarriedTexts(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), losses);
+    const CarriedTexts unwritten(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(),
+                                 losses);
     formats_.loader.Definition() = inForce;
   }
   return losses;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The checks of .clang-tidy, in a build folder of its own.
-#   scripts/check_tidy.sh          the sources that the last 50 commits changed
+#   scripts/check_tidy.sh          the sources that the last 20 commits changed
 #   scripts/check_tidy.sh --all    every source file of the program
 #   scripts/check_tidy.sh FILE...  these
 set -eu
@@ -15,7 +15,7 @@ sources=$(git ls-files $(printf "%s/*.cpp " $folders))
 case "${1:-}" in
   --all) chosen=$sources ;;
   "")
-    base=$(git rev-list --max-count=51 HEAD | tail -n 1)
+    base=$(git rev-list --max-count=21 HEAD | tail -n 1)
     chosen=$(git diff --name-only --diff-filter=d "$base" -- $(printf "%s/*.cpp " $folders))
     ;;
   *) chosen=$* ;;

@@ -115,7 +115,7 @@ std::string ConverterOfCodePage(int codePage) {
 std::string DeclaredName(int codePage) {
   if (codePage == kCodePageUtf8) return "UTF-8";
   if (codePage == kCodePageUtf16Le || codePage == kCodePageUtf16Be) return "UTF-16";
-  const std::string converter = ConverterOfCodePage(codePage);
+  std::string converter = ConverterOfCodePage(codePage);
   for (const char* standard : {"MIME", "IANA"}) {
     UErrorCode status = U_ZERO_ERROR;
     const char* const name = ucnv_getStandardName(converter.c_str(), standard, &status);

@@ -119,10 +119,11 @@ int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& rep
     const Caption& caption = list.At(row);
     std::optional<Text> text = replacer.Replaced(caption.text);
     if (replacer.Problem() != TextReplacer::Fault::None) return 0;
-    if (text && changed++ == 0) from = row;
+    const bool changes = text.has_value();
+    if (changes && changed++ == 0) from = row;
     if (changed == 0) continue;
-    fresh.push_back(text ? caption.WithText(*std::move(text)) : caption);
-    if (text) upToChanged = fresh.size();
+    fresh.push_back(changes ? caption.WithText(*std::move(text)) : caption);
+    if (changes) upToChanged = fresh.size();
   }
   if (changed == 0) return 0;
   fresh.resize(upToChanged);
