@@ -82,7 +82,8 @@ TEST(TimeMapTest, OfPointsThatFitNoLineIsRefused) {
 TEST(TimeMapTest, IsExactToHalfAMsWhereverTimesLie) {
   const TimeMap map = Through({{1003, -2147480000}, {2147483000, 2147483647}});
   const long double slope = (2147483647.0L + 2147480000.0L) / (2147483000.0L - 1003.0L);
-  for (std::int32_t ms = 0; ms < 2147000000; ms += 1234567) {
+  for (std::int64_t at = 0; at < 2147000000; at += 1234567) {
+    const auto ms = static_cast<std::int32_t>(at);
     const long double exact = -2147480000.0L + (ms - 1003.0L) * slope;
     ASSERT_LE(std::fabs(static_cast<long double>(map.At(ms)) - exact), 0.5001L) << ms;
   }
