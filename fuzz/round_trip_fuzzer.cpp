@@ -12,14 +12,15 @@ using namespace cuewright;
 using namespace cuewright::fuzz;
 
 /// A text that SubRip gives back as it is: no blanks at the ends, no line that is empty or could be a timing line, and
-/// no tag.
+/// nothing that is a mark in any format, since marks become those of SubRip.
 bool IsPlain(TextView text) {
   if (text.empty()) return false;
   for (const Text& line : Split(text, u"|")) {
     if (line.empty() || TrimBlanks(line) != line || line.find(u" --> ") != Text::npos) return false;
   }
   const auto odd = [](char16_t unit) {
-    return unit == u'<' || unit == u'\r' || unit == u'\n' || (unit & 0xF800) == 0xD800;
+    constexpr TextView kOfMarks = u"<>{}[]&\\/_";
+    return kOfMarks.find(unit) != TextView::npos || unit == u'\r' || unit == u'\n' || (unit & 0xF800) == 0xD800;
   };
   return std::none_of(text.begin(), text.end(), odd);
 }
