@@ -193,6 +193,9 @@ class FrameReader(threading.Thread):
 class Truth(threading.Thread):
     """Asks the library itself for the position, with the instant of each answer."""
 
+    # A machine that is slow for a moment gives few; that the bench runs can still be seen then (--moment).
+    least_answers = 8
+
     def __init__(self, path, prop):
         super().__init__(daemon=True)
         self.socket = socket.socket(socket.AF_UNIX)
@@ -236,7 +239,7 @@ class Truth(threading.Thread):
         first = bisect.bisect_left(instants, instant - 0.5)
         last = bisect.bisect_right(instants, instant + 0.5)
         near = self.samples[first:last]
-        if len(near) < 8:
+        if len(near) < self.least_answers:
             fail("too few answers about the position around an event (%d)" % len(near))
         offsets = [position - when for when, position in near]
         if max(offsets) - min(offsets) > 0.03:
@@ -378,6 +381,7 @@ def main():
     arguments = parser.parse_args()
     if arguments.moment:
         arguments.captions, arguments.case = 4, arguments.case or ["25"]
+        Truth.least_answers = 2
     for tool in ("Xvfb", "openbox", "xdotool", "ffmpeg"):
         shutil.which(tool) or fail(tool + " is needed and not installed")
     read, write = os.pipe()
