@@ -83,6 +83,19 @@ std::optional<ClockField> ReadClock(std::string_view bytes) {
   return ClockField{static_cast<std::int32_t>(form->ms), form->size};
 }
 
+std::optional<ClockField> ReadFullClock(std::string_view bytes) {
+  constexpr std::array<std::size_t, kMostParts> kMostDigits = {3, 2, 2};
+  const std::optional<ClockForm> form = FormOf(bytes);
+  if (!form || form->parts != kMostParts) return {};
+  std::size_t at = 0;
+  for (std::size_t part = 0; part < kMostParts; ++part) {
+    const std::size_t width = form->widths[part];
+    if (width > kMostDigits[part] || (part > 0 && NumberOf(bytes.substr(at, width)) >= 60)) return {};
+    at += width + 1;
+  }
+  return ClockField{static_cast<std::int32_t>(form->ms), form->size};
+}
+
 std::string ClockLike(std::int32_t ms, std::string_view like, NoHours noHours) {
   const ClockForm form = FormOf(like).value_or(ClockForm{{2, 2, 2}, 3, '.', kMsDigits, 0, 0});
   const std::size_t digits = std::min(form.fractionDigits, kMsDigits);

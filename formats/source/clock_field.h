@@ -18,6 +18,10 @@ struct ClockField {
 /// number of digits in each part. Empty when they begin with something else or the time doesn't fit.
 std::optional<ClockField> ReadClock(std::string_view bytes);
 
+/// The same for "hours:minutes:seconds[.fraction]" as a clock shows it: at most 3, 2 and 2 digits, minutes and seconds
+/// below 60.
+std::optional<ClockField> ReadFullClock(std::string_view bytes);
+
 /// What a time without a field for hours does from one hour on.
 enum class NoHours { AreAdded, RunOnInMinutes };
 

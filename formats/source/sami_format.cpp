@@ -50,7 +50,7 @@ Text WithLines(TextView raw, TextView separator) {
 Text CaptionOf(Text raw, TextView separator) {
   if (raw.find_first_of(u"<\r\n") != Text::npos) raw = WithLines(raw, separator);
   DecodeNames(raw);
-  TagsToMarkers(raw);
+  TagsToMarkers(raw, separator);
   return raw;
 }
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "formats/source/clock_field.h"
 #include "formats/source/field_lines.h"
-#include "formats/source/html_styles.h"
-#include "formats/source/subrip_clock.h"
+#include "formats/source/whole_styles.h"
 
 namespace cuewright {
 namespace {
@@ -47,13 +47,13 @@ ArrowLine ReadTiming(const SourceLine& line, Timing& timing) {
   if (arrow == std::string_view::npos) return ArrowLine::None;
   std::size_t at = 0;
   while (at < arrow && IsBlankByte(line.text[at])) ++at;
-  const std::optional<SubRipTime> start = ReadSubRipTime(line.text.substr(at));
+  const std::optional<ClockField> start = ReadFullClock(line.text.substr(at));
   std::size_t behind = at + (start ? start->size : 0);
   timing.startField = MakeStretch(line.at + at, start ? start->size : 0);
   while (behind < arrow && IsBlankByte(line.text[behind])) ++behind;
   at = arrow + kArrow.size();
   while (at < line.text.size() && IsBlankByte(line.text[at])) ++at;
-  const std::optional<SubRipTime> end = ReadSubRipTime(line.text.substr(at));
+  const std::optional<ClockField> end = ReadFullClock(line.text.substr(at));
   if (!start || !end || behind != arrow) {
     // A line that speaks of an arrow is text; one that begins or goes on as a time does was meant as one.
     return start || end ? ArrowLine::Broken : ArrowLine::None;
@@ -137,8 +137,9 @@ class SubRipReading {
     open_ = false;
     if (record_.text.Empty()) record_.text = MakeStretch(behindTimes_, 0);
     record_.whole.size = static_cast<std::uint32_t>(end) - record_.whole.at;
-    return sink_.Add(times_.start, times_.end,
-                     HtmlToMarkers(FieldToText(text_.Decoded(record_.text), separator_), separator_), record_);
+    Text text = FieldToText(text_.Decoded(record_.text), separator_);
+    TagsToMarkers(text, separator_);
+    return sink_.Add(times_.start, times_.end, std::move(text), record_);
   }
 
   const SourceText& text_;
@@ -162,11 +163,11 @@ void SubRipFormat::Read(const SourceText& text, TextView separator, SourceSink& 
 std::string SubRipFormat::TimeField(std::int32_t ms, std::string_view old) const {
   // A short fraction is lengthened rather than the time rounded: any number of digits may stand there.
   const std::size_t sign = old.find_first_of(",.");
-  const std::string whole = WriteSubRipTime(ms, std::string(old.substr(0, sign)) + ",000");
+  const std::string whole = ClockLike(ms, std::string(old.substr(0, sign)) + ",000");
   const std::size_t digits = sign == std::string_view::npos ? 0 : old.size() - sign - 1;
-  if (digits >= 3) return WriteSubRipTime(ms, old);
-  const std::string exact = sign == std::string_view::npos ? whole : WriteSubRipTime(ms, old);
-  const std::optional<SubRipTime> kept = ReadSubRipTime(exact);
+  if (digits >= 3) return ClockLike(ms, old);
+  const std::string exact = sign == std::string_view::npos ? whole : ClockLike(ms, old);
+  const std::optional<ClockField> kept = ReadFullClock(exact);
   if (sign != std::string_view::npos && kept && kept->ms == ms) return exact;
   std::string field = whole;
   if (sign != std::string_view::npos) field[field.size() - 4] = old[sign];
@@ -174,13 +175,13 @@ std::string SubRipFormat::TimeField(std::int32_t ms, std::string_view old) const
 }
 
 Text SubRipFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
-  return TextToField(MarkersToHtml(text), separator, lineEnd);
+  return TextToField(MarkersToTags(text), separator, lineEnd);
 }
 
 Text SubRipFormat::Record(const NewRecord& record, TextView separator) const {
   Text out = Decimal(record.number);
   out += record.lineEnd;
-  const auto time = [](std::int32_t ms) { return FromUtf8(WriteSubRipTime(ms, "00:00:00,000")); };
+  const auto time = [](std::int32_t ms) { return FromUtf8(ClockLike(ms, "00:00:00,000")); };
   out += time(record.caption.start) + u" --> " + time(record.caption.end);
   out += record.lineEnd;
   out += TextField(record.caption.text, separator, record.lineEnd);

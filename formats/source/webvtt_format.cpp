@@ -111,7 +111,7 @@ class WebVttReader {
     Text cue = text_.Decoded(record.text);
     JoinLines(cue, separator_);
     DecodeNames(cue);
-    TagsToMarkers(cue);
+    TagsToMarkers(cue, separator_);
     goOn_ = sink_.Add(timing.start.ms, timing.end.ms, std::move(cue), record);
   }
 

@@ -1,9 +1,11 @@
 #include "formats/source/whole_styles.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "core/style_markers.h"
+#include "text/text_search.h"
 
 namespace cuewright {
 namespace {
@@ -21,13 +23,71 @@ constexpr std::array<Style, 3> kStyles = {
 Text Opening(char16_t letter) { return {u'<', letter, u'>'}; }
 Text Closing(char16_t letter) { return {u'<', u'/', letter, u'>'}; }
 
-/// The style whose tag the text begins with, in small or capital letters; null for another.
-const Style* StyleAt(TextView text) {
-  if (text.size() < kOpening || text[0] != u'<' || text[2] != u'>') return nullptr;
-  for (const Style& style : kStyles) {
-    if ((text[1] | 0x20) == style.letter) return &style;
+constexpr char16_t Small(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
+
+const Style* StyleOf(char16_t letter) {
+  const auto found = std::ranges::find(kStyles, letter, &Style::letter);
+  return found == kStyles.end() ? nullptr : &*found;
+}
+
+/// The letter of a style's opening tag at the beginning of the text, in lower case; NUL for anything else.
+char16_t OpeningAt(TextView text) {
+  if (text.size() < kOpening || text[0] != u'<' || text[2] != u'>') return 0;
+  const char16_t letter = Small(text[1]);
+  return StyleOf(letter) != nullptr ? letter : u'\0';
+}
+
+bool ClosesAt(TextView text, char16_t letter) {
+  return text.size() >= kClosing && text[0] == u'<' && text[1] == u'/' && Small(text[2]) == letter && text[3] == u'>';
+}
+
+/// How many tags of the letter the text holds.
+struct TagCount {
+  int open = 0;
+  int close = 0;
+};
+
+TagCount CountTags(TextView text, char16_t letter) {
+  TagCount count;
+  for (std::size_t at = text.find(u'<'); at != TextView::npos; at = text.find(u'<', at + 1)) {
+    if (OpeningAt(text.substr(at)) == letter) ++count.open;
+    if (ClosesAt(text.substr(at), letter)) ++count.close;
   }
-  return nullptr;
+  return count;
+}
+
+/// The text begins with an opening tag of the letter and ends with its closing one, or lacks that.
+bool Covers(TextView text, char16_t letter) {
+  if (OpeningAt(text) != letter) return false;
+  const TagCount count = CountTags(text, letter);
+  if (count.open != 1 || count.close > 1) return false;
+  return count.close == 0 || (text.size() >= kClosing && ClosesAt(text.substr(text.size() - kClosing), letter));
+}
+
+Text Uncovered(TextView text, char16_t letter) {
+  text.remove_prefix(kOpening);
+  if (text.size() >= kClosing && ClosesAt(text.substr(text.size() - kClosing), letter)) {
+    text.remove_suffix(kClosing);
+  }
+  return Text(text);
+}
+
+/// Every line is covered by a pair of tags of its own, and there is more than one.
+bool CoversEachLine(TextView text, TextView separator, char16_t letter) {
+  if (separator.empty() || text.find(separator) == TextView::npos) return false;
+  for (const Text& line : Split(text, separator)) {
+    if (!Covers(line, letter) || CountTags(line, letter).close != 1) return false;
+  }
+  return true;
+}
+
+Text UncoveredLines(TextView text, TextView separator, char16_t letter) {
+  Text lines;
+  for (const Text& line : Split(text, separator)) {
+    if (!lines.empty()) lines += separator;
+    lines += Uncovered(line, letter);
+  }
+  return lines;
 }
 
 }  // namespace
@@ -46,18 +106,20 @@ Text Markers(WholeStyles styles) {
   return markers;
 }
 
-void TagsToMarkers(Text& text) {
-  if (text.empty() || text.front() != u'<' || text.back() != u'>') return;
+void TagsToMarkers(Text& text, TextView separator) {
+  if (text.empty() || text.front() != u'<') return;
   WholeStyles found;
-  TextView inner = text;
-  while (const Style* style = StyleAt(inner)) {
-    const Text closing = Closing(style->letter);
-    if (inner.size() < kOpening + kClosing) break;
-    if (FindLoose(inner, closing) != inner.size() - kClosing) break;
-    found.*(style->flag) = true;
-    inner = inner.substr(kOpening, inner.size() - kOpening - kClosing);
+  for (char16_t letter = OpeningAt(text); letter != 0; letter = OpeningAt(text)) {
+    if (Covers(text, letter)) {
+      text = Uncovered(text, letter);
+    } else if (CoversEachLine(text, separator, letter)) {
+      text = UncoveredLines(text, separator, letter);
+    } else {
+      break;
+    }
+    found.*(StyleOf(letter)->flag) = true;
   }
-  if (found.Any()) text = Markers(found) + Text(inner);
+  if (found.Any()) text = Markers(found) + text;
 }
 
 Text MarkersToTags(TextView text) {

@@ -47,6 +47,15 @@ TEST(ClockField, WritesTheNearestStepInTheSameForm) {
   EXPECT_EQ(ClockLike(5400100, "00:00.00", NoHours::RunOnInMinutes), "90:00.10");
 }
 
+TEST(FullClock, HasHoursAndNoMoreThanAClockShows) {
+  EXPECT_EQ(ReadFullClock("1:2:3.5 x")->ms, 3723500);
+  EXPECT_EQ(ReadFullClock("1:2:3.5 x")->size, 7u);
+  EXPECT_EQ(ReadFullClock("100:00:00,12345")->ms, 360000123);
+  for (const char* none : {"00:01,000", "00:60:00,000", "00:00:60,000", "0000:00:00", "00:000:00", "00:00", "x"}) {
+    EXPECT_FALSE(ReadFullClock(none)) << none;
+  }
+}
+
 TEST(WholeStyles, OneTagAroundAllIsAMarker) {
   struct Case {
     TextView file;
@@ -58,10 +67,13 @@ TEST(WholeStyles, OneTagAroundAllIsAMarker) {
                              {u"<i>a</i> <i>b</i>", u"<i>a</i> <i>b</i>"},
                              {u"a <i>b</i>", u"a <i>b</i>"},
                              {u"<i>", u"<i>"},
+                             {u"<i>a</i>|<i>b</i>", u"<i>a|b"},
+                             {u"<i>a</i>|b", u"<i>a</i>|b"},
+                             {u"<i>a", u"<i>a"},
                              {u"<u><i>a</i>b</u>", u"<u><i>a</i>b"}};
   for (const auto& [file, list] : kCases) {
     Text text(file);
-    TagsToMarkers(text);
+    TagsToMarkers(text, u"|");
     EXPECT_EQ(text, list);
   }
   EXPECT_EQ(MarkersToTags(u"<i>a|b"), u"<i>a|b</i>");
