@@ -20,8 +20,8 @@ WholeStyles TakeMarkers(Text& text);
 /// The markers of these styles.
 Text Markers(WholeStyles styles);
 
-/// "<i>all</i>" as the list has it: "<i>all"; also where the closing tag lacks and where each line has a pair of its own.
-/// Tags that style a part stay.
+/// "<i>all</i>" as the list has it: "<i>all"; also where the closing tag lacks and where each line has a pair of its
+/// own. Tags that style a part stay.
 void TagsToMarkers(Text& text, TextView separator);
 
 /// The opposite: the markers are tags around the text.
