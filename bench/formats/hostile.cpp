@@ -1,5 +1,6 @@
 // How the time of reading grows with the size of files that are made to keep a reader busy: the ratio of the times at
-// 5 MB and at a quarter of that, which is 4 for a reader that goes through its file once, and the longest time.
+// 5 MB and at a quarter of that, which is 4 for a reader that goes through its file once, and the longest time. First
+// the readers by published rules, then every format of the catalogue as the classic manner reads it.
 //   bench_hostile [--moment]
 #include <algorithm>
 #include <chrono>
@@ -8,6 +9,7 @@
 #include <limits>
 
 #include "formats/source/source_format.h"
+#include "tests/formats/format_rig.h"
 #include "tests/support/hostile_files.h"
 #include "text/encodings.h"
 
@@ -20,30 +22,70 @@ struct PatientSink final : SourceSink {
   void NotUnderstood(std::size_t) override {}
 };
 
-/// The best of some rounds.
-double SecondsToRead(const test::HostileFile& hostile, std::size_t size, int rounds) {
-  const Encodings encodings(1252);
-  const TextFile file = TextFile::Auto(hostile.OfSize(size), encodings);
+/// The best of some rounds of a call, in seconds.
+template <class Call>
+double BestSeconds(int rounds, Call&& call) {
   double best = std::numeric_limits<double>::max();
   for (int i = 0; i < rounds; ++i) {
-    const auto format = MakeSourceFormat(hostile.format);
-    PatientSink sink;
     const auto began = std::chrono::steady_clock::now();
-    format->Read(SourceText{file.Bytes(), file}, u"|", sink);
+    call();
     best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count());
   }
   return best;
 }
 
-void Run(std::size_t size, int rounds) {
-  std::printf("%-16s %8s %8s  piece\n", "format", "ms", "ratio");
+double SecondsToRead(const test::HostileFile& hostile, std::size_t size, int rounds) {
+  const Encodings encodings(1252);
+  const TextFile file = TextFile::Auto(hostile.OfSize(size), encodings);
+  return BestSeconds(rounds, [&] {
+    PatientSink sink;
+    MakeSourceFormat(hostile.format)->Read(SourceText{file.Bytes(), file}, u"|", sink);
+  });
+}
+
+void PrintHead(const char* what) { std::printf("%-16s %8s %8s  %s\n", what, "ms", "ratio", "piece"); }
+
+void PrintRow(const Text& format, double large, double small, std::string piece) {
+  std::ranges::replace(piece, '\n', ' ');
+  std::printf("%-16s %8.1f %8.1f  %s\n", ToUtf8(format).c_str(), large * 1000, large / small, piece.c_str());
+}
+
+void ReadHostileFiles(std::size_t size, int rounds) {
+  PrintHead("reader");
   for (const test::HostileFile& hostile : test::kHostileFiles) {
     const double large = SecondsToRead(hostile, size, rounds);
-    const double small = SecondsToRead(hostile, size / 4, rounds);
-    std::string piece = hostile.piece;
-    std::ranges::replace(piece, '\n', ' ');
-    std::printf("%-16s %8.1f %8.1f  %s\n", ToUtf8(hostile.format).c_str(), large * 1000, large / small, piece.c_str());
+    PrintRow(Text(hostile.format), large, SecondsToRead(hostile, size / 4, rounds), hostile.piece);
   }
+}
+
+/// The beginning of a document of a format: its first caption, still open.
+std::string OpenCaption(testing::FormatRig& rig, const Text& id) {
+  rig.Fill({{1000, 2000, u"@"}, {3000, 4000, u"two"}});
+  const std::string whole = rig.Save(id, 25);
+  const std::size_t text = whole.find('@');
+  return text == std::string::npos ? whole : whole.substr(0, text + 1) + "\n";
+}
+
+void ImportHostileFiles(std::size_t size, int rounds) {
+  testing::FormatRig rig;
+  rig.options.manner.SetClassic(true);
+  PrintHead("classic import");
+  const auto print = [&](const Text& id, const std::string& begin, const std::string& piece) {
+    const auto seconds = [&](std::size_t bytes) {
+      const std::string content = test::HostileFile{id, begin, piece}.OfSize(bytes);
+      return BestSeconds(rounds, [&] { rig.ImportAs(id, content); });
+    };
+    const double large = seconds(size);
+    PrintRow(id, large, seconds(size / 4), piece.substr(0, 40));
+  };
+  for (int index = 1; index < rig.catalogue.Count(); ++index) {
+    const Text& id = rig.catalogue.Identifier(index);
+    const std::string begin = OpenCaption(rig, id);
+    for (const char* const piece : {":\n", ":\nx\n", "<\n"}) print(id, begin, piece);
+  }
+  std::string nested;
+  for (int i = 0; nested.size() < 4000; ++i) nested += "<a<" + std::to_string(i) + ">";
+  print(u"SAMI", "<SAMI>\n<BODY>\n<SYNC START=1000>\n", nested + "\n");
 }
 
 }  // namespace
@@ -51,5 +93,8 @@ void Run(std::size_t size, int rounds) {
 
 int main(int argc, char** argv) {
   const bool moment = argc > 1 && std::strcmp(argv[1], "--moment") == 0;
-  cuewright::Run(moment ? 1 << 16 : 5 << 20, moment ? 1 : 3);
+  const std::size_t size = moment ? 1 << 16 : 5 << 20;
+  const int rounds = moment ? 1 : 3;
+  cuewright::ReadHostileFiles(size, rounds);
+  cuewright::ImportHostileFiles(size, rounds);
 }

@@ -4,39 +4,21 @@
 #include <signal.h>
 #include <sys/stat.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "core/runtime_error.h"
 #include "platform/output_files.h"
 #include "platform/posix_files.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
 
 namespace cuewright {
 namespace {
 
+using testing::Ended;
+using testing::NamedPipe;
+using testing::RunToEnd;
 using testing::TempFolder;
-
-/// All that a child writes to both streams until its end.
-struct Ended {
-  int status = -1;
-  std::string output;
-  std::string errors;
-};
-Ended RunToEnd(ChildProcess& child) {
-  Ended ended;
-  for (int i = 0; i < 4000; ++i) {
-    child.Wait(5);
-    const std::optional<int> status = child.Ended();
-    ended.output += child.TakeOutput();
-    ended.errors += child.TakeErrors();
-    if (!status) continue;
-    ended.status = *status;
-    return ended;
-  }
-  return ended;
-}
 
 TEST(ChildProcesses, HandOverTheErrorsWhereAskedTo) {
   const auto child = PosixProcesses().Start(u"sh", {u"-c", u"echo out; echo error >&2; exit 3"}, {.errors = true});
@@ -61,17 +43,15 @@ TEST(ChildProcesses, TakeInput) {
 
 TEST(ChildProcesses, ThatOutliveGoOnWithoutTheirObject) {
   const TempFolder folder;
+  const NamedPipe go(folder.Path() / "go");
+  const NamedPipe result(folder.Path() / "result");
   {
-    const auto child =
-        PosixProcesses().Start(u"sh", {u"-c", u"while [ ! -e go ]; do sleep 0.01; done; echo done >result"},
-                               {.folder = folder / "", .outlives = true});
+    const auto child = PosixProcesses().Start(u"sh", {u"-c", u"read word <go; echo done >result"},
+                                              {.folder = folder / "", .outlives = true});
     EXPECT_FALSE(child->Ended());
   }
-  folder.Write("go", "");
-  for (int i = 0; i < 2000 && folder.Read("result") != "done\n"; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-  EXPECT_EQ(folder.Read("result"), "done\n");
+  go.Write("on\n");
+  EXPECT_EQ(result.ReadLine(), "done\n");
 }
 
 TEST(ChildProcesses, ThatOutliveHaveASessionOfTheirOwn) {

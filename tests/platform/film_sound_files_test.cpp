@@ -4,12 +4,10 @@
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 #include "core/runtime_error.h"
 #include "platform/child_processes.h"
@@ -17,33 +15,27 @@
 #include "platform/posix_files.h"
 #include "platform/sound_store.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
 
 namespace cuewright {
 namespace {
 
+using testing::RunToEnd;
 using testing::TempFolder;
 
-std::optional<int> WaitForEnd(ChildProcess& child, std::string& output) {
-  for (int i = 0; i < 2000; ++i) {
-    const std::optional<int> status = child.Ended();
-    output += child.TakeOutput();
-    if (status) return status;
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-  return {};
-}
-
 TEST(PosixProcesses, HandsArgumentsOverAsTheyStand) {
-  std::string output;
   const auto child = PosixProcesses().Start(u"printf", {u"%s|", u"a b", u"$HOME", u"'\"; exit 3"});
-  EXPECT_EQ(WaitForEnd(*child, output), 0);
-  EXPECT_EQ(output, "a b|$HOME|'\"; exit 3|");
+  const testing::Ended ended = RunToEnd(*child);
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output, "a b|$HOME|'\"; exit 3|");
 }
 
 TEST(PosixProcesses, TellsTheExitStatus) {
-  std::string output;
-  EXPECT_EQ(WaitForEnd(*PosixProcesses().Start(u"sh", {u"-c", u"exit 7"}), output), 7);
-  EXPECT_EQ(WaitForEnd(*PosixProcesses().Start(u"sh", {u"-c", u"kill -9 $$"}), output), -1);
+  EXPECT_EQ(RunToEnd(*PosixProcesses().Start(u"sh", {u"-c", u"exit 7"})).status, 7);
+  // A wait in vain has the same status as a signal, so what stands before it is looked for too.
+  const testing::Ended killed = RunToEnd(*PosixProcesses().Start(u"sh", {u"-c", u"echo now; kill -9 $$"}));
+  EXPECT_EQ(killed.status, -1);
+  EXPECT_EQ(killed.output, "now\n");
 }
 
 TEST(PosixProcesses, AMissingProgramIsARunTimeError) {
@@ -89,14 +81,7 @@ TEST(PosixProcesses, AProcessEndsWithAProgramThatIsKilled) {
   waitpid(middle, nullptr, 0);
   close(ends[0]);
   close(ends[1]);
-  // Whoever inherits it may not have taken its status yet.
-  const auto ended = [&] {
-    std::ifstream state("/proc/" + std::to_string(id) + "/stat");
-    std::string line;
-    return !std::getline(state, line) || line.find(") Z") != std::string::npos;
-  };
-  for (int i = 0; i < 1000 && !ended(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  EXPECT_TRUE(ended());
+  EXPECT_TRUE(testing::WaitForEndOf(id));
 }
 
 TEST(PosixProcesses, AMissingFolderIsARunTimeError) {

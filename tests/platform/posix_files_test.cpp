@@ -16,6 +16,7 @@
 #include "platform/run_folder.h"
 #include "platform/user_folders.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/waiting.h"
 
 namespace cuewright {
 namespace {
@@ -210,13 +211,14 @@ TEST_F(UserFolders, TheRunFolderIsPrivateAndDifferentEachTime) {
 
 TEST_F(UserFolders, TheRunFolderStaysWhileAProgramThatHoldsItRunsAndGoesAtTheNextRun) {
   ::setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1);
+  const testing::NamedPipe go(folder.Path() / "go");
   std::unique_ptr<ChildProcess> child;
   std::string path;
   {
     const RunFolder run;
     path = ToUtf8(run.Path());
     files.WritePrivate(run.Path() + u"script", "x");
-    const Text wait = u"while [ ! -e " + (folder / "go") + u" ]; do sleep 0.01; done; cat script >" + (folder / "read");
+    const Text wait = u"read word <" + (folder / "go") + u"; cat script >" + (folder / "read");
     child = PosixProcesses().Start(u"sh", {u"-c", wait}, {.folder = run.Path(), .outlives = true, .holds = run.Path()});
   }
   const auto makeOld = [&] {
@@ -226,8 +228,8 @@ TEST_F(UserFolders, TheRunFolderStaysWhileAProgramThatHoldsItRunsAndGoesAtTheNex
   makeOld();
   { const RunFolder next; }
   ASSERT_TRUE(std::filesystem::exists(path + "script")) << "somebody needs it";
-  folder.Write("go", "");
-  for (int i = 0; i < 2000 && !child->Ended(); ++i) child->Wait(5);
+  go.Write("on\n");
+  EXPECT_EQ(testing::RunToEnd(*child).status, 0);
   EXPECT_EQ(folder.Read("read"), "x");
   makeOld();
   { const RunFolder next; }
