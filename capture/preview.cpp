@@ -65,7 +65,10 @@ void Preview::ShowPreviewCaption(Row row) {
     return sub_.ShowText(WithoutStyleMarkers(bench_.list.GetCaptionText(row, true)));
   }
   const Text& separator = bench_.options.lineSeparator;
-  SeenCaption caption = bench_.list.Marks().Read(bench_.list.At(row).text, separator);
+  const CaptionMarks& marks = bench_.list.Marks();
+  SeenCaption caption = marks.Read(bench_.list.At(row).text, separator);
+  // What stands in the text goes before what is said of the whole caption.
+  if (caption.place == kUsualPlace) caption.place = marks.PlaceBeside(bench_.list.At(row).origin);
   for (StyledRun& run : caption.runs) run.text = ReplaceAll(run.text, separator, u"\n");
   sub_.ShowCaption(std::move(caption));
 }

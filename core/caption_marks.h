@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "core/styled_text.h"
@@ -28,6 +29,8 @@ class CaptionMarks {
 
   /// What a viewer sees.
   virtual SeenCaption Read(TextView stored, TextView separator) const = 0;
+  /// Where a caption stands by what its file says beside its text; `origin` is the caption's.
+  virtual int PlaceBeside(std::uint32_t /*origin*/) const { return kUsualPlace; }
   /// The same text, but for names of speakers that only a viewer is told; `places` gets one for each of its units.
   virtual Text ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const = 0;
   /// The text without the marks that give or take the style of a list's marker to parts of it.

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kBlock = 1 << 16;
 
 /// A literal stretch of the record, and the field behind it.
-enum class Field { None, Start, End, Count, Caption };
+enum class Field { None, Start, End, Count, Beside, Caption };
 struct RecordPart {
   Text literal;
   Field field = Field::None;
@@ -26,13 +26,14 @@ struct RecordPart {
 };
 
 /// The record cut at its placeholders, in their order.
-std::vector<RecordPart> CutParts(TextView record, bool counted) {
+std::vector<RecordPart> CutParts(TextView record, bool counted, bool beside) {
   struct Mark {
     TextView text;
     Field field;
   };
   std::vector<Mark> marks = {{u"qxmStart", Field::Start}, {u"qxmEnd", Field::End}, {u"qxmCaption", Field::Caption}};
   if (counted) marks.push_back({u"qxmSubCount", Field::Count});
+  if (beside) marks.push_back({kBesideField, Field::Beside});
   std::vector<RecordPart> parts;
   std::size_t literal = 0;
   for (std::size_t at = record.find(u"qxm"); at != TextView::npos; at = record.find(u"qxm", at)) {
@@ -57,7 +58,8 @@ class RecordWriter {
       : job_(job),
         sink_(sink),
         timecodes_(job.definition, job.identifier == kKaraokeLrc, job.times),
-        parts_(CutParts(RecordOf(job), !plainMarkers && !job.definition.subCountPicture.empty())),
+        parts_(
+            CutParts(RecordOf(job), !plainMarkers && !job.definition.subCountPicture.empty(), job.beside != nullptr)),
         plainMarkers_(plainMarkers),
         firstNumber_(job.identifier == kUleadWorkshop ? 0 : 1),
         semicolons_(job.identifier == kCsve) {
@@ -103,6 +105,8 @@ class RecordWriter {
         field_.clear();
         AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), field_);
         return sink_.Put(field_);
+      case Field::Beside:
+        return sink_.Put(job_.beside->FieldOf(row));
       case Field::Caption:
         return PutText(caption.text);
       case Field::None:

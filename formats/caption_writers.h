@@ -9,6 +9,7 @@
 #include "core/caption_list.h"
 #include "core/ports/files.h"
 #include "core/runtime_error.h"
+#include "formats/beside_fields.h"
 #include "formats/definition.h"
 #include "formats/timecode.h"
 #include "text/codec.h"
@@ -80,7 +81,8 @@ struct WriteJob {
   TextView identifier;
   TimeRules times;
   CarryOn& errors;
-  bool textsAreWritten = false;  ///< but for their separators they are in the format's own marks
+  bool textsAreWritten = false;          ///< but for their separators they are in the format's own marks
+  const BesideFields* beside = nullptr;  ///< for the room that the record has got; null: it has none
 };
 
 /// What the tags of a record style in a format that has tags for one line and for all lines.

@@ -1,5 +1,6 @@
 #include "formats/carried_texts.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -34,34 +35,57 @@ bool CarriedTexts::HasMarks(const CaptionList& list, Row lastRow) {
   return false;
 }
 
-CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, MarkKind from, TextView to,
+MarkedText MarkedTextOf(const Caption& caption, const SourceMap* source) {
+  return {caption.text, source == nullptr ? Beside() : source->BesideOf(caption.origin)};
+}
+
+CarriedTexts::CarriedTexts(const CaptionList& list, Row lastRow, const SourceMap* source, TextView to,
                            const FormatDefinition& definition, Losses& lost)
-    : list_(list.Options(), modified_) {
-  const MarkKind kind = MarkKindOf(to);
-  const TextView separator = list.Options().lineSeparator;
-  const std::unique_ptr<SourceFormat> rules = kind == MarkKind::Plain ? nullptr : MakeSourceFormat(to);
-  written_ = rules != nullptr;
+    : from_(MarksOf(source)),
+      kind_(MarkKindOf(to)),
+      to_(to),
+      definition_(definition),
+      rules_(kind_ == MarkKind::Plain ? nullptr : MakeSourceFormat(to)),
+      list_(list.Options(), modified_) {
   std::vector<Caption> rows;
+  std::vector<Beside> beside;
   for (Row row = 1; row <= lastRow && list.InRange(row); ++row) {
     rows.push_back(list.At(row));
-    Text& text = rows.back().text;
-    if (!MayBeMarked(text)) continue;
-    if (HasMarkersAlone(text)) {
-      const bool holdsNone = definition.tagFlags == 0 && kind == MarkKind::Plain;
-      if (holdsNone) lost.AddCaption(StylesOf(text));
-      if (!written_) continue;
+    MarkedText marked = MarkedTextOf(rows.back(), source);
+    if (marked.beside.Any()) {
+      Convert(marked, lost);
+    } else if (MayBeMarked(marked.text)) {
+      Carry(marked, lost);
     }
-    // Where the record has no tags, the format's own rules may have marks.
-    if (HasMarkersAlone(text) && (definition.tagFlags != 0 || kind == MarkKind::Plain)) {
-      const bool everyLine = StylesLineByLine(to) && FindPlain(text, separator) != TextView::npos;
-      text = WithTagsOfRecord(std::move(text), definition, everyLine ? TagsCover::EveryLine : TagsCover::Record);
-      continue;
-    }
-    if (kind != from) text = ConvertMarks(text, from, kind, separator, lost);
-    // The separators stay: the record's writer puts the format's line breaks in their place.
-    if (rules) text = rules->TextField(text, separator, separator);
+    rows.back().text = std::move(marked.text);
+    beside.push_back(std::move(marked.beside));
   }
   if (!rows.empty()) list_.Replace(1, 1, std::move(rows));
+  if (std::ranges::any_of(beside, &Beside::Any)) beside_.emplace(to, std::move(beside));
+}
+
+void CarriedTexts::Carry(MarkedText& marked, Losses& lost) const {
+  if (!HasMarkersAlone(marked.text)) return Convert(marked, lost);
+  const bool holdsNone = definition_.tagFlags == 0 && kind_ == MarkKind::Plain;
+  if (holdsNone) lost.AddCaption(StylesOf(marked.text));
+  if (!AreWritten()) return;
+  // Where the record has no tags, the format's own rules may have marks.
+  if (definition_.tagFlags == 0 && kind_ != MarkKind::Plain) return Convert(marked, lost);
+  const bool everyLine = StylesLineByLine(to_) && FindPlain(marked.text, Separator()) != TextView::npos;
+  marked.text =
+      WithTagsOfRecord(std::move(marked.text), definition_, everyLine ? TagsCover::EveryLine : TagsCover::Record);
+}
+
+void CarriedTexts::Convert(MarkedText& marked, Losses& lost) const {
+  if (kind_ != from_) {
+    marked = ConvertMarks(marked, from_, kind_, Separator(), lost);
+  } else if (kind_ == MarkKind::SubStation && marked.beside.place != kUsualPlace &&
+             FindPlain(marked.text, u"{\\a") == TextView::npos) {
+    // The style that said so stays behind.
+    marked.text = u"{\\an" + Decimal(marked.beside.place) + u"}" + marked.text;
+  }
+  // The separators stay: the record's writer puts the format's line breaks in their place.
+  if (rules_) marked.text = rules_->TextField(marked.text, Separator(), Separator());
 }
 
 }  // namespace cuewright

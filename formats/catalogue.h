@@ -20,6 +20,7 @@ namespace cuewright {
 inline constexpr TextView kPlainText = u"PLAINTEXT";
 inline constexpr TextView kSubRip = u"SUBRIP";
 inline constexpr TextView kMicroDvd = u"MICRODVD";
+inline constexpr TextView kTtml = u"TTML";
 inline constexpr TextView kSubStationAlpha = u"SUBSTATIONALPHA";
 inline constexpr TextView kAdvancedSsa = u"ADVANCEDSSA";
 inline constexpr TextView kSami = u"SAMI";

@@ -7,22 +7,21 @@
 
 namespace cuewright {
 
-MarkKind MarksOfTexts(const FormatState& state) {
-  // What is typed into a document without a file has the tags that people know.
-  return state.Source ? MarkKindOf(state.Source->Format()) : MarkKind::SubRip;
-}
-
 SeenCaption DocumentMarks::Read(TextView stored, TextView separator) const {
-  StyledText styled = ReadMarks(MarkedText{Text(stored), {}, kUsualPlace}, MarksOfTexts(state_), separator);
+  StyledText styled = ReadMarks(MarkedText{Text(stored)}, MarksOf(state_.Source.get()), separator);
   return {std::move(styled.runs), styled.place};
 }
 
+int DocumentMarks::PlaceBeside(std::uint32_t origin) const {
+  return state_.Source ? state_.Source->BesideOf(origin).place : kUsualPlace;
+}
+
 Text DocumentMarks::ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const {
-  return VisibleText(stored, MarksOfTexts(state_), separator, places);
+  return VisibleText(stored, MarksOf(state_.Source.get()), separator, places);
 }
 
 Text DocumentMarks::WithoutStyle(TextView stored, TextView marker, TextView separator) const {
-  return WithoutStyleMarks(stored, MarksOfTexts(state_), marker[1], separator);
+  return WithoutStyleMarks(stored, MarksOf(state_.Source.get()), marker[1], separator);
 }
 
 }  // namespace cuewright

@@ -6,9 +6,6 @@
 
 namespace cuewright {
 
-/// Whose marks stand in the texts of the document.
-MarkKind MarksOfTexts(const FormatState& state);
-
 /// The marks in the texts of the document: those of the file that it was read from.
 class DocumentMarks final : public CaptionMarks {
  public:
@@ -16,6 +13,7 @@ class DocumentMarks final : public CaptionMarks {
   explicit DocumentMarks(const FormatState& state) : state_(state) {}
 
   SeenCaption Read(TextView stored, TextView separator) const override;
+  int PlaceBeside(std::uint32_t origin) const override;
   Text ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const override;
   Text WithoutStyle(TextView stored, TextView marker, TextView separator) const override;
 

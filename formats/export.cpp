@@ -4,9 +4,9 @@
 
 #include "formats/caption_writers.h"
 #include "formats/carried_texts.h"
-#include "formats/document_marks.h"
 #include "formats/encoding_rules.h"
 #include "formats/rules_writer.h"
+#include "formats/script_header.h"
 #include "formats/source/source_writer.h"
 #include "text/encoding_names.h"
 
@@ -51,8 +51,9 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   std::optional<CarriedTexts> carried;
   lost_ = {};
   const bool byRules = formats_.catalogue.IsFurther(formats_.state.CurrentFormatIndex);
+  if (!map) CountFieldless(id, lastRow, lost_);
   if (!map && !byRules && CarriesMarks(id, lastRow)) {
-    carried.emplace(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(), lost_);
+    carried.emplace(captions_, lastRow, Origin(), id, formats_.loader.Definition(), lost_);
   }
   DocumentEncoding encoding = formats_.state.Encoding;
   std::optional<SourceWriter> source;
@@ -69,16 +70,20 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   if (manner.ChoosesEncodings()) {
     definition.headerText = WithEncodingDeclared(definition.headerText, encoding.codePage);
   }
+  if (carried && carried->AreWritten() && id == kTtml) DeclareStyles(definition);
+  if (manner.KeepsStylesWithin()) FitToPicture(formats_.state.FilmPicture, definition);
+  if (carried && carried->AllBeside()) carried->AllBeside()->MakeRoom(definition);
   const TimeRules times{formats_.state.CurrentFps, manner.TimesAreExact()};
-  const WriteJob job{carried ? carried->List() : captions_, lastRow, definition, id, times, errors,
-                     carried && carried->AreWritten()};
+  const WriteJob job{
+      carried ? carried->List() : captions_,   lastRow, definition, id, times, errors, carried && carried->AreWritten(),
+      carried ? carried->AllBeside() : nullptr};
   const bool written = errors([&] {
     access_.files.Replace(path_, [&](ByteSink& file) {
       if (encoding.mark) file.Write(MarkOf(encoding.codePage));
       if (source) return WriteOver(*map, *source, *codec, encoding.codePage, file);
       LineSink sink(file, *codec);
       if (byRules) {
-        WriteByRules(job, MarksOfTexts(formats_.state), lost_, sink);
+        WriteByRules(job, Origin(), lost_, sink);
       } else if (id == kPlainText) {
         WritePlainText(job, sink);
       } else if (id == kTmPlayer) {
@@ -107,14 +112,33 @@ void Exporter::WriteOver(const SourceMap& map, SourceWriter& source, const Codec
 Losses Exporter::Foreseen(Row lastRow) const {
   Losses losses;
   const Text id = formats_.CurrentIdentifier();
-  if (!SourceOf(id) && CarriesMarks(id, lastRow)) {
-    const FormatDefinition inForce = formats_.loader.Definition();
-    formats_.loader.LoadFormatDefinition(id);
-    const CarriedTexts unwritten(captions_, lastRow, MarksOfTexts(formats_.state), id, formats_.loader.Definition(),
-                                 losses);
-    formats_.loader.Definition() = inForce;
+  if (SourceOf(id)) return losses;
+  const FormatDefinition inForce = formats_.loader.Definition();
+  if (id != kPlainText) formats_.loader.LoadFormatDefinition(id);
+  CountFieldless(id, lastRow, losses);
+  if (CarriesMarks(id, lastRow)) {
+    const CarriedTexts unwritten(captions_, lastRow, Origin(), id, formats_.loader.Definition(), losses);
   }
+  formats_.loader.Definition() = inForce;
   return losses;
+}
+
+void Exporter::CountFieldless(TextView id, Row lastRow, Losses& lost) const {
+  if (!captions_.Options().manner.TellsWhatIsLost() ||
+      formats_.catalogue.IsFurther(formats_.state.CurrentFormatIndex)) {
+    return;
+  }
+  const FormatDefinition& definition = formats_.loader.Definition();
+  const bool plain = id == kPlainText;
+  const bool lines = plain || definition.lineBreak != u"none";
+  if (!plain && lines) return;
+  for (Row row = 1; row <= lastRow && captions_.InRange(row); ++row) {
+    LossSet of;
+    if (plain && captions_.IsCaptionTimed(row)) of.Add(Loss::Times);
+    if (!lines && FindPlain(captions_.At(row).text, captions_.Options().lineSeparator) != Text::npos)
+      of.Add(Loss::LineBreak);
+    lost.AddCaption(of);
+  }
 }
 
 std::vector<LackingPlace> Exporter::LackingLetters(Row lastRow) const {
@@ -134,8 +158,9 @@ std::vector<LackingPlace> Exporter::LackingLetters(Row lastRow) const {
 }
 
 bool Exporter::CarriesMarks(TextView id, Row lastRow) const {
-  return captions_.Options().manner.KeepsStylesWithin() && id != kPlainText &&
-         CarriedTexts::HasMarks(captions_, lastRow);
+  if (!captions_.Options().manner.KeepsStylesWithin() || id == kPlainText) return false;
+  const SourceMap* const origin = Origin();
+  return (origin != nullptr && origin->Rules().TellsBeside()) || CarriedTexts::HasMarks(captions_, lastRow);
 }
 
 std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {
@@ -182,7 +207,9 @@ bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
     }
   }
   for (Row row = 1; row <= lastRow && captions_.InRange(row); ++row) {
-    if (!codec.Holds(captions_.At(row).text)) return false;
+    const Caption& caption = captions_.At(row);
+    if (!codec.Holds(caption.text)) return false;
+    if (Origin() != nullptr && !codec.Holds(Origin()->BesideOf(caption.origin).speaker)) return false;
   }
   return true;
 }

@@ -31,12 +31,12 @@ class Exporter {
   /// and is the document's encoding from then on. A format that can only be read is written over its own file alone.
   bool ExportSubtitle(std::int16_t lastRow);
 
-  /// How many captions up to a row would lose marks of each kind by an export in the format in force.
+  /// How many captions up to a row would lose what by an export in the format in force.
   Losses Foreseen(Row lastRow) const;
   /// Where the document's encoding lacks letters of what such an export would write.
   std::vector<LackingPlace> LackingLetters(Row lastRow) const;
 
-  /// How many captions lost marks of each kind in the last export, since its format can't hold them.
+  /// How many captions lost what in the last export, since its format can't hold them.
   const Losses& Lost() const { return lost_; }
 
  private:
@@ -46,8 +46,12 @@ class Exporter {
   static void WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage, ByteSink& bytes);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
+  /// The file that the texts are from, whatever format they are written in; null: none.
+  const SourceMap* Origin() const { return formats_.state.Source.get(); }
   /// Texts have marks that are to become those of the format.
   bool CarriesMarks(TextView id, Row lastRow) const;
+  /// Counts what of the captions a format has no fields for, but for marks in their texts.
+  void CountFieldless(TextView id, Row lastRow, Losses& lost) const;
   SourceTimes TimesOf(const SourceMap& map) const;
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, const SourceWriter* source, DocumentEncoding& encoding) const;
   bool AllHeldBy(const Codec& codec, Row lastRow) const;

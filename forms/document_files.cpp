@@ -174,7 +174,7 @@ void DocumentFiles::LoadSteps(const Text& path, CarryOn& step) {
   if (played) step([&] { ports_.player.Pause(); });
   ports_.desktop.SetBusy(true);
   step([&] { session_.EmptyList(); });
-  NoteFilmRate();
+  NoteFilm();
   step([&] { formats_.importer.DetectFormat(path, Loading::NewDocument); });
   bench_.list.SetEnabled(true);
   step([&] { recall_.Keep(u"TFileName", bench_.window.mnuTFileName, path); });
@@ -246,7 +246,7 @@ void DocumentFiles::Append() {
   {
     const FileWork work(bench_.document);
     const EditScope scope(bench_.list, EditKind::Append);
-    NoteFilmRate();
+    NoteFilm();
     formats_.importer.DetectFormat(path, Loading::Append, static_cast<std::int32_t>(ports_.player.Duration()));
   }
   bench_.document.ImportCancelled = false;
@@ -285,7 +285,7 @@ bool DocumentFiles::SaveAs() {
 
 bool DocumentFiles::ChooseAndSave() {
   session_.CloseTools();
-  NoteFilmRate();
+  NoteFilm();
   saving_.format.Open(bench_.window.RightToLeft());
   if (!saving_.format.Result() || !saving_.check.AgreesToLosses()) return false;
   const Text id = formats_.catalogue.Identifier(formats_.state.CurrentFormatIndex);

@@ -76,8 +76,11 @@ class DocumentFiles {
   void LoadSteps(const Text& path, class CarryOn& step);
   void FinishLoad(class CarryOn& step);
   bool LoadFailed() const;
-  /// Where a rate is asked for, the film's own is offered.
-  void NoteFilmRate() { formats_.state.FilmFps = ports_.player.FramesPerSecond(); }
+  /// Where a rate is asked for, the film's own is offered; scripts of SubStation are laid out for its picture.
+  void NoteFilm() {
+    formats_.state.FilmFps = ports_.player.FramesPerSecond();
+    formats_.state.FilmPicture = ports_.player.Picture();
+  }
   bool Playing() const { return ports_.player.PlayState() == kPlayerPlaying; }
   Text FilterOf(TextView id, TextView fallbackName) const;
   Text Untitled(Message message) const;

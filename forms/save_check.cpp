@@ -18,7 +18,7 @@ constexpr std::array kNames = {
     Message::LossBold,    Message::LossItalic,   Message::LossUnderline,     Message::LossStrike, Message::LossColour,
     Message::LossSpeaker, Message::LossPosition, Message::LossExactPosition, Message::LossFont,   Message::LossSize,
     Message::LossKaraoke, Message::LossRuby,     Message::LossDrawing,       Message::LossEffect, Message::LossClass,
-    Message::LossRemark,  Message::LossOther};
+    Message::LossRemark,  Message::LossTimes,    Message::LossLineBreak,     Message::LossOther};
 static_assert(kNames.size() == kLossKinds);
 
 }  // namespace

@@ -23,8 +23,8 @@ constexpr std::array<TextView, 20> kFormats = {
 
 class CheckingSink final : public SourceSink {
  public:
-  CheckingSink(const SourceFormat& format, std::string_view bytes, MarkKind kind)
-      : format_(format), bytes_(bytes), kind_(kind) {}
+  CheckingSink(const SourceFormat& format, const SourceText& source, MarkKind kind)
+      : format_(format), source_(source), bytes_(source.bytes), kind_(kind) {}
 
   bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) override {
     fuzz::Demand(record.whole.at >= behind_ && record.whole.End() <= bytes_.size(), "records are in order");
@@ -40,7 +40,7 @@ class CheckingSink final : public SourceSink {
     Losses losses;
     for (const MarkKind to : {MarkKind::Plain, MarkKind::SubRip, MarkKind::WebVtt, MarkKind::SubStation, MarkKind::Sami,
                               MarkKind::MicroDvd, MarkKind::Ttml, MarkKind::Mpl2}) {
-      (void)ConvertMarks(text, kind_, to, kSeparator, losses);
+      (void)ConvertMarks({text, format_.BesideOf(source_, record)}, kind_, to, kSeparator, losses);
     }
     const Caption caption{start, end, std::move(text)};
     (void)format_.Record({caption, 1, u"\n", record.whole.In(bytes_)}, kSeparator);
@@ -54,6 +54,7 @@ class CheckingSink final : public SourceSink {
 
  private:
   const SourceFormat& format_;
+  const SourceText& source_;
   std::string_view bytes_;
   MarkKind kind_;
   std::size_t behind_ = 0;
@@ -71,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                                   : TextFile::Auto(bytes, encodings, TextFile::Untold::Unicode);
   const SourceText text{file.Bytes(), file};
   (void)SniffFormat(file.Decoded(file.Bytes().substr(0, 4096)));
-  CheckingSink sink(*format, text.bytes, MarkKindOf(identifier));
+  CheckingSink sink(*format, text, MarkKindOf(identifier));
   format->Read(text, kSeparator, sink);
   return 0;
 }

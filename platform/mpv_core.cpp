@@ -47,6 +47,19 @@ constexpr std::pair<const char*, const char*> kOptions[] = {
     {"video-timing-offset", "0"},
 };
 
+/// The numbers of a film that the library is asked for, and announces when they change.
+struct FilmNumber {
+  const char* property;
+  MpvNews::Kind kind;
+};
+constexpr FilmNumber kFilmNumbers[] = {
+    {"duration", MpvNews::Kind::Duration},
+    {"container-fps", MpvNews::Kind::FrameRate},
+    {"video-params/dw", MpvNews::Kind::Width},
+    {"video-params/dh", MpvNews::Kind::Height},
+    {"current-tracks/audio/ff-index", MpvNews::Kind::AudioTrack},
+};
+
 std::uint64_t NumberOf(std::uint64_t reply) { return reply & kNumberMask; }
 
 std::int64_t EntryOfResult(const mpv_node& node) {
@@ -83,10 +96,8 @@ MpvCore::MpvCore(const MpvApi& api, const Options& options, std::function<void(c
   }
   api_.request_log_messages(handle_, "error");
   api_.observe_property(handle_, 0, "eof-reached", MPV_FORMAT_FLAG);
-  api_.observe_property(handle_, 0, "duration", MPV_FORMAT_DOUBLE);
-  api_.observe_property(handle_, 0, "container-fps", MPV_FORMAT_DOUBLE);
+  for (const FilmNumber& number : kFilmNumbers) api_.observe_property(handle_, 0, number.property, MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "seekable", MPV_FORMAT_FLAG);
-  api_.observe_property(handle_, 0, "current-tracks/audio/ff-index", MPV_FORMAT_DOUBLE);
   api_.observe_property(handle_, 0, "vo-configured", MPV_FORMAT_FLAG);
 }
 
@@ -191,13 +202,10 @@ void MpvCore::Handle(const mpv_event& event) {
 
 void MpvCore::TellOfFile() {
   // The library announces changes only, and so nothing for a value that equals the previous file's.
-  const auto tell = [this](const char* property, MpvNews::Kind kind) {
+  for (const auto& [property, kind] : kFilmNumbers) {
     double number = 0;
     if (api_.get_property(handle_, property, MPV_FORMAT_DOUBLE, &number) >= 0) Tell({.kind = kind, .number = number});
-  };
-  tell("duration", MpvNews::Kind::Duration);
-  tell("container-fps", MpvNews::Kind::FrameRate);
-  tell("current-tracks/audio/ff-index", MpvNews::Kind::AudioTrack);
+  }
   Tell({.kind = MpvNews::Kind::Seekable, .flag = ReadFlag(api_, handle_, "seekable")});
 }
 
@@ -237,11 +245,10 @@ void MpvCore::OnEnd(const mpv_event_end_file& end) {
 
 void MpvCore::OnProperty(const mpv_event_property& property) {
   if (property.format == MPV_FORMAT_DOUBLE) {
-    const double number = *static_cast<const double*>(property.data);
-    const auto kind = std::strcmp(property.name, "duration") == 0        ? MpvNews::Kind::Duration
-                      : std::strcmp(property.name, "container-fps") == 0 ? MpvNews::Kind::FrameRate
-                                                                         : MpvNews::Kind::AudioTrack;
-    Tell({.kind = kind, .number = number});
+    for (const FilmNumber& number : kFilmNumbers) {
+      if (std::strcmp(property.name, number.property) != 0) continue;
+      Tell({.kind = number.kind, .number = *static_cast<const double*>(property.data)});
+    }
   } else if (property.format == MPV_FORMAT_FLAG) {
     const bool flag = *static_cast<const int*>(property.data) != 0;
     if (std::strcmp(property.name, "seekable") == 0) {

@@ -26,6 +26,8 @@ struct MpvNews {
     FrameRate,   ///< frames per second: `number`
     Seekable,    ///< `flag`
     AudioTrack,  ///< stream of the file that is heard: `number`
+    Width,       ///< of the picture as it is shown, in pixels: `number`
+    Height,      ///< the same
     NoPicture,   ///< nothing is shown any more, whichever file is open
   };
   Kind kind = Kind::Opened;

@@ -154,6 +154,9 @@ void MpvPlayer::Forget() {
   startAt_.reset();
   duration_ = 0;
   audioTrack_ = -1;
+  // Nothing is told of what a film hasn't: it must not keep the rate of the previous one.
+  SetFrameRate(0);
+  picture_ = {};
   wish_ = Wish::Stop;
   clock_.Hold(0, Now());
 }
@@ -328,9 +331,13 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       TellControls();
       break;
     case MpvNews::Kind::FrameRate:
-      framesPerSecond_ = news.number > 0 && news.number < kTicksASecond ? news.number : 0;
-      // A film without a known frame rate must not keep the rate of the previous film.
-      clock_.SetFrameDuration(framesPerSecond_ > 0 ? 1 / framesPerSecond_ : kUsualPicture);
+      SetFrameRate(news.number);
+      break;
+    case MpvNews::Kind::Width:
+      picture_.width = static_cast<int>(news.number);
+      break;
+    case MpvNews::Kind::Height:
+      picture_.height = static_cast<int>(news.number);
       break;
     case MpvNews::Kind::Seekable:
       seekable_ = news.flag;
@@ -341,6 +348,11 @@ void MpvPlayer::OnNews(const MpvNews& news) {
     case MpvNews::Kind::NoPicture:
       break;
   }
+}
+
+void MpvPlayer::SetFrameRate(double perSecond) {
+  framesPerSecond_ = perSecond > 0 && perSecond < kTicksASecond ? perSecond : 0;
+  clock_.SetFrameDuration(framesPerSecond_ > 0 ? 1 / framesPerSecond_ : kUsualPicture);
 }
 
 void MpvPlayer::OnOpened() {

@@ -62,6 +62,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   double CurrentPosition() const override;
   double PositionAt(double instant) const override;
   double FramesPerSecond() const override { return framesPerSecond_; }
+  PictureSize Picture() const override { return picture_; }
   void SetCurrentPosition(double seconds) override;
   Text CurrentPositionString() const override;
   double Duration() const override { return duration_; }
@@ -90,6 +91,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   void Fail(std::uint64_t load, Text text);
 
   void OnNews(const MpvNews& news);
+  void SetFrameRate(double perSecond);
   void OnOpened();
   void OnLanded(std::uint64_t seek, bool atEnd);
   void OnEndReached(std::uint64_t seek);
@@ -115,6 +117,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   int state_ = 0;
   double duration_ = 0;
   double framesPerSecond_ = 0;  // 0: not known
+  PictureSize picture_;
   int audioTrack_ = -1;
 
   std::uint64_t seek_ = 0;  // number of the newest seek

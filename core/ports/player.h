@@ -16,6 +16,14 @@ inline constexpr int kPlayerPaused = 2;
 inline constexpr int kPlayerPlaying = 3;
 inline constexpr int kPlayerTransitional = 9;
 
+/// The size of a picture in pixels.
+struct PictureSize {
+  int width = 0;
+  int height = 0;
+
+  explicit operator bool() const { return width > 0 && height > 0; }
+};
+
 /// The embedded media player. All calls and all announcements are on the window's thread.
 class Player {
  public:
@@ -60,6 +68,8 @@ class Player {
   virtual double PositionAt(double /*instant*/) const { return CurrentPosition(); }
   /// Pictures a second of the film that is open; 0 when it isn't known.
   virtual double FramesPerSecond() const { return 0; }
+  /// The film's picture as it is shown; 0 by 0 when it isn't known.
+  virtual PictureSize Picture() const { return {}; }
 
   /// The position as "MM:SS", or "H:MM:SS" from one hour on.
   virtual Text CurrentPositionString() const = 0;

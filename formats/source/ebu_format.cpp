@@ -20,6 +20,7 @@ constexpr std::size_t kCharacterTableAt = 12;
 constexpr Stretch kBlockCount = {238, 5};
 constexpr Stretch kSubtitleCount = {243, 5};
 constexpr Stretch kRowCount = {253, 2};
+constexpr Stretch kProgrammeStart = {256, 8};
 
 // A block.
 constexpr std::size_t kBlockSize = 128;
@@ -81,9 +82,7 @@ Text Widened(std::string_view bytes) {
   return text;
 }
 
-StyledText MarksIn(Text text, TextView separator) {
-  return ReadMarks({std::move(text), {}, kUsualPlace}, MarkKind::SubRip, separator);
-}
+StyledText MarksIn(Text text, TextView separator) { return ReadMarks({std::move(text)}, MarkKind::SubRip, separator); }
 
 int LinesOf(const StyledText& text, TextView separator) {
   return static_cast<int>(Split(text.Visible(), separator).size());
@@ -103,6 +102,27 @@ void EbuFormat::ReadHead(std::string_view head) {
   texts_.teletext = head[kDisplayStandardAt] == '1' || head[kDisplayStandardAt] == '2';
   const auto rows = ReadNumber(kRowCount.In(head));
   rows_ = !texts_.teletext && rows && rows->ms > 0 ? rows->ms : kTeletextRows;
+  programmeStart_ = ProgrammeStart(kProgrammeStart.In(head));
+}
+
+/// Hours, minutes, seconds and frames of two digits each; 0 where they aren't told.
+std::int32_t EbuFormat::ProgrammeStart(std::string_view digits) const {
+  std::string field;
+  for (; digits.size() >= 2; digits.remove_prefix(2)) {
+    const auto number = ReadNumber(digits.substr(0, 2));
+    if (!number || number->size != 2) return 0;
+    field += AsByte(static_cast<int>(number->ms));
+  }
+  std::int32_t ms = 0;
+  return TimeOf(field, ms) ? ms : 0;
+}
+
+bool EbuFormat::BeginsBefore(std::string_view blocks, std::int32_t ms) const {
+  for (; blocks.size() >= kBlockSize; blocks.remove_prefix(kBlockSize)) {
+    std::int32_t start = 0;
+    if (!IsNoCaption(blocks) && TimeOf(blocks.substr(kStartAt, kTimeSize), start) && start < ms) return true;
+  }
+  return false;
 }
 
 void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
@@ -110,6 +130,8 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
   size_ = bytes.size();
   if (size_ < kHeadSize) return sink.NotUnderstood(0);
   ReadHead(bytes.substr(0, kHeadSize));
+  // Times that count from the film's beginning, whatever the head says of the tape's.
+  if (BeginsBefore(bytes.substr(kHeadSize), programmeStart_)) programmeStart_ = 0;
   bool first = true;
   std::size_t at = kHeadSize;
   while (at + kBlockSize <= bytes.size()) {
@@ -135,7 +157,10 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
         record.number = Stretch::Of(at + kNumberAt, 2);
         record.start = Stretch::Of(at + kStartAt, kTimeSize);
         record.end = Stretch::Of(at + kEndAt, kTimeSize);
-        if (!sink.Add(start, stop, TextOf(record.whole.In(bytes), separator), record)) return;
+        if (!sink.Add(start - programmeStart_, std::max(stop - programmeStart_, 0),
+                      TextOf(record.whole.In(bytes), separator), record)) {
+          return;
+        }
       } else {
         sink.NotUnderstood(at);
       }
@@ -159,7 +184,8 @@ bool EbuFormat::TimeOf(std::string_view field, std::int32_t& ms) const {
 std::string EbuFormat::TimeField(std::int32_t ms, std::string_view) const {
   // The last time that a field can tell.
   const std::int64_t last = std::int64_t{24} * 3600 * rate_ - 1;
-  const std::int64_t frames = std::min(Nearest(std::int64_t{std::max(ms, 0)} * rate_, 1000), last);
+  const std::int64_t onTape = std::int64_t{std::max(ms, 0)} + programmeStart_;
+  const std::int64_t frames = std::min(Nearest(onTape * rate_, 1000), last);
   const auto seconds = static_cast<int>(frames / rate_);
   return {AsByte(seconds / 3600), AsByte(seconds / 60 % 60), AsByte(seconds % 60),
           AsByte(static_cast<int>(frames % rate_))};

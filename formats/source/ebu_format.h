@@ -26,6 +26,9 @@ class EbuFormat final : public SourceFormat {
 
  private:
   void ReadHead(std::string_view head);
+  std::int32_t ProgrammeStart(std::string_view digits) const;
+  /// A caption in these blocks begins before a time.
+  bool BeginsBefore(std::string_view blocks, std::int32_t ms) const;
   /// The bytes of one text field behind the other, without what is unused.
   std::string FieldOf(std::string_view blocks) const;
   Text TextOf(std::string_view blocks, TextView separator) const;
@@ -38,6 +41,7 @@ class EbuFormat final : public SourceFormat {
   EbuTexts texts_;
   int rate_ = 25;
   int rows_ = 23;
+  std::int32_t programmeStart_ = 0;  ///< ms; times in the file count from here on
   int firstNumber_ = 0;
   std::size_t size_ = 0;  // of the file
 };

@@ -4,9 +4,9 @@ namespace cuewright {
 
 std::string_view NameOf(Loss kind) {
   constexpr std::array<std::string_view, kLossKinds> kNames = {
-      "bold",     "italics",        "underline",     "strike-through", "colours",       "speakers",
-      "position", "exact position", "fonts",         "sizes",          "karaoke times", "ruby",
-      "drawings", "effects",        "style classes", "remarks",        "other marks"};
+      "bold",           "italics", "underline", "strike-through", "colours",    "speakers", "position",
+      "exact position", "fonts",   "sizes",     "karaoke times",  "ruby",       "drawings", "effects",
+      "style classes",  "remarks", "times",     "line breaks",    "other marks"};
   return kNames[static_cast<std::size_t>(kind)];
 }
 

@@ -7,7 +7,7 @@
 
 namespace cuewright {
 
-/// What a caption's marks say that another format may have no marks for.
+/// What a caption has that another format may have no means for.
 enum class Loss : std::size_t {
   Bold,
   Italic,
@@ -25,14 +25,16 @@ enum class Loss : std::size_t {
   Effect,  ///< borders, turns, fades, movements
   Class,   ///< a style that the file names elsewhere
   Remark,  ///< words that no viewer shows
-  Other,
+  Times,
+  LineBreak,
+  Other,  ///< marks
 };
 
 /// What a kind is called in English, as "colours".
 std::string_view NameOf(Loss kind);
 inline constexpr std::size_t kLossKinds = static_cast<std::size_t>(Loss::Other) + 1;
 
-/// The kinds of marks that one caption has or loses.
+/// What one caption has or loses.
 class LossSet {
  public:
   void Add(Loss kind) { kinds_.set(static_cast<std::size_t>(kind)); }
@@ -43,7 +45,7 @@ class LossSet {
   std::bitset<kLossKinds> kinds_;
 };
 
-/// How many captions lose marks of each kind.
+/// How many captions lose what.
 class Losses {
  public:
   std::size_t Of(Loss kind) const { return counts_[static_cast<std::size_t>(kind)]; }

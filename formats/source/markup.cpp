@@ -78,6 +78,7 @@ WholeStyles TakeCommonStyles(std::vector<StyledRun>& runs) {
 
 bool PlaceIsInTheText(MarkKind kind) { return kind == MarkKind::SubRip || kind == MarkKind::SubStation; }
 bool PlaceIsBeside(MarkKind kind) { return kind == MarkKind::WebVtt || kind == MarkKind::Ttml; }
+bool SpeakerIsBeside(MarkKind kind) { return kind == MarkKind::SubStation || kind == MarkKind::Ttml; }
 
 }  // namespace
 
@@ -145,8 +146,8 @@ StyledText ReadRuns(TextView text, MarkKind kind, TextView separator, std::vecto
 
 StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator) {
   StyledText beside;
-  beside.speaker = text.speaker;
-  beside.place = text.place;
+  beside.speaker = text.beside.speaker;
+  beside.place = text.beside.place;
   StyledText result = ReadRuns(text.text, kind, separator, nullptr, std::move(beside));
   JoinAcrossSeparators(result.runs, separator);
   return result;
@@ -160,8 +161,8 @@ MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator,
   if (!text.speaker.empty()) {
     if (kind == MarkKind::WebVtt) {
       result.text = u"<v " + text.speaker + u">" + result.text;
-    } else if (kind == MarkKind::SubStation) {
-      result.speaker = text.speaker;
+    } else if (SpeakerIsBeside(kind)) {
+      result.beside.speaker = text.speaker;
     } else {
       lost.Add(Loss::Speaker);
     }
@@ -170,7 +171,7 @@ MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator,
     if (PlaceIsInTheText(kind)) {
       result.text = u"{\\an" + Decimal(text.place) + u"}" + result.text;
     } else if (PlaceIsBeside(kind)) {
-      result.place = text.place;
+      result.beside.place = text.place;
     } else {
       lost.Add(Loss::Position);
     }
@@ -187,7 +188,7 @@ MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator,
 
 MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses) {
   const bool plain = !HasMarks(text.text, from) && !LooksMarked(text.text, to);
-  if (from == to || (plain && text.speaker.empty() && text.place == kUsualPlace)) return text;
+  if (from == to || (plain && !text.beside.Any())) return text;
   const StyledText styled = ReadMarks(text, from, separator);
   LossSet lost = styled.others;
   MarkedText converted = WriteMarks(styled, to, separator, lost);
@@ -195,11 +196,11 @@ MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, Text
   return converted;
 }
 
-Text ConvertMarks(TextView text, MarkKind from, MarkKind to, TextView separator, Losses& losses) {
-  MarkedText converted = ConvertMarks(MarkedText{Text(text), {}, kUsualPlace}, from, to, separator, losses);
+Text ConvertWithin(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses) {
+  MarkedText converted = ConvertMarks(text, from, to, separator, losses);
   LossSet beside;
-  if (!converted.speaker.empty()) beside.Add(Loss::Speaker);
-  if (converted.place != kUsualPlace) beside.Add(Loss::Position);
+  if (!converted.beside.speaker.empty()) beside.Add(Loss::Speaker);
+  if (converted.beside.place != kUsualPlace) beside.Add(Loss::Position);
   losses.AddCaption(beside);
   return std::move(converted.text);
 }
@@ -211,7 +212,7 @@ Text VisibleText(TextView text, MarkKind kind, TextView separator, std::vector<T
 
 Text VisibleText(TextView text, MarkKind kind, TextView separator) {
   if (!HasMarks(text, kind)) return Text(text);
-  return ReadMarks(MarkedText{Text(text), {}, kUsualPlace}, kind, separator).Visible();
+  return ReadMarks(MarkedText{Text(text)}, kind, separator).Visible();
 }
 
 }  // namespace cuewright

@@ -4,6 +4,7 @@
 
 #include "core/caption_marks.h"
 #include "core/styled_text.h"
+#include "formats/source/beside.h"
 #include "formats/source/losses.h"
 #include "text/text.h"
 
@@ -26,25 +27,24 @@ struct StyledText {
   Text Visible() const;
 };
 
-/// A text with what some formats keep outside of it: who speaks, and the place on the picture.
+/// A text with what some formats keep outside of it.
 struct MarkedText {
   Text text;
-  Text speaker;
-  int place = kUsualPlace;
+  Beside beside{};
 };
 
 /// What the marks of a text mean.
 StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator);
 
-/// A caption in the marks of a kind; `lost` gets what it can't hold. The speaker is beside the text in SubStation, the
-/// place is in WebVTT and TTML; the caller takes them to where the format has them.
+/// A caption in the marks of a kind; `lost` gets what it can't hold. The speaker is beside the text in SubStation and
+/// TTML, the place is in WebVTT and TTML; the caller takes them to where the format has them.
 MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator, LossSet& lost);
 
 /// A text with the marks of another kind, and what lies beside it.
 MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
 
-/// The same where nothing is kept beside the text: what would be is lost.
-Text ConvertMarks(TextView text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
+/// The same for a record that has no room beside the text: what belongs there is lost.
+Text ConvertWithin(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
 
 /// The text as `VisibleText` gives it, but for the names of speakers that are told in it; `places` gets where each of
 /// its units stands in the text given.

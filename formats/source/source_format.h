@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "formats/source/beside.h"
 #include "formats/source/source_lines.h"
 #include "formats/source/source_settings.h"
 #include "text/text.h"
@@ -95,6 +96,11 @@ class SourceFormat {
   virtual Text TextField(TextView text, TextView separator, TextView lineEnd) const = 0;
   /// A whole record with the line ends that belong to it.
   virtual Text Record(const NewRecord& record, TextView separator) const = 0;
+
+  /// Records of this file say who speaks or where a caption stands.
+  virtual bool TellsBeside() const { return false; }
+  /// What a record of the file says beside its text.
+  virtual Beside BesideOf(const SourceText& /*text*/, const SourceRecord& /*record*/) const { return {}; }
 
   /// The start and end of a record depend on each other or on the neighbours: a change of one writes all fields anew.
   virtual bool TimesAreLinked() const { return false; }

@@ -45,11 +45,18 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
   rules_ = std::move(rules);
 }
 
+MarkKind MarksOf(const SourceMap* map) { return map == nullptr ? MarkKind::SubRip : MarkKindOf(map->Format()); }
+
 JournalSource KeptSource(const SourceMap& map) {
   const DocumentEncoding& encoding = map.File().Encoding();
   const Text& name = map.CaptionClass();
   const Text format = name.empty() ? map.Format() : map.Format() + Text(kBeforeClass) + name;
   return {format, map.Fps().AsGiven(), encoding.codePage, encoding.mark, std::string(map.Bytes())};
+}
+
+Beside SourceMap::BesideOf(std::uint32_t origin) const {
+  if (origin == 0 || origin > pieces_.size() || !rules_->TellsBeside()) return {};
+  return rules_->BesideOf({Bytes(), file_}, pieces_[origin - 1].record);
 }
 
 bool SourceMap::SameText(const Piece& piece, const Caption& caption) { return piece.textHash == HashOf(caption.text); }

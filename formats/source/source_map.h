@@ -11,6 +11,7 @@
 #include "core/caption_list.h"
 #include "core/frame_rate.h"
 #include "core/journal.h"
+#include "formats/source/markup.h"
 #include "formats/source/source_format.h"
 #include "text/text.h"
 #include "text/text_file.h"
@@ -62,6 +63,9 @@ class SourceMap {
   /// CR LF, LF or CR: what ends the first line.
   TextView LineEnd() const { return lineEnd_; }
 
+  /// What the record of this number says beside its text; nothing for a caption that stands in none.
+  Beside BesideOf(std::uint32_t origin) const;
+
   /// The caption's text is the one that was read.
   static bool SameText(const Piece& piece, const Caption& caption);
 
@@ -80,6 +84,9 @@ class SourceMap {
   std::vector<Piece> pieces_;
   std::vector<std::uint32_t> notUnderstood_;
 };
+
+/// Whose marks stand in texts of this file. Without one, null, they are the tags that people know.
+MarkKind MarksOf(const SourceMap* map);
 
 /// What parts the format from the class of captions in the name that a journal keeps.
 inline constexpr TextView kBeforeClass = u":";

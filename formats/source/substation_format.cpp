@@ -1,6 +1,7 @@
 #include "formats/source/substation_format.h"
 
 #include <array>
+#include <charconv>
 #include <optional>
 
 #include "formats/source/clock_field.h"
@@ -13,6 +14,10 @@ namespace {
 constexpr std::string_view kDialogue = "Dialogue:";
 constexpr std::string_view kColumnsV4 = "Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text";
 constexpr std::string_view kColumnsV4Plus = "Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text";
+/// Where styles have their alignment unless a "Format:" line says otherwise.
+constexpr std::size_t kAlignmentV4 = 12;
+constexpr std::size_t kAlignmentV4Plus = 18;
+constexpr int kHighestPlace = 9;
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
@@ -55,6 +60,8 @@ struct Event {
   Stretch start;
   Stretch end;
   Stretch text;
+  Stretch style;
+  Stretch speaker;
   ClockField startTime;
   ClockField endTime;
 };
@@ -84,6 +91,8 @@ std::optional<Event> EventIn(std::string_view line, const EventColumns& columns)
     if (i == columns.start) event.start = TrimmedStretch(line, field);
     if (i == columns.end) event.end = TrimmedStretch(line, field);
     if (i == columns.text) event.text = field;
+    if (i == columns.style) event.style = TrimmedStretch(line, field);
+    if (i == columns.speaker) event.speaker = TrimmedStretch(line, field);
   });
   if (!whole) return {};
   const auto start = ReadClock(event.start.In(line));
@@ -95,6 +104,35 @@ std::optional<Event> EventIn(std::string_view line, const EventColumns& columns)
   event.end = Stretch::Of(event.end.at, end->size);
   return event;
 }
+
+/// The field of a list with commas; empty where it ends before.
+std::string_view FieldAt(std::string_view list, std::size_t index) {
+  for (; index > 0; --index) {
+    const std::size_t comma = list.find(',');
+    if (comma == std::string_view::npos) return {};
+    list.remove_prefix(comma + 1);
+  }
+  return Trimmed(list.substr(0, list.find(',')));
+}
+
+int ReadAlignment(std::string_view digits) {
+  int number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return number;
+}
+
+/// Version 4 counts 1 to 3 from left to right, and adds 4 at the top and 8 in the middle.
+int PlaceOfOldAlignment(int alignment) {
+  const int column = (alignment & 3) - 2;
+  if (column < -1) return kUsualPlace;
+  return PlaceAt((alignment & 8) != 0 ? 1 : (alignment & 4) != 0 ? 2 : 0, column);
+}
+
+/// Some programs put an asterisk in front of the name of a style.
+std::string_view StyleName(std::string_view name) { return name.starts_with('*') ? name.substr(1) : name; }
+
+/// Scripts of version 4 have "NTP" where nobody is named.
+bool NamesNobody(std::string_view speaker) { return speaker.empty() || speaker == "NTP"; }
 
 /// Lines of the events that are no captions and have a meaning of their own.
 bool IsOtherEvent(std::string_view line) {
@@ -135,13 +173,45 @@ EventColumns::EventColumns(std::string_view list) {
     if (Same(name, "Start")) start = place;
     if (Same(name, "End")) end = place;
     if (Same(name, "Text")) text = place;
+    if (Same(name, "Style")) style = place;
+    if (Same(name, "Name") || Same(name, "Actor")) speaker = place;
     names.emplace_back(name);
     if (comma == std::string_view::npos) return;
     at = comma + 1;
   }
 }
 
-SubStationFormat::SubStationFormat(SubStationVersion version) : columns_(DefaultColumns(version)) {}
+SubStationFormat::SubStationFormat(SubStationVersion version)
+    : version_(version),
+      columns_(DefaultColumns(version)),
+      alignmentColumn_(version == SubStationVersion::V4 ? kAlignmentV4 : kAlignmentV4Plus) {}
+
+void SubStationFormat::ReadStyle(std::string_view line) {
+  const std::string_view name = StyleName(Trimmed(line.substr(0, line.find(','))));
+  hasStyles_ = true;
+  hasDefaultStyle_ = hasDefaultStyle_ || Same(name, "Default");
+  const int alignment = ReadAlignment(FieldAt(line, alignmentColumn_));
+  const int place = version_ == SubStationVersion::V4 ? PlaceOfOldAlignment(alignment) : alignment;
+  if (place != kUsualPlace && place >= 1 && place <= kHighestPlace) placed_.emplace_back(name, place);
+}
+
+int SubStationFormat::PlaceOfStyle(std::string_view name) const {
+  for (const auto& [style, place] : placed_) {
+    if (style == StyleName(name)) return place;
+  }
+  return kUsualPlace;
+}
+
+Beside SubStationFormat::BesideOf(const SourceText& text, const SourceRecord& record) const {
+  SourceLines lines(record.whole.In(text.bytes));
+  SourceLine line;
+  if (!lines.Next(line)) return {};
+  const auto event = EventIn(line.text, columns_);
+  if (!event) return {};
+  const std::string_view speaker = event->speaker.In(line.text);
+  const int place = PlaceOfStyle(event->style.In(line.text));
+  return {NamesNobody(speaker) ? Text() : text.file.Decoded(speaker), place};
+}
 
 void SubStationFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   SourceLines lines(text.bytes);
@@ -164,16 +234,19 @@ void SubStationFormat::Read(const SourceText& text, TextView separator, SourceSi
                           Moved(event->start, line.at),
                           Moved(event->end, line.at),
                           Moved(event->text, line.at)};
+      tellsBeside_ = tellsBeside_ || !NamesNobody(event->speaker.In(line.text)) ||
+                     (!placed_.empty() && PlaceOfStyle(event->style.In(line.text)) != kUsualPlace);
       Text caption = text.Decoded(record.text);
       DecodeEventText(caption, separator, closesWholeStyles_);
       if (!sink.Add(event->startTime.ms, event->endTime.ms, std::move(caption), record)) return;
     } else if (BeginsWith(line.text, "Format:")) {
       EventColumns columns(line.text.substr(7));
+      for (std::size_t i = 0; i < columns.names.size(); ++i) {
+        if (Same(columns.names[i], "Alignment")) alignmentColumn_ = i;
+      }
       if (columns.Complete()) columns_ = std::move(columns);
     } else if (BeginsWith(line.text, "Style:")) {
-      hasStyles_ = true;
-      const std::string_view name = Trimmed(line.text.substr(6, line.text.find(',') - 6));
-      hasDefaultStyle_ = hasDefaultStyle_ || Same(name, "Default") || Same(name, "*Default");
+      ReadStyle(line.text.substr(6));
     } else if (section == Section::Events && !Trimmed(line.text).empty() && !IsOtherEvent(line.text)) {
       sink.NotUnderstood(line.at);
     }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "formats/source/source_format.h"
@@ -17,6 +18,8 @@ struct EventColumns {
   std::size_t start = kNone;
   std::size_t end = kNone;
   std::size_t text = kNone;
+  std::size_t style = kNone;
+  std::size_t speaker = kNone;
 
   /// The columns that a list with commas names.
   explicit EventColumns(std::string_view list);
@@ -35,9 +38,18 @@ class SubStationFormat final : public SourceFormat {
   std::string TimeField(std::int32_t ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
+  bool TellsBeside() const override { return tellsBeside_; }
+  Beside BesideOf(const SourceText& text, const SourceRecord& record) const override;
 
  private:
+  void ReadStyle(std::string_view line);
+  int PlaceOfStyle(std::string_view name) const;
+
+  SubStationVersion version_;
   EventColumns columns_;
+  std::size_t alignmentColumn_;                        ///< of the styles
+  std::vector<std::pair<std::string, int>> placed_{};  ///< the styles whose captions stand elsewhere than usual
+  bool tellsBeside_ = false;
   bool hasDefaultStyle_ = false;
   bool hasStyles_ = false;
   bool closesWholeStyles_ = true;  ///< as the file's last caption did whose style covers all of it

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "formats/source/clock_field.h"
-#include "formats/source/ttml_text.h"
+#include "formats/source/ttml_layout.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -16,10 +16,7 @@ constexpr std::string_view kBlanks = " \t\r\n";
 /// Elements within elements that are followed.
 constexpr int kDeepest = 100;
 
-std::string_view LocalName(std::string_view name) {
-  const std::size_t colon = name.find(':');
-  return colon == std::string_view::npos ? name : name.substr(colon + 1);
-}
+std::string_view LocalName(std::string_view name) { return TtmlLayout::LocalName(name); }
 
 /// A tag of a file whose start, up to the name, is known: its attributes with their places.
 class TagPlaces {
@@ -116,13 +113,14 @@ Stretch WithItsLine(std::string_view bytes, std::size_t open, std::size_t behind
 struct Around {
   std::int32_t offset = 0;
   XmlSpace space = XmlSpace::Default;
+  Beside beside{};
 };
 
 /// Walks through the elements of a file and hands its paragraphs on.
 class Walk {
  public:
-  Walk(const SourceText& text, TextView separator, SourceSink& sink, const TtmlClock& clock)
-      : text_(text), separator_(separator), sink_(sink), clock_(clock) {}
+  Walk(const SourceText& text, TextView separator, SourceSink& sink, const TtmlClock& clock, const TtmlLayout& layout)
+      : text_(text), separator_(separator), sink_(sink), clock_(clock), layout_(layout) {}
 
   void Children(const pugi::xml_node& node, const Around& around, int depth) {
     for (const pugi::xml_node& child : node.children()) {
@@ -131,7 +129,7 @@ class Walk {
       const std::string_view name = LocalName(child.name());
       const Around inside = InsideOf(child, around);
       if (name == "p") {
-        stopped_ = !TakeParagraph(child, around, inside.space);
+        stopped_ = !TakeParagraph(child, around, inside);
       } else if (name == "body" || name == "div" || name == "tt") {
         Children(child, inside, depth + 1);
       }
@@ -139,22 +137,24 @@ class Walk {
   }
 
   std::int32_t Offset() const { return offset_; }
+  std::unordered_map<std::uint32_t, Beside> TakeBeside() { return std::move(beside_); }
 
  private:
   Around InsideOf(const pugi::xml_node& node, Around around) const {
+    layout_.Read(node, around.beside);
     if (const auto begin = clock_.Ms(node.attribute("begin").value())) around.offset += *begin;
     const std::string_view space = node.attribute("xml:space").value();
     if (!space.empty()) around.space = space == "preserve" ? XmlSpace::Preserve : XmlSpace::Default;
     return around;
   }
 
-  bool TakeParagraph(const pugi::xml_node& node, const Around& around, XmlSpace space) {
+  bool TakeParagraph(const pugi::xml_node& node, const Around& around, const Around& inside) {
     const auto nameAt = static_cast<std::size_t>(node.offset_debug());
     const Paragraph places = PlacesOf(text_.bytes, nameAt, node.name());
     const auto begin = clock_.Ms(places.begin.In(text_.bytes));
     const auto end = clock_.Ms(places.end.In(text_.bytes));
     const auto duration = clock_.Ms(places.duration.In(text_.bytes));
-    Text caption = ParagraphToText(text_.Decoded(places.inner), space, separator_);
+    Text caption = ParagraphToText(text_.Decoded(places.inner), inside.space, separator_);
     if (!begin || (!end && !duration)) {
       // Paragraphs without times and text are usual as spacers.
       if (!caption.empty()) sink_.NotUnderstood(nameAt);
@@ -165,6 +165,7 @@ class Walk {
     // An end that is reckoned from a duration changes with the whole record.
     if (end) record.end = places.end;
     if (places.inner.at != places.behind) record.text = places.inner;
+    if (inside.beside.Any()) beside_.emplace(record.whole.at, inside.beside);
     return sink_.Add(around.offset + *begin, around.offset + (end ? *end : *begin + *duration), std::move(caption),
                      record);
   }
@@ -173,6 +174,8 @@ class Walk {
   TextView separator_;
   SourceSink& sink_;
   const TtmlClock& clock_;
+  const TtmlLayout& layout_;
+  std::unordered_map<std::uint32_t, Beside> beside_;
   std::int32_t offset_ = 0;
   bool stopped_ = false;
 };
@@ -225,12 +228,16 @@ void TtmlFormat::Read(const SourceText& text, TextView separator, SourceSink& si
       document.load_buffer(text.bytes.data(), text.bytes.size(), pugi::parse_minimal, pugi::encoding_utf8);
   const pugi::xml_node root = document.document_element();
   clock_ = ClockOf(root);
-  if (const auto prefix = StylePrefix(root)) stylePrefix_ = *prefix;
+  const auto prefix = StylePrefix(root);
+  names_.declaresStyles = prefix.has_value();
+  if (prefix) names_.style = *prefix;
   const std::string_view name = root.name();
-  elementPrefix_ = FromUtf8(name.substr(0, name.size() - LocalName(name).size()));
-  Walk walk(text, separator, sink, clock_);
+  names_.element = FromUtf8(name.substr(0, name.size() - LocalName(name).size()));
+  const TtmlLayout layout(root);
+  Walk walk(text, separator, sink, clock_, layout);
   if (LocalName(name) == "tt") walk.Children(root, {}, 0);
   offset_ = walk.Offset();
+  beside_ = walk.TakeBeside();
   // A file that ends too soon breaks off behind its last byte.
   const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
   if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(std::min(place, text.bytes.size()));
@@ -241,7 +248,12 @@ std::string TtmlFormat::TimeField(std::int32_t ms, std::string_view old) const {
 }
 
 Text TtmlFormat::TextField(TextView text, TextView separator, TextView) const {
-  return TextToParagraph(text, separator, elementPrefix_, stylePrefix_);
+  return TextToParagraph(text, separator, names_);
+}
+
+Beside TtmlFormat::BesideOf(const SourceText&, const SourceRecord& record) const {
+  const auto hit = beside_.find(record.whole.at);
+  return hit == beside_.end() ? Beside() : hit->second;
 }
 
 Text TtmlFormat::Record(const NewRecord& record, TextView separator) const {
@@ -257,7 +269,7 @@ Text TtmlFormat::Record(const NewRecord& record, TextView separator) const {
     const bool own = name == "begin" || name == "end" || name == "dur" || name == "xml:id" || name == "id";
     if (!own) tag += " " + std::string(name) + "=\"" + std::string(value.In(record.neighbour)) + "\"";
   }
-  const Text element = elementPrefix_ + u"p";
+  const Text element = names_.element + u"p";
   Text result = FromUtf8(record.neighbour.substr(0, open)) + u"<" + element + u" begin=\"" +
                 FromUtf8(TimeField(record.caption.start, begin)) + u"\" end=\"" +
                 FromUtf8(TimeField(record.caption.end, begin)) + u"\"" + FromUtf8(tag) + u">";

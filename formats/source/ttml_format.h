@@ -1,9 +1,11 @@
 #pragma once
 
-#include <string>
+#include <cstdint>
 #include <string_view>
+#include <unordered_map>
 
 #include "formats/source/source_format.h"
+#include "formats/source/ttml_text.h"
 #include "formats/source/ttml_time.h"
 
 namespace cuewright {
@@ -16,12 +18,15 @@ class TtmlFormat final : public SourceFormat {
   std::string TimeField(std::int32_t ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
+  bool TellsBeside() const override { return !beside_.empty(); }
+  Beside BesideOf(const SourceText& text, const SourceRecord& record) const override;
 
  private:
   TtmlClock clock_;
-  Text elementPrefix_;          ///< of paragraphs, with its colon
-  Text stylePrefix_ = u"tts:";  ///< of styles
-  std::int32_t offset_ = 0;     ///< ms at which the element around the paragraphs begins
+  TtmlNames names_;
+  std::int32_t offset_ = 0;  ///< ms at which the element around the paragraphs begins
+  std::unordered_map<std::uint32_t, Beside>
+      beside_;  ///< by the place of the paragraph's record, where it says something
 };
 
 }  // namespace cuewright

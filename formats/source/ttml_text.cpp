@@ -147,16 +147,18 @@ Text ParagraphToText(Text inner, XmlSpace space, TextView separator) {
   return text;
 }
 
-Text TextToParagraph(TextView text, TextView separator, TextView element, TextView style) {
+Text TextToParagraph(TextView text, TextView separator, const TtmlNames& names) {
   Text inner(text);
   const WholeStyles styles = TakeMarkers(inner);
-  inner = ReplaceAll(EncodeNames(inner), separator, u"<" + Text(element) + u"br/>");
+  inner = ReplaceAll(EncodeNames(inner), separator, u"<" + names.element + u"br/>");
   if (!styles.Any()) return inner;
-  Text span = u"<" + Text(element) + u"span";
+  Text span = u"<" + names.element + u"span";
+  const TextView prefix = TextView(names.style).substr(0, names.style.size() - 1);
+  if (!names.declaresStyles) span += u" xmlns:" + Text(prefix) + u"=\"" + Text(kTtmlStyling) + u"\"";
   for (const auto& [attribute, value, flag] : kSpanStyles) {
-    if (styles.*flag) span += u" " + Text(style) + Text(attribute) + u"=\"" + Text(value) + u"\"";
+    if (styles.*flag) span += u" " + names.style + Text(attribute) + u"=\"" + Text(value) + u"\"";
   }
-  return span + u">" + inner + u"</" + Text(element) + u"span>";
+  return span + u">" + inner + u"</" + names.element + u"span>";
 }
 
 }  // namespace cuewright

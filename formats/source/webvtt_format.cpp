@@ -5,6 +5,7 @@
 
 #include "formats/source/character_names.h"
 #include "formats/source/clock_field.h"
+#include "formats/source/cue_settings.h"
 #include "formats/source/whole_styles.h"
 #include "text/digits.h"
 #include "text/utf8.h"
@@ -69,6 +70,7 @@ class WebVttReader {
       if (!line.text.empty()) ReadBlock(line);
     }
   }
+  bool HasSettings() const { return hasSettings_; }
 
  private:
   /// A block ends in front of an empty line and of a line with an arrow, which begins another cue.
@@ -112,6 +114,7 @@ class WebVttReader {
     JoinLines(cue, separator_);
     DecodeNames(cue);
     TagsToMarkers(cue, separator_);
+    hasSettings_ = hasSettings_ || SkipBlanks(times.text, timing.endAt + timing.end.size) < times.text.size();
     goOn_ = sink_.Add(timing.start.ms, timing.end.ms, std::move(cue), record);
   }
 
@@ -153,13 +156,22 @@ class WebVttReader {
   SourceLines lines_;
   int count_ = 0;
   bool goOn_ = true;
+  bool hasSettings_ = false;
 };
 
 }  // namespace
 
 void WebVttFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   namesHardBlanks_ = text.bytes.find("&nbsp;") != std::string_view::npos;
-  WebVttReader(text, separator, sink).Read();
+  WebVttReader reader(text, separator, sink);
+  reader.Read();
+  hasSettings_ = reader.HasSettings();
+}
+
+Beside WebVttFormat::BesideOf(const SourceText& text, const SourceRecord& record) const {
+  std::string_view settings = text.bytes.substr(record.end.End());
+  settings = settings.substr(0, settings.find_first_of("\r\n"));
+  return {{}, PlaceOfCue(settings)};
 }
 
 std::string WebVttFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }

@@ -16,8 +16,11 @@ class WebVttFormat final : public SourceFormat {
   std::string TimeField(std::int32_t ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
+  bool TellsBeside() const override { return hasSettings_; }
+  Beside BesideOf(const SourceText& text, const SourceRecord& record) const override;
 
  private:
+  bool hasSettings_ = false;      ///< cues say where they stand
   bool namesHardBlanks_ = false;  ///< the file has "&nbsp;"
 };
 

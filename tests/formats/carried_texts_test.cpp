@@ -78,5 +78,16 @@ TEST(CarriedTexts, AreNotTouchedInTheClassicManner) {
   EXPECT_FALSE(rig.exporter.Lost().Any());
 }
 
+TEST(CarriedTexts, WhatHasNoFieldIsCounted) {
+  for (const auto& [format, times, breaks] :
+       {std::tuple<TextView, std::size_t, std::size_t>{u"PLAINTEXT", 4, 0}, {u"KARAOKELRC", 0, 1}, {u"SAMI", 0, 0}}) {
+    FormatRig rig;
+    rig.Open("a.srt", kSubRipFile);
+    (void)rig.Save(format);
+    EXPECT_EQ(rig.exporter.Lost().Of(Loss::Times), times) << ToUtf8(format);
+    EXPECT_EQ(rig.exporter.Lost().Of(Loss::LineBreak), breaks) << ToUtf8(format);
+  }
+}
+
 }  // namespace
 }  // namespace cuewright::testing

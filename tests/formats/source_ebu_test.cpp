@@ -63,6 +63,18 @@ TEST(EbuFile, TheRateIsThatOfTheHead) {
   EXPECT_EQ(rig.Rows(), (Rows{{12333, 15167, u"x"}}));
 }
 
+TEST(EbuFile, TimesCountFromTheStartOfTheProgramme) {
+  std::string head = Head(1, 1);
+  head.replace(256, 8, "10000000");
+  const std::string start("\x0A\0\x0C\x0A", 4);
+  const std::string end("\x0A\0\x0F\x05", 4);
+  const SourceRig rig(u"EBUSTL", head + Bytes({"x", 1, 0xFF, start, end}));
+  EXPECT_EQ(rig.Rows(), (Rows{{12400, 15200, u"x"}}));
+  EXPECT_EQ(rig.WithStart(0, 13000), head + Bytes({"x", 1, 0xFF, std::string("\x0A\0\x0D\0", 4), end}));
+  // The head may tell the tape's start though the captions count from 0.
+  EXPECT_EQ(SourceRig(u"EBUSTL", head + Bytes({"x"})).Rows(), (Rows{{12400, 15200, u"x"}}));
+}
+
 TEST(EbuFile, LatinLettersHaveTheirAccentInFront) {
   EXPECT_EQ(TextIn("Caf\xC2"
                    "e \xC8"

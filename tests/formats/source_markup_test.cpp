@@ -26,7 +26,7 @@ std::vector<Loss> Kinds(const Losses& losses) {
 void Expect(const std::vector<Case>& cases) {
   for (const Case& row : cases) {
     Losses losses;
-    EXPECT_EQ(ConvertMarks(row.text, row.from, row.to, u"|", losses), row.converted);
+    EXPECT_EQ(ConvertWithin({Text(row.text)}, row.from, row.to, u"|", losses), row.converted);
     EXPECT_EQ(Kinds(losses), row.lost) << ::testing::PrintToString(Text(row.text));
   }
 }
@@ -68,7 +68,7 @@ TEST(Markup, MarkersMeanTheWholeCaptionInEveryKind) {
   for (const MarkKind from : {Plain, SubRip, WebVtt, SubStation, Sami, MicroDvd, Ttml, Mpl2}) {
     for (const MarkKind to : {SubRip, WebVtt, SubStation, Sami, MicroDvd, Ttml, Mpl2}) {
       Losses losses;
-      EXPECT_EQ(ConvertMarks(u"<i>a|b", from, to, u"|", losses), u"<i>a|b");
+      EXPECT_EQ(ConvertWithin({u"<i>a|b"}, from, to, u"|", losses), u"<i>a|b");
       EXPECT_FALSE(losses.Any());
     }
     EXPECT_EQ(VisibleText(u"<b>a|b", from, u"|"), u"a|b");
@@ -104,12 +104,13 @@ TEST(Markup, WhatTheTargetLacksIsTold) {
 
 TEST(Markup, WhatLiesBesideTheTextIsHandedOver) {
   Losses losses;
-  const MarkedText cue = ConvertMarks({u"a", u"Ann", 8}, MarkKind::SubStation, MarkKind::WebVtt, u"|", losses);
+  const MarkedText cue = ConvertMarks({u"a", {u"Ann", 8}}, MarkKind::SubStation, MarkKind::WebVtt, u"|", losses);
   EXPECT_EQ(cue.text, u"<v Ann>a");
-  EXPECT_EQ(cue.place, 8);
-  const MarkedText event = ConvertMarks({u"<v Ann>a", {}, 8}, MarkKind::WebVtt, MarkKind::SubStation, u"|", losses);
+  EXPECT_EQ(cue.beside.place, 8);
+  EXPECT_EQ(cue.beside.speaker, u"");
+  const MarkedText event = ConvertMarks({u"<v Ann>a", {{}, 8}}, MarkKind::WebVtt, MarkKind::SubStation, u"|", losses);
   EXPECT_EQ(event.text, u"{\\an8}a");
-  EXPECT_EQ(event.speaker, u"Ann");
+  EXPECT_EQ(event.beside.speaker, u"Ann");
   EXPECT_FALSE(losses.Any());
 }
 

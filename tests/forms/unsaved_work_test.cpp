@@ -189,7 +189,13 @@ TEST_F(QuestionBeforeLoss, ComesWhereAPlainTextLeftTheTimesOut) {
   Type(u"a night's work");
   ChooseFormat(u"PLAINTEXT");
   dialogs.paths = {folder / "copy.txt"};
+  Text told;
+  program->saveCheck.dialog.Opened.Connect([&] {
+    told = program->saveCheck.dialog.txtList.GetText();
+    program->saveCheck.dialog.cmdSave.Click();
+  });
   EXPECT_TRUE(program->documentFiles.SaveAs());
+  EXPECT_EQ(ToUtf8(told), "Plain text can't hold times; captions that lose them: 3");
   EXPECT_NE(folder.Read("copy.txt").find("a night's work"), std::string::npos);
   EXPECT_TRUE(Asks());
 }

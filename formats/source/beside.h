@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/styled_text.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// What some formats keep beside the text of a caption.
+struct Beside {
+  Text speaker;
+  int place = kUsualPlace;
+
+  bool Any() const { return !speaker.empty() || place != kUsualPlace; }
+};
+
+/// The place by its row on the picture, 0 at the bottom to 2 at the top, and its column, -1 left to 1 right.
+constexpr int PlaceAt(int row, int column) { return row * 3 + column + 2; }
+constexpr int RowOfPlace(int place) { return (place - 1) / 3; }
+constexpr int ColumnOfPlace(int place) { return (place - 1) % 3 - 1; }
+
+}  // namespace cuewright
