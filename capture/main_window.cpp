@@ -4,11 +4,12 @@ namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
-                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
+                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &mnuLine6,
+                         &mnuLine6a, &mnuLine6b, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
-                         &mnuAudioBar, &mnuRawMarks, &mnuFullWave}) {
+                         &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
@@ -24,6 +25,8 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuRawMarks.SetShortcut("Ctrl+M");
   mnuGSettings.SetShortcut("Ctrl+,");
   mnuHelpTopics.SetShortcut("F1");
+  mnuPalette.SetShortcut("Ctrl+Shift+P");
+  SetFilmKeys();
   mnuUTF8.SetText(u"UTF-8");
   mnuLine0b.SetVisible(false);
   mnuTFileName.SetVisible(false);
@@ -37,6 +40,34 @@ MainWindow::MainWindow() : Form("frmMain") {
   }
   sldWavScale.SetEnabled(false);
   optPress.SetValue(true);
+}
+
+void MainWindow::SetFilmKeys() {
+  mnuPlayOrPause.SetShortcut("Space");
+  mnuPlayCaption.SetShortcut("F5");
+  mnuRepeatCaption.SetShortcut("Shift+F5");
+  mnuPlayBeforeStart.SetShortcut("F6");
+  mnuPlayAfterStart.SetShortcut("F7");
+  mnuPlayBeforeEnd.SetShortcut("F8");
+  mnuPlayAfterEnd.SetShortcut("F9");
+  mnuFrameBack.SetShortcut("Alt+Left");
+  mnuFrameForward.SetShortcut("Alt+Right");
+  mnuStepBack.SetShortcut("Alt+Shift+Left");
+  mnuStepForward.SetShortcut("Alt+Shift+Right");
+  mnuSecondBack.SetShortcut("Alt+PgUp");
+  mnuSecondForward.SetShortcut("Alt+PgDown");
+  mnuStartHere.SetShortcut("F11");
+  mnuEndHere.SetShortcut("F12");
+  mnuPushFromHere.SetShortcut("Shift+F11");
+  mnuStartEarlier.SetShortcut("Alt+1");
+  mnuStartLater.SetShortcut("Alt+2");
+  mnuEndEarlier.SetShortcut("Alt+3");
+  mnuEndLater.SetShortcut("Alt+4");
+  mnuStartMuchEarlier.SetShortcut("Ctrl+Alt+1");
+  mnuStartMuchLater.SetShortcut("Ctrl+Alt+2");
+  mnuEndMuchEarlier.SetShortcut("Ctrl+Alt+3");
+  mnuEndMuchLater.SetShortcut("Ctrl+Alt+4");
+  mnuNextInPane.SetShortcut("Ctrl+Return");
 }
 
 }  // namespace cuewright

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "form/control_array.h"
 #include "form/controls.h"
@@ -11,6 +12,11 @@ namespace cuewright {
 class MainWindow final : public Form {
  public:
   MainWindow();
+
+  /// The menus of the menu bar, in its order.
+  std::vector<MenuItem*> Menus() {
+    return {&mnuFile, &mnuEdit, &mnuFormat, &mnuView, &mnuFilm, &mnuTools, &mnuSettings, &mnuHelp};
+  }
 
   /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
   /// outside such an event.
@@ -65,6 +71,7 @@ class MainWindow final : public Form {
   Timer tmrWave{*this, "tmrWave", 20};
   Timer tmrJournal{*this, "tmrJournal", 200};
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
+  Timer tmrStretch{*this, "tmrStretch", 5};
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNew{*this, "mnuNew", &mnuFile};
@@ -131,6 +138,37 @@ class MainWindow final : public Form {
   MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
   MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};
 
+  MenuItem mnuFilm{*this, "mnuFilm"};
+  MenuItem mnuPlayOrPause{*this, "mnuPlayOrPause", &mnuFilm};
+  MenuItem mnuPlayCaption{*this, "mnuPlayCaption", &mnuFilm};
+  MenuItem mnuRepeatCaption{*this, "mnuRepeatCaption", &mnuFilm};
+  MenuItem mnuPlayBeforeStart{*this, "mnuPlayBeforeStart", &mnuFilm};
+  MenuItem mnuPlayAfterStart{*this, "mnuPlayAfterStart", &mnuFilm};
+  MenuItem mnuPlayBeforeEnd{*this, "mnuPlayBeforeEnd", &mnuFilm};
+  MenuItem mnuPlayAfterEnd{*this, "mnuPlayAfterEnd", &mnuFilm};
+  MenuItem mnuLine6{*this, "mnuLine6", &mnuFilm};
+  MenuItem mnuFrameBack{*this, "mnuFrameBack", &mnuFilm};
+  MenuItem mnuFrameForward{*this, "mnuFrameForward", &mnuFilm};
+  MenuItem mnuStepBack{*this, "mnuStepBack", &mnuFilm};
+  MenuItem mnuStepForward{*this, "mnuStepForward", &mnuFilm};
+  MenuItem mnuSecondBack{*this, "mnuSecondBack", &mnuFilm};
+  MenuItem mnuSecondForward{*this, "mnuSecondForward", &mnuFilm};
+  MenuItem mnuLine6a{*this, "mnuLine6a", &mnuFilm};
+  MenuItem mnuStartHere{*this, "mnuStartHere", &mnuFilm};
+  MenuItem mnuEndHere{*this, "mnuEndHere", &mnuFilm};
+  MenuItem mnuPushFromHere{*this, "mnuPushFromHere", &mnuFilm};
+  MenuItem mnuNudge{*this, "mnuNudge", &mnuFilm};
+  MenuItem mnuStartEarlier{*this, "mnuStartEarlier", &mnuNudge};
+  MenuItem mnuStartLater{*this, "mnuStartLater", &mnuNudge};
+  MenuItem mnuEndEarlier{*this, "mnuEndEarlier", &mnuNudge};
+  MenuItem mnuEndLater{*this, "mnuEndLater", &mnuNudge};
+  MenuItem mnuStartMuchEarlier{*this, "mnuStartMuchEarlier", &mnuNudge};
+  MenuItem mnuStartMuchLater{*this, "mnuStartMuchLater", &mnuNudge};
+  MenuItem mnuEndMuchEarlier{*this, "mnuEndMuchEarlier", &mnuNudge};
+  MenuItem mnuEndMuchLater{*this, "mnuEndMuchLater", &mnuNudge};
+  MenuItem mnuLine6b{*this, "mnuLine6b", &mnuFilm};
+  MenuItem mnuNextInPane{*this, "mnuNextInPane", &mnuFilm};
+
   MenuItem mnuTools{*this, "mnuTools"};
   MenuItem mnuSpell{*this, "mnuSpell", &mnuTools};
   MenuItem mnuRules{*this, "mnuRules", &mnuTools};
@@ -143,10 +181,12 @@ class MainWindow final : public Form {
   MenuItem mnuFormatSettings{*this, "mnuFormatSettings", &mnuSettings};
   MenuItem mnuLineSeparator{*this, "mnuLineSeparator", &mnuSettings};
   ControlArray<MenuItem, 4> mnuSeparator{*this, "mnuSeparator", &mnuLineSeparator};
+  MenuItem mnuKeys{*this, "mnuKeys", &mnuSettings};
   MenuItem mnuGSettings{*this, "mnuGSettings", &mnuSettings};
 
   MenuItem mnuHelp{*this, "mnuHelp"};
   MenuItem mnuHelpTopics{*this, "mnuHelpTopics", &mnuHelp};
+  MenuItem mnuPalette{*this, "mnuPalette", &mnuHelp};
   MenuItem mnuLinks{*this, "mnuLinks", &mnuHelp};
   MenuItem mnuTessaly{*this, "mnuTessaly", &mnuLinks};
   MenuItem mnuForums{*this, "mnuForums", &mnuLinks};
@@ -166,6 +206,9 @@ class MainWindow final : public Form {
   MenuItem rmnuBold{*this, "rmnuBold", &mnuRclick};
   MenuItem rmnuItalic{*this, "rmnuItalic", &mnuRclick};
   MenuItem rmnuUnderline{*this, "rmnuUnderline", &mnuRclick};
+
+ private:
+  void SetFilmKeys();
 };
 
 }  // namespace cuewright

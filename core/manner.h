@@ -48,6 +48,8 @@ class Manner {
   constexpr bool TellsWhatIsLost() const { return !classic_; }
   /// The user chooses the encoding of a file that is saved or read anew, and is asked before letters are lost by it.
   constexpr bool ChoosesEncodings() const { return !classic_; }
+  /// The menu Film, the palette, and keys for all commands, which the user may change.
+  constexpr bool HasEditingKeys() const { return !classic_; }
 
  private:
   bool classic_ = false;

@@ -197,7 +197,7 @@ class MenuItem final : public Control {
   void SetSeparator(bool separator) { separator_ = separator; }
   /// A key binding in the form "Ctrl+S", several as "Ctrl+S; Ctrl+D"; empty for none.
   const std::string& Shortcut() const { return shortcut_; }
-  void SetShortcut(std::string shortcut) { shortcut_ = std::move(shortcut); }
+  void SetShortcut(std::string shortcut) { Assign(shortcut_, std::move(shortcut)); }
 
   Signal<MenuItem> Clicked;
   Signal<MenuItem> AboutToShow;  ///< the menu below this item opens

@@ -55,6 +55,7 @@ void ControlStates::ResetControls() {
   bench_.window.optPreview.SetEnabled(both);
   preview_.ClearPreviewCaption();
   RefreshFileLabels();
+  Shown();
 }
 
 void ControlStates::RefreshFileLabels() {

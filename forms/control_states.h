@@ -22,6 +22,8 @@ class ControlStates {
   /// No film is open any more: the logo stands in the picture's place.
   void EmptyPlayer();
 
+  Signal<ControlStates> Shown;  ///< the window shows what the open files allow
+
  private:
   void SetDocumentItems(bool on);
 

@@ -70,9 +70,15 @@ Program::Program(Ports ports, StartEnvironment environment)
                 environment_.wordsFolder, ports_}),
       embedWizard(PartsOfWizards()),
       audioWizard(PartsOfWizards()),
-      title(Bench(), history) {
+      title(Bench(), history),
+      film(Bench(), ports_.player, capture),
+      keys(window, store, options),
+      keysDialog(keys, options, strings),
+      palette(keys, strings) {
   Connect();
 }
+
+Program::~Program() = default;
 
 void Program::Connect() {
   list.SetMarks(marks);
@@ -82,6 +88,7 @@ void Program::Connect() {
   ConnectRules();
   ConnectAudio();
   ConnectWizards();
+  ConnectCommands();
   shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
   spelling.Checked.Connect([this] {
     states.ResetControls();
@@ -92,6 +99,21 @@ void Program::Connect() {
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   dialogs.settings.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
+}
+
+void Program::ConnectCommands() {
+  const auto show = [this] {
+    film.ShowItems();
+    keys.Load();
+    window.mnuKeys.SetVisible(options.manner.HasEditingKeys());
+    window.mnuPalette.SetVisible(options.manner.HasEditingKeys());
+  };
+  states.Shown.Connect([this] { film.ShowItems(); });
+  shell.Loading.Connect(show);
+  // The manner may have been changed there.
+  dialogs.settings.Closed.Connect(show);
+  window.mnuKeys.Clicked.Connect([this] { keysDialog.Open(window.RightToLeft()); });
+  window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });
 }
 
 void Program::ConnectSession() {

@@ -29,6 +29,7 @@
 #include "forms/audio_commands.h"
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
+#include "forms/command_keys.h"
 #include "forms/control_states.h"
 #include "forms/dialogs.h"
 #include "forms/document_files.h"
@@ -37,13 +38,16 @@
 #include "forms/embed_wizard.h"
 #include "forms/export_dialog.h"
 #include "forms/file_router.h"
+#include "forms/film_commands.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
+#include "forms/keys_dialog.h"
 #include "forms/lines_report.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
+#include "forms/palette.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
 #include "forms/recall.h"
@@ -90,6 +94,7 @@ struct StartEnvironment {
 class Program final {
  public:
   Program(Ports ports, StartEnvironment environment);
+  ~Program();
 
   /// The steps of the start up to the first window. False when the program has to end: its format files are missing.
   [[nodiscard]] bool Start();
@@ -176,6 +181,10 @@ class Program final {
   EmbedWizard embedWizard;
   AudioWizard audioWizard;
   WindowTitle title;
+  FilmCommands film;
+  CommandKeys keys;
+  KeysDialog keysDialog;
+  Palette palette;
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
@@ -194,6 +203,7 @@ class Program final {
   void TellFile(Message text);
   void ConnectJournal();
   void ConnectWizards();
+  void ConnectCommands();
   void OpenEmbedWizard();
   void OpenAudioWizard();
   WizardParts PartsOfWizards();

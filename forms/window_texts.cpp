@@ -54,6 +54,7 @@ void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
                               {w.mnuAudioBarColor, Message::AudioBarColor},
                               {w.mnuFullWave, Message::FullHeightWave},
                               {w.mnuTools, Message::MenuTools},
+                              {w.mnuKeys, Message::KeysOfCommands},
                               {w.mnuSpell, Message::SpellCheck},
                               {w.mnuRules, Message::ApplyCurrentRules},
                               {w.mnuAudioExtract, Message::ExtractionWizard},
@@ -69,6 +70,7 @@ void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
 void ShowHelpAndListMenu(MainWindow& w, const LangStrings& strings) {
   const ControlText rows[] = {{w.mnuHelp, Message::MenuHelp},
                               {w.mnuHelpTopics, Message::HelpTopics},
+                              {w.mnuPalette, Message::FindCommand},
                               {w.mnuLinks, Message::WebLinks},
                               {w.mnuTessaly, Message::StartPageItem},
                               {w.mnuForums, Message::ForumsItem},
@@ -83,6 +85,37 @@ void ShowHelpAndListMenu(MainWindow& w, const LangStrings& strings) {
                               {w.rmnuUnderline, Message::Underline},
                               {w.rmnuEdit, Message::EditCaptionItem},
                               {w.rmnuRemove, Message::RemoveCaption}};
+  ShowTexts(rows, strings);
+}
+
+void ShowFilm(MainWindow& w, const LangStrings& strings) {
+  const ControlText rows[] = {{w.mnuFilm, Message::MenuFilm},
+                              {w.mnuPlayOrPause, Message::PlayOrPause},
+                              {w.mnuPlayCaption, Message::PlayCaption},
+                              {w.mnuRepeatCaption, Message::RepeatCaption},
+                              {w.mnuPlayBeforeStart, Message::PlayBeforeStart},
+                              {w.mnuPlayAfterStart, Message::PlayAfterStart},
+                              {w.mnuPlayBeforeEnd, Message::PlayBeforeEnd},
+                              {w.mnuPlayAfterEnd, Message::PlayAfterEnd},
+                              {w.mnuFrameBack, Message::FrameBack},
+                              {w.mnuFrameForward, Message::FrameForward},
+                              {w.mnuStepBack, Message::StepBack},
+                              {w.mnuStepForward, Message::StepForward},
+                              {w.mnuSecondBack, Message::SecondBack},
+                              {w.mnuSecondForward, Message::SecondForward},
+                              {w.mnuStartHere, Message::StartHere},
+                              {w.mnuEndHere, Message::EndHere},
+                              {w.mnuPushFromHere, Message::PushFromHere},
+                              {w.mnuNudge, Message::NudgeTimes},
+                              {w.mnuStartEarlier, Message::StartEarlier},
+                              {w.mnuStartLater, Message::StartLater},
+                              {w.mnuEndEarlier, Message::EndEarlier},
+                              {w.mnuEndLater, Message::EndLater},
+                              {w.mnuStartMuchEarlier, Message::StartMuchEarlier},
+                              {w.mnuStartMuchLater, Message::StartMuchLater},
+                              {w.mnuEndMuchEarlier, Message::EndMuchEarlier},
+                              {w.mnuEndMuchLater, Message::EndMuchLater},
+                              {w.mnuNextInPane, Message::NextInPane}};
   ShowTexts(rows, strings);
 }
 
@@ -120,7 +153,7 @@ void WindowTexts::ApplyMainWindowLanguage(bool rightToLeft) {
 
 void WindowTexts::ApplyTexts(bool rightToLeft) {
   panel_.ApplyLanguage(rightToLeft);
-  for (const auto show : {ShowFileAndEdit, ShowFormatToSettings, ShowHelpAndListMenu, ShowPanels}) {
+  for (const auto show : {ShowFileAndEdit, ShowFormatToSettings, ShowFilm, ShowHelpAndListMenu, ShowPanels}) {
     show(bench_.window, bench_.strings);
   }
   commands_.ShowSeparator();

@@ -103,8 +103,8 @@ void MainWindowView::BuildParts() {
   overlay_ = new Overlay(p_.sub, area_);
   new FocusKeeper(*this, binder_, captureButtons_);
   bottom_ = new BottomPanel(form_, binder_, area_);
-  for (Timer* timer :
-       {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal, &form_.tmrFilmSound}) {
+  for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
+                       &form_.tmrFilmSound, &form_.tmrStretch}) {
     binder_.Bind(*timer);
   }
 }
@@ -123,8 +123,7 @@ void MainWindowView::Follow() {
 MainWindowView::~MainWindowView() { qApp->removeEventFilter(this); }
 
 void MainWindowView::BuildMenus() {
-  const std::vector<MenuItem*> tops = {&form_.mnuFile,  &form_.mnuEdit,     &form_.mnuFormat, &form_.mnuView,
-                                       &form_.mnuTools, &form_.mnuSettings, &form_.mnuHelp};
+  const std::vector<MenuItem*> tops = form_.Menus();
   for (MenuItem* top : tops) {
     menuBar()->addAction(menus_.Bind(*top, menuBar()));
   }
@@ -300,11 +299,17 @@ bool MainWindowView::FilterKey(QObject* object, QEvent* event) {
   return key.handled;
 }
 
-bool MainWindowView::FilterUndoKeys(QObject* object, QEvent* event) {
+bool MainWindowView::FilterShortcut(QObject* object, QEvent* event) {
   const auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr || widget->window() != this) return false;
-  // Text fields would take these keys for their own undo.
   const auto* key = static_cast<QKeyEvent*>(event);
+  // A button that has the keyboard is pressed by Space, whatever command has that key.
+  if (key->key() == Qt::Key_Space && key->modifiers() == Qt::NoModifier &&
+      qobject_cast<QAbstractButton*>(object) != nullptr) {
+    event->accept();
+    return true;
+  }
+  // Text fields would take these keys for their own undo.
   const QKeySequence pressed(key->keyCombination());
   for (const MenuItem* item : {&form_.mnuUndo, &form_.mnuRedo}) {
     if (menus_.ActionOf(*item).shortcuts().contains(pressed)) {
@@ -356,7 +361,7 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
       if (object == bottom_) FitLeastWidth();
       return false;
     case QEvent::ShortcutOverride:
-      return FilterUndoKeys(object, event);
+      return FilterShortcut(object, event);
     case QEvent::MouseButtonRelease:
       if (object->isWidgetType()) {
         p_.capture.OnPointerUp(MouseButtonOf(static_cast<QMouseEvent*>(event)->button()));

@@ -93,7 +93,7 @@ class MainWindowView final : public QMainWindow {
   QRect Placed(const Rect& rect) const;
   void PlaceOverlayNow();
   bool FilterKey(QObject* object, QEvent* event);
-  bool FilterUndoKeys(QObject* object, QEvent* event);
+  bool FilterShortcut(QObject* object, QEvent* event);
 
   MainWindowParts p_;
   MainWindow& form_;

@@ -29,12 +29,11 @@ QAction* MenuBinder::Bind(MenuItem& item, QObject* owner) {
   action->setObjectName(QString::fromStdString(item.Name()));
   action->setSeparator(item.IsSeparator());
   action->setCheckable(item.Checkable());
-  if (!item.Shortcut().empty()) {
-    action->setShortcuts(QKeySequence::listFromString(QString::fromStdString(item.Shortcut())));
-  }
   actions_[&item] = action;
   binder_.Watch(item, [this, &item, action] {
     action->setText(binder_.Shown(CaptionOf(item)));
+    const QList<QKeySequence> keys = QKeySequence::listFromString(QString::fromStdString(item.Shortcut()));
+    if (action->shortcuts() != keys) action->setShortcuts(keys);
     action->setEnabled(item.Enabled());
     action->setVisible(item.Visible());
     action->setChecked(item.Checked());

@@ -9,7 +9,9 @@
 #include "ui/find_view.h"
 #include "ui/format_view.h"
 #include "ui/help_view.h"
+#include "ui/keys_view.h"
 #include "ui/list_view.h"
+#include "ui/palette_view.h"
 #include "ui/reopen_view.h"
 #include "ui/report_view.h"
 #include "ui/settings_view.h"
@@ -48,6 +50,8 @@ void AddDialogs(Windows& windows, Program& program) {
   windows.AddHolding<SpellView>(program.spelling.dialog);
   windows.AddFree<SettingsView>(program.dialogs.settings);
   windows.AddFree<FormatView>(program.dialogs.format);
+  windows.AddFree<KeysView>(program.keysDialog);
+  windows.AddFree<PaletteView>(program.palette);
   windows.AddFree<AboutView>(program.helpDialogs.about);
   windows.AddFree<UpdateView>(program.helpDialogs.update);
 }

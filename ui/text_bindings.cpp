@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QKeySequenceEdit>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -173,6 +174,20 @@ void ShowItems(const Choice& control, Widget& widget) {
 void Attach(Binder& binder, TextBox& box, QLineEdit& widget) { new LineBinding(binder, box, widget); }
 
 void Attach(Binder& binder, TextBox& box, QPlainTextEdit& widget) { new PaneBinding(binder, box, widget); }
+
+void Attach(Binder& binder, TextBox& box, QKeySequenceEdit& widget) {
+  binder.Watch(box, [&] {
+    const QSignalBlocker quiet(&widget);
+    const QKeySequence keys = QKeySequence::fromString(ToQt(box.GetText()), QKeySequence::PortableText);
+    if (widget.keySequence() != keys) widget.setKeySequence(keys);
+  });
+  QObject::connect(&widget, &QKeySequenceEdit::keySequenceChanged, &binder, [&](const QKeySequence& keys) {
+    // One key is a command, not several behind each other.
+    const QKeySequence first = keys.isEmpty() ? keys : QKeySequence(keys[0]);
+    box.SetText(FromQt(first.toString(QKeySequence::PortableText)));
+    box.NoteEdited();
+  });
+}
 
 void Attach(Binder& binder, ListBox& list, QListWidget& widget) {
   binder.Watch(list, [&] {

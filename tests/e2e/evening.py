@@ -11,6 +11,7 @@ import time
 
 import desktop
 from evening_files import FILE_SCENES
+from evening_keys import KEY_SCENES
 from evening_wizards import WIZARD_SCENES
 from scene import Scene, captions_of, subrip
 
@@ -125,6 +126,7 @@ def a_plain_text_holds_no_times(s):
     before = s.open_document("Hello", "there")
     desktop.key("ctrl+shift+s")
     s.export_dialog("Plain")
+    s.box("can't hold times", "Save")
     s.save_dialog(s.path("lines.txt"))
     desktop.wait_for("the saved text", lambda: os.path.exists(s.path("lines.txt")))
     # The times are in no file that this document has.
@@ -329,7 +331,7 @@ SCENES = [a_text_is_timed_and_closed_with_yes, a_whole_capture_by_the_keyboard_a
           escape_at_captions_without_times_cuts_nothing_off, what_a_save_left_out_comes_back,
           rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
           a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *FILE_SCENES,
-          *WIZARD_SCENES]
+          *WIZARD_SCENES, *KEY_SCENES]
 
 
 def main():

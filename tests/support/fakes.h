@@ -54,6 +54,7 @@ class FakePlayer final : public Player {
   double PositionAt(double instant) const override { return history ? history(instant) : position; }
   Text CurrentPositionString() const override { return positionText; }
   double FramesPerSecond() const override { return framesPerSecond; }
+  PictureSize Picture() const override { return picture; }
   double Duration() const override { return duration; }
   int AudioTrack() const override { return audioTrack; }
 
@@ -65,6 +66,7 @@ class FakePlayer final : public Player {
   /// The file could not be played.
   void Fail(const Text& words) { TellMediaError(words); }
 
+  PictureSize picture;
   Text url;
   std::vector<Text> urls;
   int closes = 0;

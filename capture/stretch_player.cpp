@@ -1,0 +1,52 @@
+#include "capture/stretch_player.h"
+
+#include <algorithm>
+
+namespace cuewright {
+namespace {
+
+/// A player that has just been told to play may not have begun.
+bool IsAtRest(int state) { return state == kPlayerPaused || state == kPlayerStopped; }
+
+}  // namespace
+
+StretchPlayer::StretchPlayer(Player& player, Timer& timer) : player_(player), timer_(timer) {
+  timer_.Tick.Connect([this] { Tick(); });
+  seeks_ = player_.PositionChange.ConnectScoped([this](double, double to) {
+    const bool own = stretch_ && static_cast<std::int32_t>(to * 1000 + 0.5) == stretch_->from;
+    if (!seeking_ && !own) Leave();
+  });
+  states_ = player_.PlayStateChange.ConnectScoped([this](int state) {
+    if (!seeking_ && IsAtRest(state)) Leave();
+  });
+}
+
+void StretchPlayer::Play(std::int32_t from, std::int32_t to) {
+  Leave();
+  from = std::max(from, 0);
+  if (to <= from) return;
+  stretch_ = {from, to};
+  Begin();
+  timer_.SetEnabled(true);
+}
+
+void StretchPlayer::Begin() {
+  seeking_ = true;
+  player_.SetCurrentPosition(stretch_->from / 1000.0);
+  player_.Play();
+  seeking_ = false;
+}
+
+void StretchPlayer::Leave() {
+  stretch_.reset();
+  timer_.SetEnabled(false);
+}
+
+void StretchPlayer::Tick() {
+  if (!stretch_ || player_.CurrentPosition() * 1000 < stretch_->to) return;
+  if (repeats_) return Begin();
+  Leave();
+  player_.Pause();
+}
+
+}  // namespace cuewright

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "core/ports/player.h"
+#include "form/controls.h"
+
+namespace cuewright {
+
+/// Plays a stretch of the film and pauses at its end, or plays it again and again. Whatever else moves the film or
+/// stops it ends that.
+class StretchPlayer {
+ public:
+  /// The timer is enabled while a stretch plays.
+  StretchPlayer(Player& player, Timer& timer);
+
+  /// Seeks to `from` and plays up to `to`, in ms; nothing for an empty stretch.
+  void Play(std::int32_t from, std::int32_t to);
+  /// Stretches begin again at their end.
+  bool Repeats() const { return repeats_; }
+  void SetRepeats(bool repeats) { repeats_ = repeats; }
+  bool Playing() const { return stretch_.has_value(); }
+  /// The film goes on as it is.
+  void Leave();
+
+ private:
+  struct Stretch {
+    std::int32_t from = 0;
+    std::int32_t to = 0;
+  };
+  void Tick();
+  void Begin();
+
+  Player& player_;
+  Timer& timer_;
+  std::optional<Stretch> stretch_;
+  bool repeats_ = false;
+  bool seeking_ = false;  ///< what seeks is this
+  Connection seeks_;
+  Connection states_;
+};
+
+}  // namespace cuewright

@@ -1,0 +1,198 @@
+#include "forms/film_commands.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "core/best_duration.h"
+
+namespace cuewright {
+namespace {
+
+/// How long what is played before or behind an edge lasts.
+constexpr std::int32_t kAroundMs = 500;
+constexpr std::int32_t kStepMs = 100;
+constexpr std::int32_t kSecondMs = 1000;
+/// A frame of 25 a second.
+constexpr std::int32_t kUsualFrameMs = 40;
+
+std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(seconds * kSecondMs)); }
+
+}  // namespace
+
+FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture)
+    : bench_(bench), player_(player), capture_(capture), stretch_(player, bench.window.tmrStretch) {
+  WirePlaying();
+  WireSteps();
+  WireTimes();
+  bench_.window.mnuNextInPane.Clicked.Connect([this] { NextInPane(); });
+}
+
+void FilmCommands::WirePlaying() {
+  MainWindow& w = bench_.window;
+  w.mnuPlayOrPause.Clicked.Connect([this] { PlayOrPause(); });
+  w.mnuPlayCaption.Clicked.Connect([this] { PlayCaption(); });
+  w.mnuRepeatCaption.Clicked.Connect([this] { Repeat(); });
+  w.mnuPlayBeforeStart.Clicked.Connect([this] { PlayAround(Edge::Start, -kAroundMs, 0); });
+  w.mnuPlayAfterStart.Clicked.Connect([this] { PlayAround(Edge::Start, 0, kAroundMs); });
+  w.mnuPlayBeforeEnd.Clicked.Connect([this] { PlayAround(Edge::End, -kAroundMs, 0); });
+  w.mnuPlayAfterEnd.Clicked.Connect([this] { PlayAround(Edge::End, 0, kAroundMs); });
+}
+
+void FilmCommands::WireSteps() {
+  MainWindow& w = bench_.window;
+  w.mnuFrameBack.Clicked.Connect([this] { StepFrames(-1); });
+  w.mnuFrameForward.Clicked.Connect([this] { StepFrames(1); });
+  w.mnuStepBack.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) - kStepMs); });
+  w.mnuStepForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kStepMs); });
+  w.mnuSecondBack.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) - kSecondMs); });
+  w.mnuSecondForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kSecondMs); });
+}
+
+void FilmCommands::WireTimes() {
+  MainWindow& w = bench_.window;
+  const auto here = [this](MenuItem& item, Edge edge, Rest rest) {
+    item.Clicked.Connect([this, edge, rest] {
+      if (HasFilm()) PutEdge(edge, Here(), rest);
+    });
+  };
+  here(w.mnuStartHere, Edge::Start, Rest::Stays);
+  here(w.mnuEndHere, Edge::End, Rest::Stays);
+  here(w.mnuPushFromHere, Edge::Start, Rest::Moves);
+  w.mnuStartEarlier.Clicked.Connect([this] { NudgeFrame(Edge::Start, -1); });
+  w.mnuStartLater.Clicked.Connect([this] { NudgeFrame(Edge::Start, 1); });
+  w.mnuEndEarlier.Clicked.Connect([this] { NudgeFrame(Edge::End, -1); });
+  w.mnuEndLater.Clicked.Connect([this] { NudgeFrame(Edge::End, 1); });
+  w.mnuStartMuchEarlier.Clicked.Connect([this] { NudgeMs(Edge::Start, -kStepMs); });
+  w.mnuStartMuchLater.Clicked.Connect([this] { NudgeMs(Edge::Start, kStepMs); });
+  w.mnuEndMuchEarlier.Clicked.Connect([this] { NudgeMs(Edge::End, -kStepMs); });
+  w.mnuEndMuchLater.Clicked.Connect([this] { NudgeMs(Edge::End, kStepMs); });
+}
+
+void FilmCommands::ShowItems() {
+  MainWindow& w = bench_.window;
+  const bool film = bench_.document.HasVideo();
+  const bool document = bench_.document.HasDocument();
+  w.mnuFilm.SetVisible(bench_.options.manner.HasEditingKeys());
+  for (MenuItem* item : {&w.mnuPlayOrPause, &w.mnuFrameBack, &w.mnuFrameForward, &w.mnuStepBack, &w.mnuStepForward,
+                         &w.mnuSecondBack, &w.mnuSecondForward}) {
+    item->SetEnabled(film);
+  }
+  for (MenuItem* item : {&w.mnuPlayCaption, &w.mnuRepeatCaption, &w.mnuPlayBeforeStart, &w.mnuPlayAfterStart,
+                         &w.mnuPlayBeforeEnd, &w.mnuPlayAfterEnd, &w.mnuStartHere, &w.mnuEndHere, &w.mnuPushFromHere}) {
+    item->SetEnabled(film && document);
+  }
+  for (MenuItem* item : {&w.mnuStartEarlier, &w.mnuStartLater, &w.mnuEndEarlier, &w.mnuEndLater, &w.mnuStartMuchEarlier,
+                         &w.mnuStartMuchLater, &w.mnuEndMuchEarlier, &w.mnuEndMuchLater, &w.mnuNextInPane}) {
+    item->SetEnabled(document);
+  }
+}
+
+void FilmCommands::PlayOrPause() {
+  if (!HasFilm()) return;
+  stretch_.Leave();
+  if (player_.PlayState() == kPlayerPlaying) {
+    player_.Pause();
+  } else {
+    player_.Play();
+  }
+}
+
+void FilmCommands::PlayAround(Edge edge, std::int32_t from, std::int32_t to) {
+  const Row row = bench_.list.Selected();
+  if (!HasFilm() || !HasCaption() || !bench_.list.IsCaptionTimed(row)) return;
+  const CaptionTimes times = bench_.list.TimesAt(row);
+  const std::int32_t at = edge == Edge::Start ? times.start : times.end;
+  stretch_.Play(at + from, at + to);
+}
+
+void FilmCommands::PlayCaption() {
+  const Row row = bench_.list.Selected();
+  if (!HasFilm() || !HasCaption() || !bench_.list.IsCaptionTimed(row)) return;
+  stretch_.Play(bench_.list.TimesAt(row).start, bench_.list.TimesAt(row).end);
+}
+
+void FilmCommands::Repeat() {
+  stretch_.SetRepeats(!stretch_.Repeats());
+  bench_.window.mnuRepeatCaption.SetChecked(stretch_.Repeats());
+  if (stretch_.Repeats()) PlayCaption();
+}
+
+void FilmCommands::Seek(std::int32_t ms) {
+  if (!HasFilm()) return;
+  const double last = player_.Duration();
+  const double seconds = std::max(ms, 0) / 1000.0;
+  player_.SetCurrentPosition(last > 0 ? std::min(seconds, last) : seconds);
+}
+
+void FilmCommands::StepFrames(int frames) {
+  if (!HasFilm()) return;
+  if (player_.PlayState() == kPlayerPlaying) player_.Pause();
+  Seek(FramesFrom(Ms(player_.CurrentPosition()), frames));
+}
+
+std::int32_t FilmCommands::Here() const {
+  const std::optional<double>& instant = bench_.window.inputInstant;
+  return Ms(instant ? player_.PositionAt(*instant) : player_.CurrentPosition());
+}
+
+std::int32_t FilmCommands::FramesFrom(std::int32_t ms, int frames) const {
+  const FrameRate rate = player_.FramesPerSecond();
+  if (!rate.IsUsual()) return ms + frames * kUsualFrameMs;
+  return rate.MsOfFrames(rate.FramesOfMs(std::max(ms, 0)) + frames);
+}
+
+void FilmCommands::PutEdge(Edge edge, std::int32_t ms, Rest rest) {
+  if (!MayChangeTimes()) return;
+  CaptionList& list = bench_.list;
+  const Row row = list.Selected();
+  const CaptionTimes before = list.TimesAt(row);
+  ms = std::max(ms, 0);
+  const EditScope scope(list, EditKind::SetTimes);
+  if (edge == Edge::End) {
+    // A caption that would end before it begins stays.
+    if (ms > before.start) list.SetCaptionEnd(row, ms);
+  } else if (rest == Rest::Moves && list.IsCaptionTimed(row)) {
+    MoveRest(row, ms - before.start);
+  } else {
+    list.SetCaptionStart(row, ms, false);
+    if (before.end > ms) return;
+    // One that had no length yet gets what suits its text.
+    if (before.end > before.start) {
+      list.SetCaptionEnd(row, ms + before.end - before.start);
+    } else {
+      list.SetCaptionEnd(row, ms);
+      (void)SetBestDuration(list, row);
+    }
+  }
+}
+
+void FilmCommands::MoveRest(Row from, std::int32_t by) {
+  CaptionList& list = bench_.list;
+  std::vector<CaptionTimes> times;
+  for (Row row = from; row < list.Rows(); ++row) {
+    CaptionTimes moved = list.TimesAt(row);
+    if (list.IsCaptionTimed(row)) moved = {std::max(moved.start + by, 0), std::max(moved.end + by, 0)};
+    times.push_back(moved);
+  }
+  list.Retime(from, times);
+  list.SetModified();
+}
+
+void FilmCommands::NudgeFrame(Edge edge, int frames) {
+  if (!HasCaption()) return;
+  const CaptionTimes times = bench_.list.TimesAt(bench_.list.Selected());
+  PutEdge(edge, FramesFrom(edge == Edge::Start ? times.start : times.end, frames), Rest::Stays);
+}
+
+void FilmCommands::NudgeMs(Edge edge, std::int32_t by) {
+  if (!HasCaption()) return;
+  const CaptionTimes times = bench_.list.TimesAt(bench_.list.Selected());
+  PutEdge(edge, (edge == Edge::Start ? times.start : times.end) + by, Rest::Stays);
+}
+
+void FilmCommands::NextInPane() {
+  if (HasCaption()) bench_.list.MoveSelection(std::min(bench_.list.Selected() + 1, bench_.list.Rows() - 1));
+}
+
+}  // namespace cuewright

@@ -1,0 +1,77 @@
+#include "forms/palette.h"
+
+#include <algorithm>
+
+#include "forms/access_keys.h"
+#include "text/labels.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+bool HasAllWords(const Text& name, const std::vector<Text>& words) {
+  return std::ranges::all_of(words, [&](const Text& word) { return FindPlain(name, word) != Text::npos; });
+}
+
+}  // namespace
+
+Palette::Palette(const CommandKeys& keys, const LangStrings& strings)
+    : Dialog("frmPalette"), keys_(keys), strings_(strings) {
+  txtWords.Edited.Connect([this] { ShowFound(); });
+  txtWords.KeyDown.Connect([this](KeyEvent& key) {
+    if (key.code != kKeyUp && key.code != kKeyDown) return;
+    key.handled = true;
+    MoveSelection(key.code == kKeyUp ? -1 : 1);
+  });
+  cmdOK.Clicked.Connect([this] { Run(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+}
+
+void Palette::Open(bool rightToLeft) {
+  SetTitle(WithoutDots(strings_[Message::FindCommand]));
+  SetRightToLeft(rightToLeft);
+  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  AccessKeys keys;
+  cmdOK.SetText(keys.Give(strings_[Message::Ok]));
+  cmdCancel.SetText(keys.Give(strings_[Message::Cancel]));
+  lblWords.SetText(keys.Give(strings_[Message::FindCommandHint]));
+  txtWords.SetSpokenName(strings_[Message::FindCommandHint]);
+  lstCommands.SetSpokenName(WithoutDots(strings_[Message::FindCommand]));
+  txtWords.SetText({});
+  ShowFound();
+  NoteOpened();
+}
+
+void Palette::ShowFound() {
+  std::vector<Text> words = Split(ToLower(txtWords.GetText()), u" ");
+  std::erase(words, Text());
+  found_.clear();
+  std::vector<Text> names;
+  for (MenuItem* item : keys_.Commands()) {
+    Text path = keys_.PathOf(*item);
+    // An item that is hidden now has nothing to do.
+    if (!item->Visible() || !HasAllWords(ToLower(path), words)) continue;
+    found_.push_back(item);
+    const bool keyed = !item->Shortcut().empty();
+    names.push_back(keyed ? Fill(strings_[Message::CommandAndKey], path, FromUtf8(item->Shortcut())) : path);
+  }
+  lstCommands.SetItems(std::move(names));
+  lstCommands.SetIndex(0);
+  cmdOK.SetEnabled(!found_.empty());
+}
+
+void Palette::MoveSelection(int by) {
+  if (found_.empty()) return;
+  lstCommands.SetIndex(std::clamp(lstCommands.Index() + by, 0, static_cast<int>(found_.size()) - 1));
+}
+
+void Palette::Run() {
+  const int index = lstCommands.Index();
+  if (index < 0 || index >= static_cast<int>(found_.size())) return;
+  MenuItem* const item = found_[static_cast<std::size_t>(index)];
+  // What the command opens must not open over this window.
+  Close();
+  item->Click();
+}
+
+}  // namespace cuewright
