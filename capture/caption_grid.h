@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/caption_list.h"
+#include "core/selection.h"
 #include "core/signal.h"
 #include "text/text.h"
 
@@ -13,7 +14,10 @@ namespace cuewright {
 /// Sizes are in pixels. `Changed` asks for the whole control to be set up anew, `Scrolled` to follow `TopRow`.
 class CaptionGrid {
  public:
-  explicit CaptionGrid(CaptionList& list) : list_(list) {}
+  explicit CaptionGrid(CaptionList& list) : selection(list), list_(list) {}
+
+  /// What the user's hand does with rows.
+  Selection selection;
 
   /// False: one plain column that shows `Notice`, without highlighting.
   bool Active() const { return active_; }

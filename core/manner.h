@@ -48,6 +48,8 @@ class Manner {
   constexpr bool TellsWhatIsLost() const { return !classic_; }
   /// The user chooses the encoding of a file that is saved or read anew, and is asked before letters are lost by it.
   constexpr bool ChoosesEncodings() const { return !classic_; }
+  /// The list takes many rows at once, and shows times as a clock, what is asked of captions, styles and findings.
+  constexpr bool ListIsAWorkbench() const { return !classic_; }
 
  private:
   bool classic_ = false;
