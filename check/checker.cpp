@@ -1,20 +1,17 @@
 #include "check/checker.h"
 
-#include <unicode/uchar.h>
-#include <unicode/utf16.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
+
+#include "text/visible_length.h"
 
 namespace cuewright {
 namespace {
 
 constexpr double kMsASecond = 1000;
 constexpr double kMsAMinute = 60000;
-/// Below this every character has a place of its own and none is wide.
-constexpr char16_t kFirstCombining = 0x0300;
 constexpr TextView kBlanks = u" \t\u00a0\u3000\n";
 /// Hyphen-minus, hyphen, non-breaking hyphen, figure dash, en and em dash, horizontal bar, minus.
 constexpr TextView kDashes = u"-\u2010\u2011\u2012\u2013\u2014\u2015\u2212";
@@ -24,16 +21,6 @@ constexpr std::array<std::string_view, 15> kNames = {
     "lines",        "balance",      "pyramid", "dash", "line-end", "shot-start", "shot-end"};
 
 bool IsTimed(const Caption& caption) { return caption.start != 0 || caption.end != 0; }
-
-int WidthOf(UChar32 c, bool wideLetters) {
-  const int type = u_charType(c);
-  const bool none =
-      type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR || (type == U_CONTROL_CHAR);
-  if (none) return 0;
-  if (!wideLetters) return 1;
-  const int width = u_getIntPropertyValue(c, UCHAR_EAST_ASIAN_WIDTH);
-  return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
-}
 
 int WordCount(TextView text) {
   int words = 0;
@@ -56,22 +43,6 @@ TextView DashOf(TextView line) {
 }  // namespace
 
 std::string_view RuleName(CheckRule rule) { return kNames.at(static_cast<std::size_t>(rule)); }
-
-int VisibleLength(TextView text, bool wideLetters) {
-  int length = 0;
-  std::size_t at = 0;
-  while (at < text.size()) {
-    if (text[at] < kFirstCombining) {
-      length += text[at] >= u' ' && text[at] != u'\u00ad' ? 1 : 0;
-      ++at;
-      continue;
-    }
-    UChar32 c = 0;
-    U16_NEXT(text.data(), at, text.size(), c);
-    length += WidthOf(c, wideLetters);
-  }
-  return length;
-}
 
 Checker::Checker(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots)
     : rules_(rules),

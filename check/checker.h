@@ -45,10 +45,6 @@ struct Finding {
   bool operator==(const Finding&) const = default;
 };
 
-/// How many characters a reader sees: marks that stand on others and characters without width count for nothing, wide
-/// ones for two where that is asked.
-int VisibleLength(TextView text, bool wideLetters);
-
 /// Looks at captions with the eyes of a house. What is said of a caption depends on it and its neighbours alone, so
 /// that after an edit only three are looked at anew.
 class Checker {
