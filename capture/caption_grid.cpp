@@ -35,14 +35,40 @@ void CaptionGrid::SetEnabled(bool enabled) {
   Changed();
 }
 
-void CaptionGrid::SetHeadings(std::array<Text, 4> headings) {
+void CaptionGrid::SetHeadings(Texts headings) {
   headings_ = std::move(headings);
   Changed();
 }
 
-void CaptionGrid::SetSpoken(TextView timed, TextView untimed) {
+void CaptionGrid::SetColumns(const ColumnOrder& columns) {
+  if (columns_ == columns) return;
+  columns_ = columns;
+  Changed();
+}
+
+void CaptionGrid::SetTimes(const TimesShown& times) {
+  if (times_ == times) return;
+  times_ = times;
+  Changed();
+}
+
+void CaptionGrid::SetFindings(const RowFindings* findings) {
+  findings_ = findings;
+  Changed();
+}
+
+void CaptionGrid::MarkFilmRow(Row row) {
+  if (filmRow_ == row) return;
+  const Row before = std::exchange(filmRow_, row);
+  for (const Row touched : {before, row}) {
+    if (list_.InRange(touched)) RowsTouched(touched, touched);
+  }
+}
+
+void CaptionGrid::SetSpoken(TextView timed, TextView untimed, TextView found) {
   spokenTimed_ = timed;
   spokenUntimed_ = untimed;
+  spokenFound_ = found;
 }
 
 Text CaptionGrid::ShownText(Row row) const {
@@ -65,7 +91,8 @@ Text CaptionGrid::SpokenCaption(Row row) const {
       spoken += form[i];
     }
   }
-  return spoken;
+  if (!HasFindings(row)) return spoken;
+  return Fill(spokenFound_, spoken, ReplaceAll(Findings(row), u"\n", u", "));
 }
 
 void CaptionGrid::SetRightToLeft(bool on) {

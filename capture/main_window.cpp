@@ -3,8 +3,9 @@
 namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
-  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
-                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
+  for (MenuItem* line :
+       {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a, &mnuLine1b,
+        &mnuLine1c, &mnuLine1d, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
@@ -12,6 +13,8 @@ MainWindow::MainWindow() : Form("frmMain") {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
+  for (MenuItem& item : mnuListColumn) item.SetCheckable(true);
+  for (MenuItem& item : mnuListTime) item.SetCheckable(true);
   mnuNew.SetShortcut("Ctrl+N");
   mnuOpenText.SetShortcut("Ctrl+O");
   mnuSave.SetShortcut("Ctrl+S");
@@ -19,6 +22,22 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuExit.SetShortcut("Ctrl+Q");
   mnuUndo.SetShortcut("Ctrl+Z");
   mnuRedo.SetShortcut("Ctrl+Shift+Z; Ctrl+Y");
+  mnuCut.SetShortcut("Ctrl+X");
+  mnuCopy.SetShortcut("Ctrl+C");
+  mnuPaste.SetShortcut("Ctrl+V");
+  mnuSelectAll.SetShortcut("Ctrl+A");
+  mnuRemove.SetShortcut("Del");
+  mnuJoinSelected.SetShortcut("Ctrl+J");
+  mnuMoveUp.SetShortcut("Alt+Up");
+  mnuMoveDown.SetShortcut("Alt+Down");
+  mnuSortByStart.SetShortcut("Ctrl+Shift+O");
+  mnuUpperCase.SetShortcut("Ctrl+Shift+U");
+  mnuLowerCase.SetShortcut("Ctrl+Shift+L");
+  mnuSentenceCase.SetShortcut("Ctrl+Shift+E");
+  mnuShift.SetShortcut("Ctrl+T");
+  mnuBold.SetShortcut("Ctrl+B");
+  mnuItalic.SetShortcut("Ctrl+I");
+  mnuUnderline.SetShortcut("Ctrl+U");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");

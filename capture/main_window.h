@@ -96,11 +96,24 @@ class MainWindow final : public Form {
   MenuItem mnuUndo{*this, "mnuUndo", &mnuEdit};
   MenuItem mnuRedo{*this, "mnuRedo", &mnuEdit};
   MenuItem mnuLine1c{*this, "mnuLine1c", &mnuEdit};
+  MenuItem mnuCut{*this, "mnuCut", &mnuEdit};
+  MenuItem mnuCopy{*this, "mnuCopy", &mnuEdit};
+  MenuItem mnuPaste{*this, "mnuPaste", &mnuEdit};
+  MenuItem mnuSelectAll{*this, "mnuSelectAll", &mnuEdit};
+  MenuItem mnuLine1d{*this, "mnuLine1d", &mnuEdit};
   MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
   MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
   MenuItem mnuRemove{*this, "mnuRemove", &mnuEdit};
+  MenuItem mnuJoinSelected{*this, "mnuJoinSelected", &mnuEdit};
+  MenuItem mnuMoveUp{*this, "mnuMoveUp", &mnuEdit};
+  MenuItem mnuMoveDown{*this, "mnuMoveDown", &mnuEdit};
+  MenuItem mnuSortByStart{*this, "mnuSortByStart", &mnuEdit};
+  MenuItem mnuLetterCase{*this, "mnuLetterCase", &mnuEdit};
+  MenuItem mnuUpperCase{*this, "mnuUpperCase", &mnuLetterCase};
+  MenuItem mnuLowerCase{*this, "mnuLowerCase", &mnuLetterCase};
+  MenuItem mnuSentenceCase{*this, "mnuSentenceCase", &mnuLetterCase};
   MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
   MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
   MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
@@ -110,6 +123,7 @@ class MainWindow final : public Form {
   MenuItem mnuNextUntimed{*this, "mnuNextUntimed", &mnuEdit};
   MenuItem mnuLine1b{*this, "mnuLine1b", &mnuEdit};
   MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
+  MenuItem mnuShift{*this, "mnuShift", &mnuEdit};
   MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
@@ -127,6 +141,10 @@ class MainWindow final : public Form {
   MenuItem mnuInfoBar{*this, "mnuInfoBar", &mnuView};
   MenuItem mnuAudioBar{*this, "mnuAudioBar", &mnuView};
   MenuItem mnuRawMarks{*this, "mnuRawMarks", &mnuView};
+  MenuItem mnuListColumns{*this, "mnuListColumns", &mnuView};
+  ControlArray<MenuItem, 5> mnuListColumn{*this, "mnuListColumn", &mnuListColumns};
+  MenuItem mnuListTimes{*this, "mnuListTimes", &mnuView};
+  ControlArray<MenuItem, 3> mnuListTime{*this, "mnuListTime", &mnuListTimes};
   MenuItem mnuLine3{*this, "mnuLine3", &mnuView};
   MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
   MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};

@@ -65,7 +65,9 @@ struct AppOptions {
   bool infoBarOn = true;
   bool audioBarOn = false;
   bool fullWave = false;
-  bool rawMarks = false;  ///< list and text pane show the marks in the texts
+  Text listColumns;            ///< order, widths and hiding of the list's columns; empty: the program's own
+  std::uint8_t listTimes = 0;  ///< times in the list: 0 as a clock, 1 in ms, 2 in frames
+  bool rawMarks = false;       ///< list and text pane show the marks in the texts
   std::int32_t waveColor = 16776960;
   std::int32_t waveScale = 23000;
 };

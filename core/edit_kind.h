@@ -27,6 +27,13 @@ enum class EditKind : std::uint8_t {
   ReplaceAll,
   Drag,
   Spelling,
+  Cut,
+  Paste,
+  Case,
+  Shift,
+  Move,
+  Sort,
+  Join,
   TakeBack,  ///< undo and redo themselves
 };
 

@@ -40,6 +40,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       recentFiles(window, store, ports_.files),
       notices(window, options, strings),
       commands(Bench(), panel, preview, capture, store, ports_),
+      selectionCommands(Bench(), panel, preview, formats, ports_),
+      listView(Bench(), formats, ports_.player, sample),
       playerBinding(Bench(), session, preview, capture, recall, ports_),
       exportDialog(catalogue, formats, options, strings, ports_.messages),
       saveCheck(Bench(), catalogue, formats, exporter),
@@ -82,16 +84,27 @@ void Program::Connect() {
   ConnectRules();
   ConnectAudio();
   ConnectWizards();
-  shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
+  shell.Loading.Connect([this] {
+    vsFilter.ApplyVSFilterMode();
+    ShowManner();
+  });
   spelling.Checked.Connect([this] {
     states.ResetControls();
     panel.ShowText(list.Selected());
   });
-  dialogs.settings.Closed.Connect([this] { commands.ShowMarks(); });
+  dialogs.settings.Closed.Connect([this] {
+    commands.ShowMarks();
+    ShowManner();
+  });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   dialogs.settings.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
+}
+
+void Program::ShowManner() {
+  selectionCommands.ShowItems();
+  listView.Show();
 }
 
 void Program::ConnectSession() {
@@ -147,6 +160,7 @@ void Program::ConnectRules() {
 void Program::ConnectAudio() {
   for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
     gone->Connect([this] {
+      listView.ForgetFilm();
       filmSound.Stop();
       audioBar.Forget();
     });

@@ -42,6 +42,7 @@
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/lines_report.h"
+#include "forms/list_view_commands.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
@@ -52,6 +53,7 @@
 #include "forms/report_window.h"
 #include "forms/rules_commands.h"
 #include "forms/save_check.h"
+#include "forms/selection_commands.h"
 #include "forms/shell.h"
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
@@ -151,6 +153,8 @@ class Program final {
   RecentFiles recentFiles;
   Notices notices;
   CaptionCommands commands;
+  SelectionCommands selectionCommands;
+  ListViewCommands listView;
   PlayerBinding playerBinding;
   ExportDialog exportDialog;
   SaveCheck saveCheck;
@@ -186,6 +190,8 @@ class Program final {
 
  private:
   void Connect();
+  /// List and menus are those of the manner in force.
+  void ShowManner();
   void ConnectSession();
   void ConnectFiles();
   void ConnectRules();

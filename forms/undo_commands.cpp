@@ -27,7 +27,14 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::Replace, Message::Replace},
                                                    {EditKind::ReplaceAll, Message::ReplaceAll},
                                                    {EditKind::Drag, Message::EditNameEdge},
-                                                   {EditKind::Spelling, Message::SpellCheck}};
+                                                   {EditKind::Spelling, Message::SpellCheck},
+                                                   {EditKind::Cut, Message::CutCaptions},
+                                                   {EditKind::Paste, Message::PasteCaptions},
+                                                   {EditKind::Case, Message::LetterCase},
+                                                   {EditKind::Shift, Message::ShiftCaptions},
+                                                   {EditKind::Move, Message::EditNameMove},
+                                                   {EditKind::Sort, Message::SortByStart},
+                                                   {EditKind::Join, Message::JoinSelected}};
 
 /// The text that names a command.
 Message MessageOf(EditKind kind) {

@@ -117,6 +117,8 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"M_AUDIOBAR", kFlag<&O::audioBarOn>, MainWindow, "mnuAudioBar"},
     {u"M_FULLWAVE", kFlag<&O::fullWave>, MainWindow, "mnuFullWave"},
     {u"RawMarks", kFlag<&O::rawMarks>, MainWindow, "mnuRawMarks"},
+    {u"CaptionColumns", kText<&O::listColumns>, MainWindow},
+    {u"CaptionTimes", kNumber<&O::listTimes>, MainWindow},
     {u"M_AUDIOBARCOLOR", kNumber<&O::waveColor>, MainWindow},
     {u"M_WAVSCALE", kNumber<&O::waveScale>, MainWindow, "sldWavScale"},
 });
