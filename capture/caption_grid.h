@@ -9,6 +9,14 @@
 
 namespace cuewright {
 
+/// Times that the list shows in place of the captions' own, while the user looks what a change would bring.
+class ForeseenTimes {
+ public:
+  virtual ~ForeseenTimes() = default;
+  /// Of a row in range.
+  virtual CaptionTimes TimesOf(Row row) const = 0;
+};
+
 /// What the list control `grdSubs` shows beside its rows: columns, headings, fonts and what part is in view.
 /// Sizes are in pixels. `Changed` asks for the whole control to be set up anew, `Scrolled` to follow `TopRow`.
 class CaptionGrid {
@@ -31,6 +39,12 @@ class CaptionGrid {
   void SetSpoken(TextView timed, TextView untimed);
   /// What the text column shows of a row in range.
   Text ShownText(Row row) const;
+  /// The rows show these times instead of their own until null is given; they outlive that.
+  void Foresee(const ForeseenTimes* times);
+  /// The times that the list shows of a row in range.
+  CaptionTimes ShownTimes(Row row) const { return foreseen_ != nullptr ? foreseen_->TimesOf(row) : list_.TimesAt(row); }
+  /// The times shown of a row in range aren't its own.
+  bool ShowsOtherTimes(Row row) const { return foreseen_ != nullptr && foreseen_->TimesOf(row) != list_.TimesAt(row); }
   /// All rows are to be painted anew.
   void ShowAnew() { Changed(); }
   /// What a screen reader says for a row; empty for one out of range.
@@ -72,6 +86,7 @@ class CaptionGrid {
 
  private:
   CaptionList& list_;
+  const ForeseenTimes* foreseen_ = nullptr;
   bool active_ = false;
   bool enabled_ = true;
   bool rightToLeft_ = false;

@@ -12,6 +12,9 @@ class MainWindow final : public Form {
  public:
   MainWindow();
 
+  /// The text pane takes the keyboard.
+  void FocusText() { RequestFocus(txtSub); }
+
   /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
   /// outside such an event.
   std::optional<double> inputInstant;
@@ -97,10 +100,25 @@ class MainWindow final : public Form {
   MenuItem mnuRedo{*this, "mnuRedo", &mnuEdit};
   MenuItem mnuLine1c{*this, "mnuLine1c", &mnuEdit};
   MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
+  MenuItem mnuInsertAbove{*this, "mnuInsertAbove", &mnuAdd};
+  MenuItem mnuInsertBelow{*this, "mnuInsertBelow", &mnuAdd};
+  MenuItem mnuInsertAtFilm{*this, "mnuInsertAtFilm", &mnuAdd};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
   MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
   MenuItem mnuRemove{*this, "mnuRemove", &mnuEdit};
+  MenuItem mnuLine1e{*this, "mnuLine1e", &mnuEdit};
+  MenuItem mnuSplit{*this, "mnuSplit", &mnuEdit};
+  MenuItem mnuSplitAtCaret{*this, "mnuSplitAtCaret", &mnuSplit};
+  MenuItem mnuSplitAtFilm{*this, "mnuSplitAtFilm", &mnuSplit};
+  MenuItem mnuJoin{*this, "mnuJoin", &mnuEdit};
+  MenuItem mnuJoinNext{*this, "mnuJoinNext", &mnuJoin};
+  MenuItem mnuJoinPrevious{*this, "mnuJoinPrevious", &mnuJoin};
+  MenuItem mnuDialogueNext{*this, "mnuDialogueNext", &mnuJoin};
+  MenuItem mnuDialoguePrevious{*this, "mnuDialoguePrevious", &mnuJoin};
+  MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuEdit};
+  MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuEdit};
+  MenuItem mnuSwapTexts{*this, "mnuSwapTexts", &mnuEdit};
   MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
   MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
   MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
@@ -111,6 +129,7 @@ class MainWindow final : public Form {
   MenuItem mnuLine1b{*this, "mnuLine1b", &mnuEdit};
   MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
   MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
+  MenuItem mnuRetime{*this, "mnuRetime", &mnuEdit};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

@@ -13,7 +13,7 @@ enum class EditKind : std::uint8_t {
   Insert,
   Remove,
   Split,
-  Join,
+  JoinNeighbor,
   Duplicate,
   MeetNext,
   SwapTexts,

@@ -60,6 +60,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(Bench(), ruleReport, reportWindow, session, ports_),
       tools(window, list, strings, languages, openForms, ports_),
+      shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
+      retime(Bench(), formats, languages, ports_.player, openForms),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -82,12 +84,18 @@ void Program::Connect() {
   ConnectRules();
   ConnectAudio();
   ConnectWizards();
-  shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
+  shell.Loading.Connect([this] {
+    vsFilter.ApplyVSFilterMode();
+    shaping.ShowItems();
+  });
   spelling.Checked.Connect([this] {
     states.ResetControls();
     panel.ShowText(list.Selected());
   });
-  dialogs.settings.Closed.Connect([this] { commands.ShowMarks(); });
+  dialogs.settings.Closed.Connect([this] {
+    commands.ShowMarks();
+    shaping.ShowItems();
+  });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
@@ -155,6 +163,7 @@ void Program::ConnectAudio() {
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
+  retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
 }
 
 void Program::ConnectJournal() {

@@ -60,9 +60,9 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
         case 0:
           return QString::number(row);
         case 1:
-          return QString::number(list_.GetCaptionStart(row));
+          return QString::number(grid_.ShownTimes(row).start);
         case 2:
-          return QString::number(list_.GetCaptionEnd(row));
+          return QString::number(grid_.ShownTimes(row).end);
         default:
           return ToQt(grid_.ShownText(row));
       }
@@ -71,6 +71,12 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
       return index.column() == 0 ? QVariant(ToQt(grid_.SpokenCaption(row))) : QVariant();
     case Qt::TextAlignmentRole:
       return ColumnAlignment(grid_);
+    case Qt::ForegroundRole:
+      // Times that aren't taken yet stand out.
+      if ((index.column() == 1 || index.column() == 2) && grid_.ShowsOtherTimes(row)) {
+        return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Link);
+      }
+      return {};
     case Qt::BackgroundRole:
       if (index.column() == kColumns - 1 && list_.IsCaptionFormatted(row)) {
         return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Button);
