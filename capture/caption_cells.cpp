@@ -33,19 +33,18 @@ std::int64_t FramesOf(std::int64_t ms, const TimesShown& shown) {
       static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max())));
 }
 
-Text DurationCell(const CaptionList& list, Row row, const TimesShown& shown) {
-  const CaptionTimes times = list.TimesAt(row);
+Text DurationCell(const CaptionTimes& times, const TimesShown& shown) {
   return times.end == 0 ? Text() : LengthCell(std::int64_t{times.end} - times.start, shown);
 }
 
 /// From the end of a caption to the start of the next one.
-Text GapCell(const CaptionList& list, Row row, const TimesShown& shown) {
-  if (list.GetCaptionEnd(row) == 0 || !list.IsCaptionTimed(row + 1)) return {};
-  return LengthCell(std::int64_t{list.GetCaptionStart(row + 1)} - list.GetCaptionEnd(row), shown);
+Text GapCell(const CellTimes& times, const TimesShown& shown) {
+  if (times.own.end == 0 || times.next.start <= 0) return {};
+  return LengthCell(std::int64_t{times.next.start} - times.own.end, shown);
 }
 
-Text SpeedCell(const CaptionList& list, Row row) {
-  const double speed = ReadingSpeed(list, row);
+Text SpeedCell(const CaptionList& list, Row row, const CaptionTimes& times) {
+  const double speed = ReadingSpeed(list, row, times);
   if (speed <= 0) return {};
   const auto tenths = std::llround(speed * 10);
   return Decimal(tenths / 10) + u"." + Decimal(tenths % 10);
@@ -71,22 +70,25 @@ Text LengthCell(std::int64_t ms, const TimesShown& shown) {
   return sign + Decimal(size / kMsASecond) + u"." + Padded(size % kMsASecond, 3);
 }
 
-Text CaptionCell(const CaptionList& list, Row row, ListColumn column, const TimesShown& shown) {
-  const CaptionTimes times = list.TimesAt(row);
-  const bool without = times == CaptionTimes{};
+CellTimes TimesOfCells(const CaptionList& list, Row row) {
+  return {list.TimesAt(row), list.InRange(row + 1) ? list.TimesAt(row + 1) : CaptionTimes{}};
+}
+
+Text CaptionCell(const CaptionList& list, Row row, ListColumn column, const TimesShown& shown, const CellTimes& times) {
+  const CaptionTimes& own = times.own;
   switch (column) {
     case ListColumn::Number:
       return Decimal(row);
     case ListColumn::Start:
-      return without ? Text() : TimeCell(times.start, shown);
+      return own == CaptionTimes{} ? Text() : TimeCell(own.start, shown);
     case ListColumn::End:
-      return times.end == 0 ? Text() : TimeCell(times.end, shown);
+      return own.end == 0 ? Text() : TimeCell(own.end, shown);
     case ListColumn::Duration:
-      return DurationCell(list, row, shown);
+      return DurationCell(own, shown);
     case ListColumn::Gap:
-      return GapCell(list, row, shown);
+      return GapCell(times, shown);
     case ListColumn::Speed:
-      return SpeedCell(list, row);
+      return SpeedCell(list, row, own);
     case ListColumn::Words:
       break;
   }
@@ -108,8 +110,7 @@ std::vector<StyledRun> TextCell(const CaptionList& list, Row row) {
   return runs;
 }
 
-double ReadingSpeed(const CaptionList& list, Row row) {
-  const CaptionTimes times = list.TimesAt(row);
+double ReadingSpeed(const CaptionList& list, Row row, const CaptionTimes& times) {
   if (times.end <= times.start) return 0;
   // Line ends have no width, so they count for nothing.
   const int length = VisibleLength(list.GetSeenText(row, true), false);

@@ -71,6 +71,12 @@ void CaptionGrid::SetSpoken(TextView timed, TextView untimed, TextView found) {
   spokenFound_ = found;
 }
 
+Text CaptionGrid::CellText(Row row, ListColumn column) const {
+  CellTimes times{ShownTimes(row), {}};
+  if (list_.InRange(row + 1)) times.next = ShownTimes(row + 1);
+  return CaptionCell(list_, row, column, times_, times);
+}
+
 Text CaptionGrid::ShownText(Row row) const {
   return list_.Options().rawMarks ? list_.GetCaptionText(row) : list_.GetSeenText(row);
 }
@@ -79,9 +85,9 @@ Text CaptionGrid::SpokenCaption(Row row) const {
   if (!list_.InRange(row)) return {};
   Text text = ReplaceAll(list_.GetSeenText(row, true), kLineEnd, u" ");
   if (!list_.Options().manner.KeepsStylesWithin()) text = WithoutStyleMarkers(std::move(text));
-  const Text form = list_.IsCaptionTimed(row) ? spokenTimed_ : spokenUntimed_;
-  const std::array<Text, 4> values = {Decimal(row), Seconds(list_.GetCaptionStart(row)),
-                                      Seconds(list_.GetCaptionEnd(row)), text};
+  const CaptionTimes times = ShownTimes(row);
+  const Text form = times.start > 0 ? spokenTimed_ : spokenUntimed_;
+  const std::array<Text, 4> values = {Decimal(row), Seconds(times.start), Seconds(times.end), text};
   Text spoken;
   for (std::size_t i = 0; i < form.size(); ++i) {
     const bool place = form[i] == u'%' && i + 1 < form.size() && form[i + 1] >= u'1' && form[i + 1] <= u'4';
@@ -93,6 +99,12 @@ Text CaptionGrid::SpokenCaption(Row row) const {
   }
   if (!HasFindings(row)) return spoken;
   return Fill(spokenFound_, spoken, ReplaceAll(Findings(row), u"\n", u", "));
+}
+
+void CaptionGrid::Foresee(const ForeseenTimes* times) {
+  if (times == nullptr && foreseen_ == nullptr) return;
+  foreseen_ = times;
+  Changed();
 }
 
 void CaptionGrid::SetRightToLeft(bool on) {

@@ -25,6 +25,14 @@ class RowFindings {
   virtual Text Reasons(Row row) const = 0;
 };
 
+/// Times that the list shows in place of the captions' own, while the user looks what a change would bring.
+class ForeseenTimes {
+ public:
+  virtual ~ForeseenTimes() = default;
+  /// Of a row in range.
+  virtual CaptionTimes TimesOf(Row row) const = 0;
+};
+
 /// What the list control `grdSubs` shows beside its rows: columns, headings, fonts and what part is in view.
 /// Sizes are in pixels. `Changed` asks for the whole control to be set up anew, `Scrolled` to follow `TopRow`.
 class CaptionGrid {
@@ -67,11 +75,19 @@ class CaptionGrid {
   void MarkFilmRow(Row row);
   /// These rows are to be painted anew.
   void ShowRowsAnew(Row first, Row last) { RowsTouched(first, last); }
+  /// What a cell of a row in range shows.
+  Text CellText(Row row, ListColumn column) const;
   /// How a caption is read out: of one with times "%1, %2 to %3 seconds, %4" or the like (number, start, end, text), of
   /// one without "%1, without times, %4". `found` has places for that and for what is found of it.
   void SetSpoken(TextView timed, TextView untimed, TextView found);
   /// What the text column shows of a row in range.
   Text ShownText(Row row) const;
+  /// The rows show these times instead of their own until null is given; they outlive that.
+  void Foresee(const ForeseenTimes* times);
+  /// The times that the list shows of a row in range.
+  CaptionTimes ShownTimes(Row row) const { return foreseen_ != nullptr ? foreseen_->TimesOf(row) : list_.TimesAt(row); }
+  /// The times shown of a row in range aren't its own.
+  bool ShowsOtherTimes(Row row) const { return foreseen_ != nullptr && foreseen_->TimesOf(row) != list_.TimesAt(row); }
   /// All rows are to be painted anew.
   void ShowAnew() { Changed(); }
   /// What a screen reader says for a row; empty for one out of range.
@@ -114,6 +130,7 @@ class CaptionGrid {
 
  private:
   CaptionList& list_;
+  const ForeseenTimes* foreseen_ = nullptr;
   bool active_ = false;
   bool enabled_ = true;
   bool rightToLeft_ = false;

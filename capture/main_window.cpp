@@ -5,7 +5,7 @@ namespace cuewright {
 MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem* line :
        {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a, &mnuLine1b,
-        &mnuLine1c, &mnuLine1d, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
+        &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
@@ -38,6 +38,19 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuBold.SetShortcut("Ctrl+B");
   mnuItalic.SetShortcut("Ctrl+I");
   mnuUnderline.SetShortcut("Ctrl+U");
+  mnuInsertAbove.SetShortcut("Alt+Shift+Ins");
+  mnuInsertBelow.SetShortcut("Alt+Ins");
+  mnuInsertAtFilm.SetShortcut("Ctrl+Alt+Ins");
+  mnuSplitAtCaret.SetShortcut("Ctrl+Shift+Return");
+  mnuSplitAtFilm.SetShortcut("Ctrl+Alt+Return");
+  mnuJoinNext.SetShortcut("Ctrl+Shift+J");
+  mnuJoinPrevious.SetShortcut("Ctrl+Alt+J");
+  mnuDialogueNext.SetShortcut("Ctrl+Shift+K");
+  mnuDialoguePrevious.SetShortcut("Ctrl+Alt+K");
+  mnuDuplicate.SetShortcut("Ctrl+D");
+  mnuMeetNext.SetShortcut("Ctrl+L");
+  mnuSwapTexts.SetShortcut("Ctrl+Shift+X");
+  mnuRetime.SetShortcut("Ctrl+Shift+T");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");

@@ -12,6 +12,9 @@ class MainWindow final : public Form {
  public:
   MainWindow();
 
+  /// The text pane takes the keyboard.
+  void FocusText() { RequestFocus(txtSub); }
+
   /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
   /// outside such an event.
   std::optional<double> inputInstant;
@@ -102,6 +105,9 @@ class MainWindow final : public Form {
   MenuItem mnuSelectAll{*this, "mnuSelectAll", &mnuEdit};
   MenuItem mnuLine1d{*this, "mnuLine1d", &mnuEdit};
   MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
+  MenuItem mnuInsertAbove{*this, "mnuInsertAbove", &mnuAdd};
+  MenuItem mnuInsertBelow{*this, "mnuInsertBelow", &mnuAdd};
+  MenuItem mnuInsertAtFilm{*this, "mnuInsertAtFilm", &mnuAdd};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
   MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
@@ -114,6 +120,18 @@ class MainWindow final : public Form {
   MenuItem mnuUpperCase{*this, "mnuUpperCase", &mnuLetterCase};
   MenuItem mnuLowerCase{*this, "mnuLowerCase", &mnuLetterCase};
   MenuItem mnuSentenceCase{*this, "mnuSentenceCase", &mnuLetterCase};
+  MenuItem mnuLine1e{*this, "mnuLine1e", &mnuEdit};
+  MenuItem mnuSplit{*this, "mnuSplit", &mnuEdit};
+  MenuItem mnuSplitAtCaret{*this, "mnuSplitAtCaret", &mnuSplit};
+  MenuItem mnuSplitAtFilm{*this, "mnuSplitAtFilm", &mnuSplit};
+  MenuItem mnuJoin{*this, "mnuJoin", &mnuEdit};
+  MenuItem mnuJoinNext{*this, "mnuJoinNext", &mnuJoin};
+  MenuItem mnuJoinPrevious{*this, "mnuJoinPrevious", &mnuJoin};
+  MenuItem mnuDialogueNext{*this, "mnuDialogueNext", &mnuJoin};
+  MenuItem mnuDialoguePrevious{*this, "mnuDialoguePrevious", &mnuJoin};
+  MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuEdit};
+  MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuEdit};
+  MenuItem mnuSwapTexts{*this, "mnuSwapTexts", &mnuEdit};
   MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
   MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
   MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
@@ -125,6 +143,7 @@ class MainWindow final : public Form {
   MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
   MenuItem mnuShift{*this, "mnuShift", &mnuEdit};
   MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
+  MenuItem mnuRetime{*this, "mnuRetime", &mnuEdit};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

@@ -50,6 +50,8 @@ class Manner {
   constexpr bool ChoosesEncodings() const { return !classic_; }
   /// The list takes many rows at once, and shows times as a clock, what is asked of captions, styles and findings.
   constexpr bool ListIsAWorkbench() const { return !classic_; }
+  /// Captions are inserted, split, joined and retimed by commands that the first design doesn't have.
+  constexpr bool ShapesCaptions() const { return !classic_; }
 
  private:
   bool classic_ = false;

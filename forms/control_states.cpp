@@ -27,6 +27,15 @@ void ControlStates::SetDocumentItems(bool on) {
                          &bench_.window.mnuSentenceCase, &bench_.window.mnuShift}) {
     item->SetEnabled(on);
   }
+  // Keys reach an item even while the menu that it stands in is off.
+  for (MenuItem* item :
+       {&bench_.window.mnuInsertAbove, &bench_.window.mnuInsertBelow, &bench_.window.mnuInsertAtFilm,
+        &bench_.window.mnuSplit, &bench_.window.mnuSplitAtCaret, &bench_.window.mnuSplitAtFilm, &bench_.window.mnuJoin,
+        &bench_.window.mnuJoinNext, &bench_.window.mnuJoinPrevious, &bench_.window.mnuDialogueNext,
+        &bench_.window.mnuDialoguePrevious, &bench_.window.mnuDuplicate, &bench_.window.mnuMeetNext,
+        &bench_.window.mnuSwapTexts, &bench_.window.mnuRetime}) {
+    item->SetEnabled(on);
+  }
 }
 
 void ControlStates::ResetControls() {

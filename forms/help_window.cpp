@@ -19,6 +19,7 @@ constexpr std::array kWindowPages{
     WindowPage{"frmAudio", u"audio_source.html"},
     WindowPage{"frmAudioWizard", u"extract_audio.html"},
     WindowPage{"frmDelay", u"delay.html"},
+    WindowPage{"frmRetime", u"retime.html"},
     WindowPage{"frmEmbed", u"embed.html"},
     WindowPage{"frmExport", u"export.html"},
     WindowPage{"frmFind", u"find.html"},

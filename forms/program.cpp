@@ -62,6 +62,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(Bench(), ruleReport, reportWindow, session, ports_),
       tools(window, list, strings, languages, openForms, ports_),
+      shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
+      retime(Bench(), formats, languages, ports_.player, openForms),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -87,6 +89,7 @@ void Program::Connect() {
   shell.Loading.Connect([this] {
     vsFilter.ApplyVSFilterMode();
     ShowManner();
+    shaping.ShowItems();
   });
   spelling.Checked.Connect([this] {
     states.ResetControls();
@@ -95,6 +98,7 @@ void Program::Connect() {
   dialogs.settings.Closed.Connect([this] {
     commands.ShowMarks();
     ShowManner();
+    shaping.ShowItems();
   });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
@@ -169,6 +173,7 @@ void Program::ConnectAudio() {
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
+  retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
 }
 
 void Program::ConnectJournal() {

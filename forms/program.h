@@ -29,6 +29,7 @@
 #include "forms/audio_commands.h"
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
+#include "forms/caption_shaping.h"
 #include "forms/control_states.h"
 #include "forms/dialogs.h"
 #include "forms/document_files.h"
@@ -51,6 +52,7 @@
 #include "forms/recent_files.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
+#include "forms/retime_window.h"
 #include "forms/rules_commands.h"
 #include "forms/save_check.h"
 #include "forms/selection_commands.h"
@@ -172,6 +174,8 @@ class Program final {
   ReportWindow reportWindow;
   RulesCommands rules;
   EditingTools tools;
+  CaptionShaping shaping;
+  RetimeWindow retime;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -182,7 +186,9 @@ class Program final {
   WindowTitle title;
 
   /// The windows that stand beside the main one.
-  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
+  std::vector<ToolForm*> ToolForms() {
+    return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
+  }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.

@@ -120,12 +120,13 @@ void CaptionDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   const ListColumn column = model_.ColumnOf(index.column());
   QRect rect = option.rect;
   if (column == ListColumn::Number) rect = PaintSigns(*painter, option, row);
-  painter->setPen(TextColor(option, row));
+  const bool time = column == ListColumn::Start || column == ListColumn::End;
+  const bool foreseen = time && !IsSelected(option) && grid_.ShowsOtherTimes(row);
+  painter->setPen(foreseen ? option.palette.color(QPalette::Link) : TextColor(option, row));
   if (column == ListColumn::Words) {
     PaintText(*painter, option, row);
   } else {
-    PaintFigures(*painter, rect.adjusted(kPadding, 0, -kPadding, 0),
-                 ToQt(CaptionCell(list_, row, column, grid_.Times())));
+    PaintFigures(*painter, rect.adjusted(kPadding, 0, -kPadding, 0), ToQt(grid_.CellText(row, column)));
   }
   painter->restore();
 }

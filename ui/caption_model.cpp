@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::array kClassicColumns = {ListColumn::Number, ListColumn::Start, ListColumn::End, ListColumn::Words};
 
+bool IsTime(ListColumn column) { return column == ListColumn::Start || column == ListColumn::End; }
+
 /// The side that the list's columns keep to, whatever the direction of a cell's own text.
 QVariant ColumnAlignment(const CaptionGrid& grid) {
   return QVariant(Qt::AlignVCenter | Qt::AlignAbsolute | (grid.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
@@ -42,6 +44,12 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !list_.InRange(row)) return {};
   if (!grid_.Active()) return role == Qt::DisplayRole ? ToQt(grid_.Notice()) : QVariant();
   switch (role) {
+    case Qt::ForegroundRole:
+      // Times that aren't taken yet stand out.
+      if (IsTime(ColumnOf(index.column())) && grid_.ShowsOtherTimes(row)) {
+        return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Link);
+      }
+      return {};
     case Qt::AccessibleTextRole:
       // The first cell is the one with the focus: it speaks for the row.
       return index.column() == 0 ? QVariant(ToQt(grid_.SpokenCaption(row))) : QVariant();
@@ -55,7 +63,7 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
 QVariant CaptionModel::ShownData(Row row, int column, int role) const {
   switch (role) {
     case Qt::DisplayRole:
-      return ToQt(CaptionCell(list_, row, ColumnOf(column), grid_.Times()));
+      return ToQt(grid_.CellText(row, ColumnOf(column)));
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
       return grid_.HasFindings(row) ? QVariant(ToQt(grid_.Findings(row))) : QVariant();
@@ -74,9 +82,9 @@ QVariant CaptionModel::ClassicData(Row row, int column, int role) const {
     case ListColumn::Number:
       return QString::number(row);
     case ListColumn::Start:
-      return QString::number(list_.GetCaptionStart(row));
+      return QString::number(grid_.ShownTimes(row).start);
     case ListColumn::End:
-      return QString::number(list_.GetCaptionEnd(row));
+      return QString::number(grid_.ShownTimes(row).end);
     default:
       return ToQt(grid_.ShownText(row));
   }

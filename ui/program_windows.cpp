@@ -12,6 +12,7 @@
 #include "ui/list_view.h"
 #include "ui/reopen_view.h"
 #include "ui/report_view.h"
+#include "ui/retime_view.h"
 #include "ui/settings_view.h"
 #include "ui/spell_view.h"
 #include "ui/update_view.h"
@@ -32,6 +33,7 @@ void AddToolWindows(Windows& windows, Program& program) {
   windows.AddBeside<ReportView>(program.reportWindow);
   windows.AddBeside<FindView>(program.tools.findWindow);
   windows.AddBeside<FindView>(program.tools.replaceWindow);
+  windows.AddBeside<RetimeView>(program.retime);
   windows.AddBeside<HelpView>(program.help);
 }
 

@@ -17,7 +17,7 @@ const TimesShown kFilm{TimeForm::Frames, 23.976};
 struct CellTest : ::testing::Test {
   void Fill(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
   Text Cell(Row row, ListColumn column, const TimesShown& shown = kClock) {
-    return CaptionCell(list, row, column, shown);
+    return CaptionCell(list, row, column, shown, TimesOfCells(list, row));
   }
 
   AppOptions options;
@@ -81,8 +81,8 @@ TEST_F(Cells, TheTextIsOnOneLineAndWithoutMarks) {
 
 TEST_F(Cells, TheSpeedCountsWhatIsRead) {
   Fill({{1000, 2000, u"<b>ten|letter"}, {3000, 4000, u"e\u0301e\u0301"}});
-  EXPECT_DOUBLE_EQ(ReadingSpeed(list, 1), 9);
-  EXPECT_DOUBLE_EQ(ReadingSpeed(list, 2), 2);
+  EXPECT_DOUBLE_EQ(ReadingSpeed(list, 1, list.TimesAt(1)), 9);
+  EXPECT_DOUBLE_EQ(ReadingSpeed(list, 2, list.TimesAt(2)), 2);
 }
 
 using RowOfTheFilm = CellTest;

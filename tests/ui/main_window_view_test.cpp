@@ -139,6 +139,72 @@ TEST_F(MainWindowList, ShowsTheRowsAsTheyAreStoredInTheClassicManner) {
   EXPECT_FALSE(model->index(2, 3).data(Qt::BackgroundRole).isValid());
 }
 
+TEST_F(MainWindowList, ShowsTimesThatAreNotTakenYetInAnotherColour) {
+  Timed(3);
+  auto* model = Table()->model();
+  program->retime.Show();
+  program->retime.optFromHere.Click();
+  program->retime.txtShift.SetText(u"10");
+  program->retime.txtShift.NoteEdited();
+  EXPECT_EQ(model->index(0, 1).data().toString(), "0:00:11.100");
+  EXPECT_EQ(model->index(0, 2).data().toString(), "0:00:11.900");
+  EXPECT_TRUE(model->index(0, 1).data(Qt::ForegroundRole).isValid());
+  EXPECT_FALSE(model->index(0, kTextColumn).data(Qt::ForegroundRole).isValid());
+  program->retime.Close();
+  EXPECT_EQ(model->index(0, 1).data().toString(), "0:00:01.100");
+  EXPECT_FALSE(model->index(0, 1).data(Qt::ForegroundRole).isValid());
+}
+
+TEST_F(MainWindowKeys, CaptionsAreShapedFromThePane) {
+  Timed(4);
+  List().SetRow(2, false);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  pane->setFocus();
+  QTest::keyClick(pane, Qt::Key_End);
+  QTest::keyClick(pane, Qt::Key_Left);
+  QTest::keyClick(pane, Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line");
+  EXPECT_EQ(List().GetCaptionText(3), u"2");
+  QTest::keyClick(pane, Qt::Key_J, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line|2");
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line 2");
+  EXPECT_EQ(pane->toPlainText(), "line 2");
+  QTest::keyClick(pane, Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionEnd(2), 3100);
+  QTest::keyClick(pane, Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(3), u"line 2");
+  QTest::keyClick(pane, Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(4), u"line 2");
+}
+
+TEST_F(MainWindowKeys, ANewCaptionIsTypedInThePaneAtOnce) {
+  Timed(4);
+  List().SetRow(2, false);
+  QTest::keyClick(Table(), Qt::Key_Insert, Qt::AltModifier);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  EXPECT_TRUE(pane->hasFocus());
+  QTest::keyClicks(pane, "new");
+  EXPECT_EQ(List().GetCaptionText(3), u"new");
+  QTest::keyClick(pane, Qt::Key_Insert, Qt::AltModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(4), u"new");
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(MainWindowKeys, TheClassicMannerHasNoneOfThem) {
+  program->options.manner.SetClassic(true);
+  program->shaping.ShowItems();
+  Timed(4);
+  for (const Qt::Key key : {Qt::Key_D, Qt::Key_L}) QTest::keyClick(Table(), key, Qt::ControlModifier);
+  for (const Qt::Key key : {Qt::Key_J, Qt::Key_K, Qt::Key_T}) {
+    QTest::keyClick(Table(), key, Qt::ControlModifier | Qt::ShiftModifier);
+  }
+  EXPECT_EQ(List().Rows(), 5);
+  EXPECT_EQ(List().GetCaptionEnd(1), 1900);
+  EXPECT_FALSE(program->retime.Loaded());
+}
+
 TEST_F(MainWindowList, RowsComeAndGoWithTheList) {
   Timed(5);
   List().AddCaption(1, 2, u"new", 1);
