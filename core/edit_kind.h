@@ -27,6 +27,9 @@ enum class EditKind : std::uint8_t {
   ReplaceAll,
   Drag,
   Spelling,
+  Fix,     ///< what the check proposed
+  Breaks,  ///< lines broken anew
+  Cleaning,
   TakeBack,  ///< undo and redo themselves
 };
 
