@@ -40,6 +40,19 @@ TextView DashOf(TextView line) {
   return line.substr(0, end == TextView::npos ? line.size() : end);
 }
 
+TextView LastWord(TextView line) {
+  const std::size_t last = line.find_last_not_of(kBlanks);
+  if (last == TextView::npos) return {};
+  line = line.substr(0, last + 1);
+  return line.substr(line.find_last_of(kBlanks) + 1);
+}
+
+TextView FirstWord(TextView line) {
+  const std::size_t first = line.find_first_not_of(kBlanks);
+  if (first == TextView::npos) return {};
+  return line.substr(first, line.find_first_of(kBlanks, first) - first);
+}
+
 }  // namespace
 
 std::string_view RuleName(CheckRule rule) { return kNames.at(static_cast<std::size_t>(rule)); }
@@ -63,9 +76,19 @@ void Checker::CheckRow(const CaptionList& list, Row row, std::vector<Finding>& f
   row_ = row;
   const Caption& caption = list.At(row);
   CheckTimes(list, row);
-  seen_.Take(caption.text, list.Options().lineSeparator);
-  CheckText(caption, seen_.View());
+  CheckText(caption, VisibleOf(list, caption.text));
   CheckShots(caption);
+}
+
+TextView Checker::VisibleOf(const CaptionList& list, const Text& stored) {
+  const Text& separator = list.Options().lineSeparator;
+  if (MayHaveMarks(stored)) {
+    seen_.Take(stored, separator, list.Marks());
+    return seen_.View();
+  }
+  if (FindPlain(stored, separator) == Text::npos) return stored;
+  plain_ = ReplaceAll(stored, separator, u"\n");
+  return plain_;
 }
 
 void Checker::Add(CheckRule rule, double value, double limit) {
@@ -79,6 +102,7 @@ void Checker::Add(CheckRule rule, double value, double limit) {
 
 void Checker::CheckTimes(const CaptionList& list, Row row) {
   const Caption& caption = list.At(row);
+  if (!IsTimed(caption)) return;
   const std::int64_t duration = std::int64_t{caption.end} - caption.start;
   // A time in the file is right to half a frame: a duration that is the least one in frames is long enough.
   const bool tooShort =
@@ -88,7 +112,7 @@ void Checker::CheckTimes(const CaptionList& list, Row row) {
   if (maxDuration_ != 0 && duration > maxDuration_) {
     Add(CheckRule::MaxDuration, static_cast<double>(duration), maxDuration_);
   }
-  if (row > 1 && IsTimed(caption) && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
+  if (row > 1 && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
 }
 
 /// The gap in front of a caption is said of the caption behind it.
@@ -118,8 +142,8 @@ void Checker::CheckText(const Caption& caption, TextView visible) {
   if (rules_.characters != 0 && length > rules_.characters) Add(CheckRule::TextLength, length, rules_.characters);
   CheckLines();
   if (!rules_.dash.empty()) CheckDashes();
-  if (rules_.lineEnds.empty()) return;
-  for (std::size_t i = 0; i + 1 < lines_.size(); ++i) CheckLineEnd(lines_[i]);
+  if (rules_.breaks.Empty()) return;
+  for (std::size_t i = 0; i + 1 < lines_.size(); ++i) CheckLineEnd(lines_[i], lines_[i + 1]);
 }
 
 void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
@@ -164,15 +188,12 @@ void Checker::CheckDashes() {
   }
 }
 
-void Checker::CheckLineEnd(TextView line) {
-  const std::size_t last = line.find_last_not_of(kBlanks);
-  if (last == TextView::npos) return;
-  line = line.substr(0, last + 1);
-  const std::size_t blank = line.find_last_of(kBlanks);
-  const Text word = ToLower(line.substr(blank == TextView::npos ? 0 : blank + 1));
-  if (!rules_.lineEnds.contains(word)) return;
+void Checker::CheckLineEnd(TextView line, TextView next) {
+  const TextView last = LastWord(line);
+  const TextView first = FirstWord(next);
+  if (!rules_.breaks.Forbids(last, first)) return;
   Add(CheckRule::LineEnd, 0, 0);
-  findings_->back().found = word;
+  findings_->back().found = ToLower(last);
 }
 
 void Checker::CheckShots(const Caption& caption) {

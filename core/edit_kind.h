@@ -40,6 +40,9 @@ enum class EditKind : std::uint8_t {
   Move,
   Sort,
   Join,
+  Fix,     ///< what the check proposed
+  Breaks,  ///< lines broken anew
+  Cleaning,
   TakeBack,  ///< undo and redo themselves
 };
 
