@@ -10,6 +10,7 @@
 
 #include "check/checker.h"
 #include "core/seen_text.h"
+#include "text/visible_length.h"
 
 namespace cuewright {
 namespace {

@@ -8,6 +8,7 @@
 #include "check/checker.h"
 #include "core/app_options.h"
 #include "tests/support/tag_marks.h"
+#include "text/visible_length.h"
 
 namespace cuewright {
 namespace {
