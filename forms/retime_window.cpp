@@ -44,8 +44,15 @@ void RetimeWindow::Wire() {
   optRatio.Clicked.Connect([this] { Choose(Way::Ratio); });
   optRates.Clicked.Connect([this] { Choose(Way::Rates); });
   optPoints.Clicked.Connect([this] { Choose(Way::Points); });
-  optAll.Clicked.Connect([this] { ChooseFrom(0); });
-  optFromHere.Clicked.Connect([this] { ChooseFrom(bench_.list.Selected()); });
+  optAll.Clicked.Connect([this] { Choose(Scope::All); });
+  optSelected.Clicked.Connect([this] {
+    selected_ = {bench_.list.Selected()};
+    Choose(Scope::Selected);
+  });
+  optFromHere.Clicked.Connect([this] {
+    here_ = bench_.list.Selected();
+    Choose(Scope::FromHere);
+  });
   txtShift.Edited.Connect([this] { Refresh(); });
   txtRatio.Edited.Connect([this] { Refresh(); });
   for (ComboBox* box : {&cboUnit, &cboDirection}) box->Chosen.Connect([this] { Refresh(); });
@@ -91,8 +98,9 @@ void RetimeWindow::Load() {
   txtRatio.SetText({});
   points_.Clear();
   way_ = Way::Shift;
-  from_ = 0;
+  scope_ = Scope::All;
   here_ = bench_.list.Selected();
+  selected_ = {here_};
   ShowUnits();
   cboUnit.SetIndex(Clock);
   cboDirection.SetItems({bench_.strings[Message::RetimeLater], bench_.strings[Message::RetimeEarlier]});
@@ -183,9 +191,8 @@ void RetimeWindow::Choose(Way way) {
   ShowWay();
 }
 
-void RetimeWindow::ChooseFrom(Row row) {
-  from_ = row;
-  if (row != 0) here_ = row;
+void RetimeWindow::Choose(Scope scope) {
+  scope_ = scope;
   ShowWay();
 }
 
@@ -198,8 +205,10 @@ void RetimeWindow::ShowWay() {
   fraRatio.SetVisible(way_ == Way::Ratio);
   fraRates.SetVisible(way_ == Way::Rates);
   fraPoints.SetVisible(way_ == Way::Points);
-  optAll.SetValue(from_ == 0);
-  optFromHere.SetValue(from_ != 0);
+  optAll.SetValue(scope_ == Scope::All);
+  optSelected.SetValue(scope_ == Scope::Selected);
+  optFromHere.SetValue(scope_ == Scope::FromHere);
+  optSelected.SetText(bench_.strings.Counted(Message::ScopeSelected, u"%1", std::ssize(selected_)));
   optFromHere.SetText(Fill(bench_.strings[Message::ScopeFromHere], Decimal(here_)));
   ShowPoint();
   ShowPoints(-1);
@@ -238,7 +247,8 @@ void RetimeWindow::Follow(const Splice& splice) {
   points_.Follow(splice);
   const auto follow = [&](Row row) { return std::max(RowAfter(splice, row), std::min(splice.first, row)); };
   here_ = follow(here_);
-  if (from_ != 0) from_ = here_;
+  for (Row& row : selected_) row = RowAfter(splice, row);
+  std::erase(selected_, 0);
 }
 
 FrameRate RetimeWindow::RateOfFrames() const {
@@ -246,7 +256,30 @@ FrameRate RetimeWindow::RateOfFrames() const {
   return film ? film : formats_.CurrentFps;
 }
 
-RetimeRows RetimeWindow::ChosenRows() const { return {RowRange{std::max(from_, 1), kMaxRow}}; }
+bool RetimeWindow::IsChosen(Row row) const {
+  switch (scope_) {
+    case Scope::All:
+      return true;
+    case Scope::Selected:
+      return std::ranges::binary_search(selected_, row);
+    case Scope::FromHere:
+      return row >= here_;
+  }
+  return false;
+}
+
+RetimeRows RetimeWindow::ChosenRows() const {
+  if (scope_ != Scope::Selected) return {RowRange{scope_ == Scope::FromHere ? here_ : 1, kMaxRow}};
+  RetimeRows rows;
+  for (const Row row : selected_) {
+    if (rows.empty() || rows.back().last + 1 != row) {
+      rows.push_back({row, row});
+    } else {
+      rows.back().last = row;
+    }
+  }
+  return rows;
+}
 
 RetimeWindow::Asked RetimeWindow::AskedMap() const {
   switch (way_) {
@@ -319,7 +352,7 @@ void RetimeWindow::Refresh() {
 
 CaptionTimes RetimeWindow::TimesOf(Row row) const {
   const CaptionTimes own = bench_.list.TimesAt(row);
-  return map_ && row >= from_ ? RetimedTimes(own, *map_).times : own;
+  return map_ && IsChosen(row) ? RetimedTimes(own, *map_).times : own;
 }
 
 void RetimeWindow::Apply() {

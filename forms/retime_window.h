@@ -52,6 +52,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
 
   Frame fraScope{*this, "fraScope"};
   OptionButton optAll{*this, "optAll"};
+  OptionButton optSelected{*this, "optSelected"};
   OptionButton optFromHere{*this, "optFromHere"};
 
   Label lblResult{*this, "lblResult"};
@@ -65,6 +66,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
 
  private:
   enum class Way : std::uint8_t { Shift, Ratio, Rates, Points };
+  enum class Scope : std::uint8_t { All, Selected, FromHere };
   enum Unit { Clock, Frames };
   enum Direction { Later, Earlier };
   /// What the controls ask for.
@@ -80,7 +82,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   void Wire();
   void WirePoints();
   void Choose(Way way);
-  void ChooseFrom(Row row);
+  void Choose(Scope scope);
   void ShowWay();
   void ShowUnits();
   void ShowPoint();
@@ -95,6 +97,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   Asked AskedRatio() const;
   Asked AskedRates() const;
   Asked AskedPoints() const;
+  bool IsChosen(Row row) const;
   RetimeRows ChosenRows() const;
   /// The rate in which frames are counted: the film's, else the document's; none when neither is known.
   FrameRate RateOfFrames() const;
@@ -105,8 +108,9 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   const Languages& languages_;
   const Player& player_;
   Way way_ = Way::Shift;
-  Row from_ = 0;  ///< the first row of those that are retimed; 0: all are
-  Row here_ = 1;  ///< the row that "from here on" means
+  Scope scope_ = Scope::All;
+  Row here_ = 1;               ///< the row that "from here on" means
+  std::vector<Row> selected_;  ///< the rows that "the selected ones" means, in order
   RetimePoints points_;
   std::optional<TimeMap> map_;
   std::vector<Connection> connections_;  ///< to the list, while the window is loaded

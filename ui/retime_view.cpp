@@ -126,7 +126,7 @@ QWidget* RetimeView::MakeScope() {
   auto* scope = Bind(form_.fraScope, new QGroupBox(this));
   auto* row = new QHBoxLayout(scope);
   row->setSpacing(20);
-  for (OptionButton* option : {&form_.optAll, &form_.optFromHere}) {
+  for (OptionButton* option : {&form_.optAll, &form_.optSelected, &form_.optFromHere}) {
     row->addWidget(Bind(*option, new QRadioButton(scope)));
   }
   row->addStretch();

@@ -197,6 +197,20 @@ TEST_F(RetimeInTheWindow, TakesWhatFollowsFromHereAlone) {
   EXPECT_EQ(Starts(), (std::vector<std::int32_t>{1100, 2100, 3100, 5100, 6100}));
 }
 
+TEST_F(RetimeInTheWindow, TakesTheSelectedCaptionAlone) {
+  Shift(u"0.1");
+  EXPECT_EQ(Retime().optSelected.GetText(), u"The selected one");
+  List().SetRow(3, false);
+  Retime().optSelected.Click();
+  EXPECT_EQ(Shown(), (std::vector<std::int32_t>{1100, 2100, 3200, 4100, 5100}));
+  EXPECT_EQ(Result(), "1 caption gets other times; the list shows them.");
+  List().DeleteCaption(1);
+  EXPECT_EQ(Shown(), (std::vector<std::int32_t>{2100, 3200, 4100, 5100}));
+  List().DeleteCaption(2);
+  EXPECT_EQ(Result(), "No caption gets other times.");
+  EXPECT_FALSE(Retime().cmdOK.Enabled());
+}
+
 TEST_F(RetimeInTheWindow, FollowsWhatIsDoneInTheListMeanwhile) {
   List().SetRow(4, false);
   Shift(u"1");

@@ -150,6 +150,13 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheEditMenu) {
   Look(Window().mnuFind);
   Look(Window().mnuReplace);
   Look(Window().mnuDelay);
+  player.framesPerSecond = 23.976;
+  std::vector<std::function<void()>> ways;
+  RetimeWindow& retime = program->retime;
+  for (OptionButton* way : {&retime.optRatio, &retime.optRates, &retime.optPoints}) {
+    ways.emplace_back([way] { way->Click(); });
+  }
+  Look(Window().mnuRetime, ways);
 }
 
 TEST_P(EveryLanguage, HasRoomInTheWindowsOfFilesAndTools) {
