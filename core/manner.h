@@ -48,6 +48,8 @@ class Manner {
   constexpr bool TellsWhatIsLost() const { return !classic_; }
   /// The user chooses the encoding of a file that is saved or read anew, and is asked before letters are lost by it.
   constexpr bool ChoosesEncodings() const { return !classic_; }
+  /// Captions are held against house rules, and lines, letters and hits are changed by way of proposals.
+  constexpr bool ChecksAndProposes() const { return !classic_; }
 
  private:
   bool classic_ = false;

@@ -59,7 +59,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(Bench(), ruleReport, reportWindow, session, ports_),
-      tools(window, list, strings, languages, openForms, ports_),
+      check(Bench(), formats, folders, ports_.files, store, ports_.player),
+      proposals(Bench(), check, folders, ports_.files, ports_.messages),
+      checkWindow(Bench(), check, proposals, notices, languages, openForms),
+      tools(Bench(), languages, openForms, ports_, proposals),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -87,18 +90,30 @@ void Program::Connect() {
     states.ResetControls();
     panel.ShowText(list.Selected());
   });
-  dialogs.settings.Closed.Connect([this] { commands.ShowMarks(); });
+  dialogs.settings.Closed.Connect([this] {
+    commands.ShowMarks();
+    ShowProposingItems();
+  });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   dialogs.settings.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
 }
 
+void Program::ShowProposingItems() {
+  for (MenuItem* item :
+       {&window.mnuCheck, &window.mnuNextFinding, &window.mnuBreakLines, &window.mnuClean, &window.mnuLine4a}) {
+    item->SetVisible(options.manner.ChecksAndProposes());
+  }
+}
+
 void Program::ConnectSession() {
   session.Cleared.Connect([this] { notices.Clear(); });
   session.RulesForgotten.Connect([this] { ruleReport.ResetRuleReport(); });
   session.Began.Connect([this](DocumentBaseline baseline) { history.Begin(baseline); });
+  session.Began.Connect([this](DocumentBaseline) { check.TakeStored(); });
   session.Ended.Connect([this] { history.End(); });
+  session.Ended.Connect([this] { check.TakeStored(); });
   session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
   documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
@@ -273,6 +288,8 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   ApplyLanguage();
   panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();
+  check.TakeStored();
+  ShowProposingItems();
   return size;
 }
 

@@ -29,6 +29,7 @@
 #include "forms/audio_commands.h"
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
+#include "forms/check_window.h"
 #include "forms/control_states.h"
 #include "forms/dialogs.h"
 #include "forms/document_files.h"
@@ -39,6 +40,7 @@
 #include "forms/file_router.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
+#include "forms/house_check.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/lines_report.h"
@@ -46,6 +48,7 @@
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
+#include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
 #include "forms/reopening.h"
@@ -167,6 +170,9 @@ class Program final {
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;
+  HouseCheck check;
+  ProposalTools proposals;
+  CheckWindow checkWindow;
   EditingTools tools;
   UndoCommands undo;
   JournalKeeper journal;
@@ -178,7 +184,9 @@ class Program final {
   WindowTitle title;
 
   /// The windows that stand beside the main one.
-  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
+  std::vector<ToolForm*> ToolForms() {
+    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &help};
+  }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.
@@ -186,6 +194,8 @@ class Program final {
 
  private:
   void Connect();
+  /// The items of the check and of what proposes changes, which the classic manner doesn't have.
+  void ShowProposingItems();
   void ConnectSession();
   void ConnectFiles();
   void ConnectRules();

@@ -27,7 +27,10 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::Replace, Message::Replace},
                                                    {EditKind::ReplaceAll, Message::ReplaceAll},
                                                    {EditKind::Drag, Message::EditNameEdge},
-                                                   {EditKind::Spelling, Message::SpellCheck}};
+                                                   {EditKind::Spelling, Message::SpellCheck},
+                                                   {EditKind::Fix, Message::EditNameFix},
+                                                   {EditKind::Breaks, Message::BreakLines},
+                                                   {EditKind::Cleaning, Message::CleanTexts}};
 
 /// The text that names a command.
 Message MessageOf(EditKind kind) {
