@@ -27,7 +27,8 @@ ProposalsView::ProposalsView(ProposalsDialog& form, QWidget* owner) : DialogView
   list->setMinimumSize(kListSize);
   column->addWidget(list, 1);
   column->addWidget(Bind(form.lblTotal, PlainLabel(this)));
-  column->addLayout(MakeButtons({&form.cmdAll, &form.cmdNone, nullptr, &form.cmdApply, &form.cmdCancel}));
+  column->addLayout(
+      MakeButtons({&form.cmdAll, &form.cmdNone, nullptr, &form.cmdApply, &form.cmdCancel}, &form.cmdApply));
   Complete(list);
 }
 

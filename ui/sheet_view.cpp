@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "ui/binder.h"
@@ -15,6 +16,7 @@ namespace {
 constexpr int kMeasuredRows = 200;
 constexpr int kWidestColumn = 340;
 constexpr int kMostLines = 3;
+constexpr int kRowRoom = 6;
 
 /// A cell on its lines; more than a few would make the rows hard to compare.
 QString Shown(const Text& cell) {
@@ -22,6 +24,16 @@ QString Shown(const Text& cell) {
   if (lines.size() > kMostLines) lines = lines.mid(0, kMostLines) << QStringLiteral("\u2026");
   return lines.join(u'\n');
 }
+
+/// Rows with room between them.
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kRowRoom);
+  }
+};
 
 }  // namespace
 
@@ -46,7 +58,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
       if (!sheet_.Tickable() || column != 0) return {};
       return row.ticked ? Qt::Checked : Qt::Unchecked;
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignTop | Qt::AlignLeading);
+      return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading);
     default:
       return {};
   }
@@ -80,6 +92,7 @@ void SheetModel::Follow(bool whole) {
 }
 
 SheetView::SheetView(QWidget* parent) : QTreeView(parent) {
+  setItemDelegate(new RowDelegate(this));
   setRootIsDecorated(false);
   setSelectionMode(QAbstractItemView::SingleSelection);
   setSelectionBehavior(QAbstractItemView::SelectRows);
