@@ -48,6 +48,17 @@ TEST_F(ProposalsInTheWindow, BreaksLinesAnewAndTakesThemBackInOneStep) {
   EXPECT_EQ(List().At(1).text, u"Nobody leaves this house until the|storm has passed.");
 }
 
+TEST_F(ProposalsInTheWindow, ASaveKeepsTheBytesOfAllOtherCaptions) {
+  const std::string head = "7\r\n00:00:01,000  -->  00:00:04,000\r\n";
+  const std::string rest = "\r\n\r\n\r\n9\r\n00:00:05,000 --> 00:00:08,000 X1:5\r\n{\\an8}<I>Yes.</I>\r\n";
+  Open(head + "Nobody leaves this house until the\r\nstorm has passed." + rest);
+  during = [this] { Dialog().cmdApply.Click(); };
+  Window().mnuBreakLines.Click();
+  Window().mnuSave.Click();
+  EXPECT_EQ(files.Read(folder / "p.srt", 1 << 20),
+            head + "Nobody leaves this house\r\nuntil the storm has passed." + rest);
+}
+
 TEST_F(ProposalsInTheWindow, ProposesForTheSelectedCaptionAlone) {
   Open(two);
   List().SetRow(2, false);
