@@ -67,7 +67,9 @@ class CaptionGrid {
 
   /// What is found of the captions; it outlives the list. Null: nothing is looked for.
   void SetFindings(const RowFindings* findings);
-  bool HasFindings(Row row) const { return findings_ != nullptr && list_.InRange(row) && findings_->Any(row); }
+  bool HasFindings(Row row) const {
+    return IsWorkbench() && findings_ != nullptr && list_.InRange(row) && findings_->Any(row);
+  }
   Text Findings(Row row) const { return HasFindings(row) ? findings_->Reasons(row) : Text(); }
 
   /// The row whose caption the film shows; 0 for none.

@@ -3,9 +3,9 @@
 namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
-  for (MenuItem* line :
-       {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a, &mnuLine1b,
-        &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &rmnuLine}) {
+  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
+                         &mnuLine1b, &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4,
+                         &mnuLine4a, &mnuLine5, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
@@ -54,6 +54,8 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");
+  mnuNextFinding.SetShortcut("F8");
+  mnuCheck.SetShortcut("Shift+F8");
   mnuGSettings.SetShortcut("Ctrl+,");
   mnuHelpTopics.SetShortcut("F1");
   mnuUTF8.SetText(u"UTF-8");

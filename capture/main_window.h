@@ -173,6 +173,11 @@ class MainWindow final : public Form {
   MenuItem mnuRules{*this, "mnuRules", &mnuTools};
   MenuItem mnuAudioExtract{*this, "mnuAudioExtract", &mnuTools};
   MenuItem mnuReport{*this, "mnuReport", &mnuTools};
+  MenuItem mnuLine4a{*this, "mnuLine4a", &mnuTools};
+  MenuItem mnuCheck{*this, "mnuCheck", &mnuTools};
+  MenuItem mnuNextFinding{*this, "mnuNextFinding", &mnuTools};
+  MenuItem mnuBreakLines{*this, "mnuBreakLines", &mnuTools};
+  MenuItem mnuClean{*this, "mnuClean", &mnuTools};
   MenuItem mnuLine4{*this, "mnuLine4", &mnuTools};
   MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuTools};
 

@@ -31,6 +31,8 @@ struct AppOptions {
   std::uint8_t removeCredits = 1;
   Text creditWords = u"@,http,www";  ///< with commas between; what has one of them is credits
 
+  Text checkProfile = u"plain";  ///< name of the house rules that captions are held against
+
   Text readAs = u"auto";  ///< how text files are read: "auto" or "classic"
 
   // Keyboard shortcuts: key codes of the letters A (65) to Z (90).

@@ -52,6 +52,8 @@ class Manner {
   constexpr bool ListIsAWorkbench() const { return !classic_; }
   /// Captions are inserted, split, joined and retimed by commands that the first design doesn't have.
   constexpr bool ShapesCaptions() const { return !classic_; }
+  /// Captions are held against house rules, and lines, letters and hits are changed by way of proposals.
+  constexpr bool ChecksAndProposes() const { return !classic_; }
 
  private:
   bool classic_ = false;

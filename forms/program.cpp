@@ -61,7 +61,11 @@ Program::Program(Ports ports, StartEnvironment environment)
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(Bench(), ruleReport, reportWindow, session, ports_),
-      tools(window, list, strings, languages, openForms, ports_),
+      check(Bench(), formats, folders, ports_.files, store, ports_.player),
+      checkedRows(check, grid, strings),
+      proposals(Bench(), check, folders, ports_.files, ports_.messages),
+      checkWindow(Bench(), check, proposals, notices, languages, openForms),
+      tools(Bench(), languages, openForms, ports_, proposals),
       shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
       retime(Bench(), formats, languages, ports_.player, openForms),
       undo(window, list, history, capture, preview, strings),
@@ -99,6 +103,7 @@ void Program::Connect() {
     commands.ShowMarks();
     ShowManner();
     shaping.ShowItems();
+    ShowProposingItems();
   });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
@@ -111,11 +116,20 @@ void Program::ShowManner() {
   listView.Show();
 }
 
+void Program::ShowProposingItems() {
+  for (MenuItem* item :
+       {&window.mnuCheck, &window.mnuNextFinding, &window.mnuBreakLines, &window.mnuClean, &window.mnuLine4a}) {
+    item->SetVisible(options.manner.ChecksAndProposes());
+  }
+}
+
 void Program::ConnectSession() {
   session.Cleared.Connect([this] { notices.Clear(); });
   session.RulesForgotten.Connect([this] { ruleReport.ResetRuleReport(); });
   session.Began.Connect([this](DocumentBaseline baseline) { history.Begin(baseline); });
+  session.Began.Connect([this](DocumentBaseline) { check.TakeStored(); });
   session.Ended.Connect([this] { history.End(); });
+  session.Ended.Connect([this] { check.TakeStored(); });
   session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
   documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
@@ -292,6 +306,8 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   ApplyLanguage();
   panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();
+  check.TakeStored();
+  ShowProposingItems();
   return size;
 }
 

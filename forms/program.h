@@ -30,6 +30,8 @@
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
 #include "forms/caption_shaping.h"
+#include "forms/check_window.h"
+#include "forms/checked_rows.h"
 #include "forms/control_states.h"
 #include "forms/dialogs.h"
 #include "forms/document_files.h"
@@ -40,6 +42,7 @@
 #include "forms/file_router.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
+#include "forms/house_check.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/lines_report.h"
@@ -48,6 +51,7 @@
 #include "forms/open_forms.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
+#include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
 #include "forms/reopening.h"
@@ -173,6 +177,10 @@ class Program final {
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;
+  HouseCheck check;
+  CheckedRows checkedRows;
+  ProposalTools proposals;
+  CheckWindow checkWindow;
   EditingTools tools;
   CaptionShaping shaping;
   RetimeWindow retime;
@@ -187,7 +195,7 @@ class Program final {
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() {
-    return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
+    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
   }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
@@ -198,6 +206,8 @@ class Program final {
   void Connect();
   /// List and menus are those of the manner in force.
   void ShowManner();
+  /// The items of the check and of what proposes changes, which the classic manner doesn't have.
+  void ShowProposingItems();
   void ConnectSession();
   void ConnectFiles();
   void ConnectRules();

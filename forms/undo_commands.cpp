@@ -40,7 +40,10 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::Shift, Message::ShiftCaptions},
                                                    {EditKind::Move, Message::EditNameMove},
                                                    {EditKind::Sort, Message::SortByStart},
-                                                   {EditKind::Join, Message::JoinSelected}};
+                                                   {EditKind::Join, Message::JoinSelected},
+                                                   {EditKind::Fix, Message::EditNameFix},
+                                                   {EditKind::Breaks, Message::BreakLines},
+                                                   {EditKind::Cleaning, Message::CleanTexts}};
 
 /// The text that names a command.
 Message MessageOf(EditKind kind) {

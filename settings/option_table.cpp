@@ -69,6 +69,7 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"Language", kText<&O::language>},
     {u"LBREAK", kText<&O::lineSeparator>},
     {u"T_READAS", kText<&O::readAs>},
+    {u"CheckProfile", kText<&O::checkProfile>},
     {u"Classic", kManner, Language, "chkClassic"},
     {u"AutoSplit", kByteFlag<&O::autoSplit>, Rules, "chkAutoSplit"},
     {u"Collision", kByteFlag<&O::avoidCollision>, Rules, "chkCollision"},

@@ -3,6 +3,7 @@
 #include "ui/about_view.h"
 #include "ui/audio_view.h"
 #include "ui/audio_wizard_view.h"
+#include "ui/check_view.h"
 #include "ui/delay_view.h"
 #include "ui/embed_view.h"
 #include "ui/export_view.h"
@@ -10,6 +11,7 @@
 #include "ui/format_view.h"
 #include "ui/help_view.h"
 #include "ui/list_view.h"
+#include "ui/proposals_view.h"
 #include "ui/reopen_view.h"
 #include "ui/report_view.h"
 #include "ui/retime_view.h"
@@ -31,6 +33,7 @@ std::unique_ptr<MainWindowView> MakeMainWindow(Program& program, QWidget* video)
 
 void AddToolWindows(Windows& windows, Program& program) {
   windows.AddBeside<ReportView>(program.reportWindow);
+  windows.AddBeside<CheckView>(program.checkWindow);
   windows.AddBeside<FindView>(program.tools.findWindow);
   windows.AddBeside<FindView>(program.tools.replaceWindow);
   windows.AddBeside<RetimeView>(program.retime);
@@ -47,6 +50,7 @@ void AddDialogs(Windows& windows, Program& program) {
   windows.AddHolding<EmbedView>(program.embedWizard);
   windows.AddHolding<AudioWizardView>(program.audioWizard);
   windows.AddHolding<SpellView>(program.spelling.dialog);
+  windows.AddHolding<ProposalsView>(program.proposals.dialog);
   windows.AddFree<SettingsView>(program.dialogs.settings);
   windows.AddFree<FormatView>(program.dialogs.format);
   windows.AddFree<AboutView>(program.helpDialogs.about);

@@ -162,6 +162,9 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheEditMenu) {
 TEST_P(EveryLanguage, HasRoomInTheWindowsOfFilesAndTools) {
   Look(Window().mnuSaveAs);
   Look(Window().mnuReport);
+  Look(Window().mnuCheck);
+  Look(Window().mnuBreakLines);
+  Look(Window().mnuClean);
   Look(Window().mnuOpenWav);
 }
 
