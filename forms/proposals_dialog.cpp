@@ -57,7 +57,7 @@ void ProposalsDialog::Prepare(const ProposalsContent& content, bool rightToLeft)
   for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
   lblTop.SetText(strings_[Message::ProposalsHint]);
   lblScope.SetText(strings_[Message::ScopeLabel]);
-  cmbScope.SetItems({strings_[Message::ScopeAll], strings_[Message::ScopeSelected]});
+  cmbScope.SetItems({strings_[Message::ProposalsOfAll], strings_[Message::ProposalsOfSelected]});
   cmbScope.SetIndex(0);
   cmbScope.SetSpokenName(strings_[Message::ScopeLabel]);
   lblLanguage.SetText(strings_[Message::CleaningLanguage]);
