@@ -1,7 +1,5 @@
 #include <array>
 #include <charconv>
-#include <limits>
-#include <numeric>
 
 #include "batch/call_options.h"
 
@@ -15,21 +13,6 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size()) return {};
   return number;
-}
-
-/// A positive number as a fraction; nothing for any other text and for one of more than nine digits.
-std::optional<SpeedRatio> Fraction(std::string_view text) {
-  constexpr std::size_t kMostDigits = 9;
-  const std::size_t sign = text.find_first_of(".,");
-  std::string digits(text.substr(0, sign));
-  const std::string_view decimals = sign == std::string_view::npos ? "" : text.substr(sign + 1);
-  if (digits.empty() || (sign != std::string_view::npos && decimals.empty())) return {};
-  digits += decimals;
-  if (!AllDigits(digits) || digits.size() > kMostDigits) return {};
-  SpeedRatio fraction{std::stoll(digits), 1};
-  for (std::size_t i = 0; i < decimals.size(); ++i) fraction.denominator *= 10;
-  if (fraction.numerator == 0) return {};
-  return fraction;
 }
 
 Problem SetRows(Request& request, const std::string& value) {
@@ -56,18 +39,10 @@ Problem SetShift(Request& request, const std::string& value) {
 }
 
 Problem SetSpeed(Request& request, const std::string& value) {
-  const std::size_t slash = value.find('/');
-  const std::optional<SpeedRatio> first = Fraction(std::string_view(value).substr(0, slash));
-  const std::optional<SpeedRatio> second =
-      slash == std::string::npos ? SpeedRatio() : Fraction(std::string_view(value).substr(slash + 1));
-  if (!first || !second) return "--speed takes a ratio of two numbers, such as 25/24, not " + Quoted(value);
-  const std::int64_t numerator = first->numerator * second->denominator;
-  const std::int64_t denominator = second->numerator * first->denominator;
-  const std::int64_t shared = std::gcd(numerator, denominator);
-  if (numerator / shared > SpeedRatio::kMost || denominator / shared > SpeedRatio::kMost) {
-    return "--speed takes a ratio of two numbers with fewer digits, not " + Quoted(value);
+  request.retime.speed = SpeedRatio::FromText(FromUtf8(value));
+  if (!request.retime.speed) {
+    return "--speed takes a ratio of two numbers of up to nine digits, such as 25/24, not " + Quoted(value);
   }
-  request.retime.speed = SpeedRatio{numerator / shared, denominator / shared};
   return {};
 }
 

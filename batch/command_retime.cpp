@@ -26,7 +26,8 @@ TimeMap MapOfPoints(const std::vector<RetimeChoice::Point>& asked, const Caption
   TimeMap map;
   const TimeMap::Fault fault = TimeMap::Through(std::move(points), map);
   if (fault == TimeMap::Fault::SameTime) problem = "--point: two of the captions begin at the same time";
-  if (fault == TimeMap::Fault::TurnedRound) problem = "--point: the captions would come in another order";
+  if (fault == TimeMap::Fault::TurnedRound)
+    problem = "--point: the captions would come in another order or at the same time";
   return map;
 }
 
@@ -51,7 +52,7 @@ int RunRetime(const Request& request, Session& session, Console& console) {
       console.Complain("cuewright-batch: " + problem + ".");
       return kExitUsage;
     }
-    const RetimeResult result = RetimeCaptions(session.Captions(), request.rows, map);
+    const RetimeResult result = RetimeCaptions(session.Captions(), {request.rows}, map);
     outcome.changed = result.changed;
     if (result.belowZero != 0) {
       session.Boxes().Tell(Decimal(result.belowZero) + (result.belowZero == 1 ? u" caption" : u" captions") +

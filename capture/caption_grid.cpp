@@ -35,14 +35,46 @@ void CaptionGrid::SetEnabled(bool enabled) {
   Changed();
 }
 
-void CaptionGrid::SetHeadings(std::array<Text, 4> headings) {
+void CaptionGrid::SetHeadings(Texts headings) {
   headings_ = std::move(headings);
   Changed();
 }
 
-void CaptionGrid::SetSpoken(TextView timed, TextView untimed) {
+void CaptionGrid::SetColumns(const ColumnOrder& columns) {
+  if (columns_ == columns) return;
+  columns_ = columns;
+  Changed();
+}
+
+void CaptionGrid::SetTimes(const TimesShown& times) {
+  if (times_ == times) return;
+  times_ = times;
+  Changed();
+}
+
+void CaptionGrid::SetFindings(const RowFindings* findings) {
+  findings_ = findings;
+  Changed();
+}
+
+void CaptionGrid::MarkFilmRow(Row row) {
+  if (filmRow_ == row) return;
+  const Row before = std::exchange(filmRow_, row);
+  for (const Row touched : {before, row}) {
+    if (list_.InRange(touched)) RowsTouched(touched, touched);
+  }
+}
+
+void CaptionGrid::SetSpoken(TextView timed, TextView untimed, TextView found) {
   spokenTimed_ = timed;
   spokenUntimed_ = untimed;
+  spokenFound_ = found;
+}
+
+Text CaptionGrid::CellText(Row row, ListColumn column) const {
+  CellTimes times{ShownTimes(row), {}};
+  if (list_.InRange(row + 1)) times.next = ShownTimes(row + 1);
+  return CaptionCell(list_, row, column, times_, times);
 }
 
 Text CaptionGrid::ShownText(Row row) const {
@@ -53,9 +85,9 @@ Text CaptionGrid::SpokenCaption(Row row) const {
   if (!list_.InRange(row)) return {};
   Text text = ReplaceAll(list_.GetSeenText(row, true), kLineEnd, u" ");
   if (!list_.Options().manner.KeepsStylesWithin()) text = WithoutStyleMarkers(std::move(text));
-  const Text form = list_.IsCaptionTimed(row) ? spokenTimed_ : spokenUntimed_;
-  const std::array<Text, 4> values = {Decimal(row), Seconds(list_.GetCaptionStart(row)),
-                                      Seconds(list_.GetCaptionEnd(row)), text};
+  const CaptionTimes times = ShownTimes(row);
+  const Text form = times.start > 0 ? spokenTimed_ : spokenUntimed_;
+  const std::array<Text, 4> values = {Decimal(row), Seconds(times.start), Seconds(times.end), text};
   Text spoken;
   for (std::size_t i = 0; i < form.size(); ++i) {
     const bool place = form[i] == u'%' && i + 1 < form.size() && form[i + 1] >= u'1' && form[i + 1] <= u'4';
@@ -65,7 +97,14 @@ Text CaptionGrid::SpokenCaption(Row row) const {
       spoken += form[i];
     }
   }
-  return spoken;
+  if (!HasFindings(row)) return spoken;
+  return Fill(spokenFound_, spoken, ReplaceAll(Findings(row), u"\n", u", "));
+}
+
+void CaptionGrid::Foresee(const ForeseenTimes* times) {
+  if (times == nullptr && foreseen_ == nullptr) return;
+  foreseen_ = times;
+  Changed();
 }
 
 void CaptionGrid::SetRightToLeft(bool on) {

@@ -1,19 +1,46 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
+#include "capture/caption_cells.h"
+#include "capture/list_columns.h"
 #include "core/caption_list.h"
+#include "core/selection.h"
 #include "core/signal.h"
 #include "text/text.h"
 
 namespace cuewright {
 
+/// What is wrong with captions, for the list to show. An edit that changes what is found of other rows is told to the
+/// list by `CaptionGrid::ShowRowsAnew`.
+class RowFindings {
+ public:
+  virtual ~RowFindings() = default;
+
+  /// Something is found of a row in range. Asked for every row that is painted.
+  virtual bool Any(Row row) const = 0;
+  /// What is found of it in the language in force, a line each; empty for nothing.
+  virtual Text Reasons(Row row) const = 0;
+};
+
+/// Times that the list shows in place of the captions' own, while the user looks what a change would bring.
+class ForeseenTimes {
+ public:
+  virtual ~ForeseenTimes() = default;
+  /// Of a row in range.
+  virtual CaptionTimes TimesOf(Row row) const = 0;
+};
+
 /// What the list control `grdSubs` shows beside its rows: columns, headings, fonts and what part is in view.
 /// Sizes are in pixels. `Changed` asks for the whole control to be set up anew, `Scrolled` to follow `TopRow`.
 class CaptionGrid {
  public:
-  explicit CaptionGrid(CaptionList& list) : list_(list) {}
+  explicit CaptionGrid(CaptionList& list) : selection(list), list_(list) {}
+
+  /// What the user's hand does with rows.
+  Selection selection;
 
   /// False: one plain column that shows `Notice`, without highlighting.
   bool Active() const { return active_; }
@@ -24,13 +51,45 @@ class CaptionGrid {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
-  const std::array<Text, 4>& Headings() const { return headings_; }
-  void SetHeadings(std::array<Text, 4> headings);
+  /// The list shows what is asked of captions; else, in the classic manner, four columns with what is stored.
+  bool IsWorkbench() const { return list_.Options().manner.ListIsAWorkbench(); }
+
+  using Texts = std::array<Text, kListColumns>;
+  /// Of each `ListColumn`.
+  const Texts& Headings() const { return headings_; }
+  void SetHeadings(Texts headings);
+
+  /// How the user has arranged the columns.
+  const ColumnOrder& Columns() const { return columns_; }
+  void SetColumns(const ColumnOrder& columns);
+  const TimesShown& Times() const { return times_; }
+  void SetTimes(const TimesShown& times);
+
+  /// What is found of the captions; it outlives the list. Null: nothing is looked for.
+  void SetFindings(const RowFindings* findings);
+  bool HasFindings(Row row) const {
+    return IsWorkbench() && findings_ != nullptr && list_.InRange(row) && findings_->Any(row);
+  }
+  Text Findings(Row row) const { return HasFindings(row) ? findings_->Reasons(row) : Text(); }
+
+  /// The row whose caption the film shows; 0 for none.
+  Row FilmRow() const { return filmRow_; }
+  void MarkFilmRow(Row row);
+  /// These rows are to be painted anew.
+  void ShowRowsAnew(Row first, Row last) { RowsTouched(first, last); }
+  /// What a cell of a row in range shows.
+  Text CellText(Row row, ListColumn column) const;
   /// How a caption is read out: of one with times "%1, %2 to %3 seconds, %4" or the like (number, start, end, text), of
-  /// one without "%1, without times, %4".
-  void SetSpoken(TextView timed, TextView untimed);
+  /// one without "%1, without times, %4". `found` has places for that and for what is found of it.
+  void SetSpoken(TextView timed, TextView untimed, TextView found);
   /// What the text column shows of a row in range.
   Text ShownText(Row row) const;
+  /// The rows show these times instead of their own until null is given; they outlive that.
+  void Foresee(const ForeseenTimes* times);
+  /// The times that the list shows of a row in range.
+  CaptionTimes ShownTimes(Row row) const { return foreseen_ != nullptr ? foreseen_->TimesOf(row) : list_.TimesAt(row); }
+  /// The times shown of a row in range aren't its own.
+  bool ShowsOtherTimes(Row row) const { return foreseen_ != nullptr && foreseen_->TimesOf(row) != list_.TimesAt(row); }
   /// All rows are to be painted anew.
   void ShowAnew() { Changed(); }
   /// What a screen reader says for a row; empty for one out of range.
@@ -67,18 +126,25 @@ class CaptionGrid {
 
   Signal<CaptionGrid> Changed;
   Signal<CaptionGrid> Scrolled;
+  Signal<CaptionGrid, Row, Row> RowsTouched;  ///< the first and the last of rows that look different now
   Signal<CaptionGrid> FocusRequested;
   void RequestFocus() { FocusRequested(); }
 
  private:
   CaptionList& list_;
+  const ForeseenTimes* foreseen_ = nullptr;
   bool active_ = false;
   bool enabled_ = true;
   bool rightToLeft_ = false;
   Text notice_;
-  std::array<Text, 4> headings_;
+  Texts headings_;
+  ColumnOrder columns_;
+  TimesShown times_;
+  const RowFindings* findings_ = nullptr;
+  Row filmRow_ = 0;
   Text spokenTimed_;
   Text spokenUntimed_;
+  Text spokenFound_;
   std::array<int, 4> widths_ = {34, 58, 58, 200};
   Text fontName_;
   int fontSize_ = 8;

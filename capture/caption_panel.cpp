@@ -68,8 +68,10 @@ void CaptionPanel::ResetGrid(Showing showing) {
 }
 
 void CaptionPanel::ApplyLanguage(bool rightToLeft) {
-  grid_.SetHeadings({u"#", strings_[Message::Start], strings_[Message::End], strings_[Message::TextColumn]});
-  grid_.SetSpoken(strings_[Message::SpokenTimedRow], strings_[Message::SpokenUntimedRow]);
+  grid_.SetHeadings({u"#", strings_[Message::Start], strings_[Message::End], strings_[Message::ColumnDuration],
+                     strings_[Message::ColumnGap], strings_[Message::ColumnSpeed], strings_[Message::TextColumn]});
+  grid_.SetSpoken(strings_[Message::SpokenTimedRow], strings_[Message::SpokenUntimedRow],
+                  strings_[Message::SpokenFindings]);
   grid_.SetRightToLeft(rightToLeft);
 }
 

@@ -3,9 +3,9 @@
 namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
-  for (MenuItem* line : {&mnuLine0, &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
-                         &mnuLine1b, &mnuLine1c, &mnuLine2, &mnuLine2a, &mnuLine3, &mnuLine4, &mnuLine5, &mnuLine6,
-                         &mnuLine6a, &mnuLine6b, &rmnuLine}) {
+  for (MenuItem* line : {&mnuLine0,  &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
+                         &mnuLine1b, &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2,  &mnuLine2a, &mnuLine3, &mnuLine4,
+                         &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
@@ -13,6 +13,8 @@ MainWindow::MainWindow() : Form("frmMain") {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
+  for (MenuItem& item : mnuListColumn) item.SetCheckable(true);
+  for (MenuItem& item : mnuListTime) item.SetCheckable(true);
   mnuNew.SetShortcut("Ctrl+N");
   mnuOpenText.SetShortcut("Ctrl+O");
   mnuSave.SetShortcut("Ctrl+S");
@@ -20,9 +22,40 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuExit.SetShortcut("Ctrl+Q");
   mnuUndo.SetShortcut("Ctrl+Z");
   mnuRedo.SetShortcut("Ctrl+Shift+Z; Ctrl+Y");
+  mnuCut.SetShortcut("Ctrl+X");
+  mnuCopy.SetShortcut("Ctrl+C");
+  mnuPaste.SetShortcut("Ctrl+V");
+  mnuSelectAll.SetShortcut("Ctrl+A");
+  mnuRemove.SetShortcut("Del");
+  mnuJoinSelected.SetShortcut("Ctrl+J");
+  mnuMoveUp.SetShortcut("Alt+Up");
+  mnuMoveDown.SetShortcut("Alt+Down");
+  mnuSortByStart.SetShortcut("Ctrl+Shift+O");
+  mnuUpperCase.SetShortcut("Ctrl+Shift+U");
+  mnuLowerCase.SetShortcut("Ctrl+Shift+L");
+  mnuSentenceCase.SetShortcut("Ctrl+Shift+E");
+  mnuShift.SetShortcut("Ctrl+T");
+  mnuBold.SetShortcut("Ctrl+B");
+  mnuItalic.SetShortcut("Ctrl+I");
+  mnuUnderline.SetShortcut("Ctrl+U");
+  mnuInsertAbove.SetShortcut("Alt+Shift+Ins");
+  mnuInsertBelow.SetShortcut("Alt+Ins");
+  mnuInsertAtFilm.SetShortcut("Ctrl+Alt+Ins");
+  mnuSplitAtCaret.SetShortcut("Ctrl+Shift+Return");
+  mnuSplitAtFilm.SetShortcut("Ctrl+Alt+Return");
+  mnuJoinNext.SetShortcut("Ctrl+Shift+J");
+  mnuJoinPrevious.SetShortcut("Ctrl+Alt+J");
+  mnuDialogueNext.SetShortcut("Ctrl+Shift+K");
+  mnuDialoguePrevious.SetShortcut("Ctrl+Alt+K");
+  mnuDuplicate.SetShortcut("Ctrl+D");
+  mnuMeetNext.SetShortcut("Ctrl+L");
+  mnuSwapTexts.SetShortcut("Ctrl+Shift+X");
+  mnuRetime.SetShortcut("Ctrl+Shift+T");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");
+  mnuNextFinding.SetShortcut("F8");
+  mnuCheck.SetShortcut("Shift+F8");
   mnuGSettings.SetShortcut("Ctrl+,");
   mnuHelpTopics.SetShortcut("F1");
   mnuPalette.SetShortcut("Ctrl+Shift+P");
@@ -47,9 +80,9 @@ void MainWindow::SetFilmKeys() {
   mnuPlayCaption.SetShortcut("F5");
   mnuRepeatCaption.SetShortcut("Shift+F5");
   mnuPlayBeforeStart.SetShortcut("F6");
-  mnuPlayAfterStart.SetShortcut("F7");
-  mnuPlayBeforeEnd.SetShortcut("F8");
-  mnuPlayAfterEnd.SetShortcut("F9");
+  mnuPlayAfterStart.SetShortcut("Shift+F6");
+  mnuPlayBeforeEnd.SetShortcut("F7");
+  mnuPlayAfterEnd.SetShortcut("Shift+F7");
   mnuFrameBack.SetShortcut("Alt+Left");
   mnuFrameForward.SetShortcut("Alt+Right");
   mnuStepBack.SetShortcut("Alt+Shift+Left");

@@ -18,6 +18,9 @@ class MainWindow final : public Form {
     return {&mnuFile, &mnuEdit, &mnuFormat, &mnuView, &mnuFilm, &mnuTools, &mnuSettings, &mnuHelp};
   }
 
+  /// The text pane takes the keyboard.
+  void FocusText() { RequestFocus(txtSub); }
+
   /// When the key or the pointer's button that is being handled went down or up: seconds of the steady clock. Empty
   /// outside such an event.
   std::optional<double> inputInstant;
@@ -103,11 +106,39 @@ class MainWindow final : public Form {
   MenuItem mnuUndo{*this, "mnuUndo", &mnuEdit};
   MenuItem mnuRedo{*this, "mnuRedo", &mnuEdit};
   MenuItem mnuLine1c{*this, "mnuLine1c", &mnuEdit};
+  MenuItem mnuCut{*this, "mnuCut", &mnuEdit};
+  MenuItem mnuCopy{*this, "mnuCopy", &mnuEdit};
+  MenuItem mnuPaste{*this, "mnuPaste", &mnuEdit};
+  MenuItem mnuSelectAll{*this, "mnuSelectAll", &mnuEdit};
+  MenuItem mnuLine1d{*this, "mnuLine1d", &mnuEdit};
   MenuItem mnuAdd{*this, "mnuAdd", &mnuEdit};
+  MenuItem mnuInsertAbove{*this, "mnuInsertAbove", &mnuAdd};
+  MenuItem mnuInsertBelow{*this, "mnuInsertBelow", &mnuAdd};
+  MenuItem mnuInsertAtFilm{*this, "mnuInsertAtFilm", &mnuAdd};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
   MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
   MenuItem mnuRemove{*this, "mnuRemove", &mnuEdit};
+  MenuItem mnuJoinSelected{*this, "mnuJoinSelected", &mnuEdit};
+  MenuItem mnuMoveUp{*this, "mnuMoveUp", &mnuEdit};
+  MenuItem mnuMoveDown{*this, "mnuMoveDown", &mnuEdit};
+  MenuItem mnuSortByStart{*this, "mnuSortByStart", &mnuEdit};
+  MenuItem mnuLetterCase{*this, "mnuLetterCase", &mnuEdit};
+  MenuItem mnuUpperCase{*this, "mnuUpperCase", &mnuLetterCase};
+  MenuItem mnuLowerCase{*this, "mnuLowerCase", &mnuLetterCase};
+  MenuItem mnuSentenceCase{*this, "mnuSentenceCase", &mnuLetterCase};
+  MenuItem mnuLine1e{*this, "mnuLine1e", &mnuEdit};
+  MenuItem mnuSplit{*this, "mnuSplit", &mnuEdit};
+  MenuItem mnuSplitAtCaret{*this, "mnuSplitAtCaret", &mnuSplit};
+  MenuItem mnuSplitAtFilm{*this, "mnuSplitAtFilm", &mnuSplit};
+  MenuItem mnuJoin{*this, "mnuJoin", &mnuEdit};
+  MenuItem mnuJoinNext{*this, "mnuJoinNext", &mnuJoin};
+  MenuItem mnuJoinPrevious{*this, "mnuJoinPrevious", &mnuJoin};
+  MenuItem mnuDialogueNext{*this, "mnuDialogueNext", &mnuJoin};
+  MenuItem mnuDialoguePrevious{*this, "mnuDialoguePrevious", &mnuJoin};
+  MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuEdit};
+  MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuEdit};
+  MenuItem mnuSwapTexts{*this, "mnuSwapTexts", &mnuEdit};
   MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
   MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
   MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
@@ -117,7 +148,9 @@ class MainWindow final : public Form {
   MenuItem mnuNextUntimed{*this, "mnuNextUntimed", &mnuEdit};
   MenuItem mnuLine1b{*this, "mnuLine1b", &mnuEdit};
   MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
+  MenuItem mnuShift{*this, "mnuShift", &mnuEdit};
   MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
+  MenuItem mnuRetime{*this, "mnuRetime", &mnuEdit};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};
@@ -134,6 +167,10 @@ class MainWindow final : public Form {
   MenuItem mnuInfoBar{*this, "mnuInfoBar", &mnuView};
   MenuItem mnuAudioBar{*this, "mnuAudioBar", &mnuView};
   MenuItem mnuRawMarks{*this, "mnuRawMarks", &mnuView};
+  MenuItem mnuListColumns{*this, "mnuListColumns", &mnuView};
+  ControlArray<MenuItem, 5> mnuListColumn{*this, "mnuListColumn", &mnuListColumns};
+  MenuItem mnuListTimes{*this, "mnuListTimes", &mnuView};
+  ControlArray<MenuItem, 3> mnuListTime{*this, "mnuListTime", &mnuListTimes};
   MenuItem mnuLine3{*this, "mnuLine3", &mnuView};
   MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
   MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};
@@ -174,6 +211,11 @@ class MainWindow final : public Form {
   MenuItem mnuRules{*this, "mnuRules", &mnuTools};
   MenuItem mnuAudioExtract{*this, "mnuAudioExtract", &mnuTools};
   MenuItem mnuReport{*this, "mnuReport", &mnuTools};
+  MenuItem mnuLine4a{*this, "mnuLine4a", &mnuTools};
+  MenuItem mnuCheck{*this, "mnuCheck", &mnuTools};
+  MenuItem mnuNextFinding{*this, "mnuNextFinding", &mnuTools};
+  MenuItem mnuBreakLines{*this, "mnuBreakLines", &mnuTools};
+  MenuItem mnuClean{*this, "mnuClean", &mnuTools};
   MenuItem mnuLine4{*this, "mnuLine4", &mnuTools};
   MenuItem mnuEmptySounds{*this, "mnuEmptySounds", &mnuTools};
 

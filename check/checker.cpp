@@ -1,20 +1,17 @@
 #include "check/checker.h"
 
-#include <unicode/uchar.h>
-#include <unicode/utf16.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
+
+#include "text/visible_length.h"
 
 namespace cuewright {
 namespace {
 
 constexpr double kMsASecond = 1000;
 constexpr double kMsAMinute = 60000;
-/// Below this every character has a place of its own and none is wide.
-constexpr char16_t kFirstCombining = 0x0300;
 constexpr TextView kBlanks = u" \t\u00a0\u3000\n";
 /// Hyphen-minus, hyphen, non-breaking hyphen, figure dash, en and em dash, horizontal bar, minus.
 constexpr TextView kDashes = u"-\u2010\u2011\u2012\u2013\u2014\u2015\u2212";
@@ -24,16 +21,6 @@ constexpr std::array<std::string_view, 15> kNames = {
     "lines",        "balance",      "pyramid", "dash", "line-end", "shot-start", "shot-end"};
 
 bool IsTimed(const Caption& caption) { return caption.start != 0 || caption.end != 0; }
-
-int WidthOf(UChar32 c, bool wideLetters) {
-  const int type = u_charType(c);
-  const bool none =
-      type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK || type == U_FORMAT_CHAR || (type == U_CONTROL_CHAR);
-  if (none) return 0;
-  if (!wideLetters) return 1;
-  const int width = u_getIntPropertyValue(c, UCHAR_EAST_ASIAN_WIDTH);
-  return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
-}
 
 int WordCount(TextView text) {
   int words = 0;
@@ -53,25 +40,22 @@ TextView DashOf(TextView line) {
   return line.substr(0, end == TextView::npos ? line.size() : end);
 }
 
+TextView LastWord(TextView line) {
+  const std::size_t last = line.find_last_not_of(kBlanks);
+  if (last == TextView::npos) return {};
+  line = line.substr(0, last + 1);
+  return line.substr(line.find_last_of(kBlanks) + 1);
+}
+
+TextView FirstWord(TextView line) {
+  const std::size_t first = line.find_first_not_of(kBlanks);
+  if (first == TextView::npos) return {};
+  return line.substr(first, line.find_first_of(kBlanks, first) - first);
+}
+
 }  // namespace
 
 std::string_view RuleName(CheckRule rule) { return kNames.at(static_cast<std::size_t>(rule)); }
-
-int VisibleLength(TextView text, bool wideLetters) {
-  int length = 0;
-  std::size_t at = 0;
-  while (at < text.size()) {
-    if (text[at] < kFirstCombining) {
-      length += text[at] >= u' ' && text[at] != u'\u00ad' ? 1 : 0;
-      ++at;
-      continue;
-    }
-    UChar32 c = 0;
-    U16_NEXT(text.data(), at, text.size(), c);
-    length += WidthOf(c, wideLetters);
-  }
-  return length;
-}
 
 Checker::Checker(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots)
     : rules_(rules),
@@ -92,9 +76,19 @@ void Checker::CheckRow(const CaptionList& list, Row row, std::vector<Finding>& f
   row_ = row;
   const Caption& caption = list.At(row);
   CheckTimes(list, row);
-  seen_.Take(caption.text, list.Options().lineSeparator);
-  CheckText(caption, seen_.View());
+  CheckText(caption, VisibleOf(list, caption.text));
   CheckShots(caption);
+}
+
+TextView Checker::VisibleOf(const CaptionList& list, const Text& stored) {
+  const Text& separator = list.Options().lineSeparator;
+  if (MayHaveMarks(stored)) {
+    seen_.Take(stored, separator, list.Marks());
+    return seen_.View();
+  }
+  if (FindPlain(stored, separator) == Text::npos) return stored;
+  plain_ = ReplaceAll(stored, separator, u"\n");
+  return plain_;
 }
 
 void Checker::Add(CheckRule rule, double value, double limit) {
@@ -108,6 +102,7 @@ void Checker::Add(CheckRule rule, double value, double limit) {
 
 void Checker::CheckTimes(const CaptionList& list, Row row) {
   const Caption& caption = list.At(row);
+  if (!IsTimed(caption)) return;
   const std::int64_t duration = std::int64_t{caption.end} - caption.start;
   // A time in the file is right to half a frame: a duration that is the least one in frames is long enough.
   const bool tooShort =
@@ -117,7 +112,7 @@ void Checker::CheckTimes(const CaptionList& list, Row row) {
   if (maxDuration_ != 0 && duration > maxDuration_) {
     Add(CheckRule::MaxDuration, static_cast<double>(duration), maxDuration_);
   }
-  if (row > 1 && IsTimed(caption) && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
+  if (row > 1 && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
 }
 
 /// The gap in front of a caption is said of the caption behind it.
@@ -147,8 +142,8 @@ void Checker::CheckText(const Caption& caption, TextView visible) {
   if (rules_.characters != 0 && length > rules_.characters) Add(CheckRule::TextLength, length, rules_.characters);
   CheckLines();
   if (!rules_.dash.empty()) CheckDashes();
-  if (rules_.lineEnds.empty()) return;
-  for (std::size_t i = 0; i + 1 < lines_.size(); ++i) CheckLineEnd(lines_[i]);
+  if (rules_.breaks.Empty()) return;
+  for (std::size_t i = 0; i + 1 < lines_.size(); ++i) CheckLineEnd(lines_[i], lines_[i + 1]);
 }
 
 void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
@@ -193,15 +188,12 @@ void Checker::CheckDashes() {
   }
 }
 
-void Checker::CheckLineEnd(TextView line) {
-  const std::size_t last = line.find_last_not_of(kBlanks);
-  if (last == TextView::npos) return;
-  line = line.substr(0, last + 1);
-  const std::size_t blank = line.find_last_of(kBlanks);
-  const Text word = ToLower(line.substr(blank == TextView::npos ? 0 : blank + 1));
-  if (!rules_.lineEnds.contains(word)) return;
+void Checker::CheckLineEnd(TextView line, TextView next) {
+  const TextView last = LastWord(line);
+  const TextView first = FirstWord(next);
+  if (!rules_.breaks.Forbids(last, first)) return;
   Add(CheckRule::LineEnd, 0, 0);
-  findings_->back().found = word;
+  findings_->back().found = ToLower(last);
 }
 
 void Checker::CheckShots(const Caption& caption) {

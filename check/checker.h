@@ -45,10 +45,6 @@ struct Finding {
   bool operator==(const Finding&) const = default;
 };
 
-/// How many characters a reader sees: marks that stand on others and characters without width count for nothing, wide
-/// ones for two where that is asked.
-int VisibleLength(TextView text, bool wideLetters);
-
 /// Looks at captions with the eyes of a house. What is said of a caption depends on it and its neighbours alone, so
 /// that after an edit only three are looked at anew.
 class Checker {
@@ -62,13 +58,15 @@ class Checker {
   std::vector<Finding> CheckAll(const CaptionList& list);
 
  private:
+  /// What is seen of a stored text, with LF between lines; it lasts until the next call.
+  TextView VisibleOf(const CaptionList& list, const Text& stored);
   void CheckTimes(const CaptionList& list, Row row);
   void CheckNeighbour(const CaptionList& list, Row row);
   void CheckText(const Caption& caption, TextView visible);
   void CheckSpeed(const Caption& caption, TextView visible, int length);
   void CheckLines();
   void CheckDashes();
-  void CheckLineEnd(TextView line);
+  void CheckLineEnd(TextView line, TextView next);
   void CheckShots(const Caption& caption);
   void Add(CheckRule rule, double value, double limit);
 
@@ -79,6 +77,7 @@ class Checker {
   std::int32_t maxDuration_;
   std::int32_t minGapFrames_;
   SeenText seen_;
+  Text plain_;
   std::vector<TextView> lines_;
   std::vector<int> lengths_;
   std::vector<Finding>* findings_ = nullptr;

@@ -8,6 +8,7 @@
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "text/digits.h"
+#include "text/profile.h"
 
 namespace cuewright {
 namespace {
@@ -92,39 +93,14 @@ constexpr std::array kKeys = {
     Key{u"BeforeShot", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.beforeShot); }},
 };
 
-TextView Trimmed(TextView text) {
-  const std::size_t first = text.find_first_not_of(u" \t\r");
-  if (first == TextView::npos) return {};
-  return text.substr(first, text.find_last_not_of(u" \t\r") - first + 1);
-}
-
-TextView Unquoted(TextView value) {
-  const bool quoted = value.size() >= 2 && value.front() == u'"' && value.back() == u'"';
-  return quoted ? value.substr(1, value.size() - 2) : value;
-}
-
-/// Hands on each line with its number from 1, without the blanks around it, until one is refused.
-template <class Take>
-bool EachLine(TextView text, Take take) {
-  for (int number = 1; !text.empty(); ++number) {
-    const std::size_t end = text.find(u'\n');
-    if (!take(Trimmed(text.substr(0, end)), number)) return false;
-    text.remove_prefix(end == TextView::npos ? text.size() : end + 1);
-  }
-  return true;
-}
-
-/// Takes "KEY=VALUE"; what is wrong with the line, or nothing.
-std::string TakeLine(TextView line, HouseRules& rules) {
-  if (line.empty() || line.front() == u';' || line.front() == u'[') return {};
-  const std::size_t equals = line.find(u'=');
-  if (equals == TextView::npos) return "KEY=VALUE was expected";
-  const TextView name = Trimmed(line.substr(0, equals));
-  const auto key = std::ranges::find_if(kKeys, [&](const Key& one) { return EqualLoose(one.name, name); });
-  if (key == kKeys.end()) return "there is no key '" + ToUtf8(name) + "'";
-  const TextView value = Unquoted(Trimmed(line.substr(equals + 1)));
-  if (!key->take(value, rules)) return "'" + ToUtf8(value) + "' can't be the value of " + ToUtf8(key->name);
-  return {};
+/// Takes a line; what is wrong with it, or nothing.
+std::string TakeLine(const ProfileLine& line, HouseRules& rules) {
+  if (line.kind == ProfileLine::Kind::Section) return {};
+  if (line.kind == ProfileLine::Kind::Other) return "KEY=VALUE was expected";
+  const auto key = std::ranges::find_if(kKeys, [&](const Key& one) { return EqualLoose(one.name, line.name); });
+  if (key == kKeys.end()) return "there is no key '" + ToUtf8(line.name) + "'";
+  if (key->take(line.value, rules)) return {};
+  return "'" + ToUtf8(line.value) + "' can't be the value of " + ToUtf8(key->name);
 }
 
 }  // namespace
@@ -142,31 +118,18 @@ std::int32_t HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const 
 
 std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem) {
   HouseRules rules;
-  const bool whole = EachLine(text, [&](TextView line, int number) {
+  ProfileLines lines(text);
+  for (ProfileLine line; lines.Next(line);) {
     const std::string wrong = TakeLine(line, rules);
-    if (!wrong.empty()) problem = "line " + std::to_string(number) + ": " + wrong;
-    return wrong.empty();
-  });
-  if (!whole) return {};
+    if (wrong.empty()) continue;
+    problem = "line " + std::to_string(line.number) + ": " + wrong;
+    return {};
+  }
   if (rules.name.empty()) {
     problem = "there is no Name";
     return {};
   }
   return rules;
-}
-
-std::unordered_set<Text> ReadLineEnds(TextView text) {
-  std::unordered_set<Text> words;
-  EachLine(text, [&](TextView line, int) {
-    if (line.starts_with(u';')) return true;
-    while (!line.empty()) {
-      const std::size_t end = line.find(u' ');
-      if (end != 0) words.insert(ToLower(line.substr(0, end)));
-      line.remove_prefix(end == TextView::npos ? line.size() : end + 1);
-    }
-    return true;
-  });
-  return words;
 }
 
 std::vector<Text> HouseRulesShelf::Ids() const {
@@ -193,7 +156,7 @@ std::optional<HouseRules> HouseRulesShelf::Read(TextView id, std::string& proble
     if (!rules) problem = ToUtf8(path) + ": " + problem;
     if (!rules || rules->language.empty()) return;
     const Text words = folder_ + u"breaks/" + rules->language + u".txt";
-    if (files_.IsRegular(words)) rules->lineEnds = ReadLineEnds(FromUtf8(files_.Read(words, kLargestFile)));
+    if (files_.IsRegular(words)) rules->breaks = ReadBreakRules(FromUtf8(files_.Read(words, kLargestFile)));
   });
   if (errors.Last()) {
     problem = ToUtf8(path) + ": " + ToUtf8(errors.Last()->description);

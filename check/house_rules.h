@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
+#include "check/break_rules.h"
 #include "core/frame_rate.h"
 #include "core/ports/files.h"
 #include "text/text.h"
@@ -39,13 +39,13 @@ struct HouseRules {
   int charactersALine = 0;
   int characters = 0;  ///< in all lines together
   int lines = 0;
-  bool wideLetters = false;           ///< a letter that fills a square counts as two
-  int balance = 0;                    ///< no line shorter than this many hundredths of the longest one
-  int pyramid = 0;                    ///< no upper line longer than this many hundredths of the one below it
-  Text dash;                          ///< what a line begins with where several people speak
-  std::unordered_set<Text> lineEnds;  ///< words in small letters at which no line but the last one ends
-  HouseTime shotZone;                 ///< a start or an end this near to a shot belongs to it
-  HouseTime beforeShot;               ///< how long before the shot it ends then
+  bool wideLetters = false;  ///< a letter that fills a square counts as two
+  int balance = 0;           ///< no line shorter than this many hundredths of the longest one
+  int pyramid = 0;           ///< no upper line longer than this many hundredths of the one below it
+  Text dash;                 ///< what a line begins with where several people speak
+  BreakRules breaks;         ///< where the language lets no line end
+  HouseTime shotZone;        ///< a start or an end this near to a shot belongs to it
+  HouseTime beforeShot;      ///< how long before the shot it ends then
 
   /// A stretch in frames at a rate, and in ms. Nothing is asked for: 0.
   std::int32_t FramesOf(const HouseTime& time, const FrameRate& at) const;
@@ -55,10 +55,6 @@ struct HouseRules {
 /// What a file of house rules says; empty, with the reason in `problem`, when it says something that can't be:
 /// "line 3: ...", without the file's name.
 std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem);
-
-/// The words at which no line ends of a file of them: words parted by blanks, a line that begins with ";" being a
-/// remark.
-std::unordered_set<Text> ReadLineEnds(TextView text);
 
 /// The house rules that come with the program: one file each.
 class HouseRulesShelf {

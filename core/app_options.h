@@ -31,6 +31,8 @@ struct AppOptions {
   std::uint8_t removeCredits = 1;
   Text creditWords = u"@,http,www";  ///< with commas between; what has one of them is credits
 
+  Text checkProfile = u"plain";  ///< name of the house rules that captions are held against
+
   Text readAs = u"auto";  ///< how text files are read: "auto" or "classic"
 
   // Keyboard shortcuts: key codes of the letters A (65) to Z (90).
@@ -65,7 +67,9 @@ struct AppOptions {
   bool infoBarOn = true;
   bool audioBarOn = false;
   bool fullWave = false;
-  bool rawMarks = false;  ///< list and text pane show the marks in the texts
+  Text listColumns;            ///< order, widths and hiding of the list's columns; empty: the program's own
+  std::uint8_t listTimes = 0;  ///< times in the list: 0 as a clock, 1 in ms, 2 in frames
+  bool rawMarks = false;       ///< list and text pane show the marks in the texts
   std::int32_t waveColor = 16776960;
   std::int32_t waveScale = 23000;
 };

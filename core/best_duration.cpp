@@ -14,6 +14,10 @@ constexpr int kMarkerLength = 3;
 
 std::size_t LengthClass(int length) { return length <= kShortUpTo ? 0 : length <= kMediumUpTo ? 1 : 2; }
 
+std::int32_t DurationOfLength(const AppOptions& options, int length) {
+  return std::int32_t{options.durationPerCharacter[LengthClass(length)]} * length;
+}
+
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   if (!list.InRange(row)) return {};
   const Text& separator = list.Options().lineSeparator;

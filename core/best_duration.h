@@ -15,4 +15,7 @@ std::size_t LengthClass(int length);
 /// empty when none was. Run-time error 6 when it doesn't fit 16 bits; then the end is left.
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row);
 
+/// The ms that suit a text of so many counted characters, by the settings.
+std::int32_t DurationOfLength(const AppOptions& options, int length);
+
 }  // namespace cuewright

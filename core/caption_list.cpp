@@ -1,5 +1,6 @@
 #include "core/caption_list.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/numbers.h"
@@ -133,18 +134,19 @@ bool CaptionList::IsCaptionUnderline(Row row) const { return MarkersOf(row).unde
 
 bool CaptionList::IsCaptionFormatted(Row row) const { return MarkersOf(row).Count() > 0; }
 
+Text CaptionList::TextWithMarker(Row row, TextView marker, bool on) const {
+  const Text& text = At(row).text;
+  if (!HasMarks()) return on ? text + Text(marker) : ReplaceAll(text, marker, {});
+  if (!on) return WithoutWholeMarker(text, marker);
+  if (FindWholeMarkers(text).Has(marker)) return text;
+  return Text(marker) + marks_->WithoutStyle(text, marker, options_.lineSeparator);
+}
+
 void CaptionList::ToggleMarker(Row row, TextView marker) {
   if (!InRange(row)) return;
   const Text& text = At(row).text;
-  Text changed;
-  if (HasMarks()) {
-    changed = FindWholeMarkers(text).Has(marker)
-                  ? WithoutWholeMarker(text, marker)
-                  : Text(marker) + marks_->WithoutStyle(text, marker, options_.lineSeparator);
-  } else {
-    const bool held = FindLoose(text, marker) != TextView::npos;
-    changed = held ? ReplaceAll(text, marker, {}) : text + Text(marker);
-  }
+  const bool held = HasMarks() ? FindWholeMarkers(text).Has(marker) : FindLoose(text, marker) != TextView::npos;
+  Text changed = TextWithMarker(row, marker, !held);
   if (changed != text) Replace(row, 1, {At(row).WithText(std::move(changed))});
 }
 
@@ -175,6 +177,22 @@ void CaptionList::DeleteCaption(Row row) {
   SetModified();
 }
 
+void CaptionList::DeleteCaptions(RowSet rows) {  // by value: those that are selected change with the list
+  const Row first = rows.First();
+  const Row last = std::min(rows.Last(), Rows() - 1);
+  if (!InRange(first)) return;
+  if (first == last) return DeleteCaption(first);
+  const EditScope scope(*this, EditKind::Remove);
+  std::vector<Caption> left;
+  for (Row row = first; row <= last; ++row) {
+    if (!rows.Has(row)) left.push_back(At(row));
+  }
+  if (left.empty() && last - first + 2 == Rows()) left.emplace_back();
+  Replace(first, last - first + 1, std::move(left));
+  SelectRows(RowSet(), first, false);
+  SetModified();
+}
+
 void CaptionList::SnapNearbyStart(Row row, bool quiet) {
   if (!InRange(row) || !IsCaptionTimed(row - 1)) return;
   const std::int64_t previousEnd = GetCaptionEnd(row - 1);
@@ -202,6 +220,7 @@ void CaptionList::SortNumbers() { SelectionChanged(selected_); }
 void CaptionList::Reset() {
   Replace(1, Rows() - 1, {Caption{}});
   selected_ = 1;
+  chosen_ = RowSet(1);
 }
 
 void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
@@ -210,8 +229,12 @@ void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
   if (rows.size() > static_cast<std::size_t>(kMaxRow) || Rows() - 1 - count + added > kMaxRow) ThrowOverflow();
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
   const EditScope scope(*this, EditKind::Change);
+  const bool alone = chosen_ == RowSet(selected_);
   const auto before =
       rows_.Splice(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count), std::move(rows));
+  chosen_.Follow(first, count, added);
+  // A row that is selected alone is the current one, which is a place: whoever changes the list says where it goes.
+  if (alone || chosen_.Empty()) chosen_ = RowSet(std::clamp(selected_, 1, Rows() - 1));
   Spliced(Splice{first, count, added, before, {}});
 }
 
@@ -233,8 +256,20 @@ void CaptionList::SetRow(Row row, bool scroll) {
   if (row == 0) return;
   if (row < 0) row = 1;
   if (row >= Rows()) row = Rows() - 1;
+  const bool anew = row == selected_ && chosen_.Has(row);
+  Choose(row, anew ? chosen_ : RowSet(row), scroll);
+}
+
+void CaptionList::SelectRows(RowSet rows, Row row, bool scroll) {
+  row = std::clamp(row, 1, Rows() - 1);
+  rows.CutBehind(Rows() - 1);
+  Choose(row, rows.Empty() ? RowSet(row) : std::move(rows), scroll);
+}
+
+void CaptionList::Choose(Row row, RowSet rows, bool scroll) {
   currentRow_ = row;
   selected_ = row;
+  chosen_ = std::move(rows);
   SelectionChanged(row);
   if (enabled_) RowShown(row, scroll);
 }
@@ -242,6 +277,7 @@ void CaptionList::SetRow(Row row, bool scroll) {
 void CaptionList::MoveSelection(Row row, bool scroll) {
   if (!InRange(row)) return;
   selected_ = row;
+  chosen_ = RowSet(row);
   if (row != currentRow_) {
     SetRow(row, scroll);
   } else {

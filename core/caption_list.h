@@ -9,16 +9,12 @@
 #include "core/app_options.h"
 #include "core/caption_marks.h"
 #include "core/edit_kind.h"
+#include "core/row_set.h"
 #include "core/row_store.h"
 #include "core/signal.h"
 #include "text/text.h"
 
 namespace cuewright {
-
-/// Row of the caption list: 0 is the header, captions are 1 to `Rows() - 1`. Rows have 16 bits: a list of more
-/// than `kMaxRow` captions is run-time error 6, and the list stays as it was.
-using Row = int;
-inline constexpr Row kMaxRow = 32766;
 
 /// One caption. Times are whole ms, 0 for none; line breaks in the text stand as the line separator, styles of the
 /// whole caption as the bare markers "<b>", "<i>", "<u>", those of parts as its format marks them. Its number is its
@@ -56,7 +52,7 @@ struct Splice {
   bool TimesOnly() const { return !timesBefore.empty(); }
 };
 
-/// The document's captions and the selected row. Every change ends in `Replace`.
+/// The document's captions and the selected rows. Every change ends in `Replace`.
 class CaptionList {
  public:
   /// `options` gives the line separator and the nearby factor; `modified` is the document's flag.
@@ -110,6 +106,9 @@ class CaptionList {
   /// Any of the three.
   bool IsCaptionFormatted(Row row) const;
 
+  /// The text of a row in range with the marker, or without it, as `ToggleMarker` would store it.
+  Text TextWithMarker(Row row, TextView marker, bool on) const;
+
   /// Takes the marker ("<b>", "<i>" or "<u>") from the whole caption, or gives it to all of it: then marks that style
   /// parts of it in the same way go. In the classic manner every copy is removed, or one appended. Leaves the modified
   /// flag alone.
@@ -121,6 +120,9 @@ class CaptionList {
 
   /// Removes a row; the only caption is blanked instead. Nothing happens to a blank only caption.
   void DeleteCaption(Row row);
+  /// Removes rows, those in range, in one change; the caption behind the first one is selected. Of all captions a blank
+  /// one is left.
+  void DeleteCaptions(RowSet rows);
 
   /// Joins a caption to its predecessor when its start lies before that one's end or at most the nearby
   /// factor behind it.
@@ -148,12 +150,18 @@ class CaptionList {
   Row Selected() const { return selected_; }
   Row CurrentRow() const { return currentRow_; }
 
+  /// The rows that commands act on: never none, and usually the selected row alone. They go with their captions when
+  /// the list changes.
+  const RowSet& SelectedRows() const { return chosen_; }
+  /// Selects these rows, those in range, of which `row` is the one that the window shows. Else as `SetRow`.
+  void SelectRows(RowSet rows, Row row, bool scroll);
+
   /// Selects a row (a negative one means 1, one past the end the last, 0 nothing) and announces it unless the
-  /// list is disabled.
+  /// list is disabled. The selected row shown anew leaves those that are selected with it.
   void SetRow(Row row, bool scroll);
 
   /// Moves the list's selection, as an arrow key or a click does; runs `SetRow` when it left `CurrentRow` behind. A row
-  /// that the user points at is in view and stays where it is: then `scroll` is false.
+  /// that the user points at is in view and stays where it is: then `scroll` is false. No other row is selected.
   void MoveSelection(Row row, bool scroll = true);
 
   /// Disabled during bulk operations: `SetRow` then announces nothing.
@@ -185,6 +193,7 @@ class CaptionList {
 
  private:
   void StoreTimes(Row row, std::int32_t start, std::int32_t end);
+  void Choose(Row row, RowSet rows, bool scroll);
   /// Styles stay where they are in the texts, so that these have marks.
   bool HasMarks() const { return options_.manner.KeepsStylesWithin(); }
 
@@ -195,6 +204,7 @@ class CaptionList {
   const CaptionMarks* marks_ = &listMarks_;
   Row selected_ = 1;
   Row currentRow_ = 1;
+  RowSet chosen_{1};
   bool enabled_ = true;
   int commandDepth_ = 0;
   std::uint32_t modifiedRaises_ = 0;

@@ -37,6 +37,7 @@ void EditHistory::OnBegan(EditKind kind, std::uint64_t join) {
   open_->kind = kind;
   open_->join = join;
   open_->rowBefore = list_.Selected();
+  open_->chosenBefore = list_.SelectedRows();
   open_->separatorBefore = list_.Options().lineSeparator;
 }
 
@@ -73,6 +74,7 @@ void EditHistory::OnEnded() {
   EditStep step = std::move(*open_);
   open_.reset();
   step.rowAfter = list_.Selected();
+  step.chosenAfter = list_.SelectedRows();
   step.separatorAfter = list_.Options().lineSeparator;
   step.raised = step.raised || list_.ModifiedRaises() != raisesBefore_;
   if (step.Empty() || ChangesNothing(step)) {
@@ -116,6 +118,8 @@ EditStep EditHistory::Reverse(EditStep step, FinishFirst& all) {
   reversed.separatorAfter = std::move(step.separatorAfter);
   reversed.rowBefore = step.rowBefore;
   reversed.rowAfter = step.rowAfter;
+  reversed.chosenBefore = std::move(step.chosenBefore);
+  reversed.chosenAfter = std::move(step.chosenAfter);
   reversed.raised = step.raised;
   return reversed;
 }
@@ -147,7 +151,9 @@ void EditHistory::Move(std::vector<EditStep>& from, std::vector<EditStep>& to, b
     } else if (moved.raised) {
       all([&] { list_.SetModified(); });
     }
-    all([&] { list_.SetRow(back ? moved.rowBefore : moved.rowAfter, true); });
+    all([&] {
+      list_.SelectRows(back ? moved.chosenBefore : moved.chosenAfter, back ? moved.rowBefore : moved.rowAfter, true);
+    });
   });
   reversing_ = false;
   all([&] { Changed(); });

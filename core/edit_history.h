@@ -32,6 +32,8 @@ struct EditStep {
   Text separatorAfter;
   Row rowBefore = 1;
   Row rowAfter = 1;
+  RowSet chosenBefore;
+  RowSet chosenAfter;
   bool raised = false;
 
   bool Empty() const { return changes.empty() && separatorBefore == separatorAfter; }
@@ -55,7 +57,7 @@ class EditHistory {
   std::optional<EditKind> UndoKind() const;
   std::optional<EditKind> RedoKind() const;
 
-  /// Takes the last command back, and the next one back again. The list, the selected row and the separator are as
+  /// Takes the last command back, and the next one back again. The list, the selected rows and the separator are as
   /// they were before the command (after it). The modified flag is cleared in the state that was saved; in every other
   /// it is raised if the command had raised it.
   void Undo();

@@ -12,6 +12,11 @@ enum class EditKind : std::uint8_t {
   SetTimes,
   Insert,
   Remove,
+  Split,
+  JoinNeighbor,
+  Duplicate,
+  MeetNext,
+  SwapTexts,
   EditText,
   Bold,
   Italic,
@@ -22,11 +27,22 @@ enum class EditKind : std::uint8_t {
   FromClipboard,
   Rules,
   Delay,
+  Retime,
   ResetTiming,
   Replace,
   ReplaceAll,
   Drag,
   Spelling,
+  Cut,
+  Paste,
+  Case,
+  Shift,
+  Move,
+  Sort,
+  Join,
+  Fix,     ///< what the check proposed
+  Breaks,  ///< lines broken anew
+  Cleaning,
   TakeBack,  ///< undo and redo themselves
 };
 

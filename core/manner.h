@@ -50,6 +50,12 @@ class Manner {
   constexpr bool ChoosesEncodings() const { return !classic_; }
   /// The menu Film, the palette, and keys for all commands, which the user may change.
   constexpr bool HasEditingKeys() const { return !classic_; }
+  /// The list takes many rows at once, and shows times as a clock, what is asked of captions, styles and findings.
+  constexpr bool ListIsAWorkbench() const { return !classic_; }
+  /// Captions are inserted, split, joined and retimed by commands that the first design doesn't have.
+  constexpr bool ShapesCaptions() const { return !classic_; }
+  /// Captions are held against house rules, and lines, letters and hits are changed by way of proposals.
+  constexpr bool ChecksAndProposes() const { return !classic_; }
 
  private:
   bool classic_ = false;

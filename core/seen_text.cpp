@@ -205,6 +205,15 @@ void SeenText::ChangeTo(TextView wanted) {
   if (to > front) DropEmptyPairs(wanted.size() - back);
 }
 
+void SeenText::Keep(std::size_t from, std::size_t to) {
+  std::vector<Change> gone;
+  if (from > 0) gone.push_back({0, from, {}});
+  if (to < seen_.size()) gone.push_back({to, seen_.size(), {}});
+  Apply(gone);
+  DropEmptyPairs(seen_.size());
+  if (!seen_.empty()) DropEmptyPairs(0);
+}
+
 /// Takes the pairs of tags without anything between them out of the marks in front of a unit.
 void SeenText::DropEmptyPairs(std::size_t at) {
   const std::size_t begin = at == 0 ? 0 : places_[at - 1].end;

@@ -36,6 +36,9 @@ class SeenText {
   /// between it goes.
   void ChangeTo(TextView wanted);
 
+  /// Keeps this stretch of the seen text alone, with all marks but pairs of tags that have nothing left between them.
+  void Keep(std::size_t from, std::size_t to);
+
  private:
   class Builder;
 

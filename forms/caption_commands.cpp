@@ -6,7 +6,6 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
-#include "core/style_markers.h"
 
 namespace cuewright {
 namespace {
@@ -43,13 +42,6 @@ void CaptionCommands::WireMenus() {
   bench_.window.mnuGoTo.Clicked.Connect([this] { GoTo(); });
   bench_.window.mnuCountUntimed.Clicked.Connect([this] { CountUntimed(); });
   bench_.window.mnuNextUntimed.Clicked.Connect([this] { NextUntimed(); });
-  for (MenuItem* item : {&bench_.window.mnuBold, &bench_.window.rmnuBold})
-    item->Clicked.Connect([this] { Toggle(kBoldMarker); });
-  for (MenuItem* item : {&bench_.window.mnuItalic, &bench_.window.rmnuItalic})
-    item->Clicked.Connect([this] { Toggle(kItalicMarker); });
-  for (MenuItem* item : {&bench_.window.mnuUnderline, &bench_.window.rmnuUnderline}) {
-    item->Clicked.Connect([this] { Toggle(kUnderlineMarker); });
-  }
   bench_.window.mnuRawMarks.Clicked.Connect([this] { ToggleMarks(); });
   for (std::size_t choice = 0; choice < bench_.window.mnuSeparator.size(); ++choice) {
     bench_.window.mnuSeparator[choice].Clicked.Connect([this, choice] { ChangeSeparator(choice); });
@@ -125,7 +117,7 @@ void CaptionCommands::EditSelected() {
   panel_.ShowText(row);
 }
 
-void CaptionCommands::RemoveSelected() { bench_.list.DeleteCaption(bench_.list.Selected()); }
+void CaptionCommands::RemoveSelected() { bench_.list.DeleteCaptions(bench_.list.SelectedRows()); }
 
 void CaptionCommands::GoTo() {
   const Text answer = ports_.messages.Ask({bench_.strings[Message::LineNumber], bench_.strings[Message::GoToLine], {}});
@@ -149,17 +141,6 @@ void CaptionCommands::NextUntimed() {
   }
   ports_.messages.Show({bench_.strings[Message::NoMoreWithoutTiming], BoxIcon::Information, BoxButtons::Ok,
                         bench_.strings[Message::SelectNextNonTimed]});
-}
-
-void CaptionCommands::Toggle(TextView marker) {
-  const Row row = bench_.list.Selected();
-  const EditScope scope(bench_.list, marker == kBoldMarker     ? EditKind::Bold
-                                     : marker == kItalicMarker ? EditKind::Italic
-                                                               : EditKind::Underline);
-  bench_.list.ToggleMarker(row, marker);
-  panel_.ShowText(row);
-  preview_.Redraw(row);
-  panel_.ShowStyles(row);
 }
 
 void CaptionCommands::ToggleMarks() {
@@ -260,7 +241,14 @@ bool CaptionCommands::OnListRightDown(int y) {
   const Row row = bench_.grid.RowAt(y);
   if (!bench_.document.HasDocument() || !bench_.list.InRange(row)) return false;
   bench_.grid.RequestFocus();
-  if (row != bench_.list.Selected()) bench_.list.SetRow(row, false);
+  // The menu is for all that are selected, when it opens over one of them.
+  if (row != bench_.list.Selected()) {
+    if (bench_.grid.selection.Has(row)) {
+      bench_.grid.selection.MoveCurrent(row, false);
+    } else {
+      bench_.list.SetRow(row, false);
+    }
+  }
   panel_.ShowStyles(row);
   bench_.window.rmnuBold.SetChecked(bench_.window.mnuBold.Checked());
   bench_.window.rmnuItalic.SetChecked(bench_.window.mnuItalic.Checked());

@@ -44,7 +44,6 @@ class CaptionCommands {
   void GoTo();
   void CountUntimed();
   void NextUntimed();
-  void Toggle(TextView marker);
   void ToggleMarks();
   void ChangeSeparator(std::size_t choice);
   void ReplaceSeparator(TextView before, TextView after);

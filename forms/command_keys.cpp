@@ -29,8 +29,10 @@ struct OtherKeys {
   std::string_view subtitleEdit;
 };
 constexpr OtherKeys kOtherKeys[] = {
-    {"mnuPlayOrPause", "Ctrl+P", "Ctrl+P"},    {"mnuStartHere", "Ctrl+3", "F11"},     {"mnuEndHere", "Ctrl+4", "F12"},
-    {"mnuPushFromHere", "Ctrl+Shift+3", "F9"}, {"mnuPlayAfterEnd", "F9", "Shift+F9"},
+    {"mnuPlayOrPause", "Ctrl+P", "Ctrl+P"},
+    {"mnuStartHere", "Ctrl+3", "F11"},
+    {"mnuEndHere", "Ctrl+4", "F12"},
+    {"mnuPushFromHere", "Ctrl+Shift+3", "F9"},
 };
 
 /// Items that stand for files or choices of the moment, and for no command of their own.

@@ -14,12 +14,27 @@ void ControlStates::SetDocumentItems(bool on) {
   bench_.window.lblShow.SetEnabled(on);
   bench_.window.lblDuration.SetEnabled(on);
   bench_.grid.SetEnabled(on);
+  for (MenuItem* item : {&bench_.window.mnuSave,         &bench_.window.mnuSaveAs,       &bench_.window.mnuAdd,
+                         &bench_.window.mnuEditSelected, &bench_.window.mnuBold,         &bench_.window.mnuItalic,
+                         &bench_.window.mnuUnderline,    &bench_.window.mnuConvert,      &bench_.window.mnuAppend,
+                         &bench_.window.mnuRemove,       &bench_.window.mnuRules,        &bench_.window.mnuSpell,
+                         &bench_.window.mnuFind,         &bench_.window.mnuReplace,      &bench_.window.mnuDelay,
+                         &bench_.window.mnuReset,        &bench_.window.mnuGoTo,         &bench_.window.mnuCountUntimed,
+                         &bench_.window.mnuNextUntimed,  &bench_.window.mnuCheck,        &bench_.window.mnuNextFinding,
+                         &bench_.window.mnuBreakLines,   &bench_.window.mnuClean,        &bench_.window.mnuCut,
+                         &bench_.window.mnuCopy,         &bench_.window.mnuPaste,        &bench_.window.mnuSelectAll,
+                         &bench_.window.mnuJoinSelected, &bench_.window.mnuMoveUp,       &bench_.window.mnuMoveDown,
+                         &bench_.window.mnuSortByStart,  &bench_.window.mnuLetterCase,   &bench_.window.mnuUpperCase,
+                         &bench_.window.mnuLowerCase,    &bench_.window.mnuSentenceCase, &bench_.window.mnuShift}) {
+    item->SetEnabled(on);
+  }
+  // Keys reach an item even while the menu that it stands in is off.
   for (MenuItem* item :
-       {&bench_.window.mnuSave, &bench_.window.mnuSaveAs, &bench_.window.mnuAdd, &bench_.window.mnuEditSelected,
-        &bench_.window.mnuBold, &bench_.window.mnuItalic, &bench_.window.mnuUnderline, &bench_.window.mnuConvert,
-        &bench_.window.mnuAppend, &bench_.window.mnuRemove, &bench_.window.mnuRules, &bench_.window.mnuSpell,
-        &bench_.window.mnuFind, &bench_.window.mnuReplace, &bench_.window.mnuDelay, &bench_.window.mnuReset,
-        &bench_.window.mnuGoTo, &bench_.window.mnuCountUntimed, &bench_.window.mnuNextUntimed}) {
+       {&bench_.window.mnuInsertAbove, &bench_.window.mnuInsertBelow, &bench_.window.mnuInsertAtFilm,
+        &bench_.window.mnuSplit, &bench_.window.mnuSplitAtCaret, &bench_.window.mnuSplitAtFilm, &bench_.window.mnuJoin,
+        &bench_.window.mnuJoinNext, &bench_.window.mnuJoinPrevious, &bench_.window.mnuDialogueNext,
+        &bench_.window.mnuDialoguePrevious, &bench_.window.mnuDuplicate, &bench_.window.mnuMeetNext,
+        &bench_.window.mnuSwapTexts, &bench_.window.mnuRetime}) {
     item->SetEnabled(on);
   }
 }

@@ -4,14 +4,14 @@
 
 namespace cuewright {
 
-EditingTools::EditingTools(MainWindow& window, CaptionList& list, const LangStrings& strings,
-                           const Languages& languages, OpenForms& openForms, Ports ports)
-    : delayDialog(list, strings, ports.messages),
-      findWindow(list, strings, languages, openForms),
-      replaceWindow(list, strings, languages, openForms),
-      window_(window),
-      list_(list),
-      strings_(strings),
+EditingTools::EditingTools(Workbench bench, const Languages& languages, OpenForms& openForms, Ports ports,
+                           ProposalTools& proposals)
+    : delayDialog(bench.list, bench.strings, ports.messages),
+      findWindow(bench.list, bench.strings, languages, openForms),
+      replaceWindow(bench.list, bench.strings, languages, openForms, proposals),
+      window_(bench.window),
+      list_(bench.list),
+      strings_(bench.strings),
       languages_(languages),
       openForms_(openForms),
       ports_(ports) {

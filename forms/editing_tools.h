@@ -2,13 +2,14 @@
 
 #include <functional>
 
-#include "capture/main_window.h"
+#include "capture/workbench.h"
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
 #include "forms/delay_dialog.h"
 #include "forms/find_windows.h"
 #include "forms/open_forms.h"
 #include "forms/ports.h"
+#include "forms/proposal_tools.h"
 #include "settings/languages.h"
 
 namespace cuewright {
@@ -16,8 +17,8 @@ namespace cuewright {
 /// The menu's actions that work on the whole list: the delay, the reset of all timing, and the search.
 class EditingTools {
  public:
-  EditingTools(MainWindow& window, CaptionList& list, const LangStrings& strings, const Languages& languages,
-               OpenForms& openForms, Ports ports);
+  EditingTools(Workbench bench, const Languages& languages, OpenForms& openForms, Ports ports,
+               ProposalTools& proposals);
 
   DelayDialog delayDialog;
   FindWindow findWindow;

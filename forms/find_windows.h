@@ -3,8 +3,10 @@
 #include "core/caption_list.h"
 #include "core/lang_strings.h"
 #include "form/controls.h"
+#include "forms/proposal_tools.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"
+#include "tools/replace_text.h"
 
 namespace cuewright {
 
@@ -15,6 +17,7 @@ class SearchWindow : public ToolForm {
   TextBox txtFind{*this, "txtFind"};
   CheckBox chkEntire{*this, "chkEntire"};
   CheckBox chkCase{*this, "chkCase"};
+  CheckBox chkRegex{*this, "chkRegex"};
   Button cmdFind{*this, "cmdFind"};
   Button cmdClose{*this, "cmdClose"};
   Picture imgInfo{*this, "imgInfo"};
@@ -37,11 +40,21 @@ class SearchWindow : public ToolForm {
   void TellFound(int count);
   void Tell(TextView text);
 
+  /// What the controls ask for, as patterns are looked for.
+  ReplaceOrder Order(TextView replacement) const;
+  TextReplacer MakeReplacer(TextView replacement) const;
+  /// Tells what is wrong with the pattern; false when nothing is.
+  bool TellFault(const TextReplacer& replacer);
+
   const LangStrings& strings_;
+  CaptionList& list_;
 
  private:
+  int SearchPattern(Pass pass, TextView replacement);
+  int FindPattern(TextReplacer& replacer);
+  int ReplacePattern(TextReplacer& replacer, bool all);
+
   const Message title_;
-  CaptionList& list_;
   const Languages& languages_;
 };
 
@@ -55,18 +68,27 @@ class FindWindow final : public SearchWindow {
 /// The window `frmReplace`.
 class ReplaceWindow final : public SearchWindow {
  public:
-  ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages, OpenForms& openForms);
+  ReplaceWindow(CaptionList& list, const LangStrings& strings, const Languages& languages, OpenForms& openForms,
+                ProposalTools& proposals);
 
   Frame fraReplace{*this, "fraReplace"};
   TextBox txtReplace{*this, "txtReplace"};
   Button cmdReplace{*this, "cmdReplace"};
   Button cmdReplaceAll{*this, "cmdReplaceAll"};
+  CheckBox chkSelected{*this, "chkSelected"};
+  Button cmdList{*this, "cmdList"};
 
   void ApplyLanguage(bool rightToLeft) override;
 
  private:
   void Load() override;
   void FollowText() override;
+  void ReplaceAll();
+  void ListHits();
+  /// What is replaced in all captions that are meant.
+  std::optional<std::vector<Proposal>> Hits();
+
+  ProposalTools& proposals_;
 };
 
 }  // namespace cuewright

@@ -39,7 +39,9 @@ void LayoutMemory::Load() {
 
 void LayoutMemory::Save() {
   std::vector<SettingsStore::KeyValue> values;
-  if (layout_.WantedListWidth() != loadedList_) values.emplace_back(kListWidth, Decimal(layout_.WantedListWidth()));
+  if (layout_.ListWasMoved() && layout_.WantedListWidth() != loadedList_) {
+    values.emplace_back(kListWidth, Decimal(layout_.WantedListWidth()));
+  }
   Text columns;
   if (shares_) columns = Decimal((*shares_)[0]) + u"," + Decimal((*shares_)[1]) + u"," + Decimal((*shares_)[2]);
   if (shares_ || keptColumns_) values.emplace_back(kColumns, columns);

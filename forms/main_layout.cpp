@@ -6,6 +6,7 @@ namespace cuewright {
 namespace {
 
 constexpr int kMargin = 8;
+constexpr int kListOfOld = 330;
 constexpr int kBesidePlayer = 24;  // the margins at both sides and the divider
 constexpr int kLeastPlayer = 182;
 constexpr int kDividerFromLeft = 64;
@@ -41,9 +42,18 @@ void MainLayout::SetListWidth(int width) {
   Apply();
 }
 
+void MainLayout::ShareAlike(bool on) {
+  shared_ = on;
+  Apply();
+}
+
+int MainLayout::WantedListWidth() const {
+  return wantedList_.value_or(shared_ ? (width_ - kBesidePlayer) / 2 : kListOfOld);
+}
+
 void MainLayout::Apply() {
   // A narrow window squeezes the list, not the player.
-  const int listWidth = std::max(std::min(wantedList_, width_ - kBesidePlayer - kLeastPlayer), 0);
+  const int listWidth = std::max(std::min(WantedListWidth(), width_ - kBesidePlayer - kLeastPlayer), 0);
   const int gaps = waveHeight_ > 0 ? waveHeight_ + kGapsWithWave : kGapsWithoutWave;
   const int listHeight = std::max(height_ - statusHeight_ - bottomHeight_ - gaps, 0);
   status_ = {0, 0, width_, statusHeight_};

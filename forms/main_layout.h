@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 namespace cuewright {
 
@@ -28,10 +29,15 @@ class MainLayout {
   /// The divider was dragged to a horizontal position; ignored nearer than 64 to the left or 180 to the right.
   void DragDivider(int left);
 
+  /// Until the divider was ever moved, list and player share the width alike, or the list has the width of old.
+  void ShareAlike(bool on);
+
   int ListWidth() const { return list_.width; }
   void SetListWidth(int width);
+  /// The user has given the list a width.
+  bool ListWasMoved() const { return wantedList_.has_value(); }
   /// The width that the list has where the window leaves it room.
-  int WantedListWidth() const { return wantedList_; }
+  int WantedListWidth() const;
 
   const Rect& Status() const { return status_; }
   const Rect& List() const { return list_; }
@@ -51,7 +57,8 @@ class MainLayout {
 
   int width_ = kLeastWidth;
   int height_ = kLeastHeight;
-  int wantedList_ = 330;
+  std::optional<int> wantedList_;  // by the user
+  bool shared_ = false;
   int statusHeight_ = 56;
   int waveHeight_ = 0;
   int bottomHeight_ = 150;

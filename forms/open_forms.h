@@ -16,7 +16,7 @@ class OpenForms {
 
   /// Closes every window that works on the captions.
   void CloseTools() {
-    for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport"}) UnloadForm(name);
+    for (const char* name : {"frmEmbed", "frmFind", "frmReplace", "frmReport", "frmRetime"}) UnloadForm(name);
   }
 
   bool IsFormLoaded(const std::string& name) const { return closers_.contains(name); }

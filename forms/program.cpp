@@ -40,6 +40,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       recentFiles(window, store, ports_.files),
       notices(window, options, strings),
       commands(Bench(), panel, preview, capture, store, ports_),
+      selectionCommands(Bench(), panel, preview, formats, ports_),
+      listView(Bench(), formats, ports_.player, sample),
       playerBinding(Bench(), session, preview, capture, recall, ports_),
       exportDialog(catalogue, formats, options, strings, ports_.messages),
       saveCheck(Bench(), catalogue, formats, exporter),
@@ -59,7 +61,13 @@ Program::Program(Ports ports, StartEnvironment environment)
       ruleReport(strings),
       reportWindow(ruleReport, document, strings, languages, ports_.desktop, openForms),
       rules(Bench(), ruleReport, reportWindow, session, ports_),
-      tools(window, list, strings, languages, openForms, ports_),
+      check(Bench(), formats, folders, ports_.files, store, ports_.player),
+      checkedRows(check, grid, strings),
+      proposals(Bench(), check, folders, ports_.files, ports_.messages),
+      checkWindow(Bench(), check, proposals, notices, languages, openForms),
+      tools(Bench(), languages, openForms, ports_, proposals),
+      shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
+      retime(Bench(), formats, languages, ports_.player, openForms),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -89,12 +97,21 @@ void Program::Connect() {
   ConnectAudio();
   ConnectWizards();
   ConnectCommands();
-  shell.Loading.Connect([this] { vsFilter.ApplyVSFilterMode(); });
+  shell.Loading.Connect([this] {
+    vsFilter.ApplyVSFilterMode();
+    ShowManner();
+    shaping.ShowItems();
+  });
   spelling.Checked.Connect([this] {
     states.ResetControls();
     panel.ShowText(list.Selected());
   });
-  dialogs.settings.Closed.Connect([this] { commands.ShowMarks(); });
+  dialogs.settings.Closed.Connect([this] {
+    commands.ShowMarks();
+    ShowManner();
+    shaping.ShowItems();
+    ShowProposingItems();
+  });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
@@ -116,11 +133,25 @@ void Program::ConnectCommands() {
   window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });
 }
 
+void Program::ShowManner() {
+  selectionCommands.ShowItems();
+  listView.Show();
+}
+
+void Program::ShowProposingItems() {
+  for (MenuItem* item :
+       {&window.mnuCheck, &window.mnuNextFinding, &window.mnuBreakLines, &window.mnuClean, &window.mnuLine4a}) {
+    item->SetVisible(options.manner.ChecksAndProposes());
+  }
+}
+
 void Program::ConnectSession() {
   session.Cleared.Connect([this] { notices.Clear(); });
   session.RulesForgotten.Connect([this] { ruleReport.ResetRuleReport(); });
   session.Began.Connect([this](DocumentBaseline baseline) { history.Begin(baseline); });
+  session.Began.Connect([this](DocumentBaseline) { check.TakeStored(); });
   session.Ended.Connect([this] { history.End(); });
+  session.Ended.Connect([this] { check.TakeStored(); });
   session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
   documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
@@ -169,6 +200,7 @@ void Program::ConnectRules() {
 void Program::ConnectAudio() {
   for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
     gone->Connect([this] {
+      listView.ForgetFilm();
       filmSound.Stop();
       audioBar.Forget();
     });
@@ -177,6 +209,7 @@ void Program::ConnectAudio() {
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
+  retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
 }
 
 void Program::ConnectJournal() {
@@ -295,6 +328,8 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   ApplyLanguage();
   panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();
+  check.TakeStored();
+  ShowProposingItems();
   return size;
 }
 

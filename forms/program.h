@@ -29,6 +29,9 @@
 #include "forms/audio_commands.h"
 #include "forms/audio_wizard.h"
 #include "forms/caption_commands.h"
+#include "forms/caption_shaping.h"
+#include "forms/check_window.h"
+#include "forms/checked_rows.h"
 #include "forms/command_keys.h"
 #include "forms/control_states.h"
 #include "forms/dialogs.h"
@@ -41,21 +44,26 @@
 #include "forms/film_commands.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
+#include "forms/house_check.h"
 #include "forms/journal_keeper.h"
 #include "forms/journal_restore.h"
 #include "forms/keys_dialog.h"
 #include "forms/lines_report.h"
+#include "forms/list_view_commands.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
 #include "forms/palette.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
+#include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
+#include "forms/retime_window.h"
 #include "forms/rules_commands.h"
 #include "forms/save_check.h"
+#include "forms/selection_commands.h"
 #include "forms/shell.h"
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
@@ -156,6 +164,8 @@ class Program final {
   RecentFiles recentFiles;
   Notices notices;
   CaptionCommands commands;
+  SelectionCommands selectionCommands;
+  ListViewCommands listView;
   PlayerBinding playerBinding;
   ExportDialog exportDialog;
   SaveCheck saveCheck;
@@ -172,7 +182,13 @@ class Program final {
   RuleReport ruleReport;
   ReportWindow reportWindow;
   RulesCommands rules;
+  HouseCheck check;
+  CheckedRows checkedRows;
+  ProposalTools proposals;
+  CheckWindow checkWindow;
   EditingTools tools;
+  CaptionShaping shaping;
+  RetimeWindow retime;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -187,7 +203,9 @@ class Program final {
   Palette palette;
 
   /// The windows that stand beside the main one.
-  std::vector<ToolForm*> ToolForms() { return {&reportWindow, &tools.findWindow, &tools.replaceWindow, &help}; }
+  std::vector<ToolForm*> ToolForms() {
+    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
+  }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
   /// follows behind.
@@ -195,6 +213,10 @@ class Program final {
 
  private:
   void Connect();
+  /// List and menus are those of the manner in force.
+  void ShowManner();
+  /// The items of the check and of what proposes changes, which the classic manner doesn't have.
+  void ShowProposingItems();
   void ConnectSession();
   void ConnectFiles();
   void ConnectRules();

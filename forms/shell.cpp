@@ -68,6 +68,7 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
     size.height = std::min(ReadNumber(store_, u"WindowHeight", kDefaultHeight), screenHeight);
   });
   step([&] {
+    layout_.ShareAlike(bench_.options.manner.ListIsAWorkbench());
     memory_.Load();
     size.corner = memory_.WindowCorner();
     UpdateBars();

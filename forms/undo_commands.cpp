@@ -13,6 +13,11 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::SetTimes, Message::EditNameTimes},
                                                    {EditKind::Insert, Message::InsertNewCaption},
                                                    {EditKind::Remove, Message::RemoveCaption},
+                                                   {EditKind::Split, Message::SplitCaption},
+                                                   {EditKind::JoinNeighbor, Message::JoinCaption},
+                                                   {EditKind::Duplicate, Message::DuplicateCaption},
+                                                   {EditKind::MeetNext, Message::MeetNext},
+                                                   {EditKind::SwapTexts, Message::SwapTexts},
                                                    {EditKind::EditText, Message::EditCaption},
                                                    {EditKind::Bold, Message::Bold},
                                                    {EditKind::Italic, Message::Italic},
@@ -23,11 +28,22 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::FromClipboard, Message::NewFromClipboard},
                                                    {EditKind::Rules, Message::ApplyCurrentRules},
                                                    {EditKind::Delay, Message::SetDelay},
+                                                   {EditKind::Retime, Message::RetimeItem},
                                                    {EditKind::ResetTiming, Message::RemoveAllTiming},
                                                    {EditKind::Replace, Message::Replace},
                                                    {EditKind::ReplaceAll, Message::ReplaceAll},
                                                    {EditKind::Drag, Message::EditNameEdge},
-                                                   {EditKind::Spelling, Message::SpellCheck}};
+                                                   {EditKind::Spelling, Message::SpellCheck},
+                                                   {EditKind::Cut, Message::CutCaptions},
+                                                   {EditKind::Paste, Message::PasteCaptions},
+                                                   {EditKind::Case, Message::LetterCase},
+                                                   {EditKind::Shift, Message::ShiftCaptions},
+                                                   {EditKind::Move, Message::EditNameMove},
+                                                   {EditKind::Sort, Message::SortByStart},
+                                                   {EditKind::Join, Message::JoinSelected},
+                                                   {EditKind::Fix, Message::EditNameFix},
+                                                   {EditKind::Breaks, Message::BreakLines},
+                                                   {EditKind::Cleaning, Message::CleanTexts}};
 
 /// The text that names a command.
 Message MessageOf(EditKind kind) {

@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=offscreen
 
-targets="bench_audio_bar bench_caption_list bench_formats bench_hostile bench_rules bench_rules_window bench_spelling busy_window
+targets="bench_audio_bar bench_breaks bench_caption_list bench_check bench_formats bench_hostile bench_rules bench_rules_window bench_spelling busy_window
   cuewright cuewright_batch cuewright_resources formats_floor formats_whole_process startup_floor startup_watch vdrun
   wave_floor wave_load"
 # shellcheck disable=SC2086
@@ -33,6 +33,8 @@ run caption_list "$bin/bench_caption_list" $moment
 run formats "$bin/bench_formats" $moment
 run hostile "$bin/bench_hostile" --moment
 run whole_process "$bin/formats_whole_process" "$bin" "$work" 1
+run check "$bin/bench_check" resources
+run breaks "$bin/bench_breaks" resources bench/breaks/en.txt bench/breaks/es.txt bench/breaks/de.txt bench/breaks/fr.txt
 run rules "$bin/bench_rules" --moment
 run rules_window "$bin/bench_rules_window" --moment
 run spelling "$bin/bench_spelling"

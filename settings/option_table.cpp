@@ -69,6 +69,7 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"Language", kText<&O::language>},
     {u"LBREAK", kText<&O::lineSeparator>},
     {u"T_READAS", kText<&O::readAs>},
+    {u"CheckProfile", kText<&O::checkProfile>},
     {u"Classic", kManner, Language, "chkClassic"},
     {u"AutoSplit", kByteFlag<&O::autoSplit>, Rules, "chkAutoSplit"},
     {u"Collision", kByteFlag<&O::avoidCollision>, Rules, "chkCollision"},
@@ -117,6 +118,8 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"M_AUDIOBAR", kFlag<&O::audioBarOn>, MainWindow, "mnuAudioBar"},
     {u"M_FULLWAVE", kFlag<&O::fullWave>, MainWindow, "mnuFullWave"},
     {u"RawMarks", kFlag<&O::rawMarks>, MainWindow, "mnuRawMarks"},
+    {u"CaptionColumns", kText<&O::listColumns>, MainWindow},
+    {u"CaptionTimes", kNumber<&O::listTimes>, MainWindow},
     {u"M_AUDIOBARCOLOR", kNumber<&O::waveColor>, MainWindow},
     {u"M_WAVSCALE", kNumber<&O::waveScale>, MainWindow, "sldWavScale"},
 });

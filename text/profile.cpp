@@ -20,6 +20,29 @@ TextView CutQuotes(TextView value) {
 
 }  // namespace
 
+bool ProfileLines::Next(ProfileLine& line) {
+  while (!rest_.empty()) {
+    const std::size_t end = rest_.find_first_of(kLineEnd);
+    const TextView text = TrimWhite(rest_.substr(0, end));
+    const bool both = end != TextView::npos && rest_.substr(end).starts_with(kLineEnd);
+    rest_.remove_prefix(end == TextView::npos ? rest_.size() : end + (both ? 2 : 1));
+    ++number_;
+    if (text.empty() || text.front() == u';') continue;
+    line = {ProfileLine::Kind::Other, number_, {}, text};
+    const std::size_t equals = text.find(u'=');
+    if (text.front() == u'[') {
+      line.kind = ProfileLine::Kind::Section;
+      line.name = TrimWhite(text.substr(1, text.find(u']') - 1));
+    } else if (equals != TextView::npos) {
+      line.kind = ProfileLine::Kind::Value;
+      line.name = TrimWhite(text.substr(0, equals));
+      line.value = CutQuotes(TrimWhite(text.substr(equals + 1)));
+    }
+    return true;
+  }
+  return false;
+}
+
 Text Profile::Name(TextView section, TextView key) {
   Text name = ToUpper(section);
   name += u'\n';
@@ -31,20 +54,14 @@ Profile::Profile(TextView text, std::size_t longest) {
   std::unordered_set<Text> sections;
   Text section;
   bool counts = false;
-  while (!text.empty()) {
-    const std::size_t end = text.find_first_of(kLineEnd);
-    const TextView line = TrimWhite(text.substr(0, end));
-    text.remove_prefix(end == TextView::npos ? text.size() : end + 1);
-    if (line.empty() || line.front() == u';') continue;
-    if (line.front() == u'[') {
-      section = TrimWhite(line.substr(1, line.find(u']') - 1));
+  ProfileLines lines(text);
+  for (ProfileLine line; lines.Next(line);) {
+    if (line.kind == ProfileLine::Kind::Section) {
+      section = line.name;
       counts = sections.insert(ToUpper(section)).second;
-      continue;
+    } else if (counts && line.kind == ProfileLine::Kind::Value) {
+      values_.try_emplace(Name(section, line.name), line.value.substr(0, longest));
     }
-    const std::size_t equals = line.find(u'=');
-    if (!counts || equals == TextView::npos) continue;
-    const TextView value = CutQuotes(TrimWhite(line.substr(equals + 1)));
-    values_.try_emplace(Name(section, TrimWhite(line.substr(0, equals))), value.substr(0, longest));
   }
 }
 

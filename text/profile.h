@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -10,6 +11,29 @@ namespace cuewright {
 
 /// Longest value that a profile read gives, in characters.
 inline constexpr std::size_t kLongestProfileValue = 254;
+
+/// A line of an INI text that says something: neither blank nor a remark, which begins with ";".
+struct ProfileLine {
+  enum class Kind : std::uint8_t { Section, Value, Other };
+
+  Kind kind = Kind::Other;
+  int number = 0;  ///< of the line, from 1
+  TextView name;   ///< of the section or the key, without the blanks around it
+  TextView value;  ///< without the blanks and one pair of quotes around it; of `Other` the whole line
+};
+
+/// Goes through an INI text line by line. CR LF, CR and LF each end a line.
+class ProfileLines {
+ public:
+  explicit ProfileLines(TextView text) : rest_(text) {}
+
+  /// Takes the next line that says something; false at the end.
+  bool Next(ProfileLine& line);
+
+ private:
+  TextView rest_;
+  int number_ = 0;
+};
 
 /// The sections and keys of an INI text. Names are found whatever their case; of sections, and of keys in one, with
 /// the same name the first counts.

@@ -11,25 +11,60 @@ namespace {
 
 /// Steps that a pattern may take on one caption, in units of the library, about a ms each.
 constexpr std::int32_t kMostSteps = 500;
-/// Time that a pattern may take on all captions.
-constexpr std::chrono::seconds kMostTime{10};
 
 /// A view of the text for the library, which doesn't copy it.
 icu::UnicodeString Aliased(TextView text) {
   return icu::UnicodeString(false, text.data(), static_cast<std::int32_t>(text.size()));
 }
 
+/// A text as a pattern that finds it as it stands.
+Text QuotedPattern(TextView text) { return u"\\Q" + ReplaceAll(text, u"\\E", u"\\E\\\\E\\Q") + u"\\E"; }
+
+/// The pattern of an order, as the library takes it with `flags`.
+Text PatternOf(const ReplaceOrder& order, std::uint32_t& flags) {
+  flags = UREGEX_MULTILINE;
+  if (!order.matchCase) flags |= UREGEX_CASE_INSENSITIVE;
+  if (!order.wholeWord) {
+    if (!order.regex) flags |= UREGEX_LITERAL;
+    return order.find;
+  }
+  constexpr TextView kNoWordBefore = u"(?<![\\p{L}\\p{M}\\p{N}_])(?:";
+  constexpr TextView kNoWordBehind = u")(?![\\p{L}\\p{M}\\p{N}_])";
+  return Text(kNoWordBefore) + (order.regex ? order.find : QuotedPattern(order.find)) + Text(kNoWordBehind);
+}
+
+Text WithChanges(TextView text, const std::vector<SeenText::Change>& changes) {
+  Text result;
+  std::size_t from = 0;
+  for (const SeenText::Change& change : changes) {
+    result.append(text, from, change.from - from).append(change.text);
+    from = change.to;
+  }
+  return result.append(text, from);
+}
+
 }  // namespace
 
 struct TextReplacer::Engine {
+  /// Takes a text without marks, with no account of where each of its characters is stored.
+  void TakePlain(TextView stored, TextView separator) {
+    searched = stored;
+    if (FindPlain(stored, separator) == Text::npos) return;
+    plain = ReplaceAll(stored, separator, u"\n");
+    searched = plain;
+  }
+
   std::unique_ptr<icu::RegexMatcher> matcher;
+  Text plain;         // a text without marks, LF between its lines
+  TextView searched;  // the text as it is seen
   icu::UnicodeString with;
   SeenText visible;
   std::vector<SeenText::Change> changes;
 };
 
-TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator)
-    : order_(order), separator_(separator), engine_(std::make_unique<Engine>()) {
+TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator, const CaptionMarks* marks,
+                           std::chrono::milliseconds most)
+    : order_(order), separator_(separator), marks_(marks), most_(most), engine_(std::make_unique<Engine>()) {
   if (order_.find.empty()) {
     fault_ = Fault::NothingToFind;
     return;
@@ -38,11 +73,10 @@ TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator)
   if (!order_.regex) order_.find = ReplaceAll(order_.find, separator_, u"\n");
   order_.with = ReplaceAll(order_.with, separator_, u"\n");
   UErrorCode status = U_ZERO_ERROR;
-  std::uint32_t flags = UREGEX_MULTILINE;
-  if (!order_.regex) flags |= UREGEX_LITERAL;
-  if (!order_.matchCase) flags |= UREGEX_CASE_INSENSITIVE;
-  const icu::UnicodeString pattern(order_.find.data(), static_cast<std::int32_t>(order_.find.size()));
-  engine_->matcher = std::make_unique<icu::RegexMatcher>(pattern, flags, status);
+  std::uint32_t flags = 0;
+  const Text pattern = PatternOf(order_, flags);
+  engine_->matcher = std::make_unique<icu::RegexMatcher>(
+      icu::UnicodeString(pattern.data(), static_cast<std::int32_t>(pattern.size())), flags, status);
   if (U_SUCCESS(status)) engine_->matcher->setTimeLimit(kMostSteps, status);
   engine_->with = Aliased(order_.with);
   if (U_FAILURE(status)) {
@@ -67,10 +101,33 @@ void TextReplacer::Check(const Text& pattern) {
   if (U_FAILURE(status)) fault_ = Fault::BadReplacement;
 }
 
+void TextReplacer::TakeText(TextView stored) {
+  if (marks_ != nullptr) {
+    engine_->visible.Take(stored, separator_, *marks_);
+  } else {
+    engine_->visible.Take(stored, separator_);
+  }
+  engine_->searched = engine_->visible.View();
+}
+
+/// A pattern that takes too many steps or too deep ones would go on for ever, or as good as.
+void TextReplacer::NoteFailure() { fault_ = Fault::TooSlow; }
+
+/// Looks into a text that has no marks.
+bool TextReplacer::FindsInPlain(TextView stored) {
+  engine_->TakePlain(stored, separator_);
+  const icu::UnicodeString text = Aliased(engine_->searched);
+  UErrorCode status = U_ZERO_ERROR;
+  engine_->matcher->reset(text);
+  const bool found = engine_->matcher->find(status) != 0;
+  if (U_FAILURE(status)) NoteFailure();
+  return found && fault_ == Fault::None;
+}
+
 void TextReplacer::FindAll() {
   Engine& engine = *engine_;
   icu::RegexMatcher& matcher = *engine.matcher;
-  const TextView visible = engine.visible.View();
+  const TextView visible = engine.searched;
   const icu::UnicodeString text = Aliased(visible);
   UErrorCode status = U_ZERO_ERROR;
   matcher.reset(text);
@@ -91,22 +148,59 @@ void TextReplacer::FindAll() {
     const auto length = static_cast<std::size_t>(to - from);
     if (visible.substr(at, length) != fresh) engine.changes.push_back({at, at + length, std::move(fresh)});
   }
-  // A pattern that takes too many steps or too deep ones would go on for ever, or as good as.
-  if (U_FAILURE(status)) fault_ = status == U_INDEX_OUTOFBOUNDS_ERROR ? Fault::BadReplacement : Fault::TooSlow;
+  if (status == U_INDEX_OUTOFBOUNDS_ERROR) {
+    fault_ = Fault::BadReplacement;
+  } else if (U_FAILURE(status)) {
+    NoteFailure();
+  }
+}
+
+bool TextReplacer::FindsIn(TextView stored) {
+  if (fault_ != Fault::None) return false;
+  const auto began = std::chrono::steady_clock::now();
+  if (MayHaveMarks(stored)) {
+    TakeText(stored);
+    stored = engine_->visible.View();
+  }
+  const bool found = FindsInPlain(stored);
+  spent_ += std::chrono::steady_clock::now() - began;
+  if (fault_ == Fault::None && spent_ > most_) NoteFailure();
+  return found && fault_ == Fault::None;
 }
 
 std::optional<Text> TextReplacer::Replaced(TextView stored) {
   if (fault_ != Fault::None) return {};
   Engine& engine = *engine_;
   const auto began = std::chrono::steady_clock::now();
-  engine.visible.Take(stored, separator_);
+  const bool plain = !MayHaveMarks(stored) && stored.find(u'\n') == TextView::npos;
+  if (plain) {
+    engine.TakePlain(stored, separator_);
+  } else {
+    TakeText(stored);
+  }
   engine.changes.clear();
   FindAll();
   spent_ += std::chrono::steady_clock::now() - began;
-  if (fault_ == Fault::None && spent_ > kMostTime) fault_ = Fault::TooSlow;
+  if (fault_ == Fault::None && spent_ > most_) NoteFailure();
   if (fault_ != Fault::None || engine.changes.empty()) return {};
+  if (plain) return ReplaceAll(WithChanges(engine.searched, engine.changes), u"\n", separator_);
   engine.visible.Apply(engine.changes);
   return engine.visible.Stored();
+}
+
+std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer) {
+  const Text& separator = list.Options().lineSeparator;
+  std::vector<Proposal> proposals;
+  for (const Row row : rows) {
+    const Caption& caption = list.At(row);
+    std::optional<Text> text = replacer.Replaced(caption.text);
+    if (replacer.Problem() != TextReplacer::Fault::None) return {};
+    if (!text) continue;
+    // A text that ends in a line break would not be stored.
+    while (!separator.empty() && text->ends_with(separator)) text->resize(text->size() - separator.size());
+    if (*text != caption.text) proposals.push_back({row, caption.WithText(*std::move(text))});
+  }
+  return proposals;
 }
 
 int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& replacer) {

@@ -4,9 +4,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "core/caption_list.h"
+#include "core/caption_marks.h"
 #include "text/text.h"
+#include "tools/proposal.h"
 #include "tools/row_range.h"
 
 namespace cuewright {
@@ -17,6 +21,7 @@ struct ReplaceOrder {
   Text with;
   bool regex = false;      ///< `find` is a regular expression, and "$1" in `with` a group of it
   bool matchCase = false;  ///< else letters of both cases match
+  bool wholeWord = false;  ///< no letter, digit or "_" stands beside what is found
 };
 
 /// Finds and replaces in the visible text of captions. A line separator counts as LF; tags are not seen, and stay.
@@ -30,12 +35,16 @@ class TextReplacer {
     TooSlow          ///< the pattern needs more time than a pattern may
   };
 
-  TextReplacer(const ReplaceOrder& order, TextView separator);
+  /// Without `marks` whatever looks like a tag is one. All texts together may take the time `most`.
+  TextReplacer(const ReplaceOrder& order, TextView separator, const CaptionMarks* marks = nullptr,
+               std::chrono::milliseconds most = std::chrono::seconds(10));
   ~TextReplacer();
 
   /// What is wrong with the order or became wrong in using it. Nothing is found from then on.
   Fault Problem() const { return fault_; }
 
+  /// True when something is found in the text.
+  bool FindsIn(TextView stored);
   /// The text with all that was found replaced; nothing when nothing was found or nothing is another for it.
   std::optional<Text> Replaced(TextView stored);
 
@@ -43,10 +52,15 @@ class TextReplacer {
   struct Engine;
 
   void Check(const Text& pattern);
+  void TakeText(TextView stored);
+  bool FindsInPlain(TextView stored);
   void FindAll();
+  void NoteFailure();
 
   ReplaceOrder order_;
   Text separator_;
+  const CaptionMarks* marks_;
+  std::chrono::milliseconds most_;
   Fault fault_ = Fault::None;
   std::unique_ptr<Engine> engine_;
   std::chrono::steady_clock::duration spent_{};
@@ -55,5 +69,8 @@ class TextReplacer {
 /// Replaces in the captions of the range, as one command; how many changed. When the replacer meets a problem on the
 /// way, none is changed.
 int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& replacer);
+
+/// What replacing in these rows would change; nothing when the replacer meets a problem.
+std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer);
 
 }  // namespace cuewright

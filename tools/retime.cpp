@@ -4,6 +4,8 @@
 #include <limits>
 #include <numeric>
 
+#include "text/digits.h"
+
 namespace cuewright {
 namespace {
 
@@ -28,7 +30,38 @@ std::int32_t Stored(std::int64_t ms) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(ms, 0, std::numeric_limits<std::int32_t>::max()));
 }
 
+/// A positive number with or without decimals as a fraction; empty for any other text and for more than nine digits.
+std::optional<SpeedRatio> FractionOf(TextView text) {
+  constexpr int kMostDigits = 9;
+  SpeedRatio fraction{0, 1};
+  int digits = 0;
+  bool decimals = false;
+  for (const char16_t c : TrimBlanks(text)) {
+    if ((c == u'.' || c == u',') && !decimals && digits > 0) {
+      decimals = true;
+    } else if (IsDigit(c) && ++digits <= kMostDigits) {
+      fraction.numerator = fraction.numerator * 10 + (c - u'0');
+      if (decimals) fraction.denominator *= 10;
+    } else {
+      return {};
+    }
+  }
+  // A point with nothing behind it is no number.
+  if (fraction.numerator == 0 || (decimals && fraction.denominator == 1)) return {};
+  return fraction;
+}
+
 }  // namespace
+
+std::optional<SpeedRatio> SpeedRatio::FromText(TextView text) {
+  const std::size_t slash = text.find(u'/');
+  const std::optional<SpeedRatio> first = FractionOf(text.substr(0, slash));
+  const std::optional<SpeedRatio> second = slash == TextView::npos ? SpeedRatio() : FractionOf(text.substr(slash + 1));
+  if (!first || !second) return {};
+  const SpeedRatio ratio = Reduced(first->numerator * second->denominator, second->numerator * first->denominator);
+  if (ratio.numerator > kMost || ratio.denominator > kMost) return {};
+  return ratio;
+}
 
 SpeedRatio SpeedRatio::OfRates(const FrameRate& from, const FrameRate& to) {
   return Reduced(std::int64_t{from.Numerator()} * to.Denominator(), std::int64_t{from.Denominator()} * to.Numerator());
@@ -54,7 +87,7 @@ TimeMap::Fault TimeMap::Through(std::vector<TimePoint> points, TimeMap& map) {
     const std::int64_t before = std::int64_t{points[i + 1].from} - points[i].from;
     const std::int64_t after = std::int64_t{points[i + 1].to} - points[i].to;
     if (before == 0) return Fault::SameTime;
-    if (after < 0) return Fault::TurnedRound;
+    if (after <= 0) return Fault::TurnedRound;
     lines.push_back({points[i].from, points[i].to, Reduced(after, before)});
   }
   if (lines.empty()) lines.push_back({points.front().from, points.front().to, {}});
@@ -68,26 +101,50 @@ std::int64_t TimeMap::At(std::int32_t ms) const {
   return line.to + Scaled(std::int64_t{ms} - line.from, line.slope);
 }
 
-RetimeResult RetimeCaptions(CaptionList& list, const RowRange& rows, const TimeMap& map) {
+Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map) {
+  if (old.start <= 0 && old.end <= 0) return {old, false};
+  const std::int64_t start = map.At(old.start);
+  // An end of 0 is none.
+  const std::int64_t end = old.end > 0 ? map.At(old.end) : 0;
+  return {{Stored(start), Stored(end)}, start < 0 || end < 0};
+}
+
+namespace {
+
+/// Passes each row and what becomes of it to `take`.
+template <class Take>
+RetimeResult PassRetimed(const CaptionList& list, const RetimeRows& rows, const TimeMap& map, Take take) {
   RetimeResult result;
-  const auto [first, last] = rows.In(list);
-  std::vector<CaptionTimes> times;
-  times.reserve(static_cast<std::size_t>(std::max(last - first + 1, 0)));
-  for (Row row = first; row <= last; ++row) {
-    const CaptionTimes old = list.TimesAt(row);
-    CaptionTimes fresh = old;
-    if (old.start > 0 || old.end > 0) {
-      const std::int64_t start = map.At(old.start);
-      // An end of 0 is none.
-      const std::int64_t end = old.end > 0 ? map.At(old.end) : 0;
-      if (start < 0 || end < 0) ++result.belowZero;
-      fresh = {Stored(start), Stored(end)};
+  for (const RowRange& range : rows) {
+    const auto [first, last] = range.In(list);
+    for (Row row = first; row <= last; ++row) {
+      const CaptionTimes old = list.TimesAt(row);
+      const Retimed fresh = RetimedTimes(old, map);
+      result.changed += int{fresh.times != old};
+      result.belowZero += int{fresh.belowZero};
+      take(row, fresh.times);
     }
-    if (fresh != old) ++result.changed;
-    times.push_back(fresh);
   }
+  return result;
+}
+
+}  // namespace
+
+RetimeResult ForeseeRetiming(const CaptionList& list, const RetimeRows& rows, const TimeMap& map) {
+  return PassRetimed(list, rows, map, [](Row, const CaptionTimes&) {});
+}
+
+RetimeResult RetimeCaptions(CaptionList& list, const RetimeRows& rows, const TimeMap& map) {
+  std::vector<CaptionTimes> times;
+  Row first = 0;
+  const RetimeResult result = PassRetimed(list, rows, map, [&](Row row, const CaptionTimes& fresh) {
+    if (first == 0) first = row;
+    // What lies between two ranges keeps its times.
+    for (Row next = first + static_cast<Row>(times.size()); next < row; ++next) times.push_back(list.TimesAt(next));
+    times.push_back(fresh);
+  });
   if (result.changed == 0) return result;
-  const EditScope scope(list, EditKind::Delay);
+  const EditScope scope(list, EditKind::Retime);
   list.Retime(first, times);
   list.SetModified();
   return result;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "core/caption_list.h"
@@ -16,6 +17,9 @@ struct SpeedRatio {
   std::int64_t numerator = 1;
   std::int64_t denominator = 1;
 
+  /// The ratio of a text such as "25/24", "1.001" or "23.976/25"; empty for any other text, and for numbers of too many
+  /// digits.
+  static std::optional<SpeedRatio> FromText(TextView text);
   /// What becomes of times whose frame numbers stay while the rate goes from one to another.
   static SpeedRatio OfRates(const FrameRate& from, const FrameRate& to);
 };
@@ -36,8 +40,8 @@ class TimeMap {
 
   enum class Fault : std::uint8_t { None, NoPoint, SameTime, TurnedRound };
   /// Straight lines through points in any order; before the first and behind the last point the nearest line goes on,
-  /// and a single point is a shift. `map` is left alone when two points begin at the same time or the order of the new
-  /// times is another.
+  /// and a single point is a shift. `map` is left alone when two points begin at the same time, or their new times are
+  /// in another order or the same.
   static Fault Through(std::vector<TimePoint> points, TimeMap& map);
 
   /// The new time; negative where it would be before the film.
@@ -53,14 +57,30 @@ class TimeMap {
   std::vector<Line> lines_ = {{}};
 };
 
-/// What retiming did.
+/// What a caption's times become by a map.
+struct Retimed {
+  CaptionTimes times;
+  bool belowZero = false;  ///< one of them would be before the film's beginning, and is 0
+};
+
+/// The new times of a caption. One without any time stays without; one that begins at 0 and has an end has times.
+Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map);
+
+/// What retiming did or would do.
 struct RetimeResult {
   int changed = 0;    ///< captions with a time that is another now
   int belowZero = 0;  ///< captions with a time that would be before the film's beginning, and is 0
+
+  bool operator==(const RetimeResult&) const = default;
 };
 
-/// Gives the captions in the range the times of the map, as one command. Captions without any time stay without; one
-/// that begins at 0 and has an end has times.
-RetimeResult RetimeCaptions(CaptionList& list, const RowRange& rows, const TimeMap& map);
+/// Rows that are retimed together: ranges in ascending order that don't overlap.
+using RetimeRows = std::vector<RowRange>;
+
+/// What `RetimeCaptions` would do.
+RetimeResult ForeseeRetiming(const CaptionList& list, const RetimeRows& rows, const TimeMap& map);
+
+/// Gives the captions in these rows the times of the map, as one command and one change of the list.
+RetimeResult RetimeCaptions(CaptionList& list, const RetimeRows& rows, const TimeMap& map);
 
 }  // namespace cuewright

@@ -26,6 +26,8 @@ class ListBox;
 class OptionButton;
 class Picture;
 class ProgressBar;
+class Sheet;
+class SheetView;
 class Slider;
 class TextBox;
 
@@ -45,6 +47,7 @@ void Attach(Binder& binder, ListBox& list, QListWidget& widget);
 void Attach(Binder& binder, ComboBox& combo, QComboBox& widget);
 void Attach(Binder& binder, TextBox& box, QLineEdit& widget);
 void Attach(Binder& binder, TextBox& box, QPlainTextEdit& widget);
+void Attach(Binder& binder, Sheet& sheet, SheetView& widget);
 void Attach(Binder& binder, Frame& frame, QGroupBox& widget);
 /// A frame without a title.
 void Attach(Binder& binder, Frame& frame, QWidget& widget);

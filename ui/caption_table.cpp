@@ -9,7 +9,9 @@
 #include <QMouseEvent>
 #include <QPalette>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "ui/key_codes.h"
 #include "ui/qt_text.h"
@@ -17,131 +19,62 @@
 namespace cuewright {
 namespace {
 
-constexpr int kColumns = 4;
-constexpr int kRowPadding = 6;
+constexpr int kClassicPadding = 6;
+constexpr int kCalmPadding = 11;
+constexpr int kClassicColumns = 4;
 
-/// The side that the list's columns keep to, whatever the direction of a cell's own text.
-QVariant ColumnAlignment(const CaptionGrid& grid) {
-  return QVariant(Qt::AlignVCenter | Qt::AlignAbsolute | (grid.RightToLeft() ? Qt::AlignRight : Qt::AlignLeft));
-}
-
-/// Draws each text in its own direction, so that the full stop of an English caption stays at its end.
-class CaptionDelegate final : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-  }
-};
+/// Keys that go through the rows; the names of how a table's cursor moves are the toolkit's.
+constexpr std::pair<int, bool> kSteps[] = {{Qt::Key_Up, false},      {Qt::Key_Down, true},  {Qt::Key_PageUp, false},
+                                           {Qt::Key_PageDown, true}, {Qt::Key_Home, false}, {Qt::Key_End, true}};
 
 }  // namespace
 
-CaptionModel::CaptionModel(CaptionList& list, CaptionGrid& grid, QObject* parent)
-    : QAbstractTableModel(parent), list_(list), grid_(grid) {
-  connections_.push_back(list_.Spliced.ConnectScoped([this](const Splice& splice) { OnSplice(splice); }));
-}
-
-int CaptionModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shownRows_; }
-
-int CaptionModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : grid_.Active() ? kColumns : 1;
-}
-
-QVariant CaptionModel::data(const QModelIndex& index, int role) const {
-  const Row row = index.row() + 1;
-  if (!index.isValid() || !list_.InRange(row)) return {};
-  if (!grid_.Active()) return role == Qt::DisplayRole ? ToQt(grid_.Notice()) : QVariant();
-  switch (role) {
-    case Qt::DisplayRole:
-      switch (index.column()) {
-        case 0:
-          return QString::number(row);
-        case 1:
-          return QString::number(list_.GetCaptionStart(row));
-        case 2:
-          return QString::number(list_.GetCaptionEnd(row));
-        default:
-          return ToQt(grid_.ShownText(row));
-      }
-    case Qt::AccessibleTextRole:
-      // The first cell is the one with the focus: it speaks for the row.
-      return index.column() == 0 ? QVariant(ToQt(grid_.SpokenCaption(row))) : QVariant();
-    case Qt::TextAlignmentRole:
-      return ColumnAlignment(grid_);
-    case Qt::BackgroundRole:
-      if (index.column() == kColumns - 1 && list_.IsCaptionFormatted(row)) {
-        return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Button);
-      }
-      return {};
-    default:
-      return {};
-  }
-}
-
-QVariant CaptionModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section >= kColumns || !grid_.Active()) return {};
-  if (role == Qt::DisplayRole) return ToQt(grid_.Headings()[static_cast<std::size_t>(section)]);
-  if (role == Qt::TextAlignmentRole) return ColumnAlignment(grid_);
-  return {};
-}
-
-Qt::ItemFlags CaptionModel::flags(const QModelIndex&) const {
-  return grid_.Active() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::ItemFlags();
-}
-
-void CaptionModel::ShowAnew() {
-  beginResetModel();
-  shownRows_ = list_.Rows() - 1;
-  missed_ = false;
-  endResetModel();
-}
-
-void CaptionModel::OnSplice(const Splice& splice) {
-  // A disabled list isn't painted: what it has become is shown at once when it is enabled again.
-  if (!list_.Enabled()) {
-    missed_ = true;
-    return;
-  }
-  const int first = splice.first - 1;
-  const int changed = std::min(splice.removed, splice.added);
-  if (splice.added > splice.removed) {
-    beginInsertRows({}, first + changed, first + splice.added - 1);
-    shownRows_ += splice.added - splice.removed;
-    endInsertRows();
-  } else if (splice.removed > splice.added) {
-    beginRemoveRows({}, first + changed, first + splice.removed - 1);
-    shownRows_ -= splice.removed - splice.added;
-    endRemoveRows();
-  }
-  if (changed > 0) emit dataChanged(index(first, 0), index(first + changed - 1, columnCount() - 1));
-}
-
 CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands& commands, QMenu& menu,
                            QWidget* parent)
-    : QTableView(parent), list_(list), grid_(grid), commands_(commands), menu_(menu), model_(list, grid, this) {
+    : QTableView(parent),
+      list_(list),
+      grid_(grid),
+      commands_(commands),
+      menu_(menu),
+      model_(list, grid, this),
+      delegate_(new CaptionDelegate(list, grid, model_, this)) {
   setObjectName("grdSubs");
   setAccessibleName("Captions");
   setModel(&model_);
-  setItemDelegate(new CaptionDelegate(this));
+  setItemDelegate(delegate_);
   setSelectionBehavior(SelectRows);
-  setSelectionMode(SingleSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setWordWrap(false);
-  setShowGrid(true);
   setCornerButtonEnabled(false);
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-  horizontalHeader()->setMinimumSectionSize(16);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setSectionsClickable(true);
   setAttribute(Qt::WA_InputMethodEnabled, false);
+  WireHeader();
+  Follow();
+  model_.ShowAnew();
+  ShowState();
+}
+
+void CaptionTable::WireHeader() {
+  QHeaderView& header = *horizontalHeader();
+  header.setMinimumSectionSize(16);
+  header.setHighlightSections(false);
+  header.setSectionsClickable(true);
+  header.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&header, &QHeaderView::sectionResized, this,
+          [this](int section, int, int width) { TakeColumns(section, width); });
+  connect(&header, &QHeaderView::sectionMoved, this, [this](int, int from, int to) { TakeOrder(from, to); });
+  connect(&header, &QHeaderView::sectionHandleDoubleClicked, this, [this](int section) { GiveWidthBack(section); });
+  connect(&header, &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
+  connect(&header, &QHeaderView::customContextMenuRequested, this, [this](const QPoint& place) {
+    if (grid_.Active() && grid_.IsWorkbench()) HeaderMenuAsked(horizontalHeader()->mapToGlobal(place));
+  });
+}
+
+void CaptionTable::Follow() {
   connections_.push_back(grid_.Changed.ConnectScoped([this] { ShowState(); }));
   connections_.push_back(grid_.Scrolled.ConnectScoped([this] { ShowTopRow(); }));
   connections_.push_back(grid_.FocusRequested.ConnectScoped([this] { setFocus(); }));
@@ -151,11 +84,6 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
     if (on) ShowMissed();
   }));
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int top) { grid_.NoteTopRow(top + 1); });
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
-  connect(horizontalHeader(), &QHeaderView::sectionHandleDoubleClicked, this, [this] { ColumnsChosen(nullptr); });
-  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
-  model_.ShowAnew();
-  ShowState();
 }
 
 void CaptionTable::ShowMissed() {
@@ -168,28 +96,20 @@ void CaptionTable::ShowMissed() {
 void CaptionTable::ShowState() {
   following_ = true;
   const bool active = grid_.Active();
-  if (model_.rowCount() != list_.Rows() - 1 || horizontalHeader()->count() != (active ? kColumns : 1)) {
+  if (model_.rowCount() != list_.Rows() - 1 || horizontalHeader()->count() != model_.columnCount()) {
     model_.ShowAnew();
   }
-  QFont rowFont = font();
-  if (!grid_.FontName().empty()) {
-    rowFont = QFont(ToQt(grid_.FontName()), grid_.FontSize(), grid_.FontBold() ? QFont::Bold : QFont::Normal);
-  }
-  if (font() != rowFont) setFont(rowFont);
-  const int rowHeight = QFontMetrics(rowFont).height() + kRowPadding;
-  if (verticalHeader()->defaultSectionSize() != rowHeight) {
-    verticalHeader()->setMinimumSectionSize(rowHeight);
-    verticalHeader()->setDefaultSectionSize(rowHeight);
-  }
+  ShowFont();
+  const bool workbench = active && grid_.IsWorkbench();
+  setSelectionMode(workbench ? ExtendedSelection : SingleSelection);
   horizontalHeader()->setVisible(active);
-  setShowGrid(active);
+  horizontalHeader()->setSectionsMovable(workbench);
+  setShowGrid(active && !workbench);
   setEnabled(grid_.Enabled() || active);
-  if (active) {
-    for (int column = 0; column < kColumns; ++column) {
-      setColumnWidth(column, grid_.ColumnWidths()[static_cast<std::size_t>(column)]);
-    }
+  if (workbench) {
+    ShowColumns();
   } else {
-    setColumnWidth(0, width() - 4);
+    ShowClassicColumns();
   }
   QPalette colors = palette();
   const QColor wanted = QPalette().color(active ? QPalette::Base : QPalette::Button);
@@ -204,26 +124,105 @@ void CaptionTable::ShowState() {
   if (active) ShowSelection(list_.Selected());
 }
 
-void CaptionTable::TakeColumns() {
+void CaptionTable::ShowFont() {
+  QFont rowFont = font();
+  if (!grid_.FontName().empty()) {
+    rowFont = QFont(ToQt(grid_.FontName()), grid_.FontSize(), grid_.FontBold() ? QFont::Bold : QFont::Normal);
+  }
+  if (font() != rowFont) setFont(rowFont);
+  const int padding = grid_.Active() && grid_.IsWorkbench() ? kCalmPadding : kClassicPadding;
+  const int rowHeight = QFontMetrics(rowFont).height() + padding;
+  if (verticalHeader()->defaultSectionSize() == rowHeight) return;
+  verticalHeader()->setMinimumSectionSize(rowHeight);
+  verticalHeader()->setDefaultSectionSize(rowHeight);
+}
+
+void CaptionTable::ShowColumns() {
+  QHeaderView& header = *horizontalHeader();
+  int place = 0;
+  for (const ColumnOrder::Place& column : grid_.Columns().All()) {
+    const int section = static_cast<int>(column.column);
+    header.moveSection(header.visualIndex(section), place++);
+    header.setSectionHidden(section, !column.shown);
+    const bool text = column.column == ListColumn::Words;
+    header.setSectionResizeMode(section, text ? QHeaderView::Stretch : QHeaderView::Interactive);
+    if (!text && column.shown) {
+      setColumnWidth(section, column.width > 0 ? column.width : delegate_->UsualWidth(column.column, font()));
+    }
+  }
+}
+
+void CaptionTable::ShowClassicColumns() {
+  QHeaderView& header = *horizontalHeader();
+  header.setSectionResizeMode(QHeaderView::Interactive);
+  for (int section = 0; section < header.count(); ++section) {
+    header.moveSection(header.visualIndex(section), section);
+    header.setSectionHidden(section, false);
+  }
+  if (!grid_.Active()) return setColumnWidth(0, width() - 4);
+  for (int column = 0; column < kClassicColumns; ++column) {
+    setColumnWidth(column, grid_.ColumnWidths()[static_cast<std::size_t>(column)]);
+  }
+}
+
+void CaptionTable::TakeColumns(int section, int width) {
   if (following_ || !grid_.Active()) return;
-  std::array<int, 4> widths = {};
-  for (int column = 0; column < kColumns; ++column) {
+  if (grid_.IsWorkbench()) {
+    // The text takes what the others leave.
+    const ListColumn column = model_.ColumnOf(section);
+    if (column == ListColumn::Words || width == 0) return;
+    ColumnOrder order = grid_.Columns();
+    order.SetWidth(column, width);
+    ColumnsArranged(order);
+    return;
+  }
+  std::array<int, kClassicColumns> widths = {};
+  for (int column = 0; column < kClassicColumns; ++column) {
     widths[static_cast<std::size_t>(column)] = columnWidth(column);
   }
   ColumnsChosen(&widths);
 }
 
+void CaptionTable::TakeOrder(int from, int to) {
+  if (following_ || !grid_.Active() || !grid_.IsWorkbench()) return;
+  ColumnOrder order = grid_.Columns();
+  order.Move(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
+  ColumnsArranged(order);
+}
+
+void CaptionTable::GiveWidthBack(int section) {
+  if (!grid_.IsWorkbench()) return ColumnsChosen(nullptr);
+  ColumnOrder order = grid_.Columns();
+  order.SetWidth(model_.ColumnOf(section), 0);
+  ColumnsArranged(order);
+}
+
 void CaptionTable::ShowSelection(Row row) {
   if (!grid_.Active() || row > model_.rowCount()) return;
   const QModelIndex index = model_.index(row - 1, 0);
-  if (currentIndex() == index && selectionModel()->isRowSelected(row - 1)) return;
+  const RowSet& rows = list_.SelectedRows();
+  const bool alone = rows == RowSet(row);
+  if (alone && currentIndex() == index && selectionModel()->isRowSelected(row - 1) &&
+      selectionModel()->selection().size() == 1 && selectionModel()->selection().front().height() == 1) {
+    return;
+  }
   following_ = true;
   const int top = verticalScrollBar()->value();
-  setCurrentIndex(index);
-  selectRow(row - 1);
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  MirrorSelection();
   // The list decides itself which row is the first on show.
   verticalScrollBar()->setValue(top);
   following_ = false;
+}
+
+void CaptionTable::MirrorSelection() {
+  QItemSelection selection;
+  const int last = model_.columnCount() - 1;
+  for (const RowSet::Stretch& stretch : list_.SelectedRows().Stretches()) {
+    if (stretch.last > model_.rowCount()) break;
+    selection.select(model_.index(stretch.first - 1, 0), model_.index(stretch.last - 1, last));
+  }
+  selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 void CaptionTable::ShowTopRow() {
@@ -257,15 +256,22 @@ void CaptionTable::currentChanged(const QModelIndex& current, const QModelIndex&
 
 void CaptionTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
-  if (following_) return;
+  if (following_ || selected.isEmpty()) return;
   // A screen reader selects a row without making it the current one.
+  const int row = selected.front().top();
   QMetaObject::invokeMethod(
       this,
-      [this] {
-        const QModelIndexList rows = selectionModel()->selectedRows();
-        if (rows.size() == 1 && rows.front().row() != currentIndex().row()) setCurrentIndex(rows.front());
+      [this, row] {
+        if (row < model_.rowCount() && row != currentIndex().row()) setCurrentIndex(model_.index(row, 0));
       },
       Qt::QueuedConnection);
+}
+
+QItemSelectionModel::SelectionFlags CaptionTable::selectionCommand(const QModelIndex& index,
+                                                                   const QEvent* event) const {
+  // What is selected is the list's alone; the view mirrors it.
+  if (grid_.Active() && grid_.IsWorkbench()) return QItemSelectionModel::NoUpdate;
+  return QTableView::selectionCommand(index, event);
 }
 
 void CaptionTable::focusInEvent(QFocusEvent* event) {
@@ -293,7 +299,7 @@ void CaptionTable::contextMenuEvent(QContextMenuEvent* event) {
 void CaptionTable::OpenMenu() {
   if (!grid_.Active()) return;
   grid_.ScrollRow(false);
-  const QRect row = visualRect(model_.index(list_.Selected() - 1, kColumns - 1));
+  const QRect row = visualRect(model_.index(list_.Selected() - 1, model_.columnCount() - 1));
   const int heading = verticalHeader()->defaultSectionSize();
   if (!commands_.OnListRightDown(row.center().y() + heading)) return;
   menu_.popup(viewport()->mapToGlobal(row.center()));
@@ -306,11 +312,67 @@ void CaptionTable::keyPressEvent(QKeyEvent* event) {
   }
   KeyEvent key = KeyEventOf(*event);
   commands_.OnListKey(key);
-  if (key.handled) {
+  if (key.handled || TakeSelectionKey(*event)) {
     event->accept();
     return;
   }
   QTableView::keyPressEvent(event);
+}
+
+Row CaptionTable::TargetOf(const QKeyEvent& event) {
+  const auto* const step = std::ranges::find(kSteps, event.key(), &std::pair<int, bool>::first);
+  if (step == std::end(kSteps)) return 0;
+  const Row row = list_.Selected();
+  const int page = std::max(viewport()->height() / verticalHeader()->defaultSectionSize() - 1, 1);
+  const bool ends = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+  const int far = ends ? list_.Rows() : event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ? page : 1;
+  return std::clamp(row + (step->second ? far : -far), 1, list_.Rows() - 1);
+}
+
+bool CaptionTable::TakeSelectionKey(const QKeyEvent& event) {
+  if (!grid_.Active() || !grid_.IsWorkbench() || (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    return false;
+  }
+  const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+  const bool control = (event.modifiers() & Qt::ControlModifier) != 0;
+  if (event.key() == Qt::Key_Space && control) {
+    grid_.selection.Toggle(list_.Selected());
+    return true;
+  }
+  const Row target = TargetOf(event);
+  if (target == 0) return false;
+  const bool ends = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+  if (shift && control && !ends) {
+    grid_.selection.AddTo(target, true);
+  } else if (shift) {
+    grid_.selection.ExtendTo(target, true);
+  } else if (control && !ends) {
+    grid_.selection.MoveCurrent(target);
+  } else {
+    list_.MoveSelection(target);
+  }
+  return true;
+}
+
+Row CaptionTable::PointedRow(int y) const {
+  const int row = y / std::max(verticalHeader()->defaultSectionSize(), 1) - (y < 0 ? 1 : 0) + grid_.TopRow();
+  return std::clamp(row, 1, list_.Rows() - 1);
+}
+
+void CaptionTable::TakeRow(const QMouseEvent& event) {
+  const QModelIndex index = indexAt(event.position().toPoint());
+  drawing_ = index.isValid();
+  if (!index.isValid()) return;
+  const Row row = index.row() + 1;
+  const bool control = (event.modifiers() & Qt::ControlModifier) != 0;
+  if ((event.modifiers() & Qt::ShiftModifier) != 0) {
+    control ? grid_.selection.AddTo(row) : grid_.selection.ExtendTo(row);
+  } else if (control) {
+    grid_.selection.Toggle(row);
+    drawing_ = false;
+  } else {
+    list_.MoveSelection(row, false);
+  }
 }
 
 void CaptionTable::mousePressEvent(QMouseEvent* event) {
@@ -320,6 +382,11 @@ void CaptionTable::mousePressEvent(QMouseEvent* event) {
     if (commands_.OnListRightDown(y)) menu_.popup(event->globalPosition().toPoint());
     return;
   }
+  if (grid_.Active() && grid_.IsWorkbench()) {
+    if (event->button() == Qt::LeftButton) TakeRow(*event);
+    event->accept();
+    return;
+  }
   // The row must not move away below the pointer: its release and a second click are for the same one.
   pointing_ = true;
   QTableView::mousePressEvent(event);
@@ -327,13 +394,27 @@ void CaptionTable::mousePressEvent(QMouseEvent* event) {
 }
 
 void CaptionTable::mouseMoveEvent(QMouseEvent* event) {
+  if (grid_.Active() && grid_.IsWorkbench()) {
+    const int y = static_cast<int>(event->position().y());
+    const Row row = PointedRow(y);
+    const bool outside = y < 0 || y >= viewport()->height();
+    if (drawing_ && event->buttons() == Qt::LeftButton && row != list_.Selected()) {
+      grid_.selection.ExtendTo(row, outside);
+    }
+    return;
+  }
   pointing_ = true;
   QTableView::mouseMoveEvent(event);
   pointing_ = false;
 }
 
 void CaptionTable::mouseReleaseEvent(QMouseEvent* event) {
-  QTableView::mouseReleaseEvent(event);
+  const bool drawn = std::exchange(drawing_, false);
+  if (!grid_.Active() || !grid_.IsWorkbench()) {
+    QTableView::mouseReleaseEvent(event);
+  } else if (drawn || indexAt(event->position().toPoint()).isValid()) {
+    return;
+  }
   if (event->button() == Qt::LeftButton) {
     commands_.OnListUp(static_cast<int>(event->position().y()) + verticalHeader()->defaultSectionSize());
   }

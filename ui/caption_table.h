@@ -1,39 +1,15 @@
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QTableView>
 #include <vector>
 
 #include "capture/caption_grid.h"
 #include "core/caption_list.h"
 #include "forms/caption_commands.h"
+#include "ui/caption_delegate.h"
+#include "ui/caption_model.h"
 
 namespace cuewright {
-
-/// The rows of the caption list for a table view. It holds nothing: cells are read from the list when they are painted.
-class CaptionModel final : public QAbstractTableModel {
- public:
-  CaptionModel(CaptionList& list, CaptionGrid& grid, QObject* parent);
-
-  int rowCount(const QModelIndex& parent = {}) const override;
-  int columnCount(const QModelIndex& parent = {}) const override;
-  QVariant data(const QModelIndex& index, int role) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-  Qt::ItemFlags flags(const QModelIndex& index) const override;
-
-  void ShowAnew();
-  /// The list has changed while it was disabled.
-  bool Missed() const { return missed_; }
-
- private:
-  void OnSplice(const Splice& splice);
-
-  CaptionList& list_;
-  CaptionGrid& grid_;
-  int shownRows_ = 0;
-  bool missed_ = false;
-  std::vector<Connection> connections_;
-};
 
 /// The list control `grdSubs`.
 class CaptionTable final : public QTableView {
@@ -43,8 +19,12 @@ class CaptionTable final : public QTableView {
   /// Height and row height go to the headless state.
   void NoteMetrics();
 
-  /// The user drew the columns to these widths, or asked for the program's own (no widths).
+  /// The user drew the classic columns to these widths, or asked for the program's own (no widths).
   Signal<CaptionTable, const std::array<int, 4>*> ColumnsChosen;
+  /// The user has arranged the columns so.
+  Signal<CaptionTable, const ColumnOrder&> ColumnsArranged;
+  /// The menu of the columns is to open here.
+  Signal<CaptionTable, const QPoint&> HeaderMenuAsked;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -59,12 +39,28 @@ class CaptionTable final : public QTableView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   bool viewportEvent(QEvent* event) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
   void changeEvent(QEvent* event) override;
 
  private:
+  void Follow();
+  void WireHeader();
   void ShowState();
+  void ShowFont();
+  void ShowColumns();
+  void ShowClassicColumns();
   void ShowMissed();
-  void TakeColumns();
+  void TakeColumns(int section, int width);
+  void TakeOrder(int from, int to);
+  void GiveWidthBack(int section);
+  /// What a press of the left button selects; the row that the pointer is at, also above and below the list.
+  void TakeRow(const QMouseEvent& event);
+  Row PointedRow(int y) const;
+  /// Keys that select several rows; false when the key is none of them.
+  bool TakeSelectionKey(const QKeyEvent& event);
+  /// The row to which a key goes from the current one; 0 for a key that goes to none.
+  Row TargetOf(const QKeyEvent& event);
+  void MirrorSelection();
   void ShowSelection(Row row);
   void ShowTopRow();
   void OpenMenu();
@@ -76,8 +72,10 @@ class CaptionTable final : public QTableView {
   CaptionCommands& commands_;
   QMenu& menu_;
   CaptionModel model_;
+  CaptionDelegate* delegate_;
   bool following_ = false;  // the view follows the list, not the other way
   bool pointing_ = false;   // the selection moves by the pointer
+  bool drawing_ = false;    // a stretch of rows is drawn by the pointer
   std::vector<Connection> connections_;
 };
 

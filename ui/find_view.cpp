@@ -41,7 +41,10 @@ QWidget* FindView::MakeFields(SearchWindow& form, ReplaceWindow* replacing) {
   };
   add(form.fraFind, form.txtFind);
   if (replacing != nullptr) add(replacing->fraReplace, replacing->txtReplace);
-  for (CheckBox* check : {&form.chkEntire, &form.chkCase}) column->addWidget(Bind(*check, new QCheckBox(fields)));
+  for (CheckBox* check : {&form.chkEntire, &form.chkCase, &form.chkRegex}) {
+    column->addWidget(Bind(*check, new QCheckBox(fields)));
+  }
+  if (replacing != nullptr) column->addWidget(Bind(replacing->chkSelected, new QCheckBox(fields)));
   return fields;
 }
 
@@ -58,6 +61,7 @@ QWidget* FindView::MakeButtons(SearchWindow& form, ReplaceWindow* replacing) {
   if (replacing != nullptr) {
     add(replacing->cmdReplace);
     add(replacing->cmdReplaceAll);
+    add(replacing->cmdList);
   }
   add(form.cmdClose);
   return buttons;

@@ -25,6 +25,7 @@
 #include "forms/document_session.h"
 #include "forms/file_router.h"
 #include "forms/help_window.h"
+#include "forms/list_view_commands.h"
 #include "ui/audio_bar_widgets.h"
 #include "ui/bottom_panel.h"
 #include "ui/caption_table.h"
@@ -93,6 +94,10 @@ void MainWindowView::BuildParts() {
     }
     ApplyLayout();
   }));
+  connections_.push_back(
+      table_->ColumnsArranged.ConnectScoped([this](const ColumnOrder& columns) { p_.listView.Arrange(columns); }));
+  connections_.push_back(table_->HeaderMenuAsked.ConnectScoped(
+      [this](const QPoint& place) { menus_.ActionOf(form_.mnuListColumns).menu()->popup(place); }));
   divider_ = binder_.Bind(form_.imgSize, new LayoutDivider(area_));
   divider_->Dragged.Connect([this](int left) { MoveDivider(left); });
   divider_->Stepped.Connect([this](int step) { MoveDivider(p_.shell.Layout().Divider().left + step); });

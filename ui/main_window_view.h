@@ -24,6 +24,7 @@ class DocumentSession;
 class FileRouter;
 class HelpWindow;
 class InformationBar;
+class ListViewCommands;
 class LayoutDivider;
 class Overlay;
 class Preview;
@@ -36,6 +37,7 @@ struct MainWindowParts {
   CaptionList& list;
   CaptionGrid& grid;
   CaptionCommands& commands;
+  ListViewCommands& listView;
   SubWindow& sub;
   Preview& preview;
   TimingCapture& capture;

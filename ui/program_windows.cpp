@@ -3,6 +3,7 @@
 #include "ui/about_view.h"
 #include "ui/audio_view.h"
 #include "ui/audio_wizard_view.h"
+#include "ui/check_view.h"
 #include "ui/delay_view.h"
 #include "ui/embed_view.h"
 #include "ui/export_view.h"
@@ -12,8 +13,10 @@
 #include "ui/keys_view.h"
 #include "ui/list_view.h"
 #include "ui/palette_view.h"
+#include "ui/proposals_view.h"
 #include "ui/reopen_view.h"
 #include "ui/report_view.h"
+#include "ui/retime_view.h"
 #include "ui/settings_view.h"
 #include "ui/spell_view.h"
 #include "ui/update_view.h"
@@ -22,10 +25,9 @@ namespace cuewright {
 
 std::unique_ptr<MainWindowView> MakeMainWindow(Program& program, QWidget* video) {
   const MainWindowParts parts = {
-      program.window,        program.list,           program.grid,     program.commands, program.sub,
-      program.preview,       program.capture,        program.audioBar, program.shell,    program.document,
-      program.documentFiles, program.session,        program.router,   program.help,     program.options,
-      program.strings,       program.LanguageChanged};
+      program.window,  program.list,    program.grid,     program.commands, program.listView, program.sub,
+      program.preview, program.capture, program.audioBar, program.shell,    program.document, program.documentFiles,
+      program.session, program.router,  program.help,     program.options,  program.strings,  program.LanguageChanged};
   auto window = std::make_unique<MainWindowView>(parts, video);
   AddToolWindows(window->Views(), program);
   return window;
@@ -33,8 +35,10 @@ std::unique_ptr<MainWindowView> MakeMainWindow(Program& program, QWidget* video)
 
 void AddToolWindows(Windows& windows, Program& program) {
   windows.AddBeside<ReportView>(program.reportWindow);
+  windows.AddBeside<CheckView>(program.checkWindow);
   windows.AddBeside<FindView>(program.tools.findWindow);
   windows.AddBeside<FindView>(program.tools.replaceWindow);
+  windows.AddBeside<RetimeView>(program.retime);
   windows.AddBeside<HelpView>(program.help);
 }
 
@@ -48,6 +52,7 @@ void AddDialogs(Windows& windows, Program& program) {
   windows.AddHolding<EmbedView>(program.embedWizard);
   windows.AddHolding<AudioWizardView>(program.audioWizard);
   windows.AddHolding<SpellView>(program.spelling.dialog);
+  windows.AddHolding<ProposalsView>(program.proposals.dialog);
   windows.AddFree<SettingsView>(program.dialogs.settings);
   windows.AddFree<FormatView>(program.dialogs.format);
   windows.AddFree<KeysView>(program.keysDialog);

@@ -23,6 +23,9 @@
 namespace cuewright {
 namespace {
 
+/// What captions are on the clipboard for other windows of the program.
+constexpr char kCaptionsType[] = "application/x-cuewright-captions";
+
 constexpr qint64 kYieldEveryMs = 16;
 
 /// The buttons of a box and the messages on them.
@@ -228,6 +231,18 @@ bool QtDesktop::ClipboardHasText() const {
 }
 
 Text QtDesktop::ClipboardText() const { return FromQt(QGuiApplication::clipboard()->text()); }
+
+std::string QtDesktop::ClipboardCaptions() const {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  return data == nullptr ? std::string() : data->data(kCaptionsType).toStdString();
+}
+
+void QtDesktop::PutOnClipboard(TextView text, const std::string& captions) {
+  auto* data = new QMimeData;
+  data->setText(ToQt(text));
+  data->setData(kCaptionsType, QByteArray::fromStdString(captions));
+  QGuiApplication::clipboard()->setMimeData(data);
+}
 
 void QtDesktop::SetBusy(bool busy) {
   if (busy == busy_) return;

@@ -55,6 +55,8 @@ class QtDesktop final : public Desktop {
   bool OpenRegionalSettings() override;
   bool ClipboardHasText() const override;
   Text ClipboardText() const override;
+  std::string ClipboardCaptions() const override;
+  void PutOnClipboard(TextView text, const std::string& captions) override;
   void SetBusy(bool busy) override;
 
  private:

@@ -40,8 +40,10 @@ QWidget* SpellView::MakeWords() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setVerticalSpacing(8);
   grid->addWidget(Bind(form_.lblLine, PlainLabel(words)), 0, 0, 1, 2);
-  caption_ = Bind(form_.txtCaption, new QPlainTextEdit(words));
+  caption_ = new QPlainTextEdit(words);
+  // In a field that is only read the form's own selection stays.
   caption_->setReadOnly(true);
+  Bind(form_.txtCaption, caption_);
   caption_->setTabChangesFocus(true);
   caption_->setMinimumWidth(kCaptionWidth);
   caption_->setFixedHeight(caption_->fontMetrics().lineSpacing() * kCaptionLines + 12);

@@ -105,8 +105,11 @@ class PaneBinding final : public TextBinding {
       const Text text = ReplaceAll(FromQt(pane_.toPlainText()), u"\n", kLineEnd);
       if (text == box_.GetText()) return;
       Take(text);
+      NoteSelection();
       box_.NoteEdited();
     });
+    connect(&pane, &QPlainTextEdit::selectionChanged, this, [this] { NoteSelection(); });
+    connect(&pane, &QPlainTextEdit::cursorPositionChanged, this, [this] { NoteSelection(); });
   }
 
  private:
@@ -114,7 +117,19 @@ class PaneBinding final : public TextBinding {
     if (taking_) return;
     const QString text = ToQt(ReplaceAll(box_.GetText(), kLineEnd, u"\n"));
     const QSignalBlocker quiet(&pane_);
-    if (pane_.toPlainText() != text) pane_.setPlainText(text);
+    if (pane_.toPlainText() == text) return;
+    pane_.setPlainText(text);
+    NoteSelection();
+  }
+  void NoteSelection() override {
+    // What is only read shows places that its form chose.
+    if (pane_.isReadOnly()) return;
+    // The form counts two characters for a line end, the widget one.
+    const QString text = pane_.toPlainText();
+    const auto place = [&text](int at) { return at + static_cast<int>(QStringView(text).first(at).count(u'\n')); };
+    const QTextCursor cursor = pane_.textCursor();
+    const int start = place(cursor.selectionStart());
+    box_.NoteSelection(start, place(cursor.selectionEnd()) - start);
   }
 
   QPlainTextEdit& pane_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "text/text.h"
 
 namespace cuewright {
@@ -17,6 +19,10 @@ class Desktop {
 
   virtual bool ClipboardHasText() const = 0;
   virtual Text ClipboardText() const = 0;
+  /// Captions that a window of this program has put there, as it wrote them; empty when there are none.
+  virtual std::string ClipboardCaptions() const { return {}; }
+  /// Puts captions there: as text for other programs, and as written for windows of this one.
+  virtual void PutOnClipboard(TextView /*text*/, const std::string& /*captions*/) {}
 
   /// The pointer shows that the program is at work.
   virtual void SetBusy(bool busy) = 0;

@@ -101,7 +101,7 @@ TEST_F(RetimeCommand, RefusesWhatMakesNoSense) {
       {{"--speed", "0/5"}, "ratio"},
       {{"--speed", "5/0"}, "ratio"},
       {{"--speed", "1/2/3"}, "ratio"},
-      {{"--speed", "999999999/1.00000001"}, "fewer digits"},
+      {{"--speed", "999999999/1.00000001"}, "nine digits"},
       {{"--fps-from", "25"}, "together"},
       {{"--fps-from", "25", "--fps-to", "500"}, "--fps-to takes a rate from 1 to 240"},
       {{"--point", "1"}, "--point takes"},

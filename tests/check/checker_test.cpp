@@ -5,13 +5,17 @@
 #include <string>
 
 #include "core/app_options.h"
+#include "tests/support/tag_marks.h"
 
 namespace cuewright {
 namespace {
 
-class CheckerTest : public testing::Test {
+class CheckerTest : public ::testing::Test {
  protected:
-  CheckerTest() { rules.rate = 24.0; }
+  CheckerTest() {
+    rules.rate = 24.0;
+    list.SetMarks(marks);
+  }
 
   void Fill(std::vector<Caption> rows) { list.Replace(1, list.Rows() - 1, std::move(rows)); }
 
@@ -33,6 +37,7 @@ class CheckerTest : public testing::Test {
   using Lines = std::vector<std::string>;
 
   HouseRules rules;
+  testing::TagMarks marks;
   AppOptions options;
   bool modified = false;
   CaptionList list{options, modified};
@@ -47,7 +52,7 @@ TEST_F(CheckerTest, MeasuresDurations) {
   rules.minDuration = {0, 20};
   rules.maxDuration = {7000, 0};
   Fill({{1000, 1833, u"a"}, {2000, 2800, u"a"}, {3000, 10000, u"a"}, {11000, 18001, u"a"}, {0, 0, u"a"}});
-  EXPECT_EQ(Found(24.0), (Lines{"2 min-duration 800 833", "4 max-duration 7001 7000", "5 min-duration 0 833"}));
+  EXPECT_EQ(Found(24.0), (Lines{"2 min-duration 800 833", "4 max-duration 7001 7000"}));
 }
 
 TEST_F(CheckerTest, AcceptsADurationThatIsTheLeastInFrames) {
@@ -115,9 +120,26 @@ TEST_F(CheckerTest, WantsTheDashOfTheHouseWhereSeveralSpeak) {
 }
 
 TEST_F(CheckerTest, FindsWordsAtWhichNoLineEnds) {
-  rules.lineEnds = {u"the", u"of"};
+  rules.breaks.lineEnds = {u"the", u"of"};
   Fill({{1, 2, u"to The |house of"}, {3, 4, u"the"}, {5, 6, u"out of, |here"}, {7, 8, u"a|of|b"}});
   EXPECT_EQ(Found(), (Lines{"1 line-end the ", "4 line-end of "}));
+}
+
+TEST_F(CheckerTest, FindsWordsThatStayTogether) {
+  rules.breaks.pairs = {u"new york"};
+  Fill({{1, 2, u"in New|York City"},
+        {3, 4, u"in New,|York"},
+        {5, 6, u"brand new|<i>York!</i>"},
+        {7, 8, u"New York|New"}});
+  EXPECT_EQ(Found(), (Lines{"1 line-end new ", "3 line-end new "}));
+}
+
+TEST_F(CheckerTest, AsksNothingOfTheTimesOfACaptionWithoutAny) {
+  rules.minDuration = {1000, 0};
+  rules.maxDuration = {7000, 0};
+  rules.charactersASecond = 1;
+  Fill({{0, 0, u"long enough a text"}, {0, 500, u""}});
+  EXPECT_EQ(Found(), (Lines{"2 min-duration 500 1000"}));
 }
 
 TEST_F(CheckerTest, WantsTimesNearAShotOnIt) {

@@ -65,7 +65,9 @@ TEST(HouseRules, FramesLastAsLongAtEveryRate) {
 }
 
 TEST(LineEnds, AreWordsInSmallLetters) {
-  EXPECT_EQ(ReadLineEnds(u"; The remark\nThe a\n\nof  À\n"), (std::unordered_set<Text>{u"the", u"a", u"of", u"à"}));
+  const BreakRules rules = ReadBreakRules(u"; The remark\nThe a\n\nof  À New_York\n");
+  EXPECT_EQ(rules.lineEnds, (std::unordered_set<Text>{u"the", u"a", u"of", u"à"}));
+  EXPECT_EQ(rules.pairs, std::unordered_set<Text>{u"new york"});
 }
 
 TEST(HouseRulesShelf, ReadsAllThatComeWithTheProgram) {
@@ -93,7 +95,7 @@ TEST(HouseRulesShelf, TakesNamesInAnyCaseAndTheLinesEndsOfTheLanguage) {
   ASSERT_TRUE(rules) << problem;
   EXPECT_EQ(rules->id, u"streaming-en");
   EXPECT_EQ(rules->charactersASecond, 20);
-  EXPECT_TRUE(rules->lineEnds.contains(u"the"));
+  EXPECT_TRUE(rules->breaks.lineEnds.contains(u"the"));
 }
 
 TEST(HouseRulesShelf, TellsOfANameThatIsNone) {

@@ -39,6 +39,25 @@ TEST(SeenText, APairOfTagsGoesWithAllThatItStyled) {
   EXPECT_EQ(After(u"a<i>b<u>c</i>d", u"ad"), u"a<i><u></i>d");
 }
 
+TEST(SeenText, AStretchIsKeptWithTheMarksThatReachIt) {
+  const auto kept = [](TextView stored, std::size_t from, std::size_t to) {
+    SeenText text;
+    text.Take(stored, u"|");
+    text.Keep(from, to);
+    return text.Stored();
+  };
+  EXPECT_EQ(kept(u"one two", 0, 3), u"one");
+  EXPECT_EQ(kept(u"one two", 4, 7), u"two");
+  EXPECT_EQ(kept(u"one two", 0, 7), u"one two");
+  EXPECT_EQ(kept(u"<i>one two</i>", 0, 3), u"<i>one</i>");
+  EXPECT_EQ(kept(u"<i>one two</i>", 4, 7), u"<i>two</i>");
+  EXPECT_EQ(kept(u"<i>one</i> two", 4, 7), u"two");
+  EXPECT_EQ(kept(u"one <i>two</i>", 0, 3), u"one");
+  EXPECT_EQ(kept(u"{\\an8}one|two", 4, 7), u"{\\an8}two");
+  EXPECT_EQ(kept(u"<i>a</i>ab a", 4, 5), u"a") << "which of equal letters stay isn't guessed";
+  EXPECT_EQ(kept(u"<i>one</i>", 0, 0), u"");
+}
+
 TEST(SeenText, WhatIsTypedIsSeenAsItStandsUntilItIsTakenAnew) {
   SeenText text;
   text.Take(u"a <b>b</b>", u"|");

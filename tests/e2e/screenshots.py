@@ -19,6 +19,7 @@ WINDOWS = (
     ("find", "mnuFind"),
     ("replace", "mnuReplace"),
     ("delay", "mnuDelay"),
+    ("retime", "mnuRetime"),
     ("report", "mnuReport"),
     ("format", "mnuFormatSettings"),
     ("settings", "mnuGSettings"),

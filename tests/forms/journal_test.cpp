@@ -116,6 +116,29 @@ TEST_F(JournalInTheWindow, BeginsWithTheFirstChangeAndFollowsEveryOther) {
   EXPECT_EQ(Kept(), All());
 }
 
+TEST_F(JournalInTheWindow, FollowsWhatShapesAndRetimesCaptionsButNotWhatIsOnlyShown) {
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 6));
+  List().SetRow(2, false);
+  MainWindow& w = Window();
+  for (MenuItem* item : {&w.mnuInsertAbove, &w.mnuInsertBelow, &w.mnuSplitAtCaret, &w.mnuJoinNext, &w.mnuDialogueNext,
+                         &w.mnuDuplicate, &w.mnuMeetNext, &w.mnuSwapTexts}) {
+    List().SetRow(4, false);
+    item->Click();
+    Tick();
+    EXPECT_EQ(Kept(), All()) << item->Name();
+  }
+  const int appended = store.appended;
+  w.mnuRetime.Click();
+  program->retime.txtShift.SetText(u"3");
+  program->retime.txtShift.NoteEdited();
+  Tick();
+  EXPECT_EQ(store.appended, appended);
+  program->retime.cmdOK.Click();
+  Tick();
+  EXPECT_EQ(store.appended, appended + 1);
+  EXPECT_EQ(Kept(), All());
+}
+
 TEST_F(JournalInTheWindow, RestsWhenThereIsNothingToWrite) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 5));
   Window().mnuRemove.Click();

@@ -299,10 +299,19 @@ struct RandomCommands : UndoInTheWindow {
   }
   Row AnyRow() { return Pick(List().Rows() - 1) + 1; }
 
+  void Shape() {
+    MainWindow& w = Window();
+    MenuItem* const items[] = {&w.mnuInsertAbove,      &w.mnuInsertBelow, &w.mnuInsertAtFilm, &w.mnuSplitAtCaret,
+                               &w.mnuSplitAtFilm,      &w.mnuJoinNext,    &w.mnuJoinPrevious, &w.mnuDialogueNext,
+                               &w.mnuDialoguePrevious, &w.mnuDuplicate,   &w.mnuMeetNext,     &w.mnuSwapTexts};
+    w.txtSub.NoteSelection(Pick(static_cast<int>(w.txtSub.GetText().size()) + 1), 0);
+    items[Pick(static_cast<int>(std::size(items)))]->Click();
+  }
+
   void Run() {
     if (Pick(3) == 0) List().SetRow(AnyRow(), Pick(2) == 0);
     events.now += Pick(2000);
-    switch (Pick(18)) {
+    switch (Pick(22)) {
       case 0:
         boxes.lines = {Words()};
         return Window().mnuAddBelow.Click();
@@ -363,6 +372,17 @@ struct RandomCommands : UndoInTheWindow {
         dialogs.paths = {appended};
         Window().mnuAppend.Click();
         return dialogs.paths.clear();
+      case 16:
+      case 17:
+      case 18:
+        return Shape();
+      case 19:
+        Window().mnuRetime.Click();
+        program->retime.txtShift.SetText(Decimal(Pick(5)));
+        program->retime.txtShift.NoteEdited();
+        if (Pick(2) == 0) program->retime.cboDirection.Choose(1);
+        if (Pick(2) == 0) program->retime.optFromHere.Click();
+        return (Pick(3) == 0 ? program->retime.cmdCancel : program->retime.cmdOK).Click();
       default:
         At(Pick(100000) / 1000.0);
         Key(66, true);

@@ -72,7 +72,7 @@ TEST(OptionTable, IsStoredInItsOrder) {
             "kForward=E\nF_FONTNAME=Arial\nF_FONTSIZE=18\nF_FONTBOLD=255\nF_FONTCOLOR=16777215\nF_OPAQUE=0\n"
             "F_SHADOW=255\nF_SHADOWVAL=1\nF_SUBHEIGHT=90\nF_FOLLOW=255\nP_STRETCH=1\nP_UIMODE=full\n"
             "P_VSFILTERMODE=0\nVolume=50\nM_FONTBOLD=0\nM_FONTNAME=Tahoma\nM_FONTSIZE=8\nM_INFOBAR=255\nM_AUDIOBAR=0\n"
-            "M_FULLWAVE=0\nRawMarks=0\nM_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\n");
+            "M_FULLWAVE=0\nRawMarks=0\nCaptionColumns=\nCaptionTimes=0\nM_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\n");
 }
 
 }  // namespace

@@ -246,12 +246,18 @@ class FakeDesktop final : public Desktop {
   }
   bool ClipboardHasText() const override { return !clipboard.empty(); }
   Text ClipboardText() const override { return clipboard; }
+  std::string ClipboardCaptions() const override { return clipboardCaptions; }
+  void PutOnClipboard(TextView text, const std::string& captions) override {
+    clipboard = text;
+    clipboardCaptions = captions;
+  }
   void SetBusy(bool on) override { busy = on; }
 
   std::vector<Text> opened;
   int regionalSettings = 0;
   bool hasRegionalSettings = true;
   Text clipboard;
+  std::string clipboardCaptions;
   bool busy = false;
 };
 

@@ -50,6 +50,25 @@ TEST(TextReplacing, CountsASeparatorAsALineBreak) {
   EXPECT_EQ(After(u"one|two", {u"o.*o", u"x", true}), u"one|two");
 }
 
+TEST(TextReplacing, TakesWholeWordsAloneWhereAsked) {
+  const ReplaceOrder plain{u"cat", u"dog", false, false, true};
+  EXPECT_EQ(After(u"Cat, concat cats cat|cat", plain), u"dog, concat cats dog|dog");
+  EXPECT_EQ(After(u"caté cat_ cat-2 (cat)", plain), u"caté cat_ dog-2 (dog)");
+  EXPECT_EQ(After(u"<i>cat</i>s cat", plain), u"<i>cat</i>s dog");
+  EXPECT_EQ(After(u"a.b aab", {u"a.b", u"x", false, false, true}), u"x aab");
+  EXPECT_EQ(After(u"\\E (x) \\Ey", {u"\\E", u"-", false, false, true}), u"- (x) \\Ey");
+  EXPECT_EQ(After(u"cats dog cat", {u"(cat|dog)", u"[$1]", true, false, true}), u"cats [dog] [cat]");
+}
+
+TEST(TextReplacing, SaysWhetherATextHoldsIt) {
+  TextReplacer replacer({u"s. h", u"", true}, u"|");
+  EXPECT_FALSE(replacer.FindsIn(u"this|house"));
+  EXPECT_TRUE(replacer.FindsIn(u"thise <b>h</b>ouse"));
+  TextReplacer broken({u"e\nh", u"", true}, u"|");
+  EXPECT_TRUE(broken.FindsIn(u"leave|house"));
+  EXPECT_TRUE(broken.FindsIn(u"<i>leave</i>|house"));
+}
+
 TEST(TextReplacing, PutsGroupsIntoTheReplacement) {
   EXPECT_EQ(After(u"12 of 34", {u"(\\d+) of (\\d+)", u"$2/$1", true}), u"34/12");
   EXPECT_EQ(After(u"ab", {u"(?<first>a)", u"[${first}]", true}), u"[a]b");

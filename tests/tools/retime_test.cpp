@@ -53,6 +53,29 @@ TEST(TimeMapTest, TakesRatesByTheirFractions) {
   EXPECT_EQ(TimeMap::Scale(SpeedRatio::OfRates(23.976, 24.0)).At(1001000), 1000000);
 }
 
+TEST(SpeedRatioTest, IsReadFromFractionsAndDecimals) {
+  struct Row {
+    TextView text;
+    std::int64_t numerator, denominator;  // 0: no ratio
+  };
+  for (const Row& row : {Row{u"25/24", 25, 24},     Row{u"50/48", 25, 24},
+                         Row{u" 25 / 24 ", 25, 24}, Row{u"1.001", 1001, 1000},
+                         Row{u"1,5", 3, 2},         Row{u"23.976/25", 2997, 3125},
+                         Row{u"2", 2, 1},           Row{u"", 0, 0},
+                         Row{u"/", 0, 0},           Row{u"25/", 0, 0},
+                         Row{u"0/5", 0, 0},         Row{u"5/0", 0, 0},
+                         Row{u"1/2/3", 0, 0},       Row{u"-1", 0, 0},
+                         Row{u"1.", 0, 0},          Row{u".5", 0, 0},
+                         Row{u"1.2.3", 0, 0},       Row{u"1 2", 0, 0},
+                         Row{u"1234567890", 0, 0},  Row{u"999999999/1.00000001", 0, 0}}) {
+    const std::optional<SpeedRatio> ratio = SpeedRatio::FromText(row.text);
+    ASSERT_EQ(ratio.has_value(), row.numerator != 0) << ToUtf8(row.text);
+    if (!ratio) continue;
+    EXPECT_EQ(ratio->numerator, row.numerator) << ToUtf8(row.text);
+    EXPECT_EQ(ratio->denominator, row.denominator) << ToUtf8(row.text);
+  }
+}
+
 TEST(TimeMapTest, GoesStraightBetweenPointsAndOnBeyondThem) {
   const TimeMap map = Through({{20000, 30000}, {10000, 10000}, {40000, 40000}});
   EXPECT_EQ(map.At(10000), 10000);
@@ -76,6 +99,7 @@ TEST(TimeMapTest, OfPointsThatFitNoLineIsRefused) {
   EXPECT_EQ(TimeMap::Through({}, map), TimeMap::Fault::NoPoint);
   EXPECT_EQ(TimeMap::Through({{1000, 1}, {1000, 2}}, map), TimeMap::Fault::SameTime);
   EXPECT_EQ(TimeMap::Through({{1000, 5000}, {2000, 4000}}, map), TimeMap::Fault::TurnedRound);
+  EXPECT_EQ(TimeMap::Through({{1000, 5000}, {2000, 5000}}, map), TimeMap::Fault::TurnedRound);
   EXPECT_EQ(map.At(0), 5);
 }
 
@@ -91,7 +115,7 @@ TEST(TimeMapTest, IsExactToHalfAMsWhereverTimesLie) {
 
 TEST_F(RetimeTest, MovesStartsAndEndsInTheRange) {
   Put({{1000, 2000, u"a"}, {3000, 4000, u"b"}, {5000, 6000, u"c"}, {7000, 8000, u"d"}});
-  const RetimeResult result = RetimeCaptions(list, {2, 3}, TimeMap::Shift(500));
+  const RetimeResult result = RetimeCaptions(list, {RowRange{2, 3}}, TimeMap::Shift(500));
   EXPECT_EQ(Times(), (std::vector<CaptionTimes>{{1000, 2000}, {3500, 4500}, {5500, 6500}, {7000, 8000}}));
   EXPECT_EQ(result.changed, 2);
   EXPECT_EQ(result.belowZero, 0);
@@ -100,20 +124,33 @@ TEST_F(RetimeTest, MovesStartsAndEndsInTheRange) {
 
 TEST_F(RetimeTest, LeavesCaptionsWithoutTimesAndMissingEndsAlone) {
   Put({{0, 0, u"a"}, {0, 1000, u"b"}, {2000, 0, u"c"}});
-  EXPECT_EQ(RetimeCaptions(list, {}, TimeMap::Shift(100)).changed, 2);
+  EXPECT_EQ(RetimeCaptions(list, {RowRange{}}, TimeMap::Shift(100)).changed, 2);
   EXPECT_EQ(Times(), (std::vector<CaptionTimes>{{0, 0}, {100, 1100}, {2100, 0}}));
 }
 
 TEST_F(RetimeTest, CountsWhatWouldBeBeforeTheFilmAndLetsItBeginAtZero) {
   Put({{100, 300, u"a"}, {400, 900, u"b"}, {1000, 2000, u"c"}});
-  const RetimeResult result = RetimeCaptions(list, {}, TimeMap::Shift(-500));
+  const RetimeResult result = RetimeCaptions(list, {RowRange{}}, TimeMap::Shift(-500));
   EXPECT_EQ(Times(), (std::vector<CaptionTimes>{{0, 0}, {0, 400}, {500, 1500}}));
   EXPECT_EQ(result.belowZero, 2);
 }
 
+TEST_F(RetimeTest, TakesSeveralRangesAsOneChangeThatLeavesWhatLiesBetween) {
+  Put({{1000, 2000, u"a"}, {3000, 4000, u"b"}, {5000, 6000, u"c"}, {7000, 8000, u"d"}, {9000, 9500, u"e"}});
+  const RetimeRows rows = {{2, 2}, {4, 7}};
+  int splices = 0;
+  list.Spliced.Connect([&](const Splice&) { ++splices; });
+  const RetimeResult foreseen = ForeseeRetiming(list, rows, TimeMap::Shift(-3500));
+  EXPECT_EQ(splices, 0);
+  EXPECT_EQ(RetimeCaptions(list, rows, TimeMap::Shift(-3500)), foreseen);
+  EXPECT_EQ(foreseen, (RetimeResult{3, 1}));
+  EXPECT_EQ(splices, 1);
+  EXPECT_EQ(Times(), (std::vector<CaptionTimes>{{1000, 2000}, {0, 500}, {5000, 6000}, {3500, 4500}, {5500, 6000}}));
+}
+
 TEST_F(RetimeTest, StopsAtTheLargestTimeThereIs) {
   Put({{2000000000, 2147483647, u"a"}});
-  RetimeCaptions(list, {}, TimeMap::Scale({SpeedRatio::kMost, 1}));
+  RetimeCaptions(list, {RowRange{}}, TimeMap::Scale({SpeedRatio::kMost, 1}));
   EXPECT_EQ(Times(), (std::vector<CaptionTimes>{{2147483647, 2147483647}}));
 }
 
@@ -124,11 +161,11 @@ TEST_F(RetimeTest, IsOneChangeOfTimesAndNoneWhenNothingMoves) {
     ++splices;
     EXPECT_TRUE(splice.TimesOnly());
   });
-  EXPECT_EQ(RetimeCaptions(list, {}, TimeMap::Shift(0)).changed, 0);
-  EXPECT_EQ(RetimeCaptions(list, {5, 9}, TimeMap::Shift(10)).changed, 0);
+  EXPECT_EQ(RetimeCaptions(list, {RowRange{}}, TimeMap::Shift(0)).changed, 0);
+  EXPECT_EQ(RetimeCaptions(list, {RowRange{5, 9}}, TimeMap::Shift(10)).changed, 0);
   EXPECT_EQ(splices, 0);
   EXPECT_FALSE(modified);
-  RetimeCaptions(list, {}, TimeMap::Shift(10));
+  RetimeCaptions(list, {RowRange{}}, TimeMap::Shift(10));
   EXPECT_EQ(splices, 1);
 }
 
@@ -140,7 +177,7 @@ TEST_F(RetimeTest, GoesThroughAFullListInNoTime) {
   for (int i = 0; i < 20; ++i) points.push_back({i * 1600000, i * 1600500 + 7});
   const TimeMap map = Through(points);
   const auto began = std::chrono::steady_clock::now();
-  EXPECT_EQ(RetimeCaptions(list, {}, map).changed, 32000);
+  EXPECT_EQ(RetimeCaptions(list, {RowRange{}}, map).changed, 32000);
   const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - began;
   // Optimised it takes a tenth of this.
   EXPECT_LT(took.count(), 100);

@@ -10,12 +10,16 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "form/sheet.h"
+#include "ui/sheet_view.h"
+
 namespace cuewright {
 namespace {
 
 static_assert(Shows<QPushButton, Button> && Shows<QRadioButton, OptionButton> && Shows<QCheckBox, CheckBox>);
 static_assert(Shows<QLabel, Label> && Shows<QPushButton, Label>, "a label may be one that the keyboard reaches");
 static_assert(Shows<QLineEdit, TextBox> && Shows<QPlainTextEdit, TextBox>);
+static_assert(Shows<SheetView, Sheet> && !Shows<SheetView, ListBox>);
 static_assert(!Shows<QLabel, Button> && !Shows<QPushButton, CheckBox> && !Shows<QLabel, TextBox>);
 static_assert(!Shows<QComboBox, ListBox> && !Shows<QLineEdit, ComboBox> && !Shows<QLabel, Slider>);
 

@@ -150,11 +150,21 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheEditMenu) {
   Look(Window().mnuFind);
   Look(Window().mnuReplace);
   Look(Window().mnuDelay);
+  player.framesPerSecond = 23.976;
+  std::vector<std::function<void()>> ways;
+  RetimeWindow& retime = program->retime;
+  for (OptionButton* way : {&retime.optRatio, &retime.optRates, &retime.optPoints}) {
+    ways.emplace_back([way] { way->Click(); });
+  }
+  Look(Window().mnuRetime, ways);
 }
 
 TEST_P(EveryLanguage, HasRoomInTheWindowsOfFilesAndTools) {
   Look(Window().mnuSaveAs);
   Look(Window().mnuReport);
+  Look(Window().mnuCheck);
+  Look(Window().mnuBreakLines);
+  Look(Window().mnuClean);
   Look(Window().mnuOpenWav);
 }
 

@@ -115,11 +115,27 @@ TEST_F(Columns, WhatTheUserDrewStaysWhenTheWindowChangesAndInTheNextRun) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
   auto* table = Find<QTableView>("grdSubs");
   table->horizontalHeader()->resizeSection(1, 90);
+  table->horizontalHeader()->moveSection(5, 1);
   view->resize(1000, 650);
   EXPECT_NEAR(table->columnWidth(1), 90, 1);
   ShowAgain();
   program->documentFiles.OpenSubtitleFile(folder / "a.srt");
-  EXPECT_NEAR(Find<QTableView>("grdSubs")->columnWidth(1), 90, 1);
+  table = Find<QTableView>("grdSubs");
+  EXPECT_NEAR(table->columnWidth(1), 90, 1);
+  EXPECT_EQ(table->horizontalHeader()->logicalIndex(1), 5);
+}
+
+TEST_F(Columns, KeepTheirShareInTheClassicManner) {
+  program->options.manner.SetClassic(true);
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
+  auto* table = Find<QTableView>("grdSubs");
+  EXPECT_EQ(table->model()->columnCount(), 4);
+  const int own = table->columnWidth(1);
+  table->horizontalHeader()->resizeSection(1, 90);
+  view->resize(1000, 650);
+  EXPECT_NEAR(table->columnWidth(1), 90, 1);
+  emit table->horizontalHeader()->sectionHandleDoubleClicked(1);
+  EXPECT_EQ(table->columnWidth(1), own);
 }
 
 TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {

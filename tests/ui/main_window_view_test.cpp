@@ -28,6 +28,8 @@ namespace {
 
 using testing::ProgramFixture;
 
+constexpr int kTextColumn = static_cast<int>(ListColumn::Words);
+
 /// The main window on the toolkit, with a player of the test's own.
 struct WindowTest : ProgramFixture {
   WindowTest() {
@@ -122,7 +124,8 @@ TEST_F(MainWindowSmoke, LabelsAndButtonsFollowTheForm) {
   EXPECT_TRUE(Find<QAbstractButton>("cmdCancel")->isVisible());
 }
 
-TEST_F(MainWindowList, ShowsTheRowsAsTheyAreStored) {
+TEST_F(MainWindowList, ShowsTheRowsAsTheyAreStoredInTheClassicManner) {
+  program->options.manner.SetClassic(true);
   Timed(30);
   auto* model = Table()->model();
   EXPECT_EQ(model->rowCount(), 30);
@@ -136,11 +139,77 @@ TEST_F(MainWindowList, ShowsTheRowsAsTheyAreStored) {
   EXPECT_FALSE(model->index(2, 3).data(Qt::BackgroundRole).isValid());
 }
 
+TEST_F(MainWindowList, ShowsTimesThatAreNotTakenYetInAnotherColour) {
+  Timed(3);
+  auto* model = Table()->model();
+  program->retime.Show();
+  program->retime.optFromHere.Click();
+  program->retime.txtShift.SetText(u"10");
+  program->retime.txtShift.NoteEdited();
+  EXPECT_EQ(model->index(0, 1).data().toString(), "0:00:11.100");
+  EXPECT_EQ(model->index(0, 2).data().toString(), "0:00:11.900");
+  EXPECT_TRUE(model->index(0, 1).data(Qt::ForegroundRole).isValid());
+  EXPECT_FALSE(model->index(0, kTextColumn).data(Qt::ForegroundRole).isValid());
+  program->retime.Close();
+  EXPECT_EQ(model->index(0, 1).data().toString(), "0:00:01.100");
+  EXPECT_FALSE(model->index(0, 1).data(Qt::ForegroundRole).isValid());
+}
+
+TEST_F(MainWindowKeys, CaptionsAreShapedFromThePane) {
+  Timed(4);
+  List().SetRow(2, false);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  pane->setFocus();
+  QTest::keyClick(pane, Qt::Key_End);
+  QTest::keyClick(pane, Qt::Key_Left);
+  QTest::keyClick(pane, Qt::Key_Return, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line");
+  EXPECT_EQ(List().GetCaptionText(3), u"2");
+  QTest::keyClick(pane, Qt::Key_J, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line|2");
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(2), u"line 2");
+  EXPECT_EQ(pane->toPlainText(), "line 2");
+  QTest::keyClick(pane, Qt::Key_L, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionEnd(2), 3100);
+  QTest::keyClick(pane, Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(List().GetCaptionText(3), u"line 2");
+  QTest::keyClick(pane, Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(4), u"line 2");
+}
+
+TEST_F(MainWindowKeys, ANewCaptionIsTypedInThePaneAtOnce) {
+  Timed(4);
+  List().SetRow(2, false);
+  QTest::keyClick(Table(), Qt::Key_Insert, Qt::AltModifier);
+  auto* pane = Find<QPlainTextEdit>("txtSub");
+  EXPECT_TRUE(pane->hasFocus());
+  QTest::keyClicks(pane, "new");
+  EXPECT_EQ(List().GetCaptionText(3), u"new");
+  QTest::keyClick(pane, Qt::Key_Insert, Qt::AltModifier | Qt::ShiftModifier);
+  EXPECT_EQ(List().GetCaptionText(4), u"new");
+  EXPECT_EQ(List().Selected(), 3);
+}
+
+TEST_F(MainWindowKeys, TheClassicMannerHasNoneOfThem) {
+  program->options.manner.SetClassic(true);
+  program->shaping.ShowItems();
+  Timed(4);
+  for (const Qt::Key key : {Qt::Key_D, Qt::Key_L}) QTest::keyClick(Table(), key, Qt::ControlModifier);
+  for (const Qt::Key key : {Qt::Key_J, Qt::Key_K, Qt::Key_T}) {
+    QTest::keyClick(Table(), key, Qt::ControlModifier | Qt::ShiftModifier);
+  }
+  EXPECT_EQ(List().Rows(), 5);
+  EXPECT_EQ(List().GetCaptionEnd(1), 1900);
+  EXPECT_FALSE(program->retime.Loaded());
+}
+
 TEST_F(MainWindowList, RowsComeAndGoWithTheList) {
   Timed(5);
   List().AddCaption(1, 2, u"new", 1);
   EXPECT_EQ(Table()->model()->rowCount(), 6);
-  EXPECT_EQ(Table()->model()->index(0, 3).data().toString(), "new");
+  EXPECT_EQ(Table()->model()->index(0, kTextColumn).data().toString(), "new");
   List().DeleteCaption(1);
   List().DeleteCaption(1);
   EXPECT_EQ(Table()->model()->rowCount(), 4);
@@ -374,7 +443,7 @@ TEST_F(MainWindowAccess, ARowIsReadOutByItsFirstCellAndCanBeSelected) {
   QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(Table())->tableInterface();
   ASSERT_NE(table, nullptr);
   EXPECT_EQ(table->cellAt(1, 0)->text(QAccessible::Name), "2, 2.1 to 2.9 seconds, line 2");
-  EXPECT_EQ(table->cellAt(1, 3)->text(QAccessible::Name), "line 2");
+  EXPECT_EQ(table->cellAt(1, kTextColumn)->text(QAccessible::Name), "line 2");
   EXPECT_TRUE(table->selectRow(3));
   QCoreApplication::processEvents();
   EXPECT_EQ(List().Selected(), 4);
@@ -556,7 +625,7 @@ TEST_F(MainWindowList, ShowsWhatItMissedWhileItWasDisabledAndKeepsItsPlace) {
   EXPECT_EQ(model->rowCount(), 300);
   List().SetEnabled(true);
   EXPECT_EQ(model->rowCount(), 299);
-  EXPECT_EQ(model->index(0, 3).data().toString(), "changed meanwhile");
+  EXPECT_EQ(model->index(0, kTextColumn).data().toString(), "changed meanwhile");
   EXPECT_EQ(program->grid.TopRow(), 100);
   EXPECT_EQ(Table()->verticalScrollBar()->value(), 99);
 }

@@ -143,6 +143,39 @@ TEST_F(ToolWindowsTest, TheDelayDialogHasAWidgetForEveryControlAndItsBarsMove) {
   EXPECT_FALSE(form.IsOpen());
 }
 
+TEST_F(ToolWindowsTest, TheRetimeWindowHasAWidgetForEveryControlAndRetimesByKeys) {
+  player.framesPerSecond = 25;
+  QWidget* view = Shown(program->retime);
+  ASSERT_NE(view, nullptr);
+  EXPECT_FALSE(view->isModal());
+  view->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view));
+  auto* amount = view->findChild<QLineEdit*>("txtShift");
+  EXPECT_TRUE(amount->hasFocus());
+  QTest::keyClicks(amount, "2.5");
+  EXPECT_EQ(program->grid.ShownTimes(1).start, 3600);
+  EXPECT_EQ(List().GetCaptionStart(1), 1100);
+  QTest::keyClick(amount, Qt::Key_Return);
+  EXPECT_FALSE(program->retime.Loaded());
+  EXPECT_EQ(List().GetCaptionStart(1), 3600);
+}
+
+TEST_F(ToolWindowsTest, TheRetimeWindowShowsTheControlsOfTheChosenWayAlone) {
+  QWidget* view = Shown(program->retime);
+  ASSERT_NE(view, nullptr);
+  const QSize size = view->size();
+  for (const auto& [way, field] :
+       {std::pair{"optRates", "cboFrom"}, std::pair{"optRatio", "txtRatio"}, std::pair{"optPoints", "lstPoints"}}) {
+    view->findChild<QAbstractButton*>(way)->click();
+    EXPECT_TRUE(view->findChild<QWidget*>(field)->isVisible()) << way;
+    EXPECT_FALSE(view->findChild<QWidget*>("txtShift")->isVisible()) << way;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view->size(), size) << way;
+  }
+  QTest::keyClick(view, Qt::Key_Escape);
+  EXPECT_FALSE(program->retime.Loaded());
+}
+
 TEST_F(ToolWindowsTest, AReportOfManyEntriesReachesTheWidgetWhole) {
   for (int row = 1; row <= 3000; ++row) {
     program->ruleReport.AddRuleEntry(row, u"x", RuleKind::TooManyLines, 0, false);

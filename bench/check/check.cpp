@@ -1,0 +1,131 @@
+// What the check, a search by pattern, line breaks and cleaning cost over 32,000 captions, and what the check costs
+// after an edit of one. Medians of several runs, in processor time.
+// usage: bench_check RESOURCES
+
+#include <time.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "check/fixes.h"
+#include "check/house_rules.h"
+#include "check/live_findings.h"
+#include "core/runtime_error.h"
+#include "formats/document_marks.h"
+#include "platform/posix_files.h"
+#include "tools/cleaning.h"
+#include "tools/replace_text.h"
+
+namespace {
+
+using namespace cuewright;
+
+constexpr int kCaptions = 32000;
+constexpr int kRuns = 9;
+
+/// Captions of usual lengths; of every ten one has italics, one is shown too briefly and one has a line too long.
+std::vector<Caption> MakeCaptions() {
+  std::vector<Caption> captions;
+  captions.reserve(kCaptions);
+  for (int i = 0; i < kCaptions; ++i) {
+    const std::int32_t start = 1000 + i * 3000;
+    Caption caption{start, start + 2600, u"Nobody leaves this house|until the storm has passed, " + Decimal(i)};
+    if (i % 10 == 1) caption.text = u"<i>Good evening,</i> Inspector.";
+    if (i % 10 == 4) caption.end = start + 500;
+    if (i % 10 == 7) caption.text = u"This is a line with far more characters than any house lets through";
+    captions.push_back(std::move(caption));
+  }
+  return captions;
+}
+
+/// Processor time of this process, which other programs of a busy machine don't lengthen.
+double ProcessorMs() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+/// The median in ms of processor time of what `work` takes.
+template <class Work>
+double Median(Work work) {
+  std::vector<double> times;
+  for (int run = 0; run < kRuns; ++run) {
+    const double began = ProcessorMs();
+    work();
+    times.push_back(ProcessorMs() - began);
+  }
+  std::ranges::nth_element(times, times.begin() + kRuns / 2);
+  return times[kRuns / 2];
+}
+
+void Tell(const char* what, double ms, double limit) {
+  std::printf("%-44s %9.3f ms", what, ms);
+  if (limit > 0) std::printf("   limit %g ms%s", limit, ms > limit ? "  MISSED" : "");
+  std::printf("\n");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: bench_check RESOURCES\n");
+    return 2;
+  }
+  const PosixFiles files;
+  std::string problem;
+  const auto rules = HouseRulesShelf(files, FromUtf8(argv[1]) + u"/").Read(u"streaming-en", problem);
+  const auto cleaning = CleaningShelf(files, FromUtf8(argv[1]) + u"/").Read(u"en", problem);
+  if (!rules || !cleaning) {
+    std::fprintf(stderr, "%s\n", problem.c_str());
+    return 1;
+  }
+  const FormatState state;
+  const DocumentMarks marks(state);
+  AppOptions options;
+  bool modified = false;
+  CaptionList list(options, modified);
+  list.SetMarks(marks);
+  list.Replace(1, 1, MakeCaptions());
+
+  std::size_t found = 0;
+  Tell("check of all", Median([&] { found = Checker(*rules, {}).CheckAll(list).size(); }), 50);
+  std::printf("  findings: %zu\n", found);
+
+  LiveFindings live(list);
+  live.SetRules(*rules, {});
+  static_cast<void>(live.All());
+  Row row = 100;
+  Tell("check after a change of one", Median([&] {
+         row += 1000;
+         list.SetCaptionEnd(row, list.GetCaptionEnd(row) + 10);
+         for (Row near = row - 1; near <= row + 1; ++near) found = live.Of(near).size();
+       }),
+       1);
+  Tell("check after an insertion", Median([&] {
+         list.AddCaption(1, 2, u"a", 500);
+         for (Row near = 499; near <= 501; ++near) found = live.Of(near).size();
+       }),
+       1);
+
+  const auto rows = AllRows(list);
+  const auto replace = [&](const ReplaceOrder& order) {
+    TextReplacer replacer(order, options.lineSeparator, &marks);
+    found = ProposeReplacements(list, rows, replacer).size();
+  };
+  Tell("a word in all", Median([&] { replace({u"storm", u"wind"}); }), 100);
+  Tell("a pattern with groups in all", Median([&] { replace({u"(\\w+) house", u"$1 cellar", true}); }), 100);
+  Tell("a pattern found nowhere", Median([&] { replace({u"[xyz]{4}\\d", u"", true}); }), 100);
+
+  Tell("line breaks of all", Median([&] {
+         LineBreaker breaker(*rules);
+         found = ProposeBreaks(list, rows, breaker).size();
+       }),
+       0);
+  CleaningChoice all;
+  all.fill(true);
+  Tell("cleaning of all, all kinds", Median([&] { found = Cleaner(*cleaning, all).Propose(list, rows).size(); }), 0);
+  Tell("fixes of all", Median([&] { found = Fixer(*rules, {}).ProposeAll(list).size(); }), 0);
+  return 0;
+}

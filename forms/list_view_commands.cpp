@@ -1,0 +1,77 @@
+#include "forms/list_view_commands.h"
+
+#include <algorithm>
+#include <array>
+
+namespace cuewright {
+namespace {
+
+/// The columns that can be hidden, in the order of their items.
+constexpr std::array kItems = {ListColumn::Start, ListColumn::End, ListColumn::Duration, ListColumn::Gap,
+                               ListColumn::Speed};
+constexpr std::uint8_t kLastTimes = 2;
+
+}  // namespace
+
+ListViewCommands::ListViewCommands(Workbench bench, const FormatState& formats, const Player& player,
+                                   const PlayerSample& sample)
+    : bench_(bench), formats_(formats), player_(player), sample_(sample), filmRow_(bench.list) {
+  MainWindow& w = bench_.window;
+  for (std::size_t i = 0; i < kItems.size(); ++i) {
+    w.mnuListColumn[i].Clicked.Connect([this, i] { ToggleColumn(kItems[i]); });
+  }
+  for (std::size_t i = 0; i < w.mnuListTime.size(); ++i) {
+    w.mnuListTime[i].Clicked.Connect([this, i] { ChooseTimes(static_cast<TimeForm>(i)); });
+  }
+  // With a file that was read its rate has become known.
+  bench_.list.EnabledChanged.Connect([this](bool on) {
+    if (on) Show();
+  });
+  // The sample is taken by who has connected to the same tick before.
+  w.tmrTime.Tick.Connect([this] { Follow(); });
+}
+
+void ListViewCommands::Show() {
+  filmRate_ = player_.FramesPerSecond();
+  const FrameRate rate = filmRate_ > 0 ? FrameRate(filmRate_) : formats_.CurrentFps;
+  bench_.grid.SetColumns(ColumnOrder(bench_.options.listColumns));
+  bench_.grid.SetTimes({static_cast<TimeForm>(std::min(bench_.options.listTimes, kLastTimes)), rate});
+  ShowItems();
+}
+
+void ListViewCommands::ShowItems() {
+  MainWindow& w = bench_.window;
+  const bool workbench = bench_.grid.IsWorkbench();
+  w.mnuListColumns.SetVisible(workbench);
+  w.mnuListTimes.SetVisible(workbench);
+  for (std::size_t i = 0; i < kItems.size(); ++i) {
+    w.mnuListColumn[i].SetChecked(bench_.grid.Columns().Of(kItems[i]).shown);
+  }
+  for (std::size_t i = 0; i < w.mnuListTime.size(); ++i) {
+    w.mnuListTime[i].SetChecked(static_cast<TimeForm>(i) == bench_.grid.Times().form);
+  }
+}
+
+void ListViewCommands::Arrange(const ColumnOrder& columns) {
+  bench_.options.listColumns = columns.Stored();
+  Show();
+}
+
+void ListViewCommands::ToggleColumn(ListColumn column) {
+  ColumnOrder columns = bench_.grid.Columns();
+  columns.Show(column, !columns.Of(column).shown);
+  Arrange(columns);
+}
+
+void ListViewCommands::ChooseTimes(TimeForm form) {
+  bench_.options.listTimes = static_cast<std::uint8_t>(form);
+  Show();
+}
+
+void ListViewCommands::Follow() {
+  if (player_.FramesPerSecond() != filmRate_) Show();
+  const bool both = bench_.grid.IsWorkbench() && bench_.document.HasDocument() && bench_.document.HasVideo();
+  bench_.grid.MarkFilmRow(both && bench_.list.Enabled() ? filmRow_.RowAt(sample_.PlayerPosMs()) : 0);
+}
+
+}  // namespace cuewright

@@ -1,0 +1,369 @@
+#include "forms/retime_window.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "core/caption_time.h"
+#include "core/runtime_error.h"
+#include "forms/control_texts.h"
+#include "text/labels.h"
+#include "tools/typed_time.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::array<TextView, 9> kUsualRates = {u"23.976", u"24", u"25",    u"29.97", u"30",
+                                                 u"48",     u"50", u"59.94", u"60"};
+constexpr TextView kCommonRate = u"25";
+constexpr double kMsPerSecond = 1000;
+
+/// A time as it is shown; one that is too large for that is its ms.
+Text ShownTime(std::int32_t ms) {
+  CarryOn step;
+  Text text = Decimal(ms);
+  step([&] { text = MsToTimeText(ms); });
+  return text;
+}
+
+}  // namespace
+
+RetimeWindow::RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages,
+                           const Player& player, OpenForms& openForms)
+    : ToolForm("frmRetime", openForms), bench_(bench), formats_(formats), languages_(languages), player_(player) {
+  cboFrom.SetEditable(true);
+  cboTo.SetEditable(true);
+  Wire();
+  WirePoints();
+}
+
+void RetimeWindow::Wire() {
+  bench_.window.mnuRetime.Clicked.Connect([this] { Show(); });
+  optShift.Clicked.Connect([this] { Choose(Way::Shift); });
+  optRatio.Clicked.Connect([this] { Choose(Way::Ratio); });
+  optRates.Clicked.Connect([this] { Choose(Way::Rates); });
+  optPoints.Clicked.Connect([this] { Choose(Way::Points); });
+  optAll.Clicked.Connect([this] { Choose(Scope::All); });
+  optSelected.Clicked.Connect([this] {
+    selected_ = {bench_.list.Selected()};
+    Choose(Scope::Selected);
+  });
+  optFromHere.Clicked.Connect([this] {
+    here_ = bench_.list.Selected();
+    Choose(Scope::FromHere);
+  });
+  txtShift.Edited.Connect([this] { Refresh(); });
+  txtRatio.Edited.Connect([this] { Refresh(); });
+  for (ComboBox* box : {&cboUnit, &cboDirection}) box->Chosen.Connect([this] { Refresh(); });
+  // A box whose text may be typed tells of that by its state alone.
+  for (ComboBox* box : {&cboFrom, &cboTo}) {
+    box->Changed.Connect([this] {
+      if (Loaded()) Refresh();
+    });
+  }
+  cmdOK.Clicked.Connect([this] { Apply(); });
+  cmdCancel.Clicked.Connect([this] { Close(); });
+}
+
+void RetimeWindow::WirePoints() {
+  txtPoint.Edited.Connect([this] { cmdSetPoint.SetEnabled(TypedTime(txtPoint.GetText()).has_value()); });
+  // Enter sets what was typed, and isn't the window's.
+  txtPoint.KeyDown.Connect([this](KeyEvent& key) {
+    if (key.code != kKeyEnter) return;
+    key.handled = true;
+    cmdSetPoint.Click();
+  });
+  cmdSetPoint.Clicked.Connect([this] {
+    if (const std::optional<std::int32_t> ms = TypedTime(txtPoint.GetText())) SetPoint(*ms);
+  });
+  cmdFilmPoint.Clicked.Connect(
+      [this] { SetPoint(static_cast<std::int32_t>(std::lround(player_.CurrentPosition() * kMsPerSecond))); });
+  lstPoints.Chosen.Connect([this] {
+    const auto& points = points_.All();
+    if (lstPoints.Index() < 0 || lstPoints.Index() >= std::ssize(points)) return;
+    cmdRemovePoint.SetEnabled(true);
+    bench_.list.SetRow(points[static_cast<std::size_t>(lstPoints.Index())].row, true);
+  });
+  cmdRemovePoint.Clicked.Connect([this] {
+    if (lstPoints.Index() < 0) return;
+    points_.Remove(static_cast<std::size_t>(lstPoints.Index()));
+    ShowPoints(-1);
+    Refresh();
+  });
+}
+
+void RetimeWindow::Load() {
+  txtShift.SetText({});
+  txtRatio.SetText({});
+  points_.Clear();
+  way_ = Way::Shift;
+  scope_ = Scope::All;
+  here_ = bench_.list.Selected();
+  selected_ = {here_};
+  ShowUnits();
+  cboUnit.SetIndex(Clock);
+  cboDirection.SetItems({bench_.strings[Message::RetimeLater], bench_.strings[Message::RetimeEarlier]});
+  cboDirection.SetIndex(Later);
+  OfferRates();
+  connections_.push_back(bench_.list.Spliced.ConnectScoped([this](const Splice& splice) { Follow(splice); }));
+  connections_.push_back(bench_.list.CommandEnded.ConnectScoped([this] {
+    ShowPoints(-1);
+    Refresh();
+  }));
+  connections_.push_back(bench_.list.SelectionChanged.ConnectScoped([this](Row) { ShowPoint(); }));
+  ApplyLanguage(languages_.IsRightToLeft());
+}
+
+void RetimeWindow::Unload() {
+  connections_.clear();
+  map_.reset();
+  bench_.grid.Foresee(nullptr);
+}
+
+void RetimeWindow::OnActivated() {
+  // The film may have been opened, closed or changed.
+  cmdFilmPoint.SetEnabled(bench_.document.HasVideo());
+}
+
+void RetimeWindow::ApplyLanguage(bool rightToLeft) {
+  const LangStrings& strings = bench_.strings;
+  SetTitle(WithoutDots(strings[Message::RetimeItem]));
+  SetRightToLeft(rightToLeft);
+  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  const ControlText rows[] = {{optShift, Message::RetimeByAmount},
+                              {optRatio, Message::RetimeByRatio},
+                              {optRates, Message::RetimeByRates},
+                              {optPoints, Message::RetimeByPoints},
+                              {lblRatio, Message::RetimeRatioHint},
+                              {lblFrom, Message::RateOfText},
+                              {lblTo, Message::RateOfPlay},
+                              {cmdSetPoint, Message::SetPoint},
+                              {cmdFilmPoint, Message::PointAtFilm},
+                              {cmdRemovePoint, Message::RemovePoint},
+                              {fraScope, Message::RetimeScope},
+                              {optAll, Message::ScopeAll},
+                              {cmdOK, Message::Ok},
+                              {cmdCancel, Message::Cancel}};
+  ShowTexts(rows, strings);
+  const ControlText spoken[] = {{txtShift, Message::RetimeByAmount},      {cboUnit, Message::SpokenUnit},
+                                {cboDirection, Message::SpokenDirection}, {txtRatio, Message::RetimeByRatio},
+                                {txtPoint, Message::RetimeByPoints},      {lstPoints, Message::SpokenPoints}};
+  SpeakTexts(spoken, strings);
+  for (ComboBox* box : {&cboUnit, &cboDirection}) box->SetToolTip(box->SpokenName());
+  const int direction = cboDirection.Index();
+  cboDirection.SetItems({strings[Message::RetimeLater], strings[Message::RetimeEarlier]});
+  cboDirection.SetIndex(direction);
+  ShowUnits();
+  const FrameRate film = player_.FramesPerSecond();
+  lblFilmRate.SetText(film ? Fill(strings[Message::RateOfFilm], film.AsText()) : Text());
+  ShowWay();
+  OnActivated();
+}
+
+void RetimeWindow::ShowUnits() {
+  const int unit = cboUnit.Index();
+  std::vector<Text> units = {bench_.strings[Message::UnitClock]};
+  if (const FrameRate rate = RateOfFrames()) {
+    units.push_back(Fill(bench_.strings[Message::UnitFrames], rate.AsText()));
+  }
+  cboUnit.SetItems(units);
+  cboUnit.SetIndex(unit < std::ssize(units) ? unit : int{Clock});
+}
+
+void RetimeWindow::OfferRates() {
+  const FrameRate film = player_.FramesPerSecond();
+  std::vector<Text> rates(kUsualRates.begin(), kUsualRates.end());
+  for (const FrameRate& known : {film, formats_.CurrentFps}) {
+    if (known && std::ranges::find(rates, known.AsText()) == rates.end()) rates.push_back(known.AsText());
+  }
+  for (ComboBox* box : {&cboFrom, &cboTo}) box->SetItems(rates);
+  const auto choose = [&rates](ComboBox& box, const FrameRate& rate) {
+    const auto at = std::ranges::find(rates, rate ? rate.AsText() : Text(kCommonRate));
+    box.SetIndex(static_cast<int>(at - rates.begin()));
+  };
+  choose(cboFrom, formats_.CurrentFps);
+  choose(cboTo, film);
+}
+
+void RetimeWindow::Choose(Way way) {
+  way_ = way;
+  ShowWay();
+}
+
+void RetimeWindow::Choose(Scope scope) {
+  scope_ = scope;
+  ShowWay();
+}
+
+void RetimeWindow::ShowWay() {
+  optShift.SetValue(way_ == Way::Shift);
+  optRatio.SetValue(way_ == Way::Ratio);
+  optRates.SetValue(way_ == Way::Rates);
+  optPoints.SetValue(way_ == Way::Points);
+  fraShift.SetVisible(way_ == Way::Shift);
+  fraRatio.SetVisible(way_ == Way::Ratio);
+  fraRates.SetVisible(way_ == Way::Rates);
+  fraPoints.SetVisible(way_ == Way::Points);
+  optAll.SetValue(scope_ == Scope::All);
+  optSelected.SetValue(scope_ == Scope::Selected);
+  optFromHere.SetValue(scope_ == Scope::FromHere);
+  optSelected.SetText(bench_.strings.Counted(Message::ScopeSelected, u"%1", std::ssize(selected_)));
+  optFromHere.SetText(Fill(bench_.strings[Message::ScopeFromHere], Decimal(here_)));
+  ShowPoint();
+  ShowPoints(-1);
+  Refresh();
+}
+
+void RetimeWindow::ShowPoint() {
+  const Row row = bench_.list.Selected();
+  const CaptionTimes times = bench_.list.InRange(row) ? bench_.list.TimesAt(row) : CaptionTimes{};
+  const bool timed = times.start > 0 || times.end > 0;
+  lblPoint.SetText(Fill(bench_.strings[Message::CaptionBelongsAt], Decimal(row)));
+  txtPoint.SetEnabled(timed);
+  txtPoint.SetText(timed ? ShownTime(times.start) : Text());
+  cmdSetPoint.SetEnabled(timed);
+  cmdFilmPoint.SetEnabled(timed && bench_.document.HasVideo());
+}
+
+void RetimeWindow::ShowPoints(int chosen) {
+  std::vector<Text> rows;
+  for (const RetimePoints::Point& point : points_.All()) {
+    rows.push_back(Decimal(point.row) + u":  " + ShownTime(bench_.list.GetCaptionStart(point.row)) + u"  \u2192  " +
+                   ShownTime(point.ms));
+  }
+  if (rows != lstPoints.Items()) lstPoints.SetItems(std::move(rows));
+  if (chosen >= 0) lstPoints.SetIndex(chosen);
+  cmdRemovePoint.SetEnabled(lstPoints.Index() >= 0);
+}
+
+void RetimeWindow::SetPoint(std::int32_t ms) {
+  const std::size_t place = points_.Put(bench_.list.Selected(), ms);
+  ShowPoints(static_cast<int>(place));
+  Refresh();
+}
+
+void RetimeWindow::Follow(const Splice& splice) {
+  points_.Follow(splice);
+  const auto follow = [&](Row row) { return std::max(RowAfter(splice, row), std::min(splice.first, row)); };
+  here_ = follow(here_);
+  for (Row& row : selected_) row = RowAfter(splice, row);
+  std::erase(selected_, 0);
+}
+
+FrameRate RetimeWindow::RateOfFrames() const {
+  const FrameRate film = player_.FramesPerSecond();
+  return film ? film : formats_.CurrentFps;
+}
+
+bool RetimeWindow::IsChosen(Row row) const {
+  switch (scope_) {
+    case Scope::All:
+      return true;
+    case Scope::Selected:
+      return std::ranges::binary_search(selected_, row);
+    case Scope::FromHere:
+      return row >= here_;
+  }
+  return false;
+}
+
+RetimeRows RetimeWindow::ChosenRows() const {
+  if (scope_ != Scope::Selected) return {RowRange{scope_ == Scope::FromHere ? here_ : 1, kMaxRow}};
+  RetimeRows rows;
+  for (const Row row : selected_) {
+    if (rows.empty() || rows.back().last + 1 != row) {
+      rows.push_back({row, row});
+    } else {
+      rows.back().last = row;
+    }
+  }
+  return rows;
+}
+
+RetimeWindow::Asked RetimeWindow::AskedMap() const {
+  switch (way_) {
+    case Way::Shift:
+      return AskedShift();
+    case Way::Ratio:
+      return AskedRatio();
+    case Way::Rates:
+      return AskedRates();
+    case Way::Points:
+      return AskedPoints();
+  }
+  return {};
+}
+
+RetimeWindow::Asked RetimeWindow::AskedShift() const {
+  const bool frames = cboUnit.Index() == Frames;
+  std::optional<std::int32_t> ms;
+  if (!frames) ms = TypedTime(txtShift.GetText());
+  if (const auto count = frames ? TypedNumber(txtShift.GetText()) : std::nullopt) {
+    CarryOn step;
+    step([&] { ms = RateOfFrames().MsOfFrames(*count); });
+  }
+  if (!ms) return {{}, frames ? Message::TypeFrames : Message::TypeATime};
+  return {TimeMap::Shift(cboDirection.Index() == Earlier ? -*ms : *ms)};
+}
+
+RetimeWindow::Asked RetimeWindow::AskedRatio() const {
+  const std::optional<SpeedRatio> ratio = SpeedRatio::FromText(txtRatio.GetText());
+  if (!ratio) return {{}, Message::TypeARatio};
+  return {TimeMap::Scale(*ratio)};
+}
+
+RetimeWindow::Asked RetimeWindow::AskedRates() const {
+  const FrameRate from = FrameRate::FromText(cboFrom.GetText());
+  const FrameRate to = FrameRate::FromText(cboTo.GetText());
+  if (!from.IsUsual() || !to.IsUsual()) return {{}, Message::TypeRates};
+  return {TimeMap::Scale(SpeedRatio::OfRates(from, to))};
+}
+
+RetimeWindow::Asked RetimeWindow::AskedPoints() const {
+  TimeMap map;
+  switch (TimeMap::Through(points_.Times(bench_.list), map)) {
+    case TimeMap::Fault::None:
+      break;
+    case TimeMap::Fault::NoPoint:
+      return {{}, Message::SetSomePoints};
+    case TimeMap::Fault::SameTime:
+      return {{}, Message::PointsFromOneTime};
+    case TimeMap::Fault::TurnedRound:
+      return {{}, Message::PointsTurnedRound};
+  }
+  return {std::move(map)};
+}
+
+void RetimeWindow::Refresh() {
+  Asked asked = AskedMap();
+  map_ = std::move(asked.map);
+  bench_.grid.Foresee(map_ ? this : nullptr);
+  const RetimeResult result = map_ ? ForeseeRetiming(bench_.list, ChosenRows(), *map_) : RetimeResult{};
+  cmdOK.SetEnabled(result.changed != 0);
+  if (!map_) return lblResult.SetText(bench_.strings[asked.trouble]);
+  Text told = result.changed == 0 ? bench_.strings[Message::RetimeNothing]
+                                  : bench_.strings.Counted(Message::RetimeForeseen, u"%1", result.changed);
+  if (result.belowZero != 0) {
+    told += u" " + bench_.strings.Counted(Message::RetimeBelowZero, u"%1", result.belowZero);
+  }
+  lblResult.SetText(told);
+}
+
+CaptionTimes RetimeWindow::TimesOf(Row row) const {
+  const CaptionTimes own = bench_.list.TimesAt(row);
+  return map_ && IsChosen(row) ? RetimedTimes(own, *map_).times : own;
+}
+
+void RetimeWindow::Apply() {
+  if (!map_) return;
+  const TimeMap map = *map_;
+  const RetimeRows rows = ChosenRows();
+  // The list shows its own times again before they change.
+  Close();
+  RetimeCaptions(bench_.list, rows, map);
+  bench_.list.SetRow(bench_.list.Selected(), false);
+  Retimed();
+}
+
+}  // namespace cuewright

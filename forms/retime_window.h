@@ -1,0 +1,119 @@
+#pragma once
+
+#include <optional>
+
+#include "capture/workbench.h"
+#include "core/ports/player.h"
+#include "form/controls.h"
+#include "formats/format_state.h"
+#include "forms/tool_form.h"
+#include "settings/languages.h"
+#include "tools/retime.h"
+#include "tools/retime_points.h"
+
+namespace cuewright {
+
+/// The window `frmRetime`: other times for captions, by an amount, a ratio, two rates or captions whose right times are
+/// known. It stands beside the main window, so that film and list can be used meanwhile. The list shows the times that
+/// would come; the captions get them by `cmdOK` alone.
+class RetimeWindow final : public ToolForm, private ForeseenTimes {
+ public:
+  RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages, const Player& player,
+               OpenForms& openForms);
+
+  OptionButton optShift{*this, "optShift"};
+  OptionButton optRatio{*this, "optRatio"};
+  OptionButton optRates{*this, "optRates"};
+  OptionButton optPoints{*this, "optPoints"};
+
+  Frame fraShift{*this, "fraShift"};
+  TextBox txtShift{*this, "txtShift"};
+  ComboBox cboUnit{*this, "cboUnit"};
+  ComboBox cboDirection{*this, "cboDirection"};
+
+  Frame fraRatio{*this, "fraRatio"};
+  TextBox txtRatio{*this, "txtRatio"};
+  Label lblRatio{*this, "lblRatio"};
+
+  Frame fraRates{*this, "fraRates"};
+  Label lblFrom{*this, "lblFrom"};
+  ComboBox cboFrom{*this, "cboFrom"};
+  Label lblTo{*this, "lblTo"};
+  ComboBox cboTo{*this, "cboTo"};
+  Label lblFilmRate{*this, "lblFilmRate"};
+
+  Frame fraPoints{*this, "fraPoints"};
+  Label lblPoint{*this, "lblPoint"};
+  TextBox txtPoint{*this, "txtPoint"};
+  Button cmdSetPoint{*this, "cmdSetPoint"};
+  Button cmdFilmPoint{*this, "cmdFilmPoint"};
+  ListBox lstPoints{*this, "lstPoints"};
+  Button cmdRemovePoint{*this, "cmdRemovePoint"};
+
+  Frame fraScope{*this, "fraScope"};
+  OptionButton optAll{*this, "optAll"};
+  OptionButton optSelected{*this, "optSelected"};
+  OptionButton optFromHere{*this, "optFromHere"};
+
+  Label lblResult{*this, "lblResult"};
+  Button cmdOK{*this, "cmdOK"};
+  Button cmdCancel{*this, "cmdCancel"};
+
+  void OnActivated() override;
+  void ApplyLanguage(bool rightToLeft) override;
+
+  Signal<RetimeWindow> Retimed;  ///< captions have got their new times: what draws them draws them anew
+
+ private:
+  enum class Way : std::uint8_t { Shift, Ratio, Rates, Points };
+  enum class Scope : std::uint8_t { All, Selected, FromHere };
+  enum Unit { Clock, Frames };
+  enum Direction { Later, Earlier };
+  /// What the controls ask for.
+  struct Asked {
+    std::optional<TimeMap> map;            ///< empty: they ask for nothing that can be done
+    Message trouble = Message::TypeATime;  ///< what is told then
+  };
+
+  void Load() override;
+  void Unload() override;
+  CaptionTimes TimesOf(Row row) const override;
+
+  void Wire();
+  void WirePoints();
+  void Choose(Way way);
+  void Choose(Scope scope);
+  void ShowWay();
+  void ShowUnits();
+  void ShowPoint();
+  void ShowPoints(int chosen);
+  void OfferRates();
+  void SetPoint(std::int32_t ms);
+  void Follow(const Splice& splice);
+  /// What is asked for has changed: the list and the result follow.
+  void Refresh();
+  Asked AskedMap() const;
+  Asked AskedShift() const;
+  Asked AskedRatio() const;
+  Asked AskedRates() const;
+  Asked AskedPoints() const;
+  bool IsChosen(Row row) const;
+  RetimeRows ChosenRows() const;
+  /// The rate in which frames are counted: the film's, else the document's; none when neither is known.
+  FrameRate RateOfFrames() const;
+  void Apply();
+
+  Workbench bench_;
+  const FormatState& formats_;
+  const Languages& languages_;
+  const Player& player_;
+  Way way_ = Way::Shift;
+  Scope scope_ = Scope::All;
+  Row here_ = 1;               ///< the row that "from here on" means
+  std::vector<Row> selected_;  ///< the rows that "the selected ones" means, in order
+  RetimePoints points_;
+  std::optional<TimeMap> map_;
+  std::vector<Connection> connections_;  ///< to the list, while the window is loaded
+};
+
+}  // namespace cuewright

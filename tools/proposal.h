@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "core/caption_list.h"
+
+namespace cuewright {
+
+/// A change of one caption that is shown before it is made.
+struct Proposal {
+  Row row = 0;
+  std::optional<Caption> after;  ///< nothing: the caption goes
+
+  bool operator==(const Proposal&) const = default;
+};
+
+/// Makes the changes, which are in order of their rows with one a row at most, as one command and one change of the
+/// list. Gives how many captions changed or went.
+int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposals);
+
+/// All rows of a list, for what is done to all.
+std::vector<Row> AllRows(const CaptionList& list);
+
+}  // namespace cuewright

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "forms/retime_window.h"
+#include "ui/tool_view.h"
+
+class QGridLayout;
+
+namespace cuewright {
+
+/// The window `frmRetime` on the toolkit.
+class RetimeView final : public ToolView {
+ public:
+  RetimeView(RetimeWindow& form, QWidget* owner);
+
+ private:
+  QWidget* MakeWays();
+  /// The controls of the four ways, each in the place of the others.
+  QWidget* MakePages();
+  void FillShift(QWidget* page);
+  void FillRatio(QWidget* page);
+  void FillRates(QWidget* page);
+  void FillPoints(QWidget* page);
+  QWidget* MakeScope();
+  QWidget* MakeButtons();
+  QLabel* MakeLabelOf(Label& label, QWidget* widget);
+
+  RetimeWindow& form_;
+};
+
+}  // namespace cuewright
