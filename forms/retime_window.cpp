@@ -46,7 +46,7 @@ void RetimeWindow::Wire() {
   optPoints.Clicked.Connect([this] { Choose(Way::Points); });
   optAll.Clicked.Connect([this] { Choose(Scope::All); });
   optSelected.Clicked.Connect([this] {
-    selected_ = {bench_.list.Selected()};
+    selected_ = bench_.list.SelectedRows().Rows();
     Choose(Scope::Selected);
   });
   optFromHere.Clicked.Connect([this] {
@@ -98,9 +98,10 @@ void RetimeWindow::Load() {
   txtRatio.SetText({});
   points_.Clear();
   way_ = Way::Shift;
-  scope_ = Scope::All;
   here_ = bench_.list.Selected();
-  selected_ = {here_};
+  selected_ = bench_.list.SelectedRows().Rows();
+  // Who has selected several means these.
+  scope_ = selected_.size() > 1 ? Scope::Selected : Scope::All;
   ShowUnits();
   cboUnit.SetIndex(Clock);
   cboDirection.SetItems({bench_.strings[Message::RetimeLater], bench_.strings[Message::RetimeEarlier]});

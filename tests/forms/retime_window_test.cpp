@@ -211,6 +211,19 @@ TEST_F(RetimeInTheWindow, TakesTheSelectedCaptionAlone) {
   EXPECT_FALSE(Retime().cmdOK.Enabled());
 }
 
+TEST_F(RetimeInTheWindow, BeginsWithTheSelectedCaptionsWhenThereAreSeveral) {
+  RowSet rows(2, 3);
+  rows.Add(5, 5);
+  List().SelectRows(rows, 3, false);
+  Shift(u"0.1");
+  EXPECT_TRUE(Retime().optSelected.Value());
+  EXPECT_EQ(Retime().optSelected.GetText(), u"The 3 selected ones");
+  EXPECT_EQ(Shown(), (std::vector<std::int32_t>{1100, 2200, 3200, 4100, 5200}));
+  Retime().cmdOK.Click();
+  EXPECT_EQ(Starts(), (std::vector<std::int32_t>{1100, 2200, 3200, 4100, 5200}));
+  EXPECT_EQ(program->history.UndoSteps(), 1u);
+}
+
 TEST_F(RetimeInTheWindow, FollowsWhatIsDoneInTheListMeanwhile) {
   List().SetRow(4, false);
   Shift(u"1");
