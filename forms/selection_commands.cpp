@@ -9,7 +9,7 @@
 #include "core/caption_time.h"
 #include "core/numbers.h"
 #include "core/style_markers.h"
-#include "formats/document_marks.h"
+#include "formats/source/source_map.h"
 
 namespace cuewright {
 namespace {
@@ -129,7 +129,7 @@ void SelectionCommands::ChangeCase(LetterCase wanted) {
 
 ClipboardCaptions SelectionCommands::Taken() const {
   ClipboardCaptions taken;
-  taken.marks = MarksOfTexts(formats_);
+  taken.marks = MarksOf(formats_.Source.get());
   const Text& separator = bench_.options.lineSeparator;
   for (const Row row : Rows().Rows()) {
     const Caption& caption = bench_.list.At(row);
@@ -151,7 +151,7 @@ void SelectionCommands::Cut() {
 
 void SelectionCommands::Paste() {
   CaptionList& list = bench_.list;
-  const MarkKind marks = MarksOfTexts(formats_);
+  const MarkKind marks = MarksOf(formats_.Source.get());
   ClipboardCaptions given;
   if (auto captions = ReadCaptions(ports_.desktop.ClipboardCaptions())) {
     given = std::move(*captions);
@@ -169,7 +169,7 @@ void SelectionCommands::Paste() {
   }
   Losses losses;
   for (Caption& caption : given.captions) {
-    if (given.marks != marks) caption.text = ConvertMarks(caption.text, given.marks, marks, u"\n", losses);
+    if (given.marks != marks) caption.text = ConvertWithin({caption.text}, given.marks, marks, u"\n", losses);
     caption.text = ReplaceAll(caption.text, u"\n", bench_.options.lineSeparator);
   }
   const Row first = blank ? 1 : std::min(Rows().Last(), list.Rows() - 1) + 1;
@@ -282,7 +282,7 @@ void SelectionCommands::Join() {
   Caption caption = list.At(rows.First());
   for (const Caption& one : taken.captions) {
     if (!joined.runs.empty()) joined.runs.push_back({u"\n", {}});
-    StyledText part = ReadMarks(MarkedText{one.text, {}, kUsualPlace}, taken.marks, u"\n");
+    StyledText part = ReadMarks(MarkedText{one.text}, taken.marks, u"\n");
     joined.runs.insert(joined.runs.end(), part.runs.begin(), part.runs.end());
     if (caption.start == 0 || (one.start > 0 && one.start < caption.start)) caption.start = one.start;
     caption.end = std::max(caption.end, one.end);

@@ -363,6 +363,7 @@ TEST_F(Unload, StoresTheWindowUnlessItIsMinimised) {
 }
 
 TEST_F(Grid, ACaptionIsReadOutWithItsTimes) {
+  program->grid.SetFindings(nullptr);
   List().Replace(1, 1, {{100, 9437, u"<i>My name is|Ann<b>"}, {0, 0, u"100%4"}, {6500, 9400, u""}});
   EXPECT_EQ(program->grid.SpokenCaption(1), u"1, 0.1 to 9.4 seconds, My name is Ann");
   EXPECT_EQ(program->grid.SpokenCaption(2), u"2, without times, 100%4");

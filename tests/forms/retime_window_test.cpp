@@ -250,6 +250,7 @@ TEST_F(RetimeInTheWindow, ClosesWithTheDocument) {
 }
 
 TEST_F(RetimeInTheWindow, SpeaksTheTimesThatItShows) {
+  program->grid.SetFindings(nullptr);
   Shift(u"1");
   EXPECT_EQ(ToUtf8(program->grid.SpokenCaption(1)), "1, 2.1 to 2.9 seconds, line 1");
 }

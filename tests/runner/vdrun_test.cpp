@@ -113,7 +113,7 @@ TEST_F(Vdrun, ASignalCancelsAndLeavesNothing) {
     }
     const auto working = [&] {
       for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-        if (entry.path().filename().string().starts_with(".cuewright") && entry.file_size() > 0) return true;
+        if (entry.path().filename().string().starts_with(".cuewright")) return true;
       }
       return false;
     };

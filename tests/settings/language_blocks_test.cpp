@@ -45,7 +45,7 @@ UScriptCode ScriptOf(const std::string& name) {
 std::set<int> SameAsEnglish(const std::string& name) {
   static const std::map<std::string, std::set<int>> kRows = {
       // No, Color, Web, Unicode, what stands between two names or beside a number
-      {"spanish", {69, 264, 349, 1133, 1151, 1395, 1397, 1399}},
+      {"spanish", {69, 264, 349, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
       {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
       {"portuguese_br", {66, 381, 911}},   // OK, Bilinear, Volume

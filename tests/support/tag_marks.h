@@ -7,14 +7,31 @@
 
 namespace cuewright::testing {
 
-/// Marks of a format in which whatever looks like a tag is one and has no meaning.
+/// Marks of a format in which whatever looks like a tag is one; "<b>", "<i>" and "<u>" are styles up to their closing
+/// tag.
 class TagMarks final : public CaptionMarks {
  public:
-  SeenCaption Read(TextView stored, TextView separator) const override {
-    std::vector<TextPlace> places;
-    return {{{ReadPlaces(stored, separator, places), {}}}, kUsualPlace};
+  SeenCaption Read(TextView stored, TextView /*separator*/) const override {
+    SeenCaption seen;
+    RunStyle style;
+    for (std::size_t at = 0; at < stored.size();) {
+      const TextView rest = stored.substr(at);
+      const std::size_t tag = TagLength(rest);
+      if (tag == 0) {
+        if (seen.runs.empty() || seen.runs.back().style != style) seen.runs.push_back({{}, style});
+        seen.runs.back().text += rest.front();
+        ++at;
+        continue;
+      }
+      const bool on = !rest.starts_with(u"</");
+      const char16_t name = rest[on ? 1 : 2];
+      if (name == u'b') style.bold = on;
+      if (name == u'i') style.italic = on;
+      if (name == u'u') style.underline = on;
+      at += tag;
+    }
+    return seen;
   }
-
   Text ReadPlaces(TextView stored, TextView /*separator*/, std::vector<TextPlace>& places) const override {
     Text seen;
     places.clear();
@@ -29,7 +46,6 @@ class TagMarks final : public CaptionMarks {
     }
     return seen;
   }
-
   Text WithoutStyle(TextView stored, TextView /*marker*/, TextView /*separator*/) const override {
     return Text(stored);
   }

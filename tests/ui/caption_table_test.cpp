@@ -184,9 +184,10 @@ TEST_F(ListLooks, TheColumnsAreAsTheUserArrangesThem) {
 
 TEST_F(ListLooks, FindingsAreSeenAndToldAndRead) {
   SomeFindings findings;
+  program->grid.SetFindings(&findings);
   const QImage before = PictureOf(3);
   findings.reasons[3] = u"24 characters a second, at most 17\nthe gap is too short";
-  program->grid.SetFindings(&findings);
+  program->grid.ShowRowsAnew(3, 3);
   EXPECT_NE(PictureOf(3), before);
   const QModelIndex cell = table->model()->index(2, 6);
   EXPECT_TRUE(cell.data(Qt::ToolTipRole).toString().startsWith("24 characters"));
