@@ -69,7 +69,7 @@ void SplitAndJoin(benchmark::State& state) {
   const Row row = desk.list.Rows() / 2;
   for (auto _ : state) {
     SplitAtPlace(desk.list, row, 6);
-    JoinCaptions(desk.list, row, row + 1, JoinAs::Lines);
+    JoinCaptions(desk.list, {row, row + 1}, JoinAs::Lines);
     desk.list.SetCaptionText(row, u"A line of some length");
   }
 }

@@ -117,12 +117,14 @@ class MainWindow final : public Form {
   MenuItem mnuInsertAtFilm{*this, "mnuInsertAtFilm", &mnuAdd};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
+  MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuAdd};
   MenuItem mnuEditSelected{*this, "mnuEditSelected", &mnuEdit};
   MenuItem mnuRemove{*this, "mnuRemove", &mnuEdit};
-  MenuItem mnuJoinSelected{*this, "mnuJoinSelected", &mnuEdit};
-  MenuItem mnuMoveUp{*this, "mnuMoveUp", &mnuEdit};
-  MenuItem mnuMoveDown{*this, "mnuMoveDown", &mnuEdit};
-  MenuItem mnuSortByStart{*this, "mnuSortByStart", &mnuEdit};
+  MenuItem mnuOrder{*this, "mnuOrder", &mnuEdit};
+  MenuItem mnuMoveUp{*this, "mnuMoveUp", &mnuOrder};
+  MenuItem mnuMoveDown{*this, "mnuMoveDown", &mnuOrder};
+  MenuItem mnuSortByStart{*this, "mnuSortByStart", &mnuOrder};
+  MenuItem mnuSwapTexts{*this, "mnuSwapTexts", &mnuOrder};
   MenuItem mnuLetterCase{*this, "mnuLetterCase", &mnuEdit};
   MenuItem mnuUpperCase{*this, "mnuUpperCase", &mnuLetterCase};
   MenuItem mnuLowerCase{*this, "mnuLowerCase", &mnuLetterCase};
@@ -132,13 +134,11 @@ class MainWindow final : public Form {
   MenuItem mnuSplitAtCaret{*this, "mnuSplitAtCaret", &mnuSplit};
   MenuItem mnuSplitAtFilm{*this, "mnuSplitAtFilm", &mnuSplit};
   MenuItem mnuJoin{*this, "mnuJoin", &mnuEdit};
+  MenuItem mnuJoinSelected{*this, "mnuJoinSelected", &mnuJoin};
   MenuItem mnuJoinNext{*this, "mnuJoinNext", &mnuJoin};
   MenuItem mnuJoinPrevious{*this, "mnuJoinPrevious", &mnuJoin};
   MenuItem mnuDialogueNext{*this, "mnuDialogueNext", &mnuJoin};
   MenuItem mnuDialoguePrevious{*this, "mnuDialoguePrevious", &mnuJoin};
-  MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuEdit};
-  MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuEdit};
-  MenuItem mnuSwapTexts{*this, "mnuSwapTexts", &mnuEdit};
   MenuItem mnuLine1{*this, "mnuLine1", &mnuEdit};
   MenuItem mnuFind{*this, "mnuFind", &mnuEdit};
   MenuItem mnuReplace{*this, "mnuReplace", &mnuEdit};
@@ -148,9 +148,11 @@ class MainWindow final : public Form {
   MenuItem mnuNextUntimed{*this, "mnuNextUntimed", &mnuEdit};
   MenuItem mnuLine1b{*this, "mnuLine1b", &mnuEdit};
   MenuItem mnuAppend{*this, "mnuAppend", &mnuEdit};
-  MenuItem mnuShift{*this, "mnuShift", &mnuEdit};
   MenuItem mnuDelay{*this, "mnuDelay", &mnuEdit};
-  MenuItem mnuRetime{*this, "mnuRetime", &mnuEdit};
+  MenuItem mnuTimes{*this, "mnuTimes", &mnuEdit};
+  MenuItem mnuShift{*this, "mnuShift", &mnuTimes};
+  MenuItem mnuRetime{*this, "mnuRetime", &mnuTimes};
+  MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuTimes};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

@@ -44,9 +44,9 @@ void CaptionShaping::ShowItems() {
   MainWindow& w = bench_.window;
   const bool shown = bench_.options.manner.ShapesCaptions();
   for (MenuItem* item :
-       {&w.mnuInsertAbove, &w.mnuInsertBelow, &w.mnuInsertAtFilm, &w.mnuSplit, &w.mnuSplitAtCaret, &w.mnuSplitAtFilm,
-        &w.mnuJoin, &w.mnuJoinNext, &w.mnuJoinPrevious, &w.mnuDialogueNext, &w.mnuDialoguePrevious, &w.mnuDuplicate,
-        &w.mnuMeetNext, &w.mnuSwapTexts, &w.mnuLine1e, &w.mnuRetime}) {
+       {&w.mnuOrder, &w.mnuTimes, &w.mnuInsertAbove, &w.mnuInsertBelow, &w.mnuInsertAtFilm, &w.mnuSplit,
+        &w.mnuSplitAtCaret, &w.mnuSplitAtFilm, &w.mnuJoin, &w.mnuJoinNext, &w.mnuJoinPrevious, &w.mnuDialogueNext,
+        &w.mnuDialoguePrevious, &w.mnuDuplicate, &w.mnuMeetNext, &w.mnuSwapTexts, &w.mnuLine1e, &w.mnuRetime}) {
     item->SetVisible(shown);
   }
   // Here a new caption is typed in the pane; the classic one asks for its text in a box.
@@ -94,8 +94,9 @@ void CaptionShaping::SplitAtFilm() {
 }
 
 void CaptionShaping::Join(Row first, JoinAs as) {
-  Run(EditKind::JoinNeighbor, Message::NoCaptionThere,
-      [&] { return RowIf(first, JoinCaptions(bench_.list, first, first + 1, as)); });
+  Run(EditKind::JoinNeighbor, Message::NoCaptionThere, [&] {
+    return RowIf(first, JoinCaptions(bench_.list, {first, first + 1}, as));
+  });
 }
 
 void CaptionShaping::Duplicate() {

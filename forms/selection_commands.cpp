@@ -10,6 +10,7 @@
 #include "core/numbers.h"
 #include "core/style_markers.h"
 #include "formats/source/source_map.h"
+#include "tools/join_captions.h"
 
 namespace cuewright {
 namespace {
@@ -276,27 +277,8 @@ void SelectionCommands::SortByStart() {
 void SelectionCommands::Join() {
   CaptionList& list = bench_.list;
   const RowSet rows = Rows();
-  if (rows.Count() < 2) return;
-  const ClipboardCaptions taken = Taken();
-  StyledText joined;
-  Caption caption = list.At(rows.First());
-  for (const Caption& one : taken.captions) {
-    if (!joined.runs.empty()) joined.runs.push_back({u"\n", {}});
-    StyledText part = ReadMarks(MarkedText{one.text}, taken.marks, u"\n");
-    joined.runs.insert(joined.runs.end(), part.runs.begin(), part.runs.end());
-    if (caption.start == 0 || (one.start > 0 && one.start < caption.start)) caption.start = one.start;
-    caption.end = std::max(caption.end, one.end);
-  }
-  LossSet losses;
-  caption.text = ReplaceAll(WriteMarks(joined, taken.marks, u"\n", losses).text, u"\n", bench_.options.lineSeparator);
-  std::vector<Caption> left = {std::move(caption)};
-  for (Row row = rows.First(); row <= rows.Last(); ++row) {
-    if (!rows.Has(row)) left.push_back(list.At(row));
-  }
   const EditScope scope(list, EditKind::Join);
-  list.Replace(rows.First(), rows.Last() - rows.First() + 1, std::move(left));
-  list.SelectRows(RowSet(rows.First()), rows.First(), true);
-  list.SetModified();
+  if (JoinCaptions(list, rows, JoinAs::Lines)) list.SelectRows(RowSet(rows.First()), rows.First(), true);
 }
 
 }  // namespace cuewright

@@ -39,6 +39,8 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuMoveUp, Message::MoveUp},
                               {w.mnuMoveDown, Message::MoveDown},
                               {w.mnuSortByStart, Message::SortByStart},
+                              {w.mnuOrder, Message::OrderMenu},
+                              {w.mnuTimes, Message::TimesMenu},
                               {w.mnuLetterCase, Message::LetterCase},
                               {w.mnuUpperCase, Message::UpperCase},
                               {w.mnuLowerCase, Message::LowerCase},

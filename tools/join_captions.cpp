@@ -87,18 +87,26 @@ Text Joined(const CaptionList& list, std::vector<Text> texts, JoinAs as) {
 
 }  // namespace
 
-bool JoinCaptions(CaptionList& list, Row first, Row last, JoinAs as) {
-  if (!list.InRange(first) || !list.InRange(last) || first >= last) return false;
+bool JoinCaptions(CaptionList& list, const RowSet& rows, JoinAs as) {
+  const Row first = rows.First();
+  const Row last = rows.Last();
+  if (!list.InRange(first) || !list.InRange(last) || first == last) return false;
   std::vector<Text> texts;
+  std::vector<Caption> left(1);
   Caption whole = list.At(first);
   for (Row row = first; row <= last; ++row) {
     const Caption& each = list.At(row);
+    if (!rows.Has(row)) {
+      left.push_back(each);
+      continue;
+    }
     texts.push_back(each.text);
     if (each.start > 0 && (whole.start == 0 || each.start < whole.start)) whole.start = each.start;
     whole.end = std::max(whole.end, each.end);
   }
   whole.text = Joined(list, std::move(texts), as);
-  list.Replace(first, last - first + 1, {std::move(whole)});
+  left.front() = std::move(whole);
+  list.Replace(first, last - first + 1, std::move(left));
   list.SetModified();
   return true;
 }

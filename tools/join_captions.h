@@ -11,9 +11,9 @@ enum class JoinAs : std::uint8_t {
   Dialogue,  ///< a line each, behind a dash
 };
 
-/// Makes one caption of the rows from `first` to `last`, both in range. It lasts from the first start to the last end,
-/// and keeps the styles that each had as a whole. False, and nothing happens, when there is nothing to join.
-bool JoinCaptions(CaptionList& list, Row first, Row last, JoinAs as);
+/// Makes one caption of these rows, in the place of the first. It lasts from the first start to the last end, and keeps
+/// the styles that each had as a whole. False, and nothing happens, unless there are two of them and all in range.
+bool JoinCaptions(CaptionList& list, const RowSet& rows, JoinAs as);
 
 /// Lets a caption end where the next row starts. False, and nothing happens, unless both have times in this order.
 bool MeetNext(CaptionList& list, Row row);

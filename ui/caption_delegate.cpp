@@ -227,7 +227,7 @@ int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
       usual = ToQt(LengthCell(12345, times));
       break;
     default:
-      usual = "88.8";
+      usual = "188.8";
   }
   const QString heading = ToQt(grid_.Headings()[static_cast<std::size_t>(column)]);
   return std::max(FiguresWidth(metrics, usual), metrics.horizontalAdvance(heading)) + 2 * kPadding + 4;

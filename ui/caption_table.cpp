@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
 #include <iterator>
@@ -22,6 +23,9 @@ namespace {
 constexpr int kClassicPadding = 6;
 constexpr int kCalmPadding = 11;
 constexpr int kClassicColumns = 4;
+constexpr int kLeastText = 140;
+/// A narrow list does without these, in this order, so that the text can be read.
+constexpr ListColumn kFirstToGo[] = {ListColumn::Gap, ListColumn::Duration, ListColumn::Speed, ListColumn::End};
 
 /// Keys that go through the rows; the names of how a table's cursor moves are the toolkit's.
 constexpr std::pair<int, bool> kSteps[] = {{Qt::Key_Up, false},      {Qt::Key_Down, true},  {Qt::Key_PageUp, false},
@@ -137,17 +141,38 @@ void CaptionTable::ShowFont() {
   verticalHeader()->setDefaultSectionSize(rowHeight);
 }
 
+int CaptionTable::WidthOf(const ColumnOrder::Place& column) const {
+  return column.width > 0 ? column.width : delegate_->UsualWidth(column.column, font());
+}
+
+std::vector<ListColumn> CaptionTable::Crowded() const {
+  int left = viewport()->width();
+  for (const ColumnOrder::Place& column : grid_.Columns().All()) {
+    if (column.shown && column.column != ListColumn::Words) left -= WidthOf(column);
+  }
+  std::vector<ListColumn> crowded;
+  for (const ListColumn column : kFirstToGo) {
+    if (left >= kLeastText) break;
+    const ColumnOrder::Place& place = grid_.Columns().Of(column);
+    if (!place.shown) continue;
+    left += WidthOf(place);
+    crowded.push_back(column);
+  }
+  return crowded;
+}
+
 void CaptionTable::ShowColumns() {
   QHeaderView& header = *horizontalHeader();
+  const std::vector<ListColumn> crowded = Crowded();
   int place = 0;
   for (const ColumnOrder::Place& column : grid_.Columns().All()) {
     const int section = static_cast<int>(column.column);
     header.moveSection(header.visualIndex(section), place++);
-    header.setSectionHidden(section, !column.shown);
+    header.setSectionHidden(section, !column.shown || std::ranges::count(crowded, column.column) != 0);
     const bool text = column.column == ListColumn::Words;
     header.setSectionResizeMode(section, text ? QHeaderView::Stretch : QHeaderView::Interactive);
-    if (!text && column.shown) {
-      setColumnWidth(section, column.width > 0 ? column.width : delegate_->UsualWidth(column.column, font()));
+    if (!text && !header.isSectionHidden(section)) {
+      setColumnWidth(section, WidthOf(column));
     }
   }
 }
@@ -239,6 +264,10 @@ void CaptionTable::NoteMetrics() {
 void CaptionTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   if (!grid_.Active()) setColumnWidth(0, width() - 4);
+  if (grid_.Active() && grid_.IsWorkbench()) {
+    const QScopedValueRollback following(following_, true);
+    ShowColumns();
+  }
   NoteMetrics();
 }
 

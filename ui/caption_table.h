@@ -48,6 +48,9 @@ class CaptionTable final : public QTableView {
   void ShowState();
   void ShowFont();
   void ShowColumns();
+  int WidthOf(const ColumnOrder::Place& column) const;
+  /// The columns that a narrow list has no room for.
+  std::vector<ListColumn> Crowded() const;
   void ShowClassicColumns();
   void ShowMissed();
   void TakeColumns(int section, int width);

@@ -19,7 +19,7 @@ CheckView::CheckView(CheckWindow& form, QWidget* owner) : ToolView(form, owner),
   column->addWidget(Bind(form.lblTotal, PlainLabel(this)));
   column->addWidget(MakeFix());
   column->addWidget(MakeFoot());
-  resize(620, 560);
+  resize(620, 460);
   list->setFocus();
 }
 

@@ -126,7 +126,7 @@ def a_plain_text_holds_no_times(s):
     before = s.open_document("Hello", "there")
     desktop.key("ctrl+shift+s")
     s.export_dialog("Plain")
-    s.box("can't hold times", "Save")
+    s.box("Not all that the captions have", "Save")
     s.save_dialog(s.path("lines.txt"))
     desktop.wait_for("the saved text", lambda: os.path.exists(s.path("lines.txt")))
     # The times are in no file that this document has.

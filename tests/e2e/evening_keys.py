@@ -45,6 +45,7 @@ def a_pushed_list_survives_the_end_of_the_program(s):
     # All but the times is as it was.
     bare = re.compile(r"\d\d:\d\d:\d\d,\d{3}")
     assert bare.sub("", pushed) == bare.sub("", MARKED), pushed
+    desktop.wait_for("a journal of what is saved", lambda: not s.journals())
     s.keys("alt+3")
     desktop.wait_for("a journal of the nudge", s.journals)
     s.program.process.kill()

@@ -178,7 +178,9 @@ class Scene:
         """Opens a menu by its key and walks down to an item."""
         desktop.focus(self.main)
         desktop.key(menu_key)
-        item = desktop.wait_for("the menu with " + name, lambda: self.program.find("menu item", name))
+        # A letter in parentheses, by which the menu chooses an item, is no part of its name.
+        item = desktop.wait_for("the menu with " + name, lambda: next(
+            (item for item in self.program.all("menu item") if re.sub(r"\(\w\)", "", item.name) == name), None))
         for _ in range(30):
             state = item.getState()
             if state.contains(desktop.pyatspi.STATE_FOCUSED) or state.contains(desktop.pyatspi.STATE_SELECTED):

@@ -80,8 +80,8 @@ def main():
         seen = []
         for i in range(bar.childCount):
             top = bar.getChildAtIndex(i)
-            # The letters of the menu bar: File, Edit, fOrmat, View, Tools, Settings, Help.
-            desktop.key("alt+" + "feovtsh"[i])
+            # The letters of the menu bar: File, Edit, fOrmat, View, fIlm, Tools, Settings, Help.
+            desktop.key("alt+" + "feovitsh"[i])
             walk(popup_of(top), top.name, seen)
             desktop.key("Escape")
             desktop.key("Escape")

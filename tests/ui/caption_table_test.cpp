@@ -182,6 +182,24 @@ TEST_F(ListLooks, TheColumnsAreAsTheUserArrangesThem) {
   EXPECT_EQ(all, table->viewport()->width());
 }
 
+TEST_F(ListLooks, ANarrowListKeepsRoomForTheText) {
+  const QHeaderView& header = *table->horizontalHeader();
+  const Text arranged = program->options.listColumns;
+  const auto shown = [&](ListColumn column) { return !header.isSectionHidden(static_cast<int>(column)); };
+  for (const auto& [width, gap, duration, speed, end] : std::initializer_list<std::tuple<int, bool, bool, bool, bool>>{
+           {900, true, true, true, true}, {340, false, false, false, false}, {900, true, true, true, true}}) {
+    table->resize(width, 300);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown(ListColumn::Gap), gap) << width;
+    EXPECT_EQ(shown(ListColumn::Duration), duration) << width;
+    EXPECT_EQ(shown(ListColumn::Speed), speed) << width;
+    EXPECT_EQ(shown(ListColumn::End), end) << width;
+    EXPECT_TRUE(shown(ListColumn::Number) && shown(ListColumn::Start) && shown(ListColumn::Words)) << width;
+    EXPECT_GE(header.sectionSize(static_cast<int>(ListColumn::Words)), 140) << width;
+  }
+  EXPECT_EQ(program->options.listColumns, arranged) << "what the user chose stays";
+}
+
 TEST_F(ListLooks, FindingsAreSeenAndToldAndRead) {
   SomeFindings findings;
   program->grid.SetFindings(&findings);
