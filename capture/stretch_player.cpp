@@ -1,6 +1,7 @@
 #include "capture/stretch_player.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace cuewright {
 namespace {
@@ -13,7 +14,7 @@ bool IsAtRest(int state) { return state == kPlayerPaused || state == kPlayerStop
 StretchPlayer::StretchPlayer(Player& player, Timer& timer) : player_(player), timer_(timer) {
   timer_.Tick.Connect([this] { Tick(); });
   seeks_ = player_.PositionChange.ConnectScoped([this](double, double to) {
-    const bool own = stretch_ && static_cast<std::int32_t>(to * 1000 + 0.5) == stretch_->from;
+    const bool own = stretch_ && std::llround(to * 1000) == stretch_->from;
     if (!seeking_ && !own) Leave();
   });
   states_ = player_.PlayStateChange.ConnectScoped([this](int state) {

@@ -1,5 +1,6 @@
 #include "ui/main_window_view.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
