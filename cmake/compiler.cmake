@@ -13,6 +13,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(cuewright_compiler INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-maybe-uninitialized)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # Of signs GCC's -Wconversion says nothing in C++.
+  target_compile_options(cuewright_compiler INTERFACE -Wno-sign-conversion)
+endif()
+
 if(CUEWRIGHT_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   if(CUEWRIGHT_FUZZ)
