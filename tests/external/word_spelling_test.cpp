@@ -23,7 +23,7 @@ struct FakeWord final : WordAutomation {
     void FileNewDefault() override { word.Note(u"FileNewDefault"); }
     void EditSelectAll() override { word.Note(u"EditSelectAll"); }
     void EditCut() override { word.Note(u"EditCut"); }
-    void Insert(TextView text) override { word.Note(u"Insert " + Text(text)); }
+    void Insert(TextView given) override { word.Note(u"Insert " + Text(given)); }
     void StartOfDocument() override { word.Note(u"StartOfDocument"); }
     void ToolsSpelling() override { word.Note(u"ToolsSpelling"); }
     Text Selection() override {
@@ -37,7 +37,7 @@ struct FakeWord final : WordAutomation {
 
   struct Document final : WordDocument {
     explicit Document(FakeWord& made) : word(made) {}
-    void SetContent(TextView text) override { word.Note(u"Content=" + Text(text)); }
+    void SetContent(TextView given) override { word.Note(u"Content=" + Text(given)); }
     Text Content() override {
       word.Note(u"Content");
       return word.text;
