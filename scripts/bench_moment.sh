@@ -33,7 +33,7 @@ run caption_list "$bin/bench_caption_list" $moment
 run formats "$bin/bench_formats" $moment
 run hostile "$bin/bench_hostile" --moment
 run whole_process "$bin/formats_whole_process" "$bin" "$work" 1
-run check "$bin/bench_check" resources
+run check "$bin/bench_check" resources --moment
 run breaks "$bin/bench_breaks" resources bench/breaks/en.txt bench/breaks/es.txt bench/breaks/de.txt bench/breaks/fr.txt
 run rules "$bin/bench_rules" --moment
 run rules_window "$bin/bench_rules_window" --moment

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "check/fixes.h"
@@ -22,14 +23,18 @@ namespace {
 
 using namespace cuewright;
 
-constexpr int kCaptions = 32000;
-constexpr int kRuns = 9;
+/// How many captions, and how often each work is done.
+struct Extent {
+  int captions = 32000;
+  int runs = 9;
+};
+constexpr Extent kMoment{2000, 1};
 
 /// Captions of usual lengths; of every ten one has italics, one is shown too briefly and one has a line too long.
-std::vector<Caption> MakeCaptions() {
+std::vector<Caption> MakeCaptions(int count) {
   std::vector<Caption> captions;
-  captions.reserve(kCaptions);
-  for (int i = 0; i < kCaptions; ++i) {
+  captions.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) {
     const std::int32_t start = 1000 + i * 3000;
     Caption caption{start, start + 2600, u"Nobody leaves this house|until the storm has passed, " + Decimal(i)};
     if (i % 10 == 1) caption.text = u"<i>Good evening,</i> Inspector.";
@@ -49,15 +54,16 @@ double ProcessorMs() {
 
 /// The median in ms of processor time of what `work` takes.
 template <class Work>
-double Median(Work work) {
+double MedianOf(int runs, Work work) {
   std::vector<double> times;
-  for (int run = 0; run < kRuns; ++run) {
+  for (int run = 0; run < runs; ++run) {
     const double began = ProcessorMs();
     work();
     times.push_back(ProcessorMs() - began);
   }
-  std::ranges::nth_element(times, times.begin() + kRuns / 2);
-  return times[kRuns / 2];
+  const auto middle = times.begin() + runs / 2;
+  std::ranges::nth_element(times, middle);
+  return *middle;
 }
 
 void Tell(const char* what, double ms, double limit) {
@@ -69,10 +75,13 @@ void Tell(const char* what, double ms, double limit) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: bench_check RESOURCES\n");
+  const bool moment = argc == 3 && std::string_view(argv[2]) == "--moment";
+  if (argc != 2 && !moment) {
+    std::fprintf(stderr, "usage: bench_check RESOURCES [--moment]\n");
     return 2;
   }
+  const Extent extent = moment ? kMoment : Extent();
+  const auto median = [&](auto work) { return MedianOf(extent.runs, work); };
   const PosixFiles files;
   std::string problem;
   const auto rules = HouseRulesShelf(files, FromUtf8(argv[1]) + u"/").Read(u"streaming-en", problem);
@@ -87,23 +96,23 @@ int main(int argc, char** argv) {
   bool modified = false;
   CaptionList list(options, modified);
   list.SetMarks(marks);
-  list.Replace(1, 1, MakeCaptions());
+  list.Replace(1, 1, MakeCaptions(extent.captions));
 
   std::size_t found = 0;
-  Tell("check of all", Median([&] { found = Checker(*rules, {}).CheckAll(list).size(); }), 50);
+  Tell("check of all", median([&] { found = Checker(*rules, {}).CheckAll(list).size(); }), 50);
   std::printf("  findings: %zu\n", found);
 
   LiveFindings live(list);
   live.SetRules(*rules, {});
   static_cast<void>(live.All());
   Row row = 100;
-  Tell("check after a change of one", Median([&] {
+  Tell("check after a change of one", median([&] {
          row += 1000;
          list.SetCaptionEnd(row, list.GetCaptionEnd(row) + 10);
          for (Row near = row - 1; near <= row + 1; ++near) found = live.Of(near).size();
        }),
        1);
-  Tell("check after an insertion", Median([&] {
+  Tell("check after an insertion", median([&] {
          list.AddCaption(1, 2, u"a", 500);
          for (Row near = 499; near <= 501; ++near) found = live.Of(near).size();
        }),
@@ -114,18 +123,18 @@ int main(int argc, char** argv) {
     TextReplacer replacer(order, options.lineSeparator, &marks);
     found = ProposeReplacements(list, rows, replacer).size();
   };
-  Tell("a word in all", Median([&] { replace({u"storm", u"wind"}); }), 100);
-  Tell("a pattern with groups in all", Median([&] { replace({u"(\\w+) house", u"$1 cellar", true}); }), 100);
-  Tell("a pattern found nowhere", Median([&] { replace({u"[xyz]{4}\\d", u"", true}); }), 100);
+  Tell("a word in all", median([&] { replace({u"storm", u"wind"}); }), 100);
+  Tell("a pattern with groups in all", median([&] { replace({u"(\\w+) house", u"$1 cellar", true}); }), 100);
+  Tell("a pattern found nowhere", median([&] { replace({u"[xyz]{4}\\d", u"", true}); }), 100);
 
-  Tell("line breaks of all", Median([&] {
+  Tell("line breaks of all", median([&] {
          LineBreaker breaker(*rules);
          found = ProposeBreaks(list, rows, breaker).size();
        }),
        0);
   CleaningChoice all;
   all.fill(true);
-  Tell("cleaning of all, all kinds", Median([&] { found = Cleaner(*cleaning, all).Propose(list, rows).size(); }), 0);
-  Tell("fixes of all", Median([&] { found = Fixer(*rules, {}).ProposeAll(list).size(); }), 0);
+  Tell("cleaning of all, all kinds", median([&] { found = Cleaner(*cleaning, all).Propose(list, rows).size(); }), 0);
+  Tell("fixes of all", median([&] { found = Fixer(*rules, {}).ProposeAll(list).size(); }), 0);
   return 0;
 }
