@@ -38,7 +38,7 @@ ProposalsDialog::ProposalsDialog(const CaptionList& list, const LangStrings& str
   for (CheckBox& kind : chkKind) kind.Clicked.Connect([this] { Asked(); });
   for (ComboBox* box : {&cmbScope, &cmbLanguage}) box->Chosen.Connect([this] { Asked(); });
   for (const auto& [button, ticked] : {std::pair<Button*, bool>{&cmdAll, true}, {&cmdNone, false}}) {
-    button->Clicked.Connect([this, ticked] {
+    button->Clicked.Connect([this, ticked = ticked] {
       lstProposals.TickAll(ticked);
       ShowTotal();
     });
