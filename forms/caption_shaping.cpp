@@ -1,13 +1,12 @@
 #include "forms/caption_shaping.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
+
+#include "capture/film_position.h"
 
 namespace cuewright {
 namespace {
-
-constexpr double kMsPerSecond = 1000;
 
 /// The caret of the pane, counted in a text with a single character for each line end.
 std::size_t CaretOf(const TextBox& pane) {
@@ -122,9 +121,7 @@ void CaptionShaping::Tell(Message message) {
   messages_.Show({bench_.strings[message], BoxIcon::Information});
 }
 
-std::int32_t CaptionShaping::FilmMs() const {
-  return static_cast<std::int32_t>(std::lround(player_.CurrentPosition() * kMsPerSecond));
-}
+std::int32_t CaptionShaping::FilmMs() const { return FilmPosition(bench_.window, player_); }
 
 Loudness CaptionShaping::SoundOf(Row row) const {
   Loudness sound;

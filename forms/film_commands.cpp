@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "capture/film_position.h"
 #include "core/best_duration.h"
 
 namespace cuewright {
@@ -15,6 +16,8 @@ constexpr std::int32_t kStepMs = 100;
 constexpr std::int32_t kSecondMs = 1000;
 /// A frame of 25 a second.
 constexpr std::int32_t kUsualFrameMs = 40;
+/// The earliest time at which a caption can start.
+constexpr std::int32_t kFirstStart = 1;
 
 std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(seconds * kSecondMs)); }
 
@@ -131,10 +134,7 @@ void FilmCommands::StepFrames(int frames) {
   Seek(FramesFrom(Ms(player_.CurrentPosition()), frames));
 }
 
-std::int32_t FilmCommands::Here() const {
-  const std::optional<double>& instant = bench_.window.inputInstant;
-  return Ms(instant ? player_.PositionAt(*instant) : player_.CurrentPosition());
-}
+std::int32_t FilmCommands::Here() const { return FilmPosition(bench_.window, player_); }
 
 std::int32_t FilmCommands::FramesFrom(std::int32_t ms, int frames) const {
   const FrameRate rate = player_.FramesPerSecond();
@@ -147,7 +147,8 @@ void FilmCommands::PutEdge(Edge edge, std::int32_t ms, Rest rest) {
   CaptionList& list = bench_.list;
   const Row row = list.Selected();
   const CaptionTimes before = list.TimesAt(row);
-  ms = std::max(ms, 0);
+  // A start of 0 would mean that the caption has no times.
+  ms = std::max(ms, kFirstStart);
   const EditScope scope(list, EditKind::SetTimes);
   if (edge == Edge::End) {
     // A caption that would end before it begins stays.
@@ -172,7 +173,7 @@ void FilmCommands::MoveRest(Row from, std::int32_t by) {
   std::vector<CaptionTimes> times;
   for (Row row = from; row < list.Rows(); ++row) {
     CaptionTimes moved = list.TimesAt(row);
-    if (list.IsCaptionTimed(row)) moved = {std::max(moved.start + by, 0), std::max(moved.end + by, 0)};
+    if (list.IsCaptionTimed(row)) moved = {std::max(moved.start + by, kFirstStart), std::max(moved.end + by, 0)};
     times.push_back(moved);
   }
   list.Retime(from, times);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "check/house_rules.h"
+#include "forms/film_rate.h"
 
 namespace cuewright {
 namespace {
@@ -85,16 +86,17 @@ std::vector<HouseRulesName> HouseCheck::Profiles() const {
   return profiles;
 }
 
-FrameRate HouseCheck::RateOfFilm() const {
-  const FrameRate film = player_.FramesPerSecond();
-  return film ? film : formats_.CurrentFps;
-}
+FrameRate HouseCheck::RateOfFilm() const { return FilmOrFileRate(player_, formats_); }
 
 void HouseCheck::FollowFilm() {
   if (!(RateOfFilm() == findings.Rate())) findings.SetRules(findings.Rules(), RateOfFilm());
 }
 
 bool HouseCheck::Take(TextView id) {
+  if (findings.Rules().id == id) {
+    FollowFilm();
+    return true;
+  }
   std::optional<HouseRules> rules = HouseRulesShelf(files_, folders_.AppFolder).Read(id, problem_);
   if (!rules) return false;
   problem_.clear();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/film_rate.h"
+
 namespace cuewright {
 namespace {
 
@@ -33,9 +35,9 @@ ListViewCommands::ListViewCommands(Workbench bench, const FormatState& formats, 
 
 void ListViewCommands::Show() {
   filmRate_ = player_.FramesPerSecond();
-  const FrameRate rate = filmRate_ > 0 ? FrameRate(filmRate_) : formats_.CurrentFps;
   bench_.grid.SetColumns(ColumnOrder(bench_.options.listColumns));
-  bench_.grid.SetTimes({static_cast<TimeForm>(std::min(bench_.options.listTimes, kLastTimes)), rate});
+  bench_.grid.SetTimes(
+      {static_cast<TimeForm>(std::min(bench_.options.listTimes, kLastTimes)), FilmOrFileRate(player_, formats_)});
   ShowItems();
 }
 

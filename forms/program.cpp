@@ -100,7 +100,6 @@ void Program::Connect() {
   shell.Loading.Connect([this] {
     vsFilter.ApplyVSFilterMode();
     ShowManner();
-    shaping.ShowItems();
   });
   spelling.Checked.Connect([this] {
     states.ResetControls();
@@ -108,9 +107,8 @@ void Program::Connect() {
   });
   dialogs.settings.Closed.Connect([this] {
     commands.ShowMarks();
+    // It may have been changed there.
     ShowManner();
-    shaping.ShowItems();
-    ShowProposingItems();
   });
   window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
@@ -119,16 +117,7 @@ void Program::Connect() {
 }
 
 void Program::ConnectCommands() {
-  const auto show = [this] {
-    film.ShowItems();
-    keys.Load();
-    window.mnuKeys.SetVisible(options.manner.HasEditingKeys());
-    window.mnuPalette.SetVisible(options.manner.HasEditingKeys());
-  };
   states.Shown.Connect([this] { film.ShowItems(); });
-  shell.Loading.Connect(show);
-  // The manner may have been changed there.
-  dialogs.settings.Closed.Connect(show);
   window.mnuKeys.Clicked.Connect([this] { keysDialog.Open(window.RightToLeft()); });
   window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });
 }
@@ -136,6 +125,12 @@ void Program::ConnectCommands() {
 void Program::ShowManner() {
   selectionCommands.ShowItems();
   listView.Show();
+  shaping.ShowItems();
+  ShowProposingItems();
+  film.ShowItems();
+  keys.Load();
+  window.mnuKeys.SetVisible(options.manner.HasEditingKeys());
+  window.mnuPalette.SetVisible(options.manner.HasEditingKeys());
 }
 
 void Program::ShowProposingItems() {
@@ -329,7 +324,6 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();
   check.TakeStored();
-  ShowProposingItems();
   return size;
 }
 

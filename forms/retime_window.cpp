@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
+#include "capture/film_position.h"
 #include "core/caption_time.h"
 #include "core/runtime_error.h"
 #include "forms/control_texts.h"
+#include "forms/film_rate.h"
 #include "text/labels.h"
 #include "tools/typed_time.h"
 
@@ -17,7 +18,6 @@ namespace {
 constexpr std::array<TextView, 9> kUsualRates = {u"23.976", u"24", u"25",    u"29.97", u"30",
                                                  u"48",     u"50", u"59.94", u"60"};
 constexpr TextView kCommonRate = u"25";
-constexpr double kMsPerSecond = 1000;
 
 /// A time as it is shown; one that is too large for that is its ms.
 Text ShownTime(std::int32_t ms) {
@@ -77,8 +77,7 @@ void RetimeWindow::WirePoints() {
   cmdSetPoint.Clicked.Connect([this] {
     if (const std::optional<std::int32_t> ms = TypedTime(txtPoint.GetText())) SetPoint(*ms);
   });
-  cmdFilmPoint.Clicked.Connect(
-      [this] { SetPoint(static_cast<std::int32_t>(std::lround(player_.CurrentPosition() * kMsPerSecond))); });
+  cmdFilmPoint.Clicked.Connect([this] { SetPoint(FilmPosition(bench_.window, player_)); });
   lstPoints.Chosen.Connect([this] {
     const auto& points = points_.All();
     if (lstPoints.Index() < 0 || lstPoints.Index() >= std::ssize(points)) return;
@@ -252,10 +251,7 @@ void RetimeWindow::Follow(const Splice& splice) {
   std::erase(selected_, 0);
 }
 
-FrameRate RetimeWindow::RateOfFrames() const {
-  const FrameRate film = player_.FramesPerSecond();
-  return film ? film : formats_.CurrentFps;
-}
+FrameRate RetimeWindow::RateOfFrames() const { return FilmOrFileRate(player_, formats_); }
 
 bool RetimeWindow::IsChosen(Row row) const {
   switch (scope_) {

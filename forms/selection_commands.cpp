@@ -11,30 +11,21 @@
 #include "core/style_markers.h"
 #include "formats/source/source_map.h"
 #include "tools/join_captions.h"
+#include "tools/typed_time.h"
 
 namespace cuewright {
 namespace {
 
-constexpr double kMsASecond = 1000;
-constexpr double kLargestShift = 360000;  // seconds, a hundred hours
+constexpr std::int32_t kLargestShift = 360000000;  // ms, a hundred hours
 
-/// The ms of "1.5", "-0,25" or "00:00:01,500"; empty for any other text.
+/// The ms of a time with or without a sign; empty for any other text.
 std::optional<std::int32_t> ShiftOf(TextView typed) {
-  Text text = ReplaceAll(TrimBlanks(typed), u",", u".");
-  const bool back = text.starts_with(u'-');
-  if (back || text.starts_with(u'+')) text.erase(0, 1);
-  const std::vector<Text> parts = Split(text, u":");
-  if (parts.size() > 3) return {};
-  double seconds = 0;
-  for (const Text& part : parts) {
-    const bool number = !part.empty() && part.find_first_not_of(u"0123456789.") == Text::npos &&
-                        std::ranges::count(part, u'.') <= (&part == &parts.back() ? 1 : 0) && part != u".";
-    if (!number) return {};
-    seconds = seconds * 60 + LeadingNumber(part);
-  }
-  if (seconds > kLargestShift) return {};
-  const auto ms = static_cast<std::int32_t>(std::llround(seconds * kMsASecond));
-  return back ? -ms : ms;
+  typed = TrimBlanks(typed);
+  const bool back = typed.starts_with(u'-');
+  if (back || typed.starts_with(u'+')) typed.remove_prefix(1);
+  const std::optional<std::int32_t> ms = TypedTime(typed);
+  if (!ms || *ms > kLargestShift) return {};
+  return back ? -*ms : *ms;
 }
 
 }  // namespace

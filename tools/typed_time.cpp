@@ -34,6 +34,7 @@ std::optional<std::int32_t> TypedTime(TextView text) {
     const std::optional<std::int32_t> rest = TypedNumber(decimals);
     if (!rest) return {};
     ms = *rest;
+    if (point == 0) return static_cast<std::int32_t>(ms);
     text = text.substr(0, point);
   }
   const std::vector<Text> fields = Split(text, u":");

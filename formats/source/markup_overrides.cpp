@@ -18,18 +18,6 @@ int NumberAt(TextView text) {
 
 bool BeginsWithNumber(TextView text) { return !text.empty() && IsDigit(text.front()); }
 
-/// The older numbers of places: 1 to 3 below, 5 to 7 above, 9 to 11 in the middle.
-int PlaceOfOldNumber(int number) {
-  switch (number & 12) {
-    case 4:
-      return (number & 3) + 6;
-    case 8:
-      return (number & 3) + 3;
-    default:
-      return number & 3;
-  }
-}
-
 struct OtherTag {
   TextView name;
   Loss kind;

@@ -121,13 +121,6 @@ int ReadAlignment(std::string_view digits) {
   return number;
 }
 
-/// Version 4 counts 1 to 3 from left to right, and adds 4 at the top and 8 in the middle.
-int PlaceOfOldAlignment(int alignment) {
-  const int column = (alignment & 3) - 2;
-  if (column < -1) return kUsualPlace;
-  return PlaceAt((alignment & 8) != 0 ? 1 : (alignment & 4) != 0 ? 2 : 0, column);
-}
-
 /// Some programs put an asterisk in front of the name of a style.
 std::string_view StyleName(std::string_view name) { return name.starts_with('*') ? name.substr(1) : name; }
 
@@ -191,7 +184,7 @@ void SubStationFormat::ReadStyle(std::string_view line) {
   hasStyles_ = true;
   hasDefaultStyle_ = hasDefaultStyle_ || Same(name, "Default");
   const int alignment = ReadAlignment(FieldAt(line, alignmentColumn_));
-  const int place = version_ == SubStationVersion::V4 ? PlaceOfOldAlignment(alignment) : alignment;
+  const int place = version_ == SubStationVersion::V4 ? PlaceOfOldNumber(alignment) : alignment;
   if (place != kUsualPlace && place >= 1 && place <= kHighestPlace) placed_.emplace_back(name, place);
 }
 

@@ -121,6 +121,16 @@ TEST_F(ShapingInTheWindow, SplitsWhereTheFilmStands) {
   ExpectNothing(Window().mnuSplitAtFilm, u"This text is a single word.");
 }
 
+TEST_F(ShapingInTheWindow, AKeyCountsWhenItWentDown) {
+  Open(9);
+  List().SetRow(2, false);
+  player.history = [](double instant) { return instant - 100; };
+  Window().inputInstant = 102.4;
+  Window().mnuSplitAtFilm.Click();
+  Window().inputInstant.reset();
+  EXPECT_EQ(List().TimesAt(2), (CaptionTimes{2100, 2400}));
+}
+
 TEST_F(ShapingInTheWindow, JoinsWithTheNextAndThePrevious) {
   Open();
   List().SetRow(2, false);

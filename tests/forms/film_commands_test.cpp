@@ -125,6 +125,18 @@ TEST_F(FilmMenu, PutsAnEdgeWhereTheFilmIs) {
   EXPECT_FALSE(program->history.Differs());
 }
 
+TEST_F(FilmMenu, NoCaptionLosesItsTimesAtTheBeginningOfTheFilm) {
+  player.position = 0;
+  Window().mnuStartHere.Click();
+  EXPECT_EQ(Times(), (CaptionTimes{1, 2900}));
+  EXPECT_TRUE(List().IsCaptionTimed(2));
+  List().SetCaptionStart(3, 1500, false);
+  List().SetCaptionStart(2, 2000, false);
+  Window().mnuPushFromHere.Click();
+  EXPECT_TRUE(List().IsCaptionTimed(2));
+  EXPECT_TRUE(List().IsCaptionTimed(3));
+}
+
 TEST_F(FilmMenu, AKeyCountsWhenItWentDown) {
   player.history = [](double instant) { return instant - 100; };
   Window().inputInstant = 102.345;

@@ -56,11 +56,26 @@ TEST(TypedTimeTest, TakesSecondsWithMinutesAndHoursInFront) {
     TextView text;
     int ms;  // -1: no time
   };
-  for (const Row& row :
-       {Row{u"1", 1000}, Row{u"1.5", 1500}, Row{u"0,025", 25}, Row{u" 2:03.25 ", 123250}, Row{u"1:00:02,500", 3602500},
-        Row{u"00:00:02,100", 2100}, Row{u"90:00", 5400000}, Row{u"2147483.647", 2147483647}, Row{u"2147483.648", -1},
-        Row{u"", -1}, Row{u".5", -1}, Row{u"1.", -1}, Row{u"1.2345", -1}, Row{u"-1", -1}, Row{u"1:2:3:4", -1},
-        Row{u"1::2", -1}, Row{u"1.5:3", -1}, Row{u"one", -1}, Row{u"999999999:999999999:999999999", -1}}) {
+  for (const Row& row : {Row{u"1", 1000},
+                         Row{u"1.5", 1500},
+                         Row{u"0,025", 25},
+                         Row{u" 2:03.25 ", 123250},
+                         Row{u"1:00:02,500", 3602500},
+                         Row{u"00:00:02,100", 2100},
+                         Row{u"90:00", 5400000},
+                         Row{u"2147483.647", 2147483647},
+                         Row{u"2147483.648", -1},
+                         Row{u"", -1},
+                         Row{u".5", 500},
+                         Row{u"5:.5", -1},
+                         Row{u"1.", -1},
+                         Row{u"1.2345", -1},
+                         Row{u"-1", -1},
+                         Row{u"1:2:3:4", -1},
+                         Row{u"1::2", -1},
+                         Row{u"1.5:3", -1},
+                         Row{u"one", -1},
+                         Row{u"999999999:999999999:999999999", -1}}) {
     EXPECT_EQ(TypedTime(row.text).value_or(-1), row.ms) << ToUtf8(row.text);
   }
 }
