@@ -1,7 +1,7 @@
 # Debian packages by purpose, and the function that installs those that lack. Sourced by run.sh, test.sh and .ci/run.
 
-packages_build="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-base-dev-tools qt6-svg-dev libxcb1-dev libmpv-dev libicu-dev libhunspell-dev libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev"
-packages_run="qt6-qpa-plugins qt6-wayland qt6-translations-l10n libqt6svg6 libmpv2 ffmpeg fonts-dejavu-core libhunspell-1.7-0 hunspell-en-us"
+packages_build="g++ cmake ninja-build ccache mold pkg-config qt6-base-dev qt6-base-dev-tools qt6-svg-dev libxcb1-dev libmpv-dev libicu-dev libhunspell-dev libpugixml-dev libkissfft-dev libgtest-dev libgmock-dev libbenchmark-dev"
+packages_run="qt6-qpa-plugins qt6-wayland qt6-translations-l10n libqt6svg6 libmpv2 ffmpeg fonts-dejavu-core libhunspell-1.7-0 hunspell-en-us espeak-ng libkissfft-float131"
 packages_display="fonts-vlgothic fonts-tlwg-loma-ttf xvfb xauth xdotool openbox x11-utils imagemagick dbus dbus-x11 at-spi2-core python3 python3-pyatspi"
 packages_check="appstream desktop-file-utils clang-format clang-tidy clang libclang-rt-14-dev"
 

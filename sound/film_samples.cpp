@@ -1,0 +1,125 @@
+#include "sound/film_samples.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "core/media_errors.h"
+#include "core/runtime_error.h"
+#include "text/labels.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kWaitMs = 100;
+constexpr std::size_t kLongestProblem = 300;
+constexpr std::size_t kLongestLog = 1 << 16;
+
+Text TrackOf(int track) { return track < 0 ? Text(u"0:a:0") : u"0:" + Decimal(track); }
+
+std::vector<Text>& operator+=(std::vector<Text>& all, std::initializer_list<TextView> more) {
+  all.insert(all.end(), more.begin(), more.end());
+  return all;
+}
+
+/// What a program writes to its output, taken to its end; nothing when it can't be started.
+std::string OutputOf(Processes& processes, const Text& program, const std::vector<Text>& arguments) {
+  std::unique_ptr<ChildProcess> child;
+  CarryOn errors;
+  errors([&] { child = processes.Start(program, arguments); });
+  std::string said;
+  std::optional<int> status;
+  while (child && !status) {
+    child->Wait(kWaitMs);
+    status = child->Ended();
+    said += child->TakeOutput();
+  }
+  return said;
+}
+
+std::string ProblemOf(int status, const std::string& log, bool any) {
+  if (status == 0 && !TellsOfCutOff(log)) return any ? std::string() : "the film has no sound";
+  if (log.find("matches no streams") != std::string::npos) return "the film has no such sound";
+  const std::string words = log.substr(0, std::min(log.find('\n'), kLongestProblem));
+  return words.empty() ? "the film's sound can't be read" : words;
+}
+
+}  // namespace
+
+std::vector<Text> SamplesArguments(TextView film, int track, bool centre, TextView wave) {
+  constexpr TextView kWhole = u"aresample=async=1:first_pts=0";
+  const Text rate = Decimal(kSamplesASecond);
+  // "file:" keeps a name from being taken for an option or an address.
+  std::vector<Text> all = {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + Text(film)};
+  all += {u"-map", TrackOf(track), u"-af", centre ? Text(kWhole) + u",pan=mono|c0=FC" : Text(kWhole)};
+  all += {u"-ac", u"1", u"-ar", rate, u"-c:a", u"pcm_s16le", u"-f", u"s16le", u"pipe:1"};
+  if (!wave.empty()) {
+    all += {u"-map", TrackOf(track), u"-af", kWhole, u"-ac", u"1", u"-ar", rate, u"-c:a", u"pcm_s16le"};
+    all += {u"-map_metadata", u"-1", u"-fflags", u"+bitexact", u"-flags:a", u"+bitexact", u"-f", u"wav"};
+    all += {u"file:" + Text(wave)};
+  }
+  // For some containers the decoder takes the start of the first selected stream as the start of the film: the picture
+  // and the sound are therefore selected here as well, and written nowhere.
+  all += {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1"};
+  all += {u"-f", u"null", u"-"};
+  return all;
+}
+
+bool HasCentre(Processes& processes, TextView film, int track) {
+  const Text stream = track < 0 ? Text(u"a:0") : Decimal(track);
+  const std::string layout = OutputOf(processes, u"ffprobe",
+                                      {u"-v", u"error", u"-select_streams", stream, u"-show_entries",
+                                       u"stream=channel_layout", u"-of", u"csv=p=0", u"-i", u"file:" + Text(film)});
+  // The names of the layouts with a centre in front; the ones that are left out put it behind or have none.
+  constexpr std::array<std::string_view, 14> kWithCentre = {"3.0",       "3.1", "4.0",       "4.1",       "5.0",
+                                                            "5.0(side)", "5.1", "6.0",       "5.1(side)", "6.1",
+                                                            "7.0",       "7.1", "7.1(wide)", "6.1(back)"};
+  const std::string name = layout.substr(0, layout.find_first_of("\r\n,"));
+  return std::ranges::find(kWithCentre, name) != kWithCentre.end();
+}
+
+std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
+  samples_.clear();
+  std::string_view rest = bytes;
+  const auto sample = [](char low, char high) {
+    return static_cast<std::int16_t>(static_cast<std::uint8_t>(low) | static_cast<std::uint8_t>(high) << 8);
+  };
+  if (!half_.empty() && !rest.empty()) {
+    samples_.push_back(sample(half_.front(), rest.front()));
+    rest.remove_prefix(1);
+    half_.clear();
+  }
+  samples_.reserve(samples_.size() + rest.size() / 2);
+  for (; rest.size() >= 2; rest.remove_prefix(2)) samples_.push_back(sample(rest[0], rest[1]));
+  half_ += rest;
+  return samples_;
+}
+
+SoundReading ReadSamples(Processes& processes, TextView film, int track,
+                         const std::function<void(std::span<const std::int16_t>)>& take,
+                         const std::function<bool(double)>& goOn) {
+  const bool centre = HasCentre(processes, film, track);
+  std::unique_ptr<ChildProcess> child;
+  CarryOn errors;
+  errors([&] { child = processes.Start(u"ffmpeg", SamplesArguments(film, track, centre), {.errors = true}); });
+  if (!child) return {"ffmpeg can't be started; the package ffmpeg has it", false};
+  SampleBytes samples;
+  std::size_t count = 0;
+  std::string log;
+  std::optional<int> status;
+  while (!status) {
+    child->Wait(kWaitMs);
+    // What ends a program comes behind the last that it wrote.
+    status = child->Ended();
+    const std::span<const std::int16_t> taken = samples.Take(child->TakeOutput());
+    const std::string more = child->TakeErrors();
+    if (log.size() < kLongestLog) log += more;
+    count += taken.size();
+    take(taken);
+    if (!goOn(static_cast<double>(count) / kSamplesASecond)) return {{}, true};
+  }
+  return {ProblemOf(*status, log, count > 0), false};
+}
+
+}  // namespace cuewright

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/ports/processes.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// The rate of the samples that a film's sound is read with.
+constexpr int kSamplesASecond = 22050;
+
+/// What came of reading a film's sound.
+struct SoundReading {
+  std::string problem;  ///< why the sound wasn't read whole; empty when it was
+  bool cancelled = false;
+};
+
+/// The decoder's arguments for one sound track of a film (-1: the first) as one channel, silence where it begins late,
+/// so that the first sample is the film's first instant. `centre` takes the centre channel alone. The samples go to the
+/// decoder's output, with 16 bits, the low byte first; `wave` names a file that gets the sound of all channels as well,
+/// none when empty.
+std::vector<Text> SamplesArguments(TextView film, int track, bool centre, TextView wave = {});
+
+/// True when the track has a centre channel of its own, which holds the voices of most films.
+bool HasCentre(Processes& processes, TextView film, int track);
+
+/// Puts samples together from a decoder's output, which may end within one.
+class SampleBytes {
+ public:
+  /// The samples in what came before and these bytes; they hold until the next call.
+  std::span<const std::int16_t> Take(std::string_view bytes);
+
+ private:
+  std::vector<std::int16_t> samples_;
+  std::string half_;
+};
+
+/// Reads the samples of a film's sound by FFmpeg, from the film's first instant to the end of the track (-1: the first
+/// one), as one channel: the centre where there is one. `goOn` is asked about ten times a second with the seconds so
+/// far; false gives up.
+SoundReading ReadSamples(Processes& processes, TextView film, int track,
+                         const std::function<void(std::span<const std::int16_t>)>& take,
+                         const std::function<bool(double)>& goOn);
+
+}  // namespace cuewright

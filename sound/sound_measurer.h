@@ -1,0 +1,55 @@
+#pragma once
+
+#include <kiss_fftr.h>
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "sound/sound_table.h"
+
+namespace cuewright {
+
+/// Measures samples as they come and appends what they are made of to a table. Each step is measured by a window of
+/// 20 ms around its middle; before the first and behind the last sample is silence.
+class SoundMeasurer {
+ public:
+  /// The rate is at least 16,000, so that the highest band can be heard.
+  SoundMeasurer(SoundTable& table, int samplesASecond);
+  ~SoundMeasurer();
+
+  void Add(std::span<const std::int16_t> samples);
+  /// Appends the steps that wait for what follows; a last step that has begun counts.
+  void Finish();
+
+ private:
+  /// The share of a bin of the transform that lies in a band.
+  struct Share {
+    std::size_t bin;
+    std::size_t band;
+    float amount;
+  };
+  struct Release {
+    void operator()(kiss_fftr_state* state) const;
+  };
+
+  /// The place of the first sample of a step's window; before the sound for the first steps.
+  std::int64_t WindowBegin(std::size_t step) const;
+  void MeasureReady();
+  void Measure(std::span<const std::int16_t> samples);
+
+  SoundTable& table_;
+  int rate_;
+  std::vector<float> window_;
+  std::vector<float> input_;
+  std::vector<kiss_fft_cpx> spectrum_;
+  std::vector<Share> shares_;
+  std::unique_ptr<kiss_fftr_state, Release> transform_;
+  std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
+  std::int64_t begin_ = 0;
+  std::int64_t given_ = 0;  // samples of the sound so far
+  std::size_t step_ = 0;    // the next one, counted from where this measurer began
+};
+
+}  // namespace cuewright

@@ -1,0 +1,39 @@
+#include "sound/sound_table.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace cuewright {
+namespace {
+
+/// Begins every file of a table; the digit counts up when the contents change their meaning.
+constexpr std::string_view kHead = "cuewright sound 1\n";
+constexpr std::size_t kCountBytes = 4;
+
+}  // namespace
+
+double SoundTable::EdgeHz(int band) {
+  return kLowestHz * std::pow(kHighestHz / kLowestHz, static_cast<double>(band) / kBands);
+}
+
+std::string SoundTable::Bytes() const {
+  std::string bytes(kHead);
+  for (std::size_t i = 0; i < kCountBytes; ++i) bytes += static_cast<char>(steps_.size() >> (8 * i) & 0xFF);
+  if (!steps_.empty()) bytes.append(reinterpret_cast<const char*>(steps_.data()), steps_.size() * sizeof(Step));
+  return bytes;
+}
+
+bool SoundTable::Read(std::string_view bytes) {
+  steps_.clear();
+  if (!bytes.starts_with(kHead) || bytes.size() < kHead.size() + kCountBytes) return false;
+  bytes.remove_prefix(kHead.size());
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < kCountBytes; ++i) count |= std::size_t{static_cast<std::uint8_t>(bytes[i])} << (8 * i);
+  bytes.remove_prefix(kCountBytes);
+  if (bytes.size() != count * sizeof(Step)) return false;
+  steps_.resize(count);
+  if (count > 0) std::memcpy(steps_.data(), bytes.data(), bytes.size());
+  return true;
+}
+
+}  // namespace cuewright

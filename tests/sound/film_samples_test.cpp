@@ -1,0 +1,90 @@
+#include "sound/film_samples.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/child_processes.h"
+#include "tests/support/media_files.h"
+#include "text/utf8.h"
+
+namespace cuewright {
+namespace {
+
+struct FilmSamplesTest : ::testing::Test {
+  SoundReading Read(const std::string& film, int track = -1) {
+    samples.clear();
+    return ReadSamples(
+        processes, FromUtf8(film), track,
+        [this](std::span<const std::int16_t> more) { samples.insert(samples.end(), more.begin(), more.end()); },
+        [this](double seconds) {
+          told = seconds;
+          return goOn;
+        });
+  }
+  /// The loudest sample of a stretch, in seconds.
+  int Loudest(double from, double to) const {
+    int loudest = 0;
+    for (auto i = static_cast<std::size_t>(from * kSamplesASecond); i < static_cast<std::size_t>(to * kSamplesASecond);
+         ++i) {
+      loudest = std::max(loudest, std::abs(int{samples.at(i)}));
+    }
+    return loudest;
+  }
+
+  PosixProcesses processes;
+  std::vector<std::int16_t> samples;
+  double told = -1;
+  bool goOn = true;
+};
+
+TEST_F(FilmSamplesTest, BeginWhereTheFilmBegins) {
+  const SoundReading reading = Read(test::Media().FilmWithSound(4, 1.5, 2));
+  EXPECT_EQ(reading.problem, "");
+  EXPECT_FALSE(reading.cancelled);
+  EXPECT_NEAR(static_cast<double>(samples.size()) / kSamplesASecond, 3.5, 0.1);
+  EXPECT_NEAR(told, static_cast<double>(samples.size()) / kSamplesASecond, 1e-9);
+  EXPECT_LT(Loudest(0, 1.45), 200);
+  EXPECT_GT(Loudest(1.55, 1.65), 500);
+}
+
+TEST_F(FilmSamplesTest, OfATrueCentreAreTheCentresAlone) {
+  // The sides are loud, the centre is still for a second.
+  const std::string film = test::Media().Make(
+      "centre.mkv",
+      "-f lavfi -i \"aevalsrc=sin(2*PI*400*t)/2|sin(2*PI*300*t)/2|gte(t\\,1)*sin(2*PI*500*t)/4|0|0|0:c=5.1:d=2\" "
+      "-c:a flac ");
+  EXPECT_TRUE(HasCentre(processes, FromUtf8(film), -1));
+  EXPECT_EQ(Read(film).problem, "");
+  EXPECT_LT(Loudest(0, 0.95), 100);
+  EXPECT_NEAR(Loudest(1.1, 1.9), 32767 / 4, 400);
+  EXPECT_FALSE(HasCentre(processes, FromUtf8(test::Media().Film(1)), -1));
+}
+
+TEST_F(FilmSamplesTest, AreNotThereWithoutSound) {
+  const std::string silent = test::Media().SilentFilm(1);
+  EXPECT_EQ(Read(silent).problem, "the film has no such sound");
+  EXPECT_TRUE(samples.empty());
+  EXPECT_NE(Read(test::Media().Folder() / "nothing.mkv").problem, "");
+  EXPECT_NE(Read(test::Media().File("noise.mkv", std::string(5000, 'x'))).problem, "");
+}
+
+TEST_F(FilmSamplesTest, EndWhenTheyAreNotWantedAnyMore) {
+  goOn = false;
+  const SoundReading reading = Read(test::Media().Film(2));
+  EXPECT_TRUE(reading.cancelled);
+  EXPECT_EQ(reading.problem, "");
+}
+
+TEST(SampleBytesTest, ArePutTogetherOverTheEndsOfPieces) {
+  SampleBytes bytes;
+  EXPECT_TRUE(bytes.Take("\x01").empty());
+  const auto first = bytes.Take(std::string_view("\x02\x03", 2));
+  EXPECT_EQ(std::vector(first.begin(), first.end()), std::vector<std::int16_t>{0x0201});
+  const auto second = bytes.Take(std::string_view("\xFF\x00\x80", 3));
+  EXPECT_EQ(std::vector(second.begin(), second.end()), (std::vector<std::int16_t>{-253, -32768}));
+  EXPECT_TRUE(bytes.Take({}).empty());
+}
+
+}  // namespace
+}  // namespace cuewright
