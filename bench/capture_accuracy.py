@@ -6,8 +6,10 @@ the saved subtitle are compared with where the film truly was then. That is aske
 own socket, from outside the program and past the program's clock, and checked against the frame numbers that the film
 shows on the screen.
 
-    bench/capture_accuracy.py PROGRAM [--captions N] [--case NAME]... [--seed N] [--busy LIBRARY] [--moment]
+    bench/capture_accuracy.py PROGRAM [--captions N] [--case NAME]... [--seed N] [--speed F] [--busy LIBRARY] [--moment]
 
+With --speed the film plays at another speed, set by the program's keys; the errors are those of the film's time, and
+what may be reached grows with a speed above 1.
 With --busy the program's window does nothing for 150 ms around each key, as if it were at other work: LIBRARY is
 libbusy_window.so of the build, which the program is started with. --moment only looks whether all of it still runs.
 """
@@ -40,6 +42,7 @@ CASES = {  # frames a second and sound
 }
 STANDARD_CASES = ["24", "25", "60", "sound"]
 GREEN = (32, 160, 64)
+SPEEDS = (0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25, 1.5, 2, 3, 4)
 BUSY_S = 0.15  # as bench/busy_window.c has it
 LONGEST_KEY_S = 0.002  # a key that took the server longer went at an instant that nobody knows
 MEDIAN_MS, P95_MS = 1.5, 4
@@ -196,8 +199,9 @@ class Truth(threading.Thread):
     # A machine that is slow for a moment gives few; that the bench runs can still be seen then (--moment).
     least_answers = 8
 
-    def __init__(self, path, prop):
+    def __init__(self, path, prop, speed):
         super().__init__(daemon=True)
+        self.speed = speed
         self.socket = socket.socket(socket.AF_UNIX)
         wait_for("the library's socket", lambda: os.path.exists(path))
         self.socket.connect(path)
@@ -234,26 +238,27 @@ class Truth(threading.Thread):
             last = (now, position)
 
     def at(self, instant):
-        """Position in seconds: the line of slope 1 through the answers around the instant."""
+        """Position in seconds: the line of the speed's slope through the answers around the instant."""
         instants = [sample[0] for sample in self.samples]
         first = bisect.bisect_left(instants, instant - 0.5)
         last = bisect.bisect_right(instants, instant + 0.5)
         near = self.samples[first:last]
         if len(near) < self.least_answers:
             fail("too few answers about the position around an event (%d)" % len(near))
-        offsets = [position - when for when, position in near]
-        if max(offsets) - min(offsets) > 0.03:
+        offsets = [position - when * self.speed for when, position in near]
+        if max(offsets) - min(offsets) > 0.03 * max(1, self.speed):
             fail("the film did not run evenly around an event: %.1f ms" % ((max(offsets) - min(offsets)) * 1000))
-        return statistics.median(offsets) + instant
+        return statistics.median(offsets) + instant * self.speed
 
 
 # --- one case -------------------------------------------------------------------------------------------------------
 
 
 class Run:
-    def __init__(self, program, name, captions, chance, display, busy):
-        self.program, self.name, self.captions, self.chance, self.display = program, name, captions, chance, display
-        self.busy = busy
+    def __init__(self, arguments, name, display):
+        self.program, self.name, self.captions = os.path.abspath(arguments.program), name, arguments.captions
+        self.chance, self.display, self.speed = random.Random(arguments.seed), display, arguments.speed
+        self.busy = arguments.busy and os.path.abspath(arguments.busy)
         self.keys = Display(display)
         self.folder = tempfile.mkdtemp(prefix="capture-accuracy-")
         self.process = None
@@ -293,6 +298,11 @@ class Run:
         self.keys.tap("Return")
         wait_for("the end of the file dialog", lambda: dialog not in self.windows())
 
+    def change_speed(self):
+        steps = SPEEDS.index(self.speed) - SPEEDS.index(1)
+        for _ in range(abs(steps)):
+            self.keys.tap("Control_L", "minus" if steps < 0 else "equal")
+
     def press(self, down):
         """The instant of a press or release, with the window busy around it where that is asked for."""
         if self.busy:
@@ -312,16 +322,18 @@ class Run:
 
     def go(self):
         fps, sound = CASES[self.name]
-        film = make_film(self.folder, self.name, self.captions * (1.4 if self.busy else 1.1) + 15)
+        film = make_film(self.folder, self.name, self.captions * (1.4 if self.busy else 1.1) * max(1, self.speed) + 15)
         subtitle = os.path.join(self.folder, "lines.srt")
         make_subtitle(subtitle, self.captions)
-        truth = Truth(self.start(film), "audio-pts" if sound else "time-pos")
+        truth = Truth(self.start(film), "audio-pts" if sound else "time-pos", self.speed)
         wait_for("the film to play", lambda: (truth.ask("time-pos")[2] or 0) > 0.2)
         main = wait_for("the window", self.windows)[0]
         self.xdotool("windowfocus", "--sync", main)
         self.open_subtitle(subtitle)
         self.xdotool("windowfocus", "--sync", main)
         wait_for("the stop", lambda: self.keys.tap("c") or time.sleep(0.2) or truth.ask("pause")[2])
+        self.change_speed()
+        wait_for("the speed", lambda: abs(truth.ask("speed")[2] - self.speed) < 0.001)
         self.keys.tap("z")
         wait_for("the film to play again", lambda: (truth.ask("time-pos")[2] or 0) > 0.5)
         truth.start()
@@ -358,7 +370,7 @@ class Run:
         shutil.rmtree(self.folder, ignore_errors=True)
 
 
-def report(name, errors, behind, fps):
+def report(name, errors, behind, fps, speed):
     absolute = sorted(abs(error) for error in errors)
     p95 = absolute[min(len(absolute) - 1, int(len(absolute) * 0.95))]
     print("%-9s %4d events  median %5.2f ms  95th percentile %5.2f ms  worst %5.2f ms  (mean with sign %+5.2f ms)" %
@@ -367,7 +379,8 @@ def report(name, errors, behind, fps):
         print("          check: the screen's frame began %.1f to %.1f ms before the true position (a frame lasts %.1f ms; "
               "%d looks)" % (min(behind), max(behind), 1000 / fps, len(behind)))
     sys.stdout.flush()
-    return statistics.median(absolute) <= MEDIAN_MS and p95 <= P95_MS
+    faster = max(1, speed)
+    return statistics.median(absolute) <= MEDIAN_MS * faster and p95 <= P95_MS * faster
 
 
 def main():
@@ -376,6 +389,7 @@ def main():
     parser.add_argument("--captions", type=int, default=40)
     parser.add_argument("--case", action="append", choices=CASES)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--speed", type=float, default=1, choices=SPEEDS)
     parser.add_argument("--busy", metavar="LIBRARY")
     parser.add_argument("--moment", action="store_true")
     arguments = parser.parse_args()
@@ -394,10 +408,9 @@ def main():
     good = True
     try:
         for name in arguments.case or STANDARD_CASES:
-            run = Run(os.path.abspath(arguments.program), name, arguments.captions, random.Random(arguments.seed), display,
-                      arguments.busy and os.path.abspath(arguments.busy))
+            run = Run(arguments, name, display)
             try:
-                good &= report(name, *run.go(), CASES[name][0])
+                good &= report(name, *run.go(), CASES[name][0], arguments.speed)
             finally:
                 run.end()
     finally:

@@ -9,7 +9,7 @@ MainWindow::MainWindow() : Form("frmMain") {
     line->SetSeparator(true);
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
-                         &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption}) {
+                         &mnuUnfoldInfoBar, &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
@@ -89,6 +89,9 @@ void MainWindow::SetFilmKeys() {
   mnuStepForward.SetShortcut("Alt+Shift+Right");
   mnuSecondBack.SetShortcut("Alt+PgUp");
   mnuSecondForward.SetShortcut("Alt+PgDown");
+  mnuSlower.SetShortcut("Ctrl+-");
+  mnuFaster.SetShortcut("Ctrl++; Ctrl+=");
+  mnuUsualSpeed.SetShortcut("Ctrl+0");
   mnuStartHere.SetShortcut("F11");
   mnuEndHere.SetShortcut("F12");
   mnuPushFromHere.SetShortcut("Shift+F11");

@@ -32,6 +32,7 @@ class MainWindow final : public Form {
   Label lblTextFile{*this, "lblTextFile"};
   Label lblVideoFile{*this, "lblVideoFile"};
   Label lblNotice{*this, "lblNotice"};
+  Label lblStatus{*this, "lblStatus"};
   Button cmdShowLines{*this, "cmdShowLines"};
   Button cmdShowFindings{*this, "cmdShowFindings"};
   Button cmdApplyFindings{*this, "cmdApplyFindings"};
@@ -167,6 +168,8 @@ class MainWindow final : public Form {
 
   MenuItem mnuView{*this, "mnuView"};
   MenuItem mnuInfoBar{*this, "mnuInfoBar", &mnuView};
+  MenuItem mnuUnfoldInfoBar{*this, "mnuUnfoldInfoBar", &mnuView};
+  MenuItem mnuToolBar{*this, "mnuToolBar", &mnuView};
   MenuItem mnuAudioBar{*this, "mnuAudioBar", &mnuView};
   MenuItem mnuRawMarks{*this, "mnuRawMarks", &mnuView};
   MenuItem mnuListColumns{*this, "mnuListColumns", &mnuView};
@@ -192,6 +195,10 @@ class MainWindow final : public Form {
   MenuItem mnuStepForward{*this, "mnuStepForward", &mnuFilm};
   MenuItem mnuSecondBack{*this, "mnuSecondBack", &mnuFilm};
   MenuItem mnuSecondForward{*this, "mnuSecondForward", &mnuFilm};
+  MenuItem mnuSpeed{*this, "mnuSpeed", &mnuFilm};
+  MenuItem mnuSlower{*this, "mnuSlower", &mnuSpeed};
+  MenuItem mnuFaster{*this, "mnuFaster", &mnuSpeed};
+  MenuItem mnuUsualSpeed{*this, "mnuUsualSpeed", &mnuSpeed};
   MenuItem mnuLine6a{*this, "mnuLine6a", &mnuFilm};
   MenuItem mnuStartHere{*this, "mnuStartHere", &mnuFilm};
   MenuItem mnuEndHere{*this, "mnuEndHere", &mnuFilm};

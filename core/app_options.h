@@ -65,6 +65,8 @@ struct AppOptions {
   std::uint8_t listFontSize = 8;
   bool listFontBold = false;
   bool infoBarOn = true;
+  bool infoBarUnfolded = false;  ///< the band has its full height; in the classic manner always
+  bool toolBarOn = true;
   bool audioBarOn = false;
   bool fullWave = false;
   Text listColumns;            ///< order, widths and hiding of the list's columns; empty: the program's own

@@ -54,6 +54,9 @@ class Manner {
   constexpr bool ListIsAWorkbench() const { return !classic_; }
   /// Captions are inserted, split, joined and retimed by commands that the first design doesn't have.
   constexpr bool ShapesCaptions() const { return !classic_; }
+  /// The window has a tool bar and a line at its foot, the information band is a line until it is unfolded, and the
+  /// buttons that take times name their keys.
+  constexpr bool HasCalmWindow() const { return !classic_; }
   /// Captions are held against house rules, and lines, letters and hits are changed by way of proposals.
   constexpr bool ChecksAndProposes() const { return !classic_; }
 

@@ -1,6 +1,7 @@
 #include "forms/film_commands.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -19,6 +20,19 @@ constexpr std::int32_t kUsualFrameMs = 40;
 /// The earliest time at which a caption can start.
 constexpr std::int32_t kFirstStart = 1;
 
+/// How many times as fast as usual a film can be played, in order.
+constexpr std::array<double, 11> kSpeeds = {0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25, 1.5, 2, 3, 4};
+
+/// A speed with two decimals at most and no zeros behind the last one that counts.
+Text SpeedText(double speed) {
+  const int hundredths = static_cast<int>(std::lround(speed * 100));
+  Text text = Decimal(hundredths / 100);
+  if (hundredths % 100 == 0) return text;
+  text += u'.' + Text(hundredths % 100 < 10 ? u"0" : u"") + Decimal(hundredths % 100);
+  if (text.ends_with(u'0')) text.pop_back();
+  return text;
+}
+
 std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(seconds * kSecondMs)); }
 
 }  // namespace
@@ -27,6 +41,7 @@ FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& captu
     : bench_(bench), player_(player), capture_(capture), stretch_(player, bench.window.tmrStretch) {
   WirePlaying();
   WireSteps();
+  WireSpeed();
   WireTimes();
   bench_.window.mnuNextInPane.Clicked.Connect([this] { NextInPane(); });
 }
@@ -50,6 +65,30 @@ void FilmCommands::WireSteps() {
   w.mnuStepForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kStepMs); });
   w.mnuSecondBack.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) - kSecondMs); });
   w.mnuSecondForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kSecondMs); });
+}
+
+void FilmCommands::WireSpeed() {
+  MainWindow& w = bench_.window;
+  w.mnuSlower.Clicked.Connect([this] { ChangeSpeed(-1); });
+  w.mnuFaster.Clicked.Connect([this] { ChangeSpeed(1); });
+  w.mnuUsualSpeed.Clicked.Connect([this] { player_.SetSpeed(1); });
+  // The speed may be changed in the film's own controls.
+  player_.ControlsChange.Connect([this] { ShowSpeed(); });
+}
+
+void FilmCommands::ShowSpeed() {
+  MainWindow& w = bench_.window;
+  const double speed = player_.Speed();
+  w.mnuSpeed.SetText(Fill(bench_.strings[Message::FilmSpeed], SpeedText(speed)));
+  w.mnuSlower.SetEnabled(speed > kSpeeds.front());
+  w.mnuFaster.SetEnabled(speed < kSpeeds.back());
+  w.mnuUsualSpeed.SetChecked(speed == 1);
+}
+
+void FilmCommands::ChangeSpeed(int steps) {
+  const auto next = steps > 0 ? std::ranges::upper_bound(kSpeeds, player_.Speed())
+                              : std::ranges::lower_bound(kSpeeds, player_.Speed()) - 1;
+  if (next >= kSpeeds.begin() && next < kSpeeds.end()) player_.SetSpeed(*next);
 }
 
 void FilmCommands::WireTimes() {
@@ -77,6 +116,7 @@ void FilmCommands::ShowItems() {
   const bool film = bench_.document.HasVideo();
   const bool document = bench_.document.HasDocument();
   w.mnuFilm.SetVisible(bench_.options.manner.HasEditingKeys());
+  ShowSpeed();
   for (MenuItem* item : {&w.mnuPlayOrPause, &w.mnuFrameBack, &w.mnuFrameForward, &w.mnuStepBack, &w.mnuStepForward,
                          &w.mnuSecondBack, &w.mnuSecondForward}) {
     item->SetEnabled(film);

@@ -25,6 +25,7 @@ class FilmCommands {
 
   void WirePlaying();
   void WireSteps();
+  void WireSpeed();
   void WireTimes();
   bool HasFilm() const { return bench_.document.HasVideo() && player_.Enabled(); }
   bool HasCaption() const { return bench_.document.HasDocument() && bench_.list.InRange(bench_.list.Selected()); }
@@ -37,6 +38,9 @@ class FilmCommands {
   void Repeat();
   void Seek(std::int32_t ms);
   void StepFrames(int frames);
+  /// So many of the usual speeds faster than now.
+  void ChangeSpeed(int steps);
+  void ShowSpeed();
 
   /// Where the film is, or was when the key went that is being handled.
   std::int32_t Here() const;

@@ -11,7 +11,8 @@ constexpr int kBesidePlayer = 24;  // the margins at both sides and the divider
 constexpr int kLeastPlayer = 182;
 constexpr int kDividerFromLeft = 64;
 constexpr int kDividerFromRight = 180;
-constexpr int kStatusOn = 56;
+constexpr int kStatusFull = 56;
+constexpr int kStatusLine = 34;
 constexpr int kStatusOff = 8;
 constexpr int kGapsWithWave = 20;
 constexpr int kGapsWithoutWave = 16;
@@ -19,8 +20,9 @@ constexpr int kBesideWave = 28;  // room for the scale's slider
 
 }  // namespace
 
-void MainLayout::SetBars(bool informationBar, int waveHeight, int bottomHeight) {
-  statusHeight_ = informationBar ? kStatusOn : kStatusOff;
+void MainLayout::SetBars(Band band, int waveHeight, int bottomHeight) {
+  band_ = band;
+  statusHeight_ = band == Band::Off ? kStatusOff : band == Band::Line ? kStatusLine : kStatusFull;
   waveHeight_ = waveHeight;
   bottomHeight_ = bottomHeight;
   Apply();

@@ -21,9 +21,11 @@ class MainLayout {
   static constexpr int kLeastWidth = 700;
   static constexpr int kLeastHeight = 570;
 
-  /// The bars: height of the information bar with and without its content, of the Audio bar (0: off), of the bottom
-  /// panel.
-  void SetBars(bool informationBar, int waveHeight, int bottomHeight);
+  /// How much of the information band there is.
+  enum class Band { Off, Line, Full };
+
+  /// The bars: the information band, the height of the Audio bar (0: off) and of the bottom panel.
+  void SetBars(Band band, int waveHeight, int bottomHeight);
   /// The window's inner size has changed.
   void SetInner(int width, int height);
   /// The divider was dragged to a horizontal position; ignored nearer than 64 to the left or 180 to the right.
@@ -46,7 +48,8 @@ class MainLayout {
   const Rect& Wave() const { return wave_; }
   const Rect& Bottom() const { return bottom_; }
   /// Width of the file labels in the information bar, and whether the bar has room for the logo.
-  bool ShowsLogo() const { return width_ >= kLogoFrom; }
+  bool ShowsLogo() const { return band_ == Band::Full && width_ >= kLogoFrom; }
+  Band InformationBand() const { return band_; }
 
   /// Widths of the list's four columns for a list and a text pane of these widths.
   static std::array<int, 4> ColumnWidths(int listWidth, int paneWidth, int scrollBarWidth);
@@ -59,6 +62,7 @@ class MainLayout {
   int height_ = kLeastHeight;
   std::optional<int> wantedList_;  // by the user
   bool shared_ = false;
+  Band band_ = Band::Full;
   int statusHeight_ = 56;
   int waveHeight_ = 0;
   int bottomHeight_ = 150;

@@ -80,6 +80,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       audioWizard(PartsOfWizards()),
       title(Bench(), history),
       film(Bench(), ports_.player, capture),
+      statusLine(Bench(), ports_.player),
       keys(window, store, options),
       keysDialog(keys, options, strings),
       palette(keys, strings) {
@@ -127,6 +128,9 @@ void Program::ShowManner() {
   listView.Show();
   shaping.ShowItems();
   ShowProposingItems();
+  shell.UpdateBars();
+  shell.ShowListFont();
+  statusLine.Show();
   film.ShowItems();
   keys.Load();
   window.mnuKeys.SetVisible(options.manner.HasEditingKeys());

@@ -67,6 +67,7 @@
 #include "forms/shell.h"
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
+#include "forms/status_line.h"
 #include "forms/undo_commands.h"
 #include "forms/window_texts.h"
 #include "forms/window_title.h"
@@ -198,6 +199,7 @@ class Program final {
   AudioWizard audioWizard;
   WindowTitle title;
   FilmCommands film;
+  StatusLine statusLine;
   CommandKeys keys;
   KeysDialog keysDialog;
   Palette palette;

@@ -30,7 +30,9 @@ Shell::Shell(Workbench bench, SettingsStore& store, Recall& recall, Preview& pre
 }
 
 void Shell::Wire() {
-  bench_.window.mnuInfoBar.Clicked.Connect([this] { ToggleInfoBar(); });
+  bench_.window.mnuInfoBar.Clicked.Connect([this] { Toggle(bench_.options.infoBarOn); });
+  bench_.window.mnuUnfoldInfoBar.Clicked.Connect([this] { Toggle(bench_.options.infoBarUnfolded); });
+  bench_.window.mnuToolBar.Clicked.Connect([this] { Toggle(bench_.options.toolBarOn); });
   const auto opens = [this](MenuItem& item, const Text& target) {
     item.Clicked.Connect([this, target] { OpenExternal(ports_.desktop, target); });
   };
@@ -52,13 +54,8 @@ void Shell::Wire() {
 Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   CarryOn step;
   StartSize size;
-  step([&] {
-    bench_.window.mnuInfoBar.SetChecked(bench_.options.infoBarOn);
-    UpdateBars();
-  });
-  step([&] {
-    bench_.grid.SetFont(bench_.options.listFontName, bench_.options.listFontSize, bench_.options.listFontBold);
-  });
+  step([&] { UpdateBars(); });
+  step([&] { ShowListFont(); });
   step([&] {
     const int state = ReadNumber(store_, u"WindowState", kMaximised);
     size.maximised = state == kMaximised;
@@ -91,15 +88,34 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
   return size;
 }
 
+void Shell::ShowListFont() {
+  const AppOptions& options = bench_.options;
+  const AppOptions usual;
+  // Who never chose letters for the list gets the desktop's.
+  const bool chosen = options.listFontName != usual.listFontName || options.listFontSize != usual.listFontSize ||
+                      options.listFontBold != usual.listFontBold;
+  const bool desktops = options.manner.HasCalmWindow() && !chosen;
+  bench_.grid.SetFont(desktops ? Text() : options.listFontName, options.listFontSize, options.listFontBold);
+}
+
 void Shell::UpdateBars() {
-  bench_.window.picIco.SetVisible(bench_.options.infoBarOn);
-  layout_.SetBars(bench_.options.infoBarOn, bench_.options.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
+  const AppOptions& options = bench_.options;
+  const bool calm = options.manner.HasCalmWindow();
+  bench_.window.mnuInfoBar.SetChecked(options.infoBarOn);
+  bench_.window.mnuUnfoldInfoBar.SetChecked(options.infoBarUnfolded);
+  bench_.window.mnuUnfoldInfoBar.SetVisible(calm);
+  bench_.window.mnuUnfoldInfoBar.SetEnabled(options.infoBarOn);
+  bench_.window.mnuToolBar.SetChecked(options.toolBarOn);
+  bench_.window.mnuToolBar.SetVisible(calm);
+  bench_.window.picIco.SetVisible(options.infoBarOn);
+  using Band = MainLayout::Band;
+  const Band band = !options.infoBarOn ? Band::Off : calm && !options.infoBarUnfolded ? Band::Line : Band::Full;
+  layout_.SetBars(band, bench_.options.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
   LayoutChanged();
 }
 
-void Shell::ToggleInfoBar() {
-  bench_.options.infoBarOn = !bench_.options.infoBarOn;
-  bench_.window.mnuInfoBar.SetChecked(bench_.options.infoBarOn);
+void Shell::Toggle(bool& part) {
+  part = !part;
   UpdateBars();
   preview_.PlacePreview();
 }

@@ -35,6 +35,8 @@ class Shell {
   LayoutMemory& Memory() { return memory_; }
   /// Lays the window out for the bars that are switched on.
   void UpdateBars();
+  /// The list has the user's letters.
+  void ShowListFont();
   /// Lays the columns out for the present layout; the widths of text pane and scroll bar are the window's.
   void ApplyColumns(int paneWidth, int scrollBarWidth);
 
@@ -43,7 +45,8 @@ class Shell {
 
  private:
   void Wire();
-  void ToggleInfoBar();
+  /// A part of the window comes or goes.
+  void Toggle(bool& part);
 
   Workbench bench_;
   SettingsStore& store_;

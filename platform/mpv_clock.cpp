@@ -58,6 +58,19 @@ void MpvClock::SetFrameDuration(double seconds) {
   frameDuration_ = std::clamp(seconds, 0.001, kLongestBlind);
 }
 
+void MpvClock::SetSpeed(double factor, double now) {
+  const std::lock_guard lock(mutex_);
+  if (factor == speed_) return;
+  if (mode_ == Mode::Running) Remember(now, PositionLocked(now), true);
+  // A sample that was read before the change says nothing about the time behind it.
+  ++epoch_;
+  speed_ = factor;
+  // What was measured held for the other speed; until the next measurement the film goes on from here.
+  if (offset_) offset_ = stand_ - now * speed_;
+  measured_ = 0;
+  outliers_ = 0;
+}
+
 bool MpvClock::WantsSamples() const {
   const std::lock_guard lock(mutex_);
   return mode_ != Mode::Held;
@@ -100,7 +113,7 @@ void MpvClock::AddRunning(const ClockSample& sample) {
   if (sample.picture) AddPicture(sample);
   if (!offset_ && !sample.audio && sample.picture) {
     // Until the first step arrives, the film is taken to play on from here.
-    offset_ = std::max(stand_, *sample.picture) - sample.time;
+    offset_ = std::max(stand_, *sample.picture) - sample.time * speed_;
     measured_ = 0;
   }
 }
@@ -113,26 +126,28 @@ void MpvClock::AddAudio(const ClockSample& sample) {
   audio_.moved = sample.time;
   if (!byAudio_) measured_ = 0;
   byAudio_ = true;
-  Measure(*sample.audio - sample.time);
+  Measure(*sample.audio - sample.time * speed_);
 }
 
 void MpvClock::AddPicture(const ClockSample& sample) {
   const bool moved = picture_.value && *sample.picture > *picture_.value;
   const double before = picture_.seen;
   // A step is late when it took longer than the time between the two pictures in the film.
-  if (moved) picturesLate_ = sample.time - picture_.moved > *sample.picture - *picture_.value + frameDuration_ / 2;
+  if (moved) {
+    picturesLate_ = (sample.time - picture_.moved) * speed_ > *sample.picture - *picture_.value + frameDuration_ / 2;
+  }
   if (moved || !picture_.value) picture_.moved = sample.time;
   picture_.value = sample.picture;
   picture_.seen = sample.time;
   if (!moved) return;
   if (byAudio_) return;
   // The step was somewhere between this sample and the one before.
-  Measure(*sample.picture - (before + sample.time) / 2);
+  Measure(*sample.picture - (before + sample.time) / 2 * speed_);
 }
 
 void MpvClock::Measure(double offset) {
   const double error = offset_ ? offset - *offset_ : 0;
-  const bool outlier = std::abs(error) > kOutlier;
+  const bool outlier = std::abs(error) > kOutlier * speed_;
   if (outlier && measured_ > 0 && ++outliers_ < kOutliersForJump) return;
   outliers_ = 0;
   if (!offset_ || outlier || measured_ == 0) {
@@ -183,8 +198,8 @@ double MpvClock::Reckoned(double time) const {
   const Track& track = byAudio_ ? audio_ : picture_;
   const double unseen = std::clamp(time - track.seen, 0.0, kLongestBlind);
   const double shown = byAudio_ || picturesLate_ ? 0 : track.seen - track.moved;
-  const double furthest = track.value.value_or(stand_) + shown + unseen + (byAudio_ ? kStandstill : frameDuration_);
-  return std::min(*offset_ + time, furthest);
+  const double ahead = (shown + unseen + (byAudio_ ? kStandstill : 0)) * speed_ + (byAudio_ ? 0 : frameDuration_);
+  return std::min(*offset_ + time * speed_, track.value.value_or(stand_) + ahead);
 }
 
 }  // namespace cuewright

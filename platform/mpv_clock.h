@@ -34,6 +34,9 @@ class MpvClock {
   /// the one on show; else a picture may be meant to stay for longer.
   void SetFrameDuration(double seconds);
 
+  /// From now on the film plays so many times as fast as it was filmed.
+  void SetSpeed(double factor, double now);
+
   /// True while samples matter.
   bool WantsSamples() const;
 
@@ -81,8 +84,9 @@ class MpvClock {
   double stand_ = 0;  // position while nothing moves, and the least one while running
   Track audio_;
   Track picture_;
-  bool byAudio_ = false;          // the source of the offset
-  std::optional<double> offset_;  // position minus time, while it is known that the film moves
+  bool byAudio_ = false;  // the source of the offset
+  double speed_ = 1;
+  std::optional<double> offset_;  // position minus time * speed, while it is known that the film moves
   int measured_ = 0;
   int outliers_ = 0;
   double frameDuration_ = 0.04;

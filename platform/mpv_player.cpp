@@ -29,7 +29,9 @@ constexpr int kStateNothing = 0;
 constexpr double kSameInstant = 0.005;
 constexpr double kUsualPicture = 0.04;  // seconds
 constexpr double kTicksASecond = 1000;  // some containers tell the ticks of their clock in place of the pictures
-constexpr double kNothing = 0.001;      // less than this of the film can't be played
+constexpr double kSlowest = 0.25;
+constexpr double kFastest = 4;
+constexpr double kNothing = 0.001;  // less than this of the film can't be played
 
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
@@ -85,6 +87,7 @@ void MpvPlayer::StartCore() {
   video_->SetSize(surfaceWidth_, surfaceHeight_);
   core_->SetNumber("volume", volume_);
   core_->SetFlag("mute", muted_);
+  core_->SetNumber("speed", speed_);
   SetStretchToFit(stretch_);
   core_->Listen();
   sampler_ = std::make_unique<MpvSampler>(api, core_->Handle(), clock_);
@@ -190,6 +193,15 @@ void MpvPlayer::SetVolume(int volume) {
   if (volume == volume_) return;
   volume_ = volume;
   if (core_) core_->SetNumber("volume", volume_);
+  TellControls();
+}
+
+void MpvPlayer::SetSpeed(double factor) {
+  factor = std::clamp(factor, kSlowest, kFastest);
+  if (factor == speed_) return;
+  speed_ = factor;
+  if (core_) core_->SetNumber("speed", speed_);
+  clock_.SetSpeed(speed_, Now());
   TellControls();
 }
 

@@ -54,6 +54,8 @@ class MpvPlayer final : public Player, public VideoFrames {
   void SetStretchToFit(bool stretch) override;
   void SetVolume(int volume) override;
   int Volume() const override { return volume_; }
+  void SetSpeed(double factor) override;
+  double Speed() const override { return speed_; }
   void SetMuted(bool muted) override;
   bool Muted() const override { return muted_; }
   void Play() override;
@@ -131,6 +133,7 @@ class MpvPlayer final : public Player, public VideoFrames {
   Text uiMode_ = u"full";
   int volume_ = 75;
   bool muted_ = false;
+  double speed_ = 1;
   bool stretch_ = true;
   int surfaceWidth_ = 0;
   int surfaceHeight_ = 0;

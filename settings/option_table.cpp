@@ -115,6 +115,8 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"M_FONTNAME", kText<&O::listFontName>, MainWindow},
     {u"M_FONTSIZE", kNumber<&O::listFontSize>, MainWindow},
     {u"M_INFOBAR", kFlag<&O::infoBarOn>, MainWindow, "mnuInfoBar"},
+    {u"InfoBarUnfolded", kFlag<&O::infoBarUnfolded>, MainWindow, "mnuUnfoldInfoBar"},
+    {u"ToolBar", kFlag<&O::toolBarOn>, MainWindow, "mnuToolBar"},
     {u"M_AUDIOBAR", kFlag<&O::audioBarOn>, MainWindow, "mnuAudioBar"},
     {u"M_FULLWAVE", kFlag<&O::fullWave>, MainWindow, "mnuFullWave"},
     {u"RawMarks", kFlag<&O::rawMarks>, MainWindow, "mnuRawMarks"},

@@ -9,13 +9,15 @@
 #include <QVBoxLayout>
 
 #include "ui/binder.h"
+#include "ui/keyed_button.h"
 #include "ui/labels.h"
+#include "ui/larger_font.h"
 #include "ui/wrap_row.h"
 
 namespace cuewright {
 
-BottomPanel::BottomPanel(MainWindow& form, Binder& binder, QWidget* parent)
-    : QWidget(parent), form_(form), binder_(binder) {
+BottomPanel::BottomPanel(MainWindow& form, const AppOptions& options, Binder& binder, QWidget* parent)
+    : QWidget(parent), form_(form), options_(options), binder_(binder) {
   binder_.Bind(form_.picBottom, this);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(8, 4, 8, 8);
@@ -27,6 +29,7 @@ BottomPanel::BottomPanel(MainWindow& form, Binder& binder, QWidget* parent)
   pane->setAcceptDrops(false);      // files are the window's
   pane->setUndoRedoEnabled(false);  // what is typed is taken back with everything else
   pane->setMinimumHeight(48);
+  if (options_.manner.HasCalmWindow()) pane->setFont(LargerFont());
   pane_ = pane;
   left->addWidget(pane, 1);
   row->addLayout(left, 1);
@@ -74,18 +77,19 @@ QWidget* BottomPanel::MakeButtons() {
   auto* panel = new QWidget(this);
   auto* grid = new QGridLayout(panel);
   grid->setContentsMargins(0, 0, 0, 0);
-  const auto button = [&](Button& control, int row, int column, int columns) {
-    auto* made = binder_.Bind(control, new QPushButton(panel));
+  const auto button = [&](Button& control, QPushButton* widget, int row, int column, int columns) {
+    auto* made = binder_.Bind(control, widget);
     made->setMinimumWidth(80);
     made->setAutoDefault(false);
     made->setAttribute(Qt::WA_InputMethodEnabled, false);
     made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     grid->addWidget(made, row, column, 1, columns);
   };
-  button(form_.cmdApply, 0, 0, 2);
-  button(form_.cmdNext, 1, 0, 1);
-  button(form_.cmdEnd, 1, 1, 1);
-  button(form_.cmdCancel, 2, 0, 2);
+  const auto keyed = [&](const std::uint8_t& key) { return new KeyedButton(key, options_.manner, panel); };
+  button(form_.cmdApply, keyed(options_.startKey), 0, 0, 2);
+  button(form_.cmdNext, keyed(options_.nextKey), 1, 0, 1);
+  button(form_.cmdEnd, keyed(options_.endKey), 1, 1, 1);
+  button(form_.cmdCancel, new QPushButton(panel), 2, 0, 2);
   return panel;
 }
 

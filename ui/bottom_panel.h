@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "capture/main_window.h"
+#include "core/app_options.h"
 
 namespace cuewright {
 
@@ -11,7 +12,7 @@ class Binder;
 /// The panel `picBottom` below the list and the film: the caption's times and text, the capture's buttons, its modes.
 class BottomPanel final : public QWidget {
  public:
-  BottomPanel(MainWindow& form, Binder& binder, QWidget* parent);
+  BottomPanel(MainWindow& form, const AppOptions& options, Binder& binder, QWidget* parent);
 
   /// The text pane `txtSub`.
   QWidget* Pane() const { return pane_; }
@@ -22,6 +23,7 @@ class BottomPanel final : public QWidget {
   QWidget* MakeModes();
 
   MainWindow& form_;
+  const AppOptions& options_;
   Binder& binder_;
   QWidget* pane_;
 };

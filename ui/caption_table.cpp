@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "ui/key_codes.h"
+#include "ui/larger_font.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -129,7 +130,7 @@ void CaptionTable::ShowState() {
 }
 
 void CaptionTable::ShowFont() {
-  QFont rowFont = font();
+  QFont rowFont = grid_.IsWorkbench() ? LargerFont() : font();
   if (!grid_.FontName().empty()) {
     rowFont = QFont(ToQt(grid_.FontName()), grid_.FontSize(), grid_.FontBold() ? QFont::Bold : QFont::Normal);
   }

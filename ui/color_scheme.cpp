@@ -26,13 +26,47 @@ uint SchemeOf(QVariant value) {
   return value.toUInt();
 }
 
+/// The one colour that stands out, in light and dark.
+constexpr QColor kAccent(0x2f, 0x6f, 0xb5);
+
+QPalette LightPalette() {
+  QPalette colors;
+  const QColor window(0xf2, 0xf3, 0xf5);
+  const QColor text(0x1f, 0x23, 0x28);
+  const QColor faint(0x85, 0x8b, 0x94);
+  colors.setColor(QPalette::Window, window);
+  colors.setColor(QPalette::WindowText, text);
+  colors.setColor(QPalette::Base, Qt::white);
+  colors.setColor(QPalette::AlternateBase, QColor(0xf7, 0xf8, 0xfa));
+  colors.setColor(QPalette::Text, text);
+  colors.setColor(QPalette::PlaceholderText, faint);
+  colors.setColor(QPalette::Button, QColor(0xfb, 0xfb, 0xfc));
+  colors.setColor(QPalette::ButtonText, text);
+  colors.setColor(QPalette::BrightText, Qt::white);
+  colors.setColor(QPalette::ToolTipBase, Qt::white);
+  colors.setColor(QPalette::ToolTipText, text);
+  colors.setColor(QPalette::Highlight, kAccent);
+  colors.setColor(QPalette::HighlightedText, Qt::white);
+  colors.setColor(QPalette::Link, QColor(0x1f, 0x5f, 0xa8));
+  colors.setColor(QPalette::LinkVisited, QColor(0x6a, 0x48, 0xa8));
+  colors.setColor(QPalette::Light, Qt::white);
+  colors.setColor(QPalette::Midlight, QColor(0xe6, 0xe8, 0xeb));
+  colors.setColor(QPalette::Mid, QColor(0xc8, 0xcc, 0xd2));
+  colors.setColor(QPalette::Dark, QColor(0xa3, 0xa8, 0xb0));
+  colors.setColor(QPalette::Shadow, QColor(0x70, 0x75, 0x7d));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    colors.setColor(QPalette::Disabled, role, faint);
+  }
+  colors.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xc8, 0xcc, 0xd2));
+  return colors;
+}
+
 QPalette DarkPalette() {
   QPalette colors;
   const QColor window(0x2b, 0x2d, 0x30);
   const QColor base(0x1e, 0x1f, 0x22);
   const QColor text(0xe4, 0xe6, 0xe9);
   const QColor faint(0x80, 0x84, 0x8b);
-  const QColor highlight(0x2f, 0x6f, 0xb5);
   colors.setColor(QPalette::Window, window);
   colors.setColor(QPalette::WindowText, text);
   colors.setColor(QPalette::Base, base);
@@ -44,7 +78,7 @@ QPalette DarkPalette() {
   colors.setColor(QPalette::BrightText, Qt::white);
   colors.setColor(QPalette::ToolTipBase, QColor(0x45, 0x48, 0x4e));
   colors.setColor(QPalette::ToolTipText, text);
-  colors.setColor(QPalette::Highlight, highlight);
+  colors.setColor(QPalette::Highlight, kAccent);
   colors.setColor(QPalette::HighlightedText, Qt::white);
   colors.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf5));
   colors.setColor(QPalette::LinkVisited, QColor(0xb4, 0x9c, 0xe8));
@@ -67,6 +101,7 @@ bool IsDark(const QPalette& colors) {
 }  // namespace
 
 ColorScheme::ColorScheme() : own_(QApplication::palette()), ownStyle_(QApplication::style()->objectName()) {
+  if (HasLightColors()) QApplication::setPalette(LightPalette());
   const QByteArray wanted = qgetenv("CUEWRIGHT_COLOR_SCHEME");
   if (wanted.isEmpty()) {
     AskDesktop();
@@ -74,6 +109,8 @@ ColorScheme::ColorScheme() : own_(QApplication::palette()), ownStyle_(QApplicati
     Apply(wanted == "dark");
   }
 }
+
+bool ColorScheme::HasLightColors() const { return ownStyle_ == "fusion" && !IsDark(own_); }
 
 void ColorScheme::AskDesktop() {
   QDBusConnection bus = QDBusConnection::sessionBus();
@@ -100,7 +137,7 @@ void ColorScheme::Apply(bool dark) {
   dark_ = dark;
   // The other styles draw their own light surfaces whatever the colours say.
   if (dark && ownStyle_ != "fusion") QApplication::setStyle(new JoinedLetters("fusion"));
-  QApplication::setPalette(dark ? DarkPalette() : QPalette());
+  QApplication::setPalette(dark ? DarkPalette() : HasLightColors() ? LightPalette() : QPalette());
   if (!dark && ownStyle_ != "fusion") QApplication::setStyle(new JoinedLetters(ownStyle_));
 }
 

@@ -23,6 +23,8 @@ class ColorScheme final : public QObject {
 
  private:
   void AskDesktop();
+  /// No theme of the desktop has colours: the program's own light ones stand in.
+  bool HasLightColors() const;
 
   QPalette own_;  // the desktop's
   QString ownStyle_;

@@ -12,6 +12,13 @@
 #include "ui/svg_picture.h"
 
 namespace cuewright {
+namespace {
+
+constexpr int kIcon = 32;
+constexpr int kIconInLine = 18;
+constexpr int kBetweenFiles = 24;
+
+}  // namespace
 
 InformationBar::InformationBar(MainWindow& form, Binder& binder, QWidget* parent)
     : QWidget(parent), form_(form), binder_(binder) {
@@ -19,22 +26,20 @@ InformationBar::InformationBar(MainWindow& form, Binder& binder, QWidget* parent
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(12, 4, 12, 4);
+  row->setContentsMargins(12, 2, 12, 2);
   row->setSpacing(12);
   auto* icon = binder_.Bind(form_.picIco, new SvgPicture(":/cuewright.svg", this));
   icon->setAccessibleName(ToQt(kProductName));
-  icon->setFixedSize(32, 32);
   row->addWidget(icon);
-  auto* texts = new QVBoxLayout;
-  texts->setSpacing(2);
-  texts->addStretch();
+  icon_ = icon;
+  files_ = new QVBoxLayout;
+  files_->setSpacing(2);
   for (Label* file : {&form_.lblTextFile, &form_.lblVideoFile}) {
     auto* label = binder_.Bind(*file, new ElidedLabel(this));
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    texts->addWidget(label);
+    files_->addWidget(label);
   }
-  texts->addStretch();
-  row->addLayout(texts, 1);
+  row->addLayout(files_, 1);
   AddNotice(*row);
   logo_ = binder_.Bind(form_.picLogo, BoldLabel(this, 1.4));
   logo_->setText(ToQt(kProductName));
@@ -59,8 +64,12 @@ void InformationBar::AddNotice(QBoxLayout& row) {
   row.addWidget(close);
 }
 
-void InformationBar::ShowParts(bool logo) {
+void InformationBar::ShowParts(bool logo, bool line) {
   const bool on = form_.picIco.Visible();
+  const int side = line ? kIconInLine : kIcon;
+  icon_->setFixedSize(side, side);
+  files_->setDirection(line ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  files_->setSpacing(line ? kBetweenFiles : 2);
   for (const Label* label : {&form_.lblTextFile, &form_.lblVideoFile}) binder_.WidgetOf(*label).setVisible(on);
   for (const Control* part :
        std::initializer_list<const Control*>{&form_.lblNotice, &form_.cmdShowLines, &form_.cmdShowFindings,

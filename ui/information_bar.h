@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QWidget>
 
 #include "capture/main_window.h"
@@ -17,14 +18,17 @@ class InformationBar final : public QWidget {
  public:
   InformationBar(MainWindow& form, Binder& binder, QWidget* parent);
 
-  /// The band is on: its parts show themselves, the product's name only where it has room.
-  void ShowParts(bool logo);
+  /// The band is on: its parts show themselves, the product's name only where it has room. As a line it has the names
+  /// of both files beside each other.
+  void ShowParts(bool logo, bool line);
 
  private:
   void AddNotice(QBoxLayout& row);
 
   MainWindow& form_;
   Binder& binder_;
+  QBoxLayout* files_;
+  QWidget* icon_;
   QLabel* logo_;
 };
 

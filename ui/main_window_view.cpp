@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QStyle>
 #include <QUrl>
 
@@ -30,6 +31,7 @@
 #include "ui/audio_bar_widgets.h"
 #include "ui/bottom_panel.h"
 #include "ui/caption_table.h"
+#include "ui/elided_label.h"
 #include "ui/fit_screen.h"
 #include "ui/focus_keeper.h"
 #include "ui/held_keys.h"
@@ -39,6 +41,7 @@
 #include "ui/overlay.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
+#include "ui/tool_bar.h"
 
 namespace cuewright {
 namespace {
@@ -108,7 +111,12 @@ void MainWindowView::BuildParts() {
   audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, binder_, area_);
   overlay_ = new Overlay(p_.sub, area_);
   new FocusKeeper(*this, binder_, captureButtons_);
-  bottom_ = new BottomPanel(form_, binder_, area_);
+  bottom_ = new BottomPanel(form_, p_.options, binder_, area_);
+  toolBar_ = new ToolBar(form_, menus_, this);
+  addToolBar(toolBar_);
+  statusBar()->setContentsMargins(6, 0, 6, 0);
+  statusBar()->addWidget(binder_.Bind(form_.lblStatus, new ElidedLabel(this)), 1);
+  connections_.push_back(form_.lblStatus.Changed.ConnectScoped([this] { ShowBars(); }));
   for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
                        &form_.tmrFilmSound, &form_.tmrStretch}) {
     binder_.Bind(*timer);
@@ -154,6 +162,7 @@ void MainWindowView::FitLeastWidth() {
 
 void MainWindowView::ApplyNames() {
   table_->setAccessibleName(ToQt(p_.strings[Message::SpokenCaptionList]));
+  toolBar_->setAccessibleName(ToQt(WithoutAccessKey(p_.strings[Message::ToolBar])));
   // The film's own controls have no captions.
   const QHash<QString, Message> names = {{"WMP", Message::SpokenFilm},
                                          {"wmpTransport", Message::SpokenFilmControls},
@@ -196,7 +205,13 @@ QRect MainWindowView::Placed(const Rect& rect) const {
   return QStyle::visualRect(layoutDirection(), area_->rect(), {rect.left, rect.top, rect.width, rect.height});
 }
 
+void MainWindowView::ShowBars() {
+  toolBar_->setVisible(p_.options.toolBarOn && p_.options.manner.HasCalmWindow());
+  statusBar()->setVisible(form_.lblStatus.Visible());
+}
+
 void MainWindowView::ApplyLayout() {
+  ShowBars();
   MainLayout& layout = p_.shell.Layout();
   layout.SetInner(area_->width(), area_->height());
   status_->setGeometry(Placed(layout.Status()));
@@ -210,7 +225,7 @@ void MainWindowView::ApplyLayout() {
   const QSize logo(160, 120);
   logo_->setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, logo, player));
   logo_->raise();
-  status_->ShowParts(layout.ShowsLogo());
+  status_->ShowParts(layout.ShowsLogo(), layout.InformationBand() == MainLayout::Band::Line);
   ApplyColumns();
   table_->NoteMetrics();
   p_.preview.PlacePreview();
@@ -360,6 +375,8 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
     case QEvent::KeyRelease:
       return FilterKey(object, event);
     case QEvent::Resize:
+      // A bar has come or gone.
+      if (object == area_) ApplyLayout();
       // The columns are measured by the pane.
       if (object == bottom_->Pane()) ApplyColumns();
       return false;

@@ -30,6 +30,7 @@ class Overlay;
 class Preview;
 class SubWindow;
 class TimingCapture;
+class ToolBar;
 
 /// What the main window shows and hands on.
 struct MainWindowParts {
@@ -89,6 +90,8 @@ class MainWindowView final : public QMainWindow {
   void FollowDocument();
   void MoveDivider(int left);
   void ApplyLayout();
+  /// The tool bar and the line at the foot are there as the settings and the manner say.
+  void ShowBars();
   void ApplyColumns();
   void ApplyDirection();
   /// Where a part of the layout stands; mirrored when the window is read from the right.
@@ -110,6 +113,7 @@ class MainWindowView final : public QMainWindow {
   QWidget* logo_ = nullptr;
   InformationBar* status_ = nullptr;
   BottomPanel* bottom_ = nullptr;
+  ToolBar* toolBar_ = nullptr;
   LayoutDivider* divider_ = nullptr;
   Overlay* overlay_ = nullptr;
   std::unique_ptr<AudioBarWidgets> audioBar_;

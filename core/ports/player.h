@@ -60,6 +60,11 @@ class Player {
   /// Goes to the start and stays there, state 1.
   virtual void Stop() = 0;
 
+  /// How many times as fast as it was filmed the film plays, 0.25 to 4, with the pitch of its sound kept; another film
+  /// keeps it.
+  virtual void SetSpeed(double /*factor*/) {}
+  virtual double Speed() const { return 1; }
+
   /// Seconds. Smooth to the millisecond; never runs backward while playing without a seek.
   virtual double CurrentPosition() const = 0;
   virtual void SetCurrentPosition(double seconds) = 0;
@@ -86,7 +91,7 @@ class Player {
   Signal<Player, int> PlayStateChange;            ///< the new state
   Signal<Player, double, double> PositionChange;  ///< a seek has landed: old and new position in seconds
   Signal<Player, Text> MediaError;                ///< the file could not be played: the library's own words
-  Signal<Player> ControlsChange;                  ///< enabled, uiMode, volume, mute or the duration has changed
+  Signal<Player> ControlsChange;                  ///< enabled, uiMode, volume, mute, speed or the duration has changed
 
  protected:
   void TellPlayState(int state) { PlayStateChange(state); }

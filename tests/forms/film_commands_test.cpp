@@ -90,6 +90,36 @@ TEST_F(FilmMenu, AUserWhoMovesOrPausesTheFilmIsNotPausedLater) {
   EXPECT_EQ(player.state, kPlayerPlaying);
 }
 
+TEST_F(FilmMenu, PlaysSlowerAndFasterBetweenAQuarterAndFour) {
+  EXPECT_EQ(Window().mnuSpeed.GetText(), u"Speed: 1");
+  EXPECT_TRUE(Window().mnuUsualSpeed.Checked());
+  std::vector<double> speeds;
+  while (Window().mnuSlower.Enabled()) {
+    Window().mnuSlower.Click();
+    speeds.push_back(player.speed);
+  }
+  EXPECT_EQ(speeds, (std::vector{0.75, 0.67, 0.5, 0.33, 0.25}));
+  EXPECT_EQ(Window().mnuSpeed.GetText(), u"Speed: 0.25");
+  EXPECT_FALSE(Window().mnuUsualSpeed.Checked());
+  Window().mnuSlower.Click();
+  EXPECT_EQ(player.speed, 0.25);
+  Window().mnuUsualSpeed.Click();
+  speeds.clear();
+  while (Window().mnuFaster.Enabled()) {
+    Window().mnuFaster.Click();
+    speeds.push_back(player.speed);
+  }
+  EXPECT_EQ(speeds, (std::vector{1.25, 1.5, 2.0, 3.0, 4.0}));
+  EXPECT_EQ(Window().mnuSpeed.GetText(), u"Speed: 4");
+  Window().mnuFaster.Click();
+  EXPECT_EQ(player.speed, 4);
+  // Another control has set a speed between two of these.
+  player.SetSpeed(1.1);
+  EXPECT_EQ(Window().mnuSpeed.GetText(), u"Speed: 1.1");
+  Window().mnuSlower.Click();
+  EXPECT_EQ(player.speed, 1);
+}
+
 TEST_F(FilmMenu, StepsByFramesAndTime) {
   player.position = 1.01;
   Window().mnuFrameForward.Click();

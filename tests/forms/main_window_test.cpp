@@ -418,9 +418,9 @@ TEST(MainLayout, TheDividerStaysFromBothEdges) {
 TEST(MainLayout, ListAndPlayerShareTheHeightBetweenTheBars) {
   MainLayout layout;
   layout.SetInner(1000, 700);
-  layout.SetBars(true, 0, 150);
+  layout.SetBars(MainLayout::Band::Full, 0, 150);
   EXPECT_EQ(layout.List().height, 700 - 56 - 150 - 16);
-  layout.SetBars(false, 100, 150);
+  layout.SetBars(MainLayout::Band::Off, 100, 150);
   EXPECT_EQ(layout.List().height, 700 - 8 - 150 - 100 - 20);
   EXPECT_EQ(layout.Player().height, layout.List().height);
   EXPECT_EQ(layout.Player().top, layout.List().top);

@@ -237,6 +237,38 @@ TEST(MpvClock, PutsTheCorrectionOfAPauseIntoItsHistory) {
   EXPECT_DOUBLE_EQ(clock.PositionAt(kStart + 3), 0.0985);
 }
 
+TEST(MpvClock, FollowsAFilmThatPlaysSlowerOrFaster) {
+  for (const double speed : {0.25, 0.5, 2.0, 4.0}) {
+    for (const bool sound : {true, false}) {
+      MpvClock clock;
+      clock.SetSpeed(speed, kStart);
+      clock.Run(kStart);
+      for (int i = 0; i < 400; ++i) {
+        const double time = i * 0.005;
+        const double frame = FrameAt(time * speed, 0.04);
+        Feed(clock, kStart + time, sound ? std::optional(time * speed) : std::nullopt, frame);
+        if (i < 100) continue;
+        EXPECT_NEAR(clock.Position(kStart + time + 0.0031), (time + 0.0031) * speed, sound ? 0.001 : 0.004 * speed)
+            << speed << (sound ? " sound" : " picture");
+      }
+      EXPECT_NEAR(clock.PositionAt(kStart + 1.5), 1.5 * speed, sound ? 0.001 : 0.004 * speed) << speed;
+    }
+  }
+}
+
+TEST(MpvClock, ASpeedThatChangesMovesNothingThatWas) {
+  MpvClock clock;
+  clock.Run(kStart);
+  for (int i = 0; i <= 200; ++i) Feed(clock, kStart + i * 0.005, i * 0.005, {});
+  clock.SetSpeed(0.5, kStart + 1);
+  EXPECT_NEAR(clock.Position(kStart + 1), 1, 0.001);
+  EXPECT_NEAR(clock.Position(kStart + 1.04), 1.02, 0.001);
+  for (int i = 1; i <= 200; ++i) Feed(clock, kStart + 1 + i * 0.005, 1 + i * 0.0025, {});
+  EXPECT_NEAR(clock.Position(kStart + 2.002), 1.501, 0.001);
+  EXPECT_NEAR(clock.PositionAt(kStart + 0.5), 0.5, 0.001);
+  EXPECT_NEAR(clock.PositionAt(kStart + 1.5), 1.25, 0.001);
+}
+
 TEST(MpvClock, ForgetsWhatIsLongPast) {
   MpvClock clock;
   clock.Run(kStart);

@@ -38,6 +38,11 @@ class FakePlayer final : public Player {
   int Volume() const override { return volume; }
   void SetMuted(bool on) override { muted = on; }
   bool Muted() const override { return muted; }
+  void SetSpeed(double factor) override {
+    speed = factor;
+    TellControls();
+  }
+  double Speed() const override { return speed; }
   void Play() override { Become(kPlayerPlaying); }
   void Pause() override { Become(kPlayerPaused); }
   void Stop() override {
@@ -76,6 +81,7 @@ class FakePlayer final : public Player {
   bool stretch = true;
   int volume = 75;
   bool muted = false;
+  double speed = 1;
   double position = 0;
   std::function<double(double)> history;  // where the film was at an instant; empty: always where it is
   Text positionText = u"00:00";

@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QTableView>
 #include <QTest>
+#include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
 
@@ -65,6 +66,7 @@ struct HomeTest : testing::ProgramFixture {
 using Drops = HomeTest;
 using Divider = HomeTest;
 using Columns = HomeTest;
+using Bars = HomeTest;
 using Names = HomeTest;
 using Strip = HomeTest;
 
@@ -146,6 +148,48 @@ TEST_F(Columns, ADoubleClickOnAnEdgeGivesThemBack) {
   EXPECT_NE(table->columnWidth(1), own);
   emit table->horizontalHeader()->sectionHandleDoubleClicked(1);
   EXPECT_EQ(table->columnWidth(1), own);
+}
+
+TEST_F(Bars, ComeAndGoByTheViewMenuAndLeaveTheirRoom) {
+  auto* bar = Find<QToolBar>("tlbMain");
+  ASSERT_TRUE(bar->isVisible());
+  EXPECT_EQ(bar->accessibleName(), "Tool bar");
+  const int list = Find<QWidget>("grdSubs")->height();
+  Window().mnuToolBar.Click();
+  EXPECT_FALSE(bar->isVisible());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QWidget>("grdSubs")->height() > list; }));
+  Window().mnuToolBar.Click();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QWidget>("grdSubs")->height() == list; }));
+}
+
+TEST_F(Bars, TheToolBarsPicturesAreTheMenusItemsWithTheirKeys) {
+  auto* bar = Find<QToolBar>("tlbMain");
+  QStringList tips;
+  for (const QAction* action : bar->actions()) {
+    if (!action->isSeparator()) tips << action->toolTip();
+  }
+  EXPECT_EQ(
+      tips.join("|").toStdString(),
+      "Open text or subtitle (Ctrl+O)|Save (Ctrl+S)|Undo (Ctrl+Z)|Redo (Ctrl+Shift+Z)|Sound of the film in the Audio "
+      "bar|Check subtitles (Shift+F8)|Retime (Ctrl+Shift+T)");
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 3));
+  Window().mnuRemove.Click();
+  EXPECT_EQ(List().Rows(), 3);
+  for (QAction* action : bar->actions()) {
+    if (action->toolTip().startsWith("Undo")) action->trigger();
+  }
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(Find<QLabel>("lblStatus")->text().section("     ", 0, 0), "3 captions");
+}
+
+TEST_F(Bars, TheButtonsThatTakeTimesNameTheirKeys) {
+  EXPECT_EQ(Find<QWidget>("cmdApply")->accessibleDescription(), "B");
+  EXPECT_EQ(Find<QWidget>("cmdNext")->accessibleDescription(), "N");
+  EXPECT_EQ(Find<QWidget>("cmdEnd")->accessibleDescription(), "M");
+  program->options.startKey = 'Q';
+  QEvent front(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(Find<QWidget>("cmdApply"), &front);
+  EXPECT_EQ(Find<QWidget>("cmdApply")->accessibleDescription(), "Q");
 }
 
 TEST_F(Names, AreInTheLanguageInForce) {
