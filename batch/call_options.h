@@ -29,6 +29,7 @@ std::span<const CallOption> RulesOptions();
 std::span<const CallOption> RetimeOptions();
 std::span<const CallOption> ReplaceOptions();
 std::span<const CallOption> CheckOptions();
+std::span<const CallOption> SyncOptions();
 
 /// Takes the encoding of what is written.
 Problem SetEncoding(Request& request, const std::string& value);
@@ -41,5 +42,6 @@ Problem CheckRules(const Request& request);
 Problem CheckRetime(const Request& request);
 Problem CheckReplace(const Request& request);
 Problem CheckCheck(const Request& request);
+Problem CheckSync(const Request& request);
 
 }  // namespace cuewright

@@ -77,6 +77,9 @@ struct Request {
   Text profile;              ///< the house rules
   std::optional<Text> film;  ///< the film that the captions belong to
 
+  // Options of the commands that listen to a film.
+  std::optional<Text> other;  ///< what captions are synchronised with: a film or another subtitle
+
   // Option of `rules`.
   bool detailed = false;
 

@@ -22,6 +22,7 @@ constexpr std::string_view kProgram =
     "  profiles           list what houses ask of subtitles\n"
     "  check FILE         hold a file against what a house asks\n"
     "  shots FILM         find the changes of shot in a film\n"
+    "  sync FILE          bring a file made for another cut or rate to a film or another subtitle\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -146,6 +147,22 @@ constexpr std::string_view kShots =
     "read by ffmpeg.\n"
     "\n";
 
+constexpr std::string_view kSync =
+    "Usage: cuewright-batch sync FILE --with OTHER --out FILE [OPTION]...\n"
+    "Brings captions that were made for another cut or rate to the voices of a film, or to the times of\n"
+    "another subtitle: finds the rate, the shift and where something was cut out or put in. A line a\n"
+    "segment: its first and last caption, the milliseconds that are added, the ratio by which times are\n"
+    "multiplied before that, how sure it is from 0 to 1, and sure or doubtful, separated by tabs. A file\n"
+    "that fits already keeps its times. Captions that fit no better than by chance are told as such;\n"
+    "then nothing is written and the exit status is 1.\n"
+    "\n"
+    "  --with OTHER        the film, whose sound is read by ffmpeg, or a subtitle\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS; without\n"
+    "                      it that of the file. Nothing is written when it lacks letters\n"
+    "\n";
+
 constexpr std::string_view kCommon =
     "A FILE of the name '-' is the standard input.\n"
     "\n"
@@ -183,6 +200,7 @@ std::string HelpText(std::string_view command) {
   if (command == "profiles") own = kProfiles;
   if (command == "check") own = kCheck;
   if (command == "shots") own = kShots;
+  if (command == "sync") own = kSync;
   return std::string(own) + std::string(kCommon);
 }
 

@@ -73,6 +73,12 @@ TimeMap TimeMap::Shift(std::int32_t ms) {
   return map;
 }
 
+TimeMap TimeMap::ScaleAndShift(const SpeedRatio& ratio, std::int32_t ms) {
+  TimeMap map;
+  map.lines_ = {{0, ms, ratio}};
+  return map;
+}
+
 TimeMap TimeMap::Scale(const SpeedRatio& ratio) {
   TimeMap map;
   map.lines_ = {{0, 0, ratio}};
@@ -111,42 +117,65 @@ Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map) {
 
 namespace {
 
-/// Passes each row and what becomes of it to `take`.
+/// Passes each row of a range and what becomes of it to `take`.
 template <class Take>
-RetimeResult PassRetimed(const CaptionList& list, const RetimeRows& rows, const TimeMap& map, Take take) {
-  RetimeResult result;
-  for (const RowRange& range : rows) {
-    const auto [first, last] = range.In(list);
-    for (Row row = first; row <= last; ++row) {
-      const CaptionTimes old = list.TimesAt(row);
-      const Retimed fresh = RetimedTimes(old, map);
-      result.changed += int{fresh.times != old};
-      result.belowZero += int{fresh.belowZero};
-      take(row, fresh.times);
-    }
+void PassRetimed(const CaptionList& list, const RowRange& range, const TimeMap& map, RetimeResult& result, Take take) {
+  const auto [first, last] = range.In(list);
+  for (Row row = first; row <= last; ++row) {
+    const CaptionTimes old = list.TimesAt(row);
+    const Retimed fresh = RetimedTimes(old, map);
+    result.changed += int{fresh.times != old};
+    result.belowZero += int{fresh.belowZero};
+    take(row, fresh.times);
   }
-  return result;
 }
+
+/// New times of rows that follow on each other, gathered for one change.
+class FreshTimes {
+ public:
+  explicit FreshTimes(CaptionList& list) : list_(list) {}
+
+  void Take(Row row, const CaptionTimes& fresh) {
+    if (first_ == 0) first_ = row;
+    // What lies between two ranges keeps its times.
+    for (Row next = first_ + static_cast<Row>(times_.size()); next < row; ++next) times_.push_back(list_.TimesAt(next));
+    times_.push_back(fresh);
+  }
+
+  void Store() {
+    const EditScope scope(list_, EditKind::Retime);
+    list_.Retime(first_, times_);
+    list_.SetModified();
+  }
+
+ private:
+  CaptionList& list_;
+  std::vector<CaptionTimes> times_;
+  Row first_ = 0;
+};
 
 }  // namespace
 
 RetimeResult ForeseeRetiming(const CaptionList& list, const RetimeRows& rows, const TimeMap& map) {
-  return PassRetimed(list, rows, map, [](Row, const CaptionTimes&) {});
+  RetimeResult result;
+  for (const RowRange& range : rows) PassRetimed(list, range, map, result, [](Row, const CaptionTimes&) {});
+  return result;
 }
 
 RetimeResult RetimeCaptions(CaptionList& list, const RetimeRows& rows, const TimeMap& map) {
-  std::vector<CaptionTimes> times;
-  Row first = 0;
-  const RetimeResult result = PassRetimed(list, rows, map, [&](Row row, const CaptionTimes& fresh) {
-    if (first == 0) first = row;
-    // What lies between two ranges keeps its times.
-    for (Row next = first + static_cast<Row>(times.size()); next < row; ++next) times.push_back(list.TimesAt(next));
-    times.push_back(fresh);
-  });
-  if (result.changed == 0) return result;
-  const EditScope scope(list, EditKind::Retime);
-  list.Retime(first, times);
-  list.SetModified();
+  std::vector<RetimePiece> pieces;
+  for (const RowRange& range : rows) pieces.push_back({range, map});
+  return RetimeCaptions(list, pieces);
+}
+
+RetimeResult RetimeCaptions(CaptionList& list, const std::vector<RetimePiece>& pieces) {
+  RetimeResult result;
+  FreshTimes fresh(list);
+  for (const RetimePiece& piece : pieces) {
+    PassRetimed(list, piece.rows, piece.map, result,
+                [&](Row row, const CaptionTimes& times) { fresh.Take(row, times); });
+  }
+  if (result.changed != 0) fresh.Store();
   return result;
 }
 

@@ -38,6 +38,9 @@ class TimeMap {
   /// Multiplies times, 0 staying where it is.
   static TimeMap Scale(const SpeedRatio& ratio);
 
+  /// Multiplies times and then adds milliseconds.
+  static TimeMap ScaleAndShift(const SpeedRatio& ratio, std::int32_t ms);
+
   enum class Fault : std::uint8_t { None, NoPoint, SameTime, TurnedRound };
   /// Straight lines through points in any order; before the first and behind the last point the nearest line goes on,
   /// and a single point is a shift. `map` is left alone when two points begin at the same time, or their new times are
@@ -82,5 +85,14 @@ RetimeResult ForeseeRetiming(const CaptionList& list, const RetimeRows& rows, co
 
 /// Gives the captions in these rows the times of the map, as one command and one change of the list.
 RetimeResult RetimeCaptions(CaptionList& list, const RetimeRows& rows, const TimeMap& map);
+
+/// Rows that have a map of their own.
+struct RetimePiece {
+  RowRange rows;
+  TimeMap map;
+};
+
+/// The same for pieces in ascending order that don't overlap, each by its map; also one command and one change.
+RetimeResult RetimeCaptions(CaptionList& list, const std::vector<RetimePiece>& pieces);
 
 }  // namespace cuewright

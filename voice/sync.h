@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "voice/offset_scores.h"
+#include "voice/voice_likeness.h"
+
+namespace cuewright {
+
+/// Captions that move together.
+struct SyncSegment {
+  Row first = 1;
+  Row last = 1;
+  std::int32_t offset = 0;  ///< ms that are added to a time that was multiplied by the ratio
+  double confidence = 0;    ///< 0 to 1, by how much worse the second best place is
+  bool doubtful = false;
+};
+
+/// Where captions that were made for another cut or rate belong.
+struct SyncResult {
+  bool belongs = false;  ///< they fit what they are held against better than by chance
+  TimeRatio ratio;
+  std::vector<SyncSegment> segments;  ///< in ascending order; each row lies in exactly one
+
+  /// At least one time becomes another.
+  bool Changes() const;
+};
+
+/// Finds ratio, shift and cuts by which captions, row 1 first, lie on a voice. Rows without times go with the one
+/// before. `exact` are captions that the voice was made of, whose starts then give the milliseconds.
+SyncResult Synchronise(std::span<const CaptionTimes> captions, const VoiceTrack& voice,
+                       std::span<const CaptionTimes> exact = {});
+
+}  // namespace cuewright

@@ -1,0 +1,97 @@
+#include "voice/voice_likeness.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kBlock = 500;    ///< steps from one measure of quiet and loud to the next
+constexpr std::size_t kAround = 1500;  ///< steps before and behind that are measured
+constexpr double kQuiet = 0.15;
+constexpr double kLoud = 0.92;
+constexpr float kLeastRange = 4;   ///< dB between quiet and loud: below that a band tells nothing
+constexpr float kWholeRange = 16;  ///< dB from which on it tells all it can
+constexpr std::int32_t kLongestTrackMs = 48 * 3600 * 1000;
+
+/// Quiet and loud in dB.
+struct Levels {
+  float quiet = 0;
+  float range = 0;
+};
+
+/// How often each value of a band occurs in a stretch that moves along.
+class Histogram {
+ public:
+  void Add(std::uint8_t value) { ++counts_[value], ++all_; }
+  void Remove(std::uint8_t value) { --counts_[value], --all_; }
+  float Quantile(double share) const {
+    const auto wanted = static_cast<std::size_t>(share * static_cast<double>(all_));
+    std::size_t below = 0;
+    std::size_t value = 0;
+    while (value + 1 < counts_.size() && below + counts_[value] <= wanted) below += counts_[value++];
+    return static_cast<float>(value) * SoundTable::kDbPerUnit;
+  }
+
+ private:
+  std::array<std::size_t, 256> counts_{};
+  std::size_t all_ = 0;
+};
+
+/// The levels of a band around the middle of each block.
+std::vector<Levels> LevelsOf(const SoundTable& sound, std::size_t band) {
+  const std::size_t steps = sound.Steps();
+  std::vector<Levels> levels;
+  Histogram histogram;
+  std::size_t first = 0;
+  std::size_t behind = 0;
+  for (std::size_t middle = kBlock / 2; middle < steps + kBlock / 2; middle += kBlock) {
+    while (behind < std::min(steps, middle + kAround)) histogram.Add(sound.At(behind++)[band]);
+    while (first + kAround < middle && first < behind) histogram.Remove(sound.At(first++)[band]);
+    const float quiet = histogram.Quantile(kQuiet);
+    levels.push_back({quiet, histogram.Quantile(kLoud) - quiet});
+  }
+  return levels;
+}
+
+/// What a band adds: its place between quiet and loud, the more the wider these lie apart.
+void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, VoiceTrack& weights) {
+  const std::vector<Levels> levels = LevelsOf(sound, band);
+  for (std::size_t step = 0; step < track.size(); ++step) {
+    const Levels& here = levels[step / kBlock];
+    if (here.range < kLeastRange) continue;
+    const float weight = std::min(1.0F, here.range / kWholeRange);
+    const float place = (static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit - here.quiet) / here.range;
+    track[step] += weight * std::clamp(place, 0.0F, 1.0F);
+    weights[step] += weight;
+  }
+}
+
+}  // namespace
+
+VoiceTrack VoiceOfSound(const SoundTable& sound) {
+  VoiceTrack track(sound.Steps());
+  VoiceTrack weights(sound.Steps());
+  for (std::size_t band = 0; band < SoundTable::kBands; ++band) AddBand(sound, band, track, weights);
+  for (std::size_t step = 0; step < track.size(); ++step) {
+    track[step] /= std::max(weights[step], 1.0F);
+  }
+  return track;
+}
+
+VoiceTrack VoiceOfCaptions(std::span<const CaptionTimes> captions) {
+  std::int32_t last = 0;
+  for (const CaptionTimes& times : captions) last = std::max(last, times.end);
+  VoiceTrack track(static_cast<std::size_t>(std::min(last, kLongestTrackMs) / SoundTable::kStepMs));
+  for (const CaptionTimes& times : captions) {
+    const auto at = [&](std::int32_t ms) {
+      return track.begin() + std::clamp<std::ptrdiff_t>((ms + SoundTable::kStepMs / 2) / SoundTable::kStepMs, 0,
+                                                        static_cast<std::ptrdiff_t>(track.size()));
+    };
+    if (times.start >= 0 && times.end > times.start) std::fill(at(times.start), at(times.end), 1.0F);
+  }
+  return track;
+}
+
+}  // namespace cuewright
