@@ -16,9 +16,9 @@ namespace fs = std::filesystem;
 
 /// The folders and their floors: a file includes its own folder or a lower floor.
 const std::map<std::string, int> kFloors = {
-    {"text", 0},   {"core", 1},      {"form", 5},      {"capture", 8}, {"formats", 10}, {"settings", 10}, {"sound", 10},
-    {"tools", 20}, {"check", 25},    {"external", 20}, {"runner", 20}, {"audio", 20},   {"shots", 20},    {"forms", 30},
-    {"ui", 40},    {"platform", 40}, {"app", 50},      {"batch", 50},  {"vdrun", 50}};
+    {"text", 0},   {"core", 1},   {"form", 5},      {"capture", 8},   {"formats", 10}, {"settings", 10}, {"sound", 10},
+    {"voice", 20}, {"tools", 20}, {"check", 25},    {"external", 20}, {"runner", 20},  {"audio", 20},    {"shots", 20},
+    {"forms", 30}, {"ui", 40},    {"platform", 40}, {"app", 50},      {"batch", 50},   {"vdrun", 50}};
 
 struct Include {
   std::string file;
