@@ -14,9 +14,11 @@ constexpr std::ptrdiff_t kReach = 35;        ///< steps that a time may lie from
 constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the hand
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
-constexpr double kStartEnough = 0.6;         ///< confidence from which a start moves
-constexpr double kEndEnough = 0.55;
-constexpr double kSureEnough = 0.8;      ///< confidence from which a caption tells of the hand
+constexpr double kStartEnough = 0.65;        ///< confidence from which a start moves
+constexpr double kEndEnough = 0.7;
+constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
+constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
+constexpr double kEndPart = 0.9;         ///< of the lateness of starts, where that of ends is not found
 constexpr std::size_t kBlock = 40;       ///< captions with one model of the voice
 constexpr std::size_t kNeighbours = 20;  ///< captions before and behind them that it learns from as well
 constexpr std::size_t kSample = 80;      ///< captions by which the hand is judged
@@ -166,14 +168,15 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
     const std::size_t number = drawn * count / sample;
     const Fitter::Edges edges = fitter.Fit(number);
     const HeldCaption& caption = captions[fitter.Timed()[number]];
-    if (edges.start.confidence >= kSureEnough) starts.push_back(caption.start - edges.start.ms);
-    if (edges.end.confidence >= kSureEnough) ends.push_back(caption.end - edges.end.ms);
+    if (edges.start.confidence >= kSureStart) starts.push_back(caption.start - edges.start.ms);
+    if (edges.end.confidence >= kSureEnd) ends.push_back(caption.end - edges.end.ms);
   }
   const bool enough = starts.size() >= std::min(kFewestSure, sample) && !starts.empty();
   if (enough) {
     hand.start = MedianOf(starts);
     hand.startSigma = std::clamp(SpreadOf(starts, hand.start) / std::max(hand.start, 60.0), 0.2, 0.5);
   }
+  if (enough) hand.end = kEndPart * hand.start;
   if (ends.size() >= std::min(kFewestSure, sample) && !ends.empty()) {
     hand.end = MedianOf(ends);
     hand.endSpread = std::clamp(SpreadOf(ends, hand.end), 60.0, 160.0);
