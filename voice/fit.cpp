@@ -17,6 +17,7 @@ constexpr double kShortest = 150;            ///< ms that a voice lasts at least
 constexpr double kStartEnough = 0.65;        ///< confidence from which a start moves
 constexpr double kEndEnough = 0.7;
 constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
+constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
 constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
 constexpr double kEndPart = 0.9;         ///< of the lateness of starts, where that of ends is not found
 constexpr std::size_t kBlock = 40;       ///< captions with one model of the voice
@@ -162,6 +163,7 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
   fitter.SetHand(Reaction::Unknown());
   std::vector<double> starts;
   std::vector<double> ends;
+  double sureEnds = 0;
   const std::size_t count = fitter.Timed().size();
   const std::size_t sample = std::min(count, kSample);
   for (std::size_t drawn = 0; drawn < sample; ++drawn) {
@@ -169,18 +171,25 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
     const Fitter::Edges edges = fitter.Fit(number);
     const HeldCaption& caption = captions[fitter.Timed()[number]];
     if (edges.start.confidence >= kSureStart) starts.push_back(caption.start - edges.start.ms);
-    if (edges.end.confidence >= kSureEnd) ends.push_back(caption.end - edges.end.ms);
+    if (edges.end.confidence >= kSureEnd) {
+      ends.push_back(caption.end - edges.end.ms);
+      sureEnds += edges.end.confidence >= kSureStart ? 1 : 0.5;
+    }
   }
   const bool enough = starts.size() >= std::min(kFewestSure, sample) && !starts.empty();
   if (enough) {
     hand.start = MedianOf(starts);
     hand.startSigma = std::clamp(SpreadOf(starts, hand.start) / std::max(hand.start, 60.0), 0.2, 0.5);
   }
-  if (enough) hand.end = kEndPart * hand.start;
-  if (ends.size() >= std::min(kFewestSure, sample) && !ends.empty()) {
-    hand.end = MedianOf(ends);
-    hand.endSpread = std::clamp(SpreadOf(ends, hand.end), 60.0, 160.0);
-  }
+  // Noise drowns ends, and then the median is too late: few of them, or doubtful ones, count little beside what people
+  // are like who start so late.
+  const double usualEnd = enough ? kEndPart * hand.start : hand.end;
+  hand.end = usualEnd;
+  if (ends.empty()) return enough;
+  const double found = MedianOf(ends);
+  const double weight = sureEnds / (sureEnds + kEndDoubt);
+  hand.end = weight * found + (1 - weight) * usualEnd;
+  hand.endSpread = std::clamp(SpreadOf(ends, found), 90.0, 160.0);
   return enough;
 }
 
