@@ -15,23 +15,6 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
   return number;
 }
 
-Problem SetRows(Request& request, const std::string& value) {
-  const std::size_t dash = value.find('-');
-  const auto bound = [&](std::string_view text, Row open) -> std::optional<Row> {
-    if (text.empty() && dash != std::string::npos) return open;
-    const std::optional<std::int32_t> number = AllDigits(text) ? WholeNumber(text) : std::nullopt;
-    return number && *number > 0 ? number : std::nullopt;
-  };
-  const std::string_view all = value;
-  const std::optional<Row> first = bound(all.substr(0, dash), 1);
-  const std::optional<Row> last = dash == std::string::npos ? first : bound(all.substr(dash + 1), kMaxRow);
-  if (!first || !last || *first > *last || value == "-") {
-    return "--rows takes the numbers of the first and the last caption, such as 10-20, 10- or 10, not " + Quoted(value);
-  }
-  request.rows = {*first, *last};
-  return {};
-}
-
 Problem SetShift(Request& request, const std::string& value) {
   request.retime.shift = WholeNumber(value);
   if (!request.retime.shift) return "--shift takes a number of milliseconds, such as -1500, not " + Quoted(value);
@@ -73,17 +56,6 @@ Problem AddPoint(Request& request, const std::string& value) {
   return {};
 }
 
-Problem SetOut(Request& request, const std::string& value) {
-  if (value.empty()) return "--out takes the name of a file";
-  request.out = FromUtf8(value);
-  return {};
-}
-
-Problem SetTo(Request& request, const std::string& value) {
-  request.to = ToUpper(FromUtf8(value));
-  return {};
-}
-
 Problem SetFind(Request& request, const std::string& value) {
   request.replace.find = FromUtf8(value);
   return {};
@@ -121,6 +93,23 @@ constexpr std::array kRetimeOptions = {
 };
 
 }  // namespace
+
+Problem SetRows(Request& request, const std::string& value) {
+  const std::size_t dash = value.find('-');
+  const auto bound = [&](std::string_view text, Row open) -> std::optional<Row> {
+    if (text.empty() && dash != std::string::npos) return open;
+    const std::optional<std::int32_t> number = AllDigits(text) ? WholeNumber(text) : std::nullopt;
+    return number && *number > 0 ? number : std::nullopt;
+  };
+  const std::string_view all = value;
+  const std::optional<Row> first = bound(all.substr(0, dash), 1);
+  const std::optional<Row> last = dash == std::string::npos ? first : bound(all.substr(dash + 1), kMaxRow);
+  if (!first || !last || *first > *last || value == "-") {
+    return "--rows takes the numbers of the first and the last caption, such as 10-20, 10- or 10, not " + Quoted(value);
+  }
+  request.rows = {*first, *last};
+  return {};
+}
 
 std::span<const CallOption> RetimeOptions() { return kRetimeOptions; }
 std::span<const CallOption> ReplaceOptions() { return kReplaceOptions; }

@@ -87,17 +87,6 @@ Problem SetQuiet(Request& request, const std::string&) {
   return {};
 }
 
-Problem SetTo(Request& request, const std::string& value) {
-  request.to = ToUpper(FromUtf8(value));
-  return {};
-}
-
-Problem SetOut(Request& request, const std::string& value) {
-  if (value.empty()) return "--out takes the name of a file";
-  request.out = FromUtf8(value);
-  return {};
-}
-
 Problem SetFolder(Request& request, const std::string& value) {
   if (value.empty()) return "--folder takes the name of a folder";
   request.folder = FromUtf8(value);
@@ -168,12 +157,6 @@ Problem SetProfile(Request& request, const std::string& value) {
   return {};
 }
 
-Problem SetFilm(Request& request, const std::string& value) {
-  if (value.empty()) return "--film takes the name of a film";
-  request.film = FromUtf8(value);
-  return {};
-}
-
 constexpr std::array kCheckOptions = {CallOption{"--profile", true, SetProfile}, CallOption{"--film", true, SetFilm}};
 
 constexpr std::array kRulesOptions = {
@@ -184,6 +167,23 @@ constexpr std::array kRulesOptions = {
 };
 
 }  // namespace
+
+Problem SetFilm(Request& request, const std::string& value) {
+  if (value.empty()) return "--film takes the name of a film";
+  request.film = FromUtf8(value);
+  return {};
+}
+
+Problem SetOut(Request& request, const std::string& value) {
+  if (value.empty()) return "--out takes the name of a file";
+  request.out = FromUtf8(value);
+  return {};
+}
+
+Problem SetTo(Request& request, const std::string& value) {
+  request.to = ToUpper(FromUtf8(value));
+  return {};
+}
 
 Problem SetEncoding(Request& request, const std::string& value) {
   request.encodingName = FromUtf8(value);

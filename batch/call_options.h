@@ -30,9 +30,15 @@ std::span<const CallOption> RetimeOptions();
 std::span<const CallOption> ReplaceOptions();
 std::span<const CallOption> CheckOptions();
 std::span<const CallOption> SyncOptions();
+std::span<const CallOption> FitOptions();
 
 /// Takes the encoding of what is written.
 Problem SetEncoding(Request& request, const std::string& value);
+/// Take what several commands have.
+Problem SetFilm(Request& request, const std::string& value);
+Problem SetOut(Request& request, const std::string& value);
+Problem SetRows(Request& request, const std::string& value);
+Problem SetTo(Request& request, const std::string& value);
 
 /// What is wrong with a request as a whole.
 Problem CheckEncoding(const Request& request);
@@ -43,5 +49,6 @@ Problem CheckRetime(const Request& request);
 Problem CheckReplace(const Request& request);
 Problem CheckCheck(const Request& request);
 Problem CheckSync(const Request& request);
+Problem CheckFit(const Request& request);
 
 }  // namespace cuewright

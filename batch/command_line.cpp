@@ -32,6 +32,7 @@ constexpr std::array kCommands = {
     Command{"check", 1, 1, CheckOptions, CheckCheck},
     Command{"shots", 1, 1, nullptr, nullptr},
     Command{"sync", 1, 1, SyncOptions, CheckSync},
+    Command{"fit", 1, 1, FitOptions, CheckFit},
 };
 
 const CallOption* Find(std::span<const CallOption> options, std::string_view name) {

@@ -45,6 +45,12 @@ struct RetimeChoice {
   std::vector<Point> points;
 };
 
+/// How captions are fitted to a film's voice.
+struct FitWish {
+  Text language;                ///< of the captions, when the film speaks it; empty: their words aren't used
+  std::optional<int> reaction;  ///< the median lateness of presses in ms; empty: found from the film
+};
+
 /// A call of the program, read and checked as far as that goes without a file.
 struct Request {
   std::string command;
@@ -73,12 +79,13 @@ struct Request {
   int jobs = 0;                   ///< how many files are in work at once; 0: as many as there are cores
   std::optional<Text> filesFrom;  ///< the file that names further files
 
-  // Options of `check`.
+  // Options of `check`; the second of `fit` as well.
   Text profile;              ///< the house rules
   std::optional<Text> film;  ///< the film that the captions belong to
 
   // Options of the commands that listen to a film.
   std::optional<Text> other;  ///< what captions are synchronised with: a film or another subtitle
+  FitWish fit;
 
   // Option of `rules`.
   bool detailed = false;

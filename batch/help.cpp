@@ -23,6 +23,7 @@ constexpr std::string_view kProgram =
     "  check FILE         hold a file against what a house asks\n"
     "  shots FILM         find the changes of shot in a film\n"
     "  sync FILE          bring a file made for another cut or rate to a film or another subtitle\n"
+    "  fit FILE           move captions that were held by hand to where the film's voice is\n"
     "\n";
 
 constexpr std::string_view kFormats =
@@ -163,6 +164,31 @@ constexpr std::string_view kSync =
     "                      it that of the file. Nothing is written when it lacks letters\n"
     "\n";
 
+constexpr std::string_view kFit =
+    "Usage: cuewright-batch fit FILE --film FILM [--language LL] [--reaction MS|auto] [--rows A-B]\n"
+    "                           --out FILE [OPTION]...\n"
+    "Moves the starts and ends of captions that a person held by hand to where the voice begins and\n"
+    "ends. A time moves at most 350 ms from where the person's usual lateness puts it; one that the\n"
+    "sound tells too little of gets that lateness taken off and nothing more. Neighbours don't come to\n"
+    "overlap. The sound is read by ffmpeg.\n"
+    "\n"
+    "  --film FILM         the film; its first sound track is heard, the centre channel of one that has it\n"
+    "  --language LL       the language of captions whose words are spoken in the film, such as en or\n"
+    "                      pt-BR: espeak-ng speaks them, and where they fit is where the voice is.\n"
+    "                      Without it, and without espeak-ng, only the sound's own changes are used\n"
+    "  --reaction MS       by how many milliseconds the person starts too late in the median; auto (the\n"
+    "                      default) finds it from the film\n"
+    "  --rows A-B          only captions A to B, numbered as 'dump' does; A, A- and -B go as well\n"
+    "  --out FILE          file to write; FILE itself may be written over when it was read whole\n"
+    "  --to ID             format to write, if not the file's own\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS; without\n"
+    "                      it that of the file. Nothing is written when it lacks letters\n"
+    "\n"
+    "With --json a line a caption: row, start, end, old_start, old_end in ms, and confidence from 0 to 1,\n"
+    "the probability that the less sure of both times is right to 50 ms. When nothing can be fitted the\n"
+    "times stay as they are, and the reason is told.\n"
+    "\n";
+
 constexpr std::string_view kCommon =
     "A FILE of the name '-' is the standard input.\n"
     "\n"
@@ -201,6 +227,7 @@ std::string HelpText(std::string_view command) {
   if (command == "check") own = kCheck;
   if (command == "shots") own = kShots;
   if (command == "sync") own = kSync;
+  if (command == "fit") own = kFit;
   return std::string(own) + std::string(kCommon);
 }
 

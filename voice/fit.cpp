@@ -1,0 +1,272 @@
+#include "voice/fit.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "voice/fit_edge.h"
+#include "voice/fit_words.h"
+
+namespace cuewright {
+namespace {
+
+constexpr int kStepMs = SoundTable::kStepMs;
+constexpr std::ptrdiff_t kReach = 35;        ///< steps that a time may lie from the calibrated press
+constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the hand
+constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
+constexpr double kShortest = 150;            ///< ms that a voice lasts at least
+constexpr double kStartEnough = 0.65;        ///< confidence from which a start moves
+constexpr double kEndEnough = 0.7;
+constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
+constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
+constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
+constexpr double kEndPart = 0.9;         ///< of the lateness of starts, where that of ends is not found
+constexpr std::size_t kBlock = 40;       ///< captions with one model of the voice
+constexpr std::size_t kNeighbours = 20;  ///< captions before and behind them that it learns from as well
+constexpr std::size_t kSample = 80;      ///< captions by which the hand is judged
+constexpr std::size_t kFewestSure = 5;
+constexpr float kAudibleDb = 20;
+constexpr double kLeastSeparation = 0.35;
+
+double MedianOf(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+/// The standard deviation that a normal law with the values' median deviation has.
+double SpreadOf(std::vector<double> values, double median) {
+  for (double& value : values) value = std::abs(value - median);
+  return 1.4826 * MedianOf(std::move(values));
+}
+
+std::ptrdiff_t StepAt(double ms) { return std::lround(ms / kStepMs); }
+
+bool IsTimed(const HeldCaption& caption) { return caption.end > caption.start; }
+
+/// When somebody speaks by the person's constant, in ms.
+struct Calibrated {
+  double start;
+  double end;
+
+  Calibrated(const HeldCaption& caption, const Reaction& hand)
+      : start(caption.start - hand.start), end(std::max(caption.end - hand.end, start + kShortest)) {}
+  StepSpan Steps() const { return {StepAt(start), StepAt(end)}; }
+};
+
+bool IsSilent(const SoundTable& sound) {
+  for (std::size_t step = 0; step < sound.Steps(); ++step) {
+    for (int band = 0; band < SoundTable::kBands; ++band) {
+      if (sound.Db(step, band) > kAudibleDb) return false;
+    }
+  }
+  return true;
+}
+
+/// Fits the captions of a film one by one for a given hand.
+class Fitter {
+ public:
+  Fitter(const SoundTable& sound, std::span<const HeldCaption> captions, std::span<const SoundTable> words)
+      : sound_(sound), captions_(captions), words_(words) {
+    for (std::size_t place = 0; place < captions.size(); ++place) {
+      if (IsTimed(captions[place])) timed_.push_back(place);
+    }
+  }
+
+  /// Judges captions by this hand from now on; nothing is known of it at first.
+  void SetHand(const Reaction& hand) {
+    hand_ = hand;
+    models_.clear();
+    for (std::size_t first = 0; first < timed_.size(); first += kBlock) models_.push_back(Learn(first));
+  }
+
+  /// The places of the captions with times.
+  const std::vector<std::size_t>& Timed() const { return timed_; }
+
+  double BestSeparation() const {
+    double best = 0;
+    for (const VoiceModel& model : models_) best = std::max(best, model.Separation());
+    return best;
+  }
+
+  struct Edges {
+    EdgeGuess start;
+    EdgeGuess end;
+  };
+
+  /// Where the voice of the caption with times begins and ends, `number` counting those alone.
+  Edges Fit(std::size_t number) const {
+    const std::size_t place = timed_[number];
+    const HeldCaption& caption = captions_[place];
+    const VoiceModel& model = models_[number / kBlock];
+    const Calibrated usual(caption, hand_);
+    const StepSpan steps = usual.Steps();
+    const std::ptrdiff_t reach = hand_.known ? kReach : kWideReach;
+    const auto count = static_cast<std::size_t>(2 * reach + 1);
+    const SoundLevels levels(sound_, {steps.first - kLevelReach, steps.last + kLevelReach});
+    const bool spoken = place < words_.size() && words_[place].Steps() > 0;
+    const double trust = spoken ? EdgeTrust::kWithWords : EdgeTrust::kAlone;
+    EdgeEvidence start = StartEvidence(model, steps.first - reach, count, trust);
+    EdgeEvidence end = EndEvidence(model, steps.last - reach, count, trust);
+    for (std::size_t at = 0; at < count; ++at)
+      start.values[at] += hand_.StartLikelihood(caption.start - MsOf(start, at));
+    if (spoken) WordsAlignment(sound_, model, levels, AloneAround(number)).Align(words_[place], steps, start, end);
+    AddDrownedEnd(end, levels.Contrast());
+    for (std::size_t at = 0; at < count; ++at) end.values[at] += hand_.EndLikelihood(caption.end - MsOf(end, at));
+    return {GuessEdge(start), GuessEdge(end)};
+  }
+
+ private:
+  /// From the caption before to the one behind.
+  StepSpan AloneAround(std::size_t number) const {
+    StepSpan alone{0, static_cast<std::ptrdiff_t>(sound_.Steps())};
+    if (number > 0) alone.first = Calibrated(captions_[timed_[number - 1]], hand_).Steps().last;
+    if (number + 1 < timed_.size()) alone.last = Calibrated(captions_[timed_[number + 1]], hand_).Steps().first;
+    return alone;
+  }
+
+  static double MsOf(const EdgeEvidence& edge, std::size_t place) {
+    return static_cast<double>(edge.first + static_cast<std::ptrdiff_t>(place)) * kStepMs;
+  }
+
+  /// Learns what a voice is around a block of captions. What lies near a press belongs to neither side.
+  VoiceModel Learn(std::size_t block) const {
+    constexpr std::ptrdiff_t kInside = 10;
+    constexpr std::ptrdiff_t kBefore = 20;
+    constexpr std::ptrdiff_t kBehind = 25;
+    constexpr std::ptrdiff_t kLongestGap = 300;
+    const std::size_t first = block - std::min(block, kNeighbours);
+    const std::size_t last = std::min(block + kBlock + kNeighbours, timed_.size());
+    std::vector<StepSpan> spoken;
+    std::vector<StepSpan> others;
+    for (std::size_t number = first; number < last; ++number) {
+      const StepSpan steps = Calibrated(captions_[timed_[number]], hand_).Steps();
+      spoken.push_back({steps.first + kInside, steps.last - kInside});
+      const bool any = number > 0;
+      const std::ptrdiff_t since =
+          any ? Calibrated(captions_[timed_[number - 1]], hand_).Steps().last + kBehind : steps.first - kLongestGap;
+      others.push_back({std::max(since, steps.first - kLongestGap), steps.first - kBefore});
+      if (number + 1 == timed_.size()) others.push_back({steps.last + kBehind, steps.last + kLongestGap});
+    }
+    return {sound_, spoken, others};
+  }
+
+  const SoundTable& sound_;
+  std::span<const HeldCaption> captions_;
+  std::span<const SoundTable> words_;
+  std::vector<std::size_t> timed_;
+  Reaction hand_;
+  std::vector<VoiceModel> models_;
+};
+
+/// How late the hand is by the captions whose voice is found without knowing it; false when these are too few.
+bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& hand) {
+  fitter.SetHand(Reaction::Unknown());
+  std::vector<double> starts;
+  std::vector<double> ends;
+  double sureEnds = 0;
+  const std::size_t count = fitter.Timed().size();
+  const std::size_t sample = std::min(count, kSample);
+  for (std::size_t drawn = 0; drawn < sample; ++drawn) {
+    const std::size_t number = drawn * count / sample;
+    const Fitter::Edges edges = fitter.Fit(number);
+    const HeldCaption& caption = captions[fitter.Timed()[number]];
+    if (edges.start.confidence >= kSureStart) starts.push_back(caption.start - edges.start.ms);
+    if (edges.end.confidence >= kSureEnd) {
+      ends.push_back(caption.end - edges.end.ms);
+      sureEnds += edges.end.confidence >= kSureStart ? 1 : 0.5;
+    }
+  }
+  const bool enough = starts.size() >= std::min(kFewestSure, sample) && !starts.empty();
+  if (enough) {
+    hand.start = MedianOf(starts);
+    hand.startSigma = std::clamp(SpreadOf(starts, hand.start) / std::max(hand.start, 60.0), 0.2, 0.5);
+  }
+  // Noise drowns ends, and then the median is too late: few of them, or doubtful ones, count little beside what people
+  // are like who start so late.
+  const double usualEnd = enough ? kEndPart * hand.start : hand.end;
+  hand.end = usualEnd;
+  if (ends.empty()) return enough;
+  const double found = MedianOf(ends);
+  const double weight = sureEnds / (sureEnds + kEndDoubt);
+  hand.end = weight * found + (1 - weight) * usualEnd;
+  hand.endSpread = std::clamp(SpreadOf(ends, found), 90.0, 160.0);
+  return enough;
+}
+
+/// Takes back what the fit makes two captions overlap, or come nearer than the gap, that did neither before.
+void KeepApart(std::span<const HeldCaption> held, std::span<FittedCaption> fitted, std::int32_t leastGap) {
+  for (std::size_t place = 1; place < held.size(); ++place) {
+    FittedCaption& before = fitted[place - 1];
+    FittedCaption& here = fitted[place];
+    if ((!before.wanted && !here.wanted) || held[place - 1].end > held[place].start) continue;
+    const std::int32_t gap = std::min(leastGap, held[place].start - held[place - 1].end);
+    if (here.start - before.end >= gap) continue;
+    // An end is what is seen less, so it gives way, unless the caption before would be gone or isn't to be touched.
+    if (before.wanted && here.start - gap > before.start + kShortest) {
+      before.end = here.start - gap;
+    } else if (here.wanted && before.end + gap < here.end) {
+      here.start = before.end + gap;
+    } else {
+      here.start = held[place].start;
+      if (before.wanted) before.end = std::min(before.end, held[place - 1].end);
+    }
+  }
+}
+
+FittedCaption Unmoved(const HeldCaption& caption) {
+  FittedCaption same;
+  same.start = caption.start;
+  same.end = caption.end;
+  return same;
+}
+
+FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitter::Edges& edges) {
+  const Calibrated usual(caption, hand);
+  FittedCaption fitted;
+  fitted.wanted = true;
+  fitted.startConfidence = edges.start.confidence;
+  fitted.endConfidence = edges.end.confidence;
+  fitted.startMoved = edges.start.confidence >= kStartEnough;
+  fitted.endMoved = edges.end.confidence >= kEndEnough;
+  const double start = std::max(0.0, fitted.startMoved ? edges.start.ms : usual.start);
+  const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
+  fitted.start = static_cast<std::int32_t>(std::lround(start));
+  fitted.end = static_cast<std::int32_t>(std::lround(end));
+  return fitted;
+}
+
+FitProblem ProblemOf(const SoundTable& sound, std::span<const HeldCaption> captions) {
+  const bool any = std::ranges::any_of(captions, [](const HeldCaption& each) { return each.wanted && IsTimed(each); });
+  if (!any) return FitProblem::NoCaptions;
+  return IsSilent(sound) ? FitProblem::Silence : FitProblem::None;
+}
+
+}  // namespace
+
+FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> captions, std::span<const SoundTable> words,
+                      const FitChoice& choice) {
+  FitResult result;
+  for (const HeldCaption& caption : captions) result.captions.push_back(Unmoved(caption));
+  result.problem = ProblemOf(sound, captions);
+  if (result.problem != FitProblem::None) return result;
+
+  Fitter fitter(sound, captions, words);
+  Reaction& hand = result.reaction;
+  bool found = true;
+  if (!choice.startLate || !choice.endLate) found = FindHand(fitter, captions, hand);
+  if (choice.startLate) hand.start = *choice.startLate;
+  if (choice.endLate) hand.end = *choice.endLate;
+  fitter.SetHand(hand);
+  if (fitter.BestSeparation() < kLeastSeparation) result.problem = FitProblem::NoVoice;
+  if (!found && !choice.startLate) result.problem = FitProblem::NoReaction;
+  if (result.problem != FitProblem::None) return result;
+
+  for (std::size_t number = 0; number < fitter.Timed().size(); ++number) {
+    const std::size_t place = fitter.Timed()[number];
+    if (captions[place].wanted) result.captions[place] = Moved(captions[place], hand, fitter.Fit(number));
+  }
+  KeepApart(captions, result.captions, choice.leastGap);
+  return result;
+}
+
+}  // namespace cuewright

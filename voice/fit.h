@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "sound/sound_table.h"
+#include "voice/fit_voice_model.h"
+#include "voice/reaction.h"
+
+namespace cuewright {
+
+/// A caption as a person held it, in ms. One whose end isn't behind its start has no times.
+struct HeldCaption {
+  std::int32_t start = 0;
+  std::int32_t end = 0;
+  bool wanted = true;  ///< false: others are fitted, this one only tells where somebody speaks
+};
+
+/// How captions are fitted.
+struct FitChoice {
+  std::optional<double> startLate{};  ///< the median lateness of presses in ms; empty: found from the film
+  std::optional<double> endLate{};    ///< the same of releases
+  std::int32_t leastGap = 0;          ///< ms that are left between two captions
+};
+
+/// Why nothing was fitted.
+enum class FitProblem : std::uint8_t {
+  None,
+  NoCaptions,  ///< none of the wanted ones has times
+  Silence,     ///< nothing is heard
+  NoVoice,     ///< what is heard while captions are shown is the same as between them
+  NoReaction,  ///< how late the hand is couldn't be found, and wasn't told
+};
+
+/// What became of a caption.
+struct FittedCaption {
+  std::int32_t start = 0;
+  std::int32_t end = 0;
+  double startConfidence = 0;  ///< the probability that it is right to 50 ms; of one that stayed at the constant, too
+  double endConfidence = 0;
+  bool startMoved = false;  ///< to the voice; else only by the constant, for want of evidence
+  bool endMoved = false;
+  bool wanted = false;  ///< it was wanted and has times; else all of it is as it was
+
+  double Confidence() const { return std::min(startConfidence, endConfidence); }
+};
+
+struct FitResult {
+  FitProblem problem = FitProblem::None;
+  Reaction reaction;                    ///< by which the presses were judged
+  std::vector<FittedCaption> captions;  ///< as many as were given; as they were where there is a problem
+};
+
+/// Below this a fitted caption is doubtful.
+constexpr double kDoubtfulFit = 0.6;
+
+/// Moves captions to where the voice begins and ends, at most 350 ms from where the person's constant lateness puts
+/// them. `words` has what a synthesiser makes of each caption's text; it is empty where that is of no use, and so is
+/// the table of one. Captions are in order of their starts.
+FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> captions, std::span<const SoundTable> words,
+                      const FitChoice& choice);
+
+}  // namespace cuewright

@@ -1,0 +1,86 @@
+#include "voice/fit_edge.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace cuewright {
+namespace {
+
+constexpr std::ptrdiff_t kSight = 40;  ///< steps to each side that tell of an edge
+constexpr std::ptrdiff_t kNear = 5;    ///< steps
+constexpr double kLeastProbability = 1e-9;
+constexpr double kClearContrast = 50;  ///< dB; from here on a voice is heard to its end
+constexpr double kDrownedContrast = 40;
+constexpr double kClearTail = 0.8;  ///< steps
+constexpr double kDrownedTail = 4;
+
+/// The evidence as probabilities.
+std::vector<double> Probabilities(const std::vector<double>& values) {
+  std::vector<double> all = values;
+  const double most = std::ranges::max(all);
+  double sum = 0;
+  for (double& value : all) sum += value = std::exp(value - most);
+  for (double& value : all) value /= sum;
+  return all;
+}
+
+EdgeEvidence ChangeEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double weight) {
+  const auto steps = static_cast<std::size_t>(2 * kSight) + count;
+  std::vector<double> sums(steps + 1, 0);
+  for (std::size_t step = 0; step < steps; ++step) {
+    sums[step + 1] = sums[step] + model.Voice(first - kSight + static_cast<std::ptrdiff_t>(step));
+  }
+  EdgeEvidence evidence{first, std::vector<double>(count)};
+  constexpr auto kSteps = static_cast<std::size_t>(kSight);
+  for (std::size_t place = 0; place < count; ++place) {
+    const double before = sums[place + kSteps] - sums[place];
+    const double behind = sums[place + 2 * kSteps] - sums[place + kSteps];
+    evidence.values[place] = weight * (behind - before);
+  }
+  return evidence;
+}
+
+}  // namespace
+
+EdgeEvidence StartEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust) {
+  return ChangeEvidence(model, first, count, trust);
+}
+
+EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust) {
+  return ChangeEvidence(model, first, count, -trust);
+}
+
+void AddDrownedEnd(EdgeEvidence& end, double contrast) {
+  const double drowned = std::clamp((kClearContrast - contrast) / (kClearContrast - kDrownedContrast), 0.0, 1.0);
+  const double length = kClearTail + drowned * kDrownedTail;
+  const std::size_t count = end.values.size();
+  std::vector<double> tail(count);
+  double sum = 0;
+  for (std::size_t step = 0; step < count; ++step) sum += tail[step] = std::exp(-static_cast<double>(step) / length);
+  const std::vector<double> heard = Probabilities(end.values);
+  std::vector<double> ended(count, 0);
+  for (std::size_t at = 0; at < count; ++at) {
+    for (std::size_t step = 0; at + step < count; ++step) ended[at + step] += heard[at] * tail[step] / sum;
+  }
+  for (std::size_t at = 0; at < count; ++at) end.values[at] = std::log(ended[at] + kLeastProbability);
+}
+
+EdgeGuess GuessEdge(const EdgeEvidence& evidence) {
+  const std::vector<double> probability = Probabilities(evidence.values);
+  // The median errs least in the mean, and between the steps it is finer than they are.
+  std::size_t middle = 0;
+  double before = 0;
+  while (middle + 1 < probability.size() && before + probability[middle] < 0.5) before += probability[middle++];
+  const double within = std::clamp((0.5 - before) / std::max(probability[middle], kLeastProbability), 0.0, 1.0) - 0.5;
+  EdgeGuess guess;
+  guess.ms = (static_cast<double>(evidence.first) + static_cast<double>(middle) + within) * SoundTable::kStepMs;
+  const auto centre = static_cast<std::ptrdiff_t>(middle);
+  const auto last = std::min(centre + kNear, static_cast<std::ptrdiff_t>(probability.size()) - 1);
+  for (std::ptrdiff_t step = std::max<std::ptrdiff_t>(centre - kNear, 0); step <= last; ++step) {
+    guess.confidence += probability[static_cast<std::size_t>(step)];
+  }
+  guess.confidence = std::min(guess.confidence, 1.0);
+  return guess;
+}
+
+}  // namespace cuewright

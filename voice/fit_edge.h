@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "voice/fit_voice_model.h"
+
+namespace cuewright {
+
+/// Log likelihoods of the steps of a window in which a voice begins or ends.
+struct EdgeEvidence {
+  std::ptrdiff_t first = 0;    ///< the step that the first one is of
+  std::vector<double> values;  ///< but for a constant
+
+  /// The value of a step; far below all others outside the window.
+  double At(std::ptrdiff_t step) const {
+    constexpr double kOutside = -1e9;
+    const std::ptrdiff_t place = step - first;
+    return place < 0 || place >= static_cast<std::ptrdiff_t>(values.size()) ? kOutside
+                                                                            : values[static_cast<std::size_t>(place)];
+  }
+};
+
+/// What a likelihood is worth that was added up over steps: these are far from independent of each other.
+struct EdgeTrust {
+  static constexpr double kAlone = 0.1;        ///< nothing but the voice's beginning or end is known
+  static constexpr double kWithWords = 0.035;  ///< the caption's own words are, too
+};
+
+/// How well the steps of a window divide sound without a voice from sound with one: before and behind a start,
+/// the other way round at an end.
+EdgeEvidence StartEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
+EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
+
+/// Adds that what is heard last of a voice isn't its end: noise drowns the end, the more of it the louder it is.
+/// `contrast` is how far the voice is above the noise in dB.
+void AddDrownedEnd(EdgeEvidence& end, double contrast);
+
+/// Where a voice begins or ends by all that is known.
+struct EdgeGuess {
+  double ms = 0;
+  double confidence = 0;  ///< the probability of +-50 ms
+};
+EdgeGuess GuessEdge(const EdgeEvidence& evidence);
+
+}  // namespace cuewright

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/ports/processes.h"
+#include "sound/sound_table.h"
+#include "text/text.h"
+
+namespace cuewright {
+
+/// What is heard in a film.
+struct HeardFilm {
+  SoundTable sound;
+  std::string problem;  ///< why it wasn't read whole; empty when it was
+};
+
+/// Reads a film's first sound track and measures it.
+HeardFilm HearFilm(Processes& processes, TextView film);
+
+/// What a synthesiser makes of the captions' texts.
+struct SpokenCaptions {
+  std::vector<SoundTable> words;  ///< as many as there are texts, or none
+  std::string problem;            ///< why there are none
+};
+
+/// Has espeak-ng speak the texts, a portion at a time, so that few samples are held at once.
+SpokenCaptions SpeakCaptions(Processes& processes, const Text& language, std::span<const Text> texts);
+
+}  // namespace cuewright

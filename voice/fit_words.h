@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "sound/sound_table.h"
+#include "voice/fit_edge.h"
+#include "voice/fit_voice_model.h"
+
+namespace cuewright {
+
+/// What is heard around a caption: the levels of what is always there, and of the loudest.
+struct SoundLevels {
+  std::array<float, SoundTable::kBands> quiet{};
+  std::array<float, SoundTable::kBands> loud{};
+
+  SoundLevels(const SoundTable& sound, StepSpan span);
+  /// By how many dB the loud is above the quiet, as the mean of all bands but the lowest.
+  double Contrast() const;
+};
+
+/// Where a caption's own words, as a synthesiser speaks them, fit into a film's sound: every way to lay them there is
+/// weighed, with any gap before and behind. `start` and `end` hold what is known of both otherwise, and get what is
+/// known then.
+class WordsAlignment {
+ public:
+  /// `alone` is where no other caption is: a voice there that isn't the caption's is unlikely.
+  WordsAlignment(const SoundTable& sound, const VoiceModel& model, const SoundLevels& levels, StepSpan alone);
+
+  /// False when there is nothing to lay, or too much. `held` are the steps in which the words probably are.
+  bool Align(const SoundTable& words, StepSpan held, EdgeEvidence& start, EdgeEvidence& end);
+
+ private:
+  static constexpr std::size_t kFeatures = std::size_t{2} * SoundTable::kBands;
+  /// Levels, and how they change within some steps.
+  using Features = std::array<float, kFeatures>;
+
+  void TakeWords(const SoundTable& words, std::size_t count, StepSpan held);
+  void TakeWindow(std::ptrdiff_t first, std::size_t count);
+  void Compare();
+  void Forward(const EdgeEvidence& start);
+  void Backward(const EdgeEvidence& end);
+  float& CostAt(std::vector<float>& costs, std::size_t step, std::size_t word) const {
+    return costs[step * words_.size() + word];
+  }
+  std::ptrdiff_t StepOf(std::size_t place) const { return first_ + static_cast<std::ptrdiff_t>(place); }
+
+  const SoundTable& sound_;
+  const VoiceModel& model_;
+  const SoundLevels& levels_;
+  StepSpan alone_;
+  std::array<float, SoundTable::kBands> weight_{};
+  std::ptrdiff_t first_ = 0;      // step of the window's first
+  std::vector<Features> words_;   // the words, as long as the caption was held, as loud as the voice
+  std::vector<Features> window_;  // what is heard
+  std::vector<float> gap_;        // cost of "nobody speaks" before a step of the window, from its first on
+  std::vector<float> mismatch_;   // of each step and each word
+  std::vector<float> costs_;      // the best way to or from there
+};
+
+}  // namespace cuewright

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+namespace cuewright {
+
+/// How late a person's hand is who holds a caption while somebody speaks, in ms. Presses are late by a time whose
+/// logarithm is normal; releases by one that is normal itself, and may be early.
+struct Reaction {
+  double start = 220;       ///< the median of presses
+  double startSigma = 0.3;  ///< the spread of their logarithms
+  double end = 200;         ///< the median of releases
+  double endSpread = 110;   ///< their standard deviation
+  bool known = true;        ///< false: only that a hand is rather late than early
+
+  static Reaction Unknown() { return {150, 0.3, 150, 250, false}; }
+
+  /// The log likelihood of a press that is late by so many ms, but for a constant. A second, wider law keeps a press
+  /// that came by foresight possible.
+  double StartLikelihood(double late) const {
+    if (!known) return EndLikelihood(late);
+    const double usual = late > 1 ? std::exp(-0.5 * Square(std::log(late / Least(start)) / (startSigma * 1.1))) : 0;
+    const double other = std::exp(-0.5 * Square((late - start) / (0.35 * Least(start))));
+    return std::log(0.5 * usual + 0.5 * other + 1e-4);
+  }
+
+  /// The same of a release.
+  double EndLikelihood(double late) const { return std::log(std::exp(-0.5 * Square((late - end) / endSpread)) + 1e-3); }
+
+ private:
+  static double Square(double value) { return value * value; }
+  static double Least(double median) { return std::max(median, 60.0); }
+};
+
+}  // namespace cuewright
