@@ -5,6 +5,8 @@
 
 #include "audio/audio_bar.h"
 #include "audio/film_sound.h"
+#include "audio/wave_board.h"
+#include "audio/wave_details.h"
 #include "capture/caption_grid.h"
 #include "capture/caption_panel.h"
 #include "capture/main_window.h"
@@ -68,6 +70,7 @@
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/undo_commands.h"
+#include "forms/wave_commands.h"
 #include "forms/window_texts.h"
 #include "forms/window_title.h"
 #include "settings/languages.h"
@@ -173,6 +176,8 @@ class Program final {
   Reopening reopening;
   LinesReport linesReport;
   AudioBar audioBar;
+  WaveDetails waveDetails;
+  WaveBoard waveBoard;
   AudioCommands audio;
   FilmSound filmSound;
   FileRouter router;
@@ -189,6 +194,7 @@ class Program final {
   EditingTools tools;
   CaptionShaping shaping;
   RetimeWindow retime;
+  WaveCommands waveCommands;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -221,6 +227,7 @@ class Program final {
   void ConnectFiles();
   void ConnectRules();
   void ConnectAudio();
+  void ConnectWave();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
   void ConnectJournal();

@@ -93,7 +93,9 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
 
 void Shell::UpdateBars() {
   bench_.window.picIco.SetVisible(bench_.options.infoBarOn);
-  layout_.SetBars(bench_.options.infoBarOn, bench_.options.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
+  const AppOptions& options = bench_.options;
+  const int wave = options.manner.WaveIsAWorkbench() ? options.waveHeight : AudioBar::kHeight;
+  layout_.SetBars(options.infoBarOn, options.audioBarOn ? wave : 0, kBottomHeight);
   LayoutChanged();
 }
 

@@ -105,12 +105,12 @@ void MainWindowView::BuildParts() {
   setAcceptDrops(true);
   video_->setParent(area_);
   logo_ = binder_.Bind(form_.picPLogo, new SvgPicture(":/logo.svg", area_));
-  audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, binder_, area_);
+  audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, p_.waveBoard, binder_, area_);
   overlay_ = new Overlay(p_.sub, area_);
   new FocusKeeper(*this, binder_, captureButtons_);
   bottom_ = new BottomPanel(form_, binder_, area_);
   for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
-                       &form_.tmrFilmSound, &form_.tmrStretch}) {
+                       &form_.tmrFilmSound, &form_.tmrStretch, &form_.tmrWaveDetail}) {
     binder_.Bind(*timer);
   }
 }

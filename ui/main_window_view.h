@@ -30,6 +30,7 @@ class Overlay;
 class Preview;
 class SubWindow;
 class TimingCapture;
+class WaveBoard;
 
 /// What the main window shows and hands on.
 struct MainWindowParts {
@@ -42,6 +43,7 @@ struct MainWindowParts {
   Preview& preview;
   TimingCapture& capture;
   AudioBar& audioBar;
+  WaveBoard& waveBoard;
   Shell& shell;
   DocumentState& document;
   DocumentFiles& documentFiles;
