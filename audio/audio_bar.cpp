@@ -50,10 +50,19 @@ void AudioBar::LoadOptions() {
   w.sldWavScale.SetValue(-view_.scale);
   w.mnuAudioBar.SetChecked(p_.options.audioBarOn);
   w.mnuFullWave.SetChecked(p_.options.fullWave);
-  for (Control* control : std::initializer_list<Control*>{&w.picWave, &w.picLevel, &w.sldWavScale}) {
-    control->SetVisible(p_.options.audioBarOn);
-  }
+  ShowManner();
   SetWaveColor(p_.options.waveColor);
+}
+
+void AudioBar::ShowManner() {
+  MainWindow& w = p_.window;
+  const bool on = p_.options.audioBarOn;
+  const bool workbench = p_.options.manner.WaveIsAWorkbench();
+  w.picLevel.SetVisible(on);
+  w.sldWavScale.SetVisible(on);
+  w.picWave.SetVisible(on && !workbench);
+  w.picBoard.SetVisible(on && workbench);
+  w.imgWaveSize.SetVisible(on && workbench);
 }
 
 bool AudioBar::Rolling() const {
@@ -101,6 +110,7 @@ void AudioBar::EndLoad(WaveLoadResult result) {
   }
   w.mnuOpenWav.SetEnabled(true);
   w.lblWave.SetVisible(false);
+  if (result == WaveLoadResult::Loaded) Opened(path_);
 }
 
 void AudioBar::OnHeader() { ResetWaveBar(true); }
@@ -137,6 +147,7 @@ void AudioBar::Forget() {
   if (!Loaded()) return;
   abort_ = true;
   ResetWaveBar(true);
+  Forgotten();
 }
 
 void AudioBar::ResetWaveBar(bool full) {
@@ -207,9 +218,7 @@ void AudioBar::ToggleBar() {
   MainWindow& w = p_.window;
   const bool on = p_.options.audioBarOn = !p_.options.audioBarOn;
   w.mnuAudioBar.SetChecked(on);
-  for (Control* control : std::initializer_list<Control*>{&w.picWave, &w.picLevel, &w.sldWavScale}) {
-    control->SetVisible(on);
-  }
+  ShowManner();
   if (!on) {
     w.imgWavPos.SetVisible(false);
   } else {

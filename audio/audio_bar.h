@@ -67,6 +67,8 @@ class AudioBar final : private WaveLoadSteps {
   /// Reads a wave file and shows it; tells a failure itself. Events are handled meanwhile. `recall`: the File menu
   /// offers the file again.
   void LoadWaveFile(TextView path, bool recall = true);
+  /// The bar is that of the manner in force.
+  void ShowManner();
   /// Switches the bar on when it is off.
   void ShowBar();
   /// Clears the pictures and draws the grid; with `full` the wave is forgotten and its marks are hidden.
@@ -99,10 +101,12 @@ class AudioBar final : private WaveLoadSteps {
   bool Dragging() const { return dragging_; }
   std::int32_t WaveLevel() const { return level_; }
 
-  Signal<AudioBar> MarksChanged;   ///< `Marks` are to be shown anew
-  Signal<AudioBar> WaveChanged;    ///< the wave's picture was painted
-  Signal<AudioBar> LevelChanged;   ///< the meter was painted
-  Signal<AudioBar> LayoutChanged;  ///< the bar came or went
+  Signal<AudioBar> MarksChanged;         ///< `Marks` are to be shown anew
+  Signal<AudioBar> WaveChanged;          ///< the wave's picture was painted
+  Signal<AudioBar> LevelChanged;         ///< the meter was painted
+  Signal<AudioBar> LayoutChanged;        ///< the bar came or went
+  Signal<AudioBar, const Text&> Opened;  ///< a wave was read
+  Signal<AudioBar> Forgotten;            ///< the wave isn't shown any more
 
  private:
   enum class Drag { Span, Start, End, Nothing };

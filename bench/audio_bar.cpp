@@ -31,7 +31,7 @@ struct Bar {
     program->LoadMainWindow(1920, 1080);
     area.resize(1960, 100);
     binder = std::make_unique<Binder>(area, program->window);
-    widgets = std::make_unique<AudioBarWidgets>(program->audioBar, *binder, &area);
+    widgets = std::make_unique<AudioBarWidgets>(program->audioBar, program->waveBoard, *binder, &area);
     widgets->Place({8, 8, 1943, AudioBar::kHeight});
     program->audioBar.LoadWaveFile(Wave());
     player.Become(kPlayerPlaying);

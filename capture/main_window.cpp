@@ -3,18 +3,21 @@
 namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
-  for (MenuItem* line : {&mnuLine0,  &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1, &mnuLine1a,
-                         &mnuLine1b, &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2,  &mnuLine2a, &mnuLine3, &mnuLine4,
-                         &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
+  for (MenuItem* line :
+       {&mnuLine0,  &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1,  &mnuLine1a,
+        &mnuLine1b, &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2,  &mnuLine2a, &mnuLine3,  &mnuLine3a,
+        &mnuLine3b, &mnuLine4,  &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
     line->SetSeparator(true);
   }
-  for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
-                         &mnuUnfoldInfoBar, &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption}) {
+  for (MenuItem* item :
+       {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar, &mnuUnfoldInfoBar,
+        &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption, &mnuWaveCentred, &mnuWaveSnaps}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
   for (MenuItem& item : mnuListColumn) item.SetCheckable(true);
   for (MenuItem& item : mnuListTime) item.SetCheckable(true);
+  for (MenuItem& item : mnuWaveLook) item.SetCheckable(true);
   mnuNew.SetShortcut("Ctrl+N");
   mnuOpenText.SetShortcut("Ctrl+O");
   mnuSave.SetShortcut("Ctrl+S");
@@ -50,6 +53,12 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuDuplicate.SetShortcut("Ctrl+D");
   mnuMeetNext.SetShortcut("Ctrl+L");
   mnuSwapTexts.SetShortcut("Ctrl+Shift+X");
+  mnuInsertStretch.SetShortcut("Ctrl+Shift+Ins");
+  mnuWaveIn.SetShortcut("Ctrl+=; Ctrl++");
+  mnuWaveOut.SetShortcut("Ctrl+-");
+  mnuWaveHigher.SetShortcut("Alt+Shift+Up");
+  mnuWaveLower.SetShortcut("Alt+Shift+Down");
+  mnuWaveToCaption.SetShortcut("Ctrl+Shift+W");
   mnuRetime.SetShortcut("Ctrl+Shift+T");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
@@ -68,7 +77,7 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuRecent.SetVisible(false);
   cmdCancel.SetVisible(false);
   for (Control* control : std::initializer_list<Control*>{&picWave, &picLevel, &sldWavScale, &imgWavPos, &lblWave,
-                                                          &cmdStopSound, &lblWaveTip}) {
+                                                          &cmdStopSound, &lblWaveTip, &picBoard, &imgWaveSize}) {
     control->SetVisible(false);
   }
   sldWavScale.SetEnabled(false);
@@ -83,6 +92,8 @@ void MainWindow::SetFilmKeys() {
   mnuPlayAfterStart.SetShortcut("Shift+F6");
   mnuPlayBeforeEnd.SetShortcut("F7");
   mnuPlayAfterEnd.SetShortcut("Shift+F7");
+  mnuPlayGap.SetShortcut("Ctrl+F6");
+  mnuPlayStretch.SetShortcut("Ctrl+F5");
   mnuFrameBack.SetShortcut("Alt+Left");
   mnuFrameForward.SetShortcut("Alt+Right");
   mnuStepBack.SetShortcut("Alt+Shift+Left");
@@ -103,6 +114,10 @@ void MainWindow::SetFilmKeys() {
   mnuStartMuchLater.SetShortcut("Ctrl+Alt+2");
   mnuEndMuchEarlier.SetShortcut("Ctrl+Alt+3");
   mnuEndMuchLater.SetShortcut("Ctrl+Alt+4");
+  mnuStartSnapBack.SetShortcut("Alt+5");
+  mnuStartSnapOn.SetShortcut("Alt+6");
+  mnuEndSnapBack.SetShortcut("Alt+7");
+  mnuEndSnapOn.SetShortcut("Alt+8");
   mnuNextInPane.SetShortcut("Ctrl+Return");
 }
 

@@ -49,6 +49,8 @@ class MainWindow final : public Form {
   Label lblWave{*this, "lblWave"};
   Button cmdStopSound{*this, "cmdStopSound"};
   Label lblWaveTip{*this, "lblWaveTip"};
+  Picture picBoard{*this, "picBoard"};
+  Picture imgWaveSize{*this, "imgWaveSize"};
 
   // The bottom panel.
   Picture picBottom{*this, "picBottom"};
@@ -76,6 +78,7 @@ class MainWindow final : public Form {
   Timer tmrJournal{*this, "tmrJournal", 200};
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
   Timer tmrStretch{*this, "tmrStretch", 5};
+  Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 
   MenuItem mnuFile{*this, "mnuFile"};
   MenuItem mnuNew{*this, "mnuNew", &mnuFile};
@@ -116,6 +119,7 @@ class MainWindow final : public Form {
   MenuItem mnuInsertAbove{*this, "mnuInsertAbove", &mnuAdd};
   MenuItem mnuInsertBelow{*this, "mnuInsertBelow", &mnuAdd};
   MenuItem mnuInsertAtFilm{*this, "mnuInsertAtFilm", &mnuAdd};
+  MenuItem mnuInsertStretch{*this, "mnuInsertStretch", &mnuAdd};
   MenuItem mnuAddBelow{*this, "mnuAddBelow", &mnuAdd};
   MenuItem mnuAddBottom{*this, "mnuAddBottom", &mnuAdd};
   MenuItem mnuDuplicate{*this, "mnuDuplicate", &mnuAdd};
@@ -179,6 +183,17 @@ class MainWindow final : public Form {
   MenuItem mnuLine3{*this, "mnuLine3", &mnuView};
   MenuItem mnuAudioBarColor{*this, "mnuAudioBarColor", &mnuView};
   MenuItem mnuFullWave{*this, "mnuFullWave", &mnuView};
+  MenuItem mnuBoard{*this, "mnuBoard", &mnuView};
+  MenuItem mnuWaveIn{*this, "mnuWaveIn", &mnuBoard};
+  MenuItem mnuWaveOut{*this, "mnuWaveOut", &mnuBoard};
+  MenuItem mnuWaveHigher{*this, "mnuWaveHigher", &mnuBoard};
+  MenuItem mnuWaveLower{*this, "mnuWaveLower", &mnuBoard};
+  MenuItem mnuWaveToCaption{*this, "mnuWaveToCaption", &mnuBoard};
+  MenuItem mnuLine3a{*this, "mnuLine3a", &mnuBoard};
+  ControlArray<MenuItem, 3> mnuWaveLook{*this, "mnuWaveLook", &mnuBoard};
+  MenuItem mnuLine3b{*this, "mnuLine3b", &mnuBoard};
+  MenuItem mnuWaveCentred{*this, "mnuWaveCentred", &mnuBoard};
+  MenuItem mnuWaveSnaps{*this, "mnuWaveSnaps", &mnuBoard};
 
   MenuItem mnuFilm{*this, "mnuFilm"};
   MenuItem mnuPlayOrPause{*this, "mnuPlayOrPause", &mnuFilm};
@@ -188,6 +203,8 @@ class MainWindow final : public Form {
   MenuItem mnuPlayAfterStart{*this, "mnuPlayAfterStart", &mnuFilm};
   MenuItem mnuPlayBeforeEnd{*this, "mnuPlayBeforeEnd", &mnuFilm};
   MenuItem mnuPlayAfterEnd{*this, "mnuPlayAfterEnd", &mnuFilm};
+  MenuItem mnuPlayGap{*this, "mnuPlayGap", &mnuFilm};
+  MenuItem mnuPlayStretch{*this, "mnuPlayStretch", &mnuFilm};
   MenuItem mnuLine6{*this, "mnuLine6", &mnuFilm};
   MenuItem mnuFrameBack{*this, "mnuFrameBack", &mnuFilm};
   MenuItem mnuFrameForward{*this, "mnuFrameForward", &mnuFilm};
@@ -212,6 +229,10 @@ class MainWindow final : public Form {
   MenuItem mnuStartMuchLater{*this, "mnuStartMuchLater", &mnuNudge};
   MenuItem mnuEndMuchEarlier{*this, "mnuEndMuchEarlier", &mnuNudge};
   MenuItem mnuEndMuchLater{*this, "mnuEndMuchLater", &mnuNudge};
+  MenuItem mnuStartSnapBack{*this, "mnuStartSnapBack", &mnuNudge};
+  MenuItem mnuStartSnapOn{*this, "mnuStartSnapOn", &mnuNudge};
+  MenuItem mnuEndSnapBack{*this, "mnuEndSnapBack", &mnuNudge};
+  MenuItem mnuEndSnapOn{*this, "mnuEndSnapOn", &mnuNudge};
   MenuItem mnuLine6b{*this, "mnuLine6b", &mnuFilm};
   MenuItem mnuNextInPane{*this, "mnuNextInPane", &mnuFilm};
 

@@ -74,6 +74,11 @@ struct AppOptions {
   bool rawMarks = false;       ///< list and text pane show the marks in the texts
   std::int32_t waveColor = 16776960;
   std::int32_t waveScale = 23000;
+  std::int32_t waveZoom = 10000;  ///< of the wave to work in: microseconds a pixel
+  std::int32_t waveHeight = 180;  ///< of the same, in pixels
+  std::uint8_t waveLook = 0;      ///< 0 the wave, 1 the spectrogram, 2 both
+  bool waveCentred = false;       ///< the position played stays in the middle
+  bool waveSnaps = true;          ///< what is dragged snaps to captions, shots and the voice
 };
 
 /// True when the automatic timing limit acts during captioning.

@@ -59,6 +59,8 @@ class Manner {
   constexpr bool HasCalmWindow() const { return !classic_; }
   /// Captions are held against house rules, and lines, letters and hits are changed by way of proposals.
   constexpr bool ChecksAndProposes() const { return !classic_; }
+  /// The Audio bar is a wave to work in: with all captions, at any scale, in any height.
+  constexpr bool WaveIsAWorkbench() const { return !classic_; }
 
  private:
   bool classic_ = false;

@@ -37,8 +37,8 @@ std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(
 
 }  // namespace
 
-FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture)
-    : bench_(bench), player_(player), capture_(capture), stretch_(player, bench.window.tmrStretch) {
+FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board)
+    : bench_(bench), player_(player), capture_(capture), board_(board), stretch_(player, bench.window.tmrStretch) {
   WirePlaying();
   WireSteps();
   WireSpeed();
@@ -50,6 +50,8 @@ void FilmCommands::WirePlaying() {
   MainWindow& w = bench_.window;
   w.mnuPlayOrPause.Clicked.Connect([this] { PlayOrPause(); });
   w.mnuPlayCaption.Clicked.Connect([this] { PlayCaption(); });
+  w.mnuPlayGap.Clicked.Connect([this] { PlayGap(); });
+  w.mnuPlayStretch.Clicked.Connect([this] { PlayStretch(); });
   w.mnuRepeatCaption.Clicked.Connect([this] { Repeat(); });
   w.mnuPlayBeforeStart.Clicked.Connect([this] { PlayAround(Edge::Start, -kAroundMs, 0); });
   w.mnuPlayAfterStart.Clicked.Connect([this] { PlayAround(Edge::Start, 0, kAroundMs); });
@@ -121,8 +123,9 @@ void FilmCommands::ShowItems() {
                          &w.mnuSecondBack, &w.mnuSecondForward}) {
     item->SetEnabled(film);
   }
-  for (MenuItem* item : {&w.mnuPlayCaption, &w.mnuRepeatCaption, &w.mnuPlayBeforeStart, &w.mnuPlayAfterStart,
-                         &w.mnuPlayBeforeEnd, &w.mnuPlayAfterEnd, &w.mnuStartHere, &w.mnuEndHere, &w.mnuPushFromHere}) {
+  for (MenuItem* item :
+       {&w.mnuPlayCaption, &w.mnuRepeatCaption, &w.mnuPlayBeforeStart, &w.mnuPlayAfterStart, &w.mnuPlayBeforeEnd,
+        &w.mnuPlayAfterEnd, &w.mnuPlayGap, &w.mnuPlayStretch, &w.mnuStartHere, &w.mnuEndHere, &w.mnuPushFromHere}) {
     item->SetEnabled(film && document);
   }
   for (MenuItem* item : {&w.mnuStartEarlier, &w.mnuStartLater, &w.mnuEndEarlier, &w.mnuEndLater, &w.mnuStartMuchEarlier,
@@ -153,6 +156,19 @@ void FilmCommands::PlayCaption() {
   const Row row = bench_.list.Selected();
   if (!HasFilm() || !HasCaption() || !bench_.list.IsCaptionTimed(row)) return;
   stretch_.Play(bench_.list.TimesAt(row).start, bench_.list.TimesAt(row).end);
+}
+
+void FilmCommands::PlayGap() {
+  const CaptionList& list = bench_.list;
+  const Row row = list.Selected();
+  if (!HasFilm() || !HasCaption() || !list.IsCaptionTimed(row)) return;
+  // Before the first caption the gap begins with the film.
+  stretch_.Play(list.GetCaptionEnd(row - 1), list.TimesAt(row).start);
+}
+
+void FilmCommands::PlayStretch() {
+  if (!HasFilm() || !board_.Stretch()) return;
+  stretch_.Play(board_.Stretch()->start, board_.Stretch()->end);
 }
 
 void FilmCommands::Repeat() {

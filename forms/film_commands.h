@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "audio/wave_board.h"
 #include "capture/stretch_player.h"
 #include "capture/timing_capture.h"
 #include "capture/workbench.h"
@@ -13,7 +14,7 @@ namespace cuewright {
 /// The menu Film: playing around the selected caption, small steps, and times of the caption from the film's position.
 class FilmCommands {
  public:
-  FilmCommands(Workbench bench, Player& player, TimingCapture& capture);
+  FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board);
 
   /// The items follow what is open.
   void ShowItems();
@@ -35,6 +36,9 @@ class FilmCommands {
   /// Plays from so many ms from an edge of the caption on.
   void PlayAround(Edge edge, std::int32_t from, std::int32_t to);
   void PlayCaption();
+  /// Plays from the end of the caption before to the start of this one.
+  void PlayGap();
+  void PlayStretch();
   void Repeat();
   void Seek(std::int32_t ms);
   void StepFrames(int frames);
@@ -55,6 +59,7 @@ class FilmCommands {
   Workbench bench_;
   Player& player_;
   TimingCapture& capture_;
+  const WaveBoard& board_;
   StretchPlayer stretch_;
 };
 

@@ -16,6 +16,8 @@ constexpr int kStatusLine = 34;
 constexpr int kStatusOff = 8;
 constexpr int kGapsWithWave = 20;
 constexpr int kGapsWithoutWave = 16;
+constexpr int kStripHeight = 73;  // of the Audio bar at its lowest
+constexpr int kLeastList = 120;
 constexpr int kBesideWave = 28;  // room for the scale's slider
 
 }  // namespace
@@ -56,13 +58,17 @@ int MainLayout::WantedListWidth() const {
 void MainLayout::Apply() {
   // A narrow window squeezes the list, not the player.
   const int listWidth = std::max(std::min(WantedListWidth(), width_ - kBesidePlayer - kLeastPlayer), 0);
-  const int gaps = waveHeight_ > 0 ? waveHeight_ + kGapsWithWave : kGapsWithoutWave;
-  const int listHeight = std::max(height_ - statusHeight_ - bottomHeight_ - gaps, 0);
+  const int room = height_ - statusHeight_ - bottomHeight_;
+  // A wave that the user has made high leaves some of the list.
+  const int most = std::max(room - kGapsWithWave - kLeastList, kStripHeight);
+  const int wave = std::min(waveHeight_, most);
+  const int gaps = wave > 0 ? wave + kGapsWithWave : kGapsWithoutWave;
+  const int listHeight = std::max(room - gaps, 0);
   status_ = {0, 0, width_, statusHeight_};
   list_ = {kMargin, statusHeight_, listWidth, listHeight};
   divider_ = {kMargin + listWidth, statusHeight_, kMargin, listHeight};
   player_ = {2 * kMargin + listWidth, statusHeight_, width_ - listWidth - kBesidePlayer, listHeight};
-  wave_ = {kMargin, statusHeight_ + listHeight + kMargin, std::max(width_ - kBesideWave - kMargin, 0), waveHeight_};
+  wave_ = {kMargin, statusHeight_ + listHeight + kMargin, std::max(width_ - kBesideWave - kMargin, 0), wave};
   bottom_ = {0, height_ - bottomHeight_, width_, bottomHeight_};
 }
 

@@ -50,6 +50,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       linesReport(Bench(), formats),
       audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
+      waveDetails(window, ports_.files),
+      waveBoard(Bench(), audioBar, waveDetails, ports_.player, sample),
       audio(Bench(), session, store, recall, audioBar, ports_),
       filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
                  audioBar}),
@@ -68,6 +70,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       tools(Bench(), languages, openForms, ports_, proposals),
       shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
       retime(Bench(), formats, languages, ports_.player, openForms),
+      waveCommands(Bench(), waveBoard, preview, notices, ports_.messages),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -79,7 +82,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       embedWizard(PartsOfWizards()),
       audioWizard(PartsOfWizards()),
       title(Bench(), history),
-      film(Bench(), ports_.player, capture),
+      film(Bench(), ports_.player, capture, waveBoard),
       statusLine(Bench(), ports_.player),
       keys(window, store, options),
       keysDialog(keys, options, strings),
@@ -96,6 +99,7 @@ void Program::Connect() {
   ConnectJournal();
   ConnectRules();
   ConnectAudio();
+  ConnectWave();
   ConnectWizards();
   ConnectCommands();
   shell.Loading.Connect([this] {
@@ -118,7 +122,10 @@ void Program::Connect() {
 }
 
 void Program::ConnectCommands() {
-  states.Shown.Connect([this] { film.ShowItems(); });
+  states.Shown.Connect([this] {
+    film.ShowItems();
+    waveCommands.ShowItems();
+  });
   window.mnuKeys.Clicked.Connect([this] { keysDialog.Open(window.RightToLeft()); });
   window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });
 }
@@ -132,6 +139,9 @@ void Program::ShowManner() {
   shell.ShowListFont();
   statusLine.Show();
   film.ShowItems();
+  waveCommands.ShowItems();
+  audioBar.ShowManner();
+  shell.UpdateBars();
   keys.Load();
   window.mnuKeys.SetVisible(options.manner.HasEditingKeys());
   window.mnuPalette.SetVisible(options.manner.HasEditingKeys());
@@ -204,11 +214,28 @@ void Program::ConnectAudio() {
       audioBar.Forget();
     });
   }
-  preview.handsOnCaption = [this] { return capture.TextFocus() || audioBar.Dragging(); };
+  preview.handsOnCaption = [this] { return capture.TextFocus() || audioBar.Dragging() || waveBoard.Dragging(); };
   audioBar.LayoutChanged.Connect([this] { shell.UpdateBars(); });
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
   retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
+}
+
+void Program::ConnectWave() {
+  audioBar.Opened.Connect([this](const Text& path) {
+    if (options.manner.WaveIsAWorkbench()) waveDetails.Open(path);
+  });
+  audioBar.Forgotten.Connect([this] { waveDetails.Forget(); });
+  waveDetails.Changed.Connect([this] { waveBoard.ShowAnew(); });
+  waveBoard.HeightChosen.Connect([this] { shell.UpdateBars(); });
+  // The rules in force may be others.
+  check.findings.Changed.Connect([this](Row, Row) {
+    const LiveFindings& found = check.findings;
+    // A film whose rate isn't known is counted as the house does.
+    const FrameRate rate = found.Rate().IsUsual() ? found.Rate() : found.Rules().rate;
+    const auto ms = [&](const HouseTime& time) { return found.Rules().MsOf(time, rate); };
+    waveBoard.SetRules({ms(found.Rules().minGap), ms(found.Rules().shotZone), ms(found.Rules().beforeShot)});
+  });
 }
 
 void Program::ConnectJournal() {
@@ -324,6 +351,7 @@ Shell::StartSize Program::LoadMainWindow(int screenWidth, int screenHeight) {
   title.Show();
   const Shell::StartSize size = shell.LoadOptions(screenWidth, screenHeight);
   audioBar.LoadOptions();
+  waveBoard.LoadOptions();
   ApplyLanguage();
   panel.ResetGrid(CaptionPanel::Showing::Notice);
   states.ResetControls();

@@ -5,6 +5,8 @@
 
 #include "audio/audio_bar.h"
 #include "audio/film_sound.h"
+#include "audio/wave_board.h"
+#include "audio/wave_details.h"
 #include "capture/caption_grid.h"
 #include "capture/caption_panel.h"
 #include "capture/main_window.h"
@@ -69,6 +71,7 @@
 #include "forms/start_window.h"
 #include "forms/status_line.h"
 #include "forms/undo_commands.h"
+#include "forms/wave_commands.h"
 #include "forms/window_texts.h"
 #include "forms/window_title.h"
 #include "settings/languages.h"
@@ -174,6 +177,8 @@ class Program final {
   Reopening reopening;
   LinesReport linesReport;
   AudioBar audioBar;
+  WaveDetails waveDetails;
+  WaveBoard waveBoard;
   AudioCommands audio;
   FilmSound filmSound;
   FileRouter router;
@@ -190,6 +195,7 @@ class Program final {
   EditingTools tools;
   CaptionShaping shaping;
   RetimeWindow retime;
+  WaveCommands waveCommands;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -223,6 +229,7 @@ class Program final {
   void ConnectFiles();
   void ConnectRules();
   void ConnectAudio();
+  void ConnectWave();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
   void ConnectJournal();

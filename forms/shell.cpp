@@ -110,7 +110,8 @@ void Shell::UpdateBars() {
   bench_.window.picIco.SetVisible(options.infoBarOn);
   using Band = MainLayout::Band;
   const Band band = !options.infoBarOn ? Band::Off : calm && !options.infoBarUnfolded ? Band::Line : Band::Full;
-  layout_.SetBars(band, bench_.options.audioBarOn ? AudioBar::kHeight : 0, kBottomHeight);
+  const int wave = options.manner.WaveIsAWorkbench() ? options.waveHeight : AudioBar::kHeight;
+  layout_.SetBars(band, options.audioBarOn ? wave : 0, kBottomHeight);
   LayoutChanged();
 }
 

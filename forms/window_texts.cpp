@@ -31,6 +31,7 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuInsertAbove, Message::AboveCurrent},
                               {w.mnuInsertBelow, Message::BelowCurrent},
                               {w.mnuInsertAtFilm, Message::AtFilmPosition},
+                              {w.mnuInsertStretch, Message::InsertStretch},
                               {w.mnuAddBelow, Message::BelowCurrent},
                               {w.mnuAddBottom, Message::AtTheBottom},
                               {w.mnuEditSelected, Message::EditCaptionItem},
@@ -95,6 +96,17 @@ void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
                               {w.mnuListTime[2], Message::TimesInFrames},
                               {w.mnuAudioBarColor, Message::AudioBarColor},
                               {w.mnuFullWave, Message::FullHeightWave},
+                              {w.mnuBoard, Message::WaveMenu},
+                              {w.mnuWaveIn, Message::WaveIn},
+                              {w.mnuWaveOut, Message::WaveOut},
+                              {w.mnuWaveHigher, Message::WaveHigher},
+                              {w.mnuWaveLower, Message::WaveLower},
+                              {w.mnuWaveToCaption, Message::WaveToCaption},
+                              {w.mnuWaveLook[0], Message::LookWave},
+                              {w.mnuWaveLook[1], Message::LookSpectrogram},
+                              {w.mnuWaveLook[2], Message::LookBoth},
+                              {w.mnuWaveCentred, Message::WaveCentred},
+                              {w.mnuWaveSnaps, Message::WaveSnaps},
                               {w.mnuTools, Message::MenuTools},
                               {w.mnuKeys, Message::KeysOfCommands},
                               {w.mnuSpell, Message::SpellCheck},
@@ -143,6 +155,8 @@ void ShowFilm(MainWindow& w, const LangStrings& strings) {
                               {w.mnuPlayAfterStart, Message::PlayAfterStart},
                               {w.mnuPlayBeforeEnd, Message::PlayBeforeEnd},
                               {w.mnuPlayAfterEnd, Message::PlayAfterEnd},
+                              {w.mnuPlayGap, Message::PlayGap},
+                              {w.mnuPlayStretch, Message::PlayStretch},
                               {w.mnuFrameBack, Message::FrameBack},
                               {w.mnuFrameForward, Message::FrameForward},
                               {w.mnuStepBack, Message::StepBack},
@@ -164,6 +178,10 @@ void ShowFilm(MainWindow& w, const LangStrings& strings) {
                               {w.mnuStartMuchLater, Message::StartMuchLater},
                               {w.mnuEndMuchEarlier, Message::EndMuchEarlier},
                               {w.mnuEndMuchLater, Message::EndMuchLater},
+                              {w.mnuStartSnapBack, Message::StartSnapBack},
+                              {w.mnuStartSnapOn, Message::StartSnapOn},
+                              {w.mnuEndSnapBack, Message::EndSnapBack},
+                              {w.mnuEndSnapOn, Message::EndSnapOn},
                               {w.mnuNextInPane, Message::NextInPane}};
   ShowTexts(rows, strings);
 }
@@ -221,6 +239,7 @@ void WindowTexts::SpeakNames() {
       {w.imgSize, Message::SpokenDivider},           {w.picStatus, Message::SpokenInfoBar},
       {w.picBottom, Message::SpokenCaptioningPanel}, {w.picWave, Message::SpokenAudioBar},
       {w.picLevel, Message::SpokenSoundLevel},       {w.sldWavScale, Message::WaveHeight},
+      {w.picBoard, Message::SpokenWaveBoard},        {w.imgWaveSize, Message::SpokenWaveDivider},
       {w.imgWavPos, Message::SpokenWavePosition},    {w.cmdNotice, Message::CloseNotice}};
   SpeakTexts(rows, bench_.strings);
 }

@@ -124,6 +124,11 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"CaptionTimes", kNumber<&O::listTimes>, MainWindow},
     {u"M_AUDIOBARCOLOR", kNumber<&O::waveColor>, MainWindow},
     {u"M_WAVSCALE", kNumber<&O::waveScale>, MainWindow, "sldWavScale"},
+    {u"WaveZoom", kNumber<&O::waveZoom>, MainWindow},
+    {u"WaveHeight", kNumber<&O::waveHeight>, MainWindow},
+    {u"WaveLook", kNumber<&O::waveLook>, MainWindow},
+    {u"WaveCentred", kFlag<&O::waveCentred>, MainWindow, "mnuWaveCentred"},
+    {u"WaveSnaps", kFlag<&O::waveSnaps>, MainWindow, "mnuWaveSnaps"},
 });
 
 }  // namespace

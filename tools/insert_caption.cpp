@@ -74,6 +74,17 @@ std::optional<Row> InsertAt(CaptionList& list, std::int32_t ms) {
   return Add(list, times, before + 1);
 }
 
+Row InsertStretchAt(CaptionList& list, CaptionTimes times) {
+  times.start = std::max(times.start, kFirstStart);
+  Row before = 0;
+  for (Row row = 1; row < list.Rows(); ++row) {
+    if (!list.IsCaptionTimed(row)) continue;
+    if (list.GetCaptionStart(row) > times.start) break;
+    before = row;
+  }
+  return Add(list, times, before + 1);
+}
+
 void DuplicateCaption(CaptionList& list, Row row) {
   Caption copy = list.At(row);
   copy.origin = 0;

@@ -17,6 +17,9 @@ Row InsertBeside(CaptionList& list, Row row, Side side);
 /// stands there already or begins at once.
 std::optional<Row> InsertAt(CaptionList& list, std::int32_t ms);
 
+/// Puts a caption without text where it belongs by its start, with these times. The new row.
+Row InsertStretchAt(CaptionList& list, CaptionTimes times);
+
 /// Puts a copy of a row in range below it.
 void DuplicateCaption(CaptionList& list, Row row);
 

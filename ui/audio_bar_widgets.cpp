@@ -14,6 +14,8 @@
 #include "ui/binder.h"
 #include "ui/key_codes.h"
 #include "ui/qt_color.h"
+#include "ui/wave_board_view.h"
+#include "ui/wave_divider.h"
 
 namespace cuewright {
 namespace {
@@ -26,6 +28,7 @@ constexpr int kScaleHeight = 69;
 constexpr std::int32_t kMarkColor = 0x0000C0;
 constexpr int kArrowWidth = 5;
 constexpr int kArrowHeight = 6;
+constexpr int kDividerHeight = 8;
 
 /// Width of the widest screen there is, so that the window may go to any of them.
 int WidestScreen() {
@@ -168,21 +171,23 @@ LevelMeter::LevelMeter(AudioBar& bar, QWidget* parent)
 
 void LevelMeter::paintEvent(QPaintEvent*) { QPainter(this).drawImage(0, 0, surface_.Image()); }
 
-AudioBarWidgets::AudioBarWidgets(AudioBar& bar, Binder& binder, QWidget* area)
+AudioBarWidgets::AudioBarWidgets(AudioBar& bar, WaveBoard& board, Binder& binder, QWidget* area)
     : bar_(bar),
+      board_(board),
       area_(area),
       wave_(binder.Bind(bar.Window().picWave, new WavePicture(bar, area))),
       level_(binder.Bind(bar.Window().picLevel, new LevelMeter(bar, area))),
+      boardView_(binder.Bind(bar.Window().picBoard, new WaveBoardView(board, area))),
+      divider_(binder.Bind(bar.Window().imgWaveSize, new WaveDivider(area))),
       slider_(binder.Bind(bar.Window().sldWavScale, new QSlider(Qt::Vertical, area))),
       arrow_(binder.Bind(bar.Window().imgWavPos, new Arrow(area))),
       tip_(binder.Bind(bar.Window().lblWaveTip, new QLabel(wave_))),
-      progress_(binder.Bind(bar.Window().lblWave, new QLabel(wave_))),
-      stop_(binder.Bind(bar.Window().cmdStopSound, new QPushButton(wave_))) {
+      progress_(binder.Bind(bar.Window().lblWave, new QLabel(area))),
+      stop_(binder.Bind(bar.Window().cmdStopSound, new QPushButton(area))) {
   slider_->setPageStep(4000);
   slider_->setSingleStep(1000);
   progress_->setAutoFillBackground(true);
   progress_->setContentsMargins(6, 2, 6, 2);
-  progress_->move(6, 6);
   tip_->setAutoFillBackground(true);
   tip_->setBackgroundRole(QPalette::ToolTipBase);
   tip_->setForegroundRole(QPalette::ToolTipText);
@@ -193,19 +198,25 @@ AudioBarWidgets::AudioBarWidgets(AudioBar& bar, Binder& binder, QWidget* area)
   for (Control* control : std::initializer_list<Control*>{&window.lblWave, &window.lblWaveTip, &window.cmdStopSound}) {
     connections_.push_back(control->Changed.ConnectScoped([this] { PlaceMarks(); }));
   }
+  connections_.push_back(board_.PositionChanged.ConnectScoped([this] { PlaceArrow(); }));
+  connections_.push_back(board_.Changed.ConnectScoped([this] { PlaceArrow(); }));
+  divider_->Moved.Connect([this](int by) { board_.SetHeight(boardView_->height() + by); });
   bar_.SetView(this);
 }
 
 AudioBarWidgets::~AudioBarWidgets() { bar_.SetView(nullptr); }
 
-int AudioBarWidgets::ScreenWidth() const { return WidestScreen(); }
+// Where the strip isn't shown nothing is painted into it.
+int AudioBarWidgets::ScreenWidth() const { return IsWorkbench() ? 0 : WidestScreen(); }
 
 int AudioBarWidgets::WaveLeft() const { return wave_->x(); }
 
 void AudioBarWidgets::Place(const QRect& strip) {
-  level_->setGeometry(strip.left(), strip.top(), kLevelWidth, strip.height());
+  level_->setGeometry(strip.left(), strip.top(), kLevelWidth, std::min(strip.height(), AudioBar::kHeight));
   const int left = strip.left() + kLevelWidth + kGap;
   wave_->setGeometry(left, strip.top(), std::max(strip.right() + 1 - left, 0), strip.height());
+  boardView_->setGeometry(wave_->geometry());
+  divider_->setGeometry(strip.left(), strip.top() - kDividerHeight, strip.width(), kDividerHeight);
   // The strip leaves room for the bar at the window's far side.
   const bool mirrored = area_->layoutDirection() == Qt::RightToLeft;
   slider_->setGeometry(mirrored ? strip.left() - kGap - kSliderWidth : strip.right() + 1 + kGap, strip.top(),
@@ -217,11 +228,22 @@ void AudioBarWidgets::Place(const QRect& strip) {
   bar_.Repaint();
 }
 
+void AudioBarWidgets::PlaceArrow() {
+  if (!IsWorkbench()) return arrow_->move(bar_.Marks().arrowLeft, wave_->y() - kArrowHeight);
+  const std::optional<int> position = board_.PositionX();
+  // Out of the picture there is no position to point at.
+  arrow_->move(position ? boardView_->x() + *position - kArrowWidth / 2 : -kArrowWidth, wave_->y() - kArrowHeight);
+}
+
 void AudioBarWidgets::PlaceMarks() {
-  arrow_->move(bar_.Marks().arrowLeft, wave_->y() - kArrowHeight);
+  PlaceArrow();
   tip_->adjustSize();
   progress_->adjustSize();
   stop_->adjustSize();
+  // Over the strip they stand at its top, over the other wave below the captions.
+  constexpr int kMargin = 6;
+  const int top = IsWorkbench() ? wave_->height() - stop_->height() - kMargin : kMargin;
+  progress_->move(wave_->x() + kMargin, wave_->y() + top);
   stop_->move(progress_->geometry().right() + 7, progress_->y() + (progress_->height() - stop_->height()) / 2);
   const int most = std::max(wave_->width() - tip_->width(), 0);
   tip_->move(std::clamp(bar_.Marks().start + 4, 0, most), wave_->height() - tip_->height() - 2);

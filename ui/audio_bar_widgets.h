@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "audio/audio_bar.h"
+#include "audio/wave_board.h"
 
 class QLabel;
 class QPushButton;
@@ -13,6 +14,8 @@ class QSlider;
 namespace cuewright {
 
 class Binder;
+class WaveBoardView;
+class WaveDivider;
 
 /// A picture in memory that the Audio bar paints on.
 class ImageSurface final : public WaveSurface {
@@ -79,10 +82,10 @@ class LevelMeter final : public QWidget {
 class AudioBarWidgets final : public AudioBarView {
  public:
   /// The widgets become children of `area`.
-  AudioBarWidgets(AudioBar& bar, Binder& binder, QWidget* area);
+  AudioBarWidgets(AudioBar& bar, WaveBoard& board, Binder& binder, QWidget* area);
   ~AudioBarWidgets() override;
 
-  /// Puts the widgets into the strip, which has the wave's height.
+  /// Puts the widgets into the strip, which has the height of the wave in the manner in force.
   void Place(const QRect& strip);
 
   WaveSurface& Wave() override { return wave_->Surface(); }
@@ -92,11 +95,16 @@ class AudioBarWidgets final : public AudioBarView {
 
  private:
   void PlaceMarks();
+  void PlaceArrow();
+  bool IsWorkbench() const { return bar_.Window().picBoard.Visible(); }
 
   AudioBar& bar_;
+  WaveBoard& board_;
   QWidget* area_;
   WavePicture* wave_;
   LevelMeter* level_;
+  WaveBoardView* boardView_;
+  WaveDivider* divider_;
   QSlider* slider_;
   QWidget* arrow_;
   QLabel* tip_;

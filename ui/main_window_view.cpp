@@ -108,7 +108,7 @@ void MainWindowView::BuildParts() {
   setAcceptDrops(true);
   video_->setParent(area_);
   logo_ = binder_.Bind(form_.picPLogo, new SvgPicture(":/logo.svg", area_));
-  audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, binder_, area_);
+  audioBar_ = std::make_unique<AudioBarWidgets>(p_.audioBar, p_.waveBoard, binder_, area_);
   overlay_ = new Overlay(p_.sub, area_);
   new FocusKeeper(*this, binder_, captureButtons_);
   bottom_ = new BottomPanel(form_, p_.options, binder_, area_);
@@ -118,7 +118,7 @@ void MainWindowView::BuildParts() {
   statusBar()->addWidget(binder_.Bind(form_.lblStatus, new ElidedLabel(this)), 1);
   connections_.push_back(form_.lblStatus.Changed.ConnectScoped([this] { ShowBars(); }));
   for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
-                       &form_.tmrFilmSound, &form_.tmrStretch}) {
+                       &form_.tmrFilmSound, &form_.tmrStretch, &form_.tmrWaveDetail}) {
     binder_.Bind(*timer);
   }
 }

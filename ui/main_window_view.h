@@ -31,6 +31,7 @@ class Preview;
 class SubWindow;
 class TimingCapture;
 class ToolBar;
+class WaveBoard;
 
 /// What the main window shows and hands on.
 struct MainWindowParts {
@@ -43,6 +44,7 @@ struct MainWindowParts {
   Preview& preview;
   TimingCapture& capture;
   AudioBar& audioBar;
+  WaveBoard& waveBoard;
   Shell& shell;
   DocumentState& document;
   DocumentFiles& documentFiles;

@@ -24,10 +24,11 @@
 namespace cuewright {
 
 std::unique_ptr<MainWindowView> MakeMainWindow(Program& program, QWidget* video) {
-  const MainWindowParts parts = {
-      program.window,  program.list,    program.grid,     program.commands, program.listView, program.sub,
-      program.preview, program.capture, program.audioBar, program.shell,    program.document, program.documentFiles,
-      program.session, program.router,  program.help,     program.options,  program.strings,  program.LanguageChanged};
+  const MainWindowParts parts = {program.window,        program.list,      program.grid,           program.commands,
+                                 program.listView,      program.sub,       program.preview,        program.capture,
+                                 program.audioBar,      program.waveBoard, program.shell,          program.document,
+                                 program.documentFiles, program.session,   program.router,         program.help,
+                                 program.options,       program.strings,   program.LanguageChanged};
   auto window = std::make_unique<MainWindowView>(parts, video);
   AddToolWindows(window->Views(), program);
   return window;

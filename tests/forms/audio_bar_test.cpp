@@ -13,6 +13,7 @@ using WaveFollowing = testing::AudioBarRig;
 using BarSwitch = testing::AudioBarRig;
 
 TEST_F(WaveLoading, ShowsTheBarItsControlsAndTheLastFile) {
+  program->options.manner.SetClassic(true);
   EXPECT_FALSE(program->options.audioBarOn);
   Load(Flat(300));
   EXPECT_EQ(program->document.WavePath, folder / "a.wav");
@@ -201,6 +202,7 @@ TEST_F(WaveFollowing, TheStatesOfThePlayerShowAndHideThePosition) {
 }
 
 TEST_F(BarSwitch, ShowsAndHidesTheBarAndItsTimer) {
+  program->options.manner.SetClassic(true);
   OpenAll();
   const int height = program->shell.Layout().List().height;
   EXPECT_EQ(program->shell.Layout().Wave().height, 73);
@@ -227,6 +229,7 @@ TEST_F(BarSwitch, AHiddenBarDrawsNoMeter) {
 }
 
 TEST_F(BarSwitch, WithoutAWaveTheTimerStaysOff) {
+  program->options.manner.SetClassic(true);
   Window().mnuAudioBar.Click();
   EXPECT_TRUE(Window().picWave.Visible());
   EXPECT_FALSE(Window().tmrWave.Enabled());
@@ -240,6 +243,8 @@ TEST_F(BarSwitch, TheSettingsComeBackAtTheStart) {
   program->options.waveColor = 0x0000FF;
   program->shell.SaveAtUnload(false, false, 800, 600);
   Restart({});
+  program->options.manner.SetClassic(true);
+  program->audioBar.ShowManner();
   EXPECT_TRUE(Window().mnuAudioBar.Checked());
   EXPECT_TRUE(Window().picWave.Visible());
   EXPECT_TRUE(Window().mnuFullWave.Checked());

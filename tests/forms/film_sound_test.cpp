@@ -53,7 +53,7 @@ TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {
   EXPECT_TRUE(Unfinished().starts_with(folder / "cache/"));
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");
   EXPECT_TRUE(Window().cmdStopSound.Visible());
-  EXPECT_TRUE(Window().picWave.Visible());
+  EXPECT_TRUE(Window().picBoard.Visible());
   EXPECT_FALSE(Window().mnuOpenWav.Enabled());
 }
 

@@ -60,6 +60,7 @@ struct RealBarTest : ::testing::Test {
     environment.sounds = &sounds;
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, *player, pickers}, environment);
     EXPECT_TRUE(program->Start());
+    program->options.manner.SetClassic(true);
     view = MakeMainWindow(*program, new VideoView(*player, *player));
     program->LoadMainWindow(1280, 800);
     view->ShowStarted({1000, 700, false});

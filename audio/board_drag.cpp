@@ -1,0 +1,94 @@
+#include "audio/board_drag.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace cuewright {
+namespace {
+
+/// A caption that starts at 0 counts as one without times.
+constexpr std::int32_t kFirstStart = 1;
+
+}  // namespace
+
+BoardDrag::BoardDrag(const CaptionList& list, const BoardHit& hit, std::int32_t ms, const RowSet& with)
+    : hit_(hit), from_(ms) {
+  const auto take = [&](Row row) { before_.push_back({row, list.TimesAt(row)}); };
+  if (hit.part == BoardPart::Body && with.Has(hit.row)) {
+    for (const Row row : with.Rows()) {
+      if (list.InRange(row) && list.IsCaptionTimed(row)) take(row);
+    }
+  } else if (list.InRange(hit.row)) {
+    take(hit.row);
+    if (hit.part == BoardPart::Border && list.InRange(hit.next)) take(hit.next);
+  }
+  moved_ = before_;
+}
+
+std::int32_t BoardDrag::Cut(std::int32_t by) const {
+  std::int64_t least = std::numeric_limits<std::int32_t>::min();
+  std::int64_t most = std::numeric_limits<std::int32_t>::max();
+  const CaptionTimes& own = before_.front().times;
+  switch (hit_.part) {
+    case BoardPart::Start:
+      least = kFirstStart - own.start;
+      most = own.end - least_ - own.start;
+      break;
+    case BoardPart::End:
+      least = own.start + least_ - own.end;
+      break;
+    case BoardPart::Border:
+      least = own.start + least_ - own.end;
+      most = before_.back().times.end - least_ - before_.back().times.start;
+      break;
+    default:
+      for (const MovedCaption& caption : before_)
+        least = std::max<std::int64_t>(least, kFirstStart - caption.times.start);
+      break;
+  }
+  // A caption that is shorter than that already isn't made longer by taking hold of it.
+  least = std::min<std::int64_t>(least, 0);
+  most = std::max<std::int64_t>(most, 0);
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(by, least, most));
+}
+
+std::vector<BoardDrag::Edge> BoardDrag::EdgesAt(std::int32_t ms) const {
+  if (before_.empty()) return {};
+  const std::int32_t by = ms - from_;
+  const auto own = std::ranges::find(before_, hit_.row, &MovedCaption::row);
+  if (own == before_.end()) return {};
+  const Edge start{CaptionEdge::Start, own->times.start + by};
+  const Edge end{CaptionEdge::End, own->times.end + by};
+  if (hit_.part == BoardPart::Start) return {start};
+  if (hit_.part == BoardPart::End) return {end};
+  if (hit_.part == BoardPart::Border) return {{CaptionEdge::Start, before_.back().times.start + by}, end};
+  return {start, end};
+}
+
+void BoardDrag::MoveTo(std::int32_t ms, std::int32_t by) {
+  if (before_.empty()) return;
+  const std::int32_t moved = Cut(ms - from_ + by);
+  const bool starts = hit_.part == BoardPart::Start || hit_.part == BoardPart::Body;
+  const bool ends = hit_.part == BoardPart::End || hit_.part == BoardPart::Body;
+  for (std::size_t i = 0; i < before_.size(); ++i) {
+    // At a border the end of the one moves and the start of the other.
+    const bool border = hit_.part == BoardPart::Border;
+    CaptionTimes& times = moved_[i].times = before_[i].times;
+    if (starts || (border && i == 1)) times.start += moved;
+    if (ends || (border && i == 0)) times.end += moved;
+  }
+}
+
+bool BoardDrag::Holds(Row row) const { return std::ranges::find(before_, row, &MovedCaption::row) != before_.end(); }
+
+void BoardDrag::Store(CaptionList& list) const {
+  if (moved_ == before_) return;
+  const EditScope scope(list, EditKind::Drag);
+  for (const MovedCaption& caption : moved_) {
+    CaptionTimes times = caption.times;
+    list.Retime(caption.row, {&times, 1});
+  }
+  list.SetModified();
+}
+
+}  // namespace cuewright

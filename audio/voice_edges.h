@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "audio/snap_points.h"
+#include "audio/wave_pyramid.h"
+
+namespace cuewright {
+
+/// A place where a voice begins or ends.
+struct VoiceEdge {
+  std::int32_t ms = 0;
+  CaptionEdge edge = CaptionEdge::Start;
+
+  bool operator==(const VoiceEdge&) const = default;
+};
+
+/// Where something that stands out of the noise begins and ends. `levels` are loudnesses in dB, one each 10 ms from
+/// `first` ms on; a few dozen seconds tell best what noise is.
+std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, std::int32_t first);
+
+/// The edges of the voice in the sound that is loaded. They are looked for around the time that is asked for.
+class VoiceSnaps final : public SnapPoints {
+ public:
+  explicit VoiceSnaps(const WavePyramid& peaks) : peaks_(peaks) {}
+
+  void Find(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const override;
+
+ private:
+  const WavePyramid& peaks_;
+};
+
+}  // namespace cuewright

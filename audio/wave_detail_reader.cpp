@@ -1,0 +1,132 @@
+#include "audio/wave_detail_reader.h"
+
+#include <algorithm>
+#include <limits>
+#include <string_view>
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kMostHeader = 4096;
+constexpr std::uint64_t kMsASecond = 1000;
+/// A size that a program which is still writing leaves in the header, or one that the header has no room for.
+constexpr std::uint32_t kUnknownSize = 0xFFFFFF00;
+
+std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < size; ++i) value |= std::uint32_t{static_cast<unsigned char>(bytes[at + i])} << (8 * i);
+  return value;
+}
+
+/// Samples of 16 bits, the lower byte first.
+struct Sample16 {
+  static constexpr std::size_t kBytes = 2;
+  static std::int16_t At(const char* at) {
+    return static_cast<std::int16_t>(static_cast<unsigned char>(at[0]) | static_cast<unsigned char>(at[1]) << 8);
+  }
+};
+
+/// Samples of 8 bits, of which 128 is silence.
+struct Sample8 {
+  static constexpr std::size_t kBytes = 1;
+  static std::int16_t At(const char* at) {
+    return static_cast<std::int16_t>((static_cast<unsigned char>(at[0]) - 128) * 256);
+  }
+};
+
+}  // namespace
+
+void WaveDetailReader::Begin(std::unique_ptr<FileReader> file) {
+  Forget();
+  file_ = std::move(file);
+}
+
+void WaveDetailReader::Forget() {
+  file_.reset();
+  peaks_.Clear();
+  position_ = frame_ = msEnd_ = 0;
+  begun_ = false;
+}
+
+WaveDetailReader::Header WaveDetailReader::ReadHeader() {
+  buffer_.resize(kMostHeader);
+  const std::string_view bytes(buffer_.data(), file_->ReadAt(0, buffer_.data(), kMostHeader));
+  constexpr std::size_t kFirstChunk = 12;
+  if (bytes.size() < kFirstChunk) return Header::Missing;
+  if (!bytes.starts_with("RIFF") || bytes.substr(8, 4) != "WAVE") return Header::NoWave;
+  constexpr std::size_t kChunkHead = 8;
+  constexpr std::size_t kFormat = 16;
+  for (std::size_t at = kFirstChunk; at + kChunkHead <= bytes.size();) {
+    const std::string_view name = bytes.substr(at, 4);
+    const std::uint32_t size = NumberAt(bytes, at + 4, 4);
+    const std::size_t body = at + kChunkHead;
+    if (name == "data") {
+      if (frameBytes_ == 0 || rate_ == 0 || (bits_ != 8 && bits_ != 16)) return Header::NoWave;
+      position_ = body;
+      end_ = size == 0 || size >= kUnknownSize ? std::numeric_limits<std::uint64_t>::max() : position_ + size;
+      msEnd_ = (rate_ + kMsASecond - 1) / kMsASecond;
+      return Header::Read;
+    }
+    if (name == "fmt " && body + kFormat <= bytes.size()) {
+      rate_ = NumberAt(bytes, body + 4, 4);
+      frameBytes_ = NumberAt(bytes, body + 12, 2);
+      bits_ = static_cast<int>(NumberAt(bytes, body + 14, 2));
+    }
+    at = body + size;
+  }
+  return bytes.size() == kMostHeader ? Header::NoWave : Header::Missing;
+}
+
+WaveDetailReader::Result WaveDetailReader::Read(std::size_t most) {
+  if (position_ == 0) {
+    const Header header = ReadHeader();
+    if (header != Header::Read) return header == Header::NoWave ? Result::NoWave : Result::Nothing;
+  }
+  const std::uint64_t left = end_ - std::min(end_, position_);
+  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(std::max<std::size_t>(most, frameBytes_), left));
+  buffer_.resize(wanted);
+  const std::size_t frames = file_->ReadAt(position_, buffer_.data(), wanted) / frameBytes_;
+  if (frames == 0) return Result::Nothing;
+  position_ += frames * frameBytes_;
+  if (bits_ == 16) {
+    Take<Sample16>(buffer_.data(), frames);
+  } else {
+    Take<Sample8>(buffer_.data(), frames);
+  }
+  return Result::Read;
+}
+
+template <class Sample>
+void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
+  const char* const end = bytes + frames * frameBytes_;
+  while (bytes < end) {
+    // All of the ms that is there.
+    const std::uint64_t room = (msEnd_ - frame_) * frameBytes_;
+    const char* const stop = bytes + std::min<std::uint64_t>(room, static_cast<std::uint64_t>(end - bytes));
+    int maximum = begun_ ? peak_.maximum : std::numeric_limits<std::int16_t>::min();
+    int minimum = begun_ ? peak_.minimum : std::numeric_limits<std::int16_t>::max();
+    frame_ += static_cast<std::uint64_t>(stop - bytes) / frameBytes_;
+    for (; bytes < stop; bytes += Sample::kBytes) {
+      const int sample = Sample::At(bytes);
+      maximum = std::max(maximum, sample);
+      minimum = std::min(minimum, sample);
+    }
+    peak_ = {static_cast<std::int16_t>(maximum), static_cast<std::int16_t>(minimum)};
+    begun_ = true;
+    if (frame_ < msEnd_) return;
+    // Of a sound with few samples one of them lasts for several ms.
+    const std::uint64_t whole = frame_ * kMsASecond / rate_;
+    auto ms = static_cast<std::uint64_t>(peaks_.Ms());
+    for (; ms < whole; ++ms) peaks_.Append(peak_);
+    begun_ = false;
+    msEnd_ = ((ms + 1) * rate_ + kMsASecond - 1) / kMsASecond;
+  }
+}
+
+void WaveDetailReader::Finish() {
+  if (!begun_) return;
+  peaks_.Append(peak_);
+  begun_ = false;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "audio/wave_pyramid.h"
+#include "core/ports/files.h"
+
+namespace cuewright {
+
+/// Reads all samples of a wave file once, piece by piece, into peaks of 1 ms. The file may still be growing: what isn't
+/// there yet is read later. PCM of 8 or 16 bits with any number of channels, of which the peaks are those of all.
+class WaveDetailReader {
+ public:
+  explicit WaveDetailReader(WavePyramid& peaks) : peaks_(peaks) {}
+
+  /// Begins with a file. What was read before is forgotten.
+  void Begin(std::unique_ptr<FileReader> file);
+  void Forget();
+  bool Open() const { return file_ != nullptr; }
+  /// Lets the file go; the peaks stay.
+  void Close() { file_.reset(); }
+
+  enum class Result {
+    Read,     ///< there is more now
+    Nothing,  ///< there is no more, at least for now
+    NoWave    ///< it isn't a wave that can be read
+  };
+  /// Reads up to so many bytes more. Run-time error when the file can't be read.
+  Result Read(std::size_t most);
+  /// The last samples, which don't fill a ms, count as one.
+  void Finish();
+
+ private:
+  enum class Header { Read, Missing, NoWave };
+  Header ReadHeader();
+  template <class Sample>
+  void Take(const char* bytes, std::size_t frames);
+
+  WavePyramid& peaks_;
+  std::unique_ptr<FileReader> file_;
+  std::vector<char> buffer_;
+  std::uint64_t position_ = 0;  ///< of the next sample in the file; 0: the header wasn't read yet
+  std::uint64_t end_ = 0;       ///< of the samples
+  std::uint32_t rate_ = 0;
+  std::uint32_t frameBytes_ = 0;
+  int bits_ = 0;
+  std::uint64_t frame_ = 0;  ///< number of the next sample
+  std::uint64_t msEnd_ = 0;  ///< of the first sample behind the ms that is being filled
+  WavePeak peak_;
+  bool begun_ = false;  ///< `peak_` has a sample
+};
+
+}  // namespace cuewright
