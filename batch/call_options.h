@@ -31,6 +31,7 @@ std::span<const CallOption> ReplaceOptions();
 std::span<const CallOption> CheckOptions();
 std::span<const CallOption> SyncOptions();
 std::span<const CallOption> FitOptions();
+std::span<const CallOption> AlignOptions();
 
 /// Takes the encoding of what is written.
 Problem SetEncoding(Request& request, const std::string& value);
@@ -50,5 +51,6 @@ Problem CheckReplace(const Request& request);
 Problem CheckCheck(const Request& request);
 Problem CheckSync(const Request& request);
 Problem CheckFit(const Request& request);
+Problem CheckAlign(const Request& request);
 
 }  // namespace cuewright

@@ -31,6 +31,7 @@ constexpr std::array kCommands = {
     Command{"profiles", 0, 0, nullptr, nullptr},
     Command{"check", 1, 1, CheckOptions, CheckCheck},
     Command{"shots", 1, 1, nullptr, nullptr},
+    Command{"align", 1, 1, AlignOptions, CheckAlign},
     Command{"sync", 1, 1, SyncOptions, CheckSync},
     Command{"fit", 1, 1, FitOptions, CheckFit},
 };

@@ -84,6 +84,7 @@ struct Request {
   std::optional<Text> film;  ///< the film that the captions belong to
 
   // Options of the commands that listen to a film.
+  Text language;              ///< that the lines of a text are in
   std::optional<Text> other;  ///< what captions are synchronised with: a film or another subtitle
   FitWish fit;
 

@@ -13,6 +13,7 @@ int RunCommand(const Request& request, Session& session, Console& console) {
   if (request.command == "profiles") return RunProfiles(request, session, console);
   if (request.command == "check") return RunCheck(request, session, console);
   if (request.command == "shots") return RunShots(request, session, console);
+  if (request.command == "align") return RunAlign(request, session, console);
   if (request.command == "sync") return RunSync(request, session, console);
   if (request.command == "fit") return RunFit(request, session, console);
   return RunConvert(request, session, console);

@@ -25,6 +25,7 @@ int RunReplace(const Request& request, Session& session, Console& console);
 int RunProfiles(const Request& request, Session& session, Console& console);
 int RunCheck(const Request& request, Session& session, Console& console);
 int RunShots(const Request& request, Session& session, Console& console);
+int RunAlign(const Request& request, Session& session, Console& console);
 int RunSync(const Request& request, Session& session, Console& console);
 int RunFit(const Request& request, Session& session, Console& console);
 int RunConvert(const Request& request, Session& session, Console& console);

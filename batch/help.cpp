@@ -22,6 +22,7 @@ constexpr std::string_view kProgram =
     "  profiles           list what houses ask of subtitles\n"
     "  check FILE         hold a file against what a house asks\n"
     "  shots FILM         find the changes of shot in a film\n"
+    "  align TEXT         give the lines of a text the times at which a film says them\n"
     "  sync FILE          bring a file made for another cut or rate to a film or another subtitle\n"
     "  fit FILE           move captions that were held by hand to where the film's voice is\n"
     "\n";
@@ -148,6 +149,21 @@ constexpr std::string_view kShots =
     "read by ffmpeg.\n"
     "\n";
 
+constexpr std::string_view kAlign =
+    "Usage: cuewright-batch align TEXT --film FILM --language CODE --out FILE [--to ID] [OPTION]...\n"
+    "Gives every line of a text the times at which a film says it, found by the sound alone: espeak-ng\n"
+    "speaks the lines, and ffmpeg reads the film. A line of output a line of the text: its number, start\n"
+    "and end in ms, how sure it is from 0 to 1, and sure or doubtful, separated by tabs. Lines that\n"
+    "nobody says are doubtful and lie between their neighbours; speech that stands in no line is passed.\n"
+    "\n"
+    "  --film FILM         the film or its sound\n"
+    "  --language CODE     the language of the text, such as en or pt-BR; 'espeak-ng --voices' lists them\n"
+    "  --out FILE          file to write; never TEXT itself\n"
+    "  --to ID             format to write, an identifier that 'formats' lists; without it the one that\n"
+    "                      the name of the file to write stands for, else SUBRIP\n"
+    "  --encoding NAME     encoding to write, such as UTF-8, UTF-16, windows-1252 or Shift_JIS\n"
+    "\n";
+
 constexpr std::string_view kSync =
     "Usage: cuewright-batch sync FILE --with OTHER --out FILE [OPTION]...\n"
     "Brings captions that were made for another cut or rate to the voices of a film, or to the times of\n"
@@ -226,6 +242,7 @@ std::string HelpText(std::string_view command) {
   if (command == "profiles") own = kProfiles;
   if (command == "check") own = kCheck;
   if (command == "shots") own = kShots;
+  if (command == "align") own = kAlign;
   if (command == "sync") own = kSync;
   if (command == "fit") own = kFit;
   return std::string(own) + std::string(kCommon);

@@ -1,8 +1,9 @@
 #include "voice/voice_likeness.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include "voice/band_levels.h"
 
 namespace cuewright {
 namespace {
@@ -15,54 +16,15 @@ constexpr float kLeastRange = 4;   ///< dB between quiet and loud: below that a 
 constexpr float kWholeRange = 16;  ///< dB from which on it tells all it can
 constexpr std::int32_t kLongestTrackMs = 48 * 3600 * 1000;
 
-/// Quiet and loud in dB.
-struct Levels {
-  float quiet = 0;
-  float range = 0;
-};
-
-/// How often each value of a band occurs in a stretch that moves along.
-class Histogram {
- public:
-  void Add(std::uint8_t value) { ++counts_[value], ++all_; }
-  void Remove(std::uint8_t value) { --counts_[value], --all_; }
-  float Quantile(double share) const {
-    const auto wanted = static_cast<std::size_t>(share * static_cast<double>(all_));
-    std::size_t below = 0;
-    std::size_t value = 0;
-    while (value + 1 < counts_.size() && below + counts_[value] <= wanted) below += counts_[value++];
-    return static_cast<float>(value) * SoundTable::kDbPerUnit;
-  }
-
- private:
-  std::array<std::size_t, 256> counts_{};
-  std::size_t all_ = 0;
-};
-
-/// The levels of a band around the middle of each block.
-std::vector<Levels> LevelsOf(const SoundTable& sound, std::size_t band) {
-  const std::size_t steps = sound.Steps();
-  std::vector<Levels> levels;
-  Histogram histogram;
-  std::size_t first = 0;
-  std::size_t behind = 0;
-  for (std::size_t middle = kBlock / 2; middle < steps + kBlock / 2; middle += kBlock) {
-    while (behind < std::min(steps, middle + kAround)) histogram.Add(sound.At(behind++)[band]);
-    while (first + kAround < middle && first < behind) histogram.Remove(sound.At(first++)[band]);
-    const float quiet = histogram.Quantile(kQuiet);
-    levels.push_back({quiet, histogram.Quantile(kLoud) - quiet});
-  }
-  return levels;
-}
-
 /// What a band adds: its place between quiet and loud, the more the wider these lie apart.
 void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, VoiceTrack& weights) {
-  const std::vector<Levels> levels = LevelsOf(sound, band);
+  const std::vector<BandLevels> levels = LevelsOf(sound, band, {kBlock, kAround, kQuiet, kLoud});
   for (std::size_t step = 0; step < track.size(); ++step) {
-    const Levels& here = levels[step / kBlock];
-    if (here.range < kLeastRange) continue;
-    const float weight = std::min(1.0F, here.range / kWholeRange);
-    const float place = (static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit - here.quiet) / here.range;
+    const BandLevels& here = levels[step / kBlock];
+    const float range = here.loud - here.quiet;
+    if (range < kLeastRange) continue;
+    const float weight = std::min(1.0F, range / kWholeRange);
+    const float place = (static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit - here.quiet) / range;
     track[step] += weight * std::clamp(place, 0.0F, 1.0F);
     weights[step] += weight;
   }

@@ -1,0 +1,116 @@
+#include "voice/align.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <random>
+
+namespace cuewright {
+namespace {
+
+/// A line of sounds that last about a tenth of a second each, drawn by a seed.
+SoundTable Line(unsigned seed) {
+  std::mt19937 random(seed);
+  std::uniform_int_distribution<int> level(60, 160);
+  SoundTable line;
+  for (int sound = 0; sound < 18; ++sound) {
+    SoundTable::Step step{};
+    for (std::uint8_t& band : step) band = static_cast<std::uint8_t>(level(random));
+    for (int i = 0; i < 10; ++i) line.Append(step);
+  }
+  return line;
+}
+
+/// A film in which lines are said at times, over a faint noise.
+struct Film {
+  std::int32_t Say(const SoundTable& line) {
+    Wait(80);
+    const auto start = static_cast<std::int32_t>(table.Steps()) * SoundTable::kStepMs;
+    for (std::size_t step = 0; step < line.Steps(); ++step) table.Append(line.At(step));
+    Wait(50);
+    return start;
+  }
+  void Wait(int steps) {
+    for (int i = 0; i < steps; ++i) {
+      SoundTable::Step quiet{};
+      for (std::uint8_t& band : quiet) band = static_cast<std::uint8_t>(40 + random() % 10);
+      table.Append(quiet);
+    }
+  }
+
+  SoundTable table;
+  std::mt19937 random{99};
+};
+
+TEST(AlignLines, FindsEachLineAmongOtherSpeech) {
+  Film film;
+  std::vector<SoundTable> lines;
+  std::vector<std::int32_t> starts;
+  for (unsigned i = 0; i < 30; ++i) {
+    if (i % 5 == 2) film.Say(Line(1000 + i));  // it stands in no line
+    lines.push_back(Line(i));
+    starts.push_back(film.Say(lines.back()));
+  }
+  const std::vector<AlignedLine> aligned = AlignLines(lines, film.table);
+  ASSERT_EQ(aligned.size(), lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    EXPECT_NEAR(aligned[i].start, starts[i], 150) << i;
+    EXPECT_NEAR(aligned[i].end, starts[i] + 1800, 200) << i;
+    EXPECT_FALSE(aligned[i].doubtful) << i;
+  }
+}
+
+TEST(AlignLines, ALineThatNobodySaysIsDoubtfulAndLiesBetweenItsNeighbours) {
+  Film film;
+  std::vector<SoundTable> lines;
+  for (unsigned i = 0; i < 20; ++i) {
+    lines.push_back(Line(i));
+    if (i != 9) film.Say(lines.back());
+  }
+  const std::vector<AlignedLine> aligned = AlignLines(lines, film.table);
+  ASSERT_EQ(aligned.size(), lines.size());
+  EXPECT_TRUE(aligned[9].doubtful);
+  EXPECT_GE(aligned[9].start, aligned[8].end);
+  EXPECT_LE(aligned[9].end, aligned[10].start);
+  EXPECT_LT(aligned[9].start, aligned[9].end);
+  EXPECT_FALSE(aligned[8].doubtful);
+  EXPECT_FALSE(aligned[10].doubtful);
+}
+
+TEST(AlignLines, WhatCannotBeSpokenIsDoubtful) {
+  Film film;
+  const SoundTable line = Line(1);
+  const std::int32_t start = film.Say(line);
+  const std::vector<AlignedLine> aligned =
+      AlignLines(std::vector<SoundTable>{SoundTable(), line, SoundTable()}, film.table);
+  ASSERT_EQ(aligned.size(), 3U);
+  EXPECT_TRUE(aligned[0].doubtful);
+  EXPECT_EQ(aligned[0].confidence, 0);
+  EXPECT_NEAR(aligned[1].start, start, 150);
+  EXPECT_TRUE(aligned[2].doubtful);
+  EXPECT_GE(aligned[2].start, aligned[1].end);
+}
+
+TEST(AlignLines, WithoutSoundEveryLineIsDoubtful) {
+  const std::vector<SoundTable> lines = {Line(1), Line(2)};
+  SoundTable silence;
+  for (int i = 0; i < 3000; ++i) silence.Append({});
+  for (const SoundTable& film : {SoundTable(), silence}) {
+    const std::vector<AlignedLine> aligned = AlignLines(lines, film);
+    ASSERT_EQ(aligned.size(), 2U);
+    for (const AlignedLine& each : aligned) EXPECT_TRUE(each.doubtful);
+    EXPECT_LE(aligned[0].end, aligned[1].start);
+  }
+  EXPECT_TRUE(AlignLines({}, silence).empty());
+}
+
+TEST(AlignLines, GivesUpWhenAskedTo) {
+  Film film;
+  const std::vector<SoundTable> lines = {Line(1), Line(2)};
+  for (const SoundTable& line : lines) film.Say(line);
+  EXPECT_TRUE(AlignLines(lines, film.table, [](std::size_t done) { return done < 1; }).empty());
+}
+
+}  // namespace
+}  // namespace cuewright

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "sound/sound_table.h"
+
+namespace cuewright {
+
+/// Where in a film a line is said.
+struct AlignedLine {
+  std::int32_t start = 0;  ///< ms
+  std::int32_t end = 0;
+  double confidence = 0;  ///< 0 to 1; 0 for a line that nobody says, which lies between its neighbours
+  bool doubtful = true;
+};
+
+/// Finds lines in a film by their sound, in their order. Lines that nobody says and speech that no line has are
+/// allowed. `spoken` is each line as a synthesiser says it; `goOn` is asked at every line and ends it with an empty
+/// result.
+std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const SoundTable& film,
+                                    const std::function<bool(std::size_t)>& goOn = {});
+
+}  // namespace cuewright

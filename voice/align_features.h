@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "sound/sound_table.h"
+
+namespace cuewright {
+
+/// A film's sound every 20 ms: how far its bands lie above or below what is loud around, in dB. One run of numbers for
+/// each band, so that many frames are compared at once.
+class FilmFeatures {
+ public:
+  static constexpr int kFrameMs = 20;
+  static constexpr std::size_t kBlock = 250;  ///< frames with one measure of what is quiet
+
+  using Bands = std::array<float, SoundTable::kBands>;
+
+  explicit FilmFeatures(const SoundTable& film);
+
+  std::size_t Frames() const { return bands_.front().size(); }
+  std::span<const float> Band(std::size_t band) const { return bands_[band]; }
+  /// What lies below these is not heard there: the noise or music around a frame.
+  const Bands& Quiet(std::size_t frame) const { return quiet_[frame / kBlock]; }
+
+ private:
+  std::array<std::vector<float>, SoundTable::kBands> bands_;
+  std::vector<Bands> quiet_;
+};
+
+/// Lines that are spoken alone by one voice, in the same numbers: above or below what is loud in all of them.
+std::vector<std::vector<FilmFeatures::Bands>> FeaturesOfLines(std::span<const SoundTable> lines);
+
+}  // namespace cuewright
