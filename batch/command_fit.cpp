@@ -15,6 +15,7 @@ namespace {
 TextView ReasonOf(FitProblem problem) {
   switch (problem) {
     case FitProblem::None:
+    case FitProblem::GivenUp:
       return {};
     case FitProblem::NoCaptions:
       return u"No caption was moved: none has times.";

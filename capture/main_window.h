@@ -77,6 +77,7 @@ class MainWindow final : public Form {
   Timer tmrWave{*this, "tmrWave", 20};
   Timer tmrJournal{*this, "tmrJournal", 200};
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
+  Timer tmrFit{*this, "tmrFit", 100};
   Timer tmrStretch{*this, "tmrStretch", 5};
   Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 
@@ -158,6 +159,8 @@ class MainWindow final : public Form {
   MenuItem mnuShift{*this, "mnuShift", &mnuTimes};
   MenuItem mnuRetime{*this, "mnuRetime", &mnuTimes};
   MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuTimes};
+  MenuItem mnuFit{*this, "mnuFit", &mnuTimes};
+  MenuItem mnuFitAll{*this, "mnuFitAll", &mnuTimes};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

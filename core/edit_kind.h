@@ -28,6 +28,7 @@ enum class EditKind : std::uint8_t {
   Rules,
   Delay,
   Retime,
+  Fit,  ///< to the voice
   ResetTiming,
   Replace,
   ReplaceAll,

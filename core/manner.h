@@ -62,6 +62,9 @@ class Manner {
   /// The Audio bar is a wave to work in: with all captions, at any scale, in any height.
   constexpr bool WaveIsAWorkbench() const { return !classic_; }
 
+  /// Captions that were held by hand move to where the film's voice is.
+  constexpr bool FitsToTheVoice() const { return !classic_; }
+
  private:
   bool classic_ = false;
 };

@@ -34,7 +34,7 @@ void ControlStates::SetDocumentItems(bool on) {
         &bench_.window.mnuSplit, &bench_.window.mnuSplitAtCaret, &bench_.window.mnuSplitAtFilm, &bench_.window.mnuJoin,
         &bench_.window.mnuJoinNext, &bench_.window.mnuJoinPrevious, &bench_.window.mnuDialogueNext,
         &bench_.window.mnuDialoguePrevious, &bench_.window.mnuDuplicate, &bench_.window.mnuMeetNext,
-        &bench_.window.mnuSwapTexts, &bench_.window.mnuRetime}) {
+        &bench_.window.mnuSwapTexts, &bench_.window.mnuRetime, &bench_.window.mnuFit, &bench_.window.mnuFitAll}) {
     item->SetEnabled(on);
   }
 }

@@ -69,6 +69,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       checkWindow(Bench(), check, proposals, notices, languages, openForms),
       tools(Bench(), languages, openForms, ports_, proposals),
       shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
+      fitting(Bench(), environment_.processes, ports_.player, notices, ports_.messages),
       retime(Bench(), formats, languages, ports_.player, openForms),
       waveCommands(Bench(), waveBoard, preview, notices, ports_.messages),
       undo(window, list, history, capture, preview, strings),
@@ -134,6 +135,7 @@ void Program::ShowManner() {
   selectionCommands.ShowItems();
   listView.Show();
   shaping.ShowItems();
+  fitting.ShowItems();
   ShowProposingItems();
   shell.UpdateBars();
   shell.ShowListFont();

@@ -71,6 +71,7 @@
 #include "forms/start_window.h"
 #include "forms/status_line.h"
 #include "forms/undo_commands.h"
+#include "forms/voice_fitting.h"
 #include "forms/wave_commands.h"
 #include "forms/window_texts.h"
 #include "forms/window_title.h"
@@ -194,6 +195,7 @@ class Program final {
   CheckWindow checkWindow;
   EditingTools tools;
   CaptionShaping shaping;
+  VoiceFitting fitting;
   RetimeWindow retime;
   WaveCommands waveCommands;
   UndoCommands undo;

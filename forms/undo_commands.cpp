@@ -29,6 +29,7 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::Rules, Message::ApplyCurrentRules},
                                                    {EditKind::Delay, Message::SetDelay},
                                                    {EditKind::Retime, Message::RetimeItem},
+                                                   {EditKind::Fit, Message::FitItem},
                                                    {EditKind::ResetTiming, Message::RemoveAllTiming},
                                                    {EditKind::Replace, Message::Replace},
                                                    {EditKind::ReplaceAll, Message::ReplaceAll},

@@ -66,6 +66,8 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuShift, Message::ShiftCaptions},
                               {w.mnuDelay, Message::SetDelay},
                               {w.mnuRetime, Message::RetimeItem},
+                              {w.mnuFit, Message::FitItem},
+                              {w.mnuFitAll, Message::FitAllItem},
                               {w.mnuReset, Message::RemoveAllTiming},
                               {w.mnuFilmSound, Message::FilmSoundItem}};
   ShowTexts(rows, strings);

@@ -14,8 +14,11 @@ constexpr std::ptrdiff_t kReach = 35;        ///< steps that a time may lie from
 constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the hand
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
-constexpr double kStartEnough = 0.65;        ///< confidence from which a start moves
-constexpr double kEndEnough = 0.7;
+/// Confidence from which a time moves; without its words a caption is believed less.
+constexpr double kStartEnough = 0.68;
+constexpr double kStartEnoughAlone = 0.75;
+constexpr double kEndEnough = 0.62;
+constexpr double kEndEnoughAlone = 0.7;
 constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
 constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
 constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
@@ -91,6 +94,7 @@ class Fitter {
   struct Edges {
     EdgeGuess start;
     EdgeGuess end;
+    bool spoken = false;  ///< the caption's own words told of them, too
   };
 
   /// Where the voice of the caption with times begins and ends, `number` counting those alone.
@@ -109,10 +113,11 @@ class Fitter {
     EdgeEvidence end = EndEvidence(model, steps.last - reach, count, trust);
     for (std::size_t at = 0; at < count; ++at)
       start.values[at] += hand_.StartLikelihood(caption.start - MsOf(start, at));
-    if (spoken) WordsAlignment(sound_, model, levels, AloneAround(number)).Align(words_[place], steps, start, end);
+    const bool aligned =
+        spoken && WordsAlignment(sound_, model, levels, AloneAround(number)).Align(words_[place], steps, start, end);
     AddDrownedEnd(end, levels.Contrast());
     for (std::size_t at = 0; at < count; ++at) end.values[at] += hand_.EndLikelihood(caption.end - MsOf(end, at));
-    return {GuessEdge(start), GuessEdge(end)};
+    return {GuessEdge(start), GuessEdge(end), aligned};
   }
 
  private:
@@ -226,8 +231,8 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   fitted.wanted = true;
   fitted.startConfidence = edges.start.confidence;
   fitted.endConfidence = edges.end.confidence;
-  fitted.startMoved = edges.start.confidence >= kStartEnough;
-  fitted.endMoved = edges.end.confidence >= kEndEnough;
+  fitted.startMoved = edges.start.confidence >= (edges.spoken ? kStartEnough : kStartEnoughAlone);
+  fitted.endMoved = edges.end.confidence >= (edges.spoken ? kEndEnough : kEndEnoughAlone);
   const double start = std::max(0.0, fitted.startMoved ? edges.start.ms : usual.start);
   const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
   fitted.start = static_cast<std::int32_t>(std::lround(start));
@@ -263,6 +268,11 @@ FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> capt
 
   for (std::size_t number = 0; number < fitter.Timed().size(); ++number) {
     const std::size_t place = fitter.Timed()[number];
+    if (choice.giveUp != nullptr && *choice.giveUp) {
+      std::ranges::transform(captions, result.captions.begin(), Unmoved);
+      result.problem = FitProblem::GivenUp;
+      return result;
+    }
     if (captions[place].wanted) result.captions[place] = Moved(captions[place], hand, fitter.Fit(number));
   }
   KeepApart(captions, result.captions, choice.leastGap);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -20,9 +21,10 @@ struct HeldCaption {
 
 /// How captions are fitted.
 struct FitChoice {
-  std::optional<double> startLate{};  ///< the median lateness of presses in ms; empty: found from the film
-  std::optional<double> endLate{};    ///< the same of releases
-  std::int32_t leastGap = 0;          ///< ms that are left between two captions
+  std::optional<double> startLate{};          ///< the median lateness of presses in ms; empty: found from the film
+  std::optional<double> endLate{};            ///< the same of releases
+  std::int32_t leastGap = 0;                  ///< ms that are left between two captions
+  const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread that wants no more of it
 };
 
 /// Why nothing was fitted.
@@ -32,6 +34,7 @@ enum class FitProblem : std::uint8_t {
   Silence,     ///< nothing is heard
   NoVoice,     ///< what is heard while captions are shown is the same as between them
   NoReaction,  ///< how late the hand is couldn't be found, and wasn't told
+  GivenUp,     ///< the caller wanted no more
 };
 
 /// What became of a caption.
