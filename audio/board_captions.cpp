@@ -35,10 +35,8 @@ void BoardCaptions::Collect(const WaveScale& scale, const BoardDrag* drag) {
   const double from = scale.Left();
   const double to = scale.Right();
   for (Row row = 1; row < list_.Rows(); ++row) {
-    CaptionTimes times = list_.TimesAt(row);
-    if (drag != nullptr && drag->Holds(row)) {
-      times = std::ranges::find(drag->Moved(), row, &MovedCaption::row)->times;
-    }
+    const CaptionTimes* const moved = drag != nullptr ? drag->TimesOf(row) : nullptr;
+    const CaptionTimes times = moved != nullptr ? *moved : list_.TimesAt(row);
     if (times.start <= 0 || times.end <= times.start) continue;
     lastEnd_ = std::max(lastEnd_, times.end);
     if (times.end <= from || times.start >= to) continue;

@@ -79,14 +79,26 @@ void BoardDrag::MoveTo(std::int32_t ms, std::int32_t by) {
   }
 }
 
-bool BoardDrag::Holds(Row row) const { return std::ranges::find(before_, row, &MovedCaption::row) != before_.end(); }
+const CaptionTimes* BoardDrag::TimesOf(Row row) const {
+  // Of a border there are two, in whatever order; of many selected captions each stands by its row.
+  const auto found = hit_.part == BoardPart::Border ? std::ranges::find(moved_, row, &MovedCaption::row)
+                                                    : std::ranges::lower_bound(moved_, row, {}, &MovedCaption::row);
+  return found != moved_.end() && found->row == row ? &found->times : nullptr;
+}
 
 void BoardDrag::Store(CaptionList& list) const {
   if (moved_ == before_) return;
   const EditScope scope(list, EditKind::Drag);
-  for (const MovedCaption& caption : moved_) {
-    CaptionTimes times = caption.times;
-    list.Retime(caption.row, {&times, 1});
+  // Rows that follow each other are one change of the list.
+  for (std::size_t first = 0; first < moved_.size();) {
+    std::vector<CaptionTimes> times;
+    std::size_t next = first;
+    do {
+      times.push_back(moved_[next].times);
+      ++next;
+    } while (next < moved_.size() && moved_[next].row == moved_[next - 1].row + 1);
+    list.Retime(moved_[first].row, times);
+    first = next;
   }
   list.SetModified();
 }

@@ -47,7 +47,9 @@ class BoardDrag {
 
   const std::vector<MovedCaption>& Moved() const { return moved_; }
   const BoardHit& Hit() const { return hit_; }
-  bool Holds(Row row) const;
+  /// The times that a caption would get; null for one that isn't held.
+  const CaptionTimes* TimesOf(Row row) const;
+  bool Holds(Row row) const { return TimesOf(row) != nullptr; }
   /// Gives the captions their times, as one step to take back. Nothing when none would change.
   void Store(CaptionList& list) const;
 

@@ -7,6 +7,7 @@
 
 #include "audio/board_captions.h"
 #include "audio/pixel_canvas.h"
+#include "audio/spectrum_painter.h"
 #include "audio/wave_pyramid.h"
 #include "audio/wave_scale.h"
 
@@ -40,6 +41,7 @@ struct BoardBands {
 struct BoardScene {
   const WaveScale& scale;
   const WavePyramid& peaks;
+  const SoundTable& table;
   const BoardCaptions& captions;
   BoardBands bands;
   BoardColors colors;
@@ -76,6 +78,7 @@ class BoardPainter {
   void PaintMarks(const PixelCanvas& canvas, const BoardScene& scene) const;
 
   std::vector<Column> columns_;
+  SpectrumPainter spectrum_;
 };
 
 }  // namespace cuewright

@@ -5,8 +5,11 @@
 #include <string>
 
 #include "audio/audio_bar.h"
+#include "audio/wave_details.h"
+#include "core/app_options.h"
 #include "core/ports/processes.h"
 #include "core/ports/sound_store.h"
+#include "sound/film_samples.h"
 
 namespace cuewright {
 
@@ -20,10 +23,13 @@ struct FilmSoundParts {
   Processes* processes;  ///< null, as the store may be: films are not decoded here
   SoundStore* store;
   AudioBar& bar;
+  WaveDetails& details;
+  const AppOptions& options;
 };
 
 /// Puts the sound of the open film into the Audio bar: it is decoded in the background to a wave in the user's cache,
-/// which is there at once the next time.
+/// which is there at once the next time. The same pass gives the samples from which is measured what the sound is made
+/// of.
 class FilmSound {
  public:
   explicit FilmSound(FilmSoundParts parts);
@@ -32,12 +38,17 @@ class FilmSound {
   void Start();
   /// Gives up what is being read.
   void Stop();
+  /// The film goes; the next one is read by itself again.
+  void ForgetFilm();
   bool Running() const { return child_ != nullptr; }
 
  private:
+  /// Reads a film that has just opened when the bar is on, without a word about what it can't.
+  void StartByItself();
+  void Begin();
   void StartSteps();
   void Poll();
-  void ReadProgress();
+  void TakeSamples();
   void ShowProgress();
   void Finish(bool whole);
   void Load();
@@ -48,9 +59,11 @@ class FilmSound {
   std::unique_ptr<ChildProcess> child_;
   Text film_;
   Text path_;
-  std::string output_;     // the line that isn't whole yet
-  std::int64_t done_ = 0;  // microseconds
-  bool cutOff_ = false;    // the decoder couldn't write all of it
+  Text unfinished_;  // the file that the decoder writes
+  SampleBytes bytes_;
+  std::int64_t samples_ = 0;
+  bool byItself_ = false;
+  bool cutOff_ = false;  // the decoder couldn't write all of it
 };
 
 }  // namespace cuewright

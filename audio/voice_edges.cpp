@@ -31,7 +31,7 @@ float Quantile(std::vector<float>& levels, double part) {
 bool FindThresholds(std::span<const float> levels, Thresholds& thresholds) {
   std::vector<float> sorted(levels.begin(), levels.end());
   const float quiet = Quantile(sorted, 0.1);
-  const float loud = Quantile(sorted, 0.95);
+  const float loud = Quantile(sorted, 0.98);
   if (loud - quiet < kLeastSpread) return false;
   constexpr float kBegins = 0.4F;
   constexpr float kGoesOn = 0.3F;
@@ -79,14 +79,25 @@ std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, std::int32_
   return edges;
 }
 
+float VoiceSnaps::LevelAt(std::int32_t ms) const {
+  const auto step = static_cast<std::size_t>(ms / kStepMs);
+  if (step < table_.Steps()) {
+    // Voices are loudest between about 250 Hz and 5 kHz: a door or a hiss isn't one.
+    const SoundTable::Step& bands = table_.At(step);
+    return *std::max_element(bands.begin() + 2, bands.end() - 1) * SoundTable::kDbPerUnit;
+  }
+  constexpr float kDbATenfold = 20;
+  const WavePeak peak = peaks_.Of(ms, ms + kStepMs);
+  return kDbATenfold * std::log10(static_cast<float>(peak.maximum - peak.minimum) + 1);
+}
+
 void VoiceSnaps::Find(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const {
   const std::int32_t first = std::max(from - kAroundMs, 0) / kStepMs * kStepMs;
-  const std::int32_t end = std::min(to + kAroundMs, peaks_.Ms());
+  const std::int32_t known = std::max(peaks_.Ms(), static_cast<std::int32_t>(table_.Steps()) * kStepMs);
+  const std::int32_t end = std::min(to + kAroundMs, known);
   std::vector<float> levels;
   for (std::int32_t ms = first; ms + kStepMs <= end; ms += kStepMs) {
-    const WavePeak peak = peaks_.Of(ms, ms + kStepMs);
-    constexpr float kDbATenfold = 20;
-    levels.push_back(kDbATenfold * std::log10(static_cast<float>(peak.maximum - peak.minimum) + 1));
+    levels.push_back(LevelAt(ms));
   }
   for (const VoiceEdge& voice : FindVoiceEdges(levels, first)) {
     if (voice.edge == edge && voice.ms >= from && voice.ms <= to) found.push_back({voice.ms, SnapKind::Voice});

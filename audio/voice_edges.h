@@ -6,6 +6,7 @@
 
 #include "audio/snap_points.h"
 #include "audio/wave_pyramid.h"
+#include "sound/sound_table.h"
 
 namespace cuewright {
 
@@ -21,15 +22,20 @@ struct VoiceEdge {
 /// `first` ms on; a few dozen seconds tell best what noise is.
 std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, std::int32_t first);
 
-/// The edges of the voice in the sound that is loaded. They are looked for around the time that is asked for.
+/// The edges of the voice in the sound that is loaded. They are looked for around the time that is asked for, in what
+/// the sound is made of, and by its peaks where that isn't known.
 class VoiceSnaps final : public SnapPoints {
  public:
-  explicit VoiceSnaps(const WavePyramid& peaks) : peaks_(peaks) {}
+  VoiceSnaps(const WavePyramid& peaks, const SoundTable& table) : peaks_(peaks), table_(table) {}
 
   void Find(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const override;
 
  private:
+  /// Loudness in dB of the ten ms that begin at a time.
+  float LevelAt(std::int32_t ms) const;
+
   const WavePyramid& peaks_;
+  const SoundTable& table_;
 };
 
 }  // namespace cuewright

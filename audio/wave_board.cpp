@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 #include "capture/caption_cells.h"
@@ -10,6 +11,8 @@ namespace cuewright {
 namespace {
 
 constexpr std::int32_t kLeadMs = 1000;  ///< what is shown before a caption that comes into view
+/// A film that goes so far at once was moved.
+constexpr std::int32_t kJumpMs = 500;
 constexpr double kUsASecond = 1000;
 /// A block narrower than this has no room for words.
 constexpr int kLeastForWords = 26;
@@ -25,15 +28,16 @@ WaveBoard::WaveBoard(Workbench bench, AudioBar& bar, const WaveDetails& details,
       player_(player),
       sample_(sample),
       captions_(bench.list, bench.grid),
-      voices_(details.Peaks()) {
+      voices_(details.Peaks(), details.Table()) {
   Wire();
 }
 
 void WaveBoard::Wire() {
   CaptionList& list = bench_.list;
-  list.Spliced.Connect([this](const Splice&) {
+  list.Spliced.Connect([this](const Splice& splice) {
     // What a hand held may be another caption now.
     drag_.reset();
+    if (splice.removed != splice.added) broughtRow_ = 0;
     Show();
   });
   list.SelectionChanged.Connect([this](Row) { OnSelection(); });
@@ -92,7 +96,8 @@ BoardBands WaveBoard::Bands() const {
 void WaveBoard::Paint(const PixelCanvas& canvas) {
   Build();
   const WaveView& view = bar_.View();
-  BoardScene scene{scale_, details_.Peaks(), captions_, Bands(), BoardColors::Of(view.color, view.backColor)};
+  BoardScene scene{scale_,    details_.Peaks(), details_.Table(),
+                   captions_, Bands(),          BoardColors::Of(view.color, view.backColor)};
   scene.loudest = view.scale;
   scene.bothHalves = view.fullHeight;
   scene.stretch = stretch_;
@@ -160,7 +165,7 @@ void WaveBoard::FollowPosition() {
     const double left = scale_.Left();
     if (bench_.options.waveCentred) {
       ScrollTo(ms - scale_.MsAPixel() * scale_.Width() / 2);
-    } else if (!scale_.Shows(ms) && (scale_.Shows(before) || ms < before || ms > scale_.Right())) {
+    } else if (!scale_.Shows(ms) && (scale_.Shows(before) || std::abs(ms - before) > kJumpMs)) {
       ScrollTo(ms);
     }
     if (scale_.Left() != left) return;
@@ -169,11 +174,12 @@ void WaveBoard::FollowPosition() {
 }
 
 void WaveBoard::OnSelection() {
+  const Row row = bench_.list.Selected();
+  // A row that is only shown anew leaves the picture to who has scrolled it.
+  if (std::exchange(broughtRow_, row) == row) return Show();
   chosen_ = BoardPart::Nothing;
   // While the film plays the picture goes with it.
-  if (!selecting_ && hand_ == Hand::None && player_.PlayState() != kPlayerPlaying) {
-    BringIntoView(bench_.list.Selected());
-  }
+  if (!selecting_ && hand_ == Hand::None && player_.PlayState() != kPlayerPlaying) BringIntoView(row);
   Show();
 }
 

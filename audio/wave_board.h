@@ -164,6 +164,7 @@ class WaveBoard {
   BoardPainter painter_;
   VoiceSnaps voices_;
   EdgeRules rules_;
+  Row broughtRow_ = 0;         ///< the caption that was brought into view last
   std::int32_t shownMs_ = -1;  ///< the position at the last tick
 
   Hand hand_ = Hand::None;

@@ -8,6 +8,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kMostHeader = 4096;
+constexpr std::uint32_t kLeastRateToMeasure = 16000;
 constexpr std::uint64_t kMsASecond = 1000;
 /// A size that a program which is still writing leaves in the header, or one that the header has no room for.
 constexpr std::uint32_t kUnknownSize = 0xFFFFFF00;
@@ -46,6 +47,8 @@ void WaveDetailReader::Forget() {
   peaks_.Clear();
   position_ = frame_ = msEnd_ = 0;
   begun_ = false;
+  table_ = nullptr;
+  measurer_.reset();
 }
 
 WaveDetailReader::Header WaveDetailReader::ReadHeader() {
@@ -65,6 +68,9 @@ WaveDetailReader::Header WaveDetailReader::ReadHeader() {
       position_ = body;
       end_ = size == 0 || size >= kUnknownSize ? std::numeric_limits<std::uint64_t>::max() : position_ + size;
       msEnd_ = (rate_ + kMsASecond - 1) / kMsASecond;
+      if (table_ != nullptr && rate_ >= kLeastRateToMeasure && bits_ == 16) {
+        measurer_ = std::make_unique<SoundMeasurer>(*table_, static_cast<int>(rate_));
+      }
       return Header::Read;
     }
     if (name == "fmt " && body + kFormat <= bytes.size()) {
@@ -90,6 +96,7 @@ WaveDetailReader::Result WaveDetailReader::Read(std::size_t most) {
   position_ += frames * frameBytes_;
   if (bits_ == 16) {
     Take<Sample16>(buffer_.data(), frames);
+    if (measurer_) Mix({buffer_.data(), frames * frameBytes_});
   } else {
     Take<Sample8>(buffer_.data(), frames);
   }
@@ -123,7 +130,21 @@ void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
   }
 }
 
+void WaveDetailReader::Mix(std::span<const char> bytes) {
+  const std::size_t channels = frameBytes_ / Sample16::kBytes;
+  mixed_.clear();
+  for (std::size_t at = 0; at < bytes.size(); at += frameBytes_) {
+    int sum = 0;
+    for (std::size_t i = 0; i < channels; ++i) sum += Sample16::At(&bytes[at + i * Sample16::kBytes]);
+    mixed_.push_back(static_cast<std::int16_t>(sum / static_cast<int>(channels)));
+  }
+  measurer_->Add(mixed_);
+}
+
 void WaveDetailReader::Finish() {
+  if (measurer_) measurer_->Finish();
+  measurer_.reset();
+  table_ = nullptr;
   if (!begun_) return;
   peaks_.Append(peak_);
   begun_ = false;

@@ -3,11 +3,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "audio/wave_pyramid.h"
 #include "core/ports/files.h"
+#include "sound/sound_measurer.h"
+#include "sound/sound_table.h"
 
 namespace cuewright {
 
@@ -21,6 +24,9 @@ class WaveDetailReader {
   void Begin(std::unique_ptr<FileReader> file);
   void Forget();
   bool Open() const { return file_ != nullptr; }
+  /// Measures into a table what the file that was begun is made of, as far as its samples allow.
+  void Measure(SoundTable& table) { table_ = &table; }
+  bool Measuring() const { return table_ != nullptr; }
   /// Lets the file go; the peaks stay.
   void Close() { file_.reset(); }
 
@@ -39,8 +45,13 @@ class WaveDetailReader {
   Header ReadHeader();
   template <class Sample>
   void Take(const char* bytes, std::size_t frames);
+  /// Measures samples of 16 bits, all channels as one.
+  void Mix(std::span<const char> bytes);
 
   WavePyramid& peaks_;
+  SoundTable* table_ = nullptr;
+  std::unique_ptr<SoundMeasurer> measurer_;
+  std::vector<std::int16_t> mixed_;
   std::unique_ptr<FileReader> file_;
   std::vector<char> buffer_;
   std::uint64_t position_ = 0;  ///< of the next sample in the file; 0: the header wasn't read yet

@@ -1,12 +1,17 @@
 #include "audio/wave_details.h"
 
 #include "core/runtime_error.h"
+#include "sound/film_samples.h"
 
 namespace cuewright {
 namespace {
 
-/// Bytes that are read at once: about what a picture may take.
+/// Bytes that are read at once: what they take is no longer than a picture does.
 constexpr std::size_t kPiece = 1 << 20;
+constexpr std::size_t kPieceToMeasure = 1 << 18;
+constexpr std::uint64_t kMostTable = 1 << 26;
+
+Text TableBeside(TextView path) { return Text(path) + u".bands"; }
 
 }  // namespace
 
@@ -15,31 +20,70 @@ WaveDetails::WaveDetails(MainWindow& window, Files& files) : window_(window), fi
 }
 
 void WaveDetails::Open(TextView path) {
-  if (path == path_) return;
+  const bool same = path == path_;
+  if (same && (reader_.Open() || peaks_.Ms() > 0)) return;
   growing_ = false;
-  Begin(path, path);
+  BeginFile(path);
+  if (!same) {
+    path_ = path;
+    if (!ReadTable()) reader_.Measure(table_);
+  }
+  Changed();
 }
 
-void WaveDetails::Follow(TextView unfinished, TextView path) {
-  growing_ = true;
-  Begin(unfinished, path);
-}
-
-void WaveDetails::Begin(TextView file, TextView path) {
-  reader_.Forget();
-  path_.clear();
+bool WaveDetails::ReadTable() {
+  table_.Clear();
+  const Text path = TableBeside(path_);
+  bool read = false;
   CarryOn step;
-  // What a decoder writes may not have been made yet: it is opened once more then, when it is whole.
-  if (step([&] { reader_.Begin(files_.OpenToRead(file)); })) path_ = path;
-  window_.tmrWaveDetail.SetEnabled(reader_.Open());
+  step([&] { read = files_.Exists(path) && table_.Read(files_.Read(path, kMostTable)); });
+  return read;
+}
+
+void WaveDetails::BeginFile(TextView file) {
+  reader_.Forget();
+  CarryOn step;
+  step([&] { reader_.Begin(files_.OpenToRead(file)); });
+  ShowTimer();
+}
+
+void WaveDetails::ShowTimer() { window_.tmrWaveDetail.SetEnabled(growing_ || reader_.Open()); }
+
+void WaveDetails::BeginFilm(TextView path) {
+  Forget();
+  path_ = path;
+  growing_ = true;
+  measurer_ = std::make_unique<SoundMeasurer>(table_, kSamplesASecond);
+  ShowTimer();
+}
+
+void WaveDetails::TakeSamples(std::span<const std::int16_t> samples) {
+  if (measurer_ && !samples.empty()) measurer_->Add(samples);
+}
+
+void WaveDetails::Follow(TextView unfinished) {
+  if (!reader_.Open() && files_.Exists(unfinished)) BeginFile(unfinished);
+}
+
+void WaveDetails::EndFilm() {
+  growing_ = false;
+  ShowTimer();
+  if (!measurer_) return;
+  measurer_->Finish();
+  measurer_.reset();
+  CarryOn step;
+  // Without it the table is measured anew the next time.
+  step([&] { files_.WritePrivate(TableBeside(path_), table_.Bytes()); });
   Changed();
 }
 
 void WaveDetails::Forget() {
   growing_ = false;
   reader_.Forget();
+  measurer_.reset();
+  table_.Clear();
   path_.clear();
-  window_.tmrWaveDetail.SetEnabled(false);
+  ShowTimer();
   Changed();
 }
 
@@ -47,7 +91,7 @@ void WaveDetails::Tick() {
   if (!reader_.Open()) return;
   auto result = WaveDetailReader::Result::NoWave;
   CarryOn step;
-  step([&] { result = reader_.Read(kPiece); });
+  step([&] { result = reader_.Read(reader_.Measuring() ? kPieceToMeasure : kPiece); });
   if (result == WaveDetailReader::Result::Read) return Changed();
   if (result == WaveDetailReader::Result::Nothing && growing_) return;
   End();
@@ -56,7 +100,7 @@ void WaveDetails::Tick() {
 void WaveDetails::End() {
   reader_.Finish();
   reader_.Close();
-  window_.tmrWaveDetail.SetEnabled(false);
+  ShowTimer();
   Changed();
 }
 

@@ -1,43 +1,61 @@
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <span>
+
 #include "audio/wave_detail_reader.h"
 #include "audio/wave_pyramid.h"
 #include "capture/main_window.h"
 #include "core/ports/files.h"
 #include "core/signal.h"
+#include "sound/sound_measurer.h"
+#include "sound/sound_table.h"
 
 namespace cuewright {
 
-/// The fine peaks of the sound that the Audio bar shows. They are read between other events, also while the decoder of
-/// a film still writes the file.
+/// What is known of the sound that the Audio bar shows: its fine peaks, and what it is made of. A file is read between
+/// other events, that of a film already while its decoder still writes it.
 class WaveDetails {
  public:
   WaveDetails(MainWindow& window, Files& files);
 
   const WavePyramid& Peaks() const { return peaks_; }
-  /// More may come.
+  const SoundTable& Table() const { return table_; }
+  /// More peaks may come.
   bool Reading() const { return reader_.Open(); }
 
-  /// Reads a wave file that is whole. Nothing when it is the one that is read, or was read last.
+  /// Reads a wave file that is whole, unless that has been done already. What it is made of is taken from the table
+  /// beside it, or measured.
   void Open(TextView path);
-  /// Reads what a decoder writes until `Written` or `Forget`; whole, the file will be called `path`.
-  void Follow(TextView unfinished, TextView path);
-  /// The decoder has written all of it.
-  void Written() { growing_ = false; }
   void Forget();
+
+  /// The decoder of a film begins to write the wave file that will be called `path`, and to give samples.
+  void BeginFilm(TextView path);
+  /// Samples of the film's voices.
+  void TakeSamples(std::span<const std::int16_t> samples);
+  /// Reads what the decoder has written so far, as soon as there is a file.
+  void Follow(TextView unfinished);
+  /// The decoder has written all of it. The table is kept beside the file.
+  void EndFilm();
 
   Signal<WaveDetails> Changed;  ///< there is more, or nothing any more
 
  private:
-  void Begin(TextView file, TextView path);
+  void BeginFile(TextView file);
+  bool ReadTable();
+  /// The timer runs while there is something to read.
+  void ShowTimer();
   void Tick();
   void End();
 
   MainWindow& window_;
   Files& files_;
   WavePyramid peaks_;
+  SoundTable table_;
   WaveDetailReader reader_{peaks_};
-  Text path_;  ///< of the sound; empty: there is none
+  std::unique_ptr<SoundMeasurer> measurer_;  ///< of a film that is decoded
+  Text path_;                                ///< of the sound; empty: there is none
   bool growing_ = false;
 };
 

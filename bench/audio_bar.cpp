@@ -1,8 +1,10 @@
-// The Audio bar's own work: painting a page of 1920 pixels, and a tick of its timer that turns no page.
+// The Audio bar's own work: painting a page of the strip of 1920 pixels, a tick of its timer that turns no page, and
+// pictures of the wave to work in, 3840 pixels wide over 90 minutes with 32,000 captions, while it scrolls and zooms.
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QImage>
 #include <cmath>
 #include <fstream>
 #include <stdexcept>
@@ -28,6 +30,8 @@ struct Bar {
     environment.makeTempFolder = [this] { return folder / "run/"; };
     program = std::make_unique<Program>(Ports{files, boxes, dialogs, events, desktop, player, pickers}, environment);
     if (!program->Start()) throw std::runtime_error("the formats are missing");
+    // The strip is that of the classic manner.
+    program->options.manner.SetClassic(true);
     program->LoadMainWindow(1920, 1080);
     area.resize(1960, 100);
     binder = std::make_unique<Binder>(area, program->window);
@@ -87,6 +91,89 @@ void TickWithoutPageTurn(benchmark::State& state, Program& program) {
   }
 }
 
+/// Ninety minutes of sound with nearly as many captions as the list takes, in a picture of 3840 by 220 pixels.
+class LongBoard {
+ public:
+  explicit LongBoard(Program& program) : picture_(3840, 220, QImage::Format_RGB32) {
+    std::vector<Caption> captions;
+    for (int i = 0; i < 32000; ++i) {
+      const std::int32_t start = 1 + i * 168;
+      captions.push_back({start, start + (i % 50 == 0 ? 200 : 150), u"A caption of some words"});
+    }
+    program.list.Replace(1, program.list.Rows() - 1, std::move(captions));
+    for (int ms = 0; ms < 5400000; ++ms) {
+      const auto level = static_cast<std::int16_t>(ms * 7 % 20000);
+      peaks_.Append({level, static_cast<std::int16_t>(-level)});
+    }
+    for (int step = 0; step < 540000; ++step) {
+      SoundTable::Step bands{};
+      bands.fill(static_cast<std::uint8_t>(step % 170));
+      table_.Append(bands);
+    }
+    scale_.SetWidth(picture_.width());
+    scale_.SetLength(5400000);
+    captions_ = std::make_unique<BoardCaptions>(program.list, program.grid);
+  }
+  /// One picture from its captions on, as a scroll or a zoom paints it; without the words, which the window writes.
+  void Paint(double msAPixel, double left, BoardLook look) {
+    scale_.SetMsAPixel(msAPixel, 0);
+    scale_.ShowFrom(left);
+    captions_->Build(scale_, nullptr);
+    BoardScene scene{scale_,
+                     peaks_,
+                     table_,
+                     *captions_,
+                     BoardBands::For(picture_.height(), captions_->HasLower(), look),
+                     BoardColors::Of(0xFFFF00, 0)};
+    scene.bothHalves = true;
+    painter_.Paint({reinterpret_cast<std::uint32_t*>(picture_.bits()), picture_.bytesPerLine() / 4, picture_.width(),
+                    picture_.height()},
+                   scene);
+  }
+
+ private:
+  QImage picture_;
+  WavePyramid peaks_;
+  SoundTable table_;
+  WaveScale scale_;
+  std::unique_ptr<BoardCaptions> captions_;
+  BoardPainter painter_;
+};
+
+void PanBoard(benchmark::State& state, LongBoard& board, BoardLook look) {
+  const auto msAPixel = static_cast<double>(state.range(0));
+  double left = 0;
+  for (auto _ : state) {
+    board.Paint(msAPixel, left, look);
+    left = left > 1500000 ? 0 : left + 37 * msAPixel;
+  }
+}
+
+void ZoomBoard(benchmark::State& state, LongBoard& board, BoardLook look) {
+  double msAPixel = 1;
+  for (auto _ : state) {
+    board.Paint(msAPixel, 600000, look);
+    msAPixel = msAPixel > 900 ? 1 : msAPixel * 1.1;
+  }
+}
+
+void RunBoard(Program& program) {
+  static LongBoard board(program);
+  for (const auto& [name, look] :
+       {std::pair{"Wave", BoardLook::Wave}, {"Spectrogram", BoardLook::Spectrogram}, {"Both", BoardLook::Both}}) {
+    benchmark::RegisterBenchmark((std::string("PanBoard") + name).c_str(),
+                                 [look = look](benchmark::State& state) { PanBoard(state, board, look); })
+        ->Unit(benchmark::kMillisecond)
+        ->Arg(1)
+        ->Arg(10)
+        ->Arg(100)
+        ->Arg(1000);
+    benchmark::RegisterBenchmark((std::string("ZoomBoard") + name).c_str(), [look = look](benchmark::State& state) {
+      ZoomBoard(state, board, look);
+    })->Unit(benchmark::kMillisecond);
+  }
+}
+
 void RunAll() {
   Bar bar;
   Program& program = *bar.program;
@@ -101,6 +188,7 @@ void RunAll() {
   benchmark::RegisterBenchmark("TickWithoutPageTurn", [&](benchmark::State& state) {
     TickWithoutPageTurn(state, program);
   })->Unit(benchmark::kMicrosecond);
+  RunBoard(program);
   benchmark::RunSpecifiedBenchmarks();
 }
 

@@ -54,8 +54,8 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuMeetNext.SetShortcut("Ctrl+L");
   mnuSwapTexts.SetShortcut("Ctrl+Shift+X");
   mnuInsertStretch.SetShortcut("Ctrl+Shift+Ins");
-  mnuWaveIn.SetShortcut("Ctrl+=; Ctrl++");
-  mnuWaveOut.SetShortcut("Ctrl+-");
+  mnuWaveIn.SetShortcut("Alt+Shift+PgUp");
+  mnuWaveOut.SetShortcut("Alt+Shift+PgDown");
   mnuWaveHigher.SetShortcut("Alt+Shift+Up");
   mnuWaveLower.SetShortcut("Alt+Shift+Down");
   mnuWaveToCaption.SetShortcut("Ctrl+Shift+W");

@@ -54,7 +54,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       waveBoard(Bench(), audioBar, waveDetails, ports_.player, sample),
       audio(Bench(), session, store, recall, audioBar, ports_),
       filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
-                 audioBar}),
+                 audioBar, waveDetails, options}),
       router(document, documentFiles, playerBinding, audio),
       shell(Bench(), store, recall, preview, commands, ports_),
       texts(Bench(), panel, commands, capture, states, ports_.messages),
@@ -143,6 +143,7 @@ void Program::ShowManner() {
   film.ShowItems();
   waveCommands.ShowItems();
   audioBar.ShowManner();
+  if (audioBar.Loaded() && options.manner.WaveIsAWorkbench()) waveDetails.Open(document.WavePath);
   shell.UpdateBars();
   keys.Load();
   window.mnuKeys.SetVisible(options.manner.HasEditingKeys());
@@ -212,7 +213,7 @@ void Program::ConnectAudio() {
   for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
     gone->Connect([this] {
       listView.ForgetFilm();
-      filmSound.Stop();
+      filmSound.ForgetFilm();
       audioBar.Forget();
     });
   }
@@ -221,23 +222,6 @@ void Program::ConnectAudio() {
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
   retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
-}
-
-void Program::ConnectWave() {
-  audioBar.Opened.Connect([this](const Text& path) {
-    if (options.manner.WaveIsAWorkbench()) waveDetails.Open(path);
-  });
-  audioBar.Forgotten.Connect([this] { waveDetails.Forget(); });
-  waveDetails.Changed.Connect([this] { waveBoard.ShowAnew(); });
-  waveBoard.HeightChosen.Connect([this] { shell.UpdateBars(); });
-  // The rules in force may be others.
-  check.findings.Changed.Connect([this](Row, Row) {
-    const LiveFindings& found = check.findings;
-    // A film whose rate isn't known is counted as the house does.
-    const FrameRate rate = found.Rate().IsUsual() ? found.Rate() : found.Rules().rate;
-    const auto ms = [&](const HouseTime& time) { return found.Rules().MsOf(time, rate); };
-    waveBoard.SetRules({ms(found.Rules().minGap), ms(found.Rules().shotZone), ms(found.Rules().beforeShot)});
-  });
 }
 
 void Program::ConnectJournal() {

@@ -34,10 +34,13 @@ Pipe MakePipe(TextView program) {
   return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
+/// Bytes that a program can have written before they are taken.
+constexpr int kPipeSize = 1 << 20;
+
 /// All that can be read without waiting.
 std::string ReadAll(Descriptor& end) {
   std::string taken;
-  std::array<char, 4096> piece{};
+  std::array<char, 1 << 16> piece{};
   while (end) {
     const ssize_t count = ::read(end.Get(), piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
@@ -290,6 +293,8 @@ std::unique_ptr<ChildProcess> PosixProcesses::Start(const Text& program, const s
   const int error = options.outlives ? SpawnApart(pid, streams, options, argv, environment)
                                      : StartBound(pid, streams, ToUtf8(options.folder), argv, environment);
   if (error != 0) throw ErrorOfErrno(error, program);
+  // A program that writes much needn't wait until it is asked again; where the system grants less, it waits.
+  if (output.read) ::fcntl(output.read.Get(), F_SETPIPE_SZ, kPipeSize);
   for (const Descriptor* end : {&output.read, &errors.read}) {
     if (*end) ::fcntl(end->Get(), F_SETFL, O_NONBLOCK);
   }

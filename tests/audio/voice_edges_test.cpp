@@ -44,12 +44,24 @@ TEST(VoiceSnaps, LookIntoTheSoundAroundATime) {
     const auto level = static_cast<std::int16_t>(voice ? 8000 : 40);
     peaks.Append({level, static_cast<std::int16_t>(-level)});
   }
-  const VoiceSnaps snaps(peaks);
+  SoundTable table;
+  const VoiceSnaps snaps(peaks, table);
   std::vector<SnapPoint> found;
   snaps.Find(CaptionEdge::Start, 7900, 8100, found);
   snaps.Find(CaptionEdge::End, 7900, 8100, found);
   snaps.Find(CaptionEdge::End, 9400, 9600, found);
   EXPECT_EQ(found, (std::vector<SnapPoint>{{8000, SnapKind::Voice}, {9500, SnapKind::Voice}}));
+  // Where it is known what the sound is made of, that tells: what is loud in the bass alone is no voice.
+  for (int step = 0; step < 2000; ++step) {
+    SoundTable::Step bands{};
+    bands.fill(40);
+    if (step >= 800 && step < 950) bands[0] = 150;
+    if (step >= 1000 && step < 1100) bands[4] = 150;
+    table.Append(bands);
+  }
+  found.clear();
+  snaps.Find(CaptionEdge::Start, 7000, 11000, found);
+  EXPECT_EQ(found, (std::vector<SnapPoint>{{10000, SnapKind::Voice}}));
 }
 
 }  // namespace

@@ -38,8 +38,61 @@ struct FilmSoundTest : ProgramFixture {
   }
   Text Progress() { return Window().lblWave.Visible() ? Window().lblWave.GetText() : u""; }
 
+  static constexpr std::size_t kSecond = 44100;  // bytes
   Text film;
 };
+
+TEST_F(FilmSoundTest, IsReadByItselfWhenTheBarIsOn) {
+  Window().tmrTime.Pass();
+  EXPECT_TRUE(processes.runs.empty());
+  Window().mnuAudioBar.Click();
+  Window().tmrTime.Pass();
+  ASSERT_EQ(processes.runs.size(), 1u);
+  Decode(1);
+  EXPECT_TRUE(boxes.shown.empty());  // nobody has asked
+  Window().tmrTime.Pass();
+  EXPECT_EQ(processes.runs.size(), 1u);
+  // Another film is another matter, but not in the classic manner.
+  program->options.manner.SetClassic(true);
+  Play(folder.Write("other.mkv", "y"));
+  Window().tmrTime.Pass();
+  EXPECT_EQ(processes.runs.size(), 1u);
+  program->options.manner.SetClassic(false);
+  Window().tmrTime.Pass();
+  EXPECT_EQ(processes.runs.size(), 2u);
+}
+
+TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
+  processes.said = "5.1(side)\n";
+  Window().mnuFilmSound.Click();
+  EXPECT_TRUE(std::ranges::count(Run().arguments, u"aresample=async=1:first_pts=0,pan=mono|c0=FC") == 1);
+  Run().output = std::string(kSecond, '\1');
+  Decode();
+  const WaveDetails& details = program->waveDetails;
+  EXPECT_EQ(details.Table().Steps(), 100u);
+  while (details.Reading()) Window().tmrWaveDetail.Pass();
+  EXPECT_EQ(details.Peaks().Ms(), 1000);
+  // The next time the table is there with the wave.
+  const Text wave = program->document.WavePath;
+  EXPECT_TRUE(files.Exists(wave + u".bands"));
+  program->audioBar.Forget();
+  EXPECT_EQ(details.Table().Steps(), 0u);
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(details.Table().Steps(), 100u);
+  EXPECT_EQ(processes.runs.size(), 1u);
+}
+
+TEST_F(FilmSoundTest, ThePeaksComeWhileTheDecoderStillWrites) {
+  Window().mnuFilmSound.Click();
+  const std::string header(
+      "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\xFF\xFF\xFF\xFF", 44);
+  std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(8000, '\1');
+  Poll();
+  Window().tmrWaveDetail.Pass();
+  EXPECT_EQ(program->waveDetails.Peaks().Ms(), 500);
+  Window().cmdStopSound.Click();
+  EXPECT_EQ(program->waveDetails.Peaks().Ms(), 0);
+}
 
 TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {
   Window().mnuFilmSound.Click();
@@ -59,14 +112,14 @@ TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {
 
 TEST_F(FilmSoundTest, TellsHowFarItIs) {
   Window().mnuFilmSound.Click();
-  Run().output = "frame=1\nout_time_us=500000";
+  Run().output = std::string(49 * kSecond + 1, '\0');
   Poll();
-  EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");  // the line isn't whole
-  Run().output = "00\nprogress=continue\n";
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 24 %");
+  Run().output = std::string(kSecond - 1, '\0');
   Poll();
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 25 %");
   player.duration = 0;
-  Run().output = "out_time_us=70000000\n";
+  Run().output = std::string(20 * kSecond, '\0');
   Poll();
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 70 s");
 }

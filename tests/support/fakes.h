@@ -108,6 +108,10 @@ class FakeProcesses final : public Processes {
   std::unique_ptr<ChildProcess> Start(const Text& program, const std::vector<Text>& arguments,
                                       const StartOptions& options) override {
     if (missing) throw RuntimeError{kErrorFileNotFound, u"File not found: " + program};
+    if (program == u"ffprobe") {
+      probe = Run{program, arguments, said, 0, false, {}, options};
+      return std::make_unique<Child>(probe);
+    }
     runs.push_back(std::make_unique<Run>(Run{program, arguments, {}, {}, false, {}, options}));
     if (onStart) onStart(*runs.back());
     return std::make_unique<Child>(*runs.back());
@@ -116,6 +120,8 @@ class FakeProcesses final : public Processes {
   std::function<void(Run&)> onStart;  ///< runs at each start
 
   std::vector<std::unique_ptr<Run>> runs;
+  Run probe;         ///< the last question that ffprobe was asked, which has ended at once
+  std::string said;  ///< its answer
   bool missing = false;
 
  private:
