@@ -3,11 +3,12 @@
 
 #include "batch/commands.h"
 #include "batch/edit_file.h"
+#include "batch/film_sound.h"
 #include "batch/json.h"
 #include "batch/stream_files.h"
 #include "platform/child_processes.h"
 #include "voice/fit.h"
-#include "voice/fit_film.h"
+#include "voice/spoken_captions.h"
 
 namespace cuewright {
 namespace {
@@ -107,17 +108,16 @@ int RunFit(const Request& request, Session& session, Console& console) {
   if (!KnowsFormatToWrite(request, session, console)) return kExitUsage;
   if (IsStandardOutput(*request.out)) console.ResultsToErrors();
   if (!session.Load(request.files.front())) return kExitFailed;
-  PosixProcesses processes;
-  const HeardFilm film = HearFilm(processes, *request.film);
-  if (!film.problem.empty()) {
-    session.Boxes().Tell(*request.film + u": " + FromUtf8(film.problem));
+  SoundTable sound;
+  if (const Text problem = ReadSoundTable(*request.film, sound); !problem.empty()) {
+    session.Boxes().Tell(*request.film + u": " + problem);
     return kExitFailed;
   }
   const std::vector<HeldCaption> held = HeldBy(session.Captions(), request.rows);
   const std::vector<SoundTable> words = WordsOf(request, session);
   FitChoice choice;
   choice.startLate = request.fit.reaction;
-  const FitResult result = FitCaptions(film.sound, held, words, choice);
+  const FitResult result = FitCaptions(sound, held, words, choice);
   if (result.problem != FitProblem::None) session.Boxes().Tell(Text(ReasonOf(result.problem)));
   MoveCaptions(session.Captions(), result);
   const bool written = WriteEdited(request, session);

@@ -1,6 +1,6 @@
 #include "batch/film_sound.h"
 
-#include "core/runtime_error.h"
+#include "core/process_output.h"
 #include "platform/child_processes.h"
 #include "sound/film_samples.h"
 #include "sound/sound_measurer.h"
@@ -8,22 +8,10 @@
 namespace cuewright {
 
 bool IsFilm(const Text& name) {
-  constexpr int kWaitMs = 100;
   PosixProcesses processes;
-  std::unique_ptr<ChildProcess> child;
-  CarryOn errors;
-  errors([&] {
-    child = processes.Start(u"ffprobe", {u"-v", u"quiet", u"-show_entries", u"stream=codec_type,codec_name", u"-of",
-                                         u"csv=p=0", u"-i", u"file:" + name});
-  });
-  if (!child) return false;
-  std::string kinds;
-  std::optional<int> status;
-  while (!status) {
-    child->Wait(kWaitMs);
-    status = child->Ended();
-    kinds += child->TakeOutput();
-  }
+  const std::string kinds = OutputOf(
+      processes, u"ffprobe",
+      {u"-v", u"quiet", u"-show_entries", u"stream=codec_type,codec_name", u"-of", u"csv=p=0", u"-i", u"file:" + name});
   const auto has = [&](const char* word) { return kinds.find(word) != std::string::npos; };
   // Plain text is shown as a terminal would by some versions.
   return has("audio") || (has("video") && !has("ansi"));

@@ -157,7 +157,7 @@ constexpr std::string_view kAlign =
     "nobody says are doubtful and lie between their neighbours; speech that stands in no line is passed.\n"
     "\n"
     "  --film FILM         the film or its sound\n"
-    "  --language CODE     the language of the text, such as en or pt-BR; 'espeak-ng --voices' lists them\n"
+    "  --language CODE     the language of the text, such as en or pt-BR; espeak-ng lists them\n"
     "  --out FILE          file to write; never TEXT itself\n"
     "  --to ID             format to write, an identifier that 'formats' lists; without it the one that\n"
     "                      the name of the file to write stands for, else SUBRIP\n"

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "core/process_output.h"
 #include "core/runtime_error.h"
 
 namespace cuewright {
@@ -148,17 +149,7 @@ FrameRate RateOfFilm(Processes& processes, TextView film) {
   const std::vector<Text> arguments = {
       u"-v",      u"error", u"-select_streams",   u"v:0", u"-show_entries", u"stream=avg_frame_rate", u"-of",
       u"csv=p=0", u"-i",    u"file:" + Text(film)};
-  std::unique_ptr<ChildProcess> child;
-  CarryOn errors;
-  errors([&] { child = processes.Start(u"ffprobe", arguments); });
-  if (!child) return {};
-  std::string said;
-  std::optional<int> status;
-  while (!status) {
-    child->Wait(kWaitMs);
-    status = child->Ended();
-    said += child->TakeOutput();
-  }
+  const std::string said = OutputOf(processes, u"ffprobe", arguments);
   const std::size_t slash = said.find('/');
   std::int64_t frames = 0;
   std::int64_t seconds = 1;

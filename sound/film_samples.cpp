@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/media_errors.h"
+#include "core/process_output.h"
 #include "core/runtime_error.h"
 #include "text/labels.h"
 
@@ -21,21 +22,6 @@ Text TrackOf(int track) { return track < 0 ? Text(u"0:a:0") : u"0:" + Decimal(tr
 std::vector<Text>& operator+=(std::vector<Text>& all, std::initializer_list<TextView> more) {
   all.insert(all.end(), more.begin(), more.end());
   return all;
-}
-
-/// What a program writes to its output, taken to its end; nothing when it can't be started.
-std::string OutputOf(Processes& processes, const Text& program, const std::vector<Text>& arguments) {
-  std::unique_ptr<ChildProcess> child;
-  CarryOn errors;
-  errors([&] { child = processes.Start(program, arguments); });
-  std::string said;
-  std::optional<int> status;
-  while (child && !status) {
-    child->Wait(kWaitMs);
-    status = child->Ended();
-    said += child->TakeOutput();
-  }
-  return said;
 }
 
 std::string ProblemOf(int status, const std::string& log, bool any) {

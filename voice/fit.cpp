@@ -13,6 +13,7 @@ constexpr int kStepMs = SoundTable::kStepMs;
 constexpr std::ptrdiff_t kReach = 35;        ///< steps that a time may lie from the calibrated press
 constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the hand
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
+constexpr double kFirstStart = 1;            ///< ms; a start of 0 would mean no times
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
 /// Confidence from which a time moves; without its words a caption is believed less.
 constexpr double kStartEnough = 0.68;
@@ -233,7 +234,7 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   fitted.endConfidence = edges.end.confidence;
   fitted.startMoved = edges.start.confidence >= (edges.spoken ? kStartEnough : kStartEnoughAlone);
   fitted.endMoved = edges.end.confidence >= (edges.spoken ? kEndEnough : kEndEnoughAlone);
-  const double start = std::max(0.0, fitted.startMoved ? edges.start.ms : usual.start);
+  const double start = std::max(kFirstStart, fitted.startMoved ? edges.start.ms : usual.start);
   const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
   fitted.start = static_cast<std::int32_t>(std::lround(start));
   fitted.end = static_cast<std::int32_t>(std::lround(end));

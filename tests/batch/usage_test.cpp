@@ -98,7 +98,7 @@ TEST_F(BatchTest, TheManualPageNamesEveryOption) {
   std::string page{std::istreambuf_iterator<char>(file), {}};
   std::erase(page, '\\');
   std::set<std::string> inHelp = OptionsIn(Batch({"convert", "--help"}).out);
-  for (const std::string command : {"rules", "retime", "replace", "check"})
+  for (const std::string command : {"rules", "retime", "replace", "check", "shots", "fit", "align", "sync"})
     inHelp.merge(OptionsIn(Batch({command, "--help"}).out));
   EXPECT_GE(inHelp.size(), 14u);
   EXPECT_EQ(OptionsIn(page), inHelp);

@@ -190,7 +190,9 @@ class Scene:
 
     def press_button(self, name):
         """Clicks a button of the box on top."""
-        button = desktop.wait_for("the button " + name, lambda: self.program.find("push button", name))
+        # The main window's tool bar, which comes first, has some buttons of the same names.
+        button = desktop.wait_for("the button " + name, lambda: next(reversed(
+            [found for found in self.program.all("push button") if found.name == name]), None))
         where = button.queryComponent().getExtents(desktop.pyatspi.DESKTOP_COORDS)
         desktop.xdotool("mousemove", where.x + where.width // 2, where.y + where.height // 2, "click", 1)
 

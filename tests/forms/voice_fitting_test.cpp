@@ -73,7 +73,7 @@ TEST_F(VoiceFittingTest, MovesAllCaptionsInOneStep) {
     EXPECT_NEAR(StartOf(row), kStarts[row - 1], 25);
     EXPECT_NEAR(program->list.GetCaptionEnd(row), kStarts[row - 1] + kLength, 40);
   }
-  EXPECT_EQ(Told(), u"4 captions were fitted to the voice; doubtful: 0.");
+  EXPECT_EQ(Told(), u"Captions fitted to the voice: 4; doubtful: 0.");
   EXPECT_TRUE(program->document.DocModified);
   Window().mnuUndo.Click();
   for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row - 1] + 210);

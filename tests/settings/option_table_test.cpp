@@ -71,8 +71,10 @@ TEST(OptionTable, IsStoredInItsOrder) {
             "hkEnd=77\nkEnd=M\nhkPrevious=68\nkPrevious=D\nhkJump=70\nkJump=F\nhkRewind=87\nkRewind=W\nhkForward=69\n"
             "kForward=E\nF_FONTNAME=Arial\nF_FONTSIZE=18\nF_FONTBOLD=255\nF_FONTCOLOR=16777215\nF_OPAQUE=0\n"
             "F_SHADOW=255\nF_SHADOWVAL=1\nF_SUBHEIGHT=90\nF_FOLLOW=255\nP_STRETCH=1\nP_UIMODE=full\n"
-            "P_VSFILTERMODE=0\nVolume=50\nM_FONTBOLD=0\nM_FONTNAME=Tahoma\nM_FONTSIZE=8\nM_INFOBAR=255\nM_AUDIOBAR=0\n"
-            "M_FULLWAVE=0\nRawMarks=0\nCaptionColumns=\nCaptionTimes=0\nM_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\n");
+            "P_VSFILTERMODE=0\nVolume=50\nM_FONTBOLD=0\nM_FONTNAME=Tahoma\nM_FONTSIZE=8\nM_INFOBAR=255\n"
+            "InfoBarUnfolded=0\nToolBar=255\nM_AUDIOBAR=0\nM_FULLWAVE=0\nRawMarks=0\nCaptionColumns=\nCaptionTimes=0\n"
+            "M_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\nWaveZoom=10000\nWaveHeight=180\nWaveLook=0\nWaveCentred=0\n"
+            "WaveSnaps=255\n");
 }
 
 }  // namespace

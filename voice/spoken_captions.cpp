@@ -1,23 +1,10 @@
-#include "voice/fit_film.h"
+#include "voice/spoken_captions.h"
 
 #include <algorithm>
 
-#include "sound/film_samples.h"
-#include "sound/sound_measurer.h"
 #include "voice/spoken_text.h"
 
 namespace cuewright {
-
-HeardFilm HearFilm(Processes& processes, TextView film) {
-  HeardFilm heard;
-  SoundMeasurer measurer(heard.sound, kSamplesASecond);
-  const SoundReading reading = ReadSamples(
-      processes, film, -1, [&](std::span<const std::int16_t> samples) { measurer.Add(samples); },
-      [](double) { return true; });
-  measurer.Finish();
-  heard.problem = reading.problem;
-  return heard;
-}
 
 SpokenCaptions SpeakCaptions(Processes& processes, const Text& language, std::span<const Text> texts) {
   constexpr std::size_t kAtOnce = 64;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,15 +9,6 @@
 #include "text/text.h"
 
 namespace cuewright {
-
-/// What is heard in a film.
-struct HeardFilm {
-  SoundTable sound;
-  std::string problem;  ///< why it wasn't read whole; empty when it was
-};
-
-/// Reads a film's first sound track and measures it.
-HeardFilm HearFilm(Processes& processes, TextView film);
 
 /// What a synthesiser makes of the captions' texts.
 struct SpokenCaptions {
