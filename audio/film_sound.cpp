@@ -30,8 +30,11 @@ FilmSound::FilmSound(FilmSoundParts parts) : p_(parts) {
     if (Running()) TakeSamples();
   });
   w.tmrTime.Tick.Connect([this] { StartByItself(); });
-  w.mnuFile.AboutToShow.Connect([this] { p_.window.mnuFilmSound.SetEnabled(p_.document.HasVideo() && !Running()); });
+  w.mnuFile.AboutToShow.Connect([this] { ShowItem(); });
+  ShowItem();
 }
+
+void FilmSound::ShowItem() { p_.window.mnuFilmSound.SetEnabled(p_.document.HasVideo() && !Running()); }
 
 void FilmSound::Start() {
   if (Running() || !p_.document.HasVideo()) return;

@@ -40,6 +40,8 @@ class FilmSound {
   void Stop();
   /// The film goes; the next one is read by itself again.
   void ForgetFilm();
+  /// The command is there for a film whose sound isn't being read.
+  void ShowItem();
   bool Running() const { return child_ != nullptr; }
 
  private:

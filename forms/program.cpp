@@ -126,6 +126,7 @@ void Program::ConnectCommands() {
   states.Shown.Connect([this] {
     film.ShowItems();
     waveCommands.ShowItems();
+    filmSound.ShowItem();
   });
   window.mnuKeys.Clicked.Connect([this] { keysDialog.Open(window.RightToLeft()); });
   window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });

@@ -14,7 +14,7 @@ run_one() {
   mkdir -p "$corpus"
   case $1 in
     catalogue) from=$seeds/catalogue longest=65536 ;;
-    wave) from=$seeds/wave longest=65536 ;;
+    wave | sound) from=$seeds/wave longest=65536 ;;
     house_rules) from=$root/resources/profiles longest=4096 ;;
     registry) from=$seeds/registry longest=4096 ;;
     script) from=$seeds/script longest=8192 ;;
@@ -34,7 +34,7 @@ fi
 
 seconds=${1:-60}
 [ $# -gt 0 ] && shift
-names=${*:-import source catalogue encodings round_trip wave journal house_rules registry update script}
+names=${*:-import source catalogue encodings round_trip wave sound journal house_rules registry update script}
 
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers

@@ -188,11 +188,18 @@ class Scene:
             desktop.key("Down")
         desktop.key("Return")
 
+    def top_button(self, name):
+        """The first button of this name in the window that came last; the tool bar has some of the same names."""
+        windows = self.program.application()
+        for i in reversed(range(windows.childCount)):
+            for found in self.program.all("push button", windows.getChildAtIndex(i)):
+                if found.name == name and found.parent.getRoleName() != "tool bar":
+                    return found
+        return None
+
     def press_button(self, name):
         """Clicks a button of the box on top."""
-        # The main window's tool bar, which comes first, has some buttons of the same names.
-        button = desktop.wait_for("the button " + name, lambda: next(reversed(
-            [found for found in self.program.all("push button") if found.name == name]), None))
+        button = desktop.wait_for("the button " + name, lambda: self.top_button(name))
         where = button.queryComponent().getExtents(desktop.pyatspi.DESKTOP_COORDS)
         desktop.xdotool("mousemove", where.x + where.width // 2, where.y + where.height // 2, "click", 1)
 

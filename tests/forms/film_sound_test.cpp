@@ -62,6 +62,14 @@ TEST_F(FilmSoundTest, IsReadByItselfWhenTheBarIsOn) {
   EXPECT_EQ(processes.runs.size(), 2u);
 }
 
+TEST_F(FilmSoundTest, TheToolBarOffersItWithAFilmAlone) {
+  EXPECT_TRUE(Window().mnuFilmSound.Enabled());
+  Restart({});
+  EXPECT_FALSE(Window().mnuFilmSound.Enabled());
+  Play(folder.Write("film.mkv", "x"));
+  EXPECT_TRUE(Window().mnuFilmSound.Enabled());
+}
+
 TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
   processes.said = "5.1(side)\n";
   Window().mnuFilmSound.Click();
