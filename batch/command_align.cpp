@@ -65,6 +65,7 @@ std::vector<SoundTable> SpokenLinesOf(const Request& request, Session& session) 
 
 void Store(const std::vector<AlignedLine>& lines, CaptionList& captions) {
   std::vector<CaptionTimes> times;
+  times.reserve(lines.size());
   for (const AlignedLine& line : lines) times.push_back({line.start, line.end});
   const EditScope scope(captions, EditKind::Retime);
   captions.Retime(1, times);

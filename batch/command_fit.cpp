@@ -32,7 +32,7 @@ TextView ReasonOf(FitProblem problem) {
 
 /// Two digits, as confidences are printed.
 std::string Hundredths(double share) {
-  const int whole = static_cast<int>(share * 100 + 0.5);
+  const long whole = std::lround(share * 100);
   const std::string digits = std::to_string(whole % 100);
   return std::to_string(whole / 100) + (digits.size() < 2 ? ".0" : ".") + digits;
 }
