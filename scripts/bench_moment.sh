@@ -44,7 +44,7 @@ run startup env -u QT_QPA_PLATFORM bench/startup/run.sh "$build" 1
 run capture bench/capture_accuracy.py "$bin/cuewright" --moment
 run busy_capture bench/capture_accuracy.py "$bin/cuewright" --moment --busy "$build/bench/libbusy_window.so"
 run speed_capture bench/capture_accuracy.py "$bin/cuewright" --moment --speed 0.5
-run voice_films bench/voice/make_films.py "$work/films" --captions 6 --conditions clean
+run voice_films bench/voice/make_films.py "$work/films" --captions 20 --conditions clean
 run voice_fit bench/voice/fit.py "$bin/cuewright-batch" --captions 6 --seeds 1 --conditions clean
 run voice_align bench/voice/align.py "$bin/cuewright-batch" "$work/films" --conditions clean
 run voice_sync bench/voice/sync.py "$bin/cuewright-batch" "$work/films" --conditions clean --runs 1

@@ -48,6 +48,7 @@ def messy(captions, rng):
 
 def cut(captions, rng, cuts=3, apart=8):
     """Captions as of a film in which scenes were put in, or taken out with what is said in them."""
+    apart = min(apart, len(captions) // (cuts + 2))  # in a short film
     while True:
         places = sorted(rng.sample(range(apart, len(captions) - apart), cuts))
         if all(second - first >= apart for first, second in zip(places, places[1:])):
