@@ -1,21 +1,9 @@
-#include <algorithm>
 #include <array>
-#include <cctype>
 
 #include "batch/call_options.h"
 
 namespace cuewright {
 namespace {
-
-Problem SetLanguage(Request& request, const std::string& value) {
-  constexpr std::size_t kLongest = 40;
-  const bool plain = std::ranges::all_of(value, [](unsigned char c) { return std::isalnum(c) != 0 || c == '-'; });
-  if (value.empty() || value.size() > kLongest || !plain || value.front() == '-') {
-    return "--language takes a code such as en or pt-BR, not " + Quoted(value);
-  }
-  request.fit.language = FromUtf8(value);
-  return {};
-}
 
 Problem SetReaction(Request& request, const std::string& value) {
   constexpr int kMost = 2000;

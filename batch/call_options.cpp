@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
 
 #include "core/frame_rate.h"
@@ -177,6 +178,16 @@ Problem SetFilm(Request& request, const std::string& value) {
 Problem SetOut(Request& request, const std::string& value) {
   if (value.empty()) return "--out takes the name of a file";
   request.out = FromUtf8(value);
+  return {};
+}
+
+Problem SetLanguage(Request& request, const std::string& value) {
+  constexpr std::size_t kLongest = 40;
+  const bool plain = std::ranges::all_of(value, [](unsigned char c) { return std::isalnum(c) != 0 || c == '-'; });
+  if (value.empty() || value.size() > kLongest || !plain || value.front() == '-') {
+    return "--language takes a code such as en or pt-BR, not " + Quoted(value);
+  }
+  request.language = FromUtf8(value);
   return {};
 }
 

@@ -40,6 +40,8 @@ Problem SetFilm(Request& request, const std::string& value);
 Problem SetOut(Request& request, const std::string& value);
 Problem SetRows(Request& request, const std::string& value);
 Problem SetTo(Request& request, const std::string& value);
+/// Takes the language of a text; letters, digits and hyphens.
+Problem SetLanguage(Request& request, const std::string& value);
 
 /// What is wrong with a request as a whole.
 Problem CheckEncoding(const Request& request);

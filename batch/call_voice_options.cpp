@@ -11,23 +11,6 @@ Problem SetOther(Request& request, const std::string& value) {
   return {};
 }
 
-Problem SetOut(Request& request, const std::string& value) {
-  if (value.empty()) return "--out takes the name of a file";
-  request.out = FromUtf8(value);
-  return {};
-}
-
-Problem SetTo(Request& request, const std::string& value) {
-  request.to = ToUpper(FromUtf8(value));
-  return {};
-}
-
-Problem SetLanguage(Request& request, const std::string& value) {
-  if (value.empty()) return "--language takes a code such as en or pt-BR";
-  request.language = FromUtf8(value);
-  return {};
-}
-
 constexpr std::array kAlignOptions = {
     CallOption{"--film", true, SetFilm}, CallOption{"--language", true, SetLanguage}, CallOption{"--out", true, SetOut},
     CallOption{"--to", true, SetTo},     CallOption{"--encoding", true, SetEncoding},

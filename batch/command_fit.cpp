@@ -48,13 +48,13 @@ std::vector<HeldCaption> HeldBy(const CaptionList& captions, const RowRange& row
 
 /// What the captions' own words sound like; nothing, after telling why, when they can't be spoken.
 std::vector<SoundTable> WordsOf(const Request& request, Session& session) {
-  if (request.fit.language.empty()) return {};
+  if (request.language.empty()) return {};
   std::vector<Text> texts;
   for (Row row = 1; row < session.Captions().Rows(); ++row) {
     texts.push_back(ReplaceAll(session.Captions().GetSeenText(row, true), u"\r\n", u" "));
   }
   PosixProcesses processes;
-  SpokenCaptions spoken = SpeakCaptions(processes, request.fit.language, texts);
+  SpokenCaptions spoken = SpeakCaptions(processes, request.language, texts);
   if (!spoken.problem.empty()) {
     session.Boxes().Tell(u"The captions are fitted without their words: " + FromUtf8(spoken.problem) + u".");
   }

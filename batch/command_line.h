@@ -47,7 +47,6 @@ struct RetimeChoice {
 
 /// How captions are fitted to a film's voice.
 struct FitWish {
-  Text language;                ///< of the captions, when the film speaks it; empty: their words aren't used
   std::optional<int> reaction;  ///< the median lateness of presses in ms; empty: found from the film
 };
 
@@ -84,7 +83,7 @@ struct Request {
   std::optional<Text> film;  ///< the film that the captions belong to
 
   // Options of the commands that listen to a film.
-  Text language;              ///< that the lines of a text are in
+  Text language;              ///< that is spoken, of a text or of captions; empty: their words aren't used
   std::optional<Text> other;  ///< what captions are synchronised with: a film or another subtitle
   FitWish fit;
 
