@@ -24,7 +24,7 @@ TEST(WavePyramid, TellsThePeakOfAnyStretchAsAPlainLookDoes) {
   ASSERT_EQ(pyramid.Ms(), 5003);
   std::uniform_int_distribution<std::int32_t> place(0, 5002);
   for (int i = 0; i < 2000; ++i) {
-    auto [from, last] = std::minmax(place(random), place(random));
+    const auto [from, last] = std::minmax({place(random), place(random)});
     WavePeak wanted = plain[static_cast<std::size_t>(from)];
     for (std::int32_t ms = from; ms <= last; ++ms) {
       wanted.maximum = std::max(wanted.maximum, plain[static_cast<std::size_t>(ms)].maximum);
