@@ -14,6 +14,10 @@ VoiceFitting::VoiceFitting(Workbench bench, Processes* processes, const Player& 
   bench_.window.mnuFit.Clicked.Connect([this] { Start(false); });
   bench_.window.mnuFitAll.Clicked.Connect([this] { Start(true); });
   bench_.window.tmrFit.Tick.Connect([this] { Poll(); });
+  // Another document comes, or this one goes: what is found is not for that one, however much its times are alike.
+  bench_.list.EnabledChanged.Connect([this](bool on) {
+    if (!on) Stop();
+  });
 }
 
 VoiceFitting::~VoiceFitting() { giveUp_ = true; }

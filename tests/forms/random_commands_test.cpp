@@ -5,19 +5,13 @@
 
 #include "tests/support/fake_journal_store.h"
 #include "tests/support/program_fixture.h"
+#include "tests/support/snapshot.h"
 
 namespace cuewright {
 namespace {
 
 using testing::ProgramFixture;
-
-/// All of a document that undo answers for.
-struct Snapshot {
-  std::vector<Caption> captions;
-  Text separator;
-
-  bool operator==(const Snapshot&) const = default;
-};
+using testing::Snapshot;
 
 /// Runs commands picked at random, as a person at the keyboard would give them.
 struct RandomCommands : ProgramFixture {
@@ -38,12 +32,7 @@ struct RandomCommands : ProgramFixture {
     }
     return text;
   }
-  Snapshot Now() {
-    Snapshot snapshot;
-    snapshot.separator = program->options.lineSeparator;
-    for (Row row = 1; row < List().Rows(); ++row) snapshot.captions.push_back(List().At(row));
-    return snapshot;
-  }
+  Snapshot Now() { return testing::SnapshotOf(*program); }
 
   void Select() {
     const Row row = AnyRow();

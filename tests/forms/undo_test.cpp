@@ -1,27 +1,16 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/program_fixture.h"
+#include "tests/support/snapshot.h"
 
 namespace cuewright {
 namespace {
 
 using testing::ProgramFixture;
-
-/// All of a document that undo answers for.
-struct Snapshot {
-  std::vector<Caption> captions;
-  Text separator;
-
-  bool operator==(const Snapshot&) const = default;
-};
+using testing::Snapshot;
 
 struct UndoInTheWindow : ProgramFixture {
-  Snapshot Now() {
-    Snapshot snapshot;
-    snapshot.separator = program->options.lineSeparator;
-    for (Row row = 1; row < List().Rows(); ++row) snapshot.captions.push_back(List().At(row));
-    return snapshot;
-  }
+  Snapshot Now() { return testing::SnapshotOf(*program); }
   void Type(TextView text) {
     Window().txtSub.SetText(text);
     Window().txtSub.NoteEdited();

@@ -63,6 +63,16 @@ struct VoiceFittingTest : ProgramFixture {
   static constexpr int kStarts[] = {2000, 7000, 12000, 17000};
 };
 
+TEST_F(VoiceFittingTest, ADocumentThatCameMeanwhileIsLeftAlone) {
+  Window().mnuFitAll.Click();
+  // The same file, read anew: its times are those that are being fitted.
+  program->documentFiles.OpenSubtitleFile(folder / "a.srt");
+  EXPECT_FALSE(Window().tmrFit.Enabled());
+  Hear(Samples());
+  for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row - 1] + 210);
+  EXPECT_FALSE(program->document.DocModified);
+}
+
 TEST_F(VoiceFittingTest, MovesAllCaptionsInOneStep) {
   Window().mnuFitAll.Click();
   ASSERT_EQ(processes.runs.size(), 1u);
