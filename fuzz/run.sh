@@ -3,6 +3,7 @@
 # seeds.
 # usage: fuzz/run.sh [SECONDS] [NAME...]   (default: 60, all of them)
 # What they find on the way stays in build/fuzz/corpus; a failing input is left in build/fuzz.
+# FUZZ_SEED: a number other than 0 begins each time with the same inputs.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/fuzz
@@ -22,7 +23,7 @@ run_one() {
     *) from=$root/tests/data/formats longest=16384 ;;
   esac
   "$build/bin/fuzz_$1" "$corpus" "$from" -dict="$root/fuzz/dictionaries/$1.dict" -max_total_time="$2" \
-    -max_len="$longest" -timeout=20 -rss_limit_mb=2048 -artifact_prefix="$build/$1-" -print_final_stats=1 \
+    -seed="${FUZZ_SEED:-0}" -max_len="$longest" -timeout=20 -rss_limit_mb=2048 -artifact_prefix="$build/$1-" -print_final_stats=1 \
     -verbosity=0 2>"$build/$1.log" || { tail -n 60 "$build/$1.log"; exit 1; }
   echo "fuzz_$1, $2 s: $(grep number_of_executed_units "$build/$1.log")"
 }

@@ -40,10 +40,19 @@ TEST(UpdateList, ALocalVersionBeyondSixteenBitsOverflows) {
 }
 
 TEST(UpdateList, TheRemoteVersionIsTheNumberOfItsTextWithoutDots) {
-  const std::pair<const char16_t*, const char16_t*> rows[] = {
-      {u"1.2.6", u"126"},   {u"1.10", u"110"}, {u"01.2", u"12"},  {u"...9", u"9"},
-      {u"1.2 beta", u"12"}, {u"1,5", u"1"},    {u"---", u"0"},    {u"", u"0"},
-      {u"beta 3", u"0"},    {u"<html>", u"0"}, {u"-1.2", u"-12"}, {u"123456789012345678901", u"1.23456789012346E+20"}};
+  const std::pair<const char16_t*, const char16_t*> rows[] = {{u"1.2.6", u"126"},
+                                                              {u"1.10", u"110"},
+                                                              {u"01.2", u"12"},
+                                                              {u"...9", u"9"},
+                                                              {u"1.2 beta", u"12"},
+                                                              {u"1,5", u"1"},
+                                                              {u"---", u"0"},
+                                                              {u"", u"0"},
+                                                              {u"1e-2", u"0.01"},
+                                                              {u"beta 3", u"0"},
+                                                              {u"<html>", u"0"},
+                                                              {u"-1.2", u"-12"},
+                                                              {u"123456789012345678901", u"1.23456789012346E+20"}};
   for (const auto& [text, number] : rows) EXPECT_EQ(RemoteVersionNumber(text), number) << ToUtf8(text);
 }
 
