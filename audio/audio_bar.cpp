@@ -236,9 +236,9 @@ void AudioBar::PlaceCurrentMarks() {
   PlaceCaptionMarks(p_.list.GetCaptionStart(row), p_.list.GetCaptionEnd(row));
 }
 
-void AudioBar::PlaceCaptionMarks(std::int32_t startTime, std::int32_t endTime) {
-  const int x1 = startTime / kMsAColumn - view_.scrollPos;
-  const int x2 = endTime / kMsAColumn - view_.scrollPos;
+void AudioBar::PlaceCaptionMarks(Ms startTime, Ms endTime) {
+  const int x1 = startTime.Count() / kMsAColumn - view_.scrollPos;
+  const int x2 = endTime.Count() / kMsAColumn - view_.scrollPos;
   WaveMarks marks = marks_;
   marks.captionShown = endTime > startTime && x2 >= 1 && x1 < WaveWidth();
   if (marks.captionShown) {
@@ -280,7 +280,7 @@ void AudioBar::Follow() {
 }
 
 void AudioBar::FollowSteps() {
-  cursorEntry_ = p_.sample.PlayerPosMs() / kMsAColumn * 2;
+  cursorEntry_ = p_.sample.PlayerPosMs().Count() / kMsAColumn * 2;
   const int state = p_.player.PlayState();
   if (state != kPlayerPlaying || cursorEntry_ > peaks_.PeakCount()) {
     if (state == kPlayerStopped && view_.scrollPos > 0 && !HoldsDrag()) DrawWave(0);

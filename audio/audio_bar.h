@@ -79,7 +79,7 @@ class AudioBar final : private WaveLoadSteps {
   void DrawWave(std::int32_t first);
   void SetWaveColor(std::int32_t color);
   /// Places or hides the marks for a caption's times in ms.
-  void PlaceCaptionMarks(std::int32_t startTime, std::int32_t endTime);
+  void PlaceCaptionMarks(Ms startTime, Ms endTime);
   /// The same for the current row, while a wave and a document are open.
   void PlaceCurrentMarks();
   /// The picture's height may have changed: the wave is painted anew.

@@ -57,9 +57,9 @@ void AudioBar::Seek(int x) {
   marks.arrowLeft = (shown_ == nullptr ? 0 : shown_->WaveLeft()) + x - 2;
   marks.seeking = true;
   SetMarks(marks);
-  const std::int32_t ms = (x + view_.scrollPos) * kMsAPixel;
+  const Ms ms = (x + view_.scrollPos) * kMsAPixel;
   p_.sample.SetPlayerPosMs(ms);
-  p_.player.SetCurrentPosition(ms / kMsASecond);
+  p_.player.SetCurrentPosition(ms.Seconds());
 }
 
 void AudioBar::DragMarks(int x) {
@@ -97,8 +97,8 @@ void AudioBar::StoreDrag() {
   p_.list.SetCaptionEnd(row, (marks_.end + view_.scrollPos) * kMsAPixel);
   CarryOn steps;
   if (row != p_.list.CurrentRow()) return;
-  const std::int32_t start = p_.list.GetCaptionStart(row);
-  const std::int32_t from = p_.options.manner.ShowsTrueDuration() ? start : 0;
+  const Ms start = p_.list.GetCaptionStart(row);
+  const Ms from = p_.options.manner.ShowsTrueDuration() ? start : 0;
   steps([&] { p_.window.txtTime[0].SetText(MsToTimeText(start)); });
   steps([&] { p_.window.txtTime[1].SetText(MsToTimeText(p_.list.GetCaptionEnd(row) - from)); });
 }

@@ -13,7 +13,7 @@ constexpr int kGrip = 4;
 /// picture of hours would look at all of them.
 constexpr int kLeastForFindings = 3;
 
-int PixelOf(const WaveScale& scale, std::int32_t ms) {
+int PixelOf(const WaveScale& scale, Ms ms) {
   // What lies far outside is as good as just outside.
   constexpr double kFar = 1e6;
   return static_cast<int>(std::floor(std::clamp(scale.XOf(ms), -kFar, kFar)));
@@ -39,7 +39,7 @@ void BoardCaptions::Collect(const WaveScale& scale, const BoardDrag* drag) {
     const CaptionTimes times = moved != nullptr ? *moved : list_.TimesAt(row);
     if (times.start <= 0 || times.end <= times.start) continue;
     lastEnd_ = std::max(lastEnd_, times.end);
-    if (times.end <= from || times.start >= to) continue;
+    if (times.end.Count() <= from || times.start.Count() >= to) continue;
     const int left = PixelOf(scale, times.start);
     const int right = std::max(PixelOf(scale, times.end), left + 1);
     const bool found = right - left >= kLeastForFindings && grid_.HasFindings(row);
@@ -49,8 +49,8 @@ void BoardCaptions::Collect(const WaveScale& scale, const BoardDrag* drag) {
 
 void BoardCaptions::PlaceLanes(const WaveScale& scale) {
   hasLower_ = false;
-  std::int32_t upperEnd = 0;
-  std::int32_t latestEnd = 0;
+  Ms upperEnd = 0;
+  Ms latestEnd = 0;
   for (BoardBlock& block : blocks_) {
     block.lower = block.times.start < upperEnd;
     hasLower_ = hasLower_ || block.lower;
@@ -63,7 +63,7 @@ void BoardCaptions::PlaceLanes(const WaveScale& scale) {
   }
 }
 
-BoardHit BoardCaptions::At(int x, std::int32_t gap, bool single) const {
+BoardHit BoardCaptions::At(int x, Ms gap, bool single) const {
   const BoardBlock* body = nullptr;
   const BoardBlock* starts = nullptr;
   const BoardBlock* ends = nullptr;
@@ -79,7 +79,7 @@ BoardHit BoardCaptions::At(int x, std::int32_t gap, bool single) const {
     if (x >= block.left && x < block.right && (body == nullptr || block.selected || !body->selected)) body = &block;
   }
   if (starts != nullptr && ends != nullptr && !single && starts != ends) {
-    const std::int32_t between = starts->times.start - ends->times.end;
+    const Ms between = starts->times.start - ends->times.end;
     if (between >= 0 && between <= gap) return {BoardPart::Border, ends->row, starts->row};
   }
   if (starts != nullptr && ends != nullptr) {

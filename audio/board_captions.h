@@ -44,11 +44,11 @@ class BoardCaptions {
   const std::vector<BoardSpan>& Overlaps() const { return overlaps_; }
   bool HasLower() const { return hasLower_; }
   /// When the last one ends.
-  std::int32_t LastEnd() const { return lastEnd_; }
+  Ms LastEnd() const { return lastEnd_; }
 
   /// What lies at a pixel. Edges within a few pixels go before what they bound, and among them those of selected
   /// captions. Two captions with at most `gap` ms between them have a border, which `single` takes for two edges.
-  BoardHit At(int x, std::int32_t gap, bool single) const;
+  BoardHit At(int x, Ms gap, bool single) const;
 
  private:
   void Collect(const WaveScale& scale, const BoardDrag* drag);
@@ -58,7 +58,7 @@ class BoardCaptions {
   const CaptionGrid& grid_;
   std::vector<BoardBlock> blocks_;
   std::vector<BoardSpan> overlaps_;
-  std::int32_t lastEnd_ = 0;
+  Ms lastEnd_ = 0;
   bool hasLower_ = false;
 };
 

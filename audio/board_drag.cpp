@@ -7,12 +7,11 @@ namespace cuewright {
 namespace {
 
 /// A caption that starts at 0 counts as one without times.
-constexpr std::int32_t kFirstStart = 1;
+constexpr Ms kFirstStart = 1;
 
 }  // namespace
 
-BoardDrag::BoardDrag(const CaptionList& list, const BoardHit& hit, std::int32_t ms, const RowSet& with)
-    : hit_(hit), from_(ms) {
+BoardDrag::BoardDrag(const CaptionList& list, const BoardHit& hit, Ms ms, const RowSet& with) : hit_(hit), from_(ms) {
   const auto take = [&](Row row) { before_.push_back({row, list.TimesAt(row)}); };
   if (hit.part == BoardPart::Body && with.Has(hit.row)) {
     for (const Row row : with.Rows()) {
@@ -25,9 +24,9 @@ BoardDrag::BoardDrag(const CaptionList& list, const BoardHit& hit, std::int32_t 
   moved_ = before_;
 }
 
-std::int32_t BoardDrag::Cut(std::int32_t by) const {
-  std::int64_t least = std::numeric_limits<std::int32_t>::min();
-  std::int64_t most = std::numeric_limits<std::int32_t>::max();
+Ms BoardDrag::Cut(Ms by) const {
+  Ms least = -Ms::Latest();
+  Ms most = Ms::Latest();
   const CaptionTimes& own = before_.front().times;
   switch (hit_.part) {
     case BoardPart::Start:
@@ -42,19 +41,16 @@ std::int32_t BoardDrag::Cut(std::int32_t by) const {
       most = before_.back().times.end - least_ - before_.back().times.start;
       break;
     default:
-      for (const MovedCaption& caption : before_)
-        least = std::max<std::int64_t>(least, kFirstStart - caption.times.start);
+      for (const MovedCaption& caption : before_) least = std::max(least, kFirstStart - caption.times.start);
       break;
   }
   // A caption that is shorter than that already isn't made longer by taking hold of it.
-  least = std::min<std::int64_t>(least, 0);
-  most = std::max<std::int64_t>(most, 0);
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(by, least, most));
+  return std::clamp(by, std::min<Ms>(least, 0), std::max<Ms>(most, 0));
 }
 
-std::vector<BoardDrag::Edge> BoardDrag::EdgesAt(std::int32_t ms) const {
+std::vector<BoardDrag::Edge> BoardDrag::EdgesAt(Ms ms) const {
   if (before_.empty()) return {};
-  const std::int32_t by = ms - from_;
+  const Ms by = ms - from_;
   const auto own = std::ranges::find(before_, hit_.row, &MovedCaption::row);
   if (own == before_.end()) return {};
   const Edge start{CaptionEdge::Start, own->times.start + by};
@@ -65,9 +61,9 @@ std::vector<BoardDrag::Edge> BoardDrag::EdgesAt(std::int32_t ms) const {
   return {start, end};
 }
 
-void BoardDrag::MoveTo(std::int32_t ms, std::int32_t by) {
+void BoardDrag::MoveTo(Ms ms, Ms by) {
   if (before_.empty()) return;
-  const std::int32_t moved = Cut(ms - from_ + by);
+  const Ms moved = Cut(ms - from_ + by);
   const bool starts = hit_.part == BoardPart::Start || hit_.part == BoardPart::Body;
   const bool ends = hit_.part == BoardPart::End || hit_.part == BoardPart::Body;
   for (std::size_t i = 0; i < before_.size(); ++i) {

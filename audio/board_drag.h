@@ -31,19 +31,19 @@ struct MovedCaption {
 class BoardDrag {
  public:
   /// Takes hold of what lies at a time. Of a whole caption the others in `with` go along.
-  BoardDrag(const CaptionList& list, const BoardHit& hit, std::int32_t ms, const RowSet& with);
+  BoardDrag(const CaptionList& list, const BoardHit& hit, Ms ms, const RowSet& with);
 
   /// No caption is drawn shorter than this many ms.
-  void SetLeast(std::int32_t ms) { least_ = ms; }
+  void SetLeast(Ms ms) { least_ = ms; }
 
   /// What the hand would snap to at a time: edges that move, and by how much the nearest place is away from each.
   struct Edge {
     CaptionEdge edge = CaptionEdge::Start;
-    std::int32_t ms = 0;
+    Ms ms = 0;
   };
-  std::vector<Edge> EdgesAt(std::int32_t ms) const;
+  std::vector<Edge> EdgesAt(Ms ms) const;
   /// The hand is at a time; `by` is added where it snaps.
-  void MoveTo(std::int32_t ms, std::int32_t by = 0);
+  void MoveTo(Ms ms, Ms by = 0);
 
   const std::vector<MovedCaption>& Moved() const { return moved_; }
   const BoardHit& Hit() const { return hit_; }
@@ -54,11 +54,11 @@ class BoardDrag {
   void Store(CaptionList& list) const;
 
  private:
-  std::int32_t Cut(std::int32_t by) const;
+  Ms Cut(Ms by) const;
 
   BoardHit hit_;
-  std::int32_t from_ = 0;  ///< where the hand took hold
-  std::int32_t least_ = 40;
+  Ms from_ = 0;  ///< where the hand took hold
+  Ms least_ = 40;
   std::vector<MovedCaption> before_;
   std::vector<MovedCaption> moved_;
 };

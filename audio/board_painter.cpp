@@ -61,7 +61,7 @@ void DrawColumn(const PixelCanvas& canvas, const RowBand& band, int x, std::uint
   }
 }
 
-int PixelOf(const WaveScale& scale, std::int32_t ms) {
+int PixelOf(const WaveScale& scale, Ms ms) {
   return static_cast<int>(std::clamp(std::floor(scale.XOf(ms)), -1.0, scale.Width() + 1.0));
 }
 
@@ -82,11 +82,11 @@ BoardBands BoardBands::For(int height, bool twoLanes, BoardLook look) {
   return bands;
 }
 
-std::int32_t RulerStep(double msAPixel) {
+Ms RulerStep(double msAPixel) {
   constexpr double kLeastPixels = 90;
-  constexpr std::array<std::int32_t, 16> kSteps = {50,    100,   200,   500,    1000,   2000,   5000,    10000,
-                                                   15000, 30000, 60000, 120000, 300000, 600000, 1800000, 3600000};
-  const auto* const step = std::ranges::find_if(kSteps, [&](std::int32_t ms) { return ms / msAPixel >= kLeastPixels; });
+  constexpr std::array<Ms, 16> kSteps = {50,    100,   200,   500,    1000,   2000,   5000,    10000,
+                                         15000, 30000, 60000, 120000, 300000, 600000, 1800000, 3600000};
+  const auto* const step = std::ranges::find_if(kSteps, [&](Ms ms) { return ms.Count() / msAPixel >= kLeastPixels; });
   return step == kSteps.end() ? kSteps.back() : *step;
 }
 
@@ -131,11 +131,11 @@ void BoardPainter::Measure(const BoardScene& scene) {
   const auto height = [&](int sample, int room) {
     return std::clamp(sample * room / std::max(scene.loudest, 1), -room, room);
   };
-  auto from = static_cast<std::int32_t>(std::floor(scene.scale.Left()));
+  Ms from = static_cast<std::int32_t>(std::floor(scene.scale.Left()));
   for (std::size_t x = 0; x < columns_.size(); ++x) {
-    const auto next = static_cast<std::int32_t>(std::floor(scene.scale.MsOf(static_cast<double>(x) + 1)));
-    const std::int32_t to = std::max(next, from + 1);
-    if (from >= scene.peaks.Ms()) return;
+    const Ms next = static_cast<std::int32_t>(std::floor(scene.scale.MsOf(static_cast<double>(x) + 1)));
+    const Ms to = std::max(next, from + 1);
+    if (from >= scene.peaks.Length()) return;
     const WavePeak peak = scene.peaks.Of(from, to);
     Column& column = columns_[x];
     if (scene.bothHalves) {
@@ -154,7 +154,7 @@ void BoardPainter::PaintRuler(const PixelCanvas& canvas, const BoardScene& scene
   Fill(canvas, scene.bands.ruler, {0, canvas.width}, Mix(scene.colors.back, Contrast(scene.colors.back), 14));
   Fill(canvas, scene.bands.captions, {0, canvas.width}, Mix(scene.colors.back, Contrast(scene.colors.back), 7));
   constexpr int kParts = 5;
-  const double part = RulerStep(scene.scale.MsAPixel()) / static_cast<double>(kParts);
+  const double part = RulerStep(scene.scale.MsAPixel()).Count() / static_cast<double>(kParts);
   for (auto i = static_cast<int>(scene.scale.Left() / part); i * part < scene.scale.Right(); ++i) {
     const RowBand& ruler = scene.bands.ruler;
     const int height = i % kParts == 0 ? ruler.Height() : ruler.Height() / 4;
@@ -198,7 +198,7 @@ void BoardPainter::PaintMarks(const PixelCanvas& canvas, const BoardScene& scene
   for (const BoardSpan& span : scene.captions.Overlaps()) {
     Hatch(canvas, sound, CutTo(canvas.width, span.left, span.right), kOverlap);
   }
-  for (const std::int32_t shot : scene.shots) {
+  for (const Ms shot : scene.shots) {
     if (scene.scale.Shows(shot)) DrawColumn(canvas, sound, PixelOf(scene.scale, shot), kShot, 4);
   }
   for (const BoardBlock& block : scene.captions.Blocks()) {
@@ -211,7 +211,7 @@ void BoardPainter::PaintMarks(const PixelCanvas& canvas, const BoardScene& scene
     DrawColumn(canvas, sound, PixelOf(scene.scale, scene.stretch->start), Contrast(scene.colors.back));
     DrawColumn(canvas, sound, PixelOf(scene.scale, scene.stretch->end), Contrast(scene.colors.back));
   }
-  for (const std::int32_t held : scene.held) {
+  for (const Ms held : scene.held) {
     const int x = PixelOf(scene.scale, held);
     for (const int beside : {x - 1, x, x + 1}) DrawColumn(canvas, sound, beside, Contrast(scene.colors.back));
   }

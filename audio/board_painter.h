@@ -10,6 +10,7 @@
 #include "audio/spectrum_painter.h"
 #include "audio/wave_pyramid.h"
 #include "audio/wave_scale.h"
+#include "core/ms.h"
 
 namespace cuewright {
 
@@ -48,13 +49,13 @@ struct BoardScene {
   std::int32_t loudest = 23000;  ///< the sample that fills the height
   bool bothHalves = false;       ///< the wave around its middle; else its upper half
   std::optional<CaptionTimes> stretch{};
-  std::span<const std::int32_t> shots{};
-  std::vector<std::int32_t> held{};    ///< the edges that keys move
-  std::optional<std::int32_t> snap{};  ///< the time that is snapped to
+  std::span<const Ms> shots{};
+  std::vector<Ms> held{};    ///< the edges that keys move
+  std::optional<Ms> snap{};  ///< the time that is snapped to
 };
 
 /// Time between two labels of the ruler for a scale, in ms.
-std::int32_t RulerStep(double msAPixel);
+Ms RulerStep(double msAPixel);
 
 /// Paints pictures of the wave. What is painted costs what its size does, whatever the scale.
 class BoardPainter {

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/ms.h"
+
 namespace cuewright {
 
 /// A time of a caption.
@@ -11,7 +13,7 @@ enum class CaptionEdge : std::uint8_t { Start, End };
 /// What an edge of a caption can snap to.
 enum class SnapKind : std::uint8_t { Caption, Shot, Voice };
 struct SnapPoint {
-  std::int32_t ms = 0;
+  Ms ms = 0;
   SnapKind kind = SnapKind::Caption;
 
   bool operator==(const SnapPoint&) const = default;
@@ -23,14 +25,14 @@ class SnapPoints {
   virtual ~SnapPoints() = default;
 
   /// Appends the places for an edge between two times, in ms, both included.
-  virtual void Find(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const = 0;
+  virtual void Find(CaptionEdge edge, Ms from, Ms to, std::vector<SnapPoint>& found) const = 0;
 };
 
 /// What a house asks of edges near others, in ms.
 struct EdgeRules {
-  std::int32_t leastGap = 0;    ///< between captions
-  std::int32_t shotZone = 0;    ///< an edge this near to a shot belongs to it
-  std::int32_t beforeShot = 0;  ///< how long before the shot a caption ends then
+  Ms leastGap = 0;    ///< between captions
+  Ms shotZone = 0;    ///< an edge this near to a shot belongs to it
+  Ms beforeShot = 0;  ///< how long before the shot a caption ends then
 
   bool operator==(const EdgeRules&) const = default;
 };

@@ -6,9 +6,9 @@
 namespace cuewright {
 namespace {
 
-constexpr std::int32_t kStepMs = 10;
+constexpr Ms kStepMs = 10;
 /// How much sound around a place tells what noise is.
-constexpr std::int32_t kAroundMs = 15000;
+constexpr Ms kAroundMs = 15000;
 /// A pause as short as that is within a word, a sound as short as that is none.
 constexpr std::size_t kShortestPause = 15;
 constexpr std::size_t kShortestVoice = 8;
@@ -66,7 +66,7 @@ std::vector<Run> FindRuns(std::span<const float> levels, const Thresholds& thres
 
 }  // namespace
 
-std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, std::int32_t first) {
+std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, Ms first) {
   Thresholds thresholds;
   if (levels.empty() || !FindThresholds(levels, thresholds)) return {};
   std::vector<VoiceEdge> edges;
@@ -79,7 +79,7 @@ std::vector<VoiceEdge> FindVoiceEdges(std::span<const float> levels, std::int32_
   return edges;
 }
 
-float VoiceSnaps::LevelAt(std::int32_t ms) const {
+float VoiceSnaps::LevelAt(Ms ms) const {
   const auto step = static_cast<std::size_t>(ms / kStepMs);
   if (step < table_.Steps()) {
     // Voices are loudest between about 250 Hz and 5 kHz: a door or a hiss isn't one.
@@ -91,12 +91,12 @@ float VoiceSnaps::LevelAt(std::int32_t ms) const {
   return kDbATenfold * std::log10(static_cast<float>(peak.maximum - peak.minimum) + 1);
 }
 
-void VoiceSnaps::Find(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const {
-  const std::int32_t first = std::max(from - kAroundMs, 0) / kStepMs * kStepMs;
-  const std::int32_t known = std::max(peaks_.Ms(), static_cast<std::int32_t>(table_.Steps()) * kStepMs);
-  const std::int32_t end = std::min(to + kAroundMs, known);
+void VoiceSnaps::Find(CaptionEdge edge, Ms from, Ms to, std::vector<SnapPoint>& found) const {
+  const Ms first = std::max<Ms>(from - kAroundMs, 0) / kStepMs * kStepMs;
+  const Ms known = std::max(peaks_.Length(), static_cast<std::int32_t>(table_.Steps()) * kStepMs);
+  const Ms end = std::min(to + kAroundMs, known);
   std::vector<float> levels;
-  for (std::int32_t ms = first; ms + kStepMs <= end; ms += kStepMs) {
+  for (Ms ms = first; ms + kStepMs <= end; ms += kStepMs) {
     levels.push_back(LevelAt(ms));
   }
   for (const VoiceEdge& voice : FindVoiceEdges(levels, first)) {

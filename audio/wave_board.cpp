@@ -10,9 +10,9 @@
 namespace cuewright {
 namespace {
 
-constexpr std::int32_t kLeadMs = 1000;  ///< what is shown before a caption that comes into view
+constexpr Ms kLeadMs = 1000;  ///< what is shown before a caption that comes into view
 /// A film that goes so far at once was moved.
-constexpr std::int32_t kJumpMs = 500;
+constexpr Ms kJumpMs = 500;
 constexpr double kUsASecond = 1000;
 /// A block narrower than this has no room for words.
 constexpr int kLeastForWords = 26;
@@ -76,8 +76,8 @@ void WaveBoard::Build() {
   if (built_) return;
   built_ = true;
   captions_.Build(scale_, Held());
-  const auto film = static_cast<std::int32_t>(std::clamp(player_.Duration() * 1000, 0.0, 1e9));
-  const std::int32_t length = std::max({film, details_.Peaks().Ms(), captions_.LastEnd()});
+  const Ms film = Ms::Nearest(std::clamp(player_.Duration() * 1000, 0.0, 1e9));
+  const Ms length = std::max({film, details_.Peaks().Length(), captions_.LastEnd()});
   if (length == scale_.Length()) return;
   const double left = scale_.Left();
   scale_.SetLength(length);
@@ -107,26 +107,26 @@ void WaveBoard::Paint(const PixelCanvas& canvas) {
   painter_.Paint(canvas, scene);
 }
 
-std::vector<std::int32_t> WaveBoard::ChosenEdges() const {
+std::vector<Ms> WaveBoard::ChosenEdges() const {
   const CaptionTimes times = {bench_.list.GetCaptionStart(bench_.list.Selected()),
                               bench_.list.GetCaptionEnd(bench_.list.Selected())};
   if (chosen_ == BoardPart::Start) return {times.start};
   if (chosen_ == BoardPart::End) return {times.end};
-  return chosen_ == BoardPart::Body ? std::vector{times.start, times.end} : std::vector<std::int32_t>();
+  return chosen_ == BoardPart::Body ? std::vector{times.start, times.end} : std::vector<Ms>();
 }
 
 std::vector<BoardWord> WaveBoard::Words() {
   Build();
   std::vector<BoardWord> words;
   const BoardBands bands = Bands();
-  const std::int32_t step = RulerStep(scale_.MsAPixel());
-  const auto first = static_cast<std::int32_t>(scale_.Left()) / step * step;
-  for (std::int32_t ms = first; ms < scale_.Right(); ms += step) {
+  const Ms step = RulerStep(scale_.MsAPixel());
+  const Ms first = Ms(static_cast<std::int32_t>(scale_.Left())) / step * step;
+  for (Ms ms = first; ms.Count() < scale_.Right(); ms += step) {
     Text clock = TimeCell(ms, {});
     if (step >= kLeadMs) clock.resize(clock.size() - kMsDigits);
     const int x = static_cast<int>(scale_.XOf(ms));
-    words.push_back({BoardWord::Kind::Time, x + kWordMargin, static_cast<int>(step / scale_.MsAPixel()) - kWordMargin,
-                     bands.ruler, std::move(clock)});
+    words.push_back({BoardWord::Kind::Time, x + kWordMargin,
+                     static_cast<int>(step.Count() / scale_.MsAPixel()) - kWordMargin, bands.ruler, std::move(clock)});
   }
   for (const BoardBlock& block : captions_.Blocks()) {
     const int left = std::max(block.left, 0);
@@ -150,22 +150,22 @@ std::vector<BoardWord> WaveBoard::Words() {
 }
 
 std::optional<int> WaveBoard::PositionX() const {
-  const double ms = sample_.PlayerPosMs();
+  const Ms ms = sample_.PlayerPosMs();
   if (!bench_.document.HasVideo() || !scale_.Shows(ms)) return {};
   return static_cast<int>(scale_.XOf(ms));
 }
 
 void WaveBoard::FollowPosition() {
-  const std::int32_t ms = sample_.PlayerPosMs();
+  const Ms ms = sample_.PlayerPosMs();
   if (!Shown() || ms == shownMs_ || !bench_.document.HasVideo()) return;
-  const std::int32_t before = std::exchange(shownMs_, ms);
+  const Ms before = std::exchange(shownMs_, ms);
   // A hand keeps the page that it works on, and what the user looks up stays while the film stands.
   const bool playing = player_.PlayState() == kPlayerPlaying;
   if (playing && hand_ == Hand::None) {
     const double left = scale_.Left();
     if (bench_.options.waveCentred) {
-      ScrollTo(ms - scale_.MsAPixel() * scale_.Width() / 2);
-    } else if (!scale_.Shows(ms) && (scale_.Shows(before) || std::abs(ms - before) > kJumpMs)) {
+      ScrollTo(ms.Count() - scale_.MsAPixel() * scale_.Width() / 2);
+    } else if (!scale_.Shows(ms) && (scale_.Shows(before) || Abs(ms - before) > kJumpMs)) {
       ScrollTo(ms);
     }
     if (scale_.Left() != left) return;

@@ -14,6 +14,7 @@
 #include "audio/wave_scale.h"
 #include "capture/player_sample.h"
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 
 namespace cuewright {
@@ -90,7 +91,7 @@ class WaveBoard {
   const std::optional<CaptionTimes>& Stretch() const { return stretch_; }
   void ClearStretch();
   /// The nearest place before (behind) a time that an edge snaps to: of a shot, or where a voice begins or ends.
-  std::optional<std::int32_t> NextPoint(CaptionEdge edge, std::int32_t ms, bool back) const;
+  std::optional<Ms> NextPoint(CaptionEdge edge, Ms ms, bool back) const;
 
   // The hands. x and y in pixels of the picture.
   void Press(MouseButton button, int x, int y, BoardHeld held);
@@ -123,32 +124,33 @@ class WaveBoard {
   void Show();
   void Build();
   void ScrollTo(double ms);
+  void ScrollTo(Ms ms) { ScrollTo(static_cast<double>(ms.Count())); }
   BoardBands Bands() const;
-  std::vector<std::int32_t> ChosenEdges() const;
+  std::vector<Ms> ChosenEdges() const;
   void FollowPosition();
   void BringIntoView(Row row);
   void OnSelection();
   void KeepScale();
 
   BoardHit HitAt(int x, int y, BoardHeld held);
-  std::int32_t MsAt(int x) const;
+  Ms MsAt(int x) const;
   void BeginDrag(const BoardHit& hit, bool byRightButton);
   void DragTo(int x, BoardHeld held);
   void EndDrag();
   void StretchTo(int x, BoardHeld held);
-  void SeekTo(std::int32_t ms);
+  void SeekTo(Ms ms);
   void ClickAt(int x);
   bool Cancel();
   struct Snap {
     SnapPoint point;
-    std::int32_t by = 0;
+    Ms by = 0;
   };
   std::optional<Snap> SnapOf(const std::vector<BoardDrag::Edge>& edges) const;
-  void FindCaptionPoints(CaptionEdge edge, std::int32_t from, std::int32_t to, std::vector<SnapPoint>& found) const;
-  std::int32_t ReachOf(SnapKind kind) const;
+  void FindCaptionPoints(CaptionEdge edge, Ms from, Ms to, std::vector<SnapPoint>& found) const;
+  Ms ReachOf(SnapKind kind) const;
 
   void ChooseEdge(bool on);
-  void StepEdge(std::int32_t by);
+  void StepEdge(Ms by);
   void StepToPoint(bool back);
   void StepPosition(bool back, bool stretches);
 
@@ -164,8 +166,8 @@ class WaveBoard {
   BoardPainter painter_;
   VoiceSnaps voices_;
   EdgeRules rules_;
-  Row broughtRow_ = 0;         ///< the caption that was brought into view last
-  std::int32_t shownMs_ = -1;  ///< the position at the last tick
+  Row broughtRow_ = 0;  ///< the caption that was brought into view last
+  Ms shownMs_ = -1;     ///< the position at the last tick
 
   Hand hand_ = Hand::None;
   MouseButton button_ = MouseButton::None;

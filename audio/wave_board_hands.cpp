@@ -12,20 +12,20 @@ namespace {
 
 constexpr int kSlack = 3;       ///< pixels that a hand may move in a click
 constexpr int kSnapPixels = 9;  ///< how near an edge has to come to snap
-constexpr std::int32_t kLeastByRightButton = 90;
-constexpr std::int32_t kLeastStretch = 40;
+constexpr Ms kLeastByRightButton = 90;
+constexpr Ms kLeastStretch = 40;
 constexpr double kPixelsATurn = 120;
 constexpr double kZoomATurn = 1.3;
-constexpr std::int32_t kStepMs = 10;
-constexpr std::int32_t kLongStepMs = 100;
+constexpr Ms kStepMs = 10;
+constexpr Ms kLongStepMs = 100;
 constexpr int kPixelsAStep = 10;
-constexpr std::int32_t kPointsWithinMs = 10000;
+constexpr Ms kPointsWithinMs = 10000;
 
 }  // namespace
 
-std::int32_t WaveBoard::MsAt(int x) const {
-  const double ms = std::clamp(scale_.MsOf(x), 0.0, static_cast<double>(std::max(scale_.Length(), 1)));
-  return static_cast<std::int32_t>(std::lround(ms));
+Ms WaveBoard::MsAt(int x) const {
+  const double ms = std::clamp(scale_.MsOf(x), 0.0, static_cast<double>(std::max<Ms>(scale_.Length(), 1).Count()));
+  return Ms::Nearest(ms);
 }
 
 BoardHit WaveBoard::HitAt(int x, int y, BoardHeld held) {
@@ -96,9 +96,9 @@ void WaveBoard::Move(int x, int /*y*/, BoardHeld held) {
 
 void WaveBoard::DragTo(int x, BoardHeld held) {
   if (!drag_) return;
-  const std::int32_t ms = MsAt(x);
+  const Ms ms = MsAt(x);
   snapped_.reset();
-  std::int32_t by = 0;
+  Ms by = 0;
   const bool free = held.shift || button_ == MouseButton::Right || !bench_.options.waveSnaps;
   if (const auto snap = free ? std::nullopt : SnapOf(drag_->EdgesAt(ms))) {
     snapped_ = snap->point;
@@ -115,7 +115,7 @@ void WaveBoard::StretchTo(int x, BoardHeld held) {
   if (!held.shift && bench_.options.waveSnaps) {
     // The side that the hand is on snaps.
     const CaptionEdge edge = x < pressX_ ? CaptionEdge::Start : CaptionEdge::End;
-    std::int32_t& side = edge == CaptionEdge::Start ? times.start : times.end;
+    Ms& side = edge == CaptionEdge::Start ? times.start : times.end;
     if (const auto snap = SnapOf({{edge, side}})) {
       snapped_ = snap->point;
       side += snap->by;
@@ -152,10 +152,10 @@ void WaveBoard::ClickAt(int x) {
   SeekTo(MsAt(x));
 }
 
-void WaveBoard::SeekTo(std::int32_t ms) {
+void WaveBoard::SeekTo(Ms ms) {
   if (!bench_.document.HasVideo()) return;
   sample_.SetPlayerPosMs(ms);
-  player_.SetCurrentPosition(ms / 1000.0);
+  player_.SetCurrentPosition(ms.Seconds());
   PositionChanged();
 }
 
@@ -182,42 +182,40 @@ void WaveBoard::Pinch(double factor, int x) {
   KeepScale();
 }
 
-std::int32_t WaveBoard::ReachOf(SnapKind kind) const {
-  const auto near = static_cast<std::int32_t>(std::ceil(kSnapPixels * scale_.MsAPixel()));
+Ms WaveBoard::ReachOf(SnapKind kind) const {
+  const Ms near = static_cast<std::int32_t>(std::ceil(kSnapPixels * scale_.MsAPixel()));
   return kind == SnapKind::Shot ? std::max(near, rules_.shotZone) : near;
 }
 
-void WaveBoard::FindCaptionPoints(CaptionEdge edge, std::int32_t from, std::int32_t to,
-                                  std::vector<SnapPoint>& found) const {
+void WaveBoard::FindCaptionPoints(CaptionEdge edge, Ms from, Ms to, std::vector<SnapPoint>& found) const {
   for (const BoardBlock& block : captions_.Blocks()) {
     if (drag_ && drag_->Holds(block.row)) continue;
     // An end comes before the caption behind it, with the gap that the house wants.
-    const std::int32_t ms =
-        edge == CaptionEdge::Start ? block.times.end + rules_.leastGap : block.times.start - rules_.leastGap;
+    const Ms ms = edge == CaptionEdge::Start ? block.times.end + rules_.leastGap : block.times.start - rules_.leastGap;
     if (ms >= from && ms <= to) found.push_back({ms, SnapKind::Caption});
   }
 }
 
 std::optional<WaveBoard::Snap> WaveBoard::SnapOf(const std::vector<BoardDrag::Edge>& edges) const {
   std::optional<Snap> nearest;
-  const std::int32_t reach = ReachOf(SnapKind::Shot);
+  const Ms reach = ReachOf(SnapKind::Shot);
   for (const BoardDrag::Edge& edge : edges) {
     std::vector<SnapPoint> points;
     FindCaptionPoints(edge.edge, edge.ms - reach, edge.ms + reach, points);
     shots.Find(edge.edge, edge.ms - reach, edge.ms + reach, points);
     voices_.Find(edge.edge, edge.ms - reach, edge.ms + reach, points);
     for (const SnapPoint& point : points) {
-      const std::int32_t by = point.ms - edge.ms;
-      if (std::abs(by) > ReachOf(point.kind)) continue;
-      if (!nearest || std::abs(by) < std::abs(nearest->by)) nearest = Snap{point, by};
+      const Ms by = point.ms - edge.ms;
+      if (Abs(by) > ReachOf(point.kind)) continue;
+      if (!nearest || Abs(by) < Abs(nearest->by)) nearest = Snap{point, by};
     }
   }
   return nearest;
 }
 
-std::optional<std::int32_t> WaveBoard::NextPoint(CaptionEdge edge, std::int32_t ms, bool back) const {
-  const std::int32_t from = back ? ms - kPointsWithinMs : ms + 1;
-  const std::int32_t to = back ? ms - 1 : ms + kPointsWithinMs;
+std::optional<Ms> WaveBoard::NextPoint(CaptionEdge edge, Ms ms, bool back) const {
+  const Ms from = back ? ms - kPointsWithinMs : ms + 1;
+  const Ms to = back ? ms - 1 : ms + kPointsWithinMs;
   std::vector<SnapPoint> points;
   shots.Find(edge, from, to, points);
   voices_.Find(edge, from, to, points);
@@ -237,7 +235,7 @@ bool WaveBoard::Press(BoardKey key, BoardHeld held) {
       } else if (held.control) {
         StepToPoint(back);
       } else {
-        const std::int32_t by = held.shift ? kLongStepMs : kStepMs;
+        const Ms by = held.shift ? kLongStepMs : kStepMs;
         StepEdge(back ? -by : by);
       }
       return true;
@@ -279,7 +277,7 @@ void WaveBoard::ChooseEdge(bool on) {
   SpokenChanged();
 }
 
-void WaveBoard::StepEdge(std::int32_t by) {
+void WaveBoard::StepEdge(Ms by) {
   const Row row = bench_.list.Selected();
   if (!bench_.list.IsCaptionTimed(row) || hand_ != Hand::None) return;
   BoardDrag drag(bench_.list, {chosen_, row, 0}, 0, RowSet(row));
@@ -296,24 +294,24 @@ void WaveBoard::StepToPoint(bool back) {
   const Row row = bench_.list.Selected();
   const CaptionTimes times = bench_.list.TimesAt(row);
   const CaptionEdge edge = chosen_ == BoardPart::End ? CaptionEdge::End : CaptionEdge::Start;
-  const std::int32_t ms = edge == CaptionEdge::End ? times.end : times.start;
+  const Ms ms = edge == CaptionEdge::End ? times.end : times.start;
   if (const auto point = NextPoint(edge, ms, back)) StepEdge(*point - ms);
 }
 
 void WaveBoard::StepPosition(bool back, bool stretches) {
   Build();
-  const auto by = static_cast<std::int32_t>(std::lround(kPixelsAStep * scale_.MsAPixel()));
-  const std::int32_t from = sample_.PlayerPosMs();
-  const std::int32_t to = std::clamp(from + (back ? -by : by), 0, scale_.Length());
+  const Ms by = Ms::Nearest(kPixelsAStep * scale_.MsAPixel());
+  const Ms from = sample_.PlayerPosMs();
+  const Ms to = std::clamp<Ms>(from + (back ? -by : by), 0, scale_.Length());
   if (stretches) {
     // The side of the stretch that the position stands at goes with it.
     if (!stretch_ || (stretch_->start != from && stretch_->end != from)) stretch_ = CaptionTimes{from, from};
-    const std::int32_t other = stretch_->start == from ? stretch_->end : stretch_->start;
+    const Ms other = stretch_->start == from ? stretch_->end : stretch_->start;
     stretch_ = CaptionTimes{std::min(to, other), std::max(to, other)};
     SpokenChanged();
   }
   SeekTo(to);
-  if (!scale_.Shows(to)) ScrollTo(to - scale_.MsAPixel() * scale_.Width() / 2);
+  if (!scale_.Shows(to)) ScrollTo(to.Count() - scale_.MsAPixel() * scale_.Width() / 2);
   Show();
 }
 

@@ -123,7 +123,7 @@ void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
     if (frame_ < msEnd_) return;
     // Of a sound with few samples one of them lasts for several ms.
     const std::uint64_t whole = frame_ * kMsASecond / rate_;
-    auto ms = static_cast<std::uint64_t>(peaks_.Ms());
+    auto ms = static_cast<std::uint64_t>(peaks_.Length().Count());
     for (; ms < whole; ++ms) peaks_.Append(peak_);
     begun_ = false;
     msEnd_ = ((ms + 1) * rate_ + kMsASecond - 1) / kMsASecond;

@@ -21,7 +21,7 @@ WaveDetails::WaveDetails(MainWindow& window, Files& files) : window_(window), fi
 
 void WaveDetails::Open(TextView path) {
   const bool same = path == path_;
-  if (same && (reader_.Open() || peaks_.Ms() > 0)) return;
+  if (same && (reader_.Open() || peaks_.Length() > 0)) return;
   growing_ = false;
   BeginFile(path);
   if (!same) {

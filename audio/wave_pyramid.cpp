@@ -30,9 +30,9 @@ void WavePyramid::Append(const WavePeak& peak) {
   }
 }
 
-WavePeak WavePyramid::Of(std::int32_t from, std::int32_t to) const {
-  auto at = static_cast<std::size_t>(std::max(from, 0));
-  const auto end = static_cast<std::size_t>(std::clamp(to, 0, Ms()));
+WavePeak WavePyramid::Of(Ms from, Ms to) const {
+  auto at = static_cast<std::size_t>(std::max<Ms>(from, 0).Count());
+  const auto end = static_cast<std::size_t>(std::clamp<Ms>(to, 0, Length()).Count());
   if (at >= end) return {};
   WavePeak peak = levels_[0][at];
   while (at < end) {

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/ms.h"
+
 namespace cuewright {
 
 /// The largest and the smallest sample of a stretch of sound.
@@ -24,9 +26,9 @@ class WavePyramid {
   void Append(const WavePeak& peak);
 
   /// Length of what is there.
-  std::int32_t Ms() const { return static_cast<std::int32_t>(levels_[0].size()); }
+  Ms Length() const { return static_cast<std::int32_t>(levels_[0].size()); }
   /// The peak from one ms up to, not with, another; zeros where there is nothing.
-  WavePeak Of(std::int32_t from, std::int32_t to) const;
+  WavePeak Of(Ms from, Ms to) const;
 
  private:
   static constexpr std::size_t kLevels = 8;

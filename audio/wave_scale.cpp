@@ -10,8 +10,8 @@ void WaveScale::SetWidth(int pixels) {
   Settle();
 }
 
-void WaveScale::SetLength(std::int32_t ms) {
-  length_ = std::max(ms, 0);
+void WaveScale::SetLength(Ms ms) {
+  length_ = std::max<Ms>(ms, 0);
   Settle();
 }
 
@@ -28,7 +28,7 @@ void WaveScale::ShowFrom(double ms) {
 }
 
 void WaveScale::Settle() {
-  const double last = std::max(length_ - width_ * msAPixel_, 0.0);
+  const double last = std::max(length_.Count() - width_ * msAPixel_, 0.0);
   left_ = std::round(std::clamp(left_, 0.0, last) / msAPixel_) * msAPixel_;
 }
 

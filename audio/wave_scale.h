@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "core/ms.h"
+
 namespace cuewright {
 
 /// What stretch of a film a picture of the wave shows: the time of its left edge and how long a pixel is. The left edge
@@ -14,15 +16,17 @@ class WaveScale {
   int Width() const { return width_; }
   void SetWidth(int pixels);
   /// How long the film is; what lies behind its end isn't scrolled to.
-  void SetLength(std::int32_t ms);
-  std::int32_t Length() const { return length_; }
+  void SetLength(Ms ms);
+  Ms Length() const { return length_; }
 
   double MsAPixel() const { return msAPixel_; }
   double Left() const { return left_; }
   double Right() const { return left_ + width_ * msAPixel_; }
   double XOf(double ms) const { return (ms - left_) / msAPixel_; }
+  double XOf(Ms ms) const { return XOf(static_cast<double>(ms.Count())); }
   double MsOf(double x) const { return left_ + x * msAPixel_; }
   bool Shows(double ms) const { return ms >= left_ && ms < Right(); }
+  bool Shows(Ms ms) const { return Shows(static_cast<double>(ms.Count())); }
 
   /// Pixels of another length, cut to what there is; the time at `x` stays where it is as nearly as that can be.
   void SetMsAPixel(double ms, double x);
@@ -33,7 +37,7 @@ class WaveScale {
   void Settle();
 
   int width_ = 1;
-  std::int32_t length_ = 0;
+  Ms length_ = 0;
   double msAPixel_ = 10;
   double left_ = 0;
 };

@@ -47,8 +47,7 @@ Problem AddPoint(Request& request, const std::string& value) {
   const std::size_t equals = value.find('=');
   const std::string_view all = value;
   const std::optional<std::int32_t> row = WholeNumber(all.substr(0, equals));
-  const std::optional<std::int32_t> ms =
-      equals == std::string::npos ? std::nullopt : WholeNumber(all.substr(equals + 1));
+  const std::optional<Ms> ms = equals == std::string::npos ? std::nullopt : WholeNumber(all.substr(equals + 1));
   if (!row || *row < 1 || !ms) {
     return "--point takes a caption's number and its new start in milliseconds, such as 12=65000, not " + Quoted(value);
   }

@@ -20,15 +20,15 @@ std::string AsNumber(double number) {
 }
 
 std::string AsLine(Row row, const AlignedLine& line) {
-  return std::to_string(row) + '\t' + std::to_string(line.start) + '\t' + std::to_string(line.end) + '\t' +
-         AsNumber(line.confidence) + '\t' + (line.doubtful ? "doubtful" : "sure") + '\n';
+  return std::to_string(row) + '\t' + std::to_string(line.start.Count()) + '\t' + std::to_string(line.end.Count()) +
+         '\t' + AsNumber(line.confidence) + '\t' + (line.doubtful ? "doubtful" : "sure") + '\n';
 }
 
 std::string AsJson(Row row, const AlignedLine& line) {
   return JsonObject()
       .Add("row", row)
-      .Add("start", line.start)
-      .Add("end", line.end)
+      .Add("start", line.start.Count())
+      .Add("end", line.end.Count())
       .AddRaw("confidence", AsNumber(line.confidence))
       .Add("doubtful", line.doubtful)
       .Line();

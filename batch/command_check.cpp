@@ -58,9 +58,9 @@ std::string AsJson(const HouseRules& rules) {
       .Add("date", rules.date)
       .Add("source", rules.source)
       .AddRaw("fps", ToUtf8(rules.rate.AsText()))
-      .Add("min_duration", ms(rules.minDuration))
-      .Add("max_duration", ms(rules.maxDuration))
-      .Add("min_gap", ms(rules.minGap))
+      .Add("min_duration", ms(rules.minDuration).Count())
+      .Add("max_duration", ms(rules.maxDuration).Count())
+      .Add("min_gap", ms(rules.minGap).Count())
       .AddRaw("cps", AsNumber(rules.charactersASecond))
       .AddRaw("wpm", AsNumber(rules.wordsAMinute))
       .Add("line_length", rules.charactersALine)
@@ -72,7 +72,7 @@ std::string AsJson(const HouseRules& rules) {
 /// What the captions are held against beside the rules.
 struct Film {
   FrameRate rate;  ///< none: the profile's stands
-  std::vector<std::int32_t> shots;
+  std::vector<Ms> shots;
 };
 
 /// The film of the call; false, after telling why, when it can't be read.
@@ -88,7 +88,7 @@ bool ReadFilm(const Request& request, const HouseRules& rules, Session& session,
     reading = MeasureFilm(processes, *request.film, measurer, [](std::size_t) { return true; });
     for (const Shot& shot : FindShots(measurer.Measures())) {
       // The end of a fade is at no picture that could be told.
-      if (shot.kind == ShotKind::Cut) film.shots.push_back(shot.Ms());
+      if (shot.kind == ShotKind::Cut) film.shots.push_back(shot.At());
     }
   }
   if (!reading.problem.empty()) session.Boxes().Tell(*request.film + u": " + FromUtf8(reading.problem));

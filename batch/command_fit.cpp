@@ -78,10 +78,10 @@ void PrintRows(const FitResult& result, const std::vector<HeldCaption>& held, Co
     const FittedCaption& fitted = result.captions[place];
     console.Out(JsonObject()
                     .Add("row", static_cast<Row>(place + 1))
-                    .Add("start", fitted.start)
-                    .Add("end", fitted.end)
-                    .Add("old_start", held[place].start)
-                    .Add("old_end", held[place].end)
+                    .Add("start", fitted.start.Count())
+                    .Add("end", fitted.end.Count())
+                    .Add("old_start", held[place].start.Count())
+                    .Add("old_end", held[place].end.Count())
                     .AddRaw("confidence", Hundredths(fitted.Confidence()))
                     .Line());
   }

@@ -35,10 +35,10 @@ struct RetimeChoice {
   /// A caption and the time at which it is to begin.
   struct Point {
     Row row = 0;
-    std::int32_t ms = 0;
+    Ms ms = 0;
   };
 
-  std::optional<std::int32_t> shift;
+  std::optional<Ms> shift;
   std::optional<SpeedRatio> speed;
   FrameRate fpsFrom;  ///< this and the next are one way
   FrameRate fpsTo;

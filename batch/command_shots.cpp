@@ -10,11 +10,12 @@ namespace {
 TextView KindName(ShotKind kind) { return kind == ShotKind::Cut ? u"cut" : u"fade"; }
 
 std::string AsLine(const Shot& shot) {
-  return std::to_string(shot.frame) + '\t' + std::to_string(shot.Ms()) + '\t' + ToUtf8(KindName(shot.kind)) + '\n';
+  return std::to_string(shot.frame) + '\t' + std::to_string(shot.At().Count()) + '\t' + ToUtf8(KindName(shot.kind)) +
+         '\n';
 }
 
 std::string AsJson(const Shot& shot) {
-  return JsonObject().Add("frame", shot.frame).Add("ms", shot.Ms()).Add("kind", KindName(shot.kind)).Line();
+  return JsonObject().Add("frame", shot.frame).Add("ms", shot.At().Count()).Add("kind", KindName(shot.kind)).Line();
 }
 
 }  // namespace

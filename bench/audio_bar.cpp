@@ -83,7 +83,7 @@ void PaintPages(benchmark::State& state, AudioBar& audioBar) {
 
 void TickWithoutPageTurn(benchmark::State& state, Program& program) {
   program.audioBar.DrawWave(0);
-  std::int32_t ms = 0;
+  Ms ms = 0;
   for (auto _ : state) {
     ms = (ms + 20) % 19000;
     program.sample.SetPlayerPosMs(ms);
@@ -97,7 +97,7 @@ class LongBoard {
   explicit LongBoard(Program& program) : picture_(3840, 220, QImage::Format_RGB32) {
     std::vector<Caption> captions;
     for (int i = 0; i < 32000; ++i) {
-      const std::int32_t start = 1 + i * 168;
+      const Ms start = 1 + i * 168;
       captions.push_back({start, start + (i % 50 == 0 ? 200 : 150), u"A caption of some words"});
     }
     program.list.Replace(1, program.list.Rows() - 1, std::move(captions));

@@ -29,18 +29,17 @@ std::int64_t FramesASecond(const FrameRate& rate) {
 bool InFrames(const TimesShown& shown) { return shown.form == TimeForm::Frames && shown.rate.IsUsual(); }
 
 std::int64_t FramesOf(std::int64_t ms, const TimesShown& shown) {
-  return shown.rate.FramesOfMs(
-      static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max())));
+  return shown.rate.FramesOfMs(Ms::Within(ms, 0, Ms::Latest()));
 }
 
 Text DurationCell(const CaptionTimes& times, const TimesShown& shown) {
-  return times.end == 0 ? Text() : LengthCell(std::int64_t{times.end} - times.start, shown);
+  return times.end == 0 ? Text() : LengthCell(Span(times.start, times.end), shown);
 }
 
 /// From the end of a caption to the start of the next one.
 Text GapCell(const CellTimes& times, const TimesShown& shown) {
   if (times.own.end == 0 || times.next.start <= 0) return {};
-  return LengthCell(std::int64_t{times.next.start} - times.own.end, shown);
+  return LengthCell(Span(times.own.end, times.next.start), shown);
 }
 
 Text SpeedCell(const CaptionList& list, Row row, const CaptionTimes& times) {
@@ -52,10 +51,10 @@ Text SpeedCell(const CaptionList& list, Row row, const CaptionTimes& times) {
 
 }  // namespace
 
-Text TimeCell(std::int32_t ms, const TimesShown& shown) {
-  if (shown.form == TimeForm::Milliseconds) return Decimal(ms);
+Text TimeCell(Ms ms, const TimesShown& shown) {
+  if (shown.form == TimeForm::Milliseconds) return Decimal(ms.Count());
   const Text sign = ms < 0 ? u"-" : u"";
-  const std::int64_t size = std::abs(std::int64_t{ms});
+  const std::int64_t size = std::abs(ms.Wide());
   if (!InFrames(shown)) return sign + ClockOf(size / kMsASecond) + u"." + Padded(size % kMsASecond, 3);
   const std::int64_t frames = FramesOf(size, shown);
   const std::int64_t second = FramesASecond(shown.rate);
@@ -114,7 +113,7 @@ double ReadingSpeed(const CaptionList& list, Row row, const CaptionTimes& times)
   if (times.end <= times.start) return 0;
   // Line ends have no width, so they count for nothing.
   const int length = VisibleLength(list.GetSeenText(row, true), false);
-  return length * 1000.0 / (static_cast<double>(times.end) - times.start);
+  return length * 1000.0 / static_cast<double>(Span(times.start, times.end));
 }
 
 }  // namespace cuewright

@@ -23,7 +23,7 @@ struct TimesShown {
 };
 
 /// A time of the film: "1:02:03.456", "3723456" or "1:02:03:11".
-Text TimeCell(std::int32_t ms, const TimesShown& shown);
+Text TimeCell(Ms ms, const TimesShown& shown);
 /// A stretch of time: "1.250", "1250" or "30".
 Text LengthCell(std::int64_t ms, const TimesShown& shown);
 

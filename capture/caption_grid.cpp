@@ -9,8 +9,8 @@ namespace cuewright {
 namespace {
 
 /// Seconds with their tenths: "6.5", "9".
-Text Seconds(std::int32_t ms) {
-  const std::int64_t tenths = (std::int64_t{ms} + 50) / 100;
+Text Seconds(Ms ms) {
+  const std::int64_t tenths = (ms.Wide() + 50) / 100;
   return tenths % 10 == 0 ? Decimal(tenths / 10) : Decimal(tenths / 10) + u"." + Decimal(tenths % 10);
 }
 

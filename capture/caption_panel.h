@@ -43,8 +43,8 @@ class CaptionPanel {
   CaptionGrid& grid_;
   const LangStrings& strings_;
   SeenText pane_;  // what the pane shows, while it hides marks
-  std::int32_t shownStart_ = 0;
-  std::int32_t shownEnd_ = 0;
+  Ms shownStart_ = 0;
+  Ms shownEnd_ = 0;
 };
 
 }  // namespace cuewright

@@ -14,7 +14,7 @@ class FilmRow {
   explicit FilmRow(CaptionList& list);
 
   /// The first row whose caption has begun and not ended at a position in ms; 0 for none.
-  Row RowAt(std::int32_t ms);
+  Row RowAt(Ms ms);
 
  private:
   /// From `from` on, and before `to`, it is this row.
@@ -23,7 +23,7 @@ class FilmRow {
     std::int64_t from = 0;
     std::int64_t to = 0;
   };
-  Known Find(std::int32_t ms) const;
+  Known Find(Ms ms) const;
 
   CaptionList& list_;
   Connection spliced_;

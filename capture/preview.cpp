@@ -106,8 +106,8 @@ void Preview::Tick() {
   // The position also goes back without a seek: by a stop, at the end of the film, with another film.
   if (sample_.PlayerPosMs() < tickedMs_) GetPreviewCap();
   tickedMs_ = sample_.PlayerPosMs();
-  const std::int32_t start = bench_.list.GetCaptionStart(previewNextRow_);
-  const std::int32_t end = bench_.list.GetCaptionEnd(previewNextRow_);
+  const Ms start = bench_.list.GetCaptionStart(previewNextRow_);
+  const Ms end = bench_.list.GetCaptionEnd(previewNextRow_);
   if (sample_.PlayerPosMs() < start || sample_.PlayerPosMs() > end) {
     followDue_ = false;
     if (!sub_.lblSub.GetText().empty()) {

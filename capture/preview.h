@@ -7,6 +7,7 @@
 #include "capture/preview_index.h"
 #include "capture/sub_window.h"
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 #include "core/runtime_error.h"
 
@@ -71,7 +72,7 @@ class Preview {
   Row previewRow_ = 0;
   Row previewNextRow_ = 0;
   bool followDue_ = false;
-  std::int32_t tickedMs_ = 0;  // the position at the last tick
+  Ms tickedMs_ = 0;  // the position at the last tick
 };
 
 }  // namespace cuewright

@@ -30,7 +30,7 @@ class FreePlaces {
 PreviewIndex::PreviewIndex(CaptionList& list)
     : list_(list), spliced_(list.Spliced.ConnectScoped([this](const Splice& splice) { OnSplice(splice); })) {}
 
-Row PreviewIndex::RowAt(std::int32_t ms) {
+Row PreviewIndex::RowAt(Ms ms) {
   if (!built_) Build();
   if (!timed_) return 0;
   if (ms < list_.GetCaptionEnd(1)) return 1;

@@ -16,7 +16,7 @@ class PreviewIndex {
   /// The row whose span is to be watched at a position in ms: 1 before the end of the first caption, else the row
   /// behind the first timed one at or behind whose end, and not behind whose successor's end, the position lies. 0 when
   /// there is none. The last caption of the list is never looked at for its successor.
-  Row RowAt(std::int32_t ms);
+  Row RowAt(Ms ms);
 
  private:
   void OnSplice(const Splice& splice);
@@ -26,7 +26,7 @@ class PreviewIndex {
   Connection spliced_;
   bool built_ = false;
   bool timed_ = false;              // some caption but the last is timed
-  std::vector<std::int32_t> ends_;  // all different ends, rising
+  std::vector<Ms> ends_;            // all different ends, rising
   std::vector<std::int16_t> rows_;  // for each end, and for the times between it and the next
 };
 

@@ -14,7 +14,7 @@ bool IsAtRest(int state) { return state == kPlayerPaused || state == kPlayerStop
 StretchPlayer::StretchPlayer(Player& player, Timer& timer) : player_(player), timer_(timer) {
   timer_.Tick.Connect([this] { Tick(); });
   seeks_ = player_.PositionChange.ConnectScoped([this](double, double to) {
-    const bool own = stretch_ && std::llround(to * 1000) == stretch_->from;
+    const bool own = stretch_ && Ms::OfSeconds(to) == stretch_->from;
     if (!seeking_ && !own) Leave();
   });
   states_ = player_.PlayStateChange.ConnectScoped([this](int state) {
@@ -22,9 +22,9 @@ StretchPlayer::StretchPlayer(Player& player, Timer& timer) : player_(player), ti
   });
 }
 
-void StretchPlayer::Play(std::int32_t from, std::int32_t to) {
+void StretchPlayer::Play(Ms from, Ms to) {
   Leave();
-  from = std::max(from, 0);
+  from = std::max<Ms>(from, 0);
   if (to <= from) return;
   stretch_ = {from, to};
   Begin();
@@ -33,7 +33,7 @@ void StretchPlayer::Play(std::int32_t from, std::int32_t to) {
 
 void StretchPlayer::Begin() {
   seeking_ = true;
-  player_.SetCurrentPosition(stretch_->from / 1000.0);
+  player_.SetCurrentPosition(stretch_->from.Seconds());
   player_.Play();
   seeking_ = false;
 }
@@ -44,7 +44,7 @@ void StretchPlayer::Leave() {
 }
 
 void StretchPlayer::Tick() {
-  if (!stretch_ || player_.CurrentPosition() * 1000 < stretch_->to) return;
+  if (!stretch_ || player_.CurrentPosition() < stretch_->to.Seconds()) return;
   if (repeats_) return Begin();
   Leave();
   player_.Pause();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/ms.h"
 #include "core/ports/player.h"
 #include "form/controls.h"
 
@@ -16,7 +17,7 @@ class StretchPlayer {
   StretchPlayer(Player& player, Timer& timer);
 
   /// Seeks to `from` and plays up to `to`, in ms; nothing for an empty stretch.
-  void Play(std::int32_t from, std::int32_t to);
+  void Play(Ms from, Ms to);
   /// Stretches begin again at their end.
   bool Repeats() const { return repeats_; }
   void SetRepeats(bool repeats) { repeats_ = repeats; }
@@ -26,8 +27,8 @@ class StretchPlayer {
 
  private:
   struct Stretch {
-    std::int32_t from = 0;
-    std::int32_t to = 0;
+    Ms from = 0;
+    Ms to = 0;
   };
   void Tick();
   void Begin();

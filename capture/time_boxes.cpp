@@ -127,9 +127,9 @@ void TimeBoxes::Commit() {
   Check(1);
   const EditScope scope(list_, EditKind::SetTimes);
   const Row row = list_.Selected();
-  const std::int32_t start = TimeTextToMs(window_.txtTime[0].GetText());
+  const Ms start = TimeTextToMs(window_.txtTime[0].GetText());
   list_.SetCaptionStart(row, start, false);
-  std::int32_t duration = TimeTextToMs(window_.txtTime[1].GetText());
+  Ms duration = TimeTextToMs(window_.txtTime[1].GetText());
   if (duration < 1) {
     // Without a best duration, for a text too long for one, the end stays as it is.
     CarryOn step;

@@ -58,7 +58,7 @@ void TimingCapture::WireButtons() {
 void TimingCapture::SamplePosition() {
   CarryOn step;
   step([&] { sample_.SetPlayerPosMs(RoundToInt32(player_.CurrentPosition() * 1000)); });
-  bench_.window.lblTime.SetText(Decimal(PlayerPosMs()));
+  bench_.window.lblTime.SetText(Decimal(PlayerPosMs().Count()));
   const TextView shown = bench_.window.lblTime.GetText();
   const TextView digits = shown.size() > 3 ? shown.substr(shown.size() - 3) : shown;
   bench_.window.lblStringPos.SetText(player_.CurrentPositionString() + u"." + Text(digits));
@@ -70,10 +70,10 @@ void TimingCapture::ClearPosition() {
   sample_.SetPlayerPosMs(0);
 }
 
-std::optional<std::int32_t> TimingCapture::PositionOfInput() const {
+std::optional<Ms> TimingCapture::PositionOfInput() const {
   if (!bench_.options.manner.CountsAtTheInstant() || !bench_.window.inputInstant) return std::nullopt;
   if (!Playing() && player_.PlayState() != kPlayerPaused) return std::nullopt;
-  std::optional<std::int32_t> position;
+  std::optional<Ms> position;
   CarryOn step;
   step([&] { position = RoundToInt32(player_.PositionAt(*bench_.window.inputInstant) * 1000); });
   return position;
@@ -81,7 +81,7 @@ std::optional<std::int32_t> TimingCapture::PositionOfInput() const {
 
 // The label and not the sample decides: a caption ends at the time that the user has seen, while the Audio bar sets the
 // sample to where a seek goes before the film is there.
-std::int32_t TimingCapture::ShownPosition() const {
+Ms TimingCapture::ShownPosition() const {
   return static_cast<std::int32_t>(LeadingNumber(bench_.window.lblTime.GetText()));
 }
 
@@ -100,9 +100,9 @@ void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   const EditScope scope(bench_.list, EditKind::Capture, ++captureNumber_);
 
   const bool limit = LimitActive(bench_.options);
-  const std::int32_t position = PositionOfInput().value_or(PlayerPosMs());
+  const Ms position = PositionOfInput().value_or(PlayerPosMs());
   const bool joins = bench_.options.autoJoin != 0 && priorCaptionEnd_ && position > *priorCaptionEnd_ &&
-                     std::int64_t{position} - *priorCaptionEnd_ < bench_.options.nearMs;
+                     Span(*priorCaptionEnd_, position) < bench_.options.nearMs;
   captureStartMs_ = joins ? *priorCaptionEnd_ : position;
   // The time is stored before anything is drawn: nothing stands between the press and the list.
   bench_.list.SetCaptionStart(captureRow_, captureStartMs_, false);
@@ -127,7 +127,7 @@ void TimingCapture::ShowDuration() {
   if (!bench_.options.manner.ShowsTrueDuration()) return;
   CarryOn step;
   step([&] {
-    const std::int32_t duration = bench_.list.GetCaptionEnd(captureRow_) - bench_.list.GetCaptionStart(captureRow_);
+    const Ms duration = bench_.list.GetCaptionEnd(captureRow_) - bench_.list.GetCaptionStart(captureRow_);
     bench_.window.txtTime[1].SetText(MsToTimeText(duration));
   });
 }
@@ -151,7 +151,7 @@ void TimingCapture::AbandonCapture() {
 
 void TimingCapture::EndCaption() { EndAt(PositionOfInput().value_or(ShownPosition())); }
 
-void TimingCapture::EndAt(std::int32_t end) {
+void TimingCapture::EndAt(Ms end) {
   const EditScope scope(bench_.list, EditKind::Capture, captureNumber_);
   LeaveCapture();
   priorCaptionEnd_ = end;
@@ -306,7 +306,7 @@ bool TimingCapture::RunRowKey(int code) {
   const Row selected = bench_.list.Selected();
   const auto seekIfTimed = [&](Row row) {
     MoveTo(row);
-    if (bench_.list.IsCaptionTimed(row)) player_.SetCurrentPosition(bench_.list.GetCaptionStart(row) / 1000.0);
+    if (bench_.list.IsCaptionTimed(row)) player_.SetCurrentPosition(bench_.list.GetCaptionStart(row).Seconds());
   };
   if (code == bench_.options.previousKey) {
     if (selected >= 2) seekIfTimed(selected - 1);
@@ -331,7 +331,7 @@ bool TimingCapture::RunSeekKey(int code) {
 
 void TimingCapture::SeekToCaption(Row row, SeekTo place) {
   if (!CanSeek() || !bench_.list.IsCaptionTimed(row)) return;
-  player_.SetCurrentPosition(bench_.list.GetCaptionStart(row) / 1000.0 +
+  player_.SetCurrentPosition(bench_.list.GetCaptionStart(row).Seconds() +
                              (place == SeekTo::JustBehindStart ? kNudgeSeconds : 0));
 }
 

@@ -6,6 +6,7 @@
 #include "capture/player_sample.h"
 #include "capture/preview.h"
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 
 namespace cuewright {
@@ -22,8 +23,8 @@ class TimingCapture {
   CaptionMode Mode() const { return mode_; }
   bool Capturing() const { return capturing_; }
   /// End of the caption captured or limited last in this document; empty when there is none.
-  std::optional<std::int32_t> PriorCaptionEnd() const { return priorCaptionEnd_; }
-  std::int32_t PlayerPosMs() const { return sample_.PlayerPosMs(); }
+  std::optional<Ms> PriorCaptionEnd() const { return priorCaptionEnd_; }
+  Ms PlayerPosMs() const { return sample_.PlayerPosMs(); }
 
   /// The text pane has the keyboard: shortcuts are off.
   bool TextFocus() const { return textFocus_; }
@@ -75,9 +76,9 @@ class TimingCapture {
   };
 
   /// Where the film was when the key or button went that is being handled; empty where it is the last sample's.
-  std::optional<std::int32_t> PositionOfInput() const;
-  std::int32_t ShownPosition() const;
-  void EndAt(std::int32_t end);
+  std::optional<Ms> PositionOfInput() const;
+  Ms ShownPosition() const;
+  void EndAt(Ms end);
   void ShowDuration();
   void LeaveCapture();
   void BeginHold(Hold hold);
@@ -103,8 +104,8 @@ class TimingCapture {
   bool capturing_ = false;
   std::uint64_t captureNumber_ = 0;  ///< of the capture that runs, or ran last
   Row captureRow_ = 1;
-  std::int32_t captureStartMs_ = 0;
-  std::optional<std::int32_t> priorCaptionEnd_;
+  Ms captureStartMs_ = 0;
+  std::optional<Ms> priorCaptionEnd_;
   bool textFocus_ = false;
   std::optional<Hold> hold_;
 };

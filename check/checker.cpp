@@ -57,7 +57,7 @@ TextView FirstWord(TextView line) {
 
 std::string_view RuleName(CheckRule rule) { return kNames.at(static_cast<std::size_t>(rule)); }
 
-Checker::Checker(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots)
+Checker::Checker(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots)
     : rules_(rules),
       rate_(rate ? rate : rules.rate),
       shots_(std::move(shots)),
@@ -103,27 +103,26 @@ void Checker::Add(CheckRule rule, double value, double limit) {
 void Checker::CheckTimes(const CaptionList& list, Row row) {
   const Caption& caption = list.At(row);
   if (!IsTimed(caption)) return;
-  const std::int64_t duration = std::int64_t{caption.end} - caption.start;
+  const std::int64_t duration = Span(caption.start, caption.end);
   // A time in the file is right to half a frame: a duration that is the least one in frames is long enough.
-  const bool tooShort =
-      duration < minDuration_ &&
-      rate_.FramesOfMs(static_cast<std::int32_t>(std::max<std::int64_t>(duration, 0))) < rate_.FramesOfMs(minDuration_);
-  if (minDuration_ != 0 && tooShort) Add(CheckRule::MinDuration, static_cast<double>(duration), minDuration_);
-  if (maxDuration_ != 0 && duration > maxDuration_) {
-    Add(CheckRule::MaxDuration, static_cast<double>(duration), maxDuration_);
+  const bool tooShort = duration < minDuration_.Wide() &&
+                        rate_.FramesOfMs(Ms::Within(duration, 0, Ms::Latest())) < rate_.FramesOfMs(minDuration_);
+  if (minDuration_ != 0 && tooShort) Add(CheckRule::MinDuration, static_cast<double>(duration), minDuration_.Count());
+  if (maxDuration_ != 0 && duration > maxDuration_.Wide()) {
+    Add(CheckRule::MaxDuration, static_cast<double>(duration), maxDuration_.Count());
   }
   if (row > 1 && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
 }
 
 /// The gap in front of a caption is said of the caption behind it.
 void Checker::CheckNeighbour(const CaptionList& list, Row row) {
-  const std::int32_t end = list.At(row - 1).end;
-  const std::int32_t start = list.At(row).start;
-  const double gap = static_cast<double>(start) - end;
+  const Ms end = list.At(row - 1).end;
+  const Ms start = list.At(row).start;
+  const auto gap = static_cast<double>(Span(end, start));
   if (gap < 0) {
     Add(CheckRule::Overlap, -gap, 0);
   } else if (rate_.FramesOfMs(start) - rate_.FramesOfMs(end) < minGapFrames_) {
-    Add(CheckRule::Gap, gap, rate_.MsOfFrames(minGapFrames_));
+    Add(CheckRule::Gap, gap, rate_.MsOfFrames(minGapFrames_).Count());
   }
 }
 
@@ -147,7 +146,7 @@ void Checker::CheckText(const Caption& caption, TextView visible) {
 }
 
 void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
-  const double duration = static_cast<double>(caption.end) - caption.start;
+  const auto duration = static_cast<double>(Span(caption.start, caption.end));
   if (duration <= 0) return;
   const double speed = length * kMsASecond / duration;
   if (rules_.charactersASecond > 0 && speed > rules_.charactersASecond) {
@@ -198,19 +197,20 @@ void Checker::CheckLineEnd(TextView line, TextView next) {
 
 void Checker::CheckShots(const Caption& caption) {
   if (shots_.empty() || !rules_.shotZone.Given() || !IsTimed(caption)) return;
-  const std::int32_t zone = rules_.FramesOf(rules_.shotZone, rate_);
-  const std::int32_t before = rules_.FramesOf(rules_.beforeShot, rate_);
-  const auto nearest = [&](std::int32_t ms) {
+  const std::int64_t zone = rules_.FramesOf(rules_.shotZone, rate_);
+  const std::int64_t before = rules_.FramesOf(rules_.beforeShot, rate_);
+  const auto nearest = [&](Ms ms) {
     const auto behind = std::ranges::lower_bound(shots_, ms);
     if (behind == shots_.begin()) return *behind;
     if (behind == shots_.end() || ms - *(behind - 1) <= *behind - ms) return *(behind - 1);
     return *behind;
   };
-  const auto distance = [&](std::int32_t ms) { return rate_.FramesOfMs(ms) - rate_.FramesOfMs(nearest(ms)); };
-  const std::int32_t start = distance(caption.start);
-  if (start != 0 && std::abs(start) < zone) Add(CheckRule::ShotStart, start, 0);
-  const std::int32_t end = distance(caption.end);
-  if (end != -before && std::abs(end) < zone) Add(CheckRule::ShotEnd, end, -before);
+  const auto distance = [&](Ms ms) { return rate_.FramesOfMs(ms) - rate_.FramesOfMs(nearest(ms)); };
+  const std::int64_t start = distance(caption.start);
+  if (start != 0 && std::abs(start) < zone) Add(CheckRule::ShotStart, static_cast<double>(start), 0);
+  const std::int64_t end = distance(caption.end);
+  if (end != -before && std::abs(end) < zone)
+    Add(CheckRule::ShotEnd, static_cast<double>(end), static_cast<double>(-before));
 }
 
 }  // namespace cuewright

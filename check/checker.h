@@ -50,7 +50,7 @@ struct Finding {
 class Checker {
  public:
   /// `rate` is the film's, `shots` the ms at which its shots begin, in order.
-  Checker(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots = {});
+  Checker(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots = {});
 
   /// What is found of one caption, behind what `findings` holds.
   void CheckRow(const CaptionList& list, Row row, std::vector<Finding>& findings);
@@ -72,10 +72,10 @@ class Checker {
 
   const HouseRules& rules_;
   FrameRate rate_;
-  std::vector<std::int32_t> shots_;
-  std::int32_t minDuration_;
-  std::int32_t maxDuration_;
-  std::int32_t minGapFrames_;
+  std::vector<Ms> shots_;
+  Ms minDuration_;
+  Ms maxDuration_;
+  std::int64_t minGapFrames_;
   SeenText seen_;
   Text plain_;
   std::vector<TextView> lines_;

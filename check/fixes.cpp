@@ -59,23 +59,23 @@ Text WithDashes(SeenText& seen, TextView dash) {
 }
 
 /// The last end in front of a start that leaves so many frames between them.
-std::int32_t EndBefore(std::int32_t start, std::int32_t gap, const FrameRate& rate) {
-  const std::int32_t end = start - rate.MsOfFrames(gap);
-  const std::int32_t frames = rate.FramesOfMs(start) - gap;
+Ms EndBefore(Ms start, std::int64_t gap, const FrameRate& rate) {
+  const Ms end = start - rate.MsOfFrames(gap);
+  const std::int64_t frames = rate.FramesOfMs(start) - gap;
   // So many ms may be a frame less where both times are rounded.
   return rate.FramesOfMs(end) <= frames ? end : rate.MsOfFrames(frames);
 }
 
 /// The first start behind an end that does so.
-std::int32_t StartBehind(std::int32_t end, std::int32_t gap, const FrameRate& rate) {
-  const std::int32_t start = end + rate.MsOfFrames(gap);
-  const std::int32_t frames = rate.FramesOfMs(end) + gap;
+Ms StartBehind(Ms end, std::int64_t gap, const FrameRate& rate) {
+  const Ms start = end + rate.MsOfFrames(gap);
+  const std::int64_t frames = rate.FramesOfMs(end) + gap;
   return rate.FramesOfMs(start) >= frames ? start : rate.MsOfFrames(frames);
 }
 
 }  // namespace
 
-Fixer::Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots)
+Fixer::Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots)
     : rules_(rules),
       rate_(rate ? rate : rules.rate),
       gap_(rules.minGap.Given() ? rules.FramesOf(rules.minGap, rate_) : 0),
@@ -83,27 +83,27 @@ Fixer::Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<std::in
       breaker_(rules) {}
 
 /// The least duration that the rule of the finding lets through.
-std::int32_t Fixer::DurationFor(const CaptionList& list, const Finding& finding) const {
+Ms Fixer::DurationFor(const CaptionList& list, const Finding& finding) const {
   if (finding.rule == CheckRule::MinDuration) return static_cast<std::int32_t>(finding.limit);
   // Both speeds go down as the duration goes up.
   const Caption& caption = list.At(finding.row);
-  const double duration = (static_cast<double>(caption.end) - caption.start) * finding.value / finding.limit;
+  const double duration = static_cast<double>(Span(caption.start, caption.end)) * finding.value / finding.limit;
   return static_cast<std::int32_t>(std::ceil(std::min(duration, 1e8)));
 }
 
 /// Later ends first, as far as the next caption lets; then an earlier start as well, since that leaves the sound.
-void Fixer::AddLonger(const CaptionList& list, Row row, std::int32_t duration, std::vector<Proposal>& to) const {
+void Fixer::AddLonger(const CaptionList& list, Row row, Ms duration, std::vector<Proposal>& to) const {
   const Caption& caption = list.At(row);
-  std::int64_t lastEnd = std::int64_t{caption.start} + duration;
+  std::int64_t lastEnd = caption.start.Wide() + duration.Wide();
   if (row + 1 < list.Rows() && list.At(row + 1).start > 0) {
-    lastEnd = std::min(lastEnd, std::int64_t{EndBefore(list.At(row + 1).start, gap_, rate_)});
+    lastEnd = std::min(lastEnd, EndBefore(list.At(row + 1).start, gap_, rate_).Wide());
   }
   Caption longer = caption;
-  longer.end = static_cast<std::int32_t>(std::max<std::int64_t>(lastEnd, caption.end));
+  longer.end = Ms::Within(lastEnd, caption.end, Ms::Latest());
   const bool enough = longer.end - caption.start >= duration;
   if (!enough) {
     Caption earlier = longer;
-    const std::int32_t first = row > 1 ? StartBehind(list.At(row - 1).end, gap_, rate_) : 0;
+    const Ms first = row > 1 ? StartBehind(list.At(row - 1).end, gap_, rate_) : 0;
     earlier.start = std::min(caption.start, std::max(first, longer.end - duration));
     if (earlier.start != caption.start) to.push_back({row, earlier});
   }
@@ -114,12 +114,12 @@ void Fixer::AddLonger(const CaptionList& list, Row row, std::int32_t duration, s
 void Fixer::AddApart(const CaptionList& list, Row row, std::vector<Proposal>& to) const {
   Caption before = list.At(row - 1);
   Caption caption = list.At(row);
-  if (const std::int32_t end = EndBefore(caption.start, gap_, rate_); end > before.start) {
+  if (const Ms end = EndBefore(caption.start, gap_, rate_); end > before.start) {
     Caption shorter = before;
     shorter.end = end;
     to.push_back({row - 1, shorter});
   }
-  if (const std::int32_t start = StartBehind(before.end, gap_, rate_); start < caption.end) {
+  if (const Ms start = StartBehind(before.end, gap_, rate_); start < caption.end) {
     caption.start = start;
     to.push_back({row, caption});
   }
@@ -140,7 +140,7 @@ void Fixer::AddNewText(const CaptionList& list, const Finding& finding, std::vec
 std::vector<Proposal> Fixer::Candidates(const CaptionList& list, const Finding& finding) {
   std::vector<Proposal> candidates;
   Caption changed = list.At(finding.row);
-  const auto frames = [&](std::int32_t ms, double by) {
+  const auto frames = [&](Ms ms, double by) {
     return rate_.MsOfFrames(rate_.FramesOfMs(ms) - static_cast<std::int64_t>(by));
   };
   switch (finding.rule) {

@@ -17,7 +17,7 @@ namespace cuewright {
 class Fixer {
  public:
   /// The rules outlive this.
-  Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<std::int32_t> shots = {});
+  Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots = {});
 
   /// What mends one finding, in the caption or the one before it; nothing when no change does.
   std::optional<Proposal> Propose(const CaptionList& list, const Finding& finding);
@@ -28,10 +28,10 @@ class Fixer {
  private:
   /// Changes that may mend it, the best first.
   std::vector<Proposal> Candidates(const CaptionList& list, const Finding& finding);
-  void AddLonger(const CaptionList& list, Row row, std::int32_t duration, std::vector<Proposal>& to) const;
+  void AddLonger(const CaptionList& list, Row row, Ms duration, std::vector<Proposal>& to) const;
   void AddApart(const CaptionList& list, Row row, std::vector<Proposal>& to) const;
   void AddNewText(const CaptionList& list, const Finding& finding, std::vector<Proposal>& to);
-  std::int32_t DurationFor(const CaptionList& list, const Finding& finding) const;
+  Ms DurationFor(const CaptionList& list, const Finding& finding) const;
   /// Makes the change in the list if it mends the finding and harms nothing; else the list stays as it is.
   bool Try(CaptionList& list, const Finding& finding, const Proposal& proposal);
   std::vector<Finding> FindingsAround(const CaptionList& list, Row row);
@@ -40,7 +40,7 @@ class Fixer {
 
   const HouseRules& rules_;
   FrameRate rate_;
-  std::int32_t gap_;
+  std::int64_t gap_;
   Checker checker_;
   LineBreaker breaker_;
 };

@@ -50,7 +50,11 @@ bool TakeTime(TextView value, HouseTime& time) {
   if (frames) value.remove_suffix(kFrames.size());
   int number = 0;
   if (!TakeNumber(value, number)) return false;
-  (frames ? time.frames : time.ms) = number;
+  if (frames) {
+    time.frames = number;
+  } else {
+    time.ms = number;
+  }
   return true;
 }
 
@@ -105,14 +109,14 @@ std::string TakeLine(const ProfileLine& line, HouseRules& rules) {
 
 }  // namespace
 
-std::int32_t HouseRules::FramesOf(const HouseTime& time, const FrameRate& at) const {
+std::int64_t HouseRules::FramesOf(const HouseTime& time, const FrameRate& at) const {
   if (time.frames == 0) return at.FramesOfMs(time.ms);
-  const std::int64_t scaled = std::int64_t{time.frames} * at.Numerator() * rate.Denominator();
+  const std::int64_t scaled = time.frames * at.Numerator() * rate.Denominator();
   const std::int64_t unit = std::int64_t{at.Denominator()} * rate.Numerator();
-  return static_cast<std::int32_t>((2 * scaled + unit - 1) / (2 * unit));
+  return (2 * scaled + unit - 1) / (2 * unit);
 }
 
-std::int32_t HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const {
+Ms HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const {
   return time.frames == 0 ? time.ms : at.MsOfFrames(FramesOf(time, at));
 }
 

@@ -16,8 +16,8 @@ namespace cuewright {
 /// become as many at another rate as last as long, to the nearest one, half a frame going down: 2 frames at 24 are 2 at
 /// 30, 4 at 50.
 struct HouseTime {
-  std::int32_t ms = 0;
-  std::int32_t frames = 0;  ///< counts where it isn't 0
+  Ms ms = 0;
+  std::int64_t frames = 0;  ///< counts where it isn't 0
 
   bool Given() const { return ms != 0 || frames != 0; }
 };
@@ -48,8 +48,8 @@ struct HouseRules {
   HouseTime beforeShot;      ///< how long before the shot it ends then
 
   /// A stretch in frames at a rate, and in ms. Nothing is asked for: 0.
-  std::int32_t FramesOf(const HouseTime& time, const FrameRate& at) const;
-  std::int32_t MsOf(const HouseTime& time, const FrameRate& at) const;
+  std::int64_t FramesOf(const HouseTime& time, const FrameRate& at) const;
+  Ms MsOf(const HouseTime& time, const FrameRate& at) const;
 };
 
 /// What a file of house rules says; empty, with the reason in `problem`, when it says something that can't be:

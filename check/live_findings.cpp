@@ -10,7 +10,7 @@ LiveFindings::LiveFindings(CaptionList& list) : list_(list), checker_(std::make_
   list_.Spliced.Connect([this](const Splice& splice) { OnSplice(splice); });
 }
 
-void LiveFindings::SetRules(HouseRules rules, const FrameRate& rate, std::vector<std::int32_t> shots) {
+void LiveFindings::SetRules(HouseRules rules, const FrameRate& rate, std::vector<Ms> shots) {
   rules_ = std::move(rules);
   rate_ = rate;
   checker_ = std::make_unique<Checker>(rules_, rate_, std::move(shots));

@@ -17,7 +17,7 @@ class LiveFindings {
   explicit LiveFindings(CaptionList& list);
 
   /// Holds the captions against other rules from now on. `rate` is the film's; none: the rules' own.
-  void SetRules(HouseRules rules, const FrameRate& rate, std::vector<std::int32_t> shots = {});
+  void SetRules(HouseRules rules, const FrameRate& rate, std::vector<Ms> shots = {});
   const HouseRules& Rules() const { return rules_; }
   const FrameRate& Rate() const { return rate_; }
 

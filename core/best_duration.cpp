@@ -14,7 +14,7 @@ constexpr int kMarkerLength = 3;
 
 std::size_t LengthClass(int length) { return length <= kShortUpTo ? 0 : length <= kMediumUpTo ? 1 : 2; }
 
-std::int32_t DurationOfLength(const AppOptions& options, int length) {
+Ms DurationOfLength(const AppOptions& options, int length) {
   return std::int32_t{options.durationPerCharacter[LengthClass(length)]} * length;
 }
 
@@ -22,8 +22,8 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   if (!list.InRange(row)) return {};
   const Text& separator = list.Options().lineSeparator;
   const Text text = list.GetSeenText(row);
-  const Checked32 start(list.GetCaptionStart(row));
-  const Checked32 duration = Checked32(list.GetCaptionEnd(row)) - start;
+  const Checked32 start(list.GetCaptionStart(row).Count());
+  const Checked32 duration = Checked32(list.GetCaptionEnd(row).Count()) - start;
   Checked16 length(static_cast<std::int64_t>(text.size()));
   // Of the markers only the italic one is no character here.
   const CaptionList::Markers markers = list.MarkersOf(row);
@@ -34,10 +34,10 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   }
   if (FindPlain(text, separator) != Text::npos)
     length = length - Checked16(static_cast<std::int64_t>(separator.size()));
-  if (duration < 1) list.SetCaptionEnd(row, start + Checked32(kLeastDuration));
+  if (duration < 1) list.SetCaptionEnd(row, (start + Checked32(kLeastDuration)).Value());
   if (length < 1) return {};
   const Checked16 best = Checked16(list.Options().durationPerCharacter[LengthClass(length)]) * length;
-  list.SetCaptionEnd(row, start + Checked32(best.Value()));
+  list.SetCaptionEnd(row, (start + Checked32(best.Value())).Value());
   return best.Value();
 }
 

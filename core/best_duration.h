@@ -16,6 +16,6 @@ std::size_t LengthClass(int length);
 std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row);
 
 /// The ms that suit a text of so many counted characters, by the settings.
-std::int32_t DurationOfLength(const AppOptions& options, int length);
+Ms DurationOfLength(const AppOptions& options, int length);
 
 }  // namespace cuewright

@@ -71,9 +71,9 @@ Text CaptionList::WithSeenText(Row row, TextView seen) const {
   return text.Stored();
 }
 
-std::int32_t CaptionList::GetCaptionStart(Row row) const { return InRange(row) ? At(row).start : 0; }
+Ms CaptionList::GetCaptionStart(Row row) const { return InRange(row) ? At(row).start : 0; }
 
-std::int32_t CaptionList::GetCaptionEnd(Row row) const { return InRange(row) ? At(row).end : 0; }
+Ms CaptionList::GetCaptionEnd(Row row) const { return InRange(row) ? At(row).end : 0; }
 
 bool CaptionList::IsCaptionTimed(Row row) const { return GetCaptionStart(row) > 0; }
 
@@ -84,19 +84,19 @@ void CaptionList::SetCaptionText(Row row, TextView text) {
   Replace(row, 1, {At(row).WithText(Text(text))});
 }
 
-void CaptionList::StoreTimes(Row row, std::int32_t start, std::int32_t end) {
+void CaptionList::StoreTimes(Row row, Ms start, Ms end) {
   CaptionTimes times{start, end};
   if (times != TimesAt(row)) Retime(row, {&times, 1});
 }
 
-void CaptionList::SetCaptionStart(Row row, std::int32_t ms, bool quiet) {
+void CaptionList::SetCaptionStart(Row row, Ms ms, bool quiet) {
   if (!InRange(row)) return;
   const EditScope scope(*this, EditKind::Change);
   StoreTimes(row, ms < 0 ? 0 : ms, At(row).end);
   if (!quiet) SetModified();
 }
 
-void CaptionList::SetCaptionEnd(Row row, std::int32_t ms) {
+void CaptionList::SetCaptionEnd(Row row, Ms ms) {
   if (!InRange(row)) return;
   const EditScope scope(*this, EditKind::Change);
   StoreTimes(row, At(row).start, ms < 0 ? 0 : ms);
@@ -150,7 +150,7 @@ void CaptionList::ToggleMarker(Row row, TextView marker) {
   if (changed != text) Replace(row, 1, {At(row).WithText(std::move(changed))});
 }
 
-Row CaptionList::AddCaption(std::int32_t start, std::int32_t end, TextView text, Row row) {
+Row CaptionList::AddCaption(Ms start, Ms end, TextView text, Row row) {
   if (row == 0) row = Rows();
   const Caption caption{start, end, Text(text)};
   if (Rows() == 2 && At(1) == Caption{}) {
@@ -195,9 +195,9 @@ void CaptionList::DeleteCaptions(RowSet rows) {  // by value: those that are sel
 
 void CaptionList::SnapNearbyStart(Row row, bool quiet) {
   if (!InRange(row) || !IsCaptionTimed(row - 1)) return;
-  const std::int64_t previousEnd = GetCaptionEnd(row - 1);
-  if (GetCaptionStart(row) > previousEnd + options_.nearMs) return;
-  SetCaptionStart(row, static_cast<std::int32_t>(previousEnd), quiet);
+  const Ms previousEnd = GetCaptionEnd(row - 1);
+  if (GetCaptionStart(row).Wide() > previousEnd.Wide() + options_.nearMs) return;
+  SetCaptionStart(row, previousEnd, quiet);
 }
 
 Text CaptionList::SplitCaptionLines(TextView text) const {

@@ -9,6 +9,7 @@
 #include "core/app_options.h"
 #include "core/caption_marks.h"
 #include "core/edit_kind.h"
+#include "core/ms.h"
 #include "core/row_set.h"
 #include "core/row_store.h"
 #include "core/signal.h"
@@ -20,8 +21,8 @@ namespace cuewright {
 /// whole caption as the bare markers "<b>", "<i>", "<u>", those of parts as its format marks them. Its number is its
 /// row.
 struct Caption {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
+  Ms start = 0;
+  Ms end = 0;
   Text text;
   std::uint32_t origin = 0;  ///< number of its record in the file that was read, from 1; 0: it stands in none
 
@@ -34,8 +35,8 @@ struct Caption {
 
 /// Start and end of a caption in ms.
 struct CaptionTimes {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
+  Ms start = 0;
+  Ms end = 0;
 
   bool operator==(const CaptionTimes&) const = default;
 };
@@ -76,16 +77,16 @@ class CaptionList {
   Text WithSeenText(Row row, TextView seen) const;
 
   /// Start (end) in ms; 0 for a row out of range.
-  std::int32_t GetCaptionStart(Row row) const;
-  std::int32_t GetCaptionEnd(Row row) const;
+  Ms GetCaptionStart(Row row) const;
+  Ms GetCaptionEnd(Row row) const;
   /// True when the start is above 0.
   bool IsCaptionTimed(Row row) const;
 
   /// Stores a text; one that ends in the line separator is dropped. Leaves the modified flag alone.
   void SetCaptionText(Row row, TextView text);
   /// Stores a start (end) in ms, a negative one as 0; sets the modified flag unless `quiet`.
-  void SetCaptionStart(Row row, std::int32_t ms, bool quiet);
-  void SetCaptionEnd(Row row, std::int32_t ms);
+  void SetCaptionStart(Row row, Ms ms, bool quiet);
+  void SetCaptionEnd(Row row, Ms ms);
   void ClearCaptionTiming(Row row, bool quiet);
 
   /// Which of the markers "<b>", "<i>" and "<u>" occur in a text, in lower case.
@@ -116,7 +117,7 @@ class CaptionList {
 
   /// Adds a caption at `row`, 0 for the bottom; the first one of an empty document fills its blank row.
   /// Times and text are stored unchanged; the modified flag is left alone. Returns the row it got.
-  Row AddCaption(std::int32_t start, std::int32_t end, TextView text, Row row);
+  Row AddCaption(Ms start, Ms end, TextView text, Row row);
 
   /// Removes a row; the only caption is blanked instead. Nothing happens to a blank only caption.
   void DeleteCaption(Row row);
@@ -192,7 +193,7 @@ class CaptionList {
   Signal<CaptionList> CommandEnded;
 
  private:
-  void StoreTimes(Row row, std::int32_t start, std::int32_t end);
+  void StoreTimes(Row row, Ms start, Ms end);
   void Choose(Row row, RowSet rows, bool scroll);
   /// Styles stay where they are in the texts, so that these have marks.
   bool HasMarks() const { return options_.manner.KeepsStylesWithin(); }

@@ -20,14 +20,15 @@ std::int32_t Group(TextView text, std::size_t at, std::size_t length) {
 
 }  // namespace
 
-Text MsToTimeText(std::int32_t ms) {
-  if (ms <= 0) return u"00:00:00,000";
+Text MsToTimeText(Ms time) {
+  if (time <= 0) return u"00:00:00,000";
+  const std::int32_t ms = time.Count();
   const Checked8 hours(ms / 3600000);
   return Padded(hours.Value(), 2) + u":" + Padded(ms / 60000 % 60, 2) + u":" + Padded(ms / 1000 % 60, 2) + u"," +
          Padded(ms % 1000, 3);
 }
 
-std::int32_t TimeTextToMs(TextView text) {
+Ms TimeTextToMs(TextView text) {
   const std::size_t tail = text.size() - std::min<std::size_t>(text.size(), 3);
   return Group(text, 0, 2) * 3600000 + Group(text, 3, 2) * 60000 + Group(text, 6, 2) * 1000 + Group(text, tail, 3);
 }

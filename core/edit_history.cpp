@@ -204,8 +204,8 @@ std::uint64_t EditHistory::Fingerprint() const {
   const Text& separator = list_.Options().lineSeparator;
   for (Row row = 1; row < list_.Rows(); ++row) {
     const Caption& caption = list_.At(row);
-    take(static_cast<std::uint32_t>(caption.start));
-    take(static_cast<std::uint32_t>(caption.end));
+    take(static_cast<std::uint32_t>(caption.start.Count()));
+    take(static_cast<std::uint32_t>(caption.end.Count()));
     TextView rest = caption.text;
     for (;;) {
       const std::size_t end = separator.empty() ? TextView::npos : rest.find(separator);

@@ -74,16 +74,16 @@ Text FrameRate::AsText(char16_t sign) const {
   return decimals.empty() ? whole : whole + sign + decimals;
 }
 
-std::int32_t FrameRate::MsOfFrames(std::int64_t frames) const {
+Ms FrameRate::MsOfFrames(std::int64_t frames) const {
   if (numerator_ == 0) throw RuntimeError{11, u"Division by zero"};
   constexpr std::int64_t kMostFrames = std::int64_t{1} << 40;
   if (frames > kMostFrames || frames < -kMostFrames) ThrowOverflow();
   return Rounded(frames * 1000 * denominator_, numerator_);
 }
 
-std::int32_t FrameRate::FramesOfMs(std::int32_t ms) const {
+std::int64_t FrameRate::FramesOfMs(Ms ms) const {
   if (numerator_ == 0) return 0;
-  return Rounded(std::int64_t{ms} * numerator_, std::int64_t{1000} * denominator_);
+  return Rounded(ms.Wide() * numerator_, std::int64_t{1000} * denominator_);
 }
 
 }  // namespace cuewright

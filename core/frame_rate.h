@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "core/ms.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -34,10 +35,10 @@ class FrameRate {
 
   /// The nearest ms to the beginning of a frame, a tie going up. Run-time error 6 when it doesn't fit 32 bits, 11
   /// without a rate.
-  std::int32_t MsOfFrames(std::int64_t frames) const;
+  Ms MsOfFrames(std::int64_t frames) const;
   /// The frame whose beginning is nearest to the time, a tie going up. Error 6 when it doesn't fit 32 bits; 0 without a
   /// rate.
-  std::int32_t FramesOfMs(std::int32_t ms) const;
+  std::int64_t FramesOfMs(Ms ms) const;
 
   friend bool operator==(const FrameRate& one, const FrameRate& other) {
     return one.numerator_ == other.numerator_ && one.denominator_ == other.denominator_;

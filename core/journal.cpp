@@ -66,8 +66,8 @@ void PutText(std::string& out, TextView text) {
 }
 
 void PutCaption(std::string& out, const Caption& caption) {
-  PutSigned(out, caption.start);
-  PutSigned(out, caption.end);
+  PutSigned(out, caption.start.Count());
+  PutSigned(out, caption.end.Count());
   PutText(out, caption.text);
 }
 
@@ -110,9 +110,9 @@ class Reader {
     const std::uint64_t value = Number();
     return static_cast<std::int64_t>((value >> 1) ^ (~(value & 1) + 1));
   }
-  std::int32_t Ms() {
+  Ms Time() {
     const std::int64_t value = Signed();
-    if (value != static_cast<std::int32_t>(value)) return Fail();
+    if (value != static_cast<std::int32_t>(value)) return std::int32_t{Fail()};
     return static_cast<std::int32_t>(value);
   }
   /// A count of at most `most`.
@@ -144,8 +144,8 @@ class Reader {
   }
   Caption OneCaption() {
     Caption caption;
-    caption.start = Ms();
-    caption.end = Ms();
+    caption.start = Time();
+    caption.end = Time();
     caption.text = String();
     return caption;
   }
@@ -266,8 +266,8 @@ class Replay {
     const Row count = in.Count(kMaxRow);
     if (first < 1 || count > size_ - (first - 1)) in.Fail();
     for (Row i = 0; i < count && in.Good(); ++i) {
-      const std::int32_t start = in.Ms();
-      const std::int32_t end = in.Ms();
+      const Ms start = in.Time();
+      const Ms end = in.Time();
       if (!apply) continue;
       Caption& caption = rows_.At(static_cast<std::size_t>(first) - 1 + static_cast<std::size_t>(i));
       caption.start = start;
@@ -340,8 +340,8 @@ void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
   Put(changes_, static_cast<std::uint64_t>(splice.added));
   for (Row row = splice.first; row < splice.first + splice.added; ++row) {
     if (splice.TimesOnly()) {
-      PutSigned(changes_, list.At(row).start);
-      PutSigned(changes_, list.At(row).end);
+      PutSigned(changes_, list.At(row).start.Count());
+      PutSigned(changes_, list.At(row).end.Count());
     } else {
       PutCaption(changes_, list.At(row));
     }

@@ -119,7 +119,7 @@ void CaptionCollector::Store(TextView text) {
     return;
   }
   gathered_ += text.size();
-  const auto time = [](std::int32_t ms) { return ms == kNotRead ? 0 : ms; };
+  const auto time = [](Ms ms) { return ms == kNotRead ? 0 : ms; };
   buffer_.push_back({time(captionStart), time(captionEnd), Text(text)});
 }
 

@@ -22,8 +22,8 @@ class CaptionCollector {
   /// `definition` is the record in force, `separator` the line break of captions.
   CaptionCollector(const FormatDefinition& definition, const Text& separator);
 
-  std::int32_t captionStart = kNotRead;
-  std::int32_t captionEnd = kNotRead;
+  Ms captionStart = kNotRead;
+  Ms captionEnd = kNotRead;
   Text captionText;
 
   bool StartSet() const { return captionStart != kNotRead; }
@@ -32,7 +32,7 @@ class CaptionCollector {
   const Text& Separator() const { return separator_; }
 
   /// Takes a time as the start, or as the end when the start is there; not when both are.
-  void TakeNextTime(std::int32_t time) {
+  void TakeNextTime(Ms time) {
     if (!TimesSet()) (StartSet() ? captionEnd : captionStart) = time;
   }
 

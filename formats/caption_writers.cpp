@@ -114,18 +114,18 @@ class RecordWriter {
     }
   }
 
-  void PutTime(std::int32_t ms) {
+  void PutTime(Ms ms) {
     const bool clock = plainMarkers_ || !(milliseconds_ || frames_);
     if (sink_.KeepsAscii() && (!clock || timecodes_.IsAscii())) {
       const std::span<char> to = sink_.Room(clock ? timecodes_.Longest() : kLongestNumber);
       return sink_.Advance(clock ? timecodes_.PutBytes(ms, to)
-                                 : PutNumberBytes(milliseconds_ ? ms : MsToFrames(ms, job_.times), 1, to));
+                                 : PutNumberBytes(milliseconds_ ? ms.Count() : MsToFrames(ms, job_.times), 1, to));
     }
     field_.clear();
     if (plainMarkers_ || !(milliseconds_ || frames_)) {
       timecodes_.Append(ms, field_);
     } else {
-      AppendNumber(milliseconds_ ? ms : MsToFrames(ms, job_.times), 1, field_);
+      AppendNumber(milliseconds_ ? ms.Count() : MsToFrames(ms, job_.times), 1, field_);
     }
     sink_.Put(field_);
   }
@@ -277,14 +277,14 @@ void WritePlainText(const WriteJob& job, LineSink& sink) {
 
 void WriteTmPlayer(const WriteJob& job, LineSink& sink) {
   const TimecodeWriter timecodes(job.definition, job.identifier == kKaraokeLrc, {{}, job.times.exact});
-  const auto row = [&](std::int32_t ms, TextView number) {
+  const auto row = [&](Ms ms, TextView number) {
     Text text;
     job.errors([&] { timecodes.Append(ms, text); });
     return text.append(u",").append(number).append(u"=");
   };
   for (Row at = 1; at <= job.lastRow && job.captions.InRange(at); ++at) {
-    const std::int32_t start = job.captions.GetCaptionStart(at);
-    const std::int32_t end = job.captions.GetCaptionEnd(at);
+    const Ms start = job.captions.GetCaptionStart(at);
+    const Ms end = job.captions.GetCaptionEnd(at);
     const Text text = WithoutStyleMarkers(job.captions.GetCaptionText(at, true));
     Text line = row(start, u"1") + text;
     const Text second = Text(kLineEnd) + row(start, u"2");

@@ -8,7 +8,7 @@
 namespace cuewright {
 namespace {
 
-constexpr std::int32_t kSecond = 1000;
+constexpr Ms kSecond = 1000;
 /// More digits than this are no time.
 constexpr std::size_t kMostDigits = 9;
 
@@ -22,27 +22,27 @@ std::int64_t NumberOf(TextView digits) {
 std::int64_t MsOfFraction(TextView digits) {
   std::int64_t unit = 1;
   for (std::size_t i = 0; i < digits.size(); ++i) unit *= 10;
-  return (2 * kSecond * NumberOf(digits) + unit) / (2 * unit);
+  return (2 * kSecond.Wide() * NumberOf(digits) + unit) / (2 * unit);
 }
 
 }  // namespace
 
-SecondsAndRest NearestStep(std::int32_t ms, std::int32_t stepMs) {
-  const std::int64_t steps = (std::max<std::int64_t>(ms, 0) + stepMs / 2) / stepMs;
-  const std::int64_t aSecond = kSecond / stepMs;
+SecondsAndRest NearestStep(Ms ms, std::int32_t stepMs) {
+  const std::int64_t steps = (std::max<Ms>(ms, 0).Wide() + stepMs / 2) / stepMs;
+  const std::int32_t aSecond = kSecond.Count() / stepMs;
   return {steps / aSecond, static_cast<std::int32_t>(steps % aSecond)};
 }
 
-SecondsAndRest NearestFrame(std::int32_t ms, const FrameRate& rate) {
-  ms = std::max(ms, 0);
-  const std::int32_t rest = ms % kSecond;
-  const std::int64_t cut = std::int64_t{rest} * rate.Numerator() / (std::int64_t{kSecond} * rate.Denominator());
+SecondsAndRest NearestFrame(Ms ms, const FrameRate& rate) {
+  const std::int32_t whole = std::max<Ms>(ms, 0) / kSecond;
+  const Ms rest = std::max<Ms>(ms, 0) % kSecond;
+  const std::int64_t cut = rest.Wide() * rate.Numerator() / (kSecond.Wide() * rate.Denominator());
   const auto frame = static_cast<std::int32_t>(cut);
   // The next second begins where a frame would begin later or, to the ms, at the same time.
-  const std::int32_t next = std::min(rate.MsOfFrames(cut + 1), kSecond);
+  const Ms next = std::min(rate.MsOfFrames(cut + 1), kSecond);
   const bool nextIsNearer = next - rest <= rest - rate.MsOfFrames(cut);
-  if (!nextIsNearer) return {ms / kSecond, frame};
-  return next == kSecond ? SecondsAndRest{ms / kSecond + 1, 0} : SecondsAndRest{ms / kSecond, frame + 1};
+  if (!nextIsNearer) return {whole, frame};
+  return next == kSecond ? SecondsAndRest{whole + 1, 0} : SecondsAndRest{whole, frame + 1};
 }
 
 ClockFields::ClockFields(TextView timecodeTemplate) {
@@ -58,20 +58,20 @@ ClockFields::ClockFields(TextView timecodeTemplate) {
 std::int64_t ClockFields::MsOf(Field field, TextView digits, const FrameRate& rate) {
   switch (field) {
     case Field::Hours:
-      return NumberOf(digits) * 3600 * kSecond;
+      return NumberOf(digits) * 3600 * kSecond.Wide();
     case Field::Minutes:
-      return NumberOf(digits) * 60 * kSecond;
+      return NumberOf(digits) * 60 * kSecond.Wide();
     case Field::Seconds:
-      return NumberOf(digits) * kSecond;
+      return NumberOf(digits) * kSecond.Wide();
     case Field::Fraction:
       return MsOfFraction(digits);
     case Field::Frames:
-      return rate ? rate.MsOfFrames(NumberOf(digits)) : 0;
+      return rate ? rate.MsOfFrames(NumberOf(digits)).Wide() : 0;
   }
   return 0;
 }
 
-bool ClockFields::Read(TextView text, const FrameRate& rate, std::int32_t& ms) const {
+bool ClockFields::Read(TextView text, const FrameRate& rate, Ms& ms) const {
   text = TrimBlanks(text);
   std::int64_t sum = 0;
   for (std::size_t field = 0; field < count_; ++field) {
@@ -85,7 +85,7 @@ bool ClockFields::Read(TextView text, const FrameRate& rate, std::int32_t& ms) c
     text.remove_prefix(1);
   }
   if (count_ == 0 || !text.empty()) return false;
-  ms = Checked32(sum);
+  ms = Checked32(sum).Value();
   return true;
 }
 

@@ -16,10 +16,10 @@ struct SecondsAndRest {
 
 /// The time in steps of `stepMs`, a divisor of 1000, that is nearest to `ms`; the rest counts steps. A negative time is
 /// shown as 0.
-SecondsAndRest NearestStep(std::int32_t ms, std::int32_t stepMs);
+SecondsAndRest NearestStep(Ms ms, std::int32_t stepMs);
 
 /// The beginning of a frame that is nearest to `ms`, frames being counted anew in each second.
-SecondsAndRest NearestFrame(std::int32_t ms, const FrameRate& rate);
+SecondsAndRest NearestFrame(Ms ms, const FrameRate& rate);
 
 /// The fields of a clock time in a template's order.
 class ClockFields {
@@ -29,7 +29,7 @@ class ClockFields {
 
   /// Reads a time that has all the fields, each of any number of digits and one character between two; false for any
   /// other. Frames without a rate count as none. Run-time error 6 when the time doesn't fit 32 bits.
-  [[nodiscard]] bool Read(TextView text, const FrameRate& rate, std::int32_t& ms) const;
+  [[nodiscard]] bool Read(TextView text, const FrameRate& rate, Ms& ms) const;
 
  private:
   enum class Field : std::uint8_t { Hours, Minutes, Seconds, Fraction, Frames };

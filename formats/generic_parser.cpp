@@ -82,7 +82,7 @@ std::size_t GenericParser::FieldEnd(const Needle& trail, TextView text) const {
 
 bool GenericParser::FieldIsShort() const { return to_ < from_ || to_ - from_ <= kLongestField; }
 
-void GenericParser::ReadField(std::int32_t& time) {
+void GenericParser::ReadField(Ms& time) {
   context_.errors([&] { time = reader_.Parse(Between(line_, from_, to_)); });
 }
 

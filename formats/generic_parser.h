@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "core/ms.h"
 #include "formats/line_parsers.h"
 #include "formats/record_pieces.h"
 #include "text/text_search.h"
@@ -35,7 +36,7 @@ class GenericParser final : public LineParser {
   void TakeLine(TextView text);
   std::size_t FieldEnd(const Needle& trail, TextView text) const;
   bool FieldIsShort() const;
-  void ReadField(std::int32_t& time);
+  void ReadField(Ms& time);
   void ParseStartEndText();
   void ParseStartTextEnd();
   void ReadStart();

@@ -17,6 +17,9 @@
 namespace cuewright {
 namespace {
 
+/// Run-time error 6 when the time doesn't fit.
+Ms Later(Ms time, Ms by) { return (Checked32(time.Count()) + Checked32(by.Count())).Value(); }
+
 /// End of a file's name that makes it plain text when no format fits; in lower case only.
 constexpr TextView kPlainTextEnding = u"txt";
 
@@ -293,11 +296,11 @@ void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& err
   }
   errors([&] {
     const Checked32 delay(static_cast<std::int64_t>(mediaSeconds_) * 1000);
-    appendOffset_ = Checked32(appendOffset_) + delay;
+    appendOffset_ = Later(appendOffset_, delay.Value());
   });
   for (Caption& row : rows) {
-    errors([&] { row.start = Checked32(row.start) + Checked32(appendOffset_); });
-    errors([&] { row.end = Checked32(row.end) + Checked32(appendOffset_); });
+    errors([&] { row.start = Later(row.start, appendOffset_); });
+    errors([&] { row.end = Later(row.end, appendOffset_); });
   }
   errors([&] { captions_.Replace(captions_.Rows(), 0, std::move(rows)); });
   errors([&] { TellAppended(); });

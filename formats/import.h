@@ -88,7 +88,7 @@ class Importer {
   std::optional<int> codePage_;
   Text captionClass_;              // that is read of a file with several; empty: the first
   std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
-  std::int32_t appendOffset_ = 0;
+  Ms appendOffset_ = 0;
 };
 
 }  // namespace cuewright

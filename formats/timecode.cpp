@@ -36,7 +36,7 @@ double Number(TextView text) {
 
 /// The time of the form "hh:mm:ss.zzz" with digits in all columns; false for any other.
 template <class Unit>
-bool SumOfDigits(std::basic_string_view<Unit> fixed, std::int32_t& ms) {
+bool SumOfDigits(std::basic_string_view<Unit> fixed, Ms& ms) {
   if (fixed.size() != kFixedLength) return false;
   bool digits = true;
   const auto digit = [&](std::size_t at) {
@@ -132,7 +132,7 @@ TimecodeReader::TimecodeReader(const TimecodeForm& form, const TimeRules& rules)
   if (rules.exact && kind_ == Kind::Columns) fields_ = ClockFields(pattern);
 }
 
-std::int32_t TimecodeReader::FramesToMs(double frames) const {
+Ms TimecodeReader::FramesToMs(double frames) const {
   if (rules_.exact) return rules_.rate.MsOfFrames(RoundToInt32(frames));
   if (wholeRate_ == 0) throw RuntimeError{11, u"Division by zero"};
   // Both sides are rounded before the division of whole numbers.
@@ -143,17 +143,17 @@ std::int32_t TimecodeReader::FramesToMs(double frames) const {
   return RoundToInt32(frames * 1000) / wholeRate_;
 }
 
-bool TimecodeReader::ParseFrames(std::int32_t frames, std::int32_t& ms) const {
+bool TimecodeReader::ParseFrames(std::int32_t frames, Ms& ms) const {
   if (!KnowsRate() || frames >= kFewFrames) return false;
   ms = rules_.exact ? rules_.rate.MsOfFrames(frames) : frames * 1000 / wholeRate_;
   return true;
 }
 
-std::int32_t TimecodeReader::Parse(TextView text) const {
+Ms TimecodeReader::Parse(TextView text) const {
   if (kind_ == Kind::Milliseconds) return RoundToInt32(Number(text));
   const bool frames = static_cast<bool>(rules_.rate);
   if (kind_ == Kind::Frames) return frames ? FramesToMs(Number(text)) : 0;
-  if (std::int32_t ms = 0; fields_.Read(text, rules_.rate, ms)) return ms;
+  if (Ms ms = 0; fields_.Read(text, rules_.rate, ms)) return ms;
   // The text is brought to the form "hh:mm:ss" + fraction and read by its columns. Only its first eight
   // characters and its last three count, so that a long one loses its middle here.
   constexpr std::size_t kWhole = 64;
@@ -167,14 +167,14 @@ std::int32_t TimecodeReader::Parse(TextView text) const {
   }
   if (!frames) end = std::copy(suffix_.begin(), suffix_.end(), end);
   const TextView fixed(room.data(), static_cast<std::size_t>(end - room.data()));
-  if (std::int32_t ms = 0; !frames && SumOfDigits(fixed, ms)) return ms;
+  if (Ms ms = 0; !frames && SumOfDigits(fixed, ms)) return ms;
   const double whole = Number(Middle(fixed, 1, 2)) * kHour + Number(Middle(fixed, 4, 2)) * kMinute +
                        Number(Middle(fixed, 7, 2)) * kSecond;
-  if (frames) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2))));
+  if (frames) return RoundToInt32(whole + FramesToMs(Number(Last(fixed, 2))).Count());
   return RoundToInt32(whole + Number(Last(fixed, 3)));
 }
 
-bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const {
+bool TimecodeReader::ParseClock(std::string_view bytes, Ms& ms) const {
   if (kind_ != Kind::Columns || bytes.size() + prefix_.size() + suffix_.size() != kFixedLength) return false;
   std::array<char, kFixedLength> fixed;
   if (bytes.size() != fixed.size()) {
@@ -188,14 +188,14 @@ bool TimecodeReader::ParseClock(std::string_view bytes, std::int32_t& ms) const 
   return ((bytes[2] | bytes[5] | bytes[8]) & 0x80) == 0 && SumOfDigits(bytes, ms);
 }
 
-std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules) {
+Ms ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules) {
   return TimecodeReader(form, rules).Parse(text);
 }
 
-std::int32_t MsToFrames(std::int32_t ms, const TimeRules& rules) {
-  if (rules.exact) return rules.rate.FramesOfMs(ms);
+std::int32_t MsToFrames(Ms ms, const TimeRules& rules) {
+  if (rules.exact) return static_cast<std::int32_t>(rules.rate.FramesOfMs(ms));
   // Of long films the product has more than 32 bits; only the count of frames must fit.
-  const double product = RoundHalfEven(static_cast<double>(rules.rate.AsGiven()) * ms);
+  const double product = RoundHalfEven(static_cast<double>(rules.rate.AsGiven()) * ms.Count());
   return Checked32(static_cast<std::int64_t>(product) / 1000);
 }
 
@@ -258,14 +258,14 @@ void TimecodeWriter::LayOut() {
   layoutSize_ = at;
 }
 
-void TimecodeWriter::PutLaidOut(std::int32_t ms, std::span<char> out) const {
+void TimecodeWriter::PutLaidOut(Ms time, std::span<char> out) const {
   const auto two = [&](std::size_t at, std::int32_t value) {
     if (at == kNowhere) return;
     out[at] = static_cast<char>('0' + value / 10);
     out[at + 1] = static_cast<char>('0' + value % 10);
   };
   std::copy(layout_.begin(), layout_.end(), out.begin());
-  if (rules_.exact) ms += stepMs_ / 2;
+  const std::int32_t ms = time.Count() + (rules_.exact ? stepMs_ / 2 : 0);
   const std::int32_t seconds = ms / kSecond;
   const std::int32_t minutes = seconds / 60;
   std::int32_t rest = ms % kSecond;
@@ -283,7 +283,7 @@ void TimecodeWriter::PutLaidOut(std::int32_t ms, std::span<char> out) const {
   }
 }
 
-TimecodeWriter::Shown TimecodeWriter::ShowExactly(std::int32_t ms) const {
+TimecodeWriter::Shown TimecodeWriter::ShowExactly(Ms ms) const {
   const SecondsAndRest time = countsFrames_ ? NearestFrame(ms, rules_.rate) : NearestStep(ms, stepMs_);
   Shown shown;
   shown.hours = Checked8(time.seconds / 3600);
@@ -293,8 +293,8 @@ TimecodeWriter::Shown TimecodeWriter::ShowExactly(std::int32_t ms) const {
   return shown;
 }
 
-TimecodeWriter::Shown TimecodeWriter::ShowClassic(std::int32_t ms) const {
-  Parts parts = SplitTime(ms);
+TimecodeWriter::Shown TimecodeWriter::ShowClassic(Ms ms) const {
+  Parts parts = SplitTime(ms.Count());
   if (wholeSeconds_ && !countsFrames_ && parts.rest >= 251) ++parts.seconds;
   if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
   if (!countsFrames_) parts.rest = CutFraction(parts.rest, fractionDigits_);
@@ -303,7 +303,7 @@ TimecodeWriter::Shown TimecodeWriter::ShowClassic(std::int32_t ms) const {
 }
 
 template <class Unit>
-Unit* TimecodeWriter::PutTime(std::int32_t ms, Unit* out) const {
+Unit* TimecodeWriter::PutTime(Ms ms, Unit* out) const {
   Shown shown = rules_.exact ? ShowExactly(ms) : ShowClassic(ms);
   if (hoursInMinutes_) shown.minutes = Checked8(shown.hours * 60 + shown.minutes);
   const auto put = [&](std::int32_t number, std::size_t digits) { out = PutField(number, digits, out); };
@@ -336,7 +336,7 @@ Unit* TimecodeWriter::PutTime(std::int32_t ms, Unit* out) const {
   return out;
 }
 
-void TimecodeWriter::Append(std::int32_t ms, Text& out) const {
+void TimecodeWriter::Append(Ms ms, Text& out) const {
   std::array<char16_t, kLongestNumber> room;
   if (longest_ > room.size()) {
     Text longRoom(longest_, u'\0');
@@ -348,7 +348,7 @@ void TimecodeWriter::Append(std::int32_t ms, Text& out) const {
   out.append(room.data(), static_cast<std::size_t>(end - room.data()));
 }
 
-std::size_t TimecodeWriter::PutBytes(std::int32_t ms, std::span<char> out) const {
+std::size_t TimecodeWriter::PutBytes(Ms ms, std::span<char> out) const {
   // Rounded up, the last times below the bound are beyond it.
   const std::int32_t bound = rules_.exact ? layoutBound_ - kSecond : layoutBound_;
   if (layoutSize_ == 0 || countsFrames_ || ms < 0 || ms >= bound) {
@@ -358,7 +358,7 @@ std::size_t TimecodeWriter::PutBytes(std::int32_t ms, std::span<char> out) const
   return layoutSize_;
 }
 
-Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, const TimeRules& rules) {
+Text FormatTimecode(const TimecodeForm& form, TextView identifier, Ms ms, const TimeRules& rules) {
   Text text;
   TimecodeWriter(form, identifier == kKaraokeLrc, rules).Append(ms, text);
   return text;

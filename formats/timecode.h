@@ -16,7 +16,7 @@ namespace cuewright {
 /// Milliseconds of a time as the template in force writes it. Classic rules read fixed columns, and a field that
 /// doesn't fit them gives a wrong time; exact ones take fields of any length in the template's order, the digits of a
 /// fraction as a fraction. Run-time error 6 when the result does not fit 32 bits.
-std::int32_t ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules);
+Ms ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules);
 
 /// The same for many times of one form.
 class TimecodeReader {
@@ -24,14 +24,14 @@ class TimecodeReader {
   TimecodeReader() = default;
   TimecodeReader(const TimecodeForm& form, const TimeRules& rules);
 
-  std::int32_t Parse(TextView text) const;
+  Ms Parse(TextView text) const;
 
   /// The same for bytes that are as long as the template, a clock time without frames, and are digits in its columns;
   /// false for anything else.
-  [[nodiscard]] bool ParseClock(std::string_view bytes, std::int32_t& ms) const;
+  [[nodiscard]] bool ParseClock(std::string_view bytes, Ms& ms) const;
 
   /// The same for a count of few frames; false when frames can't be counted.
-  [[nodiscard]] bool ParseFrames(std::int32_t frames, std::int32_t& ms) const;
+  [[nodiscard]] bool ParseFrames(std::int32_t frames, Ms& ms) const;
   /// Frames from here on are more than few.
   static constexpr std::int32_t kFewFrames = 2000000;
 
@@ -43,7 +43,7 @@ class TimecodeReader {
  private:
   enum class Kind { Milliseconds, Frames, Columns };
 
-  std::int32_t FramesToMs(double frames) const;
+  Ms FramesToMs(double frames) const;
 
   Kind kind_ = Kind::Milliseconds;
   TimeRules rules_;
@@ -55,7 +55,7 @@ class TimecodeReader {
 
 /// Frames of a time. Exact: the frame that begins nearest. Classic: the product rounded half to even, the division by
 /// 1000 cut toward zero. Run-time error 6 when the count does not fit 32 bits.
-std::int32_t MsToFrames(std::int32_t ms, const TimeRules& rules);
+std::int32_t MsToFrames(Ms ms, const TimeRules& rules);
 
 /// Appends a number of at least `digits` digits.
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out);
@@ -75,7 +75,7 @@ class TimecodeWriter {
   /// Appends the time, by exact rules the nearest that the template can tell, where one without hours has them in its
   /// minutes. Run-time error 6, with nothing appended, from 256 hours on and, with hours folded in, from 256 minutes
   /// on.
-  void Append(std::int32_t ms, Text& out) const;
+  void Append(Ms ms, Text& out) const;
 
   /// True when times are ASCII; `PutBytes` is for those alone.
   bool IsAscii() const { return ascii_; }
@@ -83,7 +83,7 @@ class TimecodeWriter {
   std::size_t Longest() const { return longest_; }
   /// Puts the time to the beginning of `out`, which has so much room, and returns how many bytes it wrote; fails as
   /// `Append` does.
-  [[nodiscard]] std::size_t PutBytes(std::int32_t ms, std::span<char> out) const;
+  [[nodiscard]] std::size_t PutBytes(Ms ms, std::span<char> out) const;
 
  private:
   enum class Field { Literal, Hours, Minutes, Seconds, Frames, Fraction };
@@ -102,13 +102,13 @@ class TimecodeWriter {
     std::int32_t frames = 0;
   };
 
-  Shown ShowExactly(std::int32_t ms) const;
-  Shown ShowClassic(std::int32_t ms) const;
+  Shown ShowExactly(Ms ms) const;
+  Shown ShowClassic(Ms ms) const;
   template <class Unit>
-  Unit* PutTime(std::int32_t ms, Unit* out) const;
+  Unit* PutTime(Ms ms, Unit* out) const;
 
   void LayOut();
-  void PutLaidOut(std::int32_t ms, std::span<char> out) const;
+  void PutLaidOut(Ms ms, std::span<char> out) const;
 
   TimeRules rules_;
   bool hoursInMinutes_;
@@ -132,6 +132,6 @@ class TimecodeWriter {
 };
 
 /// A time as text by the template in force, of the format with the identifier.
-Text FormatTimecode(const TimecodeForm& form, TextView identifier, std::int32_t ms, const TimeRules& rules);
+Text FormatTimecode(const TimecodeForm& form, TextView identifier, Ms ms, const TimeRules& rules);
 
 }  // namespace cuewright

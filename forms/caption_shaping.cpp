@@ -85,7 +85,7 @@ void CaptionShaping::SplitAtCaret() {
 
 void CaptionShaping::SplitAtFilm() {
   const Row row = bench_.list.Selected();
-  const std::int32_t ms = FilmMs();
+  const Ms ms = FilmMs();
   if (!bench_.document.HasVideo() || ms <= bench_.list.GetCaptionStart(row) || ms >= bench_.list.GetCaptionEnd(row)) {
     return Tell(Message::FilmOutsideCaption);
   }
@@ -121,15 +121,15 @@ void CaptionShaping::Tell(Message message) {
   messages_.Show({bench_.strings[message], BoxIcon::Information});
 }
 
-std::int32_t CaptionShaping::FilmMs() const { return FilmPosition(bench_.window, player_); }
+Ms CaptionShaping::FilmMs() const { return FilmPosition(bench_.window, player_); }
 
 Loudness CaptionShaping::SoundOf(Row row) const {
   Loudness sound;
   if (!audioBar_.Loaded()) return sound;
   const WavePeaks& peaks = audioBar_.Peaks();
   const CaptionTimes times = bench_.list.TimesAt(row);
-  const std::int32_t first = std::max(times.start, 0) / Loudness::kStepMs;
-  const std::int32_t last = std::min(times.end / Loudness::kStepMs, peaks.Columns());
+  const std::int32_t first = std::max<Ms>(times.start, 0).Count() / Loudness::kStepMs;
+  const std::int32_t last = std::min(times.end.Count() / Loudness::kStepMs, peaks.Columns());
   sound.from = first * Loudness::kStepMs;
   for (std::int32_t column = first; column < last; ++column) {
     sound.levels.push_back(peaks.At(2 * column) - peaks.At(2 * column + 1));

@@ -3,6 +3,7 @@
 #include "audio/audio_bar.h"
 #include "capture/preview.h"
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 #include "forms/notices.h"
 #include "tools/insert_caption.h"
@@ -35,7 +36,7 @@ class CaptionShaping {
   template <class Work>
   void Run(EditKind kind, Message trouble, Work work);
   void Tell(Message message);
-  std::int32_t FilmMs() const;
+  Ms FilmMs() const;
   Loudness SoundOf(Row row) const;
 
   Workbench bench_;

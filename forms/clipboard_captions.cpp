@@ -48,7 +48,7 @@ std::optional<std::string_view> TakeUpTo(std::string_view& rest, char mark) {
   return taken;
 }
 
-std::optional<std::int32_t> TakeTime(std::string_view& rest) {
+std::optional<Ms> TakeTime(std::string_view& rest) {
   const auto digits = TakeUpTo(rest, '\t');
   std::int32_t ms = 0;
   if (!digits) return {};
@@ -64,7 +64,8 @@ std::string WriteCaptions(const ClipboardCaptions& captions) {
   bytes += kMarkNames.at(static_cast<std::size_t>(captions.marks));
   bytes += '\n';
   for (const Caption& caption : captions.captions) {
-    bytes += std::to_string(caption.start) + '\t' + std::to_string(caption.end) + '\t' + Escaped(caption.text) + '\n';
+    bytes += std::to_string(caption.start.Count()) + '\t' + std::to_string(caption.end.Count()) + '\t' +
+             Escaped(caption.text) + '\n';
   }
   return bytes;
 }

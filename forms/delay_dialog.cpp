@@ -31,7 +31,7 @@ DelayDialog::DelayDialog(CaptionList& list, const LangStrings& strings, Messages
   cmdCancel.Clicked.Connect([this] { Close(); });
 }
 
-void DelayDialog::Open(std::int32_t sampleStart, bool rightToLeft) {
+void DelayDialog::Open(Ms sampleStart, bool rightToLeft) {
   sampleStart_ = sampleStart;
   SetTitle(strings_[Message::SetDelay]);
   SetRightToLeft(rightToLeft);
@@ -49,9 +49,7 @@ void DelayDialog::Open(std::int32_t sampleStart, bool rightToLeft) {
   NoteOpened();
 }
 
-std::int32_t DelayDialog::Delay() const {
-  return sldMin.Value() * kMinute + sldSec.Value() * kSecond + sldMs.Value() * kTen;
-}
+Ms DelayDialog::Delay() const { return sldMin.Value() * kMinute + sldSec.Value() * kSecond + sldMs.Value() * kTen; }
 
 void DelayDialog::ShowBars() {
   lblMin.SetText(strings_.Counted(Message::CountedMinutes, u"%1", sldMin.Value()));
@@ -60,31 +58,31 @@ void DelayDialog::ShowBars() {
 }
 
 void DelayDialog::ShowDelay() {
-  const std::int32_t delay = Delay();
-  const Text amount = strings_.Counted(Message::CountedMilliseconds, u"%1", std::abs(delay));
+  const Ms delay = Delay();
+  const Text amount = strings_.Counted(Message::CountedMilliseconds, u"%1", Abs(delay).Count());
   lblResult.SetText(delay == 0
                         ? strings_[Message::NoChangesApplied]
                         : Fill(strings_[delay < 0 ? Message::SubtitlesEarlier : Message::SubtitlesLater], amount));
   cmdApply.SetEnabled(delay != 0);
-  ShowSample(std::int64_t{sampleStart_} + delay);
+  ShowSample(sampleStart_.Wide() + delay.Wide());
 }
 
 void DelayDialog::ShowSample(std::int64_t start) {
   // A start beyond the range of times keeps the text of the last one that could be shown.
   CarryOn step;
   step([&] {
-    if (start > std::numeric_limits<std::int32_t>::max()) ThrowOverflow();
+    if (start > Ms::Latest().Wide()) ThrowOverflow();
     lblDetail.SetText(strings_[Message::ResultingAppearTime] + Text(kLineEnd) +
                       MsToTimeText(static_cast<std::int32_t>(start)));
   });
 }
 
 void DelayDialog::Apply() {
-  const std::int32_t delay = Delay();
+  const Ms delay = Delay();
   if (delay == 0) return Close();
   if (const int below = CountBelowZero(list_, delay); below > 0) {
     const Text question =
-        strings_.Counted(strings_.Counted(Message::DelayBelowZero, u"%1", std::abs(delay)), u"%2", below);
+        strings_.Counted(strings_.Counted(Message::DelayBelowZero, u"%1", Abs(delay).Count()), u"%2", below);
     const MessageBox box{question, BoxIcon::Warning, BoxButtons::YesNo, strings_[Message::Warning], true};
     if (messages_.Show(box) != BoxAnswer::Yes) return;
   }

@@ -28,10 +28,10 @@ class DelayDialog final : public Dialog {
   Button cmdCancel{*this, "cmdCancel"};
 
   /// Fills the controls; the sample is a caption that starts at `sampleStart` ms.
-  void Open(std::int32_t sampleStart, bool rightToLeft);
+  void Open(Ms sampleStart, bool rightToLeft);
 
   /// The delay that the bars stand for, in ms; negative is earlier.
-  std::int32_t Delay() const;
+  Ms Delay() const;
 
   Signal<DelayDialog> RepaintRequested;  ///< what the controls hold is to be seen at once
 
@@ -44,7 +44,7 @@ class DelayDialog final : public Dialog {
   CaptionList& list_;
   const LangStrings& strings_;
   Messages& messages_;
-  std::int32_t sampleStart_ = 0;
+  Ms sampleStart_ = 0;
 };
 
 }  // namespace cuewright

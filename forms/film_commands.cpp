@@ -12,13 +12,13 @@ namespace cuewright {
 namespace {
 
 /// How long what is played before or behind an edge lasts.
-constexpr std::int32_t kAroundMs = 500;
-constexpr std::int32_t kStepMs = 100;
-constexpr std::int32_t kSecondMs = 1000;
+constexpr Ms kAroundMs = 500;
+constexpr Ms kStepMs = 100;
+constexpr Ms kSecondMs = 1000;
 /// A frame of 25 a second.
-constexpr std::int32_t kUsualFrameMs = 40;
+constexpr Ms kUsualFrameMs = 40;
 /// The earliest time at which a caption can start.
-constexpr std::int32_t kFirstStart = 1;
+constexpr Ms kFirstStart = 1;
 
 /// How many times as fast as usual a film can be played, in order.
 constexpr std::array<double, 11> kSpeeds = {0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25, 1.5, 2, 3, 4};
@@ -32,8 +32,6 @@ Text SpeedText(double speed) {
   if (text.ends_with(u'0')) text.pop_back();
   return text;
 }
-
-std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(seconds * kSecondMs)); }
 
 }  // namespace
 
@@ -63,10 +61,10 @@ void FilmCommands::WireSteps() {
   MainWindow& w = bench_.window;
   w.mnuFrameBack.Clicked.Connect([this] { StepFrames(-1); });
   w.mnuFrameForward.Clicked.Connect([this] { StepFrames(1); });
-  w.mnuStepBack.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) - kStepMs); });
-  w.mnuStepForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kStepMs); });
-  w.mnuSecondBack.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) - kSecondMs); });
-  w.mnuSecondForward.Clicked.Connect([this] { Seek(Ms(player_.CurrentPosition()) + kSecondMs); });
+  w.mnuStepBack.Clicked.Connect([this] { Seek(Ms::OfSeconds(player_.CurrentPosition()) - kStepMs); });
+  w.mnuStepForward.Clicked.Connect([this] { Seek(Ms::OfSeconds(player_.CurrentPosition()) + kStepMs); });
+  w.mnuSecondBack.Clicked.Connect([this] { Seek(Ms::OfSeconds(player_.CurrentPosition()) - kSecondMs); });
+  w.mnuSecondForward.Clicked.Connect([this] { Seek(Ms::OfSeconds(player_.CurrentPosition()) + kSecondMs); });
 }
 
 void FilmCommands::WireSpeed() {
@@ -144,11 +142,11 @@ void FilmCommands::PlayOrPause() {
   }
 }
 
-void FilmCommands::PlayAround(Edge edge, std::int32_t from, std::int32_t to) {
+void FilmCommands::PlayAround(Edge edge, Ms from, Ms to) {
   const Row row = bench_.list.Selected();
   if (!HasFilm() || !HasCaption() || !bench_.list.IsCaptionTimed(row)) return;
   const CaptionTimes times = bench_.list.TimesAt(row);
-  const std::int32_t at = edge == Edge::Start ? times.start : times.end;
+  const Ms at = edge == Edge::Start ? times.start : times.end;
   stretch_.Play(at + from, at + to);
 }
 
@@ -177,28 +175,28 @@ void FilmCommands::Repeat() {
   if (stretch_.Repeats()) PlayCaption();
 }
 
-void FilmCommands::Seek(std::int32_t ms) {
+void FilmCommands::Seek(Ms ms) {
   if (!HasFilm()) return;
   const double last = player_.Duration();
-  const double seconds = std::max(ms, 0) / 1000.0;
+  const double seconds = std::max<Ms>(ms, 0).Seconds();
   player_.SetCurrentPosition(last > 0 ? std::min(seconds, last) : seconds);
 }
 
 void FilmCommands::StepFrames(int frames) {
   if (!HasFilm()) return;
   if (player_.PlayState() == kPlayerPlaying) player_.Pause();
-  Seek(FramesFrom(Ms(player_.CurrentPosition()), frames));
+  Seek(FramesFrom(Ms::OfSeconds(player_.CurrentPosition()), frames));
 }
 
-std::int32_t FilmCommands::Here() const { return FilmPosition(bench_.window, player_); }
+Ms FilmCommands::Here() const { return FilmPosition(bench_.window, player_); }
 
-std::int32_t FilmCommands::FramesFrom(std::int32_t ms, int frames) const {
+Ms FilmCommands::FramesFrom(Ms ms, int frames) const {
   const FrameRate rate = player_.FramesPerSecond();
   if (!rate.IsUsual()) return ms + frames * kUsualFrameMs;
-  return rate.MsOfFrames(rate.FramesOfMs(std::max(ms, 0)) + frames);
+  return rate.MsOfFrames(rate.FramesOfMs(std::max<Ms>(ms, 0)) + frames);
 }
 
-void FilmCommands::PutEdge(Edge edge, std::int32_t ms, Rest rest) {
+void FilmCommands::PutEdge(Edge edge, Ms ms, Rest rest) {
   if (!MayChangeTimes()) return;
   CaptionList& list = bench_.list;
   const Row row = list.Selected();
@@ -224,12 +222,12 @@ void FilmCommands::PutEdge(Edge edge, std::int32_t ms, Rest rest) {
   }
 }
 
-void FilmCommands::MoveRest(Row from, std::int32_t by) {
+void FilmCommands::MoveRest(Row from, Ms by) {
   CaptionList& list = bench_.list;
   std::vector<CaptionTimes> times;
   for (Row row = from; row < list.Rows(); ++row) {
     CaptionTimes moved = list.TimesAt(row);
-    if (list.IsCaptionTimed(row)) moved = {std::max(moved.start + by, kFirstStart), std::max(moved.end + by, 0)};
+    if (list.IsCaptionTimed(row)) moved = {std::max(moved.start + by, kFirstStart), std::max<Ms>(moved.end + by, 0)};
     times.push_back(moved);
   }
   list.Retime(from, times);
@@ -242,7 +240,7 @@ void FilmCommands::NudgeFrame(Edge edge, int frames) {
   PutEdge(edge, FramesFrom(edge == Edge::Start ? times.start : times.end, frames), Rest::Stays);
 }
 
-void FilmCommands::NudgeMs(Edge edge, std::int32_t by) {
+void FilmCommands::NudgeMs(Edge edge, Ms by) {
   if (!HasCaption()) return;
   const CaptionTimes times = bench_.list.TimesAt(bench_.list.Selected());
   PutEdge(edge, (edge == Edge::Start ? times.start : times.end) + by, Rest::Stays);

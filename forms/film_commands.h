@@ -34,26 +34,26 @@ class FilmCommands {
 
   void PlayOrPause();
   /// Plays from so many ms from an edge of the caption on.
-  void PlayAround(Edge edge, std::int32_t from, std::int32_t to);
+  void PlayAround(Edge edge, Ms from, Ms to);
   void PlayCaption();
   /// Plays from the end of the caption before to the start of this one.
   void PlayGap();
   void PlayStretch();
   void Repeat();
-  void Seek(std::int32_t ms);
+  void Seek(Ms ms);
   void StepFrames(int frames);
   /// So many of the usual speeds faster than now.
   void ChangeSpeed(int steps);
   void ShowSpeed();
 
   /// Where the film is, or was when the key went that is being handled.
-  std::int32_t Here() const;
+  Ms Here() const;
   /// So many frames from a time, at the beginning of a frame; 40 ms each where the film's rate isn't known.
-  std::int32_t FramesFrom(std::int32_t ms, int frames) const;
-  void PutEdge(Edge edge, std::int32_t ms, Rest rest);
+  Ms FramesFrom(Ms ms, int frames) const;
+  void PutEdge(Edge edge, Ms ms, Rest rest);
   void NudgeFrame(Edge edge, int frames);
-  void NudgeMs(Edge edge, std::int32_t by);
-  void MoveRest(Row from, std::int32_t by);
+  void NudgeMs(Edge edge, Ms by);
+  void MoveRest(Row from, Ms by);
   void NextInPane();
 
   Workbench bench_;

@@ -20,9 +20,9 @@ constexpr std::array<TextView, 9> kUsualRates = {u"23.976", u"24", u"25",    u"2
 constexpr TextView kCommonRate = u"25";
 
 /// A time as it is shown; one that is too large for that is its ms.
-Text ShownTime(std::int32_t ms) {
+Text ShownTime(Ms ms) {
   CarryOn step;
-  Text text = Decimal(ms);
+  Text text = Decimal(ms.Count());
   step([&] { text = MsToTimeText(ms); });
   return text;
 }
@@ -75,7 +75,7 @@ void RetimeWindow::WirePoints() {
     cmdSetPoint.Click();
   });
   cmdSetPoint.Clicked.Connect([this] {
-    if (const std::optional<std::int32_t> ms = TypedTime(txtPoint.GetText())) SetPoint(*ms);
+    if (const std::optional<Ms> ms = TypedTime(txtPoint.GetText())) SetPoint(*ms);
   });
   cmdFilmPoint.Clicked.Connect([this] { SetPoint(FilmPosition(bench_.window, player_)); });
   lstPoints.Chosen.Connect([this] {
@@ -237,7 +237,7 @@ void RetimeWindow::ShowPoints(int chosen) {
   cmdRemovePoint.SetEnabled(lstPoints.Index() >= 0);
 }
 
-void RetimeWindow::SetPoint(std::int32_t ms) {
+void RetimeWindow::SetPoint(Ms ms) {
   const std::size_t place = points_.Put(bench_.list.Selected(), ms);
   ShowPoints(static_cast<int>(place));
   Refresh();
@@ -294,7 +294,7 @@ RetimeWindow::Asked RetimeWindow::AskedMap() const {
 
 RetimeWindow::Asked RetimeWindow::AskedShift() const {
   const bool frames = cboUnit.Index() == Frames;
-  std::optional<std::int32_t> ms;
+  std::optional<Ms> ms;
   if (!frames) ms = TypedTime(txtShift.GetText());
   if (const auto count = frames ? TypedNumber(txtShift.GetText()) : std::nullopt) {
     CarryOn step;

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 #include "form/controls.h"
 #include "formats/format_state.h"
@@ -88,7 +89,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   void ShowPoint();
   void ShowPoints(int chosen);
   void OfferRates();
-  void SetPoint(std::int32_t ms);
+  void SetPoint(Ms ms);
   void Follow(const Splice& splice);
   /// What is asked for has changed: the list and the result follow.
   void Refresh();

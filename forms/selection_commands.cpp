@@ -16,14 +16,14 @@
 namespace cuewright {
 namespace {
 
-constexpr std::int32_t kLargestShift = 360000000;  // ms, a hundred hours
+constexpr Ms kLargestShift = 360000000;  // ms, a hundred hours
 
 /// The ms of a time with or without a sign; empty for any other text.
-std::optional<std::int32_t> ShiftOf(TextView typed) {
+std::optional<Ms> ShiftOf(TextView typed) {
   typed = TrimBlanks(typed);
   const bool back = typed.starts_with(u'-');
   if (back || typed.starts_with(u'+')) typed.remove_prefix(1);
-  const std::optional<std::int32_t> ms = TypedTime(typed);
+  const std::optional<Ms> ms = TypedTime(typed);
   if (!ms || *ms > kLargestShift) return {};
   return back ? -*ms : *ms;
 }
@@ -180,23 +180,21 @@ void SelectionCommands::Shift() {
   ports_.messages.Show({Fill(bench_.strings[Message::ShiftNotUnderstood], answer), BoxIcon::Warning});
 }
 
-void SelectionCommands::ShiftBy(std::int32_t ms) {
+void SelectionCommands::ShiftBy(Ms ms) {
   CaptionList& list = bench_.list;
   const RowSet rows = Rows();
-  std::int32_t earliest = std::numeric_limits<std::int32_t>::max();
+  Ms earliest = Ms::Latest();
   for (const Row row : rows.Rows()) {
     if (list.IsCaptionTimed(row)) earliest = std::min(earliest, list.GetCaptionStart(row));
   }
   // The distances between them stay: none is pushed to the film's beginning, where it would count as untimed.
-  const std::int64_t by = std::max<std::int64_t>(ms, std::int64_t{1} - earliest);
-  const auto moved = [by](std::int32_t time) {
-    return static_cast<std::int32_t>(std::min<std::int64_t>(time + by, std::numeric_limits<std::int32_t>::max()));
-  };
+  const Ms by = std::max(ms, 1 - earliest);
+  const auto moved = [by](Ms time) { return Ms::Within(time.Wide() + by.Wide(), 0, Ms::Latest()); };
   std::vector<CaptionTimes> times;
   for (Row row = rows.First(); row <= rows.Last(); ++row) {
     CaptionTimes time = list.TimesAt(row);
     if (rows.Has(row) && list.IsCaptionTimed(row)) {
-      time = {moved(time.start), time.end == 0 ? 0 : std::max(moved(time.end), 0)};
+      time = {moved(time.start), time.end == 0 ? 0 : moved(time.end)};
     }
     times.push_back(time);
   }
@@ -247,11 +245,11 @@ void SelectionCommands::SortByStart() {
   const CaptionList& list = bench_.list;
   const RowSet rows = Rows().Count() > 1 ? Rows() : RowSet(1, list.Rows() - 1);
   struct Place {
-    std::int32_t start;
+    Ms start;
     Row row;
   };
   std::vector<Place> places;
-  std::int32_t start = 0;
+  Ms start = 0;
   for (const Row row : rows.Rows()) {
     // A caption without times stays behind the one that it stands behind.
     if (list.IsCaptionTimed(row)) start = list.GetCaptionStart(row);

@@ -3,6 +3,7 @@
 #include "capture/caption_panel.h"
 #include "capture/preview.h"
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "formats/format_state.h"
 #include "forms/clipboard_captions.h"
 #include "forms/ports.h"
@@ -27,7 +28,7 @@ class SelectionCommands {
   void Copy();
   void Paste();
   void Shift();
-  void ShiftBy(std::int32_t ms);
+  void ShiftBy(Ms ms);
   void Join();
   void ChangeCase(LetterCase wanted);
   void Move(bool down);

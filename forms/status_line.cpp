@@ -31,7 +31,7 @@ Text StatusLine::TextOfSelection() const {
   for (const Row row : list.SelectedRows().Rows()) {
     const CaptionTimes times = list.TimesAt(row);
     if (times.end <= times.start) continue;
-    length += std::int64_t{times.end} - times.start;
+    length += Span(times.start, times.end);
     if (counted) characters += VisibleLength(list.GetSeenText(row, true), false);
   }
   if (length == 0) return {};

@@ -96,10 +96,10 @@ void WaveCommands::SnapEdge(CaptionEdge edge, bool back) {
   const Row row = list.Selected();
   if (!list.InRange(row) || !list.IsCaptionTimed(row)) return;
   CaptionTimes times = list.TimesAt(row);
-  std::int32_t& ms = edge == CaptionEdge::Start ? times.start : times.end;
+  Ms& ms = edge == CaptionEdge::Start ? times.start : times.end;
   const auto point = board_.NextPoint(edge, ms, back);
   if (!point) return Tell(Message::NothingToSnapTo);
-  ms = std::max(*point, 1);
+  ms = std::max<Ms>(*point, 1);
   // A caption that would end before it begins stays.
   if (times.end <= times.start) return Tell(Message::NothingToSnapTo);
   const EditScope scope(list, EditKind::SetTimes);

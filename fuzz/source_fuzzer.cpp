@@ -26,7 +26,7 @@ class CheckingSink final : public SourceSink {
   CheckingSink(const SourceFormat& format, const SourceText& source, MarkKind kind)
       : format_(format), source_(source), bytes_(source.bytes), kind_(kind) {}
 
-  bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) override {
+  bool Add(Ms start, Ms end, Text text, const SourceRecord& record) override {
     fuzz::Demand(record.whole.at >= behind_ && record.whole.End() <= bytes_.size(), "records are in order");
     behind_ = record.whole.End();
     for (const Stretch& field : {record.number, record.start, record.end, record.text}) {

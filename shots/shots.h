@@ -5,6 +5,8 @@
 
 #include "shots/shot_measures.h"
 
+#include "core/ms.h"
+
 namespace cuewright {
 
 enum class ShotKind : std::uint8_t { Cut, Fade };
@@ -15,7 +17,7 @@ struct Shot {
   std::int64_t us = 0;     ///< presentation time of that picture, in microseconds
   ShotKind kind = ShotKind::Cut;
 
-  std::int32_t Ms() const { return static_cast<std::int32_t>((us + 500) / 1000); }
+  Ms At() const { return Ms::OfMicroseconds(us); }
 };
 
 /// The changes of shot in what was measured, in order. A sensitivity of 1 is the usual one, 2 asks for half as much.

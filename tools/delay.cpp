@@ -7,16 +7,14 @@
 namespace cuewright {
 namespace {
 
-std::int64_t Shifted(std::int32_t ms, std::int32_t delay) { return std::int64_t{ms} + delay; }
+std::int64_t Shifted(Ms ms, Ms delay) { return ms.Wide() + delay.Wide(); }
 
 /// A time as the list stores it: a negative one is 0.
-std::int32_t Stored(std::int64_t ms) {
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(ms, 0, std::numeric_limits<std::int32_t>::max()));
-}
+Ms Stored(std::int64_t ms) { return Ms::Within(ms, 0, Ms::Latest()); }
 
 }  // namespace
 
-int CountBelowZero(const CaptionList& list, std::int32_t delay) {
+int CountBelowZero(const CaptionList& list, Ms delay) {
   int count = 0;
   for (Row row = 1; row < list.Rows(); ++row) {
     if (list.IsCaptionTimed(row) && Shifted(list.GetCaptionStart(row), delay) < 0) ++count;
@@ -24,7 +22,7 @@ int CountBelowZero(const CaptionList& list, std::int32_t delay) {
   return count;
 }
 
-void ShiftCaptions(CaptionList& list, std::int32_t delay) {
+void ShiftCaptions(CaptionList& list, Ms delay) {
   std::vector<CaptionTimes> times;
   times.reserve(static_cast<std::size_t>(list.Rows()));
   bool any = false;

@@ -11,38 +11,38 @@ namespace {
 /// How many characters a caption is expected to get that has none yet.
 constexpr int kUsualLength = 30;
 /// Less room than this is none.
-constexpr std::int32_t kLeastRoom = 100;
+constexpr Ms kLeastRoom = 100;
 /// A caption that starts at 0 counts as one without times.
-constexpr std::int32_t kFirstStart = 1;
-constexpr std::int32_t kNoLimit = std::numeric_limits<std::int32_t>::max();
+constexpr Ms kFirstStart = 1;
+constexpr Ms kNoLimit = Ms::Latest();
 
 /// The part of a stretch of time that a new caption takes, from its beginning on; no times when it is too short.
-CaptionTimes FirstOf(const CaptionList& list, std::int32_t begin, std::int32_t end) {
-  if (std::int64_t{end} - begin < kLeastRoom) return {};
-  const std::int64_t wanted = std::max(DurationOfLength(list.Options(), kUsualLength), kLeastRoom);
-  return {begin, static_cast<std::int32_t>(std::min<std::int64_t>(begin + wanted, end))};
+CaptionTimes FirstOf(const CaptionList& list, Ms begin, Ms end) {
+  if (Span(begin, end) < kLeastRoom.Wide()) return {};
+  const Ms wanted = std::max(DurationOfLength(list.Options(), kUsualLength), kLeastRoom);
+  return {begin, Ms::Within(begin.Wide() + wanted.Wide(), begin, end)};
 }
 
-std::int32_t NextStart(const CaptionList& list, Row row) {
+Ms NextStart(const CaptionList& list, Row row) {
   while (list.InRange(row) && !list.IsCaptionTimed(row)) ++row;
   return list.InRange(row) ? list.GetCaptionStart(row) : kNoLimit;
 }
 
-std::int32_t EndBefore(const CaptionList& list, Row row) {
+Ms EndBefore(const CaptionList& list, Row row) {
   while (list.InRange(row) && !list.IsCaptionTimed(row)) --row;
   return list.InRange(row) ? std::max(list.GetCaptionStart(row), list.GetCaptionEnd(row)) : 0;
 }
 
 CaptionTimes TimesAbove(const CaptionList& list, Row row) {
-  const std::int32_t begin = std::max(EndBefore(list, row - 1), kFirstStart);
-  const std::int32_t end = list.GetCaptionStart(row);
+  const Ms begin = std::max(EndBefore(list, row - 1), kFirstStart);
+  const Ms end = list.GetCaptionStart(row);
   const CaptionTimes times = FirstOf(list, begin, end);
   // The room right before the row is taken, not that behind the caption before it.
   return times.end == 0 ? times : CaptionTimes{end - (times.end - times.start), end};
 }
 
 CaptionTimes TimesBelow(const CaptionList& list, Row row) {
-  const std::int32_t begin = list.GetCaptionEnd(row);
+  const Ms begin = list.GetCaptionEnd(row);
   return begin > list.GetCaptionStart(row) ? FirstOf(list, begin, NextStart(list, row + 1)) : CaptionTimes{};
 }
 
@@ -60,8 +60,8 @@ Row InsertBeside(CaptionList& list, Row row, Side side) {
   return Add(list, times, side == Side::Above ? row : row + 1);
 }
 
-std::optional<Row> InsertAt(CaptionList& list, std::int32_t ms) {
-  const std::int32_t start = std::max(ms, kFirstStart);
+std::optional<Row> InsertAt(CaptionList& list, Ms ms) {
+  const Ms start = std::max(ms, kFirstStart);
   Row before = 0;  // the last one that has started by then
   for (Row row = 1; row < list.Rows(); ++row) {
     if (!list.IsCaptionTimed(row)) continue;

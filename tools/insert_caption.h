@@ -15,7 +15,7 @@ Row InsertBeside(CaptionList& list, Row row, Side side);
 
 /// Puts a caption without text where it belongs by its start, which is this time in ms. Nothing happens when another
 /// stands there already or begins at once.
-std::optional<Row> InsertAt(CaptionList& list, std::int32_t ms);
+std::optional<Row> InsertAt(CaptionList& list, Ms ms);
 
 /// Puts a caption without text where it belongs by its start, with these times. The new row.
 Row InsertStretchAt(CaptionList& list, CaptionTimes times);

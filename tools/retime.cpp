@@ -26,9 +26,7 @@ SpeedRatio Reduced(std::int64_t numerator, std::int64_t denominator) {
   return shared == 0 ? SpeedRatio() : SpeedRatio{numerator / shared, denominator / shared};
 }
 
-std::int32_t Stored(std::int64_t ms) {
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(ms, 0, std::numeric_limits<std::int32_t>::max()));
-}
+Ms Stored(std::int64_t ms) { return Ms::Within(ms, 0, Ms::Latest()); }
 
 /// A positive number with or without decimals as a fraction; empty for any other text and for more than nine digits.
 std::optional<SpeedRatio> FractionOf(TextView text) {
@@ -67,15 +65,15 @@ SpeedRatio SpeedRatio::OfRates(const FrameRate& from, const FrameRate& to) {
   return Reduced(std::int64_t{from.Numerator()} * to.Denominator(), std::int64_t{from.Denominator()} * to.Numerator());
 }
 
-TimeMap TimeMap::Shift(std::int32_t ms) {
+TimeMap TimeMap::Shift(Ms ms) {
   TimeMap map;
-  map.lines_ = {{0, ms, {}}};
+  map.lines_ = {{0, ms.Wide(), {}}};
   return map;
 }
 
-TimeMap TimeMap::ScaleAndShift(const SpeedRatio& ratio, std::int32_t ms) {
+TimeMap TimeMap::ScaleAndShift(const SpeedRatio& ratio, Ms ms) {
   TimeMap map;
-  map.lines_ = {{0, ms, ratio}};
+  map.lines_ = {{0, ms.Wide(), ratio}};
   return map;
 }
 
@@ -90,21 +88,21 @@ TimeMap::Fault TimeMap::Through(std::vector<TimePoint> points, TimeMap& map) {
   std::ranges::sort(points, {}, &TimePoint::from);
   std::vector<Line> lines;
   for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-    const std::int64_t before = std::int64_t{points[i + 1].from} - points[i].from;
-    const std::int64_t after = std::int64_t{points[i + 1].to} - points[i].to;
+    const std::int64_t before = Span(points[i].from, points[i + 1].from);
+    const std::int64_t after = Span(points[i].to, points[i + 1].to);
     if (before == 0) return Fault::SameTime;
     if (after <= 0) return Fault::TurnedRound;
-    lines.push_back({points[i].from, points[i].to, Reduced(after, before)});
+    lines.push_back({points[i].from, points[i].to.Wide(), Reduced(after, before)});
   }
-  if (lines.empty()) lines.push_back({points.front().from, points.front().to, {}});
+  if (lines.empty()) lines.push_back({points.front().from, points.front().to.Wide(), {}});
   map.lines_ = std::move(lines);
   return Fault::None;
 }
 
-std::int64_t TimeMap::At(std::int32_t ms) const {
+std::int64_t TimeMap::At(Ms ms) const {
   const auto behind = std::ranges::upper_bound(lines_, ms, {}, &Line::from);
   const Line& line = behind == lines_.begin() ? lines_.front() : *std::prev(behind);
-  return line.to + Scaled(std::int64_t{ms} - line.from, line.slope);
+  return line.to + Scaled(Span(line.from, ms), line.slope);
 }
 
 Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map) {

@@ -26,20 +26,20 @@ struct SpeedRatio {
 
 /// A time that is to become another, in ms.
 struct TimePoint {
-  std::int32_t from = 0;
-  std::int32_t to = 0;
+  Ms from = 0;
+  Ms to = 0;
 };
 
 /// Where each time goes: straight lines, one behind the other. Everything is counted in whole numbers, and only the
 /// result is rounded, to the nearest ms.
 class TimeMap {
  public:
-  static TimeMap Shift(std::int32_t ms);
+  static TimeMap Shift(Ms ms);
   /// Multiplies times, 0 staying where it is.
   static TimeMap Scale(const SpeedRatio& ratio);
 
   /// Multiplies times and then adds milliseconds.
-  static TimeMap ScaleAndShift(const SpeedRatio& ratio, std::int32_t ms);
+  static TimeMap ScaleAndShift(const SpeedRatio& ratio, Ms ms);
 
   enum class Fault : std::uint8_t { None, NoPoint, SameTime, TurnedRound };
   /// Straight lines through points in any order; before the first and behind the last point the nearest line goes on,
@@ -48,11 +48,11 @@ class TimeMap {
   static Fault Through(std::vector<TimePoint> points, TimeMap& map);
 
   /// The new time; negative where it would be before the film.
-  std::int64_t At(std::int32_t ms) const;
+  std::int64_t At(Ms ms) const;
 
  private:
   struct Line {
-    std::int32_t from = 0;  ///< the old time at which it begins; the first goes on before that
+    Ms from = 0;  ///< the old time at which it begins; the first goes on before that
     std::int64_t to = 0;
     SpeedRatio slope;
   };

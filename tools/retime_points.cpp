@@ -11,7 +11,7 @@ Row RowAfter(const Splice& splice, Row row) {
   return row < splice.first + splice.added ? row : 0;
 }
 
-std::size_t RetimePoints::Put(Row row, std::int32_t ms) {
+std::size_t RetimePoints::Put(Row row, Ms ms) {
   const auto at = std::ranges::lower_bound(points_, row, {}, &Point::row);
   const std::size_t place = static_cast<std::size_t>(at - points_.begin());
   if (at != points_.end() && at->row == row) {

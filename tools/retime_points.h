@@ -16,13 +16,13 @@ class RetimePoints {
  public:
   struct Point {
     Row row = 0;
-    std::int32_t ms = 0;  ///< the start that it is to have
+    Ms ms = 0;  ///< the start that it is to have
   };
 
   const std::vector<Point>& All() const { return points_; }
 
   /// Gives a caption a time, instead of the one it had. Its place among the points.
-  std::size_t Put(Row row, std::int32_t ms);
+  std::size_t Put(Row row, Ms ms);
   void Remove(std::size_t place);
   void Clear() { points_.clear(); }
 

@@ -7,7 +7,7 @@ namespace cuewright {
 namespace {
 
 /// A smaller overlap is nothing that a viewer could notice.
-constexpr std::int32_t kLeastLoggedCollision = 50;
+constexpr Ms kLeastLoggedCollision = 50;
 
 /// What tells of a change that was made, and what tells of the same change when it would be made.
 constexpr std::pair<Message, Message> kWouldBe[] = {

@@ -33,7 +33,7 @@ bool ExceedsTwoLines(TextView text, TextView separator) {
 }
 
 Checked32 DurationOf(const CaptionList& list, Row row) {
-  return Checked32(list.GetCaptionEnd(row)) - Checked32(list.GetCaptionStart(row));
+  return Checked32(list.GetCaptionEnd(row).Count()) - Checked32(list.GetCaptionStart(row).Count());
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ void RulesEngine::SplitLines(Row row) {
 void RulesEngine::CheckTiming(Row row) {
   if (options_.avoidCollision != 0) {
     step_([&] {
-      std::int32_t start = 0;
+      Ms start = 0;
       CheckCollision(row, start);
     });
   }
@@ -89,9 +89,9 @@ void RulesEngine::RemoveCredit(Row& row) {
   --row;  // the caption that moved up is next
 }
 
-void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
+void RulesEngine::CheckCollision(Row row, Ms& startHint) {
   if (!list_.InRange(row) || !list_.IsCaptionTimed(row - 1)) return;
-  const std::int32_t previousEnd = list_.GetCaptionEnd(row - 1);
+  const Ms previousEnd = list_.GetCaptionEnd(row - 1);
   if (startHint == 0) {
     if (!list_.IsCaptionTimed(row)) return;
     startHint = list_.GetCaptionStart(row);
@@ -99,7 +99,7 @@ void RulesEngine::CheckCollision(Row row, std::int32_t& startHint) {
   if (previousEnd <= startHint) return;
   const bool fix = options_.avoidCollision != 0;
   if (fix) list_.SetCaptionStart(row, previousEnd, false);
-  const Checked32 overlap = Checked32(previousEnd) - Checked32(startHint);
+  const Checked32 overlap = Checked32(previousEnd.Count()) - Checked32(startHint.Count());
   report_.AddRuleEntry(row, list_.GetSeenText(row), RuleKind::Collision, overlap, fix);
 }
 
@@ -124,7 +124,7 @@ void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   if (rate >= best - tolerance && rate <= best + tolerance) return;
   // The best duration has 16 bits; one that doesn't fit leaves the caption as it is.
   const Checked32 bestDuration((Checked16(best) * length).Value());
-  if (fix) list_.SetCaptionEnd(row, Checked32(list_.GetCaptionStart(row)) + bestDuration);
+  if (fix) list_.SetCaptionEnd(row, (Checked32(list_.GetCaptionStart(row).Count()) + bestDuration).Value());
   report_.AddRuleEntry(row, text, RuleKind::DurationOutsideRange, bestDuration - duration, fix);
 }
 

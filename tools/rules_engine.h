@@ -29,7 +29,7 @@ class RulesEngine {
 
   /// Moves a start (`startHint` in ms; 0 takes the row's own and stores it there) that lies before the end of
   /// the row above to that end, when the rule is on, and logs it either way.
-  void CheckCollision(Row row, std::int32_t& startHint);
+  void CheckCollision(Row row, Ms& startHint);
 
   /// Logs a duration that is outside the range for the caption's length, and corrects it with `fix`. One of
   /// 0 ms or less is always corrected. Run-time error 6 when the best duration doesn't fit 16 bits.

@@ -9,9 +9,9 @@ namespace cuewright {
 namespace {
 
 /// Each part stands at least so long where the caption has the room.
-constexpr std::int32_t kLeastPart = 100;
+constexpr Ms kLeastPart = 100;
 /// How far a pause may lie from the share of the letters.
-constexpr std::int32_t kPauseReach = 500;
+constexpr Ms kPauseReach = 500;
 /// Steps of sound that are weighed together, so that a single quiet one inside a word is no pause.
 constexpr std::ptrdiff_t kPauseSteps = 6;
 
@@ -81,11 +81,11 @@ Parts PartsAt(const PaneText& text, std::size_t place) {
           text.Piece(dialogue ? second + secondDash : second, view.size())};
 }
 
-void Divide(CaptionList& list, Row row, Parts parts, std::int32_t ms) {
+void Divide(CaptionList& list, Row row, Parts parts, Ms ms) {
   Caption first = list.At(row).WithText(std::move(parts.first));
   Caption second{0, 0, std::move(parts.second)};
   if (first.end > first.start) {
-    const std::int32_t part = std::min(kLeastPart, (first.end - first.start) / 2);
+    const Ms part = std::min(kLeastPart, (first.end - first.start) / 2);
     second.end = first.end;
     second.start = first.end = std::clamp(ms, first.start + part, first.end - part);
   }
@@ -95,20 +95,20 @@ void Divide(CaptionList& list, Row row, Parts parts, std::int32_t ms) {
 
 }  // namespace
 
-std::int32_t QuietestNear(const Loudness& sound, std::int32_t ms, std::int32_t reach) {
+Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach) {
   const auto known = static_cast<std::ptrdiff_t>(sound.levels.size());
   const auto stepOf = [&](std::int64_t time) {
-    return static_cast<std::ptrdiff_t>((time - sound.from) / Loudness::kStepMs);
+    return static_cast<std::ptrdiff_t>((time - sound.from.Wide()) / Loudness::kStepMs);
   };
-  const std::ptrdiff_t first = std::max<std::ptrdiff_t>(stepOf(std::int64_t{ms} - reach), 0);
-  const std::ptrdiff_t last = std::min(stepOf(std::int64_t{ms} + reach), known) - kPauseSteps;
-  std::int32_t best = ms;
+  const std::ptrdiff_t first = std::max<std::ptrdiff_t>(stepOf(Span(reach, ms)), 0);
+  const std::ptrdiff_t last = std::min(stepOf(ms.Wide() + reach.Wide()), known) - kPauseSteps;
+  Ms best = ms;
   std::int64_t least = -1;
   for (std::ptrdiff_t step = first; step <= last; ++step) {
     std::int64_t level = 0;
     for (std::ptrdiff_t i = step; i < step + kPauseSteps; ++i) level += sound.levels[static_cast<std::size_t>(i)];
-    const auto middle = static_cast<std::int32_t>(sound.from + (2 * step + kPauseSteps) * Loudness::kStepMs / 2);
-    if (least < 0 || level < least || (level == least && std::abs(middle - ms) < std::abs(best - ms))) {
+    const Ms middle = sound.from + static_cast<std::int32_t>((2 * step + kPauseSteps) * Loudness::kStepMs / 2);
+    if (least < 0 || level < least || (level == least && Abs(middle - ms) < Abs(best - ms))) {
       least = level;
       best = middle;
     }
@@ -123,20 +123,19 @@ bool SplitAtPlace(CaptionList& list, Row row, std::size_t place, const Loudness&
   if (place >= view.size() || !halves(place)) place = BestPlace(view, 0.5);
   if (place == 0) return false;
   const CaptionTimes times = list.TimesAt(row);
-  const std::int64_t duration = std::int64_t{times.end} - times.start;
+  const std::int64_t duration = Span(times.start, times.end);
   const auto share = static_cast<std::int64_t>(std::llround(ShareBefore(view, place) * static_cast<double>(duration)));
-  const auto ms = static_cast<std::int32_t>(times.start + share);
-  const auto reach = static_cast<std::int32_t>(std::clamp<std::int64_t>(duration / 4, 0, kPauseReach));
+  const Ms ms = times.start + static_cast<std::int32_t>(share);
+  const Ms reach = Ms::Within(duration / 4, 0, kPauseReach);
   Divide(list, row, PartsAt(text, place), QuietestNear(sound, ms, reach));
   return true;
 }
 
-bool SplitAtTime(CaptionList& list, Row row, std::int32_t ms) {
+bool SplitAtTime(CaptionList& list, Row row, Ms ms) {
   const CaptionTimes times = list.TimesAt(row);
   if (ms <= times.start || ms >= times.end) return false;
   const PaneText text(list, row);
-  const double share =
-      static_cast<double>(std::int64_t{ms} - times.start) / static_cast<double>(std::int64_t{times.end} - times.start);
+  const double share = static_cast<double>(Span(times.start, ms)) / static_cast<double>(Span(times.start, times.end));
   const std::size_t place = BestPlace(text.View(), share);
   if (place == 0) return false;
   Divide(list, row, PartsAt(text, place), ms);

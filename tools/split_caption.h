@@ -12,15 +12,15 @@ namespace cuewright {
 
 /// How loud the film is from a time on, in steps of 10 ms.
 struct Loudness {
-  static constexpr std::int32_t kStepMs = 10;
+  static constexpr int kStepMs = 10;
 
-  std::int32_t from = 0;  ///< ms
+  Ms from = 0;  ///< ms
   std::vector<std::int32_t> levels;
 };
 
 /// The quietest time that isn't further from `ms` than `reach`; of several the nearest. `ms` itself where nothing is
 /// known of the sound.
-std::int32_t QuietestNear(const Loudness& sound, std::int32_t ms, std::int32_t reach);
+Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach);
 
 /// Splits a row in range in two, its text at a place of what the pane shows of it. The time between the two divides
 /// the caption as its letters are divided, or lies at a pause nearby. Line ends and blanks at the place go, and so do
@@ -30,6 +30,6 @@ bool SplitAtPlace(CaptionList& list, Row row, std::size_t place, const Loudness&
 
 /// Splits a row in range in two at a time inside it, its text at the best place near the same share of its letters.
 /// False, and nothing happens, for a time that isn't inside it, and for a text of one word.
-bool SplitAtTime(CaptionList& list, Row row, std::int32_t ms);
+bool SplitAtTime(CaptionList& list, Row row, Ms ms);
 
 }  // namespace cuewright

@@ -24,7 +24,7 @@ std::optional<std::int32_t> TypedNumber(TextView text) {
   return number;
 }
 
-std::optional<std::int32_t> TypedTime(TextView text) {
+std::optional<Ms> TypedTime(TextView text) {
   text = TrimBlanks(text);
   std::int64_t ms = 0;
   if (const std::size_t point = text.find_first_of(u".,"); point != TextView::npos) {

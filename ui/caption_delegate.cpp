@@ -213,7 +213,7 @@ void CaptionDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& o
 int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
   const QFontMetrics metrics(font);
   const TimesShown& times = grid_.Times();
-  constexpr std::int32_t kUsualTime = 5025678;  // 1:23:45.678
+  constexpr Ms kUsualTime = 5025678;  // 1:23:45.678
   QString usual;
   switch (column) {
     case ListColumn::Number:

@@ -82,9 +82,9 @@ QVariant CaptionModel::ClassicData(Row row, int column, int role) const {
     case ListColumn::Number:
       return QString::number(row);
     case ListColumn::Start:
-      return QString::number(grid_.ShownTimes(row).start);
+      return QString::number(grid_.ShownTimes(row).start.Count());
     case ListColumn::End:
-      return QString::number(grid_.ShownTimes(row).end);
+      return QString::number(grid_.ShownTimes(row).end.Count());
     default:
       return ToQt(grid_.ShownText(row));
   }

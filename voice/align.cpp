@@ -167,20 +167,20 @@ std::vector<PlacedLine> Aligner::Placed() const {
 }
 
 /// Gives lines that nobody says the time between their neighbours, as far as they need it.
-void PlaceBetween(std::span<const SpokenFrames> spoken, std::int32_t filmEnd, std::vector<AlignedLine>& lines) {
-  constexpr std::int32_t kPauseMs = 100;
+void PlaceBetween(std::span<const SpokenFrames> spoken, Ms filmEnd, std::vector<AlignedLine>& lines) {
+  constexpr Ms kPauseMs = 100;
   for (std::size_t first = 0; first < lines.size(); ++first) {
     if (lines[first].end > 0) continue;
     std::size_t behind = first;
     while (behind < lines.size() && lines[behind].end == 0) ++behind;
-    std::int32_t at = first == 0 ? 0 : lines[first - 1].end;
-    const std::int32_t until = behind == lines.size() ? std::max(filmEnd, at) : lines[behind].start;
+    Ms at = first == 0 ? 0 : lines[first - 1].end;
+    const Ms until = behind == lines.size() ? std::max(filmEnd, at) : lines[behind].start;
     for (; first < behind; ++first) {
       const auto left = static_cast<std::int32_t>(behind - first);
-      const auto needs = static_cast<std::int32_t>(spoken[first].size() * FilmFeatures::kFrameMs) + kPauseMs;
-      const std::int32_t room = std::max(1, std::min(needs, (until - at) / left));
+      const auto needs = Ms(static_cast<std::int32_t>(spoken[first].size() * FilmFeatures::kFrameMs)) + kPauseMs;
+      const Ms room = std::max<Ms>(1, std::min<Ms>(needs, (until - at) / left));
       lines[first].start = at;
-      lines[first].end = at + std::max(1, room - kPauseMs);
+      lines[first].end = at + std::max<Ms>(1, room - kPauseMs);
       at += room;
     }
   }

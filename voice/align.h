@@ -5,14 +5,15 @@
 #include <span>
 #include <vector>
 
+#include "core/ms.h"
 #include "sound/sound_table.h"
 
 namespace cuewright {
 
 /// Where in a film a line is said.
 struct AlignedLine {
-  std::int32_t start = 0;  ///< ms
-  std::int32_t end = 0;
+  Ms start = 0;  ///< ms
+  Ms end = 0;
   double confidence = 0;  ///< 0 to 1; 0 for a line that nobody says, which lies between its neighbours
   bool doubtful = true;
 };

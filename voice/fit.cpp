@@ -53,7 +53,7 @@ struct Calibrated {
   double end;
 
   Calibrated(const HeldCaption& caption, const Reaction& hand)
-      : start(caption.start - hand.start), end(std::max(caption.end - hand.end, start + kShortest)) {}
+      : start(caption.start.Count() - hand.start), end(std::max(caption.end.Count() - hand.end, start + kShortest)) {}
   StepSpan Steps() const { return {StepAt(start), StepAt(end)}; }
 };
 
@@ -113,11 +113,12 @@ class Fitter {
     EdgeEvidence start = StartEvidence(model, steps.first - reach, count, trust);
     EdgeEvidence end = EndEvidence(model, steps.last - reach, count, trust);
     for (std::size_t at = 0; at < count; ++at)
-      start.values[at] += hand_.StartLikelihood(caption.start - MsOf(start, at));
+      start.values[at] += hand_.StartLikelihood(caption.start.Count() - MsOf(start, at));
     const bool aligned =
         spoken && WordsAlignment(sound_, model, levels, AloneAround(number)).Align(words_[place], steps, start, end);
     AddDrownedEnd(end, levels.Contrast());
-    for (std::size_t at = 0; at < count; ++at) end.values[at] += hand_.EndLikelihood(caption.end - MsOf(end, at));
+    for (std::size_t at = 0; at < count; ++at)
+      end.values[at] += hand_.EndLikelihood(caption.end.Count() - MsOf(end, at));
     return {GuessEdge(start), GuessEdge(end), aligned};
   }
 
@@ -176,9 +177,9 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
     const std::size_t number = drawn * count / sample;
     const Fitter::Edges edges = fitter.Fit(number);
     const HeldCaption& caption = captions[fitter.Timed()[number]];
-    if (edges.start.confidence >= kSureStart) starts.push_back(caption.start - edges.start.ms);
+    if (edges.start.confidence >= kSureStart) starts.push_back(caption.start.Count() - edges.start.ms);
     if (edges.end.confidence >= kSureEnd) {
-      ends.push_back(caption.end - edges.end.ms);
+      ends.push_back(caption.end.Count() - edges.end.ms);
       sureEnds += edges.end.confidence >= kSureStart ? 1 : 0.5;
     }
   }
@@ -200,15 +201,15 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
 }
 
 /// Takes back what the fit makes two captions overlap, or come nearer than the gap, that did neither before.
-void KeepApart(std::span<const HeldCaption> held, std::span<FittedCaption> fitted, std::int32_t leastGap) {
+void KeepApart(std::span<const HeldCaption> held, std::span<FittedCaption> fitted, Ms leastGap) {
   for (std::size_t place = 1; place < held.size(); ++place) {
     FittedCaption& before = fitted[place - 1];
     FittedCaption& here = fitted[place];
     if ((!before.wanted && !here.wanted) || held[place - 1].end > held[place].start) continue;
-    const std::int32_t gap = std::min(leastGap, held[place].start - held[place - 1].end);
+    const Ms gap = std::min(leastGap, held[place].start - held[place - 1].end);
     if (here.start - before.end >= gap) continue;
     // An end is what is seen less, so it gives way, unless the caption before would be gone or isn't to be touched.
-    if (before.wanted && here.start - gap > before.start + kShortest) {
+    if (before.wanted && (here.start - gap).Count() > before.start.Count() + kShortest) {
       before.end = here.start - gap;
     } else if (here.wanted && before.end + gap < here.end) {
       here.start = before.end + gap;

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "core/ms.h"
 #include "sound/sound_table.h"
 #include "voice/fit_voice_model.h"
 #include "voice/reaction.h"
@@ -14,8 +15,8 @@ namespace cuewright {
 
 /// A caption as a person held it, in ms. One whose end isn't behind its start has no times.
 struct HeldCaption {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
+  Ms start = 0;
+  Ms end = 0;
   bool wanted = true;  ///< false: others are fitted, this one only tells where somebody speaks
 };
 
@@ -23,7 +24,7 @@ struct HeldCaption {
 struct FitChoice {
   std::optional<double> startLate{};          ///< the median lateness of presses in ms; empty: found from the film
   std::optional<double> endLate{};            ///< the same of releases
-  std::int32_t leastGap = 0;                  ///< ms that are left between two captions
+  Ms leastGap = 0;                            ///< ms that are left between two captions
   const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread that wants no more of it
 };
 
@@ -39,8 +40,8 @@ enum class FitProblem : std::uint8_t {
 
 /// What became of a caption.
 struct FittedCaption {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
+  Ms start = 0;
+  Ms end = 0;
   double startConfidence = 0;  ///< the probability that it is right to 50 ms; of one that stayed at the constant, too
   double endConfidence = 0;
   bool startMoved = false;  ///< to the voice; else only by the constant, for want of evidence

@@ -34,13 +34,13 @@ OffsetPath::OffsetPath(const OffsetScores& scores, std::span<const CaptionTimes>
     : scores_(scores), captions_(captions), ratio_(ratio), price_(price) {}
 
 float OffsetPath::PriceBefore(std::size_t caption) const {
-  const double gap = (captions_[caption].start - captions_[caption - 1].end) * ratio_;
+  const double gap = (captions_[caption].start - captions_[caption - 1].end).Count() * ratio_;
   const double length = std::clamp((gap - kUsualGapMs) / (kLongGapMs - kUsualGapMs), 0.0, 1.0);
   return price_ * (1 - kLongGapRebate * static_cast<float>(length));
 }
 
 std::size_t OffsetPath::PlacesBetween(std::size_t caption) const {
-  const double between = (captions_[caption].start - captions_[caption - 1].start) * ratio_ / scores_.StepMs();
+  const double between = (captions_[caption].start - captions_[caption - 1].start).Count() * ratio_ / scores_.StepMs();
   return static_cast<std::size_t>(std::clamp(between, 0.0, static_cast<double>(scores_.Places())));
 }
 

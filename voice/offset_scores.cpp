@@ -28,14 +28,13 @@ std::vector<float> Centred(const VoiceTrack& voice, std::size_t width) {
 
 }  // namespace
 
-OffsetScores::OffsetScores(const VoiceTrack& voice, int stepMs, int reachMs, std::int32_t lastMs,
-                           const ScoreWeights& weights)
+OffsetScores::OffsetScores(const VoiceTrack& voice, int stepMs, int reachMs, Ms lastMs, const ScoreWeights& weights)
     : stepMs_(stepMs), reach_(reachMs / stepMs), places_(static_cast<std::size_t>(2 * reach_ + 1)), weights_(weights) {
   const std::vector<float> steps = Centred(voice, static_cast<std::size_t>(stepMs / SoundTable::kStepMs));
   const std::ptrdiff_t beside = kBesideMs / stepMs + 2;
   pad_ = reach_ + beside;
-  const std::size_t length =
-      static_cast<std::size_t>(pad_) * 2 + std::max(steps.size(), static_cast<std::size_t>(lastMs / stepMs + 2));
+  const std::size_t length = static_cast<std::size_t>(pad_) * 2 +
+                             std::max(steps.size(), static_cast<std::size_t>(lastMs.Count() / stepMs + 2));
   sums_.resize(length + 1);
   double sum = 0;
   for (std::size_t i = 0; i < length; ++i) {
@@ -52,9 +51,9 @@ std::ptrdiff_t OffsetScores::PlaceOfTime(double ms) const {
 }
 
 void OffsetScores::Add(const CaptionTimes& caption, double ratio, std::span<float> scores) const {
-  const std::ptrdiff_t start = PlaceOfTime(caption.start * ratio);
+  const std::ptrdiff_t start = PlaceOfTime(caption.start.Count() * ratio);
   const std::ptrdiff_t longest = kMostOverlapMs / stepMs_;
-  const std::ptrdiff_t end = std::clamp(PlaceOfTime(caption.end * ratio), start + 1, start + longest);
+  const std::ptrdiff_t end = std::clamp(PlaceOfTime(caption.end.Count() * ratio), start + 1, start + longest);
   const std::ptrdiff_t beside = kBesideMs / stepMs_;
   const float step = static_cast<float>(stepMs_) / 1000;
   const float overlap = scale_ * weights_.overlap * step;

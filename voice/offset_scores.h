@@ -30,7 +30,7 @@ struct ScoreWeights {
 class OffsetScores {
  public:
   /// The grid has a place every `stepMs` from `-reachMs` to `reachMs`; captions end before `lastMs`.
-  OffsetScores(const VoiceTrack& voice, int stepMs, int reachMs, std::int32_t lastMs, const ScoreWeights& weights);
+  OffsetScores(const VoiceTrack& voice, int stepMs, int reachMs, Ms lastMs, const ScoreWeights& weights);
 
   std::size_t Places() const { return places_; }
   int StepMs() const { return stepMs_; }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kEnough = 400;
 constexpr int kReachMs = 240'000;
-constexpr std::int32_t kLongestMs = 24 * 3600 * 1000;  ///< what lies behind is at no place
+constexpr Ms kLongestMs = 24 * 3600 * 1000;  ///< what lies behind is at no place
 constexpr int kCoarseMs = 80;
 constexpr int kMiddleMs = 40;
 constexpr int kFineReachMs = 160;
@@ -76,7 +76,7 @@ Timed TimedOf(std::span<const CaptionTimes> captions) {
 
 /// The same captions as heard backwards: what fits these fits by chance.
 std::vector<CaptionTimes> Mirrored(std::span<const CaptionTimes> captions) {
-  std::int32_t last = 0;
+  Ms last = 0;
   for (const CaptionTimes& times : captions) last = std::max(last, times.end);
   std::vector<CaptionTimes> mirrored;
   for (const CaptionTimes& times : captions) mirrored.push_back({last - times.end, last - times.start});
@@ -164,10 +164,10 @@ class Synchroniser {
 };
 
 OffsetScores Synchroniser::Grid(int stepMs, int reachMs, const ScoreWeights& weights) const {
-  std::int32_t last = 0;
+  Ms last = 0;
   for (const CaptionTimes& times : timed_.times) last = std::max(last, std::min(times.end, kLongestMs));
   constexpr double kLargestRatio = 1.26;
-  OffsetScores scores(voice_, stepMs, reachMs, static_cast<std::int32_t>(last * kLargestRatio), weights);
+  OffsetScores scores(voice_, stepMs, reachMs, static_cast<std::int32_t>(last.Count() * kLargestRatio), weights);
   scores.SetUnit(UnitOf(scores, timed_.times));
   return scores;
 }
@@ -202,8 +202,8 @@ int Synchroniser::FineMove(const OffsetScores& fine, const Piece& piece) const {
   std::vector<float> places(fine.Places());
   for (std::size_t i = piece.first; i < piece.behind; ++i) {
     CaptionTimes moved = timed_.times[i];
-    moved.start = static_cast<std::int32_t>(std::lround(moved.start * ratio_)) + piece.move;
-    moved.end = static_cast<std::int32_t>(std::lround(moved.end * ratio_)) + piece.move;
+    moved.start = Ms::Nearest(moved.start.Count() * ratio_) + piece.move;
+    moved.end = Ms::Nearest(moved.end.Count() * ratio_) + piece.move;
     if (moved.start >= 0) fine.Add(moved, 1, places);
   }
   const std::size_t best = static_cast<std::size_t>(std::ranges::max_element(places) - places.begin());
@@ -219,12 +219,12 @@ int Synchroniser::FineMove(const OffsetScores& fine, const Piece& piece) const {
 int Synchroniser::ExactMove(const Piece& piece) const {
   std::vector<std::int64_t> differences;
   for (std::size_t i = piece.first; i < piece.behind; ++i) {
-    const std::int64_t start = std::llround(timed_.times[i].start * ratio_) + piece.move;
+    const Ms start = Ms::Nearest(timed_.times[i].start.Count() * ratio_) + piece.move;
     const auto behind = std::ranges::lower_bound(exact_.times, start, {}, &CaptionTimes::start);
     std::int64_t nearest = kFineReachMs + 1;
-    if (behind != exact_.times.end()) nearest = behind->start - start;
+    if (behind != exact_.times.end()) nearest = Span(start, behind->start);
     if (behind != exact_.times.begin()) {
-      const std::int64_t before = std::prev(behind)->start - start;
+      const std::int64_t before = Span(start, std::prev(behind)->start);
       if (std::abs(before) < std::abs(nearest)) nearest = before;
     }
     if (std::abs(nearest) <= kFineReachMs) differences.push_back(nearest);
@@ -254,7 +254,7 @@ void Synchroniser::Refine(std::vector<Piece>& pieces) const {
 std::vector<SyncSegment> Synchroniser::SegmentsOf(const std::vector<Piece>& pieces,
                                                   const std::vector<OffsetChoice>& choices) const {
   struct Place {
-    std::int32_t offset = 0;
+    Ms offset = 0;
     float margin = -1;
   };
   std::vector<Place> rows(captions_.size());

@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "core/ms.h"
 #include "voice/offset_scores.h"
 #include "voice/voice_likeness.h"
 
@@ -13,8 +14,8 @@ namespace cuewright {
 struct SyncSegment {
   Row first = 1;
   Row last = 1;
-  std::int32_t offset = 0;  ///< ms that are added to a time that was multiplied by the ratio
-  double confidence = 0;    ///< 0 to 1, by how much worse the second best place is
+  Ms offset = 0;          ///< ms that are added to a time that was multiplied by the ratio
+  double confidence = 0;  ///< 0 to 1, by how much worse the second best place is
   bool doubtful = false;
 };
 

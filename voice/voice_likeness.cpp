@@ -14,7 +14,7 @@ constexpr double kQuiet = 0.15;
 constexpr double kLoud = 0.92;
 constexpr float kLeastRange = 4;   ///< dB between quiet and loud: below that a band tells nothing
 constexpr float kWholeRange = 16;  ///< dB from which on it tells all it can
-constexpr std::int32_t kLongestTrackMs = 48 * 3600 * 1000;
+constexpr Ms kLongestTrackMs = 48 * 3600 * 1000;
 
 /// What a band adds: its place between quiet and loud, the more the wider these lie apart.
 void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, VoiceTrack& weights) {
@@ -43,12 +43,12 @@ VoiceTrack VoiceOfSound(const SoundTable& sound) {
 }
 
 VoiceTrack VoiceOfCaptions(std::span<const CaptionTimes> captions) {
-  std::int32_t last = 0;
+  Ms last = 0;
   for (const CaptionTimes& times : captions) last = std::max(last, times.end);
-  VoiceTrack track(static_cast<std::size_t>(std::min(last, kLongestTrackMs) / SoundTable::kStepMs));
+  VoiceTrack track(static_cast<std::size_t>(std::min(last, kLongestTrackMs).Count() / SoundTable::kStepMs));
   for (const CaptionTimes& times : captions) {
-    const auto at = [&](std::int32_t ms) {
-      return track.begin() + std::clamp<std::ptrdiff_t>((ms + SoundTable::kStepMs / 2) / SoundTable::kStepMs, 0,
+    const auto at = [&](Ms ms) {
+      return track.begin() + std::clamp<std::ptrdiff_t>((ms.Count() + SoundTable::kStepMs / 2) / SoundTable::kStepMs, 0,
                                                         static_cast<std::ptrdiff_t>(track.size()));
     };
     if (times.start >= 0 && times.end > times.start) std::fill(at(times.start), at(times.end), 1.0F);

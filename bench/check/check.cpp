@@ -35,7 +35,7 @@ std::vector<Caption> MakeCaptions(int count) {
   std::vector<Caption> captions;
   captions.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
-    const std::int32_t start = 1000 + i * 3000;
+    const Ms start = 1000 + i * 3000;
     Caption caption{start, start + 2600, u"Nobody leaves this house|until the storm has passed, " + Decimal(i)};
     if (i % 10 == 1) caption.text = u"<i>Good evening,</i> Inspector.";
     if (i % 10 == 4) caption.end = start + 500;

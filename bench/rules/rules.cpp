@@ -29,7 +29,7 @@ std::vector<Caption> MakeCaptions(int count) {
   std::vector<Caption> captions;
   captions.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
-    const std::int32_t start = 1000 + i * 3000;
+    const Ms start = 1000 + i * 3000;
     Caption caption{start, start + 2000, u"Nobody leaves this house|until the storm has passed, " + Decimal(i)};
     switch (i % 10) {
       case 1:

@@ -27,8 +27,8 @@ class DialogueRun final : public LineRun {
     const std::string_view rest = file.Rest();
     std::array<std::size_t, 9> commas{};
     if (!rest.starts_with(kBeginning) || !FindMarks(rest, ',', file.LineEnd(), commas)) return false;
-    std::int32_t start = 0;
-    std::int32_t end = 0;
+    Ms start = 0;
+    Ms end = 0;
     if (!reader_.ParseClock(rest.substr(commas[0] + 1, commas[1] - commas[0] - 1), start)) return false;
     if (!reader_.ParseClock(rest.substr(commas[1] + 1, commas[2] - commas[1] - 1), end)) return false;
     const std::size_t before = commas.back() + 1;

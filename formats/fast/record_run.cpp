@@ -90,8 +90,8 @@ class RecordRun final : public LineRun {
 
  private:
   struct Times {
-    std::int32_t start = 0;
-    std::int32_t end = 0;
+    Ms start = 0;
+    Ms end = 0;
     std::size_t text = 0;  ///< where it begins
   };
 
@@ -147,15 +147,16 @@ class RecordRun final : public LineRun {
     return ReadTime(start, times.start) && ReadTime(end, times.end);
   }
 
-  bool ReadTime(std::string_view field, std::int32_t& time) const {
+  bool ReadTime(std::string_view field, Ms& time) const {
     if (!form_.counts && !context_.times.rate) return reader_.ParseClock(field, time);
     if (!form_.counts) return ReadClockOfFrames(field, time);
-    time = 0;
-    for (const char digit : field) time = time * 10 + (digit - '0');
-    return !reader_.CountsFrames() || reader_.ParseFrames(time, time);
+    std::int32_t number = 0;
+    for (const char digit : field) number = number * 10 + (digit - '0');
+    time = number;
+    return !reader_.CountsFrames() || reader_.ParseFrames(number, time);
   }
 
-  bool ReadClockOfFrames(std::string_view field, std::int32_t& time) const {
+  bool ReadClockOfFrames(std::string_view field, Ms& time) const {
     if (!reader_.KnowsRate()) return false;
     std::array<char16_t, kLongestField> units;
     std::copy(field.begin(), field.end(), units.begin());

@@ -60,8 +60,8 @@ class SubRipRun final : public LineRun {
 
   bool ReadTimes(std::string_view line) {
     if (framesCount_ || line.substr(kTimeLength, kArrowBytes.size()) != kArrowBytes) return false;
-    std::int32_t start = 0;
-    std::int32_t end = 0;
+    Ms start = 0;
+    Ms end = 0;
     if (!reader_.ParseClock(line.substr(0, kTimeLength), start)) return false;
     if (!reader_.ParseClock(line.substr(line.size() - kTimeLength), end)) return false;
     captions_.captionStart = start;

@@ -12,13 +12,13 @@
 
 namespace cuewright {
 
-Text CatalogueFormat::Time(std::int32_t ms) const {
-  if (definition_.timecodeTemplate == u"ms") return Decimal(ms);
+Text CatalogueFormat::Time(Ms ms) const {
+  if (definition_.timecodeTemplate == u"ms") return Decimal(ms.Count());
   if (definition_.timecodeTemplate == u"ff") return Decimal(MsToFrames(ms, times_));
   return FormatTimecode(definition_, identifier_, ms, times_);
 }
 
-std::string CatalogueFormat::TimeField(std::int32_t ms, std::string_view) const { return ToUtf8(Time(ms)); }
+std::string CatalogueFormat::TimeField(Ms ms, std::string_view) const { return ToUtf8(Time(ms)); }
 
 std::string CatalogueFormat::NumberField(int number, std::string_view old) const {
   std::string digits = std::to_string(number);
@@ -72,7 +72,7 @@ void CatalogueFormat::FindFields(const Caption& caption, std::string_view bytes,
     behind = at + wanted.size();
     return MakeStretch(record.whole.at + at, wanted.size());
   };
-  const auto findTime = [&](std::int32_t ms) {
+  const auto findTime = [&](Ms ms) {
     std::string time;
     CarryOn errors;
     errors([&] { time = TimeField(ms, {}); });

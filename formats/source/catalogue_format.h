@@ -15,7 +15,7 @@ class CatalogueFormat final : public SourceFormat {
       : definition_(definition), identifier_(identifier), times_(times) {}
 
   void Read(const SourceText&, TextView, SourceSink&) override {}
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   std::string NumberField(int number, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
@@ -30,7 +30,7 @@ class CatalogueFormat final : public SourceFormat {
 
  private:
   Stretch FindNumber(std::string_view beforeStart, std::size_t place) const;
-  Text Time(std::int32_t ms) const;
+  Text Time(Ms ms) const;
 
   FormatDefinition definition_;
   Text identifier_;

@@ -96,12 +96,12 @@ std::optional<ClockField> ReadFullClock(std::string_view bytes) {
   return ClockField{static_cast<std::int32_t>(form->ms), form->size};
 }
 
-std::string ClockLike(std::int32_t ms, std::string_view like, NoHours noHours) {
+std::string ClockLike(Ms ms, std::string_view like, NoHours noHours) {
   const ClockForm form = FormOf(like).value_or(ClockForm{{2, 2, 2}, 3, '.', kMsDigits, 0, 0});
   const std::size_t digits = std::min(form.fractionDigits, kMsDigits);
   std::int64_t perSecond = 1;
   for (std::size_t i = 0; i < digits; ++i) perSecond *= 10;
-  const std::int64_t steps = Nearest(std::max(ms, 0), 1000 / perSecond);
+  const std::int64_t steps = Nearest(std::max<Ms>(ms, 0).Wide(), 1000 / perSecond);
   const std::int64_t seconds = steps / perSecond;
 
   std::string out;
@@ -121,11 +121,11 @@ std::string ClockLike(std::int32_t ms, std::string_view like, NoHours noHours) {
   return out;
 }
 
-std::optional<ClockField> ReadNumber(std::string_view bytes) {
+std::optional<NumberField> ReadNumber(std::string_view bytes) {
   const std::size_t size = DigitsAt(bytes, 0);
   const std::int64_t number = NumberOf(bytes.substr(0, size));
   if (size == 0 || number > kLongest) return {};
-  return ClockField{static_cast<std::int32_t>(number), size};
+  return NumberField{static_cast<std::int32_t>(number), size};
 }
 
 }  // namespace cuewright

@@ -69,7 +69,7 @@ void AddTo(Stretch digits, int more, std::string& file) {
   const std::string_view field = digits.In(file);
   const auto number = ReadNumber(field);
   if (!number || number->size != field.size()) return;
-  std::string anew = std::to_string(std::max(number->ms + more, 0));
+  std::string anew = std::to_string(std::max(number->number + more, 0));
   if (anew.size() > digits.size) return;
   anew.insert(0, digits.size - anew.size(), '0');
   file.replace(digits.at, digits.size, anew);
@@ -97,29 +97,29 @@ bool IsEbuHead(std::string_view bytes) {
 }
 
 void EbuFormat::ReadHead(std::string_view head) {
-  if (const auto rate = ReadNumber(head.substr(kDiskFormatAt + 3, 2)); rate && rate->ms != 0) rate_ = rate->ms;
-  if (const auto table = ReadNumber(head.substr(kCharacterTableAt, 2))) texts_.codec = CodecOfEbuTable(table->ms);
+  if (const auto rate = ReadNumber(head.substr(kDiskFormatAt + 3, 2)); rate && rate->number != 0) rate_ = rate->number;
+  if (const auto table = ReadNumber(head.substr(kCharacterTableAt, 2))) texts_.codec = CodecOfEbuTable(table->number);
   texts_.teletext = head[kDisplayStandardAt] == '1' || head[kDisplayStandardAt] == '2';
   const auto rows = ReadNumber(kRowCount.In(head));
-  rows_ = !texts_.teletext && rows && rows->ms > 0 ? rows->ms : kTeletextRows;
+  rows_ = !texts_.teletext && rows && rows->number > 0 ? rows->number : kTeletextRows;
   programmeStart_ = ProgrammeStart(kProgrammeStart.In(head));
 }
 
 /// Hours, minutes, seconds and frames of two digits each; 0 where they aren't told.
-std::int32_t EbuFormat::ProgrammeStart(std::string_view digits) const {
+Ms EbuFormat::ProgrammeStart(std::string_view digits) const {
   std::string field;
   for (; digits.size() >= 2; digits.remove_prefix(2)) {
     const auto number = ReadNumber(digits.substr(0, 2));
     if (!number || number->size != 2) return 0;
-    field += AsByte(static_cast<int>(number->ms));
+    field += AsByte(static_cast<int>(number->number));
   }
-  std::int32_t ms = 0;
+  Ms ms = 0;
   return TimeOf(field, ms) ? ms : 0;
 }
 
-bool EbuFormat::BeginsBefore(std::string_view blocks, std::int32_t ms) const {
+bool EbuFormat::BeginsBefore(std::string_view blocks, Ms ms) const {
   for (; blocks.size() >= kBlockSize; blocks.remove_prefix(kBlockSize)) {
-    std::int32_t start = 0;
+    Ms start = 0;
     if (!IsNoCaption(blocks) && TimeOf(blocks.substr(kStartAt, kTimeSize), start) && start < ms) return true;
   }
   return false;
@@ -149,15 +149,15 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
         extension = following;
       }
       if (std::exchange(first, false)) firstNumber_ = NumberOf(block);
-      std::int32_t start = 0;
-      std::int32_t stop = 0;
+      Ms start = 0;
+      Ms stop = 0;
       if (TimeOf(block.substr(kStartAt, kTimeSize), start) && TimeOf(block.substr(kEndAt, kTimeSize), stop)) {
         SourceRecord record;
         record.whole = Stretch::Between(at, end);
         record.number = Stretch::Of(at + kNumberAt, 2);
         record.start = Stretch::Of(at + kStartAt, kTimeSize);
         record.end = Stretch::Of(at + kEndAt, kTimeSize);
-        if (!sink.Add(start - programmeStart_, std::max(stop - programmeStart_, 0),
+        if (!sink.Add(start - programmeStart_, std::max<Ms>(stop - programmeStart_, 0),
                       TextOf(record.whole.In(bytes), separator), record)) {
           return;
         }
@@ -171,7 +171,7 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
   if (bytes.substr(at).find_first_not_of(kPadding) != std::string_view::npos) sink.NotUnderstood(at);
 }
 
-bool EbuFormat::TimeOf(std::string_view field, std::int32_t& ms) const {
+bool EbuFormat::TimeOf(std::string_view field, Ms& ms) const {
   const int hours = ByteAt(field, 0);
   const int minutes = ByteAt(field, 1);
   const int seconds = ByteAt(field, 2);
@@ -181,10 +181,10 @@ bool EbuFormat::TimeOf(std::string_view field, std::int32_t& ms) const {
   return true;
 }
 
-std::string EbuFormat::TimeField(std::int32_t ms, std::string_view) const {
+std::string EbuFormat::TimeField(Ms ms, std::string_view) const {
   // The last time that a field can tell.
   const std::int64_t last = std::int64_t{24} * 3600 * rate_ - 1;
-  const std::int64_t onTape = std::int64_t{std::max(ms, 0)} + programmeStart_;
+  const std::int64_t onTape = std::max<Ms>(ms, 0).Wide() + programmeStart_.Wide();
   const std::int64_t frames = std::min(Nearest(onTape * rate_, 1000), last);
   const auto seconds = static_cast<int>(frames / rate_);
   return {AsByte(seconds / 3600), AsByte(seconds / 60 % 60), AsByte(seconds % 60),
@@ -292,8 +292,8 @@ Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
 }
 
 /// Puts a time unless the field tells it.
-void EbuFormat::PutTime(std::int32_t ms, std::size_t at, std::string& blocks) const {
-  std::int32_t old = 0;
+void EbuFormat::PutTime(Ms ms, std::size_t at, std::string& blocks) const {
+  Ms old = 0;
   if (TimeOf(std::string_view(blocks).substr(at, kTimeSize), old) && old == ms) return;
   blocks.replace(at, kTimeSize, TimeField(ms, {}));
 }

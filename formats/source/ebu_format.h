@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
 #include "formats/source/ebu_text.h"
 #include "formats/source/source_format.h"
 
@@ -17,7 +18,7 @@ bool IsEbuHead(std::string_view bytes);
 class EbuFormat final : public SourceFormat {
  public:
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
   std::size_t BlockBytes() const override;
@@ -26,22 +27,22 @@ class EbuFormat final : public SourceFormat {
 
  private:
   void ReadHead(std::string_view head);
-  std::int32_t ProgrammeStart(std::string_view digits) const;
+  Ms ProgrammeStart(std::string_view digits) const;
   /// A caption in these blocks begins before a time.
-  bool BeginsBefore(std::string_view blocks, std::int32_t ms) const;
+  bool BeginsBefore(std::string_view blocks, Ms ms) const;
   /// The bytes of one text field behind the other, without what is unused.
   std::string FieldOf(std::string_view blocks) const;
   Text TextOf(std::string_view blocks, TextView separator) const;
   int PlaceOf(std::string_view block) const;
-  bool TimeOf(std::string_view field, std::int32_t& ms) const;
+  bool TimeOf(std::string_view field, Ms& ms) const;
   std::string BlocksOf(std::string_view field, std::string_view old) const;
   void PutPlace(const StyledText& text, const StyledText& before, TextView separator, std::string& block) const;
-  void PutTime(std::int32_t ms, std::size_t at, std::string& blocks) const;
+  void PutTime(Ms ms, std::size_t at, std::string& blocks) const;
 
   EbuTexts texts_;
   int rate_ = 25;
   int rows_ = 23;
-  std::int32_t programmeStart_ = 0;  ///< ms; times in the file count from here on
+  Ms programmeStart_ = 0;  ///< ms; times in the file count from here on
   int firstNumber_ = 0;
   std::size_t size_ = 0;  // of the file
 };

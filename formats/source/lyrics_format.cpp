@@ -39,7 +39,7 @@ bool LyricsFormat::TakeHeader(std::string_view line) {
   const bool later = value.starts_with('-');
   if (later || value.starts_with('+')) value.remove_prefix(1);
   const auto number = ReadNumber(value);
-  if (number && number->ms < 1 << 30) offset_ = later ? -number->ms : number->ms;
+  if (number && number->number < 1 << 30) offset_ = later ? -number->number : number->number;
   return true;
 }
 
@@ -64,7 +64,7 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
       const bool last = behind == textAt;
       const std::size_t end = last ? line.next : line.at + behind;
       const Stretch time = Stretch::Of(line.at + at + 1, stamp->size);
-      const std::int32_t ms = std::max(stamp->ms - offset_, 0);
+      const Ms ms = std::max<Ms>(stamp->ms - offset_, 0);
       if (IsBlank(words)) {
         (void)captions.End(ms, time, end);
       } else {
@@ -78,7 +78,7 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
   captions.Flush(sink);
 }
 
-std::string LyricsFormat::TimeField(std::int32_t ms, std::string_view old) const {
+std::string LyricsFormat::TimeField(Ms ms, std::string_view old) const {
   return ClockLike(ms + offset_, old, NoHours::RunOnInMinutes);
 }
 
@@ -89,7 +89,7 @@ Text LyricsFormat::TextField(TextView text, TextView separator, TextView) const 
 Text LyricsFormat::Record(const NewRecord& record, TextView separator) const {
   const auto stamp = StampAt(record.neighbour, 0);
   const std::string form(stamp ? record.neighbour.substr(1, stamp->size) : "00:00.00");
-  const auto line = [&](std::int32_t ms, TextView words) {
+  const auto line = [&](Ms ms, TextView words) {
     return u"[" + FromUtf8(TimeField(ms, form)) + u"]" + Text(words) + Text(record.lineEnd);
   };
   Text result = line(record.caption.start, TextField(record.caption.text, separator, record.lineEnd));

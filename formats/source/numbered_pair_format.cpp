@@ -20,8 +20,8 @@ constexpr TextView kLineMark = u"|";
 constexpr std::string_view kDefaults = "{DEFAULT}";
 
 struct Pair {
-  ClockField start;
-  ClockField end;  ///< a size of 0: the brackets are empty
+  NumberField start;
+  NumberField end;  ///< a size of 0: the brackets are empty
   std::size_t endAt = 0;
   std::size_t textAt = 0;
 };
@@ -34,7 +34,7 @@ std::optional<Pair> PairIn(std::string_view line, char open, char close) {
   pair.start = *start;
   pair.endAt = start->size + 3;
   const bool empty = pair.endAt < line.size() && line[pair.endAt] == close;
-  const auto end = empty ? std::optional(ClockField{}) : ReadNumber(line.substr(pair.endAt));
+  const auto end = empty ? std::optional(NumberField{}) : ReadNumber(line.substr(pair.endAt));
   if (!end) return {};
   pair.end = *end;
   pair.textAt = pair.endAt + end->size + 1;
@@ -69,14 +69,14 @@ NumberedPairFormat::NumberedPairFormat(const SourceSettings& settings, Variant v
   if (variant == Variant::Mpl2) settings_.rate = 10.0;
 }
 
-std::int32_t NumberedPairFormat::MsOf(std::int32_t number) const {
+Ms NumberedPairFormat::MsOf(std::int32_t number) const {
   const FrameRate& rate = settings_.rate;
   const std::int64_t ms = Nearest(std::int64_t{number} * 1000 * rate.Denominator(), rate.Numerator());
-  return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
+  return Ms::Within(ms, 0, Ms::Latest());
 }
 
 /// The first line may name the rate in place of a text.
-bool NumberedPairFormat::TakeRate(std::int32_t start, std::string_view text) {
+bool NumberedPairFormat::TakeRate(Ms start, std::string_view text) {
   if (variant_ != Variant::MicroDvd || start > 1 || !IsAscii(text)) return false;
   const FrameRate rate = FrameRate::FromText(FromUtf8(text));
   if (!rate.IsUsual()) return false;
@@ -99,7 +99,7 @@ void NumberedPairFormat::Read(const SourceText& text, TextView separator, Source
       if (!known) sink.NotUnderstood(line.at);
       continue;
     }
-    const bool rate = std::exchange(first, false) && TakeRate(pair->start.ms, line.text.substr(pair->textAt));
+    const bool rate = std::exchange(first, false) && TakeRate(pair->start.number, line.text.substr(pair->textAt));
     if (rate) continue;
     SourceRecord record;
     record.whole = Stretch::Between(line.at, line.next);
@@ -107,9 +107,9 @@ void NumberedPairFormat::Read(const SourceText& text, TextView separator, Source
     record.text = Stretch::Between(line.at + pair->textAt, line.End());
     Text caption = text.Decoded(record.text);
     TakeMarks(caption, separator);
-    captions.Begin(MsOf(pair->start.ms), std::move(caption), record);
+    captions.Begin(MsOf(pair->start.number), std::move(caption), record);
     if (pair->end.size == 0) continue;
-    captions.SetEnd(MsOf(pair->end.ms), Stretch::Of(line.at + pair->endAt, pair->end.size));
+    captions.SetEnd(MsOf(pair->end.number), Stretch::Of(line.at + pair->endAt, pair->end.size));
   }
   captions.Flush(sink);
 }
@@ -145,10 +145,10 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
   if (styles.Any()) text = Markers(styles) + text;
 }
 
-std::string NumberedPairFormat::TimeField(std::int32_t ms, std::string_view) const {
+std::string NumberedPairFormat::TimeField(Ms ms, std::string_view) const {
   const FrameRate& rate = settings_.rate;
   return std::to_string(
-      Nearest(std::int64_t{std::max(ms, 0)} * rate.Numerator(), std::int64_t{1000} * rate.Denominator()));
+      Nearest(std::max<Ms>(ms, 0).Wide() * rate.Numerator(), std::int64_t{1000} * rate.Denominator()));
 }
 
 Text NumberedPairFormat::TextField(TextView text, TextView separator, TextView) const {

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -16,13 +17,13 @@ class NumberedPairFormat final : public SourceFormat {
   NumberedPairFormat(const SourceSettings& settings, Variant variant);
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
 
  private:
-  std::int32_t MsOf(std::int32_t number) const;
-  bool TakeRate(std::int32_t start, std::string_view text);
+  Ms MsOf(std::int32_t number) const;
+  bool TakeRate(Ms start, std::string_view text);
   void TakeMarks(Text& text, TextView separator) const;
 
   SourceSettings settings_;

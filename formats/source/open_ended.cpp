@@ -8,12 +8,12 @@
 
 namespace cuewright {
 
-void OpenEnded::Begin(std::int32_t start, Text text, const SourceRecord& record) {
+void OpenEnded::Begin(Ms start, Text text, const SourceRecord& record) {
   captions_.push_back({start, 0, std::move(text), record});
   captions_.back().record.endIsReckoned = true;
 }
 
-void OpenEnded::SetEnd(std::int32_t end, Stretch field) {
+void OpenEnded::SetEnd(Ms end, Stretch field) {
   Pending& last = captions_.back();
   last.end = end;
   last.record.end = field;
@@ -21,7 +21,7 @@ void OpenEnded::SetEnd(std::int32_t end, Stretch field) {
   anyEnds_ = true;
 }
 
-bool OpenEnded::End(std::int32_t end, Stretch field, std::size_t behind) {
+bool OpenEnded::End(Ms end, Stretch field, std::size_t behind) {
   anyEnds_ = true;
   if (captions_.empty() || !captions_.back().record.endIsReckoned || end <= captions_.back().start) {
     stops_.push_back(end);
@@ -33,15 +33,14 @@ bool OpenEnded::End(std::int32_t end, Stretch field, std::size_t behind) {
   return true;
 }
 
-std::int32_t OpenEnded::LatestEnd(const Pending& caption) const {
-  constexpr std::int64_t kLatest = std::numeric_limits<std::int32_t>::max();
+Ms OpenEnded::LatestEnd(const Pending& caption) const {
   const auto length = static_cast<std::int64_t>(std::min(caption.text.size(), std::size_t{1} << 20));
   const std::int64_t duration = length * durations_[LengthClass(static_cast<int>(length))];
-  return static_cast<std::int32_t>(std::min(caption.start + duration, kLatest));
+  return Ms::Within(caption.start.Wide() + duration, 0, Ms::Latest());
 }
 
 void OpenEnded::Flush(SourceSink& sink) {
-  std::vector<std::int32_t> stops = std::move(stops_);
+  std::vector<Ms> stops = std::move(stops_);
   stops.reserve(stops.size() + captions_.size());
   for (const Pending& caption : captions_) stops.push_back(caption.start);
   // Songs name a repeated line once, with all its times.

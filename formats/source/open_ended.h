@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -21,30 +22,30 @@ class OpenEnded {
   explicit OpenEnded(const SourceSettings& settings, Lasts lasts = Lasts::ForItsLength)
       : durations_(settings.durationPerCharacter), lasts_(lasts) {}
 
-  void Begin(std::int32_t start, Text text, const SourceRecord& record);
+  void Begin(Ms start, Text text, const SourceRecord& record);
   /// The record of the caption that began last names its end, be it what it may.
-  void SetEnd(std::int32_t end, Stretch field);
+  void SetEnd(Ms end, Stretch field);
   /// The caption that began last ends here. `field` is the time in the file, `behind` where the record goes on to.
   /// False when there is none, its end is known or it begins later; then no other caption lasts beyond this time.
-  bool End(std::int32_t end, Stretch field, std::size_t behind);
+  bool End(Ms end, Stretch field, std::size_t behind);
   /// Captions of the file say when they end.
   bool AnyEnds() const { return anyEnds_; }
   void Flush(SourceSink& sink);
 
  private:
   struct Pending {
-    std::int32_t start = 0;
-    std::int32_t end = 0;
+    Ms start = 0;
+    Ms end = 0;
     Text text;
     SourceRecord record;
   };
 
-  std::int32_t LatestEnd(const Pending& caption) const;
+  Ms LatestEnd(const Pending& caption) const;
 
   std::array<std::int16_t, 3> durations_;
   Lasts lasts_;
   std::vector<Pending> captions_;
-  std::vector<std::int32_t> stops_;  // ends that belong to no caption in front of them
+  std::vector<Ms> stops_;  // ends that belong to no caption in front of them
   bool anyEnds_ = false;
 };
 

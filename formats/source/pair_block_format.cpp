@@ -97,7 +97,7 @@ void PairBlockFormat::Read(const SourceText& text, TextView separator, SourceSin
   Reader(text, separator, sink, variant_ == Variant::SubViewer2).Read();
 }
 
-std::string PairBlockFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
+std::string PairBlockFormat::TimeField(Ms ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text PairBlockFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
   return ReplaceAll(text, separator, variant_ == Variant::SubViewer2 ? kBreak : lineEnd);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -16,7 +17,7 @@ class PairBlockFormat final : public SourceFormat {
   explicit PairBlockFormat(Variant variant) : variant_(variant) {}
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
 

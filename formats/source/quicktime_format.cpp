@@ -34,20 +34,20 @@ Parts PartsOf(std::string_view stamp) {
   Parts parts;
   const std::size_t dot = std::min(stamp.find_first_of(".,"), stamp.size());
   parts.whole = stamp.substr(0, dot);
-  parts.seconds = ReadClock(parts.whole).value_or(ClockField{}).ms / 1000;
+  parts.seconds = ReadClock(parts.whole).value_or(ClockField{}).ms.Count() / 1000;
   const auto units = ReadNumber(dot < stamp.size() ? stamp.substr(dot + 1) : std::string_view());
   if (units) {
-    parts.units = units->ms;
+    parts.units = units->number;
     parts.digits = units->size;
   }
   return parts;
 }
 
-std::int32_t MsOf(std::string_view stamp, std::int32_t scale) {
+Ms MsOf(std::string_view stamp, std::int32_t scale) {
   if (scale == 0) return ReadClock(stamp).value_or(ClockField{}).ms;
   const Parts parts = PartsOf(stamp);
   const std::int64_t ms = parts.seconds * std::int64_t{1000} + Nearest(parts.units * std::int64_t{1000}, scale);
-  return static_cast<std::int32_t>(std::min<std::int64_t>(ms, INT32_MAX));
+  return Ms::Within(ms, 0, Ms::Latest());
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ void QuickTimeFormat::TakeHeader(std::string_view line) {
   const std::size_t at = line.find(kScale);
   if (at == std::string_view::npos) return;
   const auto number = ReadNumber(line.substr(at + kScale.size()));
-  if (number && number->ms > 0 && number->ms <= 1000000) scale_ = number->ms;
+  if (number && number->number > 0 && number->number <= 1000000) scale_ = number->number;
 }
 
 void QuickTimeFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
@@ -89,7 +89,7 @@ void QuickTimeFormat::Read(const SourceText& text, TextView separator, SourceSin
         Stretch::Between(at, lines.Place()), {}, Stretch::Of(at + 1, stamp.size()), {}, Stretch::Between(begin, end)};
     Text caption = text.Decoded(record.text);
     JoinLines(caption, separator);
-    const std::int32_t ms = MsOf(stamp, scale_);
+    const Ms ms = MsOf(stamp, scale_);
     if (IsBlank(caption)) {
       (void)captions.End(ms, record.start, record.whole.End());
     } else {
@@ -100,10 +100,10 @@ void QuickTimeFormat::Read(const SourceText& text, TextView separator, SourceSin
   captions.Flush(sink);
 }
 
-std::string QuickTimeFormat::TimeField(std::int32_t ms, std::string_view old) const {
+std::string QuickTimeFormat::TimeField(Ms ms, std::string_view old) const {
   const Parts form = PartsOf(old);
   if (scale_ == 0 || form.digits == 0) return ClockLike(ms, old);
-  const std::int64_t units = Nearest(std::int64_t{std::max(ms, 0)} * scale_, 1000);
+  const std::int64_t units = Nearest(std::max<Ms>(ms, 0).Wide() * scale_, 1000);
   const std::string whole = ClockLike(static_cast<std::int32_t>(units / scale_ * 1000), form.whole);
   std::string rest = std::to_string(units % scale_);
   if (rest.size() < form.digits) rest.insert(0, form.digits - rest.size(), '0');
@@ -117,7 +117,7 @@ Text QuickTimeFormat::TextField(TextView text, TextView separator, TextView line
 Text QuickTimeFormat::Record(const NewRecord& record, TextView separator) const {
   const std::string_view stamp = StampOf(record.neighbour);
   const std::string form(stamp.empty() ? std::string_view("00:00:00.00") : stamp);
-  const auto time = [&](std::int32_t ms) { return u"[" + FromUtf8(TimeField(ms, form)) + u"]" + Text(record.lineEnd); };
+  const auto time = [&](Ms ms) { return u"[" + FromUtf8(TimeField(ms, form)) + u"]" + Text(record.lineEnd); };
   Text result = time(record.caption.start) + TextField(record.caption.text, separator, record.lineEnd);
   result += record.lineEnd;
   if (writesEnds_) result += time(record.caption.end);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -14,7 +15,7 @@ class QuickTimeFormat final : public SourceFormat {
   explicit QuickTimeFormat(const SourceSettings& settings) : settings_(settings) {}
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
   bool WritesEnds() const override { return writesEnds_; }

@@ -114,7 +114,7 @@ void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& si
   captions.Flush(sink);
 }
 
-std::string SamiFormat::TimeField(std::int32_t ms, std::string_view) const { return std::to_string(std::max(ms, 0)); }
+std::string SamiFormat::TimeField(Ms ms, std::string_view) const { return std::to_string(std::max<Ms>(ms, 0).Count()); }
 
 Text SamiFormat::TextField(TextView text, TextView separator, TextView) const {
   return ReplaceAll(EncodeNames(MarkersToTags(text)), separator, u"<br>");
@@ -122,7 +122,7 @@ Text SamiFormat::TextField(TextView text, TextView separator, TextView) const {
 
 Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
   const Text name = FromUtf8(class_.empty() ? kDefaultClass : std::string_view(class_));
-  const auto sync = [&](std::int32_t ms, const Text& text) {
+  const auto sync = [&](Ms ms, const Text& text) {
     return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + text + Text(record.lineEnd);
   };
   return sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd)) +

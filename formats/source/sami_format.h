@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -20,7 +21,7 @@ class SamiFormat final : public SourceFormat {
   explicit SamiFormat(const SourceSettings& settings) : settings_(settings) {}
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
 

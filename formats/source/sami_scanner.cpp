@@ -72,7 +72,7 @@ bool SamiScanner::Next(SamiSync& sync) {
   sync.paragraphs.clear();
   const std::string_view value = Attribute(bytes_.substr(at, behind - at), "start");
   if (const auto number = ReadNumber(value)) {
-    sync.ms = number->ms;
+    sync.ms = number->number;
     sync.start = Stretch::Of(static_cast<std::size_t>(value.data() - bytes_.data()), number->size);
   }
   ReadParagraphs(behind, end, sync);

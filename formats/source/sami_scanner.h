@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -18,7 +19,7 @@ struct SamiParagraph {
 struct SamiSync {
   Stretch whole;  ///< up to the next time or the end of the body
   Stretch start;  ///< empty: it isn't a number
-  std::int32_t ms = 0;
+  Ms ms = 0;
   std::vector<SamiParagraph> paragraphs;
 };
 

@@ -38,7 +38,7 @@ std::optional<std::int64_t> FrameOf(std::string_view time) {
   return dropped ? frames - 2 * (minutes - minutes / 10) : frames;
 }
 
-std::int32_t MsOf(std::int64_t frame) {
+Ms MsOf(std::int64_t frame) {
   const std::int64_t ms = Nearest(frame * 1001, kFramesPerSecond);
   return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
 }
@@ -115,7 +115,7 @@ void SccFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
   captions.End(line);
 }
 
-std::string SccFormat::TimeField(std::int32_t, std::string_view old) const { return std::string(old); }
+std::string SccFormat::TimeField(Ms, std::string_view old) const { return std::string(old); }
 
 Text SccFormat::TextField(TextView text, TextView, TextView) const { return Text(text); }
 

@@ -45,7 +45,7 @@ class SourceSink {
  public:
   virtual ~SourceSink() = default;
   /// A caption: times in ms, its text as `SourceFormat` tells. False: nothing more is wanted.
-  [[nodiscard]] virtual bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) = 0;
+  [[nodiscard]] virtual bool Add(Ms start, Ms end, Text text, const SourceRecord& record) = 0;
   /// The line at this byte says something that the reader doesn't understand. It stays in the file.
   virtual void NotUnderstood(std::size_t place) = 0;
 };
@@ -89,7 +89,7 @@ class SourceFormat {
   virtual void Read(const SourceText& text, TextView separator, SourceSink& sink) = 0;
 
   /// A time in ms in the form of the field that it replaces (its digits, its signs), to the field's nearest step.
-  virtual std::string TimeField(std::int32_t ms, std::string_view old) const = 0;
+  virtual std::string TimeField(Ms ms, std::string_view old) const = 0;
   /// A number in place of another; the default writes it in decimal.
   virtual std::string NumberField(int number, std::string_view old) const;
   /// The text of a caption as it stands in the field.

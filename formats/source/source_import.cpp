@@ -16,7 +16,7 @@ class MapSink final : public SourceSink {
   MapSink(SourceMap& map, const FormatTalk& talk, const bool& cancelled)
       : map_(map), talk_(talk), cancelled_(cancelled) {}
 
-  bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) override {
+  bool Add(Ms start, Ms end, Text text, const SourceRecord& record) override {
     if (static_cast<int>(rows.size()) % kCaptionsBetweenPauses == 0 && StopsHere()) {
       stoppedAt = record.whole.at;
       return false;

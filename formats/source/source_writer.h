@@ -37,7 +37,7 @@ class SourceWriter {
 
  private:
   bool Changed(const SourceMap::Piece& piece, const Caption& caption) const;
-  bool TimeChanged(std::int32_t before, std::int32_t now) const { return times_ == SourceTimes::Anew || before != now; }
+  bool TimeChanged(Ms before, Ms now) const { return times_ == SourceTimes::Anew || before != now; }
   bool IsBytes() const { return map_.Rules().BlockBytes() != 0; }
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.

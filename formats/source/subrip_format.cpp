@@ -33,8 +33,8 @@ Stretch NumberIn(const SourceLine& line) {
 
 /// The times of a line with the arrow.
 struct Timing {
-  std::int32_t start = 0;
-  std::int32_t end = 0;
+  Ms start = 0;
+  Ms end = 0;
   Stretch startField;
   Stretch endField;
 };
@@ -160,7 +160,7 @@ void SubRipFormat::Read(const SourceText& text, TextView separator, SourceSink& 
   SubRipReading(text, separator, sink).Read();
 }
 
-std::string SubRipFormat::TimeField(std::int32_t ms, std::string_view old) const {
+std::string SubRipFormat::TimeField(Ms ms, std::string_view old) const {
   // A short fraction is lengthened rather than the time rounded: any number of digits may stand there.
   const std::size_t sign = old.find_first_of(",.");
   const std::string whole = ClockLike(ms, std::string(old.substr(0, sign)) + ",000");
@@ -181,7 +181,7 @@ Text SubRipFormat::TextField(TextView text, TextView separator, TextView lineEnd
 Text SubRipFormat::Record(const NewRecord& record, TextView separator) const {
   Text out = Decimal(record.number);
   out += record.lineEnd;
-  const auto time = [](std::int32_t ms) { return FromUtf8(ClockLike(ms, "00:00:00,000")); };
+  const auto time = [](Ms ms) { return FromUtf8(ClockLike(ms, "00:00:00,000")); };
   out += time(record.caption.start) + u" --> " + time(record.caption.end);
   out += record.lineEnd;
   out += TextField(record.caption.text, separator, record.lineEnd);

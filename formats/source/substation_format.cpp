@@ -246,7 +246,7 @@ void SubStationFormat::Read(const SourceText& text, TextView separator, SourceSi
   }
 }
 
-std::string SubStationFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
+std::string SubStationFormat::TimeField(Ms ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text SubStationFormat::TextField(TextView text, TextView separator, TextView) const {
   return EncodeEventText(text, separator, closesWholeStyles_);

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -35,7 +36,7 @@ class SubStationFormat final : public SourceFormat {
   explicit SubStationFormat(SubStationVersion version);
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
   bool TellsBeside() const override { return tellsBeside_; }

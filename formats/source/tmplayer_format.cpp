@@ -129,13 +129,13 @@ void TmPlayerFormat::Read(const SourceText& text, TextView separator, SourceSink
   writesEnds_ = reader.AnyEnds();
 }
 
-std::string TmPlayerFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
+std::string TmPlayerFormat::TimeField(Ms ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text TmPlayerFormat::TextField(TextView text, TextView separator, TextView) const {
   return ReplaceAll(text, separator, kLineMark);
 }
 
-Text TmPlayerFormat::Line(std::int32_t ms, std::string_view form, int row) const {
+Text TmPlayerFormat::Line(Ms ms, std::string_view form, int row) const {
   std::string line = ClockLike(ms, form);
   switch (dialect_) {
     case Dialect::Colon:

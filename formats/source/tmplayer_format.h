@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 
 namespace cuewright {
@@ -16,13 +17,13 @@ class TmPlayerFormat final : public SourceFormat {
   TmPlayerFormat(const SourceSettings& settings, Dialect dialect) : settings_(settings), dialect_(dialect) {}
 
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
   bool WritesEnds() const override { return writesEnds_; }
 
  private:
-  Text Line(std::int32_t ms, std::string_view form, int row) const;
+  Text Line(Ms ms, std::string_view form, int row) const;
 
   SourceSettings settings_;
   Dialect dialect_;

@@ -17,10 +17,10 @@ namespace {
 constexpr std::int64_t kLongestMean = 100;
 
 /// Thousandths of a number such as "12.4".
-std::optional<std::int32_t> Thousandths(std::string_view number) {
+std::optional<Ms> Thousandths(std::string_view number) {
   const auto whole = ReadNumber(number);
-  if (!whole || whole->ms > 2000000) return {};
-  std::int32_t result = whole->ms * 1000;
+  if (!whole || whole->number > 2000000) return {};
+  Ms result = whole->number * 1000;
   if (number.substr(whole->size, 1) != ".") return whole->size == number.size() ? std::optional(result) : std::nullopt;
   const std::string_view digits = number.substr(whole->size + 1);
   if (!std::all_of(digits.begin(), digits.end(), IsDigit<char>)) return {};
@@ -32,11 +32,11 @@ std::optional<std::int32_t> Thousandths(std::string_view number) {
   return digits.size() > 3 && digits[3] >= '5' ? result + 1 : result;
 }
 
-std::optional<std::int32_t> TimeIn(std::string_view number, bool milliseconds) {
+std::optional<Ms> TimeIn(std::string_view number, bool milliseconds) {
   if (!milliseconds) return Thousandths(number);
   const auto ms = ReadNumber(number);
   if (!ms || ms->size != number.size()) return {};
-  return ms->ms;
+  return ms->number;
 }
 
 bool CountsMilliseconds(const std::vector<TranscriptSegment>& segments, std::string_view bytes) {
@@ -45,7 +45,7 @@ bool CountsMilliseconds(const std::vector<TranscriptSegment>& segments, std::str
     const auto start = TimeIn(segment.start.In(bytes), true);
     const auto end = TimeIn(segment.end.In(bytes), true);
     if (!start || !end) return false;
-    sum += *end - *start;
+    sum += Span(*start, *end);
   }
   return sum > kLongestMean * static_cast<std::int64_t>(segments.size());
 }
@@ -127,8 +127,8 @@ void TranscriptFormat::Read(const SourceText& text, TextView separator, SourceSi
   if (transcript.broken) sink.NotUnderstood(transcript.brokenAt);
 }
 
-std::string TranscriptFormat::TimeField(std::int32_t ms, std::string_view old) const {
-  ms = std::max(ms, 0);
+std::string TranscriptFormat::TimeField(Ms time, std::string_view old) const {
+  const std::int32_t ms = std::max<Ms>(time, 0).Count();
   if (milliseconds_) return std::to_string(ms);
   const std::size_t dot = old.find('.');
   const std::size_t digits = dot == std::string_view::npos ? 0 : old.size() - dot - 1;
@@ -144,7 +144,7 @@ Text TranscriptFormat::TextField(TextView text, TextView separator, TextView) co
 }
 
 Text TranscriptFormat::Record(const NewRecord& record, TextView separator) const {
-  const auto time = [&](std::int32_t ms) { return FromUtf8(TimeField(ms, "0.000")); };
+  const auto time = [&](Ms ms) { return FromUtf8(TimeField(ms, "0.000")); };
   return u"," + Text(record.lineEnd) + u"{\"start\": " + time(record.caption.start) + u", \"end\": " +
          time(record.caption.end) + u", \"text\": \"" + TextField(record.caption.text, separator, record.lineEnd) +
          u"\"}";

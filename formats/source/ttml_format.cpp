@@ -111,7 +111,7 @@ Stretch WithItsLine(std::string_view bytes, std::size_t open, std::size_t behind
 
 /// What the elements around a paragraph say of it.
 struct Around {
-  std::int32_t offset = 0;
+  Ms offset = 0;
   XmlSpace space = XmlSpace::Default;
   Beside beside{};
 };
@@ -136,13 +136,13 @@ class Walk {
     }
   }
 
-  std::int32_t Offset() const { return offset_; }
+  Ms Offset() const { return offset_; }
   std::unordered_map<std::uint32_t, Beside> TakeBeside() { return std::move(beside_); }
 
  private:
   Around InsideOf(const pugi::xml_node& node, Around around) const {
     layout_.Read(node, around.beside);
-    if (const auto begin = clock_.Ms(node.attribute("begin").value())) around.offset += *begin;
+    if (const auto begin = clock_.TimeOf(node.attribute("begin").value())) around.offset += *begin;
     const std::string_view space = node.attribute("xml:space").value();
     if (!space.empty()) around.space = space == "preserve" ? XmlSpace::Preserve : XmlSpace::Default;
     return around;
@@ -151,9 +151,9 @@ class Walk {
   bool TakeParagraph(const pugi::xml_node& node, const Around& around, const Around& inside) {
     const auto nameAt = static_cast<std::size_t>(node.offset_debug());
     const Paragraph places = PlacesOf(text_.bytes, nameAt, node.name());
-    const auto begin = clock_.Ms(places.begin.In(text_.bytes));
-    const auto end = clock_.Ms(places.end.In(text_.bytes));
-    const auto duration = clock_.Ms(places.duration.In(text_.bytes));
+    const auto begin = clock_.TimeOf(places.begin.In(text_.bytes));
+    const auto end = clock_.TimeOf(places.end.In(text_.bytes));
+    const auto duration = clock_.TimeOf(places.duration.In(text_.bytes));
     Text caption = ParagraphToText(text_.Decoded(places.inner), inside.space, separator_);
     if (!begin || (!end && !duration)) {
       // Paragraphs without times and text are usual as spacers.
@@ -176,7 +176,7 @@ class Walk {
   const TtmlClock& clock_;
   const TtmlLayout& layout_;
   std::unordered_map<std::uint32_t, Beside> beside_;
-  std::int32_t offset_ = 0;
+  Ms offset_ = 0;
   bool stopped_ = false;
 };
 
@@ -184,7 +184,7 @@ std::optional<std::int64_t> Parameter(const pugi::xml_node& root, std::string_vi
   for (const pugi::xml_attribute& attribute : root.attributes()) {
     if (LocalName(attribute.name()) != name) continue;
     const auto number = ReadNumber(attribute.value());
-    if (number && number->ms > 0 && number->ms < 1000000000) return number->ms;
+    if (number && number->number > 0 && number->number < 1000000000) return number->number;
   }
   return {};
 }
@@ -201,9 +201,9 @@ TtmlClock ClockOf(const pugi::xml_node& root) {
     const std::string_view value = attribute.value();
     const auto upper = ReadNumber(value);
     const auto lower = upper ? ReadNumber(value.substr(std::min(upper->size + 1, value.size()))) : std::nullopt;
-    if (!lower || upper->ms < 1 || lower->ms < 1 || upper->ms > 100000 || lower->ms > 100000) continue;
-    clock.frames *= upper->ms;
-    clock.inSeconds = lower->ms;
+    if (!lower || upper->number < 1 || lower->number < 1 || upper->number > 100000 || lower->number > 100000) continue;
+    clock.frames *= upper->number;
+    clock.inSeconds = lower->number;
   }
   return clock;
 }
@@ -243,9 +243,7 @@ void TtmlFormat::Read(const SourceText& text, TextView separator, SourceSink& si
   if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(std::min(place, text.bytes.size()));
 }
 
-std::string TtmlFormat::TimeField(std::int32_t ms, std::string_view old) const {
-  return clock_.Like(ms - offset_, old);
-}
+std::string TtmlFormat::TimeField(Ms ms, std::string_view old) const { return clock_.Like(ms - offset_, old); }
 
 Text TtmlFormat::TextField(TextView text, TextView separator, TextView) const {
   return TextToParagraph(text, separator, names_);

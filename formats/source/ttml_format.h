@@ -4,6 +4,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "core/ms.h"
 #include "formats/source/source_format.h"
 #include "formats/source/ttml_text.h"
 #include "formats/source/ttml_time.h"
@@ -15,7 +16,7 @@ namespace cuewright {
 class TtmlFormat final : public SourceFormat {
  public:
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
-  std::string TimeField(std::int32_t ms, std::string_view old) const override;
+  std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
   bool TellsBeside() const override { return !beside_.empty(); }
@@ -24,7 +25,7 @@ class TtmlFormat final : public SourceFormat {
  private:
   TtmlClock clock_;
   TtmlNames names_;
-  std::int32_t offset_ = 0;  ///< ms at which the element around the paragraphs begins
+  Ms offset_ = 0;  ///< ms at which the element around the paragraphs begins
   std::unordered_map<std::uint32_t, Beside>
       beside_;  ///< by the place of the paragraph's record, where it says something
 };

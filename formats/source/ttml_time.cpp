@@ -9,8 +9,6 @@
 namespace cuewright {
 namespace {
 
-constexpr std::int64_t kLatest = std::numeric_limits<std::int32_t>::max();
-
 /// The time count in front of a unit: its whole part and its fraction in millionths.
 struct Count {
   std::int64_t whole = 0;
@@ -23,7 +21,7 @@ std::optional<Count> CountOf(std::string_view time) {
   const auto whole = ReadNumber(time);
   if (!whole) return {};
   Count count;
-  count.whole = whole->ms;
+  count.whole = whole->number;
   std::size_t at = whole->size;
   if (at + 1 < time.size() && time[at] == '.' && IsDigit(time[at + 1])) {
     std::int64_t unit = 100000;
@@ -37,8 +35,8 @@ std::optional<Count> CountOf(std::string_view time) {
   return count;
 }
 
-std::optional<std::int32_t> Limited(std::int64_t ms) {
-  if (ms < 0 || ms > kLatest) return {};
+std::optional<Ms> Limited(std::int64_t ms) {
+  if (ms < 0 || ms > Ms::Latest().Wide()) return {};
   return static_cast<std::int32_t>(ms);
 }
 
@@ -56,12 +54,12 @@ std::optional<FrameTime> FrameTimeOf(std::string_view time) {
   if (last == std::string_view::npos || std::count(time.begin(), time.end(), ':') != 3) return {};
   const auto frames = ReadNumber(time.substr(last + 1));
   if (!frames) return {};
-  FrameTime result{time.substr(0, last), frames->ms, 0, frames->size, false};
+  FrameTime result{time.substr(0, last), frames->number, 0, frames->size, false};
   const std::string_view behind = time.substr(last + 1 + frames->size);
   if (behind.empty()) return result;
   const auto sub = behind[0] == '.' ? ReadNumber(behind.substr(1)) : std::nullopt;
   if (!sub || sub->size + 1 != behind.size()) return {};
-  result.subFrames = sub->ms;
+  result.subFrames = sub->number;
   result.hasSubFrames = true;
   return result;
 }
@@ -80,12 +78,12 @@ std::int64_t TtmlClock::TicksPerSecond() const {
   return ticks > 0 ? ticks : std::max<std::int64_t>(frames * subFrames / inSeconds, 1);
 }
 
-std::optional<std::int32_t> TtmlClock::Ms(std::string_view time) const {
+std::optional<Ms> TtmlClock::TimeOf(std::string_view time) const {
   if (const auto framed = FrameTimeOf(time)) {
     const auto clock = ReadClock(framed->clock);
     if (!clock || clock->size != framed->clock.size()) return {};
     const std::int64_t parts = framed->frames * subFrames + framed->subFrames;
-    return Limited(clock->ms + Nearest(parts * 1000 * inSeconds, frames * subFrames));
+    return Limited(clock->ms.Wide() + Nearest(parts * 1000 * inSeconds, frames * subFrames));
   }
   if (const auto clock = ReadClock(time)) {
     if (clock->size != time.size()) return {};
@@ -104,8 +102,8 @@ std::optional<std::int32_t> TtmlClock::Ms(std::string_view time) const {
   return {};
 }
 
-std::string TtmlClock::Like(std::int32_t time, std::string_view form) const {
-  const std::int64_t ms = std::max(time, 0);
+std::string TtmlClock::Like(Ms time, std::string_view form) const {
+  const std::int64_t ms = std::max<Ms>(time, 0).Wide();
   if (const auto framed = FrameTimeOf(form)) {
     // Frames are counted within their second, whose first one begins with it.
     const std::int64_t perSecond = Nearest(frames, inSeconds);

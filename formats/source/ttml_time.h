@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/ms.h"
+
 namespace cuewright {
 
 /// How a TTML file counts: frames and ticks of a second, as its root element tells.
@@ -14,10 +16,10 @@ struct TtmlClock {
   std::int64_t subFrames = 1;  ///< of a frame
   std::int64_t ticks = 0;      ///< of a second; 0: the file doesn't tell
 
-  /// Milliseconds of a time in any of the format's forms: "00:00:12.4", "00:00:12:10", "12.4s", "310f", "124000t".
-  std::optional<std::int32_t> Ms(std::string_view time) const;
+  /// The time that a text tells in any of the format's forms: "00:00:12.4", "00:00:12:10", "12.4s", "310f", "124000t".
+  std::optional<Ms> TimeOf(std::string_view time) const;
   /// A time in the form of another, to its nearest step.
-  std::string Like(std::int32_t ms, std::string_view form) const;
+  std::string Like(Ms ms, std::string_view form) const;
 
  private:
   std::int64_t TicksPerSecond() const;

@@ -174,7 +174,7 @@ Beside WebVttFormat::BesideOf(const SourceText& text, const SourceRecord& record
   return {{}, PlaceOfCue(settings)};
 }
 
-std::string WebVttFormat::TimeField(std::int32_t ms, std::string_view old) const { return ClockLike(ms, old); }
+std::string WebVttFormat::TimeField(Ms ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text WebVttFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
   const Text encoded = EncodeNames(MarkersToTags(text), namesHardBlanks_);

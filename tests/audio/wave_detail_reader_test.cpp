@@ -55,9 +55,9 @@ TEST_F(WaveDetail, ReadsPeaksOfAMillisecondInAnyPieces) {
     while (reader.Read(piece) == Result::Read) {
     }
     reader.Finish();
-    ASSERT_EQ(peaks.Ms(), 1000) << piece;
+    ASSERT_EQ(peaks.Length(), 1000) << piece;
     for (std::int16_t ms = 0; ms < 1000; ++ms) {
-      ASSERT_EQ(peaks.Of(ms, ms + 1), (WavePeak{ms, ms})) << piece;
+      ASSERT_EQ(peaks.Of(std::int32_t{ms}, ms + 1), (WavePeak{ms, ms})) << piece;
     }
   }
 }
@@ -71,7 +71,7 @@ TEST_F(WaveDetail, FollowsAFileThatGrows) {
   EXPECT_EQ(reader.Read(100), Result::Nothing);
   bytes += std::string(160, '\1');
   EXPECT_EQ(reader.Read(1000), Result::Read);
-  EXPECT_EQ(peaks.Ms(), 10);
+  EXPECT_EQ(peaks.Length(), 10);
   EXPECT_EQ(reader.Read(1000), Result::Nothing);
   bytes += std::string(16, '\2');
   EXPECT_EQ(reader.Read(1000), Result::Read);
@@ -83,7 +83,7 @@ TEST_F(WaveDetail, TakesAllChannelsAndBytesAndStopsWhereTheSamplesEnd) {
   Begin();
   EXPECT_EQ(reader.Read(100), Result::Read);
   EXPECT_EQ(reader.Read(100), Result::Nothing);
-  EXPECT_EQ(peaks.Ms(), 2);
+  EXPECT_EQ(peaks.Length(), 2);
   EXPECT_EQ(peaks.Of(0, 1), (WavePeak{5, -16}));
   EXPECT_EQ(peaks.Of(1, 2), (WavePeak{100, 7}));
   bytes = Header(1000, 1, 8, 2) + "\x80\xFF";
@@ -96,7 +96,7 @@ TEST_F(WaveDetail, ASampleOfASlowSoundLastsForSeveralMilliseconds) {
   bytes = Header(100, 1, 16, 4) + Number(3, 2) + Number(9, 2);
   Begin();
   EXPECT_EQ(reader.Read(100), Result::Read);
-  EXPECT_EQ(peaks.Ms(), 20);
+  EXPECT_EQ(peaks.Length(), 20);
   EXPECT_EQ(peaks.Of(0, 10), (WavePeak{3, 3}));
   EXPECT_EQ(peaks.Of(10, 20), (WavePeak{9, 9}));
 }

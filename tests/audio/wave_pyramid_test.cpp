@@ -21,7 +21,7 @@ TEST(WavePyramid, TellsThePeakOfAnyStretchAsAPlainLookDoes) {
     plain.push_back({std::max(a, b), std::min(a, b)});
     pyramid.Append(plain.back());
   }
-  ASSERT_EQ(pyramid.Ms(), 5003);
+  ASSERT_EQ(pyramid.Length(), 5003);
   std::uniform_int_distribution<std::int32_t> place(0, 5002);
   for (int i = 0; i < 2000; ++i) {
     const auto [from, last] = std::minmax({place(random), place(random)});
@@ -42,7 +42,7 @@ TEST(WavePyramid, BesideTheSoundThereIsSilence) {
   EXPECT_EQ(pyramid.Of(1, 100), WavePeak{});
   EXPECT_EQ(pyramid.Of(1, 0), WavePeak{});
   pyramid.Clear();
-  EXPECT_EQ(pyramid.Ms(), 0);
+  EXPECT_EQ(pyramid.Length(), 0);
 }
 
 TEST(WaveScale, ZoomsAboutThePointerWithinItsLimits) {

@@ -327,7 +327,7 @@ TEST_F(AutomaticLimit, KeepsItsEndWhenTheFilmStopsUnderTheKey) {
   options.applyWhen = 1;
   At(5000);
   PressApply();
-  const std::int32_t end = list.GetCaptionEnd(1);
+  const Ms end = list.GetCaptionEnd(1);
   ASSERT_GT(end, 5100);
   At(5100);
   capture.OnFilmGone();

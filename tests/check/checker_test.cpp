@@ -20,7 +20,7 @@ class CheckerTest : public ::testing::Test {
   void Fill(std::vector<Caption> rows) { list.Replace(1, list.Rows() - 1, std::move(rows)); }
 
   /// The findings as lines: row, rule, value, limit.
-  std::vector<std::string> Found(FrameRate rate = {}, std::vector<std::int32_t> shots = {}) {
+  std::vector<std::string> Found(FrameRate rate = {}, std::vector<Ms> shots = {}) {
     Checker checker(rules, rate, std::move(shots));
     std::vector<std::string> lines;
     for (const Finding& finding : checker.CheckAll(list)) {
@@ -145,7 +145,7 @@ TEST_F(CheckerTest, AsksNothingOfTheTimesOfACaptionWithoutAny) {
 TEST_F(CheckerTest, WantsTimesNearAShotOnIt) {
   rules.shotZone = {0, 12};
   rules.beforeShot = {0, 2};
-  const std::vector<std::int32_t> shots = {10000, 20000};
+  const std::vector<Ms> shots = {10000, 20000};
   Fill({{10000, 12000, u"on it"},
         {9792, 12000, u"5 frames before"},
         {10500, 12000, u"12 frames behind"},

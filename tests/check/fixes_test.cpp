@@ -28,8 +28,8 @@ class FixesTest : public ::testing::Test {
     if (findings.empty()) return "nothing found";
     const auto fix = Fixer(rules, {}).Propose(list, findings.front());
     if (!fix) return "none";
-    return std::to_string(fix->row) + " " + std::to_string(fix->after->start) + " " + std::to_string(fix->after->end) +
-           " " + ToUtf8(fix->after->text);
+    return std::to_string(fix->row) + " " + std::to_string(fix->after->start.Count()) + " " +
+           std::to_string(fix->after->end.Count()) + " " + ToUtf8(fix->after->text);
   }
 
   HouseRules rules;

@@ -93,8 +93,8 @@ Caption Carried(const FormatCatalogue& catalogue, const Text& id, Caption captio
   const Text timecode = catalogue.ReadIni(id, u"timecode", u"ms");
   const bool fraction = timecode.find(u'z') != Text::npos || timecode.find(u"ff") != Text::npos || timecode == u"ms";
   const bool noHours = !exact && timecode.starts_with(u"mm") && id != kKaraokeLrc;
-  for (std::int32_t* time : {&caption.start, &caption.end}) {
-    if (noHours) *time %= 3600000;
+  for (Ms* time : {&caption.start, &caption.end}) {
+    if (noHours) *time = *time % 3600000;
     if (id == kPlainText) {
       *time = 0;
     } else if (!fraction) {

@@ -18,7 +18,7 @@ TimecodeForm FormOf(TextView timecode) {
 
 struct WrittenRow {
   TextView timecode;
-  std::int32_t ms;
+  Ms ms;
   double fps;
   TextView text;
 };
@@ -72,7 +72,7 @@ TEST(ExactTimes, AreReadByTheFieldsOfTheTemplate) {
 TEST(ExactTimes, AreReadAlikeFromBytesAndText) {
   const TimecodeReader reader(FormOf(u"hh:mm:ss,zzz"), {});
   for (const std::string_view text : {"01:02:03,456", "99:99:99,999", "00.00.00.000", "01203:04,567", "012345678901"}) {
-    std::int32_t ms = -1;
+    Ms ms = -1;
     ASSERT_TRUE(reader.ParseClock(text, ms)) << text;
     EXPECT_EQ(ms, reader.Parse(FromUtf8(text))) << text;
   }
@@ -87,20 +87,20 @@ TEST(ExactTimes, NeverDriftOnTheWayThroughAFile) {
     for (const double fps :
          {1.0, 15.0, 18.333, 23.976, 24.0, 25.0, 29.001, 29.97, 30.0, 47.952, 59.94, 119.88, 240.0}) {
       const TimeRules rules{timecode.find(u"ff") == TextView::npos ? 0 : fps};
-      const auto pass = [&](std::int32_t ms) {
+      const auto pass = [&](Ms ms) -> Ms {
         if (timecode == u"ms") return ms;
         const Text text = timecode == u"ff" ? Decimal(MsToFrames(ms, rules)) : FormatTimecode(form, u"X", ms, rules);
         return ParseTimecode(form, text, rules);
       };
       for (int sample = 0; sample < 200; ++sample) {
         const std::int32_t given = sample < 20 ? 59990 + sample : times(random);
-        const std::int32_t once = pass(given);
+        const Ms once = pass(given);
         const double step = timecode == u"hh:mm:ss"      ? 1000
                             : rules.rate                 ? 1000 / fps
                             : timecode.ends_with(u"zzz") ? 1
                                                          : 100;
-        ASSERT_LE(std::abs(once - given), step / 2 + 1) << ToUtf8(timecode) << " " << fps << " " << given;
-        std::int32_t ms = once;
+        ASSERT_LE(Abs(once - given), step / 2 + 1) << ToUtf8(timecode) << " " << fps << " " << given;
+        Ms ms = once;
         for (int round = 0; round < 100; ++round) ms = pass(ms);
         ASSERT_EQ(ms, once) << ToUtf8(timecode) << " " << fps << " " << given;
       }

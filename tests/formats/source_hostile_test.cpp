@@ -13,7 +13,7 @@ class OrderlySink final : public SourceSink {
  public:
   explicit OrderlySink(std::size_t size) : size_(size) {}
 
-  bool Add(std::int32_t, std::int32_t, Text, const SourceRecord& record) override {
+  bool Add(Ms, Ms, Text, const SourceRecord& record) override {
     orderly = orderly && record.whole.at >= last_ && record.whole.End() <= size_;
     last_ = record.whole.at;
     ++records;

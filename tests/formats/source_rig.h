@@ -44,10 +44,10 @@ class SourceRig {
     changed.replace(stretch.at, stretch.size, field);
     return changed;
   }
-  std::string WithStart(std::size_t i, std::int32_t ms) const {
+  std::string WithStart(std::size_t i, Ms ms) const {
     return With(Record(i).start, format_->TimeField(ms, In(Record(i).start)));
   }
-  std::string WithEnd(std::size_t i, std::int32_t ms) const {
+  std::string WithEnd(std::size_t i, Ms ms) const {
     return With(Record(i).end, format_->TimeField(ms, In(Record(i).end)));
   }
   std::string WithText(std::size_t i, TextView text) const {
@@ -85,7 +85,7 @@ class SourceRig {
 
   struct Collector final : SourceSink {
     explicit Collector(SourceRig& owner) : rig(owner) {}
-    bool Add(std::int32_t start, std::int32_t end, Text text, const SourceRecord& record) override {
+    bool Add(Ms start, Ms end, Text text, const SourceRecord& record) override {
       rig.rows_.push_back({start, end, std::move(text)});
       rig.records_.push_back(record);
       return true;

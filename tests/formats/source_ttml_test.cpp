@@ -68,9 +68,9 @@ TEST(Ttml, TimesOfEveryForm) {
                              {"90m", 5400000},      {"0.5h", 1800000},       {"310f", 12400},        {"124000t", 12400},
                              {"750ms", 750},        {"00:00:12:10.1", 12420}};
   const TtmlClock clock{25, 1, 2, 10000};
-  for (const auto& [time, ms] : kCases) EXPECT_EQ(clock.Ms(time), ms) << time;
+  for (const auto& [time, ms] : kCases) EXPECT_EQ(clock.TimeOf(time), ms) << time;
   for (const std::string_view time : {"", "x", "12", "12x", "00:00:12:", "1:2:3:4:5", "00:00:12.4x"}) {
-    EXPECT_FALSE(clock.Ms(time)) << time;
+    EXPECT_FALSE(clock.TimeOf(time)) << time;
   }
   EXPECT_EQ(clock.Like(59990, "00:00:12:10"), "00:01:00:00");
   EXPECT_EQ(clock.Like(12400, "1t"), "124000t");
@@ -82,7 +82,7 @@ TEST(Ttml, TimesOfEveryForm) {
   const TtmlClock ntsc{30000, 1001, 1, 0};
   for (std::int32_t frame = 0; frame < 30; ++frame) {
     const std::string time = "00:00:05:" + std::string(frame < 10 ? "0" : "") + std::to_string(frame);
-    EXPECT_EQ(ntsc.Like(*ntsc.Ms(time), time), frame == 30 ? "" : time);
+    EXPECT_EQ(ntsc.Like(*ntsc.TimeOf(time), time), frame == 30 ? "" : time);
   }
 }
 

@@ -25,7 +25,7 @@ int ErrorOf(const std::function<void()>& step) {
 
 struct FormatRow {
   TextView timecode;
-  std::int32_t ms;
+  Ms ms;
   double fps;
   TextView text;
 };
@@ -84,7 +84,7 @@ struct ParseRow {
   TextView timecode;
   TextView text;
   double fps;
-  std::int32_t ms;
+  Ms ms;
 };
 
 TEST(ParseTimecode, ReadsEachTemplateByItsColumnsInTheClassicManner) {
@@ -127,11 +127,11 @@ TEST(ParseClock, TakesWhatTheColumnsReadTakes) {
   const TimecodeReader reader(FormOf(u"hh:mm:ss,zzz"), {});
   for (const std::string_view text : {"01:02:03,456", "99:99:99,999", "00.00.00.000", "1a:02:03,456", "01:02:03,45 ",
                                       "01:02:03,4567", "+1:02:03,456"}) {
-    std::int32_t ms = -1;
+    Ms ms = -1;
     if (!reader.ParseClock(text, ms)) continue;
     EXPECT_EQ(ms, reader.Parse(FromUtf8(text))) << text;
   }
-  std::int32_t ms = 0;
+  Ms ms = 0;
   EXPECT_TRUE(reader.ParseClock("01:02:03,456", ms));
   EXPECT_FALSE(reader.ParseClock("01:02:03,4567", ms));
   EXPECT_FALSE(reader.ParseClock("1a:02:03,456", ms));

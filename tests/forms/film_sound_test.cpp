@@ -79,7 +79,7 @@ TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
   const WaveDetails& details = program->waveDetails;
   EXPECT_EQ(details.Table().Steps(), 100u);
   while (details.Reading()) Window().tmrWaveDetail.Pass();
-  EXPECT_EQ(details.Peaks().Ms(), 1000);
+  EXPECT_EQ(details.Peaks().Length(), 1000);
   // The next time the table is there with the wave.
   const Text wave = program->document.WavePath;
   EXPECT_TRUE(files.Exists(wave + u".bands"));
@@ -97,9 +97,9 @@ TEST_F(FilmSoundTest, ThePeaksComeWhileTheDecoderStillWrites) {
   std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(8000, '\1');
   Poll();
   Window().tmrWaveDetail.Pass();
-  EXPECT_EQ(program->waveDetails.Peaks().Ms(), 500);
+  EXPECT_EQ(program->waveDetails.Peaks().Length(), 500);
   Window().cmdStopSound.Click();
-  EXPECT_EQ(program->waveDetails.Peaks().Ms(), 0);
+  EXPECT_EQ(program->waveDetails.Peaks().Length(), 0);
 }
 
 TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {

@@ -23,13 +23,13 @@ struct RetimeInTheWindow : ProgramFixture {
     Window().mnuRetime.Click();
     Type(Retime().txtShift, text);
   }
-  std::vector<std::int32_t> Shown() {
-    std::vector<std::int32_t> starts;
+  std::vector<Ms> Shown() {
+    std::vector<Ms> starts;
     for (Row row = 1; row < List().Rows(); ++row) starts.push_back(program->grid.ShownTimes(row).start);
     return starts;
   }
-  std::vector<std::int32_t> Starts() {
-    std::vector<std::int32_t> starts;
+  std::vector<Ms> Starts() {
+    std::vector<Ms> starts;
     for (Row row = 1; row < List().Rows(); ++row) starts.push_back(List().GetCaptionStart(row));
     return starts;
   }

@@ -56,7 +56,7 @@ struct VoiceFittingTest : ProgramFixture {
     ASSERT_FALSE(Window().tmrFit.Enabled());
   }
 
-  std::int32_t StartOf(Row row) const { return program->list.GetCaptionStart(row); }
+  Ms StartOf(Row row) const { return program->list.GetCaptionStart(row); }
   Text Told() { return Window().lblNotice.GetText(); }
 
   static constexpr int kLength = 2000;
@@ -80,8 +80,8 @@ TEST_F(VoiceFittingTest, MovesAllCaptionsInOneStep) {
   EXPECT_EQ(Told(), u"Looking for the voice in the film...");
   Hear(Samples());
   for (Row row = 1; row <= 4; ++row) {
-    EXPECT_NEAR(StartOf(row), kStarts[row - 1], 25);
-    EXPECT_NEAR(program->list.GetCaptionEnd(row), kStarts[row - 1] + kLength, 40);
+    EXPECT_NEAR(StartOf(row).Count(), kStarts[row - 1], 25);
+    EXPECT_NEAR(program->list.GetCaptionEnd(row).Count(), kStarts[row - 1] + kLength, 40);
   }
   EXPECT_EQ(Told(), u"Captions fitted to the voice: 4; doubtful: 0.");
   EXPECT_TRUE(program->document.DocModified);
@@ -94,12 +94,12 @@ TEST_F(VoiceFittingTest, MovesTheSelectionAloneAndReadsTheFilmOnce) {
   Window().mnuFit.Click();
   Hear(Samples());
   EXPECT_EQ(StartOf(1), kStarts[0] + 210);
-  EXPECT_NEAR(StartOf(2), kStarts[1], 25);
+  EXPECT_NEAR(StartOf(2).Count(), kStarts[1], 25);
   program->list.SetRow(3, false);
   Window().mnuFit.Click();
   WaitForSearch();
   EXPECT_EQ(processes.runs.size(), 1u);
-  EXPECT_NEAR(StartOf(3), kStarts[2], 25);
+  EXPECT_NEAR(StartOf(3).Count(), kStarts[2], 25);
 }
 
 TEST_F(VoiceFittingTest, WhatWasChangedMeanwhileStays) {
@@ -107,7 +107,7 @@ TEST_F(VoiceFittingTest, WhatWasChangedMeanwhileStays) {
   program->list.SetCaptionStart(3, 12500, false);
   Hear(Samples());
   EXPECT_EQ(StartOf(3), 12500);
-  EXPECT_NEAR(StartOf(4), kStarts[3], 25);
+  EXPECT_NEAR(StartOf(4).Count(), kStarts[3], 25);
 }
 
 TEST_F(VoiceFittingTest, NothingMovesInSilenceAndThatIsTold) {

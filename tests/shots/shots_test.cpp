@@ -97,7 +97,7 @@ TEST_F(ShotsTest, AShotBearsTheTimeOfItsPicture) {
   const std::vector<Shot> shots = FindShots(measurer.Measures());
   ASSERT_EQ(shots.size(), 1u);
   EXPECT_EQ(shots[0].us, 800000);
-  EXPECT_EQ(shots[0].Ms(), 800);
+  EXPECT_EQ(shots[0].At(), 800);
 }
 
 TEST_F(ShotsTest, AFilmOfOneShotOrOnePictureHasNone) {

@@ -60,7 +60,7 @@ struct AudioBarRig : ProgramFixture {
     Bar().OnMove(MouseButton::Right, to);
     Bar().OnRelease(MouseButton::Right);
   }
-  std::pair<int, int> Times(Row row) { return {List().GetCaptionStart(row), List().GetCaptionEnd(row)}; }
+  std::pair<Ms, Ms> Times(Row row) { return {List().GetCaptionStart(row), List().GetCaptionEnd(row)}; }
 
   PixelView view;
 };

@@ -53,7 +53,7 @@ struct CaptureRig : ::testing::Test {
     return key;
   }
   std::string Times(Row row) const {
-    return std::to_string(list.GetCaptionStart(row)) + "-" + std::to_string(list.GetCaptionEnd(row));
+    return std::to_string(list.GetCaptionStart(row).Count()) + "-" + std::to_string(list.GetCaptionEnd(row).Count());
   }
   void PressApply() { window.cmdApply.PressMouse({MouseButton::Left, 1, 1}); }
   void ReleaseApply() { window.cmdApply.ReleaseMouse({MouseButton::Left, 1, 1}); }

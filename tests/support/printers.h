@@ -8,8 +8,10 @@
 
 namespace cuewright {
 
+inline void PrintTo(Ms ms, std::ostream* out) { *out << ms.Count() << " ms"; }
+
 inline void PrintTo(const Caption& caption, std::ostream* out) {
-  *out << "{" << caption.start << ", " << caption.end << ", \"" << ToUtf8(caption.text) << "\"}";
+  *out << "{" << caption.start.Count() << ", " << caption.end.Count() << ", \"" << ToUtf8(caption.text) << "\"}";
 }
 
 }  // namespace cuewright

@@ -56,7 +56,7 @@ TEST_F(CollisionRule, MovesTheStartAloneAndTheLimitMendsWhatIsLeft) {
 TEST_F(CollisionRule, ByItselfTakesAHintAndOnlyLogsWhenItIsOff) {
   options.avoidCollision = 0;
   Put({{1000, 3000, u"a"}, {2000, 4000, u"b"}});
-  std::int32_t start = 2500;
+  Ms start = 2500;
   engine.CheckCollision(2, start);
   EXPECT_EQ(list.GetCaptionStart(2), 2000);
   EXPECT_EQ(Line(0), "LINE COLLISION [2] error ignored");
@@ -69,7 +69,7 @@ TEST_F(CollisionRule, ByItselfTakesAHintAndOnlyLogsWhenItIsOff) {
 
 TEST_F(CollisionRule, NeedsATimedPredecessorAndARowInRange) {
   Put({{0, 3000, u"a"}, {2000, 4000, u"b"}});
-  std::int32_t start = 0;
+  Ms start = 0;
   engine.CheckCollision(2, start);
   engine.CheckCollision(1, start);
   engine.CheckCollision(3, start);

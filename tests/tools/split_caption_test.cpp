@@ -118,7 +118,7 @@ TEST_F(SplitTest, AtATimeTheTextIsSplitNearTheSameShare) {
 Loudness Sound(std::int32_t from, std::int32_t to, std::int32_t pauseBegins, std::int32_t pauseEnds) {
   Loudness sound;
   sound.from = from;
-  for (std::int32_t ms = from; ms < to; ms += Loudness::kStepMs) {
+  for (Ms ms = from; ms < to; ms += Loudness::kStepMs) {
     sound.levels.push_back(ms >= pauseBegins && ms < pauseEnds ? 10 : 5000);
   }
   return sound;
@@ -126,17 +126,17 @@ Loudness Sound(std::int32_t from, std::int32_t to, std::int32_t pauseBegins, std
 
 TEST(QuietestNearTest, FindsThePauseWithinReach) {
   const Loudness sound = Sound(1000, 4000, 2300, 2400);
-  const std::int32_t found = QuietestNear(sound, 2000, 400);
+  const Ms found = QuietestNear(sound, 2000, 400);
   EXPECT_GE(found, 2330);
   EXPECT_LE(found, 2370);
-  EXPECT_LT(std::abs(QuietestNear(sound, 2000, 100) - 2000), 101);
+  EXPECT_LT(Abs(QuietestNear(sound, 2000, 100) - 2000), 101);
   EXPECT_EQ(QuietestNear({}, 2000, 400), 2000);
   EXPECT_EQ(QuietestNear(sound, 9000, 400), 9000);
 }
 
 TEST(QuietestNearTest, OfEqualTimesTheNearestIsTaken) {
-  const std::int32_t found = QuietestNear(Sound(0, 4000, 5000, 5000), 2000, 400);
-  EXPECT_LE(std::abs(found - 2000), Loudness::kStepMs);
+  const Ms found = QuietestNear(Sound(0, 4000, 5000, 5000), 2000, 400);
+  EXPECT_LE(Abs(found - 2000), Loudness::kStepMs);
 }
 
 TEST_F(SplitTest, TheTimesPartAtThePause) {

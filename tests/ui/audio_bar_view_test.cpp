@@ -141,7 +141,7 @@ TEST_F(RealBarTest, ThePositionLineStaysWithinAColumnOfThePlayersClock) {
     const double column = sampled * 100;
     const int line = Bar().View().scrollPos + Bar().Marks().position;
     distances.push_back(std::abs(line - column));
-    worst = std::max(worst, std::abs(line - program->sample.PlayerPosMs() / 10.0));
+    worst = std::max(worst, std::abs(line - program->sample.PlayerPosMs().Count() / 10.0));
     ++looks;
   });
   const double begin = player->CurrentPosition();

@@ -544,7 +544,7 @@ TEST_F(MainWindowMouse, EveryVisibleRowCanBeClickedAndDoubleClicked) {
     EXPECT_EQ(program->grid.TopRow(), 100) << "after a click on row " << row;
     QTest::mouseDClick(viewport, Qt::LeftButton, {}, at);
     EXPECT_EQ(List().Selected(), row);
-    EXPECT_NEAR(player.position, List().GetCaptionStart(row) / 1000.0, 0.2) << "of row " << row;
+    EXPECT_NEAR(player.position, List().GetCaptionStart(row).Seconds(), 0.2) << "of row " << row;
     EXPECT_EQ(program->grid.TopRow(), 100) << "after a double click on row " << row;
   }
 }

@@ -55,8 +55,8 @@ TEST(AlignLines, FindsEachLineAmongOtherSpeech) {
   const std::vector<AlignedLine> aligned = AlignLines(lines, film.table);
   ASSERT_EQ(aligned.size(), lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    EXPECT_NEAR(aligned[i].start, starts[i], 150) << i;
-    EXPECT_NEAR(aligned[i].end, starts[i] + 1800, 200) << i;
+    EXPECT_NEAR(aligned[i].start.Count(), starts[i], 150) << i;
+    EXPECT_NEAR(aligned[i].end.Count(), starts[i] + 1800, 200) << i;
     EXPECT_FALSE(aligned[i].doubtful) << i;
   }
 }
@@ -87,7 +87,7 @@ TEST(AlignLines, WhatCannotBeSpokenIsDoubtful) {
   ASSERT_EQ(aligned.size(), 3U);
   EXPECT_TRUE(aligned[0].doubtful);
   EXPECT_EQ(aligned[0].confidence, 0);
-  EXPECT_NEAR(aligned[1].start, start, 150);
+  EXPECT_NEAR(aligned[1].start.Count(), start, 150);
   EXPECT_TRUE(aligned[2].doubtful);
   EXPECT_GE(aligned[2].start, aligned[1].end);
 }

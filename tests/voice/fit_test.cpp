@@ -74,11 +74,11 @@ MadeFilm TenCaptions(int noiseDb) {
   return film;
 }
 
-std::int32_t Furthest(const FitResult& result, const std::vector<HeldCaption>& truth) {
-  std::int32_t furthest = 0;
+Ms Furthest(const FitResult& result, const std::vector<HeldCaption>& truth) {
+  Ms furthest = 0;
   for (std::size_t place = 0; place < truth.size(); ++place) {
-    furthest = std::max({furthest, std::abs(result.captions[place].start - truth[place].start),
-                         std::abs(result.captions[place].end - truth[place].end)});
+    furthest = std::max({furthest, Abs(result.captions[place].start - truth[place].start),
+                         Abs(result.captions[place].end - truth[place].end)});
   }
   return furthest;
 }
@@ -129,7 +129,7 @@ TEST(Fit, OwnWordsTellTheStartWhereAnotherCaptionEnds) {
   const auto meanOfSeconds = [&](const FitResult& result) {
     int sum = 0;
     for (std::size_t place = 1; place < held.size(); place += 2) {
-      sum += std::abs(result.captions[place].start - film.Spoken()[place].start);
+      sum += Abs(result.captions[place].start - film.Spoken()[place].start).Count();
     }
     return 2 * sum / static_cast<int>(held.size());
   };
@@ -145,8 +145,8 @@ TEST(Fit, NeverMovesFurtherThanItMay) {
   held[7].end -= 1200;   // and goes on long behind
   const FitResult result = FitCaptions(film.Sound(), held, {}, {.startLate = 220.0, .endLate = 220.0});
   for (std::size_t place = 0; place < held.size(); ++place) {
-    EXPECT_LE(std::abs(result.captions[place].start - (held[place].start - 220)), 350);
-    EXPECT_LE(std::abs(result.captions[place].end - (held[place].end - 220)), 350);
+    EXPECT_LE(Abs(result.captions[place].start - (held[place].start - 220)), 350);
+    EXPECT_LE(Abs(result.captions[place].end - (held[place].end - 220)), 350);
   }
 }
 
@@ -176,7 +176,7 @@ TEST(Fit, OnlyWantedCaptionsMove) {
       EXPECT_EQ(result.captions[place].start, held[place].start);
     }
   }
-  EXPECT_NEAR(result.captions[3].start, film.Spoken()[3].start, 30);
+  EXPECT_NEAR(result.captions[3].start.Count(), film.Spoken()[3].start.Count(), 30);
 }
 
 TEST(Fit, CaptionsWithoutTimesStay) {
@@ -186,7 +186,7 @@ TEST(Fit, CaptionsWithoutTimesStay) {
   const FitResult result = FitCaptions(film.Sound(), held, {}, {.startLate = 220.0, .endLate = 220.0});
   EXPECT_EQ(result.captions[2].start, 0);
   EXPECT_EQ(result.captions[2].end, 0);
-  EXPECT_NEAR(result.captions[3].start, film.Spoken()[2].start, 30);
+  EXPECT_NEAR(result.captions[3].start.Count(), film.Spoken()[2].start.Count(), 30);
   const std::vector<HeldCaption> none(3);
   EXPECT_EQ(FitCaptions(film.Sound(), none, {}, {}).problem, FitProblem::NoCaptions);
 }

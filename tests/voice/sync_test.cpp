@@ -34,10 +34,10 @@ VoiceTrack NoisyVoice(const std::vector<CaptionTimes>& captions, unsigned seed) 
   return voice;
 }
 
-std::vector<CaptionTimes> Moved(std::vector<CaptionTimes> captions, double ratio, std::int32_t ms) {
+std::vector<CaptionTimes> Moved(std::vector<CaptionTimes> captions, double ratio, Ms ms) {
   for (CaptionTimes& times : captions) {
-    times.start = static_cast<std::int32_t>(std::lround(times.start * ratio)) + ms;
-    times.end = static_cast<std::int32_t>(std::lround(times.end * ratio)) + ms;
+    times.start = Ms::Nearest(times.start.Count() * ratio) + ms;
+    times.end = Ms::Nearest(times.end.Count() * ratio) + ms;
   }
   return captions;
 }
@@ -62,7 +62,7 @@ TEST(Synchronise, FindsAShift) {
   ASSERT_TRUE(result.belongs);
   EXPECT_EQ(result.ratio, TimeRatio());
   ASSERT_EQ(result.segments.size(), 1U);
-  EXPECT_NEAR(result.segments[0].offset, -37120, 20);
+  EXPECT_NEAR(result.segments[0].offset.Count(), -37120, 20);
   EXPECT_FALSE(result.segments[0].doubtful);
   EXPECT_TRUE(result.Changes());
 }
@@ -76,7 +76,9 @@ TEST(Synchronise, FindsTheRatiosOfTheUsualRates) {
     EXPECT_EQ(result.ratio, ratio) << ratio.numerator;
     ASSERT_EQ(result.segments.size(), 1U);
     for (std::size_t i = 0; i < other.size(); ++i) {
-      EXPECT_NEAR(other[i].start * ratio.Value() + result.segments[0].offset, film.captions[i].start, 40) << i;
+      EXPECT_NEAR(other[i].start.Count() * ratio.Value() + result.segments[0].offset.Count(),
+                  film.captions[i].start.Count(), 40)
+          << i;
     }
   }
 }
@@ -85,13 +87,13 @@ TEST(Synchronise, FindsCutsAtTheirPlaces) {
   Dialogue film(5, 120);
   std::vector<CaptionTimes> other = film.captions;
   // Twice something was put in, and once a scene with its captions is gone.
-  const auto put = [&](std::size_t from, std::int32_t ms) {
+  const auto put = [&](std::size_t from, Ms ms) {
     for (std::size_t i = from; i < other.size(); ++i) other[i] = {other[i].start + ms, other[i].end + ms};
   };
   put(30, 12000);
   put(95, 31000);
   std::vector<CaptionTimes> less(other.begin(), other.begin() + 60);
-  const std::int32_t gone = other[70].start - other[60].start;
+  const Ms gone = other[70].start - other[60].start;
   for (std::size_t i = 70; i < other.size(); ++i) less.push_back({other[i].start - gone, other[i].end - gone});
   const SyncResult result = Synchronise(less, NoisyVoice(film.captions, 6));
   ASSERT_TRUE(result.belongs);
@@ -102,7 +104,7 @@ TEST(Synchronise, FindsCutsAtTheirPlaces) {
     for (Row row = segment.first; row <= segment.last; ++row) {
       const auto place = static_cast<std::size_t>(row - 1);
       const CaptionTimes& truth = film.captions[place < 60 ? place : place + 10];
-      const bool near = std::abs(less[place].start + segment.offset - truth.start) <= 100;
+      const bool near = Abs(less[place].start + segment.offset - truth.start) <= 100;
       right += int{near};
       wrongAndSure += int{!near && !segment.doubtful};
     }
@@ -149,7 +151,7 @@ TEST(Synchronise, RowsWithoutTimesAndOutOfOrderLieInOneSegment) {
   const SyncResult result = Synchronise(other, NoisyVoice(film.captions, 22));
   ASSERT_TRUE(result.belongs);
   ExpectWhole(result, other.size());
-  for (const SyncSegment& segment : result.segments) EXPECT_NEAR(segment.offset, -5000, 20);
+  for (const SyncSegment& segment : result.segments) EXPECT_NEAR(segment.offset.Count(), -5000, 20);
 }
 
 TEST(Synchronise, NothingToHearOrToPlaceBelongsNowhere) {
