@@ -20,13 +20,14 @@ std::string AsNumber(double number) {
 }
 
 std::string AsLine(Row row, const AlignedLine& line) {
-  return std::to_string(row) + '\t' + std::to_string(line.start.Count()) + '\t' + std::to_string(line.end.Count()) +
-         '\t' + AsNumber(line.confidence) + '\t' + (line.doubtful ? "doubtful" : "sure") + '\n';
+  return std::to_string(row.Number()) + '\t' + std::to_string(line.start.Count()) + '\t' +
+         std::to_string(line.end.Count()) + '\t' + AsNumber(line.confidence) + '\t' +
+         (line.doubtful ? "doubtful" : "sure") + '\n';
 }
 
 std::string AsJson(Row row, const AlignedLine& line) {
   return JsonObject()
-      .Add("row", row)
+      .Add("row", row.Number())
       .Add("start", line.start.Count())
       .Add("end", line.end.Count())
       .AddRaw("confidence", AsNumber(line.confidence))
@@ -92,7 +93,7 @@ int RunAlign(const Request& request, Session& session, Console& console) {
   if (spoken.empty()) return kExitFailed;
   const std::vector<AlignedLine> lines = AlignLines(spoken, sound);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const Row row = static_cast<Row>(i) + 1;
+    const Row row = static_cast<int>(i) + 1;
     console.Out(request.json ? AsJson(row, lines[i]) : AsLine(row, lines[i]));
   }
   Store(lines, session.Captions());

@@ -30,13 +30,13 @@ std::string LimitOf(const Finding& finding) {
 }
 
 std::string AsLine(const Finding& finding) {
-  return std::to_string(finding.row) + '\t' + std::string(RuleName(finding.rule)) + '\t' + ValueOf(finding) + '\t' +
-         LimitOf(finding) + '\n';
+  return std::to_string(finding.row.Number()) + '\t' + std::string(RuleName(finding.rule)) + '\t' + ValueOf(finding) +
+         '\t' + LimitOf(finding) + '\n';
 }
 
 std::string AsJson(const Finding& finding) {
   JsonObject object;
-  object.Add("row", finding.row).Add("rule", FromUtf8(RuleName(finding.rule)));
+  object.Add("row", finding.row.Number()).Add("rule", FromUtf8(RuleName(finding.rule)));
   if (finding.IsOfWords()) return object.Add("value", finding.found).Add("limit", finding.wanted).Line();
   return object.AddRaw("value", AsNumber(finding.value)).AddRaw("limit", AsNumber(finding.limit)).Line();
 }

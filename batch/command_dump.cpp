@@ -28,13 +28,13 @@ std::string Escaped(TextView text) {
 }
 
 std::string AsLine(Row row, const Caption& caption) {
-  return std::to_string(row) + '\t' + std::to_string(caption.start.Count()) + '\t' +
+  return std::to_string(row.Number()) + '\t' + std::to_string(caption.start.Count()) + '\t' +
          std::to_string(caption.end.Count()) + '\t' + Escaped(caption.text) + '\n';
 }
 
 std::string AsJson(Row row, const Caption& caption) {
   return JsonObject()
-      .Add("number", row)
+      .Add("number", row.Number())
       .Add("start", caption.start.Count())
       .Add("end", caption.end.Count())
       .Add("text", caption.text)

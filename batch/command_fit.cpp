@@ -65,7 +65,7 @@ int MoveCaptions(CaptionList& list, const FitResult& result) {
   std::vector<CaptionTimes> times;
   int changed = 0;
   for (Row row = 1; row < list.Rows(); ++row) {
-    const FittedCaption& fitted = result.captions[static_cast<std::size_t>(row - 1)];
+    const FittedCaption& fitted = result.captions[row.Index()];
     times.push_back({fitted.start, fitted.end});
     if (times.back() != list.TimesAt(row)) ++changed;
   }
@@ -77,7 +77,7 @@ void PrintRows(const FitResult& result, const std::vector<HeldCaption>& held, Co
   for (std::size_t place = 0; place < held.size(); ++place) {
     const FittedCaption& fitted = result.captions[place];
     console.Out(JsonObject()
-                    .Add("row", static_cast<Row>(place + 1))
+                    .Add("row", static_cast<int>(place + 1))
                     .Add("start", fitted.start.Count())
                     .Add("end", fitted.end.Count())
                     .Add("old_start", held[place].start.Count())

@@ -11,9 +11,9 @@ namespace {
 TimeMap MapOfPoints(const std::vector<RetimeChoice::Point>& asked, const CaptionList& captions, std::string& problem) {
   std::vector<TimePoint> points;
   for (const RetimeChoice::Point& point : asked) {
-    const std::string name = "caption " + std::to_string(point.row);
+    const std::string name = "caption " + std::to_string(point.row.Number());
     if (!captions.InRange(point.row)) {
-      problem = "--point: there is no " + name + "; the file has " + std::to_string(captions.Rows() - 1);
+      problem = "--point: there is no " + name + "; the file has " + std::to_string(captions.Count());
       return {};
     }
     const CaptionTimes times = captions.TimesAt(point.row);

@@ -46,7 +46,7 @@ int RunRules(const Request& request, Session& session, Console& console) {
   if (!session.Load(request.files.front())) return kExitFailed;
   session.ApplyRules();
   const Text readAs = session.Format();
-  const int captions = session.Captions().Rows() - 1;
+  const int captions = session.Captions().Count();
   const bool whole = !session.LoadedWithTrouble();
   Text objection;
   if (request.out) {

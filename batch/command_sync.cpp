@@ -18,15 +18,15 @@ std::string AsNumber(double number, const char* format) {
 }
 
 std::string AsLine(const SyncSegment& segment, const TimeRatio& ratio) {
-  return std::to_string(segment.first) + '\t' + std::to_string(segment.last) + '\t' +
+  return std::to_string(segment.first.Number()) + '\t' + std::to_string(segment.last.Number()) + '\t' +
          std::to_string(segment.offset.Count()) + '\t' + AsNumber(ratio.Value(), "%.9g") + '\t' +
          AsNumber(segment.confidence, "%.2f") + '\t' + (segment.doubtful ? "doubtful" : "sure") + '\n';
 }
 
 std::string AsJson(const SyncSegment& segment, const TimeRatio& ratio) {
   return JsonObject()
-      .Add("first", segment.first)
-      .Add("last", segment.last)
+      .Add("first", segment.first.Number())
+      .Add("last", segment.last.Number())
       .Add("offset", segment.offset.Count())
       .AddRaw("ratio", AsNumber(ratio.Value(), "%.9g"))
       .AddRaw("confidence", AsNumber(segment.confidence, "%.3f"))

@@ -45,7 +45,7 @@ Outcome Converter::Convert(const Text& input) {
     if (request_.rules) session_.ApplyRules();
     outcome.format = session_.Format();
     if (format_ < 0) outcome.to = outcome.format;
-    outcome.captions = session_.Captions().Rows() - 1;
+    outcome.captions = session_.Captions().Count();
     Write(input, outcome);
   }
   outcome.whole = !session_.LoadedWithTrouble();

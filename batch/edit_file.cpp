@@ -36,7 +36,7 @@ int ReportEdit(const Request& request, Session& session, Console& console, const
     } else {
       object.AddNull("format");
     }
-    console.Out(object.Add("captions", outcome.read ? session.Captions().Rows() - 1 : 0)
+    console.Out(object.Add("captions", outcome.read ? session.Captions().Count() : 0)
                     .Add("changed", outcome.changed)
                     .Add("out", *request.out)
                     .Add("written", outcome.written)

@@ -142,7 +142,7 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
   const int before = boxes_.Troubles();
   path_ = path;
   const int codePage = state_.Encoding.codePage;
-  exporter_->ExportSubtitle(static_cast<std::int16_t>(lastRow));
+  exporter_->ExportSubtitle(lastRow);
   if (options_.manner.TellsWhatIsLost()) TellLost();
   if (state_.Encoding.codePage != codePage) {
     boxes_.Tell(u"Saved as UTF-8: code page " + Decimal(codePage) + u" lacks a character of the text.");
@@ -184,7 +184,7 @@ bool Session::TakeEncoding(Row lastRow) {
 void Session::TellLacking(const LackingPlace& place) {
   boxes_.line = [&] { return place.line; };
   Text text;
-  if (place.row != 0) text = u"caption " + Decimal(place.row) + u", line " + Decimal(place.rowLine) + u": ";
+  if (place.row != 0) text = u"caption " + Decimal(place.row.Number()) + u", line " + Decimal(place.rowLine) + u": ";
   boxes_.Tell(text + request_.encodingName + u" lacks " + place.letters);
   boxes_.line = nullptr;
 }

@@ -100,7 +100,7 @@ class LongBoard {
       const Ms start = 1 + i * 168;
       captions.push_back({start, start + (i % 50 == 0 ? 200 : 150), u"A caption of some words"});
     }
-    program.list.Replace(1, program.list.Rows() - 1, std::move(captions));
+    program.list.Replace(1, program.list.Count(), std::move(captions));
     for (int ms = 0; ms < 5400000; ++ms) {
       const auto level = static_cast<std::int16_t>(ms * 7 % 20000);
       peaks_.Append({level, static_cast<std::int16_t>(-level)});

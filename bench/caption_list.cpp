@@ -39,7 +39,7 @@ struct Desk {
   void Fill(int captions) {
     std::vector<Caption> rows;
     for (int i = 1; i <= captions; ++i) rows.push_back({i * 1000, i * 1000 + 900, u"A line of some length"});
-    list.Replace(1, list.Rows() - 1, std::move(rows));
+    list.Replace(1, list.Count(), std::move(rows));
   }
 
   AppOptions options;

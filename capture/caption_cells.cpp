@@ -77,7 +77,7 @@ Text CaptionCell(const CaptionList& list, Row row, ListColumn column, const Time
   const CaptionTimes& own = times.own;
   switch (column) {
     case ListColumn::Number:
-      return Decimal(row);
+      return Decimal(row.Number());
     case ListColumn::Start:
       return own == CaptionTimes{} ? Text() : TimeCell(own.start, shown);
     case ListColumn::End:

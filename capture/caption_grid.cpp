@@ -87,7 +87,7 @@ Text CaptionGrid::SpokenCaption(Row row) const {
   if (!list_.Options().manner.KeepsStylesWithin()) text = WithoutStyleMarkers(std::move(text));
   const CaptionTimes times = ShownTimes(row);
   const Text form = times.start > 0 ? spokenTimed_ : spokenUntimed_;
-  const std::array<Text, 4> values = {Decimal(row), Seconds(times.start), Seconds(times.end), text};
+  const std::array<Text, 4> values = {Decimal(row.Number()), Seconds(times.start), Seconds(times.end), text};
   Text spoken;
   for (std::size_t i = 0; i < form.size(); ++i) {
     const bool place = form[i] == u'%' && i + 1 < form.size() && form[i + 1] >= u'1' && form[i + 1] <= u'4';
@@ -127,7 +127,7 @@ void CaptionGrid::SetFont(TextView name, int size, bool bold) {
 }
 
 void CaptionGrid::SetTopRow(Row row) {
-  topRow_ = std::max(row, 1);
+  topRow_ = std::max<Row>(row, 1);
   Scrolled();
 }
 
@@ -142,7 +142,7 @@ void CaptionGrid::ScrollRow(bool force) {
   if (selected < topRow_) {
     SetTopRow(selected);
   } else if (selected >= topRow_ + visible || (force && selected > topRow_ + visible - 3)) {
-    SetTopRow(std::max(selected - visible + 3, 1));
+    SetTopRow(std::max<Row>(selected - visible + 3, 1));
   }
 }
 

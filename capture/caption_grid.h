@@ -121,7 +121,7 @@ class CaptionGrid {
 
   /// The row under a vertical position counted from the control's top, heading included; it may lie out of range,
   /// and on the heading it is the row above the first visible one.
-  Row RowAt(int y) const { return y / rowHeight_ + topRow_ - 1; }
+  Row RowAt(int y) const { return topRow_ + (y / rowHeight_ - 1); }
   bool OnHeading(int y) const { return y < rowHeight_; }
 
   Signal<CaptionGrid> Changed;

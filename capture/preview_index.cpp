@@ -37,7 +37,7 @@ Row PreviewIndex::RowAt(Ms ms) {
   const auto behind = std::upper_bound(ends_.begin(), ends_.end(), ms);
   if (behind == ends_.begin()) return 0;
   const auto place = static_cast<std::size_t>(behind - ends_.begin() - 1);
-  return rows_[2 * place + (ends_[place] == ms ? 0 : 1)];
+  return int{rows_[2 * place + (ends_[place] == ms ? 0 : 1)]};
 }
 
 void PreviewIndex::OnSplice(const Splice& splice) {
@@ -46,7 +46,7 @@ void PreviewIndex::OnSplice(const Splice& splice) {
     return;
   }
   // An edit of texts alone keeps the table: it is built of the times only.
-  for (Row i = 0; i < splice.added && built_; ++i) {
+  for (int i = 0; i < splice.added && built_; ++i) {
     const Caption& before = splice.before[static_cast<std::size_t>(i)];
     const Caption& now = list_.At(splice.first + i);
     built_ = before.end == now.end && (before.start > 0) == (now.start > 0);
@@ -73,7 +73,7 @@ void PreviewIndex::Build() {
     if (list_.GetCaptionEnd(row) > list_.GetCaptionEnd(row + 1)) continue;
     const std::size_t last = placeOf(row + 1);
     for (std::size_t at = places.From(placeOf(row)); at <= last; at = places.From(at)) {
-      rows_[at] = static_cast<std::int16_t>(row + 1);
+      rows_[at] = static_cast<std::int16_t>((row + 1).Number());
       places.Take(at);
     }
   }

@@ -175,7 +175,7 @@ std::vector<Proposal> Fixer::Candidates(const CaptionList& list, const Finding& 
 
 std::vector<Finding> Fixer::FindingsAround(const CaptionList& list, Row row) {
   std::vector<Finding> findings;
-  for (Row each = std::max(row - 1, 1); each <= std::min(row + 1, list.Rows() - 1); ++each) {
+  for (Row each = std::max<Row>(row - 1, 1); each <= std::min(row + 1, list.Rows() - 1); ++each) {
     checker_.CheckRow(list, each, findings);
   }
   return findings;
@@ -196,12 +196,12 @@ bool Fixer::Try(CaptionList& list, const Finding& finding, const Proposal& propo
 std::optional<Proposal> Fixer::Propose(const CaptionList& list, const Finding& finding) {
   if (!list.InRange(finding.row)) return {};
   // What is said of a caption and of the one before it hangs on these rows alone.
-  const Row first = std::max(finding.row - 2, 1);
+  const Row first = std::max<Row>(finding.row - 2, 1);
   Copy copy(list, first, std::min(finding.row + 1, list.Rows() - 1));
   Finding here = finding;
   here.row = finding.row - first + 1;
   for (const Proposal& candidate : Candidates(copy.rows, here)) {
-    if (Try(copy.rows, here, candidate)) return Proposal{candidate.row + first - 1, candidate.after};
+    if (Try(copy.rows, here, candidate)) return Proposal{candidate.row + (first - 1).Number(), candidate.after};
   }
   return {};
 }

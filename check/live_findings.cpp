@@ -15,30 +15,30 @@ void LiveFindings::SetRules(HouseRules rules, const FrameRate& rate, std::vector
   rate_ = rate;
   checker_ = std::make_unique<Checker>(rules_, rate_, std::move(shots));
   Forget();
-  Changed(1, list_.Rows() - 1);
+  Changed(1, list_.Count());
 }
 
-void LiveFindings::Forget() { rows_.assign(static_cast<std::size_t>(list_.Rows() - 1), std::nullopt); }
+void LiveFindings::Forget() { rows_.assign(static_cast<std::size_t>(list_.Count()), std::nullopt); }
 
 void LiveFindings::OnSplice(const Splice& splice) {
-  const auto first = rows_.begin() + (splice.first - 1);
+  const auto first = rows_.begin() + (splice.first - 1).Number();
   if (splice.removed == splice.added) {
     std::fill(first, first + splice.added, std::nullopt);
   } else {
     rows_.erase(first, first + splice.removed);
-    rows_.insert(rows_.begin() + (splice.first - 1), static_cast<std::size_t>(splice.added), std::nullopt);
+    rows_.insert(rows_.begin() + (splice.first - 1).Number(), static_cast<std::size_t>(splice.added), std::nullopt);
   }
   // What is said of a caption hangs on the one before it; what lies behind bounds only what is proposed.
-  const Row from = std::max(splice.first - 1, 1);
+  const Row from = std::max<Row>(splice.first - 1, 1);
   const Row to = std::min(splice.first + splice.added, list_.Rows() - 1);
-  for (Row row = from; row <= to; ++row) rows_[static_cast<std::size_t>(row - 1)].reset();
+  for (Row row = from; row <= to; ++row) rows_[row.Index()].reset();
   Changed(from, to - from + 1);
 }
 
 const std::vector<Finding>& LiveFindings::Of(Row row) {
   // A list that is just changing may have told others first.
-  if (!list_.InRange(row) || static_cast<std::size_t>(row) > rows_.size()) return nothing_;
-  std::optional<std::vector<Finding>>& findings = rows_[static_cast<std::size_t>(row - 1)];
+  if (!list_.InRange(row) || row.Index() >= rows_.size()) return nothing_;
+  std::optional<std::vector<Finding>>& findings = rows_[row.Index()];
   if (!findings) checker_->CheckRow(list_, row, findings.emplace());
   // Rows may have come or gone above since it was looked at.
   for (Finding& finding : *findings) finding.row = row;
@@ -55,9 +55,9 @@ std::vector<Finding> LiveFindings::All() {
 }
 
 Row LiveFindings::Next(Row row) {
-  const Row count = list_.Rows() - 1;
-  for (Row step = 1; step <= count; ++step) {
-    const Row at = (row + step - 1) % count + 1;
+  const int count = list_.Count();
+  for (int step = 1; step <= count; ++step) {
+    const Row at = (row.Number() + step - 1) % count + 1;
     if (!Of(at).empty()) return at;
   }
   return 0;

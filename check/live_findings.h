@@ -29,7 +29,7 @@ class LiveFindings {
   Row Next(Row row);
 
   /// Something else may be found from the row on, in so many rows.
-  Signal<LiveFindings, Row, Row> Changed;
+  Signal<LiveFindings, Row, int> Changed;
 
  private:
   void OnSplice(const Splice& splice);

@@ -218,32 +218,31 @@ Text CaptionList::SplitCaptionLines(TextView text) const {
 void CaptionList::SortNumbers() { SelectionChanged(selected_); }
 
 void CaptionList::Reset() {
-  Replace(1, Rows() - 1, {Caption{}});
+  Replace(1, Count(), {Caption{}});
   selected_ = 1;
   chosen_ = RowSet(1);
 }
 
-void CaptionList::Replace(Row first, Row count, std::vector<Caption> rows) {
-  const Row added = static_cast<Row>(rows.size());
+void CaptionList::Replace(Row first, int count, std::vector<Caption> rows) {
+  const int added = static_cast<int>(rows.size());
   if (first < 1 || count < 0 || first + count > Rows()) ThrowInvalidCall();
-  if (rows.size() > static_cast<std::size_t>(kMaxRow) || Rows() - 1 - count + added > kMaxRow) ThrowOverflow();
+  if (rows.size() > kMaxRow.Index() + 1 || Count() - count + added > kMaxRow.Number()) ThrowOverflow();
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
   const EditScope scope(*this, EditKind::Change);
   const bool alone = chosen_ == RowSet(selected_);
-  const auto before =
-      rows_.Splice(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(count), std::move(rows));
+  const auto before = rows_.Splice(first.Index(), static_cast<std::size_t>(count), std::move(rows));
   chosen_.Follow(first, count, added);
   // A row that is selected alone is the current one, which is a place: whoever changes the list says where it goes.
-  if (alone || chosen_.Empty()) chosen_ = RowSet(std::clamp(selected_, 1, Rows() - 1));
+  if (alone || chosen_.Empty()) chosen_ = RowSet(std::clamp<Row>(selected_, 1, Rows() - 1));
   Spliced(Splice{first, count, added, before, {}});
 }
 
 void CaptionList::Retime(Row first, std::span<CaptionTimes> times) {
-  const Row count = static_cast<Row>(times.size());
+  const int count = static_cast<int>(times.size());
   if (first < 1 || first + count > Rows()) ThrowInvalidCall();
   if (count == 0) return;
   const EditScope scope(*this, EditKind::Change);
-  auto at = static_cast<std::size_t>(first) - 1;
+  auto at = first.Index();
   for (CaptionTimes& given : times) {
     Caption& caption = rows_.At(at++);
     std::swap(caption.start, given.start);
@@ -261,7 +260,7 @@ void CaptionList::SetRow(Row row, bool scroll) {
 }
 
 void CaptionList::SelectRows(RowSet rows, Row row, bool scroll) {
-  row = std::clamp(row, 1, Rows() - 1);
+  row = std::clamp<Row>(row, 1, Rows() - 1);
   rows.CutBehind(Rows() - 1);
   Choose(row, rows.Empty() ? RowSet(row) : std::move(rows), scroll);
 }

@@ -45,8 +45,8 @@ struct CaptionTimes {
 /// alone has as many of both, and gives the times that went in place of the rows.
 struct Splice {
   Row first = 1;
-  Row removed = 0;
-  Row added = 0;
+  int removed = 0;
+  int added = 0;
   std::span<const Caption> before;            ///< the rows that went
   std::span<const CaptionTimes> timesBefore;  ///< the times that went; the texts stayed
 
@@ -60,9 +60,10 @@ class CaptionList {
   CaptionList(const AppOptions& options, bool& modified);
 
   /// Caption count plus 1; never below 2.
-  Row Rows() const { return static_cast<Row>(rows_.Size()) + 1; }
+  Row Rows() const { return Count() + 1; }
+  int Count() const { return static_cast<int>(rows_.Size()); }
   bool InRange(Row row) const { return row >= 1 && row < Rows(); }
-  const Caption& At(Row row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
+  const Caption& At(Row row) const { return rows_[row.Index()]; }
   CaptionTimes TimesAt(Row row) const { return {At(row).start, At(row).end}; }
 
   /// The text, the empty one for a row out of range; with `asLines` every line separator is CR LF.
@@ -141,7 +142,7 @@ class CaptionList {
 
   /// The one mutator: `count` rows from `first` on give way to `rows`. At least one caption must be left.
   /// Run-time error 6 when the list would pass `kMaxRow`; then nothing changes.
-  void Replace(Row first, Row count, std::vector<Caption> rows);
+  void Replace(Row first, int count, std::vector<Caption> rows);
 
   /// The mutator for times alone: the rows from `first` on take these, and the times that went come back in their
   /// place. No text is touched. Negative times are stored as they are.

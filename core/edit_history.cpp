@@ -91,7 +91,7 @@ bool EditHistory::ChangesNothing(const EditStep& step) const {
   if (step.separatorBefore != step.separatorAfter || step.changes.size() != 1) return false;
   const EditChange& change = step.changes.front();
   if (change.removed != change.added) return false;
-  for (Row i = 0; i < change.removed; ++i) {
+  for (int i = 0; i < change.removed; ++i) {
     const auto at = change.at + static_cast<std::size_t>(i);
     const Row row = change.first + i;
     if (change.timesOnly ? list_.TimesAt(row) != step.times[at] : list_.At(row) != step.captions[at]) return false;

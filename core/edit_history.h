@@ -16,8 +16,8 @@ namespace cuewright {
 /// One change: what went stands in the step's store from `at` on.
 struct EditChange {
   Row first = 1;
-  Row removed = 0;
-  Row added = 0;
+  int removed = 0;
+  int added = 0;
   bool timesOnly = false;
   std::size_t at = 0;
 };

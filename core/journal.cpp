@@ -116,10 +116,10 @@ class Reader {
     return static_cast<std::int32_t>(value);
   }
   /// A count of at most `most`.
-  Row Count(Row most) {
+  int Count(int most) {
     const std::uint64_t value = Number();
     if (value > static_cast<std::uint64_t>(most)) return Fail();
-    return static_cast<Row>(value);
+    return static_cast<int>(value);
   }
   Text String() {
     const std::uint64_t size = Number();
@@ -150,9 +150,9 @@ class Reader {
     return caption;
   }
   /// So many captions; none once something doesn't fit.
-  std::vector<Caption> Captions(Row count) {
+  std::vector<Caption> Captions(int count) {
     std::vector<Caption> captions;
-    for (Row i = 0; i < count && good_; ++i) captions.push_back(OneCaption());
+    for (int i = 0; i < count && good_; ++i) captions.push_back(OneCaption());
     return captions;
   }
   std::uint8_t Fail() {
@@ -201,8 +201,8 @@ class Replay {
     document_.codePage = static_cast<std::int32_t>(in.Number());
     document_.mark = in.Byte() != 0;
     document_.separator = in.String();
-    document_.selected = in.Count(kMaxRow);
-    const Row count = in.Count(kMaxRow);
+    document_.selected = in.Count(kMaxRow.Number());
+    const int count = in.Count(kMaxRow.Number());
     std::vector<Caption> captions = in.Captions(count);
     if (!in.Good() || captions.empty()) return false;
     if (kind == kReadSnapshot && !ReadSource(in, captions)) return false;
@@ -225,9 +225,9 @@ class Replay {
     Reader in(payload);
     if (in.Byte() != kBatch) return false;
     const std::int64_t time = in.Signed();
-    const Row selected = in.Count(kMaxRow);
+    const Row selected = in.Count(kMaxRow.Number());
     Text separator = in.String();
-    size_ = static_cast<Row>(rows_.Size());
+    size_ = static_cast<int>(rows_.Size());
     while (in.Good() && !in.AtEnd()) {
       const std::uint8_t kind = in.Byte();
       if (kind == kRows || kind == kReadRows) {
@@ -248,11 +248,11 @@ class Replay {
   }
 
   void Rows(Reader& in, bool wereRead, bool apply) {
-    const Row first = in.Count(kMaxRow);
-    const Row removed = in.Count(kMaxRow);
-    const Row added = in.Count(kMaxRow);
-    const Row left = size_ - removed + added;
-    if (first < 1 || removed > size_ - (first - 1) || left < 1 || left > kMaxRow) in.Fail();
+    const int first = in.Count(kMaxRow.Number());
+    const int removed = in.Count(kMaxRow.Number());
+    const int added = in.Count(kMaxRow.Number());
+    const int left = size_ - removed + added;
+    if (first < 1 || removed > size_ - (first - 1) || left < 1 || left > kMaxRow.Number()) in.Fail();
     std::vector<Caption> captions = in.Captions(in.Good() ? added : 0);
     for (Caption& caption : captions) caption.origin = wereRead ? in.Origin() : 0;
     if (!in.Good()) return;
@@ -262,10 +262,10 @@ class Replay {
   }
 
   void Times(Reader& in, bool apply) {
-    const Row first = in.Count(kMaxRow);
-    const Row count = in.Count(kMaxRow);
+    const int first = in.Count(kMaxRow.Number());
+    const int count = in.Count(kMaxRow.Number());
     if (first < 1 || count > size_ - (first - 1)) in.Fail();
-    for (Row i = 0; i < count && in.Good(); ++i) {
+    for (int i = 0; i < count && in.Good(); ++i) {
       const Ms start = in.Time();
       const Ms end = in.Time();
       if (!apply) continue;
@@ -277,7 +277,7 @@ class Replay {
 
   JournalDocument document_;
   RowStore<Caption> rows_;
-  Row size_ = 0;  ///< of the list at this place of a batch
+  int size_ = 0;  ///< of the list at this place of a batch
 };
 
 /// What is wrong with a journal whose first record gives no document.
@@ -324,7 +324,7 @@ std::string JournalSnapshot(const JournalDocument& document) {
   Put(out, static_cast<std::uint32_t>(document.codePage));
   out.push_back(document.mark ? 1 : 0);
   PutText(out, document.separator);
-  Put(out, static_cast<std::uint64_t>(document.selected));
+  Put(out, static_cast<std::uint64_t>(document.selected.Number()));
   Put(out, document.captions.size());
   for (const Caption& caption : document.captions) PutCaption(out, caption);
   if (wasRead) PutSource(out, document);
@@ -335,7 +335,7 @@ void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
   bool wereRead = false;
   for (Row row = splice.first; row < splice.first + splice.added; ++row) wereRead |= HasOrigin(list.At(row));
   changes_.push_back(static_cast<char>(splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows));
-  Put(changes_, static_cast<std::uint64_t>(splice.first));
+  Put(changes_, static_cast<std::uint64_t>(splice.first.Number()));
   if (!splice.TimesOnly()) Put(changes_, static_cast<std::uint64_t>(splice.removed));
   Put(changes_, static_cast<std::uint64_t>(splice.added));
   for (Row row = splice.first; row < splice.first + splice.added; ++row) {
@@ -354,7 +354,7 @@ std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separat
   std::string out;
   out.push_back(static_cast<char>(kBatch));
   PutSigned(out, time);
-  Put(out, static_cast<std::uint64_t>(selected));
+  Put(out, static_cast<std::uint64_t>(selected.Number()));
   PutText(out, separator);
   out += changes_;
   changes_.clear();

@@ -61,11 +61,11 @@ void RowSet::CutBehind(Row last) {
   if (Last() > last) Remove(last + 1, Last());
 }
 
-void RowSet::Follow(Row first, Row removed, Row added) {
+void RowSet::Follow(Row first, int removed, int added) {
   if (removed == added) return;
   const Row kept = first + std::min(removed, added);
   const Row behind = first + removed;
-  const Row by = added - removed;
+  const int by = added - removed;
   RowSet moved;
   for (const Stretch& stretch : stretches_) {
     if (stretch.first < kept) moved.Add(stretch.first, std::min(stretch.last, kept - 1));

@@ -3,12 +3,9 @@
 #include <span>
 #include <vector>
 
-namespace cuewright {
+#include "core/row.h"
 
-/// Row of the caption list: 0 is the header, captions are 1 to `CaptionList::Rows() - 1`. Rows have 16 bits: a list of
-/// more than `kMaxRow` captions is run-time error 6, and the list stays as it was.
-using Row = int;
-inline constexpr Row kMaxRow = 32766;
+namespace cuewright {
 
 /// Rows of the list, each once and in order. Kept as stretches: all rows of a long list cost as much as one.
 class RowSet {
@@ -42,7 +39,7 @@ class RowSet {
 
   /// The list has changed: `removed` rows from `first` on gave way to `added`. Rows behind them move with their
   /// captions; of those that changed the first ones are still there.
-  void Follow(Row first, Row removed, Row added);
+  void Follow(Row first, int removed, int added);
 
   bool operator==(const RowSet&) const = default;
 

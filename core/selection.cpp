@@ -13,7 +13,7 @@ Selection::Selection(CaptionList& list) : list_(list) {
     if (splice.added != splice.removed && splice.first + splice.removed <= anchor_) {
       anchor_ += splice.added - splice.removed;
     }
-    anchor_ = std::clamp(anchor_, 1, list_.Rows() - 1);
+    anchor_ = std::clamp<Row>(anchor_, 1, list_.Rows() - 1);
   });
 }
 

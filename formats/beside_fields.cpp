@@ -88,7 +88,7 @@ Text BesideFields::SpeakerName(const Text& speaker) const {
 }
 
 Text BesideFields::FieldOf(Row row) const {
-  const Beside& beside = captions_[static_cast<std::size_t>(row) - 1];
+  const Beside& beside = captions_[row.Index()];
   switch (kind_) {
     case MarkKind::SubStation:
       if (beside.speaker.empty()) return identifier_ == u"SUBSTATIONALPHA" ? u"NTP" : u"";

@@ -100,10 +100,10 @@ class RecordWriter {
       case Field::Count:
         if (sink_.KeepsAscii()) {
           const std::size_t digits = job_.definition.subCountPicture.size();
-          return sink_.Advance(PutNumberBytes(row - 1 + firstNumber_, digits, sink_.Room(kLongestNumber)));
+          return sink_.Advance(PutNumberBytes((row - 1 + firstNumber_).Number(), digits, sink_.Room(kLongestNumber)));
         }
         field_.clear();
-        AppendNumber(row - 1 + firstNumber_, job_.definition.subCountPicture.size(), field_);
+        AppendNumber((row - 1 + firstNumber_).Number(), job_.definition.subCountPicture.size(), field_);
         return sink_.Put(field_);
       case Field::Beside:
         return sink_.Put(job_.beside->FieldOf(row));

@@ -8,14 +8,14 @@ namespace cuewright {
 void ConvertCaptionsFromUtf8(CaptionList& captions, const Encodings& encodings) {
   const Text& separator = captions.Options().lineSeparator;
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(captions.Rows() - 1));
+  rows.reserve(static_cast<std::size_t>(captions.Count()));
   for (Row row = 1; row < captions.Rows(); ++row) {
     Caption caption = captions.At(row);
     Text text = encodings.BytesToText(encodings.TextToBytes(caption.text, kSystemCodePage), kCodePageUtf8);
     if (separator.empty() || !text.ends_with(separator)) caption.text = std::move(text);
     rows.push_back(std::move(caption));
   }
-  captions.Replace(1, captions.Rows() - 1, std::move(rows));
+  captions.Replace(1, captions.Count(), std::move(rows));
 }
 
 }  // namespace cuewright

@@ -26,7 +26,7 @@ bool Exporter::MayBeWritten(Row lastRow) const {
   return false;
 }
 
-bool Exporter::ExportSubtitle(std::int16_t lastRow) {
+bool Exporter::ExportSubtitle(Row lastRow) {
   if (!MayBeWritten(lastRow)) return false;
   const Text id = formats_.CurrentIdentifier();
   talk_.Report(FileStage::SaveBegins, Fill(talk_.strings[Message::ExportingFile], formats_.catalogue.DisplayName(id)));

@@ -29,7 +29,7 @@ class Exporter {
   /// description for any other. A run-time error inside a line is told in that box as well, and the other lines are
   /// written. False when no file was written. Where the document's encoding lacks a character of it, UTF-8 is written
   /// and is the document's encoding from then on. A format that can only be read is written over its own file alone.
-  bool ExportSubtitle(std::int16_t lastRow);
+  bool ExportSubtitle(Row lastRow);
 
   /// How many captions up to a row would lose what by an export in the format in force.
   Losses Foreseen(Row lastRow) const;

@@ -291,7 +291,7 @@ void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& err
     return;
   }
   if (loading == Loading::NewDocument) {
-    errors([&] { captions_.Replace(1, captions_.Rows() - 1, std::move(rows)); });
+    errors([&] { captions_.Replace(1, captions_.Count(), std::move(rows)); });
     return;
   }
   errors([&] {

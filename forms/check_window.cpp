@@ -112,8 +112,8 @@ void CheckWindow::FillList() {
   std::vector<SheetRow> rows;
   rows.reserve(found_.size());
   for (const Finding& finding : found_) {
-    rows.push_back({{Decimal(finding.row), RuleWords(finding.rule, bench_.strings), ValueWords(finding, bench_.strings),
-                     LimitWords(finding, bench_.strings)}});
+    rows.push_back({{Decimal(finding.row.Number()), RuleWords(finding.rule, bench_.strings),
+                     ValueWords(finding, bench_.strings), LimitWords(finding, bench_.strings)}});
   }
   lstFindings.SetRows(std::move(rows));
 }
@@ -129,7 +129,8 @@ void CheckWindow::ShowFix() {
   cmdFix.SetEnabled(fix_.has_value());
   Text told;
   if (finding != nullptr) {
-    told = fix_ ? Fill(bench_.strings[Message::FixProposed], Decimal(fix_->row)) : bench_.strings[Message::NoFixKnown];
+    told = fix_ ? Fill(bench_.strings[Message::FixProposed], Decimal(fix_->row.Number()))
+                : bench_.strings[Message::NoFixKnown];
   }
   lblFix.SetText(told);
   Text now;
@@ -156,7 +157,8 @@ void CheckWindow::GoToNext() {
   const Row row = check_.findings.Next(bench_.list.Selected());
   if (row == 0) return notices_.Tell(Message::NothingFound);
   bench_.list.SetRow(row, true);
-  notices_.Tell(Message::FindingInCaption, Decimal(row), FindingWords(check_.findings.Of(row).front(), bench_.strings));
+  notices_.Tell(Message::FindingInCaption, Decimal(row.Number()),
+                FindingWords(check_.findings.Of(row).front(), bench_.strings));
 }
 
 }  // namespace cuewright

@@ -5,7 +5,7 @@ namespace cuewright {
 CheckedRows::CheckedRows(HouseCheck& check, CaptionGrid& grid, const LangStrings& strings)
     : check_(check), strings_(strings) {
   grid.SetFindings(this);
-  check_.findings.Changed.Connect([&grid](Row first, Row count) {
+  check_.findings.Changed.Connect([&grid](Row first, int count) {
     if (count > 0) grid.ShowRowsAnew(first, first + count - 1);
   });
 }

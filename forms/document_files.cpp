@@ -99,10 +99,10 @@ void DocumentFiles::NewFromClipboard() {
   const EditScope scope(bench_.list, EditKind::FromClipboard);
   if (!captions.empty()) {
     const bool blank = bench_.list.Rows() == 2 && bench_.list.At(1) == Caption{};
-    const auto whole = static_cast<long long>(captions.size()) + (blank ? 0 : bench_.list.Rows() - 1);
-    if (whole > kMaxRow) {
-      ports_.messages.Show(
-          {Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow)), BoxIcon::Warning});
+    const auto whole = static_cast<long long>(captions.size()) + (blank ? 0 : bench_.list.Count());
+    if (whole > kMaxRow.Number()) {
+      ports_.messages.Show({Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow.Number())),
+                            BoxIcon::Warning});
     } else {
       bench_.list.Replace(blank ? 1 : bench_.list.Rows(), blank ? 1 : 0, std::move(captions));
     }
@@ -344,7 +344,7 @@ bool DocumentFiles::SaveDocument() {
   bool written = false;
   {
     const FileWork work(bench_.document);
-    written = formats_.exporter.ExportSubtitle(static_cast<std::int16_t>(lastRow));
+    written = formats_.exporter.ExportSubtitle(lastRow);
   }
   if (written) {
     if (!first) remember();

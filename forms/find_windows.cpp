@@ -112,7 +112,8 @@ int SearchWindow::SearchPattern(Pass pass, TextView replacement) {
 
 void SearchWindow::TellFound(int count) {
   if (count == kFaulty) return;
-  Tell(count > 0 ? Fill(strings_[Message::FoundOnLine], Decimal(list_.Selected())) : strings_[Message::StringNotFound]);
+  Tell(count > 0 ? Fill(strings_[Message::FoundOnLine], Decimal(list_.Selected().Number()))
+                 : strings_[Message::StringNotFound]);
 }
 
 void SearchWindow::Tell(TextView text) {

@@ -289,7 +289,7 @@ void Program::RestoreDocument(const JournalDocument& restored) {
   commands.RestoreSeparator(restored.separator);
   session.EmptyList();
   importer.RestoreSource(restored.source);
-  list.Replace(1, list.Rows() - 1, restored.captions);
+  list.Replace(1, list.Count(), restored.captions);
   formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
   formats.CurrentFps = restored.fps;
   formats.Encoding = {restored.codePage, restored.mark};

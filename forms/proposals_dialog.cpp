@@ -91,7 +91,7 @@ void ProposalsDialog::ShowProposals(std::vector<Proposal> proposals) {
   for (const Proposal& proposal : proposals_) {
     const Caption& now = list_.At(proposal.row);
     const Caption then = proposal.after.value_or(Caption{now.start, now.end, {}});
-    rows.push_back({{Decimal(proposal.row), CaptionWords(list_, now, then),
+    rows.push_back({{Decimal(proposal.row.Number()), CaptionWords(list_, now, then),
                      proposal.after ? CaptionWords(list_, then, now) : strings_[Message::CaptionGoes]}});
   }
   lstProposals.SetRows(std::move(rows));

@@ -209,7 +209,7 @@ void RetimeWindow::ShowWay() {
   optSelected.SetValue(scope_ == Scope::Selected);
   optFromHere.SetValue(scope_ == Scope::FromHere);
   optSelected.SetText(bench_.strings.Counted(Message::ScopeSelected, u"%1", std::ssize(selected_)));
-  optFromHere.SetText(Fill(bench_.strings[Message::ScopeFromHere], Decimal(here_)));
+  optFromHere.SetText(Fill(bench_.strings[Message::ScopeFromHere], Decimal(here_.Number())));
   ShowPoint();
   ShowPoints(-1);
   Refresh();
@@ -219,7 +219,7 @@ void RetimeWindow::ShowPoint() {
   const Row row = bench_.list.Selected();
   const CaptionTimes times = bench_.list.InRange(row) ? bench_.list.TimesAt(row) : CaptionTimes{};
   const bool timed = times.start > 0 || times.end > 0;
-  lblPoint.SetText(Fill(bench_.strings[Message::CaptionBelongsAt], Decimal(row)));
+  lblPoint.SetText(Fill(bench_.strings[Message::CaptionBelongsAt], Decimal(row.Number())));
   txtPoint.SetEnabled(timed);
   txtPoint.SetText(timed ? ShownTime(times.start) : Text());
   cmdSetPoint.SetEnabled(timed);
@@ -229,8 +229,8 @@ void RetimeWindow::ShowPoint() {
 void RetimeWindow::ShowPoints(int chosen) {
   std::vector<Text> rows;
   for (const RetimePoints::Point& point : points_.All()) {
-    rows.push_back(Decimal(point.row) + u":  " + ShownTime(bench_.list.GetCaptionStart(point.row)) + u"  \u2192  " +
-                   ShownTime(point.ms));
+    rows.push_back(Decimal(point.row.Number()) + u":  " + ShownTime(bench_.list.GetCaptionStart(point.row)) +
+                   u"  \u2192  " + ShownTime(point.ms));
   }
   if (rows != lstPoints.Items()) lstPoints.SetItems(std::move(rows));
   if (chosen >= 0) lstPoints.SetIndex(chosen);

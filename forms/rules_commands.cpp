@@ -10,7 +10,7 @@ namespace {
 /// Counts, while it lives, the captions that change or go.
 class ChangeCount {
  public:
-  explicit ChangeCount(CaptionList& list) : changed_(static_cast<std::size_t>(list.Rows()), false) {
+  explicit ChangeCount(CaptionList& list) : changed_(static_cast<std::size_t>(list.Count()), false) {
     spliced_ = list.Spliced.ConnectScoped([this](const Splice& splice) { Note(splice); });
   }
 
@@ -18,17 +18,17 @@ class ChangeCount {
 
  private:
   void Note(const Splice& splice) {
-    const auto first = changed_.begin() + splice.first;
+    const auto first = changed_.begin() + (splice.first - 1).Number();
     if (splice.removed == splice.added) {
       std::fill(first, first + splice.removed, true);
       return;
     }
     removed_ += splice.removed;
     changed_.erase(first, first + splice.removed);
-    changed_.insert(changed_.begin() + splice.first, static_cast<std::size_t>(splice.added), false);
+    changed_.insert(changed_.begin() + (splice.first - 1).Number(), static_cast<std::size_t>(splice.added), false);
   }
 
-  std::vector<bool> changed_;  ///< of each row
+  std::vector<bool> changed_;  ///< of each caption
   int removed_ = 0;
   Connection spliced_;
 };
@@ -78,8 +78,8 @@ std::optional<RuntimeError> RulesCommands::Pass() {
 
 void RulesCommands::ShowProgress(Row row) {
   ports_.events.YieldToPainting();
-  bench_.window.lblTextFile.SetText(bench_.strings[Message::CheckingFromCaption] + u" " + Decimal(row) + u", " +
-                                    ToLower(bench_.strings[Message::PleaseWait]));
+  bench_.window.lblTextFile.SetText(bench_.strings[Message::CheckingFromCaption] + u" " + Decimal(row.Number()) +
+                                    u", " + ToLower(bench_.strings[Message::PleaseWait]));
 }
 
 void RulesCommands::SetBusy(bool on) {
@@ -102,7 +102,7 @@ void RulesCommands::Look() {
   bool modified = false;
   CaptionList copy(bench_.options, modified);
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(bench_.list.Rows()));
+  rows.reserve(static_cast<std::size_t>(bench_.list.Count()));
   for (Row row = 1; row < bench_.list.Rows(); ++row) rows.push_back(bench_.list.At(row));
   copy.Replace(1, 1, std::move(rows));
   // A rule that fails does so again when it is applied, and is told then.

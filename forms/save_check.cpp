@@ -73,7 +73,7 @@ Text SaveCheck::LineOf(const LackingPlace& place) const {
   if (place.row == 0) {
     return Fill(strings[Message::NumberedLine], Decimal(static_cast<long long>(place.line)), letters);
   }
-  const Text line = Fill(strings[Message::LackingInCaption], Decimal(place.row), Decimal(place.rowLine));
+  const Text line = Fill(strings[Message::LackingInCaption], Decimal(place.row.Number()), Decimal(place.rowLine));
   return ReplaceAll(line, u"%3", letters);
 }
 

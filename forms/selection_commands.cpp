@@ -153,10 +153,10 @@ void SelectionCommands::Paste() {
   }
   if (given.captions.empty()) return;
   const bool blank = list.Rows() == 2 && list.At(1) == Caption{};
-  const auto whole = static_cast<long long>(given.captions.size()) + (blank ? 0 : list.Rows() - 1);
-  if (whole > kMaxRow) {
+  const auto whole = static_cast<long long>(given.captions.size()) + (blank ? 0 : list.Count());
+  if (whole > kMaxRow.Number()) {
     ports_.messages.Show(
-        {Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow)), BoxIcon::Warning});
+        {Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow.Number())), BoxIcon::Warning});
     return;
   }
   Losses losses;
@@ -165,7 +165,7 @@ void SelectionCommands::Paste() {
     caption.text = ReplaceAll(caption.text, u"\n", bench_.options.lineSeparator);
   }
   const Row first = blank ? 1 : std::min(Rows().Last(), list.Rows() - 1) + 1;
-  const Row last = first + static_cast<Row>(given.captions.size()) - 1;
+  const Row last = first + static_cast<int>(given.captions.size()) - 1;
   const EditScope scope(list, EditKind::Paste);
   list.Replace(first, blank ? 1 : 0, std::move(given.captions));
   list.SelectRows({first, last}, first, true);
@@ -212,7 +212,7 @@ void SelectionCommands::Reorder(EditKind kind, const RowSet::Stretch& stretch, c
   RowSet chosen;
   Row current = list.Selected();
   for (std::size_t i = 0; i < order.size(); ++i) {
-    const Row place = stretch.first + static_cast<Row>(i);
+    const Row place = stretch.first + static_cast<int>(i);
     if (Rows().Has(order[i])) chosen.Add(place, place);
     if (order[i] == list.Selected()) current = place;
   }
@@ -227,7 +227,7 @@ void SelectionCommands::Reorder(EditKind kind, const RowSet::Stretch& stretch, c
 
 void SelectionCommands::Move(bool down) {
   const RowSet& rows = Rows();
-  const RowSet::Stretch stretch{std::max(rows.First() - (down ? 0 : 1), 1),
+  const RowSet::Stretch stretch{std::max<Row>(rows.First() - (down ? 0 : 1), 1),
                                 std::min(rows.Last() + (down ? 1 : 0), bench_.list.Rows() - 1)};
   std::vector<Row> order(static_cast<std::size_t>(stretch.last - stretch.first) + 1);
   std::iota(order.begin(), order.end(), stretch.first);

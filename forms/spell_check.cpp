@@ -62,7 +62,7 @@ void SpellCheck::CheckAll() {
 }
 
 bool SpellCheck::CheckBlocks() {
-  const int last = parts_.bench.list.Rows() - 1;
+  const int last = parts_.bench.list.Count();
   int spellLast = parts_.bench.list.Rows() > kMostInOneBlock ? kBlock : last;
   do {
     std::vector<Text> captions;
@@ -89,7 +89,7 @@ void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const 
   const EditScope scope(parts_.bench.list, EditKind::Spelling, checks_);
   for (std::size_t i = 0; i < cut.size(); ++i) {
     if (!cut[i]) continue;
-    const Row row = first + static_cast<Row>(i);
+    const Row row = first + static_cast<int>(i);
     parts_.bench.list.SetCaptionText(row, parts_.bench.list.WithSeenText(row, *cut[i]));
     parts_.bench.list.SetModified();
     ++changed_;

@@ -47,7 +47,7 @@ void StatusLine::Show() {
   label.SetVisible(bench_.options.manner.HasCalmWindow());
   if (!bench_.document.HasDocument()) return label.SetText({});
   if (!bench_.list.Enabled()) return;
-  Text text = bench_.strings.Counted(Message::StatusCaptions, u"%1", bench_.list.Rows() - 1);
+  Text text = bench_.strings.Counted(Message::StatusCaptions, u"%1", bench_.list.Count());
   const int selected = bench_.list.SelectedRows().Count();
   if (selected > 1) text += Text(kBetween) + Fill(bench_.strings[Message::StatusSelected], Decimal(selected));
   text += TextOfSelection();

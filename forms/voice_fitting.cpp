@@ -111,7 +111,7 @@ void VoiceFitting::Move(const FitResult& result) {
   int doubtful = 0;
   for (Row row = 1; row < list.Rows(); ++row) {
     times.push_back(list.TimesAt(row));
-    const auto place = static_cast<std::size_t>(row - 1);
+    const auto place = row.Index();
     if (place >= held_.size() || !result.captions[place].wanted) continue;
     // Whoever has given it other times meanwhile wants those.
     if (times.back() != CaptionTimes{held_[place].start, held_[place].end}) continue;

@@ -26,7 +26,7 @@ void UseFormat(Engine& engine, int index) {
   CutRecord(engine.loader.Definition(), errors);
   engine.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
   engine.importer.ImportSubtitle(u"file.txt", Loading::NewDocument);
-  engine.captions.Replace(1, engine.captions.Rows() - 1, {{1000, 2000, u"<b>one|two"}, {-500, 1000000000, u"three"}});
+  engine.captions.Replace(1, engine.captions.Count(), {{1000, 2000, u"<b>one|two"}, {-500, 1000000000, u"three"}});
   engine.Save(index);
 }
 

@@ -107,7 +107,7 @@ struct Engine {
     state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
     const bool frames = catalogue.ReadIni(catalogue.Identifier(index), u"timecode", u"ms").find(u"ff") != Text::npos;
     state.CurrentFps = frames ? 25.0 : 0.0;
-    exporter.ExportSubtitle(static_cast<std::int16_t>(captions.Rows() - 1));
+    exporter.ExportSubtitle(captions.Rows() - 1);
     return files.contents[path];
   }
 

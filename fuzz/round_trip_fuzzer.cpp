@@ -37,14 +37,13 @@ void CheckSubRip(Engine& engine) {
     if (IsOrdinary(engine.captions.At(row))) ordinary.push_back(engine.captions.At(row));
   }
   if (ordinary.empty() || ordinary.size() > 32000) return;
-  engine.captions.Replace(1, engine.captions.Rows() - 1, ordinary);
+  engine.captions.Replace(1, engine.captions.Count(), ordinary);
   engine.state.Encoding = {};
   const std::string written = engine.Save(engine.catalogue.IndexOf(kSubRip));
   engine.importer.ImportSubtitle(u"saved", Loading::NewDocument);
-  Demand(static_cast<std::size_t>(engine.captions.Rows() - 1) == ordinary.size(),
-         "SubRip keeps the number of captions");
+  Demand(static_cast<std::size_t>(engine.captions.Count()) == ordinary.size(), "SubRip keeps the number of captions");
   for (std::size_t i = 0; i < ordinary.size(); ++i) {
-    Demand(engine.captions.At(static_cast<Row>(i) + 1) == ordinary[i], "SubRip keeps ordinary captions");
+    Demand(engine.captions.At(static_cast<int>(i) + 1) == ordinary[i], "SubRip keeps ordinary captions");
   }
 }
 
@@ -57,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int index = static_cast<int>(Choice(bytes, static_cast<std::size_t>(engine.catalogue.Count())));
   const std::string written = engine.Save(index);
   engine.Open(u"again.txt", written);
-  Demand(engine.captions.Rows() - 1 <= kMostCaptions, "a load stops behind 32000 captions");
+  Demand(engine.captions.Count() <= kMostCaptions, "a load stops behind 32000 captions");
   CheckSubRip(engine);
   return 0;
 }

@@ -24,7 +24,7 @@ int CountBelowZero(const CaptionList& list, Ms delay) {
 
 void ShiftCaptions(CaptionList& list, Ms delay) {
   std::vector<CaptionTimes> times;
-  times.reserve(static_cast<std::size_t>(list.Rows()));
+  times.reserve(static_cast<std::size_t>(list.Count()));
   bool any = false;
   for (Row row = 1; row < list.Rows(); ++row) {
     CaptionTimes own = list.TimesAt(row);
@@ -43,7 +43,7 @@ void ShiftCaptions(CaptionList& list, Ms delay) {
 
 void ClearAllTiming(CaptionList& list) {
   const EditScope scope(list, EditKind::ResetTiming);
-  std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Rows() - 1));
+  std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Count()));
   list.Retime(1, times);
   list.SetModified();
 }

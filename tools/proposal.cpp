@@ -29,7 +29,7 @@ int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposa
 }
 
 std::vector<Row> AllRows(const CaptionList& list) {
-  std::vector<Row> rows(static_cast<std::size_t>(list.Rows() - 1));
+  std::vector<Row> rows(static_cast<std::size_t>(list.Count()));
   std::iota(rows.begin(), rows.end(), 1);
   return rows;
 }

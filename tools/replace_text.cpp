@@ -222,7 +222,7 @@ int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& rep
   if (changed == 0) return 0;
   fresh.resize(upToChanged);
   const EditScope scope(list, EditKind::ReplaceAll);
-  list.Replace(from, static_cast<Row>(upToChanged), std::move(fresh));
+  list.Replace(from, static_cast<int>(upToChanged), std::move(fresh));
   list.SetModified();
   return changed;
 }

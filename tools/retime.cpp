@@ -136,7 +136,7 @@ class FreshTimes {
   void Take(Row row, const CaptionTimes& fresh) {
     if (first_ == 0) first_ = row;
     // What lies between two ranges keeps its times.
-    for (Row next = first_ + static_cast<Row>(times_.size()); next < row; ++next) times_.push_back(list_.TimesAt(next));
+    for (Row next = first_ + static_cast<int>(times_.size()); next < row; ++next) times_.push_back(list_.TimesAt(next));
     times_.push_back(fresh);
   }
 

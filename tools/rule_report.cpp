@@ -68,8 +68,8 @@ void RuleReport::ResetRuleReport() {
 
 Text RuleReport::Detailed(std::size_t at) const {
   const Entry& entry = entries_[at];
-  Text text =
-      Fill(Word(Message::ErrorInCaption), Decimal(static_cast<int>(entry.kind))) + u" [" + Decimal(entry.row) + u"]";
+  Text text = Fill(Word(Message::ErrorInCaption), Decimal(static_cast<int>(entry.kind))) + u" [" +
+              Decimal(entry.row.Number()) + u"]";
   text.append(kLineEnd)
       .append(Word(Message::DetailText))
       .append(u"\"")
@@ -82,7 +82,7 @@ Text RuleReport::Detailed(std::size_t at) const {
 Text RuleReport::OneLine(std::size_t at) const { return Describe(entries_[at]).oneLine; }
 
 RuleReport::Texts RuleReport::Describe(const Entry& entry) const {
-  const Text row = Decimal(entry.row);
+  const Text row = Decimal(entry.row.Number());
   const Text ms = Decimal(entry.value);
   const auto lines = [&](Message finding, const Text& action) { return Word(finding) + Text(kLineEnd) + action; };
   switch (entry.kind) {
@@ -109,7 +109,7 @@ RuleReport::Texts RuleReport::Describe(const Entry& entry) const {
 RuleReport::Texts RuleReport::DescribeDuration(const Entry& entry) const {
   const Text finding = Word(Message::DurationOutsideRange) + Text(kLineEnd);
   if (!entry.applied) return {finding + Word(Message::NoActionTaken), {}};
-  const Text row = Decimal(entry.row);
+  const Text row = Decimal(entry.row.Number());
   const Text ms = Decimal(entry.value);
   if (entry.value >= 1)
     return {finding + Fill(Word(Message::DurationIncreased), ms), Fill(Word(Message::DurationIncreasedShort), row, ms)};

@@ -9,7 +9,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kMostCredits = 64;
-constexpr Row kRowsBetweenTellings = 25;
+constexpr int kRowsBetweenTellings = 25;
 constexpr int kMarkerLength = 3;
 
 /// The pieces between commas, at most 64: the last one keeps what is left, commas included. Blank ones mark nothing.
@@ -46,7 +46,7 @@ std::optional<RuntimeError> RulesEngine::ApplyRules(const Progress& progress) {
   // Not taken again after a deletion: the turns past the end find nothing to do.
   const Row last = list_.Rows() - 1;
   for (Row row = 1; row <= last; ++row) {
-    if (progress && row % kRowsBetweenTellings == 0) step_([&] { progress(row); });
+    if (progress && row.Number() % kRowsBetweenTellings == 0) step_([&] { progress(row); });
     CheckRow(row);
   }
   return step_.Last();

@@ -217,7 +217,7 @@ int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
   QString usual;
   switch (column) {
     case ListColumn::Number:
-      return FiguresWidth(metrics, QString::number(kMaxRow)) + kBarWidth + 2 * kSignRoom + 2 * kPadding;
+      return FiguresWidth(metrics, QString::number(kMaxRow.Number())) + kBarWidth + 2 * kSignRoom + 2 * kPadding;
     case ListColumn::Start:
     case ListColumn::End:
       usual = ToQt(TimeCell(kUsualTime, times));

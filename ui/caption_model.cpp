@@ -80,7 +80,7 @@ QVariant CaptionModel::ClassicData(Row row, int column, int role) const {
   if (role != Qt::DisplayRole) return {};
   switch (shown) {
     case ListColumn::Number:
-      return QString::number(row);
+      return QString::number(row.Number());
     case ListColumn::Start:
       return QString::number(grid_.ShownTimes(row).start.Count());
     case ListColumn::End:
@@ -105,7 +105,7 @@ Qt::ItemFlags CaptionModel::flags(const QModelIndex&) const {
 
 void CaptionModel::ShowAnew() {
   beginResetModel();
-  shownRows_ = list_.Rows() - 1;
+  shownRows_ = list_.Count();
   missed_ = false;
   endResetModel();
 }
@@ -116,7 +116,7 @@ void CaptionModel::OnSplice(const Splice& splice) {
     missed_ = true;
     return;
   }
-  const int first = splice.first - 1;
+  const int first = (splice.first - 1).Number();
   const int changed = std::min(splice.removed, splice.added);
   if (splice.added > splice.removed) {
     beginInsertRows({}, first + changed, first + splice.added - 1);
@@ -135,7 +135,7 @@ void CaptionModel::OnSplice(const Splice& splice) {
 
 void CaptionModel::OnTouched(Row first, Row last) {
   if (!list_.Enabled() || last > shownRows_) return;
-  emit dataChanged(index(first - 1, 0), index(last - 1, columnCount() - 1));
+  emit dataChanged(index((first - 1).Number(), 0), index((last - 1).Number(), columnCount() - 1));
 }
 
 }  // namespace cuewright

@@ -101,7 +101,7 @@ void CaptionTable::ShowMissed() {
 void CaptionTable::ShowState() {
   following_ = true;
   const bool active = grid_.Active();
-  if (model_.rowCount() != list_.Rows() - 1 || horizontalHeader()->count() != model_.columnCount()) {
+  if (model_.rowCount() != list_.Count() || horizontalHeader()->count() != model_.columnCount()) {
     model_.ShowAnew();
   }
   ShowFont();
@@ -225,10 +225,10 @@ void CaptionTable::GiveWidthBack(int section) {
 
 void CaptionTable::ShowSelection(Row row) {
   if (!grid_.Active() || row > model_.rowCount()) return;
-  const QModelIndex index = model_.index(row - 1, 0);
+  const QModelIndex index = model_.index((row - 1).Number(), 0);
   const RowSet& rows = list_.SelectedRows();
   const bool alone = rows == RowSet(row);
-  if (alone && currentIndex() == index && selectionModel()->isRowSelected(row - 1) &&
+  if (alone && currentIndex() == index && selectionModel()->isRowSelected(index.row()) &&
       selectionModel()->selection().size() == 1 && selectionModel()->selection().front().height() == 1) {
     return;
   }
@@ -246,7 +246,7 @@ void CaptionTable::MirrorSelection() {
   const int last = model_.columnCount() - 1;
   for (const RowSet::Stretch& stretch : list_.SelectedRows().Stretches()) {
     if (stretch.last > model_.rowCount()) break;
-    selection.select(model_.index(stretch.first - 1, 0), model_.index(stretch.last - 1, last));
+    selection.select(model_.index((stretch.first - 1).Number(), 0), model_.index((stretch.last - 1).Number(), last));
   }
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
@@ -254,7 +254,7 @@ void CaptionTable::MirrorSelection() {
 void CaptionTable::ShowTopRow() {
   // Rows that have just come need their places before the bar can reach them.
   if (verticalScrollBar()->maximum() < grid_.TopRow() - 1) updateGeometries();
-  verticalScrollBar()->setValue(grid_.TopRow() - 1);
+  verticalScrollBar()->setValue((grid_.TopRow() - 1).Number());
 }
 
 void CaptionTable::NoteMetrics() {
@@ -329,7 +329,7 @@ void CaptionTable::contextMenuEvent(QContextMenuEvent* event) {
 void CaptionTable::OpenMenu() {
   if (!grid_.Active()) return;
   grid_.ScrollRow(false);
-  const QRect row = visualRect(model_.index(list_.Selected() - 1, model_.columnCount() - 1));
+  const QRect row = visualRect(model_.index((list_.Selected() - 1).Number(), model_.columnCount() - 1));
   const int heading = verticalHeader()->defaultSectionSize();
   if (!commands_.OnListRightDown(row.center().y() + heading)) return;
   menu_.popup(viewport()->mapToGlobal(row.center()));
@@ -355,8 +355,8 @@ Row CaptionTable::TargetOf(const QKeyEvent& event) {
   const Row row = list_.Selected();
   const int page = std::max(viewport()->height() / verticalHeader()->defaultSectionSize() - 1, 1);
   const bool ends = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
-  const int far = ends ? list_.Rows() : event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ? page : 1;
-  return std::clamp(row + (step->second ? far : -far), 1, list_.Rows() - 1);
+  const int far = ends ? list_.Count() : event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ? page : 1;
+  return std::clamp<Row>(row + (step->second ? far : -far), 1, list_.Rows() - 1);
 }
 
 bool CaptionTable::TakeSelectionKey(const QKeyEvent& event) {
@@ -385,8 +385,8 @@ bool CaptionTable::TakeSelectionKey(const QKeyEvent& event) {
 }
 
 Row CaptionTable::PointedRow(int y) const {
-  const int row = y / std::max(verticalHeader()->defaultSectionSize(), 1) - (y < 0 ? 1 : 0) + grid_.TopRow();
-  return std::clamp(row, 1, list_.Rows() - 1);
+  const Row row = grid_.TopRow() + (y / std::max(verticalHeader()->defaultSectionSize(), 1) - (y < 0 ? 1 : 0));
+  return std::clamp<Row>(row, 1, list_.Rows() - 1);
 }
 
 void CaptionTable::TakeRow(const QMouseEvent& event) {

@@ -272,9 +272,9 @@ std::vector<SyncSegment> Synchroniser::SegmentsOf(const std::vector<Piece>& piec
     const bool doubtful = rows[row].margin < kMarginOfDoubt;
     const double confidence = 1 - std::exp2(-rows[row].margin / kMarginOfDoubt);
     if (segments.empty() || segments.back().offset != rows[row].offset || segments.back().doubtful != doubtful) {
-      segments.push_back({static_cast<Row>(row + 1), 0, rows[row].offset, confidence, doubtful});
+      segments.push_back({static_cast<int>(row + 1), 0, rows[row].offset, confidence, doubtful});
     }
-    segments.back().last = static_cast<Row>(row + 1);
+    segments.back().last = static_cast<int>(row + 1);
     segments.back().confidence = std::min(segments.back().confidence, confidence);
   }
   return segments;

@@ -121,7 +121,7 @@ void RecogniseAndImport(benchmark::State& state) {
     importing += seconds;
     state.SetIterationTime(seconds);
   }
-  if (engine.captions.Rows() - 1 != state.range(0)) state.SkipWithError("captions are missing");
+  if (engine.captions.Count() != state.range(0)) state.SkipWithError("captions are missing");
   state.counters["times_line_scan"] = importing / scanning;
   state.SetComplexityN(state.range(0));
 }

@@ -63,7 +63,7 @@ std::vector<Caption> MakeCaptions(int count) {
 struct Desk {
   explicit Desk(std::vector<Caption> captions) {
     LoadEnglish(MessageCatalogue(), strings);
-    list.Replace(1, list.Rows() - 1, std::move(captions));
+    list.Replace(1, list.Count(), std::move(captions));
     list.SetRow(1, false);
     history.Begin(DocumentBaseline::File);
     list.Spliced.Connect([this](const Splice& splice) { batch.Add(list, splice); });

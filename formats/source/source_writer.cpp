@@ -46,10 +46,10 @@ bool SourceWriter::HeldBy(const Codec& codec) const {
 
 bool SourceWriter::Differs() const {
   const auto& pieces = map_.Pieces();
-  if (static_cast<std::size_t>(lastRow_) != pieces.size()) return true;
+  if (lastRow_.Index() + 1 != pieces.size()) return true;
   for (Row row = 1; row <= lastRow_; ++row) {
     const Caption& caption = captions_.At(row);
-    if (caption.origin != static_cast<std::uint32_t>(row) || Changed(pieces[caption.origin - 1], caption)) return true;
+    if (caption.origin != row.Index() + 1 || Changed(pieces[caption.origin - 1], caption)) return true;
   }
   return false;
 }
@@ -59,7 +59,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, std::string_view decla
   // What the head says of the file is known when all of it is.
   Gathered file;
   WriteRecords(codec, false, {}, file);
-  map_.Rules().CountAnew(file.bytes, lastRow_ - static_cast<int>(map_.Pieces().size()));
+  map_.Rules().CountAnew(file.bytes, lastRow_.Number() - static_cast<int>(map_.Pieces().size()));
   sink.Write(file.bytes);
 }
 
@@ -117,7 +117,7 @@ void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
 
 void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const {
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
-  const bool moved = !piece.record.number.Empty() && row != static_cast<Row>(origin);
+  const bool moved = !piece.record.number.Empty() && row != static_cast<int>(origin);
   if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
   const std::size_t at = PartRecord(piece.record.whole, out);
   out.PutOld(at, piece.record.whole.End());
@@ -133,9 +133,9 @@ std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
 
 void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const {
   const Stretch whole = map_.Pieces()[origin - 1].record.whole;
-  NewRecord record{captions_.At(row), row, map_.LineEnd(), whole.In(map_.Bytes())};
+  NewRecord record{captions_.At(row), row.Number(), map_.LineEnd(), whole.In(map_.Bytes())};
   record.isOwn = true;
-  record.moved = row - static_cast<Row>(origin);
+  record.moved = row.Number() - static_cast<int>(origin);
   out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
@@ -160,7 +160,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
                                  Field{record.text, {}}};
   const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
   if (const std::optional<int> number = NumberIn(old(record.number))) {
-    const int moved = *number + row - static_cast<Row>(origin);
+    const int moved = *number + row.Number() - static_cast<int>(origin);
     if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
   }
   if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start, old(record.start)));
@@ -180,7 +180,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
 void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
   std::string_view neighbour = neighbour_;
   if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  const Text record = map_.Rules().Record({captions_.At(row), row, map_.LineEnd(), neighbour}, Separator());
+  const Text record = map_.Rules().Record({captions_.At(row), row.Number(), map_.LineEnd(), neighbour}, Separator());
   const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';
   out.Put(TextView(record).substr(first ? 1 : 0));
 }

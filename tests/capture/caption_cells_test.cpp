@@ -15,7 +15,7 @@ const TimesShown kMs{TimeForm::Milliseconds, {}};
 const TimesShown kFilm{TimeForm::Frames, 23.976};
 
 struct CellTest : ::testing::Test {
-  void Fill(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Fill(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
   Text Cell(Row row, ListColumn column, const TimesShown& shown = kClock) {
     return CaptionCell(list, row, column, shown, TimesOfCells(list, row));
   }

@@ -25,7 +25,7 @@ Row RowByScan(const CaptionList& list, std::int32_t ms) {
 }
 
 struct PreviewIndexTest : ::testing::Test {
-  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Rows() - 1, std::move(rows)); }
+  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Count(), std::move(rows)); }
   void ExpectAsScanned(std::int32_t most) {
     for (std::int32_t ms = -2; ms <= most + 2; ++ms) ASSERT_EQ(index.RowAt(ms), RowByScan(list, ms)) << "at " << ms;
   }
@@ -67,7 +67,7 @@ TEST_F(PreviewIndexTest, FollowsEveryChangeOfTheList) {
   const auto ms = [&] { return static_cast<std::int32_t>(random() % 30); };
   Fill({{1, 3, u"a"}, {5, 8, u"b"}, {9, 12, u"c"}});
   for (int change = 0; change < 400; ++change) {
-    const Row row = 1 + static_cast<Row>(random() % static_cast<unsigned>(list.Rows() - 1));
+    const Row row = 1 + static_cast<int>(random() % static_cast<unsigned>(list.Count()));
     switch (random() % 6) {
       case 0:
         list.AddCaption(ms(), ms(), u"new", row);

@@ -17,7 +17,7 @@ class CheckerTest : public ::testing::Test {
     list.SetMarks(marks);
   }
 
-  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Rows() - 1, std::move(rows)); }
+  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Count(), std::move(rows)); }
 
   /// The findings as lines: row, rule, value, limit.
   std::vector<std::string> Found(FrameRate rate = {}, std::vector<Ms> shots = {}) {
@@ -28,8 +28,8 @@ class CheckerTest : public ::testing::Test {
           finding.IsOfWords() ? ToUtf8(finding.found) : std::to_string(static_cast<int>(finding.value));
       const std::string limit =
           finding.IsOfWords() ? ToUtf8(finding.wanted) : std::to_string(static_cast<int>(finding.limit));
-      lines.push_back(std::to_string(finding.row) + " " + std::string(RuleName(finding.rule)) + " " + value + " " +
-                      limit);
+      lines.push_back(std::to_string(finding.row.Number()) + " " + std::string(RuleName(finding.rule)) + " " + value +
+                      " " + limit);
     }
     return lines;
   }

@@ -18,7 +18,7 @@ class FixesTest : public ::testing::Test {
     list.SetMarks(marks);
   }
 
-  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Rows() - 1, std::move(rows)); }
+  void Fill(std::vector<Caption> rows) { list.Replace(1, list.Count(), std::move(rows)); }
 
   std::vector<Finding> Found() { return Checker(rules, {}).CheckAll(list); }
 
@@ -28,7 +28,7 @@ class FixesTest : public ::testing::Test {
     if (findings.empty()) return "nothing found";
     const auto fix = Fixer(rules, {}).Propose(list, findings.front());
     if (!fix) return "none";
-    return std::to_string(fix->row) + " " + std::to_string(fix->after->start.Count()) + " " +
+    return std::to_string(fix->row.Number()) + " " + std::to_string(fix->after->start.Count()) + " " +
            std::to_string(fix->after->end.Count()) + " " + ToUtf8(fix->after->text);
   }
 

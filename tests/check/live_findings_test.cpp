@@ -32,7 +32,7 @@ TEST_F(LiveFindingsTest, FollowsEditsOfARowAndTellsWhichMayBeOthers) {
   ASSERT_EQ(findings.Of(3).size(), 1u);
   EXPECT_EQ(findings.Of(3)[0].rule, CheckRule::MinDuration);
   std::vector<std::pair<Row, Row>> told;
-  findings.Changed.Connect([&](Row first, Row count) { told.emplace_back(first, count); });
+  findings.Changed.Connect([&](Row first, int count) { told.emplace_back(first, count); });
   list.SetCaptionEnd(2, 4050);
   EXPECT_EQ(told, (std::vector<std::pair<Row, Row>>{{1, 3}}));
   EXPECT_EQ(findings.Of(3).size(), 2u);
@@ -64,17 +64,17 @@ TEST_F(LiveFindingsTest, SaysAfterAnyEditsWhatACheckOfAllSays) {
   };
   const HouseRules rules = Rules();
   for (int step = 0; step < 3000; ++step) {
-    const Row first = 1 + pick(list.Rows() - 1);
-    const Row count = std::min(pick(4), list.Rows() - first);
+    const Row first = 1 + pick(list.Count());
+    const int count = std::min(pick(4), list.Rows() - first);
     std::vector<Caption> rows(static_cast<std::size_t>(pick(5)));
     for (Caption& row : rows) row = caption();
-    if (rows.empty() && count == list.Rows() - 1) continue;
+    if (rows.empty() && count == list.Count()) continue;
     if (step % 3 == 0) {
       list.SetCaptionStart(first, pick(20000), true);
     } else {
       list.Replace(first, count, std::move(rows));
     }
-    if (step % 2 == 0) static_cast<void>(findings.Of(1 + pick(list.Rows() - 1)));
+    if (step % 2 == 0) static_cast<void>(findings.Of(1 + pick(list.Count())));
     if (step % 10 == 0) {
       ASSERT_EQ(findings.All(), Checker(rules, {}).CheckAll(list)) << step;
     }

@@ -89,8 +89,8 @@ TEST_F(CaptionListRows, EveryChangeIsOneSpliceWithTheRowsThatWent) {
   Fill(3);
   std::vector<std::string> seen;
   list.Spliced.Connect([&](const Splice& s) {
-    seen.push_back(std::to_string(s.first) + "-" + std::to_string(s.removed) + "+" + std::to_string(s.added) + ":" +
-                   (s.before.empty() ? "" : ToUtf8(s.before[0].text)));
+    seen.push_back(std::to_string(s.first.Number()) + "-" + std::to_string(s.removed) + "+" + std::to_string(s.added) +
+                   ":" + (s.before.empty() ? "" : ToUtf8(s.before[0].text)));
   });
   list.SetCaptionText(2, u"new");
   list.DeleteCaption(1);
@@ -100,7 +100,7 @@ TEST_F(CaptionListRows, EveryChangeIsOneSpliceWithTheRowsThatWent) {
 }
 
 TEST_F(CaptionListRows, AListOfMoreRowsThanSixteenBitsIsRefusedWhole) {
-  std::vector<Caption> rows(kMaxRow, Caption{1, 2, u"a"});
+  std::vector<Caption> rows(kMaxRow.Index() + 1, Caption{1, 2, u"a"});
   list.Replace(1, 1, rows);
   EXPECT_EQ(list.Rows(), 32767);
   try {
@@ -145,7 +145,7 @@ TEST_F(CaptionListRows, RandomSplicesAgreeWithAPlainVector) {
     list.Replace(first + 1, count, added);
     ASSERT_EQ(list.Rows() - 1, static_cast<int>(plain.size()));
   }
-  for (std::size_t i = 0; i < plain.size(); ++i) ASSERT_EQ(list.At(static_cast<Row>(i) + 1), plain[i]);
+  for (std::size_t i = 0; i < plain.size(); ++i) ASSERT_EQ(list.At(static_cast<int>(i) + 1), plain[i]);
 }
 
 TEST_F(CaptionListText, ATextThatEndsInTheSeparatorIsDropped) {

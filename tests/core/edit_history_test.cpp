@@ -14,7 +14,7 @@ struct HistoryTest : ::testing::Test {
   HistoryTest() { Open({{1000, 2000, u"one"}, {3000, 4000, u"two"}, {5000, 6000, u"three"}}); }
 
   void Open(std::vector<Caption> captions) {
-    list.Replace(1, list.Rows() - 1, std::move(captions));
+    list.Replace(1, list.Count(), std::move(captions));
     list.SetRow(1, false);
     modified = false;
     history.Begin(DocumentBaseline::File);

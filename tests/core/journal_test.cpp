@@ -181,10 +181,10 @@ TEST_F(Journal, FollowsAnyChangesOfTheList) {
   const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
   std::vector<std::string> payloads = {JournalSnapshot(Sample())};
   for (int i = 0; i < 2000; ++i) {
-    const Row row = pick(list.Rows()) + 1;
+    const Row row = pick(list.Count() + 1) + 1;
     switch (pick(6)) {
       case 0:
-        list.AddCaption(pick(5000), pick(5000), u"added " + Decimal(i), pick(list.Rows()) + 1);
+        list.AddCaption(pick(5000), pick(5000), u"added " + Decimal(i), pick(list.Count() + 1) + 1);
         break;
       case 1:
         list.DeleteCaption(row);
@@ -196,7 +196,7 @@ TEST_F(Journal, FollowsAnyChangesOfTheList) {
         list.SetCaptionText(row, u"text " + Decimal(i));
         break;
       case 4: {
-        std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Rows() - 1), {i, i + 1});
+        std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Count()), {i, i + 1});
         list.Retime(1, times);
         break;
       }

@@ -42,7 +42,8 @@ TEST(RowSet, RemovesFromTheMiddle) {
 TEST(RowSet, GoesWithItsCaptions) {
   struct Case {
     Rows before;
-    Row first, removed, added;
+    Row first;
+    int removed, added;
     Rows after;
   };
   const Case cases[] = {
@@ -79,13 +80,13 @@ TEST(RowSet, IsAsAPlainSet) {
         plain.insert(row);
       }
     } else {
-      const Row removed = pick(4);
-      const Row added = pick(4);
+      const int removed = pick(4);
+      const int added = pick(4);
       set.Follow(one, removed, added);
       std::set<Row> moved;
       for (const Row row : plain) {
         if (row < one + std::min(removed, added)) moved.insert(row);
-        if (row >= one + removed) moved.insert(row + added - removed);
+        if (row >= one + removed) moved.insert(row + (added - removed));
       }
       plain = std::move(moved);
       set.CutBehind(60);

@@ -109,7 +109,7 @@ struct FormatRig {
   /// A new document of these captions.
   void Fill(std::vector<Caption> rows) {
     state.Source = nullptr;
-    captions.Replace(1, captions.Rows() - 1, std::move(rows));
+    captions.Replace(1, captions.Count(), std::move(rows));
   }
 
   std::vector<Caption> Rows() const {
@@ -124,7 +124,7 @@ struct FormatRig {
     state.CurrentFps = fps;
     path = folder / name;
     const int codePage = state.Encoding.codePage;
-    exporter.ExportSubtitle(static_cast<std::int16_t>(captions.Rows() - 1));
+    exporter.ExportSubtitle(captions.Rows() - 1);
     if (state.Encoding.codePage != codePage) savedAsUtf8.push_back(codePage);
     return folder.Read(name);
   }

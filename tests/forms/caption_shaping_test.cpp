@@ -198,7 +198,7 @@ TEST_F(ShapingInTheWindow, WhatIsSavedIsWhatTheListHolds) {
                                  &w.mnuJoinNext,         &w.mnuJoinPrevious, &w.mnuDialogueNext,
                                  &w.mnuDialoguePrevious, &w.mnuDuplicate,    &w.mnuMeetNext,
                                  &w.mnuSwapTexts,        &w.mnuUndo,         &w.mnuRedo};
-      List().SetRow(pick(List().Rows() - 1) + 1, false);
+      List().SetRow(pick(List().Count()) + 1, false);
       Window().txtSub.NoteSelection(pick(static_cast<int>(Window().txtSub.GetText().size()) + 1), 0);
       player.position = pick(9000) / 1000.0;
       items[pick(static_cast<int>(std::size(items)))]->Click();

@@ -246,10 +246,10 @@ TEST_F(ManyRows, AnyMixtureOfCommandsIsTakenBackWhole) {
                                         &w.mnuItalic, &w.mnuUnderline,    &w.mnuPaste};
   const std::vector<Caption> first = all();
   for (int step = 0; step < 3000; ++step) {
-    const Row one = 1 + pick(List().Rows() - 1);
+    const Row one = 1 + pick(List().Count());
     const Row other = std::min(one + pick(4), List().Rows() - 1);
     Select(one, other);
-    if (pick(3) == 0) Hand().Toggle(1 + pick(List().Rows() - 1));
+    if (pick(3) == 0) Hand().Toggle(1 + pick(List().Count()));
     boxes.lines = {pick(2) == 0 ? u"1.25" : u"-0.5"};
     MenuItem& item = *items[static_cast<std::size_t>(pick(static_cast<int>(items.size())))];
     if (List().Rows() > 60 && (&item == &w.mnuPaste)) continue;

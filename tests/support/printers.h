@@ -8,7 +8,8 @@
 
 namespace cuewright {
 
-inline void PrintTo(Ms ms, std::ostream* out) { *out << ms.Count() << " ms"; }
+inline std::ostream& operator<<(std::ostream& out, Ms ms) { return out << ms.Count(); }
+inline std::ostream& operator<<(std::ostream& out, Row row) { return out << row.Number(); }
 
 inline void PrintTo(const Caption& caption, std::ostream* out) {
   *out << "{" << caption.start.Count() << ", " << caption.end.Count() << ", \"" << ToUtf8(caption.text) << "\"}";

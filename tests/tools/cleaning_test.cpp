@@ -32,7 +32,7 @@ struct CleaningTest : ::testing::Test {
     std::vector<Caption> rows;
     for (Text& text : texts) rows.push_back({1, 2, std::move(text)});
     list.SetMarks(marks);
-    list.Replace(1, list.Rows() - 1, std::move(rows));
+    list.Replace(1, list.Count(), std::move(rows));
     CleaningChoice choice{};
     choice[static_cast<std::size_t>(kind)] = true;
     std::string told;

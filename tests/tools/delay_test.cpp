@@ -8,7 +8,7 @@ namespace cuewright {
 namespace {
 
 struct DelayTest : ::testing::Test {
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
 
   AppOptions options;
   bool modified = false;

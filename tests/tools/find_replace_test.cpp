@@ -11,7 +11,7 @@ struct FindTest : ::testing::Test {
   void Put(std::vector<Text> texts) {
     std::vector<Caption> captions;
     for (Text& text : texts) captions.push_back({1000, 2000, std::move(text)});
-    list.Replace(1, list.Rows() - 1, std::move(captions));
+    list.Replace(1, list.Count(), std::move(captions));
     list.SetRow(1, false);
   }
   int Find(TextView text, bool entire = false, bool matchCase = false) {

@@ -100,7 +100,7 @@ TEST(TextReplacing, SaysWhatIsWrong) {
 }
 
 struct ReplaceTest : ::testing::Test {
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
   int Replace(const ReplaceOrder& order, const RowRange& rows = {}) {
     TextReplacer replacer(order, options.lineSeparator);
     const int changed = ReplaceInCaptions(list, rows, replacer);

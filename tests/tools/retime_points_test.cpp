@@ -27,7 +27,7 @@ TEST(RetimePointsTest, StandInTheOrderOfTheirRowsAndOnceARow) {
 
 TEST(RetimePointsTest, FollowTheirCaptionsAndGoWithThem) {
   RetimePoints points;
-  for (const Row row : {2, 5, 8}) points.Put(row, row * 1000);
+  for (const Row row : {2, 5, 8}) points.Put(row, row.Number() * 1000);
   points.Follow({3, 0, 2, {}, {}});
   EXPECT_EQ(RowsOf(points), (std::vector<Row>{2, 7, 10}));
   points.Follow({7, 2, 0, {}, {}});
@@ -42,7 +42,7 @@ TEST(RetimePointsTest, MeanTheTimesThatTheirCaptionsHaveNow) {
   CaptionList list(options, modified);
   list.Replace(1, 1, {{1000, 2000, u"a"}, {0, 0, u"b"}, {5000, 6000, u"c"}});
   RetimePoints points;
-  for (const Row row : {1, 2, 3, 9}) points.Put(row, row * 10000);
+  for (const Row row : {1, 2, 3, 9}) points.Put(row, row.Number() * 10000);
   const std::vector<TimePoint> times = points.Times(list);
   ASSERT_EQ(times.size(), 2u);
   EXPECT_EQ(times[0].from, 1000);

@@ -11,7 +11,7 @@ namespace cuewright {
 namespace {
 
 struct RetimeTest : ::testing::Test {
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
 
   std::vector<CaptionTimes> Times() const {
     std::vector<CaptionTimes> times;

@@ -15,7 +15,7 @@ namespace cuewright {
 
 struct RulesTest : ::testing::Test {
   RulesTest() { LoadEnglish(MessageCatalogue(), strings); }
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
   void Only(std::uint8_t split, std::uint8_t collision, std::uint8_t join, std::uint8_t duration,
             std::uint8_t credits) {
     options.autoSplit = split;

@@ -16,7 +16,7 @@ namespace cuewright::testing {
 struct ShapingRig : ::testing::Test {
   ShapingRig() { list.SetMarks(marks); }
 
-  void Put(std::vector<Caption> captions) { list.Replace(1, list.Rows() - 1, std::move(captions)); }
+  void Put(std::vector<Caption> captions) { list.Replace(1, list.Count(), std::move(captions)); }
   std::vector<Caption> All() const {
     std::vector<Caption> captions;
     for (Row row = 1; row < list.Rows(); ++row) captions.push_back(list.At(row));

@@ -52,7 +52,7 @@ void ExpectWhole(const SyncResult& result, std::size_t rows) {
     EXPECT_LE(segment.confidence, 1);
     next = segment.last + 1;
   }
-  EXPECT_EQ(next, static_cast<Row>(rows) + 1);
+  EXPECT_EQ(next, static_cast<int>(rows) + 1);
 }
 
 TEST(Synchronise, FindsAShift) {
@@ -102,7 +102,7 @@ TEST(Synchronise, FindsCutsAtTheirPlaces) {
   int wrongAndSure = 0;
   for (const SyncSegment& segment : result.segments) {
     for (Row row = segment.first; row <= segment.last; ++row) {
-      const auto place = static_cast<std::size_t>(row - 1);
+      const auto place = row.Index();
       const CaptionTimes& truth = film.captions[place < 60 ? place : place + 10];
       const bool near = Abs(less[place].start + segment.offset - truth.start) <= 100;
       right += int{near};
