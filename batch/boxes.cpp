@@ -23,6 +23,12 @@ Text OneLine(TextView text) {
   return line;
 }
 
+/// What is asked, without the lines of a file that stand below it in a window.
+Text QuestionOf(const Text& text) {
+  const Text blankLine = Text(kLineEnd) + Text(kLineEnd);
+  return text.substr(0, text.find(blankLine));
+}
+
 }  // namespace
 
 BatchBoxes::BatchBoxes(Output& output, Text fps) : output_(&output), fps_(std::move(fps)) {}
@@ -52,16 +58,17 @@ void BatchBoxes::TellNotUnderstood(std::size_t number) {
 }
 
 BoxAnswer BatchBoxes::Show(const MessageBox& box) {
-  Tell(box.text);
   if (box.icon == BoxIcon::Warning || box.icon == BoxIcon::Error) ++troubles_;
   switch (box.buttons) {
     case BoxButtons::YesNo:
     case BoxButtons::YesNoCancel:
+      Tell(QuestionOf(box.text) + (box.noIsDefault ? u" No." : u" Yes."));
       return box.noIsDefault ? BoxAnswer::No : BoxAnswer::Yes;
     case BoxButtons::Ok:
     case BoxButtons::OkCancel:
       break;
   }
+  Tell(box.text);
   return BoxAnswer::Ok;
 }
 

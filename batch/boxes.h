@@ -11,7 +11,8 @@
 namespace cuewright {
 
 /// Message boxes without a window: each is a line "FILE: text" on the error stream, "FILE:LINE: text" where it is about
-/// a line of the file, and the questions are answered by the options of the call. Before the first file a box is about
+/// a line of the file, and the questions are answered by the options of the call or by what the box has in front; the
+/// answer stands behind the question. Before the first file a box is about
 /// the call itself, and shown even when quiet.
 class BatchBoxes final : public Messages {
  public:

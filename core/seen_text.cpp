@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/word_changes.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -195,14 +196,15 @@ void SeenText::Apply(const std::vector<Change>& changes) {
 
 void SeenText::ChangeTo(TextView wanted) {
   if (wanted == seen_) return;
-  const std::size_t shorter = std::min(wanted.size(), seen_.size());
-  std::size_t front = 0;
-  while (front < shorter && wanted[front] == seen_[front]) ++front;
-  std::size_t back = 0;
-  while (back < shorter - front && wanted[wanted.size() - 1 - back] == seen_[seen_.size() - 1 - back]) ++back;
-  const std::size_t to = seen_.size() - back;
-  Apply({{front, to, Text(wanted.substr(front, wanted.size() - front - back))}});
-  if (to > front) DropEmptyPairs(wanted.size() - back);
+  const std::vector<Change> changes = ChangesByWords(seen_, wanted);
+  Apply(changes);
+  std::size_t behind = 0;  // the change, in the new text
+  std::size_t old = 0;
+  for (const Change& change : changes) {
+    behind += change.from - old + change.text.size();
+    old = change.to;
+    if (change.to > change.from) DropEmptyPairs(behind);
+  }
 }
 
 void SeenText::Keep(std::size_t from, std::size_t to) {

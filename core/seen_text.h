@@ -32,7 +32,8 @@ class SeenText {
   /// is seen as it stands, be it a mark: it is read as one when the text is taken anew.
   void Apply(const std::vector<Change>& changes);
 
-  /// Changes what the two texts differ in between their common beginning and end. A pair of tags that has nothing left
+  /// Changes what the two texts differ in; marks stay at the words that both have, in whatever lines and with whatever
+  /// blanks between them. A pair of tags that has nothing left
   /// between it goes.
   void ChangeTo(TextView wanted);
 

@@ -19,13 +19,13 @@ bool IsDoubtful(const SourceMap& map) {
   return unknown * 2 > count;
 }
 
-Text FirstLines(const SourceMap& map) {
+Text FirstLines(const TextFile& file) {
   Text shown;
-  SourceLines lines(map.Bytes());
+  SourceLines lines(file.Bytes());
   SourceLine line;
   for (int i = 0; i < kLinesShown && lines.Next(line); ++i) {
     if (i > 0) shown += kLineEnd;
-    shown += map.File().Decoded(line.text.substr(0, kBytesShown));
+    shown += file.Decoded(line.text.substr(0, kBytesShown));
   }
   return shown;
 }

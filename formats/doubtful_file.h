@@ -2,6 +2,7 @@
 
 #include "formats/source/source_map.h"
 #include "text/text.h"
+#include "text/text_file.h"
 
 namespace cuewright {
 
@@ -9,6 +10,6 @@ namespace cuewright {
 bool IsDoubtful(const SourceMap& map);
 
 /// The file's first lines, as a box can show them.
-Text FirstLines(const SourceMap& map);
+Text FirstLines(const TextFile& file);
 
 }  // namespace cuewright

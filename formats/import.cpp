@@ -67,31 +67,45 @@ std::optional<TextFile> Importer::Open(TextView path, CarryOn& errors) {
 
 void Importer::DetectFormat(TextView path, Loading loading, std::int32_t mediaSeconds) {
   mediaSeconds_ = mediaSeconds;
-  if (loading == Loading::NewDocument) return Detect(Text(path), loading);
+  if (loading == Loading::NewDocument) {
+    (void)Detect(Text(path), loading);
+    return;
+  }
   // What is appended comes into the document; how the document itself is written stays.
   const FormatState state = formats_.state;
   const FormatDefinition definition = formats_.loader.Definition();
-  Detect(Text(path), loading);
+  const bool appended = Detect(Text(path), loading);
   formats_.state = state;
+  // A text that took the document's place doesn't stand in the document's file.
+  if (!appended) formats_.state.Source = nullptr;
   formats_.loader.Definition() = definition;
 }
 
-void Importer::Detect(const Text& path, Loading loading) {
+bool Importer::Detect(const Text& path, Loading loading) {
   CarryOn errors;
   std::optional<TextFile> file = Open(path, errors);
   if (const std::optional<bool> wide = recogniser_.Settle(file ? &*file : nullptr, errors)) {
-    return ImportFile(path, std::move(file), *wide, loading, errors);
+    if (!file || *wide || ChooseFormat(SettleRivals(*file), *file)) {
+      ImportFile(path, std::move(file), *wide, loading, errors);
+    }
+    return true;
   }
   // A text takes the document's place, but one that can't be read has nothing to put there.
-  if (!path.ends_with(kPlainTextEnding) || (loading == Loading::Append && !file)) return Reject(path, errors);
+  if (!path.ends_with(kPlainTextEnding) || (loading == Loading::Append && !file)) {
+    Reject(path, errors);
+    return true;
+  }
   errors([&] { formats_.loader.LoadFormatDefinition(kPlainText); });
   ImportFile(path, std::move(file), false, Loading::NewDocument, errors);
+  return false;
 }
 
 std::optional<int> Importer::SettleFormat(TextView path) {
   CarryOn errors;
   std::optional<TextFile> file = Open(path, errors);
-  if (file && (recogniser_.Settle(&*file, errors) || path.ends_with(kPlainTextEnding))) {
+  const std::optional<bool> wide = file ? recogniser_.Settle(&*file, errors) : std::nullopt;
+  if (file && (wide || path.ends_with(kPlainTextEnding))) {
+    if (wide && !*wide) (void)SettleRivals(*file);
     return formats_.state.CurrentFormatIndex;
   }
   if (file) {
@@ -100,6 +114,73 @@ std::optional<int> Importer::SettleFormat(TextView path) {
     TellError(path, errors);
   }
   return {};
+}
+
+std::vector<int> Importer::SettleRivals(const TextFile& file) {
+  FormatState& state = formats_.state;
+  const int settled = state.CurrentFormatIndex;
+  if (recogniser_.AlsoFitting().empty()) return {settled};
+  const FormatState before = state;
+  const FormatDefinition definition = formats_.loader.Definition();
+  std::vector<TrialReading> trials = {TryFormat(settled, file)};
+  for (const FormatRecogniser::Fit& fit : recogniser_.AlsoFitting()) {
+    PutInForce(fit.format);
+    trials.push_back(TryFormat(fit.format, file));
+  }
+  state = before;
+  formats_.loader.Definition() = definition;
+  lines_.Clear();
+  source_.Clear();
+  const std::vector<int> fitting = BestFitting(std::move(trials));
+  PutInForce(fitting.front());
+  return fitting;
+}
+
+void Importer::PutInForce(int format) {
+  for (const FormatRecogniser::Fit& fit : recogniser_.AlsoFitting()) {
+    if (fit.format != format) continue;
+    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(format);
+    formats_.loader.Definition() = fit.definition;
+  }
+}
+
+TrialReading Importer::TryFormat(int format, const TextFile& file) {
+  FormatState& state = formats_.state;
+  state.Source = nullptr;
+  state.CurrentFps = kRateOfTrials;
+  CarryOn ignored;
+  TrialReading trial;
+  trial.format = format;
+  const Text& times = formats_.loader.Definition().timecodeTemplate;
+  trial.countsFrames = times.find(u"ff") != Text::npos && times.find(u"ss") != Text::npos;
+  trial.rows = ReadRows(BeginningOf(file), false, ignored);
+  trial.notUnderstood = state.Source ? state.Source->LinesNotUnderstood().size() : 0;
+  return trial;
+}
+
+bool Importer::ChooseFormat(const std::vector<int>& formats, const TextFile& file) {
+  if (formats.size() < 2) return true;
+  const auto name = [&](int format) { return formats_.catalogue.DisplayName(formats_.catalogue.Identifier(format)); };
+  Text names;
+  for (const int format : formats) names += (names.empty() ? u"" : u", ") + name(format);
+  for (const int format : formats) {
+    const BoxButtons buttons = format == formats.back() ? BoxButtons::YesNo : BoxButtons::YesNoCancel;
+    const Text question = Fill(talk_.strings[Message::FormatsFitAlike], names, name(format));
+    const BoxAnswer answer = AskAbout(file, question, BoxIcon::Question, buttons);
+    if (answer == BoxAnswer::Yes) {
+      PutInForce(format);
+      return true;
+    }
+    if (answer == BoxAnswer::Cancel) break;
+  }
+  cancelled_ = true;
+  return false;
+}
+
+BoxAnswer Importer::AskAbout(const TextFile& file, Text question, BoxIcon icon, BoxButtons buttons) {
+  question.append(kLineEnd).append(kLineEnd).append(FirstLines(file));
+  return talk_.messages.Show(
+      {std::move(question), icon, buttons, WithoutDots(talk_.strings[Message::OpenText]), icon == BoxIcon::Warning});
 }
 
 void Importer::Reject(TextView path, const CarryOn& errors) {
@@ -124,10 +205,11 @@ void Importer::RestoreSource(const JournalSource& kept) {
   CarryOn errors;
   TextFile file = TextFile::Kept(kept.bytes, {kept.codePage, kept.mark});
   const bool settled = recogniser_.Settle(&file, errors).has_value();
+  if (settled) PutInForce(index);
   if (settled && state.CurrentFormatIndex == index) {
     state.CurrentFps = kept.fps;
     captionClass_ = format.size() > 1 ? format[1] : Text();
-    (void)ReadRows(std::move(file), false, Loading::NewDocument, errors);
+    (void)ReadRows(std::move(file), false, errors);
   }
   const std::shared_ptr<const SourceMap> map = std::exchange(state.Source, nullptr);
   state = before;
@@ -145,18 +227,27 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   }
   if (ReadFrameRate(file ? &*file : nullptr) && (!file || ChooseClass(*file))) {
     std::vector<Caption> rows;
-    if (file) rows = ReadRows(std::move(*file), wide, loading, errors);
+    std::shared_ptr<const SourceMap> document = std::exchange(state.Source, nullptr);
+    if (file) rows = ReadRows(std::move(*file), wide, errors);
     state.SettingsFormatIndex = state.CurrentFormatIndex;
-    if (IsWanted(rows)) FillList(std::move(rows), loading, errors);
+    const bool wanted = IsWanted(rows, state.Source.get());
+    if (loading == Loading::Append) {
+      // The document's captions know their own file; what is appended stands in none.
+      state.Source = std::move(document);
+      for (Caption& row : rows) row.origin = 0;
+    } else if (!wanted) {
+      state.Source = nullptr;
+    }
+    if (wanted) FillList(std::move(rows), loading, errors);
   }
   talk_.Report(FileStage::LoadEnds);
   TellError(path, errors);
 }
 
-std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors) {
+std::vector<Caption> Importer::ReadRows(TextFile file, bool wide, CarryOn& errors) {
   const Manner& manner = captions_.Options().manner;
   const Text id = formats_.CurrentIdentifier();
-  const bool keep = loading == Loading::NewDocument && manner.KeepsTheFile() && !wide;
+  const bool keep = manner.KeepsTheFile() && !wide;
   if (!wide && manner.ReadsByPublishedRules()) {
     if (std::unique_ptr<SourceFormat> rules = MakeSourceFormat(id, RulesSettings())) {
       auto map = std::make_shared<SourceMap>(id, std::move(file), std::move(rules));
@@ -213,14 +304,10 @@ bool Importer::ChooseClass(const TextFile& file) {
   }
 }
 
-bool Importer::IsWanted(const std::vector<Caption>& rows) {
-  const std::shared_ptr<const SourceMap>& map = formats_.state.Source;
-  if (rows.empty() || !map || !captions_.Options().manner.TellsWhatIsLost() || !IsDoubtful(*map)) return true;
-  Text text = Fill(talk_.strings[Message::FormatDoubtful], formats_.catalogue.DisplayName(map->Format()));
-  text.append(kLineEnd).append(kLineEnd).append(FirstLines(*map));
-  const MessageBox box{text, BoxIcon::Warning, BoxButtons::YesNo, WithoutDots(talk_.strings[Message::OpenText]), true};
-  if (talk_.messages.Show(box) == BoxAnswer::Yes) return true;
-  formats_.state.Source = nullptr;
+bool Importer::IsWanted(const std::vector<Caption>& rows, const SourceMap* map) {
+  if (rows.empty() || map == nullptr || !captions_.Options().manner.TellsWhatIsLost() || !IsDoubtful(*map)) return true;
+  const Text question = Fill(talk_.strings[Message::FormatDoubtful], formats_.catalogue.DisplayName(map->Format()));
+  if (AskAbout(map->File(), question, BoxIcon::Warning, BoxButtons::YesNo) == BoxAnswer::Yes) return true;
   cancelled_ = true;
   return false;
 }

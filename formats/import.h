@@ -12,6 +12,7 @@
 #include "formats/file_access.h"
 #include "formats/line_import.h"
 #include "formats/recogniser.h"
+#include "formats/rival_formats.h"
 #include "formats/source/source_import.h"
 #include "text/text.h"
 #include "text/text_file.h"
@@ -32,12 +33,13 @@ class Importer {
 
   /// Recognises the file and imports it; tells why when it doesn't know the format. A file that no format fits is tried
   /// again as 16-bit text, and a name that ends in "txt" is then plain text, which replaces the document even when
-  /// appending. After appending, the format, its definition, the rate and the encoding are the document's own again,
-  /// whatever was read; what is appended comes later by the film's duration.
+  /// appending. A file that several formats fit equally well, each reading it in another way, is asked about, the best
+  /// of them first. After appending, the format, its definition, the rate and the encoding are the document's own
+  /// again, whatever was read; what is appended comes later by the film's duration.
   void DetectFormat(TextView path, Loading loading, std::int32_t mediaSeconds = 0);
 
-  /// The index of the format that `DetectFormat` settles on, plain text among them, without reading the file's
-  /// captions. Nothing, after telling why, when no format fits or the file can't be read.
+  /// The index of the format that `DetectFormat` settles on or offers first, plain text among them, without reading the
+  /// file's captions. Nothing, after telling why, when no format fits or the file can't be read.
   [[nodiscard]] std::optional<int> SettleFormat(TextView path);
 
   /// Puts the file in force that captions of a journal were read from, so that they know their records again. Where
@@ -60,16 +62,25 @@ class Importer {
 
  private:
   std::optional<TextFile> Open(TextView path, CarryOn& errors);
-  void Detect(const Text& path, Loading loading);
+  /// False when a plain text took the document's place, whatever was asked for.
+  bool Detect(const Text& path, Loading loading);
   void Reject(TextView path, const CarryOn& errors);
   void ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors);
-  std::vector<Caption> ReadRows(TextFile file, bool wide, Loading loading, CarryOn& errors);
+  void PutInForce(int format);
+  TrialReading TryFormat(int format, const TextFile& file);
+  /// The formats that fit the file equally well, the best of them first and in force; one: it is sure.
+  std::vector<int> SettleRivals(const TextFile& file);
+  /// Asks which of these a file is read by; false when the user cancels.
+  bool ChooseFormat(const std::vector<int>& formats, const TextFile& file);
+  /// Asks with the file's first lines below; the harmless answer to a warning is No.
+  BoxAnswer AskAbout(const TextFile& file, Text question, BoxIcon icon, BoxButtons buttons);
+  std::vector<Caption> ReadRows(TextFile file, bool wide, CarryOn& errors);
   std::vector<Caption> ReadByRules(const std::shared_ptr<SourceMap>& map, bool keep, CarryOn& errors);
   SourceSettings RulesSettings() const;
   /// Asks which class of captions is to be read where the file has several; false when the user cancels.
   bool ChooseClass(const TextFile& file);
   /// Asks about a file most of which wasn't understood; false when the user doesn't want what was.
-  bool IsWanted(const std::vector<Caption>& rows);
+  bool IsWanted(const std::vector<Caption>& rows, const SourceMap* map);
   void BeginImport();
   bool ReadFrameRate(TextFile* file);
   FrameRate AcceptedRate(const Text& answer) const;

@@ -17,15 +17,22 @@ constexpr std::size_t kBytesOfRules = 4096;
 
 bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
 
+/// A sample with words is a heading or a keyword, which no other format has; one without is a pattern of times.
+bool HasWords(TextView sample) {
+  return std::ranges::any_of(sample, [](char16_t c) { return c >= u'A' && c <= u'Z'; });
+}
+
 }  // namespace
 
 std::optional<bool> FormatRecogniser::Settle(TextFile* file, CarryOn& errors) {
+  alsoFitting_.clear();
   if (file != nullptr && manner_.ReadsByPublishedRules() && SettleByRules(*file, errors)) return false;
   for (const bool wide : {false, true}) {
     formats_.state.CurrentFormatIndex = 0;
     const Heads heads = file != nullptr ? ReadHeads(*file, wide) : Heads{};
     if (!Recognise(heads, errors)) continue;
-    SettleLookAlikes(heads, errors);
+    const bool sure = HasWords(formats_.loader.Definition().sampleText) || SettleLookAlikes(heads, errors);
+    if (!sure && manner_.TellsWhatIsLost()) NoteOthers(heads, errors);
     return wide;
   }
   return {};
@@ -61,6 +68,19 @@ FormatRecogniser::Heads FormatRecogniser::ReadHeads(TextFile& file, bool wide) c
     heads.brief = encodings_.PairBytes(heads.brief);
   }
   return heads;
+}
+
+void FormatRecogniser::NoteOthers(const Heads& heads, CarryOn& errors) {
+  const int settled = formats_.state.CurrentFormatIndex;
+  const FormatDefinition definition = formats_.loader.Definition();
+  for (int i = 1; i < formats_.catalogue.Count(); ++i) {
+    if (i == settled) continue;
+    bool hit = false;
+    const Text& id = formats_.catalogue.Identifier(i);
+    errors([&] { hit = formats_.loader.LoadFormatDefinition(id) && (Fits(heads) || FitsSecondTemplate(heads, id)); });
+    if (hit) alsoFitting_.push_back({i, formats_.loader.Definition()});
+  }
+  formats_.loader.Definition() = definition;
 }
 
 /// Looks in the head for the masks of all formats' timecodes.
@@ -106,13 +126,21 @@ bool FormatRecogniser::FitsSecondTemplate(const Heads& heads, TextView formatId)
   return Fits(heads);
 }
 
-void FormatRecogniser::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
+/// Tells formats apart whose samples are the same; true when a heading says which one it is.
+bool FormatRecogniser::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
   const auto change = [&](TextView id) { errors([&] { formats_.loader.SelectFormat(id); }); };
-  if (formats_.CurrentIdentifier() == kAdobeEncore) {
-    if (Holds(heads.full, u"#INPOINT OUTPOINT PATH")) change(kPinnacleImp);
+  const Text settled = formats_.CurrentIdentifier();
+  bool sure = false;
+  if (settled == kAdobeEncore) {
+    sure = Holds(heads.full, u"#INPOINT OUTPOINT PATH");
+    if (sure) change(kPinnacleImp);
     if (Holds(heads.full, u"//")) change(kDvdSubSystem);
   }
-  if (formats_.CurrentIdentifier() == kMacDvdPro && Holds(heads.full, u"SP_NUMBER")) change(kSpruceDvdMaestro);
+  if (settled == kMacDvdPro && Holds(heads.full, u"SP_NUMBER")) {
+    sure = true;
+    change(kSpruceDvdMaestro);
+  }
+  return sure;
 }
 
 }  // namespace cuewright

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "core/manner.h"
 #include "core/runtime_error.h"
@@ -21,6 +22,16 @@ class FormatRecogniser {
   /// format fits; plain text is then the current one. Null stands for a file that can't be read.
   [[nodiscard]] std::optional<bool> Settle(TextFile* file, CarryOn& errors);
 
+  /// A format whose sample a file holds, and its definition as it fits there.
+  struct Fit {
+    int format = 0;
+    FormatDefinition definition;
+  };
+
+  /// The formats whose samples the head of that file holds beside that of the one in force, in the catalogue's order;
+  /// none where published rules or a heading of its own tell the format, and in the classic manner.
+  const std::vector<Fit>& AlsoFitting() const { return alsoFitting_; }
+
   /// The head of that file holds the mask of some format's timecode.
   bool TimecodeLiteral() const { return timecodeLiteral_; }
 
@@ -37,12 +48,14 @@ class FormatRecogniser {
   void LookForTimecode(const Heads& heads);
   bool Fits(const Heads& heads) const;
   bool FitsSecondTemplate(const Heads& heads, TextView formatId);
-  void SettleLookAlikes(const Heads& heads, CarryOn& errors);
+  void NoteOthers(const Heads& heads, CarryOn& errors);
+  bool SettleLookAlikes(const Heads& heads, CarryOn& errors);
 
   FormatSet formats_;
   const Encodings& encodings_;
   const Manner& manner_;
   bool timecodeLiteral_ = false;
+  std::vector<Fit> alsoFitting_;
 };
 
 }  // namespace cuewright

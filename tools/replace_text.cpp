@@ -2,6 +2,11 @@
 
 #include <unicode/regex.h>
 
+#include <algorithm>
+#include <future>
+#include <iterator>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "core/seen_text.h"
@@ -20,13 +25,30 @@ icu::UnicodeString Aliased(TextView text) {
 /// A text as a pattern that finds it as it stands.
 Text QuotedPattern(TextView text) { return u"\\Q" + ReplaceAll(text, u"\\E", u"\\E\\\\E\\Q") + u"\\E"; }
 
+/// True for a pattern that begins with "\w+", alone or as a group of its own, and in which what follows hangs on
+/// nothing but where that ends.
+bool BeginsWithAnyWord(TextView pattern) {
+  const bool group = pattern.starts_with(u"(\\w+)");
+  if (!group && !pattern.starts_with(u"\\w+")) return false;
+  const TextView rest = pattern.substr(group ? 5 : 3);
+  if (!rest.empty() && TextView(u"+*?{").find(rest.front()) != TextView::npos) return false;
+  for (std::size_t at = rest.find(u'\\'); at != TextView::npos; at = rest.find(u'\\', at + 2)) {
+    if (at + 1 < rest.size() && TextView(u"123456789kGQ").find(rest[at + 1]) != TextView::npos) return false;
+  }
+  return rest.find(u'|') == TextView::npos;
+}
+
+/// The same pattern, which the library tries from the beginning of a word alone. Where it doesn't match from there it
+/// doesn't from the letters behind either, of which each would be tried as far as the word goes.
+Text FromBeginningsOfWords(const Text& pattern) { return u"(?:\\G|(?<!\\w))" + pattern; }
+
 /// The pattern of an order, as the library takes it with `flags`.
 Text PatternOf(const ReplaceOrder& order, std::uint32_t& flags) {
   flags = UREGEX_MULTILINE;
   if (!order.matchCase) flags |= UREGEX_CASE_INSENSITIVE;
   if (!order.wholeWord) {
     if (!order.regex) flags |= UREGEX_LITERAL;
-    return order.find;
+    return order.regex && BeginsWithAnyWord(order.find) ? FromBeginningsOfWords(order.find) : order.find;
   }
   constexpr TextView kNoWordBefore = u"(?<![\\p{L}\\p{M}\\p{N}_])(?:";
   constexpr TextView kNoWordBehind = u")(?![\\p{L}\\p{M}\\p{N}_])";
@@ -58,6 +80,7 @@ struct TextReplacer::Engine {
   Text plain;         // a text without marks, LF between its lines
   TextView searched;  // the text as it is seen
   icu::UnicodeString with;
+  bool withGroups = false;  // it isn't taken as it stands
   SeenText visible;
   std::vector<SeenText::Change> changes;
 };
@@ -79,6 +102,7 @@ TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator, const 
       icu::UnicodeString(pattern.data(), static_cast<std::int32_t>(pattern.size())), flags, status);
   if (U_SUCCESS(status)) engine_->matcher->setTimeLimit(kMostSteps, status);
   engine_->with = Aliased(order_.with);
+  engine_->withGroups = order_.regex && order_.with.find_first_of(u"$\\") != Text::npos;
   if (U_FAILURE(status)) {
     fault_ = Fault::BadPattern;
   } else if (order_.regex) {
@@ -87,6 +111,14 @@ TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator, const 
 }
 
 TextReplacer::~TextReplacer() = default;
+
+std::unique_ptr<TextReplacer> TextReplacer::Another() const {
+  return std::make_unique<TextReplacer>(order_, separator_, marks_, most_);
+}
+
+void TextReplacer::TakeProblemOf(const TextReplacer& other) {
+  if (fault_ == Fault::None) fault_ = other.fault_;
+}
 
 /// Tries the replacement, whose groups are looked up only where something is found.
 void TextReplacer::Check(const Text& pattern) {
@@ -136,7 +168,7 @@ void TextReplacer::FindAll() {
     const std::int32_t from = matcher.start(status);
     const std::int32_t to = matcher.end(status);
     Text fresh = order_.with;
-    if (order_.regex) {
+    if (engine.withGroups) {
       // What stands between the hits comes in front of the replacement.
       icu::UnicodeString out;
       matcher.appendReplacement(out, engine.with, status);
@@ -188,7 +220,12 @@ std::optional<Text> TextReplacer::Replaced(TextView stored) {
   return engine.visible.Stored();
 }
 
-std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer) {
+namespace {
+
+/// Fewer rows than this are no work for a thread of their own.
+constexpr std::size_t kRowsOfAThread = 2000;
+
+std::vector<Proposal> ProposeIn(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer) {
   const Text& separator = list.Options().lineSeparator;
   std::vector<Proposal> proposals;
   for (const Row row : rows) {
@@ -200,6 +237,29 @@ std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<con
     while (!separator.empty() && text->ends_with(separator)) text->resize(text->size() - separator.size());
     if (*text != caption.text) proposals.push_back({row, caption.WithText(*std::move(text))});
   }
+  return proposals;
+}
+
+}  // namespace
+
+std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer) {
+  const std::size_t threads =
+      std::clamp<std::size_t>(rows.size() / kRowsOfAThread, 1, std::max(1u, std::thread::hardware_concurrency()));
+  const std::size_t share = (rows.size() + threads - 1) / threads;
+  std::vector<std::unique_ptr<TextReplacer>> others;
+  std::vector<std::future<std::vector<Proposal>>> parts;
+  for (std::size_t at = share; at < rows.size(); at += share) {
+    TextReplacer& other = *others.emplace_back(replacer.Another());
+    const std::span<const Row> part = rows.subspan(at, std::min(share, rows.size() - at));
+    parts.push_back(std::async(std::launch::async, [&list, &other, part] { return ProposeIn(list, part, other); }));
+  }
+  std::vector<Proposal> proposals = ProposeIn(list, rows.first(std::min(share, rows.size())), replacer);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    std::vector<Proposal> more = parts[i].get();
+    replacer.TakeProblemOf(*others[i]);
+    proposals.insert(proposals.end(), std::move_iterator(more.begin()), std::move_iterator(more.end()));
+  }
+  if (replacer.Problem() != TextReplacer::Fault::None) proposals.clear();
   return proposals;
 }
 

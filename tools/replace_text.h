@@ -40,6 +40,11 @@ class TextReplacer {
                std::chrono::milliseconds most = std::chrono::seconds(10));
   ~TextReplacer();
 
+  /// Another of the same order, for another thread.
+  std::unique_ptr<TextReplacer> Another() const;
+  /// What became wrong with another is wrong with this one.
+  void TakeProblemOf(const TextReplacer& other);
+
   /// What is wrong with the order or became wrong in using it. Nothing is found from then on.
   Fault Problem() const { return fault_; }
 
@@ -70,7 +75,8 @@ class TextReplacer {
 /// way, none is changed.
 int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& replacer);
 
-/// What replacing in these rows would change; nothing when the replacer meets a problem.
+/// What replacing in these rows would change; nothing when the replacer meets a problem. Many rows are looked at by
+/// all processors, so `marks` of the list are read by several threads at a time.
 std::vector<Proposal> ProposeReplacements(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer);
 
 }  // namespace cuewright

@@ -63,6 +63,18 @@ TEST_F(BatchTest, AFileOfWhichLittleIsUnderstoodIsRefused) {
   EXPECT_FALSE(Exists("b.sub"));
 }
 
+TEST_F(BatchTest, OfSeveralFormatsThatFitTheBestIsTakenAndSaid) {
+  Write("a.txt", "00:00:12:10 00:00:15:05 Good evening.\n");
+  const ProcessResult result = Batch({"dump", "a.txt"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out, "1\t12400\t15200\tGood evening.\n");
+  EXPECT_EQ(result.error,
+            "a.txt: Several formats fit this file equally well: Adobe Encore, DVD Subtitle System. "
+            "Load it as Adobe Encore? Yes.\n");
+  EXPECT_EQ(Batch({"detect", "a.txt"}).out, "a.txt\tADOBEENCORE\n");
+  EXPECT_EQ(Batch({"dump", "a.txt", "--classic"}).error, "");
+}
+
 TEST_F(BatchTest, OfSeveralClassesTheFirstIsReadAndSaid) {
   Write("a.smi",
         "<SAMI><BODY>\n<SYNC Start=1000><P Class=ENCC>Good evening\n<P Class=FRCC>Bonsoir\n"

@@ -4,6 +4,7 @@
 
 #include <random>
 #include <string>
+#include <utility>
 
 #include "core/app_options.h"
 #include "tests/support/tag_marks.h"
@@ -143,6 +144,50 @@ TEST_F(FixesTest, MendsAllThatCanBeMendedAndMakesNothingWorse) {
           << left.row << " " << RuleName(left.rule);
     }
   }
+}
+
+/// The words of a caption, each letter a capital where it stands in italics, without dashes and gaps.
+std::string LettersOf(const Caption& caption) {
+  std::string letters;
+  for (const StyledRun& run : testing::TagMarks().Read(caption.text, u"|").runs) {
+    for (const char16_t c : run.text) {
+      if (c < u'a' || c > u'z') continue;
+      letters += static_cast<char>(run.style.italic ? c - u'a' + u'A' : c);
+    }
+  }
+  return letters;
+}
+
+TEST_F(FixesTest, NoMarkLeavesItsLettersWhenSeveralThingsOfACaptionAreMended) {
+  rules.charactersALine = 16;
+  rules.lines = 2;
+  rules.dash = u"-";
+  rules.breaks.lineEnds = {u"a", u"b"};
+  std::mt19937 random(11);
+  const auto one = [&](int of) { return static_cast<int>(random() % static_cast<unsigned>(of)); };
+  int both = 0;  // captions that got another dash and other lines
+  for (int turn = 0; turn < 400; ++turn) {
+    Text text;
+    bool italic = false;
+    for (int word = 0, words = 3 + one(5); word < words; ++word) {
+      if (word > 0) text += one(3) == 0 ? u"|" : u" ";
+      if ((word == 0 || text.ends_with(u'|')) && one(2) == 0) text += one(2) == 0 ? u"\u2013 " : u"\u2014";
+      for (int letter = 0, letters = 1 + one(6); letter < letters; ++letter) {
+        if (one(5) == 0) text += std::exchange(italic, !italic) ? u"</i>" : u"<i>";
+        text += static_cast<char16_t>(u'a' + one(4));
+      }
+    }
+    if (italic) text += u"</i>";
+    Fill({{1000, 4000, text}});
+    const std::string letters = LettersOf(list.At(1));
+    const Text seen = list.GetSeenText(1);
+    CarryOut(list, EditKind::Fix, Fixer(rules, {}).ProposeAll(list));
+    EXPECT_EQ(LettersOf(list.At(1)), letters) << ToUtf8(text) << " -> " << ToUtf8(list.At(1).text);
+    const Text after = list.GetSeenText(1);
+    both += int{seen.find_first_of(u"\u2013\u2014") != after.find_first_of(u"\u2013\u2014") &&
+                seen.find(u'|') != after.find(u'|')};
+  }
+  EXPECT_GT(both, 20);
 }
 
 }  // namespace

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+#include <utility>
+
 #include "core/style_markers.h"
 #include "tests/support/printers.h"
 
@@ -28,6 +32,58 @@ TEST(SeenText, AnEditBesideAMarkLeavesItAtItsPlace) {
   EXPECT_EQ(After(u"{\\an8}One", u""), u"{\\an8}");
   EXPECT_EQ(After(u"a|<i>b</i>", u"a\nb\nc"), u"a|<i>b|c</i>");
   EXPECT_EQ(After(u"same <b>x</b>", u"same x"), u"same <b>x</b>");
+}
+
+TEST(SeenText, MarksStayAtTheirWordsWhenBlanksAndLinesChange) {
+  EXPECT_EQ(After(u"aa  bb|cc <i>dd</i>|ee", u"aa bb\ncc dd ee"), u"aa bb|cc <i>dd</i> ee");
+  EXPECT_EQ(After(u"-a|b   <i>c</i> d", u"- a b c\nd"), u"- a b <i>c</i>|d");
+  EXPECT_EQ(After(u"one <i>two</i> three <b>four</b>", u"one three four"), u"one three <b>four</b>");
+  EXPECT_EQ(After(u"one <i>two</i>|three", u"zero one two\nand three"), u"zero one <i>two</i>|and three");
+}
+
+TEST(SeenText, CaseChangesNoPlace) {
+  EXPECT_EQ(After(u"one <i>two</i> THREE", u"ONE TWO THREE"), u"ONE <i>TWO</i> THREE");
+  EXPECT_EQ(After(u"one <i>tw</i>o|TWO", u"ONE TWO\nTWO"), u"ONE <i>TW</i>O|TWO");
+}
+
+/// The letters of a stored text, capital where they stand in italics.
+std::string LettersOf(TextView stored) {
+  std::string letters;
+  bool italic = false;
+  for (std::size_t at = 0; at < stored.size(); ++at) {
+    const TextView rest = stored.substr(at);
+    if (rest.starts_with(u"<i>") || rest.starts_with(u"</i>")) {
+      italic = rest[1] != u'/';
+      at += italic ? 2 : 3;
+    } else if (rest[0] >= u'a' && rest[0] <= u'z') {
+      letters += static_cast<char>(italic ? rest[0] - u'a' + u'A' : rest[0]);
+    }
+  }
+  return letters;
+}
+
+TEST(SeenText, NoLetterChangesItsStyleWhenABrokenTextIsBrokenAnew) {
+  std::mt19937 random(7);
+  const auto one = [&](int of) { return static_cast<int>(random() % static_cast<unsigned>(of)); };
+  const auto gap = [&] {
+    return std::vector<Text>{u" ", u"  ", u"|", u" |", u"| ", u" - "}[static_cast<std::size_t>(one(6))];
+  };
+  for (int turn = 0; turn < 2000; ++turn) {
+    Text stored;
+    Text wanted;
+    bool italic = false;
+    for (int word = 0, words = 2 + one(9); word < words; ++word) {
+      if (word > 0) stored += gap();
+      if (word > 0) wanted += ReplaceAll(gap(), u"|", u"\n");
+      for (int letter = 0, letters = 1 + one(5); letter < letters; ++letter) {
+        if (one(6) == 0) stored += std::exchange(italic, !italic) ? u"</i>" : u"<i>";
+        stored += static_cast<char16_t>(u'a' + one(4));
+        wanted += stored.back();
+      }
+    }
+    if (italic) stored += u"</i>";
+    EXPECT_EQ(LettersOf(After(stored, wanted)), LettersOf(stored)) << ToUtf8(stored) << " -> " << ToUtf8(wanted);
+  }
 }
 
 TEST(SeenText, APairOfTagsGoesWithAllThatItStyled) {

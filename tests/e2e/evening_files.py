@@ -122,5 +122,23 @@ def a_file_is_read_anew_in_another_encoding(s):
     s.close_asking_nothing()
 
 
-FILE_SCENES = [an_edited_file_keeps_its_bytes_after_a_crash, lines_that_were_not_understood_are_shown,
+def of_formats_that_fit_alike_one_is_chosen(s):
+    s.start()
+    s.write("a.txt", "00:00:12:10 00:00:15:05 Good evening.\n00:00:16:00 00:00:19:20 Nobody leaves.\n")
+    s.open_by_key("a.txt")
+    s.box("Load it as Adobe Encore?")
+    picture(s, "formats_alike")
+    s.press_button("No")
+    s.box("Load it as DVD Subtitle System?", "Yes")
+    s.wait_rows(2)
+    s.type_into_pane("Good night.")
+    s.save_until("a.txt", "00:00:12:10 00:00:15:05 Good night.")
+    assert "00:00:16:00 00:00:19:20 Nobody leaves." in s.read("a.txt")
+    # The same is asked anew, and Escape loads nothing.
+    s.open_by_key("a.txt")
+    s.box("Load it as Adobe Encore?", "Escape")
+    s.close_asking_nothing()
+
+
+FILE_SCENES = [of_formats_that_fit_alike_one_is_chosen, an_edited_file_keeps_its_bytes_after_a_crash, lines_that_were_not_understood_are_shown,
                what_a_format_cannot_hold_is_asked_about, a_file_is_read_anew_in_another_encoding]

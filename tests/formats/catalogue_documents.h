@@ -31,6 +31,9 @@ struct FormatException {
 /// True when the format's file of this document is taken for another's, or for none.
 bool TakenForAnother(const std::string& format, const std::string& document);
 
+/// True when another format reads files of this one as well, but otherwise, so that the user is asked.
+bool HasARival(const std::string& format);
+
 /// True when the format's file of this document does not give all times back.
 bool NotReadWhole(const std::string& format, const std::string& document);
 

@@ -77,6 +77,9 @@ struct FormatRig {
     catalogue.Load(FileBytes(shipped + "formats.ini"), FileBytes(shipped + "formats.dat"), encodings);
   }
 
+  /// Answers the question which of several formats a file is read by; the first offered is the best.
+  void TakeTheBestFormat() { messages.answers.assign(1, BoxAnswer::Yes); }
+
   /// Writes a file into the folder and opens it as the program does. `fps` answers the frame rate question.
   Text Open(const std::string& name, const std::string& content, TextView fps = u"25") {
     const Text opened = folder.Write(name, content);

@@ -141,6 +141,19 @@ TEST(PlainTextFallback, LosesAppend) {
   EXPECT_EQ(rig.Rows(), (Rows{{0, 0, u"new"}}));
 }
 
+TEST(PlainTextFallback, WhatTakesADocumentsPlaceIsNotSavedIntoItsFile) {
+  FormatRig rig;
+  rig.Open("a.srt", "1\n00:00:01,000 --> 00:00:02,000\nold\n\nnote\n");
+  rig.importer.DetectFormat(rig.folder.Write("a.txt", "new\nand more\n"), Loading::Append);
+  EXPECT_EQ(rig.state.Source, nullptr);
+  for (Row row = 1; row < rig.captions.Rows(); ++row) {
+    rig.captions.SetCaptionStart(row, row * 1000, true);
+    rig.captions.SetCaptionEnd(row, row * 1000 + 500);
+  }
+  EXPECT_EQ(rig.Save(u"SUBRIP"),
+            CrLf("1\n00:00:01,000 --> 00:00:01,500\nnew\n\n2\n00:00:02,000 --> 00:00:02,500\nand more\n\n"));
+}
+
 TEST(PlainTextFallback, WorksWithoutTheTagsAndTheRateOfAFormatTriedBefore) {
   FormatRig rig;
   rig.Open("a.sub", "{1}{2}x\r\n");

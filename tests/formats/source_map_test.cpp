@@ -116,6 +116,7 @@ class EveryFormat : public ::testing::TestWithParam<int> {
     rate_ = RateOf(rig_.catalogue, id_);
     file_ = rig_.Save(id_, rate_, "written.txt");
     rig_.messages.lines.assign(1, u"25");
+    rig_.TakeTheBestFormat();
     rig_.importer.DetectFormat(rig_.path, Loading::NewDocument);
     rig_.messages.lines.clear();
     return rig_.Format() == id_;
@@ -125,6 +126,7 @@ class EveryFormat : public ::testing::TestWithParam<int> {
   Rows Reopened() {
     SaveAgain();
     rig_.messages.lines.assign(1, u"25");
+    rig_.TakeTheBestFormat();
     rig_.importer.DetectFormat(rig_.path, Loading::NewDocument);
     rig_.messages.lines.clear();
     return rig_.Rows();

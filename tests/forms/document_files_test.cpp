@@ -163,6 +163,38 @@ TEST_F(Opening, OneThatFailsEndsTheDocumentForAllAlsoWhenItsListFails) {
   EXPECT_NE(boxes.shown.back().text.find(u"of the list"), Text::npos) << "and it is told";
 }
 
+TEST_F(Opening, ADoubtfulFileIsAskedAboutBeforeItIsAppended) {
+  program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
+  Play(folder.Write("film.mkv", "x"));
+  player.duration = 60;
+  const Text doubtful = folder.Write("b.sub", "{10}{50}one\nnot\nof\nthis\nformat\n");
+  dialogs.paths = {doubtful, doubtful};
+  boxes.lines = {u"25", u"25"};
+  boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+  Window().mnuAppend.Click();
+  EXPECT_NE(LastBox().find("Most lines of this file were not understood as MicroDVD."), std::string::npos);
+  EXPECT_EQ(List().Rows(), 3);
+  Window().mnuAppend.Click();
+  EXPECT_EQ(List().Rows(), 4);
+  EXPECT_EQ(List().GetCaptionStart(3), 60400);
+}
+
+TEST_F(Opening, OfFormatsThatFitEquallyWellTheUserChooses) {
+  const Text path = folder.Write("a.txt", "00:00:12:10 00:00:15:05 Good evening.\n");
+  dialogs.paths = {path, path, path};
+  boxes.answers = {BoxAnswer::No, BoxAnswer::Yes};
+  Window().mnuOpenText.Click();
+  EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), u"DVDSUBSYSTEM");
+  EXPECT_EQ(List().At(1), (Caption{12100, 15050, u"Good evening."}));
+  boxes.lines = {u"25"};
+  boxes.answers = {BoxAnswer::Yes};
+  Window().mnuOpenText.Click();
+  EXPECT_EQ(program->catalogue.Identifier(program->formats.CurrentFormatIndex), u"ADOBEENCORE");
+  boxes.answers = {BoxAnswer::Cancel};
+  Window().mnuOpenText.Click();
+  EXPECT_FALSE(program->document.HasDocument());
+}
+
 TEST_F(Opening, AnAppendAfterOneThatWasCancelledIsRead) {
   program->documentFiles.OpenSubtitleFile(SubRip("a.srt", 2));
   Play(folder.Write("film.mkv", "x"));

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <random>
+#include <vector>
+
 #include "core/seen_text.h"
 #include "tests/support/printers.h"
 
@@ -149,6 +153,68 @@ TEST_F(ReplaceTest, GoesThroughAFullList) {
   Put(std::move(captions));
   EXPECT_EQ(Replace({u"(storm)", u"the $1", true}), 32000);
   EXPECT_EQ(list.At(32000).text, u"<i>Nobody leaves this house|until the the storm has passed.");
+}
+
+TEST(ReplaceByPattern, ThatBeginsWithAnyWordFindsWhatItFindsWithoutItsShortCut) {
+  // An empty group in front takes the short cut away.
+  const std::vector<Text> patterns = {u"(\\w+)b",        u"\\w+b",         u"(\\w+)(b+)",     u"(\\w+) (\\w)",
+                                      u"\\w+[ab]\\b",    u"(\\w+)$",       u"(\\w+)(?=a)",    u"\\w+(?<=ab)",
+                                      u"(\\w+) *(?!b).", u"\\w+(?:a b)?c", u"(\\w+)\\1",      u"(\\w+)|b",
+                                      u"\\w+?b",         u"(\\w+){2}b",    u"(\\w+)\\B(\\w)", u"\\w+\\W\\u0061"};
+  std::mt19937 random(5);
+  const TextView letters = u"aabbc_ \u00e4-\u0301|";
+  int found = 0;
+  for (int turn = 0; turn < 600; ++turn) {
+    Text text;
+    for (auto left = random() % 14; left > 0; --left) text += letters[random() % letters.size()];
+    for (const Text& pattern : patterns) {
+      const Text with = pattern.find(u'(') == 0 ? u"[$1]" : u"[$0]";
+      TextReplacer shortCut({pattern, with, true}, u"|");
+      TextReplacer plain({u"(?:)" + pattern, with, true}, u"|");
+      const std::optional<Text> replaced = shortCut.Replaced(text);
+      EXPECT_EQ(replaced, plain.Replaced(text)) << ToUtf8(pattern) << " in " << ToUtf8(text);
+      EXPECT_EQ(shortCut.FindsIn(text), plain.FindsIn(text));
+      found += int{replaced.has_value()};
+    }
+  }
+  EXPECT_GT(found, 2000);
+}
+
+/// Texts of which nearly all hold what is sought.
+std::vector<Caption> ManyCaptions(int count) {
+  std::vector<Caption> rows;
+  for (int i = 0; i < count; ++i) {
+    rows.push_back(
+        {i * 1000, i * 1000 + 900, i % 10 == 3 ? Text(u"<i>nothing</i>") : u"<i>the</i> house " + Decimal(i)});
+  }
+  return rows;
+}
+
+TEST(ReplaceInManyCaptions, ProposesTheSameAsCaptionByCaptionInOrder) {
+  AppOptions options;
+  bool modified = false;
+  CaptionList list(options, modified);
+  list.Replace(1, 1, ManyCaptions(9001));
+  TextReplacer replacer({u"(\\w+) house", u"$1 cellar", true}, u"|");
+  const std::vector<Row> rows = AllRows(list);
+  const std::vector<Proposal> proposals = ProposeReplacements(list, rows, replacer);
+  std::vector<Proposal> expected;
+  for (const Row row : rows) {
+    if (auto text = replacer.Replaced(list.At(row).text)) expected.push_back({row, list.At(row).WithText(*text)});
+  }
+  EXPECT_EQ(expected.size(), 8101u);
+  EXPECT_TRUE(proposals == expected);
+}
+
+TEST(ReplaceInManyCaptions, AProblemInAnyOfThemLeavesAllAsTheyAre) {
+  AppOptions options;
+  bool modified = false;
+  CaptionList list(options, modified);
+  list.Replace(1, 1, ManyCaptions(9001));
+  list.SetCaptionText(9001, Text(60, u'a'));
+  TextReplacer replacer({u"(a+)+b|house", u"x", true}, u"|");
+  EXPECT_TRUE(ProposeReplacements(list, AllRows(list), replacer).empty());
+  EXPECT_EQ(replacer.Problem(), TextReplacer::Fault::TooSlow);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/tag_marks.h"
 #include "tests/tools/rules_rig.h"
 
 namespace cuewright {
@@ -84,6 +85,15 @@ TEST_F(Rules, ADurationOutsideTheRangeBecomesTheBestOne) {
   EXPECT_EQ(Line(0), "DURATION OUTSIDE RANGE [1] duration reduced -7040 ms");
   EXPECT_EQ(Line(1), "DURATION OUTSIDE RANGE [2] duration increased 1150 ms");
   EXPECT_NE(ToUtf8(report.Detailed(0)).find("duration reduced 7040 milliseconds"), std::string::npos);
+}
+
+TEST_F(Rules, LinesAreJoinedAroundMarksThatStayAtTheirWords) {
+  const testing::TagMarks marks;
+  list.SetMarks(marks);
+  Only(1, 0, 0, 0, 0);
+  Put({{1000, 4000, u"aa  bb|cc <i>dd</i>|ee"}});
+  Pass();
+  EXPECT_EQ(list.At(1).text, u"aa bb|cc <i>dd</i> ee");
 }
 
 TEST_F(Rules, AnEndBeforeTheStartGetsTheBestDurationAndAnEntryOfKindFour) {

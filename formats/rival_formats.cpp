@@ -1,0 +1,95 @@
+#include "formats/rival_formats.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+#include "text/digits.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::size_t kBytesOfTrial = 1 << 16;
+/// Time codes number up to 30 frames a second as a rule, and never more than 60.
+constexpr int kUsualFrames = 30;
+constexpr int kMostFrames = 60;
+/// The rate by which frames are told from hundredths: any but `kRateOfTrials` does.
+constexpr int kSomeRate = 25;
+
+/// What speaks against a reading; the fewer the better.
+struct Faults {
+  std::size_t notUnderstood = 0;
+  std::size_t notTimed = 0;  ///< captions that don't end behind their start
+  std::size_t digits = 0;    ///< in the texts: times that were taken for text
+  int highestFrame = 0;
+  std::size_t rows = 0;
+
+  bool IsPossible() const { return rows != 0 && highestFrame < kMostFrames; }
+  bool IsNoWorseThan(const Faults& other) const {
+    return IsPossible() && rows >= other.rows && notUnderstood <= other.notUnderstood && notTimed <= other.notTimed &&
+           digits <= other.digits;
+  }
+  auto Order() const { return std::tuple(highestFrame >= kUsualFrames, notUnderstood, notTimed, digits); }
+};
+
+int FrameOf(std::int32_t time) { return time % 1000 / 10; }
+
+Faults FaultsOf(const TrialReading& trial) {
+  Faults faults;
+  faults.notUnderstood = trial.notUnderstood;
+  faults.rows = trial.rows.size();
+  for (const Caption& row : trial.rows) {
+    if (row.end <= row.start) ++faults.notTimed;
+    faults.digits += static_cast<std::size_t>(std::ranges::count_if(row.text, IsDigit<char16_t>));
+    if (trial.countsFrames) faults.highestFrame = std::max({faults.highestFrame, FrameOf(row.start), FrameOf(row.end)});
+  }
+  return faults;
+}
+
+/// Puts the frames where they are at a rate that isn't that of hundredths.
+void CountFrames(std::vector<Caption>& rows) {
+  for (Caption& row : rows) {
+    for (std::int32_t* time : {&row.start, &row.end}) *time += FrameOf(*time) * (1000 / kSomeRate - 10);
+  }
+}
+
+struct Rated {
+  const TrialReading* trial;
+  Faults faults;
+};
+
+}  // namespace
+
+std::vector<int> BestFitting(std::vector<TrialReading> trials) {
+  std::vector<Rated> fitting;
+  for (TrialReading& trial : trials) {
+    const Faults faults = FaultsOf(trial);
+    if (trial.countsFrames) CountFrames(trial.rows);
+    // The first is what recognition settled on: it stays unless another can be right and it can't.
+    if (fitting.empty() || faults.IsNoWorseThan(fitting.front().faults)) fitting.push_back({&trial, faults});
+  }
+  if (fitting.size() > 1 && !fitting.front().faults.IsPossible()) fitting.erase(fitting.begin());
+  std::ranges::stable_sort(fitting, {}, [](const Rated& rated) { return rated.faults.Order(); });
+  std::vector<int> formats;
+  std::vector<const std::vector<Caption>*> readings;
+  for (const Rated& rated : fitting) {
+    const auto same = [&](const std::vector<Caption>* rows) { return *rows == rated.trial->rows; };
+    if (std::ranges::any_of(readings, same)) continue;
+    readings.push_back(&rated.trial->rows);
+    formats.push_back(rated.trial->format);
+  }
+  return formats;
+}
+
+TextFile BeginningOf(const TextFile& file) {
+  std::string_view bytes = file.Bytes();
+  if (bytes.size() > kBytesOfTrial) {
+    bytes = bytes.substr(0, kBytesOfTrial);
+    const std::size_t end = bytes.find_last_of("\r\n");
+    if (end != std::string_view::npos) bytes = bytes.substr(0, end + 1);
+  }
+  return TextFile::Kept(std::string(bytes), file.Encoding());
+}
+
+}  // namespace cuewright
