@@ -31,6 +31,7 @@ struct EdgeRules {
   std::int32_t leastGap = 0;    ///< between captions
   std::int32_t shotZone = 0;    ///< an edge this near to a shot belongs to it
   std::int32_t beforeShot = 0;  ///< how long before the shot a caption ends then
+  std::int32_t chainBelow = 0;  ///< a gap shorter than this is closed up to the least one
 
   bool operator==(const EdgeRules&) const = default;
 };

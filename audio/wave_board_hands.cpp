@@ -292,6 +292,14 @@ void WaveBoard::StepEdge(std::int32_t by) {
   SpokenChanged();
 }
 
+std::optional<std::int32_t> WaveBoard::Cursor() const {
+  if (stretch_) return stretch_->start;
+  const Row row = bench_.list.Selected();
+  if (chosen_ == BoardPart::Nothing || !bench_.list.IsCaptionTimed(row)) return {};
+  const CaptionTimes times = bench_.list.TimesAt(row);
+  return chosen_ == BoardPart::End ? times.end : times.start;
+}
+
 void WaveBoard::StepToPoint(bool back) {
   const Row row = bench_.list.Selected();
   const CaptionTimes times = bench_.list.TimesAt(row);

@@ -17,6 +17,7 @@ constexpr std::int32_t kStepMs = 100;
 constexpr std::int32_t kSecondMs = 1000;
 /// A frame of 25 a second.
 constexpr std::int32_t kUsualFrameMs = 40;
+constexpr std::int32_t kCutOffMs = 2;
 /// The earliest time at which a caption can start.
 constexpr std::int32_t kFirstStart = 1;
 
@@ -37,8 +38,14 @@ std::int32_t Ms(double seconds) { return static_cast<std::int32_t>(std::llround(
 
 }  // namespace
 
-FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board)
-    : bench_(bench), player_(player), capture_(capture), board_(board), stretch_(player, bench.window.tmrStretch) {
+FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board,
+                           const FilmShots& shots)
+    : bench_(bench),
+      player_(player),
+      capture_(capture),
+      board_(board),
+      shots_(shots),
+      stretch_(player, bench.window.tmrStretch) {
   WirePlaying();
   WireSteps();
   WireSpeed();
@@ -187,12 +194,23 @@ void FilmCommands::Seek(std::int32_t ms) {
 void FilmCommands::StepFrames(int frames) {
   if (!HasFilm()) return;
   if (player_.PlayState() == kPlayerPlaying) player_.Pause();
-  Seek(FramesFrom(Ms(player_.CurrentPosition()), frames));
+  const std::int32_t ms = std::max(FramesFrom(Ms(player_.CurrentPosition()), frames), 0);
+  Seek(ms);
+  const FrameRate rate = player_.FramesPerSecond();
+  if (const auto picture = shots_.PictureAt(ms)) {
+    Stepped(*picture, ms);
+  } else if (rate.IsUsual()) {
+    Stepped(rate.FramesOfMs(ms), ms);
+  }
 }
 
 std::int32_t FilmCommands::Here() const { return FilmPosition(bench_.window, player_); }
 
 std::int32_t FilmCommands::FramesFrom(std::int32_t ms, int frames) const {
+  // Times of captions are often cut off to a ms before their picture.
+  if (const auto picture = shots_.PictureAt(std::max(ms, 0) + kCutOffMs)) {
+    if (const auto begins = shots_.PictureBegins(std::max(*picture + frames, 0))) return *begins;
+  }
   const FrameRate rate = player_.FramesPerSecond();
   if (!rate.IsUsual()) return ms + frames * kUsualFrameMs;
   return rate.MsOfFrames(rate.FramesOfMs(std::max(ms, 0)) + frames);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "capture/workbench.h"
 #include "core/ports/player.h"
 
@@ -13,6 +15,8 @@ class StatusLine {
 
   /// Says what is: nothing without a document. In the classic manner the line isn't there.
   void Show();
+  /// Says what is, and which frame of the film is shown; until something else changes.
+  void ShowFrame(std::int32_t frame, std::int32_t ms);
 
  private:
   Text TextOfSelection() const;

@@ -87,7 +87,7 @@ const std::set<Text>& LatinWords() {
       u"PAL",        u"NTSC",      u"WAV",          u"PCM",        u"VBR",        u"CBR",
       u"DVD",        u"DLL",       u"FPS",          u"KB",         u"FN",         u"A",
       u"Z",          u"plugins",   u"subtitler",    u"exe",        u"AutoUpdate", u"OK",
-      u"Hz",         u"Enter",     u"UpdateSite"};
+      u"Hz",         u"Enter",     u"UpdateSite",   u"ms"};
   return kWords;
 }
 
