@@ -43,6 +43,8 @@ class FilmSound {
   /// The command is there for a film whose sound isn't being read.
   void ShowItem();
   bool Running() const { return child_ != nullptr; }
+  /// The bar shows the sound of the film, not that of another file.
+  bool Shown() const { return !path_.empty() && p_.document.WavePath == path_; }
 
  private:
   /// Reads a film that has just opened when the bar is on, without a word about what it can't.

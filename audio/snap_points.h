@@ -33,6 +33,7 @@ struct EdgeRules {
   Ms leastGap = 0;    ///< between captions
   Ms shotZone = 0;    ///< an edge this near to a shot belongs to it
   Ms beforeShot = 0;  ///< how long before the shot a caption ends then
+  Ms chainBelow = 0;  ///< a gap shorter than this is closed up to the least one
 
   bool operator==(const EdgeRules&) const = default;
 };

@@ -90,6 +90,8 @@ class WaveBoard {
   /// The stretch of the wave that is selected.
   const std::optional<CaptionTimes>& Stretch() const { return stretch_; }
   void ClearStretch();
+  /// Where one works in it: the beginning of the stretch, or the edge that was chosen by keys; none without either.
+  std::optional<Ms> Cursor() const;
   /// The nearest place before (behind) a time that an edge snaps to: of a shot, or where a voice begins or ends.
   std::optional<Ms> NextPoint(CaptionEdge edge, Ms ms, bool back) const;
 

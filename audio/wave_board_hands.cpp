@@ -290,6 +290,14 @@ void WaveBoard::StepEdge(Ms by) {
   SpokenChanged();
 }
 
+std::optional<Ms> WaveBoard::Cursor() const {
+  if (stretch_) return stretch_->start;
+  const Row row = bench_.list.Selected();
+  if (chosen_ == BoardPart::Nothing || !bench_.list.IsCaptionTimed(row)) return {};
+  const CaptionTimes times = bench_.list.TimesAt(row);
+  return chosen_ == BoardPart::End ? times.end : times.start;
+}
+
 void WaveBoard::StepToPoint(bool back) {
   const Row row = bench_.list.Selected();
   const CaptionTimes times = bench_.list.TimesAt(row);

@@ -4,20 +4,22 @@ namespace cuewright {
 
 MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem* line :
-       {&mnuLine0,  &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1,  &mnuLine1a,
-        &mnuLine1b, &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2,  &mnuLine2a, &mnuLine3,  &mnuLine3a,
-        &mnuLine3b, &mnuLine4,  &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
+       {&mnuLine0,  &mnuLine0a, &mnuLine0b, &mnuLine0c, &mnuLine0d, &mnuLine0e, &mnuLine1,  &mnuLine1a, &mnuLine1b,
+        &mnuLine1c, &mnuLine1d, &mnuLine1e, &mnuLine2,  &mnuLine2a, &mnuLine3,  &mnuLine3a, &mnuLine3b, &mnuLine3c,
+        &mnuLine4,  &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
     line->SetSeparator(true);
   }
-  for (MenuItem* item :
-       {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar, &mnuUnfoldInfoBar,
-        &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption, &mnuWaveCentred, &mnuWaveSnaps}) {
+  for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
+                         &mnuUnfoldInfoBar, &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption,
+                         &mnuWaveCentred, &mnuWaveSnaps, &mnuHardware}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
   for (MenuItem& item : mnuListColumn) item.SetCheckable(true);
   for (MenuItem& item : mnuListTime) item.SetCheckable(true);
   for (MenuItem& item : mnuWaveLook) item.SetCheckable(true);
+  for (MenuItem& item : mnuSoundTrack) item.SetCheckable(true);
+  for (MenuItem& item : mnuRetakeStep) item.SetCheckable(true);
   mnuNew.SetShortcut("Ctrl+N");
   mnuOpenText.SetShortcut("Ctrl+O");
   mnuSave.SetShortcut("Ctrl+S");
@@ -59,6 +61,9 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuWaveHigher.SetShortcut("Alt+Shift+Up");
   mnuWaveLower.SetShortcut("Alt+Shift+Down");
   mnuWaveToCaption.SetShortcut("Ctrl+Shift+W");
+  mnuShotHere.SetShortcut("Ctrl+Shift+M");
+  mnuShotAtCursor.SetShortcut("Ctrl+Alt+M");
+  mnuSnapTimes.SetShortcut("Ctrl+Alt+L");
   mnuRetime.SetShortcut("Ctrl+Shift+T");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
@@ -119,6 +124,9 @@ void MainWindow::SetFilmKeys() {
   mnuEndSnapBack.SetShortcut("Alt+7");
   mnuEndSnapOn.SetShortcut("Alt+8");
   mnuNextInPane.SetShortcut("Ctrl+Return");
+  mnuGoToPosition.SetShortcut("Ctrl+Shift+G");
+  mnuRetake.SetShortcut("Ctrl+R");
+  mnuTakeBefore.SetShortcut("Ctrl+Shift+R");
 }
 
 }  // namespace cuewright

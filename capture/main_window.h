@@ -78,6 +78,7 @@ class MainWindow final : public Form {
   Timer tmrJournal{*this, "tmrJournal", 200};
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
   Timer tmrFit{*this, "tmrFit", 100};
+  Timer tmrShots{*this, "tmrShots", 10};
   Timer tmrStretch{*this, "tmrStretch", 5};
   Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 
@@ -159,6 +160,7 @@ class MainWindow final : public Form {
   MenuItem mnuShift{*this, "mnuShift", &mnuTimes};
   MenuItem mnuRetime{*this, "mnuRetime", &mnuTimes};
   MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuTimes};
+  MenuItem mnuSnapTimes{*this, "mnuSnapTimes", &mnuTimes};
   MenuItem mnuFit{*this, "mnuFit", &mnuTimes};
   MenuItem mnuFitAll{*this, "mnuFitAll", &mnuTimes};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
@@ -197,6 +199,10 @@ class MainWindow final : public Form {
   MenuItem mnuLine3b{*this, "mnuLine3b", &mnuBoard};
   MenuItem mnuWaveCentred{*this, "mnuWaveCentred", &mnuBoard};
   MenuItem mnuWaveSnaps{*this, "mnuWaveSnaps", &mnuBoard};
+  MenuItem mnuLine3c{*this, "mnuLine3c", &mnuBoard};
+  MenuItem mnuShotHere{*this, "mnuShotHere", &mnuBoard};
+  MenuItem mnuShotAtCursor{*this, "mnuShotAtCursor", &mnuBoard};
+  MenuItem mnuShots{*this, "mnuShots", &mnuBoard};
 
   MenuItem mnuFilm{*this, "mnuFilm"};
   MenuItem mnuPlayOrPause{*this, "mnuPlayOrPause", &mnuFilm};
@@ -215,10 +221,14 @@ class MainWindow final : public Form {
   MenuItem mnuStepForward{*this, "mnuStepForward", &mnuFilm};
   MenuItem mnuSecondBack{*this, "mnuSecondBack", &mnuFilm};
   MenuItem mnuSecondForward{*this, "mnuSecondForward", &mnuFilm};
+  MenuItem mnuGoToPosition{*this, "mnuGoToPosition", &mnuFilm};
   MenuItem mnuSpeed{*this, "mnuSpeed", &mnuFilm};
   MenuItem mnuSlower{*this, "mnuSlower", &mnuSpeed};
   MenuItem mnuFaster{*this, "mnuFaster", &mnuSpeed};
   MenuItem mnuUsualSpeed{*this, "mnuUsualSpeed", &mnuSpeed};
+  MenuItem mnuSoundTracks{*this, "mnuSoundTracks", &mnuFilm};
+  ControlArray<MenuItem, 8> mnuSoundTrack{*this, "mnuSoundTrack", &mnuSoundTracks};
+  MenuItem mnuHardware{*this, "mnuHardware", &mnuFilm};
   MenuItem mnuLine6a{*this, "mnuLine6a", &mnuFilm};
   MenuItem mnuStartHere{*this, "mnuStartHere", &mnuFilm};
   MenuItem mnuEndHere{*this, "mnuEndHere", &mnuFilm};
@@ -238,6 +248,10 @@ class MainWindow final : public Form {
   MenuItem mnuEndSnapOn{*this, "mnuEndSnapOn", &mnuNudge};
   MenuItem mnuLine6b{*this, "mnuLine6b", &mnuFilm};
   MenuItem mnuNextInPane{*this, "mnuNextInPane", &mnuFilm};
+  MenuItem mnuRetake{*this, "mnuRetake", &mnuFilm};
+  MenuItem mnuTakeBefore{*this, "mnuTakeBefore", &mnuFilm};
+  MenuItem mnuRetakeSteps{*this, "mnuRetakeSteps", &mnuFilm};
+  ControlArray<MenuItem, 5> mnuRetakeStep{*this, "mnuRetakeStep", &mnuRetakeSteps};
 
   MenuItem mnuTools{*this, "mnuTools"};
   MenuItem mnuSpell{*this, "mnuSpell", &mnuTools};

@@ -79,6 +79,10 @@ struct AppOptions {
   std::uint8_t waveLook = 0;      ///< 0 the wave, 1 the spectrogram, 2 both
   bool waveCentred = false;       ///< the position played stays in the middle
   bool waveSnaps = true;          ///< what is dragged snaps to captions, shots and the voice
+  bool findShots = true;          ///< the shots of a film are looked for when it has opened
+  std::int32_t shotSense = 100;   ///< sensitivity with which they are told, in percent of the usual one
+  bool hardwareDecoding = false;  ///< the film is decoded by the graphics card where that can be
+  std::uint8_t retakeStep = 0;    ///< how far a retake goes back, as a row of its choices
 };
 
 /// True when the automatic timing limit acts during captioning.

@@ -61,6 +61,8 @@ class Manner {
   constexpr bool ChecksAndProposes() const { return !classic_; }
   /// The Audio bar is a wave to work in: with all captions, at any scale, in any height.
   constexpr bool WaveIsAWorkbench() const { return !classic_; }
+  /// The film brings its subtitle, its sound tracks are chosen, positions are typed, and captures are taken again.
+  constexpr bool FilmIsAWorkbench() const { return !classic_; }
 
   /// Captions that were held by hand move to where the film's voice is.
   constexpr bool FitsToTheVoice() const { return !classic_; }

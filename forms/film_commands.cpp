@@ -17,6 +17,7 @@ constexpr Ms kStepMs = 100;
 constexpr Ms kSecondMs = 1000;
 /// A frame of 25 a second.
 constexpr Ms kUsualFrameMs = 40;
+constexpr Ms kCutOffMs = 2;
 /// The earliest time at which a caption can start.
 constexpr Ms kFirstStart = 1;
 
@@ -35,8 +36,14 @@ Text SpeedText(double speed) {
 
 }  // namespace
 
-FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board)
-    : bench_(bench), player_(player), capture_(capture), board_(board), stretch_(player, bench.window.tmrStretch) {
+FilmCommands::FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board,
+                           const FilmShots& shots)
+    : bench_(bench),
+      player_(player),
+      capture_(capture),
+      board_(board),
+      shots_(shots),
+      stretch_(player, bench.window.tmrStretch) {
   WirePlaying();
   WireSteps();
   WireSpeed();
@@ -185,12 +192,23 @@ void FilmCommands::Seek(Ms ms) {
 void FilmCommands::StepFrames(int frames) {
   if (!HasFilm()) return;
   if (player_.PlayState() == kPlayerPlaying) player_.Pause();
-  Seek(FramesFrom(Ms::OfSeconds(player_.CurrentPosition()), frames));
+  const Ms ms = std::max<Ms>(FramesFrom(Ms::OfSeconds(player_.CurrentPosition()), frames), 0);
+  Seek(ms);
+  const FrameRate rate = player_.FramesPerSecond();
+  if (const auto picture = shots_.PictureAt(ms)) {
+    Stepped(*picture, ms);
+  } else if (rate.IsUsual()) {
+    Stepped(rate.FramesOfMs(ms), ms);
+  }
 }
 
 Ms FilmCommands::Here() const { return FilmPosition(bench_.window, player_); }
 
 Ms FilmCommands::FramesFrom(Ms ms, int frames) const {
+  // Times of captions are often cut off to a ms before their picture.
+  if (const auto picture = shots_.PictureAt(std::max<Ms>(ms, 0) + kCutOffMs)) {
+    if (const auto begins = shots_.PictureBegins(std::max(*picture + frames, 0))) return *begins;
+  }
   const FrameRate rate = player_.FramesPerSecond();
   if (!rate.IsUsual()) return ms + frames * kUsualFrameMs;
   return rate.MsOfFrames(rate.FramesOfMs(std::max<Ms>(ms, 0)) + frames);

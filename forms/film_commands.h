@@ -8,16 +8,20 @@
 #include "capture/workbench.h"
 #include "core/frame_rate.h"
 #include "core/ports/player.h"
+#include "forms/film_shots.h"
 
 namespace cuewright {
 
 /// The menu Film: playing around the selected caption, small steps, and times of the caption from the film's position.
 class FilmCommands {
  public:
-  FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board);
+  FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board, const FilmShots& shots);
 
   /// The items follow what is open.
   void ShowItems();
+
+  /// The film was moved to a frame, with its number from 0 and its time in ms.
+  Signal<FilmCommands, std::int64_t, Ms> Stepped;
 
  private:
   /// A time of the selected caption.
@@ -48,7 +52,8 @@ class FilmCommands {
 
   /// Where the film is, or was when the key went that is being handled.
   Ms Here() const;
-  /// So many frames from a time, at the beginning of a frame; 40 ms each where the film's rate isn't known.
+  /// So many frames from a time, at the beginning of a frame: by the times that the film's pictures have, or by its
+  /// rate until those are known; 40 ms each where that isn't known either.
   Ms FramesFrom(Ms ms, int frames) const;
   void PutEdge(Edge edge, Ms ms, Rest rest);
   void NudgeFrame(Edge edge, int frames);
@@ -60,6 +65,7 @@ class FilmCommands {
   Player& player_;
   TimingCapture& capture_;
   const WaveBoard& board_;
+  const FilmShots& shots_;
   StretchPlayer stretch_;
 };
 

@@ -33,6 +33,7 @@ constexpr std::array kWindowPages{
     WindowPage{"frmReplace", u"find.html#replace"},
     WindowPage{"frmReport", u"report.html"},
     WindowPage{"frmSaving", u"export.html#losses"},
+    WindowPage{"frmShots", u"audio_bar.html#shots"},
     WindowPage{"frmSpell", u"spelling.html"},
     WindowPage{"frmStart", u"player.html"},
     WindowPage{"frmSub", u"overlay.html"},

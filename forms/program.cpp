@@ -55,6 +55,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       audio(Bench(), session, store, recall, audioBar, ports_),
       filmSound({window, document, strings, ports_.messages, ports_.player, environment_.processes, environment_.sounds,
                  audioBar, waveDetails, options}),
+      filmShots(Bench(), ports_.files, environment_.processes, environment_.sounds, ports_.player, filmSound),
+      shotsDialog(filmShots, options, strings),
       router(document, documentFiles, playerBinding, audio),
       shell(Bench(), store, recall, preview, commands, ports_),
       texts(Bench(), panel, commands, capture, states, ports_.messages),
@@ -71,7 +73,8 @@ Program::Program(Ports ports, StartEnvironment environment)
       shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
       fitting(Bench(), environment_.processes, ports_.player, notices, ports_.messages),
       retime(Bench(), formats, languages, ports_.player, openForms),
-      waveCommands(Bench(), waveBoard, preview, notices, ports_.messages),
+      waveCommands(Bench(), waveBoard, filmShots, preview, notices, ports_.messages),
+      edges(Bench(), check.findings, filmShots, proposals),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
       helpDialogs(window, DescribeUpdates(), catalogue,
@@ -83,7 +86,10 @@ Program::Program(Ports ports, StartEnvironment environment)
       embedWizard(PartsOfWizards()),
       audioWizard(PartsOfWizards()),
       title(Bench(), history),
-      film(Bench(), ports_.player, capture, waveBoard),
+      film(Bench(), ports_.player, capture, waveBoard, filmShots),
+      filmWorkbench(Bench(), ports_.player, filmShots, ports_.messages),
+      pairing(Bench(), store, ports_.files, ports_.player, ports_.messages),
+      retakes(Bench(), ports_.player, capture, preview, notices),
       statusLine(Bench(), ports_.player),
       keys(window, store, options),
       keysDialog(keys, options, strings),
@@ -101,6 +107,7 @@ void Program::Connect() {
   ConnectRules();
   ConnectAudio();
   ConnectWave();
+  ConnectFilm();
   ConnectWizards();
   ConnectCommands();
   shell.Loading.Connect([this] {
@@ -125,10 +132,14 @@ void Program::Connect() {
 void Program::ConnectCommands() {
   states.Shown.Connect([this] {
     film.ShowItems();
+    filmWorkbench.ShowItems();
+    retakes.ShowItems();
     waveCommands.ShowItems();
+    edges.ShowItem();
     filmSound.ShowItem();
   });
   window.mnuKeys.Clicked.Connect([this] { keysDialog.Open(window.RightToLeft()); });
+  window.mnuShots.Clicked.Connect([this] { shotsDialog.Open(window.RightToLeft()); });
   window.mnuPalette.Clicked.Connect([this] { palette.Open(window.RightToLeft()); });
 }
 
@@ -142,7 +153,10 @@ void Program::ShowManner() {
   shell.ShowListFont();
   statusLine.Show();
   film.ShowItems();
+  filmWorkbench.ShowItems();
+  retakes.ShowItems();
   waveCommands.ShowItems();
+  edges.ShowItem();
   audioBar.ShowManner();
   if (audioBar.Loaded() && options.manner.WaveIsAWorkbench()) waveDetails.Open(document.WavePath);
   shell.UpdateBars();
@@ -215,6 +229,7 @@ void Program::ConnectAudio() {
     gone->Connect([this] {
       listView.ForgetFilm();
       filmSound.ForgetFilm();
+      filmShots.ForgetFilm();
       audioBar.Forget();
     });
   }

@@ -39,11 +39,15 @@
 #include "forms/dialogs.h"
 #include "forms/document_files.h"
 #include "forms/document_session.h"
+#include "forms/edge_command.h"
 #include "forms/editing_tools.h"
 #include "forms/embed_wizard.h"
 #include "forms/export_dialog.h"
 #include "forms/file_router.h"
 #include "forms/film_commands.h"
+#include "forms/film_pairing.h"
+#include "forms/film_shots.h"
+#include "forms/film_workbench.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
 #include "forms/house_check.h"
@@ -62,11 +66,13 @@
 #include "forms/recent_files.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
+#include "forms/retakes.h"
 #include "forms/retime_window.h"
 #include "forms/rules_commands.h"
 #include "forms/save_check.h"
 #include "forms/selection_commands.h"
 #include "forms/shell.h"
+#include "forms/shots_dialog.h"
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/status_line.h"
@@ -182,6 +188,8 @@ class Program final {
   WaveBoard waveBoard;
   AudioCommands audio;
   FilmSound filmSound;
+  FilmShots filmShots;
+  ShotsDialog shotsDialog;
   FileRouter router;
   Shell shell;
   WindowTexts texts;
@@ -198,6 +206,7 @@ class Program final {
   VoiceFitting fitting;
   RetimeWindow retime;
   WaveCommands waveCommands;
+  EdgeCommand edges;
   UndoCommands undo;
   JournalKeeper journal;
   HelpDialogs helpDialogs;
@@ -207,6 +216,9 @@ class Program final {
   AudioWizard audioWizard;
   WindowTitle title;
   FilmCommands film;
+  FilmWorkbench filmWorkbench;
+  FilmPairing pairing;
+  Retakes retakes;
   StatusLine statusLine;
   CommandKeys keys;
   KeysDialog keysDialog;
@@ -232,6 +244,7 @@ class Program final {
   void ConnectRules();
   void ConnectAudio();
   void ConnectWave();
+  void ConnectFilm();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
   void ConnectJournal();

@@ -1,4 +1,4 @@
-// What the wave that one works in hangs on.
+// What the wave that one works in hangs on, and the film.
 
 #include "forms/program.h"
 
@@ -12,13 +12,29 @@ void Program::ConnectWave() {
   waveDetails.Changed.Connect([this] { waveBoard.ShowAnew(); });
   waveBoard.HeightChosen.Connect([this] { shell.UpdateBars(); });
   // The rules in force may be others.
-  check.findings.Changed.Connect([this](Row, Row) {
-    const LiveFindings& found = check.findings;
-    // A film whose rate isn't known is counted as the house does.
-    const FrameRate rate = found.Rate().IsUsual() ? found.Rate() : found.Rules().rate;
-    const auto ms = [&](const HouseTime& time) { return found.Rules().MsOf(time, rate); };
-    waveBoard.SetRules({ms(found.Rules().minGap), ms(found.Rules().shotZone), ms(found.Rules().beforeShot)});
+  check.findings.Changed.Connect([this](Row, Row) { waveBoard.SetRules(EdgeRulesOf(check.findings)); });
+  filmShots.Changed.Connect([this] {
+    waveBoard.shots.SetShots(filmShots.Shots());
+    waveBoard.ShowAnew();
   });
+}
+
+void Program::ConnectFilm() {
+  film.Stepped.Connect([this](std::int64_t frame, Ms ms) {
+    if (options.manner.FilmIsAWorkbench()) statusLine.ShowFrame(frame, ms);
+  });
+  // The sound of another track has another wave, which is read by itself.
+  filmWorkbench.TrackChanged.Connect([this] {
+    if (!filmSound.Running() && !filmSound.Shown()) return;
+    filmSound.ForgetFilm();
+    audioBar.Forget();
+  });
+  pairing.Wanted.Connect([this](FileKind kind, const Text& path) { router.OpenAs(kind, path); });
+  session.Leaving.Connect([this](bool) { pairing.Remember(); });
+  for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
+    gone->Connect([this] { pairing.Remember(); });
+  }
+  session.Began.Connect([this](DocumentBaseline) { retakes.Forget(); });
 }
 
 }  // namespace cuewright

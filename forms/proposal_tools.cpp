@@ -112,6 +112,13 @@ int ProposalTools::Offer(const Text& title, EditKind kind, std::vector<Proposal>
   return Run({title}, kind, [&] { return proposals; });
 }
 
+int ProposalTools::OfferOf(const Text& title, EditKind kind,
+                           const std::function<std::vector<Proposal>(const std::vector<Row>&)>& propose) {
+  ProposalsContent content{title};
+  content.scope = true;
+  return Run(content, kind, [&] { return propose(WantedRows()); });
+}
+
 void ProposalTools::BreakLines() {
   const Text folder = folders_.AppFolder + u"breaks";
   ProposalsContent content{WithoutDots(bench_.strings[Message::BreakLines])};

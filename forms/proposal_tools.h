@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -23,6 +24,9 @@ class ProposalTools {
 
   /// Shows proposals and makes those that are taken, as one command; how many.
   int Offer(const Text& title, EditKind kind, std::vector<Proposal> proposals);
+  /// The same of what is proposed for rows, all or the selected ones as the user chooses in the window.
+  int OfferOf(const Text& title, EditKind kind,
+              const std::function<std::vector<Proposal>(const std::vector<Row>&)>& propose);
   /// Makes changes and shows the selected caption anew; how many.
   int Make(EditKind kind, const std::vector<Proposal>& proposals);
 

@@ -42,6 +42,14 @@ Text StatusLine::TextOfSelection() const {
          Fill(bench_.strings[Message::StatusSpeed], Decimal(tenths / 10) + u"." + Decimal(tenths % 10));
 }
 
+void StatusLine::ShowFrame(std::int64_t frame, Ms ms) {
+  Show();
+  Label& label = bench_.window.lblStatus;
+  const Text before = label.GetText();
+  label.SetText((before.empty() ? Text() : before + Text(kBetween)) +
+                Fill(bench_.strings[Message::StatusFrame], Decimal(frame), TimeCell(ms, {})));
+}
+
 void StatusLine::Show() {
   Label& label = bench_.window.lblStatus;
   label.SetVisible(bench_.options.manner.HasCalmWindow());

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
+
 #include "capture/workbench.h"
+#include "core/ms.h"
 #include "core/ports/player.h"
 
 namespace cuewright {
@@ -13,6 +16,8 @@ class StatusLine {
 
   /// Says what is: nothing without a document. In the classic manner the line isn't there.
   void Show();
+  /// Says what is, and which frame of the film is shown; until something else changes.
+  void ShowFrame(std::int64_t frame, Ms ms);
 
  private:
   Text TextOfSelection() const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "core/caption_time.h"
 #include "tools/insert_caption.h"
 
 namespace cuewright {
@@ -13,8 +14,9 @@ constexpr int kHigherBy = 5;  // the scale becomes four fifths of itself
 
 }  // namespace
 
-WaveCommands::WaveCommands(Workbench bench, WaveBoard& board, Preview& preview, Notices& notices, Messages& messages)
-    : bench_(bench), board_(board), preview_(preview), notices_(notices), messages_(messages) {
+WaveCommands::WaveCommands(Workbench bench, WaveBoard& board, FilmShots& shots, Preview& preview, Notices& notices,
+                           Messages& messages)
+    : bench_(bench), board_(board), shots_(shots), preview_(preview), notices_(notices), messages_(messages) {
   Wire();
 }
 
@@ -39,6 +41,8 @@ void WaveCommands::Wire() {
     bench_.options.waveSnaps = !bench_.options.waveSnaps;
     ShowChecks();
   });
+  w.mnuShotHere.Clicked.Connect([this] { TellShot(shots_.ToggleAtFilm()); });
+  w.mnuShotAtCursor.Clicked.Connect([this] { MarkShot(); });
   w.mnuInsertStretch.Clicked.Connect([this] { InsertStretch(); });
   board_.CaptionWanted.Connect([this] { InsertStretch(); });
   w.mnuStartSnapBack.Clicked.Connect([this] { SnapEdge(CaptionEdge::Start, true); });
@@ -59,7 +63,20 @@ void WaveCommands::ShowItems() {
        {&w.mnuInsertStretch, &w.mnuStartSnapBack, &w.mnuStartSnapOn, &w.mnuEndSnapBack, &w.mnuEndSnapOn}) {
     item->SetEnabled(document);
   }
+  for (MenuItem* item : {&w.mnuShotHere, &w.mnuShotAtCursor}) item->SetEnabled(bench_.document.HasVideo());
   ShowChecks();
+}
+
+void WaveCommands::MarkShot() {
+  const auto cursor = board_.Cursor();
+  if (!cursor) return Tell(Message::NoStretch);
+  TellShot(shots_.Toggle(*cursor));
+}
+
+void WaveCommands::TellShot(const std::optional<FilmShots::Marked>& marked) {
+  if (!marked) return;
+  const bool set = marked->change == ShotMarks::Change::Set;
+  notices_.Tell(set ? Message::ShotSet : Message::ShotTaken, MsToTimeText(marked->ms));
 }
 
 void WaveCommands::ShowChecks() {

@@ -66,6 +66,7 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuShift, Message::ShiftCaptions},
                               {w.mnuDelay, Message::SetDelay},
                               {w.mnuRetime, Message::RetimeItem},
+                              {w.mnuSnapTimes, Message::SnapTimesItem},
                               {w.mnuFit, Message::FitItem},
                               {w.mnuFitAll, Message::FitAllItem},
                               {w.mnuReset, Message::RemoveAllTiming},
@@ -109,6 +110,9 @@ void ShowFormatToSettings(MainWindow& w, const LangStrings& strings) {
                               {w.mnuWaveLook[2], Message::LookBoth},
                               {w.mnuWaveCentred, Message::WaveCentred},
                               {w.mnuWaveSnaps, Message::WaveSnaps},
+                              {w.mnuShotHere, Message::ShotHere},
+                              {w.mnuShotAtCursor, Message::ShotAtCursor},
+                              {w.mnuShots, Message::ShotsItem},
                               {w.mnuTools, Message::MenuTools},
                               {w.mnuKeys, Message::KeysOfCommands},
                               {w.mnuSpell, Message::SpellCheck},
@@ -184,7 +188,13 @@ void ShowFilm(MainWindow& w, const LangStrings& strings) {
                               {w.mnuStartSnapOn, Message::StartSnapOn},
                               {w.mnuEndSnapBack, Message::EndSnapBack},
                               {w.mnuEndSnapOn, Message::EndSnapOn},
-                              {w.mnuNextInPane, Message::NextInPane}};
+                              {w.mnuNextInPane, Message::NextInPane},
+                              {w.mnuGoToPosition, Message::GoToPositionItem},
+                              {w.mnuSoundTracks, Message::SoundTracksItem},
+                              {w.mnuHardware, Message::HardwareItem},
+                              {w.mnuRetake, Message::RetakeItem},
+                              {w.mnuTakeBefore, Message::TakeBeforeItem},
+                              {w.mnuRetakeSteps, Message::RetakeStepItem}};
   ShowTexts(rows, strings);
 }
 

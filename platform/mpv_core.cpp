@@ -4,6 +4,7 @@
 #include <charconv>
 #include <clocale>
 #include <cstring>
+#include <optional>
 
 namespace cuewright {
 namespace {
@@ -71,6 +72,37 @@ std::int64_t EntryOfResult(const mpv_node& node) {
     }
   }
   return 0;
+}
+
+std::optional<std::int64_t> ReadNumber(const MpvApi& api, mpv_handle* handle, const std::string& property) {
+  std::int64_t number = 0;
+  if (api.get_property(handle, property.c_str(), MPV_FORMAT_INT64, &number) < 0) return {};
+  return number;
+}
+
+std::string ReadString(const MpvApi& api, mpv_handle* handle, const std::string& property) {
+  char* value = nullptr;
+  if (api.get_property(handle, property.c_str(), MPV_FORMAT_STRING, &value) < 0 || value == nullptr) return {};
+  std::string text(value);
+  api.free(value);
+  return text;
+}
+
+std::vector<MpvSoundTrack> ReadSoundTracks(const MpvApi& api, mpv_handle* handle) {
+  std::vector<MpvSoundTrack> tracks;
+  const std::int64_t count = ReadNumber(api, handle, "track-list/count").value_or(0);
+  for (std::int64_t i = 0; i < count; ++i) {
+    const std::string track = "track-list/" + std::to_string(i) + "/";
+    if (ReadString(api, handle, track + "type") != "audio") continue;
+    const auto id = ReadNumber(api, handle, track + "id");
+    const auto stream = ReadNumber(api, handle, track + "ff-index");
+    if (!id || !stream) continue;
+    std::string words = ReadString(api, handle, track + "title");
+    const std::string language = ReadString(api, handle, track + "lang");
+    if (!language.empty()) words += (words.empty() ? "" : ", ") + language;
+    tracks.push_back({static_cast<int>(*id), static_cast<int>(*stream), std::move(words)});
+  }
+  return tracks;
 }
 
 bool ReadFlag(const MpvApi& api, mpv_handle* handle, const char* property) {
@@ -206,6 +238,7 @@ void MpvCore::TellOfFile() {
     double number = 0;
     if (api_.get_property(handle_, property, MPV_FORMAT_DOUBLE, &number) >= 0) Tell({.kind = kind, .number = number});
   }
+  Tell({.kind = MpvNews::Kind::SoundTracks, .tracks = ReadSoundTracks(api_, handle_)});
   Tell({.kind = MpvNews::Kind::Seekable, .flag = ReadFlag(api_, handle_, "seekable")});
 }
 

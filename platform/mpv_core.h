@@ -13,22 +13,30 @@
 
 namespace cuewright {
 
+/// A sound track as the library counts it.
+struct MpvSoundTrack {
+  int id = 0;      ///< the library's own
+  int stream = 0;  ///< of the file
+  std::string words;
+};
+
 /// What the library tells, in the order in which it happened. `load` is the number given to `Load`.
 struct MpvNews {
   enum class Kind {
-    Opened,      ///< the file is open; nothing of it is shown yet
-    Landed,      ///< the first picture and sound after opening or after the seek `seek`; `flag`: at the end already
-    SeekFailed,  ///< the seek `seek` can't be done
-    EndReached,  ///< the film stands at its end
-    Gone,        ///< the film was unloaded without anyone asking
-    Failed,      ///< the file can't be played: `text`
-    Duration,    ///< length in seconds: `number`
-    FrameRate,   ///< frames per second: `number`
-    Seekable,    ///< `flag`
-    AudioTrack,  ///< stream of the file that is heard: `number`
-    Width,       ///< of the picture as it is shown, in pixels: `number`
-    Height,      ///< the same
-    NoPicture,   ///< nothing is shown any more, whichever file is open
+    Opened,       ///< the file is open; nothing of it is shown yet
+    Landed,       ///< the first picture and sound after opening or after the seek `seek`; `flag`: at the end already
+    SeekFailed,   ///< the seek `seek` can't be done
+    EndReached,   ///< the film stands at its end
+    Gone,         ///< the film was unloaded without anyone asking
+    Failed,       ///< the file can't be played: `text`
+    Duration,     ///< length in seconds: `number`
+    FrameRate,    ///< frames per second: `number`
+    Seekable,     ///< `flag`
+    AudioTrack,   ///< stream of the file that is heard: `number`
+    Width,        ///< of the picture as it is shown, in pixels: `number`
+    Height,       ///< the same
+    SoundTracks,  ///< of the file: `tracks`
+    NoPicture,    ///< nothing is shown any more, whichever file is open
   };
   Kind kind = Kind::Opened;
   std::uint64_t load = 0;
@@ -36,6 +44,7 @@ struct MpvNews {
   double number = 0;
   bool flag = false;
   std::string text{};
+  std::vector<MpvSoundTrack> tracks{};
 };
 
 /// One instance of the library's player, with the thread that listens to it. Commands only queue up and never wait.

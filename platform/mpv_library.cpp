@@ -30,6 +30,7 @@ const char* FillTable(void* library, MpvApi& api) {
   CUEWRIGHT_FIND(command_async);
   CUEWRIGHT_FIND(set_property_async);
   CUEWRIGHT_FIND(get_property);
+  CUEWRIGHT_FIND(free);
   CUEWRIGHT_FIND(observe_property);
   CUEWRIGHT_FIND(request_log_messages);
   CUEWRIGHT_FIND(wait_event);

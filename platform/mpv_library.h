@@ -21,6 +21,7 @@ struct MpvApi {
   decltype(&::mpv_command_async) command_async = nullptr;
   decltype(&::mpv_set_property_async) set_property_async = nullptr;
   decltype(&::mpv_get_property) get_property = nullptr;
+  decltype(&::mpv_free) free = nullptr;
   decltype(&::mpv_observe_property) observe_property = nullptr;
   decltype(&::mpv_request_log_messages) request_log_messages = nullptr;
   decltype(&::mpv_wait_event) wait_event = nullptr;

@@ -26,6 +26,8 @@ namespace {
 
 constexpr int kErrorNoPlayer = 429;
 constexpr int kStateNothing = 0;
+/// What the card decodes comes back to where the picture is drawn.
+constexpr const char* kHardware = "auto-copy-safe";
 constexpr double kSameInstant = 0.005;
 constexpr double kUsualPicture = 0.04;  // seconds
 constexpr double kTicksASecond = 1000;  // some containers tell the ticks of their clock in place of the pictures
@@ -88,6 +90,7 @@ void MpvPlayer::StartCore() {
   core_->SetNumber("volume", volume_);
   core_->SetFlag("mute", muted_);
   core_->SetNumber("speed", speed_);
+  if (hardware_) core_->SetChoice("hwdec", kHardware);
   SetStretchToFit(stretch_);
   core_->Listen();
   sampler_ = std::make_unique<MpvSampler>(api, core_->Handle(), clock_);
@@ -157,6 +160,9 @@ void MpvPlayer::Forget() {
   startAt_.reset();
   duration_ = 0;
   audioTrack_ = -1;
+  soundTracks_.clear();
+  // A track that was chosen is a matter of its film.
+  if (core_ && std::exchange(trackChosen_, false)) core_->SetChoice("aid", "auto");
   // Nothing is told of what a film hasn't: it must not keep the rate of the previous one.
   SetFrameRate(0);
   picture_ = {};
@@ -203,6 +209,25 @@ void MpvPlayer::SetSpeed(double factor) {
   if (core_) core_->SetNumber("speed", speed_);
   clock_.SetSpeed(speed_, Now());
   TellControls();
+}
+
+std::vector<SoundTrack> MpvPlayer::SoundTracks() const {
+  std::vector<SoundTrack> tracks;
+  for (const MpvSoundTrack& track : soundTracks_) tracks.push_back({track.stream, FromUtf8(track.words)});
+  return tracks;
+}
+
+void MpvPlayer::SetAudioTrack(int stream) {
+  const auto track = std::ranges::find(soundTracks_, stream, &MpvSoundTrack::stream);
+  if (!core_ || track == soundTracks_.end()) return;
+  trackChosen_ = true;
+  core_->SetChoice("aid", std::to_string(track->id).c_str());
+}
+
+void MpvPlayer::SetHardwareDecoding(bool on) {
+  if (on == hardware_) return;
+  hardware_ = on;
+  if (core_) core_->SetChoice("hwdec", on ? kHardware : "no");
 }
 
 void MpvPlayer::SetMuted(bool muted) {
@@ -356,6 +381,9 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       break;
     case MpvNews::Kind::AudioTrack:
       audioTrack_ = static_cast<int>(news.number);
+      break;
+    case MpvNews::Kind::SoundTracks:
+      soundTracks_ = news.tracks;
       break;
     case MpvNews::Kind::NoPicture:
       break;

@@ -19,6 +19,7 @@ class MpvLibrary;
 class MpvSampler;
 class MpvVideo;
 struct MpvNews;
+struct MpvSoundTrack;
 
 /// How a player is set up.
 struct MpvPlayerOptions {
@@ -70,6 +71,9 @@ class MpvPlayer final : public Player, public VideoFrames {
   double Duration() const override { return duration_; }
   bool AtEnd() const override;
   int AudioTrack() const override { return audioTrack_; }
+  std::vector<SoundTrack> SoundTracks() const override;
+  void SetAudioTrack(int stream) override;
+  void SetHardwareDecoding(bool on) override;
 
   VideoOutput Output() const override { return output_; }
   void SetSurfaceSize(int width, int height) override;
@@ -121,6 +125,9 @@ class MpvPlayer final : public Player, public VideoFrames {
   double framesPerSecond_ = 0;  // 0: not known
   PictureSize picture_;
   int audioTrack_ = -1;
+  std::vector<MpvSoundTrack> soundTracks_;
+  bool trackChosen_ = false;
+  bool hardware_ = false;
 
   std::uint64_t seek_ = 0;  // number of the newest seek
   bool seeking_ = false;    // it has not landed

@@ -23,6 +23,7 @@ namespace {
 constexpr std::string_view kEnding = ".wav";
 constexpr std::string_view kUnfinished = ".part";
 constexpr std::string_view kTable = ".bands";   // beside a sound: what it is made of
+constexpr std::string_view kShots = ".shots";   // what was measured of a film's pictures
 constexpr std::string_view kVersion = "2/";     // of the way in which the sounds are made
 constexpr std::time_t kStraySeconds = 10 * 60;  // what is being written was written to a moment ago
 constexpr std::size_t kHeader = 8;
@@ -63,7 +64,10 @@ std::vector<Kept> KeptFiles(const std::string& folder) {
     struct stat info {};
     const std::string path = entry.path().string();
     if (::lstat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
-    if (!path.ends_with(kEnding) && !path.ends_with(kUnfinished) && !path.ends_with(kTable)) continue;
+    if (!path.ends_with(kEnding) && !path.ends_with(kUnfinished) && !path.ends_with(kTable) &&
+        !path.ends_with(kShots)) {
+      continue;
+    }
     files.push_back({path, static_cast<std::uint64_t>(info.st_size), info.st_mtim});
   }
   std::sort(files.begin(), files.end(), [](const Kept& a, const Kept& b) {

@@ -129,6 +129,10 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"WaveLook", kNumber<&O::waveLook>, MainWindow},
     {u"WaveCentred", kFlag<&O::waveCentred>, MainWindow, "mnuWaveCentred"},
     {u"WaveSnaps", kFlag<&O::waveSnaps>, MainWindow, "mnuWaveSnaps"},
+    {u"FindShots", kFlag<&O::findShots>, MainWindow},
+    {u"ShotSense", kNumber<&O::shotSense>, MainWindow},
+    {u"HardwareDecoding", kFlag<&O::hardwareDecoding>, MainWindow, "mnuHardware"},
+    {u"RetakeStep", kNumber<&O::retakeStep>, MainWindow},
 });
 
 }  // namespace

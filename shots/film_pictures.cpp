@@ -37,8 +37,10 @@ bool NumberBehind(std::string_view line, std::string_view word, std::int64_t& nu
   return std::from_chars(line.data() + at, line.data() + line.size(), number).ec == std::errc();
 }
 
+}  // namespace
+
 /// Puts the pictures of the output and the times of the log together.
-class Joiner {
+class FilmPictures::Joiner {
  public:
   explicit Joiner(ShotMeasurer& measurer) : measurer_(measurer) {}
 
@@ -59,9 +61,13 @@ class Joiner {
   }
 
   std::size_t Count() const { return count_; }
-  /// The last line of the log that is no time: what the decoder complained of.
-  const std::string& LastWords() const { return words_; }
-  bool AllJoined() const { return bytes_.empty() && times_.empty(); }
+  double Seconds() const { return static_cast<double>(lastUs_) / kUsASecond; }
+  /// Why the film wasn't read whole by a program that ended like this; empty when it was.
+  std::string Problem(int status) const {
+    if (count_ == 0) return words_.empty() ? "the film has no pictures" : words_;
+    if (status == 0 && bytes_.empty() && times_.empty()) return {};
+    return "the film was read up to picture " + std::to_string(count_) + " only: " + words_;
+  }
 
  private:
   void TakeLine(std::string_view line) {
@@ -90,7 +96,8 @@ class Joiner {
     std::size_t from = 0;
     for (; !times_.empty() && bytes_.size() - from >= Thumbnail::kBytes; from += Thumbnail::kBytes) {
       std::memcpy(thumbnail_.bytes.data(), bytes_.data() + from, Thumbnail::kBytes);
-      measurer_.Add(thumbnail_, InUs(times_.front()));
+      lastUs_ = InUs(times_.front());
+      measurer_.Add(thumbnail_, lastUs_);
       times_.pop_front();
       ++count_;
     }
@@ -104,45 +111,51 @@ class Joiner {
   ShotMeasurer& measurer_;
   std::string bytes_;
   std::string log_;
-  std::string words_;
+  std::string words_;  ///< the last line of the log that is no time: what the decoder complained of
   std::deque<std::int64_t> times_;
   std::int64_t base_ = 1;
   std::int64_t unit_ = kUsASecond;
   std::int64_t last_ = 0;
+  std::int64_t lastUs_ = 0;
   std::size_t count_ = 0;
   Thumbnail thumbnail_;
 };
 
-std::string ProblemOf(int status, const Joiner& joiner) {
-  if (joiner.Count() == 0) {
-    return joiner.LastWords().empty() ? "the film has no pictures" : joiner.LastWords();
-  }
-  if (status != 0 || !joiner.AllJoined()) {
-    return "the film was read up to picture " + std::to_string(joiner.Count()) + " only: " + joiner.LastWords();
-  }
-  return {};
+FilmPictures::FilmPictures(Processes& processes, TextView film, ShotMeasurer& measurer, bool gently)
+    : measurer_(measurer), joiner_(std::make_unique<Joiner>(measurer)) {
+  std::vector<Text> arguments = Arguments(film);
+  if (gently) arguments.insert(arguments.begin(), {u"-n", u"15", Text(kDecoder)});
+  child_ = processes.Start(gently ? u"nice" : Text(kDecoder), arguments, {.errors = true});
 }
 
-}  // namespace
+FilmPictures::~FilmPictures() = default;
+
+std::optional<FilmReading> FilmPictures::Poll() {
+  // What ends a program comes behind the last that it wrote.
+  const std::optional<int> status = child_->Ended();
+  joiner_->TakePictures(child_->TakeOutput());
+  joiner_->TakeLog(child_->TakeErrors());
+  if (!status) return {};
+  measurer_.Finish();
+  return FilmReading{joiner_->Problem(*status), false};
+}
+
+void FilmPictures::Wait(int ms) { child_->Wait(ms); }
+std::size_t FilmPictures::Count() const { return joiner_->Count(); }
+double FilmPictures::Seconds() const { return joiner_->Seconds(); }
 
 FilmReading MeasureFilm(Processes& processes, TextView film, ShotMeasurer& measurer,
                         const std::function<bool(std::size_t)>& goOn) {
-  std::unique_ptr<ChildProcess> child;
+  std::unique_ptr<FilmPictures> pictures;
   CarryOn errors;
-  errors([&] { child = processes.Start(Text(kDecoder), Arguments(film), {.errors = true}); });
-  if (!child) return {"ffmpeg can't be started; the package ffmpeg has it", false};
-  Joiner joiner(measurer);
-  std::optional<int> status;
-  while (!status) {
-    child->Wait(kWaitMs);
-    // What ends a program comes behind the last that it wrote.
-    status = child->Ended();
-    joiner.TakePictures(child->TakeOutput());
-    joiner.TakeLog(child->TakeErrors());
-    if (!goOn(joiner.Count())) return {{}, true};
+  errors([&] { pictures = std::make_unique<FilmPictures>(processes, film, measurer, false); });
+  if (!pictures) return {"ffmpeg can't be started; the package ffmpeg has it", false};
+  for (;;) {
+    pictures->Wait(kWaitMs);
+    const std::optional<FilmReading> reading = pictures->Poll();
+    if (reading) return *reading;
+    if (!goOn(pictures->Count())) return {{}, true};
   }
-  measurer.Finish();
-  return {ProblemOf(*status, joiner), false};
 }
 
 FrameRate RateOfFilm(Processes& processes, TextView film) {

@@ -18,6 +18,7 @@
 #include "ui/report_view.h"
 #include "ui/retime_view.h"
 #include "ui/settings_view.h"
+#include "ui/shots_view.h"
 #include "ui/spell_view.h"
 #include "ui/update_view.h"
 
@@ -58,6 +59,7 @@ void AddDialogs(Windows& windows, Program& program) {
   windows.AddFree<FormatView>(program.dialogs.format);
   windows.AddFree<KeysView>(program.keysDialog);
   windows.AddFree<PaletteView>(program.palette);
+  windows.AddFree<ShotsView>(program.shotsDialog);
   windows.AddFree<AboutView>(program.helpDialogs.about);
   windows.AddFree<UpdateView>(program.helpDialogs.update);
 }

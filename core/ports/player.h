@@ -4,6 +4,7 @@
 #include <functional>
 
 #include <utility>
+#include <vector>
 
 #include "core/signal.h"
 #include "text/text.h"
@@ -22,6 +23,14 @@ struct PictureSize {
   int height = 0;
 
   explicit operator bool() const { return width > 0 && height > 0; }
+};
+
+/// A sound track of a film: the number of its stream in the file, and its title and language as far as they are told.
+struct SoundTrack {
+  int stream = -1;
+  Text words{};
+
+  bool operator==(const SoundTrack&) const = default;
 };
 
 /// The embedded media player. All calls and all announcements are on the window's thread.
@@ -87,6 +96,12 @@ class Player {
 
   /// Number of the stream in the file that is heard; -1 when unknown.
   virtual int AudioTrack() const { return -1; }
+  /// The sound tracks of the open film, in its order, and hearing one of them by its stream.
+  virtual std::vector<SoundTrack> SoundTracks() const { return {}; }
+  virtual void SetAudioTrack(int /*stream*/) {}
+
+  /// Films are decoded by the graphics card where there is one that can.
+  virtual void SetHardwareDecoding(bool /*on*/) {}
 
   Signal<Player, int> PlayStateChange;            ///< the new state
   Signal<Player, double, double> PositionChange;  ///< a seek has landed: old and new position in seconds

@@ -291,6 +291,35 @@ TEST_F(MpvPlayerTest, ASeekPastTheEndWhilePausedStaysPaused) {
   EXPECT_EQ(player->PlayState(), kPlayerPlaying);
 }
 
+TEST_F(MpvPlayerTest, TellsTheSoundTracksAndHearsTheOneThatIsChosen) {
+  const std::string film =
+      Media().Make("two_tracks.mkv",
+                   "-f lavfi -i color=red:s=64x36:r=25:d=3 -f lavfi -i sine=440:d=3 -f lavfi -i sine=880:d=3 "
+                   "-map 0 -map 1 -map 2 -metadata:s:a:0 language=fre -metadata:s:a:1 title=Remarks");
+  Open(film);
+  ASSERT_TRUE(WaitForPosition(0.1));
+  const std::vector<SoundTrack> tracks = player->SoundTracks();
+  EXPECT_EQ(tracks, (std::vector<SoundTrack>{{1, u"fre"}, {2, u"Remarks"}}));
+  EXPECT_TRUE(queue.RunUntil([&] { return player->AudioTrack() == 1; }));
+  player->SetAudioTrack(2);
+  EXPECT_TRUE(queue.RunUntil([&] { return player->AudioTrack() == 2; }));
+  // The next film begins with its first one.
+  Open(Media().Film(3));
+  EXPECT_TRUE(player->SoundTracks().empty());
+  EXPECT_TRUE(queue.RunUntil([&] { return player->SoundTracks().size() == 1; }));
+  Open(film);
+  EXPECT_TRUE(queue.RunUntil([&] { return player->AudioTrack() == 1; }));
+}
+
+TEST_F(MpvPlayerTest, AFilmPlaysOnWhenTheGraphicsCardIsToDecodeIt) {
+  player->SetHardwareDecoding(true);
+  Open(Media().Film(3));
+  EXPECT_TRUE(WaitForPosition(0.3));
+  player->SetHardwareDecoding(false);
+  EXPECT_TRUE(WaitForPosition(0.8));
+  EXPECT_THAT(errors, IsEmpty());
+}
+
 TEST_F(MpvPlayerTest, PlayAtTheEndBeginsAnew) {
   Open(Media().Film(2));
   ASSERT_TRUE(WaitForPosition(0.2));

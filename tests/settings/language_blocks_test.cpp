@@ -19,6 +19,9 @@ using testing::LanguageRig;
 /// From here on texts may still wait for their translators: English and Spanish alone have all of them.
 constexpr int kFirstNewText = 1000;
 
+/// The newest ones, which a language may have or not, each by itself.
+bool IsNewest(int id) { return (id > 1530 && id < 1600) || id > 1607; }
+
 const std::filesystem::path kMessages = CUEWRIGHT_SOURCE_DIR "/resources/messages";
 
 std::vector<std::string> LanguageFiles() {
@@ -47,23 +50,28 @@ std::set<int> SameAsEnglish(const std::string& name) {
       // No, Color, Web, Unicode, what stands between two names or beside a number
       {"spanish", {69, 264, 349, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
-      {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
+      {"german",
+       {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417, 1133, 1151, 1191, 1198, 1395, 1397, 1399, 1526}},
       {"portuguese_br", {66, 381, 911}},   // OK, Bilinear, Volume
       {"italian", {0, 66, 69, 380, 911}},  // File, OK, No, Standard, Volume
       // Format, Options, OK, Version, Pause, minute, minutes, Style, Format, Mode, Standard, Volume
-      {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911, 982}},
-      {"portuguese", {66, 381, 911}},                        // OK, Bilinear, Volume
-      {"dutch", {6, 21, 66}},                                // Help, Status, OK
-      {"japanese", {66}},                                    // OK
+      {"french", {2, 26, 66, 88, 127, 172, 173, 336, 361, 378, 380, 911, 982, 1115, 1133, 1191, 1395, 1397}},
+      {"portuguese", {66, 381, 911}},                                                      // OK, Bilinear, Volume
+      {"dutch", {6, 21, 66, 1133, 1151, 1160, 1191, 1198, 1285, 1395, 1397, 1399, 1507}},  // Help, Status, OK
+      {"japanese", {66}},                                                                  // OK
       {"swedish", {2, 21, 40, 66, 88, 229, 360, 361, 380}},  // Format, Status, Start, OK, Version, Text, Standard
       // Format, Status, Start, OK, Version, Pause, Stop, Tolerance: %1 ms, Standard
-      {"danish", {2, 21, 40, 66, 88, 127, 128, 208, 361, 380, 976}},
-      {"hungarian", {66}},                                       // OK
+      {"danish", {2, 21, 40, 66, 88, 127, 128, 208, 361, 380, 976, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},
+      {"hungarian", {66, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},  // OK
       {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417}},  // Format, OK, Font, Text, Standard, Bicubic, Player
-      {"catalan", {2, 69, 229, 264, 360, 361, 378}},             // Format, No, Text, Color, Mode
-      {"croatian", {216}},                                       // Font
-      {"finnish", {66}},                                         // OK
-      {"indonesian", {2, 21, 66, 361}},                          // Format, Status, OK
+      {"catalan",
+       {2, 69, 229, 264, 360, 361, 378, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},  // Format, No, Text, Color, Mode
+      {"croatian", {216, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},           // Font
+      {"finnish", {66, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},                   // OK
+      {"arabic", {1133, 1151, 1191, 1198, 1397, 1399}},
+      {"bulgarian", {1151, 1191, 1198, 1397, 1399}},
+      {"greek", {1133, 1151, 1191, 1198, 1397, 1399}},
+      {"indonesian", {2, 21, 66, 361, 1133, 1151, 1160, 1191, 1198, 1397, 1399}},  // Format, Status, OK
   };
   const auto at = kRows.find(name);
   return at == kRows.end() ? std::set<int>() : at->second;
@@ -79,7 +87,7 @@ const std::set<Text>& LatinWords() {
       u"PAL",        u"NTSC",      u"WAV",          u"PCM",        u"VBR",        u"CBR",
       u"DVD",        u"DLL",       u"FPS",          u"KB",         u"FN",         u"A",
       u"Z",          u"plugins",   u"subtitler",    u"exe",        u"AutoUpdate", u"OK",
-      u"Hz",         u"Enter",     u"UpdateSite"};
+      u"Hz",         u"Enter",     u"UpdateSite",   u"ms"};
   return kWords;
 }
 
@@ -146,7 +154,7 @@ TEST_P(LanguageBlock, HasAllOfTheNewTextsOrNone) {
   std::string lacking;
   int present = 0;
   ForEachEnglishText([&](int id) {
-    if (id < kFirstNewText) return;
+    if (id < kFirstNewText || IsNewest(id)) return;
     if (Has(id)) {
       ++present;
     } else {
@@ -251,7 +259,9 @@ TEST_P(LanguageBlock, IsWrittenInItsScript) {
       const bool strange = u_isalpha(unit) && script == USCRIPT_LATIN && found != USCRIPT_LATIN;
       EXPECT_FALSE(strange) << Row(id, Own(id));
     }
-    EXPECT_TRUE(own || same.contains(id)) << Row(id, Own(id));
+    // Places for values and what stands between them are of no script.
+    const bool words = std::ranges::any_of(WithLastForms(English(id)), [](char16_t unit) { return u_isalpha(unit); });
+    EXPECT_TRUE(own || !words || same.contains(id)) << Row(id, Own(id));
   });
 }
 

@@ -74,7 +74,7 @@ TEST(OptionTable, IsStoredInItsOrder) {
             "P_VSFILTERMODE=0\nVolume=50\nM_FONTBOLD=0\nM_FONTNAME=Tahoma\nM_FONTSIZE=8\nM_INFOBAR=255\n"
             "InfoBarUnfolded=0\nToolBar=255\nM_AUDIOBAR=0\nM_FULLWAVE=0\nRawMarks=0\nCaptionColumns=\nCaptionTimes=0\n"
             "M_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\nWaveZoom=10000\nWaveHeight=180\nWaveLook=0\nWaveCentred=0\n"
-            "WaveSnaps=255\n");
+            "WaveSnaps=255\nFindShots=255\nShotSense=100\nHardwareDecoding=0\nRetakeStep=0\n");
 }
 
 }  // namespace

@@ -62,6 +62,9 @@ class FakePlayer final : public Player {
   PictureSize Picture() const override { return picture; }
   double Duration() const override { return duration; }
   int AudioTrack() const override { return audioTrack; }
+  std::vector<SoundTrack> SoundTracks() const override { return soundTracks; }
+  void SetAudioTrack(int stream) override { audioTrack = stream; }
+  void SetHardwareDecoding(bool on) override { hardware = on; }
 
   /// Changes the state and announces it.
   void Become(int newState) {
@@ -88,6 +91,8 @@ class FakePlayer final : public Player {
   double duration = 0;
   double framesPerSecond = 0;
   int audioTrack = -1;
+  std::vector<SoundTrack> soundTracks;
+  bool hardware = false;
   std::vector<double> seeks;
 };
 

@@ -1,0 +1,58 @@
+#include "forms/edge_command.h"
+
+#include "audio/edge_snapping.h"
+#include "text/labels.h"
+
+namespace cuewright {
+namespace {
+
+/// Gaps of fewer frames look like a flicker: houses close them up.
+constexpr HouseTime kChained{0, 12};
+
+}  // namespace
+
+EdgeRules EdgeRulesOf(const LiveFindings& findings) {
+  const HouseRules& rules = findings.Rules();
+  // A film whose rate isn't known is counted as the house does.
+  const FrameRate rate = findings.Rate().IsUsual() ? findings.Rate() : rules.rate;
+  const auto ms = [&](const HouseTime& time) { return rules.MsOf(time, rate); };
+  return {ms(rules.minGap), ms(rules.shotZone), ms(rules.beforeShot), ms(kChained)};
+}
+
+EdgeCommand::EdgeCommand(Workbench bench, const LiveFindings& findings, const FilmShots& shots,
+                         ProposalTools& proposals)
+    : bench_(bench), findings_(findings), shots_(shots), proposals_(proposals) {
+  bench_.window.mnuSnapTimes.Clicked.Connect([this] {
+    if (!bench_.document.HasDocument()) return;
+    const Text title = WithoutDots(bench_.strings[Message::SnapTimesItem]);
+    proposals_.OfferOf(title, EditKind::SetTimes, [this](const std::vector<Row>& rows) { return Propose(rows); });
+  });
+}
+
+void EdgeCommand::ShowItem() {
+  MenuItem& item = bench_.window.mnuSnapTimes;
+  item.SetVisible(bench_.options.manner.WaveIsAWorkbench());
+  item.SetEnabled(bench_.document.HasDocument());
+}
+
+std::vector<Proposal> EdgeCommand::Propose(const std::vector<Row>& rows) const {
+  const CaptionList& list = bench_.list;
+  std::vector<CaptionTimes> times;
+  for (Row row = 1; row < list.Rows(); ++row) times.push_back(list.TimesAt(row));
+  std::vector<bool> wanted(times.size());
+  for (const Row row : rows) wanted[static_cast<std::size_t>(row - 1)] = true;
+  const std::vector<CaptionTimes> snapped = SnapEdges(times, wanted, shots_.Shots(), EdgeRulesOf(findings_));
+  std::vector<Proposal> proposals;
+  for (const Row row : rows) {
+    const CaptionTimes& to = snapped[static_cast<std::size_t>(row - 1)];
+    const CaptionTimes from = list.TimesAt(row);
+    if (to.start == from.start && to.end == from.end) continue;
+    Caption after = list.At(row);
+    after.start = to.start;
+    after.end = to.end;
+    proposals.push_back({row, std::move(after)});
+  }
+  return proposals;
+}
+
+}  // namespace cuewright

@@ -1,0 +1,62 @@
+#include "shots/measure_bytes.h"
+
+#include <bit>
+#include <cstdint>
+
+namespace cuewright {
+namespace {
+
+/// The number at its end is that of the way in which pictures are measured.
+constexpr std::string_view kHead = "CWSHOTS1";
+constexpr std::size_t kPictureBytes = 32;
+
+/// The lowest byte first, on every machine.
+template <class Number>
+void Put(Number number, std::string& to) {
+  for (std::size_t i = 0; i < sizeof(Number); ++i) to += static_cast<char>(number >> (8 * i) & 0xFF);
+}
+
+template <class Number>
+Number Take(std::string_view& from) {
+  Number number = 0;
+  for (std::size_t i = 0; i < sizeof(Number); ++i) {
+    number |= static_cast<Number>(static_cast<Number>(static_cast<std::uint8_t>(from[i])) << (8 * i));
+  }
+  from.remove_prefix(sizeof(Number));
+  return number;
+}
+
+constexpr float PictureMeasure::*kFloats[] = {&PictureMeasure::step, &PictureMeasure::break_,
+                                              &PictureMeasure::colourStep, &PictureMeasure::colourBreak,
+                                              &PictureMeasure::mix};
+
+}  // namespace
+
+std::string BytesOf(const std::vector<PictureMeasure>& measures) {
+  std::string bytes(kHead);
+  bytes.reserve(kHead.size() + 8 + measures.size() * kPictureBytes);
+  Put<std::uint64_t>(measures.size(), bytes);
+  for (const PictureMeasure& measure : measures) {
+    Put(static_cast<std::uint64_t>(measure.us), bytes);
+    for (const auto member : kFloats) Put(std::bit_cast<std::uint32_t>(measure.*member), bytes);
+    Put(static_cast<std::uint32_t>(measure.span), bytes);
+  }
+  return bytes;
+}
+
+bool ReadMeasures(std::string_view bytes, std::vector<PictureMeasure>& measures) {
+  measures.clear();
+  if (!bytes.starts_with(kHead) || bytes.size() < kHead.size() + 8) return false;
+  bytes.remove_prefix(kHead.size());
+  const auto count = Take<std::uint64_t>(bytes);
+  if (bytes.size() % kPictureBytes != 0 || bytes.size() / kPictureBytes != count) return false;
+  measures.resize(count);
+  for (PictureMeasure& measure : measures) {
+    measure.us = static_cast<std::int64_t>(Take<std::uint64_t>(bytes));
+    for (const auto member : kFloats) measure.*member = std::bit_cast<float>(Take<std::uint32_t>(bytes));
+    measure.span = static_cast<std::int32_t>(Take<std::uint32_t>(bytes));
+  }
+  return true;
+}
+
+}  // namespace cuewright
