@@ -18,7 +18,7 @@ class Snapper {
 
   CaptionTimes ToShots(const CaptionTimes& times) const {
     CaptionTimes snapped = times;
-    if (const auto shot = ShotNear(times.start)) snapped.start = std::max(*shot, 1);
+    if (const auto shot = ShotNear(times.start)) snapped.start = std::max<Ms>(*shot, 1);
     if (const auto shot = ShotNear(times.end)) snapped.end = *shot - rules_.beforeShot;
     return IsLong(snapped) ? snapped : times;
   }
@@ -40,7 +40,7 @@ class Snapper {
     std::optional<Ms> nearest;
     if (behind != shots_.end()) nearest = *behind;
     if (behind != shots_.begin() && (!nearest || ms - *(behind - 1) <= *nearest - ms)) nearest = *(behind - 1);
-    return nearest && std::abs(*nearest - ms) < rules_.shotZone ? nearest : std::nullopt;
+    return nearest && Abs(*nearest - ms) < rules_.shotZone ? nearest : std::nullopt;
   }
 
   /// A caption that ends at `end` and went on to `to` would be seen over a change of shot, or too near to one.

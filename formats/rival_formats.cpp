@@ -33,7 +33,7 @@ struct Faults {
   auto Order() const { return std::tuple(highestFrame >= kUsualFrames, notUnderstood, notTimed, digits); }
 };
 
-int FrameOf(std::int32_t time) { return time % 1000 / 10; }
+int FrameOf(Ms time) { return (time % 1000).Count() / 10; }
 
 Faults FaultsOf(const TrialReading& trial) {
   Faults faults;
@@ -50,7 +50,7 @@ Faults FaultsOf(const TrialReading& trial) {
 /// Puts the frames where they are at a rate that isn't that of hundredths.
 void CountFrames(std::vector<Caption>& rows) {
   for (Caption& row : rows) {
-    for (std::int32_t* time : {&row.start, &row.end}) *time += FrameOf(*time) * (1000 / kSomeRate - 10);
+    for (Ms* time : {&row.start, &row.end}) *time += FrameOf(*time) * (1000 / kSomeRate - 10);
   }
 }
 

@@ -40,11 +40,11 @@ std::vector<Proposal> EdgeCommand::Propose(const std::vector<Row>& rows) const {
   std::vector<CaptionTimes> times;
   for (Row row = 1; row < list.Rows(); ++row) times.push_back(list.TimesAt(row));
   std::vector<bool> wanted(times.size());
-  for (const Row row : rows) wanted[static_cast<std::size_t>(row - 1)] = true;
+  for (const Row row : rows) wanted[row.Index()] = true;
   const std::vector<CaptionTimes> snapped = SnapEdges(times, wanted, shots_.Shots(), EdgeRulesOf(findings_));
   std::vector<Proposal> proposals;
   for (const Row row : rows) {
-    const CaptionTimes& to = snapped[static_cast<std::size_t>(row - 1)];
+    const CaptionTimes& to = snapped[row.Index()];
     const CaptionTimes from = list.TimesAt(row);
     if (to.start == from.start && to.end == from.end) continue;
     Caption after = list.At(row);

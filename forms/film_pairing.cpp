@@ -53,7 +53,7 @@ void FilmPairing::Keep(const std::vector<Pair>& pairs) {
     const Pair pair = i < pairs.size() ? pairs[i] : Pair();
     values.emplace_back(KeyOf(u"Text", i), pair.text);
     values.emplace_back(KeyOf(u"Film", i), pair.film);
-    values.emplace_back(KeyOf(u"At", i), Decimal(pair.ms));
+    values.emplace_back(KeyOf(u"At", i), Decimal(pair.ms.Count()));
   }
   if (!values.empty()) store_.SaveSettings(kSection, values);
 }
@@ -90,7 +90,7 @@ void FilmPairing::OnFilm() {
   }
   // One goes on where one has left off, with the same text alone.
   if (known && bench_.document.SubtitlePath == pair->text && pair->ms > 0) {
-    player_.SetCurrentPosition(pair->ms / 1000.0);
+    player_.SetCurrentPosition(pair->ms.Seconds());
   }
 }
 

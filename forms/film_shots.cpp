@@ -131,7 +131,7 @@ void FilmShots::Finish(const FilmReading& reading) {
 
 void FilmShots::Decide() {
   found_.clear();
-  for (const Shot& shot : FindShots(measures_, bench_.options.shotSense / 100.0)) found_.push_back(shot.Ms());
+  for (const Shot& shot : FindShots(measures_, bench_.options.shotSense / 100.0)) found_.push_back(shot.At());
   shots_ = marks_.Apply(found_);
   Changed();
 }

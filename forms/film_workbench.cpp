@@ -90,7 +90,7 @@ void FilmWorkbench::GoToPosition() {
     messages_.Show({Fill(strings[Message::PositionNotUnderstood], typed), BoxIcon::Warning, BoxButtons::Ok, title});
     return;
   }
-  player_.SetCurrentPosition(*ms / 1000.0);
+  player_.SetCurrentPosition(ms->Seconds());
 }
 
 }  // namespace cuewright

@@ -72,16 +72,16 @@ void Retakes::Retake() {
   const Row end = atEnd ? selected + 1 : selected;
   const Row first = FirstBefore(end);
   if (first == 0) return notices_.Tell(Message::NothingToRetake);
-  if (takes_.size() < static_cast<std::size_t>(end)) takes_.resize(static_cast<std::size_t>(end));
+  if (takes_.size() < end.Index()) takes_.resize(end.Index());
   for (Row row = first; row < end; ++row) {
-    std::vector<CaptionTimes>& takes = takes_[static_cast<std::size_t>(row - 1)];
+    std::vector<CaptionTimes>& takes = takes_[row.Index()];
     if (takes.empty() || takes.back() != list.TimesAt(row)) takes.push_back(list.TimesAt(row));
   }
   if (capture_.Mode() == CaptionMode::Preview) capture_.SelectMode(CaptionMode::PressAndHold);
   // The first one is no neighbour of what was captured last.
   capture_.ForgetPriorEnd();
   list.MoveSelection(first);
-  player_.SetCurrentPosition(std::max(list.TimesAt(first).start - kLeadMs, 0) / 1000.0);
+  player_.SetCurrentPosition(std::max<Ms>(list.TimesAt(first).start - kLeadMs, 0).Seconds());
   player_.Play();
 }
 
@@ -89,7 +89,7 @@ void Retakes::TakeBefore() {
   CaptionList& list = bench_.list;
   const Row row = list.Selected();
   if (!list.InRange(row) || capture_.Capturing()) return;
-  const auto index = static_cast<std::size_t>(row - 1);
+  const auto index = row.Index();
   if (index >= takes_.size() || takes_[index].empty()) return notices_.Tell(Message::NoTakeBefore);
   const CaptionTimes now = list.TimesAt(row);
   std::vector<CaptionTimes>& takes = takes_[index];
@@ -109,7 +109,7 @@ void Retakes::TakeBefore() {
 }
 
 void Retakes::OnSplice(const Splice& splice) {
-  const auto first = static_cast<std::size_t>(splice.first - 1);
+  const auto first = splice.first.Index();
   if (splice.TimesOnly() || splice.removed == splice.added || first >= takes_.size()) return;
   const auto kept = first + static_cast<std::size_t>(std::min(splice.removed, splice.added));
   if (splice.removed > splice.added) {

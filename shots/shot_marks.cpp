@@ -11,9 +11,8 @@ constexpr std::string_view kSet = "set ";
 constexpr std::string_view kTaken = "taken ";
 
 /// The one nearest to a time, no further away than `reach`; else the end.
-std::vector<Ms>::const_iterator Nearest(const std::vector<Ms>& times, Ms ms,
-                                                  Ms reach) {
-  const auto away = [ms](Ms time) { return std::abs(std::int64_t{time} - ms); };
+std::vector<Ms>::const_iterator Nearest(const std::vector<Ms>& times, Ms ms, Ms reach) {
+  const auto away = [ms](Ms time) { return Abs(time - ms); };
   const auto nearest = std::ranges::min_element(times, {}, away);
   return nearest != times.end() && away(*nearest) <= reach ? nearest : times.end();
 }
@@ -51,8 +50,8 @@ void ShotMarks::Clear() {
 
 std::string ShotMarks::Lines() const {
   std::string lines;
-  for (const Ms ms : set_) lines += std::string(kSet) + std::to_string(ms) + '\n';
-  for (const Ms ms : taken_) lines += std::string(kTaken) + std::to_string(ms) + '\n';
+  for (const Ms ms : set_) lines += std::string(kSet) + std::to_string(ms.Count()) + '\n';
+  for (const Ms ms : taken_) lines += std::string(kTaken) + std::to_string(ms.Count()) + '\n';
   return lines;
 }
 
@@ -64,7 +63,7 @@ void ShotMarks::Read(std::string_view lines) {
     lines.remove_prefix(std::min(end + 1, lines.size()));
     const bool set = line.starts_with(kSet);
     if (!set && !line.starts_with(kTaken)) continue;
-    Ms ms = 0;
+    std::int32_t ms = 0;
     const char* const first = line.data() + (set ? kSet : kTaken).size();
     const char* const last = line.data() + line.size();
     const auto read = std::from_chars(first, last, ms);
