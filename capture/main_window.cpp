@@ -9,9 +9,9 @@ MainWindow::MainWindow() : Form("frmMain") {
         &mnuLine3b, &mnuLine4,  &mnuLine4a, &mnuLine5,  &mnuLine6,  &mnuLine6a, &mnuLine6b, &rmnuLine}) {
     line->SetSeparator(true);
   }
-  for (MenuItem* item :
-       {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar, &mnuUnfoldInfoBar,
-        &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption, &mnuWaveCentred, &mnuWaveSnaps}) {
+  for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
+                         &mnuUnfoldInfoBar, &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption,
+                         &mnuWaveCentred, &mnuWaveSnaps, &mnuFitOnRelease}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
@@ -60,6 +60,9 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuWaveLower.SetShortcut("Alt+Shift+Down");
   mnuWaveToCaption.SetShortcut("Ctrl+Shift+W");
   mnuRetime.SetShortcut("Ctrl+Shift+T");
+  mnuFit.SetShortcut("F4");
+  mnuTakeFitBack.SetShortcut("Shift+F4");
+  mnuNextDoubtful.SetShortcut("Ctrl+F4");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");

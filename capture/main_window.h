@@ -78,6 +78,8 @@ class MainWindow final : public Form {
   Timer tmrJournal{*this, "tmrJournal", 200};
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
   Timer tmrFit{*this, "tmrFit", 100};
+  Timer tmrRelease{*this, "tmrRelease", 200};
+  Timer tmrTimesFromSound{*this, "tmrTimesFromSound", 100};
   Timer tmrStretch{*this, "tmrStretch", 5};
   Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 
@@ -161,6 +163,11 @@ class MainWindow final : public Form {
   MenuItem mnuMeetNext{*this, "mnuMeetNext", &mnuTimes};
   MenuItem mnuFit{*this, "mnuFit", &mnuTimes};
   MenuItem mnuFitAll{*this, "mnuFitAll", &mnuTimes};
+  MenuItem mnuTakeFitBack{*this, "mnuTakeFitBack", &mnuTimes};
+  MenuItem mnuNextDoubtful{*this, "mnuNextDoubtful", &mnuTimes};
+  MenuItem mnuFitOnRelease{*this, "mnuFitOnRelease", &mnuTimes};
+  MenuItem mnuHand{*this, "mnuHand", &mnuTimes};
+  MenuItem mnuTimesFromSound{*this, "mnuTimesFromSound", &mnuTimes};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

@@ -17,6 +17,8 @@ class StretchPlayer {
 
   /// Seeks to `from` and plays up to `to`, in ms; nothing for an empty stretch.
   void Play(std::int32_t from, std::int32_t to);
+  /// The same, again and again, whatever is set for other stretches.
+  void Loop(std::int32_t from, std::int32_t to);
   /// Stretches begin again at their end.
   bool Repeats() const { return repeats_; }
   void SetRepeats(bool repeats) { repeats_ = repeats; }
@@ -28,6 +30,7 @@ class StretchPlayer {
   struct Stretch {
     std::int32_t from = 0;
     std::int32_t to = 0;
+    bool loops = false;
   };
   void Tick();
   void Begin();

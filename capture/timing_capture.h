@@ -7,6 +7,7 @@
 #include "capture/preview.h"
 #include "capture/workbench.h"
 #include "core/ports/player.h"
+#include "core/signal.h"
 
 namespace cuewright {
 
@@ -35,6 +36,9 @@ class TimingCapture {
   void EndCaption();
   /// Ends a running capture without an end.
   void AbandonCapture();
+
+  /// A caption has got both its times by hand. What follows from that is not for this moment: the next press may come.
+  Signal<TimingCapture, Row> Held;
 
   /// Changes the mode, ending a running capture first.
   void SelectMode(CaptionMode mode);
@@ -78,6 +82,7 @@ class TimingCapture {
   std::optional<std::int32_t> PositionOfInput() const;
   std::int32_t ShownPosition() const;
   void EndAt(std::int32_t end);
+  void Store(std::int32_t end);
   void ShowDuration();
   void LeaveCapture();
   void BeginHold(Hold hold);

@@ -15,6 +15,8 @@ namespace {
 constexpr std::int32_t kAroundMs = 500;
 constexpr std::int32_t kStepMs = 100;
 constexpr std::int32_t kSecondMs = 1000;
+/// What is heard before a start that is listened to.
+constexpr std::int32_t kLeadMs = 200;
 /// A frame of 25 a second.
 constexpr std::int32_t kUsualFrameMs = 40;
 /// The earliest time at which a caption can start.
@@ -175,6 +177,12 @@ void FilmCommands::Repeat() {
   stretch_.SetRepeats(!stretch_.Repeats());
   bench_.window.mnuRepeatCaption.SetChecked(stretch_.Repeats());
   if (stretch_.Repeats()) PlayCaption();
+}
+
+void FilmCommands::LoopStart(Row row) {
+  if (!HasFilm() || !bench_.list.InRange(row)) return;
+  const std::int32_t start = bench_.list.GetCaptionStart(row);
+  stretch_.Loop(start - kLeadMs, start + kSecondMs);
 }
 
 void FilmCommands::Seek(std::int32_t ms) {

@@ -44,6 +44,9 @@
 #include "forms/export_dialog.h"
 #include "forms/file_router.h"
 #include "forms/film_commands.h"
+#include "forms/film_voice.h"
+#include "forms/fit_marks.h"
+#include "forms/hand_window.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
 #include "forms/house_check.h"
@@ -60,6 +63,7 @@
 #include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
+#include "forms/release_fitting.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
 #include "forms/retime_window.h"
@@ -70,6 +74,7 @@
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/status_line.h"
+#include "forms/times_from_sound.h"
 #include "forms/undo_commands.h"
 #include "forms/voice_fitting.h"
 #include "forms/wave_commands.h"
@@ -195,7 +200,12 @@ class Program final {
   CheckWindow checkWindow;
   EditingTools tools;
   CaptionShaping shaping;
+  FilmVoice filmVoice;
+  FitMarks fitMarks;
   VoiceFitting fitting;
+  ReleaseFitting releaseFitting;
+  HandWindow hand;
+  TimesFromSound timesFromSound;
   RetimeWindow retime;
   WaveCommands waveCommands;
   UndoCommands undo;
@@ -214,7 +224,7 @@ class Program final {
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() {
-    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
+    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &hand, &help};
   }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
@@ -232,6 +242,7 @@ class Program final {
   void ConnectRules();
   void ConnectAudio();
   void ConnectWave();
+  void ConnectVoice();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
   void ConnectJournal();

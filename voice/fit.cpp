@@ -259,12 +259,14 @@ FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> capt
   Fitter fitter(sound, captions, words);
   Reaction& hand = result.reaction;
   bool found = true;
-  if (!choice.startLate || !choice.endLate) found = FindHand(fitter, captions, hand);
+  const bool told = choice.hand || (choice.startLate && choice.endLate);
+  if (!told) found = FindHand(fitter, captions, hand);
+  if (choice.hand) hand = *choice.hand;
   if (choice.startLate) hand.start = *choice.startLate;
   if (choice.endLate) hand.end = *choice.endLate;
   fitter.SetHand(hand);
   if (fitter.BestSeparation() < kLeastSeparation) result.problem = FitProblem::NoVoice;
-  if (!found && !choice.startLate) result.problem = FitProblem::NoReaction;
+  if (!found && !choice.startLate && !choice.hand) result.problem = FitProblem::NoReaction;
   if (result.problem != FitProblem::None) return result;
 
   for (std::size_t number = 0; number < fitter.Timed().size(); ++number) {
