@@ -13,8 +13,8 @@ namespace {
 constexpr int kPadding = 6;
 constexpr int kBarWidth = 4;
 constexpr int kSignRoom = 14;  // of each of the first two signs
-constexpr int kMoveRoom = 10;  // of the third
-constexpr int kSignsWidth = kBarWidth + 2 + 2 * kSignRoom + kMoveRoom;
+constexpr int kMoveRoom = 8;   // of the third
+constexpr int kSignsWidth = kBarWidth + 2 * kSignRoom + kMoveRoom;
 constexpr qreal kFilmTint = 0.16;
 constexpr qreal kLineTint = 0.07;
 constexpr qreal kSignTint = 0.45;
@@ -179,7 +179,7 @@ QRect CaptionDelegate::PaintSigns(QPainter& painter, const QStyleOptionViewItem&
     painter.drawRect(QRectF(middle.x() - 0.8, middle.y() + 2.5, 1.6, 1.6));
   }
   if (const RowMoves::Kind move = grid_.MoveOf(row); move != RowMoves::Kind::None) {
-    PaintMove(painter, option, QRectF(placed(kBarWidth + 2 + 2 * kSignRoom, kMoveRoom)).center(), move);
+    PaintMove(painter, option, QRectF(placed(kBarWidth + 2 * kSignRoom, kMoveRoom)).center(), move);
   }
   if (row == grid_.FilmRow()) {
     const QPointF middle = QRectF(placed(kBarWidth + 2 + kSignRoom, kSignRoom)).center();

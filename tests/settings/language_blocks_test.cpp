@@ -51,8 +51,8 @@ constexpr std::initializer_list<int> kWithoutWords = {1151, 1191, 1198, 1397, 13
 /// The rows that are rightly the same as in English.
 std::set<int> SameAsEnglish(const std::string& name) {
   static const std::map<std::string, std::set<int>> kRows = {
-      // No, Color, Web, Unicode, ms
-      {"spanish", {69, 264, 349, 1133, 1395}},
+      // No, Color, Web, Unicode, ms, Pedal
+      {"spanish", {69, 264, 349, 1133, 1395, 1714}},
       // Format, Status, Start, OK, Version, Pause, Details, Text, Standard, Bilinear, Player
       {"german", {2, 21, 40, 66, 88, 127, 190, 229, 360, 361, 380, 381, 417}},
       {"portuguese_br", {66, 381, 911, 1133, 1395}},   // OK, Bilinear, Volume, Unicode, ms
