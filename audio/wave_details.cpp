@@ -11,8 +11,6 @@ constexpr std::size_t kPiece = 1 << 20;
 constexpr std::size_t kPieceToMeasure = 1 << 18;
 constexpr std::uint64_t kMostTable = 1 << 26;
 
-Text TableBeside(TextView path) { return Text(path) + u".bands"; }
-
 }  // namespace
 
 WaveDetails::WaveDetails(MainWindow& window, Files& files) : window_(window), files_(files) {
@@ -33,7 +31,7 @@ void WaveDetails::Open(TextView path) {
 
 bool WaveDetails::ReadTable() {
   table_.Clear();
-  const Text path = TableBeside(path_);
+  const Text path = SoundTableBeside(path_);
   bool read = false;
   CarryOn step;
   step([&] { read = files_.Exists(path) && table_.Read(files_.Read(path, kMostTable)); });
@@ -73,7 +71,7 @@ void WaveDetails::EndFilm() {
   measurer_.reset();
   CarryOn step;
   // Without it the table is measured anew the next time.
-  step([&] { files_.WritePrivate(TableBeside(path_), table_.Bytes()); });
+  step([&] { files_.WritePrivate(SoundTableBeside(path_), table_.Bytes()); });
   Changed();
 }
 

@@ -52,6 +52,18 @@ void CaptionGrid::SetTimes(const TimesShown& times) {
   Changed();
 }
 
+void CaptionGrid::SetMoves(const RowMoves* moves) {
+  moves_ = moves;
+  Changed();
+}
+
+Text CaptionGrid::Remarks(Row row) const {
+  Text remarks = Findings(row);
+  if (MoveOf(row) == RowMoves::Kind::None) return remarks;
+  if (!remarks.empty()) remarks += u"\n";
+  return remarks + moves_->Words(row);
+}
+
 void CaptionGrid::SetFindings(const RowFindings* findings) {
   findings_ = findings;
   Changed();
@@ -97,8 +109,8 @@ Text CaptionGrid::SpokenCaption(Row row) const {
       spoken += form[i];
     }
   }
-  if (!HasFindings(row)) return spoken;
-  return Fill(spokenFound_, spoken, ReplaceAll(Findings(row), u"\n", u", "));
+  const Text remarks = Remarks(row);
+  return remarks.empty() ? spoken : Fill(spokenFound_, spoken, ReplaceAll(remarks, u"\n", u", "));
 }
 
 void CaptionGrid::Foresee(const ForeseenTimes* times) {

@@ -25,6 +25,18 @@ class RowFindings {
   virtual Text Reasons(Row row) const = 0;
 };
 
+/// Which captions were moved to where the voice is, for the list to show.
+class RowMoves {
+ public:
+  virtual ~RowMoves() = default;
+
+  enum class Kind : std::uint8_t { None, Sure, Doubtful };
+  /// Of a row in range. Asked for every row that is painted.
+  virtual Kind KindOf(Row row) const = 0;
+  /// How far it was moved and how sure that is, in the language in force; empty for one that wasn't.
+  virtual Text Words(Row row) const = 0;
+};
+
 /// Times that the list shows in place of the captions' own, while the user looks what a change would bring.
 class ForeseenTimes {
  public:
@@ -71,6 +83,14 @@ class CaptionGrid {
     return IsWorkbench() && findings_ != nullptr && list_.InRange(row) && findings_->Any(row);
   }
   Text Findings(Row row) const { return HasFindings(row) ? findings_->Reasons(row) : Text(); }
+
+  /// Which captions were moved; it outlives the list. Null: nobody knows.
+  void SetMoves(const RowMoves* moves);
+  RowMoves::Kind MoveOf(Row row) const {
+    return IsWorkbench() && moves_ != nullptr && list_.InRange(row) ? moves_->KindOf(row) : RowMoves::Kind::None;
+  }
+  /// What is found of a row and how it was moved, a line each; empty for nothing.
+  Text Remarks(Row row) const;
 
   /// The row whose caption the film shows; 0 for none.
   Row FilmRow() const { return filmRow_; }
@@ -141,6 +161,7 @@ class CaptionGrid {
   ColumnOrder columns_;
   TimesShown times_;
   const RowFindings* findings_ = nullptr;
+  const RowMoves* moves_ = nullptr;
   Row filmRow_ = 0;
   Text spokenTimed_;
   Text spokenUntimed_;

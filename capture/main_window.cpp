@@ -11,7 +11,7 @@ MainWindow::MainWindow() : Form("frmMain") {
   }
   for (MenuItem* item : {&mnuBold, &mnuItalic, &mnuUnderline, &rmnuBold, &rmnuItalic, &rmnuUnderline, &mnuInfoBar,
                          &mnuUnfoldInfoBar, &mnuToolBar, &mnuAudioBar, &mnuRawMarks, &mnuFullWave, &mnuRepeatCaption,
-                         &mnuWaveCentred, &mnuWaveSnaps, &mnuHardware}) {
+                         &mnuWaveCentred, &mnuWaveSnaps, &mnuHardware, &mnuFitOnRelease}) {
     item->SetCheckable(true);
   }
   for (MenuItem& item : mnuSeparator) item.SetCheckable(true);
@@ -65,6 +65,9 @@ MainWindow::MainWindow() : Form("frmMain") {
   mnuShotAtCursor.SetShortcut("Ctrl+Alt+M");
   mnuSnapTimes.SetShortcut("Ctrl+Alt+L");
   mnuRetime.SetShortcut("Ctrl+Shift+T");
+  mnuFit.SetShortcut("F4");
+  mnuTakeFitBack.SetShortcut("Shift+F4");
+  mnuNextDoubtful.SetShortcut("Ctrl+F4");
   mnuFind.SetShortcut("Ctrl+F");
   mnuReplace.SetShortcut("Ctrl+H");
   mnuRawMarks.SetShortcut("Ctrl+M");

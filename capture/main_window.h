@@ -79,6 +79,8 @@ class MainWindow final : public Form {
   Timer tmrFilmSound{*this, "tmrFilmSound", 100};
   Timer tmrFit{*this, "tmrFit", 100};
   Timer tmrShots{*this, "tmrShots", 10};
+  Timer tmrRelease{*this, "tmrRelease", 200};
+  Timer tmrTimesFromSound{*this, "tmrTimesFromSound", 100};
   Timer tmrStretch{*this, "tmrStretch", 5};
   Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 
@@ -163,6 +165,11 @@ class MainWindow final : public Form {
   MenuItem mnuSnapTimes{*this, "mnuSnapTimes", &mnuTimes};
   MenuItem mnuFit{*this, "mnuFit", &mnuTimes};
   MenuItem mnuFitAll{*this, "mnuFitAll", &mnuTimes};
+  MenuItem mnuTakeFitBack{*this, "mnuTakeFitBack", &mnuTimes};
+  MenuItem mnuNextDoubtful{*this, "mnuNextDoubtful", &mnuTimes};
+  MenuItem mnuFitOnRelease{*this, "mnuFitOnRelease", &mnuTimes};
+  MenuItem mnuHand{*this, "mnuHand", &mnuTimes};
+  MenuItem mnuTimesFromSound{*this, "mnuTimesFromSound", &mnuTimes};
   MenuItem mnuReset{*this, "mnuReset", &mnuEdit};
 
   MenuItem mnuFormat{*this, "mnuFormat"};

@@ -26,9 +26,14 @@ void StretchPlayer::Play(Ms from, Ms to) {
   Leave();
   from = std::max<Ms>(from, 0);
   if (to <= from) return;
-  stretch_ = {from, to};
+  stretch_ = {from, to, false};
   Begin();
   timer_.SetEnabled(true);
+}
+
+void StretchPlayer::Loop(Ms from, Ms to) {
+  Play(from, to);
+  if (stretch_) stretch_->loops = true;
 }
 
 void StretchPlayer::Begin() {
@@ -45,7 +50,7 @@ void StretchPlayer::Leave() {
 
 void StretchPlayer::Tick() {
   if (!stretch_ || player_.CurrentPosition() < stretch_->to.Seconds()) return;
-  if (repeats_) return Begin();
+  if (repeats_ || stretch_->loops) return Begin();
   Leave();
   player_.Pause();
 }

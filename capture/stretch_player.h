@@ -18,6 +18,8 @@ class StretchPlayer {
 
   /// Seeks to `from` and plays up to `to`, in ms; nothing for an empty stretch.
   void Play(Ms from, Ms to);
+  /// The same, again and again, whatever is set for other stretches.
+  void Loop(Ms from, Ms to);
   /// Stretches begin again at their end.
   bool Repeats() const { return repeats_; }
   void SetRepeats(bool repeats) { repeats_ = repeats; }
@@ -29,6 +31,7 @@ class StretchPlayer {
   struct Stretch {
     Ms from = 0;
     Ms to = 0;
+    bool loops = false;
   };
   void Tick();
   void Begin();

@@ -152,6 +152,12 @@ void TimingCapture::AbandonCapture() {
 void TimingCapture::EndCaption() { EndAt(PositionOfInput().value_or(ShownPosition())); }
 
 void TimingCapture::EndAt(Ms end) {
+  const Row held = captureRow_;
+  Store(end);
+  Held(held);
+}
+
+void TimingCapture::Store(Ms end) {
   const EditScope scope(bench_.list, EditKind::Capture, captureNumber_);
   LeaveCapture();
   priorCaptionEnd_ = end;

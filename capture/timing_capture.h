@@ -8,6 +8,7 @@
 #include "capture/workbench.h"
 #include "core/ms.h"
 #include "core/ports/player.h"
+#include "core/signal.h"
 
 namespace cuewright {
 
@@ -36,6 +37,9 @@ class TimingCapture {
   void EndCaption();
   /// Ends a running capture without an end.
   void AbandonCapture();
+
+  /// A caption has got both its times by hand. What follows from that is not for this moment: the next press may come.
+  Signal<TimingCapture, Row> Held;
 
   /// Changes the mode, ending a running capture first.
   void SelectMode(CaptionMode mode);
@@ -79,6 +83,7 @@ class TimingCapture {
   std::optional<Ms> PositionOfInput() const;
   Ms ShownPosition() const;
   void EndAt(Ms end);
+  void Store(Ms end);
   void ShowDuration();
   void LeaveCapture();
   void BeginHold(Hold hold);

@@ -55,6 +55,16 @@ struct AppOptions {
   std::uint8_t previewHeight = 90;  ///< where the text stands, in per cent of the picture from above
   bool followCaptions = true;       ///< the list shows the caption at the position played
 
+  // Captions that are held by hand, and the voice. Lateness and its spread in ms, of keys, mouse and pedal; all of a
+  // hand that was never measured are 0.
+  bool fitOnRelease = true;  ///< each caption is fitted to the voice after its release
+  Text fitLanguage;          ///< of the words that captions are fitted by, such as "en"; empty: without them
+  std::uint8_t hand = 0;     ///< what captions are held with: 0 keys, 1 mouse, 2 pedal
+  std::array<std::int16_t, 3> pressLate = {0, 0, 0};
+  std::array<std::int16_t, 3> pressSpread = {0, 0, 0};
+  std::array<std::int16_t, 3> releaseLate = {0, 0, 0};
+  std::array<std::int16_t, 3> releaseSpread = {0, 0, 0};
+
   // Player.
   std::uint8_t stretchVideo = 1;
   Text playerControls = u"full";  ///< "none", "mini" or "full"

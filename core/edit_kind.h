@@ -28,7 +28,9 @@ enum class EditKind : std::uint8_t {
   Rules,
   Delay,
   Retime,
-  Fit,  ///< to the voice
+  Fit,        ///< to the voice
+  FitBack,    ///< as it was before that
+  FromSound,  ///< times of a text by the film's sound
   ResetTiming,
   Replace,
   ReplaceAll,

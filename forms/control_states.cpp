@@ -30,11 +30,13 @@ void ControlStates::SetDocumentItems(bool on) {
   }
   // Keys reach an item even while the menu that it stands in is off.
   for (MenuItem* item :
-       {&bench_.window.mnuInsertAbove, &bench_.window.mnuInsertBelow, &bench_.window.mnuInsertAtFilm,
-        &bench_.window.mnuSplit, &bench_.window.mnuSplitAtCaret, &bench_.window.mnuSplitAtFilm, &bench_.window.mnuJoin,
-        &bench_.window.mnuJoinNext, &bench_.window.mnuJoinPrevious, &bench_.window.mnuDialogueNext,
-        &bench_.window.mnuDialoguePrevious, &bench_.window.mnuDuplicate, &bench_.window.mnuMeetNext,
-        &bench_.window.mnuSwapTexts, &bench_.window.mnuRetime, &bench_.window.mnuFit, &bench_.window.mnuFitAll}) {
+       {&bench_.window.mnuInsertAbove,  &bench_.window.mnuInsertBelow,      &bench_.window.mnuInsertAtFilm,
+        &bench_.window.mnuSplit,        &bench_.window.mnuSplitAtCaret,     &bench_.window.mnuSplitAtFilm,
+        &bench_.window.mnuJoin,         &bench_.window.mnuJoinNext,         &bench_.window.mnuJoinPrevious,
+        &bench_.window.mnuDialogueNext, &bench_.window.mnuDialoguePrevious, &bench_.window.mnuDuplicate,
+        &bench_.window.mnuMeetNext,     &bench_.window.mnuSwapTexts,        &bench_.window.mnuRetime,
+        &bench_.window.mnuFit,          &bench_.window.mnuFitAll,           &bench_.window.mnuTakeFitBack,
+        &bench_.window.mnuNextDoubtful, &bench_.window.mnuTimesFromSound}) {
     item->SetEnabled(on);
   }
 }

@@ -15,6 +15,8 @@ namespace {
 constexpr Ms kAroundMs = 500;
 constexpr Ms kStepMs = 100;
 constexpr Ms kSecondMs = 1000;
+/// What is heard before a start that is listened to.
+constexpr Ms kLeadMs = 200;
 /// A frame of 25 a second.
 constexpr Ms kUsualFrameMs = 40;
 constexpr Ms kCutOffMs = 2;
@@ -180,6 +182,12 @@ void FilmCommands::Repeat() {
   stretch_.SetRepeats(!stretch_.Repeats());
   bench_.window.mnuRepeatCaption.SetChecked(stretch_.Repeats());
   if (stretch_.Repeats()) PlayCaption();
+}
+
+void FilmCommands::LoopStart(Row row) {
+  if (!HasFilm() || !bench_.list.InRange(row)) return;
+  const Ms start = bench_.list.GetCaptionStart(row);
+  stretch_.Loop(start - kLeadMs, start + kSecondMs);
 }
 
 void FilmCommands::Seek(Ms ms) {

@@ -17,6 +17,8 @@ class FilmCommands {
  public:
   FilmCommands(Workbench bench, Player& player, TimingCapture& capture, const WaveBoard& board, const FilmShots& shots);
 
+  /// Plays the first second of a caption again and again, with a little before it.
+  void LoopStart(Row row);
   /// The items follow what is open.
   void ShowItems();
 

@@ -21,6 +21,7 @@ constexpr std::array kWindowPages{
     WindowPage{"frmCheck", u"check.html"},
     WindowPage{"frmDelay", u"delay.html"},
     WindowPage{"frmRetime", u"retime.html"},
+    WindowPage{"frmHand", u"menu_edit.html"},
     WindowPage{"frmEmbed", u"embed.html"},
     WindowPage{"frmExport", u"export.html"},
     WindowPage{"frmFind", u"find.html"},

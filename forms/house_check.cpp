@@ -116,6 +116,11 @@ void HouseCheck::TakeStored() {
   if (!Take(bench_.options.checkProfile)) Take(AppOptions().checkProfile);
 }
 
+Ms HouseCheck::LeastGap() const {
+  const HouseRules& rules = findings.Rules();
+  return rules.MsOf(rules.minGap, findings.Rate() ? findings.Rate() : rules.rate);
+}
+
 std::optional<Proposal> HouseCheck::Fix(const Finding& finding) const {
   return Fixer(findings.Rules(), findings.Rate()).Propose(bench_.list, finding);
 }

@@ -36,6 +36,9 @@ class HouseCheck {
   void TakeStored();
   const std::string& Problem() const { return problem_; }
 
+  /// The least gap in ms that the rules ask for between two captions; 0 for none.
+  Ms LeastGap() const;
+
   /// What mends a finding, or all.
   std::optional<Proposal> Fix(const Finding& finding) const;
   std::vector<Proposal> FixAll() const;

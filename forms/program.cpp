@@ -71,8 +71,13 @@ Program::Program(Ports ports, StartEnvironment environment)
       checkWindow(Bench(), check, proposals, notices, languages, openForms),
       tools(Bench(), languages, openForms, ports_, proposals),
       shaping(Bench(), preview, audioBar, ports_.player, notices, ports_.messages),
-      fitting(Bench(), environment_.processes, ports_.player, notices, ports_.messages),
-      retime(Bench(), formats, languages, ports_.player, openForms),
+      filmVoice(document, ports_.player, ports_.files, environment_.processes, environment_.sounds),
+      fitMarks(Bench(), notices),
+      fitting(Bench(), filmVoice, fitMarks, check, notices, ports_.messages),
+      releaseFitting(Bench(), capture, filmVoice, fitMarks, check, notices),
+      hand(Bench(), {capture, router, folders, ports_.files, languages, environment_.processes}, openForms),
+      timesFromSound(Bench(), filmVoice, fitMarks, notices, ports_.messages),
+      retime(Bench(), formats, languages, ports_.player, openForms, filmVoice),
       waveCommands(Bench(), waveBoard, filmShots, preview, notices, ports_.messages),
       edges(Bench(), check.findings, filmShots, proposals),
       undo(window, list, history, capture, preview, strings),
@@ -108,6 +113,7 @@ void Program::Connect() {
   ConnectAudio();
   ConnectWave();
   ConnectFilm();
+  ConnectVoice();
   ConnectWizards();
   ConnectCommands();
   shell.Loading.Connect([this] {
@@ -148,6 +154,10 @@ void Program::ShowManner() {
   listView.Show();
   shaping.ShowItems();
   fitting.ShowItems();
+  fitMarks.ShowItems();
+  releaseFitting.ShowItems();
+  hand.ShowItem();
+  timesFromSound.ShowItem();
   ShowProposingItems();
   shell.UpdateBars();
   shell.ShowListFont();
@@ -238,6 +248,17 @@ void Program::ConnectAudio() {
   // A row that is untimed now isn't shown anew by the dialog, but its marks are.
   tools.DelayDone.Connect([this] { audioBar.PlaceCurrentMarks(); });
   retime.Retimed.Connect([this] { preview.Redraw(list.Selected()); });
+}
+
+void Program::ConnectVoice() {
+  fitting.UseProcesses(environment_.processes);
+  releaseFitting.UseProcesses(environment_.processes);
+  timesFromSound.UseProcesses(environment_.processes);
+  capture.Held.Connect([this](Row) { releaseFitting.Rest(hand.Exercising()); });
+  fitMarks.DoubtfulShown.Connect([this](Row row) { film.LoopStart(row); });
+  session.Began.Connect([this](DocumentBaseline) { releaseFitting.Forget(); });
+  session.Ended.Connect([this] { releaseFitting.Forget(); });
+  documentFiles.Saved.Connect([this](bool) { releaseFitting.Learn(); });
 }
 
 void Program::ConnectJournal() {

@@ -48,6 +48,9 @@
 #include "forms/film_pairing.h"
 #include "forms/film_shots.h"
 #include "forms/film_workbench.h"
+#include "forms/film_voice.h"
+#include "forms/fit_marks.h"
+#include "forms/hand_window.h"
 #include "forms/help_dialogs.h"
 #include "forms/help_window.h"
 #include "forms/house_check.h"
@@ -64,6 +67,7 @@
 #include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
+#include "forms/release_fitting.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
 #include "forms/retakes.h"
@@ -76,6 +80,7 @@
 #include "forms/spell_check.h"
 #include "forms/start_window.h"
 #include "forms/status_line.h"
+#include "forms/times_from_sound.h"
 #include "forms/undo_commands.h"
 #include "forms/voice_fitting.h"
 #include "forms/wave_commands.h"
@@ -203,7 +208,12 @@ class Program final {
   CheckWindow checkWindow;
   EditingTools tools;
   CaptionShaping shaping;
+  FilmVoice filmVoice;
+  FitMarks fitMarks;
   VoiceFitting fitting;
+  ReleaseFitting releaseFitting;
+  HandWindow hand;
+  TimesFromSound timesFromSound;
   RetimeWindow retime;
   WaveCommands waveCommands;
   EdgeCommand edges;
@@ -226,7 +236,7 @@ class Program final {
 
   /// The windows that stand beside the main one.
   std::vector<ToolForm*> ToolForms() {
-    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &help};
+    return {&reportWindow, &checkWindow, &tools.findWindow, &tools.replaceWindow, &retime, &hand, &help};
   }
 
   /// The strings have become those of another language: windows that are open read them again. The main window
@@ -245,6 +255,7 @@ class Program final {
   void ConnectAudio();
   void ConnectWave();
   void ConnectFilm();
+  void ConnectVoice();
   /// Tells the format and the encoding of the document's file: `text` has places for both.
   void TellFile(Message text);
   void ConnectJournal();

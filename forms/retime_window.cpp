@@ -9,6 +9,7 @@
 #include "core/runtime_error.h"
 #include "forms/control_texts.h"
 #include "forms/film_rate.h"
+#include "forms/sync_page.h"
 #include "text/labels.h"
 #include "tools/typed_time.h"
 
@@ -30,15 +31,24 @@ Text ShownTime(Ms ms) {
 }  // namespace
 
 RetimeWindow::RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages,
-                           const Player& player, OpenForms& openForms)
-    : ToolForm("frmRetime", openForms), bench_(bench), formats_(formats), languages_(languages), player_(player) {
+                           const Player& player, OpenForms& openForms, FilmVoice& voice)
+    : ToolForm("frmRetime", openForms),
+      sync(std::make_unique<SyncPage>(*this, bench, voice)),
+      bench_(bench),
+      formats_(formats),
+      languages_(languages),
+      player_(player) {
   cboFrom.SetEditable(true);
   cboTo.SetEditable(true);
   Wire();
   WirePoints();
 }
 
+RetimeWindow::~RetimeWindow() = default;
+
 void RetimeWindow::Wire() {
+  optSync.Clicked.Connect([this] { Choose(Way::Sync); });
+  sync->Changed.Connect([this] { Refresh(); });
   bench_.window.mnuRetime.Clicked.Connect([this] { Show(); });
   optShift.Clicked.Connect([this] { Choose(Way::Shift); });
   optRatio.Clicked.Connect([this] { Choose(Way::Ratio); });
@@ -117,6 +127,7 @@ void RetimeWindow::Load() {
 
 void RetimeWindow::Unload() {
   connections_.clear();
+  sync->Forget();
   map_.reset();
   bench_.grid.Foresee(nullptr);
 }
@@ -135,6 +146,7 @@ void RetimeWindow::ApplyLanguage(bool rightToLeft) {
                               {optRatio, Message::RetimeByRatio},
                               {optRates, Message::RetimeByRates},
                               {optPoints, Message::RetimeByPoints},
+                              {optSync, Message::RetimeBySound},
                               {lblRatio, Message::RetimeRatioHint},
                               {lblFrom, Message::RateOfText},
                               {lblTo, Message::RateOfPlay},
@@ -150,6 +162,7 @@ void RetimeWindow::ApplyLanguage(bool rightToLeft) {
                                 {cboDirection, Message::SpokenDirection}, {txtRatio, Message::RetimeByRatio},
                                 {txtPoint, Message::RetimeByPoints},      {lstPoints, Message::SpokenPoints}};
   SpeakTexts(spoken, strings);
+  sync->ApplyLanguage();
   for (ComboBox* box : {&cboUnit, &cboDirection}) box->SetToolTip(box->SpokenName());
   const int direction = cboDirection.Index();
   cboDirection.SetItems({strings[Message::RetimeLater], strings[Message::RetimeEarlier]});
@@ -205,6 +218,12 @@ void RetimeWindow::ShowWay() {
   fraRatio.SetVisible(way_ == Way::Ratio);
   fraRates.SetVisible(way_ == Way::Rates);
   fraPoints.SetVisible(way_ == Way::Points);
+  const bool synchronises = bench_.options.manner.FitsToTheVoice();
+  optSync.SetVisible(synchronises);
+  optSync.SetValue(way_ == Way::Sync);
+  sync->fraSync.SetVisible(way_ == Way::Sync);
+  // Segments are of all captions.
+  for (OptionButton* option : {&optAll, &optSelected, &optFromHere}) option->SetEnabled(way_ != Way::Sync);
   optAll.SetValue(scope_ == Scope::All);
   optSelected.SetValue(scope_ == Scope::Selected);
   optFromHere.SetValue(scope_ == Scope::FromHere);
@@ -245,6 +264,8 @@ void RetimeWindow::SetPoint(Ms ms) {
 
 void RetimeWindow::Follow(const Splice& splice) {
   points_.Follow(splice);
+  // Segments are of the rows that there were.
+  if (splice.removed != splice.added) sync->Forget();
   const auto follow = [&](Row row) { return std::max(RowAfter(splice, row), std::min(splice.first, row)); };
   here_ = follow(here_);
   for (Row& row : selected_) row = RowAfter(splice, row);
@@ -288,6 +309,8 @@ RetimeWindow::Asked RetimeWindow::AskedMap() const {
       return AskedRates();
     case Way::Points:
       return AskedPoints();
+    case Way::Sync:
+      break;
   }
   return {};
 }
@@ -333,6 +356,7 @@ RetimeWindow::Asked RetimeWindow::AskedPoints() const {
 }
 
 void RetimeWindow::Refresh() {
+  if (way_ == Way::Sync) return RefreshSync();
   Asked asked = AskedMap();
   map_ = std::move(asked.map);
   bench_.grid.Foresee(map_ ? this : nullptr);
@@ -347,12 +371,32 @@ void RetimeWindow::Refresh() {
   lblResult.SetText(told);
 }
 
+void RetimeWindow::RefreshSync() {
+  map_.reset();
+  const std::vector<RetimePiece> pieces = sync->Pieces();
+  bench_.grid.Foresee(pieces.empty() ? nullptr : this);
+  int changed = 0;
+  for (const RetimePiece& piece : pieces) changed += ForeseeRetiming(bench_.list, {piece.rows}, piece.map).changed;
+  cmdOK.SetEnabled(changed != 0);
+  if (pieces.empty()) return lblResult.SetText(sync->Told());
+  lblResult.SetText(changed == 0 ? bench_.strings[Message::RetimeNothing]
+                                 : bench_.strings.Counted(Message::RetimeForeseen, u"%1", changed));
+}
+
 CaptionTimes RetimeWindow::TimesOf(Row row) const {
   const CaptionTimes own = bench_.list.TimesAt(row);
+  if (way_ == Way::Sync) return sync->TimesOf(row, own);
   return map_ && IsChosen(row) ? RetimedTimes(own, *map_).times : own;
 }
 
 void RetimeWindow::Apply() {
+  if (way_ == Way::Sync) {
+    const std::vector<RetimePiece> pieces = sync->Pieces();
+    Close();
+    RetimeCaptions(bench_.list, pieces);
+    bench_.list.SetRow(bench_.list.Selected(), false);
+    return Retimed();
+  }
   if (!map_) return;
   const TimeMap map = *map_;
   const RetimeRows rows = ChosenRows();

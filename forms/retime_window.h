@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "capture/workbench.h"
@@ -14,13 +15,17 @@
 
 namespace cuewright {
 
+class FilmVoice;
+class SyncPage;
+
 /// The window `frmRetime`: other times for captions, by an amount, a ratio, two rates or captions whose right times are
-/// known. It stands beside the main window, so that film and list can be used meanwhile. The list shows the times that
-/// would come; the captions get them by `cmdOK` alone.
+/// known, or by the film's sound. It stands beside the main window, so that film and list can be used meanwhile. The
+/// list shows the times that would come; the captions get them by `cmdOK` alone.
 class RetimeWindow final : public ToolForm, private ForeseenTimes {
  public:
   RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages, const Player& player,
-               OpenForms& openForms);
+               OpenForms& openForms, FilmVoice& voice);
+  ~RetimeWindow() override;
 
   OptionButton optShift{*this, "optShift"};
   OptionButton optRatio{*this, "optRatio"};
@@ -51,6 +56,10 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   ListBox lstPoints{*this, "lstPoints"};
   Button cmdRemovePoint{*this, "cmdRemovePoint"};
 
+  OptionButton optSync{*this, "optSync"};
+  /// The way by the film's sound.
+  const std::unique_ptr<SyncPage> sync;
+
   Frame fraScope{*this, "fraScope"};
   OptionButton optAll{*this, "optAll"};
   OptionButton optSelected{*this, "optSelected"};
@@ -66,7 +75,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   Signal<RetimeWindow> Retimed;  ///< captions have got their new times: what draws them draws them anew
 
  private:
-  enum class Way : std::uint8_t { Shift, Ratio, Rates, Points };
+  enum class Way : std::uint8_t { Shift, Ratio, Rates, Points, Sync };
   enum class Scope : std::uint8_t { All, Selected, FromHere };
   enum Unit { Clock, Frames };
   enum Direction { Later, Earlier };
@@ -93,6 +102,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   void Follow(const Splice& splice);
   /// What is asked for has changed: the list and the result follow.
   void Refresh();
+  void RefreshSync();
   Asked AskedMap() const;
   Asked AskedShift() const;
   Asked AskedRatio() const;

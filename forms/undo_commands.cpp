@@ -30,6 +30,8 @@ constexpr std::pair<EditKind, Message> kNames[] = {{EditKind::Capture, Message::
                                                    {EditKind::Delay, Message::SetDelay},
                                                    {EditKind::Retime, Message::RetimeItem},
                                                    {EditKind::Fit, Message::FitItem},
+                                                   {EditKind::FitBack, Message::TakeFitBack},
+                                                   {EditKind::FromSound, Message::TimesFromSound},
                                                    {EditKind::ResetTiming, Message::RemoveAllTiming},
                                                    {EditKind::Replace, Message::Replace},
                                                    {EditKind::ReplaceAll, Message::ReplaceAll},

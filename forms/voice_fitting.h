@@ -2,18 +2,16 @@
 
 #include <atomic>
 #include <future>
-#include <memory>
 #include <vector>
 
 #include "capture/workbench.h"
 #include "core/ports/messages.h"
-#include "core/ports/player.h"
 #include "core/ports/processes.h"
+#include "forms/film_voice.h"
+#include "forms/fit_job.h"
+#include "forms/fit_marks.h"
+#include "forms/house_check.h"
 #include "forms/notices.h"
-#include "sound/film_samples.h"
-#include "sound/sound_measurer.h"
-#include "sound/sound_table.h"
-#include "voice/fit.h"
 
 namespace cuewright {
 
@@ -21,17 +19,18 @@ namespace cuewright {
 /// the background; then all captions move in one step, but for those that were changed meanwhile.
 class VoiceFitting {
  public:
-  VoiceFitting(Workbench bench, Processes* processes, const Player& player, Notices& notices, Messages& messages);
+  VoiceFitting(Workbench bench, FilmVoice& voice, FitMarks& marks, const HouseCheck& check, Notices& notices,
+               Messages& messages);
   ~VoiceFitting();
 
+  /// Programs by which words are spoken; null: none can be started.
+  void UseProcesses(Processes* processes) { processes_ = processes; }
   /// The menu shows the commands where the manner in force has them and films can be read.
   void ShowItems();
 
  private:
   void Start(bool all);
-  void StartReading();
   void Poll();
-  void PollReading();
   void Search();
   void Finish();
   void Stop();
@@ -41,20 +40,17 @@ class VoiceFitting {
   void Tell(Message message, TextView first = {}, TextView second = {});
 
   Workbench bench_;
-  Processes* processes_;
-  const Player& player_;
+  FilmVoice& voice_;
+  FitMarks& marks_;
+  const HouseCheck& check_;
   Notices& notices_;
   Messages& messages_;
-  Text film_;  ///< whose sound is in `sound_` or is being read
-  SoundTable sound_;
-  bool whole_ = false;             ///< `sound_` has all of it
-  int track_ = -1;                 ///< the one that it is of
-  std::vector<HeldCaption> held_;  ///< the captions when the command was given
-  SampleBytes bytes_;
-  std::unique_ptr<SoundMeasurer> measurer_;
-  std::unique_ptr<ChildProcess> child_;
+  Processes* processes_ = nullptr;
+  Text film_;                         ///< whose voice is looked for
+  FitJob job_;                        ///< the captions when the command was given
+  std::vector<CaptionTimes> before_;  ///< their times then
   std::atomic<bool> giveUp_ = false;
-  std::future<FitResult> search_;  ///< goes first: it uses what stands above
+  std::future<FitFound> search_;  ///< goes first: it uses what stands above
 };
 
 }  // namespace cuewright

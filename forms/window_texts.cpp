@@ -69,6 +69,11 @@ void ShowFileAndEdit(MainWindow& w, const LangStrings& strings) {
                               {w.mnuSnapTimes, Message::SnapTimesItem},
                               {w.mnuFit, Message::FitItem},
                               {w.mnuFitAll, Message::FitAllItem},
+                              {w.mnuTakeFitBack, Message::TakeFitBack},
+                              {w.mnuNextDoubtful, Message::NextDoubtful},
+                              {w.mnuFitOnRelease, Message::FitOnRelease},
+                              {w.mnuHand, Message::HandItem},
+                              {w.mnuTimesFromSound, Message::TimesFromSound},
                               {w.mnuReset, Message::RemoveAllTiming},
                               {w.mnuFilmSound, Message::FilmSoundItem}};
   ShowTexts(rows, strings);

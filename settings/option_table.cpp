@@ -133,6 +133,21 @@ constexpr auto kOptions = std::to_array<Option>({
     {u"ShotSense", kNumber<&O::shotSense>, MainWindow},
     {u"HardwareDecoding", kFlag<&O::hardwareDecoding>, MainWindow, "mnuHardware"},
     {u"RetakeStep", kNumber<&O::retakeStep>, MainWindow},
+    {u"FitOnRelease", kFlag<&O::fitOnRelease>, MainWindow, "mnuFitOnRelease"},
+    {u"FitLanguage", kText<&O::fitLanguage>, MainWindow},
+    {u"Hand", kNumber<&O::hand>, MainWindow},
+    {u"PressLate0", kNumber<&O::pressLate, 0>, MainWindow},
+    {u"PressLate1", kNumber<&O::pressLate, 1>, MainWindow},
+    {u"PressLate2", kNumber<&O::pressLate, 2>, MainWindow},
+    {u"PressSpread0", kNumber<&O::pressSpread, 0>, MainWindow},
+    {u"PressSpread1", kNumber<&O::pressSpread, 1>, MainWindow},
+    {u"PressSpread2", kNumber<&O::pressSpread, 2>, MainWindow},
+    {u"ReleaseLate0", kNumber<&O::releaseLate, 0>, MainWindow},
+    {u"ReleaseLate1", kNumber<&O::releaseLate, 1>, MainWindow},
+    {u"ReleaseLate2", kNumber<&O::releaseLate, 2>, MainWindow},
+    {u"ReleaseSpread0", kNumber<&O::releaseSpread, 0>, MainWindow},
+    {u"ReleaseSpread1", kNumber<&O::releaseSpread, 1>, MainWindow},
+    {u"ReleaseSpread2", kNumber<&O::releaseSpread, 2>, MainWindow},
 });
 
 }  // namespace

@@ -15,6 +15,7 @@ constexpr std::size_t kPlayerModeLength = 4;
 void PutRight(AppOptions& options) {
   if (options.language == u"BPORTUGUESE") options.language = u"PORTUGUESE_BR";
   if (options.language == u"FARSI") options.language = u"PERSIAN";
+  options.hand = std::min<std::uint8_t>(options.hand, 2);
   // A separator of no characters would join every line.
   if (options.lineSeparator.empty()) options.lineSeparator = AppOptions().lineSeparator;
   if (IsBlank(options.creditWords)) options.removeCredits = 0;

@@ -7,7 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include "text/text.h"
+
 namespace cuewright {
+
+/// The file that keeps the table of a film's sound, beside the wave file of that sound.
+inline Text SoundTableBeside(TextView wave) { return Text(wave) + u".bands"; }
 
 /// What a sound is made of over time: the loudness of 9 bands of frequency every 10 ms, a byte each. The bands lie from
 /// 100 Hz to 8 kHz and are equally wide in octaves; 90 minutes take 4.9 MB.

@@ -12,7 +12,9 @@ namespace {
 
 constexpr int kPadding = 6;
 constexpr int kBarWidth = 4;
-constexpr int kSignRoom = 14;  // of each of the two signs
+constexpr int kSignRoom = 14;  // of each of the first two signs
+constexpr int kMoveRoom = 8;   // of the third
+constexpr int kSignsWidth = kBarWidth + 2 * kSignRoom + kMoveRoom;
 constexpr qreal kFilmTint = 0.16;
 constexpr qreal kLineTint = 0.07;
 constexpr qreal kSignTint = 0.45;
@@ -176,6 +178,9 @@ QRect CaptionDelegate::PaintSigns(QPainter& painter, const QStyleOptionViewItem&
     painter.drawRect(QRectF(middle.x() - 0.8, middle.y() - 2.5, 1.6, 4));
     painter.drawRect(QRectF(middle.x() - 0.8, middle.y() + 2.5, 1.6, 1.6));
   }
+  if (const RowMoves::Kind move = grid_.MoveOf(row); move != RowMoves::Kind::None) {
+    PaintMove(painter, option, QRectF(placed(kBarWidth + 2 * kSignRoom, kMoveRoom)).center(), move);
+  }
   if (row == grid_.FilmRow()) {
     const QPointF middle = QRectF(placed(kBarWidth + 2 + kSignRoom, kSignRoom)).center();
     const qreal ahead = fromRight ? -4 : 4;
@@ -184,7 +189,24 @@ QRect CaptionDelegate::PaintSigns(QPainter& painter, const QStyleOptionViewItem&
         {middle.x() - ahead, middle.y() - 5}, {middle.x() + ahead, middle.y()}, {middle.x() - ahead, middle.y() + 5}});
   }
   painter.setRenderHint(QPainter::Antialiasing, false);
-  return placed(kBarWidth + 2 * kSignRoom, cell.width() - kBarWidth - 2 * kSignRoom);
+  return placed(kSignsWidth, cell.width() - kSignsWidth);
+}
+
+void CaptionDelegate::PaintMove(QPainter& painter, const QStyleOptionViewItem& option, const QPointF& middle,
+                                RowMoves::Kind move) const {
+  const bool selected = IsSelected(option);
+  const QColor text = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Link);
+  // A sure move is a full dot, a doubtful one a ring in the colour of what is to be looked at.
+  if (move == RowMoves::Kind::Sure) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(text);
+    painter.drawEllipse(middle, 3.0, 3.0);
+    return;
+  }
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(selected ? text : FindingColor(option.palette), 1.8));
+  painter.drawEllipse(middle, 3.6, 3.6);
+  painter.setPen(Qt::NoPen);
 }
 
 void CaptionDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& option, Row row) const {
@@ -217,7 +239,7 @@ int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
   QString usual;
   switch (column) {
     case ListColumn::Number:
-      return FiguresWidth(metrics, QString::number(kMaxRow.Number())) + kBarWidth + 2 * kSignRoom + 2 * kPadding;
+      return FiguresWidth(metrics, QString::number(kMaxRow.Number())) + kSignsWidth + 2 * kPadding;
     case ListColumn::Start:
     case ListColumn::End:
       usual = ToQt(TimeCell(kUsualTime, times));

@@ -24,6 +24,8 @@ class CaptionDelegate final : public QStyledItemDelegate {
   void PaintGround(QPainter& painter, const QStyleOptionViewItem& option, Row row) const;
   /// Bar and signs of the row; the rest of the cell is left to the number.
   QRect PaintSigns(QPainter& painter, const QStyleOptionViewItem& option, Row row) const;
+  void PaintMove(QPainter& painter, const QStyleOptionViewItem& option, const QPointF& middle,
+                 RowMoves::Kind move) const;
   void PaintText(QPainter& painter, const QStyleOptionViewItem& option, Row row) const;
   QColor TextColor(const QStyleOptionViewItem& option, Row row) const;
 

@@ -66,7 +66,7 @@ QVariant CaptionModel::ShownData(Row row, int column, int role) const {
       return ToQt(grid_.CellText(row, ColumnOf(column)));
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
-      return grid_.HasFindings(row) ? QVariant(ToQt(grid_.Findings(row))) : QVariant();
+      return grid_.Remarks(row).empty() ? QVariant() : QVariant(ToQt(grid_.Remarks(row)));
     default:
       return {};
   }

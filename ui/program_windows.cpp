@@ -9,6 +9,7 @@
 #include "ui/export_view.h"
 #include "ui/find_view.h"
 #include "ui/format_view.h"
+#include "ui/hand_view.h"
 #include "ui/help_view.h"
 #include "ui/keys_view.h"
 #include "ui/list_view.h"
@@ -41,6 +42,7 @@ void AddToolWindows(Windows& windows, Program& program) {
   windows.AddBeside<FindView>(program.tools.findWindow);
   windows.AddBeside<FindView>(program.tools.replaceWindow);
   windows.AddBeside<RetimeView>(program.retime);
+  windows.AddBeside<HandView>(program.hand);
   windows.AddBeside<HelpView>(program.help);
 }
 

@@ -23,6 +23,7 @@ RetimeView::RetimeView(RetimeWindow& form, QWidget* owner) : ToolView(form, owne
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(18, 16, 18, 14);
   column->setSpacing(12);
+  binder_.Bind(form.sync->tmrSync);
   column->addWidget(MakeWays());
   column->addWidget(MakePages(), 1);
   column->addWidget(MakeScope());
@@ -38,7 +39,7 @@ RetimeView::RetimeView(RetimeWindow& form, QWidget* owner) : ToolView(form, owne
 QWidget* RetimeView::MakeWays() {
   auto* column = BareColumn(this);
   QWidget* ways = column->parentWidget();
-  for (OptionButton* way : {&form_.optShift, &form_.optRatio, &form_.optRates, &form_.optPoints}) {
+  for (OptionButton* way : {&form_.optShift, &form_.optRatio, &form_.optRates, &form_.optPoints, &form_.optSync}) {
     column->addWidget(Bind(*way, new QRadioButton(ways)));
   }
   return ways;
@@ -60,6 +61,7 @@ QWidget* RetimeView::MakePages() {
   add(form_.fraRatio, &RetimeView::FillRatio);
   add(form_.fraRates, &RetimeView::FillRates);
   add(form_.fraPoints, &RetimeView::FillPoints);
+  add(form_.sync->fraSync, &RetimeView::FillSync);
   return pages;
 }
 
@@ -120,6 +122,30 @@ void RetimeView::FillPoints(QWidget* page) {
   grid->addWidget(points, 1, 0, 1, 3);
   grid->addWidget(button(form_.cmdRemovePoint), 1, 3, Qt::AlignTop);
   grid->setRowStretch(2, 1);
+}
+
+void RetimeView::FillSync(QWidget* page) {
+  SyncPage& sync = *form_.sync;
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto button = [&](Button& control) {
+    auto* made = Bind(control, new QPushButton(page));
+    made->setAutoDefault(false);
+    return made;
+  };
+  grid->addWidget(button(sync.cmdSyncFind), 0, 0, 1, 2, Qt::AlignLeading);
+  auto* segments = Bind(sync.lstSegments, new QListWidget(page));
+  segments->setFixedHeight(kPointLines * segments->fontMetrics().lineSpacing() + 16);
+  grid->addWidget(segments, 1, 0, 1, 4);
+  auto* offset = Bind(sync.txtOffset, new QLineEdit(page));
+  offset->setFixedWidth(kFieldWidth);
+  grid->addWidget(MakeLabelOf(sync.lblOffset, offset), 2, 0);
+  grid->addWidget(offset, 2, 1);
+  grid->addWidget(button(sync.cmdSetOffset), 2, 2);
+  grid->addWidget(button(sync.cmdFreeSegment), 2, 3);
+  grid->addWidget(button(sync.cmdBorder), 3, 0, 1, 2);
+  grid->addWidget(button(sync.cmdJoinSegment), 3, 2, 1, 2);
+  grid->setRowStretch(4, 1);
 }
 
 QWidget* RetimeView::MakeScope() {

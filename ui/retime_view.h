@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/retime_window.h"
+#include "forms/sync_page.h"
 #include "ui/tool_view.h"
 
 class QGridLayout;
@@ -20,6 +21,7 @@ class RetimeView final : public ToolView {
   void FillRatio(QWidget* page);
   void FillRates(QWidget* page);
   void FillPoints(QWidget* page);
+  void FillSync(QWidget* page);
   QWidget* MakeScope();
   QWidget* MakeButtons();
   QLabel* MakeLabelOf(Label& label, QWidget* widget);

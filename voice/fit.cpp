@@ -237,8 +237,8 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   fitted.endMoved = edges.end.confidence >= (edges.spoken ? kEndEnough : kEndEnoughAlone);
   const double start = std::max(kFirstStart, fitted.startMoved ? edges.start.ms : usual.start);
   const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
-  fitted.start = static_cast<std::int32_t>(std::lround(start));
-  fitted.end = static_cast<std::int32_t>(std::lround(end));
+  fitted.start = Ms::Nearest(start);
+  fitted.end = Ms::Nearest(end);
   return fitted;
 }
 
@@ -260,12 +260,14 @@ FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> capt
   Fitter fitter(sound, captions, words);
   Reaction& hand = result.reaction;
   bool found = true;
-  if (!choice.startLate || !choice.endLate) found = FindHand(fitter, captions, hand);
+  const bool told = choice.hand || (choice.startLate && choice.endLate);
+  if (!told) found = FindHand(fitter, captions, hand);
+  if (choice.hand) hand = *choice.hand;
   if (choice.startLate) hand.start = *choice.startLate;
   if (choice.endLate) hand.end = *choice.endLate;
   fitter.SetHand(hand);
   if (fitter.BestSeparation() < kLeastSeparation) result.problem = FitProblem::NoVoice;
-  if (!found && !choice.startLate) result.problem = FitProblem::NoReaction;
+  if (!found && !choice.startLate && !choice.hand) result.problem = FitProblem::NoReaction;
   if (result.problem != FitProblem::None) return result;
 
   for (std::size_t number = 0; number < fitter.Timed().size(); ++number) {

@@ -114,7 +114,7 @@ TEST_F(HelpWindowTest, EachWindowHasItsPage) {
   for (const char* window :
        {"frmAbout",  "frmAudio",  "frmAudioWizard", "frmCheck",     "frmDelay",  "frmEmbed",   "frmExport",
         "frmFind",   "frmFormat", "frmLines",       "frmProposals", "frmReopen", "frmReplace", "frmReport",
-        "frmRetime", "frmSaving", "frmSpell",       "frmStart",     "frmSub",    "frmUpdate"}) {
+        "frmRetime", "frmHand",   "frmSaving",      "frmSpell",     "frmStart",  "frmSub",     "frmUpdate"}) {
     Help().OpenFor(window);
     EXPECT_NE(File(), u"start.html") << window;
     EXPECT_TRUE(files.Exists(Help().PagePath().substr(0, Help().PagePath().rfind(u'#')))) << window;

@@ -1,9 +1,12 @@
 #include "forms/voice_fitting.h"
 
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
+#include "forms/held_hand.h"
 #include "tests/support/program_fixture.h"
+#include "voice/hand_exercise.h"
 
 namespace cuewright {
 namespace {
@@ -140,6 +143,258 @@ TEST_F(VoiceFittingTest, TheClassicMannerHasNoneOfIt) {
   program->fitting.ShowItems();
   EXPECT_FALSE(Window().mnuFit.Visible());
   EXPECT_FALSE(Window().mnuFitAll.Visible());
+}
+
+TEST_F(VoiceFittingTest, MovedCaptionsBearAMarkThatUndoTakesAway) {
+  Window().mnuFitAll.Click();
+  Hear(Samples());
+  EXPECT_EQ(program->grid.MoveOf(2), RowMoves::Kind::Sure);
+  const Text words = program->grid.Remarks(2);
+  EXPECT_NE(words.find(u"start -2"), Text::npos) << ToUtf8(words);
+  EXPECT_NE(program->grid.SpokenCaption(2).find(words), Text::npos);
+  Window().mnuUndo.Click();
+  EXPECT_EQ(program->grid.MoveOf(2), RowMoves::Kind::None);
+  EXPECT_EQ(program->grid.Remarks(2), u"");
+  Window().mnuRedo.Click();
+  EXPECT_EQ(program->grid.MoveOf(2), RowMoves::Kind::Sure);
+}
+
+TEST_F(VoiceFittingTest, OneCommandTakesTheMovesOfTheSelectedCaptionsBack) {
+  Window().mnuFitAll.Click();
+  Hear(Samples());
+  program->list.SetRow(2, false);
+  Window().mnuTakeFitBack.Click();
+  EXPECT_EQ(StartOf(2), kStarts[1] + 210);
+  EXPECT_NEAR(StartOf(3), kStarts[2], 25);
+  Window().mnuTakeFitBack.Click();
+  EXPECT_EQ(Told(), u"No selected caption was fitted.");
+  Window().mnuUndo.Click();
+  EXPECT_NEAR(StartOf(2), kStarts[1], 25);
+}
+
+TEST_F(VoiceFittingTest, MarksGoWithTheirCaptions) {
+  Window().mnuFitAll.Click();
+  Hear(Samples());
+  program->list.AddCaption(0, 0, u"New", 1);
+  EXPECT_EQ(program->grid.MoveOf(1), RowMoves::Kind::None);
+  EXPECT_EQ(program->grid.MoveOf(5), RowMoves::Kind::Sure);
+  program->list.DeleteCaption(1);
+  EXPECT_EQ(program->grid.MoveOf(4), RowMoves::Kind::Sure);
+  EXPECT_EQ(program->grid.MoveOf(5), RowMoves::Kind::None);
+}
+
+TEST_F(VoiceFittingTest, TheNextDoubtfulOneIsShownAndHeardAgainAndAgain) {
+  Window().mnuNextDoubtful.Click();
+  EXPECT_EQ(Told(), u"No fit is doubtful.");
+  FitMove move;
+  move.row = 3;
+  move.before = program->list.TimesAt(3);
+  move.mark.held = move.before;
+  move.mark.fitted = {move.before.start - 100, move.before.end};
+  move.mark.startConfidence = 0.3;
+  move.mark.endConfidence = 0.9;
+  ASSERT_EQ(program->fitMarks.Move({move}, 0), 1);
+  EXPECT_EQ(program->grid.MoveOf(3), RowMoves::Kind::Doubtful);
+  Window().mnuNextDoubtful.Click();
+  EXPECT_EQ(program->list.Selected(), 3);
+  EXPECT_NEAR(player.position, (kStarts[2] + 110 - 200) / 1000.0, 0.001);
+  player.position = 14;
+  Window().tmrStretch.Pass();
+  EXPECT_NEAR(player.position, (kStarts[2] + 110 - 200) / 1000.0, 0.001);
+}
+
+TEST_F(VoiceFittingTest, TheTableThatTheAudioBarKeptIsTakenInsteadOfTheFilm) {
+  SoundTable kept;
+  SoundMeasurer measurer(kept, kSamplesASecond);
+  SampleBytes bytes;
+  measurer.Add(bytes.Take(Samples()));
+  measurer.Finish();
+  const Text path = sounds.PathFor(folder / "film.mkv", player.AudioTrack());
+  std::filesystem::create_directories(ToUtf8(folder / "cache"));
+  files.WritePrivate(SoundTableBeside(path), kept.Bytes());
+  Window().mnuFitAll.Click();
+  WaitForSearch();
+  EXPECT_TRUE(processes.runs.empty());
+  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+}
+
+/// The film's sound is known, and the captions have no times yet.
+struct ReleaseFittingTest : VoiceFittingTest {
+  ReleaseFittingTest() {
+    Window().mnuFitAll.Click();
+    Hear(Samples());
+    program->list.SetRow(1, false);
+    for (Row row = 1; row <= 4; ++row) program->list.ClearCaptionTiming(row, false);
+    program->options.pressLate = {200, 0, 0};
+    program->options.releaseLate = {180, 0, 0};
+    program->options.autoJoin = 0;
+  }
+  void Hold(int start, int end) {
+    player.state = kPlayerPlaying;
+    Press(start);
+    Release(end);
+  }
+  void Press(int at) {
+    player.position = at / 1000.0;
+    Window().tmrTime.Pass();
+    program->capture.StartCaption(false, false);
+  }
+  void Release(int at) {
+    player.position = at / 1000.0;
+    Window().tmrTime.Pass();
+    program->capture.EndCaption();
+  }
+  void WaitForFit() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (Window().tmrRelease.Enabled() && std::chrono::steady_clock::now() < end) {
+      Window().tmrRelease.Pass();
+      std::this_thread::yield();
+    }
+    ASSERT_FALSE(Window().tmrRelease.Enabled());
+  }
+};
+
+TEST_F(ReleaseFittingTest, TheTimesOfTheHandAreStoredAndTheFitIsASecondStep) {
+  Hold(2230, 4170);
+  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
+  WaitForFit();
+  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+  EXPECT_NEAR(program->list.GetCaptionEnd(1), kStarts[0] + kLength, 60);
+  EXPECT_EQ(program->list.Selected(), 2);
+  Window().mnuUndo.Click();
+  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
+  Window().mnuUndo.Click();
+  EXPECT_EQ(program->list.TimesAt(1), CaptionTimes{});
+}
+
+TEST_F(ReleaseFittingTest, NothingComesBetweenAPressAndItsRelease) {
+  Hold(2230, 4170);
+  Press(7220);
+  Window().tmrRelease.Pass();
+  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
+  Release(9150);
+  WaitForFit();
+  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+  EXPECT_NEAR(StartOf(2), kStarts[1], 25);
+}
+
+TEST_F(ReleaseFittingTest, WithoutAnySoundTheConstantIsTakenOff) {
+  Play(folder.Write("other.mkv", "x"));
+  Hold(2230, 4170);
+  WaitForFit();
+  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2030, 3990}));
+  EXPECT_EQ(program->grid.Remarks(1), u"Moved by your constant: start -200 ms, end -180 ms");
+}
+
+TEST_F(ReleaseFittingTest, AnUnknownHandWithoutSoundLeavesTheTimesAlone) {
+  program->options.pressLate = {};
+  program->options.releaseLate = {};
+  Play(folder.Write("other.mkv", "x"));
+  Hold(2230, 4170);
+  WaitForFit();
+  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
+}
+
+TEST_F(ReleaseFittingTest, TheSettingAndTheClassicMannerTurnItOff) {
+  Window().mnuFitOnRelease.Click();
+  EXPECT_FALSE(program->options.fitOnRelease);
+  Hold(2230, 4170);
+  EXPECT_FALSE(Window().tmrRelease.Enabled());
+  Window().mnuFitOnRelease.Click();
+  program->options.manner.SetClassic(true);
+  Hold(7230, 9170);
+  EXPECT_FALSE(Window().tmrRelease.Enabled());
+}
+
+TEST_F(ReleaseFittingTest, MissingWordsAreToldOnceAndTheSoundIsEnough) {
+  program->options.fitLanguage = u"en";
+  processes.missing = true;
+  Hold(2230, 4170);
+  WaitForFit();
+  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+  EXPECT_NE(Told().find(u"without their words"), Text::npos) << ToUtf8(Told());
+}
+
+TEST(HeldHand, HasAMedianAndASpreadThatOneOutlierDoesNotMove) {
+  EXPECT_EQ(MedianLateness({200, 210, 190, 2000, 205}), 205);
+  EXPECT_LT(LatenessSpread({200, 210, 190, 2000, 205}), 30);
+}
+
+TEST(HeldHand, IsUnknownUntilItIsMeasured) {
+  AppOptions options;
+  EXPECT_FALSE(HandInForce(options));
+  KeepHandTimes(options, 1, {230, 50, 180, 90});
+  EXPECT_FALSE(HandInForce(options));
+  options.hand = 1;
+  ASSERT_TRUE(HandInForce(options));
+  EXPECT_EQ(HandInForce(options)->start, 230);
+  EXPECT_EQ(HandInForce(options)->endSpread, 90);
+}
+
+TEST_F(VoiceFittingTest, TheHandIsTypedForTheMouseApart) {
+  Window().mnuHand.Click();
+  HandWindow& window = program->hand;
+  window.cboHand.Choose(1);
+  window.txtPress.SetText(u"240");
+  window.txtRelease.SetText(u"-30");
+  window.cmdOK.Click();
+  EXPECT_EQ(program->options.hand, 1);
+  EXPECT_EQ(program->options.pressLate[1], 240);
+  EXPECT_EQ(program->options.releaseLate[1], -30);
+  EXPECT_EQ(program->options.pressLate[0], 0);
+}
+
+TEST_F(VoiceFittingTest, TheExerciseMeasuresTheHand) {
+  processes.missing = true;
+  program->folders.TempFolder = folder / "";
+  program->hand.Show();
+  program->hand.cmdExercise.Click();
+  ASSERT_EQ(program->list.Rows(), 21);
+  player.state = kPlayerPlaying;
+  const HandExercise truth = MakeHandExercise(nullptr, u"en");
+  for (Row row = 1; row <= 20; ++row) {
+    const CaptionTimes said = truth.truth[static_cast<std::size_t>(row - 1)];
+    const int spread = row % 2 == 0 ? 20 : -20;
+    player.position = (said.start + 250 + spread) / 1000.0;
+    Window().tmrTime.Pass();
+    program->capture.StartCaption(false, false);
+    player.position = (said.end + 140 + spread) / 1000.0;
+    Window().tmrTime.Pass();
+    program->capture.EndCaption();
+  }
+  EXPECT_NEAR(program->options.pressLate[0], 250, 21);
+  EXPECT_NEAR(program->options.releaseLate[0], 140, 21);
+  EXPECT_NEAR(program->options.pressSpread[0], 30, 31);
+  EXPECT_TRUE(program->hand.Loaded());
+  Window().tmrRelease.Pass();
+  EXPECT_EQ(program->list.GetCaptionStart(1), truth.truth[0].start + 230);
+}
+
+TEST_F(VoiceFittingTest, TimesFromTheSoundWantALanguage) {
+  Window().mnuTimesFromSound.Click();
+  EXPECT_EQ(Told(), u"Choose the language of the film in Hand and voice first.");
+}
+
+TEST_F(VoiceFittingTest, TimesFromTheSoundAreGivenUpByTheSameCommand) {
+  program->options.fitLanguage = u"en";
+  Window().mnuTimesFromSound.Click();
+  ASSERT_TRUE(Window().tmrTimesFromSound.Enabled());
+  EXPECT_EQ(Window().mnuTimesFromSound.GetText(), u"Stop looking for times");
+  Window().mnuTimesFromSound.Click();
+  EXPECT_FALSE(Window().tmrTimesFromSound.Enabled());
+  EXPECT_EQ(StartOf(1), kStarts[0] + 210);
+  EXPECT_EQ(Window().mnuTimesFromSound.GetText(), u"Times from the sound");
+}
+
+TEST_F(VoiceFittingTest, LinesWithTimesAreOneStepAndDoubtfulOnesAreMarked) {
+  program->fitMarks.TakeLines(
+      {{1000, 2000, 0.9, false}, {3000, 4000, 0.8, true}, {5000, 6000, 1, false}, {7000, 8000, 1, false}});
+  EXPECT_EQ(program->list.TimesAt(2), (CaptionTimes{3000, 4000}));
+  EXPECT_EQ(program->grid.MoveOf(1), RowMoves::Kind::Sure);
+  EXPECT_EQ(program->grid.MoveOf(2), RowMoves::Kind::Doubtful);
+  EXPECT_EQ(program->grid.Remarks(2), u"Times from the sound, doubtful (59 %)");
+  Window().mnuUndo.Click();
+  EXPECT_EQ(StartOf(2), kStarts[1] + 210);
 }
 
 }  // namespace

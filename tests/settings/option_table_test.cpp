@@ -74,7 +74,10 @@ TEST(OptionTable, IsStoredInItsOrder) {
             "P_VSFILTERMODE=0\nVolume=50\nM_FONTBOLD=0\nM_FONTNAME=Tahoma\nM_FONTSIZE=8\nM_INFOBAR=255\n"
             "InfoBarUnfolded=0\nToolBar=255\nM_AUDIOBAR=0\nM_FULLWAVE=0\nRawMarks=0\nCaptionColumns=\nCaptionTimes=0\n"
             "M_AUDIOBARCOLOR=16776960\nM_WAVSCALE=23000\nWaveZoom=10000\nWaveHeight=180\nWaveLook=0\nWaveCentred=0\n"
-            "WaveSnaps=255\nFindShots=255\nShotSense=100\nHardwareDecoding=0\nRetakeStep=0\n");
+            "WaveSnaps=255\nFindShots=255\nShotSense=100\nHardwareDecoding=0\nRetakeStep=0\n"
+            "FitOnRelease=255\nFitLanguage=\nHand=0\nPressLate0=0\nPressLate1=0\nPressLate2=0\n"
+            "PressSpread0=0\nPressSpread1=0\nPressSpread2=0\nReleaseLate0=0\nReleaseLate1=0\nReleaseLate2=0\n"
+            "ReleaseSpread0=0\nReleaseSpread1=0\nReleaseSpread2=0\n");
 }
 
 }  // namespace

@@ -153,7 +153,7 @@ TEST_P(EveryLanguage, HasRoomInTheWindowsOfTheEditMenu) {
   player.framesPerSecond = 23.976;
   std::vector<std::function<void()>> ways;
   RetimeWindow& retime = program->retime;
-  for (OptionButton* way : {&retime.optRatio, &retime.optRates, &retime.optPoints}) {
+  for (OptionButton* way : {&retime.optRatio, &retime.optRates, &retime.optPoints, &retime.optSync}) {
     ways.emplace_back([way] { way->Click(); });
   }
   Look(Window().mnuRetime, ways);

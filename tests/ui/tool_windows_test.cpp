@@ -47,7 +47,8 @@ struct ToolWindowsTest : ProgramFixture {
     if (view == nullptr) return nullptr;
     EXPECT_TRUE(QTest::qWaitForWindowExposed(view));
     for (const Control* control : form.Controls()) {
-      EXPECT_NE(view->findChild<QWidget*>(QString::fromStdString(control->Name())), nullptr) << control->Name();
+      // A timer is no widget, but an object of the window with its name all the same.
+      EXPECT_NE(view->findChild<QObject*>(QString::fromStdString(control->Name())), nullptr) << control->Name();
     }
     for (const QWidget* widget : view->findChildren<QWidget*>()) {
       const std::string name = widget->objectName().toStdString();
@@ -164,8 +165,8 @@ TEST_F(ToolWindowsTest, TheRetimeWindowShowsTheControlsOfTheChosenWayAlone) {
   QWidget* view = Shown(program->retime);
   ASSERT_NE(view, nullptr);
   const QSize size = view->size();
-  for (const auto& [way, field] :
-       {std::pair{"optRates", "cboFrom"}, std::pair{"optRatio", "txtRatio"}, std::pair{"optPoints", "lstPoints"}}) {
+  for (const auto& [way, field] : {std::pair{"optRates", "cboFrom"}, std::pair{"optRatio", "txtRatio"},
+                                   std::pair{"optPoints", "lstPoints"}, std::pair{"optSync", "lstSegments"}}) {
     view->findChild<QAbstractButton*>(way)->click();
     EXPECT_TRUE(view->findChild<QWidget*>(field)->isVisible()) << way;
     EXPECT_FALSE(view->findChild<QWidget*>("txtShift")->isVisible()) << way;
@@ -174,6 +175,18 @@ TEST_F(ToolWindowsTest, TheRetimeWindowShowsTheControlsOfTheChosenWayAlone) {
   }
   QTest::keyClick(view, Qt::Key_Escape);
   EXPECT_FALSE(program->retime.Loaded());
+}
+
+TEST_F(ToolWindowsTest, TheHandsWindowHasAWidgetForEveryControlAndTakesWhatIsTyped) {
+  QWidget* view = Shown(program->hand);
+  ASSERT_NE(view, nullptr);
+  auto* late = view->findChild<QLineEdit*>("txtPress");
+  late->setFocus();
+  late->selectAll();
+  QTest::keyClicks(late, "230");
+  QTest::keyClick(late, Qt::Key_Return);
+  EXPECT_FALSE(program->hand.Loaded());
+  EXPECT_EQ(program->options.pressLate[0], 230);
 }
 
 TEST_F(ToolWindowsTest, AReportOfManyEntriesReachesTheWidgetWhole) {

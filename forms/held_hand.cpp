@@ -1,0 +1,60 @@
+#include "forms/held_hand.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace cuewright {
+namespace {
+
+constexpr int kMostLate = 2000;  ///< ms
+constexpr int kMostSpread = 1000;
+constexpr double kDeviations = 1.4826;  ///< of a normal law: its standard by its median deviation
+
+std::int16_t Within(int value, int least, int most) {
+  return static_cast<std::int16_t>(std::clamp(value, least, most));
+}
+
+}  // namespace
+
+HandTimes HandTimesOf(const AppOptions& options, int hand) {
+  const auto at = static_cast<std::size_t>(hand);
+  return {options.pressLate.at(at), options.pressSpread.at(at), options.releaseLate.at(at),
+          options.releaseSpread.at(at)};
+}
+
+void KeepHandTimes(AppOptions& options, int hand, const HandTimes& times) {
+  const auto at = static_cast<std::size_t>(hand);
+  options.pressLate.at(at) = Within(times.pressLate, -kMostLate, kMostLate);
+  options.pressSpread.at(at) = Within(times.pressSpread, 0, kMostSpread);
+  options.releaseLate.at(at) = Within(times.releaseLate, -kMostLate, kMostLate);
+  options.releaseSpread.at(at) = Within(times.releaseSpread, 0, kMostSpread);
+}
+
+std::optional<Reaction> HandInForce(const AppOptions& options) {
+  const HandTimes times = HandTimesOf(options, options.hand);
+  if (times == HandTimes{}) return std::nullopt;
+  Reaction hand;
+  hand.start = times.pressLate;
+  hand.end = times.releaseLate;
+  // A spread that nobody measured is that of people; one from few presses isn't believed beyond theirs.
+  if (times.pressSpread > 0) {
+    hand.startSigma = std::clamp(times.pressSpread / std::max(hand.start, 60.0), 0.2, 0.5);
+  }
+  if (times.releaseSpread > 0) hand.endSpread = std::clamp<double>(times.releaseSpread, 60, 200);
+  return hand;
+}
+
+int MedianLateness(std::vector<int> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+int LatenessSpread(std::vector<int> values) {
+  const int median = MedianLateness(values);
+  for (int& value : values) value = std::abs(value - median);
+  return static_cast<int>(std::lround(kDeviations * MedianLateness(std::move(values))));
+}
+
+}  // namespace cuewright

@@ -1,0 +1,243 @@
+#include "forms/sync_page.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+#include "tools/typed_time.h"
+#include "voice/voice_likeness.h"
+
+namespace cuewright {
+namespace {
+
+/// "+2.340" seconds.
+Text SignedSeconds(Ms ms) {
+  const std::int64_t size = std::abs(std::int64_t{ms});
+  return (ms < 0 ? u"-" : u"+") + Decimal(size / 1000) + u"." + Padded(size % 1000, 3);
+}
+
+}  // namespace
+
+SyncPage::SyncPage(Form& window, Workbench bench, FilmVoice& voice)
+    : fraSync(window, "fraSync"),
+      cmdSyncFind(window, "cmdSyncFind"),
+      lstSegments(window, "lstSegments"),
+      lblOffset(window, "lblOffset"),
+      txtOffset(window, "txtOffset"),
+      cmdSetOffset(window, "cmdSetOffset"),
+      cmdFreeSegment(window, "cmdFreeSegment"),
+      cmdBorder(window, "cmdBorder"),
+      cmdJoinSegment(window, "cmdJoinSegment"),
+      tmrSync(window, "tmrSync", 100),
+      bench_(bench),
+      voice_(voice) {
+  Wire();
+}
+
+SyncPage::~SyncPage() = default;
+
+void SyncPage::Wire() {
+  cmdSyncFind.Clicked.Connect([this] { Find(); });
+  tmrSync.Tick.Connect([this] { Poll(); });
+  lstSegments.Chosen.Connect([this] {
+    Show(Chosen());
+    if (Chosen() >= 0) bench_.list.SetRow(segments_[static_cast<std::size_t>(Chosen())].found.first, true);
+  });
+  // Enter sets what was typed, and isn't the window's.
+  txtOffset.KeyDown.Connect([this](KeyEvent& key) {
+    if (key.code != kKeyEnter) return;
+    key.handled = true;
+    cmdSetOffset.Click();
+  });
+  cmdSetOffset.Clicked.Connect([this] { SetOffset(); });
+  cmdFreeSegment.Clicked.Connect([this] {
+    if (Chosen() < 0) return;
+    segments_[static_cast<std::size_t>(Chosen())].fixed = false;
+    Show(Chosen());
+  });
+  cmdBorder.Clicked.Connect([this] { PutBorder(); });
+  cmdJoinSegment.Clicked.Connect([this] { Join(); });
+}
+
+void SyncPage::ApplyLanguage() {
+  const LangStrings& strings = bench_.strings;
+  cmdSyncFind.SetText(strings[Message::SyncFind]);
+  lblOffset.SetText(strings[Message::SyncOffset]);
+  cmdSetOffset.SetText(strings[Message::SetPoint]);
+  cmdFreeSegment.SetText(strings[Message::SyncRelease]);
+  cmdBorder.SetText(strings[Message::SyncBorder]);
+  cmdJoinSegment.SetText(strings[Message::SyncJoin]);
+  txtOffset.SetSpokenName(strings[Message::SyncOffset]);
+  lstSegments.SetSpokenName(strings[Message::SpokenSegments]);
+  if (told_.empty()) told_ = strings[Message::SyncNothing];
+  Show(Chosen());
+}
+
+void SyncPage::Forget() {
+  tmrSync.SetEnabled(false);
+  if (search_.valid()) search_.wait();
+  search_ = {};
+  segments_.clear();
+  told_.clear();
+}
+
+void SyncPage::Tell(Message message) {
+  told_ = bench_.strings[message];
+  Changed();
+}
+
+void SyncPage::Find() {
+  if (tmrSync.Enabled()) return;
+  if (!bench_.document.HasVideo() || !voice_.Possible()) return Tell(Message::SyncFilmWanted);
+  if (voice_.Reading()) return;
+  times_.clear();
+  for (Row row = 1; bench_.list.InRange(row); ++row) times_.push_back(bench_.list.TimesAt(row));
+  CarryOn steps;
+  const bool known = voice_.Known() != nullptr;
+  if (!known && !steps([&] { voice_.BeginReading(); })) return Tell(Message::SyncFilmWanted);
+  tmrSync.SetEnabled(true);
+  cmdSyncFind.SetEnabled(false);
+  Tell(Message::SyncFinding);
+  if (known) Search();
+}
+
+void SyncPage::Search() {
+  search_ = std::async(std::launch::async,
+                       [times = times_, sound = voice_.Known()] { return Synchronise(times, VoiceOfSound(*sound)); });
+}
+
+void SyncPage::Poll() {
+  if (search_.valid()) {
+    if (search_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) Finish();
+    return;
+  }
+  if (voice_.Poll()) return;
+  if (voice_.Known()) return Search();
+  tmrSync.SetEnabled(false);
+  cmdSyncFind.SetEnabled(true);
+  Tell(Message::SyncFilmWanted);
+}
+
+void SyncPage::Finish() {
+  tmrSync.SetEnabled(false);
+  cmdSyncFind.SetEnabled(true);
+  const SyncResult result = search_.get();
+  // Other captions have come meanwhile.
+  if (std::ssize(times_) != bench_.list.Rows() - 1) return;
+  if (!result.belongs) return Tell(Message::SyncForeign);
+  ratio_ = result.ratio;
+  segments_ = UnderFixed(result.segments);
+  Show(-1);
+  Changed();
+}
+
+std::vector<SyncPage::Segment> SyncPage::UnderFixed(const std::vector<SyncSegment>& found) const {
+  std::vector<Segment> all;
+  for (const Segment& segment : segments_) {
+    if (segment.fixed) all.push_back(segment);
+  }
+  const std::size_t fixed = all.size();
+  for (SyncSegment segment : found) {
+    // What lies between those that were set by hand is left of it, a piece behind the other.
+    for (std::size_t at = 0; at < fixed && segment.first <= segment.last; ++at) {
+      const SyncSegment& held = all[at].found;
+      if (held.last < segment.first || held.first > segment.last) continue;
+      if (segment.first < held.first) {
+        SyncSegment front = segment;
+        front.last = held.first - 1;
+        all.push_back({front, false});
+      }
+      segment.first = held.last + 1;
+    }
+    if (segment.first <= segment.last) all.push_back({segment, false});
+  }
+  std::ranges::sort(all, {}, [](const Segment& segment) { return segment.found.first; });
+  return all;
+}
+
+void SyncPage::Show(int chosen) {
+  const LangStrings& strings = bench_.strings;
+  std::vector<Text> rows;
+  for (const Segment& segment : segments_) {
+    const SyncSegment& found = segment.found;
+    const Text sure = segment.fixed    ? strings[Message::SyncFixed]
+                      : found.doubtful ? strings[Message::SyncDoubtful]
+                                       : Fill(strings[Message::SyncSure],
+                                              Decimal(static_cast<int>(std::lround(found.confidence * 100))));
+    rows.push_back(Fill(strings[Message::SyncSegment], Decimal(found.first), Decimal(found.last)) + u":  " +
+                   SignedSeconds(found.offset) + u"  (" + sure + u")");
+  }
+  if (rows != lstSegments.Items()) lstSegments.SetItems(std::move(rows));
+  if (chosen >= 0 && chosen < std::ssize(segments_)) lstSegments.SetIndex(chosen);
+  const bool any = Chosen() >= 0 && Chosen() < std::ssize(segments_);
+  const Segment segment = any ? segments_[static_cast<std::size_t>(Chosen())] : Segment{};
+  txtOffset.SetText(any ? SignedSeconds(segment.found.offset) : Text());
+  txtOffset.SetEnabled(any);
+  cmdSetOffset.SetEnabled(any);
+  cmdFreeSegment.SetEnabled(any && segment.fixed);
+  cmdBorder.SetEnabled(!segments_.empty());
+  cmdJoinSegment.SetEnabled(any && Chosen() > 0);
+}
+
+void SyncPage::SetOffset() {
+  const int chosen = Chosen();
+  TextView typed = txtOffset.GetText();
+  const bool earlier = typed.starts_with(u'-');
+  if (earlier || typed.starts_with(u'+')) typed.remove_prefix(1);
+  const std::optional<Ms> ms = TypedTime(Text(typed));
+  if (chosen < 0 || !ms) return;
+  Segment& segment = segments_[static_cast<std::size_t>(chosen)];
+  segment.found.offset = earlier ? -*ms : *ms;
+  segment.fixed = true;
+  Show(chosen);
+  Changed();
+}
+
+void SyncPage::PutBorder() {
+  const Row row = bench_.list.Selected();
+  const auto at = std::ranges::find_if(
+      segments_, [row](const Segment& each) { return each.found.first < row && row <= each.found.last; });
+  if (at == segments_.end()) return;
+  Segment behind = *at;
+  behind.found.first = row;
+  behind.fixed = true;
+  at->found.last = row - 1;
+  at->fixed = true;
+  const int place = static_cast<int>(at - segments_.begin()) + 1;
+  segments_.insert(at + 1, behind);
+  Show(place);
+  Changed();
+}
+
+void SyncPage::Join() {
+  const int chosen = Chosen();
+  if (chosen <= 0) return;
+  const auto at = segments_.begin() + chosen;
+  (at - 1)->found.last = at->found.last;
+  (at - 1)->fixed = true;
+  segments_.erase(at);
+  Show(chosen - 1);
+  Changed();
+}
+
+TimeMap SyncPage::MapOf(const Segment& segment) const {
+  return TimeMap::ScaleAndShift({ratio_.numerator, ratio_.denominator}, segment.found.offset);
+}
+
+std::vector<RetimePiece> SyncPage::Pieces() const {
+  std::vector<RetimePiece> pieces;
+  for (const Segment& segment : segments_) {
+    pieces.push_back({{segment.found.first, segment.found.last}, MapOf(segment)});
+  }
+  return pieces;
+}
+
+CaptionTimes SyncPage::TimesOf(Row row, const CaptionTimes& own) const {
+  const auto at = std::ranges::find_if(
+      segments_, [row](const Segment& each) { return each.found.first <= row && row <= each.found.last; });
+  return at == segments_.end() ? own : RetimedTimes(own, MapOf(*at)).times;
+}
+
+}  // namespace cuewright
