@@ -123,7 +123,7 @@ void FitMarks::TakeLines(const std::vector<AlignedLine>& lines) {
   std::vector<CaptionTimes> times;
   marks_.clear();
   for (const AlignedLine& line : lines) {
-    const Row row = static_cast<Row>(times.size()) + 1;
+    const Row row = Row::OfIndex(times.size());
     times.push_back({line.start, line.end});
     FitMark& mark = marks_[row];
     mark.number = ++holds_;

@@ -132,10 +132,10 @@ void HandWindow::OnHeld() {
   std::vector<int> presses;
   std::vector<int> releases;
   for (std::size_t place = 0; place < truth_.size(); ++place) {
-    const CaptionTimes times = bench_.list.TimesAt(static_cast<Row>(place) + 1);
+    const CaptionTimes times = bench_.list.TimesAt(Row::OfIndex(place));
     if (times.end <= times.start) return;
-    presses.push_back(times.start - truth_[place].start);
-    releases.push_back(times.end - truth_[place].end);
+    presses.push_back((times.start - truth_[place].start).Count());
+    releases.push_back((times.end - truth_[place].end).Count());
   }
   KeepHandTimes(bench_.options, bench_.options.hand,
                 {MedianLateness(presses), LatenessSpread(presses), MedianLateness(releases), LatenessSpread(releases)});

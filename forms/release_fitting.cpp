@@ -138,8 +138,8 @@ void ReleaseFitting::MoveByConstant() {
   for (const Row row : Waiting()) {
     FitMove move{row, bench_.list.TimesAt(row), *marks_.Find(row)};
     move.mark.byConstant = true;
-    move.mark.fitted = {std::max(RoundToInt32(move.before.start - hand->start), 1),
-                        RoundToInt32(move.before.end - hand->end)};
+    move.mark.fitted = {std::max<Ms>(Ms::Nearest(move.before.start.Count() - hand->start), 1),
+                        Ms::Nearest(move.before.end.Count() - hand->end)};
     moves.push_back(move);
   }
   marks_.Move(moves, check_.LeastGap());
@@ -164,8 +164,9 @@ void ReleaseFitting::Learn() {
   std::vector<int> releases;
   for (const auto& [row, mark] : marks_.All()) {
     if (!mark.byHand || !marks_.InForce(row, mark)) continue;
-    if (mark.startMoved && mark.startConfidence >= kSure) presses.push_back(mark.held.start - mark.fitted.start);
-    if (mark.endMoved && mark.endConfidence >= kSure) releases.push_back(mark.held.end - mark.fitted.end);
+    if (mark.startMoved && mark.startConfidence >= kSure)
+      presses.push_back((mark.held.start - mark.fitted.start).Count());
+    if (mark.endMoved && mark.endConfidence >= kSure) releases.push_back((mark.held.end - mark.fitted.end).Count());
   }
   if (presses.size() < kKeptEnough || releases.size() < kKeptEnough) return;
   const HandTimes now = {MedianLateness(presses), LatenessSpread(presses), MedianLateness(releases),

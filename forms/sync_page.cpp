@@ -14,7 +14,7 @@ namespace {
 
 /// "+2.340" seconds.
 Text SignedSeconds(Ms ms) {
-  const std::int64_t size = std::abs(std::int64_t{ms});
+  const std::int64_t size = std::abs(ms.Wide());
   return (ms < 0 ? u"-" : u"+") + Decimal(size / 1000) + u"." + Padded(size % 1000, 3);
 }
 
@@ -125,7 +125,7 @@ void SyncPage::Finish() {
   cmdSyncFind.SetEnabled(true);
   const SyncResult result = search_.get();
   // Other captions have come meanwhile.
-  if (std::ssize(times_) != bench_.list.Rows() - 1) return;
+  if (std::ssize(times_) != bench_.list.Count()) return;
   if (!result.belongs) return Tell(Message::SyncForeign);
   ratio_ = result.ratio;
   segments_ = UnderFixed(result.segments);
@@ -166,8 +166,8 @@ void SyncPage::Show(int chosen) {
                       : found.doubtful ? strings[Message::SyncDoubtful]
                                        : Fill(strings[Message::SyncSure],
                                               Decimal(static_cast<int>(std::lround(found.confidence * 100))));
-    rows.push_back(Fill(strings[Message::SyncSegment], Decimal(found.first), Decimal(found.last)) + u":  " +
-                   SignedSeconds(found.offset) + u"  (" + sure + u")");
+    rows.push_back(Fill(strings[Message::SyncSegment], Decimal(found.first.Number()), Decimal(found.last.Number())) +
+                   u":  " + SignedSeconds(found.offset) + u"  (" + sure + u")");
   }
   if (rows != lstSegments.Items()) lstSegments.SetItems(std::move(rows));
   if (chosen >= 0 && chosen < std::ssize(segments_)) lstSegments.SetIndex(chosen);

@@ -111,7 +111,7 @@ void TimesFromSound::Finish() {
 
 void TimesFromSound::Take(const std::vector<AlignedLine>& lines) {
   // A text that was changed meanwhile is another one.
-  if (std::ssize(lines) != bench_.list.Rows() - 1) return Tell(Message::TextChangedMeanwhile);
+  if (std::ssize(lines) != bench_.list.Count()) return Tell(Message::TextChangedMeanwhile);
   const auto doubtful = std::ranges::count_if(lines, &AlignedLine::doubtful);
   marks_.TakeLines(lines);
   Tell(Message::TimesFound, Decimal(std::ssize(lines)), Decimal(doubtful));

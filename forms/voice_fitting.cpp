@@ -94,7 +94,7 @@ void VoiceFitting::Move(const FitResult& result) {
   int doubtful = 0;
   for (std::size_t place = 0; place < before_.size(); ++place) {
     const FittedCaption& caption = result.captions[place];
-    const Row row = static_cast<Row>(place) + 1;
+    const Row row = Row::OfIndex(place);
     if (!caption.wanted || !bench_.list.InRange(row) || bench_.list.TimesAt(row) != before_[place]) continue;
     moves.push_back(MoveOf(row, before_[place], job_.held[place], caption));
     ++fitted;

@@ -25,7 +25,7 @@ struct FitChoice {
   std::optional<double> startLate{};          ///< the median lateness of presses in ms; empty: found from the film
   std::optional<double> endLate{};            ///< the same of releases
   std::optional<Reaction> hand{};             ///< all of it, where the person was measured; it goes before both
-  Ms leastGap = 0;                  ///< ms that are left between two captions
+  Ms leastGap = 0;                            ///< ms that are left between two captions
   const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread that wants no more of it
 };
 
