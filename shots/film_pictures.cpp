@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cstring>
 #include <deque>
+#include <limits>
 #include <memory>
 #include <string_view>
 
@@ -16,6 +17,8 @@ constexpr TextView kDecoder = u"ffmpeg";
 constexpr int kWaitMs = 100;
 constexpr std::int64_t kUsASecond = 1000000;
 constexpr std::size_t kLongestProblem = 300;
+/// Pictures that take no longer to measure than a window may stand still.
+constexpr std::size_t kMostAtOnce = 24;
 
 /// "file:" keeps a name from being taken for an option or an address.
 std::vector<Text> Arguments(TextView film) {
@@ -42,12 +45,10 @@ bool NumberBehind(std::string_view line, std::string_view word, std::int64_t& nu
 /// Puts the pictures of the output and the times of the log together.
 class FilmPictures::Joiner {
  public:
-  explicit Joiner(ShotMeasurer& measurer) : measurer_(measurer) {}
+  /// `most`: pictures that are measured at once.
+  Joiner(ShotMeasurer& measurer, std::size_t most) : measurer_(measurer), most_(most) {}
 
-  void TakePictures(std::string_view bytes) {
-    bytes_.append(bytes);
-    Join();
-  }
+  void TakePictures(std::string_view bytes) { bytes_.append(bytes); }
 
   void TakeLog(std::string_view text) {
     log_.append(text);
@@ -57,7 +58,20 @@ class FilmPictures::Joiner {
       from = end + 1;
     }
     log_.erase(0, from);
-    Join();
+  }
+
+  /// Measures what has come whole; false when there is more of it.
+  bool Join() {
+    std::size_t from = 0;
+    for (std::size_t done = 0; done < most_ && HasPicture(from); ++done, from += Thumbnail::kBytes) {
+      std::memcpy(thumbnail_.bytes.data(), bytes_.data() + from, Thumbnail::kBytes);
+      lastUs_ = InUs(times_.front());
+      measurer_.Add(thumbnail_, lastUs_);
+      times_.pop_front();
+      ++count_;
+    }
+    bytes_.erase(0, from);
+    return !HasPicture(0);
   }
 
   std::size_t Count() const { return count_; }
@@ -92,23 +106,14 @@ class FilmPictures::Joiner {
     }
   }
 
-  void Join() {
-    std::size_t from = 0;
-    for (; !times_.empty() && bytes_.size() - from >= Thumbnail::kBytes; from += Thumbnail::kBytes) {
-      std::memcpy(thumbnail_.bytes.data(), bytes_.data() + from, Thumbnail::kBytes);
-      lastUs_ = InUs(times_.front());
-      measurer_.Add(thumbnail_, lastUs_);
-      times_.pop_front();
-      ++count_;
-    }
-    bytes_.erase(0, from);
-  }
+  bool HasPicture(std::size_t from) const { return !times_.empty() && bytes_.size() - from >= Thumbnail::kBytes; }
 
   std::int64_t InUs(std::int64_t pts) const {
     return static_cast<std::int64_t>(static_cast<long double>(pts) * base_ * kUsASecond / unit_ + 0.5L);
   }
 
   ShotMeasurer& measurer_;
+  const std::size_t most_;
   std::string bytes_;
   std::string log_;
   std::string words_;  ///< the last line of the log that is no time: what the decoder complained of
@@ -122,7 +127,8 @@ class FilmPictures::Joiner {
 };
 
 FilmPictures::FilmPictures(Processes& processes, TextView film, ShotMeasurer& measurer, bool gently)
-    : measurer_(measurer), joiner_(std::make_unique<Joiner>(measurer)) {
+    : measurer_(measurer),
+      joiner_(std::make_unique<Joiner>(measurer, gently ? kMostAtOnce : std::numeric_limits<std::size_t>::max())) {
   std::vector<Text> arguments = Arguments(film);
   if (gently) arguments.insert(arguments.begin(), {u"-n", u"15", Text(kDecoder)});
   child_ = processes.Start(gently ? u"nice" : Text(kDecoder), arguments, {.errors = true});
@@ -135,7 +141,7 @@ std::optional<FilmReading> FilmPictures::Poll() {
   const std::optional<int> status = child_->Ended();
   joiner_->TakePictures(child_->TakeOutput());
   joiner_->TakeLog(child_->TakeErrors());
-  if (!status) return {};
+  if (!joiner_->Join() || !status) return {};
   measurer_.Finish();
   return FilmReading{joiner_->Problem(*status), false};
 }

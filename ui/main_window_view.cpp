@@ -117,9 +117,9 @@ void MainWindowView::BuildParts() {
   statusBar()->setContentsMargins(6, 0, 6, 0);
   statusBar()->addWidget(binder_.Bind(form_.lblStatus, new ElidedLabel(this)), 1);
   connections_.push_back(form_.lblStatus.Changed.ConnectScoped([this] { ShowBars(); }));
-  for (Timer* timer :
-       {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal, &form_.tmrFilmSound,
-        &form_.tmrFit, &form_.tmrRelease, &form_.tmrTimesFromSound, &form_.tmrStretch, &form_.tmrWaveDetail}) {
+  for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
+                       &form_.tmrFilmSound, &form_.tmrFit, &form_.tmrShots, &form_.tmrRelease, &form_.tmrTimesFromSound,
+                       &form_.tmrStretch, &form_.tmrWaveDetail}) {
     binder_.Bind(*timer);
   }
 }

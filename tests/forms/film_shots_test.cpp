@@ -46,7 +46,11 @@ struct ShotsOfAFilm : ProgramFixture {
       Run().output += Picture(i);
       Run().errors += "[Parsed_showinfo_2 @ 0x1] n:   0 pts: " + std::to_string(i * 40) + " pts_time:0\n";
     }
-    Window().tmrShots.Pass();
+    Measure();
+  }
+  /// A few pictures are measured at once.
+  void Measure() {
+    for (int i = 0; i < kPictures / 20; ++i) Window().tmrShots.Pass();
   }
   void DecodeAll() {
     Tick();
@@ -83,6 +87,22 @@ TEST_F(ShotsOfAFilm, TellHowFarTheSearchIs) {
   // It doesn't begin anew by itself.
   Tick();
   EXPECT_EQ(processes.runs.size(), 1u);
+}
+
+TEST_F(ShotsOfAFilm, TheWindowGoesOnWhileManyPicturesWait) {
+  Tick();
+  Run().errors = "[Parsed_showinfo_2 @ 0x1] config in time_base: 1/1000, frame_rate: 25/1\n";
+  for (int i = 0; i < 100; ++i) {
+    Run().output += Picture(i);
+    Run().errors += "[Parsed_showinfo_2 @ 0x1] n:   0 pts: " + std::to_string(i * 40) + " pts_time:0\n";
+  }
+  Run().status = 0;
+  Window().tmrShots.Pass();
+  EXPECT_TRUE(program->filmShots.Running());
+  EXPECT_EQ(Window().lblWave.GetText(), u"Finding the shots of the film... 15 %");
+  Measure();
+  EXPECT_FALSE(program->filmShots.Running());
+  EXPECT_EQ(Shots(), std::vector<std::int32_t>{2000});
 }
 
 TEST_F(ShotsOfAFilm, AreThereAtOnceTheNextTime) {

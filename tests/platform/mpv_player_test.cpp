@@ -295,7 +295,7 @@ TEST_F(MpvPlayerTest, TellsTheSoundTracksAndHearsTheOneThatIsChosen) {
   const std::string film =
       Media().Make("two_tracks.mkv",
                    "-f lavfi -i color=red:s=64x36:r=25:d=3 -f lavfi -i sine=440:d=3 -f lavfi -i sine=880:d=3 "
-                   "-map 0 -map 1 -map 2 -metadata:s:a:0 language=fre -metadata:s:a:1 title=Remarks");
+                   "-map 0 -map 1 -map 2 -metadata:s:a:0 language=fre -metadata:s:a:1 title=Remarks ");
   Open(film);
   ASSERT_TRUE(WaitForPosition(0.1));
   const std::vector<SoundTrack> tracks = player->SoundTracks();
