@@ -258,7 +258,9 @@ void Program::ConnectVoice() {
   fitMarks.DoubtfulShown.Connect([this](Row row) { film.LoopStart(row); });
   session.Began.Connect([this](DocumentBaseline) { releaseFitting.Forget(); });
   session.Ended.Connect([this] { releaseFitting.Forget(); });
-  documentFiles.Saved.Connect([this](bool) { releaseFitting.Learn(); });
+  session.Leaving.Connect([this](bool thrownAway) {
+    if (!thrownAway) releaseFitting.Learn();
+  });
 }
 
 void Program::ConnectJournal() {

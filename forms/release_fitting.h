@@ -33,7 +33,7 @@ class ReleaseFitting {
   void Rest(bool on) { rests_ = on; }
   /// A document comes or goes: what is being found isn't for it.
   void Forget();
-  /// The document was saved: what the user has kept of the fits tells how late the hand is.
+  /// The document goes and was not thrown away: the fits that it was left with tell how late the hand is.
   void Learn();
 
  private:

@@ -59,6 +59,15 @@ struct VoiceFittingTest : ProgramFixture {
     ASSERT_FALSE(Window().tmrFit.Enabled());
   }
 
+  /// A caption that was held, and the sure fit of it.
+  FitMove KeptFit(Row row) {
+    program->fitMarks.Hold(row);
+    FitMove move{row, program->list.TimesAt(row), *program->fitMarks.Find(row)};
+    move.mark.fitted = {move.before.start + 30, move.before.end - 10};
+    move.mark.startMoved = move.mark.endMoved = true;
+    move.mark.startConfidence = move.mark.endConfidence = 0.9;
+    return move;
+  }
   Ms StartOf(Row row) const { return program->list.GetCaptionStart(row); }
   Text Told() { return Window().lblNotice.GetText(); }
 
@@ -395,6 +404,40 @@ TEST_F(VoiceFittingTest, LinesWithTimesAreOneStepAndDoubtfulOnesAreMarked) {
   EXPECT_EQ(program->grid.Remarks(2), u"Times from the sound, doubtful (59 %)");
   Window().mnuUndo.Click();
   EXPECT_EQ(StartOf(2), kStarts[1] + 210);
+}
+
+TEST_F(VoiceFittingTest, FitsThatAreThrownAwayTeachTheHandNothing) {
+  program->documentFiles.OpenSubtitleFile(SubRip("many.srt", 25));
+  std::vector<FitMove> moves;
+  for (Row row = 1; row <= 25; ++row) moves.push_back(KeptFit(row));
+  ASSERT_EQ(program->fitMarks.Move(moves, 0), 25);
+  KeepHandTimes(program->options, 0, {170, 0, 110, 0});
+  boxes.answers = {BoxAnswer::No};
+  Window().mnuClose.Click();
+  EXPECT_EQ(program->options.pressLate[0], 170) << "what was thrown away tells nothing";
+}
+
+TEST_F(VoiceFittingTest, FitsOfADocumentThatWasSavedTeachTheHandOnce) {
+  program->documentFiles.OpenSubtitleFile(SubRip("many.srt", 25));
+  std::vector<FitMove> moves;
+  for (Row row = 1; row <= 25; ++row) moves.push_back(KeptFit(row));
+  ASSERT_EQ(program->fitMarks.Move(moves, 0), 25);
+  Window().mnuSave.Click();
+  KeepHandTimes(program->options, 0, {170, 0, 110, 0});
+  Window().mnuClose.Click();
+  EXPECT_EQ(program->options.pressLate[0], 110);
+  EXPECT_EQ(program->options.releaseLate[0], 80);
+}
+
+TEST(HandExercise, HasTwentyTonesWhereNobodySpeaks) {
+  const HandExercise exercise = MakeHandExercise(nullptr, u"en");
+  ASSERT_EQ(exercise.truth.size(), 20u);
+  EXPECT_FALSE(exercise.spoken);
+  EXPECT_TRUE(exercise.wave.starts_with("RIFF"));
+  for (std::size_t place = 1; place < exercise.truth.size(); ++place) {
+    EXPECT_GE(exercise.truth[place].start - exercise.truth[place - 1].end, 900);
+    EXPECT_GE(exercise.truth[place].end - exercise.truth[place].start, 700);
+  }
 }
 
 }  // namespace
