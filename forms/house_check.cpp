@@ -89,7 +89,13 @@ std::vector<HouseRulesName> HouseCheck::Profiles() const {
 FrameRate HouseCheck::RateOfFilm() const { return FilmOrFileRate(player_, formats_); }
 
 void HouseCheck::FollowFilm() {
-  if (!(RateOfFilm() == findings.Rate())) findings.SetRules(findings.Rules(), RateOfFilm());
+  if (!(RateOfFilm() == findings.Rate())) findings.SetRules(findings.Rules(), RateOfFilm(), shots_);
+}
+
+void HouseCheck::SetShots(std::vector<std::int32_t> shots) {
+  if (shots == shots_) return;
+  shots_ = std::move(shots);
+  findings.SetRules(findings.Rules(), findings.Rate(), shots_);
 }
 
 bool HouseCheck::Take(TextView id) {
@@ -100,7 +106,7 @@ bool HouseCheck::Take(TextView id) {
   std::optional<HouseRules> rules = HouseRulesShelf(files_, folders_.AppFolder).Read(id, problem_);
   if (!rules) return false;
   problem_.clear();
-  findings.SetRules(*std::move(rules), RateOfFilm());
+  findings.SetRules(*std::move(rules), RateOfFilm(), shots_);
   return true;
 }
 
@@ -122,11 +128,11 @@ Ms HouseCheck::LeastGap() const {
 }
 
 std::optional<Proposal> HouseCheck::Fix(const Finding& finding) const {
-  return Fixer(findings.Rules(), findings.Rate()).Propose(bench_.list, finding);
+  return Fixer(findings.Rules(), findings.Rate(), shots_).Propose(bench_.list, finding);
 }
 
 std::vector<Proposal> HouseCheck::FixAll() const {
-  return Fixer(findings.Rules(), findings.Rate()).ProposeAll(bench_.list);
+  return Fixer(findings.Rules(), findings.Rate(), shots_).ProposeAll(bench_.list);
 }
 
 const Text& RuleWords(CheckRule rule, const LangStrings& strings) { return strings[TextOf(rule).words]; }

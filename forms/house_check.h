@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ class HouseCheck {
   std::vector<HouseRulesName> Profiles() const;
   /// Takes other rules and keeps the choice; false, with the reason in `Problem`, when they can't be read.
   bool Choose(TextView id);
+  /// Where the shots of the open film begin, in ms and in order; none when that isn't known. Rules that ask for shots
+  /// look at them from now on.
+  void SetShots(std::vector<std::int32_t> shots);
+  const std::vector<std::int32_t>& Shots() const { return shots_; }
   /// Takes the rules of the settings, at the rate of the film or the file: another document has begun.
   void TakeStored();
   const std::string& Problem() const { return problem_; }
@@ -55,6 +60,7 @@ class HouseCheck {
   const Files& files_;
   SettingsStore& store_;
   Player& player_;
+  std::vector<std::int32_t> shots_;
   std::string problem_;
 };
 

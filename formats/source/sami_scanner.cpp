@@ -9,15 +9,18 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
+// Faster than a search among the four for each byte of a file.
+bool IsBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
 /// The bytes of an attribute's value in a tag, without quotes.
 std::string_view Attribute(std::string_view tag, std::string_view name) {
   for (std::size_t at = tag.find('='); at != std::string_view::npos; at = tag.find('=', at + 1)) {
     std::size_t nameEnd = at;
-    while (nameEnd > 0 && kBlanks.find(tag[nameEnd - 1]) != std::string_view::npos) --nameEnd;
+    while (nameEnd > 0 && IsBlankByte(tag[nameEnd - 1])) --nameEnd;
     if (nameEnd <= name.size() || !SameLetters(tag.substr(nameEnd - name.size(), name.size()), name)) continue;
-    if (kBlanks.find(tag[nameEnd - name.size() - 1]) == std::string_view::npos) continue;
+    if (!IsBlankByte(tag[nameEnd - name.size() - 1])) continue;
     std::size_t begin = tag.find_first_not_of(kBlanks, at + 1);
     if (begin == std::string_view::npos) return {};
     const bool quoted = tag[begin] == '"' || tag[begin] == '\'';
@@ -45,7 +48,7 @@ std::size_t SamiScanner::FindTag(std::string_view name, std::size_t from, std::s
   for (std::size_t at = bytes_.find('<', from); at < to; at = bytes_.find('<', at + 1)) {
     if (!SameLetters(bytes_.substr(at + 1, name.size()), name)) continue;
     const std::size_t behind = at + 1 + name.size();
-    if (behind < bytes_.size() && (bytes_[behind] == '>' || kBlanks.find(bytes_[behind]) != std::string_view::npos)) {
+    if (behind < bytes_.size() && (bytes_[behind] == '>' || IsBlankByte(bytes_[behind]))) {
       return at;
     }
   }
@@ -54,7 +57,8 @@ std::size_t SamiScanner::FindTag(std::string_view name, std::size_t from, std::s
 
 /// Behind the bracket of the tag that begins here; a tag without one ends in front of the next.
 std::size_t SamiScanner::TagEnd(std::size_t at) const {
-  const std::size_t end = std::min(bytes_.find_first_of("<>", at + 1), bodyEnd_);
+  std::size_t end = at + 1;
+  while (end < bodyEnd_ && bytes_[end] != '<' && bytes_[end] != '>') ++end;
   return end < bodyEnd_ && bytes_[end] == '>' ? end + 1 : end;
 }
 
@@ -89,13 +93,13 @@ void SamiScanner::ReadParagraphs(std::size_t from, std::size_t to, SamiSync& syn
   for (;;) {
     std::size_t begin = textAt;
     std::size_t end = at;
-    while (begin < end && kBlanks.find(bytes_[begin]) != std::string_view::npos) ++begin;
-    while (end > begin && kBlanks.find(bytes_[end - 1]) != std::string_view::npos) --end;
+    while (begin < end && IsBlankByte(bytes_[begin])) ++begin;
+    while (end > begin && IsBlankByte(bytes_[end - 1])) --end;
     for (const std::string_view closing : {"</sync>", "</p>"}) {
       if (end - begin >= closing.size() && SameLetters(bytes_.substr(end - closing.size(), closing.size()), closing)) {
         end -= closing.size();
       }
-      while (end > begin && kBlanks.find(bytes_[end - 1]) != std::string_view::npos) --end;
+      while (end > begin && IsBlankByte(bytes_[end - 1])) --end;
     }
     if (shown && (named || begin < end)) sync.paragraphs.push_back({className, Stretch::Between(begin, end)});
     if (at >= to) return;

@@ -54,6 +54,30 @@ TEST_F(CheckInTheWindow, GoesToACaptionByEnterAndByTheButton) {
   EXPECT_EQ(List().Selected(), 3);
 }
 
+TEST_F(CheckInTheWindow, CountsTheShotsOfTheFilmOnceTheyAreKnown) {
+  program->documentFiles.OpenSubtitleFile(folder.Write("a.srt",
+                                                       "1\n00:00:10,000 --> 00:00:12,000\nGood evening.\n\n"
+                                                       "2\n00:00:20,000 --> 00:00:21,900\nNobody leaves.\n\n"));
+  program->folders.AppFolder = FromUtf8(CUEWRIGHT_SOURCE_DIR "/resources/");
+  ASSERT_TRUE(program->check.Choose(u"streaming-en"));
+  Window().mnuCheck.Click();
+  EXPECT_EQ(Listed(), Lines());
+  program->check.SetShots({9800, 22000});
+  EXPECT_EQ(Listed(), Lines{"1: Starts near a shot, not on it, 5 frames, 0 frames"});
+  EXPECT_EQ(program->check.findings.Of(1).size(), 1u) << "the sign in the list and the next finding know them, too";
+  Check().lstFindings.Choose(0);
+  Check().cmdFix.Click();
+  EXPECT_EQ(List().At(1).start, 9792) << "the frame at which the shot begins, at the rate of the house";
+  // Other rules leave them known.
+  ASSERT_TRUE(program->check.Choose(u"plain"));
+  ASSERT_TRUE(program->check.Choose(u"streaming-en"));
+  EXPECT_EQ(program->check.Shots().size(), 2u);
+  List().SetCaptionStart(1, 10000, false);
+  EXPECT_EQ(Listed().size(), 1u);
+  program->check.SetShots({});
+  EXPECT_EQ(Listed(), Lines());
+}
+
 TEST_F(CheckInTheWindow, ShowsAFixAndMakesItAsOneStep) {
   Window().mnuCheck.Click();
   Check().lstFindings.Choose(3);

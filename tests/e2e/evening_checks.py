@@ -1,0 +1,35 @@
+"""The evening's scenes with the windows that look at captions and propose changes, by keys alone."""
+
+import desktop
+from evening_files import gone, shown
+
+FAULTY = ("1\r\n00:00:01,000 --> 00:00:01,400\r\nGood evening.\r\n\r\n"
+          "2\r\n00:00:04,500 --> 00:00:08,000\r\nNobody  leaves.\r\n\r\n"
+          "3\r\n00:00:08,010 --> 00:00:10,000\r\nYes  , Inspector.\r\n\r\n")
+
+
+def told(s, words):
+    return desktop.wait_for("the words: " + words, lambda: s.program.find("label", words))
+
+
+def the_next_finding_is_a_key_away(s):
+    s.start_with(FAULTY, 3)
+    s.keys("F8")
+    desktop.wait_for("caption 3", lambda: s.pane().queryText().getText(0, -1) == "Yes  , Inspector.")
+    s.keys("F8")
+    desktop.wait_for("caption 1", lambda: s.pane().queryText().getText(0, -1) == "Good evening.")
+    s.close_asking_nothing()
+
+
+def proposals_that_are_refused_change_nothing(s):
+    s.start_with(FAULTY, 3)
+    s.menu_item("alt+t", "Clean texts...")
+    shown(s, "Clean texts")
+    told(s, "2 of 2 changes")
+    desktop.key("Escape")
+    gone(s, "Clean texts")
+    s.close_asking_nothing()
+    assert s.read("a.srt") == FAULTY, s.read("a.srt")
+
+
+CHECK_SCENES = [the_next_finding_is_a_key_away, proposals_that_are_refused_change_nothing]
