@@ -92,7 +92,7 @@ void HouseCheck::FollowFilm() {
   if (!(RateOfFilm() == findings.Rate())) findings.SetRules(findings.Rules(), RateOfFilm(), shots_);
 }
 
-void HouseCheck::SetShots(std::vector<std::int32_t> shots) {
+void HouseCheck::SetShots(std::vector<Ms> shots) {
   if (shots == shots_) return;
   shots_ = std::move(shots);
   findings.SetRules(findings.Rules(), findings.Rate(), shots_);

@@ -35,8 +35,8 @@ class HouseCheck {
   bool Choose(TextView id);
   /// Where the shots of the open film begin, in ms and in order; none when that isn't known. Rules that ask for shots
   /// look at them from now on.
-  void SetShots(std::vector<std::int32_t> shots);
-  const std::vector<std::int32_t>& Shots() const { return shots_; }
+  void SetShots(std::vector<Ms> shots);
+  const std::vector<Ms>& Shots() const { return shots_; }
   /// Takes the rules of the settings, at the rate of the film or the file: another document has begun.
   void TakeStored();
   const std::string& Problem() const { return problem_; }
@@ -60,7 +60,7 @@ class HouseCheck {
   const Files& files_;
   SettingsStore& store_;
   Player& player_;
-  std::vector<std::int32_t> shots_;
+  std::vector<Ms> shots_;
   std::string problem_;
 };
 

@@ -15,6 +15,7 @@ void Program::ConnectWave() {
   check.findings.Changed.Connect([this](Row, Row) { waveBoard.SetRules(EdgeRulesOf(check.findings)); });
   filmShots.Changed.Connect([this] {
     waveBoard.shots.SetShots(filmShots.Shots());
+    check.SetShots(filmShots.Shots());
     waveBoard.ShowAnew();
   });
 }

@@ -10,14 +10,14 @@ using All = std::vector<CaptionTimes>;
 /// 80 ms between captions, 500 ms around a shot, an end 80 ms before it, gaps below half a second closed up.
 constexpr EdgeRules kRules = {80, 500, 80, 500};
 
-All Snap(const All& times, const std::vector<std::int32_t>& shots = {}, const EdgeRules& rules = kRules) {
+All Snap(const All& times, const std::vector<Ms>& shots = {}, const EdgeRules& rules = kRules) {
   return SnapEdges(times, std::vector<bool>(times.size(), true), shots, rules);
 }
 
 struct Case {
   const char* what;
   All before;
-  std::vector<std::int32_t> shots;
+  std::vector<Ms> shots;
   All after;
 };
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/app_options.h"
+#include "tests/support/printers.h"
 #include "tests/support/tag_marks.h"
 
 namespace cuewright {

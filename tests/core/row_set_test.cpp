@@ -1,4 +1,5 @@
 #include "core/row_set.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include "core/runtime_error.h"
 #include "formats/timecode.h"
 #include "tests/formats/format_rig.h"
+#include "tests/support/printers.h"
 
 namespace cuewright::testing {
 namespace {
@@ -99,7 +100,7 @@ TEST(ExactTimes, NeverDriftOnTheWayThroughAFile) {
                             : rules.rate                 ? 1000 / fps
                             : timecode.ends_with(u"zzz") ? 1
                                                          : 100;
-        ASSERT_LE(Abs(once - given), step / 2 + 1) << ToUtf8(timecode) << " " << fps << " " << given;
+        ASSERT_LE(Abs(once - given).Count(), step / 2 + 1) << ToUtf8(timecode) << " " << fps << " " << given;
         Ms ms = once;
         for (int round = 0; round < 100; ++round) ms = pass(ms);
         ASSERT_EQ(ms, once) << ToUtf8(timecode) << " " << fps << " " << given;

@@ -147,8 +147,8 @@ TEST(PlainTextFallback, WhatTakesADocumentsPlaceIsNotSavedIntoItsFile) {
   rig.importer.DetectFormat(rig.folder.Write("a.txt", "new\nand more\n"), Loading::Append);
   EXPECT_EQ(rig.state.Source, nullptr);
   for (Row row = 1; row < rig.captions.Rows(); ++row) {
-    rig.captions.SetCaptionStart(row, row * 1000, true);
-    rig.captions.SetCaptionEnd(row, row * 1000 + 500);
+    rig.captions.SetCaptionStart(row, row.Number() * 1000, true);
+    rig.captions.SetCaptionEnd(row, row.Number() * 1000 + 500);
   }
   EXPECT_EQ(rig.Save(u"SUBRIP"),
             CrLf("1\n00:00:01,000 --> 00:00:01,500\nnew\n\n2\n00:00:02,000 --> 00:00:02,500\nand more\n\n"));

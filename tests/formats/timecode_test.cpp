@@ -4,6 +4,7 @@
 
 #include "core/runtime_error.h"
 #include "tests/formats/format_rig.h"
+#include "tests/support/printers.h"
 
 namespace cuewright::testing {
 namespace {

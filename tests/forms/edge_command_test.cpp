@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "tests/support/printers.h"
 #include "tests/support/program_fixture.h"
 
 namespace cuewright {
@@ -27,7 +28,9 @@ struct EdgesByTheHouse : ProgramFixture {
     });
   }
   ProposalsDialog& Dialog() { return program->proposals.dialog; }
-  std::pair<int, int> Times(Row row) { return {List().GetCaptionStart(row), List().GetCaptionEnd(row)}; }
+  std::pair<int, int> Times(Row row) {
+    return {List().GetCaptionStart(row).Count(), List().GetCaptionEnd(row).Count()};
+  }
 
   std::function<void()> during;
 };

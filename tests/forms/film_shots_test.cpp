@@ -58,7 +58,7 @@ struct ShotsOfAFilm : ProgramFixture {
     Run().status = 0;
     Window().tmrShots.Pass();
   }
-  const std::vector<std::int32_t>& Shots() { return program->waveBoard.shots.Shots(); }
+  const std::vector<Ms>& Shots() { return program->waveBoard.shots.Shots(); }
   Text Notice() { return Window().lblNotice.GetText(); }
 
   Text film;
@@ -69,7 +69,7 @@ TEST_F(ShotsOfAFilm, AreFoundInTheBackgroundAndStandInTheWave) {
   DecodeAll();
   EXPECT_EQ(Run().program, u"nice");
   EXPECT_TRUE(std::ranges::count(Run().arguments, u"file:" + film) == 1);
-  EXPECT_EQ(Shots(), (std::vector<std::int32_t>{2000, 4000}));
+  EXPECT_EQ(Shots(), (std::vector<Ms>{2000, 4000}));
   EXPECT_TRUE(Run().gone);
   EXPECT_FALSE(Window().tmrShots.Enabled());
   EXPECT_FALSE(Window().lblWave.Visible());
@@ -102,7 +102,7 @@ TEST_F(ShotsOfAFilm, TheWindowGoesOnWhileManyPicturesWait) {
   EXPECT_EQ(Window().lblWave.GetText(), u"Finding the shots of the film... 15 %");
   Measure();
   EXPECT_FALSE(program->filmShots.Running());
-  EXPECT_EQ(Shots(), std::vector<std::int32_t>{2000});
+  EXPECT_EQ(Shots(), std::vector<Ms>{2000});
 }
 
 TEST_F(ShotsOfAFilm, AreThereAtOnceTheNextTime) {
@@ -112,7 +112,7 @@ TEST_F(ShotsOfAFilm, AreThereAtOnceTheNextTime) {
   EXPECT_TRUE(Shots().empty());
   Tick();
   EXPECT_EQ(processes.runs.size(), 1u);
-  EXPECT_EQ(Shots(), (std::vector<std::int32_t>{2000, 4000}));
+  EXPECT_EQ(Shots(), (std::vector<Ms>{2000, 4000}));
 }
 
 TEST_F(ShotsOfAFilm, TheSearchEndsAtOnceWithItsFilm) {
@@ -132,7 +132,7 @@ TEST_F(ShotsOfAFilm, AFilmThatBreaksOffIsReadAnewTheNextTime) {
   Decode(0, 120);
   Run().status = 1;
   Window().tmrShots.Pass();
-  EXPECT_EQ(Shots(), (std::vector<std::int32_t>{2000, 4000}));
+  EXPECT_EQ(Shots(), (std::vector<Ms>{2000, 4000}));
   Restart({});
   Play(film);
   Tick();
@@ -190,7 +190,7 @@ TEST_F(ShotsOfAFilm, AHandSetsAMarkAtThePictureThatIsShownAndTakesItAway) {
   DecodeAll();
   player.position = 3.018;
   Window().mnuShotHere.Click();
-  EXPECT_EQ(Shots(), (std::vector<std::int32_t>{2000, 3000, 4000}));
+  EXPECT_EQ(Shots(), (std::vector<Ms>{2000, 3000, 4000}));
   EXPECT_EQ(Notice(), u"A shot was marked at 00:00:03,000.");
   // It is there the next time, too.
   Restart({});
@@ -200,7 +200,7 @@ TEST_F(ShotsOfAFilm, AHandSetsAMarkAtThePictureThatIsShownAndTakesItAway) {
   Tick();
   EXPECT_EQ(Shots().size(), 3u);
   Window().mnuShotHere.Click();
-  EXPECT_EQ(Shots(), (std::vector<std::int32_t>{2000, 4000}));
+  EXPECT_EQ(Shots(), (std::vector<Ms>{2000, 4000}));
   EXPECT_EQ(Notice(), u"The mark of a shot at 00:00:03,000 was taken away.");
 }
 
@@ -215,7 +215,7 @@ TEST_F(ShotsOfAFilm, AHandSetsAMarkAtTheStretchOfTheWave) {
   program->waveBoard.Release({});
   ASSERT_TRUE(program->waveBoard.Stretch());
   Window().mnuShotAtCursor.Click();
-  EXPECT_EQ(Shots(), std::vector<std::int32_t>{program->waveBoard.Stretch()->start});
+  EXPECT_EQ(Shots(), std::vector<Ms>{program->waveBoard.Stretch()->start});
 }
 
 TEST_F(ShotsOfAFilm, FrameStepsGoByThePicturesTimesAndAreTold) {

@@ -22,7 +22,7 @@ struct RandomCommands : ProgramFixture {
   Item& One(std::initializer_list<Item*> items) {
     return *items.begin()[Pick(static_cast<int>(items.size()))];
   }
-  Row AnyRow() { return Pick(List().Rows() - 1) + 1; }
+  Row AnyRow() { return Pick(List().Count()) + 1; }
   Text Words() {
     static const std::vector<Text> pieces = {u"one", u"Two", u" ",  u"| ",   u"|", u"- ", u"<b>",       u"<i>",
                                              u"www", u"été", u"/n", u"[br]", u"x", u"Ã©", u"long word", u"%1"};

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/printers.h"
 #include "tests/support/program_fixture.h"
 
 namespace cuewright {
@@ -23,14 +24,14 @@ struct RetimeInTheWindow : ProgramFixture {
     Window().mnuRetime.Click();
     Type(Retime().txtShift, text);
   }
-  std::vector<Ms> Shown() {
-    std::vector<Ms> starts;
-    for (Row row = 1; row < List().Rows(); ++row) starts.push_back(program->grid.ShownTimes(row).start);
+  std::vector<std::int32_t> Shown() {
+    std::vector<std::int32_t> starts;
+    for (Row row = 1; row < List().Rows(); ++row) starts.push_back(program->grid.ShownTimes(row).start.Count());
     return starts;
   }
-  std::vector<Ms> Starts() {
-    std::vector<Ms> starts;
-    for (Row row = 1; row < List().Rows(); ++row) starts.push_back(List().GetCaptionStart(row));
+  std::vector<std::int32_t> Starts() {
+    std::vector<std::int32_t> starts;
+    for (Row row = 1; row < List().Rows(); ++row) starts.push_back(List().GetCaptionStart(row).Count());
     return starts;
   }
   std::string Result() { return ToUtf8(Retime().lblResult.GetText()); }

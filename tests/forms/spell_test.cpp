@@ -196,7 +196,7 @@ TEST_F(SpellingBlocks, AboveThatBlocksOf500FollowEachOther) {
 
 TEST_F(SpellingBlocks, TheLongestListComesToItsEnd) {
   dictionaries.dictionaries[u"en_GB"].insert(u"teh");
-  Check(std::vector<Text>(kMaxRow, u"teh"));
+  Check(std::vector<Text>(kMaxRow.Index() + 1, u"teh"));
   ExpectEnd(u"Spell check completed. ");
 }
 

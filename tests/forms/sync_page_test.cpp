@@ -65,10 +65,10 @@ TEST_F(SyncPageTest, TheListShowsThePlacesBeforeTheyAreTakenInOneStep) {
   Find();
   ASSERT_EQ(Page().lstSegments.Items().size(), 1u);
   EXPECT_TRUE(Page().lstSegments.Items()[0].starts_with(u"1 to 60:  -7.")) << ToUtf8(Page().lstSegments.Items()[0]);
-  EXPECT_NEAR(program->grid.ShownTimes(5).start, starts[4], 100);
+  EXPECT_NEAR(program->grid.ShownTimes(5).start.Count(), starts[4], 100);
   EXPECT_EQ(program->list.GetCaptionStart(5), starts[4] + kLate);
   program->retime.cmdOK.Click();
-  for (Row row = 1; row <= 60; ++row) EXPECT_NEAR(program->list.GetCaptionStart(row), starts[row - 1], 100);
+  for (Row row = 1; row <= 60; ++row) EXPECT_NEAR(program->list.GetCaptionStart(row).Count(), starts[row.Index()], 100);
   Window().mnuUndo.Click();
   EXPECT_EQ(program->list.GetCaptionStart(5), starts[4] + kLate);
 }
@@ -87,7 +87,7 @@ TEST_F(SyncPageTest, WhatWasSetByHandIsHeldWhenThePlacesAreLookedForAgain) {
   Find();
   ASSERT_EQ(Page().lstSegments.Items().size(), 2u);
   EXPECT_EQ(Page().lstSegments.Items()[1], u"31 to 60:  -9.000  (set by hand)");
-  EXPECT_NEAR(program->grid.ShownTimes(5).start, starts[4], 100);
+  EXPECT_NEAR(program->grid.ShownTimes(5).start.Count(), starts[4], 100);
   Page().lstSegments.Choose(1);
   Page().cmdJoinSegment.Click();
   EXPECT_EQ(Page().lstSegments.Items().size(), 1u);

@@ -81,7 +81,7 @@ TEST_F(VoiceFittingTest, ADocumentThatCameMeanwhileIsLeftAlone) {
   program->documentFiles.OpenSubtitleFile(folder / "a.srt");
   EXPECT_FALSE(Window().tmrFit.Enabled());
   Hear(Samples());
-  for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row - 1] + 210);
+  for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row.Index()] + 210);
   EXPECT_FALSE(program->document.DocModified);
 }
 
@@ -92,13 +92,13 @@ TEST_F(VoiceFittingTest, MovesAllCaptionsInOneStep) {
   EXPECT_EQ(Told(), u"Looking for the voice in the film...");
   Hear(Samples());
   for (Row row = 1; row <= 4; ++row) {
-    EXPECT_NEAR(StartOf(row).Count(), kStarts[row - 1], 25);
-    EXPECT_NEAR(program->list.GetCaptionEnd(row).Count(), kStarts[row - 1] + kLength, 40);
+    EXPECT_NEAR(StartOf(row).Count(), kStarts[row.Index()], 25);
+    EXPECT_NEAR(program->list.GetCaptionEnd(row).Count(), kStarts[row.Index()] + kLength, 40);
   }
   EXPECT_EQ(Told(), u"Captions fitted to the voice: 4; doubtful: 0.");
   EXPECT_TRUE(program->document.DocModified);
   Window().mnuUndo.Click();
-  for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row - 1] + 210);
+  for (Row row = 1; row <= 4; ++row) EXPECT_EQ(StartOf(row), kStarts[row.Index()] + 210);
 }
 
 TEST_F(VoiceFittingTest, MovesTheSelectionAloneAndReadsTheFilmOnce) {
@@ -174,11 +174,11 @@ TEST_F(VoiceFittingTest, OneCommandTakesTheMovesOfTheSelectedCaptionsBack) {
   program->list.SetRow(2, false);
   Window().mnuTakeFitBack.Click();
   EXPECT_EQ(StartOf(2), kStarts[1] + 210);
-  EXPECT_NEAR(StartOf(3), kStarts[2], 25);
+  EXPECT_NEAR(StartOf(3).Count(), kStarts[2], 25);
   Window().mnuTakeFitBack.Click();
   EXPECT_EQ(Told(), u"No selected caption was fitted.");
   Window().mnuUndo.Click();
-  EXPECT_NEAR(StartOf(2), kStarts[1], 25);
+  EXPECT_NEAR(StartOf(2).Count(), kStarts[1], 25);
 }
 
 TEST_F(VoiceFittingTest, MarksGoWithTheirCaptions) {
@@ -224,7 +224,7 @@ TEST_F(VoiceFittingTest, TheTableThatTheAudioBarKeptIsTakenInsteadOfTheFilm) {
   Window().mnuFitAll.Click();
   WaitForSearch();
   EXPECT_TRUE(processes.runs.empty());
-  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
 }
 
 /// The film's sound is known, and the captions have no times yet.
@@ -267,8 +267,8 @@ TEST_F(ReleaseFittingTest, TheTimesOfTheHandAreStoredAndTheFitIsASecondStep) {
   Hold(2230, 4170);
   EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
   WaitForFit();
-  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
-  EXPECT_NEAR(program->list.GetCaptionEnd(1), kStarts[0] + kLength, 60);
+  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
+  EXPECT_NEAR(program->list.GetCaptionEnd(1).Count(), kStarts[0] + kLength, 60);
   EXPECT_EQ(program->list.Selected(), 2);
   Window().mnuUndo.Click();
   EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
@@ -283,8 +283,8 @@ TEST_F(ReleaseFittingTest, NothingComesBetweenAPressAndItsRelease) {
   EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
   Release(9150);
   WaitForFit();
-  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
-  EXPECT_NEAR(StartOf(2), kStarts[1], 25);
+  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
+  EXPECT_NEAR(StartOf(2).Count(), kStarts[1], 25);
 }
 
 TEST_F(ReleaseFittingTest, WithoutAnySoundTheConstantIsTakenOff) {
@@ -320,7 +320,7 @@ TEST_F(ReleaseFittingTest, MissingWordsAreToldOnceAndTheSoundIsEnough) {
   processes.missing = true;
   Hold(2230, 4170);
   WaitForFit();
-  EXPECT_NEAR(StartOf(1), kStarts[0], 25);
+  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
   EXPECT_NE(Told().find(u"without their words"), Text::npos) << ToUtf8(Told());
 }
 
@@ -362,12 +362,12 @@ TEST_F(VoiceFittingTest, TheExerciseMeasuresTheHand) {
   player.state = kPlayerPlaying;
   const HandExercise truth = MakeHandExercise(nullptr, u"en");
   for (Row row = 1; row <= 20; ++row) {
-    const CaptionTimes said = truth.truth[static_cast<std::size_t>(row - 1)];
-    const int spread = row % 2 == 0 ? 20 : -20;
-    player.position = (said.start + 250 + spread) / 1000.0;
+    const CaptionTimes said = truth.truth[row.Index()];
+    const int spread = row.Number() % 2 == 0 ? 20 : -20;
+    player.position = (said.start + 250 + spread).Seconds();
     Window().tmrTime.Pass();
     program->capture.StartCaption(false, false);
-    player.position = (said.end + 140 + spread) / 1000.0;
+    player.position = (said.end + 140 + spread).Seconds();
     Window().tmrTime.Pass();
     program->capture.EndCaption();
   }

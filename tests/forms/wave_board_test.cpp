@@ -1,6 +1,7 @@
 #include "audio/wave_board.h"
 
 #include "tests/support/audio_bar_rig.h"
+#include "tests/support/printers.h"
 
 namespace cuewright {
 namespace {

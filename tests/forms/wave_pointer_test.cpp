@@ -1,4 +1,5 @@
 #include "tests/support/audio_bar_rig.h"
+#include "tests/support/printers.h"
 
 namespace cuewright {
 namespace {

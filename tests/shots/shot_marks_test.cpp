@@ -7,7 +7,7 @@
 namespace cuewright {
 namespace {
 
-using Times = std::vector<std::int32_t>;
+using Times = std::vector<Ms>;
 
 TEST(ShotMarks, AMarkThatAHandSetGoesByTheSameCommand) {
   ShotMarks marks;

@@ -60,7 +60,9 @@ struct AudioBarRig : ProgramFixture {
     Bar().OnMove(MouseButton::Right, to);
     Bar().OnRelease(MouseButton::Right);
   }
-  std::pair<Ms, Ms> Times(Row row) { return {List().GetCaptionStart(row), List().GetCaptionEnd(row)}; }
+  std::pair<int, int> Times(Row row) {
+    return {List().GetCaptionStart(row).Count(), List().GetCaptionEnd(row).Count()};
+  }
 
   PixelView view;
 };

@@ -46,7 +46,7 @@ struct TableTest : testing::ProgramFixture {
     QTest::mouseClick(table->viewport(), Qt::LeftButton, keys, Center(row));
   }
   QPoint Center(Row row) const {
-    return table->visualRect(table->model()->index(row - 1, table->model()->columnCount() - 1)).center();
+    return table->visualRect(table->model()->index((row - 1).Number(), table->model()->columnCount() - 1)).center();
   }
   void Key(int key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(table.get(), Qt::Key(key), keys); }
   Rows Selected() const { return program->grid.selection.Rows(); }
@@ -58,7 +58,7 @@ struct TableTest : testing::ProgramFixture {
     return rows;
   }
   QString Cell(Row row, ListColumn column) const {
-    return table->model()->index(row - 1, static_cast<int>(column)).data().toString();
+    return table->model()->index((row - 1).Number(), static_cast<int>(column)).data().toString();
   }
   QImage Picture() const {
     QImage image(table->viewport()->size(), QImage::Format_RGB32);
@@ -66,7 +66,7 @@ struct TableTest : testing::ProgramFixture {
     return image;
   }
   QImage PictureOf(Row row) const {
-    const QRect first = table->visualRect(table->model()->index(row - 1, 0));
+    const QRect first = table->visualRect(table->model()->index((row - 1).Number(), 0));
     return Picture().copy(0, first.top(), table->viewport()->width(), first.height());
   }
 

@@ -127,7 +127,7 @@ TEST_F(FormatWindowView, NoTextIsCutOffInAnyLanguage) {
     ShowFormats();
     for (int row = 0; row < 3; ++row) {
       Formats().lstFormats.Choose(row);
-      ExpectNothingCutOff("language " + std::to_string(language) + " row " + std::to_string(row.Number()) + ": ");
+      ExpectNothingCutOff("language " + std::to_string(language) + " row " + std::to_string(row) + ": ");
     }
   }
 }
@@ -155,7 +155,7 @@ TEST_F(ExportWindowView, NoTextIsCutOffInAnyLanguage) {
     ShowExport();
     for (int row = 0; row < program->catalogue.Count(); row += 7) {
       Export().cboFormats.Choose(row);
-      ExpectNothingCutOff("language " + std::to_string(language) + " format " + std::to_string(row.Number()) + ": ");
+      ExpectNothingCutOff("language " + std::to_string(language) + " format " + std::to_string(row) + ": ");
     }
   }
 }

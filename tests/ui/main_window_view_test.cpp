@@ -356,8 +356,8 @@ TEST_F(MainWindowKeys, SpaceGoesOnFromStartToNextToEndAndToStartAgain) {
     ASSERT_EQ(hasFocus(), "cmdApply");
     const int ms = base * 1000;
     for (Row row = 1; row <= 4; ++row) {
-      EXPECT_EQ(List().GetCaptionStart(row), ms + (row - 1) * 1000) << round;
-      EXPECT_EQ(List().GetCaptionEnd(row), ms + row * 1000) << round;
+      EXPECT_EQ(List().GetCaptionStart(row), ms + (row.Number() - 1) * 1000) << round;
+      EXPECT_EQ(List().GetCaptionEnd(row), ms + row.Number() * 1000) << round;
     }
   }
 }

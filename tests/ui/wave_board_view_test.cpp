@@ -1,4 +1,5 @@
 #include "ui/wave_board_view.h"
+#include "tests/support/printers.h"
 
 #include <QApplication>
 #include <QMouseEvent>
