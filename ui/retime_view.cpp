@@ -16,6 +16,7 @@ namespace {
 constexpr int kPageIndent = 24;
 constexpr int kFieldWidth = 130;
 constexpr int kPointLines = 5;
+constexpr int kSegmentLines = 4;  // the page has one row of buttons more
 
 }  // namespace
 
@@ -135,7 +136,7 @@ void RetimeView::FillSync(QWidget* page) {
   };
   grid->addWidget(button(sync.cmdSyncFind), 0, 0, 1, 2, Qt::AlignLeading);
   auto* segments = Bind(sync.lstSegments, new QListWidget(page));
-  segments->setFixedHeight(kPointLines * segments->fontMetrics().lineSpacing() + 16);
+  segments->setFixedHeight(kSegmentLines * segments->fontMetrics().lineSpacing() + 16);
   grid->addWidget(segments, 1, 0, 1, 4);
   auto* offset = Bind(sync.txtOffset, new QLineEdit(page));
   offset->setFixedWidth(kFieldWidth);
