@@ -49,8 +49,8 @@ Text FitMarks::Words(Row row) const {
   const FitMark* mark = Find(row);
   if (mark == nullptr || !InForce(row, *mark)) return {};
   const LangStrings& strings = bench_.strings;
-  const Text far = Fill(strings[mark->byConstant ? Message::FitByConstant : Message::FitMovedBy],
-                        SignedMs(mark->fitted.start - mark->held.start), SignedMs(mark->fitted.end - mark->held.end));
+  Text far = Fill(strings[mark->byConstant ? Message::FitByConstant : Message::FitMovedBy],
+                  SignedMs(mark->fitted.start - mark->held.start), SignedMs(mark->fitted.end - mark->held.end));
   if (mark->byConstant) return far;
   const Text hundredths = Decimal(static_cast<int>(std::lround(mark->Confidence() * 100)));
   if (mark->fromSound) {

@@ -82,6 +82,7 @@ std::vector<HouseRulesName> HouseCheck::Profiles() const {
   }
   std::ranges::stable_sort(found, {}, &std::pair<Text, HouseRulesName>::first);
   std::vector<HouseRulesName> profiles;
+  profiles.reserve(found.size());
   for (auto& [language, profile] : found) profiles.push_back(std::move(profile));
   return profiles;
 }

@@ -38,8 +38,7 @@ std::vector<Ms> ShotMarks::Apply(const std::vector<Ms>& found) const {
   std::erase_if(shots, [this](Ms shot) { return std::ranges::find(taken_, shot) != taken_.end(); });
   shots.insert(shots.end(), set_.begin(), set_.end());
   std::ranges::sort(shots);
-  const auto again = std::ranges::unique(shots);
-  shots.erase(again.begin(), again.end());
+  shots.erase(std::unique(shots.begin(), shots.end()), shots.end());
   return shots;
 }
 
