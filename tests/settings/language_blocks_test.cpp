@@ -66,7 +66,7 @@ std::set<int> SameAsEnglish(const std::string& name) {
       {"danish", {2, 21, 40, 66, 88, 127, 128, 208, 361, 380, 976, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},
       {"hungarian", {66, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},
       {"romanian", {2, 66, 216, 229, 360, 361, 380, 382, 417, 1133, 1137, 1138, 1139, 1160, 1395}},
-      {"catalan", {2, 69, 229, 264, 360, 361, 378, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},
+      {"catalan", {2, 69, 229, 264, 360, 361, 378, 1133, 1151, 1191, 1198, 1395, 1397, 1399, 1714}},
       {"croatian", {216, 1133, 1151, 1160, 1191, 1198, 1395, 1397, 1399}},
       {"finnish", {66, 1133, 1151, 1191, 1198, 1395, 1397, 1399}},
       {"arabic", {1133, 1151, 1191, 1198, 1397, 1399}},
@@ -92,7 +92,7 @@ const std::set<Text>& LatinWords() {
       u"PAL",        u"NTSC",      u"WAV",          u"PCM",        u"VBR",        u"CBR",
       u"DVD",        u"DLL",       u"FPS",          u"KB",         u"FN",         u"A",
       u"Z",          u"plugins",   u"subtitler",    u"exe",        u"AutoUpdate", u"OK",
-      u"Hz",         u"Enter",     u"UpdateSite",   u"ms"};
+      u"Hz",         u"Enter",     u"UpdateSite",   u"ms",         u"espeak",     u"ng"};
   return kWords;
 }
 
