@@ -107,7 +107,7 @@ void SortNumbers(benchmark::State& state) {
 void SetRow(benchmark::State& state) {
   Desk desk(static_cast<int>(state.range(0)));
   Row row = 1;
-  for (auto _ : state) desk.list.SetRow(row = row % (desk.list.Rows() - 1) + 1, true);
+  for (auto _ : state) desk.list.SetRow(row = row.Number() % desk.list.Count() + 1, true);
 }
 
 void EditAtRowOne(benchmark::State& state) {

@@ -13,7 +13,7 @@ targets="bench_audio_bar bench_breaks bench_caption_list bench_check bench_forma
   cuewright cuewright_batch cuewright_resources formats_floor formats_whole_process startup_floor startup_watch vdrun
   wave_floor wave_load"
 # shellcheck disable=SC2086
-cmake --build "$build" --target $targets >/dev/null
+cmake --build "$build" --target $targets >"$work/log" || { tail -n 40 "$work/log"; exit 1; }
 
 # A measurement that fails tells its name and its last lines.
 run() {

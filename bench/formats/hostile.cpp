@@ -18,7 +18,7 @@ namespace {
 
 /// Takes whatever a reader finds.
 struct PatientSink final : SourceSink {
-  bool Add(std::int32_t, std::int32_t, Text, const SourceRecord&) override { return true; }
+  bool Add(Ms, Ms, Text, const SourceRecord&) override { return true; }
   void NotUnderstood(std::size_t) override {}
 };
 
