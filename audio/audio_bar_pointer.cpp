@@ -1,4 +1,3 @@
-#include <cmath>
 
 #include "audio/audio_bar.h"
 #include "core/caption_time.h"
@@ -14,7 +13,6 @@ constexpr int kTipMargin = 1;
 constexpr int kMsAPixel = 10;
 constexpr std::int32_t kSeekColor = 0xFFFFFF;
 constexpr std::int32_t kPositionColor = 0xFFFFC0;
-constexpr double kMsASecond = 1000;
 
 }  // namespace
 

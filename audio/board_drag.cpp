@@ -1,7 +1,6 @@
 #include "audio/board_drag.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace cuewright {
 namespace {

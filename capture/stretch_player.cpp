@@ -1,7 +1,6 @@
 #include "capture/stretch_player.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace cuewright {
 namespace {

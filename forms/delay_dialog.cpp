@@ -1,7 +1,6 @@
 #include "forms/delay_dialog.h"
 
 #include <cstdlib>
-#include <limits>
 
 #include "core/caption_time.h"
 #include "core/runtime_error.h"

@@ -1,7 +1,6 @@
 #include "forms/film_pairing.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "core/numbers.h"

@@ -1,8 +1,6 @@
 #include "forms/selection_commands.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numeric>
 #include <optional>
 

@@ -33,7 +33,7 @@ void CheckReading(std::string_view bytes) {
   Demand(reading.document.has_value() == (reading.fault == JournalFault::None), "a fault with a document, or neither");
   if (!reading.document) return Demand(reading.validBytes == 0, "a document of no bytes");
   const std::size_t count = reading.document->captions.size();
-  Demand(count >= 1 && count <= static_cast<std::size_t>(kMaxRow), "a list of a length that no list has");
+  Demand(count >= 1 && count <= kMaxRow.Index() + 1, "a list of a length that no list has");
   Demand(reading.validBytes <= bytes.size(), "more bytes than there are");
   // What counts is the part up to there alone, and the document survives being written again.
   const JournalReading again = ReadJournal(bytes.substr(0, reading.validBytes));

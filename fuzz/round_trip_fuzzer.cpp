@@ -11,8 +11,9 @@ namespace {
 using namespace cuewright;
 using namespace cuewright::fuzz;
 
-/// A text that SubRip gives back as it is: no blanks at the ends, no line that is empty or could be a timing line, and
-/// nothing that is a mark in any format, since marks become those of SubRip.
+/// A text that SubRip gives back as it is: no blanks at the ends, no line that is empty or could be a timing line, no
+/// control characters, of which several look like wide text, and nothing that is a mark in any format, since marks
+/// become those of SubRip.
 bool IsPlain(TextView text) {
   if (text.empty()) return false;
   for (const Text& line : Split(text, u"|")) {
@@ -20,7 +21,7 @@ bool IsPlain(TextView text) {
   }
   const auto odd = [](char16_t unit) {
     constexpr TextView kOfMarks = u"<>{}[]&\\/_";
-    return kOfMarks.find(unit) != TextView::npos || unit == u'\r' || unit == u'\n' || (unit & 0xF800) == 0xD800;
+    return kOfMarks.find(unit) != TextView::npos || unit < u' ' || (unit & 0xF800) == 0xD800;
   };
   return std::none_of(text.begin(), text.end(), odd);
 }
@@ -37,9 +38,13 @@ void CheckSubRip(Engine& engine) {
     if (IsOrdinary(engine.captions.At(row))) ordinary.push_back(engine.captions.At(row));
   }
   if (ordinary.empty() || ordinary.size() > 32000) return;
+  // What stood beside them in their file, such as places, would come along.
+  for (Caption& caption : ordinary) caption.origin = 0;
   engine.captions.Replace(1, engine.captions.Count(), ordinary);
   engine.state.Encoding = {};
   const std::string written = engine.Save(engine.catalogue.IndexOf(kSubRip));
+  // A question about the file before may have been refused.
+  engine.cancelled = false;
   engine.importer.ImportSubtitle(u"saved", Loading::NewDocument);
   Demand(static_cast<std::size_t>(engine.captions.Count()) == ordinary.size(), "SubRip keeps the number of captions");
   for (std::size_t i = 0; i < ordinary.size(); ++i) {

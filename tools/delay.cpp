@@ -1,7 +1,6 @@
 #include "tools/delay.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 namespace cuewright {

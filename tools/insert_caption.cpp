@@ -1,7 +1,6 @@
 #include "tools/insert_caption.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "core/best_duration.h"
 

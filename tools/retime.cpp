@@ -1,7 +1,6 @@
 #include "tools/retime.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 #include "text/digits.h"

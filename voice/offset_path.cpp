@@ -1,7 +1,6 @@
 #include "voice/offset_path.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace cuewright {

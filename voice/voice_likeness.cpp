@@ -1,7 +1,6 @@
 #include "voice/voice_likeness.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "voice/band_levels.h"
 

@@ -1,7 +1,6 @@
 #include "formats/source/open_ended.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "core/best_duration.h"

@@ -1,7 +1,6 @@
 #include "formats/source/ttml_time.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "formats/source/clock_field.h"
 #include "text/digits.h"
