@@ -9,6 +9,7 @@
 #include "core/runtime_error.h"
 #include "formats/convert_from_utf8.h"
 #include "forms/help.h"
+#include "forms/sync_page.h"
 #include "settings/options.h"
 
 namespace cuewright {
@@ -77,7 +78,9 @@ Program::Program(Ports ports, StartEnvironment environment)
       releaseFitting(Bench(), capture, filmVoice, fitMarks, check, notices),
       hand(Bench(), {capture, router, folders, ports_.files, languages, environment_.processes}, openForms),
       timesFromSound(Bench(), filmVoice, fitMarks, notices, ports_.messages),
-      retime(Bench(), formats, languages, ports_.player, openForms, filmVoice),
+      otherCaptions(catalogue, store, {strings, ports_.messages}, {ports_.files, encodings}, options),
+      retime(Bench(), formats, languages, ports_.player, openForms,
+             {filmVoice, documentFiles, otherCaptions, ports_.player}),
       waveCommands(Bench(), waveBoard, filmShots, preview, notices, ports_.messages),
       edges(Bench(), check.findings, filmShots, proposals),
       undo(window, list, history, capture, preview, strings),

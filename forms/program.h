@@ -61,6 +61,7 @@
 #include "forms/list_view_commands.h"
 #include "forms/notices.h"
 #include "forms/open_forms.h"
+#include "forms/other_captions.h"
 #include "forms/palette.h"
 #include "forms/player_binding.h"
 #include "forms/ports.h"
@@ -214,6 +215,7 @@ class Program final {
   ReleaseFitting releaseFitting;
   HandWindow hand;
   TimesFromSound timesFromSound;
+  OtherCaptions otherCaptions;
   RetimeWindow retime;
   WaveCommands waveCommands;
   EdgeCommand edges;

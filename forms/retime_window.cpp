@@ -4,8 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "capture/film_position.h"
-#include "core/caption_time.h"
 #include "core/runtime_error.h"
 #include "forms/control_texts.h"
 #include "forms/film_rate.h"
@@ -20,20 +18,13 @@ constexpr std::array<TextView, 9> kUsualRates = {u"23.976", u"24", u"25",    u"2
                                                  u"48",     u"50", u"59.94", u"60"};
 constexpr TextView kCommonRate = u"25";
 
-/// A time as it is shown; one that is too large for that is its ms.
-Text ShownTime(Ms ms) {
-  CarryOn step;
-  Text text = Decimal(ms.Count());
-  step([&] { text = MsToTimeText(ms); });
-  return text;
-}
-
 }  // namespace
 
 RetimeWindow::RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages,
-                           const Player& player, OpenForms& openForms, FilmVoice& voice)
+                           const Player& player, OpenForms& openForms, SyncSources sources)
     : ToolForm("frmRetime", openForms),
-      sync(std::make_unique<SyncPage>(*this, bench, voice)),
+      points(*this, bench, player),
+      sync(std::make_unique<SyncPage>(*this, bench, sources)),
       bench_(bench),
       formats_(formats),
       languages_(languages),
@@ -41,7 +32,6 @@ RetimeWindow::RetimeWindow(Workbench bench, const FormatState& formats, const La
   cboFrom.SetEditable(true);
   cboTo.SetEditable(true);
   Wire();
-  WirePoints();
 }
 
 RetimeWindow::~RetimeWindow() = default;
@@ -49,6 +39,7 @@ RetimeWindow::~RetimeWindow() = default;
 void RetimeWindow::Wire() {
   optSync.Clicked.Connect([this] { Choose(Way::Sync); });
   sync->Changed.Connect([this] { Refresh(); });
+  points.Changed.Connect([this] { Refresh(); });
   bench_.window.mnuRetime.Clicked.Connect([this] { Show(); });
   optShift.Clicked.Connect([this] { Choose(Way::Shift); });
   optRatio.Clicked.Connect([this] { Choose(Way::Ratio); });
@@ -76,36 +67,10 @@ void RetimeWindow::Wire() {
   cmdCancel.Clicked.Connect([this] { Close(); });
 }
 
-void RetimeWindow::WirePoints() {
-  txtPoint.Edited.Connect([this] { cmdSetPoint.SetEnabled(TypedTime(txtPoint.GetText()).has_value()); });
-  // Enter sets what was typed, and isn't the window's.
-  txtPoint.KeyDown.Connect([this](KeyEvent& key) {
-    if (key.code != kKeyEnter) return;
-    key.handled = true;
-    cmdSetPoint.Click();
-  });
-  cmdSetPoint.Clicked.Connect([this] {
-    if (const std::optional<Ms> ms = TypedTime(txtPoint.GetText())) SetPoint(*ms);
-  });
-  cmdFilmPoint.Clicked.Connect([this] { SetPoint(FilmPosition(bench_.window, player_)); });
-  lstPoints.Chosen.Connect([this] {
-    const auto& points = points_.All();
-    if (lstPoints.Index() < 0 || lstPoints.Index() >= std::ssize(points)) return;
-    cmdRemovePoint.SetEnabled(true);
-    bench_.list.SetRow(points[static_cast<std::size_t>(lstPoints.Index())].row, true);
-  });
-  cmdRemovePoint.Clicked.Connect([this] {
-    if (lstPoints.Index() < 0) return;
-    points_.Remove(static_cast<std::size_t>(lstPoints.Index()));
-    ShowPoints(-1);
-    Refresh();
-  });
-}
-
 void RetimeWindow::Load() {
   txtShift.SetText({});
   txtRatio.SetText({});
-  points_.Clear();
+  points.Clear();
   way_ = Way::Shift;
   here_ = bench_.list.Selected();
   selected_ = bench_.list.SelectedRows().Rows();
@@ -118,10 +83,10 @@ void RetimeWindow::Load() {
   OfferRates();
   connections_.push_back(bench_.list.Spliced.ConnectScoped([this](const Splice& splice) { Follow(splice); }));
   connections_.push_back(bench_.list.CommandEnded.ConnectScoped([this] {
-    ShowPoints(-1);
+    points.ShowPoints();
     Refresh();
   }));
-  connections_.push_back(bench_.list.SelectionChanged.ConnectScoped([this](Row) { ShowPoint(); }));
+  connections_.push_back(bench_.list.SelectionChanged.ConnectScoped([this](Row) { points.ShowCaption(); }));
   ApplyLanguage(languages_.IsRightToLeft());
 }
 
@@ -132,10 +97,7 @@ void RetimeWindow::Unload() {
   bench_.grid.Foresee(nullptr);
 }
 
-void RetimeWindow::OnActivated() {
-  // The film may have been opened, closed or changed.
-  cmdFilmPoint.SetEnabled(bench_.document.HasVideo());
-}
+void RetimeWindow::OnActivated() { points.ShowFilm(); }
 
 void RetimeWindow::ApplyLanguage(bool rightToLeft) {
   const LangStrings& strings = bench_.strings;
@@ -150,18 +112,17 @@ void RetimeWindow::ApplyLanguage(bool rightToLeft) {
                               {lblRatio, Message::RetimeRatioHint},
                               {lblFrom, Message::RateOfText},
                               {lblTo, Message::RateOfPlay},
-                              {cmdSetPoint, Message::SetPoint},
-                              {cmdFilmPoint, Message::PointAtFilm},
-                              {cmdRemovePoint, Message::RemovePoint},
                               {fraScope, Message::RetimeScope},
                               {optAll, Message::ScopeAll},
                               {cmdOK, Message::Ok},
                               {cmdCancel, Message::Cancel}};
   ShowTexts(rows, strings);
-  const ControlText spoken[] = {{txtShift, Message::RetimeByAmount},      {cboUnit, Message::SpokenUnit},
-                                {cboDirection, Message::SpokenDirection}, {txtRatio, Message::RetimeByRatio},
-                                {txtPoint, Message::RetimeByPoints},      {lstPoints, Message::SpokenPoints}};
+  const ControlText spoken[] = {{txtShift, Message::RetimeByAmount},
+                                {cboUnit, Message::SpokenUnit},
+                                {cboDirection, Message::SpokenDirection},
+                                {txtRatio, Message::RetimeByRatio}};
   SpeakTexts(spoken, strings);
+  points.ApplyLanguage();
   sync->ApplyLanguage();
   for (ComboBox* box : {&cboUnit, &cboDirection}) box->SetToolTip(box->SpokenName());
   const int direction = cboDirection.Index();
@@ -217,7 +178,7 @@ void RetimeWindow::ShowWay() {
   fraShift.SetVisible(way_ == Way::Shift);
   fraRatio.SetVisible(way_ == Way::Ratio);
   fraRates.SetVisible(way_ == Way::Rates);
-  fraPoints.SetVisible(way_ == Way::Points);
+  points.fraPoints.SetVisible(way_ == Way::Points);
   const bool synchronises = bench_.options.manner.FitsToTheVoice();
   optSync.SetVisible(synchronises);
   optSync.SetValue(way_ == Way::Sync);
@@ -229,41 +190,12 @@ void RetimeWindow::ShowWay() {
   optFromHere.SetValue(scope_ == Scope::FromHere);
   optSelected.SetText(bench_.strings.Counted(Message::ScopeSelected, u"%1", std::ssize(selected_)));
   optFromHere.SetText(Fill(bench_.strings[Message::ScopeFromHere], Decimal(here_.Number())));
-  ShowPoint();
-  ShowPoints(-1);
-  Refresh();
-}
-
-void RetimeWindow::ShowPoint() {
-  const Row row = bench_.list.Selected();
-  const CaptionTimes times = bench_.list.InRange(row) ? bench_.list.TimesAt(row) : CaptionTimes{};
-  const bool timed = times.start > 0 || times.end > 0;
-  lblPoint.SetText(Fill(bench_.strings[Message::CaptionBelongsAt], Decimal(row.Number())));
-  txtPoint.SetEnabled(timed);
-  txtPoint.SetText(timed ? ShownTime(times.start) : Text());
-  cmdSetPoint.SetEnabled(timed);
-  cmdFilmPoint.SetEnabled(timed && bench_.document.HasVideo());
-}
-
-void RetimeWindow::ShowPoints(int chosen) {
-  std::vector<Text> rows;
-  for (const RetimePoints::Point& point : points_.All()) {
-    rows.push_back(Decimal(point.row.Number()) + u":  " + ShownTime(bench_.list.GetCaptionStart(point.row)) +
-                   u"  \u2192  " + ShownTime(point.ms));
-  }
-  if (rows != lstPoints.Items()) lstPoints.SetItems(std::move(rows));
-  if (chosen >= 0) lstPoints.SetIndex(chosen);
-  cmdRemovePoint.SetEnabled(lstPoints.Index() >= 0);
-}
-
-void RetimeWindow::SetPoint(Ms ms) {
-  const std::size_t place = points_.Put(bench_.list.Selected(), ms);
-  ShowPoints(static_cast<int>(place));
+  points.Show();
   Refresh();
 }
 
 void RetimeWindow::Follow(const Splice& splice) {
-  points_.Follow(splice);
+  points.Follow(splice);
   // Segments are of the rows that there were.
   if (splice.removed != splice.added) sync->Forget();
   const auto follow = [&](Row row) { return std::max(RowAfter(splice, row), std::min(splice.first, row)); };
@@ -342,7 +274,7 @@ RetimeWindow::Asked RetimeWindow::AskedRates() const {
 
 RetimeWindow::Asked RetimeWindow::AskedPoints() const {
   TimeMap map;
-  switch (TimeMap::Through(points_.Times(bench_.list), map)) {
+  switch (TimeMap::Through(points.Times(), map)) {
     case TimeMap::Fault::None:
       break;
     case TimeMap::Fault::NoPoint:

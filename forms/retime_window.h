@@ -8,15 +8,15 @@
 #include "core/ports/player.h"
 #include "form/controls.h"
 #include "formats/format_state.h"
+#include "forms/points_page.h"
 #include "forms/tool_form.h"
 #include "settings/languages.h"
 #include "tools/retime.h"
-#include "tools/retime_points.h"
 
 namespace cuewright {
 
-class FilmVoice;
 class SyncPage;
+struct SyncSources;
 
 /// The window `frmRetime`: other times for captions, by an amount, a ratio, two rates or captions whose right times are
 /// known, or by the film's sound. It stands beside the main window, so that film and list can be used meanwhile. The
@@ -24,7 +24,7 @@ class SyncPage;
 class RetimeWindow final : public ToolForm, private ForeseenTimes {
  public:
   RetimeWindow(Workbench bench, const FormatState& formats, const Languages& languages, const Player& player,
-               OpenForms& openForms, FilmVoice& voice);
+               OpenForms& openForms, SyncSources sources);
   ~RetimeWindow() override;
 
   OptionButton optShift{*this, "optShift"};
@@ -48,13 +48,7 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   ComboBox cboTo{*this, "cboTo"};
   Label lblFilmRate{*this, "lblFilmRate"};
 
-  Frame fraPoints{*this, "fraPoints"};
-  Label lblPoint{*this, "lblPoint"};
-  TextBox txtPoint{*this, "txtPoint"};
-  Button cmdSetPoint{*this, "cmdSetPoint"};
-  Button cmdFilmPoint{*this, "cmdFilmPoint"};
-  ListBox lstPoints{*this, "lstPoints"};
-  Button cmdRemovePoint{*this, "cmdRemovePoint"};
+  PointsPage points;
 
   OptionButton optSync{*this, "optSync"};
   /// The way by the film's sound.
@@ -90,15 +84,11 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   CaptionTimes TimesOf(Row row) const override;
 
   void Wire();
-  void WirePoints();
   void Choose(Way way);
   void Choose(Scope scope);
   void ShowWay();
   void ShowUnits();
-  void ShowPoint();
-  void ShowPoints(int chosen);
   void OfferRates();
-  void SetPoint(Ms ms);
   void Follow(const Splice& splice);
   /// What is asked for has changed: the list and the result follow.
   void Refresh();
@@ -122,7 +112,6 @@ class RetimeWindow final : public ToolForm, private ForeseenTimes {
   Scope scope_ = Scope::All;
   Row here_ = 1;               ///< the row that "from here on" means
   std::vector<Row> selected_;  ///< the rows that "the selected ones" means, in order
-  RetimePoints points_;
   std::optional<TimeMap> map_;
   std::vector<Connection> connections_;  ///< to the list, while the window is loaded
 };

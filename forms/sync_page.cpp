@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/numbers.h"
+#include "core/paths.h"
 #include "core/runtime_error.h"
 #include "tools/typed_time.h"
 #include "voice/voice_likeness.h"
@@ -20,9 +21,11 @@ Text SignedSeconds(Ms ms) {
 
 }  // namespace
 
-SyncPage::SyncPage(Form& window, Workbench bench, FilmVoice& voice)
+SyncPage::SyncPage(Form& window, Workbench bench, SyncSources sources)
     : fraSync(window, "fraSync"),
       cmdSyncFind(window, "cmdSyncFind"),
+      cmdSyncFile(window, "cmdSyncFile"),
+      picSegments(window, "picSegments"),
       lstSegments(window, "lstSegments"),
       lblOffset(window, "lblOffset"),
       txtOffset(window, "txtOffset"),
@@ -32,14 +35,19 @@ SyncPage::SyncPage(Form& window, Workbench bench, FilmVoice& voice)
       cmdJoinSegment(window, "cmdJoinSegment"),
       tmrSync(window, "tmrSync", 100),
       bench_(bench),
-      voice_(voice) {
+      sources_(sources) {
   Wire();
 }
 
 SyncPage::~SyncPage() = default;
 
 void SyncPage::Wire() {
-  cmdSyncFind.Clicked.Connect([this] { Find(); });
+  cmdSyncFind.Clicked.Connect([this] { ClickFind(); });
+  cmdSyncFile.Clicked.Connect([this] { FindAmongCaptions(); });
+  // Another document comes, or this one goes.
+  bench_.list.EnabledChanged.Connect([this](bool on) {
+    if (!on) Forget();
+  });
   tmrSync.Tick.Connect([this] { Poll(); });
   lstSegments.Chosen.Connect([this] {
     Show(Chosen());
@@ -63,7 +71,9 @@ void SyncPage::Wire() {
 
 void SyncPage::ApplyLanguage() {
   const LangStrings& strings = bench_.strings;
-  cmdSyncFind.SetText(strings[Message::SyncFind]);
+  cmdSyncFind.SetText(strings[tmrSync.Enabled() ? Message::StopReading : Message::SyncFind]);
+  cmdSyncFile.SetText(strings[Message::SyncByCaptions]);
+  picSegments.SetSpokenName(strings[Message::SpokenTimeLine]);
   lblOffset.SetText(strings[Message::SyncOffset]);
   cmdSetOffset.SetText(strings[Message::SetPoint]);
   cmdFreeSegment.SetText(strings[Message::SyncRelease]);
@@ -76,36 +86,84 @@ void SyncPage::ApplyLanguage() {
 }
 
 void SyncPage::Forget() {
-  tmrSync.SetEnabled(false);
-  if (search_.valid()) search_.wait();
-  search_ = {};
+  Stop();
   segments_.clear();
   told_.clear();
+  Show(-1);
 }
 
 void SyncPage::Tell(Message message) {
-  told_ = bench_.strings[message];
+  told_ = Fill(bench_.strings[message], FileNameOf(otherName_));
   Changed();
 }
 
-void SyncPage::Find() {
-  if (tmrSync.Enabled()) return;
-  if (!bench_.document.HasVideo() || !voice_.Possible()) return Tell(Message::SyncFilmWanted);
-  if (voice_.Reading()) return;
-  times_.clear();
-  for (Row row = 1; bench_.list.InRange(row); ++row) times_.push_back(bench_.list.TimesAt(row));
+std::vector<CaptionTimes> SyncPage::TimesNow() const {
+  std::vector<CaptionTimes> times;
+  for (Row row = 1; bench_.list.InRange(row); ++row) times.push_back(bench_.list.TimesAt(row));
+  return times;
+}
+
+void SyncPage::ClickFind() {
+  if (!tmrSync.Enabled()) return FindInFilm();
+  Stop();
+  Tell(Message::SyncStopped);
+}
+
+void SyncPage::FindInFilm() {
+  otherName_.clear();
+  FilmVoice& film = sources_.film;
+  if (!bench_.document.HasVideo() || !film.Possible()) return Tell(Message::SyncFilmWanted);
+  if (film.Reading()) return;
   CarryOn steps;
-  const bool known = voice_.Known() != nullptr;
-  if (!known && !steps([&] { voice_.BeginReading(); })) return Tell(Message::SyncFilmWanted);
-  tmrSync.SetEnabled(true);
-  cmdSyncFind.SetEnabled(false);
+  const bool known = film.Known() != nullptr;
+  if (!known && !steps([&] { film.BeginReading(); })) return Tell(Message::SyncFilmWanted);
+  Begin();
   Tell(Message::SyncFinding);
   if (known) Search();
 }
 
+void SyncPage::FindAmongCaptions() {
+  const Text path = sources_.files.OpenFileFilter();
+  if (path.empty()) return;
+  std::vector<CaptionTimes> others = sources_.others.Read(path, sources_.player.FramesPerSecond());
+  if (others.empty()) return;
+  otherName_ = path;
+  Begin();
+  Tell(Message::SyncAmongCaptions);
+  search_ = std::async(std::launch::async, [times = times_, others = std::move(others)] {
+    return Synchronise(times, VoiceOfCaptions(others), others);
+  });
+}
+
+void SyncPage::Begin() {
+  times_ = TimesNow();
+  tmrSync.SetEnabled(true);
+  ShowSearching();
+}
+
+void SyncPage::Stop() {
+  if (!tmrSync.Enabled()) return;
+  tmrSync.SetEnabled(false);
+  if (search_.valid()) {
+    // It knows nothing of the window, so that nobody has to wait for it.
+    std::erase_if(left_,
+                  [](const auto& each) { return each.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+    left_.push_back(std::move(search_));
+  } else {
+    sources_.film.StopReading();
+  }
+  ShowSearching();
+}
+
+void SyncPage::ShowSearching() {
+  cmdSyncFind.SetText(bench_.strings[tmrSync.Enabled() ? Message::StopReading : Message::SyncFind]);
+  cmdSyncFile.SetEnabled(!tmrSync.Enabled());
+}
+
 void SyncPage::Search() {
-  search_ = std::async(std::launch::async,
-                       [times = times_, sound = voice_.Known()] { return Synchronise(times, VoiceOfSound(*sound)); });
+  search_ = std::async(std::launch::async, [times = times_, sound = sources_.film.Known()] {
+    return Synchronise(times, VoiceOfSound(*sound));
+  });
 }
 
 void SyncPage::Poll() {
@@ -113,20 +171,18 @@ void SyncPage::Poll() {
     if (search_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) Finish();
     return;
   }
-  if (voice_.Poll()) return;
-  if (voice_.Known()) return Search();
-  tmrSync.SetEnabled(false);
-  cmdSyncFind.SetEnabled(true);
+  if (sources_.film.Poll()) return;
+  if (sources_.film.Known()) return Search();
+  Stop();
   Tell(Message::SyncFilmWanted);
 }
 
 void SyncPage::Finish() {
   tmrSync.SetEnabled(false);
-  cmdSyncFind.SetEnabled(true);
+  ShowSearching();
   const SyncResult result = search_.get();
-  // Other captions have come meanwhile.
-  if (std::ssize(times_) != bench_.list.Count()) return;
-  if (!result.belongs) return Tell(Message::SyncForeign);
+  if (times_ != TimesNow()) return Tell(Message::TextChangedMeanwhile);
+  if (!result.belongs) return Tell(otherName_.empty() ? Message::SyncForeign : Message::SyncForeignCaptions);
   ratio_ = result.ratio;
   segments_ = UnderFixed(result.segments);
   Show(-1);
@@ -157,17 +213,20 @@ std::vector<SyncPage::Segment> SyncPage::UnderFixed(const std::vector<SyncSegmen
   return all;
 }
 
+Text SyncPage::SurenessText(const Segment& segment) const {
+  const LangStrings& strings = bench_.strings;
+  if (segment.fixed) return strings[Message::SyncFixed];
+  if (segment.found.doubtful) return strings[Message::SyncDoubtful];
+  return Fill(strings[Message::SyncSure], Decimal(static_cast<int>(std::lround(segment.found.confidence * 100))));
+}
+
 void SyncPage::Show(int chosen) {
   const LangStrings& strings = bench_.strings;
   std::vector<Text> rows;
   for (const Segment& segment : segments_) {
     const SyncSegment& found = segment.found;
-    const Text sure = segment.fixed    ? strings[Message::SyncFixed]
-                      : found.doubtful ? strings[Message::SyncDoubtful]
-                                       : Fill(strings[Message::SyncSure],
-                                              Decimal(static_cast<int>(std::lround(found.confidence * 100))));
     rows.push_back(Fill(strings[Message::SyncSegment], Decimal(found.first.Number()), Decimal(found.last.Number())) +
-                   u":  " + SignedSeconds(found.offset) + u"  (" + sure + u")");
+                   u":  " + SignedSeconds(found.offset) + u"  (" + SurenessText(segment) + u")");
   }
   if (rows != lstSegments.Items()) lstSegments.SetItems(std::move(rows));
   if (chosen >= 0 && chosen < std::ssize(segments_)) lstSegments.SetIndex(chosen);
@@ -179,6 +238,25 @@ void SyncPage::Show(int chosen) {
   cmdFreeSegment.SetEnabled(any && segment.fixed);
   cmdBorder.SetEnabled(!segments_.empty());
   cmdJoinSegment.SetEnabled(any && Chosen() > 0);
+  Shown();
+}
+
+std::vector<SyncBlock> SyncPage::Blocks() const {
+  std::vector<SyncBlock> blocks;
+  for (const Segment& segment : segments_) {
+    SyncBlock block;
+    block.offset = SignedSeconds(segment.found.offset);
+    block.sureness = segment.fixed            ? SyncSureness::Fixed
+                     : segment.found.doubtful ? SyncSureness::Doubtful
+                                              : SyncSureness::Sure;
+    block.chosen = std::ssize(blocks) == Chosen();
+    block.start = TimesOf(segment.found.first, bench_.list.TimesAt(segment.found.first)).start;
+    for (Row row = segment.found.first; row <= segment.found.last && bench_.list.InRange(row); ++row) {
+      block.end = std::max(block.end, RetimedTimes(bench_.list.TimesAt(row), MapOf(segment)).times.end);
+    }
+    blocks.push_back(std::move(block));
+  }
+  return blocks;
 }
 
 void SyncPage::SetOffset() {

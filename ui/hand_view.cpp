@@ -41,7 +41,7 @@ HandView::HandView(HandWindow& form, QWidget* owner) : ToolView(form, owner), fo
   column->addLayout(row);
   column->addWidget(told(form.lblLanguageHint));
   column->addStretch();
-  column->addWidget(MakeButtons());
+  column->addWidget(MakeButtons(form_.cmdOK, form_.cmdCancel));
 }
 
 QWidget* HandView::MakeTimes() {
@@ -66,25 +66,6 @@ QWidget* HandView::MakeTimes() {
   add(3, form_.lblRelease, form_.txtRelease, form_.txtReleaseSpread);
   grid->setColumnStretch(3, 1);
   return times;
-}
-
-QWidget* HandView::MakeButtons() {
-  auto* row = BareRow(this);
-  QWidget* buttons = row->parentWidget();
-  row->addStretch();
-  auto* ok = Bind(form_.cmdOK, new QPushButton(buttons));
-  ok->setDefault(true);
-  row->addWidget(ok);
-  auto* cancel = Bind(form_.cmdCancel, new QPushButton(buttons));
-  cancel->setAutoDefault(false);
-  row->addWidget(cancel);
-  return buttons;
-}
-
-QLabel* HandView::MakeLabelOf(Label& label, QWidget* widget) {
-  auto* made = Bind(label, PlainLabel(widget->parentWidget()));
-  made->setBuddy(widget);
-  return made;
 }
 
 }  // namespace cuewright

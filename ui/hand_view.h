@@ -14,8 +14,6 @@ class HandView final : public ToolView {
 
  private:
   QWidget* MakeTimes();
-  QWidget* MakeButtons();
-  QLabel* MakeLabelOf(Label& label, QWidget* widget);
 
   HandWindow& form_;
 };

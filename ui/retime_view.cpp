@@ -10,6 +10,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "ui/sync_line.h"
+
 namespace cuewright {
 namespace {
 
@@ -33,7 +35,7 @@ RetimeView::RetimeView(RetimeWindow& form, QWidget* owner) : ToolView(form, owne
   result->setMinimumHeight(2 * result->fontMetrics().lineSpacing());
   result->setAlignment(Qt::AlignTop | Qt::AlignLeading);
   column->addWidget(result);
-  column->addWidget(MakeButtons());
+  column->addWidget(MakeButtons(form_.cmdOK, form_.cmdCancel));
   binder_.WidgetOf(form.txtShift).setFocus();
 }
 
@@ -61,7 +63,7 @@ QWidget* RetimeView::MakePages() {
   add(form_.fraShift, &RetimeView::FillShift);
   add(form_.fraRatio, &RetimeView::FillRatio);
   add(form_.fraRates, &RetimeView::FillRates);
-  add(form_.fraPoints, &RetimeView::FillPoints);
+  add(form_.points.fraPoints, &RetimeView::FillPoints);
   add(form_.sync->fraSync, &RetimeView::FillSync);
   return pages;
 }
@@ -107,21 +109,21 @@ void RetimeView::FillRates(QWidget* page) {
 void RetimeView::FillPoints(QWidget* page) {
   auto* grid = new QGridLayout(page);
   grid->setContentsMargins(0, 0, 0, 0);
-  auto* time = Bind(form_.txtPoint, new QLineEdit(page));
+  auto* time = Bind(form_.points.txtPoint, new QLineEdit(page));
   time->setFixedWidth(kFieldWidth);
-  grid->addWidget(MakeLabelOf(form_.lblPoint, time), 0, 0);
+  grid->addWidget(MakeLabelOf(form_.points.lblPoint, time), 0, 0);
   grid->addWidget(time, 0, 1);
   const auto button = [&](Button& control) {
     auto* made = Bind(control, new QPushButton(page));
     made->setAutoDefault(false);
     return made;
   };
-  grid->addWidget(button(form_.cmdSetPoint), 0, 2);
-  grid->addWidget(button(form_.cmdFilmPoint), 0, 3);
-  auto* points = Bind(form_.lstPoints, new QListWidget(page));
+  grid->addWidget(button(form_.points.cmdSetPoint), 0, 2);
+  grid->addWidget(button(form_.points.cmdFilmPoint), 0, 3);
+  auto* points = Bind(form_.points.lstPoints, new QListWidget(page));
   points->setFixedHeight(kPointLines * points->fontMetrics().lineSpacing() + 16);
   grid->addWidget(points, 1, 0, 1, 3);
-  grid->addWidget(button(form_.cmdRemovePoint), 1, 3, Qt::AlignTop);
+  grid->addWidget(button(form_.points.cmdRemovePoint), 1, 3, Qt::AlignTop);
   grid->setRowStretch(2, 1);
 }
 
@@ -134,19 +136,21 @@ void RetimeView::FillSync(QWidget* page) {
     made->setAutoDefault(false);
     return made;
   };
-  grid->addWidget(button(sync.cmdSyncFind), 0, 0, 1, 2, Qt::AlignLeading);
+  grid->addWidget(button(sync.cmdSyncFind), 0, 0);
+  grid->addWidget(button(sync.cmdSyncFile), 0, 1);
+  grid->addWidget(Bind(sync.picSegments, new SyncLine(sync, page)), 1, 0, 1, 4);
   auto* segments = Bind(sync.lstSegments, new QListWidget(page));
   segments->setFixedHeight(kSegmentLines * segments->fontMetrics().lineSpacing() + 16);
-  grid->addWidget(segments, 1, 0, 1, 4);
+  grid->addWidget(segments, 2, 0, 1, 4);
   auto* offset = Bind(sync.txtOffset, new QLineEdit(page));
   offset->setFixedWidth(kFieldWidth);
-  grid->addWidget(MakeLabelOf(sync.lblOffset, offset), 2, 0);
-  grid->addWidget(offset, 2, 1);
-  grid->addWidget(button(sync.cmdSetOffset), 2, 2);
-  grid->addWidget(button(sync.cmdFreeSegment), 2, 3);
-  grid->addWidget(button(sync.cmdBorder), 3, 0, 1, 2);
-  grid->addWidget(button(sync.cmdJoinSegment), 3, 2, 1, 2);
-  grid->setRowStretch(4, 1);
+  grid->addWidget(MakeLabelOf(sync.lblOffset, offset), 3, 0);
+  grid->addWidget(offset, 3, 1);
+  grid->addWidget(button(sync.cmdSetOffset), 3, 2);
+  grid->addWidget(button(sync.cmdFreeSegment), 3, 3);
+  grid->addWidget(button(sync.cmdBorder), 4, 0, 1, 2);
+  grid->addWidget(button(sync.cmdJoinSegment), 4, 2, 1, 2);
+  grid->setRowStretch(5, 1);
 }
 
 QWidget* RetimeView::MakeScope() {
@@ -158,25 +162,6 @@ QWidget* RetimeView::MakeScope() {
   }
   row->addStretch();
   return scope;
-}
-
-QWidget* RetimeView::MakeButtons() {
-  auto* row = BareRow(this);
-  QWidget* buttons = row->parentWidget();
-  row->addStretch();
-  auto* ok = Bind(form_.cmdOK, new QPushButton(buttons));
-  ok->setDefault(true);
-  row->addWidget(ok);
-  auto* cancel = Bind(form_.cmdCancel, new QPushButton(buttons));
-  cancel->setAutoDefault(false);
-  row->addWidget(cancel);
-  return buttons;
-}
-
-QLabel* RetimeView::MakeLabelOf(Label& label, QWidget* widget) {
-  auto* made = Bind(label, PlainLabel(widget->parentWidget()));
-  made->setBuddy(widget);
-  return made;
 }
 
 }  // namespace cuewright

@@ -23,8 +23,6 @@ class RetimeView final : public ToolView {
   void FillPoints(QWidget* page);
   void FillSync(QWidget* page);
   QWidget* MakeScope();
-  QWidget* MakeButtons();
-  QLabel* MakeLabelOf(Label& label, QWidget* widget);
 
   RetimeWindow& form_;
 };

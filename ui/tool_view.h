@@ -23,6 +23,10 @@ class ToolView : public QDialog {
   Widget* Bind(ControlType& control, Widget* widget) {
     return binder_.Bind(control, widget);
   }
+  /// OK, which Return presses, and Cancel at the end of a row of their own.
+  QWidget* MakeButtons(Button& ok, Button& cancel);
+  /// The label of a widget beside it, whose letter goes to that.
+  QLabel* MakeLabelOf(Label& label, QWidget* widget);
   /// Keeps a connection for the window's life.
   void Keep(Connection connection) { connections_.push_back(std::move(connection)); }
 

@@ -13,6 +13,7 @@ import desktop
 from evening_checks import CHECK_SCENES
 from evening_files import FILE_SCENES
 from evening_keys import KEY_SCENES
+from evening_times import TIME_SCENES
 from evening_wizards import WIZARD_SCENES
 from scene import Scene, captions_of, subrip
 
@@ -332,7 +333,7 @@ SCENES = [a_text_is_timed_and_closed_with_yes, a_whole_capture_by_the_keyboard_a
           escape_at_captions_without_times_cuts_nothing_off, what_a_save_left_out_comes_back,
           rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
           a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *FILE_SCENES,
-          *WIZARD_SCENES, *KEY_SCENES, *CHECK_SCENES]
+          *WIZARD_SCENES, *KEY_SCENES, *CHECK_SCENES, *TIME_SCENES]
 
 
 def main():

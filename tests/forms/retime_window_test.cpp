@@ -45,7 +45,7 @@ TEST_F(RetimeInTheWindow, OpensWithNothingToDo) {
   EXPECT_EQ(Retime().Title(), u"Retime");
   EXPECT_TRUE(Retime().optShift.Value());
   EXPECT_TRUE(Retime().fraShift.Visible());
-  EXPECT_FALSE(Retime().fraPoints.Visible());
+  EXPECT_FALSE(Retime().points.fraPoints.Visible());
   EXPECT_TRUE(Retime().optAll.Value());
   EXPECT_EQ(Retime().optFromHere.GetText(), u"From caption 2 on");
   EXPECT_FALSE(Retime().cmdOK.Enabled());
@@ -150,33 +150,33 @@ TEST_F(RetimeInTheWindow, GoesThroughCaptionsWhoseTimesAreKnown) {
   Window().mnuRetime.Click();
   Retime().optPoints.Click();
   EXPECT_EQ(Result(), "Select a caption and set its right time: one moves all, two or more also stretch.");
-  EXPECT_EQ(Retime().lblPoint.GetText(), u"Caption 2 belongs at");
-  EXPECT_EQ(Retime().txtPoint.GetText(), u"00:00:02,100");
-  EXPECT_FALSE(Retime().cmdRemovePoint.Enabled());
+  EXPECT_EQ(Retime().points.lblPoint.GetText(), u"Caption 2 belongs at");
+  EXPECT_EQ(Retime().points.txtPoint.GetText(), u"00:00:02,100");
+  EXPECT_FALSE(Retime().points.cmdRemovePoint.Enabled());
   player.position = 4.1;
-  Retime().cmdFilmPoint.Click();
+  Retime().points.cmdFilmPoint.Click();
   EXPECT_EQ(Shown(), (std::vector<std::int32_t>{3100, 4100, 5100, 6100, 7100}));
-  EXPECT_EQ(Retime().lstPoints.Items(), std::vector<Text>{u"2:  00:00:02,100  \u2192  00:00:04,100"});
+  EXPECT_EQ(Retime().points.lstPoints.Items(), std::vector<Text>{u"2:  00:00:02,100  \u2192  00:00:04,100"});
   List().SetRow(4, false);
-  Type(Retime().txtPoint, u"10.1");
+  Type(Retime().points.txtPoint, u"10.1");
   KeyEvent enter{kKeyEnter};
-  Retime().txtPoint.PressKey(enter);
+  Retime().points.txtPoint.PressKey(enter);
   EXPECT_TRUE(enter.handled) << "or the window would take it for OK";
   EXPECT_EQ(Shown(), (std::vector<std::int32_t>{1100, 4100, 7100, 10100, 13100}));
-  Retime().lstPoints.Choose(0);
+  Retime().points.lstPoints.Choose(0);
   EXPECT_EQ(List().Selected(), 2) << "a point shows its caption";
-  Retime().cmdRemovePoint.Click();
+  Retime().points.cmdRemovePoint.Click();
   EXPECT_EQ(Shown(), (std::vector<std::int32_t>{7100, 8100, 9100, 10100, 11100}));
-  EXPECT_FALSE(Retime().cmdRemovePoint.Enabled());
+  EXPECT_FALSE(Retime().points.cmdRemovePoint.Enabled());
 }
 
 TEST_F(RetimeInTheWindow, RefusesPointsThatFitNoLine) {
   Window().mnuRetime.Click();
   Retime().optPoints.Click();
-  Retime().cmdSetPoint.Click();
+  Retime().points.cmdSetPoint.Click();
   List().SetRow(3, false);
-  Type(Retime().txtPoint, u"2");
-  Retime().cmdSetPoint.Click();
+  Type(Retime().points.txtPoint, u"2");
+  Retime().points.cmdSetPoint.Click();
   EXPECT_EQ(Result(), "The captions would come in another order or at the same time.");
   EXPECT_FALSE(Retime().cmdOK.Enabled());
   EXPECT_EQ(Shown(), own);
@@ -230,16 +230,16 @@ TEST_F(RetimeInTheWindow, FollowsWhatIsDoneInTheListMeanwhile) {
   Shift(u"1");
   Retime().optFromHere.Click();
   Retime().optPoints.Click();
-  Type(Retime().txtPoint, u"5.1");
-  Retime().cmdSetPoint.Click();
+  Type(Retime().points.txtPoint, u"5.1");
+  Retime().points.cmdSetPoint.Click();
   List().DeleteCaption(1);
-  EXPECT_EQ(Retime().lstPoints.Items(), std::vector<Text>{u"3:  00:00:04,100  \u2192  00:00:05,100"});
+  EXPECT_EQ(Retime().points.lstPoints.Items(), std::vector<Text>{u"3:  00:00:04,100  \u2192  00:00:05,100"});
   EXPECT_EQ(Shown(), (std::vector<std::int32_t>{2100, 3100, 5100, 6100}));
   EXPECT_EQ(Result(), "2 captions get other times; the list shows them.");
   Window().mnuUndo.Click();
   EXPECT_EQ(Shown(), (std::vector<std::int32_t>{1100, 2100, 3100, 5100, 6100}));
   List().DeleteCaption(4);
-  EXPECT_TRUE(Retime().lstPoints.Items().empty());
+  EXPECT_TRUE(Retime().points.lstPoints.Items().empty());
 }
 
 TEST_F(RetimeInTheWindow, ClosesWithTheDocument) {
