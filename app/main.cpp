@@ -55,6 +55,93 @@ Text UserFolder(QStandardPaths::StandardLocation purpose) {
 /// Runs tasks on the window's thread, each later and in the order of their coming.
 void Post(std::function<void()> task) { QMetaObject::invokeMethod(qApp, std::move(task), Qt::QueuedConnection); }
 
+/// What the program has of the outside.
+struct Outside {
+  PosixFiles files;
+  QtMessages messages;
+  QtFileDialogs dialogs;
+  QtPickers pickers;
+  QtEventQueue events;
+  QtDesktop desktop;
+  MpvLibrary library{MpvLibrary::DefaultFileName(), MpvLibrary::Load::WhenUsed};
+  MpvPlayer player{library, Post, PlayerOptions()};
+  std::optional<RunFolder> runFolder;
+  IcuLocale locale;
+  LinuxSystemInfo about;
+  QtWeb web;
+  HunspellDictionaries dictionaries;
+  PosixProcesses processes;
+  // Two hours of sound take about 320 MB.
+  FolderSoundStore sounds{SoundFolder(), std::uint64_t{4} << 30};
+  JournalFiles journals{JournalFolderPath()};
+
+  static MpvPlayerOptions PlayerOptions() {
+    MpvPlayerOptions options = MpvPlayerOptions::FromEnvironment();
+    options.output = WantedVideoOutput();
+    return options;
+  }
+
+  Ports AsPorts() { return {files, messages, dialogs, events, desktop, player, pickers, &journals}; }
+
+  StartEnvironment Environment(const Text& commandLine) {
+    StartEnvironment environment;
+    environment.commandLine = commandLine;
+    environment.appFolder = DataFolder();
+    environment.settingsFile = SettingsFilePath();
+    environment.registryFile = RegistryFilePath();
+    environment.makeTempFolder = [this] { return runFolder.emplace().Path(); };
+    if (!library.Available()) environment.missingPlayer = library.FileName();
+    environment.systemCodePage = AnsiCodePageOfLocale();
+    environment.locale = &locale;
+    environment.system = &about;
+    environment.web = &web;
+    environment.dictionaries = &dictionaries;
+    environment.wordsFolder = WordsFolderPath();
+    environment.documentsFolder = UserFolder(QStandardPaths::DocumentsLocation);
+    environment.filmsFolder = UserFolder(QStandardPaths::MoviesLocation);
+    environment.processes = &processes;
+    if (!SoundFolder().empty()) environment.sounds = &sounds;
+    environment.systemFolder = WineSystemFolder();
+    return environment;
+  }
+};
+
+/// The window that comes first, and the main one.
+class StartingWindows {
+ public:
+  StartingWindows(Program& program, MpvPlayer& player) : program_(program), player_(player) {}
+
+  /// The main window, or the one that tells that the player is missing.
+  void ShowFirst() {
+    if (!program_.PlayerMissing()) return ShowMain();
+    start_ = std::make_unique<StartView>(program_.start);
+    program_.start.cmdExit.Clicked.Connect([] { QCoreApplication::exit(0); });
+    program_.start.cmdIgnore.Clicked.Connect([this] {
+      ShowMain();
+      start_->close();
+    });
+    start_->show();
+  }
+
+ private:
+  void ShowMain() {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    main_ = MakeMainWindow(program_, new VideoView(player_, player_));
+    AddDialogs(main_->Views(), program_);
+    main_->ShowStarted(program_.LoadMainWindow(screen.width(), screen.height()));
+    // Behind the window's first painting, and whoever has the keyboard.
+    Post([this] {
+      program_.OpenOnFirstRun();
+      program_.OnFirstActivation();
+    });
+  }
+
+  Program& program_;
+  MpvPlayer& player_;
+  std::unique_ptr<StartView> start_;
+  std::unique_ptr<MainWindowView> main_;  ///< goes first
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -71,77 +158,15 @@ int main(int argc, char** argv) {
   // The player's library and the number formats need the plain decimal point.
   std::setlocale(LC_NUMERIC, "C");
 
-  PosixFiles files;
-  QtMessages messages;
-  QtFileDialogs dialogs;
-  QtPickers pickers;
-  QtEventQueue events;
-  QtDesktop desktop;
-  const MpvLibrary library(MpvLibrary::DefaultFileName(), MpvLibrary::Load::WhenUsed);
-  MpvPlayerOptions playerOptions = MpvPlayerOptions::FromEnvironment();
-  playerOptions.output = WantedVideoOutput();
-  MpvPlayer player(library, Post, playerOptions);
-  StartEnvironment environment;
-  environment.commandLine = commandLine;
-  environment.appFolder = DataFolder();
-  environment.settingsFile = SettingsFilePath();
-  environment.registryFile = RegistryFilePath();
-  std::optional<RunFolder> runFolder;
-  environment.makeTempFolder = [&runFolder] { return runFolder.emplace().Path(); };
-  if (!library.Available()) environment.missingPlayer = library.FileName();
-  environment.systemCodePage = AnsiCodePageOfLocale();
-  const IcuLocale locale;
-  environment.locale = &locale;
-  const LinuxSystemInfo system;
-  environment.system = &system;
-  QtWeb web;
-  environment.web = &web;
-  const HunspellDictionaries dictionaries;
-  environment.dictionaries = &dictionaries;
-  environment.wordsFolder = WordsFolderPath();
-  environment.documentsFolder = UserFolder(QStandardPaths::DocumentsLocation);
-  environment.filmsFolder = UserFolder(QStandardPaths::MoviesLocation);
-
-  PosixProcesses processes;
-  // Two hours of sound take about 320 MB.
-  FolderSoundStore sounds(SoundFolder(), std::uint64_t{4} << 30);
-  environment.processes = &processes;
-  if (!SoundFolder().empty()) environment.sounds = &sounds;
-  environment.systemFolder = WineSystemFolder();
-
+  Outside system;
   ToolkitTexts toolkitTexts;
-  JournalFiles journals(JournalFolderPath());
-  Program program({files, messages, dialogs, events, desktop, player, pickers, &journals}, environment);
-  messages.LabelButtons(program.strings);
+  Program program(system.AsPorts(), system.Environment(commandLine));
+  system.messages.LabelButtons(program.strings);
   if (!program.Start()) return 1;
   toolkitTexts.Use(program.options.language);
   program.LanguageChanged.Connect([&] { toolkitTexts.Use(program.options.language); });
 
-  std::unique_ptr<MainWindowView> window;
-  const auto showMainWindow = [&] {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    window = MakeMainWindow(program, new VideoView(player, player));
-    AddDialogs(window->Views(), program);
-    window->ShowStarted(program.LoadMainWindow(screen.width(), screen.height()));
-    // Behind the window's first painting, and whoever has the keyboard.
-    Post([&] {
-      program.OpenOnFirstRun();
-      program.OnFirstActivation();
-    });
-  };
-  std::unique_ptr<StartView> startView;
-  if (program.PlayerMissing()) {
-    startView = std::make_unique<StartView>(program.start);
-    program.start.cmdExit.Clicked.Connect([] { QCoreApplication::exit(0); });
-    program.start.cmdIgnore.Clicked.Connect([&] {
-      showMainWindow();
-      startView->close();
-    });
-    startView->show();
-  } else {
-    showMainWindow();
-  }
-  const int result = QApplication::exec();
-  window.reset();
-  return result;
+  StartingWindows windows(program, system.player);
+  windows.ShowFirst();
+  return QApplication::exec();
 }

@@ -81,6 +81,7 @@ class MainWindow final : public Form {
   Timer tmrShots{*this, "tmrShots", 10};
   Timer tmrRelease{*this, "tmrRelease", 200};
   Timer tmrTimesFromSound{*this, "tmrTimesFromSound", 100};
+  Timer tmrPairs{*this, "tmrPairs", 20};
   Timer tmrStretch{*this, "tmrStretch", 5};
   Timer tmrWaveDetail{*this, "tmrWaveDetail", 10};
 

@@ -30,7 +30,13 @@ bool IsSubtitleName(const Text& name) {
 
 FilmPairing::FilmPairing(Workbench bench, SettingsStore& store, const Files& files, Player& player, Messages& messages)
     : bench_(bench), store_(store), files_(files), player_(player), messages_(messages) {
+  // A film's own time tells of films; without one nothing else goes on.
   bench_.window.tmrTime.Tick.Connect([this] { Follow(); });
+  bench_.window.tmrPairs.Tick.Connect([this] {
+    if (bench_.document.FileInWork) return;
+    bench_.window.tmrPairs.SetEnabled(false);
+    Follow();
+  });
   bench_.window.mnuClearRecent.Clicked.Connect([this] { Keep({}); });
 }
 

@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPalette>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
 #include <iterator>
@@ -23,10 +22,6 @@ namespace {
 
 constexpr int kClassicPadding = 6;
 constexpr int kCalmPadding = 11;
-constexpr int kClassicColumns = 4;
-constexpr int kLeastText = 140;
-/// A narrow list does without these, in this order, so that the text can be read.
-constexpr ListColumn kFirstToGo[] = {ListColumn::Gap, ListColumn::Duration, ListColumn::Speed, ListColumn::End};
 
 /// Keys that go through the rows; the names of how a table's cursor moves are the toolkit's.
 constexpr std::pair<int, bool> kSteps[] = {{Qt::Key_Up, false},      {Qt::Key_Down, true},  {Qt::Key_PageUp, false},
@@ -42,7 +37,8 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
       commands_(commands),
       menu_(menu),
       model_(list, grid, this),
-      delegate_(new CaptionDelegate(list, grid, model_, this)) {
+      delegate_(new CaptionDelegate(list, grid, model_, this)),
+      columns_(*this, grid, model_, *delegate_) {
   setObjectName("grdSubs");
   setAccessibleName("Captions");
   setModel(&model_);
@@ -65,14 +61,7 @@ CaptionTable::CaptionTable(CaptionList& list, CaptionGrid& grid, CaptionCommands
 
 void CaptionTable::WireHeader() {
   QHeaderView& header = *horizontalHeader();
-  header.setMinimumSectionSize(16);
-  header.setHighlightSections(false);
-  header.setSectionsClickable(true);
   header.setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(&header, &QHeaderView::sectionResized, this,
-          [this](int section, int, int width) { TakeColumns(section, width); });
-  connect(&header, &QHeaderView::sectionMoved, this, [this](int, int from, int to) { TakeOrder(from, to); });
-  connect(&header, &QHeaderView::sectionHandleDoubleClicked, this, [this](int section) { GiveWidthBack(section); });
   connect(&header, &QHeaderView::sectionClicked, this, [this] { commands_.OnListUp(0); });
   connect(&header, &QHeaderView::customContextMenuRequested, this, [this](const QPoint& place) {
     if (grid_.Active() && grid_.IsWorkbench()) HeaderMenuAsked(horizontalHeader()->mapToGlobal(place));
@@ -100,6 +89,7 @@ void CaptionTable::ShowMissed() {
 
 void CaptionTable::ShowState() {
   following_ = true;
+  const auto held = columns_.Hold();
   const bool active = grid_.Active();
   if (model_.rowCount() != list_.Count() || horizontalHeader()->count() != model_.columnCount()) {
     model_.ShowAnew();
@@ -107,15 +97,9 @@ void CaptionTable::ShowState() {
   ShowFont();
   const bool workbench = active && grid_.IsWorkbench();
   setSelectionMode(workbench ? ExtendedSelection : SingleSelection);
-  horizontalHeader()->setVisible(active);
-  horizontalHeader()->setSectionsMovable(workbench);
   setShowGrid(active && !workbench);
   setEnabled(grid_.Enabled() || active);
-  if (workbench) {
-    ShowColumns();
-  } else {
-    ShowClassicColumns();
-  }
+  columns_.Show();
   QPalette colors = palette();
   const QColor wanted = QPalette().color(active ? QPalette::Base : QPalette::Button);
   if (colors.color(QPalette::Base) != wanted) {
@@ -140,87 +124,6 @@ void CaptionTable::ShowFont() {
   if (verticalHeader()->defaultSectionSize() == rowHeight) return;
   verticalHeader()->setMinimumSectionSize(rowHeight);
   verticalHeader()->setDefaultSectionSize(rowHeight);
-}
-
-int CaptionTable::WidthOf(const ColumnOrder::Place& column) const {
-  return column.width > 0 ? column.width : delegate_->UsualWidth(column.column, font());
-}
-
-std::vector<ListColumn> CaptionTable::Crowded() const {
-  int left = viewport()->width();
-  for (const ColumnOrder::Place& column : grid_.Columns().All()) {
-    if (column.shown && column.column != ListColumn::Words) left -= WidthOf(column);
-  }
-  std::vector<ListColumn> crowded;
-  for (const ListColumn column : kFirstToGo) {
-    if (left >= kLeastText) break;
-    const ColumnOrder::Place& place = grid_.Columns().Of(column);
-    if (!place.shown) continue;
-    left += WidthOf(place);
-    crowded.push_back(column);
-  }
-  return crowded;
-}
-
-void CaptionTable::ShowColumns() {
-  QHeaderView& header = *horizontalHeader();
-  const std::vector<ListColumn> crowded = Crowded();
-  int place = 0;
-  for (const ColumnOrder::Place& column : grid_.Columns().All()) {
-    const int section = static_cast<int>(column.column);
-    header.moveSection(header.visualIndex(section), place++);
-    header.setSectionHidden(section, !column.shown || std::ranges::count(crowded, column.column) != 0);
-    const bool text = column.column == ListColumn::Words;
-    header.setSectionResizeMode(section, text ? QHeaderView::Stretch : QHeaderView::Interactive);
-    if (!text && !header.isSectionHidden(section)) {
-      setColumnWidth(section, WidthOf(column));
-    }
-  }
-}
-
-void CaptionTable::ShowClassicColumns() {
-  QHeaderView& header = *horizontalHeader();
-  header.setSectionResizeMode(QHeaderView::Interactive);
-  for (int section = 0; section < header.count(); ++section) {
-    header.moveSection(header.visualIndex(section), section);
-    header.setSectionHidden(section, false);
-  }
-  if (!grid_.Active()) return setColumnWidth(0, width() - 4);
-  for (int column = 0; column < kClassicColumns; ++column) {
-    setColumnWidth(column, grid_.ColumnWidths()[static_cast<std::size_t>(column)]);
-  }
-}
-
-void CaptionTable::TakeColumns(int section, int width) {
-  if (following_ || !grid_.Active()) return;
-  if (grid_.IsWorkbench()) {
-    // The text takes what the others leave.
-    const ListColumn column = model_.ColumnOf(section);
-    if (column == ListColumn::Words || width == 0) return;
-    ColumnOrder order = grid_.Columns();
-    order.SetWidth(column, width);
-    ColumnsArranged(order);
-    return;
-  }
-  std::array<int, kClassicColumns> widths = {};
-  for (int column = 0; column < kClassicColumns; ++column) {
-    widths[static_cast<std::size_t>(column)] = columnWidth(column);
-  }
-  ColumnsChosen(&widths);
-}
-
-void CaptionTable::TakeOrder(int from, int to) {
-  if (following_ || !grid_.Active() || !grid_.IsWorkbench()) return;
-  ColumnOrder order = grid_.Columns();
-  order.Move(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
-  ColumnsArranged(order);
-}
-
-void CaptionTable::GiveWidthBack(int section) {
-  if (!grid_.IsWorkbench()) return ColumnsChosen(nullptr);
-  ColumnOrder order = grid_.Columns();
-  order.SetWidth(model_.ColumnOf(section), 0);
-  ColumnsArranged(order);
 }
 
 void CaptionTable::ShowSelection(Row row) {
@@ -264,11 +167,7 @@ void CaptionTable::NoteMetrics() {
 
 void CaptionTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  if (!grid_.Active()) setColumnWidth(0, width() - 4);
-  if (grid_.Active() && grid_.IsWorkbench()) {
-    const QScopedValueRollback following(following_, true);
-    ShowColumns();
-  }
+  columns_.Fit();
   NoteMetrics();
 }
 

@@ -6,6 +6,7 @@
 #include "capture/caption_grid.h"
 #include "core/caption_list.h"
 #include "forms/caption_commands.h"
+#include "ui/caption_columns.h"
 #include "ui/caption_delegate.h"
 #include "ui/caption_model.h"
 
@@ -19,10 +20,7 @@ class CaptionTable final : public QTableView {
   /// Height and row height go to the headless state.
   void NoteMetrics();
 
-  /// The user drew the classic columns to these widths, or asked for the program's own (no widths).
-  Signal<CaptionTable, const std::array<int, 4>*> ColumnsChosen;
-  /// The user has arranged the columns so.
-  Signal<CaptionTable, const ColumnOrder&> ColumnsArranged;
+  CaptionColumns& Columns() { return columns_; }
   /// The menu of the columns is to open here.
   Signal<CaptionTable, const QPoint&> HeaderMenuAsked;
 
@@ -47,15 +45,7 @@ class CaptionTable final : public QTableView {
   void WireHeader();
   void ShowState();
   void ShowFont();
-  void ShowColumns();
-  int WidthOf(const ColumnOrder::Place& column) const;
-  /// The columns that a narrow list has no room for.
-  std::vector<ListColumn> Crowded() const;
-  void ShowClassicColumns();
   void ShowMissed();
-  void TakeColumns(int section, int width);
-  void TakeOrder(int from, int to);
-  void GiveWidthBack(int section);
   /// What a press of the left button selects; the row that the pointer is at, also above and below the list.
   void TakeRow(const QMouseEvent& event);
   Row PointedRow(int y) const;
@@ -76,6 +66,7 @@ class CaptionTable final : public QTableView {
   QMenu& menu_;
   CaptionModel model_;
   CaptionDelegate* delegate_;
+  CaptionColumns columns_;
   bool following_ = false;  // the view follows the list, not the other way
   bool pointing_ = false;   // the selection moves by the pointer
   bool drawing_ = false;    // a stretch of rows is drawn by the pointer

@@ -89,7 +89,7 @@ MainWindowView::MainWindowView(const MainWindowParts& parts, QWidget* video)
 void MainWindowView::BuildParts() {
   status_ = new InformationBar(form_, binder_, area_);
   table_ = new CaptionTable(p_.list, p_.grid, p_.commands, *listMenu_, area_);
-  connections_.push_back(table_->ColumnsChosen.ConnectScoped([this](const std::array<int, 4>* widths) {
+  connections_.push_back(table_->Columns().Chosen.ConnectScoped([this](const std::array<int, 4>* widths) {
     LayoutMemory& memory = p_.shell.Memory();
     if (widths != nullptr) {
       memory.NoteColumns(*widths, p_.shell.Layout().ListWidth());
@@ -99,7 +99,7 @@ void MainWindowView::BuildParts() {
     ApplyLayout();
   }));
   connections_.push_back(
-      table_->ColumnsArranged.ConnectScoped([this](const ColumnOrder& columns) { p_.listView.Arrange(columns); }));
+      table_->Columns().Arranged.ConnectScoped([this](const ColumnOrder& columns) { p_.listView.Arrange(columns); }));
   connections_.push_back(table_->HeaderMenuAsked.ConnectScoped(
       [this](const QPoint& place) { menus_.ActionOf(form_.mnuListColumns).menu()->popup(place); }));
   divider_ = binder_.Bind(form_.imgSize, new LayoutDivider(area_));
@@ -117,10 +117,8 @@ void MainWindowView::BuildParts() {
   statusBar()->setContentsMargins(6, 0, 6, 0);
   statusBar()->addWidget(binder_.Bind(form_.lblStatus, new ElidedLabel(this)), 1);
   connections_.push_back(form_.lblStatus.Changed.ConnectScoped([this] { ShowBars(); }));
-  for (Timer* timer : {&form_.tmrTime, &form_.tmrLimit, &form_.tmrPreview, &form_.tmrWave, &form_.tmrJournal,
-                       &form_.tmrFilmSound, &form_.tmrFit, &form_.tmrShots, &form_.tmrRelease, &form_.tmrTimesFromSound,
-                       &form_.tmrStretch, &form_.tmrWaveDetail}) {
-    binder_.Bind(*timer);
+  for (Control* control : form_.Controls()) {
+    if (auto* timer = dynamic_cast<Timer*>(control)) binder_.Bind(*timer);
   }
 }
 

@@ -1,5 +1,6 @@
 """The evening's scenes with times that come from elsewhere."""
 
+import os
 import random
 
 import desktop
@@ -53,4 +54,18 @@ def captions_of_another_cut_take_their_places_from_a_subtitle_that_fits(s):
     s.close_asking_nothing()
 
 
-TIME_SCENES = [captions_of_another_cut_take_their_places_from_a_subtitle_that_fits]
+def a_subtitle_offers_the_film_of_its_name(s):
+    os.symlink(s.film, s.path("a.mp4"))
+    s.start_with(subrip_of(spoken_times(3)), 3)
+    s.box("The film a.mp4 belongs to this subtitle", "Yes")
+    s.wait_film()
+    s.close_asking_nothing()
+    # They are remembered: the film brings its subtitle.
+    s.start(s.path("a.mp4"))
+    s.wait_film()
+    s.wait_rows(3)
+    s.close_asking_nothing()
+
+
+TIME_SCENES = [a_subtitle_offers_the_film_of_its_name,
+               captions_of_another_cut_take_their_places_from_a_subtitle_that_fits]

@@ -37,7 +37,7 @@ struct TableTest : testing::ProgramFixture {
     table->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(table.get()));
     table->setFocus();
-    connections.push_back(table->ColumnsArranged.ConnectScoped(
+    connections.push_back(table->Columns().Arranged.ConnectScoped(
         [this](const ColumnOrder& columns) { program->listView.Arrange(columns); }));
   }
   ~TableTest() override { table.reset(); }
