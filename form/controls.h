@@ -244,8 +244,10 @@ class Timer final : public Control {
   }
   int Interval() const { return interval_; }
   Signal<Timer> Tick;
-  /// The interval has passed.
-  void Pass() { Tick(); }
+  /// The interval has passed; nothing while the timer is off.
+  void Pass() {
+    if (Enabled()) Tick();
+  }
 
  private:
   int interval_;
