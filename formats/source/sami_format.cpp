@@ -66,8 +66,17 @@ bool NamesOneClass(std::string_view bytes) {
   return count == 1;
 }
 
-/// Nothing is seen: no text, or hard blanks alone.
-bool IsClear(TextView text) { return text.find_first_not_of(u" \t\u00A0") == TextView::npos; }
+/// Nothing is seen: no text, or hard blanks alone, whose names many files write without a semicolon or in capitals.
+bool IsClear(TextView text) {
+  constexpr TextView kName = u"&nbsp";
+  for (;;) {
+    text.remove_prefix(std::min(text.find_first_not_of(u" \t\u00A0"), text.size()));
+    if (text.empty()) return true;
+    if (!EqualLoose(text.substr(0, kName.size()), kName)) return false;
+    text.remove_prefix(kName.size());
+    if (text.starts_with(u';')) text.remove_prefix(1);
+  }
+}
 
 }  // namespace
 

@@ -41,6 +41,15 @@ TEST(SourceMap, GivesAnUneditedFileBackByteForByte) {
   EXPECT_EQ(rig.Save(u"SUBRIP"), kOdd);
 }
 
+TEST(SourceMap, KeepsWhatStandsBehindTheEndOfATextOutOfTheCaptions) {
+  for (const std::string& behind : {std::string("\x1A"), std::string("\r\n\x1A"), std::string("\r\n\0\0\0", 5)}) {
+    FormatRig rig;
+    ASSERT_EQ(rig.Open("a.srt", kOdd + behind), u"SUBRIP");
+    EXPECT_EQ(rig.Rows().back(), (Caption{7000, 8000, u"last"}));
+    EXPECT_EQ(rig.Save(u"SUBRIP"), kOdd + behind);
+  }
+}
+
 TEST(SourceMap, ChangesTheFieldsThatWereEditedAlone) {
   FormatRig rig;
   rig.Open("a.srt", kOdd);
