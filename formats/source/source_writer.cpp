@@ -19,6 +19,12 @@ std::optional<int> NumberIn(std::string_view field) {
   return number;
 }
 
+/// What stands at this place is the first part of a list.
+bool BeginsList(std::string_view bytes, std::size_t at) {
+  const std::size_t before = at == 0 ? std::string_view::npos : bytes.find_last_not_of(" \t\r\n", at - 1);
+  return before != std::string_view::npos && bytes[before] == '[';
+}
+
 /// A file that isn't written yet.
 struct Gathered final : ByteSink {
   void Write(std::string_view more) override { bytes += more; }
@@ -77,7 +83,7 @@ void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_vie
     if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
       if (next_ == 0) KeepUpTo(0, out);
       if (!IsBytes()) out.BeginLine(blankBetween);
-      WriteNew(row, out);
+      WriteNew(row, false, out);
       continue;
     }
     const Stretch whole = pieces[origin - 1].record.whole;
@@ -127,6 +133,7 @@ std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
   if (!map_.Rules().RecordsAreAList()) return whole.at;
   const bool parted = map_.Bytes()[whole.at] == ',';
   const bool first = out.LastSign() == '[';
+  if (!parted && !BeginsList(map_.Bytes(), whole.at)) return whole.at;
   if (!parted && !first) out.Put(u",");
   return parted && first ? whole.at + 1 : whole.at;
 }
@@ -150,7 +157,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   const SourceFormat& rules = map_.Rules();
   if ((start && record.start.Empty()) || (end && record.end.Empty() && !record.endIsReckoned && rules.WritesEnds()) ||
       (text && record.text.at == 0) || ((start || end) && rules.TimesAreLinked())) {
-    return WriteNew(row, out);
+    return WriteNew(row, true, out);
   }
   struct Field {
     Stretch place;
@@ -177,10 +184,12 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   out.PutOld(at, record.whole.End());
 }
 
-void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
+void SourceWriter::WriteNew(Row row, bool own, SourceOutput& out) const {
   std::string_view neighbour = neighbour_;
   if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  const Text record = map_.Rules().Record({captions_.At(row), row.Number(), map_.LineEnd(), neighbour}, Separator());
+  NewRecord anew{captions_.At(row), row.Number(), map_.LineEnd(), neighbour};
+  anew.isOwn = own;
+  const Text record = map_.Rules().Record(anew, Separator());
   const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';
   out.Put(TextView(record).substr(first ? 1 : 0));
 }

@@ -48,7 +48,8 @@ class SourceWriter {
   std::size_t PartRecord(Stretch whole, SourceOutput& out) const;
   void WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const;
-  void WriteNew(Row row, SourceOutput& out) const;
+  /// Writes a record anew that the file hasn't, or, `own`, one that it has.
+  void WriteNew(Row row, bool own, SourceOutput& out) const;
   void WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteRecords(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink);
 

@@ -50,6 +50,19 @@ TEST(SourceMap, KeepsWhatStandsBehindTheEndOfATextOutOfTheCaptions) {
   }
 }
 
+TEST(SourceMap, FindsATranscriptBehindTheWholeOfItsText) {
+  const std::string file = "{\"text\": \"" + std::string(9000, 'x') +
+                           "\", \"segments\": {\"a\": {\"start\": 1.5, \"end\": 2, \"text\": \"one\"},\n"
+                           "\"b\": {\"start\": 3.5, \"end\": 4, \"text\": \"two\"}}}\n";
+  FormatRig rig;
+  ASSERT_EQ(rig.Open("a.json", file), u"TRANSCRIPTJSON");
+  EXPECT_EQ(rig.Rows(), (Rows{{1500, 2000, u"one"}, {3500, 4000, u"two"}}));
+  // Values under names of their own are parted as they were.
+  EXPECT_EQ(rig.Save(u"TRANSCRIPTJSON"), file);
+  rig.captions.SetCaptionText(2, u"three");
+  EXPECT_EQ(rig.Save(u"TRANSCRIPTJSON"), Changed(file, {{"two", "three"}}));
+}
+
 TEST(SourceMap, ChangesTheFieldsThatWereEditedAlone) {
   FormatRig rig;
   rig.Open("a.srt", kOdd);
