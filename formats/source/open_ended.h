@@ -15,6 +15,9 @@ enum class Lasts {
   UntilTheNext,  ///< to the next start; the last one as its length asks for
 };
 
+/// The end of a caption whose file tells none and no next one: as its length asks for.
+Ms LatestEnd(Ms start, TextView text, const std::array<std::int16_t, 3>& durationPerCharacter);
+
 /// Collects captions of which many have a start alone, and hands them on with their ends: that of the file, else the
 /// next start or what their length asks for.
 class OpenEnded {
@@ -39,8 +42,6 @@ class OpenEnded {
     Text text;
     SourceRecord record;
   };
-
-  Ms LatestEnd(const Pending& caption) const;
 
   std::array<std::int16_t, 3> durations_;
   Lasts lasts_;

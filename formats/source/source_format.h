@@ -65,6 +65,7 @@ struct NewRecord {
   TextView lineEnd = u"\r\n";       ///< as the file's lines end
   std::string_view neighbour = {};  ///< bytes of the record in front of it, or behind; empty: the file has none
   bool isOwn = false;               ///< the neighbour is the caption's own record as it was
+  Ms offset = 0;                    ///< `OffsetOf` the neighbour
   int moved = 0;                    ///< by how many places it comes later than it did
 };
 
@@ -90,6 +91,9 @@ class SourceFormat {
 
   /// A time in ms in the form of the field that it replaces (its digits, its signs), to the field's nearest step.
   virtual std::string TimeField(Ms ms, std::string_view old) const = 0;
+  /// By how many ms a record comes later than its fields say, since what is around it begins later; `TimeField`
+  /// doesn't know of it.
+  virtual Ms OffsetOf(const SourceRecord& /*record*/) const { return 0; }
   /// A number in place of another; the default writes it in decimal.
   virtual std::string NumberField(int number, std::string_view old) const;
   /// The text of a caption as it stands in the field.

@@ -76,7 +76,7 @@ void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_vie
   const auto& pieces = map_.Pieces();
   written_.assign(pieces.size(), false);
   next_ = done_ = 0;
-  neighbour_ = {};
+  neighbour_ = nullptr;
   Declare(declared, out);
   for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
     const std::uint32_t origin = captions_.At(row).origin;
@@ -94,7 +94,7 @@ void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_vie
     }
     if (!IsBytes() && !out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
     written_[origin - 1] = true;
-    neighbour_ = whole.In(map_.Bytes());
+    neighbour_ = &pieces[origin - 1].record;
     WriteRecord(row, origin, out);
   }
   KeepUpTo(pieces.size(), out);
@@ -170,8 +170,9 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
     const int moved = *number + row.Number() - static_cast<int>(origin);
     if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
   }
-  if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start, old(record.start)));
-  if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end, old(record.end)));
+  const Ms offset = rules.OffsetOf(record);
+  if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start - offset, old(record.start)));
+  if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end - offset, old(record.end)));
   if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
   std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
   std::size_t at = PartRecord(record.whole, out);
@@ -185,9 +186,13 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
 }
 
 void SourceWriter::WriteNew(Row row, bool own, SourceOutput& out) const {
-  std::string_view neighbour = neighbour_;
-  if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  NewRecord anew{captions_.At(row), row.Number(), map_.LineEnd(), neighbour};
+  const SourceRecord* neighbour = neighbour_;
+  if (neighbour == nullptr && !map_.Pieces().empty()) neighbour = &map_.Pieces()[0].record;
+  NewRecord anew{captions_.At(row), row.Number(), map_.LineEnd()};
+  if (neighbour != nullptr) {
+    anew.neighbour = neighbour->whole.In(map_.Bytes());
+    anew.offset = map_.Rules().OffsetOf(*neighbour);
+  }
   anew.isOwn = own;
   const Text record = map_.Rules().Record(anew, Separator());
   const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';

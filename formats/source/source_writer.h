@@ -57,10 +57,10 @@ class SourceWriter {
   const CaptionList& captions_;
   Row lastRow_;
   SourceTimes times_;
-  std::vector<bool> written_;   // pieces that stand in the new file
-  std::size_t next_ = 0;        // the piece that the old file goes on with
-  std::size_t done_ = 0;        // the byte up to which it was gone through
-  std::string_view neighbour_;  // the record written last that the old file has
+  std::vector<bool> written_;                // pieces that stand in the new file
+  std::size_t next_ = 0;                     // the piece that the old file goes on with
+  std::size_t done_ = 0;                     // the byte up to which it was gone through
+  const SourceRecord* neighbour_ = nullptr;  // the one written last that the old file has
 };
 
 }  // namespace cuewright

@@ -85,14 +85,8 @@ TEST(TranscriptJson, SegmentsOfEveryShapeAreReadAndWritten) {
     EXPECT_EQ(rig.Again(more).back(), (Caption{20000, 21500, u"n"}));
     EXPECT_EQ(rig.Again(rig.Without(1)), (Rows{rig.Rows()[0]}));
     // Its own record written anew keeps what didn't change, and all that stands beside.
-    const auto anew = [&](const Caption& caption) {
-      const Stretch whole = rig.Record(1).whole;
-      NewRecord own{caption, 2, u"\n", rig.In(whole)};
-      own.isOwn = true;
-      return rig.With(whole, ToUtf8(rig.Format().Record(own, u"|")));
-    };
-    EXPECT_EQ(anew(rig.Rows()[1]), shape.file);
-    EXPECT_EQ(rig.Again(anew({17000, 18500, u"c|d"})), (Rows{rig.Rows()[0], {17000, 18500, u"c|d"}}));
+    EXPECT_EQ(rig.WithOwn(1, rig.Rows()[1]), shape.file);
+    EXPECT_EQ(rig.Again(rig.WithOwn(1, {17000, 18500, u"c|d"})), (Rows{rig.Rows()[0], {17000, 18500, u"c|d"}}));
   }
 }
 
