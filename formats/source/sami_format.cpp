@@ -129,13 +129,16 @@ Text SamiFormat::TextField(TextView text, TextView separator, TextView) const {
   return ReplaceAll(EncodeNames(MarkersToTags(text)), separator, u"<br>");
 }
 
-Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
+Text SamiFormat::Sync(Ms ms, TextView text, TextView lineEnd) const {
   const Text name = FromUtf8(class_.empty() ? kDefaultClass : std::string_view(class_));
-  const auto sync = [&](Ms ms, const Text& text) {
-    return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + text + Text(record.lineEnd);
-  };
-  return sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd)) +
-         sync(record.caption.end, u"&nbsp;");
+  return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + Text(text) + Text(lineEnd);
+}
+
+std::optional<Text> SamiFormat::EndBehind(Ms end, TextView lineEnd) const { return Sync(end, u"&nbsp;", lineEnd); }
+
+Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
+  return Sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd), record.lineEnd) +
+         Sync(record.caption.end, u"&nbsp;", record.lineEnd);
 }
 
 }  // namespace cuewright

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -110,6 +111,9 @@ class SourceFormat {
   virtual bool TimesAreLinked() const { return false; }
   /// The file has ends of captions at all; else they are reckoned from the starts.
   virtual bool WritesEnds() const { return true; }
+  /// What stands behind a record to end it at a time where the record itself doesn't tell; nothing: such a record is
+  /// written anew.
+  virtual std::optional<Text> EndBehind(Ms /*end*/, TextView /*lineEnd*/) const { return {}; }
   /// Records are the parts of a list in square brackets; the comma in front of one belongs to it.
   virtual bool RecordsAreAList() const { return false; }
   /// What was edited can be written; else the file is only read.

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "formats/encoding_rules.h"
@@ -23,6 +24,23 @@ std::optional<int> NumberIn(std::string_view field) {
 bool BeginsList(std::string_view bytes, std::size_t at) {
   const std::size_t before = at == 0 ? std::string_view::npos : bytes.find_last_not_of(" \t\r\n", at - 1);
   return before != std::string_view::npos && bytes[before] == '[';
+}
+
+/// A stretch of a file and what is to stand there, if anything else.
+struct Field {
+  Stretch place;
+  std::optional<Text> anew;
+};
+
+/// Writes the file from a place on up to behind the last of the fields that are written anew; that place.
+std::size_t PutFields(std::size_t at, std::span<const Field> fields, SourceOutput& out) {
+  for (const Field& field : fields) {
+    if (!field.anew) continue;
+    out.PutOld(at, field.place.at);
+    out.Replace(field.place, *field.anew);
+    at = field.place.End();
+  }
+  return at;
 }
 
 /// A file that isn't written yet.
@@ -146,6 +164,16 @@ void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out)
   out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
+bool SourceWriter::SetsEnd(Row row, const SourceMap::Piece& piece) const {
+  if (!piece.record.endIsReckoned || !map_.Rules().WritesEnds()) return false;
+  const Caption& caption = captions_.At(row);
+  // One that was moved lasts as long as it did.
+  if (caption.end == piece.times.end) return false;
+  if (Span(caption.start, caption.end) == Span(piece.times.start, piece.times.end)) return false;
+  const bool last = row == lastRow_ || !captions_.InRange(row + 1);
+  return last || captions_.At(row + 1).start != caption.end;
+}
+
 void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
   if (IsBytes()) return WriteBlocks(row, origin, out);
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
@@ -155,14 +183,13 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   const bool end = TimeChanged(piece.times.end, caption.end);
   const bool text = !SourceMap::SameText(piece, caption);
   const SourceFormat& rules = map_.Rules();
-  if ((start && record.start.Empty()) || (end && record.end.Empty() && !record.endIsReckoned && rules.WritesEnds()) ||
-      (text && record.text.at == 0) || ((start || end) && rules.TimesAreLinked())) {
+  const bool setsEnd = SetsEnd(row, piece);
+  const std::optional<Text> behind = setsEnd ? rules.EndBehind(caption.end, map_.LineEnd()) : std::nullopt;
+  const bool wantsEnd = record.endIsReckoned ? setsEnd && !behind : end && record.end.Empty() && rules.WritesEnds();
+  if ((start && record.start.Empty()) || wantsEnd || (text && record.text.at == 0) ||
+      ((start || end) && rules.TimesAreLinked())) {
     return WriteNew(row, true, out);
   }
-  struct Field {
-    Stretch place;
-    std::optional<Text> anew;
-  };
   std::array<Field, 4> fields = {Field{record.number, {}}, Field{record.start, {}}, Field{record.end, {}},
                                  Field{record.text, {}}};
   const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
@@ -175,14 +202,8 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end - offset, old(record.end)));
   if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
   std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
-  std::size_t at = PartRecord(record.whole, out);
-  for (const Field& field : fields) {
-    if (!field.anew) continue;
-    out.PutOld(at, field.place.at);
-    out.Replace(field.place, *field.anew);
-    at = field.place.End();
-  }
-  out.PutOld(at, record.whole.End());
+  out.PutOld(PutFields(PartRecord(record.whole, out), fields, out), record.whole.End());
+  if (behind) out.Put(*behind);
 }
 
 void SourceWriter::WriteNew(Row row, bool own, SourceOutput& out) const {

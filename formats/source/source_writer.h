@@ -38,6 +38,8 @@ class SourceWriter {
  private:
   bool Changed(const SourceMap::Piece& piece, const Caption& caption) const;
   bool TimeChanged(Ms before, Ms now) const { return times_ == SourceTimes::Anew || before != now; }
+  /// The caption got an end of its own where the file has none.
+  bool SetsEnd(Row row, const SourceMap::Piece& piece) const;
   bool IsBytes() const { return map_.Rules().BlockBytes() != 0; }
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.

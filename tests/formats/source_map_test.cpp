@@ -63,6 +63,23 @@ TEST(SourceMap, FindsATranscriptBehindTheWholeOfItsText) {
   EXPECT_EQ(rig.Save(u"TRANSCRIPTJSON"), Changed(file, {{"two", "three"}}));
 }
 
+TEST(SourceMap, WritesAnEndThatTheFileDidNotTell) {
+  const std::string sami =
+      "<SAMI>\n<BODY>\n<SYNC Start=1000><P Class=A>one<P Class=B>un\n<SYNC Start=3000><P Class=A>two<P Class=B>deux\n"
+      "</BODY></SAMI>\n";
+  FormatRig rig;
+  ASSERT_EQ(rig.Open("a.smi", sami, u"A"), u"SAMI");
+  rig.captions.SetCaptionEnd(1, 2500);
+  EXPECT_EQ(rig.Save(u"SAMI"), Changed(sami, {{"un\n", "un\n<SYNC Start=2500><P Class=A>&nbsp;\n"}}));
+  rig.captions.SetCaptionEnd(1, 3000);
+  EXPECT_EQ(rig.Save(u"SAMI"), sami);
+
+  FormatRig frames;
+  ASSERT_EQ(frames.Open("a.mpl", "[10][]one\n[40][60]two\n"), u"MPL2");
+  frames.captions.SetCaptionEnd(1, 2500);
+  EXPECT_EQ(frames.Save(u"MPL2"), "[10][25]one\n[40][60]two\n");
+}
+
 TEST(SourceMap, ChangesTheFieldsThatWereEditedAlone) {
   FormatRig rig;
   rig.Open("a.srt", kOdd);
