@@ -100,7 +100,7 @@ std::vector<Text> SamiClasses(std::string_view bytes) {
 
 void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   class_ = ToUtf8(settings_.captionClass);
-  OpenEnded captions(settings_, Lasts::UntilTheNext);
+  OpenEnded captions(settings_, sink, Lasts::UntilTheNext);
   SamiScanner scanner(text.bytes);
   SamiSync sync;
   while (scanner.Next(sync)) {
@@ -120,7 +120,7 @@ void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& si
       captions.Begin(sync.ms, caption, {sync.whole, {}, sync.start, {}, own->text});
     }
   }
-  captions.Flush(sink);
+  captions.Flush();
 }
 
 std::string SamiFormat::TimeField(Ms ms, std::string_view) const { return std::to_string(std::max<Ms>(ms, 0).Count()); }
