@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "formats/source/sniff.h"
+#include "formats/source/transcript_scanner.h"
 #include "text/text_search.h"
 
 namespace cuewright {
@@ -16,6 +17,9 @@ constexpr std::size_t kLongestHead = 1 << 20;
 constexpr std::size_t kBytesOfRules = 4096;
 
 bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
+
+/// Much may stand in front of a transcript's segments, such as the whole of its text.
+bool HoldsTranscript(std::string_view bytes) { return BeginsAsJson(bytes) && !ScanTranscript(bytes).segments.empty(); }
 
 /// A sample with words is a heading or a keyword, which no other format has; one without is a pattern of times.
 bool HasWords(TextView sample) {
@@ -39,7 +43,8 @@ std::optional<bool> FormatRecogniser::Settle(TextFile* file, CarryOn& errors) {
 }
 
 bool FormatRecogniser::SettleByRules(const TextFile& file, CarryOn& errors) {
-  const std::optional<Text> sure = SniffFormat(file.Decoded(file.Bytes().substr(0, kBytesOfRules)));
+  std::optional<Text> sure = SniffFormat(file.Decoded(file.Bytes().substr(0, kBytesOfRules)));
+  if (!sure && HoldsTranscript(file.Bytes())) sure = u"TRANSCRIPTJSON";
   const int index = sure ? formats_.catalogue.IndexOf(*sure) : -1;
   bool loaded = false;
   if (index > 0) errors([&] { loaded = formats_.loader.LoadFormatDefinition(*sure); });

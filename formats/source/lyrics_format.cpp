@@ -44,7 +44,7 @@ bool LyricsFormat::TakeHeader(std::string_view line) {
 }
 
 void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
-  OpenEnded captions(settings_);
+  OpenEnded captions(settings_, sink);
   SourceLines lines(text.bytes);
   SourceLine line;
   while (lines.Next(line)) {
@@ -75,7 +75,7 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
     }
   }
   writesEnds_ = captions.AnyEnds();
-  captions.Flush(sink);
+  captions.Flush();
 }
 
 std::string LyricsFormat::TimeField(Ms ms, std::string_view old) const {

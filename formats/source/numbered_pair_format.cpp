@@ -86,7 +86,7 @@ bool NumberedPairFormat::TakeRate(Ms start, std::string_view text) {
 void NumberedPairFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   const char open = variant_ == Variant::MicroDvd ? '{' : '[';
   const char close = variant_ == Variant::MicroDvd ? '}' : ']';
-  OpenEnded captions(settings_);
+  OpenEnded captions(settings_, sink);
   SourceLines lines(text.bytes);
   SourceLine line;
   bool first = true;
@@ -110,7 +110,7 @@ void NumberedPairFormat::Read(const SourceText& text, TextView separator, Source
     if (pair->end.size == 0) continue;
     captions.SetEnd(MsOf(pair->end.number), Stretch::Of(line.at + pair->endAt, pair->end.size));
   }
-  captions.Flush(sink);
+  captions.Flush();
 }
 
 /// Marks that style all of the text become the list's.

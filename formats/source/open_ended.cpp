@@ -7,7 +7,23 @@
 
 namespace cuewright {
 
+Ms LatestEnd(Ms start, TextView text, const std::array<std::int16_t, 3>& durationPerCharacter) {
+  const auto length = static_cast<std::int64_t>(std::min(text.size(), std::size_t{1} << 20));
+  const std::int64_t duration = length * durationPerCharacter[LengthClass(static_cast<int>(length))];
+  return Ms::Within(start.Wide() + duration, 0, Ms::Latest());
+}
+
+void OpenEnded::HandOn() {
+  for (Pending& caption : captions_) {
+    stopped_ = stopped_ || !sink_.Add(caption.start, caption.end, std::move(caption.text), caption.record);
+  }
+  captions_.clear();
+}
+
 void OpenEnded::Begin(Ms start, Text text, const SourceRecord& record) {
+  anyOpen_ = anyOpen_ || (!captions_.empty() && captions_.back().record.endIsReckoned);
+  if (!anyOpen_) HandOn();
+  stops_.push_back(start);
   captions_.push_back({start, 0, std::move(text), record});
   captions_.back().record.endIsReckoned = true;
 }
@@ -32,28 +48,18 @@ bool OpenEnded::End(Ms end, Stretch field, std::size_t behind) {
   return true;
 }
 
-Ms OpenEnded::LatestEnd(const Pending& caption) const {
-  const auto length = static_cast<std::int64_t>(std::min(caption.text.size(), std::size_t{1} << 20));
-  const std::int64_t duration = length * durations_[LengthClass(static_cast<int>(length))];
-  return Ms::Within(caption.start.Wide() + duration, 0, Ms::Latest());
-}
-
-void OpenEnded::Flush(SourceSink& sink) {
-  std::vector<Ms> stops = std::move(stops_);
-  stops.reserve(stops.size() + captions_.size());
-  for (const Pending& caption : captions_) stops.push_back(caption.start);
+void OpenEnded::Flush() {
   // Songs name a repeated line once, with all its times.
-  if (!std::is_sorted(stops.begin(), stops.end())) std::sort(stops.begin(), stops.end());
+  if (!std::is_sorted(stops_.begin(), stops_.end())) std::sort(stops_.begin(), stops_.end());
   for (Pending& caption : captions_) {
-    if (caption.record.endIsReckoned) {
-      const auto next = std::upper_bound(stops.begin(), stops.end(), caption.start);
-      caption.end = LatestEnd(caption);
-      if (next != stops.end() && (lasts_ == Lasts::UntilTheNext || *next < caption.end)) caption.end = *next;
-    }
-    if (!sink.Add(caption.start, caption.end, std::move(caption.text), caption.record)) break;
+    if (!caption.record.endIsReckoned) continue;
+    const auto next = std::upper_bound(stops_.begin(), stops_.end(), caption.start);
+    caption.end = LatestEnd(caption.start, caption.text, durations_);
+    if (next != stops_.end() && (lasts_ == Lasts::UntilTheNext || *next < caption.end)) caption.end = *next;
   }
-  captions_.clear();
+  HandOn();
   stops_.clear();
+  anyOpen_ = false;
 }
 
 }  // namespace cuewright

@@ -15,12 +15,16 @@ enum class Lasts {
   UntilTheNext,  ///< to the next start; the last one as its length asks for
 };
 
-/// Collects captions of which many have a start alone, and hands them on with their ends: that of the file, else the
-/// next start or what their length asks for.
+/// The end of a caption whose file tells none and no next one: as its length asks for.
+Ms LatestEnd(Ms start, TextView text, const std::array<std::int16_t, 3>& durationPerCharacter);
+
+/// Takes captions of which many have a start alone, and hands them on in their order with their ends: that of the file,
+/// else the next start or what their length asks for. Those whose end depends on what is still to come wait for
+/// `Flush`, and all behind them.
 class OpenEnded {
  public:
-  explicit OpenEnded(const SourceSettings& settings, Lasts lasts = Lasts::ForItsLength)
-      : durations_(settings.durationPerCharacter), lasts_(lasts) {}
+  OpenEnded(const SourceSettings& settings, SourceSink& sink, Lasts lasts = Lasts::ForItsLength)
+      : durations_(settings.durationPerCharacter), sink_(sink), lasts_(lasts) {}
 
   void Begin(Ms start, Text text, const SourceRecord& record);
   /// The record of the caption that began last names its end, be it what it may.
@@ -30,7 +34,7 @@ class OpenEnded {
   bool End(Ms end, Stretch field, std::size_t behind);
   /// Captions of the file say when they end.
   bool AnyEnds() const { return anyEnds_; }
-  void Flush(SourceSink& sink);
+  void Flush();
 
  private:
   struct Pending {
@@ -40,13 +44,16 @@ class OpenEnded {
     SourceRecord record;
   };
 
-  Ms LatestEnd(const Pending& caption) const;
+  void HandOn();
 
   std::array<std::int16_t, 3> durations_;
+  SourceSink& sink_;
   Lasts lasts_;
-  std::vector<Pending> captions_;
-  std::vector<Ms> stops_;  // ends that belong to no caption in front of them
+  std::vector<Pending> captions_;  // not handed on yet
+  std::vector<Ms> stops_;          // all starts, and ends that belong to no caption in front of them
+  bool anyOpen_ = false;           // one of the captions but the last has no end
   bool anyEnds_ = false;
+  bool stopped_ = false;
 };
 
 }  // namespace cuewright

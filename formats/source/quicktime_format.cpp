@@ -60,7 +60,7 @@ void QuickTimeFormat::TakeHeader(std::string_view line) {
 }
 
 void QuickTimeFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
-  OpenEnded captions(settings_);
+  OpenEnded captions(settings_, sink);
   SourceLines lines(text.bytes);
   SourceLine line;
   while (lines.Next(line)) {
@@ -97,7 +97,7 @@ void QuickTimeFormat::Read(const SourceText& text, TextView separator, SourceSin
     }
   }
   writesEnds_ = captions.AnyEnds();
-  captions.Flush(sink);
+  captions.Flush();
 }
 
 std::string QuickTimeFormat::TimeField(Ms ms, std::string_view old) const {

@@ -66,8 +66,17 @@ bool NamesOneClass(std::string_view bytes) {
   return count == 1;
 }
 
-/// Nothing is seen: no text, or hard blanks alone.
-bool IsClear(TextView text) { return text.find_first_not_of(u" \t\u00A0") == TextView::npos; }
+/// Nothing is seen: no text, or hard blanks alone, whose names many files write without a semicolon or in capitals.
+bool IsClear(TextView text) {
+  constexpr TextView kName = u"&nbsp";
+  for (;;) {
+    text.remove_prefix(std::min(text.find_first_not_of(u" \t\u00A0"), text.size()));
+    if (text.empty()) return true;
+    if (!EqualLoose(text.substr(0, kName.size()), kName)) return false;
+    text.remove_prefix(kName.size());
+    if (text.starts_with(u';')) text.remove_prefix(1);
+  }
+}
 
 }  // namespace
 
@@ -91,7 +100,7 @@ std::vector<Text> SamiClasses(std::string_view bytes) {
 
 void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   class_ = ToUtf8(settings_.captionClass);
-  OpenEnded captions(settings_, Lasts::UntilTheNext);
+  OpenEnded captions(settings_, sink, Lasts::UntilTheNext);
   SamiScanner scanner(text.bytes);
   SamiSync sync;
   while (scanner.Next(sync)) {
@@ -111,7 +120,7 @@ void SamiFormat::Read(const SourceText& text, TextView separator, SourceSink& si
       captions.Begin(sync.ms, caption, {sync.whole, {}, sync.start, {}, own->text});
     }
   }
-  captions.Flush(sink);
+  captions.Flush();
 }
 
 std::string SamiFormat::TimeField(Ms ms, std::string_view) const { return std::to_string(std::max<Ms>(ms, 0).Count()); }
@@ -120,13 +129,16 @@ Text SamiFormat::TextField(TextView text, TextView separator, TextView) const {
   return ReplaceAll(EncodeNames(MarkersToTags(text)), separator, u"<br>");
 }
 
-Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
+Text SamiFormat::Sync(Ms ms, TextView text, TextView lineEnd) const {
   const Text name = FromUtf8(class_.empty() ? kDefaultClass : std::string_view(class_));
-  const auto sync = [&](Ms ms, const Text& text) {
-    return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + text + Text(record.lineEnd);
-  };
-  return sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd)) +
-         sync(record.caption.end, u"&nbsp;");
+  return u"<SYNC Start=" + FromUtf8(TimeField(ms, {})) + u"><P Class=" + name + u">" + Text(text) + Text(lineEnd);
+}
+
+std::optional<Text> SamiFormat::EndBehind(Ms end, TextView lineEnd) const { return Sync(end, u"&nbsp;", lineEnd); }
+
+Text SamiFormat::Record(const NewRecord& record, TextView separator) const {
+  return Sync(record.caption.start, TextField(record.caption.text, separator, record.lineEnd), record.lineEnd) +
+         Sync(record.caption.end, u"&nbsp;", record.lineEnd);
 }
 
 }  // namespace cuewright

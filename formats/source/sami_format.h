@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,8 +25,12 @@ class SamiFormat final : public SourceFormat {
   std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
+  std::optional<Text> EndBehind(Ms end, TextView lineEnd) const override;
 
  private:
+  /// A time and what is shown from it on.
+  Text Sync(Ms ms, TextView text, TextView lineEnd) const;
+
   SourceSettings settings_;
   std::string class_;  ///< that was read; empty: the file has none
 };

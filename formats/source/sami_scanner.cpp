@@ -8,6 +8,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kRemarkEnd = "-->";
 
 // Faster than a search among the four for each byte of a file.
 bool IsBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
@@ -38,14 +39,28 @@ bool SameLetters(std::string_view a, std::string_view b) {
 }
 
 SamiScanner::SamiScanner(std::string_view bytes) : bytes_(bytes), bodyEnd_(bytes.size()), next_(0) {
+  const std::size_t closing = bytes.rfind(kRemarkEnd);
+  lastClosing_ = closing == std::string_view::npos ? 0 : closing;
   bodyEnd_ = FindTag("/body", 0, bytes.size());
   if (bodyEnd_ == bytes.size()) bodyEnd_ = FindTag("/sami", 0, bytes.size());
   next_ = FindTag("sync", 0, bodyEnd_);
 }
 
+/// Behind the remark that begins here; the place itself where none does, or where it isn't closed: programs forget
+/// that.
+std::size_t SamiScanner::BehindRemark(std::size_t at) const {
+  constexpr std::string_view kOpening = "<!--";
+  if (bytes_.substr(at, kOpening.size()) != kOpening || at + kOpening.size() > lastClosing_) return at;
+  return bytes_.find(kRemarkEnd, at + kOpening.size()) + kRemarkEnd.size();
+}
+
 /// Where the next tag of a name begins, or `to`.
 std::size_t SamiScanner::FindTag(std::string_view name, std::size_t from, std::size_t to) const {
   for (std::size_t at = bytes_.find('<', from); at < to; at = bytes_.find('<', at + 1)) {
+    if (const std::size_t behind = BehindRemark(at); behind != at) {
+      at = behind - 1;
+      continue;
+    }
     if (!SameLetters(bytes_.substr(at + 1, name.size()), name)) continue;
     const std::size_t behind = at + 1 + name.size();
     if (behind < bytes_.size() && (bytes_[behind] == '>' || IsBlankByte(bytes_[behind]))) {

@@ -34,6 +34,7 @@ class SamiScanner {
   [[nodiscard]] bool Next(SamiSync& sync);
 
  private:
+  std::size_t BehindRemark(std::size_t at) const;
   std::size_t FindTag(std::string_view name, std::size_t from, std::size_t to) const;
   std::size_t TagEnd(std::size_t at) const;
   void ReadParagraphs(std::size_t from, std::size_t to, SamiSync& sync) const;
@@ -41,6 +42,7 @@ class SamiScanner {
   std::string_view bytes_;
   std::size_t bodyEnd_;
   std::size_t next_;
+  std::size_t lastClosing_ = 0;  // where the last remark ends
 };
 
 }  // namespace cuewright

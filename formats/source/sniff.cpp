@@ -8,6 +8,7 @@
 #include "formats/source/clock_field.h"
 #include "formats/source/ebu_format.h"
 #include "formats/source/source_lines.h"
+#include "formats/source/subrip_format.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -127,13 +128,17 @@ Found ClockPair(std::string_view line) {
   const std::size_t dot = time.find('.');
   if (dot == std::string_view::npos || std::count(time.begin(), time.end(), ':') != 2) return {};
   const std::size_t digits = time.size() - dot - 1;
-  if (digits == 3 && time.find(':') == 1) return u"YOUTUBESBV";
+  if (digits == 3) return u"YOUTUBESBV";
   if (digits == 2) return u"SUBVIEWER2";
   return {};
 }
 
 Found Blocks(const Head& head) {
-  if (head.Line(0) != "[information]") return ClockPair(head.Line(0));
+  if (head.Line(0) != "[information]") {
+    const Found found = ClockPair(head.Line(0));
+    // Three digits are written by some programs for the other format, too, whose line ends tell it.
+    return found == u"YOUTUBESBV" && head.Bytes().find("[br]") != std::string_view::npos ? Found(u"SUBVIEWER2") : found;
+  }
   for (const std::string_view line : head.Lines()) {
     if (const Found found = ClockPair(line)) return found;
   }
@@ -143,12 +148,8 @@ Found Blocks(const Head& head) {
 /// A number, and below it two times with an arrow between.
 Found SubRip(const Head& head) {
   const std::string_view number = head.Line(0);
-  const std::string_view line = head.Line(1);
   if (number.empty() || !std::all_of(number.begin(), number.end(), IsDigit<char>)) return {};
-  const auto start = ReadClock(line);
-  if (!start || std::count(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(start->size), ':') != 2) return {};
-  const std::size_t arrow = line.find_first_not_of(" \t", start->size);
-  if (arrow == std::string_view::npos || !line.substr(arrow).starts_with("-->")) return {};
+  if (!IsSubRipTimes(head.Line(1))) return {};
   return u"SUBRIP";
 }
 
@@ -186,10 +187,11 @@ Found TmPlayer(const Head& head) {
   const std::string_view second = BehindSeconds(head.Line(1));
   if (first.size() > 2 && first[0] == ',' && IsDigit(first[1]) && first[2] == '=') return u"TMPLAYER";
   if (first.starts_with('=') && second.starts_with('=')) return u"TMPLAYERPLUS";
-  const auto colon = [](std::string_view behind) {
-    return behind.size() > 1 && behind[0] == ':' && !IsDigit(behind[1]);
-  };
-  if (colon(first) && (colon(second) || second == ":")) return u"TMPLAYERCOLON";
+  if (first.size() < 2 || first[0] != ':' || !second.starts_with(':')) return {};
+  // Two digits may be frames, unless a line has something else in their place.
+  for (const std::string_view behind : {first, second}) {
+    if (behind.size() > 1 && !IsDigit(behind[1])) return u"TMPLAYERCOLON";
+  }
   return {};
 }
 

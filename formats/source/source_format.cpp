@@ -54,7 +54,7 @@ constexpr Maker kMakers[] = {
     {u"TMPLAYERPLUS", With<TmPlayerFormat, TmPlayerFormat::Dialect::Equals>},
     {u"TMPLAYERCOLON", With<TmPlayerFormat, TmPlayerFormat::Dialect::Colon>},
     {u"TRANSCRIPTJSON", Plain<TranscriptFormat>},
-    {u"TTML", Plain<TtmlFormat>},
+    {u"TTML", With<TtmlFormat>},
     {u"WEBVTT", Plain<WebVttFormat>},
     {u"WEBVTT_RSS", Plain<WebVttFormat>},
 };

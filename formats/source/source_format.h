@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,6 +66,7 @@ struct NewRecord {
   TextView lineEnd = u"\r\n";       ///< as the file's lines end
   std::string_view neighbour = {};  ///< bytes of the record in front of it, or behind; empty: the file has none
   bool isOwn = false;               ///< the neighbour is the caption's own record as it was
+  Ms offset = 0;                    ///< `OffsetOf` the neighbour
   int moved = 0;                    ///< by how many places it comes later than it did
 };
 
@@ -90,6 +92,9 @@ class SourceFormat {
 
   /// A time in ms in the form of the field that it replaces (its digits, its signs), to the field's nearest step.
   virtual std::string TimeField(Ms ms, std::string_view old) const = 0;
+  /// By how many ms a record comes later than its fields say, since what is around it begins later; `TimeField`
+  /// doesn't know of it.
+  virtual Ms OffsetOf(const SourceRecord& /*record*/) const { return 0; }
   /// A number in place of another; the default writes it in decimal.
   virtual std::string NumberField(int number, std::string_view old) const;
   /// The text of a caption as it stands in the field.
@@ -106,6 +111,9 @@ class SourceFormat {
   virtual bool TimesAreLinked() const { return false; }
   /// The file has ends of captions at all; else they are reckoned from the starts.
   virtual bool WritesEnds() const { return true; }
+  /// What stands behind a record to end it at a time where the record itself doesn't tell; nothing: such a record is
+  /// written anew.
+  virtual std::optional<Text> EndBehind(Ms /*end*/, TextView /*lineEnd*/) const { return {}; }
   /// Records are the parts of a list in square brackets; the comma in front of one belongs to it.
   virtual bool RecordsAreAList() const { return false; }
   /// What was edited can be written; else the file is only read.

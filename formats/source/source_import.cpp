@@ -53,13 +53,21 @@ class MapSink final : public SourceSink {
   std::size_t gathered_ = 0;
 };
 
+/// The bytes of a text but for what old programs and broken disks leave behind its end, which stays in the file.
+std::string_view WithoutEndMark(const SourceMap& map) {
+  constexpr std::string_view kMarks("\x1A\0", 2);
+  const std::string_view bytes = map.Bytes();
+  if (map.Rules().BlockBytes() != 0) return bytes;
+  return bytes.substr(0, bytes.find_last_not_of(kMarks) + 1);
+}
+
 }  // namespace
 
 std::vector<Caption> SourceImport::Read(SourceMap& map, TextView separator, CarryOn& errors) {
   MapSink sink(map, talk_, cancelled_);
   const std::size_t guess = map.Bytes().size() / 32 + 16;
   sink.rows.reserve(std::min<std::size_t>(guess, kMostCaptionsOfLoad + kCaptionsBetweenPauses + 2));
-  const SourceText text{map.Bytes(), map.File()};
+  const SourceText text{WithoutEndMark(map), map.File()};
   errors([&] { map.Rules().Read(text, separator, sink); });
   troubleLine_ = sink.stoppedAt ? map.LineOf(*sink.stoppedAt) : 0;
   if (sink.full) errors.Note({kErrorOutOfMemory, u"Out of memory"});

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "formats/encoding_rules.h"
@@ -17,6 +18,29 @@ std::optional<int> NumberIn(std::string_view field) {
   const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), number);
   if (error != std::errc() || end != field.data() + field.size()) return {};
   return number;
+}
+
+/// What stands at this place is the first part of a list.
+bool BeginsList(std::string_view bytes, std::size_t at) {
+  const std::size_t before = at == 0 ? std::string_view::npos : bytes.find_last_not_of(" \t\r\n", at - 1);
+  return before != std::string_view::npos && bytes[before] == '[';
+}
+
+/// A stretch of a file and what is to stand there, if anything else.
+struct Field {
+  Stretch place;
+  std::optional<Text> anew;
+};
+
+/// Writes the file from a place on up to behind the last of the fields that are written anew; that place.
+std::size_t PutFields(std::size_t at, std::span<const Field> fields, SourceOutput& out) {
+  for (const Field& field : fields) {
+    if (!field.anew) continue;
+    out.PutOld(at, field.place.at);
+    out.Replace(field.place, *field.anew);
+    at = field.place.End();
+  }
+  return at;
 }
 
 /// A file that isn't written yet.
@@ -70,14 +94,14 @@ void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_vie
   const auto& pieces = map_.Pieces();
   written_.assign(pieces.size(), false);
   next_ = done_ = 0;
-  neighbour_ = {};
+  neighbour_ = nullptr;
   Declare(declared, out);
   for (Row row = 1; row <= lastRow_ && captions_.InRange(row); ++row) {
     const std::uint32_t origin = captions_.At(row).origin;
     if (origin == 0 || origin > pieces.size() || written_[origin - 1]) {
       if (next_ == 0) KeepUpTo(0, out);
       if (!IsBytes()) out.BeginLine(blankBetween);
-      WriteNew(row, out);
+      WriteNew(row, false, out);
       continue;
     }
     const Stretch whole = pieces[origin - 1].record.whole;
@@ -88,7 +112,7 @@ void SourceWriter::WriteRecords(const Codec& codec, bool turned, std::string_vie
     }
     if (!IsBytes() && !out.GoesOnAt(whole.at)) out.BeginLine(blankBetween);
     written_[origin - 1] = true;
-    neighbour_ = whole.In(map_.Bytes());
+    neighbour_ = &pieces[origin - 1].record;
     WriteRecord(row, origin, out);
   }
   KeepUpTo(pieces.size(), out);
@@ -127,6 +151,7 @@ std::size_t SourceWriter::PartRecord(Stretch whole, SourceOutput& out) const {
   if (!map_.Rules().RecordsAreAList()) return whole.at;
   const bool parted = map_.Bytes()[whole.at] == ',';
   const bool first = out.LastSign() == '[';
+  if (!parted && !BeginsList(map_.Bytes(), whole.at)) return whole.at;
   if (!parted && !first) out.Put(u",");
   return parted && first ? whole.at + 1 : whole.at;
 }
@@ -139,6 +164,16 @@ void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out)
   out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
+bool SourceWriter::SetsEnd(Row row, const SourceMap::Piece& piece) const {
+  if (!piece.record.endIsReckoned || !map_.Rules().WritesEnds()) return false;
+  const Caption& caption = captions_.At(row);
+  // One that was moved lasts as long as it did.
+  if (caption.end == piece.times.end) return false;
+  if (Span(caption.start, caption.end) == Span(piece.times.start, piece.times.end)) return false;
+  const bool last = row == lastRow_ || !captions_.InRange(row + 1);
+  return last || captions_.At(row + 1).start != caption.end;
+}
+
 void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const {
   if (IsBytes()) return WriteBlocks(row, origin, out);
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
@@ -148,14 +183,13 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
   const bool end = TimeChanged(piece.times.end, caption.end);
   const bool text = !SourceMap::SameText(piece, caption);
   const SourceFormat& rules = map_.Rules();
-  if ((start && record.start.Empty()) || (end && record.end.Empty() && !record.endIsReckoned && rules.WritesEnds()) ||
-      (text && record.text.at == 0) || ((start || end) && rules.TimesAreLinked())) {
-    return WriteNew(row, out);
+  const bool setsEnd = SetsEnd(row, piece);
+  const std::optional<Text> behind = setsEnd ? rules.EndBehind(caption.end, map_.LineEnd()) : std::nullopt;
+  const bool wantsEnd = record.endIsReckoned ? setsEnd && !behind : end && record.end.Empty() && rules.WritesEnds();
+  if ((start && record.start.Empty()) || wantsEnd || (text && record.text.at == 0) ||
+      ((start || end) && rules.TimesAreLinked())) {
+    return WriteNew(row, true, out);
   }
-  struct Field {
-    Stretch place;
-    std::optional<Text> anew;
-  };
   std::array<Field, 4> fields = {Field{record.number, {}}, Field{record.start, {}}, Field{record.end, {}},
                                  Field{record.text, {}}};
   const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
@@ -163,24 +197,25 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
     const int moved = *number + row.Number() - static_cast<int>(origin);
     if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
   }
-  if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start, old(record.start)));
-  if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end, old(record.end)));
+  const Ms offset = rules.OffsetOf(record);
+  if (start) fields[1].anew = FromUtf8(rules.TimeField(caption.start - offset, old(record.start)));
+  if (end && !record.end.Empty()) fields[2].anew = FromUtf8(rules.TimeField(caption.end - offset, old(record.end)));
   if (text) fields[3].anew = rules.TextField(caption.text, Separator(), map_.LineEnd());
   std::ranges::sort(fields, {}, [](const Field& field) { return field.place.at; });
-  std::size_t at = PartRecord(record.whole, out);
-  for (const Field& field : fields) {
-    if (!field.anew) continue;
-    out.PutOld(at, field.place.at);
-    out.Replace(field.place, *field.anew);
-    at = field.place.End();
-  }
-  out.PutOld(at, record.whole.End());
+  out.PutOld(PutFields(PartRecord(record.whole, out), fields, out), record.whole.End());
+  if (behind) out.Put(*behind);
 }
 
-void SourceWriter::WriteNew(Row row, SourceOutput& out) const {
-  std::string_view neighbour = neighbour_;
-  if (neighbour.empty() && !map_.Pieces().empty()) neighbour = map_.Pieces()[0].record.whole.In(map_.Bytes());
-  const Text record = map_.Rules().Record({captions_.At(row), row.Number(), map_.LineEnd(), neighbour}, Separator());
+void SourceWriter::WriteNew(Row row, bool own, SourceOutput& out) const {
+  const SourceRecord* neighbour = neighbour_;
+  if (neighbour == nullptr && !map_.Pieces().empty()) neighbour = &map_.Pieces()[0].record;
+  NewRecord anew{captions_.At(row), row.Number(), map_.LineEnd()};
+  if (neighbour != nullptr) {
+    anew.neighbour = neighbour->whole.In(map_.Bytes());
+    anew.offset = map_.Rules().OffsetOf(*neighbour);
+  }
+  anew.isOwn = own;
+  const Text record = map_.Rules().Record(anew, Separator());
   const bool first = map_.Rules().RecordsAreAList() && out.LastSign() == '[';
   out.Put(TextView(record).substr(first ? 1 : 0));
 }

@@ -38,6 +38,8 @@ class SourceWriter {
  private:
   bool Changed(const SourceMap::Piece& piece, const Caption& caption) const;
   bool TimeChanged(Ms before, Ms now) const { return times_ == SourceTimes::Anew || before != now; }
+  /// The caption got an end of its own where the file has none.
+  bool SetsEnd(Row row, const SourceMap::Piece& piece) const;
   bool IsBytes() const { return map_.Rules().BlockBytes() != 0; }
   TextView Separator() const { return captions_.Options().lineSeparator; }
   /// Goes through the old file up to a piece, or to its end.
@@ -48,7 +50,8 @@ class SourceWriter {
   std::size_t PartRecord(Stretch whole, SourceOutput& out) const;
   void WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteChanged(Row row, std::uint32_t origin, SourceOutput& out) const;
-  void WriteNew(Row row, SourceOutput& out) const;
+  /// Writes a record anew that the file hasn't, or, `own`, one that it has.
+  void WriteNew(Row row, bool own, SourceOutput& out) const;
   void WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out) const;
   void WriteRecords(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink);
 
@@ -56,10 +59,10 @@ class SourceWriter {
   const CaptionList& captions_;
   Row lastRow_;
   SourceTimes times_;
-  std::vector<bool> written_;   // pieces that stand in the new file
-  std::size_t next_ = 0;        // the piece that the old file goes on with
-  std::size_t done_ = 0;        // the byte up to which it was gone through
-  std::string_view neighbour_;  // the record written last that the old file has
+  std::vector<bool> written_;                // pieces that stand in the new file
+  std::size_t next_ = 0;                     // the piece that the old file goes on with
+  std::size_t done_ = 0;                     // the byte up to which it was gone through
+  const SourceRecord* neighbour_ = nullptr;  // the one written last that the old file has
 };
 
 }  // namespace cuewright

@@ -7,13 +7,22 @@
 #include "formats/source/clock_field.h"
 #include "formats/source/field_lines.h"
 #include "formats/source/whole_styles.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {
 
 constexpr std::string_view kArrow = "-->";
+constexpr std::string_view kShortArrow = "->";
+/// What a mark of UTF-8 is in the middle of a file that was put together from several.
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 bool IsBlankByte(char c) { return c == ' ' || c == '\t'; }
+
+std::size_t SkipBlanks(std::string_view bytes, std::size_t at) {
+  while (at < bytes.size() && IsBlankByte(bytes[at])) ++at;
+  return at;
+}
 
 bool IsBlankLine(std::string_view line) { return std::ranges::all_of(line, IsBlankByte); }
 
@@ -21,6 +30,7 @@ bool IsBlankLine(std::string_view line) { return std::ranges::all_of(line, IsBla
 Stretch NumberIn(const SourceLine& line) {
   std::size_t from = 0;
   std::size_t to = line.text.size();
+  if (line.text.starts_with(kMark)) from = kMark.size();
   while (from < to && IsBlankByte(line.text[from])) ++from;
   while (to > from && IsBlankByte(line.text[to - 1])) --to;
   const std::string_view number = line.text.substr(from, to - from);
@@ -42,21 +52,56 @@ struct Timing {
 /// What a line with the arrow is.
 enum class ArrowLine { None, Timing, Broken };
 
+/// A time with blanks beside its signs, without hours, or with a colon in front of the three digits of its fraction.
+std::optional<ClockField> ReadLooseClock(std::string_view bytes) {
+  constexpr std::size_t kMostDigits = 9;
+  std::string usual;
+  char sign = 0;
+  int colons = 0;
+  std::size_t digits = 0;
+  std::size_t end = 0;
+  for (std::size_t at = 0;;) {
+    end = at;
+    while (end < bytes.size() && IsDigit(bytes[end])) ++end;
+    digits = end - at;
+    if (digits == 0 || digits > kMostDigits) return {};
+    usual += bytes.substr(at, digits);
+    at = SkipBlanks(bytes, end);
+    if (at == bytes.size() || (bytes[at] != ':' && bytes[at] != ',' && bytes[at] != '.')) break;
+    if (sign != 0) return {};
+    if (bytes[at] != ':' || colons == 2) sign = bytes[at];
+    if (sign == 0) ++colons;
+    usual += sign == 0 ? ':' : ',';
+    at = SkipBlanks(bytes, at + 1);
+  }
+  if (sign == 0 || colons == 0 || (sign == ':' && digits != 3)) return {};
+  const std::optional<ClockField> time = ReadFullClock(colons == 1 ? "0:" + usual : usual);
+  if (!time) return {};
+  return ClockField{time->ms, end};
+}
+
+/// The time with which the bytes begin; none when it goes on as no time does.
+std::optional<ClockField> ReadTime(std::string_view bytes) {
+  const std::optional<ClockField> time = ReadFullClock(bytes);
+  if (!time) return ReadLooseClock(bytes);
+  const std::size_t next = SkipBlanks(bytes, time->size);
+  const bool goesOn = next < bytes.size() && (bytes[next] == ':' || bytes[next] == ',' || bytes[next] == '.');
+  return goesOn ? ReadLooseClock(bytes) : time;
+}
+
 ArrowLine ReadTiming(const SourceLine& line, Timing& timing) {
-  const std::size_t arrow = line.text.find(kArrow);
+  const std::size_t longArrow = line.text.find(kArrow);
+  const std::size_t arrow = longArrow != std::string_view::npos ? longArrow : line.text.find(kShortArrow);
   if (arrow == std::string_view::npos) return ArrowLine::None;
-  std::size_t at = 0;
-  while (at < arrow && IsBlankByte(line.text[at])) ++at;
-  const std::optional<ClockField> start = ReadFullClock(line.text.substr(at));
-  std::size_t behind = at + (start ? start->size : 0);
+  std::size_t at = SkipBlanks(line.text, 0);
+  const std::optional<ClockField> start = ReadTime(line.text.substr(0, arrow).substr(std::min(at, arrow)));
+  const std::size_t behind = SkipBlanks(line.text, at + (start ? start->size : 0));
   timing.startField = MakeStretch(line.at + at, start ? start->size : 0);
-  while (behind < arrow && IsBlankByte(line.text[behind])) ++behind;
-  at = arrow + kArrow.size();
-  while (at < line.text.size() && IsBlankByte(line.text[at])) ++at;
-  const std::optional<ClockField> end = ReadFullClock(line.text.substr(at));
+  at = SkipBlanks(line.text, arrow + (longArrow != std::string_view::npos ? kArrow : kShortArrow).size());
+  const std::optional<ClockField> end = ReadTime(line.text.substr(at));
   if (!start || !end || behind != arrow) {
     // A line that speaks of an arrow is text; one that begins or goes on as a time does was meant as one.
-    return start || end ? ArrowLine::Broken : ArrowLine::None;
+    return longArrow != std::string_view::npos && (start || end) ? ArrowLine::Broken : ArrowLine::None;
   }
   timing.endField = MakeStretch(line.at + at, end->size);
   timing.start = start->ms;
@@ -156,11 +201,18 @@ class SubRipReading {
 
 }  // namespace
 
+bool IsSubRipTimes(std::string_view line) {
+  Timing timing;
+  return ReadTiming({0, line, line.size()}, timing) == ArrowLine::Timing;
+}
+
 void SubRipFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   SubRipReading(text, separator, sink).Read();
 }
 
 std::string SubRipFormat::TimeField(Ms ms, std::string_view old) const {
+  const std::optional<ClockField> usual = ReadClock(old);
+  if (!usual || usual->size != old.size()) return ClockLike(ms, "00:00:00,000");
   // A short fraction is lengthened rather than the time rounded: any number of digits may stand there.
   const std::size_t sign = old.find_first_of(",.");
   const std::string whole = ClockLike(ms, std::string(old.substr(0, sign)) + ",000");

@@ -97,11 +97,9 @@ std::optional<Event> EventIn(std::string_view line, const EventColumns& columns)
   if (!whole) return {};
   const auto start = ReadClock(event.start.In(line));
   const auto end = ReadClock(event.end.In(line));
-  if (!start || !end) return {};
+  if (!start || !end || start->size != event.start.size || end->size != event.end.size) return {};
   event.startTime = *start;
   event.endTime = *end;
-  event.start = Stretch::Of(event.start.at, start->size);
-  event.end = Stretch::Of(event.end.at, end->size);
   return event;
 }
 

@@ -48,10 +48,10 @@ std::optional<Stamp> RowStampIn(std::string_view line) {
 
 class Reader {
  public:
-  Reader(const SourceText& text, TextView separator, const SourceSettings& settings)
-      : text_(text), separator_(separator), captions_(settings), lines_(text.bytes) {}
+  Reader(const SourceText& text, TextView separator, const SourceSettings& settings, SourceSink& sink)
+      : text_(text), separator_(separator), sink_(sink), captions_(settings, sink), lines_(text.bytes) {}
 
-  void Read(SourceSink& sink) {
+  void Read() {
     SourceLine line;
     while (lines_.Next(line)) {
       if (const auto row = RowStampIn(line.text)) {
@@ -59,10 +59,10 @@ class Reader {
       } else if (const auto stamp = StampIn(line.text)) {
         TakeLine(line, *stamp);
       } else if (line.text.find_first_not_of(" \t") != std::string_view::npos) {
-        sink.NotUnderstood(line.at);
+        sink_.NotUnderstood(line.at);
       }
     }
-    captions_.Flush(sink);
+    captions_.Flush();
   }
 
   bool AnyEnds() const { return captions_.AnyEnds(); }
@@ -112,6 +112,7 @@ class Reader {
 
   const SourceText& text_;
   TextView separator_;
+  SourceSink& sink_;
   OpenEnded captions_;
   SourceLines lines_;
   std::optional<Dialect> found_;
@@ -121,8 +122,8 @@ class Reader {
 }  // namespace
 
 void TmPlayerFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
-  Reader reader(text, separator, settings_);
-  reader.Read(sink);
+  Reader reader(text, separator, settings_, sink);
+  reader.Read();
   if (!reader.Found()) return;
   dialect_ = *reader.Found();
   rows_ = reader.Rows();

@@ -8,19 +8,21 @@
 
 namespace cuewright {
 
-/// Segments with "start", "end" and "text" as transcribers write them in JSON, of any shape around them. Times are
-/// seconds, or milliseconds in files that have whole numbers alone.
+/// Segments as transcribers write them in JSON, of any shape around them: "start" and "end" or "duration" under their
+/// several names, pairs under "timestamp" or "offsets", events with pieces of text. Times are seconds, clock times, or
+/// milliseconds in files that have whole numbers alone.
 class TranscriptFormat final : public SourceFormat {
  public:
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;
   std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
-  bool RecordsAreAList() const override { return true; }
+  bool RecordsAreAList() const override { return !lines_; }
   FileFrame FrameOfNewFile() const override { return {u"{\"segments\": [", u"\r\n]}\r\n"}; }
 
  private:
   bool milliseconds_ = false;
+  bool lines_ = false;
 };
 
 }  // namespace cuewright

@@ -1,184 +1,20 @@
 #include "formats/source/ttml_format.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <pugixml.hpp>
 #include <utility>
 
 #include "formats/source/clock_field.h"
 #include "formats/source/ttml_layout.h"
+#include "formats/source/ttml_places.h"
 #include "text/utf8.h"
 
 namespace cuewright {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-/// Elements within elements that are followed.
-constexpr int kDeepest = 100;
-
 std::string_view LocalName(std::string_view name) { return TtmlLayout::LocalName(name); }
-
-/// A tag of a file whose start, up to the name, is known: its attributes with their places.
-class TagPlaces {
- public:
-  TagPlaces(std::string_view bytes, std::size_t nameAt) : bytes_(bytes), at_(nameAt) {
-    at_ = std::min(bytes.find_first_of(" \t\r\n/>", at_), bytes.size());
-  }
-
-  /// The next attribute's name and the place of its value; false at the end of the tag, which `End` then tells.
-  [[nodiscard]] bool Next(std::string_view& name, Stretch& value) {
-    at_ = std::min(bytes_.find_first_not_of(kBlanks, at_), bytes_.size());
-    if (at_ >= bytes_.size() || bytes_[at_] == '/' || bytes_[at_] == '>') {
-      closed_ = at_ < bytes_.size() && bytes_[at_] == '/';
-      at_ = std::min(bytes_.find('>', at_), bytes_.size() - 1) + 1;
-      return false;
-    }
-    const std::size_t equals = std::min(bytes_.find('=', at_), bytes_.size());
-    const std::size_t quote = std::min(bytes_.find_first_of("\"'", equals), bytes_.size() - 1);
-    const std::size_t end = std::min(bytes_.find(bytes_[quote], quote + 1), bytes_.size());
-    name = bytes_.substr(at_, std::min(bytes_.find_first_of(" \t\r\n=", at_), equals) - at_);
-    value = Stretch::Between(std::min(quote + 1, end), end);
-    at_ = std::min(end + 1, bytes_.size());
-    return true;
-  }
-
-  /// Behind the tag.
-  std::size_t End() const { return at_; }
-  /// "<p/>": there is nothing in the element.
-  bool Closed() const { return closed_; }
-
- private:
-  std::string_view bytes_;
-  std::size_t at_;
-  bool closed_ = false;
-};
-
-/// Where a paragraph and its parts stand.
-struct Paragraph {
-  Stretch begin;
-  Stretch end;
-  Stretch duration;
-  Stretch inner;
-  std::size_t behind = 0;
-};
-
-/// Where the closing tag of a paragraph begins. Paragraphs stand in no other; what looks like a tag in a remark or in
-/// verbatim text is none.
-std::size_t ClosingTag(std::string_view bytes, std::size_t at, std::string_view name) {
-  for (at = bytes.find('<', at); at != std::string_view::npos; at = bytes.find('<', at + 1)) {
-    const std::string_view rest = bytes.substr(at);
-    if (rest.starts_with("<!--")) {
-      at = bytes.find("-->", at + 4);
-    } else if (rest.starts_with("<![CDATA[")) {
-      at = bytes.find("]]>", at + 9);
-    } else if (rest.starts_with("</") && rest.substr(2, name.size()) == name) {
-      return at;
-    }
-    if (at == std::string_view::npos) break;
-  }
-  return bytes.size();
-}
-
-Paragraph PlacesOf(std::string_view bytes, std::size_t nameAt, std::string_view fullName) {
-  Paragraph places;
-  TagPlaces tag(bytes, nameAt);
-  std::string_view name;
-  Stretch value;
-  while (tag.Next(name, value)) {
-    if (name == "begin") places.begin = value;
-    if (name == "end") places.end = value;
-    if (name == "dur") places.duration = value;
-  }
-  places.behind = tag.End();
-  places.inner = Stretch::Of(tag.End(), 0);
-  if (tag.Closed()) return places;
-  const std::size_t closing = ClosingTag(bytes, tag.End(), fullName);
-  places.inner = Stretch::Between(tag.End(), closing);
-  places.behind = std::min(bytes.find('>', closing), bytes.size() - 1) + 1;
-  return places;
-}
-
-/// The element with the indentation in front of it and the line end behind it, where it has lines of its own.
-Stretch WithItsLine(std::string_view bytes, std::size_t open, std::size_t behind) {
-  std::size_t at = open;
-  while (at > 0 && (bytes[at - 1] == ' ' || bytes[at - 1] == '\t')) --at;
-  if (at > 0 && bytes[at - 1] != '\n' && bytes[at - 1] != '\r') at = open;
-  std::size_t end = std::min(bytes.find_first_not_of(" \t", behind), bytes.size());
-  if (end < bytes.size() && bytes[end] != '\n' && bytes[end] != '\r') return Stretch::Between(at, behind);
-  if (bytes.substr(end, 2) == "\r\n") ++end;
-  return Stretch::Between(at, std::min(end + 1, bytes.size()));
-}
-
-/// What the elements around a paragraph say of it.
-struct Around {
-  Ms offset = 0;
-  XmlSpace space = XmlSpace::Default;
-  Beside beside{};
-};
-
-/// Walks through the elements of a file and hands its paragraphs on.
-class Walk {
- public:
-  Walk(const SourceText& text, TextView separator, SourceSink& sink, const TtmlClock& clock, const TtmlLayout& layout)
-      : text_(text), separator_(separator), sink_(sink), clock_(clock), layout_(layout) {}
-
-  void Children(const pugi::xml_node& node, const Around& around, int depth) {
-    for (const pugi::xml_node& child : node.children()) {
-      if (stopped_) return;
-      if (child.type() != pugi::node_element || depth > kDeepest) continue;
-      const std::string_view name = LocalName(child.name());
-      const Around inside = InsideOf(child, around);
-      if (name == "p") {
-        stopped_ = !TakeParagraph(child, around, inside);
-      } else if (name == "body" || name == "div" || name == "tt") {
-        Children(child, inside, depth + 1);
-      }
-    }
-  }
-
-  Ms Offset() const { return offset_; }
-  std::unordered_map<std::uint32_t, Beside> TakeBeside() { return std::move(beside_); }
-
- private:
-  Around InsideOf(const pugi::xml_node& node, Around around) const {
-    layout_.Read(node, around.beside);
-    if (const auto begin = clock_.TimeOf(node.attribute("begin").value())) around.offset += *begin;
-    const std::string_view space = node.attribute("xml:space").value();
-    if (!space.empty()) around.space = space == "preserve" ? XmlSpace::Preserve : XmlSpace::Default;
-    return around;
-  }
-
-  bool TakeParagraph(const pugi::xml_node& node, const Around& around, const Around& inside) {
-    const auto nameAt = static_cast<std::size_t>(node.offset_debug());
-    const Paragraph places = PlacesOf(text_.bytes, nameAt, node.name());
-    const auto begin = clock_.TimeOf(places.begin.In(text_.bytes));
-    const auto end = clock_.TimeOf(places.end.In(text_.bytes));
-    const auto duration = clock_.TimeOf(places.duration.In(text_.bytes));
-    Text caption = ParagraphToText(text_.Decoded(places.inner), inside.space, separator_);
-    if (!begin || (!end && !duration)) {
-      // Paragraphs without times and text are usual as spacers.
-      if (!caption.empty()) sink_.NotUnderstood(nameAt);
-      return true;
-    }
-    offset_ = around.offset;
-    SourceRecord record{WithItsLine(text_.bytes, nameAt - 1, places.behind), {}, places.begin, {}, {}};
-    // An end that is reckoned from a duration changes with the whole record.
-    if (end) record.end = places.end;
-    if (places.inner.at != places.behind) record.text = places.inner;
-    if (inside.beside.Any()) beside_.emplace(record.whole.at, inside.beside);
-    return sink_.Add(around.offset + *begin, around.offset + (end ? *end : *begin + *duration), std::move(caption),
-                     record);
-  }
-
-  const SourceText& text_;
-  TextView separator_;
-  SourceSink& sink_;
-  const TtmlClock& clock_;
-  const TtmlLayout& layout_;
-  std::unordered_map<std::uint32_t, Beside> beside_;
-  Ms offset_ = 0;
-  bool stopped_ = false;
-};
 
 std::optional<std::int64_t> Parameter(const pugi::xml_node& root, std::string_view name) {
   for (const pugi::xml_attribute& attribute : root.attributes()) {
@@ -233,46 +69,56 @@ void TtmlFormat::Read(const SourceText& text, TextView separator, SourceSink& si
   if (prefix) names_.style = *prefix;
   const std::string_view name = root.name();
   names_.element = FromUtf8(name.substr(0, name.size() - LocalName(name).size()));
-  const TtmlLayout layout(root);
-  Walk walk(text, separator, sink, clock_, layout);
-  if (LocalName(name) == "tt") walk.Children(root, {}, 0);
-  offset_ = walk.Offset();
-  beside_ = walk.TakeBeside();
+  if (LocalName(name) == "tt") {
+    TtmlWalk walk(text, separator, sink, clock_, TtmlLayout(root), settings_);
+    walk.All(root);
+    said_ = walk.TakeSaid();
+  }
   // A file that ends too soon breaks off behind its last byte.
   const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
   if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(std::min(place, text.bytes.size()));
 }
 
-std::string TtmlFormat::TimeField(Ms ms, std::string_view old) const { return clock_.Like(ms - offset_, old); }
+std::string TtmlFormat::TimeField(Ms ms, std::string_view old) const { return clock_.Like(ms, old); }
 
 Text TtmlFormat::TextField(TextView text, TextView separator, TextView) const {
   return TextToParagraph(text, separator, names_);
 }
 
 Beside TtmlFormat::BesideOf(const SourceText&, const SourceRecord& record) const {
-  const auto hit = beside_.find(record.whole.at);
-  return hit == beside_.end() ? Beside() : hit->second;
+  const auto hit = said_.beside.find(record.whole.at);
+  return hit == said_.beside.end() ? Beside() : hit->second;
+}
+
+Ms TtmlFormat::OffsetOf(const SourceRecord& record) const {
+  const auto behind = std::ranges::upper_bound(said_.offsets, record.whole.at, {}, &TtmlOffset::from);
+  return behind == said_.offsets.begin() ? Ms(0) : std::prev(behind)->offset;
 }
 
 Text TtmlFormat::Record(const NewRecord& record, TextView separator) const {
   const std::size_t open = std::min(record.neighbour.find('<'), record.neighbour.size());
   std::string tag;
   std::string begin = "00:00:00.000";
-  TagPlaces places(record.neighbour, open + 1);
+  TtmlTag places(record.neighbour, open + 1);
   std::string_view name;
   Stretch value;
   while (open < record.neighbour.size() && places.Next(name, value)) {
     if (name == "begin") begin = value.In(record.neighbour);
     // A name belongs to one element alone.
-    const bool own = name == "begin" || name == "end" || name == "dur" || name == "xml:id" || name == "id";
-    if (!own) tag += " " + std::string(name) + "=\"" + std::string(value.In(record.neighbour)) + "\"";
+    const bool named = !record.isOwn && (name == "xml:id" || name == "id");
+    const bool timed = name == "begin" || name == "end" || name == "dur";
+    if (!named && !timed) tag += " " + std::string(name) + "=\"" + std::string(value.In(record.neighbour)) + "\"";
   }
-  const Text element = names_.element + u"p";
+  const std::string_view neighbour = places.Name();
+  const Text element = neighbour.empty() ? names_.element + u"p" : FromUtf8(neighbour);
+  // What is written in the place of a record ends as that did.
+  const Text behind =
+      record.isOwn ? FromUtf8(record.neighbour.substr(record.neighbour.rfind('>') + 1)) : Text(record.lineEnd);
   Text result = FromUtf8(record.neighbour.substr(0, open)) + u"<" + element + u" begin=\"" +
-                FromUtf8(TimeField(record.caption.start, begin)) + u"\" end=\"" +
-                FromUtf8(TimeField(record.caption.end, begin)) + u"\"" + FromUtf8(tag) + u">";
+                FromUtf8(TimeField(record.caption.start - record.offset, begin)) + u"\" end=\"" +
+                FromUtf8(TimeField(record.caption.end - record.offset, begin)) + u"\"" + FromUtf8(tag) + u">";
   result += TextField(record.caption.text, separator, record.lineEnd);
-  return result + u"</" + element + u">" + Text(record.lineEnd);
+  return result + u"</" + element + u">" + behind;
 }
 
 }  // namespace cuewright

@@ -24,6 +24,8 @@ TextView ElementOf(TextView inner) {
   return LocalName(inner.substr(0, inner.find_first_of(u" \t\r\n/")));
 }
 
+constexpr TextView kVerbatim = u"<![CDATA[";
+
 /// Puts a paragraph's pieces together.
 class Joiner {
  public:
@@ -129,6 +131,13 @@ Text ParagraphToText(Text inner, XmlSpace space, TextView separator) {
     const std::size_t open = std::min(view.find(u'<', at), view.size());
     joiner.Text(view.substr(at, open - at));
     if (open == view.size()) break;
+    if (view.substr(open, kVerbatim.size()) == kVerbatim) {
+      const std::size_t begin = open + kVerbatim.size();
+      const std::size_t behind = std::min(view.find(u"]]>", begin), view.size());
+      joiner.Text(EncodeAllNames(view.substr(begin, behind - begin)));
+      at = std::min(behind + 3, view.size());
+      continue;
+    }
     const bool remark = view.substr(open, 4) == u"<!--";
     std::size_t end = remark ? view.find(u"-->", open + 4) : view.find(u'>', open);
     if (end == TextView::npos) end = view.size() - 1;

@@ -42,6 +42,8 @@ std::optional<Timing> TimingIn(std::string_view line) {
   timing.endAt = SkipBlanks(line, arrow + kArrow.size());
   const auto end = ReadClock(line.substr(timing.endAt));
   if (!end) return {};
+  const std::size_t behind = timing.endAt + end->size;
+  if (behind < line.size() && SkipBlanks(line, behind) == behind) return {};
   timing.start = *start;
   timing.end = *end;
   return timing;

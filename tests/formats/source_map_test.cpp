@@ -41,6 +41,45 @@ TEST(SourceMap, GivesAnUneditedFileBackByteForByte) {
   EXPECT_EQ(rig.Save(u"SUBRIP"), kOdd);
 }
 
+TEST(SourceMap, KeepsWhatStandsBehindTheEndOfATextOutOfTheCaptions) {
+  for (const std::string& behind : {std::string("\x1A"), std::string("\r\n\x1A"), std::string("\r\n\0\0\0", 5)}) {
+    FormatRig rig;
+    ASSERT_EQ(rig.Open("a.srt", kOdd + behind), u"SUBRIP");
+    EXPECT_EQ(rig.Rows().back(), (Caption{7000, 8000, u"last"}));
+    EXPECT_EQ(rig.Save(u"SUBRIP"), kOdd + behind);
+  }
+}
+
+TEST(SourceMap, FindsATranscriptBehindTheWholeOfItsText) {
+  const std::string file = "{\"text\": \"" + std::string(9000, 'x') +
+                           "\", \"segments\": {\"a\": {\"start\": 1.5, \"end\": 2, \"text\": \"one\"},\n"
+                           "\"b\": {\"start\": 3.5, \"end\": 4, \"text\": \"two\"}}}\n";
+  FormatRig rig;
+  ASSERT_EQ(rig.Open("a.json", file), u"TRANSCRIPTJSON");
+  EXPECT_EQ(rig.Rows(), (Rows{{1500, 2000, u"one"}, {3500, 4000, u"two"}}));
+  // Values under names of their own are parted as they were.
+  EXPECT_EQ(rig.Save(u"TRANSCRIPTJSON"), file);
+  rig.captions.SetCaptionText(2, u"three");
+  EXPECT_EQ(rig.Save(u"TRANSCRIPTJSON"), Changed(file, {{"two", "three"}}));
+}
+
+TEST(SourceMap, WritesAnEndThatTheFileDidNotTell) {
+  const std::string sami =
+      "<SAMI>\n<BODY>\n<SYNC Start=1000><P Class=A>one<P Class=B>un\n<SYNC Start=3000><P Class=A>two<P Class=B>deux\n"
+      "</BODY></SAMI>\n";
+  FormatRig rig;
+  ASSERT_EQ(rig.Open("a.smi", sami, u"A"), u"SAMI");
+  rig.captions.SetCaptionEnd(1, 2500);
+  EXPECT_EQ(rig.Save(u"SAMI"), Changed(sami, {{"un\n", "un\n<SYNC Start=2500><P Class=A>&nbsp;\n"}}));
+  rig.captions.SetCaptionEnd(1, 3000);
+  EXPECT_EQ(rig.Save(u"SAMI"), sami);
+
+  FormatRig frames;
+  ASSERT_EQ(frames.Open("a.mpl", "[10][]one\n[40][60]two\n"), u"MPL2");
+  frames.captions.SetCaptionEnd(1, 2500);
+  EXPECT_EQ(frames.Save(u"MPL2"), "[10][25]one\n[40][60]two\n");
+}
+
 TEST(SourceMap, ChangesTheFieldsThatWereEditedAlone) {
   FormatRig rig;
   rig.Open("a.srt", kOdd);

@@ -45,10 +45,10 @@ class SourceRig {
     return changed;
   }
   std::string WithStart(std::size_t i, Ms ms) const {
-    return With(Record(i).start, format_->TimeField(ms, In(Record(i).start)));
+    return With(Record(i).start, format_->TimeField(ms - format_->OffsetOf(Record(i)), In(Record(i).start)));
   }
   std::string WithEnd(std::size_t i, Ms ms) const {
-    return With(Record(i).end, format_->TimeField(ms, In(Record(i).end)));
+    return With(Record(i).end, format_->TimeField(ms - format_->OffsetOf(Record(i)), In(Record(i).end)));
   }
   std::string WithText(std::size_t i, TextView text) const {
     return With(Record(i).text, ToUtf8(format_->TextField(text, kSeparator, u"\n")));
@@ -56,8 +56,15 @@ class SourceRig {
   /// The file with a record of the format's own behind that of caption `i`.
   std::string WithNew(std::size_t i, const Caption& caption) const {
     const SourceRecord& before = Record(i);
-    const NewRecord fresh{caption, static_cast<int>(i) + 2, u"\n", In(before.whole)};
+    NewRecord fresh{caption, static_cast<int>(i) + 2, u"\n", In(before.whole)};
+    fresh.offset = format_->OffsetOf(before);
     return With({before.whole.End(), 0}, ToUtf8(format_->Record(fresh, kSeparator)));
+  }
+  /// The file with the record of a caption written anew in its place.
+  std::string WithOwn(std::size_t i, const Caption& caption) const {
+    NewRecord own{caption, static_cast<int>(i) + 1, u"\n", In(Record(i).whole), true};
+    own.offset = format_->OffsetOf(Record(i));
+    return With(Record(i).whole, ToUtf8(format_->Record(own, kSeparator)));
   }
   std::string Without(std::size_t i) const { return With(Record(i).whole, ""); }
 

@@ -31,6 +31,24 @@ TEST(SamiSource, TextStandsWhereItWants) {
   EXPECT_TRUE(rig.Record(1).endIsReckoned);
 }
 
+TEST(SamiSource, WhatStandsInARemarkIsNotRead) {
+  const SourceRig rig(u"SAMI", kHead +
+                                   "<!-- <SYNC Start=1><P Class=ENCC>no -->\n<SYNC Start=1000><P Class=ENCC>a\n"
+                                   "<SYNC Start=2000><P Class=ENCC>&nbsp;</BODY>\n<!-- open <SYNC Start=9>");
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+}
+
+TEST(SamiSource, AHardBlankMayLackItsSemicolon) {
+  const SourceRig rig(u"SAMI",
+                      kHead +
+                          "<SYNC Start=1000><P Class=ENCC>a\n<SYNC Start=2000><P Class=ENCC>&nbsp\n"
+                          "<SYNC Start=3000><P Class=ENCC>b&nbsp;&NBSP;\n<SYNC Start=4000><P Class=ENCC>&Nbsp;");
+  EXPECT_EQ(rig.Rows().size(), 2u);
+  EXPECT_EQ(rig.Rows().front(), (Caption{1000, 2000, u"a"}));
+  EXPECT_EQ(rig.Rows().back().end, 4000);
+}
+
 TEST(SamiSource, AFieldChangesByItself) {
   const std::string file = kHead +
                            "<SYNC Start=12400><P Class=ENCC>one\n<SYNC Start=15200><P Class=ENCC>&nbsp;\n"

@@ -33,12 +33,46 @@ TEST(SubRip, TimesAreReadAsPeopleWriteThem) {
                                {"00:00:01,05", 1050},
                                {"00:00:01", 1000},
                                {"00:00:01,50049", 1500},
-                               {"0:0:1,5", 1500}}) {
+                               {"0:0:1,5", 1500},
+                               {"00:00:01, 500", 1500},
+                               {"00:00:01 ,500", 1500},
+                               {"00: 00: 01,500", 1500},
+                               {"00:00:01:500", 1500},
+                               {"01:02,500", 62500}}) {
     const SourceRig rig(u"SUBRIP", "1\n" + std::string(time.written) + " --> 200:00:00,000\na\n\n");
     ASSERT_EQ(rig.Rows().size(), 1u) << time.written;
     EXPECT_EQ(rig.Rows()[0].start, time.ms) << time.written;
     EXPECT_TRUE(rig.Blamed().empty()) << time.written;
   }
+}
+
+TEST(SubRip, ATimeInAFormOfItsOwnIsWrittenInTheUsualOne) {
+  const std::string behind = " -> 00:00:09,000\na\n\n";
+  for (const std::string written : {"00:00:01, 500", "00: 00:01,500", "00:00:01:500"}) {
+    const SourceRig rig(u"SUBRIP", "1\n" + written + behind);
+    EXPECT_EQ(rig.WithStart(0, 2250), "1\n00:00:02,250" + behind) << written;
+  }
+  EXPECT_EQ(SourceRig(u"SUBRIP", "1\n00:01,500" + behind).WithStart(0, 2250), "1\n00:02,250" + behind);
+}
+
+TEST(SubRip, AnArrowInATextBeginsNoCaption) {
+  const SourceRig rig(u"SUBRIP", "1\n00:00:01,500 --> 00:00:02,000\nfrom 1:00 -> 2:00\n10:00 -> home\n\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{1500, 2000, u"from 1:00 -> 2:00|10:00 -> home"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+}
+
+TEST(SubRip, ATimeThatGoesOnIsNotCutOff) {
+  const SourceRig rig(u"SUBRIP", "1\n00:00:01,500 --> 00:00:02:10\na\n\n2\n00:00:03,000 --> 00:00:04,000\nb\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{3000, 4000, u"b"}}));
+  EXPECT_FALSE(rig.Blamed().empty());
+}
+
+TEST(SubRip, AMarkInFrontOfANumberIsNoText) {
+  const SourceRig rig(u"SUBRIP",
+                      "1\n00:00:01,500 --> 00:00:02,000\na\n\n\xEF\xBB\xBF"
+                      "1\n00:00:03,000 --> 00:00:04,000\nb\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{1500, 2000, u"a"}, {3000, 4000, u"b"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
 }
 
 TEST(SubRip, BlanksAroundTimesAndCoordinatesBehindThemAreLeft) {

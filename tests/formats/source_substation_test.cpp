@@ -91,6 +91,15 @@ TEST(SubStation, WhatIsNoEventIsBlamed) {
   EXPECT_EQ(rig.Blamed(), (std::vector<int>{3, 4, 8}));
 }
 
+TEST(SubStation, ATimeThatGoesOnIsNotCutOff) {
+  for (const std::string time : {"0:00:xx.40", "0:00:12:40", "0:00:12.40x"}) {
+    const SourceRig rig(u"ADVANCEDSSA", "[Events]\nFormat: Start, End, Text\nDialogue: " + time + ",0:00:15.20,a\n" +
+                                            "Dialogue: 0:00:16.00,0:00:19.80,b\n");
+    EXPECT_EQ(rig.Rows(), (Rows{{16000, 19800, u"b"}})) << time;
+    EXPECT_EQ(rig.Blamed(), (std::vector<int>{3})) << time;
+  }
+}
+
 TEST(SubStation, OverridesThatDoMoreStay) {
   struct Case {
     std::string file;

@@ -93,6 +93,71 @@ TEST(Ttml, ABodyThatBeginsLaterMovesAll) {
   rig.ExpectFieldsAreTheirOwn();
 }
 
+/// A file of these elements in its body.
+std::string Bodied(const std::string& elements, const std::string& attributes = {}) {
+  return "<tt" + attributes + "><body><div>\n" + elements + "</div></body></tt>";
+}
+
+TEST(Ttml, ParagraphsHaveTheTimesOfWhatIsAroundThem) {
+  const SourceRig rig(u"TTML",
+                      Bodied("<div begin=\"10s\" end=\"12s\"><p>a</p><p begin=\"1s\">b</p><p end=\"1.5s\">c</p>"
+                             "<p/></div>\n<div begin=\"20s\"><p begin=\"1s\" dur=\"2s\">d</p></div>\n"
+                             "<p begin=\"30s\" end=\"31s\">e</p>\n"));
+  EXPECT_EQ(rig.Rows(), (Rows{{10000, 12000, u"a"},
+                              {11000, 12000, u"b"},
+                              {10000, 11500, u"c"},
+                              {21000, 23000, u"d"},
+                              {30000, 31000, u"e"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+  rig.ExpectFieldsAreTheirOwn();
+  EXPECT_EQ(rig.Again(rig.WithOwn(0, {10500, 11000, u"n"}))[0], (Caption{10500, 11000, u"n"}));
+  EXPECT_EQ(rig.Again(rig.WithNew(3, {25000, 26000, u"n"}))[4], (Caption{25000, 26000, u"n"}));
+}
+
+TEST(Ttml, SpansWithTimesAreCaptionsWhereTheirParagraphHasNone) {
+  const SourceRig rig(u"TTML", Bodied("<p><span begin=\"1s\" end=\"2s\">a <span style=\"x\">b</span></span><br/>\n"
+                                      "<span begin=\"3s\" dur=\"1s\">c</span></p>\n"
+                                      "<p begin=\"5s\" end=\"9s\"><span begin=\"0s\">d</span> e</p>\n"));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a <span style=\"x\">b</span>"},
+                              {3000, 4000, u"c"},
+                              {5000, 9000, u"<span begin=\"0s\">d</span> e"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+  EXPECT_EQ(rig.Again(rig.WithNew(0, {2100, 2200, u"n"}))[1], (Caption{2100, 2200, u"n"}));
+  EXPECT_EQ(rig.Again(rig.WithOwn(1, {3100, 4200, u"n"}))[1], (Caption{3100, 4200, u"n"}));
+}
+
+TEST(Ttml, PartsOfASequenceFollowEachOther) {
+  const SourceRig rig(u"TTML",
+                      Bodied("<div begin=\"10s\" timeContainer=\"seq\"><p begin=\"1s\" dur=\"2s\">a</p>"
+                             "<p dur=\"1s\">b</p><div><p begin=\"1s\" end=\"3s\">c</p></div><p end=\"1s\">d</p></div>"
+                             "<p begin=\"1s\" end=\"2s\">e</p>"));
+  EXPECT_EQ(
+      rig.Rows(),
+      (Rows{
+          {11000, 13000, u"a"}, {13000, 14000, u"b"}, {15000, 17000, u"c"}, {17000, 18000, u"d"}, {1000, 2000, u"e"}}));
+  // A caption that moves would take those behind it along.
+  EXPECT_FALSE(rig.Format().WritesChanges());
+}
+
+TEST(Ttml, AnEndThatLacksIsTheNextBeginning) {
+  const SourceRig rig(u"TTML", Bodied("<p begin=\"1s\">a caption that is long</p>\n<p begin=\"2s\">b</p>\n"
+                                      "<p begin=\"9s\" end=\"10s\">c</p>\n<p begin=\"11s\">d</p>\n"));
+  EXPECT_EQ(
+      rig.Rows(),
+      (Rows{{1000, 2000, u"a caption that is long"}, {2000, 2250, u"b"}, {9000, 10000, u"c"}, {11000, 11250, u"d"}}));
+  EXPECT_EQ(rig.Again(rig.WithOwn(1, {2000, 5000, u"b"}))[1], (Caption{2000, 5000, u"b"}));
+}
+
+TEST(Ttml, TheRootSaysWhatBlanksMean) {
+  const SourceRig rig(u"TTML", Bodied("<p begin=\"1s\" end=\"2s\">a  b</p>", " xml:space=\"preserve\""));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a  b"}}));
+}
+
+TEST(Ttml, VerbatimTextIsText) {
+  const SourceRig rig(u"TTML", Bodied("<p begin=\"1s\" end=\"2s\">a<![CDATA[ & b</p> <b>]]></p>"));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a & b&lt;/p> &lt;b>"}}));
+}
+
 TEST(Ttml, AFileThatBreaksOffIsBlamed) {
   const SourceRig broken(u"TTML",
                          "<tt><body><div>\n<p begin=\"1s\" end=\"2s\">a</p>\n<p begin=\"3s\" end=\"4s\">b</div>");

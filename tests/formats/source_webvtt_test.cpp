@@ -102,6 +102,12 @@ TEST(WebVtt, NamesThatCountAreNumbers) {
             "3\n00:04.500 --> 00:04.800\nn\n\n07\n00:05.000 --> 00:06.000\nc\n\n");
 }
 
+TEST(WebVtt, ATimeThatGoesOnIsNotCutOff) {
+  const SourceRig rig(u"WEBVTT", "WEBVTT\n\n00:01.000 --> 00:02:200:9\na\n\n00:03.000 --> 00:04.000\nb\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{3000, 4000, u"b"}}));
+  EXPECT_EQ(rig.Blamed(), (std::vector<int>{3}));
+}
+
 TEST(WebVtt, AnArrowBeginsACueWhereverItStands) {
   const SourceRig rig(
       u"WEBVTT",
