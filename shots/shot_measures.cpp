@@ -15,11 +15,10 @@ constexpr int kLargest = 4 * kUnit;
 constexpr std::size_t kBins = 32;  ///< of a plane's histogram
 constexpr int kLevelsABin = 8;
 constexpr float kChromaWeight = 2;
-constexpr std::size_t kPicturesBefore = 4;
-constexpr std::size_t kPicturesBehind = 3;
+constexpr std::size_t kPicturesBefore = 6;
+constexpr std::size_t kPicturesBehind = 5;
 constexpr float kLeastShape = 0.08F;
 constexpr float kLeastColours = 6;
-constexpr std::array<std::size_t, 5> kSpans = {8, 12, 20, 32, 48};
 
 using Shape = std::array<std::int16_t, Thumbnail::kLuma>;
 
@@ -78,39 +77,6 @@ float ColourChange(const std::array<float, 3 * kBins>& one, const std::array<flo
   return moved * kLevelsABin;
 }
 
-/// How a picture lies between two others.
-struct Mixture {
-  double part = 0;  ///< of the first one, by least squares
-  double rest = 0;  ///< what that leaves over, measured by the distance between the two
-};
-
-Mixture MixtureOf(const Thumbnail& from, const Thumbnail& to, const Thumbnail& between) {
-  std::int64_t distance = 0;
-  std::int64_t along = 0;
-  std::int64_t squares = 0;
-  const auto add = [&](std::size_t first, std::size_t end) {
-    std::int32_t way = 0, step = 0, both = 0;
-    for (std::size_t i = first; i < end; ++i) {
-      const std::int32_t whole = from.bytes[i] - to.bytes[i];
-      const std::int32_t part = between.bytes[i] - to.bytes[i];
-      way += whole * whole;
-      both += whole * part;
-      step += part * part;
-    }
-    distance += way;
-    along += both;
-    squares += step;
-  };
-  add(0, Thumbnail::kLuma);
-  add(Thumbnail::kLuma, Thumbnail::kBytes);
-  const double whole = static_cast<double>(distance) + kNoise * kNoise * Thumbnail::kBytes;
-  Mixture mixture;
-  mixture.part = static_cast<double>(along) / whole;
-  mixture.rest =
-      std::sqrt(std::max(static_cast<double>(squares) - mixture.part * static_cast<double>(along), 0.0) / whole);
-  return mixture;
-}
-
 }  // namespace
 
 ShotMeasurer::ShotMeasurer() : pictures_(kKept) {}
@@ -118,7 +84,6 @@ ShotMeasurer::ShotMeasurer() : pictures_(kKept) {}
 void ShotMeasurer::Add(const Thumbnail& thumbnail, std::int64_t us) {
   const std::size_t number = measures_.size();
   Picture& picture = pictures_[number % kKept];
-  picture.thumbnail = thumbnail;
   TakeShape(thumbnail, picture.shape);
   TakeLevels({thumbnail.Luma(), Thumbnail::kLuma}, picture.levels.data());
   TakeLevels({thumbnail.Blue(), Thumbnail::kChroma}, picture.levels.data() + kBins);
@@ -130,9 +95,7 @@ void ShotMeasurer::Add(const Thumbnail& thumbnail, std::int64_t us) {
     measures_.back().colourStep = ColourChange(At(number - 1).levels, picture.levels);
   }
   if (number >= kPicturesBehind + 1) MeasureBreak(number - kPicturesBehind, number);
-  for (const std::size_t span : kSpans) {
-    if (number >= span) MeasureMix(number, span);
-  }
+  fades_.Add(thumbnail, measures_);
 }
 
 void ShotMeasurer::Finish() {
@@ -140,6 +103,7 @@ void ShotMeasurer::Finish() {
   for (std::size_t behind = kPicturesBehind; behind > 0; --behind) {
     if (count > behind) MeasureBreak(count - behind, count - 1);
   }
+  fades_.Finish(measures_);
 }
 
 void ShotMeasurer::MeasureBreak(std::size_t picture, std::size_t last) {
@@ -157,32 +121,6 @@ void ShotMeasurer::MeasureBreak(std::size_t picture, std::size_t last) {
   }
   measures_[picture].break_ = shape;
   measures_[picture].colourBreak = colours;
-}
-
-/// Looks whether the pictures between the last one and that `span` before it go over from one to the other.
-void ShotMeasurer::MeasureMix(std::size_t picture, std::size_t span) {
-  constexpr float kOther = 0.4F;  // shapes this far apart are different pictures
-  constexpr float kOtherColours = 30;
-  const Picture& from = At(picture - span);
-  const Picture& to = At(picture);
-  // A light that is turned up shows the same shape all the time.
-  const bool other = ShapeChange(from.shape, to.shape) > kOther || ColourChange(from.levels, to.levels) > kOtherColours;
-  if (!other) return;
-  constexpr double kLeastStep = 0.06;
-  constexpr float kLeastMix = 0.2F;
-  double before = 1;
-  double rest = 0;
-  for (const std::size_t quarter : {1, 2, 3}) {
-    const Mixture mixture = MixtureOf(from.thumbnail, to.thumbnail, At(picture - span + span * quarter / 4).thumbnail);
-    if (mixture.part > before - kLeastStep) return;
-    before = mixture.part;
-    rest = std::max(rest, mixture.rest);
-  }
-  if (before < kLeastStep) return;
-  PictureMeasure& middle = measures_[picture - span / 2];
-  const auto mix = static_cast<float>(1 - 2 * rest);
-  middle.mix = std::max(middle.mix, mix);
-  if (mix > kLeastMix) middle.span = std::max(middle.span, static_cast<std::int32_t>(span));
 }
 
 }  // namespace cuewright
