@@ -9,9 +9,12 @@
 namespace cuewright {
 namespace {
 
-constexpr int kUnit = 64;     ///< of a shape: its contrast
-constexpr double kNoise = 3;  ///< levels of luma that a still picture may differ by
-constexpr int kLargest = 4 * kUnit;
+using Shape = ShotMeasurer::Shape;
+constexpr std::size_t kShapeRow = ShotMeasurer::kShapeRow;
+
+constexpr int kUnit = 32;          ///< of a shape: its contrast
+constexpr int kMiddle = 128;       ///< of a shape: its mean
+constexpr double kNoise = 3;       ///< levels of luma that a still picture may differ by
 constexpr std::size_t kBins = 32;  ///< of a plane's histogram
 constexpr int kLevelsABin = 8;
 constexpr float kChromaWeight = 2;
@@ -20,9 +23,6 @@ constexpr std::size_t kPicturesBehind = 5;
 constexpr float kLeastShape = 0.08F;
 constexpr float kLeastColours = 6;
 
-using Shape = std::array<std::int16_t, Thumbnail::kLuma>;
-
-/// Luma without its mean, in units of its contrast.
 void TakeShape(const Thumbnail& thumbnail, Shape& shape) {
   const std::uint8_t* luma = thumbnail.Luma();
   std::int64_t sum = 0;
@@ -34,9 +34,16 @@ void TakeShape(const Thumbnail& thumbnail, Shape& shape) {
   const double mean = static_cast<double>(sum) / Thumbnail::kLuma;
   const double variance = static_cast<double>(squares) / Thumbnail::kLuma - mean * mean;
   const double scale = kUnit / (std::sqrt(std::max(variance, 0.0)) + kNoise);
-  for (std::size_t i = 0; i < Thumbnail::kLuma; ++i) {
-    const double value = (luma[i] - mean) * scale;
-    shape[i] = static_cast<std::int16_t>(std::clamp(value, -double{kLargest}, double{kLargest}));
+  std::array<std::uint8_t, 256> shapeOf;
+  for (std::size_t level = 0; level < shapeOf.size(); ++level) {
+    const double value = kMiddle + (static_cast<double>(level) - mean) * scale;
+    shapeOf[level] = static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0));
+  }
+  for (std::size_t y = 0; y < Thumbnail::kHeight; ++y) {
+    std::uint8_t* row = shape.data() + y * kShapeRow;
+    for (std::size_t x = 0; x < Thumbnail::kWidth; ++x) row[x + 1] = shapeOf[*luma++];
+    row[0] = row[1];
+    row[Thumbnail::kWidth + 1] = row[Thumbnail::kWidth];
   }
 }
 
@@ -50,23 +57,23 @@ void TakeLevels(std::span<const std::uint8_t> plane, float* cumulated) {
   }
 }
 
-/// Mean difference of two shapes when one of them is moved by up to a pixel.
+/// Mean difference of two shapes when one of them is moved by up to a sample.
 float ShapeChange(const Shape& one, const Shape& other) {
-  constexpr int kWidth = Thumbnail::kWidth;
-  constexpr int kHeight = Thumbnail::kHeight;
+  constexpr std::size_t kWidth = Thumbnail::kWidth;
+  constexpr std::size_t kHeight = Thumbnail::kHeight;
   std::int32_t least = std::numeric_limits<std::int32_t>::max();
-  for (int dy = -1; dy <= 1; ++dy) {
-    for (int dx = -1; dx <= 1; ++dx) {
+  for (std::size_t down = 0; down <= 2; ++down) {
+    for (std::size_t right = 0; right <= 2; ++right) {
       std::int32_t sum = 0;
-      for (int y = 1; y < kHeight - 1; ++y) {
-        const std::int16_t* a = one.data() + y * kWidth;
-        const std::int16_t* b = other.data() + (y + dy) * kWidth + dx;
-        for (int x = 1; x < kWidth - 1; ++x) sum += std::abs(a[x] - b[x]);
+      for (std::size_t y = 1; y < kHeight - 1; ++y) {
+        const std::uint8_t* a = one.data() + y * kShapeRow + 1;
+        const std::uint8_t* b = other.data() + (y + down - 1) * kShapeRow + right;
+        for (std::size_t x = 0; x < kWidth; ++x) sum += std::abs(a[x] - b[x]);
       }
       least = std::min(least, sum);
     }
   }
-  return static_cast<float>(least) / (kUnit * (kWidth - 2) * (kHeight - 2));
+  return static_cast<float>(least) / (kUnit * kWidth * (kHeight - 2));
 }
 
 float ColourChange(const std::array<float, 3 * kBins>& one, const std::array<float, 3 * kBins>& other) {

@@ -13,6 +13,11 @@ namespace cuewright {
 /// Measures a film's pictures as they come.
 class ShotMeasurer {
  public:
+  /// Luma without its mean, in units of its contrast. Each row goes on for a sample at both ends, so that it can be
+  /// moved.
+  static constexpr std::size_t kShapeRow = Thumbnail::kWidth + 2;
+  using Shape = std::array<std::uint8_t, kShapeRow * Thumbnail::kHeight>;
+
   ShotMeasurer();
 
   void Add(const Thumbnail& thumbnail, std::int64_t us);
@@ -25,7 +30,7 @@ class ShotMeasurer {
   static constexpr std::size_t kKept = 16;  ///< pictures that are held; a power of two
 
   struct Picture {
-    std::array<std::int16_t, Thumbnail::kLuma> shape;
+    Shape shape;
     std::array<float, 96> levels;  ///< cumulated histograms of the three planes
   };
 
