@@ -19,8 +19,9 @@ class Ms {
 
   /// The nearest whole ms, a tie away from 0; within a span of 24 days.
   static Ms OfSeconds(double seconds) { return Nearest(seconds * 1000); }
-  /// The nearest whole ms, a tie going up; from 0 on.
-  static constexpr Ms OfMicroseconds(std::int64_t us) { return static_cast<std::int32_t>((us + 500) / 1000); }
+  /// The last whole ms that isn't behind a picture's time, from 0 on: what begins then is there with that picture, and
+  /// not with the one behind it.
+  static constexpr Ms OfPicture(std::int64_t us) { return static_cast<std::int32_t>(us / 1000); }
   /// A number of ms with a fraction to the nearest whole one, a tie away from 0.
   static Ms Nearest(double ms) { return static_cast<std::int32_t>(std::lround(ms)); }
   /// A sum that may lie beyond what is stored: the nearest that can be.

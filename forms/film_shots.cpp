@@ -20,7 +20,7 @@ constexpr std::uint64_t kMostBytes = std::uint64_t{1} << 27;
 /// A hand means a mark this near.
 constexpr Ms kReachMs = 120;
 
-Ms MsOf(const PictureMeasure& measure) { return Ms::OfMicroseconds(measure.us); }
+Ms MsOf(const PictureMeasure& measure) { return Ms::OfPicture(measure.us); }
 
 }  // namespace
 

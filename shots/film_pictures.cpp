@@ -22,10 +22,13 @@ constexpr std::size_t kMostAtOnce = 24;
 
 /// "file:" keeps a name from being taken for an option or an address.
 std::vector<Text> Arguments(TextView film) {
-  return {u"-nostdin", u"-v", u"info", u"-nostats", u"-hide_banner", u"-i", u"file:" + Text(film), u"-map", u"0:v:0",
+  return {u"-nostdin", u"-v", u"info", u"-nostats", u"-hide_banner",
+          // Edges of blocks that no other picture is made from don't show in a thumbnail.
+          u"-skip_loop_filter", u"noref", u"-i", u"file:" + Text(film), u"-map", u"0:v:0",
           // Each picture once, at the time that it has; the log tells that time.
-          u"-vf", u"scale=64:36:flags=area,format=yuv420p,showinfo=checksum=0", u"-vsync", u"passthrough", u"-f",
-          u"rawvideo", u"pipe:1",
+          u"-vf", u"scale=64:36:flags=fast_bilinear,format=yuv420p,showinfo=checksum=0", u"-vsync", u"passthrough",
+          // In units of the film, or pictures of a varying rate would fall together and the log fill with that.
+          u"-enc_time_base", u"-1", u"-f", u"rawvideo", u"pipe:1",
           // The film begins where its first stream does, be that the sound.
           u"-map", u"0:a?", u"-map", u"0:v:0", u"-c", u"copy", u"-frames:a", u"1", u"-frames:v", u"1", u"-f", u"null",
           u"-"};

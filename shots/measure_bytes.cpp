@@ -7,7 +7,7 @@ namespace cuewright {
 namespace {
 
 /// The number at its end is that of the way in which pictures are measured.
-constexpr std::string_view kHead = "CWSHOTS1";
+constexpr std::string_view kHead = "CWSHOTS2";
 constexpr std::size_t kPictureBytes = 32;
 
 /// The lowest byte first, on every machine.
@@ -29,6 +29,8 @@ Number Take(std::string_view& from) {
 constexpr float PictureMeasure::*kFloats[] = {&PictureMeasure::step, &PictureMeasure::break_,
                                               &PictureMeasure::colourStep, &PictureMeasure::colourBreak,
                                               &PictureMeasure::mix};
+constexpr std::uint8_t PictureMeasure::*kSpans[] = {&PictureMeasure::span, &PictureMeasure::fall,
+                                                    &PictureMeasure::rise};
 
 }  // namespace
 
@@ -39,7 +41,8 @@ std::string BytesOf(const std::vector<PictureMeasure>& measures) {
   for (const PictureMeasure& measure : measures) {
     Put(static_cast<std::uint64_t>(measure.us), bytes);
     for (const auto member : kFloats) Put(std::bit_cast<std::uint32_t>(measure.*member), bytes);
-    Put(static_cast<std::uint32_t>(measure.span), bytes);
+    for (const auto member : kSpans) Put(measure.*member, bytes);
+    Put(static_cast<std::uint8_t>(measure.plain ? 1 : 0), bytes);
   }
   return bytes;
 }
@@ -54,7 +57,8 @@ bool ReadMeasures(std::string_view bytes, std::vector<PictureMeasure>& measures)
   for (PictureMeasure& measure : measures) {
     measure.us = static_cast<std::int64_t>(Take<std::uint64_t>(bytes));
     for (const auto member : kFloats) measure.*member = std::bit_cast<float>(Take<std::uint32_t>(bytes));
-    measure.span = static_cast<std::int32_t>(Take<std::uint32_t>(bytes));
+    for (const auto member : kSpans) measure.*member = Take<std::uint8_t>(bytes);
+    measure.plain = Take<std::uint8_t>(bytes) != 0;
   }
   return true;
 }

@@ -9,21 +9,20 @@
 namespace cuewright {
 namespace {
 
-constexpr int kUnit = 64;     ///< of a shape: its contrast
-constexpr double kNoise = 3;  ///< levels of luma that a still picture may differ by
-constexpr int kLargest = 4 * kUnit;
+using Shape = ShotMeasurer::Shape;
+constexpr std::size_t kShapeRow = ShotMeasurer::kShapeRow;
+
+constexpr int kUnit = 32;          ///< of a shape: its contrast
+constexpr int kMiddle = 128;       ///< of a shape: its mean
+constexpr double kNoise = 3;       ///< levels of luma that a still picture may differ by
 constexpr std::size_t kBins = 32;  ///< of a plane's histogram
 constexpr int kLevelsABin = 8;
 constexpr float kChromaWeight = 2;
-constexpr std::size_t kPicturesBefore = 4;
-constexpr std::size_t kPicturesBehind = 3;
+constexpr std::size_t kPicturesBefore = 6;
+constexpr std::size_t kPicturesBehind = 5;
 constexpr float kLeastShape = 0.08F;
 constexpr float kLeastColours = 6;
-constexpr std::array<std::size_t, 5> kSpans = {8, 12, 20, 32, 48};
 
-using Shape = std::array<std::int16_t, Thumbnail::kLuma>;
-
-/// Luma without its mean, in units of its contrast.
 void TakeShape(const Thumbnail& thumbnail, Shape& shape) {
   const std::uint8_t* luma = thumbnail.Luma();
   std::int64_t sum = 0;
@@ -35,9 +34,16 @@ void TakeShape(const Thumbnail& thumbnail, Shape& shape) {
   const double mean = static_cast<double>(sum) / Thumbnail::kLuma;
   const double variance = static_cast<double>(squares) / Thumbnail::kLuma - mean * mean;
   const double scale = kUnit / (std::sqrt(std::max(variance, 0.0)) + kNoise);
-  for (std::size_t i = 0; i < Thumbnail::kLuma; ++i) {
-    const double value = (luma[i] - mean) * scale;
-    shape[i] = static_cast<std::int16_t>(std::clamp(value, -double{kLargest}, double{kLargest}));
+  std::array<std::uint8_t, 256> shapeOf;
+  for (std::size_t level = 0; level < shapeOf.size(); ++level) {
+    const double value = kMiddle + (static_cast<double>(level) - mean) * scale;
+    shapeOf[level] = static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0));
+  }
+  for (std::size_t y = 0; y < Thumbnail::kHeight; ++y) {
+    std::uint8_t* row = shape.data() + y * kShapeRow;
+    for (std::size_t x = 0; x < Thumbnail::kWidth; ++x) row[x + 1] = shapeOf[*luma++];
+    row[0] = row[1];
+    row[Thumbnail::kWidth + 1] = row[Thumbnail::kWidth];
   }
 }
 
@@ -51,23 +57,23 @@ void TakeLevels(std::span<const std::uint8_t> plane, float* cumulated) {
   }
 }
 
-/// Mean difference of two shapes when one of them is moved by up to a pixel.
+/// Mean difference of two shapes when one of them is moved by up to a sample.
 float ShapeChange(const Shape& one, const Shape& other) {
-  constexpr int kWidth = Thumbnail::kWidth;
-  constexpr int kHeight = Thumbnail::kHeight;
+  constexpr std::size_t kWidth = Thumbnail::kWidth;
+  constexpr std::size_t kHeight = Thumbnail::kHeight;
   std::int32_t least = std::numeric_limits<std::int32_t>::max();
-  for (int dy = -1; dy <= 1; ++dy) {
-    for (int dx = -1; dx <= 1; ++dx) {
+  for (std::size_t down = 0; down <= 2; ++down) {
+    for (std::size_t right = 0; right <= 2; ++right) {
       std::int32_t sum = 0;
-      for (int y = 1; y < kHeight - 1; ++y) {
-        const std::int16_t* a = one.data() + y * kWidth;
-        const std::int16_t* b = other.data() + (y + dy) * kWidth + dx;
-        for (int x = 1; x < kWidth - 1; ++x) sum += std::abs(a[x] - b[x]);
+      for (std::size_t y = 1; y < kHeight - 1; ++y) {
+        const std::uint8_t* a = one.data() + y * kShapeRow + 1;
+        const std::uint8_t* b = other.data() + (y + down - 1) * kShapeRow + right;
+        for (std::size_t x = 0; x < kWidth; ++x) sum += std::abs(a[x] - b[x]);
       }
       least = std::min(least, sum);
     }
   }
-  return static_cast<float>(least) / (kUnit * (kWidth - 2) * (kHeight - 2));
+  return static_cast<float>(least) / (kUnit * kWidth * (kHeight - 2));
 }
 
 float ColourChange(const std::array<float, 3 * kBins>& one, const std::array<float, 3 * kBins>& other) {
@@ -78,39 +84,6 @@ float ColourChange(const std::array<float, 3 * kBins>& one, const std::array<flo
   return moved * kLevelsABin;
 }
 
-/// How a picture lies between two others.
-struct Mixture {
-  double part = 0;  ///< of the first one, by least squares
-  double rest = 0;  ///< what that leaves over, measured by the distance between the two
-};
-
-Mixture MixtureOf(const Thumbnail& from, const Thumbnail& to, const Thumbnail& between) {
-  std::int64_t distance = 0;
-  std::int64_t along = 0;
-  std::int64_t squares = 0;
-  const auto add = [&](std::size_t first, std::size_t end) {
-    std::int32_t way = 0, step = 0, both = 0;
-    for (std::size_t i = first; i < end; ++i) {
-      const std::int32_t whole = from.bytes[i] - to.bytes[i];
-      const std::int32_t part = between.bytes[i] - to.bytes[i];
-      way += whole * whole;
-      both += whole * part;
-      step += part * part;
-    }
-    distance += way;
-    along += both;
-    squares += step;
-  };
-  add(0, Thumbnail::kLuma);
-  add(Thumbnail::kLuma, Thumbnail::kBytes);
-  const double whole = static_cast<double>(distance) + kNoise * kNoise * Thumbnail::kBytes;
-  Mixture mixture;
-  mixture.part = static_cast<double>(along) / whole;
-  mixture.rest =
-      std::sqrt(std::max(static_cast<double>(squares) - mixture.part * static_cast<double>(along), 0.0) / whole);
-  return mixture;
-}
-
 }  // namespace
 
 ShotMeasurer::ShotMeasurer() : pictures_(kKept) {}
@@ -118,7 +91,6 @@ ShotMeasurer::ShotMeasurer() : pictures_(kKept) {}
 void ShotMeasurer::Add(const Thumbnail& thumbnail, std::int64_t us) {
   const std::size_t number = measures_.size();
   Picture& picture = pictures_[number % kKept];
-  picture.thumbnail = thumbnail;
   TakeShape(thumbnail, picture.shape);
   TakeLevels({thumbnail.Luma(), Thumbnail::kLuma}, picture.levels.data());
   TakeLevels({thumbnail.Blue(), Thumbnail::kChroma}, picture.levels.data() + kBins);
@@ -130,9 +102,7 @@ void ShotMeasurer::Add(const Thumbnail& thumbnail, std::int64_t us) {
     measures_.back().colourStep = ColourChange(At(number - 1).levels, picture.levels);
   }
   if (number >= kPicturesBehind + 1) MeasureBreak(number - kPicturesBehind, number);
-  for (const std::size_t span : kSpans) {
-    if (number >= span) MeasureMix(number, span);
-  }
+  fades_.Add(thumbnail, measures_);
 }
 
 void ShotMeasurer::Finish() {
@@ -140,6 +110,7 @@ void ShotMeasurer::Finish() {
   for (std::size_t behind = kPicturesBehind; behind > 0; --behind) {
     if (count > behind) MeasureBreak(count - behind, count - 1);
   }
+  fades_.Finish(measures_);
 }
 
 void ShotMeasurer::MeasureBreak(std::size_t picture, std::size_t last) {
@@ -157,32 +128,6 @@ void ShotMeasurer::MeasureBreak(std::size_t picture, std::size_t last) {
   }
   measures_[picture].break_ = shape;
   measures_[picture].colourBreak = colours;
-}
-
-/// Looks whether the pictures between the last one and that `span` before it go over from one to the other.
-void ShotMeasurer::MeasureMix(std::size_t picture, std::size_t span) {
-  constexpr float kOther = 0.4F;  // shapes this far apart are different pictures
-  constexpr float kOtherColours = 30;
-  const Picture& from = At(picture - span);
-  const Picture& to = At(picture);
-  // A light that is turned up shows the same shape all the time.
-  const bool other = ShapeChange(from.shape, to.shape) > kOther || ColourChange(from.levels, to.levels) > kOtherColours;
-  if (!other) return;
-  constexpr double kLeastStep = 0.06;
-  constexpr float kLeastMix = 0.2F;
-  double before = 1;
-  double rest = 0;
-  for (const std::size_t quarter : {1, 2, 3}) {
-    const Mixture mixture = MixtureOf(from.thumbnail, to.thumbnail, At(picture - span + span * quarter / 4).thumbnail);
-    if (mixture.part > before - kLeastStep) return;
-    before = mixture.part;
-    rest = std::max(rest, mixture.rest);
-  }
-  if (before < kLeastStep) return;
-  PictureMeasure& middle = measures_[picture - span / 2];
-  const auto mix = static_cast<float>(1 - 2 * rest);
-  middle.mix = std::max(middle.mix, mix);
-  if (mix > kLeastMix) middle.span = std::max(middle.span, static_cast<std::int32_t>(span));
 }
 
 }  // namespace cuewright

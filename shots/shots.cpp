@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 
 namespace cuewright {
 namespace {
@@ -11,28 +12,44 @@ namespace {
 constexpr std::size_t kAround = 6;
 /// A cut is the greatest change among this many pictures on each side.
 constexpr std::size_t kAlone = 2;
-/// Pictures in a row that are mixtures make a fade.
-constexpr std::size_t kLeastFade = 2;
 /// How much of the change at the next picture has to be exceeded as if it were usual.
 constexpr float kOfNext = 0.8F;
+/// How even a mixture of two shots is.
+constexpr float kLeastMix = 0.33F;
+constexpr float kMostMix = 0.95F;
+/// A longer stretch of a plain colour is a shot of its own.
+constexpr std::int64_t kLongestPlainUs = 1500000;
+
 /// A change of shape by more is that of a cut.
 constexpr float kSure = 0.5F;
-/// How much more a fade changes than what is around it.
-constexpr double kQuicker = 1.4;
-/// Pictures before and behind its middle that belong to every fade.
-constexpr std::size_t kLeastReach = 10;
-/// Mixtures this near to each other belong to one fade.
-constexpr std::size_t kOneFade = 8;
+/// The first pictures of a fade to a plain one may change as much, when it is quicker than this.
+constexpr std::size_t kLeastFall = 6;
+/// So few plain pictures belong to one fade even when one of its sides is too quick to be measured.
+constexpr std::size_t kFewPlain = 10;
 
-/// The middle one of the changes at some pictures.
-float Usual(const std::vector<PictureMeasure>& measures, std::size_t first, std::size_t end,
-            float PictureMeasure::*change) {
+/// Pictures from the last of one shot to the first of another by itself.
+struct Fade {
+  std::size_t first = 0;
+  std::size_t last = 0;
+
+  bool Has(std::size_t picture) const { return first <= picture && picture <= last; }
+  bool Overlaps(const Fade& other) const { return first < other.last && other.first < last; }
+};
+
+/// The changes at some pictures: the middle one and the second largest one.
+struct Usual {
+  float middle = 0;
+  float large = 0;
+};
+
+Usual UsualOf(const std::vector<PictureMeasure>& measures, std::size_t first, std::size_t end,
+              float PictureMeasure::*change) {
   std::array<float, kAround> values{};
   std::size_t count = 0;
   for (std::size_t i = first; i < end; ++i) values[count++] = measures[i].*change;
-  if (count == 0) return 0;
-  std::nth_element(values.begin(), values.begin() + count / 2, values.begin() + count);
-  return values[count / 2];
+  if (count == 0) return {};
+  std::sort(values.begin(), values.begin() + count);
+  return {values[count / 2], values[count > 1 ? count - 2 : 0]};
 }
 
 class Finder {
@@ -58,7 +75,13 @@ class Finder {
   float OverUsual(std::size_t i, float PictureMeasure::*step, float change, float least, float factor) const {
     const std::size_t from = i > kAround ? i - kAround : 1;
     const std::size_t to = std::min(i + 1 + kAround, measures_.size());
-    float usual = std::max(Usual(measures_, from, i, step), Usual(measures_, i + 1, to, step));
+    const Usual before = UsualOf(measures_, from, i, step);
+    const Usual behind = UsualOf(measures_, i + 1, to, step);
+    // Between the pictures that change there may be some that repeat, on both sides then, as far as the film goes.
+    float repeated = std::min(before.large, behind.large);
+    if (i <= kAround) repeated = behind.large;
+    if (i + kAround >= measures_.size()) repeated = before.large;
+    float usual = std::max({before.middle, behind.middle, repeated});
     // A cut is one step; two of about the same size are a quick fade.
     const float next = std::max(measures_[i - 1].*step, i + 1 < measures_.size() ? measures_[i + 1].*step : 0);
     usual = std::max(usual, std::min(next, change) * kOfNext);
@@ -78,61 +101,58 @@ class Finder {
     }
   }
 
-  /// A fade is a run of mixtures.
   void FindFades() {
-    const float least = std::min(0.3F * threshold_, 0.95F);
-    std::size_t first = 0;
-    std::size_t last = 0;
-    std::size_t count = 0;
-    std::int32_t reach = 0;
-    const auto end = [&] {
-      const bool dense = count >= kLeastFade && count * 2 > last - first;
-      if (dense) AddFade(first, last, static_cast<std::size_t>(reach) / 2);
-      count = 0;
-      reach = 0;
-    };
-    for (std::size_t i = 0; i < measures_.size(); ++i) {
-      if (measures_[i].mix < least) continue;
-      if (count != 0 && i > last + kOneFade) end();
-      if (count++ == 0) first = i;
-      last = i;
-      reach = std::max(reach, measures_[i].span);
-    }
-    end();
-  }
-
-  /// The pictures from one to another change more than those around them: not a picture that changes all the time.
-  bool IsQuicker(std::size_t first, std::size_t last, float PictureMeasure::*step) const {
-    double inside = 0;
-    for (std::size_t i = first; i <= last; ++i) inside += measures_[i].*step;
-    const std::size_t away = last - first + 2 * kAround;
-    const std::size_t middle = (first + last) / 2;
-    const auto around = [&](std::size_t from) {
-      return Usual(measures_, from, std::min(from + kAround, measures_.size()), step);
-    };
-    const bool before = middle > away + kAround;
-    const bool behind = middle + away + kAround < measures_.size();
-    // Nothing tells how the film changes otherwise.
-    if (!before && !behind) return false;
-    const float outside = std::max(before ? around(middle - away - kAround) : 0, behind ? around(middle + away) : 0);
-    return inside > kQuicker * outside * static_cast<double>(last - first + 1);
-  }
-
-  void AddFade(std::size_t first, std::size_t last, std::size_t reach) {
-    const std::size_t middle = (first + last + 1) / 2;
-    if (!IsQuicker(first, last, &PictureMeasure::step) && !IsQuicker(first, last, &PictureMeasure::colourStep)) return;
-    reach = std::max(reach, kLeastReach);
-    // A quick beginning of a fade may stand out as a cut does, but the pictures before and behind a cut aren't alike.
-    const auto sure = [&](const Shot& shot) { return measures_[static_cast<std::size_t>(shot.frame)].break_ > kSure; };
-    const auto within = [](const Shot& shot, std::size_t from, std::size_t to) {
+    FindPlainFades();
+    FindMixtures();
+    std::erase_if(shots_, [&](const Shot& shot) {
       const auto frame = static_cast<std::size_t>(shot.frame);
-      return shot.kind == ShotKind::Cut && frame > from && frame < to;
-    };
-    const std::size_t from = middle > reach ? middle - reach : 0;
-    if (std::ranges::any_of(shots_, [&](const Shot& shot) { return within(shot, first, last + 1) && sure(shot); }))
-      return;
-    std::erase_if(shots_, [&](const Shot& shot) { return within(shot, from, middle + reach) && !sure(shot); });
-    Add(middle, ShotKind::Fade);
+      return shot.kind == ShotKind::Cut &&
+             std::ranges::any_of(fades_, [&](const Fade& fade) { return fade.Has(frame); });
+    });
+    for (const Fade& fade : fades_) Add((fade.first + fade.last) / 2, ShotKind::Fade);
+  }
+
+  /// Where the way to a plain picture begins: not before a cut.
+  std::size_t FallsFrom(std::size_t plain) const {
+    std::size_t from = plain - std::min<std::size_t>(measures_[plain].fall, plain);
+    for (std::size_t i = from; i + kLeastFall < plain; ++i) {
+      if (measures_[i].break_ > kSure) from = i;
+    }
+    return from;
+  }
+
+  /// A film that goes to a plain colour, comes from one, or does both within a moment, which is one change of shot.
+  void FindPlainFades() {
+    for (std::size_t first = 0; first < measures_.size(); ++first) {
+      if (!measures_[first].plain) continue;
+      std::size_t last = first;
+      while (last + 1 < measures_.size() && measures_[last + 1].plain) ++last;
+      const std::size_t from = FallsFrom(first);
+      const std::size_t to = std::min(last + measures_[last].rise, measures_.size() - 1);
+      const bool short_ = last - first < kFewPlain && (from < first || last < to);
+      if (short_ || (from < first && last < to && measures_[last].us - measures_[first].us <= kLongestPlainUs)) {
+        fades_.push_back({from, to});
+      } else {
+        if (from < first) fades_.push_back({from, first});
+        if (last < to) fades_.push_back({last, to});
+      }
+      first = last;
+    }
+  }
+
+  /// Pictures that go over from one shot to another, the evenest first, of which no two share a picture.
+  void FindMixtures() {
+    const float least = std::min(kLeastMix * threshold_, kMostMix);
+    std::vector<std::size_t> middles;
+    for (std::size_t i = 0; i < measures_.size(); ++i) {
+      if (measures_[i].mix >= least) middles.push_back(i);
+    }
+    std::ranges::stable_sort(middles, std::greater(), [&](std::size_t i) { return measures_[i].mix; });
+    for (const std::size_t middle : middles) {
+      const std::size_t half = measures_[middle].span / 2;
+      const Fade fade{middle - std::min(half, middle), middle + half};
+      if (std::ranges::none_of(fades_, [&](const Fade& other) { return fade.Overlaps(other); })) fades_.push_back(fade);
+    }
   }
 
   void Add(std::size_t i, ShotKind kind) { shots_.push_back({static_cast<std::int32_t>(i), measures_[i].us, kind}); }
@@ -140,6 +160,7 @@ class Finder {
   const std::vector<PictureMeasure>& measures_;
   const float threshold_;
   std::vector<Shot> shots_;
+  std::vector<Fade> fades_;
 };
 
 }  // namespace

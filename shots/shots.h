@@ -17,7 +17,7 @@ struct Shot {
   std::int64_t us = 0;     ///< presentation time of that picture, in microseconds
   ShotKind kind = ShotKind::Cut;
 
-  Ms At() const { return Ms::OfMicroseconds(us); }
+  Ms At() const { return Ms::OfPicture(us); }
 };
 
 /// The changes of shot in what was measured, in order. A sensitivity of 1 is the usual one, 2 asks for half as much.

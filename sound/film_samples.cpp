@@ -24,6 +24,18 @@ std::vector<Text>& operator+=(std::vector<Text>& all, std::initializer_list<Text
   return all;
 }
 
+/// What is done to a track: "voice" is the sound that is measured, "whole" that of the wave. Where both are the same it
+/// is resampled once; many samples at a time cost the decoder much less.
+Text Graph(int track, bool centre, bool wave) {
+  const Text begun = u"[" + TrackOf(track) + u"]aresample=async=1:first_pts=0";
+  const Text mono = u",aformat=sample_fmts=s16:channel_layouts=mono:sample_rates=" + Decimal(kSamplesASecond) +
+                    u",asetnsamples=n=8192:p=0";
+  if (wave && !centre) return begun + mono + u",asplit[voice][whole]";
+  const Text voice = begun + (centre ? u",pan=mono|c0=FC" : u"") + mono + u"[voice]";
+  // Branches of one beginning would be given the channels of one of them.
+  return wave ? voice + u";" + begun + mono + u"[whole]" : voice;
+}
+
 std::string ProblemOf(int status, const std::string& log, bool any) {
   if (status == 0 && !TellsOfCutOff(log)) return any ? std::string() : "the film has no sound";
   if (log.find("matches no streams") != std::string::npos) return "the film has no such sound";
@@ -34,16 +46,13 @@ std::string ProblemOf(int status, const std::string& log, bool any) {
 }  // namespace
 
 std::vector<Text> SamplesArguments(TextView film, int track, bool centre, TextView wave) {
-  constexpr TextView kWhole = u"aresample=async=1:first_pts=0";
-  const Text rate = Decimal(kSamplesASecond);
   // "file:" keeps a name from being taken for an option or an address.
   std::vector<Text> all = {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + Text(film)};
-  all += {u"-map", TrackOf(track), u"-af", centre ? Text(kWhole) + u",pan=mono|c0=FC" : Text(kWhole)};
-  all += {u"-ac", u"1", u"-ar", rate, u"-c:a", u"pcm_s16le", u"-f", u"s16le", u"pipe:1"};
+  all += {u"-filter_complex", Graph(track, centre, !wave.empty())};
+  all += {u"-map", u"[voice]", u"-c:a", u"pcm_s16le", u"-f", u"s16le", u"pipe:1"};
   if (!wave.empty()) {
-    all += {u"-map", TrackOf(track), u"-af", kWhole, u"-ac", u"1", u"-ar", rate, u"-c:a", u"pcm_s16le"};
-    all += {u"-map_metadata", u"-1", u"-fflags", u"+bitexact", u"-flags:a", u"+bitexact", u"-f", u"wav"};
-    all += {u"file:" + Text(wave)};
+    all += {u"-map", u"[whole]", u"-c:a", u"pcm_s16le", u"-map_metadata", u"-1", u"-fflags", u"+bitexact"};
+    all += {u"-flags:a", u"+bitexact", u"-f", u"wav", u"file:" + Text(wave)};
   }
   // For some containers the decoder takes the start of the first selected stream as the start of the film: the picture
   // and the sound are therefore selected here as well, and written nowhere.

@@ -67,15 +67,16 @@ TEST_F(FilmOnTheBench, TheWaveFollowsTheTrackThatIsHeard) {
   ASSERT_EQ(processes.runs.size(), 1u);
   const auto track = [this] {
     const auto& given = processes.runs.back()->arguments;
-    return *(std::find(given.begin(), given.end(), u"-map") + 1);
+    const Text& graph = *(std::find(given.begin(), given.end(), u"-filter_complex") + 1);
+    return graph.substr(0, graph.find(u']') + 1);
   };
-  EXPECT_EQ(track(), u"0:1");
+  EXPECT_EQ(track(), u"[0:1]");
   player.audioTrack = 2;
   Window().tmrTime.Pass();
   Window().tmrTime.Pass();
   EXPECT_TRUE(processes.runs.front()->gone);
   ASSERT_EQ(processes.runs.size(), 2u);
-  EXPECT_EQ(track(), u"0:2");
+  EXPECT_EQ(track(), u"[0:2]");
 }
 
 TEST_F(FilmOnTheBench, IsDecodedByTheGraphicsCardWhenTheUserWantsIt) {

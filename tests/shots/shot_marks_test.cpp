@@ -49,7 +49,7 @@ TEST(ShotMarks, AreReadAsTheyWereWrittenAndOtherLinesArePassedOver) {
 TEST(MeasureBytes, AreReadAsTheyWereMeasured) {
   const std::vector<PictureMeasure> measures = {
       {.us = 41708, .step = 0.5F, .break_ = 0.25F, .colourStep = 14.5F, .colourBreak = 1, .mix = 0.125F, .span = 12},
-      {.us = -3, .span = -1}};
+      {.us = -3, .span = 64, .fall = 60, .rise = 2, .plain = true}};
   const std::string bytes = BytesOf(measures);
   EXPECT_EQ(bytes.size(), 16u + 2 * 32u);
   std::vector<PictureMeasure> read;
@@ -58,7 +58,10 @@ TEST(MeasureBytes, AreReadAsTheyWereMeasured) {
   EXPECT_EQ(read[0].us, 41708);
   EXPECT_EQ(read[0].mix, 0.125F);
   EXPECT_EQ(read[1].us, -3);
-  EXPECT_EQ(read[1].span, -1);
+  EXPECT_EQ(read[1].span, 64);
+  EXPECT_EQ(read[1].fall, 60);
+  EXPECT_EQ(read[1].rise, 2);
+  EXPECT_TRUE(read[1].plain);
 }
 
 TEST(MeasureBytes, ThoseThatWereCutOffOrAreOfAnotherKindGiveNothing) {
@@ -66,7 +69,7 @@ TEST(MeasureBytes, ThoseThatWereCutOffOrAreOfAnotherKindGiveNothing) {
   std::vector<PictureMeasure> read(5);
   for (const std::string& broken :
        {bytes.substr(0, bytes.size() - 1), bytes.substr(0, bytes.size() - 32), bytes + std::string(32, '\0'),
-        "x" + bytes.substr(1), std::string("CWSHOTS1"), std::string()}) {
+        "x" + bytes.substr(1), std::string("CWSHOTS2"), std::string()}) {
     EXPECT_FALSE(ReadMeasures(broken, read)) << broken.size();
     EXPECT_TRUE(read.empty());
   }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 #include <utility>
 #include <vector>
@@ -115,7 +116,7 @@ TEST_F(ShotsTest, ACutInTheDarkIsFound) {
 
 TEST_F(ShotsTest, AFlashIsNoCut) {
   const auto light = [](int level) { return level + 100; };
-  for (const int pictures : {1, 2, 3}) {
+  for (const int pictures : {1, 2, 3, 4, 5}) {
     Add(Scene(1), 20);
     Add(WithLuma(Scene(1), light), pictures);
   }
@@ -156,6 +157,64 @@ TEST_F(ShotsTest, AFadeToBlackIsAFade) {
   ASSERT_EQ(found.size(), 1u);
   EXPECT_EQ(found[0].second, kFade);
   EXPECT_NEAR(found[0].first, 48, 2);
+}
+
+TEST_F(ShotsTest, AFadeThroughBlackIsOneFadeAndItsMiddleIsInTheBlack) {
+  Add(Scene(1), 40);
+  for (int i = 1; i <= 12; ++i) Add(Mixed(Scene(1), Black(), i, 12));
+  Add(Black(), 5);
+  for (int i = 1; i <= 12; ++i) Add(Mixed(Black(), Scene(2), i, 12));
+  Add(Scene(2), 40);
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 40 + 14, 2);
+}
+
+TEST_F(ShotsTest, BlackForTwoSecondsLiesBetweenTwoFades) {
+  Add(Scene(1), 40);
+  for (int i = 1; i <= 12; ++i) Add(Mixed(Scene(1), Black(), i, 12));
+  Add(Black(), 50);
+  for (int i = 1; i <= 12; ++i) Add(Mixed(Black(), Scene(2), i, 12));
+  Add(Scene(2), 40);
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 2u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 46, 2);
+  EXPECT_EQ(found[1].second, kFade);
+  EXPECT_NEAR(found[1].first, 40 + 12 + 50 + 6, 2);
+}
+
+TEST_F(ShotsTest, AFilmComesOutOfTheBlackAndEndsInIt) {
+  for (int i = 0; i <= 24; ++i) Add(Mixed(Black(), Scene(1), i, 24));
+  Add(Scene(1), 60);
+  for (int i = 1; i < 24; ++i) Add(Mixed(Scene(1), Black(), i, 24));
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 2u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 12, 2);
+  EXPECT_EQ(found[1].second, kFade);
+  EXPECT_NEAR(found[1].first, 25 + 60 + 11, 2);
+}
+
+TEST_F(ShotsTest, AFadeBetweenShotsThatAreBothPannedOverIsFound) {
+  for (int i = 0; i < 40; ++i) Add(Scene(1, i / 4));
+  for (int i = 1; i <= 30; ++i) Add(Mixed(Scene(1, 10 + i / 4), Scene(2, i / 4), i, 31));
+  for (int i = 31; i < 70; ++i) Add(Scene(2, i / 4));
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 55, 2);
+}
+
+TEST_F(ShotsTest, AHandThatShakesMakesNoFade) {
+  for (int i = 0; i < 200; ++i) Add(Scene(1, static_cast<int>(std::lround(4 * std::sin(i / 3.0)))));
+  EXPECT_EQ(Find(), Found{});
+}
+
+TEST_F(ShotsTest, PicturesThatRepeatBetweenStepsAreNoCuts) {
+  for (int i = 0; i < 120; ++i) Add(Scene(1, i / 3 * 3));
+  EXPECT_EQ(Find(), Found{});
 }
 
 TEST_F(ShotsTest, AnotherSensitivityDecidesAnewOnTheSameMeasures) {

@@ -61,6 +61,31 @@ TEST_F(FilmSamplesTest, OfATrueCentreAreTheCentresAlone) {
   EXPECT_FALSE(HasCentre(processes, FromUtf8(test::Media().Film(1)), -1));
 }
 
+TEST_F(FilmSamplesTest, OfTheWaveBesideAreAllChannels) {
+  const std::string film = test::Media().Make(
+      "centre_and_sides.mkv",
+      "-f lavfi -i \"aevalsrc=sin(2*PI*400*t)/2|sin(2*PI*300*t)/2|gte(t\\,1)*sin(2*PI*500*t)/4|0|0|0:c=5.1:d=2\" "
+      "-c:a flac ");
+  for (const bool centre : {true, false}) {
+    const std::string wave = (test::Media().Folder() / (centre ? "beside.wav" : "both.wav")).string();
+    const auto child = processes.Start(u"ffmpeg", SamplesArguments(FromUtf8(film), -1, centre, FromUtf8(wave)));
+    std::string voice;
+    while (!child->Ended()) {
+      child->Wait(100);
+      voice += child->TakeOutput();
+    }
+    voice += child->TakeOutput();
+    SampleBytes bytes;
+    const auto whole = bytes.Take(voice);
+    samples.assign(whole.begin(), whole.end());
+    ASSERT_EQ(samples.size(), std::size_t{2 * kSamplesASecond});
+    EXPECT_EQ(Loudest(0, 0.95) < 100, centre);
+    Read(wave);
+    ASSERT_EQ(samples.size(), std::size_t{2 * kSamplesASecond});
+    EXPECT_GT(Loudest(0, 0.95), 1000);
+  }
+}
+
 TEST_F(FilmSamplesTest, AreNotThereWithoutSound) {
   const std::string silent = test::Media().SilentFilm(1);
   EXPECT_EQ(Read(silent).problem, "the film has no such sound");
