@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -88,6 +89,10 @@ int RunAlign(const Request& request, Session& session, Console& console) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const Row row = static_cast<int>(i) + 1;
     console.Out(request.json ? AsJson(row, lines[i]) : AsLine(row, lines[i]));
+  }
+  if (std::ranges::all_of(lines, &AlignedLine::doubtful)) {
+    session.Boxes().Tell(u"No line was surely found: '" + *request.film +
+                         u"' is silent, or nobody says the text in it.");
   }
   Store(lines, session.Captions());
   const Text objection = ObjectionToSource(request.files.front(), *request.out, false);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "voice/band_levels.h"
 #include "voice/fit_edge.h"
 #include "voice/fit_words.h"
 
@@ -28,7 +29,6 @@ constexpr std::size_t kBlock = 40;       ///< captions with one model of the voi
 constexpr std::size_t kNeighbours = 20;  ///< captions before and behind them that it learns from as well
 constexpr std::size_t kSample = 80;      ///< captions by which the hand is judged
 constexpr std::size_t kFewestSure = 5;
-constexpr float kAudibleDb = 20;
 constexpr double kLeastSeparation = 0.35;
 
 double MedianOf(std::vector<double> values) {
@@ -56,15 +56,6 @@ struct Calibrated {
       : start(caption.start.Count() - hand.start), end(std::max(caption.end.Count() - hand.end, start + kShortest)) {}
   StepSpan Steps() const { return {StepAt(start), StepAt(end)}; }
 };
-
-bool IsSilent(const SoundTable& sound) {
-  for (std::size_t step = 0; step < sound.Steps(); ++step) {
-    for (int band = 0; band < SoundTable::kBands; ++band) {
-      if (sound.Db(step, band) > kAudibleDb) return false;
-    }
-  }
-  return true;
-}
 
 /// True when some steps are likelier than others by what is heard.
 bool Tells(const EdgeEvidence& evidence) {

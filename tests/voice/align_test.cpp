@@ -132,6 +132,7 @@ TEST(AlignLines, WithoutSoundEveryLineIsDoubtful) {
     const std::vector<AlignedLine> aligned = AlignLines(lines, film);
     ASSERT_EQ(aligned.size(), 2U);
     for (const AlignedLine& each : aligned) EXPECT_TRUE(each.doubtful);
+    for (const AlignedLine& each : aligned) EXPECT_EQ(each.confidence, 0);
     EXPECT_LE(aligned[0].end, aligned[1].start);
   }
   EXPECT_TRUE(AlignLines({}, silence).empty());
