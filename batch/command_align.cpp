@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -8,7 +9,7 @@
 #include "core/paths.h"
 #include "platform/child_processes.h"
 #include "voice/align.h"
-#include "voice/spoken_text.h"
+#include "voice/spoken_captions.h"
 
 namespace cuewright {
 namespace {
@@ -52,16 +53,9 @@ std::vector<SoundTable> SpokenLinesOf(const Request& request, Session& session) 
   std::vector<Text> lines;
   for (Row row = 1; session.Captions().InRange(row); ++row) lines.push_back(session.Captions().GetSeenText(row, true));
   PosixProcesses processes;
-  const SpokenLines spoken = TextSpeaker(processes, request.language).Speak(lines);
-  std::vector<SoundTable> tables;
-  if (!spoken.problem.empty()) {
-    session.Boxes().Tell(FromUtf8(spoken.problem));
-    return tables;
-  }
-  for (const std::vector<std::int16_t>& line : spoken.lines) {
-    tables.push_back(TableOfSamples(line, spoken.samplesASecond));
-  }
-  return tables;
+  SpokenCaptions spoken = SpeakCaptions(processes, request.language, lines);
+  if (!spoken.problem.empty()) session.Boxes().Tell(FromUtf8(spoken.problem));
+  return std::move(spoken.words);
 }
 
 void Store(const std::vector<AlignedLine>& lines, CaptionList& captions) {
@@ -95,6 +89,10 @@ int RunAlign(const Request& request, Session& session, Console& console) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const Row row = static_cast<int>(i) + 1;
     console.Out(request.json ? AsJson(row, lines[i]) : AsLine(row, lines[i]));
+  }
+  if (std::ranges::all_of(lines, &AlignedLine::doubtful)) {
+    session.Boxes().Tell(u"No line was surely found: '" + *request.film +
+                         u"' is silent, or nobody says the text in it.");
   }
   Store(lines, session.Captions());
   const Text objection = ObjectionToSource(request.files.front(), *request.out, false);

@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "voice/align_match.h"
+#include "voice/band_levels.h"
 #include "voice/voice_likeness.h"
 
 namespace cuewright {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr float kUnspoken = 20;              ///< what it costs that nobody says a line
 constexpr double kChance = 0.97;             ///< the share of places that fit worse than one that fits by chance
-constexpr float kUnwritten = 0.02F;          ///< what a frame of voice costs that is in no line
+constexpr float kUnwritten = 0.05F;          ///< what a frame of voice costs that is in no line
 constexpr std::size_t kBehindFrames = 3000;  ///< of the window before where the lines so far end best
 constexpr std::size_t kAheadFrames = 9000;   ///< the least of it behind that
 constexpr std::size_t kMostAheadFrames = 30000;
@@ -21,6 +22,8 @@ constexpr float kFarWorse = 200;     ///< than the best way: never good again
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;
+constexpr double kTeaches = 0.95;  ///< confidence of a line from which others are found
+constexpr int kRounds = 2;         ///< the second goes by what the first told of the film's voices
 
 /// How the best way came to a frame with some lines behind it.
 enum class Step : std::uint8_t { Wait, Skip, Place };
@@ -67,10 +70,13 @@ void LessChance(LineMatch& match) {
 /// Walks through lines and film once, and then back along the best way.
 class Aligner {
  public:
-  Aligner(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice);
+  Aligner(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
+          const LineSpread& spread);
 
   bool Walk(const std::function<bool(std::size_t)>& goOn);
   std::vector<PlacedLine> Placed() const;
+  /// What the lines that were surely found tell of the film's voices.
+  void Teach(std::span<const PlacedLine> placed, LineSpread& spread);
 
  private:
   FrameRange NextWindow() const;
@@ -85,8 +91,9 @@ class Aligner {
   std::vector<Trail> trails_;
 };
 
-Aligner::Aligner(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice)
-    : lines_(lines), matcher_(film, lines), cost_(film.Frames() + 1) {
+Aligner::Aligner(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
+                 const LineSpread& spread)
+    : lines_(lines), matcher_(film, lines, spread), cost_(film.Frames() + 1) {
   constexpr std::size_t kSteps = FilmFeatures::kFrameMs / SoundTable::kStepMs;
   for (std::size_t i = 0; i < film.Frames(); ++i) cost_[i + 1] = cost_[i] + kUnwritten * voice[i * kSteps];
   best_ = {0.0F};
@@ -166,6 +173,29 @@ std::vector<PlacedLine> Aligner::Placed() const {
   return placed;
 }
 
+void Aligner::Teach(std::span<const PlacedLine> placed, LineSpread& spread) {
+  for (std::size_t line = 0; line < placed.size(); ++line) {
+    if (placed[line].frames.Count() == 0 || ConfidenceOf(placed[line], lines_[line].size()) < kTeaches) continue;
+    matcher_.Teach(lines_[line], placed[line].frames, spread);
+  }
+}
+
+/// Where lines are said; nothing when it isn't wanted any more.
+std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
+                                 const std::function<bool(std::size_t)>& goOn) {
+  LineSpread spread;
+  for (int round = 1;; ++round) {
+    Aligner aligner(film, lines, voice, spread);
+    if (!aligner.Walk(goOn)) return {};
+    std::vector<PlacedLine> placed = aligner.Placed();
+    if (round == kRounds) return placed;
+    LineSpread learned = spread;
+    aligner.Teach(placed, learned);
+    learned.Settle();
+    spread = learned;
+  }
+}
+
 /// Gives lines that nobody says the time between their neighbours, as far as they need it.
 void PlaceBetween(std::span<const SpokenFrames> spoken, Ms filmEnd, std::vector<AlignedLine>& lines) {
   constexpr Ms kPauseMs = 100;
@@ -193,10 +223,9 @@ std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const So
   const FilmFeatures sound(film);
   const std::vector<SpokenFrames> features = FeaturesOfLines(spoken);
   std::vector<AlignedLine> lines(spoken.size());
-  if (sound.Frames() > 2) {
-    Aligner aligner(sound, features, VoiceOfSound(film));
-    if (!aligner.Walk(goOn)) return {};
-    const std::vector<PlacedLine> placed = aligner.Placed();
+  if (sound.Frames() > 2 && !IsSilent(film)) {
+    const std::vector<PlacedLine> placed = PlacesOf(sound, features, VoiceOfSound(film), goOn);
+    if (placed.empty() && !lines.empty()) return {};
     for (std::size_t i = 0; i < lines.size(); ++i) {
       if (placed[i].frames.Count() == 0) continue;
       lines[i].start = static_cast<std::int32_t>(placed[i].frames.first * FilmFeatures::kFrameMs);

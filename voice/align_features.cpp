@@ -26,15 +26,15 @@ float FrameDb(const SoundTable& sound, std::size_t frame, std::size_t band) {
 
 FilmFeatures::FilmFeatures(const SoundTable& film) {
   const std::size_t frames = film.Steps() / kStepsAFrame;
+  frames_.resize(frames);
   quiet_.resize(frames / kBlock + 1);
-  for (std::size_t band = 0; band < bands_.size(); ++band) {
+  for (std::size_t band = 0; band < SoundTable::kBands; ++band) {
     const std::vector<BandLevels> levels = LevelsOf(film, band, {kBlock * kStepsAFrame, kAroundSteps, kQuiet, kLoud});
     for (std::size_t block = 0; block < quiet_.size() && block < levels.size(); ++block) {
       quiet_[block][band] = std::max(levels[block].quiet - levels[block].loud, kLowest);
     }
-    bands_[band].resize(frames);
     for (std::size_t frame = 0; frame < frames; ++frame) {
-      bands_[band][frame] = std::max(FrameDb(film, frame, band) - levels[frame / kBlock].loud, kLowest);
+      frames_[frame][band] = std::max(FrameDb(film, frame, band) - levels[frame / kBlock].loud, kLowest);
     }
   }
 }

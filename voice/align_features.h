@@ -9,8 +9,7 @@
 
 namespace cuewright {
 
-/// A film's sound every 20 ms: how far its bands lie above or below what is loud around, in dB. One run of numbers for
-/// each band, so that many frames are compared at once.
+/// A film's sound every 20 ms: how far its bands lie above or below what is loud around, in dB.
 class FilmFeatures {
  public:
   static constexpr int kFrameMs = 20;
@@ -20,13 +19,13 @@ class FilmFeatures {
 
   explicit FilmFeatures(const SoundTable& film);
 
-  std::size_t Frames() const { return bands_.front().size(); }
-  std::span<const float> Band(std::size_t band) const { return bands_[band]; }
+  std::size_t Frames() const { return frames_.size(); }
+  const Bands& At(std::size_t frame) const { return frames_[frame]; }
   /// What lies below these is not heard there: the noise or music around a frame.
   const Bands& Quiet(std::size_t frame) const { return quiet_[frame / kBlock]; }
 
  private:
-  std::array<std::vector<float>, SoundTable::kBands> bands_;
+  std::vector<Bands> frames_;
   std::vector<Bands> quiet_;
 };
 

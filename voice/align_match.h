@@ -1,10 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
 #include "voice/align_features.h"
+#include "voice/align_spread.h"
 
 namespace cuewright {
 
@@ -30,9 +33,14 @@ using SpokenFrames = std::vector<FilmFeatures::Bands>;
 class LineMatcher {
  public:
   /// `lines` tell what speech in general sounds like.
-  LineMatcher(const FilmFeatures& film, std::span<const SpokenFrames> lines);
+  LineMatcher(const FilmFeatures& film, std::span<const SpokenFrames> lines, const LineSpread& spread);
 
-  void Match(const SpokenFrames& line, const FrameRange& window, LineMatch& match);
+  /// `taken` is called at each frame of the line, with all up to it in `match`.
+  void Match(const SpokenFrames& line, const FrameRange& window, LineMatch& match,
+             const std::function<void()>& taken = {});
+
+  /// Teaches what the frames of a line are heard as that is said in a place.
+  void Teach(const SpokenFrames& line, const FrameRange& place, LineSpread& spread);
 
  private:
   using Bands = FilmFeatures::Bands;
@@ -43,9 +51,10 @@ class LineMatcher {
   void Advance(LineMatch& match);
 
   const FilmFeatures& film_;
+  const LineSpread& spread_;
+  std::array<std::vector<float>, SoundTable::kBands> scaled_;  ///< the film, as distances are measured
   std::vector<float> anything_;  ///< how well each frame of the film fits speech in general
   std::vector<float> scores_;    ///< of a frame of the line in the window
-  std::vector<float> sums_;      ///< of the differences of all bands
   LineMatch fresh_;
 };
 

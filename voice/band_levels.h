@@ -39,4 +39,7 @@ struct LevelWindow {
 /// The levels of a band around the middle of each block.
 std::vector<BandLevels> LevelsOf(const SoundTable& sound, std::size_t band, const LevelWindow& window);
 
+/// True when nothing in the sound can be heard.
+bool IsSilent(const SoundTable& sound);
+
 }  // namespace cuewright

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "voice/band_levels.h"
 #include "voice/fit_edge.h"
 #include "voice/fit_words.h"
 
@@ -15,11 +16,11 @@ constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the 
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
 constexpr double kFirstStart = 1;            ///< ms; a start of 0 would mean no times
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
-/// Confidence from which a time moves; without its words a caption is believed less.
-constexpr double kStartEnough = 0.68;
-constexpr double kStartEnoughAlone = 0.75;
-constexpr double kEndEnough = 0.62;
-constexpr double kEndEnoughAlone = 0.7;
+/// Up to this risk of being worse than the constant a time moves; without its words a caption is believed less.
+constexpr double kMostStartRisk = 0.2;
+constexpr double kMostStartRiskAlone = 0.085;
+constexpr double kMostEndRisk = 0.18;
+constexpr double kMostEndRiskAlone = 0.16;
 constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
 constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
 constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
@@ -28,7 +29,6 @@ constexpr std::size_t kBlock = 40;       ///< captions with one model of the voi
 constexpr std::size_t kNeighbours = 20;  ///< captions before and behind them that it learns from as well
 constexpr std::size_t kSample = 80;      ///< captions by which the hand is judged
 constexpr std::size_t kFewestSure = 5;
-constexpr float kAudibleDb = 20;
 constexpr double kLeastSeparation = 0.35;
 
 double MedianOf(std::vector<double> values) {
@@ -57,13 +57,11 @@ struct Calibrated {
   StepSpan Steps() const { return {StepAt(start), StepAt(end)}; }
 };
 
-bool IsSilent(const SoundTable& sound) {
-  for (std::size_t step = 0; step < sound.Steps(); ++step) {
-    for (int band = 0; band < SoundTable::kBands; ++band) {
-      if (sound.Db(step, band) > kAudibleDb) return false;
-    }
-  }
-  return true;
+/// True when some steps are likelier than others by what is heard.
+bool Tells(const EdgeEvidence& evidence) {
+  constexpr double kLeast = 0.5;
+  const auto [least, most] = std::ranges::minmax(evidence.values);
+  return most - least >= kLeast;
 }
 
 /// Fits the captions of a film one by one for a given hand.
@@ -112,6 +110,8 @@ class Fitter {
     const double trust = spoken ? EdgeTrust::kWithWords : EdgeTrust::kAlone;
     EdgeEvidence start = StartEvidence(model, steps.first - reach, count, trust);
     EdgeEvidence end = EndEvidence(model, steps.last - reach, count, trust);
+    const bool startTold = Tells(start);
+    const bool endTold = Tells(end);
     for (std::size_t at = 0; at < count; ++at)
       start.values[at] += hand_.StartLikelihood(caption.start.Count() - MsOf(start, at));
     const bool aligned =
@@ -119,7 +119,10 @@ class Fitter {
     AddDrownedEnd(end, levels.Contrast());
     for (std::size_t at = 0; at < count; ++at)
       end.values[at] += hand_.EndLikelihood(caption.end.Count() - MsOf(end, at));
-    return {GuessEdge(start), GuessEdge(end), aligned};
+    Edges edges{GuessEdge(start, usual.start), GuessEdge(end, usual.end), aligned};
+    if (!startTold && !aligned) edges.start.risk = 1;
+    if (!endTold && !aligned) edges.end.risk = 1;
+    return edges;
   }
 
  private:
@@ -233,8 +236,8 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   fitted.wanted = true;
   fitted.startConfidence = edges.start.confidence;
   fitted.endConfidence = edges.end.confidence;
-  fitted.startMoved = edges.start.confidence >= (edges.spoken ? kStartEnough : kStartEnoughAlone);
-  fitted.endMoved = edges.end.confidence >= (edges.spoken ? kEndEnough : kEndEnoughAlone);
+  fitted.startMoved = edges.start.risk <= (edges.spoken ? kMostStartRisk : kMostStartRiskAlone);
+  fitted.endMoved = edges.end.risk <= (edges.spoken ? kMostEndRisk : kMostEndRiskAlone);
   const double start = std::max(kFirstStart, fitted.startMoved ? edges.start.ms : usual.start);
   const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
   fitted.start = Ms::Nearest(start);

@@ -40,6 +40,19 @@ EdgeEvidence ChangeEvidence(const VoiceModel& model, std::ptrdiff_t first, std::
   return evidence;
 }
 
+/// The probability that an edge is nearer to the usual place than to the guess, by more than a frame of 24 a second.
+double RiskOf(const std::vector<double>& probability, double usual, double guess) {
+  constexpr double kFrameSteps = 4.2;
+  const double apart = std::abs(guess - usual);
+  if (apart <= kFrameSteps) return 0;
+  double risk = 0;
+  for (std::size_t place = 0; place < probability.size(); ++place) {
+    const double at = static_cast<double>(place);
+    if (std::abs(at - guess) > std::abs(at - usual) + kFrameSteps) risk += probability[place];
+  }
+  return risk;
+}
+
 }  // namespace
 
 EdgeEvidence StartEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust) {
@@ -65,7 +78,7 @@ void AddDrownedEnd(EdgeEvidence& end, double contrast) {
   for (std::size_t at = 0; at < count; ++at) end.values[at] = std::log(ended[at] + kLeastProbability);
 }
 
-EdgeGuess GuessEdge(const EdgeEvidence& evidence) {
+EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs) {
   const std::vector<double> probability = Probabilities(evidence.values);
   // The median errs least in the mean, and between the steps it is finer than they are.
   std::size_t middle = 0;
@@ -80,6 +93,8 @@ EdgeGuess GuessEdge(const EdgeEvidence& evidence) {
     guess.confidence += probability[static_cast<std::size_t>(step)];
   }
   guess.confidence = std::min(guess.confidence, 1.0);
+  const double first = static_cast<double>(evidence.first);
+  guess.risk = RiskOf(probability, usualMs / SoundTable::kStepMs - first, guess.ms / SoundTable::kStepMs - first);
   return guess;
 }
 

@@ -23,7 +23,7 @@ struct EdgeEvidence {
 
 /// What a likelihood is worth that was added up over steps: these are far from independent of each other.
 struct EdgeTrust {
-  static constexpr double kAlone = 0.1;        ///< nothing but the voice's beginning or end is known
+  static constexpr double kAlone = 0.085;      ///< nothing but the voice's beginning or end is known
   static constexpr double kWithWords = 0.035;  ///< the caption's own words are, too
 };
 
@@ -40,7 +40,9 @@ void AddDrownedEnd(EdgeEvidence& end, double contrast);
 struct EdgeGuess {
   double ms = 0;
   double confidence = 0;  ///< the probability of +-50 ms
+  double risk = 0;        ///< the probability that it is more than a frame further off than what it is held against
 };
-EdgeGuess GuessEdge(const EdgeEvidence& evidence);
+/// `usualMs` is where the edge is held to be without what was heard.
+EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs);
 
 }  // namespace cuewright

@@ -7,14 +7,14 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kBands = SoundTable::kBands;
-constexpr float kMostMismatch = 14;  ///< dB of a band; more tells that something else is heard, not how much
+constexpr float kMostMismatch = 10;  ///< dB of a band; more tells that something else is heard, not how much
 constexpr float kShareOfChange = 0.5F;
 constexpr float kUsualChange = 6;      ///< dB by which the changes of two unlike sounds differ
 constexpr std::ptrdiff_t kChange = 3;  ///< steps to each side
 constexpr float kUnevenPace = 1.5F;    ///< cost of a step that stays at a word's or leaves one out
 constexpr float kGap = 6;              ///< cost of a step in which nobody speaks, as far as the bands tell nothing
 constexpr float kVoiceInGap = 2;
-constexpr double kTrust = 0.04;  ///< log likelihood of a unit of cost; steps are far from independent
+constexpr double kTrust = 0.045;  ///< log likelihood of a unit of cost; steps are far from independent
 constexpr float kNever = 1e9F;
 constexpr std::size_t kMostWords = 1200;  ///< steps, 12 s
 constexpr std::size_t kFewestWords = 6;

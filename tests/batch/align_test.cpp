@@ -62,5 +62,44 @@ TEST_F(AlignTest, WhatIsMissingIsTold) {
   EXPECT_EQ(Read("text.txt"), "One line.\n");
 }
 
+TEST_F(AlignTest, WhereNobodySpeaksNoLineIsSureAndThatIsTold) {
+  Write("text.txt", "The train for the coast leaves in twenty minutes.\nHave you seen my yellow umbrella?\n");
+  ASSERT_EQ(Shell("ffmpeg -v error -f lavfi -i anullsrc -t 40 silence.wav").status, 0);
+  ASSERT_EQ(Shell("ffmpeg -v error -f lavfi -i \"aevalsrc='0.2*sin(2*PI*220*t)*exp(-2*mod(t,0.5))+0.1*sin(2*PI*660*t)"
+                  "*exp(-2*mod(t+0.25,1))':s=22050:d=40\" music.wav")
+                .status,
+            0);
+  for (const std::string film : {"silence.wav", "music.wav"}) {
+    const ProcessResult result = Batch({"align", "text.txt", "--film", film, "--language", "en", "--out", "out.srt"});
+    EXPECT_EQ(result.status, 0) << result.error;
+    for (const std::string& line : LinesOf(result.out)) EXPECT_EQ(FieldsOf(line)[4], "doubtful") << film << line;
+    EXPECT_NE(result.error.find("No line was surely found"), std::string::npos) << result.error;
+    EXPECT_NE(result.error.find(film), std::string::npos) << result.error;
+  }
+}
+
+TEST_F(AlignTest, ClippedSoundAndEightChannelsAreHeard) {
+  MakeFilm();
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af volume=30dB clipped.wav").status, 0);
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af 'pan=7.1|FC=c0|FL=0*c0' eight.flac").status, 0);
+  for (const std::string film : {"clipped.wav", "eight.flac"}) {
+    const ProcessResult result = Batch({"align", "text.txt", "--film", film, "--language", "en", "--out", "out.srt"});
+    ASSERT_EQ(result.status, 0) << result.error;
+    const std::vector<std::string> lines = LinesOf(result.out);
+    ASSERT_EQ(lines.size(), 5U) << result.out;
+    EXPECT_NEAR(std::stoi(FieldsOf(lines[0])[1]), 2000, 250) << film << lines[0];
+  }
+}
+
+TEST_F(AlignTest, WithoutTheSpeakerNothingIsWrittenAndItIsToldHowToGetIt) {
+  Write("text.txt", "One line.\n");
+  ASSERT_EQ(Shell("ffmpeg -v error -f lavfi -i anoisesrc=d=5:seed=3 film.wav").status, 0);
+  ASSERT_EQ(Shell("mkdir bin && ln -s $(which ffmpeg) bin/ffmpeg && ln -s $(which ffprobe) bin/ffprobe").status, 0);
+  const ProcessResult result = Shell("PATH=$PWD/bin $B align text.txt --film film.wav --language en --out out.srt");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.error.find("the package espeak-ng"), std::string::npos) << result.error;
+  EXPECT_FALSE(Exists("out.srt"));
+}
+
 }  // namespace
 }  // namespace cuewright::test

@@ -104,5 +104,19 @@ TEST_F(SyncTest, NoSoundAndSilenceAreTold) {
   EXPECT_EQ(Batch({"sync", "a.srt", "--with", "b.srt"}).status, 2);
 }
 
+TEST_F(SyncTest, ClippedSoundEightChannelsAndALongSilenceChangeNothing) {
+  MakeFilm();
+  Write("late.srt", Captions(7250));
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af volume=30dB clipped.wav").status, 0);
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af 'pan=7.1|FC=c0|FL=0*c0' eight.flac").status, 0);
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af apad=whole_dur=3600 -compression_level 0 long.flac").status, 0);
+  for (const std::string film : {"clipped.wav", "eight.flac", "long.flac"}) {
+    const ProcessResult result = Batch({"sync", "late.srt", "--with", film, "--out", "out.srt"});
+    EXPECT_EQ(result.status, 0) << film << result.error;
+    ASSERT_EQ(LinesOf(result.out).size(), 1U) << film << result.out;
+    EXPECT_NEAR(std::stoi(FieldsOf(result.out)[2]), -7250, 30) << film;
+  }
+}
+
 }  // namespace
 }  // namespace cuewright::test

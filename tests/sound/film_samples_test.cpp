@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
+#include "core/process_output.h"
 #include "platform/child_processes.h"
 #include "tests/support/media_files.h"
 #include "text/utf8.h"
@@ -46,6 +49,43 @@ TEST_F(FilmSamplesTest, BeginWhereTheFilmBegins) {
   EXPECT_NEAR(told, static_cast<double>(samples.size()) / kSamplesASecond, 1e-9);
   EXPECT_LT(Loudest(0, 1.45), 200);
   EXPECT_GT(Loudest(1.55, 1.65), 500);
+}
+
+TEST_F(FilmSamplesTest, KeepTheirPlaceBesideThePictureInEveryContainer) {
+  // An encoder puts silence before the sound. A container either tells to skip it, or moves the picture by as much.
+  struct Kind {
+    const char* name;
+    const char* codec;
+  };
+  for (const Kind& kind :
+       {Kind{"aac.mp4", "aac"}, Kind{"aac.mkv", "aac"}, Kind{"aac.ts", "aac"}, Kind{"mp3.mp4", "mp3"},
+        Kind{"mp3.mkv", "mp3"}, Kind{"flac.mkv", "flac"}, Kind{"wave.mkv", "pcm_s16le"}}) {
+    const std::string film = test::Media().Make(
+        kind.name, std::string("-f lavfi -i color=s=64x36:r=25:d=4 -f lavfi -i \"aevalsrc=gte(t\\,2)*sin(2*PI*700*t)/2"
+                               ":s=22050:d=4\" -c:v mpeg4 -c:a ") +
+                       kind.codec + " ");
+    const auto startOf = [&](TextView what) {
+      return std::atof(OutputOf(processes, u"ffprobe",
+                                {u"-v", u"error", u"-select_streams", u"v:0", u"-show_entries",
+                                 Text(what) + u"=start_time", u"-of", u"csv=p=0", FromUtf8(film)})
+                           .c_str());
+    };
+    const double picture = startOf(u"stream") - startOf(u"format");
+    EXPECT_EQ(Read(film).problem, "") << kind.name;
+    const auto heard = std::ranges::find_if(samples, [](int sample) { return std::abs(sample) > 1500; });
+    const auto seconds = static_cast<double>(heard - samples.begin()) / kSamplesASecond;
+    EXPECT_NEAR(seconds - picture, 2, 0.006) << kind.name;
+  }
+}
+
+TEST_F(FilmSamplesTest, HoldTheWholeOfASoundByItself) {
+  for (const char* name : {"alone.wav", "alone.flac", "alone.mp3", "alone.mp4"}) {
+    const std::string film =
+        test::Media().Make(name, "-f lavfi -i \"aevalsrc=gte(t\\,2)*sin(2*PI*700*t)/2:s=22050:d=4\" ");
+    EXPECT_EQ(Read(film).problem, "") << name;
+    const auto heard = std::ranges::find_if(samples, [](int sample) { return std::abs(sample) > 1500; });
+    EXPECT_NEAR(static_cast<double>(heard - samples.begin()) / kSamplesASecond, 2, 0.006) << name;
+  }
 }
 
 TEST_F(FilmSamplesTest, OfATrueCentreAreTheCentresAlone) {
