@@ -7,6 +7,7 @@
 #include "formats/doubtful_file.h"
 #include "formats/encoding_rules.h"
 #include "formats/rate_line.h"
+#include "formats/rate_question.h"
 #include "formats/source/catalogue_format.h"
 #include "formats/source/ebu_format.h"
 #include "formats/source/record_watch.h"
@@ -342,31 +343,12 @@ bool Importer::ReadFrameRate(TextFile* file) {
   return static_cast<bool>(state.CurrentFps);
 }
 
-FrameRate Importer::AcceptedRate(const Text& answer) const {
-  if (captions_.Options().manner.TimesAreExact()) {
-    const FrameRate rate = FrameRate::FromText(answer);
-    return rate.IsUsual() ? rate : FrameRate();
-  }
-  // The whole part decides: "30,9" is accepted because 30 is.
-  const double whole = LeadingNumber(ReplaceAll(answer, u".", u","));
-  if (answer.size() >= 9 || whole < 15 || whole > 30) return {};
-  return LeadingNumber(ReplaceAll(answer, u",", u"."));
-}
-
 FrameRate Importer::PromptForFps() {
-  const LangStrings& strings = talk_.strings;
-  const bool exact = captions_.Options().manner.TimesAreExact();
-  const Text name = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
-  const bool filmKnown = exact && formats_.state.FilmFps.IsUsual();
-  const Text offered = filmKnown ? formats_.state.FilmFps.AsText() : Decimal(kUsualRate);
-  for (;;) {
-    const Text answer =
-        talk_.messages.Ask({Fill(strings[Message::FpsForImport], name), strings[Message::SourceVideoFps], offered});
-    if (answer.empty()) return {};
-    if (const FrameRate rate = AcceptedRate(answer)) return rate;
-    talk_.messages.Show({strings[exact ? Message::FpsOutOfRange : Message::FpsInvalid], BoxIcon::Error, BoxButtons::Ok,
-                         WithoutDots(strings[Message::OpenText])});
-  }
+  RateQuestion question;
+  question.format = formats_.catalogue.DisplayName(formats_.CurrentIdentifier());
+  question.film = formats_.state.FilmFps;
+  question.exact = captions_.Options().manner.TimesAreExact();
+  return AskFrameRate(talk_, question);
 }
 
 void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& errors) {

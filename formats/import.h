@@ -83,7 +83,6 @@ class Importer {
   bool IsWanted(const std::vector<Caption>& rows, const SourceMap* map);
   void BeginImport();
   bool ReadFrameRate(TextFile* file);
-  FrameRate AcceptedRate(const Text& answer) const;
   void FillList(std::vector<Caption> rows, Loading loading, CarryOn& errors);
   void TellAppended();
   void TellError(TextView path, const CarryOn& errors);
