@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=offscreen
 
-targets="bench_audio_bar bench_breaks bench_caption_list bench_check bench_formats bench_hostile bench_rules bench_rules_window bench_spelling busy_window
+targets="bench_audio_bar bench_breaks bench_caption_list bench_check bench_film_sound bench_formats bench_hostile bench_rules bench_rules_window bench_spelling busy_window
   cuewright cuewright_batch cuewright_resources formats_floor formats_whole_process startup_floor startup_watch vdrun
   wave_floor wave_load"
 # shellcheck disable=SC2086
@@ -38,6 +38,9 @@ run breaks "$bin/bench_breaks" resources bench/breaks/en.txt bench/breaks/es.txt
 run rules "$bin/bench_rules" --moment
 run rules_window "$bin/bench_rules_window" --moment
 run spelling "$bin/bench_spelling"
+ffmpeg -v error -f lavfi -i sine=d=10 -ac 2 "$work/film.mka"
+run film_sound "$bin/bench_film_sound" "$work/film.mka" "$work/film.wav" 1
+run shots bench/shots/shots.py "$bin/cuewright-batch" --films 1 --shots 4
 run wave bench/wave/compare.py "$build" --moment
 run vdrun bench/external/compare.py "$bin/vdrun/vdrun" --moment
 run startup env -u QT_QPA_PLATFORM bench/startup/run.sh "$build" 1

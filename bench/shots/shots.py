@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """How well `cuewright-batch shots` finds the changes of shot in films whose changes are known, and what that costs.
 
-    bench/shots/shots.py build/release/bin/cuewright-batch [--set tune|report] [--films 2] [--shots 12] [--keep DIR]
+    bench/shots/shots.py build/release/bin/cuewright-batch [--set tune|report] [--films 2] [--shots 12] [--rounds 3]
+        [--keep DIR]
 
 The films are those of films.py. A cut counts as found when its frame is right; any other cut is wrong, also within a
 fade. A fade counts as found when it lies within the fade, once; any other one is wrong. A subtitle that begins at the
 time told for a cut is burned into each film, and the first picture that shows it has to be that of the cut. The
-processor time is measured against that of ffmpeg decoding the film into nothing, the least of three each, in turns.
+processor time is measured against that of ffmpeg decoding the film into nothing, the least of some rounds each, in turns.
 """
 import argparse
 import collections
@@ -91,7 +92,7 @@ def seconds_of(*command):
     return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
 
 
-def cost(batch, path, rounds=3):
+def cost(batch, path, rounds):
     """Processor seconds of the decoder alone and of finding shots."""
     decoding, finding = [], []
     for _ in range(rounds):
@@ -121,6 +122,7 @@ def main():
     parser.add_argument("--set", choices=films.SETS, default="tune")
     parser.add_argument("--films", type=int, help="only the first ones")
     parser.add_argument("--shots", type=int, help="of each film")
+    parser.add_argument("--rounds", type=int, default=3, help="of measuring the time; 0 leaves that out")
     parser.add_argument("--keep", help="a folder where the films stay")
     options = parser.parse_args()
     totals = {"cuewright": [0] * 7, "scdet 10": [0] * 7}
@@ -136,10 +138,12 @@ def main():
             marks = [a + b for a, b in zip(marks, burned(path, found, folder))]
             for name, more in (("cuewright", counts), ("scdet 10", scored(scdet(path), truth)[0])):
                 totals[name] = [a + b for a, b in zip(totals[name], more)]
-            decoding, finding = cost(options.batch, path)
             rate = film.rate + (" varying" if film.vfr else "")
-            print(f"{film.size:>9} {rate:>14}  cuts {f1(*counts[:3]):.3f}  fades {f1(*counts[4:]):.3f}"
-                  f"  decoder {decoding:.2f} s, ours {finding / decoding:.2f} times that", flush=True)
+            print(f"{film.size:>9} {rate:>14}  cuts {f1(*counts[:3]):.3f}  fades {f1(*counts[4:]):.3f}", end="")
+            if options.rounds:
+                decoding, finding = cost(options.batch, path, options.rounds)
+                print(f"  decoder {decoding:.2f} s, ours {finding / decoding:.2f} times that", end="")
+            print(flush=True)
     for name, counts in totals.items():
         print(f"{name:10} cuts F1 {f1(*counts[:3]):.3f}  fades F1 {f1(*counts[4:]):.3f}  ",
               ", ".join(f"{what} {count}" for what, count in zip(COUNTS, counts)))

@@ -73,7 +73,8 @@ TEST_F(FilmSoundTest, TheToolBarOffersItWithAFilmAlone) {
 TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
   processes.said = "5.1(side)\n";
   Window().mnuFilmSound.Click();
-  EXPECT_TRUE(std::ranges::count(Run().arguments, u"aresample=async=1:first_pts=0,pan=mono|c0=FC") == 1);
+  EXPECT_EQ(
+      std::ranges::count_if(Run().arguments, [](const Text& a) { return a.find(u"pan=mono|c0=FC") != Text::npos; }), 1);
   Run().output = std::string(kSecond, '\1');
   Decode();
   const WaveDetails& details = program->waveDetails;
