@@ -1,79 +1,15 @@
 #include "forms/voice_fitting.h"
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "forms/held_hand.h"
-#include "tests/support/program_fixture.h"
+#include "tests/forms/voice_fitting_rig.h"
 #include "voice/hand_exercise.h"
 
 namespace cuewright {
 namespace {
 
-using testing::FakeProcesses;
-using testing::ProgramFixture;
-
-/// A film in which somebody speaks four times, and captions that were held for that, each late.
-struct VoiceFittingTest : ProgramFixture {
-  VoiceFittingTest() {
-    std::string held;
-    for (const int start : kStarts) {
-      const auto clock = [](int ms) {
-        return "00:00:" + std::to_string(100 + ms / 1000).substr(1) + "," + std::to_string(1000 + ms % 1000).substr(1);
-      };
-      held += "1\r\n" + clock(start + 210) + " --> " + clock(start + kLength + 190) + "\r\nWords\r\n\r\n";
-    }
-    program->documentFiles.OpenSubtitleFile(folder.Write("a.srt", held));
-    Play(folder.Write("film.mkv", "x"));
-  }
-
-  /// The sound of the film as the decoder gives it, a buzz where somebody speaks.
-  static std::string Samples() {
-    std::string bytes;
-    unsigned noise = 1;
-    for (int sample = 0; sample < 24 * kSamplesASecond; ++sample) {
-      const int ms = static_cast<int>(std::int64_t{sample} * 1000 / kSamplesASecond);
-      bool spoken = false;
-      for (const int start : kStarts) spoken = spoken || (ms >= start && ms < start + kLength);
-      noise = noise * 1664525 + 1013904223;
-      const int value = static_cast<int>(noise >> 27) + (spoken ? (sample % 157) * 50 - 4000 : 0);
-      bytes += static_cast<char>(value & 0xFF);
-      bytes += static_cast<char>((value >> 8) & 0xFF);
-    }
-    return bytes;
-  }
-
-  /// The decoder gives the sound and ends, and the search is waited for.
-  void Hear(const std::string& samples, int status = 0) {
-    processes.runs.back()->output = samples;
-    processes.runs.back()->status = status;
-    WaitForSearch();
-  }
-  void WaitForSearch() {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (Window().tmrFit.Enabled() && std::chrono::steady_clock::now() < end) {
-      Window().tmrFit.Pass();
-      std::this_thread::yield();
-    }
-    ASSERT_FALSE(Window().tmrFit.Enabled());
-  }
-
-  /// A caption that was held, and the sure fit of it.
-  FitMove KeptFit(Row row) {
-    program->fitMarks.Hold(row);
-    FitMove move{row, program->list.TimesAt(row), *program->fitMarks.Find(row)};
-    move.mark.fitted = {move.before.start + 30, move.before.end - 10};
-    move.mark.startMoved = move.mark.endMoved = true;
-    move.mark.startConfidence = move.mark.endConfidence = 0.9;
-    return move;
-  }
-  Ms StartOf(Row row) const { return program->list.GetCaptionStart(row); }
-  Text Told() { return Window().lblNotice.GetText(); }
-
-  static constexpr int kLength = 2000;
-  static constexpr int kStarts[] = {2000, 7000, 12000, 17000};
-};
+using testing::VoiceFittingTest;
 
 TEST_F(VoiceFittingTest, ADocumentThatCameMeanwhileIsLeftAlone) {
   Window().mnuFitAll.Click();
@@ -225,119 +161,6 @@ TEST_F(VoiceFittingTest, TheTableThatTheAudioBarKeptIsTakenInsteadOfTheFilm) {
   WaitForSearch();
   EXPECT_TRUE(processes.runs.empty());
   EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
-}
-
-/// The film's sound is known, and the captions have no times yet.
-struct ReleaseFittingTest : VoiceFittingTest {
-  ReleaseFittingTest() {
-    Window().mnuFitAll.Click();
-    Hear(Samples());
-    program->list.SetRow(1, false);
-    for (Row row = 1; row <= 4; ++row) program->list.ClearCaptionTiming(row, false);
-    program->options.pressLate = {200, 0, 0};
-    program->options.releaseLate = {180, 0, 0};
-    program->options.autoJoin = 0;
-  }
-  void Hold(int start, int end) {
-    player.state = kPlayerPlaying;
-    Press(start);
-    Release(end);
-  }
-  void Press(int at) {
-    player.position = at / 1000.0;
-    Window().tmrTime.Pass();
-    program->capture.StartCaption(false, false);
-  }
-  void Release(int at) {
-    player.position = at / 1000.0;
-    Window().tmrTime.Pass();
-    program->capture.EndCaption();
-  }
-  void WaitForFit() {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (Window().tmrRelease.Enabled() && std::chrono::steady_clock::now() < end) {
-      Window().tmrRelease.Pass();
-      std::this_thread::yield();
-    }
-    ASSERT_FALSE(Window().tmrRelease.Enabled());
-  }
-};
-
-TEST_F(ReleaseFittingTest, TheTimesOfTheHandAreStoredAndTheFitIsASecondStep) {
-  Hold(2230, 4170);
-  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
-  WaitForFit();
-  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
-  EXPECT_NEAR(program->list.GetCaptionEnd(1).Count(), kStarts[0] + kLength, 60);
-  EXPECT_EQ(program->list.Selected(), 2);
-  Window().mnuUndo.Click();
-  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
-  Window().mnuUndo.Click();
-  EXPECT_EQ(program->list.TimesAt(1), CaptionTimes{});
-}
-
-TEST_F(ReleaseFittingTest, NothingComesBetweenAPressAndItsRelease) {
-  Hold(2230, 4170);
-  Press(7220);
-  Window().tmrRelease.Pass();
-  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
-  Release(9150);
-  WaitForFit();
-  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
-  EXPECT_NEAR(StartOf(2).Count(), kStarts[1], 25);
-}
-
-TEST_F(ReleaseFittingTest, WithoutAnySoundTheConstantIsTakenOff) {
-  Play(folder.Write("other.mkv", "x"));
-  Hold(2230, 4170);
-  WaitForFit();
-  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2030, 3990}));
-  EXPECT_EQ(program->grid.Remarks(1), u"Moved by your constant: start -200 ms, end -180 ms");
-}
-
-TEST_F(ReleaseFittingTest, AnUnknownHandWithoutSoundLeavesTheTimesAlone) {
-  program->options.pressLate = {};
-  program->options.releaseLate = {};
-  Play(folder.Write("other.mkv", "x"));
-  Hold(2230, 4170);
-  WaitForFit();
-  EXPECT_EQ(program->list.TimesAt(1), (CaptionTimes{2230, 4170}));
-}
-
-TEST_F(ReleaseFittingTest, TheSettingAndTheClassicMannerTurnItOff) {
-  Window().mnuFitOnRelease.Click();
-  EXPECT_FALSE(program->options.fitOnRelease);
-  Hold(2230, 4170);
-  EXPECT_FALSE(Window().tmrRelease.Enabled());
-  Window().mnuFitOnRelease.Click();
-  program->options.manner.SetClassic(true);
-  Hold(7230, 9170);
-  EXPECT_FALSE(Window().tmrRelease.Enabled());
-}
-
-TEST_F(ReleaseFittingTest, MissingWordsAreToldOnceAndTheSoundIsEnough) {
-  program->options.fitLanguage = u"en";
-  processes.missing = true;
-  Hold(2230, 4170);
-  WaitForFit();
-  EXPECT_NEAR(StartOf(1).Count(), kStarts[0], 25);
-  EXPECT_NE(Told().find(u"without their words"), Text::npos) << ToUtf8(Told());
-}
-
-TEST(HeldHand, HasAMedianAndASpreadThatOneOutlierDoesNotMove) {
-  EXPECT_EQ(MedianLateness({200, 210, 190, 2000, 205}), 205);
-  EXPECT_LT(LatenessSpread({200, 210, 190, 2000, 205}), 30);
-}
-
-TEST(HeldHand, IsUnknownUntilItIsMeasured) {
-  AppOptions options;
-  EXPECT_FALSE(HandInForce(options));
-  KeepHandTimes(options, 1, {230, 50, 180, 90});
-  EXPECT_FALSE(HandInForce(options));
-  options.hand = 1;
-  ASSERT_TRUE(HandInForce(options));
-  EXPECT_EQ(HandInForce(options)->start, 230);
-  EXPECT_EQ(HandInForce(options)->endSpread, 90);
 }
 
 TEST_F(VoiceFittingTest, TheHandIsTypedForTheMouseApart) {
