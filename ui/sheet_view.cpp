@@ -140,7 +140,8 @@ void SheetView::SetWidths() {
 
 void SheetView::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && sheet_->Index() >= 0 && event->modifiers() == Qt::NoModifier) {
+  // Where a row means nothing by itself the key is the window's.
+  if (enter && sheet_->Index() >= 0 && event->modifiers() == Qt::NoModifier && !sheet_->Activated.Empty()) {
     sheet_->Activate();
     return;
   }

@@ -22,8 +22,8 @@ constexpr float kFarWorse = 200;     ///< than the best way: never good again
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;
-constexpr double kTeaches = 0.95;  ///< confidence of a line from which others are found
-constexpr int kRounds = 2;         ///< the second goes by what the first told of the film's voices
+constexpr double kTeaches = 0.95;   ///< confidence of a line from which others are found
+constexpr std::size_t kRounds = 2;  ///< the second goes by what the first told of the film's voices
 
 /// How the best way came to a frame with some lines behind it.
 enum class Step : std::uint8_t { Wait, Skip, Place };
@@ -145,7 +145,7 @@ void Aligner::Take(const LineMatch& match, Trail& trail) {
 bool Aligner::Walk(const std::function<bool(std::size_t)>& goOn) {
   LineMatch match;
   for (const SpokenFrames& line : lines_) {
-    if (goOn && !goOn(trails_.size())) return false;
+    if (!goOn(trails_.size())) return false;
     MoveTo(NextWindow());
     trails_.emplace_back();
     matcher_.Match(line, window_, match);
@@ -184,11 +184,12 @@ void Aligner::Teach(std::span<const PlacedLine> placed, LineSpread& spread) {
 std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
                                  const std::function<bool(std::size_t)>& goOn) {
   LineSpread spread;
-  for (int round = 1;; ++round) {
+  for (std::size_t round = 0;; ++round) {
     Aligner aligner(film, lines, voice, spread);
-    if (!aligner.Walk(goOn)) return {};
+    const auto further = [&](std::size_t line) { return !goOn || goOn((line + round * lines.size()) / kRounds); };
+    if (!aligner.Walk(further)) return {};
     std::vector<PlacedLine> placed = aligner.Placed();
-    if (round == kRounds) return placed;
+    if (round + 1 == kRounds) return placed;
     LineSpread learned = spread;
     aligner.Teach(placed, learned);
     learned.Settle();

@@ -32,4 +32,40 @@ def proposals_that_are_refused_change_nothing(s):
     assert s.read("a.srt") == FAULTY, s.read("a.srt")
 
 
-CHECK_SCENES = [the_next_finding_is_a_key_away, proposals_that_are_refused_change_nothing]
+def proposals_are_taken_by_the_return_key(s):
+    s.start_with(FAULTY, 3)
+    s.menu_item("alt+t", "Clean texts...")
+    shown(s, "Clean texts")
+    told(s, "2 of 2 changes")
+    s.tab_to("tree", "Proposed changes")
+    desktop.key("Return")
+    gone(s, "Clean texts")
+    s.save_until("a.srt", "Nobody leaves.")
+    assert "Yes, Inspector." in s.read("a.srt"), s.read("a.srt")
+    s.keys("ctrl+z")
+    s.save_until("a.srt", "Nobody  leaves.")
+    assert s.read("a.srt") == FAULTY, s.read("a.srt")
+    s.close_asking_nothing()
+
+
+def a_finding_is_mended_from_the_window_of_the_check(s):
+    s.start_with(FAULTY, 3)
+    s.keys("shift+F8")
+    shown(s, "Check subtitles")
+    table = desktop.wait_for("the findings", lambda: next(
+        (t for t in s.program.all("table") + s.program.all("tree table") if "inding" in (t.name or "")), None))
+    before = table.queryTable().nRows
+    assert before > 0
+    table.queryComponent().grabFocus()
+    desktop.key("Home")
+    s.press_button("Fix")
+    desktop.wait_for("a finding less", lambda: table.queryTable().nRows < before)
+    s.keys("ctrl+s")
+    desktop.wait_for("the saved text", lambda: s.read("a.srt") != FAULTY)
+    # Caption 1 lasts longer, and nothing else is another.
+    assert s.read("a.srt") == FAULTY.replace("00:00:01,400", "00:00:02,000"), s.read("a.srt")
+    s.close_asking_nothing()
+
+
+CHECK_SCENES = [the_next_finding_is_a_key_away, proposals_that_are_refused_change_nothing,
+                proposals_are_taken_by_the_return_key, a_finding_is_mended_from_the_window_of_the_check]

@@ -5,6 +5,7 @@ import random
 
 import desktop
 from scene import captions_of
+from spoken_film import spoken_film
 
 
 def clock(ms):
@@ -67,5 +68,94 @@ def a_subtitle_offers_the_film_of_its_name(s):
     s.close_asking_nothing()
 
 
-TIME_SCENES = [a_subtitle_offers_the_film_of_its_name,
+def captions_that_were_held_late_go_to_the_voice(s):
+    film, subtitle, spoken = spoken_film(s.folder)
+    os.rename(film, s.path("film.mkv"))
+    os.remove(subtitle)
+    held = [(round(1000 * start) + 210 + 15 * (row % 3), round(1000 * end) + 190) for row, (start, end) in
+            enumerate(spoken)]
+    content = subrip_of(held)
+    s.start(s.path("film.mkv"))
+    s.wait_film()
+    s.write("a.srt", content)
+    s.open_by_key("a.srt")
+    s.wait_rows(len(held))
+    s.table().queryComponent().grabFocus()
+    desktop.key("ctrl+a")
+    desktop.key("F4")
+    fitted = desktop.wait_for("the fit", lambda: next(
+        (label.name for label in s.program.all("label") if "itted" in label.name and "8" in label.name), None), 60)
+    s.keys("ctrl+s")
+    desktop.wait_for("other times", lambda: s.read("a.srt") != content)
+    starts = [start for start, _, _ in captions_of(s.read("a.srt"))]
+    late = [start - round(1000 * true) for start, (true, _) in zip(starts, spoken)]
+    assert max(map(abs, late)) < 120, (fitted, late)
+    s.keys("ctrl+z")
+    s.keys("ctrl+s")
+    desktop.wait_for("the held times", lambda: s.read("a.srt") == content)
+    s.close_asking_nothing()
+
+
+def a_line_that_was_held_badly_is_taken_again(s):
+    s.write("lines.txt", "one\ntwo\nthree\n")
+    s.start_with_film()
+    s.open_by_key("lines.txt")
+    s.wait_rows(3)
+    desktop.focus(s.main)
+    s.table().queryComponent().grabFocus()
+    s.hold("b")
+    s.hold("b")
+    table = s.table().queryTable()
+
+    def start():
+        return table.getAccessibleAt(1, 1).name
+
+    bad = desktop.wait_for("a start", start)
+    s.keys("ctrl+r")
+    desktop.wait_for("the row before", lambda: s.pane().queryText().getText(0, -1) == "two")
+    s.table().queryComponent().grabFocus()
+    s.hold("b")
+    desktop.wait_for("another start", lambda: start() not in ("", bad))
+    good = start()
+    # The take of before comes back, and goes again.
+    desktop.key("Up")
+    desktop.wait_for("the row", lambda: s.pane().queryText().getText(0, -1) == "two")
+    s.keys("ctrl+shift+r")
+    desktop.wait_for("the bad take", lambda: start() == bad)
+    s.keys("ctrl+z")
+    desktop.wait_for("the good take", lambda: start() == good)
+    s.close_with("No")
+    assert s.read("lines.txt") == "one\ntwo\nthree\n"
+
+
+def a_text_gets_its_times_from_the_sound_alone(s):
+    film, subtitle, spoken = spoken_film(s.folder)
+    os.rename(film, s.path("film.mkv"))
+    with open(subtitle, encoding="utf-8", newline="") as file:
+        words = [text for _, _, text in captions_of(file.read())]
+    os.remove(subtitle)
+    untimed = "".join("%d\r\n00:00:00,000 --> 00:00:00,000\r\n%s\r\n\r\n" % (n, text)
+                      for n, text in enumerate(words, 1))
+    s.start(s.path("film.mkv"), options="FitLanguage=en\n")
+    s.wait_film()
+    s.write("a.srt", untimed)
+    s.open_by_key("a.srt")
+    s.wait_rows(len(spoken))
+    s.keys("ctrl+shift+p")
+    desktop.wait_for("the palette", lambda: s.program.window_id("^Find a command$"))
+    field = desktop.wait_for("the words", lambda: s.program.find("text", "Words of the command"))
+    desktop.type_text("times from the sound")
+    desktop.wait_for("the typed words", lambda: field.queryText().getText(0, -1) == "times from the sound")
+    desktop.key("Return")
+    table = s.table().queryTable()
+    desktop.wait_for("times", lambda: table.getAccessibleAt(len(spoken) - 1, 1).name, 60)
+    s.keys("ctrl+s")
+    desktop.wait_for("the saved times", lambda: s.read("a.srt") != untimed)
+    late = [start - round(1000 * true) for (start, _, _), (true, _) in zip(captions_of(s.read("a.srt")), spoken)]
+    assert len(late) == len(spoken) and max(map(abs, late)) < 500, late
+    s.close_asking_nothing()
+
+
+TIME_SCENES = [a_text_gets_its_times_from_the_sound_alone, captions_that_were_held_late_go_to_the_voice,
+               a_line_that_was_held_badly_is_taken_again, a_subtitle_offers_the_film_of_its_name,
                captions_of_another_cut_take_their_places_from_a_subtitle_that_fits]

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -136,6 +137,21 @@ TEST(AlignLines, WithoutSoundEveryLineIsDoubtful) {
     EXPECT_LE(aligned[0].end, aligned[1].start);
   }
   EXPECT_TRUE(AlignLines({}, silence).empty());
+}
+
+TEST(AlignLines, TellsHowFarItIsThroughBothRounds) {
+  Film film;
+  std::vector<SoundTable> lines = {Line(1), Line(2), Line(3), Line(4)};
+  for (const SoundTable& line : lines) film.Say(line);
+  std::vector<std::size_t> told;
+  AlignLines(lines, film.table, [&](std::size_t done) {
+    told.push_back(done);
+    return true;
+  });
+  ASSERT_GT(told.size(), lines.size());
+  EXPECT_TRUE(std::ranges::is_sorted(told));
+  EXPECT_EQ(told.front(), 0u);
+  EXPECT_EQ(told.back(), 3u);
 }
 
 TEST(AlignLines, GivesUpWhenAskedTo) {
