@@ -256,8 +256,10 @@ class Scene:
 
     def focused(self):
         """Role and name of what has the focus in the program."""
-        return next(((node.getRoleName(), node.name) for node in self.program.nodes()
-                     if node.getState().contains(desktop.pyatspi.STATE_FOCUSED)), None)
+        found = [(node.getRoleName(), node.name) for node in self.program.nodes()
+                 if node.getState().contains(desktop.pyatspi.STATE_FOCUSED)]
+        # The current cell of a list says so of itself also while something else has the focus.
+        return next((node for node in found if node[0] != "table cell"), found[0] if found else None)
 
     def tab_to(self, role, name):
         """Goes on with the Tab key until this has the focus."""
