@@ -8,15 +8,22 @@ namespace {
 
 /// Gaps of fewer frames look like a flicker: houses close them up.
 constexpr HouseTime kChained{0, 12};
+/// What streaming guides ask for around a shot. Who gives the command wants it also where the rules in force don't.
+constexpr HouseTime kUsualZone{0, 12};
+constexpr HouseTime kUsualBefore{0, 2};
+
+Ms MsIn(const LiveFindings& findings, const HouseTime& time) {
+  const HouseRules& rules = findings.Rules();
+  // A film whose rate isn't known is counted as the house does.
+  return rules.MsOf(time, findings.Rate().IsUsual() ? findings.Rate() : rules.rate);
+}
 
 }  // namespace
 
 EdgeRules EdgeRulesOf(const LiveFindings& findings) {
   const HouseRules& rules = findings.Rules();
-  // A film whose rate isn't known is counted as the house does.
-  const FrameRate rate = findings.Rate().IsUsual() ? findings.Rate() : rules.rate;
-  const auto ms = [&](const HouseTime& time) { return rules.MsOf(time, rate); };
-  return {ms(rules.minGap), ms(rules.shotZone), ms(rules.beforeShot), ms(kChained)};
+  return {MsIn(findings, rules.minGap), MsIn(findings, rules.shotZone), MsIn(findings, rules.beforeShot),
+          MsIn(findings, kChained)};
 }
 
 EdgeCommand::EdgeCommand(Workbench bench, const LiveFindings& findings, const FilmShots& shots,
@@ -41,7 +48,12 @@ std::vector<Proposal> EdgeCommand::Propose(const std::vector<Row>& rows) const {
   for (Row row = 1; row < list.Rows(); ++row) times.push_back(list.TimesAt(row));
   std::vector<bool> wanted(times.size());
   for (const Row row : rows) wanted[row.Index()] = true;
-  const std::vector<CaptionTimes> snapped = SnapEdges(times, wanted, shots_.Shots(), EdgeRulesOf(findings_));
+  EdgeRules rules = EdgeRulesOf(findings_);
+  if (!findings_.Rules().shotZone.Given()) {
+    rules.shotZone = MsIn(findings_, kUsualZone);
+    rules.beforeShot = MsIn(findings_, kUsualBefore);
+  }
+  const std::vector<CaptionTimes> snapped = SnapEdges(times, wanted, shots_.Shots(), rules);
   std::vector<Proposal> proposals;
   for (const Row row : rows) {
     const CaptionTimes& to = snapped[row.Index()];

@@ -16,6 +16,7 @@ namespace cuewright {
 namespace {
 
 constexpr int kPageIndent = 24;
+constexpr int kWaysInAColumn = 3;
 constexpr int kFieldWidth = 130;
 constexpr int kPointLines = 5;
 constexpr int kSegmentLines = 4;  // the page has one row of buttons more
@@ -40,10 +41,15 @@ RetimeView::RetimeView(RetimeWindow& form, QWidget* owner) : ToolView(form, owne
 }
 
 QWidget* RetimeView::MakeWays() {
-  auto* column = BareColumn(this);
-  QWidget* ways = column->parentWidget();
+  auto* ways = new QWidget(this);
+  // Side by side, since the page below needs the height of a small screen.
+  auto* grid = new QGridLayout(ways);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setColumnStretch(1, 1);
+  int place = 0;
   for (OptionButton* way : {&form_.optShift, &form_.optRatio, &form_.optRates, &form_.optPoints, &form_.optSync}) {
-    column->addWidget(Bind(*way, new QRadioButton(ways)));
+    grid->addWidget(Bind(*way, new QRadioButton(ways)), place % kWaysInAColumn, place / kWaysInAColumn);
+    ++place;
   }
   return ways;
 }

@@ -2,8 +2,10 @@
 
 import os
 import random
+import subprocess
 
 import desktop
+from evening_files import gone, shown
 from scene import captions_of
 from spoken_film import spoken_film
 
@@ -156,6 +158,36 @@ def a_text_gets_its_times_from_the_sound_alone(s):
     s.close_asking_nothing()
 
 
-TIME_SCENES = [a_text_gets_its_times_from_the_sound_alone, captions_that_were_held_late_go_to_the_voice,
+def times_near_a_cut_go_to_its_picture(s):
+    # Two shots of three seconds.
+    subprocess.run(["ffmpeg", "-y", "-nostdin", "-v", "error", "-f", "lavfi", "-i", "mandelbrot=s=320x180:r=25",
+                    "-f", "lavfi", "-i", "life=s=320x180:r=25:mold=10:ratio=0.2:seed=3", "-filter_complex",
+                    "[0]trim=duration=3[a];[1]trim=duration=3,format=yuv420p[b];[a][b]concat=n=2:v=1:a=0",
+                    "-pix_fmt", "yuv420p", s.path("film.mp4")], check=True)
+    content = subrip_of([(1000, 2000), (3080, 4500)])
+    s.start(s.path("film.mp4"), options="M_AUDIOBAR=1\n")
+    s.wait_film()
+    s.write("a.srt", content)
+    s.open_by_key("a.srt")
+    s.wait_rows(2)
+    table = s.table()
+    # Before the shots are known there is nothing to change.
+    for _ in range(40):
+        s.keys("ctrl+alt+l")
+        shown(s, "Snap to shots and gaps")
+        if s.program.find("label", "1 of 1 changes"):
+            break
+        desktop.key("Escape")
+        gone(s, "Snap to shots and gaps")
+    desktop.key("Return")
+    gone(s, "Snap to shots and gaps")
+    desktop.wait_for("the picture's time", lambda: table.queryTable().getAccessibleAt(1, 1).name == "0:00:03.000")
+    s.keys("ctrl+z")
+    s.close_asking_nothing()
+    assert s.read("a.srt") == content
+
+
+TIME_SCENES = [times_near_a_cut_go_to_its_picture, a_text_gets_its_times_from_the_sound_alone,
+               captions_that_were_held_late_go_to_the_voice,
                a_line_that_was_held_badly_is_taken_again, a_subtitle_offers_the_film_of_its_name,
                captions_of_another_cut_take_their_places_from_a_subtitle_that_fits]

@@ -52,6 +52,14 @@ TEST_F(EdgesByTheHouse, AreShownBeforeTheyMoveAndMoveInOneStep) {
   EXPECT_EQ(Times(2), (std::pair{3100, 5000}));
 }
 
+TEST_F(EdgesByTheHouse, GoToShotsAlsoWhereTheRulesSayNothingOfThem) {
+  EXPECT_TRUE(program->check.Choose(u"plain"));
+  during = [this] { Dialog().cmdApply.Click(); };
+  Window().mnuSnapTimes.Click();
+  EXPECT_EQ(Times(1), (std::pair{1000, 2917}));
+  EXPECT_EQ(Times(2).first, 3000);
+}
+
 TEST_F(EdgesByTheHouse, OfTheSelectedCaptionsAloneMoveWhenThoseAreMeant) {
   List().SetRow(1, false);
   during = [this] {

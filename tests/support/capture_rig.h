@@ -33,6 +33,8 @@ struct CaptureRig : ::testing::Test {
     player.enabled = true;
     player.state = kPlayerPlaying;
     sub.Load();
+    // As the controls have it while a film is open.
+    window.tmrTime.SetEnabled(true);
     grid.NoteMetrics(200, 20);
     capture.SelectMode(CaptionMode::PressAndHold);
     document.DocModified = false;

@@ -224,6 +224,7 @@ TEST_F(ListLooks, FindingsAreSeenAndToldAndRead) {
 
 TEST_F(ListLooks, TheCaptionOfTheFilmIsMarked) {
   program->document.VideoPath = u"film";
+  Window().tmrTime.SetEnabled(true);
   const QImage before = PictureOf(4);
   program->sample.SetPlayerPosMs(4500);
   Window().tmrTime.Pass();
