@@ -290,7 +290,7 @@ std::string SamiFile(Dice& dice) {
     std::vector<std::string> text(static_cast<std::size_t>(dice.Between(1, 3)));
     for (std::string& line : text) line = dice.OneOf({"Good evening,", "Inspector.", "caf\xC3\xA9", "10:30", "a = b"});
     file.Line(sync + (dice.OneIn(3) ? "\"" + time + "\"" : time) + ">" + paragraph +
-              (clear ? "&nbsp;" : JoinedBy(dice.OneOf({"<br>", "<BR />", " <br>\n"}), text)));
+              (clear ? "&nbsp;" : JoinedBy(dice.OneOf({"<br>", "<BR />", " <br>\n", "\n"}), text)));
     if (dice.OneIn(6)) file.Line(dice.OneOf({"", "  "}));
   }
   file.Line("</BODY>");
