@@ -163,7 +163,8 @@ void NumberedPairs(Dice& dice, FileWriter& file, const std::string& brackets, co
     const auto at = [&](std::size_t i) { return brackets.substr(i, 1); };
     const std::string text = dice.OneOf(marks) + JoinedBy("|", TextOf(dice));
     std::string line = at(0) + start + at(1) + at(0) + end + at(1) + text;
-    if (dice.OneIn(12)) line = dice.OneOf({"", "nothing", at(0) + "x" + at(1) + at(0) + "9" + at(1) + "no", line + "|"});
+    if (dice.OneIn(12))
+      line = dice.OneOf({"", "nothing", at(0) + "x" + at(1) + at(0) + "9" + at(1) + "no", line + "|"});
     if (dice.OneIn(20)) line = at(0) + start + at(1) + text;
     file.Line(line);
   }
