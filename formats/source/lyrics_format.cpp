@@ -29,6 +29,24 @@ bool IsHeader(std::string_view line) {
          line.find(']') != std::string_view::npos;
 }
 
+/// The times of lines with several, in their order.
+std::vector<Ms> RepeatsOf(std::string_view bytes) {
+  std::vector<Ms> repeats;
+  SourceLines lines(bytes);
+  SourceLine line;
+  while (lines.Next(line)) {
+    const std::size_t before = repeats.size();
+    std::size_t at = 0;
+    while (const auto stamp = StampAt(line.text, at)) {
+      repeats.push_back(stamp->ms);
+      at += stamp->size + 2;
+    }
+    if (repeats.size() == before + 1) repeats.pop_back();
+  }
+  std::sort(repeats.begin(), repeats.end());
+  return repeats;
+}
+
 }  // namespace
 
 bool LyricsFormat::TakeHeader(std::string_view line) {
@@ -45,6 +63,9 @@ bool LyricsFormat::TakeHeader(std::string_view line) {
 
 void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
   OpenEnded captions(settings_, sink);
+  const std::vector<Ms> repeats = RepeatsOf(text.bytes);
+  // These aren't in order: a time without words behind one of them ends another caption than the one in front.
+  auto repeat = repeats.begin();
   SourceLines lines(text.bytes);
   SourceLine line;
   while (lines.Next(line)) {
@@ -65,9 +86,12 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
       const std::size_t end = last ? line.next : line.at + behind;
       const Stretch time = Stretch::Of(line.at + at + 1, stamp->size);
       const Ms ms = std::max<Ms>(stamp->ms - offset_, 0);
-      if (IsBlank(words)) {
+      if (IsBlank(words) && last && at == 0 && (repeat == repeats.end() || *repeat >= stamp->ms)) {
         (void)captions.End(ms, time, end);
+      } else if (IsBlank(words)) {
+        captions.Clear(ms);
       } else {
+        repeat = std::upper_bound(repeats.begin(), repeats.end(), stamp->ms);
         // Words that several times share are written anew with one of them.
         captions.Begin(ms, words,
                        {Stretch::Between(line.at + at, end), {}, time, {}, last && at == 0 ? field : Stretch{}});

@@ -23,7 +23,7 @@ void OpenEnded::HandOn() {
 void OpenEnded::Begin(Ms start, Text text, const SourceRecord& record) {
   anyOpen_ = anyOpen_ || (!captions_.empty() && captions_.back().record.endIsReckoned);
   if (!anyOpen_) HandOn();
-  stops_.push_back(start);
+  stops_.push_back({start});
   captions_.push_back({start, 0, std::move(text), record});
   captions_.back().record.endIsReckoned = true;
 }
@@ -37,25 +37,30 @@ void OpenEnded::SetEnd(Ms end, Stretch field) {
 }
 
 bool OpenEnded::End(Ms end, Stretch field, std::size_t behind) {
-  anyEnds_ = true;
-  if (captions_.empty() || !captions_.back().record.endIsReckoned || end <= captions_.back().start) {
-    stops_.push_back(end);
-    return false;
-  }
+  Clear(end);
+  if (captions_.empty() || !captions_.back().record.endIsReckoned || end <= captions_.back().start) return false;
   SetEnd(end, field);
   Stretch& whole = captions_.back().record.whole;
   whole = Stretch::Between(whole.at, behind);
   return true;
 }
 
+void OpenEnded::Clear(Ms at) {
+  anyEnds_ = true;
+  stops_.push_back({at, true});
+}
+
 void OpenEnded::Flush() {
-  // Songs name a repeated line once, with all its times.
-  if (!std::is_sorted(stops_.begin(), stops_.end())) std::sort(stops_.begin(), stops_.end());
+  const auto earlier = [](const Stop& a, const Stop& b) { return a.at < b.at; };
+  // Songs name a repeated line once, with all its times. Of stops at one time the file's first counts.
+  if (!std::is_sorted(stops_.begin(), stops_.end(), earlier)) std::stable_sort(stops_.begin(), stops_.end(), earlier);
   for (Pending& caption : captions_) {
     if (!caption.record.endIsReckoned) continue;
-    const auto next = std::upper_bound(stops_.begin(), stops_.end(), caption.start);
+    const auto next = std::upper_bound(stops_.begin(), stops_.end(), Stop{caption.start}, earlier);
     caption.end = LatestEnd(caption.start, caption.text, durations_);
-    if (next != stops_.end() && (lasts_ == Lasts::UntilTheNext || *next < caption.end)) caption.end = *next;
+    if (next == stops_.end()) continue;
+    const bool told = next->clears || lasts_ == Lasts::UntilTheNext;
+    if (told || next->at < caption.end) caption.end = next->at;
   }
   HandOn();
   stops_.clear();

@@ -30,8 +30,10 @@ class OpenEnded {
   /// The record of the caption that began last names its end, be it what it may.
   void SetEnd(Ms end, Stretch field);
   /// The caption that began last ends here. `field` is the time in the file, `behind` where the record goes on to.
-  /// False when there is none, its end is known or it begins later; then no other caption lasts beyond this time.
+  /// False when there is none, its end is known or it begins later. As `Clear` for all others.
   bool End(Ms end, Stretch field, std::size_t behind);
+  /// Nothing is seen from here on: captions without an end that have no stop before last until this one.
+  void Clear(Ms at);
   /// Captions of the file say when they end.
   bool AnyEnds() const { return anyEnds_; }
   void Flush();
@@ -44,14 +46,20 @@ class OpenEnded {
     SourceRecord record;
   };
 
+  /// A time at which captions end.
+  struct Stop {
+    Ms at = 0;
+    bool clears = false;  ///< no caption begins here
+  };
+
   void HandOn();
 
   std::array<std::int16_t, 3> durations_;
   SourceSink& sink_;
   Lasts lasts_;
   std::vector<Pending> captions_;  // not handed on yet
-  std::vector<Ms> stops_;          // all starts, and ends that belong to no caption in front of them
-  bool anyOpen_ = false;           // one of the captions but the last has no end
+  std::vector<Stop> stops_;
+  bool anyOpen_ = false;  // one of the captions but the last has no end
   bool anyEnds_ = false;
   bool stopped_ = false;
 };

@@ -31,6 +31,9 @@ struct Timing {
   std::size_t endAt = 0;
 };
 
+/// The field ends in a fraction of three digits.
+bool HasMs(std::string_view field) { return field.size() > 4 && field[field.size() - 4] == '.'; }
+
 std::optional<Timing> TimingIn(std::string_view line) {
   Timing timing;
   timing.startAt = SkipBlanks(line, 0);
@@ -43,7 +46,9 @@ std::optional<Timing> TimingIn(std::string_view line) {
   const auto end = ReadClock(line.substr(timing.endAt));
   if (!end) return {};
   const std::size_t behind = timing.endAt + end->size;
-  if (behind < line.size() && SkipBlanks(line, behind) == behind) return {};
+  // Settings that touch a complete time are settings all the same.
+  const bool touched = behind < line.size() && SkipBlanks(line, behind) == behind;
+  if (touched && !HasMs(line.substr(timing.endAt, end->size))) return {};
   timing.start = *start;
   timing.end = *end;
   return timing;

@@ -55,7 +55,7 @@ TEST(Lyrics, LinesRepeatsAndWordTimes) {
   const SourceRig rig(u"KARAOKELRC",
                       "[ti:A song]\n[offset:+500]\n\n[00:12.40][01:10.000]again and again\n[00:15.20]\n"
                       "[00:16.00]<00:16.00>one <00:16.50>two\n[75:00]end\nfree\n");
-  EXPECT_EQ(rig.Rows(), (Rows{{11900, 13700, u"again and again"},
+  EXPECT_EQ(rig.Rows(), (Rows{{11900, 14700, u"again and again"},
                               {69500, 71300, u"again and again"},
                               {15500, 16850, u"<00:16.00>one <00:16.50>two"},
                               {4499500, 4500250, u"end"}}));
@@ -66,6 +66,19 @@ TEST(Lyrics, LinesRepeatsAndWordTimes) {
   const Caption caption{11900, 13000, u"a|b"};
   EXPECT_EQ(rig.Format().Record({caption, 1, u"\n", rig.In(rig.Record(0).whole)}, u"|"),
             u"[00:12.40]a b\n[00:13.50]\n");
+}
+
+TEST(Lyrics, ATimeWithoutWordsEndsWhatIsSeenThen) {
+  const SourceRig rig(u"KARAOKELRC",
+                      "[00:10.00][01:00.00]again and again\n[00:15.00]\n[00:20.00]once\n[00:25.00]\n[01:09.00]\n"
+                      "[01:05.00]late\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{10000, 15000, u"again and again"},
+                              {60000, 61800, u"again and again"},
+                              {20000, 25000, u"once"},
+                              {65000, 69000, u"late"}}));
+  EXPECT_FALSE(rig.Record(2).endIsReckoned);
+  EXPECT_TRUE(rig.Record(0).endIsReckoned);
+  rig.ExpectFieldsAreTheirOwn();
 }
 
 TEST(QuickTime, UnitsBehindTheDotAreOfTheTimeScale) {

@@ -108,6 +108,14 @@ TEST(WebVtt, ATimeThatGoesOnIsNotCutOff) {
   EXPECT_EQ(rig.Blamed(), (std::vector<int>{3}));
 }
 
+TEST(WebVtt, SettingsMayTouchTheTime) {
+  const std::string file = "WEBVTT\n\n00:01.000 --> 00:02.000line:0\na\n\n00:03.000 --> 00:0x.000\nb\n";
+  const SourceRig rig(u"WEBVTT", file);
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a"}}));
+  EXPECT_EQ(rig.Blamed(), (std::vector<int>{6}));
+  EXPECT_EQ(rig.WithEnd(0, 2500), "WEBVTT\n\n00:01.000 --> 00:02.500line:0" + file.substr(file.find("\na\n")));
+}
+
 TEST(WebVtt, AnArrowBeginsACueWhereverItStands) {
   const SourceRig rig(
       u"WEBVTT",
