@@ -132,7 +132,7 @@ std::vector<int> Importer::SettleRivals(const TextFile& file) {
   formats_.loader.Definition() = definition;
   lines_.Clear();
   source_.Clear();
-  const std::vector<int> fitting = BestFitting(std::move(trials));
+  std::vector<int> fitting = BestFitting(std::move(trials));
   PutInForce(fitting.front());
   return fitting;
 }
