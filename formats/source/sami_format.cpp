@@ -94,6 +94,7 @@ std::vector<Text> SamiClasses(std::string_view bytes) {
     }
   }
   std::vector<Text> names;
+  names.reserve(classes.size());
   for (const std::string_view name : classes) names.push_back(FromUtf8(name));
   return names;
 }

@@ -135,9 +135,10 @@ Found ClockPair(std::string_view line) {
 
 Found Blocks(const Head& head) {
   if (head.Line(0) != "[information]") {
-    const Found found = ClockPair(head.Line(0));
+    Found found = ClockPair(head.Line(0));
     // Three digits are written by some programs for the other format, too, whose line ends tell it.
-    return found == u"YOUTUBESBV" && head.Bytes().find("[br]") != std::string_view::npos ? Found(u"SUBVIEWER2") : found;
+    if (found == u"YOUTUBESBV" && head.Bytes().find("[br]") != std::string_view::npos) return u"SUBVIEWER2";
+    return found;
   }
   for (const std::string_view line : head.Lines()) {
     if (const Found found = ClockPair(line)) return found;

@@ -218,7 +218,7 @@ std::string SubRipFormat::TimeField(Ms ms, std::string_view old) const {
   const std::string whole = ClockLike(ms, std::string(old.substr(0, sign)) + ",000");
   const std::size_t digits = sign == std::string_view::npos ? 0 : old.size() - sign - 1;
   if (digits >= 3) return ClockLike(ms, old);
-  const std::string exact = sign == std::string_view::npos ? whole : ClockLike(ms, old);
+  std::string exact = sign == std::string_view::npos ? whole : ClockLike(ms, old);
   const std::optional<ClockField> kept = ReadFullClock(exact);
   if (sign != std::string_view::npos && kept && kept->ms == ms) return exact;
   std::string field = whole;
