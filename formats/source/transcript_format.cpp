@@ -39,7 +39,7 @@ std::optional<Ms> WithExponent(std::string_view number) {
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
   if (error != std::errc() || end != number.data() + number.size() || !(value >= 0) || value > 2000000) return {};
-  return static_cast<std::int32_t>(value * 1000 + 0.5);
+  return Ms::OfSeconds(value);
 }
 
 std::optional<Ms> MillisecondsIn(std::string_view number) {

@@ -124,9 +124,8 @@ void SpanToMarkers(Text& text) {
 
 }  // namespace
 
-Text ParagraphToText(Text inner, XmlSpace space, TextView separator) {
+Text ParagraphToText(TextView view, XmlSpace space, TextView separator) {
   Joiner joiner(space, separator);
-  const TextView view = inner;
   for (std::size_t at = 0; at < view.size();) {
     const std::size_t open = std::min(view.find(u'<', at), view.size());
     joiner.Text(view.substr(at, open - at));

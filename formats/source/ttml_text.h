@@ -16,7 +16,7 @@ struct TtmlNames {
 
 /// The text of a paragraph from what stands between its tags: line ends are the separator, and one style of all of it
 /// is the list's marker.
-Text ParagraphToText(Text inner, XmlSpace space, TextView separator);
+Text ParagraphToText(TextView inner, XmlSpace space, TextView separator);
 
 /// The opposite.
 Text TextToParagraph(TextView text, TextView separator, const TtmlNames& names);
