@@ -184,7 +184,7 @@ Beside WebVttFormat::BesideOf(const SourceText& text, const SourceRecord& record
 std::string WebVttFormat::TimeField(Ms ms, std::string_view old) const { return ClockLike(ms, old); }
 
 Text WebVttFormat::TextField(TextView text, TextView separator, TextView lineEnd) const {
-  const Text encoded = EncodeNames(MarkersToTags(text), namesHardBlanks_);
+  Text encoded = EncodeNames(MarkersToTags(text), namesHardBlanks_);
   if (encoded.empty() || FindPlain(encoded, separator) == TextView::npos) return encoded;
   Text field;
   for (const Text& line : Split(encoded, separator)) {
