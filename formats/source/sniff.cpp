@@ -141,7 +141,7 @@ Found Blocks(const Head& head) {
     return found;
   }
   for (const std::string_view line : head.Lines()) {
-    if (const Found found = ClockPair(line)) return found;
+    if (Found found = ClockPair(line)) return found;
   }
   return {};
 }
