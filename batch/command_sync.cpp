@@ -34,12 +34,6 @@ std::string AsJson(const SyncSegment& segment, const TimeRatio& ratio) {
       .Line();
 }
 
-std::vector<CaptionTimes> AllTimes(const CaptionList& captions) {
-  std::vector<CaptionTimes> times;
-  for (Row row = 1; captions.InRange(row); ++row) times.push_back(captions.TimesAt(row));
-  return times;
-}
-
 /// What captions are held against.
 struct Other {
   VoiceTrack voice;
@@ -55,7 +49,7 @@ bool ReadOther(const Text& name, Session& session, Other& other) {
   }
   if (!IsFilm(name)) {
     if (!session.Load(name)) return false;
-    other.captions = AllTimes(session.Captions());
+    other.captions = session.Captions().AllTimes();
     other.voice = VoiceOfCaptions(other.captions);
     return true;
   }
@@ -87,7 +81,7 @@ int RunSync(const Request& request, Session& session, Console& console) {
   if (!ReadOther(*request.other, session, other)) return kExitFailed;
   if (!session.Load(request.files.front())) return kExitFailed;
   const bool whole = !session.LoadedWithTrouble();
-  const SyncResult result = Synchronise(AllTimes(session.Captions()), other.voice, other.captions);
+  const SyncResult result = Synchronise(session.Captions().AllTimes(), other.voice, other.captions);
   if (!result.belongs) {
     session.Boxes().Tell(u"The captions don't fit '" + *request.other +
                          u"' better than by chance; nothing was written.");

@@ -50,6 +50,13 @@ CaptionList::CaptionList(const AppOptions& options, bool& modified) : options_(o
   rows_.Splice(0, 0, {Caption{}});
 }
 
+std::vector<CaptionTimes> CaptionList::AllTimes() const {
+  std::vector<CaptionTimes> times;
+  times.reserve(rows_.Size());
+  for (Row row = 1; InRange(row); ++row) times.push_back(TimesAt(row));
+  return times;
+}
+
 Text CaptionList::GetCaptionText(Row row, bool asLines) const {
   if (!InRange(row)) return {};
   return asLines ? ReplaceAll(At(row).text, options_.lineSeparator, kLineEnd) : At(row).text;

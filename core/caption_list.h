@@ -65,6 +65,8 @@ class CaptionList {
   bool InRange(Row row) const { return row >= 1 && row < Rows(); }
   const Caption& At(Row row) const { return rows_[row.Index()]; }
   CaptionTimes TimesAt(Row row) const { return {At(row).start, At(row).end}; }
+  /// Of all captions, row 1 first.
+  std::vector<CaptionTimes> AllTimes() const;
 
   /// The text, the empty one for a row out of range; with `asLines` every line separator is CR LF.
   Text GetCaptionText(Row row, bool asLines = false) const;

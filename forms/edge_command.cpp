@@ -44,8 +44,7 @@ void EdgeCommand::ShowItem() {
 
 std::vector<Proposal> EdgeCommand::Propose(const std::vector<Row>& rows) const {
   const CaptionList& list = bench_.list;
-  std::vector<CaptionTimes> times;
-  for (Row row = 1; row < list.Rows(); ++row) times.push_back(list.TimesAt(row));
+  const std::vector<CaptionTimes> times = list.AllTimes();
   std::vector<bool> wanted(times.size());
   for (const Row row : rows) wanted[row.Index()] = true;
   EdgeRules rules = EdgeRulesOf(findings_);

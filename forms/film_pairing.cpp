@@ -30,10 +30,9 @@ bool IsSubtitleName(const Text& name) {
 
 FilmPairing::FilmPairing(Workbench bench, SettingsStore& store, const Files& files, Player& player, Messages& messages)
     : bench_(bench), store_(store), files_(files), player_(player), messages_(messages) {
-  // A film's own time tells of films; without one nothing else goes on.
-  bench_.window.tmrTime.Tick.Connect([this] { Follow(); });
   bench_.window.tmrPairs.Tick.Connect([this] {
-    if (bench_.document.FileInWork) return;
+    // The box of the question lets the time go on.
+    if (asking_ || bench_.document.FileInWork) return;
     bench_.window.tmrPairs.SetEnabled(false);
     Follow();
   });
@@ -76,8 +75,6 @@ void FilmPairing::Remember() {
 }
 
 void FilmPairing::Follow() {
-  // The box of the question lets the time go on.
-  if (asking_ || bench_.document.FileInWork) return;
   const Text film = std::exchange(film_, bench_.document.VideoPath);
   const Text text = std::exchange(text_, bench_.document.SubtitlePath);
   if (!bench_.options.manner.FilmIsAWorkbench()) return;

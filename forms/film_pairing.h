@@ -20,7 +20,7 @@ class FilmPairing {
  public:
   FilmPairing(Workbench bench, SettingsStore& store, const Files& files, Player& player, Messages& messages);
 
-  /// A text has come, or a film has gone: looks as soon as no file is read any more.
+  /// A text or a film has come or gone: looks as soon as no file is read any more.
   void Look() { bench_.window.tmrPairs.SetEnabled(true); }
   /// Keeps what is open together, as one of them is about to go.
   void Remember();

@@ -23,8 +23,7 @@ std::vector<CaptionTimes> OtherCaptions::Read(const Text& path, const FrameRate&
   CaptionList captions(options_, modified);
   FormatLoader loader(catalogue_, state, settings_, talk_);
   Importer({catalogue_, state, loader}, talk_, captions, access_, cancelled).DetectFormat(path, Loading::NewDocument);
-  std::vector<CaptionTimes> times;
-  for (Row row = 1; captions.InRange(row); ++row) times.push_back(captions.TimesAt(row));
+  std::vector<CaptionTimes> times = captions.AllTimes();
   const bool timed = std::ranges::any_of(times, [](const CaptionTimes& each) { return each.end > each.start; });
   if (!timed) times.clear();
   return times;

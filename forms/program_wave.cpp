@@ -31,8 +31,7 @@ void Program::ConnectFilm() {
     audioBar.Forget();
   });
   pairing.Wanted.Connect([this](FileKind kind, const Text& path) { router.OpenAs(kind, path); });
-  documentFiles.Loaded.Connect([this] { pairing.Look(); });
-  session.FilmEnds.Connect([this] { pairing.Look(); });
+  states.Shown.Connect([this] { pairing.Look(); });
   session.Leaving.Connect([this](bool) { pairing.Remember(); });
   for (Announcement<>* gone : std::initializer_list<Announcement<>*>{&session.FilmEnds, &playerBinding.FilmChanges}) {
     gone->Connect([this] { pairing.Remember(); });

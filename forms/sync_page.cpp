@@ -71,7 +71,7 @@ void SyncPage::Wire() {
 
 void SyncPage::ApplyLanguage() {
   const LangStrings& strings = bench_.strings;
-  cmdSyncFind.SetText(strings[tmrSync.Enabled() ? Message::StopReading : Message::SyncFind]);
+  ShowSearching();
   cmdSyncFile.SetText(strings[Message::SyncByCaptions]);
   picSegments.SetSpokenName(strings[Message::SpokenTimeLine]);
   lblOffset.SetText(strings[Message::SyncOffset]);
@@ -95,12 +95,6 @@ void SyncPage::Forget() {
 void SyncPage::Tell(Message message) {
   told_ = Fill(bench_.strings[message], FileNameOf(otherName_));
   Changed();
-}
-
-std::vector<CaptionTimes> SyncPage::TimesNow() const {
-  std::vector<CaptionTimes> times;
-  for (Row row = 1; bench_.list.InRange(row); ++row) times.push_back(bench_.list.TimesAt(row));
-  return times;
 }
 
 void SyncPage::ClickFind() {
@@ -136,7 +130,7 @@ void SyncPage::FindAmongCaptions() {
 }
 
 void SyncPage::Begin() {
-  times_ = TimesNow();
+  times_ = bench_.list.AllTimes();
   tmrSync.SetEnabled(true);
   ShowSearching();
 }
@@ -181,7 +175,7 @@ void SyncPage::Finish() {
   tmrSync.SetEnabled(false);
   ShowSearching();
   const SyncResult result = search_.get();
-  if (times_ != TimesNow()) return Tell(Message::TextChangedMeanwhile);
+  if (times_ != bench_.list.AllTimes()) return Tell(Message::TextChangedMeanwhile);
   if (!result.belongs) return Tell(otherName_.empty() ? Message::SyncForeign : Message::SyncForeignCaptions);
   ratio_ = result.ratio;
   segments_ = UnderFixed(result.segments);
@@ -213,10 +207,21 @@ std::vector<SyncPage::Segment> SyncPage::UnderFixed(const std::vector<SyncSegmen
   return all;
 }
 
+SyncSureness SyncPage::SurenessOf(const Segment& segment) {
+  if (segment.fixed) return SyncSureness::Fixed;
+  return segment.found.doubtful ? SyncSureness::Doubtful : SyncSureness::Sure;
+}
+
 Text SyncPage::SurenessText(const Segment& segment) const {
   const LangStrings& strings = bench_.strings;
-  if (segment.fixed) return strings[Message::SyncFixed];
-  if (segment.found.doubtful) return strings[Message::SyncDoubtful];
+  switch (SurenessOf(segment)) {
+    case SyncSureness::Fixed:
+      return strings[Message::SyncFixed];
+    case SyncSureness::Doubtful:
+      return strings[Message::SyncDoubtful];
+    case SyncSureness::Sure:
+      break;
+  }
   return Fill(strings[Message::SyncSure], Decimal(static_cast<int>(std::lround(segment.found.confidence * 100))));
 }
 
@@ -246,9 +251,7 @@ std::vector<SyncBlock> SyncPage::Blocks() const {
   for (const Segment& segment : segments_) {
     SyncBlock block;
     block.offset = SignedSeconds(segment.found.offset);
-    block.sureness = segment.fixed            ? SyncSureness::Fixed
-                     : segment.found.doubtful ? SyncSureness::Doubtful
-                                              : SyncSureness::Sure;
+    block.sureness = SurenessOf(segment);
     block.chosen = std::ssize(blocks) == Chosen();
     block.start = TimesOf(segment.found.first, bench_.list.TimesAt(segment.found.first)).start;
     for (Row row = segment.found.first; row <= segment.found.last && bench_.list.InRange(row); ++row) {

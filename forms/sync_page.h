@@ -85,11 +85,11 @@ class SyncPage {
   void Stop();
   void Poll();
   void Search();
-  std::vector<CaptionTimes> TimesNow() const;
   void Finish();
   void ShowSearching();
   /// `%1` of the text is the name of the subtitle that the captions are held against.
   void Tell(Message message);
+  static SyncSureness SurenessOf(const Segment& segment);
   Text SurenessText(const Segment& segment) const;
   void Show(int chosen);
   void SetOffset();

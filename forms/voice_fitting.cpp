@@ -36,9 +36,8 @@ void VoiceFitting::Start(bool all) {
   job_.language = bench_.options.fitLanguage;
   job_.choice.leastGap = check_.LeastGap();
   job_.choice.giveUp = &giveUp_;
-  before_.clear();
+  before_ = bench_.list.AllTimes();
   for (Row row = 1; row < bench_.list.Rows(); ++row) {
-    before_.push_back(bench_.list.TimesAt(row));
     AddToJob(job_, bench_.list, row, marks_.HeldTimes(row), all || bench_.list.SelectedRows().Has(row));
   }
   job_.sound = voice_.Known();

@@ -31,12 +31,7 @@ def untimed(content):
 
 
 def a_text_is_timed_and_closed_with_yes(s):
-    s.write("lines.txt", "one\ntwo\n")
-    s.start_with_film()
-    s.open_by_key("lines.txt")
-    s.wait_rows(2)
-    desktop.focus(s.main)
-    s.table().queryComponent().grabFocus()
+    s.start_to_hold("one", "two")
     for _ in range(2):
         s.hold("b")
     s.close("Yes")

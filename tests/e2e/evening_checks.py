@@ -12,6 +12,13 @@ def told(s, words):
     return desktop.wait_for("the words: " + words, lambda: s.program.find("label", words))
 
 
+def look_at_what_cleaning_changes(s):
+    s.start_with(FAULTY, 3)
+    s.menu_item("alt+t", "Clean texts...")
+    shown(s, "Clean texts")
+    told(s, "2 of 2 changes")
+
+
 def the_next_finding_is_a_key_away(s):
     s.start_with(FAULTY, 3)
     s.keys("F8")
@@ -22,10 +29,7 @@ def the_next_finding_is_a_key_away(s):
 
 
 def proposals_that_are_refused_change_nothing(s):
-    s.start_with(FAULTY, 3)
-    s.menu_item("alt+t", "Clean texts...")
-    shown(s, "Clean texts")
-    told(s, "2 of 2 changes")
+    look_at_what_cleaning_changes(s)
     desktop.key("Escape")
     gone(s, "Clean texts")
     s.close_asking_nothing()
@@ -33,10 +37,7 @@ def proposals_that_are_refused_change_nothing(s):
 
 
 def proposals_are_taken_by_the_return_key(s):
-    s.start_with(FAULTY, 3)
-    s.menu_item("alt+t", "Clean texts...")
-    shown(s, "Clean texts")
-    told(s, "2 of 2 changes")
+    look_at_what_cleaning_changes(s)
     # The list of changes has the focus.
     desktop.key("Return")
     gone(s, "Clean texts")

@@ -62,13 +62,7 @@ def a_pushed_list_survives_the_end_of_the_program(s):
 
 def a_command_is_found_by_its_words(s):
     s.start_with(MARKED, 3)
-    s.keys("ctrl+shift+p")
-    desktop.wait_for("the palette", lambda: s.program.window_id("^Find a command$"))
-    field = desktop.wait_for("the words", lambda: s.program.find("text", "Words of the command"))
-    desktop.type_text("edge start frame later")
-    desktop.wait_for("the typed words", lambda: field.queryText().getText(0, -1) == "edge start frame later")
-    desktop.key("Return")
-    desktop.wait_for("the end of the palette", lambda: s.program.window_id("^Find a command$") is None)
+    s.command("edge start frame later")
     s.save_until("a.srt", "00:00:01,040 -->")
     s.close_asking_nothing()
 

@@ -5,7 +5,7 @@ import random
 import subprocess
 
 import desktop
-from evening_files import gone, shown
+from evening_files import gone, journal_contents, shown
 from scene import captions_of
 from spoken_film import spoken_film
 
@@ -29,14 +29,20 @@ def spoken_times(count):
     return times
 
 
-def captions_of_another_cut_take_their_places_from_a_subtitle_that_fits(s):
+def open_another_cut(s):
+    """Opens captions of a film of which half a minute was taken out, and lets the window find their places by a
+    subtitle that fits. The file's content, and the times that fit."""
     times = spoken_times(90)
-    # Half a minute was taken out of the film in the middle.
     late = [(start + (7300 if row < 40 else 37300), end + (7300 if row < 40 else 37300))
             for row, (start, end) in enumerate(times)]
     s.write("fits.srt", subrip_of(times))
     content = subrip_of(late)
     s.start_with(content, 90)
+    find_places(s)
+    return content, times
+
+
+def find_places(s):
     s.keys("ctrl+shift+t")
     desktop.wait_for("the window", lambda: s.program.window_id("^Retime$"))
     by_sound = desktop.wait_for("the way", lambda: s.program.find("radio button", "By the film's sound"))
@@ -46,14 +52,49 @@ def captions_of_another_cut_take_their_places_from_a_subtitle_that_fits(s):
     found = desktop.wait_for("two pieces", lambda: [
         item.name for item in s.program.all("list item") if item.name.startswith(("1 to 40", "41 to 90"))])
     assert [name.split(":  ")[1].split("  ")[0] for name in found] == ["-7.300", "-37.300"], found
+
+
+def times_of(content):
+    return [(start, end) for start, end, _ in captions_of(content)]
+
+
+def captions_of_another_cut_take_their_places_from_a_subtitle_that_fits(s):
+    content, times = open_another_cut(s)
     assert s.read("a.srt") == content
     s.press_button("OK")
     s.save_until("a.srt", clock(times[0][0]))
-    assert [(start, end) for start, end, _ in captions_of(s.read("a.srt"))] == times
+    assert times_of(s.read("a.srt")) == times
     # One step takes all of it back.
     s.keys("ctrl+z")
-    s.save_until("a.srt", clock(late[0][0]))
+    s.save_until("a.srt", clock(times[0][0] + 7300))
     assert s.read("a.srt") == content
+    s.close_asking_nothing()
+
+
+def places_that_were_taken_on_second_thoughts_survive_the_plug(s):
+    content, times = open_another_cut(s)
+    # A look is no change.
+    desktop.key("Escape")
+    desktop.wait_for("the end of the window", lambda: not s.program.window_id("^Retime$"))
+    assert not s.journals()
+    find_places(s)
+    s.press_button("OK")
+    desktop.wait_for("a journal", s.journals)
+    s.keys("ctrl+z")
+    s.keys("ctrl+y")
+    s.type_into_pane("Second thoughts")
+    desktop.wait_for("the text in the journal",
+                     lambda: any("Second thoughts".encode("utf-16-le") in kept or b"Second thoughts" in kept
+                                 for kept in journal_contents(s)))
+    s.program.process.kill()
+    s.program.process.wait()
+    assert s.read("a.srt") == content
+    s.start()
+    s.restore(90)
+    s.save_until("a.srt", "Second thoughts")
+    saved = s.read("a.srt")
+    assert times_of(saved) == times
+    assert saved.replace("Second thoughts", "line 1") == subrip_of(times)
     s.close_asking_nothing()
 
 
@@ -99,12 +140,7 @@ def captions_that_were_held_late_go_to_the_voice(s):
 
 
 def a_line_that_was_held_badly_is_taken_again(s):
-    s.write("lines.txt", "one\ntwo\nthree\n")
-    s.start_with_film()
-    s.open_by_key("lines.txt")
-    s.wait_rows(3)
-    desktop.focus(s.main)
-    s.table().queryComponent().grabFocus()
+    s.start_to_hold("one", "two", "three")
     s.hold("b")
     s.hold("b")
     table = s.table().queryTable()
@@ -143,12 +179,7 @@ def a_text_gets_its_times_from_the_sound_alone(s):
     s.write("a.srt", untimed)
     s.open_by_key("a.srt")
     s.wait_rows(len(spoken))
-    s.keys("ctrl+shift+p")
-    desktop.wait_for("the palette", lambda: s.program.window_id("^Find a command$"))
-    field = desktop.wait_for("the words", lambda: s.program.find("text", "Words of the command"))
-    desktop.type_text("times from the sound")
-    desktop.wait_for("the typed words", lambda: field.queryText().getText(0, -1) == "times from the sound")
-    desktop.key("Return")
+    s.command("times from the sound")
     table = s.table().queryTable()
     desktop.wait_for("times", lambda: table.getAccessibleAt(len(spoken) - 1, 1).name, 60)
     s.keys("ctrl+s")
@@ -190,4 +221,5 @@ def times_near_a_cut_go_to_its_picture(s):
 TIME_SCENES = [times_near_a_cut_go_to_its_picture, a_text_gets_its_times_from_the_sound_alone,
                captions_that_were_held_late_go_to_the_voice,
                a_line_that_was_held_badly_is_taken_again, a_subtitle_offers_the_film_of_its_name,
-               captions_of_another_cut_take_their_places_from_a_subtitle_that_fits]
+               captions_of_another_cut_take_their_places_from_a_subtitle_that_fits,
+               places_that_were_taken_on_second_thoughts_survive_the_plug]

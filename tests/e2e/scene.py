@@ -197,6 +197,25 @@ class Scene:
                     return found
         return None
 
+    def command(self, words):
+        """Gives the command that the palette finds first by these words."""
+        self.keys("ctrl+shift+p")
+        desktop.wait_for("the palette", lambda: self.program.window_id("^Find a command$"))
+        field = desktop.wait_for("the words", lambda: self.program.find("text", "Words of the command"))
+        desktop.type_text(words)
+        desktop.wait_for("the typed words", lambda: field.queryText().getText(0, -1) == words)
+        desktop.key("Return")
+        desktop.wait_for("the end of the palette", lambda: self.program.window_id("^Find a command$") is None)
+
+    def start_to_hold(self, *lines):
+        """Starts with the film and a plain text of these lines, ready for keys that are held."""
+        self.write("lines.txt", "".join(line + "\n" for line in lines))
+        self.start_with_film()
+        self.open_by_key("lines.txt")
+        self.wait_rows(len(lines))
+        desktop.focus(self.main)
+        self.table().queryComponent().grabFocus()
+
     def press_button(self, name):
         """Clicks a button of the box on top."""
         button = desktop.wait_for("the button " + name, lambda: self.top_button(name))
