@@ -304,10 +304,11 @@ class Scene:
         self.main = desktop.wait_for("the main window", lambda: self.program.window_id("Tessaly Cuewright"))
 
     def journals(self):
-        """The journals that are not empty."""
+        """The journals that are whole and not empty: one that is still being made doesn't survive the program."""
         folder = os.path.join(self.state.name, "tessaly-cuewright", "journals")
         names = os.listdir(folder) if os.path.isdir(folder) else []
-        return [name for name in names if os.path.getsize(os.path.join(folder, name)) > 0]
+        return [name for name in names
+                if name.endswith(".journal") and os.path.getsize(os.path.join(folder, name)) > 0]
 
     def end(self):
         if self.program is not None:
