@@ -11,6 +11,7 @@ struct Beside {
   int place = kUsualPlace;
 
   bool Any() const { return !speaker.empty() || place != kUsualPlace; }
+  bool operator==(const Beside&) const = default;
 };
 
 /// The place by its row on the picture, 0 at the bottom to 2 at the top, and its column, -1 left to 1 right.

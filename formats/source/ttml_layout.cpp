@@ -57,9 +57,6 @@ TtmlLayout::TtmlLayout(const pugi::xml_node& root) {
     width_.cells = Number(columns);
     height_.cells = Number(rows);
   }
-  for (const pugi::xml_node& child : root.children()) {
-    if (LocalName(child.name()) == "head") ReadHead(child, 0);
-  }
 }
 
 void TtmlLayout::ReadHead(const pugi::xml_node& node, int depth) {

@@ -13,7 +13,10 @@ namespace cuewright {
 /// https://www.w3.org/TR/ttml1/#layout-vocabulary-region
 class TtmlLayout {
  public:
+  TtmlLayout() = default;
+  /// What the root's attributes say of lengths.
   explicit TtmlLayout(const pugi::xml_node& root);
+  void ReadHead(const pugi::xml_node& head) { ReadHead(head, 0); }
 
   /// Takes over what an element's attributes say of the captions in it.
   void Read(const pugi::xml_node& element, Beside& beside) const;
