@@ -205,5 +205,12 @@ TEST(Ttml, ElementsTooDeepAreLeftOut) {
   EXPECT_EQ(rig.Rows(), (Rows{{3000, 4000, u"b"}}));
 }
 
+TEST(Ttml, BlanksAroundTagsAreAsTheyAreSeen) {
+  const SourceRig rig(u"TTML",
+                      Bodied("<p begin=\"1s\" end=\"2s\">a <span x=\"y\"> b </span> c <br/><span x=\"y\"> d </span>"
+                             " </p>"));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a <span x=\"y\">b </span>c|<span x=\"y\">d</span>"}}));
+}
+
 }  // namespace
 }  // namespace cuewright::testing
