@@ -112,7 +112,7 @@ class LineWriter {
     }
   }
   void Rows() {
-    const int row = dice_.Between(0, 2) == 0 ? 0x11 : dice_.OneIn(4) ? 0x16 : 0x14;
+    const int row = dice_.OneIn(2) ? 0x14 : 0x10 + dice_.Below(8);
     for (int rows = dice_.Between(1, 2); rows > 0; --rows) {
       const int style = dice_.OneIn(2) ? 0 : dice_.Below(28);
       Control(row, 0x40 + (rows == 1 ? 0x20 : 0) + style);

@@ -119,7 +119,7 @@ class TtmlWriter {
   }
 
   std::string Words() {
-    return dice_.OneOf({"Good evening,", "Inspector.", "caf\xC3\xA9  10:30", "a &amp; b", " so\n it is"});
+    return dice_.OneOf({"Good evening,", "Insp<!--</p>-->ector.", "caf\xC3\xA9  10:30", "a &amp; b", " so\n it is"});
   }
 
   std::string Text() {
@@ -149,7 +149,7 @@ std::string Gap(Dice& dice) { return dice.OneOf({"", "", " ", "\n  ", "\r\n"}); 
 std::string JsonText(Dice& dice) {
   std::string text = JoinedBy("\\n", TextOf(dice));
   if (dice.OneIn(6)) text += dice.OneOf({" \\\"quoted\\\"", " C:\\\\x", " caf\\u00e9", "\\/"});
-  return "\"" + dice.OneOf({"", "", " "}) + text + "\"";
+  return "\"" + dice.OneOf({"", "", " "}) + text + dice.OneOf({"", "", " "}) + "\"";
 }
 
 /// How the segments of one file tell their times.
