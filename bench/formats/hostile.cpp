@@ -3,9 +3,9 @@
 // the readers by published rules, then every format of the catalogue as the classic manner reads it.
 //   bench_hostile [--moment]
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <limits>
 
 #include "formats/source/source_format.h"
@@ -22,14 +22,14 @@ struct PatientSink final : SourceSink {
   void NotUnderstood(std::size_t) override {}
 };
 
-/// The best of some rounds of a call, in seconds.
+/// The least processor time of some rounds of a call, in seconds.
 template <class Call>
 double BestSeconds(int rounds, Call&& call) {
   double best = std::numeric_limits<double>::max();
   for (int i = 0; i < rounds; ++i) {
-    const auto began = std::chrono::steady_clock::now();
+    const std::clock_t began = std::clock();
     call();
-    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count());
+    best = std::min(best, static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC);
   }
   return best;
 }

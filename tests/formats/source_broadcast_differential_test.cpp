@@ -115,7 +115,7 @@ class LineWriter {
     const int row = dice_.OneIn(2) ? 0x14 : 0x10 + dice_.Below(8);
     for (int rows = dice_.Between(1, 2); rows > 0; --rows) {
       const int style = dice_.OneIn(2) ? 0 : dice_.Below(28);
-      Control(row, 0x40 + (rows == 1 ? 0x20 : 0) + style);
+      Control(row, 0x40 + (dice_.OneIn(2) ? 0x20 : 0) + style);
       Text();
     }
   }
