@@ -86,7 +86,9 @@ Text TtmlFormat::TextField(TextView text, TextView separator, TextView) const {
 }
 
 Beside TtmlFormat::BesideOf(const SourceText&, const SourceRecord& record) const {
-  return said_.Of(record.whole.at).beside;
+  Beside beside = said_.Of(record.whole.at).beside;
+  beside.named = said_.styles;
+  return beside;
 }
 
 Ms TtmlFormat::OffsetOf(const SourceRecord& record) const { return said_.Of(record.whole.at).offset; }

@@ -53,7 +53,7 @@ void TtmlWalk::All(const XmlElement& root, XmlTags& tags) {
 
 TtmlWalk::Around TtmlWalk::InsideOf(const pugi::xml_node& node, const Around& around) const {
   Around inside = around;
-  layout_.Read(node, inside.beside);
+  layout_.Read(node, inside.look);
   const auto begin = clock_.TimeOf(node.attribute("begin").value());
   const auto end = clock_.TimeOf(node.attribute("end").value());
   const auto duration = clock_.TimeOf(node.attribute("dur").value());
@@ -151,7 +151,7 @@ void TtmlWalk::Take(const pugi::xml_node& node, const TtmlPlaces& places, const 
   // An end that is reckoned from a duration changes with the whole record.
   if (!places.end.Empty()) record.end = places.end;
   if (places.inner.at != places.behind) record.text = places.inner;
-  Say(record, around.offset, inside.beside);
+  Say(record, around.offset, inside.look.Said());
   HandOn(inside.offset, inside.end, std::move(caption), record);
 }
 

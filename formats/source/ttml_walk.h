@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <pugixml.hpp>
 #include <string_view>
@@ -29,7 +30,8 @@ struct TtmlSaying {
 /// What a TTML file says of its records.
 struct TtmlSaid {
   std::vector<TtmlSaying> sayings;
-  bool beside = false;     ///< one of them says something beside times
+  bool beside = false;  ///< one of them says something beside times
+  std::shared_ptr<const TtmlStyles> styles;
   bool sequences = false;  ///< times of records follow from those before them
 
   /// Of the record at this byte.
@@ -46,7 +48,10 @@ class TtmlWalk {
 
   /// Reads what is in the root, whose tag `root` has, with the tags behind that one.
   void All(const XmlElement& root, XmlTags& tags);
-  TtmlSaid TakeSaid() { return std::move(said_); }
+  TtmlSaid TakeSaid() {
+    said_.styles = layout_.Styles();
+    return std::move(said_);
+  }
 
  private:
   /// What the elements around a place say of it.
@@ -56,7 +61,7 @@ class TtmlWalk {
     bool timed = false;
     bool sequence = false;
     XmlSpace space = XmlSpace::Default;
-    Beside beside{};
+    TtmlLook look{};
   };
   /// A caption whose end the file doesn't tell.
   struct Open {
