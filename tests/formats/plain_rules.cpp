@@ -167,12 +167,13 @@ PlainCaptions PlainLyrics(const std::string& file) {
   PlainCaptions captions;
   for (const std::string& line : LinesOf(file)) {
     if (const auto header = Match(line, "\\[offset: ?([+-]?\\d+)\\].*")) offset = std::stoi(header->str(1));
-    const auto record = Match(line, "((?:\\[\\d+:\\d\\d(?:\\.\\d{2,3})?\\])+)(.*)");
+    const auto record = Match(line, "((?:\\[\\d+:\\d\\d(?:[.:]\\d{2,3})?\\])+)(.*)");
     if (!record) continue;
     // Several times before a text each show it.
     std::string stamps = record->str(1);
     for (std::size_t at = 0; at < stamps.size(); at = stamps.find(']', at) + 1) {
-      const std::string stamp = stamps.substr(at + 1, stamps.find(']', at) - at - 1);
+      std::string stamp = stamps.substr(at + 1, stamps.find(']', at) - at - 1);
+      stamp = Replaced(stamp, "^(\\d+:\\d+):", "$1.");
       captions.push_back({std::max<std::int64_t>(MsOf(stamp) - offset, 0), kNoEnd, record->str(2)});
     }
   }

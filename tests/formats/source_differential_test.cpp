@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/formats/file_dice.h"
 #include "tests/formats/plain_rules.h"
 #include "tests/formats/ruled_format.h"
@@ -17,7 +19,7 @@ std::string SubRipFile(Dice& dice) {
     times.Next(dice);
     std::string start = Clock(times.start, hours, sign, 3);
     std::string end = Clock(times.end, hours, sign, 3);
-    if (dice.OneIn(12)) (dice.OneIn(2) ? start : end) = dice.OneOf({"", "soon", "00:0x:00,000"});
+    if (dice.OneIn(12)) (dice.OneIn(2) ? start : end) = dice.OneOf({"", "soon", "00:0x:00,000", "00:00:0x,000"});
     if (dice.OneIn(15)) end += "  X1:100 X2:200 Y1:10 Y2:20";
     if (numbered && !dice.OneIn(10)) file.Line(std::to_string(dice.OneIn(10) ? dice.Below(99) : i));
     file.Line(start + dice.OneOf({" --> ", " --> ", "-->", "  -->\t"}) + end);
@@ -130,9 +132,11 @@ std::string LyricsFile(Dice& dice) {
   file.Line(dice.OneOf({"[ti:A song]", "[ar:Ann]", "[offset:250]", "[offset:-100]", "[offset: +50]"}));
   const int digits = dice.Between(2, 3);
   const bool repeats = dice.OneIn(2);
+  const bool old = dice.OneIn(4);
   for (int count = dice.Between(1, 12); count > 0; --count) {
     times.Next(dice);
     std::string stamps = "[" + ShortClock(times.start, digits) + "]";
+    if (old) std::ranges::replace(stamps, '.', ':');
     if (repeats && dice.OneIn(4)) stamps += "[" + ShortClock(times.start + dice.Between(1000, 99000), digits) + "]";
     if (dice.OneIn(12)) stamps = dice.OneOf({"", "[0x:10.00]", "(00:10.00)", "[00:10.00"});
     file.Line(stamps + (dice.OneIn(4) ? "" : Words(dice)));
