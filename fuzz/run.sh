@@ -55,7 +55,7 @@ printf '[10][25]/Good|evening.\n[30][45]Rain.\n' | source_seed 6
 printf '{QTtext}{timeScale:600}\n[00:00:01.300]\nRain.\n[00:00:02.000]\n' | source_seed 15
 printf '{"segments": [{"start": 1.5, "end": 2, "text": "Rain\\n.", "words": []}]}' | source_seed 17
 { printf '850STL25.011000%241s10000000%760s' '' ''; printf '\0\001\0\377\0\012\0\001\012\012\0\003\0\024\002\0\015\013\013\200Rain\212.\012'
-  head -c 99 /dev/zero | tr '\0' '\217'; } | source_seed 18
+  head -c 101 /dev/zero | tr '\0' '\217'; } | source_seed 18
 printf 'Scenarist_SCC V1.0\n\n00:00:01;00\t9420 9420 94ae 94ae 9470 9470 5261 e96e 942f 942f\n\n00:00:03;00\t942c 942c\n' | source_seed 19
 # A second of 8000 Hz and 16 bits, and one of 8 bits.
 { printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\200\076\0\0\002\0\020\0data\200\076\0\0'
