@@ -18,16 +18,7 @@ bool BelongsToMarks(char16_t c) {
          c == u'/';
 }
 
-bool MayBeMarked(TextView text) {
-  // Blocks without a way out in their middle are looked at in a few steps.
-  constexpr std::size_t kBlock = 16;
-  for (; text.size() >= kBlock; text.remove_prefix(kBlock)) {
-    bool any = false;
-    for (std::size_t i = 0; i < kBlock; ++i) any |= BelongsToMarks(text[i]);
-    if (any) return true;
-  }
-  return std::ranges::any_of(text, BelongsToMarks);
-}
+bool MayBeMarked(TextView text) { return std::ranges::any_of(text, BelongsToMarks); }
 
 /// The list's markers are the only marks of the text.
 bool HasMarkersAlone(TextView text) { return !MayBeMarked(WithoutStyleMarkers(Text(text))); }

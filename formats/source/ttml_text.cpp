@@ -10,7 +10,7 @@
 namespace cuewright {
 namespace {
 
-bool IsBlankUnit(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+bool IsBlankUnit(char16_t c) { return c <= u' ' && (c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'); }
 
 /// A name without the prefix of its name space.
 TextView LocalName(TextView name) {

@@ -54,9 +54,16 @@ void TtmlWalk::All(const XmlElement& root, XmlTags& tags) {
 TtmlWalk::Around TtmlWalk::InsideOf(const pugi::xml_node& node, const Around& around) const {
   Around inside = around;
   layout_.Read(node, inside.look);
-  const auto begin = clock_.TimeOf(node.attribute("begin").value());
-  const auto end = clock_.TimeOf(node.attribute("end").value());
-  const auto duration = clock_.TimeOf(node.attribute("dur").value());
+  inside.hasUnknownTime = false;
+  const auto time = [&](const char* name) {
+    const std::string_view value = node.attribute(name).value();
+    const std::optional<Ms> known = value.empty() ? std::nullopt : clock_.TimeOf(value);
+    inside.hasUnknownTime = inside.hasUnknownTime || (!value.empty() && !known);
+    return known;
+  };
+  const auto begin = time("begin");
+  const auto end = time("end");
+  const auto duration = time("dur");
   if (begin) inside.offset = Later(around.offset, *begin);
   if (end) {
     inside.end = Later(around.offset, *end);
@@ -140,8 +147,7 @@ void TtmlWalk::Take(const pugi::xml_node& node, const TtmlPlaces& places, const 
   if (!places.HasTimes() && StandsInTimedSpans(node)) return Spans(node, inside);
   const std::size_t nameAt = element_.NameAt(node);
   Text caption = ParagraphToText(text_.Decoded(places.inner), inside.space, separator_);
-  const auto bad = [&](Stretch field) { return !field.Empty() && !clock_.TimeOf(field.In(text_.bytes)); };
-  const bool known = !bad(places.begin) && !bad(places.end) && !bad(places.duration) && inside.timed;
+  const bool known = inside.timed && !inside.hasUnknownTime;
   // Paragraphs without times and text are usual as spacers.
   if (!known || (!places.HasTimes() && caption.empty())) {
     if (!caption.empty()) sink_.NotUnderstood(nameAt);

@@ -59,6 +59,7 @@ class TtmlWalk {
     Ms offset = 0;
     std::optional<Ms> end;
     bool timed = false;
+    bool hasUnknownTime = false;  ///< of the element itself
     bool sequence = false;
     XmlSpace space = XmlSpace::Default;
     TtmlLook look{};
