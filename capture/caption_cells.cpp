@@ -101,7 +101,7 @@ std::vector<StyledRun> TextCell(const CaptionList& list, Row row) {
   if (options.rawMarks || !options.manner.KeepsStylesWithin()) {
     runs.push_back({list.At(row).text, {}});
   } else {
-    runs = list.Marks().Read(list.At(row).text, options.lineSeparator).runs;
+    runs = list.Marks().ReadOf(list.At(row).origin, list.At(row).text, options.lineSeparator).runs;
   }
   const Text sign = u" " + Text(kBreakSign) + u" ";
   for (StyledRun& run : runs) run.text = ReplaceAll(run.text, options.lineSeparator, sign);

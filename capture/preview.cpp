@@ -66,9 +66,8 @@ void Preview::ShowPreviewCaption(Row row) {
   }
   const Text& separator = bench_.options.lineSeparator;
   const CaptionMarks& marks = bench_.list.Marks();
-  SeenCaption caption = marks.Read(bench_.list.At(row).text, separator);
-  // What stands in the text goes before what is said of the whole caption.
-  if (caption.place == kUsualPlace) caption.place = marks.PlaceBeside(bench_.list.At(row).origin);
+  const Caption& stored = bench_.list.At(row);
+  SeenCaption caption = marks.ReadOf(stored.origin, stored.text, separator);
   for (StyledRun& run : caption.runs) run.text = ReplaceAll(run.text, separator, u"\n");
   sub_.ShowCaption(std::move(caption));
 }

@@ -29,8 +29,10 @@ class CaptionMarks {
 
   /// What a viewer sees.
   virtual SeenCaption Read(TextView stored, TextView separator) const = 0;
-  /// Where a caption stands by what its file says beside its text; `origin` is the caption's.
-  virtual int PlaceBeside(std::uint32_t /*origin*/) const { return kUsualPlace; }
+  /// The same of a caption, with what its file says beside its text; `origin` is the caption's.
+  virtual SeenCaption ReadOf(std::uint32_t /*origin*/, TextView stored, TextView separator) const {
+    return Read(stored, separator);
+  }
   /// The same text, but for names of speakers that only a viewer is told; `places` gets one for each of its units.
   virtual Text ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const = 0;
   /// The text without the marks that give or take the style of a list's marker to parts of it.

@@ -83,7 +83,7 @@ void CarriedTexts::Carry(MarkedText& marked, Losses& lost) const {
 }
 
 void CarriedTexts::Convert(MarkedText& marked, Losses& lost) const {
-  if (kind_ != from_) {
+  if (kind_ != from_ || marked.beside.HasStyle()) {
     marked = ConvertMarks(marked, from_, kind_, Separator(), lost);
   } else if (kind_ == MarkKind::SubStation && marked.beside.place != kUsualPlace &&
              FindPlain(marked.text, u"{\\a") == TextView::npos) {

@@ -12,8 +12,11 @@ SeenCaption DocumentMarks::Read(TextView stored, TextView separator) const {
   return {std::move(styled.runs), styled.place};
 }
 
-int DocumentMarks::PlaceBeside(std::uint32_t origin) const {
-  return state_.Source ? state_.Source->BesideOf(origin).place : kUsualPlace;
+SeenCaption DocumentMarks::ReadOf(std::uint32_t origin, TextView stored, TextView separator) const {
+  if (!state_.Source) return Read(stored, separator);
+  const MarkedText marked{Text(stored), state_.Source->BesideOf(origin)};
+  StyledText styled = ReadMarks(marked, MarksOf(state_.Source.get()), separator);
+  return {std::move(styled.runs), styled.place};
 }
 
 Text DocumentMarks::ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const {

@@ -13,7 +13,7 @@ class DocumentMarks final : public CaptionMarks {
   explicit DocumentMarks(const FormatState& state) : state_(state) {}
 
   SeenCaption Read(TextView stored, TextView separator) const override;
-  int PlaceBeside(std::uint32_t origin) const override;
+  SeenCaption ReadOf(std::uint32_t origin, TextView stored, TextView separator) const override;
   Text ReadPlaces(TextView stored, TextView separator, std::vector<TextPlace>& places) const override;
   Text WithoutStyle(TextView stored, TextView marker, TextView separator) const override;
 

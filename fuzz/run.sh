@@ -14,6 +14,7 @@ run_one() {
   corpus=$build/corpus/$1
   mkdir -p "$corpus"
   case $1 in
+    source) from=$seeds/source longest=16384 ;;
     catalogue) from=$seeds/catalogue longest=65536 ;;
     wave | sound) from=$seeds/wave longest=65536 ;;
     house_rules) from=$root/resources/profiles longest=4096 ;;
@@ -40,8 +41,22 @@ names=${*:-import source catalogue encodings round_trip wave sound journal house
 cmake -S "$root" --preset fuzz >/dev/null
 cmake --build "$build" -j2 --target cuewright_fuzzers
 
-mkdir -p "$seeds/catalogue" "$seeds/wave" "$seeds/registry" "$seeds/update" "$seeds/script"
+mkdir -p "$seeds/source" "$seeds/catalogue" "$seeds/wave" "$seeds/registry" "$seeds/update" "$seeds/script"
 { cat "$root/resources/formats.ini"; printf '\n====\n'; cat "$root/resources/formats.dat"; } >"$seeds/catalogue/shipped"
+# A file of each format with rules of its own, behind its number in fuzz/source_fuzzer.cpp.
+source_seed() { { printf '%b' "\\0$(printf '%o' "$1")"; cat; } >"$seeds/source/$1"; }
+number=0
+for name in SUBRIP.srt WEBVTT.vtt ADVANCEDSSA.ass SUBSTATIONALPHA.ssa SAMI.smi MICRODVD.sub MPL2 TMPLAYER.txt TMPLAYERPLUS.sub \
+  TMPLAYERCOLON.txt YOUTUBESBV.sbv SUBVIEWER2.sub KARAOKELRC.lrc TTML.xml WEBVTT_RSS.vtt QUICKTIMETEXT SUBVIEWER2SP.sub; do
+  if [ -f "$root/tests/data/formats/$name" ]; then source_seed "$number" <"$root/tests/data/formats/$name"; fi
+  number=$((number + 1))
+done
+printf '[10][25]/Good|evening.\n[30][45]Rain.\n' | source_seed 6
+printf '{QTtext}{timeScale:600}\n[00:00:01.300]\nRain.\n[00:00:02.000]\n' | source_seed 15
+printf '{"segments": [{"start": 1.5, "end": 2, "text": "Rain\\n.", "words": []}]}' | source_seed 17
+{ printf '850STL25.011000%241s10000000%760s' '' ''; printf '\0\001\0\377\0\012\0\001\012\012\0\003\0\024\002\0\015\013\013\200Rain\212.\012'
+  head -c 101 /dev/zero | tr '\0' '\217'; } | source_seed 18
+printf 'Scenarist_SCC V1.0\n\n00:00:01;00\t9420 9420 94ae 94ae 9470 9470 5261 e96e 942f 942f\n\n00:00:03;00\t942c 942c\n' | source_seed 19
 # A second of 8000 Hz and 16 bits, and one of 8 bits.
 { printf 'RIFF\0\0\0\0WAVEfmt \020\0\0\0\001\0\001\0\100\037\0\0\200\076\0\0\002\0\020\0data\200\076\0\0'
   head -c 16000 "$root/resources/formats.dat"; head -c 16000 "$root/resources/formats.ini"; } | head -c 16044 >"$seeds/wave/16"

@@ -1,7 +1,7 @@
 // The floor of the whole-process comparison: parses one fixed format and writes another, with string views into the
 // file's bytes. It recognises nothing, checks nothing and converts no encoding.
 //
-// formats_floor FROM TO INPUT OUTPUT, with srt, ssa, vtt, smi and sub (25 frames per second) for FROM and TO.
+// formats_floor FROM TO INPUT OUTPUT, with srt, ssa, vtt, smi, xml and sub (25 frames per second) for FROM and TO.
 
 #include <cstdint>
 #include <cstdio>
@@ -119,6 +119,21 @@ void ReadFrames(std::string_view rest, std::vector<Cue>& cues) {
   }
 }
 
+/// Timed text: a line a paragraph.
+void ReadParagraphs(std::string_view rest, std::vector<Cue>& cues) {
+  constexpr std::string_view kBegin = "<p begin=\"";
+  constexpr std::string_view kEnd = "\" end=\"";
+  while (!rest.empty()) {
+    std::string_view line = NextLine(rest);
+    if (!line.starts_with(kBegin)) continue;
+    const std::size_t middle = line.find(kEnd);
+    const std::size_t behind = line.find("\">");
+    const std::string_view end = line.substr(middle + kEnd.size(), behind - middle - kEnd.size());
+    const std::string_view text = line.substr(behind + 2, line.rfind("</p>") - behind - 2);
+    cues.push_back({Clock(line.substr(kBegin.size(), middle - kBegin.size())), Clock(end), text, "<br/>"});
+  }
+}
+
 void AppendText(std::string& out, const Cue& cue, std::string_view lineBreak) {
   std::string_view text = cue.text;
   for (std::size_t at; (at = text.find(cue.lineBreak)) != std::string_view::npos;) {
@@ -194,6 +209,7 @@ int main(int argc, char** argv) {
   if (from == "srt" || from == "vtt") ReadArrows(bytes, cues);
   if (from == "ssa") ReadEvents(bytes, cues);
   if (from == "smi") ReadSami(bytes, cues);
+  if (from == "xml") ReadParagraphs(bytes, cues);
   if (from == "sub") ReadFrames(bytes, cues);
 
   std::string out;

@@ -3,9 +3,9 @@
 // the readers by published rules, then every format of the catalogue as the classic manner reads it.
 //   bench_hostile [--moment]
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <limits>
 
 #include "formats/source/source_format.h"
@@ -22,31 +22,36 @@ struct PatientSink final : SourceSink {
   void NotUnderstood(std::size_t) override {}
 };
 
-/// The best of some rounds of a call, in seconds.
+/// The least processor time of some rounds of a call, in seconds.
 template <class Call>
 double BestSeconds(int rounds, Call&& call) {
   double best = std::numeric_limits<double>::max();
   for (int i = 0; i < rounds; ++i) {
-    const auto began = std::chrono::steady_clock::now();
+    const std::clock_t began = std::clock();
     call();
-    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count());
+    best = std::min(best, static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC);
   }
   return best;
 }
 
 double SecondsToRead(const test::HostileFile& hostile, std::size_t size, int rounds) {
   const Encodings encodings(1252);
-  const TextFile file = TextFile::Auto(hostile.OfSize(size), encodings);
+  const TextFile file = hostile.Opened(size, encodings);
   return BestSeconds(rounds, [&] {
     PatientSink sink;
     MakeSourceFormat(hostile.format)->Read(SourceText{file.Bytes(), file}, u"|", sink);
   });
 }
 
+constexpr std::size_t kShownPiece = 40;
+
 void PrintHead(const char* what) { std::printf("%-16s %8s %8s  %s\n", what, "ms", "ratio", "piece"); }
 
 void PrintRow(const Text& format, double large, double small, std::string piece) {
-  std::ranges::replace(piece, '\n', ' ');
+  piece.resize(std::min(piece.size(), kShownPiece));
+  for (char& c : piece) {
+    if (c < ' ' || c > '~') c = '.';
+  }
   std::printf("%-16s %8.1f %8.1f  %s\n", ToUtf8(format).c_str(), large * 1000, large / small, piece.c_str());
 }
 
@@ -76,7 +81,7 @@ void ImportHostileFiles(std::size_t size, int rounds) {
       return BestSeconds(rounds, [&] { rig.ImportAs(id, content); });
     };
     const double large = seconds(size);
-    PrintRow(id, large, seconds(size / 4), piece.substr(0, 40));
+    PrintRow(id, large, seconds(size / 4), piece);
   };
   for (int index = 1; index < rig.catalogue.Count(); ++index) {
     const Text& id = rig.catalogue.Identifier(index);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "core/styled_text.h"
+#include "formats/source/ttml_styles.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -9,8 +12,12 @@ namespace cuewright {
 struct Beside {
   Text speaker;
   int place = kUsualPlace;
+  RunStyle style{};                                   ///< of all the text, unless marks in it say otherwise
+  std::shared_ptr<const TtmlStyles> named = nullptr;  ///< styles that marks in the text may name
 
-  bool Any() const { return !speaker.empty() || place != kUsualPlace; }
+  bool HasStyle() const { return !(style == RunStyle{}); }
+  bool Any() const { return !speaker.empty() || place != kUsualPlace || HasStyle(); }
+  bool operator==(const Beside&) const = default;
 };
 
 /// The place by its row on the picture, 0 at the bottom to 2 at the top, and its column, -1 left to 1 right.

@@ -15,12 +15,21 @@ namespace {
 
 constexpr std::string_view kOffset = "[offset:";
 
+/// "mm:ss:xx" as older programs write a time, with a dot in front of the hundredths; nothing for any other time.
+std::optional<std::string> WithDot(std::string_view time) {
+  if (std::ranges::count(time, ':') != 2 || time.find_first_of(".,") != std::string_view::npos) return {};
+  std::string usual(time);
+  usual[usual.rfind(':')] = '.';
+  return usual;
+}
+
 /// "[mm:ss.xx]" at a place of a line.
 std::optional<ClockField> StampAt(std::string_view line, std::size_t at) {
   if (at >= line.size() || line[at] != '[') return {};
   const auto time = ReadClock(line.substr(at + 1));
   if (!time || line.substr(at + 1 + time->size, 1) != "]") return {};
-  return time;
+  const auto usual = WithDot(line.substr(at + 1, time->size));
+  return usual ? ReadClock(*usual) : time;
 }
 
 /// "[ti:A song]" and the like.
@@ -103,7 +112,10 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
 }
 
 std::string LyricsFormat::TimeField(Ms ms, std::string_view old) const {
-  return ClockLike(ms + offset_, old, NoHours::RunOnInMinutes);
+  const auto usual = WithDot(old);
+  std::string time = ClockLike(ms + offset_, usual ? *usual : old, NoHours::RunOnInMinutes);
+  if (usual) std::ranges::replace(time, '.', ':');
+  return time;
 }
 
 Text LyricsFormat::TextField(TextView text, TextView separator, TextView) const {

@@ -115,13 +115,17 @@ namespace {
 
 /// Reads the marks of a text into what is known of it; `places` may be null.
 StyledText ReadRuns(TextView text, MarkKind kind, TextView separator, std::vector<TextPlace>* places,
-                    StyledText result) {
+                    const Beside& beside) {
+  StyledText result;
+  result.speaker = beside.speaker;
+  result.place = beside.place;
   RunBuilder runs(result, text, places);
   const WholeMarkers whole = FindWholeMarkers(text);
   const TextView inner = whole.Inner(text);
-  runs.style.bold = whole.bold;
-  runs.style.italic = whole.italic;
-  runs.style.underline = whole.underline;
+  runs.style = beside.style;
+  runs.style.bold = runs.style.bold || whole.bold;
+  runs.style.italic = runs.style.italic || whole.italic;
+  runs.style.underline = runs.style.underline || whole.underline;
   switch (kind) {
     case MarkKind::Plain:
       runs.Append(inner);
@@ -136,7 +140,7 @@ StyledText ReadRuns(TextView text, MarkKind kind, TextView separator, std::vecto
       ReadMpl2(inner, separator, runs);
       break;
     default:
-      ReadTags(inner, kind, separator, runs);
+      ReadTags(inner, kind, separator, beside.named.get(), runs);
       break;
   }
   return result;
@@ -145,10 +149,7 @@ StyledText ReadRuns(TextView text, MarkKind kind, TextView separator, std::vecto
 }  // namespace
 
 StyledText ReadMarks(const MarkedText& text, MarkKind kind, TextView separator) {
-  StyledText beside;
-  beside.speaker = text.beside.speaker;
-  beside.place = text.beside.place;
-  StyledText result = ReadRuns(text.text, kind, separator, nullptr, std::move(beside));
+  StyledText result = ReadRuns(text.text, kind, separator, nullptr, text.beside);
   JoinAcrossSeparators(result.runs, separator);
   return result;
 }
@@ -188,7 +189,8 @@ MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator,
 
 MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses) {
   const bool plain = !HasMarks(text.text, from) && !LooksMarked(text.text, to);
-  if (from == to || (plain && !text.beside.Any())) return text;
+  // A style that stands beside a text doesn't go with it.
+  if ((from == to && !text.beside.HasStyle()) || (plain && !text.beside.Any())) return text;
   const StyledText styled = ReadMarks(text, from, separator);
   LossSet lost = styled.others;
   MarkedText converted = WriteMarks(styled, to, separator, lost);

@@ -71,8 +71,9 @@ class OverrideReader {
   bool drawing_ = false;
 };
 
-/// Tags in angle brackets, and in SubRip the overrides that it has borrowed.
-void ReadTags(TextView text, MarkKind kind, TextView separator, RunBuilder& runs);
+/// Tags in angle brackets, and in SubRip the overrides that it has borrowed; `named` are the styles that they may name,
+/// null for none.
+void ReadTags(TextView text, MarkKind kind, TextView separator, const TtmlStyles* named, RunBuilder& runs);
 /// Text with overrides in braces.
 void ReadOverrides(TextView text, RunBuilder& runs);
 /// "{y:i}" and the like in front of lines.

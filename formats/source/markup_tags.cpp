@@ -59,8 +59,8 @@ constexpr std::size_t kDeepest = 64;
 /// Reads the tags of one caption. Each opens a style, which holds until the same tag is closed.
 class TagReader {
  public:
-  TagReader(MarkKind kind, TextView separator, RunBuilder& runs)
-      : kind_(kind), separator_(separator), runs_(runs), overrides_(runs, runs.style) {}
+  TagReader(MarkKind kind, TextView separator, const TtmlStyles* named, RunBuilder& runs)
+      : kind_(kind), separator_(separator), named_(named), runs_(runs), overrides_(runs, runs.style) {}
 
   void Read(TextView text) {
     const TextView marks = kind_ == MarkKind::SubRip ? u"<{" : u"<";
@@ -186,7 +186,7 @@ class TagReader {
     if (tag.name == u"lang") runs_.Found(Loss::Other);
     if (tag.name == u"v") TakeSpeaker(TrimBlanks(tag.rest));
     if (tag.name == u"font") EachAttribute(tag.rest, [&](const Text& name, TextView value) { TakeFont(name, value); });
-    if (tag.name == u"span") EachAttribute(tag.rest, [&](const Text& name, TextView value) { TakeSpan(name, value); });
+    if (tag.name == u"span") TakeSpan(tag.rest);
     TakeClasses(tag.classes);
   }
 
@@ -223,18 +223,40 @@ class TagReader {
     if (name == u"size") runs_.Found(Loss::Size);
   }
 
-  void TakeSpan(const Text& name, TextView value) {
-    RunStyle& style = runs_.style;
-    if (name == u"color") TakeColour(value);
-    if (name == u"fontweight") style.bold = value == u"bold";
-    if (name == u"fontstyle") style.italic = value == u"italic" || value == u"oblique";
-    if (name == u"textdecoration") {
-      style.underline = value.find(u"underline") != TextView::npos && value.find(u"noUnderline") == TextView::npos;
-      style.strike = value.find(u"lineThrough") != TextView::npos;
+  /// What a span says itself goes before the styles that it names.
+  void TakeSpan(TextView attributes) {
+    TtmlStyle named;
+    TtmlStyle own;
+    EachAttribute(attributes, [&](const Text& name, TextView value) {
+      if (name == u"style") {
+        TakeNamed(value, named);
+      } else if (name == u"color") {
+        TakeColour(value);
+        own.colour = runs_.style.colour;
+      } else if (!own.TakeAttribute(name, value)) {
+        TellLosses(name);
+      }
+    });
+    const auto colour = runs_.style.colour;
+    named.Apply(runs_.style);
+    if (own.colour) runs_.style.colour = colour;
+    own.colour.reset();
+    own.Apply(runs_.style);
+  }
+
+  void TakeNamed(TextView names, TtmlStyle& style) {
+    for (const Text& name : Split(names, u" ")) {
+      const auto hit = named_ == nullptr ? TtmlStyles::const_iterator() : named_->find(name);
+      const bool known = named_ != nullptr && hit != named_->end();
+      if (known) style.Take(hit->second);
+      if (!known || hit->second.others) runs_.Found(Loss::Class);
     }
+  }
+
+  void TellLosses(const Text& name) {
     if (name == u"fontfamily") runs_.Found(Loss::Font);
     if (name == u"fontsize") runs_.Found(Loss::Size);
-    if (name == u"style" || name == u"class" || name == u"region") runs_.Found(Loss::Class);
+    if (name == u"class" || name == u"region") runs_.Found(Loss::Class);
     if (name == u"ruby") runs_.Found(Loss::Ruby);
     if (name == u"begin" || name == u"end" || name == u"dur") runs_.Found(Loss::Karaoke);
     if (name == u"backgroundcolor" || name == u"textoutline") runs_.Found(Loss::Effect);
@@ -242,6 +264,7 @@ class TagReader {
 
   MarkKind kind_;
   TextView separator_;
+  const TtmlStyles* named_;
   RunBuilder& runs_;
   OverrideReader overrides_;
   TextView tag_;  // that is being read, with its brackets
@@ -250,8 +273,8 @@ class TagReader {
 
 }  // namespace
 
-void ReadTags(TextView text, MarkKind kind, TextView separator, RunBuilder& runs) {
-  TagReader(kind, separator, runs).Read(text);
+void ReadTags(TextView text, MarkKind kind, TextView separator, const TtmlStyles* named, RunBuilder& runs) {
+  TagReader(kind, separator, named, runs).Read(text);
 }
 
 }  // namespace cuewright

@@ -162,11 +162,19 @@ bool IsLyricsHeader(std::string_view line) {
 }
 
 Found Lyrics(const Head& head) {
+  bool hasHeader = false;
   for (const std::string_view line : head.Lines()) {
-    if (IsLyricsHeader(line)) continue;
+    if (IsLyricsHeader(line)) {
+      hasHeader = true;
+      continue;
+    }
     const auto time = line.starts_with('[') ? ReadClock(line.substr(1)) : std::nullopt;
     if (!time || line.substr(1 + time->size, 1) != "]") return {};
-    if (std::count(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(time->size + 1), ':') != 1) return {};
+    const std::string_view stamp = line.substr(1, time->size);
+    const auto colons = std::ranges::count(stamp, ':');
+    // "[mm:ss:xx]" might as well have hours.
+    const bool old = colons == 2 && hasHeader && stamp.find_first_of(".,") == std::string_view::npos;
+    if (colons != 1 && !old) return {};
     return u"KARAOKELRC";
   }
   return {};

@@ -18,6 +18,7 @@ constexpr std::string_view kShortArrow = "->";
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 bool IsBlankByte(char c) { return c == ' ' || c == '\t'; }
+bool IsAsciiLetter(char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
 
 std::size_t SkipBlanks(std::string_view bytes, std::size_t at) {
   while (at < bytes.size() && IsBlankByte(bytes[at])) ++at;
@@ -84,12 +85,17 @@ std::optional<ClockField> ReadLooseClock(std::string_view bytes) {
 std::optional<ClockField> ReadTime(std::string_view bytes) {
   const std::optional<ClockField> time = ReadFullClock(bytes);
   if (!time) return ReadLooseClock(bytes);
+  // "00:00:0x,000" is no time of 0 seconds.
+  const bool whole = bytes.substr(0, time->size).find_first_of(",.") == std::string_view::npos;
+  if (whole && time->size < bytes.size() && IsAsciiLetter(bytes[time->size])) return {};
   const std::size_t next = SkipBlanks(bytes, time->size);
   const bool goesOn = next < bytes.size() && (bytes[next] == ':' || bytes[next] == ',' || bytes[next] == '.');
   return goesOn ? ReadLooseClock(bytes) : time;
 }
 
 ArrowLine ReadTiming(const SourceLine& line, Timing& timing) {
+  // Most lines end here.
+  if (line.text.find('>') == std::string_view::npos) return ArrowLine::None;
   const std::size_t longArrow = line.text.find(kArrow);
   const std::size_t arrow = longArrow != std::string_view::npos ? longArrow : line.text.find(kShortArrow);
   if (arrow == std::string_view::npos) return ArrowLine::None;

@@ -59,24 +59,24 @@ std::optional<Text> StylePrefix(const pugi::xml_node& root) {
 }  // namespace
 
 void TtmlFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
-  pugi::xml_document document;
-  const pugi::xml_parse_result parsed =
-      document.load_buffer(text.bytes.data(), text.bytes.size(), pugi::parse_minimal, pugi::encoding_utf8);
-  const pugi::xml_node root = document.document_element();
-  clock_ = ClockOf(root);
-  const auto prefix = StylePrefix(root);
+  XmlTags tags(text.bytes);
+  const auto first = tags.Next();
+  if (!first || first->closing || LocalName(first->name) != "tt") {
+    return sink.NotUnderstood(first ? first->open : text.bytes.size());
+  }
+  const Stretch opening = TagAt(text.bytes, first->NameAt());
+  tags.GoTo(opening.End());
+  XmlElement root;
+  if (!root.LoadTag(text.bytes, opening)) sink.NotUnderstood(first->open);
+  clock_ = ClockOf(root.Node());
+  const auto prefix = StylePrefix(root.Node());
   names_.declaresStyles = prefix.has_value();
   if (prefix) names_.style = *prefix;
-  const std::string_view name = root.name();
-  names_.element = FromUtf8(name.substr(0, name.size() - LocalName(name).size()));
-  if (LocalName(name) == "tt") {
-    TtmlWalk walk(text, separator, sink, clock_, TtmlLayout(root), settings_);
-    walk.All(root);
-    said_ = walk.TakeSaid();
-  }
-  // A file that ends too soon breaks off behind its last byte.
-  const auto place = static_cast<std::size_t>(std::max<std::ptrdiff_t>(parsed.offset, 0));
-  if (!parsed || LocalName(name) != "tt") sink.NotUnderstood(std::min(place, text.bytes.size()));
+  names_.element = FromUtf8(first->name.substr(0, first->name.size() - LocalName(first->name).size()));
+  if (opening.In(text.bytes).ends_with("/>")) return;
+  TtmlWalk walk(text, separator, sink, clock_, settings_);
+  walk.All(root, tags);
+  said_ = walk.TakeSaid();
 }
 
 std::string TtmlFormat::TimeField(Ms ms, std::string_view old) const { return clock_.Like(ms, old); }
@@ -86,14 +86,12 @@ Text TtmlFormat::TextField(TextView text, TextView separator, TextView) const {
 }
 
 Beside TtmlFormat::BesideOf(const SourceText&, const SourceRecord& record) const {
-  const auto hit = said_.beside.find(record.whole.at);
-  return hit == said_.beside.end() ? Beside() : hit->second;
+  Beside beside = said_.Of(record.whole.at).beside;
+  beside.named = said_.styles;
+  return beside;
 }
 
-Ms TtmlFormat::OffsetOf(const SourceRecord& record) const {
-  const auto behind = std::ranges::upper_bound(said_.offsets, record.whole.at, {}, &TtmlOffset::from);
-  return behind == said_.offsets.begin() ? Ms(0) : std::prev(behind)->offset;
-}
+Ms TtmlFormat::OffsetOf(const SourceRecord& record) const { return said_.Of(record.whole.at).offset; }
 
 Text TtmlFormat::Record(const NewRecord& record, TextView separator) const {
   const std::size_t open = std::min(record.neighbour.find('<'), record.neighbour.size());

@@ -23,7 +23,7 @@ class TtmlFormat final : public SourceFormat {
   std::string TimeField(Ms ms, std::string_view old) const override;
   Text TextField(TextView text, TextView separator, TextView lineEnd) const override;
   Text Record(const NewRecord& record, TextView separator) const override;
-  bool TellsBeside() const override { return !said_.beside.empty(); }
+  bool TellsBeside() const override { return said_.beside || said_.styles != nullptr; }
   Beside BesideOf(const SourceText& text, const SourceRecord& record) const override;
   Ms OffsetOf(const SourceRecord& record) const override;
   bool WritesChanges() const override { return !said_.sequences; }

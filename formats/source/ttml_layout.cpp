@@ -47,7 +47,29 @@ int ColumnOf(std::string_view align) {
   return align == "right" || align == "end" ? 1 : 0;
 }
 
+bool SaysStyle(std::string_view name) {
+  return name == "fontStyle" || name == "fontWeight" || name == "textDecoration" || name == "color";
+}
+
+void TakeStyles(const pugi::xml_node& element, TtmlStyle& style) {
+  for (const pugi::xml_attribute& attribute : element.attributes()) {
+    const std::string_view name = TtmlLayout::LocalName(attribute.name());
+    if (SaysStyle(name)) {
+      (void)style.TakeAttribute(ToLower(FromUtf8(name)), FromUtf8(attribute.value()));
+    } else if (name != "id" && name != "style") {
+      style.others = true;
+    }
+  }
+}
+
 }  // namespace
+
+Beside TtmlLook::Said() const {
+  Beside said = beside;
+  region.Apply(said.style);
+  style.Apply(said.style);
+  return said;
+}
 
 TtmlLayout::TtmlLayout(const pugi::xml_node& root) {
   const auto [width, height] = Pair(Attribute(root, "extent"));
@@ -57,9 +79,11 @@ TtmlLayout::TtmlLayout(const pugi::xml_node& root) {
     width_.cells = Number(columns);
     height_.cells = Number(rows);
   }
-  for (const pugi::xml_node& child : root.children()) {
-    if (LocalName(child.name()) == "head") ReadHead(child, 0);
-  }
+}
+
+void TtmlLayout::ReadHead(const pugi::xml_node& head) {
+  ReadHead(head, 0);
+  ResolveStyles();
 }
 
 void TtmlLayout::ReadHead(const pugi::xml_node& node, int depth) {
@@ -68,7 +92,9 @@ void TtmlLayout::ReadHead(const pugi::xml_node& node, int depth) {
     const std::string_view name = LocalName(child.name());
     const std::string id(Attribute(child, "id"));
     if (name == "region") {
-      regions_.emplace(id, PlaceOfRegion(child));
+      regions_.emplace(id, Region{PlaceOfRegion(child), StyleOf(child)});
+    } else if (name == "style") {
+      if (!id.empty()) styleElements_.push_back(StyleOf(child));
     } else if (name == "agent") {
       for (const pugi::xml_node& called : child.children()) {
         if (LocalName(called.name()) != "name") continue;
@@ -98,17 +124,58 @@ int TtmlLayout::PlaceOfRegion(const pugi::xml_node& region) const {
   return PlaceAt(RowAt(top + part * height), ColumnOf(Attribute(region, "textAlign")));
 }
 
-void TtmlLayout::Read(const pugi::xml_node& element, Beside& beside) const {
+TtmlLayout::StyleElement TtmlLayout::StyleOf(const pugi::xml_node& element) {
+  StyleElement style{std::string(Attribute(element, "id")), std::string(Attribute(element, "style")), {}};
+  TakeStyles(element, style.own);
+  for (const pugi::xml_node& child : element.children()) {
+    if (LocalName(child.name()) == "style") TakeStyles(child, style.own);
+  }
+  return style;
+}
+
+/// Styles may build on others that the file names later. What builds on more of them than this is left as it is.
+void TtmlLayout::ResolveStyles() {
+  if (styleElements_.empty()) return;
+  styles_ = std::make_shared<TtmlStyles>();
+  for (int depth = 0; depth < kDeepest; ++depth) {
+    for (const StyleElement& element : styleElements_) {
+      TtmlStyle style;
+      TakeNamed(element.basis, style);
+      style.Take(element.own);
+      styles_->insert_or_assign(FromUtf8(element.id), style);
+    }
+  }
+}
+
+void TtmlLayout::TakeNamed(std::string_view names, TtmlStyle& style) const {
+  if (names.empty() || styles_ == nullptr) return;
+  for (const Text& name : Split(FromUtf8(names), u" ")) {
+    const auto hit = styles_->find(name);
+    if (hit != styles_->end()) style.Take(hit->second);
+  }
+}
+
+void TtmlLayout::Read(const pugi::xml_node& element, TtmlLook& look) const {
+  TtmlStyle own;
   for (const pugi::xml_attribute& attribute : element.attributes()) {
     const std::string_view name = LocalName(attribute.name());
     if (name == "region") {
       const auto hit = regions_.find(attribute.value());
-      if (hit != regions_.end()) beside.place = hit->second;
+      if (hit == regions_.end()) continue;
+      look.beside.place = hit->second.place;
+      look.region = {};
+      TakeNamed(hit->second.style.basis, look.region);
+      look.region.Take(hit->second.style.own);
     } else if (name == "agent") {
       const auto hit = speakers_.find(attribute.value());
-      if (hit != speakers_.end()) beside.speaker = hit->second;
+      if (hit != speakers_.end()) look.beside.speaker = hit->second;
+    } else if (name == "style") {
+      TakeNamed(attribute.value(), look.style);
+    } else if (SaysStyle(name)) {
+      (void)own.TakeAttribute(ToLower(FromUtf8(name)), FromUtf8(attribute.value()));
     }
   }
+  look.style.Take(own);
 }
 
 }  // namespace cuewright

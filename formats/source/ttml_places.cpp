@@ -54,6 +54,14 @@ bool TtmlTag::Next(std::string_view& name, Stretch& value) {
   return true;
 }
 
+Stretch TagAt(std::string_view bytes, std::size_t nameAt) {
+  TtmlTag tag(bytes, nameAt);
+  std::string_view name;
+  Stretch value;
+  while (tag.Next(name, value)) continue;
+  return Stretch::Between(nameAt - 1, tag.End());
+}
+
 TtmlPlaces TtmlPlacesOf(std::string_view bytes, std::size_t nameAt, std::string_view fullName) {
   TtmlPlaces places;
   TtmlTag tag(bytes, nameAt);

@@ -40,6 +40,9 @@ struct TtmlPlaces {
   bool HasTimes() const { return !begin.Empty() || !end.Empty() || !duration.Empty(); }
 };
 
+/// The opening tag whose name stands here, from its bracket on.
+Stretch TagAt(std::string_view bytes, std::size_t nameAt);
+
 /// The places of the element whose name stands here.
 TtmlPlaces TtmlPlacesOf(std::string_view bytes, std::size_t nameAt, std::string_view name);
 

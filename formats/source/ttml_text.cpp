@@ -10,7 +10,7 @@
 namespace cuewright {
 namespace {
 
-bool IsBlankUnit(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+bool IsBlankUnit(char16_t c) { return c <= u' ' && (c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'); }
 
 /// A name without the prefix of its name space.
 TextView LocalName(TextView name) {
@@ -26,27 +26,29 @@ TextView ElementOf(TextView inner) {
 
 constexpr TextView kVerbatim = u"<![CDATA[";
 
-/// Puts a paragraph's pieces together.
+/// Puts a paragraph's pieces together. Blanks that follow each other are one, be there tags between them or not, and
+/// those around a line are none.
 class Joiner {
  public:
   Joiner(XmlSpace space, TextView separator) : space_(space), separator_(separator) {}
 
   void Text(TextView raw) {
     for (std::size_t at = 0; at < raw.size(); ++at) {
-      const char16_t c = raw[at];
-      if (!IsBlankUnit(c)) {
-        out_ += c;
-      } else if (space_ == XmlSpace::Preserve) {
-        Preserved(raw, at);
-      } else if (!out_.empty() && out_.back() != u' ' && !AtLineStart()) {
-        out_ += u' ';
+      const auto word = raw.begin() + std::ptrdiff_t(at);
+      const auto blank = std::find_if(word, raw.end(), IsBlankUnit);
+      if (blank != word) {
+        out_.append(word, blank);
+        lastBlank_ = kNone;
+        inLine_ = true;
+        at += std::size_t(blank - word);
       }
+      if (at < raw.size()) Blank(raw, at);
     }
   }
   void Break() {
     TrimEnd();
     out_ += separator_;
-    lineAt_ = out_.size();
+    inLine_ = false;
   }
   void Tag(TextView tag) { out_ += tag; }
   cuewright::Text Take() {
@@ -55,6 +57,14 @@ class Joiner {
   }
 
  private:
+  static constexpr std::size_t kNone = cuewright::Text::npos;
+
+  void Blank(TextView raw, std::size_t at) {
+    if (space_ == XmlSpace::Preserve) return Preserved(raw, at);
+    if (!inLine_ || lastBlank_ != kNone) return;
+    lastBlank_ = out_.size();
+    out_ += u' ';
+  }
   void Preserved(TextView raw, std::size_t at) {
     if (raw[at] == u'\n' || (raw[at] == u'\r' && raw.substr(at + 1, 1) != u"\n")) {
       Break();
@@ -62,16 +72,16 @@ class Joiner {
       out_ += raw[at];
     }
   }
-  bool AtLineStart() const { return out_.size() == lineAt_; }
   void TrimEnd() {
-    if (space_ == XmlSpace::Preserve) return;
-    while (out_.size() > lineAt_ && out_.back() == u' ') out_.pop_back();
+    if (lastBlank_ != kNone) out_.erase(lastBlank_, 1);
+    lastBlank_ = kNone;
   }
 
   XmlSpace space_;
   TextView separator_;
   cuewright::Text out_;
-  std::size_t lineAt_ = 0;
+  std::size_t lastBlank_ = kNone;  // that nothing visible follows yet
+  bool inLine_ = false;            // the line has something visible
 };
 
 struct SpanStyle {

@@ -1,6 +1,7 @@
 #include "formats/source/ttml_walk.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "formats/source/open_ended.h"
@@ -16,7 +17,8 @@ std::string_view LocalName(std::string_view name) { return TtmlLayout::LocalName
 Ms Later(Ms time, Ms by) { return Ms::Within(time.Wide() + by.Wide(), 0, Ms::Latest()); }
 
 bool HasTimes(const pugi::xml_node& node) {
-  return !node.attribute("begin").empty() || !node.attribute("end").empty() || !node.attribute("dur").empty();
+  return *node.attribute("begin").value() != 0 || *node.attribute("end").value() != 0 ||
+         *node.attribute("dur").value() != 0;
 }
 
 /// All text of a paragraph stands in spans that have times.
@@ -33,17 +35,35 @@ bool StandsInTimedSpans(const pugi::xml_node& paragraph) {
 
 }  // namespace
 
-void TtmlWalk::All(const pugi::xml_node& root) {
-  Children(root, InsideOf(root, {}), 0);
+const TtmlSaying& TtmlSaid::Of(std::uint32_t place) const {
+  static const TtmlSaying kNothing;
+  const auto behind = std::ranges::upper_bound(sayings, place, {}, &TtmlSaying::from);
+  return behind == sayings.begin() ? kNothing : *std::prev(behind);
+}
+
+void TtmlWalk::All(const XmlElement& root, XmlTags& tags) {
+  tags_ = &tags;
+  layout_ = TtmlLayout(root.Node());
+  const std::string_view name = root.Node().name();
+  Contents(name, InsideOf(root.Node(), {}), 0);
+  // What stands behind the root isn't read.
+  if (const auto behind = stopped_ || broken_ ? std::nullopt : tags.Next()) sink_.NotUnderstood(behind->open);
   CloseOpen({});
 }
 
 TtmlWalk::Around TtmlWalk::InsideOf(const pugi::xml_node& node, const Around& around) const {
   Around inside = around;
-  layout_.Read(node, inside.beside);
-  const auto begin = clock_.TimeOf(node.attribute("begin").value());
-  const auto end = clock_.TimeOf(node.attribute("end").value());
-  const auto duration = clock_.TimeOf(node.attribute("dur").value());
+  layout_.Read(node, inside.look);
+  inside.hasUnknownTime = false;
+  const auto time = [&](const char* name) {
+    const std::string_view value = node.attribute(name).value();
+    const std::optional<Ms> known = value.empty() ? std::nullopt : clock_.TimeOf(value);
+    inside.hasUnknownTime = inside.hasUnknownTime || (!value.empty() && !known);
+    return known;
+  };
+  const auto begin = time("begin");
+  const auto end = time("end");
+  const auto duration = time("dur");
   if (begin) inside.offset = Later(around.offset, *begin);
   if (end) {
     inside.end = Later(around.offset, *end);
@@ -57,39 +77,77 @@ TtmlWalk::Around TtmlWalk::InsideOf(const pugi::xml_node& node, const Around& ar
   return inside;
 }
 
-void TtmlWalk::Children(const pugi::xml_node& node, const Around& around, int depth) {
+/// Hands the content of an element over to be read, and moves on behind it. A part of a sequence begins where the one
+/// before it ends.
+template <class Content>
+void TtmlWalk::Visit(const pugi::xml_node& node, Around& from, Content content) {
+  const Around inside = InsideOf(node, from);
+  const Ms before = std::exchange(latest_, inside.offset);
+  content(inside);
+  if (from.sequence) {
+    said_.sequences = true;
+    from.offset = inside.end.value_or(latest_);
+    latest_ = from.offset;
+  }
+  latest_ = std::max(latest_, before);
+}
+
+/// Reads the elements up to the end of the one of this name that they are in.
+void TtmlWalk::Contents(std::string_view name, const Around& around, int depth) {
   Around from = around;
-  // A part of a sequence begins where the one before it ends.
   if (around.sequence) from.end.reset();
-  for (const pugi::xml_node& child : node.children()) {
-    if (stopped_) return;
-    if (child.type() != pugi::node_element || depth > kDeepest) continue;
-    const std::string_view name = LocalName(child.name());
-    const bool holds = name == "body" || name == "div" || name == "tt";
-    if (!holds && name != "p" && name != "span") continue;
-    const Around inside = InsideOf(child, from);
-    const Ms before = std::exchange(latest_, inside.offset);
-    if (holds) {
-      Children(child, inside, depth + 1);
-    } else {
-      Take(child, from, inside, depth);
+  while (!stopped_ && !broken_) {
+    const auto tag = tags_->Next();
+    if (tag && !tag->closing) {
+      Element(*tag, from, depth);
+      continue;
     }
-    if (around.sequence) {
-      said_.sequences = true;
-      from.offset = inside.end.value_or(latest_);
-      latest_ = from.offset;
-    }
-    latest_ = std::max(latest_, before);
+    broken_ = !tag || tag->name != name;
+    // A file that ends too soon breaks off behind its last byte.
+    if (broken_) sink_.NotUnderstood(tag ? tag->open : text_.bytes.size());
+    return;
   }
 }
 
-void TtmlWalk::Take(const pugi::xml_node& node, const Around& around, const Around& inside, int depth) {
-  const auto nameAt = static_cast<std::size_t>(node.offset_debug());
-  const TtmlPlaces places = TtmlPlacesOf(text_.bytes, nameAt, node.name());
-  if (!places.HasTimes() && StandsInTimedSpans(node)) return Children(node, inside, depth + 1);
+void TtmlWalk::Element(const XmlTag& tag, Around& from, int depth) {
+  const std::string_view name = LocalName(tag.name);
+  const bool followed = depth <= kDeepest;
+  if (followed && (name == "body" || name == "div" || name == "tt")) return Container(tag, from, depth);
+  const TtmlPlaces places = TtmlPlacesOf(text_.bytes, tag.NameAt(), tag.name);
+  tags_->GoTo(places.behind);
+  if (!element_.Load(text_.bytes, Stretch::Between(tag.open, places.behind))) sink_.NotUnderstood(tag.open);
+  const pugi::xml_node node = element_.Node();
+  if (name == "head") layout_.ReadHead(node);
+  if (!followed || (name != "p" && name != "span")) return;
+  Visit(node, from, [&](const Around& inside) { Take(node, places, from, inside); });
+}
+
+void TtmlWalk::Container(const XmlTag& tag, Around& from, int depth) {
+  const Stretch opening = TagAt(text_.bytes, tag.NameAt());
+  tags_->GoTo(opening.End());
+  if (!element_.LoadTag(text_.bytes, opening)) sink_.NotUnderstood(tag.open);
+  const bool closed = opening.In(text_.bytes).ends_with("/>");
+  Visit(element_.Node(), from, [&](const Around& inside) {
+    if (!closed) Contents(tag.name, inside, depth + 1);
+  });
+}
+
+/// Reads the spans of a paragraph as captions of their own.
+void TtmlWalk::Spans(const pugi::xml_node& paragraph, const Around& around) {
+  Around from = around;
+  if (around.sequence) from.end.reset();
+  for (const pugi::xml_node& span : paragraph.children()) {
+    if (stopped_ || LocalName(span.name()) != "span") continue;
+    const TtmlPlaces places = TtmlPlacesOf(text_.bytes, element_.NameAt(span), span.name());
+    Visit(span, from, [&](const Around& inside) { Take(span, places, from, inside); });
+  }
+}
+
+void TtmlWalk::Take(const pugi::xml_node& node, const TtmlPlaces& places, const Around& around, const Around& inside) {
+  if (!places.HasTimes() && StandsInTimedSpans(node)) return Spans(node, inside);
+  const std::size_t nameAt = element_.NameAt(node);
   Text caption = ParagraphToText(text_.Decoded(places.inner), inside.space, separator_);
-  const auto bad = [&](Stretch field) { return !field.Empty() && !clock_.TimeOf(field.In(text_.bytes)); };
-  const bool known = !bad(places.begin) && !bad(places.end) && !bad(places.duration) && inside.timed;
+  const bool known = inside.timed && !inside.hasUnknownTime;
   // Paragraphs without times and text are usual as spacers.
   if (!known || (!places.HasTimes() && caption.empty())) {
     if (!caption.empty()) sink_.NotUnderstood(nameAt);
@@ -99,10 +157,15 @@ void TtmlWalk::Take(const pugi::xml_node& node, const Around& around, const Arou
   // An end that is reckoned from a duration changes with the whole record.
   if (!places.end.Empty()) record.end = places.end;
   if (places.inner.at != places.behind) record.text = places.inner;
-  if (inside.beside.Any()) said_.beside.emplace(record.whole.at, inside.beside);
-  const Ms offset = said_.offsets.empty() ? Ms(0) : said_.offsets.back().offset;
-  if (around.offset != offset) said_.offsets.push_back({record.whole.at, around.offset});
+  Say(record, around.offset, inside.look.Said());
   HandOn(inside.offset, inside.end, std::move(caption), record);
+}
+
+void TtmlWalk::Say(const SourceRecord& record, Ms offset, const Beside& beside) {
+  const TtmlSaying& last = said_.Of(record.whole.at);
+  if (last.offset == offset && last.beside == beside) return;
+  said_.beside = said_.beside || beside.Any();
+  said_.sayings.push_back({record.whole.at, offset, beside});
 }
 
 void TtmlWalk::HandOn(Ms start, std::optional<Ms> end, Text text, const SourceRecord& record) {

@@ -103,9 +103,9 @@ TEST(Beside, ThePreviewIsToldThePlace) {
   FormatRig rig;
   rig.Open("a.vtt", kCues);
   const DocumentMarks marks(rig.state);
-  EXPECT_EQ(marks.PlaceBeside(rig.captions.At(2).origin), 7);
-  EXPECT_EQ(marks.PlaceBeside(rig.captions.At(3).origin), 2);
-  EXPECT_EQ(marks.PlaceBeside(0), 2);
+  EXPECT_EQ(marks.ReadOf(rig.captions.At(2).origin, u"a", u"|").place, 7);
+  EXPECT_EQ(marks.ReadOf(rig.captions.At(3).origin, u"a", u"|").place, 2);
+  EXPECT_EQ(marks.ReadOf(0, u"a", u"|").place, 2);
 }
 
 TEST(Beside, CueSettingsNameTheNearestPlace) {
@@ -135,6 +135,49 @@ TEST(Beside, RegionsOfTimedTextNameTheNearestPlace) {
       u"SUBRIP");
   EXPECT_TRUE(Has(saved, "\r\n{\\an9}a\r\n")) << saved;
   EXPECT_TRUE(Has(saved, "\r\nb\r\n")) << saved;
+}
+
+/// A TTML file with these styles in its head and this in its body.
+std::string Styled(const std::string& styles, const std::string& body) {
+  return "<tt xmlns='http://www.w3.org/ns/ttml' xmlns:tts='http://www.w3.org/ns/ttml#styling'><head><styling>" +
+         styles + "</styling><layout><region xml:id='r' tts:color='#00ff00'/></layout></head><body>" + body +
+         "</body></tt>";
+}
+
+TEST(Beside, StylesAroundTimedTextAreCarriedOver) {
+  const std::string styles =
+      "<style xml:id='late' style='slanted fat'/><style xml:id='slanted' tts:fontStyle='italic' tts:color='white'/>"
+      "<style xml:id='fat' tts:fontWeight='bold'/>";
+  struct Case {
+    const char* body;
+    const char* text;
+  };
+  const Case cases[] = {
+      {"<div><p begin='1s' end='2s' tts:fontStyle='italic'>a</p></div>", "<i>a</i>"},
+      {"<div tts:textDecoration='underline'><p begin='1s' end='2s'>a<br/>b</p></div>", "<u>a\r\nb</u>"},
+      {"<div style='slanted'><p begin='1s' end='2s' tts:fontStyle='normal'>a</p></div>", "a"},
+      {"<div><p begin='1s' end='2s' style='late'>a</p></div>", "<b><i>a</i></b>"},
+      {"<div><p begin='1s' end='2s' tts:color='#ff0000'>a</p></div>", "<font color=\"#ff0000\">a</font>"},
+      {"<div region='r'><p begin='1s' end='2s'>a</p></div>", "{\\an8}<font color=\"#00ff00\">a</font>"},
+      {"<div region='r'><p begin='1s' end='2s' tts:color='white'>a</p></div>", "{\\an8}a"},
+      {"<div><p begin='1s' end='2s'>a <span style='slanted'>b</span></p></div>", "a <i>b</i>"},
+      {"<div><p begin='1s' end='2s'>a <span tts:fontStyle='normal' style='late'>b</span></p></div>", "a <b>b</b>"},
+      {"<div style='slanted'><p begin='1s' end='2s'>a <span tts:fontStyle='normal'>b</span></p></div>", "<i>a </i>b"},
+      {"<div><p begin='1s' end='2s' style='none'>a</p></div>", "a"},
+  };
+  for (const auto& [body, text] : cases) {
+    const std::string saved = Converted("a.ttml", Styled(styles, body), u"SUBRIP");
+    EXPECT_TRUE(Has(saved, "00:00:02,000\r\n" + std::string(text) + "\r\n")) << body << saved;
+  }
+}
+
+TEST(Beside, ThePreviewIsToldTheStyle) {
+  FormatRig rig;
+  rig.Open("a.ttml", Styled("<style xml:id='x' tts:fontStyle='italic'/>",
+                            "<p begin='1s' end='2s' style='x'>a</p><p begin='3s' end='4s'>b</p>"));
+  const DocumentMarks marks(rig.state);
+  EXPECT_TRUE(marks.ReadOf(rig.captions.At(1).origin, u"a", u"|").runs.at(0).style.italic);
+  EXPECT_FALSE(marks.ReadOf(rig.captions.At(2).origin, u"b", u"|").runs.at(0).style.italic);
 }
 
 TEST(Beside, StylesOfTimedTextAreDeclared) {

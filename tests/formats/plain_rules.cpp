@@ -1,107 +1,12 @@
 #include "tests/formats/plain_rules.h"
 
 #include <algorithm>
-#include <map>
 #include <optional>
-#include <regex>
+
+#include "tests/formats/plain_text.h"
 
 namespace cuewright::testing {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-constexpr std::int64_t kNoEnd = -1;
-
-/// Made once each, since to make one takes far longer than to use it.
-const std::regex& Regex(const std::string& pattern) {
-  static std::map<std::string, std::regex> made;
-  const auto found = made.find(pattern);
-  return found != made.end() ? found->second : made.emplace(pattern, std::regex(pattern)).first->second;
-}
-
-std::optional<std::smatch> Match(const std::string& line, const std::string& pattern) {
-  std::smatch match;
-  if (!std::regex_match(line, match, Regex(pattern))) return {};
-  return match;
-}
-
-std::string Replaced(const std::string& text, const char* pattern, const char* with) {
-  return std::regex_replace(text, Regex(pattern), with);
-}
-
-Lines LinesOf(const std::string& file) {
-  Lines lines{""};
-  for (const char c : Replaced(file, "\r\r\n|\r\n|\r", "\n")) {
-    if (c == '\n') {
-      lines.emplace_back();
-    } else {
-      lines.back() += c;
-    }
-  }
-  return lines;
-}
-
-std::string Trimmed(const std::string& line) { return Replaced(line, "^[ \t]+|[ \t]+$", ""); }
-bool IsBlankLine(const std::string& line) { return Trimmed(line).empty(); }
-
-std::string Joined(const Lines& lines) {
-  std::string text;
-  for (std::size_t i = 0; i < lines.size(); ++i) text += (i > 0 ? "|" : "") + lines[i];
-  return text;
-}
-
-/// "00:01:02,5", with two parts or three, as ms.
-std::int64_t MsOf(const std::string& clock) {
-  std::int64_t seconds = 0;
-  for (std::size_t at = 0; at < clock.size(); at = clock.find_first_of(":.,", at) + 1) {
-    if (at > 0 && clock[at - 1] != ':') return seconds * 1000 + std::stoi((clock.substr(at) + "00").substr(0, 3));
-    seconds = seconds * 60 + std::stoi(clock.substr(at));
-    if (clock.find_first_of(":.,", at) == std::string::npos) break;
-  }
-  return seconds * 1000;
-}
-
-/// Tags around all of the text, or around each of its lines, are a marker in front of it.
-std::string WithMarker(const std::string& text) {
-  const auto tags = Match(text, "(<[biu]>)(.*)(</[biu]>)");
-  if (!tags || tags->str(3) != "</" + tags->str(1).substr(1)) return text;
-  const std::string open = tags->str(1);
-  const std::string close = tags->str(3);
-  const std::string inner = tags->str(2);
-  if (inner.find(open) == std::string::npos && inner.find(close) == std::string::npos) return open + inner;
-  std::string lines;
-  for (const std::string& line : LinesOf(Replaced(text, "\\|", "\n"))) {
-    if (!line.starts_with(open) || !line.ends_with(close)) return text;
-    const std::string bare = line.substr(3, line.size() - 7);
-    if (bare.find(open) != std::string::npos || bare.find(close) != std::string::npos) return text;
-    lines += (lines.empty() ? open : "|") + bare;
-  }
-  return lines;
-}
-
-std::int64_t LengthInMs(const std::string& text) {
-  const auto length =
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
-  return length * (length <= 5 ? 250 : length <= 15 ? 120 : 50);
-}
-
-/// Ends the captions that have no end. Those without a text are no captions: they end what is seen at their time.
-PlainCaptions WithEnds(const PlainCaptions& read) {
-  PlainCaptions captions;
-  for (PlainCaption caption : read) {
-    if (IsBlankLine(caption.text)) continue;
-    const PlainCaption* next = nullptr;
-    for (const PlainCaption& other : read) {
-      if (other.start > caption.start && (next == nullptr || other.start < next->start)) next = &other;
-    }
-    if (caption.end == kNoEnd) {
-      caption.end = caption.start + LengthInMs(caption.text);
-      if (next != nullptr && (IsBlankLine(next->text) || next->start < caption.end)) caption.end = next->start;
-    }
-    captions.push_back(caption);
-  }
-  return captions;
-}
 
 /// A record that begins at a line.
 struct Block {
@@ -262,12 +167,13 @@ PlainCaptions PlainLyrics(const std::string& file) {
   PlainCaptions captions;
   for (const std::string& line : LinesOf(file)) {
     if (const auto header = Match(line, "\\[offset: ?([+-]?\\d+)\\].*")) offset = std::stoi(header->str(1));
-    const auto record = Match(line, "((?:\\[\\d+:\\d\\d(?:\\.\\d{2,3})?\\])+)(.*)");
+    const auto record = Match(line, "((?:\\[\\d+:\\d\\d(?:[.:]\\d{2,3})?\\])+)(.*)");
     if (!record) continue;
     // Several times before a text each show it.
     std::string stamps = record->str(1);
     for (std::size_t at = 0; at < stamps.size(); at = stamps.find(']', at) + 1) {
-      const std::string stamp = stamps.substr(at + 1, stamps.find(']', at) - at - 1);
+      std::string stamp = stamps.substr(at + 1, stamps.find(']', at) - at - 1);
+      stamp = Replaced(stamp, "^(\\d+:\\d+):", "$1.");
       captions.push_back({std::max<std::int64_t>(MsOf(stamp) - offset, 0), kNoEnd, record->str(2)});
     }
   }
@@ -342,6 +248,29 @@ PlainCaptions PlainSami(const std::string& file) {
   // A text lasts until the next time, however long that is.
   for (std::size_t i = 0; i < captions.size(); ++i) {
     if (i + 1 < captions.size()) captions[i].end = captions[i + 1].start;
+  }
+  return WithEnds(captions);
+}
+
+PlainCaptions PlainQuickTime(const std::string& file) {
+  std::int64_t scale = 0;
+  PlainCaptions captions;
+  const Lines lines = LinesOf(file);
+  for (std::size_t at = 0; at < lines.size(); ++at) {
+    if (const auto header = Match(lines[at], ".*\\{timeScale:(\\d+).*")) scale = std::stoll(header->str(1));
+    constexpr const char* kStamp = "\\[(\\d+:\\d\\d:\\d\\d)(?:\\.(\\d+))?\\](.*)";
+    const auto stamp = Match(lines[at], kStamp);
+    if (!stamp) continue;
+    // Behind the dot are units of the scale; without a scale they are decimals.
+    const std::string units = stamp->str(2);
+    std::int64_t ms = MsOf(stamp->str(1));
+    if (scale == 0) ms = MsOf(stamp->str(1) + "." + units);
+    if (scale != 0 && !units.empty()) ms += (std::stoll(units) * 2000 + scale) / (scale * 2);
+    Lines text;
+    if (!stamp->str(3).empty()) text.push_back(stamp->str(3));
+    while (at + 1 < lines.size() && !Match(lines[at + 1], kStamp)) text.push_back(lines[++at]);
+    while (!text.empty() && IsBlankLine(text.back())) text.pop_back();
+    captions.push_back({ms, kNoEnd, Joined(text)});
   }
   return WithEnds(captions);
 }

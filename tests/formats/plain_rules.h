@@ -29,5 +29,11 @@ PlainCaptions PlainLyrics(const std::string& file);
 PlainCaptions PlainTmPlayer(const std::string& file);
 PlainCaptions PlainSubStation(const std::string& file);
 PlainCaptions PlainSami(const std::string& file);
+PlainCaptions PlainQuickTime(const std::string& file);
+PlainCaptions PlainTtml(const std::string& file);
+PlainCaptions PlainTranscript(const std::string& file);
+/// The same for what broadcasters use, from the file's bytes. Places are those of a number pad, as "{\an8}".
+PlainCaptions PlainEbu(const std::string& file);
+PlainCaptions PlainScc(const std::string& file);
 
 }  // namespace cuewright::testing

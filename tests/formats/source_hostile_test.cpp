@@ -33,7 +33,7 @@ TEST(SourceFormats, ReadHostileFilesToTheirEnds) {
   const Encodings encodings(1252);
   int records = 0;
   for (const HostileFile& hostile : kHostileFiles) {
-    const TextFile file = TextFile::Auto(hostile.OfSize(1 << 16), encodings);
+    const TextFile file = hostile.Opened(1 << 16, encodings);
     OrderlySink sink(file.Bytes().size());
     MakeSourceFormat(hostile.format)->Read(SourceText{file.Bytes(), file}, u"|", sink);
     EXPECT_TRUE(sink.orderly) << ToUtf8(hostile.format) << ' ' << hostile.piece;

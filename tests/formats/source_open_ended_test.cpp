@@ -68,6 +68,14 @@ TEST(Lyrics, LinesRepeatsAndWordTimes) {
             u"[00:12.40]a b\n[00:13.50]\n");
 }
 
+TEST(Lyrics, OlderProgramsHaveAColonInFrontOfTheHundredths) {
+  const SourceRig rig(u"KARAOKELRC", "[ti:A song]\n[00:12:40]again\n[00:15:20]\n[75:00:05]end\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{12400, 15200, u"again"}, {4500050, 4500800, u"end"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+  rig.ExpectFieldsAreTheirOwn();
+  EXPECT_EQ(rig.WithStart(1, 4512340), "[ti:A song]\n[00:12:40]again\n[00:15:20]\n[75:12:34]end\n");
+}
+
 TEST(Lyrics, ATimeWithoutWordsEndsWhatIsSeenThen) {
   const SourceRig rig(u"KARAOKELRC",
                       "[00:10.00][01:00.00]again and again\n[00:15.00]\n[00:20.00]once\n[00:25.00]\n[01:09.00]\n"

@@ -36,6 +36,7 @@ TEST(SniffFormat, TellsWhatIsSure) {
       {u"00:00:12:10 men\n00:00:15:x\n", u"TMPLAYERCOLON"},
       {u"[ti:A song]\n[00:12.40]x", u"KARAOKELRC"},
       {u"[00:12]x", u"KARAOKELRC"},
+      {u"[ti:A song]\n[00:12:40]x", u"KARAOKELRC"},
       {u"{\"segments\": [{\"start\": 1, \"end\": 2, \"text\": \"x\"}]}", u"TRANSCRIPTJSON"},
       {u"00:00:12,1=x\n", u"TMPLAYER"},
       {u"0:00:12=x\n0:00:15=\n", u"TMPLAYERPLUS"},
@@ -47,8 +48,8 @@ TEST(SniffFormat, TellsWhatIsSure) {
 TEST(SniffFormat, LeavesOpenWhatIsNot) {
   for (const TextView head :
        {u"", u"words\nand words", u"WEBVTTX", u"00:00:12:10 00:00:15:05 x", u"00:00:12:10,x\n00:00:15:05,y", u"<html>",
-        u"[00:00:12.40]\nx", u"12\nwords", u"[00:12.400 --> 00:15.200] x", u"0:00:12.400,0:00:15.200,x", u"{a}{b}",
-        u"<?xml", u"<!--", u"12:00:00: it was noon", u"00:00:12,400 --> 00:00:15,200\nx", u"[Events]\n",
+        u"[00:00:12.40]\nx", u"[00:12:40]x", u"12\nwords", u"[00:12.400 --> 00:15.200] x", u"0:00:12.400,0:00:15.200,x",
+        u"{a}{b}", u"<?xml", u"<!--", u"12:00:00: it was noon", u"00:00:12,400 --> 00:00:15,200\nx", u"[Events]\n",
         u"[00012400][00015200]x"}) {
     EXPECT_EQ(SniffFormat(head), std::nullopt) << Text(head).size();
   }

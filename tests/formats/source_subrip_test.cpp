@@ -20,6 +20,14 @@ TEST(SubRip, CaptionsHaveTheirTextAndTheStylesOfAll) {
   rig.ExpectFieldsAreTheirOwn();
 }
 
+TEST(SubRip, ATimeWithALetterInItIsNoTimeOfZero) {
+  const SourceRig rig(u"SUBRIP",
+                      "1\n00:00:01,000 --> 00:00:0x,000\na\n\n2\n00:00:0x,000 --> 00:00:04,000\nb\n\n"
+                      "3\n00:00:05,000 --> 00:00:06,000X1:10\nc\n\n4\n00:00:07 --> 00:00:08\nd\n");
+  EXPECT_EQ(rig.Rows(), (Rows{{5000, 6000, u"c"}, {7000, 8000, u"d"}}));
+  EXPECT_EQ(rig.Blamed(), (std::vector<int>{2, 3, 6, 7}));
+}
+
 struct TimeCase {
   const char* written;
   std::int32_t ms;

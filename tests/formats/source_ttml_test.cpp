@@ -169,5 +169,48 @@ TEST(Ttml, AFileThatBreaksOffIsBlamed) {
   }
 }
 
+TEST(Ttml, WhatLooksLikeATagAndIsNoneIsPassedOver) {
+  const SourceRig rig(u"TTML",
+                      "<?xml version=\"1.0\"?><?note <tt> ?>\n<!-- <tt> -->\n"
+                      "<!DOCTYPE tt [<!ENTITY a \"<p>\"> <!-- ' > --> <!ELEMENT tt (body)>]>\n"
+                      "<tt><body><div><![CDATA[<p begin='8s' end='9s'>no</p>]]><?p <p> ?>"
+                      "<p begin=\"1s\" end=\"2s\">a<!-- </p> --></p><set x='a>b'/></div></body></tt>\n<!-- end -->");
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a<!-- </p> -->"}}));
+  EXPECT_TRUE(rig.Blamed().empty());
+}
+
+TEST(Ttml, AParagraphThatIsBrokenIsBlamedAndThoseBehindItAreRead) {
+  const SourceRig rig(u"TTML", Bodied("<p begin=\"1s\" end=\"2s\">a <span>b</p>\n"
+                                      "<p begin=\"3s\" end=\"4s\">c</p>\n"));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a <span>b"}, {3000, 4000, u"c"}}));
+  EXPECT_EQ(rig.Blamed(), (std::vector<int>{2}));
+}
+
+TEST(Ttml, WhatStandsBehindTheRootIsBlamed) {
+  const SourceRig rig(u"TTML", Bodied("<p begin=\"1s\" end=\"2s\">a</p>") + "\n<tt></tt>");
+  EXPECT_EQ(rig.Rows().size(), 1u);
+  EXPECT_EQ(rig.Blamed(), (std::vector<int>{3}));
+  EXPECT_EQ(SourceRig(u"TTML", "<tt><body></div></body></tt>").Blamed(), (std::vector<int>{1}));
+}
+
+TEST(Ttml, ElementsTooDeepAreLeftOut) {
+  std::string open;
+  std::string close;
+  for (int i = 0; i < 150; ++i) {
+    open += "<div>";
+    close += "</div>";
+  }
+  const SourceRig rig(u"TTML",
+                      Bodied(open + "<p begin=\"1s\" end=\"2s\">a</p>" + close + "<p begin=\"3s\" end=\"4s\">b</p>"));
+  EXPECT_EQ(rig.Rows(), (Rows{{3000, 4000, u"b"}}));
+}
+
+TEST(Ttml, BlanksAroundTagsAreAsTheyAreSeen) {
+  const SourceRig rig(u"TTML",
+                      Bodied("<p begin=\"1s\" end=\"2s\">a <span x=\"y\"> b </span> c <br/><span x=\"y\"> d </span>"
+                             " </p>"));
+  EXPECT_EQ(rig.Rows(), (Rows{{1000, 2000, u"a <span x=\"y\">b </span>c|<span x=\"y\">d</span>"}}));
+}
+
 }  // namespace
 }  // namespace cuewright::testing

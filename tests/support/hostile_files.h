@@ -2,9 +2,26 @@
 
 #include <string>
 
+#include "text/encodings.h"
 #include "text/text.h"
+#include "text/text_file.h"
 
 namespace cuewright::test {
+
+inline std::string EbuHead() { return "850STL25.011000" + std::string(1009, ' '); }
+
+/// The blocks of one EBU caption, as many as there can be, with a colour for each letter.
+inline std::string LongestEbuCaption() {
+  constexpr int kMostBlocks = 0xF0;
+  std::string blocks;
+  for (int extension = 0; extension < kMostBlocks; ++extension) {
+    std::string block(16, '\0');
+    block[3] = static_cast<char>(static_cast<unsigned char>(extension));
+    while (block.size() < 128) block += "\1a\2b";
+    blocks += block;
+  }
+  return blocks;
+}
 
 /// A file that is made to keep a reader busy: its beginning, and a piece that is repeated to the end.
 struct HostileFile {
@@ -16,6 +33,11 @@ struct HostileFile {
     std::string bytes = begin;
     while (bytes.size() < size) bytes += piece;
     return bytes;
+  }
+  /// As the engine opens one.
+  TextFile Opened(std::size_t size, const Encodings& encodings) const {
+    if (format == u"EBUSTL") return TextFile::OfBytes(OfSize(size));
+    return TextFile::Auto(OfSize(size), encodings, TextFile::Untold::Unicode);
   }
 };
 
@@ -46,11 +68,27 @@ inline const HostileFile kHostileFiles[] = {
     {u"TTML", "<tt><body>", "<p begin='1s' end='2s'>"},
     {u"TRANSCRIPTJSON", "[", "{\"start\":1,\"end\":2,\"text\":\"\\n\"},"},
     {u"TRANSCRIPTJSON", "{\"", "\\\""},
+    {u"TTML", "<tt><body>", "<x/>"},
+    {u"TTML", "<tt><body>", "<p>x</p>"},
+    {u"TTML", "<tt><body><p>", "<span begin='1s' end='2s'>"},
+    {u"TTML", "<tt><body><p>", "<span begin='1s' end='2s'>a</span>"},
+    {u"TTML", "<tt><head>", "<region xml:id='a'/>"},
+    {u"TTML", "<!DOCTYPE tt [", "<!ENTITY a 'b'>"},
+    {u"TTML", "<tt ", "a='b' "},
+    {u"TRANSCRIPTJSON", "", "["},
+    {u"TRANSCRIPTJSON", "[", "{\"tStartMs\":1,\"dDurationMs\":1,\"segs\":[{\"utf8\":\"a\"},{\"utf8\":\"b\"}]},"},
     {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t", "942f "},
     {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t9429 ", "6180 942c 942c "},
     {u"SCC", "Scenarist_SCC V1.0\n", "00:00:01:00\n"},
-    {u"EBUSTL", "850STL25.011000" + std::string(1009, ' '), std::string(128, '\0')},
-    {u"EBUSTL", "850STL25.011000" + std::string(1009, ' '), std::string(16, '\xFF') + std::string(112, '\xC8')},
+    {u"SCC", "Scenarist_SCC V1.0\n", "00:00:01:00\t9425 9425 94ad 94ad 6180\n"},
+    {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t9429 ", "9140 6162 91ae 97a1 9470 94a1 "},
+    {u"SCC", "Scenarist_SCC V1.0\n00:00:01:00\t", "6161"},
+    {u"SCC", "Scenarist_SCC V1.0\n", "00:00:01:00 zz zz\n"},
+    {u"EBUSTL", EbuHead(), std::string(128, '\0')},
+    {u"EBUSTL", EbuHead(), std::string(16, '\xFF') + std::string(112, '\xC8')},
+    {u"EBUSTL", EbuHead(), std::string("\0\0\0\xFE", 4) + std::string(124, '\0')},
+    {u"EBUSTL", EbuHead(), std::string("\0\0\0\xFF", 4) + std::string(12, '\0') + std::string(112, '\x8A')},
+    {u"EBUSTL", EbuHead(), LongestEbuCaption()},
 };
 
 }  // namespace cuewright::test
