@@ -91,8 +91,10 @@ std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
     rest.remove_prefix(1);
     half_.clear();
   }
-  samples_.reserve(samples_.size() + rest.size() / 2);
-  for (; rest.size() >= 2; rest.remove_prefix(2)) samples_.push_back(sample(rest[0], rest[1]));
+  const std::size_t had = samples_.size();
+  samples_.resize(had + rest.size() / 2);
+  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = sample(rest[2 * i], rest[2 * i + 1]);
+  rest.remove_prefix(rest.size() / 2 * 2);
   half_ += rest;
   return samples_;
 }
