@@ -1,10 +1,7 @@
 #include "sound/sound_measurer.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <numbers>
-#include <numeric>
 
 namespace cuewright {
 namespace {
@@ -13,57 +10,13 @@ constexpr int kMsPerSecond = 1000;
 constexpr int kWindowMs = 20;
 constexpr float kMostUnits = 255;
 
-/// A Hann window, scaled so that the squares of the transform's lower half add up to the mean square of the sound: the
-/// squares of all bins add up to `size` times those of the input.
-std::vector<float> ScaledWindow(std::size_t length, std::size_t size) {
-  std::vector<double> shape(length);
-  double squares = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    const double phase = 2 * std::numbers::pi * (static_cast<double>(i) + 0.5) / static_cast<double>(length);
-    shape[i] = 0.5 - 0.5 * std::cos(phase);
-    squares += shape[i] * shape[i];
-  }
-  const double scale = 1 / std::sqrt(squares * static_cast<double>(size) / 2);
-  std::vector<float> window(length);
-  std::ranges::transform(shape, window.begin(), [&](double value) { return static_cast<float>(value * scale); });
-  return window;
-}
-
-/// The sum of products, by several sums side by side, which a processor adds at once.
-float Dot(const std::vector<float>& one, const float* other) {
-  constexpr std::size_t kAtOnce = 8;
-  std::array<float, kAtOnce> sums{};
-  std::size_t i = 0;
-  for (; i + kAtOnce <= one.size(); i += kAtOnce) {
-    for (std::size_t lane = 0; lane < kAtOnce; ++lane) sums[lane] += one[i + lane] * other[i + lane];
-  }
-  float rest = 0;
-  for (; i < one.size(); ++i) rest += one[i] * other[i];
-  return std::accumulate(sums.begin(), sums.end(), rest);
-}
-
 }  // namespace
 
-void SoundMeasurer::Release::operator()(kiss_fft_state* state) const { kiss_fft_free(state); }
-
-SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond) : table_(table), rate_(samplesASecond) {
-  const auto length = static_cast<std::size_t>(rate_ * kWindowMs / kMsPerSecond);
-  const std::size_t size = std::bit_ceil(length);
-  const std::size_t half = size / 2;
-  input_.resize(half);
-  window_ = ScaledWindow(length, size);
-  spectrum_.resize(half);
-  real_.resize(half + 1);
-  imaginary_.resize(half + 1);
-  powers_.resize(half + 1);
-  for (std::size_t bin = 0; bin <= half; ++bin) {
-    const double turn = std::numbers::pi * static_cast<double>(bin) / static_cast<double>(half);
-    cosines_.push_back(static_cast<float>(std::cos(turn)));
-    sines_.push_back(static_cast<float>(std::sin(turn)));
-  }
-  transform_.reset(kiss_fft_alloc(static_cast<int>(half), 0, nullptr, nullptr));
+SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond)
+    : table_(table), rate_(samplesASecond), spectrum_(static_cast<std::size_t>(rate_ * kWindowMs / kMsPerSecond)) {
+  const std::size_t size = spectrum_.Size();
   const double width = static_cast<double>(rate_) / static_cast<double>(size);
-  for (std::size_t bin = 0; bin <= half; ++bin) {
+  for (std::size_t bin = 0; bin <= size / 2; ++bin) {
     const double low = (static_cast<double>(bin) - 0.5) * width;
     for (int number = 0; number < SoundTable::kBands; ++number) {
       const double common =
@@ -78,12 +31,10 @@ SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond) : table_(tab
   samples_.assign(static_cast<std::size_t>(-begin_), 0);
 }
 
-SoundMeasurer::~SoundMeasurer() = default;
-
 std::int64_t SoundMeasurer::WindowBegin(std::size_t step) const {
   const std::int64_t middle =
       (2 * static_cast<std::int64_t>(step) + 1) * SoundTable::kStepMs * rate_ / (2 * kMsPerSecond);
-  return middle - static_cast<std::int64_t>(window_.size() / 2);
+  return middle - static_cast<std::int64_t>(spectrum_.Length() / 2);
 }
 
 void SoundMeasurer::Add(std::span<const std::int16_t> samples) {
@@ -96,7 +47,7 @@ void SoundMeasurer::Finish() {
   const std::int64_t perStep = std::int64_t{SoundTable::kStepMs} * rate_;
   const auto whole = static_cast<std::size_t>((given_ * kMsPerSecond + perStep - 1) / perStep);
   if (whole <= step_) return;
-  const std::int64_t needed = WindowBegin(whole - 1) + static_cast<std::int64_t>(window_.size()) - begin_;
+  const std::int64_t needed = WindowBegin(whole - 1) + static_cast<std::int64_t>(spectrum_.Length()) - begin_;
   samples_.resize(std::max(samples_.size(), static_cast<std::size_t>(needed)));
   MeasureReady();
 }
@@ -104,8 +55,8 @@ void SoundMeasurer::Finish() {
 void SoundMeasurer::MeasureReady() {
   for (;; ++step_) {
     const auto from = static_cast<std::size_t>(WindowBegin(step_) - begin_);
-    if (from + window_.size() > samples_.size()) break;
-    Measure(std::span(samples_).subspan(from, window_.size()));
+    if (from + spectrum_.Length() > samples_.size()) break;
+    Measure(std::span(samples_).subspan(from, spectrum_.Length()));
   }
   const auto done = static_cast<std::size_t>(WindowBegin(step_) - begin_);
   const auto unused = static_cast<std::ptrdiff_t>(std::min(done, samples_.size()));
@@ -114,40 +65,15 @@ void SoundMeasurer::MeasureReady() {
 }
 
 void SoundMeasurer::Measure(std::span<const std::int16_t> samples) {
-  // Its numbers lie in pairs, the real part first.
-  auto* const input = reinterpret_cast<float*>(input_.data());
-  for (std::size_t i = 0; i < samples.size(); ++i) input[i] = static_cast<float>(samples[i]) * window_[i];
-  kiss_fft(transform_.get(), input_.data(), spectrum_.data());
-  TakePowers();
+  const std::span<const float> powers = spectrum_.Measure(samples);
   SoundTable::Step step{};
   std::ranges::transform(bands_, step.begin(), [&](const Band& band) {
-    const float power = std::max(Dot(band.shares, &powers_[band.first]), 1.0F);
+    const float power = std::max(DotOf(band.shares, &powers[band.first]), 1.0F);
     const float units = 10 * std::log10(power) / SoundTable::kDbPerUnit;
     // Never negative, so that this rounds.
     return static_cast<std::uint8_t>(std::min(units + 0.5F, kMostUnits));
   });
   table_.Append(step);
-}
-
-void SoundMeasurer::TakePowers() {
-  const std::size_t half = spectrum_.size();
-  for (std::size_t i = 0; i < half; ++i) {
-    real_[i] = spectrum_[i].r;
-    imaginary_[i] = spectrum_[i].i;
-  }
-  real_[half] = real_[0];
-  imaginary_[half] = imaginary_[0];
-  const float* const real = real_.data();
-  const float* const imaginary = imaginary_.data();
-  for (std::size_t i = 0; i <= half; ++i) {
-    const float evenReal = real[i] + real[half - i];
-    const float evenImaginary = imaginary[i] - imaginary[half - i];
-    const float oddReal = imaginary[i] + imaginary[half - i];
-    const float oddImaginary = real[half - i] - real[i];
-    const float r = evenReal + cosines_[i] * oddReal + sines_[i] * oddImaginary;
-    const float j = evenImaginary + cosines_[i] * oddImaginary - sines_[i] * oddReal;
-    powers_[i] = (r * r + j * j) / 4;
-  }
 }
 
 }  // namespace cuewright

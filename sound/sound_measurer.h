@@ -1,13 +1,11 @@
 #pragma once
 
-#include <kiss_fft.h>
-
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
+#include "sound/power_spectrum.h"
 #include "sound/sound_table.h"
 
 namespace cuewright {
@@ -18,7 +16,6 @@ class SoundMeasurer {
  public:
   /// The rate is at least 16,000, so that the highest band can be heard.
   SoundMeasurer(SoundTable& table, int samplesASecond);
-  ~SoundMeasurer();
 
   void Add(std::span<const std::int16_t> samples);
   /// Appends the steps that wait for what follows; a last step that has begun counts.
@@ -30,27 +27,16 @@ class SoundMeasurer {
     std::size_t first = 0;
     std::vector<float> shares;
   };
-  struct Release {
-    void operator()(kiss_fft_state* state) const;
-  };
 
   /// The place of the first sample of a step's window; before the sound for the first steps.
   std::int64_t WindowBegin(std::size_t step) const;
   void MeasureReady();
   void Measure(std::span<const std::int16_t> samples);
-  /// The powers of the bins of a real transform, from one of half its size whose real parts are the even samples.
-  void TakePowers();
 
   SoundTable& table_;
   int rate_;
-  std::vector<float> window_;
-  std::vector<kiss_fft_cpx> input_;
-  std::vector<kiss_fft_cpx> spectrum_;
-  std::vector<float> real_, imaginary_;  ///< of the spectrum, and its first bin again behind the last
-  std::vector<float> cosines_, sines_;   ///< by which the odd samples are turned in a bin
-  std::vector<float> powers_;
+  PowerSpectrum spectrum_;
   std::array<Band, SoundTable::kBands> bands_;
-  std::unique_ptr<kiss_fft_state, Release> transform_;
   std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
   std::int64_t begin_ = 0;
   std::int64_t given_ = 0;  // samples of the sound so far
