@@ -7,7 +7,7 @@ namespace cuewright {
 
 Usual UsualOf(const std::vector<PictureMeasure>& measures, std::size_t first, std::size_t end,
               float PictureMeasure::*change) {
-  std::array<float, kAround> values{};
+  std::array<float, kAroundRepeated> values{};
   std::size_t count = 0;
   for (std::size_t i = first; i < end; ++i) values[count++] = measures[i].*change;
   if (count == 0) return {};

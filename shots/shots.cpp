@@ -55,17 +55,23 @@ class Finder {
   }
 
   float UsualAround(std::size_t i, float PictureMeasure::*step, float change) const {
-    const std::size_t from = i > kAround ? i - kAround : 1;
-    const std::size_t to = std::min(i + 1 + kAround, measures_.size());
-    const Usual before = UsualOf(measures_, from, i, step);
-    const Usual behind = UsualOf(measures_, i + 1, to, step);
+    const float usual = std::max(Before(i, kAround, step).middle, Behind(i, kAround, step).middle);
     // Between the pictures that change there may be some that repeat, on both sides then, as far as the film goes.
-    float repeated = std::min(before.large, behind.large);
-    if (i <= kAround) repeated = behind.large;
-    if (i + kAround >= measures_.size()) repeated = before.large;
+    const float before = Before(i, kAroundRepeated, step).large;
+    const float behind = Behind(i, kAroundRepeated, step).large;
+    float repeated = std::min(before, behind);
+    if (i <= kAroundRepeated) repeated = behind;
+    if (i + kAroundRepeated >= measures_.size()) repeated = before;
     // A cut is one step; two of about the same size are a quick fade.
     const float next = std::max(measures_[i - 1].*step, i + 1 < measures_.size() ? measures_[i + 1].*step : 0);
-    return std::max({before.middle, behind.middle, repeated, std::min(next, change) * kOfNext});
+    return std::max({usual, repeated, std::min(next, change) * kOfNext});
+  }
+
+  Usual Before(std::size_t i, std::size_t count, float PictureMeasure::*step) const {
+    return UsualOf(measures_, i > count ? i - count : 1, i, step);
+  }
+  Usual Behind(std::size_t i, std::size_t count, float PictureMeasure::*step) const {
+    return UsualOf(measures_, i + 1, std::min(i + 1 + count, measures_.size()), step);
   }
 
   void FindCuts() {

@@ -129,6 +129,12 @@ TEST_F(ShotsTest, OneLevelMoreIsNoCutWhereverTheLevelLies) {
   }
 }
 
+TEST_F(ShotsTest, PicturesThatAFilmShowsSeveralTimesAreNoCuts) {
+  for (int step = 0; step < 20; ++step) Add(Scene(1, step % 3 * 12), 5);
+  for (int step = 0; step < 20; ++step) Add(Scene(2, step % 3 * 12), 5);
+  EXPECT_EQ(Find(), (Found{{100, kCut}}));
+}
+
 TEST_F(ShotsTest, AFlashIsNoCut) {
   const auto light = [](int level) { return level + 100; };
   for (const int pictures : {1, 2, 3, 4, 5}) {
