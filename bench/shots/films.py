@@ -23,10 +23,10 @@ SETS = {
              Film(13, "29.97", "640x360", 40, False), Film(14, "50", "640x360", 40, False),
              Film(15, "24", "854x480", 40, True), Film(16, "60", "640x360", 30, False),
              Film(17, "23.976", "1920x1080", 30, False), Film(18, "25", "640x360", 40, False)],
-    "report": [Film(2001, "23.976", "640x360", 40, False), Film(2002, "25", "640x360", 40, False),
-               Film(2003, "29.97", "1280x720", 40, False), Film(2004, "50", "854x480", 40, False),
-               Film(2005, "60", "640x360", 30, False), Film(2006, "30", "640x360", 40, True),
-               Film(2007, "23.976", "1920x1080", 40, False), Film(2008, "59.94", "1280x720", 30, False)],
+    "report": [Film(3001, "23.976", "640x360", 40, False), Film(3002, "25", "640x360", 40, False),
+               Film(3003, "29.97", "1280x720", 40, False), Film(3004, "50", "854x480", 40, False),
+               Film(3005, "60", "640x360", 30, False), Film(3006, "30", "640x360", 40, True),
+               Film(3007, "23.976", "1920x1080", 40, False), Film(3008, "59.94", "1280x720", 30, False)],
 }
 FRESH = {"sierpinski", "life", "plasma", "rings"}
 CONTENT = {"tune": ["field", "field", "field", "mandelbrot", "cells", "gradients", "test"],
