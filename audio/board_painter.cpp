@@ -97,7 +97,7 @@ void BoardPainter::Paint(const PixelCanvas& canvas, const BoardScene& scene) {
   PaintRuler(canvas, scene);
   PaintBlocks(canvas, scene);
   PaintWave(canvas, scene);
-  spectrum_.Paint(canvas, scene.bands.spectrum, scene.scale, scene.table, scene.loudest);
+  spectrum_.Paint(canvas, scene.bands.spectrum, scene.scale, scene.table, scene.fine, scene.loudest);
   PaintMarks(canvas, scene);
 }
 

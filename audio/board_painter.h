@@ -43,6 +43,7 @@ struct BoardScene {
   const WaveScale& scale;
   const WavePyramid& peaks;
   const SoundTable& table;
+  const FineSpectrum& fine;  ///< prepared for this picture
   const BoardCaptions& captions;
   BoardBands bands;
   BoardColors colors;

@@ -67,24 +67,45 @@ SpectrumPainter::Column SpectrumPainter::Measure(const WaveScale& scale, const S
   return column;
 }
 
+void SpectrumPainter::MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine,
+                                   std::size_t width) {
+  constexpr int kRows = FineSpectrum::kRows;
+  lines_.resize(width * kRows);
+  for (std::size_t x = 0; x < width; ++x) {
+    if (const FineSpectrum::Column* const column = fine.At(scale.MsOf(static_cast<double>(x)))) {
+      for (std::size_t row = 0; row < kRows; ++row) lines_[row * width + x] = (*column)[row];
+      continue;
+    }
+    const Column column = Measure(scale, table, static_cast<int>(x));
+    for (int row = 0; row < kRows; ++row) {
+      const int place = row * (SoundTable::kBands - 1) * kFine / (kRows - 1);
+      const auto lower = static_cast<std::size_t>(std::min(place / kFine, SoundTable::kBands - 2));
+      const int part = place - static_cast<int>(lower) * kFine;
+      lines_[static_cast<std::size_t>(row) * width + x] =
+          static_cast<std::int16_t>((column[lower] * (kFine - part) + column[lower + 1] * part) / kFine);
+    }
+  }
+}
+
 void SpectrumPainter::Paint(const PixelCanvas& canvas, const RowBand& band, const WaveScale& scale,
-                            const SoundTable& table, std::int32_t loudest) {
+                            const SoundTable& table, const FineSpectrum& fine, std::int32_t loudest) {
   const int height = band.Height();
   if (height < 2) return;
-  columns_.resize(static_cast<std::size_t>(canvas.width));
-  for (int x = 0; x < canvas.width; ++x) columns_[static_cast<std::size_t>(x)] = Measure(scale, table, x);
+  const auto width = static_cast<std::size_t>(canvas.width);
+  MeasureLines(scale, table, fine, width);
   constexpr double kUnitsATenfold = 40;  // of amplitude
   const double quieter = kUnitsATenfold * std::log10(kFullSample / std::max<double>(loudest, 1));
   const int brightest = kFull - static_cast<int>(quieter);
   for (int y = band.top; y < std::min(band.bottom, canvas.height); ++y) {
     // The middle of the lowest band is the lowest row.
-    const int place = (band.bottom - 1 - y) * (SoundTable::kBands - 1) * kFine / (height - 1);
-    const auto lower = static_cast<std::size_t>(std::min(place / kFine, SoundTable::kBands - 2));
+    const int place = (band.bottom - 1 - y) * (FineSpectrum::kRows - 1) * kFine / (height - 1);
+    const auto lower = static_cast<std::size_t>(std::min(place / kFine, FineSpectrum::kRows - 2));
     const int part = place - static_cast<int>(lower) * kFine;
+    const std::int16_t* const below = &lines_[lower * width];
+    const std::int16_t* const above = below + width;
     const auto row = canvas.Row(y);
-    for (std::size_t x = 0; x < row.size(); ++x) {
-      const Column& column = columns_[x];
-      const int value = (column[lower] * (kFine - part) + column[lower + 1] * part) / kFine;
+    for (std::size_t x = 0; x < width; ++x) {
+      const int value = (below[x] * (kFine - part) + above[x] * part) / kFine;
       const int shade = (value - brightest + kRange) * (kShades - 1) / kRange;
       row[x] = shades_[static_cast<std::size_t>(std::clamp(shade, 0, kShades - 1))];
     }

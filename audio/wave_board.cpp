@@ -21,7 +21,7 @@ constexpr std::size_t kMsDigits = 4;  // ".000"
 
 }  // namespace
 
-WaveBoard::WaveBoard(Workbench bench, AudioBar& bar, const WaveDetails& details, Player& player, PlayerSample& sample)
+WaveBoard::WaveBoard(Workbench bench, AudioBar& bar, WaveDetails& details, Player& player, PlayerSample& sample)
     : bench_(bench),
       bar_(bar),
       details_(details),
@@ -44,7 +44,11 @@ void WaveBoard::Wire() {
   list.RowShown.Connect([this](Row, bool) { OnSelection(); });
   bench_.grid.Changed.Connect([this] { Show(); });
   bench_.grid.RowsTouched.Connect([this](Row, Row) { Show(); });
-  bench_.window.tmrTime.Tick.Connect([this] { FollowPosition(); });
+  bench_.window.tmrTime.Tick.Connect([this] {
+    FollowPosition();
+    // The rest of a picture that was too much for once.
+    if (built_ && details_.Fine().Unfinished()) Show();
+  });
   bench_.window.sldWavScale.Scrolled.Connect([this] { Show(); });
   connections_.push_back(player_.ControlsChange.ConnectScoped([this] { Show(); }));
   connections_.push_back(bar_.WaveChanged.ConnectScoped([this] { Show(); }));
@@ -96,8 +100,15 @@ BoardBands WaveBoard::Bands() const {
 void WaveBoard::Paint(const PixelCanvas& canvas) {
   Build();
   const WaveView& view = bar_.View();
-  BoardScene scene{scale_,    details_.Peaks(), details_.Table(),
-                   captions_, Bands(),          BoardColors::Of(view.color, view.backColor)};
+  const BoardBands bands = Bands();
+  if (bands.spectrum.Height() > 0) details_.Fine().Prepare(scale_);
+  BoardScene scene{scale_,
+                   details_.Peaks(),
+                   details_.Table(),
+                   details_.Fine(),
+                   captions_,
+                   bands,
+                   BoardColors::Of(view.color, view.backColor)};
   scene.loudest = view.scale;
   scene.bothHalves = view.fullHeight;
   scene.stretch = stretch_;

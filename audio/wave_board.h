@@ -58,7 +58,7 @@ enum class BoardPointer : std::uint8_t { Usual, Edge, Move, Seek };
 /// move.
 class WaveBoard {
  public:
-  WaveBoard(Workbench bench, AudioBar& bar, const WaveDetails& details, Player& player, PlayerSample& sample);
+  WaveBoard(Workbench bench, AudioBar& bar, WaveDetails& details, Player& player, PlayerSample& sample);
 
   ShotSnaps shots;
   /// What a house asks of edges.
@@ -158,7 +158,7 @@ class WaveBoard {
 
   Workbench bench_;
   AudioBar& bar_;
-  const WaveDetails& details_;
+  WaveDetails& details_;
   Player& player_;
   PlayerSample& sample_;
   WaveScale scale_;

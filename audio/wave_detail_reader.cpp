@@ -45,7 +45,7 @@ void WaveDetailReader::Begin(std::unique_ptr<FileReader> file) {
 void WaveDetailReader::Forget() {
   file_.reset();
   peaks_.Clear();
-  position_ = frame_ = msEnd_ = 0;
+  position_ = dataBegin_ = frame_ = msEnd_ = 0;
   begun_ = false;
   table_ = nullptr;
   measurer_.reset();
@@ -65,7 +65,7 @@ WaveDetailReader::Header WaveDetailReader::ReadHeader() {
     const std::size_t body = at + kChunkHead;
     if (name == "data") {
       if (frameBytes_ == 0 || rate_ == 0 || (bits_ != 8 && bits_ != 16)) return Header::NoWave;
-      position_ = body;
+      position_ = dataBegin_ = body;
       end_ = size == 0 || size >= kUnknownSize ? std::numeric_limits<std::uint64_t>::max() : position_ + size;
       msEnd_ = (rate_ + kMsASecond - 1) / kMsASecond;
       if (table_ != nullptr && rate_ >= kLeastRateToMeasure && bits_ == 16) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/fine_spectrum.h"
 #include "audio/wave_pyramid.h"
 #include "core/ports/files.h"
 #include "sound/sound_measurer.h"
@@ -37,6 +38,8 @@ class WaveDetailReader {
   };
   /// Reads up to so many bytes more. Run-time error when the file can't be read.
   Result Read(std::size_t most);
+  /// Where the file's samples lie, as soon as some were read; it stays until another file is begun.
+  WaveLayout Layout() const { return {dataBegin_, end_, rate_, frameBytes_, bits_}; }
   /// The last samples, which don't fill a ms, count as one.
   void Finish();
 
@@ -55,7 +58,8 @@ class WaveDetailReader {
   std::unique_ptr<FileReader> file_;
   std::vector<char> buffer_;
   std::uint64_t position_ = 0;  ///< of the next sample in the file; 0: the header wasn't read yet
-  std::uint64_t end_ = 0;       ///< of the samples
+  std::uint64_t dataBegin_ = 0;
+  std::uint64_t end_ = 0;  ///< of the samples
   std::uint32_t rate_ = 0;
   std::uint32_t frameBytes_ = 0;
   int bits_ = 0;

@@ -40,6 +40,7 @@ bool WaveDetails::ReadTable() {
 
 void WaveDetails::BeginFile(TextView file) {
   reader_.Forget();
+  fine_.Forget();
   CarryOn step;
   step([&] { reader_.Begin(files_.OpenToRead(file)); });
   ShowTimer();
@@ -78,6 +79,7 @@ void WaveDetails::EndFilm() {
 void WaveDetails::Forget() {
   growing_ = false;
   reader_.Forget();
+  fine_.Forget();
   measurer_.reset();
   table_.Clear();
   path_.clear();
@@ -98,6 +100,9 @@ void WaveDetails::Tick() {
 void WaveDetails::End() {
   reader_.Finish();
   reader_.Close();
+  CarryOn step;
+  // Without it pictures show the table alone.
+  step([&] { fine_.Open(files_.OpenToRead(path_), reader_.Layout()); });
   ShowTimer();
   Changed();
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 
+#include "audio/fine_spectrum.h"
 #include "audio/wave_detail_reader.h"
 #include "audio/wave_pyramid.h"
 #include "capture/main_window.h"
@@ -22,6 +23,8 @@ class WaveDetails {
 
   const WavePyramid& Peaks() const { return peaks_; }
   const SoundTable& Table() const { return table_; }
+  /// What pictures of a fine scale show of a sound that was read whole.
+  FineSpectrum& Fine() { return fine_; }
   /// More peaks may come.
   bool Reading() const { return reader_.Open(); }
 
@@ -54,6 +57,7 @@ class WaveDetails {
   WavePyramid peaks_;
   SoundTable table_;
   WaveDetailReader reader_{peaks_};
+  FineSpectrum fine_;
   std::unique_ptr<SoundMeasurer> measurer_;  ///< of a film that is decoded
   Text path_;                                ///< of the sound; empty: there is none
   bool growing_ = false;

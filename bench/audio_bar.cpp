@@ -5,8 +5,11 @@
 
 #include <QApplication>
 #include <QImage>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <fstream>
+#include <limits>
 #include <stdexcept>
 
 #include "forms/program.h"
@@ -91,6 +94,28 @@ void TickWithoutPageTurn(benchmark::State& state, Program& program) {
   }
 }
 
+/// The samples of a sound without an end.
+class EndlessSound final : public FileReader {
+ public:
+  EndlessSound() {
+    std::uint32_t random = 1;
+    for (char& byte : second_) byte = static_cast<char>((random = random * 1664525 + 1013904223) >> 24);
+  }
+  std::uint64_t Size() const override { return std::numeric_limits<std::uint64_t>::max(); }
+  std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) override {
+    for (std::size_t done = 0; done < count;) {
+      const std::size_t at = static_cast<std::size_t>(offset + done) % second_.size();
+      const std::size_t piece = std::min(count - done, second_.size() - at);
+      std::memcpy(to + done, second_.data() + at, piece);
+      done += piece;
+    }
+    return count;
+  }
+
+ private:
+  std::array<char, 44100> second_;
+};
+
 /// Ninety minutes of sound with nearly as many captions as the list takes, in a picture of 3840 by 220 pixels.
 class LongBoard {
  public:
@@ -110,6 +135,7 @@ class LongBoard {
       bands.fill(static_cast<std::uint8_t>(step % 170));
       table_.Append(bands);
     }
+    fine_.Open(std::make_unique<EndlessSound>(), {44, std::numeric_limits<std::uint64_t>::max(), 22050, 2, 16});
     scale_.SetWidth(picture_.width());
     scale_.SetLength(5400000);
     captions_ = std::make_unique<BoardCaptions>(program.list, program.grid);
@@ -119,9 +145,11 @@ class LongBoard {
     scale_.SetMsAPixel(msAPixel, 0);
     scale_.ShowFrom(left);
     captions_->Build(scale_, nullptr);
+    if (look != BoardLook::Wave) fine_.Prepare(scale_);
     BoardScene scene{scale_,
                      peaks_,
                      table_,
+                     fine_,
                      *captions_,
                      BoardBands::For(picture_.height(), captions_->HasLower(), look),
                      BoardColors::Of(0xFFFF00, 0)};
@@ -135,6 +163,7 @@ class LongBoard {
   QImage picture_;
   WavePyramid peaks_;
   SoundTable table_;
+  FineSpectrum fine_;
   WaveScale scale_;
   std::unique_ptr<BoardCaptions> captions_;
   BoardPainter painter_;

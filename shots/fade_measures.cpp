@@ -42,6 +42,11 @@ constexpr float kUnsteady = 0.01F;
 
 /// Pictures on each side of a fade that show the shots by themselves.
 constexpr std::size_t RestOf(std::size_t span) { return std::clamp<std::size_t>(span / 4, 5, 12); }
+constexpr std::array<std::size_t, 4> kRests = {RestOf(20), RestOf(27), RestOf(36), RestOf(48)};
+constexpr std::size_t PlaceOfRest(std::size_t rest) {
+  return static_cast<std::size_t>(std::ranges::find(kRests, rest) - kRests.begin());
+}
+static_assert(std::ranges::all_of(kSpans, [](std::size_t span) { return PlaceOfRest(RestOf(span)) < kRests.size(); }));
 
 /// The mean of a part of a plane, 8 samples wide and 6 high.
 std::int16_t MeanOfPart(const std::uint8_t* part, int stride, int unit) {
@@ -93,19 +98,20 @@ constexpr std::size_t kLumaParts = 48;
 
 /// Two sights differ by their light alone: what is bright in one is bright in the other.
 bool SameInOtherLight(std::span<const std::int16_t> one, std::span<const std::int16_t> other) {
-  double a = 0, b = 0, aa = 0, bb = 0, ab = 0;
+  std::int32_t a = 0, b = 0, aa = 0, bb = 0, ab = 0;
   for (std::size_t i = 0; i < kLumaParts; ++i) {
     a += one[i];
     b += other[i];
-    aa += double{1} * one[i] * one[i];
-    bb += double{1} * other[i] * other[i];
-    ab += double{1} * one[i] * other[i];
+    aa += one[i] * one[i];
+    bb += other[i] * other[i];
+    ab += one[i] * other[i];
   }
   for (std::size_t i = kLumaParts; i < one.size(); ++i) {
     if (std::abs(one[i] - other[i]) > kLeastColour) return false;
   }
-  const double both = ab - a * b / kLumaParts;
-  return both > 0 && both * both > kAlike * kAlike * (aa - a * a / kLumaParts) * (bb - b * b / kLumaParts);
+  constexpr double kShare = 1.0 / kLumaParts;
+  const double both = ab - kShare * a * b;
+  return both > 0 && both * both > kAlike * kAlike * (aa - kShare * a * a) * (bb - kShare * b * b);
 }
 
 }  // namespace
@@ -172,7 +178,7 @@ float FadeMeasurer::Window::RestOfWay(float from, float to) const {
   return rest;
 }
 
-FadeMeasurer::FadeMeasurer() : sights_(kKept) {}
+FadeMeasurer::FadeMeasurer() : sights_(kKept), means_(kKept) {}
 
 void FadeMeasurer::Add(const Thumbnail& thumbnail, std::vector<PictureMeasure>& measures) {
   const std::size_t number = measures.size() - 1;
@@ -185,6 +191,9 @@ void FadeMeasurer::Add(const Thumbnail& thumbnail, std::vector<PictureMeasure>& 
   PictureMeasure& measure = measures.back();
   measure.plain = IsPlain(thumbnail);
   if (measure.plain && number > 0 && !measures[number - 1].plain) MeasureFall(number, measure);
+  for (std::size_t i = 0; i < kRests.size(); ++i) {
+    if (number >= kRests[i]) means_[number % kKept][i] = MeanOf(number - kRests[i], number);
+  }
   for (const std::size_t span : kPlainSpans) MeasureRise(number, span, measures);
   for (const std::size_t span : kSpans) MeasureMix(number, span, measures);
 }
@@ -211,6 +220,10 @@ FadeMeasurer::Sight FadeMeasurer::MeanOf(std::size_t first, std::size_t last) co
   return mean;
 }
 
+const FadeMeasurer::Sight& FadeMeasurer::MeanUpTo(std::size_t last, std::size_t rest) const {
+  return means_[last % kKept][PlaceOfRest(rest)];
+}
+
 FadeMeasurer::Window FadeMeasurer::WindowOf(std::size_t first, std::size_t last, const Sight& one,
                                             const Sight& other) const {
   Window window;
@@ -226,7 +239,7 @@ FadeMeasurer::Window FadeMeasurer::WindowOf(std::size_t first, std::size_t last,
     const Sight& sight = At(picture);
     std::int32_t along = 0, squares = 0;
     for (std::size_t i = 0; i < kParts; ++i) {
-      const int part = sight[i] - one[i];
+      const auto part = static_cast<std::int16_t>(sight[i] - one[i]);
       along += part * way[i];
       squares += part * part;
     }
@@ -244,8 +257,8 @@ void FadeMeasurer::MeasureMix(std::size_t last, std::size_t span, std::vector<Pi
   const std::size_t rest = RestOf(span);
   if (last < span + 2 * rest) return;
   const std::size_t first = last - span - 2 * rest;
-  const Sight one = MeanOf(first, first + rest);
-  const Sight other = MeanOf(last - rest, last);
+  const Sight& one = MeanUpTo(first + rest, rest);
+  const Sight& other = MeanUpTo(last, rest);
   if (SameInOtherLight(one, other)) return;
   Window window = WindowOf(first, last, one, other);
   window.DropFew();

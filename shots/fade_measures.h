@@ -57,6 +57,8 @@ class FadeMeasurer {
 
   const Sight& At(std::size_t picture) const { return sights_[picture % kKept]; }
   Sight MeanOf(std::size_t first, std::size_t last) const;
+  /// The mean of a picture and as many before it as stand by themselves at a fade's end.
+  const Sight& MeanUpTo(std::size_t last, std::size_t rest) const;
   Window WindowOf(std::size_t first, std::size_t last, const Sight& one, const Sight& other) const;
   /// How much better the pictures fit an even way to a plain picture or from it, from one of them to another, than a
   /// step.
@@ -70,6 +72,7 @@ class FadeMeasurer {
   void MeasureRise(std::size_t last, std::size_t span, std::vector<PictureMeasure>& measures);
 
   std::vector<Sight> sights_;
+  std::vector<std::array<Sight, 4>> means_;  ///< up to each picture, for each length of what stands by itself
   std::array<float, kKept> details_{};
   std::array<float, kKept> riseGains_{};  ///< of the best rise so far from a picture
 };

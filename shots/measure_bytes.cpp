@@ -7,7 +7,7 @@ namespace cuewright {
 namespace {
 
 /// The number at its end is that of the way in which pictures are measured.
-constexpr std::string_view kHead = "CWSHOTS2";
+constexpr std::string_view kHead = "CWSHOTS3";
 constexpr std::size_t kPictureBytes = 32;
 
 /// The lowest byte first, on every machine.

@@ -18,6 +18,9 @@ class ShotMeasurer {
   static constexpr std::size_t kShapeRow = Thumbnail::kWidth + 2;
   using Shape = std::array<std::uint8_t, kShapeRow * Thumbnail::kHeight>;
 
+  /// Cumulated histograms of the three planes, those of chroma with their weight.
+  using Levels = std::array<std::int16_t, 96>;
+
   ShotMeasurer();
 
   void Add(const Thumbnail& thumbnail, std::int64_t us);
@@ -31,10 +34,12 @@ class ShotMeasurer {
 
   struct Picture {
     Shape shape;
-    std::array<float, 96> levels;  ///< cumulated histograms of the three planes
+    Levels levels;
   };
 
   const Picture& At(std::size_t picture) const { return pictures_[picture % kKept]; }
+  /// False when a picture's changes are no cut at any sensitivity, however it differs from those around.
+  bool MayBeCut(std::size_t picture) const;
   void MeasureBreak(std::size_t picture, std::size_t last);
 
   std::vector<Picture> pictures_;

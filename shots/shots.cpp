@@ -1,15 +1,13 @@
 #include "shots/shots.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <functional>
+
+#include "shots/cut_strength.h"
 
 namespace cuewright {
 namespace {
 
-/// Pictures on each side whose usual change a cut has to exceed.
-constexpr std::size_t kAround = 6;
 /// A cut is the greatest change among this many pictures on each side.
 constexpr std::size_t kAlone = 2;
 /// How much of the change at the next picture has to be exceeded as if it were usual.
@@ -36,22 +34,6 @@ struct Fade {
   bool Overlaps(const Fade& other) const { return first < other.last && other.first < last; }
 };
 
-/// The changes at some pictures: the middle one and the second largest one.
-struct Usual {
-  float middle = 0;
-  float large = 0;
-};
-
-Usual UsualOf(const std::vector<PictureMeasure>& measures, std::size_t first, std::size_t end,
-              float PictureMeasure::*change) {
-  std::array<float, kAround> values{};
-  std::size_t count = 0;
-  for (std::size_t i = first; i < end; ++i) values[count++] = measures[i].*change;
-  if (count == 0) return {};
-  std::sort(values.begin(), values.begin() + count);
-  return {values[count / 2], values[count > 1 ? count - 2 : 0]};
-}
-
 class Finder {
  public:
   Finder(const std::vector<PictureMeasure>& measures, double sensitivity)
@@ -67,25 +49,29 @@ class Finder {
  private:
   /// How much a change stands out; 1 is just enough.
   float Strength(std::size_t i) const {
-    const float shape = OverUsual(i, &PictureMeasure::step, measures_[i].break_, 0.16F, 1.7F);
-    const float colours = OverUsual(i, &PictureMeasure::colourStep, measures_[i].colourBreak, 14.0F, 2.2F);
-    return std::max({shape, colours, (shape + colours) / 1.5F});
+    const PictureMeasure& measure = measures_[i];
+    return StrengthOf(measure.break_, UsualAround(i, &PictureMeasure::step, measure.break_), measure.colourBreak,
+                      UsualAround(i, &PictureMeasure::colourStep, measure.colourBreak));
   }
 
-  float OverUsual(std::size_t i, float PictureMeasure::*step, float change, float least, float factor) const {
-    const std::size_t from = i > kAround ? i - kAround : 1;
-    const std::size_t to = std::min(i + 1 + kAround, measures_.size());
-    const Usual before = UsualOf(measures_, from, i, step);
-    const Usual behind = UsualOf(measures_, i + 1, to, step);
+  float UsualAround(std::size_t i, float PictureMeasure::*step, float change) const {
+    const float usual = std::max(Before(i, kAround, step).middle, Behind(i, kAround, step).middle);
     // Between the pictures that change there may be some that repeat, on both sides then, as far as the film goes.
-    float repeated = std::min(before.large, behind.large);
-    if (i <= kAround) repeated = behind.large;
-    if (i + kAround >= measures_.size()) repeated = before.large;
-    float usual = std::max({before.middle, behind.middle, repeated});
+    const float before = Before(i, kAroundRepeated, step).large;
+    const float behind = Behind(i, kAroundRepeated, step).large;
+    float repeated = std::min(before, behind);
+    if (i <= kAroundRepeated) repeated = behind;
+    if (i + kAroundRepeated >= measures_.size()) repeated = before;
     // A cut is one step; two of about the same size are a quick fade.
     const float next = std::max(measures_[i - 1].*step, i + 1 < measures_.size() ? measures_[i + 1].*step : 0);
-    usual = std::max(usual, std::min(next, change) * kOfNext);
-    return change / (least + factor * usual);
+    return std::max({usual, repeated, std::min(next, change) * kOfNext});
+  }
+
+  Usual Before(std::size_t i, std::size_t count, float PictureMeasure::*step) const {
+    return UsualOf(measures_, i > count ? i - count : 1, i, step);
+  }
+  Usual Behind(std::size_t i, std::size_t count, float PictureMeasure::*step) const {
+    return UsualOf(measures_, i + 1, std::min(i + 1 + count, measures_.size()), step);
   }
 
   void FindCuts() {

@@ -25,15 +25,21 @@ std::vector<Text>& operator+=(std::vector<Text>& all, std::initializer_list<Text
 }
 
 /// What is done to a track: "voice" is the sound that is measured, "whole" that of the wave. Where both are the same it
-/// is resampled once; many samples at a time cost the decoder much less.
+/// is made once. Each step costs by the packet, so that the one channel comes first and goes on in long pieces, but not
+/// before gaps are filled, which needs the packets' times.
 Text Graph(int track, bool centre, bool wave) {
-  const Text begun = u"[" + TrackOf(track) + u"]aresample=async=1:first_pts=0";
-  const Text mono = u",aformat=sample_fmts=s16:channel_layouts=mono:sample_rates=" + Decimal(kSamplesASecond) +
-                    u",asetnsamples=n=8192:p=0";
-  if (wave && !centre) return begun + mono + u",asplit[voice][whole]";
-  const Text voice = begun + (centre ? u",pan=mono|c0=FC" : u"") + mono + u"[voice]";
+  const Text from = u"[" + TrackOf(track) + u"]";
+  const Text timed = u"aresample=async=1:first_pts=0";
+  const Text sampled =
+      u",asetnsamples=n=8192:p=0,aresample,aformat=sample_fmts=s16:channel_layouts=mono:sample_rates=" +
+      Decimal(kSamplesASecond);
+  // As loud as if it were made of 16 bits at once: samples of floating point would be mixed louder, and clipped then.
+  const Text mixed = from + timed + u":rematrix_maxval=1,aformat=channel_layouts=mono" + sampled;
+  if (wave && !centre) return mixed + u",asplit[voice][whole]";
+  if (!centre) return mixed + u"[voice]";
+  const Text voice = from + u"pan=mono|c0=FC," + timed + sampled + u"[voice]";
   // Branches of one beginning would be given the channels of one of them.
-  return wave ? voice + u";" + begun + mono + u"[whole]" : voice;
+  return wave ? voice + u";" + mixed + u"[whole]" : voice;
 }
 
 std::string ProblemOf(int status, const std::string& log, bool any) {
@@ -85,8 +91,10 @@ std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
     rest.remove_prefix(1);
     half_.clear();
   }
-  samples_.reserve(samples_.size() + rest.size() / 2);
-  for (; rest.size() >= 2; rest.remove_prefix(2)) samples_.push_back(sample(rest[0], rest[1]));
+  const std::size_t had = samples_.size();
+  samples_.resize(had + rest.size() / 2);
+  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = sample(rest[2 * i], rest[2 * i + 1]);
+  rest.remove_prefix(rest.size() / 2 * 2);
   half_ += rest;
   return samples_;
 }

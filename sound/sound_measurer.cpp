@@ -1,9 +1,7 @@
 #include "sound/sound_measurer.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
-#include <numbers>
 
 namespace cuewright {
 namespace {
@@ -12,52 +10,31 @@ constexpr int kMsPerSecond = 1000;
 constexpr int kWindowMs = 20;
 constexpr float kMostUnits = 255;
 
-/// A Hann window, scaled so that the squares of the transform's lower half add up to the mean square of the sound: the
-/// squares of all bins add up to `size` times those of the input.
-std::vector<float> ScaledWindow(std::size_t length, std::size_t size) {
-  std::vector<double> shape(length);
-  double squares = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    const double phase = 2 * std::numbers::pi * (static_cast<double>(i) + 0.5) / static_cast<double>(length);
-    shape[i] = 0.5 - 0.5 * std::cos(phase);
-    squares += shape[i] * shape[i];
-  }
-  const double scale = 1 / std::sqrt(squares * static_cast<double>(size) / 2);
-  std::vector<float> window(length);
-  std::ranges::transform(shape, window.begin(), [&](double value) { return static_cast<float>(value * scale); });
-  return window;
-}
-
 }  // namespace
 
-void SoundMeasurer::Release::operator()(kiss_fftr_state* state) const { kiss_fftr_free(state); }
-
-SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond) : table_(table), rate_(samplesASecond) {
-  const auto length = static_cast<std::size_t>(rate_ * kWindowMs / kMsPerSecond);
-  input_.resize(std::bit_ceil(length));
-  window_ = ScaledWindow(length, input_.size());
-  spectrum_.resize(input_.size() / 2 + 1);
-  transform_.reset(kiss_fftr_alloc(static_cast<int>(input_.size()), 0, nullptr, nullptr));
-  const double width = static_cast<double>(rate_) / static_cast<double>(input_.size());
-  for (std::size_t bin = 0; bin <= input_.size() / 2; ++bin) {
+SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond)
+    : table_(table), rate_(samplesASecond), spectrum_(static_cast<std::size_t>(rate_ * kWindowMs / kMsPerSecond)) {
+  const std::size_t size = spectrum_.Size();
+  const double width = static_cast<double>(rate_) / static_cast<double>(size);
+  for (std::size_t bin = 0; bin <= size / 2; ++bin) {
     const double low = (static_cast<double>(bin) - 0.5) * width;
-    for (int band = 0; band < SoundTable::kBands; ++band) {
+    for (int number = 0; number < SoundTable::kBands; ++number) {
       const double common =
-          std::min(low + width, SoundTable::EdgeHz(band + 1)) - std::max(low, SoundTable::EdgeHz(band));
+          std::min(low + width, SoundTable::EdgeHz(number + 1)) - std::max(low, SoundTable::EdgeHz(number));
       if (common <= 0) continue;
-      shares_.push_back({bin, static_cast<std::size_t>(band), static_cast<float>(common / width)});
+      Band& band = bands_[static_cast<std::size_t>(number)];
+      if (band.shares.empty()) band.first = bin;
+      band.shares.push_back(static_cast<float>(common / width));
     }
   }
   begin_ = WindowBegin(0);
   samples_.assign(static_cast<std::size_t>(-begin_), 0);
 }
 
-SoundMeasurer::~SoundMeasurer() = default;
-
 std::int64_t SoundMeasurer::WindowBegin(std::size_t step) const {
   const std::int64_t middle =
       (2 * static_cast<std::int64_t>(step) + 1) * SoundTable::kStepMs * rate_ / (2 * kMsPerSecond);
-  return middle - static_cast<std::int64_t>(window_.size() / 2);
+  return middle - static_cast<std::int64_t>(spectrum_.Length() / 2);
 }
 
 void SoundMeasurer::Add(std::span<const std::int16_t> samples) {
@@ -70,7 +47,7 @@ void SoundMeasurer::Finish() {
   const std::int64_t perStep = std::int64_t{SoundTable::kStepMs} * rate_;
   const auto whole = static_cast<std::size_t>((given_ * kMsPerSecond + perStep - 1) / perStep);
   if (whole <= step_) return;
-  const std::int64_t needed = WindowBegin(whole - 1) + static_cast<std::int64_t>(window_.size()) - begin_;
+  const std::int64_t needed = WindowBegin(whole - 1) + static_cast<std::int64_t>(spectrum_.Length()) - begin_;
   samples_.resize(std::max(samples_.size(), static_cast<std::size_t>(needed)));
   MeasureReady();
 }
@@ -78,8 +55,8 @@ void SoundMeasurer::Finish() {
 void SoundMeasurer::MeasureReady() {
   for (;; ++step_) {
     const auto from = static_cast<std::size_t>(WindowBegin(step_) - begin_);
-    if (from + window_.size() > samples_.size()) break;
-    Measure(std::span(samples_).subspan(from, window_.size()));
+    if (from + spectrum_.Length() > samples_.size()) break;
+    Measure(std::span(samples_).subspan(from, spectrum_.Length()));
   }
   const auto done = static_cast<std::size_t>(WindowBegin(step_) - begin_);
   const auto unused = static_cast<std::ptrdiff_t>(std::min(done, samples_.size()));
@@ -88,18 +65,13 @@ void SoundMeasurer::MeasureReady() {
 }
 
 void SoundMeasurer::Measure(std::span<const std::int16_t> samples) {
-  std::ranges::transform(samples, window_, input_.begin(),
-                         [](std::int16_t sample, float weight) { return sample * weight; });
-  kiss_fftr(transform_.get(), input_.data(), spectrum_.data());
-  std::array<float, SoundTable::kBands> powers{};
-  for (const Share& share : shares_) {
-    const kiss_fft_cpx& bin = spectrum_[share.bin];
-    powers[share.band] += share.amount * (bin.r * bin.r + bin.i * bin.i);
-  }
+  const std::span<const float> powers = spectrum_.Measure(samples);
   SoundTable::Step step{};
-  std::ranges::transform(powers, step.begin(), [](float power) {
-    const float units = 10 * std::log10(std::max(power, 1.0F)) / SoundTable::kDbPerUnit;
-    return static_cast<std::uint8_t>(std::min(std::round(units), kMostUnits));
+  std::ranges::transform(bands_, step.begin(), [&](const Band& band) {
+    const float power = std::max(DotOf(band.shares, &powers[band.first]), 1.0F);
+    const float units = 10 * std::log10(power) / SoundTable::kDbPerUnit;
+    // Never negative, so that this rounds.
+    return static_cast<std::uint8_t>(std::min(units + 0.5F, kMostUnits));
   });
   table_.Append(step);
 }

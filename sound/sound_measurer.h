@@ -1,12 +1,11 @@
 #pragma once
 
-#include <kiss_fftr.h>
-
+#include <array>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
+#include "sound/power_spectrum.h"
 #include "sound/sound_table.h"
 
 namespace cuewright {
@@ -17,21 +16,16 @@ class SoundMeasurer {
  public:
   /// The rate is at least 16,000, so that the highest band can be heard.
   SoundMeasurer(SoundTable& table, int samplesASecond);
-  ~SoundMeasurer();
 
   void Add(std::span<const std::int16_t> samples);
   /// Appends the steps that wait for what follows; a last step that has begun counts.
   void Finish();
 
  private:
-  /// The share of a bin of the transform that lies in a band.
-  struct Share {
-    std::size_t bin;
-    std::size_t band;
-    float amount;
-  };
-  struct Release {
-    void operator()(kiss_fftr_state* state) const;
+  /// The bins of the transform that lie in a band, and how much of each.
+  struct Band {
+    std::size_t first = 0;
+    std::vector<float> shares;
   };
 
   /// The place of the first sample of a step's window; before the sound for the first steps.
@@ -41,11 +35,8 @@ class SoundMeasurer {
 
   SoundTable& table_;
   int rate_;
-  std::vector<float> window_;
-  std::vector<float> input_;
-  std::vector<kiss_fft_cpx> spectrum_;
-  std::vector<Share> shares_;
-  std::unique_ptr<kiss_fftr_state, Release> transform_;
+  PowerSpectrum spectrum_;
+  std::array<Band, SoundTable::kBands> bands_;
   std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
   std::int64_t begin_ = 0;
   std::int64_t given_ = 0;  // samples of the sound so far

@@ -23,10 +23,10 @@ SETS = {
              Film(13, "29.97", "640x360", 40, False), Film(14, "50", "640x360", 40, False),
              Film(15, "24", "854x480", 40, True), Film(16, "60", "640x360", 30, False),
              Film(17, "23.976", "1920x1080", 30, False), Film(18, "25", "640x360", 40, False)],
-    "report": [Film(901, "23.976", "640x360", 40, False), Film(902, "25", "640x360", 40, False),
-               Film(903, "29.97", "1280x720", 40, False), Film(904, "50", "854x480", 40, False),
-               Film(905, "60", "640x360", 30, False), Film(906, "30", "640x360", 40, True),
-               Film(907, "23.976", "1920x1080", 40, False), Film(908, "59.94", "1280x720", 30, False)],
+    "report": [Film(3001, "23.976", "640x360", 40, False), Film(3002, "25", "640x360", 40, False),
+               Film(3003, "29.97", "1280x720", 40, False), Film(3004, "50", "854x480", 40, False),
+               Film(3005, "60", "640x360", 30, False), Film(3006, "30", "640x360", 40, True),
+               Film(3007, "23.976", "1920x1080", 40, False), Film(3008, "59.94", "1280x720", 30, False)],
 }
 FRESH = {"sierpinski", "life", "plasma", "rings"}
 CONTENT = {"tune": ["field", "field", "field", "mandelbrot", "cells", "gradients", "test"],
@@ -115,7 +115,8 @@ def look(rng, frames):
                      f"enable='between(n,{at},{at + rng.randrange(4)})'")
     elif rng.random() < 0.1:
         chain.append(f"eq=brightness='0.12*sin(n/{rng.uniform(4, 25):.1f})':eval=frame")
-    return ",".join(chain)
+    # Colours that no screen shows would be lost in the pictures of a fade alone, and come back with a jump.
+    return ",".join([*chain, "format=gbrp", "format=yuv420p"])
 
 
 def shot(rng, kinds, frames, rate):

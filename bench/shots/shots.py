@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """How well `cuewright-batch shots` finds the changes of shot in films whose changes are known, and what that costs.
 
-    bench/shots/shots.py build/release/bin/cuewright-batch [--set tune|report] [--films 2] [--shots 12] [--rounds 3]
-        [--keep DIR]
+    bench/shots/shots.py build/release/bin/cuewright-batch [--set tune|report] [--seeds 100] [--films 2] [--shots 12]
+        [--rounds 3] [--keep DIR]
 
 The films are those of films.py. A cut counts as found when its frame is right; any other cut is wrong, also within a
 fade. A fade counts as found when it lies within the fade, once; any other one is wrong. A subtitle that begins at the
@@ -120,6 +120,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("batch")
     parser.add_argument("--set", choices=films.SETS, default="tune")
+    parser.add_argument("--seeds", type=int, default=0, help="added to those of the set: other films of its kind")
     parser.add_argument("--films", type=int, help="only the first ones")
     parser.add_argument("--shots", type=int, help="of each film")
     parser.add_argument("--rounds", type=int, default=3, help="of measuring the time; 0 leaves that out")
@@ -129,6 +130,7 @@ def main():
     kinds, lost, away, marks = collections.Counter(), collections.Counter(), [], [0, 0]
     with tempfile.TemporaryDirectory() as folder:
         for film in films.SETS[options.set][:options.films]:
+            film = film._replace(seed=film.seed + options.seeds)
             path, truth = film_of(options, film, folder)
             found = found_in(options.batch, path)
             counts, lost_here, away_here = scored(found, truth)

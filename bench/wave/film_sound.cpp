@@ -1,12 +1,14 @@
 // Reads the sound of a film as the Audio bar does: the decoder writes the wave, the samples that it gives are measured
-// as they come, and the wave is read into peaks of 1 ms. Prints the processor time of all of it, as a ratio to that of
-// FFmpeg decoding the track into nothing: the least of some rounds of each, in turns.
+// as they come, and the wave is read into peaks of 1 ms while it grows. Prints the processor time of all of it, and the
+// time on the clock, as ratios to those of FFmpeg decoding the track into nothing: the least of some rounds of each, in
+// turns. The wave is removed first.
 //
 // bench_film_sound FILM WAVE [ROUNDS]
 
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -33,7 +35,28 @@ double SecondsOf(int who) {
 /// Processor time of this process and of the programs that it has waited for.
 double Spent() { return SecondsOf(RUSAGE_SELF) + SecondsOf(RUSAGE_CHILDREN); }
 
-bool Run(const std::vector<Text>& arguments, SoundMeasurer& measurer) {
+double Clock() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
+
+/// The peaks of a wave that a decoder writes, read as far as it has.
+class Peaks {
+ public:
+  explicit Peaks(Text wave) : wave_(std::move(wave)) {}
+
+  void Follow() {
+    if (!reader_.Open() && files_.Exists(wave_)) reader_.Begin(files_.OpenToRead(wave_));
+    while (reader_.Open() && reader_.Read(1 << 20) == WaveDetailReader::Result::Read) {
+    }
+  }
+  bool Any() const { return peaks_.Length() > 0; }
+
+ private:
+  Text wave_;
+  PosixFiles files_;
+  WavePyramid peaks_;
+  WaveDetailReader reader_{peaks_};
+};
+
+bool Run(const std::vector<Text>& arguments, SoundMeasurer* measurer, Peaks* peaks) {
   PosixProcesses processes;
   const auto child = processes.Start(u"ffmpeg", arguments);
   SampleBytes bytes;
@@ -41,22 +64,30 @@ bool Run(const std::vector<Text>& arguments, SoundMeasurer& measurer) {
   while (!status) {
     child->Wait(100);
     status = child->Ended();
-    measurer.Add(bytes.Take(child->TakeOutput()));
+    const auto samples = bytes.Take(child->TakeOutput());
+    if (measurer) measurer->Add(samples);
+    if (peaks) peaks->Follow();
   }
-  measurer.Finish();
+  if (measurer) measurer->Finish();
   return *status == 0;
 }
 
-bool ReadPeaks(const Text& wave) {
-  PosixFiles files;
-  WavePyramid peaks;
-  WaveDetailReader reader(peaks);
-  reader.Begin(files.OpenToRead(wave));
-  while (reader.Read(1 << 20) == WaveDetailReader::Result::Read) {
+/// The least of what some rounds took, in seconds.
+struct Least {
+  double processor = std::numeric_limits<double>::max();
+  double own = std::numeric_limits<double>::max();  ///< of that, outside the decoder
+  double elapsed = std::numeric_limits<double>::max();
+
+  template <class Work>
+  bool Measure(const Work& work) {
+    const double spent = Spent(), self = SecondsOf(RUSAGE_SELF), clock = Clock();
+    const bool done = work();
+    processor = std::min(processor, Spent() - spent);
+    own = std::min(own, SecondsOf(RUSAGE_SELF) - self);
+    elapsed = std::min(elapsed, Clock() - clock);
+    return done;
   }
-  reader.Finish();
-  return peaks.Length() > 0;
-}
+};
 
 }  // namespace
 
@@ -67,22 +98,21 @@ int main(int argc, char** argv) {
   PosixProcesses processes;
   const std::vector<Text> whole = SamplesArguments(film, -1, HasCentre(processes, film, -1), wave);
   const std::vector<Text> decode = {u"-nostdin", u"-v", u"error", u"-i", film, u"-map", u"0:a:0", u"-f", u"null", u"-"};
-  double decoding = std::numeric_limits<double>::max();
-  double reading = decoding;
-  double ours = decoding;
+  Least decoding, reading;
   for (int round = argc > 3 ? std::atoi(argv[3]) : 5; round > 0; --round) {
-    SoundTable table;
-    SoundMeasurer measurer(table, kSamplesASecond);
-    const double begun = Spent();
-    if (!Run(decode, measurer)) return 1;
-    decoding = std::min(decoding, Spent() - begun);
-    const double between = Spent();
-    const double self = SecondsOf(RUSAGE_SELF);
-    if (!Run(whole, measurer) || !ReadPeaks(wave)) return 1;
-    reading = std::min(reading, Spent() - between);
-    ours = std::min(ours, SecondsOf(RUSAGE_SELF) - self);
+    if (!decoding.Measure([&] { return Run(decode, nullptr, nullptr); })) return 1;
+    std::remove(argv[2]);
+    const bool read = reading.Measure([&] {
+      SoundTable table;
+      SoundMeasurer measurer(table, kSamplesASecond);
+      Peaks peaks(wave);
+      return Run(whole, &measurer, &peaks) && peaks.Any();
+    });
+    if (!read) return 1;
   }
-  std::printf("decoding %.2f s; wave, table and peaks %.2f s, %.2f times that; %.2f s of it outside the decoder\n",
-              decoding, reading, reading / decoding, ours);
+  std::printf("processor: decoding %.2f s; wave, table and peaks %.2f s, %.2f times that; %.2f s outside the decoder\n",
+              decoding.processor, reading.processor, reading.processor / decoding.processor, reading.own);
+  std::printf("elapsed: decoding %.2f s; wave, table and peaks %.2f s, %.2f times that\n", decoding.elapsed,
+              reading.elapsed, reading.elapsed / decoding.elapsed);
   return 0;
 }

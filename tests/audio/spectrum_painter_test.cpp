@@ -20,13 +20,14 @@ struct Spectrum : ::testing::Test {
   }
   void Paint(double msAPixel) {
     scale.SetMsAPixel(msAPixel, 0);
-    SpectrumPainter().Paint({pixels.data(), 100, 100, 90}, {10, 90}, scale, table, 32768);
+    SpectrumPainter().Paint({pixels.data(), 100, 100, 90}, {10, 90}, scale, table, fine, 32768);
   }
   /// Light of a pixel, 0 to 255.
   std::uint32_t Light(int x, int y) const { return pixels[static_cast<std::size_t>(y * 100 + x)] >> 8 & 0xFF; }
 
   std::vector<std::uint32_t> pixels;
   SoundTable table;
+  FineSpectrum fine;
   WaveScale scale;
 };
 

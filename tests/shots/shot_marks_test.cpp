@@ -67,9 +67,11 @@ TEST(MeasureBytes, AreReadAsTheyWereMeasured) {
 TEST(MeasureBytes, ThoseThatWereCutOffOrAreOfAnotherKindGiveNothing) {
   std::string bytes = BytesOf(std::vector<PictureMeasure>(3));
   std::vector<PictureMeasure> read(5);
+  std::string older = bytes;
+  older[7] = '2';
   for (const std::string& broken :
        {bytes.substr(0, bytes.size() - 1), bytes.substr(0, bytes.size() - 32), bytes + std::string(32, '\0'),
-        "x" + bytes.substr(1), std::string("CWSHOTS2"), std::string()}) {
+        "x" + bytes.substr(1), std::string("CWSHOTS3"), older, std::string()}) {
     EXPECT_FALSE(ReadMeasures(broken, read)) << broken.size();
     EXPECT_TRUE(read.empty());
   }

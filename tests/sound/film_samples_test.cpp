@@ -126,6 +126,16 @@ TEST_F(FilmSamplesTest, OfTheWaveBesideAreAllChannels) {
   }
 }
 
+TEST_F(FilmSamplesTest, OfTwoChannelsAreAsLoudAsEachOfThem) {
+  for (const std::string codec : {"pcm_f32le", "pcm_s16le"}) {
+    const std::string film = test::Media().Make(
+        "as_loud_" + codec + ".mkv",
+        "-f lavfi -i \"aevalsrc=0.9*sin(2*PI*300*t)|0.9*sin(2*PI*300*t):c=stereo:s=48000:d=1\" -c:a " + codec + " ");
+    Read(film);
+    EXPECT_NEAR(Loudest(0.2, 0.8), 32767 * 0.9, 300) << codec;
+  }
+}
+
 TEST_F(FilmSamplesTest, AreNotThereWithoutSound) {
   const std::string silent = test::Media().SilentFilm(1);
   EXPECT_EQ(Read(silent).problem, "the film has no such sound");

@@ -1,0 +1,155 @@
+#include "audio/fine_spectrum.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+#include "core/runtime_error.h"
+#include "sound/sound_table.h"
+
+namespace cuewright {
+namespace {
+
+constexpr std::uint32_t kLeastRate = 16000;
+constexpr int kMsASecond = 1000;
+/// A window is at most so long, and more than half of it.
+constexpr std::uint32_t kWindowMs = 16;
+constexpr std::size_t kSampleBytes = 2;
+constexpr int kLevels = 1 << 10;
+
+/// The frequency of a row, of -0.5 and so on the edge below it.
+double HzOf(double row) {
+  constexpr double kBands = SoundTable::kBands;
+  const double band = 0.5 + (kBands - 1) * row / (FineSpectrum::kRows - 1);
+  return SoundTable::kLowestHz * std::pow(SoundTable::kHighestHz / SoundTable::kLowestHz, band / kBands);
+}
+
+/// Half decibels of a power.
+std::uint8_t UnitsOf(float power) {
+  // A power is 2^e by 1 to 2: the logarithm of both parts is looked up.
+  static const std::array<float, kLevels> kLogs = [] {
+    std::array<float, kLevels> logs{};
+    for (int i = 0; i < kLevels; ++i) {
+      logs[static_cast<std::size_t>(i)] = std::log2(1 + (static_cast<float>(i) + 0.5F) / kLevels);
+    }
+    return logs;
+  }();
+  if (power <= 1) return 0;
+  const auto bits = std::bit_cast<std::uint32_t>(power);
+  const auto exponent = static_cast<float>(static_cast<int>(bits >> 23) - 127);
+  constexpr float kUnitsADoubling = 6.0206F;
+  const float units = (exponent + kLogs[bits >> 13 & (kLevels - 1)]) * kUnitsADoubling;
+  return static_cast<std::uint8_t>(std::min(units + 0.5F, 255.0F));
+}
+
+}  // namespace
+
+void FineSpectrum::Open(std::unique_ptr<FileReader> file, const WaveLayout& layout) {
+  Forget();
+  if (layout.begin == 0 || layout.bits != 16 || layout.rate < kLeastRate || layout.frameBytes < kSampleBytes) return;
+  file_ = std::move(file);
+  layout_ = layout;
+  spectrum_ = std::make_unique<PowerSpectrum>(std::bit_floor(layout.rate * kWindowMs / kMsASecond));
+  MakeRows();
+}
+
+void FineSpectrum::Forget() {
+  file_.reset();
+  spectrum_.reset();
+  kept_.clear();
+  stepMs_ = 0;
+  unfinished_ = false;
+}
+
+void FineSpectrum::MakeRows() {
+  const double width = static_cast<double>(layout_.rate) / static_cast<double>(spectrum_->Size());
+  for (int number = 0; number < kRows; ++number) {
+    Row& row = rows_[static_cast<std::size_t>(number)];
+    row.shares.clear();
+    const double low = HzOf(number - 0.5) / width;
+    const double high = HzOf(number + 0.5) / width;
+    const double middle = HzOf(number) / width;
+    if (high - low < 1) {
+      // Rows are finer than bins: from one to the next.
+      row.first = static_cast<std::size_t>(middle);
+      const auto part = static_cast<float>(middle - std::floor(middle));
+      row.shares = {1 - part, part};
+      continue;
+    }
+    row.first = static_cast<std::size_t>(std::max(low + 0.5, 0.0));
+    for (auto bin = static_cast<double>(row.first); bin - 0.5 < high; ++bin) {
+      row.shares.push_back(static_cast<float>(std::min(bin + 0.5, high) - std::max(bin - 0.5, low)));
+    }
+  }
+}
+
+std::int64_t FineSpectrum::StepAt(double ms) const { return static_cast<std::int64_t>(std::floor(ms / stepMs_)); }
+
+void FineSpectrum::Prepare(const WaveScale& scale) {
+  unfinished_ = false;
+  CarryOn step;
+  if (!step([&] { PrepareUnsafely(scale); })) Forget();
+}
+
+void FineSpectrum::PrepareUnsafely(const WaveScale& scale) {
+  const int before = stepMs_;
+  stepMs_ = 0;
+  if (!file_ || scale.MsAPixel() > kCoarsest) return;
+  stepMs_ = static_cast<int>(std::bit_floor(static_cast<unsigned>(scale.MsAPixel())));
+  if (stepMs_ != before || kept_.empty()) kept_.assign(kKept, {});
+  std::vector<std::int64_t> wanted;
+  for (int x = 0; x < scale.Width() && !unfinished_; ++x) {
+    const std::int64_t step = StepAt(scale.MsOf(x));
+    if (kept_[static_cast<std::size_t>(step) % kKept].step == step) continue;
+    unfinished_ = static_cast<int>(wanted.size()) == kMostAtOnce;
+    if (!unfinished_ && (wanted.empty() || wanted.back() != step)) wanted.push_back(step);
+  }
+  if (wanted.empty()) return;
+  ReadSamples(wanted.front(), wanted.back());
+  for (const std::int64_t step : wanted) {
+    Kept& kept = kept_[static_cast<std::size_t>(step) % kKept];
+    kept.step = step;
+    Measure(step, kept.column);
+  }
+}
+
+void FineSpectrum::ReadSamples(std::int64_t first, std::int64_t last) {
+  const auto length = static_cast<std::int64_t>(spectrum_->Length());
+  firstSample_ = first * stepMs_ * layout_.rate / kMsASecond - length;
+  const std::int64_t end = (last + 1) * stepMs_ * layout_.rate / kMsASecond + length;
+  samples_.assign(static_cast<std::size_t>(end - firstSample_), 0);
+  const std::int64_t from = std::max<std::int64_t>(firstSample_, 0);
+  const std::uint64_t at = layout_.begin + static_cast<std::uint64_t>(from) * layout_.frameBytes;
+  if (at >= layout_.end) return;
+  const std::uint64_t wanted = static_cast<std::uint64_t>(end - from) * layout_.frameBytes;
+  bytes_.resize(static_cast<std::size_t>(std::min(wanted, layout_.end - at)));
+  const std::size_t frames = file_->ReadAt(at, bytes_.data(), bytes_.size()) / layout_.frameBytes;
+  const auto channels = static_cast<int>(layout_.frameBytes / kSampleBytes);
+  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(bytes_[place]); };
+  for (std::size_t i = 0; i < frames; ++i) {
+    int sum = 0;
+    for (int channel = 0; channel < channels; ++channel) {
+      const std::size_t place = i * layout_.frameBytes + static_cast<std::size_t>(channel) * kSampleBytes;
+      sum += static_cast<std::int16_t>(byte(place) | byte(place + 1) << 8);
+    }
+    samples_[static_cast<std::size_t>(from - firstSample_) + i] = static_cast<std::int16_t>(sum / channels);
+  }
+}
+
+void FineSpectrum::Measure(std::int64_t step, Column& column) {
+  const std::int64_t middle = (2 * step + 1) * stepMs_ * layout_.rate / (2 * kMsASecond);
+  const std::int64_t from = middle - static_cast<std::int64_t>(spectrum_->Length() / 2) - firstSample_;
+  const std::span<const float> powers =
+      spectrum_->Measure(std::span(samples_).subspan(static_cast<std::size_t>(from), spectrum_->Length()));
+  std::ranges::transform(rows_, column.begin(),
+                         [&](const Row& row) { return UnitsOf(DotOf(row.shares, &powers[row.first])); });
+}
+
+const FineSpectrum::Column* FineSpectrum::At(double ms) const {
+  if (stepMs_ == 0) return nullptr;
+  const std::int64_t step = StepAt(ms);
+  const Kept& kept = kept_[static_cast<std::size_t>(step) % kKept];
+  return kept.step == step ? &kept.column : nullptr;
+}
+
+}  // namespace cuewright
