@@ -16,12 +16,22 @@ constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the 
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
 constexpr double kFirstStart = 1;            ///< ms; a start of 0 would mean no times
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
-/// Up to this risk of being worse than the constant a time moves; without its words a caption is believed less.
+/// So far a time moves that the risk of being worse than the constant is this; without its words a caption is believed
+/// less, and where much of the voice is drowned, so that noise may be taken for it, both are.
 constexpr double kMostStartRisk = 0.2;
 constexpr double kMostStartRiskAlone = 0.085;
-constexpr double kMostEndRisk = 0.18;
+constexpr double kMostEndRisk = 0.15;
 constexpr double kMostEndRiskAlone = 0.16;
-constexpr double kSureStart = 0.8;       ///< confidence from which a caption tells of the hand
+constexpr double kClearlyHeard = 0.8;  ///< share of a voice that is heard, from which all of the risk is taken
+constexpr double kHardlyHeard = 0.5;
+constexpr double kLeastRiskShare = 0.1;
+/// Steps by which noise shortens a voice where none of it is heard; so much as of it is drowned counts. The words tell
+/// where the start is that isn't heard.
+constexpr double kDrownedEnd = 12;
+constexpr double kDrownedStartAlone = 5;
+constexpr double kEndSteps = 0.5;  ///< by which the end of a voice is too quiet even in clean sound
+constexpr double kStartSteps = 0.1;
+constexpr double kSureStart = 0.65;      ///< confidence from which a caption tells of the hand
 constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
 constexpr double kSureEnd = 0.5;         ///< an end is never as sure, but a median of many is
 constexpr double kEndPart = 0.9;         ///< of the lateness of starts, where that of ends is not found
@@ -93,7 +103,8 @@ class Fitter {
   struct Edges {
     EdgeGuess start;
     EdgeGuess end;
-    bool spoken = false;  ///< the caption's own words told of them, too
+    bool startTold = false;  ///< something was heard that tells of it
+    bool endTold = false;
   };
 
   /// Where the voice of the caption with times begins and ends, `number` counting those alone.
@@ -112,17 +123,19 @@ class Fitter {
     EdgeEvidence end = EndEvidence(model, steps.last - reach, count, trust);
     const bool startTold = Tells(start);
     const bool endTold = Tells(end);
+    const double drowned = 1 - model.Heard();
+    if (!spoken) AddDrowned(start, kStartSteps + kDrownedStartAlone * drowned, Drowned::Start);
     for (std::size_t at = 0; at < count; ++at)
       start.values[at] += hand_.StartLikelihood(caption.start.Count() - MsOf(start, at));
     const bool aligned =
         spoken && WordsAlignment(sound_, model, levels, AloneAround(number)).Align(words_[place], steps, start, end);
-    AddDrownedEnd(end, levels.Contrast());
+    AddDrowned(end, kEndSteps + kDrownedEnd * drowned, Drowned::End);
     for (std::size_t at = 0; at < count; ++at)
       end.values[at] += hand_.EndLikelihood(caption.end.Count() - MsOf(end, at));
-    Edges edges{GuessEdge(start, usual.start), GuessEdge(end, usual.end), aligned};
-    if (!startTold && !aligned) edges.start.risk = 1;
-    if (!endTold && !aligned) edges.end.risk = 1;
-    return edges;
+    const double share = RiskShare(model);
+    return {GuessEdge(start, usual.start, share * (aligned ? kMostStartRisk : kMostStartRiskAlone)),
+            GuessEdge(end, usual.end, share * (aligned ? kMostEndRisk : kMostEndRiskAlone)), startTold || aligned,
+            endTold || aligned};
   }
 
  private:
@@ -132,6 +145,13 @@ class Fitter {
     if (number > 0) alone.first = Calibrated(captions_[timed_[number - 1]], hand_).Steps().last;
     if (number + 1 < timed_.size()) alone.last = Calibrated(captions_[timed_[number + 1]], hand_).Steps().first;
     return alone;
+  }
+
+  /// How much of the risk that may be taken is. What isn't held against a known hand takes any.
+  double RiskShare(const VoiceModel& model) const {
+    constexpr double kAny = 1e9;
+    if (!hand_.known) return kAny;
+    return std::clamp((model.Heard() - kHardlyHeard) / (kClearlyHeard - kHardlyHeard), kLeastRiskShare, 1.0);
   }
 
   static double MsOf(const EdgeEvidence& edge, std::size_t place) {
@@ -236,8 +256,8 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   fitted.wanted = true;
   fitted.startConfidence = edges.start.confidence;
   fitted.endConfidence = edges.end.confidence;
-  fitted.startMoved = edges.start.risk <= (edges.spoken ? kMostStartRisk : kMostStartRiskAlone);
-  fitted.endMoved = edges.end.risk <= (edges.spoken ? kMostEndRisk : kMostEndRiskAlone);
+  fitted.startMoved = edges.startTold;
+  fitted.endMoved = edges.endTold;
   const double start = std::max(kFirstStart, fitted.startMoved ? edges.start.ms : usual.start);
   const double end = std::max(fitted.endMoved ? edges.end.ms : usual.end, start + kShortest);
   fitted.start = Ms::Nearest(start);

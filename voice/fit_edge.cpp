@@ -7,12 +7,9 @@ namespace cuewright {
 namespace {
 
 constexpr std::ptrdiff_t kSight = 40;  ///< steps to each side that tell of an edge
-constexpr std::ptrdiff_t kNear = 5;    ///< steps
+constexpr double kNear = 5.5;          ///< steps
+constexpr double kBack = 0.5;
 constexpr double kLeastProbability = 1e-9;
-constexpr double kClearContrast = 50;  ///< dB; from here on a voice is heard to its end
-constexpr double kDrownedContrast = 40;
-constexpr double kClearTail = 0.8;  ///< steps
-constexpr double kDrownedTail = 4;
 
 /// The evidence as probabilities.
 std::vector<double> Probabilities(const std::vector<double>& values) {
@@ -40,9 +37,10 @@ EdgeEvidence ChangeEvidence(const VoiceModel& model, std::ptrdiff_t first, std::
   return evidence;
 }
 
-/// The probability that an edge is nearer to the usual place than to the guess, by more than a frame of 24 a second.
+/// The probability that an edge is nearer to the usual place than to the guess, by a frame of 24 a second less what the
+/// usual place is uncertain by.
 double RiskOf(const std::vector<double>& probability, double usual, double guess) {
-  constexpr double kFrameSteps = 4.2;
+  constexpr double kFrameSteps = 3.5;
   const double apart = std::abs(guess - usual);
   if (apart <= kFrameSteps) return 0;
   double risk = 0;
@@ -63,38 +61,40 @@ EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::siz
   return ChangeEvidence(model, first, count, -trust);
 }
 
-void AddDrownedEnd(EdgeEvidence& end, double contrast) {
-  const double drowned = std::clamp((kClearContrast - contrast) / (kClearContrast - kDrownedContrast), 0.0, 1.0);
-  const double length = kClearTail + drowned * kDrownedTail;
-  const std::size_t count = end.values.size();
+void AddDrowned(EdgeEvidence& edge, double length, Drowned side) {
+  const std::size_t count = edge.values.size();
   std::vector<double> tail(count);
   double sum = 0;
   for (std::size_t step = 0; step < count; ++step) sum += tail[step] = std::exp(-static_cast<double>(step) / length);
-  const std::vector<double> heard = Probabilities(end.values);
-  std::vector<double> ended(count, 0);
+  const std::vector<double> told = Probabilities(edge.values);
+  std::vector<double> all(count, 0);
   for (std::size_t at = 0; at < count; ++at) {
-    for (std::size_t step = 0; at + step < count; ++step) ended[at + step] += heard[at] * tail[step] / sum;
+    for (std::size_t step = 0; at + step < count; ++step) {
+      const bool end = side == Drowned::End;
+      all[end ? at + step : at] += told[end ? at : at + step] * tail[step] / sum;
+    }
   }
-  for (std::size_t at = 0; at < count; ++at) end.values[at] = std::log(ended[at] + kLeastProbability);
+  for (std::size_t at = 0; at < count; ++at) edge.values[at] = std::log(all[at] + kLeastProbability);
 }
 
-EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs) {
+EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs, double mostRisk) {
   const std::vector<double> probability = Probabilities(evidence.values);
   // The median errs least in the mean, and between the steps it is finer than they are.
   std::size_t middle = 0;
   double before = 0;
   while (middle + 1 < probability.size() && before + probability[middle] < 0.5) before += probability[middle++];
   const double within = std::clamp((0.5 - before) / std::max(probability[middle], kLeastProbability), 0.0, 1.0) - 0.5;
+  const double first = static_cast<double>(evidence.first);
+  const double usual = usualMs / SoundTable::kStepMs - first;
+  double place = static_cast<double>(middle) + within;
   EdgeGuess guess;
-  guess.ms = (static_cast<double>(evidence.first) + static_cast<double>(middle) + within) * SoundTable::kStepMs;
-  const auto centre = static_cast<std::ptrdiff_t>(middle);
-  const auto last = std::min(centre + kNear, static_cast<std::ptrdiff_t>(probability.size()) - 1);
-  for (std::ptrdiff_t step = std::max<std::ptrdiff_t>(centre - kNear, 0); step <= last; ++step) {
-    guess.confidence += probability[static_cast<std::size_t>(step)];
+  const double back = place > usual ? -kBack : kBack;
+  while ((guess.risk = RiskOf(probability, usual, place)) > mostRisk) place += back;
+  guess.ms = (first + place) * SoundTable::kStepMs;
+  for (std::size_t step = 0; step < probability.size(); ++step) {
+    if (std::abs(static_cast<double>(step) - place) <= kNear) guess.confidence += probability[step];
   }
   guess.confidence = std::min(guess.confidence, 1.0);
-  const double first = static_cast<double>(evidence.first);
-  guess.risk = RiskOf(probability, usualMs / SoundTable::kStepMs - first, guess.ms / SoundTable::kStepMs - first);
   return guess;
 }
 

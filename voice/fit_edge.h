@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "voice/fit_voice_model.h"
@@ -23,8 +24,8 @@ struct EdgeEvidence {
 
 /// What a likelihood is worth that was added up over steps: these are far from independent of each other.
 struct EdgeTrust {
-  static constexpr double kAlone = 0.085;      ///< nothing but the voice's beginning or end is known
-  static constexpr double kWithWords = 0.035;  ///< the caption's own words are, too
+  static constexpr double kAlone = 0.065;     ///< nothing but the voice's beginning or end is known
+  static constexpr double kWithWords = 0.05;  ///< the caption's own words are, too
 };
 
 /// How well the steps of a window divide sound without a voice from sound with one: before and behind a start,
@@ -32,9 +33,12 @@ struct EdgeTrust {
 EdgeEvidence StartEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
 EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
 
-/// Adds that what is heard last of a voice isn't its end: noise drowns the end, the more of it the louder it is.
-/// `contrast` is how far the voice is above the noise in dB.
-void AddDrownedEnd(EdgeEvidence& end, double contrast);
+/// What of a voice noise drowns.
+enum class Drowned : std::uint8_t { Start, End };
+
+/// Adds that what is heard first or last of a voice isn't its start or end, as noise drowns both: so many steps lie
+/// before or behind it in the mean.
+void AddDrowned(EdgeEvidence& edge, double length, Drowned side);
 
 /// Where a voice begins or ends by all that is known.
 struct EdgeGuess {
@@ -42,7 +46,8 @@ struct EdgeGuess {
   double confidence = 0;  ///< the probability of +-50 ms
   double risk = 0;        ///< the probability that it is more than a frame further off than what it is held against
 };
-/// `usualMs` is where the edge is held to be without what was heard.
-EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs);
+/// `usualMs` is where the edge is held to be without what was heard: the guess is no further from there than that the
+/// risk stays within `mostRisk`.
+EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs, double mostRisk);
 
 }  // namespace cuewright

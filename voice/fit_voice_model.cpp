@@ -1,6 +1,7 @@
 #include "voice/fit_voice_model.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace cuewright {
 namespace {
@@ -9,15 +10,32 @@ constexpr std::size_t kBands = SoundTable::kBands;
 constexpr double kMost = 3;
 constexpr double kUnit = 10;     ///< dB of a unit of the model
 constexpr double kNoise = 0.05;  ///< added to the spreads, so that no band is believed without end
-constexpr double kFewest = 20;   ///< steps of each kind without which nothing is learned
+constexpr std::size_t kVoiceSounds = 8;
+constexpr std::size_t kOtherSounds = 4;
+constexpr double kOwnSpread =
+    0.02;                       ///< added to that of the noise: a room may be more silent than steps of a level tell
+constexpr double kFewest = 20;  ///< steps of each kind without which nothing is learned
+constexpr double kLeastSquare = 1e-4;
+constexpr double kHeard = 1;  ///< likelihood from which a step is heard as a voice
 
 using Bands = std::array<double, kBands>;
 using Square = std::array<Bands, kBands>;
 
-Bands LevelsAt(const SoundTable& sound, std::size_t step) {
+Bands UnitsAt(const SoundTable& sound, std::size_t step) {
   Bands levels;
   for (std::size_t band = 0; band < kBands; ++band) levels[band] = sound.Db(step, static_cast<int>(band)) / kUnit;
   return levels;
+}
+
+/// Calls for each step of some spans that lies within the sound.
+template <class Take>
+void EachStep(const SoundTable& sound, std::span<const StepSpan> spans, Take&& take) {
+  for (const StepSpan& span : spans) {
+    const std::ptrdiff_t last = std::min(span.last, static_cast<std::ptrdiff_t>(sound.Steps()));
+    for (std::ptrdiff_t step = std::max<std::ptrdiff_t>(span.first, 0); step < last; ++step) {
+      take(static_cast<std::size_t>(step));
+    }
+  }
 }
 
 /// Mean and spread of the levels in some spans.
@@ -25,12 +43,7 @@ class Heap {
  public:
   Heap(const SoundTable& sound, std::span<const StepSpan> spans) {
     const auto each = [&](auto&& take) {
-      for (const StepSpan& span : spans) {
-        const std::ptrdiff_t last = std::min(span.last, static_cast<std::ptrdiff_t>(sound.Steps()));
-        for (std::ptrdiff_t step = std::max<std::ptrdiff_t>(span.first, 0); step < last; ++step) {
-          take(LevelsAt(sound, static_cast<std::size_t>(step)));
-        }
-      }
+      EachStep(sound, spans, [&](std::size_t step) { take(UnitsAt(sound, step)); });
     };
     each([&](const Bands& levels) {
       ++count_;
@@ -73,13 +86,8 @@ Bands Solve(Square matrix, Bands right) {
   return right;
 }
 
-}  // namespace
-
-VoiceModel::VoiceModel(const SoundTable& sound, std::span<const StepSpan> spoken, std::span<const StepSpan> others)
-    : sound_(sound) {
-  const Heap voice(sound, spoken);
-  const Heap rest(sound, others);
-  if (voice.Count() < kFewest || rest.Count() < kFewest) return;
+/// How far two heaps are apart along the line that divides them best.
+double SeparationOf(const Heap& voice, const Heap& rest) {
   Square common{};
   Bands apart{};
   for (std::size_t row = 0; row < kBands; ++row) {
@@ -89,19 +97,66 @@ VoiceModel::VoiceModel(const SoundTable& sound, std::span<const StepSpan> spoken
     }
     common[row][row] += kNoise;
   }
-  weight_ = Solve(common, apart);
-  for (std::size_t band = 0; band < kBands; ++band) {
-    middle_ += weight_[band] * (voice.Mean()[band] + rest.Mean()[band]) / 2;
-    separation_ += weight_[band] * apart[band];
+  const Bands weight = Solve(common, apart);
+  double separation = 0;
+  for (std::size_t band = 0; band < kBands; ++band) separation += weight[band] * apart[band];
+  return separation;
+}
+
+}  // namespace
+
+VoiceModel::VoiceModel(const SoundTable& sound, std::span<const StepSpan> spoken, std::span<const StepSpan> others)
+    : sound_(sound) {
+  const Heap voice(sound, spoken);
+  const Heap rest(sound, others);
+  if (voice.Count() < kFewest || rest.Count() < kFewest) return;
+  separation_ = SeparationOf(voice, rest);
+  TakeRoot(rest.Spread());
+  voice_.emplace(Samples(spoken), kVoiceSounds);
+  rest_.emplace(Samples(others), kOtherSounds);
+  heard_ = ShareHeard(spoken);
+}
+
+void VoiceModel::TakeRoot(const Square& spread) {
+  for (std::size_t row = 0; row < kBands; ++row) {
+    for (std::size_t column = 0; column <= row; ++column) {
+      double left = spread[row][column] + (row == column ? kOwnSpread : 0);
+      for (std::size_t before = 0; before < column; ++before) left -= root_[row][before] * root_[column][before];
+      root_[row][column] = row == column ? std::sqrt(std::max(left, kLeastSquare)) : left / root_[column][column];
+    }
   }
 }
 
+LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
+  LevelMixture::Levels levels{};
+  for (std::size_t row = 0; row < kBands; ++row) {
+    double left = sound_.Db(step, static_cast<int>(row)) / kUnit;
+    for (std::size_t before = 0; before < row; ++before) left -= root_[row][before] * double{levels[before]};
+    levels[row] = static_cast<float>(left / root_[row][row]);
+  }
+  return levels;
+}
+
+std::vector<LevelMixture::Levels> VoiceModel::Samples(std::span<const StepSpan> spans) const {
+  std::vector<LevelMixture::Levels> samples;
+  EachStep(sound_, spans, [&](std::size_t step) { samples.push_back(LevelsAt(step)); });
+  return samples;
+}
+
+double VoiceModel::ShareHeard(std::span<const StepSpan> spoken) const {
+  double all = 0;
+  double heard = 0;
+  EachStep(sound_, spoken, [&](std::size_t step) {
+    ++all;
+    if (Voice(static_cast<std::ptrdiff_t>(step)) > kHeard) ++heard;
+  });
+  return heard / all;
+}
+
 double VoiceModel::Voice(std::ptrdiff_t step) const {
-  if (step < 0 || step >= static_cast<std::ptrdiff_t>(sound_.Steps())) return 0;
-  const Bands levels = LevelsAt(sound_, static_cast<std::size_t>(step));
-  double likelihood = -middle_;
-  for (std::size_t band = 0; band < kBands; ++band) likelihood += weight_[band] * levels[band];
-  return std::clamp(likelihood, -kMost, kMost);
+  if (step < 0 || step >= static_cast<std::ptrdiff_t>(sound_.Steps()) || !voice_) return 0;
+  const LevelMixture::Levels levels = LevelsAt(static_cast<std::size_t>(step));
+  return std::clamp(double{voice_->LogDensity(levels)} - double{rest_->LogDensity(levels)}, -kMost, kMost);
 }
 
 }  // namespace cuewright

@@ -2,10 +2,12 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "sound/sound_table.h"
+#include "voice/level_mixture.h"
 
 namespace cuewright {
 
@@ -16,7 +18,7 @@ struct StepSpan {
 };
 
 /// Tells voice from what else is heard in a part of a film, by what is heard while captions are shown there and
-/// between them: a line through the levels of the bands that divides the two best.
+/// between them: the sounds of both are told apart, in levels that the noise moves independently of each other.
 class VoiceModel {
  public:
   /// Learns from steps in which somebody probably speaks, and from others. The spans may reach beyond the sound.
@@ -25,16 +27,29 @@ class VoiceModel {
   /// The log likelihood of voice against none in a step, within +-3; 0 beyond the sound.
   double Voice(std::ptrdiff_t step) const;
 
+  /// The share of steps in which somebody probably speaks that are heard as a voice, from 0 to 1: near 1 in clean
+  /// sound, the less the more of a voice the noise drowns.
+  double Heard() const { return heard_; }
+
   /// How far voice and the rest are apart, in squares of their common spread; near 0 when nothing tells them apart.
   double Separation() const { return separation_; }
 
  private:
   using Bands = std::array<double, SoundTable::kBands>;
+  using Square = std::array<Bands, SoundTable::kBands>;
+
+  void TakeRoot(const Square& spread);
+  /// The levels of a step in units in which those of the noise are independent and vary by 1.
+  LevelMixture::Levels LevelsAt(std::size_t step) const;
+  std::vector<LevelMixture::Levels> Samples(std::span<const StepSpan> spans) const;
+  double ShareHeard(std::span<const StepSpan> spoken) const;
 
   const SoundTable& sound_;
-  Bands weight_{};
-  double middle_ = 0;
+  Square root_{};  ///< lower triangle whose square is the spread of the noise
+  std::optional<LevelMixture> voice_;
+  std::optional<LevelMixture> rest_;
   double separation_ = 0;
+  double heard_ = 1;
 };
 
 }  // namespace cuewright

@@ -14,7 +14,7 @@ constexpr std::ptrdiff_t kChange = 3;  ///< steps to each side
 constexpr float kUnevenPace = 1.5F;    ///< cost of a step that stays at a word's or leaves one out
 constexpr float kGap = 6;              ///< cost of a step in which nobody speaks, as far as the bands tell nothing
 constexpr float kVoiceInGap = 2;
-constexpr double kTrust = 0.045;  ///< log likelihood of a unit of cost; steps are far from independent
+constexpr double kTrust = 0.04;  ///< log likelihood of a unit of cost; steps are far from independent
 constexpr float kNever = 1e9F;
 constexpr std::size_t kMostWords = 1200;  ///< steps, 12 s
 constexpr std::size_t kFewestWords = 6;
@@ -64,12 +64,6 @@ SoundLevels::SoundLevels(const SoundTable& sound, StepSpan span) {
     quiet[band] = Quantile(part, kQuiet, level);
     loud[band] = Quantile(part, kLoudest, level);
   }
-}
-
-double SoundLevels::Contrast() const {
-  double sum = 0;
-  for (std::size_t band = 1; band < kBands; ++band) sum += double{loud[band]} - double{quiet[band]};
-  return sum / (kBands - 1);
 }
 
 WordsAlignment::WordsAlignment(const SoundTable& sound, const VoiceModel& model, const SoundLevels& levels,

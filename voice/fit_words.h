@@ -17,8 +17,6 @@ struct SoundLevels {
   std::array<float, SoundTable::kBands> loud{};
 
   SoundLevels(const SoundTable& sound, StepSpan span);
-  /// By how many dB the loud is above the quiet, as the mean of all bands but the lowest.
-  double Contrast() const;
 };
 
 /// Where a caption's own words, as a synthesiser speaks them, fit into a film's sound: every way to lay them there is

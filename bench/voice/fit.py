@@ -7,7 +7,8 @@
 
 The first makes films by make_films.py and prints a line a condition; the second judges a recording of one's own, whose
 true times stand in TRUTH.srt. The constant takes off each held time the median lateness that these presses really have,
-which no program can know better. All figures are in ms: median / 95th percentile of the distance from the truth.
+which no program can know better. The detector is that of WebRTC, where voice_detector.py finds it: the last edge of
+its voice before a press or release, no further away than 0.7 s, or else the constant. All figures are in ms: median / 95th percentile of the distance from the truth.
 `worse` is the share of times that are more than a frame of 24 a second (42 ms) worse than the constant.
 """
 import argparse
@@ -19,7 +20,10 @@ import subprocess
 import sys
 import tempfile
 
+import voice_detector
+
 FRAME = 42
+REACH = 700  # ms before a press in which the detector's edge is looked for
 CONDITIONS = ["clean", "pink20", "pink10", "pink5", "babble20", "babble10", "babble5", "music20", "music10", "music5"]
 
 
@@ -58,10 +62,13 @@ class Figures:
     """Distances from the truth of one kind of time, in several ways."""
 
     def __init__(self):
-        self.press, self.constant, self.fitted = [], [], []
+        self.press, self.constant, self.detector, self.fitted = [], [], [], []
 
-    def add(self, truth, held, fitted):
+    def add(self, truth, held, edges, fitted):
         late = quantile([press - true for press, true in zip(held, truth)], 0.5)
+        if edges is not None:
+            found = voice_detector.last_edges(edges, held, late, REACH)
+            self.detector += [abs(time - true) for time, true in zip(found, truth)]
         for true, press, found in zip(truth, held, fitted):
             self.press.append(abs(press - true))
             self.constant.append(abs(press - late - true))
@@ -69,25 +76,36 @@ class Figures:
 
     def text(self):
         def pair(values):
+            if not values:
+                return f"{'-':>10}"
             return f"{quantile(values, 0.5):4.0f} /{quantile(values, 0.95):4.0f}"
         worse = sum(found > constant + FRAME for found, constant in zip(self.fitted, self.constant))
         within = sum(found <= FRAME for found in self.fitted)
         count = len(self.fitted)
-        return f"{pair(self.press)} {pair(self.constant)} {pair(self.fitted)}  {100 * within / count:3.0f} %  " \
+        return f"{pair(self.press)} {pair(self.constant)} {pair(self.detector)} {pair(self.fitted)}  {100 * within / count:3.0f} %  " \
                f"{100 * worse / count:4.1f} %"
 
 
+def detected(film):
+    """The rises and falls that the detector finds; None where it isn't installed."""
+    functions = voice_detector.library()
+    return voice_detector.edges(functions, film) if functions else None
+
+
 def show(name, cases):
-    """A line for starts and one for ends of a condition; a case is truth, held and fitted times."""
+    """A line for starts and one for ends of a condition; a case is truth and held times, what the detector says, and
+    fitted times."""
     for place, kind in enumerate(["start", "end"]):
         figures = Figures()
         for case in cases:
-            figures.add(*[[times[place] for times in part] for part in case])
+            truth, held, edges, fitted = case
+            figures.add(*([times[place] for times in part] for part in (truth, held)), edges and edges[place],
+                        [times[place] for times in fitted])
         print(f"{name:16} {kind:6} {figures.text()}", flush=True)
 
 
 def head():
-    print(f"{'':16} {'':6} {'press':>10} {'constant':>10} {'fitted':>10}  {'42ms':>5}  {'worse':>6}")
+    print(f"{'':16} {'':6} {'press':>10} {'constant':>10} {'detector':>10} {'fitted':>10}  {'42ms':>5}  {'worse':>6}")
 
 
 def bench(options):
@@ -113,7 +131,8 @@ def bench(options):
             film = os.path.join(each, condition + (".mkv" if condition == "late" else ".wav"))
             fitted, seconds = fit(options, os.path.join(each, held), film, options.language)
             used, captions = used + seconds, captions + len(fitted)
-            parts.append((read_srt(os.path.join(each, "truth.srt")), read_srt(os.path.join(each, held)), fitted))
+            parts.append((read_srt(os.path.join(each, "truth.srt")), read_srt(os.path.join(each, held)), detected(film),
+                          fitted))
         show(name if held != "foreign.srt" else f"other l. {condition}", parts)
     print(f"{1000 * used / captions:.0f} ms of processor time a caption, with reading the film and speaking the text")
 
@@ -138,7 +157,7 @@ def main():
         return
     fitted, _ = fit(options, options.held, options.film, options.language)
     head()
-    show(os.path.basename(options.film), [(read_srt(options.truth), read_srt(options.held), fitted)])
+    show(os.path.basename(options.film), [(read_srt(options.truth), read_srt(options.held), detected(options.film), fitted)])
 
 
 if __name__ == "__main__":
