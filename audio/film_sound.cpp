@@ -88,7 +88,7 @@ void FilmSound::Poll() {
   if (!Running()) return;
   // The film was replaced or closed: its sound is no longer wanted.
   if (p_.document.VideoPath != film_) return Stop();
-  // What ends a program comes behind the last that it wrote.
+  // Asked before its output is taken: a program that has ended by now has written all there is to take.
   const std::optional<int> status = child_->Ended();
   TakeSamples();
   // A full disk is only reported in its log, not always by its exit status.

@@ -152,6 +152,7 @@ class WaveBoard {
   Ms ReachOf(SnapKind kind) const;
 
   void ChooseEdge(bool on);
+  void PressArrow(bool back, BoardHeld held);
   void StepEdge(Ms by);
   void StepToPoint(bool back);
   void StepPosition(bool back, bool stretches);

@@ -224,20 +224,19 @@ std::optional<Ms> WaveBoard::NextPoint(CaptionEdge edge, Ms ms, bool back) const
   return back ? std::ranges::max_element(points, nearer)->ms : std::ranges::min_element(points, nearer)->ms;
 }
 
+void WaveBoard::PressArrow(bool back, BoardHeld held) {
+  if (chosen_ == BoardPart::Nothing) return StepPosition(back, held.shift);
+  if (held.control) return StepToPoint(back);
+  const Ms by = held.shift ? kLongStepMs : kStepMs;
+  StepEdge(back ? -by : by);
+}
+
 bool WaveBoard::Press(BoardKey key, BoardHeld held) {
-  const bool back = key == BoardKey::Left;
   const double page = scale_.MsAPixel() * scale_.Width() * 9 / 10;
   switch (key) {
     case BoardKey::Left:
     case BoardKey::Right:
-      if (chosen_ == BoardPart::Nothing) {
-        StepPosition(back, held.shift);
-      } else if (held.control) {
-        StepToPoint(back);
-      } else {
-        const Ms by = held.shift ? kLongStepMs : kStepMs;
-        StepEdge(back ? -by : by);
-      }
+      PressArrow(key == BoardKey::Left, held);
       return true;
     case BoardKey::Up:
     case BoardKey::Down:

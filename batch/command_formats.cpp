@@ -17,7 +17,7 @@ std::string AsJson(const FormatCatalogue& catalogue, int index) {
       .Add("name", catalogue.DisplayName(id))
       .AddRaw("extensions", JsonList(extensions))
       .Add("timecode", catalogue.ReadIni(id, u"timecode", u"ms"))
-      .Add("tags", static_cast<int>(LeadingNumber(catalogue.ReadIni(id, u"tags", u"0"))))
+      .Add("tags", LeadingInt(catalogue.ReadIni(id, u"tags", u"0")))
       .Add("header", LeadingNumber(catalogue.ReadIni(id, u"header", u"0")) == 1)
       .Line();
 }

@@ -1,9 +1,10 @@
 #include "capture/caption_grid.h"
 
-#include "core/style_markers.h"
-
 #include <algorithm>
 #include <utility>
+
+#include "core/counting.h"
+#include "core/style_markers.h"
 
 namespace cuewright {
 namespace {
@@ -104,7 +105,7 @@ Text CaptionGrid::SpokenCaption(Row row) const {
   for (std::size_t i = 0; i < form.size(); ++i) {
     const bool place = form[i] == u'%' && i + 1 < form.size() && form[i + 1] >= u'1' && form[i + 1] <= u'4';
     if (place) {
-      spoken += values[static_cast<std::size_t>(form[++i] - u'1')];
+      spoken += ItemAt(values, form[++i] - u'1');
     } else {
       spoken += form[i];
     }

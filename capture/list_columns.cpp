@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 
 namespace cuewright {
@@ -34,7 +35,7 @@ ColumnOrder::ColumnOrder(TextView stored) : ColumnOrder() {
     if (from < at) continue;
     Move(from, at++);
     Show(column, !hidden);
-    if (colon < name.size()) SetWidth(column, static_cast<int>(LeadingNumber(name.substr(colon + 1))));
+    if (colon < name.size()) SetWidth(column, LeadingInt(name.substr(colon + 1)));
   }
 }
 
@@ -44,7 +45,7 @@ Text ColumnOrder::Stored() const {
   for (const Place& place : places_) {
     if (!stored.empty()) stored += u",";
     if (!place.shown) stored += u"-";
-    stored += kNames[static_cast<std::size_t>(place.column)];
+    stored += ItemAt(kNames, place.column);
     if (place.width > 0) stored += u":" + Decimal(place.width);
   }
   return stored;

@@ -1,6 +1,109 @@
 #include "capture/main_window.h"
 
 namespace cuewright {
+namespace {
+
+/// The keys of an item; another set of keys may have others.
+struct ItemKeys {
+  MenuItem MainWindow::*item;
+  const char* keys;
+};
+
+constexpr ItemKeys kKeys[] = {{&MainWindow::mnuNew, "Ctrl+N"},
+                              {&MainWindow::mnuOpenText, "Ctrl+O"},
+                              {&MainWindow::mnuSave, "Ctrl+S"},
+                              {&MainWindow::mnuSaveAs, "Ctrl+Shift+S"},
+                              {&MainWindow::mnuExit, "Ctrl+Q"},
+                              {&MainWindow::mnuUndo, "Ctrl+Z"},
+                              {&MainWindow::mnuRedo, "Ctrl+Shift+Z; Ctrl+Y"},
+                              {&MainWindow::mnuCut, "Ctrl+X"},
+                              {&MainWindow::mnuCopy, "Ctrl+C"},
+                              {&MainWindow::mnuPaste, "Ctrl+V"},
+                              {&MainWindow::mnuSelectAll, "Ctrl+A"},
+                              {&MainWindow::mnuRemove, "Del"},
+                              {&MainWindow::mnuJoinSelected, "Ctrl+J"},
+                              {&MainWindow::mnuMoveUp, "Alt+Up"},
+                              {&MainWindow::mnuMoveDown, "Alt+Down"},
+                              {&MainWindow::mnuSortByStart, "Ctrl+Shift+O"},
+                              {&MainWindow::mnuUpperCase, "Ctrl+Shift+U"},
+                              {&MainWindow::mnuLowerCase, "Ctrl+Shift+L"},
+                              {&MainWindow::mnuSentenceCase, "Ctrl+Shift+E"},
+                              {&MainWindow::mnuShift, "Ctrl+T"},
+                              {&MainWindow::mnuBold, "Ctrl+B"},
+                              {&MainWindow::mnuItalic, "Ctrl+I"},
+                              {&MainWindow::mnuUnderline, "Ctrl+U"},
+                              {&MainWindow::mnuInsertAbove, "Alt+Shift+Ins"},
+                              {&MainWindow::mnuInsertBelow, "Alt+Ins"},
+                              {&MainWindow::mnuInsertAtFilm, "Ctrl+Alt+Ins"},
+                              {&MainWindow::mnuSplitAtCaret, "Ctrl+Shift+Return"},
+                              {&MainWindow::mnuSplitAtFilm, "Ctrl+Alt+Return"},
+                              {&MainWindow::mnuJoinNext, "Ctrl+Shift+J"},
+                              {&MainWindow::mnuJoinPrevious, "Ctrl+Alt+J"},
+                              {&MainWindow::mnuDialogueNext, "Ctrl+Shift+K"},
+                              {&MainWindow::mnuDialoguePrevious, "Ctrl+Alt+K"},
+                              {&MainWindow::mnuDuplicate, "Ctrl+D"},
+                              {&MainWindow::mnuMeetNext, "Ctrl+L"},
+                              {&MainWindow::mnuSwapTexts, "Ctrl+Shift+X"},
+                              {&MainWindow::mnuInsertStretch, "Ctrl+Shift+Ins"},
+                              {&MainWindow::mnuWaveIn, "Alt+Shift+PgUp"},
+                              {&MainWindow::mnuWaveOut, "Alt+Shift+PgDown"},
+                              {&MainWindow::mnuWaveHigher, "Alt+Shift+Up"},
+                              {&MainWindow::mnuWaveLower, "Alt+Shift+Down"},
+                              {&MainWindow::mnuWaveToCaption, "Ctrl+Shift+W"},
+                              {&MainWindow::mnuShotHere, "Ctrl+Shift+M"},
+                              {&MainWindow::mnuShotAtCursor, "Ctrl+Alt+M"},
+                              {&MainWindow::mnuSnapTimes, "Ctrl+Alt+L"},
+                              {&MainWindow::mnuRetime, "Ctrl+Shift+T"},
+                              {&MainWindow::mnuFit, "F4"},
+                              {&MainWindow::mnuTakeFitBack, "Shift+F4"},
+                              {&MainWindow::mnuNextDoubtful, "Ctrl+F4"},
+                              {&MainWindow::mnuFind, "Ctrl+F"},
+                              {&MainWindow::mnuReplace, "Ctrl+H"},
+                              {&MainWindow::mnuRawMarks, "Ctrl+M"},
+                              {&MainWindow::mnuNextFinding, "F8"},
+                              {&MainWindow::mnuCheck, "Shift+F8"},
+                              {&MainWindow::mnuGSettings, "Ctrl+,"},
+                              {&MainWindow::mnuHelpTopics, "F1"},
+                              {&MainWindow::mnuPalette, "Ctrl+Shift+P"},
+                              {&MainWindow::mnuPlayOrPause, "Space"},
+                              {&MainWindow::mnuPlayCaption, "F5"},
+                              {&MainWindow::mnuRepeatCaption, "Shift+F5"},
+                              {&MainWindow::mnuPlayBeforeStart, "F6"},
+                              {&MainWindow::mnuPlayAfterStart, "Shift+F6"},
+                              {&MainWindow::mnuPlayBeforeEnd, "F7"},
+                              {&MainWindow::mnuPlayAfterEnd, "Shift+F7"},
+                              {&MainWindow::mnuPlayGap, "Ctrl+F6"},
+                              {&MainWindow::mnuPlayStretch, "Ctrl+F5"},
+                              {&MainWindow::mnuFrameBack, "Alt+Left"},
+                              {&MainWindow::mnuFrameForward, "Alt+Right"},
+                              {&MainWindow::mnuStepBack, "Alt+Shift+Left"},
+                              {&MainWindow::mnuStepForward, "Alt+Shift+Right"},
+                              {&MainWindow::mnuSecondBack, "Alt+PgUp"},
+                              {&MainWindow::mnuSecondForward, "Alt+PgDown"},
+                              {&MainWindow::mnuSlower, "Ctrl+-"},
+                              {&MainWindow::mnuFaster, "Ctrl++; Ctrl+="},
+                              {&MainWindow::mnuUsualSpeed, "Ctrl+0"},
+                              {&MainWindow::mnuStartHere, "F11"},
+                              {&MainWindow::mnuEndHere, "F12"},
+                              {&MainWindow::mnuPushFromHere, "Shift+F11"},
+                              {&MainWindow::mnuStartEarlier, "Alt+1"},
+                              {&MainWindow::mnuStartLater, "Alt+2"},
+                              {&MainWindow::mnuEndEarlier, "Alt+3"},
+                              {&MainWindow::mnuEndLater, "Alt+4"},
+                              {&MainWindow::mnuStartMuchEarlier, "Ctrl+Alt+1"},
+                              {&MainWindow::mnuStartMuchLater, "Ctrl+Alt+2"},
+                              {&MainWindow::mnuEndMuchEarlier, "Ctrl+Alt+3"},
+                              {&MainWindow::mnuEndMuchLater, "Ctrl+Alt+4"},
+                              {&MainWindow::mnuStartSnapBack, "Alt+5"},
+                              {&MainWindow::mnuStartSnapOn, "Alt+6"},
+                              {&MainWindow::mnuEndSnapBack, "Alt+7"},
+                              {&MainWindow::mnuEndSnapOn, "Alt+8"},
+                              {&MainWindow::mnuNextInPane, "Ctrl+Return"},
+                              {&MainWindow::mnuGoToPosition, "Ctrl+Shift+G"},
+                              {&MainWindow::mnuRetake, "Ctrl+R"},
+                              {&MainWindow::mnuTakeBefore, "Ctrl+Shift+R"}};
+
+}  // namespace
 
 MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem* line :
@@ -20,63 +123,7 @@ MainWindow::MainWindow() : Form("frmMain") {
   for (MenuItem& item : mnuWaveLook) item.SetCheckable(true);
   for (MenuItem& item : mnuSoundTrack) item.SetCheckable(true);
   for (MenuItem& item : mnuRetakeStep) item.SetCheckable(true);
-  mnuNew.SetShortcut("Ctrl+N");
-  mnuOpenText.SetShortcut("Ctrl+O");
-  mnuSave.SetShortcut("Ctrl+S");
-  mnuSaveAs.SetShortcut("Ctrl+Shift+S");
-  mnuExit.SetShortcut("Ctrl+Q");
-  mnuUndo.SetShortcut("Ctrl+Z");
-  mnuRedo.SetShortcut("Ctrl+Shift+Z; Ctrl+Y");
-  mnuCut.SetShortcut("Ctrl+X");
-  mnuCopy.SetShortcut("Ctrl+C");
-  mnuPaste.SetShortcut("Ctrl+V");
-  mnuSelectAll.SetShortcut("Ctrl+A");
-  mnuRemove.SetShortcut("Del");
-  mnuJoinSelected.SetShortcut("Ctrl+J");
-  mnuMoveUp.SetShortcut("Alt+Up");
-  mnuMoveDown.SetShortcut("Alt+Down");
-  mnuSortByStart.SetShortcut("Ctrl+Shift+O");
-  mnuUpperCase.SetShortcut("Ctrl+Shift+U");
-  mnuLowerCase.SetShortcut("Ctrl+Shift+L");
-  mnuSentenceCase.SetShortcut("Ctrl+Shift+E");
-  mnuShift.SetShortcut("Ctrl+T");
-  mnuBold.SetShortcut("Ctrl+B");
-  mnuItalic.SetShortcut("Ctrl+I");
-  mnuUnderline.SetShortcut("Ctrl+U");
-  mnuInsertAbove.SetShortcut("Alt+Shift+Ins");
-  mnuInsertBelow.SetShortcut("Alt+Ins");
-  mnuInsertAtFilm.SetShortcut("Ctrl+Alt+Ins");
-  mnuSplitAtCaret.SetShortcut("Ctrl+Shift+Return");
-  mnuSplitAtFilm.SetShortcut("Ctrl+Alt+Return");
-  mnuJoinNext.SetShortcut("Ctrl+Shift+J");
-  mnuJoinPrevious.SetShortcut("Ctrl+Alt+J");
-  mnuDialogueNext.SetShortcut("Ctrl+Shift+K");
-  mnuDialoguePrevious.SetShortcut("Ctrl+Alt+K");
-  mnuDuplicate.SetShortcut("Ctrl+D");
-  mnuMeetNext.SetShortcut("Ctrl+L");
-  mnuSwapTexts.SetShortcut("Ctrl+Shift+X");
-  mnuInsertStretch.SetShortcut("Ctrl+Shift+Ins");
-  mnuWaveIn.SetShortcut("Alt+Shift+PgUp");
-  mnuWaveOut.SetShortcut("Alt+Shift+PgDown");
-  mnuWaveHigher.SetShortcut("Alt+Shift+Up");
-  mnuWaveLower.SetShortcut("Alt+Shift+Down");
-  mnuWaveToCaption.SetShortcut("Ctrl+Shift+W");
-  mnuShotHere.SetShortcut("Ctrl+Shift+M");
-  mnuShotAtCursor.SetShortcut("Ctrl+Alt+M");
-  mnuSnapTimes.SetShortcut("Ctrl+Alt+L");
-  mnuRetime.SetShortcut("Ctrl+Shift+T");
-  mnuFit.SetShortcut("F4");
-  mnuTakeFitBack.SetShortcut("Shift+F4");
-  mnuNextDoubtful.SetShortcut("Ctrl+F4");
-  mnuFind.SetShortcut("Ctrl+F");
-  mnuReplace.SetShortcut("Ctrl+H");
-  mnuRawMarks.SetShortcut("Ctrl+M");
-  mnuNextFinding.SetShortcut("F8");
-  mnuCheck.SetShortcut("Shift+F8");
-  mnuGSettings.SetShortcut("Ctrl+,");
-  mnuHelpTopics.SetShortcut("F1");
-  mnuPalette.SetShortcut("Ctrl+Shift+P");
-  SetFilmKeys();
+  for (const ItemKeys& each : kKeys) (this->*each.item).SetShortcut(each.keys);
   mnuUTF8.SetText(u"UTF-8");
   mnuLine0b.SetVisible(false);
   mnuTFileName.SetVisible(false);
@@ -90,46 +137,6 @@ MainWindow::MainWindow() : Form("frmMain") {
   }
   sldWavScale.SetEnabled(false);
   optPress.SetValue(true);
-}
-
-void MainWindow::SetFilmKeys() {
-  mnuPlayOrPause.SetShortcut("Space");
-  mnuPlayCaption.SetShortcut("F5");
-  mnuRepeatCaption.SetShortcut("Shift+F5");
-  mnuPlayBeforeStart.SetShortcut("F6");
-  mnuPlayAfterStart.SetShortcut("Shift+F6");
-  mnuPlayBeforeEnd.SetShortcut("F7");
-  mnuPlayAfterEnd.SetShortcut("Shift+F7");
-  mnuPlayGap.SetShortcut("Ctrl+F6");
-  mnuPlayStretch.SetShortcut("Ctrl+F5");
-  mnuFrameBack.SetShortcut("Alt+Left");
-  mnuFrameForward.SetShortcut("Alt+Right");
-  mnuStepBack.SetShortcut("Alt+Shift+Left");
-  mnuStepForward.SetShortcut("Alt+Shift+Right");
-  mnuSecondBack.SetShortcut("Alt+PgUp");
-  mnuSecondForward.SetShortcut("Alt+PgDown");
-  mnuSlower.SetShortcut("Ctrl+-");
-  mnuFaster.SetShortcut("Ctrl++; Ctrl+=");
-  mnuUsualSpeed.SetShortcut("Ctrl+0");
-  mnuStartHere.SetShortcut("F11");
-  mnuEndHere.SetShortcut("F12");
-  mnuPushFromHere.SetShortcut("Shift+F11");
-  mnuStartEarlier.SetShortcut("Alt+1");
-  mnuStartLater.SetShortcut("Alt+2");
-  mnuEndEarlier.SetShortcut("Alt+3");
-  mnuEndLater.SetShortcut("Alt+4");
-  mnuStartMuchEarlier.SetShortcut("Ctrl+Alt+1");
-  mnuStartMuchLater.SetShortcut("Ctrl+Alt+2");
-  mnuEndMuchEarlier.SetShortcut("Ctrl+Alt+3");
-  mnuEndMuchLater.SetShortcut("Ctrl+Alt+4");
-  mnuStartSnapBack.SetShortcut("Alt+5");
-  mnuStartSnapOn.SetShortcut("Alt+6");
-  mnuEndSnapBack.SetShortcut("Alt+7");
-  mnuEndSnapOn.SetShortcut("Alt+8");
-  mnuNextInPane.SetShortcut("Ctrl+Return");
-  mnuGoToPosition.SetShortcut("Ctrl+Shift+G");
-  mnuRetake.SetShortcut("Ctrl+R");
-  mnuTakeBefore.SetShortcut("Ctrl+Shift+R");
 }
 
 }  // namespace cuewright

@@ -303,9 +303,6 @@ class MainWindow final : public Form {
   MenuItem rmnuBold{*this, "rmnuBold", &mnuRclick};
   MenuItem rmnuItalic{*this, "rmnuItalic", &mnuRclick};
   MenuItem rmnuUnderline{*this, "rmnuUnderline", &mnuRclick};
-
- private:
-  void SetFilmKeys();
 };
 
 }  // namespace cuewright

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -47,7 +49,7 @@ void PreviewIndex::OnSplice(const Splice& splice) {
   }
   // An edit of texts alone keeps the table: it is built of the times only.
   for (int i = 0; i < splice.added && built_; ++i) {
-    const Caption& before = splice.before[static_cast<std::size_t>(i)];
+    const Caption& before = ItemAt(splice.before, i);
     const Caption& now = list_.At(splice.first + i);
     built_ = before.end == now.end && (before.start > 0) == (now.start > 0);
   }

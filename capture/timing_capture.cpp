@@ -4,6 +4,7 @@
 
 #include "core/best_duration.h"
 #include "core/caption_time.h"
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 
@@ -81,9 +82,7 @@ std::optional<Ms> TimingCapture::PositionOfInput() const {
 
 // The label and not the sample decides: a caption ends at the time that the user has seen, while the Audio bar sets the
 // sample to where a seek goes before the film is there.
-Ms TimingCapture::ShownPosition() const {
-  return static_cast<std::int32_t>(LeadingNumber(bench_.window.lblTime.GetText()));
-}
+Ms TimingCapture::ShownPosition() const { return LeadingInt(bench_.window.lblTime.GetText()); }
 
 void TimingCapture::StartCaption(bool byStartKey, bool byNextKey) {
   if (bench_.document.FileInWork) return;
@@ -209,7 +208,7 @@ void TimingCapture::SelectMode(CaptionMode mode) {
 
 void TimingCapture::ShowModeTexts() {
   bench_.window.cmdApply.SetText(bench_.strings[mode_ == CaptionMode::Manual ? Message::Start : Message::Apply]);
-  bench_.window.lblMode.SetText(bench_.strings[kModeHints[static_cast<std::size_t>(mode_)]]);
+  bench_.window.lblMode.SetText(bench_.strings[ItemAt(kModeHints, mode_)]);
   bench_.window.optPress.SetText(LimitActive(bench_.options) ? bench_.strings[Message::PressAndHold] + u" [auto]"
                                                              : bench_.strings[Message::PressAndHold]);
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/counting.h"
 #include "text/visible_length.h"
 
 namespace cuewright {
@@ -149,8 +150,8 @@ void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
   const auto duration = static_cast<double>(Span(caption.start, caption.end));
   if (duration <= 0) return;
   const double speed = length * kMsASecond / duration;
-  if (rules_.charactersASecond > 0 && speed > rules_.charactersASecond) {
-    Add(CheckRule::ReadingSpeed, speed, rules_.charactersASecond);
+  if (const double most = rules_.CharactersIn(duration); most > 0 && length > most) {
+    Add(CheckRule::ReadingSpeed, speed, most * kMsASecond / duration);
   }
   if (rules_.wordsAMinute <= 0) return;
   const double words = WordCount(visible) * kMsAMinute / duration;
@@ -158,7 +159,7 @@ void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
 }
 
 void Checker::CheckLines() {
-  const int count = static_cast<int>(lines_.size());
+  const int count = CountOf(lines_);
   if (rules_.lines != 0 && count > rules_.lines) Add(CheckRule::Lines, count, rules_.lines);
   const int longest = *std::ranges::max_element(lengths_);
   if (rules_.charactersALine != 0 && longest > rules_.charactersALine) {

@@ -9,6 +9,8 @@
 namespace cuewright {
 namespace {
 
+constexpr double kMsASecond = 1000;
+
 /// How far a finding is from what the rule wants; 1 for one that can't be more or less.
 double ExcessOf(const Finding& finding) {
   return finding.IsOfWords() ? 1 : std::max(std::abs(finding.value - finding.limit), 0.001);
@@ -85,9 +87,10 @@ Fixer::Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> sho
 /// The least duration that the rule of the finding lets through.
 Ms Fixer::DurationFor(const CaptionList& list, const Finding& finding) const {
   if (finding.rule == CheckRule::MinDuration) return static_cast<std::int32_t>(finding.limit);
-  // Both speeds go down as the duration goes up.
   const Caption& caption = list.At(finding.row);
-  const double duration = static_cast<double>(Span(caption.start, caption.end)) * finding.value / finding.limit;
+  const auto now = static_cast<double>(Span(caption.start, caption.end));
+  const double duration = finding.rule == CheckRule::ReadingSpeed ? rules_.MsFor(finding.value * now / kMsASecond)
+                                                                  : now * finding.value / finding.limit;
   return static_cast<std::int32_t>(std::ceil(std::min(duration, 1e8)));
 }
 
@@ -195,7 +198,7 @@ bool Fixer::Try(CaptionList& list, const Finding& finding, const Proposal& propo
 
 std::optional<Proposal> Fixer::Propose(const CaptionList& list, const Finding& finding) {
   if (!list.InRange(finding.row)) return {};
-  // What is said of a caption and of the one before it hangs on these rows alone.
+  // Findings of a caption and of the one before it depend on these rows alone.
   const Row first = std::max<Row>(finding.row - 2, 1);
   Copy copy(list, first, std::min(finding.row + 1, list.Rows() - 1));
   Finding here = finding;

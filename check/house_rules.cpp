@@ -13,6 +13,7 @@ namespace cuewright {
 namespace {
 
 constexpr std::uint64_t kLargestFile = 1 << 20;
+constexpr double kMsASecond = 1000;
 constexpr TextView kEnding = u".ini";
 
 /// A number of decimal digits, with a point; empty for any other text.
@@ -57,6 +58,16 @@ bool TakeTime(TextView value, HouseTime& time) {
   return true;
 }
 
+/// "12 20 36": each more than the one before.
+bool TakeRising(TextView value, std::vector<double>& numbers) {
+  for (const TextView part : Split(value, u" ")) {
+    double number = 0;
+    if (!TakeNumber(part, number) || number <= (numbers.empty() ? 0 : numbers.back())) return false;
+    numbers.push_back(number);
+  }
+  return true;
+}
+
 bool TakeRate(TextView value, FrameRate& rate) {
   rate = FrameRate::FromText(value);
   return rate.IsUsual();
@@ -82,8 +93,11 @@ constexpr std::array kKeys = {
     Key{u"MinDuration", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.minDuration); }},
     Key{u"MaxDuration", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.maxDuration); }},
     Key{u"MinGap", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.minGap); }},
+    Key{u"ChainBelow", [](TextView value, HouseRules& rules) { return TakeTime(value, rules.chainBelow); }},
     Key{u"CharactersASecond",
         [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.charactersASecond); }},
+    Key{u"CharactersWithin",
+        [](TextView value, HouseRules& rules) { return TakeRising(value, rules.charactersWithin); }},
     Key{u"WordsAMinute", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.wordsAMinute); }},
     Key{u"CharactersALine", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.charactersALine); }},
     Key{u"Characters", [](TextView value, HouseRules& rules) { return TakeNumber(value, rules.characters); }},
@@ -119,6 +133,29 @@ Ms HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const {
   return time.frames == 0 ? time.ms : at.MsOfFrames(FramesOf(time, at));
 }
 
+double HouseRules::CharactersIn(double ms) const {
+  const double second = std::floor(ms / kMsASecond);
+  if (second >= static_cast<double>(charactersWithin.size())) {
+    // In this order a number of ms that fits whole characters gives just these.
+    const double atSpeed = ms * charactersASecond / kMsASecond;
+    return charactersWithin.empty() ? atSpeed : std::max(charactersWithin.back(), atSpeed);
+  }
+  const auto at = static_cast<std::size_t>(second);
+  const double before = at == 0 ? 0 : charactersWithin[at - 1];
+  return before + (ms - second * kMsASecond) * (charactersWithin[at] - before) / kMsASecond;
+}
+
+double HouseRules::MsFor(double count) const {
+  const auto at = std::ranges::lower_bound(charactersWithin, count);
+  if (at == charactersWithin.end()) {
+    const double seconds = std::max(static_cast<double>(charactersWithin.size()), count / charactersASecond);
+    return seconds * kMsASecond;
+  }
+  const double before = at == charactersWithin.begin() ? 0 : *(at - 1);
+  const double seconds = static_cast<double>(at - charactersWithin.begin()) + (count - before) / (*at - before);
+  return seconds * kMsASecond;
+}
+
 std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem) {
   HouseRules rules;
   ProfileLines lines(text);
@@ -126,6 +163,10 @@ std::optional<HouseRules> ReadHouseRules(TextView text, std::string& problem) {
     const std::string wrong = TakeLine(line, rules);
     if (wrong.empty()) continue;
     problem = "line " + std::to_string(line.number) + ": " + wrong;
+    return {};
+  }
+  if (!rules.charactersWithin.empty() && rules.charactersASecond == 0) {
+    problem = "CharactersWithin needs CharactersASecond for what is longer";
     return {};
   }
   if (rules.name.empty()) {

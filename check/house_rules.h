@@ -34,7 +34,9 @@ struct HouseRules {
   HouseTime minDuration;
   HouseTime maxDuration;
   HouseTime minGap;
+  HouseTime chainBelow;  ///< gaps shorter than this are closed up to the least one
   double charactersASecond = 0;
+  std::vector<double> charactersWithin;  ///< within 1, 2, 3 ... seconds; a longer caption is read at charactersASecond
   double wordsAMinute = 0;
   int charactersALine = 0;
   int characters = 0;  ///< in all lines together
@@ -50,6 +52,12 @@ struct HouseRules {
   /// A stretch in frames at a rate, and in ms. Nothing is asked for: 0.
   std::int64_t FramesOf(const HouseTime& time, const FrameRate& at) const;
   Ms MsOf(const HouseTime& time, const FrameRate& at) const;
+
+  /// How many characters may be read in so many ms; 0: nothing is asked for. What is stated for whole seconds is joined
+  /// by straight lines.
+  double CharactersIn(double ms) const;
+  /// The least time in ms in which so many characters may be read, where something is asked for.
+  double MsFor(double count) const;
 };
 
 /// What a file of house rules says; empty, with the reason in `problem`, when it says something that can't be:

@@ -9,7 +9,9 @@
 #include <utility>
 
 #include "check/checker.h"
+#include "core/counting.h"
 #include "core/seen_text.h"
+#include "text/icu_text.h"
 #include "text/visible_length.h"
 
 namespace cuewright {
@@ -213,7 +215,7 @@ void LineBreaker::Rate(TextView flat, BreakPlace& place) const {
 std::vector<BreakPlace> LineBreaker::PlacesIn(TextView flat) {
   std::vector<BreakPlace> places;
   if (!words_->iterator) return places;
-  const icu::UnicodeString text(false, flat.data(), static_cast<std::int32_t>(flat.size()));
+  const icu::UnicodeString text = Aliased(flat);
   words_->iterator->setText(text);
   for (std::int32_t at = words_->iterator->next(); at != icu::BreakIterator::DONE; at = words_->iterator->next()) {
     const auto begin = static_cast<std::size_t>(at);
@@ -257,7 +259,7 @@ LineBreaker::Layout LineBreaker::Best(TextView flat, std::span<const BreakPlace>
   // Of a line that begins behind one place and ends at another: the cost up to its end, and where the one above begins.
   std::vector<std::vector<Way>> ways(static_cast<std::size_t>(lines) + 1, std::vector<Way>((count + 1) * (count + 1)));
   const auto way = [&](int line, std::size_t from, std::size_t to) -> Way& {
-    return ways[static_cast<std::size_t>(line)][from * (count + 1) + to];
+    return ItemAt(ways, line)[from * (count + 1) + to];
   };
   for (int line = 1; line <= lines; ++line) {
     for (std::size_t from = line == 1 ? 0 : 1; from < (line == 1 ? 1 : count); ++from) {
@@ -308,7 +310,7 @@ Text LineBreaker::Broken(TextView seen) {
     place.forbidden = false;
     place.cost = kBehindSentence;
   }
-  const int least = static_cast<int>(speakers.size()) + 1;
+  const int least = CountOf(speakers) + 1;
   return Lay(flat, std::move(places), least, std::max(least, std::min(lines_ + 2, kMostLines)));
 }
 

@@ -28,7 +28,7 @@ void LiveFindings::OnSplice(const Splice& splice) {
     rows_.erase(first, first + splice.removed);
     rows_.insert(rows_.begin() + (splice.first - 1).Number(), static_cast<std::size_t>(splice.added), std::nullopt);
   }
-  // What is said of a caption hangs on the one before it; what lies behind bounds only what is proposed.
+  // Findings of a caption depend on the one before it; the one behind it only bounds what is proposed.
   const Row from = std::max<Row>(splice.first - 1, 1);
   const Row to = std::min(splice.first + splice.added, list_.Rows() - 1);
   for (Row row = from; row <= to; ++row) rows_[row.Index()].reset();
@@ -40,7 +40,7 @@ const std::vector<Finding>& LiveFindings::Of(Row row) {
   if (!list_.InRange(row) || row.Index() >= rows_.size()) return nothing_;
   std::optional<std::vector<Finding>>& findings = rows_[row.Index()];
   if (!findings) checker_->CheckRow(list_, row, findings.emplace());
-  // Rows may have come or gone above since it was looked at.
+  // Rows may have been added or removed above it since it was checked.
   for (Finding& finding : *findings) finding.row = row;
   return *findings;
 }

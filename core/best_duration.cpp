@@ -25,7 +25,7 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   const Checked32 start(list.GetCaptionStart(row).Count());
   const Checked32 duration = Checked32(list.GetCaptionEnd(row).Count()) - start;
   Checked16 length(static_cast<std::int64_t>(text.size()));
-  // Of the markers only the italic one is no character here.
+  // The italic marker isn't counted as a character here; the others are.
   const CaptionList::Markers markers = list.MarkersOf(row);
   if (list.Options().manner.KeepsStylesWithin()) {
     length = length + Checked16((int{markers.bold} + int{markers.underline}) * kMarkerLength);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "core/seen_text.h"
@@ -30,8 +31,8 @@ Text Flatten(TextView text, TextView separator) {
 /// The 1-based place of the blank nearest the middle, the later one of two equally near; 0 when the search ran
 /// off both ends.
 int MiddleBlank(TextView text) {
-  const auto isBlank = [&](int at) { return at >= 1 && text[static_cast<std::size_t>(at - 1)] == u' '; };
-  const int length = static_cast<int>(text.size());
+  const auto isBlank = [&](int at) { return at >= 1 && ItemAt(text, at - 1) == u' '; };
+  const int length = CountOf(text);
   // Both places are held in 8 bits, so a long text fails here.
   Checked8 forward(length / 2);
   Checked8 back(forward - Checked8(1));
@@ -231,7 +232,7 @@ void CaptionList::Reset() {
 }
 
 void CaptionList::Replace(Row first, int count, std::vector<Caption> rows) {
-  const int added = static_cast<int>(rows.size());
+  const int added = CountOf(rows);
   if (first < 1 || count < 0 || first + count > Rows()) ThrowInvalidCall();
   if (rows.size() > kMaxRow.Index() + 1 || Count() - count + added > kMaxRow.Number()) ThrowOverflow();
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
@@ -245,7 +246,7 @@ void CaptionList::Replace(Row first, int count, std::vector<Caption> rows) {
 }
 
 void CaptionList::Retime(Row first, std::span<CaptionTimes> times) {
-  const int count = static_cast<int>(times.size());
+  const int count = CountOf(times);
   if (first < 1 || first + count > Rows()) ThrowInvalidCall();
   if (count == 0) return;
   const EditScope scope(*this, EditKind::Change);

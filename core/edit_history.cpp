@@ -53,7 +53,7 @@ void EditHistory::Record(EditStep& step, const Splice& splice) {
   if (!step.changes.empty()) {
     EditChange& last = step.changes.back();
     const bool steady = last.removed == last.added && splice.removed == splice.added;
-    // What went from these rows is kept already: the rows, or of times alone the times.
+    // These rows are in the step already: as whole rows, or as times where only times had changed.
     const bool within = splice.first >= last.first && splice.first + splice.removed <= last.first + last.removed;
     if (steady && within && (!last.timesOnly || splice.TimesOnly())) return;
     if (steady && last.timesOnly == splice.TimesOnly() && splice.first == last.first + last.removed) {

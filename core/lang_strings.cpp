@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/numbers.h"
+#include "text/icu_text.h"
 
 namespace cuewright {
 namespace {
@@ -15,7 +16,7 @@ Text FormFor(const std::string& code, long long count) {
   const std::unique_ptr<icu::PluralRules> rules(icu::PluralRules::forLocale(icu::Locale(code.c_str()), status));
   if (U_FAILURE(status) || rules == nullptr) return u"other";
   const icu::UnicodeString form = rules->select(static_cast<double>(count));
-  return Text(form.getBuffer(), static_cast<std::size_t>(form.length()));
+  return TextOf(form);
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
 #include "core/numbers.h"
 
-#include "text/digits.h"
-
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
+
+#include "core/counting.h"
+#include "text/digits.h"
 
 namespace cuewright {
 namespace {
@@ -55,6 +58,11 @@ double LeadingNumber(TextView text) {
   return std::isfinite(value) ? value : 0;
 }
 
+std::int32_t LeadingInt(TextView text) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<double>(LeadingNumber(text), Limits::min(), Limits::max()));
+}
+
 double RoundHalfEven(double value) { return std::nearbyint(value); }
 
 std::int32_t RoundToInt32(double value) {
@@ -65,7 +73,7 @@ std::int32_t RoundToInt32(double value) {
 
 Text Padded(long long number, int digits) {
   Text text = Decimal(number < 0 ? -number : number);
-  if (static_cast<int>(text.size()) < digits) text.insert(0, static_cast<std::size_t>(digits) - text.size(), u'0');
+  if (CountOf(text) < digits) text.insert(0, static_cast<std::size_t>(digits) - text.size(), u'0');
   return number < 0 ? u"-" + text : text;
 }
 

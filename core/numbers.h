@@ -12,6 +12,8 @@ namespace cuewright {
 /// The number that a text begins with, blanks inside and in front skipped; 0 when it begins with none.
 /// Reading stops at the first character that can't belong to a decimal number, a comma among them.
 double LeadingNumber(TextView text);
+/// The same without its fraction, within 32 bits.
+std::int32_t LeadingInt(TextView text);
 
 /// The nearest whole number, a tie going to the even neighbour.
 double RoundHalfEven(double value);

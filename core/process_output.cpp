@@ -13,7 +13,7 @@ std::string OutputOf(Processes& processes, const Text& program, const std::vecto
   std::optional<int> status;
   while (child && !status) {
     child->Wait(kWaitMs);
-    // What ends a program comes behind the last that it wrote.
+    // Asked before its output is taken: a program that has ended by now has written all there is to take.
     status = child->Ended();
     said += child->TakeOutput();
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "external/registry_roots.h"
 #include "text/text_search.h"
@@ -118,7 +119,7 @@ int clsRegistryAccess::EnumKeys(TextView KeyName, std::vector<Text>& names) {
   if (!open) return -1;
   Text name;
   for (std::uint32_t i = 0; calls_.RegEnumKeyExA(open.key, i, name) == kRegistryOk; ++i) names.push_back(name);
-  return static_cast<int>(names.size());
+  return CountOf(names);
 }
 
 bool clsRegistryAccess::HaveSubkey(TextView KeyName) {
@@ -205,7 +206,7 @@ int clsRegistryAccess::EnumValues(TextView KeyName, std::vector<Text>& names, st
     names.push_back(name);
     values.push_back(std::move(data));
   }
-  return static_cast<int>(names.size());
+  return CountOf(names);
 }
 
 }  // namespace cuewright

@@ -1,13 +1,14 @@
 #include "external/spell_words.h"
 
-#include "text/digits.h"
-
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 #include <unicode/utf16.h>
-
 #include <algorithm>
+
+#include "core/counting.h"
+#include "text/digits.h"
+#include "text/icu_text.h"
 
 namespace cuewright {
 namespace {
@@ -148,10 +149,9 @@ Text ComposedLetters(TextView word) {
   UErrorCode status = U_ZERO_ERROR;
   const icu::Normalizer2* composer = icu::Normalizer2::getNFCInstance(status);
   if (U_FAILURE(status) || composer == nullptr) return Text(word);
-  const icu::UnicodeString source(false, word.data(), static_cast<std::int32_t>(word.size()));
-  const icu::UnicodeString composed = composer->normalize(source, status);
+  const icu::UnicodeString composed = composer->normalize(Aliased(word), status);
   if (U_FAILURE(status)) return Text(word);
-  return Text(composed.getBuffer(), static_cast<std::size_t>(composed.length()));
+  return TextOf(composed);
 }
 
 Text WithLeadingApostrophe(TextView line, const WordPlace& word) {

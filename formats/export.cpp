@@ -65,15 +65,8 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
   if (bytes && !source->HeldBy(*codec)) {
     errors.Note({kErrorInvalidCall, u"The file's character table lacks letters of the text; they become \"?\""});
   }
-  const Manner& manner = captions_.Options().manner;
-  FormatDefinition definition = formats_.loader.Definition();
-  if (manner.ChoosesEncodings()) {
-    definition.headerText = WithEncodingDeclared(definition.headerText, encoding.codePage);
-  }
-  if (carried && carried->AreWritten() && id == kTtml) DeclareStyles(definition);
-  if (manner.KeepsStylesWithin()) FitToPicture(formats_.state.FilmPicture, definition);
-  if (carried && carried->AllBeside()) carried->AllBeside()->MakeRoom(definition);
-  const TimeRules times{formats_.state.CurrentFps, manner.TimesAreExact()};
+  const FormatDefinition definition = DefinitionToWrite(id, encoding, carried ? &*carried : nullptr);
+  const TimeRules times{formats_.state.CurrentFps, captions_.Options().manner.TimesAreExact()};
   const WriteJob job{
       carried ? carried->List() : captions_,   lastRow, definition, id, times, errors, carried && carried->AreWritten(),
       carried ? carried->AllBeside() : nullptr};
@@ -81,25 +74,42 @@ bool Exporter::WriteFile(Row lastRow, CarryOn& errors) {
     access_.files.Replace(path_, [&](ByteSink& file) {
       if (encoding.mark) file.Write(MarkOf(encoding.codePage));
       if (source) return WriteOver(*map, *source, *codec, encoding.codePage, file);
-      LineSink sink(file, *codec);
-      if (byRules) {
-        WriteByRules(job, Origin(), lost_, sink);
-      } else if (id == kPlainText) {
-        WritePlainText(job, sink);
-      } else if (id == kTmPlayer) {
-        WriteTmPlayer(job, sink);
-      } else if (id == kAdobeEncore) {
-        WriteEncore(job, access_.encodings, Classic(), sink);
-      } else {
-        WriteTemplate(job, sink);
-      }
-      sink.Flush();
+      WriteLines(job, *codec, file);
     });
   });
   if (written && !bytes && !Classic() && id != kAdobeEncore && encoding.codePage != formats_.state.Encoding.codePage) {
     formats_.state.Encoding = encoding;
   }
   return written;
+}
+
+FormatDefinition Exporter::DefinitionToWrite(TextView id, const DocumentEncoding& encoding,
+                                             const CarriedTexts* carried) const {
+  const Manner& manner = captions_.Options().manner;
+  FormatDefinition definition = formats_.loader.Definition();
+  if (manner.ChoosesEncodings()) {
+    definition.headerText = WithEncodingDeclared(definition.headerText, encoding.codePage);
+  }
+  if (carried != nullptr && carried->AreWritten() && id == kTtml) DeclareStyles(definition);
+  if (manner.KeepsStylesWithin()) FitToPicture(formats_.state.FilmPicture, definition);
+  if (carried != nullptr && carried->AllBeside()) carried->AllBeside()->MakeRoom(definition);
+  return definition;
+}
+
+void Exporter::WriteLines(const WriteJob& job, const Codec& codec, ByteSink& bytes) {
+  LineSink sink(bytes, codec);
+  if (formats_.catalogue.IsFurther(formats_.state.CurrentFormatIndex)) {
+    WriteByRules(job, Origin(), lost_, sink);
+  } else if (job.identifier == kPlainText) {
+    WritePlainText(job, sink);
+  } else if (job.identifier == kTmPlayer) {
+    WriteTmPlayer(job, sink);
+  } else if (job.identifier == kAdobeEncore) {
+    WriteEncore(job, access_.encodings, Classic(), sink);
+  } else {
+    WriteTemplate(job, sink);
+  }
+  sink.Flush();
 }
 
 void Exporter::WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage,

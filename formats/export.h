@@ -16,6 +16,9 @@
 
 namespace cuewright {
 
+class CarriedTexts;
+struct WriteJob;
+
 /// Writes the caption list in the format in force. Nothing is thrown: what went wrong is told in a box.
 class Exporter {
  public:
@@ -43,6 +46,9 @@ class Exporter {
   /// The format in force can be written; tells why when it can't.
   bool MayBeWritten(Row lastRow) const;
   bool WriteFile(Row lastRow, CarryOn& errors);
+  /// The format in force with what the encoding, the film's picture and carried marks change of it.
+  FormatDefinition DefinitionToWrite(TextView id, const DocumentEncoding& encoding, const CarriedTexts* carried) const;
+  void WriteLines(const WriteJob& job, const Codec& codec, ByteSink& bytes);
   static void WriteOver(const SourceMap& map, SourceWriter& source, const Codec& codec, int codePage, ByteSink& bytes);
   /// The file that the document was read from, when it is to be saved over that; null else.
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/counting.h"
 #include "forms/access_keys.h"
 #include "text/labels.h"
 
@@ -79,8 +80,7 @@ void CheckWindow::FillProfiles() {
 
 void CheckWindow::ShowProfile() {
   const HouseRules& rules = check_.findings.Rules();
-  const auto at = std::ranges::find(profiles_, rules.id, &HouseRulesName::id);
-  cmbProfile.SetIndex(at == profiles_.end() ? -1 : static_cast<int>(at - profiles_.begin()));
+  cmbProfile.SetIndex(PlaceOf(profiles_, rules.id, &HouseRulesName::id));
   lblSource.SetText(check_.Problem().empty()
                         ? Fill(bench_.strings[Message::HouseRulesSource], rules.source, rules.date)
                         : Fill(bench_.strings[Message::HouseRulesUnreadable], FromUtf8(check_.Problem())));
@@ -93,11 +93,11 @@ void CheckWindow::ShowFindings() {
   const int place = lstFindings.Index();
   found_ = bench_.document.HasDocument() ? check_.findings.All() : std::vector<Finding>();
   FillList();
-  // What was chosen stays so; where it was mended, the finding that has taken its place is the next one.
+  // The chosen finding stays chosen; when it was mended, the one that took its place in the list is next.
   const auto at = std::ranges::find_if(found_, [&](const Finding& finding) {
     return chosen && finding.row == chosen->row && finding.rule == chosen->rule;
   });
-  const int last = static_cast<int>(found_.size()) - 1;
+  const int last = CountOf(found_) - 1;
   lstFindings.SetIndex(at != found_.end() ? static_cast<int>(at - found_.begin())
                                           : std::clamp(place, std::min(last, 0), last));
   lblTotal.SetText(found_.empty()

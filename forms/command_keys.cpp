@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string_view>
 
 #include "core/numbers.h"
@@ -22,17 +23,44 @@ constexpr std::array<std::string_view, 11> kClassicCommands = {
     "mnuNew",  "mnuOpenText", "mnuSave",    "mnuSaveAs",    "mnuExit",      "mnuUndo",
     "mnuRedo", "mnuFind",     "mnuReplace", "mnuGSettings", "mnuHelpTopics"};
 
-/// Keys in which the other sets are not as the program's own.
+/// A command whose keys another set has otherwise than the program's own set.
 struct OtherKeys {
   std::string_view item;
-  std::string_view aegisub;
-  std::string_view subtitleEdit;
+  std::string_view keys;
 };
-constexpr OtherKeys kOtherKeys[] = {
-    {"mnuPlayOrPause", "Ctrl+P", "Ctrl+P"},
-    {"mnuStartHere", "Ctrl+3", "F11"},
-    {"mnuEndHere", "Ctrl+4", "F12"},
-    {"mnuPushFromHere", "Ctrl+Shift+3", "F9"},
+
+/// What Aegisub 3.2 has for the same commands when it is new, as far as it has them and its letters aren't those of
+/// captioning, and no keys for what would be in their way.
+constexpr OtherKeys kAegisub[] = {
+    {"mnuPlayOrPause", "Ctrl+P"},   {"mnuPlayCaption", "R; S"},   {"mnuPlayBeforeStart", "Q"},
+    {"mnuStartHere", "Ctrl+3"},     {"mnuEndHere", "Ctrl+4"},     {"mnuSnapTimes", "Ctrl+5"},
+    {"mnuGoToPosition", "Ctrl+G"},  {"mnuSplitAtFilm", "Ctrl+D"}, {"mnuDuplicate", ""},
+    {"mnuRemove", "Ctrl+Del; Del"}, {"mnuShift", "Ctrl+I"},       {"mnuItalic", ""},
+    {"mnuSave", "Ctrl+S; F2"},
+};
+
+/// The same of Subtitle Edit 5, with F9 and Ctrl+P of its version 4.
+constexpr OtherKeys kSubtitleEdit[] = {
+    {"mnuPlayOrPause", "Space; Ctrl+Space; Ctrl+P"},
+    {"mnuPushFromHere", "F9"},
+    {"mnuGoTo", "Ctrl+G"},
+    {"mnuJoinSelected", "Ctrl+Shift+M"},
+    {"mnuShotHere", ""},
+    {"mnuInsertAbove", "Ctrl+Shift+Ins"},
+    {"mnuInsertStretch", ""},
+    {"mnuSplitAtCaret", "Ctrl+Alt+V"},
+    {"mnuBreakLines", "Ctrl+Alt+B"},
+    {"mnuLowerCase", "Ctrl+U"},
+    {"mnuUnderline", ""},
+    {"mnuMeetNext", "Ctrl+Shift+E"},
+    {"mnuSentenceCase", ""},
+    {"mnuNextInPane", "Alt+Down; Ctrl+Return"},
+    {"mnuMoveUp", ""},
+    {"mnuMoveDown", ""},
+    {"mnuCheck", "Ctrl+F8"},
+    {"mnuClean", "Ctrl+Shift+F"},
+    {"mnuSpell", "Alt+F7"},
+    {"mnuRetime", "Ctrl+Shift+A"},
 };
 
 /// Items that stand for files or choices of the moment, and for no command of their own.
@@ -105,14 +133,15 @@ std::string CommandKeys::KeysInSet(const MenuItem& item) const {
   const std::string& own = own_.at(&item);
   if (set_ == KeySet::Own) return own;
   if (set_ == KeySet::Classic) return std::ranges::count(kClassicCommands, item.Name()) != 0 ? own : "";
-  const auto* const other = std::ranges::find(kOtherKeys, item.Name(), &OtherKeys::item);
-  if (other == std::end(kOtherKeys)) return own;
-  return std::string(set_ == KeySet::Aegisub ? other->aegisub : other->subtitleEdit);
+  std::span<const OtherKeys> others = kAegisub;
+  if (set_ == KeySet::SubtitleEdit) others = kSubtitleEdit;
+  const auto other = std::ranges::find(others, item.Name(), &OtherKeys::item);
+  return other == others.end() ? own : std::string(other->keys);
 }
 
 void CommandKeys::Load() {
   const bool free = options_.manner.HasEditingKeys();
-  const auto stored = static_cast<int>(LeadingNumber(store_.GetSetting(kSection, kSetKey, u"0")));
+  const auto stored = LeadingInt(store_.GetSetting(kSection, kSetKey, u"0"));
   set_ = !free ? KeySet::Classic : static_cast<KeySet>(std::clamp(stored, 0, kKeySets - 1));
   for (MenuItem* item : Commands()) {
     const Text keys = free ? store_.GetSetting(kSection, FromUtf8(item->Name()), kAsTheSet) : Text(kAsTheSet);

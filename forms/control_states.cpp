@@ -28,7 +28,7 @@ void ControlStates::SetDocumentItems(bool on) {
                          &bench_.window.mnuLowerCase,    &bench_.window.mnuSentenceCase, &bench_.window.mnuShift}) {
     item->SetEnabled(on);
   }
-  // Keys reach an item even while the menu that it stands in is off.
+  // A key runs an item even while the menu around it is disabled.
   for (MenuItem* item :
        {&bench_.window.mnuInsertAbove,  &bench_.window.mnuInsertBelow,      &bench_.window.mnuInsertAtFilm,
         &bench_.window.mnuSplit,        &bench_.window.mnuSplitAtCaret,     &bench_.window.mnuSplitAtFilm,

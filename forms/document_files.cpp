@@ -207,7 +207,7 @@ void DocumentFiles::Follow(FileStage stage, TextView status) {
 void DocumentFiles::ShowLoading(bool loading) {
   MainWindow& window = bench_.window;
   for (MenuItem* item : {&window.mnuNew, &window.mnuOpenText, &window.mnuOpenVideo}) item->SetEnabled(!loading);
-  // Their items work on captions, which are still being read.
+  // Items of these menus work on captions, which are still being read.
   for (MenuItem* menu : {&window.mnuEdit, &window.mnuFormat, &window.mnuTools}) menu->SetEnabled(!loading);
   window.mnuClose.SetEnabled(!loading && (bench_.document.HasDocument() || bench_.document.HasVideo()));
   window.cmdCancel.SetVisible(loading);

@@ -6,15 +6,15 @@
 namespace cuewright {
 namespace {
 
-/// Gaps of fewer frames look like a flicker: houses close them up.
-constexpr HouseTime kChained{0, 12};
+/// Shorter gaps look like a flicker. Houses that state a limit have this one.
+constexpr HouseTime kUsualChain{0, 12};
 /// What streaming guides ask for around a shot. Who gives the command wants it also where the rules in force don't.
 constexpr HouseTime kUsualZone{0, 12};
 constexpr HouseTime kUsualBefore{0, 2};
 
 Ms MsIn(const LiveFindings& findings, const HouseTime& time) {
   const HouseRules& rules = findings.Rules();
-  // A film whose rate isn't known is counted as the house does.
+  // Without the film's rate, frames are counted at that of the profile.
   return rules.MsOf(time, findings.Rate().IsUsual() ? findings.Rate() : rules.rate);
 }
 
@@ -23,7 +23,7 @@ Ms MsIn(const LiveFindings& findings, const HouseTime& time) {
 EdgeRules EdgeRulesOf(const LiveFindings& findings) {
   const HouseRules& rules = findings.Rules();
   return {MsIn(findings, rules.minGap), MsIn(findings, rules.shotZone), MsIn(findings, rules.beforeShot),
-          MsIn(findings, kChained)};
+          MsIn(findings, rules.chainBelow.Given() ? rules.chainBelow : kUsualChain)};
 }
 
 EdgeCommand::EdgeCommand(Workbench bench, const LiveFindings& findings, const FilmShots& shots,

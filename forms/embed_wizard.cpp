@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/file_helpers.h"
 #include "core/numbers.h"
 #include "core/paths.h"
@@ -78,7 +79,7 @@ void EmbedWizard::Wire() {
   sldPreview.Scrolled.Connect([this] { ShowPreview(); });
   for (TextBox* box : {&txtWidth, &txtHeight}) {
     box->KeyPress.Connect([](KeyEvent& key) { key.handled = key.handled || Drops(key); });
-    box->GotFocus.Connect([box] { box->Select(0, static_cast<int>(box->GetText().size())); });
+    box->GotFocus.Connect([box] { box->Select(0, CountOf(box->GetText())); });
     box->LostFocus.Connect([this, box] { TakeSize(*box); });
   }
   lblConvert.Clicked.Connect([this] { OpenWebPage(p_.ports.desktop, u"guides.php", p_.options.language); });
@@ -196,7 +197,7 @@ void EmbedWizard::ChooseResolution() {
   cmbMode.SetEnabled(scaled);
   imgMode.SetVisible(scaled);
   if (!scaled || custom || index < 0) return;
-  const Resolution& size = kResolutions[static_cast<std::size_t>(index)];
+  const Resolution& size = ItemAt(kResolutions, index);
   txtWidth.SetText(size.width);
   txtHeight.SetText(size.height);
 }
@@ -277,7 +278,7 @@ bool EmbedWizard::ToolServes(TextView folder) {
   return false;
 }
 
-void EmbedWizard::ShowStepHint() { details.Show(kStepHints[static_cast<std::size_t>(Step())]); }
+void EmbedWizard::ShowStepHint() { details.Show(ItemAt(kStepHints, Step())); }
 
 bool EmbedWizard::MayLeave() {
   if (!CheckEmbedDocument()) return false;

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "core/counting.h"
 #include "forms/notices.h"
 
 namespace cuewright {
@@ -35,7 +36,7 @@ static_assert(kRegions.size() == static_cast<std::size_t>(EncodingRegion::Korean
 void EncodingChoice::Fill(const LangStrings& strings) {
   std::vector<Text> rows;
   for (const ListedEncoding& listed : encodings_) {
-    const Text& region = strings[kRegions[static_cast<std::size_t>(listed.region)]];
+    const Text& region = strings[ItemAt(kRegions, listed.region)];
     const Text name = EncodingName(listed.encoding);
     const bool unicode = listed.region == EncodingRegion::Unicode;
     rows.push_back(unicode ? name : cuewright::Fill(strings[Message::EncodingRow], region, name));
@@ -45,13 +46,13 @@ void EncodingChoice::Fill(const LangStrings& strings) {
 }
 
 void EncodingChoice::Choose(const DocumentEncoding& encoding) {
-  const auto found = std::ranges::find(encodings_, encoding, &ListedEncoding::encoding);
-  if (found != encodings_.end()) box_.SetIndex(static_cast<int>(found - encodings_.begin()));
+  const int place = PlaceOf(encodings_, encoding, &ListedEncoding::encoding);
+  if (place >= 0) box_.SetIndex(place);
 }
 
 DocumentEncoding EncodingChoice::Chosen() const {
   const int index = box_.Index();
-  return index < 0 ? DocumentEncoding() : encodings_[static_cast<std::size_t>(index)].encoding;
+  return index < 0 ? DocumentEncoding() : ItemAt(encodings_, index).encoding;
 }
 
 }  // namespace cuewright

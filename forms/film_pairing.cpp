@@ -31,7 +31,7 @@ bool IsSubtitleName(const Text& name) {
 FilmPairing::FilmPairing(Workbench bench, SettingsStore& store, const Files& files, Player& player, Messages& messages)
     : bench_(bench), store_(store), files_(files), player_(player), messages_(messages) {
   bench_.window.tmrPairs.Tick.Connect([this] {
-    // The box of the question lets the time go on.
+    // Timers go on while the question's box is open.
     if (asking_ || bench_.document.FileInWork) return;
     bench_.window.tmrPairs.SetEnabled(false);
     Follow();
@@ -90,7 +90,7 @@ void FilmPairing::OnFilm() {
     const Text text = known ? pair->text : TextBeside(film_);
     if (!text.empty()) Wanted(FileKind::Subtitle, text);
   }
-  // One goes on where one has left off, with the same text alone.
+  // The film goes to where it was left, but only with the same text.
   if (known && bench_.document.SubtitlePath == pair->text && pair->ms > 0) {
     player_.SetCurrentPosition(pair->ms.Seconds());
   }
@@ -125,7 +125,7 @@ Text FilmPairing::TextBeside(const Text& film) const {
         found = name;
         break;
       }
-      // One with its language between the name and the ending.
+      // A subtitle named like the film, with its language in between: film.es.srt.
       if (found.empty() && name.starts_with(stem + u".")) found = name;
     }
   });

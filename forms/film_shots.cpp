@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "capture/film_position.h"
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "shots/measure_bytes.h"
 #include "shots/shots.h"
@@ -33,7 +34,7 @@ FilmShots::FilmShots(Workbench bench, Files& files, Processes* processes, SoundS
 }
 
 void FilmShots::StartByItself() {
-  // A film that has opened has the size of its picture, and what is only heard never has one. Its sound comes first.
+  // Once a film is open its picture has a size; a film of sound alone never has one. The sound is read first.
   if (bench_.document.VideoPath == film_ || !bench_.document.HasVideo() || !player_.Picture() || sound_.Running()) {
     return;
   }
@@ -66,7 +67,7 @@ std::string FilmShots::Kept(const Text& path) const {
 void FilmShots::Keep(const Text& path, const std::string& bytes) {
   if (path_.empty()) return;
   CarryOn step;
-  // What can't be kept is found anew the next time.
+  // Shots that the cache can't keep are searched again the next time.
   step([&] {
     store_->Begin(path_);  // makes the folder
     files_.WritePrivate(path, bytes);
@@ -88,7 +89,7 @@ void FilmShots::Stop() {
   bench_.window.tmrShots.SetEnabled(false);
   pictures_.reset();  // ends the decoder when it still runs
   measurer_.reset();
-  // The line may have become that of the film's sound.
+  // The progress line may meanwhile be in use for the film's sound.
   if (sound_.Running()) return;
   bench_.window.cmdStopSound.SetVisible(false);
   bench_.window.lblWave.SetVisible(false);
@@ -124,7 +125,7 @@ void FilmShots::ShowProgress() {
 void FilmShots::Finish(const FilmReading& reading) {
   measures_ = measurer_->Measures();
   Stop();
-  // A film that breaks off keeps what it has shown, but the rest may come the next time.
+  // Of a film that breaks off the shots so far are shown, but not kept: the rest may be readable the next time.
   if (reading.problem.empty()) Keep(path_ + Text(kMeasured), BytesOf(measures_));
   Decide();
 }
@@ -150,7 +151,7 @@ std::optional<FilmShots::Marked> FilmShots::Toggle(Ms ms) {
   const ShotMarks::Change change = marks_.Toggle(ms, found_, kReachMs);
   shots_ = marks_.Apply(found_);
   Keep(path_ + Text(kMarks), marks_.Lines());
-  // The one that came or went, which may stand beside the time that was meant.
+  // The shot that was set or taken, which may lie a picture beside the time that was asked for.
   std::vector<Ms> other;
   std::ranges::set_symmetric_difference(before, shots_, std::back_inserter(other));
   Changed();
@@ -169,7 +170,7 @@ std::optional<std::int32_t> FilmShots::PictureAt(Ms ms) const {
 
 std::optional<Ms> FilmShots::PictureBegins(std::int32_t picture) const {
   if (picture < 0 || static_cast<std::size_t>(picture) >= measures_.size()) return {};
-  return MsOf(measures_[static_cast<std::size_t>(picture)]);
+  return MsOf(ItemAt(measures_, picture));
 }
 
 }  // namespace cuewright

@@ -60,7 +60,7 @@ void FilmVoice::StopReading() {
 
 bool FilmVoice::Poll() {
   if (!child_) return false;
-  // What ends a program comes behind the last that it wrote.
+  // Asked before its output is taken: a program that has ended by now has written all there is to take.
   const std::optional<int> status = child_->Ended();
   measurer_->Add(bytes_.Take(child_->TakeOutput()));
   const bool cutOff = TellsOfCutOff(child_->TakeErrors());

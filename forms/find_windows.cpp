@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "core/counting.h"
 #include "tools/find_replace.h"
 
 namespace cuewright {
@@ -101,7 +102,7 @@ int SearchWindow::ReplacePattern(TextReplacer& replacer, bool all) {
   if (replacer.Problem() != TextReplacer::Fault::None || proposals.empty()) return 0;
   CarryOut(list_, all ? EditKind::ReplaceAll : EditKind::Replace, proposals);
   list_.SetRow(all ? list_.Selected() : proposals.front().row, true);
-  return static_cast<int>(proposals.size());
+  return CountOf(proposals);
 }
 
 int SearchWindow::SearchPattern(Pass pass, TextView replacement) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 
 namespace cuewright {
@@ -98,7 +99,7 @@ int FitMarks::Move(const std::vector<FitMove>& moves, Ms leastGap) {
   std::vector<Row> moved;
   const EditScope scope(list, EditKind::Fit);
   for (const FitMove& move : moves) {
-    // Whoever has given it other times meanwhile wants those.
+    // A caption whose times were changed since the search began keeps those.
     if (!list.InRange(move.row) || list.TimesAt(move.row) != move.before) continue;
     FitMark& kept = marks_[move.row];
     const bool byHand = kept.byHand && kept.held == move.mark.held;
@@ -115,7 +116,7 @@ int FitMarks::Move(const std::vector<FitMove>& moves, Ms leastGap) {
   if (moved.empty()) return 0;
   list.SetModified();
   if (std::ranges::find(moved, list.Selected()) != moved.end()) list.SetRow(list.Selected(), false);
-  return static_cast<int>(moved.size());
+  return CountOf(moved);
 }
 
 void FitMarks::TakeLines(const std::vector<AlignedLine>& lines) {
@@ -131,7 +132,7 @@ void FitMarks::TakeLines(const std::vector<AlignedLine>& lines) {
     mark.fitted = times.back();
     mark.waits = false;
     mark.fromSound = true;
-    // The list knows what is doubtful by the confidence alone.
+    // A mark counts as doubtful by its confidence alone, so that is brought to the right side of the limit.
     mark.startConfidence =
         line.doubtful ? std::min(line.confidence, kDoubtfulFit - 0.01) : std::max(line.confidence, kDoubtfulFit);
     mark.endConfidence = mark.startConfidence;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 
@@ -65,8 +66,7 @@ void FormatDialog::FillList() {
     names.push_back(parts_.catalogue.DisplayName(id));
   }
   lstFormats.SetItems(std::move(names));
-  const auto at = std::find(listed_.begin(), listed_.end(), formats.SettingsFormatIndex);
-  lstFormats.SetIndex(at == listed_.end() ? -1 : static_cast<int>(at - listed_.begin()));
+  lstFormats.SetIndex(PlaceOf(listed_, formats.SettingsFormatIndex));
 }
 
 void FormatDialog::ShowPanel() {
@@ -74,7 +74,7 @@ void FormatDialog::ShowPanel() {
   Text id;
   lblTop.SetText({});
   if (row >= 0) {
-    const int index = listed_[static_cast<std::size_t>(row)];
+    const int index = ItemAt(listed_, row);
     parts_.formats.SettingsFormatIndex = static_cast<std::uint8_t>(index);
     id = parts_.catalogue.Identifier(index);
     lblTop.SetText(parts_.catalogue.DisplayName(id) + u" [" +

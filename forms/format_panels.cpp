@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
@@ -137,8 +138,8 @@ Text WebColor(std::int32_t color) {
   Text text = u"#";
   for (const int shift : {0, 8, 16}) {
     const int component = (color >> shift) & 0xFF;
-    text += kDigits[static_cast<std::size_t>(component / 16)];
-    text += kDigits[static_cast<std::size_t>(component % 16)];
+    text += ItemAt(kDigits, component / 16);
+    text += ItemAt(kDigits, component % 16);
   }
   return text;
 }
@@ -174,8 +175,7 @@ void SamiPanel::ApplyTexts(const LangStrings& strings) {
 void SamiPanel::Read(const SettingsReader& store) {
   ReadFont(store);
   alignment_ = Value(store, u"alignment", u"center");
-  const auto at = std::find(kSamiAlignments.begin(), kSamiAlignments.end(), alignment_);
-  cmbSamiAlign.SetIndex(at == kSamiAlignments.end() ? -1 : static_cast<int>(at - kSamiAlignments.begin()));
+  cmbSamiAlign.SetIndex(PlaceOf(kSamiAlignments, alignment_));
   sample_.alignment = cmbSamiAlign.Index();
   sample_.color = ColorOfWeb(Value(store, u"color", u"#FFFF00"));
   sample_.background = ColorOfWeb(Value(store, u"background", u"#000000"));
@@ -185,10 +185,9 @@ void SamiPanel::Read(const SettingsReader& store) {
 std::vector<SettingsStore::KeyValue> SamiPanel::FurtherValues() const {
   const int chosen = cmbSamiAlign.Index();
   std::vector<SettingsStore::KeyValue> values = FontValues();
-  values.insert(values.end(),
-                {{u"alignment", chosen < 0 ? alignment_ : Text(kSamiAlignments[static_cast<std::size_t>(chosen)])},
-                 {u"color", WebColor(sample_.color)},
-                 {u"background", WebColor(sample_.background)}});
+  values.insert(values.end(), {{u"alignment", chosen < 0 ? alignment_ : Text(ItemAt(kSamiAlignments, chosen))},
+                               {u"color", WebColor(sample_.color)},
+                               {u"background", WebColor(sample_.background)}});
   return values;
 }
 

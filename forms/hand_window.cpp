@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
@@ -72,12 +73,12 @@ void HandWindow::ApplyLanguage(bool rightToLeft) {
   const Text none = strings[Message::FitWithoutWords];
   std::vector<Text> languages = {none};
   languages.insert(languages.end(), kLanguages.begin(), kLanguages.end());
-  const auto at = std::ranges::find(languages, bench_.options.fitLanguage);
+  const int place = PlaceOf(languages, bench_.options.fitLanguage);
   cboLanguage.SetItems(languages);
   if (bench_.options.fitLanguage.empty()) {
     cboLanguage.SetIndex(0);
-  } else if (at != languages.end()) {
-    cboLanguage.SetIndex(static_cast<int>(at - languages.begin()));
+  } else if (place >= 0) {
+    cboLanguage.SetIndex(place);
   } else {
     cboLanguage.SetText(bench_.options.fitLanguage);
   }
@@ -112,10 +113,10 @@ void HandWindow::StartExercise() {
   steps([&] { parts_.files.WritePrivate(film, exercise.wave); });
   steps([&] { parts_.files.WritePrivate(text, lines); });
   if (steps.Last()) return lblExercise.SetText(steps.Last()->description);
-  // What is held now is held with what is chosen here.
+  // The exercise is held with the device that is chosen here.
   Apply();
   parts_.router.OpenAs(FileKind::Subtitle, text);
-  // The user may have kept the document that was open.
+  // The question about unsaved changes may have been cancelled.
   if (bench_.document.SubtitlePath != text) return;
   film_ = film;
   text_ = text;

@@ -37,7 +37,7 @@ std::optional<Reaction> HandInForce(const AppOptions& options) {
   Reaction hand;
   hand.start = times.pressLate;
   hand.end = times.releaseLate;
-  // A spread that nobody measured is that of people; one from few presses isn't believed beyond theirs.
+  // Without a measurement the spread of people in general stands; a few presses can't narrow it further than that.
   if (times.pressSpread > 0) {
     hand.startSigma = std::clamp(times.pressSpread / std::max(hand.start, 60.0), 0.2, 0.5);
   }

@@ -8,6 +8,7 @@
 #include <array>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 
 namespace cuewright {
@@ -65,8 +66,7 @@ Text SearchKey(TextView text) {
   UErrorCode error = U_ZERO_ERROR;
   const UNormalizer2* normalizer = unorm2_getNFKDInstance(&error);
   Text apart(text.size() * 4 + 32, u'\0');
-  const int length = unorm2_normalize(normalizer, text.data(), static_cast<int>(text.size()), apart.data(),
-                                      static_cast<int>(apart.size()), &error);
+  const int length = unorm2_normalize(normalizer, text.data(), CountOf(text), apart.data(), CountOf(apart), &error);
   if (U_FAILURE(error) != 0) return ToLower(text);
   apart.resize(static_cast<std::size_t>(length));
   Text plain;

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -145,8 +147,7 @@ void HelpWindow::ShowTopics() {
   if (items != lstTopics.Items()) lstTopics.SetItems(std::move(items));
   if (visited_.empty()) return;
   const auto shown = book_.PlaceOf(FileOf(visited_[at_]));
-  const auto at = std::find(listed_.begin(), listed_.end(), shown.value_or(book_.Topics().size()));
-  lstTopics.SetIndex(at != listed_.end() ? static_cast<int>(at - listed_.begin()) : -1);
+  lstTopics.SetIndex(cuewright::PlaceOf(listed_, shown.value_or(book_.Topics().size())));
 }
 
 void HelpWindow::Go(const Text& page) {

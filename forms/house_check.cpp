@@ -119,7 +119,7 @@ bool HouseCheck::Choose(TextView id) {
 }
 
 void HouseCheck::TakeStored() {
-  // Rules of another version of the program may be gone.
+  // The stored profile may be one that another version of the program had.
   if (!Take(bench_.options.checkProfile)) Take(AppOptions().checkProfile);
 }
 

@@ -39,7 +39,7 @@ class Unreadable {
                                                                  : strings_[Message::LeftDamaged];
       list_.append(kLineEnd).append(kLineEnd).append(left.path).append(kLineEnd).append(reason);
     }
-    // One that can't be read may only be so for the moment.
+    // A journal that can't be read now may be readable later.
     if (left.unreadable) {
       store_.LeaveAgain(left.id);
     } else {

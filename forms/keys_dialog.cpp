@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/counting.h"
 #include "forms/access_keys.h"
 #include "text/labels.h"
 #include "text/utf8.h"
@@ -50,8 +51,7 @@ void KeysDialog::Open(bool rightToLeft) {
 
 MenuItem* KeysDialog::Selected() const {
   const int index = lstCommands.Index();
-  return index < 0 || index >= static_cast<int>(commands_.size()) ? nullptr
-                                                                  : commands_[static_cast<std::size_t>(index)];
+  return index < 0 || index >= CountOf(commands_) ? nullptr : ItemAt(commands_, index);
 }
 
 void KeysDialog::ShowCommands() {

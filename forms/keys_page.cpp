@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 
 namespace cuewright {
@@ -21,7 +22,7 @@ constexpr std::array<Message, 2> kPositionNames = {Message::Rewind, Message::For
 
 bool IsUpperLetter(char16_t c) { return c >= u'A' && c <= u'Z'; }
 
-void SelectAll(TextBox& box) { box.Select(0, static_cast<int>(box.GetText().size())); }
+void SelectAll(TextBox& box) { box.Select(0, CountOf(box.GetText())); }
 
 }  // namespace
 
@@ -96,7 +97,7 @@ void KeysPage::TakeKey(TextBox& box, std::size_t index, KeyEvent& key) {
 
 void KeysPage::TakeLetter(TextBox& box, std::size_t index) {
   const Text text = ToUpper(box.GetText());
-  // What isn't one letter came by another way than the keys: the letter in force comes back.
+  // Only pasting or dropping gives anything but one letter: the letter in force comes back.
   if (text.size() == 1 && IsUpperLetter(text[0])) {
     letters_[index] = text;
     OptionOf(box.Name()).field.take(options_, Decimal(text[0]));

@@ -30,7 +30,7 @@ void LayoutMemory::Load() {
   std::array<int, 3> shares = {};
   int sum = 0;
   for (std::size_t i = 0; i < 3; ++i) {
-    shares[i] = std::clamp(static_cast<int>(LeadingNumber(parts[i])), 0, kWhole);
+    shares[i] = std::clamp(LeadingInt(parts[i]), 0, kWhole);
     sum += shares[i];
   }
   keptColumns_ = true;

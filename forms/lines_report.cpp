@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/counting.h"
 #include "core/paths.h"
 #include "formats/source/source_map.h"
 
@@ -47,7 +48,7 @@ LinesReport::LinesReport(Workbench bench, const FormatState& state)
 
 int LinesReport::Count() const {
   if (!state_.Source || !bench_.options.manner.TellsWhatIsLost()) return 0;
-  return static_cast<int>(state_.Source->LinesNotUnderstood().size());
+  return CountOf(state_.Source->LinesNotUnderstood());
 }
 
 void LinesReport::Show() {

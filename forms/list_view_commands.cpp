@@ -25,11 +25,11 @@ ListViewCommands::ListViewCommands(Workbench bench, const FormatState& formats, 
   for (std::size_t i = 0; i < w.mnuListTime.size(); ++i) {
     w.mnuListTime[i].Clicked.Connect([this, i] { ChooseTimes(static_cast<TimeForm>(i)); });
   }
-  // With a file that was read its rate has become known.
+  // Reading a file may have told its frame rate.
   bench_.list.EnabledChanged.Connect([this](bool on) {
     if (on) Show();
   });
-  // The sample is taken by who has connected to the same tick before.
+  // The player was sampled by a listener that was connected to this tick earlier.
   w.tmrTime.Tick.Connect([this] { Follow(); });
 }
 

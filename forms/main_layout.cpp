@@ -59,7 +59,7 @@ void MainLayout::Apply() {
   // A narrow window squeezes the list, not the player.
   const int listWidth = std::max(std::min(WantedListWidth(), width_ - kBesidePlayer - kLeastPlayer), 0);
   const int room = height_ - statusHeight_ - bottomHeight_;
-  // A wave that the user has made high leaves some of the list.
+  // However high the user makes the wave, part of the list stays in view.
   const int most = std::max(room - kGapsWithWave - kLeastList, kStripHeight);
   const int wave = std::min(waveHeight_, most);
   const int gaps = wave > 0 ? wave + kGapsWithWave : kGapsWithoutWave;

@@ -89,7 +89,7 @@ void Notices::ShowButtons() {
 
 void Notices::ApplyLanguage() {
   window_.cmdNotice.SetToolTip(strings_[Message::CloseNotice]);
-  // Where another button shows the findings of the rules, this one says what it shows.
+  // When a second button shows findings of the rules, this one names the lines that it shows.
   window_.cmdShowLines.SetText(strings_[rules_ == Rules::Looked ? Message::ShowLines : Message::ShowFindings]);
   window_.cmdShowLines.SetSpokenName(strings_[Message::ShowLinesSpoken]);
   window_.cmdShowFindings.SetText(strings_[Message::ShowFindings]);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "forms/access_keys.h"
 #include "text/labels.h"
 #include "text/utf8.h"
@@ -49,7 +50,7 @@ void Palette::ShowFound() {
   std::vector<Text> names;
   for (MenuItem* item : keys_.Commands()) {
     Text path = keys_.PathOf(*item);
-    // An item that is hidden now has nothing to do.
+    // A command whose item is hidden can't be run now.
     if (!item->Visible() || !HasAllWords(ToLower(path), words)) continue;
     found_.push_back(item);
     const bool keyed = !item->Shortcut().empty();
@@ -62,14 +63,14 @@ void Palette::ShowFound() {
 
 void Palette::MoveSelection(int by) {
   if (found_.empty()) return;
-  lstCommands.SetIndex(std::clamp(lstCommands.Index() + by, 0, static_cast<int>(found_.size()) - 1));
+  lstCommands.SetIndex(std::clamp(lstCommands.Index() + by, 0, CountOf(found_) - 1));
 }
 
 void Palette::Run() {
   const int index = lstCommands.Index();
-  if (index < 0 || index >= static_cast<int>(found_.size())) return;
-  MenuItem* const item = found_[static_cast<std::size_t>(index)];
-  // What the command opens must not open over this window.
+  if (index < 0 || index >= CountOf(found_)) return;
+  MenuItem* const item = ItemAt(found_, index);
+  // The palette closes first, so that a dialog of the command doesn't open on top of it.
   Close();
   item->Click();
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -37,8 +39,8 @@ PlayerPage::PlayerPage(const Place& place, Player& player, VideoFilter& filter)
 
 void PlayerPage::Fill() {
   SettingsPage::Fill();
-  const auto mode = std::find(kUiModes.begin(), kUiModes.end() - 1, options_.playerControls);
-  cmbUImode.SetIndex(static_cast<int>(mode - kUiModes.begin()));
+  const int mode = PlaceOf(kUiModes, options_.playerControls);
+  cmbUImode.SetIndex(mode >= 0 ? mode : CountOf(kUiModes) - 1);
   ShowFilter();
 }
 
@@ -49,9 +51,7 @@ void PlayerPage::ApplyLanguage() {
                             WithoutAccessKey(strings_[Message::VsFilterManagement]));
 }
 
-void PlayerPage::TakeUiMode() {
-  options_.playerControls = kUiModes[static_cast<std::size_t>(std::max(cmbUImode.Index(), 0))];
-}
+void PlayerPage::TakeUiMode() { options_.playerControls = ItemAt(kUiModes, std::max(cmbUImode.Index(), 0)); }
 
 void PlayerPage::ApplyToPlayer() {
   player_.SetStretchToFit(options_.stretchVideo != 0);

@@ -2,6 +2,7 @@
 
 #include "capture/film_position.h"
 #include "core/caption_time.h"
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "forms/control_texts.h"
 #include "tools/typed_time.h"
@@ -34,7 +35,7 @@ PointsPage::PointsPage(Form& window, Workbench bench, const Player& player)
 
 void PointsPage::Wire() {
   txtPoint.Edited.Connect([this] { cmdSetPoint.SetEnabled(TypedTime(txtPoint.GetText()).has_value()); });
-  // Enter sets what was typed, and isn't the window's.
+  // Enter takes over what was typed; it must not press the window's OK.
   txtPoint.KeyDown.Connect([this](KeyEvent& key) {
     if (key.code != kKeyEnter) return;
     key.handled = true;
@@ -48,7 +49,7 @@ void PointsPage::Wire() {
     const auto& points = points_.All();
     if (lstPoints.Index() < 0 || lstPoints.Index() >= std::ssize(points)) return;
     cmdRemovePoint.SetEnabled(true);
-    bench_.list.SetRow(points[static_cast<std::size_t>(lstPoints.Index())].row, true);
+    bench_.list.SetRow(ItemAt(points, lstPoints.Index()).row, true);
   });
   cmdRemovePoint.Clicked.Connect([this] {
     if (lstPoints.Index() < 0) return;

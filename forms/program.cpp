@@ -7,7 +7,6 @@
 #include "core/paths.h"
 #include "core/product.h"
 #include "core/runtime_error.h"
-#include "formats/convert_from_utf8.h"
 #include "forms/help.h"
 #include "forms/sync_page.h"
 #include "settings/options.h"
@@ -49,6 +48,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       documentFiles(Bench(), Formats(), session, recall, {exportDialog, saveCheck}, ports_),
       reopening(Bench(), Formats(), session, documentFiles, ports_.files),
       linesReport(Bench(), formats),
+      fileNotices(Bench(), Formats(), documentFiles, linesReport, notices, ports_.messages),
       audioBar({window, list, preview, sample, document, options, strings, ports_.files, ports_.messages, ports_.events,
                 ports_.player}),
       waveDetails(window, ports_.files),
@@ -60,6 +60,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       shotsDialog(filmShots, options, strings),
       router(document, documentFiles, playerBinding, audio),
       shell(Bench(), store, recall, preview, commands, ports_),
+      utf8Conversion(Bench(), panel, encodings, ports_.messages),
       texts(Bench(), panel, commands, capture, states, ports_.messages),
       dialogs(window, grid, {options, strings, store, languages, document, preview, capture, vsFilter, ports_},
               {catalogue, formats, store, strings, languages, ports_.messages, ports_.pickers}, exportDialog),
@@ -85,6 +86,7 @@ Program::Program(Ports ports, StartEnvironment environment)
       edges(Bench(), check.findings, filmShots, proposals),
       undo(window, list, history, capture, preview, strings),
       journal(Bench(), catalogue, formats, ports_.events, ports_.journal),
+      recovery(Bench(), Formats(), session, states, journal, ports_),
       helpDialogs(window, DescribeUpdates(), catalogue,
                   environment_.system != nullptr ? *environment_.system : unknownSystem_),
       help({folders, options, strings, languages, dialogs.settings, ports_.files, ports_.desktop}, openForms),
@@ -129,10 +131,9 @@ void Program::Connect() {
   });
   dialogs.settings.Closed.Connect([this] {
     commands.ShowMarks();
-    // It may have been changed there.
+    // The manner is a setting of that dialog.
     ShowManner();
   });
-  window.mnuUTF8.Clicked.Connect([this] { ConvertFromUtf8(); });
   window.mnuHelpTopics.Clicked.Connect(
       [this] { OpenHelp(folders, options.language, strings, ports_.files, ports_.messages, ports_.desktop, help); });
   dialogs.settings.LanguageChosen.Connect([this](std::size_t row) { ChangeLanguage(row); });
@@ -193,9 +194,9 @@ void Program::ConnectSession() {
   session.Ended.Connect([this] { history.End(); });
   session.Ended.Connect([this] { check.TakeStored(); });
   session.FilesEnded.Connect([this] { vsFilter.RestoreVSFilter(); });
-  documentFiles.SavedAsUtf8.Connect([this](const DocumentEncoding& lacking) { TellSavedAsUtf8(lacking); });
   documentFiles.Saved.Connect([this](bool whole) { history.MarkSaved(whole); });
   history.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
+  recovery.SeparatorRestored.Connect([this](const Text& separator) { commands.RestoreSeparator(separator); });
   // Connected behind the history, which decides whether the title gets a star.
   const auto show = [this] { title.Show(); };
   session.Began.Connect([show](DocumentBaseline) { show(); });
@@ -213,13 +214,6 @@ void Program::ConnectFiles() {
                     path);
   });
   recentFiles.Chosen.Connect([this](FileKind kind, const Text& path) { router.OpenAs(kind, path); });
-  documentFiles.Loaded.Connect([this] {
-    TellFile(Message::ReadAs);
-    if (const int lines = linesReport.Count(); lines != 0) notices.TellLines(lines);
-  });
-  documentFiles.Saved.Connect([this](bool) {
-    if (!notices.Shown()) TellFile(Message::SavedAs);
-  });
 }
 
 void Program::ConnectRules() {
@@ -297,11 +291,6 @@ void Program::ConnectJournal() {
   });
 }
 
-void Program::TellFile(Message text) {
-  notices.Tell(text, catalogue.ReadIni(catalogue.Identifier(formats.CurrentFormatIndex), u"name", {}),
-               EncodingName(formats.Encoding));
-}
-
 UpdateParts Program::DescribeUpdates() {
   return {options,
           strings,
@@ -313,32 +302,6 @@ UpdateParts Program::DescribeUpdates() {
           ports_,
           store,
           environment_.settingsFile};
-}
-
-bool Program::OfferRestore() {
-  if (ports_.journal == nullptr) return false;
-  const auto restored = OfferLeftDocuments(*ports_.journal, ports_.messages, strings);
-  if (!restored) return false;
-  RestoreDocument(restored->document);
-  journal.Adopt(restored->journal, restored->bytes);
-  return true;
-}
-
-void Program::RestoreDocument(const JournalDocument& restored) {
-  session.CloseTools();
-  session.Replace(restored.path);
-  commands.RestoreSeparator(restored.separator);
-  session.EmptyList();
-  importer.RestoreSource(restored.source);
-  list.Replace(1, list.Count(), restored.captions);
-  formats.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue.IndexOf(restored.format), 0));
-  formats.CurrentFps = restored.fps;
-  formats.Encoding = {restored.codePage, restored.mark};
-  // The captions are newer than those in its file, if it has one.
-  session.Begin(DocumentBaseline::None);
-  document.DocModified = true;
-  states.ResetControls();
-  list.SetRow(restored.selected, true);
 }
 
 bool Program::Start() {
@@ -400,7 +363,7 @@ void Program::OnFirstActivation() {
     const Text told = Fill(strings[Message::SettingsUnreadable], environment_.settingsFile, settingsTrouble_);
     ports_.messages.Show({told, BoxIcon::Warning});
   }
-  const bool restored = OfferRestore();
+  const bool restored = recovery.Offer();
   if (path.empty()) return;
   if (!restored) return router.OpenStartFile(path);
   // A text, or what would be taken for one, must not take the place of the document that has just come back.
@@ -429,27 +392,6 @@ void Program::ApplyLanguage() {
 
 FormatTalk Program::Talk() {
   return {strings, ports_.messages, [this](FileStage stage, TextView status) { documentFiles.Follow(stage, status); }};
-}
-
-void Program::TellSavedAsUtf8(const DocumentEncoding& lacking) {
-  const Text name = EncodingName(lacking);
-  notices.Tell(Message::SavedAsUtf8, name);
-  // Notices are part of the information bar: without it a box tells.
-  if (!notices.Seen()) {
-    ports_.messages.Show(
-        {document.SubtitlePath + u"\r\n\r\n" + Fill(strings[Message::SavedAsUtf8], name), BoxIcon::Information});
-  }
-}
-
-void Program::ConvertFromUtf8() {
-  const Text question = Fill(strings[Message::ConversionQuestion], u"UTF-8");
-  if (ports_.messages.Show({question, BoxIcon::Question, BoxButtons::YesNo,
-                            strings[Message::ConvertFrom] + u" UTF-8"}) != BoxAnswer::Yes) {
-    return;
-  }
-  const EditScope scope(list, EditKind::Convert);
-  ConvertCaptionsFromUtf8(list, encodings);
-  panel.ShowText(list.Selected());
 }
 
 }  // namespace cuewright

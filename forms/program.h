@@ -43,6 +43,7 @@
 #include "forms/editing_tools.h"
 #include "forms/embed_wizard.h"
 #include "forms/export_dialog.h"
+#include "forms/file_notices.h"
 #include "forms/file_router.h"
 #include "forms/film_commands.h"
 #include "forms/film_pairing.h"
@@ -68,6 +69,7 @@
 #include "forms/proposal_tools.h"
 #include "forms/recall.h"
 #include "forms/recent_files.h"
+#include "forms/recovery.h"
 #include "forms/release_fitting.h"
 #include "forms/reopening.h"
 #include "forms/report_window.h"
@@ -83,6 +85,7 @@
 #include "forms/status_line.h"
 #include "forms/times_from_sound.h"
 #include "forms/undo_commands.h"
+#include "forms/utf8_conversion.h"
 #include "forms/voice_fitting.h"
 #include "forms/wave_commands.h"
 #include "forms/window_texts.h"
@@ -189,6 +192,7 @@ class Program final {
   DocumentFiles documentFiles;
   Reopening reopening;
   LinesReport linesReport;
+  FileNotices fileNotices;
   AudioBar audioBar;
   WaveDetails waveDetails;
   WaveBoard waveBoard;
@@ -198,6 +202,7 @@ class Program final {
   ShotsDialog shotsDialog;
   FileRouter router;
   Shell shell;
+  Utf8Conversion utf8Conversion;
   WindowTexts texts;
   Dialogs dialogs;
   RuleReport ruleReport;
@@ -221,6 +226,7 @@ class Program final {
   EdgeCommand edges;
   UndoCommands undo;
   JournalKeeper journal;
+  Recovery recovery;
   HelpDialogs helpDialogs;
   HelpWindow help;
   SpellCheck spelling;
@@ -258,25 +264,18 @@ class Program final {
   void ConnectWave();
   void ConnectFilm();
   void ConnectVoice();
-  /// Tells the format and the encoding of the document's file: `text` has places for both.
-  void TellFile(Message text);
   void ConnectJournal();
   void ConnectWizards();
   void ConnectCommands();
   void OpenEmbedWizard();
   void OpenAudioWizard();
   WizardParts PartsOfWizards();
-  /// Offers what a program that ended had not saved; true when a document was restored.
-  [[nodiscard]] bool OfferRestore();
-  void RestoreDocument(const JournalDocument& restored);
-  void ConvertFromUtf8();
   void ApplyLanguage();
   Workbench Bench() { return {window, list, grid, document, options, strings}; }
   DocumentFormats Formats() { return {catalogue, formats, loader, importer, exporter}; }
   UpdateParts DescribeUpdates();
 
   FormatTalk Talk();
-  void TellSavedAsUtf8(const DocumentEncoding& lacking);
 
   Text startFile_;
   Text settingsTrouble_;          ///< why the settings could not be read; empty when they were

@@ -1,4 +1,4 @@
-// What the wave that one works in hangs on, and the film.
+// Connections of the workbench wave and of the film.
 
 #include "forms/program.h"
 
@@ -11,7 +11,7 @@ void Program::ConnectWave() {
   audioBar.Forgotten.Connect([this] { waveDetails.Forget(); });
   waveDetails.Changed.Connect([this] { waveBoard.ShowAnew(); });
   waveBoard.HeightChosen.Connect([this] { shell.UpdateBars(); });
-  // The rules in force may be others.
+  // Snapping follows the profile, which may have changed.
   check.findings.Changed.Connect([this](Row, Row) { waveBoard.SetRules(EdgeRulesOf(check.findings)); });
   filmShots.Changed.Connect([this] {
     waveBoard.shots.SetShots(filmShots.Shots());
@@ -24,7 +24,7 @@ void Program::ConnectFilm() {
   film.Stepped.Connect([this](std::int64_t frame, Ms ms) {
     if (options.manner.FilmIsAWorkbench()) statusLine.ShowFrame(frame, ms);
   });
-  // The sound of another track has another wave, which is read by itself.
+  // Another sound track has a wave of its own, which is then read as if the film had just opened.
   filmWorkbench.TrackChanged.Connect([this] {
     if (!filmSound.Running() && !filmSound.Shown()) return;
     filmSound.ForgetFilm();

@@ -8,7 +8,9 @@
 
 #include "check/break_rules.h"
 #include "check/line_breaker.h"
+#include "core/counting.h"
 #include "core/runtime_error.h"
+#include "text/icu_text.h"
 #include "text/labels.h"
 #include "tools/cleaning_data.h"
 
@@ -32,7 +34,7 @@ Text NameOf(const Text& code) {
   icu::UnicodeString name;
   locale.getDisplayLanguage(locale, name);
   name.toTitle(nullptr, locale, U_TITLECASE_NO_LOWERCASE);
-  return {name.getBuffer(), static_cast<std::size_t>(name.length())};
+  return TextOf(name);
 }
 
 /// The languages of the interface that have data for texts.
@@ -68,8 +70,7 @@ void AddLanguages(const std::vector<Text>& codes, const HouseRules& rules, const
   for (const Text& code : codes) {
     content.languages.push_back(code.empty() ? bench.strings[Message::AnyLanguage] : NameOf(code));
   }
-  const auto likely = std::ranges::find(codes, LikelyLanguage(rules, bench.options));
-  content.language = likely == codes.end() ? 0 : static_cast<int>(likely - codes.begin());
+  content.language = std::max(PlaceOf(codes, LikelyLanguage(rules, bench.options)), 0);
 }
 
 }  // namespace
@@ -103,7 +104,7 @@ int ProposalTools::Run(const ProposalsContent& content, EditKind kind, Propose p
   dialog.Prepare(content, bench_.window.RightToLeft());
   const Connection asked = dialog.Asked.ConnectScoped([&] { dialog.ShowProposals(propose()); });
   dialog.ShowProposals(propose());
-  // The window holds this up until it closes.
+  // This call returns when the dialog has closed.
   dialog.Open();
   return Make(kind, dialog.Taken());
 }
@@ -127,7 +128,7 @@ void ProposalTools::BreakLines() {
   AddLanguages(languages_, check_.findings.Rules(), bench_, content);
   HouseRules rules = check_.findings.Rules();
   Run(content, EditKind::Breaks, [&] {
-    rules.language = languages_[static_cast<std::size_t>(std::max(dialog.cmbLanguage.Index(), 0))];
+    rules.language = ItemAt(languages_, std::max(dialog.cmbLanguage.Index(), 0));
     rules.breaks = {};
     CarryOn errors;
     errors([&] {

@@ -25,7 +25,7 @@ Text CaptionWords(const CaptionList& list, const Caption& caption, const Caption
   }
   if (caption.text == other.text && !words.empty()) return words;
   Text text = SeenIn(list, caption.text);
-  // Where marks alone change, they are what is to be seen.
+  // When only marks change, the texts are shown with their marks.
   if (text == SeenIn(list, other.text)) text = ReplaceAll(caption.text, list.Options().lineSeparator, u"\n");
   if (!words.empty()) words += u'\n';
   return words + text;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 
@@ -63,7 +64,7 @@ void RecentFiles::Keep(const std::vector<Entry>& entries) {
   std::vector<SettingsStore::KeyValue> values;
   for (std::size_t i = 0; i < window_.mnuRecentFile.size(); ++i) {
     Text value;
-    if (i < entries.size()) value = kLetters[static_cast<std::size_t>(entries[i].kind)] + entries[i].path;
+    if (i < entries.size()) value = ItemAt(kLetters, entries[i].kind) + entries[i].path;
     values.emplace_back(KeyOf(i), value);
   }
   store_.SaveSettings(kSection, values);

@@ -88,10 +88,10 @@ void ReleaseFitting::Begin() {
   job_.choice.leastGap = check_.LeastGap();
   job_.choice.giveUp = &giveUp_;
   numbers_.clear();
-  // The last ones tell what the voice is like; they are in order of their rows, and of their times.
+  // The latest captions show what the voice sounds like; they are sorted by row, and so by time.
   std::vector<std::pair<Row, const FitMark*>> heard;
   for (const auto& [row, mark] : marks_.All()) heard.emplace_back(row, &mark);
-  // By a few captions an unknown hand isn't found: they wait for more.
+  // A few captions can't tell the lateness of an unknown hand: they wait for more.
   if (!job_.choice.hand && heard.size() < kFewestHeld) return;
   if (heard.size() > kHeard) {
     std::ranges::nth_element(heard, heard.end() - kHeard, {}, [](const auto& each) { return each.second->number; });

@@ -67,7 +67,7 @@ void Retakes::Retake() {
   if (!bench_.document.HasDocument() || !bench_.document.HasVideo() || !player_.Enabled()) return;
   capture_.AbandonCapture();
   const Row selected = list.Selected();
-  // Behind the last caption the selection has no further row to go to.
+  // After the last caption the selection stays where it is.
   const bool atEnd = selected == list.Rows() - 1 && list.IsCaptionTimed(selected);
   const Row end = atEnd ? selected + 1 : selected;
   const Row first = FirstBefore(end);
@@ -78,7 +78,7 @@ void Retakes::Retake() {
     if (takes.empty() || takes.back() != list.TimesAt(row)) takes.push_back(list.TimesAt(row));
   }
   if (capture_.Mode() == CaptionMode::Preview) capture_.SelectMode(CaptionMode::PressAndHold);
-  // The first one is no neighbour of what was captured last.
+  // What was captured last doesn't lie right before this row.
   capture_.ForgetPriorEnd();
   list.MoveSelection(first);
   player_.SetCurrentPosition(std::max<Ms>(list.TimesAt(first).start - kLeadMs, 0).Seconds());
@@ -93,12 +93,12 @@ void Retakes::TakeBefore() {
   if (index >= takes_.size() || takes_[index].empty()) return notices_.Tell(Message::NoTakeBefore);
   const CaptionTimes now = list.TimesAt(row);
   std::vector<CaptionTimes>& takes = takes_[index];
-  // A caption that wasn't taken again yet still has its last take.
+  // Until the caption is held anew, its times are those of its last take.
   if (takes.back() == now) std::rotate(takes.begin(), takes.end() - 1, takes.end());
   CaptionTimes take = takes.back();
   if (take == now) return notices_.Tell(Message::NoTakeBefore);
   takes.pop_back();
-  // The take that goes comes back when all others had their turn.
+  // Takes are cycled through: the one in the list goes to the end of the queue.
   if (list.IsCaptionTimed(row)) takes.insert(takes.begin(), now);
   {
     const EditScope scope(list, EditKind::SetTimes);

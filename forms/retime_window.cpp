@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "forms/control_texts.h"
 #include "forms/film_rate.h"
@@ -57,7 +58,7 @@ void RetimeWindow::Wire() {
   txtShift.Edited.Connect([this] { Refresh(); });
   txtRatio.Edited.Connect([this] { Refresh(); });
   for (ComboBox* box : {&cboUnit, &cboDirection}) box->Chosen.Connect([this] { Refresh(); });
-  // A box whose text may be typed tells of that by its state alone.
+  // An editable box has no signal for typed text but that its state has changed.
   for (ComboBox* box : {&cboFrom, &cboTo}) {
     box->Changed.Connect([this] {
       if (Loaded()) Refresh();
@@ -74,7 +75,7 @@ void RetimeWindow::Load() {
   way_ = Way::Shift;
   here_ = bench_.list.Selected();
   selected_ = bench_.list.SelectedRows().Rows();
-  // Who has selected several means these.
+  // With several rows selected the window proposes the selection.
   scope_ = selected_.size() > 1 ? Scope::Selected : Scope::All;
   ShowUnits();
   cboUnit.SetIndex(Clock);
@@ -153,8 +154,7 @@ void RetimeWindow::OfferRates() {
   }
   for (ComboBox* box : {&cboFrom, &cboTo}) box->SetItems(rates);
   const auto choose = [&rates](ComboBox& box, const FrameRate& rate) {
-    const auto at = std::ranges::find(rates, rate ? rate.AsText() : Text(kCommonRate));
-    box.SetIndex(static_cast<int>(at - rates.begin()));
+    box.SetIndex(PlaceOf(rates, rate ? rate.AsText() : Text(kCommonRate)));
   };
   choose(cboFrom, formats_.CurrentFps);
   choose(cboTo, film);
@@ -183,7 +183,7 @@ void RetimeWindow::ShowWay() {
   optSync.SetVisible(synchronises);
   optSync.SetValue(way_ == Way::Sync);
   sync->fraSync.SetVisible(way_ == Way::Sync);
-  // Segments are of all captions.
+  // Segments cover all captions, so the choice of rows has no effect.
   for (OptionButton* option : {&optAll, &optSelected, &optFromHere}) option->SetEnabled(way_ != Way::Sync);
   optAll.SetValue(scope_ == Scope::All);
   optSelected.SetValue(scope_ == Scope::Selected);
@@ -196,7 +196,7 @@ void RetimeWindow::ShowWay() {
 
 void RetimeWindow::Follow(const Splice& splice) {
   points.Follow(splice);
-  // Segments are of the rows that there were.
+  // The segments were found for rows that may have gone.
   if (splice.removed != splice.added) sync->Forget();
   const auto follow = [&](Row row) { return std::max(RowAfter(splice, row), std::min(splice.first, row)); };
   here_ = follow(here_);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/caption_time.h"
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/style_markers.h"
 #include "formats/source/source_map.h"
@@ -163,7 +164,7 @@ void SelectionCommands::Paste() {
     caption.text = ReplaceAll(caption.text, u"\n", bench_.options.lineSeparator);
   }
   const Row first = blank ? 1 : std::min(Rows().Last(), list.Rows() - 1) + 1;
-  const Row last = first + static_cast<int>(given.captions.size()) - 1;
+  const Row last = first + CountOf(given.captions) - 1;
   const EditScope scope(list, EditKind::Paste);
   list.Replace(first, blank ? 1 : 0, std::move(given.captions));
   list.SelectRows({first, last}, first, true);

@@ -91,7 +91,7 @@ Shell::StartSize Shell::LoadOptions(int screenWidth, int screenHeight) {
 void Shell::ShowListFont() {
   const AppOptions& options = bench_.options;
   const AppOptions usual;
-  // Who never chose letters for the list gets the desktop's.
+  // Without a font chosen for the list it has the desktop's.
   const bool chosen = options.listFontName != usual.listFontName || options.listFontSize != usual.listFontSize ||
                       options.listFontBold != usual.listFontBold;
   const bool desktops = options.manner.HasCalmWindow() && !chosen;

@@ -1,5 +1,6 @@
 #include "forms/shots_dialog.h"
 
+#include "core/counting.h"
 #include "forms/access_keys.h"
 #include "text/labels.h"
 
@@ -17,7 +18,7 @@ ShotsDialog::ShotsDialog(FilmShots& shots, AppOptions& options, const LangString
   sldSense.Scrolled.Connect([this] { shots_.SetSensitivity(sldSense.Value()); });
   chkFind.Clicked.Connect([this] { options_.findShots = chkFind.Value(); });
   cmdClose.Clicked.Connect([this] { Close(); });
-  // They may be found while the window is open.
+  // Shots may still be arriving while the window is open.
   shots_.Changed.Connect([this] {
     if (IsOpen()) ShowCount();
   });
@@ -40,7 +41,7 @@ void ShotsDialog::Open(bool rightToLeft) {
 
 void ShotsDialog::ShowCount() {
   lblCount.SetText(Fill(strings_[Message::ValueInPercent], Decimal(options_.shotSense)) + u"     " +
-                   strings_.Counted(Message::ShotsCount, u"%1", static_cast<int>(shots_.Shots().size())));
+                   strings_.Counted(Message::ShotsCount, u"%1", CountOf(shots_.Shots())));
 }
 
 }  // namespace cuewright

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "external/spell_text.h"
 
@@ -120,7 +121,7 @@ int SpellCheck::PreferredDictionary() const {
 
 void SpellCheck::OpenDictionary(int index) {
   if (!opened_.contains(index)) {
-    const Text& name = names_[static_cast<std::size_t>(index)];
+    const Text& name = ItemAt(names_, index);
     const Text wordsFile = parts_.wordsFolder.empty() ? Text() : parts_.wordsFolder + name + u".txt";
     opened_.try_emplace(index, parts_.dictionaries.Open(name), parts_.ports.files, wordsFile);
   }
@@ -145,7 +146,7 @@ bool SpellCheck::UseLanguage(int index, SpellSession& session) {
     return false;
   }
   session.Use(opened_.at(index).lookup);
-  parts_.store.SaveSetting(kMainSection, kLanguageKey, names_[static_cast<std::size_t>(index)]);
+  parts_.store.SaveSetting(kMainSection, kLanguageKey, ItemAt(names_, index));
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/counting.h"
 #include "forms/access_keys.h"
 
 namespace cuewright {
@@ -117,15 +118,15 @@ void SpellDialog::ShowNothingLeft() {
 void SpellDialog::ShowSuggestion() {
   const int index = lstSuggestions.Index();
   if (index >= 0) {
-    txtReplace.SetText(lstSuggestions.Items()[static_cast<std::size_t>(index)]);
-    txtReplace.Select(0, static_cast<int>(txtReplace.GetText().size()));
+    txtReplace.SetText(ItemAt(lstSuggestions.Items(), index));
+    txtReplace.Select(0, CountOf(txtReplace.GetText()));
   }
   AllowReplace();
 }
 
 void SpellDialog::StepSuggestion(KeyEvent& key) {
   if (key.code != kKeyUp && key.code != kKeyDown) return;
-  const int last = static_cast<int>(lstSuggestions.Items().size()) - 1;
+  const int last = CountOf(lstSuggestions.Items()) - 1;
   const int wanted = lstSuggestions.Index() + (key.code == kKeyUp ? -1 : 1);
   if (wanted >= 0 && wanted <= last) lstSuggestions.Choose(wanted);
   key.handled = true;

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
@@ -44,16 +45,16 @@ SyncPage::~SyncPage() = default;
 void SyncPage::Wire() {
   cmdSyncFind.Clicked.Connect([this] { ClickFind(); });
   cmdSyncFile.Clicked.Connect([this] { FindAmongCaptions(); });
-  // Another document comes, or this one goes.
+  // Another document replaces this one, or it closes.
   bench_.list.EnabledChanged.Connect([this](bool on) {
     if (!on) Forget();
   });
   tmrSync.Tick.Connect([this] { Poll(); });
   lstSegments.Chosen.Connect([this] {
     Show(Chosen());
-    if (Chosen() >= 0) bench_.list.SetRow(segments_[static_cast<std::size_t>(Chosen())].found.first, true);
+    if (Chosen() >= 0) bench_.list.SetRow(ItemAt(segments_, Chosen()).found.first, true);
   });
-  // Enter sets what was typed, and isn't the window's.
+  // Enter takes over what was typed; it must not press the window's OK.
   txtOffset.KeyDown.Connect([this](KeyEvent& key) {
     if (key.code != kKeyEnter) return;
     key.handled = true;
@@ -62,7 +63,7 @@ void SyncPage::Wire() {
   cmdSetOffset.Clicked.Connect([this] { SetOffset(); });
   cmdFreeSegment.Clicked.Connect([this] {
     if (Chosen() < 0) return;
-    segments_[static_cast<std::size_t>(Chosen())].fixed = false;
+    ItemAt(segments_, Chosen()).fixed = false;
     Show(Chosen());
   });
   cmdBorder.Clicked.Connect([this] { PutBorder(); });
@@ -139,7 +140,7 @@ void SyncPage::Stop() {
   if (!tmrSync.Enabled()) return;
   tmrSync.SetEnabled(false);
   if (search_.valid()) {
-    // It knows nothing of the window, so that nobody has to wait for it.
+    // The search uses nothing of the window, so closing it needs no waiting.
     std::erase_if(left_,
                   [](const auto& each) { return each.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
     left_.push_back(std::move(search_));
@@ -190,7 +191,7 @@ std::vector<SyncPage::Segment> SyncPage::UnderFixed(const std::vector<SyncSegmen
   }
   const std::size_t fixed = all.size();
   for (SyncSegment segment : found) {
-    // What lies between those that were set by hand is left of it, a piece behind the other.
+    // Segments that were set by hand are cut out of the found one, which may leave several pieces.
     for (std::size_t at = 0; at < fixed && segment.first <= segment.last; ++at) {
       const SyncSegment& held = all[at].found;
       if (held.last < segment.first || held.first > segment.last) continue;
@@ -236,7 +237,7 @@ void SyncPage::Show(int chosen) {
   if (rows != lstSegments.Items()) lstSegments.SetItems(std::move(rows));
   if (chosen >= 0 && chosen < std::ssize(segments_)) lstSegments.SetIndex(chosen);
   const bool any = Chosen() >= 0 && Chosen() < std::ssize(segments_);
-  const Segment segment = any ? segments_[static_cast<std::size_t>(Chosen())] : Segment{};
+  const Segment segment = any ? ItemAt(segments_, Chosen()) : Segment{};
   txtOffset.SetText(any ? SignedSeconds(segment.found.offset) : Text());
   txtOffset.SetEnabled(any);
   cmdSetOffset.SetEnabled(any);
@@ -269,7 +270,7 @@ void SyncPage::SetOffset() {
   if (earlier || typed.starts_with(u'+')) typed.remove_prefix(1);
   const std::optional<Ms> ms = TypedTime(Text(typed));
   if (chosen < 0 || !ms) return;
-  Segment& segment = segments_[static_cast<std::size_t>(chosen)];
+  Segment& segment = ItemAt(segments_, chosen);
   segment.found.offset = earlier ? -*ms : *ms;
   segment.fixed = true;
   Show(chosen);

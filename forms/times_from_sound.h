@@ -2,8 +2,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <future>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +11,7 @@
 #include "forms/film_voice.h"
 #include "forms/fit_marks.h"
 #include "forms/notices.h"
+#include "forms/voice_search.h"
 #include "voice/align.h"
 
 namespace cuewright {
@@ -23,19 +22,12 @@ namespace cuewright {
 class TimesFromSound {
  public:
   TimesFromSound(Workbench bench, FilmVoice& voice, FitMarks& marks, Notices& notices, Messages& messages);
-  ~TimesFromSound();
 
   /// Programs by which lines are spoken; null: none can be started.
   void UseProcesses(Processes* processes) { processes_ = processes; }
   void ShowItem();
 
  private:
-  /// What is done in the background, and what comes of it.
-  struct Job {
-    std::shared_ptr<const SoundTable> sound;
-    std::vector<Text> texts;
-    Text language;
-  };
   struct Found {
     std::vector<AlignedLine> lines;
     std::string problem;
@@ -43,11 +35,8 @@ class TimesFromSound {
 
   void Click();
   void Start();
-  void Stop();
-  void Poll();
-  void Search();
-  Found Run() const;
-  void Finish();
+  Found Run(const SoundTable& sound) const;
+  void Finish(const Found& found);
   void Take(const std::vector<AlignedLine>& lines);
   void ShowProgress();
   void Tell(Message message, TextView first = {}, TextView second = {});
@@ -58,12 +47,11 @@ class TimesFromSound {
   Notices& notices_;
   Messages& messages_;
   Processes* processes_ = nullptr;
-  Text film_;
-  Job job_;
+  Text language_;
+  std::vector<Text> texts_;
   int shown_ = -1;  ///< the hundredths that the strip tells
   mutable std::atomic<std::size_t> done_ = 0;
-  std::atomic<bool> giveUp_ = false;
-  std::future<Found> search_;  ///< goes first: it uses what stands above
+  VoiceSearch<Found> search_;  ///< goes first: it uses what stands above
 };
 
 }  // namespace cuewright

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/counting.h"
 #include "core/file_helpers.h"
 #include "forms/web.h"
 #include "text/labels.h"
@@ -64,7 +65,7 @@ void UpdateDialog::OnActivated() {
 
 void UpdateDialog::AddStatusLine(TextView text) {
   txtStatus.SetText(txtStatus.GetText() + Text(text) + Text(kLineEnd));
-  txtStatus.Select(static_cast<int>(txtStatus.GetText().size()), 0);
+  txtStatus.Select(CountOf(txtStatus.GetText()), 0);
 }
 
 void UpdateDialog::AddError(TextView heading, const RuntimeError& error) {

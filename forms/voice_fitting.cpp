@@ -1,84 +1,51 @@
 #include "forms/voice_fitting.h"
 
-#include <chrono>
-
-#include "core/runtime_error.h"
 #include "text/labels.h"
 
 namespace cuewright {
 
 VoiceFitting::VoiceFitting(Workbench bench, FilmVoice& voice, FitMarks& marks, const HouseCheck& check,
                            Notices& notices, Messages& messages)
-    : bench_(bench), voice_(voice), marks_(marks), check_(check), notices_(notices), messages_(messages) {
+    : bench_(bench),
+      voice_(voice),
+      marks_(marks),
+      check_(check),
+      notices_(notices),
+      messages_(messages),
+      search_(bench, bench.window.tmrFit, voice) {
   bench_.window.mnuFit.Clicked.Connect([this] { Start(false); });
   bench_.window.mnuFitAll.Clicked.Connect([this] { Start(true); });
-  bench_.window.tmrFit.Tick.Connect([this] { Poll(); });
-  // Another document comes, or this one goes: what is found is not for that one, however much its times are alike.
-  bench_.list.EnabledChanged.Connect([this](bool on) {
-    if (!on) Stop();
-  });
+  search_.Unreadable.Connect([this] { Tell(Message::FilmSoundFailed, search_.Film()); });
+  search_.Done.Connect([this](const FitFound& found) { Finish(found); });
 }
-
-VoiceFitting::~VoiceFitting() { giveUp_ = true; }
 
 void VoiceFitting::ShowItems() {
   const bool shown = voice_.Possible() && bench_.options.manner.FitsToTheVoice();
   bench_.window.mnuFit.SetVisible(shown);
   bench_.window.mnuFitAll.SetVisible(shown);
-  if (!shown) Stop();
+  if (!shown) search_.Stop();
 }
 
 void VoiceFitting::Start(bool all) {
-  if (bench_.window.tmrFit.Enabled()) return;
+  if (search_.Running() || voice_.Reading()) return;
   if (!bench_.document.HasVideo()) return Tell(Message::NoVideoFileLoaded);
-  film_ = bench_.document.VideoPath;
   job_ = {};
   job_.language = bench_.options.fitLanguage;
   job_.choice.leastGap = check_.LeastGap();
-  job_.choice.giveUp = &giveUp_;
+  job_.choice.giveUp = &search_.GivenUp();
   before_ = bench_.list.AllTimes();
   for (Row row = 1; row < bench_.list.Rows(); ++row) {
     AddToJob(job_, bench_.list, row, marks_.HeldTimes(row), all || bench_.list.SelectedRows().Has(row));
   }
-  job_.sound = voice_.Known();
-  CarryOn steps;
-  if (!job_.sound && !steps([&] { voice_.BeginReading(); })) return Tell(Message::FilmSoundFailed, film_);
-  bench_.window.tmrFit.SetEnabled(true);
+  const auto fit = [this](const std::shared_ptr<const SoundTable>& sound) {
+    job_.sound = sound;
+    return RunFit(job_, *processes_);
+  };
+  if (!search_.Begin(fit)) return Tell(Message::FilmSoundFailed, search_.Film());
   notices_.Tell(Message::FittingCaptions);
-  if (job_.sound) Search();
 }
 
-void VoiceFitting::Stop() {
-  if (!bench_.window.tmrFit.Enabled()) return;
-  bench_.window.tmrFit.SetEnabled(false);
-  giveUp_ = true;
-  if (search_.valid()) search_.wait();
-  search_ = {};
-  giveUp_ = false;
-  voice_.StopReading();
-}
-
-void VoiceFitting::Poll() {
-  // The film was replaced or closed, and with it what was to be found.
-  if (bench_.document.VideoPath != film_) return Stop();
-  if (search_.valid()) {
-    if (search_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) Finish();
-    return;
-  }
-  if (voice_.Poll()) return;
-  job_.sound = voice_.Known();
-  if (job_.sound) return Search();
-  Stop();
-  Tell(Message::FilmSoundFailed, film_);
-}
-
-void VoiceFitting::Search() {
-  search_ = std::async(std::launch::async, [this] { return RunFit(job_, *processes_); });
-}
-
-void VoiceFitting::Finish() {
-  bench_.window.tmrFit.SetEnabled(false);
-  const FitFound found = search_.get();
+void VoiceFitting::Finish(const FitFound& found) {
   if (found.result.problem == FitProblem::None) {
     Move(found.result);
   } else {

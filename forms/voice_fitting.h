@@ -1,7 +1,5 @@
 #pragma once
 
-#include <atomic>
-#include <future>
 #include <vector>
 
 #include "capture/workbench.h"
@@ -12,6 +10,7 @@
 #include "forms/fit_marks.h"
 #include "forms/house_check.h"
 #include "forms/notices.h"
+#include "forms/voice_search.h"
 
 namespace cuewright {
 
@@ -21,7 +20,6 @@ class VoiceFitting {
  public:
   VoiceFitting(Workbench bench, FilmVoice& voice, FitMarks& marks, const HouseCheck& check, Notices& notices,
                Messages& messages);
-  ~VoiceFitting();
 
   /// Programs by which words are spoken; null: none can be started.
   void UseProcesses(Processes* processes) { processes_ = processes; }
@@ -30,10 +28,7 @@ class VoiceFitting {
 
  private:
   void Start(bool all);
-  void Poll();
-  void Search();
-  void Finish();
-  void Stop();
+  void Finish(const FitFound& found);
   void Move(const FitResult& result);
   void TellOf(FitProblem problem);
   /// In the strip, or in a box where nobody would see that.
@@ -46,11 +41,9 @@ class VoiceFitting {
   Notices& notices_;
   Messages& messages_;
   Processes* processes_ = nullptr;
-  Text film_;                         ///< whose voice is looked for
   FitJob job_;                        ///< the captions when the command was given
   std::vector<CaptionTimes> before_;  ///< their times then
-  std::atomic<bool> giveUp_ = false;
-  std::future<FitFound> search_;  ///< goes first: it uses what stands above
+  VoiceSearch<FitFound> search_;      ///< goes first: it uses what stands above
 };
 
 }  // namespace cuewright

@@ -1,5 +1,6 @@
 #include "forms/wizard.h"
 
+#include "core/counting.h"
 #include "core/file_helpers.h"
 #include "core/paths.h"
 #include "external/common_dialogs.h"
@@ -54,11 +55,11 @@ void Wizard::ApplyTexts(std::span<const ControlText> rows) {
 void Wizard::ShowStep() {
   const std::span<Picture> pages = Pages();
   for (Picture& page : pages) page.SetVisible(false);
-  pages[static_cast<std::size_t>(step_)].SetVisible(true);
+  ItemAt(pages, step_).SetVisible(true);
 }
 
 void Wizard::Next() {
-  // What is asked here handles events, so that a second press comes in between.
+  // The question handles events, so a second press of the button may arrive within it.
   if (leaving_) return;
   leaving_ = true;
   const int step = step_;

@@ -13,6 +13,7 @@
 #include <thread>
 #include <utility>
 
+#include "core/counting.h"
 #include "platform/posix_files.h"
 #include "platform/run_folder.h"
 
@@ -239,7 +240,7 @@ int BecomeProgram(pid_t parent, const std::array<int, 3>& streams, const char* f
   sigset_t none;
   ::sigemptyset(&none);
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
-  for (int stream = 0; stream < static_cast<int>(streams.size()); ++stream) {
+  for (int stream = 0; stream < CountOf(streams); ++stream) {
     const int given = streams.at(static_cast<std::size_t>(stream));
     const int fd = given >= 0 ? given : ::open("/dev/null", stream == 0 ? O_RDONLY : O_WRONLY);
     if (fd < 0 || (fd != stream && ::dup2(fd, stream) < 0)) return errno;

@@ -1,12 +1,9 @@
 #include "platform/hunspell_dictionaries.h"
 
-#include "text/digits.h"
-
 #include <dlfcn.h>
 #include <hunspell.h>
 #include <unicode/ucnv.h>
 #include <unicode/uloc.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -15,6 +12,9 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+
+#include "core/counting.h"
+#include "text/digits.h"
 
 namespace cuewright {
 
@@ -67,8 +67,8 @@ class DictionaryCodec {
   std::optional<std::string> Bytes(TextView text) const {
     UErrorCode status = U_ZERO_ERROR;
     std::string bytes(UCNV_GET_MAX_BYTES_FOR_STRING(text.size(), ucnv_getMaxCharSize(converter_.get())), '\0');
-    const std::int32_t length = ucnv_fromUChars(converter_.get(), bytes.data(), static_cast<std::int32_t>(bytes.size()),
-                                                text.data(), static_cast<std::int32_t>(text.size()), &status);
+    const std::int32_t length =
+        ucnv_fromUChars(converter_.get(), bytes.data(), CountOf(bytes), text.data(), CountOf(text), &status);
     if (U_FAILURE(status)) return std::nullopt;
     bytes.resize(static_cast<std::size_t>(length));
     return bytes;
@@ -77,8 +77,8 @@ class DictionaryCodec {
   Text TextOf(std::string_view bytes) const {
     UErrorCode status = U_ZERO_ERROR;
     Text text(bytes.size() * 2 + 1, u'\0');
-    const std::int32_t length = ucnv_toUChars(converter_.get(), text.data(), static_cast<std::int32_t>(text.size()),
-                                              bytes.data(), static_cast<std::int32_t>(bytes.size()), &status);
+    const std::int32_t length =
+        ucnv_toUChars(converter_.get(), text.data(), CountOf(text), bytes.data(), CountOf(bytes), &status);
     text.resize(U_FAILURE(status) ? 0 : static_cast<std::size_t>(length));
     return text;
   }

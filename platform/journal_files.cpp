@@ -15,6 +15,7 @@
 #include <memory>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/journal.h"
 #include "platform/posix_files.h"
 
@@ -166,7 +167,7 @@ void JournalFiles::DoBegin(const std::string& payload) {
   if (fresh) ::chmod(folderBytes_.c_str(), 0700);
   File file;
   file.path = folderBytes_ + "/" + std::to_string(::getpid()) + "-XXXXXX" + std::string(kUnfinished);
-  file.fd = Descriptor(::mkostemps(file.path.data(), static_cast<int>(kUnfinished.size()), O_CLOEXEC));
+  file.fd = Descriptor(::mkostemps(file.path.data(), CountOf(kUnfinished), O_CLOEXEC));
   if (!file.fd) return Fail(errno);
   // Locked before it gets the name by which other programs look for it.
   int failed = ::flock(file.fd.Get(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;

@@ -1,25 +1,15 @@
 #include "platform/mpv_player.h"
 
-#include <sys/stat.h>
-
-#include <cerrno>
-
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <sstream>
 
 #include "core/runtime_error.h"
 #include "platform/mpv_core.h"
 #include "platform/mpv_library.h"
 #include "platform/mpv_sampler.h"
 #include "platform/mpv_video.h"
-#include "platform/posix_files.h"
 
 namespace cuewright {
 namespace {
@@ -29,35 +19,13 @@ constexpr int kStateNothing = 0;
 /// What the card decodes comes back to where the picture is drawn.
 constexpr const char* kHardware = "auto-copy-safe";
 constexpr double kSameInstant = 0.005;
-constexpr double kUsualPicture = 0.04;  // seconds
-constexpr double kTicksASecond = 1000;  // some containers tell the ticks of their clock in place of the pictures
 constexpr double kSlowest = 0.25;
 constexpr double kFastest = 4;
 constexpr double kNothing = 0.001;  // less than this of the film can't be played
 
 double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
-/// Why a path can't be a film; empty when it may be one.
-Text ObjectionTo(const std::string& path) {
-  struct stat info {};
-  if (stat(path.c_str(), &info) != 0) return ErrorOfErrno(errno, FromUtf8(path)).description;
-  if (S_ISDIR(info.st_mode)) return u"a folder, not a film";
-  if (!S_ISREG(info.st_mode)) return u"a device, not a film";
-  return {};
-}
-
 }  // namespace
-
-MpvPlayerOptions MpvPlayerOptions::FromEnvironment() {
-  MpvPlayerOptions options;
-  const char* items = std::getenv("CUEWRIGHT_MPV_OPTIONS");
-  std::istringstream stream(items ? items : "");
-  for (std::string item; stream >> item;) {
-    const std::size_t equals = item.find('=');
-    if (equals != std::string::npos) options.extra.emplace_back(item.substr(0, equals), item.substr(equals + 1));
-  }
-  return options;
-}
 
 MpvPlayer::MpvPlayer(const MpvLibrary& library, Post post, const MpvPlayerOptions& options)
     : library_(library), post_(std::move(post)), options_(options), output_(options.output) {}
@@ -116,18 +84,13 @@ void MpvPlayer::SetUrl(TextView path) {
     return;
   }
   if (!EnsureCore()) throw RuntimeError{kErrorNoPlayer, u"The media player is missing"};
-  // An absolute path is never taken for an address or an option, whatever the file's name.
-  std::error_code error;
-  const std::string asked = ToUtf8(path);
-  std::string absolute = std::filesystem::absolute(asked, error).string();
-  if (error) absolute = asked;
-  Open(absolute);
+  Open(UnmistakablePath(path));
 }
 
 void MpvPlayer::Open(const std::string& path) {
   Forget();
   path_ = path;
-  if (Text objection = ObjectionTo(path); !objection.empty()) {
+  if (Text objection = ObjectionToFilm(path); !objection.empty()) {
     core_->Unload();
     PostGuarded([this, load = load_, objection = std::move(objection)] { Fail(load, objection); });
     loading_ = true;
@@ -154,18 +117,14 @@ void MpvPlayer::Forget() {
   loading_ = false;
   opened_ = false;
   waitsForGl_ = false;
-  seekable_ = true;
   atEnd_ = false;
   seeking_ = false;
   startAt_.reset();
-  duration_ = 0;
-  audioTrack_ = -1;
-  soundTracks_.clear();
   // A track that was chosen is a matter of its film.
   if (core_ && std::exchange(trackChosen_, false)) core_->SetChoice("aid", "auto");
   // Nothing is told of what a film hasn't: it must not keep the rate of the previous one.
-  SetFrameRate(0);
-  picture_ = {};
+  film_ = {};
+  clock_.SetFrameDuration(film_.PictureDuration());
   wish_ = Wish::Stop;
   clock_.Hold(0, Now());
 }
@@ -211,15 +170,9 @@ void MpvPlayer::SetSpeed(double factor) {
   TellControls();
 }
 
-std::vector<SoundTrack> MpvPlayer::SoundTracks() const {
-  std::vector<SoundTrack> tracks;
-  for (const MpvSoundTrack& track : soundTracks_) tracks.push_back({track.stream, FromUtf8(track.words)});
-  return tracks;
-}
-
 void MpvPlayer::SetAudioTrack(int stream) {
-  const auto track = std::ranges::find(soundTracks_, stream, &MpvSoundTrack::stream);
-  if (!core_ || track == soundTracks_.end()) return;
+  const auto track = std::ranges::find(film_.soundTracks, stream, &MpvSoundTrack::stream);
+  if (!core_ || track == film_.soundTracks.end()) return;
   trackChosen_ = true;
   core_->SetChoice("aid", std::to_string(track->id).c_str());
 }
@@ -243,7 +196,7 @@ void MpvPlayer::Play() {
     Open(std::string(path_));
     return;
   }
-  if (opened_ && seekable_ && AtEnd()) SeekTo(0, true);
+  if (opened_ && film_.seekable && AtEnd()) SeekTo(0, true);
   wish_ = Wish::Play;
   core_->SetFlag("pause", false);
   if (!loading_ && !seeking_) {
@@ -267,7 +220,7 @@ void MpvPlayer::Stop() {
   startAt_.reset();
   core_->SetFlag("pause", true);
   clock_.Hold(0, Now());
-  if (opened_ && seekable_) {
+  if (opened_ && film_.seekable) {
     SeekTo(0, false);
   } else if (opened_) {
     // The film can only be restarted by opening it again, which is done when it is to play.
@@ -278,7 +231,9 @@ void MpvPlayer::Stop() {
   UpdateState();
 }
 
-bool MpvPlayer::AtEnd() const { return atEnd_ || (duration_ > 0 && CurrentPosition() > duration_ - kNothing); }
+bool MpvPlayer::AtEnd() const {
+  return atEnd_ || (film_.duration > 0 && CurrentPosition() > film_.duration - kNothing);
+}
 
 double MpvPlayer::CurrentPosition() const {
   lastReadAt_ = Now();
@@ -289,11 +244,11 @@ double MpvPlayer::CurrentPosition() const {
 void MpvPlayer::SetCurrentPosition(double seconds) {
   if (path_.empty() || !std::isfinite(seconds)) return;
   seconds = std::max(seconds, 0.0);
-  if (duration_ > 0) seconds = std::min(seconds, duration_);
+  if (film_.duration > 0) seconds = std::min(seconds, film_.duration);
   if (!opened_ && loading_) {
     startAt_ = seconds;
     clock_.Hold(seconds, Now());
-  } else if (opened_ && seekable_) {
+  } else if (opened_ && film_.seekable) {
     SeekTo(seconds, true);
   }
 }
@@ -303,15 +258,7 @@ double MpvPlayer::PositionAt(double instant) const { return clock_.PositionAt(in
 Text MpvPlayer::CurrentPositionString() const {
   // Position and text are often read one after the other; both then show the same instant.
   const bool justRead = lastReadAt_ > 0 && Now() - lastReadAt_ < kSameInstant;
-  const long long ms = std::llround((justRead ? lastRead_ : CurrentPosition()) * 1000);
-  const long long seconds = ms / 1000;
-  std::array<char, 32> text{};
-  if (seconds >= 3600) {
-    std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld", seconds / 3600, seconds / 60 % 60, seconds % 60);
-  } else {
-    std::snprintf(text.data(), text.size(), "%02lld:%02lld", seconds / 60, seconds % 60);
-  }
-  return FromUtf8(text.data());
+  return PositionText(justRead ? lastRead_ : CurrentPosition());
 }
 
 void MpvPlayer::SeekTo(double seconds, bool announce) {
@@ -363,41 +310,16 @@ void MpvPlayer::OnNews(const MpvNews& news) {
       return OnGone();
     case MpvNews::Kind::Failed:
       return Fail(news.load, FromUtf8(news.text));
-    case MpvNews::Kind::Duration:
-      duration_ = news.number;
-      TellControls();
-      break;
-    case MpvNews::Kind::FrameRate:
-      SetFrameRate(news.number);
-      break;
-    case MpvNews::Kind::Width:
-      picture_.width = static_cast<int>(news.number);
-      break;
-    case MpvNews::Kind::Height:
-      picture_.height = static_cast<int>(news.number);
-      break;
-    case MpvNews::Kind::Seekable:
-      seekable_ = news.flag;
-      break;
-    case MpvNews::Kind::AudioTrack:
-      audioTrack_ = static_cast<int>(news.number);
-      break;
-    case MpvNews::Kind::SoundTracks:
-      soundTracks_ = news.tracks;
-      break;
-    case MpvNews::Kind::NoPicture:
-      break;
+    default:
+      film_.Take(news);
+      clock_.SetFrameDuration(film_.PictureDuration());
+      if (news.kind == MpvNews::Kind::Duration) TellControls();
   }
-}
-
-void MpvPlayer::SetFrameRate(double perSecond) {
-  framesPerSecond_ = perSecond > 0 && perSecond < kTicksASecond ? perSecond : 0;
-  clock_.SetFrameDuration(framesPerSecond_ > 0 ? 1 / framesPerSecond_ : kUsualPicture);
 }
 
 void MpvPlayer::OnOpened() {
   opened_ = true;
-  if (startAt_ && seekable_) SeekTo(*startAt_, true);
+  if (startAt_ && film_.seekable) SeekTo(*startAt_, true);
   startAt_.reset();
 }
 

@@ -5,32 +5,19 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/ports/player.h"
 #include "core/ports/video_frames.h"
 #include "platform/mpv_clock.h"
+#include "platform/mpv_film.h"
+#include "platform/mpv_options.h"
 
 namespace cuewright {
 
-class MpvCore;
 class MpvLibrary;
 class MpvSampler;
 class MpvVideo;
-struct MpvNews;
-struct MpvSoundTrack;
-
-/// How a player is set up.
-struct MpvPlayerOptions {
-  VideoOutput output = VideoOutput::Software;
-  /// Options of the library, by name and value, that come on top of the player's own.
-  std::vector<std::pair<std::string, std::string>> extra{};
-
-  /// Takes options of the library from the environment variable CUEWRIGHT_MPV_OPTIONS: "name=value" items with
-  /// blanks between, for diagnosis and measurements.
-  static MpvPlayerOptions FromEnvironment();
-};
 
 /// The media player on libmpv. Made, used and ended on the window's thread; nothing here waits for the library.
 /// The library's part starts with the first film. Without the library all this exists just the same, and only opening a
@@ -64,14 +51,14 @@ class MpvPlayer final : public Player, public VideoFrames {
   void Stop() override;
   double CurrentPosition() const override;
   double PositionAt(double instant) const override;
-  double FramesPerSecond() const override { return framesPerSecond_; }
-  PictureSize Picture() const override { return picture_; }
+  double FramesPerSecond() const override { return film_.framesPerSecond; }
+  PictureSize Picture() const override { return film_.picture; }
   void SetCurrentPosition(double seconds) override;
   Text CurrentPositionString() const override;
-  double Duration() const override { return duration_; }
+  double Duration() const override { return film_.duration; }
   bool AtEnd() const override;
-  int AudioTrack() const override { return audioTrack_; }
-  std::vector<SoundTrack> SoundTracks() const override;
+  int AudioTrack() const override { return film_.audioTrack; }
+  std::vector<SoundTrack> SoundTracks() const override { return film_.Tracks(); }
   void SetAudioTrack(int stream) override;
   void SetHardwareDecoding(bool on) override;
 
@@ -97,7 +84,6 @@ class MpvPlayer final : public Player, public VideoFrames {
   void Fail(std::uint64_t load, Text text);
 
   void OnNews(const MpvNews& news);
-  void SetFrameRate(double perSecond);
   void OnOpened();
   void OnLanded(std::uint64_t seek, bool atEnd);
   void OnEndReached(std::uint64_t seek);
@@ -117,15 +103,10 @@ class MpvPlayer final : public Player, public VideoFrames {
   bool waitsForGl_ = false;
   bool loading_ = false;  // until the first picture or sound
   bool opened_ = false;
-  bool seekable_ = true;
   bool atEnd_ = false;
   Wish wish_ = Wish::Stop;
   int state_ = 0;
-  double duration_ = 0;
-  double framesPerSecond_ = 0;  // 0: not known
-  PictureSize picture_;
-  int audioTrack_ = -1;
-  std::vector<MpvSoundTrack> soundTracks_;
+  MpvFilm film_;
   bool trackChosen_ = false;
   bool hardware_ = false;
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdio>
 
+#include "core/counting.h"
 #include "core/media_errors.h"
 
 namespace cuewright {
@@ -56,7 +57,7 @@ Text FilterChain(const RunJob& job) {
       chain += u"subtitles=f=" + FromUtf8(SubtitleName(i));
     } else {
       chain += u"scale=w=" + Decimal(filter.width) + u":h=" + Decimal(filter.height) + u":flags=" +
-               Text(kScaleFlags[static_cast<std::size_t>(filter.mode)]);
+               Text(ItemAt(kScaleFlags, filter.mode));
     }
   }
   return chain;

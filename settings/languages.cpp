@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 
@@ -112,7 +113,7 @@ void Languages::LoadBlock(std::size_t row) {
 }
 
 std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
-  p_.strings.SetLanguageCode(kCodes[static_cast<std::size_t>(p_.options.languageRow)]);
+  p_.strings.SetLanguageCode(ItemAt(kCodes, p_.options.languageRow));
   LoadBlock(static_cast<std::size_t>(p_.options.languageRow));
   const int base = kBlockSize * p_.options.languageRow;
   Text lines;
@@ -149,7 +150,7 @@ Charset Languages::GetCharsetOfLocale(std::int32_t locale) const {
 }
 
 std::int32_t Languages::LocaleOfLanguage() const {
-  return RoundToInt32(LeadingNumber(table_[static_cast<std::size_t>(p_.options.languageRow)].localeId));
+  return RoundToInt32(LeadingNumber(ItemAt(table_, p_.options.languageRow).localeId));
 }
 
 Text Languages::ToLanguageCodePage(TextView text) const {
@@ -179,8 +180,7 @@ std::size_t Languages::RowOfDisplayName(TextView displayName) const {
 }
 
 bool Languages::NeedsNotice() const {
-  return table_[static_cast<std::size_t>(p_.options.languageRow)].codePage !=
-         p_.locale.GetLocaleText(kUserLocale, kAnsiCodePage);
+  return ItemAt(table_, p_.options.languageRow).codePage != p_.locale.GetLocaleText(kUserLocale, kAnsiCodePage);
 }
 
 Languages::NoticeTexts Languages::Notice() const {

@@ -8,6 +8,9 @@
 #include <memory>
 #include <utility>
 
+#include "core/counting.h"
+#include "text/icu_text.h"
+
 namespace cuewright {
 namespace {
 
@@ -18,10 +21,6 @@ constexpr TextView kClosing = u"\"'\u2019\u201d\u00bb)]\u266a\u266b";
 constexpr TextView kOpening = u"\"'\u2018\u201c\u201e\u00ab([\u00bf\u00a1-\u2010\u2013\u2014\u266a\u266b# \n\u00a0";
 constexpr TextView kBlanks = u" \t\u00a0\u3000\u202f";
 constexpr TextView kDashes = u"-\u2010\u2011\u2012\u2013\u2014\u2015\u2212";
-
-icu::UnicodeString Aliased(TextView text) {
-  return icu::UnicodeString(false, text.data(), static_cast<std::int32_t>(text.size()));
-}
 
 bool IsWordCharacter(char16_t c) { return u_isalnum(c) != 0 || c == u'\'' || c == u'\u2019' || c == u'|'; }
 
@@ -36,7 +35,7 @@ Cleaner::Cleaner(const CleaningData& data, const CleaningChoice& choice) : data_
   for (const CleaningRule& rule : data_.rules) {
     if (!Chosen(rule.kind)) continue;
     UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString pattern(rule.pattern.data(), static_cast<std::int32_t>(rule.pattern.size()));
+    const icu::UnicodeString pattern(rule.pattern.data(), CountOf(rule.pattern));
     auto matcher = std::make_unique<icu::RegexMatcher>(pattern, UREGEX_MULTILINE, status);
     if (U_SUCCESS(status)) matcher->setTimeLimit(kMostSteps, status);
     if (U_SUCCESS(status)) patterns_.push_back({&rule, std::move(matcher)});
@@ -63,8 +62,7 @@ void Cleaner::ApplyRules(CleaningKind kind) {
       pattern.matcher->appendReplacement(out, with, status);
       const icu::UnicodeString own = out.tempSubString(from - behind);
       behind = to;
-      changes.push_back({static_cast<std::size_t>(from), static_cast<std::size_t>(to),
-                         Text(own.getBuffer(), static_cast<std::size_t>(own.length()))});
+      changes.push_back({static_cast<std::size_t>(from), static_cast<std::size_t>(to), TextOf(own)});
     }
     if (U_SUCCESS(status) && !changes.empty()) seen_.Apply(changes);
   }

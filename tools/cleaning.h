@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/counting.h"
 #include "core/seen_text.h"
 #include "tools/cleaning_data.h"
 #include "tools/proposal.h"
@@ -29,7 +30,7 @@ class Cleaner {
  private:
   struct Pattern;
 
-  bool Chosen(CleaningKind kind) const { return choice_[static_cast<std::size_t>(kind)]; }
+  bool Chosen(CleaningKind kind) const { return ItemAt(choice_, kind); }
   void ApplyRules(CleaningKind kind);
   void ApplyQuotes();
   void ApplyWords(const std::unordered_map<Text, Text>& words);

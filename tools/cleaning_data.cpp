@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/runtime_error.h"
+#include "text/icu_text.h"
 
 namespace cuewright {
 namespace {
@@ -12,10 +13,6 @@ namespace {
 constexpr std::uint64_t kLargestFile = 1 << 20;
 constexpr TextView kEnding = u".txt";
 constexpr TextView kCommon = u"common";
-
-icu::UnicodeString Aliased(TextView text) {
-  return icu::UnicodeString(false, text.data(), static_cast<std::int32_t>(text.size()));
-}
 
 struct KindName {
   TextView name;

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/seen_text.h"
 
 namespace cuewright {
@@ -159,13 +160,13 @@ class Stores {
     // As storing a text does: one that ends in the separator is dropped.
     const Text& separator = list_.Options().lineSeparator;
     if (text == old.text || (!separator.empty() && text.ends_with(separator))) return;
-    if (row != first_ + static_cast<int>(rows_.size())) Flush();
+    if (row != first_ + CountOf(rows_)) Flush();
     if (rows_.empty()) first_ = row;
     rows_.push_back(old.WithText(std::move(text)));
   }
 
   void Flush() {
-    const int count = static_cast<int>(rows_.size());
+    const int count = CountOf(rows_);
     if (count > 0) list_.Replace(first_, count, std::exchange(rows_, {}));
   }
 

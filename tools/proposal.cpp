@@ -3,6 +3,8 @@
 #include <numeric>
 #include <utility>
 
+#include "core/counting.h"
+
 namespace cuewright {
 
 int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposals) {
@@ -20,12 +22,12 @@ int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposa
     if (next->after) rows.push_back(*next->after);
     ++next;
   }
-  // A list is never without a row.
+  // There is always a last, empty row.
   if (rows.empty() && last - first + 1 == list.Rows() - 1) rows.emplace_back();
   const EditScope scope(list, kind);
   list.Replace(first, last - first + 1, std::move(rows));
   list.SetModified();
-  return static_cast<int>(proposals.size());
+  return CountOf(proposals);
 }
 
 std::vector<Row> AllRows(const CaptionList& list) {

@@ -9,18 +9,15 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/seen_text.h"
+#include "text/icu_text.h"
 
 namespace cuewright {
 namespace {
 
 /// Steps that a pattern may take on one caption, in units of the library, about a ms each.
 constexpr std::int32_t kMostSteps = 500;
-
-/// A view of the text for the library, which doesn't copy it.
-icu::UnicodeString Aliased(TextView text) {
-  return icu::UnicodeString(false, text.data(), static_cast<std::int32_t>(text.size()));
-}
 
 /// A text as a pattern that finds it as it stands.
 Text QuotedPattern(TextView text) { return u"\\Q" + ReplaceAll(text, u"\\E", u"\\E\\\\E\\Q") + u"\\E"; }
@@ -98,8 +95,8 @@ TextReplacer::TextReplacer(const ReplaceOrder& order, TextView separator, const 
   UErrorCode status = U_ZERO_ERROR;
   std::uint32_t flags = 0;
   const Text pattern = PatternOf(order_, flags);
-  engine_->matcher = std::make_unique<icu::RegexMatcher>(
-      icu::UnicodeString(pattern.data(), static_cast<std::int32_t>(pattern.size())), flags, status);
+  engine_->matcher =
+      std::make_unique<icu::RegexMatcher>(icu::UnicodeString(pattern.data(), CountOf(pattern)), flags, status);
   if (U_SUCCESS(status)) engine_->matcher->setTimeLimit(kMostSteps, status);
   engine_->with = Aliased(order_.with);
   engine_->withGroups = order_.regex && order_.with.find_first_of(u"$\\") != Text::npos;
@@ -173,7 +170,7 @@ void TextReplacer::FindAll() {
       icu::UnicodeString out;
       matcher.appendReplacement(out, engine.with, status);
       const icu::UnicodeString own = out.tempSubString(from - behind);
-      fresh.assign(own.getBuffer(), static_cast<std::size_t>(own.length()));
+      fresh = TextOf(own);
       behind = to;
     }
     const auto at = static_cast<std::size_t>(from);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "core/counting.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -43,7 +44,7 @@ std::optional<SpeedRatio> FractionOf(TextView text) {
       return {};
     }
   }
-  // A point with nothing behind it is no number.
+  // "1." isn't taken for a number.
   if (fraction.numerator == 0 || (decimals && fraction.denominator == 1)) return {};
   return fraction;
 }
@@ -107,7 +108,7 @@ std::int64_t TimeMap::At(Ms ms) const {
 Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map) {
   if (old.start <= 0 && old.end <= 0) return {old, false};
   const std::int64_t start = map.At(old.start);
-  // An end of 0 is none.
+  // An end of 0 means that the caption has none.
   const std::int64_t end = old.end > 0 ? map.At(old.end) : 0;
   return {{Stored(start), Stored(end)}, start < 0 || end < 0};
 }
@@ -134,8 +135,8 @@ class FreshTimes {
 
   void Take(Row row, const CaptionTimes& fresh) {
     if (first_ == 0) first_ = row;
-    // What lies between two ranges keeps its times.
-    for (Row next = first_ + static_cast<int>(times_.size()); next < row; ++next) times_.push_back(list_.TimesAt(next));
+    // Captions between two ranges keep their times.
+    for (Row next = first_ + CountOf(times_); next < row; ++next) times_.push_back(list_.TimesAt(next));
     times_.push_back(fresh);
   }
 

@@ -7,7 +7,7 @@ namespace cuewright {
 Row RowAfter(const Splice& splice, Row row) {
   if (row < splice.first) return row;
   if (row >= splice.first + splice.removed) return row + splice.added - splice.removed;
-  // A caption that was changed stands where it stood.
+  // A caption that was replaced by another keeps its row.
   return row < splice.first + splice.added ? row : 0;
 }
 

@@ -43,7 +43,7 @@ Message WouldBe(Message message) {
 const Text& RuleReport::Word(Message message) const {
   const Message shown = onlyLooked_ ? WouldBe(message) : message;
   const auto at = words_.find(shown);
-  // A log of nothing has no language.
+  // An empty log needs no language.
   return at == words_.end() || entries_.empty() ? strings_[shown] : at->second;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/counting.h"
 #include "tools/pane_text.h"
 
 namespace cuewright {
@@ -106,7 +107,7 @@ Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach) {
   std::int64_t least = -1;
   for (std::ptrdiff_t step = first; step <= last; ++step) {
     std::int64_t level = 0;
-    for (std::ptrdiff_t i = step; i < step + kPauseSteps; ++i) level += sound.levels[static_cast<std::size_t>(i)];
+    for (std::ptrdiff_t i = step; i < step + kPauseSteps; ++i) level += ItemAt(sound.levels, i);
     const Ms middle = sound.from + static_cast<std::int32_t>((2 * step + kPauseSteps) * Loudness::kStepMs / 2);
     if (least < 0 || level < least || (level == least && Abs(middle - ms) < Abs(best - ms))) {
       least = level;

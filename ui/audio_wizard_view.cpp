@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "core/counting.h"
 #include "ui/link_button.h"
 #include "ui/svg_picture.h"
 
@@ -39,7 +40,7 @@ AudioWizardView::AudioWizardView(AudioWizard& form, QWidget* owner) : WizardView
   ShowLights();
   Complete(&binder_.WidgetOf(form.cmdNext));
   Keep(form.LightsChanged.ConnectScoped([this] { ShowLights(); }));
-  // What a run has to tell at its end may need more room than the pages so far.
+  // The message at the end of a run may need more room than the pages before.
   Keep(form.lblStep5b.Changed.ConnectScoped([this] { FitContent(); }));
 }
 
@@ -123,7 +124,7 @@ void AudioWizardView::MakeTasksPage(QGridLayout& stack) {
 
 void AudioWizardView::ShowLights() {
   for (std::size_t i = 0; i < lights_.size(); ++i) {
-    lights_[i]->ShowFile(kLightFiles[static_cast<std::size_t>(form_.LightOf(i))]);
+    lights_[i]->ShowFile(ItemAt(kLightFiles, form_.LightOf(i)));
   }
 }
 

@@ -151,7 +151,7 @@ void Attach(Binder& binder, CheckBox& check, QCheckBox& widget) {
     widget.setBackgroundRole(check.Highlighted() ? QPalette::ToolTipBase : ground);
     widget.setAutoFillBackground(check.Highlighted());
   });
-  // A screen reader checks the box without a click.
+  // Assistive tools toggle the box without a click.
   QObject::connect(&widget, &QCheckBox::toggled, &binder, [&check, showCheck] {
     check.Click();
     showCheck();

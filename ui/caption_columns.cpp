@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
 constexpr int kLeastWidth = 16;
-constexpr int kLeastText = 140;
+constexpr int kLeastLetters = 28;  // of a text
 /// A narrow list does without these, in this order.
 constexpr ListColumn kFirstToGo[] = {ListColumn::Gap, ListColumn::Duration, ListColumn::Speed, ListColumn::End};
 
@@ -31,13 +33,14 @@ int CaptionColumns::WidthOf(const ColumnOrder::Place& column) const {
 }
 
 std::vector<ListColumn> CaptionColumns::Crowded() const {
+  const int leastText = kLeastLetters * table_.fontMetrics().averageCharWidth();
   int left = table_.viewport()->width();
   for (const ColumnOrder::Place& column : grid_.Columns().All()) {
     if (column.shown && column.column != ListColumn::Words) left -= WidthOf(column);
   }
   std::vector<ListColumn> crowded;
   for (const ListColumn column : kFirstToGo) {
-    if (left >= kLeastText) break;
+    if (left >= leastText) break;
     const ColumnOrder::Place& place = grid_.Columns().Of(column);
     if (!place.shown) continue;
     left += WidthOf(place);
@@ -82,7 +85,7 @@ void CaptionColumns::ShowClassic() {
   }
   if (!grid_.Active()) return table_.setColumnWidth(0, table_.width() - 4);
   for (int column = 0; column < kClassic; ++column) {
-    table_.setColumnWidth(column, grid_.ColumnWidths()[static_cast<std::size_t>(column)]);
+    table_.setColumnWidth(column, ItemAt(grid_.ColumnWidths(), column));
   }
 }
 
@@ -98,7 +101,7 @@ void CaptionColumns::TakeWidth(int section, int width) {
   }
   std::array<int, kClassic> widths = {};
   for (int column = 0; column < kClassic; ++column) {
-    widths[static_cast<std::size_t>(column)] = table_.columnWidth(column);
+    ItemAt(widths, column) = table_.columnWidth(column);
   }
   Chosen(&widths);
 }

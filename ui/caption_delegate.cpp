@@ -5,12 +5,14 @@
 #include <QTextLayout>
 #include <algorithm>
 
+#include "core/counting.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
 namespace {
 
 constexpr int kPadding = 6;
+constexpr int kUsualRows = 999;  // a longer list has a wider first column
 constexpr int kBarWidth = 4;
 constexpr int kSignRoom = 14;  // of each of the first two signs
 constexpr int kMoveRoom = 8;   // of the third
@@ -83,7 +85,7 @@ QList<QTextLayout::FormatRange> FormatsOf(const std::vector<StyledRun>& runs, co
   QList<QTextLayout::FormatRange> formats;
   int at = 0;
   for (const StyledRun& run : runs) {
-    const int length = std::min(static_cast<int>(run.text.size()), static_cast<int>(text.size()) - at);
+    const int length = std::min(CountOf(run.text), CountOf(text) - at);
     if (length <= 0) break;
     // Colours are for the film's ground: on the list's they may not be seen, so the list leaves them out.
     if (run.style != RunStyle{}) formats.push_back({at, length, FormatOf(run.style)});
@@ -239,7 +241,7 @@ int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
   QString usual;
   switch (column) {
     case ListColumn::Number:
-      return FiguresWidth(metrics, QString::number(kMaxRow.Number())) + kSignsWidth + 2 * kPadding;
+      return FiguresWidth(metrics, QString::number(std::max(list_.Count(), kUsualRows))) + kSignsWidth + 2 * kPadding;
     case ListColumn::Start:
     case ListColumn::End:
       usual = ToQt(TimeCell(kUsualTime, times));
@@ -251,7 +253,7 @@ int CaptionDelegate::UsualWidth(ListColumn column, const QFont& font) const {
     default:
       usual = "188.8";
   }
-  const QString heading = ToQt(grid_.Headings()[static_cast<std::size_t>(column)]);
+  const QString heading = ToQt(ItemAt(grid_.Headings(), column));
   return std::max(FiguresWidth(metrics, usual), metrics.horizontalAdvance(heading)) + 2 * kPadding + 4;
 }
 

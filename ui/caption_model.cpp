@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "core/counting.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -45,7 +46,7 @@ QVariant CaptionModel::data(const QModelIndex& index, int role) const {
   if (!grid_.Active()) return role == Qt::DisplayRole ? ToQt(grid_.Notice()) : QVariant();
   switch (role) {
     case Qt::ForegroundRole:
-      // Times that aren't taken yet stand out.
+      // Times that a window only proposes have a colour of their own.
       if (IsTime(ColumnOf(index.column())) && grid_.ShowsOtherTimes(row)) {
         return static_cast<const QWidget*>(QObject::parent())->palette().brush(QPalette::Link);
       }
@@ -92,7 +93,7 @@ QVariant CaptionModel::ClassicData(Row row, int column, int role) const {
 
 QVariant CaptionModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount() || !grid_.Active()) return {};
-  if (role == Qt::DisplayRole) return ToQt(grid_.Headings()[static_cast<std::size_t>(ColumnOf(section))]);
+  if (role == Qt::DisplayRole) return ToQt(ItemAt(grid_.Headings(), ColumnOf(section)));
   if (role != Qt::TextAlignmentRole) return {};
   // Headings stand over their figures.
   const bool figures = grid_.IsWorkbench() && ColumnOf(section) != ListColumn::Words;

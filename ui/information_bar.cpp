@@ -70,7 +70,12 @@ void InformationBar::ShowParts(bool logo, bool line) {
   icon_->setFixedSize(side, side);
   files_->setDirection(line ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   files_->setSpacing(line ? kBetweenFiles : 2);
-  for (const Label* label : {&form_.lblTextFile, &form_.lblVideoFile}) binder_.WidgetOf(*label).setVisible(on);
+  for (const Label* label : {&form_.lblTextFile, &form_.lblVideoFile}) {
+    QWidget& file = binder_.WidgetOf(*label);
+    file.setVisible(on);
+    // Beside each other the shorter one leaves its room to the longer.
+    file.setSizePolicy(line ? QSizePolicy::Preferred : QSizePolicy::Ignored, QSizePolicy::Preferred);
+  }
   for (const Control* part :
        std::initializer_list<const Control*>{&form_.lblNotice, &form_.cmdShowLines, &form_.cmdShowFindings,
                                              &form_.cmdApplyFindings, &form_.cmdUndoRules, &form_.cmdNotice}) {

@@ -5,6 +5,8 @@
 #include <QTextLayout>
 #include <algorithm>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -25,7 +27,7 @@ Caption ReadCaption(const QString& marked) {
   for (int at = 0; at < marked.size(); ++at) {
     if (marked[at] == '&' && at + 1 < marked.size()) {
       ++at;
-      if (marked[at] != '&' && caption.key < 0) caption.key = static_cast<int>(caption.text.size());
+      if (marked[at] != '&' && caption.key < 0) caption.key = CountOf(caption.text);
     }
     caption.text += marked[at];
   }

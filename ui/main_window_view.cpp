@@ -374,9 +374,9 @@ bool MainWindowView::eventFilter(QObject* object, QEvent* event) {
     case QEvent::KeyRelease:
       return FilterKey(object, event);
     case QEvent::Resize:
-      // A bar has come or gone.
+      // A scroll bar has appeared or disappeared.
       if (object == area_) ApplyLayout();
-      // The columns are measured by the pane.
+      // The widths of the columns follow that of the pane.
       if (object == bottom_->Pane()) ApplyColumns();
       return false;
     case QEvent::LayoutRequest:

@@ -74,7 +74,7 @@ Qt::LayoutDirection Overlay::LanguageDirection() const {
 QString Overlay::ShownText() const { return ToQt(ReplaceAll(form_.lblSub.GetText(), kLineEnd, u"\n")); }
 
 QTextCharFormat Overlay::FormatOf(const RunStyle& style, Pass pass) const {
-  // What is bold among bold letters is bolder, where the font has such.
+  // Bold text within a bold caption gets a heavier weight, where the font has one.
   const int own = form_.GetStyle().bold ? QFont::Bold : QFont::Normal;
   const int bolder = form_.GetStyle().bold ? QFont::Black : QFont::Bold;
   QTextCharFormat format;

@@ -6,6 +6,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "core/counting.h"
 #include "ui/fit_screen.h"
 #include "ui/link_button.h"
 #include "ui/qt_text.h"
@@ -71,7 +72,7 @@ QWidget* SettingsView::MakeMenu() {
     grid->addWidget(icon, row, 0);
     grid->addWidget(entry, row, 1);
   }
-  grid->setRowStretch(static_cast<int>(pages_.size()), 1);
+  grid->setRowStretch(CountOf(pages_), 1);
   return column;
 }
 
@@ -144,7 +145,7 @@ void SettingsView::ShowPage() {
 }
 
 void SettingsView::TurnPage(int step) {
-  const int count = static_cast<int>(pages_.size());
+  const int count = CountOf(pages_);
   const int page = (static_cast<int>(form_.Page()) + step + count) % count;
   form_.ShowSettingsPage(static_cast<std::size_t>(page));
   menu_->button(page)->setFocus(Qt::TabFocusReason);

@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "core/counting.h"
 #include "ui/binder.h"
 #include "ui/qt_text.h"
 
@@ -37,17 +38,15 @@ class RowDelegate final : public QStyledItemDelegate {
 
 }  // namespace
 
-int SheetModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(sheet_.Rows().size());
-}
+int SheetModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : CountOf(sheet_.Rows()); }
 
 int SheetModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(sheet_.Headings().size());
+  return parent.isValid() ? 0 : CountOf(sheet_.Headings());
 }
 
 QVariant SheetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
-  const SheetRow& row = sheet_.Rows()[static_cast<std::size_t>(index.row())];
+  const SheetRow& row = ItemAt(sheet_.Rows(), index.row());
   const auto column = static_cast<std::size_t>(index.column());
   switch (role) {
     case Qt::DisplayRole:
@@ -73,7 +72,7 @@ bool SheetModel::setData(const QModelIndex& index, const QVariant& /*value*/, in
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading);
-  return role == Qt::DisplayRole ? ToQt(sheet_.Headings()[static_cast<std::size_t>(section)]) : QVariant();
+  return role == Qt::DisplayRole ? ToQt(ItemAt(sheet_.Headings(), section)) : QVariant();
 }
 
 Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {

@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "core/counting.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -81,8 +82,7 @@ bool SyncLine::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto& help = static_cast<const QHelpEvent&>(*event);
   const int block = BlockAt(help.pos());
-  QToolTip::showText(help.globalPos(),
-                     block < 0 ? QString() : ToQt(page_.lstSegments.Items()[static_cast<std::size_t>(block)]), this);
+  QToolTip::showText(help.globalPos(), block < 0 ? QString() : ToQt(ItemAt(page_.lstSegments.Items(), block)), this);
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 
+#include "core/counting.h"
 #include "ui/binder.h"
 #include "ui/key_codes.h"
 #include "ui/qt_text.h"
@@ -82,7 +83,7 @@ class LineBinding final : public TextBinding {
     if (line_.text() != ToQt(box_.GetText())) line_.setText(ToQt(box_.GetText()));
     // A shorter text leaves the form's caret behind its end.
     if (line_.hasFocus()) {
-      line_.setSelection(std::min(box_.SelStart(), static_cast<int>(line_.text().size())), box_.SelLength());
+      line_.setSelection(std::min(box_.SelStart(), CountOf(line_.text())), box_.SelLength());
     }
   }
   void NoteSelection() override {

@@ -3,6 +3,8 @@
 #include <QStyle>
 #include <QWidget>
 
+#include "core/counting.h"
+
 namespace cuewright {
 
 WrapRow::WrapRow(QWidget* parent, int gap, int lineGap) : QLayout(parent), gap_(gap), lineGap_(lineGap) {
@@ -14,7 +16,7 @@ WrapRow::~WrapRow() {
 }
 
 QLayoutItem* WrapRow::itemAt(int index) const {
-  return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)] : nullptr;
+  return index >= 0 && index < count() ? ItemAt(items_, index) : nullptr;
 }
 
 QLayoutItem* WrapRow::takeAt(int index) {

@@ -3,6 +3,8 @@
 #include <QLayout>
 #include <vector>
 
+#include "core/counting.h"
+
 namespace cuewright {
 
 /// Puts its items beside each other, in the reading direction, and goes on in a new line where the width ends.
@@ -13,7 +15,7 @@ class WrapRow final : public QLayout {
   ~WrapRow() override;
 
   void addItem(QLayoutItem* item) override { items_.push_back(item); }
-  int count() const override { return static_cast<int>(items_.size()); }
+  int count() const override { return CountOf(items_); }
   QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;
   bool hasHeightForWidth() const override { return true; }

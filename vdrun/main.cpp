@@ -68,7 +68,7 @@ std::unique_ptr<RunDisplay> MakeDisplay(Processes& processes) {
 int QuantizerOfUser(Files& files) {
   const SettingsStore store(files, SettingsFilePath());
   const Text stored = store.GetSetting(kMainSection, u"VDQUANT", Decimal(kDefaultQuantizer));
-  const auto quantizer = static_cast<int>(LeadingNumber(stored));
+  const auto quantizer = LeadingInt(stored);
   return quantizer < kLeastQuantizer || quantizer > kMostQuantizer ? kDefaultQuantizer : quantizer;
 }
 

@@ -125,6 +125,39 @@ bool EbuFormat::BeginsBefore(std::string_view blocks, Ms ms) const {
   return false;
 }
 
+std::size_t EbuFormat::EndOfCaption(std::string_view bytes, std::size_t at) const {
+  const std::string_view block = bytes.substr(at, kBlockSize);
+  std::size_t end = at + kBlockSize;
+  for (unsigned char extension = ByteAt(block, kExtensionAt);
+       extension != kLastBlock && end + kBlockSize <= bytes.size(); end += kBlockSize) {
+    const std::string_view next = bytes.substr(end, kBlockSize);
+    if (IsUserData(next)) continue;
+    if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
+    const unsigned char following = ByteAt(next, kExtensionAt);
+    // Blocks of a caption are counted, so that there are no more than 241.
+    if (following != kLastBlock && following != extension + 1) break;
+    extension = following;
+  }
+  return end;
+}
+
+bool EbuFormat::TakeCaption(std::string_view bytes, Stretch whole, TextView separator, SourceSink& sink) const {
+  const std::size_t at = whole.at;
+  Ms start = 0;
+  Ms stop = 0;
+  if (!TimeOf(bytes.substr(at + kStartAt, kTimeSize), start) || !TimeOf(bytes.substr(at + kEndAt, kTimeSize), stop)) {
+    sink.NotUnderstood(at);
+    return true;
+  }
+  SourceRecord record;
+  record.whole = whole;
+  record.number = Stretch::Of(at + kNumberAt, 2);
+  record.start = Stretch::Of(at + kStartAt, kTimeSize);
+  record.end = Stretch::Of(at + kEndAt, kTimeSize);
+  return sink.Add(start - programmeStart_, std::max<Ms>(stop - programmeStart_, 0),
+                  TextOf(record.whole.In(bytes), separator), record);
+}
+
 void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sink) {
   const std::string_view bytes = text.bytes;
   size_ = bytes.size();
@@ -138,32 +171,9 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
     const std::string_view block = bytes.substr(at, kBlockSize);
     std::size_t end = at + kBlockSize;
     if (!IsNoCaption(block)) {
-      for (unsigned char extension = ByteAt(block, kExtensionAt);
-           extension != kLastBlock && end + kBlockSize <= bytes.size(); end += kBlockSize) {
-        const std::string_view next = bytes.substr(end, kBlockSize);
-        if (IsUserData(next)) continue;
-        if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
-        const unsigned char following = ByteAt(next, kExtensionAt);
-        // Blocks of a caption are counted, so that there are no more than 241.
-        if (following != kLastBlock && following != extension + 1) break;
-        extension = following;
-      }
+      end = EndOfCaption(bytes, at);
       if (std::exchange(first, false)) firstNumber_ = NumberOf(block);
-      Ms start = 0;
-      Ms stop = 0;
-      if (TimeOf(block.substr(kStartAt, kTimeSize), start) && TimeOf(block.substr(kEndAt, kTimeSize), stop)) {
-        SourceRecord record;
-        record.whole = Stretch::Between(at, end);
-        record.number = Stretch::Of(at + kNumberAt, 2);
-        record.start = Stretch::Of(at + kStartAt, kTimeSize);
-        record.end = Stretch::Of(at + kEndAt, kTimeSize);
-        if (!sink.Add(start - programmeStart_, std::max<Ms>(stop - programmeStart_, 0),
-                      TextOf(record.whole.In(bytes), separator), record)) {
-          return;
-        }
-      } else {
-        sink.NotUnderstood(at);
-      }
+      if (!TakeCaption(bytes, Stretch::Between(at, end), separator, sink)) return;
     }
     at = end;
   }

@@ -30,6 +30,10 @@ class EbuFormat final : public SourceFormat {
   Ms ProgrammeStart(std::string_view digits) const;
   /// A caption in these blocks begins before a time.
   bool BeginsBefore(std::string_view blocks, Ms ms) const;
+  /// Where the blocks of the caption end that begins at a place.
+  std::size_t EndOfCaption(std::string_view bytes, std::size_t at) const;
+  /// False when the sink takes no more.
+  bool TakeCaption(std::string_view bytes, Stretch whole, TextView separator, SourceSink& sink) const;
   /// The bytes of one text field behind the other, without what is unused.
   std::string FieldOf(std::string_view blocks) const;
   Text TextOf(std::string_view blocks, TextView separator) const;

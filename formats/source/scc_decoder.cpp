@@ -79,14 +79,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Command(std::uint8_t second
     case 0x25:
     case 0x26:
     case 0x27:  // roll-up captions of two to four rows
-      if (mode_ != Mode::RollUp) {
-        gone = TakeOff(now);
-        baseRow_ = CaptionScreen::kRows - 1;
-        screens_[1 - seen_].Clear();
-      }
-      mode_ = Mode::RollUp;
-      Written().MoveTo(baseRow_, 0);
-      break;
+      return BeginRollUp(now);
     case 0x29:  // resume direct captioning
       gone = TakeOff(now);
       mode_ = Mode::PaintOn;
@@ -104,14 +97,30 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Command(std::uint8_t second
       screens_[1 - seen_].Clear();
       break;
     case 0x2F:  // end of caption: the memories change places
-      gone = TakeOff(now);
-      seen_ = 1 - seen_;
-      start_ = now;
-      mode_ = Mode::PopOn;
-      break;
+      return ShowLoaded(now);
     default:
       break;
   }
+  return gone;
+}
+
+std::optional<CaptionDecoder::Shown> CaptionDecoder::BeginRollUp(std::int64_t now) {
+  std::optional<Shown> gone;
+  if (mode_ != Mode::RollUp) {
+    gone = TakeOff(now);
+    baseRow_ = CaptionScreen::kRows - 1;
+    screens_[1 - seen_].Clear();
+  }
+  mode_ = Mode::RollUp;
+  Written().MoveTo(baseRow_, 0);
+  return gone;
+}
+
+std::optional<CaptionDecoder::Shown> CaptionDecoder::ShowLoaded(std::int64_t now) {
+  std::optional<Shown> gone = TakeOff(now);
+  seen_ = 1 - seen_;
+  start_ = now;
+  mode_ = Mode::PopOn;
   return gone;
 }
 

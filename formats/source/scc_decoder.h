@@ -31,7 +31,11 @@ class CaptionDecoder {
 
   std::optional<Shown> Control(std::uint8_t first, std::uint8_t second, std::int64_t now);
   std::optional<Shown> Command(std::uint8_t second, std::int64_t now);
+  /// Captions roll up from now on, in two to four rows.
+  std::optional<Shown> BeginRollUp(std::int64_t now);
   std::optional<Shown> RollUp(std::int64_t now);
+  /// What was loaded unseen is shown: the two memories change places.
+  std::optional<Shown> ShowLoaded(std::int64_t now);
   void Preamble(std::uint8_t first, std::uint8_t second);
   void MidRow(std::uint8_t second);
   void Put(char16_t character, std::int64_t now);

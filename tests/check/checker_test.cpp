@@ -81,6 +81,15 @@ TEST_F(CheckerTest, CountsWhatAReaderSees) {
   EXPECT_EQ(Found(), (Lines{"2 cps 11 10"}));
 }
 
+TEST_F(CheckerTest, AsksWhatIsReadableInTheTime) {
+  rules.charactersWithin = {12, 20};
+  rules.charactersASecond = 15;
+  Fill({{0, 1000, u"0123456789ab"}, {1000, 3000, u"0123456789abcdefghijk"}, {3000, 3500, u"0123456"}});
+  EXPECT_EQ(Found(), (Lines{"3 cps 14 12"}));
+  Fill({{0, 1500, u"0123456789abcdef"}, {2000, 3500, u"0123456789abcdefg"}});
+  EXPECT_EQ(Found(), (Lines{"2 cps 11 10"}));
+}
+
 TEST_F(CheckerTest, CountsWordsAMinute) {
   rules.wordsAMinute = 180;
   Fill({{0, 1000, u"one two|three"}, {1000, 2000, u"one two|three four"}});

@@ -59,6 +59,13 @@ TEST_F(FixesTest, TakesTheRoomInFrontWhereThereIsNoneBehind) {
   EXPECT_EQ(Fix(), "2 1600 2600 a");
 }
 
+TEST_F(FixesTest, GivesTheTimeThatReadingTakes) {
+  rules.charactersWithin = {12, 20};
+  rules.charactersASecond = 15;
+  Fill({{1000, 1500, Text(16, u'x')}});
+  EXPECT_EQ(Fix(), "1 1000 2500 " + std::string(16, 'x'));
+}
+
 TEST_F(FixesTest, ProposesNothingThatHarmsAnother) {
   rules.maxDuration = {2000, 0};
   rules.charactersASecond = 10;

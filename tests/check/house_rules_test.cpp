@@ -27,15 +27,33 @@ std::string ProblemOf(TextView text) {
 TEST(HouseRules, AreReadFromAFile) {
   const HouseRules rules = Read(
       u"; a remark\n[General]\nName=A house\r\nSource=Its guide\nDate=2025-12\nLanguage=en\nRate=23.976\n"
-      u"MinDuration=20 frames\nMaxDuration = 7000\nCharactersASecond=12.5\nDash=\"- \"\nWideLetters=1\n");
+      u"MinDuration=20 frames\nMaxDuration = 7000\nCharactersASecond=12.5\nChainBelow=12 frames\nDash=\"- "
+      u"\"\nWideLetters=1\n");
   EXPECT_EQ(rules.name, u"A house");
   EXPECT_EQ(rules.rate, FrameRate(23.976));
   EXPECT_EQ(rules.minDuration.frames, 20);
   EXPECT_EQ(rules.maxDuration.ms, 7000);
   EXPECT_EQ(rules.charactersASecond, 12.5);
+  EXPECT_EQ(rules.chainBelow.frames, 12);
   EXPECT_EQ(rules.dash, u"- ");
   EXPECT_TRUE(rules.wideLetters);
   EXPECT_EQ(rules.lines, 0);
+}
+
+TEST(HouseRules, MayStateWhatIsReadWithinTheFirstSeconds) {
+  const HouseRules rules = Read(u"Name=A\nCharactersWithin=12 20 36\nCharactersASecond=15\n");
+  EXPECT_EQ(rules.CharactersIn(500), 6);
+  EXPECT_EQ(rules.CharactersIn(1000), 12);
+  EXPECT_EQ(rules.CharactersIn(1500), 16);
+  EXPECT_EQ(rules.CharactersIn(2750), 32);
+  EXPECT_EQ(rules.CharactersIn(3000), 45);
+  EXPECT_EQ(rules.CharactersIn(4000), 60);
+  for (const double ms : {250.0, 1000.0, 1500.0, 2750.0, 4000.0}) EXPECT_EQ(rules.MsFor(rules.CharactersIn(ms)), ms);
+  EXPECT_EQ(Read(u"Name=A\nCharactersASecond=100\n").CharactersIn(290), 29);
+  EXPECT_EQ(Read(u"Name=A\n").CharactersIn(1000), 0);
+  EXPECT_EQ(ProblemOf(u"Name=A\nCharactersWithin=12 12\n"), "line 2: '12 12' can't be the value of CharactersWithin");
+  EXPECT_EQ(ProblemOf(u"Name=A\nCharactersWithin=12 20\n"),
+            "CharactersWithin needs CharactersASecond for what is longer");
 }
 
 TEST(HouseRules, TellWhichLineIsWrong) {

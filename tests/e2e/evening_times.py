@@ -45,7 +45,7 @@ def open_another_cut(s):
 def find_places(s):
     s.keys("ctrl+shift+t")
     desktop.wait_for("the window", lambda: s.program.window_id("^Retime$"))
-    by_sound = desktop.wait_for("the way", lambda: s.program.find("radio button", "By the film's sound"))
+    by_sound = desktop.wait_for("the way", lambda: s.program.find("radio button", "By the sound or another subtitle"))
     by_sound.queryAction().doAction(0)
     s.press_button("By another subtitle...")
     s.type_path(s.path("fits.srt"))

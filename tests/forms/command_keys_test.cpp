@@ -30,7 +30,12 @@ struct Keys : ProgramFixture {
 TEST_F(Keys, NoTwoCommandsOfASetHaveTheSame) {
   for (int set = 0; set < kKeySets; ++set) {
     All().Choose(static_cast<KeySet>(set));
+    const AppOptions& o = program->options;
     std::map<std::string, std::string> holders;
+    for (const std::uint8_t letter : {o.playKey, o.pauseKey, o.stopKey, o.startKey, o.nextKey, o.endKey, o.previousKey,
+                                      o.jumpKey, o.rewindKey, o.forwardKey}) {
+      holders.emplace(std::string{static_cast<char>(letter)}, "captioning");
+    }
     for (const MenuItem* item : All().Commands()) {
       for (const std::string& key : SingleKeys(item->Shortcut())) {
         const auto [holder, isNew] = holders.emplace(key, item->Name());
@@ -47,11 +52,28 @@ TEST_F(Keys, AreStoredWhereTheyDifferFromTheSet) {
   Restart({});
   EXPECT_EQ(Window().mnuGoTo.Shortcut(), "Ctrl+G");
   All().Choose(KeySet::SubtitleEdit);
-  EXPECT_EQ(Window().mnuPlayOrPause.Shortcut(), "Ctrl+P");
+  EXPECT_EQ(Window().mnuPushFromHere.Shortcut(), "F9");
+  All().Assign(Window().mnuGoTo, "F3");
   Restart({});
   EXPECT_EQ(All().Set(), KeySet::SubtitleEdit);
-  EXPECT_EQ(Window().mnuPlayOrPause.Shortcut(), "Ctrl+P");
-  EXPECT_NE(Window().mnuGoTo.Shortcut(), "Ctrl+Alt+G");
+  EXPECT_EQ(Window().mnuPushFromHere.Shortcut(), "F9");
+  EXPECT_EQ(Window().mnuGoTo.Shortcut(), "F3");
+  All().Choose(KeySet::SubtitleEdit);
+  EXPECT_EQ(Window().mnuGoTo.Shortcut(), "Ctrl+G");
+}
+
+TEST_F(Keys, FollowTheHabitsOfOtherPrograms) {
+  All().Choose(KeySet::Aegisub);
+  EXPECT_EQ(Window().mnuPlayBeforeStart.Shortcut(), "Q");
+  EXPECT_EQ(Window().mnuSplitAtFilm.Shortcut(), "Ctrl+D");
+  EXPECT_EQ(Window().mnuDuplicate.Shortcut(), "");
+  EXPECT_EQ(Window().mnuMoveUp.Shortcut(), "Alt+Up") << "what the other program has as well stays";
+  All().Choose(KeySet::SubtitleEdit);
+  EXPECT_EQ(Window().mnuPlayBeforeStart.Shortcut(), "F6");
+  EXPECT_EQ(Window().mnuJoinSelected.Shortcut(), "Ctrl+Shift+M");
+  EXPECT_EQ(Window().mnuMoveUp.Shortcut(), "");
+  All().Choose(KeySet::Own);
+  EXPECT_EQ(Window().mnuDuplicate.Shortcut(), "Ctrl+D");
 }
 
 TEST_F(Keys, OfAnotherCommandAreTakenFromIt) {

@@ -13,6 +13,7 @@
 #include <QUrl>
 
 #include "tests/support/program_fixture.h"
+#include "ui/elided_label.h"
 #include "ui/program_windows.h"
 #include "ui/qt_text.h"
 #include "ui/svg_picture.h"
@@ -231,6 +232,21 @@ TEST_F(Strip, OffersWhatTheRulesFoundAndTakesItBack) {
   Find<QToolButton>("cmdUndoRules")->click();
   EXPECT_EQ(program->list.GetCaptionStart(2), 2500);
   EXPECT_FALSE(Find<QLabel>("lblNotice")->isVisible());
+}
+
+TEST_F(Strip, ALongTextBesideAShortOneHasTheRoomThatIsLeft) {
+  const auto wholly = [&](const char* name) {
+    const auto* label = static_cast<ElidedLabel*>(Find<QLabel>(name));
+    return label->ShownText() == label->text();
+  };
+  const QFontMetrics metrics = view->fontMetrics();
+  // Both fit, but not into a half each.
+  program->window.lblTextFile.SetText(u"Short");
+  program->window.lblVideoFile.SetText(Text(600u / static_cast<unsigned>(metrics.horizontalAdvance(u'x')), u'x'));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return wholly("lblVideoFile") && wholly("lblTextFile"); }));
+  // The longest path leaves the other one its name.
+  program->window.lblVideoFile.SetText(Text(2000, u'x'));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !wholly("lblVideoFile") && wholly("lblTextFile"); }));
 }
 
 TEST_F(Strip, IsGoneWithTheInformationBar) {
