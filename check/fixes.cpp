@@ -36,7 +36,7 @@ struct Copy {
   Copy(const CaptionList& list, Row first, Row last) : rows(list.Options(), modified) {
     rows.SetMarks(list.Marks());
     std::vector<Caption> captions;
-    captions.reserve(static_cast<std::size_t>(last - first + 1));
+    captions.reserve(last.Index() - first.Index() + 1);
     for (Row row = first; row <= last; ++row) captions.push_back(list.At(row));
     rows.Replace(1, 1, std::move(captions));
   }

@@ -185,7 +185,9 @@ void CaptionList::DeleteCaption(Row row) {
   SetModified();
 }
 
-void CaptionList::DeleteCaptions(RowSet rows) {  // by value: those that are selected change with the list
+// By value: the rows may be those that are selected, which change with the list.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+void CaptionList::DeleteCaptions(RowSet rows) {
   const Row first = rows.First();
   const Row last = std::min(rows.Last(), Rows() - 1);
   if (!InRange(first)) return;

@@ -1,6 +1,7 @@
 // How the time of reading grows with the size of files that are made to keep a reader busy: the ratio of the times at
 // 5 MB and at a quarter of that, which is 4 for a reader that goes through its file once, and the longest time. First
-// the readers by published rules, then every format of the catalogue as the classic manner reads it.
+// the readers by published rules, then every format of the catalogue as the classic manner reads it and as today's
+// does.
 //   bench_hostile [--moment]
 #include <algorithm>
 #include <cstdio>
@@ -71,10 +72,10 @@ std::string OpenCaption(testing::FormatRig& rig, const Text& id) {
   return text == std::string::npos ? whole : whole.substr(0, text + 1) + "\n";
 }
 
-void ImportHostileFiles(std::size_t size, int rounds) {
+void ImportHostileFiles(std::size_t size, int rounds, bool classic) {
   testing::FormatRig rig;
-  rig.options.manner.SetClassic(true);
-  PrintHead("classic import");
+  rig.options.manner.SetClassic(classic);
+  PrintHead(classic ? "classic import" : "import");
   const auto print = [&](const Text& id, const std::string& begin, const std::string& piece) {
     const auto seconds = [&](std::size_t bytes) {
       const std::string content = test::HostileFile{id, begin, piece}.OfSize(bytes);
@@ -86,8 +87,12 @@ void ImportHostileFiles(std::size_t size, int rounds) {
   for (int index = 1; index < rig.catalogue.Count(); ++index) {
     const Text& id = rig.catalogue.Identifier(index);
     const std::string begin = OpenCaption(rig, id);
+    // Whole files behind each other, with heads in the middle and lines that belong to nothing.
+    print(id, "", rig.Save(id, 25) + "\n@\n");
+    if (!classic) continue;
     for (const char* const piece : {":\n", ":\nx\n", "<\n"}) print(id, begin, piece);
   }
+  if (!classic) return;
   std::string nested;
   for (int i = 0; nested.size() < 4000; ++i) nested += "<a<" + std::to_string(i) + ">";
   print(u"SAMI", "<SAMI>\n<BODY>\n<SYNC START=1000>\n", nested + "\n");
@@ -101,5 +106,5 @@ int main(int argc, char** argv) {
   const std::size_t size = moment ? 1 << 16 : 5 << 20;
   const int rounds = moment ? 1 : 3;
   cuewright::ReadHostileFiles(size, rounds);
-  cuewright::ImportHostileFiles(size, rounds);
+  for (const bool classic : {true, false}) cuewright::ImportHostileFiles(size, rounds, classic);
 }

@@ -17,7 +17,8 @@ struct SourceLine {
 /// The lines of a file whose ends may mix: LF, CR LF, CR, and CR CR LF as one.
 class SourceLines {
  public:
-  explicit SourceLines(std::string_view bytes, std::size_t at = 0) : bytes_(bytes), next_(at) { ends_ = EndsOf(bytes); }
+  /// Looks through all of the bytes once.
+  explicit SourceLines(std::string_view bytes) : bytes_(bytes), ends_(EndsOf(bytes)) {}
 
   /// Takes the next line; false behind the last one. A file that ends in a line end has no line behind it.
   [[nodiscard]] bool Next(SourceLine& line) {
@@ -40,7 +41,7 @@ class SourceLines {
     return true;
   }
 
-  /// Goes back to a line that was taken.
+  /// The line that begins at a place is the next one.
   void GoTo(std::size_t place) { next_ = place; }
   std::size_t Place() const { return next_; }
 
@@ -63,8 +64,8 @@ class SourceLines {
   }
 
   std::string_view bytes_;
-  std::size_t next_;
-  Ends ends_ = Ends::Lf;
+  std::size_t next_ = 0;
+  Ends ends_;
 };
 
 }  // namespace cuewright

@@ -36,9 +36,10 @@ void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueF
       rules->FindFields(rows[i], Bytes(), *codec, separator, record);
       rows[i].origin = Add(record, rows[i]);
     }
+    SourceLines lines(Bytes());
+    SourceLine line;
     for (const std::size_t place : watch.LinesLeft()) {
-      SourceLines lines(Bytes(), place);
-      SourceLine line;
+      lines.GoTo(place);
       if (lines.Next(line) && !rules->IsOfTheForm(file_.Decoded(line.text))) AddNotUnderstood(place);
     }
   }
