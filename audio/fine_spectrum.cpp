@@ -124,7 +124,7 @@ void FineSpectrum::ReadSamples(std::int64_t first, std::int64_t last) {
   const std::uint64_t wanted = static_cast<std::uint64_t>(end - from) * layout_.frameBytes;
   bytes_.resize(static_cast<std::size_t>(std::min(wanted, layout_.end - at)));
   const std::size_t frames = file_->ReadAt(at, bytes_.data(), bytes_.size()) / layout_.frameBytes;
-  const auto channels = static_cast<int>(layout_.frameBytes / kSampleBytes);
+  const int channels = std::max(static_cast<int>(layout_.frameBytes / kSampleBytes), 1);
   const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(bytes_[place]); };
   for (std::size_t i = 0; i < frames; ++i) {
     int sum = 0;
