@@ -182,13 +182,14 @@ struct Value {
   std::string scalar;
   bool isString = false;
   bool isObject = false;
-  std::vector<std::pair<std::string, Value>> members;  ///< of an object, or of a list with empty keys
+  std::string key;             ///< where it is a member of an object
+  std::vector<Value> members;  ///< of an object or a list
 
   const Value* Of(const Lines& names) const {
     const Value* found = nullptr;
-    for (const auto& [key, value] : members) {
+    for (const Value& value : members) {
       for (const std::string& name : names) {
-        if (isObject && key == name) found = &value;
+        if (isObject && value.key == name) found = &value;
       }
     }
     return found;
@@ -210,7 +211,8 @@ Value TakeValue(Lines& tokens) {
       key = TakeValue(tokens).scalar;
       tokens.erase(tokens.begin());
     }
-    value.members.emplace_back(key, TakeValue(tokens));
+    value.members.push_back(TakeValue(tokens));
+    value.members.back().key = key;
   }
   tokens.erase(tokens.begin());
   return value;
@@ -232,8 +234,8 @@ std::optional<Segment> SegmentOf(const Value& object) {
   const Value* end = object.Of({"end", "endTime", "end_time"});
   const Value* duration = object.Of({"duration", "dur", "dDurationMs"});
   if (const Value* list = object.Of({"timestamp"}); list != nullptr && list->members.size() == 2) {
-    start = &list->members[0].second;
-    end = &list->members[1].second;
+    start = &list->members[0];
+    end = &list->members[1];
   }
   if (const Value* offsets = object.Of({"offsets"})) {
     start = offsets->Of({"from"});
@@ -242,7 +244,7 @@ std::optional<Segment> SegmentOf(const Value& object) {
   }
   if (const Value* pieces = object.Of({"segs"})) {
     segment.inMs = true;
-    for (const auto& [key, piece] : pieces->members) segment.text += piece.Of({"utf8"})->scalar;
+    for (const Value& piece : pieces->members) segment.text += piece.Of({"utf8"})->scalar;
   } else if (text != nullptr && text->isString) {
     segment.text = text->scalar;
   } else {
@@ -258,8 +260,8 @@ std::optional<Segment> SegmentOf(const Value& object) {
 /// The segments of a value and of all in it; those of a list of words are none, nor is what holds segments.
 void FindSegments(const Value& value, std::vector<Segment>& found) {
   const std::size_t before = found.size();
-  for (const auto& [key, member] : value.members) {
-    const bool words = key == "words" || key == "tokens";
+  for (const Value& member : value.members) {
+    const bool words = member.key == "words" || member.key == "tokens";
     if (!words) FindSegments(member, found);
   }
   const auto segment = value.isObject && found.size() == before ? SegmentOf(value) : std::nullopt;
