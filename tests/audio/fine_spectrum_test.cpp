@@ -24,7 +24,7 @@ class Samples final : public FileReader {
   Samples(std::string bytes, const bool& broken) : bytes_(std::move(bytes)), broken_(broken) {}
   std::uint64_t Size() const override { return kHeader + bytes_.size(); }
   std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) override {
-    if (broken_) throw RuntimeError(57, u"broken");
+    if (broken_) throw RuntimeError{57, u"broken"};
     const std::size_t at = static_cast<std::size_t>(offset) - kHeader;
     const std::size_t read = at < bytes_.size() ? std::min(count, bytes_.size() - at) : 0;
     std::memcpy(to, bytes_.data() + at, read);
