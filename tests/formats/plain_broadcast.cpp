@@ -101,7 +101,8 @@ PlainCaptions PlainEbu(const std::string& file) {
     return seconds * 1000 + Rounded(ByteAt(file, at + 3) * 1000, rate);
   };
   std::int64_t programme = 0;
-  if (const auto start = Match(file.substr(256, 8), "(\\d\\d)(\\d\\d)(\\d\\d)(\\d\\d)")) {
+  const std::string clock = file.substr(256, 8);
+  if (const auto start = Match(clock, "(\\d\\d)(\\d\\d)(\\d\\d)(\\d\\d)")) {
     programme = MsOf(start->str(1) + ":" + start->str(2) + ":" + start->str(3)) +
                 Rounded(std::stoi(start->str(4)) * 1000, rate);
   }
