@@ -14,8 +14,6 @@ constexpr std::uint32_t kLeastRate = 16000;
 constexpr int kMsASecond = 1000;
 /// A window is at most so long, and more than half of it.
 constexpr std::uint32_t kWindowMs = 16;
-constexpr std::size_t kSampleBytes = 2;
-constexpr int kLevels = 1 << 10;
 
 /// The frequency of a row, of -0.5 and so on the edge below it.
 double HzOf(double row) {
@@ -24,29 +22,12 @@ double HzOf(double row) {
   return SoundTable::kLowestHz * std::pow(SoundTable::kHighestHz / SoundTable::kLowestHz, band / kBands);
 }
 
-/// Half decibels of a power.
-std::uint8_t UnitsOf(float power) {
-  // A power is 2^e by 1 to 2: the logarithm of both parts is looked up.
-  static const std::array<float, kLevels> kLogs = [] {
-    std::array<float, kLevels> logs{};
-    for (int i = 0; i < kLevels; ++i) {
-      logs[static_cast<std::size_t>(i)] = std::log2(1 + (static_cast<float>(i) + 0.5F) / kLevels);
-    }
-    return logs;
-  }();
-  if (power <= 1) return 0;
-  const auto bits = std::bit_cast<std::uint32_t>(power);
-  const auto exponent = static_cast<float>(static_cast<int>(bits >> 23) - 127);
-  constexpr float kUnitsADoubling = 6.0206F;
-  const float units = (exponent + kLogs[bits >> 13 & (kLevels - 1)]) * kUnitsADoubling;
-  return static_cast<std::uint8_t>(std::min(units + 0.5F, 255.0F));
-}
-
 }  // namespace
 
 void FineSpectrum::Open(std::unique_ptr<FileReader> file, const WaveLayout& layout) {
   Forget();
-  if (layout.begin == 0 || layout.bits != 16 || layout.rate < kLeastRate || layout.frameBytes < kSampleBytes) return;
+  if (layout.begin == 0 || layout.bits != 16 || layout.rate < kLeastRate || layout.frameBytes < Sample16::kBytes)
+    return;
   file_ = std::move(file);
   layout_ = layout;
   spectrum_ = std::make_unique<PowerSpectrum>(std::bit_floor(layout.rate * kWindowMs / kMsASecond));
@@ -64,7 +45,7 @@ void FineSpectrum::Forget() {
 void FineSpectrum::MakeRows() {
   const double width = static_cast<double>(layout_.rate) / static_cast<double>(spectrum_->Size());
   for (int number = 0; number < kRows; ++number) {
-    Row& row = rows_[static_cast<std::size_t>(number)];
+    BinShares& row = rows_[static_cast<std::size_t>(number)];
     row.shares.clear();
     const double low = HzOf(number - 0.5) / width;
     const double high = HzOf(number + 0.5) / width;
@@ -117,23 +98,18 @@ void FineSpectrum::ReadSamples(std::int64_t first, std::int64_t last) {
   const auto length = static_cast<std::int64_t>(spectrum_->Length());
   firstSample_ = first * stepMs_ * layout_.rate / kMsASecond - length;
   const std::int64_t end = (last + 1) * stepMs_ * layout_.rate / kMsASecond + length;
-  samples_.assign(static_cast<std::size_t>(end - firstSample_), 0);
   const std::int64_t from = std::max<std::int64_t>(firstSample_, 0);
+  // Before the sound and behind it there is silence.
+  samples_.assign(static_cast<std::size_t>(from - firstSample_), 0);
   const std::uint64_t at = layout_.begin + static_cast<std::uint64_t>(from) * layout_.frameBytes;
-  if (at >= layout_.end) return;
-  const std::uint64_t wanted = static_cast<std::uint64_t>(end - from) * layout_.frameBytes;
+  if (at < layout_.end) ReadFrames(at, static_cast<std::uint64_t>(end - from) * layout_.frameBytes);
+  samples_.resize(static_cast<std::size_t>(end - firstSample_));
+}
+
+void FineSpectrum::ReadFrames(std::uint64_t at, std::uint64_t wanted) {
   bytes_.resize(static_cast<std::size_t>(std::min(wanted, layout_.end - at)));
-  const std::size_t frames = file_->ReadAt(at, bytes_.data(), bytes_.size()) / layout_.frameBytes;
-  const int channels = std::max(static_cast<int>(layout_.frameBytes / kSampleBytes), 1);
-  const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(bytes_[place]); };
-  for (std::size_t i = 0; i < frames; ++i) {
-    int sum = 0;
-    for (int channel = 0; channel < channels; ++channel) {
-      const std::size_t place = i * layout_.frameBytes + static_cast<std::size_t>(channel) * kSampleBytes;
-      sum += static_cast<std::int16_t>(byte(place) | byte(place + 1) << 8);
-    }
-    samples_[static_cast<std::size_t>(from - firstSample_) + i] = static_cast<std::int16_t>(sum / channels);
-  }
+  const std::size_t read = file_->ReadAt(at, bytes_.data(), bytes_.size());
+  MixFrames(std::span(bytes_).first(read), layout_.frameBytes, samples_);
 }
 
 void FineSpectrum::Measure(std::int64_t step, Column& column) {
@@ -142,7 +118,7 @@ void FineSpectrum::Measure(std::int64_t step, Column& column) {
   const std::span<const float> powers =
       spectrum_->Measure(std::span(samples_).subspan(static_cast<std::size_t>(from), spectrum_->Length()));
   std::ranges::transform(rows_, column.begin(),
-                         [&](const Row& row) { return UnitsOf(DotOf(row.shares, &powers[row.first])); });
+                         [&](const BinShares& row) { return SoundTable::UnitsOf(row.PowerIn(powers)); });
 }
 
 const FineSpectrum::Column* FineSpectrum::At(double ms) const {

@@ -3,23 +3,14 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <vector>
 
+#include "audio/wave_samples.h"
 #include "audio/wave_scale.h"
 #include "core/ports/files.h"
 #include "sound/power_spectrum.h"
 
 namespace cuewright {
-
-/// Where the samples of a wave file lie and what they are.
-struct WaveLayout {
-  std::uint64_t begin = 0;  ///< of the first sample in the file; 0: not known
-  std::uint64_t end = 0;
-  std::uint32_t rate = 0;        ///< samples a second
-  std::uint32_t frameBytes = 0;  ///< of all channels at one time
-  int bits = 0;                  ///< of a sample, 8 or 16
-};
 
 /// What a sound is made of in more rows and more often than its table tells, measured from the wave file where a
 /// picture shows it, and kept as long as pictures do.
@@ -52,24 +43,20 @@ class FineSpectrum {
     std::int64_t step = -1;
     Column column{};
   };
-  /// The bins of the transform that a row is made of.
-  struct Row {
-    std::size_t first = 0;
-    std::vector<float> shares;
-  };
   static constexpr std::size_t kKept = 8192;
 
   void MakeRows();
   /// The step whose column stands at a time.
   std::int64_t StepAt(double ms) const;
   void ReadSamples(std::int64_t first, std::int64_t last);
+  void ReadFrames(std::uint64_t at, std::uint64_t wanted);
   void Measure(std::int64_t step, Column& column);
   void PrepareUnsafely(const WaveScale& scale);
 
   std::unique_ptr<FileReader> file_;
   WaveLayout layout_;
   std::unique_ptr<PowerSpectrum> spectrum_;
-  std::array<Row, kRows> rows_;
+  std::array<BinShares, kRows> rows_;
   std::vector<Kept> kept_;
   int stepMs_ = 0;  ///< of the picture that was prepared; 0: it shows nothing more than the table
   bool unfinished_ = false;

@@ -19,14 +19,6 @@ std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size)
   return value;
 }
 
-/// Samples of 16 bits, the lower byte first.
-struct Sample16 {
-  static constexpr std::size_t kBytes = 2;
-  static std::int16_t At(const char* at) {
-    return static_cast<std::int16_t>(static_cast<unsigned char>(at[0]) | static_cast<unsigned char>(at[1]) << 8);
-  }
-};
-
 /// Samples of 8 bits, of which 128 is silence.
 struct Sample8 {
   static constexpr std::size_t kBytes = 1;
@@ -131,13 +123,8 @@ void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
 }
 
 void WaveDetailReader::Mix(std::span<const char> bytes) {
-  const std::size_t channels = frameBytes_ / Sample16::kBytes;
   mixed_.clear();
-  for (std::size_t at = 0; at < bytes.size(); at += frameBytes_) {
-    int sum = 0;
-    for (std::size_t i = 0; i < channels; ++i) sum += Sample16::At(&bytes[at + i * Sample16::kBytes]);
-    mixed_.push_back(static_cast<std::int16_t>(sum / static_cast<int>(channels)));
-  }
+  MixFrames(bytes, frameBytes_, mixed_);
   measurer_->Add(mixed_);
 }
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "audio/fine_spectrum.h"
 #include "audio/wave_pyramid.h"
+#include "audio/wave_samples.h"
 #include "core/ports/files.h"
 #include "sound/sound_measurer.h"
 #include "sound/sound_table.h"

@@ -1,13 +1,11 @@
 #include "shots/film_pictures.h"
 
 #include <charconv>
-#include <chrono>
 #include <cstring>
 #include <deque>
 #include <limits>
 #include <memory>
 #include <string_view>
-#include <thread>
 
 #include "core/process_output.h"
 #include "core/runtime_error.h"
@@ -17,8 +15,6 @@ namespace {
 
 constexpr TextView kDecoder = u"ffmpeg";
 constexpr int kWaitMs = 100;
-/// A decoder writes many times a picture: what comes within this is taken at once. Its pipes hold far more.
-constexpr std::chrono::milliseconds kGather{10};
 constexpr std::int64_t kUsASecond = 1000000;
 constexpr std::size_t kLongestProblem = 300;
 /// Pictures that take no longer to measure than a window may stand still.
@@ -153,11 +149,7 @@ std::optional<FilmReading> FilmPictures::Poll() {
   return FilmReading{joiner_->Problem(*status), false};
 }
 
-void FilmPictures::Wait(int ms) {
-  child_->Wait(ms);
-  std::this_thread::sleep_for(kGather);
-}
-
+void FilmPictures::Wait(int ms) { child_->Wait(ms); }
 std::size_t FilmPictures::Count() const { return joiner_->Count(); }
 double FilmPictures::Seconds() const { return joiner_->Seconds(); }
 

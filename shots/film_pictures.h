@@ -29,7 +29,7 @@ class FilmPictures {
   /// Measures what has come since the last call and never waits. What came of it as soon as the film has ended; its
   /// last pictures are measured then.
   std::optional<FilmReading> Poll();
-  /// Returns a moment after there is more, at the latest after `ms` and that moment.
+  /// Returns when there may be more, at the latest after `ms`.
   void Wait(int ms);
   std::size_t Count() const;
   /// The presentation time of the last picture in seconds.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <kiss_fft.h>
+#include <kiss_fftr.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +10,13 @@
 
 namespace cuewright {
 
-/// The sum of products with as many other numbers.
-float DotOf(std::span<const float> one, const float* other);
+/// Bins of a transform that follow each other, and how much of each belongs to something.
+struct BinShares {
+  std::size_t first = 0;
+  std::vector<float> shares;
+
+  float PowerIn(std::span<const float> powers) const;
+};
 
 /// Measures the powers of the frequencies in windows of a sound.
 class PowerSpectrum {
@@ -21,26 +26,21 @@ class PowerSpectrum {
 
   std::size_t Length() const { return window_.size(); }
   /// Samples of the transform, a power of two; bin i stands for i times the rate by this.
-  std::size_t Size() const { return 2 * input_.size(); }
+  std::size_t Size() const { return input_.size(); }
   /// The power in each bin from 0 to half of `Size`, of `Length` samples; all of them add up to the mean square of the
   /// sound, in 16-bit units. They hold until the next call.
   std::span<const float> Measure(std::span<const std::int16_t> samples);
 
  private:
   struct Release {
-    void operator()(kiss_fft_state* state) const;
+    void operator()(kiss_fftr_state* state) const;
   };
 
-  /// The powers of a real transform, from one of half its size whose real parts are the even samples.
-  void TakePowers();
-
   std::vector<float> window_;
-  std::vector<kiss_fft_cpx> input_;
+  std::vector<float> input_;
   std::vector<kiss_fft_cpx> spectrum_;
-  std::vector<float> real_, imaginary_;  ///< of the spectrum, and its first bin again behind the last
-  std::vector<float> cosines_, sines_;   ///< by which the odd samples are turned in a bin
   std::vector<float> powers_;
-  std::unique_ptr<kiss_fft_state, Release> transform_;
+  std::unique_ptr<kiss_fftr_state, Release> transform_;
 };
 
 }  // namespace cuewright

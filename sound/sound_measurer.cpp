@@ -1,14 +1,12 @@
 #include "sound/sound_measurer.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace cuewright {
 namespace {
 
 constexpr int kMsPerSecond = 1000;
 constexpr int kWindowMs = 20;
-constexpr float kMostUnits = 255;
 
 }  // namespace
 
@@ -22,7 +20,7 @@ SoundMeasurer::SoundMeasurer(SoundTable& table, int samplesASecond)
       const double common =
           std::min(low + width, SoundTable::EdgeHz(number + 1)) - std::max(low, SoundTable::EdgeHz(number));
       if (common <= 0) continue;
-      Band& band = bands_[static_cast<std::size_t>(number)];
+      BinShares& band = bands_[static_cast<std::size_t>(number)];
       if (band.shares.empty()) band.first = bin;
       band.shares.push_back(static_cast<float>(common / width));
     }
@@ -67,12 +65,8 @@ void SoundMeasurer::MeasureReady() {
 void SoundMeasurer::Measure(std::span<const std::int16_t> samples) {
   const std::span<const float> powers = spectrum_.Measure(samples);
   SoundTable::Step step{};
-  std::ranges::transform(bands_, step.begin(), [&](const Band& band) {
-    const float power = std::max(DotOf(band.shares, &powers[band.first]), 1.0F);
-    const float units = 10 * std::log10(power) / SoundTable::kDbPerUnit;
-    // Never negative, so that this rounds.
-    return static_cast<std::uint8_t>(std::min(units + 0.5F, kMostUnits));
-  });
+  std::ranges::transform(bands_, step.begin(),
+                         [&](const BinShares& band) { return SoundTable::UnitsOf(band.PowerIn(powers)); });
   table_.Append(step);
 }
 

@@ -22,12 +22,6 @@ class SoundMeasurer {
   void Finish();
 
  private:
-  /// The bins of the transform that lie in a band, and how much of each.
-  struct Band {
-    std::size_t first = 0;
-    std::vector<float> shares;
-  };
-
   /// The place of the first sample of a step's window; before the sound for the first steps.
   std::int64_t WindowBegin(std::size_t step) const;
   void MeasureReady();
@@ -36,7 +30,7 @@ class SoundMeasurer {
   SoundTable& table_;
   int rate_;
   PowerSpectrum spectrum_;
-  std::array<Band, SoundTable::kBands> bands_;
+  std::array<BinShares, SoundTable::kBands> bands_;
   std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
   std::int64_t begin_ = 0;
   std::int64_t given_ = 0;  // samples of the sound so far

@@ -1,5 +1,6 @@
 #include "sound/sound_table.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -11,6 +12,13 @@ constexpr std::string_view kHead = "cuewright sound 1\n";
 constexpr std::size_t kCountBytes = 4;
 
 }  // namespace
+
+std::uint8_t SoundTable::UnitsOf(float power) {
+  constexpr float kMost = 255;
+  const float units = 10 * std::log10(std::max(power, 1.0F)) / kDbPerUnit;
+  // Never negative, so that this rounds.
+  return static_cast<std::uint8_t>(std::min(units + 0.5F, kMost));
+}
 
 double SoundTable::EdgeHz(int band) {
   return kLowestHz * std::pow(kHighestHz / kLowestHz, static_cast<double>(band) / kBands);

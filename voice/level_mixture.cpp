@@ -86,20 +86,19 @@ void LevelMixture::Divide() {
   laws_.push_back(other);
 }
 
-std::vector<float> LevelMixture::SharesOf(const Levels& levels) const {
-  std::vector<float> shares(laws_.size());
+void LevelMixture::TakeShares(const Levels& levels, std::vector<float>& shares) const {
   std::ranges::transform(laws_, shares.begin(), [&](const Law& law) { return law.LogDensity(levels); });
   const float best = std::ranges::max(shares);
   float sum = 0;
   for (float& share : shares) sum += share = std::exp(share - best);
   for (float& share : shares) share /= sum;
-  return shares;
 }
 
 void LevelMixture::Improve(std::span<const Levels> samples) {
   std::vector<Sums> all(laws_.size());
+  std::vector<float> shares(laws_.size());
   for (const Levels& levels : samples) {
-    const std::vector<float> shares = SharesOf(levels);
+    TakeShares(levels, shares);
     for (std::size_t place = 0; place < shares.size(); ++place) {
       if (shares[place] >= kLeastShare) all[place].Add(levels, double{shares[place]});
     }

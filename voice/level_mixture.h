@@ -34,7 +34,7 @@ class LevelMixture {
 
   void Divide();
   /// How likely a sample is of each law; 1 in sum.
-  std::vector<float> SharesOf(const Levels& levels) const;
+  void TakeShares(const Levels& levels, std::vector<float>& shares) const;
   void Improve(std::span<const Levels> samples);
 
   std::vector<Law> laws_;
