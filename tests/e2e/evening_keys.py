@@ -3,7 +3,6 @@
 import re
 
 import desktop
-from evening_files import journal_contents
 
 MARKED = ("1\r\n00:00:01,000 --> 00:00:02,000\r\n{\\an8}<i>one</i> and\r\n\r\n"
           "2\r\n00:00:03,000 --> 00:00:04,000\r\n<font color=\"#ff0000\">two</font>\r\n\r\n"
@@ -47,11 +46,7 @@ def a_pushed_list_survives_the_end_of_the_program(s):
     bare = re.compile(r"\d\d:\d\d:\d\d,\d{3}")
     assert bare.sub("", pushed) == bare.sub("", MARKED), pushed
     s.type_into_pane("Eins")
-    desktop.wait_for("the text in the journal",
-                     lambda: any("Eins".encode("utf-16-le") in content or b"Eins" in content
-                                 for content in journal_contents(s)))
-    s.program.process.kill()
-    s.program.process.wait()
+    s.kill_once_kept("Eins")
     assert s.read("a.srt") == pushed, s.read("a.srt")
     s.start()
     s.restore(3)

@@ -5,7 +5,7 @@ import random
 import subprocess
 
 import desktop
-from evening_files import gone, journal_contents, shown
+from evening_files import gone, shown
 from scene import captions_of
 from spoken_film import spoken_film
 
@@ -83,11 +83,7 @@ def places_that_were_taken_on_second_thoughts_survive_the_plug(s):
     s.keys("ctrl+z")
     s.keys("ctrl+y")
     s.type_into_pane("Second thoughts")
-    desktop.wait_for("the text in the journal",
-                     lambda: any("Second thoughts".encode("utf-16-le") in kept or b"Second thoughts" in kept
-                                 for kept in journal_contents(s)))
-    s.program.process.kill()
-    s.program.process.wait()
+    s.kill_once_kept("Second thoughts")
     assert s.read("a.srt") == content
     s.start()
     s.restore(90)

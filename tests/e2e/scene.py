@@ -310,6 +310,22 @@ class Scene:
         return [name for name in names
                 if name.endswith(".journal") and os.path.getsize(os.path.join(folder, name)) > 0]
 
+    def kill_once_kept(self, text):
+        """Kills the program as soon as a journal has this text."""
+        folder = os.path.join(self.state.name, "tessaly-cuewright", "journals")
+
+        def kept():
+            for name in self.journals():
+                with open(os.path.join(folder, name), "rb") as file:
+                    content = file.read()
+                if text.encode("utf-16-le") in content or text.encode() in content:
+                    return True
+            return False
+
+        desktop.wait_for("the text in a journal", kept)
+        self.program.process.kill()
+        self.program.process.wait()
+
     def end(self):
         if self.program is not None:
             self.program.quit()
