@@ -4,10 +4,11 @@
 #include <QIcon>
 #include <QSocketNotifier>
 #include <array>
-#include <cerrno>
+#include <optional>
 
 #include "core/folders.h"
 #include "forms/run_window.h"
+#include "platform/descriptor.h"
 #include "platform/locale.h"
 #include "platform/posix_files.h"
 #include "platform/user_folders.h"
@@ -53,9 +54,8 @@ class UserStrings {
 /// Hands what comes on the standard input to the form.
 void Read(RunWindow& form, QSocketNotifier& notifier) {
   std::array<char, 4096> piece{};
-  const ssize_t count = ::read(STDIN_FILENO, piece.data(), piece.size());
-  if (count < 0 && errno == EINTR) return;
-  if (count > 0) return form.TakeInput({piece.data(), static_cast<std::size_t>(count)});
+  const std::optional<std::size_t> count = ReadSome(STDIN_FILENO, piece);
+  if (count.value_or(0) > 0) return form.TakeInput({piece.data(), *count});
   notifier.setEnabled(false);
   form.EndInput();
 }

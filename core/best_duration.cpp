@@ -24,7 +24,7 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   const Text text = list.GetSeenText(row);
   const Checked32 start(list.GetCaptionStart(row).Count());
   const Checked32 duration = Checked32(list.GetCaptionEnd(row).Count()) - start;
-  Checked16 length(static_cast<std::int64_t>(text.size()));
+  Checked16 length(text.size());
   // The italic marker isn't counted as a character here; the others are.
   const CaptionList::Markers markers = list.MarkersOf(row);
   if (list.Options().manner.KeepsStylesWithin()) {
@@ -32,8 +32,7 @@ std::optional<std::int16_t> SetBestDuration(CaptionList& list, Row row) {
   } else if (markers.italic) {
     length = length - Checked16(kMarkerLength);
   }
-  if (FindPlain(text, separator) != Text::npos)
-    length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  if (FindPlain(text, separator) != Text::npos) length = length - Checked16(separator.size());
   if (duration < 1) list.SetCaptionEnd(row, (start + Checked32(kLeastDuration)).Value());
   if (length < 1) return {};
   const Checked16 best = Checked16(list.Options().durationPerCharacter[LengthClass(length)]) * length;

@@ -15,7 +15,7 @@ namespace {
 /// "Left" and "right" characters of a text; a negative count is a run-time error, a large one gives all.
 TextView LeftPart(TextView text, long count) {
   if (count < 0) ThrowInvalidCall();
-  return text.substr(0, static_cast<std::size_t>(count));
+  return text.substr(0, SizeOf(count));
 }
 
 Text Flatten(TextView text, TextView separator) {
@@ -53,7 +53,7 @@ CaptionList::CaptionList(const AppOptions& options, bool& modified) : options_(o
 
 std::vector<CaptionTimes> CaptionList::AllTimes() const {
   std::vector<CaptionTimes> times;
-  times.reserve(rows_.Size());
+  times.reserve(rows_.size());
   for (Row row = 1; InRange(row); ++row) times.push_back(TimesAt(row));
   return times;
 }
@@ -222,7 +222,7 @@ Text CaptionList::SplitCaptionLines(TextView text) const {
     return join(TextView(flat).substr(0, left), TextView(flat).substr(left));
   }
   const int at = MiddleBlank(flat);
-  return join(LeftPart(flat, at - 1), TextView(flat).substr(static_cast<std::size_t>(at)));
+  return join(LeftPart(flat, at - 1), TextView(flat).substr(SizeOf(at)));
 }
 
 void CaptionList::SortNumbers() { SelectionChanged(selected_); }
@@ -240,7 +240,7 @@ void CaptionList::Replace(Row first, int count, std::vector<Caption> rows) {
   if (Rows() - 1 - count + added < 1) ThrowInvalidCall();
   const EditScope scope(*this, EditKind::Change);
   const bool alone = chosen_ == RowSet(selected_);
-  const auto before = rows_.Splice(first.Index(), static_cast<std::size_t>(count), std::move(rows));
+  const auto before = rows_.Splice(first.Index(), SizeOf(count), std::move(rows));
   chosen_.Follow(first, count, added);
   // A row that is selected alone is the current one, which is a place: whoever changes the list says where it goes.
   if (alone || chosen_.Empty()) chosen_ = RowSet(std::clamp<Row>(selected_, 1, Rows() - 1));

@@ -8,6 +8,7 @@
 
 #include "core/app_options.h"
 #include "core/caption_marks.h"
+#include "core/counting.h"
 #include "core/edit_kind.h"
 #include "core/ms.h"
 #include "core/row_set.h"
@@ -61,7 +62,7 @@ class CaptionList {
 
   /// Caption count plus 1; never below 2.
   Row Rows() const { return Count() + 1; }
-  int Count() const { return static_cast<int>(rows_.Size()); }
+  int Count() const { return CountOf(rows_); }
   bool InRange(Row row) const { return row >= 1 && row < Rows(); }
   const Caption& At(Row row) const { return rows_[row.Index()]; }
   CaptionTimes TimesAt(Row row) const { return {At(row).start, At(row).end}; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <iterator>
@@ -16,6 +17,13 @@ constexpr int CountOf(const Items& items) {
   const auto count = std::ssize(items);
   assert(std::in_range<int>(count));
   return static_cast<int>(count);
+}
+
+/// A count, which must not be negative, as the size that containers and files take.
+template <std::signed_integral Count>
+constexpr std::size_t SizeOf(Count count) {
+  assert(count >= 0);
+  return static_cast<std::size_t>(count);
 }
 
 /// The item at a place from 0, which must lie within. An enumerator is the place of its value.

@@ -1,8 +1,12 @@
 #include "core/edit_history.h"
 
+#include <bit>
 #include <functional>
 #include <iterator>
+#include <span>
 #include <utility>
+
+#include "core/counting.h"
 
 namespace cuewright {
 
@@ -92,7 +96,7 @@ bool EditHistory::ChangesNothing(const EditStep& step) const {
   const EditChange& change = step.changes.front();
   if (change.removed != change.added) return false;
   for (int i = 0; i < change.removed; ++i) {
-    const auto at = change.at + static_cast<std::size_t>(i);
+    const auto at = change.at + SizeOf(i);
     const Row row = change.first + i;
     if (change.timesOnly ? list_.TimesAt(row) != step.times[at] : list_.At(row) != step.captions[at]) return false;
   }
@@ -103,11 +107,14 @@ EditStep EditHistory::Reverse(EditStep step, FinishFirst& all) {
   open_.emplace();
   for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
     if (change->timesOnly) {
-      const auto times = std::span(step.times).subspan(change->at, static_cast<std::size_t>(change->removed));
+      const auto times = std::span(step.times).subspan(change->at, SizeOf(change->removed));
       all([&] { list_.Retime(change->first, times); });
     } else {
-      const auto first = std::make_move_iterator(step.captions.begin() + static_cast<std::ptrdiff_t>(change->at));
-      all([&] { list_.Replace(change->first, change->added, {first, first + change->removed}); });
+      const auto captions = std::span(step.captions).subspan(change->at, SizeOf(change->removed));
+      all([&] {
+        list_.Replace(change->first, change->added,
+                      {std::make_move_iterator(captions.begin()), std::make_move_iterator(captions.end())});
+      });
     }
   }
   EditStep reversed = std::move(*open_);
@@ -204,8 +211,8 @@ std::uint64_t EditHistory::Fingerprint() const {
   const Text& separator = list_.Options().lineSeparator;
   for (Row row = 1; row < list_.Rows(); ++row) {
     const Caption& caption = list_.At(row);
-    take(static_cast<std::uint32_t>(caption.start.Count()));
-    take(static_cast<std::uint32_t>(caption.end.Count()));
+    take(std::bit_cast<std::uint32_t>(caption.start.Count()));
+    take(std::bit_cast<std::uint32_t>(caption.end.Count()));
     TextView rest = caption.text;
     for (;;) {
       const std::size_t end = separator.empty() ? TextView::npos : rest.find(separator);

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <bit>
+#include <cassert>
 #include <limits>
 #include <utility>
 
+#include "core/counting.h"
 #include "core/row_store.h"
 
 namespace cuewright {
@@ -30,38 +32,49 @@ constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
   return table;
 }
 
+std::uint8_t ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
+
 std::uint32_t Crc32(std::string_view bytes) {
   static constexpr std::array<std::uint32_t, 256> kTable = MakeCrcTable();
   std::uint32_t crc = 0xFFFFFFFFU;
-  for (const char byte : bytes) crc = (crc >> 8) ^ kTable[(crc ^ static_cast<std::uint8_t>(byte)) & 0xFF];
+  for (std::size_t i = 0; i < bytes.size(); ++i) crc = (crc >> 8) ^ kTable[(crc ^ ByteAt(bytes, i)) & 0xFF];
   return ~crc;
 }
 
+/// The lowest 8 bits of a number.
+void PutByte(std::string& out, std::uint64_t value) { out.push_back(static_cast<char>(value & 0xFF)); }
+
 void PutFixed(std::string& out, std::uint32_t value) {
-  for (int shift = 0; shift < 32; shift += 8) out.push_back(static_cast<char>(value >> shift));
+  for (int shift = 0; shift < 32; shift += 8) PutByte(out, value >> shift);
 }
 
 std::uint32_t FixedAt(std::string_view bytes, std::size_t at) {
   std::uint32_t value = 0;
-  for (std::size_t i = 0; i < 4; ++i) value |= std::uint32_t{static_cast<std::uint8_t>(bytes[at + i])} << (8 * i);
+  for (std::size_t i = 0; i < 4; ++i) value |= std::uint32_t{ByteAt(bytes, at + i)} << (8 * i);
   return value;
 }
 
 void Put(std::string& out, std::uint64_t value) {
-  for (; value >= 0x80; value >>= 7) out.push_back(static_cast<char>(value | 0x80));
-  out.push_back(static_cast<char>(value));
+  for (; value >= 0x80; value >>= 7) PutByte(out, value | 0x80);
+  PutByte(out, value);
+}
+
+/// A count, which is never negative.
+void PutCount(std::string& out, int count) {
+  assert(count >= 0);
+  Put(out, static_cast<std::uint64_t>(count));
 }
 
 /// A number with a sign: small ones stay short on both sides of 0.
 void PutSigned(std::string& out, std::int64_t value) {
-  Put(out, (static_cast<std::uint64_t>(value) << 1) ^ static_cast<std::uint64_t>(value >> 63));
+  Put(out, std::bit_cast<std::uint64_t>(value) << 1 ^ std::bit_cast<std::uint64_t>(value >> 63));
 }
 
 void PutText(std::string& out, TextView text) {
   Put(out, text.size());
   for (const char16_t unit : text) {
-    out.push_back(static_cast<char>(unit));
-    out.push_back(static_cast<char>(unit >> 8));
+    PutByte(out, unit);
+    PutByte(out, std::uint32_t{unit} >> 8);
   }
 }
 
@@ -78,7 +91,7 @@ void PutSource(std::string& out, const JournalDocument& document) {
   const JournalSource& source = document.source;
   PutText(out, source.format);
   Put(out, std::bit_cast<std::uint32_t>(source.fps));
-  Put(out, static_cast<std::uint32_t>(source.codePage));
+  Put(out, std::bit_cast<std::uint32_t>(source.codePage));
   out.push_back(source.mark ? 1 : 0);
   Put(out, source.bytes.size());
   out += source.bytes;
@@ -95,7 +108,7 @@ class Reader {
 
   std::uint8_t Byte() {
     if (at_ >= bytes_.size()) return Fail();
-    return static_cast<std::uint8_t>(bytes_[at_++]);
+    return ByteAt(bytes_, at_++);
   }
   std::uint64_t Number() {
     std::uint64_t value = 0;
@@ -108,39 +121,41 @@ class Reader {
   }
   std::int64_t Signed() {
     const std::uint64_t value = Number();
-    return static_cast<std::int64_t>((value >> 1) ^ (~(value & 1) + 1));
+    return std::bit_cast<std::int64_t>(value >> 1 ^ (~(value & 1) + 1));
   }
   Ms Time() {
     const std::int64_t value = Signed();
-    if (value != static_cast<std::int32_t>(value)) return std::int32_t{Fail()};
+    if (!std::in_range<std::int32_t>(value)) return std::int32_t{Fail()};
     return static_cast<std::int32_t>(value);
   }
   /// A count of at most `most`.
   int Count(int most) {
     const std::uint64_t value = Number();
-    if (value > static_cast<std::uint64_t>(most)) return Fail();
+    if (std::cmp_greater(value, most)) return Fail();
     return static_cast<int>(value);
   }
+  /// A row of the list, or 0.
+  Row OneRow() { return Count(kMaxRow.Number()); }
   Text String() {
-    const std::uint64_t size = Number();
+    const std::size_t size = Number();
     if (size > (bytes_.size() - at_) / 2) return Fail(), Text();
-    Text text(static_cast<std::size_t>(size), u'\0');
+    Text text(size, u'\0');
     for (char16_t& unit : text) {
       const unsigned low = Byte();
       unit = static_cast<char16_t>(low | unsigned{Byte()} << 8);
     }
     return text;
   }
-  std::uint32_t Origin() {
+  std::uint32_t Number32() {
     const std::uint64_t value = Number();
     if (value > std::numeric_limits<std::uint32_t>::max()) return Fail();
     return static_cast<std::uint32_t>(value);
   }
   std::string Bytes() {
-    const std::uint64_t size = Number();
+    const std::size_t size = Number();
     if (size > bytes_.size() - at_) return Fail(), std::string();
-    at_ += static_cast<std::size_t>(size);
-    return std::string(bytes_.substr(at_ - static_cast<std::size_t>(size), static_cast<std::size_t>(size)));
+    at_ += size;
+    return std::string(bytes_.substr(at_ - size, size));
   }
   Caption OneCaption() {
     Caption caption;
@@ -185,8 +200,8 @@ class Replay {
 
   JournalDocument Document() {
     document_.captions.clear();
-    document_.captions.reserve(rows_.Size());
-    for (std::size_t i = 0; i < rows_.Size(); ++i) document_.captions.push_back(std::move(rows_.At(i)));
+    document_.captions.reserve(rows_.size());
+    for (std::size_t i = 0; i < rows_.size(); ++i) document_.captions.push_back(std::move(rows_.At(i)));
     return std::move(document_);
   }
 
@@ -197,11 +212,11 @@ class Replay {
     document_.time = in.Signed();
     document_.path = in.String();
     document_.format = in.String();
-    document_.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
-    document_.codePage = static_cast<std::int32_t>(in.Number());
+    document_.fps = std::bit_cast<float>(in.Number32());
+    document_.codePage = std::bit_cast<std::int32_t>(in.Number32());
     document_.mark = in.Byte() != 0;
     document_.separator = in.String();
-    document_.selected = in.Count(kMaxRow.Number());
+    document_.selected = in.OneRow();
     const int count = in.Count(kMaxRow.Number());
     std::vector<Caption> captions = in.Captions(count);
     if (!in.Good() || captions.empty()) return false;
@@ -213,11 +228,11 @@ class Replay {
   bool ReadSource(Reader& in, std::vector<Caption>& captions) {
     JournalSource& source = document_.source;
     source.format = in.String();
-    source.fps = std::bit_cast<float>(static_cast<std::uint32_t>(in.Number()));
-    source.codePage = static_cast<std::int32_t>(in.Number());
+    source.fps = std::bit_cast<float>(in.Number32());
+    source.codePage = std::bit_cast<std::int32_t>(in.Number32());
     source.mark = in.Byte() != 0;
     source.bytes = in.Bytes();
-    for (Caption& caption : captions) caption.origin = in.Origin();
+    for (Caption& caption : captions) caption.origin = in.Number32();
     return in.Good();
   }
 
@@ -225,9 +240,9 @@ class Replay {
     Reader in(payload);
     if (in.Byte() != kBatch) return false;
     const std::int64_t time = in.Signed();
-    const Row selected = in.Count(kMaxRow.Number());
+    const Row selected = in.OneRow();
     Text separator = in.String();
-    size_ = static_cast<int>(rows_.Size());
+    size_ = CountOf(rows_);
     while (in.Good() && !in.AtEnd()) {
       const std::uint8_t kind = in.Byte();
       if (kind == kRows || kind == kReadRows) {
@@ -248,28 +263,27 @@ class Replay {
   }
 
   void Rows(Reader& in, bool wereRead, bool apply) {
-    const int first = in.Count(kMaxRow.Number());
+    const Row first = in.OneRow();
     const int removed = in.Count(kMaxRow.Number());
     const int added = in.Count(kMaxRow.Number());
     const int left = size_ - removed + added;
-    if (first < 1 || removed > size_ - (first - 1) || left < 1 || left > kMaxRow.Number()) in.Fail();
+    if (first < 1 || first - 1 + removed > size_ || left < 1 || left > kMaxRow.Number()) in.Fail();
     std::vector<Caption> captions = in.Captions(in.Good() ? added : 0);
-    for (Caption& caption : captions) caption.origin = wereRead ? in.Origin() : 0;
+    for (Caption& caption : captions) caption.origin = wereRead ? in.Number32() : 0;
     if (!in.Good()) return;
     size_ = left;
-    if (apply)
-      rows_.Splice(static_cast<std::size_t>(first) - 1, static_cast<std::size_t>(removed), std::move(captions));
+    if (apply) rows_.Splice(first.Index(), SizeOf(removed), std::move(captions));
   }
 
   void Times(Reader& in, bool apply) {
-    const int first = in.Count(kMaxRow.Number());
+    const Row first = in.OneRow();
     const int count = in.Count(kMaxRow.Number());
-    if (first < 1 || count > size_ - (first - 1)) in.Fail();
+    if (first < 1 || first - 1 + count > size_) in.Fail();
     for (int i = 0; i < count && in.Good(); ++i) {
       const Ms start = in.Time();
       const Ms end = in.Time();
       if (!apply) continue;
-      Caption& caption = rows_.At(static_cast<std::size_t>(first) - 1 + static_cast<std::size_t>(i));
+      Caption& caption = rows_.At((first + i).Index());
       caption.start = start;
       caption.end = end;
     }
@@ -316,15 +330,15 @@ std::string JournalRecord(std::string_view payload) {
 std::string JournalSnapshot(const JournalDocument& document) {
   std::string out;
   const bool wasRead = !document.source.bytes.empty();
-  out.push_back(static_cast<char>(wasRead ? kReadSnapshot : kSnapshot));
+  PutByte(out, wasRead ? kReadSnapshot : kSnapshot);
   PutSigned(out, document.time);
   PutText(out, document.path);
   PutText(out, document.format);
   Put(out, std::bit_cast<std::uint32_t>(document.fps));
-  Put(out, static_cast<std::uint32_t>(document.codePage));
+  Put(out, std::bit_cast<std::uint32_t>(document.codePage));
   out.push_back(document.mark ? 1 : 0);
   PutText(out, document.separator);
-  Put(out, static_cast<std::uint64_t>(document.selected.Number()));
+  PutCount(out, document.selected.Number());
   Put(out, document.captions.size());
   for (const Caption& caption : document.captions) PutCaption(out, caption);
   if (wasRead) PutSource(out, document);
@@ -334,10 +348,10 @@ std::string JournalSnapshot(const JournalDocument& document) {
 void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
   bool wereRead = false;
   for (Row row = splice.first; row < splice.first + splice.added; ++row) wereRead |= HasOrigin(list.At(row));
-  changes_.push_back(static_cast<char>(splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows));
-  Put(changes_, static_cast<std::uint64_t>(splice.first.Number()));
-  if (!splice.TimesOnly()) Put(changes_, static_cast<std::uint64_t>(splice.removed));
-  Put(changes_, static_cast<std::uint64_t>(splice.added));
+  PutByte(changes_, splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows);
+  PutCount(changes_, splice.first.Number());
+  if (!splice.TimesOnly()) PutCount(changes_, splice.removed);
+  PutCount(changes_, splice.added);
   for (Row row = splice.first; row < splice.first + splice.added; ++row) {
     if (splice.TimesOnly()) {
       PutSigned(changes_, list.At(row).start.Count());
@@ -352,9 +366,9 @@ void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
 
 std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separator) {
   std::string out;
-  out.push_back(static_cast<char>(kBatch));
+  PutByte(out, kBatch);
   PutSigned(out, time);
-  Put(out, static_cast<std::uint64_t>(selected.Number()));
+  PutCount(out, selected.Number());
   PutText(out, separator);
   out += changes_;
   changes_.clear();

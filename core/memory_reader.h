@@ -17,7 +17,7 @@ class MemoryReader final : public FileReader {
   std::uint64_t Size() const override { return bytes_.size(); }
   std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) override {
     if (offset >= bytes_.size()) return 0;
-    const std::size_t given = std::min(count, bytes_.size() - static_cast<std::size_t>(offset));
+    const std::size_t given = std::min<std::uint64_t>(count, bytes_.size() - offset);
     std::memcpy(to, bytes_.data() + offset, given);
     return given;
   }

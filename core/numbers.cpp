@@ -34,7 +34,9 @@ double LeadingNumber(TextView text) {
   const auto skipBlanks = [&] {
     while (at < text.size() && (text[at] == u' ' || text[at] == u'\t' || text[at] == u'\r' || text[at] == u'\n')) ++at;
   };
-  const auto take = [&] { digits.push_back(static_cast<char>(text[at++])), skipBlanks(); };
+  // Only signs, digits and the dot are taken, which are the same in bytes.
+  const auto takeOne = [&] { digits.push_back(static_cast<char>(text[at++])); };
+  const auto take = [&] { takeOne(), skipBlanks(); };
   skipBlanks();
   if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) take();
   bool any = false;
@@ -49,8 +51,8 @@ double LeadingNumber(TextView text) {
     if (IsDigit(text[at + 1]) || (sign && at + 2 < text.size() && IsDigit(text[at + 2]))) {
       digits.push_back('e');
       ++at;
-      if (sign) digits.push_back(static_cast<char>(text[at++]));
-      while (at < text.size() && IsDigit(text[at])) digits.push_back(static_cast<char>(text[at++]));
+      if (sign) takeOne();
+      while (at < text.size() && IsDigit(text[at])) takeOne();
     }
   }
   // The digits are plain ASCII with a dot, and the program keeps LC_NUMERIC at "C".
@@ -73,7 +75,7 @@ std::int32_t RoundToInt32(double value) {
 
 Text Padded(long long number, int digits) {
   Text text = Decimal(number < 0 ? -number : number);
-  if (CountOf(text) < digits) text.insert(0, static_cast<std::size_t>(digits) - text.size(), u'0');
+  if (CountOf(text) < digits) text.insert(0, SizeOf(digits - CountOf(text)), u'0');
   return number < 0 ? u"-" + text : text;
 }
 

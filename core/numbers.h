@@ -2,7 +2,7 @@
 
 #include <concepts>
 #include <cstdint>
-#include <limits>
+#include <utility>
 
 #include "core/runtime_error.h"
 #include "text/text.h"
@@ -31,7 +31,8 @@ class Checked {
  public:
   constexpr Checked() = default;
   /// Takes any whole number; run-time error 6 when it doesn't fit.
-  constexpr Checked(std::int64_t value) : value_(Fit(value)) {}  // NOLINT(google-explicit-constructor)
+  template <std::integral Number>
+  constexpr Checked(Number value) : value_(Fit(value)) {}  // NOLINT(google-explicit-constructor)
 
   constexpr T Value() const { return value_; }
   constexpr operator T() const { return value_; }  // NOLINT(google-explicit-constructor)
@@ -43,9 +44,10 @@ class Checked {
   constexpr Checked& operator--() { return *this = *this - Checked(1); }
 
  private:
-  static constexpr std::int64_t Wide(T value) { return static_cast<std::int64_t>(value); }
-  static constexpr T Fit(std::int64_t value) {
-    if (value < Wide(std::numeric_limits<T>::min()) || value > Wide(std::numeric_limits<T>::max())) ThrowOverflow();
+  static constexpr std::int64_t Wide(T value) { return value; }
+  template <std::integral Number>
+  static constexpr T Fit(Number value) {
+    if (!std::in_range<T>(value)) ThrowOverflow();
     return static_cast<T>(value);
   }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -13,7 +14,7 @@ namespace cuewright {
 template <class T>
 class RowStore {
  public:
-  std::size_t Size() const { return items_.size() - GapSize(); }
+  std::size_t size() const { return items_.size() - GapSize(); }
 
   const T& operator[](std::size_t at) const { return items_[at < gapBegin_ ? at : at + GapSize()]; }
 
@@ -27,7 +28,7 @@ class RowStore {
       for (std::size_t i = 0; i < count; ++i) std::swap(removed[i], At(at + i));
       return removed;
     }
-    if (count == Size()) return Exchange(std::move(added));
+    if (count == size()) return Exchange(std::move(added));
     removed.reserve(count);
     MoveGap(at);
     for (std::size_t i = 0; i < count; ++i) {
@@ -36,7 +37,7 @@ class RowStore {
     }
     gapEnd_ += count;
     if (GapSize() < added.size()) Grow(added.size());
-    std::move(added.begin(), added.end(), items_.begin() + static_cast<std::ptrdiff_t>(gapBegin_));
+    std::move(added.begin(), added.end(), std::span(items_).subspan(gapBegin_).begin());
     gapBegin_ += added.size();
     return removed;
   }
@@ -56,20 +57,18 @@ class RowStore {
 
   /// Takes all items out and puts others in their place, without moving any.
   std::vector<T> Exchange(std::vector<T> added) {
-    MoveGap(Size());
+    MoveGap(size());
     items_.resize(gapBegin_);
     gapBegin_ = gapEnd_ = added.size();
     return std::exchange(items_, std::move(added));
   }
 
   void Grow(std::size_t needed) {
-    const std::size_t size = Size();
-    const std::size_t gap = std::max(needed, size / 4 + 16);
-    std::vector<T> items(size + gap);
-    const auto begin = items_.begin();
-    std::move(begin, begin + static_cast<std::ptrdiff_t>(gapBegin_), items.begin());
-    std::move(begin + static_cast<std::ptrdiff_t>(gapEnd_), items_.end(),
-              items.begin() + static_cast<std::ptrdiff_t>(gapBegin_ + gap));
+    const std::size_t before = size();
+    const std::size_t gap = std::max(needed, before / 4 + 16);
+    std::vector<T> items(before + gap);
+    std::ranges::move(std::span(items_).first(gapBegin_), items.begin());
+    std::ranges::move(std::span(items_).subspan(gapEnd_), std::span(items).subspan(gapBegin_ + gap).begin());
     items_ = std::move(items);
     gapEnd_ = gapBegin_ + gap;
   }

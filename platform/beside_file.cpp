@@ -23,6 +23,9 @@ mode_t CreationMask() {
   return mask;
 }
 
+/// For fchown: the owner stays.
+constexpr uid_t kSameOwner = ~uid_t{0};
+
 /// Gives the new file the mode and, where allowed, the owner of the one that it takes the place of; a file
 /// that was not there gets the mode that a plain creation gives.
 void CopyRights(int fd, const std::optional<struct stat>& old) {
@@ -30,7 +33,7 @@ void CopyRights(int fd, const std::optional<struct stat>& old) {
     ::fchmod(fd, 0666 & ~CreationMask());
     return;
   }
-  if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, static_cast<uid_t>(-1), old->st_gid) != 0) {
+  if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, kSameOwner, old->st_gid) != 0) {
     // Neither is allowed: the file stays the user's own.
   }
   ::fchmod(fd, old->st_mode & 07777);

@@ -10,10 +10,12 @@
 
 #include <array>
 #include <cerrno>
+#include <optional>
 #include <thread>
 #include <utility>
 
 #include "core/counting.h"
+#include "platform/descriptor.h"
 #include "platform/posix_files.h"
 #include "platform/run_folder.h"
 
@@ -43,11 +45,10 @@ std::string ReadAll(Descriptor& end) {
   std::string taken;
   std::array<char, 1 << 16> piece{};
   while (end) {
-    const ssize_t count = ::read(end.Get(), piece.data(), piece.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count == 0) end.Close();
-    if (count <= 0) break;
-    taken.append(piece.data(), static_cast<std::size_t>(count));
+    const std::optional<std::size_t> count = ReadSome(end.Get(), piece);
+    if (!count) break;
+    if (*count == 0) end.Close();
+    taken.append(piece.data(), *count);
   }
   return taken;
 }
@@ -113,7 +114,7 @@ class PosixChild final : public ChildProcess {
       if (count < 0 && errno == EINTR) continue;
       if (count < 0 && errno != EAGAIN) untold_.clear();  // it reads no more
       if (count <= 0) return;
-      untold_.erase(0, static_cast<std::size_t>(count));
+      untold_.erase(0, SizeOf(count));
     }
   }
 
@@ -171,8 +172,8 @@ class Attributes {
     for (const int signal : kOwnSignals) ::sigaddset(&reset, signal);
     ::posix_spawnattr_setsigmask(&attributes_, &none);
     ::posix_spawnattr_setsigdefault(&attributes_, &reset);
-    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID;
-    ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
+    constexpr short kFlags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID;
+    ::posix_spawnattr_setflags(&attributes_, kFlags);
   }
   Attributes(const Attributes&) = delete;
   Attributes& operator=(const Attributes&) = delete;
@@ -219,8 +220,8 @@ int SpawnApart(pid_t& pid, const std::array<int, 3>& streams, const StartOptions
                Words& environment) {
   const Descriptor hold = options.holds.empty() ? Descriptor() : HoldFolder(ToUtf8(options.holds));
   Actions actions;
-  for (std::size_t i = 0; i < streams.size(); ++i) {
-    actions.Stream(static_cast<int>(i), streams[i], i == 0 ? O_RDONLY : O_WRONLY);
+  for (int stream = 0; stream < CountOf(streams); ++stream) {
+    actions.Stream(stream, ItemAt(streams, stream), stream == 0 ? O_RDONLY : O_WRONLY);
   }
   // The copy lives as long as the child does.
   if (hold) actions.Keep(hold.Get());
@@ -241,7 +242,7 @@ int BecomeProgram(pid_t parent, const std::array<int, 3>& streams, const char* f
   ::sigemptyset(&none);
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
   for (int stream = 0; stream < CountOf(streams); ++stream) {
-    const int given = streams.at(static_cast<std::size_t>(stream));
+    const int given = ItemAt(streams, stream);
     const int fd = given >= 0 ? given : ::open("/dev/null", stream == 0 ? O_RDONLY : O_WRONLY);
     if (fd < 0 || (fd != stream && ::dup2(fd, stream) < 0)) return errno;
   }

@@ -3,7 +3,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <climits>
+
+#include "core/counting.h"
 
 namespace cuewright {
 
@@ -12,12 +16,26 @@ int Descriptor::Close() {
   return fd < 0 || ::close(fd) == 0 ? 0 : errno;
 }
 
+std::optional<std::size_t> ReadSome(int fd, std::span<char> to) {
+  ssize_t count = 0;
+  do {
+    count = ::read(fd, to.data(), to.size());
+  } while (count < 0 && errno == EINTR);
+  return count < 0 ? std::nullopt : std::optional(SizeOf(count));
+}
+
+std::optional<std::string> TargetOfLink(const std::string& link) {
+  std::array<char, PATH_MAX> target{};
+  const ssize_t length = ::readlink(link.c_str(), target.data(), target.size());
+  return length < 0 ? std::nullopt : std::optional(std::string(target.data(), SizeOf(length)));
+}
+
 int WriteAll(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = ::write(fd, bytes.data(), bytes.size());
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return errno;
-    bytes.remove_prefix(static_cast<std::size_t>(count));
+    bytes.remove_prefix(SizeOf(count));
   }
   return 0;
 }

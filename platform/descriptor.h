@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,6 +29,13 @@ class Descriptor {
  private:
   int fd_ = -1;
 };
+
+/// Reads what there is, waiting for the first byte unless the descriptor doesn't wait: how many bytes came, 0 at the
+/// end, nothing after an error, which `errno` tells.
+std::optional<std::size_t> ReadSome(int fd, std::span<char> to);
+
+/// What a symbolic link names; nothing where there is none.
+std::optional<std::string> TargetOfLink(const std::string& link);
 
 /// Writes all bytes. The number of the error, 0 for none.
 int WriteAll(int fd, std::string_view bytes);

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "core/counting.h"
+#include "platform/library_function.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -32,12 +33,6 @@ namespace {
 
 /// What Hunspell can look up, in bytes.
 constexpr std::size_t kLongestWord = 99;
-
-template <class Function>
-bool FindFunction(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(dlsym(library, name));
-  return function != nullptr;
-}
 
 bool FillTable(void* library, HunspellApi& api) {
   return FindFunction(library, "Hunspell_create", api.create) &&
@@ -70,7 +65,7 @@ class DictionaryCodec {
     const std::int32_t length =
         ucnv_fromUChars(converter_.get(), bytes.data(), CountOf(bytes), text.data(), CountOf(text), &status);
     if (U_FAILURE(status)) return std::nullopt;
-    bytes.resize(static_cast<std::size_t>(length));
+    bytes.resize(SizeOf(length));
     return bytes;
   }
 
@@ -79,7 +74,7 @@ class DictionaryCodec {
     Text text(bytes.size() * 2 + 1, u'\0');
     const std::int32_t length =
         ucnv_toUChars(converter_.get(), text.data(), CountOf(text), bytes.data(), CountOf(bytes), &status);
-    text.resize(U_FAILURE(status) ? 0 : static_cast<std::size_t>(length));
+    text.resize(U_FAILURE(status) ? 0 : SizeOf(length));
     return text;
   }
 
@@ -230,7 +225,7 @@ Text HunspellDictionaries::DisplayName(TextView name) const {
   const std::string locale = ToUtf8(name);
   const std::int32_t length = uloc_getDisplayName(locale.c_str(), nullptr, buffer.data(), 255, &status);
   if (U_FAILURE(status) || length <= 0) return Text(name);
-  return Text(buffer.data(), static_cast<std::size_t>(length));
+  return Text(buffer.data());
 }
 
 }  // namespace cuewright

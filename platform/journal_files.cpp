@@ -12,6 +12,7 @@
 #include <chrono>
 #include <ctime>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -39,11 +40,11 @@ std::string ReadAll(int fd, int& error) {
   std::string bytes;
   std::array<char, 65536> block{};
   for (;;) {
-    const ssize_t count = ::pread(fd, block.data(), block.size(), static_cast<off_t>(bytes.size()));
+    const ssize_t count = ::pread(fd, block.data(), block.size(), std::ssize(bytes));
     if (count < 0 && errno == EINTR) continue;
     error = count < 0 ? errno : 0;
     if (count <= 0) return bytes;
-    bytes.append(block.data(), static_cast<std::size_t>(count));
+    bytes.append(block.data(), SizeOf(count));
   }
 }
 
@@ -185,7 +186,7 @@ void JournalFiles::DoBegin(const std::string& payload) {
   DoRemove();
   file.path = std::move(name);
   file_ = std::move(file);
-  written_ = bytes.size();
+  written_ = std::ssize(bytes);
   broken_ = false;
 }
 
@@ -202,11 +203,11 @@ void JournalFiles::DoAppend(const std::string& records) {
   int failed = WriteAll(file_.fd.Get(), records);
   if (failed == 0) failed = Flush(file_.fd.Get());
   if (failed == 0) {
-    written_ += records.size();
+    written_ += std::ssize(records);
     return;
   }
   // A record that was cut off is removed again.
-  if (::ftruncate(file_.fd.Get(), static_cast<off_t>(written_)) == 0) ::lseek(file_.fd.Get(), 0, SEEK_END);
+  if (::ftruncate(file_.fd.Get(), written_) == 0) ::lseek(file_.fd.Get(), 0, SEEK_END);
   Fail(failed);
 }
 
@@ -226,10 +227,9 @@ void JournalFiles::DoRemove() {
 void JournalFiles::DoAdopt(Job& job) {
   DoRemove();
   file_ = std::move(job.file);
-  written_ = job.bytes;
+  written_ = static_cast<off_t>(job.bytes);
   broken_ = false;
-  if (::ftruncate(file_.fd.Get(), static_cast<off_t>(written_)) != 0 || ::lseek(file_.fd.Get(), 0, SEEK_END) < 0)
-    Fail(errno);
+  if (::ftruncate(file_.fd.Get(), written_) != 0 || ::lseek(file_.fd.Get(), 0, SEEK_END) < 0) Fail(errno);
 }
 
 void JournalFiles::Fail(int error) {
@@ -303,7 +303,7 @@ std::int64_t JournalFiles::Now() const {
 }
 
 Text JournalFiles::LocalTime(std::int64_t ms) const {
-  const std::time_t seconds = static_cast<std::time_t>(ms / 1000);
+  const std::time_t seconds = ms / 1000;
   std::tm parts{};
   std::array<char, 64> shown{};
   if (::localtime_r(&seconds, &parts) == nullptr) return {};

@@ -84,8 +84,8 @@ class JournalFiles final : public JournalStore {
 
   // The thread's own.
   File file_;
-  std::size_t written_ = 0;  ///< bytes of whole records
-  bool broken_ = false;      ///< a record is missing behind them
+  std::int64_t written_ = 0;  ///< bytes of whole records
+  bool broken_ = false;       ///< a record is missing behind them
 };
 
 }  // namespace cuewright

@@ -4,6 +4,7 @@
 #include <unicode/uloc.h>
 
 #include <array>
+#include <bit>
 #include <chrono>
 #include <cstdlib>
 #include <string_view>
@@ -63,7 +64,7 @@ Text DisplayName(Function&& function, const std::string& name, const std::string
   const std::int32_t length = function(name.c_str(), words.c_str(), buffer.data(), 255, &status);
   // The warning of a default means that the code itself came back.
   if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING || length <= 0) return {};
-  return Text(buffer.data(), static_cast<std::size_t>(length));
+  return Text(buffer.data());
 }
 
 }  // namespace
@@ -78,7 +79,7 @@ std::string IcuLocale::NameOf(std::int32_t locale) const {
   if (locale == kUserLocale) return user_;
   std::array<char, ULOC_FULLNAME_CAPACITY> name{};
   UErrorCode status = U_ZERO_ERROR;
-  uloc_getLocaleForLCID(static_cast<std::uint32_t>(locale), name.data(), ULOC_FULLNAME_CAPACITY - 1, &status);
+  uloc_getLocaleForLCID(std::bit_cast<std::uint32_t>(locale), name.data(), ULOC_FULLNAME_CAPACITY - 1, &status);
   return U_FAILURE(status) ? std::string() : std::string(name.data());
 }
 
@@ -109,14 +110,13 @@ Text IcuLocale::LanguageName(std::int32_t locale) const {
 Text IcuLocale::LongDate(int year, int month, int day) const {
   UErrorCode status = U_ZERO_ERROR;
   // Noon in a fixed zone, so that no clock of the user's moves the day.
-  constexpr double kMsPerDay = 86400000;
-  const auto days = std::chrono::sys_days(std::chrono::year(year) / month / day).time_since_epoch().count();
+  const auto noon = std::chrono::sys_days(std::chrono::year(year) / month / day) + std::chrono::hours(12);
+  const double ms = std::chrono::duration<double, std::milli>(noon.time_since_epoch()).count();
   UDateFormat* format = udat_open(UDAT_NONE, UDAT_FULL, dates_.c_str(), u"UTC", -1, nullptr, 0, &status);
   std::array<UChar, 256> buffer{};
-  const std::int32_t length =
-      udat_format(format, (static_cast<double>(days) + 0.5) * kMsPerDay, buffer.data(), 255, nullptr, &status);
+  udat_format(format, ms, buffer.data(), 255, nullptr, &status);
   udat_close(format);
-  return U_FAILURE(status) ? Text() : Text(buffer.data(), static_cast<std::size_t>(length));
+  return U_FAILURE(status) ? Text() : Text(buffer.data());
 }
 
 std::optional<Text> IcuLocale::Recode(TextView text, int toCodePage, int fromCodePage) const {

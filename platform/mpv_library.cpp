@@ -5,22 +5,18 @@
 
 #include <cstdlib>
 
+#include "platform/library_function.h"
+
 namespace cuewright {
 namespace {
 
 constexpr unsigned long kInterfaceMajor = 2;
 constexpr char kUsualFileName[] = "libmpv.so.2";
 
-template <class Function>
-bool Find(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(dlsym(library, name));
-  return function != nullptr;
-}
-
 /// Name of the first function that the library lacks; null when all are there.
 const char* FillTable(void* library, MpvApi& api) {
 #define CUEWRIGHT_FIND(name) \
-  if (!Find(library, "mpv_" #name, api.name)) return "mpv_" #name
+  if (!FindFunction(library, "mpv_" #name, api.name)) return "mpv_" #name
   CUEWRIGHT_FIND(client_api_version);
   CUEWRIGHT_FIND(error_string);
   CUEWRIGHT_FIND(create);
@@ -82,7 +78,7 @@ void MpvLibrary::Ensure() const {
   }
   const unsigned long version = api_.client_api_version();
   if (version >> 16 != kInterfaceMajor) {
-    error_ = fileName_ + u" has version " + Decimal(static_cast<long long>(version >> 16)) + u" of the interface";
+    error_ = fileName_ + u" has version " + FromUtf8(std::to_string(version >> 16)) + u" of the interface";
   }
 }
 

@@ -5,6 +5,8 @@
 #include <new>
 #include <utility>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -16,8 +18,8 @@ constexpr std::size_t kBytesPerPixel = 4;
 void MpvVideo::Picture::Fit(int newWidth, int newHeight) {
   width = newWidth;
   height = newHeight;
-  stride = (static_cast<std::size_t>(newWidth) * kBytesPerPixel + kAlignment - 1) / kAlignment * kAlignment;
-  const std::size_t needed = stride * static_cast<std::size_t>(newHeight);
+  stride = (SizeOf(newWidth) * kBytesPerPixel + kAlignment - 1) / kAlignment * kAlignment;
+  const std::size_t needed = stride * SizeOf(newHeight);
   if (needed <= capacity) return;
   pixels = {static_cast<std::uint8_t*>(std::aligned_alloc(kAlignment, needed)), &std::free};
   if (!pixels) throw std::bad_alloc();

@@ -11,9 +11,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <optional>
+#include <span>
 #include <system_error>
 
+#include "core/counting.h"
 #include "platform/beside_file.h"
+#include "platform/descriptor.h"
 
 namespace cuewright {
 namespace {
@@ -34,7 +38,7 @@ Descriptor OpenRegular(TextView path, std::uint64_t& size) {
   struct stat info {};
   if (::fstat(fd.Get(), &info) != 0) Throw(errno, path);
   if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
-  size = static_cast<std::uint64_t>(info.st_size);
+  size = SizeOf(info.st_size);
   return fd;
 }
 
@@ -50,7 +54,7 @@ class DescriptorReader final : public FileReader {
       if (read < 0 && errno == EINTR) continue;
       if (read < 0) Throw(errno, path_);
       if (read == 0) break;
-      done += static_cast<std::size_t>(read);
+      done += SizeOf(read);
     }
     return done;
   }
@@ -108,11 +112,9 @@ std::string FolderOf(const std::string& path) {
 
 std::string ResolveLinks(std::string path, TextView shown) {
   for (int hops = 0; hops < 40; ++hops) {
-    std::array<char, PATH_MAX> target{};
-    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return path;
-    const std::string to(target.data(), static_cast<std::size_t>(length));
-    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
+    const std::optional<std::string> to = TargetOfLink(path);
+    if (!to) return path;
+    path = to->starts_with('/') ? *to : FolderOf(path) + "/" + *to;
   }
   Throw(ELOOP, shown);
 }
@@ -131,11 +133,9 @@ std::optional<int> DescriptorNamedBy(std::string path, TextView shown) {
       if (!ours || error != std::errc() || end != name.data() + name.size()) Throw(EACCES, shown);
       return number;
     }
-    std::array<char, PATH_MAX> target{};
-    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return {};
-    const std::string to(target.data(), static_cast<std::size_t>(length));
-    path = to.starts_with('/') ? to : FolderOf(path) + "/" + to;
+    const std::optional<std::string> to = TargetOfLink(path);
+    if (!to) return {};
+    path = to->starts_with('/') ? *to : FolderOf(path) + "/" + *to;
   }
   return {};
 }
@@ -187,30 +187,29 @@ bool PosixFiles::IsRegular(TextView path) const {
 std::uint64_t PosixFiles::Size(TextView path) const {
   const struct stat info = StatOf(path);
   if (!S_ISREG(info.st_mode)) Throw(EISDIR, path);
-  return static_cast<std::uint64_t>(info.st_size);
+  return SizeOf(info.st_size);
 }
 
 std::string PosixFiles::Read(TextView path, std::uint64_t limit) const {
   std::uint64_t size = 0;
   const Descriptor fd(OpenRegular(path, size));
   if (size > limit) {
-    throw RuntimeError{kErrorOutOfMemory, u"The file is too large (" + Decimal(static_cast<long long>(size)) +
-                                              u" bytes, at most " + Decimal(static_cast<long long>(limit)) + u"): " +
+    throw RuntimeError{kErrorOutOfMemory, u"The file is too large (" + FromUtf8(std::to_string(size)) +
+                                              u" bytes, at most " + FromUtf8(std::to_string(limit)) + u"): " +
                                               Text(path)};
   }
   // One byte more than the size, so that the end of the file is seen without growing the buffer.
-  std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
+  std::string bytes(size + 1, '\0');
   std::size_t done = 0;
   for (;;) {
     if (done == bytes.size()) {
       if (bytes.size() > limit) throw ErrorOfErrno(ENOMEM, path);
       bytes.resize(bytes.size() * 2);
     }
-    const ssize_t count = ::read(fd.Get(), bytes.data() + done, bytes.size() - done);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) Throw(errno, path);
-    if (count == 0) break;
-    done += static_cast<std::size_t>(count);
+    const std::optional<std::size_t> count = ReadSome(fd.Get(), std::span(bytes).subspan(done));
+    if (!count) Throw(errno, path);
+    if (*count == 0) break;
+    done += *count;
   }
   bytes.resize(done);
   return bytes;
@@ -258,9 +257,7 @@ bool PosixFiles::MakeLink(TextView link, TextView target) {
   const std::string to = ToUtf8(target);
   if (::symlink(to.c_str(), place.c_str()) == 0) return true;
   if (errno != EEXIST) Throw(errno, link);
-  std::array<char, PATH_MAX> present{};
-  const ssize_t length = ::readlink(place.c_str(), present.data(), present.size());
-  return length > 0 && to == std::string_view(present.data(), static_cast<std::size_t>(length));
+  return TargetOfLink(place) == to;
 }
 
 void PosixFiles::MakePrivateFolder(TextView path) {

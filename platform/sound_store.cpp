@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
@@ -13,8 +14,10 @@
 #include <string>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "platform/beside_file.h"
+#include "platform/descriptor.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -32,7 +35,7 @@ constexpr std::size_t kHeader = 8;
 std::uint64_t Digest(std::string_view text) {
   std::uint64_t digest = 14695981039346656037ULL;
   for (const char c : text) {
-    digest ^= static_cast<unsigned char>(c);
+    digest ^= std::bit_cast<std::uint8_t>(c);
     digest *= 1099511628211ULL;
   }
   return digest;
@@ -42,10 +45,9 @@ std::uint64_t Digest(std::string_view text) {
 bool IsWhole(const std::string& path, std::uint64_t size) {
   std::array<char, kHeader> header{};
   const Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  const ssize_t count = ::read(fd.Get(), header.data(), header.size());
-  if (count != static_cast<ssize_t>(header.size()) || std::string_view(header.data(), 4) != "RIFF") return false;
+  if (ReadSome(fd.Get(), header) != header.size() || std::string_view(header.data(), 4) != "RIFF") return false;
   std::uint64_t told = 0;
-  for (std::size_t i = kHeader; i-- > 4;) told = told << 8 | static_cast<unsigned char>(header.at(i));
+  for (std::size_t i = kHeader; i-- > 4;) told = told << 8 | std::bit_cast<std::uint8_t>(header.at(i));
   // The header has no room for the length of a wave beyond 4 GiB.
   return told == 0xFFFFFFFF ? size >= told : told + kHeader == size;
 }
@@ -68,7 +70,7 @@ std::vector<Kept> KeptFiles(const std::string& folder) {
         !path.ends_with(kShots)) {
       continue;
     }
-    files.push_back({path, static_cast<std::uint64_t>(info.st_size), info.st_mtim});
+    files.push_back({path, SizeOf(info.st_size), info.st_mtim});
   }
   std::sort(files.begin(), files.end(), [](const Kept& a, const Kept& b) {
     return std::pair(a.used.tv_sec, a.used.tv_nsec) < std::pair(b.used.tv_sec, b.used.tv_nsec);
@@ -95,7 +97,7 @@ bool FolderSoundStore::Has(TextView path) {
   const std::string bytes = ToUtf8(path);
   struct stat info {};
   if (::stat(bytes.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return false;
-  if (!IsWhole(bytes, static_cast<std::uint64_t>(info.st_size))) {
+  if (!IsWhole(bytes, SizeOf(info.st_size))) {
     ::unlink(bytes.c_str());
     return false;
   }

@@ -1,8 +1,11 @@
 #include "platform/system_info.h"
 
 #include <charconv>
+#include <concepts>
 #include <fstream>
 #include <string_view>
+
+#include "core/counting.h"
 
 namespace cuewright {
 namespace {
@@ -35,11 +38,12 @@ std::string ValueIn(const std::string& file, std::string_view key) {
 }
 
 /// The whole number that a text begins with, behind blanks; `text` is moved behind it.
-std::uint64_t TakeNumber(std::string_view& text) {
+template <std::integral Number>
+Number TakeNumber(std::string_view& text) {
   while (text.starts_with(' ') || text.starts_with('\t')) text.remove_prefix(1);
-  std::uint64_t number = 0;
+  Number number = 0;
   const auto end = std::from_chars(text.data(), text.data() + text.size(), number).ptr;
-  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  text.remove_prefix(SizeOf(end - text.data()));
   return number;
 }
 
@@ -56,16 +60,16 @@ std::optional<SystemInfo::Name> LinuxSystemInfo::SystemName() const {
   Name name;
   name.name = pretty.empty() ? Text(u"Linux") : FromUtf8(pretty);
   std::string_view rest = kernel;
-  name.major = static_cast<int>(TakeNumber(rest));
+  name.major = TakeNumber<int>(rest);
   if (rest.starts_with('.')) rest.remove_prefix(1);
-  name.minor = static_cast<int>(TakeNumber(rest));
+  name.minor = TakeNumber<int>(rest);
   return name;
 }
 
 std::uint64_t LinuxSystemInfo::AvailableMemory() const {
   const std::string value = ValueIn(root_ + "/proc/meminfo", "MemAvailable:");
   std::string_view rest = value;
-  return TakeNumber(rest) * kKilobyte;
+  return TakeNumber<std::uint64_t>(rest) * kKilobyte;
 }
 
 }  // namespace cuewright

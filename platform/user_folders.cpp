@@ -6,9 +6,11 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/paths.h"
+#include "platform/descriptor.h"
 #include "platform/posix_files.h"
 
 namespace cuewright {
@@ -70,11 +72,8 @@ Text WineSystemFolder() {
 }
 
 Text ProgramFolder() {
-  std::array<char, PATH_MAX> path{};
-  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0) return u"./";
-  const std::string file(path.data(), static_cast<std::size_t>(length));
-  return FromUtf8(file.substr(0, file.rfind('/') + 1));
+  const std::optional<std::string> file = TargetOfLink("/proc/self/exe");
+  return file ? FromUtf8(file->substr(0, file->rfind('/') + 1)) : u"./";
 }
 
 Text DataFolder() {

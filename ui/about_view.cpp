@@ -34,8 +34,7 @@ class Banner final : public QWidget {
     icon_.render(&painter, placed({kMargin, (height() - kIconSize) / 2, kIconSize, kIconSize}));
     painter.setPen(palette().color(QPalette::Active, QPalette::HighlightedText));
     const QRect name = placed({kIconSize + 2 * kMargin, 0, width() - kIconSize - 3 * kMargin, height()});
-    painter.drawText(name,
-                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) | Qt::AlignVCenter,
+    painter.drawText(name, (QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter).toInt(),
                      ToQt(kProductName));
   }
 

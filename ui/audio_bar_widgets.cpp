@@ -102,7 +102,7 @@ void ImageSurface::DrawLine(int x1, int y1, int x2, int y2, std::int32_t color) 
   const int bottom = std::min(std::max(y1, y2), image_.height() - 1);
   if (left > right || top > bottom) return;
   const QRgb rgb = ColorOf(color).rgb();
-  const auto stride = static_cast<std::ptrdiff_t>(image_.bytesPerLine() / static_cast<int>(sizeof(QRgb)));
+  const int stride = image_.width();  // lines of 32-bit pixels follow each other without a gap
   QRgb* line = reinterpret_cast<QRgb*>(image_.bits()) + top * stride;
   for (int y = top; y <= bottom; ++y, line += stride) std::fill(line + left, line + right + 1, rgb);
 }

@@ -108,11 +108,12 @@ void AudioWizardView::MakeTasksPage(QGridLayout& stack) {
   column->addWidget(head);
   auto* tasks = new QGridLayout;
   tasks->setHorizontalSpacing(10);
-  for (std::size_t i = 0; i < lights_.size(); ++i) {
-    lights_[i] = Bind(form_.picTask[i], new SvgPicture(kLightFiles[0], page));
-    lights_[i]->setFixedSize(kLightSize, kLightSize);
-    tasks->addWidget(lights_[i], static_cast<int>(i), 0);
-    tasks->addWidget(Bind(form_.lblTask[i], PlainLabel(page)), static_cast<int>(i), 1);
+  for (int row = 0; row < CountOf(lights_); ++row) {
+    SvgPicture*& light = ItemAt(lights_, row);
+    light = Bind(ItemAt(form_.picTask, row), new SvgPicture(kLightFiles[0], page));
+    light->setFixedSize(kLightSize, kLightSize);
+    tasks->addWidget(light, row, 0);
+    tasks->addWidget(Bind(ItemAt(form_.lblTask, row), PlainLabel(page)), row, 1);
   }
   tasks->setColumnStretch(1, 1);
   column->addLayout(tasks);

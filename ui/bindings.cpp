@@ -47,8 +47,8 @@ void ShowText(const Control& control, QAbstractButton& widget) {
 
 MouseEvent MouseEventOf(const QEvent& event) {
   const auto& mouse = static_cast<const QMouseEvent&>(event);
-  return {MouseButtonOf(mouse.button()), static_cast<int>(mouse.position().x()),
-          static_cast<int>(mouse.position().y())};
+  const QPoint at = mouse.position().toPoint();
+  return {MouseButtonOf(mouse.button()), at.x(), at.y()};
 }
 
 template <class Strip>

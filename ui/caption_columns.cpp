@@ -109,7 +109,7 @@ void CaptionColumns::TakeWidth(int section, int width) {
 void CaptionColumns::TakeOrder(int from, int to) {
   if (showing_ || !IsWorkbench()) return;
   ColumnOrder order = grid_.Columns();
-  order.Move(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
+  order.Move(SizeOf(from), SizeOf(to));
   Arranged(order);
 }
 

@@ -32,12 +32,11 @@ int CaptionModel::rowCount(const QModelIndex& parent) const { return parent.isVa
 int CaptionModel::columnCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
   if (!grid_.Active()) return 1;
-  return static_cast<int>(grid_.IsWorkbench() ? kListColumns : kClassicColumns.size());
+  return grid_.IsWorkbench() ? int{kListColumns} : CountOf(kClassicColumns);
 }
 
 ListColumn CaptionModel::ColumnOf(int section) const {
-  const auto at = static_cast<std::size_t>(section);
-  return grid_.IsWorkbench() ? static_cast<ListColumn>(section) : kClassicColumns.at(at);
+  return grid_.IsWorkbench() ? static_cast<ListColumn>(section) : ItemAt(kClassicColumns, section);
 }
 
 QVariant CaptionModel::data(const QModelIndex& index, int role) const {

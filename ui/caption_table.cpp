@@ -306,7 +306,7 @@ void CaptionTable::TakeRow(const QMouseEvent& event) {
 
 void CaptionTable::mousePressEvent(QMouseEvent* event) {
   // The list's rule counts from the control's top, where the heading has the height of a row.
-  const int y = static_cast<int>(event->position().y()) + verticalHeader()->defaultSectionSize();
+  const int y = event->position().toPoint().y() + verticalHeader()->defaultSectionSize();
   if (event->button() == Qt::RightButton) {
     if (commands_.OnListRightDown(y)) menu_.popup(event->globalPosition().toPoint());
     return;
@@ -324,7 +324,7 @@ void CaptionTable::mousePressEvent(QMouseEvent* event) {
 
 void CaptionTable::mouseMoveEvent(QMouseEvent* event) {
   if (grid_.Active() && grid_.IsWorkbench()) {
-    const int y = static_cast<int>(event->position().y());
+    const int y = event->position().toPoint().y();
     const Row row = PointedRow(y);
     const bool outside = y < 0 || y >= viewport()->height();
     if (drawing_ && event->buttons() == Qt::LeftButton && row != list_.Selected()) {
@@ -345,7 +345,7 @@ void CaptionTable::mouseReleaseEvent(QMouseEvent* event) {
     return;
   }
   if (event->button() == Qt::LeftButton) {
-    commands_.OnListUp(static_cast<int>(event->position().y()) + verticalHeader()->defaultSectionSize());
+    commands_.OnListUp(event->position().toPoint().y() + verticalHeader()->defaultSectionSize());
   }
 }
 

@@ -37,8 +37,8 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   drawFrame(&painter);
   const int direction = layoutDirection() == Qt::RightToLeft ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
   style()->drawItemText(&painter, TextRect(),
-                        static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | direction,
-                        palette(), isEnabled(), ShownText(), foregroundRole());
+                        QStyle::visualAlignment(layoutDirection(), alignment()).toInt() | direction, palette(),
+                        isEnabled(), ShownText(), foregroundRole());
 }
 
 }  // namespace cuewright

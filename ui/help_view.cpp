@@ -14,7 +14,7 @@
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
-#include <cmath>
+#include <QtMath>
 
 #include "ui/fit_screen.h"
 #include "ui/qt_text.h"
@@ -121,7 +121,7 @@ void HelpView::ShowPage() {
 }
 
 void HelpView::FitPictures() {
-  const int room = page_->viewport()->width() - 2 * static_cast<int>(std::ceil(page_->document()->documentMargin()));
+  const int room = page_->viewport()->width() - 2 * qCeil(page_->document()->documentMargin());
   for (QTextBlock block = page_->document()->begin(); block.isValid(); block = block.next()) {
     for (auto at = block.begin(); !at.atEnd(); ++at) {
       const QTextFragment fragment = at.fragment();

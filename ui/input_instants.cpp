@@ -21,8 +21,7 @@ std::optional<double> InstantOfStamp(quint64 stamp, double now) {
   if (stamp == 0) return std::nullopt;
   // Stamps have 32 bits and begin anew after 49 days.
   const double whole = std::floor(now * 1000);
-  const auto late =
-      static_cast<qint32>(static_cast<quint32>(static_cast<quint64>(whole)) - static_cast<quint32>(stamp));
+  const auto late = static_cast<qint32>(static_cast<quint64>(whole) - stamp);
   const double lag = (late + (now * 1000 - whole)) / 1000 - kHalfStamp;
   if (lag < kEarliest || lag > kLatest) return now;
   return now - std::max(lag, 0.0);

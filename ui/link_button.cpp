@@ -64,8 +64,8 @@ void MenuEntry::paintEvent(QPaintEvent*) {
   const QString caption = std::exchange(option.text, QString());
   painter.drawComplexControl(QStyle::CC_ToolButton, option);
   painter.setFont(font());
-  const int flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter) |
-                    Qt::TextShowMnemonic;
+  const int flags =
+      (QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter).toInt() | Qt::TextShowMnemonic;
   painter.drawItemText(rect().adjusted(kEntryMargin, 0, -kEntryMargin, 0), flags, palette(), isEnabled(), caption,
                        QPalette::ButtonText);
 }

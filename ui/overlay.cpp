@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QtMath>
 #include <cmath>
 
 #include "ui/qt_color.h"
@@ -91,7 +92,7 @@ QList<QTextLayout::FormatRange> Overlay::FormatsOf(qsizetype begin, qsizetype le
   qsizetype at = -begin;
   for (const StyledRun& run : form_.Shown().runs) {
     const qsizetype from = std::max<qsizetype>(at, 0);
-    at += static_cast<qsizetype>(run.text.size());
+    at += std::ssize(run.text);
     const qsizetype to = std::min(at, length);
     if (from >= to) continue;
     formats.push_back({static_cast<int>(from), static_cast<int>(to - from), FormatOf(run.style, pass)});
@@ -115,7 +116,7 @@ int Overlay::DrawLines(QPainter* painter, int width, Pass pass) const {
     top = LayOut(layout, width, top, leading);
     if (painter != nullptr) layout.draw(painter, {0, 0});
   }
-  return static_cast<int>(std::ceil(top - leading));
+  return qCeil(top - leading);
 }
 
 int Overlay::WantedHeight(int width) const {

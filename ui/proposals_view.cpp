@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/counting.h"
 #include "ui/sheet_view.h"
 
 namespace cuewright {
@@ -45,9 +46,8 @@ QWidget* ProposalsView::MakeWishes() {
   addChoice(0, form_.lblScope, form_.cmbScope);
   addChoice(1, form_.lblLanguage, form_.cmbLanguage);
   auto* kinds = new QGridLayout;
-  for (std::size_t kind = 0; kind < form_.chkKind.size(); ++kind) {
-    const int at = static_cast<int>(kind);
-    kinds->addWidget(Bind(form_.chkKind[kind], new QCheckBox(wishes)), at / kColumns, at % kColumns);
+  for (int kind = 0; kind < CountOf(form_.chkKind); ++kind) {
+    kinds->addWidget(Bind(ItemAt(form_.chkKind, kind), new QCheckBox(wishes)), kind / kColumns, kind % kColumns);
   }
   grid->addLayout(kinds, 2, 0, 1, 2);
   return wishes;

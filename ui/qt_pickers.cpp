@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QFontDialog>
 
+#include "core/counting.h"
 #include "ui/qt_color.h"
 #include "ui/qt_ports.h"
 #include "ui/qt_text.h"
@@ -13,8 +14,8 @@
 namespace cuewright {
 
 std::optional<std::int32_t> QtPickers::PickColor(std::int32_t initial, const CustomColors& custom) {
-  for (std::size_t i = 0; i < custom.size(); ++i) {
-    QColorDialog::setCustomColor(static_cast<int>(i), ColorOf(custom[i]));
+  for (int place = 0; place < CountOf(custom); ++place) {
+    QColorDialog::setCustomColor(place, ColorOf(ItemAt(custom, place)));
   }
   QColorDialog picker(ColorOf(initial), BoxOwner());
   picker.setObjectName("colorPicker");

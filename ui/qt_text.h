@@ -6,12 +6,8 @@
 
 namespace cuewright {
 
-inline QString ToQt(TextView text) {
-  return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
-}
+inline QString ToQt(TextView text) { return QStringView(text).toString(); }
 
-inline Text FromQt(const QString& text) {
-  return Text(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
-}
+inline Text FromQt(const QString& text) { return text.toStdU16String(); }
 
 }  // namespace cuewright

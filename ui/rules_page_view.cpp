@@ -10,6 +10,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -67,13 +69,13 @@ void RulesPageView::FillDurationPanel(QWidget* panel) {
   grid->setHorizontalSpacing(16);
   grid->setVerticalSpacing(4);
   Label* const classes[] = {&page_.lblShort, &page_.lblMedium, &page_.lblLong};
-  for (std::size_t k = 0; k < 3; ++k) {
-    const int row = static_cast<int>(k) * 2;
-    grid->addWidget(Bind(*classes[k], BoldLabel(panel)), row, 0, 2, 1);
-    grid->addWidget(Bind(page_.lblDuration[k], PlainLabel(panel)), row, 1);
-    grid->addWidget(MakeSlider(page_.sldDuration[k], panel), row + 1, 1);
-    grid->addWidget(Bind(page_.lblTolerance[k], PlainLabel(panel)), row, 2);
-    grid->addWidget(MakeSlider(page_.sldTolerance[k], panel), row + 1, 2);
+  for (int k = 0; k < CountOf(classes); ++k) {
+    const int row = k * 2;
+    grid->addWidget(Bind(*ItemAt(classes, k), BoldLabel(panel)), row, 0, 2, 1);
+    grid->addWidget(Bind(ItemAt(page_.lblDuration, k), PlainLabel(panel)), row, 1);
+    grid->addWidget(MakeSlider(ItemAt(page_.sldDuration, k), panel), row + 1, 1);
+    grid->addWidget(Bind(ItemAt(page_.lblTolerance, k), PlainLabel(panel)), row, 2);
+    grid->addWidget(MakeSlider(ItemAt(page_.sldTolerance, k), panel), row + 1, 2);
   }
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(2, 1);

@@ -48,7 +48,7 @@ SettingsView::SettingsView(SettingsDialog& form, QWidget* owner) : DialogView(fo
 }
 
 void SettingsView::FollowLanguage() {
-  language_->ShowFlag(static_cast<std::size_t>(form_.FlagRow()));
+  language_->ShowFlag(SizeOf(form_.FlagRow()));
   MeasureDetails();
   rules_->PlacePanels();
   FitContent();
@@ -62,13 +62,12 @@ QWidget* SettingsView::MakeMenu() {
   grid->setContentsMargins(12, 20, 12, 16);
   grid->setVerticalSpacing(6);
   menu_ = new QButtonGroup(this);
-  for (std::size_t i = 0; i < pages_.size(); ++i) {
-    auto* icon = Bind(form_.imgMenu[i], new SvgPicture(kPageIcons[i], column));
+  for (int row = 0; row < CountOf(pages_); ++row) {
+    auto* icon = Bind(ItemAt(form_.imgMenu, row), new SvgPicture(ItemAt(kPageIcons, row), column));
     icon->setFixedSize(28, 28);
-    auto* entry = Bind(form_.lblMenu[i], new MenuEntry(column));
+    auto* entry = Bind(ItemAt(form_.lblMenu, row), new MenuEntry(column));
     entry->setMinimumHeight(36);
-    menu_->addButton(entry, static_cast<int>(i));
-    const int row = static_cast<int>(i);
+    menu_->addButton(entry, row);
     grid->addWidget(icon, row, 0);
     grid->addWidget(entry, row, 1);
   }

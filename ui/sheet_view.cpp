@@ -47,7 +47,7 @@ int SheetModel::columnCount(const QModelIndex& parent) const {
 QVariant SheetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const SheetRow& row = ItemAt(sheet_.Rows(), index.row());
-  const auto column = static_cast<std::size_t>(index.column());
+  const std::size_t column = SizeOf(index.column());
   switch (role) {
     case Qt::DisplayRole:
       return column < row.cells.size() ? Shown(row.cells[column]) : QString();
@@ -57,7 +57,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
       if (!sheet_.Tickable() || column != 0) return {};
       return row.ticked ? Qt::Checked : Qt::Unchecked;
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading);
+      return (Qt::AlignVCenter | Qt::AlignLeading).toInt();
     default:
       return {};
   }
@@ -71,7 +71,7 @@ bool SheetModel::setData(const QModelIndex& index, const QVariant& /*value*/, in
 
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
-  if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading);
+  if (role == Qt::TextAlignmentRole) return (Qt::AlignVCenter | Qt::AlignLeading).toInt();
   return role == Qt::DisplayRole ? ToQt(ItemAt(sheet_.Headings(), section)) : QVariant();
 }
 

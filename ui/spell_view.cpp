@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/counting.h"
 #include "ui/qt_text.h"
 
 namespace cuewright {
@@ -91,8 +92,8 @@ void SpellView::ShowWord() {
   const Text& text = form_.txtCaption.GetText();
   // The form counts two characters for a line end, the widget one.
   const auto place = [&text](int at) {
-    const TextView before = TextView(text).substr(0, static_cast<std::size_t>(at));
-    return static_cast<int>(ReplaceAll(before, kLineEnd, u"\n").size());
+    const TextView before = TextView(text).substr(0, SizeOf(at));
+    return CountOf(ReplaceAll(before, kLineEnd, u"\n"));
   };
   const int start = form_.txtCaption.SelStart();
   QTextEdit::ExtraSelection word;

@@ -36,9 +36,9 @@ QSize SyncLine::sizeHint() const { return {200, fontMetrics().lineSpacing() + 12
 QRectF SyncLine::PlaceOf(const SyncBlock& block) const {
   Ms last = 1;
   for (const SyncBlock& each : blocks_) last = std::max(last, each.end);
-  const double scale = (width() - 2.0) / static_cast<double>(last.Count());
-  const double left = 1 + scale * static_cast<double>(std::max<Ms>(block.start, 0).Count());
-  const double right = 1 + scale * static_cast<double>(block.end.Count());
+  const double scale = (width() - 2.0) / last.Count();
+  const double left = 1 + scale * std::max<Ms>(block.start, 0).Count();
+  const double right = 1 + scale * block.end.Count();
   return {left, 1, std::max(kLeastWidth, right - left), height() - 2.0};
 }
 

@@ -62,7 +62,7 @@ void Write(QPainter& painter, const QRect& place, const QString& words) {
   painter.save();
   painter.setClipRect(place);
   const Qt::Alignment side = words.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
-  painter.drawText(place, static_cast<int>(Qt::TextSingleLine | side | Qt::AlignAbsolute | Qt::AlignVCenter), words);
+  painter.drawText(place, Qt::TextSingleLine | (side | Qt::AlignAbsolute | Qt::AlignVCenter).toInt(), words);
   painter.restore();
 }
 
@@ -85,7 +85,8 @@ WaveBoardView::WaveBoardView(WaveBoard& board, QWidget* parent) : QWidget(parent
 void WaveBoardView::Repaint() {
   if (image_.size() != size()) image_ = QImage(size(), QImage::Format_RGB32);
   if (image_.isNull()) return;
-  const auto stride = static_cast<std::ptrdiff_t>(image_.bytesPerLine() / static_cast<int>(sizeof(QRgb)));
+  // Lines of 32-bit pixels follow each other without a gap.
+  const int stride = image_.width();
   board_.Paint({reinterpret_cast<std::uint32_t*>(image_.bits()), stride, image_.width(), image_.height()});
   WriteWords();
   painted_ = true;
