@@ -62,8 +62,8 @@ void FilmSound::StartSteps() {
   path_ = p_.store->PathFor(film_, track);
   if (p_.store->Has(path_)) return Load();
   unfinished_ = p_.store->Begin(path_);
-  const bool centre = HasCentre(*p_.processes, film_, track);
-  child_ = p_.processes->Start(Text(kDecoder), SamplesArguments(film_, track, centre, unfinished_), {.errors = true});
+  const TrackFacts facts = FactsOf(*p_.processes, film_, track);
+  child_ = p_.processes->Start(Text(kDecoder), SamplesArguments(film_, track, facts, unfinished_), {.errors = true});
   p_.details.BeginFilm(path_);
   bytes_ = {};
   cutOff_ = false;
