@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/media_errors.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
@@ -103,7 +104,7 @@ void FilmSound::TakeSamples() {
   const std::span<const std::int16_t> samples = bytes_.Take(child_->TakeOutput());
   p_.details.TakeSamples(samples);
   p_.details.Follow(unfinished_);
-  samples_ += static_cast<std::int64_t>(samples.size());
+  samples_ += CountOf(samples);
   if (!samples.empty()) ShowProgress();
 }
 

@@ -26,7 +26,7 @@ class SpectrumPainter {
   using Column = std::array<std::int16_t, SoundTable::kBands>;
 
   Column Measure(const WaveScale& scale, const SoundTable& table, int x) const;
-  void MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine, std::size_t width);
+  void MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine, int width);
 
   std::array<std::uint32_t, kShades> shades_;
   /// The loudness of each pixel of a row of `FineSpectrum`, row by row.

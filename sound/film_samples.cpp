@@ -9,6 +9,7 @@
 #include "core/media_errors.h"
 #include "core/process_output.h"
 #include "core/runtime_error.h"
+#include "sound/sample.h"
 #include "text/labels.h"
 
 namespace cuewright {
@@ -93,17 +94,14 @@ std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& f
 std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
   samples_.clear();
   std::string_view rest = bytes;
-  const auto sample = [](char low, char high) {
-    return static_cast<std::int16_t>(static_cast<std::uint8_t>(low) | static_cast<std::uint8_t>(high) << 8);
-  };
   if (!half_.empty() && !rest.empty()) {
-    samples_.push_back(sample(half_.front(), rest.front()));
+    samples_.push_back(SampleOf(half_.front(), rest.front()));
     rest.remove_prefix(1);
     half_.clear();
   }
   const std::size_t had = samples_.size();
   samples_.resize(had + rest.size() / 2);
-  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = sample(rest[2 * i], rest[2 * i + 1]);
+  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = SampleOf(rest[2 * i], rest[2 * i + 1]);
   rest.remove_prefix(rest.size() / 2 * 2);
   half_ += rest;
   return samples_;

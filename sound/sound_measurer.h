@@ -23,7 +23,7 @@ class SoundMeasurer {
 
  private:
   /// The place of the first sample of a step's window; before the sound for the first steps.
-  std::int64_t WindowBegin(std::size_t step) const;
+  std::int64_t WindowBegin(std::int64_t step) const;
   void MeasureReady();
   void Measure(std::span<const std::int16_t> samples);
 
@@ -34,7 +34,7 @@ class SoundMeasurer {
   std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
   std::int64_t begin_ = 0;
   std::int64_t given_ = 0;  // samples of the sound so far
-  std::size_t step_ = 0;    // the next one, counted from where this measurer began
+  std::int64_t step_ = 0;   // the next one, counted from where this measurer began
 };
 
 }  // namespace cuewright
