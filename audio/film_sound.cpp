@@ -26,7 +26,7 @@ FilmSound::FilmSound(FilmSoundParts parts) : p_(parts) {
   w.mnuEmptySounds.Clicked.Connect([this] { EmptyStore(); });
   w.cmdStopSound.Clicked.Connect([this] { Stop(); });
   w.tmrFilmSound.Tick.Connect([this] { Poll(); });
-  // So often that the decoder needn't wait until its samples are taken.
+  // The decoder waits while its pipe is full, so that samples are taken more often than the progress is shown.
   w.tmrWaveDetail.Tick.Connect([this] {
     if (Running()) TakeSamples();
   });
@@ -45,7 +45,7 @@ void FilmSound::Start() {
 
 void FilmSound::StartByItself() {
   if (Running() || !p_.options.audioBarOn || !p_.options.manner.WaveIsAWorkbench()) return;
-  // A film has a track that is heard when it has opened, and a film without sound never has one.
+  // The player tells the track only when the film has opened, and none of a film without sound.
   if (!p_.document.HasVideo() || p_.player.AudioTrack() < 0 || p_.document.VideoPath == film_) return;
   if (p_.bar.Loaded()) return;
   byItself_ = true;

@@ -13,10 +13,10 @@ namespace {
 
 constexpr std::uint32_t kLeastRate = 16000;
 constexpr int kMsASecond = 1000;
-/// A window is at most so long, and more than half of it.
+/// The longest window; its samples are a power of two, so that it is more than half as long.
 constexpr std::uint32_t kWindowMs = 16;
 
-/// The frequency of a row, of -0.5 and so on the edge below it.
+/// The frequency in the middle of a row; half a row less is its lower edge, half a row more its upper one.
 double HzOf(double row) {
   constexpr double kBands = SoundTable::kBands;
   const double band = 0.5 + (kBands - 1) * row / (FineSpectrum::kRows - 1);
@@ -53,7 +53,7 @@ void FineSpectrum::MakeRows() {
     const double high = HzOf(number + 0.5) / width;
     const double middle = HzOf(number) / width;
     if (high - low < 1) {
-      // Rows are finer than bins: from one to the next.
+      // The row is narrower than a bin: its power lies between those of two bins.
       row.first = static_cast<int>(middle);
       const auto part = static_cast<float>(middle - std::floor(middle));
       row.shares = {1 - part, part};

@@ -47,7 +47,7 @@ SpectrumPainter::Column SpectrumPainter::Measure(const WaveScale& scale, const S
   const auto from = static_cast<std::size_t>(std::max(first, 0.0));
   if (from >= table.Steps()) return column;
   if (last - first < 1) {
-    // Pixels are finer than steps: from one to the next.
+    // The pixel is shorter than a step: its value lies between those of two steps.
     const SoundTable::Step& a = table.At(from);
     const SoundTable::Step& b = table.At(std::min(from + 1, table.Steps() - 1));
     const double part = first - static_cast<double>(from);

@@ -12,7 +12,8 @@
 namespace cuewright {
 
 /// Paints what a sound is made of: low sounds below, high ones above, the louder the brighter. Between the bands of the
-/// table, and between its steps where pixels are finer, it is smooth. What was measured finer is painted finer.
+/// table, and between its steps where pixels are shorter, colours go over smoothly. Columns of `FineSpectrum` go before
+/// the table.
 class SpectrumPainter {
  public:
   SpectrumPainter();

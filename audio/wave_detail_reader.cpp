@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t kMostHeader = 4096;
 constexpr std::uint32_t kLeastRateToMeasure = 16000;
 constexpr std::uint64_t kMsASecond = 1000;
-/// A size that a program which is still writing leaves in the header, or one that the header has no room for.
+/// From this size on the header tells none: its writer hasn't ended, or the file has more than 4 GiB.
 constexpr std::uint32_t kUnknownSize = 0xFFFFFF00;
 
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
@@ -99,7 +99,7 @@ template <class Sample>
 void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
   const char* const end = bytes + frames * frameBytes_;
   while (bytes < end) {
-    // All of the ms that is there.
+    // What the buffer has of the current ms.
     const std::uint64_t room = (msEnd_ - frame_) * frameBytes_;
     const char* const stop = bytes + std::min<std::uint64_t>(room, end - bytes);
     int maximum = begun_ ? peak_.maximum : std::numeric_limits<std::int16_t>::min();
@@ -113,7 +113,7 @@ void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
     peak_ = {static_cast<std::int16_t>(maximum), static_cast<std::int16_t>(minimum)};
     begun_ = true;
     if (frame_ < msEnd_) return;
-    // Of a sound with few samples one of them lasts for several ms.
+    // At less than 1000 samples a second one sample lasts for several ms.
     const std::uint64_t whole = frame_ * kMsASecond / rate_;
     std::uint64_t ms = peaks_.Length().Count();
     for (; ms < whole; ++ms) peaks_.Append(peak_);

@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::array<std::size_t, 9> kSpans = {6, 8, 11, 15, 20, 27, 36, 48, FadeMeasurer::kLongest};
 constexpr std::array<std::size_t, 10> kPlainSpans = {2, 3, 5, 8, 12, 18, 25, 34, 46, 60};
-/// Pictures that stand before and behind the plain way.
+/// Pictures before a fall to a plain one, or behind a rise from it, that show the shot by itself.
 constexpr std::size_t kPlainRest = 6;
-constexpr int kSightUnit = 8;  ///< of a level
+constexpr int kSightUnit = 8;  ///< parts of a level that a sight counts in
 /// Levels of chroma in a part, counted twice, by which another light changes it at most.
 constexpr int kLeastColour = 2 * 8 * kSightUnit;
 constexpr double kAlike = 0.95;  ///< correlation of one picture in two lights
@@ -137,7 +137,7 @@ void FadeMeasurer::Window::DropFew() {
 }
 
 float FadeMeasurer::Window::Aside() const {
-  // Two sights that hardly differ give no pictures.
+  // The window has no pictures where the two sights hardly differ.
   if (count == 0) return std::numeric_limits<float>::max();
   return std::sqrt(std::accumulate(aside.begin(), aside.begin() + count, 0.0F) / Pictures(count));
 }
@@ -270,7 +270,7 @@ void FadeMeasurer::MeasureMix(std::size_t last, std::size_t span, std::vector<Pi
   const float aside = window.Aside();
   if (aside > kMostAside) return;
   float even = std::numeric_limits<float>::max();
-  // The ways that are measured differ by about a quarter; between them are others.
+  // Lengths that are tried differ by about a quarter, so that a fade may be somewhat shorter than this one.
   for (std::size_t less = 0; less <= span / 10; ++less) {
     even = std::min(even, window.RestOfWay(Pictures(rest + less), Pictures(rest + span - less)));
   }

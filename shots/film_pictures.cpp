@@ -142,7 +142,7 @@ FilmPictures::FilmPictures(Processes& processes, TextView film, ShotMeasurer& me
 FilmPictures::~FilmPictures() = default;
 
 std::optional<FilmReading> FilmPictures::Poll() {
-  // What ends a program comes behind the last that it wrote.
+  // Asked before its output is taken: a program that has ended by now has written all there is to take.
   const std::optional<int> status = child_->Ended();
   joiner_->TakePictures(child_->TakeOutput());
   joiner_->TakeLog(child_->TakeErrors());

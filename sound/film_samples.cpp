@@ -40,7 +40,7 @@ Text Graph(int track, bool centre, bool wave) {
   if (wave && !centre) return mixed + u",asplit[voice][whole]";
   if (!centre) return mixed + u"[voice]";
   const Text voice = from + u"pan=mono|c0=FC," + timed + sampled + u"[voice]";
-  // Branches of one beginning would be given the channels of one of them.
+  // Two branches of one chain would both get the channels that either asks for, so that each has a chain of its own.
   return wave ? voice + u";" + mixed + u"[whole]" : voice;
 }
 
@@ -121,7 +121,7 @@ SoundReading ReadSamples(Processes& processes, TextView film, int track,
   std::optional<int> status;
   while (!status) {
     child->Wait(kWaitMs);
-    // What ends a program comes behind the last that it wrote.
+    // Asked before its output is taken: a program that has ended by now has written all there is to take.
     status = child->Ended();
     const std::span<const std::int16_t> taken = samples.Take(child->TakeOutput());
     const std::string more = child->TakeErrors();

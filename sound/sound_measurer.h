@@ -18,7 +18,7 @@ class SoundMeasurer {
   SoundMeasurer(SoundTable& table, int samplesASecond);
 
   void Add(std::span<const std::int16_t> samples);
-  /// Appends the steps that wait for what follows; a last step that has begun counts.
+  /// Ends the sound: appends the steps whose windows reach beyond it, and the last one even when it isn't full.
   void Finish();
 
  private:

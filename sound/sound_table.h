@@ -27,7 +27,7 @@ class SoundTable {
   /// Half decibels above a power of one 16-bit unit squared, 0 for less; a full sine of one band has 174.
   using Step = std::array<std::uint8_t, kBands>;
 
-  /// A power in those units.
+  /// A power in the units of a `Step`.
   static std::uint8_t UnitsOf(float power);
   /// The lower edge of a band in Hz, of band `kBands` the upper one of the last.
   static double EdgeHz(int band);
