@@ -9,8 +9,8 @@ namespace {
 
 /// Pixels around an edge that take hold of it; a narrow caption keeps half of itself to be moved by.
 constexpr int kGrip = 4;
-/// Of a caption that is narrower nothing but that it is there can be seen, and its findings aren't looked for: a
-/// picture of hours would look at all of them.
+/// A caption narrower than this shows no findings, and they aren't looked for: a picture of hours would ask for those
+/// of all captions.
 constexpr int kLeastForFindings = 3;
 
 int PixelOf(const WaveScale& scale, Ms ms) {

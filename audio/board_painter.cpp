@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -27,7 +29,7 @@ std::uint32_t Mix(std::uint32_t color, std::uint32_t other, std::uint32_t hundre
 }
 
 std::uint32_t RgbOf(std::int32_t bgr) {
-  const auto color = static_cast<std::uint32_t>(bgr);
+  const std::uint32_t color = bgr;
   return 0xFF000000 | (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
 }
 
@@ -49,7 +51,7 @@ void Hatch(const PixelCanvas& canvas, const RowBand& band, const BoardSpan& span
   for (int y = band.top; y < std::min(band.bottom, canvas.height); ++y) {
     const auto row = canvas.Row(y);
     for (int x = span.left; x < span.right; ++x) {
-      if (Hatched(x, y)) row[static_cast<std::size_t>(x)] = color;
+      if (Hatched(x, y)) row[x] = color;
     }
   }
 }
@@ -57,7 +59,7 @@ void Hatch(const PixelCanvas& canvas, const RowBand& band, const BoardSpan& span
 void DrawColumn(const PixelCanvas& canvas, const RowBand& band, int x, std::uint32_t color, int dash = 0) {
   if (x < 0 || x >= canvas.width) return;
   for (int y = band.top; y < std::min(band.bottom, canvas.height); ++y) {
-    if (dash == 0 || y / dash % 2 == 0) canvas.Row(y)[static_cast<std::size_t>(x)] = color;
+    if (dash == 0 || y / dash % 2 == 0) canvas.Row(y)[x] = color;
   }
 }
 
@@ -91,7 +93,7 @@ Ms RulerStep(double msAPixel) {
 }
 
 void BoardPainter::Paint(const PixelCanvas& canvas, const BoardScene& scene) {
-  columns_.assign(static_cast<std::size_t>(std::max(canvas.width, 0)), {});
+  columns_.assign(std::max(canvas.width, 0), {});
   Prepare(canvas, scene);
   Measure(scene);
   PaintRuler(canvas, scene);
@@ -107,13 +109,13 @@ void BoardPainter::Prepare(const PixelCanvas& canvas, const BoardScene& scene) {
   const std::uint32_t inside = Mix(colors.back, kBlock, 45);
   const std::uint32_t chosen = Mix(colors.back, kSelected, 55);
   const auto tint = [&](const BoardSpan& span, std::uint32_t color) {
-    for (int x = span.left; x < span.right; ++x) columns_[static_cast<std::size_t>(x)].back = color;
+    for (int x = span.left; x < span.right; ++x) columns_[x].back = color;
   };
   for (const BoardBlock& block : scene.captions.Blocks()) {
     const BoardSpan span = CutTo(canvas.width, block.left, block.right);
     // Of several in one pixel the selected one is seen.
     for (int x = span.left; x < span.right; ++x) {
-      std::uint32_t& back = columns_[static_cast<std::size_t>(x)].back;
+      std::uint32_t& back = columns_[x].back;
       if (block.selected || back != chosen) back = block.selected ? chosen : inside;
     }
   }
@@ -131,9 +133,9 @@ void BoardPainter::Measure(const BoardScene& scene) {
   const auto height = [&](int sample, int room) {
     return std::clamp(sample * room / std::max(scene.loudest, 1), -room, room);
   };
-  Ms from = static_cast<std::int32_t>(std::floor(scene.scale.Left()));
-  for (std::size_t x = 0; x < columns_.size(); ++x) {
-    const Ms next = static_cast<std::int32_t>(std::floor(scene.scale.MsOf(static_cast<double>(x) + 1)));
+  Ms from = Ms::Nearest(std::floor(scene.scale.Left()));
+  for (int x = 0; x < CountOf(columns_); ++x) {
+    const Ms next = Ms::Nearest(std::floor(scene.scale.MsOf(x + 1)));
     const Ms to = std::max(next, from + 1);
     if (from >= scene.peaks.Length()) return;
     const WavePeak peak = scene.peaks.Of(from, to);
@@ -154,7 +156,7 @@ void BoardPainter::PaintRuler(const PixelCanvas& canvas, const BoardScene& scene
   Fill(canvas, scene.bands.ruler, {0, canvas.width}, Mix(scene.colors.back, Contrast(scene.colors.back), 14));
   Fill(canvas, scene.bands.captions, {0, canvas.width}, Mix(scene.colors.back, Contrast(scene.colors.back), 7));
   constexpr int kParts = 5;
-  const double part = RulerStep(scene.scale.MsAPixel()).Count() / static_cast<double>(kParts);
+  const double part = RulerStep(scene.scale.MsAPixel()).Count() / double{kParts};
   for (auto i = static_cast<int>(scene.scale.Left() / part); i * part < scene.scale.Right(); ++i) {
     const RowBand& ruler = scene.bands.ruler;
     const int height = i % kParts == 0 ? ruler.Height() : ruler.Height() / 4;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/counting.h"
 #include "core/media_errors.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
@@ -25,7 +26,7 @@ FilmSound::FilmSound(FilmSoundParts parts) : p_(parts) {
   w.mnuEmptySounds.Clicked.Connect([this] { EmptyStore(); });
   w.cmdStopSound.Clicked.Connect([this] { Stop(); });
   w.tmrFilmSound.Tick.Connect([this] { Poll(); });
-  // So often that the decoder needn't wait until its samples are taken.
+  // The decoder waits while its pipe is full, so that samples are taken more often than the progress is shown.
   w.tmrWaveDetail.Tick.Connect([this] {
     if (Running()) TakeSamples();
   });
@@ -44,7 +45,7 @@ void FilmSound::Start() {
 
 void FilmSound::StartByItself() {
   if (Running() || !p_.options.audioBarOn || !p_.options.manner.WaveIsAWorkbench()) return;
-  // A film has a track that is heard when it has opened, and a film without sound never has one.
+  // The player tells the track only when the film has opened, and none of a film without sound.
   if (!p_.document.HasVideo() || p_.player.AudioTrack() < 0 || p_.document.VideoPath == film_) return;
   if (p_.bar.Loaded()) return;
   byItself_ = true;
@@ -62,8 +63,8 @@ void FilmSound::StartSteps() {
   path_ = p_.store->PathFor(film_, track);
   if (p_.store->Has(path_)) return Load();
   unfinished_ = p_.store->Begin(path_);
-  const bool centre = HasCentre(*p_.processes, film_, track);
-  child_ = p_.processes->Start(Text(kDecoder), SamplesArguments(film_, track, centre, unfinished_), {.errors = true});
+  const TrackFacts facts = FactsOf(*p_.processes, film_, track);
+  child_ = p_.processes->Start(Text(kDecoder), SamplesArguments(film_, track, facts, unfinished_), {.errors = true});
   p_.details.BeginFilm(path_);
   bytes_ = {};
   cutOff_ = false;
@@ -103,7 +104,7 @@ void FilmSound::TakeSamples() {
   const std::span<const std::int16_t> samples = bytes_.Take(child_->TakeOutput());
   p_.details.TakeSamples(samples);
   p_.details.Follow(unfinished_);
-  samples_ += static_cast<std::int64_t>(samples.size());
+  samples_ += CountOf(samples);
   if (!samples.empty()) ShowProgress();
 }
 

@@ -28,8 +28,7 @@ struct FilmSoundParts {
 };
 
 /// Puts the sound of the open film into the Audio bar: it is decoded in the background to a wave in the user's cache,
-/// which is there at once the next time. The same pass gives the samples from which is measured what the sound is made
-/// of.
+/// which is there at once the next time. The same pass gives the samples from which the table of the sound is measured.
 class FilmSound {
  public:
   explicit FilmSound(FilmSoundParts parts);
@@ -40,14 +39,14 @@ class FilmSound {
   void Stop();
   /// The film goes; the next one is read by itself again.
   void ForgetFilm();
-  /// The command is there for a film whose sound isn't being read.
+  /// Enables the command while a film is open whose sound isn't being read.
   void ShowItem();
   bool Running() const { return child_ != nullptr; }
   /// The bar shows the sound of the film, not that of another file.
   bool Shown() const { return !path_.empty() && p_.document.WavePath == path_; }
 
  private:
-  /// Reads a film that has just opened when the bar is on, without a word about what it can't.
+  /// Reads a film that has just opened when the bar is on; a failure isn't told.
   void StartByItself();
   void Begin();
   void StartSteps();

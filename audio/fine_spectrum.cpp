@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 
+#include "core/counting.h"
 #include "core/runtime_error.h"
 #include "sound/sound_table.h"
 
@@ -12,10 +13,10 @@ namespace {
 
 constexpr std::uint32_t kLeastRate = 16000;
 constexpr int kMsASecond = 1000;
-/// A window is at most so long, and more than half of it.
+/// The longest window; its samples are a power of two, so that it is more than half as long.
 constexpr std::uint32_t kWindowMs = 16;
 
-/// The frequency of a row, of -0.5 and so on the edge below it.
+/// The frequency in the middle of a row; half a row less is its lower edge, half a row more its upper one.
 double HzOf(double row) {
   constexpr double kBands = SoundTable::kBands;
   const double band = 0.5 + (kBands - 1) * row / (FineSpectrum::kRows - 1);
@@ -43,22 +44,23 @@ void FineSpectrum::Forget() {
 }
 
 void FineSpectrum::MakeRows() {
-  const double width = static_cast<double>(layout_.rate) / static_cast<double>(spectrum_->Size());
+  const double rate = layout_.rate;
+  const double width = rate / spectrum_->Size();
   for (int number = 0; number < kRows; ++number) {
-    BinShares& row = rows_[static_cast<std::size_t>(number)];
+    BinShares& row = rows_[number];
     row.shares.clear();
     const double low = HzOf(number - 0.5) / width;
     const double high = HzOf(number + 0.5) / width;
     const double middle = HzOf(number) / width;
     if (high - low < 1) {
-      // Rows are finer than bins: from one to the next.
-      row.first = static_cast<std::size_t>(middle);
+      // The row is narrower than a bin: its power lies between those of two bins.
+      row.first = static_cast<int>(middle);
       const auto part = static_cast<float>(middle - std::floor(middle));
       row.shares = {1 - part, part};
       continue;
     }
-    row.first = static_cast<std::size_t>(std::max(low + 0.5, 0.0));
-    for (auto bin = static_cast<double>(row.first); bin - 0.5 < high; ++bin) {
+    row.first = static_cast<int>(std::max(low + 0.5, 0.0));
+    for (double bin = row.first; bin - 0.5 < high; ++bin) {
       row.shares.push_back(static_cast<float>(std::min(bin + 0.5, high) - std::max(bin - 0.5, low)));
     }
   }
@@ -81,42 +83,41 @@ void FineSpectrum::PrepareUnsafely(const WaveScale& scale) {
   std::vector<std::int64_t> wanted;
   for (int x = 0; x < scale.Width() && !unfinished_; ++x) {
     const std::int64_t step = StepAt(scale.MsOf(x));
-    if (kept_[static_cast<std::size_t>(step) % kKept].step == step) continue;
-    unfinished_ = static_cast<int>(wanted.size()) == kMostAtOnce;
+    if (kept_[step % kKept].step == step) continue;
+    unfinished_ = CountOf(wanted) == kMostAtOnce;
     if (!unfinished_ && (wanted.empty() || wanted.back() != step)) wanted.push_back(step);
   }
   if (wanted.empty()) return;
   ReadSamples(wanted.front(), wanted.back());
   for (const std::int64_t step : wanted) {
-    Kept& kept = kept_[static_cast<std::size_t>(step) % kKept];
+    Kept& kept = kept_[step % kKept];
     kept.step = step;
     Measure(step, kept.column);
   }
 }
 
 void FineSpectrum::ReadSamples(std::int64_t first, std::int64_t last) {
-  const auto length = static_cast<std::int64_t>(spectrum_->Length());
+  const int length = spectrum_->Length();
   firstSample_ = first * stepMs_ * layout_.rate / kMsASecond - length;
   const std::int64_t end = (last + 1) * stepMs_ * layout_.rate / kMsASecond + length;
   const std::int64_t from = std::max<std::int64_t>(firstSample_, 0);
   // Before the sound and behind it there is silence.
-  samples_.assign(static_cast<std::size_t>(from - firstSample_), 0);
-  const std::uint64_t at = layout_.begin + static_cast<std::uint64_t>(from) * layout_.frameBytes;
-  if (at < layout_.end) ReadFrames(at, static_cast<std::uint64_t>(end - from) * layout_.frameBytes);
-  samples_.resize(static_cast<std::size_t>(end - firstSample_));
+  samples_.assign(from - firstSample_, 0);
+  const std::uint64_t at = layout_.begin + from * layout_.frameBytes;
+  if (at < layout_.end) ReadFrames(at, (end - from) * layout_.frameBytes);
+  samples_.resize(end - firstSample_);
 }
 
 void FineSpectrum::ReadFrames(std::uint64_t at, std::uint64_t wanted) {
-  bytes_.resize(static_cast<std::size_t>(std::min(wanted, layout_.end - at)));
+  bytes_.resize(std::min(wanted, layout_.end - at));
   const std::size_t read = file_->ReadAt(at, bytes_.data(), bytes_.size());
   MixFrames(std::span(bytes_).first(read), layout_.frameBytes, samples_);
 }
 
 void FineSpectrum::Measure(std::int64_t step, Column& column) {
   const std::int64_t middle = (2 * step + 1) * stepMs_ * layout_.rate / (2 * kMsASecond);
-  const std::int64_t from = middle - static_cast<std::int64_t>(spectrum_->Length() / 2) - firstSample_;
-  const std::span<const float> powers =
-      spectrum_->Measure(std::span(samples_).subspan(static_cast<std::size_t>(from), spectrum_->Length()));
+  const std::int64_t from = middle - spectrum_->Length() / 2 - firstSample_;
+  const std::span<const float> powers = spectrum_->Measure(std::span(samples_).subspan(from, spectrum_->Length()));
   std::ranges::transform(rows_, column.begin(),
                          [&](const BinShares& row) { return SoundTable::UnitsOf(row.PowerIn(powers)); });
 }
@@ -124,7 +125,7 @@ void FineSpectrum::Measure(std::int64_t step, Column& column) {
 const FineSpectrum::Column* FineSpectrum::At(double ms) const {
   if (stepMs_ == 0) return nullptr;
   const std::int64_t step = StepAt(ms);
-  const Kept& kept = kept_[static_cast<std::size_t>(step) % kKept];
+  const Kept& kept = kept_[step % kKept];
   return kept.step == step ? &kept.column : nullptr;
 }
 

@@ -14,7 +14,7 @@ struct PixelCanvas {
   int height = 0;
 
   /// A row of the picture.
-  std::span<std::uint32_t> Row(int y) const { return {pixels + y * stride, static_cast<std::size_t>(width)}; }
+  std::span<std::uint32_t> Row(int y) const { return std::span<std::uint32_t>(pixels + y * stride, width); }
 };
 
 /// A stretch of rows of a picture: from `top` up to, not with, `bottom`.

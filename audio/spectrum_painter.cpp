@@ -28,8 +28,8 @@ std::uint32_t ShadeOf(int value) {
   while (kStops[next].at < value) ++next;
   const Stop& a = kStops[next - 1];
   const Stop& b = kStops[next];
-  const auto between = [&](int from, int to) {
-    return static_cast<std::uint32_t>(from + (to - from) * (value - a.at) / (b.at - a.at));
+  const auto between = [&](int from, int to) -> std::uint32_t {
+    return from + (to - from) * (value - a.at) / (b.at - a.at);
   };
   return 0xFF000000 | between(a.red, b.red) << 16 | between(a.green, b.green) << 8 | between(a.blue, b.blue);
 }
@@ -37,7 +37,7 @@ std::uint32_t ShadeOf(int value) {
 }  // namespace
 
 SpectrumPainter::SpectrumPainter() : shades_() {
-  for (int i = 0; i < kShades; ++i) shades_[static_cast<std::size_t>(i)] = ShadeOf(i);
+  for (int i = 0; i < kShades; ++i) shades_[i] = ShadeOf(i);
 }
 
 SpectrumPainter::Column SpectrumPainter::Measure(const WaveScale& scale, const SoundTable& table, int x) const {
@@ -47,7 +47,7 @@ SpectrumPainter::Column SpectrumPainter::Measure(const WaveScale& scale, const S
   const auto from = static_cast<std::size_t>(std::max(first, 0.0));
   if (from >= table.Steps()) return column;
   if (last - first < 1) {
-    // Pixels are finer than steps: from one to the next.
+    // The pixel is shorter than a step: its value lies between those of two steps.
     const SoundTable::Step& a = table.At(from);
     const SoundTable::Step& b = table.At(std::min(from + 1, table.Steps() - 1));
     const double part = first - static_cast<double>(from);
@@ -68,20 +68,20 @@ SpectrumPainter::Column SpectrumPainter::Measure(const WaveScale& scale, const S
 }
 
 void SpectrumPainter::MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine,
-                                   std::size_t width) {
+                                   int width) {
   constexpr int kRows = FineSpectrum::kRows;
   lines_.resize(width * kRows);
-  for (std::size_t x = 0; x < width; ++x) {
-    if (const FineSpectrum::Column* const column = fine.At(scale.MsOf(static_cast<double>(x)))) {
-      for (std::size_t row = 0; row < kRows; ++row) lines_[row * width + x] = (*column)[row];
+  for (int x = 0; x < width; ++x) {
+    if (const FineSpectrum::Column* const column = fine.At(scale.MsOf(x))) {
+      for (int row = 0; row < kRows; ++row) lines_[row * width + x] = (*column)[row];
       continue;
     }
-    const Column column = Measure(scale, table, static_cast<int>(x));
+    const Column column = Measure(scale, table, x);
     for (int row = 0; row < kRows; ++row) {
       const int place = row * (SoundTable::kBands - 1) * kFine / (kRows - 1);
-      const auto lower = static_cast<std::size_t>(std::min(place / kFine, SoundTable::kBands - 2));
-      const int part = place - static_cast<int>(lower) * kFine;
-      lines_[static_cast<std::size_t>(row) * width + x] =
+      const int lower = std::min(place / kFine, SoundTable::kBands - 2);
+      const int part = place - lower * kFine;
+      lines_[row * width + x] =
           static_cast<std::int16_t>((column[lower] * (kFine - part) + column[lower + 1] * part) / kFine);
     }
   }
@@ -91,23 +91,23 @@ void SpectrumPainter::Paint(const PixelCanvas& canvas, const RowBand& band, cons
                             const SoundTable& table, const FineSpectrum& fine, std::int32_t loudest) {
   const int height = band.Height();
   if (height < 2) return;
-  const auto width = static_cast<std::size_t>(canvas.width);
-  MeasureLines(scale, table, fine, width);
+  const std::size_t width = canvas.width;
+  MeasureLines(scale, table, fine, canvas.width);
   constexpr double kUnitsATenfold = 40;  // of amplitude
   const double quieter = kUnitsATenfold * std::log10(kFullSample / std::max<double>(loudest, 1));
   const int brightest = kFull - static_cast<int>(quieter);
   for (int y = band.top; y < std::min(band.bottom, canvas.height); ++y) {
     // The middle of the lowest band is the lowest row.
     const int place = (band.bottom - 1 - y) * (FineSpectrum::kRows - 1) * kFine / (height - 1);
-    const auto lower = static_cast<std::size_t>(std::min(place / kFine, FineSpectrum::kRows - 2));
-    const int part = place - static_cast<int>(lower) * kFine;
+    const int lower = std::min(place / kFine, FineSpectrum::kRows - 2);
+    const int part = place - lower * kFine;
     const std::int16_t* const below = &lines_[lower * width];
     const std::int16_t* const above = below + width;
     const auto row = canvas.Row(y);
     for (std::size_t x = 0; x < width; ++x) {
       const int value = (below[x] * (kFine - part) + above[x] * part) / kFine;
       const int shade = (value - brightest + kRange) * (kShades - 1) / kRange;
-      row[x] = shades_[static_cast<std::size_t>(std::clamp(shade, 0, kShades - 1))];
+      row[x] = shades_[std::clamp(shade, 0, kShades - 1)];
     }
   }
 }

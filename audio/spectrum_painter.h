@@ -12,7 +12,8 @@
 namespace cuewright {
 
 /// Paints what a sound is made of: low sounds below, high ones above, the louder the brighter. Between the bands of the
-/// table, and between its steps where pixels are finer, it is smooth. What was measured finer is painted finer.
+/// table, and between its steps where pixels are shorter, colours go over smoothly. Columns of `FineSpectrum` go before
+/// the table.
 class SpectrumPainter {
  public:
   SpectrumPainter();
@@ -26,7 +27,7 @@ class SpectrumPainter {
   using Column = std::array<std::int16_t, SoundTable::kBands>;
 
   Column Measure(const WaveScale& scale, const SoundTable& table, int x) const;
-  void MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine, std::size_t width);
+  void MeasureLines(const WaveScale& scale, const SoundTable& table, const FineSpectrum& fine, int width);
 
   std::array<std::uint32_t, kShades> shades_;
   /// The loudness of each pixel of a row of `FineSpectrum`, row by row.

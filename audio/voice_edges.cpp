@@ -53,7 +53,7 @@ std::vector<Run> FindRuns(std::span<const float> levels, const Thresholds& thres
     voice = levels[i] >= (was ? thresholds.goesOn : thresholds.begins);
     if (!voice) continue;
     if (!was && (runs.empty() || i - runs.back().end >= kShortestPause)) {
-      // What leads to it belongs to it.
+      // The softer steps just before a voice belong to it.
       std::size_t first = i;
       while (first > 0 && i - first < 5 && levels[first - 1] >= thresholds.goesOn) --first;
       runs.push_back({first, i});

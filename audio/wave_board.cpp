@@ -11,9 +11,9 @@ namespace cuewright {
 namespace {
 
 constexpr Ms kLeadMs = 1000;  ///< what is shown before a caption that comes into view
-/// A film that goes so far at once was moved.
+/// A position that changes by more than this between two ticks was jumped to, not played to.
 constexpr Ms kJumpMs = 500;
-constexpr double kUsASecond = 1000;
+constexpr double kUsAMs = 1000;
 /// A block narrower than this has no room for words.
 constexpr int kLeastForWords = 26;
 constexpr int kWordMargin = 3;
@@ -46,7 +46,7 @@ void WaveBoard::Wire() {
   bench_.grid.RowsTouched.Connect([this](Row, Row) { Show(); });
   bench_.window.tmrTime.Tick.Connect([this] {
     FollowPosition();
-    // The rest of a picture that was too much for once.
+    // The columns of the spectrogram that were too many for the last picture.
     if (built_ && details_.Fine().Unfinished()) Show();
   });
   bench_.window.sldWavScale.Scrolled.Connect([this] { Show(); });
@@ -55,7 +55,7 @@ void WaveBoard::Wire() {
 }
 
 void WaveBoard::LoadOptions() {
-  scale_.SetMsAPixel(bench_.options.waveZoom / kUsASecond, 0);
+  scale_.SetMsAPixel(bench_.options.waveZoom / kUsAMs, 0);
   Show();
 }
 
@@ -216,7 +216,7 @@ void WaveBoard::ScrollTo(double ms) {
 }
 
 void WaveBoard::KeepScale() {
-  bench_.options.waveZoom = static_cast<std::int32_t>(std::lround(scale_.MsAPixel() * kUsASecond));
+  bench_.options.waveZoom = static_cast<std::int32_t>(std::lround(scale_.MsAPixel() * kUsAMs));
   Show();
 }
 

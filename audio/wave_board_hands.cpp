@@ -183,7 +183,7 @@ void WaveBoard::Pinch(double factor, int x) {
 }
 
 Ms WaveBoard::ReachOf(SnapKind kind) const {
-  const Ms near = static_cast<std::int32_t>(std::ceil(kSnapPixels * scale_.MsAPixel()));
+  const Ms near = Ms::Nearest(std::ceil(kSnapPixels * scale_.MsAPixel()));
   return kind == SnapKind::Shot ? std::max(near, rules_.shotZone) : near;
 }
 

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t kMostHeader = 4096;
 constexpr std::uint32_t kLeastRateToMeasure = 16000;
 constexpr std::uint64_t kMsASecond = 1000;
-/// A size that a program which is still writing leaves in the header, or one that the header has no room for.
+/// From this size on the header tells none: its writer hasn't ended, or the file has more than 4 GiB.
 constexpr std::uint32_t kUnknownSize = 0xFFFFFF00;
 
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
@@ -61,14 +61,14 @@ WaveDetailReader::Header WaveDetailReader::ReadHeader() {
       end_ = size == 0 || size >= kUnknownSize ? std::numeric_limits<std::uint64_t>::max() : position_ + size;
       msEnd_ = (rate_ + kMsASecond - 1) / kMsASecond;
       if (table_ != nullptr && rate_ >= kLeastRateToMeasure && bits_ == 16) {
-        measurer_ = std::make_unique<SoundMeasurer>(*table_, static_cast<int>(rate_));
+        measurer_ = std::make_unique<SoundMeasurer>(*table_, rate_);
       }
       return Header::Read;
     }
     if (name == "fmt " && body + kFormat <= bytes.size()) {
       rate_ = NumberAt(bytes, body + 4, 4);
       frameBytes_ = NumberAt(bytes, body + 12, 2);
-      bits_ = static_cast<int>(NumberAt(bytes, body + 14, 2));
+      bits_ = NumberAt(bytes, body + 14, 2);
     }
     at = body + size;
   }
@@ -81,7 +81,7 @@ WaveDetailReader::Result WaveDetailReader::Read(std::size_t most) {
     if (header != Header::Read) return header == Header::NoWave ? Result::NoWave : Result::Nothing;
   }
   const std::uint64_t left = end_ - std::min(end_, position_);
-  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(std::max<std::size_t>(most, frameBytes_), left));
+  const std::size_t wanted = std::min<std::uint64_t>(std::max<std::size_t>(most, frameBytes_), left);
   buffer_.resize(wanted);
   const std::size_t frames = file_->ReadAt(position_, buffer_.data(), wanted) / frameBytes_;
   if (frames == 0) return Result::Nothing;
@@ -99,12 +99,12 @@ template <class Sample>
 void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
   const char* const end = bytes + frames * frameBytes_;
   while (bytes < end) {
-    // All of the ms that is there.
+    // What the buffer has of the current ms.
     const std::uint64_t room = (msEnd_ - frame_) * frameBytes_;
-    const char* const stop = bytes + std::min<std::uint64_t>(room, static_cast<std::uint64_t>(end - bytes));
+    const char* const stop = bytes + std::min<std::uint64_t>(room, end - bytes);
     int maximum = begun_ ? peak_.maximum : std::numeric_limits<std::int16_t>::min();
     int minimum = begun_ ? peak_.minimum : std::numeric_limits<std::int16_t>::max();
-    frame_ += static_cast<std::uint64_t>(stop - bytes) / frameBytes_;
+    frame_ += (stop - bytes) / frameBytes_;
     for (; bytes < stop; bytes += Sample::kBytes) {
       const int sample = Sample::At(bytes);
       maximum = std::max(maximum, sample);
@@ -113,9 +113,9 @@ void WaveDetailReader::Take(const char* bytes, std::size_t frames) {
     peak_ = {static_cast<std::int16_t>(maximum), static_cast<std::int16_t>(minimum)};
     begun_ = true;
     if (frame_ < msEnd_) return;
-    // Of a sound with few samples one of them lasts for several ms.
+    // At less than 1000 samples a second one sample lasts for several ms.
     const std::uint64_t whole = frame_ * kMsASecond / rate_;
-    auto ms = static_cast<std::uint64_t>(peaks_.Length().Count());
+    std::uint64_t ms = peaks_.Length().Count();
     for (; ms < whole; ++ms) peaks_.Append(peak_);
     begun_ = false;
     msEnd_ = ((ms + 1) * rate_ + kMsASecond - 1) / kMsASecond;

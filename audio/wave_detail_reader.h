@@ -40,7 +40,7 @@ class WaveDetailReader {
   Result Read(std::size_t most);
   /// Where the file's samples lie, as soon as some were read; it stays until another file is begun.
   WaveLayout Layout() const { return {dataBegin_, end_, rate_, frameBytes_, bits_}; }
-  /// The last samples, which don't fill a ms, count as one.
+  /// Ends the file: the last samples, which don't fill a ms, make a peak of their own.
   void Finish();
 
  private:

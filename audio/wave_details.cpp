@@ -6,7 +6,7 @@
 namespace cuewright {
 namespace {
 
-/// Bytes that are read at once: what they take is no longer than a picture does.
+/// Bytes that are read in one tick of the timer, few enough that the window goes on painting meanwhile.
 constexpr std::size_t kPiece = 1 << 20;
 constexpr std::size_t kPieceToMeasure = 1 << 18;
 constexpr std::uint64_t kMostTable = 1 << 26;
@@ -71,7 +71,7 @@ void WaveDetails::EndFilm() {
   measurer_->Finish();
   measurer_.reset();
   CarryOn step;
-  // Without it the table is measured anew the next time.
+  // Without that file the table is measured anew the next time.
   step([&] { files_.WritePrivate(SoundTableBeside(path_), table_.Bytes()); });
   Changed();
 }
@@ -101,7 +101,7 @@ void WaveDetails::End() {
   reader_.Finish();
   reader_.Close();
   CarryOn step;
-  // Without it pictures show the table alone.
+  // Of a file that can't be opened pictures show the table alone.
   step([&] { fine_.Open(files_.OpenToRead(path_), reader_.Layout()); });
   ShowTimer();
   Changed();

@@ -23,9 +23,9 @@ class WaveDetails {
 
   const WavePyramid& Peaks() const { return peaks_; }
   const SoundTable& Table() const { return table_; }
-  /// What pictures of a fine scale show of a sound that was read whole.
+  /// The spectrum for pictures of a fine scale; it is empty until the sound was read whole.
   FineSpectrum& Fine() { return fine_; }
-  /// More peaks may come.
+  /// True while a file is read, so that more peaks may come.
   bool Reading() const { return reader_.Open(); }
 
   /// Reads a wave file that is whole, unless that has been done already. What it is made of is taken from the table

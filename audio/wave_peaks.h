@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/counting.h"
+
 namespace cuewright {
 
 /// The peaks of a wave: one maximum and one minimum for each column of 10 ms, two entries a column. What the table
@@ -38,10 +40,7 @@ class WavePeaks {
   }
 
   /// An entry up to `UpperBound`: the maximum of a column at an even place, its minimum behind it.
-  std::int16_t At(std::int32_t entry) const {
-    const auto at = static_cast<std::size_t>(entry);
-    return at < filled_.size() ? filled_[at] : std::int16_t{0};
-  }
+  std::int16_t At(std::int32_t entry) const { return entry < CountOf(filled_) ? filled_[entry] : std::int16_t{0}; }
 
   /// Stores the next column.
   void Append(std::int16_t maximum, std::int16_t minimum) {
@@ -50,7 +49,7 @@ class WavePeaks {
   }
 
   /// Columns that have been stored.
-  std::int32_t Columns() const { return static_cast<std::int32_t>(filled_.size() / 2); }
+  std::int32_t Columns() const { return CountOf(filled_) / 2; }
 
  private:
   std::int32_t peakCount_ = 0;

@@ -31,8 +31,8 @@ void WavePyramid::Append(const WavePeak& peak) {
 }
 
 WavePeak WavePyramid::Of(Ms from, Ms to) const {
-  auto at = static_cast<std::size_t>(std::max<Ms>(from, 0).Count());
-  const auto end = static_cast<std::size_t>(std::clamp<Ms>(to, 0, Length()).Count());
+  std::size_t at = std::max<Ms>(from, 0).Count();
+  const std::size_t end = std::clamp<Ms>(to, 0, Length()).Count();
   if (at >= end) return {};
   WavePeak peak = levels_[0][at];
   while (at < end) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/ms.h"
 
 namespace cuewright {
@@ -26,7 +27,7 @@ class WavePyramid {
   void Append(const WavePeak& peak);
 
   /// Length of what is there.
-  Ms Length() const { return static_cast<std::int32_t>(levels_[0].size()); }
+  Ms Length() const { return CountOf(levels_[0]); }
   /// The peak from one ms up to, not with, another; zeros where there is nothing.
   WavePeak Of(Ms from, Ms to) const;
 

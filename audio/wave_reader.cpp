@@ -8,6 +8,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "sound/sample.h"
 
 namespace cuewright {
 namespace {
@@ -40,7 +41,7 @@ struct Samples16 {
   static Extremes Of(const unsigned char* at, std::int64_t count, std::size_t step) {
     Extremes found;
     for (; count > 0; --count, at += step) {
-      const auto sample = static_cast<std::int16_t>(at[0] | at[1] << 8);
+      const std::int16_t sample = SampleOf(at[0], at[1]);
       found.maximum = std::max<std::int32_t>(found.maximum, sample);
       found.minimum = std::min<std::int32_t>(found.minimum, sample);
     }
@@ -87,7 +88,7 @@ class WaveReader::Pieces {
  public:
   explicit Pieces(FileReader& file) : file_(file), bytes_(std::make_unique_for_overwrite<unsigned char[]>(kPiece)) {}
 
-  std::int64_t Size() const { return static_cast<std::int64_t>(file_.Size()); }
+  std::int64_t Size() const { return file_.Size(); }
 
   /// `count` bytes from a position counted from 1 on; fails where the file hasn't all of them.
   const unsigned char* At(std::int64_t position, std::size_t count) {
@@ -99,7 +100,7 @@ class WaveReader::Pieces {
   std::uint32_t Number(std::int64_t position, std::size_t size) {
     const unsigned char* const bytes = At(position, size);
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < size; ++i) value |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
+    for (std::size_t i = 0; i < size; ++i) value |= std::uint32_t{bytes[i]} << (8 * i);
     return value;
   }
 
@@ -110,10 +111,9 @@ class WaveReader::Pieces {
  private:
   const unsigned char* Fetch(std::int64_t offset, std::size_t count) {
     if (offset < 0) ThrowInvalidCall();
-    const std::size_t read =
-        file_.ReadAt(static_cast<std::uint64_t>(offset), reinterpret_cast<char*>(bytes_.get()), kPiece);
+    const std::size_t read = file_.ReadAt(offset, reinterpret_cast<char*>(bytes_.get()), kPiece);
     start_ = offset;
-    end_ = offset + static_cast<std::int64_t>(read);
+    end_ = offset + read;
     if (read < count) ThrowPastEnd();
     return bytes_.get();
   }
@@ -140,9 +140,9 @@ WaveReader::Format WaveReader::ReadHeader(Pieces& pieces) {
   if (!pieces.Holds(1, "RIFF") || !pieces.Holds(9, "WAVE") || !pieces.Holds(13, "fmt ")) ThrowNoWave();
   Format format;
   const std::uint32_t size = pieces.Number(17, 4);
-  format.samplesPerSecond = static_cast<std::int32_t>(pieces.Number(25, 4));
-  format.bytesPerSecond = static_cast<std::int32_t>(pieces.Number(29, 4));
-  format.bits = static_cast<int>(pieces.Number(35, 2));
+  format.samplesPerSecond = pieces.Number(25, 4);
+  format.bytesPerSecond = pieces.Number(29, 4);
+  format.bits = pieces.Number(35, 2);
   std::int64_t position = 37;
   // Skipped bytes count as read, so the file must have them.
   const auto skip = [&](std::int64_t count) {
@@ -165,8 +165,7 @@ WaveLoadResult WaveReader::Measure(Pieces& pieces, const Format& format, WaveLoa
   course.first = Checked16(pieces.Size() - course.size + 1).Value();
   const double length = static_cast<double>(pieces.Size() - course.first);
   const double tens = std::floor(Divided(length, format.samplesPerSecond) * 100) + 1;
-  peaks_.SetPeakCount(
-      RoundToInt32(tens * Divided(static_cast<double>(format.samplesPerSecond), format.bytesPerSecond) * 2));
+  peaks_.SetPeakCount(RoundToInt32(tens * Divided(format.samplesPerSecond, format.bytesPerSecond) * 2));
   course.columnBytes = Checked16(RoundToInt32(format.bytesPerSecond / 100.0)).Value();
   course.alternate = course.columnBytes % 2 != 0;
   if (course.alternate) --course.columnBytes;
@@ -175,7 +174,7 @@ WaveLoadResult WaveReader::Measure(Pieces& pieces, const Format& format, WaveLoa
 
   if (peaks_.PeakCount() < -1 || peaks_.PeakCount() == std::numeric_limits<std::int32_t>::max()) ThrowInvalidCall();
   peaks_.Reach();
-  peaks_.Expect(static_cast<std::size_t>(pieces.Size() / course.columnBytes) + 1);
+  peaks_.Expect(pieces.Size() / course.columnBytes + 1);
   const std::int64_t minutes = RoundToInt32(peaks_.PeakCount() / 200.0) / 60;
   course.step = minutes <= kShortMinutes ? 16 : minutes <= kMiddleMinutes ? 32 : 64;
   return format.bits == 8 ? Walk<Samples8>(pieces, course, steps) : Walk<Samples16>(pieces, course, steps);
@@ -185,8 +184,8 @@ template <class Samples>
 WaveLoadResult WaveReader::Walk(Pieces& pieces, Course course, WaveLoadSteps& steps) {
   const std::int64_t step = course.step;
   const auto extremes = [&](std::int64_t at, std::int64_t count) {
-    const auto bytes = static_cast<std::size_t>((count - 1) * step) + Samples::kSize;
-    return Samples::Of(pieces.At(at, bytes), count, static_cast<std::size_t>(step));
+    const std::size_t bytes = (count - 1) * step + Samples::kSize;
+    return Samples::Of(pieces.At(at, bytes), count, step);
   };
   std::int32_t screen = steps.ScreenColumns();
   std::int32_t nextProgress = kProgressEvery - kProgressAhead;

@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "sound/sample.h"
+
 namespace cuewright {
 
 /// Where the samples of a wave file lie and what they are.
@@ -19,9 +21,7 @@ struct WaveLayout {
 /// Samples of 16 bits, the lower byte first.
 struct Sample16 {
   static constexpr std::size_t kBytes = 2;
-  static std::int16_t At(const char* at) {
-    return static_cast<std::int16_t>(static_cast<unsigned char>(at[0]) | static_cast<unsigned char>(at[1]) << 8);
-  }
+  static std::int16_t At(const char* at) { return SampleOf(at[0], at[1]); }
 };
 
 /// Appends the mean of all channels for each whole frame of samples of 16 bits; a frame has a sample at least.

@@ -45,10 +45,10 @@ void FilmVoice::BeginReading() {
   table_.reset();
   film_ = document_.VideoPath;
   track_ = player_.AudioTrack();
-  const bool centre = HasCentre(*processes_, film_, track_);
+  const TrackFacts facts = FactsOf(*processes_, film_, track_);
   growing_ = std::make_shared<SoundTable>();
   bytes_ = {};
-  child_ = processes_->Start(u"ffmpeg", SamplesArguments(film_, track_, centre), {.errors = true});
+  child_ = processes_->Start(u"ffmpeg", SamplesArguments(film_, track_, facts), {.errors = true});
   measurer_ = std::make_unique<SoundMeasurer>(*growing_, kSamplesASecond);
 }
 

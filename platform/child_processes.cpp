@@ -43,7 +43,7 @@ constexpr int kPipeSize = 1 << 20;
 /// All that can be read without waiting.
 std::string ReadAll(Descriptor& end) {
   std::string taken;
-  std::array<char, 1 << 16> piece{};
+  std::array<char, 1 << 16> piece;
   while (end) {
     const std::optional<std::size_t> count = ReadSome(end.Get(), piece);
     if (!count) break;
@@ -69,11 +69,11 @@ class PosixChild final : public ChildProcess {
     if (Ended()) return;
     if (outlives_) {
       // Its status must be collected, or it stays in the system's process table.
-      std::thread([pid = pid_] { WaitFor(pid); }).detach();
+      std::thread([pid = pid_] { WaitForEnd(pid); }).detach();
       return;
     }
     ::kill(pid_, SIGKILL);
-    WaitFor(pid_);
+    WaitForEnd(pid_);
   }
 
   std::string TakeOutput() override { return ReadAll(ends_.output); }
@@ -90,12 +90,11 @@ class PosixChild final : public ChildProcess {
     return !untold_.empty();
   }
 
-  void Wait(int ms) override {
-    TellRest();
-    std::array<pollfd, 2> watched = {pollfd{ends_.output.Get(), POLLIN, 0}, pollfd{ends_.errors.Get(), POLLIN, 0}};
-    // With both ends closed there is nothing to poll; the child is about to end.
-    const bool closed = ends_.output.Get() < 0 && ends_.errors.Get() < 0;
-    ::poll(watched.data(), watched.size(), closed ? std::min(ms, 5) : ms);
+  void Wait(int ms) override { WaitFor(ends_.output.Get(), ends_.errors.Get(), ms); }
+
+  void WaitForOutput(int ms) override {
+    if (ends_.output) return WaitFor(ends_.output.Get(), -1, ms);
+    Wait(ms);
   }
 
   std::optional<int> Ended() override {
@@ -107,6 +106,15 @@ class PosixChild final : public ChildProcess {
   }
 
  private:
+  /// Returns when one of these pipes has something or is closed, -1 for none, at the latest after `ms`.
+  void WaitFor(int one, int other, int ms) {
+    TellRest();
+    std::array<pollfd, 2> watched = {pollfd{one, POLLIN, 0}, pollfd{other, POLLIN, 0}};
+    // With both ends closed there is nothing to poll; the child is about to end.
+    const bool closed = one < 0 && other < 0;
+    ::poll(watched.data(), watched.size(), closed ? std::min(ms, 5) : ms);
+  }
+
   /// Hands over as much as can be without waiting.
   void TellRest() {
     while (ends_.input && !untold_.empty()) {
@@ -118,7 +126,7 @@ class PosixChild final : public ChildProcess {
     }
   }
 
-  static void WaitFor(pid_t pid) {
+  static void WaitForEnd(pid_t pid) {
     while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
     }
   }

@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::array<std::size_t, 9> kSpans = {6, 8, 11, 15, 20, 27, 36, 48, FadeMeasurer::kLongest};
 constexpr std::array<std::size_t, 10> kPlainSpans = {2, 3, 5, 8, 12, 18, 25, 34, 46, 60};
-/// Pictures that stand before and behind the plain way.
+/// Pictures before a fall to a plain one, or behind a rise from it, that show the shot by itself.
 constexpr std::size_t kPlainRest = 6;
-constexpr int kSightUnit = 8;  ///< of a level
+constexpr int kSightUnit = 8;  ///< parts of a level that a sight counts in
 /// Levels of chroma in a part, counted twice, by which another light changes it at most.
 constexpr int kLeastColour = 2 * 8 * kSightUnit;
 constexpr double kAlike = 0.95;  ///< correlation of one picture in two lights
@@ -43,10 +43,14 @@ constexpr float kUnsteady = 0.01F;
 /// Pictures on each side of a fade that show the shots by themselves.
 constexpr std::size_t RestOf(std::size_t span) { return std::clamp<std::size_t>(span / 4, 5, 12); }
 constexpr std::array<std::size_t, 4> kRests = {RestOf(20), RestOf(27), RestOf(36), RestOf(48)};
-constexpr std::size_t PlaceOfRest(std::size_t rest) {
-  return static_cast<std::size_t>(std::ranges::find(kRests, rest) - kRests.begin());
-}
+constexpr std::size_t PlaceOfRest(std::size_t rest) { return std::ranges::find(kRests, rest) - kRests.begin(); }
 static_assert(std::ranges::all_of(kSpans, [](std::size_t span) { return PlaceOfRest(RestOf(span)) < kRests.size(); }));
+
+/// A number of pictures to reckon with.
+float Pictures(std::size_t count) { return static_cast<float>(count); }
+
+/// A value of a sight, or the difference of two.
+std::int16_t SightValue(int value) { return static_cast<std::int16_t>(value); }
 
 /// The mean of a part of a plane, 8 samples wide and 6 high.
 std::int16_t MeanOfPart(const std::uint8_t* part, int stride, int unit) {
@@ -56,7 +60,7 @@ std::int16_t MeanOfPart(const std::uint8_t* part, int stride, int unit) {
   for (int y = 0; y < kHigh; ++y) {
     for (int x = 0; x < kWide; ++x) sum += part[y * stride + x];
   }
-  return static_cast<std::int16_t>(sum * unit / (kWide * kHigh));
+  return SightValue(sum * unit / (kWide * kHigh));
 }
 
 std::int16_t* TakePlane(const std::uint8_t* plane, int width, int height, int unit, std::int16_t* to) {
@@ -73,9 +77,10 @@ bool IsPlain(const Thumbnail& thumbnail) {
     sum += thumbnail.bytes[i];
     squares += thumbnail.bytes[i] * thumbnail.bytes[i];
   }
-  const double mean = static_cast<double>(sum) / Thumbnail::kLuma;
+  constexpr double kSamples = Thumbnail::kLuma;
+  const double mean = sum / kSamples;
   if (mean > kBlackest && mean < kWhitest) return false;
-  return static_cast<double>(squares) / Thumbnail::kLuma - mean * mean < kPlainVariance;
+  return squares / kSamples - mean * mean < kPlainVariance;
 }
 
 /// How much detail a picture has: the sum of the squared differences between neighbours.
@@ -132,18 +137,18 @@ void FadeMeasurer::Window::DropFew() {
 }
 
 float FadeMeasurer::Window::Aside() const {
-  // Two sights that hardly differ give no pictures.
+  // The window has no pictures where the two sights hardly differ.
   if (count == 0) return std::numeric_limits<float>::max();
-  return std::sqrt(std::accumulate(aside.begin(), aside.begin() + count, 0.0F) / static_cast<float>(count));
+  return std::sqrt(std::accumulate(aside.begin(), aside.begin() + count, 0.0F) / Pictures(count));
 }
 
 float FadeMeasurer::Window::Gain(float even, float other) const {
-  const float unsteady = kUnsteady * kUnsteady * static_cast<float>(count);
+  const float unsteady = kUnsteady * kUnsteady * Pictures(count);
   return 1 - std::sqrt((even + unsteady) / (other + unsteady));
 }
 
 float FadeMeasurer::Window::RestOfLine() const {
-  const auto pictures = static_cast<float>(count);
+  const float pictures = Pictures(count);
   const float sum = std::accumulate(along.begin(), along.begin() + count, 0.0F);
   const float places = std::accumulate(place.begin(), place.begin() + count, 0.0F);
   float squares = 0, moment = 0, spread = 0;
@@ -216,7 +221,7 @@ FadeMeasurer::Sight FadeMeasurer::MeanOf(std::size_t first, std::size_t last) co
   }
   Sight mean;
   const int count = static_cast<int>(last - first + 1);
-  for (std::size_t i = 0; i < kParts; ++i) mean[i] = static_cast<std::int16_t>(sums[i] / count);
+  for (std::size_t i = 0; i < kParts; ++i) mean[i] = SightValue(sums[i] / count);
   return mean;
 }
 
@@ -230,7 +235,7 @@ FadeMeasurer::Window FadeMeasurer::WindowOf(std::size_t first, std::size_t last,
   std::int32_t length = 0;
   Sight way;
   for (std::size_t i = 0; i < kParts; ++i) {
-    way[i] = static_cast<std::int16_t>(other[i] - one[i]);
+    way[i] = SightValue(other[i] - one[i]);
     length += way[i] * way[i];
   }
   constexpr double kLeastLength = kLeastApart * kLeastApart * kSightUnit * kSightUnit * kParts;
@@ -239,13 +244,13 @@ FadeMeasurer::Window FadeMeasurer::WindowOf(std::size_t first, std::size_t last,
     const Sight& sight = At(picture);
     std::int32_t along = 0, squares = 0;
     for (std::size_t i = 0; i < kParts; ++i) {
-      const auto part = static_cast<std::int16_t>(sight[i] - one[i]);
+      const std::int16_t part = SightValue(sight[i] - one[i]);
       along += part * way[i];
       squares += part * part;
     }
     const float place = static_cast<float>(along) / static_cast<float>(length);
     const float distance = static_cast<float>(squares) / static_cast<float>(length);
-    window.place[window.count] = static_cast<float>(picture - first);
+    window.place[window.count] = Pictures(picture - first);
     window.along[window.count] = place;
     window.aside[window.count++] = std::max(distance - place * place, 0.0F);
   }
@@ -265,9 +270,9 @@ void FadeMeasurer::MeasureMix(std::size_t last, std::size_t span, std::vector<Pi
   const float aside = window.Aside();
   if (aside > kMostAside) return;
   float even = std::numeric_limits<float>::max();
-  // The ways that are measured differ by about a quarter; between them are others.
+  // Lengths that are tried differ by about a quarter, so that a fade may be somewhat shorter than this one.
   for (std::size_t less = 0; less <= span / 10; ++less) {
-    even = std::min(even, window.RestOfWay(static_cast<float>(rest + less), static_cast<float>(rest + span - less)));
+    even = std::min(even, window.RestOfWay(Pictures(rest + less), Pictures(rest + span - less)));
   }
   float gain = window.Gain(even, std::min(window.RestOfStep(), window.RestOfLine())) * (1 - aside);
   if (gain < kLeastGain) return;
@@ -282,8 +287,8 @@ float FadeMeasurer::GainOfPlainWay(std::size_t first, std::size_t last, const Si
                                    std::size_t from, std::size_t to) const {
   const Window window = WindowOf(first, last, one, other);
   const float aside = window.Aside();
-  const float even = window.RestOfWay(static_cast<float>(from - first), static_cast<float>(to - first));
-  if (aside > kMostAside || even > kMostUneven * kMostUneven * static_cast<float>(window.count)) return 0;
+  const float even = window.RestOfWay(Pictures(from - first), Pictures(to - first));
+  if (aside > kMostAside || even > kMostUneven * kMostUneven * Pictures(window.count)) return 0;
   return window.Gain(even, window.RestOfStep()) * (1 - aside);
 }
 
@@ -293,12 +298,12 @@ float FadeMeasurer::LostDetail(std::size_t first, std::size_t last, std::size_t 
     one += details_[(first + i) % kKept];
     other += details_[(last - i) % kKept];
   }
-  one /= static_cast<float>(rest + 1);
-  other /= static_cast<float>(rest + 1);
-  const auto span = static_cast<float>(last - first - 2 * rest);
+  one /= Pictures(rest + 1);
+  other /= Pictures(rest + 1);
+  const float span = Pictures(last - first - 2 * rest);
   float lost = 0, whole = 0;
   for (std::size_t i = first + rest + 1; i < last - rest; ++i) {
-    const float part = static_cast<float>(i - first - rest) / span;
+    const float part = Pictures(i - first - rest) / span;
     lost += one + (other - one) * part - details_[i % kKept];
     whole += part * (1 - part) * (one + other);
   }

@@ -17,7 +17,7 @@ class FadeMeasurer {
   /// Takes the next picture, whose measure is the last of these, and completes those of pictures before it.
   void Add(const Thumbnail& thumbnail, std::vector<PictureMeasure>& measures);
 
-  /// Measures a film that ends on its way to black, of which the last picture has come.
+  /// The last picture has come: measures a fade to black that the film ends in before it is quite black.
   void Finish(std::vector<PictureMeasure>& measures);
 
   /// Pictures that lie at most between the first and the last one of a fade.
@@ -72,7 +72,7 @@ class FadeMeasurer {
   void MeasureRise(std::size_t last, std::size_t span, std::vector<PictureMeasure>& measures);
 
   std::vector<Sight> sights_;
-  std::vector<std::array<Sight, 4>> means_;  ///< up to each picture, for each length of what stands by itself
+  std::vector<std::array<Sight, 4>> means_;  ///< `MeanUpTo` of each picture, for each length of rest
   std::array<float, kKept> details_{};
   std::array<float, kKept> riseGains_{};  ///< of the best rise so far from a picture
 };

@@ -28,7 +28,9 @@ std::vector<Text> Arguments(TextView film) {
           // Each picture once, at the time that it has; the log tells that time.
           u"-vf", u"scale=64:36:flags=fast_bilinear,format=yuv420p,showinfo=checksum=0", u"-vsync", u"passthrough",
           // In units of the film, or pictures of a varying rate would fall together and the log fill with that.
-          u"-enc_time_base", u"-1", u"-f", u"rawvideo", u"pipe:1",
+          u"-enc_time_base", u"-1",
+          // In blocks of some pictures, or each of them would wake this program.
+          u"-flush_packets", u"0", u"-f", u"rawvideo", u"pipe:1",
           // The film begins where its first stream does, be that the sound.
           u"-map", u"0:a?", u"-map", u"0:v:0", u"-c", u"copy", u"-frames:a", u"1", u"-frames:v", u"1", u"-f", u"null",
           u"-"};
@@ -140,7 +142,7 @@ FilmPictures::FilmPictures(Processes& processes, TextView film, ShotMeasurer& me
 FilmPictures::~FilmPictures() = default;
 
 std::optional<FilmReading> FilmPictures::Poll() {
-  // What ends a program comes behind the last that it wrote.
+  // Asked before its output is taken: a program that has ended by now has written all there is to take.
   const std::optional<int> status = child_->Ended();
   joiner_->TakePictures(child_->TakeOutput());
   joiner_->TakeLog(child_->TakeErrors());
@@ -149,7 +151,7 @@ std::optional<FilmReading> FilmPictures::Poll() {
   return FilmReading{joiner_->Problem(*status), false};
 }
 
-void FilmPictures::Wait(int ms) { child_->Wait(ms); }
+void FilmPictures::Wait(int ms) { child_->WaitForOutput(ms); }
 std::size_t FilmPictures::Count() const { return joiner_->Count(); }
 double FilmPictures::Seconds() const { return joiner_->Seconds(); }
 

@@ -39,10 +39,10 @@ std::string BytesOf(const std::vector<PictureMeasure>& measures) {
   bytes.reserve(kHead.size() + 8 + measures.size() * kPictureBytes);
   Put<std::uint64_t>(measures.size(), bytes);
   for (const PictureMeasure& measure : measures) {
-    Put(static_cast<std::uint64_t>(measure.us), bytes);
+    Put<std::uint64_t>(measure.us, bytes);
     for (const auto member : kFloats) Put(std::bit_cast<std::uint32_t>(measure.*member), bytes);
     for (const auto member : kSpans) Put(measure.*member, bytes);
-    Put(static_cast<std::uint8_t>(measure.plain ? 1 : 0), bytes);
+    Put<std::uint8_t>(measure.plain, bytes);
   }
   return bytes;
 }
@@ -55,7 +55,7 @@ bool ReadMeasures(std::string_view bytes, std::vector<PictureMeasure>& measures)
   if (bytes.size() % kPictureBytes != 0 || bytes.size() / kPictureBytes != count) return false;
   measures.resize(count);
   for (PictureMeasure& measure : measures) {
-    measure.us = static_cast<std::int64_t>(Take<std::uint64_t>(bytes));
+    measure.us = Take<std::uint64_t>(bytes);
     for (const auto member : kFloats) measure.*member = std::bit_cast<float>(Take<std::uint32_t>(bytes));
     for (const auto member : kSpans) measure.*member = Take<std::uint8_t>(bytes);
     measure.plain = Take<std::uint8_t>(bytes) != 0;

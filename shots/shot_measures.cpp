@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <span>
 
+#include "core/counting.h"
 #include "shots/cut_strength.h"
 
 namespace cuewright {
@@ -32,12 +33,13 @@ void TakeShape(const Thumbnail& thumbnail, Shape& shape) {
     sum += luma[i];
     squares += luma[i] * luma[i];
   }
-  const double mean = static_cast<double>(sum) / Thumbnail::kLuma;
-  const double variance = static_cast<double>(squares) / Thumbnail::kLuma - mean * mean;
+  constexpr double kSamples = Thumbnail::kLuma;
+  const double mean = sum / kSamples;
+  const double variance = squares / kSamples - mean * mean;
   const double scale = kUnit / (std::sqrt(std::max(variance, 0.0)) + kNoise);
   std::array<std::uint8_t, 256> shapeOf;
-  for (std::size_t level = 0; level < shapeOf.size(); ++level) {
-    const double value = kMiddle + (static_cast<double>(level) - mean) * scale;
+  for (int level = 0; level < CountOf(shapeOf); ++level) {
+    const double value = kMiddle + (level - mean) * scale;
     shapeOf[level] = static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0));
   }
   for (std::size_t y = 0; y < Thumbnail::kHeight; ++y) {
@@ -53,8 +55,8 @@ void TakeLevels(std::span<const std::uint8_t> plane, int weight, std::int16_t* c
   std::array<int, 256> counts{};
   for (const std::uint8_t level : plane) ++counts[level];
   std::array<int, kBins + 1> bins{};
-  for (std::size_t level = 0; level < counts.size(); ++level) {
-    const auto part = static_cast<int>(level % kLevelsABin);
+  for (int level = 0; level < CountOf(counts); ++level) {
+    const int part = level % kLevelsABin;
     bins[level / kLevelsABin] += counts[level] * (kLevelsABin - part);
     bins[level / kLevelsABin + 1] += counts[level] * part;
   }

@@ -13,8 +13,8 @@ namespace cuewright {
 /// Measures a film's pictures as they come.
 class ShotMeasurer {
  public:
-  /// Luma without its mean, in units of its contrast. Each row goes on for a sample at both ends, so that it can be
-  /// moved.
+  /// Luma without its mean, in units of its contrast. Each row repeats its first and its last sample, so that it can
+  /// be compared with one that is moved by a sample.
   static constexpr std::size_t kShapeRow = Thumbnail::kWidth + 2;
   using Shape = std::array<std::uint8_t, kShapeRow * Thumbnail::kHeight>;
 

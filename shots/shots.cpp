@@ -91,7 +91,7 @@ class Finder {
     FindPlainFades();
     FindMixtures();
     std::erase_if(shots_, [&](const Shot& shot) {
-      const auto frame = static_cast<std::size_t>(shot.frame);
+      const std::size_t frame = shot.frame;
       return shot.kind == ShotKind::Cut &&
              std::ranges::any_of(fades_, [&](const Fade& fade) { return fade.Has(frame); });
     });

@@ -4,10 +4,12 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <sstream>
 
 #include "core/media_errors.h"
 #include "core/process_output.h"
 #include "core/runtime_error.h"
+#include "sound/sample.h"
 #include "text/labels.h"
 
 namespace cuewright {
@@ -38,7 +40,7 @@ Text Graph(int track, bool centre, bool wave) {
   if (wave && !centre) return mixed + u",asplit[voice][whole]";
   if (!centre) return mixed + u"[voice]";
   const Text voice = from + u"pan=mono|c0=FC," + timed + sampled + u"[voice]";
-  // Branches of one beginning would be given the channels of one of them.
+  // Two branches of one chain would both get the channels that either asks for, so that each has a chain of its own.
   return wave ? voice + u";" + mixed + u"[whole]" : voice;
 }
 
@@ -51,49 +53,55 @@ std::string ProblemOf(int status, const std::string& log, bool any) {
 
 }  // namespace
 
-std::vector<Text> SamplesArguments(TextView film, int track, bool centre, TextView wave) {
+TrackFacts FactsOf(Processes& processes, TextView film, int track) {
+  const Text stream = track < 0 ? Text(u"a:0") : Decimal(track);
+  const std::string told = OutputOf(
+      processes, u"ffprobe",
+      {u"-v", u"error", u"-select_streams", stream, u"-show_entries", u"stream=channel_layout:format=format_name",
+       u"-of", u"default=nw=1:nk=1", u"-i", u"file:" + Text(film)});
+  // The names of the layouts with a centre in front; the ones that are left out put it behind or have none.
+  constexpr std::array<std::string_view, 14> kWithCentre = {"3.0",       "3.1", "4.0",       "4.1",       "5.0",
+                                                            "5.0(side)", "5.1", "6.0",       "5.1(side)", "6.1",
+                                                            "7.0",       "7.1", "7.1(wide)", "6.1(back)"};
+  // FFmpeg takes the start of other containers, whose times may jump, from those streams that are selected.
+  constexpr std::array<std::string_view, 2> kWithStart = {"mov,mp4,m4a,3gp,3g2,mj2", "matroska,webm"};
+  TrackFacts facts;
+  std::istringstream lines(told);
+  for (std::string line; std::getline(lines, line);) {
+    facts.centre = facts.centre || std::ranges::find(kWithCentre, line) != kWithCentre.end();
+    facts.ownStart = facts.ownStart || std::ranges::find(kWithStart, line) != kWithStart.end();
+  }
+  return facts;
+}
+
+std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts, TextView wave) {
   // "file:" keeps a name from being taken for an option or an address.
   std::vector<Text> all = {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + Text(film)};
-  all += {u"-filter_complex", Graph(track, centre, !wave.empty())};
-  all += {u"-map", u"[voice]", u"-c:a", u"pcm_s16le", u"-f", u"s16le", u"pipe:1"};
+  all += {u"-filter_complex", Graph(track, facts.centre, !wave.empty())};
+  // Written in blocks of 32 KiB: a write for each of the decoder's packets would take longer than what is written.
+  all += {u"-map", u"[voice]", u"-c:a", u"pcm_s16le", u"-flush_packets", u"0", u"-f", u"s16le", u"pipe:1"};
   if (!wave.empty()) {
     all += {u"-map", u"[whole]", u"-c:a", u"pcm_s16le", u"-map_metadata", u"-1", u"-fflags", u"+bitexact"};
-    all += {u"-flags:a", u"+bitexact", u"-f", u"wav", u"file:" + Text(wave)};
+    all += {u"-flags:a", u"+bitexact", u"-flush_packets", u"0", u"-f", u"wav", u"file:" + Text(wave)};
   }
-  // For some containers the decoder takes the start of the first selected stream as the start of the film: the picture
-  // and the sound are therefore selected here as well, and written nowhere.
+  if (facts.ownStart) return all;
+  // The picture and all sound are selected as well, and written nowhere: the earliest of them is the film's start.
   all += {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1"};
   all += {u"-f", u"null", u"-"};
   return all;
 }
 
-bool HasCentre(Processes& processes, TextView film, int track) {
-  const Text stream = track < 0 ? Text(u"a:0") : Decimal(track);
-  const std::string layout = OutputOf(processes, u"ffprobe",
-                                      {u"-v", u"error", u"-select_streams", stream, u"-show_entries",
-                                       u"stream=channel_layout", u"-of", u"csv=p=0", u"-i", u"file:" + Text(film)});
-  // The names of the layouts with a centre in front; the ones that are left out put it behind or have none.
-  constexpr std::array<std::string_view, 14> kWithCentre = {"3.0",       "3.1", "4.0",       "4.1",       "5.0",
-                                                            "5.0(side)", "5.1", "6.0",       "5.1(side)", "6.1",
-                                                            "7.0",       "7.1", "7.1(wide)", "6.1(back)"};
-  const std::string name = layout.substr(0, layout.find_first_of("\r\n,"));
-  return std::ranges::find(kWithCentre, name) != kWithCentre.end();
-}
-
 std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
   samples_.clear();
   std::string_view rest = bytes;
-  const auto sample = [](char low, char high) {
-    return static_cast<std::int16_t>(static_cast<std::uint8_t>(low) | static_cast<std::uint8_t>(high) << 8);
-  };
   if (!half_.empty() && !rest.empty()) {
-    samples_.push_back(sample(half_.front(), rest.front()));
+    samples_.push_back(SampleOf(half_.front(), rest.front()));
     rest.remove_prefix(1);
     half_.clear();
   }
   const std::size_t had = samples_.size();
   samples_.resize(had + rest.size() / 2);
-  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = sample(rest[2 * i], rest[2 * i + 1]);
+  for (std::size_t i = 0; i < rest.size() / 2; ++i) samples_[had + i] = SampleOf(rest[2 * i], rest[2 * i + 1]);
   rest.remove_prefix(rest.size() / 2 * 2);
   half_ += rest;
   return samples_;
@@ -102,10 +110,10 @@ std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
 SoundReading ReadSamples(Processes& processes, TextView film, int track,
                          const std::function<void(std::span<const std::int16_t>)>& take,
                          const std::function<bool(double)>& goOn) {
-  const bool centre = HasCentre(processes, film, track);
+  const TrackFacts facts = FactsOf(processes, film, track);
   std::unique_ptr<ChildProcess> child;
   CarryOn errors;
-  errors([&] { child = processes.Start(u"ffmpeg", SamplesArguments(film, track, centre), {.errors = true}); });
+  errors([&] { child = processes.Start(u"ffmpeg", SamplesArguments(film, track, facts), {.errors = true}); });
   if (!child) return {"ffmpeg can't be started; the package ffmpeg has it", false};
   SampleBytes samples;
   std::size_t count = 0;
@@ -113,7 +121,7 @@ SoundReading ReadSamples(Processes& processes, TextView film, int track,
   std::optional<int> status;
   while (!status) {
     child->Wait(kWaitMs);
-    // What ends a program comes behind the last that it wrote.
+    // Asked before its output is taken: a program that has ended by now has written all there is to take.
     status = child->Ended();
     const std::span<const std::int16_t> taken = samples.Take(child->TakeOutput());
     const std::string more = child->TakeErrors();

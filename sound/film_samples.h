@@ -20,14 +20,22 @@ struct SoundReading {
   bool cancelled = false;
 };
 
-/// The decoder's arguments for one sound track of a film (-1: the first) as one channel, silence where it begins late,
-/// so that the first sample is the film's first instant. `centre` takes the centre channel alone. The samples go to the
-/// decoder's output, with 16 bits, the low byte first; `wave` names a file that gets the sound of all channels as well,
-/// none when empty.
-std::vector<Text> SamplesArguments(TextView film, int track, bool centre, TextView wave = {});
+/// What has to be known of a sound track before it is decoded.
+struct TrackFacts {
+  /// It has a centre channel of its own, which holds the voices of most films.
+  bool centre = false;
+  /// The film's first instant is known without a look at its other tracks.
+  bool ownStart = false;
+};
 
-/// True when the track has a centre channel of its own, which holds the voices of most films.
-bool HasCentre(Processes& processes, TextView film, int track);
+/// Asks FFmpeg about a sound track of a film (-1: the first).
+TrackFacts FactsOf(Processes& processes, TextView film, int track);
+
+/// The decoder's arguments for one sound track of a film (-1: the first) as one channel, silence where it begins late,
+/// so that the first sample is the film's first instant. Of a track with a centre channel that one alone is taken. The
+/// samples go to the decoder's output, with 16 bits, the low byte first; `wave` names a file that gets the sound of all
+/// channels as well, none when empty.
+std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts, TextView wave = {});
 
 /// Puts samples together from a decoder's output, which may end within one.
 class SampleBytes {

@@ -8,11 +8,13 @@
 #include <span>
 #include <vector>
 
+#include "core/counting.h"
+
 namespace cuewright {
 
 /// Bins of a transform that follow each other, and how much of each belongs to something.
 struct BinShares {
-  std::size_t first = 0;
+  int first = 0;
   std::vector<float> shares;
 
   float PowerIn(std::span<const float> powers) const;
@@ -24,9 +26,9 @@ class PowerSpectrum {
   /// Windows of so many samples, at least 2.
   explicit PowerSpectrum(std::size_t length);
 
-  std::size_t Length() const { return window_.size(); }
+  int Length() const { return CountOf(window_); }
   /// Samples of the transform, a power of two; bin i stands for i times the rate by this.
-  std::size_t Size() const { return input_.size(); }
+  int Size() const { return CountOf(input_); }
   /// The power in each bin from 0 to half of `Size`, of `Length` samples; all of them add up to the mean square of the
   /// sound, in 16-bit units. They hold until the next call.
   std::span<const float> Measure(std::span<const std::int16_t> samples);

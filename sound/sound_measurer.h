@@ -18,12 +18,12 @@ class SoundMeasurer {
   SoundMeasurer(SoundTable& table, int samplesASecond);
 
   void Add(std::span<const std::int16_t> samples);
-  /// Appends the steps that wait for what follows; a last step that has begun counts.
+  /// Ends the sound: appends the steps whose windows reach beyond it, and the last one even when it isn't full.
   void Finish();
 
  private:
   /// The place of the first sample of a step's window; before the sound for the first steps.
-  std::int64_t WindowBegin(std::size_t step) const;
+  std::int64_t WindowBegin(std::int64_t step) const;
   void MeasureReady();
   void Measure(std::span<const std::int16_t> samples);
 
@@ -34,7 +34,7 @@ class SoundMeasurer {
   std::vector<std::int16_t> samples_;  // from place `begin_` of the sound on
   std::int64_t begin_ = 0;
   std::int64_t given_ = 0;  // samples of the sound so far
-  std::size_t step_ = 0;    // the next one, counted from where this measurer began
+  std::int64_t step_ = 0;   // the next one, counted from where this measurer began
 };
 
 }  // namespace cuewright

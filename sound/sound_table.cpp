@@ -21,7 +21,8 @@ std::uint8_t SoundTable::UnitsOf(float power) {
 }
 
 double SoundTable::EdgeHz(int band) {
-  return kLowestHz * std::pow(kHighestHz / kLowestHz, static_cast<double>(band) / kBands);
+  constexpr double kAll = kBands;
+  return kLowestHz * std::pow(kHighestHz / kLowestHz, band / kAll);
 }
 
 std::string SoundTable::Bytes() const {

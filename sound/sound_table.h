@@ -27,7 +27,7 @@ class SoundTable {
   /// Half decibels above a power of one 16-bit unit squared, 0 for less; a full sine of one band has 174.
   using Step = std::array<std::uint8_t, kBands>;
 
-  /// A power in those units.
+  /// A power in the units of a `Step`.
   static std::uint8_t UnitsOf(float power);
   /// The lower edge of a band in Hz, of band `kBands` the upper one of the last.
   static double EdgeHz(int band);
@@ -35,7 +35,7 @@ class SoundTable {
   std::size_t Steps() const { return steps_.size(); }
   /// The step that begins `step` * 10 ms into the sound.
   const Step& At(std::size_t step) const { return steps_[step]; }
-  float Db(std::size_t step, int band) const { return static_cast<float>(steps_[step][Place(band)]) * kDbPerUnit; }
+  float Db(std::size_t step, int band) const { return static_cast<float>(steps_[step][band]) * kDbPerUnit; }
   void Append(const Step& step) { steps_.push_back(step); }
   void Clear() { steps_.clear(); }
 
@@ -44,8 +44,6 @@ class SoundTable {
   bool Read(std::string_view bytes);
 
  private:
-  static std::size_t Place(int band) { return static_cast<std::size_t>(band); }
-
   std::vector<Step> steps_;
 };
 

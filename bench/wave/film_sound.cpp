@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <thread>
 
 #include "audio/wave_detail_reader.h"
 #include "platform/child_processes.h"
@@ -22,6 +23,9 @@
 namespace {
 
 using namespace cuewright;
+
+/// How often the window takes samples.
+constexpr std::chrono::milliseconds kTick{10};
 
 double SecondsOf(int who) {
   rusage usage{};
@@ -62,7 +66,8 @@ bool Run(const std::vector<Text>& arguments, SoundMeasurer* measurer, Peaks* pea
   SampleBytes bytes;
   std::optional<int> status;
   while (!status) {
-    child->Wait(100);
+    // The window's timer takes what has come, and asks once more when the decoder has ended.
+    std::this_thread::sleep_for(kTick);
     status = child->Ended();
     const auto samples = bytes.Take(child->TakeOutput());
     if (measurer) measurer->Add(samples);
@@ -96,7 +101,7 @@ int main(int argc, char** argv) {
   const Text film = FromUtf8(argv[1]);
   const Text wave = FromUtf8(argv[2]);
   PosixProcesses processes;
-  const std::vector<Text> whole = SamplesArguments(film, -1, HasCentre(processes, film, -1), wave);
+  const std::vector<Text> whole = SamplesArguments(film, -1, FactsOf(processes, film, -1), wave);
   const std::vector<Text> decode = {u"-nostdin", u"-v", u"error", u"-i", film, u"-map", u"0:a:0", u"-f", u"null", u"-"};
   Least decoding, reading;
   for (int round = argc > 3 ? std::atoi(argv[3]) : 5; round > 0; --round) {

@@ -32,6 +32,9 @@ class ChildProcess {
   /// Returns when there is something to take or it may have ended, at the latest after `ms`.
   virtual void Wait(int /*ms*/) {}
 
+  /// The same, but what it writes to its error stream is no reason to return before `ms`.
+  virtual void WaitForOutput(int ms) { Wait(ms); }
+
   /// Its exit status, -1 when it ended by a signal; empty while it runs.
   virtual std::optional<int> Ended() = 0;
 };

@@ -276,6 +276,26 @@ TEST_F(WaveDesk, OverlappingCaptionsStandInTwoLanes) {
   EXPECT_FALSE(blocks[2].lower);
 }
 
+TEST_F(WaveDesk, ZoomedInTheSpectrogramIsMeasuredFromTheWave) {
+  // Two seconds of 16,000 samples each.
+  std::string wave("RIFF\x24\xFA\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x80\x3e\0\0\0\x7d\0\0\2\0\x10\0data\0\xFA\0\0", 44);
+  for (int i = 0; i < 32000; ++i) wave += std::string(i % 8 < 4 ? "\0\x10" : "\0\xF0", 2);
+  Load(folder.Write("fine.wav", wave));
+  ReadDetails();
+  program->options.waveLook = static_cast<std::uint8_t>(BoardLook::Both);
+  std::vector<std::uint32_t> pixels(1000 * 180);
+  const auto measured = [&](std::int32_t msAPixel) {
+    program->options.waveZoom = msAPixel * 1000;
+    Board().LoadOptions();
+    Board().Paint({pixels.data(), 1000, 1000, 180});
+    return program->waveDetails.Fine().At(500) != nullptr;
+  };
+  EXPECT_FALSE(measured(10));
+  EXPECT_TRUE(measured(2));
+  program->audioBar.Forget();
+  EXPECT_FALSE(measured(2));
+}
+
 TEST_F(WaveDesk, TheClassicMannerHasTheStrip) {
   const auto change = [&](bool classic) {
     program->options.manner.SetClassic(classic);

@@ -38,6 +38,19 @@ TEST(PosixProcesses, TellsTheExitStatus) {
   EXPECT_EQ(killed.output, "now\n");
 }
 
+TEST(PosixProcesses, AWaitForOutputGoesOnOverErrors) {
+  const auto child = PosixProcesses().Start(u"sh", {u"-c", u"echo e >&2; sleep 0.2; echo o"}, {.errors = true});
+  child->WaitForOutput(60000);
+  EXPECT_EQ(child->TakeOutput(), "o\n");
+  EXPECT_EQ(child->TakeErrors(), "e\n");
+  // A closed output is nothing to wait for: errors are then.
+  const auto silent = PosixProcesses().Start(u"sh", {u"-c", u"exec >&-; sleep 0.2; echo e >&2"}, {.errors = true});
+  silent->WaitForOutput(60000);
+  EXPECT_EQ(silent->TakeOutput(), "");
+  silent->WaitForOutput(60000);
+  EXPECT_EQ(silent->TakeErrors(), "e\n");
+}
+
 TEST(PosixProcesses, AMissingProgramIsARunTimeError) {
   try {
     PosixProcesses().Start(u"no-such-program-anywhere", {});

@@ -94,11 +94,11 @@ TEST_F(FilmSamplesTest, OfATrueCentreAreTheCentresAlone) {
       "centre.mkv",
       "-f lavfi -i \"aevalsrc=sin(2*PI*400*t)/2|sin(2*PI*300*t)/2|gte(t\\,1)*sin(2*PI*500*t)/4|0|0|0:c=5.1:d=2\" "
       "-c:a flac ");
-  EXPECT_TRUE(HasCentre(processes, FromUtf8(film), -1));
+  EXPECT_TRUE(FactsOf(processes, FromUtf8(film), -1).centre);
   EXPECT_EQ(Read(film).problem, "");
   EXPECT_LT(Loudest(0, 0.95), 100);
   EXPECT_NEAR(Loudest(1.1, 1.9), 32767 / 4, 400);
-  EXPECT_FALSE(HasCentre(processes, FromUtf8(test::Media().Film(1)), -1));
+  EXPECT_FALSE(FactsOf(processes, FromUtf8(test::Media().Film(1)), -1).centre);
 }
 
 TEST_F(FilmSamplesTest, OfTheWaveBesideAreAllChannels) {
@@ -108,7 +108,7 @@ TEST_F(FilmSamplesTest, OfTheWaveBesideAreAllChannels) {
       "-c:a flac ");
   for (const bool centre : {true, false}) {
     const std::string wave = (test::Media().Folder() / (centre ? "beside.wav" : "both.wav")).string();
-    const auto child = processes.Start(u"ffmpeg", SamplesArguments(FromUtf8(film), -1, centre, FromUtf8(wave)));
+    const auto child = processes.Start(u"ffmpeg", SamplesArguments(FromUtf8(film), -1, {centre}, FromUtf8(wave)));
     std::string voice;
     while (!child->Ended()) {
       child->Wait(100);
@@ -124,6 +124,33 @@ TEST_F(FilmSamplesTest, OfTheWaveBesideAreAllChannels) {
     ASSERT_EQ(samples.size(), std::size_t{2 * kSamplesASecond});
     EXPECT_GT(Loudest(0, 0.95), 1000);
   }
+}
+
+TEST_F(FilmSamplesTest, NeedNoOtherTrackWhereTheContainerTellsTheStart) {
+  const auto taken = [&](const std::string& film, bool ownStart) {
+    const auto child = processes.Start(u"ffmpeg", SamplesArguments(FromUtf8(film), -1, {false, ownStart}));
+    std::string bytes;
+    std::optional<int> status;
+    while (!status) {
+      child->Wait(100);
+      status = child->Ended();
+      bytes += child->TakeOutput();
+    }
+    return bytes;
+  };
+  const std::string early = "-itsoffset 1.2 -f lavfi -i color=s=64x36:r=25:d=2 -f lavfi -i sine=d=3 ";
+  const std::string late = "-f lavfi -i color=s=64x36:r=25:d=3 -itsoffset 0.7 -f lavfi -i sine=d=2 ";
+  for (const std::string ending : {"mp4", "mov", "mkv"}) {
+    for (const bool first : {true, false}) {
+      const std::string film =
+          test::Media().Make((first ? "first." : "second.") + ending, (first ? early : late) + "-c:v mpeg4 -c:a aac ");
+      EXPECT_TRUE(FactsOf(processes, FromUtf8(film), -1).ownStart) << film;
+      const std::string alone = taken(film, true);
+      EXPECT_NEAR(static_cast<double>(alone.size()) / 2 / kSamplesASecond, first ? 3 : 2.7, 0.1) << film;
+      EXPECT_TRUE(alone == taken(film, false)) << film;
+    }
+  }
+  EXPECT_FALSE(FactsOf(processes, FromUtf8(test::Media().Make("start.ts", late)), -1).ownStart);
 }
 
 TEST_F(FilmSamplesTest, OfTwoChannelsAreAsLoudAsEachOfThem) {
