@@ -24,8 +24,11 @@ constexpr double kLeastApart = 1.5;
 constexpr double kPlainVariance = 4;
 constexpr double kBlackest = 20;
 constexpr double kWhitest = 230;
-/// What is left of the detail when the last picture of a film is as good as plain.
+/// What is left of the detail in a picture that is as good as plain: the last of a film, or the middle of a way through
+/// one colour that passes it between two pictures.
 constexpr float kAlmostPlain = 0.03F;
+/// Pictures before a faint one, some of which show the shot by itself.
+constexpr std::size_t kFaintRest = 24;
 /// Ways that fit less are none.
 constexpr float kLeastGain = 0.2F;
 constexpr float kLeastPlainGain = 0.3F;
@@ -195,7 +198,9 @@ void FadeMeasurer::Add(const Thumbnail& thumbnail, std::vector<PictureMeasure>& 
   riseGains_[number % kKept] = 0;
   PictureMeasure& measure = measures.back();
   measure.plain = IsPlain(thumbnail);
-  if (measure.plain && number > 0 && !measures[number - 1].plain) MeasureFall(number, measure);
+  measure.faint = !measure.plain && IsFaint(number);
+  const bool fell = number > 0 && !measures[number - 1].plain;
+  if (fell && (measure.plain || (measure.faint && !measures[number - 1].faint))) MeasureFall(number, measure);
   for (std::size_t i = 0; i < kRests.size(); ++i) {
     if (number >= kRests[i]) means_[number % kKept][i] = MeanOf(number - kRests[i], number);
   }
@@ -211,6 +216,14 @@ void FadeMeasurer::Finish(std::vector<PictureMeasure>& measures) {
   if (details_[last % kKept] > kAlmostPlain * most) return;
   MeasureFall(last, measures.back());
   measures.back().plain = measures.back().fall > 0;
+}
+
+bool FadeMeasurer::IsFaint(std::size_t picture) const {
+  float most = 0;
+  for (std::size_t i = picture - std::min(picture, kFaintRest); i < picture; ++i) {
+    most = std::max(most, details_[i % kKept]);
+  }
+  return details_[picture % kKept] < kAlmostPlain * most;
 }
 
 FadeMeasurer::Sight FadeMeasurer::MeanOf(std::size_t first, std::size_t last) const {
@@ -326,7 +339,10 @@ void FadeMeasurer::MeasureFall(std::size_t plain, PictureMeasure& measure) const
 void FadeMeasurer::MeasureRise(std::size_t last, std::size_t span, std::vector<PictureMeasure>& measures) {
   if (last < span + kPlainRest) return;
   const std::size_t plain = last - span - kPlainRest;
-  if (!measures[plain].plain || measures[plain + 1].plain) return;
+  const bool leavesPlain = measures[plain].plain && !measures[plain + 1].plain;
+  // What comes may have less detail than the shot before: a faint picture is a middle only if it is faint beside both.
+  const bool isMiddle = measures[plain].faint && details_[plain % kKept] < kAlmostPlain * details_[last % kKept];
+  if (!leavesPlain && !isMiddle) return;
   const std::size_t to = plain + span;
   const float gain = GainOfPlainWay(plain, last, At(plain), MeanOf(to, last), plain, to);
   if (gain <= std::max(riseGains_[plain % kKept], kLeastPlainGain)) return;

@@ -56,6 +56,8 @@ class FadeMeasurer {
   };
 
   const Sight& At(std::size_t picture) const { return sights_[picture % kKept]; }
+  /// True when a picture has next to no detail beside one of those before it.
+  bool IsFaint(std::size_t picture) const;
   Sight MeanOf(std::size_t first, std::size_t last) const;
   /// The mean of a picture and as many before it as stand by themselves at a fade's end.
   const Sight& MeanUpTo(std::size_t last, std::size_t rest) const;

@@ -7,8 +7,11 @@ namespace cuewright {
 namespace {
 
 /// The number at its end is that of the way in which pictures are measured.
-constexpr std::string_view kHead = "CWSHOTS3";
+constexpr std::string_view kHead = "CWSHOTS4";
 constexpr std::size_t kPictureBytes = 32;
+// Bits of the last byte.
+constexpr unsigned kPlain = 1;
+constexpr unsigned kFaint = 2;
 
 /// The lowest byte first, on every machine.
 template <class Number>
@@ -42,7 +45,7 @@ std::string BytesOf(const std::vector<PictureMeasure>& measures) {
     Put<std::uint64_t>(measure.us, bytes);
     for (const auto member : kFloats) Put(std::bit_cast<std::uint32_t>(measure.*member), bytes);
     for (const auto member : kSpans) Put(measure.*member, bytes);
-    Put<std::uint8_t>(measure.plain, bytes);
+    Put<std::uint8_t>((measure.plain ? kPlain : 0) | (measure.faint ? kFaint : 0), bytes);
   }
   return bytes;
 }
@@ -58,7 +61,9 @@ bool ReadMeasures(std::string_view bytes, std::vector<PictureMeasure>& measures)
     measure.us = Take<std::uint64_t>(bytes);
     for (const auto member : kFloats) measure.*member = std::bit_cast<float>(Take<std::uint32_t>(bytes));
     for (const auto member : kSpans) measure.*member = Take<std::uint8_t>(bytes);
-    measure.plain = Take<std::uint8_t>(bytes) != 0;
+    const auto sights = Take<std::uint8_t>(bytes);
+    measure.plain = (sights & kPlain) != 0;
+    measure.faint = (sights & kFaint) != 0;
   }
   return true;
 }

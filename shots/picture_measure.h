@@ -17,6 +17,7 @@ struct PictureMeasure {
   std::uint8_t span = 0;  ///< pictures from the one to the other, with this one in the middle
   std::uint8_t fall = 0;  ///< pictures that evenly became plain, up to this one
   std::uint8_t rise = 0;  ///< pictures that evenly come out of the plain, from this one on
+  bool faint = false;     ///< next to nothing is to be seen of the pictures before, though it isn't plain
   bool plain = false;     ///< nothing is to be seen but one colour
 };
 

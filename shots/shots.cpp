@@ -24,6 +24,8 @@ constexpr float kSure = 0.5F;
 constexpr std::size_t kLeastFall = 6;
 /// So few plain pictures belong to one fade even when one of its sides is too quick to be measured.
 constexpr std::size_t kFewPlain = 10;
+/// Faint pictures in the middle of a way through one colour, and one more for each four that it takes to get there.
+constexpr std::size_t kFewFaint = 2;
 
 /// Pictures from the last of one shot to the first of another by itself.
 struct Fade {
@@ -89,6 +91,7 @@ class Finder {
 
   void FindFades() {
     FindPlainFades();
+    FindFaintFades();
     FindMixtures();
     std::erase_if(shots_, [&](const Shot& shot) {
       const std::size_t frame = shot.frame;
@@ -126,6 +129,30 @@ class Finder {
     }
   }
 
+  /// Ways through one colour that pass it between two pictures, so that no picture is plain.
+  void FindFaintFades() {
+    for (std::size_t first = 1; first < measures_.size(); ++first) {
+      if (!measures_[first].faint || measures_[first - 1].faint || measures_[first - 1].plain) continue;
+      const Fade fade{FallsFrom(first), RisesTo(first)};
+      if (fade.first < first && first < fade.last && IsFree(fade)) fades_.push_back(fade);
+    }
+  }
+
+  /// Where the way from a faint picture, or from one of the next as far as these belong to the same way, ends; the
+  /// picture itself when there is none.
+  std::size_t RisesTo(std::size_t faint) const {
+    std::size_t to = faint;
+    for (std::size_t i = faint; i < measures_.size() && i <= faint + kFewFaint + measures_[faint].fall / 4; ++i) {
+      if (!measures_[i].faint) break;
+      if (measures_[i].rise > 0) to = std::min(i + measures_[i].rise, measures_.size() - 1);
+    }
+    return to;
+  }
+
+  bool IsFree(const Fade& fade) const {
+    return std::ranges::none_of(fades_, [&](const Fade& other) { return fade.Overlaps(other); });
+  }
+
   /// Pictures that go over from one shot to another, the evenest first, of which no two share a picture.
   void FindMixtures() {
     const float least = std::min(kLeastMix * threshold_, kMostMix);
@@ -137,7 +164,7 @@ class Finder {
     for (const std::size_t middle : middles) {
       const std::size_t half = measures_[middle].span / 2;
       const Fade fade{middle - std::min(half, middle), middle + half};
-      if (std::ranges::none_of(fades_, [&](const Fade& other) { return fade.Overlaps(other); })) fades_.push_back(fade);
+      if (IsFree(fade)) fades_.push_back(fade);
     }
   }
 

@@ -47,9 +47,15 @@ TEST(ShotMarks, AreReadAsTheyWereWrittenAndOtherLinesArePassedOver) {
 }
 
 TEST(MeasureBytes, AreReadAsTheyWereMeasured) {
-  const std::vector<PictureMeasure> measures = {
-      {.us = 41708, .step = 0.5F, .break_ = 0.25F, .colourStep = 14.5F, .colourBreak = 1, .mix = 0.125F, .span = 12},
-      {.us = -3, .span = 64, .fall = 60, .rise = 2, .plain = true}};
+  const std::vector<PictureMeasure> measures = {{.us = 41708,
+                                                 .step = 0.5F,
+                                                 .break_ = 0.25F,
+                                                 .colourStep = 14.5F,
+                                                 .colourBreak = 1,
+                                                 .mix = 0.125F,
+                                                 .span = 12,
+                                                 .faint = true},
+                                                {.us = -3, .span = 64, .fall = 60, .rise = 2, .plain = true}};
   const std::string bytes = BytesOf(measures);
   EXPECT_EQ(bytes.size(), 16u + 2 * 32u);
   std::vector<PictureMeasure> read;
@@ -57,6 +63,9 @@ TEST(MeasureBytes, AreReadAsTheyWereMeasured) {
   EXPECT_EQ(BytesOf(read), bytes);
   EXPECT_EQ(read[0].us, 41708);
   EXPECT_EQ(read[0].mix, 0.125F);
+  EXPECT_TRUE(read[0].faint);
+  EXPECT_FALSE(read[0].plain);
+  EXPECT_FALSE(read[1].faint);
   EXPECT_EQ(read[1].us, -3);
   EXPECT_EQ(read[1].span, 64);
   EXPECT_EQ(read[1].fall, 60);
@@ -68,10 +77,10 @@ TEST(MeasureBytes, ThoseThatWereCutOffOrAreOfAnotherKindGiveNothing) {
   std::string bytes = BytesOf(std::vector<PictureMeasure>(3));
   std::vector<PictureMeasure> read(5);
   std::string older = bytes;
-  older[7] = '2';
+  older[7] = '3';
   for (const std::string& broken :
        {bytes.substr(0, bytes.size() - 1), bytes.substr(0, bytes.size() - 32), bytes + std::string(32, '\0'),
-        "x" + bytes.substr(1), std::string("CWSHOTS3"), older, std::string()}) {
+        "x" + bytes.substr(1), std::string("CWSHOTS4"), older, std::string()}) {
     EXPECT_FALSE(ReadMeasures(broken, read)) << broken.size();
     EXPECT_TRUE(read.empty());
   }

@@ -192,6 +192,29 @@ TEST_F(ShotsTest, AFadeThroughBlackIsOneFadeAndItsMiddleIsInTheBlack) {
   EXPECT_NEAR(found[0].first, 40 + 14, 2);
 }
 
+TEST_F(ShotsTest, AFadeThroughBlackThatPassesItBetweenTwoPicturesIsOneFade) {
+  Add(Scene(1), 40);
+  for (int i = 2; i <= 26; i += 2) Add(Mixed(Scene(1), Black(), i, 27));
+  for (int i = 1; i <= 25; i += 2) Add(Mixed(Black(), Scene(2), i, 27));
+  Add(Scene(2), 40);
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 53, 2);
+}
+
+TEST_F(ShotsTest, AFadeThroughBlackToAShotOfLittleDetailIsOneFade) {
+  const Thumbnail weak = Mixed(Scene(2), WithLuma(Black(), [](int) { return 120; }), 4, 5);
+  Add(Scene(1), 40);
+  for (int i = 2; i <= 26; i += 2) Add(Mixed(Scene(1), Black(), i, 27));
+  for (int i = 1; i <= 25; i += 2) Add(Mixed(Black(), weak, i, 27));
+  Add(weak, 60);
+  const Found found = Find();
+  ASSERT_EQ(found.size(), 1u);
+  EXPECT_EQ(found[0].second, kFade);
+  EXPECT_NEAR(found[0].first, 53, 3);
+}
+
 TEST_F(ShotsTest, BlackForTwoSecondsLiesBetweenTwoFades) {
   Add(Scene(1), 40);
   for (int i = 1; i <= 12; ++i) Add(Mixed(Scene(1), Black(), i, 12));
