@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/counting.h"
 #include "core/style_markers.h"
 #include "formats/definition.h"
 #include "text/text.h"
@@ -67,7 +68,7 @@ class CaptionCollector {
   /// The captions, with the one in work, hold more text than an import may gather; further ones are dropped.
   bool Full() const { return dropped_ || gathered_ + captionText.size() > kMostText; }
 
-  int ImportedCount() const { return static_cast<int>(buffer_.size()); }
+  int ImportedCount() const { return CountOf(buffer_); }
   void Reserve(std::size_t count) { buffer_.reserve(count); }
   std::vector<Caption> Take() { return std::move(buffer_); }
 

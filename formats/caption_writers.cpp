@@ -86,7 +86,7 @@ class RecordWriter {
   static TextView RecordOf(const WriteJob& job) {
     TextView record = job.definition.recordText;
     // The CR that ends the record is cut; an empty record has none to cut.
-    job.errors([&] { record = Beginning(record, static_cast<std::ptrdiff_t>(record.size()) - 1); });
+    job.errors([&] { record = Beginning(record, record.size() - 1); });
     return record;
   }
 

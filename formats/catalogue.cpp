@@ -116,7 +116,7 @@ void FormatCatalogue::NoteStartLines() {
 }
 
 const Text& FormatCatalogue::Identifier(int index) const {
-  return index >= 0 && index < CountAll() ? identifiers_[static_cast<std::size_t>(index)] : none_;
+  return index >= 0 && index < CountAll() ? identifiers_[index] : none_;
 }
 
 int FormatCatalogue::IndexOf(TextView identifier) const {

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/lang_strings.h"
 #include "core/manner.h"
 #include "core/ports/files.h"
@@ -86,7 +87,7 @@ class FormatCatalogue {
   void ReadList();
   void NoteStartLines();
 
-  int CountAll() const { return static_cast<int>(identifiers_.size()); }
+  int CountAll() const { return CountOf(identifiers_); }
   void AddFurtherFormats();
 
   Profile profile_;

@@ -80,7 +80,8 @@ void FormatLoader::LoadTimecode(TextView formatId) {
   definition_.definitionFound = false;
   definition_.timecodeTemplate = form.timecodeTemplate;
   definition_.timecodeMask = form.timecodeMask;
-  if (!IsCount(form.timecodeTemplate)) static_cast<TimecodeForm&>(definition_) = form;
+  TimecodeForm& inForce = definition_;
+  if (!IsCount(form.timecodeTemplate)) inForce = form;
 }
 
 bool FormatLoader::LoadFormatDefinition(TextView formatId) {
@@ -110,7 +111,7 @@ bool FormatLoader::LoadFormatDefinition(TextView formatId) {
 bool FormatLoader::SelectFormat(TextView formatId) {
   if (!LoadFormatDefinition(formatId)) return false;
   const int index = catalogue_.IndexOf(formatId);
-  if (index > 0) state_.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  if (index > 0) state_.CurrentFormatIndex = index;
   talk_.Report(FileStage::FormatChosen, Fill(talk_.strings[Message::ImportingFile], catalogue_.DisplayName(formatId)));
   return true;
 }

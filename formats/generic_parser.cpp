@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 
 namespace cuewright {
@@ -27,7 +28,7 @@ void Column::Set(std::size_t place, CarryOn& errors) {
   if (place > 255) {
     errors.Note({kErrorOverflow, u"Overflow"});
   } else {
-    value_ = static_cast<std::uint8_t>(place);
+    value_ = Checked8(place);
   }
 }
 

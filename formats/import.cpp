@@ -140,7 +140,7 @@ std::vector<int> Importer::SettleRivals(const TextFile& file) {
 void Importer::PutInForce(int format) {
   for (const FormatRecogniser::Fit& fit : recogniser_.AlsoFitting()) {
     if (fit.format != format) continue;
-    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(format);
+    formats_.state.CurrentFormatIndex = format;
     formats_.loader.Definition() = fit.definition;
   }
 }
@@ -340,7 +340,7 @@ bool Importer::ReadFrameRate(TextFile* file) {
   if (tellsRate && file != nullptr) state.CurrentFps = RateInFirstLine(*file);
   if (!state.CurrentFps) state.CurrentFps = PromptForFps();
   if (!state.CurrentFps) cancelled_ = true;
-  return static_cast<bool>(state.CurrentFps);
+  return state.CurrentFps != FrameRate();
 }
 
 FrameRate Importer::PromptForFps() {
@@ -364,7 +364,7 @@ void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& err
     return;
   }
   errors([&] {
-    const Checked32 delay(static_cast<std::int64_t>(mediaSeconds_) * 1000);
+    const Checked32 delay(std::int64_t{mediaSeconds_} * 1000);
     appendOffset_ = Later(appendOffset_, delay.Value());
   });
   for (Caption& row : rows) {

@@ -33,12 +33,12 @@ class LineFinder {
       : source_(source), lines_(source != nullptr ? source->Bytes() : std::string_view()) {}
 
   /// The line of the file in which a line of a caption's text stands; 0 for a caption that stands in none.
-  std::size_t LineOf(const SourceRecord* record, int rowLine) {
+  std::size_t LineOf(const SourceRecord* record, std::size_t rowLine) {
     if (record == nullptr) return 0;
     const Stretch& text = record->text.Empty() ? record->whole : record->text;
     const std::size_t first = NumberOf(text.at);
     const std::size_t last = text.Empty() ? first : NumberOf(text.End() - 1);
-    return std::min(first + static_cast<std::size_t>(rowLine) - 1, last);
+    return std::min(first + rowLine - 1, last);
   }
 
  private:

@@ -26,7 +26,7 @@ class LineFilter {
   }
 
   bool Drops(const ImportLine& line) const {
-    if (dropFrameRate_ && onlyRates_) return static_cast<bool>(RateOfLine(line.View()));
+    if (dropFrameRate_ && onlyRates_) return RateOfLine(line.View()) != FrameRate();
     if (dropFrameRate_) return line.View().starts_with(kRateLine);
     if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
     if (dropClosing_) return line.View() == u"#Subtitle text end";

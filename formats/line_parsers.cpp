@@ -158,7 +158,7 @@ class SpruceParser final : public LineParser {
     CaptionCollector& captions = context_.captions;
     std::ptrdiff_t place = 0;
     context_.errors([&] {
-      const auto colon = static_cast<std::ptrdiff_t>(text.find(u':') + 1);
+      const std::ptrdiff_t colon = text.find(u':') + 1;
       if (colon - 2 > 255) ThrowOverflow();
       place = colon - 2;
     });

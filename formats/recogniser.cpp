@@ -49,7 +49,7 @@ bool FormatRecogniser::SettleByRules(const TextFile& file, CarryOn& errors) {
   bool loaded = false;
   if (index > 0) errors([&] { loaded = formats_.loader.LoadFormatDefinition(*sure); });
   if (!loaded) return false;
-  formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  formats_.state.CurrentFormatIndex = index;
   timecodeLiteral_ = false;
   return true;
 }
@@ -108,7 +108,7 @@ bool FormatRecogniser::Recognise(const Heads& heads, CarryOn& errors) {
     bool hit = false;
     errors([&] { hit = formats_.loader.LoadFormatDefinition(id) && (Fits(heads) || FitsSecondTemplate(heads, id)); });
     if (!hit) continue;
-    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(i);
+    formats_.state.CurrentFormatIndex = i;
     return true;
   }
   return false;

@@ -14,10 +14,10 @@ constexpr TextView kCount = u"qxmSubCount";
 /// The 1-based place of a placeholder, 0 when the record lacks it; arithmetic goes on with either.
 std::ptrdiff_t PlaceOf(TextView record, TextView mark) {
   const std::size_t hit = FindLoose(record, mark);
-  return hit == TextView::npos ? 0 : static_cast<std::ptrdiff_t>(hit) + 1;
+  return hit == TextView::npos ? 0 : hit + 1;
 }
 
-std::ptrdiff_t Length(TextView text) { return static_cast<std::ptrdiff_t>(text.size()); }
+std::ptrdiff_t Length(TextView text) { return text.size(); }
 
 /// What lies behind the first two line ends.
 void ReduceLead(Text& lead) {

@@ -41,7 +41,7 @@ Faults FaultsOf(const TrialReading& trial) {
   faults.rows = trial.rows.size();
   for (const Caption& row : trial.rows) {
     if (row.end <= row.start) ++faults.notTimed;
-    faults.digits += static_cast<std::size_t>(std::ranges::count_if(row.text, IsDigit<char16_t>));
+    faults.digits += std::ranges::count_if(row.text, IsDigit<char16_t>);
     if (trial.countsFrames) faults.highestFrame = std::max({faults.highestFrame, FrameOf(row.start), FrameOf(row.end)});
   }
   return faults;

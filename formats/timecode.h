@@ -121,7 +121,7 @@ class TimecodeWriter {
   std::vector<Piece> pieces_;
 
   // Where each field stands when all of them have a fixed place; a size of 0 when they have not.
-  static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+  static constexpr std::size_t kNowhere = std::string_view::npos;
   std::array<char, 16> layout_{};
   std::size_t layoutSize_ = 0;
   std::int32_t layoutBound_ = 0;  // times from here on have other places

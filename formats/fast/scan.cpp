@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/simd.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -130,8 +131,8 @@ namespace {
 /// places behind it.
 void PutBeyondAscii(const char16_t*& at, const char16_t* end, char*& out) {
   if (*at < 0x800) {
-    *out++ = static_cast<char>(0xC0 | (*at >> 6));
-    *out++ = static_cast<char>(0x80 | (*at++ & 0x3F));
+    *out++ = LowByte(0xC0 | (*at >> 6));
+    *out++ = LowByte(0x80 | (*at++ & 0x3F));
     return;
   }
   const char16_t* const start = at;
@@ -165,11 +166,13 @@ EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> r
       if (others != 0) break;
     }
 #endif
-    for (; at != end && *at < 0x80 && !stops.Has(*at); ++at) *out++ = static_cast<char>(*at);
+    for (; at != end && *at < 0x80 && !stops.Has(*at); ++at) *out++ = LowByte(*at);
     if (at == end || *at < 0x80) break;
     PutBeyondAscii(at, end, out);
   }
-  return {static_cast<std::size_t>(at - text.data()), static_cast<std::size_t>(out - room.data())};
+  const std::size_t read = at - text.data();
+  const std::size_t written = out - room.data();
+  return {read, written};
 }
 
 }  // namespace cuewright

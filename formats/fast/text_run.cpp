@@ -1,5 +1,7 @@
 #include "formats/fast/text_run.h"
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -17,7 +19,7 @@ void TextRun::Begin(const TextFile& file) {
   text.clear();
   straight_ = captions_.StoresStraight(absent_);
   const char16_t anchor = captions_.TagAnchor();
-  tagMark_ = anchor != u'\0' && anchor < 0x80 ? static_cast<char>(anchor) : '<';
+  tagMark_ = anchor != u'\0' && anchor < 0x80 ? LowByte(anchor) : '<';
 }
 
 const LineScan& TextRun::Look(std::string_view rest, LineMarks marks) {

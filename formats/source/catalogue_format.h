@@ -26,7 +26,7 @@ class CatalogueFormat final : public SourceFormat {
   /// The line is one that every record, or the frame around them, has as it stands.
   bool IsOfTheForm(TextView line) const;
   /// How many lines of the record stand in front of the one with the start.
-  int LinesBeforeStart() const;
+  std::size_t LinesBeforeStart() const;
 
  private:
   Stretch FindNumber(std::string_view beforeStart, std::size_t place) const;

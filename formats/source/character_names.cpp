@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -95,11 +96,11 @@ bool NameIsNeeded(TextView text, std::size_t at, const Reference& reference) {
 
 void AppendCharacter(char32_t character, Text& out) {
   if (character < 0x10000) {
-    out += static_cast<char16_t>(character);
+    out += LowUnit(character);
     return;
   }
-  out += static_cast<char16_t>(0xD7C0 + (character >> 10));
-  out += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+  out += LeadOf(character);
+  out += TrailOf(character);
 }
 
 /// Decodes the references that `keep` doesn't want as they are.

@@ -40,7 +40,7 @@ class RunBuilder {
   StyledText& Result() { return result_; }
 
  private:
-  std::size_t PlaceOf(TextView part) const { return static_cast<std::size_t>(part.data() - source_.data()); }
+  std::size_t PlaceOf(TextView part) const { return part.data() - source_.data(); }
   void AddText(TextView text) {
     if (text.empty()) return;
     if (result_.runs.empty() || !(result_.runs.back().style == style)) result_.runs.push_back({{}, style});

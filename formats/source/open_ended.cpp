@@ -4,12 +4,13 @@
 #include <utility>
 
 #include "core/best_duration.h"
+#include "core/counting.h"
 
 namespace cuewright {
 
 Ms LatestEnd(Ms start, TextView text, const std::array<std::int16_t, 3>& durationPerCharacter) {
-  const auto length = static_cast<std::int64_t>(std::min(text.size(), std::size_t{1} << 20));
-  const std::int64_t duration = length * durationPerCharacter[LengthClass(static_cast<int>(length))];
+  const int length = CountOf(text.substr(0, std::size_t{1} << 20));
+  const std::int64_t duration = std::int64_t{length} * durationPerCharacter[LengthClass(length)];
   return Ms::Within(start.Wide() + duration, 0, Ms::Latest());
 }
 

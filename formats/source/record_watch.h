@@ -13,7 +13,7 @@ namespace cuewright {
 class RecordWatch {
  public:
   /// `linesBeforeStart` lines of a record stand in front of the one with its start.
-  explicit RecordWatch(int linesBeforeStart) : linesBeforeStart_(static_cast<std::size_t>(linesBeforeStart)) {}
+  explicit RecordWatch(std::size_t linesBeforeStart) : linesBeforeStart_(linesBeforeStart) {}
 
   /// A line at these places was taken by the collector.
   void TakeLine(std::size_t at, std::size_t behind, bool blank, const CaptionCollector& captions);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "formats/source/clock_field.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -12,8 +13,6 @@ constexpr std::string_view kRemarkEnd = "-->";
 
 // Faster than a search among the four for each byte of a file.
 bool IsBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
 /// The bytes of an attribute's value in a tag, without quotes.
 std::string_view Attribute(std::string_view tag, std::string_view name) {
@@ -35,7 +34,8 @@ std::string_view Attribute(std::string_view tag, std::string_view name) {
 }  // namespace
 
 bool SameLetters(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
 }
 
 SamiScanner::SamiScanner(std::string_view bytes) : bytes_(bytes), bodyEnd_(bytes.size()), next_(0) {
@@ -92,7 +92,7 @@ bool SamiScanner::Next(SamiSync& sync) {
   const std::string_view value = Attribute(bytes_.substr(at, behind - at), "start");
   if (const auto number = ReadNumber(value)) {
     sync.ms = number->number;
-    sync.start = Stretch::Of(static_cast<std::size_t>(value.data() - bytes_.data()), number->size);
+    sync.start = Stretch::Of(value.data() - bytes_.data(), number->size);
   }
   ReadParagraphs(behind, end, sync);
   return true;

@@ -33,7 +33,7 @@ void Append(char16_t character, const RunStyle& style, std::vector<StyledRun>& r
 
 void CaptionScreen::Clear() {
   for (int row = 0; row < kRows; ++row) {
-    if (Uses(row)) cells_[static_cast<std::size_t>(row)] = {};
+    if (Uses(row)) cells_[row] = {};
   }
   usedRows_ = 0;
 }
@@ -46,7 +46,7 @@ void CaptionScreen::MoveTo(int row, int column) {
 void CaptionScreen::Skip(int columns) { column_ = std::min(column_ + columns, kColumns - 1); }
 
 void CaptionScreen::Put(char16_t character, const CaptionPen& pen) {
-  Row()[static_cast<std::size_t>(column_)] = {character, pen};
+  Row()[column_] = {character, pen};
   usedRows_ |= 1U << row_;
   // What goes beyond the last column stands in it, one in place of the other.
   column_ = std::min(column_ + 1, kColumns - 1);
@@ -56,7 +56,7 @@ void CaptionScreen::Backspace() {
   if (column_ == 0) return;
   const bool full = column_ == kColumns - 1 && Row()[kColumns - 1].character != 0;
   if (!full) --column_;
-  Row()[static_cast<std::size_t>(column_)] = {};
+  Row()[column_] = {};
 }
 
 void CaptionScreen::ClearToEnd() { std::fill(Row().begin() + column_, Row().end(), Cell{}); }
@@ -83,7 +83,7 @@ StyledText CaptionScreen::Seen(TextView separator) const {
   for (int row = 0; row < kRows; ++row) {
     if (!Uses(row)) continue;
     std::vector<StyledRun> line;
-    AppendLine(cells_[static_cast<std::size_t>(row)], line);
+    AppendLine(cells_[row], line);
     if (line.empty()) continue;
     lowest = row + 1;
     if (!text.runs.empty()) {

@@ -47,7 +47,7 @@ class CaptionScreen {
 
   static void AppendLine(const Line& line, std::vector<StyledRun>& runs);
   bool Uses(int row) const { return (usedRows_ >> row & 1U) != 0; }
-  Line& Row() { return cells_[static_cast<std::size_t>(row_)]; }
+  Line& Row() { return cells_[row_]; }
 
   std::array<Line, kRows> cells_{};
   std::uint32_t usedRows_ = 0;  // a bit each

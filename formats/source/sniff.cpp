@@ -10,6 +10,7 @@
 #include "formats/source/source_lines.h"
 #include "formats/source/subrip_format.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -24,10 +25,7 @@ class Head {
  public:
   explicit Head(TextView text) {
     bytes_.reserve(text.size());
-    for (const char16_t c : text) {
-      const char narrow = c < 0x80 ? static_cast<char>(c) : '?';
-      bytes_ += narrow >= 'A' && narrow <= 'Z' ? static_cast<char>(narrow | 0x20) : narrow;
-    }
+    for (const char16_t c : text) bytes_ += c < 0x80 ? LowerAscii(LowByte(c)) : '?';
     SourceLines lines(bytes_);
     SourceLine line;
     while (lines_.size() < kMostLines && lines.Next(line)) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/counting.h"
 #include "formats/caption_collector.h"
 #include "text/text_search.h"
 
@@ -17,7 +18,7 @@ class MapSink final : public SourceSink {
       : map_(map), talk_(talk), cancelled_(cancelled) {}
 
   bool Add(Ms start, Ms end, Text text, const SourceRecord& record) override {
-    if (static_cast<int>(rows.size()) % kCaptionsBetweenPauses == 0 && StopsHere()) {
+    if (CountOf(rows) % kCaptionsBetweenPauses == 0 && StopsHere()) {
       stoppedAt = record.whole.at;
       return false;
     }
@@ -43,7 +44,7 @@ class MapSink final : public SourceSink {
  private:
   bool StopsHere() {
     talk_.Report(FileStage::Pauses);
-    tooMany = static_cast<int>(rows.size()) > kMostCaptionsOfLoad;
+    tooMany = CountOf(rows) > kMostCaptionsOfLoad;
     return cancelled_ || tooMany;
   }
 

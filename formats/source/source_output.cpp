@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -40,11 +42,11 @@ void SourceOutput::Put(TextView text) {
   codec_.Encode(text, held_);
   std::string end;
   for (const char16_t unit : text.substr(text.size() - std::min(text.size(), kTail))) {
-    end += unit < 0x80 ? static_cast<char>(unit) : '?';
+    end += unit < 0x80 ? LowByte(unit) : '?';
   }
   NoteTail(end);
   const std::size_t sign = text.find_last_not_of(u" \t\r\n");
-  if (sign != TextView::npos) lastSign_ = text[sign] < 0x80 ? static_cast<char>(text[sign]) : '?';
+  if (sign != TextView::npos) lastSign_ = text[sign] < 0x80 ? LowByte(text[sign]) : '?';
   if (held_.size() >= kBlock) PassHeld();
 }
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "core/counting.h"
 #include "formats/encoding_rules.h"
 
 namespace cuewright {
@@ -19,6 +20,9 @@ std::optional<int> NumberIn(std::string_view field) {
   if (error != std::errc() || end != field.data() + field.size()) return {};
   return number;
 }
+
+/// By how many places the caption of a record comes later than it did in the file.
+int PlacesMoved(Row row, std::uint32_t origin) { return row - Row::OfIndex(origin - 1); }
 
 /// What stands at this place is the first part of a list.
 bool BeginsList(std::string_view bytes, std::size_t at) {
@@ -83,7 +87,7 @@ void SourceWriter::Write(const Codec& codec, bool turned, std::string_view decla
   // What the head says of the file is known when all of it is.
   Gathered file;
   WriteRecords(codec, false, {}, file);
-  map_.Rules().CountAnew(file.bytes, lastRow_.Number() - static_cast<int>(map_.Pieces().size()));
+  map_.Rules().CountAnew(file.bytes, lastRow_.Number() - CountOf(map_.Pieces()));
   sink.Write(file.bytes);
 }
 
@@ -141,7 +145,7 @@ void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
 
 void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const {
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
-  const bool moved = !piece.record.number.Empty() && row != static_cast<int>(origin);
+  const bool moved = !piece.record.number.Empty() && PlacesMoved(row, origin) != 0;
   if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
   const std::size_t at = PartRecord(piece.record.whole, out);
   out.PutOld(at, piece.record.whole.End());
@@ -160,7 +164,7 @@ void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out)
   const Stretch whole = map_.Pieces()[origin - 1].record.whole;
   NewRecord record{captions_.At(row), row.Number(), map_.LineEnd(), whole.In(map_.Bytes())};
   record.isOwn = true;
-  record.moved = row.Number() - static_cast<int>(origin);
+  record.moved = PlacesMoved(row, origin);
   out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
@@ -194,7 +198,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
                                  Field{record.text, {}}};
   const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
   if (const std::optional<int> number = NumberIn(old(record.number))) {
-    const int moved = *number + row.Number() - static_cast<int>(origin);
+    const int moved = *number + PlacesMoved(row, origin);
     if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
   }
   const Ms offset = rules.OffsetOf(record);

@@ -6,6 +6,7 @@
 
 #include "formats/source/clock_field.h"
 #include "formats/source/substation_text.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -19,12 +20,10 @@ constexpr std::size_t kAlignmentV4 = 12;
 constexpr std::size_t kAlignmentV4Plus = 18;
 constexpr int kHighestPlace = 9;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
 bool BeginsWith(std::string_view line, std::string_view name) {
   if (line.size() < name.size()) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    if (Lower(line[i]) != Lower(name[i])) return false;
+    if (LowerAscii(line[i]) != LowerAscii(name[i])) return false;
   }
   return true;
 }
@@ -82,7 +81,7 @@ bool EachField(std::string_view line, std::size_t at, std::size_t count, Take ta
 Stretch TrimmedStretch(std::string_view line, Stretch field) {
   const std::string_view inner = Trimmed(field.In(line));
   if (inner.empty()) return field;
-  return Stretch::Of(static_cast<std::size_t>(inner.data() - line.data()), inner.size());
+  return Stretch::Of(inner.data() - line.data(), inner.size());
 }
 
 std::optional<Event> EventIn(std::string_view line, const EventColumns& columns) {
