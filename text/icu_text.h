@@ -17,9 +17,7 @@ inline std::int32_t LengthForIcu(TextView text) {
 }
 
 /// A text as ICU takes it, without a copy: valid as long as the text stays as it is.
-inline icu::UnicodeString Aliased(TextView text) {
-  return icu::UnicodeString(false, text.data(), LengthForIcu(text));
-}
+inline icu::UnicodeString Aliased(TextView text) { return icu::UnicodeString(false, text.data(), LengthForIcu(text)); }
 
 /// What ICU gives, as a text.
 inline Text TextOf(const icu::UnicodeString& given) { return Text(given.getBuffer(), given.length()); }

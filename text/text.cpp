@@ -208,5 +208,4 @@ std::vector<Text> Split(TextView text, TextView separator) {
   return pieces;
 }
 
-
 }  // namespace cuewright

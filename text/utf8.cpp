@@ -56,8 +56,7 @@ char16_t* PutSequence(const unsigned char* at, std::size_t length, char16_t* out
   } else if (length == 3) {
     *out++ = LowUnit(((at[0] & 0x0Fu) << 12) | ((at[1] & 0x3Fu) << 6) | (at[2] & 0x3Fu));
   } else {
-    const char32_t c =
-        ((at[0] & 0x07u) << 18) | ((at[1] & 0x3Fu) << 12) | ((at[2] & 0x3Fu) << 6) | (at[3] & 0x3Fu);
+    const char32_t c = ((at[0] & 0x07u) << 18) | ((at[1] & 0x3Fu) << 12) | ((at[2] & 0x3Fu) << 6) | (at[3] & 0x3Fu);
     *out++ = LeadOf(c);
     *out++ = TrailOf(c);
   }
