@@ -55,7 +55,7 @@ void Read(RunWindow& form, QSocketNotifier& notifier) {
   std::array<char, 4096> piece{};
   const ssize_t count = ::read(STDIN_FILENO, piece.data(), piece.size());
   if (count < 0 && errno == EINTR) return;
-  if (count > 0) return form.TakeInput({piece.data(), static_cast<std::size_t>(count)});
+  if (count > 0) return form.TakeInput(std::string_view(piece.data(), count));
   notifier.setEnabled(false);
   form.EndInput();
 }
