@@ -66,7 +66,7 @@ const FormatLoader::Parsed& FormatLoader::ParsedOf(TextView formatId) {
   parsed.block = catalogue_.Block(id);
   const Text& record = parsed.block.record;
   parsed.builtInHeader = number(u"header") == 1;
-  const auto place = [&](TextView mark) { return record.find(mark) + 1; };  // 0 when it isn't there
+  const auto place = [&](TextView mark) { return record.find(mark) + 1; };  // 0 when the mark is absent
   parsed.captionAfterEnd = place(u"qxmCaption") > place(u"qxmEnd");
   parsed.singleLineRecord = IsOneLine(record) && parsed.lineBreak != u"[enter]";
   if (FindLoose(record, u"qxmSubCount") != TextView::npos) {

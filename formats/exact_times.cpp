@@ -9,7 +9,7 @@ namespace cuewright {
 namespace {
 
 constexpr Ms kSecond = 1000;
-/// More digits than this are no time.
+/// A field with more digits is no part of a time.
 constexpr std::size_t kMostDigits = 9;
 
 std::int64_t NumberOf(TextView digits) {
@@ -39,7 +39,7 @@ SecondsAndRest NearestFrame(Ms ms, const FrameRate& rate) {
   const Ms rest = std::max<Ms>(ms, 0) % kSecond;
   const std::int64_t cut = rest.Wide() * rate.Numerator() / (kSecond.Wide() * rate.Denominator());
   const std::int32_t frame = Checked32(cut);
-  // The next second begins where a frame would begin later or, to the ms, at the same time.
+  // A frame that would begin with the next second or later, to the ms, is that second's first.
   const Ms next = std::min(rate.MsOfFrames(cut + 1), kSecond);
   const bool nextIsNearer = next - rest <= rest - rate.MsOfFrames(cut);
   if (!nextIsNearer) return {whole, frame};

@@ -26,7 +26,8 @@ const SourceRecord* RecordOf(const Caption& caption, const SourceMap* source) {
   return &source->Pieces()[caption.origin - 1].record;
 }
 
-/// Finds the lines of places that mostly follow each other, without going through the file for each.
+/// Finds the numbers of lines for places that mostly follow each other, without starting at the file's beginning for
+/// each.
 class LineFinder {
  public:
   explicit LineFinder(const SourceMap* source)
@@ -78,7 +79,7 @@ void FindInCaptions(const CaptionList& captions, Row lastRow, const SourceMap* s
   }
 }
 
-/// Comments, names and headers stay in the file as well.
+/// Letters in comments, names and headers, which stay in the file, may be lacking as well.
 void FindBesideRecords(const SourceMap& source, const Codec& codec, std::vector<LackingPlace>& places) {
   TextFile file = source.File();
   file.Rewind();

@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kWidthKey = u"PlayResX:";
 constexpr TextView kHeightKey = u"PlayResY:";
 constexpr TextView kScriptType = u"ScriptType:";
-/// The picture of a script that names none.
+/// The size of the picture that a script without one is laid out for.
 constexpr PictureSize kUsualPicture{384, 288};
 
 /// By which side of the picture a field of a style is measured.

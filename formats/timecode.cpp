@@ -53,7 +53,7 @@ bool SumOfDigits(std::basic_string_view<Unit> fixed, Ms& ms) {
   return digits;
 }
 
-/// Puts a number of at least `digits` digits and gives the place behind it.
+/// Writes a number of at least `digits` digits and returns the place behind it.
 template <class Unit>
 Unit* PutNumber(std::int64_t number, std::size_t digits, Unit* out) {
   std::array<Unit, 24> reversed;
@@ -67,7 +67,7 @@ Unit* PutNumber(std::int64_t number, std::size_t digits, Unit* out) {
   return out;
 }
 
-/// The same for fields, which have two or three digits most of the time.
+/// The same, faster for the two or three digits that most fields have.
 template <class Unit>
 Unit* PutField(std::int32_t number, std::size_t digits, Unit* out) {
   const auto digit = [](std::int32_t value) { return DigitOf<Unit>(value % 10); };
@@ -94,7 +94,7 @@ struct Parts {
 
 Parts SplitTime(std::int32_t ms) {
   Parts parts;
-  // Only times above a unit are taken apart, so a negative one stays whole in the rest.
+  // Only times of a unit or more are taken apart, so that a negative time stays whole in `rest`.
   if (ms > kHour - 1) parts.hours = Checked8(ms / kHour), ms %= kHour;
   if (ms > kMinute - 1) parts.minutes = Checked8(ms / kMinute), ms %= kMinute;
   if (ms > kSecond - 1) parts.seconds = Checked8(ms / kSecond), ms %= kSecond;
@@ -194,7 +194,7 @@ Ms ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules
 
 std::int32_t MsToFrames(Ms ms, const TimeRules& rules) {
   if (rules.exact) return Checked32(rules.rate.FramesOfMs(ms));
-  // Of long films the product has more than 32 bits; only the count of frames must fit.
+  // In long films the product passes 32 bits; only the count of frames has to fit.
   const double product = RoundHalfEven(double{rules.rate.AsGiven()} * ms.Count());
   return Checked32(static_cast<std::int64_t>(product) / 1000);
 }
@@ -310,7 +310,7 @@ Unit* TimecodeWriter::PutTime(Ms ms, Unit* out) const {
   const auto letters = [&](Unit letter, int count) {
     while (count-- != 0) *out++ = letter;
   };
-  // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
+  // Replacing letter after letter in the template would give the same, since what comes in is digits alone.
   for (const Piece& piece : pieces_) {
     switch (piece.field) {
       case Field::Literal:
@@ -349,7 +349,7 @@ void TimecodeWriter::Append(Ms ms, Text& out) const {
 }
 
 std::size_t TimecodeWriter::PutBytes(Ms ms, std::span<char> out) const {
-  // Rounded up, the last times below the bound are beyond it.
+  // Rounding may carry a time in the last second below the bound beyond it.
   const std::int32_t bound = rules_.exact ? layoutBound_ - kSecond : layoutBound_;
   if (layoutSize_ == 0 || countsFrames_ || ms < 0 || ms >= bound) {
     return PutTime(ms, out.data()) - out.data();

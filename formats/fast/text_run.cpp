@@ -5,7 +5,7 @@
 namespace cuewright {
 namespace {
 
-/// Room for a line of text, in units; a longer one is decoded apart.
+/// Room for a line of text, in units; a longer line is decoded into a buffer of its own.
 constexpr std::size_t kUsualLine = 512;
 
 }  // namespace

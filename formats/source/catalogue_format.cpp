@@ -90,7 +90,7 @@ void CatalogueFormat::FindFields(const Caption& caption, std::string_view bytes,
   record.text = find(codec.Encoded(TextField(caption.text, separator, lineEnd)));
 }
 
-/// The counter in front of the start, behind what the record has in front of it.
+/// Finds the counter in front of the start time, behind the text that the record has in front of the counter.
 Stretch CatalogueFormat::FindNumber(std::string_view beforeStart, std::size_t place) const {
   if (definition_.subCountPicture.empty()) return {};
   const std::size_t mark = definition_.recordText.find(u"qxmSubCount");

@@ -30,7 +30,7 @@ std::size_t DigitsAt(std::string_view bytes, std::size_t at) {
   return end - at;
 }
 
-/// A number that stays just above what can be held once it passes that.
+/// A number; one that is too large counts as just above the largest that can be held.
 std::int64_t NumberOf(std::string_view digits) {
   std::int64_t number = 0;
   for (const char c : digits) number = std::min(number * 10 + (c - '0'), kLongest + 1);

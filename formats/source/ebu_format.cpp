@@ -47,7 +47,7 @@ unsigned char ByteAt(std::string_view bytes, std::size_t at) { return ByteOf(byt
 
 bool IsUserData(std::string_view block) { return ByteAt(block, kExtensionAt) == kUserData; }
 
-/// Nothing of a caption is in the block: a comment, or data whose meaning others know.
+/// True for a block that is no part of a caption: a comment, or data with a meaning of their own.
 bool IsNoCaption(std::string_view block) {
   const unsigned char extension = ByteAt(block, kExtensionAt);
   return (extension >= kFirstReserved && extension != kLastBlock) || ByteAt(block, kCommentAt) == 1;
@@ -55,7 +55,7 @@ bool IsNoCaption(std::string_view block) {
 
 int NumberOf(std::string_view block) { return ByteAt(block, kNumberAt) + 256 * ByteAt(block, kNumberAt + 1); }
 
-/// The block of a caption in a file without any.
+/// The block that a new caption begins with in a file without captions.
 std::string FirstBlock() {
   std::string block(kBlockSize, '\0');
   block[kExtensionAt] = LowByte(kLastBlock);
@@ -133,7 +133,7 @@ std::size_t EbuFormat::EndOfCaption(std::string_view bytes, std::size_t at) cons
     if (IsUserData(next)) continue;
     if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
     const unsigned char following = ByteAt(next, kExtensionAt);
-    // Blocks of a caption are counted, so that there are no more than 241.
+    // The blocks of a caption are counted in a byte, so that there are no more than 241.
     if (following != kLastBlock && following != extension + 1) break;
     extension = following;
   }
@@ -162,7 +162,7 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
   size_ = bytes.size();
   if (size_ < kHeadSize) return sink.NotUnderstood(0);
   ReadHead(bytes.substr(0, kHeadSize));
-  // Times that count from the film's beginning, whatever the head says of the tape's.
+  // Times that count from the film's beginning, whatever start of the tape the head names.
   if (BeginsBefore(bytes.substr(kHeadSize), programmeStart_)) programmeStart_ = 0;
   bool first = true;
   std::size_t at = kHeadSize;
@@ -236,7 +236,7 @@ bool EbuFormat::Holds(TextView text, TextView separator) const {
   return held;
 }
 
-/// As many blocks as the field needs, all else in them as in the first of the old ones.
+/// As many blocks as the field needs, with everything else in them as in the first of the old blocks.
 std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) const {
   std::string blocks;
   int extension = 0;
@@ -252,7 +252,7 @@ std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) co
   return blocks;
 }
 
-/// Moves a text to the place that its marks ask for; one at the bottom stays there with more lines or fewer.
+/// Moves a text to the place that its marks ask for. A text at the bottom stays there when it gets more lines or fewer.
 void EbuFormat::PutPlace(const StyledText& text, const StyledText& before, TextView separator,
                          std::string& block) const {
   const int old = before.place - 1;
@@ -299,7 +299,7 @@ Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
   return Widened(blocks);
 }
 
-/// Puts a time unless the field tells it.
+/// Writes a time unless the field shows it already.
 void EbuFormat::PutTime(Ms ms, std::size_t at, std::string& blocks) const {
   Ms old = 0;
   if (TimeOf(std::string_view(blocks).substr(at, kTimeSize), old) && old == ms) return;

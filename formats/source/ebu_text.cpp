@@ -60,7 +60,7 @@ class FieldReader {
   }
 
  private:
-  /// What stands between two words looks as they do, or like nothing where they differ.
+  /// A blank between two words has the style that both have, or none where they differ.
   void AppendBetween(TextView text) {
     const RunStyle style = runs_.style;
     if (!(style == last_)) runs_.style = {};
@@ -79,7 +79,7 @@ class FieldReader {
   const EbuTexts& texts_;
   TextView separator_;
   RunBuilder runs_;
-  RunStyle last_;  // of the word in front
+  RunStyle last_;  // the style of the word in front
   bool anyLine_ = false;
 };
 
@@ -91,7 +91,7 @@ unsigned char NearestColour(std::uint32_t colour) {
   return code;
 }
 
-/// What stands around each line of a field and between two of them.
+/// The codes around each line of a field and between two lines.
 struct LineForm {
   std::string front;
   std::string back;

@@ -9,7 +9,7 @@ namespace cuewright {
 /// separator.
 Text FieldToText(Text field, TextView separator);
 
-/// The way back: a line end for each separator.
+/// The opposite: the field with a line end for each separator.
 Text TextToField(Text text, TextView separator, TextView lineEnd);
 
 }  // namespace cuewright

@@ -27,7 +27,7 @@ enum class Loss : std::size_t {
   Remark,  ///< words that no viewer shows
   Times,
   LineBreak,
-  Other,  ///< marks
+  Other,  ///< marks of no other kind
 };
 
 /// The place of a kind in the order above.

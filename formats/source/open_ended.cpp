@@ -53,7 +53,8 @@ void OpenEnded::Clear(Ms at) {
 
 void OpenEnded::Flush() {
   const auto earlier = [](const Stop& a, const Stop& b) { return a.at < b.at; };
-  // Songs name a repeated line once, with all its times. Of stops at one time the file's first counts.
+  // Files of songs give a repeated line once, with all its times, so captions don't come in order. Where several stops
+  // have the same time, the first one in the file counts.
   if (!std::is_sorted(stops_.begin(), stops_.end(), earlier)) std::stable_sort(stops_.begin(), stops_.end(), earlier);
   for (Pending& caption : captions_) {
     if (!caption.record.endIsReckoned) continue;

@@ -46,8 +46,8 @@ SamiScanner::SamiScanner(std::string_view bytes) : bytes_(bytes), bodyEnd_(bytes
   next_ = FindTag("sync", 0, bodyEnd_);
 }
 
-/// Behind the remark that begins here; the place itself where none does, or where it isn't closed: programs forget
-/// that.
+/// The place behind the remark that begins here; the place itself where none begins or where it is not closed, which
+/// some programs forget.
 std::size_t SamiScanner::BehindRemark(std::size_t at) const {
   constexpr std::string_view kOpening = "<!--";
   if (bytes_.substr(at, kOpening.size()) != kOpening || at + kOpening.size() > lastClosing_) return at;
@@ -70,7 +70,7 @@ std::size_t SamiScanner::FindTag(std::string_view name, std::size_t from, std::s
   return to;
 }
 
-/// Behind the bracket of the tag that begins here; a tag without one ends in front of the next.
+/// The place behind the bracket that closes the tag that begins here; a tag without one ends in front of the next tag.
 std::size_t SamiScanner::TagEnd(std::size_t at) const {
   std::size_t end = at + 1;
   while (end < bodyEnd_ && bytes_[end] != '<' && bytes_[end] != '>') ++end;
@@ -120,7 +120,7 @@ void SamiScanner::ReadParagraphs(std::size_t from, std::size_t to, SamiSync& syn
     if (at >= to) return;
     textAt = std::min(TagEnd(at), to);
     const std::string_view tag = bytes_.substr(at, textAt - at);
-    // A paragraph that tells who speaks is none of the captions.
+    // A paragraph that only tells who speaks is no caption.
     named = true;
     shown = !SameLetters(Attribute(tag, "id"), "source");
     className = Attribute(tag, "class");

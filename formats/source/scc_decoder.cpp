@@ -34,7 +34,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Take(std::uint16_t word, st
     return Control(first, second, now);
   }
   doubled_ = first == 0 && second == 0 ? doubled_ : std::uint16_t{0};
-  // Below the printable ones are data of other services.
+  // Bytes below the printable ones are data of other services.
   if (!listening_ || first < 0x20) return {};
   Put(BasicCaptionCharacter(first), now);
   if (second >= 0x20) Put(BasicCaptionCharacter(second), now);
@@ -59,7 +59,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Control(std::uint8_t first,
   } else if (first == 0x11 && second >= 0x20) {
     MidRow(second);
   } else if ((first == 0x12 || first == 0x13) && second >= 0x20) {
-    // It takes the place of the plain letter that older decoders show.
+    // An extended character replaces the plain letter sent before it, which older decoders show.
     Written().Backspace();
     Put(ExtendedCaptionCharacter(first & 1, second), now);
   }

@@ -78,7 +78,7 @@ class CaptionLines {
   }
 
   void End(const SourceLine& last) {
-    // What nobody takes off the screen stays a little while.
+    // A caption that no word takes off the screen gets a short duration.
     constexpr std::int64_t kLast = 4 * kFramesPerSecond;
     (void)HandOn(decoder_.End(frame_ + kLast), last);
   }
@@ -99,8 +99,8 @@ class CaptionLines {
   TextView separator_;
   CaptionDecoder decoder_;
   SourceSink& sink_;
-  std::int64_t frame_ = 0;  // at which the next word is sent
-  std::size_t behind_ = 0;  // the last record
+  std::int64_t frame_ = 0;  // the frame at which the next word is sent
+  std::size_t behind_ = 0;  // behind the last record
 };
 
 }  // namespace

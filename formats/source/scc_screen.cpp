@@ -19,7 +19,7 @@ RunStyle StyleOf(const CaptionPen& pen) {
   RunStyle style;
   style.italic = pen.italic;
   style.underline = pen.underline;
-  // White is what captions are anyway.
+  // White needs no mark, since captions are white anyway.
   if (pen.colour != 0 && pen.colour < kColours.size()) style.colour = kColours[pen.colour];
   return style;
 }
@@ -48,7 +48,7 @@ void CaptionScreen::Skip(int columns) { column_ = std::min(column_ + columns, kC
 void CaptionScreen::Put(char16_t character, const CaptionPen& pen) {
   Row()[column_] = {character, pen};
   usedRows_ |= 1U << row_;
-  // What goes beyond the last column stands in it, one in place of the other.
+  // Characters beyond the last column overwrite each other in it.
   column_ = std::min(column_ + 1, kColumns - 1);
 }
 
@@ -70,7 +70,7 @@ void CaptionScreen::AppendLine(const Line& line, std::vector<StyledRun>& runs) {
       Append(cell->character, StyleOf(cell->pen), runs);
       continue;
     }
-    // A blank between two words looks as they do, or like nothing where they differ.
+    // A blank between two words has the look that both have, or none where they differ.
     const RunStyle next = StyleOf(std::find_if(cell, last, seen)->pen);
     const RunStyle before = StyleOf(std::find_if(std::make_reverse_iterator(cell), line.rend(), seen)->pen);
     Append(u' ', before == next ? next : RunStyle{}, runs);

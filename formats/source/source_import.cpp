@@ -54,7 +54,7 @@ class MapSink final : public SourceSink {
   std::size_t gathered_ = 0;
 };
 
-/// The bytes of a text but for what old programs and broken disks leave behind its end, which stays in the file.
+/// The bytes of a text without what old programs and broken disks leave behind its end; that stays in the file.
 std::string_view WithoutEndMark(const SourceMap& map) {
   constexpr std::string_view kMarks("\x1A\0", 2);
   const std::string_view bytes = map.Bytes();

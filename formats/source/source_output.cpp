@@ -9,7 +9,7 @@ namespace {
 
 /// Bytes that are gathered before they are handed on.
 constexpr std::size_t kBlock = 1 << 16;
-/// Enough to see two line ends of two bytes.
+/// How many of the last bytes are kept: two line ends of two bytes.
 constexpr std::size_t kTail = 4;
 
 bool EndsLine(std::string_view text) { return text.empty() || text.back() == '\n' || text.back() == '\r'; }

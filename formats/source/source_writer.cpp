@@ -24,7 +24,7 @@ std::optional<int> NumberIn(std::string_view field) {
 /// By how many places the caption of a record comes later than it did in the file.
 int PlacesMoved(Row row, std::uint32_t origin) { return row - Row::OfIndex(origin - 1); }
 
-/// What stands at this place is the first part of a list.
+/// True when the record at this place is the first part of a list.
 bool BeginsList(std::string_view bytes, std::size_t at) {
   const std::size_t before = at == 0 ? std::string_view::npos : bytes.find_last_not_of(" \t\r\n", at - 1);
   return before != std::string_view::npos && bytes[before] == '[';
@@ -36,7 +36,7 @@ struct Field {
   std::optional<Text> anew;
 };
 
-/// Writes the file from a place on up to behind the last of the fields that are written anew; that place.
+/// Writes the file from a place on up to the end of the last field that is written anew; returns that end.
 std::size_t PutFields(std::size_t at, std::span<const Field> fields, SourceOutput& out) {
   for (const Field& field : fields) {
     if (!field.anew) continue;
@@ -84,7 +84,7 @@ bool SourceWriter::Differs() const {
 
 void SourceWriter::Write(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink) {
   if (!IsBytes()) return WriteRecords(codec, turned, declared, sink);
-  // What the head says of the file is known when all of it is.
+  // The head counts the file's blocks, so it is written when all of them are known.
   Gathered file;
   WriteRecords(codec, false, {}, file);
   map_.Rules().CountAnew(file.bytes, lastRow_.Number() - CountOf(map_.Pieces()));
@@ -133,7 +133,7 @@ void SourceWriter::Declare(std::string_view encoding, SourceOutput& out) {
 
 void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
   const auto& pieces = map_.Pieces();
-  // What stood around records that went stays.
+  // Bytes around records that were removed stay.
   for (; next_ < piece; ++next_) {
     out.PutOld(done_, pieces[next_].record.whole.at);
     done_ = pieces[next_].record.whole.End();
@@ -171,7 +171,7 @@ void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out)
 bool SourceWriter::SetsEnd(Row row, const SourceMap::Piece& piece) const {
   if (!piece.record.endIsReckoned || !map_.Rules().WritesEnds()) return false;
   const Caption& caption = captions_.At(row);
-  // One that was moved lasts as long as it did.
+  // A caption that was moved keeps its duration.
   if (caption.end == piece.times.end) return false;
   if (Span(caption.start, caption.end) == Span(piece.times.start, piece.times.end)) return false;
   const bool last = row == lastRow_ || !captions_.InRange(row + 1);

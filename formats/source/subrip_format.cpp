@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kArrow = "-->";
 constexpr std::string_view kShortArrow = "->";
-/// What a mark of UTF-8 is in the middle of a file that was put together from several.
+/// The mark of UTF-8, which stands in the middle of a file that was put together from several.
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 bool IsBlankByte(char c) { return c == ' ' || c == '\t'; }
@@ -28,7 +28,7 @@ std::size_t SkipBlanks(std::string_view bytes, std::size_t at) {
 
 bool IsBlankLine(std::string_view line) { return std::ranges::all_of(line, IsBlankByte); }
 
-/// The line is a number alone.
+/// The place of the number in a line that has nothing else; empty for any other line.
 Stretch NumberIn(const SourceLine& line) {
   std::size_t from = 0;
   std::size_t to = line.text.size();
@@ -51,7 +51,7 @@ struct Timing {
   Stretch endField;
 };
 
-/// What a line with the arrow is.
+/// The kinds of lines with respect to the arrow between two times.
 enum class ArrowLine { None, Timing, Broken };
 
 /// A time with blanks beside its signs, without hours, or with a colon in front of the three digits of its fraction.

@@ -36,7 +36,7 @@ std::optional<Ms> Thousandths(std::string_view number) {
   return digits.size() > 3 && digits[3] >= '5' ? result + 1 : result;
 }
 
-/// A number such as "1.24e1", which people don't write.
+/// True for a number such as "1.24e1", which people don't write.
 std::optional<Ms> WithExponent(std::string_view number) {
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);

@@ -56,7 +56,7 @@ TagCount CountTags(TextView text, char16_t letter) {
   return count;
 }
 
-/// The text begins with an opening tag of the letter and ends with its closing one, or lacks that.
+/// True when the text begins with an opening tag of the letter and ends with its closing tag or has none.
 bool Covers(TextView text, char16_t letter) {
   if (OpeningAt(text) != letter) return false;
   const TagCount count = CountTags(text, letter);
@@ -72,7 +72,7 @@ Text Uncovered(TextView text, char16_t letter) {
   return Text(text);
 }
 
-/// Every line is covered by a pair of tags of its own, and there is more than one.
+/// True when there are several lines and each is covered by a pair of tags of its own.
 bool CoversEachLine(TextView text, TextView separator, char16_t letter) {
   if (separator.empty() || text.find(separator) == TextView::npos) return false;
   for (const Text& line : Split(text, separator)) {
