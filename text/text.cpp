@@ -106,8 +106,8 @@ LooseNeedles::LooseNeedles(const std::vector<Text>& needles) {
       wide_.push_back(needle);
       continue;
     }
-    for (char16_t unit = 0; unit < begins_.size(); ++unit) {
-      if (FoldUnit(unit) == folded.front()) begins_[unit] = true;
+    for (std::size_t unit = 0; unit < begins_.size(); ++unit) {
+      if (FoldUnit(LowUnit(unit)) == folded.front()) begins_[unit] = true;
     }
     folded_.push_back(std::move(folded));
   }
