@@ -10,10 +10,9 @@
 
 namespace cuewright {
 
-/// Message boxes without a window: each is a line "FILE: text" on the error stream, "FILE:LINE: text" where it is about
-/// a line of the file, and the questions are answered by the options of the call or by what the box has in front; the
-/// answer stands behind the question. Before the first file a box is about
-/// the call itself, and shown even when quiet.
+/// Message boxes without a window. Each is a line "FILE: text" on the error stream, or "FILE:LINE: text" where it is
+/// about a line of the file. A question is answered by an option of the call or else by its first answer, which is
+/// shown behind it. Before the first file a box is about the call itself, and is shown even when quiet.
 class BatchBoxes final : public Messages {
  public:
   /// `fps` answers the frame rate question. It must be one that the question accepts, or it would be asked forever.
@@ -25,7 +24,7 @@ class BatchBoxes final : public Messages {
   /// Boxes go elsewhere from now on.
   void ShowIn(Output& output) { output_ = &output; }
 
-  /// Shows a text of our own in the same way.
+  /// Shows a text that no box has, in the same way.
   void Tell(TextView text);
 
   /// Tells, even when quiet, that a line of the file was not understood; counts as a trouble.
@@ -38,7 +37,8 @@ class BatchBoxes final : public Messages {
   /// The boxes since `Begin`, each on one line.
   const std::vector<Text>& Shown() const { return shown_; }
 
-  /// Gives the line of the file that the next box is about, counted from 1; 0: about none. Null: none is.
+  /// Sets the function that gives the line of the file that the next box is about, counted from 1, or 0 for none. Null:
+  /// boxes are about no line.
   std::function<std::size_t()> line;
 
   /// How many boxes since `Begin` were warnings or errors.

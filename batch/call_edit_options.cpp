@@ -122,11 +122,11 @@ Problem CheckReplace(const Request& request) {
 
 Problem CheckRetime(const Request& request) {
   const RetimeChoice& choice = request.retime;
-  if (static_cast<bool>(choice.fpsFrom) != static_cast<bool>(choice.fpsTo)) {
-    return "retime takes --fps-from and --fps-to together";
-  }
-  const int ways = int{choice.shift.has_value()} + int{choice.speed.has_value()} +
-                   int{static_cast<bool>(choice.fpsFrom)} + int{!choice.points.empty()};
+  const bool from(choice.fpsFrom);
+  const bool to(choice.fpsTo);
+  if (from != to) return "retime takes --fps-from and --fps-to together";
+  const int ways =
+      int{choice.shift.has_value()} + int{choice.speed.has_value()} + int{from} + int{!choice.points.empty()};
   if (ways != 1) return "retime needs one of --shift, --speed, --fps-from with --fps-to, and --point";
   if (!request.out) return "retime needs --out with the name of a file";
   return {};

@@ -9,10 +9,10 @@
 
 namespace cuewright {
 
-/// What is wrong with a call, one sentence; empty when nothing is.
+/// What is wrong with a call, in one sentence; empty when nothing is.
 using Problem = std::optional<std::string>;
 
-/// An option and what puts its value into the request.
+/// An option, and the function that puts its value into the request.
 struct CallOption {
   std::string_view name;
   bool takesValue;
@@ -35,7 +35,7 @@ std::span<const CallOption> AlignOptions();
 
 /// Takes the encoding of what is written.
 Problem SetEncoding(Request& request, const std::string& value);
-/// Take what several commands have.
+/// Take the values of options that several commands have.
 Problem SetFilm(Request& request, const std::string& value);
 Problem SetOut(Request& request, const std::string& value);
 Problem SetRows(Request& request, const std::string& value);

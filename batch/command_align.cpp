@@ -87,7 +87,7 @@ int RunAlign(const Request& request, Session& session, Console& console) {
   if (spoken.empty()) return kExitFailed;
   const std::vector<AlignedLine> lines = AlignLines(spoken, sound);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const Row row = static_cast<int>(i) + 1;
+    const Row row = Row::OfIndex(i);
     console.Out(request.json ? AsJson(row, lines[i]) : AsLine(row, lines[i]));
   }
   if (std::ranges::all_of(lines, &AlignedLine::doubtful)) {

@@ -69,9 +69,9 @@ std::string AsJson(const HouseRules& rules) {
       .Line();
 }
 
-/// What the captions are held against beside the rules.
+/// What the captions are checked against beside the rules.
 struct Film {
-  FrameRate rate;  ///< none: the profile's stands
+  FrameRate rate;  ///< none: the rate of the profile counts
   std::vector<Ms> shots;
 };
 
@@ -87,7 +87,7 @@ bool ReadFilm(const Request& request, const HouseRules& rules, Session& session,
     ShotMeasurer measurer;
     reading = MeasureFilm(processes, *request.film, measurer, [](std::size_t) { return true; });
     for (const Shot& shot : FindShots(measurer.Measures())) {
-      // The end of a fade is at no picture that could be told.
+      // A fade has no single picture at which it ends.
       if (shot.kind == ShotKind::Cut) film.shots.push_back(shot.At());
     }
   }

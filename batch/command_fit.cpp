@@ -77,7 +77,7 @@ void PrintRows(const FitResult& result, const std::vector<HeldCaption>& held, Co
   for (std::size_t place = 0; place < held.size(); ++place) {
     const FittedCaption& fitted = result.captions[place];
     console.Out(JsonObject()
-                    .Add("row", static_cast<int>(place + 1))
+                    .Add("row", place + 1)
                     .Add("start", fitted.start.Count())
                     .Add("end", fitted.end.Count())
                     .Add("old_start", held[place].start.Count())

@@ -20,7 +20,7 @@ namespace cuewright {
 /// How bytes of text files are read, as `--text` says it.
 struct TextChoice {
   bool classic = false;
-  int codePage = 0;  ///< of classic alone; 0: the locale's own
+  int codePage = 0;  ///< for the classic way alone; 0: that of the locale
 };
 
 /// One value of the settings store for this run.
@@ -40,7 +40,7 @@ struct RetimeChoice {
 
   std::optional<Ms> shift;
   std::optional<SpeedRatio> speed;
-  FrameRate fpsFrom;  ///< this and the next are one way
+  FrameRate fpsFrom;  ///< this and `fpsTo` together are one of the ways
   FrameRate fpsTo;
   std::vector<Point> points;
 };
@@ -94,7 +94,7 @@ struct Request {
   RowRange rows;
   RetimeChoice retime;
   ReplaceOrder replace;
-  bool replaceGiven = false;  ///< `--with` was
+  bool replaceGiven = false;  ///< `--with` was given
 };
 
 /// A call that can't be carried out; one sentence for the user.

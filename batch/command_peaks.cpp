@@ -16,7 +16,7 @@ class Steps final : public WaveLoadSteps {
   std::int32_t ScreenColumns() const override { return std::numeric_limits<std::int32_t>::max(); }
   void OnScreenful() override {}
   bool OnProgress(std::int64_t position, std::int64_t size) override {
-    console_.Progress(static_cast<std::size_t>(position), static_cast<std::size_t>(size));
+    console_.Progress(position, size);
     return false;
   }
 

@@ -34,7 +34,7 @@ std::string AsJson(const SyncSegment& segment, const TimeRatio& ratio) {
       .Line();
 }
 
-/// What captions are held against.
+/// What captions are synchronised with.
 struct Other {
   VoiceTrack voice;
   std::vector<CaptionTimes> captions;  ///< of a subtitle

@@ -6,12 +6,14 @@
 #include <cerrno>
 #include <ctime>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
 constexpr std::size_t kBlock = 1 << 16;
 constexpr std::int64_t kBarAfterMs = 300;
-constexpr std::size_t kManyFiles = 500;  // these are long work from the start
+constexpr std::size_t kManyFiles = 500;  // so many files count as long work from the start
 constexpr std::int64_t kBarEveryMs = 100;
 constexpr std::size_t kBarWidth = 40;
 
@@ -20,9 +22,6 @@ std::int64_t NowMs() {
   ::clock_gettime(CLOCK_MONOTONIC, &now);
   return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
 }
-
-bool IsHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 }  // namespace
 
@@ -80,7 +79,7 @@ void Console::Write(int fd, std::string_view text, bool& failed) const {
   while (!failed && !text.empty()) {
     const ssize_t count = ::write(fd, text.data(), text.size());
     if (count >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(count));
+      text.remove_prefix(count);
     } else if (errno != EINTR) {
       failed = true;
     }
@@ -90,9 +89,9 @@ void Console::Write(int fd, std::string_view text, bool& failed) const {
 std::string DisplayUtf8(TextView text) {
   Text whole(text);
   for (std::size_t i = 0; i < whole.size(); ++i) {
-    if (IsHigh(whole[i]) && i + 1 < whole.size() && IsLow(whole[i + 1])) {
+    if (IsLead(whole[i]) && i + 1 < whole.size() && IsTrail(whole[i + 1])) {
       ++i;
-    } else if (IsHigh(whole[i]) || IsLow(whole[i])) {
+    } else if (IsLead(whole[i]) || IsTrail(whole[i])) {
       whole[i] = 0xFFFD;
     }
   }

@@ -18,7 +18,7 @@ class Console final : public Output {
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;
 
-  /// Nothing but results from now on: no messages and no bar.
+  /// From now on only results are written, no messages and no bar.
   void SetQuiet() { quiet_ = true; }
 
   /// Results go to the error stream from now on, since a file is written to the output.
@@ -45,7 +45,7 @@ class Console final : public Output {
   void Write(int fd, std::string_view text, bool& failed) const;
 
   std::string block_;
-  int resultsTo_ = 1;  ///< the descriptor
+  int resultsTo_ = 1;  ///< the file descriptor that results go to
   bool quiet_ = false;
   bool outIsTerminal_ = false;
   bool barPossible_ = false;

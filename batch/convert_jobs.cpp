@@ -30,7 +30,7 @@ ConvertJobs::~ConvertJobs() {
 
 void ConvertJobs::Begin() {
   const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1u);
-  const std::size_t wanted = request_.jobs == 0 ? cores : static_cast<std::size_t>(request_.jobs);
+  const std::size_t wanted = request_.jobs == 0 ? cores : request_.jobs;
   const std::size_t count = std::min(wanted, groups_.size());
   if (count < 2) return;
   working_ = count;

@@ -11,15 +11,14 @@
 
 namespace cuewright {
 
-/// Converts the files of a run, several at once. What they told and what became of them comes in the order of the
-/// files.
+/// Converts the files of a run, several at once. Messages and outcomes are handed on in the order of the files.
 class ConvertJobs {
  public:
-  /// `session` works on the caller's thread when there is one job only; else each job has one like it.
+  /// `session` does the work on the caller's thread when there is one job only; else each job has a session like it.
   ConvertJobs(const Request& request, const std::vector<Text>& files, Session& session, int format);
   ~ConvertJobs();
 
-  /// Waits for the next file, hands on what was told of it, and gives what became of it.
+  /// Waits for the next file, hands its messages on, and returns its outcome.
   Outcome Next(Output& output);
 
  private:
@@ -46,7 +45,7 @@ class ConvertJobs {
   std::vector<std::vector<std::size_t>> groups_;
   std::size_t nextJob_ = 0;
 
-  std::mutex mutex_;  // of the rest
+  std::mutex mutex_;  // guards the members below
   std::condition_variable finished_;
   std::size_t nextGroup_ = 0;
   std::size_t working_ = 0;  // threads that may still finish a file

@@ -31,7 +31,7 @@ Text ResultPath(const Request& request, const FormatCatalogue& catalogue, int fo
   const Text name = input.substr(input.rfind(u'/') + 1);
   if (format < 0) return folder + name;
   const std::size_t dot = name.rfind(u'.');
-  // A dot in front hides a file and begins no extension.
+  // A dot at the beginning of a name hides the file and begins no extension.
   const Text stem = dot == Text::npos || dot == 0 ? name : name.substr(0, dot);
   const Text extensions = catalogue.ReadIni(catalogue.Identifier(format), u"extension", u"txt");
   return folder + stem + u'.' + Text(TrimBlanks(Split(extensions, u",").front()));

@@ -24,14 +24,14 @@ class Guard {
   std::set<FileIdentity> results_;
 };
 
-/// What became of one input.
+/// The outcome of one input.
 struct Outcome {
   Text out;
   Text to;
   Text format;  ///< empty: not recognised or not read
   int captions = 0;
   bool written = false;
-  bool whole = true;  ///< nothing was told of while it was read
+  bool whole = true;  ///< reading it brought no message
   std::vector<Text> messages;
 };
 

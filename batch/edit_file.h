@@ -8,7 +8,7 @@
 
 namespace cuewright {
 
-/// What became of a file that was read, edited and written.
+/// The outcome for a file that was read, edited and written.
 struct EditOutcome {
   bool read = false;
   bool written = false;

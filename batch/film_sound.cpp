@@ -13,7 +13,7 @@ bool IsFilm(const Text& name) {
       processes, u"ffprobe",
       {u"-v", u"quiet", u"-show_entries", u"stream=codec_type,codec_name", u"-of", u"csv=p=0", u"-i", u"file:" + name});
   const auto has = [&](const char* word) { return kinds.find(word) != std::string::npos; };
-  // Plain text is shown as a terminal would by some versions.
+  // Some versions of FFmpeg read plain text as a film of a terminal.
   return has("audio") || (has("video") && !has("ansi"));
 }
 

@@ -5,7 +5,7 @@
 
 namespace cuewright {
 
-/// True when a file holds sound or pictures, as FFmpeg sees it; false when that can't be asked.
+/// True when a file holds sound or pictures, as FFmpeg sees it; false when FFmpeg can't be started.
 bool IsFilm(const Text& name);
 
 /// Reads what the sound of a film is made of; why that failed, or empty. A film without sound is a failure.

@@ -1,5 +1,7 @@
 #include "batch/json.h"
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -10,12 +12,8 @@ std::string Escaped(char16_t unit) {
   return result;
 }
 
-bool IsSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
-
 /// True when a whole pair stands at `at`.
-bool IsPair(TextView text, std::size_t at) {
-  return text[at] <= 0xDBFF && at + 1 < text.size() && text[at + 1] >= 0xDC00 && text[at + 1] <= 0xDFFF;
-}
+bool IsPair(TextView text, std::size_t at) { return IsLead(text[at]) && at + 1 < text.size() && IsTrail(text[at + 1]); }
 
 }  // namespace
 
@@ -36,12 +34,12 @@ std::string JsonText(TextView text) {
     const char16_t unit = text[i];
     if (unit == u'"' || unit == u'\\') {
       result += '\\';
-      result += static_cast<char>(unit);
+      result += LowByte(unit);
     } else if (unit < 0x20 || unit == 0x7F) {
       result += Escaped(unit);
     } else if (unit < 0x7F) {
-      result += static_cast<char>(unit);
-    } else if (!IsSurrogate(unit)) {
+      result += LowByte(unit);
+    } else if (!IsLead(unit) && !IsTrail(unit)) {
       result += ToUtf8(text.substr(i, 1));
     } else if (IsPair(text, i)) {
       result += ToUtf8(text.substr(i, 2));

@@ -15,7 +15,7 @@ namespace {
 /// More lines than this are only counted.
 constexpr std::size_t kMostLackingTold = 100;
 
-/// What answers the question for a rate.
+/// The answer to the question for a rate.
 Text RateFor(const Request& request) { return request.fps ? FromUtf8(*request.fps) : Decimal(kUsualRate); }
 
 }  // namespace
@@ -128,7 +128,7 @@ void Session::ApplyRules() {
 }
 
 bool Session::Save(const Text& path, int format, bool keepUntimed) {
-  state_.CurrentFormatIndex = static_cast<std::uint8_t>(format);
+  state_.CurrentFormatIndex = format;
   const Text timecode = ToLower(catalogue_.ReadIni(catalogue_.Identifier(format), u"timecode", u"ms"));
   const bool frames = timecode.find(u"ff") != Text::npos;
   if (!frames) state_.CurrentFps = {};
@@ -151,11 +151,10 @@ bool Session::Save(const Text& path, int format, bool keepUntimed) {
 }
 
 void Session::TellLost() {
-  for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
-    const std::size_t count = exporter_->Lost().Of(static_cast<Loss>(kind));
+  for (const Loss kind : kAllLosses) {
+    const std::size_t count = exporter_->Lost().Of(kind);
     if (count == 0) continue;
-    boxes_.Tell(Format() + u" can't hold " + FromUtf8(NameOf(static_cast<Loss>(kind))) +
-                u"; captions that lose them: " + Decimal(static_cast<long long>(count)));
+    boxes_.Tell(Format() + u" can't hold " + FromUtf8(NameOf(kind)) + u"; captions that lose them: " + Decimal(count));
   }
 }
 
@@ -175,7 +174,7 @@ bool Session::TakeEncoding(Row lastRow) {
       FindLackingLetters(captions_, lastRow, source, *MakeCodec(request_.encoding->codePage));
   for (std::size_t i = 0; i < places.size() && i < kMostLackingTold; ++i) TellLacking(places[i]);
   if (places.size() > kMostLackingTold) {
-    boxes_.Tell(Decimal(static_cast<long long>(places.size() - kMostLackingTold)) + u" more lines lack letters.");
+    boxes_.Tell(Decimal(places.size() - kMostLackingTold) + u" more lines lack letters.");
   }
   if (!places.empty()) boxes_.Tell(u"Not written: " + request_.encodingName + u" lacks letters of the text.");
   return places.empty();

@@ -35,7 +35,7 @@ class Session {
   /// catalogue is unless the call says otherwise.
   bool Start(const Text& programFolder);
 
-  /// A session for another thread that has started as this one has; null when it can't.
+  /// A session for another thread, started as this one was; null when that fails.
   std::unique_ptr<Session> Another(Output& output) const;
 
   const FormatCatalogue& Catalogue() const { return catalogue_; }
@@ -52,7 +52,7 @@ class Session {
 
   /// Reads a file into the document; false, after telling why, when it gave no caption.
   bool Load(const Text& path);
-  /// The last `Load` told of something: the document may be less than its file.
+  /// True when the last `Load` brought a message: the document may be less than its file.
   bool LoadedWithTrouble() const { return loadTroubles_ != 0; }
   CaptionList& Captions() { return captions_; }
   const CaptionList& Captions() const { return captions_; }
@@ -76,8 +76,8 @@ class Session {
   bool ReadCatalogue(const Text& programFolder);
   /// Starts on a file; false, after telling so, when there is none.
   bool Begin(const Text& path);
-  /// Puts the encoding of the call in force, or else that of the format's rules; false, after telling where, when it
-  /// lacks letters of what is written.
+  /// Puts the encoding of the call in force, or else that of the format's rules; false, after telling the places, when
+  /// that encoding lacks letters of what is to be written.
   bool TakeEncoding(Row lastRow);
   void TellLacking(const LackingPlace& place);
 
@@ -99,7 +99,7 @@ class Session {
   int loadTroubles_ = 0;
   CaptionList captions_;
   RuleReport report_;
-  std::unique_ptr<FormatLoader> loader_;  ///< these three once the catalogue is read
+  std::unique_ptr<FormatLoader> loader_;  ///< this and the next two exist once the catalogue is read
   std::unique_ptr<Importer> importer_;
   std::unique_ptr<Exporter> exporter_;
 };

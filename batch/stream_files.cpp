@@ -14,7 +14,7 @@ namespace cuewright {
 namespace {
 
 constexpr TextView kOutputDevice = u"/dev/stdout";
-/// The names that the system has for the same.
+/// The names that the system has for the standard streams.
 constexpr std::array<TextView, 3> kOutputNames = {kOutputDevice, u"/dev/fd/1", u"/proc/self/fd/1"};
 
 std::string ReadStandardInput(std::uint64_t limit) {
@@ -25,8 +25,8 @@ std::string ReadStandardInput(std::uint64_t limit) {
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw ErrorOfErrno(errno, u"standard input");
     if (count == 0) return bytes;
-    if (bytes.size() + static_cast<std::size_t>(count) > limit) throw ErrorOfErrno(ENOMEM, u"standard input");
-    bytes.append(block.data(), static_cast<std::size_t>(count));
+    if (bytes.size() + count > limit) throw ErrorOfErrno(ENOMEM, u"standard input");
+    bytes.append(block.data(), count);
   }
 }
 

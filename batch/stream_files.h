@@ -23,10 +23,10 @@ class StreamFiles final : public PosixFiles {
   void Replace(TextView path, const std::function<void(ByteSink&)>& write) override;
 };
 
-/// The path stands for the standard output.
+/// True when the path stands for the standard output.
 bool IsStandardOutput(TextView path);
 
-/// What the system knows a file by, whatever path leads to it; empty where there is none.
+/// An identity of a file, the same for every path that leads to it; empty where there is no file.
 using FileIdentity = std::pair<dev_t, ino_t>;
 std::optional<FileIdentity> IdentityOfInput(TextView path);
 std::optional<FileIdentity> IdentityOfResult(TextView path);

@@ -21,8 +21,7 @@ Text ClockOf(std::int64_t seconds) {
 
 /// How many frames are counted to a second: 24 at 23.976.
 std::int64_t FramesASecond(const FrameRate& rate) {
-  return std::max<std::int64_t>(
-      std::llround(static_cast<double>(rate.Numerator()) / static_cast<double>(rate.Denominator())), 1);
+  return std::max<std::int64_t>(std::llround(1.0 * rate.Numerator() / rate.Denominator()), 1);
 }
 
 bool InFrames(const TimesShown& shown) { return shown.form == TimeForm::Frames && shown.rate.IsUsual(); }
@@ -112,7 +111,7 @@ double ReadingSpeed(const CaptionList& list, Row row, const CaptionTimes& times)
   if (times.end <= times.start) return 0;
   // Line ends have no width, so they count for nothing.
   const int length = VisibleLength(list.GetSeenText(row, true), false);
-  return length * 1000.0 / static_cast<double>(Span(times.start, times.end));
+  return length * 1000.0 / ToReal(Span(times.start, times.end));
 }
 
 }  // namespace cuewright

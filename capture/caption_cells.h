@@ -32,11 +32,11 @@ struct CellTimes {
   CaptionTimes own;
   CaptionTimes next;
 };
-/// As the captions have them.
+/// Reads the times of a row and the one behind it from the captions.
 CellTimes TimesOfCells(const CaptionList& list, Row row);
 
-/// What a column shows of a row in range; the text is that of `TextCell` without its looks. What can't be said of a
-/// caption, such as the length of one without an end, is empty.
+/// What a column shows of a row in range; the text is that of `TextCell` without its styles. Empty where a caption has
+/// no such value, such as the duration of one without an end.
 Text CaptionCell(const CaptionList& list, Row row, ListColumn column, const TimesShown& shown, const CellTimes& times);
 
 /// The text of a row in range as a viewer sees it, on one line with `kBreakSign` for each line break; when the user

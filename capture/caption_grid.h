@@ -19,9 +19,9 @@ class RowFindings {
  public:
   virtual ~RowFindings() = default;
 
-  /// Something is found of a row in range. Asked for every row that is painted.
+  /// True when there are findings of a row in range. Called for every row that is painted.
   virtual bool Any(Row row) const = 0;
-  /// What is found of it in the language in force, a line each; empty for nothing.
+  /// The findings of a row in the language in force, each on a line of its own; empty when there are none.
   virtual Text Reasons(Row row) const = 0;
 };
 
@@ -31,17 +31,17 @@ class RowMoves {
   virtual ~RowMoves() = default;
 
   enum class Kind : std::uint8_t { None, Sure, Doubtful };
-  /// Of a row in range. Asked for every row that is painted.
+  /// True when a row in range was moved. Called for every row that is painted.
   virtual Kind KindOf(Row row) const = 0;
-  /// How far it was moved and how sure that is, in the language in force; empty for one that wasn't.
+  /// How far a row was moved and how sure that is, in the language in force; empty for one that wasn't moved.
   virtual Text Words(Row row) const = 0;
 };
 
-/// Times that the list shows in place of the captions' own, while the user looks what a change would bring.
+/// Times that the list shows in place of the captions' own, while the user looks at what a change would bring.
 class ForeseenTimes {
  public:
   virtual ~ForeseenTimes() = default;
-  /// Of a row in range.
+  /// The times to show for a row in range.
   virtual CaptionTimes TimesOf(Row row) const = 0;
 };
 
@@ -51,10 +51,10 @@ class CaptionGrid {
  public:
   explicit CaptionGrid(CaptionList& list) : selection(list), list_(list) {}
 
-  /// What the user's hand does with rows.
+  /// What the user does with rows by hand.
   Selection selection;
 
-  /// False: one plain column that shows `Notice`, without highlighting.
+  /// True while captions are shown; false while one plain column shows `Notice`, without highlighting.
   bool Active() const { return active_; }
   const Text& Notice() const { return notice_; }
   void ShowNotice(TextView notice);
@@ -63,11 +63,11 @@ class CaptionGrid {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
-  /// The list shows what is asked of captions; else, in the classic manner, four columns with what is stored.
+  /// True when the user's choice of columns is shown; else, in the classic manner, four columns show what is stored.
   bool IsWorkbench() const { return list_.Options().manner.ListIsAWorkbench(); }
 
   using Texts = std::array<Text, kListColumns>;
-  /// Of each `ListColumn`.
+  /// The headings, one for each `ListColumn`.
   const Texts& Headings() const { return headings_; }
   void SetHeadings(Texts headings);
 
@@ -77,19 +77,19 @@ class CaptionGrid {
   const TimesShown& Times() const { return times_; }
   void SetTimes(const TimesShown& times);
 
-  /// What is found of the captions; it outlives the list. Null: nothing is looked for.
+  /// The findings to show; they must outlive the list. Null: captions aren't checked.
   void SetFindings(const RowFindings* findings);
   bool HasFindings(Row row) const {
     return IsWorkbench() && findings_ != nullptr && list_.InRange(row) && findings_->Any(row);
   }
   Text Findings(Row row) const { return HasFindings(row) ? findings_->Reasons(row) : Text(); }
 
-  /// Which captions were moved; it outlives the list. Null: nobody knows.
+  /// The captions that were moved; it must outlive the list. Null: none is marked as moved.
   void SetMoves(const RowMoves* moves);
   RowMoves::Kind MoveOf(Row row) const {
     return IsWorkbench() && moves_ != nullptr && list_.InRange(row) ? moves_->KindOf(row) : RowMoves::Kind::None;
   }
-  /// What is found of a row and how it was moved, a line each; empty for nothing.
+  /// The findings of a row and how it was moved, each on a line of its own; empty when there is neither.
   Text Remarks(Row row) const;
 
   /// The row whose caption the film shows; 0 for none.
@@ -104,7 +104,7 @@ class CaptionGrid {
   void SetSpoken(TextView timed, TextView untimed, TextView found);
   /// What the text column shows of a row in range.
   Text ShownText(Row row) const;
-  /// The rows show these times instead of their own until null is given; they outlive that.
+  /// From now on rows show these times instead of their own, until null is given; until then they must stay alive.
   void Foresee(const ForeseenTimes* times);
   /// The times that the list shows of a row in range.
   CaptionTimes ShownTimes(Row row) const { return foreseen_ != nullptr ? foreseen_->TimesOf(row) : list_.TimesAt(row); }

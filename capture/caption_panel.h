@@ -29,7 +29,7 @@ class CaptionPanel {
   /// The checks of the three style items follow the row.
   void ShowStyles(Row row);
 
-  /// The headings and the alignment in the language in force.
+  /// Sets the headings and the alignment for the language in force.
   void ApplyLanguage(bool rightToLeft);
 
   Signal<CaptionPanel, Row> CaptionShown;  ///< the window shows another caption, or the same one anew

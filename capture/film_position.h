@@ -6,7 +6,8 @@
 
 namespace cuewright {
 
-/// Where the film is, in ms; while a key or a button is handled, where it was at the instant at which that went down.
+/// Where the film is, in ms; while a key or a pointer's button is handled, where the film was at the instant when it
+/// went down.
 inline Ms FilmPosition(const MainWindow& window, const Player& player) {
   const double seconds = window.inputInstant ? player.PositionAt(*window.inputInstant) : player.CurrentPosition();
   return Ms::OfSeconds(seconds);

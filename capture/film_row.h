@@ -17,7 +17,7 @@ class FilmRow {
   Row RowAt(Ms ms);
 
  private:
-  /// From `from` on, and before `to`, it is this row.
+  /// The answer for all positions from `from` on and before `to`.
   struct Known {
     Row row = 0;
     std::int64_t from = 0;

@@ -30,8 +30,8 @@ ColumnOrder::ColumnOrder(TextView stored) : ColumnOrder() {
     const auto* const known = std::ranges::find(kNames, name.substr(0, colon));
     if (known == kNames.end()) continue;
     const auto column = static_cast<ListColumn>(known - kNames.begin());
-    const auto from = static_cast<std::size_t>(std::ranges::find(places_, column, &Place::column) - places_.begin());
-    // One that is named twice stands where it was named first.
+    const std::size_t from = std::ranges::find(places_, column, &Place::column) - places_.begin();
+    // A column that is named twice stands where it was named first.
     if (from < at) continue;
     Move(from, at++);
     Show(column, !hidden);
@@ -63,7 +63,7 @@ void ColumnOrder::SetWidth(ListColumn column, int width) { Find(column).width = 
 
 void ColumnOrder::Move(std::size_t from, std::size_t to) {
   if (from >= kListColumns || to >= kListColumns) return;
-  const auto at = [this](std::size_t place) { return places_.begin() + static_cast<std::ptrdiff_t>(place); };
+  const auto at = [this](std::size_t place) { return places_.begin() + place; };
   if (from < to) {
     std::rotate(at(from), at(from + 1), at(to + 1));
   } else {

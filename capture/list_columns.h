@@ -12,7 +12,7 @@ namespace cuewright {
 enum class ListColumn : std::uint8_t { Number, Start, End, Duration, Gap, Speed, Words };
 inline constexpr std::size_t kListColumns = 7;
 
-/// The number and the text are what a row is known by: these two are always shown.
+/// False for the number and the text, by which a row is known: these two are always shown.
 constexpr bool CanBeHidden(ListColumn column) { return column != ListColumn::Number && column != ListColumn::Words; }
 
 /// How the user has arranged the columns of the list: their order, which are shown, and how wide they are.

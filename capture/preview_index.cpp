@@ -9,7 +9,7 @@
 namespace cuewright {
 namespace {
 
-/// Places that are not taken yet, so that each is visited once.
+/// The places of the index without a row yet; each is visited once.
 class FreePlaces {
  public:
   explicit FreePlaces(std::size_t count) : next_(count + 1) { std::iota(next_.begin(), next_.end(), std::size_t{0}); }
@@ -38,7 +38,7 @@ Row PreviewIndex::RowAt(Ms ms) {
   if (ms < list_.GetCaptionEnd(1)) return 1;
   const auto behind = std::upper_bound(ends_.begin(), ends_.end(), ms);
   if (behind == ends_.begin()) return 0;
-  const auto place = static_cast<std::size_t>(behind - ends_.begin() - 1);
+  const std::size_t place = behind - ends_.begin() - 1;
   return int{rows_[2 * place + (ends_[place] == ms ? 0 : 1)]};
 }
 
@@ -47,7 +47,7 @@ void PreviewIndex::OnSplice(const Splice& splice) {
     built_ = false;
     return;
   }
-  // An edit of texts alone keeps the table: it is built of the times only.
+  // An edit of texts alone leaves the index valid, since it depends on times only.
   for (int i = 0; i < splice.added && built_; ++i) {
     const Caption& before = ItemAt(splice.before, i);
     const Caption& now = list_.At(splice.first + i);
@@ -62,13 +62,13 @@ void PreviewIndex::Build() {
   for (Row row = 1; row < list_.Rows(); ++row) ends_.push_back(list_.GetCaptionEnd(row));
   std::sort(ends_.begin(), ends_.end());
   ends_.erase(std::unique(ends_.begin(), ends_.end()), ends_.end());
-  const auto placeOf = [&](Row row) {
+  const auto placeOf = [&](Row row) -> std::size_t {
     const auto at = std::lower_bound(ends_.begin(), ends_.end(), list_.GetCaptionEnd(row));
-    return 2 * static_cast<std::size_t>(at - ends_.begin());
+    return 2 * (at - ends_.begin());
   };
   rows_.assign(2 * ends_.size(), 0);
   FreePlaces places(rows_.size());
-  // The first caption in the list that fits a time has it, whatever comes later.
+  // A time belongs to the first caption in the list that fits it.
   for (Row row = 1; row <= list_.Rows() - 2; ++row) {
     if (!list_.IsCaptionTimed(row)) continue;
     timed_ = true;

@@ -7,8 +7,8 @@
 
 namespace cuewright {
 
-/// Finds the first caption that hasn't ended at a position in a time that hardly grows with the list. It is built from
-/// the ends of all captions when it is asked for the first time after they changed.
+/// Finds the first caption that hasn't ended at a position, in a time that hardly grows with the list. The index is
+/// built from the ends of all captions on the first call after they changed.
 class PreviewIndex {
  public:
   explicit PreviewIndex(CaptionList& list);
@@ -25,9 +25,10 @@ class PreviewIndex {
   CaptionList& list_;
   Connection spliced_;
   bool built_ = false;
-  bool timed_ = false;              // some caption but the last is timed
-  std::vector<Ms> ends_;            // all different ends, rising
-  std::vector<std::int16_t> rows_;  // for each end, and for the times between it and the next
+  bool timed_ = false;    // some caption but the last is timed
+  std::vector<Ms> ends_;  // all different ends, rising
+  std::vector<std::int16_t>
+      rows_;  // the row for each end, followed by the one for the times between that end and the next
 };
 
 }  // namespace cuewright

@@ -24,7 +24,7 @@ class StretchPlayer {
   bool Repeats() const { return repeats_; }
   void SetRepeats(bool repeats) { repeats_ = repeats; }
   bool Playing() const { return stretch_.has_value(); }
-  /// The film goes on as it is.
+  /// Ends the stretch; the film goes on or stays paused as it is.
   void Leave();
 
  private:
@@ -40,7 +40,7 @@ class StretchPlayer {
   Timer& timer_;
   std::optional<Stretch> stretch_;
   bool repeats_ = false;
-  bool seeking_ = false;  ///< what seeks is this
+  bool seeking_ = false;  ///< the seek that is going on was asked for by this player
   Connection seeks_;
   Connection states_;
 };

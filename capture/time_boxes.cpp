@@ -2,6 +2,7 @@
 
 #include "core/best_duration.h"
 #include "core/caption_time.h"
+#include "core/counting.h"
 #include "core/runtime_error.h"
 
 namespace cuewright {
@@ -102,14 +103,14 @@ void TimeBoxes::OnKeyPress(TextBox& box, KeyEvent& key) {
 
 void TimeBoxes::Overwrite(TextBox& box, char16_t character) {
   Text text = box.GetText();
-  const auto at = static_cast<std::size_t>(box.SelStart());
-  if (at < text.size()) {
+  const int at = box.SelStart();
+  if (at < CountOf(text)) {
     text[at] = character;
   } else if (text.size() < kLength) {
     text += character;
   }
   box.SetText(text);
-  StepCaret(box, static_cast<int>(at) + 1);
+  StepCaret(box, at + 1);
 }
 
 void TimeBoxes::StepCaret(TextBox& box, int from) {

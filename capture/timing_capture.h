@@ -38,7 +38,8 @@ class TimingCapture {
   /// Ends a running capture without an end.
   void AbandonCapture();
 
-  /// A caption has got both its times by hand. What follows from that is not for this moment: the next press may come.
+  /// A caption has got both its times by hand. Handlers must not do lengthy work at once, since the next press may
+  /// come.
   Signal<TimingCapture, Row> Held;
 
   /// Changes the mode, ending a running capture first.
@@ -58,13 +59,13 @@ class TimingCapture {
   void OnPointerUp(MouseButton button);
   /// The window lost the focus: a hold ends at the last sample.
   void OnFocusLost();
-  /// The film stopped, ended or gave way: a hold ends at the last sample before that.
+  /// The film stopped, ended or was replaced: a hold ends at the last sample before that.
   void OnFilmGone();
 
-  /// A capture was taken back or done again: what it left is nothing to join with.
+  /// A capture was undone or redone: the end captured last no longer counts for the next caption.
   void ForgetPriorEnd() { priorCaptionEnd_.reset(); }
 
-  /// A document came or went: no capture runs, and nothing is there to join with.
+  /// A document was opened or closed: no capture runs, and no end was captured last.
   void Reset();
 
   enum class SeekTo { Start, JustBehindStart };
@@ -73,13 +74,14 @@ class TimingCapture {
   void SeekToCaption(Row row, SeekTo place);
 
  private:
-  /// What began the hold that runs: only its own release ends it.
+  /// The key or button that began the hold in progress: only its own release ends it.
   struct Hold {
     enum class By { ShortcutKey, ButtonKey, Pointer } by;
     std::uint32_t physical = 0;
   };
 
-  /// Where the film was when the key or button went that is being handled; empty where it is the last sample's.
+  /// Where the film was when the key or button being handled went down or up; empty where the last sample counts
+  /// instead.
   std::optional<Ms> PositionOfInput() const;
   Ms ShownPosition() const;
   void EndAt(Ms end);

@@ -20,7 +20,7 @@ bool BreakRules::Forbids(TextView last, TextView next) const {
   if (last.empty()) return false;
   const Text word = ToLower(last);
   if (lineEnds.contains(word)) return true;
-  // Punctuation behind the first of two words parts them.
+  // Two words with punctuation between them are no pair.
   if (pairs.empty() || kPunctuation.find(last.back()) != TextView::npos) return false;
   Text pair(BareWord(word));
   pair += u' ';

@@ -6,7 +6,7 @@
 
 namespace cuewright {
 
-/// Where a language lets no line end. All words are in small letters.
+/// The places where a language lets no line end. All words are in small letters.
 struct BreakRules {
   std::unordered_set<Text> lineEnds;  ///< words at which no line but the last one ends
   std::unordered_set<Text> pairs;     ///< words that stay with the next one, as "new york"

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/counting.h"
+#include "core/numbers.h"
 #include "text/visible_length.h"
 
 namespace cuewright {
@@ -56,7 +57,7 @@ TextView FirstWord(TextView line) {
 
 }  // namespace
 
-std::string_view RuleName(CheckRule rule) { return kNames.at(static_cast<std::size_t>(rule)); }
+std::string_view RuleName(CheckRule rule) { return ItemAt(kNames, rule); }
 
 Checker::Checker(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots)
     : rules_(rules),
@@ -108,9 +109,9 @@ void Checker::CheckTimes(const CaptionList& list, Row row) {
   // A time in the file is right to half a frame: a duration that is the least one in frames is long enough.
   const bool tooShort = duration < minDuration_.Wide() &&
                         rate_.FramesOfMs(Ms::Within(duration, 0, Ms::Latest())) < rate_.FramesOfMs(minDuration_);
-  if (minDuration_ != 0 && tooShort) Add(CheckRule::MinDuration, static_cast<double>(duration), minDuration_.Count());
+  if (minDuration_ != 0 && tooShort) Add(CheckRule::MinDuration, ToReal(duration), minDuration_.Count());
   if (maxDuration_ != 0 && duration > maxDuration_.Wide()) {
-    Add(CheckRule::MaxDuration, static_cast<double>(duration), maxDuration_.Count());
+    Add(CheckRule::MaxDuration, ToReal(duration), maxDuration_.Count());
   }
   if (row > 1 && IsTimed(list.At(row - 1))) CheckNeighbour(list, row);
 }
@@ -119,7 +120,7 @@ void Checker::CheckTimes(const CaptionList& list, Row row) {
 void Checker::CheckNeighbour(const CaptionList& list, Row row) {
   const Ms end = list.At(row - 1).end;
   const Ms start = list.At(row).start;
-  const auto gap = static_cast<double>(Span(end, start));
+  const double gap = ToReal(Span(end, start));
   if (gap < 0) {
     Add(CheckRule::Overlap, -gap, 0);
   } else if (rate_.FramesOfMs(start) - rate_.FramesOfMs(end) < minGapFrames_) {
@@ -147,7 +148,7 @@ void Checker::CheckText(const Caption& caption, TextView visible) {
 }
 
 void Checker::CheckSpeed(const Caption& caption, TextView visible, int length) {
-  const auto duration = static_cast<double>(Span(caption.start, caption.end));
+  const double duration = ToReal(Span(caption.start, caption.end));
   if (duration <= 0) return;
   const double speed = length * kMsASecond / duration;
   if (const double most = rules_.CharactersIn(duration); most > 0 && length > most) {
@@ -208,10 +209,9 @@ void Checker::CheckShots(const Caption& caption) {
   };
   const auto distance = [&](Ms ms) { return rate_.FramesOfMs(ms) - rate_.FramesOfMs(nearest(ms)); };
   const std::int64_t start = distance(caption.start);
-  if (start != 0 && std::abs(start) < zone) Add(CheckRule::ShotStart, static_cast<double>(start), 0);
+  if (start != 0 && std::abs(start) < zone) Add(CheckRule::ShotStart, ToReal(start), 0);
   const std::int64_t end = distance(caption.end);
-  if (end != -before && std::abs(end) < zone)
-    Add(CheckRule::ShotEnd, static_cast<double>(end), static_cast<double>(-before));
+  if (end != -before && std::abs(end) < zone) Add(CheckRule::ShotEnd, ToReal(end), ToReal(-before));
 }
 
 }  // namespace cuewright

@@ -38,27 +38,27 @@ struct Finding {
   CheckRule rule = CheckRule::MinDuration;
   double value = 0;
   double limit = 0;
-  Text found;   ///< in place of a number: the dash or the word that stands there
+  Text found;   ///< for rules about words: the dash or the word that stands there
   Text wanted;  ///< the dash that should stand there
 
   bool IsOfWords() const { return rule == CheckRule::Dash || rule == CheckRule::LineEnd; }
   bool operator==(const Finding&) const = default;
 };
 
-/// Looks at captions with the eyes of a house. What is said of a caption depends on it and its neighbours alone, so
-/// that after an edit only three are looked at anew.
+/// Checks captions against house rules. The findings of a caption depend on it and its two neighbours alone, so that
+/// after an edit only three captions have to be checked again.
 class Checker {
  public:
   /// `rate` is the film's, `shots` the ms at which its shots begin, in order.
   Checker(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots = {});
 
-  /// What is found of one caption, behind what `findings` holds.
+  /// Appends the findings of one caption to `findings`.
   void CheckRow(const CaptionList& list, Row row, std::vector<Finding>& findings);
   /// The findings of all captions, by row.
   std::vector<Finding> CheckAll(const CaptionList& list);
 
  private:
-  /// What is seen of a stored text, with LF between lines; it lasts until the next call.
+  /// A stored text as a viewer sees it, with LF between lines; valid until the next call.
   TextView VisibleOf(const CaptionList& list, const Text& stored);
   void CheckTimes(const CaptionList& list, Row row);
   void CheckNeighbour(const CaptionList& list, Row row);

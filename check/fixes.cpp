@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "core/numbers.h"
 #include "core/seen_text.h"
 
 namespace cuewright {
@@ -11,7 +12,7 @@ namespace {
 
 constexpr double kMsASecond = 1000;
 
-/// How far a finding is from what the rule wants; 1 for one that can't be more or less.
+/// How far a finding is from what the rule wants; 1 for a rule that is either broken or kept.
 double ExcessOf(const Finding& finding) {
   return finding.IsOfWords() ? 1 : std::max(std::abs(finding.value - finding.limit), 0.001);
 }
@@ -68,7 +69,7 @@ Ms EndBefore(Ms start, std::int64_t gap, const FrameRate& rate) {
   return rate.FramesOfMs(end) <= frames ? end : rate.MsOfFrames(frames);
 }
 
-/// The first start behind an end that does so.
+/// The first start behind an end that leaves so many frames between them.
 Ms StartBehind(Ms end, std::int64_t gap, const FrameRate& rate) {
   const Ms start = end + rate.MsOfFrames(gap);
   const std::int64_t frames = rate.FramesOfMs(end) + gap;
@@ -86,12 +87,12 @@ Fixer::Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> sho
 
 /// The least duration that the rule of the finding lets through.
 Ms Fixer::DurationFor(const CaptionList& list, const Finding& finding) const {
-  if (finding.rule == CheckRule::MinDuration) return static_cast<std::int32_t>(finding.limit);
+  if (finding.rule == CheckRule::MinDuration) return Ms::Nearest(finding.limit);
   const Caption& caption = list.At(finding.row);
-  const auto now = static_cast<double>(Span(caption.start, caption.end));
+  const double now = ToReal(Span(caption.start, caption.end));
   const double duration = finding.rule == CheckRule::ReadingSpeed ? rules_.MsFor(finding.value * now / kMsASecond)
                                                                   : now * finding.value / finding.limit;
-  return static_cast<std::int32_t>(std::ceil(std::min(duration, 1e8)));
+  return Ms::Nearest(std::ceil(std::min(duration, 1e8)));
 }
 
 /// Later ends first, as far as the next caption lets; then an earlier start as well, since that leaves the sound.
@@ -143,9 +144,7 @@ void Fixer::AddNewText(const CaptionList& list, const Finding& finding, std::vec
 std::vector<Proposal> Fixer::Candidates(const CaptionList& list, const Finding& finding) {
   std::vector<Proposal> candidates;
   Caption changed = list.At(finding.row);
-  const auto frames = [&](Ms ms, double by) {
-    return rate_.MsOfFrames(rate_.FramesOfMs(ms) - static_cast<std::int64_t>(by));
-  };
+  const auto frames = [&](Ms ms, double by) { return rate_.MsOfFrames(rate_.FramesOfMs(ms) - std::llround(by)); };
   switch (finding.rule) {
     case CheckRule::MinDuration:
     case CheckRule::ReadingSpeed:
@@ -153,7 +152,7 @@ std::vector<Proposal> Fixer::Candidates(const CaptionList& list, const Finding& 
       AddLonger(list, finding.row, DurationFor(list, finding), candidates);
       break;
     case CheckRule::MaxDuration:
-      changed.end = changed.start + static_cast<std::int32_t>(finding.limit);
+      changed.end = changed.start + Ms::Nearest(finding.limit);
       candidates.push_back({finding.row, changed});
       break;
     case CheckRule::Overlap:
@@ -169,7 +168,7 @@ std::vector<Proposal> Fixer::Candidates(const CaptionList& list, const Finding& 
       candidates.push_back({finding.row, changed});
       break;
     case CheckRule::TextLength:
-      break;  // only a hand can say it in fewer words
+      break;  // only a person can say it in fewer words
     default:
       AddNewText(list, finding, candidates);
   }

@@ -12,21 +12,21 @@
 
 namespace cuewright {
 
-/// Proposes changes after which captions keep to the house rules: durations within the neighbours, gaps, lines broken
-/// anew, dashes. What is proposed makes the finding less, and no other finding new or worse.
+/// Proposes changes that make captions keep to the house rules: other durations as far as the neighbours let, gaps,
+/// lines broken anew, dashes. A proposal mends a finding or makes it smaller, and makes no other finding new or worse.
 class Fixer {
  public:
-  /// The rules outlive this.
+  /// The rules must outlive this.
   Fixer(const HouseRules& rules, const FrameRate& rate, std::vector<Ms> shots = {});
 
-  /// What mends one finding, in the caption or the one before it; nothing when no change does.
+  /// The change that mends one finding, in the caption or the one before it; nothing when no change does.
   std::optional<Proposal> Propose(const CaptionList& list, const Finding& finding);
 
-  /// What mends all that can be mended, in order of rows.
+  /// The changes that mend all findings that can be mended, in the order of rows.
   std::vector<Proposal> ProposeAll(const CaptionList& list);
 
  private:
-  /// Changes that may mend it, the best first.
+  /// Changes that may mend the finding, the best first.
   std::vector<Proposal> Candidates(const CaptionList& list, const Finding& finding);
   void AddLonger(const CaptionList& list, Row row, Ms duration, std::vector<Proposal>& to) const;
   void AddApart(const CaptionList& list, Row row, std::vector<Proposal>& to) const;

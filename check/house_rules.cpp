@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "text/digits.h"
@@ -78,7 +79,7 @@ bool TakeSwitch(TextView value, bool& on) {
   return value == u"0" || value == u"1";
 }
 
-/// A key of the file, and what takes its value; false when the value can't be.
+/// A key of the file, and the function that takes its value; false for a value that the key can't have.
 struct Key {
   TextView name;
   bool (*take)(TextView value, HouseRules& rules);
@@ -135,12 +136,12 @@ Ms HouseRules::MsOf(const HouseTime& time, const FrameRate& at) const {
 
 double HouseRules::CharactersIn(double ms) const {
   const double second = std::floor(ms / kMsASecond);
-  if (second >= static_cast<double>(charactersWithin.size())) {
-    // In this order a number of ms that fits whole characters gives just these.
+  if (second >= CountOf(charactersWithin)) {
+    // Multiplied first and divided then, so that whole characters come out exactly.
     const double atSpeed = ms * charactersASecond / kMsASecond;
     return charactersWithin.empty() ? atSpeed : std::max(charactersWithin.back(), atSpeed);
   }
-  const auto at = static_cast<std::size_t>(second);
+  const std::size_t at = RoundToInt32(second);
   const double before = at == 0 ? 0 : charactersWithin[at - 1];
   return before + (ms - second * kMsASecond) * (charactersWithin[at] - before) / kMsASecond;
 }
@@ -148,11 +149,11 @@ double HouseRules::CharactersIn(double ms) const {
 double HouseRules::MsFor(double count) const {
   const auto at = std::ranges::lower_bound(charactersWithin, count);
   if (at == charactersWithin.end()) {
-    const double seconds = std::max(static_cast<double>(charactersWithin.size()), count / charactersASecond);
+    const double seconds = std::max<double>(CountOf(charactersWithin), count / charactersASecond);
     return seconds * kMsASecond;
   }
   const double before = at == charactersWithin.begin() ? 0 : *(at - 1);
-  const double seconds = static_cast<double>(at - charactersWithin.begin()) + (count - before) / (*at - before);
+  const double seconds = ToReal(at - charactersWithin.begin()) + (count - before) / (*at - before);
   return seconds * kMsASecond;
 }
 

@@ -20,7 +20,7 @@ namespace {
 constexpr int kUsualWidth = 42;
 constexpr int kUsualLines = 2;
 constexpr int kMostLines = 6;
-/// A text of more places isn't a caption; it is left as it is.
+/// A text with more places than this isn't a caption; it is left as it is.
 constexpr std::size_t kMostPlaces = 120;
 
 constexpr TextView kBlanks = u" \t\u3000";
@@ -29,7 +29,7 @@ constexpr TextView kSentenceEnds = u".!?\u2026\u061f\u3002\uff01\uff1f";
 constexpr TextView kPauses = u",;:\u060c\u061b\u3001\uff0c\uff1b\uff1a";
 constexpr TextView kClosing = u"\"'\u2019\u201d\u00bb)]";
 
-// What a break costs by what stands in front of it.
+// The cost of a break, by what stands in front of it.
 constexpr double kBehindSentence = 0;
 constexpr double kBehindPause = 6;
 constexpr double kInFrontOfPhrase = 14;
@@ -38,7 +38,7 @@ constexpr double kInsideName = 22;    ///< more between two words with capitals
 constexpr double kInsideNumber = 14;  ///< more behind a number
 constexpr double kShortWordBack = 6;  ///< more when a word of up to three letters ends the line
 constexpr double kForbidden = 1000;
-// What lines cost.
+// The cost of lines.
 constexpr double kTooWide = 20000;
 constexpr double kTooWideACharacter = 500;
 constexpr double kTooMany = 100000;
@@ -92,7 +92,8 @@ struct LineBreaker::Layout {
 
 namespace {
 
-/// Characters that are seen up to a place: of the line that ends there, and of what stands before the one behind it.
+/// How many characters are seen from the text's beginning to the end of the line in front of a place, and to the
+/// beginning of the line behind it.
 struct LineEdge {
   int end = 0;
   int begin = 0;
@@ -218,7 +219,7 @@ std::vector<BreakPlace> LineBreaker::PlacesIn(TextView flat) {
   const icu::UnicodeString text = Aliased(flat);
   words_->iterator->setText(text);
   for (std::int32_t at = words_->iterator->next(); at != icu::BreakIterator::DONE; at = words_->iterator->next()) {
-    const auto begin = static_cast<std::size_t>(at);
+    const std::size_t begin = at;
     if (begin == 0 || begin >= flat.size()) continue;
     BreakPlace place;
     place.begin = begin;
@@ -255,9 +256,11 @@ double LineBreaker::PairCost(int upper, int lower) const {
 LineBreaker::Layout LineBreaker::Best(TextView flat, std::span<const BreakPlace> places, int lines) const {
   const std::size_t count = places.size() + 1;  // the text's end ends a line as well
   const std::vector<LineEdge> edges = EdgesOf(flat, places, rules_.wideLetters);
-  const double share = static_cast<double>(edges[count].end) / lines;
-  // Of a line that begins behind one place and ends at another: the cost up to its end, and where the one above begins.
-  std::vector<std::vector<Way>> ways(static_cast<std::size_t>(lines) + 1, std::vector<Way>((count + 1) * (count + 1)));
+  const double whole = edges[count].end;
+  const double share = whole / lines;
+  // For a line that begins behind one place and ends at another: the cost of the layout up to its end, and where the
+  // line above begins.
+  std::vector<std::vector<Way>> ways(lines + 1, std::vector<Way>((count + 1) * (count + 1)));
   const auto way = [&](int line, std::size_t from, std::size_t to) -> Way& {
     return ItemAt(ways, line)[from * (count + 1) + to];
   };

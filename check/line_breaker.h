@@ -12,9 +12,9 @@ namespace cuewright {
 
 /// A place at which a line may end.
 struct BreakPlace {
-  std::size_t end = 0;    ///< of the line in front of it, without blanks
-  std::size_t begin = 0;  ///< of the line behind it
-  double cost = 0;        ///< what is lost by a break here, whatever the lines' lengths
+  std::size_t end = 0;    ///< where the line in front of the break ends, without blanks
+  std::size_t begin = 0;  ///< where the line behind the break begins
+  double cost = 0;        ///< how bad a break is here, apart from the lengths of the lines
   bool forbidden = false;
   bool wanted = false;  ///< another speaker begins here
 };
@@ -24,17 +24,18 @@ struct BreakPlace {
 /// forbids; then count the speaker, punctuation, phrases, the lengths of the lines and which of them is longer.
 class LineBreaker {
  public:
-  /// The rules outlive this. Without a number of lines two are made, without a width lines of 42.
+  /// The rules must outlive this. Where they state no number of lines it is two, and where they state no width it
+  /// is 42.
   explicit LineBreaker(const HouseRules& rules);
   ~LineBreaker();
 
-  /// A text as it is seen, LF between its lines, broken anew. What fits one line becomes one.
+  /// A text as a viewer sees it, with LF between its lines, broken anew. A text that fits one line becomes one line.
   Text Broken(TextView seen);
 
-  /// The same with this number of lines, where the text has places enough; what a bench asks.
+  /// The same with a given number of lines, as far as the text has places for them; for benches.
   Text BrokenInto(TextView seen, int lines);
 
-  /// The places of a text without line breaks.
+  /// The places at which a text without line breaks may be broken.
   std::vector<BreakPlace> PlacesIn(TextView flat);
 
  private:
@@ -55,7 +56,7 @@ class LineBreaker {
   std::unique_ptr<Words> words_;
 };
 
-/// What breaking these rows anew changes; marks stay at their places.
+/// The changes that breaking these rows anew would make; marks stay at their places.
 std::vector<Proposal> ProposeBreaks(const CaptionList& list, std::span<const Row> rows, LineBreaker& breaker);
 
 }  // namespace cuewright

@@ -18,7 +18,7 @@ void LiveFindings::SetRules(HouseRules rules, const FrameRate& rate, std::vector
   Changed(1, list_.Count());
 }
 
-void LiveFindings::Forget() { rows_.assign(static_cast<std::size_t>(list_.Count()), std::nullopt); }
+void LiveFindings::Forget() { rows_.assign(list_.Count(), std::nullopt); }
 
 void LiveFindings::OnSplice(const Splice& splice) {
   const auto first = rows_.begin() + (splice.first - 1).Number();
@@ -26,7 +26,7 @@ void LiveFindings::OnSplice(const Splice& splice) {
     std::fill(first, first + splice.added, std::nullopt);
   } else {
     rows_.erase(first, first + splice.removed);
-    rows_.insert(rows_.begin() + (splice.first - 1).Number(), static_cast<std::size_t>(splice.added), std::nullopt);
+    rows_.insert(rows_.begin() + (splice.first - 1).Number(), splice.added, std::nullopt);
   }
   // Findings of a caption depend on the one before it; the one behind it only bounds what is proposed.
   const Row from = std::max<Row>(splice.first - 1, 1);
@@ -36,7 +36,7 @@ void LiveFindings::OnSplice(const Splice& splice) {
 }
 
 const std::vector<Finding>& LiveFindings::Of(Row row) {
-  // A list that is just changing may have told others first.
+  // While the list announces a change, others may ask for findings before this has heard of it.
   if (!list_.InRange(row) || row.Index() >= rows_.size()) return nothing_;
   std::optional<std::vector<Finding>>& findings = rows_[row.Index()];
   if (!findings) checker_->CheckRow(list_, row, findings.emplace());

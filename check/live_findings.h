@@ -10,25 +10,25 @@
 
 namespace cuewright {
 
-/// What house rules find in the captions of a list, always as they are now. A caption is looked at when it is asked
-/// for, and anew only when it or a neighbour has changed: an edit costs the same in a list of any length.
+/// The findings of house rules in the captions of a list, always up to date. A caption is checked when it is asked for,
+/// and again only after it or a neighbour has changed, so that an edit costs the same in a list of any length.
 class LiveFindings {
  public:
   explicit LiveFindings(CaptionList& list);
 
-  /// Holds the captions against other rules from now on. `rate` is the film's; none: the rules' own.
+  /// Checks the captions by other rules from now on. `rate` is the film's; without one the rules' own rate is used.
   void SetRules(HouseRules rules, const FrameRate& rate, std::vector<Ms> shots = {});
   const HouseRules& Rules() const { return rules_; }
   const FrameRate& Rate() const { return rate_; }
 
-  /// What is found of a caption; nothing for a row out of range.
+  /// The findings of a caption; none for a row out of range.
   const std::vector<Finding>& Of(Row row);
-  /// All of it, by row. Looks at every caption that wasn't asked for yet.
+  /// All findings, by row. Checks every caption that has no valid findings yet.
   std::vector<Finding> All();
-  /// The next row behind this one, beginning again at the first, of which something is found; 0 for none.
+  /// The next row with a finding behind this one, going on at the first row after the last; 0 when there is none.
   Row Next(Row row);
 
-  /// Something else may be found from the row on, in so many rows.
+  /// The findings may have changed in so many rows from this one on.
   Signal<LiveFindings, Row, int> Changed;
 
  private:

@@ -26,6 +26,14 @@ constexpr std::size_t SizeOf(Count count) {
   return static_cast<std::size_t>(count);
 }
 
+/// The place, from 0, that an iterator of the items points to; behind the last one it is their count.
+template <class Items>
+constexpr int PlaceAt(const Items& items, std::ranges::iterator_t<const Items> at) {
+  const auto place = at - std::ranges::begin(items);
+  assert(std::in_range<int>(place));
+  return static_cast<int>(place);
+}
+
 /// The item at a place from 0, which must lie within. An enumerator is the place of its value.
 template <class Items, class Place>
 constexpr decltype(auto) ItemAt(Items&& items, Place place) {

@@ -15,6 +15,9 @@ double LeadingNumber(TextView text);
 /// The same without its fraction, within 32 bits.
 std::int32_t LeadingInt(TextView text);
 
+/// A whole number to divide by or to weigh; beyond 2 to the 53rd the nearest that a double has.
+constexpr double ToReal(std::int64_t number) { return static_cast<double>(number); }
+
 /// The nearest whole number, a tie going to the even neighbour.
 double RoundHalfEven(double value);
 

@@ -9,7 +9,7 @@
 namespace cuewright {
 namespace {
 
-// Handed over anew at each call: what the user puts into the places of the picker isn't kept.
+// The custom colours are given anew at each call: what the user changes in them isn't kept.
 constexpr CustomColors kCustomColors = {0xC0C0C0, 0x0000FF, 0x0080FF, 0x00FFFF, 0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF,
                                         0x808080, 0x0000C0, 0x0040C0, 0x00C0C0, 0x00C000, 0xC0C000, 0xC00000, 0xC000C0};
 

@@ -7,7 +7,7 @@
 namespace cuewright {
 namespace {
 
-// The lines in their order; numbers 700 to 724 of the catalogue. No language but their own is meant.
+// The lines in their order; numbers 700 to 724 of the catalogue. They are commands and are not translated.
 constexpr std::array<TextView, 25> kLines = {
     u"VirtualDub.Open([SRCVID],0,0);",
     u"VirtualDub.audio.SetSource(1);",
@@ -45,7 +45,7 @@ constexpr std::size_t kSave = 723 - 700;
 constexpr double kLeastRate = 8000;
 constexpr double kMostRate = 48000;
 
-/// The line filled in; empty where it isn't written.
+/// The line with its values filled in; empty for a line that this script doesn't need.
 Text FilledLine(std::size_t line, const EmbedValues& values) {
   Text text(kLines[line]);
   switch (line) {

@@ -6,6 +6,7 @@
 #include "core/runtime_error.h"
 #include "external/registry_roots.h"
 #include "text/text_search.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -40,6 +41,7 @@ class clsRegistryAccess::OpenKey {
   ~OpenKey() {
     if (open_) calls_.RegCloseKey(key);
   }
+  bool IsOpen() const { return open_; }
   explicit operator bool() const { return open_; }
 
   std::uint32_t key = 0;
@@ -53,7 +55,7 @@ Text StrToBin(TextView binaryText) {
   const Text digits = ReplaceAll(binaryText, u" ", u"");
   Text bytes;
   for (std::size_t i = 0; i < digits.size(); i += 2) {
-    bytes += static_cast<char16_t>(HexNumber(TextView(digits).substr(i, 2)));
+    bytes += LowUnit(HexNumber(TextView(digits).substr(i, 2)));
   }
   return bytes;
 }
@@ -80,9 +82,9 @@ std::int32_t HexNumber(TextView text) {
     const int digit = HexDigit(c);
     if (digit < 0) break;
     if (number >> 28 != 0) ThrowOverflow();
-    number = number << 4 | static_cast<std::uint32_t>(digit);
+    number = number << 4 | digit;
   }
-  return static_cast<std::int32_t>(number);
+  return number;
 }
 
 void clsRegistryAccess::Parse(TextView KeyName) {
@@ -99,18 +101,19 @@ std::int32_t clsRegistryAccess::CreateKey(TextView KeyName) {
   std::uint32_t key = 0;
   if (calls_.RegCreateKeyA(root_, subPath_, key) != kRegistryOk) return 0;
   calls_.RegCloseKey(key);
-  return static_cast<std::int32_t>(key);
+  return key;
 }
 
 std::int32_t clsRegistryAccess::KillKey(TextView KeyName) {
   const OpenKey open(*this, KeyName, kRegistryAllAccess);
   if (!open) return 0;
   calls_.RegDeleteKeyA(open.key, {});
-  return static_cast<std::int32_t>(open.key);
+  return open.key;
 }
 
 bool clsRegistryAccess::KeyExists(TextView KeyName) {
-  return static_cast<bool>(OpenKey(*this, KeyName, kRegistryAllAccess));
+  const OpenKey open(*this, KeyName, kRegistryAllAccess);
+  return open.IsOpen();
 }
 
 int clsRegistryAccess::EnumKeys(TextView KeyName, std::vector<Text>& names) {
@@ -149,7 +152,7 @@ bool clsRegistryAccess::WriteString(TextView KeyName, TextView ValueName, TextVi
 
 Text clsRegistryAccess::ReadString(TextView KeyName, TextView ValueName, TextView Default) {
   Text data;
-  // The registry fills a buffer that is too small with nothing, not with a part.
+  // A buffer that is too small gets nothing, not a part of the data.
   if (!Query(KeyName, ValueName, data) || data.size() > kBuffer) return Text(Default);
   const TextView text = TrimBlanks(data);
   return Text(text.substr(0, text.empty() ? 0 : text.size() - 1));
@@ -157,8 +160,8 @@ Text clsRegistryAccess::ReadString(TextView KeyName, TextView ValueName, TextVie
 
 bool clsRegistryAccess::WriteDWORD(TextView KeyName, TextView ValueName, std::int32_t Value) {
   Text bytes;
-  const auto bits = static_cast<std::uint32_t>(Value);
-  for (unsigned shift = 0; shift < 32; shift += 8) bytes += static_cast<char16_t>(bits >> shift & 0xFF);
+  const std::uint32_t bits = Value;
+  for (unsigned shift = 0; shift < 32; shift += 8) bytes += bits >> shift & 0xFF;
   return Write(KeyName, ValueName, kRegistryDword, bytes);
 }
 
@@ -167,7 +170,7 @@ std::int32_t clsRegistryAccess::ReadDWORD(TextView KeyName, TextView ValueName, 
   if (!Query(KeyName, ValueName, data) || data.size() > 4) return Default;
   std::uint32_t bits = 0;
   for (std::size_t i = 0; i < data.size(); ++i) bits |= (data[i] & 0xFFU) << (8 * i);
-  return static_cast<std::int32_t>(bits);
+  return bits;
 }
 
 bool clsRegistryAccess::WriteBinary(TextView KeyName, TextView ValueName, TextView Value) {
@@ -195,9 +198,10 @@ int clsRegistryAccess::EnumValues(TextView KeyName, std::vector<Text>& names, st
   values.clear();
   const OpenKey open(*this, KeyName);
   if (!open) return -1;
+  const std::uint32_t wanted = type;
   RegistryValue value;
   for (std::uint32_t i = 0; calls_.RegEnumValueA(open.key, i, value) == kRegistryOk; ++i) {
-    if (type != -1 && value.type != static_cast<std::uint32_t>(type)) continue;
+    if (type != -1 && value.type != wanted) continue;
     const Text name(TrimBlanks(Cut(value.name)));
     RegistryData data;
     if (value.type == kRegistryBinary) data = Text(TrimBlanks(BinToStr(Cut(value.data))));

@@ -41,7 +41,7 @@ class clsRegistryAccess {
   /// The write operations make a missing key first.
   bool CreateKeyIfDoesntExists = true;
 
-  /// The key's closed handle, 0 on failure.
+  /// Returns the handle that the key had, which is closed; 0 on failure.
   std::int32_t CreateKey(TextView KeyName);
   /// Removes a key without keys below it. The result tells only that the key was there, as for `CreateKey`.
   std::int32_t KillKey(TextView KeyName);

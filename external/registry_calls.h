@@ -11,7 +11,7 @@ inline constexpr std::uint32_t kRegistryString = 1;
 inline constexpr std::uint32_t kRegistryBinary = 3;
 inline constexpr std::uint32_t kRegistryDword = 4;
 
-/// What the calls give; 0 is success.
+/// The results of the calls; 0 is success.
 inline constexpr std::int32_t kRegistryOk = 0;
 inline constexpr std::int32_t kRegistryNotFound = 2;
 inline constexpr std::int32_t kRegistryAccessDenied = 5;

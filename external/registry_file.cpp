@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -37,15 +39,12 @@ int HexAt(TextView text, std::size_t at, std::size_t count) {
   return number;
 }
 
-/// FNV-1a: a single wrong byte always shows.
+/// FNV-1a: a single wrong byte always changes it.
 std::uint64_t Checksum(std::string_view bytes) {
   std::uint64_t sum = 0xCBF29CE484222325U;
-  for (const char byte : bytes) sum = (sum ^ static_cast<std::uint8_t>(byte)) * 0x100000001B3U;
+  for (const char byte : bytes) sum = (sum ^ ByteOf(byte)) * 0x100000001B3U;
   return sum;
 }
-
-bool IsLead(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsTrail(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 std::string Escaped(TextView text) {
   Text safe;
@@ -74,7 +73,7 @@ std::optional<Text> Unescaped(TextView text) {
     }
     const int unit = HexAt(text, i + 1, 4);
     if (unit < 0) return std::nullopt;
-    result += static_cast<char16_t>(unit);
+    result += LowUnit(unit);
     i += 4;
   }
   return result;
@@ -98,7 +97,7 @@ std::optional<Text> ReadData(std::uint32_t type, TextView text) {
   for (std::size_t i = 0; i < text.size(); i += 2) {
     const int byte = HexAt(text, i, 2);
     if (byte < 0) return std::nullopt;
-    data += static_cast<char16_t>(byte);
+    data += LowUnit(byte);
   }
   return data;
 }
@@ -110,7 +109,7 @@ bool ReadValue(TextView line, RegistryKey& key) {
   const int low = HexAt(line, equals + 5, 4);
   const std::optional<Text> name = Unescaped(line.substr(0, equals));
   if (high < 0 || low < 0 || !name) return false;
-  const std::uint32_t type = static_cast<std::uint32_t>(high) << 16 | static_cast<std::uint32_t>(low);
+  const std::uint32_t type = std::uint32_t{0x10000} * high + low;
   const std::optional<Text> data = ReadData(type, line.substr(equals + 10));
   if (!data) return false;
   key.values.push_back({*name, type, *data});
@@ -189,7 +188,7 @@ std::optional<RegistryTree> ReadRegistry(std::string_view bytes, Text& why) {
   const std::vector<Text> lines = Split(text, u"\n");
   for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
     if (ReadLine(lines[i], tree, key)) continue;
-    why = u"its line " + Decimal(static_cast<long long>(i) + 2) + u" can't be read";
+    why = u"its line " + Decimal(i + 2) + u" can't be read";
     return std::nullopt;
   }
   return tree;

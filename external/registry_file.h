@@ -10,7 +10,7 @@
 
 namespace cuewright {
 
-/// A key with its values in the order of their coming.
+/// A key with its values in the order in which they were set first.
 struct RegistryKey {
   Text path;              ///< from the root's short form on, as it was written first
   bool readOnly = false;  ///< it can be read, and neither it nor its values changed
@@ -32,10 +32,10 @@ const std::vector<Text>& RegistryRoots();
 /// The seven roots, empty.
 RegistryTree EmptyRegistry();
 
-/// The bytes of a registry file: readable UTF-8 text that ends in a checksum.
+/// The bytes of a registry file: UTF-8 text that people can read, with a checksum at its end.
 std::string RegistryBytes(const RegistryTree& tree);
 
-/// The registry of a file's bytes; empty, with what is wrong in `why`, when one byte of it lacks or differs.
+/// The registry of a file's bytes; nothing, with the reason in `why`, when a byte of the file is missing or wrong.
 std::optional<RegistryTree> ReadRegistry(std::string_view bytes, Text& why);
 
 }  // namespace cuewright

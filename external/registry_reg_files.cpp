@@ -6,6 +6,7 @@
 #include "external/registry_access.h"
 #include "external/registry_roots.h"
 #include "text/text_search.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -16,9 +17,9 @@ constexpr std::uint64_t kSizeLimit = 64u << 20;
 bool IsUtf8(std::string_view bytes) {
   const Text text = FromUtf8(bytes);
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] >= 0xD800 && text[i] < 0xDC00) {
+    if (IsLead(text[i])) {
       ++i;
-    } else if (text[i] >= 0xDC00 && text[i] < 0xE000) {
+    } else if (IsTrail(text[i])) {
       return false;
     }
   }
@@ -42,9 +43,7 @@ Text Quoted(TextView text) { return u"\"" + Text(text) + u"\""; }
 
 Text DwordText(std::int32_t number) {
   Text digits = u"0x";
-  for (int shift = 28; shift >= 0; shift -= 4) {
-    digits += u"0123456789ABCDEF"[static_cast<std::uint32_t>(number) >> shift & 0xF];
-  }
+  for (int shift = 28; shift >= 0; shift -= 4) digits += u"0123456789ABCDEF"[number >> shift & 0xF];
   return digits;
 }
 
@@ -113,17 +112,17 @@ void clsRegistryAccess::ExportValues(TextView path, Text& out) {
   if (value != none) out.append(u"@=").append(Quoted(value)).append(kLineEnd);
   std::vector<Text> names;
   std::vector<RegistryData> values;
-  EnumValues(path, names, values, static_cast<int>(kRegistryString));
+  EnumValues(path, names, values, kRegistryString);
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (names[i].empty()) continue;
     out.append(Quoted(names[i])).append(u"=").append(Quoted(std::get<Text>(values[i]))).append(kLineEnd);
   }
-  EnumValues(path, names, values, static_cast<int>(kRegistryBinary));
+  EnumValues(path, names, values, kRegistryBinary);
   for (std::size_t i = 0; i < names.size(); ++i) {
     const Text bytes = ReplaceAll(TrimBlanks(std::get<Text>(values[i])), u" ", u",");
     out.append(Quoted(names[i])).append(u"=hex:").append(bytes).append(kLineEnd);
   }
-  EnumValues(path, names, values, static_cast<int>(kRegistryDword));
+  EnumValues(path, names, values, kRegistryDword);
   for (std::size_t i = 0; i < names.size(); ++i) {
     const Text number = DwordText(std::get<std::int32_t>(values[i]));
     out.append(Quoted(names[i])).append(u"=dword:").append(number).append(kLineEnd);
@@ -168,7 +167,7 @@ void clsRegistryAccess::ImportLines(const std::vector<Text>& lines) {
       if (!inKey) KillKey(TextView(key).substr(1));
     });
     if (!step.Last()) continue;
-    const Text place = u"Line " + Decimal(static_cast<long long>(i) + 1) + u": ";
+    const Text place = u"Line " + Decimal(i + 1) + u": ";
     throw RuntimeError{step.Last()->number, place + step.Last()->description};
   }
 }

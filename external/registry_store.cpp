@@ -64,7 +64,7 @@ bool RegistryStore::Write() {
     files_.Replace(path_, [&](ByteSink& sink) { sink.Write(bytes); });
   });
   if (!written) {
-    // The content of the file is in force again.
+    // The changes are dropped: the content of the file is in force again.
     handles_.clear();
     bytes_.clear();
     Load();

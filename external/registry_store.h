@@ -59,7 +59,7 @@ class RegistryStore : public RegistryCalls {
   int batches_ = 0;
   bool changed_ = false;
   Text readFailure_;
-  Text writeFailure_;  ///< until a write goes well
+  Text writeFailure_;  ///< why the last write failed; empty after one that went well
 };
 
 }  // namespace cuewright

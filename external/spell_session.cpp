@@ -43,7 +43,7 @@ bool SpellLookup::LookUp(const Text& word) {
 std::vector<Text> SpellLookup::Suggest(TextView word) {
   const Text plain = ComposedLetters(PlainApostrophes(word));
   std::vector<Text> suggestions = dictionary_.Suggest(plain);
-  // They are written as the word is.
+  // Replacements are written with the apostrophes of the word.
   if (PlainApostrophes(word) != word) {
     for (Text& one : suggestions) one = ReplaceAll(one, u"'", u"\u2019");
   }
@@ -57,7 +57,7 @@ bool SpellSession::Misspelt(TextView word) const {
 
 bool SpellSession::MisspeltAt(TextView line, const WordPlace& place) const {
   if (!Misspelt(line.substr(place.start, place.length))) return false;
-  // The apostrophe may open a quotation, or be a part of the word.
+  // The apostrophe in front may open a quotation or belong to the word.
   const Text whole = WithLeadingApostrophe(line, place);
   return whole.empty() || !lookup_->Knows(whole);
 }

@@ -13,7 +13,7 @@
 
 namespace cuewright {
 
-/// Words that are looked up, as often as they come, once.
+/// Looks words up in a dictionary, each only once however often it comes.
 class SpellLookup {
  public:
   SpellLookup(SpellDictionary& dictionary, UserWords& userWords) : dictionary_(dictionary), userWords_(userWords) {}
@@ -21,11 +21,11 @@ class SpellLookup {
   /// True when the word, or each of the words that its apostrophes join, is spelt right or the user's own.
   bool Knows(TextView word);
   std::vector<Text> Suggest(TextView word);
-  /// The user's words have changed.
+  /// To be called when the user's words have changed: what was found out so far is forgotten.
   void Forget() { known_.clear(); }
 
  private:
-  /// Finds texts by views of them.
+  /// Lets texts be found by views of them.
   struct Hash : std::hash<TextView> {
     using is_transparent = void;
   };
@@ -39,7 +39,7 @@ class SpellLookup {
 /// What the user decided about words, for one check from its first text to its last.
 struct SpellDecisions {
   std::set<Text, std::less<>> ignored;
-  std::map<Text, Text, std::less<>> replaced;  ///< every further one of the word becomes this
+  std::map<Text, Text, std::less<>> replaced;  ///< by word: what each further one of it becomes
   bool stopped = false;                        ///< nothing more is to be asked
 };
 
@@ -70,7 +70,8 @@ class SpellSession {
   /// True for a text that can stand in the present word's place: not that word itself, without line ends, and making no
   /// mark together with what stands around it.
   bool MayReplace(TextView replacement) const;
-  /// What follows the present word is next. Words that were ignored, or replaced, everywhere come no more.
+  /// The steps: each decides about the present word and goes on behind it. Words that were ignored or replaced
+  /// everywhere are not asked about again.
   void Ignore();
   void IgnoreAll();
   void Replace(TextView replacement);
@@ -82,7 +83,7 @@ class SpellSession {
   /// empty for any other step.
   Text Undo();
   bool CanUndo() const { return !steps_.empty(); }
-  /// The text is another one than at the beginning.
+  /// True when the text differs from the one given at the beginning.
   bool Changed() const { return changed_; }
 
   const Text& Document() const { return document_; }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr TextView kCr = u"\r";
 
-// Marks that stand on lines of their own, as one character each that is none of any text.
+// Each mark that stands on a line of its own is handled as a single character, which no text contains.
 constexpr char16_t kCaptionEnd = 0xFDD0;
 constexpr char16_t kLineBreak = 0xFDD1;
 constexpr char16_t kItalic = 0xFDD2;
@@ -31,8 +31,8 @@ Text Sent(TextView caption) {
                     Between(kLineEnd, kItalicMark));
 }
 
-/// Where the caption that begins at `from` ends; `length` gets that of its mark. Marks that the caption had from the
-/// first are the user's own text.
+/// Where the caption that begins at `from` ends; `length` gets the length of the mark that ends it. Marks that the
+/// caption contained when it was sent are the user's own text.
 std::size_t EndOfCaption(const Text& marked, std::size_t from, const Text& caption, std::size_t& length) {
   std::size_t own = 0;
   for (std::size_t at = caption.find(kCaptionMark); at != Text::npos;
@@ -49,8 +49,8 @@ std::size_t EndOfCaption(const Text& marked, std::size_t from, const Text& capti
   return std::min(whole, loose);
 }
 
-/// The piece with its marks as what they stand for. One that joined a line is a mark as well, unless the caption had
-/// its like from the first.
+/// The piece with its marks replaced by what they stand for. A mark that has come to stand within a line counts as
+/// well, unless the caption contained such a text when it was sent.
 Text Unmarked(Text piece, const Text& caption, TextView separator) {
   if (caption.find(kBreakMark) == Text::npos) piece = ReplaceAll(piece, kBreakMark, Text(1, kLineBreak));
   if (caption.find(kItalicMark) == Text::npos) piece = ReplaceAll(piece, kItalicMark, Text(1, kItalic));

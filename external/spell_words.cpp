@@ -45,7 +45,7 @@ bool IsUnspaced(UChar32 c) {
   }
 }
 
-/// What most texts consist of.
+/// The letters of most texts, which are told without the library.
 Kind KindOfPlain(UChar32 c) {
   const UChar32 lower = c | 0x20;
   if (lower >= u'a' && lower <= u'z') return Kind::Letter;
@@ -92,9 +92,9 @@ bool IsAddress(TextView piece) {
 /// The end of the address that begins here; `at` when none does.
 std::size_t EndOfAddress(TextView line, std::size_t at) {
   if (at != 0 && !IsBlankUnit(line[at - 1]) && line[at - 1] != u'>' && line[at - 1] != u'(') return at;
-  const auto* from = line.begin() + static_cast<std::ptrdiff_t>(at);
+  const auto* from = line.begin() + at;
   const auto* end = std::find_if(from, line.end(), [](char16_t c) { return IsBlankUnit(c) || c == u'<'; });
-  const auto length = static_cast<std::size_t>(end - from);
+  const std::size_t length = end - from;
   return IsAddress(line.substr(at, length)) ? at + length : at;
 }
 

@@ -21,10 +21,10 @@ constexpr double kLastWhole = 1e15;  // from here on a number is written with a 
 
 /// A number as text, of at most 15 digits.
 Text NumberText(double number) {
-  if (std::abs(number) < kLastWhole && number == std::floor(number)) return Decimal(static_cast<long long>(number));
+  if (std::abs(number) < kLastWhole && number == std::floor(number)) return Decimal(std::llround(number));
   std::array<char, 32> digits{};
   const int length = std::snprintf(digits.data(), digits.size(), "%.15G", number);
-  return FromUtf8(std::string_view(digits.data(), static_cast<std::size_t>(length)));
+  return FromUtf8(std::string_view(digits.data(), length));
 }
 
 /// Takes the next line, which ends at CR or CR LF.
@@ -63,9 +63,15 @@ std::optional<Day> DayOf(TextView year, TextView month, TextView day) {
   if (fullYear < 100) fullYear += fullYear < 30 ? 2000 : 1900;
   const auto first = std::chrono::year(fullYear) / std::chrono::January / 1 + std::chrono::months(wholeMonth - 1);
   const std::chrono::year_month_day date = sys_days(first) + days(wholeDay - 1);
-  if (static_cast<int>(date.year()) > 9999) ThrowInvalidCall();
-  return Day{static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
-             static_cast<int>(static_cast<unsigned>(date.day()))};
+  if (date.year() > std::chrono::year(9999)) ThrowInvalidCall();
+  const int yearOfDate(date.year());
+  const unsigned monthOfYear(date.month());
+  const unsigned dayOfMonth(date.day());
+  Day result;
+  result.year = yearOfDate;
+  result.month = monthOfYear;
+  result.day = dayOfMonth;
+  return result;
 }
 
 void NormalizeUpdateFile(Files& files, TextView path) {

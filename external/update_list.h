@@ -11,7 +11,7 @@
 
 namespace cuewright {
 
-/// What a value is that the list doesn't have.
+/// Stands for a value that the list doesn't have.
 inline constexpr TextView kNoUpdateValue = u"---";
 /// The most bytes of an update list that are read.
 inline constexpr std::uint64_t kLongestUpdateList = std::uint64_t{4} << 20;
@@ -22,8 +22,8 @@ Text UpdateListUrl(TextView site, const Version& version);
 /// The number of this version, in which the minor part weighs ten; run-time error 6 beyond 16 bits.
 Text LocalVersionNumber(const Version& version);
 
-/// The number of a version as the list has it: its dots go, and what is left counts up to where it is no number any
-/// more. "0" for a text that begins with none.
+/// The number of a version as the list writes it: its dots are removed, and the digits that it then begins with are its
+/// number. "0" for a text that begins with none.
 Text RemoteVersionNumber(TextView versionText);
 
 /// A day of the calendar.
@@ -47,7 +47,7 @@ void NormalizeUpdateFile(Files& files, TextView path);
 /// The text of a list's bytes: UTF-8 where they are that, else in the system's code page.
 Text UpdateListText(std::string_view bytes, const Encodings& encodings);
 
-/// A value of the list's section; "---" when it lacks.
+/// A value of the list's section; "---" when the list lacks it.
 Text GetUpdateValue(TextView list, TextView key);
 
 /// The lines of the change log; nothing when the list has none. One without an end goes on to the end of the text.

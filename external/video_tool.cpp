@@ -12,7 +12,7 @@ constexpr TextView kProgram = u"VirtualDub.exe";
 constexpr int kPollMs = 20;
 constexpr int kLongestAskMs = 10000;
 
-/// One of FFmpeg's lists; empty when it can't be had.
+/// One of the lists that FFmpeg prints of what it can do; empty when it can't be read.
 std::string FfmpegList(Processes& processes, EventQueue& events, TextView list) {
   std::string output;
   CarryOn step;

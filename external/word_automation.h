@@ -52,7 +52,7 @@ class WordApplication {
   virtual Text Version() = 0;
   /// A new document.
   virtual std::unique_ptr<WordDocument> Add() = 0;
-  /// The same with the last two of its four arguments, the first two left out.
+  /// A new document by the last two of the four arguments of the command; the first two are left out.
   virtual std::unique_ptr<WordDocument> Add(int documentType, bool visible) = 0;
   /// How many words of the active document are misspelt.
   virtual int SpellingErrors() = 0;

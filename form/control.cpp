@@ -24,6 +24,11 @@ void Control::SetSpokenName(TextView name) {
   Changed();
 }
 
+void Form::SetAllRightToLeft(bool on) {
+  SetRightToLeft(on);
+  for (Control* control : controls_) control->SetRightToLeft(on);
+}
+
 Control* Form::Find(const std::string& name) const {
   const auto at = std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) { return c->Name() == name; });
   return at == controls_.end() ? nullptr : *at;

@@ -121,6 +121,8 @@ class Form {
     rightToLeft_ = on;
     DirectionChanged();
   }
+  /// The same for the window and each of its controls.
+  void SetAllRightToLeft(bool on);
   Signal<Form> DirectionChanged;
 
   Signal<Form> Hovered;  ///< the pointer came over the window beside its controls

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "form/control.h"
 
 namespace cuewright {
@@ -59,7 +60,7 @@ class TextBox final : public Control {
   int SelLength() const { return selLength_; }
   /// Places the caret at a 0-based position and selects from there; both are cut to the text.
   void Select(int start, int length) {
-    const int size = static_cast<int>(GetText().size());
+    const int size = CountOf(GetText());
     start = std::clamp(start, 0, size);
     length = std::clamp(length, 0, size - start);
     if (start == selStart_ && length == selLength_) return;
@@ -283,7 +284,7 @@ class ComboBox final : public Choice {
   void SetIndex(int index) {
     if (!Has(index)) return;
     index_ = index;
-    if (index >= 0) SetText(items_[static_cast<std::size_t>(index)]);
+    if (index >= 0) SetText(items_[index]);
     ShowAnew();
   }
   bool Editable() const { return editable_; }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -26,7 +28,7 @@ bool IsTypeable(char16_t unit) {
   }
 }
 
-char16_t Folded(char16_t unit) { return static_cast<char16_t>(u_tolower(unit)); }
+char16_t Folded(char16_t unit) { return LowUnit(u_tolower(unit)); }
 
 /// The letter behind the mark of a caption that has one.
 std::optional<char16_t> MarkedLetter(TextView caption) {

@@ -44,9 +44,9 @@ class Sheet final : public Control {
   void SetIndex(int index) {
     if (index >= -1 && index < std::ssize(rows_)) Assign(index_, index);
   }
-  bool Ticked(int row) const { return rows_.at(static_cast<std::size_t>(row)).ticked; }
+  bool Ticked(int row) const { return rows_.at(row).ticked; }
   void SetTicked(int row, bool ticked) {
-    SheetRow& changed = rows_.at(static_cast<std::size_t>(row));
+    SheetRow& changed = rows_.at(row);
     if (changed.ticked == ticked) return;
     changed.ticked = ticked;
     ShowAnew();

@@ -66,7 +66,7 @@ void BesideFields::MakeRoom(FormatDefinition& definition) const {
   }
 }
 
-/// The speakers, and a region a place. Where there are regions, each caption has to name one.
+/// Declares the speakers, and a region for each place. Where there are regions, each caption has to name one.
 Text BesideFields::Head() const {
   const Text end(kLineEnd);
   Text head = u"<head>" + end;

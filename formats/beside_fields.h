@@ -11,7 +11,7 @@
 
 namespace cuewright {
 
-/// Stands in a record where what a caption keeps beside its text is put.
+/// The placeholder in a record where what a caption keeps beside its text is put.
 inline constexpr TextView kBesideField = u"qxmBeside";
 
 /// What the captions of a list keep beside their texts, as a format of the catalogue writes it.
@@ -24,7 +24,7 @@ class BesideFields {
   /// them stays as it is.
   void MakeRoom(FormatDefinition& definition) const;
 
-  /// What stands in that room for a row.
+  /// What is written in that placeholder for a row.
   Text FieldOf(Row row) const;
 
  private:

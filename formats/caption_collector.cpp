@@ -29,7 +29,7 @@ CaptionCollector::Tag CaptionCollector::MakeTag(const FormatDefinition& definiti
     close = ReplaceLoose(close, u"b", with);
   }
   Tag tag{Needle(open), Needle(close == u"---" ? Text() : close), {}};
-  // The letters of the tag decide, whatever kind it is for; each goes in front of the one before.
+  // The letters in the tag decide which markers a caption gets; each marker goes in front of the one before.
   for (const TextView marker : kStyleMarkers) {
     if (Holds(open, marker.substr(1, 1))) tag.markers.insert(0, marker);
   }
@@ -71,7 +71,7 @@ void CaptionCollector::TagsToMarkers() {
 
 void CaptionCollector::RemoveLineEnds() {
   Exchange(captionText, kLineEnd, {});
-  // Of a line that was taken up to its last character, the CR alone is there.
+  // A line that was taken without the last character of its CR LF ends in the CR alone.
   if (!separator_.empty()) Exchange(captionText, u"\r" + separator_, separator_);
   if (captionText.ends_with(u'\r')) captionText.pop_back();
 }

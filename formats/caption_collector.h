@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/caption_list.h"
+#include "core/counting.h"
 #include "core/style_markers.h"
 #include "formats/definition.h"
 #include "text/text.h"
@@ -12,7 +13,7 @@
 
 namespace cuewright {
 
-/// The caption that an import is at, and those behind it.
+/// The caption that an import is gathering, and the finished ones before it.
 class CaptionCollector {
  public:
   static constexpr std::int32_t kNotRead = -1;
@@ -48,26 +49,26 @@ class CaptionCollector {
   /// True when a text without CR, "<", mark of tags and `absent` is stored as it is, also with separators in it.
   bool StoresStraight(char16_t absent) const;
 
-  /// `FlushImportedCaption` for such a text, which stands elsewhere.
+  /// `FlushImportedCaption` for such a text, which is given instead of gathered.
   void FlushStraight(TextView text);
 
   /// A character that every tag of the format holds; NUL when none is known.
   char16_t TagAnchor() const { return tagAnchor_; }
 
-  /// The format's line break where it only stands for the separator: a text whose every "<" begins one is stored with
-  /// separators in their places and nothing else done to it. Empty when the format is not so.
+  /// The format's line break, where a text in which every "<" begins such a break is stored with separators in place of
+  /// the breaks and otherwise unchanged; empty for a format that asks for more.
   TextView MereBreak() const;
 
   /// Appends the caption as it is, a time not read as 0. Text and times stay.
   void StoreImportedCaption();
 
-  /// Takes over the record's tags and line break; to be called when another format came in force.
+  /// Takes over the record's tags and line break; to be called when another format has come in force.
   void DefinitionChanged();
 
-  /// The captions, with the one in work, hold more text than an import may gather; further ones are dropped.
+  /// True when the captions, with the one in work, hold more text than an import may gather; further ones are dropped.
   bool Full() const { return dropped_ || gathered_ + captionText.size() > kMostText; }
 
-  int ImportedCount() const { return static_cast<int>(buffer_.size()); }
+  int ImportedCount() const { return CountOf(buffer_); }
   void Reserve(std::size_t count) { buffer_.reserve(count); }
   std::vector<Caption> Take() { return std::move(buffer_); }
 

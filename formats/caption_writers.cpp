@@ -86,7 +86,7 @@ class RecordWriter {
   static TextView RecordOf(const WriteJob& job) {
     TextView record = job.definition.recordText;
     // The CR that ends the record is cut; an empty record has none to cut.
-    job.errors([&] { record = Beginning(record, static_cast<std::ptrdiff_t>(record.size()) - 1); });
+    job.errors([&] { record = Beginning(record, record.size() - 1); });
     return record;
   }
 
@@ -152,8 +152,8 @@ class RecordWriter {
     sink_.Put(text_);
   }
 
-  /// A text without markers and line ends, with line breaks for its separators; false, with nothing put, for any
-  /// other.
+  /// Puts a text without markers and line ends, with the format's line breaks for its separators; false, with nothing
+  /// put, for any other text.
   bool PutUtf8(TextView text, TextView separator) {
     if (separator.empty() || separator.front() >= 0x80) return false;
     const Stops stops{u'<', u'\r', separator.front()};
@@ -177,7 +177,7 @@ class RecordWriter {
     return false;
   }
 
-  /// The pieces between the separators, the format's line break between them.
+  /// Puts the pieces between the separators, with the format's line break between them.
   void PutLines(TextView text, TextView separator) {
     std::size_t at = 0;
     if (!separator.empty()) {
@@ -317,7 +317,8 @@ void WriteEncore(const WriteJob& job, const Encodings& encodings, bool classic, 
   for (Row row = 1; row <= job.lastRow && job.captions.InRange(row); ++row) {
     writer.Put(row);
     lines.Flush();
-    // The line's bytes go through the system's code page once more, as text does here.
+    // In the classic manner the UTF-8 bytes of the line are taken for text of the system's code page and encoded once
+    // more.
     sink.WriteLine(encodings.SystemCodec()->Decoded(memory.bytes));
     memory.bytes.clear();
   }

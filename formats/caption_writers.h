@@ -54,7 +54,7 @@ class LineSink {
     return {held_.get() + size_, capacity_ - size_};
   }
   void Advance(std::size_t count) { size_ += count; }
-  /// Bytes held back, and the way back to fewer of them.
+  /// How many bytes are held back, and the way to drop the last ones of them.
   std::size_t Size() const { return size_; }
   void Cut(std::size_t size) { size_ = size; }
 
@@ -81,14 +81,15 @@ struct WriteJob {
   TextView identifier;
   TimeRules times;
   CarryOn& errors;
-  bool textsAreWritten = false;          ///< but for their separators they are in the format's own marks
-  const BesideFields* beside = nullptr;  ///< for the room that the record has got; null: it has none
+  bool textsAreWritten = false;  ///< apart from their separators the texts are in the format's own marks
+  const BesideFields* beside =
+      nullptr;  ///< what the record's placeholder for it gets; null: there is no such placeholder
 };
 
-/// What the tags of a record style in a format that has tags for one line and for all lines.
+/// Whether the tags of a record style one line or all, in a format that has tags for either.
 enum class TagsCover { Record, EveryLine };
 
-/// The format's tags style one line each unless they are written for every line.
+/// True when the format's tags style one line each unless they are written for every line.
 bool StylesLineByLine(TextView identifier);
 
 /// A text whose markers are tags as the format's record has them; without them where it has none.

@@ -12,7 +12,8 @@
 namespace cuewright {
 namespace {
 
-// The compiler turns this into one test of a bit, where a search in a text of them takes a loop.
+// A switch, since the compiler makes a single test of a bit of it; a search in a text of these characters would be a
+// loop.
 bool BelongsToMarks(char16_t c) {
   return c == u'<' || c == u'>' || c == u'{' || c == u'}' || c == u'[' || c == u']' || c == u'&' || c == u'\\' ||
          c == u'/';
@@ -20,10 +21,10 @@ bool BelongsToMarks(char16_t c) {
 
 bool MayBeMarked(TextView text) { return std::ranges::any_of(text, BelongsToMarks); }
 
-/// The list's markers are the only marks of the text.
+/// True when the list's markers are the only marks of the text.
 bool HasMarkersAlone(TextView text) { return !MayBeMarked(WithoutStyleMarkers(Text(text))); }
 
-/// What its markers say of a caption.
+/// The style that a caption's markers tell.
 LossSet StylesOf(TextView text) {
   LossSet styles;
   if (FindLoose(text, kBoldMarker) != TextView::npos) styles.Add(Loss::Bold);
@@ -87,7 +88,7 @@ void CarriedTexts::Convert(MarkedText& marked, Losses& lost) const {
     marked = ConvertMarks(marked, from_, kind_, Separator(), lost);
   } else if (kind_ == MarkKind::SubStation && marked.beside.place != kUsualPlace &&
              FindPlain(marked.text, u"{\\a") == TextView::npos) {
-    // The style that said so stays behind.
+    // The style that gave the place is not carried along, so the text names the place itself.
     marked.text = u"{\\an" + Decimal(marked.beside.place) + u"}" + marked.text;
   }
   // The separators stay: the record's writer puts the format's line breaks in their place.

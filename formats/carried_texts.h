@@ -16,7 +16,7 @@ namespace cuewright {
 /// Captions whose texts are in the marks of the format that they are written in.
 class CarriedTexts {
  public:
-  /// True when a text of the rows 1 to `lastRow` has a character of which marks are made.
+  /// True when a text of the rows 1 to `lastRow` has a character with which marks begin or end.
   static bool HasMarks(const CaptionList& list, Row lastRow);
 
   /// The rows 1 to `lastRow` of a list whose texts are those of the file `source`, null for none; `lost` counts what
@@ -25,9 +25,9 @@ class CarriedTexts {
                const FormatDefinition& definition, Losses& lost);
 
   const CaptionList& List() const { return list_; }
-  /// The texts are as the format's own rules write them; else the list's markers stand in them still.
+  /// True when the texts are as the format's own rules write them; else the list's markers still stand in them.
   bool AreWritten() const { return rules_ != nullptr; }
-  /// What they keep beside their texts; null when that is nothing.
+  /// What the captions keep beside their texts; null when that is nothing.
   const BesideFields* AllBeside() const { return beside_ ? &*beside_ : nullptr; }
 
  private:

@@ -78,7 +78,7 @@ void FormatCatalogue::ReadList() {
     Text entry = ToUpper(TrimBlanks(line));
     if (entry == u"</FORMATSLIST>") break;
     if (entry == u"<FORMATSLIST>") continue;
-    // The index has 8 bits.
+    // The number of a format in the files has 8 bits.
     if (identifiers_.size() == kMostIdentifiers) ThrowOverflow();
     identifiers_.push_back(std::move(entry));
     countWritten_ = ++count_;
@@ -89,7 +89,7 @@ void FormatCatalogue::ReadList() {
 void FormatCatalogue::AddFurtherFormats() {
   further_ = Profile(kFurtherFormatsIni);
   for (std::size_t i = 0; i < kFurtherFormats.size() && identifiers_.size() < kMostIdentifiers; ++i) {
-    // What the files say of a format counts.
+    // Where the files describe a format, their description counts.
     if (IndexOf(kFurtherFormats[i]) >= 0) continue;
     identifiers_.emplace_back(kFurtherFormats[i]);
     if (i < kFurtherFormatsWritten) countWritten_ = CountAll();
@@ -116,7 +116,7 @@ void FormatCatalogue::NoteStartLines() {
 }
 
 const Text& FormatCatalogue::Identifier(int index) const {
-  return index >= 0 && index < CountAll() ? identifiers_[static_cast<std::size_t>(index)] : none_;
+  return index >= 0 && index < CountAll() ? identifiers_[index] : none_;
 }
 
 int FormatCatalogue::IndexOf(TextView identifier) const {
@@ -131,7 +131,7 @@ FormatBlock FormatCatalogue::Block(TextView identifier) const {
   const auto start = starts_.find(identifier);
   if (start == starts_.end()) {
     const bool further = IsFurther(std::max(IndexOf(identifier), 0));
-    // Their own rules write their records.
+    // The further formats have rules of their own for writing, and no record here.
     return further ? FormatBlock{true, true, {}, u"qxmStart qxmEnd qxmCaption\r", {}} : block;
   }
   block.found = true;

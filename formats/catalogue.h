@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/lang_strings.h"
 #include "core/manner.h"
 #include "core/ports/files.h"
@@ -39,7 +40,7 @@ inline constexpr TextView kCsve = u"CSVE";
 /// A block of "formats.dat" cut into its parts.
 struct FormatBlock {
   bool found = false;  ///< a start line was met
-  bool valid = false;  ///< and all required marks
+  bool valid = false;  ///< all required marks were met as well
   Text header;
   Text record;  ///< ends in the CR of its last line
   Text footer;
@@ -57,12 +58,12 @@ class FormatCatalogue {
   /// Run-time error 6 when the list is empty or holds more than 255 identifiers; the first 255 are kept.
   void Load(const std::string& iniBytes, const std::string& datBytes, const Encodings& encodings);
 
-  /// The formats of the files.
+  /// How many formats the files have.
   int Count() const { return count_; }
-  /// Those that there are in a manner, and those of them that can be written as new files, which come first.
+  /// How many formats there are in a manner, and how many of them, which come first, can be written as new files.
   int CountToRead(const Manner& manner) const;
   int CountToWrite(const Manner& manner) const;
-  /// A format that the files don't have.
+  /// True for a format that the files don't have.
   bool IsFurther(int index) const { return index >= count_; }
 
   /// The identifiers in upper case; index 0 is plain text. An index out of range gives the empty text.
@@ -86,7 +87,7 @@ class FormatCatalogue {
   void ReadList();
   void NoteStartLines();
 
-  int CountAll() const { return static_cast<int>(identifiers_.size()); }
+  int CountAll() const { return CountOf(identifiers_); }
   void AddFurtherFormats();
 
   Profile profile_;
@@ -94,8 +95,8 @@ class FormatCatalogue {
   Text dat_;
   std::vector<TextView> lines_;  // of dat_
   std::vector<Text> identifiers_;
-  int count_ = 0;         // of the files
-  int countWritten_ = 0;  // with those of the others that are written
+  int count_ = 0;         // how many formats the files have
+  int countWritten_ = 0;  // the same and the further ones that can be written
   Text none_;
   std::unordered_map<TextView, std::size_t> starts_;  // identifier -> line behind its first start line
 };

@@ -8,7 +8,7 @@ namespace cuewright {
 void ConvertCaptionsFromUtf8(CaptionList& captions, const Encodings& encodings) {
   const Text& separator = captions.Options().lineSeparator;
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(captions.Count()));
+  rows.reserve(captions.Count());
   for (Row row = 1; row < captions.Rows(); ++row) {
     Caption caption = captions.At(row);
     Text text = encodings.BytesToText(encodings.TextToBytes(caption.text, kSystemCodePage), kCodePageUtf8);

@@ -66,7 +66,7 @@ const FormatLoader::Parsed& FormatLoader::ParsedOf(TextView formatId) {
   parsed.block = catalogue_.Block(id);
   const Text& record = parsed.block.record;
   parsed.builtInHeader = number(u"header") == 1;
-  const auto place = [&](TextView mark) { return record.find(mark) + 1; };  // 0 when it isn't there
+  const auto place = [&](TextView mark) { return record.find(mark) + 1; };  // 0 when the mark is absent
   parsed.captionAfterEnd = place(u"qxmCaption") > place(u"qxmEnd");
   parsed.singleLineRecord = IsOneLine(record) && parsed.lineBreak != u"[enter]";
   if (FindLoose(record, u"qxmSubCount") != TextView::npos) {
@@ -80,7 +80,8 @@ void FormatLoader::LoadTimecode(TextView formatId) {
   definition_.definitionFound = false;
   definition_.timecodeTemplate = form.timecodeTemplate;
   definition_.timecodeMask = form.timecodeMask;
-  if (!IsCount(form.timecodeTemplate)) static_cast<TimecodeForm&>(definition_) = form;
+  TimecodeForm& inForce = definition_;
+  if (!IsCount(form.timecodeTemplate)) inForce = form;
 }
 
 bool FormatLoader::LoadFormatDefinition(TextView formatId) {
@@ -110,7 +111,7 @@ bool FormatLoader::LoadFormatDefinition(TextView formatId) {
 bool FormatLoader::SelectFormat(TextView formatId) {
   if (!LoadFormatDefinition(formatId)) return false;
   const int index = catalogue_.IndexOf(formatId);
-  if (index > 0) state_.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  if (index > 0) state_.CurrentFormatIndex = index;
   talk_.Report(FileStage::FormatChosen, Fill(talk_.strings[Message::ImportingFile], catalogue_.DisplayName(formatId)));
   return true;
 }

@@ -11,8 +11,8 @@
 
 namespace cuewright {
 
-/// How a format writes times. The masks of "ms" and "ff" are "0" and the other three texts are then left over from
-/// the format before.
+/// How a format writes times. The masks of "ms" and "ff" are "0"; for these two the other three texts are not set and
+/// keep what the format before had.
 struct TimecodeForm {
   Text timecodeTemplate;  ///< lower case
   Text timecodeMask;      ///< every digit as "0"
@@ -21,7 +21,7 @@ struct TimecodeForm {
   Text fractionPicture;   ///< "000", "00" or "0"
 };
 
-/// The one record of the format in force, as far as the last load came.
+/// The record of the format in force; after a load that failed, as far as that load came.
 struct FormatDefinition : TimecodeForm {
   Text sampleText;
   Text lineBreak;
@@ -40,8 +40,8 @@ struct FormatDefinition : TimecodeForm {
 /// The mask of a timecode template: h, m, s and z as "0", "ff" as "00"; `frames` false leaves "ff" alone.
 Text MaskOfTimecode(TextView timecode, bool frames);
 
-/// Loads formats into the one record. Each load gives what reading both files anew would give; only the parts that
-/// can't change in a run are kept.
+/// Loads formats into the one definition. Each load gives what reading both files anew would give; only what can't
+/// change in a run is kept between loads.
 class FormatLoader {
  public:
   FormatLoader(const FormatCatalogue& catalogue, FormatState& state, const SettingsReader& settings,

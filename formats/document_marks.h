@@ -9,7 +9,7 @@ namespace cuewright {
 /// The marks in the texts of the document: those of the file that it was read from.
 class DocumentMarks final : public CaptionMarks {
  public:
-  /// The state outlives this.
+  /// The state must outlive this.
   explicit DocumentMarks(const FormatState& state) : state_(state) {}
 
   SeenCaption Read(TextView stored, TextView separator) const override;

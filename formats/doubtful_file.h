@@ -6,7 +6,8 @@
 
 namespace cuewright {
 
-/// The reader understood less than half of the file's lines that aren't blank, so that it may be of another format.
+/// True when the reader understood less than half of the file's lines that aren't blank: the file may be of another
+/// format.
 bool IsDoubtful(const SourceMap& map);
 
 /// The file's first lines, as a box can show them.

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array<TextView, 5> kUtf8Formats = {u"WEBVTT", u"WEBVTT_RSS", u"YOUTUBESBV", u"TTML", u"TRANSCRIPTJSON"};
 
-/// A declaration that is longer than this is none.
+/// Bytes in which a declaration must end; anything longer is no declaration.
 constexpr std::size_t kLongestDeclaration = 200;
 
 }  // namespace

@@ -16,8 +16,8 @@ bool IsUtf8UnlessAsked(TextView identifier);
 /// `bytes` begin as the file does, behind its mark.
 Stretch DeclaredEncoding(std::string_view bytes);
 
-/// The code page of one byte a character or more that an XML file says it is written in; nothing for a file that says
-/// nothing or names a Unicode encoding, which the bytes tell better.
+/// The code page that an XML file says it is written in; nothing for a file that names none or a Unicode encoding,
+/// which the bytes tell more surely.
 std::optional<int> DeclaredCodePage(std::string_view bytes);
 
 /// A header that names the encoding of its file, if it names one at all, with the name of this code page.

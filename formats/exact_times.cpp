@@ -9,7 +9,7 @@ namespace cuewright {
 namespace {
 
 constexpr Ms kSecond = 1000;
-/// More digits than this are no time.
+/// A field with more digits is no part of a time.
 constexpr std::size_t kMostDigits = 9;
 
 std::int64_t NumberOf(TextView digits) {
@@ -30,15 +30,16 @@ std::int64_t MsOfFraction(TextView digits) {
 SecondsAndRest NearestStep(Ms ms, std::int32_t stepMs) {
   const std::int64_t steps = (std::max<Ms>(ms, 0).Wide() + stepMs / 2) / stepMs;
   const std::int32_t aSecond = kSecond.Count() / stepMs;
-  return {steps / aSecond, static_cast<std::int32_t>(steps % aSecond)};
+  // Less than a second of steps is left, which fits.
+  return {steps / aSecond, Checked32(steps % aSecond)};
 }
 
 SecondsAndRest NearestFrame(Ms ms, const FrameRate& rate) {
   const std::int32_t whole = std::max<Ms>(ms, 0) / kSecond;
   const Ms rest = std::max<Ms>(ms, 0) % kSecond;
   const std::int64_t cut = rest.Wide() * rate.Numerator() / (kSecond.Wide() * rate.Denominator());
-  const auto frame = static_cast<std::int32_t>(cut);
-  // The next second begins where a frame would begin later or, to the ms, at the same time.
+  const std::int32_t frame = Checked32(cut);
+  // A frame that would begin with the next second or later, to the ms, is that second's first.
   const Ms next = std::min(rate.MsOfFrames(cut + 1), kSecond);
   const bool nextIsNearer = next - rest <= rest - rate.MsOfFrames(cut);
   if (!nextIsNearer) return {whole, frame};
@@ -46,11 +47,15 @@ SecondsAndRest NearestFrame(Ms ms, const FrameRate& rate) {
 }
 
 ClockFields::ClockFields(TextView timecodeTemplate) {
+  constexpr std::array<std::pair<char16_t, Field>, 5> kLetters = {{{u'h', Field::Hours},
+                                                                   {u'm', Field::Minutes},
+                                                                   {u's', Field::Seconds},
+                                                                   {u'z', Field::Fraction},
+                                                                   {u'f', Field::Frames}}};
   char16_t last = u'\0';
   for (const char16_t c : timecodeTemplate) {
-    constexpr TextView kLetters = u"hmszf";
-    const std::size_t field = kLetters.find(c);
-    if (c != last && field != TextView::npos && count_ < fields_.size()) fields_[count_++] = static_cast<Field>(field);
+    const auto* const known = std::ranges::find(kLetters, c, &std::pair<char16_t, Field>::first);
+    if (c != last && known != kLetters.end() && count_ < fields_.size()) fields_[count_++] = known->second;
     last = c;
   }
 }
@@ -76,7 +81,7 @@ bool ClockFields::Read(TextView text, const FrameRate& rate, Ms& ms) const {
   std::int64_t sum = 0;
   for (std::size_t field = 0; field < count_; ++field) {
     const auto end = std::ranges::find_if_not(text, IsDigit<char16_t>);
-    const auto length = static_cast<std::size_t>(end - text.begin());
+    const std::size_t length = end - text.begin();
     if (length == 0 || length > kMostDigits) return false;
     sum += MsOf(fields_[field], text.substr(0, length), rate);
     text.remove_prefix(length);

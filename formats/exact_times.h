@@ -8,7 +8,7 @@
 
 namespace cuewright {
 
-/// Whole seconds of a time, and what is beyond them.
+/// The whole seconds of a time, and the steps or frames beyond them.
 struct SecondsAndRest {
   std::int64_t seconds = 0;
   std::int32_t rest = 0;

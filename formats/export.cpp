@@ -39,7 +39,8 @@ bool Exporter::ExportSubtitle(Row lastRow) {
     return false;
   }
   talk_.Report(FileStage::SaveEnds);
-  // A failure inside the lines leaves a file that was saved; without a file the changes are still to be saved.
+  // After a failure inside the lines the file counts as saved; where no file was written, the changes are still
+  // unsaved.
   if (written) modified_ = false;
   if (errors.Last()) TellError(*errors.Last());
   return written;
@@ -159,7 +160,7 @@ std::vector<LackingPlace> Exporter::LackingLetters(Row lastRow) const {
   const std::shared_ptr<const SourceMap> map = SourceOf(id);
   // A file of bytes has no encoding to choose.
   if (codec->IsUtf8() || (map && map->Rules().BlockBytes() != 0)) return {};
-  // What is the file's own and stays in its encoding is kept, whatever it is.
+  // Bytes of the file that stay in its encoding are kept, whatever they are.
   if (map && codePage == map->File().Encoding().codePage &&
       SourceWriter(*map, captions_, lastRow, TimesOf(*map)).HeldBy(*codec)) {
     return {};
@@ -177,7 +178,7 @@ std::shared_ptr<const SourceMap> Exporter::SourceOf(TextView id) const {
   const std::shared_ptr<const SourceMap>& map = formats_.state.Source;
   if (!map || map->Format() != id || map->Pieces().empty()) return {};
   const Manner& manner = captions_.Options().manner;
-  // Its first line tells the rate that its frames are counted by.
+  // The first line of the file tells the rate by which its frames are counted.
   const bool tellsRate = id == kMicroDvd && manner.TimesAreExact();
   if (tellsRate && formats_.state.CurrentFps != map->Fps()) return {};
   return manner.KeepsTheFile() ? map : nullptr;
@@ -226,7 +227,7 @@ bool Exporter::AllHeldBy(const Codec& codec, Row lastRow) const {
 
 void Exporter::TellNotSaved(const RuntimeError& error) {
   Text text = Fill(talk_.strings[Message::SaveFailed], path_);
-  // The message guesses at a read-only file; a full disk is told by name.
+  // The general message guesses that the file is read-only, so a full disk gets a message of its own.
   if (error.number == kErrorDiskFull) text.append(kLineEnd).append(kLineEnd).append(error.description);
   talk_.messages.Show({text, BoxIcon::Warning, BoxButtons::Ok, {}});
 }

@@ -34,16 +34,17 @@ class Exporter {
   /// and is the document's encoding from then on. A format that can only be read is written over its own file alone.
   bool ExportSubtitle(Row lastRow);
 
-  /// How many captions up to a row would lose what by an export in the format in force.
+  /// How many captions up to a row would lose something by an export in the format in force, by the kind of what they
+  /// lose.
   Losses Foreseen(Row lastRow) const;
   /// Where the document's encoding lacks letters of what such an export would write.
   std::vector<LackingPlace> LackingLetters(Row lastRow) const;
 
-  /// How many captions lost what in the last export, since its format can't hold them.
+  /// The same of the last export.
   const Losses& Lost() const { return lost_; }
 
  private:
-  /// The format in force can be written; tells why when it can't.
+  /// True when the format in force can be written; tells the user why when it can't.
   bool MayBeWritten(Row lastRow) const;
   bool WriteFile(Row lastRow, CarryOn& errors);
   /// The format in force with what the encoding, the film's picture and carried marks change of it.
@@ -54,9 +55,9 @@ class Exporter {
   std::shared_ptr<const SourceMap> SourceOf(TextView id) const;
   /// The file that the texts are from, whatever format they are written in; null: none.
   const SourceMap* Origin() const { return formats_.state.Source.get(); }
-  /// Texts have marks that are to become those of the format.
+  /// True when texts have marks that are to become those of the format.
   bool CarriesMarks(TextView id, Row lastRow) const;
-  /// Counts what of the captions a format has no fields for, but for marks in their texts.
+  /// Counts what of the captions a format has no fields for. Marks in their texts are counted elsewhere.
   void CountFieldless(TextView id, Row lastRow, Losses& lost) const;
   SourceTimes TimesOf(const SourceMap& map) const;
   std::shared_ptr<const Codec> ChooseCodec(Row lastRow, const SourceWriter* source, DocumentEncoding& encoding) const;

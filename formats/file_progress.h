@@ -13,12 +13,13 @@ enum class FileStage {
   FormatChosen,  ///< another format is in force
   LoadBegins,    ///< the format is known; the list will be emptied
   Pauses,        ///< a load can be broken off here
-  LoadEnds,      ///< of a new document or an append; why it failed is told behind this
+  LoadEnds,      ///< of a new document or an append; a failure is told after this stage
   SaveBegins,
   SaveEnds,  ///< the file is written, or why it can't be was told
 };
 
-/// Is told the stages, with the text that stands for the file's name meanwhile; empty for stages without one.
+/// A function that is told each stage, and the text to show meanwhile in place of the file's name; empty for stages
+/// without one.
 using FileProgress = std::function<void(FileStage stage, TextView status)>;
 
 /// How reading and writing files speak with the user.

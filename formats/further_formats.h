@@ -11,8 +11,8 @@ namespace cuewright {
 inline constexpr std::array<TextView, 4> kFurtherFormats = {u"MPL2", u"TRANSCRIPTJSON", u"EBUSTL", u"SCC"};
 inline constexpr int kFurtherFormatsWritten = 2;
 
-/// What "formats.ini" would say of them. Files that count frames tell their rate themselves, so that their times are
-/// told without frames here: nobody is asked for a rate.
+/// What "formats.ini" would say of them. Files of these formats that count frames tell the rate themselves, so their
+/// times are described as if without frames: the user must not be asked for a rate.
 inline constexpr TextView kFurtherFormatsIni =
     uR"(
 [MPL2]

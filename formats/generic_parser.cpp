@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 
 namespace cuewright {
@@ -27,7 +28,7 @@ void Column::Set(std::size_t place, CarryOn& errors) {
   if (place > 255) {
     errors.Note({kErrorOverflow, u"Overflow"});
   } else {
-    value_ = static_cast<std::uint8_t>(place);
+    value_ = Checked8(place);
   }
 }
 
@@ -100,7 +101,7 @@ void GenericParser::ParseStartEndText() {
       if (FieldIsShort()) ReadField(captions_.captionEnd);
     }
   } else if (captions_.TimesSet()) {
-    // Its line end would only go again with the flush.
+    // The line end is left out, since the flush would only remove it again.
     captions_.AddLine(TextView(line_).substr(0, line_.size() - kLineEnd.size()));
   }
   if (captions_.captionText.empty() && textColumn_ != 0 && captions_.TimesSet()) {
@@ -155,7 +156,7 @@ void GenericParser::TakeFurtherLine() {
   if (!separator.empty() && text.ends_with(separator)) text.resize(text.size() - separator.size());
 }
 
-/// The line is the caption's end and no text of it.
+/// True for a line that ends the caption and is no text of it.
 bool GenericParser::ClosesCaption() const {
   return line_.front() == u'}' || EqualLoose(TextView(masked_).substr(0, endLineLength_), endMask_.Value());
 }
@@ -174,13 +175,14 @@ void GenericParser::ReadEnd() {
     to_.Set(endTrail_.Place(line_, std::max<std::size_t>(from_, 1)), context_.errors);
   }
   if (place != 0 && to_ != 0 && FieldIsShort()) ReadField(captions_.captionEnd);
-  // In whole seconds an end that equals the start may be the start itself; a later line must give it.
+  // Where times are whole seconds, an end that equals the start may be the start field, found twice; the end must come
+  // from a later line.
   if (wholeSeconds_ && captions_.captionEnd == captions_.captionStart) {
     captions_.captionEnd = CaptionCollector::kNotRead;
   }
 }
 
-/// The text from its column up to the place.
+/// Takes the text from its column up to the place.
 void GenericParser::TakeText(std::size_t end) {
   context_.errors([&] { captions_.captionText = Between(line_, textColumn_, end); });
 }

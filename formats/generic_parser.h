@@ -29,7 +29,7 @@ class GenericParser final : public LineParser {
 
   void Parse(ImportLine& line) override;
 
-  /// Where the text began in the last line with times; it counts for the next lines, too.
+  /// Where the text began in the last line with times; the text of the lines below begins there too.
   void SetTextColumn(std::size_t column) { textColumn_.Set(column, context_.errors); }
 
  private:
@@ -56,7 +56,7 @@ class GenericParser final : public LineParser {
   bool wholeSeconds_;
 
   Text line_;    // with CR LF behind it
-  Text masked_;  // the same, digits and the letters of frames as "0"
+  Text masked_;  // the line with its digits and the letters of frames as "0"
   bool startsRecord_ = false;
   bool holdsEnd_ = false;
   Column from_;  // of the time field in work

@@ -73,7 +73,7 @@ Text SubStationStyle(const HeaderWriter& header, std::int16_t charset) {
   const auto field = [&](TextView value) { style.append(u",").append(value); };
   field(header.Option(u"fontname", u"Tahoma"));
   field(header.Option(u"fontsize", u"28"));
-  // One colour is kept, and all three places of the text take it.
+  // A single colour is stored; all three places of the header show it.
   for (int i = 0; i < 3; ++i) field(header.Option(u"primarycolour", kYellow));
   field(header.Option(u"backcolour", u"0"));
   field(header.Option(u"bold", u"0"));

@@ -21,7 +21,7 @@ namespace {
 /// Run-time error 6 when the time doesn't fit.
 Ms Later(Ms time, Ms by) { return (Checked32(time.Count()) + Checked32(by.Count())).Value(); }
 
-/// End of a file's name that makes it plain text when no format fits; in lower case only.
+/// A file whose name ends so is plain text when no format fits; in lower case only.
 constexpr TextView kPlainTextEnding = u"txt";
 
 }  // namespace
@@ -72,12 +72,12 @@ void Importer::DetectFormat(TextView path, Loading loading, std::int32_t mediaSe
     (void)Detect(Text(path), loading);
     return;
   }
-  // What is appended comes into the document; how the document itself is written stays.
+  // Appended captions do not change how the document is written.
   const FormatState state = formats_.state;
   const FormatDefinition definition = formats_.loader.Definition();
   const bool appended = Detect(Text(path), loading);
   formats_.state = state;
-  // A text that took the document's place doesn't stand in the document's file.
+  // A plain text that replaced the document was not read from the document's file.
   if (!appended) formats_.state.Source = nullptr;
   formats_.loader.Definition() = definition;
 }
@@ -91,7 +91,7 @@ bool Importer::Detect(const Text& path, Loading loading) {
     }
     return true;
   }
-  // A text takes the document's place, but one that can't be read has nothing to put there.
+  // A plain text replaces the document, unless it can't be read.
   if (!path.ends_with(kPlainTextEnding) || (loading == Loading::Append && !file)) {
     Reject(path, errors);
     return true;
@@ -140,7 +140,7 @@ std::vector<int> Importer::SettleRivals(const TextFile& file) {
 void Importer::PutInForce(int format) {
   for (const FormatRecogniser::Fit& fit : recogniser_.AlsoFitting()) {
     if (fit.format != format) continue;
-    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(format);
+    formats_.state.CurrentFormatIndex = format;
     formats_.loader.Definition() = fit.definition;
   }
 }
@@ -223,7 +223,7 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
   if (loading == Loading::NewDocument) {
     BeginImport();
     appendOffset_ = 0;
-    // What is made of a file of bytes is text of no encoding yet.
+    // A file of bytes has no encoding of text, so the document gets the usual one.
     if (file) state.Encoding = file->IsText() ? file->Encoding() : DocumentEncoding();
   }
   if (ReadFrameRate(file ? &*file : nullptr) && (!file || ChooseClass(*file))) {
@@ -233,7 +233,7 @@ void Importer::ImportFile(const Text& path, std::optional<TextFile> file, bool w
     state.SettingsFormatIndex = state.CurrentFormatIndex;
     const bool wanted = IsWanted(rows, state.Source.get());
     if (loading == Loading::Append) {
-      // The document's captions know their own file; what is appended stands in none.
+      // The document's captions keep the places in their own file; appended ones belong to no file.
       state.Source = std::move(document);
       for (Caption& row : rows) row.origin = 0;
     } else if (!wanted) {
@@ -340,7 +340,7 @@ bool Importer::ReadFrameRate(TextFile* file) {
   if (tellsRate && file != nullptr) state.CurrentFps = RateInFirstLine(*file);
   if (!state.CurrentFps) state.CurrentFps = PromptForFps();
   if (!state.CurrentFps) cancelled_ = true;
-  return static_cast<bool>(state.CurrentFps);
+  return state.CurrentFps != FrameRate();
 }
 
 FrameRate Importer::PromptForFps() {
@@ -364,7 +364,7 @@ void Importer::FillList(std::vector<Caption> rows, Loading loading, CarryOn& err
     return;
   }
   errors([&] {
-    const Checked32 delay(static_cast<std::int64_t>(mediaSeconds_) * 1000);
+    const Checked32 delay(std::int64_t{mediaSeconds_} * 1000);
     appendOffset_ = Later(appendOffset_, delay.Value());
   });
   for (Caption& row : rows) {

@@ -42,11 +42,12 @@ class Importer {
   /// file's captions. Nothing, after telling why, when no format fits or the file can't be read.
   [[nodiscard]] std::optional<int> SettleFormat(TextView path);
 
-  /// Puts the file in force that captions of a journal were read from, so that they know their records again. Where
-  /// it doesn't read as it did, none is.
+  /// Puts the file in force from which captions of a journal were read, so that they know their records again. Where it
+  /// no longer reads as it did, no file is put in force.
   void RestoreSource(const JournalSource& kept);
 
-  /// Files are text of this code page from now on, whatever they look like; nothing: as the options say.
+  /// From now on files are read as text of this code page, whatever they look like; with nothing they are read as the
+  /// options say.
   void ReadAs(std::optional<int> codePage) { codePage_ = codePage; }
 
   /// Reads a file with the format in force. A new document begins with an empty list.
@@ -62,13 +63,13 @@ class Importer {
 
  private:
   std::optional<TextFile> Open(TextView path, CarryOn& errors);
-  /// False when a plain text took the document's place, whatever was asked for.
+  /// False when a plain text replaced the document, even if the captions were to be appended.
   bool Detect(const Text& path, Loading loading);
   void Reject(TextView path, const CarryOn& errors);
   void ImportFile(const Text& path, std::optional<TextFile> file, bool wide, Loading loading, CarryOn& errors);
   void PutInForce(int format);
   TrialReading TryFormat(int format, const TextFile& file);
-  /// The formats that fit the file equally well, the best of them first and in force; one: it is sure.
+  /// The formats that fit the file equally well, the best of them first and in force; a single one is certain.
   std::vector<int> SettleRivals(const TextFile& file);
   /// Asks which of these a file is read by; false when the user cancels.
   bool ChooseFormat(const std::vector<int>& formats, const TextFile& file);
@@ -96,7 +97,7 @@ class Importer {
   LineImport lines_;
   SourceImport source_;
   std::optional<int> codePage_;
-  Text captionClass_;              // that is read of a file with several; empty: the first
+  Text captionClass_;              // the class of captions that is read of a file with several; empty: the first
   std::int32_t mediaSeconds_ = 0;  // of the film that an append goes with
   Ms appendOffset_ = 0;
 };

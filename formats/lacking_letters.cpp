@@ -26,19 +26,20 @@ const SourceRecord* RecordOf(const Caption& caption, const SourceMap* source) {
   return &source->Pieces()[caption.origin - 1].record;
 }
 
-/// Finds the lines of places that mostly follow each other, without going through the file for each.
+/// Finds the numbers of lines for places that mostly follow each other, without starting at the file's beginning for
+/// each.
 class LineFinder {
  public:
   explicit LineFinder(const SourceMap* source)
       : source_(source), lines_(source != nullptr ? source->Bytes() : std::string_view()) {}
 
   /// The line of the file in which a line of a caption's text stands; 0 for a caption that stands in none.
-  std::size_t LineOf(const SourceRecord* record, int rowLine) {
+  std::size_t LineOf(const SourceRecord* record, std::size_t rowLine) {
     if (record == nullptr) return 0;
     const Stretch& text = record->text.Empty() ? record->whole : record->text;
     const std::size_t first = NumberOf(text.at);
     const std::size_t last = text.Empty() ? first : NumberOf(text.End() - 1);
-    return std::min(first + static_cast<std::size_t>(rowLine) - 1, last);
+    return std::min(first + rowLine - 1, last);
   }
 
  private:
@@ -78,7 +79,7 @@ void FindInCaptions(const CaptionList& captions, Row lastRow, const SourceMap* s
   }
 }
 
-/// Comments, names and headers stay in the file as well.
+/// Letters in comments, names and headers, which stay in the file, may be lacking as well.
 void FindBesideRecords(const SourceMap& source, const Codec& codec, std::vector<LackingPlace>& places) {
   TextFile file = source.File();
   file.Rewind();

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kMostCaptions = 32000;
 
-/// Lines of a few formats that are no text of a caption.
+/// Recognises the lines of a few formats that look like captions but are none.
 class LineFilter {
  public:
   LineFilter(TextView identifier, const LineOrders& orders)
@@ -20,13 +20,13 @@ class LineFilter {
         dropZeroTime_(identifier == kTmPlayer && orders.intoEmptyList),
         dropClosing_(identifier == kUleadWorkshop) {}
 
-  /// What every line begins with that may be dropped; empty for none.
+  /// The beginning of every line that may be dropped; empty when none may.
   std::string_view Beginning() const {
     return dropFrameRate_ ? "{1}{1}" : dropZeroTime_ ? "00:00:00" : dropClosing_ ? "#" : "";
   }
 
   bool Drops(const ImportLine& line) const {
-    if (dropFrameRate_ && onlyRates_) return static_cast<bool>(RateOfLine(line.View()));
+    if (dropFrameRate_ && onlyRates_) return RateOfLine(line.View()) != FrameRate();
     if (dropFrameRate_) return line.View().starts_with(kRateLine);
     if (dropZeroTime_) return line.View().starts_with(u"00:00:00");
     if (dropClosing_) return line.View() == u"#Subtitle text end";
@@ -34,7 +34,7 @@ class LineFilter {
   }
 
  private:
-  bool onlyRates_;  // lines that look like one of a rate but hold text stay
+  bool onlyRates_;  // only a line that is nothing but a rate is dropped; one with other text stays
   bool dropFrameRate_;
   bool dropZeroTime_;
   bool dropClosing_;

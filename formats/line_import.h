@@ -18,7 +18,7 @@ struct ParseContext;
 
 /// How the lines of a file are to be read.
 struct LineOrders {
-  bool wide = false;             ///< their bytes are to be paired to 16-bit text
+  bool wide = false;             ///< the bytes of lines are to be paired to 16-bit text
   bool timecodeLiteral = false;  ///< the file's head holds the mask of a timecode
   bool intoEmptyList = false;    ///< the list holds one row at most
   bool exactTimes = true;        ///< times are counted to the last ms
@@ -29,7 +29,7 @@ struct LineOrders {
 /// Reads the lines of a file by the format in force.
 class LineImport {
  public:
-  /// `cancelled` is looked at behind each pause.
+  /// `cancelled` is read after each pause.
   LineImport(const FormatSet& formats, const FormatTalk& talk, const Encodings& encodings, const bool& cancelled)
       : formats_(formats), talk_(talk), encodings_(encodings), cancelled_(cancelled) {}
 

@@ -51,7 +51,7 @@ class DialogueParser final : public LineParser {
   }
 
  private:
-  /// Cuts at commas; the last field keeps its own.
+  /// Cuts at commas; commas within the last field stay.
   static std::size_t SplitFields(TextView text, std::array<TextView, 10>& fields) {
     std::size_t count = 0;
     std::size_t field = 0;
@@ -130,7 +130,8 @@ class EncoreParser final : public LineParser {
       captions.captionText += text;
       return;
     }
-    // The caption is stored as it stands, and its text stays unless this line brings another.
+    // The caption is stored with the text gathered so far, and that text stays for the next one unless this line brings
+    // another.
     if (captions.TimesSet() && !IsBlank(captions.captionText)) captions.StoreImportedCaption();
     context_.errors([&] { captions.captionStart = reader_.Parse(text.substr(0, 11)); });
     context_.errors([&] { captions.captionEnd = reader_.Parse(Middle(text, 13, 11)); });
@@ -158,7 +159,7 @@ class SpruceParser final : public LineParser {
     CaptionCollector& captions = context_.captions;
     std::ptrdiff_t place = 0;
     context_.errors([&] {
-      const auto colon = static_cast<std::ptrdiff_t>(text.find(u':') + 1);
+      const std::ptrdiff_t colon = text.find(u':') + 1;
       if (colon - 2 > 255) ThrowOverflow();
       place = colon - 2;
     });

@@ -11,9 +11,9 @@ namespace cuewright {
 namespace {
 
 constexpr int kHeadLines = 250;
-/// Characters of a head that are looked at. Lines of ordinary files come nowhere near it.
+/// Characters of the file's head that are looked at. The first lines of ordinary files are far shorter.
 constexpr std::size_t kLongestHead = 1 << 20;
-/// Bytes of a file by which the rules of formats tell it.
+/// Bytes at the file's beginning that the published rules of formats are tried on.
 constexpr std::size_t kBytesOfRules = 4096;
 
 bool Holds(TextView head, TextView part) { return FindExact(head, part) != TextView::npos; }
@@ -49,7 +49,7 @@ bool FormatRecogniser::SettleByRules(const TextFile& file, CarryOn& errors) {
   bool loaded = false;
   if (index > 0) errors([&] { loaded = formats_.loader.LoadFormatDefinition(*sure); });
   if (!loaded) return false;
-  formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  formats_.state.CurrentFormatIndex = index;
   timecodeLiteral_ = false;
   return true;
 }
@@ -108,7 +108,7 @@ bool FormatRecogniser::Recognise(const Heads& heads, CarryOn& errors) {
     bool hit = false;
     errors([&] { hit = formats_.loader.LoadFormatDefinition(id) && (Fits(heads) || FitsSecondTemplate(heads, id)); });
     if (!hit) continue;
-    formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(i);
+    formats_.state.CurrentFormatIndex = i;
     return true;
   }
   return false;
@@ -131,7 +131,7 @@ bool FormatRecogniser::FitsSecondTemplate(const Heads& heads, TextView formatId)
   return Fits(heads);
 }
 
-/// Tells formats apart whose samples are the same; true when a heading says which one it is.
+/// Tells formats with the same sample apart; true when a heading says which one the file has.
 bool FormatRecogniser::SettleLookAlikes(const Heads& heads, CarryOn& errors) {
   const auto change = [&](TextView id) { errors([&] { formats_.loader.SelectFormat(id); }); };
   const Text settled = formats_.CurrentIdentifier();

@@ -28,11 +28,11 @@ class FormatRecogniser {
     FormatDefinition definition;
   };
 
-  /// The formats whose samples the head of that file holds beside that of the one in force, in the catalogue's order;
-  /// none where published rules or a heading of its own tell the format, and in the classic manner.
+  /// The formats whose samples the head of the file holds, apart from the one in force, in the catalogue's order. None
+  /// where published rules or a heading settle the format, and in the classic manner.
   const std::vector<Fit>& AlsoFitting() const { return alsoFitting_; }
 
-  /// The head of that file holds the mask of some format's timecode.
+  /// True when the head of the file holds the mask of some format's timecode.
   bool TimecodeLiteral() const { return timecodeLiteral_; }
 
  private:

@@ -11,13 +11,13 @@ constexpr TextView kEnd = u"qxmEnd";
 constexpr TextView kCaption = u"qxmCaption";
 constexpr TextView kCount = u"qxmSubCount";
 
-/// The 1-based place of a placeholder, 0 when the record lacks it; arithmetic goes on with either.
+/// The 1-based place of a placeholder, 0 when the record lacks it. The lengths below are reckoned with the 0 as well.
 std::ptrdiff_t PlaceOf(TextView record, TextView mark) {
   const std::size_t hit = FindLoose(record, mark);
-  return hit == TextView::npos ? 0 : static_cast<std::ptrdiff_t>(hit) + 1;
+  return hit == TextView::npos ? 0 : hit + 1;
 }
 
-std::ptrdiff_t Length(TextView text) { return static_cast<std::ptrdiff_t>(text.size()); }
+std::ptrdiff_t Length(TextView text) { return text.size(); }
 
 /// What lies behind the first two line ends.
 void ReduceLead(Text& lead) {
@@ -58,7 +58,7 @@ RecordPieces CutRecord(FormatDefinition& definition, CarryOn& errors) {
     pieces.CaptionLead = pieces.EndTrail;
     cut(pieces.CaptionTrail, afterCaption, rest);
   } else {
-    // A counter in front is not taken off the length, so that the piece then runs into the placeholder.
+    // Where a counter stands in front, the length is not reduced by it, so that the piece runs into the placeholder.
     cut(pieces.StartLead, afterCount, start - 1);
     cut(pieces.StartTrail, afterStart, caption - afterStart);
     pieces.CaptionLead = pieces.StartTrail;

@@ -14,14 +14,14 @@ constexpr std::size_t kBytesOfTrial = 1 << 16;
 /// Time codes number up to 30 frames a second as a rule, and never more than 60.
 constexpr int kUsualFrames = 30;
 constexpr int kMostFrames = 60;
-/// The rate by which frames are told from hundredths: any but `kRateOfTrials` does.
+/// A second rate, by which frames are told from hundredths; any but `kRateOfTrials` would do.
 constexpr int kSomeRate = 25;
 
 /// What speaks against a reading; the fewer the better.
 struct Faults {
   std::size_t notUnderstood = 0;
   std::size_t notTimed = 0;  ///< captions that don't end behind their start
-  std::size_t digits = 0;    ///< in the texts: times that were taken for text
+  std::size_t digits = 0;    ///< digits in the texts, since times may have been taken for text
   int highestFrame = 0;
   std::size_t rows = 0;
 
@@ -41,13 +41,13 @@ Faults FaultsOf(const TrialReading& trial) {
   faults.rows = trial.rows.size();
   for (const Caption& row : trial.rows) {
     if (row.end <= row.start) ++faults.notTimed;
-    faults.digits += static_cast<std::size_t>(std::ranges::count_if(row.text, IsDigit<char16_t>));
+    faults.digits += std::ranges::count_if(row.text, IsDigit<char16_t>);
     if (trial.countsFrames) faults.highestFrame = std::max({faults.highestFrame, FrameOf(row.start), FrameOf(row.end)});
   }
   return faults;
 }
 
-/// Puts the frames where they are at a rate that isn't that of hundredths.
+/// Moves times that were read at `kRateOfTrials` to where their frames are at `kSomeRate`.
 void CountFrames(std::vector<Caption>& rows) {
   for (Caption& row : rows) {
     for (Ms* time : {&row.start, &row.end}) *time += FrameOf(*time) * (1000 / kSomeRate - 10);
@@ -66,7 +66,7 @@ std::vector<int> BestFitting(std::vector<TrialReading> trials) {
   for (TrialReading& trial : trials) {
     const Faults faults = FaultsOf(trial);
     if (trial.countsFrames) CountFrames(trial.rows);
-    // The first is what recognition settled on: it stays unless another can be right and it can't.
+    // The first is the one on which recognition settled. It stays in front unless it can't be right and another can.
     if (fitting.empty() || faults.IsNoWorseThan(fitting.front().faults)) fitting.push_back({&trial, faults});
   }
   if (fitting.size() > 1 && !fitting.front().faults.IsPossible()) fitting.erase(fitting.begin());

@@ -7,7 +7,8 @@
 
 namespace cuewright {
 
-/// The rate at which a trial counts frames: each is a hundredth of a second, so that its number can be read off.
+/// The rate at which a trial counts frames: a frame is a hundredth of a second, so that its number can be told from the
+/// time in ms.
 inline constexpr double kRateOfTrials = 100.0;
 
 /// What a format made of the beginning of a file.
@@ -18,8 +19,8 @@ struct TrialReading {
   std::size_t notUnderstood = 0;  ///< lines
 };
 
-/// The formats that read a file no worse than the first of these, which recognition settled on, and each in a way of
-/// its own; the best comes first. One alone: the file is sure.
+/// The formats that read a file no worse than the first of these, on which recognition settled, and that each read it
+/// in another way; the best comes first. A single one is certain.
 std::vector<int> BestFitting(std::vector<TrialReading> trials);
 
 /// The beginning of a file, as much of it as a trial reads.

@@ -18,7 +18,7 @@ class SamiParser final : public LineParser {
 
   void Parse(ImportLine& line) override;
 
-  /// The line "<BODY>" is behind.
+  /// The line "<BODY>" has been read.
   bool InBody() const { return bodySeen_; }
 
  private:

@@ -8,7 +8,7 @@
 namespace cuewright {
 namespace {
 
-/// Tags that are text, and what they are hidden as while the others go.
+/// The tags that are kept, each with the text that hides it while the other tags are removed.
 struct KeptTag {
   TextView tag;
   TextView hidden;
@@ -35,7 +35,7 @@ bool RemoveFlatStretches(TextView text, bool nestedToo, Text& result) {
   return true;
 }
 
-/// The same for any text: every further copy of a stretch goes with it, which may bring brackets together.
+/// The same for any text. With a stretch all its copies go, and what is left on both sides may form a further stretch.
 Text RemoveStretches(TextView text, TagWork& work) {
   Text result;
   if (RemoveFlatStretches(text, text.size() > kLongestNested, result)) return result;

@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kWidthKey = u"PlayResX:";
 constexpr TextView kHeightKey = u"PlayResY:";
 constexpr TextView kScriptType = u"ScriptType:";
-/// The picture of a script that names none.
+/// The size of the picture that a script without one is laid out for.
 constexpr PictureSize kUsualPicture{384, 288};
 
 /// By which side of the picture a field of a style is measured.
@@ -27,7 +27,7 @@ Side SideOf(TextView field) {
 
 int NumberBehind(const std::vector<Text>& lines, TextView key, int otherwise) {
   for (const Text& line : lines) {
-    if (line.starts_with(key)) return static_cast<int>(LeadingNumber(line.substr(key.size())));
+    if (line.starts_with(key)) return LeadingInt(line.substr(key.size()));
   }
   return otherwise;
 }
@@ -49,8 +49,8 @@ class ScriptHeader {
     const int width = NumberBehind(lines_, kWidthKey, kUsualPicture.width);
     const int height = NumberBehind(lines_, kHeightKey, kUsualPicture.height);
     if (width <= 0 || height <= 0) return;
-    byWidth_ = static_cast<double>(picture.width) / width;
-    byHeight_ = static_cast<double>(picture.height) / height;
+    byWidth_ = 1.0 * picture.width / width;
+    byHeight_ = 1.0 * picture.height / height;
     std::erase_if(lines_, [](const Text& line) { return line.starts_with(kWidthKey) || line.starts_with(kHeightKey); });
     for (Text& line : lines_) {
       if (line.starts_with(u"Format:")) columns_ = FieldsBehind(line, u"Format:");

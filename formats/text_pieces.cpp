@@ -6,7 +6,7 @@ namespace cuewright {
 
 TextView Middle(TextView text, std::ptrdiff_t place) {
   if (place < 1) ThrowInvalidCall();
-  const auto at = static_cast<std::size_t>(place) - 1;
+  const std::size_t at = place - 1;
   return at < text.size() ? text.substr(at) : TextView();
 }
 
@@ -16,7 +16,7 @@ TextView Middle(TextView text, std::ptrdiff_t place, std::ptrdiff_t count) {
 
 TextView Beginning(TextView text, std::ptrdiff_t count) {
   if (count < 0) ThrowInvalidCall();
-  return text.substr(0, static_cast<std::size_t>(count));
+  return text.substr(0, count);
 }
 
 }  // namespace cuewright

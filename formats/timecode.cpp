@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -52,24 +53,24 @@ bool SumOfDigits(std::basic_string_view<Unit> fixed, Ms& ms) {
   return digits;
 }
 
-/// Puts a number of at least `digits` digits and gives the place behind it.
+/// Writes a number of at least `digits` digits and returns the place behind it.
 template <class Unit>
 Unit* PutNumber(std::int64_t number, std::size_t digits, Unit* out) {
   std::array<Unit, 24> reversed;
   if (number < 0) *out++ = Unit{'-'};
-  std::uint64_t left = static_cast<std::uint64_t>(number < 0 ? -number : number);
+  std::uint64_t left = number < 0 ? -number : number;
   std::size_t count = 0;
-  do reversed[count++] = static_cast<Unit>('0' + left % 10);
+  do reversed[count++] = DigitOf<Unit>(left % 10);
   while ((left /= 10) != 0);
   for (std::size_t zeros = std::min(digits, kLongestNumber - 24); zeros > count; --zeros) *out++ = Unit{'0'};
   while (count != 0) *out++ = reversed[--count];
   return out;
 }
 
-/// The same for fields, which have two or three digits most of the time.
+/// The same, faster for the two or three digits that most fields have.
 template <class Unit>
 Unit* PutField(std::int32_t number, std::size_t digits, Unit* out) {
-  const auto digit = [](std::int32_t value) { return static_cast<Unit>('0' + value % 10); };
+  const auto digit = [](std::int32_t value) { return DigitOf<Unit>(value % 10); };
   if (digits == 2 && number >= 0 && number < 100) {
     out[0] = digit(number / 10);
     out[1] = digit(number);
@@ -93,7 +94,7 @@ struct Parts {
 
 Parts SplitTime(std::int32_t ms) {
   Parts parts;
-  // Only times above a unit are taken apart, so a negative one stays whole in the rest.
+  // Only times of a unit or more are taken apart, so that a negative time stays whole in `rest`.
   if (ms > kHour - 1) parts.hours = Checked8(ms / kHour), ms %= kHour;
   if (ms > kMinute - 1) parts.minutes = Checked8(ms / kMinute), ms %= kMinute;
   if (ms > kSecond - 1) parts.seconds = Checked8(ms / kSecond), ms %= kSecond;
@@ -115,16 +116,16 @@ std::int32_t CutFraction(std::int32_t rest, std::size_t digits) {
 void AppendNumber(std::int64_t number, std::size_t digits, Text& out) {
   std::array<char16_t, kLongestNumber> room;
   char16_t* const end = PutNumber(number, digits, room.data());
-  out.append(room.data(), static_cast<std::size_t>(end - room.data()));
+  out.append(room.data(), end - room.data());
 }
 
 std::size_t PutNumberBytes(std::int64_t number, std::size_t digits, std::span<char> out) {
-  return static_cast<std::size_t>(PutNumber(number, digits, out.data()) - out.data());
+  return PutNumber(number, digits, out.data()) - out.data();
 }
 
 TimecodeReader::TimecodeReader(const TimecodeForm& form, const TimeRules& rules) : rules_(rules) {
   const Text& pattern = form.timecodeTemplate;
-  if (rules.rate) wholeRate_ = rules.exact ? 1 : RoundToInt32(static_cast<double>(rules.rate.AsGiven()));
+  if (rules.rate) wholeRate_ = rules.exact ? 1 : RoundToInt32(rules.rate.AsGiven());
   if (pattern == u"ms") return;
   kind_ = pattern == u"ff" ? Kind::Frames : Kind::Columns;
   prefix_ = !Holds(pattern, u"h") ? u"00:" : !Holds(pattern, u"hh") ? u"0" : u"";
@@ -137,7 +138,7 @@ Ms TimecodeReader::FramesToMs(double frames) const {
   if (wholeRate_ == 0) throw RuntimeError{11, u"Division by zero"};
   // Both sides are rounded before the division of whole numbers.
   if (frames >= 0 && frames < kFewFrames) {
-    const auto whole = static_cast<std::int32_t>(frames);
+    const std::int32_t whole = RoundToInt32(frames);
     if (whole == frames) return whole * 1000 / wholeRate_;
   }
   return RoundToInt32(frames * 1000) / wholeRate_;
@@ -151,7 +152,7 @@ bool TimecodeReader::ParseFrames(std::int32_t frames, Ms& ms) const {
 
 Ms TimecodeReader::Parse(TextView text) const {
   if (kind_ == Kind::Milliseconds) return RoundToInt32(Number(text));
-  const bool frames = static_cast<bool>(rules_.rate);
+  const bool frames(rules_.rate);
   if (kind_ == Kind::Frames) return frames ? FramesToMs(Number(text)) : 0;
   if (Ms ms = 0; fields_.Read(text, rules_.rate, ms)) return ms;
   // The text is brought to the form "hh:mm:ss" + fraction and read by its columns. Only its first eight
@@ -166,7 +167,7 @@ Ms TimecodeReader::Parse(TextView text) const {
     end = std::copy(text.end() - kWhole / 2, text.end(), end);
   }
   if (!frames) end = std::copy(suffix_.begin(), suffix_.end(), end);
-  const TextView fixed(room.data(), static_cast<std::size_t>(end - room.data()));
+  const TextView fixed(room.data(), end - room.data());
   if (Ms ms = 0; !frames && SumOfDigits(fixed, ms)) return ms;
   const double whole = Number(Middle(fixed, 1, 2)) * kHour + Number(Middle(fixed, 4, 2)) * kMinute +
                        Number(Middle(fixed, 7, 2)) * kSecond;
@@ -178,10 +179,9 @@ bool TimecodeReader::ParseClock(std::string_view bytes, Ms& ms) const {
   if (kind_ != Kind::Columns || bytes.size() + prefix_.size() + suffix_.size() != kFixedLength) return false;
   std::array<char, kFixedLength> fixed;
   if (bytes.size() != fixed.size()) {
-    const auto narrow = [](char16_t c) { return static_cast<char>(c); };
-    char* to = std::transform(prefix_.begin(), prefix_.end(), fixed.begin(), narrow);
+    char* to = std::transform(prefix_.begin(), prefix_.end(), fixed.begin(), LowByte<char16_t>);
     to = std::copy(bytes.begin(), bytes.end(), to);
-    std::transform(suffix_.begin(), suffix_.end(), to, narrow);
+    std::transform(suffix_.begin(), suffix_.end(), to, LowByte<char16_t>);
     bytes = {fixed.data(), fixed.size()};
   }
   // A byte above 127 between the digits would make the text shorter than the bytes.
@@ -193,9 +193,9 @@ Ms ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules
 }
 
 std::int32_t MsToFrames(Ms ms, const TimeRules& rules) {
-  if (rules.exact) return static_cast<std::int32_t>(rules.rate.FramesOfMs(ms));
-  // Of long films the product has more than 32 bits; only the count of frames must fit.
-  const double product = RoundHalfEven(static_cast<double>(rules.rate.AsGiven()) * ms.Count());
+  if (rules.exact) return Checked32(rules.rate.FramesOfMs(ms));
+  // In long films the product passes 32 bits; only the count of frames has to fit.
+  const double product = RoundHalfEven(double{rules.rate.AsGiven()} * ms.Count());
   return Checked32(static_cast<std::int64_t>(product) / 1000);
 }
 
@@ -245,7 +245,7 @@ void TimecodeWriter::LayOut() {
     if (piece.field == Field::Seconds) place = &secondsAt_;
     if (piece.field == Field::Fraction && piece.digits <= 3) place = &fractionAt_;
     if (piece.field == Field::Literal) {
-      layout_[at++] = static_cast<char>(piece.literal);
+      layout_[at++] = LowByte(piece.literal);
     } else if (place != nullptr && *place == kNowhere) {
       *place = at;
       at += piece.digits;
@@ -261,8 +261,8 @@ void TimecodeWriter::LayOut() {
 void TimecodeWriter::PutLaidOut(Ms time, std::span<char> out) const {
   const auto two = [&](std::size_t at, std::int32_t value) {
     if (at == kNowhere) return;
-    out[at] = static_cast<char>('0' + value / 10);
-    out[at + 1] = static_cast<char>('0' + value % 10);
+    out[at] = DigitOf<char>(value / 10);
+    out[at + 1] = DigitOf<char>(value % 10);
   };
   std::copy(layout_.begin(), layout_.end(), out.begin());
   const std::int32_t ms = time.Count() + (rules_.exact ? stepMs_ / 2 : 0);
@@ -270,7 +270,7 @@ void TimecodeWriter::PutLaidOut(Ms time, std::span<char> out) const {
   const std::int32_t minutes = seconds / 60;
   std::int32_t rest = ms % kSecond;
   if (layoutBound_ == 10 * kHour) {
-    out[hoursAt_] = static_cast<char>('0' + minutes / 60);
+    out[hoursAt_] = DigitOf<char>(minutes / 60);
   } else {
     two(hoursAt_, minutes / 60);
   }
@@ -279,7 +279,7 @@ void TimecodeWriter::PutLaidOut(Ms time, std::span<char> out) const {
   if (fractionAt_ == kNowhere) return;
   rest = rules_.exact ? rest / stepMs_ : CutFraction(rest, fractionDigits_);
   for (std::size_t digit = fractionDigits_; digit-- > 0; rest /= 10) {
-    out[fractionAt_ + digit] = static_cast<char>('0' + rest % 10);
+    out[fractionAt_ + digit] = DigitOf<char>(rest % 10);
   }
 }
 
@@ -287,8 +287,8 @@ TimecodeWriter::Shown TimecodeWriter::ShowExactly(Ms ms) const {
   const SecondsAndRest time = countsFrames_ ? NearestFrame(ms, rules_.rate) : NearestStep(ms, stepMs_);
   Shown shown;
   shown.hours = Checked8(time.seconds / 3600);
-  shown.minutes = static_cast<std::int32_t>(time.seconds / 60 % 60);
-  shown.seconds = static_cast<std::int32_t>(time.seconds % 60);
+  shown.minutes = Checked32(time.seconds / 60 % 60);
+  shown.seconds = Checked32(time.seconds % 60);
   (countsFrames_ ? shown.frames : shown.rest) = time.rest;
   return shown;
 }
@@ -296,7 +296,7 @@ TimecodeWriter::Shown TimecodeWriter::ShowExactly(Ms ms) const {
 TimecodeWriter::Shown TimecodeWriter::ShowClassic(Ms ms) const {
   Parts parts = SplitTime(ms.Count());
   if (wholeSeconds_ && !countsFrames_ && parts.rest >= 251) ++parts.seconds;
-  if (parts.rest < 0) parts.rest = Checked32(-static_cast<std::int64_t>(parts.rest));
+  if (parts.rest < 0) parts.rest = Checked32(-std::int64_t{parts.rest});
   if (!countsFrames_) parts.rest = CutFraction(parts.rest, fractionDigits_);
   const std::int32_t frames = countsFrames_ ? MsToFrames(parts.rest, rules_) : 0;
   return {parts.hours.Value(), parts.minutes.Value(), parts.seconds.Value(), parts.rest, frames};
@@ -307,10 +307,10 @@ Unit* TimecodeWriter::PutTime(Ms ms, Unit* out) const {
   Shown shown = rules_.exact ? ShowExactly(ms) : ShowClassic(ms);
   if (hoursInMinutes_) shown.minutes = Checked8(shown.hours * 60 + shown.minutes);
   const auto put = [&](std::int32_t number, std::size_t digits) { out = PutField(number, digits, out); };
-  const auto letters = [&](char letter, int count) {
-    while (count-- != 0) *out++ = static_cast<Unit>(letter);
+  const auto letters = [&](Unit letter, int count) {
+    while (count-- != 0) *out++ = letter;
   };
-  // The replaced texts are digits, so one walk gives what replacing letter by letter gives.
+  // Replacing letter after letter in the template would give the same, since what comes in is digits alone.
   for (const Piece& piece : pieces_) {
     switch (piece.field) {
       case Field::Literal:
@@ -341,18 +341,18 @@ void TimecodeWriter::Append(Ms ms, Text& out) const {
   if (longest_ > room.size()) {
     Text longRoom(longest_, u'\0');
     const char16_t* const end = PutTime(ms, longRoom.data());
-    out.append(longRoom, 0, static_cast<std::size_t>(end - longRoom.data()));
+    out.append(longRoom, 0, end - longRoom.data());
     return;
   }
   const char16_t* const end = PutTime(ms, room.data());
-  out.append(room.data(), static_cast<std::size_t>(end - room.data()));
+  out.append(room.data(), end - room.data());
 }
 
 std::size_t TimecodeWriter::PutBytes(Ms ms, std::span<char> out) const {
-  // Rounded up, the last times below the bound are beyond it.
+  // Rounding may carry a time in the last second below the bound beyond it.
   const std::int32_t bound = rules_.exact ? layoutBound_ - kSecond : layoutBound_;
   if (layoutSize_ == 0 || countsFrames_ || ms < 0 || ms >= bound) {
-    return static_cast<std::size_t>(PutTime(ms, out.data()) - out.data());
+    return PutTime(ms, out.data()) - out.data();
   }
   PutLaidOut(ms, out);
   return layoutSize_;

@@ -13,9 +13,9 @@
 
 namespace cuewright {
 
-/// Milliseconds of a time as the template in force writes it. Classic rules read fixed columns, and a field that
-/// doesn't fit them gives a wrong time; exact ones take fields of any length in the template's order, the digits of a
-/// fraction as a fraction. Run-time error 6 when the result does not fit 32 bits.
+/// Milliseconds of a time as the template in force writes it. Classic rules read fixed columns, so that a field that
+/// doesn't fit its columns gives a wrong time; exact rules take fields of any length in the template's order, and the
+/// digits of a fraction as a fraction. Run-time error 6 when the result does not fit 32 bits.
 Ms ParseTimecode(const TimecodeForm& form, TextView text, const TimeRules& rules);
 
 /// The same for many times of one form.
@@ -48,8 +48,8 @@ class TimecodeReader {
   Kind kind_ = Kind::Milliseconds;
   TimeRules rules_;
   std::int32_t wholeRate_ = 0;  // the rate by the classic rules; 0: there is none to divide by
-  TextView prefix_;             // what the fixed form has in front of the text
-  TextView suffix_;             // and behind it, without frames
+  TextView prefix_;             // what is put in front of the text to give the fixed form
+  TextView suffix_;             // what is put behind it, where times have no frames
   ClockFields fields_;
 };
 
@@ -81,8 +81,8 @@ class TimecodeWriter {
   bool IsAscii() const { return ascii_; }
   /// Room that a time may take, in characters.
   std::size_t Longest() const { return longest_; }
-  /// Puts the time to the beginning of `out`, which has so much room, and returns how many bytes it wrote; fails as
-  /// `Append` does.
+  /// Puts the time to the beginning of `out`, which has room for `Longest()` bytes, and returns how many bytes it
+  /// wrote; fails as `Append` does.
   [[nodiscard]] std::size_t PutBytes(Ms ms, std::span<char> out) const;
 
  private:
@@ -116,15 +116,15 @@ class TimecodeWriter {
   bool wholeSeconds_ = false;
   bool ascii_ = true;
   std::size_t fractionDigits_ = 0;
-  std::int32_t stepMs_ = 1;  // what the last digit counts, by exact rules
+  std::int32_t stepMs_ = 1;  // by exact rules: how many ms the last digit counts
   std::size_t longest_ = 0;
   std::vector<Piece> pieces_;
 
   // Where each field stands when all of them have a fixed place; a size of 0 when they have not.
-  static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+  static constexpr std::size_t kNowhere = std::string_view::npos;
   std::array<char, 16> layout_{};
   std::size_t layoutSize_ = 0;
-  std::int32_t layoutBound_ = 0;  // times from here on have other places
+  std::int32_t layoutBound_ = 0;  // from this time in ms on the fields have other places
   std::size_t hoursAt_ = kNowhere;
   std::size_t minutesAt_ = kNowhere;
   std::size_t secondsAt_ = kNowhere;

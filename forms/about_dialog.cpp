@@ -50,8 +50,7 @@ void AboutDialog::Open() {
 }
 
 void AboutDialog::ShowMemoStats() {
-  lblMemo.SetText(
-      Fill(strings_[Message::PhysicalMemory], Decimal(static_cast<long long>(system_.AvailableMemory() / kKilobyte))));
+  lblMemo.SetText(Fill(strings_[Message::PhysicalMemory], Decimal(system_.AvailableMemory() / kKilobyte)));
 }
 
 }  // namespace cuewright

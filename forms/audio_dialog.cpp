@@ -44,7 +44,7 @@ void AudioDialog::Open(bool rightToLeft) {
 
 std::uint8_t AudioDialog::Mode() const {
   const int mode = (chkAudio.Value() ? kAudioToBar : 0) + (chkPlayer.Value() ? kAudioToPlayer : 0);
-  return static_cast<std::uint8_t>(mode);
+  return Checked8(mode);
 }
 
 void AudioDialog::ShowMode() {

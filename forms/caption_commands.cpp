@@ -123,7 +123,7 @@ void CaptionCommands::GoTo() {
   const Text answer = ports_.messages.Ask({bench_.strings[Message::LineNumber], bench_.strings[Message::GoToLine], {}});
   const double number = LeadingNumber(answer);
   if (!IsNumeric(answer) || !(number > 0)) return;
-  bench_.list.SetRow(static_cast<int>(RoundHalfEven(std::min<double>(number, bench_.list.Rows().Number()))), true);
+  bench_.list.SetRow(RoundToInt32(std::min<double>(number, bench_.list.Rows().Number())), true);
 }
 
 void CaptionCommands::CountUntimed() {

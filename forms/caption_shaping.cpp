@@ -10,8 +10,8 @@ namespace {
 
 /// The caret of the pane, counted in a text with a single character for each line end.
 std::size_t CaretOf(const TextBox& pane) {
-  const TextView before = TextView(pane.GetText()).substr(0, static_cast<std::size_t>(pane.SelStart()));
-  return before.size() - static_cast<std::size_t>(std::ranges::count(before, u'\r'));
+  const TextView before = TextView(pane.GetText()).substr(0, pane.SelStart());
+  return before.size() - std::ranges::count(before, u'\r');
 }
 
 std::optional<Row> RowIf(Row row, bool done) { return done ? std::optional(row) : std::nullopt; }

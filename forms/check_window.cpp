@@ -20,7 +20,7 @@ CheckWindow::CheckWindow(Workbench bench, HouseCheck& check, ProposalTools& prop
   bench_.window.mnuCheck.Clicked.Connect([this] { Show(); });
   bench_.window.mnuNextFinding.Clicked.Connect([this] { GoToNext(); });
   cmbProfile.Chosen.Connect([this] {
-    const auto at = static_cast<std::size_t>(cmbProfile.Index());
+    const std::size_t at = cmbProfile.Index();
     if (at < profiles_.size()) check_.Choose(profiles_[at].id);
     ShowProfile();
   });
@@ -55,8 +55,7 @@ void CheckWindow::Unload() {
 void CheckWindow::ApplyLanguage(bool rightToLeft) {
   const LangStrings& strings = bench_.strings;
   SetTitle(WithoutDots(strings[Message::CheckSubtitles]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   lblProfile.SetText(strings[Message::HouseRulesLabel]);
   cmbProfile.SetSpokenName(strings[Message::HouseRulesLabel]);
   lstFindings.SetSpokenName(Title());
@@ -98,11 +97,9 @@ void CheckWindow::ShowFindings() {
     return chosen && finding.row == chosen->row && finding.rule == chosen->rule;
   });
   const int last = CountOf(found_) - 1;
-  lstFindings.SetIndex(at != found_.end() ? static_cast<int>(at - found_.begin())
-                                          : std::clamp(place, std::min(last, 0), last));
-  lblTotal.SetText(found_.empty()
-                       ? bench_.strings[Message::NothingFound]
-                       : bench_.strings.Counted(Message::FindingsCount, u"%1", static_cast<long long>(found_.size())));
+  lstFindings.SetIndex(at != found_.end() ? PlaceAt(found_, at) : std::clamp(place, std::min(last, 0), last));
+  lblTotal.SetText(found_.empty() ? bench_.strings[Message::NothingFound]
+                                  : bench_.strings.Counted(Message::FindingsCount, u"%1", found_.size()));
   cmdGoTo.SetEnabled(!found_.empty());
   cmdFixAll.SetEnabled(!found_.empty());
   ShowFix();
@@ -119,7 +116,7 @@ void CheckWindow::FillList() {
 }
 
 const Finding* CheckWindow::Selected() const {
-  const auto at = static_cast<std::size_t>(lstFindings.Index());
+  const std::size_t at = lstFindings.Index();
   return at < found_.size() ? &found_[at] : nullptr;
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -61,7 +63,7 @@ std::optional<Ms> TakeTime(std::string_view& rest) {
 
 std::string WriteCaptions(const ClipboardCaptions& captions) {
   std::string bytes(kHead);
-  bytes += kMarkNames.at(static_cast<std::size_t>(captions.marks));
+  bytes += ItemAt(kMarkNames, captions.marks);
   bytes += '\n';
   for (const Caption& caption : captions.captions) {
     bytes += std::to_string(caption.start.Count()) + '\t' + std::to_string(caption.end.Count()) + '\t' +

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "text/labels.h"
 #include "text/utf8.h"
@@ -142,7 +143,7 @@ std::string CommandKeys::KeysInSet(const MenuItem& item) const {
 void CommandKeys::Load() {
   const bool free = options_.manner.HasEditingKeys();
   const auto stored = LeadingInt(store_.GetSetting(kSection, kSetKey, u"0"));
-  set_ = !free ? KeySet::Classic : static_cast<KeySet>(std::clamp(stored, 0, kKeySets - 1));
+  set_ = !free ? KeySet::Classic : ItemAt(kKeySets, std::clamp(stored, 0, CountOf(kKeySets) - 1));
   for (MenuItem* item : Commands()) {
     const Text keys = free ? store_.GetSetting(kSection, FromUtf8(item->Name()), kAsTheSet) : Text(kAsTheSet);
     item->SetShortcut(keys == kAsTheSet ? KeysInSet(*item) : ToUtf8(keys));
@@ -150,7 +151,7 @@ void CommandKeys::Load() {
 }
 
 void CommandKeys::Choose(KeySet set) {
-  std::vector<SettingsStore::KeyValue> values = {{Text(kSetKey), Decimal(static_cast<int>(set))}};
+  std::vector<SettingsStore::KeyValue> values = {{Text(kSetKey), Decimal(PlaceOf(kKeySets, set))}};
   for (const MenuItem* item : Commands()) {
     Text name = FromUtf8(item->Name());
     if (store_.GetSetting(kSection, name, kAsTheSet) != kAsTheSet) values.emplace_back(std::move(name), kAsTheSet);

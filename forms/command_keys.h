@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
 #include <vector>
@@ -12,7 +13,7 @@ namespace cuewright {
 
 /// A set of keys, after the habits of one program.
 enum class KeySet { Own, Classic, Aegisub, SubtitleEdit };
-inline constexpr int kKeySets = 4;
+inline constexpr std::array kKeySets = {KeySet::Own, KeySet::Classic, KeySet::Aegisub, KeySet::SubtitleEdit};
 
 /// The keys of the commands in the menus: those of a set, and what the user changed. Keys are written as "Ctrl+S",
 /// several of one command as "Ctrl+S; Ctrl+D".

@@ -33,8 +33,7 @@ DelayDialog::DelayDialog(CaptionList& list, const LangStrings& strings, Messages
 void DelayDialog::Open(Ms sampleStart, bool rightToLeft) {
   sampleStart_ = sampleStart;
   SetTitle(strings_[Message::SetDelay]);
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   for (Slider* bar : {&sldMin, &sldSec, &sldMs}) bar->SetValue(0);
   lblTitle.SetText(strings_[Message::SetDelayHint]);
   cmdApply.SetText(strings_[Message::Apply]);
@@ -72,7 +71,7 @@ void DelayDialog::ShowSample(std::int64_t start) {
   step([&] {
     if (start > Ms::Latest().Wide()) ThrowOverflow();
     lblDetail.SetText(strings_[Message::ResultingAppearTime] + Text(kLineEnd) +
-                      MsToTimeText(static_cast<std::int32_t>(start)));
+                      MsToTimeText(Ms::Within(start, -Ms::Latest(), Ms::Latest())));
   });
 }
 

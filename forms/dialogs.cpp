@@ -52,7 +52,7 @@ void Dialogs::ChangeListFont() {
   font.Weight = font.Bold ? kBoldWeight : kPlainWeight;
   if (!ShowFontDialog(pickers_, font, kLeastListFont, kMostListFont)) return;
   options_.listFontName = font.Name;
-  options_.listFontSize = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
+  options_.listFontSize = Checked8(RoundToInt32(font.Size));
   options_.listFontBold = font.Bold;
   grid_.SetFont(options_.listFontName, options_.listFontSize, options_.listFontBold);
 }

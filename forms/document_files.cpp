@@ -1,7 +1,10 @@
 #include "forms/document_files.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "core/counting.h"
+#include "core/numbers.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
 #include "external/common_dialogs.h"
@@ -77,7 +80,7 @@ void DocumentFiles::New() {
   session_.EmptyList();
   session_.ResetControls();
   formats_.state.CurrentFps = {};
-  formats_.state.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(formats_.catalogue.IndexOf(kSubRip), 0));
+  formats_.state.CurrentFormatIndex = std::max(formats_.catalogue.IndexOf(kSubRip), 0);
   formats_.state.Encoding = DocumentEncoding();
   formats_.state.Source = nullptr;
   session_.Begin(DocumentBaseline::Blank);
@@ -99,7 +102,7 @@ void DocumentFiles::NewFromClipboard() {
   const EditScope scope(bench_.list, EditKind::FromClipboard);
   if (!captions.empty()) {
     const bool blank = bench_.list.Rows() == 2 && bench_.list.At(1) == Caption{};
-    const auto whole = static_cast<long long>(captions.size()) + (blank ? 0 : bench_.list.Count());
+    const int whole = CountOf(captions) + (blank ? 0 : bench_.list.Count());
     if (whole > kMaxRow.Number()) {
       ports_.messages.Show({Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow.Number())),
                             BoxIcon::Warning});
@@ -247,7 +250,7 @@ void DocumentFiles::Append() {
     const FileWork work(bench_.document);
     const EditScope scope(bench_.list, EditKind::Append);
     NoteFilm();
-    formats_.importer.DetectFormat(path, Loading::Append, static_cast<std::int32_t>(ports_.player.Duration()));
+    formats_.importer.DetectFormat(path, Loading::Append, RoundToInt32(std::trunc(ports_.player.Duration())));
   }
   bench_.document.ImportCancelled = false;
   recall_.SavePath(path);

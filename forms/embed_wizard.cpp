@@ -1,6 +1,7 @@
 #include "forms/embed_wizard.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/counting.h"
 #include "core/file_helpers.h"
@@ -211,13 +212,13 @@ void EmbedWizard::TakeSize(TextBox& box) {
   box.SetText(digits);
 }
 
-std::int64_t EmbedWizard::MediaSeconds() const { return static_cast<std::int64_t>(p_.ports.player.Duration()); }
+std::int64_t EmbedWizard::MediaSeconds() const { return std::llround(std::trunc(p_.ports.player.Duration())); }
 
 void EmbedWizard::TogglePreview() {
   if (chkPreview.Value()) {
     const std::int64_t seconds = MediaSeconds();
     if (seconds >= kShortestPreview) {
-      sldPreview.SetRange(1, static_cast<int>(seconds / 60));
+      sldPreview.SetRange(1, Checked32(seconds / 60));
     } else {
       chkPreview.SetValue(false);
       const bool unknown = seconds <= 0;
@@ -263,8 +264,8 @@ void EmbedWizard::AskQuantizer() {
   const Text typed =
       p_.ports.messages.Ask({p_.strings[Message::PictureQuality], p_.strings[Message::ConfigureCodec], stored});
   if (IsBlank(typed)) return;
-  const double value = std::clamp<double>(LeadingNumber(typed), kLeastQuantizer, kMostQuantizer);
-  p_.store.SaveSetting(kMainSection, kQuantizerKey, Decimal(static_cast<int>(value)));
+  p_.store.SaveSetting(kMainSection, kQuantizerKey,
+                       Decimal(std::clamp(LeadingInt(typed), kLeastQuantizer, kMostQuantizer)));
 }
 
 bool EmbedWizard::ToolServes(TextView folder) {

@@ -85,10 +85,10 @@ void ExportDialog::FillFormats() {
     if (index == formats_.CurrentFormatIndex) row += u" " + strings_[Message::CurrentFormat];
     rows.push_back(std::move(row));
   }
-  lblTotal.SetText(Fill(strings_[Message::FormatsSupported], Decimal(static_cast<long long>(rows.size()))));
+  lblTotal.SetText(Fill(strings_[Message::FormatsSupported], Decimal(rows.size())));
   cboFormats.SetItems(std::move(rows));
   if (formats_.CurrentFormatIndex == 0 || formats_.CurrentFormatIndex >= count) {
-    formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(catalogue_.IndexOf(kSubRip), 0));
+    formats_.CurrentFormatIndex = std::max(catalogue_.IndexOf(kSubRip), 0);
   }
   cboFormats.SetIndex(formats_.CurrentFormatIndex);
 }
@@ -193,12 +193,12 @@ void ExportDialog::FilterRateKey(KeyEvent& key) const {
 }
 
 void ExportDialog::Configure() {
-  formats_.SettingsFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
+  formats_.SettingsFormatIndex = std::max(cboFormats.Index(), 0);
   SettingsAsked();
 }
 
 void ExportDialog::Accept() {
-  formats_.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(cboFormats.Index(), 0));
+  formats_.CurrentFormatIndex = std::max(cboFormats.Index(), 0);
   if (ChosenCountsFrames()) {
     const FrameRate rate = AcceptedRate();
     if (!rate) {

@@ -28,7 +28,7 @@ constexpr std::array<double, 11> kSpeeds = {0.25, 0.33, 0.5, 0.67, 0.75, 1, 1.25
 
 /// A speed with two decimals at most and no zeros behind the last one that counts.
 Text SpeedText(double speed) {
-  const int hundredths = static_cast<int>(std::lround(speed * 100));
+  const long hundredths = std::lround(speed * 100);
   Text text = Decimal(hundredths / 100);
   if (hundredths % 100 == 0) return text;
   text += u'.' + Text(hundredths % 100 < 10 ? u"0" : u"") + Decimal(hundredths % 100);

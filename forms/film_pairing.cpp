@@ -14,7 +14,7 @@ namespace {
 constexpr TextView kSection = u"Pairs";
 constexpr std::size_t kMostPairs = 20;
 
-Text KeyOf(TextView what, std::size_t index) { return Text(what) + Decimal(static_cast<long long>(index)); }
+Text KeyOf(TextView what, std::size_t index) { return Text(what) + Decimal(index); }
 
 Text StemOf(const Text& name) { return name.substr(0, name.rfind(u'.')); }
 

@@ -1,10 +1,12 @@
 #include "forms/film_shots.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "capture/film_position.h"
 #include "core/counting.h"
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "shots/measure_bytes.h"
 #include "shots/shots.h"
@@ -117,7 +119,7 @@ void FilmShots::Poll() {
 void FilmShots::ShowProgress() {
   const double whole = player_.Duration();
   if (sound_.Running() || whole <= 0) return;
-  const int percent = static_cast<int>(std::clamp(pictures_->Seconds() / whole, 0.0, 1.0) * 100);
+  const int percent = RoundToInt32(std::trunc(std::clamp(pictures_->Seconds() / whole, 0.0, 1.0) * 100));
   bench_.window.lblWave.SetText(Fill(bench_.strings[Message::FindingShots], Decimal(percent) + u" %"));
   bench_.window.lblWave.SetVisible(true);
 }
@@ -165,11 +167,11 @@ std::optional<FilmShots::Marked> FilmShots::ToggleAtFilm() {
 std::optional<std::int32_t> FilmShots::PictureAt(Ms ms) const {
   const auto behind = std::ranges::upper_bound(measures_, ms, {}, MsOf);
   if (behind == measures_.begin()) return {};
-  return static_cast<std::int32_t>(behind - measures_.begin()) - 1;
+  return PlaceAt(measures_, behind) - 1;
 }
 
 std::optional<Ms> FilmShots::PictureBegins(std::int32_t picture) const {
-  if (picture < 0 || static_cast<std::size_t>(picture) >= measures_.size()) return {};
+  if (picture < 0 || picture >= CountOf(measures_)) return {};
   return MsOf(ItemAt(measures_, picture));
 }
 

@@ -48,7 +48,7 @@ void FilmWorkbench::ShowTracks() {
     MenuItem& item = w.mnuSoundTrack[i];
     item.SetVisible(i < tracks_.size());
     if (i >= tracks_.size()) continue;
-    Text name = Fill(bench_.strings[Message::SoundTrackName], Decimal(static_cast<int>(i) + 1));
+    Text name = Fill(bench_.strings[Message::SoundTrackName], Decimal(i + 1));
     if (!tracks_[i].words.empty()) name += u": " + ReplaceAll(tracks_[i].words, u"&", u"&&");
     item.SetText(std::move(name));
     item.SetChecked(tracks_[i].stream == player_.AudioTrack());

@@ -40,8 +40,7 @@ void SearchWindow::Load() {
 
 void SearchWindow::ApplyLanguage(bool rightToLeft) {
   SetTitle(strings_[title_]);
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   fraFind.SetText(strings_[Message::SearchForText]);
   txtFind.SetSpokenName(strings_[Message::SearchForText]);
   chkEntire.SetText(strings_[Message::SingleWordOnly]);

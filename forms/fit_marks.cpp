@@ -53,7 +53,7 @@ Text FitMarks::Words(Row row) const {
   Text far = Fill(strings[mark->byConstant ? Message::FitByConstant : Message::FitMovedBy],
                   SignedMs(mark->fitted.start - mark->held.start), SignedMs(mark->fitted.end - mark->held.end));
   if (mark->byConstant) return far;
-  const Text hundredths = Decimal(static_cast<int>(std::lround(mark->Confidence() * 100)));
+  const Text hundredths = Decimal(std::lround(mark->Confidence() * 100));
   if (mark->fromSound) {
     return Fill(strings[IsDoubtful(row) ? Message::LineFromSoundDoubtful : Message::LineFromSoundSure], hundredths);
   }

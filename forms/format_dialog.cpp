@@ -75,7 +75,7 @@ void FormatDialog::ShowPanel() {
   lblTop.SetText({});
   if (row >= 0) {
     const int index = ItemAt(listed_, row);
-    parts_.formats.SettingsFormatIndex = static_cast<std::uint8_t>(index);
+    parts_.formats.SettingsFormatIndex = index;
     id = parts_.catalogue.Identifier(index);
     lblTop.SetText(parts_.catalogue.DisplayName(id) + u" [" +
                    ToUpper(parts_.catalogue.ReadIni(id, u"extension", u"---")) + u"]");

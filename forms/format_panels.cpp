@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "core/counting.h"
 #include "core/numbers.h"
@@ -22,7 +23,7 @@ Text FlagDigit(bool flag) { return flag ? u"1" : u"0"; }
 
 /// A size in points with at most one decimal.
 Text SizeText(double size) {
-  const auto tenths = static_cast<long long>(RoundHalfEven(size * 10));
+  const long long tenths = std::llround(RoundHalfEven(size * 10));
   return tenths % 10 == 0 ? Decimal(tenths / 10) : Decimal(tenths / 10) + u"." + Decimal(tenths % 10);
 }
 

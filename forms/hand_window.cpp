@@ -49,8 +49,7 @@ void HandWindow::Load() {
 void HandWindow::ApplyLanguage(bool rightToLeft) {
   const LangStrings& strings = bench_.strings;
   SetTitle(WithoutDots(strings[Message::HandItem]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   const ControlText rows[] = {{lblHand, Message::HandLabel},
                               {lblLate, Message::HandLate},
                               {lblSpread, Message::HandSpread},
@@ -96,7 +95,7 @@ HandTimes HandWindow::TypedTimes() const {
 }
 
 void HandWindow::Apply() {
-  bench_.options.hand = static_cast<std::uint8_t>(std::max(cboHand.Index(), 0));
+  bench_.options.hand = Checked8(std::max(cboHand.Index(), 0));
   KeepHandTimes(bench_.options, bench_.options.hand, TypedTimes());
   bench_.options.fitLanguage = LanguageIn(cboLanguage, bench_.strings);
   Close();

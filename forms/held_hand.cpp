@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/ms.h"
+#include "core/numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -11,24 +14,20 @@ constexpr int kMostLate = 2000;  ///< ms
 constexpr int kMostSpread = 1000;
 constexpr double kDeviations = 1.4826;  ///< of a normal law: its standard by its median deviation
 
-std::int16_t Within(int value, int least, int most) {
-  return static_cast<std::int16_t>(std::clamp(value, least, most));
-}
+std::int16_t Within(int value, int least, int most) { return Checked16(std::clamp(value, least, most)); }
 
 }  // namespace
 
 HandTimes HandTimesOf(const AppOptions& options, int hand) {
-  const auto at = static_cast<std::size_t>(hand);
-  return {options.pressLate.at(at), options.pressSpread.at(at), options.releaseLate.at(at),
-          options.releaseSpread.at(at)};
+  return {options.pressLate.at(hand), options.pressSpread.at(hand), options.releaseLate.at(hand),
+          options.releaseSpread.at(hand)};
 }
 
 void KeepHandTimes(AppOptions& options, int hand, const HandTimes& times) {
-  const auto at = static_cast<std::size_t>(hand);
-  options.pressLate.at(at) = Within(times.pressLate, -kMostLate, kMostLate);
-  options.pressSpread.at(at) = Within(times.pressSpread, 0, kMostSpread);
-  options.releaseLate.at(at) = Within(times.releaseLate, -kMostLate, kMostLate);
-  options.releaseSpread.at(at) = Within(times.releaseSpread, 0, kMostSpread);
+  options.pressLate.at(hand) = Within(times.pressLate, -kMostLate, kMostLate);
+  options.pressSpread.at(hand) = Within(times.pressSpread, 0, kMostSpread);
+  options.releaseLate.at(hand) = Within(times.releaseLate, -kMostLate, kMostLate);
+  options.releaseSpread.at(hand) = Within(times.releaseSpread, 0, kMostSpread);
 }
 
 std::optional<Reaction> HandInForce(const AppOptions& options) {
@@ -46,7 +45,7 @@ std::optional<Reaction> HandInForce(const AppOptions& options) {
 }
 
 int MedianLateness(std::vector<int> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  const auto middle = values.begin() + values.size() / 2;
   std::ranges::nth_element(values, middle);
   return *middle;
 }
@@ -54,7 +53,7 @@ int MedianLateness(std::vector<int> values) {
 int LatenessSpread(std::vector<int> values) {
   const int median = MedianLateness(values);
   for (int& value : values) value = std::abs(value - median);
-  return static_cast<int>(std::lround(kDeviations * MedianLateness(std::move(values))));
+  return Ms::Nearest(kDeviations * MedianLateness(std::move(values))).Count();
 }
 
 }  // namespace cuewright

@@ -68,14 +68,14 @@ Text SearchKey(TextView text) {
   Text apart(text.size() * 4 + 32, u'\0');
   const int length = unorm2_normalize(normalizer, text.data(), CountOf(text), apart.data(), CountOf(apart), &error);
   if (U_FAILURE(error) != 0) return ToLower(text);
-  apart.resize(static_cast<std::size_t>(length));
+  apart.resize(length);
   Text plain;
   for (std::int32_t at = 0; at < length;) {
     UChar32 c = 0;
     const std::int32_t from = at;
     U16_NEXT(apart.data(), at, length, c);
     if (u_charType(c) == U_NON_SPACING_MARK) continue;
-    plain.append(apart, static_cast<std::size_t>(from), static_cast<std::size_t>(at - from));
+    plain.append(apart, from, at - from);
   }
   return ToLower(plain);
 }
@@ -86,7 +86,7 @@ bool HelpBook::Load(const Files& files, const Text& folder) {
   for (const Text& line : Split(contents, u"\n")) {
     const std::size_t depth = line.find_first_not_of(u'\t');
     if (depth == Text::npos) continue;
-    HelpTopic topic{line.substr(depth), {}, static_cast<int>(depth), {}};
+    HelpTopic topic{line.substr(depth), {}, depth, {}};
     const Text page = ReadPage(files, folder + topic.file);
     topic.title = WithoutMarks(Between(page, u"<title>", u"</title>"));
     if (topic.title.empty()) continue;
@@ -112,7 +112,7 @@ std::vector<std::size_t> HelpBook::Find(TextView text) const {
 std::optional<std::size_t> HelpBook::PlaceOf(TextView file) const {
   const auto at = std::find_if(topics_.begin(), topics_.end(), [&](const HelpTopic& t) { return t.file == file; });
   if (at == topics_.end()) return std::nullopt;
-  return static_cast<std::size_t>(at - topics_.begin());
+  return at - topics_.begin();
 }
 
 }  // namespace cuewright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -10,10 +11,10 @@ namespace cuewright {
 
 /// One page of the help.
 struct HelpTopic {
-  Text file;      ///< name in the book's folder
-  Text title;     ///< as the page gives it
-  int depth = 0;  ///< how deep it stands in the contents, 0 at the top
-  Text words;     ///< title and text without marks, prepared by `SearchKey`
+  Text file;              ///< name in the book's folder
+  Text title;             ///< as the page gives it
+  std::size_t depth = 0;  ///< how deep it stands in the contents, 0 at the top
+  Text words;             ///< title and text without marks, prepared by `SearchKey`
 };
 
 /// A text as searches compare it: lower case, without accents.

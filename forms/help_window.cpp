@@ -67,7 +67,7 @@ HelpWindow::HelpWindow(const HelpParts& parts, OpenForms& openForms) : ToolForm(
     lstTopics.Choose(std::max(lstTopics.Index(), 0));
   });
   lstTopics.Chosen.Connect([this] {
-    const auto place = static_cast<std::size_t>(lstTopics.Index());
+    const std::size_t place = lstTopics.Index();
     if (place >= listed_.size()) return;
     const Text& file = book_.Topics()[listed_[place]].file;
     if (visited_.empty() || file != FileOf(visited_[at_])) Go(file);
@@ -140,7 +140,7 @@ void HelpWindow::ShowTopics() {
   const bool all = listed_.size() == book_.Topics().size();
   for (const std::size_t place : listed_) {
     const HelpTopic& topic = book_.Topics()[place];
-    items.push_back(Text(all ? static_cast<std::size_t>(topic.depth) * 4 : 0, u' ') + topic.title);
+    items.push_back(Text(all ? topic.depth * 4 : 0, u' ') + topic.title);
   }
   lstTopics.SetEnabled(!items.empty());
   if (items.empty()) items.push_back(p_.strings[Message::NoTopicFound]);

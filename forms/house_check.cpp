@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "check/house_rules.h"
+#include "core/counting.h"
 #include "forms/film_rate.h"
 
 namespace cuewright {
@@ -32,7 +33,7 @@ constexpr std::array kRuleTexts = {
     RuleText{Message::RuleLineEnd, Unit::Plain},      RuleText{Message::RuleShotStart, Unit::Frames},
     RuleText{Message::RuleShotEnd, Unit::Frames}};
 
-const RuleText& TextOf(CheckRule rule) { return kRuleTexts.at(static_cast<std::size_t>(rule)); }
+const RuleText& TextOf(CheckRule rule) { return ItemAt(kRuleTexts, rule); }
 
 /// To one digit behind the point, and none for a whole number.
 Text Number(double value) {

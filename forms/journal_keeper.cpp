@@ -116,7 +116,7 @@ void JournalKeeper::WriteSnapshot() {
   document.time = store_->Now();
   document.separator = separator_ = bench_.list.Options().lineSeparator;
   document.selected = bench_.list.Selected();
-  document.captions.reserve(static_cast<std::size_t>(bench_.list.Count()));
+  document.captions.reserve(bench_.list.Count());
   for (Row row = 1; row < bench_.list.Rows(); ++row) document.captions.push_back(bench_.list.At(row));
   std::string payload = JournalSnapshot(document);
   snapshotBytes_ = payload.size();

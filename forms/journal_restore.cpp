@@ -17,7 +17,7 @@ Text Comparison(const JournalDocument& document, const JournalStore& store, cons
 
 BoxAnswer Offer(const JournalDocument& document, const JournalStore& store, Messages& messages,
                 const LangStrings& strings) {
-  const auto count = static_cast<long long>(document.captions.size());
+  const long long count = document.captions.size();
   const Text name = document.path == kNewDocument ? strings[Message::NewSubtitle] : document.path;
   Text text = Fill(strings.Counted(Message::UnsavedDocumentLeft, u"%3", count), name, store.LocalTime(document.time));
   if (const Text compared = Comparison(document, store, strings); !compared.empty()) {

@@ -6,6 +6,7 @@
 #include "core/counting.h"
 #include "forms/access_keys.h"
 #include "text/labels.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -13,7 +14,7 @@ namespace cuewright {
 KeysDialog::KeysDialog(CommandKeys& keys, const AppOptions& options, const LangStrings& strings)
     : Dialog("frmKeys"), keys_(keys), options_(options), strings_(strings) {
   cboSet.Chosen.Connect([this] {
-    keys_.Choose(static_cast<KeySet>(cboSet.Index()));
+    keys_.Choose(ItemAt(kKeySets, cboSet.Index()));
     ShowCommands();
   });
   lstCommands.Chosen.Connect([this] { ShowConflict(); });
@@ -31,8 +32,7 @@ KeysDialog::KeysDialog(CommandKeys& keys, const AppOptions& options, const LangS
 
 void KeysDialog::Open(bool rightToLeft) {
   SetTitle(WithoutDots(strings_[Message::KeysOfCommands]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   AccessKeys keys;
   cmdClose.SetText(keys.Give(strings_[Message::Close]));
   cmdAssign.SetText(keys.Give(strings_[Message::AssignKey]));
@@ -43,7 +43,7 @@ void KeysDialog::Open(bool rightToLeft) {
   txtKey.SetSpokenName(strings_[Message::NewKey]);
   lstCommands.SetSpokenName(WithoutDots(strings_[Message::KeysOfCommands]));
   cboSet.SetItems({strings_[Message::KeySetOwn], strings_[Message::KeySetClassic], u"Aegisub", u"Subtitle Edit"});
-  cboSet.SetIndex(static_cast<int>(keys_.Set()));
+  cboSet.SetIndex(PlaceOf(kKeySets, keys_.Set()));
   txtKey.SetText({});
   ShowCommands();
   NoteOpened();
@@ -79,7 +79,7 @@ Text KeysDialog::Objection(const std::string& key) const {
                                                       {options_.jumpKey, Message::JumpToNextSubtitle},
                                                       {options_.previousKey, Message::ReturnToPreviousSubtitle}};
   for (const auto& [letter, name] : letters) {
-    if (key.front() == static_cast<char>(letter)) {
+    if (ByteOf(key.front()) == letter) {
       return Fill(strings_[Message::KeyOfCapture], FromUtf8(key), WithoutAccessKey(strings_[name]));
     }
   }

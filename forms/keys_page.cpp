@@ -4,6 +4,7 @@
 
 #include "core/counting.h"
 #include "core/numbers.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -85,8 +86,7 @@ void KeysPage::EnableControls() {
 
 void KeysPage::TakeKey(TextBox& box, std::size_t index, KeyEvent& key) {
   key.handled = true;
-  const bool lower = key.character >= u'a' && key.character <= u'z';
-  const char16_t letter = lower ? static_cast<char16_t>(key.character - u'a' + u'A') : key.character;
+  const char16_t letter = UpperAscii(key.character);
   if (!IsUpperLetter(letter)) {
     messages_.Show({strings_[Message::KeyFromAToZ], BoxIcon::Information});
     return;
@@ -116,8 +116,7 @@ void KeysPage::TakePosition(std::size_t index) {
   positionOpen_[index] = false;
   TextBox& box = txtPosition[index];
   const Option& option = OptionOf(box.Name());
-  const double seconds = std::clamp<double>(LeadingNumber(box.GetText()), option.range.least, option.range.most);
-  box.SetText(Decimal(static_cast<int>(seconds)));
+  box.SetText(Decimal(std::clamp(LeadingInt(box.GetText()), option.range.least, option.range.most)));
   option.field.take(options_, box.GetText());
 }
 

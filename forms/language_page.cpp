@@ -39,7 +39,7 @@ void LanguagePage::ApplyLanguage() {
   lblComplete.SetText(u"Complete this translation...");
   cmdRegionalSettings.SetSpokenName(WithoutAccessKey(strings_[Message::Configure]) + u" " +
                                     WithoutAccessKey(strings_[Message::SubtitleCharset]));
-  const auto row = static_cast<std::size_t>(options_.languageRow);
+  const std::size_t row = options_.languageRow;
   cboLanguage.SetIndex(languages_.FindLanguageInList(row, cboLanguage.Items()));
   picFlag.SetSpokenName(languages_.LanguageTable()[row].displayName);
   txtCharset.SetText(languages_.CharsetText());

@@ -44,7 +44,7 @@ class LanguagePage final : public SettingsPage {
   Languages& languages_;
   Desktop& desktop_;
   Messages& messages_;
-  std::int16_t percent_ = 100;  // of the texts that the translation has
+  int percent_ = 100;  // of the texts that the translation has
 };
 
 }  // namespace cuewright

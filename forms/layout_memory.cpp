@@ -62,8 +62,8 @@ void LayoutMemory::NoteColumns(const std::array<int, 4>& widths, int listWidth) 
   if (listWidth <= 0) return;
   std::array<int, 3> shares = {};
   int left = kWhole - 1;
-  for (std::size_t i = 0; i < 3; ++i) {
-    shares[i] = std::clamp(widths[i] * kWhole / listWidth, 1, left - 2 + static_cast<int>(i));
+  for (int i = 0; i < 3; ++i) {
+    shares[i] = std::clamp(widths[i] * kWhole / listWidth, 1, left - 2 + i);
     left -= shares[i];
   }
   shares_ = shares;

@@ -5,6 +5,7 @@
 #include "core/counting.h"
 #include "core/paths.h"
 #include "formats/source/source_map.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -16,7 +17,7 @@ constexpr std::size_t kLongestBeginning = 100;
 Text BeginningOf(Text line) {
   if (line.size() > kLongestBeginning) {
     // Both halves of a pair stay together.
-    const bool halved = (line[kLongestBeginning] & 0xFC00) == 0xDC00;
+    const bool halved = IsTrail(line[kLongestBeginning]);
     line.resize(kLongestBeginning - (halved ? 1 : 0));
     line += u'\u2026';
   }
@@ -34,7 +35,7 @@ std::vector<Text> LinesOf(const SourceMap& map, const std::vector<std::size_t>& 
     while (number < wanted && lines.Next(line)) ++number;
     // No more of a line is decoded than may be shown, however long it is.
     const std::string_view bytes = line.text.substr(0, 4 * kLongestBeginning + 4);
-    rows.push_back(Fill(form, Decimal(static_cast<long long>(number)), BeginningOf(map.File().Decoded(bytes))));
+    rows.push_back(Fill(form, Decimal(number), BeginningOf(map.File().Decoded(bytes))));
   }
   return rows;
 }
@@ -59,8 +60,7 @@ void LinesReport::Show() {
                             Fill(strings[Message::NotUnderstoodHead], FileNameOf(bench_.document.SubtitlePath)),
                             LinesOf(*state_.Source, numbers, strings[Message::NumberedLine])};
   if (numbers.size() > kMostShown) {
-    content.lines.push_back(
-        strings.Counted(Message::MoreLines, u"%1", static_cast<long long>(numbers.size() - kMostShown)));
+    content.lines.push_back(strings.Counted(Message::MoreLines, u"%1", numbers.size() - kMostShown));
   }
   dialog.Open(content, bench_.window.RightToLeft());
 }

@@ -17,8 +17,7 @@ ListDialog::ListDialog(std::string name, const LangStrings& strings) : Dialog(st
 void ListDialog::Open(const ListDialogContent& content, bool rightToLeft) {
   result_ = false;
   SetTitle(content.title);
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   lblTop.SetText(content.heading);
   Text list;
   for (const Text& line : content.lines) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counting.h"
+#include "core/numbers.h"
 #include "forms/film_rate.h"
 
 namespace cuewright {
@@ -11,7 +13,8 @@ namespace {
 /// The columns that can be hidden, in the order of their items.
 constexpr std::array kItems = {ListColumn::Start, ListColumn::End, ListColumn::Duration, ListColumn::Gap,
                                ListColumn::Speed};
-constexpr std::uint8_t kLastTimes = 2;
+/// As they are stored and stand in the menu.
+constexpr std::array kTimeForms = {TimeForm::Clock, TimeForm::Milliseconds, TimeForm::Frames};
 
 }  // namespace
 
@@ -23,7 +26,7 @@ ListViewCommands::ListViewCommands(Workbench bench, const FormatState& formats, 
     w.mnuListColumn[i].Clicked.Connect([this, i] { ToggleColumn(kItems[i]); });
   }
   for (std::size_t i = 0; i < w.mnuListTime.size(); ++i) {
-    w.mnuListTime[i].Clicked.Connect([this, i] { ChooseTimes(static_cast<TimeForm>(i)); });
+    w.mnuListTime[i].Clicked.Connect([this, i] { ChooseTimes(kTimeForms[i]); });
   }
   // Reading a file may have told its frame rate.
   bench_.list.EnabledChanged.Connect([this](bool on) {
@@ -36,8 +39,8 @@ ListViewCommands::ListViewCommands(Workbench bench, const FormatState& formats, 
 void ListViewCommands::Show() {
   filmRate_ = player_.FramesPerSecond();
   bench_.grid.SetColumns(ColumnOrder(bench_.options.listColumns));
-  bench_.grid.SetTimes(
-      {static_cast<TimeForm>(std::min(bench_.options.listTimes, kLastTimes)), FilmOrFileRate(player_, formats_)});
+  bench_.grid.SetTimes({ItemAt(kTimeForms, std::min<int>(bench_.options.listTimes, CountOf(kTimeForms) - 1)),
+                        FilmOrFileRate(player_, formats_)});
   ShowItems();
 }
 
@@ -50,7 +53,7 @@ void ListViewCommands::ShowItems() {
     w.mnuListColumn[i].SetChecked(bench_.grid.Columns().Of(kItems[i]).shown);
   }
   for (std::size_t i = 0; i < w.mnuListTime.size(); ++i) {
-    w.mnuListTime[i].SetChecked(static_cast<TimeForm>(i) == bench_.grid.Times().form);
+    w.mnuListTime[i].SetChecked(kTimeForms[i] == bench_.grid.Times().form);
   }
 }
 
@@ -66,7 +69,7 @@ void ListViewCommands::ToggleColumn(ListColumn column) {
 }
 
 void ListViewCommands::ChooseTimes(TimeForm form) {
-  bench_.options.listTimes = static_cast<std::uint8_t>(form);
+  bench_.options.listTimes = Checked8(PlaceOf(kTimeForms, form));
   Show();
 }
 

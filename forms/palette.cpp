@@ -30,8 +30,7 @@ Palette::Palette(const CommandKeys& keys, const LangStrings& strings)
 
 void Palette::Open(bool rightToLeft) {
   SetTitle(WithoutDots(strings_[Message::FindCommand]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   AccessKeys keys;
   cmdOK.SetText(keys.Give(strings_[Message::Ok]));
   cmdCancel.SetText(keys.Give(strings_[Message::Cancel]));

@@ -53,7 +53,7 @@ void PointsPage::Wire() {
   });
   cmdRemovePoint.Clicked.Connect([this] {
     if (lstPoints.Index() < 0) return;
-    points_.Remove(static_cast<std::size_t>(lstPoints.Index()));
+    points_.Remove(lstPoints.Index());
     ShowPoints();
     Changed();
   });

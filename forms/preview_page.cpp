@@ -83,7 +83,7 @@ void PreviewPage::PickFont() {
   const Option::Range& sizes = OptionOf(cmdFont.Name()).range;
   if (!ShowFontDialog(pickers_, font, sizes.least, sizes.most)) return;
   options_.previewFontName = font.Name;
-  options_.previewFontSize = static_cast<std::uint8_t>(RoundHalfEven(font.Size));
+  options_.previewFontSize = Checked8(RoundToInt32(font.Size));
   options_.previewFontBold = font.Bold;
   DrawSample();
   preview_.PlacePreview();

@@ -370,9 +370,9 @@ void Program::OnFirstActivation() {
   if (const FileKind kind = KindOfFile(path); kind != FileKind::Subtitle) router.OpenAs(kind, path);
 }
 
-std::int16_t Program::ChangeLanguage(std::size_t row) {
+int Program::ChangeLanguage(std::size_t row) {
   languages.Select(row);
-  const std::int16_t percent = languages.LoadLanguageStrings(false);
+  const int percent = languages.LoadLanguageStrings(false);
   LanguageChanged();
   if (PlayerMissing()) start.ShowMissing(strings, environment_.missingPlayer, languages.IsRightToLeft());
   ApplyLanguage();

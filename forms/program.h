@@ -137,7 +137,7 @@ class Program final {
   void OnFirstActivation();
   /// Takes a row of the language table for this run and labels every open window anew. Gives how much of the language
   /// is there, in percent. The store is left alone.
-  std::int16_t ChangeLanguage(std::size_t row);
+  int ChangeLanguage(std::size_t row);
 
  private:
   const Locale unknownLocale_{};

@@ -160,7 +160,7 @@ void ProposalTools::Clean() {
   Run(content, EditKind::Cleaning, [&]() -> std::vector<Proposal> {
     for (std::size_t kind = 0; kind < kinds_.size(); ++kind) kinds_[kind] = dialog.Kind(kind);
     std::string problem;
-    const auto language = static_cast<std::size_t>(std::max(dialog.cmbLanguage.Index(), 0));
+    const std::size_t language = std::max(dialog.cmbLanguage.Index(), 0);
     const auto data = CleaningShelf(files_, folders_.AppFolder).Read(languages_[language], problem);
     if (!data) {
       messages_.Show({FromUtf8(problem), BoxIcon::Warning});

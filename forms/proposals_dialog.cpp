@@ -53,8 +53,7 @@ ProposalsDialog::ProposalsDialog(const CaptionList& list, const LangStrings& str
 void ProposalsDialog::Prepare(const ProposalsContent& content, bool rightToLeft) {
   result_ = false;
   SetTitle(content.title);
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   lblTop.SetText(strings_[Message::ProposalsHint]);
   lblScope.SetText(strings_[Message::ScopeLabel]);
   cmbScope.SetItems({strings_[Message::ProposalsOfAll], strings_[Message::ProposalsOfSelected]});
@@ -104,8 +103,7 @@ void ProposalsDialog::ShowTotal() {
   const auto& rows = lstProposals.Rows();
   const auto ticked = std::ranges::count_if(rows, &SheetRow::ticked);
   lblTotal.SetText(rows.empty() ? strings_[Message::NothingToChange]
-                                : Fill(strings_[Message::ProposalsTaken], Decimal(ticked),
-                                       Decimal(static_cast<long long>(rows.size()))));
+                                : Fill(strings_[Message::ProposalsTaken], Decimal(ticked), Decimal(rows.size())));
   cmdApply.SetEnabled(ticked > 0);
   cmdAll.SetEnabled(!rows.empty());
   cmdNone.SetEnabled(!rows.empty());

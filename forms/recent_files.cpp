@@ -1,6 +1,7 @@
 #include "forms/recent_files.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/counting.h"
 #include "core/numbers.h"
@@ -10,10 +11,11 @@ namespace cuewright {
 namespace {
 
 constexpr TextView kSection = u"Recent";
-/// The letter before the path in a stored value, by kind.
+/// The letter before the path in a stored value, and the kind of file that it stands for.
 constexpr TextView kLetters = u"TVA";
+constexpr std::array kKinds = {FileKind::Subtitle, FileKind::Film, FileKind::Sound};
 
-Text KeyOf(std::size_t index) { return u"File" + Decimal(static_cast<long long>(index)); }
+Text KeyOf(std::size_t index) { return u"File" + Decimal(index); }
 
 bool IsOneOf(TextView extension, std::initializer_list<TextView> all) {
   return std::find(all.begin(), all.end(), extension) != all.end();
@@ -54,8 +56,8 @@ std::vector<RecentFiles::Entry> RecentFiles::Kept() const {
   std::vector<Entry> entries;
   for (std::size_t i = 0; i < window_.mnuRecentFile.size(); ++i) {
     const Text value = store_.GetSetting(kSection, KeyOf(i), {});
-    const std::size_t kind = value.empty() ? Text::npos : kLetters.find(value[0]);
-    if (kind != Text::npos && value.size() > 1) entries.push_back({static_cast<FileKind>(kind), value.substr(1)});
+    const int kind = value.empty() ? -1 : PlaceOf(kLetters, value[0]);
+    if (kind >= 0 && value.size() > 1) entries.push_back({ItemAt(kKinds, kind), value.substr(1)});
   }
   return entries;
 }

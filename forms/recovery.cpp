@@ -27,7 +27,7 @@ void Recovery::RestoreDocument(const JournalDocument& restored) {
   formats_.importer.RestoreSource(restored.source);
   bench_.list.Replace(1, bench_.list.Count(), restored.captions);
   FormatState& state = formats_.state;
-  state.CurrentFormatIndex = static_cast<std::uint8_t>(std::max(formats_.catalogue.IndexOf(restored.format), 0));
+  state.CurrentFormatIndex = std::max(formats_.catalogue.IndexOf(restored.format), 0);
   state.CurrentFps = restored.fps;
   state.Encoding = {restored.codePage, restored.mark};
   // The captions are newer than those in its file, if it has one.

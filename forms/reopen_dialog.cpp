@@ -26,8 +26,7 @@ void ReopenDialog::Open(std::string head, const DocumentEncoding& encoding, bool
   result_ = false;
   head_ = std::move(head);
   SetTitle(WithoutDots(strings_[Message::ReopenAs]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   AccessKeys keys;
   cmdOK.SetText(keys.Give(strings_[Message::Ok]));
   cmdCancel.SetText(keys.Give(strings_[Message::Cancel]));

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -25,7 +27,7 @@ Retakes::Retakes(Workbench bench, Player& player, TimingCapture& capture, Previe
   w.mnuTakeBefore.Clicked.Connect([this] { TakeBefore(); });
   for (std::size_t i = 0; i < w.mnuRetakeStep.size(); ++i) {
     w.mnuRetakeStep[i].Clicked.Connect([this, i] {
-      bench_.options.retakeStep = static_cast<std::uint8_t>(i);
+      bench_.options.retakeStep = Checked8(i);
       ShowItems();
     });
   }
@@ -111,14 +113,13 @@ void Retakes::TakeBefore() {
 void Retakes::OnSplice(const Splice& splice) {
   const auto first = splice.first.Index();
   if (splice.TimesOnly() || splice.removed == splice.added || first >= takes_.size()) return;
-  const auto kept = first + static_cast<std::size_t>(std::min(splice.removed, splice.added));
+  const auto kept = first + std::min(splice.removed, splice.added);
   if (splice.removed > splice.added) {
     const auto from = std::min(kept, takes_.size());
-    const auto to = std::min(first + static_cast<std::size_t>(splice.removed), takes_.size());
-    takes_.erase(takes_.begin() + static_cast<std::ptrdiff_t>(from), takes_.begin() + static_cast<std::ptrdiff_t>(to));
+    const auto to = std::min(first + splice.removed, takes_.size());
+    takes_.erase(takes_.begin() + from, takes_.begin() + to);
   } else if (kept < takes_.size()) {
-    takes_.insert(takes_.begin() + static_cast<std::ptrdiff_t>(kept),
-                  static_cast<std::size_t>(splice.added - splice.removed), std::vector<CaptionTimes>());
+    takes_.insert(takes_.begin() + kept, splice.added - splice.removed, std::vector<CaptionTimes>());
   }
 }
 

@@ -103,8 +103,7 @@ void RetimeWindow::OnActivated() { points.ShowFilm(); }
 void RetimeWindow::ApplyLanguage(bool rightToLeft) {
   const LangStrings& strings = bench_.strings;
   SetTitle(WithoutDots(strings[Message::RetimeItem]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   const ControlText rows[] = {{optShift, Message::RetimeByAmount},
                               {optRatio, Message::RetimeByRatio},
                               {optRates, Message::RetimeByRates},

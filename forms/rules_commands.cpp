@@ -1,8 +1,11 @@
 #include "forms/rules_commands.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 #include <vector>
+
+#include "core/numbers.h"
 
 namespace cuewright {
 namespace {
@@ -10,11 +13,11 @@ namespace {
 /// Counts, while it lives, the captions that change or go.
 class ChangeCount {
  public:
-  explicit ChangeCount(CaptionList& list) : changed_(static_cast<std::size_t>(list.Count()), false) {
+  explicit ChangeCount(CaptionList& list) : changed_(list.Count(), false) {
     spliced_ = list.Spliced.ConnectScoped([this](const Splice& splice) { Note(splice); });
   }
 
-  int Captions() const { return static_cast<int>(std::count(changed_.begin(), changed_.end(), true)) + removed_; }
+  int Captions() const { return Checked32(std::count(changed_.begin(), changed_.end(), true) + removed_); }
 
  private:
   void Note(const Splice& splice) {
@@ -25,7 +28,7 @@ class ChangeCount {
     }
     removed_ += splice.removed;
     changed_.erase(first, first + splice.removed);
-    changed_.insert(changed_.begin() + (splice.first - 1).Number(), static_cast<std::size_t>(splice.added), false);
+    changed_.insert(changed_.begin() + (splice.first - 1).Number(), splice.added, false);
   }
 
   std::vector<bool> changed_;  ///< of each caption
@@ -102,11 +105,11 @@ void RulesCommands::Look() {
   bool modified = false;
   CaptionList copy(bench_.options, modified);
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(bench_.list.Count()));
+  rows.reserve(bench_.list.Count());
   for (Row row = 1; row < bench_.list.Rows(); ++row) rows.push_back(bench_.list.At(row));
   copy.Replace(1, 1, std::move(rows));
   // A rule that fails does so again when it is applied, and is told then.
-  static_cast<void>(RulesEngine(copy, report_).ApplyRules());
+  std::ignore = RulesEngine(copy, report_).ApplyRules();
   report_.SetOnlyLooked();
   if (report_.RuleEntryCount() > 0) Found(report_.RuleEntryCount());
 }

@@ -60,7 +60,7 @@ void RulesPage::WireRules() {
     for (Slider& slider : *sliders) slider.Scrolled.Connect([this] { ShowValues(); });
   }
   cmbApply.Chosen.Connect([this] {
-    options_.applyWhen = static_cast<std::uint8_t>(std::max(cmbApply.Index(), 0));
+    options_.applyWhen = Checked8(std::max(cmbApply.Index(), 0));
     capture_.ShowModeTexts();
   });
 }

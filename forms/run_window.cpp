@@ -1,5 +1,8 @@
 #include "forms/run_window.h"
 
+#include <cmath>
+
+#include "core/numbers.h"
 #include "core/paths.h"
 #include "core/product.h"
 #include "runner/progress.h"
@@ -19,8 +22,7 @@ RunWindow::RunWindow(const LangStrings& strings) : Dialog("frmRun"), strings_(st
 
 void RunWindow::Open(bool rightToLeft) {
   SetTitle(Text(kProductName));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   lblFailure.SetVisible(false);
   barProgress.SetSpokenName(strings_[Message::PleaseWait]);
   cmdCancel.SetText(strings_[Message::Cancel]);
@@ -47,7 +49,7 @@ void RunWindow::TakeLine(std::string_view line) {
       break;
     case WindowLine::Kind::Progress:
       barProgress.SetBusy(!read->progress.fraction);
-      if (read->progress.fraction) barProgress.SetValue(static_cast<int>(*read->progress.fraction * kWhole));
+      if (read->progress.fraction) barProgress.SetValue(RoundToInt32(std::trunc(*read->progress.fraction * kWhole)));
       lblLeft.SetText(read->progress.secondsLeft
                           ? Fill(strings_[Message::TimeLeft], FromUtf8(TimeLeftText(*read->progress.secondsLeft)))
                           : Text());

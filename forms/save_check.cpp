@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "forms/notices.h"
 #include "text/labels.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -33,11 +35,11 @@ bool SaveCheck::AgreesToLosses() {
   const LangStrings& strings = bench_.strings;
   const Text format = catalogue_.ReadIni(catalogue_.Identifier(state_.CurrentFormatIndex), u"name", {});
   ListDialogContent content{WithoutDots(strings[Message::SaveAs]), strings[Message::LossHead], {}};
-  for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
-    const std::size_t count = losses.Of(static_cast<Loss>(kind));
+  for (const Loss kind : kAllLosses) {
+    const std::size_t count = losses.Of(kind);
     if (count == 0) continue;
-    const Text row = Fill(strings[Message::LossRow], format, strings[kNames[kind]]);
-    content.lines.push_back(ReplaceAll(row, u"%3", Decimal(static_cast<long long>(count))));
+    const Text row = Fill(strings[Message::LossRow], format, strings[ItemAt(kNames, kind)]);
+    content.lines.push_back(ReplaceAll(row, u"%3", Decimal(count)));
   }
   content.save = strings[Message::Save];
   dialog.Open(content, bench_.window.RightToLeft());
@@ -53,8 +55,7 @@ bool SaveCheck::AgreesToEncoding(Row lastRow) {
       WithoutDots(strings[Message::SaveAs]), Fill(strings[Message::LackingHead], EncodingName(state_.Encoding)), {}};
   for (std::size_t i = 0; i < std::min(places.size(), kMostShown); ++i) content.lines.push_back(LineOf(places[i]));
   if (places.size() > kMostShown) {
-    content.lines.push_back(
-        strings.Counted(Message::MoreLines, u"%1", static_cast<long long>(places.size() - kMostShown)));
+    content.lines.push_back(strings.Counted(Message::MoreLines, u"%1", places.size() - kMostShown));
   }
   content.save = strings[Message::SaveInUtf8];
   dialog.Open(content, bench_.window.RightToLeft());
@@ -65,13 +66,13 @@ bool SaveCheck::AgreesToEncoding(Row lastRow) {
 Text SaveCheck::LineOf(const LackingPlace& place) const {
   Text letters;
   for (std::size_t at = 0; at < place.letters.size(); ++at) {
-    const bool trail = (place.letters[at] & 0xFC00) == 0xDC00;
+    const bool trail = IsTrail(place.letters[at]);
     if (at != 0 && !trail) letters += u' ';
     letters += place.letters[at];
   }
   const LangStrings& strings = bench_.strings;
   if (place.row == 0) {
-    return Fill(strings[Message::NumberedLine], Decimal(static_cast<long long>(place.line)), letters);
+    return Fill(strings[Message::NumberedLine], Decimal(place.line), letters);
   }
   const Text line = Fill(strings[Message::LackingInCaption], Decimal(place.row.Number()), Decimal(place.rowLine));
   return ReplaceAll(line, u"%3", letters);

@@ -152,7 +152,7 @@ void SelectionCommands::Paste() {
   }
   if (given.captions.empty()) return;
   const bool blank = list.Rows() == 2 && list.At(1) == Caption{};
-  const auto whole = static_cast<long long>(given.captions.size()) + (blank ? 0 : list.Count());
+  const int whole = CountOf(given.captions) + (blank ? 0 : list.Count());
   if (whole > kMaxRow.Number()) {
     ports_.messages.Show(
         {Fill(bench_.strings[Message::ClipboardTooMuch], Decimal(whole), Decimal(kMaxRow.Number())), BoxIcon::Warning});
@@ -210,10 +210,11 @@ void SelectionCommands::Reorder(EditKind kind, const RowSet::Stretch& stretch, c
   for (const Row row : order) rows.push_back(list.At(row));
   RowSet chosen;
   Row current = list.Selected();
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    const Row place = stretch.first + static_cast<int>(i);
-    if (Rows().Has(order[i])) chosen.Add(place, place);
-    if (order[i] == list.Selected()) current = place;
+  Row place = stretch.first;
+  for (const Row row : order) {
+    if (Rows().Has(row)) chosen.Add(place, place);
+    if (row == list.Selected()) current = place;
+    ++place;
   }
   for (const Row row : Rows().Rows()) {
     if (row < stretch.first || row > stretch.last) chosen.Add(row, row);
@@ -228,7 +229,7 @@ void SelectionCommands::Move(bool down) {
   const RowSet& rows = Rows();
   const RowSet::Stretch stretch{std::max<Row>(rows.First() - (down ? 0 : 1), 1),
                                 std::min(rows.Last() + (down ? 1 : 0), bench_.list.Rows() - 1)};
-  std::vector<Row> order(static_cast<std::size_t>(stretch.last - stretch.first) + 1);
+  std::vector<Row> order(stretch.last - stretch.first + 1);
   std::iota(order.begin(), order.end(), stretch.first);
   const std::vector<Row> before = order;
   // Each selected row changes places with its neighbour, unless that is a selected one that stands at the list's end.

@@ -157,7 +157,7 @@ void SettingsDialog::Reset() {
 void SettingsDialog::ResetLanguage() {
   parts_.languages.DetectLanguage(u"ENGLISH");
   parts_.languages.ReadUserCharset();
-  ChangeLanguage(static_cast<std::size_t>(parts_.options.languageRow));
+  ChangeLanguage(parts_.options.languageRow);
 }
 
 }  // namespace cuewright

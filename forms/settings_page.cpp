@@ -5,7 +5,7 @@
 namespace cuewright {
 namespace {
 
-double Number(const Option& option, const AppOptions& options) { return LeadingNumber(option.field.stored(options)); }
+int Number(const Option& option, const AppOptions& options) { return LeadingInt(option.field.stored(options)); }
 
 }  // namespace
 
@@ -25,7 +25,8 @@ void SettingsPage::Shows(Control& control, Message text, const std::optional<Hin
 }
 
 void SettingsPage::Shows(CheckBox& check, Message text, const std::optional<Hint>& hint) {
-  Shows(static_cast<Control&>(check), text, hint);
+  Control& control = check;
+  Shows(control, text, hint);
   checks_.push_back(&check);
   check.Clicked.Connect(
       [this, &check, &option = OptionOf(check.Name())] { option.field.take(options_, check.Value() ? u"1" : u"0"); });
@@ -53,7 +54,7 @@ void SettingsPage::Fill() {
   for (CheckBox* check : checks_) check->SetValue(Number(OptionOf(check->Name()), options_) != 0);
   for (Slider* slider : sliders_) {
     const Option& option = OptionOf(slider->Name());
-    slider->SetValue(static_cast<int>(Number(option, options_)) / option.range.step);
+    slider->SetValue(Number(option, options_) / option.range.step);
   }
 }
 

@@ -26,8 +26,7 @@ ShotsDialog::ShotsDialog(FilmShots& shots, AppOptions& options, const LangString
 
 void ShotsDialog::Open(bool rightToLeft) {
   SetTitle(WithoutDots(strings_[Message::ShotsItem]));
-  SetRightToLeft(rightToLeft);
-  for (Control* control : Controls()) control->SetRightToLeft(rightToLeft);
+  SetAllRightToLeft(rightToLeft);
   AccessKeys keys;
   cmdClose.SetText(keys.Give(strings_[Message::Close]));
   chkFind.SetText(keys.Give(strings_[Message::FindShots]));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "core/counting.h"
 #include "core/runtime_error.h"
@@ -88,10 +89,11 @@ void SpellCheck::StoreBlock(Row first, const std::vector<Text>& captions, const 
   const auto cut = CutSpellingText(checked, captions, parts_.bench.options.lineSeparator);
   // The blocks of one check are one step.
   const EditScope scope(parts_.bench.list, EditKind::Spelling, checks_);
-  for (std::size_t i = 0; i < cut.size(); ++i) {
-    if (!cut[i]) continue;
-    const Row row = first + static_cast<int>(i);
-    parts_.bench.list.SetCaptionText(row, parts_.bench.list.WithSeenText(row, *cut[i]));
+  Row row = first - 1;
+  for (const std::optional<Text>& text : cut) {
+    ++row;
+    if (!text) continue;
+    parts_.bench.list.SetCaptionText(row, parts_.bench.list.WithSeenText(row, *text));
     parts_.bench.list.SetModified();
     ++changed_;
   }
@@ -106,7 +108,7 @@ void SpellCheck::TellEnd() {
 int SpellCheck::PreferredDictionary() const {
   const auto find = [this](auto fits) {
     const auto at = std::find_if(names_.begin(), names_.end(), fits);
-    return at == names_.end() ? -1 : static_cast<int>(at - names_.begin());
+    return at == names_.end() ? -1 : PlaceAt(names_, at);
   };
   const Text stored = parts_.store.GetSetting(kMainSection, kLanguageKey, {});
   if (const int index = find([&](const Text& name) { return name == stored; }); index >= 0) return index;

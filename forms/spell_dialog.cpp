@@ -102,7 +102,8 @@ void SpellDialog::Show() {
   NameButtons();
 }
 
-void SpellDialog::ShowNothingLeft() {
+void SpellDialog::ShowNext() {
+  if (task_->session.Next()) return Show();
   lblLine.SetText(strings_[Message::SpellCheckCompleted]);
   txtCaption.SetText({});
   lblWord.SetText({});
@@ -146,22 +147,14 @@ void SpellDialog::ChooseLanguage() {
   if (!taken) return cboLanguage.SetIndex(task_->language);
   task_->language = cboLanguage.Index();
   // In another language no word may be misspelt. The dialog stays open, so that the user can still choose another one.
-  if (task_->session.Next()) {
-    Show();
-  } else {
-    ShowNothingLeft();
-  }
+  ShowNext();
 }
 
 void SpellDialog::Undo() {
   if (!task_ || !task_->session.CanUndo()) return;
   if (const Text added = task_->session.Undo(); !added.empty()) task_->removeWord(added);
   // The word may be one that another language knows.
-  if (task_->session.Next()) {
-    Show();
-  } else {
-    ShowNothingLeft();
-  }
+  ShowNext();
 }
 
 void SpellDialog::OnClose() {

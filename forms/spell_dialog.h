@@ -56,7 +56,8 @@ class SpellDialog final : public Dialog {
   void NameButtons();
   void Advance();
   void Show();
-  void ShowNothingLeft();
+  /// Shows the next word, or, with the dialog left open, that there is none.
+  void ShowNext();
   void ShowSuggestion();
   void StepSuggestion(KeyEvent& key);
   void AllowReplace();

@@ -4,6 +4,7 @@
 
 #include "capture/caption_cells.h"
 #include "core/frame_rate.h"
+#include "core/numbers.h"
 #include "text/visible_length.h"
 
 namespace cuewright {
@@ -37,7 +38,7 @@ Text StatusLine::TextOfSelection() const {
   if (length == 0) return {};
   Text text = Text(kBetween) + Fill(bench_.strings[Message::StatusLength], LengthCell(length, bench_.grid.Times()));
   if (!counted) return text;
-  const auto tenths = std::llround(static_cast<double>(characters) * 10000 / static_cast<double>(length));
+  const auto tenths = std::llround(ToReal(characters) * 10000 / ToReal(length));
   return text + Text(kBetween) +
          Fill(bench_.strings[Message::StatusSpeed], Decimal(tenths / 10) + u"." + Decimal(tenths % 10));
 }

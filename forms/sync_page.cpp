@@ -223,7 +223,7 @@ Text SyncPage::SurenessText(const Segment& segment) const {
     case SyncSureness::Sure:
       break;
   }
-  return Fill(strings[Message::SyncSure], Decimal(static_cast<int>(std::lround(segment.found.confidence * 100))));
+  return Fill(strings[Message::SyncSure], Decimal(std::lround(segment.found.confidence * 100)));
 }
 
 void SyncPage::Show(int chosen) {
@@ -287,7 +287,7 @@ void SyncPage::PutBorder() {
   behind.fixed = true;
   at->found.last = row - 1;
   at->fixed = true;
-  const int place = static_cast<int>(at - segments_.begin()) + 1;
+  const int place = PlaceAt(segments_, at) + 1;
   segments_.insert(at + 1, behind);
   Show(place);
   Changed();

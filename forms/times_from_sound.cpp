@@ -44,7 +44,7 @@ void TimesFromSound::Start() {
   for (Row row = 1; bench_.list.InRange(row); ++row) {
     texts_.push_back(ReplaceAll(bench_.list.GetSeenText(row, true), u"\r\n", u" "));
   }
-  shown_ = -1;
+  shown_.reset();
   done_ = 0;
   const auto align = [this](const std::shared_ptr<const SoundTable>& sound) { return Run(*sound); };
   if (!search_.Begin(align)) return Tell(Message::FilmSoundFailed, search_.Film());
@@ -63,7 +63,7 @@ TimesFromSound::Found TimesFromSound::Run(const SoundTable& sound) const {
 }
 
 void TimesFromSound::ShowProgress() {
-  const int hundredths = texts_.empty() ? 0 : static_cast<int>(done_ * 100 / texts_.size());
+  const std::size_t hundredths = texts_.empty() ? 0 : done_ * 100 / texts_.size();
   if (hundredths == shown_) return;
   shown_ = hundredths;
   notices_.Tell(Message::FindingTimes, Decimal(hundredths));

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,7 @@ class TimesFromSound {
   Processes* processes_ = nullptr;
   Text language_;
   std::vector<Text> texts_;
-  int shown_ = -1;  ///< the hundredths that the strip tells
+  std::optional<std::size_t> shown_;  ///< the hundredths that the strip tells
   mutable std::atomic<std::size_t> done_ = 0;
   VoiceSearch<Found> search_;  ///< goes first: it uses what stands above
 };

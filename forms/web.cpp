@@ -2,6 +2,7 @@
 
 #include "core/product.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -13,11 +14,11 @@ Text PercentEncoded(TextView text) {
   constexpr TextView kDigits = u"0123456789ABCDEF";
   Text encoded;
   for (const char byte : ToUtf8(text)) {
-    const auto code = static_cast<unsigned char>(byte);
+    const unsigned char code = ByteOf(byte);
     const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || IsDigit(byte) || byte == '-' ||
                        byte == '.' || byte == '_' || byte == '~';
     if (plain) {
-      encoded += static_cast<char16_t>(code);
+      encoded += code;
     } else {
       encoded += {u'%', kDigits[code >> 4], kDigits[code & 0xF]};
     }

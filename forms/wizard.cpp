@@ -38,8 +38,7 @@ void Wizard::OnClose() { p_.openForms.Closed(Name()); }
 void Wizard::ApplyTexts(std::span<const ControlText> rows) {
   const LangStrings& s = p_.strings;
   SetTitle(s[kind_.title]);
-  SetRightToLeft(p_.languages.IsRightToLeft());
-  for (Control* control : Controls()) control->SetRightToLeft(RightToLeft());
+  SetAllRightToLeft(p_.languages.IsRightToLeft());
   ShowTexts(rows, s);
   const ControlText common[] = {{lblTop, kind_.title},          {lblVirtualdub, Message::VirtualDubFolder},
                                 {cmdBrowseVD, Message::Browse}, {lblDownload, Message::DownloadLink},

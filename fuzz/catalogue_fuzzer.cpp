@@ -24,7 +24,7 @@ void UseFormat(Engine& engine, int index) {
   CarryOn errors;
   errors([&] { engine.loader.SelectFormat(engine.catalogue.Identifier(index)); });
   CutRecord(engine.loader.Definition(), errors);
-  engine.state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+  engine.state.CurrentFormatIndex = index;
   engine.importer.ImportSubtitle(u"file.txt", Loading::NewDocument);
   engine.captions.Replace(1, engine.captions.Count(), {{1000, 2000, u"<b>one|two"}, {-500, 1000000000, u"three"}});
   engine.Save(index);

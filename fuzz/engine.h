@@ -104,7 +104,7 @@ struct Engine {
   }
 
   std::string Save(int index) {
-    state.CurrentFormatIndex = static_cast<std::uint8_t>(index);
+    state.CurrentFormatIndex = index;
     const bool frames = catalogue.ReadIni(catalogue.Identifier(index), u"timecode", u"ms").find(u"ff") != Text::npos;
     state.CurrentFps = frames ? 25.0 : 0.0;
     exporter.ExportSubtitle(captions.Rows() - 1);

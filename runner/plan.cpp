@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
 
 #include "core/counting.h"
 #include "core/media_errors.h"
+#include "core/numbers.h"
 
 namespace cuewright {
 namespace {
@@ -41,12 +41,7 @@ Words Input(const Text& film) {
   return words;
 }
 
-Text Seconds(std::int64_t ms) {
-  std::array<char, 40> text{};
-  std::snprintf(text.data(), text.size(), "%lld.%03lld", static_cast<long long>(ms / 1000),
-                static_cast<long long>(ms % 1000));
-  return FromUtf8(text.data());
-}
+Text Seconds(std::int64_t ms) { return Decimal(ms / 1000) + u"." + Padded(ms % 1000, 3); }
 
 Text FilterChain(const RunJob& job) {
   Text chain;

@@ -35,10 +35,10 @@ std::vector<Text> ProbeArguments(const Text& film);
 /// The same for the times of its sound, as `SoundTimes` reads them.
 std::vector<Text> SoundTimesArguments(const Text& film);
 
-/// What the filters draw the subtitle of filter number `at` from.
+/// The name of the file in the working folder from which filter number `at` draws its subtitle.
 std::string SubtitleName(std::size_t at);
 
-/// How long what a job writes is, in ms, of a film of `duration` ms; never below 0.
+/// The length in ms of the file that a job writes from a film of `duration` ms; never below 0.
 std::int64_t LengthOf(const RunJob& job, std::int64_t duration);
 
 /// Follows what FFmpeg writes: its progress and its log, in pieces of any size.
@@ -51,9 +51,9 @@ class FfmpegLog {
   std::optional<std::int64_t> Duration() const { return duration_; }
   /// How much of the result is written, in ms.
   std::int64_t Done() const { return done_; }
-  /// True when what was written is not all of it, whatever its exit status says: a full disk is told here alone.
+  /// True when FFmpeg did not write everything, whatever its exit status says: a full disk shows here alone.
   bool CutOff() const { return cutOff_; }
-  /// Its errors, a line each, the last 20 of them.
+  /// FFmpeg's last 20 errors, each on a line of its own.
   const std::vector<std::string>& Errors() const { return errors_; }
   /// True when one of the errors holds the text.
   bool Says(std::string_view text) const;

@@ -4,8 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
+#include "core/numbers.h"
 #include "text/text.h"
 
 namespace cuewright {
@@ -26,28 +26,22 @@ template <class Number>
 std::string_view ReadNumber(std::string_view text, Number& number) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc()) return {};
-  return text.substr(static_cast<std::size_t>(end - text.data()));
+  return text.substr(end - text.data());
 }
 
 }  // namespace
 
 std::optional<std::int64_t> TimeLeft::Of(std::optional<double> fraction, std::int64_t elapsedMs) {
   if (!fraction || *fraction < kEnoughDone || elapsedMs < kEnoughMs) return std::nullopt;
-  const double left = static_cast<double>(elapsedMs) * (1 - *fraction) / *fraction;
+  const double left = ToReal(elapsedMs) * (1 - *fraction) / *fraction;
   return std::llround(left / 1000);
 }
 
 std::string TimeLeftText(std::int64_t seconds) {
   seconds = std::max<std::int64_t>(seconds, 0);
-  std::array<char, 40> text{};
-  const auto number = [](std::int64_t value) { return static_cast<long long>(value); };
-  if (seconds >= 3600) {
-    std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld", number(seconds / 3600), number(seconds / 60 % 60),
-                  number(seconds % 60));
-  } else {
-    std::snprintf(text.data(), text.size(), "%lld:%02lld", number(seconds / 60), number(seconds % 60));
-  }
-  return text.data();
+  const Text behind = u":" + Padded(seconds % 60, 2);
+  if (seconds < 3600) return ToUtf8(Decimal(seconds / 60) + behind);
+  return ToUtf8(Decimal(seconds / 3600) + u":" + Padded(seconds / 60 % 60, 2) + behind);
 }
 
 std::string Printable(std::string_view bytes, bool keepLines) {
@@ -70,7 +64,7 @@ std::string FormatWindowLine(const WindowLine& line) {
     std::replace(text.begin(), text.end(), '\n', '\v');
     return std::string(kFailure) + text + "\n";
   }
-  const int done = line.progress.fraction ? static_cast<int>(*line.progress.fraction * kWhole) : -1;
+  const int done = line.progress.fraction ? RoundToInt32(std::floor(*line.progress.fraction * kWhole)) : -1;
   return std::string(kProgress) + std::to_string(done) + " " + std::to_string(line.progress.secondsLeft.value_or(-1)) +
          "\n";
 }
@@ -88,7 +82,7 @@ std::optional<WindowLine> ReadWindowLine(std::string_view line) {
   const std::string_view rest = ReadNumber(line.substr(kProgress.size()), done);
   if (!rest.starts_with(' ') || ReadNumber(rest.substr(1), left).data() == nullptr) return std::nullopt;
   WindowLine read;
-  if (done >= 0) read.progress.fraction = std::min(done, kWhole) / static_cast<double>(kWhole);
+  if (done >= 0) read.progress.fraction = 1.0 * std::min(done, kWhole) / kWhole;
   if (left >= 0) read.progress.secondsLeft = left;
   return read;
 }

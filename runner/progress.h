@@ -30,10 +30,10 @@ std::string Printable(std::string_view bytes, bool keepLines);
 
 /// The exit status by which the window of a run says that the user cancelled it.
 inline constexpr int kWindowCancelled = 10;
-/// What it writes to its output before that.
+/// What that window writes to its output before it ends so.
 inline constexpr std::string_view kCancelLine = "cancel\n";
 
-/// What a run tells its window, a line each.
+/// What a run tells its window; each piece is a line.
 struct WindowLine {
   enum class Kind { File, Progress, Failure };
   Kind kind = Kind::Progress;
@@ -43,7 +43,7 @@ struct WindowLine {
 
 /// The line with its end.
 std::string FormatWindowLine(const WindowLine& line);
-/// The inverse, of a line without its end; empty for one that is none.
+/// The opposite, for a line without its end; nothing for a line that is none of these.
 std::optional<WindowLine> ReadWindowLine(std::string_view line);
 
 }  // namespace cuewright

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/counting.h"
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "runner/subtitle_text.h"
 
@@ -63,9 +65,13 @@ void ScriptRun::StartJob() {
   // From here on paths are read in another folder.
   job.source = p_.outputs.Absolute(job.source);
   job.target = p_.outputs.Absolute(job.target);
-  if (!p_.files.Exists(job.source)) return static_cast<void>(Fail("there is no film " + ToUtf8(job.source)));
+  if (!p_.files.Exists(job.source)) {
+    Fail("there is no film " + ToUtf8(job.source));
+    return;
+  }
   if (p_.outputs.SameFile(job.source, job.target)) {
-    return static_cast<void>(Fail("the film can't be written over itself: " + ToUtf8(job.source)));
+    Fail("the film can't be written over itself: " + ToUtf8(job.source));
+    return;
   }
   folder_ = p_.outputs.MakeWorkFolder();
   WriteSubtitles();
@@ -98,8 +104,8 @@ void ScriptRun::WriteSubtitles() {
         WithPlainHead(SubtitleInUtf8(p_.files.Read(path, kLargestSubtitle), p_.systemCodePage));
     // FFmpeg goes by what a file begins with: anything else could be a list of other files to it.
     if (!script) {
-      return static_cast<void>(
-          Fail("the subtitle file doesn't begin with \"[Script Info]\", as SubStation Alpha does: " + ToUtf8(path)));
+      Fail("the subtitle file doesn't begin with \"[Script Info]\", as SubStation Alpha does: " + ToUtf8(path));
+      return;
     }
     folder_->Write(SubtitleName(i), *script);
   }
@@ -176,7 +182,7 @@ ScriptRun::State ScriptRun::FinishJob() {
   part_->Keep();
   part_.reset();
   folder_.reset();
-  // What was done so far is no part of the next job.
+  // The log belongs to one job: the next one begins a new one.
   log_ = {};
   way_ = {};
   ++at_;
@@ -213,13 +219,13 @@ int ScriptRun::FailedLine() const { return jobs_[std::min(at_, jobs_.size() - 1)
 std::vector<std::string> ScriptRun::TakeNotes() { return std::exchange(notes_, {}); }
 
 std::optional<double> ScriptRun::Fraction() const {
-  const double whole = static_cast<double>(jobs_.size());
+  const int whole = CountOf(jobs_);
   if (at_ == jobs_.size()) return 1.0;
   if (jobs_.empty() || stage_ != Stage::Work) return std::nullopt;
   const std::optional<std::int64_t> duration = way_.duration ? way_.duration : log_.Duration();
   if (!duration || LengthOf(jobs_[at_], *duration) == 0) return std::nullopt;
-  const double part = static_cast<double>(log_.Done()) / static_cast<double>(LengthOf(jobs_[at_], *duration));
-  return (static_cast<double>(at_) + std::clamp(part, 0.0, 1.0)) / whole;
+  const double part = ToReal(log_.Done()) / ToReal(LengthOf(jobs_[at_], *duration));
+  return (ToReal(at_) + std::clamp(part, 0.0, 1.0)) / whole;
 }
 
 }  // namespace cuewright

@@ -22,13 +22,13 @@ struct RunParts {
   Files& files;
   Processes& processes;
   OutputFiles& outputs;
-  int systemCodePage = 1252;          ///< of subtitles that say no other
+  int systemCodePage = 1252;          ///< of subtitle files that name no code page themselves
   int quantizer = kDefaultQuantizer;  ///< of the films that are written
   std::function<bool()> cancelled{};  ///< true once the user wants no more; empty: never
 };
 
-/// Carries out the jobs of a script, one after the other, through FFmpeg. A file appears at its target once it is
-/// whole; a run that fails or goes away leaves nothing of what it was at.
+/// Carries out the jobs of a script, one after the other, by FFmpeg. A file appears at its target once it is whole; a
+/// run that fails or is destroyed leaves no unfinished file.
 class ScriptRun {
  public:
   /// There must be at least one job.
@@ -47,7 +47,7 @@ class ScriptRun {
   std::optional<double> Fraction() const;
   /// The file in work, or the last one.
   const Text& Target() const;
-  /// What the user should know though nothing failed; taken by this call.
+  /// Notes for the user that are no failures; each is returned once.
   std::vector<std::string> TakeNotes();
   /// Why the run failed, a sentence.
   const std::string& Failure() const { return failure_; }

@@ -4,6 +4,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "core/numbers.h"
 #include "runner/script_call.h"
 
 namespace cuewright {
@@ -37,7 +38,7 @@ struct State {
   std::vector<RunJob> written;
 };
 
-/// What is told of a text that may be of any length.
+/// The beginning of a text of any length, as a message shows it.
 std::string Quoted(const std::string& text) {
   return text.size() <= kLongestQuote ? text : text.substr(0, kLongestQuote) + "...";
 }
@@ -65,7 +66,7 @@ void Save(State& state, RunJob::Kind kind, const ScriptCall& call) {
 }
 
 void Configure(State& state, const ScriptCall& call, PictureFilter::Kind kind) {
-  const auto at = static_cast<std::size_t>(call.index);
+  const std::size_t at = call.index;
   Want(at < state.job.filters.size(), "the number of a filter that was added before");
   PictureFilter& filter = state.job.filters[at];
   Want(filter.kind == kind, filter.kind == PictureFilter::Kind::Resize
@@ -81,9 +82,9 @@ void Configure(State& state, const ScriptCall& call, PictureFilter::Kind kind) {
     Want(call.Number(i) >= 1 && call.Number(i) <= kMostPixels, "a width and a height from 1 to 16384 pixels");
   }
   Want(call.Number(2) >= 0 && call.Number(2) < kResizeModes, "a mode from 0 to 3");
-  filter.width = static_cast<int>(call.Number(0));
-  filter.height = static_cast<int>(call.Number(1));
-  filter.mode = static_cast<int>(call.Number(2));
+  filter.width = Checked32(call.Number(0));
+  filter.height = Checked32(call.Number(1));
+  filter.mode = Checked32(call.Number(2));
 }
 
 void SetConversion(State& state, const ScriptCall& call) {
@@ -93,7 +94,7 @@ void SetConversion(State& state, const ScriptCall& call) {
   for (std::size_t i = 1; i < call.arguments.size(); ++i) {
     Want(call.Number(i) == 0, "0 behind the sample rate: bits and channels stay as they are");
   }
-  state.job.sampleRate = static_cast<int>(rate);
+  state.job.sampleRate = Checked32(rate);
 }
 
 void AddFilter(State& state, const ScriptCall& call) {
@@ -106,8 +107,8 @@ void AddFilter(State& state, const ScriptCall& call) {
   state.job.filters.push_back(filter);
 }
 
-/// A command: its name, the kinds of its arguments ("i" number, "s" text), and what it does. One that sets what is done
-/// anyway names the only values that it may have.
+/// A command: its name, the kinds of its arguments ("i" number, "s" text), and what it does. A command that only sets
+/// what is done anyway names the only values that it may have.
 struct Command {
   std::string_view name;
   std::string_view arguments;

@@ -42,13 +42,13 @@ struct ScriptProblem {
   std::string problem;  ///< what is wrong and what was expected
 };
 
-/// What a script says: its jobs, or its first problem and no jobs.
+/// The content of a script: its jobs, or its first problem and no jobs.
 struct Script {
   std::vector<RunJob> jobs;
   std::optional<ScriptProblem> problem;
 };
 
-/// Reads the bytes of a script, one command a line. Anything that can't be done as it is asked for is a problem.
+/// Reads the bytes of a script, one command a line. A command that can't be carried out just as it stands is a problem.
 Script ReadScript(std::string_view bytes);
 
 }  // namespace cuewright

@@ -91,7 +91,7 @@ class LineReader {
         std::from_chars(digits.data(), digits.data() + digits.size(), value, hexadecimal ? 16 : 10);
     if (error == std::errc::result_out_of_range) Fail("a number of at most 32 bits");
     if (error != std::errc()) Fail("a number or a text in quotes");
-    left_.remove_prefix(static_cast<std::size_t>(end - left_.data()));
+    left_.remove_prefix(end - left_.data());
     return negative ? -std::int64_t{value} : std::int64_t{value};
   }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "core/numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -37,7 +39,7 @@ void SoundTimes::TakeLine(const std::string& line) {
   long long below = 0;
   char kind[16] = "";
   if (std::sscanf(line.c_str(), "#tb %u: %lld/%lld", &number, &above, &below) == 3) {
-    if (number < kMostStreams && below > 0) At(number).unit = static_cast<double>(above) / static_cast<double>(below);
+    if (number < kMostStreams && below > 0) At(number).unit = ToReal(above) / ToReal(below);
   } else if (std::sscanf(line.c_str(), "#media_type %u: %15s", &number, kind) == 2) {
     if (number < kMostStreams) At(number).sound = std::string_view(kind) == "audio";
   } else {
@@ -50,10 +52,10 @@ void SoundTimes::TakeLine(const std::string& line) {
 }
 
 void SoundTimes::TakePacket(Stream& stream, std::int64_t pts, std::int64_t duration) {
-  const double start = static_cast<double>(pts) * stream.unit;
+  const double start = ToReal(pts) * stream.unit;
   const double expected = stream.end.value_or(0);
   if (std::abs(start - expected) > (stream.end ? kGap : kFirst)) even_ = false;
-  const double length = static_cast<double>(duration) * stream.unit;
+  const double length = ToReal(duration) * stream.unit;
   ++stream.packets;
   ++stream.lengths[std::llround(length * 1000)];
   stream.end = start + length;
@@ -65,8 +67,7 @@ bool SoundTimes::Even() const {
     for (const auto& [length, count] : stream.lengths) {
       // Some containers store a gap as one long packet. Regular packets may differ in length, but each length is
       // frequent.
-      const bool longer =
-          static_cast<double>(length) > 2 * static_cast<double>(stream.lengths.begin()->first) + kGap * 1000;
+      const bool longer = ToReal(length) > 2 * ToReal(stream.lengths.begin()->first) + kGap * 1000;
       if (longer && count * kSeldom < stream.packets + kSeldom) return false;
     }
   }

@@ -34,7 +34,7 @@ class SoundTimes {
 
   std::string rest_;
   std::vector<Stream> streams_;
-  bool even_ = true;  // as far as one packet tells
+  bool even_ = true;  // true as long as no single packet shows a late start or a gap
 };
 
 }  // namespace cuewright

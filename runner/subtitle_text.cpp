@@ -1,11 +1,13 @@
 #include "runner/subtitle_text.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "core/numbers.h"
 #include "text/text.h"
 #include "text/text_file.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -26,9 +28,8 @@ int CodePageOfCharset(int charset) {
 }
 
 bool IsHead(std::string_view line) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return std::equal(line.begin(), line.end(), kHead.begin(), kHead.end(),
-                    [&](char a, char b) { return lower(a) == lower(b); });
+                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ int CodePageOfStyles(std::string_view bytes) {
     if (!line.starts_with(kStyle)) continue;
     const std::string_view charset = line.substr(line.rfind(',') + 1);
     const double number = LeadingNumber(FromUtf8(charset));
-    return number >= 0 && number <= kMostCharset ? CodePageOfCharset(static_cast<int>(number)) : 0;
+    return number >= 0 && number <= kMostCharset ? CodePageOfCharset(RoundToInt32(std::floor(number))) : 0;
   }
   return 0;
 }

@@ -1,6 +1,8 @@
 #include "settings/languages.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 #include "core/counting.h"
 #include "core/numbers.h"
@@ -10,6 +12,9 @@ namespace cuewright {
 namespace {
 
 constexpr int kFirstTableRow = 600;
+// The numbers of texts, as the catalogue counts them.
+constexpr int kTexts = kMessageCount;
+constexpr int kEnd = kEndOfTexts;
 constexpr std::uint64_t kLargestBlock = 1 << 20;
 constexpr TextView kNeverChosen = u"---";
 
@@ -43,14 +48,14 @@ void Languages::ReadUserCharset() {
 void Languages::BuildLanguageTable() {
   ReadUserCharset();
   CarryOn step;
-  for (std::size_t row = 0; row < kLanguageCount; ++row) step([&] { ReadTableRow(row); });
+  for (int row = 0; row < CountOf(table_); ++row) step([&] { ReadTableRow(row); });
   if (step.Last()) {
     p_.messages.Show({ErrorText(u"Error retrieving OS language names: ", *step.Last()), BoxIcon::Warning});
   }
 }
 
-void Languages::ReadTableRow(std::size_t row) {
-  const std::vector<Text> parts = Split(CatalogueString(kFirstTableRow + static_cast<int>(row)), u"-");
+void Languages::ReadTableRow(int row) {
+  const std::vector<Text> parts = Split(CatalogueString(kFirstTableRow + row), u"-");
   const std::int32_t localeId = TableNumber(parts[1]);
   table_[row] = {Decimal(TableNumber(parts[0])), Decimal(localeId), parts[2], ProperCase(parts[2])};
   if (!p_.locale.IsValidLocale(localeId)) return;
@@ -66,7 +71,7 @@ void Languages::LoadStored() {
     // The last row that fits wins: "PORTUGUESE" also lies inside "PORTUGUESE_BR".
     for (std::size_t row = 0; row < kLanguageCount; ++row) {
       if (table_[row].name.find(p_.options.language) != Text::npos) {
-        p_.options.languageRow = static_cast<std::int16_t>(row);
+        p_.options.languageRow = Checked16(row);
       }
     }
   }
@@ -94,7 +99,7 @@ void Languages::DetectLanguage(TextView fallback) {
 
 void Languages::Select(std::size_t row) {
   p_.options.language = table_[row].name;
-  p_.options.languageRow = static_cast<std::int16_t>(row);
+  p_.options.languageRow = Checked16(row);
 }
 
 /// Which language's rules a row of the table follows, as codes of languages.
@@ -107,32 +112,31 @@ void Languages::LoadBlock(std::size_t row) {
   CarryOn step;
   step([&] {
     const Text path = p_.folders.AppFolder + u"languages/" + ToLower(table_[row].name) + u".txt";
-    p_.catalogue.AddBlock(p_.files.Read(path, kLargestBlock), static_cast<int>(row));
+    p_.catalogue.AddBlock(p_.files.Read(path, kLargestBlock), Checked32(row));
     loaded_.set(row);
   });
 }
 
-std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
+int Languages::LoadLanguageStrings(bool makeFile) {
   p_.strings.SetLanguageCode(ItemAt(kCodes, p_.options.languageRow));
-  LoadBlock(static_cast<std::size_t>(p_.options.languageRow));
+  LoadBlock(p_.options.languageRow);
   const int base = kBlockSize * p_.options.languageRow;
   Text lines;
   int missing = 0;
-  for (std::size_t id = 0; id < kMessageCount; ++id) {
-    const Text* own = p_.catalogue.Find(base + static_cast<int>(id));
+  for (int id = 0; id < kTexts; ++id) {
+    const Text* own = p_.catalogue.Find(base + id);
     if (own != nullptr) {
       p_.strings.Set(NumberedMessage(id), *own);
       continue;
     }
-    const Text& english = CatalogueString(static_cast<int>(id));
+    const Text& english = CatalogueString(id);
     p_.strings.Set(NumberedMessage(id), english);
-    lines.append(Decimal(base + static_cast<int>(id)) + u", \"" + english + u"\"").append(kLineEnd);
+    lines.append(Decimal(base + id) + u", \"" + english + u"\"").append(kLineEnd);
     ++missing;
   }
-  for (std::size_t id = kFirstFurtherText; id < kEndOfTexts; ++id) {
-    const int number = static_cast<int>(id);
-    const Text* own = p_.catalogue.Find(CatalogueNumber(p_.options.languageRow, number));
-    p_.strings.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, number)));
+  for (int id = kFirstFurtherText; id < kEnd; ++id) {
+    const Text* own = p_.catalogue.Find(CatalogueNumber(p_.options.languageRow, id));
+    p_.strings.Set(NumberedMessage(id), own != nullptr ? *own : CatalogueString(CatalogueNumber(0, id)));
   }
   if (makeFile) {
     WriteTranslationFile(TranslationHeader() + lines);
@@ -141,8 +145,8 @@ std::int16_t Languages::LoadLanguageStrings(bool makeFile) {
   rightToLeft_ =
       p_.options.language == u"ARABIC" || p_.options.language == u"PERSIAN" || p_.options.language == u"HEBREW";
   // One less than there are strings, so that one or two missing ones still count as complete.
-  constexpr int kWhole = static_cast<int>(kMessageCount) - 1;
-  return static_cast<std::int16_t>(RoundHalfEven((kWhole - missing) * 100.0 / kWhole));
+  constexpr int kWhole = kTexts - 1;
+  return RoundToInt32((kWhole - missing) * 100.0 / kWhole);
 }
 
 Charset Languages::GetCharsetOfLocale(std::int32_t locale) const {
@@ -165,18 +169,16 @@ Text Languages::ToLanguageCodePage(TextView text) const {
   return recoded ? *recoded : Text(text);
 }
 
-std::int16_t Languages::FindLanguageInList(std::size_t row, const std::vector<Text>& items) const {
-  for (std::size_t i = 0; i < items.size() && i < kLanguageCount; ++i) {
-    if (items[i] == table_[row].displayName) return static_cast<std::int16_t>(i);
-  }
-  return 0;
+int Languages::FindLanguageInList(std::size_t row, const std::vector<Text>& items) const {
+  const std::span listed(items.data(), std::min(items.size(), kLanguageCount));
+  return std::max(PlaceOf(listed, table_[row].displayName), 0);
 }
 
 std::size_t Languages::RowOfDisplayName(TextView displayName) const {
   for (std::size_t row = 0; row < kLanguageCount; ++row) {
     if (table_[row].displayName == displayName) return row;
   }
-  return static_cast<std::size_t>(p_.options.languageRow);
+  return p_.options.languageRow;
 }
 
 bool Languages::NeedsNotice() const {

@@ -69,7 +69,7 @@ class Languages {
   void Select(std::size_t row);
   /// Fills all strings and gives how much of the language is there, in percent (two missing texts still count as
   /// 100). With `makeFile` it also writes the translation file and then lets events go on for 500 ms.
-  std::int16_t LoadLanguageStrings(bool makeFile);
+  int LoadLanguageStrings(bool makeFile);
 
   const std::array<LanguageRow, kLanguageCount>& LanguageTable() const { return table_; }
   bool IsRightToLeft() const { return rightToLeft_; }
@@ -85,7 +85,7 @@ class Languages {
   /// unchanged where the windows are Unicode, and on any failure.
   Text ToLanguageCodePage(TextView text) const;
   /// The position of a row's display name among the items of a list; 0 when it isn't there.
-  std::int16_t FindLanguageInList(std::size_t row, const std::vector<Text>& items) const;
+  int FindLanguageInList(std::size_t row, const std::vector<Text>& items) const;
   /// The row of a display name; the row in force when there is none such.
   std::size_t RowOfDisplayName(TextView displayName) const;
 
@@ -96,7 +96,7 @@ class Languages {
     Text lblWarning;
     Text lblCurrLang;
     Text lblReqLang;
-    Charset charset;  ///< what these three are drawn in
+    Charset charset;  ///< the character set of the font for these three texts
   };
   NoticeTexts Notice() const;
   /// "178 - ARABIC_CHARSET".
@@ -110,7 +110,7 @@ class Languages {
   Text CompletionHint(int percent) const;
 
  private:
-  void ReadTableRow(std::size_t row);
+  void ReadTableRow(int row);
   void LoadBlock(std::size_t row);
   std::int32_t LocaleOfLanguage() const;
   const Text& CatalogueString(int id) const;

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "settings/messages_data.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -40,9 +41,7 @@ void ForEachRow(std::string_view data, Take&& take) {
 bool IsReadable(TextView text) {
   char16_t before = 0;
   for (const char16_t unit : text) {
-    const bool low = unit >= 0xDC00 && unit <= 0xDFFF;
-    const bool behindHigh = before >= 0xD800 && before <= 0xDBFF;
-    if ((unit < 0x20 && unit != u'\n') || low != behindHigh) return false;
+    if ((unit < 0x20 && unit != u'\n') || IsTrail(unit) != IsLead(before)) return false;
     before = unit;
   }
   return true;
@@ -62,7 +61,7 @@ void MessageCatalogue::Add(std::string_view data, int base) {
 
 void MessageCatalogue::AddBlock(std::string_view data, int language) {
   ForEachRow(data, [&](int id, Text text) {
-    if (!IsTextNumber(static_cast<std::size_t>(id)) || !IsReadable(text)) return;
+    if (!IsTextNumber(id) || !IsReadable(text)) return;
     const Text* english = Find(CatalogueNumber(0, id));
     if (text.empty() && english != nullptr && !english->empty()) return;
     rows_[CatalogueNumber(language, id)] = std::move(text);
@@ -75,9 +74,10 @@ const Text* MessageCatalogue::Find(int id) const {
 }
 
 void LoadEnglish(const MessageCatalogue& catalogue, LangStrings& strings) {
-  for (std::size_t id = 0; id < kEndOfTexts; ++id) {
+  constexpr int kEnd = kEndOfTexts;
+  for (int id = 0; id < kEnd; ++id) {
     if (!IsTextNumber(id)) continue;
-    const Text* row = catalogue.Find(CatalogueNumber(0, static_cast<int>(id)));
+    const Text* row = catalogue.Find(CatalogueNumber(0, id));
     strings.Set(NumberedMessage(id), row == nullptr ? Text() : *row);
   }
 }

@@ -13,18 +13,18 @@ CUEWRIGHT_EMBED(cuewright_table, "table.txt");
 CUEWRIGHT_EMBED(cuewright_translation_file, "translation_file.txt");
 
 namespace cuewright {
+namespace {
 
-std::string_view EnglishMessages() {
-  return {cuewright_english_begin, static_cast<std::size_t>(cuewright_english_end - cuewright_english_begin)};
-}
+std::string_view Between(const char* begin, const char* end) { return std::string_view(begin, end - begin); }
 
-std::string_view LanguageTableRows() {
-  return {cuewright_table_begin, static_cast<std::size_t>(cuewright_table_end - cuewright_table_begin)};
-}
+}  // namespace
+
+std::string_view EnglishMessages() { return Between(cuewright_english_begin, cuewright_english_end); }
+
+std::string_view LanguageTableRows() { return Between(cuewright_table_begin, cuewright_table_end); }
 
 std::string_view TranslationFileRows() {
-  return {cuewright_translation_file_begin,
-          static_cast<std::size_t>(cuewright_translation_file_end - cuewright_translation_file_begin)};
+  return Between(cuewright_translation_file_begin, cuewright_translation_file_end);
 }
 
 }  // namespace cuewright

@@ -10,7 +10,7 @@ namespace cuewright {
 
 /// Where an option is set, and with that when it is stored.
 enum class OptionPlace {
-  Elsewhere,   ///< by itself where it changes, or never
+  Elsewhere,   ///< stored on its own when it changes, or never
   MainWindow,  ///< when the main window closes
   // The pages of the settings dialog: by its OK.
   Rules,
@@ -24,8 +24,9 @@ enum class OptionPlace {
 struct Option {
   /// The member of `AppOptions` behind the key.
   struct Field {
-    Text (*stored)(const AppOptions&);          ///< its value as the store holds it
-    void (*take)(AppOptions&, TextView value);  ///< what doesn't fit the member leaves 0, false or the empty text
+    Text (*stored)(const AppOptions&);  ///< its value as the store holds it
+    void (*take)(AppOptions&,
+                 TextView value);  ///< a value that doesn't fit the member leaves 0, false or the empty text there
   };
   /// What the user can choose of a number; what is stored is taken as it is. A slider moves by `step`.
   struct Range {

@@ -4,14 +4,15 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
 
-/// The player's mode as it is loaded has no more characters.
+/// How many characters of the player's mode are read.
 constexpr std::size_t kPlayerModeLength = 4;
 
-/// What can't be in force as it is stored.
+/// Puts right the values that can't be used as they are stored.
 void PutRight(AppOptions& options) {
   if (options.language == u"BPORTUGUESE") options.language = u"PORTUGUESE_BR";
   if (options.language == u"FARSI") options.language = u"PERSIAN";
@@ -22,7 +23,7 @@ void PutRight(AppOptions& options) {
   options.playerControls.resize(std::min(options.playerControls.size(), kPlayerModeLength));
 }
 
-/// Calls with each shortcut and its place among the letters.
+/// Calls `take` with each shortcut and its place among the letters.
 template <class Call>
 void ForEachHotkey(Call call) {
   std::size_t index = 0;
@@ -69,7 +70,7 @@ HotkeyLetters ReadHotkeyLetters(const SettingsReader& store) {
 HotkeyLetters DefaultHotkeyLetters() {
   HotkeyLetters letters;
   ForEachHotkey([&](const Option& option, std::size_t index) {
-    letters[index] = Text(1, static_cast<char16_t>(LeadingNumber(option.field.stored({}))));
+    letters[index] = Text(1, LowUnit(LeadingInt(option.field.stored({}))));
   });
   return letters;
 }

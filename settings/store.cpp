@@ -103,7 +103,7 @@ void SettingsStore::Put(std::vector<Line>& lines, TextView section, TextView key
   std::vector<Line> added;
   if (!known) added.push_back({Text(section), {}, u"[" + Text(kRoot) + u"\\" + Text(section) + u"]", true});
   added.push_back({Text(section), Text(key), Text(value), false});
-  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(behind), added.begin(), added.end());
+  lines.insert(lines.begin() + behind, added.begin(), added.end());
 }
 
 void SettingsStore::SaveSetting(TextView section, TextView key, TextView value) {

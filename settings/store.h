@@ -33,7 +33,8 @@ class SettingsStore final : public SettingsReader {
   /// Stores several values of a section in one write.
   void SaveSettings(TextView section, const std::vector<KeyValue>& values);
 
-  /// While one lives, what is stored is written once, at its end.
+  /// Collects changes: as long as an object of this class lives, nothing is written, and at its end all is written at
+  /// once.
   class Batch {
    public:
     explicit Batch(SettingsStore& store) : store_(store) { ++store_.batches_; }

@@ -10,21 +10,18 @@
 #include <vector>
 
 #include "text/encoding_names.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
 namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
-/// Bytes that a code page leaves undefined live here, so that a file read and written keeps them.
+/// A byte that a code page leaves undefined becomes this character of private use plus its number, so that it reads
+/// as no other character. It is written back as the same byte.
 constexpr char16_t kUndefinedBase = 0xF700;
 
-bool IsLead(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsTrail(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-
-char16_t UnitOf(char high, char low) {
-  return static_cast<char16_t>((static_cast<unsigned char>(high) << 8) | static_cast<unsigned char>(low));
-}
+char16_t UnitOf(char high, char low) { return LowUnit(ByteOf(high) << 8 | ByteOf(low)); }
 
 struct ConverterCloser {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
@@ -51,7 +48,7 @@ class Utf8Codec final : public Codec {
   bool IsUtf8() const override { return true; }
 };
 
-/// UTF-16 files are turned into UTF-8 when they are opened; this is what they are written with.
+/// Writes UTF-16 files, and decodes them to be turned into UTF-8 when they are opened.
 class Utf16Codec final : public Codec {
  public:
   explicit Utf16Codec(bool bigEndian) : bigEndian_(bigEndian) {}
@@ -68,8 +65,8 @@ class Utf16Codec final : public Codec {
 
   bool Encode(TextView text, std::string& out) const override {
     for (const char16_t unit : text) {
-      const char high = static_cast<char>(unit >> 8);
-      const char low = static_cast<char>(unit & 0xFF);
+      const char high = LowByte(unit >> 8);
+      const char low = LowByte(unit);
       out.push_back(bigEndian_ ? high : low);
       out.push_back(bigEndian_ ? low : high);
     }
@@ -81,7 +78,7 @@ class Utf16Codec final : public Codec {
   bool bigEndian_;
 };
 
-/// The same for UTF-32. What is no character becomes U+FFFD.
+/// Writes UTF-32 files, and decodes them to be turned into UTF-8. A number beyond Unicode becomes U+FFFD.
 class Utf32Codec final : public Codec {
  public:
   explicit Utf32Codec(bool bigEndian) : bigEndian_(bigEndian) {}
@@ -91,27 +88,26 @@ class Utf32Codec final : public Codec {
     for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
       std::uint32_t character = 0;
       for (std::size_t i = 0; i < 4; ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[at + (bigEndian_ ? i : 3 - i)]);
-        character = character << 8 | byte;
+        character = character << 8 | ByteOf(bytes[at + (bigEndian_ ? i : 3 - i)]);
       }
       if (character > 0x10FFFF) character = kReplacement;
       if (character < 0x10000) {
-        room[count++] = static_cast<char16_t>(character);
+        room[count++] = LowUnit(character);
         continue;
       }
-      room[count++] = static_cast<char16_t>(0xD7C0 + (character >> 10));
-      room[count++] = static_cast<char16_t>(0xDC00 | (character & 0x3FF));
+      room[count++] = LeadOf(character);
+      room[count++] = TrailOf(character);
     }
     return count;
   }
 
   bool Encode(TextView text, std::string& out) const override {
     for (std::size_t i = 0; i < text.size(); ++i) {
-      std::uint32_t character = text[i];
-      const bool pair = (character & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-      if (pair) character = ((character - 0xD7C0) << 10) + (text[++i] & 0x3FFU);
+      const bool pair = IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1]);
+      const char32_t character = pair ? CharacterOfPair(text[i], text[i + 1]) : text[i];
+      if (pair) ++i;
       for (unsigned byte = 0; byte < 4; ++byte) {
-        out.push_back(static_cast<char>(character >> (bigEndian_ ? 24 - 8 * byte : 8 * byte) & 0xFF));
+        out.push_back(LowByte(character >> (bigEndian_ ? 24 - 8 * byte : 8 * byte)));
       }
     }
     return true;
@@ -122,21 +118,21 @@ class Utf32Codec final : public Codec {
   bool bigEndian_;
 };
 
-/// Code pages of one byte a character: a table each way.
+/// Code pages of one byte a character, by a table for each direction.
 class SingleByteCodec final : public Codec {
  public:
   explicit SingleByteCodec(int codePage) {
     const Converter converter = OpenConverter(codePage);
     for (unsigned byte = 0; byte < 256; ++byte) {
-      toText_[byte] = byte < 0x80 ? static_cast<char16_t>(byte) : DecodeByte(converter.get(), byte);
-      if (byte >= 0x80) toByte_.emplace_back(toText_[byte], static_cast<unsigned char>(byte));
+      toText_[byte] = byte < 0x80 ? LowUnit(byte) : DecodeByte(converter.get(), LowByte(byte));
+      if (byte >= 0x80) toByte_.emplace_back(toText_[byte], ByteOf(LowByte(byte)));
     }
     std::sort(toByte_.begin(), toByte_.end());
   }
 
   std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const override {
     char16_t* out = room.data();
-    for (const char byte : bytes) *out++ = toText_[static_cast<unsigned char>(byte)];
+    for (const char byte : bytes) *out++ = toText_[ByteOf(byte)];
     return bytes.size();
   }
 
@@ -147,12 +143,12 @@ class SingleByteCodec final : public Codec {
     for (std::size_t at = 0; at < text.size(); ++at) {
       const char16_t unit = text[at];
       if (unit < 0x80) {
-        out.push_back(static_cast<char>(unit));
+        out.push_back(LowByte(unit));
         continue;
       }
-      const auto hit = std::lower_bound(toByte_.begin(), toByte_.end(), std::pair(unit, static_cast<unsigned char>(0)));
+      const auto hit = std::ranges::lower_bound(toByte_, unit, {}, &std::pair<char16_t, unsigned char>::first);
       if (hit != toByte_.end() && hit->first == unit) {
-        out.push_back(static_cast<char>(hit->second));
+        out.push_back(LowByte(hit->second));
         continue;
       }
       complete = false;
@@ -163,13 +159,12 @@ class SingleByteCodec final : public Codec {
   }
 
  private:
-  static char16_t DecodeByte(UConverter* converter, unsigned byte) {
-    const char source = static_cast<char>(byte);
+  static char16_t DecodeByte(UConverter* converter, char source) {
     std::array<char16_t, 4> target{};
     UErrorCode status = U_ZERO_ERROR;
     const int length = converter == nullptr ? 0 : ucnv_toUChars(converter, target.data(), 4, &source, 1, &status);
     if (U_FAILURE(status) || length != 1 || target[0] == kReplacement) {
-      return static_cast<char16_t>(kUndefinedBase + byte);
+      return LowUnit(kUndefinedBase + ByteOf(source));
     }
     return target[0];
   }
@@ -178,12 +173,12 @@ class SingleByteCodec final : public Codec {
   std::vector<std::pair<char16_t, unsigned char>> toByte_;
 };
 
-/// Code pages with characters of two bytes or more. Runs of ASCII pass by; the rest goes through the library.
+/// Code pages with characters of two bytes or more. The ASCII in front is widened; the rest goes through a library.
 class DoubleByteCodec : public Codec {
  public:
   std::size_t Decode(std::string_view bytes, std::span<char16_t> room) const final {
     std::size_t ascii = 0;
-    while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) ++ascii;
+    while (ascii < bytes.size() && ByteOf(bytes[ascii]) < 0x80) ++ascii;
     WidenAscii(bytes.substr(0, ascii), room);
     return ascii == bytes.size() ? ascii : ascii + DecodeRest(bytes.substr(ascii), room.subspan(ascii));
   }
@@ -192,7 +187,7 @@ class DoubleByteCodec : public Codec {
     bool complete = true;
     for (std::size_t at = 0; at < text.size();) {
       if (text[at] < 0x80) {
-        out.push_back(static_cast<char>(text[at++]));
+        out.push_back(LowByte(text[at++]));
         continue;
       }
       const bool pair = IsLead(text[at]) && at + 1 < text.size() && IsTrail(text[at + 1]);
@@ -233,7 +228,7 @@ class IcuDoubleByteCodec final : public DoubleByteCodec {
     ucnv_reset(converter_.get());
     ucnv_toUnicode(converter_.get(), &to, to + DecodedRoom(bytes.size()), &from, from + bytes.size(), nullptr, 1,
                    &status);
-    return static_cast<std::size_t>(to - room.data());
+    return to - room.data();
   }
 
   bool EncodeCharacter(TextView character, std::string& out) const override {
@@ -269,7 +264,7 @@ class JohabCodec final : public DoubleByteCodec {
   std::size_t DecodeRest(std::string_view bytes, std::span<char16_t> room) const override {
     std::size_t count = 0;
     for (std::size_t at = 0; at < bytes.size();) {
-      const auto lead = static_cast<unsigned char>(bytes[at]);
+      const unsigned char lead = ByteOf(bytes[at]);
       if (lead < 0x80) {
         room[count++] = lead;
         ++at;
@@ -287,8 +282,8 @@ class JohabCodec final : public DoubleByteCodec {
     if (!Opened(encode_)) return false;
     std::string source;
     for (const char16_t unit : character) {
-      source.push_back(static_cast<char>(unit & 0xFF));
-      source.push_back(static_cast<char>(unit >> 8));
+      source.push_back(LowByte(unit));
+      source.push_back(LowByte(unit >> 8));
     }
     std::array<char, 8> bytes{};
     std::size_t room = bytes.size();

@@ -16,7 +16,7 @@ struct NamedPage {
   EncodingRegion region;
 };
 
-/// Encodings with ASCII in them and without states. Where two names are one converter, the first counts.
+/// Encodings that ASCII is a part of and that need no shift state. Where two names are one converter, the first counts.
 constexpr std::array kPages = {
     NamedPage{874, "windows-874", true, EncodingRegion::Thai},
     NamedPage{932, "windows-932", false, EncodingRegion::Japanese},

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -44,10 +45,10 @@ std::shared_ptr<const Codec> Encodings::CodecOf(int codePage) const {
 
 Text Encodings::BytesToText(std::string_view bytes, int codePage) const {
   Text text = CodecOf(codePage)->Decoded(UpToNul(bytes));
-  // Only a file's own bytes are worth keeping through a lone unit; here they are shown as the system shows them.
+  // Lone units keep the invalid bytes of a file for the way back; this text is only shown.
   const auto lone = [](char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; };
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool paired = i != 0 && (text[i - 1] & 0xFC00) == 0xD800;
+    const bool paired = i != 0 && IsLead(text[i - 1]);
     if (lone(text[i]) && !paired) text[i] = kReplacement;
   }
   return text;
@@ -65,9 +66,7 @@ Text Encodings::PairBytes(TextView text) const {
   Text pairs;
   pairs.reserve(bytes.size() / 2);
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto low = static_cast<unsigned char>(bytes[i]);
-    const auto high = static_cast<unsigned char>(bytes[i + 1]);
-    pairs.push_back(static_cast<char16_t>(low | (high << 8)));
+    pairs.push_back(LowUnit(ByteOf(bytes[i]) | ByteOf(bytes[i + 1]) << 8));
   }
   return pairs;
 }

@@ -40,11 +40,11 @@ class Encodings {
   /// Bytes of a text. `codePage` as above; a character that it lacks becomes "?".
   std::string TextToBytes(TextView text, int codePage) const;
 
-  /// The text's UTF-8 bytes, each as the character that the system's code page gives it.
+  /// The text's UTF-8 bytes read in the system's code page, one character a byte.
   Text EncodeUtf8Line(TextView text) const;
 
-  /// The text's bytes in the system's code page, paired to 16-bit characters with the low byte first. A last odd byte
-  /// is dropped.
+  /// The text's bytes in the system's code page, two of them to a 16-bit character with the low byte first. A last odd
+  /// byte is dropped.
   Text PairBytes(TextView text) const;
 
  private:

@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
@@ -33,13 +35,15 @@ char16_t CharacterOf(unsigned char byte) {
 bool IsAccent(unsigned char byte) { return byte >= kFirstAccent && byte <= kLastAccent; }
 
 /// The byte of a character without an accent, or of a combining one; 0: it has none.
-unsigned char ByteOf(char16_t c) {
-  if (c != u'$' && c < 0x7F) return static_cast<unsigned char>(c);
-  // The second one for the dots, which older files tell apart, is never written.
-  for (std::size_t i = 0; i < kHigh.size(); ++i) {
-    if (kHigh[i] == c && c != kNone) return static_cast<unsigned char>(kFirstHigh + i);
+unsigned char ByteOfCharacter(char16_t c) {
+  if (c != u'$' && c < 0x7F) return ByteOf(LowByte(c));
+  // Two bytes, C8 and C9, stand for the two dots above a letter; the first of them is written.
+  unsigned char byte = kFirstHigh;
+  for (const char16_t known : kHigh) {
+    if (known == c && c != kNone) return byte;
+    ++byte;
   }
-  return c == 0x03A9 ? static_cast<unsigned char>(0xE0) : static_cast<unsigned char>(0);
+  return c == 0x03A9 ? 0xE0 : 0;
 }
 
 const UNormalizer2* Composer() {
@@ -54,10 +58,11 @@ bool Decompose(char16_t c, unsigned char& letter, unsigned char& accent) {
   if (composer == nullptr) return false;
   std::array<UChar, 8> parts{};
   UErrorCode status = U_ZERO_ERROR;
-  const auto room = static_cast<std::int32_t>(parts.size());
-  if (unorm2_getRawDecomposition(composer, c, parts.data(), room, &status) != 2 || U_FAILURE(status)) return false;
-  letter = ByteOf(parts[0]);
-  accent = ByteOf(parts[1]);
+  if (unorm2_getRawDecomposition(composer, c, parts.data(), parts.size(), &status) != 2 || U_FAILURE(status)) {
+    return false;
+  }
+  letter = ByteOfCharacter(parts[0]);
+  accent = ByteOfCharacter(parts[1]);
   return letter != 0 && letter < 0x7F && IsAccent(accent);
 }
 
@@ -69,7 +74,7 @@ Text FromIso6937(std::string_view bytes) {
   text.reserve(bytes.size());
   char16_t accent = 0;
   for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
+    const unsigned char byte = ByteOf(c);
     if (IsAccent(byte)) {
       if (accent != 0) text += kNone;
       accent = CharacterOf(byte);
@@ -82,7 +87,7 @@ Text FromIso6937(std::string_view bytes) {
     }
     const UChar32 whole = composer == nullptr ? -1 : unorm2_composePair(composer, letter, accent);
     if (whole > 0 && whole < 0x10000) {
-      text += static_cast<char16_t>(whole);
+      text += LowUnit(whole);
     } else {
       text += letter;
       text += accent;
@@ -96,20 +101,20 @@ Text FromIso6937(std::string_view bytes) {
 bool AppendIso6937(TextView text, std::string& out) {
   bool held = true;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    unsigned char letter = ByteOf(text[i]);
+    unsigned char letter = ByteOfCharacter(text[i]);
     unsigned char accent = 0;
     if (letter == 0 && !Decompose(text[i], letter, accent)) {
       held = false;
       letter = '?';
     }
     // An accent that stands behind its letter in the text.
-    const unsigned char behind = i + 1 < text.size() ? ByteOf(text[i + 1]) : static_cast<unsigned char>(0);
+    const unsigned char behind = i + 1 < text.size() ? ByteOfCharacter(text[i + 1]) : 0;
     if (accent == 0 && IsAccent(behind)) {
       accent = behind;
       ++i;
     }
-    if (accent != 0) out += static_cast<char>(accent);
-    out += static_cast<char>(letter);
+    if (accent != 0) out += LowByte(accent);
+    out += LowByte(letter);
   }
   return held;
 }

@@ -7,7 +7,7 @@
 
 namespace cuewright {
 
-/// Text of ISO 6937 bytes, where an accent stands in front of its letter. A byte that means nothing becomes U+FFFD.
+/// Text of ISO 6937 bytes, where an accent stands in front of its letter. An undefined byte becomes U+FFFD.
 Text FromIso6937(std::string_view bytes);
 
 /// Appends the bytes of a text. A character that the code lacks becomes "?", and the result is false.

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "text/icu_text.h"
+
 namespace cuewright {
 namespace {
 
@@ -30,10 +32,10 @@ void CapitaliseSentences(Text& text) {
   std::ranges::replace(flat, u'\n', u' ');
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UBreakIterator, decltype(&ubrk_close)> sentences(
-      ubrk_open(UBRK_SENTENCE, "", flat.data(), static_cast<std::int32_t>(flat.size()), &status), &ubrk_close);
+      ubrk_open(UBRK_SENTENCE, "", flat.data(), LengthForIcu(flat), &status), &ubrk_close);
   if (U_FAILURE(status) != 0) return Capitalise(text, 0);
   for (std::int32_t at = ubrk_first(sentences.get()); at != UBRK_DONE; at = ubrk_next(sentences.get())) {
-    Capitalise(text, static_cast<std::size_t>(at));
+    Capitalise(text, at);
   }
 }
 

@@ -12,7 +12,7 @@ namespace cuewright {
 /// Longest value that a profile read gives, in characters.
 inline constexpr std::size_t kLongestProfileValue = 254;
 
-/// A line of an INI text that says something: neither blank nor a remark, which begins with ";".
+/// A line of an INI text that is neither blank nor a remark, which begins with ";".
 struct ProfileLine {
   enum class Kind : std::uint8_t { Section, Value, Other };
 
@@ -27,7 +27,7 @@ class ProfileLines {
  public:
   explicit ProfileLines(TextView text) : rest_(text) {}
 
-  /// Takes the next line that says something; false at the end.
+  /// Takes the next line that is neither blank nor a remark; false at the end.
   bool Next(ProfileLine& line);
 
  private:
@@ -35,8 +35,8 @@ class ProfileLines {
   int number_ = 0;
 };
 
-/// The sections and keys of an INI text. Names are found whatever their case; of sections, and of keys in one, with
-/// the same name the first counts.
+/// The sections and keys of an INI text. Names are found whatever their case. Of two sections with the same name the
+/// first counts, and so it is with two keys in one section.
 class Profile {
  public:
   Profile() = default;

@@ -4,9 +4,10 @@
 #include <unicode/utf16.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "text/digits.h"
+#include "text/text_search.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -14,7 +15,7 @@ namespace {
 
 char16_t MapUnit(char16_t unit, UChar32 (*map)(UChar32)) {
   const UChar32 mapped = map(unit);
-  return mapped <= 0xFFFF ? static_cast<char16_t>(mapped) : unit;
+  return mapped <= 0xFFFF ? LowUnit(mapped) : unit;
 }
 
 template <class AsciiMap>
@@ -38,7 +39,7 @@ Text MapText(TextView text, AsciiMap ascii, UChar32 (*map)(UChar32)) {
 UChar32 Fold(UChar32 c) { return u_foldCase(c, U_FOLD_CASE_DEFAULT); }
 
 char16_t FoldUnit(char16_t unit) {
-  if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+  if (unit < 0x80) return LowerAscii(unit);
   return U16_IS_SURROGATE(unit) ? unit : MapUnit(unit, Fold);
 }
 
@@ -70,30 +71,18 @@ TextView TrimBlanks(TextView text) {
 
 bool IsBlank(TextView text) { return text.find_first_not_of(u' ') == TextView::npos; }
 
-Text ToUpper(TextView text) {
-  return MapText(
-      text, [](char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c; }, u_toupper);
-}
+Text ToUpper(TextView text) { return MapText(text, UpperAscii<char16_t>, u_toupper); }
 
-Text ToLower(TextView text) {
-  return MapText(
-      text, [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }, u_tolower);
-}
+Text ToLower(TextView text) { return MapText(text, LowerAscii<char16_t>, u_tolower); }
 
 std::size_t FindPlain(TextView text, TextView needle, std::size_t from) {
   if (needle.size() != 1 || needle[0] >= 0x80) return text.find(needle, from);
   // The library looks for a byte many times faster than for a unit.
-  const auto* const bytes = reinterpret_cast<const char*>(text.data());
-  const std::size_t size = text.size() * sizeof(char16_t);
-  for (std::size_t at = from * sizeof(char16_t); at < size;) {
-    const void* const hit = std::memchr(bytes + at, needle[0], size - at);
-    if (hit == nullptr) break;
-    const auto place = static_cast<std::size_t>(static_cast<const char*>(hit) - bytes);
-    const std::size_t unit = place / sizeof(char16_t);
-    if (text[unit] == needle[0]) return unit;
-    at = place + 1;
-  }
-  return TextView::npos;
+  const std::string_view bytes = StoredBytes(text);
+  const char byte = LowByte(needle[0]);
+  std::size_t hit = bytes.find(byte, from * sizeof(char16_t));
+  while (hit != std::string_view::npos && text[hit / sizeof(char16_t)] != needle[0]) hit = bytes.find(byte, hit + 1);
+  return hit == std::string_view::npos ? TextView::npos : hit / sizeof(char16_t);
 }
 
 std::size_t FindLoose(TextView text, TextView needle, std::size_t from) {
@@ -118,7 +107,7 @@ LooseNeedles::LooseNeedles(const std::vector<Text>& needles) {
       continue;
     }
     for (std::size_t unit = 0; unit < begins_.size(); ++unit) {
-      if (FoldUnit(static_cast<char16_t>(unit)) == folded.front()) begins_[unit] = true;
+      if (FoldUnit(LowUnit(unit)) == folded.front()) begins_[unit] = true;
     }
     folded_.push_back(std::move(folded));
   }
@@ -217,11 +206,6 @@ std::vector<Text> Split(TextView text, TextView separator) {
   }
   pieces.emplace_back(text.substr(at));
   return pieces;
-}
-
-Text Decimal(long long number) {
-  const std::string digits = std::to_string(number);
-  return Text(digits.begin(), digits.end());
 }
 
 }  // namespace cuewright

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,15 +31,15 @@ bool IsBlank(TextView text);
 Text ToUpper(TextView text);
 Text ToLower(TextView text);
 
-/// Position of `needle`, as it is, at or behind `from`; `TextView::npos` when it doesn't occur. Quick for the one plain
-/// character that most separators are.
+/// Position of `needle` at or behind `from`, case and all; `TextView::npos` when it doesn't occur. Quick for the one
+/// character of ASCII that most separators are.
 std::size_t FindPlain(TextView text, TextView needle, std::size_t from = 0);
 
 /// Position of `needle` at or behind `from`, ignoring the case of every letter that has one (simple
 /// folding); `TextView::npos` when it doesn't occur.
 std::size_t FindLoose(TextView text, TextView needle, std::size_t from = 0);
 
-/// Texts that are looked for at once, ignoring the case of every letter as `FindLoose` does.
+/// Several texts to look for in one go, ignoring the case of every letter as `FindLoose` does.
 class LooseNeedles {
  public:
   LooseNeedles() = default;
@@ -52,8 +53,8 @@ class LooseNeedles {
   bool AnyAt(TextView text, std::size_t at) const;
 
   std::vector<Text> folded_;
-  std::vector<Text> wide_;           ///< those with characters of two units
-  std::array<bool, 0x80> begins_{};  ///< a plain character with which one of them may begin
+  std::vector<Text> wide_;           ///< the needles with characters of two units
+  std::array<bool, 0x80> begins_{};  ///< by character of ASCII: a needle may begin with it
 };
 
 /// True when both texts are equal but for the case of letters.
@@ -65,10 +66,10 @@ Text ReplaceAll(TextView text, TextView from, TextView to);
 /// The text with the first `from` (exact) replaced.
 Text ReplaceFirst(TextView text, TextView from, TextView to);
 
-/// A value to stand in the text: a path or a negative number within right-to-left letters is kept in its own order by
-/// marks that aren't seen.
+/// A value that is to be put into the text. Within right-to-left letters a path or a negative number gets invisible
+/// marks around it, so that it still reads from left to right.
 Text InItsOrder(TextView text, TextView value);
-/// The same for a value that stands by itself where everything is read from the right.
+/// The same for a value that stands by itself where everything is read from right to left.
 Text InItsOrderFromRight(TextView value);
 
 /// The text with "%1" and "%2" filled in one pass, so that a "%1" inside a value is text.
@@ -81,6 +82,10 @@ Text WithoutAccessKey(TextView caption);
 std::vector<Text> Split(TextView text, TextView separator);
 
 /// A whole number as decimal text.
-Text Decimal(long long number);
+template <std::integral Number>
+Text Decimal(Number number) {
+  const std::string digits = std::to_string(number);
+  return Text(digits.begin(), digits.end());
+}
 
 }  // namespace cuewright

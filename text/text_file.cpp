@@ -5,12 +5,13 @@
 #include <optional>
 #include <utility>
 
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
 namespace {
 
-/// UTF-16 and UTF-32 are turned in pieces of this many bytes.
+/// UTF-16 and UTF-32 are turned into UTF-8 in pieces of this many bytes.
 constexpr std::size_t kPiece = 1 << 16;
 /// Bytes of a file that are looked at for zeros.
 constexpr std::size_t kZerosLookedFor = 4096;
@@ -27,7 +28,7 @@ std::array<std::size_t, Width> ZerosByPlace(std::string_view head) {
   return zeros;
 }
 
-/// UTF-32 when of four bytes two are zero and hardly the one that tells letters apart.
+/// UTF-32 when of every four bytes the highest one is zero, the next nearly always, and the lowest hardly ever.
 std::optional<int> Utf32WithoutMark(std::string_view bytes) {
   const std::string_view head = bytes.substr(0, kZerosLookedFor);
   if (bytes.size() % 4 != 0 || bytes.size() < 8) return {};
@@ -38,8 +39,8 @@ std::optional<int> Utf32WithoutMark(std::string_view bytes) {
   return {};
 }
 
-/// UTF-16 when every second byte or nearly so is zero and hardly another one, as in the digits and marks of a subtitle;
-/// UTF-32 in the same way; else UTF-8. Text of bytes has no zeros.
+/// UTF-32 as above; UTF-16 when many of the high bytes are zero, as in the digits and marks of a subtitle, and hardly
+/// any of the low ones; else UTF-8. A text of one byte a unit has no zeros.
 int WideWithoutMark(std::string_view bytes) {
   if (const std::optional<int> wider = Utf32WithoutMark(bytes)) return *wider;
   const std::string_view head = bytes.substr(0, kZerosLookedFor);
@@ -51,7 +52,7 @@ int WideWithoutMark(std::string_view bytes) {
   return kCodePageUtf8;
 }
 
-/// Lines of the file end at LF as well as at CR or CR LF.
+/// True when some lines end at LF alone and the file has a CR as well.
 bool HasBothEnds(std::string_view bytes) {
   if (bytes.find('\r') == std::string_view::npos) return false;
   for (std::size_t at = bytes.find('\n'); at != std::string_view::npos; at = bytes.find('\n', at + 1)) {
@@ -154,7 +155,7 @@ void TextFile::TurnIntoUtf8() {
     if (held != 0) piece[count++] = held;
     count += codec->Decode(source.substr(at, kPiece), std::span(piece).subspan(count));
     held = 0;
-    if (count != 0 && (piece[count - 1] & 0xFC00) == 0xD800) held = piece[--count];
+    if (count != 0 && IsLead(piece[count - 1])) held = piece[--count];
     AppendUtf8(TextView(piece).substr(0, count), turned, Surrogates::AreKept);
   }
   if (held != 0) AppendUtf8({&held, 1}, turned, Surrogates::AreKept);

@@ -18,7 +18,7 @@ inline constexpr std::uint64_t kLargestTextFile = 256ULL << 20;
 /// Longest line that is decoded, in bytes; what lies behind is left out.
 inline constexpr std::size_t kLongestLine = 16 << 20;
 
-/// Decoded text in a buffer that is used again for the next one.
+/// Decoded text in a buffer that is used again for the next line.
 class LineBuffer {
  public:
   TextView View() const { return {units_.get(), size_}; }
@@ -41,13 +41,13 @@ class LineBuffer {
 };
 
 /// The bytes of a text file with what was found out about them: encoding, mark and line ends. Lines are handed out
-/// as bytes and decoded only where somebody looks at them.
+/// as bytes, so that only those that are needed as text are decoded.
 class TextFile {
  public:
   /// Classic: the bytes are text of the system's code page, a mark among them, and a line ends at CR or CR LF.
   static TextFile Classic(std::string bytes, const Encodings& encodings);
 
-  /// Which encoding a file is taken for that doesn't tell.
+  /// What a file counts as that has no mark and, as UTF-8, no character of several bytes.
   enum class Untold {
     SystemsCodePage,  ///< ASCII is text of the system's code page, and so is anything that is no UTF-8
     Unicode           ///< ASCII is UTF-8, UTF-16 and UTF-32 without a mark are known by their zeros
@@ -80,7 +80,7 @@ class TextFile {
   /// A line was cut since the file was opened.
   bool LineWasCut() const { return cutPlace_ != 0; }
 
-  /// The place behind the lines that were read, and behind the line that was cut last.
+  /// The place, in bytes, behind the lines that were read, and the one behind the line that was cut last.
   std::size_t Place() const { return at_; }
   std::size_t CutPlace() const { return cutPlace_; }
   /// How many lines lie before a place; reads the file up to there.
@@ -95,9 +95,9 @@ class TextFile {
   /// How many of `Bytes` lie before the next line.
   std::size_t BytesRead() const { return at_ - start_; }
 
-  /// What is left from the next line on, for parsers that look ahead.
+  /// All bytes from the next line on, for parsers that look ahead.
   std::string_view Rest() const { return std::string_view(bytes_).substr(at_); }
-  /// Marks of ASCII can be looked for in the bytes.
+  /// A byte below 128 is that ASCII character wherever it stands, so that marks can be looked for in the bytes.
   bool AsciiIsPlain() const { return codec_ == nullptr || codec_->AsciiIsPlain(); }
   /// Lines end at either of CR and LF.
   bool EndsMix() const { return endsMix_; }
@@ -139,7 +139,7 @@ class TextFile {
   std::size_t at_ = 0;
   DocumentEncoding encoding_;
   std::shared_ptr<const Codec> codec_;              // null: UTF-8
-  Surrogates surrogates_ = Surrogates::AreInvalid;  // kept in UTF-8 that was made of UTF-16
+  Surrogates surrogates_ = Surrogates::AreInvalid;  // UTF-8 that was made of UTF-16 keeps them
   char lineEnd_ = '\r';
   bool doubledReturn_ = false;
   bool endsMix_ = false;

@@ -7,16 +7,14 @@
 
 #include "text/digits.h"
 #include "text/simd.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
 
-/// The same character in lower case; only ASCII has to be told apart here.
-char16_t LowerAscii(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-
 bool IsCaseless(char16_t c) { return c < 0x80 && !(LowerAscii(c) >= u'a' && LowerAscii(c) <= u'z'); }
 
-/// Of those, the ones that are not in every line.
+/// A character without case that does not stand in nearly every line.
 bool IsRare(char16_t c) { return IsCaseless(c) && c != u' ' && c != u'0'; }
 
 bool IsAsciiText(TextView text) {
@@ -88,7 +86,7 @@ Needle::Needle(Text text) : text_(std::move(text)) {
   auto anchor = std::find_if(text_.begin(), text_.end(), IsRare);
   if (anchor == text_.end()) anchor = std::find_if(text_.begin(), text_.end(), IsCaseless);
   anchored_ = anchor != text_.end() && (!cased_ || IsAsciiText(text_));
-  anchor_ = static_cast<std::size_t>(anchor - text_.begin());
+  anchor_ = anchor - text_.begin();
 }
 
 bool Needle::MatchesAt(TextView text, std::size_t at) const {
@@ -136,16 +134,14 @@ void Needle::Replace(Text& text, TextView to) const {
 
 std::size_t FindExact(TextView text, TextView needle, std::size_t from) {
   if (needle.empty()) return from <= text.size() ? from : TextView::npos;
-  const char* const start = reinterpret_cast<const char*>(text.data());
-  const char* const end = start + text.size() * sizeof(char16_t);
-  const char* at = start + std::min(from, text.size()) * sizeof(char16_t);
-  for (;;) {
-    const void* const hit =
-        ::memmem(at, static_cast<std::size_t>(end - at), needle.data(), needle.size() * sizeof(char16_t));
+  const std::string_view bytes = StoredBytes(text);
+  const std::string_view wanted = StoredBytes(needle);
+  for (std::size_t at = std::min(from, text.size()) * sizeof(char16_t);;) {
+    const void* const hit = ::memmem(bytes.data() + at, bytes.size() - at, wanted.data(), wanted.size());
     if (hit == nullptr) return TextView::npos;
-    const auto offset = static_cast<std::size_t>(static_cast<const char*>(hit) - start);
+    const std::size_t offset = static_cast<const char*>(hit) - bytes.data();
     if (offset % sizeof(char16_t) == 0) return offset / sizeof(char16_t);
-    at = start + offset + 1;
+    at = offset + 1;
   }
 }
 
@@ -175,7 +171,7 @@ void Exchange(Text& text, TextView from, TextView to) {
     text = ReplaceAll(text, from, to);
     return;
   }
-  std::size_t end = hit;  // of what is done; it never passes the place that is read
+  std::size_t end = hit;  // behind what has been written; it never passes the place that is read next
   while (hit != TextView::npos) {
     to.copy(text.data() + end, to.size());
     end += to.size();

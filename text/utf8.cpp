@@ -6,14 +6,13 @@
 #include <cstring>
 
 #include "text/simd.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
 
 constexpr char16_t kEscapeBase = 0xDC00;
 
-bool IsLead(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsTrail(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
 const unsigned char* FirstByte(std::string_view bytes) { return reinterpret_cast<const unsigned char*>(bytes.data()); }
@@ -36,7 +35,7 @@ const unsigned char* SkipAscii(const unsigned char* at, const unsigned char* end
 
 /// Length of the sequence of two to four bytes at `at`, 0 when there is no valid one.
 std::size_t SequenceLength(const unsigned char* at, const unsigned char* end, Surrogates surrogates) {
-  const auto left = static_cast<std::size_t>(end - at);
+  const std::size_t left = end - at;
   const unsigned char lead = *at;
   if (lead < 0xC2 || left < 2 || !IsContinuation(at[1])) return 0;
   if (lead < 0xE0) return 2;
@@ -53,14 +52,13 @@ std::size_t SequenceLength(const unsigned char* at, const unsigned char* end, Su
 
 char16_t* PutSequence(const unsigned char* at, std::size_t length, char16_t* out) {
   if (length == 2) {
-    *out++ = static_cast<char16_t>(((at[0] & 0x1Fu) << 6) | (at[1] & 0x3Fu));
+    *out++ = LowUnit(((at[0] & 0x1Fu) << 6) | (at[1] & 0x3Fu));
   } else if (length == 3) {
-    *out++ = static_cast<char16_t>(((at[0] & 0x0Fu) << 12) | ((at[1] & 0x3Fu) << 6) | (at[2] & 0x3Fu));
+    *out++ = LowUnit(((at[0] & 0x0Fu) << 12) | ((at[1] & 0x3Fu) << 6) | (at[2] & 0x3Fu));
   } else {
-    const std::uint32_t c =
-        ((at[0] & 0x07u) << 18) | ((at[1] & 0x3Fu) << 12) | ((at[2] & 0x3Fu) << 6) | (at[3] & 0x3Fu);
-    *out++ = static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-    *out++ = static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+    const char32_t c = ((at[0] & 0x07u) << 18) | ((at[1] & 0x3Fu) << 12) | ((at[2] & 0x3Fu) << 6) | (at[3] & 0x3Fu);
+    *out++ = LeadOf(c);
+    *out++ = TrailOf(c);
   }
   return out;
 }
@@ -71,7 +69,7 @@ void WidenRun(const unsigned char*& at, const unsigned char* end, char16_t*& out
   while (slack ? at < end : end - at >= 16) {
     const Block bytes = LoadBlock(at);
     WidenBlock(bytes, out);
-    const auto run = static_cast<std::ptrdiff_t>(FirstBit(BitsOf(bytes) | 0x10000u));
+    const std::ptrdiff_t run = FirstBit(BitsOf(bytes) | 0x10000u);
     const std::ptrdiff_t count = std::min(run, end - at);
     at += count, out += count;
     if (count < 16) return;
@@ -104,12 +102,12 @@ void NarrowRun(const char16_t*& at, const char16_t* end, char*& out) {
     }
   }
 #endif
-  while (at != end && *at < 0x80) *out++ = static_cast<char>(*at++);
+  while (at != end && *at < 0x80) *out++ = LowByte(*at++);
 }
 
 /// Puts the character of more than one byte at `at` and moves both places behind it.
 void PutUnit(const char16_t*& at, const char16_t* end, char*& out, Surrogates surrogates) {
-  const auto put = [&](std::uint32_t value) { *out++ = static_cast<char>(value); };
+  const auto put = [&](std::uint32_t value) { *out++ = LowByte(value); };
   const auto putThree = [&](std::uint32_t c) {
     put(0xE0 | (c >> 12)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
   };
@@ -117,23 +115,23 @@ void PutUnit(const char16_t*& at, const char16_t* end, char*& out, Surrogates su
   if (unit < 0x800) {
     put(0xC0u | (unit >> 6)), put(0x80u | (unit & 0x3Fu));
   } else if (IsLead(unit) && at != end && IsTrail(*at)) {
-    const std::uint32_t c = 0x10000u + ((unit & 0x3FFu) << 10) + (*at++ & 0x3FFu);
+    const char32_t c = CharacterOfPair(unit, *at++);
     put(0xF0 | (c >> 18)), put(0x80 | ((c >> 12) & 0x3F)), put(0x80 | ((c >> 6) & 0x3F)), put(0x80 | (c & 0x3F));
   } else if (surrogates == Surrogates::AreKept || (!IsLead(unit) && !IsTrail(unit))) {
     putThree(unit);
   } else {
-    put(unit >= 0xDC80 && unit <= 0xDCFF ? static_cast<std::uint32_t>(unit - kEscapeBase) : U'?');
+    put(unit >= 0xDC80 && unit <= 0xDCFF ? unit - kEscapeBase : '?');
   }
 }
 
 #if defined(__SSE2__)
 
-/// A bit a byte for 64 bytes: which are continuations, and which lead how long a sequence.
+/// What 64 bytes are, as a bit for each of them.
 struct BlockMasks {
   std::uint64_t high = 0;          // above 127
   std::uint64_t continuation = 0;  // 80 to BF
   std::uint64_t three = 0;         // leads of three bytes
-  bool doubtful = false;           // some byte leads four, or is valid with some second bytes only, or never
+  bool doubtful = false;           // a byte that leads four, that only some second bytes may follow, or never valid
 };
 
 BlockMasks MasksOf(const unsigned char* at) {
@@ -157,12 +155,12 @@ BlockMasks MasksOf(const unsigned char* at) {
   return masks;
 }
 
-/// The place behind all blocks that are valid beyond doubt; it is never inside a sequence.
+/// The place behind all blocks that these masks prove valid; it is never inside a sequence.
 const unsigned char* SkipCheckedBlocks(const unsigned char* at, const unsigned char* end) {
   while (end - at >= 64) {
     const BlockMasks masks = MasksOf(at);
     if (masks.doubtful) return at;
-    // A sequence that the block's end may cut is left for the next one; it has at most three bytes.
+    // A sequence that the block's end may cut, of at most three bytes, is left for the next block.
     int length = 64;
     while (length > 61 && (masks.high >> (length - 1) & 1) != 0) {
       --length;
@@ -219,7 +217,7 @@ LineExtent FindLineEnd(std::string_view bytes, char end) {
   }
 #endif
   for (; found.length < bytes.size() && bytes[found.length] != end; ++found.length) {
-    found.ascii = found.ascii && static_cast<unsigned char>(bytes[found.length]) < 0x80;
+    found.ascii = found.ascii && ByteOf(bytes[found.length]) < 0x80;
   }
   return found;
 }
@@ -238,13 +236,13 @@ std::size_t DecodeUtf8(std::string_view bytes, std::span<char16_t> room, Surroga
       }
       const std::size_t length = SequenceLength(at, end, surrogates);
       if (length == 0) {
-        *out++ = static_cast<char16_t>(kEscapeBase + *at++);
+        *out++ = LowUnit(kEscapeBase + *at++);
       } else {
         out = PutSequence(at, length, out);
         at += length;
       }
     }
-    if (at == end) return static_cast<std::size_t>(out - room.data());
+    if (at == end) return out - room.data();
   }
 }
 
@@ -262,7 +260,7 @@ std::size_t EncodeUtf8(TextView text, std::span<char> room, Surrogates surrogate
     NarrowRun(at, end, out);
     while (at != end && *at >= 0x80) PutUnit(at, end, out, surrogates);
   }
-  return static_cast<std::size_t>(out - room.data());
+  return out - room.data();
 }
 
 void AppendUtf8(TextView text, std::string& out, Surrogates surrogates) {

@@ -27,13 +27,13 @@ struct LineExtent {
 /// Looks for the first `end`; without one the line goes to the end of the bytes.
 LineExtent FindLineEnd(std::string_view bytes, char end);
 
-/// What becomes of surrogates that are no half of a pair. UTF-16 files may hold such, and are kept as UTF-8 in memory.
+/// What becomes of surrogates that are no half of a pair. UTF-16 files, which are UTF-8 in memory, may hold such ones.
 enum class Surrogates {
   AreInvalid,
   AreKept,  ///< as sequences of three bytes
 };
 
-/// Units that must be free for decoding so many bytes: one a byte, and one block beside, since whole blocks are
+/// Units that must be free for decoding so many bytes: one a byte, and a block of 16 more, since whole blocks are
 /// written.
 constexpr std::size_t DecodedRoom(std::size_t bytes) { return bytes + 16; }
 /// Bytes that must be free for encoding so many units, for the same reason.

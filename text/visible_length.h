@@ -4,8 +4,8 @@
 
 namespace cuewright {
 
-/// How many characters a reader sees: marks that stand on others and characters without width count for nothing, wide
-/// ones for two where that is asked.
+/// How many characters a reader sees: combining marks and characters without width count for nothing; with
+/// `wideLetters` the wide characters of East Asian scripts count for two.
 int VisibleLength(TextView text, bool wideLetters);
 
 }  // namespace cuewright

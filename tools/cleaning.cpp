@@ -10,6 +10,7 @@
 
 #include "core/counting.h"
 #include "text/icu_text.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -57,19 +58,20 @@ void Cleaner::ApplyRules(CleaningKind kind) {
     std::int32_t behind = 0;
     while (pattern.matcher->find(status) && U_SUCCESS(status)) {
       const std::int32_t from = pattern.matcher->start(status);
-      const std::int32_t to = pattern.matcher->end(status);
+      const std::size_t at = from;
+      const std::size_t end = pattern.matcher->end(status);
       icu::UnicodeString out;
       pattern.matcher->appendReplacement(out, with, status);
       const icu::UnicodeString own = out.tempSubString(from - behind);
-      behind = to;
-      changes.push_back({static_cast<std::size_t>(from), static_cast<std::size_t>(to), TextOf(own)});
+      behind = pattern.matcher->end(status);
+      changes.push_back({at, end, TextOf(own)});
     }
     if (U_SUCCESS(status) && !changes.empty()) seen_.Apply(changes);
   }
 }
 
-/// Quotation marks open and close by turns; in a caption with an odd number of them none is touched, since the other
-/// one stands in a neighbour.
+/// Quotation marks open and close by turns. In a caption with an odd number of them none is touched, since one of a
+/// pair stands in a neighbouring caption.
 void Cleaner::ApplyQuotes() {
   if (data_.openingQuote.empty()) return;
   const TextView text = seen_.View();
@@ -77,7 +79,7 @@ void Cleaner::ApplyQuotes() {
   bool opens = true;
   for (std::size_t at = text.find_first_of(kQuotes); at != TextView::npos; at = text.find_first_of(kQuotes, at + 1)) {
     SeenText::Change change{at, at + 1, opens ? data_.openingQuote : data_.closingQuote};
-    // A mark that brings its blank takes the place of those that stand there.
+    // A mark that has a blank of its own replaces the blanks that stand beside it.
     const bool brings = change.text.size() > 1;
     while (brings && opens && change.to < text.size() && kBlanks.find(text[change.to]) != TextView::npos) ++change.to;
     while (brings && !opens && change.from > 0 && kBlanks.find(text[change.from - 1]) != TextView::npos) --change.from;
@@ -109,7 +111,7 @@ void Cleaner::ApplyWords(const std::unordered_map<Text, Text>& words) {
   if (!changes.empty()) seen_.Apply(changes);
 }
 
-/// The first letter of each sentence; with `begins` the caption begins one.
+/// Makes the first letter of each sentence a capital; with `begins` the caption begins a sentence.
 void Cleaner::ApplySentences(bool begins) {
   const TextView text = seen_.View();
   std::vector<SeenText::Change> changes;
@@ -132,7 +134,7 @@ void Cleaner::ApplySentences(bool begins) {
     if (kOpening.find(c) != TextView::npos || kClosing.find(c) != TextView::npos) continue;
     const UChar32 capital = u_toupper(c);
     if (first && u_islower(c) != 0 && capital != c && capital <= 0xFFFF) {
-      changes.push_back({at, at + 1, Text(1, static_cast<char16_t>(capital))});
+      changes.push_back({at, at + 1, Text(1, LowUnit(capital))});
     }
     first = false;
     end = TextView::npos;
@@ -140,7 +142,7 @@ void Cleaner::ApplySentences(bool begins) {
   if (!changes.empty()) seen_.Apply(changes);
 }
 
-/// Takes out lines of which nothing but dashes is left, and the dash of the one speaker who is left.
+/// Removes lines of which nothing but dashes is left, and the dash where a single speaker is left.
 void Cleaner::DropEmptyLines() {
   const std::vector<Text> lines = Split(seen_.View(), u"\n");
   std::vector<Text> kept;

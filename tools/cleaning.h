@@ -14,17 +14,17 @@
 
 namespace cuewright {
 
-/// Which kinds are cleaned.
+/// The kinds of cleaning that are switched on.
 using CleaningChoice = std::array<bool, kCleaningKinds>;
 
 /// Cleans texts. Marks stay at their places, unless they are what is cleaned.
 class Cleaner {
  public:
-  /// The data outlives this.
+  /// The data must outlive this.
   Cleaner(const CleaningData& data, const CleaningChoice& choice);
   ~Cleaner();
 
-  /// What cleaning these rows changes, in their order.
+  /// The changes that cleaning these rows would make, in the order of the rows.
   std::vector<Proposal> Propose(const CaptionList& list, std::span<const Row> rows);
 
  private:

@@ -24,7 +24,7 @@ constexpr KindName kRuleNames[] = {{u"blanks", CleaningKind::Blanks},
                                    {u"capitals", CleaningKind::Capitals},
                                    {u"letters", CleaningKind::Letters}};
 
-/// A rule of its columns; what is wrong with them, or nothing.
+/// Makes a rule of its columns; what is wrong with them, or nothing.
 std::string AddRule(const std::vector<Text>& columns, CleaningData& data) {
   const auto* const kind = std::ranges::find(kRuleNames, columns.front(), &KindName::name);
   if (kind == std::end(kRuleNames)) return "there is no '" + ToUtf8(columns.front()) + "'";

@@ -14,9 +14,9 @@ namespace cuewright {
 /// What can be cleaned.
 enum class CleaningKind : std::uint8_t {
   Blanks,        ///< blanks that stand twice, at an end of a line or in front of punctuation
-  Dashes,        ///< dashes that the language writes otherwise
+  Dashes,        ///< dashes that the language writes in another way
   Quotes,        ///< quotation marks that aren't the language's
-  Descriptions,  ///< sounds and speakers described for who doesn't hear
+  Descriptions,  ///< sounds and speakers described for people who don't hear well
   Tags,          ///< all marks of style and place
   Capitals,      ///< sentences that begin with a small letter, words that never do
   Letters,       ///< letters mistaken by optical reading
@@ -29,13 +29,13 @@ struct CleaningRule {
   CleaningKind kind = CleaningKind::Blanks;
   Text pattern;
   Text with;     ///< "$1" is a group of the pattern
-  Text needing;  ///< only a text with one of these characters can hold it; empty: any
+  Text needing;  ///< only a text with one of these characters can match; empty: any text can
 };
 
 /// What is cleaned in a language.
 struct CleaningData {
   std::vector<CleaningRule> rules;
-  std::unordered_map<Text, Text> words;     ///< misread words and what they are
+  std::unordered_map<Text, Text> words;     ///< misread words, and the words that they should be
   std::unordered_map<Text, Text> capitals;  ///< words in small letters that have capitals
   Text openingQuote;                        ///< empty: quotation marks are left alone
   Text closingQuote;
@@ -52,10 +52,10 @@ class CleaningShelf {
   /// `folder` holds "cleaning".
   CleaningShelf(const Files& files, TextView folder) : files_(files), folder_(folder) {}
 
-  /// The languages that have data of their own, as two letters, in order.
+  /// The languages that have data of their own, as two letters each, in alphabetical order.
   std::vector<Text> Languages() const;
-  /// What is cleaned in a language; in one without data of its own, and the empty one, what is in all. Empty, with the
-  /// reason, when a file can't be read.
+  /// The data for a language; for one without data of its own, and for the empty name, the data for all languages.
+  /// Nothing, with the reason, when a file can't be read.
   std::optional<CleaningData> Read(TextView language, std::string& problem) const;
 
  private:

@@ -23,7 +23,7 @@ int CountBelowZero(const CaptionList& list, Ms delay) {
 
 void ShiftCaptions(CaptionList& list, Ms delay) {
   std::vector<CaptionTimes> times;
-  times.reserve(static_cast<std::size_t>(list.Count()));
+  times.reserve(list.Count());
   bool any = false;
   for (Row row = 1; row < list.Rows(); ++row) {
     CaptionTimes own = list.TimesAt(row);
@@ -42,7 +42,7 @@ void ShiftCaptions(CaptionList& list, Ms delay) {
 
 void ClearAllTiming(CaptionList& list) {
   const EditScope scope(list, EditKind::ResetTiming);
-  std::vector<CaptionTimes> times(static_cast<std::size_t>(list.Count()));
+  std::vector<CaptionTimes> times(list.Count());
   list.Retime(1, times);
   list.SetModified();
 }

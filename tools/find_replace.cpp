@@ -5,22 +5,23 @@
 
 #include "core/counting.h"
 #include "core/seen_text.h"
+#include "tools/text_changes.h"
 
 namespace cuewright {
 namespace {
 
-/// A text in the shape in which texts are compared.
+/// A text as it is compared: without line breaks and, unless case counts, in lower case.
 Text Shaped(Text text, const FindOptions& options) {
   if (!options.matchCase) text = ToLower(text);
   return options.entireWord ? u" " + text + u" " : text;
 }
 
-/// True when marks are no part of what is searched: they aren't shown either.
+/// True when marks are not searched, since they aren't shown either.
 bool MarksAreHidden(const CaptionList& list) {
   return list.Options().manner.KeepsStylesWithin() && !list.Options().rawMarks;
 }
 
-/// A caption's text in that shape, with one more blank at each end.
+/// A caption's text as it is compared, with one more blank at each end.
 Text Padded(const CaptionList& list, Row row, const FindOptions& options) {
   const Text text = MarksAreHidden(list) ? list.GetSeenText(row) : list.At(row).text;
   const TextView blanks = options.entireWord ? u"  " : u" ";
@@ -34,10 +35,10 @@ Text Padded(const CaptionList& list, Row row, const FindOptions& options) {
   return options.matchCase ? padded : ToLower(padded);
 }
 
-/// The text without the blank more at each end.
+/// The text without those two blanks.
 TextView Flat(TextView padded) { return padded.substr(1, padded.size() - 2); }
 
-/// What is looked for, in the shape of the texts that it is looked for in.
+/// What is looked for, in the form in which texts are compared.
 class Needle {
  public:
   explicit Needle(const FindOptions& options)
@@ -81,7 +82,7 @@ struct FlatText {
   }
 
   Text shaped;
-  std::vector<std::size_t> origins;  ///< one more than `shaped` has units: where the text ends
+  std::vector<std::size_t> origins;  ///< one for each unit of `shaped`, and the end of the text
 
  private:
   void Lower() {
@@ -106,7 +107,8 @@ struct FlatText {
   }
 };
 
-/// The hits in a text as changes of it. Blanks that bound a word are no part of the hit, and two words may share one.
+/// The hits in a text as changes of it. The blanks around a word are no part of the hit, and a blank may serve two
+/// words.
 std::vector<SeenText::Change> ChangesOf(TextView text, const Text& separator, const FindOptions& options,
                                         const Needle& needle, TextView replacement) {
   const FlatText flat(text, separator, options.matchCase);
@@ -119,16 +121,6 @@ std::vector<SeenText::Change> ChangesOf(TextView text, const Text& separator, co
     hit = needle.At(searched, hit + needle.Size() - bound);
   }
   return changes;
-}
-
-Text WithChanges(TextView text, const std::vector<SeenText::Change>& changes) {
-  Text result;
-  std::size_t from = 0;
-  for (const SeenText::Change& change : changes) {
-    result.append(text, from, change.from - from).append(change.text);
-    from = change.to;
-  }
-  return result.append(text, from);
 }
 
 /// The text with each hit replaced and everything else as it was.
@@ -157,7 +149,7 @@ class Stores {
 
   void Add(Row row, Text text) {
     const Caption& old = list_.At(row);
-    // As storing a text does: one that ends in the separator is dropped.
+    // Storing a text does the same: a text that ends in the separator is dropped.
     const Text& separator = list_.Options().lineSeparator;
     if (text == old.text || (!separator.empty() && text.ends_with(separator))) return;
     if (row != first_ + CountOf(rows_)) Flush();
@@ -209,7 +201,7 @@ std::int16_t FindInCaptions(CaptionList& list, const FindOptions& options, bool 
   }
   if (found.empty()) return 0;
   const EditScope scope(list, replaceAll ? EditKind::ReplaceAll : EditKind::Replace);
-  // The selection comes first: what the window shows of the row is its text before.
+  // The row is selected before its text changes, so that the window still shows the old text.
   if (found.back().first != list.Selected()) list.MoveSelection(found.back().first);
   Stores stores(list);
   for (auto& [row, text] : found) stores.Add(row, std::move(text));

@@ -9,7 +9,7 @@ namespace {
 
 /// How many characters a caption is expected to get that has none yet.
 constexpr int kUsualLength = 30;
-/// Less room than this is none.
+/// A gap in ms that is shorter than this gets no caption with times.
 constexpr Ms kLeastRoom = 100;
 /// A caption that starts at 0 counts as one without times.
 constexpr Ms kFirstStart = 1;
@@ -36,7 +36,7 @@ CaptionTimes TimesAbove(const CaptionList& list, Row row) {
   const Ms begin = std::max(EndBefore(list, row - 1), kFirstStart);
   const Ms end = list.GetCaptionStart(row);
   const CaptionTimes times = FirstOf(list, begin, end);
-  // The room right before the row is taken, not that behind the caption before it.
+  // The caption ends where the row begins, rather than beginning where the caption before it ends.
   return times.end == 0 ? times : CaptionTimes{end - (times.end - times.start), end};
 }
 

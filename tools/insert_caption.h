@@ -9,18 +9,19 @@ namespace cuewright {
 
 enum class Side : std::uint8_t { Above, Below };
 
-/// Puts a caption without text above or below a row in range, beside it in time: as long as suits a line of text, but
-/// never over the next caption with times. It has no times where the row has none or no room is left. The new row.
+/// Inserts a caption without text above or below a row in range, right before or after it in time: as long as suits a
+/// line of text, but not into the next caption with times. It gets no times where the row has none or no room is left.
+/// Returns the new row.
 Row InsertBeside(CaptionList& list, Row row, Side side);
 
-/// Puts a caption without text where it belongs by its start, which is this time in ms. Nothing happens when another
-/// stands there already or begins at once.
+/// Inserts a caption without text that starts at this time in ms, at the row where it belongs by its start. Nothing
+/// happens when another caption is there at that time or begins right behind it.
 std::optional<Row> InsertAt(CaptionList& list, Ms ms);
 
-/// Puts a caption without text where it belongs by its start, with these times. The new row.
+/// Inserts a caption without text with these times, at the row where it belongs by its start. Returns the new row.
 Row InsertStretchAt(CaptionList& list, CaptionTimes times);
 
-/// Puts a copy of a row in range below it.
+/// Inserts a copy of a row in range below that row.
 void DuplicateCaption(CaptionList& list, Row row);
 
 }  // namespace cuewright

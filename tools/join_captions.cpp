@@ -34,7 +34,7 @@ Tags TagsOf(const CaptionList& list, TextView marker) {
   return {};
 }
 
-/// The markers that all these texts bear as a whole.
+/// The markers of the whole caption that all these texts have in common.
 std::vector<TextView> SharedMarkers(const std::vector<Text>& texts) {
   std::vector<TextView> shared;
   for (const TextView marker : kStyleMarkers) {
@@ -45,7 +45,8 @@ std::vector<TextView> SharedMarkers(const std::vector<Text>& texts) {
   return shared;
 }
 
-/// The text without the markers of the whole caption, where those that it doesn't share mean all of it as a part.
+/// The text without its markers of the whole caption; a style that not all texts have is given to the whole of this
+/// text by tags.
 Text AsPart(const CaptionList& list, const Text& text, const std::vector<TextView>& shared) {
   const WholeMarkers whole = FindWholeMarkers(text);
   Text part(whole.Inner(text));

@@ -12,7 +12,7 @@ int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposa
   const Row first = proposals.front().row;
   const Row last = proposals.back().row;
   std::vector<Caption> rows;
-  rows.reserve(static_cast<std::size_t>(last - first + 1));
+  rows.reserve(last - first + 1);
   auto next = proposals.begin();
   for (Row row = first; row <= last; ++row) {
     if (row != next->row) {
@@ -31,7 +31,7 @@ int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposa
 }
 
 std::vector<Row> AllRows(const CaptionList& list) {
-  std::vector<Row> rows(static_cast<std::size_t>(list.Count()));
+  std::vector<Row> rows(list.Count());
   std::iota(rows.begin(), rows.end(), 1);
   return rows;
 }

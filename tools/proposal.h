@@ -11,13 +11,13 @@ namespace cuewright {
 /// A change of one caption that is shown before it is made.
 struct Proposal {
   Row row = 0;
-  std::optional<Caption> after;  ///< nothing: the caption goes
+  std::optional<Caption> after;  ///< nothing: the caption is removed
 
   bool operator==(const Proposal&) const = default;
 };
 
-/// Makes the changes, which are in order of their rows with one a row at most, as one command and one change of the
-/// list. Gives how many captions changed or went.
+/// Makes the changes, at most one for each row and in the order of their rows, as one command and one change of the
+/// list. Returns how many captions were changed or removed.
 int CarryOut(CaptionList& list, EditKind kind, std::span<const Proposal> proposals);
 
 /// All rows of a list, for what is done to all.

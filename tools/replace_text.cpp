@@ -12,6 +12,7 @@
 #include "core/counting.h"
 #include "core/seen_text.h"
 #include "text/icu_text.h"
+#include "tools/text_changes.h"
 
 namespace cuewright {
 namespace {
@@ -35,8 +36,9 @@ bool BeginsWithAnyWord(TextView pattern) {
   return rest.find(u'|') == TextView::npos;
 }
 
-/// The same pattern, which the library tries from the beginning of a word alone. Where it doesn't match from there it
-/// doesn't from the letters behind either, of which each would be tried as far as the word goes.
+/// The same pattern, made to be tried from the beginnings of words alone. Where it doesn't match there, it doesn't
+/// match from the letters behind either, and trying each of them to the word's end would take time by the square of its
+/// length.
 Text FromBeginningsOfWords(const Text& pattern) { return u"(?:\\G|(?<!\\w))" + pattern; }
 
 /// The pattern of an order, as the library takes it with `flags`.
@@ -50,16 +52,6 @@ Text PatternOf(const ReplaceOrder& order, std::uint32_t& flags) {
   constexpr TextView kNoWordBefore = u"(?<![\\p{L}\\p{M}\\p{N}_])(?:";
   constexpr TextView kNoWordBehind = u")(?![\\p{L}\\p{M}\\p{N}_])";
   return Text(kNoWordBefore) + (order.regex ? order.find : QuotedPattern(order.find)) + Text(kNoWordBehind);
-}
-
-Text WithChanges(TextView text, const std::vector<SeenText::Change>& changes) {
-  Text result;
-  std::size_t from = 0;
-  for (const SeenText::Change& change : changes) {
-    result.append(text, from, change.from - from).append(change.text);
-    from = change.to;
-  }
-  return result.append(text, from);
 }
 
 }  // namespace
@@ -77,7 +69,7 @@ struct TextReplacer::Engine {
   Text plain;         // a text without marks, LF between its lines
   TextView searched;  // the text as it is seen
   icu::UnicodeString with;
-  bool withGroups = false;  // it isn't taken as it stands
+  bool withGroups = false;  // the replacement may name groups
   SeenText visible;
   std::vector<SeenText::Change> changes;
 };
@@ -119,7 +111,7 @@ void TextReplacer::TakeProblemOf(const TextReplacer& other) {
 
 /// Tries the replacement, whose groups are looked up only where something is found.
 void TextReplacer::Check(const Text& pattern) {
-  // This one finds something in an empty text. The line end closes a comment of the pattern.
+  // This pattern matches an empty text. Its line end closes a comment that the user's pattern may end in.
   const Text finding = u"(?:" + pattern + u"\n)?";
   UErrorCode status = U_ZERO_ERROR;
   const icu::UnicodeString nothing;
@@ -166,15 +158,15 @@ void TextReplacer::FindAll() {
     const std::int32_t to = matcher.end(status);
     Text fresh = order_.with;
     if (engine.withGroups) {
-      // What stands between the hits comes in front of the replacement.
+      // The library puts the text since the last hit in front of the replacement.
       icu::UnicodeString out;
       matcher.appendReplacement(out, engine.with, status);
       const icu::UnicodeString own = out.tempSubString(from - behind);
       fresh = TextOf(own);
       behind = to;
     }
-    const auto at = static_cast<std::size_t>(from);
-    const auto length = static_cast<std::size_t>(to - from);
+    const std::size_t at = from;
+    const std::size_t length = to - from;
     if (visible.substr(at, length) != fresh) engine.changes.push_back({at, at + length, std::move(fresh)});
   }
   if (status == U_INDEX_OUTOFBOUNDS_ERROR) {
@@ -219,7 +211,7 @@ std::optional<Text> TextReplacer::Replaced(TextView stored) {
 
 namespace {
 
-/// Fewer rows than this are no work for a thread of their own.
+/// A thread of its own is not worth while for fewer rows than this.
 constexpr std::size_t kRowsOfAThread = 2000;
 
 std::vector<Proposal> ProposeIn(const CaptionList& list, std::span<const Row> rows, TextReplacer& replacer) {
@@ -279,7 +271,8 @@ int ReplaceInCaptions(CaptionList& list, const RowRange& rows, TextReplacer& rep
   if (changed == 0) return 0;
   fresh.resize(upToChanged);
   const EditScope scope(list, EditKind::ReplaceAll);
-  list.Replace(from, static_cast<int>(upToChanged), std::move(fresh));
+  const int replaced = CountOf(fresh);
+  list.Replace(from, replaced, std::move(fresh));
   list.SetModified();
   return changed;
 }

@@ -40,17 +40,17 @@ class TextReplacer {
                std::chrono::milliseconds most = std::chrono::seconds(10));
   ~TextReplacer();
 
-  /// Another of the same order, for another thread.
+  /// A second replacer for the same order, for use in another thread.
   std::unique_ptr<TextReplacer> Another() const;
-  /// What became wrong with another is wrong with this one.
+  /// Takes over the problem of another replacer, if it met one.
   void TakeProblemOf(const TextReplacer& other);
 
-  /// What is wrong with the order or became wrong in using it. Nothing is found from then on.
+  /// What is wrong with the order, or went wrong in using it. From then on nothing is found.
   Fault Problem() const { return fault_; }
 
   /// True when something is found in the text.
   bool FindsIn(TextView stored);
-  /// The text with all that was found replaced; nothing when nothing was found or nothing is another for it.
+  /// The text with everything that was found replaced; nothing when that leaves the text as it is.
   std::optional<Text> Replaced(TextView stored);
 
  private:

@@ -12,7 +12,7 @@ enum class ReportForm { Standard, Detailed };
 /// The sentence at the head of a report. `open` tells whether there is a document.
 Text ReportHeading(const RuleReport& report, const LangStrings& strings, bool open);
 
-/// The counters, a line each, and an empty line; lines end in CR LF.
+/// The counters, each on a line of its own, and an empty line; lines end in CR LF.
 Text ReportTotals(const RuleReport& report);
 
 /// The counters and every entry in the order of logging.

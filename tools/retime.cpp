@@ -44,7 +44,7 @@ std::optional<SpeedRatio> FractionOf(TextView text) {
       return {};
     }
   }
-  // "1." isn't taken for a number.
+  // A point must have digits behind it.
   if (fraction.numerator == 0 || (decimals && fraction.denominator == 1)) return {};
   return fraction;
 }
@@ -115,7 +115,7 @@ Retimed RetimedTimes(const CaptionTimes& old, const TimeMap& map) {
 
 namespace {
 
-/// Passes each row of a range and what becomes of it to `take`.
+/// Calls `take` with each row of a range and its new times.
 template <class Take>
 void PassRetimed(const CaptionList& list, const RowRange& range, const TimeMap& map, RetimeResult& result, Take take) {
   const auto [first, last] = range.In(list);

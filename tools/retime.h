@@ -20,18 +20,18 @@ struct SpeedRatio {
   /// The ratio of a text such as "25/24", "1.001" or "23.976/25"; empty for any other text, and for numbers of too many
   /// digits.
   static std::optional<SpeedRatio> FromText(TextView text);
-  /// What becomes of times whose frame numbers stay while the rate goes from one to another.
+  /// The ratio of new to old times when frame numbers stay and the frame rate changes.
   static SpeedRatio OfRates(const FrameRate& from, const FrameRate& to);
 };
 
-/// A time that is to become another, in ms.
+/// An old time and the time that it is to become, in ms.
 struct TimePoint {
   Ms from = 0;
   Ms to = 0;
 };
 
-/// Where each time goes: straight lines, one behind the other. Everything is counted in whole numbers, and only the
-/// result is rounded, to the nearest ms.
+/// Maps old times to new ones by straight lines, each for its stretch of time. All is reckoned in whole numbers, and
+/// only the result is rounded, to the nearest ms.
 class TimeMap {
  public:
   static TimeMap Shift(Ms ms);
@@ -63,7 +63,7 @@ class TimeMap {
 /// What a caption's times become by a map.
 struct Retimed {
   CaptionTimes times;
-  bool belowZero = false;  ///< one of them would be before the film's beginning, and is 0
+  bool belowZero = false;  ///< one of the times would be before the film's beginning, and was set to 0
 };
 
 /// The new times of a caption. One without any time stays without; one that begins at 0 and has an end has times.

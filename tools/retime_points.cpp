@@ -13,7 +13,7 @@ Row RowAfter(const Splice& splice, Row row) {
 
 std::size_t RetimePoints::Put(Row row, Ms ms) {
   const auto at = std::ranges::lower_bound(points_, row, {}, &Point::row);
-  const std::size_t place = static_cast<std::size_t>(at - points_.begin());
+  const std::size_t place = at - points_.begin();
   if (at != points_.end() && at->row == row) {
     at->ms = ms;
   } else {
@@ -23,7 +23,7 @@ std::size_t RetimePoints::Put(Row row, Ms ms) {
 }
 
 void RetimePoints::Remove(std::size_t place) {
-  if (place < points_.size()) points_.erase(points_.begin() + static_cast<std::ptrdiff_t>(place));
+  if (place < points_.size()) points_.erase(points_.begin() + place);
 }
 
 void RetimePoints::Follow(const Splice& splice) {

@@ -8,7 +8,7 @@
 
 namespace cuewright {
 
-/// The row in which a caption stands after a change of the list; 0 when it went.
+/// The row in which a caption stands after a change of the list; 0 when the caption was removed.
 Row RowAfter(const Splice& splice, Row row);
 
 /// Captions and the times at which they belong, by their rows.
@@ -21,15 +21,15 @@ class RetimePoints {
 
   const std::vector<Point>& All() const { return points_; }
 
-  /// Gives a caption a time, instead of the one it had. Its place among the points.
+  /// Sets the time of a caption, in place of one set before. Returns the place of the point.
   std::size_t Put(Row row, Ms ms);
   void Remove(std::size_t place);
   void Clear() { points_.clear(); }
 
-  /// The list has changed: points follow their captions, those of captions that went go too.
+  /// To be called when the list has changed: points follow their captions, and those of removed captions are removed.
   void Follow(const Splice& splice);
 
-  /// The points as times of the list that are to become others. Captions without times give none.
+  /// The points as pairs of the time in the list and the time that it is to become. Captions without times give none.
   std::vector<TimePoint> Times(const CaptionList& list) const;
 
  private:

@@ -114,7 +114,7 @@ RuleReport::Texts RuleReport::DescribeDuration(const Entry& entry) const {
   if (entry.value >= 1)
     return {finding + Fill(Word(Message::DurationIncreased), ms), Fill(Word(Message::DurationIncreasedShort), row, ms)};
   // The sentence tells how much went; the one-line text bears the value with its sign.
-  const Text reduction = Decimal(std::llabs(static_cast<long long>(entry.value)));
+  const Text reduction = Decimal(std::abs(std::int64_t{entry.value}));
   return {finding + Fill(Word(Message::DurationReduced), reduction),
           Fill(Word(Message::DurationReducedShort), row, ms)};
 }

@@ -20,7 +20,8 @@ enum class RuleKind : std::uint8_t {
   Credit = 5,
 };
 
-/// The message that says the same of a change that has not been made; the message itself where it holds for both.
+/// The message that says of a change that it would be made, for one that says that it was made; the message itself
+/// where the same words serve both.
 Message WouldBe(Message message);
 
 /// The log of the correction rules: a detailed and a one-line text for each entry, and a counter for each sort.
@@ -36,7 +37,7 @@ class RuleReport {
   /// Empties the log. Until the next time it keeps the words of the language in force.
   void ResetRuleReport();
 
-  /// The rules only looked: the report says what would change.
+  /// Tells that the rules changed nothing: the report then says what would change.
   void SetOnlyLooked() { onlyLooked_ = true; }
   bool OnlyLooked() const { return onlyLooked_; }
 
@@ -58,7 +59,7 @@ class RuleReport {
   std::int16_t LinesRemoved() const { return linesRemoved_; }
 
  private:
-  /// What is told of an entry is put into words when it is read: a pass logs more than anybody looks at.
+  /// Texts are made when they are read, since a pass logs more entries than anybody looks at.
   struct Entry {
     Row row = 0;
     Text text;

@@ -28,7 +28,7 @@ std::vector<Text> CreditPieces(TextView list) {
 
 bool ExceedsTwoLines(TextView text, TextView separator) {
   const std::size_t first = FindPlain(text, separator);
-  // From the next character on, so that two separators may overlap.
+  // The search goes on at the next character, since two separators may overlap.
   return first != TextView::npos && FindPlain(text, separator, first + 1) != TextView::npos;
 }
 
@@ -43,7 +43,7 @@ std::optional<RuntimeError> RulesEngine::ApplyRules(const Progress& progress) {
   report_.ResetRuleReport();
   if (options_.removeCredits != 0) credits_ = LooseNeedles(CreditPieces(options_.creditWords));
   const EditScope scope(list_, EditKind::Rules);
-  // Not taken again after a deletion: the turns past the end find nothing to do.
+  // The number of rows is not read again after a deletion; the turns past the end find nothing to do.
   const Row last = list_.Rows() - 1;
   for (Row row = 1; row <= last; ++row) {
     if (progress && row.Number() % kRowsBetweenTellings == 0) step_([&] { progress(row); });
@@ -108,17 +108,16 @@ void RulesEngine::CheckCaptionDuration(Row row, bool fix) {
   const Text text = list_.GetSeenText(row);
   const TextView separator = options_.lineSeparator;
   const Checked32 duration = DurationOf(list_, row);
-  Checked16 length(static_cast<std::int64_t>(text.size()));
+  Checked16 length(text.size());
   if (duration <= 0) return SetBestDuration(row, true);
   // In the classic manner the markers stand in the text.
   if (!options_.manner.KeepsStylesWithin()) {
     length = length - Checked16(list_.MarkersOf(row).Count() * kMarkerLength);
   }
-  if (FindPlain(text, separator) != Text::npos)
-    length = length - Checked16(static_cast<std::int64_t>(separator.size()));
+  if (FindPlain(text, separator) != Text::npos) length = length - Checked16(separator.size());
   if (length < 1) return;
   const std::size_t k = LengthClass(length);
-  const double rate = static_cast<double>(duration.Value()) / length.Value();
+  const double rate = ToReal(duration) / length.Value();
   const int best = options_.durationPerCharacter[k];
   const int tolerance = options_.durationTolerance[k];
   if (rate >= best - tolerance && rate <= best + tolerance) return;

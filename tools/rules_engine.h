@@ -12,7 +12,7 @@
 
 namespace cuewright {
 
-/// Told when a step of a pass failed.
+/// Is told when a step of a pass failed.
 inline constexpr TextView kRulesFailed = u"Error while applying rules. Please check the report for details.";
 
 /// The rules that keep a subtitle fit to read, for one row and for the whole list.
@@ -23,8 +23,8 @@ class RulesEngine {
 
   RulesEngine(CaptionList& list, RuleReport& report) : list_(list), report_(report), options_(list.Options()) {}
 
-  /// Runs every rule that is switched on over all captions, as one step of undo; what was found is in the report, which
-  /// is begun anew. A step that fails is left where it failed and the pass goes on: the last failure is given back.
+  /// Runs every rule that is switched on over all captions, as one step of undo, with a new report. A step that fails
+  /// is broken off and the pass goes on; returns the last failure.
   [[nodiscard]] std::optional<RuntimeError> ApplyRules(const Progress& progress = {});
 
   /// Moves a start (`startHint` in ms; 0 takes the row's own and stores it there) that lies before the end of
@@ -48,7 +48,7 @@ class RulesEngine {
   CaptionList& list_;
   RuleReport& report_;
   const AppOptions& options_;
-  LooseNeedles credits_;  ///< what marks a line to remove; filled by each pass that removes any
+  LooseNeedles credits_;  ///< words that mark a line to be removed; filled by each pass that removes credits
   CarryOn step_;
 };
 

@@ -4,14 +4,15 @@
 #include <cmath>
 
 #include "core/counting.h"
+#include "core/numbers.h"
 #include "tools/pane_text.h"
 
 namespace cuewright {
 namespace {
 
-/// Each part stands at least so long where the caption has the room.
+/// How long, in ms, each part stands at least where the caption is long enough.
 constexpr Ms kLeastPart = 100;
-/// How far a pause may lie from the share of the letters.
+/// How far a pause may lie from the time that the share of the letters gives.
 constexpr Ms kPauseReach = 500;
 /// Steps of sound that are weighed together, so that a single quiet one inside a word is no pause.
 constexpr std::ptrdiff_t kPauseSteps = 6;
@@ -27,10 +28,10 @@ std::ptrdiff_t Letters(TextView text) {
 
 double ShareBefore(TextView text, std::size_t place) {
   const std::ptrdiff_t all = Letters(text);
-  return all == 0 ? 0.5 : static_cast<double>(Letters(text.substr(0, place))) / static_cast<double>(all);
+  return all == 0 ? 0.5 : ToReal(Letters(text.substr(0, place))) / ToReal(all);
 }
 
-/// By how many letters a place is better than its distance tells.
+/// How good a place is, as a number of letters by which it may lie farther from the wanted one.
 double Merit(TextView text, std::size_t place) {
   constexpr double kOfLineEnd = 6;
   constexpr double kOfSentenceEnd = 8;
@@ -44,7 +45,7 @@ double Merit(TextView text, std::size_t place) {
 
 /// The best place for a split near a share of the letters; 0 when there is none.
 std::size_t BestPlace(TextView text, double share) {
-  const auto all = static_cast<double>(Letters(text));
+  const double all = ToReal(Letters(text));
   const double wanted = share * all;
   std::size_t best = 0;
   double least = 0;
@@ -97,10 +98,8 @@ void Divide(CaptionList& list, Row row, Parts parts, Ms ms) {
 }  // namespace
 
 Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach) {
-  const auto known = static_cast<std::ptrdiff_t>(sound.levels.size());
-  const auto stepOf = [&](std::int64_t time) {
-    return static_cast<std::ptrdiff_t>((time - sound.from.Wide()) / Loudness::kStepMs);
-  };
+  const std::ptrdiff_t known = std::ssize(sound.levels);
+  const auto stepOf = [&](std::int64_t time) { return (time - sound.from.Wide()) / Loudness::kStepMs; };
   const std::ptrdiff_t first = std::max<std::ptrdiff_t>(stepOf(Span(reach, ms)), 0);
   const std::ptrdiff_t last = std::min(stepOf(ms.Wide() + reach.Wide()), known) - kPauseSteps;
   Ms best = ms;
@@ -108,7 +107,7 @@ Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach) {
   for (std::ptrdiff_t step = first; step <= last; ++step) {
     std::int64_t level = 0;
     for (std::ptrdiff_t i = step; i < step + kPauseSteps; ++i) level += ItemAt(sound.levels, i);
-    const Ms middle = sound.from + static_cast<std::int32_t>((2 * step + kPauseSteps) * Loudness::kStepMs / 2);
+    const Ms middle = sound.from + Checked32((2 * step + kPauseSteps) * Loudness::kStepMs / 2).Value();
     if (least < 0 || level < least || (level == least && Abs(middle - ms) < Abs(best - ms))) {
       least = level;
       best = middle;
@@ -125,8 +124,7 @@ bool SplitAtPlace(CaptionList& list, Row row, std::size_t place, const Loudness&
   if (place == 0) return false;
   const CaptionTimes times = list.TimesAt(row);
   const std::int64_t duration = Span(times.start, times.end);
-  const auto share = static_cast<std::int64_t>(std::llround(ShareBefore(view, place) * static_cast<double>(duration)));
-  const Ms ms = times.start + static_cast<std::int32_t>(share);
+  const Ms ms = times.start + Ms::Nearest(ShareBefore(view, place) * ToReal(duration));
   const Ms reach = Ms::Within(duration / 4, 0, kPauseReach);
   Divide(list, row, PartsAt(text, place), QuietestNear(sound, ms, reach));
   return true;
@@ -136,7 +134,7 @@ bool SplitAtTime(CaptionList& list, Row row, Ms ms) {
   const CaptionTimes times = list.TimesAt(row);
   if (ms <= times.start || ms >= times.end) return false;
   const PaneText text(list, row);
-  const double share = static_cast<double>(Span(times.start, ms)) / static_cast<double>(Span(times.start, times.end));
+  const double share = ToReal(Span(times.start, ms)) / ToReal(Span(times.start, times.end));
   const std::size_t place = BestPlace(text.View(), share);
   if (place == 0) return false;
   Divide(list, row, PartsAt(text, place), ms);

@@ -18,8 +18,8 @@ struct Loudness {
   std::vector<std::int32_t> levels;
 };
 
-/// The quietest time that isn't further from `ms` than `reach`; of several the nearest. `ms` itself where nothing is
-/// known of the sound.
+/// The quietest time at most `reach` away from `ms`; of several the nearest. `ms` itself where nothing is known of the
+/// sound.
 Ms QuietestNear(const Loudness& sound, Ms ms, Ms reach);
 
 /// Splits a row in range in two, its text at a place of what the pane shows of it. The time between the two divides

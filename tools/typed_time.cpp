@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "core/numbers.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -34,7 +35,7 @@ std::optional<Ms> TypedTime(TextView text) {
     const std::optional<std::int32_t> rest = TypedNumber(decimals);
     if (!rest) return {};
     ms = *rest;
-    if (point == 0) return static_cast<std::int32_t>(ms);
+    if (point == 0) return *rest;
     text = text.substr(0, point);
   }
   const std::vector<Text> fields = Split(text, u":");
@@ -47,7 +48,7 @@ std::optional<Ms> TypedTime(TextView text) {
   }
   ms += seconds * kMsPerSecond;
   if (ms > std::numeric_limits<std::int32_t>::max()) return {};
-  return static_cast<std::int32_t>(ms);
+  return Checked32(ms).Value();
 }
 
 }  // namespace cuewright

@@ -14,7 +14,7 @@ inline std::size_t DigitsAtBeginning(std::string_view bytes) {
   return count;
 }
 
-/// Most digits of a number that fits 32 bits whatever they are.
+/// With so many digits any number fits 32 bits.
 inline constexpr std::size_t kLongestCount = 9;
 
 /// The number that the bytes begin with, of its first nine digits; returns how many digits it has.

@@ -14,10 +14,10 @@ namespace {
 
 /// Longest time field that is read, in characters.
 constexpr std::size_t kLongestField = 12;
-/// The parser counts columns up to 255, and the last of a line is that of its CR.
+/// The parser counts columns up to 255, and the CR at the end of a line takes one of them.
 constexpr std::size_t kLongestRecordLine = 254;
 
-/// For beginnings of a few bytes, where a call would take longer than the look.
+/// Compares beginnings of a few bytes, for which a call of the library would take longer than the comparison.
 bool BeginsWith(std::string_view text, std::string_view beginning) {
   if (text.size() < beginning.size()) return false;
   for (std::size_t i = 0; i < beginning.size(); ++i) {
@@ -29,7 +29,7 @@ bool BeginsWith(std::string_view text, std::string_view beginning) {
 /// How a line looks that begins with both times.
 struct LineForm {
   std::string startLead, endLead, endTrail, captionLead, mask;
-  bool counts = false;  ///< times are numbers of any length
+  bool counts = false;  ///< times are whole numbers of any length
 
   /// Length of the time at the beginning of the bytes; 0 when there is none.
   std::size_t FieldLength(std::string_view bytes) const {
@@ -49,7 +49,8 @@ bool IsAsciiOfOneLine(TextView piece) {
   return std::ranges::all_of(piece, [](char16_t c) { return c < 0x80 && c != u'\r' && c != u'\n'; });
 }
 
-/// The form of a record's lines, where every search of the parser would end at the place at which it begins.
+/// The form of a record's lines, for records where each search of the parser would hit at the very place where it
+/// begins.
 std::optional<LineForm> FormOf(const RecordPieces& cut, const ParseContext& context) {
   const FormatDefinition& definition = context.definition;
   const Text& mask = definition.timecodeMask;
@@ -115,7 +116,7 @@ class RecordRun final : public LineRun {
     if (!FindTimes(rest, file.LineEnd(), times)) return false;
     const std::string_view text = rest.substr(times.text);
     const std::size_t length = FindLineEnd(text, file.LineEnd()).length;
-    // A blank at the line's end may be the last character in front of the text.
+    // Where the text is empty, a blank at the line's end may be the last character of what stands in front of it.
     if (times.text + length > kLongestRecordLine || rest[times.text + length - 1] == ' ') return false;
     if (open) run_.Flush();
     captions_.captionStart = times.start;

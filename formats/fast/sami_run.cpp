@@ -41,7 +41,7 @@ class SamiRun final : public LineRun {
     return true;
   }
 
-  /// A line of tags and no text; its length, 0 for any other.
+  /// The length of a line of tags without text; 0 for any other line.
   std::size_t TakeTagLine(std::string_view line, char lineEnd) {
     if (!line.starts_with(kSync)) return TakeKnownLine(line, lineEnd);
     const std::string_view time = line.substr(kSync.size());
@@ -54,7 +54,7 @@ class SamiRun final : public LineRun {
     return kSync.size() + digits + 1;
   }
 
-  /// The lines of paragraphs, which are the same all through a file.
+  /// Lines that open paragraphs; a file has the same few all through.
   std::size_t TakeKnownLine(std::string_view line, char lineEnd) {
     for (const KnownLine& known : known_) {
       const std::size_t length = known.bytes.size();
@@ -86,7 +86,7 @@ class SamiRun final : public LineRun {
   /// A line of text whose tags, if any, are line breaks; its length, 0 for any other.
   std::size_t TakeTextLine(std::string_view line) {
     if (captions_.TimesSet() || !run_.Empty()) return 0;
-    // "SYNC START" has a "C" before its blank.
+    // The last of the marks, "c" in front of a blank, stands in "SYNC START".
     const LineScan& scan = run_.Look(line, {'&', '#', 'c'});
     if (scan.markedA || scan.markedB || scan.length > kLongestLine || line[scan.length - 1] == ' ') return 0;
     if (!scan.angled) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/simd.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -16,7 +17,7 @@ bool HoldsBeforeBlank(std::string_view line, char letter) {
   return false;
 }
 
-/// The look at a line whose end is not in front of `from`, without widening it.
+/// Looks at a line byte by byte, without widening it; the line is known not to end before `from`.
 LineScan ScanByByte(std::string_view bytes, std::size_t from, char end, const LineMarks& marks) {
   LineScan scan;
   scan.length = from + FindLineEnd(bytes.substr(from), end).length;
@@ -49,12 +50,12 @@ class MarkFinder {
   explicit MarkFinder(const LineMarks& marks)
       : a_(AllBytes(marks.a)), b_(AllBytes(marks.b)), letter_(AllBytes(marks.beforeBlank)), pairs_(marks.beforeBlank) {}
 
-  /// The block stands at the beginning of `rest`.
+  /// The marks in a block, which is the beginning of `rest`.
   MarkHits In(Block block, std::string_view rest) const {
     MarkHits hits{_mm_cmpeq_epi8(block, angle_), _mm_cmpeq_epi8(block, a_), _mm_cmpeq_epi8(block, b_)};
     if (pairs_ == '\0') return hits;
     const Block letters = _mm_cmpeq_epi8(_mm_or_si128(block, AllBytes(0x20)), letter_);
-    // The byte behind the block belongs to the pair; without one the letter alone counts.
+    // The second half of the pair may be the byte behind the block; where there is none, the letter alone counts.
     const bool whole = rest.size() > sizeof(Block);
     const Block blanks = whole ? _mm_cmpeq_epi8(LoadBlock(rest.data() + 1), AllBytes(' ')) : letters;
     hits.a = _mm_or_si128(hits.a, _mm_and_si128(letters, blanks));
@@ -130,8 +131,8 @@ namespace {
 /// places behind it.
 void PutBeyondAscii(const char16_t*& at, const char16_t* end, char*& out) {
   if (*at < 0x800) {
-    *out++ = static_cast<char>(0xC0 | (*at >> 6));
-    *out++ = static_cast<char>(0x80 | (*at++ & 0x3F));
+    *out++ = LowByte(0xC0 | (*at >> 6));
+    *out++ = LowByte(0x80 | (*at++ & 0x3F));
     return;
   }
   const char16_t* const start = at;
@@ -165,11 +166,13 @@ EncodedPart EncodeUtf8Until(TextView text, const Stops& stops, std::span<char> r
       if (others != 0) break;
     }
 #endif
-    for (; at != end && *at < 0x80 && !stops.Has(*at); ++at) *out++ = static_cast<char>(*at);
+    for (; at != end && *at < 0x80 && !stops.Has(*at); ++at) *out++ = LowByte(*at);
     if (at == end || *at < 0x80) break;
     PutBeyondAscii(at, end, out);
   }
-  return {static_cast<std::size_t>(at - text.data()), static_cast<std::size_t>(out - room.data())};
+  const std::size_t read = at - text.data();
+  const std::size_t written = out - room.data();
+  return {read, written};
 }
 
 }  // namespace cuewright

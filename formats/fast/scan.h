@@ -8,7 +8,7 @@
 
 namespace cuewright {
 
-/// What a look at a line found.
+/// What `WidenLine` found in a line.
 struct LineScan {
   std::size_t length = 0;  ///< bytes in front of the line's end
   std::size_t ascii = 0;   ///< bytes in front of the first one above 127

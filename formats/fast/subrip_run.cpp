@@ -29,7 +29,7 @@ class SubRipRun final : public LineRun {
   }
 
  private:
-  /// A counter, an empty line, or times with nothing behind them.
+  /// Takes a counter, an empty line, or times with nothing behind them.
   bool TakeHeadLine(TextFile& file, std::string_view rest) {
     const std::size_t digits = DigitsAtBeginning(rest);
     if (digits > kLongestLine) return false;
@@ -42,7 +42,7 @@ class SubRipRun final : public LineRun {
     return true;
   }
 
-  /// A line while a caption is open: its text, or the empty line behind it.
+  /// Takes a line while a caption is open: a line of its text, or the empty line behind it.
   bool TakeTextLine(TextFile& file, std::string_view rest) {
     std::size_t length = 0;
     if (rest.front() == file.LineEnd()) {

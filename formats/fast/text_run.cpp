@@ -1,9 +1,11 @@
 #include "formats/fast/text_run.h"
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
-/// Room for a line of text, in units; a longer one is decoded apart.
+/// Room for a line of text, in units; a longer line is decoded into a buffer of its own.
 constexpr std::size_t kUsualLine = 512;
 
 }  // namespace
@@ -17,7 +19,7 @@ void TextRun::Begin(const TextFile& file) {
   text.clear();
   straight_ = captions_.StoresStraight(absent_);
   const char16_t anchor = captions_.TagAnchor();
-  tagMark_ = anchor != u'\0' && anchor < 0x80 ? static_cast<char>(anchor) : '<';
+  tagMark_ = anchor != u'\0' && anchor < 0x80 ? LowByte(anchor) : '<';
 }
 
 const LineScan& TextRun::Look(std::string_view rest, LineMarks marks) {

@@ -20,7 +20,8 @@ struct Beside {
   bool operator==(const Beside&) const = default;
 };
 
-/// The place by its row on the picture, 0 at the bottom to 2 at the top, and its column, -1 left to 1 right.
+/// The number of a place by its row on the picture, 0 at the bottom to 2 at the top, and its column, -1 left to 1
+/// right.
 constexpr int PlaceAt(int row, int column) { return row * 3 + column + 2; }
 /// The place that SubStation's version 4 means by a number: 1 to 3 below, 5 to 7 above, 9 to 11 in the middle.
 constexpr int PlaceOfOldNumber(int number) {

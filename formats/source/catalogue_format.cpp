@@ -7,6 +7,7 @@
 #include "core/style_markers.h"
 #include "formats/rate_line.h"
 #include "formats/source/field_lines.h"
+#include "formats/source/source_format.h"
 #include "formats/timecode.h"
 #include "text/text_search.h"
 
@@ -62,7 +63,7 @@ void CatalogueFormat::FindFields(const Caption& caption, std::string_view bytes,
                                  SourceRecord& record) const {
   const std::string_view whole = record.whole.In(bytes);
   if (identifier_ == kPlainText) {
-    record.text = MakeStretch(record.whole.at, whole.find_last_not_of("\r\n") + 1);
+    record.text = Stretch::Of(record.whole.at, whole.find_last_not_of("\r\n") + 1);
     return;
   }
   std::size_t behind = 0;
@@ -70,7 +71,7 @@ void CatalogueFormat::FindFields(const Caption& caption, std::string_view bytes,
     const std::size_t at = wanted.empty() ? std::string_view::npos : whole.find(wanted, behind);
     if (at == std::string_view::npos) return Stretch{};
     behind = at + wanted.size();
-    return MakeStretch(record.whole.at + at, wanted.size());
+    return Stretch::Of(record.whole.at + at, wanted.size());
   };
   const auto findTime = [&](Ms ms) {
     std::string time;
@@ -89,7 +90,7 @@ void CatalogueFormat::FindFields(const Caption& caption, std::string_view bytes,
   record.text = find(codec.Encoded(TextField(caption.text, separator, lineEnd)));
 }
 
-/// The counter in front of the start, behind what the record has in front of it.
+/// Finds the counter in front of the start time, behind the text that the record has in front of the counter.
 Stretch CatalogueFormat::FindNumber(std::string_view beforeStart, std::size_t place) const {
   if (definition_.subCountPicture.empty()) return {};
   const std::size_t mark = definition_.recordText.find(u"qxmSubCount");
@@ -98,7 +99,7 @@ Stretch CatalogueFormat::FindNumber(std::string_view beforeStart, std::size_t pl
   if (!beforeStart.starts_with(lead)) return {};
   const std::string_view rest = beforeStart.substr(lead.size());
   const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
-  return MakeStretch(place + lead.size(), digits);
+  return Stretch::Of(place + lead.size(), digits);
 }
 
 bool CatalogueFormat::IsOfTheForm(TextView line) const {
@@ -112,10 +113,10 @@ bool CatalogueFormat::IsOfTheForm(TextView line) const {
   return false;
 }
 
-int CatalogueFormat::LinesBeforeStart() const {
+std::size_t CatalogueFormat::LinesBeforeStart() const {
   const TextView record = definition_.recordText;
   const TextView before = record.substr(0, std::min(record.find(u"qxmStart"), record.size()));
-  return static_cast<int>(std::ranges::count(before, u'\r'));
+  return std::ranges::count(before, u'\r');
 }
 
 }  // namespace cuewright

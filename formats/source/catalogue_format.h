@@ -23,10 +23,10 @@ class CatalogueFormat final : public SourceFormat {
   /// Finds the fields of a caption in the bytes of its record, as this format would have written them.
   void FindFields(const Caption& caption, std::string_view bytes, const Codec& codec, TextView separator,
                   SourceRecord& record) const;
-  /// The line is one that every record, or the frame around them, has as it stands.
+  /// True for a line that every record, or the header or footer around them, has as it stands.
   bool IsOfTheForm(TextView line) const;
-  /// How many lines of the record stand in front of the one with the start.
-  int LinesBeforeStart() const;
+  /// How many lines of a record stand in front of the one with its start time.
+  std::size_t LinesBeforeStart() const;
 
  private:
   Stretch FindNumber(std::string_view beforeStart, std::size_t place) const;

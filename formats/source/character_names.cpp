@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -13,7 +14,7 @@ struct Name {
   TextView name;
   char16_t character;
 };
-/// Those that text is written with come first.
+/// The characters that are written by name come first.
 constexpr std::array<Name, 8> kNames = {{{u"&amp;", u'&'},
                                          {u"&lt;", u'<'},
                                          {u"&gt;", u'>'},
@@ -72,8 +73,8 @@ std::size_t TagEnd(TextView text, std::size_t at) {
   return end == TextView::npos || text[end] == u'<' ? 0 : end + 1;
 }
 
-/// A bracket that is written by name would begin a tag if it stood for itself. Tags hold no other bracket, so nobody
-/// looks farther than to the next.
+/// True for a bracket written by name that would begin a tag if it stood for itself. Tags hold no other bracket, so the
+/// search ends at the next one.
 bool BracketNeedsName(TextView text, std::size_t behind) {
   if (behind >= text.size() || !MayBeginTag(text[behind])) return false;
   for (std::size_t at = text.find_first_of(u"<>&", behind); at != TextView::npos;
@@ -95,11 +96,11 @@ bool NameIsNeeded(TextView text, std::size_t at, const Reference& reference) {
 
 void AppendCharacter(char32_t character, Text& out) {
   if (character < 0x10000) {
-    out += static_cast<char16_t>(character);
+    out += LowUnit(character);
     return;
   }
-  out += static_cast<char16_t>(0xD7C0 + (character >> 10));
-  out += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+  out += LeadOf(character);
+  out += TrailOf(character);
 }
 
 /// Decodes the references that `keep` doesn't want as they are.

@@ -4,6 +4,7 @@
 #include <array>
 #include <limits>
 
+#include "core/numbers.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -20,7 +21,7 @@ struct ClockForm {
   char fractionMark = 0;
   std::size_t fractionDigits = 0;
   std::size_t size = 0;
-  std::int64_t ms = 0;
+  Ms ms = 0;
 };
 
 std::size_t DigitsAt(std::string_view bytes, std::size_t at) {
@@ -29,7 +30,7 @@ std::size_t DigitsAt(std::string_view bytes, std::size_t at) {
   return end - at;
 }
 
-/// A number that stays just above what can be held once it passes that.
+/// A number; one that is too large counts as just above the largest that can be held.
 std::int64_t NumberOf(std::string_view digits) {
   std::int64_t number = 0;
   for (const char c : digits) number = std::min(number * 10 + (c - '0'), kLongest + 1);
@@ -57,14 +58,15 @@ std::optional<ClockForm> FormOf(std::string_view bytes) {
     ++at;
   }
   if (form.parts < 2) return {};
-  form.ms = seconds * 1000;
+  std::int64_t ms = seconds * 1000;
   if (at + 1 < bytes.size() && (bytes[at] == '.' || bytes[at] == ',') && IsDigit(bytes[at + 1])) {
     form.fractionMark = bytes[at];
     form.fractionDigits = DigitsAt(bytes, at + 1);
-    form.ms += FractionMs(bytes.substr(at + 1, form.fractionDigits));
+    ms += FractionMs(bytes.substr(at + 1, form.fractionDigits));
     at += 1 + form.fractionDigits;
   }
-  if (form.ms > kLongest) return {};
+  if (ms > kLongest) return {};
+  form.ms = Checked32(ms).Value();
   form.size = at;
   return form;
 }
@@ -80,7 +82,7 @@ void AppendPadded(std::int64_t number, std::size_t width, std::string& out) {
 std::optional<ClockField> ReadClock(std::string_view bytes) {
   const std::optional<ClockForm> form = FormOf(bytes);
   if (!form) return {};
-  return ClockField{static_cast<std::int32_t>(form->ms), form->size};
+  return ClockField{form->ms, form->size};
 }
 
 std::optional<ClockField> ReadFullClock(std::string_view bytes) {
@@ -93,7 +95,7 @@ std::optional<ClockField> ReadFullClock(std::string_view bytes) {
     if (width > kMostDigits[part] || (part > 0 && NumberOf(bytes.substr(at, width)) >= 60)) return {};
     at += width + 1;
   }
-  return ClockField{static_cast<std::int32_t>(form->ms), form->size};
+  return ClockField{form->ms, form->size};
 }
 
 std::string ClockLike(Ms ms, std::string_view like, NoHours noHours) {
@@ -125,7 +127,7 @@ std::optional<NumberField> ReadNumber(std::string_view bytes) {
   const std::size_t size = DigitsAt(bytes, 0);
   const std::int64_t number = NumberOf(bytes.substr(0, size));
   if (size == 0 || number > kLongest) return {};
-  return NumberField{static_cast<std::int32_t>(number), size};
+  return NumberField{Checked32(number), size};
 }
 
 }  // namespace cuewright

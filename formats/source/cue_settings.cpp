@@ -8,14 +8,14 @@
 namespace cuewright {
 namespace {
 
-/// A number of lines or, with "%", of hundredths.
+/// A position as a number of lines or, with "%", of hundredths of the picture.
 struct Amount {
   double number = 0;
   bool percent = false;
 };
 
 std::optional<Amount> ReadAmount(std::string_view value) {
-  // Behind a comma stands which edge is meant.
+  // Behind a comma stands the edge from which the number counts.
   value = value.substr(0, value.find(','));
   Amount amount;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), amount.number);

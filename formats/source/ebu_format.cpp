@@ -4,10 +4,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "core/numbers.h"
 #include "formats/source/clock_field.h"
 #include "text/digits.h"
 #include "text/text_search.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -41,12 +43,11 @@ constexpr unsigned char kFirstReserved = 0xF0;
 constexpr char kUnused = '\x8F';
 constexpr int kTeletextRows = 23;
 
-unsigned char ByteAt(std::string_view bytes, std::size_t at) { return static_cast<unsigned char>(bytes[at]); }
-char AsByte(int value) { return static_cast<char>(static_cast<unsigned char>(value)); }
+unsigned char ByteAt(std::string_view bytes, std::size_t at) { return ByteOf(bytes[at]); }
 
 bool IsUserData(std::string_view block) { return ByteAt(block, kExtensionAt) == kUserData; }
 
-/// Nothing of a caption is in the block: a comment, or data whose meaning others know.
+/// True for a block that is no part of a caption: a comment, or data with a meaning of their own.
 bool IsNoCaption(std::string_view block) {
   const unsigned char extension = ByteAt(block, kExtensionAt);
   return (extension >= kFirstReserved && extension != kLastBlock) || ByteAt(block, kCommentAt) == 1;
@@ -54,11 +55,11 @@ bool IsNoCaption(std::string_view block) {
 
 int NumberOf(std::string_view block) { return ByteAt(block, kNumberAt) + 256 * ByteAt(block, kNumberAt + 1); }
 
-/// The block of a caption in a file without any.
+/// The block that a new caption begins with in a file without captions.
 std::string FirstBlock() {
   std::string block(kBlockSize, '\0');
-  block[kExtensionAt] = AsByte(kLastBlock);
-  block[kVerticalAt] = AsByte(kTeletextRows - 1);
+  block[kExtensionAt] = LowByte(kLastBlock);
+  block[kVerticalAt] = LowByte(kTeletextRows - 1);
   block[kJustificationAt] = 2;
   std::fill(block.begin() + kTextAt, block.end(), kUnused);
   return block;
@@ -78,15 +79,13 @@ void AddTo(Stretch digits, int more, std::string& file) {
 Text Widened(std::string_view bytes) {
   Text text;
   text.reserve(bytes.size());
-  for (const char byte : bytes) text += static_cast<char16_t>(static_cast<unsigned char>(byte));
+  for (const char byte : bytes) text += ByteOf(byte);
   return text;
 }
 
 StyledText MarksIn(Text text, TextView separator) { return ReadMarks({std::move(text)}, MarkKind::SubRip, separator); }
 
-int LinesOf(const StyledText& text, TextView separator) {
-  return static_cast<int>(Split(text.Visible(), separator).size());
-}
+int LinesOf(const StyledText& text, TextView separator) { return CountOf(Split(text.Visible(), separator)); }
 
 }  // namespace
 
@@ -111,7 +110,7 @@ Ms EbuFormat::ProgrammeStart(std::string_view digits) const {
   for (; digits.size() >= 2; digits.remove_prefix(2)) {
     const auto number = ReadNumber(digits.substr(0, 2));
     if (!number || number->size != 2) return 0;
-    field += AsByte(static_cast<int>(number->number));
+    field += LowByte(number->number);
   }
   Ms ms = 0;
   return TimeOf(field, ms) ? ms : 0;
@@ -134,7 +133,7 @@ std::size_t EbuFormat::EndOfCaption(std::string_view bytes, std::size_t at) cons
     if (IsUserData(next)) continue;
     if (IsNoCaption(next) || NumberOf(next) != NumberOf(block)) break;
     const unsigned char following = ByteAt(next, kExtensionAt);
-    // Blocks of a caption are counted, so that there are no more than 241.
+    // The blocks of a caption are counted in a byte, so that there are no more than 241.
     if (following != kLastBlock && following != extension + 1) break;
     extension = following;
   }
@@ -163,7 +162,7 @@ void EbuFormat::Read(const SourceText& text, TextView separator, SourceSink& sin
   size_ = bytes.size();
   if (size_ < kHeadSize) return sink.NotUnderstood(0);
   ReadHead(bytes.substr(0, kHeadSize));
-  // Times that count from the film's beginning, whatever the head says of the tape's.
+  // Times that count from the film's beginning, whatever start of the tape the head names.
   if (BeginsBefore(bytes.substr(kHeadSize), programmeStart_)) programmeStart_ = 0;
   bool first = true;
   std::size_t at = kHeadSize;
@@ -187,7 +186,7 @@ bool EbuFormat::TimeOf(std::string_view field, Ms& ms) const {
   const int seconds = ByteAt(field, 2);
   const int frames = ByteAt(field, 3);
   if (hours > 23 || minutes > 59 || seconds > 59 || frames >= rate_) return false;
-  ms = ((hours * 60 + minutes) * 60 + seconds) * 1000 + static_cast<std::int32_t>(Nearest(frames * 1000, rate_));
+  ms = ((hours * 60 + minutes) * 60 + seconds) * 1000 + Checked32(Nearest(frames * 1000, rate_));
   return true;
 }
 
@@ -196,9 +195,8 @@ std::string EbuFormat::TimeField(Ms ms, std::string_view) const {
   const std::int64_t last = std::int64_t{24} * 3600 * rate_ - 1;
   const std::int64_t onTape = std::max<Ms>(ms, 0).Wide() + programmeStart_.Wide();
   const std::int64_t frames = std::min(Nearest(onTape * rate_, 1000), last);
-  const auto seconds = static_cast<int>(frames / rate_);
-  return {AsByte(seconds / 3600), AsByte(seconds / 60 % 60), AsByte(seconds % 60),
-          AsByte(static_cast<int>(frames % rate_))};
+  const std::int64_t seconds = frames / rate_;
+  return {LowByte(seconds / 3600), LowByte(seconds / 60 % 60), LowByte(seconds % 60), LowByte(frames % rate_)};
 }
 
 std::string EbuFormat::FieldOf(std::string_view blocks) const {
@@ -238,7 +236,7 @@ bool EbuFormat::Holds(TextView text, TextView separator) const {
   return held;
 }
 
-/// As many blocks as the field needs, all else in them as in the first of the old ones.
+/// As many blocks as the field needs, with everything else in them as in the first of the old blocks.
 std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) const {
   std::string blocks;
   int extension = 0;
@@ -246,7 +244,7 @@ std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) co
     const std::string_view part = field.substr(0, kTextSize);
     field.remove_prefix(part.size());
     std::string block(old.substr(0, kTextAt));
-    block[kExtensionAt] = field.empty() ? AsByte(kLastBlock) : AsByte(extension++);
+    block[kExtensionAt] = field.empty() ? LowByte(kLastBlock) : LowByte(extension++);
     block += part;
     block.resize(kBlockSize, kUnused);
     blocks += block;
@@ -254,14 +252,14 @@ std::string EbuFormat::BlocksOf(std::string_view field, std::string_view old) co
   return blocks;
 }
 
-/// Moves a text to the place that its marks ask for; one at the bottom stays there with more lines or fewer.
+/// Moves a text to the place that its marks ask for. A text at the bottom stays there when it gets more lines or fewer.
 void EbuFormat::PutPlace(const StyledText& text, const StyledText& before, TextView separator,
                          std::string& block) const {
   const int old = before.place - 1;
   const int now = text.place - 1;
   const int rowsOfLine = texts_.teletext ? 2 : 1;
   const int lines = LinesOf(text, separator);
-  if (old % 3 != now % 3) block[kJustificationAt] = AsByte(now % 3 + 1);
+  if (old % 3 != now % 3) block[kJustificationAt] = LowByte(now % 3 + 1);
   int row = ByteAt(block, kVerticalAt);
   if (old / 3 != now / 3) {
     constexpr int kTop = 1;
@@ -270,7 +268,7 @@ void EbuFormat::PutPlace(const StyledText& text, const StyledText& before, TextV
   } else if (now / 3 == 0) {
     row -= (lines - LinesOf(before, separator)) * rowsOfLine;
   }
-  block[kVerticalAt] = AsByte(std::clamp(row, 0, std::min(rows_, 99)));
+  block[kVerticalAt] = LowByte(std::clamp(row, 0, std::min(rows_, 99)));
 }
 
 Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
@@ -292,8 +290,8 @@ Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
     blocks = std::move(anew);
   }
   for (std::size_t at = 0; at < blocks.size(); at += kBlockSize) {
-    blocks[at + kNumberAt] = AsByte(number & 0xFF);
-    blocks[at + kNumberAt + 1] = AsByte(number >> 8 & 0xFF);
+    blocks[at + kNumberAt] = LowByte(number & 0xFF);
+    blocks[at + kNumberAt + 1] = LowByte(number >> 8 & 0xFF);
     if (IsUserData(std::string_view(blocks).substr(at, kBlockSize))) continue;
     PutTime(record.caption.start, at + kStartAt, blocks);
     PutTime(record.caption.end, at + kEndAt, blocks);
@@ -301,7 +299,7 @@ Text EbuFormat::Record(const NewRecord& record, TextView separator) const {
   return Widened(blocks);
 }
 
-/// Puts a time unless the field tells it.
+/// Writes a time unless the field shows it already.
 void EbuFormat::PutTime(Ms ms, std::size_t at, std::string& blocks) const {
   Ms old = 0;
   if (TimeOf(std::string_view(blocks).substr(at, kTimeSize), old) && old == ms) return;
@@ -312,7 +310,7 @@ std::size_t EbuFormat::BlockBytes() const { return kBlockSize; }
 
 void EbuFormat::CountAnew(std::string& file, int moreRecords) const {
   if (file.size() < kHeadSize || file.size() == size_) return;
-  const auto blocks = [](std::size_t size) { return static_cast<int>((size - kHeadSize) / kBlockSize); };
+  const auto blocks = [](std::size_t size) { return Checked32((size - kHeadSize) / kBlockSize); };
   AddTo(kBlockCount, blocks(file.size()) - blocks(size_), file);
   AddTo(kSubtitleCount, moreRecords, file);
 }

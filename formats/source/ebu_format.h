@@ -9,7 +9,7 @@
 
 namespace cuewright {
 
-/// The bytes begin as a file of EBU Tech 3264 does, letters in any case.
+/// True when the bytes begin as a file of EBU Tech 3264 does, letters in any case.
 bool IsEbuHead(std::string_view bytes);
 
 /// EBU subtitling data exchange (Tech 3264): a head of 1024 bytes and blocks of 128 for the captions. A caption has a
@@ -28,13 +28,13 @@ class EbuFormat final : public SourceFormat {
  private:
   void ReadHead(std::string_view head);
   Ms ProgrammeStart(std::string_view digits) const;
-  /// A caption in these blocks begins before a time.
+  /// True when a caption in these blocks begins before a time.
   bool BeginsBefore(std::string_view blocks, Ms ms) const;
   /// Where the blocks of the caption end that begins at a place.
   std::size_t EndOfCaption(std::string_view bytes, std::size_t at) const;
-  /// False when the sink takes no more.
+  /// Hands the caption on; false when the sink takes no more.
   bool TakeCaption(std::string_view bytes, Stretch whole, TextView separator, SourceSink& sink) const;
-  /// The bytes of one text field behind the other, without what is unused.
+  /// The text fields of the blocks joined together, without their unused bytes.
   std::string FieldOf(std::string_view blocks) const;
   Text TextOf(std::string_view blocks, TextView separator) const;
   int PlaceOf(std::string_view block) const;
@@ -46,7 +46,7 @@ class EbuFormat final : public SourceFormat {
   EbuTexts texts_;
   int rate_ = 25;
   int rows_ = 23;
-  Ms programmeStart_ = 0;  ///< ms; times in the file count from here on
+  Ms programmeStart_ = 0;  ///< times in the file count from this one
   int firstNumber_ = 0;
   std::size_t size_ = 0;  // of the file
 };

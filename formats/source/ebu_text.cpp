@@ -5,6 +5,7 @@
 
 #include "formats/source/markup_reader.h"
 #include "text/iso6937.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -20,10 +21,9 @@ constexpr unsigned char kWhite = 7;
 constexpr std::array<std::uint32_t, 8> kColours = {0x000000, 0xFF0000, 0x00FF00, 0xFFFF00,
                                                    0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
 
-unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
 /// A code of teletext that is no colour: heights, boxes, backgrounds.
-bool IsOtherCode(char c) { return Byte(c) >= kColours.size() && Byte(c) < 0x20; }
-bool IsLetter(char c) { return Byte(c) >= 0x20 && (Byte(c) < 0x7F || Byte(c) >= 0xA0); }
+bool IsOtherCode(char c) { return ByteOf(c) >= kColours.size() && ByteOf(c) < 0x20; }
+bool IsLetter(char c) { return ByteOf(c) >= 0x20 && (ByteOf(c) < 0x7F || ByteOf(c) >= 0xA0); }
 
 Text Letters(std::string_view bytes, const EbuTexts& texts) {
   return texts.codec ? texts.codec->Decoded(bytes) : FromIso6937(bytes);
@@ -42,8 +42,8 @@ class FieldReader {
     bool begun = false;
     for (std::size_t at = 0; at < line.size();) {
       if (!IsLetter(line[at]) || line[at] == ' ') {
-        blank = blank || line[at] == ' ' || Byte(line[at]) < 0x20;
-        if (line[at] != ' ') Code(Byte(line[at]));
+        blank = blank || line[at] == ' ' || ByteOf(line[at]) < 0x20;
+        if (line[at] != ' ') Code(ByteOf(line[at]));
         ++at;
         continue;
       }
@@ -60,7 +60,7 @@ class FieldReader {
   }
 
  private:
-  /// What stands between two words looks as they do, or like nothing where they differ.
+  /// A blank between two words has the style that both have, or none where they differ.
   void AppendBetween(TextView text) {
     const RunStyle style = runs_.style;
     if (!(style == last_)) runs_.style = {};
@@ -79,7 +79,7 @@ class FieldReader {
   const EbuTexts& texts_;
   TextView separator_;
   RunBuilder runs_;
-  RunStyle last_;  // of the word in front
+  RunStyle last_;  // the style of the word in front
   bool anyLine_ = false;
 };
 
@@ -91,7 +91,7 @@ unsigned char NearestColour(std::uint32_t colour) {
   return code;
 }
 
-/// What stands around each line of a field and between two of them.
+/// The codes around each line of a field and between two lines.
 struct LineForm {
   std::string front;
   std::string back;
@@ -100,7 +100,7 @@ struct LineForm {
 
 LineForm FormOf(std::string_view old, bool teletext) {
   LineForm form;
-  const std::size_t end = std::min(old.find(static_cast<char>(kNewLine)), old.size());
+  const std::size_t end = std::min(old.find(LowByte(kNewLine)), old.size());
   const std::string_view line = old.substr(0, end);
   for (const char c : line) {
     if (!IsOtherCode(c)) break;
@@ -110,10 +110,10 @@ LineForm FormOf(std::string_view old, bool teletext) {
     form.back.insert(form.back.begin(), line[at - 1]);
   }
   std::size_t breaks = 0;
-  while (end + breaks < old.size() && Byte(old[end + breaks]) == kNewLine) ++breaks;
-  const bool high = form.front.find(static_cast<char>(kDoubleHeight)) != std::string::npos;
+  while (end + breaks < old.size() && ByteOf(old[end + breaks]) == kNewLine) ++breaks;
+  const bool high = form.front.find(LowByte(kDoubleHeight)) != std::string::npos;
   if (breaks == 0) breaks = teletext && high ? 2 : 1;
-  form.between.assign(breaks, static_cast<char>(kNewLine));
+  form.between.assign(breaks, LowByte(kNewLine));
   return form;
 }
 
@@ -146,14 +146,14 @@ class FieldWriter {
  private:
   void Switch(bool on, bool& state, unsigned char start, unsigned char stop) {
     if (on == state) return;
-    out_ += static_cast<char>(on ? start : stop);
+    out_ += LowByte(on ? start : stop);
     state = on;
   }
   void Colour(unsigned char colour) {
     if (colour == colour_) return;
     // The code stands in the place of a blank where there is one.
     if (out_.ends_with(' ')) out_.pop_back();
-    out_ += static_cast<char>(colour);
+    out_ += LowByte(colour);
     colour_ = colour;
   }
 
@@ -178,7 +178,7 @@ StyledText ReadEbuText(std::string_view field, const EbuTexts& texts, TextView s
   StyledText result;
   FieldReader reader(texts, separator, result);
   for (std::size_t at = 0; at <= field.size();) {
-    const std::size_t end = std::min(field.find(static_cast<char>(kNewLine), at), field.size());
+    const std::size_t end = std::min(field.find(LowByte(kNewLine), at), field.size());
     reader.ReadLine(field.substr(at, end - at));
     at = end + 1;
   }

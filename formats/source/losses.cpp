@@ -7,7 +7,7 @@ std::string_view NameOf(Loss kind) {
       "bold",           "italics", "underline", "strike-through", "colours",    "speakers", "position",
       "exact position", "fonts",   "sizes",     "karaoke times",  "ruby",       "drawings", "effects",
       "style classes",  "remarks", "times",     "line breaks",    "other marks"};
-  return kNames[static_cast<std::size_t>(kind)];
+  return kNames[NumberOf(kind)];
 }
 
 }  // namespace cuewright

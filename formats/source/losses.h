@@ -27,18 +27,28 @@ enum class Loss : std::size_t {
   Remark,  ///< words that no viewer shows
   Times,
   LineBreak,
-  Other,  ///< marks
+  Other,  ///< marks of no other kind
 };
+
+/// The place of a kind in the order above.
+constexpr std::size_t NumberOf(Loss kind) { return static_cast<std::size_t>(kind); }
+inline constexpr std::size_t kLossKinds = NumberOf(Loss::Other) + 1;
 
 /// What a kind is called in English, as "colours".
 std::string_view NameOf(Loss kind);
-inline constexpr std::size_t kLossKinds = static_cast<std::size_t>(Loss::Other) + 1;
+
+/// All kinds in their order.
+inline constexpr auto kAllLosses = [] {
+  std::array<Loss, kLossKinds> kinds{};
+  for (std::size_t number = 0; number < kLossKinds; ++number) kinds[number] = static_cast<Loss>(number);
+  return kinds;
+}();
 
 /// What one caption has or loses.
 class LossSet {
  public:
-  void Add(Loss kind) { kinds_.set(static_cast<std::size_t>(kind)); }
-  bool Has(Loss kind) const { return kinds_.test(static_cast<std::size_t>(kind)); }
+  void Add(Loss kind) { kinds_.set(NumberOf(kind)); }
+  bool Has(Loss kind) const { return kinds_.test(NumberOf(kind)); }
   bool Any() const { return kinds_.any(); }
 
  private:
@@ -48,7 +58,7 @@ class LossSet {
 /// How many captions lose what.
 class Losses {
  public:
-  std::size_t Of(Loss kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+  std::size_t Of(Loss kind) const { return counts_[NumberOf(kind)]; }
   bool Any() const {
     for (const std::size_t count : counts_) {
       if (count != 0) return true;
@@ -56,8 +66,8 @@ class Losses {
     return false;
   }
   void AddCaption(const LossSet& lost) {
-    for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
-      if (lost.Has(static_cast<Loss>(kind))) ++counts_[kind];
+    for (const Loss kind : kAllLosses) {
+      if (lost.Has(kind)) ++counts_[NumberOf(kind)];
     }
   }
 

@@ -73,7 +73,7 @@ bool LyricsFormat::TakeHeader(std::string_view line) {
 void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
   OpenEnded captions(settings_, sink);
   const std::vector<Ms> repeats = RepeatsOf(text.bytes);
-  // These aren't in order: a time without words behind one of them ends another caption than the one in front.
+  // Such times aren't in order: a time without words may end another caption than the one in front of it.
   auto repeat = repeats.begin();
   SourceLines lines(text.bytes);
   SourceLine line;
@@ -101,7 +101,7 @@ void LyricsFormat::Read(const SourceText& text, TextView, SourceSink& sink) {
         captions.Clear(ms);
       } else {
         repeat = std::upper_bound(repeats.begin(), repeats.end(), stamp->ms);
-        // Words that several times share are written anew with one of them.
+        // Words with several times belong to no single record: a changed caption gets a line of its own.
         captions.Begin(ms, words,
                        {Stretch::Between(line.at + at, end), {}, time, {}, last && at == 0 ? field : Stretch{}});
       }

@@ -25,7 +25,7 @@ class LyricsFormat final : public SourceFormat {
 
   SourceSettings settings_;
   Ms offset_ = 0;           ///< ms by which the words come earlier than their times
-  bool writesEnds_ = true;  ///< a file that has none gets none
+  bool writesEnds_ = true;  ///< false: the file has no ends of captions and gets none
 };
 
 }  // namespace cuewright

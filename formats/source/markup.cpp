@@ -10,7 +10,7 @@
 namespace cuewright {
 namespace {
 
-/// The characters without which a text of the kind has no marks.
+/// Characters of which every mark of the kind contains one.
 TextView MarkCharacters(MarkKind kind) {
   switch (kind) {
     case MarkKind::Plain:
@@ -33,7 +33,7 @@ TextView MarkCharacters(MarkKind kind) {
 
 bool HasMarks(TextView text, MarkKind kind) { return text.find_first_of(MarkCharacters(kind)) != TextView::npos; }
 
-/// Text in which the kind would see marks that nobody meant.
+/// True for a text in which the kind would see marks that nobody meant.
 bool LooksMarked(TextView text, MarkKind kind) {
   return (kind == MarkKind::WebVtt || kind == MarkKind::Sami || kind == MarkKind::Ttml) &&
          text.find_first_of(u"<&") != TextView::npos;
@@ -44,7 +44,8 @@ RunStyle InBoth(const RunStyle& a, const RunStyle& b) {
           a.colour == b.colour ? a.colour : std::nullopt};
 }
 
-/// A separator looks as the parts at both sides of it do, so that "<i>a</i>|<i>b</i>" is one part.
+/// A separator gets the style of the parts at both sides where they have the same, so that "<i>a</i>|<i>b</i>" is one
+/// part.
 void JoinAcrossSeparators(std::vector<StyledRun>& runs, TextView separator) {
   std::vector<StyledRun> joined;
   for (std::size_t i = 0; i < runs.size(); ++i) {
@@ -59,7 +60,7 @@ void JoinAcrossSeparators(std::vector<StyledRun>& runs, TextView separator) {
   runs = std::move(joined);
 }
 
-/// Takes the styles that all parts have out of them.
+/// Removes the styles that all parts have from the parts, and returns them.
 WholeStyles TakeCommonStyles(std::vector<StyledRun>& runs) {
   if (runs.empty()) return {};
   WholeStyles common{true, true, true};
@@ -189,7 +190,7 @@ MarkedText WriteMarks(const StyledText& text, MarkKind kind, TextView separator,
 
 MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses) {
   const bool plain = !HasMarks(text.text, from) && !LooksMarked(text.text, to);
-  // A style that stands beside a text doesn't go with it.
+  // A style that is kept beside the text doesn't go along, so it has to be written into the text.
   if ((from == to && !text.beside.HasStyle()) || (plain && !text.beside.Any())) return text;
   const StyledText styled = ReadMarks(text, from, separator);
   LossSet lost = styled.others;

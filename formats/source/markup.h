@@ -10,8 +10,8 @@
 
 namespace cuewright {
 
-/// Whose marks stand in the text of a caption. In all of them the list's markers "<b>", "<i>" and "<u>" without a
-/// closing mark mean the whole caption.
+/// Which format's marks stand in the text of a caption. With every kind the list's markers "<b>", "<i>" and "<u>"
+/// without a closing mark stand for the whole caption.
 enum class MarkKind { Plain, SubRip, WebVtt, SubStation, Sami, MicroDvd, Ttml, Mpl2 };
 
 /// The marks that captions of a format bear.
@@ -22,12 +22,12 @@ struct StyledText {
   std::vector<StyledRun> runs;  ///< with line separators in their texts
   Text speaker;
   int place = kUsualPlace;
-  LossSet others;  ///< marks that this can't tell
+  LossSet others;  ///< marks that have no member here
 
   Text Visible() const;
 };
 
-/// A text with what some formats keep outside of it.
+/// A text and what some formats keep outside of the text.
 struct MarkedText {
   Text text;
   Beside beside{};
@@ -46,8 +46,8 @@ MarkedText ConvertMarks(const MarkedText& text, MarkKind from, MarkKind to, Text
 /// The same for a record that has no room beside the text: what belongs there is lost.
 Text ConvertWithin(const MarkedText& text, MarkKind from, MarkKind to, TextView separator, Losses& losses);
 
-/// The text as `VisibleText` gives it, but for the names of speakers that are told in it; `places` gets where each of
-/// its units stands in the text given.
+/// The text as `VisibleText` gives it, without the names of speakers that are told in the text; `places` gets the place
+/// of each of its units in the text given.
 Text VisibleText(TextView text, MarkKind kind, TextView separator, std::vector<TextPlace>& places);
 
 /// The text as a viewer reads it, with its line separators.

@@ -20,12 +20,6 @@ constexpr std::array<NamedColour, 20> kNames = {
      {u"fuchsia", 0xFF00FF}, {u"gray", 0x808080},  {u"grey", 0x808080},  {u"silver", 0xC0C0C0}, {u"maroon", 0x800000},
      {u"purple", 0x800080},  {u"olive", 0x808000}, {u"navy", 0x000080},  {u"teal", 0x008080},   {u"orange", 0xFFA500}}};
 
-int HexDigit(char16_t c) {
-  if (IsDigit(c)) return c - u'0';
-  const int letter = c | 0x20;
-  return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
-}
-
 /// The number that hexadecimal digits write; empty when another character is among them.
 std::optional<std::uint32_t> Hex(TextView digits) {
   if (digits.empty() || digits.size() > 8) return {};
@@ -33,7 +27,7 @@ std::optional<std::uint32_t> Hex(TextView digits) {
   for (const char16_t c : digits) {
     const int digit = HexDigit(c);
     if (digit < 0) return {};
-    number = number << 4 | static_cast<std::uint32_t>(digit);
+    number = number << 4 | digit;
   }
   return number;
 }
@@ -48,7 +42,7 @@ std::optional<std::uint32_t> ByParts(TextView value) {
     std::uint32_t number = 0;
     if (at >= value.size() || !IsDigit(value[at])) return {};
     for (; at < value.size() && IsDigit(value[at]) && number < 256; ++at) {
-      number = number * 10 + static_cast<std::uint32_t>(value[at] - u'0');
+      number = number * 10 + (value[at] - u'0');
     }
     if (number > 255) return {};
     colour = colour << 8 | number;

@@ -2,6 +2,7 @@
 
 #include "formats/source/markup_colours.h"
 #include "formats/source/markup_reader.h"
+#include "formats/source/override_tags.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -22,7 +23,7 @@ struct OtherTag {
   TextView name;
   Loss kind;
 };
-/// Longer names stand before those that begin them.
+/// A name stands behind the longer ones that begin with it.
 constexpr std::array<OtherTag, 13> kOtherTags = {{{u"pos(", Loss::ExactPosition},
                                                   {u"move(", Loss::ExactPosition},
                                                   {u"org(", Loss::ExactPosition},
@@ -44,12 +45,7 @@ void OverrideReader::ReadBlock(TextView tags) {
   // Words in braces are remarks.
   if (TrimBlanks(tags.substr(0, at)) != TextView()) runs_.Found(Loss::Remark);
   while (at != TextView::npos) {
-    std::size_t end = tags.find_first_of(u"\\(", at + 1);
-    if (end != TextView::npos && tags[end] == u'(') {
-      // The tags in a bracket belong to the one in front of it.
-      end = tags.find(u')', end);
-      if (end != TextView::npos) end = tags.find(u'\\', end);
-    }
+    const std::size_t end = EndOfOverride(tags, at);
     ReadTag(tags.substr(at + 1, end == TextView::npos ? end : end - at - 1));
     at = end;
   }

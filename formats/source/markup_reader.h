@@ -6,10 +6,10 @@
 
 namespace cuewright {
 
-/// Collects the runs of a caption, and where their text stands when that is asked for.
+/// Collects the runs of a caption and, when that is asked for, the places of their units in the text that is read.
 class RunBuilder {
  public:
-  /// What is appended is a part of `source`, or stands for one. `places` may be null.
+  /// What is appended later is a part of `source`, or stands for one. `places` may be null.
   RunBuilder(StyledText& result, TextView source, std::vector<TextPlace>* places)
       : result_(result), source_(source), places_(places) {}
 
@@ -23,7 +23,7 @@ class RunBuilder {
     }
     AddText(text);
   }
-  /// Takes a text that a part of the source stands for.
+  /// Appends a text for which a part of the source stands, such as a character for its name.
   void AppendInstead(TextView text, TextView of) {
     if (places_ != nullptr) {
       const std::size_t begin = PlaceOf(of);
@@ -32,7 +32,7 @@ class RunBuilder {
     }
     AddText(text);
   }
-  /// Takes a text that only a viewer sees.
+  /// Appends a text that is shown and stands nowhere in the source.
   void AppendUnplaced(TextView text) {
     if (places_ == nullptr) AddText(text);
   }
@@ -40,7 +40,7 @@ class RunBuilder {
   StyledText& Result() { return result_; }
 
  private:
-  std::size_t PlaceOf(TextView part) const { return static_cast<std::size_t>(part.data() - source_.data()); }
+  std::size_t PlaceOf(TextView part) const { return part.data() - source_.data(); }
   void AddText(TextView text) {
     if (text.empty()) return;
     if (result_.runs.empty() || !(result_.runs.back().style == style)) result_.runs.push_back({{}, style});
@@ -58,7 +58,7 @@ class OverrideReader {
   OverrideReader(RunBuilder& runs, RunStyle base) : runs_(runs), base_(std::move(base)) {}
 
   void ReadBlock(TextView tags);
-  /// What follows is no text but the points of a drawing.
+  /// True when what follows is no text but the points of a drawing.
   bool Drawing() const { return drawing_; }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "formats/source/override_tags.h"
 #include "text/digits.h"
 
 namespace cuewright {
@@ -40,12 +41,7 @@ Text WithoutOverride(TextView tags, char16_t letter) {
   Text out;
   std::size_t at = 0;
   while (at < tags.size()) {
-    std::size_t end = tags.find_first_of(u"\\(", at + 1);
-    // What stands in a bracket belongs to the tag in front of it.
-    if (end != TextView::npos && tags[end] == u'(') {
-      end = tags.find(u')', end);
-      if (end != TextView::npos) end = tags.find(u'\\', end);
-    }
+    const std::size_t end = EndOfOverride(tags, at);
     const TextView tag = tags.substr(at, end == TextView::npos ? end : end - at);
     const bool style = tag.size() >= 2 && tag[0] == u'\\' && tag[1] == letter && (tag.size() == 2 || IsDigit(tag[2]));
     if (!style) out += tag;

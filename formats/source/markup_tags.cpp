@@ -53,7 +53,7 @@ void EachAttribute(TextView rest, Take take) {
   }
 }
 
-/// Tags within tags that are followed; what lies deeper is plain.
+/// How deep tags may stand within tags; what lies deeper is plain text.
 constexpr std::size_t kDeepest = 64;
 
 /// Reads the tags of one caption. Each opens a style, which holds until the same tag is closed.
@@ -131,7 +131,7 @@ class TagReader {
     return at + 1;
   }
 
-  /// False: it's no tag but text.
+  /// Takes a tag; false when it is text that only looks like one.
   bool TakeTag(TextView inner) {
     if (kind_ == MarkKind::WebVtt && IsDigit(inner.front())) {
       runs_.Found(Loss::Karaoke);

@@ -65,7 +65,7 @@ class TagWriter {
   }
 
  private:
-  /// What would be taken for a mark is written by name.
+  /// Characters that would be taken for a mark are written by name.
   static Text EscapeMarks(TextView text) {
     if (text.find_first_of(u"&<") == TextView::npos) return Text(text);
     Text named = EncodeAllNames(text);

@@ -124,7 +124,7 @@ void NumberedPairFormat::TakeMarks(Text& text, TextView separator) const {
     styles.bold = front.find(u'\\') != TextView::npos;
     styles.italic = front.find(u'/') != TextView::npos;
     styles.underline = front.find(u'_') != TextView::npos;
-    // Signs that aren't written so by this program stay as they are.
+    // Signs in an order that this program doesn't write stay as they are.
     if (styles.Any() && front == SignsOf(styles)) {
       text.erase(0, signs);
     } else {

@@ -4,12 +4,13 @@
 #include <utility>
 
 #include "core/best_duration.h"
+#include "core/counting.h"
 
 namespace cuewright {
 
 Ms LatestEnd(Ms start, TextView text, const std::array<std::int16_t, 3>& durationPerCharacter) {
-  const auto length = static_cast<std::int64_t>(std::min(text.size(), std::size_t{1} << 20));
-  const std::int64_t duration = length * durationPerCharacter[LengthClass(static_cast<int>(length))];
+  const int length = CountOf(text.substr(0, std::size_t{1} << 20));
+  const std::int64_t duration = std::int64_t{length} * durationPerCharacter[LengthClass(length)];
   return Ms::Within(start.Wide() + duration, 0, Ms::Latest());
 }
 
@@ -52,7 +53,8 @@ void OpenEnded::Clear(Ms at) {
 
 void OpenEnded::Flush() {
   const auto earlier = [](const Stop& a, const Stop& b) { return a.at < b.at; };
-  // Songs name a repeated line once, with all its times. Of stops at one time the file's first counts.
+  // Files of songs give a repeated line once, with all its times, so captions don't come in order. Where several stops
+  // have the same time, the first one in the file counts.
   if (!std::is_sorted(stops_.begin(), stops_.end(), earlier)) std::stable_sort(stops_.begin(), stops_.end(), earlier);
   for (Pending& caption : captions_) {
     if (!caption.record.endIsReckoned) continue;

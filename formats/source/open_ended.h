@@ -9,7 +9,7 @@
 
 namespace cuewright {
 
-/// How long a caption lasts whose end the file doesn't tell.
+/// How long a caption lasts when the file doesn't tell its end.
 enum class Lasts {
   ForItsLength,  ///< as its length asks for, at most to the next start
   UntilTheNext,  ///< to the next start; the last one as its length asks for
@@ -27,14 +27,14 @@ class OpenEnded {
       : durations_(settings.durationPerCharacter), sink_(sink), lasts_(lasts) {}
 
   void Begin(Ms start, Text text, const SourceRecord& record);
-  /// The record of the caption that began last names its end, be it what it may.
+  /// The record of the caption that began last names its end: it counts, whatever it is.
   void SetEnd(Ms end, Stretch field);
   /// The caption that began last ends here. `field` is the time in the file, `behind` where the record goes on to.
   /// False when there is none, its end is known or it begins later. As `Clear` for all others.
   bool End(Ms end, Stretch field, std::size_t behind);
-  /// Nothing is seen from here on: captions without an end that have no stop before last until this one.
+  /// Nothing is shown from this time on: it ends the captions without an end that no earlier such time ends.
   void Clear(Ms at);
-  /// Captions of the file say when they end.
+  /// True when captions of the file say when they end.
   bool AnyEnds() const { return anyEnds_; }
   void Flush();
 
@@ -59,7 +59,7 @@ class OpenEnded {
   Lasts lasts_;
   std::vector<Pending> captions_;  // not handed on yet
   std::vector<Stop> stops_;
-  bool anyOpen_ = false;  // one of the captions but the last has no end
+  bool anyOpen_ = false;  // one of the captions, not counting the last, has no end
   bool anyEnds_ = false;
   bool stopped_ = false;
 };

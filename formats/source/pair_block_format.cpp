@@ -64,7 +64,7 @@ class Reader {
     std::size_t textEnd = first.next;
     SourceLine line;
     bool blankSeen = false;
-    // A line behind a blank one still belongs to the text unless it says something else.
+    // A line behind a blank one still belongs to the text, unless it is a line of another kind.
     while (lines_.Next(line)) {
       const bool blank = IsBlankLine(line.text);
       if (!blank && (TimesIn(line.text) || (hasHeaders_ && IsSubViewerHeader(line.text)))) {
@@ -77,7 +77,7 @@ class Reader {
     record.whole = Stretch::Between(first.at, lines_.Place());
     record.text = Stretch::Between(first.next, textEnd);
     Text caption = text_.Decoded(record.text);
-    // The place of a text that is none: without a blank line to spare the record is written anew.
+    // The place where an empty text would stand; without a blank line to spare the record is written anew.
     if (record.text.Empty() && !blankSeen) record.text = {};
     JoinLines(caption, separator_);
     if (hasHeaders_) caption = ReplaceAll(caption, kBreak, separator_);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/numbers.h"
 #include "formats/source/clock_field.h"
 #include "formats/source/open_ended.h"
 #include "formats/source/whole_styles.h"
@@ -104,7 +105,7 @@ std::string QuickTimeFormat::TimeField(Ms ms, std::string_view old) const {
   const Parts form = PartsOf(old);
   if (scale_ == 0 || form.digits == 0) return ClockLike(ms, old);
   const std::int64_t units = Nearest(std::max<Ms>(ms, 0).Wide() * scale_, 1000);
-  const std::string whole = ClockLike(static_cast<std::int32_t>(units / scale_ * 1000), form.whole);
+  const std::string whole = ClockLike(Checked32(units / scale_ * 1000).Value(), form.whole);
   std::string rest = std::to_string(units % scale_);
   if (rest.size() < form.digits) rest.insert(0, form.digits - rest.size(), '0');
   return whole + old[form.whole.size()] + rest;

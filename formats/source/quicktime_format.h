@@ -25,7 +25,7 @@ class QuickTimeFormat final : public SourceFormat {
 
   SourceSettings settings_;
   std::int32_t scale_ = 0;  ///< units of a second; 0: the file doesn't tell, the digits are a decimal fraction
-  bool writesEnds_ = true;  ///< a file that has none gets none
+  bool writesEnds_ = true;  ///< false: the file has no ends of captions and gets none
 };
 
 }  // namespace cuewright

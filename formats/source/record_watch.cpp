@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-#include "formats/source/field_lines.h"
+#include "core/counting.h"
+#include "formats/source/source_format.h"
 
 namespace cuewright {
 
 void RecordWatch::TakeLine(std::size_t at, std::size_t behind, bool blank, const CaptionCollector& captions) {
   const CaptionTimes times{captions.captionStart, captions.captionEnd};
-  const bool closed = captions.ImportedCount() > static_cast<int>(records_.size());
+  const bool closed = captions.ImportedCount() > CountOf(records_);
   const bool ofThisLine = closed && !open_;
   if (ofThisLine) {
     begin_ = at;
@@ -31,7 +32,7 @@ void RecordWatch::TakeLine(std::size_t at, std::size_t behind, bool blank, const
   if (open_ && took && !blank) {
     end_ = behind;
   } else if (blank && !records_.empty() && !open_ && records_.back().End() == at) {
-    records_.back().size = static_cast<std::uint32_t>(behind) - records_.back().at;
+    records_.back() = Stretch::Between(records_.back().at, behind);
   } else if (!blank && !ofThisLine) {
     maybeLeft_.push_back(at);
   }
@@ -40,10 +41,10 @@ void RecordWatch::TakeLine(std::size_t at, std::size_t behind, bool blank, const
 }
 
 void RecordWatch::Close(int count) {
-  if (count <= static_cast<int>(records_.size())) return;
-  records_.push_back(MakeStretch(begin_, end_ - begin_));
+  if (count <= CountOf(records_)) return;
+  records_.push_back(Stretch::Between(begin_, end_));
   // Several captions of one line stand in the first one's record.
-  records_.resize(static_cast<std::size_t>(count), Stretch{static_cast<std::uint32_t>(end_), 0});
+  records_.resize(count, Stretch::Of(end_, 0));
   open_ = false;
 }
 

@@ -9,20 +9,20 @@
 
 namespace cuewright {
 
-/// Finds out where the record of each caption stands, by watching what the lines of a file do to the collector.
+/// Finds out where the record of each caption stands in a file, by watching which lines change the collector.
 class RecordWatch {
  public:
-  /// `linesBeforeStart` lines of a record stand in front of the one with its start.
-  explicit RecordWatch(int linesBeforeStart) : linesBeforeStart_(static_cast<std::size_t>(linesBeforeStart)) {}
+  /// `linesBeforeStart` is how many lines of a record stand in front of the one with its start.
+  explicit RecordWatch(std::size_t linesBeforeStart) : linesBeforeStart_(linesBeforeStart) {}
 
   /// A line at these places was taken by the collector.
   void TakeLine(std::size_t at, std::size_t behind, bool blank, const CaptionCollector& captions);
   /// The file has ended.
   void End(const CaptionCollector& captions) { Close(captions.ImportedCount()); }
 
-  /// A record a caption, in their order, each up to the blank lines behind it.
+  /// One record for each caption, in their order; each includes the blank lines behind it.
   const std::vector<Stretch>& Records() const { return records_; }
-  /// Where lines stand between two records that none of them took.
+  /// The places of lines between two records that belong to neither.
   const std::vector<std::size_t>& LinesLeft() const { return left_; }
 
  private:

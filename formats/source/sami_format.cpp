@@ -54,7 +54,7 @@ Text CaptionOf(Text raw, TextView separator) {
   return raw;
 }
 
-/// The styles in the head are those of one class, so that there is nothing to choose.
+/// True when the head has the styles of one class alone, so that there is nothing to choose.
 bool NamesOneClass(std::string_view bytes) {
   constexpr std::size_t kLongestHead = 1 << 14;
   const std::string_view head = bytes.substr(0, std::min(bytes.find("<SYNC"), kLongestHead));
@@ -66,7 +66,8 @@ bool NamesOneClass(std::string_view bytes) {
   return count == 1;
 }
 
-/// Nothing is seen: no text, or hard blanks alone, whose names many files write without a semicolon or in capitals.
+/// True for a text of which nothing is seen: none, or hard blanks alone, whose names many files write without a
+/// semicolon or in capitals.
 bool IsClear(TextView text) {
   constexpr TextView kName = u"&nbsp";
   for (;;) {

@@ -14,9 +14,10 @@ namespace cuewright {
 /// has a class for each.
 std::vector<Text> SamiClasses(std::string_view bytes);
 
-/// SAMI as HTML has it: tags in letters of any case over any lines, the text on the line of the time or below it, an
-/// end by a blank screen or by the next caption. Of several classes one is read; captions of others stay as they are,
-/// but where two share a time they share it for good.
+/// SAMI read as HTML: tags in letters of any case, spread over lines in any way; the text on the line of the time or
+/// below it; an end by a blank screen or by the next caption. Of several classes one is read, and captions of the
+/// others stay in the file as they are; where captions of two classes have one time in common, a change of that time
+/// moves both.
 class SamiFormat final : public SourceFormat {
  public:
   explicit SamiFormat(const SourceSettings& settings) : settings_(settings) {}
@@ -32,7 +33,7 @@ class SamiFormat final : public SourceFormat {
   Text Sync(Ms ms, TextView text, TextView lineEnd) const;
 
   SourceSettings settings_;
-  std::string class_;  ///< that was read; empty: the file has none
+  std::string class_;  ///< the class that was read; empty: the file has none
 };
 
 }  // namespace cuewright

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "formats/source/clock_field.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -12,8 +13,6 @@ constexpr std::string_view kRemarkEnd = "-->";
 
 // Faster than a search among the four for each byte of a file.
 bool IsBlankByte(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
 /// The bytes of an attribute's value in a tag, without quotes.
 std::string_view Attribute(std::string_view tag, std::string_view name) {
@@ -35,7 +34,8 @@ std::string_view Attribute(std::string_view tag, std::string_view name) {
 }  // namespace
 
 bool SameLetters(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
 }
 
 SamiScanner::SamiScanner(std::string_view bytes) : bytes_(bytes), bodyEnd_(bytes.size()), next_(0) {
@@ -46,8 +46,8 @@ SamiScanner::SamiScanner(std::string_view bytes) : bytes_(bytes), bodyEnd_(bytes
   next_ = FindTag("sync", 0, bodyEnd_);
 }
 
-/// Behind the remark that begins here; the place itself where none does, or where it isn't closed: programs forget
-/// that.
+/// The place behind the remark that begins here; the place itself where none begins or where it is not closed, which
+/// some programs forget.
 std::size_t SamiScanner::BehindRemark(std::size_t at) const {
   constexpr std::string_view kOpening = "<!--";
   if (bytes_.substr(at, kOpening.size()) != kOpening || at + kOpening.size() > lastClosing_) return at;
@@ -70,7 +70,7 @@ std::size_t SamiScanner::FindTag(std::string_view name, std::size_t from, std::s
   return to;
 }
 
-/// Behind the bracket of the tag that begins here; a tag without one ends in front of the next.
+/// The place behind the bracket that closes the tag that begins here; a tag without one ends in front of the next tag.
 std::size_t SamiScanner::TagEnd(std::size_t at) const {
   std::size_t end = at + 1;
   while (end < bodyEnd_ && bytes_[end] != '<' && bytes_[end] != '>') ++end;
@@ -92,7 +92,7 @@ bool SamiScanner::Next(SamiSync& sync) {
   const std::string_view value = Attribute(bytes_.substr(at, behind - at), "start");
   if (const auto number = ReadNumber(value)) {
     sync.ms = number->number;
-    sync.start = Stretch::Of(static_cast<std::size_t>(value.data() - bytes_.data()), number->size);
+    sync.start = Stretch::Of(value.data() - bytes_.data(), number->size);
   }
   ReadParagraphs(behind, end, sync);
   return true;
@@ -120,7 +120,7 @@ void SamiScanner::ReadParagraphs(std::size_t from, std::size_t to, SamiSync& syn
     if (at >= to) return;
     textAt = std::min(TagEnd(at), to);
     const std::string_view tag = bytes_.substr(at, textAt - at);
-    // A paragraph that tells who speaks is none of the captions.
+    // A paragraph that only tells who speaks is no caption.
     named = true;
     shown = !SameLetters(Attribute(tag, "id"), "source");
     className = Attribute(tag, "class");

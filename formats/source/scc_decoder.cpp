@@ -5,9 +5,11 @@
 namespace cuewright {
 namespace {
 
-constexpr std::uint8_t kParity = 0x80;
-/// Tells the second channel of a field from the first.
+/// The bits of a byte without that of its parity.
+constexpr std::uint8_t kSevenBits = 0x7F;
+/// Tells the second channel of a field from the first, and what is left of a byte without it.
 constexpr std::uint8_t kChannelBit = 0x08;
+constexpr std::uint8_t kAllButChannel = 0xF7;
 
 /// The upper of the two rows, from 0, that the first byte of a preamble can mean.
 int RowOfPreamble(std::uint8_t first, bool second) {
@@ -20,8 +22,8 @@ int RowOfPreamble(std::uint8_t first, bool second) {
 }  // namespace
 
 std::optional<CaptionDecoder::Shown> CaptionDecoder::Take(std::uint16_t word, std::int64_t now) {
-  const auto first = static_cast<std::uint8_t>((word >> 8) & ~kParity);
-  const auto second = static_cast<std::uint8_t>(word & 0xFF & ~kParity);
+  const std::uint8_t first = word >> 8 & kSevenBits;
+  const std::uint8_t second = word & kSevenBits;
   if (first >= 0x10 && first < 0x20) {
     // Control words are sent twice, in case one is lost.
     if (doubled_ == word) {
@@ -32,7 +34,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Take(std::uint16_t word, st
     return Control(first, second, now);
   }
   doubled_ = first == 0 && second == 0 ? doubled_ : std::uint16_t{0};
-  // Below the printable ones are data of other services.
+  // Bytes below the printable ones are data of other services.
   if (!listening_ || first < 0x20) return {};
   Put(BasicCaptionCharacter(first), now);
   if (second >= 0x20) Put(BasicCaptionCharacter(second), now);
@@ -45,7 +47,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Control(std::uint8_t first,
   if (!channel_) channel_ = channel;
   listening_ = channel == *channel_;
   if (!listening_) return {};
-  first = static_cast<std::uint8_t>(first & ~kChannelBit);
+  first &= kAllButChannel;
   if (second >= 0x40) {
     Preamble(first, second);
   } else if ((first == 0x14 || first == 0x15) && second >= 0x20 && second < 0x30) {
@@ -57,7 +59,7 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::Control(std::uint8_t first,
   } else if (first == 0x11 && second >= 0x20) {
     MidRow(second);
   } else if ((first == 0x12 || first == 0x13) && second >= 0x20) {
-    // It takes the place of the plain letter that older decoders show.
+    // An extended character replaces the plain letter sent before it, which older decoders show.
     Written().Backspace();
     Put(ExtendedCaptionCharacter(first & 1, second), now);
   }
@@ -134,22 +136,22 @@ std::optional<CaptionDecoder::Shown> CaptionDecoder::RollUp(std::int64_t now) {
 
 void CaptionDecoder::Preamble(std::uint8_t first, std::uint8_t second) {
   const int row = RowOfPreamble(first, (second & 0x20) != 0);
-  const int attribute = (second & 0x1E) >> 1;
+  const std::uint8_t attribute = second >> 1 & 0x0F;
   constexpr int kItalics = 7;
   pen_ = {};
   pen_.underline = (second & 1) != 0;
   pen_.italic = attribute == kItalics;
-  if (attribute < kItalics) pen_.colour = static_cast<std::uint8_t>(attribute);
+  if (attribute < kItalics) pen_.colour = attribute;
   if (mode_ == Mode::RollUp) baseRow_ = row;
   Written().MoveTo(row, attribute > kItalics ? (attribute - kItalics - 1) * 4 : 0);
 }
 
 void CaptionDecoder::MidRow(std::uint8_t second) {
-  const int attribute = (second & 0x0E) >> 1;
+  const std::uint8_t attribute = second >> 1 & 0x07;
   constexpr int kItalics = 7;
   pen_.italic = attribute == kItalics;
   pen_.underline = (second & 1) != 0;
-  if (attribute != kItalics) pen_.colour = static_cast<std::uint8_t>(attribute);
+  if (attribute != kItalics) pen_.colour = attribute;
   // The code takes a place on the screen.
   if (mode_ != Mode::Other) Written().Put(u' ', pen_);
 }

@@ -20,13 +20,13 @@ class CaptionDecoder {
 
   explicit CaptionDecoder(TextView separator) : separator_(separator) {}
 
-  /// Takes the word that is sent at `now`; a caption that it takes off the screen.
+  /// Takes the word that is sent at `now`; returns the caption that it takes off the screen, if any.
   std::optional<Shown> Take(std::uint16_t word, std::int64_t now);
-  /// The sending ends: what is still seen.
+  /// Ends the transmission; returns the caption that is still on the screen.
   std::optional<Shown> End(std::int64_t now) { return TakeOff(now); }
 
  private:
-  /// `Other` is text that is no caption.
+  /// How incoming characters are used; `Other` stands for text that is no caption.
   enum class Mode { PopOn, RollUp, PaintOn, Other };
 
   std::optional<Shown> Control(std::uint8_t first, std::uint8_t second, std::int64_t now);
@@ -49,9 +49,9 @@ class CaptionDecoder {
   Mode mode_ = Mode::PopOn;
   int baseRow_ = CaptionScreen::kRows - 1;
   CaptionPen pen_;
-  std::uint16_t doubled_ = 0;            // the control word that counts no second time
+  std::uint16_t doubled_ = 0;            // the last control word, whose repetition is to be ignored; 0: none
   std::optional<std::uint8_t> channel_;  // the bit of the channel that is decoded, once one was met
-  bool listening_ = true;                // the words are of that channel
+  bool listening_ = true;                // the words that come belong to that channel
 };
 
 }  // namespace cuewright

@@ -40,7 +40,7 @@ std::optional<std::int64_t> FrameOf(std::string_view time) {
 
 Ms MsOf(std::int64_t frame) {
   const std::int64_t ms = Nearest(frame * 1001, kFramesPerSecond);
-  return static_cast<std::int32_t>(std::min<std::int64_t>(ms, std::numeric_limits<std::int32_t>::max()));
+  return Ms::Within(ms, 0, Ms::Latest());
 }
 
 /// Hands the captions of a file on, each with the line by which it is gone as its record.
@@ -67,18 +67,18 @@ class CaptionLines {
       const std::string_view word = words.substr(0, words.find_first_of(" \t"));
       words.remove_prefix(word.size());
       if (word.empty()) continue;
-      unsigned value = 0;
+      std::uint16_t value = 0;
       const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value, 16);
       const bool whole = word.size() == 4 && error == std::errc() && end == word.data() + word.size();
       if (!whole && !std::exchange(blamed, true)) sink_.NotUnderstood(line.at);
-      if (whole && !HandOn(decoder_.Take(static_cast<std::uint16_t>(value), frame_), line)) return false;
+      if (whole && !HandOn(decoder_.Take(value, frame_), line)) return false;
       ++frame_;
     }
     return true;
   }
 
   void End(const SourceLine& last) {
-    // What nobody takes off the screen stays a little while.
+    // A caption that no word takes off the screen gets a short duration.
     constexpr std::int64_t kLast = 4 * kFramesPerSecond;
     (void)HandOn(decoder_.End(frame_ + kLast), last);
   }
@@ -99,8 +99,8 @@ class CaptionLines {
   TextView separator_;
   CaptionDecoder decoder_;
   SourceSink& sink_;
-  std::int64_t frame_ = 0;  // at which the next word is sent
-  std::size_t behind_ = 0;  // the last record
+  std::int64_t frame_ = 0;  // the frame at which the next word is sent
+  std::size_t behind_ = 0;  // behind the last record
 };
 
 }  // namespace

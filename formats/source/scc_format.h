@@ -8,9 +8,9 @@
 
 namespace cuewright {
 
-/// Closed captions as Scenarist files have them: lines of a timecode and the words of line 21, two bytes in hexadecimal
-/// digits, one a frame of 30000/1001 a second. The captions lie in the words like a film in its code, so the file is
-/// only read.
+/// Closed captions as Scenarist files have them: lines of a timecode and the words of line 21, each of two bytes in
+/// hexadecimal digits, one word for each of 30000/1001 frames a second. A caption is no stretch of such a file but the
+/// effect of many words, so the file is read but not changed.
 class SccFormat final : public SourceFormat {
  public:
   void Read(const SourceText& text, TextView separator, SourceSink& sink) override;

@@ -19,7 +19,7 @@ RunStyle StyleOf(const CaptionPen& pen) {
   RunStyle style;
   style.italic = pen.italic;
   style.underline = pen.underline;
-  // White is what captions are anyway.
+  // White needs no mark, since captions are white anyway.
   if (pen.colour != 0 && pen.colour < kColours.size()) style.colour = kColours[pen.colour];
   return style;
 }
@@ -33,7 +33,7 @@ void Append(char16_t character, const RunStyle& style, std::vector<StyledRun>& r
 
 void CaptionScreen::Clear() {
   for (int row = 0; row < kRows; ++row) {
-    if (Uses(row)) cells_[static_cast<std::size_t>(row)] = {};
+    if (Uses(row)) cells_[row] = {};
   }
   usedRows_ = 0;
 }
@@ -46,9 +46,9 @@ void CaptionScreen::MoveTo(int row, int column) {
 void CaptionScreen::Skip(int columns) { column_ = std::min(column_ + columns, kColumns - 1); }
 
 void CaptionScreen::Put(char16_t character, const CaptionPen& pen) {
-  Row()[static_cast<std::size_t>(column_)] = {character, pen};
+  Row()[column_] = {character, pen};
   usedRows_ |= 1U << row_;
-  // What goes beyond the last column stands in it, one in place of the other.
+  // Characters beyond the last column overwrite each other in it.
   column_ = std::min(column_ + 1, kColumns - 1);
 }
 
@@ -56,7 +56,7 @@ void CaptionScreen::Backspace() {
   if (column_ == 0) return;
   const bool full = column_ == kColumns - 1 && Row()[kColumns - 1].character != 0;
   if (!full) --column_;
-  Row()[static_cast<std::size_t>(column_)] = {};
+  Row()[column_] = {};
 }
 
 void CaptionScreen::ClearToEnd() { std::fill(Row().begin() + column_, Row().end(), Cell{}); }
@@ -70,7 +70,7 @@ void CaptionScreen::AppendLine(const Line& line, std::vector<StyledRun>& runs) {
       Append(cell->character, StyleOf(cell->pen), runs);
       continue;
     }
-    // A blank between two words looks as they do, or like nothing where they differ.
+    // A blank between two words has the look that both have, or none where they differ.
     const RunStyle next = StyleOf(std::find_if(cell, last, seen)->pen);
     const RunStyle before = StyleOf(std::find_if(std::make_reverse_iterator(cell), line.rend(), seen)->pen);
     Append(u' ', before == next ? next : RunStyle{}, runs);
@@ -83,7 +83,7 @@ StyledText CaptionScreen::Seen(TextView separator) const {
   for (int row = 0; row < kRows; ++row) {
     if (!Uses(row)) continue;
     std::vector<StyledRun> line;
-    AppendLine(cells_[static_cast<std::size_t>(row)], line);
+    AppendLine(cells_[row], line);
     if (line.empty()) continue;
     lowest = row + 1;
     if (!text.runs.empty()) {

@@ -16,7 +16,8 @@ struct CaptionPen {
   bool operator==(const CaptionPen&) const = default;
 };
 
-/// One of the two memories of a decoder of line-21 captions: 15 rows of 32 characters, and where the next one goes.
+/// One of the two memories of a decoder of line-21 captions: 15 rows of 32 characters, and the place of the next
+/// character.
 class CaptionScreen {
  public:
   static constexpr int kRows = 15;
@@ -25,17 +26,17 @@ class CaptionScreen {
   bool Blank() const { return usedRows_ == 0; }
   void Clear();
 
-  /// The next character goes to a row and a column, both from 0.
+  /// Sets the row and the column, both from 0, of the next character.
   void MoveTo(int row, int column);
   void SetRow(int row) { row_ = row; }
-  /// Leaves so many columns out.
+  /// Moves the place of the next character on by so many columns.
   void Skip(int columns);
   void Put(char16_t character, const CaptionPen& pen);
   void Backspace();
   /// Clears the row from the next character on.
   void ClearToEnd();
 
-  /// What is seen: a line a row, without the blanks around it, and the place on the picture.
+  /// What a viewer sees: a line for each row, without the blanks around it, and the place on the picture.
   StyledText Seen(TextView separator) const;
 
  private:
@@ -47,10 +48,10 @@ class CaptionScreen {
 
   static void AppendLine(const Line& line, std::vector<StyledRun>& runs);
   bool Uses(int row) const { return (usedRows_ >> row & 1U) != 0; }
-  Line& Row() { return cells_[static_cast<std::size_t>(row_)]; }
+  Line& Row() { return cells_[row_]; }
 
   std::array<Line, kRows> cells_{};
-  std::uint32_t usedRows_ = 0;  // a bit each
+  std::uint32_t usedRows_ = 0;  // a bit for each row
   int row_ = kRows - 1;
   int column_ = 0;
 };

@@ -10,6 +10,7 @@
 #include "formats/source/source_lines.h"
 #include "formats/source/subrip_format.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -24,10 +25,7 @@ class Head {
  public:
   explicit Head(TextView text) {
     bytes_.reserve(text.size());
-    for (const char16_t c : text) {
-      const char narrow = c < 0x80 ? static_cast<char>(c) : '?';
-      bytes_ += narrow >= 'A' && narrow <= 'Z' ? static_cast<char>(narrow | 0x20) : narrow;
-    }
+    for (const char16_t c : text) bytes_ += c < 0x80 ? LowerAscii(LowByte(c)) : '?';
     SourceLines lines(bytes_);
     SourceLine line;
     while (lines_.size() < kMostLines && lines.Next(line)) {
@@ -136,7 +134,7 @@ Found ClockPair(std::string_view line) {
 Found Blocks(const Head& head) {
   if (head.Line(0) != "[information]") {
     Found found = ClockPair(head.Line(0));
-    // Three digits are written by some programs for the other format, too, whose line ends tell it.
+    // Some programs write three digits in the other format as well, which is then known by its line ends.
     if (found == u"YOUTUBESBV" && head.Bytes().find("[br]") != std::string_view::npos) return u"SUBVIEWER2";
     return found;
   }
@@ -172,7 +170,7 @@ Found Lyrics(const Head& head) {
     if (!time || line.substr(1 + time->size, 1) != "]") return {};
     const std::string_view stamp = line.substr(1, time->size);
     const auto colons = std::ranges::count(stamp, ':');
-    // "[mm:ss:xx]" might as well have hours.
+    // A time "[mm:ss:xx]" might as well be hours, minutes and seconds.
     const bool old = colons == 2 && hasHeader && stamp.find_first_of(".,") == std::string_view::npos;
     if (colons != 1 && !old) return {};
     return u"KARAOKELRC";

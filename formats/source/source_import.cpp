@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/counting.h"
 #include "formats/caption_collector.h"
 #include "text/text_search.h"
 
@@ -17,7 +18,7 @@ class MapSink final : public SourceSink {
       : map_(map), talk_(talk), cancelled_(cancelled) {}
 
   bool Add(Ms start, Ms end, Text text, const SourceRecord& record) override {
-    if (static_cast<int>(rows.size()) % kCaptionsBetweenPauses == 0 && StopsHere()) {
+    if (CountOf(rows) % kCaptionsBetweenPauses == 0 && StopsHere()) {
       stoppedAt = record.whole.at;
       return false;
     }
@@ -43,7 +44,7 @@ class MapSink final : public SourceSink {
  private:
   bool StopsHere() {
     talk_.Report(FileStage::Pauses);
-    tooMany = static_cast<int>(rows.size()) > kMostCaptionsOfLoad;
+    tooMany = CountOf(rows) > kMostCaptionsOfLoad;
     return cancelled_ || tooMany;
   }
 
@@ -53,7 +54,7 @@ class MapSink final : public SourceSink {
   std::size_t gathered_ = 0;
 };
 
-/// The bytes of a text but for what old programs and broken disks leave behind its end, which stays in the file.
+/// The bytes of a text without what old programs and broken disks leave behind its end; that stays in the file.
 std::string_view WithoutEndMark(const SourceMap& map) {
   constexpr std::string_view kMarks("\x1A\0", 2);
   const std::string_view bytes = map.Bytes();

@@ -24,7 +24,7 @@ SourceMap::SourceMap(Text format, TextFile file, std::unique_ptr<SourceFormat> r
   if (end == std::string_view::npos) return;
   const std::string_view rest = Bytes().substr(end, 3);
   const bool pair = rest.starts_with("\r\n") || rest == "\r\r\n";
-  lineEnd_ = pair ? kLineEnd : Text(1, static_cast<char16_t>(rest.front()));
+  lineEnd_ = pair ? kLineEnd : Text(1, rest.front());
 }
 
 void SourceMap::TakeWatched(const RecordWatch& watch, std::unique_ptr<CatalogueFormat> rules, TextView separator,

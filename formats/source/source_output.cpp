@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "text/units.h"
+
 namespace cuewright {
 namespace {
 
 /// Bytes that are gathered before they are handed on.
 constexpr std::size_t kBlock = 1 << 16;
-/// Enough to see two line ends of two bytes.
+/// How many of the last bytes are kept: two line ends of two bytes.
 constexpr std::size_t kTail = 4;
 
 bool EndsLine(std::string_view text) { return text.empty() || text.back() == '\n' || text.back() == '\r'; }
@@ -40,11 +42,11 @@ void SourceOutput::Put(TextView text) {
   codec_.Encode(text, held_);
   std::string end;
   for (const char16_t unit : text.substr(text.size() - std::min(text.size(), kTail))) {
-    end += unit < 0x80 ? static_cast<char>(unit) : '?';
+    end += unit < 0x80 ? LowByte(unit) : '?';
   }
   NoteTail(end);
   const std::size_t sign = text.find_last_not_of(u" \t\r\n");
-  if (sign != TextView::npos) lastSign_ = text[sign] < 0x80 ? static_cast<char>(text[sign]) : '?';
+  if (sign != TextView::npos) lastSign_ = text[sign] < 0x80 ? LowByte(text[sign]) : '?';
   if (held_.size() >= kBlock) PassHeld();
 }
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "core/counting.h"
 #include "formats/encoding_rules.h"
 
 namespace cuewright {
@@ -20,7 +21,10 @@ std::optional<int> NumberIn(std::string_view field) {
   return number;
 }
 
-/// What stands at this place is the first part of a list.
+/// By how many places the caption of a record comes later than it did in the file.
+int PlacesMoved(Row row, std::uint32_t origin) { return row - Row::OfIndex(origin - 1); }
+
+/// True when the record at this place is the first part of a list.
 bool BeginsList(std::string_view bytes, std::size_t at) {
   const std::size_t before = at == 0 ? std::string_view::npos : bytes.find_last_not_of(" \t\r\n", at - 1);
   return before != std::string_view::npos && bytes[before] == '[';
@@ -32,7 +36,7 @@ struct Field {
   std::optional<Text> anew;
 };
 
-/// Writes the file from a place on up to behind the last of the fields that are written anew; that place.
+/// Writes the file from a place on up to the end of the last field that is written anew; returns that end.
 std::size_t PutFields(std::size_t at, std::span<const Field> fields, SourceOutput& out) {
   for (const Field& field : fields) {
     if (!field.anew) continue;
@@ -80,10 +84,10 @@ bool SourceWriter::Differs() const {
 
 void SourceWriter::Write(const Codec& codec, bool turned, std::string_view declared, ByteSink& sink) {
   if (!IsBytes()) return WriteRecords(codec, turned, declared, sink);
-  // What the head says of the file is known when all of it is.
+  // The head counts the file's blocks, so it is written when all of them are known.
   Gathered file;
   WriteRecords(codec, false, {}, file);
-  map_.Rules().CountAnew(file.bytes, lastRow_.Number() - static_cast<int>(map_.Pieces().size()));
+  map_.Rules().CountAnew(file.bytes, lastRow_.Number() - CountOf(map_.Pieces()));
   sink.Write(file.bytes);
 }
 
@@ -129,7 +133,7 @@ void SourceWriter::Declare(std::string_view encoding, SourceOutput& out) {
 
 void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
   const auto& pieces = map_.Pieces();
-  // What stood around records that went stays.
+  // Bytes around records that were removed stay.
   for (; next_ < piece; ++next_) {
     out.PutOld(done_, pieces[next_].record.whole.at);
     done_ = pieces[next_].record.whole.End();
@@ -141,7 +145,7 @@ void SourceWriter::KeepUpTo(std::size_t piece, SourceOutput& out) {
 
 void SourceWriter::WriteRecord(Row row, std::uint32_t origin, SourceOutput& out) const {
   const SourceMap::Piece& piece = map_.Pieces()[origin - 1];
-  const bool moved = !piece.record.number.Empty() && row != static_cast<int>(origin);
+  const bool moved = !piece.record.number.Empty() && PlacesMoved(row, origin) != 0;
   if (moved || Changed(piece, captions_.At(row))) return WriteChanged(row, origin, out);
   const std::size_t at = PartRecord(piece.record.whole, out);
   out.PutOld(at, piece.record.whole.End());
@@ -160,14 +164,14 @@ void SourceWriter::WriteBlocks(Row row, std::uint32_t origin, SourceOutput& out)
   const Stretch whole = map_.Pieces()[origin - 1].record.whole;
   NewRecord record{captions_.At(row), row.Number(), map_.LineEnd(), whole.In(map_.Bytes())};
   record.isOwn = true;
-  record.moved = row.Number() - static_cast<int>(origin);
+  record.moved = PlacesMoved(row, origin);
   out.Replace(whole, map_.Rules().Record(record, Separator()));
 }
 
 bool SourceWriter::SetsEnd(Row row, const SourceMap::Piece& piece) const {
   if (!piece.record.endIsReckoned || !map_.Rules().WritesEnds()) return false;
   const Caption& caption = captions_.At(row);
-  // One that was moved lasts as long as it did.
+  // A caption that was moved keeps its duration.
   if (caption.end == piece.times.end) return false;
   if (Span(caption.start, caption.end) == Span(piece.times.start, piece.times.end)) return false;
   const bool last = row == lastRow_ || !captions_.InRange(row + 1);
@@ -194,7 +198,7 @@ void SourceWriter::WriteChanged(Row row, std::uint32_t origin, SourceOutput& out
                                  Field{record.text, {}}};
   const auto old = [&](Stretch place) { return place.In(map_.Bytes()); };
   if (const std::optional<int> number = NumberIn(old(record.number))) {
-    const int moved = *number + row.Number() - static_cast<int>(origin);
+    const int moved = *number + PlacesMoved(row, origin);
     if (moved != *number) fields[0].anew = FromUtf8(rules.NumberField(moved, old(record.number)));
   }
   const Ms offset = rules.OffsetOf(record);

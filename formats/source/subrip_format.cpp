@@ -6,6 +6,7 @@
 
 #include "formats/source/clock_field.h"
 #include "formats/source/field_lines.h"
+#include "formats/source/source_format.h"
 #include "formats/source/whole_styles.h"
 #include "text/digits.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::string_view kArrow = "-->";
 constexpr std::string_view kShortArrow = "->";
-/// What a mark of UTF-8 is in the middle of a file that was put together from several.
+/// The mark of UTF-8, which stands in the middle of a file that was put together from several.
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
 bool IsBlankByte(char c) { return c == ' ' || c == '\t'; }
@@ -27,7 +28,7 @@ std::size_t SkipBlanks(std::string_view bytes, std::size_t at) {
 
 bool IsBlankLine(std::string_view line) { return std::ranges::all_of(line, IsBlankByte); }
 
-/// The line is a number alone.
+/// The place of the number in a line that has nothing else; empty for any other line.
 Stretch NumberIn(const SourceLine& line) {
   std::size_t from = 0;
   std::size_t to = line.text.size();
@@ -39,7 +40,7 @@ Stretch NumberIn(const SourceLine& line) {
       !std::ranges::all_of(number, [](char c) { return c >= '0' && c <= '9'; })) {
     return {};
   }
-  return MakeStretch(line.at + from, number.size());
+  return Stretch::Of(line.at + from, number.size());
 }
 
 /// The times of a line with the arrow.
@@ -50,7 +51,7 @@ struct Timing {
   Stretch endField;
 };
 
-/// What a line with the arrow is.
+/// The kinds of lines with respect to the arrow between two times.
 enum class ArrowLine { None, Timing, Broken };
 
 /// A time with blanks beside its signs, without hours, or with a colon in front of the three digits of its fraction.
@@ -102,14 +103,14 @@ ArrowLine ReadTiming(const SourceLine& line, Timing& timing) {
   std::size_t at = SkipBlanks(line.text, 0);
   const std::optional<ClockField> start = ReadTime(line.text.substr(0, arrow).substr(std::min(at, arrow)));
   const std::size_t behind = SkipBlanks(line.text, at + (start ? start->size : 0));
-  timing.startField = MakeStretch(line.at + at, start ? start->size : 0);
+  timing.startField = Stretch::Of(line.at + at, start ? start->size : 0);
   at = SkipBlanks(line.text, arrow + (longArrow != std::string_view::npos ? kArrow : kShortArrow).size());
   const std::optional<ClockField> end = ReadTime(line.text.substr(at));
   if (!start || !end || behind != arrow) {
     // A line that speaks of an arrow is text; one that begins or goes on as a time does was meant as one.
     return longArrow != std::string_view::npos && (start || end) ? ArrowLine::Broken : ArrowLine::None;
   }
-  timing.endField = MakeStretch(line.at + at, end->size);
+  timing.endField = Stretch::Of(line.at + at, end->size);
   timing.start = start->ms;
   timing.end = end->ms;
   return ArrowLine::Timing;
@@ -166,8 +167,7 @@ class SubRipReading {
       sink_.NotUnderstood(line.at);
       return;
     }
-    if (record_.text.Empty()) record_.text = MakeStretch(line.at, line.text.size());
-    record_.text.size = static_cast<std::uint32_t>(line.End()) - record_.text.at;
+    record_.text = Stretch::Between(record_.text.Empty() ? line.at : record_.text.at, line.End());
   }
 
   void Open(const SourceLine& line, const Timing& timing) {
@@ -176,7 +176,7 @@ class SubRipReading {
     times_ = {timing.start, timing.end};
     record_ = {};
     record_.number = lastNumber_ ? NumberIn(*lastNumber_) : Stretch{};
-    record_.whole.at = static_cast<std::uint32_t>(lastNumber_ ? lastNumber_->at : line.at);
+    record_.whole = Stretch::Of(lastNumber_ ? lastNumber_->at : line.at, 0);
     record_.start = timing.startField;
     record_.end = timing.endField;
     behindTimes_ = line.next;
@@ -186,8 +186,8 @@ class SubRipReading {
   bool Close(std::size_t end) {
     if (!open_) return true;
     open_ = false;
-    if (record_.text.Empty()) record_.text = MakeStretch(behindTimes_, 0);
-    record_.whole.size = static_cast<std::uint32_t>(end) - record_.whole.at;
+    if (record_.text.Empty()) record_.text = Stretch::Of(behindTimes_, 0);
+    record_.whole = Stretch::Between(record_.whole.at, end);
     Text text = FieldToText(text_.Decoded(record_.text), separator_);
     TagsToMarkers(text, separator_);
     return sink_.Add(times_.start, times_.end, std::move(text), record_);

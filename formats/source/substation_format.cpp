@@ -6,6 +6,7 @@
 
 #include "formats/source/clock_field.h"
 #include "formats/source/substation_text.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -19,12 +20,10 @@ constexpr std::size_t kAlignmentV4 = 12;
 constexpr std::size_t kAlignmentV4Plus = 18;
 constexpr int kHighestPlace = 9;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
 bool BeginsWith(std::string_view line, std::string_view name) {
   if (line.size() < name.size()) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    if (Lower(line[i]) != Lower(name[i])) return false;
+    if (LowerAscii(line[i]) != LowerAscii(name[i])) return false;
   }
   return true;
 }
@@ -50,7 +49,7 @@ std::optional<Section> SectionAt(std::string_view line, Section now) {
   for (const std::string_view known : {"[Script Info]", "[V4+ Styles]", "[V4 Styles]"}) {
     if (Same(name, known)) return Section::Other;
   }
-  // Their letters are no small ones.
+  // Embedded files are written without small letters.
   if (name.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string_view::npos) return Section::Other;
   return {};
 }
@@ -66,7 +65,7 @@ struct Event {
   ClockField endTime;
 };
 
-/// Where the fields of an event lie behind `at`. Only the last one may hold commas.
+/// The places of an event's fields in its line, behind `at`. Only the last field may hold commas.
 template <class Take>
 bool EachField(std::string_view line, std::size_t at, std::size_t count, Take take) {
   for (std::size_t i = 0; i < count; ++i) {
@@ -82,7 +81,7 @@ bool EachField(std::string_view line, std::size_t at, std::size_t count, Take ta
 Stretch TrimmedStretch(std::string_view line, Stretch field) {
   const std::string_view inner = Trimmed(field.In(line));
   if (inner.empty()) return field;
-  return Stretch::Of(static_cast<std::size_t>(inner.data() - line.data()), inner.size());
+  return Stretch::Of(inner.data() - line.data(), inner.size());
 }
 
 std::optional<Event> EventIn(std::string_view line, const EventColumns& columns) {
@@ -139,7 +138,7 @@ std::string_view DefaultColumns(SubStationVersion version) {
   return version == SubStationVersion::V4 ? kColumnsV4 : kColumnsV4Plus;
 }
 
-/// What a field of a new event holds when no neighbour tells.
+/// The content of a field of a new event when no neighbour shows one.
 std::string_view UsualField(std::string_view column) {
   if (Same(column, "Layer")) return "0";
   if (Same(column, "Marked")) return "Marked=0";
@@ -148,7 +147,7 @@ std::string_view UsualField(std::string_view column) {
   return {};
 }
 
-/// What a caption's neighbour says of that one alone.
+/// True for a field that tells something of its own event alone, which a new event doesn't take over.
 bool BelongsToOne(std::string_view column) {
   return Same(column, "Name") || Same(column, "Actor") || Same(column, "Effect");
 }

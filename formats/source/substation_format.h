@@ -13,7 +13,7 @@ namespace cuewright {
 
 /// The order of the fields of an event, as a "Format:" line tells it.
 struct EventColumns {
-  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  static constexpr std::size_t kNone = std::string_view::npos;
 
   std::vector<std::string> names;
   std::size_t start = kNone;

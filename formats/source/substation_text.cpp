@@ -33,7 +33,7 @@ bool OnlySwitches(TextView block, char16_t value, WholeStyles& styles) {
   return true;
 }
 
-/// Some override in the text touches a style that was set for all of it.
+/// True when an override within the text changes a style that was set for all of it.
 bool StylesChange(TextView text) {
   for (std::size_t at = text.find(u'\\'); at != TextView::npos; at = text.find(u'\\', at + 1)) {
     const TextView tag = text.substr(at + 1, 2);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/counting.h"
 #include "formats/source/clock_field.h"
 #include "formats/source/open_ended.h"
 #include "text/digits.h"
@@ -157,14 +158,11 @@ Text TmPlayerFormat::Record(const NewRecord& record, TextView separator) const {
   const std::string_view form = stamp ? record.neighbour.substr(0, stamp->time.size) : "00:00:00";
   std::vector<Text> rows{TextField(record.caption.text, separator, record.lineEnd)};
   if (dialect_ == Dialect::Rows) rows = Split(record.caption.text, separator);
-  if (dialect_ == Dialect::Rows) rows.resize(std::max(rows.size(), static_cast<std::size_t>(rows_)));
+  if (dialect_ == Dialect::Rows) rows.resize(std::max(CountOf(rows), rows_));
   Text result;
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    result += Line(record.caption.start, form, static_cast<int>(i) + 1) + rows[i] + Text(record.lineEnd);
-  }
-  for (std::size_t i = 0; writesEnds_ && i < rows.size(); ++i) {
-    result += Line(record.caption.end, form, static_cast<int>(i) + 1) + Text(record.lineEnd);
-  }
+  int number = 0;
+  for (const Text& row : rows) result += Line(record.caption.start, form, ++number) + row + Text(record.lineEnd);
+  for (int i = 1; writesEnds_ && i <= number; ++i) result += Line(record.caption.end, form, i) + Text(record.lineEnd);
   return result;
 }
 

@@ -27,8 +27,8 @@ class TmPlayerFormat final : public SourceFormat {
 
   SourceSettings settings_;
   Dialect dialect_;
-  int rows_ = 2;            ///< that each caption has in the file
-  bool writesEnds_ = true;  ///< a file that has none gets none
+  int rows_ = 2;            ///< how many rows of text each caption has in the file
+  bool writesEnds_ = true;  ///< false: the file has no ends of captions and gets none
 };
 
 }  // namespace cuewright

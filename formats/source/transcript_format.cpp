@@ -6,10 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/counting.h"
 #include "formats/source/clock_field.h"
 #include "formats/source/transcript_scanner.h"
 #include "formats/source/transcript_writer.h"
 #include "text/digits.h"
+#include "text/units.h"
 #include "text/utf8.h"
 
 namespace cuewright {
@@ -34,7 +36,7 @@ std::optional<Ms> Thousandths(std::string_view number) {
   return digits.size() > 3 && digits[3] >= '5' ? result + 1 : result;
 }
 
-/// A number such as "1.24e1", which people don't write.
+/// True for a number such as "1.24e1", which people don't write.
 std::optional<Ms> WithExponent(std::string_view number) {
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -72,7 +74,7 @@ bool CountMilliseconds(const std::vector<TranscriptSegment>& segments, std::stri
     if (!start || !end) return false;
     sum += segment.lasts ? end->Wide() : std::int64_t{Span(*start, *end)};
   }
-  return sum > kLongestMean * static_cast<std::int64_t>(segments.size());
+  return sum > kLongestMean * CountOf(segments);
 }
 
 /// The unit of "\uXXXX" behind a place; empty for anything else.
@@ -80,11 +82,11 @@ std::optional<char16_t> UnitAt(TextView digits) {
   if (digits.size() < 4) return {};
   unsigned unit = 0;
   for (const char16_t c : digits.substr(0, 4)) {
-    const char16_t small = c | 0x20;
-    if (!IsDigit(c) && (small < u'a' || small > u'f')) return {};
-    unit = unit << 4 | static_cast<unsigned>(IsDigit(c) ? c - u'0' : small - u'a' + 10);
+    const int digit = HexDigit(c);
+    if (digit < 0) return {};
+    unit = unit << 4 | digit;
   }
-  return static_cast<char16_t>(unit);
+  return LowUnit(unit);
 }
 
 Text Unescaped(TextView raw, TextView separator) {

@@ -229,7 +229,7 @@ class Scanner {
     }
     TranscriptSegment segment;
     segment.whole = Stretch::Between(begin, at_);
-    // One that has segments in it is a summary of them.
+    // An object with segments in it is a summary of them, and no segment itself.
     if (parts_ == 0 && result_.segments.size() == place && members.Make(segment)) result_.segments.push_back(segment);
     if (members.piece.at != 0) return {Kind::Piece, segment.whole, members.piece, {}, 1};
     if (!members.to.Empty()) return {Kind::Pair, segment.whole, members.from, members.to, 0};

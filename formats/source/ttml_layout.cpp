@@ -133,7 +133,8 @@ TtmlLayout::StyleElement TtmlLayout::StyleOf(const pugi::xml_node& element) {
   return style;
 }
 
-/// Styles may build on others that the file names later. What builds on more of them than this is left as it is.
+/// Gives each style what the styles say that it builds on, which the file may name later. Chains of more than
+/// `kDeepest` styles are resolved up to there.
 void TtmlLayout::ResolveStyles() {
   if (styleElements_.empty()) return;
   styles_ = std::make_shared<TtmlStyles>();

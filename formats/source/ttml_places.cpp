@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-/// The bytes begin with this name, and it ends there.
+/// True when the bytes begin with this name and the name ends there.
 bool IsNamed(std::string_view bytes, std::string_view name) {
   if (!bytes.starts_with(name)) return false;
   return bytes.size() > name.size() && std::string_view(" \t\r\n/>").find(bytes[name.size()]) != std::string_view::npos;

@@ -34,13 +34,13 @@ class Joiner {
 
   void Text(TextView raw) {
     for (std::size_t at = 0; at < raw.size(); ++at) {
-      const auto word = raw.begin() + static_cast<std::ptrdiff_t>(at);
+      const auto word = raw.begin() + at;
       const auto blank = std::find_if(word, raw.end(), IsBlankUnit);
       if (blank != word) {
         out_.append(word, blank);
         lastBlank_ = kNone;
         inLine_ = true;
-        at += static_cast<std::size_t>(blank - word);
+        at += blank - word;
       }
       if (at < raw.size()) Blank(raw, at);
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/numbers.h"
 #include "formats/source/clock_field.h"
 #include "text/digits.h"
 
@@ -36,7 +37,7 @@ std::optional<Count> CountOf(std::string_view time) {
 
 std::optional<Ms> Limited(std::int64_t ms) {
   if (ms < 0 || ms > Ms::Latest().Wide()) return {};
-  return static_cast<std::int32_t>(ms);
+  return Checked32(ms).Value();
 }
 
 /// "hh:mm:ss" and behind it ":ff" or ":ff.s".
@@ -107,7 +108,7 @@ std::string TtmlClock::Like(Ms time, std::string_view form) const {
     // Frames are counted within their second, whose first one begins with it.
     const std::int64_t perSecond = Nearest(frames, inSeconds);
     const std::int64_t all = ms / 1000 * perSecond + Nearest(ms % 1000 * frames, 1000 * inSeconds);
-    const std::string clock = ClockLike(static_cast<std::int32_t>(all / perSecond * 1000), framed->clock);
+    const std::string clock = ClockLike(Checked32(all / perSecond * 1000).Value(), framed->clock);
     std::string number = std::to_string(all % perSecond);
     if (number.size() < framed->digits) number.insert(0, framed->digits - number.size(), '0');
     return clock + ":" + number + (framed->hasSubFrames ? ".0" : "");

@@ -9,7 +9,7 @@
 namespace cuewright {
 namespace {
 
-/// Elements within elements that are followed.
+/// How deep elements may stand within elements.
 constexpr int kDeepest = 100;
 
 std::string_view LocalName(std::string_view name) { return TtmlLayout::LocalName(name); }
@@ -21,7 +21,7 @@ bool HasTimes(const pugi::xml_node& node) {
          *node.attribute("dur").value() != 0;
 }
 
-/// All text of a paragraph stands in spans that have times.
+/// True when all text of a paragraph stands in spans that have times.
 bool StandsInTimedSpans(const pugi::xml_node& paragraph) {
   bool any = false;
   for (const pugi::xml_node& child : paragraph.children()) {
@@ -46,7 +46,7 @@ void TtmlWalk::All(const XmlElement& root, XmlTags& tags) {
   layout_ = TtmlLayout(root.Node());
   const std::string_view name = root.Node().name();
   Contents(name, InsideOf(root.Node(), {}), 0);
-  // What stands behind the root isn't read.
+  // Bytes behind the root's end aren't read.
   if (const auto behind = stopped_ || broken_ ? std::nullopt : tags.Next()) sink_.NotUnderstood(behind->open);
   CloseOpen({});
 }

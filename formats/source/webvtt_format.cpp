@@ -204,7 +204,7 @@ Text WebVttFormat::Record(const NewRecord& record, TextView separator) const {
   while (lines.Next(line)) {
     if (const auto timing = TimingIn(line.text)) {
       form = line.text.substr(timing->startAt, timing->start.size);
-      // A cue without a text stands for itself: it is written anew to get one.
+      // A cue without a text is a record of its own, and is written anew when it gets one.
       const std::string_view behind = line.text.substr(timing->endAt + timing->end.size);
       if (!lines.Next(line) || line.text.empty()) settings = behind;
       break;

@@ -6,6 +6,7 @@
 
 #include "core/style_markers.h"
 #include "text/text_search.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -23,8 +24,6 @@ constexpr std::array<Style, 3> kStyles = {
 Text Opening(char16_t letter) { return {u'<', letter, u'>'}; }
 Text Closing(char16_t letter) { return {u'<', u'/', letter, u'>'}; }
 
-constexpr char16_t Small(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; }
-
 const Style* StyleOf(char16_t letter) {
   const auto found = std::ranges::find(kStyles, letter, &Style::letter);
   return found == kStyles.end() ? nullptr : &*found;
@@ -33,12 +32,13 @@ const Style* StyleOf(char16_t letter) {
 /// The letter of a style's opening tag at the beginning of the text, in lower case; NUL for anything else.
 char16_t OpeningAt(TextView text) {
   if (text.size() < kOpening || text[0] != u'<' || text[2] != u'>') return 0;
-  const char16_t letter = Small(text[1]);
+  const char16_t letter = LowerAscii(text[1]);
   return StyleOf(letter) != nullptr ? letter : u'\0';
 }
 
 bool ClosesAt(TextView text, char16_t letter) {
-  return text.size() >= kClosing && text[0] == u'<' && text[1] == u'/' && Small(text[2]) == letter && text[3] == u'>';
+  return text.size() >= kClosing && text[0] == u'<' && text[1] == u'/' && LowerAscii(text[2]) == letter &&
+         text[3] == u'>';
 }
 
 /// How many tags of the letter the text holds.
@@ -56,7 +56,7 @@ TagCount CountTags(TextView text, char16_t letter) {
   return count;
 }
 
-/// The text begins with an opening tag of the letter and ends with its closing one, or lacks that.
+/// True when the text begins with an opening tag of the letter and ends with its closing tag or has none.
 bool Covers(TextView text, char16_t letter) {
   if (OpeningAt(text) != letter) return false;
   const TagCount count = CountTags(text, letter);
@@ -72,7 +72,7 @@ Text Uncovered(TextView text, char16_t letter) {
   return Text(text);
 }
 
-/// Every line is covered by a pair of tags of its own, and there is more than one.
+/// True when there are several lines and each is covered by a pair of tags of its own.
 bool CoversEachLine(TextView text, TextView separator, char16_t letter) {
   if (separator.empty() || text.find(separator) == TextView::npos) return false;
   for (const Text& line : Split(text, separator)) {

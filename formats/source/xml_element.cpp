@@ -12,7 +12,7 @@ bool XmlElement::LoadTag(std::string_view bytes, Stretch tag) {
 }
 
 pugi::xml_parse_result XmlElement::Parse(std::string_view bytes, Stretch stretch) {
-  // The tree stands in the copy, which has its room from the element before.
+  // The parser builds its tree within the copy of the bytes, whose room is used again for each element.
   document_.reset();
   bytes_.assign(stretch.In(bytes));
   at_ = stretch.at;

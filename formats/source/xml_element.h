@@ -19,7 +19,7 @@ class XmlElement {
 
   pugi::xml_node Node() const { return document_.document_element(); }
   /// Where the name of an element stands in the file.
-  std::size_t NameAt(const pugi::xml_node& node) const { return at_ + static_cast<std::size_t>(node.offset_debug()); }
+  std::size_t NameAt(const pugi::xml_node& node) const { return at_ + node.offset_debug(); }
 
  private:
   pugi::xml_parse_result Parse(std::string_view bytes, Stretch stretch);

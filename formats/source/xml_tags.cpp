@@ -35,7 +35,7 @@ std::size_t XmlTags::BehindOthers(std::size_t at) const {
   return rest.starts_with("<!") ? BehindDeclaration(at) : at;
 }
 
-/// A declaration of the document's type may have others in it, between square brackets.
+/// A declaration of the document's type may contain others, between square brackets.
 std::size_t XmlTags::BehindDeclaration(std::size_t at) const {
   std::size_t open = 0;  // declarations that are
   while (at < bytes_.size()) {

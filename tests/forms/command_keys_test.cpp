@@ -28,8 +28,8 @@ struct Keys : ProgramFixture {
 };
 
 TEST_F(Keys, NoTwoCommandsOfASetHaveTheSame) {
-  for (int set = 0; set < kKeySets; ++set) {
-    All().Choose(static_cast<KeySet>(set));
+  for (const KeySet set : kKeySets) {
+    All().Choose(set);
     const AppOptions& o = program->options;
     std::map<std::string, std::string> holders;
     for (const std::uint8_t letter : {o.playKey, o.pauseKey, o.stopKey, o.startKey, o.nextKey, o.endKey, o.previousKey,
@@ -40,7 +40,7 @@ TEST_F(Keys, NoTwoCommandsOfASetHaveTheSame) {
       for (const std::string& key : SingleKeys(item->Shortcut())) {
         const auto [holder, isNew] = holders.emplace(key, item->Name());
         EXPECT_TRUE(isNew) << key << " is that of " << holder->second << " and of " << item->Name() << " in set "
-                           << set;
+                           << PlaceOf(kKeySets, set);
       }
     }
     EXPECT_GE(holders.size(), 10u);

@@ -35,7 +35,7 @@ TEST_F(HelpBookTest, ReadsTheTopicsInTheOrderAndDepthOfItsContents) {
   ASSERT_EQ(book.Topics().size(), 2u);
   EXPECT_EQ(book.Topics()[0].title, u"First");
   EXPECT_EQ(book.Topics()[1].title, u"Second & last");
-  EXPECT_EQ(book.Topics()[1].depth, 1);
+  EXPECT_EQ(book.Topics()[1].depth, 1U);
   EXPECT_EQ(book.PlaceOf(u"b.html"), 1u);
   EXPECT_EQ(book.PlaceOf(u"c.html"), std::nullopt);
 }

@@ -289,7 +289,7 @@ struct SaveAsThoughtBetterOf : QuestionBeforeLoss {
 };
 
 TEST_F(SaveAsThoughtBetterOf, LeavesFormatAndRateOfTheDocument) {
-  const std::uint8_t format = program->formats.CurrentFormatIndex;
+  const int format = program->formats.CurrentFormatIndex;
   const std::string saved = SavedAfterwards();
   EXPECT_EQ(program->formats.CurrentFormatIndex, format);
   EXPECT_EQ(program->formats.CurrentFps, 0);

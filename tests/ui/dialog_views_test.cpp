@@ -43,7 +43,7 @@ struct DialogViews : testing::DialogFixture {
     Show(std::make_unique<SettingsView>(Settings(), nullptr));
   }
   void ShowFormats() {
-    program->formats.SettingsFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"SAMI"));
+    program->formats.SettingsFormatIndex = program->catalogue.IndexOf(u"SAMI");
     Formats().Open();
     Show(std::make_unique<FormatView>(Formats(), nullptr));
   }
@@ -386,7 +386,7 @@ TEST_F(FormatWindowView, SamplesShowTheColors) {
 }
 
 TEST_F(ExportWindowView, APointIsTypedAsAComma) {
-  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"MICRODVD"));
+  program->formats.CurrentFormatIndex = program->catalogue.IndexOf(u"MICRODVD");
   ShowExport();
   auto* rate = Find<QComboBox>("cmbFPS");
   ASSERT_TRUE(rate->isEnabled());
@@ -398,14 +398,14 @@ TEST_F(ExportWindowView, APointIsTypedAsAComma) {
 }
 
 TEST_F(ExportWindowView, ShowsTheAnswerWithoutItsAccessKey) {
-  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"SAMI"));
+  program->formats.CurrentFormatIndex = program->catalogue.IndexOf(u"SAMI");
   ShowExport();
   EXPECT_EQ(Find<QLabel>("lblHeader2")->text(), "Yes");
   EXPECT_TRUE(Find("imgBold")->isVisible());
 }
 
 TEST_F(ExportWindowView, ARefusedRateTakesTheFocusAndTheWindowStays) {
-  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"MICRODVD"));
+  program->formats.CurrentFormatIndex = program->catalogue.IndexOf(u"MICRODVD");
   ShowExport();
   Export().cmbFPS.SetText(u"241");
   QTest::keyClick(Find("cboFormats"), Qt::Key_Return);
@@ -415,7 +415,7 @@ TEST_F(ExportWindowView, ARefusedRateTakesTheFocusAndTheWindowStays) {
 }
 
 TEST_F(ExportWindowView, EnterInTheRateIsOkAndAddsNoChoice) {
-  program->formats.CurrentFormatIndex = static_cast<std::uint8_t>(program->catalogue.IndexOf(u"MICRODVD"));
+  program->formats.CurrentFormatIndex = program->catalogue.IndexOf(u"MICRODVD");
   ShowExport();
   auto* rate = Find<QComboBox>("cmbFPS");
   rate->lineEdit()->setFocus();
