@@ -22,8 +22,9 @@ constexpr float kFarWorse = 200;     ///< than the best way: never good again
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;
-constexpr double kTeaches = 0.95;   ///< confidence of a line from which others are found
-constexpr std::size_t kRounds = 2;  ///< the second goes by what the first told of the film's voices
+constexpr double kTeaches = 0.95;        ///< confidence of a line that tells of the film's voices
+constexpr std::size_t kFewestPaces = 5;  ///< sure lines without which nothing is known of the film's pace
+constexpr std::size_t kRounds = 2;       ///< the second goes by what the first told of the film's voices and their pace
 
 /// How the best way came to a frame with some lines behind it.
 enum class Step : std::uint8_t { Wait, Skip, Place };
@@ -49,15 +50,17 @@ struct Trail {
 /// Where a line lies; an empty range for one that nobody says.
 struct PlacedLine {
   FrameRange frames;
-  float worth = 0;  ///< of a frame of the line
-};
+  double worth = 0;
 
-/// How sure a place is: a line that fits as well as usual is, the longer the surer.
-double ConfidenceOf(const PlacedLine& placed, std::size_t frames) {
-  constexpr double kSteep = 0.35;
-  const double worth = placed.worth * static_cast<double>(frames);
-  return 1 / (1 + std::exp(-kSteep * (worth - kSureWorth)));
-}
+  bool Found() const { return frames.Count() > 0; }
+  /// How sure the place is: a line that fits as well as usual is, the longer the surer.
+  double Confidence() const {
+    constexpr double kSteep = 0.35;
+    return 1 / (1 + std::exp(-kSteep * (worth - kSureWorth)));
+  }
+  /// True for a line that tells something of the others.
+  bool Teaches() const { return Found() && Confidence() >= kTeaches; }
+};
 
 /// Takes from what a line is worth what it is worth in places where nobody says it: nearly all of a window.
 void LessChance(LineMatch& match) {
@@ -167,7 +170,7 @@ std::vector<PlacedLine> Aligner::Placed() const {
     at = trail.window.first + i;
     if (trail.steps[i] == Step::Skip) continue;
     const Ending& ending = trail.EndingAt(i);
-    placed[line] = {{trail.window.first + ending.start, at}, ending.worth / static_cast<float>(lines_[line].size())};
+    placed[line] = {{trail.window.first + ending.start, at}, ending.worth};
     at = placed[line].frames.first;
   }
   return placed;
@@ -175,17 +178,30 @@ std::vector<PlacedLine> Aligner::Placed() const {
 
 void Aligner::Teach(std::span<const PlacedLine> placed, LineSpread& spread) {
   for (std::size_t line = 0; line < placed.size(); ++line) {
-    if (placed[line].frames.Count() == 0 || ConfidenceOf(placed[line], lines_[line].size()) < kTeaches) continue;
-    matcher_.Teach(lines_[line], placed[line].frames, spread);
+    if (placed[line].Teaches()) matcher_.Teach(lines_[line], placed[line].frames, spread);
   }
+}
+
+/// How many times as long as the synthesiser the film's voices take for a line: the median of those surely found.
+double PaceOf(std::span<const PlacedLine> placed, std::span<const SpokenFrames> lines) {
+  std::vector<double> paces;
+  for (std::size_t line = 0; line < placed.size(); ++line) {
+    if (!placed[line].Teaches()) continue;
+    paces.push_back(static_cast<double>(placed[line].frames.Count()) / static_cast<double>(lines[line].size()));
+  }
+  if (paces.size() < kFewestPaces) return 1;
+  const auto middle = paces.begin() + std::ssize(paces) / 2;
+  std::ranges::nth_element(paces, middle);
+  return *middle;
 }
 
 /// Where lines are said; nothing when it isn't wanted any more.
 std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
                                  const std::function<bool(std::size_t)>& goOn) {
   LineSpread spread;
+  std::vector<SpokenFrames> paced(lines.begin(), lines.end());
   for (std::size_t round = 0;; ++round) {
-    Aligner aligner(film, lines, voice, spread);
+    Aligner aligner(film, paced, voice, spread);
     const auto further = [&](std::size_t line) { return !goOn || goOn((line + round * lines.size()) / kRounds); };
     if (!aligner.Walk(further)) return {};
     std::vector<PlacedLine> placed = aligner.Placed();
@@ -194,6 +210,8 @@ std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const Spoke
     aligner.Teach(placed, learned);
     learned.Settle();
     spread = learned;
+    const double pace = PaceOf(placed, paced);
+    for (SpokenFrames& line : paced) line = AtPace(line, pace);
   }
 }
 
@@ -228,10 +246,10 @@ std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const So
     const std::vector<PlacedLine> placed = PlacesOf(sound, features, VoiceOfSound(film), goOn);
     if (placed.empty() && !lines.empty()) return {};
     for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (placed[i].frames.Count() == 0) continue;
+      if (!placed[i].Found()) continue;
       lines[i].start = static_cast<std::int32_t>(placed[i].frames.first * FilmFeatures::kFrameMs);
       lines[i].end = static_cast<std::int32_t>(placed[i].frames.behind * FilmFeatures::kFrameMs);
-      lines[i].confidence = ConfidenceOf(placed[i], features[i].size());
+      lines[i].confidence = placed[i].Confidence();
       lines[i].doubtful = lines[i].confidence < kDoubt;
     }
   }

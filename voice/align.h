@@ -20,7 +20,7 @@ struct AlignedLine {
 
 /// Finds lines in a film by their sound, in their order. Lines that nobody says and speech that no line has are
 /// allowed. `spoken` is each line as a synthesiser says it. They are looked for twice, the second time by what the
-/// first told of the film's voices; `goOn` is asked at every line, with
+/// first told of the film's voices and their pace; `goOn` is asked at every line, with
 /// how many of them all would be done by now, and ends it with an empty result.
 std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const SoundTable& film,
                                     const std::function<bool(std::size_t)>& goOn = {});
