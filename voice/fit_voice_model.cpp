@@ -106,7 +106,7 @@ double SeparationOf(const Heap& voice, const Heap& rest) {
 }  // namespace
 
 VoiceModel::VoiceModel(const SoundTable& sound, std::span<const StepSpan> spoken, std::span<const StepSpan> others)
-    : sound_(sound) {
+    : sound_(&sound) {
   const Heap voice(sound, spoken);
   const Heap rest(sound, others);
   if (voice.Count() < kFewest || rest.Count() < kFewest) return;
@@ -130,7 +130,7 @@ void VoiceModel::TakeRoot(const Square& spread) {
 LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
   LevelMixture::Levels levels{};
   for (std::size_t row = 0; row < kBands; ++row) {
-    double left = sound_.Db(step, static_cast<int>(row)) / kUnit;
+    double left = sound_->Db(step, static_cast<int>(row)) / kUnit;
     for (std::size_t before = 0; before < row; ++before) left -= root_[row][before] * double{levels[before]};
     levels[row] = static_cast<float>(left / root_[row][row]);
   }
@@ -139,14 +139,14 @@ LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
 
 std::vector<LevelMixture::Levels> VoiceModel::Samples(std::span<const StepSpan> spans) const {
   std::vector<LevelMixture::Levels> samples;
-  EachStep(sound_, spans, [&](std::size_t step) { samples.push_back(LevelsAt(step)); });
+  EachStep(*sound_, spans, [&](std::size_t step) { samples.push_back(LevelsAt(step)); });
   return samples;
 }
 
 double VoiceModel::ShareHeard(std::span<const StepSpan> spoken) const {
   double all = 0;
   double heard = 0;
-  EachStep(sound_, spoken, [&](std::size_t step) {
+  EachStep(*sound_, spoken, [&](std::size_t step) {
     ++all;
     if (Voice(static_cast<std::ptrdiff_t>(step)) > kHeard) ++heard;
   });
@@ -154,7 +154,7 @@ double VoiceModel::ShareHeard(std::span<const StepSpan> spoken) const {
 }
 
 double VoiceModel::Voice(std::ptrdiff_t step) const {
-  if (step < 0 || step >= static_cast<std::ptrdiff_t>(sound_.Steps()) || !voice_) return 0;
+  if (step < 0 || step >= static_cast<std::ptrdiff_t>(sound_->Steps()) || !voice_) return 0;
   const LevelMixture::Levels levels = LevelsAt(static_cast<std::size_t>(step));
   return std::clamp(double{voice_->LogDensity(levels)} - double{rest_->LogDensity(levels)}, -kMost, kMost);
 }
