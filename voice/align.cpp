@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/counting.h"
 #include "voice/align_match.h"
 #include "voice/band_levels.h"
 #include "voice/voice_likeness.h"
@@ -62,10 +63,12 @@ struct PlacedLine {
   bool Teaches() const { return Found() && Confidence() >= kTeaches; }
 };
 
+Ms MsOf(std::size_t frames) { return static_cast<int>(frames) * FilmFeatures::kFrameMs; }
+
 /// Takes from what a line is worth what it is worth in places where nobody says it: nearly all of a window.
 void LessChance(LineMatch& match) {
   std::vector<float> sorted = match.worth;
-  const auto chance = sorted.begin() + static_cast<std::ptrdiff_t>(kChance * static_cast<double>(sorted.size() - 1));
+  const auto chance = sorted.begin() + static_cast<std::ptrdiff_t>(kChance * (CountOf(sorted) - 1));
   std::ranges::nth_element(sorted, chance);
   for (float& worth : match.worth) worth -= *chance;
 }
@@ -108,17 +111,17 @@ FrameRange Aligner::NextWindow() const {
   // the best one stay in the window.
   const float least = *std::ranges::max_element(best_) - kFarWorse;
   const auto top = std::ranges::find_if(best_, [&](float worth) { return worth > least; });
-  const std::size_t now = window_.first + static_cast<std::size_t>(top - best_.begin());
+  const std::size_t now = window_.first + (top - best_.begin());
   // What nobody says anything in takes none of the view ahead.
   const float seen = cost_[std::min(now, film)] + kVoiceAhead * kUnwritten;
-  const auto far = static_cast<std::size_t>(std::ranges::lower_bound(cost_, seen) - cost_.begin());
+  const std::size_t far = std::ranges::lower_bound(cost_, seen) - cost_.begin();
   const std::size_t behind = std::min(film, std::clamp(far, now + kAheadFrames, now + kMostAheadFrames));
   const std::size_t first = std::max(window_.first, now > kBehindFrames ? now - kBehindFrames : 0);
   return {first, std::max(behind, window_.behind)};
 }
 
 void Aligner::MoveTo(const FrameRange& window) {
-  best_.erase(best_.begin(), best_.begin() + static_cast<std::ptrdiff_t>(window.first - window_.first));
+  best_.erase(best_.begin(), best_.begin() + (window.first - window_.first));
   while (best_.size() < window.Count() + 1) {
     const std::size_t at = window.first + best_.size();
     best_.push_back(best_.back() - (cost_[at] - cost_[at - 1]));
@@ -135,7 +138,7 @@ void Aligner::Take(const LineMatch& match, Trail& trail) {
     if (i == 0) continue;
     const float waited = fresh[i - 1] - (cost_[window_.first + i] - cost_[window_.first + i - 1]);
     if (waited > fresh[i]) fresh[i] = waited, trail.steps[i] = Step::Wait;
-    const auto start = static_cast<std::size_t>(match.start[i - 1]);
+    const std::size_t start = match.start[i - 1];
     const float placed = best_[start] + match.worth[i - 1];
     if (placed <= fresh[i]) continue;
     fresh[i] = placed;
@@ -161,7 +164,7 @@ bool Aligner::Walk(const std::function<bool(std::size_t)>& goOn) {
 
 std::vector<PlacedLine> Aligner::Placed() const {
   std::vector<PlacedLine> placed(trails_.size());
-  std::size_t at = window_.first + static_cast<std::size_t>(std::ranges::max_element(best_) - best_.begin());
+  std::size_t at = window_.first + (std::ranges::max_element(best_) - best_.begin());
   for (std::size_t line = trails_.size(); line-- > 0;) {
     const Trail& trail = trails_[line];
     // Behind the window of an earlier line nothing happened but waiting.
@@ -187,7 +190,8 @@ double PaceOf(std::span<const PlacedLine> placed, std::span<const SpokenFrames> 
   std::vector<double> paces;
   for (std::size_t line = 0; line < placed.size(); ++line) {
     if (!placed[line].Teaches()) continue;
-    paces.push_back(static_cast<double>(placed[line].frames.Count()) / static_cast<double>(lines[line].size()));
+    const double said = MsOf(placed[line].frames.Count()).Count();
+    paces.push_back(said / MsOf(lines[line].size()).Count());
   }
   if (paces.size() < kFewestPaces) return 1;
   const auto middle = paces.begin() + std::ssize(paces) / 2;
@@ -225,8 +229,8 @@ void PlaceBetween(std::span<const SpokenFrames> spoken, Ms filmEnd, std::vector<
     Ms at = first == 0 ? 0 : lines[first - 1].end;
     const Ms until = behind == lines.size() ? std::max(filmEnd, at) : lines[behind].start;
     for (; first < behind; ++first) {
-      const auto left = static_cast<std::int32_t>(behind - first);
-      const auto needs = Ms(static_cast<std::int32_t>(spoken[first].size() * FilmFeatures::kFrameMs)) + kPauseMs;
+      const int left = static_cast<int>(behind - first);
+      const Ms needs = MsOf(spoken[first].size()) + kPauseMs;
       const Ms room = std::max<Ms>(1, std::min<Ms>(needs, (until - at) / left));
       lines[first].start = at;
       lines[first].end = at + std::max<Ms>(1, room - kPauseMs);
@@ -247,8 +251,8 @@ std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const So
     if (placed.empty() && !lines.empty()) return {};
     for (std::size_t i = 0; i < lines.size(); ++i) {
       if (!placed[i].Found()) continue;
-      lines[i].start = static_cast<std::int32_t>(placed[i].frames.first * FilmFeatures::kFrameMs);
-      lines[i].end = static_cast<std::int32_t>(placed[i].frames.behind * FilmFeatures::kFrameMs);
+      lines[i].start = MsOf(placed[i].frames.first);
+      lines[i].end = MsOf(placed[i].frames.behind);
       lines[i].confidence = placed[i].Confidence();
       lines[i].doubtful = lines[i].confidence < kDoubt;
     }

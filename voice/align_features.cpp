@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/counting.h"
 #include "voice/band_levels.h"
 
 namespace cuewright {
@@ -17,7 +18,7 @@ constexpr float kLowest = -45;  ///< dB below the loud: further down all is sile
 float FrameDb(const SoundTable& sound, std::size_t frame, std::size_t band) {
   float db = 0;
   for (std::size_t step = frame * kStepsAFrame; step < (frame + 1) * kStepsAFrame; ++step) {
-    db += static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit;
+    db += DbOf(sound, step, band);
   }
   return db / kStepsAFrame;
 }
@@ -63,8 +64,8 @@ std::vector<SpokenFrames> FeaturesOfLines(std::span<const SoundTable> lines) {
 
 SpokenFrames AtPace(const SpokenFrames& line, double pace) {
   if (line.empty()) return {};
-  const double last = static_cast<double>(line.size() - 1);
-  SpokenFrames paced(static_cast<std::size_t>(std::lround(static_cast<double>(line.size()) * pace)));
+  const double last = CountOf(line) - 1;
+  SpokenFrames paced(std::lround(CountOf(line) * pace));
   double middle = 0.5;
   for (FilmFeatures::Bands& frame : paced) {
     const double place = std::clamp(middle / pace - 0.5, 0.0, last);

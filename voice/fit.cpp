@@ -43,7 +43,7 @@ constexpr std::size_t kFewestSure = 5;
 constexpr double kLeastSeparation = 0.35;
 
 double MedianOf(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  const auto middle = values.begin() + values.size() / 2;
   std::ranges::nth_element(values, middle);
   return *middle;
 }
@@ -166,7 +166,7 @@ class Fitter {
     const Calibrated usual(caption, hand_);
     const StepSpan steps = usual.Steps();
     const std::ptrdiff_t reach = hand_.known ? kReach : kWideReach;
-    const auto count = static_cast<std::size_t>(2 * reach + 1);
+    const std::size_t count = 2 * reach + 1;
     const SoundLevels levels(sound_, {steps.first - kLevelReach, steps.last + kLevelReach});
     const bool spoken = place < words_.size() && words_[place].Steps() > 0;
     const double trust = spoken ? EdgeTrust::kWithWords : EdgeTrust::kAlone;
@@ -197,8 +197,8 @@ class Fitter {
 
   /// What was learned around a time.
   const VoiceModel& ModelAt(Ms start) const {
-    const auto behind = std::ranges::lower_bound(until_, start);
-    return models_[std::min(static_cast<std::size_t>(behind - until_.begin()), models_.size() - 1)];
+    const std::size_t before = std::ranges::lower_bound(until_, start) - until_.begin();
+    return models_[std::min(before, models_.size() - 1)];
   }
 
   /// True when one of the captions from `first` on, up to and not with `behind`, is wanted.
@@ -209,7 +209,8 @@ class Fitter {
 
   /// From the caption before to the one behind.
   StepSpan AloneAround(std::size_t number) const {
-    StepSpan alone{0, static_cast<std::ptrdiff_t>(sound_.Steps())};
+    StepSpan alone;
+    alone.last = sound_.Steps();
     if (number > 0) alone.first = voices_[number - 1].last;
     if (number + 1 < timed_.size()) alone.last = voices_[number + 1].first;
     return alone;
@@ -223,7 +224,7 @@ class Fitter {
   }
 
   static double MsOf(const EdgeEvidence& edge, std::size_t place) {
-    return static_cast<double>(edge.first + static_cast<std::ptrdiff_t>(place)) * kStepMs;
+    return static_cast<double>(edge.StepOf(place)) * kStepMs;
   }
 
   /// Learns what a voice is around a block of captions from where each is spoken; what lies nearer to an edge than the

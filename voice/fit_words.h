@@ -43,7 +43,7 @@ class WordsAlignment {
   float& CostAt(std::vector<float>& costs, std::size_t step, std::size_t word) const {
     return costs[step * words_.size() + word];
   }
-  std::ptrdiff_t StepOf(std::size_t place) const { return first_ + static_cast<std::ptrdiff_t>(place); }
+  std::ptrdiff_t StepOf(std::ptrdiff_t place) const { return first_ + place; }
 
   const SoundTable& sound_;
   const VoiceModel& model_;
