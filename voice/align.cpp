@@ -15,11 +15,11 @@ namespace {
 constexpr float kUnspoken = 20;              ///< what it costs that nobody says a line
 constexpr double kChance = 0.97;             ///< the share of places that fit worse than one that fits by chance
 constexpr float kUnwritten = 0.05F;          ///< what a frame of voice costs that is in no line
-constexpr std::size_t kBehindFrames = 3000;  ///< of the window before where the lines so far end best
-constexpr std::size_t kAheadFrames = 9000;   ///< the least of it behind that
+constexpr std::size_t kBehindFrames = 3000;  ///< that the window keeps before the place where the lines so far end best
+constexpr std::size_t kAheadFrames = 9000;   ///< the least that it shows behind that place
 constexpr std::size_t kMostAheadFrames = 30000;
 constexpr float kVoiceAhead = 3000;  ///< frames of voice that the window sees at least
-constexpr float kFarWorse = 200;     ///< than the best way: never good again
+constexpr float kFarWorse = 200;     ///< than the best way, so that no later line can make up for it
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;

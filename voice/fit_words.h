@@ -20,8 +20,8 @@ struct SoundLevels {
 };
 
 /// Where a caption's own words, as a synthesiser speaks them, fit into a film's sound: every way to lay them there is
-/// weighed, with any gap before and behind. `start` and `end` hold what is known of both otherwise, and get what is
-/// known then.
+/// weighed, with any gap before and behind. `start` and `end` come in with what the change of the sound and the hand
+/// tell of the caption's edges, and go out with what the words tell added.
 class WordsAlignment {
  public:
   /// `alone` is where no other caption is: a voice there that isn't the caption's is unlikely.
