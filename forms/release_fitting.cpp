@@ -87,6 +87,9 @@ void ReleaseFitting::Begin() {
   job_.choice.hand = HandInForce(bench_.options);
   job_.choice.leastGap = check_.LeastGap();
   job_.choice.giveUp = &giveUp_;
+  if (heard_ != job_.sound) learned_ = {};
+  heard_ = job_.sound;
+  job_.choice.memory = &learned_;
   numbers_.clear();
   // The latest captions show what the voice sounds like; they are sorted by row, and so by time.
   std::vector<std::pair<Row, const FitMark*>> heard;

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <future>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -55,8 +56,10 @@ class ReleaseFitting {
   Notices& notices_;
   Processes* processes_ = nullptr;
   bool rests_ = false;
-  std::vector<Message> told_;           ///< what the strip has told of this document
-  std::vector<std::uint64_t> numbers_;  ///< of the holds in the job, 0 for captions that only tell of the voice
+  std::shared_ptr<const SoundTable> heard_;  ///< the sound that `learned_` is of
+  FitMemory learned_;                        ///< in the fits before, so that a single hold costs little
+  std::vector<Message> told_;                ///< what the strip has told of this document
+  std::vector<std::uint64_t> numbers_;       ///< of the holds in the job, 0 for captions that only tell of the voice
   FitJob job_;
   std::atomic<bool> giveUp_ = false;
   std::future<FitFound> search_;  ///< goes first: it uses what stands above

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/counting.h"
 #include "voice/align_match.h"
 #include "voice/band_levels.h"
 #include "voice/voice_likeness.h"
@@ -14,16 +15,17 @@ namespace {
 constexpr float kUnspoken = 20;              ///< what it costs that nobody says a line
 constexpr double kChance = 0.97;             ///< the share of places that fit worse than one that fits by chance
 constexpr float kUnwritten = 0.05F;          ///< what a frame of voice costs that is in no line
-constexpr std::size_t kBehindFrames = 3000;  ///< of the window before where the lines so far end best
-constexpr std::size_t kAheadFrames = 9000;   ///< the least of it behind that
+constexpr std::size_t kBehindFrames = 3000;  ///< that the window keeps before the place where the lines so far end best
+constexpr std::size_t kAheadFrames = 9000;   ///< the least that it shows behind that place
 constexpr std::size_t kMostAheadFrames = 30000;
 constexpr float kVoiceAhead = 3000;  ///< frames of voice that the window sees at least
-constexpr float kFarWorse = 200;     ///< than the best way: never good again
+constexpr float kFarWorse = 200;     ///< than the best way, so that no later line can make up for it
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;
-constexpr double kTeaches = 0.95;   ///< confidence of a line from which others are found
-constexpr std::size_t kRounds = 2;  ///< the second goes by what the first told of the film's voices
+constexpr double kTeaches = 0.95;        ///< confidence of a line that tells of the film's voices
+constexpr std::size_t kFewestPaces = 5;  ///< sure lines without which nothing is known of the film's pace
+constexpr std::size_t kRounds = 2;       ///< the second goes by what the first told of the film's voices and their pace
 
 /// How the best way came to a frame with some lines behind it.
 enum class Step : std::uint8_t { Wait, Skip, Place };
@@ -49,20 +51,24 @@ struct Trail {
 /// Where a line lies; an empty range for one that nobody says.
 struct PlacedLine {
   FrameRange frames;
-  float worth = 0;  ///< of a frame of the line
+  double worth = 0;
+
+  bool Found() const { return frames.Count() > 0; }
+  /// How sure the place is: a line that fits as well as usual is, the longer the surer.
+  double Confidence() const {
+    constexpr double kSteep = 0.35;
+    return 1 / (1 + std::exp(-kSteep * (worth - kSureWorth)));
+  }
+  /// True for a line that tells something of the others.
+  bool Teaches() const { return Found() && Confidence() >= kTeaches; }
 };
 
-/// How sure a place is: a line that fits as well as usual is, the longer the surer.
-double ConfidenceOf(const PlacedLine& placed, std::size_t frames) {
-  constexpr double kSteep = 0.35;
-  const double worth = placed.worth * static_cast<double>(frames);
-  return 1 / (1 + std::exp(-kSteep * (worth - kSureWorth)));
-}
+Ms MsOf(std::size_t frames) { return static_cast<int>(frames) * FilmFeatures::kFrameMs; }
 
 /// Takes from what a line is worth what it is worth in places where nobody says it: nearly all of a window.
 void LessChance(LineMatch& match) {
   std::vector<float> sorted = match.worth;
-  const auto chance = sorted.begin() + static_cast<std::ptrdiff_t>(kChance * static_cast<double>(sorted.size() - 1));
+  const auto chance = sorted.begin() + static_cast<std::ptrdiff_t>(kChance * (CountOf(sorted) - 1));
   std::ranges::nth_element(sorted, chance);
   for (float& worth : match.worth) worth -= *chance;
 }
@@ -105,17 +111,17 @@ FrameRange Aligner::NextWindow() const {
   // the best one stay in the window.
   const float least = *std::ranges::max_element(best_) - kFarWorse;
   const auto top = std::ranges::find_if(best_, [&](float worth) { return worth > least; });
-  const std::size_t now = window_.first + static_cast<std::size_t>(top - best_.begin());
+  const std::size_t now = window_.first + (top - best_.begin());
   // What nobody says anything in takes none of the view ahead.
   const float seen = cost_[std::min(now, film)] + kVoiceAhead * kUnwritten;
-  const auto far = static_cast<std::size_t>(std::ranges::lower_bound(cost_, seen) - cost_.begin());
+  const std::size_t far = std::ranges::lower_bound(cost_, seen) - cost_.begin();
   const std::size_t behind = std::min(film, std::clamp(far, now + kAheadFrames, now + kMostAheadFrames));
   const std::size_t first = std::max(window_.first, now > kBehindFrames ? now - kBehindFrames : 0);
   return {first, std::max(behind, window_.behind)};
 }
 
 void Aligner::MoveTo(const FrameRange& window) {
-  best_.erase(best_.begin(), best_.begin() + static_cast<std::ptrdiff_t>(window.first - window_.first));
+  best_.erase(best_.begin(), best_.begin() + (window.first - window_.first));
   while (best_.size() < window.Count() + 1) {
     const std::size_t at = window.first + best_.size();
     best_.push_back(best_.back() - (cost_[at] - cost_[at - 1]));
@@ -132,7 +138,7 @@ void Aligner::Take(const LineMatch& match, Trail& trail) {
     if (i == 0) continue;
     const float waited = fresh[i - 1] - (cost_[window_.first + i] - cost_[window_.first + i - 1]);
     if (waited > fresh[i]) fresh[i] = waited, trail.steps[i] = Step::Wait;
-    const auto start = static_cast<std::size_t>(match.start[i - 1]);
+    const std::size_t start = match.start[i - 1];
     const float placed = best_[start] + match.worth[i - 1];
     if (placed <= fresh[i]) continue;
     fresh[i] = placed;
@@ -158,7 +164,7 @@ bool Aligner::Walk(const std::function<bool(std::size_t)>& goOn) {
 
 std::vector<PlacedLine> Aligner::Placed() const {
   std::vector<PlacedLine> placed(trails_.size());
-  std::size_t at = window_.first + static_cast<std::size_t>(std::ranges::max_element(best_) - best_.begin());
+  std::size_t at = window_.first + (std::ranges::max_element(best_) - best_.begin());
   for (std::size_t line = trails_.size(); line-- > 0;) {
     const Trail& trail = trails_[line];
     // Behind the window of an earlier line nothing happened but waiting.
@@ -167,7 +173,7 @@ std::vector<PlacedLine> Aligner::Placed() const {
     at = trail.window.first + i;
     if (trail.steps[i] == Step::Skip) continue;
     const Ending& ending = trail.EndingAt(i);
-    placed[line] = {{trail.window.first + ending.start, at}, ending.worth / static_cast<float>(lines_[line].size())};
+    placed[line] = {{trail.window.first + ending.start, at}, ending.worth};
     at = placed[line].frames.first;
   }
   return placed;
@@ -175,17 +181,31 @@ std::vector<PlacedLine> Aligner::Placed() const {
 
 void Aligner::Teach(std::span<const PlacedLine> placed, LineSpread& spread) {
   for (std::size_t line = 0; line < placed.size(); ++line) {
-    if (placed[line].frames.Count() == 0 || ConfidenceOf(placed[line], lines_[line].size()) < kTeaches) continue;
-    matcher_.Teach(lines_[line], placed[line].frames, spread);
+    if (placed[line].Teaches()) matcher_.Teach(lines_[line], placed[line].frames, spread);
   }
+}
+
+/// How many times as long as the synthesiser the film's voices take for a line: the median of those surely found.
+double PaceOf(std::span<const PlacedLine> placed, std::span<const SpokenFrames> lines) {
+  std::vector<double> paces;
+  for (std::size_t line = 0; line < placed.size(); ++line) {
+    if (!placed[line].Teaches()) continue;
+    const double said = MsOf(placed[line].frames.Count()).Count();
+    paces.push_back(said / MsOf(lines[line].size()).Count());
+  }
+  if (paces.size() < kFewestPaces) return 1;
+  const auto middle = paces.begin() + std::ssize(paces) / 2;
+  std::ranges::nth_element(paces, middle);
+  return *middle;
 }
 
 /// Where lines are said; nothing when it isn't wanted any more.
 std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
                                  const std::function<bool(std::size_t)>& goOn) {
   LineSpread spread;
+  std::vector<SpokenFrames> paced(lines.begin(), lines.end());
   for (std::size_t round = 0;; ++round) {
-    Aligner aligner(film, lines, voice, spread);
+    Aligner aligner(film, paced, voice, spread);
     const auto further = [&](std::size_t line) { return !goOn || goOn((line + round * lines.size()) / kRounds); };
     if (!aligner.Walk(further)) return {};
     std::vector<PlacedLine> placed = aligner.Placed();
@@ -194,6 +214,8 @@ std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const Spoke
     aligner.Teach(placed, learned);
     learned.Settle();
     spread = learned;
+    const double pace = PaceOf(placed, paced);
+    for (SpokenFrames& line : paced) line = AtPace(line, pace);
   }
 }
 
@@ -207,8 +229,8 @@ void PlaceBetween(std::span<const SpokenFrames> spoken, Ms filmEnd, std::vector<
     Ms at = first == 0 ? 0 : lines[first - 1].end;
     const Ms until = behind == lines.size() ? std::max(filmEnd, at) : lines[behind].start;
     for (; first < behind; ++first) {
-      const auto left = static_cast<std::int32_t>(behind - first);
-      const auto needs = Ms(static_cast<std::int32_t>(spoken[first].size() * FilmFeatures::kFrameMs)) + kPauseMs;
+      const int left = static_cast<int>(behind - first);
+      const Ms needs = MsOf(spoken[first].size()) + kPauseMs;
       const Ms room = std::max<Ms>(1, std::min<Ms>(needs, (until - at) / left));
       lines[first].start = at;
       lines[first].end = at + std::max<Ms>(1, room - kPauseMs);
@@ -228,10 +250,10 @@ std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const So
     const std::vector<PlacedLine> placed = PlacesOf(sound, features, VoiceOfSound(film), goOn);
     if (placed.empty() && !lines.empty()) return {};
     for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (placed[i].frames.Count() == 0) continue;
-      lines[i].start = static_cast<std::int32_t>(placed[i].frames.first * FilmFeatures::kFrameMs);
-      lines[i].end = static_cast<std::int32_t>(placed[i].frames.behind * FilmFeatures::kFrameMs);
-      lines[i].confidence = ConfidenceOf(placed[i], features[i].size());
+      if (!placed[i].Found()) continue;
+      lines[i].start = MsOf(placed[i].frames.first);
+      lines[i].end = MsOf(placed[i].frames.behind);
+      lines[i].confidence = placed[i].Confidence();
       lines[i].doubtful = lines[i].confidence < kDoubt;
     }
   }

@@ -19,9 +19,10 @@ struct AlignedLine {
 };
 
 /// Finds lines in a film by their sound, in their order. Lines that nobody says and speech that no line has are
-/// allowed. `spoken` is each line as a synthesiser says it. They are looked for twice, the second time by what the
-/// first told of the film's voices; `goOn` is asked at every line, with
-/// how many of them all would be done by now, and ends it with an empty result.
+/// allowed. `spoken` is each line as a synthesiser says it. The film is searched twice: the lines that the first search
+/// surely finds tell what the film's voices and their pace are, and the second one goes by that. `goOn` is asked at
+/// every line of both searches with the number of lines that are done, half of each line counting for each search; when
+/// it says false, the result is empty.
 std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const SoundTable& film,
                                     const std::function<bool(std::size_t)>& goOn = {});
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/counting.h"
 #include "voice/band_levels.h"
 
 namespace cuewright {
@@ -17,7 +18,7 @@ constexpr float kLowest = -45;  ///< dB below the loud: further down all is sile
 float FrameDb(const SoundTable& sound, std::size_t frame, std::size_t band) {
   float db = 0;
   for (std::size_t step = frame * kStepsAFrame; step < (frame + 1) * kStepsAFrame; ++step) {
-    db += static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit;
+    db += DbOf(sound, step, band);
   }
   return db / kStepsAFrame;
 }
@@ -39,7 +40,7 @@ FilmFeatures::FilmFeatures(const SoundTable& film) {
   }
 }
 
-std::vector<std::vector<FilmFeatures::Bands>> FeaturesOfLines(std::span<const SoundTable> lines) {
+std::vector<SpokenFrames> FeaturesOfLines(std::span<const SoundTable> lines) {
   FilmFeatures::Bands loud{};
   for (std::size_t band = 0; band < loud.size(); ++band) {
     ByteHistogram histogram;
@@ -49,9 +50,9 @@ std::vector<std::vector<FilmFeatures::Bands>> FeaturesOfLines(std::span<const So
     // A film is silent for about as long as it speaks.
     loud[band] = histogram.Quantile(2 * kLoud - 1);
   }
-  std::vector<std::vector<FilmFeatures::Bands>> all;
+  std::vector<SpokenFrames> all;
   for (const SoundTable& line : lines) {
-    std::vector<FilmFeatures::Bands>& frames = all.emplace_back(line.Steps() / kStepsAFrame);
+    SpokenFrames& frames = all.emplace_back(line.Steps() / kStepsAFrame);
     for (std::size_t frame = 0; frame < frames.size(); ++frame) {
       for (std::size_t band = 0; band < loud.size(); ++band) {
         frames[frame][band] = std::max(FrameDb(line, frame, band) - loud[band], kLowest);
@@ -59,6 +60,24 @@ std::vector<std::vector<FilmFeatures::Bands>> FeaturesOfLines(std::span<const So
     }
   }
   return all;
+}
+
+SpokenFrames AtPace(const SpokenFrames& line, double pace) {
+  if (line.empty()) return {};
+  const double last = CountOf(line) - 1;
+  SpokenFrames paced(std::lround(CountOf(line) * pace));
+  double middle = 0.5;
+  for (FilmFeatures::Bands& frame : paced) {
+    const double place = std::clamp(middle / pace - 0.5, 0.0, last);
+    const auto before = static_cast<std::size_t>(place);
+    const auto share = static_cast<float>(place - std::floor(place));
+    const FilmFeatures::Bands& next = line[std::min(before + 1, line.size() - 1)];
+    for (std::size_t band = 0; band < frame.size(); ++band) {
+      frame[band] = line[before][band] * (1 - share) + next[band] * share;
+    }
+    ++middle;
+  }
+  return paced;
 }
 
 }  // namespace cuewright

@@ -29,7 +29,13 @@ class FilmFeatures {
   std::vector<Bands> quiet_;
 };
 
+/// A line as it is spoken alone, a frame every 20 ms.
+using SpokenFrames = std::vector<FilmFeatures::Bands>;
+
 /// Lines that are spoken alone by one voice, in the same numbers: above or below what is loud in all of them.
-std::vector<std::vector<FilmFeatures::Bands>> FeaturesOfLines(std::span<const SoundTable> lines);
+std::vector<SpokenFrames> FeaturesOfLines(std::span<const SoundTable> lines);
+
+/// The line as one says it who takes `pace` times as long.
+SpokenFrames AtPace(const SpokenFrames& line, double pace);
 
 }  // namespace cuewright

@@ -10,8 +10,8 @@ namespace {
 constexpr std::size_t kSpeechSamples = 160;  ///< frames that stand for speech in general
 constexpr float kLeast = -1.5F;              ///< of a frame's score: one bad frame isn't the end of a line
 constexpr float kBias = 0.1F;                ///< a line found by chance is worth less than none
-constexpr float kFaster = 0.5F;              ///< what it costs to leave out a frame of the line
-constexpr float kSlower = 0.5F;              ///< ... to stay on one for two frames of the film
+constexpr float kFaster = 1.5F;              ///< what it costs to leave out a frame of the line
+constexpr float kSlower = 1.5F;              ///< what it costs to stay on one for two frames of the film
 constexpr float kNever = -1e9F;
 constexpr std::size_t kLongestTaught = 500;  ///< frames
 

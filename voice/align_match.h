@@ -25,9 +25,6 @@ struct LineMatch {
   std::vector<std::int32_t> start;  ///< counted in the window
 };
 
-/// A line as it is spoken alone, a frame every 20 ms.
-using SpokenFrames = std::vector<FilmFeatures::Bands>;
-
 /// Lays spoken lines over a film's sound, slower or faster as it fits. What is worth more than 0 sounds more like the
 /// line than like anything else that is said, or than silence.
 class LineMatcher {

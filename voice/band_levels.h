@@ -9,6 +9,11 @@
 
 namespace cuewright {
 
+/// The loudness of a band in a step, in dB.
+inline float DbOf(const SoundTable& sound, std::size_t step, std::size_t band) {
+  return sound.Db(step, static_cast<int>(band));
+}
+
 /// How often each value of a band occurs.
 class ByteHistogram {
  public:

@@ -5,6 +5,7 @@
 
 #include "voice/band_levels.h"
 #include "voice/fit_edge.h"
+#include "voice/fit_memory.h"
 #include "voice/fit_words.h"
 
 namespace cuewright {
@@ -18,9 +19,9 @@ constexpr double kFirstStart = 1;            ///< ms; a start of 0 would mean no
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
 /// So far a time moves that the risk of being worse than the constant is this; without its words a caption is believed
 /// less, and where much of the voice is drowned, so that noise may be taken for it, both are.
-constexpr double kMostStartRisk = 0.2;
+constexpr double kMostStartRisk = 0.1;
 constexpr double kMostStartRiskAlone = 0.085;
-constexpr double kMostEndRisk = 0.15;
+constexpr double kMostEndRisk = 0.22;
 constexpr double kMostEndRiskAlone = 0.16;
 constexpr double kClearlyHeard = 0.8;  ///< share of a voice that is heard, from which all of the risk is taken
 constexpr double kHardlyHeard = 0.5;
@@ -42,7 +43,7 @@ constexpr std::size_t kFewestSure = 5;
 constexpr double kLeastSeparation = 0.35;
 
 double MedianOf(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  const auto middle = values.begin() + values.size() / 2;
   std::ranges::nth_element(values, middle);
   return *middle;
 }
@@ -55,6 +56,8 @@ double SpreadOf(std::vector<double> values, double median) {
 
 std::ptrdiff_t StepAt(double ms) { return std::lround(ms / kStepMs); }
 
+bool GivenUp(const FitChoice& choice) { return choice.giveUp != nullptr && *choice.giveUp; }
+
 bool IsTimed(const HeldCaption& caption) { return caption.end > caption.start; }
 
 /// When somebody speaks by the person's constant, in ms.
@@ -66,6 +69,15 @@ struct Calibrated {
       : start(caption.start.Count() - hand.start), end(std::max(caption.end.Count() - hand.end, start + kShortest)) {}
   StepSpan Steps() const { return {StepAt(start), StepAt(end)}; }
 };
+
+/// Steps near an edge that tell of neither side: a voice may begin or end there.
+struct EdgeMargin {
+  std::ptrdiff_t inside;
+  std::ptrdiff_t before;
+  std::ptrdiff_t behind;
+};
+constexpr EdgeMargin kHeldMargin{10, 20, 25};
+constexpr EdgeMargin kFoundMargin{3, 6, 8};
 
 /// True when some steps are likelier than others by what is heard.
 bool Tells(const EdgeEvidence& evidence) {
@@ -84,13 +96,52 @@ class Fitter {
     }
   }
 
-  /// Judges captions by this hand from now on; nothing is known of it at first.
+  /// Judges captions by this hand from now on, and learns what the film's voices are from where they are by it.
   void SetHand(const Reaction& hand) {
     hand_ = hand;
+    TakeVoices();
     models_.clear();
-    for (std::size_t first = 0; first < timed_.size(); first += kBlock) models_.push_back(Learn(first));
+    until_.clear();
+    for (std::size_t first = 0; first < timed_.size(); first += kBlock) {
+      models_.push_back(Learn(first, voices_, kHeldMargin));
+      until_.push_back(captions_[timed_[std::min(first + kBlock, timed_.size()) - 1]].start);
+    }
   }
 
+  /// Learns them once more around wanted captions, from where all there were found: that is nearer than any hand, so
+  /// that their beginnings and ends are learned as well.
+  void LearnAgain(const FitChoice& choice) {
+    constexpr std::size_t kAround = kBlock + kNeighbours;
+    std::vector<StepSpan> found = voices_;
+    for (std::size_t number = 0; number < timed_.size(); ++number) {
+      if (GivenUp(choice)) return;
+      if (!AnyWanted(number - std::min(number, kAround), number + kAround)) continue;
+      const Edges edges = Fit(number);
+      found[number] = {StepAt(edges.start.ms), StepAt(edges.end.ms)};
+    }
+    std::vector<VoiceModel> again;
+    for (std::size_t first = 0; first < timed_.size(); first += kBlock) {
+      const bool wanted = AnyWanted(first, first + kBlock);
+      again.push_back(wanted ? Learn(first, found, kFoundMargin) : models_[first / kBlock]);
+    }
+    models_ = std::move(again);
+  }
+
+  /// Takes what was learned of the film by other captions.
+  void Recall(const FitMemory& memory) {
+    hand_ = memory.reaction;
+    TakeVoices();
+    models_ = memory.models;
+    until_ = memory.until;
+  }
+  FitMemory Remember(FitMemory memory) const {
+    memory.reaction = hand_;
+    memory.models = models_;
+    memory.until = until_;
+    return memory;
+  }
+
+  const Reaction& Hand() const { return hand_; }
   /// The places of the captions with times.
   const std::vector<std::size_t>& Timed() const { return timed_; }
 
@@ -111,11 +162,11 @@ class Fitter {
   Edges Fit(std::size_t number) const {
     const std::size_t place = timed_[number];
     const HeldCaption& caption = captions_[place];
-    const VoiceModel& model = models_[number / kBlock];
+    const VoiceModel& model = ModelAt(caption.start);
     const Calibrated usual(caption, hand_);
     const StepSpan steps = usual.Steps();
     const std::ptrdiff_t reach = hand_.known ? kReach : kWideReach;
-    const auto count = static_cast<std::size_t>(2 * reach + 1);
+    const std::size_t count = 2 * reach + 1;
     const SoundLevels levels(sound_, {steps.first - kLevelReach, steps.last + kLevelReach});
     const bool spoken = place < words_.size() && words_[place].Steps() > 0;
     const double trust = spoken ? EdgeTrust::kWithWords : EdgeTrust::kAlone;
@@ -139,11 +190,29 @@ class Fitter {
   }
 
  private:
+  void TakeVoices() {
+    voices_.clear();
+    for (const std::size_t place : timed_) voices_.push_back(Calibrated(captions_[place], hand_).Steps());
+  }
+
+  /// What was learned around a time.
+  const VoiceModel& ModelAt(Ms start) const {
+    const std::size_t before = std::ranges::lower_bound(until_, start) - until_.begin();
+    return models_[std::min(before, models_.size() - 1)];
+  }
+
+  /// True when one of the captions from `first` on, up to and not with `behind`, is wanted.
+  bool AnyWanted(std::size_t first, std::size_t behind) const {
+    const auto numbers = std::span(timed_).first(std::min(behind, timed_.size())).subspan(first);
+    return std::ranges::any_of(numbers, [&](std::size_t place) { return captions_[place].wanted; });
+  }
+
   /// From the caption before to the one behind.
   StepSpan AloneAround(std::size_t number) const {
-    StepSpan alone{0, static_cast<std::ptrdiff_t>(sound_.Steps())};
-    if (number > 0) alone.first = Calibrated(captions_[timed_[number - 1]], hand_).Steps().last;
-    if (number + 1 < timed_.size()) alone.last = Calibrated(captions_[timed_[number + 1]], hand_).Steps().first;
+    StepSpan alone;
+    alone.last = sound_.Steps();
+    if (number > 0) alone.first = voices_[number - 1].last;
+    if (number + 1 < timed_.size()) alone.last = voices_[number + 1].first;
     return alone;
   }
 
@@ -155,27 +224,24 @@ class Fitter {
   }
 
   static double MsOf(const EdgeEvidence& edge, std::size_t place) {
-    return static_cast<double>(edge.first + static_cast<std::ptrdiff_t>(place)) * kStepMs;
+    return static_cast<double>(edge.StepOf(place)) * kStepMs;
   }
 
-  /// Learns what a voice is around a block of captions. What lies near a press belongs to neither side.
-  VoiceModel Learn(std::size_t block) const {
-    constexpr std::ptrdiff_t kInside = 10;
-    constexpr std::ptrdiff_t kBefore = 20;
-    constexpr std::ptrdiff_t kBehind = 25;
+  /// Learns what a voice is around a block of captions from where each is spoken; what lies nearer to an edge than the
+  /// margin belongs to neither side.
+  VoiceModel Learn(std::size_t block, std::span<const StepSpan> voices, const EdgeMargin& margin) const {
     constexpr std::ptrdiff_t kLongestGap = 300;
     const std::size_t first = block - std::min(block, kNeighbours);
-    const std::size_t last = std::min(block + kBlock + kNeighbours, timed_.size());
+    const std::size_t last = std::min(block + kBlock + kNeighbours, voices.size());
     std::vector<StepSpan> spoken;
     std::vector<StepSpan> others;
     for (std::size_t number = first; number < last; ++number) {
-      const StepSpan steps = Calibrated(captions_[timed_[number]], hand_).Steps();
-      spoken.push_back({steps.first + kInside, steps.last - kInside});
-      const bool any = number > 0;
-      const std::ptrdiff_t since =
-          any ? Calibrated(captions_[timed_[number - 1]], hand_).Steps().last + kBehind : steps.first - kLongestGap;
-      others.push_back({std::max(since, steps.first - kLongestGap), steps.first - kBefore});
-      if (number + 1 == timed_.size()) others.push_back({steps.last + kBehind, steps.last + kLongestGap});
+      const StepSpan& voice = voices[number];
+      spoken.push_back({voice.first + margin.inside, voice.last - margin.inside});
+      const std::ptrdiff_t furthest = voice.first - kLongestGap;
+      const std::ptrdiff_t since = number > 0 ? voices[number - 1].last + margin.behind : furthest;
+      others.push_back({std::max(since, furthest), voice.first - margin.before});
+      if (number + 1 == voices.size()) others.push_back({voice.last + margin.behind, voice.last + kLongestGap});
     }
     return {sound_, spoken, others};
   }
@@ -185,7 +251,9 @@ class Fitter {
   std::span<const SoundTable> words_;
   std::vector<std::size_t> timed_;
   Reaction hand_;
+  std::vector<StepSpan> voices_;  ///< where the captions with times are spoken, by the hand
   std::vector<VoiceModel> models_;
+  std::vector<Ms> until_;  ///< the start of the last caption of each model
 };
 
 /// How late the hand is by the captions whose voice is found without knowing it; false when these are too few.
@@ -265,6 +333,22 @@ FittedCaption Moved(const HeldCaption& caption, const Reaction& hand, const Fitt
   return fitted;
 }
 
+/// Learns the hand, where it isn't told, and the film's voices.
+FitProblem LearnFilm(Fitter& fitter, std::span<const HeldCaption> captions, const FitChoice& choice) {
+  Reaction hand;
+  bool found = true;
+  const bool told = choice.hand || (choice.startLate && choice.endLate);
+  if (!told) found = FindHand(fitter, captions, hand);
+  if (choice.hand) hand = *choice.hand;
+  if (choice.startLate) hand.start = *choice.startLate;
+  if (choice.endLate) hand.end = *choice.endLate;
+  fitter.SetHand(hand);
+  if (!found && !choice.startLate && !choice.hand) return FitProblem::NoReaction;
+  if (fitter.BestSeparation() < kLeastSeparation) return FitProblem::NoVoice;
+  fitter.LearnAgain(choice);
+  return GivenUp(choice) ? FitProblem::GivenUp : FitProblem::None;
+}
+
 FitProblem ProblemOf(const SoundTable& sound, std::span<const HeldCaption> captions) {
   const bool any = std::ranges::any_of(captions, [](const HeldCaption& each) { return each.wanted && IsTimed(each); });
   if (!any) return FitProblem::NoCaptions;
@@ -281,26 +365,24 @@ FitResult FitCaptions(const SoundTable& sound, std::span<const HeldCaption> capt
   if (result.problem != FitProblem::None) return result;
 
   Fitter fitter(sound, captions, words);
-  Reaction& hand = result.reaction;
-  bool found = true;
-  const bool told = choice.hand || (choice.startLate && choice.endLate);
-  if (!told) found = FindHand(fitter, captions, hand);
-  if (choice.hand) hand = *choice.hand;
-  if (choice.startLate) hand.start = *choice.startLate;
-  if (choice.endLate) hand.end = *choice.endLate;
-  fitter.SetHand(hand);
-  if (fitter.BestSeparation() < kLeastSeparation) result.problem = FitProblem::NoVoice;
-  if (!found && !choice.startLate && !choice.hand) result.problem = FitProblem::NoReaction;
-  if (result.problem != FitProblem::None) return result;
+  if (choice.memory != nullptr && Serves(*choice.memory, sound, captions, choice)) {
+    fitter.Recall(*choice.memory);
+  } else {
+    result.problem = LearnFilm(fitter, captions, choice);
+    if (choice.memory != nullptr) *choice.memory = {};
+    if (result.problem != FitProblem::None) return result;
+    if (choice.memory != nullptr) *choice.memory = fitter.Remember(MemoryFor(sound, captions, choice));
+  }
+  result.reaction = fitter.Hand();
 
   for (std::size_t number = 0; number < fitter.Timed().size(); ++number) {
     const std::size_t place = fitter.Timed()[number];
-    if (choice.giveUp != nullptr && *choice.giveUp) {
+    if (GivenUp(choice)) {
       std::ranges::transform(captions, result.captions.begin(), Unmoved);
       result.problem = FitProblem::GivenUp;
       return result;
     }
-    if (captions[place].wanted) result.captions[place] = Moved(captions[place], hand, fitter.Fit(number));
+    if (captions[place].wanted) result.captions[place] = Moved(captions[place], fitter.Hand(), fitter.Fit(number));
   }
   KeepApart(captions, result.captions, choice.leastGap);
   return result;

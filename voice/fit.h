@@ -20,6 +20,19 @@ struct HeldCaption {
   bool wanted = true;  ///< false: others are fitted, this one only tells where somebody speaks
 };
 
+/// What was learned of a film's voices, its noise and the hand, for further captions of the same film. It is empty at
+/// first, and whoever keeps it keeps the film's table of sound as well.
+struct FitMemory {
+  const SoundTable* sound = nullptr;
+  std::optional<Reaction> hand{};  ///< what was told of it then
+  std::optional<double> startLate{};
+  std::optional<double> endLate{};
+  std::vector<HeldCaption> captions{};  ///< from which it was learned
+  Reaction reaction{};                  ///< by which they were judged
+  std::vector<VoiceModel> models{};
+  std::vector<Ms> until{};  ///< up to which start each model is used
+};
+
 /// How captions are fitted.
 struct FitChoice {
   std::optional<double> startLate{};          ///< the median lateness of presses in ms; empty: found from the film
@@ -27,6 +40,8 @@ struct FitChoice {
   std::optional<Reaction> hand{};             ///< all of it, where the person was measured; it goes before both
   Ms leastGap = 0;                            ///< ms that are left between two captions
   const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread that wants no more of it
+  /// What earlier fits learned: it is used while few captions came since or changed, and else learned anew.
+  FitMemory* memory = nullptr;
 };
 
 /// Why nothing was fitted.

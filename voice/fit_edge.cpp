@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
-constexpr std::ptrdiff_t kSight = 40;  ///< steps to each side that tell of an edge
-constexpr double kNear = 5.5;          ///< steps
+constexpr int kSight = 40;     ///< steps to each side that tell of an edge
+constexpr double kNear = 5.5;  ///< steps
 constexpr double kBack = 0.5;
 constexpr double kLeastProbability = 1e-9;
 
@@ -22,16 +24,14 @@ std::vector<double> Probabilities(const std::vector<double>& values) {
 }
 
 EdgeEvidence ChangeEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double weight) {
-  const auto steps = static_cast<std::size_t>(2 * kSight) + count;
+  const std::size_t steps = 2 * kSight + count;
   std::vector<double> sums(steps + 1, 0);
-  for (std::size_t step = 0; step < steps; ++step) {
-    sums[step + 1] = sums[step] + model.Voice(first - kSight + static_cast<std::ptrdiff_t>(step));
-  }
+  std::ptrdiff_t heard = first - kSight;
+  for (std::size_t step = 0; step < steps; ++step, ++heard) sums[step + 1] = sums[step] + model.Voice(heard);
   EdgeEvidence evidence{first, std::vector<double>(count)};
-  constexpr auto kSteps = static_cast<std::size_t>(kSight);
   for (std::size_t place = 0; place < count; ++place) {
-    const double before = sums[place + kSteps] - sums[place];
-    const double behind = sums[place + 2 * kSteps] - sums[place + kSteps];
+    const double before = sums[place + kSight] - sums[place];
+    const double behind = sums[place + 2 * kSight] - sums[place + kSight];
     evidence.values[place] = weight * (behind - before);
   }
   return evidence;
@@ -44,9 +44,8 @@ double RiskOf(const std::vector<double>& probability, double usual, double guess
   const double apart = std::abs(guess - usual);
   if (apart <= kFrameSteps) return 0;
   double risk = 0;
-  for (std::size_t place = 0; place < probability.size(); ++place) {
-    const double at = static_cast<double>(place);
-    if (std::abs(at - guess) > std::abs(at - usual) + kFrameSteps) risk += probability[place];
+  for (int at = 0; at < CountOf(probability); ++at) {
+    if (std::abs(at - guess) > std::abs(at - usual) + kFrameSteps) risk += ItemAt(probability, at);
   }
   return risk;
 }
@@ -62,37 +61,37 @@ EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::siz
 }
 
 void AddDrowned(EdgeEvidence& edge, double length, Drowned side) {
-  const std::size_t count = edge.values.size();
-  std::vector<double> tail(count);
+  const int count = CountOf(edge.values);
+  std::vector<double> tail(edge.values.size());
   double sum = 0;
-  for (std::size_t step = 0; step < count; ++step) sum += tail[step] = std::exp(-static_cast<double>(step) / length);
+  for (int step = 0; step < count; ++step) sum += tail[step] = std::exp(-step / length);
   const std::vector<double> told = Probabilities(edge.values);
-  std::vector<double> all(count, 0);
-  for (std::size_t at = 0; at < count; ++at) {
-    for (std::size_t step = 0; at + step < count; ++step) {
+  std::vector<double> all(edge.values.size(), 0);
+  for (int at = 0; at < count; ++at) {
+    for (int step = 0; at + step < count; ++step) {
       const bool end = side == Drowned::End;
       all[end ? at + step : at] += told[end ? at : at + step] * tail[step] / sum;
     }
   }
-  for (std::size_t at = 0; at < count; ++at) edge.values[at] = std::log(all[at] + kLeastProbability);
+  for (int at = 0; at < count; ++at) edge.values[at] = std::log(all[at] + kLeastProbability);
 }
 
 EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs, double mostRisk) {
   const std::vector<double> probability = Probabilities(evidence.values);
   // The median errs least in the mean, and between the steps it is finer than they are.
-  std::size_t middle = 0;
+  int middle = 0;
   double before = 0;
-  while (middle + 1 < probability.size() && before + probability[middle] < 0.5) before += probability[middle++];
+  while (middle + 1 < CountOf(probability) && before + probability[middle] < 0.5) before += probability[middle++];
   const double within = std::clamp((0.5 - before) / std::max(probability[middle], kLeastProbability), 0.0, 1.0) - 0.5;
   const double first = static_cast<double>(evidence.first);
   const double usual = usualMs / SoundTable::kStepMs - first;
-  double place = static_cast<double>(middle) + within;
+  double place = middle + within;
   EdgeGuess guess;
   const double back = place > usual ? -kBack : kBack;
   while ((guess.risk = RiskOf(probability, usual, place)) > mostRisk) place += back;
   guess.ms = (first + place) * SoundTable::kStepMs;
-  for (std::size_t step = 0; step < probability.size(); ++step) {
-    if (std::abs(static_cast<double>(step) - place) <= kNear) guess.confidence += probability[step];
+  for (int step = 0; step < CountOf(probability); ++step) {
+    if (std::abs(step - place) <= kNear) guess.confidence += probability[step];
   }
   guess.confidence = std::min(guess.confidence, 1.0);
   return guess;

@@ -17,9 +17,10 @@ struct EdgeEvidence {
   double At(std::ptrdiff_t step) const {
     constexpr double kOutside = -1e9;
     const std::ptrdiff_t place = step - first;
-    return place < 0 || place >= static_cast<std::ptrdiff_t>(values.size()) ? kOutside
-                                                                            : values[static_cast<std::size_t>(place)];
+    return place < 0 || place >= std::ssize(values) ? kOutside : values[place];
   }
+  /// The step that a value is of.
+  std::ptrdiff_t StepOf(std::ptrdiff_t place) const { return first + place; }
 };
 
 /// What a likelihood is worth that was added up over steps: these are far from independent of each other.

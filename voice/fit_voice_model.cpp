@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "voice/band_levels.h"
+
 namespace cuewright {
 namespace {
 
@@ -23,7 +25,7 @@ using Square = std::array<Bands, kBands>;
 
 Bands UnitsAt(const SoundTable& sound, std::size_t step) {
   Bands levels;
-  for (std::size_t band = 0; band < kBands; ++band) levels[band] = sound.Db(step, static_cast<int>(band)) / kUnit;
+  for (std::size_t band = 0; band < kBands; ++band) levels[band] = DbOf(sound, step, band) / kUnit;
   return levels;
 }
 
@@ -31,9 +33,9 @@ Bands UnitsAt(const SoundTable& sound, std::size_t step) {
 template <class Take>
 void EachStep(const SoundTable& sound, std::span<const StepSpan> spans, Take&& take) {
   for (const StepSpan& span : spans) {
-    const std::ptrdiff_t last = std::min(span.last, static_cast<std::ptrdiff_t>(sound.Steps()));
+    const std::ptrdiff_t last = std::min<std::ptrdiff_t>(span.last, sound.Steps());
     for (std::ptrdiff_t step = std::max<std::ptrdiff_t>(span.first, 0); step < last; ++step) {
-      take(static_cast<std::size_t>(step));
+      take(step);
     }
   }
 }
@@ -106,7 +108,7 @@ double SeparationOf(const Heap& voice, const Heap& rest) {
 }  // namespace
 
 VoiceModel::VoiceModel(const SoundTable& sound, std::span<const StepSpan> spoken, std::span<const StepSpan> others)
-    : sound_(sound) {
+    : sound_(&sound) {
   const Heap voice(sound, spoken);
   const Heap rest(sound, others);
   if (voice.Count() < kFewest || rest.Count() < kFewest) return;
@@ -130,7 +132,7 @@ void VoiceModel::TakeRoot(const Square& spread) {
 LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
   LevelMixture::Levels levels{};
   for (std::size_t row = 0; row < kBands; ++row) {
-    double left = sound_.Db(step, static_cast<int>(row)) / kUnit;
+    double left = DbOf(*sound_, step, row) / kUnit;
     for (std::size_t before = 0; before < row; ++before) left -= root_[row][before] * double{levels[before]};
     levels[row] = static_cast<float>(left / root_[row][row]);
   }
@@ -139,23 +141,24 @@ LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
 
 std::vector<LevelMixture::Levels> VoiceModel::Samples(std::span<const StepSpan> spans) const {
   std::vector<LevelMixture::Levels> samples;
-  EachStep(sound_, spans, [&](std::size_t step) { samples.push_back(LevelsAt(step)); });
+  EachStep(*sound_, spans, [&](std::size_t step) { samples.push_back(LevelsAt(step)); });
   return samples;
 }
 
 double VoiceModel::ShareHeard(std::span<const StepSpan> spoken) const {
   double all = 0;
   double heard = 0;
-  EachStep(sound_, spoken, [&](std::size_t step) {
+  EachStep(*sound_, spoken, [&](std::size_t step) {
     ++all;
-    if (Voice(static_cast<std::ptrdiff_t>(step)) > kHeard) ++heard;
+    if (Voice(step) > kHeard) ++heard;
   });
   return heard / all;
 }
 
 double VoiceModel::Voice(std::ptrdiff_t step) const {
-  if (step < 0 || step >= static_cast<std::ptrdiff_t>(sound_.Steps()) || !voice_) return 0;
-  const LevelMixture::Levels levels = LevelsAt(static_cast<std::size_t>(step));
+  const std::ptrdiff_t steps = sound_->Steps();
+  if (step < 0 || step >= steps || !voice_) return 0;
+  const LevelMixture::Levels levels = LevelsAt(step);
   return std::clamp(double{voice_->LogDensity(levels)} - double{rest_->LogDensity(levels)}, -kMost, kMost);
 }
 

@@ -44,7 +44,7 @@ class VoiceModel {
   std::vector<LevelMixture::Levels> Samples(std::span<const StepSpan> spans) const;
   double ShareHeard(std::span<const StepSpan> spoken) const;
 
-  const SoundTable& sound_;
+  const SoundTable* sound_;
   Square root_{};  ///< lower triangle whose square is the spread of the noise
   std::optional<LevelMixture> voice_;
   std::optional<LevelMixture> rest_;

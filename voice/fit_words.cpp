@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/counting.h"
+#include "voice/band_levels.h"
+
 namespace cuewright {
 namespace {
 
@@ -14,10 +17,10 @@ constexpr std::ptrdiff_t kChange = 3;  ///< steps to each side
 constexpr float kUnevenPace = 1.5F;    ///< cost of a step that stays at a word's or leaves one out
 constexpr float kGap = 6;              ///< cost of a step in which nobody speaks, as far as the bands tell nothing
 constexpr float kVoiceInGap = 2;
-constexpr double kTrust = 0.04;  ///< log likelihood of a unit of cost; steps are far from independent
+constexpr double kTrust = 0.05;  ///< log likelihood of a unit of cost; steps are far from independent
 constexpr float kNever = 1e9F;
 constexpr std::size_t kMostWords = 1200;  ///< steps, 12 s
-constexpr std::size_t kFewestWords = 6;
+constexpr std::ptrdiff_t kFewestWords = 6;
 constexpr double kLoud = 0.85;
 constexpr double kLoudest = 0.92;
 constexpr double kQuiet = 0.15;
@@ -29,13 +32,13 @@ float Quantile(StepSpan span, double share, Level&& level) {
   std::vector<float> values;
   for (std::ptrdiff_t step = span.first; step < span.last; ++step) values.push_back(level(step));
   if (values.empty()) return 0;
-  const auto place = values.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(values.size() - 1));
+  const auto place = values.begin() + static_cast<std::ptrdiff_t>(share * (CountOf(values) - 1));
   std::ranges::nth_element(values, place);
   return *place;
 }
 
 StepSpan Within(StepSpan span, std::size_t steps) {
-  const auto count = static_cast<std::ptrdiff_t>(steps);
+  const std::ptrdiff_t count = steps;
   return {std::clamp<std::ptrdiff_t>(span.first, 0, count), std::clamp<std::ptrdiff_t>(span.last, 0, count)};
 }
 
@@ -46,7 +49,7 @@ float LevelAt(const SoundTable& words, double place, std::size_t band) {
   const auto step = static_cast<std::size_t>(at);
   const auto next = std::min(step + 1, words.Steps() - 1);
   const auto share = static_cast<float>(at - static_cast<double>(step));
-  return words.Db(step, static_cast<int>(band)) * (1 - share) + words.Db(next, static_cast<int>(band)) * share;
+  return DbOf(words, step, band) * (1 - share) + DbOf(words, next, band) * share;
 }
 
 void AddEvidence(EdgeEvidence& edge, const std::vector<float>& costs) {
@@ -58,9 +61,7 @@ void AddEvidence(EdgeEvidence& edge, const std::vector<float>& costs) {
 SoundLevels::SoundLevels(const SoundTable& sound, StepSpan span) {
   const StepSpan part = Within(span, sound.Steps());
   for (std::size_t band = 0; band < kBands; ++band) {
-    const auto level = [&](std::ptrdiff_t step) {
-      return sound.Db(static_cast<std::size_t>(step), static_cast<int>(band));
-    };
+    const auto level = [&](std::size_t step) { return DbOf(sound, step, band); };
     quiet[band] = Quantile(part, kQuiet, level);
     loud[band] = Quantile(part, kLoudest, level);
   }
@@ -80,14 +81,12 @@ WordsAlignment::WordsAlignment(const SoundTable& sound, const VoiceModel& model,
 
 void WordsAlignment::TakeWords(const SoundTable& words, std::size_t count, StepSpan held) {
   const StepSpan heard = Within(held, sound_.Steps());
-  const auto all = static_cast<std::ptrdiff_t>(words.Steps());
+  const std::ptrdiff_t all = words.Steps();
   std::vector<std::array<float, kBands>> levels(count);
   for (std::size_t band = 0; band < kBands; ++band) {
-    const auto number = static_cast<int>(band);
     // As loud as the voice, and what is below the noise can't be heard.
-    const float gain =
-        Quantile(heard, kLoud, [&](auto step) { return sound_.Db(static_cast<std::size_t>(step), number); }) -
-        Quantile({0, all}, kLoud, [&](auto step) { return words.Db(static_cast<std::size_t>(step), number); });
+    const float gain = Quantile(heard, kLoud, [&](auto step) { return DbOf(sound_, step, band); }) -
+                       Quantile({0, all}, kLoud, [&](auto step) { return DbOf(words, step, band); });
     const double pace = static_cast<double>(words.Steps()) / static_cast<double>(count);
     for (std::size_t word = 0; word < count; ++word) {
       const double place = (static_cast<double>(word) + 0.5) * pace - 0.5;
@@ -107,8 +106,8 @@ void WordsAlignment::TakeWords(const SoundTable& words, std::size_t count, StepS
 
 void WordsAlignment::TakeWindow(std::ptrdiff_t first, std::size_t count) {
   const auto level = [&](std::ptrdiff_t step, std::size_t band) {
-    const auto last = static_cast<std::ptrdiff_t>(sound_.Steps()) - 1;
-    return sound_.Db(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(step, 0, last)), static_cast<int>(band));
+    const std::ptrdiff_t last = sound_.Steps() - 1;
+    return DbOf(sound_, std::clamp<std::ptrdiff_t>(step, 0, last), band);
   };
   first_ = first;
   window_.resize(count);
@@ -178,30 +177,27 @@ void WordsAlignment::Backward(const EdgeEvidence& end) {
 }
 
 bool WordsAlignment::Align(const SoundTable& words, StepSpan held, EdgeEvidence& start, EdgeEvidence& end) {
-  const auto count = static_cast<std::size_t>(std::max<std::ptrdiff_t>(held.last - held.first, 0));
-  if (words.Steps() < kFewestWords || count < kFewestWords || count > kMostWords) return false;
-  const auto endCount = static_cast<std::ptrdiff_t>(end.values.size());
-  const StepSpan window = Within({start.first - kMargin, end.first + endCount + kMargin}, sound_.Steps());
-  if (window.last - window.first < static_cast<std::ptrdiff_t>(kFewestWords)) return false;
+  const std::size_t count = std::max<std::ptrdiff_t>(held.last - held.first, 0);
+  if (std::min(words.Steps(), count) < kFewestWords || count > kMostWords) return false;
+  const StepSpan window = Within({start.first - kMargin, end.first + std::ssize(end.values) + kMargin}, sound_.Steps());
+  if (window.last - window.first < kFewestWords) return false;
   TakeWords(words, count, held);
-  TakeWindow(window.first, static_cast<std::size_t>(window.last - window.first));
+  TakeWindow(window.first, window.last - window.first);
   Compare();
 
   Forward(start);
   std::vector<float> endCosts(end.values.size(), kNever);
   for (std::size_t place = 0; place < endCosts.size(); ++place) {
-    const std::ptrdiff_t at = end.first + static_cast<std::ptrdiff_t>(place) - 1 - window.first;
-    if (at < 0 || at >= window.last - window.first) continue;
-    const auto step = static_cast<std::size_t>(at);
+    const std::ptrdiff_t step = end.StepOf(place) - 1 - window.first;
+    if (step < 0 || step >= window.last - window.first) continue;
     endCosts[place] =
         CostAt(costs_, step, count - 1) + gap_.back() - gap_[step + 1] - static_cast<float>(end.values[place] / kTrust);
   }
   Backward(end);
   std::vector<float> startCosts(start.values.size(), kNever);
   for (std::size_t place = 0; place < startCosts.size(); ++place) {
-    const std::ptrdiff_t at = start.first + static_cast<std::ptrdiff_t>(place) - window.first;
-    if (at < 0 || at >= window.last - window.first) continue;
-    const auto step = static_cast<std::size_t>(at);
+    const std::ptrdiff_t step = start.StepOf(place) - window.first;
+    if (step < 0 || step >= window.last - window.first) continue;
     startCosts[place] = CostAt(costs_, step, 0) + gap_[step] - static_cast<float>(start.values[place] / kTrust);
   }
   if (std::ranges::min(startCosts) >= kNever || std::ranges::min(endCosts) >= kNever) return false;

@@ -20,8 +20,8 @@ struct SoundLevels {
 };
 
 /// Where a caption's own words, as a synthesiser speaks them, fit into a film's sound: every way to lay them there is
-/// weighed, with any gap before and behind. `start` and `end` hold what is known of both otherwise, and get what is
-/// known then.
+/// weighed, with any gap before and behind. `start` and `end` come in with what the change of the sound and the hand
+/// tell of the caption's edges, and go out with what the words tell added.
 class WordsAlignment {
  public:
   /// `alone` is where no other caption is: a voice there that isn't the caption's is unlikely.
@@ -43,7 +43,7 @@ class WordsAlignment {
   float& CostAt(std::vector<float>& costs, std::size_t step, std::size_t word) const {
     return costs[step * words_.size() + word];
   }
-  std::ptrdiff_t StepOf(std::size_t place) const { return first_ + static_cast<std::ptrdiff_t>(place); }
+  std::ptrdiff_t StepOf(std::ptrdiff_t place) const { return first_ + place; }
 
   const SoundTable& sound_;
   const VoiceModel& model_;

@@ -4,6 +4,7 @@
 #include <numbers>
 #include <string_view>
 
+#include "core/counting.h"
 #include "voice/spoken_text.h"
 
 namespace cuewright {
@@ -22,7 +23,7 @@ int PauseMs(int place) { return 900 + (place * 457 + 131) % 1100; }
 
 std::vector<std::int16_t> Tone(int place) {
   const int ms = 800 + (place * 613) % 1200;
-  std::vector<std::int16_t> samples(static_cast<std::size_t>(std::int64_t{ms} * kToneRate / kMsASecond));
+  std::vector<std::int16_t> samples(std::int64_t{ms} * kToneRate / kMsASecond);
   for (std::size_t i = 0; i < samples.size(); ++i) {
     const double turn = 2 * std::numbers::pi * 440.0 * static_cast<double>(i) / kToneRate;
     samples[i] = static_cast<std::int16_t>(std::lround(9000 * std::sin(turn)));
@@ -64,12 +65,11 @@ HandExercise MakeHandExercise(Processes* processes, const Text& language) {
   exercise.spoken = processes != nullptr && spoken.problem.empty() && spoken.lines.size() == exercise.lines.size();
   const int rate = exercise.spoken ? spoken.samplesASecond : kToneRate;
   std::vector<std::int16_t> samples;
-  const auto pause = [&](int ms) { samples.resize(samples.size() + static_cast<std::size_t>(ms) * rate / kMsASecond); };
+  const auto pause = [&](int ms) { samples.resize(samples.size() + ms * rate / kMsASecond); };
   const auto now = [&] { return static_cast<std::int32_t>(samples.size() * kMsASecond / rate); };
   pause(kLeadMs);
   for (int place = 0; place < kNumbers; ++place) {
-    const auto at = static_cast<std::size_t>(place);
-    const std::vector<std::int16_t> line = exercise.spoken ? spoken.lines[at] : Tone(place);
+    const std::vector<std::int16_t> line = exercise.spoken ? ItemAt(spoken.lines, place) : Tone(place);
     const std::int32_t start = now();
     samples.insert(samples.end(), line.begin(), line.end());
     exercise.truth.push_back({start, now()});

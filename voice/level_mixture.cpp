@@ -76,7 +76,7 @@ void LevelMixture::Divide() {
   // The law that is widest, for its weight, is the least true.
   const auto width = [](const Law& law) { return law.weight * *std::ranges::max_element(law.variance); };
   Law& widest = *std::ranges::max_element(laws_, {}, width);
-  const auto band = static_cast<std::size_t>(std::ranges::max_element(widest.variance) - widest.variance.begin());
+  const std::size_t band = std::ranges::max_element(widest.variance) - widest.variance.begin();
   widest.weight /= 2;
   const float apart = std::sqrt(widest.variance[band]);
   widest.Settle();

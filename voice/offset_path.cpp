@@ -53,7 +53,7 @@ void OffsetPath::Forward(std::size_t caption, const Places& scores, Places& best
     const float price = PriceBefore(caption);
     const std::size_t apart = PlacesBetween(caption);
     const std::size_t count = best.size();
-    float highest = *std::max_element(best.begin(), best.begin() + static_cast<std::ptrdiff_t>(std::min(apart, count)));
+    float highest = *std::max_element(best.begin(), best.begin() + std::min(apart, count));
     // The place that comes into sight is always ahead of the one that is written.
     Places fresh(count);
     for (std::size_t place = 0; place < count; ++place) {
@@ -97,7 +97,7 @@ float OffsetPath::Best() const {
 
 std::vector<OffsetChoice> OffsetPath::Choices(int elsewhereMs) const {
   const std::size_t count = captions_.size();
-  const std::size_t apart = static_cast<std::size_t>(elsewhereMs / scores_.StepMs()) + 1;
+  const std::size_t apart = elsewhereMs / scores_.StepMs() + 1;
   std::vector<Places> kept;
   Places best(scores_.Places());
   Places scores(scores_.Places());

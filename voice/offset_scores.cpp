@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/counting.h"
+
 namespace cuewright {
 namespace {
 
@@ -17,11 +19,10 @@ constexpr float kOverlapNorm = 0.5F;  ///< an onset counts as much as so many se
 std::vector<float> Centred(const VoiceTrack& voice, std::size_t width) {
   std::vector<float> steps(voice.size() / width);
   for (std::size_t i = 0; i < steps.size(); ++i) {
-    const auto from = voice.begin() + static_cast<std::ptrdiff_t>(i * width);
-    steps[i] = std::accumulate(from, from + static_cast<std::ptrdiff_t>(width), 0.0F) / static_cast<float>(width);
+    const auto from = voice.begin() + i * width;
+    steps[i] = std::accumulate(from, from + width, 0.0F) / static_cast<float>(width);
   }
-  const double mean =
-      steps.empty() ? 0 : std::accumulate(steps.begin(), steps.end(), 0.0) / static_cast<double>(steps.size());
+  const double mean = steps.empty() ? 0 : std::accumulate(steps.begin(), steps.end(), 0.0) / CountOf(steps);
   for (float& step : steps) step -= static_cast<float>(mean);
   return steps;
 }
@@ -29,18 +30,17 @@ std::vector<float> Centred(const VoiceTrack& voice, std::size_t width) {
 }  // namespace
 
 OffsetScores::OffsetScores(const VoiceTrack& voice, int stepMs, int reachMs, Ms lastMs, const ScoreWeights& weights)
-    : stepMs_(stepMs), reach_(reachMs / stepMs), places_(static_cast<std::size_t>(2 * reach_ + 1)), weights_(weights) {
-  const std::vector<float> steps = Centred(voice, static_cast<std::size_t>(stepMs / SoundTable::kStepMs));
+    : stepMs_(stepMs), reach_(reachMs / stepMs), places_(2 * reach_ + 1), weights_(weights) {
+  const std::vector<float> steps = Centred(voice, stepMs / SoundTable::kStepMs);
   const std::ptrdiff_t beside = kBesideMs / stepMs + 2;
   pad_ = reach_ + beside;
-  const std::size_t length = static_cast<std::size_t>(pad_) * 2 +
-                             std::max(steps.size(), static_cast<std::size_t>(lastMs.Count() / stepMs + 2));
+  const std::ptrdiff_t length = pad_ * 2 + std::max<std::ptrdiff_t>(steps.size(), lastMs.Count() / stepMs + 2);
   sums_.resize(length + 1);
   double sum = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    const std::ptrdiff_t step = static_cast<std::ptrdiff_t>(i) - pad_;
+  for (std::ptrdiff_t i = 0; i < length; ++i) {
+    const std::ptrdiff_t step = i - pad_;
     const bool inside = step >= 0 && step < std::ssize(steps);
-    sum += inside ? steps[static_cast<std::size_t>(step)] : kOutside;
+    sum += inside ? steps[step] : kOutside;
     sums_[i + 1] = static_cast<float>(sum);
   }
 }

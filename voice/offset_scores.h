@@ -37,7 +37,7 @@ class OffsetScores {
   /// The move of a place in ms.
   int MoveOf(std::size_t place) const { return (static_cast<int>(place) - reach_) * stepMs_; }
   /// The place of a move within reach.
-  std::size_t PlaceOf(int ms) const { return static_cast<std::size_t>((ms + reach_ * stepMs_) / stepMs_); }
+  std::size_t PlaceOf(int ms) const { return (ms + reach_ * stepMs_) / stepMs_; }
 
   /// The scores of a caption whose times are multiplied at each place, added to those in `scores`.
   void Add(const CaptionTimes& caption, double ratio, std::span<float> scores) const;

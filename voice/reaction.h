@@ -14,6 +14,8 @@ struct Reaction {
   double endSpread = 110;   ///< their standard deviation
   bool known = true;        ///< false: only that a hand is rather late than early
 
+  bool operator==(const Reaction&) const = default;
+
   static Reaction Unknown() { return {150, 0.3, 150, 250, false}; }
 
   /// The log likelihood of a press that is late by so many ms, but for a constant. A second, wider law keeps a press

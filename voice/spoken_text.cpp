@@ -37,21 +37,17 @@ Text AsSpeech(const Text& line) {
 /// Lines of silence between the runs of sound in a wave.
 class WaveCutter {
  public:
-  WaveCutter(int samplesASecond, int pauseMs)
-      : pause_(static_cast<std::size_t>(samplesASecond) * static_cast<std::size_t>(pauseMs) / 1000) {}
+  WaveCutter(int samplesASecond, int pauseMs) : pause_(std::size_t{1} * samplesASecond * pauseMs / 1000) {}
 
   void Cut(std::span<const std::int16_t> samples) {
     lines_.emplace_back();
     std::size_t at = 0;
     while (at < samples.size()) {
-      const std::size_t sound = static_cast<std::size_t>(
-          std::find_if(samples.begin() + static_cast<std::ptrdiff_t>(at), samples.end(), [](int s) { return s != 0; }) -
-          samples.begin());
+      const auto heard = [](int sample) { return sample != 0; };
+      const std::size_t sound = std::find_if(samples.begin() + at, samples.end(), heard) - samples.begin();
       TakeSilence(sound - at);
-      const std::size_t silence = static_cast<std::size_t>(
-          std::find(samples.begin() + static_cast<std::ptrdiff_t>(sound), samples.end(), 0) - samples.begin());
-      lines_.back().insert(lines_.back().end(), samples.begin() + static_cast<std::ptrdiff_t>(sound),
-                           samples.begin() + static_cast<std::ptrdiff_t>(silence));
+      const std::size_t silence = std::find(samples.begin() + sound, samples.end(), 0) - samples.begin();
+      lines_.back().insert(lines_.back().end(), samples.begin() + sound, samples.begin() + silence);
       at = silence;
     }
   }

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <optional>
 
+#include "core/counting.h"
 #include "voice/offset_path.h"
 
 namespace cuewright {
@@ -93,7 +94,7 @@ float UnitOf(const OffsetScores& scores, std::span<const CaptionTimes> captions)
   for (std::size_t i = 0; i < captions.size(); i += captions.size() / kProbes + 1) {
     std::ranges::fill(places, 0.0F);
     scores.Add(captions[i], 1, places);
-    const double mean = std::accumulate(places.begin(), places.end(), 0.0) / static_cast<double>(places.size());
+    const double mean = std::accumulate(places.begin(), places.end(), 0.0) / CountOf(places);
     for (const float score : places) squares += (score - mean) * (score - mean);
     count += places.size();
   }
@@ -192,7 +193,7 @@ std::vector<Synchroniser::Piece> Synchroniser::PiecesOf(const OffsetScores& scor
     } else {
       pieces[i - 1].behind = pieces[i].behind;
     }
-    pieces.erase(pieces.begin() + static_cast<std::ptrdiff_t>(i));
+    pieces.erase(pieces.begin() + i);
   }
   return pieces;
 }
@@ -206,7 +207,7 @@ int Synchroniser::FineMove(const OffsetScores& fine, const Piece& piece) const {
     moved.end = Ms::Nearest(moved.end.Count() * ratio_) + piece.move;
     if (moved.start >= 0) fine.Add(moved, 1, places);
   }
-  const std::size_t best = static_cast<std::size_t>(std::ranges::max_element(places) - places.begin());
+  const std::size_t best = std::ranges::max_element(places) - places.begin();
   if (best == 0 || best + 1 == places.size()) return piece.move + fine.MoveOf(best);
   // The top of the curve through the best place and its neighbours.
   const float before = places[best - 1];
@@ -245,7 +246,7 @@ void Synchroniser::Refine(std::vector<Piece>& pieces) const {
       continue;
     }
     pieces[i - 1].behind = pieces[i].behind;
-    pieces.erase(pieces.begin() + static_cast<std::ptrdiff_t>(i));
+    pieces.erase(pieces.begin() + i);
     pieces[i - 1].move = FineMove(fine, pieces[i - 1]);
   }
   for (Piece& piece : pieces) piece.move = ExactMove(piece);

@@ -23,7 +23,7 @@ void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, Voice
     const float range = here.loud - here.quiet;
     if (range < kLeastRange) continue;
     const float weight = std::min(1.0F, range / kWholeRange);
-    const float place = (static_cast<float>(sound.At(step)[band]) * SoundTable::kDbPerUnit - here.quiet) / range;
+    const float place = (DbOf(sound, step, band) - here.quiet) / range;
     track[step] += weight * std::clamp(place, 0.0F, 1.0F);
     weights[step] += weight;
   }
@@ -44,11 +44,11 @@ VoiceTrack VoiceOfSound(const SoundTable& sound) {
 VoiceTrack VoiceOfCaptions(std::span<const CaptionTimes> captions) {
   Ms last = 0;
   for (const CaptionTimes& times : captions) last = std::max(last, times.end);
-  VoiceTrack track(static_cast<std::size_t>(std::min(last, kLongestTrackMs).Count() / SoundTable::kStepMs));
+  VoiceTrack track(std::min(last, kLongestTrackMs).Count() / SoundTable::kStepMs);
   for (const CaptionTimes& times : captions) {
     const auto at = [&](Ms ms) {
       return track.begin() + std::clamp<std::ptrdiff_t>((ms.Count() + SoundTable::kStepMs / 2) / SoundTable::kStepMs, 0,
-                                                        static_cast<std::ptrdiff_t>(track.size()));
+                                                        std::ssize(track));
     };
     if (times.start >= 0 && times.end > times.start) std::fill(at(times.start), at(times.end), 1.0F);
   }

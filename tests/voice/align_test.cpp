@@ -62,8 +62,8 @@ TEST(AlignLines, FindsEachLineAmongOtherSpeech) {
 }
 
 /// The line as another voice says it, while something is heard in a few bands that has nothing to do with it.
-SoundTable OtherVoice(const SoundTable& line, std::mt19937& random) {
-  std::normal_distribution<float> near(0, 8);
+SoundTable OtherVoice(const SoundTable& line, std::mt19937& random, float unlike = 8) {
+  std::normal_distribution<float> near(0, unlike);
   std::uniform_int_distribution<int> anything(40, 200);
   SoundTable said;
   for (std::size_t i = 0; i < line.Steps(); ++i) {
@@ -92,6 +92,30 @@ TEST(AlignLines, LearnsTheFilmsVoiceFromTheLinesThatAreSurelyFound) {
   int found = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) found += int{Abs(aligned[i].start - starts[i]) <= 250};
   EXPECT_GE(found, 50);
+}
+
+/// The line as somebody says it who takes 1.8 times as long.
+SoundTable Slowly(const SoundTable& line) {
+  SoundTable slow;
+  for (std::size_t i = 0; i < line.Steps() * 9 / 5; ++i) slow.Append(line.At(i * 5 / 9));
+  return slow;
+}
+
+TEST(AlignLines, LearnsThePaceOfTheFilmFromTheLinesThatAreSurelyFound) {
+  std::mt19937 random(6);
+  Film film;
+  std::vector<SoundTable> lines;
+  std::vector<std::int32_t> starts;
+  for (unsigned i = 0; i < 60; ++i) {
+    if (i % 3 == 2) film.Say(OtherVoice(Slowly(Line(1000 + i)), random, 25));
+    lines.push_back(Line(i));
+    starts.push_back(film.Say(OtherVoice(Slowly(lines.back()), random, 25)));
+  }
+  const std::vector<AlignedLine> aligned = AlignLines(lines, film.table);
+  ASSERT_EQ(aligned.size(), lines.size());
+  int found = 0;
+  for (std::size_t i = 0; i < lines.size(); ++i) found += int{Abs(aligned[i].start - starts[i]) <= 250};
+  EXPECT_GE(found, 58);
 }
 
 TEST(AlignLines, ALineThatNobodySaysIsDoubtfulAndLiesBetweenItsNeighbours) {
