@@ -27,7 +27,7 @@ constexpr std::string_view kEnding = ".wav";
 constexpr std::string_view kUnfinished = ".part";
 constexpr std::string_view kTable = ".bands";   // beside a sound: what it is made of
 constexpr std::string_view kShots = ".shots";   // what was measured of a film's pictures
-constexpr std::string_view kVersion = "2/";     // of the way in which the sounds are made
+constexpr std::string_view kVersion = "3/";     // of the way in which the sounds are made
 constexpr std::time_t kStraySeconds = 10 * 60;  // what is being written was written to a moment ago
 constexpr std::size_t kHeader = 8;
 

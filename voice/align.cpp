@@ -15,11 +15,11 @@ namespace {
 constexpr float kUnspoken = 20;              ///< what it costs that nobody says a line
 constexpr double kChance = 0.97;             ///< the share of places that fit worse than one that fits by chance
 constexpr float kUnwritten = 0.05F;          ///< what a frame of voice costs that is in no line
-constexpr std::size_t kBehindFrames = 3000;  ///< that the window keeps before the place where the lines so far end best
+constexpr std::size_t kBehindFrames = 3000;  ///< that the window keeps before the likeliest end of the lines so far
 constexpr std::size_t kAheadFrames = 9000;   ///< the least that it shows behind that place
 constexpr std::size_t kMostAheadFrames = 30000;
 constexpr float kVoiceAhead = 3000;  ///< frames of voice that the window sees at least
-constexpr float kFarWorse = 200;     ///< than the best way, so that no later line can make up for it
+constexpr float kFarWorse = 200;     ///< worse than the best way by so much that no later line makes up for it
 constexpr float kNever = -1e9F;
 constexpr double kSureWorth = 8;  ///< of a line that is as likely found as not
 constexpr double kDoubt = 0.5;
@@ -65,7 +65,7 @@ struct PlacedLine {
 
 Ms MsOf(std::size_t frames) { return static_cast<int>(frames) * FilmFeatures::kFrameMs; }
 
-/// Takes from what a line is worth what it is worth in places where nobody says it: nearly all of a window.
+/// Takes off the worth that the line has in most places of the window, where nobody says it.
 void LessChance(LineMatch& match) {
   std::vector<float> sorted = match.worth;
   const auto chance = sorted.begin() + static_cast<std::ptrdiff_t>(kChance * (CountOf(sorted) - 1));
@@ -107,12 +107,12 @@ Aligner::Aligner(const FilmFeatures& film, std::span<const SpokenFrames> lines, 
 
 FrameRange Aligner::NextWindow() const {
   const std::size_t film = cost_.size() - 1;
-  // A line may be found too far ahead by chance, which those behind it make good: all ways that aren't far worse than
-  // the best one stay in the window.
+  // A line may be found too far ahead by chance; the lines behind it correct that, as long as all ways that aren't far
+  // worse than the best one stay in the window.
   const float least = *std::ranges::max_element(best_) - kFarWorse;
   const auto top = std::ranges::find_if(best_, [&](float worth) { return worth > least; });
   const std::size_t now = window_.first + (top - best_.begin());
-  // What nobody says anything in takes none of the view ahead.
+  // Time in which nobody speaks doesn't count as part of the view ahead.
   const float seen = cost_[std::min(now, film)] + kVoiceAhead * kUnwritten;
   const std::size_t far = std::ranges::lower_bound(cost_, seen) - cost_.begin();
   const std::size_t behind = std::min(film, std::clamp(far, now + kAheadFrames, now + kMostAheadFrames));
@@ -167,7 +167,7 @@ std::vector<PlacedLine> Aligner::Placed() const {
   std::size_t at = window_.first + (std::ranges::max_element(best_) - best_.begin());
   for (std::size_t line = trails_.size(); line-- > 0;) {
     const Trail& trail = trails_[line];
-    // Behind the window of an earlier line nothing happened but waiting.
+    // Behind the window of an earlier line the best way only waits.
     std::size_t i = std::min(at, trail.window.behind) - trail.window.first;
     while (trail.steps[i] == Step::Wait) --i;
     at = trail.window.first + i;
@@ -199,7 +199,7 @@ double PaceOf(std::span<const PlacedLine> placed, std::span<const SpokenFrames> 
   return *middle;
 }
 
-/// Where lines are said; nothing when it isn't wanted any more.
+/// Where lines are said; nothing once the caller wants no more.
 std::vector<PlacedLine> PlacesOf(const FilmFeatures& film, std::span<const SpokenFrames> lines, const VoiceTrack& voice,
                                  const std::function<bool(std::size_t)>& goOn) {
   LineSpread spread;

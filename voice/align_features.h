@@ -9,11 +9,11 @@
 
 namespace cuewright {
 
-/// A film's sound every 20 ms: how far its bands lie above or below what is loud around, in dB.
+/// A film's sound every 20 ms: how far each band lies above or below the loud parts around it, in dB.
 class FilmFeatures {
  public:
   static constexpr int kFrameMs = 20;
-  static constexpr std::size_t kBlock = 250;  ///< frames with one measure of what is quiet
+  static constexpr std::size_t kBlock = 250;  ///< frames that share one measure of the quiet level
 
   using Bands = std::array<float, SoundTable::kBands>;
 
@@ -21,7 +21,7 @@ class FilmFeatures {
 
   std::size_t Frames() const { return frames_.size(); }
   const Bands& At(std::size_t frame) const { return frames_[frame]; }
-  /// What lies below these is not heard there: the noise or music around a frame.
+  /// The levels of the noise or music around a frame: a voice below them is not heard.
   const Bands& Quiet(std::size_t frame) const { return quiet_[frame / kBlock]; }
 
  private:
@@ -32,10 +32,10 @@ class FilmFeatures {
 /// A line as it is spoken alone, a frame every 20 ms.
 using SpokenFrames = std::vector<FilmFeatures::Bands>;
 
-/// Lines that are spoken alone by one voice, in the same numbers: above or below what is loud in all of them.
+/// Lines that one voice speaks without other sound, in the same unit: above or below the loud parts of all of them.
 std::vector<SpokenFrames> FeaturesOfLines(std::span<const SoundTable> lines);
 
-/// The line as one says it who takes `pace` times as long.
+/// The line as said by somebody who takes `pace` times as long.
 SpokenFrames AtPace(const SpokenFrames& line, double pace);
 
 }  // namespace cuewright

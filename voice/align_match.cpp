@@ -11,7 +11,7 @@ constexpr std::size_t kSpeechSamples = 160;  ///< frames that stand for speech i
 constexpr float kLeast = -1.5F;              ///< of a frame's score: one bad frame isn't the end of a line
 constexpr float kBias = 0.1F;                ///< a line found by chance is worth less than none
 constexpr float kFaster = 1.5F;              ///< what it costs to leave out a frame of the line
-constexpr float kSlower = 1.5F;              ///< what it costs to stay on one for two frames of the film
+constexpr float kSlower = 1.5F;              ///< what it costs that a frame of the line lasts for two of the film
 constexpr float kNever = -1e9F;
 constexpr std::size_t kLongestTaught = 500;  ///< frames
 
@@ -29,7 +29,7 @@ std::vector<FilmFeatures::Bands> SamplesOf(std::span<const SpokenFrames> lines) 
   return samples;
 }
 
-/// What can be heard of a frame where all below some levels is noise.
+/// A frame as it is heard where noise covers all below some levels.
 FilmFeatures::Bands Drowned(FilmFeatures::Bands frame, const FilmFeatures::Bands& quiet) {
   for (std::size_t band = 0; band < frame.size(); ++band) frame[band] = std::max(frame[band], quiet[band]);
   return frame;

@@ -9,8 +9,8 @@ namespace {
 constexpr std::size_t kBands = SoundTable::kBands;
 constexpr float kAnyBand = 333;      ///< square dB of a band between any two voices
 constexpr float kAnyLoudness = 86;   ///< the same of what all bands have in common
-constexpr double kOwnFrames = 1500;  ///< frames that say as much as what is known of any voices
-constexpr double kWidth = 3;         ///< by which learned spreads are wider: frames are far from independent
+constexpr double kOwnFrames = 1500;  ///< frames that weigh as much as what is known of any two voices
+constexpr double kWidth = 3;         ///< factor for learned spreads, since frames are far from independent
 
 }  // namespace
 

@@ -7,20 +7,20 @@
 
 namespace cuewright {
 
-/// How what is heard of a line differs from what a synthesiser makes of it, frame by frame, in dB. At first that of
-/// any two voices; that of a film's own voices and noise is learned from lines that were found.
+/// How the sound of a line in a film differs from the synthesiser's, frame by frame, in dB. At first it is the
+/// difference between any two voices; that of the film's own voices and noise is learned from lines that were found.
 class LineSpread {
  public:
   using Bands = FilmFeatures::Bands;
 
   LineSpread();
 
-  /// Takes in a frame that was found: what is heard, and what it was taken for.
+  /// Learns from a frame of a line that was found: what is heard there, and what the synthesiser has.
   void Learn(const Bands& heard, const Bands& spoken);
-  /// Goes by what was learned from now on; by what any two voices have where that was little.
+  /// Uses what was learned from now on, and the difference of any two voices where little was learned.
   void Settle();
 
-  /// What is heard of a synthesiser's frame, but for noise.
+  /// How a synthesiser's frame would be heard in the film without noise.
   Bands Heard(const Bands& spoken) const;
   /// Coordinates in which squares of distances tell how unlike two frames are.
   Bands Scaled(const Bands& bands) const;

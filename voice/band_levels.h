@@ -27,7 +27,7 @@ class ByteHistogram {
   std::size_t all_ = 0;
 };
 
-/// What is quiet and what is loud in a band for a while, in dB.
+/// The quiet and the loud level of a band for a while, in dB.
 struct BandLevels {
   float quiet = 0;
   float loud = 0;
@@ -37,7 +37,7 @@ struct BandLevels {
 struct LevelWindow {
   std::size_t block = 500;    ///< steps from one measure to the next
   std::size_t around = 1500;  ///< steps before and behind the middle of a block that count
-  double quiet = 0.15;        ///< shares that lie below
+  double quiet = 0.15;        ///< share of the steps that lie below the quiet level
   double loud = 0.92;
 };
 

@@ -17,8 +17,8 @@ constexpr std::ptrdiff_t kWideReach = 60;    ///< while nothing is known of the 
 constexpr std::ptrdiff_t kLevelReach = 250;  ///< steps around a caption by which noise and voice are told
 constexpr double kFirstStart = 1;            ///< ms; a start of 0 would mean no times
 constexpr double kShortest = 150;            ///< ms that a voice lasts at least
-/// So far a time moves that the risk of being worse than the constant is this; without its words a caption is believed
-/// less, and where much of the voice is drowned, so that noise may be taken for it, both are.
+/// A time moves so far that the risk of being worse than the constant is this. Less risk is taken for a caption without
+/// its words, and where much of the voice is drowned, so that noise may be taken for it.
 constexpr double kMostStartRisk = 0.1;
 constexpr double kMostStartRiskAlone = 0.085;
 constexpr double kMostEndRisk = 0.22;
@@ -26,11 +26,11 @@ constexpr double kMostEndRiskAlone = 0.16;
 constexpr double kClearlyHeard = 0.8;  ///< share of a voice that is heard, from which all of the risk is taken
 constexpr double kHardlyHeard = 0.5;
 constexpr double kLeastRiskShare = 0.1;
-/// Steps by which noise shortens a voice where none of it is heard; so much as of it is drowned counts. The words tell
-/// where the start is that isn't heard.
+/// Steps by which noise shortens a voice that is drowned whole; a voice that is drowned in part is shortened by that
+/// part. The words tell where a start is that isn't heard.
 constexpr double kDrownedEnd = 12;
 constexpr double kDrownedStartAlone = 5;
-constexpr double kEndSteps = 0.5;  ///< by which the end of a voice is too quiet even in clean sound
+constexpr double kEndSteps = 0.5;  ///< of the end of a voice that are too quiet even in clean sound
 constexpr double kStartSteps = 0.1;
 constexpr double kSureStart = 0.65;      ///< confidence from which a caption tells of the hand
 constexpr double kEndDoubt = 20;         ///< ends that tell as much of the hand as its starts do
@@ -108,8 +108,8 @@ class Fitter {
     }
   }
 
-  /// Learns them once more around wanted captions, from where all there were found: that is nearer than any hand, so
-  /// that their beginnings and ends are learned as well.
+  /// Learns the voices once more around wanted captions, from where they were found: those places are nearer than any
+  /// hand, so that the beginnings and ends of voices are learned as well.
   void LearnAgain(const FitChoice& choice) {
     constexpr std::size_t kAround = kBlock + kNeighbours;
     std::vector<StepSpan> found = voices_;
@@ -207,7 +207,7 @@ class Fitter {
     return std::ranges::any_of(numbers, [&](std::size_t place) { return captions_[place].wanted; });
   }
 
-  /// From the caption before to the one behind.
+  /// The time from the caption before to the one behind.
   StepSpan AloneAround(std::size_t number) const {
     StepSpan alone;
     alone.last = sound_.Steps();
@@ -216,7 +216,7 @@ class Fitter {
     return alone;
   }
 
-  /// How much of the risk that may be taken is. What isn't held against a known hand takes any.
+  /// The share of the risk that is taken. While no hand is known there is nothing to be worse than, and all is taken.
   double RiskShare(const VoiceModel& model) const {
     constexpr double kAny = 1e9;
     if (!hand_.known) return kAny;
@@ -279,8 +279,8 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
     hand.start = MedianOf(starts);
     hand.startSigma = std::clamp(SpreadOf(starts, hand.start) / std::max(hand.start, 60.0), 0.2, 0.5);
   }
-  // Noise drowns ends, and then the median is too late: few of them, or doubtful ones, count little beside what people
-  // are like who start so late.
+  // Where noise drowns ends the median is too late: few or doubtful ends count little beside what is usual for people
+  // who start so late.
   const double usualEnd = enough ? kEndPart * hand.start : hand.end;
   hand.end = usualEnd;
   if (ends.empty()) return enough;
@@ -291,7 +291,7 @@ bool FindHand(Fitter& fitter, std::span<const HeldCaption> captions, Reaction& h
   return enough;
 }
 
-/// Takes back what the fit makes two captions overlap, or come nearer than the gap, that did neither before.
+/// Takes back moves by which two captions overlap, or come nearer than the gap, that did neither before.
 void KeepApart(std::span<const HeldCaption> held, std::span<FittedCaption> fitted, Ms leastGap) {
   for (std::size_t place = 1; place < held.size(); ++place) {
     FittedCaption& before = fitted[place - 1];
@@ -299,7 +299,7 @@ void KeepApart(std::span<const HeldCaption> held, std::span<FittedCaption> fitte
     if ((!before.wanted && !here.wanted) || held[place - 1].end > held[place].start) continue;
     const Ms gap = std::min(leastGap, held[place].start - held[place - 1].end);
     if (here.start - before.end >= gap) continue;
-    // An end is what is seen less, so it gives way, unless the caption before would be gone or isn't to be touched.
+    // A viewer notices an end less than a start, so the end gives way, unless its caption would vanish or isn't wanted.
     if (before.wanted && (here.start - gap).Count() > before.start.Count() + kShortest) {
       before.end = here.start - gap;
     } else if (here.wanted && before.end + gap < here.end) {

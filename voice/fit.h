@@ -17,18 +17,18 @@ namespace cuewright {
 struct HeldCaption {
   Ms start = 0;
   Ms end = 0;
-  bool wanted = true;  ///< false: others are fitted, this one only tells where somebody speaks
+  bool wanted = true;  ///< false: the caption is not fitted, it only tells where somebody speaks
 };
 
 /// What was learned of a film's voices, its noise and the hand, for further captions of the same film. It is empty at
 /// first, and whoever keeps it keeps the film's table of sound as well.
 struct FitMemory {
   const SoundTable* sound = nullptr;
-  std::optional<Reaction> hand{};  ///< what was told of it then
+  std::optional<Reaction> hand{};  ///< the `FitChoice::hand` of then
   std::optional<double> startLate{};
   std::optional<double> endLate{};
   std::vector<HeldCaption> captions{};  ///< from which it was learned
-  Reaction reaction{};                  ///< by which they were judged
+  Reaction reaction{};                  ///< by which these captions were judged
   std::vector<VoiceModel> models{};
   std::vector<Ms> until{};  ///< up to which start each model is used
 };
@@ -37,9 +37,9 @@ struct FitMemory {
 struct FitChoice {
   std::optional<double> startLate{};          ///< the median lateness of presses in ms; empty: found from the film
   std::optional<double> endLate{};            ///< the same of releases
-  std::optional<Reaction> hand{};             ///< all of it, where the person was measured; it goes before both
+  std::optional<Reaction> hand{};             ///< of a person who was measured; goes before the two above
   Ms leastGap = 0;                            ///< ms that are left between two captions
-  const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread that wants no more of it
+  const std::atomic<bool>* giveUp = nullptr;  ///< set by another thread to end the work
   /// What earlier fits learned: it is used while few captions came since or changed, and else learned anew.
   FitMemory* memory = nullptr;
 };
@@ -58,11 +58,12 @@ enum class FitProblem : std::uint8_t {
 struct FittedCaption {
   Ms start = 0;
   Ms end = 0;
-  double startConfidence = 0;  ///< the probability that it is right to 50 ms; of one that stayed at the constant, too
+  double startConfidence =
+      0;  ///< the probability that the start is right to 50 ms, also where it stayed at the constant
   double endConfidence = 0;
-  bool startMoved = false;  ///< to the voice; else only by the constant, for want of evidence
+  bool startMoved = false;  ///< true: moved to the voice; false: moved by the constant alone, for want of evidence
   bool endMoved = false;
-  bool wanted = false;  ///< it was wanted and has times; else all of it is as it was
+  bool wanted = false;  ///< the caption was wanted and has times; a caption that wasn't is unchanged
 
   double Confidence() const { return std::min(startConfidence, endConfidence); }
 };

@@ -78,7 +78,7 @@ void AddDrowned(EdgeEvidence& edge, double length, Drowned side) {
 
 EdgeGuess GuessEdge(const EdgeEvidence& evidence, double usualMs, double mostRisk) {
   const std::vector<double> probability = Probabilities(evidence.values);
-  // The median errs least in the mean, and between the steps it is finer than they are.
+  // Of all guesses the median errs least in the mean; it is interpolated between the steps.
   int middle = 0;
   double before = 0;
   while (middle + 1 < CountOf(probability) && before + probability[middle] < 0.5) before += probability[middle++];

@@ -10,8 +10,8 @@ namespace cuewright {
 
 /// Log likelihoods of the steps of a window in which a voice begins or ends.
 struct EdgeEvidence {
-  std::ptrdiff_t first = 0;    ///< the step that the first one is of
-  std::vector<double> values;  ///< but for a constant
+  std::ptrdiff_t first = 0;    ///< the step of the first value
+  std::vector<double> values;  ///< up to a constant
 
   /// The value of a step; far below all others outside the window.
   double At(std::ptrdiff_t step) const {
@@ -23,10 +23,10 @@ struct EdgeEvidence {
   std::ptrdiff_t StepOf(std::ptrdiff_t place) const { return first + place; }
 };
 
-/// What a likelihood is worth that was added up over steps: these are far from independent of each other.
+/// The weight of a likelihood that was added up over steps, since these are far from independent of each other.
 struct EdgeTrust {
   static constexpr double kAlone = 0.065;     ///< nothing but the voice's beginning or end is known
-  static constexpr double kWithWords = 0.05;  ///< the caption's own words are, too
+  static constexpr double kWithWords = 0.05;  ///< the caption's own words are known as well
 };
 
 /// How well the steps of a window divide sound without a voice from sound with one: before and behind a start,
@@ -34,18 +34,18 @@ struct EdgeTrust {
 EdgeEvidence StartEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
 EdgeEvidence EndEvidence(const VoiceModel& model, std::ptrdiff_t first, std::size_t count, double trust);
 
-/// What of a voice noise drowns.
+/// The part of a voice that noise drowns.
 enum class Drowned : std::uint8_t { Start, End };
 
-/// Adds that what is heard first or last of a voice isn't its start or end, as noise drowns both: so many steps lie
-/// before or behind it in the mean.
+/// Allows for a start or end that noise drowns: the voice begins or ends so many steps, in the mean, before or behind
+/// the first or last sound of it that is heard.
 void AddDrowned(EdgeEvidence& edge, double length, Drowned side);
 
 /// Where a voice begins or ends by all that is known.
 struct EdgeGuess {
   double ms = 0;
   double confidence = 0;  ///< the probability of +-50 ms
-  double risk = 0;        ///< the probability that it is more than a frame further off than what it is held against
+  double risk = 0;        ///< the probability that the guess is more than a frame further off than the usual place
 };
 /// `usualMs` is where the edge is held to be without what was heard: the guess is no further from there than that the
 /// risk stays within `mostRisk`.

@@ -6,12 +6,12 @@
 
 namespace cuewright {
 
-/// True while what was learned is of the same film and of what is told of the hand, and no more than a fifth as many
-/// captions came or changed since as it was learned from.
+/// True while the memory is of the same film and the same hand, and the captions that came or changed since are at most
+/// a fifth as many as those that it was learned from.
 bool Serves(const FitMemory& memory, const SoundTable& sound, std::span<const HeldCaption> captions,
             const FitChoice& choice);
 
-/// A memory of what is learned from these, which isn't in it yet.
+/// A memory for what will be learned from these captions; nothing is learned in it yet.
 FitMemory MemoryFor(const SoundTable& sound, std::span<const HeldCaption> captions, const FitChoice& choice);
 
 }  // namespace cuewright

@@ -11,11 +11,11 @@ namespace {
 constexpr std::size_t kBands = SoundTable::kBands;
 constexpr double kMost = 3;
 constexpr double kUnit = 10;     ///< dB of a unit of the model
-constexpr double kNoise = 0.05;  ///< added to the spreads, so that no band is believed without end
+constexpr double kNoise = 0.05;  ///< added to the spreads, so that no band counts without limit
 constexpr std::size_t kVoiceSounds = 8;
 constexpr std::size_t kOtherSounds = 4;
 constexpr double kOwnSpread =
-    0.02;                       ///< added to that of the noise: a room may be more silent than steps of a level tell
+    0.02;  ///< added to the noise's spread: a room may be more silent than the table's steps can tell
 constexpr double kFewest = 20;  ///< steps of each kind without which nothing is learned
 constexpr double kLeastSquare = 1e-4;
 constexpr double kHeard = 1;  ///< likelihood from which a step is heard as a voice
@@ -88,7 +88,7 @@ Bands Solve(Square matrix, Bands right) {
   return right;
 }
 
-/// How far two heaps are apart along the line that divides them best.
+/// How far two sets of samples are apart along the line that divides them best.
 double SeparationOf(const Heap& voice, const Heap& rest) {
   Square common{};
   Bands apart{};

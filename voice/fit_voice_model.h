@@ -11,14 +11,14 @@
 
 namespace cuewright {
 
-/// Steps of a table of sound, the last one not among them.
+/// Steps of a table of sound from the first up to the one before the last.
 struct StepSpan {
   std::ptrdiff_t first = 0;
   std::ptrdiff_t last = 0;
 };
 
-/// Tells voice from what else is heard in a part of a film, by what is heard while captions are shown there and
-/// between them: the sounds of both are told apart, in levels that the noise moves independently of each other.
+/// Tells voice from other sound in a part of a film. It learns from the sound while captions are shown and from the
+/// sound between them, in levels that the noise moves independently of each other.
 class VoiceModel {
  public:
   /// Learns from steps in which somebody probably speaks, and from others. The spans may reach beyond the sound.
@@ -39,7 +39,7 @@ class VoiceModel {
   using Square = std::array<Bands, SoundTable::kBands>;
 
   void TakeRoot(const Square& spread);
-  /// The levels of a step in units in which those of the noise are independent and vary by 1.
+  /// The levels of a step, in units in which the noise's levels are independent and vary by 1.
   LevelMixture::Levels LevelsAt(std::size_t step) const;
   std::vector<LevelMixture::Levels> Samples(std::span<const StepSpan> spans) const;
   double ShareHeard(std::span<const StepSpan> spoken) const;

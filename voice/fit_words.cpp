@@ -10,11 +10,12 @@ namespace cuewright {
 namespace {
 
 constexpr std::size_t kBands = SoundTable::kBands;
-constexpr float kMostMismatch = 10;  ///< dB of a band; more tells that something else is heard, not how much
+constexpr float kMostMismatch =
+    10;  ///< dB of a band; a greater difference says no more than that something else is heard
 constexpr float kShareOfChange = 0.5F;
 constexpr float kUsualChange = 6;      ///< dB by which the changes of two unlike sounds differ
 constexpr std::ptrdiff_t kChange = 3;  ///< steps to each side
-constexpr float kUnevenPace = 1.5F;    ///< cost of a step that stays at a word's or leaves one out
+constexpr float kUnevenPace = 1.5F;    ///< cost of repeating a step of the words or leaving one out
 constexpr float kGap = 6;              ///< cost of a step in which nobody speaks, as far as the bands tell nothing
 constexpr float kVoiceInGap = 2;
 constexpr double kTrust = 0.05;  ///< log likelihood of a unit of cost; steps are far from independent
@@ -84,7 +85,7 @@ void WordsAlignment::TakeWords(const SoundTable& words, std::size_t count, StepS
   const std::ptrdiff_t all = words.Steps();
   std::vector<std::array<float, kBands>> levels(count);
   for (std::size_t band = 0; band < kBands; ++band) {
-    // As loud as the voice, and what is below the noise can't be heard.
+    // The words are made as loud as the voice; below the noise they can't be heard.
     const float gain = Quantile(heard, kLoud, [&](auto step) { return DbOf(sound_, step, band); }) -
                        Quantile({0, all}, kLoud, [&](auto step) { return DbOf(words, step, band); });
     const double pace = static_cast<double>(words.Steps()) / static_cast<double>(count);

@@ -11,7 +11,7 @@
 
 namespace cuewright {
 
-/// What is heard around a caption: the levels of what is always there, and of the loudest.
+/// The levels around a caption: of the noise that is always there, and of the loudest sound.
 struct SoundLevels {
   std::array<float, SoundTable::kBands> quiet{};
   std::array<float, SoundTable::kBands> loud{};
@@ -24,7 +24,7 @@ struct SoundLevels {
 /// tell of the caption's edges, and go out with what the words tell added.
 class WordsAlignment {
  public:
-  /// `alone` is where no other caption is: a voice there that isn't the caption's is unlikely.
+  /// `alone` is the time without another caption, in which a voice is unlikely to be anybody else's.
   WordsAlignment(const SoundTable& sound, const VoiceModel& model, const SoundLevels& levels, StepSpan alone);
 
   /// False when there is nothing to lay, or too much. `held` are the steps in which the words probably are.
@@ -54,8 +54,8 @@ class WordsAlignment {
   std::vector<Features> words_;   // the words, as long as the caption was held, as loud as the voice
   std::vector<Features> window_;  // what is heard
   std::vector<float> gap_;        // cost of "nobody speaks" before a step of the window, from its first on
-  std::vector<float> mismatch_;   // of each step and each word
-  std::vector<float> costs_;      // the best way to or from there
+  std::vector<float> mismatch_;   // by step of the window and step of the words
+  std::vector<float> costs_;      // of the best way to or from each of these
 };
 
 }  // namespace cuewright

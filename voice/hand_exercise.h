@@ -16,7 +16,7 @@ struct HandExercise {
   std::vector<Text> lines;          ///< the numbers, as they are read
   std::vector<CaptionTimes> truth;  ///< when each is said, in ms
   std::string wave;                 ///< the sound, as the bytes of a wave file
-  bool spoken = false;              ///< by a voice; else each is a tone
+  bool spoken = false;              ///< true: a voice says the numbers; false: tones stand for them
 };
 
 /// Has espeak-ng speak the numbers; where it can't be started, tones stand for them. `processes` may be null.

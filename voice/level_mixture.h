@@ -9,16 +9,16 @@
 
 namespace cuewright {
 
-/// How the levels of the bands are distributed in some kind of sound, in any unit: a mixture of normal laws, each of
-/// which is one of the sounds of that kind, such as a vowel, a hiss, or a beat of a drum.
+/// The distribution of the bands' levels in a kind of sound, in any unit: a mixture of normal laws, one for each sound
+/// of that kind, such as a vowel, a hiss, or a beat of a drum.
 class LevelMixture {
  public:
   using Levels = std::array<float, SoundTable::kBands>;
 
-  /// Learns from samples, of which there is at least one. `most` is how many laws there may be.
+  /// Learns from at least one sample. `most` is how many laws there may be.
   LevelMixture(std::span<const Levels> samples, std::size_t most);
 
-  /// The logarithm of the density at some levels, but for a constant.
+  /// The logarithm of the density at some levels, up to a constant.
   float LogDensity(const Levels& levels) const;
 
  private:

@@ -54,7 +54,7 @@ void OffsetPath::Forward(std::size_t caption, const Places& scores, Places& best
     const std::size_t apart = PlacesBetween(caption);
     const std::size_t count = best.size();
     float highest = *std::max_element(best.begin(), best.begin() + std::min(apart, count));
-    // The place that comes into sight is always ahead of the one that is written.
+    // The place that is read is always ahead of the one that is written.
     Places fresh(count);
     for (std::size_t place = 0; place < count; ++place) {
       if (place + apart < count) highest = std::max(highest, best[place + apart]);
@@ -72,7 +72,7 @@ void OffsetPath::Backward(std::size_t caption, Places& best) const {
   float highest = -std::numeric_limits<float>::infinity();
   Places fresh(count);
   for (std::size_t place = count; place-- > 0;) {
-    // All that lies at or behind `place - apart`.
+    // The places at or behind `place - apart`.
     if (place + 1 == count) {
       for (std::size_t behind = place > apart ? place - apart : 0; behind < count; ++behind) {
         highest = std::max(highest, best[behind]);
@@ -106,7 +106,7 @@ std::vector<OffsetChoice> OffsetPath::Choices(int elsewhereMs) const {
     Score(caption, scores);
     Forward(caption, scores, best);
   }
-  // Backwards a block at a time, whose ways forward are found again.
+  // Backwards a block at a time; the ways forward within each block are computed again.
   std::vector<OffsetChoice> choices(count);
   std::vector<Places> before(kBlock);
   std::vector<Places> own(kBlock, Places(scores_.Places()));

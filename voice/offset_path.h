@@ -11,16 +11,16 @@ namespace cuewright {
 /// The move that one caption takes on the best way through all of them.
 struct OffsetChoice {
   std::size_t place = 0;  ///< of the grid
-  float margin = 0;       ///< how much worse the best way is on which this caption lies elsewhere
+  float margin = 0;       ///< how much worse the best way is that has this caption elsewhere
 };
 
-/// The best way of captions, sorted by their starts, over the places of a grid: each keeps the move of the one before
-/// or pays for another one, and never passes it. Captions far apart pay less.
+/// The best way of captions, sorted by their starts, over the places of a grid. Each caption keeps the move of the one
+/// before or pays for another move, less when the two are far apart, and never passes the one before.
 class OffsetPath {
  public:
   OffsetPath(const OffsetScores& scores, std::span<const CaptionTimes> captions, double ratio, float price);
 
-  /// What the best way is worth.
+  /// The worth of the best way.
   float Best() const;
 
   /// The choice of each caption on the best way; `elsewhereMs` is how far a caption must lie from its place to lie
@@ -34,9 +34,9 @@ class OffsetPath {
   float PriceBefore(std::size_t caption) const;
   std::size_t PlacesBetween(std::size_t caption) const;
   void Score(std::size_t caption, Places& scores) const;
-  /// What is the best up to a caption, from that up to the one before it.
+  /// Makes the best worth up to a caption from the best worth up to the caption before it.
   void Forward(std::size_t caption, const Places& scores, Places& best) const;
-  /// What is the best behind the caption before this one, from that from this one on.
+  /// Makes the best worth behind the caption before this one from the best worth from this one on.
   void Backward(std::size_t caption, Places& best) const;
 
   const OffsetScores& scores_;

@@ -10,9 +10,9 @@
 namespace cuewright {
 namespace {
 
-constexpr int kBesideMs = 240;        ///< what is heard before and behind the beginning of a voice
+constexpr int kBesideMs = 240;        ///< that are compared before and behind the beginning of a voice
 constexpr int kMostOverlapMs = 3500;  ///< a longer caption says no more than such a one
-constexpr float kOutside = -0.25F;    ///< what the time before and behind a film counts
+constexpr float kOutside = -0.25F;    ///< the voice before and behind the film
 constexpr float kOverlapNorm = 0.5F;  ///< an onset counts as much as so many seconds of overlap
 
 /// The track in steps of a grid, less its mean.

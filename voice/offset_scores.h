@@ -20,13 +20,13 @@ struct TimeRatio {
 
 /// What counts when a caption is laid over a voice.
 struct ScoreWeights {
-  float overlap = 1;  ///< a voice while the caption is shown
-  float onset = 1;    ///< a voice that begins where it does
-  float ending = 0;   ///< one that ends where it does
+  float overlap = 1;  ///< weight of a voice while the caption is shown
+  float onset = 1;    ///< weight of a voice that begins where the caption does
+  float ending = 0;   ///< weight of a voice that ends where the caption does
 };
 
-/// How well captions lie on a voice when they are moved, for all moves of a grid at once. Scores are counted in
-/// standard deviations of those of a place taken by chance.
+/// How well captions lie on a voice when they are moved, for all moves of a grid at once. A score is counted in
+/// standard deviations of the scores of places taken by chance.
 class OffsetScores {
  public:
   /// The grid has a place every `stepMs` from `-reachMs` to `reachMs`; captions end before `lastMs`.
@@ -39,10 +39,10 @@ class OffsetScores {
   /// The place of a move within reach.
   std::size_t PlaceOf(int ms) const { return (ms + reach_ * stepMs_) / stepMs_; }
 
-  /// The scores of a caption whose times are multiplied at each place, added to those in `scores`.
+  /// Adds to `scores`, by place, those of a caption whose times are multiplied by a ratio.
   void Add(const CaptionTimes& caption, double ratio, std::span<float> scores) const;
 
-  /// A score of a caption that lies nowhere in particular is about so large; what `Add` gives is divided by it.
+  /// The usual size of a score at a place taken by chance, by which `Add` divides.
   void SetUnit(float unit) { scale_ = 1 / unit; }
 
  private:
@@ -54,7 +54,7 @@ class OffsetScores {
   ScoreWeights weights_;
   float scale_ = 1;
   std::ptrdiff_t pad_;       ///< steps before the film's beginning
-  std::vector<float> sums_;  ///< of the voice up to each step
+  std::vector<float> sums_;  ///< sum of the voice up to each step
 };
 
 }  // namespace cuewright

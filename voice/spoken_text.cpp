@@ -100,7 +100,7 @@ std::string TextSpeaker::Wave(const Text& marked, std::string& problem) {
   std::optional<int> status;
   while (!status) {
     child->Wait(kWaitMs);
-    // What ends a program comes behind the last that it wrote.
+    // The end is asked for before the output is taken, so that nothing that was written is missed.
     status = child->Ended();
     wave += child->TakeOutput();
   }
@@ -119,11 +119,11 @@ SpokenLines TextSpeaker::SpeakPortion(std::span<const Text> lines) {
   spoken.problem = problem;
   if (!spoken.lines.empty() || !problem.empty()) return spoken;
   if (lines.size() == 1) {
-    // It says something that can't be told from pauses: nothing that could be looked for.
+    // The line can't be told from pauses, so there is nothing in it that could be looked for.
     spoken.lines.resize(1);
     return spoken;
   }
-  // A line among them is taken for more than one: the half without it is spoken at once.
+  // One of the lines is taken for more than one: the half without it can still be spoken at once.
   const std::size_t half = lines.size() / 2;
   spoken = SpeakPortion(lines.first(half));
   SpokenLines rest = SpeakPortion(lines.subspan(half));

@@ -13,7 +13,7 @@
 
 namespace cuewright {
 
-/// What a synthesiser gave: samples at its own rate, a line behind the other, without the silence around each.
+/// What a synthesiser gave: its rate, and the samples of each line without the silence around it.
 struct SpokenLines {
   int samplesASecond = 0;
   std::vector<std::vector<std::int16_t>> lines;  ///< as many as were asked for; empty for one that says nothing

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kEnough = 400;
 constexpr int kReachMs = 240'000;
-constexpr Ms kLongestMs = 24 * 3600 * 1000;  ///< what lies behind is at no place
+constexpr Ms kLongestMs = 24 * 3600 * 1000;  ///< times beyond are at no place
 constexpr int kCoarseMs = 80;
 constexpr int kMiddleMs = 40;
 constexpr int kFineReachMs = 160;
@@ -49,7 +49,7 @@ constexpr std::array<TimeRatio, 17> kRatios = {{{1, 1},
                                                 {5005, 4000},
                                                 {4000, 5005}}};
 
-/// Some captions of many, evenly: enough to tell a ratio and chance by.
+/// Some of many captions, evenly chosen: enough to find the ratio and the scores of chance.
 std::vector<CaptionTimes> Thinned(const std::vector<CaptionTimes>& captions) {
   const std::size_t each = captions.size() / kEnough + 1;
   std::vector<CaptionTimes> thinned;
@@ -75,7 +75,7 @@ Timed TimedOf(std::span<const CaptionTimes> captions) {
   return timed;
 }
 
-/// The same captions as heard backwards: what fits these fits by chance.
+/// The same captions backwards in time: a place that fits these fits by chance.
 std::vector<CaptionTimes> Mirrored(std::span<const CaptionTimes> captions) {
   Ms last = 0;
   for (const CaptionTimes& times : captions) last = std::max(last, times.end);
@@ -107,7 +107,7 @@ struct Candidate {
   float worth = 0;
 };
 
-/// What the best way of captions is worth.
+/// The worth of the captions' best way.
 float WorthOf(const OffsetScores& scores, std::span<const CaptionTimes> times, const TimeRatio& ratio) {
   const float worth = OffsetPath(scores, times, ratio.Value(), kPrice).Best();
   return ratio == TimeRatio() ? worth : worth - kRatioPrice;
@@ -181,7 +181,7 @@ std::vector<Synchroniser::Piece> Synchroniser::PiecesOf(const OffsetScores& scor
     if (pieces.empty() || pieces.back().move != move) pieces.push_back({i, i, move});
     pieces.back().behind = i + 1;
   }
-  // What few captions say for a place of their own is too little to part them from their neighbours.
+  // A place that only few captions have is too little evidence to part them from their neighbours.
   for (std::size_t i = 0; i < pieces.size() && pieces.size() > 1;) {
     if (pieces[i].behind - pieces[i].first >= kFewest) {
       ++i;
@@ -239,7 +239,7 @@ int Synchroniser::ExactMove(const Piece& piece) const {
 void Synchroniser::Refine(std::vector<Piece>& pieces) const {
   const OffsetScores fine = Grid(SoundTable::kStepMs, kFineReachMs, kFineWeights);
   for (Piece& piece : pieces) piece.move = FineMove(fine, piece);
-  // Neighbours that were parted by the coarse grid alone.
+  // Joins neighbours that were parted by the coarse grid alone.
   for (std::size_t i = 1; i < pieces.size();) {
     if (std::abs(pieces[i].move - pieces[i - 1].move) > kSameMs) {
       ++i;

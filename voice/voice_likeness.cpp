@@ -12,10 +12,10 @@ constexpr std::size_t kAround = 1500;  ///< steps before and behind that are mea
 constexpr double kQuiet = 0.15;
 constexpr double kLoud = 0.92;
 constexpr float kLeastRange = 4;   ///< dB between quiet and loud: below that a band tells nothing
-constexpr float kWholeRange = 16;  ///< dB from which on it tells all it can
+constexpr float kWholeRange = 16;  ///< dB from which on a band counts fully
 constexpr Ms kLongestTrackMs = 48 * 3600 * 1000;
 
-/// What a band adds: its place between quiet and loud, the more the wider these lie apart.
+/// What a band adds: its place between quiet and loud, weighted by how far these lie apart.
 void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, VoiceTrack& weights) {
   const std::vector<BandLevels> levels = LevelsOf(sound, band, {kBlock, kAround, kQuiet, kLoud});
   for (std::size_t step = 0; step < track.size(); ++step) {
