@@ -1,6 +1,7 @@
 #include "forms/layout_memory.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "core/numbers.h"
 #include "settings/options.h"

@@ -43,7 +43,7 @@ constexpr std::array<OtherTag, 13> kOtherTags = {{{u"pos(", Loss::ExactPosition}
 void OverrideReader::ReadBlock(TextView tags) {
   std::size_t at = tags.find(u'\\');
   // Words in braces are remarks.
-  if (TrimBlanks(tags.substr(0, at)) != TextView()) runs_.Found(Loss::Remark);
+  if (!TrimBlanks(tags.substr(0, at)).empty()) runs_.Found(Loss::Remark);
   while (at != TextView::npos) {
     const std::size_t end = EndOfOverride(tags, at);
     ReadTag(tags.substr(at + 1, end == TextView::npos ? end : end - at - 1));

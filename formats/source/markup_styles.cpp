@@ -22,7 +22,6 @@ Text WithoutTags(TextView text, char16_t letter) {
     const std::size_t open = std::min(text.find(u'<', at), text.size());
     out += text.substr(at, open - at);
     const std::size_t end = text.find_first_of(u"<>", open + 1);
-    at = open;
     if (end == TextView::npos) return out += text.substr(open);
     const bool whole = text[end] == u'>';
     if (!whole || !IsTagOf(text.substr(open, end + 1 - open), letter)) {
@@ -53,7 +52,7 @@ Text WithoutOverride(TextView tags, char16_t letter) {
 Text WithoutOverrides(TextView text, char16_t letter) {
   Text out;
   for (std::size_t at = 0; at < text.size();) {
-    const std::size_t open = std::min(text.find(u"{", at), text.size());
+    const std::size_t open = std::min(text.find(u'{', at), text.size());
     out += text.substr(at, open - at);
     const std::size_t end = text.find(u'}', open);
     if (end == TextView::npos) return out += text.substr(open);
