@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/counting.h"
 #include "core/media_errors.h"
 #include "core/paths.h"
 #include "core/runtime_error.h"
@@ -26,9 +25,11 @@ FilmSound::FilmSound(FilmSoundParts parts) : p_(parts) {
   w.mnuEmptySounds.Clicked.Connect([this] { EmptyStore(); });
   w.cmdStopSound.Clicked.Connect([this] { Stop(); });
   w.tmrFilmSound.Tick.Connect([this] { Poll(); });
-  // The decoder waits while its pipe is full, so that samples are taken more often than the progress is shown.
   w.tmrWaveDetail.Tick.Connect([this] {
-    if (Running()) TakeSamples();
+    if (Running()) p_.details.Follow(unfinished_);
+  });
+  readMore_ = p_.details.Changed.ConnectScoped([this] {
+    if (Running()) ShowProgress();
   });
   w.tmrTime.Tick.Connect([this] { StartByItself(); });
   w.mnuFile.AboutToShow.Connect([this] { ShowItem(); });
@@ -59,16 +60,18 @@ void FilmSound::Begin() {
 }
 
 void FilmSound::StartSteps() {
-  const int track = p_.player.AudioTrack();
-  path_ = p_.store->PathFor(film_, track);
+  track_ = p_.player.AudioTrack();
+  path_ = p_.store->PathFor(film_, track_);
   if (p_.store->Has(path_)) return Load();
+  facts_ = FactsOf(*p_.processes, film_, track_);
+  StartDecoder();
+}
+
+void FilmSound::StartDecoder() {
   unfinished_ = p_.store->Begin(path_);
-  const TrackFacts facts = FactsOf(*p_.processes, film_, track);
-  child_ = p_.processes->Start(Text(kDecoder), SamplesArguments(film_, track, facts, unfinished_), {.errors = true});
+  child_ = p_.processes->Start(Text(kDecoder), WaveArguments(film_, track_, facts_, unfinished_), {.errors = true});
   p_.details.BeginFilm(path_);
-  bytes_ = {};
   cutOff_ = false;
-  samples_ = 0;
   ShowProgress();
   p_.window.mnuOpenWav.SetEnabled(false);
   p_.window.cmdStopSound.SetVisible(true);
@@ -89,27 +92,30 @@ void FilmSound::Poll() {
   if (!Running()) return;
   // The film was replaced or closed: its sound is no longer wanted.
   if (p_.document.VideoPath != film_) return Stop();
-  // Asked before its output is taken: a program that has ended by now has written all there is to take.
+  // Asked before the wave is read: a program that has ended by now has written all there is to read.
   const std::optional<int> status = child_->Ended();
-  TakeSamples();
+  p_.details.Follow(unfinished_);
   // A full disk is only reported in its log, not always by its exit status.
   cutOff_ = cutOff_ || TellsOfCutOff(child_->TakeErrors());
   if (!status) return;
   const bool whole = *status == 0 && !cutOff_;
+  // The rest of it is read between other events, too.
+  if (whole && p_.details.ReadOn()) return;
+  if (whole && CentreWasStill(facts_, p_.details.Table())) return ReadAllChannels();
   Finish(whole);
   if (!whole && !byItself_) Tell();
 }
 
-void FilmSound::TakeSamples() {
-  const std::span<const std::int16_t> samples = bytes_.Take(child_->TakeOutput());
-  p_.details.TakeSamples(samples);
-  p_.details.Follow(unfinished_);
-  samples_ += CountOf(samples);
-  if (!samples.empty()) ShowProgress();
+void FilmSound::ReadAllChannels() {
+  p_.store->Discard(path_);
+  CarryOn steps;
+  if (steps([&] { StartDecoder(); })) return;
+  Finish(false);
+  if (!byItself_) Tell();
 }
 
 void FilmSound::ShowProgress() {
-  const double seconds = static_cast<double>(samples_) / kSamplesASecond;
+  const double seconds = p_.details.Peaks().Length().Seconds();
   const double whole = p_.player.Duration();
   const Text amount = whole > 0 ? Decimal(static_cast<int>(std::min(seconds / whole, 1.0) * 100)) + u" %"
                                 : Decimal(static_cast<int>(seconds)) + u" s";

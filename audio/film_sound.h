@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -9,6 +8,7 @@
 #include "core/app_options.h"
 #include "core/ports/processes.h"
 #include "core/ports/sound_store.h"
+#include "core/signal.h"
 #include "sound/film_samples.h"
 
 namespace cuewright {
@@ -28,7 +28,7 @@ struct FilmSoundParts {
 };
 
 /// Puts the sound of the open film into the Audio bar: it is decoded in the background to a wave in the user's cache,
-/// which is there at once the next time. The same pass gives the samples from which the table of the sound is measured.
+/// which is there at once the next time. The table of the sound is measured in the same pass.
 class FilmSound {
  public:
   explicit FilmSound(FilmSoundParts parts);
@@ -50,8 +50,9 @@ class FilmSound {
   void StartByItself();
   void Begin();
   void StartSteps();
+  void StartDecoder();
   void Poll();
-  void TakeSamples();
+  void ReadAllChannels();
   void ShowProgress();
   void Finish(bool whole);
   void Load();
@@ -59,12 +60,13 @@ class FilmSound {
   void EmptyStore();
 
   FilmSoundParts p_;
+  Connection readMore_;
   std::unique_ptr<ChildProcess> child_;
   Text film_;
   Text path_;
   Text unfinished_;  // the file that the decoder writes
-  SampleBytes bytes_;
-  std::int64_t samples_ = 0;
+  int track_ = -1;
+  TrackFacts facts_;
   bool byItself_ = false;
   bool cutOff_ = false;  // the decoder couldn't write all of it
 };

@@ -4,6 +4,8 @@
 #include <limits>
 #include <string_view>
 
+#include "text/byte_numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -13,18 +15,10 @@ constexpr std::uint64_t kMsASecond = 1000;
 /// From this size on the header tells none: its writer hasn't ended, or the file has more than 4 GiB.
 constexpr std::uint32_t kUnknownSize = 0xFFFFFF00;
 
-std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 0; i < size; ++i) value |= std::uint32_t{static_cast<unsigned char>(bytes[at + i])} << (8 * i);
-  return value;
-}
-
 /// Samples of 8 bits, of which 128 is silence.
 struct Sample8 {
   static constexpr std::size_t kBytes = 1;
-  static std::int16_t At(const char* at) {
-    return static_cast<std::int16_t>((static_cast<unsigned char>(at[0]) - 128) * 256);
-  }
+  static std::int16_t At(const char* at) { return static_cast<std::int16_t>((ByteOf(*at) - 128) * 256); }
 };
 
 }  // namespace
@@ -53,7 +47,7 @@ WaveDetailReader::Header WaveDetailReader::ReadHeader() {
   constexpr std::size_t kFormat = 16;
   for (std::size_t at = kFirstChunk; at + kChunkHead <= bytes.size();) {
     const std::string_view name = bytes.substr(at, 4);
-    const std::uint32_t size = NumberAt(bytes, at + 4, 4);
+    const std::uint32_t size = NumberOf<std::uint32_t>(bytes.substr(at + 4, 4));
     const std::size_t body = at + kChunkHead;
     if (name == "data") {
       if (frameBytes_ == 0 || rate_ == 0 || (bits_ != 8 && bits_ != 16)) return Header::NoWave;
@@ -66,9 +60,9 @@ WaveDetailReader::Header WaveDetailReader::ReadHeader() {
       return Header::Read;
     }
     if (name == "fmt " && body + kFormat <= bytes.size()) {
-      rate_ = NumberAt(bytes, body + 4, 4);
-      frameBytes_ = NumberAt(bytes, body + 12, 2);
-      bits_ = NumberAt(bytes, body + 14, 2);
+      rate_ = NumberOf<std::uint32_t>(bytes.substr(body + 4, 4));
+      frameBytes_ = NumberOf<std::uint32_t>(bytes.substr(body + 12, 2));
+      bits_ = NumberOf<std::uint32_t>(bytes.substr(body + 14, 2));
     }
     at = body + size;
   }

@@ -27,7 +27,6 @@ class WaveDetailReader {
   bool Open() const { return file_ != nullptr; }
   /// Measures into a table what the file that was begun is made of, as far as its samples allow.
   void Measure(SoundTable& table) { table_ = &table; }
-  bool Measuring() const { return table_ != nullptr; }
   /// Lets the file go; the peaks stay.
   void Close() { file_.reset(); }
 

@@ -1,14 +1,12 @@
 #include "audio/wave_details.h"
 
 #include "core/runtime_error.h"
-#include "sound/film_samples.h"
 
 namespace cuewright {
 namespace {
 
 /// Bytes that are read in one tick of the timer, few enough that the window goes on painting meanwhile.
 constexpr std::size_t kPiece = 1 << 20;
-constexpr std::size_t kPieceToMeasure = 1 << 18;
 constexpr std::uint64_t kMostTable = 1 << 26;
 
 }  // namespace
@@ -22,10 +20,9 @@ void WaveDetails::Open(TextView path) {
   if (same && (reader_.Open() || peaks_.Length() > 0)) return;
   growing_ = false;
   BeginFile(path);
-  if (!same) {
-    path_ = path;
-    if (!ReadTable()) reader_.Measure(table_);
-  }
+  if (!same) table_.Clear();
+  path_ = path;
+  if (table_.Steps() == 0 && !ReadTable()) reader_.Measure(table_);
   Changed();
 }
 
@@ -52,49 +49,52 @@ void WaveDetails::BeginFilm(TextView path) {
   Forget();
   path_ = path;
   growing_ = true;
-  measurer_ = std::make_unique<SoundMeasurer>(table_, kSamplesASecond);
   ShowTimer();
 }
 
-void WaveDetails::TakeSamples(std::span<const std::int16_t> samples) {
-  if (measurer_ && !samples.empty()) measurer_->Add(samples);
-}
-
 void WaveDetails::Follow(TextView unfinished) {
-  if (!reader_.Open() && files_.Exists(unfinished)) BeginFile(unfinished);
+  if (reader_.Open() || !files_.Exists(unfinished)) return;
+  BeginFile(unfinished);
+  table_.Clear();
+  reader_.Measure(table_);
 }
 
 void WaveDetails::EndFilm() {
   growing_ = false;
-  ShowTimer();
-  if (!measurer_) return;
-  measurer_->Finish();
-  measurer_.reset();
+  if (!reader_.Open()) {
+    // It couldn't be read while it grew, and is read anew once it is opened.
+    reader_.Forget();
+    return ShowTimer();
+  }
+  End();
   CarryOn step;
   // Without that file the table is measured anew the next time.
   step([&] { files_.WritePrivate(SoundTableBeside(path_), table_.Bytes()); });
-  Changed();
 }
 
 void WaveDetails::Forget() {
   growing_ = false;
   reader_.Forget();
   fine_.Forget();
-  measurer_.reset();
   table_.Clear();
   path_.clear();
   ShowTimer();
   Changed();
 }
 
-void WaveDetails::Tick() {
-  if (!reader_.Open()) return;
+bool WaveDetails::ReadOn() {
+  if (!reader_.Open()) return false;
   auto result = WaveDetailReader::Result::NoWave;
   CarryOn step;
-  step([&] { result = reader_.Read(reader_.Measuring() ? kPieceToMeasure : kPiece); });
-  if (result == WaveDetailReader::Result::Read) return Changed();
-  if (result == WaveDetailReader::Result::Nothing && growing_) return;
-  End();
+  step([&] { result = reader_.Read(kPiece); });
+  // Closed: what was measured of it isn't all of it.
+  if (result == WaveDetailReader::Result::NoWave) End();
+  if (result == WaveDetailReader::Result::Read) Changed();
+  return result == WaveDetailReader::Result::Read;
+}
+
+void WaveDetails::Tick() {
+  if (!ReadOn() && !growing_ && reader_.Open()) End();
 }
 
 void WaveDetails::End() {

@@ -1,16 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <span>
-
 #include "audio/fine_spectrum.h"
 #include "audio/wave_detail_reader.h"
 #include "audio/wave_pyramid.h"
 #include "capture/main_window.h"
 #include "core/ports/files.h"
 #include "core/signal.h"
-#include "sound/sound_measurer.h"
 #include "sound/sound_table.h"
 
 namespace cuewright {
@@ -33,13 +28,13 @@ class WaveDetails {
   void Open(TextView path);
   void Forget();
 
-  /// The decoder of a film begins to write the wave file that will be called `path`, and to give samples.
+  /// The decoder of a film begins to write the wave file that will be called `path`.
   void BeginFilm(TextView path);
-  /// Samples of the film's voices.
-  void TakeSamples(std::span<const std::int16_t> samples);
   /// Reads what the decoder has written so far, as soon as there is a file.
   void Follow(TextView unfinished);
-  /// The decoder has written all of it. The table is kept beside the file.
+  /// Reads a piece more of the file; false when there is no more of it for now, or none that can be read.
+  bool ReadOn();
+  /// The decoder has written all of it, and all of it was read. The table is kept beside the file.
   void EndFilm();
 
   Signal<WaveDetails> Changed;  ///< there is more, or nothing any more
@@ -58,8 +53,7 @@ class WaveDetails {
   SoundTable table_;
   WaveDetailReader reader_{peaks_};
   FineSpectrum fine_;
-  std::unique_ptr<SoundMeasurer> measurer_;  ///< of a film that is decoded
-  Text path_;                                ///< of the sound; empty: there is none
+  Text path_;  ///< of the sound; empty: there is none
   bool growing_ = false;
 };
 

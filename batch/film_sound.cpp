@@ -19,11 +19,16 @@ bool IsFilm(const Text& name) {
 
 Text ReadSoundTable(const Text& film, SoundTable& sound) {
   PosixProcesses processes;
-  SoundMeasurer measurer(sound, kSamplesASecond);
-  const SoundReading reading = ReadSamples(
-      processes, film, -1, [&](std::span<const std::int16_t> samples) { measurer.Add(samples); },
-      [](double) { return true; });
-  measurer.Finish();
+  TrackFacts facts = FactsOf(processes, film, -1);
+  SoundReading reading;
+  do {
+    sound.Clear();
+    SoundMeasurer measurer(sound, kSamplesASecond);
+    reading = ReadSamples(
+        processes, film, -1, facts, [&](std::span<const std::int16_t> samples) { measurer.Add(samples); },
+        [](double) { return true; });
+    measurer.Finish();
+  } while (reading.problem.empty() && CentreWasStill(facts, sound));
   return FromUtf8(reading.problem);
 }
 

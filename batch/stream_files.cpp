@@ -9,6 +9,7 @@
 
 #include "core/memory_reader.h"
 #include "core/runtime_error.h"
+#include "platform/descriptor.h"
 
 namespace cuewright {
 namespace {
@@ -21,12 +22,11 @@ std::string ReadStandardInput(std::uint64_t limit) {
   std::string bytes;
   std::array<char, 65536> block{};
   for (;;) {
-    const ssize_t count = ::read(STDIN_FILENO, block.data(), block.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw ErrorOfErrno(errno, u"standard input");
-    if (count == 0) return bytes;
-    if (bytes.size() + count > limit) throw ErrorOfErrno(ENOMEM, u"standard input");
-    bytes.append(block.data(), count);
+    const std::optional<std::size_t> count = ReadSome(STDIN_FILENO, block);
+    if (!count) throw ErrorOfErrno(errno, u"standard input");
+    if (*count == 0) return bytes;
+    if (bytes.size() + *count > limit) throw ErrorOfErrno(ENOMEM, u"standard input");
+    bytes.append(block.data(), *count);
   }
 }
 

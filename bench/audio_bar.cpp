@@ -11,13 +11,16 @@
 #include <fstream>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
+#include "core/counting.h"
 #include "forms/program.h"
 #include "platform/posix_files.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temp_folder.h"
 #include "ui/audio_bar_widgets.h"
 #include "ui/binder.h"
+#include "voice/hand_exercise.h"
 
 namespace cuewright::bench {
 namespace {
@@ -46,20 +49,11 @@ struct Bar {
 
   Text Wave() {
     constexpr int kRate = 22050;
-    std::string data;
-    for (int i = 0; i < kRate * 120; ++i) {
-      const auto sample = static_cast<int>(20000 * std::sin(i * 0.05) * std::sin(i * 0.00001));
-      data += static_cast<char>(sample & 0xFF);
-      data += static_cast<char>(sample >> 8 & 0xFF);
+    std::vector<std::int16_t> samples(kRate * 120);
+    for (int i = 0; i < CountOf(samples); ++i) {
+      samples[i] = static_cast<std::int16_t>(20000 * std::sin(i * 0.05) * std::sin(i * 0.00001));
     }
-    const auto number = [](std::size_t value, int size) {
-      std::string bytes;
-      for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
-      return bytes;
-    };
-    return folder.Write("a.wav", "RIFF" + number(36 + data.size(), 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
-                                     number(1, 2) + number(kRate, 4) + number(kRate * 2, 4) + number(2, 2) +
-                                     number(16, 2) + "data" + number(data.size(), 4) + data);
+    return folder.Write("a.wav", WaveFileOf(samples, kRate));
   }
 
   TempFolder folder;

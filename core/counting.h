@@ -46,7 +46,7 @@ constexpr decltype(auto) ItemAt(Items&& items, Place place) {
 template <class Items, class Value, class Projection = std::identity>
 constexpr int PlaceOf(const Items& items, const Value& value, Projection projection = {}) {
   const auto at = std::ranges::find(items, value, projection);
-  return at == std::ranges::end(items) ? -1 : static_cast<int>(at - std::ranges::begin(items));
+  return at == std::ranges::end(items) ? -1 : PlaceAt(items, at);
 }
 
 }  // namespace cuewright

@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -58,7 +59,7 @@ FrameRate FrameRate::FromText(TextView text) {
     const bool isSign = c == u'.' || c == u',';
     if ((!isSign && !IsDigit(c)) || (isSign && sign) || number.size() > kLongestText) return {};
     sign = sign || isSign;
-    number += isSign ? '.' : static_cast<char>(c);
+    number += isSign ? '.' : LowByte(c);
   }
   if (number.empty() || number.front() == '.' || number.back() == '.') return {};
   return std::strtod(number.c_str(), nullptr);

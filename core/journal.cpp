@@ -8,16 +8,17 @@
 
 #include "core/counting.h"
 #include "core/row_store.h"
+#include "text/byte_numbers.h"
 
 namespace cuewright {
 namespace {
 
-constexpr std::uint8_t kSnapshot = 1;
-constexpr std::uint8_t kBatch = 2;
-constexpr std::uint8_t kReadSnapshot = 3;  // with the file that the captions were read from
-constexpr std::uint8_t kRows = 1;
-constexpr std::uint8_t kTimes = 2;
-constexpr std::uint8_t kReadRows = 3;  // with the numbers of their records
+constexpr char kSnapshot = 1;
+constexpr char kBatch = 2;
+constexpr char kReadSnapshot = 3;  // with the file that the captions were read from
+constexpr char kRows = 1;
+constexpr char kTimes = 2;
+constexpr char kReadRows = 3;  // with the numbers of their records
 constexpr std::size_t kFrame = 8;
 /// Nothing that was written comes near it; a greater length is damage.
 constexpr std::uint32_t kLargestRecord = 1U << 30;
@@ -32,31 +33,24 @@ constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
   return table;
 }
 
-std::uint8_t ByteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
-
 std::uint32_t Crc32(std::string_view bytes) {
   static constexpr std::array<std::uint32_t, 256> kTable = MakeCrcTable();
   std::uint32_t crc = 0xFFFFFFFFU;
-  for (std::size_t i = 0; i < bytes.size(); ++i) crc = (crc >> 8) ^ kTable[(crc ^ ByteAt(bytes, i)) & 0xFF];
+  for (const char byte : bytes) crc = (crc >> 8) ^ kTable[(crc ^ ByteOf(byte)) & 0xFF];
   return ~crc;
 }
 
-/// The lowest 8 bits of a number.
-void PutByte(std::string& out, std::uint64_t value) { out.push_back(static_cast<char>(value & 0xFF)); }
+constexpr std::size_t kFixed = 4;  // bytes of a number that has always as many
 
-void PutFixed(std::string& out, std::uint32_t value) {
-  for (int shift = 0; shift < 32; shift += 8) PutByte(out, value >> shift);
-}
+void PutFixed(std::string& out, std::uint32_t value) { PutBytes(out, value, kFixed); }
 
 std::uint32_t FixedAt(std::string_view bytes, std::size_t at) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 0; i < 4; ++i) value |= std::uint32_t{ByteAt(bytes, at + i)} << (8 * i);
-  return value;
+  return NumberOf<std::uint32_t>(bytes.substr(at, kFixed));
 }
 
 void Put(std::string& out, std::uint64_t value) {
-  for (; value >= 0x80; value >>= 7) PutByte(out, value | 0x80);
-  PutByte(out, value);
+  for (; value >= 0x80; value >>= 7) out.push_back(LowByte(value | 0x80));
+  out.push_back(LowByte(value));
 }
 
 /// A count, which is never negative.
@@ -72,10 +66,7 @@ void PutSigned(std::string& out, std::int64_t value) {
 
 void PutText(std::string& out, TextView text) {
   Put(out, text.size());
-  for (const char16_t unit : text) {
-    PutByte(out, unit);
-    PutByte(out, std::uint32_t{unit} >> 8);
-  }
+  for (const char16_t unit : text) PutBytes(out, unit, 2);
 }
 
 void PutCaption(std::string& out, const Caption& caption) {
@@ -108,7 +99,7 @@ class Reader {
 
   std::uint8_t Byte() {
     if (at_ >= bytes_.size()) return Fail();
-    return ByteAt(bytes_, at_++);
+    return ByteOf(bytes_[at_++]);
   }
   std::uint64_t Number() {
     std::uint64_t value = 0;
@@ -330,7 +321,7 @@ std::string JournalRecord(std::string_view payload) {
 std::string JournalSnapshot(const JournalDocument& document) {
   std::string out;
   const bool wasRead = !document.source.bytes.empty();
-  PutByte(out, wasRead ? kReadSnapshot : kSnapshot);
+  out.push_back(wasRead ? kReadSnapshot : kSnapshot);
   PutSigned(out, document.time);
   PutText(out, document.path);
   PutText(out, document.format);
@@ -348,7 +339,7 @@ std::string JournalSnapshot(const JournalDocument& document) {
 void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
   bool wereRead = false;
   for (Row row = splice.first; row < splice.first + splice.added; ++row) wereRead |= HasOrigin(list.At(row));
-  PutByte(changes_, splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows);
+  changes_.push_back(splice.TimesOnly() ? kTimes : wereRead ? kReadRows : kRows);
   PutCount(changes_, splice.first.Number());
   if (!splice.TimesOnly()) PutCount(changes_, splice.removed);
   PutCount(changes_, splice.added);
@@ -366,7 +357,7 @@ void JournalBatch::Add(const CaptionList& list, const Splice& splice) {
 
 std::string JournalBatch::Take(std::int64_t time, Row selected, TextView separator) {
   std::string out;
-  PutByte(out, kBatch);
+  out.push_back(kBatch);
   PutSigned(out, time);
   PutCount(out, selected.Number());
   PutText(out, separator);

@@ -7,6 +7,7 @@
 
 #include "core/counting.h"
 #include "text/digits.h"
+#include "text/units.h"
 
 namespace cuewright {
 namespace {
@@ -35,7 +36,7 @@ double LeadingNumber(TextView text) {
     while (at < text.size() && (text[at] == u' ' || text[at] == u'\t' || text[at] == u'\r' || text[at] == u'\n')) ++at;
   };
   // Only signs, digits and the dot are taken, which are the same in bytes.
-  const auto takeOne = [&] { digits.push_back(static_cast<char>(text[at++])); };
+  const auto takeOne = [&] { digits.push_back(LowByte(text[at++])); };
   const auto take = [&] { takeOne(), skipBlanks(); };
   skipBlanks();
   if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) take();

@@ -45,10 +45,14 @@ void FilmVoice::BeginReading() {
   table_.reset();
   film_ = document_.VideoPath;
   track_ = player_.AudioTrack();
-  const TrackFacts facts = FactsOf(*processes_, film_, track_);
+  facts_ = FactsOf(*processes_, film_, track_);
+  StartDecoder();
+}
+
+void FilmVoice::StartDecoder() {
   growing_ = std::make_shared<SoundTable>();
   bytes_ = {};
-  child_ = processes_->Start(u"ffmpeg", SamplesArguments(film_, track_, facts), {.errors = true});
+  child_ = processes_->Start(u"ffmpeg", SamplesArguments(film_, track_, facts_), {.errors = true});
   measurer_ = std::make_unique<SoundMeasurer>(*growing_, kSamplesASecond);
 }
 
@@ -66,7 +70,13 @@ bool FilmVoice::Poll() {
   const bool cutOff = TellsOfCutOff(child_->TakeErrors());
   if (!status && !cutOff) return true;
   measurer_->Finish();
-  if (status == 0 && !cutOff && growing_->Steps() > 0) table_ = std::move(growing_);
+  if (status == 0 && !cutOff && growing_->Steps() > 0) {
+    if (CentreWasStill(facts_, *growing_)) {
+      StartDecoder();
+      return true;
+    }
+    table_ = std::move(growing_);
+  }
   StopReading();
   return false;
 }

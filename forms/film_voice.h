@@ -38,6 +38,7 @@ class FilmVoice {
 
  private:
   bool TakeKept();
+  void StartDecoder();
 
   const DocumentState& document_;
   const Player& player_;
@@ -48,6 +49,7 @@ class FilmVoice {
   int track_ = -1;
   std::shared_ptr<SoundTable> table_;  ///< null until it is whole
   std::shared_ptr<SoundTable> growing_;
+  TrackFacts facts_;  ///< of the track that is being read
   SampleBytes bytes_;
   std::unique_ptr<SoundMeasurer> measurer_;
   std::unique_ptr<ChildProcess> child_;

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <optional>
 #include <thread>
@@ -277,14 +278,11 @@ int StartBound(pid_t& pid, const std::array<int, 3>& streams, const std::string&
     ::_exit(told == sizeof error ? 1 : 2);
   }
   write.Close();
-  int error = 0;
-  ssize_t count = 0;
-  while ((count = ::read(read.Get(), &error, sizeof error)) < 0 && errno == EINTR) {
-  }
-  if (count != sizeof error) return 0;
+  std::array<char, sizeof(int)> told{};
+  if (ReadSome(read.Get(), told) != told.size()) return 0;
   while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
   }
-  return error;
+  return std::bit_cast<int>(told);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
@@ -19,6 +18,7 @@
 #include "platform/beside_file.h"
 #include "platform/descriptor.h"
 #include "platform/posix_files.h"
+#include "text/byte_numbers.h"
 
 namespace cuewright {
 namespace {
@@ -27,7 +27,7 @@ constexpr std::string_view kEnding = ".wav";
 constexpr std::string_view kUnfinished = ".part";
 constexpr std::string_view kTable = ".bands";   // beside a sound: what it is made of
 constexpr std::string_view kShots = ".shots";   // what was measured of a film's pictures
-constexpr std::string_view kVersion = "3/";     // of the way in which the sounds are made
+constexpr std::string_view kVersion = "4/";     // of the way in which the sounds are made
 constexpr std::time_t kStraySeconds = 10 * 60;  // what is being written was written to a moment ago
 constexpr std::size_t kHeader = 8;
 
@@ -35,7 +35,7 @@ constexpr std::size_t kHeader = 8;
 std::uint64_t Digest(std::string_view text) {
   std::uint64_t digest = 14695981039346656037ULL;
   for (const char c : text) {
-    digest ^= std::bit_cast<std::uint8_t>(c);
+    digest ^= ByteOf(c);
     digest *= 1099511628211ULL;
   }
   return digest;
@@ -46,8 +46,7 @@ bool IsWhole(const std::string& path, std::uint64_t size) {
   std::array<char, kHeader> header{};
   const Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (ReadSome(fd.Get(), header) != header.size() || std::string_view(header.data(), 4) != "RIFF") return false;
-  std::uint64_t told = 0;
-  for (std::size_t i = kHeader; i-- > 4;) told = told << 8 | std::bit_cast<std::uint8_t>(header.at(i));
+  const std::uint64_t told = NumberOf(std::string_view(header.data(), kHeader).substr(4));
   // The header has no room for the length of a wave beyond 4 GiB.
   return told == 0xFFFFFFFF ? size >= told : told + kHeader == size;
 }

@@ -3,6 +3,8 @@
 #include <bit>
 #include <cstdint>
 
+#include "text/byte_numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -13,18 +15,14 @@ constexpr std::size_t kPictureBytes = 32;
 constexpr unsigned kPlain = 1;
 constexpr unsigned kFaint = 2;
 
-/// The lowest byte first, on every machine.
 template <class Number>
 void Put(Number number, std::string& to) {
-  for (std::size_t i = 0; i < sizeof(Number); ++i) to += static_cast<char>(number >> (8 * i) & 0xFF);
+  PutBytes(to, number, sizeof(Number));
 }
 
 template <class Number>
 Number Take(std::string_view& from) {
-  Number number = 0;
-  for (std::size_t i = 0; i < sizeof(Number); ++i) {
-    number |= static_cast<Number>(static_cast<Number>(static_cast<std::uint8_t>(from[i])) << (8 * i));
-  }
+  const auto number = NumberOf<Number>(from.substr(0, sizeof(Number)));
   from.remove_prefix(sizeof(Number));
   return number;
 }

@@ -26,24 +26,34 @@ std::vector<Text>& operator+=(std::vector<Text>& all, std::initializer_list<Text
   return all;
 }
 
-/// What is done to a track: "voice" is the sound that is measured, "whole" that of the wave. Where both are the same it
-/// is made once. Each step costs by the packet, so that the one channel comes first and goes on in long pieces, but not
-/// before gaps are filled, which needs the packets' times.
-Text Graph(int track, bool centre, bool wave) {
+/// What is done to a track. Each step costs by the packet, so that the one channel comes first and goes on in long
+/// pieces, but not before gaps are filled, which needs the packets' times.
+Text Graph(int track, bool centre) {
   const Text from = u"[" + TrackOf(track) + u"]";
   const Text timed = u"aresample=async=1:first_pts=0";
   // Half of FFmpeg's usual length of the filter, which takes half as long. It is flat to 0.2 dB up to 8 kHz; what is
   // beyond isn't measured.
   const Text sampled =
       u",asetnsamples=n=8192:p=0,aresample=filter_size=16,aformat=sample_fmts=s16:channel_layouts=mono:sample_rates=" +
-      Decimal(kSamplesASecond);
+      Decimal(kSamplesASecond) + u"[sound]";
+  if (centre) return from + u"pan=mono|c0=FC," + timed + sampled;
   // As loud as if it were made of 16 bits at once: samples of floating point would be mixed louder, and clipped then.
-  const Text mixed = from + timed + u":rematrix_maxval=1,aformat=channel_layouts=mono" + sampled;
-  if (wave && !centre) return mixed + u",asplit[voice][whole]";
-  if (!centre) return mixed + u"[voice]";
-  const Text voice = from + u"pan=mono|c0=FC," + timed + sampled + u"[voice]";
-  // Two branches of one chain would both get the channels that either asks for, so that each has a chain of its own.
-  return wave ? voice + u";" + mixed + u"[whole]" : voice;
+  return from + timed + u":rematrix_maxval=1,aformat=channel_layouts=mono" + sampled;
+}
+
+/// The arguments with what makes a file of the samples.
+std::vector<Text> Arguments(TextView film, int track, const TrackFacts& facts, std::initializer_list<TextView> file) {
+  // "file:" keeps a name from being taken for an option or an address.
+  std::vector<Text> all = {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + Text(film)};
+  all += {u"-filter_complex", Graph(track, facts.centre)};
+  // Written in blocks of 32 KiB: a write for each of the decoder's packets would take longer than what is written.
+  all += {u"-map", u"[sound]", u"-c:a", u"pcm_s16le", u"-flush_packets", u"0"};
+  all += file;
+  if (facts.ownStart) return all;
+  // The picture and all sound are selected as well, and written nowhere: the earliest of them is the film's start.
+  all += {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1"};
+  all += {u"-f", u"null", u"-"};
+  return all;
 }
 
 std::string ProblemOf(int status, const std::string& log, bool any) {
@@ -76,21 +86,20 @@ TrackFacts FactsOf(Processes& processes, TextView film, int track) {
   return facts;
 }
 
-std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts, TextView wave) {
-  // "file:" keeps a name from being taken for an option or an address.
-  std::vector<Text> all = {u"-nostdin", u"-v", u"error", u"-y", u"-i", u"file:" + Text(film)};
-  all += {u"-filter_complex", Graph(track, facts.centre, !wave.empty())};
-  // Written in blocks of 32 KiB: a write for each of the decoder's packets would take longer than what is written.
-  all += {u"-map", u"[voice]", u"-c:a", u"pcm_s16le", u"-flush_packets", u"0", u"-f", u"s16le", u"pipe:1"};
-  if (!wave.empty()) {
-    all += {u"-map", u"[whole]", u"-c:a", u"pcm_s16le", u"-map_metadata", u"-1", u"-fflags", u"+bitexact"};
-    all += {u"-flags:a", u"+bitexact", u"-flush_packets", u"0", u"-f", u"wav", u"file:" + Text(wave)};
-  }
-  if (facts.ownStart) return all;
-  // The picture and all sound are selected as well, and written nowhere: the earliest of them is the film's start.
-  all += {u"-map", u"0:v?", u"-map", u"0:a", u"-c", u"copy", u"-frames:v", u"1", u"-frames:a", u"1"};
-  all += {u"-f", u"null", u"-"};
-  return all;
+std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts) {
+  return Arguments(film, track, facts, {u"-f", u"s16le", u"pipe:1"});
+}
+
+std::vector<Text> WaveArguments(TextView film, int track, const TrackFacts& facts, TextView wave) {
+  const Text file = u"file:" + Text(wave);
+  return Arguments(film, track, facts,
+                   {u"-map_metadata", u"-1", u"-fflags", u"+bitexact", u"-flags:a", u"+bitexact", u"-f", u"wav", file});
+}
+
+bool CentreWasStill(TrackFacts& facts, const SoundTable& read) {
+  const bool still = facts.centre && read.Silent();
+  if (still) facts.centre = false;
+  return still;
 }
 
 std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
@@ -109,10 +118,9 @@ std::span<const std::int16_t> SampleBytes::Take(std::string_view bytes) {
   return samples_;
 }
 
-SoundReading ReadSamples(Processes& processes, TextView film, int track,
+SoundReading ReadSamples(Processes& processes, TextView film, int track, const TrackFacts& facts,
                          const std::function<void(std::span<const std::int16_t>)>& take,
                          const std::function<bool(double)>& goOn) {
-  const TrackFacts facts = FactsOf(processes, film, track);
   std::unique_ptr<ChildProcess> child;
   CarryOn errors;
   errors([&] { child = processes.Start(u"ffmpeg", SamplesArguments(film, track, facts), {.errors = true}); });

@@ -7,12 +7,13 @@
 #include <vector>
 
 #include "core/ports/processes.h"
+#include "sound/sound_table.h"
 #include "text/text.h"
 
 namespace cuewright {
 
-/// The rate of the samples that a film's sound is read with.
-constexpr int kSamplesASecond = 22050;
+/// The rate of the samples that a film's sound is read with. Half of what most films have is the cheapest to make.
+constexpr int kSamplesASecond = 24000;
 
 /// What came of reading a film's sound.
 struct SoundReading {
@@ -33,9 +34,14 @@ TrackFacts FactsOf(Processes& processes, TextView film, int track);
 
 /// The decoder's arguments for one sound track of a film (-1: the first) as one channel, silence where it begins late,
 /// so that the first sample is the film's first instant. Of a track with a centre channel that one alone is taken. The
-/// samples go to the decoder's output, with 16 bits, the low byte first; `wave` names a file that gets the sound of all
-/// channels as well, none when empty.
-std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts, TextView wave = {});
+/// samples go to the decoder's output, with 16 bits, the low byte first.
+std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts);
+/// The same samples as a wave file.
+std::vector<Text> WaveArguments(TextView film, int track, const TrackFacts& facts, TextView wave);
+
+/// True when a centre channel was read and nothing is in it, as in films whose voices stand on both sides: the track is
+/// to be read again then, for which the facts tell of no centre any more.
+bool CentreWasStill(TrackFacts& facts, const SoundTable& read);
 
 /// Puts samples together from a decoder's output, which may end within one.
 class SampleBytes {
@@ -49,9 +55,9 @@ class SampleBytes {
 };
 
 /// Reads the samples of a film's sound by FFmpeg, from the film's first instant to the end of the track (-1: the first
-/// one), as one channel: the centre where there is one. `goOn` is asked about ten times a second with the seconds so
+/// one), as one channel. `goOn` is asked about ten times a second with the seconds so
 /// far; false gives up.
-SoundReading ReadSamples(Processes& processes, TextView film, int track,
+SoundReading ReadSamples(Processes& processes, TextView film, int track, const TrackFacts& facts,
                          const std::function<void(std::span<const std::int16_t>)>& take,
                          const std::function<bool(double)>& goOn);
 

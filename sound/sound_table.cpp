@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "text/byte_numbers.h"
+
 namespace cuewright {
 namespace {
 
@@ -25,9 +27,15 @@ double SoundTable::EdgeHz(int band) {
   return kLowestHz * std::pow(kHighestHz / kLowestHz, band / kAll);
 }
 
+bool SoundTable::Silent() const {
+  constexpr float kAudibleDb = 20;
+  return std::ranges::all_of(steps_,
+                             [](const Step& step) { return std::ranges::max(step) * kDbPerUnit <= kAudibleDb; });
+}
+
 std::string SoundTable::Bytes() const {
   std::string bytes(kHead);
-  for (std::size_t i = 0; i < kCountBytes; ++i) bytes += static_cast<char>(steps_.size() >> (8 * i) & 0xFF);
+  PutBytes(bytes, steps_.size(), kCountBytes);
   if (!steps_.empty()) bytes.append(reinterpret_cast<const char*>(steps_.data()), steps_.size() * sizeof(Step));
   return bytes;
 }
@@ -36,8 +44,7 @@ bool SoundTable::Read(std::string_view bytes) {
   steps_.clear();
   if (!bytes.starts_with(kHead) || bytes.size() < kHead.size() + kCountBytes) return false;
   bytes.remove_prefix(kHead.size());
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < kCountBytes; ++i) count |= std::size_t{static_cast<std::uint8_t>(bytes[i])} << (8 * i);
+  const std::size_t count = NumberOf(bytes.substr(0, kCountBytes));
   bytes.remove_prefix(kCountBytes);
   if (bytes.size() != count * sizeof(Step)) return false;
   steps_.resize(count);

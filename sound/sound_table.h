@@ -35,7 +35,9 @@ class SoundTable {
   std::size_t Steps() const { return steps_.size(); }
   /// The step that begins `step` * 10 ms into the sound.
   const Step& At(std::size_t step) const { return steps_[step]; }
-  float Db(std::size_t step, int band) const { return static_cast<float>(steps_[step][band]) * kDbPerUnit; }
+  float Db(std::size_t step, std::size_t band) const { return static_cast<float>(steps_[step][band]) * kDbPerUnit; }
+  /// True when nothing in the sound can be heard: no band of any step has more than 20 dB.
+  bool Silent() const;
   void Append(const Step& step) { steps_.push_back(step); }
   void Clear() { steps_.clear(); }
 

@@ -246,7 +246,7 @@ std::vector<AlignedLine> AlignLines(std::span<const SoundTable> spoken, const So
   const FilmFeatures sound(film);
   const std::vector<SpokenFrames> features = FeaturesOfLines(spoken);
   std::vector<AlignedLine> lines(spoken.size());
-  if (sound.Frames() > 2 && !IsSilent(film)) {
+  if (sound.Frames() > 2 && !film.Silent()) {
     const std::vector<PlacedLine> placed = PlacesOf(sound, features, VoiceOfSound(film), goOn);
     if (placed.empty() && !lines.empty()) return {};
     for (std::size_t i = 0; i < lines.size(); ++i) {

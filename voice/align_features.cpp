@@ -18,7 +18,7 @@ constexpr float kLowest = -45;  ///< dB below the loud: further down all is sile
 float FrameDb(const SoundTable& sound, std::size_t frame, std::size_t band) {
   float db = 0;
   for (std::size_t step = frame * kStepsAFrame; step < (frame + 1) * kStepsAFrame; ++step) {
-    db += DbOf(sound, step, band);
+    db += sound.Db(step, band);
   }
   return db / kStepsAFrame;
 }

@@ -27,14 +27,4 @@ std::vector<BandLevels> LevelsOf(const SoundTable& sound, std::size_t band, cons
   return levels;
 }
 
-bool IsSilent(const SoundTable& sound) {
-  constexpr float kAudibleDb = 20;
-  for (std::size_t step = 0; step < sound.Steps(); ++step) {
-    for (int band = 0; band < SoundTable::kBands; ++band) {
-      if (sound.Db(step, band) > kAudibleDb) return false;
-    }
-  }
-  return true;
-}
-
 }  // namespace cuewright

@@ -9,11 +9,6 @@
 
 namespace cuewright {
 
-/// The loudness of a band in a step, in dB.
-inline float DbOf(const SoundTable& sound, std::size_t step, std::size_t band) {
-  return sound.Db(step, static_cast<int>(band));
-}
-
 /// How often each value of a band occurs.
 class ByteHistogram {
  public:
@@ -43,8 +38,5 @@ struct LevelWindow {
 
 /// The levels of a band around the middle of each block.
 std::vector<BandLevels> LevelsOf(const SoundTable& sound, std::size_t band, const LevelWindow& window);
-
-/// True when nothing in the sound can be heard.
-bool IsSilent(const SoundTable& sound);
 
 }  // namespace cuewright

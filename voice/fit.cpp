@@ -352,7 +352,7 @@ FitProblem LearnFilm(Fitter& fitter, std::span<const HeldCaption> captions, cons
 FitProblem ProblemOf(const SoundTable& sound, std::span<const HeldCaption> captions) {
   const bool any = std::ranges::any_of(captions, [](const HeldCaption& each) { return each.wanted && IsTimed(each); });
   if (!any) return FitProblem::NoCaptions;
-  return IsSilent(sound) ? FitProblem::Silence : FitProblem::None;
+  return sound.Silent() ? FitProblem::Silence : FitProblem::None;
 }
 
 }  // namespace

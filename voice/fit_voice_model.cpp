@@ -25,7 +25,7 @@ using Square = std::array<Bands, kBands>;
 
 Bands UnitsAt(const SoundTable& sound, std::size_t step) {
   Bands levels;
-  for (std::size_t band = 0; band < kBands; ++band) levels[band] = DbOf(sound, step, band) / kUnit;
+  for (std::size_t band = 0; band < kBands; ++band) levels[band] = sound.Db(step, band) / kUnit;
   return levels;
 }
 
@@ -132,7 +132,7 @@ void VoiceModel::TakeRoot(const Square& spread) {
 LevelMixture::Levels VoiceModel::LevelsAt(std::size_t step) const {
   LevelMixture::Levels levels{};
   for (std::size_t row = 0; row < kBands; ++row) {
-    double left = DbOf(*sound_, step, row) / kUnit;
+    double left = sound_->Db(step, row) / kUnit;
     for (std::size_t before = 0; before < row; ++before) left -= root_[row][before] * double{levels[before]};
     levels[row] = static_cast<float>(left / root_[row][row]);
   }

@@ -50,7 +50,7 @@ float LevelAt(const SoundTable& words, double place, std::size_t band) {
   const auto step = static_cast<std::size_t>(at);
   const auto next = std::min(step + 1, words.Steps() - 1);
   const auto share = static_cast<float>(at - static_cast<double>(step));
-  return DbOf(words, step, band) * (1 - share) + DbOf(words, next, band) * share;
+  return words.Db(step, band) * (1 - share) + words.Db(next, band) * share;
 }
 
 void AddEvidence(EdgeEvidence& edge, const std::vector<float>& costs) {
@@ -62,7 +62,7 @@ void AddEvidence(EdgeEvidence& edge, const std::vector<float>& costs) {
 SoundLevels::SoundLevels(const SoundTable& sound, StepSpan span) {
   const StepSpan part = Within(span, sound.Steps());
   for (std::size_t band = 0; band < kBands; ++band) {
-    const auto level = [&](std::size_t step) { return DbOf(sound, step, band); };
+    const auto level = [&](std::size_t step) { return sound.Db(step, band); };
     quiet[band] = Quantile(part, kQuiet, level);
     loud[band] = Quantile(part, kLoudest, level);
   }
@@ -86,8 +86,8 @@ void WordsAlignment::TakeWords(const SoundTable& words, std::size_t count, StepS
   std::vector<std::array<float, kBands>> levels(count);
   for (std::size_t band = 0; band < kBands; ++band) {
     // The words are made as loud as the voice; below the noise they can't be heard.
-    const float gain = Quantile(heard, kLoud, [&](auto step) { return DbOf(sound_, step, band); }) -
-                       Quantile({0, all}, kLoud, [&](auto step) { return DbOf(words, step, band); });
+    const float gain = Quantile(heard, kLoud, [&](auto step) { return sound_.Db(step, band); }) -
+                       Quantile({0, all}, kLoud, [&](auto step) { return words.Db(step, band); });
     const double pace = static_cast<double>(words.Steps()) / static_cast<double>(count);
     for (std::size_t word = 0; word < count; ++word) {
       const double place = (static_cast<double>(word) + 0.5) * pace - 0.5;
@@ -108,7 +108,7 @@ void WordsAlignment::TakeWords(const SoundTable& words, std::size_t count, StepS
 void WordsAlignment::TakeWindow(std::ptrdiff_t first, std::size_t count) {
   const auto level = [&](std::ptrdiff_t step, std::size_t band) {
     const std::ptrdiff_t last = sound_.Steps() - 1;
-    return DbOf(sound_, std::clamp<std::ptrdiff_t>(step, 0, last), band);
+    return sound_.Db(std::clamp<std::ptrdiff_t>(step, 0, last), band);
   };
   first_ = first;
   window_.resize(count);

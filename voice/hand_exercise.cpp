@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/counting.h"
+#include "text/byte_numbers.h"
 #include "voice/spoken_text.h"
 
 namespace cuewright {
@@ -31,10 +32,6 @@ std::vector<std::int16_t> Tone(int place) {
   return samples;
 }
 
-void PutLow(std::string& bytes, std::uint32_t value, int count) {
-  for (int byte = 0; byte < count; ++byte) bytes += static_cast<char>((value >> (8 * byte)) & 0xFF);
-}
-
 }  // namespace
 
 std::string WaveFileOf(std::span<const std::int16_t> samples, int samplesASecond) {
@@ -42,18 +39,18 @@ std::string WaveFileOf(std::span<const std::int16_t> samples, int samplesASecond
   const auto size = static_cast<std::uint32_t>(samples.size() * 2);
   const auto rate = static_cast<std::uint32_t>(samplesASecond);
   std::string wave = "RIFF";
-  PutLow(wave, kHeader + size, 4);
+  PutBytes(wave, kHeader + size, 4);
   wave += "WAVEfmt ";
-  PutLow(wave, 16, 4);
-  PutLow(wave, 1, 2);  // PCM
-  PutLow(wave, 1, 2);  // one channel
-  PutLow(wave, rate, 4);
-  PutLow(wave, rate * 2, 4);
-  PutLow(wave, 2, 2);
-  PutLow(wave, 16, 2);
+  PutBytes(wave, 16, 4);
+  PutBytes(wave, 1, 2);  // PCM
+  PutBytes(wave, 1, 2);  // one channel
+  PutBytes(wave, rate, 4);
+  PutBytes(wave, rate * 2, 4);
+  PutBytes(wave, 2, 2);
+  PutBytes(wave, 16, 2);
   wave += "data";
-  PutLow(wave, size, 4);
-  for (const std::int16_t sample : samples) PutLow(wave, static_cast<std::uint16_t>(sample), 2);
+  PutBytes(wave, size, 4);
+  for (const std::int16_t sample : samples) PutBytes(wave, static_cast<std::uint16_t>(sample), 2);
   return wave;
 }
 

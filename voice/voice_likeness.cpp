@@ -23,7 +23,7 @@ void AddBand(const SoundTable& sound, std::size_t band, VoiceTrack& track, Voice
     const float range = here.loud - here.quiet;
     if (range < kLeastRange) continue;
     const float weight = std::min(1.0F, range / kWholeRange);
-    const float place = (DbOf(sound, step, band) - here.quiet) / range;
+    const float place = (sound.Db(step, band) - here.quiet) / range;
     track[step] += weight * std::clamp(place, 0.0F, 1.0F);
     weights[step] += weight;
   }

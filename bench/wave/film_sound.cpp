@@ -1,7 +1,7 @@
-// Reads the sound of a film as the Audio bar does: the decoder writes the wave, the samples that it gives are measured
-// as they come, and the wave is read into peaks of 1 ms while it grows. Prints the processor time of all of it, and the
-// time on the clock, as ratios to those of FFmpeg decoding the track into nothing: the least of some rounds of each, in
-// turns. The wave is removed first.
+// Reads the sound of a film as the Audio bar does: the decoder is asked about the track, it writes the wave, and that
+// is read into peaks of 1 ms and a table while it grows. Prints the processor time of all of it, and the time on the
+// clock, as ratios to those of FFmpeg decoding the track into nothing: the least of some rounds of each, in turns. The
+// wave is removed first.
 //
 // bench_film_sound FILM WAVE [ROUNDS]
 
@@ -18,7 +18,7 @@
 #include "platform/child_processes.h"
 #include "platform/posix_files.h"
 #include "sound/film_samples.h"
-#include "sound/sound_measurer.h"
+#include "sound/sound_table.h"
 
 namespace {
 
@@ -41,40 +41,44 @@ double Spent() { return SecondsOf(RUSAGE_SELF) + SecondsOf(RUSAGE_CHILDREN); }
 
 double Clock() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
-/// The peaks of a wave that a decoder writes, read as far as it has.
-class Peaks {
+/// What is made of a wave that a decoder writes, read as far as it has.
+class Wave {
  public:
-  explicit Peaks(Text wave) : wave_(std::move(wave)) {}
+  explicit Wave(Text file) : file_(std::move(file)) {}
 
   void Follow() {
-    if (!reader_.Open() && files_.Exists(wave_)) reader_.Begin(files_.OpenToRead(wave_));
+    if (!reader_.Open() && files_.Exists(file_)) {
+      reader_.Begin(files_.OpenToRead(file_));
+      reader_.Measure(table_);
+    }
     while (reader_.Open() && reader_.Read(1 << 20) == WaveDetailReader::Result::Read) {
     }
   }
-  bool Any() const { return peaks_.Length() > 0; }
+  /// True when there are peaks and steps of the table.
+  bool Finish() {
+    reader_.Finish();
+    return peaks_.Length() > 0 && table_.Steps() > 0;
+  }
 
  private:
-  Text wave_;
+  Text file_;
   PosixFiles files_;
   WavePyramid peaks_;
+  SoundTable table_;
   WaveDetailReader reader_{peaks_};
 };
 
-bool Run(const std::vector<Text>& arguments, SoundMeasurer* measurer, Peaks* peaks) {
+bool Run(const std::vector<Text>& arguments, Wave* wave) {
   PosixProcesses processes;
   const auto child = processes.Start(u"ffmpeg", arguments);
-  SampleBytes bytes;
   std::optional<int> status;
   while (!status) {
-    // The window's timer takes what has come, and asks once more when the decoder has ended.
+    // The window's timer takes what has come, and looks once more when the decoder has ended.
     std::this_thread::sleep_for(kTick);
     status = child->Ended();
-    const auto samples = bytes.Take(child->TakeOutput());
-    if (measurer) measurer->Add(samples);
-    if (peaks) peaks->Follow();
+    if (wave != nullptr) wave->Follow();
   }
-  if (measurer) measurer->Finish();
-  return *status == 0;
+  return *status == 0 && (wave == nullptr || wave->Finish());
 }
 
 /// The least of what some rounds took, in seconds.
@@ -101,17 +105,14 @@ int main(int argc, char** argv) {
   const Text film = FromUtf8(argv[1]);
   const Text wave = FromUtf8(argv[2]);
   PosixProcesses processes;
-  const std::vector<Text> whole = SamplesArguments(film, -1, FactsOf(processes, film, -1), wave);
   const std::vector<Text> decode = {u"-nostdin", u"-v", u"error", u"-i", film, u"-map", u"0:a:0", u"-f", u"null", u"-"};
   Least decoding, reading;
   for (int round = argc > 3 ? std::atoi(argv[3]) : 5; round > 0; --round) {
-    if (!decoding.Measure([&] { return Run(decode, nullptr, nullptr); })) return 1;
+    if (!decoding.Measure([&] { return Run(decode, nullptr); })) return 1;
     std::remove(argv[2]);
     const bool read = reading.Measure([&] {
-      SoundTable table;
-      SoundMeasurer measurer(table, kSamplesASecond);
-      Peaks peaks(wave);
-      return Run(whole, &measurer, &peaks) && peaks.Any();
+      Wave file(wave);
+      return Run(WaveArguments(film, -1, FactsOf(processes, film, -1), wave), &file);
     });
     if (!read) return 1;
   }

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <vector>
 
 #include "platform/posix_files.h"
+#include "sound/film_samples.h"
 #include "tests/audio/wave_files.h"
 #include "tests/support/temp_folder.h"
 
@@ -66,6 +68,44 @@ TEST_F(WaveDetailsTest, AFilmsWaveIsMeasuredOnceItIsWhole) {
   details.EndFilm();
   ReadAll();
   EXPECT_TRUE(ShowsMore(2));
+}
+
+TEST_F(WaveDetailsTest, TheTableOfAFilmsWaveIsMeasuredAsItGrowsAndKeptOnceItIsWhole) {
+  const Text wave = folder / "film.wav";
+  details.BeginFilm(wave);
+  const std::string bytes = Bytes(kSamplesASecond);
+  const Text unfinished = folder.Write("film.wav.part", bytes.substr(0, bytes.size() / 2));
+  details.Follow(unfinished);
+  for (int tick = 0; tick < 5; ++tick) window.tmrWaveDetail.Pass();
+  EXPECT_NEAR(static_cast<double>(details.Table().Steps()), 100, 2);
+  std::ofstream(ToUtf8(unfinished), std::ios::binary | std::ios::app) << bytes.substr(bytes.size() / 2);
+  folder.Write("film.wav", bytes);
+  while (details.ReadOn()) {
+  }
+  EXPECT_FALSE(files.Exists(SoundTableBeside(wave)));
+  details.EndFilm();
+  EXPECT_FALSE(details.Reading());
+  EXPECT_EQ(details.Table().Steps(), 200U);
+  SoundTable kept;
+  ASSERT_TRUE(kept.Read(files.Read(SoundTableBeside(wave), 1 << 20)));
+  EXPECT_EQ(kept.Steps(), 200U);
+  EXPECT_GT(kept.Db(100, 3), 60);
+}
+
+TEST_F(WaveDetailsTest, AFilmsWaveThatCouldNotBeReadWhileItGrewIsReadAnew) {
+  const Text wave = folder / "film.wav";
+  details.BeginFilm(wave);
+  const Text unfinished = folder.Write("film.wav.part", std::string(5000, 'x'));
+  for (int tick = 0; tick < 3; ++tick) {
+    details.Follow(unfinished);
+    window.tmrWaveDetail.Pass();
+  }
+  details.EndFilm();
+  EXPECT_FALSE(files.Exists(SoundTableBeside(wave)));
+  details.Open(folder.Write("film.wav", Bytes(kSamplesASecond)));
+  ReadAll();
+  EXPECT_EQ(details.Table().Steps(), 200U);
+  EXPECT_EQ(details.Peaks().Length(), 2000);
 }
 
 TEST_F(WaveDetailsTest, AWaveOfFewSamplesASecondHasNothingFinerThanItsTable) {

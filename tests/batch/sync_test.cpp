@@ -61,6 +61,17 @@ TEST_F(SyncTest, BringsASubtitleToAFilm) {
   EXPECT_EQ(Read("out.srt"), Captions(7250 + offset));
 }
 
+TEST_F(SyncTest, HearsTheSidesOfAFilmWhoseCentreIsStill) {
+  MakeFilm();
+  ASSERT_EQ(Shell("ffmpeg -v error -i film.wav -af 'pan=5.1|FL=c0|FR=c0' -c:a flac sides.mkv").status, 0);
+  Write("late.srt", Captions(7250));
+  const ProcessResult result = Batch({"sync", "late.srt", "--with", "sides.mkv", "--out", "out.srt"});
+  ASSERT_EQ(result.status, 0) << result.error;
+  int offset = 0;
+  ASSERT_EQ(std::sscanf(result.out.c_str(), "1\t30\t%d\t1\t", &offset), 1) << result.out;
+  EXPECT_NEAR(offset, -7250, 30);
+}
+
 TEST_F(SyncTest, WritesAFileThatFitsAsItIs) {
   MakeFilm();
   // Bytes that writing anew would not give.

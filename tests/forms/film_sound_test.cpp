@@ -27,18 +27,36 @@ struct FilmSoundTest : ProgramFixture {
                                    [](const Text& word) { return word.starts_with(u"file:"); });
     return file->substr(5);
   }
-  void Poll() { Window().tmrFilmSound.Pass(); }
-  /// The decoder writes a second of silence and ends.
-  void Decode(int status = 0) {
+  /// A tick of both timers: the second one reads the wave.
+  void Poll() {
+    Window().tmrFilmSound.Pass();
+    Window().tmrWaveDetail.Pass();
+  }
+  /// The decoder writes so many bytes more of its wave, which has 24,000 samples a second.
+  void Write(std::size_t bytes, char value) {
     const std::string header(
-        "RIFF\xA4\x3E\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\x80\x3e\0\0", 44);
-    std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(16000, '\0');
+        "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\xC0\x5D\0\0\x80\xBB\0\0\2\0\x10\0data\xFF\xFF\xFF\xFF", 44);
+    const bool begun = files.Exists(Unfinished());
+    std::ofstream(ToUtf8(Unfinished()), std::ios::binary | std::ios::app)
+        << (begun ? "" : header) << std::string(bytes, value);
+    for (int tick = 0; tick < 4; ++tick) Poll();
+  }
+  /// The decoder writes a second of silence, or of what else is said, and ends.
+  void Decode(int status = 0, const std::string& second = std::string(kSecond, '\0')) {
+    const std::string header(
+        "RIFF\xA4\xBB\0\0WAVEfmt \x10\0\0\0\1\0\1\0\xC0\x5D\0\0\x80\xBB\0\0\2\0\x10\0data\x80\xBB\0\0", 44);
+    std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << second;
     Run().status = status;
-    Poll();
+    for (int tick = 0; tick < 3; ++tick) Poll();
+  }
+  static std::string Tone() {
+    std::string tone;
+    for (std::size_t i = 0; i < kSecond / 2; ++i) tone += {'\0', i % 24 < 12 ? '\x10' : '\xF0'};
+    return tone;
   }
   Text Progress() { return Window().lblWave.Visible() ? Window().lblWave.GetText() : u""; }
 
-  static constexpr std::size_t kSecond = 44100;  // bytes
+  static constexpr std::size_t kSecond = 48000;  // bytes
   Text film;
 };
 
@@ -75,11 +93,10 @@ TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
   Window().mnuFilmSound.Click();
   EXPECT_EQ(
       std::ranges::count_if(Run().arguments, [](const Text& a) { return a.find(u"pan=mono|c0=FC") != Text::npos; }), 1);
-  Run().output = std::string(kSecond, '\1');
-  Decode();
+  Decode(0, Tone());
   const WaveDetails& details = program->waveDetails;
+  EXPECT_FALSE(details.Reading());
   EXPECT_EQ(details.Table().Steps(), 100u);
-  while (details.Reading()) Window().tmrWaveDetail.Pass();
   EXPECT_EQ(details.Peaks().Length(), 1000);
   // The next time the table is there with the wave.
   const Text wave = program->document.WavePath;
@@ -91,13 +108,41 @@ TEST_F(FilmSoundTest, OnePassGivesPeaksAndWhatTheSoundIsMadeOf) {
   EXPECT_EQ(processes.runs.size(), 1u);
 }
 
+TEST_F(FilmSoundTest, ACentreThatIsStillAllThroughIsNoVoice) {
+  processes.said = "5.1(side)\n";
+  Window().mnuFilmSound.Click();
+  const auto takesCentre = [&] {
+    return std::ranges::any_of(Run().arguments, [](const Text& a) { return a.find(u"c0=FC") != Text::npos; });
+  };
+  EXPECT_TRUE(takesCentre());
+  const Text first = Unfinished();
+  Decode();
+  ASSERT_EQ(processes.runs.size(), 2U);
+  EXPECT_FALSE(takesCentre());
+  EXPECT_TRUE(program->filmSound.Running());
+  EXPECT_EQ(program->waveDetails.Peaks().Length(), 0);
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");
+  Decode(0, Tone());
+  EXPECT_FALSE(program->filmSound.Running());
+  EXPECT_EQ(processes.runs.size(), 2U);
+  EXPECT_FALSE(files.Exists(first));
+  EXPECT_GT(program->waveDetails.Table().Db(50, 4), 50);
+  EXPECT_TRUE(files.Exists(program->document.WavePath + u".bands"));
+}
+
+TEST_F(FilmSoundTest, AStillCentreWhoseFilmCannotBeReadAgainIsAFailure) {
+  processes.said = "5.1(side)\n";
+  Window().mnuFilmSound.Click();
+  processes.missing = true;
+  Decode();
+  EXPECT_EQ(boxes.shown.size(), 1U);
+  EXPECT_FALSE(program->filmSound.Running());
+  EXPECT_FALSE(files.Exists(Unfinished()));
+}
+
 TEST_F(FilmSoundTest, ThePeaksComeWhileTheDecoderStillWrites) {
   Window().mnuFilmSound.Click();
-  const std::string header(
-      "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x80\x3e\0\0\2\0\x10\0data\xFF\xFF\xFF\xFF", 44);
-  std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << std::string(8000, '\1');
-  Poll();
-  Window().tmrWaveDetail.Pass();
+  Write(kSecond / 2, '\1');
   EXPECT_EQ(program->waveDetails.Peaks().Length(), 500);
   Window().cmdStopSound.Click();
   EXPECT_EQ(program->waveDetails.Peaks().Length(), 0);
@@ -121,15 +166,12 @@ TEST_F(FilmSoundTest, DecodesTheTrackThatPlaysIntoTheUsersCache) {
 
 TEST_F(FilmSoundTest, TellsHowFarItIs) {
   Window().mnuFilmSound.Click();
-  Run().output = std::string(49 * kSecond + 1, '\0');
-  Poll();
+  Write(50 * kSecond - 48, '\0');
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 24 %");
-  Run().output = std::string(kSecond - 1, '\0');
-  Poll();
+  Write(48, '\0');
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 25 %");
   player.duration = 0;
-  Run().output = std::string(20 * kSecond, '\0');
-  Poll();
+  Write(20 * kSecond, '\0');
   EXPECT_EQ(Progress(), u"Reading the sound of the film... 70 s");
 }
 

@@ -66,6 +66,21 @@ TEST_F(VoiceFittingTest, NothingMovesInSilenceAndThatIsTold) {
   EXPECT_FALSE(Window().mnuUndo.Enabled() && StartOf(1) != kStarts[0] + 210);
 }
 
+TEST_F(VoiceFittingTest, AStillCentreIsReadAgainWithAllChannels) {
+  processes.said = "5.1\n";
+  Window().mnuFitAll.Click();
+  const auto takesCentre = [&] {
+    return std::ranges::any_of(processes.runs.back()->arguments,
+                               [](const Text& a) { return a.find(u"c0=FC") != Text::npos; });
+  };
+  EXPECT_TRUE(takesCentre());
+  processes.onStart = [](auto& run) { run.output = Samples(), run.status = 0; };
+  Hear(std::string(2 * 24 * kSamplesASecond, '\0'));
+  ASSERT_EQ(processes.runs.size(), 2U);
+  EXPECT_FALSE(takesCentre());
+  EXPECT_NEAR(StartOf(4).Count(), kStarts[3], 25);
+}
+
 TEST_F(VoiceFittingTest, AFilmThatCantBeReadIsTold) {
   Window().mnuFitAll.Click();
   Hear({}, 1);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "text/byte_numbers.h"
 #include "text/digits.h"
 #include "text/text.h"
 
@@ -52,6 +53,17 @@ TEST(Digits, HaveTheValueThatTheyWriteInEitherCase) {
   for (const char16_t other : {u'/', u':', u'g', u'G', u'@', u'`', u'\u0661'}) EXPECT_EQ(HexDigit(other), -1);
   EXPECT_EQ(DigitOf<char>(7), '7');
   EXPECT_EQ(DigitOf<char16_t>(0), u'0');
+}
+
+TEST(ByteNumbers, HaveTheirLowestByteFirst) {
+  std::string bytes = "x";
+  PutBytes(bytes, 0x1234567890ABCDEFU, 3);
+  EXPECT_EQ(bytes, "x\xEF\xCD\xAB");
+  EXPECT_EQ(NumberOf(std::string_view(bytes).substr(1)), 0xABCDEFU);
+  EXPECT_EQ(NumberOf(""), 0U);
+  bytes.clear();
+  PutBytes(bytes, 0xFEDCBA9876543210U, 8);
+  EXPECT_EQ(NumberOf(bytes), 0xFEDCBA9876543210U);
 }
 
 TEST(Decimal, WritesWholeNumbersOfAnyWidth) {
