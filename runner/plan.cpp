@@ -20,6 +20,12 @@ constexpr std::string_view kDurationStart = "[info]   Duration: ";
 constexpr std::array<TextView, 4> kScaleFlags = {u"neighbor", u"bilinear", u"bicubic",
                                                  u"bilinear+accurate_rnd+full_chroma_int+full_chroma_inp"};
 
+/// A script's times are hundredths of a second, rounded to the nearest, so that a caption may begin up to 5 ms behind
+/// the picture that it was set to; and FFmpeg cuts a picture's time to whole milliseconds, which may come out as one
+/// less. So pictures are taken for this much later while text is drawn on them, in microseconds. Neighbours are told
+/// apart up to 85 pictures a second.
+constexpr TextView kLaterForTimes = u"5500";
+
 /// Fills late starts and gaps with silence, so that formats without time stamps stay in time with the film.
 constexpr TextView kFilledSound = u"aresample=async=1:first_pts=0";
 
@@ -49,7 +55,8 @@ Text FilterChain(const RunJob& job) {
     const PictureFilter& filter = job.filters[i];
     if (!chain.empty()) chain += u',';
     if (filter.kind == PictureFilter::Kind::Subtitler) {
-      chain += u"subtitles=f=" + FromUtf8(SubtitleName(i));
+      chain += u"settb=1/1000000,setpts=PTS+" + Text(kLaterForTimes) + u",subtitles=f=" + FromUtf8(SubtitleName(i)) +
+               u",setpts=PTS-" + Text(kLaterForTimes);
     } else {
       chain += u"scale=w=" + Decimal(filter.width) + u":h=" + Decimal(filter.height) + u":flags=" +
                Text(ItemAt(kScaleFlags, filter.mode));

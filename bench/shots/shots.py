@@ -68,9 +68,17 @@ def hashes(path, *options):
     return [line.split(",")[-1] for line in out.splitlines() if not line.startswith("#")]
 
 
+def times_of(path):
+    """The presentation times of the film's pictures in ms."""
+    out = subprocess.run(["ffprobe", "-v", "error", "-select_streams", "v:0", "-show_entries", "packet=pts_time", "-of",
+                          "csv=p=0", path], check=True, stdout=subprocess.PIPE, text=True).stdout
+    return sorted(1000 * float(line.strip(",")) for line in out.split())
+
+
 def burned(path, found, folder):
-    """How many cuts have a subtitle that begins at the time told for them and is burned in, and how many of these show
-    it first in the picture of the cut."""
+    """How many cuts have a subtitle that begins at the time told for them and is burned in; how many of these show it first
+    in the picture of the cut; and how many of the others come in the same millisecond as the picture before, so that no
+    subtitle's time tells them apart."""
     srt = os.path.join(folder, "burned.srt")
 
     def clock(ms):
@@ -82,7 +90,9 @@ def burned(path, found, folder):
             file.write(f"{number}\n{clock(ms)} --> {clock(ms + 80)}\nShot {number}\n\n")
     bare, shown = hashes(path), hashes(path, "-vf", f"subtitles={srt}")
     marked = [a != b for a, b in zip(bare, shown)]
-    return len(cuts), sum(1 for frame, _ in cuts if marked[frame] and not marked[frame - 1])
+    late = [frame for frame, _ in cuts if not marked[frame] or marked[frame - 1]]
+    times = times_of(path)
+    return len(cuts), len(cuts) - len(late), sum(1 for frame in late if int(times[frame - 1]) == int(times[frame]))
 
 
 def seconds_of(*command):
@@ -127,7 +137,7 @@ def main():
     parser.add_argument("--keep", help="a folder where the films stay")
     options = parser.parse_args()
     totals = {"cuewright": [0] * 7, "scdet 10": [0] * 7}
-    kinds, lost, away, marks = collections.Counter(), collections.Counter(), [], [0, 0]
+    kinds, lost, away, marks = collections.Counter(), collections.Counter(), [], [0, 0, 0]
     with tempfile.TemporaryDirectory() as folder:
         for film in films.SETS[options.set][:options.films]:
             film = film._replace(seed=film.seed + options.seeds)
@@ -152,7 +162,8 @@ def main():
     print("fades found by kind:", ", ".join(f"{kind} {count - lost[kind]} of {count}" for kind, count in kinds.items()))
     print("fades from their middle: median {:.1f} frames, nine of ten within {:.1f}".format(
         sorted(away)[len(away) // 2], sorted(away)[len(away) * 9 // 10]) if away else "no fades")
-    print(f"burned in: {marks[1]} of {marks[0]} subtitles begin with the picture of their cut")
+    print(f"burned in: {marks[1]} of {marks[0]} subtitles begin with the picture of their cut; of the others {marks[2]} "
+          "stand for a picture in the same millisecond as the one before")
 
 
 if __name__ == "__main__":

@@ -28,16 +28,25 @@ const std::string& DarkFilm(const std::string& soundCodec, const std::string& si
   return path;
 }
 
-std::string OneCaption(int charset, const std::string& word) {
-  return "[Script Info]\r\nScriptType: v4.00\r\nPlayResX: 320\r\nPlayResY: 180\r\n\r\n[V4 Styles]\r\n"
-         "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, TertiaryColour, BackColour, Bold, Italic, "
-         "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, AlphaLevel, Encoding\r\n"
-         "Style: Default,DejaVu Sans,40,16777215,65535,65535,0,0,0,1,1,0,2,5,5,5,0," +
-         std::to_string(charset) +
-         "\r\n\r\n[Events]\r\n"
-         "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\r\n"
-         "Dialogue: Marked=0,0:00:01.00,0:00:02.00,Default,,0000,0000,0000,," +
-         word + "\r\n";
+std::string OneCaption(int charset, const std::string& word) { return Captions({{100, 200}}, charset, word); }
+
+std::string Captions(const std::vector<std::pair<int, int>>& times, int charset, const std::string& word) {
+  std::string text =
+      "[Script Info]\r\nScriptType: v4.00\r\nPlayResX: 320\r\nPlayResY: 180\r\n\r\n[V4 Styles]\r\n"
+      "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, TertiaryColour, BackColour, Bold, Italic, "
+      "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, AlphaLevel, Encoding\r\n"
+      "Style: Default,DejaVu Sans,40,16777215,65535,65535,0,0,0,1,1,0,2,5,5,5,0," +
+      std::to_string(charset) +
+      "\r\n\r\n[Events]\r\n"
+      "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\r\n";
+  const auto clock = [](int hundredths) {
+    const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
+    return "0:00:" + two(hundredths / 100) + "." + two(hundredths % 100);
+  };
+  for (const auto& [start, end] : times) {
+    text += "Dialogue: Marked=0," + clock(start) + "," + clock(end) + ",Default,,0000,0000,0000,," + word + "\r\n";
+  }
+  return text;
 }
 
 std::vector<bool> BrightFrames(const std::string& path) {

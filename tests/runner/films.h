@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/temp_folder.h"
@@ -12,6 +13,9 @@ const std::string& DarkFilm(const std::string& soundCodec = "libmp3lame", const 
 
 /// The bytes of a subtitle that says a word from 1 to 2 seconds.
 std::string OneCaption(int charset = 0, const std::string& word = "Word");
+
+/// The bytes of one that says a word between each two times in hundredths of a second.
+std::string Captions(const std::vector<std::pair<int, int>>& times, int charset = 0, const std::string& word = "Word");
 
 /// For each picture of a film whether something in it is nearly white.
 std::vector<bool> BrightFrames(const std::string& path);

@@ -17,6 +17,8 @@ bool Has(const std::vector<Text>& words, TextView word) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+constexpr TextView kDrawn = u"settb=1/1000000,setpts=PTS+5500,subtitles=f=subtitle0.ssa,setpts=PTS-5500";
+
 RunJob Film() {
   RunJob job;
   job.source = u"/film.avi";
@@ -27,7 +29,7 @@ RunJob Film() {
 TEST(RunnerPlan, BurnsInAndCopiesTheSound) {
   const auto words = FfmpegArguments(Film(), {}, u"/part");
   EXPECT_EQ(Behind(words, u"-i"), u"file:/film.avi");
-  EXPECT_EQ(Behind(words, u"-vf"), u"subtitles=f=subtitle0.ssa");
+  EXPECT_EQ(Behind(words, u"-vf"), kDrawn);
   EXPECT_EQ(Behind(words, u"-c:v"), u"libxvid");
   EXPECT_EQ(Behind(words, u"-tag:v"), u"xvid");
   EXPECT_EQ(Behind(words, u"-q:v"), u"4");
@@ -46,7 +48,7 @@ TEST(RunnerPlan, NamesOfFilesCannotBeTakenForAnythingElse) {
     const auto words = FfmpegArguments(job, {}, name);
     EXPECT_EQ(Behind(words, u"-i"), u"file:" + Text(name));
     EXPECT_EQ(words.back(), u"file:" + Text(name));
-    EXPECT_EQ(Behind(words, u"-vf"), u"subtitles=f=subtitle0.ssa");
+    EXPECT_EQ(Behind(words, u"-vf"), kDrawn);
     EXPECT_EQ(Behind(words, u"-protocol_whitelist"), u"file");
   }
 }
@@ -58,7 +60,7 @@ TEST(RunnerPlan, ResizesBehindTheSubtitlesByEachOfTheFourWays) {
     RunJob job = Film();
     job.filters.push_back({PictureFilter::Kind::Resize, true, {}, 352, 240, mode});
     EXPECT_EQ(Behind(FfmpegArguments(job, {}, u"/p"), u"-vf"),
-              u"subtitles=f=subtitle0.ssa,scale=w=352:h=240:flags=" + Text(flags[mode]));
+              Text(kDrawn) + u",scale=w=352:h=240:flags=" + Text(flags[mode]));
   }
 }
 
