@@ -71,6 +71,19 @@ def captions_of_another_cut_take_their_places_from_a_subtitle_that_fits(s):
     s.close_asking_nothing()
 
 
+def pull_the_plug_on_second_thoughts(s, content, count):
+    """Takes the last change of so many captions back and again and types into the first one; then the program is killed.
+    What it kept is restored and saved; the file had its old content until then."""
+    s.keys("ctrl+z")
+    s.keys("ctrl+y")
+    s.type_into_pane("Second thoughts")
+    s.kill_once_kept("Second thoughts")
+    assert s.read("a.srt") == content
+    s.start()
+    s.restore(count)
+    s.save_until("a.srt", "Second thoughts")
+
+
 def places_that_were_taken_on_second_thoughts_survive_the_plug(s):
     content, times = open_another_cut(s)
     # A look is no change.
@@ -80,14 +93,7 @@ def places_that_were_taken_on_second_thoughts_survive_the_plug(s):
     find_places(s)
     s.press_button("OK")
     desktop.wait_for("a journal", s.journals)
-    s.keys("ctrl+z")
-    s.keys("ctrl+y")
-    s.type_into_pane("Second thoughts")
-    s.kill_once_kept("Second thoughts")
-    assert s.read("a.srt") == content
-    s.start()
-    s.restore(90)
-    s.save_until("a.srt", "Second thoughts")
+    pull_the_plug_on_second_thoughts(s, content, 90)
     saved = s.read("a.srt")
     assert times_of(saved) == times
     assert saved.replace("Second thoughts", "line 1") == subrip_of(times)
@@ -162,14 +168,7 @@ def voices_in_the_centre_of_loud_sides_are_found_and_survive_the_plug(s):
     os.remove(s.path("mono.mkv"))
     open_and_fit_all(s, len(true_starts))
     picture(s, "centre")
-    s.keys("ctrl+z")
-    s.keys("ctrl+y")
-    s.type_into_pane("Second thoughts")
-    s.kill_once_kept("Second thoughts")
-    assert s.read("a.srt") == content
-    s.start()
-    s.restore(len(true_starts))
-    s.save_until("a.srt", "Second thoughts")
+    pull_the_plug_on_second_thoughts(s, content, len(true_starts))
     # With the sides mixed in, some would be further away.
     at_the_voice(s, true_starts, within=30)
     s.close_asking_nothing()
