@@ -70,7 +70,7 @@ struct RandomCommands : ProgramFixture {
     ProposalsDialog& dialog = program->proposals.dialog;
     const Connection opened = dialog.Opened.ConnectScoped([&] {
       const int rows = static_cast<int>(dialog.lstProposals.Rows().size());
-      if (rows > 0 && Pick(2) == 0) dialog.lstProposals.Tick(static_cast<std::size_t>(Pick(rows)));
+      if (rows > 0 && Pick(2) == 0) dialog.lstProposals.Tick(Pick(rows));
       (Pick(4) == 0 ? dialog.cmdCancel : dialog.cmdApply).Click();
       dialog.Close();
     });
@@ -81,7 +81,7 @@ struct RandomCommands : ProgramFixture {
     CheckWindow& check = program->checkWindow;
     const int rows = static_cast<int>(check.lstFindings.Rows().size());
     if (rows > 0) {
-      check.lstFindings.Choose(static_cast<std::size_t>(Pick(rows)));
+      check.lstFindings.Choose(Pick(rows));
       if (check.cmdFix.Enabled()) check.cmdFix.Click();
     }
     check.Close();

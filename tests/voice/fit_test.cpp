@@ -5,8 +5,6 @@
 namespace cuewright {
 namespace {
 
-constexpr int kBands = SoundTable::kBands;
-
 /// A film of made-up sound: a voice with a level and a spectrum that go up and down, over noise that is always there.
 class MadeFilm {
  public:
