@@ -26,7 +26,8 @@ FilmSound::FilmSound(FilmSoundParts parts) : p_(parts) {
   w.cmdStopSound.Clicked.Connect([this] { Stop(); });
   w.tmrFilmSound.Tick.Connect([this] { Poll(); });
   w.tmrWaveDetail.Tick.Connect([this] {
-    if (Running()) p_.details.Follow(unfinished_);
+    if (question_) Try(&FilmSound::TakeAnswer);
+    if (child_) p_.details.Follow(unfinished_);
   });
   readMore_ = p_.details.Changed.ConnectScoped([this] {
     if (Running()) ShowProgress();
@@ -55,28 +56,41 @@ void FilmSound::StartByItself() {
 
 void FilmSound::Begin() {
   film_ = p_.document.VideoPath;
+  Try(&FilmSound::StartSteps);
+}
+
+void FilmSound::Try(void (FilmSound::*step)()) {
   CarryOn steps;
-  if (!steps([&] { StartSteps(); }) && !byItself_) Tell();
+  if (steps([&] { (this->*step)(); })) return;
+  if (Running()) Finish(false);
+  if (!byItself_) Tell();
 }
 
 void FilmSound::StartSteps() {
   track_ = p_.player.AudioTrack();
   path_ = p_.store->PathFor(film_, track_);
   if (p_.store->Has(path_)) return Load();
-  facts_ = FactsOf(*p_.processes, film_, track_);
+  question_ = std::make_unique<TrackQuestion>(*p_.processes, film_, track_);
+  p_.details.BeginFilm(path_);
+  p_.window.mnuOpenWav.SetEnabled(false);
+  p_.window.cmdStopSound.SetVisible(true);
+  p_.window.tmrFilmSound.SetEnabled(true);
+  p_.bar.ShowBar();
+  TakeAnswer();
+}
+
+void FilmSound::TakeAnswer() {
+  const std::optional<TrackFacts> facts = question_->Answer();
+  if (!facts) return;
+  facts_ = *facts;
   StartDecoder();
+  question_.reset();
 }
 
 void FilmSound::StartDecoder() {
   unfinished_ = p_.store->Begin(path_);
   child_ = p_.processes->Start(Text(kDecoder), WaveArguments(film_, track_, facts_, unfinished_), {.errors = true});
-  p_.details.BeginFilm(path_);
   cutOff_ = false;
-  ShowProgress();
-  p_.window.mnuOpenWav.SetEnabled(false);
-  p_.window.cmdStopSound.SetVisible(true);
-  p_.window.tmrFilmSound.SetEnabled(true);
-  p_.bar.ShowBar();
 }
 
 void FilmSound::Stop() {
@@ -92,6 +106,7 @@ void FilmSound::Poll() {
   if (!Running()) return;
   // The film was replaced or closed: its sound is no longer wanted.
   if (p_.document.VideoPath != film_) return Stop();
+  if (question_) return Try(&FilmSound::TakeAnswer);
   // Asked before the wave is read: a program that has ended by now has written all there is to read.
   const std::optional<int> status = child_->Ended();
   p_.details.Follow(unfinished_);
@@ -101,17 +116,13 @@ void FilmSound::Poll() {
   const bool whole = *status == 0 && !cutOff_;
   // The rest of it is read between other events, too.
   if (whole && p_.details.ReadOn()) return;
-  if (whole && CentreWasStill(facts_, p_.details.Table())) return ReadAllChannels();
+  if (whole && CentreWasStill(facts_, p_.details.Table())) {
+    p_.store->Discard(path_);
+    p_.details.BeginFilm(path_);
+    return Try(&FilmSound::StartDecoder);
+  }
   Finish(whole);
   if (!whole && !byItself_) Tell();
-}
-
-void FilmSound::ReadAllChannels() {
-  p_.store->Discard(path_);
-  CarryOn steps;
-  if (steps([&] { StartDecoder(); })) return;
-  Finish(false);
-  if (!byItself_) Tell();
 }
 
 void FilmSound::ShowProgress() {
@@ -124,6 +135,7 @@ void FilmSound::ShowProgress() {
 }
 
 void FilmSound::Finish(bool whole) {
+  question_.reset();
   child_.reset();  // ends it when it still runs
   MainWindow& w = p_.window;
   w.tmrFilmSound.SetEnabled(false);
@@ -136,6 +148,8 @@ void FilmSound::Finish(bool whole) {
     return Load();
   }
   p_.details.Forget();
+  // A wave that was open before is still shown.
+  if (p_.bar.Loaded() && p_.options.manner.WaveIsAWorkbench()) p_.details.Open(p_.document.WavePath);
   p_.store->Discard(path_);
   if (whole) Tell();
 }

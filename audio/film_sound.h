@@ -41,7 +41,7 @@ class FilmSound {
   void ForgetFilm();
   /// Enables the command while a film is open whose sound isn't being read.
   void ShowItem();
-  bool Running() const { return child_ != nullptr; }
+  bool Running() const { return question_ || child_; }
   /// The bar shows the sound of the film, not that of another file.
   bool Shown() const { return !path_.empty() && p_.document.WavePath == path_; }
 
@@ -50,9 +50,10 @@ class FilmSound {
   void StartByItself();
   void Begin();
   void StartSteps();
+  void TakeAnswer();
   void StartDecoder();
+  void Try(void (FilmSound::*step)());
   void Poll();
-  void ReadAllChannels();
   void ShowProgress();
   void Finish(bool whole);
   void Load();
@@ -61,7 +62,8 @@ class FilmSound {
 
   FilmSoundParts p_;
   Connection readMore_;
-  std::unique_ptr<ChildProcess> child_;
+  std::unique_ptr<TrackQuestion> question_;  ///< comes before the decoder
+  std::unique_ptr<ChildProcess> child_;      ///< the decoder
   Text film_;
   Text path_;
   Text unfinished_;  // the file that the decoder writes

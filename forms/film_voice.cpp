@@ -45,7 +45,15 @@ void FilmVoice::BeginReading() {
   table_.reset();
   film_ = document_.VideoPath;
   track_ = player_.AudioTrack();
-  facts_ = FactsOf(*processes_, film_, track_);
+  question_ = std::make_unique<TrackQuestion>(*processes_, film_, track_);
+  TakeAnswer();
+}
+
+void FilmVoice::TakeAnswer() {
+  const std::optional<TrackFacts> facts = question_->Answer();
+  if (!facts) return;
+  facts_ = *facts;
+  question_.reset();
   StartDecoder();
 }
 
@@ -57,28 +65,32 @@ void FilmVoice::StartDecoder() {
 }
 
 void FilmVoice::StopReading() {
+  question_.reset();
   child_.reset();
   measurer_.reset();
   growing_.reset();
 }
 
 bool FilmVoice::Poll() {
-  if (!child_) return false;
+  CarryOn step;
+  if (!step([&] { GoOn(); })) StopReading();
+  return Reading();
+}
+
+void FilmVoice::GoOn() {
+  if (question_) return TakeAnswer();
+  if (!child_) return;
   // Asked before its output is taken: a program that has ended by now has written all there is to take.
   const std::optional<int> status = child_->Ended();
   measurer_->Add(bytes_.Take(child_->TakeOutput()));
   const bool cutOff = TellsOfCutOff(child_->TakeErrors());
-  if (!status && !cutOff) return true;
+  if (!status && !cutOff) return;
   measurer_->Finish();
   if (status == 0 && !cutOff && growing_->Steps() > 0) {
-    if (CentreWasStill(facts_, *growing_)) {
-      StartDecoder();
-      return true;
-    }
+    if (CentreWasStill(facts_, *growing_)) return StartDecoder();
     table_ = std::move(growing_);
   }
   StopReading();
-  return false;
 }
 
 }  // namespace cuewright

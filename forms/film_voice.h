@@ -27,10 +27,10 @@ class FilmVoice {
   /// has gone.
   std::shared_ptr<const SoundTable> Known();
 
-  /// Begins to read the film that is open. A run-time error when the decoder can't be started.
+  /// Begins to read the film that is open; it never waits. A run-time error when the decoder can't be started at once.
   void BeginReading();
   void StopReading();
-  bool Reading() const { return child_ != nullptr; }
+  bool Reading() const { return question_ || child_; }
   /// Takes what the decoder has given. False when it is being read no longer: then it is known, or it couldn't be read.
   bool Poll();
   /// True when the film that was read, or is being read, is the one that is open.
@@ -38,6 +38,8 @@ class FilmVoice {
 
  private:
   bool TakeKept();
+  void GoOn();
+  void TakeAnswer();
   void StartDecoder();
 
   const DocumentState& document_;
@@ -52,7 +54,8 @@ class FilmVoice {
   TrackFacts facts_;  ///< of the track that is being read
   SampleBytes bytes_;
   std::unique_ptr<SoundMeasurer> measurer_;
-  std::unique_ptr<ChildProcess> child_;
+  std::unique_ptr<TrackQuestion> question_;  ///< comes before the decoder
+  std::unique_ptr<ChildProcess> child_;      ///< the decoder
 };
 
 }  // namespace cuewright

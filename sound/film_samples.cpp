@@ -56,21 +56,22 @@ std::vector<Text> Arguments(TextView film, int track, const TrackFacts& facts, s
   return all;
 }
 
-std::string ProblemOf(int status, const std::string& log, bool any) {
-  if (status == 0 && !TellsOfCutOff(log)) return any ? std::string() : "the film has no sound";
-  if (log.find("matches no streams") != std::string::npos) return "the film has no such sound";
-  const std::string words = log.substr(0, std::min(log.find('\n'), kLongestProblem));
-  return words.empty() ? "the film's sound can't be read" : words;
+std::vector<Text> QuestionArguments(TextView film, int track) {
+  const Text stream = track < 0 ? Text(u"a:0") : Decimal(track);
+  return {u"-v",
+          u"error",
+          u"-select_streams",
+          stream,
+          u"-show_entries",
+          u"stream=channel_layout:format=format_name",
+          u"-of",
+          u"default=nw=1:nk=1",
+          u"-i",
+          u"file:" + Text(film)};
 }
 
-}  // namespace
-
-TrackFacts FactsOf(Processes& processes, TextView film, int track) {
-  const Text stream = track < 0 ? Text(u"a:0") : Decimal(track);
-  const std::string told = OutputOf(
-      processes, u"ffprobe",
-      {u"-v", u"error", u"-select_streams", stream, u"-show_entries", u"stream=channel_layout:format=format_name",
-       u"-of", u"default=nw=1:nk=1", u"-i", u"file:" + Text(film)});
+/// What the answer to that question says.
+TrackFacts FactsIn(const std::string& told) {
   // The names of the layouts with a centre in front; the ones that are left out put it behind or have none.
   constexpr std::array<std::string_view, 14> kWithCentre = {"3.0",       "3.1", "4.0",       "4.1",       "5.0",
                                                             "5.0(side)", "5.1", "6.0",       "5.1(side)", "6.1",
@@ -84,6 +85,31 @@ TrackFacts FactsOf(Processes& processes, TextView film, int track) {
     facts.ownStart = facts.ownStart || std::ranges::find(kWithStart, line) != kWithStart.end();
   }
   return facts;
+}
+
+std::string ProblemOf(int status, const std::string& log, bool any) {
+  if (status == 0 && !TellsOfCutOff(log)) return any ? std::string() : "the film has no sound";
+  if (log.find("matches no streams") != std::string::npos) return "the film has no such sound";
+  const std::string words = log.substr(0, std::min(log.find('\n'), kLongestProblem));
+  return words.empty() ? "the film's sound can't be read" : words;
+}
+
+}  // namespace
+
+TrackQuestion::TrackQuestion(Processes& processes, TextView film, int track) {
+  CarryOn errors;
+  errors([&] { child_ = processes.Start(u"ffprobe", QuestionArguments(film, track)); });
+}
+
+std::optional<TrackFacts> TrackQuestion::Answer() {
+  // Asked before its output is taken: a program that has ended by now has written all there is to take.
+  const bool ended = !child_ || child_->Ended();
+  if (child_) told_ += child_->TakeOutput();
+  return ended ? std::optional(FactsIn(told_)) : std::nullopt;
+}
+
+TrackFacts FactsOf(Processes& processes, TextView film, int track) {
+  return FactsIn(OutputOf(processes, u"ffprobe", QuestionArguments(film, track)));
 }
 
 std::vector<Text> SamplesArguments(TextView film, int track, const TrackFacts& facts) {

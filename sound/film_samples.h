@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -29,7 +31,20 @@ struct TrackFacts {
   bool ownStart = false;
 };
 
-/// Asks FFmpeg about a sound track of a film (-1: the first).
+/// Asks FFmpeg about a sound track of a film (-1: the first), which takes a while on a slow disk.
+class TrackQuestion {
+ public:
+  TrackQuestion(Processes& processes, TextView film, int track);
+
+  /// The answer; empty while there is none yet. It never waits. Where FFmpeg can't be asked nothing is known.
+  std::optional<TrackFacts> Answer();
+
+ private:
+  std::unique_ptr<ChildProcess> child_;
+  std::string told_;
+};
+
+/// Asks FFmpeg about a sound track of a film and waits for the answer.
 TrackFacts FactsOf(Processes& processes, TextView film, int track);
 
 /// The decoder's arguments for one sound track of a film (-1: the first) as one channel, silence where it begins late,

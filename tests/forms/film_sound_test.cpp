@@ -41,11 +41,14 @@ struct FilmSoundTest : ProgramFixture {
         << (begun ? "" : header) << std::string(bytes, value);
     for (int tick = 0; tick < 4; ++tick) Poll();
   }
-  /// The decoder writes a second of silence, or of what else is said, and ends.
-  void Decode(int status = 0, const std::string& second = std::string(kSecond, '\0')) {
+  static std::string WaveOf(const std::string& second) {
     const std::string header(
         "RIFF\xA4\xBB\0\0WAVEfmt \x10\0\0\0\1\0\1\0\xC0\x5D\0\0\x80\xBB\0\0\2\0\x10\0data\x80\xBB\0\0", 44);
-    std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << header << second;
+    return header + second;
+  }
+  /// The decoder writes a second of silence, or of what else is said, and ends.
+  void Decode(int status = 0, const std::string& second = std::string(kSecond, '\0')) {
+    std::ofstream(ToUtf8(Unfinished()), std::ios::binary) << WaveOf(second);
     Run().status = status;
     for (int tick = 0; tick < 3; ++tick) Poll();
   }
@@ -128,6 +131,42 @@ TEST_F(FilmSoundTest, ACentreThatIsStillAllThroughIsNoVoice) {
   EXPECT_FALSE(files.Exists(first));
   EXPECT_GT(program->waveDetails.Table().Db(50, 4), 50);
   EXPECT_TRUE(files.Exists(program->document.WavePath + u".bands"));
+}
+
+TEST_F(FilmSoundTest, TheWindowGoesOnWhileTheFilmIsAskedAbout) {
+  processes.said = "5.1(side)\n";
+  processes.slowProbe = true;
+  Window().mnuFilmSound.Click();
+  Poll();
+  EXPECT_TRUE(program->filmSound.Running());
+  EXPECT_TRUE(processes.runs.empty());
+  EXPECT_EQ(Progress(), u"Reading the sound of the film... 0 %");
+  EXPECT_TRUE(Window().cmdStopSound.Visible());
+  EXPECT_FALSE(Window().mnuOpenWav.Enabled());
+  Window().cmdStopSound.Click();
+  EXPECT_TRUE(processes.probe.gone);
+  EXPECT_FALSE(program->filmSound.Running());
+  EXPECT_EQ(Progress(), u"");
+
+  Window().mnuFilmSound.Click();
+  processes.probe.status = 0;
+  Poll();
+  ASSERT_EQ(processes.runs.size(), 1U);
+  EXPECT_TRUE(std::ranges::any_of(Run().arguments, [](const Text& a) { return a.find(u"c0=FC") != Text::npos; }));
+  Decode(0, Tone());
+  EXPECT_EQ(program->waveDetails.Table().Steps(), 100U);
+}
+
+TEST_F(FilmSoundTest, ADecoderThatIsMissingBehindItsQuestionIsTold) {
+  processes.slowProbe = true;
+  Window().mnuFilmSound.Click();
+  processes.missing = true;
+  processes.probe.status = 0;
+  Poll();
+  EXPECT_EQ(LastBox(), "The sound of " + ToUtf8(film) + " could not be read.");
+  EXPECT_FALSE(program->filmSound.Running());
+  EXPECT_EQ(Progress(), u"");
+  EXPECT_TRUE(Window().mnuOpenWav.Enabled());
 }
 
 TEST_F(FilmSoundTest, AStillCentreWhoseFilmCannotBeReadAgainIsAFailure) {
@@ -235,6 +274,23 @@ TEST_F(FilmSoundTest, CanBeStopped) {
   EXPECT_EQ(Progress(), u"");
   EXPECT_TRUE(boxes.shown.empty());
   EXPECT_TRUE(program->document.WavePath.empty());
+}
+
+TEST_F(FilmSoundTest, AWaveThatWasOpenStaysWhenTheFilmsIsGivenUp) {
+  const Text wave = folder.Write("a.wav", WaveOf(Tone()));
+  program->audioBar.LoadWaveFile(wave, false);
+  const auto shown = [&] {
+    for (int tick = 0; tick < 3; ++tick) Window().tmrWaveDetail.Pass();
+    return program->waveDetails.Peaks().Length();
+  };
+  ASSERT_EQ(shown(), 1000);
+  Window().mnuFilmSound.Click();
+  Window().cmdStopSound.Click();
+  EXPECT_EQ(program->document.WavePath, wave);
+  EXPECT_EQ(shown(), 1000);
+  processes.missing = true;
+  Window().mnuFilmSound.Click();
+  EXPECT_EQ(shown(), 1000);
 }
 
 TEST_F(FilmSoundTest, EndsWithItsFilm) {

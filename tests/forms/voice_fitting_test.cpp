@@ -81,6 +81,29 @@ TEST_F(VoiceFittingTest, AStillCentreIsReadAgainWithAllChannels) {
   EXPECT_NEAR(StartOf(4).Count(), kStarts[3], 25);
 }
 
+TEST_F(VoiceFittingTest, NobodyWaitsWhileTheFilmIsAskedAbout) {
+  processes.slowProbe = true;
+  Window().mnuFitAll.Click();
+  Window().tmrFit.Pass();
+  EXPECT_TRUE(processes.runs.empty());
+  EXPECT_TRUE(Window().tmrFit.Enabled());
+  processes.probe.status = 0;
+  Window().tmrFit.Pass();
+  ASSERT_EQ(processes.runs.size(), 1U);
+  Hear(Samples());
+  EXPECT_NEAR(StartOf(4).Count(), kStarts[3], 25);
+}
+
+TEST_F(VoiceFittingTest, ADecoderThatIsMissingBehindItsQuestionIsTold) {
+  processes.slowProbe = true;
+  Window().mnuFitAll.Click();
+  processes.missing = true;
+  processes.probe.status = 0;
+  Window().tmrFit.Pass();
+  EXPECT_FALSE(Window().tmrFit.Enabled());
+  EXPECT_NE(Told().find(u"film.mkv"), Text::npos) << ToUtf8(Told());
+}
+
 TEST_F(VoiceFittingTest, AFilmThatCantBeReadIsTold) {
   Window().mnuFitAll.Click();
   Hear({}, 1);

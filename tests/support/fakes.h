@@ -114,7 +114,7 @@ class FakeProcesses final : public Processes {
                                       const StartOptions& options) override {
     if (missing) throw RuntimeError{kErrorFileNotFound, u"File not found: " + program};
     if (program == u"ffprobe") {
-      probe = Run{program, arguments, said, 0, false, {}, options};
+      probe = Run{program, arguments, said, slowProbe ? std::nullopt : std::optional(0), false, {}, options};
       return std::make_unique<Child>(probe);
     }
     runs.push_back(std::make_unique<Run>(Run{program, arguments, {}, {}, false, {}, options}));
@@ -125,8 +125,9 @@ class FakeProcesses final : public Processes {
   std::function<void(Run&)> onStart;  ///< runs at each start
 
   std::vector<std::unique_ptr<Run>> runs;
-  Run probe;         ///< the last question that ffprobe was asked, which has ended at once
+  Run probe;         ///< the last question that ffprobe was asked, which has ended at once unless that is slow
   std::string said;  ///< its answer
+  bool slowProbe = false;
   bool missing = false;
 
  private:
