@@ -24,7 +24,7 @@ constexpr std::array<TextView, 4> kScaleFlags = {u"neighbor", u"bilinear", u"bic
 /// the picture that it was set to; and FFmpeg cuts a picture's time to whole milliseconds, which may come out as one
 /// less. So pictures are taken for this much later while text is drawn on them, in microseconds. Neighbours are told
 /// apart up to 85 pictures a second.
-constexpr TextView kLaterForTimes = u"5500";
+constexpr int kLaterForTimes = 5500;
 
 /// Fills late starts and gaps with silence, so that formats without time stamps stay in time with the film.
 constexpr TextView kFilledSound = u"aresample=async=1:first_pts=0";
@@ -55,8 +55,9 @@ Text FilterChain(const RunJob& job) {
     const PictureFilter& filter = job.filters[i];
     if (!chain.empty()) chain += u',';
     if (filter.kind == PictureFilter::Kind::Subtitler) {
-      chain += u"settb=1/1000000,setpts=PTS+" + Text(kLaterForTimes) + u",subtitles=f=" + FromUtf8(SubtitleName(i)) +
-               u",setpts=PTS-" + Text(kLaterForTimes);
+      const Text later = Decimal(kLaterForTimes);
+      chain += u"settb=1/1000000,setpts=PTS+" + later;
+      chain += u",subtitles=f=" + FromUtf8(SubtitleName(i)) + u",setpts=PTS-" + later;
     } else {
       chain += u"scale=w=" + Decimal(filter.width) + u":h=" + Decimal(filter.height) + u":flags=" +
                Text(ItemAt(kScaleFlags, filter.mode));

@@ -14,8 +14,10 @@ from evening_checks import CHECK_SCENES
 from evening_files import FILE_SCENES
 from evening_keys import KEY_SCENES
 from evening_times import TIME_SCENES
+from evening_wave import WAVE_SCENES
 from evening_wizards import WIZARD_SCENES
-from scene import Scene, captions_of, subrip
+from scene import Scene, subrip
+from subrip_file import captions_of
 
 LARGE = 31000
 MANY_WORDS = " and so on" + ", all through a long evening, with words that make the file a large one" * 4
@@ -328,7 +330,7 @@ SCENES = [a_text_is_timed_and_closed_with_yes, a_whole_capture_by_the_keyboard_a
           escape_at_captions_without_times_cuts_nothing_off, what_a_save_left_out_comes_back,
           rules_only_look_at_what_is_opened, what_the_rules_did_is_taken_back, the_wrong_file_is_appended,
           a_plain_text_is_appended, the_classic_manner_closes_one_caption_silently, *FILE_SCENES,
-          *WIZARD_SCENES, *KEY_SCENES, *CHECK_SCENES, *TIME_SCENES]
+          *WIZARD_SCENES, *KEY_SCENES, *CHECK_SCENES, *TIME_SCENES, *WAVE_SCENES]
 
 
 def main():

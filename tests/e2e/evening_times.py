@@ -6,12 +6,8 @@ import subprocess
 
 import desktop
 from evening_files import gone, picture, shown
-from scene import captions_of
 from spoken_film import spoken_film
-
-
-def clock(ms):
-    return "%02d:%02d:%02d,%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
+from subrip_file import captions_of, clock
 
 
 def subrip_of(times):

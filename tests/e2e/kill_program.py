@@ -17,7 +17,7 @@ import threading
 import time
 
 import desktop
-from scene import captions_of
+from subrip_file import captions_of, clock
 from time_film import position_label
 
 CAPTIONS = 400  # more than are captured, so that no row is captured twice
@@ -25,8 +25,6 @@ LONGEST_LOSS = 1.0
 
 
 def caption_file(path):
-    def clock(ms):
-        return "%02d:%02d:%02d,%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
     with open(path, "w", newline="") as file:
         for i in range(1, CAPTIONS + 1):
             start = 100000 + i * 3000

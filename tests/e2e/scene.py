@@ -9,6 +9,7 @@ import tempfile
 import time
 
 import desktop
+from subrip_file import captions_of
 
 QUESTION = "The opened file has been modified"
 
@@ -21,17 +22,6 @@ def subrip(texts):
     return "".join(blocks)
 
 
-def captions_of(content):
-    """Start and end in ms and the text of each caption of a SubRip file."""
-    clock = r"(\d\d):(\d\d):(\d\d),(\d\d\d)"
-    captions = []
-    for match in re.finditer(r"\d+\r\n%s --> %s\r\n(.*?)\r\n\r\n" % (clock, clock), content, re.S):
-        hours = [int(match.group(i)) for i in range(1, 9)]
-        start, end = (((h * 60 + m) * 60 + s) * 1000 + ms for h, m, s, ms in (hours[:4], hours[4:]))
-        captions.append((start, end, match.group(9)))
-    return captions
-
-
 class Scene:
     """One program with a folder of its own."""
 
@@ -41,6 +31,7 @@ class Scene:
         self.config = os.path.join(folder, "config")
         os.makedirs(os.path.join(self.config, "tessaly-cuewright"))
         self.state = tempfile.TemporaryDirectory()
+        self.cache = os.path.join(self.state.name, "cache")
         self.program = None
 
     def path(self, name):
@@ -68,8 +59,8 @@ class Scene:
             signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
             resource.setrlimit(resource.RLIMIT_FSIZE, (largest, before[1]))
         try:
-            environment = {"XDG_CONFIG_HOME": self.config, "XDG_STATE_HOME": self.state.name, "LC_ALL": "C.UTF-8",
-                           "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
+            environment = {"XDG_CONFIG_HOME": self.config, "XDG_STATE_HOME": self.state.name, "XDG_CACHE_HOME": self.cache,
+                           "LC_ALL": "C.UTF-8", "CUEWRIGHT_MPV_OPTIONS": "ao=null"}
             self.program = desktop.Program(self.binary, list(arguments), environment, restore_signals=largest is None)
         finally:
             resource.setrlimit(resource.RLIMIT_FSIZE, before)
@@ -140,6 +131,11 @@ class Scene:
         label = desktop.wait_for("the position", lambda: next(
             (l for l in self.program.all("label") if l.description == "Current position in milliseconds"), None))
         desktop.wait_for("the film to play", lambda: int(label.name or 0) > 100)
+
+    def wait_sound(self):
+        """Waits until the film's sound was read whole, so that it is known where the voice is."""
+        desktop.wait_for("the sound", lambda: any(
+            name.endswith(".bands") for _, _, names in os.walk(self.cache) for name in names), 60)
 
     def pane(self):
         return desktop.wait_for("the pane", lambda: self.program.find("text", "Text of the caption"))

@@ -4,14 +4,11 @@ import os
 import subprocess
 import wave
 
+from subrip_file import clock
+
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 RATE = 22050
 PAUSE = 0.4
-
-
-def clock(seconds):
-    ms = round(seconds * 1000)
-    return "%02d:%02d:%02d,%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
 
 
 def spoken_film(folder):
@@ -26,7 +23,7 @@ def spoken_film(folder):
         with wave.open(piece) as spoken:
             frames = spoken.readframes(spoken.getnframes())
         times.append((at, at + len(frames) / 2 / RATE))
-        records.append("%d\r\n%s --> %s\r\n%s\r\n\r\n" % (number, *map(clock, times[-1]), line))
+        records.append("%d\r\n%s --> %s\r\n%s\r\n\r\n" % (number, *(clock(round(1000 * time)) for time in times[-1]), line))
         sound += frames + bytes(2 * int(RATE * PAUSE))
         at = len(sound) / 2 / RATE
     voice = os.path.join(folder, "voice.wav")

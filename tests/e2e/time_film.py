@@ -14,7 +14,7 @@ import sys
 import time
 
 import desktop
-from scene import captions_of
+from subrip_file import captions_of
 
 TOLERANCE_MS = 60
 FIRST_MS = 1200

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "core/numbers.h"
 #include "tests/support/run_process.h"
 
 namespace cuewright::testing {
@@ -40,8 +41,7 @@ std::string Captions(const std::vector<std::pair<int, int>>& times, int charset,
       "\r\n\r\n[Events]\r\n"
       "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\r\n";
   const auto clock = [](int hundredths) {
-    const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
-    return "0:00:" + two(hundredths / 100) + "." + two(hundredths % 100);
+    return "0:00:" + ToUtf8(Padded(hundredths / 100, 2) + u"." + Padded(hundredths % 100, 2));
   };
   for (const auto& [start, end] : times) {
     text += "Dialogue: Marked=0," + clock(start) + "," + clock(end) + ",Default,,0000,0000,0000,," + word + "\r\n";

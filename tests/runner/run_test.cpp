@@ -89,37 +89,32 @@ TEST_F(RunnerRun, BurnsTheTextInFromItsStartToItsEnd) {
 }
 
 TEST_F(RunnerRun, TheTextBeginsAndEndsWithThePictureWhoseTimeItHas) {
-  struct Rate {
-    std::string name;
-    int pictures;  ///< in `thousands` times 1000 seconds
-    int thousands;
-    int first;  ///< the picture of the first start
-  };
   // At 30 and 60 the time of picture 111 comes out as slightly less than the whole number of milliseconds that it is.
-  for (const auto& [name, pictures, thousands, first] :
-       {Rate{"24000/1001", 24000, 1001, 10}, Rate{"25", 25, 1, 12}, Rate{"30", 30, 1, 97}, Rate{"60", 60, 1, 97}}) {
+  constexpr int kFirst = 13;
+  constexpr int kLength = 7;
+  constexpr int kEnd = kFirst + 12 * 2 * kLength;
+  for (const auto& [pictures, seconds] : {std::pair(24000, 1001), {25, 1}, {30, 1}, {60, 1}}) {
+    const std::string rate = std::to_string(pictures) + "/" + std::to_string(seconds);
     const std::string film = folder.Bytes("film.mp4");
     testing::Output({"ffmpeg", "-y", "-nostdin", "-v", "error", "-f", "lavfi", "-i",
-                     "color=c=0x204060:d=8:s=160x90:r=" + name, "-c:v", "mpeg4", "-q:v", "3", film});
+                     "color=c=0x204060:d=8:s=160x90:r=" + rate, "-c:v", "mpeg4", "-q:v", "3", film});
     // A time is cut to milliseconds, as it is told of a picture, and rounded to hundredths, as it is written.
-    const auto hundredths = [pictures = pictures, thousands = thousands](int picture) {
-      return (static_cast<int>(std::int64_t{picture} * 1000 * thousands / pictures) + 5) / 10;
+    const auto hundredths = [pictures = pictures, seconds = seconds](int picture) {
+      return (picture * 1000 * seconds / pictures + 5) / 10;
     };
     std::vector<std::pair<int, int>> times;
-    std::vector<bool> expected;
-    for (int start = first; start + 7 < 180; start += 14) {
-      times.emplace_back(hundredths(start), hundredths(start + 7));
-      expected.resize(static_cast<std::size_t>(start), false);
-      expected.resize(static_cast<std::size_t>(start) + 7, true);
+    for (int start = kFirst; start < kEnd; start += 2 * kLength) {
+      times.emplace_back(hundredths(start), hundredths(start + kLength));
     }
     const RunJob job = Burn(FromUtf8(film), folder / "out.avi");
     folder.Write("t.ssa", testing::Captions(times));
     EXPECT_EQ(Run({job}), "");
-    std::vector<bool> bright = BrightFrames(Bytes("out.avi"));
-    ASSERT_GT(bright.size(), expected.size());
-    EXPECT_FALSE(bright.back());
-    bright.resize(expected.size());
-    for (std::size_t i = 0; i < bright.size(); ++i) EXPECT_EQ(bright[i], expected[i]) << name << ", picture " << i;
+    const std::vector<bool> bright = BrightFrames(Bytes("out.avi"));
+    ASSERT_GT(bright.size(), std::size_t{kEnd});
+    for (int picture = 0; picture < kEnd; ++picture) {
+      const bool shown = picture >= kFirst && (picture - kFirst) % (2 * kLength) < kLength;
+      EXPECT_EQ(bright[static_cast<std::size_t>(picture)], shown) << rate << ", picture " << picture;
+    }
   }
 }
 
